@@ -1,0 +1,36 @@
+# Flags that every target of the project is built with.
+#
+# -ffp-contract=off: the derived series are specified step by step; a fused multiply-add would change their last
+# bit from machine to machine.
+function(varnel_target target)
+    target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/src)
+    target_compile_definitions(${target} PRIVATE QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING)
+    target_compile_options(${target} PRIVATE -ffp-contract=off)
+    if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+        target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+            -Wno-sign-conversion -Wold-style-cast -Woverloaded-virtual -Wnon-virtual-dtor -Wundef -Wcast-qual)
+        if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+            target_compile_options(${target} PRIVATE -Wsuggest-override)
+        endif()
+        if(VARNEL_WERROR)
+            target_compile_options(${target} PRIVATE -Werror)
+        endif()
+        if(VARNEL_SANITIZE)
+            target_compile_options(${target} PRIVATE -fsanitize=${VARNEL_SANITIZE} -fno-omit-frame-pointer
+                -fno-sanitize-recover=undefined)
+            target_link_options(${target} PRIVATE -fsanitize=${VARNEL_SANITIZE})
+        endif()
+    endif()
+endfunction()
+
+# A library of the house: varnel_library(NAME [MOC] SOURCES... LINK libs...)
+function(varnel_library target)
+    cmake_parse_arguments(ARG "MOC" "" "LINK" ${ARGN})
+    add_library(${target} STATIC ${ARG_UNPARSED_ARGUMENTS})
+    varnel_target(${target})
+    target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(${target} PUBLIC ${ARG_LINK})
+    if(ARG_MOC)
+        set_target_properties(${target} PROPERTIES AUTOMOC ON AUTORCC ON)
+    endif()
+endfunction()

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+
+class DeviceLink;
+class Varnel3Data;
+
+/// What a serial reader asks of the graph window that it feeds.
+class RecordingSink {
+public:
+    virtual ~RecordingSink() = default;
+
+    /// The window is live from now on. `reader` outlives the recording or ends it with finishRecording().
+    virtual void attachReader(DeviceLink *reader) = 0;
+    /// Name shown beside the title while nothing was saved; the port's name for a live recording.
+    virtual void setFileName(const QString &name) = 0;
+    /// Stores a copy of `record`.
+    virtual void addRecord(const Varnel3Data &record) = 0;
+    /// Applies a '!' line to the newest record and refreshes; without a record nothing happens.
+    virtual void applyResistanceLine(const QString &line) = 0;
+    /// The recording is over: live no more, the reader forgotten without being called back, records kept. May be
+    /// called again.
+    virtual void finishRecording() = 0;
+};

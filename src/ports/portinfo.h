@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+#include <QVector>
+
+/// One serial port as the host offers it.
+struct PortInfo {
+    QString name; ///< as users and settings know it, for example "COM3"
+    QString description; ///< the system's text for it; may be empty
+    QString location; ///< what is opened: a device path, or the name itself where the system opens names
+};
+
+/// Ports of the host now, in the system's order, linked ports after them in the order of their names. Takes
+/// milliseconds: ask rarely.
+QVector<PortInfo> listPorts();
+/// Names of listPorts().
+QStringList listPortNames();
+/// The port called `name` now; its location is empty when there is none.
+PortInfo findPort(const QString &name);
+/// Whether a port that can't be opened with "permission denied" is held back by missing access rights (rather than
+/// by another program); then `group` is the group to join, or empty where the system knows none.
+bool lacksAccess(const PortInfo &port, QString *group);

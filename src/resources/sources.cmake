@@ -1,0 +1,2 @@
+target_sources(varnel_gui PRIVATE
+)

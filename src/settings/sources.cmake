@@ -1,0 +1,3 @@
+target_sources(varnel_core PRIVATE
+    settings/viewstate.cpp settings/viewstate.h
+)

@@ -1,0 +1,67 @@
+#include "support/ptypair.h"
+
+#include <QFile>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <poll.h>
+#include <pty.h>
+#include <termios.h>
+#include <unistd.h>
+
+PtyPair::PtyPair(const QString &folder, const QString &portName)
+    : m_portName(portName)
+    , m_link(folder + QLatin1Char('/') + portName)
+{
+    termios settings = {};
+    cfmakeraw(&settings);
+    char name[128] = {};
+    if (openpty(&m_master, &m_slave, name, &settings, nullptr) != 0)
+        qFatal("no pseudo-terminal: %d", errno);
+    fcntl(m_master, F_SETFL, fcntl(m_master, F_GETFL) | O_NONBLOCK);
+    QFile::remove(m_link);
+    QFile::link(QString::fromLocal8Bit(name), m_link);
+}
+
+PtyPair::~PtyPair()
+{
+    hangUp();
+}
+
+void PtyPair::send(const QByteArray &bytes)
+{
+    for (int sent = 0; sent < bytes.size();) {
+        const auto n = write(m_master, bytes.constData() + sent, size_t(bytes.size() - sent));
+        if (n > 0) {
+            sent += int(n);
+            continue;
+        }
+        if (n < 0 && errno != EAGAIN)
+            return;
+        pollfd ready = {m_master, POLLOUT, 0};
+        if (poll(&ready, 1, 2000) <= 0)
+            return;
+    }
+}
+
+QByteArray PtyPair::received()
+{
+    QByteArray all;
+    char buffer[4096];
+    for (;;) {
+        const auto n = read(m_master, buffer, sizeof buffer);
+        if (n <= 0)
+            return all;
+        all.append(buffer, int(n));
+    }
+}
+
+void PtyPair::hangUp()
+{
+    if (m_master < 0)
+        return;
+    QFile::remove(m_link);
+    close(m_slave);
+    close(m_master);
+    m_master = m_slave = -1;
+}
