@@ -1,6 +1,6 @@
 # Flags that every target of the project is built with.
 #
-# -ffp-contract=off: the derived series are specified step by step; a fused multiply-add would change their last
+# -ffp-contract=off: the derived series are defined step by step; a fused multiply-add would change their last
 # bit from machine to machine.
 function(varnel_target target)
     target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/src)
