@@ -1,0 +1,111 @@
+#include "resources/resources.h"
+
+#include <QDir>
+#include <QFile>
+#include <QIcon>
+#include <QImageReader>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QtTest>
+
+#include <cmath>
+
+namespace {
+
+double luminance(QRgb colour)
+{
+    const auto linear = [](int part) {
+        const double value = part / 255.0;
+        return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(qRed(colour)) + 0.7152 * linear(qGreen(colour)) + 0.0722 * linear(qBlue(colour));
+}
+
+double contrast(QRgb a, QRgb b)
+{
+    const double first = luminance(a) + 0.05;
+    const double second = luminance(b) + 0.05;
+    return qMax(first, second) / qMin(first, second);
+}
+
+} // namespace
+
+class TestResources : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() { initResources(); }
+    void iconIsLegible_data();
+    void iconIsLegible();
+    void iconFileHoldsAllSizes();
+    void pictureFitsTheAboutBox();
+    void styleSheetIsWhole();
+};
+
+void TestResources::iconIsLegible_data()
+{
+    QTest::addColumn<QString>("name");
+    const char* names[] = {"open", "save", "saveAll", "preferences", "exit", "tile", "stack", "record",
+        "clock-icon", "data", "wyk", "wykbar", "stop_sign", "varnel", "error", "cancel", "finish",
+        "control-left", "control-right", "remote"};
+    for (const char* name : names)
+        QTest::newRow(name) << QStringLiteral(":/Icons/%1.png").arg(QLatin1String(name));
+}
+
+// On the light and on the dark ground a twelfth of the square at least stands out with a contrast of 2.5.
+void TestResources::iconIsLegible()
+{
+    QFETCH(QString, name);
+    const QIcon icon(name);
+    QCOMPARE(icon.availableSizes().value(0), QSize(48, 48));
+    for (int side : {16, 24, 48}) {
+        for (QRgb ground : {qRgb(0xf3, 0xf5, 0xf7), qRgb(0x2b, 0x2f, 0x33)}) {
+            QImage image(side, side, QImage::Format_RGB32);
+            image.fill(ground);
+            QPainter painter(&image);
+            icon.paint(&painter, image.rect());
+            painter.end();
+            int seen = 0;
+            for (int i = 0; i < side * side; ++i)
+                seen += contrast(image.pixel(i % side, i / side), ground) >= 2.5;
+            QVERIFY2(seen * 12 >= side * side, qPrintable(QStringLiteral("%1 at %2").arg(seen).arg(side)));
+        }
+    }
+}
+
+void TestResources::iconFileHoldsAllSizes()
+{
+    QImageReader reader(QStringLiteral(":/Icons/Varnel.ico"));
+    QList<int> sides;
+    for (int i = 0; i < reader.imageCount(); ++i) {
+        reader.jumpToImage(i);
+        sides.append(reader.read().width());
+    }
+    QCOMPARE(sides, (QList<int>{16, 20, 24, 32, 40, 48, 64, 128, 256}));
+}
+
+void TestResources::pictureFitsTheAboutBox()
+{
+    const QImage picture(QStringLiteral(":/Icons/v2p.png"));
+    QVERIFY(picture.width() > 150 && picture.width() < 280 && picture.height() < 160);
+}
+
+// The sheet is read as Latin-1 up to the first zero byte, and a picture it names must be there.
+void TestResources::styleSheetIsWhole()
+{
+    QVERIFY(QFile::exists(QStringLiteral(":/files/nostyle.qss")));
+    QFile file(QStringLiteral(":/files/application.qss"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    QVERIFY(std::all_of(bytes.begin(), bytes.end(), [](char c) { return c > 0; }));
+    QCOMPARE(bytes.count('{'), bytes.count('}'));
+    auto urls
+        = QRegularExpression(QStringLiteral("url\\(([^)]*)\\)")).globalMatch(QString::fromLatin1(bytes));
+    QVERIFY(urls.hasNext());
+    while (urls.hasNext()) {
+        const QString path = urls.next().captured(1);
+        QVERIFY2(QFile::exists(path), qPrintable(path));
+    }
+}
+
+QTEST_MAIN(TestResources)
+#include "tst_resources.moc"
