@@ -1,0 +1,92 @@
+#!/bin/bash
+# Static checks over the whole tree, or with --changed over what differs from main; called by ./dev lint, which sees
+# to the packages and a configured build/dev. Ends with 1 where any check has something to say.
+#
+# clang-tidy and clazy read what the compiler reads, a good second a file and core. A file that was found clean is
+# not read again until it, a header it includes or the rules change (build/lint holds the marks).
+set -uo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+jobs=${JOBS:-$(nproc)}
+marks=build/lint
+mkdir -p "$marks"
+failed=0
+changed= fix=
+for option in "$@"; do
+    case $option in
+        --changed) changed=1 ;;
+        --fix) fix=1 ;;
+        *) echo "lint: no option $option" >&2; exit 2 ;;
+    esac
+done
+
+# Own C++ files, sources and headers; the changed ones against main and the index where asked.
+list_files() {
+    if [ -n "$changed" ]; then
+        { git diff --name-only --diff-filter=d "$(git merge-base HEAD main)"; git ls-files -o --exclude-standard; }
+    else
+        find src tools tests benchmarks -type f
+    fi | grep -E '^(src|tools|tests|benchmarks)/.*\.(cpp|h)$' | sort -u
+}
+mapfile -t files < <(list_files)
+# what the build knows how to compile
+mapfile -t sources < <(printf '%s\n' "${files[@]}" | grep '\.cpp$' |
+    while read -r file; do grep -qF "$PWD/$file\"" build/dev/compile_commands.json && echo "$file"; done)
+
+step() { # step NAME COMMAND...
+    local name=$1 start=$SECONDS
+    shift
+    if "$@"; then
+        printf 'lint: %-13s clean (%d s)\n' "$name" $((SECONDS - start))
+    else
+        printf 'lint: %-13s FAILED (%d s)\n' "$name" $((SECONDS - start))
+        failed=1
+    fi
+}
+
+check_format() {
+    [ ${#files[@]} != 0 ] || return 0
+    [ -z "$fix" ] || clang-format -i "${files[@]}"
+    clang-format --dry-run --Werror -ferror-limit=3 "${files[@]}" || { echo "./dev lint --fix formats"; return 1; }
+}
+
+# Runs "$1 FILE" (a function below) for each source whose mark is out of date, several at once.
+for_each_source() {
+    local check=$1
+    export marks
+    export -f mark_of tidy_file clazy_file
+    printf '%s\n' "${sources[@]}" | xargs -r -d '\n' -P "$jobs" -n 1 bash -c \
+        'mark=$(mark_of "$0" "$1"); [ -e "$mark" ] || { "$0" "$1" && touch "$mark"; }' "$check"
+}
+
+# A mark's name holds the file and the state of all that its finding depends on: the rules, the flags, and the text
+# of the file and of every own header (which of them it includes is not worth finding out).
+mark_of() {
+    printf '%s/%s.%s.%s' "$marks" "$1" "${2//\//-}" "$(cat "$2" "$marks/state" | cksum | tr ' ' -)"
+}
+{ cat .clang-tidy build/dev/compile_commands.json tools/lint.sh; find src tools tests benchmarks -name '*.h' -exec cat {} +; } |
+    cksum >"$marks/state"
+
+tidy_file() { clang-tidy --quiet -p build/dev "$1" 2>&1 | grep -vE '^[0-9]+ warnings? (generated|treated)'; return "${PIPESTATUS[0]}"; }
+
+# Old-style connects are this program's convention; the rest of level 1 holds. Sources that moc makes are not ours.
+clazy_file() {
+    local text
+    text=$(clazy-standalone -p build/dev --only-qt --checks=level1,no-connect-not-normalized,no-old-style-connect \
+        --header-filter='/(src|tools|tests|benchmarks)/' --ignore-dirs='autogen|\.moc' "$1" 2>&1 |
+        grep -E -A4 '(warning|error):.*' | grep -v 'warnings\? generated')
+    [ -z "$text" ] || { echo "$text"; return 1; }
+}
+
+check_cppcheck() {
+    cppcheck --quiet --library=qt --std=c++17 --enable=warning,performance,portability --inline-suppr \
+        --suppressions-list=tools/cppcheck-suppressions.txt --error-exitcode=1 -j "$jobs" \
+        --cppcheck-build-dir="$marks" -I src -I tools -I tests src tools benchmarks
+}
+
+step format check_format
+step layers python3 tools/check_layers.py
+step words python3 tools/check_words.py
+step cppcheck check_cppcheck
+step clang-tidy for_each_source tidy_file
+step clazy for_each_source clazy_file
+exit $failed
