@@ -19,7 +19,8 @@ RULES = {
     "graph": {"data", "settings", "files"},
     "displays": {"data", "settings"},
     "dialogs": {"data", "settings", "link", "ports"},
-    "app": {"data", "ports", "settings", "link", "files", "graph", "displays", "dialogs"},
+    "resources": set(),
+    "app": {"data", "ports", "settings", "link", "files", "graph", "displays", "dialogs", "resources"},
 }
 
 # Single headers that a folder may include although it may not include theirs: the interfaces through which a lower
@@ -54,7 +55,7 @@ def read_libraries(src):
     for cmake in src.rglob("sources.cmake"):
         text = re.sub(r"#.*", "", cmake.read_text("utf-8"))
         for library, names in re.findall(r"target_sources\(\s*(\w+)\s+PRIVATE([^)]*)\)", text):
-            owners.update((name, library) for name in names.split())
+            owners.update((name, library) for name in names.split() if "$" not in name)
     return owners
 
 

@@ -2,13 +2,13 @@
 
 namespace {
 
-QStringList collected;
+Q_GLOBAL_STATIC(QStringList, collected)
 QtMessageHandler previous = nullptr;
 
 void collect(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     if (type == QtWarningMsg || type == QtCriticalMsg)
-        collected.append(text);
+        collected->append(text);
     else if (previous)
         previous(type, context, text);
 }
@@ -17,7 +17,7 @@ void collect(QtMsgType type, const QMessageLogContext &context, const QString &t
 
 WarningCollector::WarningCollector()
 {
-    collected.clear();
+    collected->clear();
     previous = qInstallMessageHandler(collect);
 }
 
@@ -28,5 +28,5 @@ WarningCollector::~WarningCollector()
 
 QStringList WarningCollector::warnings() const
 {
-    return collected;
+    return *collected;
 }
