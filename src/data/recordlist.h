@@ -2,13 +2,21 @@
 
 #include "data/varnel3data.h"
 
-#include <memory>
+#include <type_traits>
 #include <vector>
 
-/// The records of one recording in arrival order. Grows in blocks, so that an append never copies what is there and
-/// references to records stay valid until clear().
+/// The records of one recording in arrival order. Grows in blocks, so that an append never copies what is
+/// there and references to records stay valid until clear() or a move. A block takes memory only where
+/// records were written.
 class RecordList {
 public:
+    RecordList() = default;
+    ~RecordList() { clear(); }
+    RecordList(RecordList &&other) noexcept { swap(other); }
+    RecordList &operator=(RecordList &&other) noexcept;
+    RecordList(const RecordList &) = delete;
+    RecordList &operator=(const RecordList &) = delete;
+
     int size() const { return m_size; }
     bool isEmpty() const { return m_size == 0; }
     const Varnel3Data &operator[](int index) const { return m_blocks[index / blockSize][index % blockSize]; }
@@ -16,15 +24,23 @@ public:
     const Varnel3Data &first() const { return (*this)[0]; }
     const Varnel3Data &last() const { return (*this)[m_size - 1]; }
     Varnel3Data &last() { return (*this)[m_size - 1]; }
-    /// Appends a copy and returns it.
+    /// Appends a copy and returns it. `record` may be one of the list's own.
     Varnel3Data &append(const Varnel3Data &record);
+    /// Appends a record of default values, to be filled in place, and returns it.
+    Varnel3Data &appendNew();
+    /// Only of a list that is not empty.
     void removeLast() { --m_size; }
     void clear();
+    void swap(RecordList &other) noexcept;
 
 private:
     static constexpr int blockSize = 1024; // records; half a megabyte
 
+    static_assert(std::is_trivially_copyable_v<Varnel3Data> && std::is_trivially_destructible_v<Varnel3Data>,
+        "blocks are raw memory whose records are never destroyed one by one");
 
-    std::vector<std::unique_ptr<Varnel3Data[]>> m_blocks;
+    void *slotForNext();
+
+    std::vector<Varnel3Data *> m_blocks; // owned, raw memory of blockSize records each
     int m_size = 0;
 };

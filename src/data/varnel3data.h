@@ -6,7 +6,7 @@
 struct CellData {
     int voltage = 0; ///< mV
     int balance = 0; ///< balancer load of this cell, per cent, 0..100 in steps of 10
-    int balanceCharge = 0; ///< charge balanced so far, per cent x mA x s; written by the recording's store only
+    int balanceCharge = 0; ///< balanced so far, per cent x mA x s; BalanceIntegrator writes it
     double resistance = 0.0; ///< internal resistance, mOhm
 };
 
@@ -55,15 +55,18 @@ public:
 
     /// Fills the record from one '#' line of any device; the number of fields tells which. False for a line that is
     /// none: the record is then partly overwritten, and fields that a dialect does not send keep their values.
+    /// A number that does not convert leaves its field as it was; energy and sums stop at what 32 bits hold.
     bool parseLine(const QString &line);
+    bool parseLine(QLatin1String line); ///< the same, from Latin-1 bytes
     /// Applies a '!' line of 16 cell resistances; a value that is no number leaves its cell as it was.
     bool parseResistanceLine(const QString &line);
+    bool parseResistanceLine(QLatin1String line); ///< the same, from Latin-1 bytes
     /// The record as one 39-field line without a line end, the form that data files hold.
     QString toRecordLine() const;
 
     /// Largest `balanceCharge` of the cells, in mAh, truncated; 0 when `cellCount` is below 1.
     int maxBalanceChargeMah() const;
-    /// Sum of `balanceCharge` over the cells, undivided; 0 when `cellCount` is below 1.
+    /// Sum of `balanceCharge` over the cells, undivided, at most what 32 bits hold; 0 when `cellCount` is below 1.
     int totalBalanceCharge() const;
     /// The whole record as one line for a log.
     QString toString() const;
@@ -76,8 +79,8 @@ public:
     static QString deviceName(int device); ///< translated
     static QString modeName(int mode); ///< translated; empty above NoMode
     static QString cellTypeName(int cellType); ///< chemistry; "None" for unknown codes
-    static int cellTypeScaleMin(int cellType); ///< mV, lower end of the cell voltage axis; 0 for unknown codes
-    static int cellTypeScaleMax(int cellType); ///< mV, upper end of the cell voltage axis; 0 for unknown codes
+    static int cellTypeScaleMin(int cellType); ///< mV, lower end of the cells' axis; 0 for unknown codes
+    static int cellTypeScaleMax(int cellType); ///< mV, upper end of the cells' axis; 0 for unknown codes
     static int cellTypeUpperVoltage(int cellType); ///< mV, cell full; 0 for unknown codes
     static int cellTypeLowerVoltage(int cellType); ///< mV, cell empty; 0 for unknown codes
 };

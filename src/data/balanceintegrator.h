@@ -1,0 +1,19 @@
+#pragma once
+
+#include "data/varnel3data.h"
+
+/// Sums over a recording, cell by cell, what the balancer has moved. Exact in 64 bits; a record shows what
+/// fits its 32 bits, the nearest value where the sum does not fit.
+class BalanceIntegrator {
+public:
+    /// Starts at nothing; the first record counts from `startTime` (s) on.
+    void reset(int startTime);
+    /// Adds the time from the last such record to this one and writes the sums to the record's cells. A
+    /// record without balancing data (`flag5` is not 'B') changes nothing. The record's final time is set
+    /// before.
+    void add(Varnel3Data &record);
+
+private:
+    qint64 m_charge[Varnel3Data::maxCells] = {}; // per cent x mA x s
+    int m_lastTime = 0;
+};

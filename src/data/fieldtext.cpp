@@ -1,0 +1,26 @@
+#include "data/fieldtext.h"
+
+#include <QString>
+
+namespace {
+
+bool convert(const QString &text, int *value)
+{
+    bool ok = false;
+    const int converted = text.toInt(&ok);
+    if (ok)
+        *value = converted;
+    return ok;
+}
+
+} // namespace
+
+bool generalToInt(const FieldText<uchar> &text, int *value)
+{
+    return convert(QString::fromLatin1(reinterpret_cast<const char *>(text.data), text.size), value);
+}
+
+bool generalToInt(const FieldText<ushort> &text, int *value)
+{
+    return convert(QString::fromUtf16(text.data, text.size), value);
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QtGlobal>
+
+/// A piece of a device line: Latin-1 bytes (Char = uchar) or UTF-16 units (Char = ushort). Points into the
+/// line and owns nothing.
+template <typename Char>
+struct FieldText {
+    const Char *data = nullptr;
+    int size = 0;
+
+    /// The character at `index`, NUL beyond the end.
+    Char at(int index) const { return index < size ? data[index] : Char(0); }
+    /// At most `length` characters from `start` on, fewer where the text ends.
+    FieldText mid(int start, int length) const
+    {
+        const int from = qMin(start, size);
+        return {data + from, qMin(length, size - from)};
+    }
+    /// Converts the whole text as QString::toInt does. `value` keeps what it holds when that fails.
+    bool toInt(int *value) const;
+};
+
+/// QString::toInt itself, for whatever is not plainly a short row of digits: blanks around, signs, overflow.
+bool generalToInt(const FieldText<uchar> &text, int *value);
+bool generalToInt(const FieldText<ushort> &text, int *value);
+
+template <typename Char>
+inline bool FieldText<Char>::toInt(int *value) const
+{
+    constexpr int safeDigits = 9; // never more than 32 bits hold
+    if (size < 1 || size > safeDigits)
+        return generalToInt(*this, value);
+    unsigned sum = 0;
+    for (int i = 0; i < size; ++i) {
+        const unsigned digit = unsigned(data[i]) - '0';
+        if (digit > 9)
+            return generalToInt(*this, value);
+        sum = sum * 10 + digit;
+    }
+    *value = int(sum);
+    return true;
+}

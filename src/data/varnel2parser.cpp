@@ -1,0 +1,69 @@
+#include "data/lineparsers.h"
+
+// "Varnel 2" and "Varnel 2+" share the head of the line; they differ in where the sign of the current stands
+// and in whether voltage and current share a field.
+namespace {
+
+constexpr int headLength = 12;
+constexpr int lastCellTypeCode = 12; // chemistries count from 1 here, and LTO has no code
+
+int modeOfLetter(unsigned letter, bool charging)
+{
+    switch (letter) {
+    case 'C':
+    case 'c':
+        return Varnel3Data::Charge;
+    case 'D':
+    case 'd':
+        return Varnel3Data::Discharge;
+    case 'F':
+    case 'f':
+        return charging ? Varnel3Data::Charge : Varnel3Data::Discharge;
+    default:
+        return Varnel3Data::NoMode;
+    }
+}
+
+template <typename Char>
+bool parseHead(Varnel3Data &record, const FieldText<Char> &head, Char sign)
+{
+    if (head.size != headLength)
+        return false;
+    record.mode = modeOfLetter(head.at(1), sign == '+');
+    if (record.mode == Varnel3Data::NoMode || !head.mid(2, 2).toInt(&record.cellCount))
+        return false;
+    int code = 0;
+    if (!head.mid(4, 2).toInt(&code))
+        return false;
+    const bool known = code >= 1 && code <= lastCellTypeCode;
+    record.cellType = known ? code - 1 : Varnel3Data::noCellType;
+    int seconds = 0;
+    if (!known || !head.mid(7, 5).toInt(&seconds))
+        return false;
+    record.setTime(seconds);
+    return true;
+}
+
+} // namespace
+
+template <typename Char>
+bool parseVarnel2(Varnel3Data &record, const LineFields<Char> &fields)
+{
+    const FieldText<Char> electric = fields[1];
+    return parseHead(record, fields[0], electric.at(5)) && electric.mid(0, 5).toInt(&record.voltage)
+        && electric.mid(6, 5).toInt(&record.current) && fields[2].toInt(&record.temperature)
+        && fields[3].toInt(&record.energy);
+}
+
+template <typename Char>
+bool parseVarnel2Plus(Varnel3Data &record, const LineFields<Char> &fields)
+{
+    return parseHead(record, fields[0], fields[2].at(0)) && fields[1].toInt(&record.voltage)
+        && fields[2].mid(1, 4).toInt(&record.current) && fields[3].toInt(&record.temperature)
+        && fields[4].toInt(&record.energy);
+}
+
+template bool parseVarnel2(Varnel3Data &, const LineFields<uchar> &);
+template bool parseVarnel2(Varnel3Data &, const LineFields<ushort> &);
+template bool parseVarnel2Plus(Varnel3Data &, const LineFields<uchar> &);
+template bool parseVarnel2Plus(Varnel3Data &, const LineFields<ushort> &);

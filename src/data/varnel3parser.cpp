@@ -1,0 +1,97 @@
+#include "data/lineparsers.h"
+#include "data/saturated.h"
+
+#include <cstring>
+
+namespace {
+
+constexpr int headLength = 12;
+constexpr int balancingCurrentStep = 250; // mA
+constexpr int firstCellField = 7;
+
+template <typename Char>
+char flagCharacter(Char character)
+{
+    return character > 0xff ? '\0' : char(character);
+}
+
+int modeOfLetter(unsigned letter)
+{
+    static const char letters[] = "CDBFT";
+    const char *found = letter != 0 && letter < 0x80 ? std::strchr(letters, int(letter)) : nullptr;
+    return found ? int(found - letters) : Varnel3Data::NoMode;
+}
+
+template <typename Char>
+bool parseCellType(Varnel3Data &record, const FieldText<Char> &code)
+{
+    int type = 0;
+    if (!code.toInt(&type))
+        return false;
+    const bool known = type >= 0 && type < Varnel3Data::noCellType;
+    record.cellType = known ? type : Varnel3Data::noCellType;
+    return known;
+}
+
+template <typename Char>
+bool parseHead(Varnel3Data &record, const FieldText<Char> &head)
+{
+    if (head.size != headLength || !head.mid(1, 2).toInt(&record.cellCount))
+        return false;
+    record.mode = modeOfLetter(head.at(3));
+    if (record.mode == Varnel3Data::NoMode || !parseCellType(record, head.mid(4, 2)))
+        return false;
+    record.flag1 = flagCharacter(head.at(6));
+    record.flag2 = flagCharacter(head.at(7));
+    record.flag3 = flagCharacter(head.at(8));
+    record.flag4 = flagCharacter(head.at(9));
+    record.flag5 = flagCharacter(head.at(10));
+    record.ballansingCurrent = 0;
+    int steps = 0;
+    if (!head.mid(11, 1).toInt(&steps))
+        return false;
+    record.ballansingCurrent = steps * balancingCurrentStep;
+    return true;
+}
+
+template <typename Char>
+bool parseFigures(Varnel3Data &record, const LineFields<Char> &fields)
+{
+    int seconds = 0;
+    if (!fields[1].toInt(&seconds))
+        return false;
+    record.setTime(seconds);
+    int energy = 0;
+    if (!fields[2].toInt(&record.voltage) || !fields[3].toInt(&record.current)
+        || !fields[4].toInt(&record.temperature) || !fields[5].toInt(&energy))
+        return false;
+    record.energy = record.flag2 == '1' ? saturated(qint64(energy) * 10) : energy;
+    return fields[6].toInt(&record.internalResistance);
+}
+
+// The bound is inclusive: the line always carries 16 pairs, and the one behind the last cell is taken as
+// well.
+template <typename Char>
+bool parseCells(Varnel3Data &record, const LineFields<Char> &fields)
+{
+    for (int i = 0; i <= record.cellCount && i < Varnel3Data::maxCells; ++i) {
+        if (!fields[firstCellField + 2 * i].toInt(&record.cells[i].voltage))
+            return false;
+        record.cells[i].balance = balancePercent(fields[firstCellField + 2 * i + 1].at(0));
+    }
+    return true;
+}
+
+} // namespace
+
+template <typename Char>
+bool parseVarnel3(Varnel3Data &record, const LineFields<Char> &fields)
+{
+    if (!parseHead(record, fields[0]) || !parseFigures(record, fields) || !parseCells(record, fields))
+        return false;
+    updateCellStatistics(record);
+    return true;
+}
+
+template bool parseVarnel3(Varnel3Data &, const LineFields<uchar> &);
+template bool parseVarnel3(Varnel3Data &, const LineFields<ushort> &);
