@@ -49,21 +49,13 @@ def read_includes(src):
             for p in files}
 
 
-def resolve(src, name):
-    """The files that a name in a list stands for: one of each system's where a variable is part of it."""
-    if "$" not in name:
-        return [name]
-    pattern = re.sub(r"\$\{\w+\}", "*", name)
-    return [] if pattern.startswith("*") else [p.relative_to(src).as_posix() for p in src.glob(pattern)]
-
-
 def read_libraries(src):
     """path -> library, from the lists in CMake"""
     owners = {"app/main.cpp": LIBRARIES[-1]} if (src / "app/main.cpp").exists() else {}
     for cmake in src.rglob("sources.cmake"):
         text = re.sub(r"#.*", "", cmake.read_text("utf-8"))
         for library, names in re.findall(r"target_sources\(\s*(\w+)\s+PRIVATE([^)]*)\)", text):
-            owners.update((path, library) for name in names.split() for path in resolve(src, name))
+            owners.update((name, library) for name in names.split() if "$" not in name)
     return owners
 
 

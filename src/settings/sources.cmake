@@ -1,5 +1,3 @@
 target_sources(varnel_core PRIVATE
-    settings/varnelsettings.cpp settings/varnelsettings.h
     settings/viewstate.cpp settings/viewstate.h
-    settings/viewswitches.h
 )

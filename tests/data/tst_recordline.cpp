@@ -1,0 +1,190 @@
+#include "data/recordline.h"
+
+#include "data/varnel3data.h"
+
+#include "data/recordflags.h"
+
+#include <QRandomGenerator>
+#include <QTest>
+
+namespace {
+
+Varnel3Data pack()
+{
+    Varnel3Data record;
+    record.mode = Varnel3Data::Charge;
+    record.cellType = 5;
+    record.cellCount = 6;
+    record.setTime(123);
+    record.voltage = 25200;
+    record.current = 2000;
+    record.temperature = 25;
+    record.energy = 150;
+    record.internalResistance = 45;
+    for (int i = 0; i < 6; ++i)
+        record.cells[i].voltage = 4200;
+    return record;
+}
+
+QByteArray written(const Varnel3Data &record)
+{
+    char line[maxRecordLineLength];
+    return QByteArray(line, int(writeRecordLine(line, record) - line));
+}
+
+} // namespace
+
+/// The record line: its exact bytes, and what comes back from it.
+class TestRecordLine : public QObject {
+    Q_OBJECT
+
+private slots:
+    void sixCells();
+    void heads_data();
+    void heads();
+    void numbersAsArg();
+    void hostileNumbersFit();
+    void comesBack_data();
+    void comesBack();
+    void randomRecordsComeBack();
+};
+
+void TestRecordLine::sixCells()
+{
+    const QString expected = QLatin1String("#06C05_____0,00123,25200,02000,025,00150,00045")
+        + QStringLiteral(",4200,0").repeated(6) + QStringLiteral(",0000,0").repeated(10);
+    QCOMPARE(pack().toRecordLine(), expected);
+
+    Varnel3Data record = pack();
+    record.cells[6].voltage = 17; // the one behind the last cell is written, the next is not
+    record.cells[7].voltage = 18;
+    record.cells[0].balance = 100;
+    record.cells[1].balance = 99;
+    const QString line = record.toRecordLine();
+    QVERIFY2(line.contains(QLatin1String(",00045,4200,:,4200,9,4200,0")), qPrintable(line));
+    QVERIFY2(line.contains(QLatin1String(",0017,0,0000,0")), qPrintable(line));
+}
+
+void TestRecordLine::heads_data()
+{
+    QTest::addColumn<QVector<int>>("codes"); // mode, cell type, cell count, balancing current
+    QTest::addColumn<QString>("head");
+    QTest::newRow("discharge") << QVector<int>{1, 0, 1, 250} << "#01D00_____1";
+    QTest::newRow("balancing") << QVector<int>{2, 12, 16, 1000} << "#16B12_____4";
+    QTest::newRow("format, odd current") << QVector<int>{3, 5, 99, 300} << "#99F05_____0";
+    QTest::newRow("more current than a digit says") << QVector<int>{3, 5, 6, 1250} << "#06F05_____0";
+    QTest::newRow("test has no letter") << QVector<int>{4, 5, 6, 500} << "#06 05_____2";
+    QTest::newRow("no mode, no chemistry") << QVector<int>{5, 13, 0, 0} << "#00  _____0";
+    QTest::newRow("hostile") << QVector<int>{-1, -1, -1, -250} << "#-1  _____0";
+    QTest::newRow("wide count") << QVector<int>{0, 5, 100, 0} << "#100C05_____0";
+}
+
+void TestRecordLine::heads()
+{
+    QFETCH(QVector<int>, codes);
+    Varnel3Data record = pack();
+    record.mode = codes[0];
+    record.cellType = codes[1];
+    record.cellCount = codes[2];
+    record.ballansingCurrent = codes[3];
+    QTEST(record.toRecordLine().section(QLatin1Char(','), 0, 0), "head");
+    Varnel3Data back;
+    QCOMPARE(back.parseLine(record.toRecordLine()), isRecordLineReadable(record));
+}
+
+// Every number against Qt's own formatting, which the line is defined by.
+void TestRecordLine::numbersAsArg()
+{
+    QVector<int> values = {0, INT_MAX, INT_MIN, -1, -9999};
+    for (int power = 1; power <= 1000000000 / 10; power *= 10)
+        values << power - 1 << power << power + 1 << 10 - power << -power << 7 * power;
+    for (const int value : qAsConst(values)) {
+        Varnel3Data record;
+        record.time = record.voltage = record.current = record.temperature = record.energy = value;
+        record.internalResistance = record.cells[0].voltage = value;
+        const auto filled
+            = [value](int width) { return QStringLiteral("%1").arg(value, width, 10, QLatin1Char('0')); };
+        const QStringList fields = record.toRecordLine().split(QLatin1Char(','));
+        QCOMPARE(fields.mid(1, 7),
+            QStringList({filled(5), filled(5), filled(5), filled(3), filled(5), filled(5), filled(4)}));
+    }
+}
+
+void TestRecordLine::hostileNumbersFit()
+{
+    Varnel3Data record;
+    record.cellCount = INT_MAX;
+    record.mode = INT_MIN;
+    record.time = record.voltage = record.current = record.temperature = record.energy = INT_MIN;
+    record.internalResistance = record.ballansingCurrent = INT_MIN;
+    for (CellData &cell : record.cells)
+        cell = {INT_MIN, INT_MIN, INT_MIN, 0.0};
+    QVERIFY(written(record).size() + 2 <= maxRecordLineLength);
+    QCOMPARE(written(record).count(','), 38);
+    record.cellCount = INT_MIN;
+    QVERIFY(written(record).endsWith(QByteArray(",0000,0").repeated(16)));
+}
+
+void TestRecordLine::comesBack_data()
+{
+    QTest::addColumn<int>("energy");
+    QTest::addColumn<QByteArray>("flags");
+    QTest::addColumn<QByteArray>("field");
+    QTest::addColumn<int>("energyBack");
+    QTest::newRow("plain") << 12345 << QByteArray("_____") << QByteArray("12345") << 12345;
+    QTest::newRow("tens") << 12345 << QByteArray("_1___") << QByteArray("01234") << 12340;
+    QTest::newRow("per cent signs") << 7 << QByteArray("%2%1%") << QByteArray("00007") << 7;
+    QTest::newRow("not ASCII") << 7 << QByteArray("\xe9\xff\x01 \t") << QByteArray("00007") << 7;
+}
+
+void TestRecordLine::comesBack()
+{
+    QFETCH(int, energy);
+    QFETCH(QByteArray, flags);
+    Varnel3Data record = pack();
+    record.energy = energy;
+    char *const targets[] = {&record.flag1, &record.flag2, &record.flag3, &record.flag4, &record.flag5};
+    for (int i = 0; i < flags.size(); ++i)
+        *targets[i] = flags[i];
+    QTEST(written(record).split(',').at(5), "field");
+    Varnel3Data back;
+    QVERIFY(back.parseLine(record.toRecordLine()));
+    QTEST(back.energy, "energyBack");
+    QCOMPARE(flagsOf(back), flags);
+}
+
+void TestRecordLine::randomRecordsComeBack()
+{
+    QRandomGenerator random(2);
+    for (int round = 0; round < 5000; ++round) {
+        Varnel3Data record;
+        record.device = Varnel3Data::Varnel3;
+        record.mode = random.bounded(4);
+        record.cellType = random.bounded(13);
+        record.cellCount = random.bounded(17);
+        record.ballansingCurrent = random.bounded(5) * 250;
+        record.flag5 = random.bounded(2) ? 'B' : '_';
+        record.setTime(int(random.bounded(1u << (1 + round % 31))));
+        record.voltage = random.bounded(-99999, 200000);
+        record.current = random.bounded(-9999, 99999);
+        record.temperature = random.bounded(-400, 1200);
+        record.energy = random.bounded(2000000);
+        record.internalResistance = random.bounded(100000);
+        for (int i = 0; i < qMin(record.cellCount + 1, int(Varnel3Data::maxCells)); ++i) {
+            record.cells[i].voltage = random.bounded(-100, 12000);
+            record.cells[i].balance = random.bounded(11) * 10;
+        }
+        Varnel3Data back;
+        QVERIFY(back.parseLine(record.toRecordLine()));
+        QCOMPARE(back.toString(), record.toString());
+        QCOMPARE(back.toRecordLine(), record.toRecordLine());
+        QVERIFY(isRecordLineReadable(record));
+        for (int i = 0; i < Varnel3Data::maxCells; ++i) {
+            QCOMPARE(back.cells[i].voltage, record.cells[i].voltage);
+            QCOMPARE(back.cells[i].balance, record.cells[i].balance);
+        }
+    }
+}
+
+QTEST_GUILESS_MAIN(TestRecordLine)
+#include "tst_recordline.moc"

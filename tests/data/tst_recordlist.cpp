@@ -1,0 +1,85 @@
+#include "data/recordlist.h"
+
+#include <QFile>
+#include <QTest>
+
+#include <memory>
+#include <vector>
+
+/// Records keep their place and their values while a recording grows, and cost memory only where they are.
+class TestRecordList : public QObject {
+    Q_OBJECT
+
+private slots:
+    void growsAcrossBlocks();
+    void takesBackAcrossABlock();
+    void movesAndClears();
+    void untouchedBlocksCostNothing();
+};
+
+void TestRecordList::growsAcrossBlocks()
+{
+    RecordList list;
+    const Varnel3Data *firstPlace = nullptr;
+    for (int i = 0; i < 5000; ++i) {
+        Varnel3Data record;
+        record.time = i;
+        const Varnel3Data &stored = list.append(record);
+        firstPlace = i == 0 ? &stored : firstPlace;
+        QCOMPARE(&stored, &list.last());
+    }
+    QCOMPARE(&list.first(), firstPlace);
+    for (int i = 0; i < list.size(); ++i)
+        QCOMPARE(list[i].time, i);
+}
+
+void TestRecordList::takesBackAcrossABlock()
+{
+    RecordList list;
+    for (int i = 0; i < 1025; ++i)
+        list.appendNew().time = i;
+    list.removeLast();
+    list.removeLast();
+    QCOMPARE(list.last().time, 1022);
+    for (int i = 0; i < 3; ++i) {
+        QCOMPARE(list.appendNew().time, 0); // what was there before must not shine through
+        list.last().time = 2000 + i;
+    }
+    QCOMPARE(list.size(), 1026);
+    QCOMPARE(list[1024].time, 2001);
+}
+
+void TestRecordList::movesAndClears()
+{
+    RecordList list;
+    list.appendNew().time = 9;
+    list.append(list.first());
+    RecordList other(std::move(list));
+    QCOMPARE(other.size(), 2);
+    list = std::move(other);
+    QCOMPARE(list.last().time, 9);
+    QVERIFY(other.isEmpty());
+    list.clear();
+    QVERIFY(list.isEmpty());
+    QCOMPARE(list.appendNew().time, 0);
+}
+
+void TestRecordList::untouchedBlocksCostNothing()
+{
+    QFile statm(QStringLiteral("/proc/self/statm"));
+    if (!statm.open(QIODevice::ReadOnly))
+        QSKIP("needs the proc file system");
+    const auto residentPages = [&statm] {
+        statm.seek(0);
+        return statm.readAll().split(' ').at(1).toInt();
+    };
+    std::vector<RecordList> lists(100);
+    const int before = residentPages();
+    for (RecordList &list : lists)
+        list.appendNew();
+    const int grown = residentPages() - before; // zeroed blocks would take 12000 pages
+    QVERIFY2(grown < 1000, qPrintable(QString::number(grown)));
+}
+
+QTEST_GUILESS_MAIN(TestRecordList)
+#include "tst_recordlist.moc"
