@@ -1,0 +1,92 @@
+#pragma once
+
+#include "graph/cellselection.h"
+#include "graph/seriesstore.h"
+#include "link/recordingsink.h"
+
+#include <QTimer>
+#include <QWidget>
+
+class DeviceLink;
+class GraphHost;
+
+/// The graph window of one recording: owns its records, draws their course, keeps its title in step with what was
+/// saved, and hands each record to the shell while it is the current window.
+class MdiGraphChild : public QWidget, public RecordingSink {
+    Q_OBJECT
+
+public:
+    /// What the comparison of capacities shows of this window.
+    struct CapacityEntry {
+        int capacity; ///< mAh
+        char mode; ///< 'C', 'D' or ' '
+        int number; ///< window number
+    };
+
+    /// `host` outlives the window.
+    explicit MdiGraphChild(GraphHost *host, QWidget *parent = nullptr);
+    ~MdiGraphChild() override;
+
+    const SeriesStore &store() const { return m_store; }
+    /// Number on the badge and in everything that the window tells; 0 until it is given one.
+    int windowNumber() const { return m_windowNumber; }
+    void setWindowNumber(int number);
+    QString fileName() const { return m_fileName; }
+    /// A device feeds the window.
+    bool isLive() const { return m_reader != nullptr; }
+    /// The device that feeds the window; null when there is none.
+    DeviceLink *reader() const { return m_reader; }
+    /// Tells the feeding device to stop its process; false when there is none.
+    bool stopProcess();
+    CapacityEntry capacityEntry() const;
+    const CellSelection &selectedCells() const { return m_selectedCells; }
+    void setSelectedCells(const CellSelection &cells);
+    /// Records came in since the last save.
+    bool hasUnsavedData() const { return m_unsavedData; }
+    /// Shows the newest record in the figures, if this window is current and has one.
+    void showNewest();
+
+    /// Takes over what was read from `fileName`. The device is the first record's, nothing is unsaved, and records
+    /// of more than one are shown in the figures.
+    void loadRecords(RecordList records, const QString &fileName);
+    /// All records now stand in `fileName`.
+    void markSaved(const QString &fileName);
+    /// Shows by icon and tool tip how the process ended: 0 error, 1 aborted by the user, 2 completed.
+    void setProcessEnd(int code);
+
+    // RecordingSink
+    void attachReader(DeviceLink *reader) override;
+    void setFileName(const QString &name) override;
+    void addRecord(const Varnel3Data &record) override;
+    void applyResistanceLine(const QString &line) override;
+    void finishRecording() override;
+
+    QSize sizeHint() const override;
+
+signals:
+    /// After each record: mAh now, mode letter, mAh at the end mark, window number.
+    void updateCapacitySignal(int energyNow, char mode, int energyAtMark, int number);
+    void updateVoltageSignal();
+    void selectedCellsChanged();
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void connectHost();
+    void tellCapacity();
+    void scheduleRepaint();
+    void setTitle(const QString &title);
+
+    GraphHost *m_host; // not owned, outlives this
+    DeviceLink *m_reader = nullptr; // not owned; forgotten by finishRecording() before it goes
+    SeriesStore m_store;
+    CellSelection m_selectedCells = {};
+    int m_windowNumber = 0;
+    QString m_baseTitle;
+    QString m_fileName;
+    bool m_neverSaved = true;
+    bool m_unsavedData = false;
+    QTimer m_repaintTimer;
+};

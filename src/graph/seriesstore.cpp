@@ -1,0 +1,215 @@
+#include "graph/seriesstore.h"
+
+#include <limits>
+
+namespace {
+
+constexpr int balancerPeriod = 5; // s between two lines of a balancer, which sends no time
+constexpr int dvWeight = 12; // of the dV average; also the steps of 5 s in a minute
+constexpr int recordsForMark = 6; // fewer records than these have no end mark
+
+bool sendsNoEndLetter(int device)
+{
+    return device == Varnel3Data::Varnel2Plus || device == Varnel3Data::Varnel2;
+}
+
+} // namespace
+
+void SeriesStore::clear()
+{
+    const quint64 revision = m_revision;
+    *this = SeriesStore();
+    m_revision = revision + 1;
+}
+
+void SeriesStore::begin(const Varnel3Data &record)
+{
+    m_device = record.device;
+    m_hasCells = record.flag5 == 'B';
+    m_cellCount = m_hasCells ? record.cellsPresent() : 0;
+    m_syntheticTime = 0;
+    m_endMarked = false;
+}
+
+void SeriesStore::append(const Varnel3Data &record)
+{
+    if (m_records.isEmpty())
+        begin(record);
+    m_records.append(record);
+    completeNewest();
+    const Varnel3Data &newest = m_records.last();
+    addBasePoints(newest);
+    addLiveResistance();
+    addDv(size() - 1);
+    addCellPoints(newest);
+    markEnd();
+    m_records.last().balancedMah = newest.maxBalanceChargeMah();
+    ++m_revision;
+}
+
+void SeriesStore::completeNewest()
+{
+    Varnel3Data &newest = m_records.last();
+    if (m_device == Varnel3Data::Tandor)
+        newest.setTime(m_syntheticTime);
+    m_syntheticTime
+        = int(qMin<qint64>(qint64(m_syntheticTime) + balancerPeriod, std::numeric_limits<int>::max()));
+}
+
+void SeriesStore::addBasePoints(const Varnel3Data &record)
+{
+    PlotSeries &time = m_series[Time];
+    m_timeMonotone = m_timeMonotone && (time.isEmpty() || record.time >= time.last());
+    m_temperatureSum = time.isEmpty() ? qint64(record.temperature) * 4
+                                      : m_temperatureSum - m_temperatureSum / 4 + record.temperature;
+    m_series[Temperature].append(
+        time.isEmpty() ? record.temperature / 10.0 : double(m_temperatureSum / 4) / 10.0);
+    time.append(record.time);
+    m_series[Current].append(record.current / 1000.0);
+    m_series[Voltage].append(record.voltage / 1000.0);
+    m_series[Energy].append(record.energy);
+}
+
+void SeriesStore::addLiveResistance()
+{
+    PlotSeries &points = m_series[Resistance];
+    const int index = size() - 1;
+    if (m_device != Varnel3Data::Varnel3) {
+        points.append(0.0);
+    } else if (index < firstResistance()) {
+        points.append(0.0);
+        if (index == firstResistance() - 1) {
+            // the running value starts one point ahead of the newest
+            const int resistance = m_records[index].internalResistance;
+            m_resistance.seed(resistance);
+            points.restartExtremes();
+            points.append(resistance);
+        }
+    } else if (index == firstResistance()) {
+        points.fillFront(firstResistance(), points[firstResistance()]);
+    } else {
+        points.append(double(m_resistance.addNewest(m_records)));
+    }
+}
+
+void SeriesStore::addLoadedResistance()
+{
+    PlotSeries &points = m_series[Resistance];
+    const int count = size();
+    for (int i = 0; i < qMin(count, firstResistance()); ++i)
+        points.append(0.0);
+    if (count <= firstResistance())
+        return;
+    const int first = m_records[firstResistance()].internalResistance;
+    points.restartExtremes();
+    points.append(first);
+    points.fillFront(firstResistance(), first);
+    qint64 sum = qint64(first) * 4;
+    for (int i = firstResistance() + 1; i < count; ++i) {
+        sum = sum - sum / 4 + ResistanceFold::valueOf(m_records, i, count - 1);
+        points.append(double(sum / 4));
+    }
+}
+
+void SeriesStore::addDv(int index)
+{
+    if (index <= firstResistance()) {
+        m_series[Dv].append(0.0);
+        return;
+    }
+    const qint64 rise = qint64(m_records[index].voltage) - m_records[index - 1].voltage;
+    m_dvSum = m_dvSum - m_dvSum / dvWeight + double(rise * dvWeight);
+    m_series[Dv].append(m_dvSum / dvWeight);
+}
+
+void SeriesStore::addCellPoints(const Varnel3Data &record)
+{
+    if (!m_hasCells)
+        return;
+    if (record.flag5 != 'B') { // the cells stand still while nothing is heard of them
+        for (int kind = CellMin; kind < Cell1 + m_cellCount; ++kind)
+            m_series[kind].append(m_series[kind].last());
+        return;
+    }
+    m_series[CellMin].append(record.cellMin / 1000.0);
+    m_series[CellMax].append(record.cellMax / 1000.0);
+    m_series[CellAverage].append(record.cellAverage / 1000.0);
+    m_series[CellDelta].append(m_series[CellMax].last() - m_series[CellMin].last());
+    for (int i = 0; i < m_cellCount; ++i)
+        m_series[Cell1 + i].append(record.cells[i].voltage / 1000.0);
+}
+
+void SeriesStore::markEnd()
+{
+    const int newest = size() - 1;
+    if (!sendsNoEndLetter(m_device)) {
+        findMark(newest);
+        return;
+    }
+    if (m_endMarked) {
+        m_records[newest].flag4 = 'E';
+    } else if (size() >= recordsForMark && m_records[newest].current != 0
+        && m_records[newest - 1].current == 0 && m_records[newest - 2].current != 0) {
+        m_endMarked = true;
+        m_records[newest - 1].flag4 = 'E';
+        m_records[newest].flag4 = 'E';
+        findMark(newest - 1);
+    }
+    findMark(newest);
+}
+
+void SeriesStore::findMark(int index)
+{
+    if (m_markedRecord < 0 && m_records[index].flag4 != '_')
+        m_markedRecord = index;
+}
+
+void SeriesStore::load(RecordList records)
+{
+    clear();
+    m_records = std::move(records);
+    if (m_records.isEmpty())
+        return;
+    begin(m_records.first());
+    const int count = size();
+    for (int kind = 0; kind < (m_hasCells ? Cell1 + m_cellCount : int(CellMin)); ++kind)
+        m_series[kind].reserve(count);
+    for (int i = 0; i < count; ++i) {
+        Varnel3Data &record = m_records[i];
+        record.balancedMah = record.maxBalanceChargeMah();
+        addBasePoints(record);
+        addDv(i);
+        addCellPoints(record);
+        findMark(i);
+    }
+    addLoadedResistance();
+}
+
+bool SeriesStore::applyResistanceLine(const QString &line)
+{
+    if (m_records.isEmpty() || !m_records.last().parseResistanceLine(line))
+        return false;
+    ++m_revision;
+    return true;
+}
+
+SeriesStore::Capacity SeriesStore::capacity() const
+{
+    Capacity capacity;
+    if (isEmpty())
+        return capacity;
+    const int mode = m_records.first().mode;
+    const bool hasCapacity = mode == Varnel3Data::Charge || mode == Varnel3Data::Discharge;
+    capacity.mode = mode == Varnel3Data::Charge ? 'C' : mode == Varnel3Data::Discharge ? 'D' : ' ';
+    capacity.energyNow = m_records.last().energy;
+    const bool marked = hasCapacity && size() >= recordsForMark && m_markedRecord >= 0;
+    capacity.energyAtMark = marked ? m_records[m_markedRecord].energy : capacity.energyNow;
+    return capacity;
+}
+
+bool SeriesStore::newestLacksResistance() const
+{
+    const int newest = size() - 1;
+    return newest > 0 && m_records[newest].cells[0].resistance == 0.0
+        && m_records[newest - 1].cells[0].resistance > 0.0;
+}

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "data/recordlist.h"
+#include "graph/plotseries.h"
+#include "graph/resistancefold.h"
+
+/// The records of one recording and the plot series derived from them, in step: record n is point n of every series.
+/// A live recording grows by append(), a file is taken over whole by load(); the cost of a record does not depend on
+/// how many there are.
+class SeriesStore {
+public:
+    /// The series, for series(). The cell series follow from Cell1 on.
+    enum Kind {
+        Time, ///< s
+        Voltage, ///< V
+        Current, ///< A
+        Energy, ///< mAh
+        Temperature, ///< degrees Celsius, smoothed
+        Resistance, ///< mOhm, smoothed; means something from firstResistance() on
+        Dv, ///< mV/min, smoothed; 0 before firstResistance()
+        CellMin, ///< V
+        CellMax, ///< V
+        CellAverage, ///< V
+        CellDelta, ///< V, highest minus lowest
+        Cell1, ///< V
+        kindCount = Cell1 + Varnel3Data::maxCells
+    };
+    /// What the comparison of capacities shows of a recording.
+    struct Capacity {
+        int energyNow = 0; ///< mAh, newest record
+        char mode = 'C'; ///< 'C' charge, 'D' discharge, ' ' other
+        int energyAtMark = 0; ///< mAh, first record that carries an end mark; else as energyNow
+    };
+
+    /// Index of the first point of resistance and dV.
+    static constexpr int firstResistance() { return 17; }
+
+    int size() const { return m_records.size(); }
+    bool isEmpty() const { return m_records.isEmpty(); }
+    const RecordList &records() const { return m_records; }
+    /// Device code of the first record.
+    int device() const { return m_device; }
+    /// A view on a series, with a point for each record; cell series only where there are such.
+    const PlotSeries &series(int kind) const { return m_series[kind]; }
+    /// The first record carried cell data, so that the statistics of the cells have points.
+    bool hasCellSeries() const { return m_hasCells; }
+    /// Cells that have a series, 0..16.
+    int cellSeriesCount() const { return m_cellCount; }
+    /// No record's time lies before its predecessor's.
+    bool isTimeMonotone() const { return m_timeMonotone; }
+    Capacity capacity() const;
+    /// The newest record lacks the resistance of its first cell, which its predecessor had.
+    bool newestLacksResistance() const;
+    /// Changes with every record and every load.
+    quint64 revision() const { return m_revision; }
+
+    /// Takes a copy of `record`, completes it and derives its points.
+    void append(const Varnel3Data &record);
+    /// Takes over the records of a file, of which the balanced charge is summed already, and derives all points.
+    void load(RecordList records);
+    /// Applies a '!' line to the newest record; false without one and for a line that is none.
+    bool applyResistanceLine(const QString &line);
+    void clear();
+
+private:
+    void begin(const Varnel3Data &record);
+    void completeNewest();
+    void markEnd();
+    void findMark(int index);
+    void addBasePoints(const Varnel3Data &record);
+    void addDv(int index);
+    void addLiveResistance();
+    void addLoadedResistance();
+    void addCellPoints(const Varnel3Data &record);
+
+    RecordList m_records;
+    PlotSeries m_series[kindCount];
+    ResistanceFold m_resistance;
+    int m_device = Varnel3Data::NoDevice;
+    bool m_hasCells = false;
+    int m_cellCount = 0;
+    int m_syntheticTime = 0; // s
+    qint64 m_temperatureSum = 0; // four times the running value
+    double m_dvSum = 0.0; // twelve times the running value
+    bool m_endMarked = false;
+    int m_markedRecord = -1; // first one that carries an end mark
+    bool m_timeMonotone = true;
+    quint64 m_revision = 0;
+};
