@@ -50,12 +50,16 @@ def read_includes(src):
 
 
 def read_libraries(src):
-    """path -> library, from the lists in CMake"""
+    """path -> library, from the lists in CMake; a variable stands for whatever any branch sets it to"""
     owners = {"app/main.cpp": LIBRARIES[-1]} if (src / "app/main.cpp").exists() else {}
     for cmake in src.rglob("sources.cmake"):
         text = re.sub(r"#.*", "", cmake.read_text("utf-8"))
+        variables = {}
+        for variable, value in re.findall(r"\bset\(\s*(\w+)\s+([^)]*)\)", text):
+            variables.setdefault(f"${{{variable}}}", []).extend(value.split())
         for library, names in re.findall(r"target_sources\(\s*(\w+)\s+PRIVATE([^)]*)\)", text):
-            owners.update((name, library) for name in names.split() if "$" not in name)
+            for name in names.split():
+                owners.update((path, library) for path in variables.get(name, [name]) if "$" not in path)
     return owners
 
 
