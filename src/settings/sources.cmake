@@ -1,3 +1,5 @@
 target_sources(varnel_core PRIVATE
+    settings/varnelsettings.cpp settings/varnelsettings.h
     settings/viewstate.cpp settings/viewstate.h
+    settings/viewswitches.h
 )

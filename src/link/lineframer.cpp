@@ -1,0 +1,102 @@
+#include "link/lineframer.h"
+
+#include <QChar>
+
+#include <array>
+
+namespace {
+
+constexpr int usualLineSize = 512; // longer than any device's line
+
+using ByteTable = std::array<bool, 256>;
+
+ByteTable makeTextBytes()
+{
+    ByteTable table;
+    for (int code = 0; code < int(table.size()); ++code)
+        table[size_t(code)] = QChar(ushort(code)).isPrint() && code != '#';
+    return table;
+}
+
+const ByteTable textBytes = makeTextBytes(); // what is taken over in runs; '\n' is not printable
+
+bool isText(char byte)
+{
+    return textBytes[static_cast<unsigned char>(byte)];
+}
+
+} // namespace
+
+void LineFramer::feed(const QByteArray &bytes)
+{
+    if (m_inputPos < m_input.size()) {
+        m_input.append(bytes);
+        return;
+    }
+    m_input = bytes;
+    m_inputPos = 0;
+}
+
+bool LineFramer::next(QString *line)
+{
+    const char *const begin = m_input.constData();
+    const char *const end = begin + m_input.size();
+    const char *at = begin + m_inputPos;
+    bool complete = false;
+    while (at != end && !complete) {
+        if (*at == '#') {
+            m_sinceHash = 0;
+            append(at++, 1);
+        } else if (m_sinceHash < binarySize) {
+            takeBinary(*at++);
+        } else {
+            const char *const run = at;
+            while (at != end && isText(*at))
+                ++at;
+            append(run, at - run);
+            if (at != end && *at != '#')
+                complete = *at++ == '\n';
+        }
+    }
+    m_inputPos = int(at - begin);
+    if (complete)
+        *line = takeLine();
+    return complete;
+}
+
+void LineFramer::clear()
+{
+    m_input.clear();
+    m_inputPos = 0;
+    m_line.clear();
+    m_sinceHash = binarySize;
+}
+
+void LineFramer::takeBinary(char byte)
+{
+    ++m_sinceHash;
+    const int value = static_cast<signed char>(byte);
+    if (value < ' ') {
+        const QByteArray digits = QByteArray::number(value).rightJustified(2, '0');
+        append(digits.constData(), digits.size());
+    } else if (isText(byte)) {
+        append(&byte, 1);
+    }
+}
+
+void LineFramer::append(const char *bytes, qptrdiff size)
+{
+    const qptrdiff room = maxLineSize - m_line.size();
+    m_line.append(bytes, int(qMin(size, room)));
+}
+
+QString LineFramer::takeLine()
+{
+    const QString line = QString::fromLatin1(m_line);
+    if (m_line.capacity() != usualLineSize) {
+        m_line = QByteArray();
+        m_line.reserve(usualLineSize);
+    }
+    m_line.resize(0);
+    return line;
+}

@@ -1,0 +1,148 @@
+#include "link/recordingdispatcher.h"
+
+#include "link/devicelink.h"
+#include "link/readerhost.h"
+#include "link/recordinglog.h"
+#include "link/recordingsink.h"
+#include "settings/varnelsettings.h"
+
+#include <QMetaObject>
+
+namespace {
+
+constexpr int longestPause = 20; // seconds of silence that a recording survives
+
+struct EndLetter {
+    char letter;
+    int endType;
+};
+constexpr EndLetter endLetters[] = {{'S', 0}, {'M', 1}, {'E', 2}};
+
+} // namespace
+
+RecordingDispatcher::RecordingDispatcher(DeviceLink *link, ReaderHost *host)
+    : m_link(link)
+    , m_host(host)
+{
+}
+
+RecordingDispatcher::~RecordingDispatcher() = default;
+
+bool RecordingDispatcher::processLine(const QString &line)
+{
+    if (!line.startsWith(QLatin1Char('#'))) {
+        keepResistanceLine(line);
+        return false;
+    }
+    m_previous = {m_record.mode, m_record.time, m_record.cellCount, m_record.cellType};
+    if (!m_record.parseLine(line))
+        return false;
+    if (startsRecording()) {
+        QMetaObject::invokeMethod(m_host->processReceiver(), "endProcessMessage", Qt::QueuedConnection);
+        startRecording();
+    }
+    keepRecord(line);
+    m_idleTicks = 0;
+    if (takeEndLetter())
+        return true;
+    if (processChanged())
+        reset();
+    return false;
+}
+
+void RecordingDispatcher::endProcess()
+{
+    reset();
+    sendTimeOnce(&m_host->endTimeSent());
+    QMetaObject::invokeMethod(
+        m_host->processReceiver(), "endProcess", Qt::QueuedConnection, Q_ARG(int, m_endType));
+}
+
+void RecordingDispatcher::reset()
+{
+    m_previous = {};
+    finishRecording();
+    m_idleTicks = 0;
+    m_record = {};
+    m_newProcess = true;
+}
+
+bool RecordingDispatcher::startsRecording() const
+{
+    return m_newProcess || m_idleTicks > longestPause
+        || (m_record.time == 0 && m_record.cellCount > 0 && m_record.device != Varnel3Data::Tandor);
+}
+
+void RecordingDispatcher::startRecording()
+{
+    finishRecording();
+    m_log = m_host->createRecordingLog(m_link->portName());
+    m_unwatchedTold = false;
+    m_child = m_host->createRecording();
+    m_newProcess = false;
+    m_child->attachReader(m_link);
+    m_idleTicks = 0;
+    m_child->setFileName(m_link->portName());
+    sendTimeOnce(&m_host->startTimeSent());
+}
+
+void RecordingDispatcher::keepRecord(const QString &line)
+{
+    if (m_log)
+        m_log->addRecord(line, m_record);
+    if (m_child) {
+        m_child->addRecord(m_record);
+    } else if (!m_unwatchedTold) {
+        m_unwatchedTold = true;
+        m_host->recordingUnwatched(m_link->portName());
+    }
+}
+
+void RecordingDispatcher::keepResistanceLine(const QString &line)
+{
+    if (!line.startsWith(QLatin1Char('!')))
+        return;
+    if (m_log && Varnel3Data().parseResistanceLine(line))
+        m_log->addResistanceLine(line);
+    if (m_child)
+        m_child->applyResistanceLine(line);
+}
+
+bool RecordingDispatcher::takeEndLetter()
+{
+    for (const EndLetter &end : endLetters) {
+        if (m_record.flag3 == end.letter) {
+            m_endType = end.endType;
+            return true;
+        }
+    }
+    return false;
+}
+
+// A balancer's clock stands still, so that only its pack tells one process from the next.
+bool RecordingDispatcher::processChanged() const
+{
+    if (m_previous.mode == Varnel3Data::NoMode)
+        return false;
+    if (m_record.cellCount != m_previous.cellCount || m_record.cellType != m_previous.cellType)
+        return true;
+    if (m_record.device == Varnel3Data::Tandor)
+        return false;
+    return m_record.time == 0 || m_record.time < m_previous.time || m_record.mode != m_previous.mode;
+}
+
+void RecordingDispatcher::finishRecording()
+{
+    if (m_child)
+        m_child->finishRecording();
+    m_child = nullptr;
+    m_log.reset();
+}
+
+void RecordingDispatcher::sendTimeOnce(QMap<QString, bool> *sent)
+{
+    if (!VarnelSettings().sendTime() || sent->contains(m_link->portName()))
+        return;
+    sent->insert(m_link->portName(), true);
+    m_link->sendCommand(QLatin1String("#TIME!") + m_host->currentTimeText() + QLatin1String("\r\n"));
+}

@@ -1,0 +1,208 @@
+#include "link/serialreader.h"
+
+#include "link/readerhost.h"
+
+#include <QDeadlineTimer>
+#include <QDebug>
+
+namespace {
+
+constexpr int baudRate = 19200;
+constexpr int tickPeriod = 1000; // ms
+constexpr int endDelay = 250; // ms from an end letter to the end of the recording
+constexpr int longestWrite = 500; // ms
+constexpr int messageTime = 5000; // ms
+constexpr int shortestRecordLine = 10; // characters; shorter lines are replies to commands
+
+} // namespace
+
+SerialReader::SerialReader(QObject *parent, const QString &portName, ReaderHost *host)
+    : QObject(parent)
+    , m_portName(portName)
+    , m_host(host)
+    , m_dispatcher(this, host)
+    , m_tick(new QTimer(this))
+{
+    m_port.setPortName(portName);
+    connect(m_tick, SIGNAL(timeout()), this, SLOT(timerTickEvent()));
+}
+
+SerialReader::~SerialReader()
+{
+    if (m_port.isOpen())
+        stop();
+}
+
+QStringList SerialReader::availablePorts()
+{
+    QStringList names;
+    const QStringList all = listPortNames();
+    for (const QString &name : all) {
+        if (name.startsWith(QLatin1String("COM")))
+            names.append(name);
+    }
+    names.sort(Qt::CaseSensitive);
+    qDebug() << "List of ports:" << names;
+    return names;
+}
+
+bool SerialReader::tryStart()
+{
+    if (m_port.isOpen())
+        return true;
+    m_framer.clear();
+    m_info = findPort(m_portName);
+    m_port.setPortName(m_info.location.isEmpty() ? m_portName : m_info.location);
+    if (!m_port.open(QIODevice::ReadWrite)) {
+        qDebug() << m_portName << "device failed to open:" << m_port.errorString();
+        return false;
+    }
+    configurePort();
+    qDebug() << m_portName << "Port opened succesfull";
+    m_port.flush();
+    m_port.readAll();
+    m_lost = false;
+    m_tick->start(tickPeriod);
+    m_dispatcher.clearIdleTicks();
+    connectPort();
+    return true;
+}
+
+bool SerialReader::start()
+{
+    if (tryStart())
+        return true;
+    const QString text = tr("Device %1 failed to open: %2").arg(m_portName, m_port.errorString());
+    m_host->showMessageStatusBar(text, messageTime);
+    m_host->portFailed(m_portName, errorText());
+    return false;
+}
+
+QString SerialReader::errorText() const
+{
+    const QString text = tr("Device %1 failed to open: %2").arg(m_portName, m_port.errorString());
+    if (m_port.error() != QSerialPort::PermissionError)
+        return text;
+    QString group;
+    QString advice = tr("Another program holds the port.");
+    if (lacksAccess(m_info, &group)) {
+        advice = group.isEmpty()
+            ? tr("You have no right to use the port.")
+            : tr("You have no right to use the port. Join the group \"%1\" and log in again.").arg(group);
+    }
+    return text + QLatin1Char('\n') + advice;
+}
+
+void SerialReader::stop()
+{
+    m_tick->stop();
+    m_dispatcher.reset();
+    m_framer.clear();
+    if (!m_port.isOpen())
+        return;
+    disconnectPort();
+    if (!m_lost) {
+        m_port.setDataTerminalReady(false);
+        m_port.setRequestToSend(false);
+    }
+    m_port.close();
+    qDebug() << "Close port " << m_portName;
+}
+
+void SerialReader::sendCommand(const QString &text)
+{
+    if (!m_port.isOpen() || m_lost)
+        return;
+    m_writing = true;
+    m_port.write(text.toLatin1());
+    m_port.flush();
+    const QDeadlineTimer deadline(longestWrite);
+    while (m_port.bytesToWrite() > 0 && !deadline.hasExpired()) {
+        if (!m_port.waitForBytesWritten(int(deadline.remainingTime())))
+            break;
+    }
+    m_writing = false;
+    if (m_port.bytesAvailable() > 0)
+        QMetaObject::invokeMethod(this, "onReadyRead", Qt::QueuedConnection);
+}
+
+void SerialReader::detachGraphChild(RecordingSink *)
+{
+    m_dispatcher.forgetChild();
+}
+
+void SerialReader::onReadyRead()
+{
+    if (m_handling || m_writing)
+        return;
+    m_handling = true;
+    while (m_port.bytesAvailable() > 0) {
+        m_framer.feed(m_port.readAll());
+        QString line;
+        while (m_framer.next(&line)) // a stop from inside clears the framer
+            handleLine(line);
+    }
+    m_handling = false;
+}
+
+void SerialReader::endProcesTimer()
+{
+    m_dispatcher.endProcess();
+}
+
+void SerialReader::timerTickEvent()
+{
+    m_dispatcher.tick();
+}
+
+// The port goes on failing as often as the system lets it until it is closed, which must not happen from here.
+void SerialReader::onErrorOccurred(QSerialPort::SerialPortError error)
+{
+    const bool gone = error == QSerialPort::ResourceError || error == QSerialPort::ReadError
+        || error == QSerialPort::WriteError;
+    if (!gone || m_lost)
+        return;
+    m_lost = true;
+    QMetaObject::invokeMethod(this, "closeLostPort", Qt::QueuedConnection);
+}
+
+void SerialReader::closeLostPort()
+{
+    onReadyRead(); // what arrived before the loss
+    if (!m_lost || !m_port.isOpen())
+        return;
+    stop();
+    m_host->portLost(m_portName); // may schedule this for deletion
+}
+
+void SerialReader::configurePort()
+{
+    m_port.setBaudRate(baudRate);
+    m_port.setParity(QSerialPort::NoParity);
+    m_port.setDataBits(QSerialPort::Data8);
+    m_port.setFlowControl(QSerialPort::NoFlowControl);
+    m_port.setDataTerminalReady(true);
+    m_port.setRequestToSend(true);
+}
+
+void SerialReader::connectPort()
+{
+    connect(&m_port, SIGNAL(readyRead()), this, SLOT(onReadyRead()));
+    connect(&m_port, SIGNAL(errorOccurred(QSerialPort::SerialPortError)), this,
+        SLOT(onErrorOccurred(QSerialPort::SerialPortError)));
+}
+
+void SerialReader::disconnectPort()
+{
+    disconnect(&m_port, SIGNAL(readyRead()), this, SLOT(onReadyRead()));
+    disconnect(&m_port, SIGNAL(errorOccurred(QSerialPort::SerialPortError)), this,
+        SLOT(onErrorOccurred(QSerialPort::SerialPortError)));
+}
+
+void SerialReader::handleLine(const QString &line)
+{
+    if (line.size() < shortestRecordLine)
+        emit control_data(line);
+    else if (m_dispatcher.processLine(line))
+        QTimer::singleShot(endDelay, this, SLOT(endProcesTimer()));
+}

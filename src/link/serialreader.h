@@ -1,0 +1,72 @@
+#pragma once
+
+#include "link/devicelink.h"
+#include "link/lineframer.h"
+#include "link/recordingdispatcher.h"
+#include "ports/portinfo.h"
+
+#include <QSerialPort>
+#include <QTimer>
+
+/// Listens on one port: bytes to lines, lines to recordings or command replies; sends commands to the device.
+/// Created stopped. Whoever deletes it from one of its own signals or from a call of its host uses deleteLater().
+class SerialReader : public QObject, public DeviceLink {
+    Q_OBJECT
+
+public:
+    /// `host` is not owned and outlives every call but the destructor.
+    SerialReader(QObject *parent, const QString &portName, ReaderHost *host);
+    ~SerialReader() override;
+
+    /// Names of the ports of the host now that begin with "COM", in plain string order. Takes milliseconds.
+    static QStringList availablePorts();
+
+    /// Opens the port as start() does, but tells nobody when that fails; then errorText() says why.
+    bool tryStart();
+    /// Why the port could not be opened, in the user's language, with advice where there is any.
+    QString errorText() const;
+    bool isOpen() const { return m_port.isOpen(); }
+
+    /// Blocks at most 500 ms, and only while the system does not take the bytes. Lines that arrive meanwhile are
+    /// handled after those that came before them, never from inside this call. Nothing is written to a closed port.
+    void sendCommand(const QString &text) override;
+    QString portName() const override { return m_portName; }
+    bool isNewProcess() const override { return m_dispatcher.isNewProcess(); }
+    /// Forgets the window of the recording, whatever is passed.
+    void detachGraphChild(RecordingSink *child) override;
+
+signals:
+    /// A line shorter than 10 characters: the reply to a command.
+    void control_data(QString data);
+
+public slots:
+    /// Finishes the recording and closes the port. Harmless when it is closed.
+    void stop();
+    /// Opens the port; a failure goes to the status bar and to ReaderHost::portFailed().
+    bool start();
+    void onReadyRead();
+    void endProcesTimer();
+    void timerTickEvent();
+
+private slots:
+    void onErrorOccurred(QSerialPort::SerialPortError error);
+    void closeLostPort();
+
+private:
+    void configurePort();
+    void connectPort();
+    void disconnectPort();
+    void handleLine(const QString &line);
+
+    QString m_portName;
+    PortInfo m_info; // as found by the last start
+    QSerialPort m_port;
+    ReaderHost *m_host; // not owned, outlives this
+    RecordingDispatcher m_dispatcher;
+    LineFramer m_framer;
+    QTimer *m_tick; // child
+    bool m_handling
+        = false; // lines are being handled: what arrives meanwhile is taken by the loop that does it
+    bool m_writing = false; // sendCommand() waits
+    bool m_lost = false; // the device has gone, the port is about to be closed
+};

@@ -1,0 +1,172 @@
+#include "ports/portinfo.h"
+
+#include "ports/portscan.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSerialPortInfo>
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <dirent.h>
+#include <fcntl.h>
+#include <grp.h>
+#include <memory>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+const char deviceFolder[] = "/dev";
+
+QByteArray defaultPortFolder()
+{
+    const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    return runtime.isEmpty() ? QByteArray() : QFile::encodeName(runtime + QStringLiteral("/varnelgraph"));
+}
+
+// Where links to ports stand besides the device folder; may be empty or name no folder.
+QByteArray portFolder()
+{
+    const QByteArray chosen = qgetenv("VARNEL_PORT_DIR");
+    if (!chosen.isEmpty())
+        return chosen;
+    static const QByteArray usual = defaultPortFolder();
+    return usual;
+}
+
+QVector<QByteArray> linkFolders()
+{
+    QVector<QByteArray> folders = {deviceFolder};
+    const QByteArray chosen = portFolder();
+    if (!chosen.isEmpty() && chosen != folders.first())
+        folders.append(chosen);
+    return folders;
+}
+
+bool isLinkName(const char *name)
+{
+    return qstrncmp(name, "COM", 3) == 0;
+}
+
+// The beginnings of the names that systems give to serial ports.
+bool isPortName(const char *name)
+{
+    static const char *const beginnings[] = {"COM", "tty", "cu", "rfcomm", "ircomm", "tnt", "ser"};
+    return std::any_of(std::begin(beginnings), std::end(beginnings),
+        [name](const char *beginning) { return qstrncmp(name, beginning, qstrlen(beginning)) == 0; });
+}
+
+/// Calls `visit(entry)` for each entry of `folder`; none where it can't be read.
+template <typename Visit>
+void visitFolder(const QByteArray &folder, Visit visit)
+{
+    const std::unique_ptr<DIR, int (*)(DIR *)> dir(opendir(folder.constData()), closedir);
+    if (!dir)
+        return;
+    while (const dirent *entry = readdir(dir.get()))
+        visit(*entry);
+}
+
+bool statDevice(const QByteArray &path, struct stat *node)
+{
+    return stat(path.constData(), node) == 0 && S_ISCHR(node->st_mode);
+}
+
+QString descriptionOf(const QString &location, const QVector<PortInfo> &ports)
+{
+    const auto found = std::find_if(
+        ports.begin(), ports.end(), [&location](const PortInfo &port) { return port.location == location; });
+    return found == ports.end() ? QString() : found->description;
+}
+
+QVector<PortInfo> systemPorts()
+{
+    QVector<PortInfo> ports;
+    const auto infos = QSerialPortInfo::availablePorts();
+    for (const QSerialPortInfo &info : infos)
+        ports.append({info.portName(), info.description(), info.systemLocation()});
+    return ports;
+}
+
+QVector<PortInfo> linkedPorts(const QVector<PortInfo> &systemPorts)
+{
+    QVector<PortInfo> ports;
+    const auto folders = linkFolders();
+    for (const QByteArray &folder : folders) {
+        visitFolder(folder, [&](const dirent &entry) {
+            const QByteArray path = folder + '/' + entry.d_name;
+            struct stat node;
+            if (!isLinkName(entry.d_name) || !statDevice(path, &node))
+                return;
+            const QString location = QFileInfo(QFile::decodeName(path)).canonicalFilePath();
+            ports.append({QFile::decodeName(entry.d_name), descriptionOf(location, systemPorts), location});
+        });
+    }
+    std::stable_sort(
+        ports.begin(), ports.end(), [](const PortInfo &a, const PortInfo &b) { return a.name < b.name; });
+    return ports;
+}
+
+} // namespace
+
+QVector<PortInfo> listPorts()
+{
+    QVector<PortInfo> ports = systemPorts();
+    const QVector<PortInfo> linked = linkedPorts(ports);
+    for (const PortInfo &port : linked) {
+        const bool known = std::any_of(
+            ports.begin(), ports.end(), [&port](const PortInfo &other) { return other.name == port.name; });
+        if (!known)
+            ports.append(port);
+    }
+    return ports;
+}
+
+bool lacksAccess(const PortInfo &port, QString *group)
+{
+    group->clear();
+    const QByteArray path = QFile::encodeName(port.location);
+    if (path.isEmpty() || faccessat(AT_FDCWD, path.constData(), R_OK | W_OK, AT_EACCESS) == 0)
+        return false;
+    struct stat node;
+    if (!statDevice(path, &node))
+        return false;
+    // Nobody is to be told to join the superuser's group, or one whose members may not use the port either.
+    constexpr mode_t groupAccess = S_IRGRP | S_IWGRP;
+    const struct group *owner = getgrgid(node.st_gid);
+    if (owner && node.st_gid != 0 && (node.st_mode & groupAccess) == groupAccess)
+        *group = QString::fromLocal8Bit(owner->gr_name);
+    return true;
+}
+
+// The numbers of the nodes tell a device from another that follows it under the same name.
+QByteArray portFingerprint()
+{
+    QList<QByteArray> entries;
+    const auto folders = linkFolders();
+    for (const QByteArray &folder : folders) {
+        visitFolder(folder, [&](const dirent &entry) {
+            if (!isPortName(entry.d_name))
+                return;
+            QByteArray text = folder + '/' + entry.d_name + ' ' + QByteArray::number(quint64(entry.d_ino));
+            struct stat node;
+            if (isLinkName(entry.d_name) && statDevice(folder + '/' + entry.d_name, &node))
+                text += ' ' + QByteArray::number(quint64(node.st_rdev)) + ' '
+                    + QByteArray::number(quint64(node.st_ino));
+            entries.append(text);
+        });
+    }
+    std::sort(entries.begin(), entries.end());
+    return entries.join('\n');
+}
+
+QByteArray portIdentity(const PortInfo &port)
+{
+    QByteArray identity = QFile::encodeName(port.location);
+    struct stat node;
+    if (statDevice(identity, &node))
+        identity += ' ' + QByteArray::number(quint64(node.st_rdev)) + ' '
+            + QByteArray::number(quint64(node.st_ino));
+    return identity;
+}
