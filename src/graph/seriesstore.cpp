@@ -28,6 +28,7 @@ void SeriesStore::begin(const Varnel3Data &record)
     m_hasCells = record.flag5 == 'B';
     m_cellCount = m_hasCells ? record.cellsPresent() : 0;
     m_syntheticTime = 0;
+    m_balance.reset(record.time);
     m_endMarked = false;
 }
 
@@ -50,6 +51,7 @@ void SeriesStore::append(const Varnel3Data &record)
 void SeriesStore::completeNewest()
 {
     Varnel3Data &newest = m_records.last();
+    m_balance.add(newest);
     if (m_device == Varnel3Data::Tandor)
         newest.setTime(m_syntheticTime);
     m_syntheticTime

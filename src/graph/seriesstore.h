@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/balanceintegrator.h"
 #include "data/recordlist.h"
 #include "graph/plotseries.h"
 #include "graph/resistancefold.h"
@@ -75,6 +76,7 @@ private:
 
     RecordList m_records;
     PlotSeries m_series[kindCount];
+    BalanceIntegrator m_balance;
     ResistanceFold m_resistance;
     int m_device = Varnel3Data::NoDevice;
     bool m_hasCells = false;

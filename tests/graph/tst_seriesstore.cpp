@@ -107,9 +107,9 @@ void TestSeriesStore::smoothsTemperature()
 {
     SeriesStore store;
     Varnel3Data record = chargerRecord();
-    const QVector<int> temperatures {253, 260, 251, -40};
+    const QVector<int> temperatures{253, 260, 251, -40};
     // sums 1012, 1012-253+260 = 1019, 1019-254+251 = 1016, 1016-254-40 = 722
-    const QVector<double> expected {25.3, 25.4, 25.4, 18.0};
+    const QVector<double> expected{25.3, 25.4, 25.4, 18.0};
     for (int i = 0; i < temperatures.size(); ++i) {
         record.temperature = temperatures[i];
         store.append(record);
@@ -296,13 +296,14 @@ void TestSeriesStore::marksTheEnd_data()
     QTest::addColumn<int>("device");
     QTest::addColumn<QVector<int>>("currents");
     QTest::addColumn<QString>("flags");
-    const QVector<int> gap {5, 5, 5, 5, 0, 5, 5, 0};
+    const QVector<int> gap{5, 5, 5, 5, 0, 5, 5, 0};
     QTest::newRow("gap") << int(Varnel3Data::Varnel2) << gap << "____EEEE";
     QTest::newRow("gap, other model") << int(Varnel3Data::Varnel2Plus) << gap << "____EEEE";
     QTest::newRow("device that says so itself") << int(Varnel3Data::Varnel3) << gap << "________";
-    QTest::newRow("too early") << int(Varnel3Data::Varnel2) << QVector<int> {5, 5, 0, 5, 5, 5, 5} << "_______";
-    QTest::newRow("earliest") << int(Varnel3Data::Varnel2) << QVector<int> {0, 0, 0, 5, 0, 5} << "____EE";
-    QTest::newRow("longer pause") << int(Varnel3Data::Varnel2) << QVector<int> {5, 5, 5, 5, 0, 0, 5, 5} << "________";
+    QTest::newRow("too early") << int(Varnel3Data::Varnel2) << QVector<int>{5, 5, 0, 5, 5, 5, 5} << "_______";
+    QTest::newRow("earliest") << int(Varnel3Data::Varnel2) << QVector<int>{0, 0, 0, 5, 0, 5} << "____EE";
+    QTest::newRow("longer pause") << int(Varnel3Data::Varnel2) << QVector<int>{5, 5, 5, 5, 0, 0, 5, 5}
+                                  << "________";
 }
 
 void TestSeriesStore::marksTheEnd()
