@@ -16,11 +16,13 @@ RULES = {
     "settings": {"data", "ports"},
     "link": {"data", "settings", "ports"},
     "files": {"data"},
-    "graph": {"data", "settings", "files"},
-    "displays": {"data", "settings"},
+    "printing": set(),
+    "graph": {"data", "settings", "files", "printing"},
+    "displays": {"data", "settings", "printing"},
     "dialogs": {"data", "settings", "link", "ports"},
     "resources": set(),
-    "app": {"data", "ports", "settings", "link", "files", "graph", "displays", "dialogs", "resources"},
+    "app": {"data", "ports", "settings", "link", "files", "printing", "graph", "displays", "dialogs",
+            "resources"},
 }
 
 # Single headers that a folder may include although it may not include theirs: the interfaces through which a lower
@@ -49,14 +51,6 @@ def read_includes(src):
             for p in files}
 
 
-def resolve(src, name):
-    """The files that a name in a list stands for: one of each system's where a variable is part of it."""
-    if "$" not in name:
-        return [name]
-    pattern = re.sub(r"\$\{\w+\}", "*", name)
-    return [] if pattern.startswith("*") else [p.relative_to(src).as_posix() for p in src.glob(pattern)]
-
-
 def read_libraries(src):
     """path -> library, from the lists in CMake; a variable stands for whatever any branch sets it to"""
     owners = {"app/main.cpp": LIBRARIES[-1]} if (src / "app/main.cpp").exists() else {}
@@ -67,8 +61,7 @@ def read_libraries(src):
             variables.setdefault(f"${{{variable}}}", []).extend(value.split())
         for library, names in re.findall(r"target_sources\(\s*(\w+)\s+PRIVATE([^)]*)\)", text):
             for name in names.split():
-                paths = variables.get(name) or resolve(src, name)
-                owners.update((path, library) for path in paths if "$" not in path)
+                owners.update((path, library) for path in variables.get(name, [name]) if "$" not in path)
     return owners
 
 

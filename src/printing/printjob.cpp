@@ -1,0 +1,70 @@
+#include "printing/printjob.h"
+
+#include <QFile>
+#include <QPainter>
+#include <QPrinter>
+
+namespace {
+
+constexpr qreal pointsPerInch = 72.0;
+constexpr qreal captionPoints = 9.0;
+
+QFont captionFont(const QPrinter &printer)
+{
+    QFont font(QStringLiteral("Arial"));
+    font.setPixelSize(qRound(captionPoints * printer.resolution() / pointsPerInch));
+    return font;
+}
+
+/// Draws the line into the top of `page` and returns what is left of it.
+QRectF drawCaption(QPainter &painter, const PrintJob &job, const QRectF &page, const QFont &font)
+{
+    const QString text = job.details.isEmpty() ? job.title : job.title + QStringLiteral(", ") + job.details;
+    painter.setFont(font);
+    painter.setPen(Qt::black);
+    QRectF used;
+    painter.drawText(page, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, text, &used);
+    return page.adjusted(0, used.height() + font.pixelSize(), 0, 0);
+}
+
+void drawPicture(QPainter &painter, const PrintJob &job, const QRectF &area)
+{
+    const qreal factor = qMin(area.width() / job.size.width(), area.height() / job.size.height());
+    painter.translate(area.left() + (area.width() - job.size.width() * factor) / 2, area.top());
+    painter.scale(factor, factor);
+    painter.setClipRect(QRectF(QPointF(0, 0), job.size));
+    job.paint(painter);
+}
+
+/// A full disk tells nobody: only the end of the file shows that all of it was written.
+bool isCompletePdf(const QString &fileName)
+{
+    constexpr int tail = 64; // bytes
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    file.seek(qMax(qint64(0), file.size() - tail));
+    return file.readAll().contains("%%EOF");
+}
+
+} // namespace
+
+bool printPage(const PrintJob &job, QPrinter *printer)
+{
+    if (job.size.isEmpty())
+        return false;
+    printer->setDocName(job.title);
+    QPainter painter;
+    if (!painter.begin(printer))
+        return false;
+    const QRectF page(QPointF(0, 0), printer->pageLayout().paintRectPixels(printer->resolution()).size());
+    const QRectF rest = drawCaption(painter, job, page, captionFont(*printer));
+    painter.save();
+    drawPicture(painter, job, rest);
+    painter.restore();
+    if (!painter.end() || printer->printerState() == QPrinter::Error)
+        return false;
+    const bool toFile
+        = printer->outputFormat() == QPrinter::PdfFormat && !printer->outputFileName().isEmpty();
+    return !toFile || isCompletePdf(printer->outputFileName());
+}

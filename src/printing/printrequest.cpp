@@ -1,0 +1,95 @@
+#include "printing/printrequest.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QOperatingSystemVersion>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QStandardPaths>
+
+namespace {
+
+QString suggestedFile(const QString &title)
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const QDir existing(QDir(folder).exists() ? folder : QDir::homePath());
+    return existing.filePath(
+        QString(title).replace(QLatin1Char('/'), QLatin1Char('-')) + QStringLiteral(".pdf"));
+}
+
+/// Windows' own dialog refuses to open where no printer is; the others offer a file themselves.
+bool dialogNeedsPrinter()
+{
+    return QOperatingSystemVersion::currentType() == QOperatingSystemVersion::Windows;
+}
+
+} // namespace
+
+PrintRequest::PrintRequest(const PrintJob &job, QWidget *window)
+    : m_job(job)
+    , m_window(window)
+    , m_printer(std::make_unique<QPrinter>(QPrinter::HighResolution))
+{
+    m_printer->setDocName(job.title);
+    m_printer->setPageOrientation(
+        job.size.width() > job.size.height() ? QPageLayout::Landscape : QPageLayout::Portrait);
+}
+
+PrintRequest::~PrintRequest() = default;
+
+void PrintRequest::open()
+{
+    const bool anyPrinter = !QPrinterInfo::availablePrinterNames().isEmpty();
+    if (!anyPrinter) {
+        m_printer->setOutputFormat(QPrinter::PdfFormat);
+        m_printer->setOutputFileName(suggestedFile(m_job.title));
+    }
+    QDialog *dialog = !anyPrinter && dialogNeedsPrinter() ? createFileDialog() : createPrintDialog();
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(m_job.title);
+    setParent(dialog); // which uses the printer to its end
+    dialog->open();
+}
+
+QDialog *PrintRequest::createPrintDialog()
+{
+    auto *dialog = new QPrintDialog(m_printer.get(), m_window);
+    dialog->setOption(QAbstractPrintDialog::PrintPageRange, false);
+    dialog->setOption(QAbstractPrintDialog::PrintCollateCopies, false);
+    connect(dialog, SIGNAL(accepted(QPrinter *)), this, SLOT(print()));
+    return dialog;
+}
+
+QDialog *PrintRequest::createFileDialog()
+{
+    auto *dialog = new QFileDialog(m_window, QString(), m_printer->outputFileName(), QStringLiteral("*.pdf"));
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(QStringLiteral("pdf"));
+    connect(dialog, SIGNAL(fileSelected(QString)), this, SLOT(printToFile(QString)));
+    return dialog;
+}
+
+void PrintRequest::printToFile(const QString &fileName)
+{
+    m_printer->setOutputFileName(fileName);
+    print();
+}
+
+void PrintRequest::print()
+{
+    if (printPage(m_job, m_printer.get()))
+        return;
+    const QString target
+        = m_printer->outputFileName().isEmpty() ? m_printer->printerName() : m_printer->outputFileName();
+    auto *box = new QMessageBox(
+        QMessageBox::Warning, m_job.title, tr("Can not print to %1").arg(target), QMessageBox::Ok, m_window);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+}
+
+void printWithDialog(const PrintJob &job, QWidget *parent)
+{
+    (new PrintRequest(job, parent))->open();
+}
