@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+
+/// The figures of the displays as texts, with the decimal point and the grouping of the default locale, which is the
+/// system's unless the program was told otherwise.
+namespace FigureText {
+
+/// `value` with `decimals` digits after the point, filled with blanks on the left to `width` characters.
+QString fixed(double value, int width, int decimals);
+/// mV as volts.
+QString volts(int millivolts, int width, int decimals);
+/// mA as amperes.
+QString amperes(int milliamperes);
+/// Tenths of a degree as degrees; dashes for 0, which means that no sensor is fitted.
+QString degrees(int tenths);
+/// mAh as ampere-hours, with three, two or one decimals below 10 Ah, below 100 Ah and above.
+QString ampereHours(int milliampereHours);
+/// mOhm as ohms; dashes for 0, which means not measured.
+QString ohms(int milliohms);
+
+/// "--,-": a figure with one decimal that there is none of.
+QString shortDashes();
+/// "-,---": a figure with three decimals that there is none of.
+QString longDashes();
+
+} // namespace FigureText
