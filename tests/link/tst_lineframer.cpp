@@ -1,0 +1,161 @@
+#include "link/lineframer.h"
+
+#include <QtTest>
+
+namespace {
+
+QStringList linesOf(LineFramer *framer, const QByteArray &bytes)
+{
+    framer->feed(bytes);
+    QStringList lines;
+    QString line;
+    while (framer->next(&line))
+        lines.append(line);
+    return lines;
+}
+
+QByteArray allBytesButHashAndNewline()
+{
+    QByteArray bytes;
+    for (int code = 0; code < 256; ++code) {
+        if (code != '#' && code != '\n')
+            bytes.append(char(code));
+    }
+    return bytes;
+}
+
+QString printableLatin1()
+{
+    QString text;
+    for (int code = 0x20; code < 0x100; ++code) {
+        if (code != '#' && (code < 0x7F || (code > 0x9F && code != 0xAD)))
+            text.append(QChar(code));
+    }
+    return text;
+}
+
+} // namespace
+
+class LineFramerTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void frames_data();
+    void frames();
+    void clearForgetsAllBytes();
+    void takesLinesLaterThanFed();
+    void streamWithoutLineEndCostsItsBytesOnce();
+};
+
+void LineFramerTest::frames_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QStringList>("lines");
+    const auto row = [](const char *name, const QByteArray &bytes, const QStringList &lines) {
+        QTest::newRow(name) << bytes << lines;
+    };
+    row("plain", "#06C05__\r\n", {"#06C05__"});
+    row("two in a piece", "#1234\r\n#5678\r\n", {"#1234", "#5678"});
+    row("unfinished", "#1234\n#56", {"#1234"});
+    row("empty lines", "#123\n\n\r\n", {"#123", "", ""});
+    row("rest of a line heard from its middle", "4,0\r\n#1234\n", {"4,0", "#1234"});
+    row("line end first of all", "\n#1234\n", {"", "#1234"});
+    row("no hash at all", "!0012,0034\r\n", {"!0012,0034"});
+    row("what stands before the hash stays", "#0000\nxyz#TEST123456\r\n", {"#0000", "xyz#TEST123456"});
+    row("hash in a line", "#12#3456\n", {"#12#3456"});
+    row("hash does not end its line", "#1234#56\n78\n", {"#1234#561078"});
+
+    row("line end as second byte", "#\x01\nAB\n", {"#0110AB"});
+    row("line end as first byte", "#\nAB\n\n", {"#10AB", ""});
+    row("line end as third byte", "#AB\nC\n", {"#AB10C"});
+    row("line end as fourth byte", "#ABC\n", {"#ABC"});
+    row("three line ends", "#\n\n\n\n", {"#101010"});
+    row("NUL as value", QByteArray("#\0\0\0\0A\n", 7), {"#000000A"});
+    row("carriage return as value", "#A\rB\r\n", {"#A13B"});
+    row("values above 127 are negative", "#\xC8\xFB\x80\xC8\n", {QString::fromLatin1("#-56-5-128\xC8")});
+    row("value 31, then printable, then deleted",
+        "#\x1F \x7F"
+        "A\n",
+        {"#31 A"});
+    row("second hash starts the count anew",
+        "#AB#\x05"
+        "C\n\n",
+        {"#AB#05C10"});
+    row("count goes on past the line end",
+        "#AB\n\n\x05"
+        "C\n",
+        {"#AB10", "C"});
+
+    row("every other byte", "#123" + allBytesButHashAndNewline() + '\n', {"#123" + printableLatin1()});
+    row("four kilobytes", '#' + QByteArray(4095, 'x') + '\n', {'#' + QString(4095, 'x')});
+}
+
+void LineFramerTest::frames()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QStringList, lines);
+    LineFramer whole;
+    QCOMPARE(linesOf(&whole, bytes), lines);
+    for (int piece : {1, 2, 3, 5, 7}) {
+        LineFramer framer;
+        QStringList found;
+        for (int at = 0; at < bytes.size(); at += piece)
+            found += linesOf(&framer, bytes.mid(at, piece));
+        QCOMPARE(found, lines);
+    }
+    for (int cut = 0; cut <= qMin(bytes.size(), 300); ++cut) {
+        LineFramer framer;
+        QStringList found = linesOf(&framer, bytes.left(cut));
+        found += linesOf(&framer, bytes.mid(cut));
+        QCOMPARE(found, lines);
+    }
+}
+
+void LineFramerTest::clearForgetsAllBytes()
+{
+    LineFramer framer;
+    framer.feed("#1234\n#56");
+    QString line;
+    QVERIFY(framer.next(&line));
+    framer.clear();
+    QVERIFY(!framer.next(&line));
+    QCOMPARE(linesOf(&framer, "\n789\n"), QStringList({"", "789"}));
+}
+
+// A reader takes bytes in while it is handling a line.
+void LineFramerTest::takesLinesLaterThanFed()
+{
+    LineFramer framer;
+    framer.feed("#first\n#sec");
+    QString line;
+    QVERIFY(framer.next(&line));
+    QCOMPARE(line, QStringLiteral("#first"));
+    framer.feed("ond\n#third\n");
+    QVERIFY(framer.next(&line));
+    QCOMPARE(line, QStringLiteral("#second"));
+    QVERIFY(framer.next(&line));
+    QCOMPARE(line, QStringLiteral("#third"));
+    QVERIFY(!framer.next(&line));
+}
+
+// Any step over the whole unfinished line for each piece would take minutes.
+void LineFramerTest::streamWithoutLineEndCostsItsBytesOnce()
+{
+    const int pieces = 400000;
+    const QByteArray piece("0123456789012345678901234567890123456789\r\r\r\r\r\r\r\r\r\r");
+    LineFramer framer;
+    QString line;
+    QElapsedTimer clock;
+    clock.start();
+    for (int i = 0; i < pieces; ++i) {
+        framer.feed(piece);
+        QVERIFY(!framer.next(&line));
+    }
+    framer.feed("\n");
+    QVERIFY(framer.next(&line));
+    QCOMPARE(line.size(), pieces * 40);
+    QVERIFY2(clock.elapsed() < 10000, qPrintable(QString::number(clock.elapsed())));
+}
+
+QTEST_APPLESS_MAIN(LineFramerTest)
+#include "tst_lineframer.moc"
