@@ -51,6 +51,14 @@ def read_includes(src):
             for p in files}
 
 
+def resolve(src, name):
+    """The files that a name in a list stands for: one of each system's where a variable is part of it."""
+    if "$" not in name:
+        return [name]
+    pattern = re.sub(r"\$\{\w+\}", "*", name)
+    return [] if pattern.startswith("*") else [p.relative_to(src).as_posix() for p in src.glob(pattern)]
+
+
 def read_libraries(src):
     """path -> library, from the lists in CMake; a variable stands for whatever any branch sets it to"""
     owners = {"app/main.cpp": LIBRARIES[-1]} if (src / "app/main.cpp").exists() else {}
@@ -61,7 +69,8 @@ def read_libraries(src):
             variables.setdefault(f"${{{variable}}}", []).extend(value.split())
         for library, names in re.findall(r"target_sources\(\s*(\w+)\s+PRIVATE([^)]*)\)", text):
             for name in names.split():
-                owners.update((path, library) for path in variables.get(name, [name]) if "$" not in path)
+                paths = variables.get(name) or resolve(src, name)
+                owners.update((path, library) for path in paths if "$" not in path)
     return owners
 
 
