@@ -17,6 +17,7 @@ public:
     /// Ports that exist now count as known. Watching starts at once.
     explicit PortWatcher(QObject *parent = nullptr);
 
+public slots:
     /// The device behind `name` was seen to go away: after a second the port is reported as removed, and as arrived
     /// when a port of that name is still or again there. Without it a quick replug might pass unseen.
     void noteLost(const QString &name);
