@@ -1,0 +1,182 @@
+#include "app/actionset.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QFont>
+#include <QIcon>
+#include <QKeySequence>
+
+namespace {
+
+enum Receiver { Nobody, Window, MdiArea, Application };
+enum Flag : unsigned { Plain = 0, Checkable = 1, Checked = 2, Disabled = 4, BoldText = 8 };
+
+struct ActionRow {
+    ActionId id;
+    const char *text;
+    const char *icon; ///< name below ":/Icons/", or null
+    const char *tip; ///< tool tip of a checkable action, status tip of any other
+    QKeySequence::StandardKey key;
+    Receiver receiver;
+    const char *slot;
+    unsigned flags;
+};
+
+#define TEXT(text) QT_TRANSLATE_NOOP("MainWindow", text)
+
+constexpr auto noKey = QKeySequence::UnknownKey;
+constexpr unsigned figureSwitch = Checkable | BoldText;
+
+const ActionRow rows[] = {
+    {ActionId::Open, TEXT("Open file"), "open.png", TEXT("Read data from file."), QKeySequence::Open, Window,
+        SLOT(openFile()), Plain},
+    {ActionId::SaveAs, TEXT("Save as"), "save.png", TEXT("Save data to file."), QKeySequence::Save, Window,
+        SLOT(saveFile()), Plain},
+    {ActionId::SaveSession, TEXT("Save sesion"), "saveAll.png", TEXT("Save all data as one session"),
+        QKeySequence::SaveAs, Window, SLOT(saveSesion()), Plain},
+    {ActionId::Preferences, TEXT("Preferences"), "preferences.png", TEXT("Aplications preferences."),
+        QKeySequence::Preferences, Window, SLOT(preferences()), Checked},
+    {ActionId::Exit, TEXT("E&xit"), "exit.png", TEXT("Exit the application."), QKeySequence::Quit,
+        Application, SLOT(closeAllWindows()), Plain},
+    {ActionId::Black, TEXT("Black"), nullptr, TEXT("Background color black."), noKey, Window,
+        SLOT(setBlackBack()), Plain},
+    {ActionId::White, TEXT("White"), nullptr, TEXT("Background color white."), noKey, Window,
+        SLOT(setWhiteBack()), Plain},
+    {ActionId::Close, TEXT("Cl&ose"), nullptr, TEXT("Close the active window"), noKey, MdiArea,
+        SLOT(closeActiveSubWindow()), Plain},
+    {ActionId::CloseAll, TEXT("Close &All"), nullptr, TEXT("Close all the windows"), noKey, MdiArea,
+        SLOT(closeAllSubWindows()), Plain},
+    {ActionId::Tile, TEXT("&Tile"), "tile.png", TEXT("Tile the windows"), noKey, MdiArea,
+        SLOT(tileSubWindows()), Plain},
+    {ActionId::Cascade, TEXT("&Cascade"), "stack.png", TEXT("Cascade the windows"), noKey, MdiArea,
+        SLOT(cascadeSubWindows()), Plain},
+    {ActionId::Next, TEXT("Ne&xt"), nullptr, TEXT("Move the focus to the next window"),
+        QKeySequence::NextChild, MdiArea, SLOT(activateNextSubWindow()), Plain},
+    {ActionId::Previous, TEXT("Pre&vious"), nullptr, TEXT("Move the focus to the previous window"),
+        QKeySequence::PreviousChild, MdiArea, SLOT(activatePreviousSubWindow()), Plain},
+    {ActionId::Recording, TEXT("Recording"), "record.png", TEXT("Recording data from com port."), noKey,
+        Window, SLOT(recording()), Plain},
+    {ActionId::PrintCapacity, TEXT("Capacity comparison"), nullptr, TEXT("Print capacity comparison."), noKey,
+        Window, SLOT(printCapComp()), Plain},
+    {ActionId::PrintVoltage, TEXT("Voltage comparison"), nullptr, TEXT("Print voltage comparison."), noKey,
+        Window, SLOT(printVolComp()), Plain},
+    {ActionId::PrintBars, TEXT("Bar display"), nullptr, TEXT("Print bar display."), noKey, Window,
+        SLOT(printBarDisplay()), Plain},
+    {ActionId::PrintPlot, TEXT("Active plot"), nullptr, TEXT("Print active plot."), noKey, Window,
+        SLOT(printActivePlot()), Plain},
+    {ActionId::Separator, nullptr, nullptr, nullptr, noKey, Nobody, nullptr, Plain},
+    {ActionId::About, TEXT("&About"), nullptr, TEXT("Show the application's About box"), noKey, Window,
+        SLOT(about()), Plain},
+    {ActionId::AboutQt, TEXT("About &Qt"), nullptr, TEXT("Show the Qt library's About box"), noKey,
+        Application, SLOT(aboutQt()), Plain},
+    {ActionId::SetTime, TEXT("Set time"), "clock-icon.png", TEXT("Set time."), noKey, Window,
+        SLOT(sendTime()), Plain},
+    {ActionId::Data, TEXT(" DATA "), "data.png", "Show/hide display", noKey, Window, SLOT(toolBarData(bool)),
+        Checkable},
+    {ActionId::Graph, TEXT("Graph"), "wyk.png", "Show/hide graph", noKey, Window, SLOT(toolBarGraph(bool)),
+        Checkable},
+    {ActionId::BarGraph, TEXT("Bar Graph"), "wykbar.png", "Show/hide bar graph", noKey, Window,
+        SLOT(toolBarBarGraph(bool)), Checkable},
+    {ActionId::Temperature, TEXT(" T "), nullptr, "Show/hide themparature", noKey, Window,
+        SLOT(toolBarTemp(bool)), figureSwitch | Checked},
+    {ActionId::Delta, TEXT("  dV "), nullptr, "Show/hide dV", noKey, Window, SLOT(toolBarDelta(bool)),
+        figureSwitch | Checked},
+    {ActionId::Resistance, TEXT(" Rw "), nullptr, "Show/hide cells internal resistance", noKey, Window,
+        SLOT(toolBarRw(bool)), figureSwitch | Checked},
+    {ActionId::Balancer, TEXT(" B "), nullptr, "Balancer/Charger plot", noKey, Window,
+        SLOT(toolBarBalancer(bool)), figureSwitch},
+    {ActionId::Average, TEXT(" Avg "), nullptr, "Cells/MinMax plot", noKey, Window, SLOT(toolBarAvg(bool)),
+        figureSwitch},
+    {ActionId::SelectedCells, TEXT(" S "), nullptr, "Select cells", noKey, Window,
+        SLOT(toolBarSelectedCells()), figureSwitch | Disabled},
+    {ActionId::Power, TEXT(" P% "), nullptr, "Show/hide power balancer", noKey, Window,
+        SLOT(toolBarPower(bool)), figureSwitch | Disabled},
+    {ActionId::Energy, TEXT(" Vc "), nullptr, "Cells energy/voltage/internal cel resistance", noKey, Window,
+        SLOT(toolBarEnergy(bool)), figureSwitch | Disabled},
+    {ActionId::StopProcess, TEXT("Stop process"), "stop_sign.png", TEXT("Stop process."), noKey, Window,
+        SLOT(toolBarStop()), Plain},
+};
+
+#undef TEXT
+
+static_assert(sizeof rows / sizeof rows[0] == size_t(ActionId::Count), "one row an action");
+
+QString translated(const char *text)
+{
+    return QCoreApplication::translate("MainWindow", text);
+}
+
+void describe(QAction *action, const ActionRow &row)
+{
+    action->setText(translated(row.text));
+    if (row.icon)
+        action->setIcon(QIcon(QStringLiteral(":/Icons/") + QLatin1String(row.icon)));
+    if (row.flags & Checkable)
+        action->setToolTip(QString::fromLatin1(row.tip));
+    else
+        action->setStatusTip(translated(row.tip));
+    if (row.key != noKey)
+        action->setShortcuts(row.key);
+    if (row.flags & BoldText)
+        action->setFont(QFont(QStringLiteral("Arial"), 10, QFont::Bold));
+    action->setCheckable(row.flags & Checkable);
+    action->setChecked(row.flags & Checked);
+    action->setEnabled(!(row.flags & Disabled));
+}
+
+/// A checkable action tells its slot the new state where the slot asks for it.
+const char *signalFor(const ActionRow &row)
+{
+    return QByteArray(row.slot).endsWith("(bool)") ? SIGNAL(triggered(bool)) : SIGNAL(triggered());
+}
+
+} // namespace
+
+ActionSet::ActionSet(QObject *window, QObject *mdiArea)
+    : QObject(window)
+{
+    QObject *const receivers[] = {nullptr, window, mdiArea, qApp};
+    for (const ActionRow &row : rows) {
+        auto *action = new QAction(this);
+        m_actions[size_t(row.id)] = action;
+        if (!row.text) {
+            action->setSeparator(true);
+            continue;
+        }
+        describe(action, row);
+        connect(action, signalFor(row), receivers[row.receiver], row.slot);
+    }
+}
+
+bool ActionSet::isChecked(ActionId id) const
+{
+    return (*this)[id]->isChecked();
+}
+
+void ActionSet::setChecked(ActionId id, bool checked) const
+{
+    (*this)[id]->setChecked(checked);
+}
+
+void ActionSet::setText(ActionId id, const QString &text) const
+{
+    (*this)[id]->setText(text);
+}
+
+void ActionSet::setEnabled(ActionId id, bool enabled) const
+{
+    (*this)[id]->setEnabled(enabled && !m_withheld.contains((*this)[id]));
+}
+
+void ActionSet::withhold(ActionId id, const QString &reason)
+{
+    m_withheld.insert((*this)[id]);
+    (*this)[id]->setEnabled(false);
+    (*this)[id]->setStatusTip(reason);
+}
+
+void ActionSet::setRangeEnabled(ActionId first, ActionId last, bool enabled) const
+{
+    for (auto id = size_t(first); id <= size_t(last); ++id)
+        setEnabled(ActionId(id), enabled);
+}

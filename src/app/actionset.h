@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QObject>
+#include <QSet>
+
+#include <array>
+
+class QAction;
+
+/// The commands and view switches of the main window, in the order in which they are created.
+enum class ActionId {
+    Open,
+    SaveAs,
+    SaveSession,
+    Preferences,
+    Exit,
+    Black,
+    White,
+    Close,
+    CloseAll,
+    Tile,
+    Cascade,
+    Next,
+    Previous,
+    Recording,
+    PrintCapacity,
+    PrintVoltage,
+    PrintBars,
+    PrintPlot,
+    Separator,
+    About,
+    AboutQt,
+    SetTime,
+    Data, // the view switches: Data to Energy
+    Graph,
+    BarGraph,
+    Temperature,
+    Delta,
+    Resistance,
+    Balancer,
+    Average,
+    SelectedCells,
+    Power,
+    Energy,
+    StopProcess,
+    Count
+};
+
+/// Creates the actions of the main window from one table and connects them to their slots.
+class ActionSet : public QObject {
+    Q_OBJECT
+
+public:
+    /// `window` has the slots of the commands, `mdiArea` those that arrange windows. Both outlive this.
+    ActionSet(QObject *window, QObject *mdiArea);
+
+    QAction *operator[](ActionId id) const { return m_actions[size_t(id)]; }
+    bool isChecked(ActionId id) const;
+    void setChecked(ActionId id, bool checked) const;
+    void setText(ActionId id, const QString &text) const;
+    void setEnabled(ActionId id, bool enabled) const;
+    /// Keeps `id` disabled whatever else is asked; `reason` is its status tip.
+    void withhold(ActionId id, const QString &reason);
+    /// Enables or disables all actions from `first` to `last`, both included.
+    void setRangeEnabled(ActionId first, ActionId last, bool enabled) const;
+
+private:
+    std::array<QAction *, size_t(ActionId::Count)> m_actions = {};
+    QSet<QAction *> m_withheld;
+};

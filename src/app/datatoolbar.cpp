@@ -1,0 +1,81 @@
+#include "app/datatoolbar.h"
+
+#include "data/timetext.h"
+#include "data/varnel3data.h"
+
+#include <QLabel>
+#include <QLocale>
+
+namespace {
+
+constexpr int labelHeight = 28;
+
+QLabel *addLabel(QToolBar *bar, const char *name, int width, const QString &toolTip)
+{
+    auto *label = new QLabel(bar);
+    label->setObjectName(QLatin1String(name));
+    label->setFrameStyle(QFrame::Box);
+    label->setFixedSize(width, labelHeight);
+    label->setAlignment(Qt::AlignCenter);
+    label->setToolTip(toolTip);
+    bar->addWidget(label);
+    return label;
+}
+
+QString modeText(const Varnel3Data &record)
+{
+    // Appended, not chained: a name may hold what looks like a place marker.
+    return Varnel3Data::modeName(record.mode) + QLatin1Char(' ')
+        + QStringLiteral("%1").arg(record.cellCount, 2, 10, QLatin1Char(' ')) + QLatin1Char('x')
+        + Varnel3Data::cellTypeName(record.cellType);
+}
+
+QString energyText(int energy)
+{
+    const int decimals = energy <= 99999 ? 3 : 2;
+    return QStringLiteral("%L1 Ah").arg(energy / 1000.0, 5, 'f', decimals);
+}
+
+QString temperatureText(int temperature)
+{
+    const QChar degree(0x00B0);
+    if (temperature == 0) // no sensor is fitted
+        return QStringLiteral("--%1- %2C").arg(QLocale::system().decimalPoint()).arg(degree);
+    return QStringLiteral("%L1 %2C").arg(temperature / 10.0, 4, 'f', 1).arg(degree);
+}
+
+} // namespace
+
+DataToolBar::DataToolBar(QWidget *parent)
+    : QToolBar(tr("Data Tool Bar"), parent)
+{
+    setObjectName(QStringLiteral("dataToolBar"));
+    setFloatable(false);
+    setMovable(false);
+    modeLabel = addLabel(this, "modeLabel", 120, tr("Mode and cells type"));
+    voltageLabel = addLabel(this, "voltageLabel", 55, tr("Voltage"));
+    currentLabel = addLabel(this, "currentLabel", 60, tr("Current"));
+    temperatureLabel = addLabel(this, "temperatureLabel", 55, tr("Temperature"));
+    energyLabel = addLabel(this, "energyLabel", 75, tr("Energy"));
+    timeLabel = addLabel(this, "timeLabel", 65, tr("Time"));
+}
+
+void DataToolBar::showRecord(const Varnel3Data &record)
+{
+    if (record.cellCount == 0 || record.mode == Varnel3Data::NoMode) {
+        clearFigures();
+        return;
+    }
+    modeLabel->setText(modeText(record));
+    voltageLabel->setText(QStringLiteral("%L1 V").arg(record.voltage / 1000.0, 5, 'f', 2));
+    currentLabel->setText(QStringLiteral("%L1 A").arg(record.current / 1000.0, 5, 'f', 2));
+    temperatureLabel->setText(temperatureText(record.temperature));
+    energyLabel->setText(energyText(record.energy));
+    timeLabel->setText(clockText(record));
+}
+
+void DataToolBar::clearFigures()
+{
+    for (QLabel *label : {modeLabel, voltageLabel, currentLabel, temperatureLabel, energyLabel, timeLabel})
+        label->clear();
+}

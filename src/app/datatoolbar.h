@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QToolBar>
+
+class QLabel;
+class Varnel3Data;
+
+/// Six read-only figures of the newest measurement of the current graph window.
+class DataToolBar : public QToolBar {
+    Q_OBJECT
+
+public:
+    explicit DataToolBar(QWidget *parent);
+
+    /// Shows `record`; one without cells or without a process leaves every figure empty.
+    void showRecord(const Varnel3Data &record);
+    void clearFigures();
+
+private:
+    QLabel *modeLabel;
+    QLabel *voltageLabel;
+    QLabel *currentLabel;
+    QLabel *temperatureLabel;
+    QLabel *energyLabel;
+    QLabel *timeLabel;
+};

@@ -1,0 +1,69 @@
+#include "app/shellmenus.h"
+
+#include <QCoreApplication>
+#include <QMainWindow>
+#include <QMenu>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace ShellMenus {
+
+namespace {
+
+const MenuEntry gap;
+
+const QVector<MenuEntry> mainToolBar = {ActionId::Open, ActionId::SaveAs, ActionId::Cascade, ActionId::Tile,
+    gap, ActionId::Recording, ActionId::StopProcess, gap, ActionId::Data, ActionId::Graph, ActionId::BarGraph,
+    gap, ActionId::Temperature, ActionId::Delta, ActionId::Resistance, gap, ActionId::Balancer,
+    ActionId::Average, ActionId::SelectedCells, ActionId::Power, MenuEntry(MenuEntry::EnergyButton)};
+
+void addEnergyButton(QToolBar *bar, const ActionSet &actions)
+{
+    auto *button = new QToolButton(bar);
+    button->setObjectName(QStringLiteral("energyAction"));
+    button->setDefaultAction(actions[ActionId::Energy]);
+    bar->addWidget(button);
+}
+
+} // namespace
+
+const QVector<MenuEntry> file
+    = {ActionId::Open, ActionId::SaveAs, ActionId::Preferences, ActionId::SetTime, gap, ActionId::Exit};
+
+const QVector<MenuEntry> background = {ActionId::White, ActionId::Black};
+
+// The separator action goes with the commands on windows; an action stands in a menu once, where it was added last.
+const QVector<MenuEntry> window = {gap, ActionId::Separator, ActionId::Close, ActionId::CloseAll, gap,
+    ActionId::Tile, ActionId::Cascade, gap, ActionId::Next, ActionId::Previous, ActionId::Separator};
+
+const QVector<MenuEntry> print
+    = {ActionId::PrintCapacity, ActionId::PrintVoltage, ActionId::PrintBars, ActionId::PrintPlot};
+
+const QVector<MenuEntry> help = {ActionId::About};
+
+void fill(QMenu *menu, const QVector<MenuEntry> &entries, const ActionSet &actions)
+{
+    for (const MenuEntry &entry : entries) {
+        if (entry.kind == MenuEntry::Gap)
+            menu->addSeparator();
+        else
+            menu->addAction(actions[entry.action]);
+    }
+}
+
+QToolBar *createMainToolBar(QMainWindow *mainWindow, const ActionSet &actions)
+{
+    auto *bar = mainWindow->addToolBar(QCoreApplication::translate("MainWindow", "Main Tool Bar"));
+    bar->setObjectName(QStringLiteral("mainToolBar"));
+    for (const MenuEntry &entry : mainToolBar) {
+        if (entry.kind == MenuEntry::Gap)
+            bar->addSeparator();
+        else if (entry.kind == MenuEntry::EnergyButton)
+            addEnergyButton(bar, actions);
+        else
+            bar->addAction(actions[entry.action]);
+    }
+    return bar;
+}
+
+} // namespace ShellMenus

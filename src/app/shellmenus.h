@@ -1,0 +1,44 @@
+#pragma once
+
+#include "app/actionset.h"
+
+#include <QVector>
+
+class QMainWindow;
+class QMenu;
+class QToolBar;
+class QWidget;
+
+/// One place in a menu or a tool bar.
+struct MenuEntry {
+    enum Kind { Command, Gap, EnergyButton };
+    Kind kind = Gap;
+    ActionId action = ActionId::Separator;
+
+    MenuEntry() = default;
+    MenuEntry(ActionId id) // NOLINT: the tables read as lists of actions
+        : kind(Command)
+        , action(id)
+    {
+    }
+    explicit MenuEntry(Kind k)
+        : kind(k)
+    {
+    }
+};
+
+/// What stands in which menu and tool bar, and the functions that build them from it.
+namespace ShellMenus {
+
+extern const QVector<MenuEntry> file;
+extern const QVector<MenuEntry> background;
+extern const QVector<MenuEntry> window; ///< follows Recording and the background sub-menu
+extern const QVector<MenuEntry> print;
+extern const QVector<MenuEntry> help;
+
+/// Appends `entries` to `menu`.
+void fill(QMenu *menu, const QVector<MenuEntry> &entries, const ActionSet &actions);
+/// The bar of commands and view switches, added to the top of `window`.
+QToolBar *createMainToolBar(QMainWindow *window, const ActionSet &actions);
+
+} // namespace ShellMenus

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QMap>
+#include <QObject>
+
+class QLabel;
+class QStatusBar;
+
+/// Standing facts about ports, each kind a permanent label of the status bar that passing messages do not wipe.
+class StatusFacts : public QObject {
+    Q_OBJECT
+
+public:
+    enum Kind { Lost, Failing, Paused, Unwatched, KindCount };
+
+    /// `bar` outlives this.
+    explicit StatusFacts(QStatusBar *bar);
+
+    /// Names `port` under `kind`; `detail` explains it in the tool tip.
+    void set(Kind kind, const QString &port, const QString &detail = QString());
+    void clear(Kind kind, const QString &port);
+    bool holds(Kind kind, const QString &port) const { return m_facts[kind].contains(port); }
+    QStringList ports(Kind kind) const { return m_facts[kind].keys(); }
+    /// What the label of `kind` says; empty while it is hidden.
+    QString text(Kind kind) const;
+
+private:
+    void refresh(Kind kind);
+
+    QMap<QString, QString> m_facts[KindCount]; // port name to detail
+    QLabel *m_labels[KindCount] = {};
+};
