@@ -1,0 +1,37 @@
+#include "app/figures.h"
+
+#include "app/datatoolbar.h"
+#include "app/displaywindows.h"
+
+Figures::Figures(DataToolBar *dataToolBar, DisplayWindows *displayWindows, QObject *parent)
+    : QObject(parent)
+    , bar(dataToolBar)
+    , displays(displayWindows)
+{
+}
+
+void Figures::show(const Varnel3Data &record, int windowNumber, bool useKeptRi)
+{
+    lastData = record;
+    lastWindow = windowNumber;
+    bar->showRecord(lastData);
+    displays->updateData(lastData, lastWindow, useKeptRi);
+    displays->updatePower(lastData, lastWindow, useKeptRi);
+}
+
+void Figures::clear()
+{
+    // A record without cells is what empties them all.
+    show(Varnel3Data(), -1, false);
+}
+
+void Figures::resendToDataDisplay()
+{
+    displays->updateData(lastData, lastWindow, false);
+}
+
+void Figures::resendToDisplays(int windowNumber)
+{
+    displays->updateData(lastData, windowNumber, false);
+    displays->updatePower(lastData, windowNumber, false);
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "data/varnel3data.h"
+
+#include <QObject>
+
+class DataToolBar;
+class DisplayWindows;
+
+/// Hands the newest record of the current graph window to the data tool bar and the display windows, and keeps it so
+/// that it can be shown again after a switch.
+class Figures : public QObject {
+    Q_OBJECT
+
+public:
+    /// Both outlive this.
+    Figures(DataToolBar *bar, DisplayWindows *displays, QObject *parent);
+
+    /// Shows `record` of graph window `windowNumber` (-1: none). `useKeptRi` keeps cell resistances shown before.
+    void show(const Varnel3Data &record, int windowNumber, bool useKeptRi);
+    /// Nothing is current: every figure empty.
+    void clear();
+    void resendToDataDisplay();
+    /// To the data display and the bar display, under another window number.
+    void resendToDisplays(int windowNumber);
+
+private:
+    DataToolBar *bar;
+    DisplayWindows *displays;
+    Varnel3Data lastData;
+    int lastWindow = -1;
+};

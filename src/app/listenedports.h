@@ -1,0 +1,78 @@
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+#include <QVector>
+
+class MdiGraphChild;
+class PortQuestions;
+class PortRetries;
+class SerialReader;
+class ShellReaderHost;
+class StatusFacts;
+class QWidget;
+
+/// The serial readers, one a listened port: when they come and go, and what the status bar says about it.
+class ListenedPorts : public QObject {
+    Q_OBJECT
+
+public:
+    /// `shell` is the parent of readers and boxes. All outlive this.
+    ListenedPorts(QWidget *shell, ShellReaderHost *host, StatusFacts *facts);
+    ~ListenedPorts() override;
+
+    const QVector<SerialReader *> &readers() const { return m_readers; }
+    QStringList portNames() const;
+    SerialReader *readerFor(const QString &portName) const;
+    /// The reader that feeds `active`, where one does; else every reader.
+    QVector<SerialReader *> readersFor(const MdiGraphChild *active) const;
+    bool isListening() const { return listening; }
+    void setListening(bool on) { listening = on; }
+    QString paused() const { return pendingPort; }
+
+    /// Notes the "COM" ports that exist now: they are never treated as new.
+    void noteStartupPorts();
+    void startRecording();
+    void stopRecording();
+    /// Pauses the port that feeds `active` (may be null), or resumes the paused one.
+    void pauseOrResume(MdiGraphChild *active);
+    /// After the preferences: listens on `ports` and no other.
+    void synchronise(const QStringList &ports);
+    /// A port of the host came or went.
+    void arrive(const QString &portName, const QString &description);
+    void leave(const QString &portName, const QString &description);
+    /// At exit: closes every port, without a word.
+    void closeAll();
+
+signals:
+    void message(const QString &text, int timeout);
+    /// Which ports are listened on has changed.
+    void changed();
+
+private slots:
+    void onAnswered(const QString &portName, bool remember);
+    void onRetry(const QString &portName, bool last);
+    void onLost(const QString &portName);
+
+private:
+    enum Failure { Tell, Ignore };
+
+    /// Creates and opens the reader of `portName`; false when it can't be opened.
+    bool listenOn(const QString &portName, Failure failure = Tell);
+    void listenOnArrival(const QString &portName);
+    /// Closes the reader's port and takes it out of the list. `later`: the reader may be running.
+    void remove(SerialReader *reader, bool later);
+    void forgetTroubleExcept(const QStringList &wanted);
+    void pause(MdiGraphChild *active);
+    void resume();
+
+    QWidget *shell;
+    ShellReaderHost *host;
+    StatusFacts *facts;
+    PortQuestions *questions;
+    PortRetries *retries;
+    QVector<SerialReader *> m_readers;
+    QString pendingPort; ///< port of the paused graph window; empty when none
+    QStringList startupPorts;
+    bool listening = false;
+};

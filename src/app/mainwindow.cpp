@@ -1,0 +1,428 @@
+#include "app/mainwindow.h"
+
+#include "app/actionset.h"
+#include "app/datatoolbar.h"
+#include "app/deskarea.h"
+#include "app/devicecommands.h"
+#include "app/displaywindows.h"
+#include "app/figures.h"
+#include "app/graphwindows.h"
+#include "app/listenedports.h"
+#include "app/shellmenus.h"
+#include "app/shellreaderhost.h"
+#include "app/statusfacts.h"
+#include "app/viewswitchboard.h"
+#include "dialogs/dialogpreferences.h"
+#include "graph/mdigraphchild.h"
+#include "ports/portwatcher.h"
+#include "settings/varnelsettings.h"
+#include "settings/viewstate.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QScreen>
+#include <QStatusBar>
+#include <QTimer>
+
+namespace {
+
+constexpr QSize firstSize(1180, 760); // before a size was ever saved
+
+} // namespace
+
+MainWindow::MainWindow()
+{
+    createParts();
+    createMenus();
+    createToolBars();
+    createStatusBar();
+    connectParts();
+    updateMenus();
+    setWindowIcon(QIcon(QStringLiteral(":/Icons/varnel.png")));
+    setUnifiedTitleAndToolBarOnMac(true);
+    readSettings();
+    switches->disableViews();
+    ports->noteStartupPorts();
+    refreshHint();
+    QTimer::singleShot(0, this, SLOT(recordingOnStart()));
+    setWindowTitle(tr("Varnel Graph %1").arg(QCoreApplication::applicationVersion()));
+}
+
+// Readers first, then graph windows: each tells those that it talks to, which must still be there.
+MainWindow::~MainWindow()
+{
+    ports->closeAll();
+    graphs->setEnding();
+    delete mdiArea;
+}
+
+void MainWindow::createParts()
+{
+    state = new ViewState(this);
+    displays = new DisplayWindows(this, state);
+    mdiArea = new DeskArea(this);
+    setCentralWidget(mdiArea);
+    windowMapper = new QSignalMapper(this);
+    actions = new ActionSet(this, mdiArea);
+    dataToolBar = new DataToolBar(this);
+    figures = new Figures(dataToolBar, displays, this);
+    switches = new ViewSwitchboard(actions, state, displays, figures, this);
+    graphs = new GraphWindows(this, mdiArea, state, displays, figures);
+    facts = new StatusFacts(statusBar());
+    readerHost = new ShellReaderHost(this, graphs, facts);
+    ports = new ListenedPorts(this, readerHost, facts);
+    watcher = new PortWatcher(this);
+    withholdUnbuilt();
+}
+
+void MainWindow::withholdUnbuilt()
+{
+    for (ActionId id : {ActionId::Open, ActionId::SaveAs, ActionId::PrintCapacity, ActionId::PrintVoltage,
+             ActionId::PrintBars, ActionId::PrintPlot, ActionId::About, ActionId::Data, ActionId::Graph,
+             ActionId::BarGraph, ActionId::Power})
+        actions->withhold(id, tr("Comes with a later version."));
+}
+
+void MainWindow::createMenus()
+{
+    fileMenu = menuBar()->addMenu(tr("&File"));
+    ShellMenus::fill(fileMenu, ShellMenus::file, *actions);
+    windowMenu = menuBar()->addMenu(tr("&Window"));
+    updateWindowMenu();
+    ShellMenus::fill(menuBar()->addMenu(tr("&Print")), ShellMenus::print, *actions);
+    menuBar()->addSeparator();
+    helpMenu = menuBar()->addMenu(tr("&Help"));
+    ShellMenus::fill(helpMenu, ShellMenus::help, *actions);
+}
+
+void MainWindow::createToolBars()
+{
+    ShellMenus::createMainToolBar(this, *actions);
+    addToolBar(dataToolBar);
+}
+
+void MainWindow::createStatusBar()
+{
+    statusBar()->showMessage(tr("Ready"));
+}
+
+void MainWindow::connectParts()
+{
+    connect(windowMapper, SIGNAL(mapped(QWidget *)), this, SLOT(setActiveSubWindow(QWidget *)));
+    connect(windowMenu, SIGNAL(aboutToShow()), this, SLOT(updateWindowMenu()));
+    connect(mdiArea, SIGNAL(subWindowActivated(QMdiSubWindow *)), this, SLOT(updateMenus()));
+    connect(graphs, SIGNAL(currentChanged()), this, SLOT(updateMenus()));
+    connect(graphs, SIGNAL(opened()), switches, SLOT(enableViews()));
+    connect(switches, SIGNAL(repaintNeeded()), this, SLOT(repaintAllWindows()));
+    connect(switches, SIGNAL(switched()), this, SIGNAL(toolBarChanged()));
+    connect(displays, SIGNAL(dataClosed()), switches, SLOT(dataClosed()));
+    connect(displays, SIGNAL(capacityClosed()), switches, SLOT(barGraphClosed()));
+    connect(displays, SIGNAL(voltageClosed()), switches, SLOT(graphClosed()));
+    connect(displays, SIGNAL(powerClosed()), switches, SLOT(powerClosed()));
+    connect(ports, SIGNAL(changed()), this, SLOT(refreshHint()));
+    connect(readerHost, SIGNAL(lost(QString)), watcher, SLOT(noteLost(QString)));
+    connect(watcher, SIGNAL(arrived(PortInfo)), this, SLOT(portArrived(PortInfo)));
+    connect(watcher, SIGNAL(removed(PortInfo)), this, SLOT(portRemoved(PortInfo)));
+}
+
+void MainWindow::readSettings()
+{
+    const VarnelSettings settings;
+    resize(firstSize.boundedTo(screen()->availableSize()));
+    restoreGeometry(settings.value(QStringLiteral("mainwindow/geometry"), QByteArray()).toByteArray());
+    restoreState(settings.value(QStringLiteral("mainwindow/state"), QByteArray()).toByteArray());
+    displays->readPlaces(settings);
+    if (settings.value(QStringLiteral("mainwindow/black"), true).toBool())
+        setBlackBack();
+    else
+        setWhiteBack();
+}
+
+void MainWindow::writeSettings() const
+{
+    VarnelSettings settings;
+    settings.setValue(QStringLiteral("mainwindow/size"), size());
+    settings.setValue(QStringLiteral("mainwindow/pos"), pos());
+    settings.setValue(QStringLiteral("mainwindow/state"), saveState());
+    settings.setValue(QStringLiteral("mainwindow/geometry"), saveGeometry());
+    settings.setValue(QStringLiteral("mainwindow/black"), state->switches().blackBackground);
+    displays->writePlaces(&settings);
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    writeSettings();
+    graphs->setEnding();
+    mdiArea->closeAllSubWindows();
+    ports->closeAll();
+    event->accept();
+}
+
+MdiGraphChild *MainWindow::activeMdiChild() const
+{
+    return graphs->current();
+}
+
+int MainWindow::activeWindowNumber() const
+{
+    return graphs->currentNumber();
+}
+
+QList<MdiGraphChild *> MainWindow::mdiChildren() const
+{
+    return graphs->all();
+}
+
+MdiGraphChild *MainWindow::createMdiChild()
+{
+    return graphs->create();
+}
+
+void MainWindow::setWhiteBack()
+{
+    mdiArea->setBlack(false);
+    switches->setBlackBackground(false);
+}
+
+void MainWindow::setBlackBack()
+{
+    mdiArea->setBlack(true);
+    switches->setBlackBackground(true);
+}
+
+void MainWindow::updateMenus()
+{
+    const bool hasChild = activeMdiChild() != nullptr;
+    for (ActionId id : {ActionId::SaveAs, ActionId::SaveSession, ActionId::Close, ActionId::CloseAll,
+             ActionId::Tile, ActionId::Cascade, ActionId::Next, ActionId::Previous})
+        actions->setEnabled(id, hasChild);
+    (*actions)[ActionId::Separator]->setVisible(hasChild);
+}
+
+void MainWindow::updateWindowMenu()
+{
+    windowMenu->clear();
+    windowMenu->addAction((*actions)[ActionId::Recording]);
+    backgroundMenu = std::make_unique<QMenu>(tr("Background color"));
+    ShellMenus::fill(backgroundMenu.get(), ShellMenus::background, *actions);
+    windowMenu->addMenu(backgroundMenu.get());
+    ShellMenus::fill(windowMenu, ShellMenus::window, *actions);
+}
+
+void MainWindow::printCapComp()
+{
+    displays->printCapacity();
+}
+
+void MainWindow::printVolComp()
+{
+    displays->printVoltage();
+}
+
+void MainWindow::printBarDisplay()
+{
+    displays->printPower();
+}
+
+void MainWindow::printActivePlot()
+{
+    if (!activeMdiChild())
+        showMessageStatusBar(tr("There is no graph window to print."), 5000);
+}
+
+void MainWindow::startRecording()
+{
+    ports->startRecording();
+}
+
+void MainWindow::stopRecording()
+{
+    ports->stopRecording();
+}
+
+void MainWindow::updateData(Varnel3Data &record, int nrWin, bool updateRic)
+{
+    const QMutexLocker lock(&dataMutex);
+    figures->show(record, nrWin, updateRic);
+}
+
+void MainWindow::showMessageStatusBar(QString message, int timeout)
+{
+    statusBar()->showMessage(message, timeout);
+}
+
+void MainWindow::repaintAllWindows()
+{
+    graphs->repaintAll();
+}
+
+void MainWindow::renumerateWindows()
+{
+    const bool graph = actions->isChecked(ActionId::Graph);
+    displays->showVoltage(false);
+    graphs->renumber();
+    if (graphs->isEmpty()) {
+        switches->disableViews();
+    } else if (graph) {
+        actions->setChecked(ActionId::Graph, true);
+        switches->publish();
+        displays->showVoltage(true);
+    }
+    repaintAllWindows();
+}
+
+void MainWindow::updateCapacity(int, char, int, int) { }
+
+void MainWindow::updateVoltage()
+{
+    displays->updateVoltage();
+}
+
+void MainWindow::onPlayUserMP3() { }
+
+void MainWindow::endProcess(int) { }
+
+void MainWindow::endProcessMessage() { }
+
+void MainWindow::openFile() { }
+
+void MainWindow::saveFile() { }
+
+void MainWindow::saveSesion() { }
+
+void MainWindow::about() { }
+
+void MainWindow::sendTime()
+{
+    setCursor(Qt::WaitCursor);
+    DeviceCommands::setTime(ports->readersFor(activeMdiChild()));
+    unsetCursor();
+}
+
+void MainWindow::preferences()
+{
+    DialogPreferences dialog(this);
+    if (dialog.exec() == QDialog::Accepted)
+        ports->synchronise(VarnelSettings().ports());
+}
+
+void MainWindow::setActiveSubWindow(QWidget *window)
+{
+    if (auto *subWindow = qobject_cast<QMdiSubWindow *>(window))
+        mdiArea->setActiveSubWindow(subWindow);
+}
+
+void MainWindow::recording()
+{
+    ports->pauseOrResume(activeMdiChild());
+}
+
+void MainWindow::recording(bool start)
+{
+    ports->setListening(start);
+    if (start)
+        startRecording();
+    else
+        stopRecording();
+}
+
+void MainWindow::toolBarData(bool checked)
+{
+    switches->showData(checked);
+}
+
+void MainWindow::toolBarBarGraph(bool checked)
+{
+    switches->showBarGraph(checked);
+}
+
+void MainWindow::toolBarGraph(bool checked)
+{
+    switches->showGraph(checked);
+}
+
+void MainWindow::toolBarTemp(bool)
+{
+    switches->showCurve();
+}
+
+void MainWindow::toolBarDelta(bool checked)
+{
+    switches->cycleDelta(checked);
+}
+
+void MainWindow::toolBarRw(bool)
+{
+    switches->showCurve();
+}
+
+void MainWindow::toolBarBalancer(bool checked)
+{
+    switches->switchBalancer(checked);
+}
+
+void MainWindow::toolBarAvg(bool checked)
+{
+    switches->switchAverage(checked);
+}
+
+void MainWindow::toolBarSelectedCells()
+{
+    switches->cycleCells();
+}
+
+void MainWindow::toolBarPower(bool checked)
+{
+    switches->showPower(checked);
+}
+
+void MainWindow::toolBarEnergy(bool)
+{
+    switches->cycleEnergy(activeMdiChild() ? activeWindowNumber() : -1);
+}
+
+void MainWindow::recordingOnStart()
+{
+    showMessageStatusBar(tr("Start listening on ports..."));
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    recording(true);
+}
+
+void MainWindow::toolBarStop()
+{
+    if (!DeviceCommands::stopProcess(activeMdiChild(), ports->readers()))
+        showMessageStatusBar(tr("Choose the window of the device whose process is to be stopped."), 5000);
+}
+
+void MainWindow::onDeviceDiscovered(QSerialPortInfo portInfo)
+{
+    ports->arrive(portInfo.portName(), portInfo.description());
+}
+
+void MainWindow::onDeviceRemoved(QSerialPortInfo portInfo)
+{
+    ports->leave(portInfo.portName(), portInfo.description());
+}
+
+void MainWindow::portArrived(const PortInfo &port)
+{
+    ports->arrive(port.name, port.description);
+}
+
+void MainWindow::portRemoved(const PortInfo &port)
+{
+    ports->leave(port.name, port.description);
+}
+
+void MainWindow::refreshHint()
+{
+    const QStringList names = ports->portNames();
+    const QString files = tr("Saved recordings: File > Open file, or drop them here.");
+    const QString hint = names.isEmpty()
+        ? tr("No port is listened on\nChoose the ports of your devices: File > Preferences.")
+        : tr("Listening on %1\nA window opens as soon as a device sends.")
+              .arg(names.join(QStringLiteral(", ")));
+    mdiArea->setHint(hint + QLatin1Char('\n') + files);
+}

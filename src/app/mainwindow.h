@@ -1,0 +1,140 @@
+#pragma once
+
+#include "data/varnel3data.h"
+
+#include <QMainWindow>
+#include <QMutex>
+#include <QSerialPortInfo>
+#include <QSignalMapper>
+
+#include <memory>
+
+struct PortInfo;
+class ActionSet;
+class DataToolBar;
+class DeskArea;
+class DisplayWindows;
+class Figures;
+class GraphWindows;
+class ListenedPorts;
+class MdiGraphChild;
+class PortWatcher;
+class ShellReaderHost;
+class StatusFacts;
+class ViewState;
+class ViewSwitchboard;
+
+/// The program's window: builds and wires what it is made of. Its slots hand the work to the helpers that do it.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    MainWindow();
+    ~MainWindow() override;
+
+    /// The current graph window, or null.
+    MdiGraphChild *activeMdiChild() const;
+    /// Number of the current graph window, or 0.
+    int activeWindowNumber() const;
+    /// Every graph window in the order of opening.
+    QList<MdiGraphChild *> mdiChildren() const;
+    /// A new graph window, placed and current.
+    MdiGraphChild *createMdiChild();
+
+    const ActionSet &actionSet() const { return *actions; }
+    const ListenedPorts &listenedPorts() const { return *ports; }
+    const StatusFacts &statusFacts() const { return *facts; }
+    const ViewState &viewState() const { return *state; }
+
+signals:
+    /// After every view switch.
+    void toolBarChanged();
+
+public slots:
+    void setWhiteBack();
+    void setBlackBack();
+    void updateMenus();
+    void updateWindowMenu();
+    void printCapComp();
+    void printVolComp();
+    void printBarDisplay();
+    void printActivePlot();
+    void startRecording();
+    void stopRecording();
+    /// Shows the figures of `record`, one of graph window `nrWin`, in the tool bar and the displays.
+    void updateData(Varnel3Data &record, int nrWin = -1, bool updateRic = false);
+    /// Shows `message` for `timeout` ms; 0 keeps it until the next one.
+    void showMessageStatusBar(QString message, int timeout = 0);
+    void repaintAllWindows();
+    void renumerateWindows();
+    /// Does nothing: the capacity comparison asks for its entries itself.
+    void updateCapacity(int cap, char mode, int inf, int id);
+    void updateVoltage();
+    void onPlayUserMP3();
+    void endProcess(int mPlayEndId);
+    void endProcessMessage();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private slots:
+    void openFile();
+    void saveFile();
+    /// Does nothing.
+    void saveSesion();
+    void about();
+    void sendTime();
+    void preferences();
+    void setActiveSubWindow(QWidget *window);
+    void recording();
+    void recording(bool start);
+    void toolBarData(bool checked);
+    void toolBarBarGraph(bool checked);
+    void toolBarGraph(bool checked);
+    void toolBarTemp(bool checked);
+    void toolBarDelta(bool checked);
+    void toolBarRw(bool checked);
+    void toolBarBalancer(bool checked);
+    void toolBarAvg(bool checked);
+    void toolBarSelectedCells();
+    void toolBarPower(bool checked);
+    void toolBarEnergy(bool checked);
+    void recordingOnStart();
+    void toolBarStop();
+    void onDeviceDiscovered(QSerialPortInfo portInfo);
+    void onDeviceRemoved(QSerialPortInfo portInfo);
+    /// As onDeviceDiscovered() and onDeviceRemoved(), for ports that the system's own list may not hold.
+    void portArrived(const PortInfo &port);
+    void portRemoved(const PortInfo &port);
+    void refreshHint();
+
+private:
+    void createParts();
+    void withholdUnbuilt();
+    void createMenus();
+    void createToolBars();
+    void createStatusBar();
+    void connectParts();
+    void readSettings();
+    void writeSettings() const;
+
+    DeskArea *mdiArea;
+    QSignalMapper *windowMapper;
+    QMenu *windowMenu;
+    QMenu *fileMenu;
+    QMenu *helpMenu;
+    std::unique_ptr<QMenu> backgroundMenu; ///< in the window menu, made anew with it
+    DataToolBar *dataToolBar;
+    QMutex dataMutex; ///< held while the newest record is shown, and while the end notice is taken away
+
+    ActionSet *actions;
+    ViewState *state;
+    DisplayWindows *displays;
+    Figures *figures;
+    ViewSwitchboard *switches;
+    GraphWindows *graphs;
+    StatusFacts *facts;
+    ShellReaderHost *readerHost;
+    ListenedPorts *ports;
+    PortWatcher *watcher;
+};

@@ -1,0 +1,60 @@
+#include "app/portquestions.h"
+
+#include <QMessageBox>
+
+#include <algorithm>
+
+PortQuestions::PortQuestions(QWidget *parentWindow)
+    : QObject(parentWindow)
+    , window(parentWindow)
+{
+}
+
+void PortQuestions::ask(const QString &portName, const QString &description)
+{
+    const auto samePort = [&portName](const Question &question) { return question.portName == portName; };
+    if (std::any_of(waiting.cbegin(), waiting.cend(), samePort))
+        return;
+    waiting.enqueue({portName, description.isEmpty() ? portName : description});
+    showNext();
+}
+
+void PortQuestions::withdraw(const QString &portName)
+{
+    for (int i = waiting.size() - 1; i >= 0; --i) {
+        if (waiting[i].portName != portName)
+            continue;
+        waiting.removeAt(i);
+        if (i == 0 && box) {
+            box->disconnect(this);
+            box->close();
+            box->deleteLater();
+            box.clear();
+        }
+    }
+    showNext();
+}
+
+void PortQuestions::onFinished(int result)
+{
+    if (!box)
+        return;
+    box->deleteLater();
+    box.clear();
+    const Question question = waiting.dequeue();
+    emit answered(question.portName, result == QMessageBox::Yes);
+    showNext();
+}
+
+void PortQuestions::showNext()
+{
+    if (box || waiting.isEmpty())
+        return;
+    // The text is not translated: it is the system's own.
+    const QString text = QStringLiteral("Do you want to add a port %1 to the preferences ?");
+    box = new QMessageBox(QMessageBox::Question, tr("Question"), text.arg(waiting.head().description),
+        QMessageBox::Yes | QMessageBox::No, window);
+    box->setObjectName(QStringLiteral("portQuestion"));
+    connect(box, SIGNAL(finished(int)), this, SLOT(onFinished(int)));
+    box->open();
+}

@@ -1,0 +1,76 @@
+#include "app/shellreaderhost.h"
+
+#include "app/devicecommands.h"
+#include "app/graphwindows.h"
+#include "app/statusfacts.h"
+#include "graph/mdigraphchild.h"
+#include "link/recordinglog.h"
+
+#include <QMessageBox>
+
+ShellReaderHost::ShellReaderHost(QWidget *shellWindow, GraphWindows *graphWindows, StatusFacts *statusFacts)
+    : QObject(shellWindow)
+    , shell(shellWindow)
+    , graphs(graphWindows)
+    , facts(statusFacts)
+{
+    connect(this, SIGNAL(message(QString, int)), shell, SLOT(showMessageStatusBar(QString, int)));
+}
+
+RecordingSink *ShellReaderHost::createRecording()
+{
+    return graphs->create();
+}
+
+std::unique_ptr<RecordingLog> ShellReaderHost::createRecordingLog(const QString &portName)
+{
+    facts->clear(StatusFacts::Unwatched, portName);
+    return nullptr;
+}
+
+QString ShellReaderHost::currentTimeText() const
+{
+    return DeviceCommands::currentTimeText();
+}
+
+void ShellReaderHost::showMessageStatusBar(const QString &text, int timeout)
+{
+    emit message(text, timeout);
+}
+
+void ShellReaderHost::portFailed(const QString &portName, const QString &text)
+{
+    facts->set(StatusFacts::Failing, portName, text);
+    QPointer<QMessageBox> &box = boxes[portName];
+    if (!box) {
+        box = new QMessageBox(QMessageBox::Warning, tr("Error"), text, QMessageBox::Ok, shell);
+        box->setObjectName(QStringLiteral("portFailed"));
+        box->setAttribute(Qt::WA_DeleteOnClose);
+        box->setModal(false);
+    }
+    box->setText(text);
+    box->show();
+}
+
+void ShellReaderHost::portLost(const QString &portName)
+{
+    facts->set(StatusFacts::Lost, portName);
+    emit lost(portName);
+}
+
+void ShellReaderHost::recordingUnwatched(const QString &portName)
+{
+    facts->set(StatusFacts::Unwatched, portName);
+}
+
+QObject *ShellReaderHost::processReceiver()
+{
+    return shell;
+}
+
+void ShellReaderHost::forgetFailure(const QString &portName)
+{
+    facts->clear(StatusFacts::Failing, portName);
+    if (QMessageBox *box = boxes.take(portName))
+        box->close();
+}
