@@ -1,0 +1,26 @@
+#pragma once
+
+#include "data/varnel3data.h"
+
+#include <QVector>
+
+/// Records and series as one would write them first: what a rule says is computed anew over the whole recording for
+/// every record.
+class NaiveStore {
+public:
+    void append(const Varnel3Data &record);
+    /// Appends without deriving what takes the whole recording, to get to a length quickly.
+    void appendQuickly(const Varnel3Data &record);
+    const QVector<double> &resistance() const { return m_resistance; }
+
+private:
+    void deriveResistance();
+    void deriveDv();
+
+    QVector<Varnel3Data> m_records;
+    QVector<double> m_time, m_voltage, m_current, m_energy, m_temperature, m_resistance, m_dv;
+    QVector<double> m_cellMin, m_cellMax, m_cellAverage, m_cellDelta;
+    QVector<double> m_cells[Varnel3Data::maxCells];
+    int m_temperatureSum = 0;
+    int m_resistanceSum = 0;
+};
