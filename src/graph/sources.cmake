@@ -1,6 +1,7 @@
 # The store knows no widget and belongs to the core library.
 target_sources(varnel_core PRIVATE
     graph/cellselection.h
+    graph/csvexport.cpp graph/csvexport.h
     graph/plotseries.cpp graph/plotseries.h
     graph/resistancefold.cpp graph/resistancefold.h
     graph/seriesstore.cpp graph/seriesstore.h
