@@ -67,6 +67,11 @@ void RecordingDispatcher::reset()
     m_newProcess = true;
 }
 
+bool RecordingDispatcher::isRecording() const
+{
+    return !m_newProcess && m_idleTicks <= longestPause;
+}
+
 bool RecordingDispatcher::startsRecording() const
 {
     return m_newProcess || m_idleTicks > longestPause

@@ -33,6 +33,8 @@ public:
     void clearIdleTicks() { m_idleTicks = 0; }
     /// The next good line starts a new recording.
     bool isNewProcess() const { return m_newProcess; }
+    /// A recording is on and the device was heard not long ago: its next good line continues it.
+    bool isRecording() const;
     /// The window of the recording has gone. Its further records go to the log only, and the shell is told so once.
     void forgetChild() { m_child = nullptr; }
 

@@ -32,6 +32,8 @@ public:
     void sendCommand(const QString &text) override;
     QString portName() const override { return m_portName; }
     bool isNewProcess() const override { return m_dispatcher.isNewProcess(); }
+    /// A process is being recorded and the device was heard within the last 20 s.
+    bool isRecording() const { return m_dispatcher.isRecording(); }
     /// Forgets the window of the recording, whatever is passed.
     void detachGraphChild(RecordingSink *child) override;
 
