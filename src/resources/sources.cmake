@@ -24,3 +24,14 @@ target_sources(varnel_gui PRIVATE
 set_source_files_properties(${resource_folder}/qrc_varnel.cpp PROPERTIES SKIP_AUTOGEN ON)
 # To be copied as application.qss beside the program by whoever wants the desktop's own look.
 install(FILES resources/nostyle.qss DESTINATION ${CMAKE_INSTALL_DATADIR}/varnelgraph)
+
+# The program looks for its sounds beside itself, where it is built as where it is installed.
+foreach(sound aborted aborted_de aborted_pl end end_de end_pl error error_de error_pl v3_mp3)
+    list(APPEND sound_files ${CMAKE_CURRENT_BINARY_DIR}/${sound}.wav)
+endforeach()
+add_custom_command(OUTPUT ${sound_files}
+    COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tools/makesounds.py ${CMAKE_CURRENT_BINARY_DIR}
+    DEPENDS ${PROJECT_SOURCE_DIR}/tools/makesounds.py
+    COMMENT "Making sounds" VERBATIM)
+add_custom_target(sounds ALL DEPENDS ${sound_files})
+install(FILES ${sound_files} DESTINATION ${CMAKE_INSTALL_BINDIR})
