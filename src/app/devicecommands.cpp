@@ -1,8 +1,9 @@
 #include "app/devicecommands.h"
 
-#include "graph/mdigraphchild.h"
+#include "app/devicetargets.h"
 #include "link/serialreader.h"
 
+#include <QApplication>
 #include <QDateTime>
 #include <QEventLoop>
 #include <QPointer>
@@ -10,47 +11,72 @@
 
 namespace {
 
-constexpr int betweenCommands = 500; // ms
-
-/// Reads ports and draws on, but leaves the user's input waiting: nobody closes a window or sends a second command
-/// between the two halves of the first.
-void wait(int milliseconds)
-{
-    QEventLoop loop;
-    QTimer::singleShot(milliseconds, &loop, SLOT(quit()));
-    loop.exec(QEventLoop::ExcludeUserInputEvents);
-}
+constexpr int pauseMs = 500; // what a device needs to set its clock before it takes the next command
 
 } // namespace
 
-namespace DeviceCommands {
+DeviceCommands::DeviceCommands(DeviceTargets *deviceTargets, QObject *parent)
+    : QObject(parent)
+    , targets(deviceTargets)
+{
+}
 
-QString currentTimeText()
+QString DeviceCommands::currentTimeText()
 {
     return QDateTime::currentDateTime().toString(QStringLiteral("ss:mm:HH:dd:MM:yy"));
 }
 
-bool stopProcess(MdiGraphChild *active, const QVector<SerialReader *> &readers)
+bool DeviceCommands::stopProcess()
 {
-    if (active && active->stopProcess())
+    if (targets->stopActiveProcess())
         return true;
-    if (readers.size() != 1)
-        return false;
-    readers.first()->sendCommand(QStringLiteral("#STOP\r\n"));
-    return true;
+    SerialReader *reader = targets->onlyReader();
+    if (reader)
+        reader->sendCommand(QStringLiteral("#STOP\r\n"));
+    return reader != nullptr;
 }
 
-void setTime(const QVector<SerialReader *> &readers)
+void DeviceCommands::setTime()
 {
-    // A port may be unplugged during a wait.
-    const QVector<QPointer<SerialReader>> targets(readers.cbegin(), readers.cend());
-    for (const QPointer<SerialReader> &target : targets) {
-        if (target)
-            target->sendCommand(QStringLiteral("#TIME!") + currentTimeText() + QStringLiteral("\r\n"));
-        wait(betweenCommands);
-        if (target)
-            target->sendCommand(QStringLiteral("#BIB_!200\r\n"));
+    if (waiting)
+        return;
+    QVector<QPointer<SerialReader>> chosen;
+    if (SerialReader *active = targets->activeReader()) {
+        chosen.append(active);
+    } else {
+        const QVector<SerialReader *> all = targets->readers();
+        for (SerialReader *reader : all)
+            chosen.append(reader);
     }
+    const QPointer<DeviceCommands> self(this);
+    waiting = true;
+    emit waitBegun();
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    for (const QPointer<SerialReader> &reader : qAsConst(chosen)) {
+        if (self && reader)
+            setTimeOf(reader);
+    }
+    QApplication::restoreOverrideCursor();
+    if (!self)
+        return;
+    waiting = false;
+    emit waitEnded();
 }
 
-} // namespace DeviceCommands
+void DeviceCommands::setTimeOf(SerialReader *reader)
+{
+    const QPointer<SerialReader> guard(reader);
+    reader->sendCommand(QStringLiteral("#TIME!") + currentTimeText() + QStringLiteral("\r\n"));
+    pause();
+    if (guard)
+        guard->sendCommand(QStringLiteral("#BIB_!200\r\n"));
+}
+
+// A wait with a sleeping thread would let the system's few kilobytes for each port run over when many ports take
+// their turns; the loop keeps reading them and only holds the user's input back.
+void DeviceCommands::pause()
+{
+    QEventLoop loop;
+    QTimer::singleShot(pauseMs, Qt::PreciseTimer, &loop, SLOT(quit()));
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+}

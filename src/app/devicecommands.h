@@ -1,21 +1,37 @@
 #pragma once
 
-#include <QString>
-#include <QVector>
+#include <QObject>
 
-class MdiGraphChild;
+class DeviceTargets;
 class SerialReader;
 
-/// The commands that the main window sends to devices on the user's behalf.
-namespace DeviceCommands {
+/// The commands that the user sends from the main window: "Stop process" and "Set time".
+class DeviceCommands : public QObject {
+    Q_OBJECT
 
-/// The local date and time now as the devices take it: "ss:mm:HH:dd:MM:yy".
-QString currentTimeText();
-/// Stops the process of the `active` window (may be null) or, where that is not live, of the only reader. False when
-/// there was nobody to send to.
-bool stopProcess(MdiGraphChild *active, const QVector<SerialReader *> &readers);
-/// Sets the clock of the devices of `readers`, one after the other. Takes half a second a device, during which the
-/// ports are read but the user's input waits.
-void setTime(const QVector<SerialReader *> &readers);
+public:
+    /// `targets` is not owned and outlives this.
+    explicit DeviceCommands(DeviceTargets *targets, QObject *parent = nullptr);
 
-} // namespace DeviceCommands
+    /// The local date and time now as the devices take it: "ss:mm:HH:dd:MM:yy".
+    static QString currentTimeText();
+    /// Stops the process of the active window's device; where none is fed, that of the only listened port. With
+    /// several ports and no live active window nothing is sent, it would be a guess, and the answer is false.
+    bool stopProcess();
+    /// Sets the clock of the active window's device, or of every listened port, one after the other with 500 ms
+    /// between the two commands of each. Returns when all is sent. Ports are read and windows drawn meanwhile, the
+    /// user's input waits. A call from inside is ignored.
+    void setTime();
+
+signals:
+    /// setTime() runs the event loop from here until waitEnded(): not the time for boxes that wait for the user.
+    void waitBegun();
+    void waitEnded();
+
+private:
+    void setTimeOf(SerialReader *reader);
+    void pause();
+
+    DeviceTargets *targets;
+    bool waiting = false;
+};

@@ -5,13 +5,19 @@
 #include "app/deskarea.h"
 #include "app/devicecommands.h"
 #include "app/displaywindows.h"
+#include "app/endnotice.h"
 #include "app/figures.h"
 #include "app/graphwindows.h"
 #include "app/listenedports.h"
+#include "app/remotecontrols.h"
 #include "app/shellmenus.h"
 #include "app/shellreaderhost.h"
+#include "app/shelltargets.h"
+#include "app/sleepinhibitor.h"
+#include "app/soundplayer.h"
 #include "app/statusfacts.h"
 #include "app/viewswitchboard.h"
+#include "dialogs/about.h"
 #include "dialogs/dialogpreferences.h"
 #include "graph/mdigraphchild.h"
 #include "ports/portwatcher.h"
@@ -74,14 +80,20 @@ void MainWindow::createParts()
     readerHost = new ShellReaderHost(this, graphs, facts);
     ports = new ListenedPorts(this, readerHost, facts);
     watcher = new PortWatcher(this);
+    targets = std::make_unique<ShellTargets>(ports, graphs);
+    commands = new DeviceCommands(targets.get(), this);
+    sounds = new SoundPlayer(this);
+    endNotice = new EndNotice(this, targets.get(), sounds, QCoreApplication::applicationDirPath());
+    remoteControls = new RemoteControls(this, targets.get());
+    sleepInhibitor = new SleepInhibitor(targets.get(), this);
     withholdUnbuilt();
 }
 
 void MainWindow::withholdUnbuilt()
 {
     for (ActionId id : {ActionId::Open, ActionId::SaveAs, ActionId::PrintCapacity, ActionId::PrintVoltage,
-             ActionId::PrintBars, ActionId::PrintPlot, ActionId::About, ActionId::Data, ActionId::Graph,
-             ActionId::BarGraph, ActionId::Power})
+             ActionId::PrintBars, ActionId::PrintPlot, ActionId::Data, ActionId::Graph, ActionId::BarGraph,
+             ActionId::Power})
         actions->withhold(id, tr("Comes with a later version."));
 }
 
@@ -92,6 +104,9 @@ void MainWindow::createMenus()
     windowMenu = menuBar()->addMenu(tr("&Window"));
     updateWindowMenu();
     ShellMenus::fill(menuBar()->addMenu(tr("&Print")), ShellMenus::print, *actions);
+    toolsMenu = menuBar()->addMenu(tr("&Tools"));
+    toolsMenu->setToolTipsVisible(true);
+    toolsMenu->addAction(remoteControls->action());
     menuBar()->addSeparator();
     helpMenu = menuBar()->addMenu(tr("&Help"));
     ShellMenus::fill(helpMenu, ShellMenus::help, *actions);
@@ -122,6 +137,10 @@ void MainWindow::connectParts()
     connect(displays, SIGNAL(voltageClosed()), switches, SLOT(graphClosed()));
     connect(displays, SIGNAL(powerClosed()), switches, SLOT(powerClosed()));
     connect(ports, SIGNAL(changed()), this, SLOT(refreshHint()));
+    connect(ports, SIGNAL(changed()), remoteControls, SLOT(refresh()));
+    connect(toolsMenu, SIGNAL(aboutToShow()), remoteControls, SLOT(refresh()));
+    connect(commands, SIGNAL(waitBegun()), endNotice, SLOT(hold()));
+    connect(commands, SIGNAL(waitEnded()), endNotice, SLOT(release()));
     connect(readerHost, SIGNAL(lost(QString)), watcher, SLOT(noteLost(QString)));
     connect(watcher, SIGNAL(arrived(PortInfo)), this, SLOT(portArrived(PortInfo)));
     connect(watcher, SIGNAL(removed(PortInfo)), this, SLOT(portRemoved(PortInfo)));
@@ -280,11 +299,21 @@ void MainWindow::updateVoltage()
     displays->updateVoltage();
 }
 
-void MainWindow::onPlayUserMP3() { }
+void MainWindow::onPlayUserMP3()
+{
+    endNotice->playUserSound();
+}
 
-void MainWindow::endProcess(int) { }
+void MainWindow::endProcess(int mPlayEndId)
+{
+    endNotice->show(mPlayEndId);
+}
 
-void MainWindow::endProcessMessage() { }
+void MainWindow::endProcessMessage()
+{
+    const QMutexLocker lock(&dataMutex);
+    endNotice->dismiss();
+}
 
 void MainWindow::openFile() { }
 
@@ -292,13 +321,14 @@ void MainWindow::saveFile() { }
 
 void MainWindow::saveSesion() { }
 
-void MainWindow::about() { }
+void MainWindow::about()
+{
+    About(this).exec();
+}
 
 void MainWindow::sendTime()
 {
-    setCursor(Qt::WaitCursor);
-    DeviceCommands::setTime(ports->readersFor(activeMdiChild()));
-    unsetCursor();
+    commands->setTime();
 }
 
 void MainWindow::preferences()
@@ -392,7 +422,7 @@ void MainWindow::recordingOnStart()
 
 void MainWindow::toolBarStop()
 {
-    if (!DeviceCommands::stopProcess(activeMdiChild(), ports->readers()))
+    if (!commands->stopProcess())
         showMessageStatusBar(tr("Choose the window of the device whose process is to be stopped."), 5000);
 }
 

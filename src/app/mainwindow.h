@@ -13,13 +13,19 @@ struct PortInfo;
 class ActionSet;
 class DataToolBar;
 class DeskArea;
+class DeviceCommands;
+class DeviceTargets;
 class DisplayWindows;
+class EndNotice;
 class Figures;
 class GraphWindows;
 class ListenedPorts;
 class MdiGraphChild;
 class PortWatcher;
+class RemoteControls;
 class ShellReaderHost;
+class SleepInhibitor;
+class SoundPlayer;
 class StatusFacts;
 class ViewState;
 class ViewSwitchboard;
@@ -122,6 +128,7 @@ private:
     QSignalMapper *windowMapper;
     QMenu *windowMenu;
     QMenu *fileMenu;
+    QMenu *toolsMenu;
     QMenu *helpMenu;
     std::unique_ptr<QMenu> backgroundMenu; ///< in the window menu, made anew with it
     DataToolBar *dataToolBar;
@@ -137,4 +144,10 @@ private:
     ShellReaderHost *readerHost;
     ListenedPorts *ports;
     PortWatcher *watcher;
+    std::unique_ptr<DeviceTargets> targets;
+    DeviceCommands *commands;
+    SoundPlayer *sounds;
+    EndNotice *endNotice;
+    RemoteControls *remoteControls;
+    SleepInhibitor *sleepInhibitor;
 };

@@ -1,9 +1,7 @@
 target_sources(varnel_gui PRIVATE
     app/actionset.cpp app/actionset.h
-    app/commandline.cpp app/commandline.h
     app/datatoolbar.cpp app/datatoolbar.h
     app/deskarea.cpp app/deskarea.h
-    app/devicecommands.cpp app/devicecommands.h
     app/displaywindows.cpp app/displaywindows.h
     app/figures.cpp app/figures.h
     app/graphwindows.cpp app/graphwindows.h
@@ -16,4 +14,23 @@ target_sources(varnel_gui PRIVATE
     app/statusfacts.cpp app/statusfacts.h
     app/stylesheet.cpp app/stylesheet.h
     app/viewswitchboard.cpp app/viewswitchboard.h
+)
+
+# What the devices' processes and the user's commands bring about
+if(WIN32)
+    set(app_system app/sleepblock_win.cpp)
+else()
+    set(app_system app/sleepblock_unix.cpp)
+    target_link_libraries(varnel_gui PRIVATE Qt5::DBus)
+endif()
+target_sources(varnel_gui PRIVATE
+    app/devicecommands.cpp app/devicecommands.h
+    app/devicetargets.cpp app/devicetargets.h
+    app/endnotice.cpp app/endnotice.h
+    app/remotecontrols.cpp app/remotecontrols.h
+    app/shelltargets.cpp app/shelltargets.h
+    app/sleepblock.h
+    app/sleepinhibitor.cpp app/sleepinhibitor.h
+    app/soundplayer.cpp app/soundplayer.h
+    ${app_system}
 )

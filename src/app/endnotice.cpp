@@ -1,0 +1,158 @@
+#include "app/endnotice.h"
+
+#include "app/devicetargets.h"
+#include "app/soundplayer.h"
+#include "link/serialreader.h"
+#include "settings/varnelsettings.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QTimer>
+
+namespace {
+
+constexpr int userSoundDelayMs = 3500; // by then the first sound is over
+
+struct KindText {
+    const char *icon;
+    const char *text;
+    const char *title;
+    const char *sound;
+};
+
+const KindText kindTexts[] = {
+    {":/Icons/error.png", QT_TRANSLATE_NOOP("EndNotice", "Error in process !"),
+        QT_TRANSLATE_NOOP("EndNotice", "Error"), "error"},
+    {":/Icons/cancel.png", QT_TRANSLATE_NOOP("EndNotice", "Process aborted by user."),
+        QT_TRANSLATE_NOOP("EndNotice", "Aborted"), "aborted"},
+    {":/Icons/finish.png", QT_TRANSLATE_NOOP("EndNotice", "Process completed."),
+        QT_TRANSLATE_NOOP("EndNotice", "End"), "end"},
+    {"", "", "", ""},
+};
+
+const KindText &textsOf(int kind)
+{
+    return kindTexts[kind >= 0 && kind < EndNotice::KindCount ? kind : EndNotice::KindCount];
+}
+
+} // namespace
+
+EndNotice::EndNotice(
+    QWidget *mainWindow, DeviceTargets *deviceTargets, SoundPlayer *soundPlayer, const QString &folder)
+    : QObject(mainWindow)
+    , window(mainWindow)
+    , targets(deviceTargets)
+    , player(soundPlayer)
+    , soundFolder(folder)
+    , userSoundTimer(new QTimer(this))
+{
+    userSoundTimer->setSingleShot(true);
+    userSoundTimer->setInterval(userSoundDelayMs);
+    connect(userSoundTimer, SIGNAL(timeout()), this, SLOT(playUserSound()));
+}
+
+EndNotice::~EndNotice() = default;
+
+void EndNotice::show(int kind)
+{
+    if (held) {
+        waitingKinds.append(kind);
+        return;
+    }
+    const QPointer<EndNotice> self(this);
+    liftWindow();
+    QApplication::processEvents();
+    if (!self || box)
+        return;
+    const QPointer<QMessageBox> own = createBox(kind);
+    box = own;
+    shownKind = kind;
+    QTimer::singleShot(0, this, SLOT(startSound()));
+    own->exec();
+    // A box that is gone was dismissed by a new process, or its window was: another end may have been told since.
+    if (!self || !own)
+        return;
+    acknowledge();
+    delete own;
+}
+
+// Only the minimised state goes: a maximised or full-screen window stays so.
+void EndNotice::liftWindow()
+{
+    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+    window->show();
+}
+
+QMessageBox *EndNotice::createBox(int kind)
+{
+    const KindText &texts = textsOf(kind);
+    auto *notice = new QMessageBox(window);
+    notice->setWindowFlags(notice->windowFlags() | Qt::WindowStaysOnTopHint);
+    if (*texts.text) {
+        notice->setIconPixmap(QPixmap(QLatin1String(texts.icon)));
+        notice->setText(tr(texts.text));
+        notice->setWindowTitle(tr(texts.title));
+    }
+    notice->addButton(QMessageBox::Close);
+    return notice;
+}
+
+// The user has closed the box: a device that waits for a new process is freed from its end-of-process display.
+void EndNotice::acknowledge()
+{
+    userSoundTimer->stop();
+    stopSound();
+    SerialReader *reader = targets->onlyReader();
+    if (reader && reader->isNewProcess())
+        reader->sendCommand(QStringLiteral("#STOP\r\n"));
+}
+
+// Runs when the box is on the screen, which therefore never waits for a sound system that is slow to answer.
+void EndNotice::startSound()
+{
+    if (!box || !player->hasOutput())
+        return;
+    const QString base = QLatin1String(textsOf(shownKind).sound);
+    player->stop();
+    if (!base.isEmpty())
+        player->play(SoundPlayer::filePath(soundFolder, base, QLocale::system().country()));
+    if (VarnelSettings().value(QStringLiteral("/mp3/user_wave"), true).toBool())
+        userSoundTimer->start();
+}
+
+void EndNotice::playUserSound()
+{
+    stopSound();
+    if (box)
+        player->play(SoundPlayer::filePath(soundFolder, QStringLiteral("v3_mp3"), QLocale::AnyCountry));
+}
+
+void EndNotice::dismiss()
+{
+    waitingKinds.clear();
+    if (box)
+        box->reject();
+    delete box;
+    userSoundTimer->stop();
+    stopSound();
+}
+
+void EndNotice::stopSound()
+{
+    player->stop();
+}
+
+void EndNotice::hold()
+{
+    held = true;
+}
+
+void EndNotice::release()
+{
+    held = false;
+    const QVector<int> kinds = waitingKinds;
+    waitingKinds.clear();
+    // Queued, so that whoever releases has finished before the first box waits for the user.
+    for (int kind : kinds)
+        QMetaObject::invokeMethod(this, "show", Qt::QueuedConnection, Q_ARG(int, kind));
+}

@@ -1,0 +1,27 @@
+#include "app/shelltargets.h"
+
+#include "app/graphwindows.h"
+#include "app/listenedports.h"
+#include "graph/mdigraphchild.h"
+#include "link/serialreader.h"
+
+QVector<SerialReader *> ShellTargets::readers() const
+{
+    return ports->readers();
+}
+
+SerialReader *ShellTargets::activeReader() const
+{
+    const MdiGraphChild *active = graphs->current();
+    for (SerialReader *reader : ports->readers()) {
+        if (active && active->reader() == reader)
+            return reader;
+    }
+    return nullptr;
+}
+
+bool ShellTargets::stopActiveProcess()
+{
+    MdiGraphChild *active = graphs->current();
+    return active && active->stopProcess();
+}

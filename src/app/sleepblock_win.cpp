@@ -1,0 +1,37 @@
+#include "app/sleepblock.h"
+
+#include <windows.h>
+
+class SleepBlock::Private {
+public:
+    bool held = false;
+};
+
+SleepBlock::SleepBlock(QObject *parent)
+    : QObject(parent)
+    , d(std::make_unique<Private>())
+{
+}
+
+SleepBlock::~SleepBlock()
+{
+    release();
+}
+
+void SleepBlock::acquire(const QString &)
+{
+    if (!d->held)
+        d->held = SetThreadExecutionState(ES_CONTINUOUS | ES_SYSTEM_REQUIRED) != 0;
+}
+
+void SleepBlock::release()
+{
+    if (d->held)
+        SetThreadExecutionState(ES_CONTINUOUS);
+    d->held = false;
+}
+
+bool SleepBlock::isHeld() const
+{
+    return d->held;
+}

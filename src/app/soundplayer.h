@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QLocale>
+#include <QObject>
+#include <QPointer>
+
+class QSound;
+
+/// Plays one sound file at a time. Nothing here waits for the sound system or fails aloud.
+class SoundPlayer : public QObject {
+    Q_OBJECT
+
+public:
+    explicit SoundPlayer(QObject *parent = nullptr);
+    ~SoundPlayer() override;
+
+    /// Whether the system has a device to play on now.
+    virtual bool hasOutput() const;
+    /// Plays `file` instead of what is playing; a file that is not there is silence.
+    virtual void play(const QString &file);
+    virtual void stop();
+
+    /// File of the sound `base` in `folder` with the system's separators: the variant of `country` where there is
+    /// one, else the common one, which need not exist.
+    static QString filePath(const QString &folder, const QString &base, QLocale::Country country);
+
+private:
+    QPointer<QSound> sound;
+};
