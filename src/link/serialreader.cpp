@@ -1,5 +1,6 @@
 #include "link/serialreader.h"
 
+#include "link/hangup.h"
 #include "link/readerhost.h"
 
 #include <QDeadlineTimer>
@@ -11,6 +12,7 @@ constexpr int baudRate = 19200;
 constexpr int tickPeriod = 1000; // ms
 constexpr int endDelay = 250; // ms from an end letter to the end of the recording
 constexpr int longestWrite = 500; // ms
+constexpr int mostFailures = 20; // without a byte in between
 constexpr int messageTime = 5000; // ms
 constexpr int shortestRecordLine = 10; // characters; shorter lines are replies to commands
 
@@ -62,6 +64,7 @@ bool SerialReader::tryStart()
     m_port.flush();
     m_port.readAll();
     m_lost = false;
+    m_failures = 0;
     m_tick->start(tickPeriod);
     m_dispatcher.clearIdleTicks();
     connectPort();
@@ -133,15 +136,19 @@ void SerialReader::detachGraphChild(RecordingSink *)
 
 void SerialReader::onReadyRead()
 {
-    if (m_handling || m_writing)
+    if (m_handling || m_writing || !m_port.isOpen())
         return;
     m_handling = true;
-    while (m_port.bytesAvailable() > 0) {
-        m_framer.feed(m_port.readAll());
+    do {
+        const QByteArray bytes
+            = m_port.readAll(); // of no bytes, too: reading goes on by that after a failure
+        if (!bytes.isEmpty())
+            m_failures = 0;
+        m_framer.feed(bytes);
         QString line;
         while (m_framer.next(&line)) // a stop from inside clears the framer
             handleLine(line);
-    }
+    } while (m_port.bytesAvailable() > 0);
     m_handling = false;
 }
 
@@ -155,15 +162,17 @@ void SerialReader::timerTickEvent()
     m_dispatcher.tick();
 }
 
-// The port goes on failing as often as the system lets it until it is closed, which must not happen from here.
+// A read fails too when a command's wait has read what the system was about to announce, and a write when the line is
+// full; neither is a loss. The port of a device that has gone fails as often as the system lets it, until it is closed,
+// which must not happen from here.
 void SerialReader::onErrorOccurred(QSerialPort::SerialPortError error)
 {
-    const bool gone = error == QSerialPort::ResourceError || error == QSerialPort::ReadError
+    const bool failure = error == QSerialPort::ResourceError || error == QSerialPort::ReadError
         || error == QSerialPort::WriteError;
-    if (!gone || m_lost)
+    if (!failure || m_lost)
         return;
-    m_lost = true;
-    QMetaObject::invokeMethod(this, "closeLostPort", Qt::QueuedConnection);
+    m_lost = hasHungUp(m_port) || ++m_failures > mostFailures;
+    QMetaObject::invokeMethod(this, m_lost ? "closeLostPort" : "onReadyRead", Qt::QueuedConnection);
 }
 
 void SerialReader::closeLostPort()

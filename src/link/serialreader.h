@@ -70,5 +70,6 @@ private:
     bool m_handling
         = false; // lines are being handled: what arrives meanwhile is taken by the loop that does it
     bool m_writing = false; // sendCommand() waits
+    int m_failures = 0; // of reading and writing since the last byte came
     bool m_lost = false; // the device has gone, the port is about to be closed
 };

@@ -1,0 +1,111 @@
+#include "link/fakeshell.h"
+
+#include "link/recordinglog.h"
+
+namespace {
+
+/// Writes to its place in the shell's list, so that what it kept outlives it.
+class FakeLog : public RecordingLog {
+public:
+    explicit FakeLog(FakeShell *owner)
+        : shell(owner)
+        , index(owner->logs.size() - 1)
+    {
+    }
+    ~FakeLog() override { shell->logs[index].append(QStringLiteral("end")); }
+    void addRecord(const QString &line, const Varnel3Data &record) override
+    {
+        Varnel3Data again;
+        again.parseLine(line);
+        shell->logs[index].append(
+            again.mode == record.mode ? QString::number(record.time) : QStringLiteral("?"));
+    }
+    void addResistanceLine(const QString &line) override { shell->logs[index].append(line.left(1)); }
+
+private:
+    FakeShell *shell;
+    int index;
+};
+
+} // namespace
+
+void FakeWindow::addRecord(const Varnel3Data &record)
+{
+    recording.append(QString::number(record.time));
+}
+
+void FakeWindow::applyResistanceLine(const QString &line)
+{
+    recording.append(line.left(1));
+}
+
+void FakeWindow::finishRecording()
+{
+    link = nullptr;
+    if (recording.isEmpty() || recording.last() != QLatin1String("end"))
+        recording.append(QStringLiteral("end"));
+}
+
+FakeShell::~FakeShell()
+{
+    qDeleteAll(windows);
+}
+
+RecordingSink *FakeShell::createRecording()
+{
+    windows.append(new FakeWindow);
+    return windows.last();
+}
+
+std::unique_ptr<RecordingLog> FakeShell::createRecordingLog(const QString &)
+{
+    if (!keepsLogs)
+        return nullptr;
+    logs.append(Recording());
+    return std::make_unique<FakeLog>(this);
+}
+
+void FakeShell::showMessageStatusBar(const QString &message, int timeout)
+{
+    calls.append(QStringLiteral("status %1 %2").arg(QString::number(timeout), message));
+}
+
+void FakeShell::portFailed(const QString &portName, const QString &text)
+{
+    calls.append(QStringLiteral("failed %1 %2").arg(portName, text));
+}
+
+void FakeShell::recordingUnwatched(const QString &portName)
+{
+    calls.append(QStringLiteral("unwatched ") + portName);
+}
+
+QVector<Recording> FakeShell::windowRecordings() const
+{
+    QVector<Recording> recordings;
+    for (const FakeWindow *window : windows)
+        recordings.append(window->recording);
+    return recordings;
+}
+
+QString varnel3Line(int time, const QString &head, char flag3)
+{
+    QString line = QStringLiteral("%1__%2_B1,%3,24000,05000,00230,01234,00045")
+                       .arg(head, QString(QLatin1Char(flag3)), QString::number(time));
+    for (int cell = 0; cell < Varnel3Data::maxCells; ++cell)
+        line += QStringLiteral(",4000,0");
+    return line;
+}
+
+QString tandorLine(int cells, const QString &chemistry)
+{
+    QString line = QStringLiteral("#T%1%2C4000,0").arg(cells, 2, 10, QLatin1Char('0')).arg(chemistry);
+    for (int cell = 1; cell < 12; ++cell)
+        line += QStringLiteral(",4000,0");
+    return line;
+}
+
+QString resistanceLine()
+{
+    return QStringLiteral("!12,13,14,15,16,17,0,0,0,0,0,0,0,0,0,0");
+}

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "data/varnel3data.h"
+#include "link/readerhost.h"
+#include "link/recordingsink.h"
+
+#include <QObject>
+#include <QStringList>
+#include <QVector>
+
+class DeviceLink;
+
+/// One recording as it reached its window or its log: the times of its records, "!" for a '!' line, and "end".
+using Recording = QStringList;
+
+/// A graph window that notes what it is given. "end" is noted once, however often it is finished.
+class FakeWindow : public RecordingSink {
+public:
+    void attachReader(DeviceLink *reader) override { link = reader; }
+    void setFileName(const QString &name) override { fileName = name; }
+    void addRecord(const Varnel3Data &record) override;
+    void applyResistanceLine(const QString &line) override;
+    void finishRecording() override;
+
+    DeviceLink *link = nullptr;
+    QString fileName;
+    Recording recording;
+};
+
+/// A shell that notes what a reader asks of it.
+class FakeShell : public QObject, public ReaderHost {
+    Q_OBJECT
+
+public:
+    ~FakeShell() override;
+
+    RecordingSink *createRecording() override;
+    std::unique_ptr<RecordingLog> createRecordingLog(const QString &portName) override;
+    QString currentTimeText() const override { return QStringLiteral("05:42:13:15:11:26"); }
+    QMap<QString, bool> &startTimeSent() override { return startSent; }
+    QMap<QString, bool> &endTimeSent() override { return endSent; }
+    void showMessageStatusBar(const QString &message, int timeout) override;
+    void portFailed(const QString &portName, const QString &text) override;
+    void portLost(const QString &portName) override { calls.append(QStringLiteral("lost ") + portName); }
+    void recordingUnwatched(const QString &portName) override;
+    QObject *processReceiver() override { return this; }
+
+    QVector<Recording> windowRecordings() const;
+
+    QVector<FakeWindow *> windows; // owned
+    QVector<Recording> logs;
+    QMap<QString, bool> startSent;
+    QMap<QString, bool> endSent;
+    QStringList calls; ///< of all but windows and logs, in their order
+    bool keepsLogs = true;
+
+public slots:
+    void endProcess(int type) { calls.append(QStringLiteral("ended %1").arg(type)); }
+    void endProcessMessage() { calls.append(QStringLiteral("started")); }
+};
+
+/// A line as a Varnel 3 sends it, without its line end; `head` is "#06C05" up to the chemistry.
+QString varnel3Line(int time, const QString &head = QStringLiteral("#06C05"), char flag3 = '_');
+/// A line as a Tandor sends it, without its line end.
+QString tandorLine(int cells = 6, const QString &chemistry = QStringLiteral("06"));
+/// A line of the resistances of 16 cells.
+QString resistanceLine();

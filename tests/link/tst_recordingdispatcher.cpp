@@ -1,0 +1,246 @@
+#include "link/recordingdispatcher.h"
+
+#include "link/devicelink.h"
+#include "link/fakeshell.h"
+#include "settings/varnelsettings.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+class FakeDevice : public DeviceLink {
+public:
+    void sendCommand(const QString &text) override { commands.append(text); }
+    QString portName() const override { return QStringLiteral("COM7"); }
+    bool isNewProcess() const override { return false; }
+    void detachGraphChild(RecordingSink *) override { }
+
+    QStringList commands;
+};
+
+// Steps of a story that are no lines.
+const auto shutWindow = QStringLiteral("shut");
+const auto endShot = QStringLiteral("shot");
+QString silence(int seconds)
+{
+    return QString::number(seconds);
+}
+
+const auto noCells = QStringLiteral("#00C05");
+const auto discharge = QStringLiteral("#06D05");
+const auto fiveCells = QStringLiteral("#05C05");
+const auto lithiumIron = QStringLiteral("#06C07");
+
+} // namespace
+
+class RecordingDispatcherTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void sortsLinesIntoRecordings_data();
+    void sortsLinesIntoRecordings();
+    void announcesStartsAndEnds_data();
+    void announcesStartsAndEnds();
+    void feedsTheWindowItAskedFor();
+    void keepsWhatTheClosedWindowMissed();
+    void doesWithoutLog();
+    void carriesOverWhatADialectDoesNotSend();
+    void setsTheClockOncePerPort();
+
+private:
+    void tell(const QStringList &story);
+
+    QTemporaryDir profile;
+    std::unique_ptr<FakeShell> shell;
+    std::unique_ptr<FakeDevice> device;
+    std::unique_ptr<RecordingDispatcher> dispatcher;
+};
+
+void RecordingDispatcherTest::initTestCase()
+{
+    QVERIFY(profile.isValid());
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, profile.path());
+    QCoreApplication::setOrganizationName(QStringLiteral("Test"));
+    QCoreApplication::setApplicationName(QStringLiteral("Dispatcher"));
+}
+
+void RecordingDispatcherTest::init()
+{
+    VarnelSettings().clear();
+    dispatcher.reset();
+    shell = std::make_unique<FakeShell>();
+    device = std::make_unique<FakeDevice>();
+    dispatcher = std::make_unique<RecordingDispatcher>(device.get(), shell.get());
+}
+
+void RecordingDispatcherTest::tell(const QStringList &story)
+{
+    for (const QString &step : story) {
+        bool isSilence = false;
+        const int seconds = step.toInt(&isSilence);
+        if (isSilence) {
+            for (int i = 0; i < seconds; ++i)
+                dispatcher->tick();
+        } else if (step == shutWindow) {
+            dispatcher->forgetChild();
+        } else if (step == endShot) {
+            dispatcher->endProcess();
+        } else if (dispatcher->processLine(step)) {
+            shell->calls.append(QStringLiteral("armed"));
+        }
+    }
+    QCoreApplication::processEvents();
+}
+
+void RecordingDispatcherTest::sortsLinesIntoRecordings_data()
+{
+    QTest::addColumn<QStringList>("story");
+    QTest::addColumn<QVector<Recording>>("recordings");
+    const auto row = [](const char *name, const QStringList &story, const QVector<Recording> &recordings) {
+        QTest::newRow(name) << story << recordings;
+    };
+    const auto at = [](int time) { return varnel3Line(time); };
+
+    row("one process", {at(5), at(6), at(6), at(8)}, {{"5", "6", "6", "8"}});
+    row("20 s of silence", {at(5), silence(20), at(26)}, {{"5", "26"}});
+    row("21 s of silence", {at(5), silence(21), at(27), at(28)}, {{"5", "end"}, {"27", "28"}});
+    row("only good lines break a silence", {at(5), silence(15), "#06C05_____1,1,2,3", silence(6), at(27)},
+        {{"5", "end"}, {"27"}});
+    row("time runs backwards", {at(5), at(4), at(5)}, {{"5", "4", "end"}, {"5"}});
+    row("time 0 starts one, and ends it", {at(5), at(0), at(1), at(2)},
+        {{"5", "end"}, {"0", "end"}, {"1", "2"}});
+    row("time 0 at first", {at(0), at(1)}, {{"0", "1"}});
+    row("time 0 without cells ends one only",
+        {varnel3Line(5, noCells), varnel3Line(0, noCells), varnel3Line(1, noCells)},
+        {{"5", "0", "end"}, {"1"}});
+    row("another mode", {at(5), varnel3Line(6, discharge), varnel3Line(7, discharge)},
+        {{"5", "6", "end"}, {"7"}});
+    row("another cell count", {at(5), varnel3Line(6, fiveCells), at(7)}, {{"5", "6", "end"}, {"7"}});
+    row("another chemistry", {at(5), varnel3Line(6, lithiumIron), at(7)}, {{"5", "6", "end"}, {"7"}});
+
+    row("the balancer's clock stands still", {tandorLine(), tandorLine(), tandorLine()}, {{"0", "0", "0"}});
+    row("balancer: another cell count", {tandorLine(6), tandorLine(5), tandorLine(5)},
+        {{"0", "0", "end"}, {"0"}});
+    row("balancer: another chemistry", {tandorLine(6), tandorLine(6, "05"), tandorLine(6, "05")},
+        {{"0", "0", "end"}, {"0"}});
+    row("balancer after 21 s of silence", {tandorLine(), silence(21), tandorLine()}, {{"0", "end"}, {"0"}});
+
+    row("bad lines are dropped",
+        {"", "noise without hash", "#06C05", at(5), at(6) + ",1", "#06X05" + at(6).mid(6)}, {{"5"}});
+    // What a bad line left behind is what the next one is compared with.
+    row("after a bad mode nothing is compared", {at(5), "#06X05" + at(6).mid(6), varnel3Line(4, fiveCells)},
+        {{"5", "4"}});
+    row("after a bad chemistry all is changed", {at(5), "#06C99" + at(6).mid(6), at(7), at(8)},
+        {{"5", "7", "end"}, {"8"}});
+    row("'!' follows its record", {resistanceLine(), at(5), resistanceLine(), at(6)}, {{"5", "!", "6"}});
+    row("16 cells and more", {varnel3Line(5, "#16C05"), varnel3Line(6, "#99C05"), varnel3Line(7, "#-1C05")},
+        {{"5", "6", "end"}, {"7"}});
+
+    row("lines follow the end letter until the shot",
+        {at(5), varnel3Line(6, "#06C05", 'E'), at(7), endShot, at(8)}, {{"5", "6", "7", "end"}, {"8"}});
+    row("an end letter hides a change", {at(5), varnel3Line(4, discharge, 'M'), endShot},
+        {{"5", "4", "end"}});
+    row("a late shot ends what began meanwhile",
+        {varnel3Line(6, "#06C05", 'S'), at(2), at(3), endShot, at(4)},
+        {{"6", "2", "end"}, {"3", "end"}, {"4"}});
+}
+
+void RecordingDispatcherTest::sortsLinesIntoRecordings()
+{
+    QFETCH(QStringList, story);
+    QFETCH(QVector<Recording>, recordings);
+    tell(story);
+    QCOMPARE(shell->windowRecordings(), recordings);
+    QCOMPARE(shell->logs, recordings);
+}
+
+void RecordingDispatcherTest::announcesStartsAndEnds_data()
+{
+    QTest::addColumn<QStringList>("story");
+    QTest::addColumn<QStringList>("calls");
+    const auto ending = [](char letter) { return varnel3Line(6, QStringLiteral("#06C05"), letter); };
+    const QString E = ending('E');
+
+    QTest::newRow("start") << QStringList({varnel3Line(5), varnel3Line(6)}) << QStringList({"started"});
+    QTest::newRow("completed") << QStringList({E, endShot}) << QStringList({"armed", "started", "ended 2"});
+    QTest::newRow("aborted") << QStringList({ending('M'), endShot})
+                             << QStringList({"armed", "started", "ended 1"});
+    QTest::newRow("error") << QStringList({ending('S'), endShot})
+                           << QStringList({"armed", "started", "ended 0"});
+    QTest::newRow("another letter") << QStringList({ending('e')}) << QStringList({"started"});
+    QTest::newRow("three letters") << QStringList({E, E, E, endShot, endShot,
+        endShot}) << QStringList({"armed", "armed", "armed", "started", "ended 2", "ended 2", "ended 2"});
+    QTest::newRow("the newest letter counts")
+        << QStringList({ending('S'), E, endShot, endShot})
+        << QStringList({"armed", "armed", "started", "ended 2", "ended 2"});
+}
+
+void RecordingDispatcherTest::announcesStartsAndEnds()
+{
+    QFETCH(QStringList, story);
+    QFETCH(QStringList, calls);
+    tell(story);
+    QCOMPARE(shell->calls, calls);
+    QVERIFY(dispatcher->isNewProcess() == story.contains(endShot));
+}
+
+void RecordingDispatcherTest::feedsTheWindowItAskedFor()
+{
+    tell({varnel3Line(5)});
+    QVERIFY(!dispatcher->isNewProcess());
+    QCOMPARE(shell->windows[0]->link, device.get());
+    QCOMPARE(shell->windows[0]->fileName, QStringLiteral("COM7"));
+    dispatcher->reset();
+    QVERIFY(dispatcher->isNewProcess());
+    QCOMPARE(shell->windows[0]->link, nullptr);
+}
+
+void RecordingDispatcherTest::keepsWhatTheClosedWindowMissed()
+{
+    tell({varnel3Line(5), shutWindow, resistanceLine(), "!1,2", varnel3Line(6), varnel3Line(7),
+        varnel3Line(0), varnel3Line(1), shutWindow, varnel3Line(2)});
+    QCOMPARE(shell->windowRecordings(), QVector<Recording>({{"5"}, {"0", "end"}, {"1"}}));
+    QCOMPARE(shell->logs, QVector<Recording>({{"5", "!", "6", "7", "end"}, {"0", "end"}, {"1", "2"}}));
+    shell->calls.removeAll(QStringLiteral("started"));
+    QCOMPARE(shell->calls, QStringList({"unwatched COM7", "unwatched COM7"}));
+}
+
+void RecordingDispatcherTest::doesWithoutLog()
+{
+    shell->keepsLogs = false;
+    tell({varnel3Line(5), resistanceLine(), varnel3Line(6, "#06C05", 'E'), endShot});
+    QCOMPARE(shell->windowRecordings(), QVector<Recording>({{"5", "!", "6", "end"}}));
+}
+
+// A balancer sends no time: where a charger with the same pack spoke before, the charger's stays.
+void RecordingDispatcherTest::carriesOverWhatADialectDoesNotSend()
+{
+    tell({varnel3Line(5), tandorLine(), tandorLine()});
+    QCOMPARE(shell->windowRecordings(), QVector<Recording>({{"5", "5", "5"}}));
+}
+
+void RecordingDispatcherTest::setsTheClockOncePerPort()
+{
+    const QStringList twoProcesses = {varnel3Line(5), varnel3Line(6, "#06C05", 'E'), endShot, varnel3Line(0),
+        varnel3Line(1, "#06C05", 'E'), endShot};
+    tell(twoProcesses);
+    QCOMPARE(device->commands, QStringList());
+    QVERIFY(shell->startSent.isEmpty());
+
+    const auto clock = QStringLiteral("#TIME!05:42:13:15:11:26\r\n");
+    VarnelSettings().setSendTime(true);
+    tell({varnel3Line(5), varnel3Line(6)});
+    QCOMPARE(device->commands, QStringList(clock));
+    tell({varnel3Line(7, "#06C05", 'E'), endShot});
+    QCOMPARE(device->commands, QStringList({clock, clock}));
+    tell(twoProcesses);
+    QCOMPARE(device->commands, QStringList({clock, clock}));
+    QCOMPARE(shell->startSent, (QMap<QString, bool>{{"COM7", true}}));
+    QCOMPARE(shell->endSent, (QMap<QString, bool>{{"COM7", true}}));
+}
+
+QTEST_GUILESS_MAIN(RecordingDispatcherTest)
+#include "tst_recordingdispatcher.moc"

@@ -1,0 +1,371 @@
+#include "link/serialreader.h"
+
+#include "link/fakeshell.h"
+#include "settings/varnelsettings.h"
+#include "support/ptypair.h"
+#include "support/warningcollector.h"
+
+#include <QSignalSpy>
+#include <QSocketNotifier>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <ctime>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+const auto port = QStringLiteral("COM7");
+
+QByteArray sent(const QString &line)
+{
+    return line.toLatin1() + "\r\n";
+}
+
+// More than a line takes at once while nobody reads at its far end.
+const QString bigCommand(200000, QLatin1Char('x'));
+
+} // namespace
+
+/// A device at the far end of a pseudo-terminal, and a reader at the near one.
+class SerialReaderTest : public QObject {
+    Q_OBJECT
+
+public slots:
+    void stopReader() { reader->stop(); }
+    void restartReader();
+    void deleteReader() { reader.release()->deleteLater(); }
+    void sendBig(int notified);
+    void commandAndNote(const QString &reply);
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void listsPortsByName();
+    void keepsEveryLine();
+    void repliesGoToTheRemoteControl();
+    void endOfProcess();
+    void idleTimeIsCounted();
+    void commandsDoNotWaitOnAQuietPort();
+    void fullLineIsGivenUpAfterHalfASecond();
+    void linesDuringAWriteKeepTheirOrder();
+    void bytesReadByAWriteAreNoLoss();
+    void commandsToAFullLineAreNoLoss();
+    void hangUp_data();
+    void hangUp();
+    void returnsAfterHangUp();
+    void surgeryInsideASignal_data();
+    void surgeryInsideASignal();
+    void portHeldByAnother();
+    void portWithoutRights();
+    void portThatIsNotThere();
+
+private:
+    QVector<Recording> recordings() const { return shell->windowRecordings(); }
+
+    QTemporaryDir folder;
+    std::unique_ptr<PtyPair> device;
+    std::unique_ptr<FakeShell> shell;
+    std::unique_ptr<SerialReader> reader;
+    QStringList notes;
+    int depth = 0;
+};
+
+void SerialReaderTest::initTestCase()
+{
+    QVERIFY(folder.isValid());
+    qputenv("VARNEL_PORT_DIR", folder.path().toLocal8Bit());
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path());
+    QCoreApplication::setOrganizationName(QStringLiteral("Test"));
+    QCoreApplication::setApplicationName(QStringLiteral("Reader"));
+}
+
+void SerialReaderTest::init()
+{
+    notes.clear();
+    device = std::make_unique<PtyPair>(folder.path(), port);
+    shell = std::make_unique<FakeShell>();
+    reader = std::make_unique<SerialReader>(nullptr, port, shell.get());
+    QVERIFY(reader->start());
+}
+
+void SerialReaderTest::cleanup()
+{
+    reader.reset();
+    device.reset();
+}
+
+void SerialReaderTest::restartReader()
+{
+    reader->stop();
+    reader->start();
+}
+
+void SerialReaderTest::sendBig(int notified)
+{
+    char byte;
+    QCOMPARE(read(notified, &byte, 1), ssize_t(1));
+    reader->sendCommand(bigCommand);
+}
+
+void SerialReaderTest::commandAndNote(const QString &reply)
+{
+    ++depth;
+    notes.append(QStringLiteral("%1 %2").arg(QString::number(depth), reply));
+    if (notes.size() == 1) {
+        device->send("#BBB\r\n#CCC\r\n");
+        reader->sendCommand(bigCommand);
+        notes.append(QStringLiteral("%1 done").arg(depth));
+    }
+    --depth;
+}
+
+void SerialReaderTest::listsPortsByName()
+{
+    const PtyPair second(folder.path(), QStringLiteral("COM2"));
+    const PtyPair tenth(folder.path(), QStringLiteral("COM10"));
+    const PtyPair other(folder.path(), QStringLiteral("XCOM1"));
+    QCOMPARE(SerialReader::availablePorts(), QStringList({"COM10", "COM2", "COM7"}));
+}
+
+void SerialReaderTest::keepsEveryLine()
+{
+    Recording expected;
+    for (int time = 1; time <= 3000; ++time) {
+        device->send(sent(varnel3Line(time)));
+        expected.append(QString::number(time));
+        if (time % 7 == 0)
+            QCoreApplication::processEvents();
+    }
+    device->send(sent(resistanceLine()));
+    expected.append(QStringLiteral("!"));
+    QTRY_COMPARE(recordings(), QVector<Recording>({expected}));
+    QCOMPARE(shell->windows[0]->fileName, port);
+    reader->stop();
+    QCOMPARE(shell->windows[0]->link, nullptr);
+    QVERIFY(!reader->isOpen());
+    QCOMPARE(shell->calls, QStringList("started"));
+}
+
+void SerialReaderTest::repliesGoToTheRemoteControl()
+{
+    QSignalSpy replies(reader.get(), SIGNAL(control_data(QString)));
+    device->send(QByteArray("#TRYB0\x02\r\n#12345678\r\n#123456789\r\n#NRC\x06\r\n"));
+    QTRY_COMPARE(replies.size(), 3);
+    QCOMPARE(replies[0][0].toString(), QStringLiteral("#TRYB0"));
+    QCOMPARE(replies[1][0].toString(), QStringLiteral("#12345678"));
+    QCOMPARE(replies[2][0].toString(), QStringLiteral("#NRC"));
+    QVERIFY(recordings().isEmpty());
+}
+
+void SerialReaderTest::endOfProcess()
+{
+    VarnelSettings().setSendTime(true);
+    shell->startSent.insert(port, true);
+    QElapsedTimer clock;
+    clock.start();
+    for (int time = 5; time < 8; ++time)
+        device->send(sent(varnel3Line(time, QStringLiteral("#06C05"), 'E')));
+    QTRY_COMPARE(recordings(), QVector<Recording>({{"5", "6", "7"}}));
+    QTRY_COMPARE(shell->calls, QStringList({"started", "ended 2", "ended 2", "ended 2"}));
+    QVERIFY2(clock.elapsed() >= 245, qPrintable(QString::number(clock.elapsed())));
+    QCOMPARE(recordings(), QVector<Recording>({{"5", "6", "7", "end"}}));
+    QVERIFY(reader->isNewProcess());
+    QCOMPARE(device->received(), QByteArray("#TIME!05:42:13:15:11:26\r\n"));
+    VarnelSettings().setSendTime(false);
+}
+
+void SerialReaderTest::idleTimeIsCounted()
+{
+    device->send(sent(varnel3Line(5)));
+    QTRY_COMPARE(recordings().size(), 1);
+    for (int tick = 0; tick < 20; ++tick)
+        reader->timerTickEvent();
+    QTest::qWait(1200); // the reader's own tick is the 21st
+    device->send(sent(varnel3Line(6)));
+    QTRY_COMPARE(recordings(), QVector<Recording>({{"5", "end"}, {"6"}}));
+}
+
+void SerialReaderTest::commandsDoNotWaitOnAQuietPort()
+{
+    QElapsedTimer clock;
+    clock.start();
+    for (int i = 0; i < 10; ++i)
+        reader->sendCommand(QStringLiteral("#STOP\u00B0\r\n"));
+    QVERIFY2(clock.elapsed() < 300, qPrintable(QString::number(clock.elapsed())));
+    reader->stop();
+    QCOMPARE(device->received(), QByteArray("#STOP\xB0\r\n").repeated(10));
+    reader->sendCommand(QStringLiteral("#STOP\r\n"));
+    QCOMPARE(device->received(), QByteArray());
+}
+
+void SerialReaderTest::fullLineIsGivenUpAfterHalfASecond()
+{
+    QElapsedTimer clock;
+    clock.start();
+    reader->sendCommand(bigCommand);
+    QVERIFY2(clock.elapsed() >= 480 && clock.elapsed() < 1000, qPrintable(QString::number(clock.elapsed())));
+    device->send(sent(varnel3Line(5)));
+    QTRY_COMPARE(recordings(), QVector<Recording>({{"5"}}));
+}
+
+void SerialReaderTest::linesDuringAWriteKeepTheirOrder()
+{
+    connect(reader.get(), SIGNAL(control_data(QString)), this, SLOT(commandAndNote(QString)));
+    device->send("#AAA\r\n");
+    QTRY_COMPARE(notes, QStringList({"1 #AAA", "1 done", "1 #BBB", "1 #CCC"}));
+}
+
+// The system may have announced bytes that a command's wait has read when the announcement is looked at.
+void SerialReaderTest::bytesReadByAWriteAreNoLoss()
+{
+    int ends[2];
+    QCOMPARE(pipe(ends), 0);
+    reader->stop();
+    QSocketNotifier notifier(ends[0], QSocketNotifier::Read); // is looked at before the port's own
+    connect(&notifier, SIGNAL(activated(int)), this, SLOT(sendBig(int)));
+    QVERIFY(reader->start());
+    for (int time = 5; time < 8; ++time) {
+        device->send(sent(varnel3Line(time)));
+        QCOMPARE(write(ends[1], "x", 1), ssize_t(1));
+        QCoreApplication::processEvents();
+        device->received();
+    }
+    device->send(sent(varnel3Line(8)));
+    QTRY_COMPARE(recordings(), QVector<Recording>({{"5", "6", "7", "8"}}));
+    QCOMPARE(shell->calls, QStringList("started"));
+    close(ends[0]);
+    close(ends[1]);
+}
+
+void SerialReaderTest::commandsToAFullLineAreNoLoss()
+{
+    reader->sendCommand(bigCommand);
+    reader->sendCommand(bigCommand);
+    device->send(sent(varnel3Line(5)));
+    QTRY_COMPARE(recordings(), QVector<Recording>({{"5"}}));
+    QTRY_VERIFY(device->received().isEmpty()
+        && !QTest::qWaitFor([this] { return !device->received().isEmpty(); }, 100));
+    QCOMPARE(shell->calls, QStringList("started"));
+}
+
+void SerialReaderTest::hangUp_data()
+{
+    QTest::addColumn<bool>("commanding");
+    QTest::newRow("while listening") << false;
+    QTest::newRow("before a command") << true;
+}
+
+void SerialReaderTest::hangUp()
+{
+    QFETCH(bool, commanding);
+    WarningCollector collector;
+    device->send(sent(varnel3Line(5)));
+    QTRY_COMPARE(recordings(), QVector<Recording>({{"5"}}));
+    device->send(sent(varnel3Line(6)) + "#06C05");
+    device->hangUp();
+    QElapsedTimer clock;
+    clock.start();
+    if (commanding)
+        reader->sendCommand(bigCommand);
+    QTRY_VERIFY(!reader->isOpen());
+    QVERIFY2(clock.elapsed() < 300, qPrintable(QString::number(clock.elapsed())));
+    const clock_t begin = std::clock();
+    QTest::qWait(500);
+    QVERIFY((std::clock() - begin) * 10 < CLOCKS_PER_SEC); // no loop that never rests
+    QCOMPARE(recordings().first().last(), QStringLiteral("end"));
+    QCOMPARE(shell->logs, recordings());
+    QCOMPARE(shell->calls, QStringList({"started", "lost COM7"}));
+    QCOMPARE(collector.warnings(), QStringList());
+}
+
+void SerialReaderTest::returnsAfterHangUp()
+{
+    device->send(sent(varnel3Line(5)));
+    QTRY_COMPARE(recordings(), QVector<Recording>({{"5"}}));
+    device->hangUp();
+    QTRY_VERIFY(!reader->isOpen());
+    device = std::make_unique<PtyPair>(folder.path(), port);
+    QVERIFY(reader->start());
+    device->send(sent(varnel3Line(6)));
+    QTRY_COMPARE(recordings(), QVector<Recording>({{"5", "end"}, {"6"}}));
+}
+
+void SerialReaderTest::surgeryInsideASignal_data()
+{
+    QTest::addColumn<QByteArray>("slot");
+    QTest::addColumn<bool>("listensOn");
+    QTest::newRow("stopped") << QByteArray(SLOT(stopReader())) << false;
+    QTest::newRow("restarted") << QByteArray(SLOT(restartReader())) << true;
+    QTest::newRow("deleted later") << QByteArray(SLOT(deleteReader())) << true;
+}
+
+// Lines of the same piece that follow belong to nobody.
+void SerialReaderTest::surgeryInsideASignal()
+{
+    QFETCH(QByteArray, slot);
+    QFETCH(bool, listensOn);
+    const QPointer<SerialReader> watched = reader.get();
+    connect(reader.get(), SIGNAL(control_data(QString)), this, slot.constData());
+    const bool deletes = slot == SLOT(deleteReader());
+    device->send(sent(varnel3Line(5)) + "#OK__\r\n" + (deletes ? QByteArray() : sent(varnel3Line(6))));
+    QTRY_VERIFY(!recordings().isEmpty() && recordings()[0].last() == QLatin1String("end"));
+    QTest::qWait(50);
+    QCOMPARE(recordings(), QVector<Recording>({{"5", "end"}}));
+    QCOMPARE(watched.isNull(), deletes);
+    if (watched)
+        QCOMPARE(watched->isOpen(), listensOn);
+}
+
+void SerialReaderTest::portHeldByAnother()
+{
+    SerialReader second(nullptr, port, shell.get());
+    QVERIFY(!second.tryStart());
+    QCOMPARE(shell->calls, QStringList());
+    QVERIFY(!second.start());
+    QCOMPARE(shell->calls.size(), 2);
+    QVERIFY2(shell->calls[0].startsWith(QLatin1String("status 5000 Device COM7 failed to open: ")),
+        qPrintable(shell->calls[0]));
+    QCOMPARE(shell->calls[1],
+        shell->calls[0].replace(QLatin1String("status 5000"), QLatin1String("failed COM7"))
+            + QLatin1String("\nAnother program holds the port."));
+    device->send(sent(varnel3Line(5)));
+    QTRY_COMPARE(recordings(), QVector<Recording>({{"5"}}));
+    reader->stop();
+    QVERIFY(second.start());
+}
+
+void SerialReaderTest::portWithoutRights()
+{
+    reader->stop();
+    const QByteArray node = findPort(port).location.toLocal8Bit();
+    QCOMPARE(chmod(folder.path().toLocal8Bit(), 0755), 0);
+    QCOMPARE(chmod(node, 0), 0);
+    const uid_t self = geteuid();
+    constexpr uid_t nobody = 65534; // the superuser has rights everywhere
+    if (self == 0)
+        QCOMPARE(seteuid(nobody), 0);
+    const bool started = reader->start();
+    if (self == 0)
+        QCOMPARE(seteuid(self), 0);
+    QVERIFY(!started);
+    QVERIFY2(shell->calls.last().endsWith(QLatin1String("\nYou have no right to use the port.")),
+        qPrintable(shell->calls.last()));
+}
+
+void SerialReaderTest::portThatIsNotThere()
+{
+    SerialReader absent(nullptr, QStringLiteral("COM8"), shell.get());
+    QVERIFY(!absent.start());
+    QCOMPARE(shell->calls.size(), 2);
+    QVERIFY(!shell->calls[1].contains(QLatin1Char('\n')));
+    absent.stop();
+    absent.sendCommand(QStringLiteral("#STOP\r\n"));
+    const PtyPair late(folder.path(), QStringLiteral("COM8"));
+    QVERIFY(absent.start());
+}
+
+QTEST_GUILESS_MAIN(SerialReaderTest)
+#include "tst_serialreader.moc"
