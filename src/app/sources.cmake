@@ -1,5 +1,6 @@
 target_sources(varnel_gui PRIVATE
     app/actionset.cpp app/actionset.h
+    app/commandline.cpp app/commandline.h
     app/datatoolbar.cpp app/datatoolbar.h
     app/deskarea.cpp app/deskarea.h
     app/displaywindows.cpp app/displaywindows.h

@@ -1,10 +1,17 @@
 target_sources(varnel_gui PRIVATE
+    displays/capacitychart.cpp displays/capacitychart.h
+    displays/capacitydisplay.cpp displays/capacitydisplay.h
+    displays/cellbarchart.cpp displays/cellbarchart.h
+    displays/cellbars.cpp displays/cellbars.h
     displays/cellsummary.cpp displays/cellsummary.h
+    displays/chartpaint.cpp displays/chartpaint.h
     displays/clickedlabel.cpp displays/clickedlabel.h
     displays/datadisplay.cpp displays/datadisplay.h
     displays/datafigures.cpp displays/datafigures.h
     displays/displayscale.cpp displays/displayscale.h
     displays/figuretext.cpp displays/figuretext.h
     displays/fittedtext.cpp displays/fittedtext.h
+    displays/powerdisplay.cpp displays/powerdisplay.h
+    displays/printstamp.cpp displays/printstamp.h
     displays/refreshgate.cpp displays/refreshgate.h
 )

@@ -1,0 +1,179 @@
+#include "app/commandline.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+constexpr int smallestSide = 100; // px, of a drawing
+constexpr int largestSide = 32767; // px, what a painter's coordinates bear
+
+/// An option that takes a value.
+struct Option {
+    const char *name;
+    const char *value;
+    const char *description;
+};
+
+constexpr char exportName[] = "export-csv";
+constexpr char renderName[] = "render";
+constexpr char sizeName[] = "size";
+
+const Option options[] = {
+    {exportName, "out",
+        QT_TRANSLATE_NOOP(
+            "CommandLine", "Write the recording FILE to <out> as comma-separated values and leave.")},
+    {renderName, "out",
+        QT_TRANSLATE_NOOP("CommandLine", "Draw the recording FILE to <out> (.png, .svg or .pdf) and leave.")},
+    {sizeName, "WxH",
+        QT_TRANSLATE_NOOP("CommandLine", "Size of the drawing in pixels, for example 1000x600.")},
+    {"background", "colour", QT_TRANSLATE_NOOP("CommandLine", "Background of the drawing: black or white.")},
+    {"view", "view", QT_TRANSLATE_NOOP("CommandLine", "View of the drawing: charger, cells or average.")},
+    {"right-axis", "what",
+        QT_TRANSLATE_NOOP("CommandLine", "Right axis of the charger view: dv, mah or none.")},
+    {"hide", "curve",
+        QT_TRANSLATE_NOOP(
+            "CommandLine", "Leave out a curve: temperature or resistance. May be given twice.")},
+    {"cell-value", "what",
+        QT_TRANSLATE_NOOP("CommandLine", "Figure beside a cell's name: voltage, charge or resistance.")},
+};
+
+/// A word of an option and the switches that it sets.
+struct Choice {
+    const char *option;
+    const char *word;
+    void (*apply)(ViewSwitches &switches);
+};
+
+const Choice choices[] = {
+    {"background", "black", [](ViewSwitches &s) { s.blackBackground = true; }},
+    {"background", "white", [](ViewSwitches &s) { s.blackBackground = false; }},
+    {"view", "charger", [](ViewSwitches &s) { s.balancer = s.average = false; }},
+    {"view", "cells", [](ViewSwitches &s) { s.balancer = true, s.average = false; }},
+    {"view", "average", [](ViewSwitches &s) { s.balancer = s.average = true; }},
+    {"right-axis", "dv", [](ViewSwitches &s) { s.deltaMode = 1; }},
+    {"right-axis", "mah", [](ViewSwitches &s) { s.deltaMode = 2; }},
+    {"right-axis", "none", [](ViewSwitches &s) { s.deltaMode = 0, s.delta = false; }},
+    {"hide", "temperature", [](ViewSwitches &s) { s.temperature = false; }},
+    {"hide", "resistance", [](ViewSwitches &s) { s.resistance = false; }},
+    {"cell-value", "voltage", [](ViewSwitches &s) { s.energyMode = 0; }},
+    {"cell-value", "charge", [](ViewSwitches &s) { s.energyMode = 1; }},
+    {"cell-value", "resistance", [](ViewSwitches &s) { s.energyMode = 2; }},
+};
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("CommandLine", text);
+}
+
+void refuse(CommandLine &line, const QString &why)
+{
+    line.task = CommandLine::Refuse;
+    line.message = why + QLatin1Char('\n') + tr("See varnelgraph --help.") + QLatin1Char('\n');
+}
+
+bool readSize(const QString &text, QSize *size)
+{
+    const QStringList sides = text.split(QLatin1Char('x'));
+    bool widthFits = false;
+    bool heightFits = false;
+    *size = QSize(sides.value(0).toInt(&widthFits), sides.value(1).toInt(&heightFits));
+    const auto fits = [](int side) { return side >= smallestSide && side <= largestSide; };
+    return sides.size() == 2 && widthFits && heightFits && fits(size->width()) && fits(size->height());
+}
+
+QString name(const char *option)
+{
+    return QString::fromLatin1(option);
+}
+
+/// Whether a choice of `option` is called `word`; it is applied then.
+bool applyChoice(const char *option, const QString &word, ViewSwitches &switches)
+{
+    for (const Choice &choice : choices) {
+        if (qstrcmp(choice.option, option) != 0 || word != QLatin1String(choice.word))
+            continue;
+        choice.apply(switches);
+        return true;
+    }
+    return false;
+}
+
+bool isChoice(const Option &option)
+{
+    return std::any_of(std::begin(choices), std::end(choices),
+        [&](const Choice &choice) { return qstrcmp(choice.option, option.name) == 0; });
+}
+
+void readDrawing(const QCommandLineParser &parser, CommandLine &line)
+{
+    const QString size = parser.value(name(sizeName));
+    if (!size.isEmpty() && !readSize(size, &line.size))
+        return refuse(
+            line, tr("Not a size between %1x%1 and %2x%2: ").arg(smallestSide).arg(largestSide) + size);
+    for (const Option &option : options) {
+        if (!isChoice(option))
+            continue;
+        for (const QString &word : parser.values(name(option.name)))
+            if (!applyChoice(option.name, word, line.switches))
+                return refuse(
+                    line, QStringLiteral("--%1: ").arg(name(option.name)) + tr("unknown word ") + word);
+    }
+}
+
+void readBatch(const QCommandLineParser &parser, CommandLine &line)
+{
+    const bool exports = parser.isSet(name(exportName));
+    if (exports && parser.isSet(name(renderName)))
+        return refuse(line, tr("Either --export-csv or --render."));
+    if (line.files.size() != 1)
+        return refuse(line, tr("One recording FILE is needed."));
+    line.task = exports ? CommandLine::ExportCsv : CommandLine::Render;
+    line.output = parser.value(name(exports ? exportName : renderName));
+}
+
+} // namespace
+
+CommandLine parseCommandLine(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        tr("Records what battery chargers and balancers send over serial ports, and draws it."));
+    const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption version = parser.addVersionOption();
+    parser.addPositionalArgument(
+        QStringLiteral("FILE..."), tr("Recordings (.acp, .abp) to open."), QStringLiteral("[FILE...]"));
+    for (const Option &option : options)
+        parser.addOption({name(option.name), tr(option.description), name(option.value)});
+
+    CommandLine line;
+    if (!parser.parse(arguments)) {
+        refuse(line, parser.errorText());
+        return line;
+    }
+    line.files = parser.positionalArguments();
+    if (parser.isSet(help) || parser.isSet(version)) {
+        line.task = CommandLine::Print;
+        line.message = parser.isSet(help) ? parser.helpText() : QStringLiteral("VarnelGraph V4.60\n");
+        return line;
+    }
+    readDrawing(parser, line);
+    if (line.task != CommandLine::Refuse
+        && (parser.isSet(name(exportName)) || parser.isSet(name(renderName))))
+        readBatch(parser, line);
+    return line;
+}
+
+bool asksForBatch(int count, const char *const *words)
+{
+    for (int i = 1; i < count && qstrcmp(words[i], "--") != 0; ++i) {
+        const QByteArray word = QByteArray(words[i]).split('=').first();
+        for (const char *batch : {"--export-csv", "--render", "--help", "-h", "--version", "-v"})
+            if (word == batch)
+                return true;
+    }
+    return false;
+}

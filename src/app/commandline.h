@@ -1,0 +1,32 @@
+#pragma once
+
+#include "settings/viewswitches.h"
+
+#include <QSize>
+#include <QStringList>
+
+/// What the program was asked to do when it was started.
+struct CommandLine {
+    enum Task {
+        Run, ///< show the main window; `files` are opened in it
+        ExportCsv, ///< write files[0] to `output` as comma-separated values and leave
+        Render, ///< draw files[0] to `output` and leave
+        Print, ///< write `message` to standard output and leave: help or version
+        Refuse ///< write `message` to standard error and leave: the words are off
+    };
+
+    Task task = Run;
+    QStringList files;
+    QString output; ///< a path; "-" is standard output
+    QSize size = QSize(1000, 600); ///< of a drawing, pixels
+    ViewSwitches switches; ///< of a drawing
+    QString message;
+
+    /// Whether the program leaves without showing anything.
+    bool isBatch() const { return task != Run; }
+};
+
+/// Understands the words of the command line, the program's own name first. Needs an application object.
+CommandLine parseCommandLine(const QStringList &arguments);
+/// Whether the words ask for something that needs no display; looked at before there is an application object.
+bool asksForBatch(int count, const char *const *words);

@@ -1,0 +1,143 @@
+#include "displays/capacitychart.h"
+
+#include "displays/chartpaint.h"
+#include "displays/figuretext.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int leftEdge = 30;
+constexpr int sideSpace = 59; // left and right of the bars together
+
+struct BarColours {
+    char mode;
+    QColor outline;
+    QColor body;
+};
+
+constexpr BarColours barColours[] = {
+    {'C', {0, 255, 0}, {0, 127, 0}}, {'D', {255, 0, 0}, {127, 0, 0}},
+    {'\0', {255, 255, 0}, {127, 127, 0}}, // every other process
+};
+
+const BarColours &coloursOf(char mode)
+{
+    const BarColours *colours = barColours;
+    while (colours->mode != mode && colours->mode != '\0')
+        ++colours;
+    return *colours;
+}
+
+} // namespace
+
+int CapacityChart::margin(int height) const
+{
+    return qMax(px(30), int(0.2 * height));
+}
+
+int CapacityChart::largest() const
+{
+    const auto smaller
+        = [](const CapacityEntry &a, const CapacityEntry &b) { return a.capacity < b.capacity; };
+    const auto it = std::max_element(entries.begin(), entries.end(), smaller);
+    return it == entries.end() ? 0 : it->capacity;
+}
+
+double CapacityChart::percent(int index) const
+{
+    const int reference = largest();
+    return reference > 0 ? entries[index].capacity * 100.0 / reference : 0.0;
+}
+
+int CapacityChart::barTop(int index, int height) const
+{
+    const int space = margin(height);
+    const double reference = largest();
+    const int capacity = entries[index].capacity;
+    // A process of no capacity, or of a negative one that no device has, keeps a bar of one pixel.
+    const int length = capacity > 0 ? int(capacity / reference * (height - 2 * space)) : 1;
+    return height - length - space;
+}
+
+QRect CapacityChart::barRect(int index, const QSize &size) const
+{
+    const int usable = size.width() - px(sideSpace);
+    const int gaps = int(usable * 0.25);
+    const int width = int((usable - gaps) * 0.125);
+    const int gap = gaps / (visibleBars - 1);
+    const int left = px(leftEdge) + (index - first) * (width + gap);
+    const int top = barTop(index, size.height());
+    return {left, top, width, size.height() - margin(size.height()) - top};
+}
+
+int CapacityChart::visibleEnd() const
+{
+    return qMin(first + visibleBars, entries.size());
+}
+
+int CapacityChart::entryAt(const QPoint &point, const QSize &size) const
+{
+    for (int i = first; i < visibleEnd(); ++i) {
+        const QRect bar = barRect(i, size);
+        if (point.x() >= bar.left() && point.x() <= bar.right())
+            return i;
+    }
+    return -1;
+}
+
+void CapacityChart::paint(QPainter &painter, const QSize &size) const
+{
+    paintLines(painter, size);
+    for (int i = first; i < visibleEnd(); ++i)
+        paintEntry(painter, i, size);
+}
+
+void CapacityChart::paintLines(QPainter &painter, const QSize &size) const
+{
+    const int space = margin(size.height());
+    const int range = size.height() - 2 * space;
+    painter.setPen(ChartPaint::grey);
+    for (const int y : {size.height() - space, space, space + range / 3, space + 2 * range / 3})
+        painter.drawLine(px(20), y, size.width() - px(20), y);
+}
+
+void CapacityChart::paintEntry(QPainter &painter, int index, const QSize &size) const
+{
+    const QRect bar = barRect(index, size);
+    const BarColours &colours = coloursOf(entries[index].mode);
+    painter.fillRect(bar, colours.body);
+    painter.fillRect(bar.left() + bar.width() / 6, bar.top(), bar.width() / 5, bar.height(), colours.outline);
+    painter.setPen(colours.outline);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(bar.adjusted(0, 0, -1, -1));
+    paintBoxes(painter, index, bar);
+
+    painter.setPen(ChartPaint::textColour(blackGround));
+    const int below = qMin(margin(size.height()), px(28));
+    ChartPaint::drawFitted(painter, {bar.left(), bar.bottom() + 1, bar.width(), below},
+        Qt::AlignHCenter | Qt::AlignBottom, QString::number(index + 1), 10, scale, true);
+}
+
+void CapacityChart::paintBoxes(QPainter &painter, int index, const QRect &bar) const
+{
+    // The window's number stands on the bar, the per cent on the number. The margin always has room for both.
+    const int width = px(40);
+    const int height = px(14);
+    QRect box(bar.left() + px(5), bar.top() - px(20), width, height);
+    painter.setPen(Qt::black);
+    painter.setBrush(QColor(255, 255, 200));
+    painter.drawRect(box.adjusted(0, 0, -1, -1));
+    ChartPaint::drawFitted(painter, box, Qt::AlignCenter, QString::number(entries[index].number), 8, scale);
+
+    if (entries[index].capacity == 0)
+        return;
+    box.moveTop(qMax(0, box.top() - px(16)));
+    painter.setPen(Qt::black);
+    painter.setBrush(Qt::yellow);
+    painter.drawRect(box.adjusted(0, 0, -1, -1));
+    ChartPaint::drawFitted(
+        painter, box, Qt::AlignCenter, FigureText::fixed(percent(index), 0, 0) + QLatin1Char('%'), 8, scale);
+}

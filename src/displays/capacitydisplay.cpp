@@ -1,0 +1,239 @@
+#include "displays/capacitydisplay.h"
+
+#include "displays/displayscale.h"
+#include "displays/figuretext.h"
+#include "displays/printstamp.h"
+#include "printing/printrequest.h"
+#include "settings/viewstate.h"
+
+#include <QCloseEvent>
+#include <QHelpEvent>
+#include <QIcon>
+#include <QPainter>
+#include <QPushButton>
+#include <QToolTip>
+
+namespace {
+
+constexpr int updateInterval = 1000; // ms
+constexpr QSize buttonSize{15, 40};
+
+} // namespace
+
+CapacityDisplay::CapacityDisplay(QWidget *parent)
+    : QWidget(parent, Qt::Window | Qt::WindowStaysOnTopHint)
+    , m_next(createButton(QStringLiteral(":/Icons/control-right.png"), tr("Next"), SLOT(showNext())))
+    , m_prev(createButton(QStringLiteral(":/Icons/control-left.png"), tr("Previous"), SLOT(showPrev())))
+{
+    setWindowIcon(QIcon(QStringLiteral(":/Icons/wykbar.png")));
+    setWindowTitle(tr("Varnel - capacity comparison"));
+    setAutoFillBackground(true);
+    setMinimumSize(scaled(470), scaled(280));
+    setFocusPolicy(Qt::StrongFocus);
+    m_chart.scale = displayScale();
+    m_updateTimer.setInterval(updateInterval);
+    connect(&m_updateTimer, SIGNAL(timeout()), this, SIGNAL(entriesWanted()));
+    refresh();
+    onViewChanged();
+}
+
+QPushButton *CapacityDisplay::createButton(const QString &icon, const QString &toolTip, const char *slot)
+{
+    auto *button = new QPushButton(QIcon(icon), QString(), this);
+    button->setFixedSize(scaled(buttonSize.width()), scaled(buttonSize.height()));
+    button->setIconSize(QSize(scaled(buttonSize.width() - 3), scaled(buttonSize.width() - 3)));
+    // The program's buttons have a padding that would leave nothing for the icon.
+    button->setStyleSheet(QStringLiteral("padding: 0px; min-width: 0px; min-height: 0px;"));
+    button->setToolTip(toolTip);
+    button->setFocusPolicy(Qt::NoFocus);
+    connect(button, SIGNAL(clicked()), this, slot);
+    return button;
+}
+
+void CapacityDisplay::setViewState(ViewState *state)
+{
+    m_viewState = state;
+    connect(state, SIGNAL(changed()), this, SLOT(onViewChanged()));
+    onViewChanged();
+}
+
+void CapacityDisplay::addEntry(int capacity, char mode, int number)
+{
+    m_chart.entries.append({capacity, mode, number});
+    if (m_end < CapacityChart::visibleBars) {
+        ++m_end;
+    } else {
+        ++m_chart.first;
+        ++m_end;
+    }
+    refresh();
+}
+
+void CapacityDisplay::changeEntry(int capacity, char mode, int number, int k)
+{
+    if (k < 1 || k > m_chart.entries.size())
+        return;
+    m_chart.entries[k - 1] = {capacity, mode, number};
+    refresh();
+}
+
+void CapacityDisplay::removeEntry(int k)
+{
+    if (k < 0 || k >= m_chart.entries.size())
+        return;
+    m_chart.entries.remove(k);
+    if (m_chart.entries.size() <= m_end) {
+        if (m_end > CapacityChart::visibleBars)
+            --m_chart.first;
+        --m_end;
+    }
+    // The view never ends before the last entry while it has room for it.
+    m_end = m_chart.visibleEnd();
+    refresh();
+}
+
+void CapacityDisplay::clear()
+{
+    m_chart.first = 0;
+    m_end = 0;
+    m_chart.entries.clear();
+    m_deviceNames.clear();
+    refresh();
+}
+
+void CapacityDisplay::setWindowCount(int count)
+{
+    m_windowCount = count;
+}
+
+void CapacityDisplay::setDeviceName(int number, const QString &name)
+{
+    m_deviceNames.insert(number, name);
+}
+
+QSize CapacityDisplay::sizeHint() const
+{
+    return {scaled(465), scaled(364)};
+}
+
+void CapacityDisplay::showNext()
+{
+    if (m_end >= m_chart.entries.size())
+        return;
+    ++m_chart.first;
+    ++m_end;
+    refresh();
+}
+
+void CapacityDisplay::showPrev()
+{
+    if (m_chart.first <= 0)
+        return;
+    --m_chart.first;
+    --m_end;
+    refresh();
+}
+
+void CapacityDisplay::refresh()
+{
+    m_next->setEnabled(m_end < m_chart.entries.size());
+    m_prev->setEnabled(m_chart.first > 0);
+    update();
+}
+
+void CapacityDisplay::onViewChanged()
+{
+    m_chart.blackGround = !m_viewState || m_viewState->switches().blackBackground;
+    QPalette colours = palette();
+    colours.setColor(QPalette::Window, m_chart.blackGround ? Qt::black : Qt::white);
+    setPalette(colours);
+    update();
+}
+
+QString CapacityDisplay::entryText(const CapacityEntry &entry) const
+{
+    const QString name = m_deviceNames.value(entry.number);
+    return name.isEmpty() ? QString::number(entry.number)
+                          : QStringLiteral("%1 %2").arg(QString::number(entry.number), name);
+}
+
+void CapacityDisplay::print()
+{
+    PrintJob job;
+    job.title = windowTitle();
+    QStringList devices;
+    for (int i = m_chart.first; i < m_chart.visibleEnd(); ++i)
+        devices.append(entryText(m_chart.entries[i]));
+    job.details = printDetails(devices);
+    job.size = size();
+    job.paint = [chart = m_chart, area = size()](QPainter &painter) mutable {
+        chart.blackGround = false;
+        chart.paint(painter, area);
+    };
+    printWithDialog(job, isVisible() ? this : parentWidget());
+}
+
+bool CapacityDisplay::event(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    const auto *help = static_cast<QHelpEvent *>(event);
+    const int index = m_chart.entryAt(help->pos(), size());
+    if (index < 0) {
+        QToolTip::hideText();
+    } else {
+        const CapacityEntry &entry = m_chart.entries[index];
+        QToolTip::showText(help->globalPos(),
+            tr("%1: %2 Ah").arg(entryText(entry), FigureText::fixed(entry.capacity / 1000.0, 0, 3)), this);
+    }
+    return true;
+}
+
+void CapacityDisplay::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    m_chart.paint(painter, size());
+}
+
+void CapacityDisplay::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    const int top = height() / 2 - scaled(20);
+    m_prev->move(scaled(7), top);
+    m_next->move(width() - 1 - scaled(22), top);
+    update();
+}
+
+void CapacityDisplay::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    while (m_chart.first > 0 && m_chart.first >= m_windowCount) {
+        --m_chart.first;
+        --m_end;
+    }
+    refresh();
+    emit entriesWanted();
+    m_updateTimer.start();
+}
+
+void CapacityDisplay::hideEvent(QHideEvent *event)
+{
+    m_updateTimer.stop();
+    QWidget::hideEvent(event);
+}
+
+void CapacityDisplay::closeEvent(QCloseEvent *event)
+{
+    emit closed();
+    QWidget::closeEvent(event);
+}
+
+void CapacityDisplay::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Right)
+        showNext();
+    else if (event->key() == Qt::Key_Left)
+        showPrev();
+    else
+        QWidget::keyPressEvent(event);
+}

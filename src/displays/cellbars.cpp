@@ -1,0 +1,69 @@
+#include "displays/cellbars.h"
+
+#include "data/varnel3data.h"
+
+#include <QtGlobal>
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+constexpr int chargePerMilliampereHour = 360000; // per cent x mA x s
+constexpr int fullScale = 100;
+
+void fillVoltages(CellBars &bars, const Varnel3Data &record)
+{
+    constexpr qint64 limit = std::numeric_limits<int>::max();
+    for (int i = 0; i < bars.count; ++i) {
+        const qint64 deviation = qint64(record.cells[i].voltage) - record.cellAverage;
+        bars.values[i] = int(qBound(-limit, deviation, limit));
+        bars.known[i] = true;
+    }
+}
+
+void fillCharges(CellBars &bars, const Varnel3Data &record)
+{
+    bars.lower = 0;
+    for (int i = 0; i < bars.count; ++i) {
+        bars.values[i] = record.cells[i].balanceCharge / chargePerMilliampereHour;
+        bars.known[i] = true;
+    }
+    bars.upper = qMax(fullScale, *std::max_element(bars.values.begin(), bars.values.end()));
+}
+
+void fillResistances(CellBars &bars, const Varnel3Data &record)
+{
+    bars.lower = 0;
+    double smallest = std::numeric_limits<double>::max();
+    for (int i = 0; i < bars.count; ++i) {
+        bars.known[i] = record.cells[i].resistance > 0.0;
+        if (bars.known[i])
+            smallest = qMin(smallest, record.cells[i].resistance);
+    }
+    constexpr double limit = std::numeric_limits<int>::max() / 2;
+    for (int i = 0; i < bars.count; ++i)
+        if (bars.known[i])
+            bars.values[i] = qRound(qMin(limit, (record.cells[i].resistance - smallest) / smallest * 100.0));
+}
+
+} // namespace
+
+CellBars CellBars::of(const Varnel3Data &record, int energyMode)
+{
+    static constexpr struct {
+        Quantity quantity;
+        void (*fill)(CellBars &, const Varnel3Data &);
+    } kinds[] = {{Voltage, fillVoltages}, {Charge, fillCharges}, {Resistance, fillResistances}};
+
+    CellBars bars;
+    const auto &kind = kinds[energyMode == 0 || energyMode == 1 ? energyMode : 2];
+    bars.quantity = kind.quantity;
+    if (!record.hasCellData())
+        return bars;
+    bars.count = record.cellsPresent();
+    for (int i = 0; i < bars.count; ++i)
+        bars.levels[i] = qBound(0, record.cells[i].balance, fullScale);
+    kind.fill(bars, record);
+    return bars;
+}

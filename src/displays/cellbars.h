@@ -1,0 +1,25 @@
+#pragma once
+
+#include <array>
+
+class Varnel3Data;
+
+/// The cells of one record as the bar display draws them: a value of the chosen quantity and a balancing level each.
+struct CellBars {
+    enum Quantity { Voltage, Charge, Resistance };
+    static constexpr int maxCells = 16;
+
+    Quantity quantity = Voltage;
+    int count = 0; ///< cells, 0..maxCells; 0: the record carries no cell data
+    int lower = -100; ///< ends of the scale, in the unit of the values
+    int upper = 100;
+    /// mV from the pack's mean; mAh balanced; or per cent of the smallest resistance above it.
+    std::array<int, maxCells> values{};
+    std::array<bool, maxCells> known{}; ///< whether the cell has a value: one without a resistance has none
+    std::array<int, maxCells> levels{}; ///< balancing, per cent, 0..100
+
+    bool hasData() const { return count > 0; }
+
+    /// `energyMode` as the view switches have it: 0 voltage, 1 charge, else resistance.
+    static CellBars of(const Varnel3Data &record, int energyMode);
+};

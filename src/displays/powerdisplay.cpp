@@ -1,0 +1,113 @@
+#include "displays/powerdisplay.h"
+
+#include "displays/displayscale.h"
+#include "displays/printstamp.h"
+#include "displays/refreshgate.h"
+#include "printing/printrequest.h"
+#include "settings/viewstate.h"
+
+#include <QCloseEvent>
+#include <QIcon>
+#include <QPainter>
+
+PowerDisplay::PowerDisplay(QWidget *parent)
+    : QWidget(parent, Qt::Window | Qt::WindowStaysOnTopHint)
+    , m_gate(new RefreshGate(this))
+{
+    setWindowIcon(QIcon(QStringLiteral(":/Icons/wykbar.png")));
+    setWindowTitle(tr("Varnel - bar display"));
+    setAutoFillBackground(true);
+    setMinimumSize(scaled(470), scaled(280));
+    m_chart.scale = displayScale();
+    connect(m_gate, SIGNAL(refresh()), this, SLOT(refresh()));
+    onViewChanged();
+}
+
+void PowerDisplay::setViewState(ViewState *state)
+{
+    m_viewState = state;
+    connect(state, SIGNAL(changed()), this, SLOT(onViewChanged()));
+    onViewChanged();
+}
+
+void PowerDisplay::setStaleSince(const QDateTime &since)
+{
+    if (since == m_staleSince)
+        return;
+    m_staleSince = since;
+    m_gate->request();
+}
+
+void PowerDisplay::setNoData()
+{
+    m_record = Varnel3Data();
+    m_gate->request();
+}
+
+QSize PowerDisplay::sizeHint() const
+{
+    return {scaled(465), scaled(364)};
+}
+
+void PowerDisplay::updateData(Varnel3Data &record, int nrWin, bool useKeptRi)
+{
+    const bool resistances = m_viewState && m_viewState->switches().energyMode >= 2;
+    const bool sameDevice = nrWin == m_windowNumber && m_record.hasCellData();
+    if (useKeptRi && resistances && sameDevice && record.hasCellData())
+        return;
+    m_windowNumber = nrWin;
+    m_record = record;
+    m_gate->request();
+}
+
+void PowerDisplay::print()
+{
+    refresh();
+    PrintJob job;
+    job.title = windowTitle();
+    const QString device = Varnel3Data::deviceName(m_record.device);
+    if (m_chart.bars.hasData())
+        job.details = printDetails(
+            {m_windowNumber == -1 ? device
+                                  : QStringLiteral("%1 %2").arg(QString::number(m_windowNumber), device)});
+    else
+        job.details = printDetails({});
+    job.size = size();
+    job.paint = [chart = m_chart, area = size()](QPainter &painter) mutable {
+        chart.blackGround = false;
+        chart.paint(painter, area);
+    };
+    printWithDialog(job, isVisible() ? this : parentWidget());
+}
+
+void PowerDisplay::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    m_chart.paint(painter, size());
+}
+
+void PowerDisplay::closeEvent(QCloseEvent *event)
+{
+    emit closed();
+    QWidget::closeEvent(event);
+}
+
+void PowerDisplay::refresh()
+{
+    m_chart.bars = CellBars::of(m_record, m_viewState ? m_viewState->switches().energyMode : 0);
+    m_chart.windowNumber = m_windowNumber;
+    m_chart.stale = m_staleSince.isValid();
+    setToolTip(m_chart.stale
+            ? tr("No line since %1").arg(m_staleSince.time().toString(QStringLiteral("HH:mm:ss")))
+            : QString());
+    update();
+}
+
+void PowerDisplay::onViewChanged()
+{
+    m_chart.blackGround = !m_viewState || m_viewState->switches().blackBackground;
+    QPalette colours = palette();
+    colours.setColor(QPalette::Window, m_chart.blackGround ? Qt::black : Qt::white);
+    setPalette(colours);
+    m_gate->request();
+}

@@ -1,0 +1,54 @@
+#include "files/balancercolumns.h"
+
+#include "data/saturated.h"
+
+namespace {
+
+// Per cent to the character that stands for it; what is none becomes a letter, which reads as 0.
+char balanceCharacter(int balance)
+{
+    const int code = '0' + balance / 10;
+    return code >= '0' && code <= ':' ? char(code) : 'x';
+}
+
+} // namespace
+
+ColumnConverter::Outcome BalancerColumns::takeFourthLine(QLatin1String line)
+{
+    int state = 0;
+    if (!Field{reinterpret_cast<const uchar *>(line.data()), line.size()}.toInt(&state))
+        return Outcome::Record;
+    if (state < 1 || state > 3)
+        return Outcome::BadLine;
+    m_state = char('A' + state);
+    return Outcome::NoRecord;
+}
+
+int BalancerColumns::fieldsExpected() const
+{
+    return saturated(2 * qint64(header().cellCount));
+}
+
+bool BalancerColumns::takeField(int index, const Field &field)
+{
+    int value = 0;
+    if (!field.toInt(&value))
+        return false;
+    if (index < 2 * pairs)
+        m_values[index] = value;
+    return true;
+}
+
+char *BalancerColumns::writeLine(char *out) const
+{
+    out = writeHead(out);
+    *out++ = m_state;
+    for (int i = 0; i < pairs; ++i) {
+        if (i > 0)
+            *out++ = ',';
+        out = writeZeroFilled(out, m_values[2 * i], 4);
+        *out++ = ',';
+        *out++ = balanceCharacter(m_values[2 * i + 1]);
+    }
+    return out;
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "files/columnconverter.h"
+
+/// The balancer's column format (".abp"): a pair a cell, voltage (mV) and balance (per cent), a line every 5 s. Its
+/// lines become those of a "Tandor".
+class BalancerColumns : public ColumnConverter {
+public:
+    BalancerColumns()
+        : ColumnConverter(ColumnHeader::balancerModes)
+    {
+    }
+
+    int timeStep() const override { return secondsPerLine; }
+
+protected:
+    Outcome takeFourthLine(QLatin1String line) override;
+    int fieldsExpected() const override;
+    bool takeField(int index, const Field &field) override;
+    char *writeLine(char *out) const override;
+
+private:
+    static constexpr int secondsPerLine = 5;
+    static constexpr int pairs = 12; // in a balancer's line, whatever the header says
+
+    int m_values[2 * pairs] = {}; // those beyond the header's cells stay 0
+    char m_state = 'C';
+};

@@ -1,0 +1,19 @@
+#include "files/columnheader.h"
+
+#include "data/fieldtext.h"
+
+#include <cstring>
+
+bool ColumnHeader::takeLine(int index, QLatin1String line, const char *modes)
+{
+    const FieldText<uchar> text{reinterpret_cast<const uchar *>(line.data()), line.size()};
+    switch (index) {
+    case 0:
+        return text.toInt(&cellTypeCode);
+    case 1:
+        mode = char(text.at(0));
+        return mode != 0 && std::strchr(modes, mode);
+    default:
+        return text.toInt(&cellCount);
+    }
+}

@@ -1,0 +1,237 @@
+#include "files/datafileloader.h"
+
+#include "files/balancercolumns.h"
+#include "files/chargercolumns.h"
+#include "files/linetrimming.h"
+
+#include "data/saturated.h"
+
+#include <QDebug>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+constexpr int linesBetweenLooks = 256; // at the clock
+constexpr int shortestRecordLine = 10;
+constexpr int timeFromLine = -1;
+
+} // namespace
+
+DataFileLoader::DataFileLoader(const QString &fileName)
+    : m_fileName(fileName)
+{
+    // A pipe would wait for its writer, a device might never end.
+    if (!QFileInfo(fileName).isFile()) {
+        m_systemError = QFileInfo::exists(fileName) ? tr("not a regular file") : tr("no such file");
+        finish(Status::CanNotOpen);
+        return;
+    }
+    auto file = std::make_unique<QFile>(fileName);
+    if (!file->open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+        m_systemError = file->errorString();
+        finish(Status::CanNotOpen);
+        return;
+    }
+    m_device = std::move(file);
+    start();
+}
+
+DataFileLoader::DataFileLoader(std::unique_ptr<QIODevice> device, const QString &fileName)
+    : m_fileName(fileName)
+    , m_device(std::move(device))
+{
+    start();
+}
+
+DataFileLoader::~DataFileLoader() = default;
+
+void DataFileLoader::start()
+{
+    m_lines = std::make_unique<LineSource>(*m_device);
+    m_balance.reset(0);
+    if (m_fileName.endsWith(QLatin1String(".abp"), Qt::CaseInsensitive)) {
+        qDebug("Plik tandor");
+        m_columns = std::make_unique<BalancerColumns>();
+        m_dialectKnown = true;
+    }
+}
+
+bool DataFileLoader::readSome(int maxMilliseconds)
+{
+    QElapsedTimer timer;
+    timer.start();
+    for (int lines = 1; m_status == Status::Reading; ++lines) {
+        const bool slow = step() == LineSource::Found::Nothing;
+        if ((slow || lines % linesBetweenLooks == 0) && timer.hasExpired(maxMilliseconds))
+            break;
+    }
+    return m_status == Status::Reading;
+}
+
+bool DataFileLoader::readAll()
+{
+    while (m_status == Status::Reading)
+        step();
+    return m_status == Status::Loaded;
+}
+
+LineSource::Found DataFileLoader::step()
+{
+    QLatin1String line;
+    const LineSource::Found found = m_lines->next(&line);
+    switch (found) {
+    case LineSource::Found::Line:
+        takeLine(line);
+        break;
+    case LineSource::Found::Nothing:
+        break;
+    case LineSource::Found::End:
+        takeEnd();
+        break;
+    case LineSource::Found::Error:
+        m_systemError = m_device->errorString();
+        finish(Status::CanNotOpen);
+        break;
+    }
+    return found;
+}
+
+// An empty file is what saving a recording without records leaves: no data, and no error.
+void DataFileLoader::takeEnd()
+{
+    const bool headerMissing = m_columns && m_lines->lineNumber() < ColumnHeader::lineCount;
+    finish(headerMissing ? Status::BadHeader : Status::Loaded);
+}
+
+void DataFileLoader::takeLine(QLatin1String line)
+{
+    if (!m_dialectKnown)
+        chooseDialect(line);
+    if (m_columns)
+        takeColumnLine(line);
+    else
+        takeRecordLine(line);
+}
+
+void DataFileLoader::chooseDialect(QLatin1String firstLine)
+{
+    m_dialectKnown = true;
+    if (firstLine.startsWith(QLatin1Char('#'))) {
+        qDebug("Plik varnel 3");
+        return;
+    }
+    qDebug("Plik varnel v2");
+    m_columns = std::make_unique<ChargerColumns>();
+}
+
+void DataFileLoader::takeRecordLine(QLatin1String line)
+{
+    if (line.size() < shortestRecordLine || m_lines->wasCut())
+        return;
+    if (line.front() == QLatin1Char('#'))
+        addRecord(trimmedLine(line), timeFromLine);
+    else if (line.front() == QLatin1Char('!') && !m_records.isEmpty())
+        m_records.last().parseResistanceLine(line);
+}
+
+void DataFileLoader::takeColumnLine(QLatin1String line)
+{
+    if (m_lines->wasCut()) {
+        finish(m_lines->lineNumber() <= ColumnHeader::lineCount ? Status::BadHeader : Status::BadLine);
+        return;
+    }
+    switch (m_columns->convert(line)) {
+    case ColumnConverter::Outcome::NoRecord:
+        break;
+    case ColumnConverter::Outcome::Record: {
+        const int step = m_columns->timeStep();
+        addRecord(m_columns->recordLine(),
+            step > 0 ? saturated(qint64(step) * (m_columns->dataLines() - 1)) : timeFromLine);
+        break;
+    }
+    case ColumnConverter::Outcome::BadHeader:
+        finish(Status::BadHeader);
+        break;
+    case ColumnConverter::Outcome::BadLine:
+        finish(Status::BadLine);
+        break;
+    }
+}
+
+// The time is final before the charge is summed.
+void DataFileLoader::addRecord(QLatin1String line, int time)
+{
+    Varnel3Data &record = m_records.appendNew();
+    if (!record.parseLine(line)) {
+        m_records.removeLast();
+        return;
+    }
+    if (time != timeFromLine)
+        record.setTime(time);
+    m_balance.add(record);
+    record.balancedMah = record.maxBalanceChargeMah();
+}
+
+void DataFileLoader::finish(Status status)
+{
+    m_status = status;
+    if (status == Status::Loaded) {
+        qDebug("Wczytal %d linii z pliku %s", m_records.size(), qUtf8Printable(m_fileName));
+        return;
+    }
+    if (status != Status::CanNotOpen)
+        m_errorLine = qMax(1, m_lines->lineNumber());
+    m_records.clear();
+}
+
+double DataFileLoader::progress() const
+{
+    if (m_status != Status::Reading)
+        return 1.0;
+    const qint64 size = m_device->size();
+    return size > 0 ? qMin(1.0, double(m_lines->bytesRead()) / double(size)) : 0.0;
+}
+
+QString DataFileLoader::statusText() const
+{
+    switch (m_status) {
+    case Status::Reading:
+        return QString();
+    case Status::CanNotOpen:
+        return tr("Can not open file %1").arg(m_fileName);
+    case Status::BadHeader:
+    case Status::BadLine:
+        return tr("Format error in ") + m_fileName;
+    case Status::Loaded:
+        break;
+    }
+    return m_records.size() > 1 ? tr("Data loaded from disk.") : tr("No data in file.");
+}
+
+int DataFileLoader::statusTimeout() const
+{
+    switch (m_status) {
+    case Status::BadHeader:
+        return 2000;
+    case Status::BadLine:
+        return 8000;
+    case Status::Loaded:
+        return 1000;
+    default:
+        return 0;
+    }
+}
+
+QString DataFileLoader::reason() const
+{
+    if (m_errorLine > 0)
+        return tr("format error in line %1").arg(m_errorLine);
+    return m_systemError;
+}
+
+RecordList DataFileLoader::takeRecords()
+{
+    return std::move(m_records);
+}

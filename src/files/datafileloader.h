@@ -1,0 +1,72 @@
+#pragma once
+
+#include "files/linesource.h"
+
+#include "data/balanceintegrator.h"
+#include "data/recordlist.h"
+
+#include <QCoreApplication>
+#include <QString>
+
+#include <memory>
+
+class ColumnConverter;
+
+/// Reads a data file of any of the three dialects, a slice at a time, so that the caller stays responsive. Records
+/// are taken when all is read; what was read before an error is not given out.
+class DataFileLoader {
+    Q_DECLARE_TR_FUNCTIONS(DataFileLoader)
+
+public:
+    enum class Status { Reading, Loaded, CanNotOpen, BadHeader, BadLine };
+
+    /// Opens `fileName`, which must be a regular file; its ending tells the balancer's column format.
+    explicit DataFileLoader(const QString &fileName);
+    /// Reads from `device`, which is open; `fileName` only names it.
+    DataFileLoader(std::unique_ptr<QIODevice> device, const QString &fileName);
+    ~DataFileLoader();
+    DataFileLoader(const DataFileLoader &) = delete;
+    DataFileLoader &operator=(const DataFileLoader &) = delete;
+
+    /// Reads on for about `maxMilliseconds`. True while there is more.
+    bool readSome(int maxMilliseconds);
+    /// Reads all. True when the file was loaded, be it with no record.
+    bool readAll();
+
+    Status status() const { return m_status; }
+    double progress() const; ///< 0 to 1, by bytes
+    QString fileName() const { return m_fileName; }
+    /// What the status bar says of the outcome, and for how many milliseconds (0: until the next text).
+    QString statusText() const;
+    int statusTimeout() const;
+    /// Why the file was not loaded, for a list of several; empty when it was.
+    QString reason() const;
+    /// Line of the file that was wrong, from 1; 0 when none was.
+    int errorLine() const { return m_errorLine; }
+
+    int recordCount() const { return m_records.size(); }
+    /// The records of a loaded file, with the balanced charge of their cells; empty after any error.
+    RecordList takeRecords();
+
+private:
+    void start();
+    LineSource::Found step();
+    void takeEnd();
+    void takeLine(QLatin1String line);
+    void chooseDialect(QLatin1String firstLine);
+    void takeRecordLine(QLatin1String line);
+    void takeColumnLine(QLatin1String line);
+    void addRecord(QLatin1String line, int time);
+    void finish(Status status);
+
+    QString m_fileName;
+    std::unique_ptr<QIODevice> m_device;
+    std::unique_ptr<LineSource> m_lines;
+    std::unique_ptr<ColumnConverter> m_columns; // null while the file holds record lines
+    bool m_dialectKnown = false;
+    Status m_status = Status::Reading;
+    int m_errorLine = 0;
+    QString m_systemError;
+    RecordList m_records;
+    BalanceIntegrator m_balance;
+};

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QtGlobal>
+
+class QString;
+
+// What the systems do differently about getting bytes onto the disk.
+
+/// The end of a line in text files of this system.
+#ifdef Q_OS_WIN
+constexpr char lineEnd[] = "\r\n";
+#else
+constexpr char lineEnd[] = "\n";
+#endif
+constexpr int lineEndLength = int(sizeof lineEnd) - 1;
+
+/// Waits until what was written to `descriptor` is on the disk. True where there is nothing to wait for (pipes,
+/// devices); false when the disk did not take it.
+bool syncToDisk(int descriptor);
+
+/// Makes a rename in `folder` last; failures are not told, the rename itself has happened.
+void syncFolder(const QString &folder);
+
+/// Opens what is no regular file for writing, without waiting for a reader of a pipe. -1 when that fails.
+int openSpecialFile(const QString &fileName);

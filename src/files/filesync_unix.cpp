@@ -1,0 +1,35 @@
+#include "files/filesync.h"
+
+#include <QFile>
+#include <QString>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
+
+bool syncToDisk(int descriptor)
+{
+    int result = 0;
+    do {
+        result = ::fsync(descriptor);
+    } while (result != 0 && errno == EINTR);
+    return result == 0 || errno == EINVAL || errno == ENOTSUP || errno == EROFS;
+}
+
+void syncFolder(const QString &folder)
+{
+    const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    ::fsync(descriptor);
+    ::close(descriptor);
+}
+
+int openSpecialFile(const QString &fileName)
+{
+    const int flags = O_WRONLY | O_TRUNC | O_NOCTTY | O_CLOEXEC | O_NONBLOCK;
+    const int descriptor = ::open(QFile::encodeName(fileName).constData(), flags);
+    if (descriptor >= 0)
+        ::fcntl(descriptor, F_SETFL, ::fcntl(descriptor, F_GETFL) & ~O_NONBLOCK);
+    return descriptor;
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "graph/curvespans.h"
+#include "graph/seriesstore.h"
+#include "graph/timecolumns.h"
+
+#include <QColor>
+
+#include <qwt_scale_map.h>
+
+/// Draws curves of a store at a cost that hardly depends on their length: a pixel column with many samples gets one
+/// span, and what was found is kept as long as neither map nor data change.
+class CurvePainter {
+public:
+    /// One curve to be drawn.
+    struct Job {
+        const SeriesStore *store;
+        int series; ///< SeriesStore::Kind
+        int first; ///< first sample of the curve
+        QwtScaleMap timeMap;
+        QwtScaleMap valueMap;
+        QRect area; ///< nothing is painted outside
+        QColor colour;
+        int width;
+    };
+
+    void draw(QPainter *painter, const Job &job);
+
+private:
+    struct Key {
+        const SeriesStore *store = nullptr;
+        quint64 revision = 0;
+        int first = 0;
+        int width = 0;
+        QRect area;
+        double maps[8] = {};
+
+        bool operator==(const Key &other) const;
+    };
+    struct Found {
+        Key key;
+        CurveSpans spans;
+    };
+
+    static Key keyOf(const Job &job);
+    void updateColumns(const Job &job);
+    void drawSpans(QPainter *painter, const Job &job);
+    void drawLines(QPainter *painter, const Job &job) const;
+    void drawPoint(QPainter *painter, const Job &job) const;
+
+    Key m_columnsKey;
+    TimeColumns m_columns;
+    Found m_found[SeriesStore::kindCount];
+};

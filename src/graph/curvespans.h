@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QLine>
+#include <QRect>
+#include <QVector>
+
+class QPainter;
+class QwtScaleMap;
+class TimeColumns;
+
+/// The picture of a curve with many samples a pixel column: one vertical span a column, and lines where a span does
+/// not tell all. Covers the same pixels as lines through all samples, each rounded to its pixel.
+class CurveSpans {
+public:
+    /// What the spans are made of. The arrays have as many values as `columns` has samples.
+    struct Source {
+        const double *times;
+        const double *values;
+        int first; ///< samples before it don't belong to the curve
+        const TimeColumns &columns;
+        const QwtScaleMap &timeMap;
+        const QwtScaleMap &valueMap;
+    };
+
+    /// Finds the spans inside `area` of a curve of `width` pixels, 1 or 2.
+    void assign(const Source &source, const QRect &area, int width);
+    /// Draws in `painter`'s pen, inside its clip.
+    void draw(QPainter *painter) const;
+
+private:
+    struct Column {
+        int x, top, bottom, first, last; // pixels; first and last sample
+    };
+
+    static Column columnAt(const Source &source, int x, int begin, int end);
+    void join(Column *column, const Column &next);
+    void addSpan(const Column &column, const QRect &area);
+
+    int m_width = 1;
+    QVector<QRect> m_spans;
+    QVector<QLine> m_lines;
+};

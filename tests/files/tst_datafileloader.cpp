@@ -1,0 +1,383 @@
+#include "files/datafileloader.h"
+
+#include <QBuffer>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+const char cellFields[] = ",4100,1,4101,2,4102,3,0000,0,0000,0,0000,0,0000,0,0000,0"
+                          ",0000,0,0000,0,0000,0,0000,0,0000,0,0000,0,0000,0,0000,0";
+
+QByteArray recordLine(int time)
+{
+    return "#02C05____B2," + QByteArray::number(time).rightJustified(5, '0') + ",08200,02000,025,00150,00045"
+        + cellFields;
+}
+
+std::unique_ptr<DataFileLoader> loaderOf(const QByteArray &bytes, const QString &name)
+{
+    auto buffer = std::make_unique<QBuffer>();
+    buffer->setData(bytes);
+    buffer->open(QIODevice::ReadOnly);
+    return std::make_unique<DataFileLoader>(std::move(buffer), name);
+}
+
+const QString acp = QStringLiteral("x.acp");
+const QString abp = QStringLiteral("x.ABP");
+
+} // namespace
+
+/// Files of the three dialects, whole, damaged and hostile.
+class TestDataFileLoader : public QObject {
+    Q_OBJECT
+
+private slots:
+    void outcomes_data();
+    void outcomes();
+    void recordLines();
+    void chargerColumns_data();
+    void chargerColumns();
+    void chargerNumbers_data();
+    void chargerNumbers();
+    void balancerColumns();
+    void balancerState_data();
+    void balancerState();
+    void chargeCountsFromTheStart();
+    void whatIsNoFile_data();
+    void whatIsNoFile();
+    void binaryJunk();
+    void hugeLine();
+    void slices();
+};
+
+void TestDataFileLoader::outcomes_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("timeout");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("errorLine");
+    const QString loaded = QStringLiteral("Data loaded from disk.");
+    const QString none = QStringLiteral("No data in file.");
+    const QString badAcp = QStringLiteral("Format error in x.acp");
+    const QString badAbp = QStringLiteral("Format error in x.ABP");
+    const QByteArray line = recordLine(0);
+    const auto row = [](const char *what) -> QTestData & { return QTest::newRow(what); };
+
+    row("empty") << acp << QByteArray() << none << 1000 << 0 << 0;
+    row("one record") << acp << line << none << 1000 << 1 << 0;
+    row("two records") << acp << line + '\n' + line << loaded << 1000 << 2 << 0;
+    row("mark and windows ends") << acp << "\xef\xbb\xbf" + line + "\r\n" + line + "\r\n"
+                                 << loaded << 1000 << 2 << 0;
+    row("ends within a line") << acp << line + '\n' + line + '\n' + line.left(90) << loaded << 1000 << 2 << 0;
+    row("damaged lines between") << acp << line + "\njunk\n#02C\n\n" + line.mid(1) + '\n' + line + '\n'
+                                 << loaded << 1000 << 2 << 0;
+    row("other dialects between") << acp << line + "\n#c0605 00123,25200+02000,025,01234\n"
+                                  << loaded << 1000 << 2 << 0;
+    row("hash only") << acp << QByteArray("#\n") << none << 1000 << 0 << 0;
+
+    row("charger") << acp << QByteArray("6\ncharge\n3\n0 12.5 1.5 25 100\n1 12.6 1.5 25 101\n") << loaded
+                   << 1000 << 2 << 0;
+    row("charger, blank lines at the end")
+        << acp << QByteArray("6\nc\n3\n0 12.5 1.5 25 100\n\n \r\n") << none << 1000 << 1 << 0;
+    row("charger, blank line between")
+        << acp << QByteArray("6\nc\n3\n\n0 12.5 1.5 25 100\n") << badAcp << 8000 << 0 << 5;
+    row("charger, comment") << acp << QByteArray("6\nc\n3\n# 1\n0 1 1 1 1\n#\n1 1 1 1 1") << loaded << 1000
+                            << 2 << 0;
+    row("charger, chemistry no number")
+        << acp << QByteArray("x\nc\n3\n0 12.5 1.5 25 100\n") << badAcp << 2000 << 0 << 1;
+    row("charger, mode") << acp << QByteArray("6\nC\n3\n0 12.5 1.5 25 100\n") << badAcp << 2000 << 0 << 2;
+    row("charger, no mode") << acp << QByteArray("6\n\n3\n0 12.5 1.5 25 100\n") << badAcp << 2000 << 0 << 2;
+    row("charger, count") << acp << QByteArray("6\nc\n3000000000\n0 12.5 1.5 25 100\n") << badAcp << 2000 << 0
+                          << 3;
+    row("charger, cut header") << acp << QByteArray("6\nc\n") << badAcp << 2000 << 0 << 2;
+    row("charger, header only") << acp << QByteArray("6\nc\n3") << none << 1000 << 0 << 0;
+    row("charger, four fields") << acp << QByteArray("6\nc\n3\n0 1 1 1 1\n0 12.5 1.5 25\n") << badAcp << 8000
+                                << 0 << 5;
+    row("charger, six fields") << acp << QByteArray("6\nc\n3\n0 12.5 1.5 25 100 1\n") << badAcp << 8000 << 0
+                               << 4;
+    row("charger, count of 99") << acp << QByteArray("6\nc\n99\n0 1 1 1 1\n1 1 1 1 1\n") << loaded << 1000
+                                << 2 << 0;
+    row("charger, count of -5") << acp << QByteArray("6\nc\n-5\n0 1 1 1 1\n1 1 1 1 1\n") << loaded << 1000
+                                << 2 << 0;
+    row("charger, count too wide") << acp << QByteArray("6\nc\n100\n0 1 1 1 1\n1 1 1 1 1\n") << none << 1000
+                                   << 0 << 0;
+
+    row("balancer") << abp << QByteArray("6\ntandor\n2\n4000 10 4001 20\n4000 10 4001 20\n") << loaded << 1000
+                    << 2 << 0;
+    row("balancer, empty") << abp << QByteArray() << badAbp << 2000 << 0 << 1;
+    row("balancer, mode") << abp << QByteArray("6\nc\n2\n4000 10 4001 20\n") << badAbp << 2000 << 0 << 2;
+    row("balancer, odd fields") << abp << QByteArray("6\nt\n2\n4000 10 4001\n") << badAbp << 8000 << 0 << 4;
+    row("balancer, decimal") << abp << QByteArray("6\nt\n2\n4000 10 4001 20.5\n") << badAbp << 8000 << 0 << 4;
+    row("balancer, no cells") << abp << QByteArray("6\nt\n0\n4000 10\n") << badAbp << 8000 << 0 << 4;
+    row("balancer, -5 cells") << abp << QByteArray("6\nt\n-5\n4000 10\n") << badAbp << 8000 << 0 << 4;
+    row("balancer, 99 cells") << abp << "6\nt\n99\n" + QByteArray("4000 10 ").repeated(99) + '\n'
+                              << none << 1000 << 1 << 0;
+    row("balancer, 2000000000 cells")
+        << abp << QByteArray("6\nt\n2000000000\n4000 10\n") << badAbp << 8000 << 0 << 4;
+    row("balancer, 3000000000 cells")
+        << abp << QByteArray("6\nt\n3000000000\n4000 10\n") << badAbp << 2000 << 0 << 3;
+    row("balancer, beyond 32 bits") << abp << QByteArray("6\nt\n1\n3000000000 10\n") << badAbp << 8000 << 0
+                                    << 4;
+    row("balancer, unknown chemistry") << abp << QByteArray("9\nt\n1\n4000 10\n") << none << 1000 << 0 << 0;
+}
+
+void TestDataFileLoader::outcomes()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, bytes);
+    const auto loader = loaderOf(bytes, name);
+    while (loader->readSome(0)) { }
+    QTEST(loader->statusText(), "text");
+    QTEST(loader->statusTimeout(), "timeout");
+    QTEST(loader->errorLine(), "errorLine");
+    QCOMPARE(loader->reason().isEmpty(), loader->status() == DataFileLoader::Status::Loaded);
+    QCOMPARE(loader->progress(), 1.0);
+    QTEST(loader->takeRecords().size(), "count");
+}
+
+void TestDataFileLoader::recordLines()
+{
+    const QByteArray resistances = "!10,20,30,40,50,60,70,80,90,100,110,120,130,140,150,160";
+    const auto loader = loaderOf(resistances + '\n' + recordLine(0), acp);
+    QVERIFY(!loader->readAll()); // a '!' line at the beginning makes it no record file
+
+    const auto whole
+        = loaderOf(recordLine(5) + '\n' + resistances + "\r\n" + recordLine(10) + " \n!1,2,3,4,5\n", acp);
+    QVERIFY(whole->readAll());
+    const RecordList records = whole->takeRecords();
+    QCOMPARE(records.size(), 2);
+    QCOMPARE(records[0].cells[1].resistance, 2.0);
+    QVERIFY(!records[1].resistanceValid);
+    QCOMPARE(records[1].time, 10);
+    QCOMPARE(records[1].cells[1].voltage, 4101);
+}
+
+void TestDataFileLoader::chargerColumns_data()
+{
+    QTest::addColumn<QByteArray>("header");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("charge") << QByteArray("1\ncharge\n8\n") << "Charge NiCd 8";
+    QTest::newRow("discharge") << QByteArray(" 6 \r\nd\r\n12\r\n") << "Discharge LiPo 12";
+    QTest::newRow("forming is a discharge: no sign says otherwise")
+        << QByteArray("12\nf\n1\n") << "Discharge LiHV 1";
+    QTest::newRow("unknown chemistry: no record") << QByteArray("13\nc\n1\n") << "";
+}
+
+void TestDataFileLoader::chargerColumns()
+{
+    QFETCH(QByteArray, header);
+    const auto loader = loaderOf(header + " 3725\t12.3456  -1.5 25.35 -7\n", acp);
+    QVERIFY(loader->readAll());
+    const RecordList records = loader->takeRecords();
+    QString text;
+    if (!records.isEmpty()) {
+        const Varnel3Data &r = records.first();
+        QCOMPARE(r.device, int(Varnel3Data::Varnel2Plus));
+        QCOMPARE(QVector<int>({r.time, r.hour, r.voltage, r.current, r.temperature, r.energy}),
+            QVector<int>({3725, 1, 12346, 1500, 254, -7}));
+        text = QStringLiteral("%1 %2 %3")
+                   .arg(Varnel3Data::modeName(r.mode), Varnel3Data::cellTypeName(r.cellType))
+                   .arg(r.cellCount);
+    }
+    QTEST(text, "text");
+}
+
+void TestDataFileLoader::chargerNumbers_data()
+{
+    QTest::addColumn<QByteArray>("voltage");
+    QTest::addColumn<int>("millivolts"); // -1 is a format error
+    QTest::newRow("whole") << QByteArray("12") << 12000;
+    QTest::newRow("half") << QByteArray("0.0005") << 1;
+    QTest::newRow("just below half") << QByteArray("0.0004999") << 0;
+    QTest::newRow("negative") << QByteArray("-0.25") << -250;
+    QTest::newRow("exponent") << QByteArray("1.25e1") << 12500;
+    QTest::newRow("many digits") << QByteArray("12.34549999999") << 12345;
+    QTest::newRow("point first") << QByteArray(".5") << 500;
+    QTest::newRow("point last") << QByteArray("5.") << 5000;
+    QTest::newRow("largest") << QByteArray("2147483") << 2147483000;
+    QTest::newRow("beyond 32 bits") << QByteArray("3000000") << -1;
+    QTest::newRow("beyond doubles") << QByteArray("1e400") << -1;
+    QTest::newRow("nan") << QByteArray("NaN") << -1;
+    QTest::newRow("inf") << QByteArray("inf") << -1;
+    QTest::newRow("comma") << QByteArray("12,5") << -1;
+    QTest::newRow("two points") << QByteArray("1.2.3") << -1;
+    QTest::newRow("only a point") << QByteArray(".") << -1;
+}
+
+void TestDataFileLoader::chargerNumbers()
+{
+    QFETCH(QByteArray, voltage);
+    const auto loader = loaderOf("6\nc\n3\n0 " + voltage + " 1 1 1\n", acp);
+    loader->readAll();
+    const bool loaded = loader->status() == DataFileLoader::Status::Loaded;
+    const RecordList records = loader->takeRecords();
+    QTEST(loaded ? records.last().voltage : -1, "millivolts");
+}
+
+void TestDataFileLoader::balancerColumns()
+{
+    const auto loader
+        = loaderOf("7\nt\n2\n3\n3300 0 3310 100\n# note\n33000 0 3310 0\n3301 57 3311 1000\n", abp);
+    QVERIFY(loader->readAll());
+    const RecordList records = loader->takeRecords();
+    QCOMPARE(records.size(), 2); // the voltage of five digits is dropped, but its 5 s pass
+    const Varnel3Data &first = records[0];
+    QCOMPARE(first.device, int(Varnel3Data::Tandor));
+    QCOMPARE(Varnel3Data::cellTypeName(first.cellType), QStringLiteral("LiFe"));
+    QCOMPARE(first.ballansingCurrent, 750);
+    QCOMPARE(first.voltage, 6610);
+    QCOMPARE(first.cells[1].balance, 100);
+    QCOMPARE(first.time, 0);
+    const Varnel3Data &last = records[1];
+    QCOMPARE(last.time, 10);
+    QCOMPARE(last.cells[0].balance, 50);
+    QCOMPARE(last.cells[1].balance, 0);
+    QCOMPARE(last.cells[0].balanceCharge, 50 * 750 * 10);
+}
+
+void TestDataFileLoader::balancerState_data()
+{
+    QTest::addColumn<QByteArray>("fourth");
+    QTest::addColumn<int>("current"); // -1 is a format error
+    QTest::newRow("none") << QByteArray() << 500;
+    QTest::newRow("1") << QByteArray("1\n") << 250;
+    QTest::newRow("2") << QByteArray(" 2\r\n") << 500;
+    QTest::newRow("3") << QByteArray("3\n") << 750;
+    QTest::newRow("7") << QByteArray("7\n") << -1;
+    QTest::newRow("0") << QByteArray("0\n") << -1;
+    QTest::newRow("comment") << QByteArray("# 1\n") << 500;
+}
+
+void TestDataFileLoader::balancerState()
+{
+    QFETCH(QByteArray, fourth);
+    const auto loader = loaderOf("7\nt\n1\n" + fourth + "3300 0\n", abp);
+    loader->readAll();
+    const bool loaded = loader->status() == DataFileLoader::Status::Loaded;
+    QCOMPARE(loader->statusTimeout(), loaded ? 1000 : 8000);
+    const RecordList records = loader->takeRecords();
+    QTEST(loaded ? records.last().ballansingCurrent : -1, "current");
+}
+
+void TestDataFileLoader::chargeCountsFromTheStart()
+{
+    const auto loader = loaderOf(recordLine(3600) + '\n' + recordLine(7200), acp);
+    QVERIFY(loader->readAll());
+    const RecordList records = loader->takeRecords();
+    QCOMPARE(records[0].cells[1].balanceCharge, 20 * 500 * 3600); // the time before it counts as well
+    QCOMPARE(records[1].cells[1].balanceCharge, 20 * 500 * 7200);
+    QCOMPARE(records[1].balancedMah, 200);
+}
+
+void TestDataFileLoader::whatIsNoFile_data()
+{
+    QTest::addColumn<QString>("kind");
+    for (const char *kind : {"missing", "folder", "fifo", "forbidden", "device"})
+        QTest::newRow(kind) << QString::fromLatin1(kind);
+}
+
+void TestDataFileLoader::whatIsNoFile()
+{
+    QFETCH(QString, kind);
+    QTemporaryDir folder;
+    QString name = folder.filePath(QStringLiteral("100%1.acp"));
+    if (kind == QLatin1String("folder")) {
+        QVERIFY(QDir().mkdir(name));
+    } else if (kind == QLatin1String("fifo")) {
+        QCOMPARE(::mkfifo(QFile::encodeName(name).constData(), 0600), 0);
+    } else if (kind == QLatin1String("forbidden")) {
+        QFile file(name);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.setPermissions(QFileDevice::Permissions());
+        if (::geteuid() == 0)
+            QSKIP("root may read everything");
+    } else if (kind == QLatin1String("device")) {
+        name = QStringLiteral("/dev/zero");
+    }
+    DataFileLoader loader(name);
+    QVERIFY(!loader.readSome(1000));
+    QCOMPARE(loader.status(), DataFileLoader::Status::CanNotOpen);
+    QCOMPARE(loader.statusText(), QStringLiteral("Can not open file ") + name);
+    QCOMPARE(loader.statusTimeout(), 0);
+    QVERIFY(!loader.reason().isEmpty());
+}
+
+void TestDataFileLoader::binaryJunk()
+{
+    QRandomGenerator random(3);
+    for (const QString &name : {acp, abp}) {
+        for (int round = 0; round < 200; ++round) {
+            QByteArray bytes(20000, Qt::Uninitialized);
+            for (char &byte : bytes)
+                byte = char(random.generate());
+            if (round % 2)
+                bytes[0] = '#';
+            const auto loader = loaderOf(bytes, name);
+            loader->readAll();
+            const bool taken = round % 2 && name == acp;
+            QCOMPARE(
+                loader->status(), taken ? DataFileLoader::Status::Loaded : DataFileLoader::Status::BadHeader);
+            QVERIFY(loader->takeRecords().isEmpty());
+        }
+    }
+}
+
+void TestDataFileLoader::hugeLine()
+{
+    QTemporaryDir folder;
+    QFile file(folder.filePath(acp));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(recordLine(0) + "\n#");
+    QVERIFY(file.resize(Q_INT64_C(300) * 1024 * 1024)); // sparse
+    file.seek(file.size());
+    file.write("\n" + recordLine(5) + "\n");
+    file.close();
+    DataFileLoader loader(file.fileName());
+    double progress = 0;
+    int slices = 0;
+    QElapsedTimer timer;
+    for (timer.start(); loader.readSome(5); timer.restart(), ++slices) {
+        QVERIFY2(timer.elapsed() < 500, qPrintable(QString::number(timer.elapsed())));
+        QVERIFY(loader.progress() >= progress && loader.progress() <= 1.0);
+        progress = loader.progress();
+    }
+    QVERIFY(slices > 1);
+    QCOMPARE(loader.takeRecords().size(), 2);
+
+    file.open(QIODevice::ReadWrite);
+    file.write("x");
+    file.close();
+    DataFileLoader headerless(file.fileName());
+    headerless.readAll();
+    QCOMPARE(headerless.statusTimeout(), 2000);
+}
+
+void TestDataFileLoader::slices()
+{
+    QByteArray bytes;
+    for (int i = 0; i < 20000; ++i)
+        bytes += recordLine(i) + '\n';
+    const auto loader = loaderOf(bytes, acp);
+    int rounds = 0;
+    while (loader->readSome(0)) {
+        QVERIFY(loader->progress() < 1.0);
+        ++rounds;
+    }
+    QVERIFY(rounds > 2);
+    const RecordList records = loader->takeRecords();
+    QCOMPARE(records.size(), 20000);
+    for (int i = 0; i < records.size(); ++i)
+        QCOMPARE(records[i].time, i);
+}
+
+QTEST_GUILESS_MAIN(TestDataFileLoader)
+#include "tst_datafileloader.moc"

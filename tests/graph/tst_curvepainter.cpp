@@ -1,0 +1,277 @@
+#include "graph/curvedata.h"
+#include "graph/curvepainter.h"
+#include "graph/varnelplotcurve.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QtTest>
+
+#include <cmath>
+#include <random>
+
+namespace {
+
+const QRect area(40, 22, 301, 160);
+
+// A recording whose voltage (mV) follows `wave` over the records.
+void fill(SeriesStore *store, int count, const QString &wave)
+{
+    std::mt19937 random(7);
+    std::uniform_int_distribution<int> noise(-40, 40);
+    int time = 0;
+    for (int i = 0; i < count; ++i) {
+        Varnel3Data record;
+        record.device = Varnel3Data::Varnel3;
+        time += wave == QLatin1String("gaps") && i % 1000 == 999 ? 2000 : 1;
+        record.setTime(time);
+        record.voltage = 12000 + int(3000 * std::sin(i * 6.0 / count)) + noise(random);
+        if (wave == QLatin1String("steps"))
+            record.voltage = i * 7 / count % 2 == 0 ? 9000 : 15000;
+        else if (wave == QLatin1String("noise"))
+            record.voltage = 12000 + noise(random) * 75;
+        else if (wave == QLatin1String("flat"))
+            record.voltage = 12000;
+        store->append(record);
+    }
+}
+
+CurvePainter::Job jobFor(const SeriesStore &store, double from, double to, double low, double high)
+{
+    CurvePainter::Job job{&store, SeriesStore::Voltage, 0, {}, {}, area, Qt::green, 1};
+    job.timeMap.setScaleInterval(from, to);
+    job.timeMap.setPaintInterval(area.left(), area.right());
+    job.valueMap.setScaleInterval(low, high);
+    job.valueMap.setPaintInterval(area.bottom(), area.top());
+    return job;
+}
+
+QImage canvas()
+{
+    QImage image(400, 200, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    return image;
+}
+
+QImage drawn(CurvePainter *curves, const CurvePainter::Job &job)
+{
+    QImage image = canvas();
+    QPainter painter(&image);
+    curves->draw(&painter, job);
+    return image;
+}
+
+QImage drawnByCurve(const CurvePainter::Job &job)
+{
+    QVector<QPointF> samples;
+    for (int i = job.first; i < job.store->size(); ++i)
+        samples.append({job.store->series(SeriesStore::Time)[i], job.store->series(job.series)[i]});
+    VarnelPlotCurve curve;
+    curve.setPen(job.colour, job.width);
+    curve.setData(new CurveData(samples));
+    QImage image = canvas();
+    QPainter painter(&image);
+    curve.drawSeries(&painter, job.timeMap, job.valueMap, job.area, 0, -1);
+    return image;
+}
+
+// A line from each sample's pixel to the next one's.
+QImage drawnByLines(const CurvePainter::Job &job)
+{
+    QImage image = canvas();
+    QPainter painter(&image);
+    painter.setPen(QPen(job.colour, job.width));
+    painter.setClipRect(job.area);
+    QPoint last;
+    for (int i = job.first; i < job.store->size(); ++i) {
+        const QPoint next(qRound(job.timeMap.transform(job.store->series(SeriesStore::Time)[i])),
+            qRound(job.valueMap.transform(job.store->series(job.series)[i])));
+        if (i > job.first)
+            painter.drawLine(last, next);
+        last = next;
+    }
+    return image;
+}
+
+int differences(const QImage &a, const QImage &b)
+{
+    int count = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x)
+            count += a.pixel(x, y) != b.pixel(x, y);
+    }
+    return count;
+}
+
+} // namespace
+
+class TestCurvePainter : public QObject {
+    Q_OBJECT
+
+private slots:
+    void manySamplesPaintAsLines_data();
+    void manySamplesPaintAsLines();
+    void fewSamplesPaintAsCurve_data();
+    void fewSamplesPaintAsCurve();
+    void drawsFromAnySampleOn();
+    void redrawsWhatHasChanged();
+    void loneSampleIsSeen();
+    void backwardTimesStayInside();
+    void curveIsCutAtItsRectangle();
+    void boundingRectFollowsSamples();
+};
+
+void TestCurvePainter::manySamplesPaintAsLines_data()
+{
+    QTest::addColumn<QString>("wave");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<double>("from");
+    QTest::addColumn<double>("to");
+    QTest::addColumn<int>("width");
+    for (int width : {1, 2}) {
+        for (const char *wave : {"sine", "steps", "noise", "flat", "gaps"}) {
+            const auto add = [&](int count, const char *part, double from, double to) {
+                QTest::addRow("%s %d %s width %d", wave, count, part, width)
+                    << QString::fromLatin1(wave) << count << count * from << count * to << width;
+            };
+            add(700, "whole", 0, 1);
+            add(20000, "inside", 0.3, 0.6);
+            add(20000, "whole", 0, 1);
+            add(20000, "past the end", 0.9, 1.1);
+            add(100000, "close", 0.41, 0.43);
+        }
+    }
+}
+
+void TestCurvePainter::manySamplesPaintAsLines()
+{
+    QFETCH(QString, wave);
+    QFETCH(int, count);
+    QFETCH(double, from);
+    QFETCH(double, to);
+    QFETCH(int, width);
+    SeriesStore store;
+    fill(&store, count, wave);
+    CurvePainter curves;
+    for (double low : {8.0, 11.9}) { // all of the curve, and cut at the area's edge
+        CurvePainter::Job job = jobFor(store, from, to, low, 14.5);
+        job.width = width;
+        const QImage image = drawn(&curves, job);
+        QCOMPARE(differences(image, drawnByLines(job)), 0);
+        QVERIFY(low > 8.0 || image != canvas());
+        QCOMPARE(drawn(&curves, job), image); // once more from what was found
+    }
+}
+
+void TestCurvePainter::fewSamplesPaintAsCurve_data()
+{
+    QTest::addColumn<QString>("wave");
+    QTest::addColumn<int>("count");
+    for (const char *wave : {"sine", "steps", "noise", "flat", "gaps"}) {
+        for (int count : {2, 17, 300, 600})
+            QTest::addRow("%s %d", wave, count) << QString::fromLatin1(wave) << count;
+    }
+}
+
+void TestCurvePainter::fewSamplesPaintAsCurve()
+{
+    QFETCH(QString, wave);
+    QFETCH(int, count);
+    SeriesStore store;
+    fill(&store, count, wave);
+    CurvePainter curves;
+    for (int width : {1, 2}) {
+        CurvePainter::Job job = jobFor(store, 0, store.series(SeriesStore::Time).last(), 11.9, 14.5);
+        job.width = width;
+        QCOMPARE(differences(drawn(&curves, job), drawnByCurve(job)), 0);
+    }
+}
+
+void TestCurvePainter::drawsFromAnySampleOn()
+{
+    SeriesStore store;
+    fill(&store, 2000, QStringLiteral("noise"));
+    CurvePainter curves;
+    CurvePainter::Job job = jobFor(store, 0, 2000, 8, 16);
+    job.first = 1001;
+    const QImage image = drawn(&curves, job);
+    QCOMPARE(differences(image, drawnByLines(job)), 0);
+    QCOMPARE(image.copy(0, 0, 185, 200), canvas().copy(0, 0, 185, 200));
+}
+
+void TestCurvePainter::redrawsWhatHasChanged()
+{
+    SeriesStore store;
+    fill(&store, 5000, QStringLiteral("noise"));
+    CurvePainter curves;
+    CurvePainter::Job job = jobFor(store, 0, 5000, 8, 16);
+    drawn(&curves, job);
+    fill(&store, 1, QStringLiteral("flat")); // runs back in time to 1
+    QCOMPARE(differences(drawn(&curves, job), drawnByCurve(job)), 0);
+
+    SeriesStore other;
+    fill(&other, 5000, QStringLiteral("sine"));
+    job = jobFor(other, 0, 5000, 8, 16);
+    QCOMPARE(differences(drawn(&curves, job), drawnByLines(job)), 0);
+    job.valueMap.setScaleInterval(4, 16);
+    QCOMPARE(differences(drawn(&curves, job), drawnByLines(job)), 0);
+    job.timeMap.setScaleInterval(1000, 4000);
+    QCOMPARE(differences(drawn(&curves, job), drawnByLines(job)), 0);
+    job.width = 2;
+    QCOMPARE(differences(drawn(&curves, job), drawnByLines(job)), 0);
+}
+
+void TestCurvePainter::loneSampleIsSeen()
+{
+    SeriesStore store;
+    fill(&store, 1, QStringLiteral("flat"));
+    CurvePainter curves;
+    const QImage image = drawn(&curves, jobFor(store, 1, 2, 8, 16));
+    QCOMPARE(image.pixelColor(area.left(), area.center().y()), QColor(Qt::green));
+    QCOMPARE(image.pixelColor(area.left() - 1, area.center().y()), QColor(Qt::black));
+}
+
+void TestCurvePainter::backwardTimesStayInside()
+{
+    SeriesStore store;
+    for (int time : {500, 2000000000, -2000000000, 700}) {
+        Varnel3Data record;
+        record.setTime(time);
+        record.voltage = time;
+        store.append(record);
+    }
+    CurvePainter curves;
+    const QImage image = drawn(&curves, jobFor(store, 500, 700, 0, 1));
+    QImage outside = image;
+    QPainter(&outside).fillRect(area, Qt::black);
+    QCOMPARE(outside, canvas());
+}
+
+void TestCurvePainter::curveIsCutAtItsRectangle()
+{
+    VarnelPlotCurve curve;
+    QVERIFY(!curve.testPaintAttribute(QwtPlotCurve::ClipPolygons));
+    curve.setPen(Qt::green);
+    curve.setData(new CurveData({{0, 0}, {1, 100}, {2, -100}}));
+    const CurvePainter::Job maps = jobFor(SeriesStore(), 0, 2, 0, 1);
+    for (int style : {QwtPlotCurve::Lines, QwtPlotCurve::NoCurve}) {
+        QImage image = canvas();
+        QPainter painter(&image);
+        curve.setStyle(QwtPlotCurve::CurveStyle(style));
+        curve.drawSeries(&painter, maps.timeMap, maps.valueMap, area, 0, -1);
+        painter.setClipping(false);
+        QCOMPARE(image != canvas(), style == QwtPlotCurve::Lines);
+        painter.fillRect(area, Qt::black);
+        QCOMPARE(image, canvas());
+    }
+}
+
+void TestCurvePainter::boundingRectFollowsSamples()
+{
+    CurveData data({{0, 1}, {2, 3}});
+    QCOMPARE(data.boundingRect(), QRectF(0, 1, 2, 2));
+    data.setSamples({{0, 1}, {2, 7}});
+    QCOMPARE(data.boundingRect(), QRectF(0, 1, 2, 6));
+}
+
+QTEST_MAIN(TestCurvePainter)
+#include "tst_curvepainter.moc"
