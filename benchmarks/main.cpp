@@ -10,6 +10,7 @@
 int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_LOGGING_RULES", "default.debug=false");
     const QApplication application(argc, argv);
     if (argc == 3 && qstrcmp(argv[1], "--write-sample") == 0)
         return saveRecords(QString::fromLocal8Bit(argv[2]), sampleRecording(sampleCount)).saved ? 0 : 1;
