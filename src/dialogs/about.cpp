@@ -7,17 +7,17 @@
 
 namespace {
 
-// Addresses of a domain that is reserved for examples; a maker puts its own here.
-constexpr char makerSite[] = "https://varnel.example.com/";
-constexpr char distributorSite[] = "https://shop.varnel.example.com/";
+// Names in a domain that is reserved for examples; a maker puts its own here.
+constexpr char makerSite[] = "varnel.example.com";
+constexpr char distributorSite[] = "shop.varnel.example.com";
 
-QLabel *linkLabel(const QString &text, const char *address, QWidget *parent)
+QLabel *linkLabel(const QString &text, const char *site, QWidget *parent)
 {
-    const QString site = QString::fromLatin1(address);
+    const QString name = QString::fromLatin1(site);
     auto *label = new QLabel(parent);
     label->setTextFormat(Qt::RichText);
-    label->setText(QStringLiteral("%1<br/><a href=\"%2\">%2</a>").arg(text.toHtmlEscaped(), site));
-    label->setToolTip(site);
+    label->setText(QStringLiteral("%1<br/><a href=\"https://%2/\" style=\"color:#1b5fa8\">%2</a>")
+                       .arg(text.toHtmlEscaped(), name));
     label->setAlignment(Qt::AlignCenter);
     label->setOpenExternalLinks(true);
     return label;

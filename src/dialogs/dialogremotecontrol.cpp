@@ -45,6 +45,9 @@ DialogRemoteControl::DialogRemoteControl(SerialReader *serialReader, QWidget *pa
     , pollTimer(new QTimer(this))
 {
     ui->setupUi(this);
+    QSizePolicy keepsPlace = ui->pbMemory->sizePolicy();
+    keepsPlace.setRetainSizeWhenHidden(true);
+    ui->pbMemory->setSizePolicy(keepsPlace);
     setMemoryState(false);
     connectReader();
     connect(timeOutTimer, SIGNAL(timeout()), this, SLOT(timerEventOut()));

@@ -1,9 +1,8 @@
 #include "dialogs/dialogremotecontrol.h"
 
-#include "link/readerhost.h"
-#include "link/recordinglog.h"
 #include "link/serialreader.h"
 #include "support/ptypair.h"
+#include "support/quiethost.h"
 
 #include <QApplication>
 #include <QAbstractItemView>
@@ -14,28 +13,6 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest>
-
-namespace {
-
-/// A shell for readers that meet no measurement.
-class QuietHost : public ReaderHost {
-public:
-    RecordingSink *createRecording() override { return nullptr; }
-    std::unique_ptr<RecordingLog> createRecordingLog(const QString &) override { return nullptr; }
-    QString currentTimeText() const override { return {}; }
-    QMap<QString, bool> &startTimeSent() override { return m_times; }
-    QMap<QString, bool> &endTimeSent() override { return m_times; }
-    void showMessageStatusBar(const QString &, int) override { }
-    void portFailed(const QString &, const QString &) override { }
-    void portLost(const QString &) override { }
-    void recordingUnwatched(const QString &) override { }
-    QObject *processReceiver() override { return nullptr; }
-
-private:
-    QMap<QString, bool> m_times;
-};
-
-} // namespace
 
 /// Drives the dialog over a real line; the test is the charger at the far end.
 class TestDialogRemoteControl : public QObject {
