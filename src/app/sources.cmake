@@ -1,6 +1,5 @@
 target_sources(varnel_gui PRIVATE
     app/actionset.cpp app/actionset.h
-    app/batch.cpp app/batch.h
     app/commandline.cpp app/commandline.h
     app/datatoolbar.cpp app/datatoolbar.h
     app/deskarea.cpp app/deskarea.h

@@ -95,26 +95,19 @@ struct SeriesColumn {
 };
 
 const SeriesColumn seriesColumns[] = {
-    {"smoothed temperature [C]", SeriesStore::Temperature, false},
-    {"smoothed internal resistance [mOhm]", SeriesStore::Resistance, true},
-    {"smoothed voltage slope [mV/min]", SeriesStore::Dv, true},
+    {"temperature, smoothed [C]", SeriesStore::Temperature, false},
+    {"internal resistance, smoothed [mOhm]", SeriesStore::Resistance, true},
+    {"voltage slope, smoothed [mV/min]", SeriesStore::Dv, true},
 };
 
 constexpr double chargeUnitsPerMah = 360000.0; // per cent x mA x s in a mAh
 constexpr int chunkSize = 1 << 18;
 
-/// Cells of which the device of `record` tells something.
-int cellsTold(const Varnel3Data &record)
-{
-    const bool tells = record.device == Varnel3Data::Varnel3 || record.device == Varnel3Data::Tandor;
-    return tells ? record.cellsPresent() : 0;
-}
-
 int widestCellCount(const RecordList &records)
 {
     int most = 0;
     for (int i = 0; i < records.size(); ++i)
-        most = std::max(most, cellsTold(records[i]));
+        most = std::max(most, records[i].cellsPresent());
     return most;
 }
 
@@ -153,7 +146,7 @@ void writeRecord(Row &row, const SeriesStore &store, int index, int cells)
     for (const Column &column : cellStatisticColumns)
         record.flag5 == 'B' ? column.write(row, record) : row.addEmpty();
     for (int cell = 0; cell < cells; ++cell) {
-        if (cell < cellsTold(record))
+        if (cell < record.cellsPresent())
             writeCell(row, record, cell);
         else
             for (int empty = 0; empty < 4; ++empty)

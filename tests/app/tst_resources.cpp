@@ -44,10 +44,10 @@ private slots:
 void TestResources::iconIsLegible_data()
 {
     QTest::addColumn<QString>("name");
-    const char* names[] = {"open", "save", "saveAll", "preferences", "exit", "tile", "stack", "record",
+    const char *names[] = {"open", "save", "saveAll", "preferences", "exit", "tile", "stack", "record",
         "clock-icon", "data", "wyk", "wykbar", "stop_sign", "varnel", "error", "cancel", "finish",
         "control-left", "control-right", "remote"};
-    for (const char* name : names)
+    for (const char *name : names)
         QTest::newRow(name) << QStringLiteral(":/Icons/%1.png").arg(QLatin1String(name));
 }
 

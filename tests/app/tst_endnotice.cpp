@@ -1,0 +1,334 @@
+#include "app/endnotice.h"
+
+#include "app/soundplayer.h"
+#include "resources/resources.h"
+#include "settings/varnelsettings.h"
+#include "support/targets.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QSettings>
+#include <QTimer>
+#include <QtTest>
+
+#include <functional>
+
+namespace {
+
+const QByteArray recordLine = "#c0605 00123,25200+02000,025,01234\n";
+
+/// Notes what would be heard.
+class NotingPlayer : public SoundPlayer {
+public:
+    bool hasOutput() const override { return output; }
+    void play(const QString &file) override
+    {
+        played.append(QFileInfo(file).fileName());
+        times.append(clock.elapsed());
+    }
+    void stop() override { ++stops; }
+
+    bool output = true;
+    int stops = 0;
+    QStringList played;
+    QVector<qint64> times;
+    QElapsedTimer clock;
+};
+
+QMessageBox *openBox()
+{
+    return qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+}
+
+} // namespace
+
+class TestEndNotice : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void boxSaysHowItEnded_data();
+    void boxSaysHowItEnded();
+    void soundFileIsTheCountrys_data();
+    void soundFileIsTheCountrys();
+    void soundsFollow_data();
+    void soundsFollow();
+    void laterBoxHasItsOwnSecondSound();
+    void oneBoxAtATime();
+    void newProcessTakesBoxAway();
+    void nestedEndStopsOnce();
+    void deviceIsFreed_data();
+    void deviceIsFreed();
+    void onlyMinimisedIsLifted_data();
+    void onlyMinimisedIsLifted();
+    void endsWaitWhileHeld();
+    void windowMayGoUnderTheBox();
+
+private:
+    /// Shows the notice of `kind` and runs `then` after `milliseconds`, then closes the box.
+    void show(int kind, const std::function<void()> &then = {}, int milliseconds = 50);
+
+    QTemporaryDir folder;
+    TestTargets targets;
+    std::unique_ptr<QWidget> window;
+    std::unique_ptr<NotingPlayer> player;
+    QPointer<EndNotice> notice;
+};
+
+void TestEndNotice::initTestCase()
+{
+    initResources();
+    QCoreApplication::setApplicationName(QStringLiteral("VarnelGraph"));
+    QCoreApplication::setOrganizationName(QStringLiteral("test"));
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path());
+}
+
+void TestEndNotice::init()
+{
+    VarnelSettings().clear();
+    window = std::make_unique<QWidget>();
+    window->show();
+    player = std::make_unique<NotingPlayer>();
+    player->clock.start();
+    notice = new EndNotice(window.get(), &targets, player.get(), folder.path());
+}
+
+void TestEndNotice::cleanup()
+{
+    window.reset();
+    targets.clear();
+}
+
+void TestEndNotice::show(int kind, const std::function<void()> &then, int milliseconds)
+{
+    QTimer::singleShot(milliseconds, this, [&] {
+        if (then)
+            then();
+        if (openBox())
+            openBox()->close();
+    });
+    notice->show(kind);
+}
+
+void TestEndNotice::boxSaysHowItEnded_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("icon");
+    QTest::addColumn<QString>("sound");
+    QTest::newRow("error") << 0 << "Error"
+                           << "Error in process !"
+                           << ":/Icons/error.png"
+                           << "error.wav";
+    QTest::newRow("aborted") << 1 << "Aborted"
+                             << "Process aborted by user."
+                             << ":/Icons/cancel.png"
+                             << "aborted.wav";
+    QTest::newRow("completed") << 2 << "End"
+                               << "Process completed."
+                               << ":/Icons/finish.png"
+                               << "end.wav";
+    QTest::newRow("unknown") << 3 << ""
+                             << ""
+                             << ""
+                             << "";
+    QTest::newRow("negative") << -1 << ""
+                              << ""
+                              << ""
+                              << "";
+}
+
+void TestEndNotice::boxSaysHowItEnded()
+{
+    QFETCH(int, kind);
+    QFETCH(QString, title);
+    QFETCH(QString, text);
+    QFETCH(QString, icon);
+    QFETCH(QString, sound);
+    bool seen = false;
+    show(kind, [&] {
+        const QMessageBox *box = openBox();
+        QVERIFY(box);
+        seen = true;
+        QCOMPARE(box->text(), text);
+        QCOMPARE(box->windowTitle(), title);
+        QCOMPARE(box->iconPixmap().toImage(), icon.isEmpty() ? QImage() : QPixmap(icon).toImage());
+        QVERIFY(box->windowFlags() & Qt::WindowStaysOnTopHint);
+        QCOMPARE(box->standardButtons(), QMessageBox::Close);
+        QCOMPARE(player->played, sound.isEmpty() ? QStringList() : QStringList(sound));
+    });
+    QVERIFY(seen);
+    QVERIFY(!notice->isOpen());
+}
+
+void TestEndNotice::soundFileIsTheCountrys_data()
+{
+    QTest::addColumn<int>("country");
+    QTest::addColumn<QStringList>("there");
+    QTest::addColumn<QString>("file");
+    const QStringList all{
+        QStringLiteral("end.wav"), QStringLiteral("end_pl.wav"), QStringLiteral("end_de.wav")};
+    QTest::newRow("Poland") << int(QLocale::Poland) << all << "end_pl.wav";
+    QTest::newRow("Germany") << int(QLocale::Germany) << all << "end_de.wav";
+    QTest::newRow("elsewhere") << int(QLocale::France) << all << "end.wav";
+    QTest::newRow("no variant") << int(QLocale::Poland) << QStringList {all.first()} << "end.wav";
+    QTest::newRow("nothing") << int(QLocale::Germany) << QStringList() << "end.wav";
+}
+
+void TestEndNotice::soundFileIsTheCountrys()
+{
+    QFETCH(int, country);
+    QFETCH(QStringList, there);
+    QFETCH(QString, file);
+    QTemporaryDir sounds;
+    for (const QString &name : there) {
+        QFile sound(sounds.filePath(name));
+        QVERIFY(sound.open(QIODevice::WriteOnly));
+    }
+    QCOMPARE(SoundPlayer::filePath(sounds.path(), QStringLiteral("end"), QLocale::Country(country)),
+        QDir::toNativeSeparators(sounds.filePath(file)));
+}
+
+void TestEndNotice::soundsFollow_data()
+{
+    QTest::addColumn<bool>("output");
+    QTest::addColumn<bool>("wanted");
+    QTest::addColumn<int>("openFor");
+    QTest::addColumn<QStringList>("played");
+    const QString first = QStringLiteral("end.wav");
+    const QString second = QStringLiteral("v3_mp3.wav");
+    QTest::newRow("both") << true << true << 3800 << QStringList{first, second};
+    QTest::newRow("switched off") << true << false << 3800 << QStringList{first};
+    QTest::newRow("closed before") << true << true << 1000 << QStringList{first};
+    QTest::newRow("no device") << false << true << 3800 << QStringList();
+}
+
+void TestEndNotice::soundsFollow()
+{
+    QFETCH(bool, output);
+    QFETCH(bool, wanted);
+    QFETCH(int, openFor);
+    VarnelSettings().setValue(QStringLiteral("/mp3/user_wave"), wanted);
+    player->output = output;
+    show(EndNotice::Completed, {}, openFor);
+    QTest::qWait(qMax(0, 3800 - openFor));
+    QTEST(player->played, "played");
+    if (player->times.size() == 2)
+        QVERIFY(qAbs(player->times[1] - player->times[0] - 3500) < 200);
+    QVERIFY(player->stops > 0);
+}
+
+// The delay counts from the box that is open, not from one that was closed before.
+void TestEndNotice::laterBoxHasItsOwnSecondSound()
+{
+    show(EndNotice::Completed, {}, 1500);
+    show(EndNotice::Aborted, {}, 3000);
+    QCOMPARE(player->played, (QStringList{QStringLiteral("end.wav"), QStringLiteral("aborted.wav")}));
+}
+
+void TestEndNotice::oneBoxAtATime()
+{
+    show(EndNotice::Completed, [this] {
+        notice->show(EndNotice::Error);
+        notice->show(EndNotice::Aborted);
+        QCOMPARE(openBox()->windowTitle(), QStringLiteral("End"));
+    });
+    QCOMPARE(player->played, QStringList(QStringLiteral("end.wav")));
+}
+
+void TestEndNotice::newProcessTakesBoxAway()
+{
+    targets.add();
+    show(EndNotice::Completed, [this] {
+        notice->dismiss();
+        QVERIFY(!notice->isOpen());
+        QVERIFY(!openBox());
+    });
+    QTest::qWait(50);
+    QCOMPARE(targets.heard(0), QByteArray()); // the device is in its next process already
+    notice->dismiss();
+}
+
+void TestEndNotice::nestedEndStopsOnce()
+{
+    targets.add();
+    QString inner;
+    show(EndNotice::Completed, [this, &inner] {
+        notice->dismiss();
+        show(EndNotice::Error, [&inner] { inner = openBox()->windowTitle(); });
+    });
+    QCOMPARE(inner, QStringLiteral("Error"));
+    QTest::qWait(50);
+    QCOMPARE(targets.heard(0), QByteArray("#STOP\r\n"));
+}
+
+void TestEndNotice::deviceIsFreed_data()
+{
+    QTest::addColumn<int>("ports");
+    QTest::addColumn<bool>("recording");
+    QTest::addColumn<QByteArray>("heard");
+    QTest::newRow("only device, waiting") << 1 << false << QByteArray("#STOP\r\n");
+    QTest::newRow("only device, in its next process") << 1 << true << QByteArray();
+    QTest::newRow("one of two devices") << 2 << false << QByteArray();
+}
+
+void TestEndNotice::deviceIsFreed()
+{
+    QFETCH(int, ports);
+    QFETCH(bool, recording);
+    for (int i = 0; i < ports; ++i)
+        targets.add();
+    if (recording) {
+        targets.say(0, recordLine);
+        QTRY_VERIFY(!targets.reader(0)->isNewProcess());
+    }
+    show(EndNotice::Completed);
+    QTest::qWait(50);
+    QTEST(targets.heard(0), "heard");
+}
+
+void TestEndNotice::onlyMinimisedIsLifted_data()
+{
+    QTest::addColumn<int>("before");
+    QTest::addColumn<int>("after");
+    const int maximised = Qt::WindowMaximized;
+    QTest::newRow("normal") << int(Qt::WindowNoState) << int(Qt::WindowNoState);
+    QTest::newRow("maximised") << maximised << maximised;
+    QTest::newRow("minimised") << int(Qt::WindowMinimized) << int(Qt::WindowNoState);
+    QTest::newRow("both") << (maximised | Qt::WindowMinimized) << maximised;
+}
+
+void TestEndNotice::onlyMinimisedIsLifted()
+{
+    QFETCH(int, before);
+    QFETCH(int, after);
+    window->setWindowState(Qt::WindowStates(before));
+    show(EndNotice::Completed);
+    QCOMPARE(int(window->windowState()), after);
+}
+
+void TestEndNotice::endsWaitWhileHeld()
+{
+    notice->hold();
+    notice->show(EndNotice::Error);
+    QVERIFY(!notice->isOpen());
+    notice->release();
+    QString title;
+    QTimer::singleShot(100, this, [&title] {
+        title = openBox() ? openBox()->windowTitle() : QString();
+        openBox()->close();
+    });
+    QTest::qWait(200);
+    QCOMPARE(title, QStringLiteral("Error"));
+}
+
+void TestEndNotice::windowMayGoUnderTheBox()
+{
+    show(EndNotice::Completed, [this] { window.reset(); });
+    QVERIFY(!notice);
+}
+
+QTEST_MAIN(TestEndNotice)
+#include "tst_endnotice.moc"

@@ -1,0 +1,216 @@
+#include "app/sleepinhibitor.h"
+
+#include "app/sleepblock.h"
+#include "settings/varnelsettings.h"
+#include "support/targets.h"
+
+#include <QDBusConnection>
+#include <QDBusUnixFileDescriptor>
+#include <QProcess>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QtTest>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+/// The session manager of a desktop.
+class FakeSession : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.gnome.SessionManager")
+public:
+    QSet<uint> held;
+    uint flags = 0;
+    QString reason;
+
+public slots:
+    uint Inhibit(const QString &, uint, const QString &why, uint what)
+    {
+        static uint last = 100;
+        reason = why;
+        flags = what;
+        held.insert(++last);
+        return last;
+    }
+    void Uninhibit(uint cookie) { held.remove(cookie); }
+};
+
+/// The login manager of a system without a desktop: the block lasts as long as the file is open.
+class FakeLogin : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.login1.Manager")
+public:
+    int watched = -1;
+    QString what;
+
+    /// Nobody else has the file open any more.
+    bool isClosed() const
+    {
+        char byte = 0;
+        return watched != -1 && read(watched, &byte, 1) == 0;
+    }
+
+public slots:
+    QDBusUnixFileDescriptor Inhibit(const QString &kinds, const QString &, const QString &, const QString &)
+    {
+        int ends[2] = {-1, -1};
+        if (pipe2(ends, O_NONBLOCK | O_CLOEXEC) != 0)
+            return {};
+        what = kinds;
+        watched = ends[0];
+        QDBusUnixFileDescriptor file;
+        file.giveFileDescriptor(ends[1]);
+        return file;
+    }
+};
+
+/// Over a bus of its own, with the keepers played by the test.
+class TestSleepInhibitor : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase();
+    void cleanup();
+    void cleanupTestCase();
+    void desktopIsAskedFirst();
+    void loginManagerIsAskedNext();
+    void nobodyIsThere();
+    void takenBackBeforeTheAnswer();
+    void blockLastsWhileAProcessIsRecorded();
+    void settingTurnsItOff();
+
+private:
+    void offer(QObject *keeper, const char *service, const char *path);
+
+    QTemporaryDir folder;
+    QProcess daemon;
+    QDBusConnection bus{QString()};
+    FakeSession session;
+    FakeLogin login;
+    TestTargets targets;
+};
+
+void TestSleepInhibitor::initTestCase()
+{
+    if (QStandardPaths::findExecutable(QStringLiteral("dbus-daemon")).isEmpty())
+        QSKIP("no message bus to be had");
+    daemon.start(QStringLiteral("dbus-daemon"),
+        {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
+    QVERIFY(daemon.waitForReadyRead());
+    const QByteArray address = daemon.readLine().trimmed();
+    qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+    qputenv("DBUS_SYSTEM_BUS_ADDRESS", address);
+    bus = QDBusConnection::connectToBus(QString::fromLatin1(address), QStringLiteral("keepers"));
+    QVERIFY(bus.isConnected());
+    QCoreApplication::setApplicationName(QStringLiteral("VarnelGraph"));
+    QCoreApplication::setOrganizationName(QStringLiteral("test"));
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path());
+}
+
+void TestSleepInhibitor::cleanup()
+{
+    for (const char *service : {"org.gnome.SessionManager", "org.freedesktop.login1"})
+        bus.unregisterService(QLatin1String(service));
+    targets.clear();
+    VarnelSettings().clear();
+}
+
+void TestSleepInhibitor::cleanupTestCase()
+{
+    daemon.kill();
+    daemon.waitForFinished();
+}
+
+void TestSleepInhibitor::offer(QObject *keeper, const char *service, const char *path)
+{
+    bus.registerObject(QLatin1String(path), keeper, QDBusConnection::ExportAllSlots);
+    QVERIFY(bus.registerService(QLatin1String(service)));
+}
+
+void TestSleepInhibitor::desktopIsAskedFirst()
+{
+    offer(&session, "org.gnome.SessionManager", "/org/gnome/SessionManager");
+    offer(&login, "org.freedesktop.login1", "/org/freedesktop/login1");
+    SleepBlock block;
+    block.acquire(QStringLiteral("charging"));
+    block.acquire(QStringLiteral("charging"));
+    QTRY_VERIFY(block.isHeld());
+    QCOMPARE(session.held.size(), 1);
+    QCOMPARE(session.flags, 4U);
+    QCOMPARE(session.reason, QStringLiteral("charging"));
+    QCOMPARE(login.watched, -1);
+    block.release();
+    QVERIFY(!block.isHeld());
+    QTRY_VERIFY(session.held.isEmpty());
+}
+
+void TestSleepInhibitor::loginManagerIsAskedNext()
+{
+    offer(&login, "org.freedesktop.login1", "/org/freedesktop/login1");
+    {
+        SleepBlock block;
+        block.acquire(QStringLiteral("charging"));
+        QTRY_VERIFY(block.isHeld());
+        QCOMPARE(login.what, QStringLiteral("sleep:idle"));
+        QVERIFY(!login.isClosed());
+    }
+    QTRY_VERIFY(login.isClosed());
+}
+
+void TestSleepInhibitor::nobodyIsThere()
+{
+    SleepBlock block;
+    block.acquire(QStringLiteral("charging"));
+    QTest::qWait(200);
+    QVERIFY(!block.isHeld());
+    block.release();
+    offer(&session, "org.gnome.SessionManager", "/org/gnome/SessionManager");
+    block.acquire(QStringLiteral("charging"));
+    QTRY_VERIFY(block.isHeld());
+}
+
+void TestSleepInhibitor::takenBackBeforeTheAnswer()
+{
+    offer(&session, "org.gnome.SessionManager", "/org/gnome/SessionManager");
+    session.held.clear();
+    session.reason.clear();
+    SleepBlock block;
+    block.acquire(QStringLiteral("charging"));
+    block.release();
+    QTRY_VERIFY(!session.reason.isEmpty());
+    QTRY_VERIFY(session.held.isEmpty());
+    QVERIFY(!block.isHeld());
+}
+
+void TestSleepInhibitor::blockLastsWhileAProcessIsRecorded()
+{
+    offer(&session, "org.gnome.SessionManager", "/org/gnome/SessionManager");
+    SleepInhibitor inhibitor(&targets);
+    targets.add();
+    inhibitor.update();
+    QTest::qWait(100);
+    QVERIFY(!inhibitor.isHeld());
+    targets.say(0, "#c0605 00123,25200+02000,025,01234\n");
+    QTRY_VERIFY(targets.reader(0)->isRecording());
+    inhibitor.update();
+    QTRY_VERIFY(inhibitor.isHeld());
+    for (int second = 0; second <= 20; ++second)
+        targets.reader(0)->timerTickEvent(); // the device falls silent
+    inhibitor.update();
+    QVERIFY(!inhibitor.isHeld());
+}
+
+void TestSleepInhibitor::settingTurnsItOff()
+{
+    offer(&session, "org.gnome.SessionManager", "/org/gnome/SessionManager");
+    VarnelSettings().setValue(QStringLiteral("power/keepAwake"), false);
+    SleepInhibitor inhibitor(&targets);
+    targets.add();
+    targets.say(0, "#c0605 00123,25200+02000,025,01234\n");
+    QTRY_VERIFY(targets.reader(0)->isRecording());
+    inhibitor.update();
+    QTest::qWait(150);
+    QVERIFY(!inhibitor.isHeld());
+}
+
+QTEST_MAIN(TestSleepInhibitor)
+#include "tst_sleepinhibitor.moc"
