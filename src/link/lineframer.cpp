@@ -75,7 +75,7 @@ void LineFramer::clear()
 void LineFramer::takeBinary(char byte)
 {
     ++m_sinceHash;
-    const int value = static_cast<signed char>(byte);
+    const auto value = qint8(byte);
     if (value < ' ') {
         const QByteArray digits = QByteArray::number(value).rightJustified(2, '0');
         append(digits.constData(), digits.size());

@@ -15,9 +15,9 @@ const char lostIdentity[] = "lost"; // no device has it
 PortWatcher::PortWatcher(QObject *parent)
     : QObject(parent)
     , m_timer(new QTimer(this))
+    , m_fingerprint(portFingerprint()) // before the list: what comes between is seen at the first look
 {
     QStringList order;
-    m_fingerprint = portFingerprint(); // before the list: what comes between is seen at the first look
     m_known = presentPorts(&order);
     connect(m_timer, SIGNAL(timeout()), this, SLOT(look()));
     m_timer->start(period);

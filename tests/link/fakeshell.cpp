@@ -20,7 +20,7 @@ public:
         shell->logs[index].append(
             again.mode == record.mode ? QString::number(record.time) : QStringLiteral("?"));
     }
-    void addResistanceLine(const QString &line) override { shell->logs[index].append(line.left(1)); }
+    void addResistanceLine(const QString &line) override { shell->logs[index].append(line.at(0)); }
 
 private:
     FakeShell *shell;
@@ -36,7 +36,7 @@ void FakeWindow::addRecord(const Varnel3Data &record)
 
 void FakeWindow::applyResistanceLine(const QString &line)
 {
-    recording.append(line.left(1));
+    recording.append(line.at(0));
 }
 
 void FakeWindow::finishRecording()

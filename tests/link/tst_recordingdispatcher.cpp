@@ -162,19 +162,19 @@ void RecordingDispatcherTest::announcesStartsAndEnds_data()
     QTest::addColumn<QStringList>("story");
     QTest::addColumn<QStringList>("calls");
     const auto ending = [](char letter) { return varnel3Line(6, QStringLiteral("#06C05"), letter); };
-    const QString E = ending('E');
+    const QString end = ending('E');
 
     QTest::newRow("start") << QStringList({varnel3Line(5), varnel3Line(6)}) << QStringList({"started"});
-    QTest::newRow("completed") << QStringList({E, endShot}) << QStringList({"armed", "started", "ended 2"});
+    QTest::newRow("completed") << QStringList({end, endShot}) << QStringList({"armed", "started", "ended 2"});
     QTest::newRow("aborted") << QStringList({ending('M'), endShot})
                              << QStringList({"armed", "started", "ended 1"});
     QTest::newRow("error") << QStringList({ending('S'), endShot})
                            << QStringList({"armed", "started", "ended 0"});
     QTest::newRow("another letter") << QStringList({ending('e')}) << QStringList({"started"});
-    QTest::newRow("three letters") << QStringList({E, E, E, endShot, endShot,
+    QTest::newRow("three letters") << QStringList({end, end, end, endShot, endShot,
         endShot}) << QStringList({"armed", "armed", "armed", "started", "ended 2", "ended 2", "ended 2"});
     QTest::newRow("the newest letter counts")
-        << QStringList({ending('S'), E, endShot, endShot})
+        << QStringList({ending('S'), end, endShot, endShot})
         << QStringList({"armed", "armed", "started", "ended 2", "ended 2"});
 }
 

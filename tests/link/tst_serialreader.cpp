@@ -24,7 +24,10 @@ QByteArray sent(const QString &line)
 }
 
 // More than a line takes at once while nobody reads at its far end.
-const QString bigCommand(200000, QLatin1Char('x'));
+QString bigCommand()
+{
+    return QString(200000, QLatin1Char('x'));
+}
 
 } // namespace
 
@@ -107,7 +110,7 @@ void SerialReaderTest::sendBig(int notified)
 {
     char byte;
     QCOMPARE(read(notified, &byte, 1), ssize_t(1));
-    reader->sendCommand(bigCommand);
+    reader->sendCommand(bigCommand());
 }
 
 void SerialReaderTest::commandAndNote(const QString &reply)
@@ -116,7 +119,7 @@ void SerialReaderTest::commandAndNote(const QString &reply)
     notes.append(QStringLiteral("%1 %2").arg(QString::number(depth), reply));
     if (notes.size() == 1) {
         device->send("#BBB\r\n#CCC\r\n");
-        reader->sendCommand(bigCommand);
+        reader->sendCommand(bigCommand());
         notes.append(QStringLiteral("%1 done").arg(depth));
     }
     --depth;
@@ -205,7 +208,7 @@ void SerialReaderTest::fullLineIsGivenUpAfterHalfASecond()
 {
     QElapsedTimer clock;
     clock.start();
-    reader->sendCommand(bigCommand);
+    reader->sendCommand(bigCommand());
     QVERIFY2(clock.elapsed() >= 480 && clock.elapsed() < 1000, qPrintable(QString::number(clock.elapsed())));
     device->send(sent(varnel3Line(5)));
     QTRY_COMPARE(recordings(), QVector<Recording>({{"5"}}));
@@ -242,8 +245,8 @@ void SerialReaderTest::bytesReadByAWriteAreNoLoss()
 
 void SerialReaderTest::commandsToAFullLineAreNoLoss()
 {
-    reader->sendCommand(bigCommand);
-    reader->sendCommand(bigCommand);
+    reader->sendCommand(bigCommand());
+    reader->sendCommand(bigCommand());
     device->send(sent(varnel3Line(5)));
     QTRY_COMPARE(recordings(), QVector<Recording>({{"5"}}));
     QTRY_VERIFY(device->received().isEmpty()
@@ -269,13 +272,13 @@ void SerialReaderTest::hangUp()
     QElapsedTimer clock;
     clock.start();
     if (commanding)
-        reader->sendCommand(bigCommand);
+        reader->sendCommand(bigCommand());
     QTRY_VERIFY(!reader->isOpen());
     QVERIFY2(clock.elapsed() < 300, qPrintable(QString::number(clock.elapsed())));
     const clock_t begin = std::clock();
     QTest::qWait(500);
     QVERIFY((std::clock() - begin) * 10 < CLOCKS_PER_SEC); // no loop that never rests
-    QCOMPARE(recordings().first().last(), QStringLiteral("end"));
+    QCOMPARE(recordings().at(0).last(), QStringLiteral("end"));
     QCOMPARE(shell->logs, recordings());
     QCOMPARE(shell->calls, QStringList({"started", "lost COM7"}));
     QCOMPARE(collector.warnings(), QStringList());
@@ -311,7 +314,7 @@ void SerialReaderTest::surgeryInsideASignal()
     connect(reader.get(), SIGNAL(control_data(QString)), this, slot.constData());
     const bool deletes = slot == SLOT(deleteReader());
     device->send(sent(varnel3Line(5)) + "#OK__\r\n" + (deletes ? QByteArray() : sent(varnel3Line(6))));
-    QTRY_VERIFY(!recordings().isEmpty() && recordings()[0].last() == QLatin1String("end"));
+    QTRY_VERIFY(!recordings().isEmpty() && recordings().at(0).last() == QLatin1String("end"));
     QTest::qWait(50);
     QCOMPARE(recordings(), QVector<Recording>({{"5", "end"}}));
     QCOMPARE(watched.isNull(), deletes);
