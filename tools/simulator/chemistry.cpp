@@ -40,7 +40,7 @@ int findChemistry(const QString &name)
 double restVoltage(const Chemistry &chemistry, double share)
 {
     constexpr double emptySlope = 5000; // mV per whole charge, below empty
-    constexpr double fullSlope = 600; // above full
+    constexpr double fullSlope = 3000; // above full
     const auto &rest = chemistry.rest;
     if (share <= 0)
         return std::max(0.0, rest.front() + share * emptySlope);

@@ -4,6 +4,7 @@
 
 #include <QSocketNotifier>
 
+#include <csignal>
 #include <cstdio>
 #include <unistd.h>
 
@@ -119,6 +120,7 @@ Console::Console(Rack *rack, QObject *parent)
 
 void Console::listen()
 {
+    std::signal(SIGTTIN, SIG_IGN); // in the background reading fails instead of stopping the devices
     auto *notifier = new QSocketNotifier(STDIN_FILENO, QSocketNotifier::Read, this);
     connect(notifier, SIGNAL(activated(QSocketDescriptor, QSocketNotifier::Type)), SLOT(onReadable()));
 }

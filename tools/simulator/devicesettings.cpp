@@ -225,8 +225,7 @@ QStringList DeviceSettings::options()
 
 int DeviceSettings::effectiveCurrent() const
 {
-    const int most = model == Model::Varnel2Plus ? 9999 : 99999;
-    return qBound(10, current > 0 ? current : qMin(capacity, 20000), most);
+    return qBound(10, current > 0 ? current : qMin(capacity, 20000), mostCurrent());
 }
 
 QString modelName(Model model)

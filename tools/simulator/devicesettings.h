@@ -49,6 +49,10 @@ struct DeviceSettings {
     static QStringList options();
 
     int effectiveCurrent() const; ///< mA
+    int mostCurrent() const
+    {
+        return model == Model::Varnel2Plus ? 9999 : 99999;
+    } ///< mA that its lines have room for
     int secondsPerLine() const { return model == Model::Tandor ? 5 : 1; } ///< of the device's time
 };
 

@@ -60,7 +60,7 @@ char direction(const Reading &reading)
 QByteArray varnel2PlusLine(const Reading &reading)
 {
     return olderHead(reading) + ',' + digits(reading.millivolts, 5) + ',' + direction(reading)
-        + digits(std::min(reading.milliamps, 9999), 4) + ',' + digits(reading.tenthDegrees, 3) + ','
+        + digits(reading.milliamps, 4) + ',' + digits(reading.tenthDegrees, 3) + ','
         + digits(reading.milliampHours, 5);
 }
 

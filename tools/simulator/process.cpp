@@ -10,6 +10,7 @@ namespace {
 constexpr int rampSeconds = 15; // until the full current flows
 constexpr int restSeconds = 60; // between the steps of formatting and testing
 constexpr int stepLimit = 12 * 3600; // no step of a process takes longer
+constexpr double keepingShare = 0.03; // of the current, to keep a full pack full
 constexpr int settledSeconds = 120; // the shortest balancing
 
 PackPlan packPlan(const DeviceSettings &settings)
@@ -79,7 +80,7 @@ void Process::second()
     m_energy += std::abs(m_current) / 3600;
     if (m_stepSeconds > rampSeconds)
         m_peak = std::max(m_peak, m_pack.voltage());
-    if (!m_finished && stepDone())
+    if (!m_done && stepDone())
         nextStep();
     m_failed = m_failed || (m_settings.failAfter > 0 && m_seconds >= m_settings.failAfter);
     m_finished = m_finished || m_failed || (m_settings.duration > 0 && m_seconds >= m_settings.duration);
@@ -92,7 +93,7 @@ double Process::wantedCurrent() const
     case Step::Charge:
         return std::min(chargeCurrent(), m_settings.effectiveCurrent() * ramp);
     case Step::Discharge:
-        return m_pack.lowestVoltage() > 0 ? -m_settings.effectiveCurrent() * ramp : 0;
+        return m_done ? 0 : -m_settings.effectiveCurrent() * ramp;
     default:
         return 0;
     }
@@ -102,7 +103,9 @@ double Process::wantedCurrent() const
 double Process::chargeCurrent() const
 {
     const bool limited = m_pack.chemistry().peakDrop <= 0;
-    return limited ? m_pack.limitCurrent(m_settings.balance > 0) : m_settings.effectiveCurrent();
+    if (limited)
+        return m_pack.limitCurrent(m_settings.balance > 0);
+    return m_settings.effectiveCurrent() * (m_done ? keepingShare : 1);
 }
 
 /// The balancer loads every cell that rests above the lowest, the harder the higher; not while the pack discharges.
@@ -154,6 +157,7 @@ bool Process::balanced() const
 void Process::nextStep()
 {
     if (m_step + 1 == m_plan.size()) {
+        m_done = true;
         m_finished = !m_settings.endless;
         return;
     }
@@ -173,7 +177,8 @@ void Process::measure()
     m_reading.cellCount = m_settings.cells;
     m_reading.seconds = m_seconds;
     m_reading.millivolts = measured(m_pack.voltage(), 2);
-    m_reading.milliamps = std::abs(m_current) < 1 ? 0 : measured(std::abs(m_current), 1);
+    m_reading.milliamps
+        = std::abs(m_current) < 1 ? 0 : std::min(m_settings.mostCurrent(), measured(std::abs(m_current), 1));
     m_reading.tenthDegrees
         = m_settings.sensor ? std::clamp(measured(m_pack.temperature() * 10, 0.6), 1, 999) : 0;
     m_reading.milliampHours = int(m_energy);

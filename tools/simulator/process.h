@@ -52,6 +52,7 @@ private:
     double m_current = 0; // mA, positive: charging
     double m_energy = 0; // mAh of this step
     double m_peak = 0; // mV, highest pack voltage of this step
+    bool m_done = false; // the last step is, though an endless process goes on
     bool m_finished = false;
     bool m_failed = false;
     Reading m_reading;

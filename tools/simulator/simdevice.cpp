@@ -17,6 +17,7 @@ constexpr double quietAfterEnd = 1000; // ms, whatever the speed
 constexpr double settleAfterOpen = 500; // ms; who opens a port throws away what has arrived until then
 constexpr int realPause = 20; // s; longer silences begin a new recording and are never shortened
 constexpr int trickleLines = 11; // of an older charger, the first without current
+constexpr int hangUpDelay = 30; // ms; what the system still holds when a line goes away is lost
 constexpr int longestCommand = 64;
 constexpr double mostBehind = 500; // ms; after that the device does not catch up
 
@@ -41,11 +42,12 @@ SimDevice::SimDevice(
 {
     m_clock.start();
     m_timer.setTimerType(Qt::PreciseTimer);
-    for (QTimer *timer : {&m_timer, &m_detectTimer, &m_returnTimer})
+    for (QTimer *timer : {&m_timer, &m_detectTimer, &m_leaveTimer, &m_returnTimer})
         timer->setSingleShot(true);
     m_panel.setCells(settings.cells);
     connect(&m_timer, SIGNAL(timeout()), SLOT(tick()));
     connect(&m_detectTimer, SIGNAL(timeout()), SLOT(findPack()));
+    connect(&m_leaveTimer, SIGNAL(timeout()), SLOT(goAway()));
     connect(&m_returnTimer, SIGNAL(timeout()), SLOT(comeBack()));
     connect(&m_endpoint, SIGNAL(received(QByteArray)), SLOT(onReceived(QByteArray)));
     connect(&m_endpoint, SIGNAL(handedOver(QByteArray, int)), SLOT(onHandedOver(QByteArray, int)));
@@ -112,9 +114,16 @@ void SimDevice::hangUp(int seconds)
         const QByteArray line = measurementLine(m_process->reading());
         m_endpoint.send(line.left(line.size() / 2), int(LineKind::Spoiled));
     }
+    m_away = seconds;
+    m_silentUntil = std::max(m_silentUntil, now() + hangUpDelay);
+    m_leaveTimer.start(hangUpDelay);
+}
+
+void SimDevice::goAway()
+{
     unplug();
-    if (seconds > 0)
-        m_returnTimer.start(seconds * 1000);
+    if (m_away > 0)
+        m_returnTimer.start(m_away * 1000);
 }
 
 void SimDevice::comeBack()
@@ -279,10 +288,11 @@ void SimDevice::sendEnd()
     const QByteArray line
         = measurementLine(hasLetter ? m_process->ending(m_endLetter) : m_process->trickle(m_endLine));
     sendLine(line, hasLetter ? LineKind::End : LineKind::Measurement);
-    if (++m_endLine >= (hasLetter ? m_settings.endLines : trickleLines))
+    const int lines = hasLetter ? m_settings.endLines : m_endLetter == 'E' ? trickleLines : 1;
+    if (++m_endLine >= lines)
         finish();
     else
-        arm(now() + (hasLetter ? endGap : interval(line.size())));
+        arm(m_due + (hasLetter ? endGap : interval(line.size())));
 }
 
 /// The process is over; the buzzer sounds until a key is pressed or the pack taken off.

@@ -67,6 +67,7 @@ private slots:
     void onListenedChanged(bool listened);
     void findPack();
     void comeBack();
+    void goAway();
 
 private:
     enum class Stage { Idle, Measuring, Ending, Pausing };
@@ -96,12 +97,14 @@ private:
     QElapsedTimer m_clock;
     QTimer m_timer;
     QTimer m_detectTimer;
+    QTimer m_leaveTimer;
     QTimer m_returnTimer;
     QByteArray m_command;
     Stage m_stage = Stage::Idle;
     char m_endLetter = 'E';
     int m_endLine = 0;
     int m_processNumber = 0;
+    int m_away = 0; // s, 0: for good
     int m_nextResistance = 0; // device seconds
     double m_due = 0; // ms, of what comes next
     double m_quietUntil = 0; // ms, after an end

@@ -1,0 +1,310 @@
+// Simulated devices in their event loop, heard at the other end of their lines.
+#include "simulator/rack.h"
+
+#include <QSignalSpy>
+#include <QSocketNotifier>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+/// Opens a port as a program would and keeps every line with the time of its arrival.
+class Listener : public QObject {
+    Q_OBJECT
+
+public:
+    struct Line {
+        double ms;
+        QByteArray text;
+    };
+
+    explicit Listener(const QString &port)
+        : m_port(open(QFile::encodeName(port).constData(), O_RDWR | O_NOCTTY | O_NONBLOCK))
+    {
+        m_clock.start();
+        if (m_port < 0)
+            return;
+        m_notifier = new QSocketNotifier(m_port, QSocketNotifier::Read, this);
+        connect(m_notifier, SIGNAL(activated(QSocketDescriptor, QSocketNotifier::Type)), SLOT(onReadable()));
+    }
+    ~Listener() override { close(m_port); }
+
+    void send(const QByteArray &command)
+    {
+        QCOMPARE(write(m_port, command, size_t(command.size())), command.size());
+    }
+    /// Lines that begin with `start`.
+    QVector<Line> lines(const QByteArray &start = "#") const
+    {
+        QVector<Line> found;
+        for (const Line &line : m_lines)
+            if (line.text.startsWith(start))
+                found << line;
+        return found;
+    }
+    bool isHungUp() const { return m_hungUp; }
+    qint64 bytes() const { return m_bytes; }
+
+private slots:
+    void onReadable()
+    {
+        char buffer[65536];
+        const ssize_t size = read(m_port, buffer, sizeof buffer);
+        if (size <= 0) {
+            m_hungUp = true;
+            m_notifier->setEnabled(false);
+            return;
+        }
+        m_bytes += size;
+        m_rest.append(buffer, int(size));
+        for (int end = m_rest.indexOf("\r\n"); end >= 0; end = m_rest.indexOf("\r\n")) {
+            m_lines.append({double(m_clock.nsecsElapsed()) * 1e-6, m_rest.left(end)});
+            m_rest.remove(0, end + 2);
+        }
+    }
+
+private:
+    int m_port;
+    QSocketNotifier *m_notifier = nullptr;
+    QElapsedTimer m_clock;
+    QVector<Line> m_lines;
+    QByteArray m_rest;
+    qint64 m_bytes = 0;
+    bool m_hungUp = false;
+};
+
+class TestSimDevice : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void endIsQuickAndThenQuiet();
+    void olderChargerTricklesAfterItsEnd();
+    void remoteControlRunsAProcess();
+    void takingThePackOffIsAnError();
+    void onlyLongSilencesAreReal();
+    void unheardLinesAreGone();
+    void linesHandedOverAreCounted();
+    void hangUpInMidLine();
+    void balancerIgnoresTheRemoteControl();
+    void lineRate();
+
+private:
+    sim::SimDevice *add(const QString &description);
+    QString link(const QString &port) const { return folder->filePath(port); }
+
+    QScopedPointer<QTemporaryDir> folder;
+    QScopedPointer<sim::Rack> rack;
+    sim::RunSettings run;
+};
+
+void TestSimDevice::init()
+{
+    folder.reset(new QTemporaryDir);
+    run = sim::RunSettings();
+    run.folder = folder->path();
+    run.speed = 200;
+}
+
+void TestSimDevice::cleanup()
+{
+    rack.reset();
+    QVERIFY2(QDir(folder->path()).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).isEmpty(),
+        "a link is left over");
+}
+
+sim::SimDevice *TestSimDevice::add(const QString &description)
+{
+    if (!rack)
+        rack.reset(new sim::Rack(run));
+    QString error;
+    sim::SimDevice *device = rack->add(description, &error);
+    if (!device)
+        qFatal("%s", qPrintable(error));
+    return device;
+}
+
+void TestSimDevice::endIsQuickAndThenQuiet()
+{
+    sim::SimDevice *device = add(
+        QStringLiteral("COM3:varnel3,balance,ri=20,start=open,duration=100,endlines=5,processes=2,pause=5"));
+    Listener listener(link(QStringLiteral("COM3")));
+    QSignalSpy ended(device, SIGNAL(processEnded(char)));
+    QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 2, 20000);
+    QCOMPARE(ended.first().first().value<char>(), 'E');
+    QTRY_COMPARE(listener.lines().size(), 210);
+    QCOMPARE(listener.lines("!").size(), 10);
+    const auto lines = listener.lines();
+    for (int i = 0; i < 105; ++i)
+        QCOMPARE(lines.at(i).text.at(8), i < 100 ? '_' : 'E');
+    QVERIFY2(lines.at(104).ms - lines.at(99).ms < 250, "all end letters come within 250 ms");
+    QVERIFY2(lines.at(105).ms - lines.at(104).ms >= 990, "a second of silence at any speed");
+    QCOMPARE(lines.at(105).text.mid(13, 5), QByteArray("00001"));
+    QVERIFY(device->isIdle());
+}
+
+void TestSimDevice::olderChargerTricklesAfterItsEnd()
+{
+    sim::SimDevice *device = add(QStringLiteral("COM3:varnel2plus,start=open,duration=20"));
+    Listener listener(link(QStringLiteral("COM3")));
+    QSignalSpy ended(device, SIGNAL(processEnded(char)));
+    QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 1, 5000);
+    QTRY_COMPARE(listener.lines().size(), 31);
+    int without = 0;
+    for (const auto &line : listener.lines())
+        without += line.text.contains(",+0000,") ? 1 : 0;
+    QCOMPARE(without, 1);
+    QVERIFY(listener.lines().at(20).text.contains(",+0000,"));
+}
+
+void TestSimDevice::remoteControlRunsAProcess()
+{
+    sim::SimDevice *device = add(QStringLiteral("COM3:varnel3,cells=4,start=remote,detect=0"));
+    Listener listener(link(QStringLiteral("COM3")));
+    const auto says = [&listener](const QByteArray &command, const QByteArray &reply) {
+        const int before = listener.lines(reply).size();
+        listener.send(command);
+        return QTest::qWaitFor([&] { return listener.lines(reply).size() > before; }, 2000);
+    };
+    QVERIFY(says("#TRYB?\r\n", "#TRYB00"));
+    QVERIFY(says("#MEM07\r\n", "#MEM07"));
+    QTRY_COMPARE(device->panel().state(), sim::FrontPanel::Cells);
+    QVERIFY(says("#NRC?\r\n", "#NRC04"));
+    QVERIFY(says("#NRC06\r\n", "#NRC06"));
+    QVERIFY(says("#START\r\n", "#START"));
+    QTRY_VERIFY(listener.lines("#06C05").size() > 20);
+    QVERIFY(says("#TRYB?\r\n", "#TRYB03"));
+    listener.send("#TIME!05:42:13:15:11:26\r\n");
+    listener.send("#BIB_!200\r\n");
+    QVERIFY(says("#STOP\r\n", "#STOP"));
+    QTRY_VERIFY(device->isIdle());
+    QTRY_COMPARE(listener.lines("#06C05__M").size(), 1);
+    QCOMPARE(listener.lines("#06C05").last().text.at(8), 'M');
+    QCOMPARE(device->panel().clock(), QByteArray("05:42:13:15:11:26"));
+    QCOMPARE(device->panel().beeps(), 1);
+    QVERIFY(says("#TRYB?\r\n", "#TRYB04"));
+    device->disconnectPack();
+    QVERIFY(says("#TRYB?\r\n", "#TRYB01"));
+    device->connectPack();
+    QTRY_COMPARE(device->panel().state(), sim::FrontPanel::Cells);
+}
+
+void TestSimDevice::takingThePackOffIsAnError()
+{
+    sim::SimDevice *device = add(QStringLiteral("COM3:varnel3,start=open"));
+    Listener listener(link(QStringLiteral("COM3")));
+    QTRY_VERIFY(!listener.lines().isEmpty());
+    device->disconnectPack();
+    QTRY_COMPARE(listener.lines("#06C05__S").size(), 1);
+    QCOMPARE(device->panel().state(), sim::FrontPanel::Memory);
+}
+
+void TestSimDevice::onlyLongSilencesAreReal()
+{
+    sim::SimDevice *device = add(QStringLiteral("COM3:varnel3"));
+    Listener listener(link(QStringLiteral("COM3")));
+    QTRY_VERIFY(!listener.lines().isEmpty());
+    device->silence(20); // a tenth of a second at this speed
+    const int before = listener.lines().size();
+    QTRY_VERIFY_WITH_TIMEOUT(listener.lines().size() > before, 2000);
+    device->silence(21);
+    QTest::qWait(50);
+    const int quiet = listener.lines().size();
+    QTest::qWait(1500);
+    QCOMPARE(listener.lines().size(), quiet);
+}
+
+void TestSimDevice::unheardLinesAreGone()
+{
+    sim::SimDevice *device = add(QStringLiteral("COM3:varnel3"));
+    QTRY_VERIFY(device->lost() > 40);
+    QCOMPARE(device->handedOver(sim::LineKind::Measurement), 0);
+    for (int opening = 0; opening < 2; ++opening) {
+        const int now = device->process()->reading().seconds;
+        Listener listener(link(QStringLiteral("COM3")));
+        QTRY_VERIFY(!listener.lines().isEmpty());
+        QVERIFY(listener.lines().first().text.mid(13, 5).toInt() > now - 2);
+        QTRY_VERIFY(listener.lines().size() > 20);
+    }
+}
+
+void TestSimDevice::linesHandedOverAreCounted()
+{
+    const QString logName = folder->path() + QLatin1String(".log");
+    QString error;
+    rack.reset(new sim::Rack(run));
+    QVERIFY2(rack->openLog(logName, &error), qPrintable(error));
+    sim::SimDevice *device = add(
+        QStringLiteral("COM3:varnel3,balance,ri=5,start=open,duration=300,cut=0.1,join=0.05,fields=0.1"));
+    Listener listener(link(QStringLiteral("COM3")));
+    QTRY_VERIFY_WITH_TIMEOUT(device->isIdle() && device->lost() == 0, 10000);
+    const auto count = [device](sim::LineKind kind) { return int(device->handedOver(kind)); };
+    QTRY_VERIFY(
+        listener.lines("#06").size() >= count(sim::LineKind::Measurement) + count(sim::LineKind::End));
+    int whole = 0;
+    for (const auto &line : listener.lines("#06"))
+        whole += line.text.count(',') == 38 && line.text.count('#') == 1 && line.text.size() == 157 ? 1 : 0;
+    QCOMPARE(whole, count(sim::LineKind::Measurement) + count(sim::LineKind::End));
+    QVERIFY(count(sim::LineKind::Spoiled) > 40);
+    rack->flushLog();
+    QFile log(logName);
+    QVERIFY(log.open(QIODevice::ReadOnly));
+    QCOMPARE(log.readAll().count("\tCOM3\tline\t#06C05"), count(sim::LineKind::Measurement));
+    log.remove();
+}
+
+void TestSimDevice::hangUpInMidLine()
+{
+    sim::SimDevice *device = add(QStringLiteral("COM3:varnel3"));
+    Listener first(link(QStringLiteral("COM3")));
+    QTRY_VERIFY(!first.lines().isEmpty());
+    device->hangUp(1);
+    QTRY_VERIFY(first.isHungUp());
+    QVERIFY2(first.bytes() % 159 != 0, "cut in the middle of a line");
+    QVERIFY(!QFileInfo(link(QStringLiteral("COM3"))).isSymLink());
+    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(link(QStringLiteral("COM3"))).isSymLink(), 5000);
+    Listener second(link(QStringLiteral("COM3")));
+    QTRY_VERIFY(second.lines().size() > 2);
+    QVERIFY2(
+        second.lines().first().text.mid(13, 5).toInt() > first.lines().last().text.mid(13, 5).toInt() + 100,
+        "the process has gone on meanwhile");
+}
+
+void TestSimDevice::balancerIgnoresTheRemoteControl()
+{
+    add(QStringLiteral("COM3:tandor,cells=12"));
+    Listener listener(link(QStringLiteral("COM3")));
+    listener.send("#TRYB?\r\n#MEM?\r\n#START\r\n");
+    QTRY_VERIFY(listener.lines("#E1206B").size() > 10);
+    QCOMPARE(listener.lines().size(), listener.lines("#E1206B").size());
+}
+
+/// Thirty-two devices keep up the full rate of their lines in one event loop.
+void TestSimDevice::lineRate()
+{
+    run.lineRate = true;
+    std::vector<std::unique_ptr<Listener>> listeners;
+    for (int i = 1; i <= 32; ++i) {
+        const QString port = QStringLiteral("COM%1").arg(i);
+        add(port + QLatin1String(":varnel3,balance,endless"));
+        listeners.push_back(std::make_unique<Listener>(link(port)));
+    }
+    QTest::qWait(500);
+    QVector<qint64> before;
+    for (const auto &listener : listeners)
+        before << listener->bytes();
+    QElapsedTimer clock;
+    clock.start();
+    QTest::qWait(2000);
+    const double full = 1920 * double(clock.elapsed()) / 1000;
+    for (size_t i = 0; i < listeners.size(); ++i) {
+        const double got = double(listeners[i]->bytes() - before.at(int(i)));
+        QVERIFY2(got > full * 0.8 - 320 && got < full * 1.05 + 320,
+            qPrintable(QStringLiteral("%1 of %2").arg(got).arg(full)));
+    }
+}
+
+QTEST_GUILESS_MAIN(TestSimDevice)
+#include "tst_simdevice.moc"
