@@ -146,7 +146,9 @@ void TestSimulatedLines::packsBehave()
     }
     const sim::Reading &last = process.reading();
     QVERIFY2(last.seconds > 120 && last.seconds < 4 * 3600, qPrintable(QString::number(last.seconds)));
-    QVERIFY2(highest < kind.full * 1.01, qPrintable(QString::number(highest)));
+    const double margin = device.balance > 0 ? 1.005 : 1.03; // without balancer only the pack has a limit
+    QVERIFY2(highest < kind.full * margin && last.millivolts < 4 * kind.full + 10,
+        qPrintable(QString::number(highest)));
     if (mode == QLatin1String("balance")) {
         QCOMPARE(strongest, 0);
         QVERIFY(process.pack().cells().first().rest - process.pack().lowestRest() <= 2);
@@ -161,7 +163,7 @@ void TestSimulatedLines::packsBehave()
     else if (kind.peakDrop > 0)
         QVERIFY(last.millivolts < process.pack().voltage() + 10 && warmest > 350);
     else
-        QVERIFY2(last.milliamps <= 110, qPrintable(QString::number(last.milliamps)));
+        QVERIFY2(last.milliamps <= 112, qPrintable(QString::number(last.milliamps)));
 }
 
 void TestSimulatedLines::weakCellLagsBehind()
