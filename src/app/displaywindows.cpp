@@ -1,43 +1,156 @@
 #include "app/displaywindows.h"
 
-#include "data/varnel3data.h"
+#include "displays/capacitydisplay.h"
+#include "displays/datadisplay.h"
+#include "displays/powerdisplay.h"
 #include "graph/mdigraphchild.h"
-#include "settings/viewstate.h"
 
+#include <QGuiApplication>
+#include <QScreen>
 #include <QSettings>
-#include <QWidget>
+
+namespace {
+
+constexpr QSize firstSize(470, 280);
+constexpr QPoint firstDataPlace(6, 8);
+constexpr QPoint firstCapacityPlace(2, 316);
+constexpr QPoint firstPowerPlace(2, 670);
+
+void setShown(QWidget *display, bool shown)
+{
+    if (shown)
+        display->showNormal();
+    else
+        display->hide();
+}
+
+/// `place`, or where the title can be reached if the screen it was kept for is gone or too small.
+QPoint reachable(const QPoint &place)
+{
+    const QRect titleBar(place, QSize(120, 40));
+    const QList<QScreen *> screens = QGuiApplication::screens();
+    for (const QScreen *screen : screens) {
+        if (screen->availableGeometry().contains(titleBar))
+            return place;
+    }
+    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+    return QPoint(qBound(area.left(), place.x(), area.right() - firstSize.width()),
+        qBound(area.top(), place.y(), area.bottom() - firstSize.height()));
+}
+
+QPoint savedPlace(const QSettings &settings, const char *key, const QPoint &first)
+{
+    return reachable(settings.value(QLatin1String(key), first).toPoint());
+}
+
+} // namespace
 
 DisplayWindows::DisplayWindows(QWidget *window, ViewState *state)
     : QObject(window)
     , m_window(window)
     , m_state(state)
+    , m_capacity(new CapacityDisplay(window))
+    , m_power(new PowerDisplay(window))
+    , m_data(new DataDisplay(window))
 {
+    m_capacity->setViewState(m_state);
+    m_power->setViewState(m_state);
+    m_data->setViewState(m_state);
+    connect(m_capacity, SIGNAL(closed()), this, SIGNAL(capacityClosed()));
+    connect(m_capacity, SIGNAL(entriesWanted()), this, SIGNAL(capacitiesWanted()));
+    connect(m_power, SIGNAL(closed()), this, SIGNAL(powerClosed()));
+    connect(m_data, SIGNAL(closed()), this, SIGNAL(dataClosed()));
 }
 
-void DisplayWindows::showData(bool) { }
+void DisplayWindows::showData(bool shown)
+{
+    setShown(m_data, shown);
+}
 
-void DisplayWindows::showCapacity(bool) { }
+void DisplayWindows::showCapacity(bool shown)
+{
+    setShown(m_capacity, shown);
+}
 
-void DisplayWindows::showPower(bool) { }
+void DisplayWindows::showPower(bool shown)
+{
+    setShown(m_power, shown);
+}
 
 void DisplayWindows::showVoltage(bool) { }
 
 void DisplayWindows::updateVoltage() { }
 
-void DisplayWindows::updateData(Varnel3Data &, int, bool) { }
+void DisplayWindows::updateData(Varnel3Data &record, int windowNumber, bool useKeptRi)
+{
+    m_data->updateData(record, windowNumber, useKeptRi);
+}
 
-void DisplayWindows::updatePower(Varnel3Data &, int, bool) { }
+void DisplayWindows::updatePower(Varnel3Data &record, int windowNumber, bool useKeptRi)
+{
+    m_power->updateData(record, windowNumber, useKeptRi);
+}
 
-void DisplayWindows::clearCapacities() { }
+void DisplayWindows::setStaleSince(const QDateTime &since)
+{
+    m_data->setStaleSince(since);
+    m_power->setStaleSince(since);
+}
 
-void DisplayWindows::addCapacity(const MdiGraphChild *) { }
+void DisplayWindows::clearCapacities()
+{
+    m_entries = 0;
+    m_capacity->clear();
+    m_capacity->setWindowCount(0);
+}
 
-void DisplayWindows::printCapacity() { }
+void DisplayWindows::addCapacity(const MdiGraphChild *child)
+{
+    const MdiGraphChild::CapacityEntry entry = child->capacityEntry();
+    m_capacity->addEntry(entry.capacity, entry.mode, entry.number);
+    m_capacity->setWindowCount(++m_entries);
+    nameDevice(child);
+}
+
+void DisplayWindows::refreshCapacity(const MdiGraphChild *child)
+{
+    const MdiGraphChild::CapacityEntry entry = child->capacityEntry();
+    m_capacity->changeEntry(entry.capacity, entry.mode, entry.number, entry.number);
+    nameDevice(child);
+}
+
+void DisplayWindows::printCapacity()
+{
+    m_capacity->print();
+}
 
 void DisplayWindows::printVoltage() { }
 
-void DisplayWindows::printPower() { }
+void DisplayWindows::printPower()
+{
+    m_power->print();
+}
 
-void DisplayWindows::readPlaces(const QSettings &) { }
+void DisplayWindows::readPlaces(const QSettings &settings)
+{
+    m_data->move(savedPlace(settings, "datadisplay/pos", firstDataPlace));
+    m_capacity->resize(settings.value(QStringLiteral("capacitydisplay/size"), firstSize).toSize());
+    m_capacity->move(savedPlace(settings, "capacitydisplay/pos", firstCapacityPlace));
+    m_power->resize(settings.value(QStringLiteral("powerdisplay/size"), firstSize).toSize());
+    m_power->move(savedPlace(settings, "powerdisplay/pos", firstPowerPlace));
+}
 
-void DisplayWindows::writePlaces(QSettings *) const { }
+void DisplayWindows::writePlaces(QSettings *settings) const
+{
+    settings->setValue(QStringLiteral("datadisplay/pos"), m_data->pos());
+    settings->setValue(QStringLiteral("capacitydisplay/size"), m_capacity->size());
+    settings->setValue(QStringLiteral("capacitydisplay/pos"), m_capacity->pos());
+    settings->setValue(QStringLiteral("powerdisplay/size"), m_power->size());
+    settings->setValue(QStringLiteral("powerdisplay/pos"), m_power->pos());
+}
+
+void DisplayWindows::nameDevice(const MdiGraphChild *child)
+{
+    if (!child->store().isEmpty())
+        m_capacity->setDeviceName(child->windowNumber(), Varnel3Data::deviceName(child->store().device()));
+}

@@ -3,7 +3,11 @@
 #include <QObject>
 #include <QPointer>
 
+class CapacityDisplay;
+class DataDisplay;
 class MdiGraphChild;
+class PowerDisplay;
+class QDateTime;
 class QSettings;
 class QWidget;
 class Varnel3Data;
@@ -25,9 +29,13 @@ public:
 
     void updateData(Varnel3Data &record, int windowNumber, bool useKeptRi);
     void updatePower(Varnel3Data &record, int windowNumber, bool useKeptRi);
+    /// No line has come since then; invalid: the figures are fresh.
+    void setStaleSince(const QDateTime &since);
     void clearCapacities();
     /// The entry of `child`, after those that are there.
     void addCapacity(const MdiGraphChild *child);
+    /// The entry of `child`, its number telling which, brought up to date.
+    void refreshCapacity(const MdiGraphChild *child);
 
     void printCapacity();
     void printVoltage();
@@ -43,8 +51,16 @@ signals:
     void capacityClosed();
     void powerClosed();
     void voltageClosed();
+    /// The capacity comparison is seen and wants its entries brought up to date.
+    void capacitiesWanted();
 
 private:
+    void nameDevice(const MdiGraphChild *child);
+
     QWidget *m_window;
     ViewState *m_state;
+    CapacityDisplay *m_capacity;
+    PowerDisplay *m_power;
+    DataDisplay *m_data;
+    int m_entries = 0; ///< in the capacity comparison
 };

@@ -18,6 +18,7 @@ GraphWindows::GraphWindows(
 {
     connect(m_area, SIGNAL(subWindowActivated(QMdiSubWindow *)), this,
         SLOT(onSubWindowActivated(QMdiSubWindow *)));
+    connect(m_displays, SIGNAL(capacitiesWanted()), this, SLOT(refreshCapacities()));
     connect(this, SIGNAL(recordShown(Varnel3Data &, int, bool)), m_shell,
         SLOT(updateData(Varnel3Data &, int, bool)));
     connect(this, SIGNAL(message(QString, int)), m_shell, SLOT(showMessageStatusBar(QString, int)));
@@ -97,6 +98,12 @@ void GraphWindows::onSubWindowActivated(QMdiSubWindow *window)
     auto *child = window ? qobject_cast<MdiGraphChild *>(window->widget()) : nullptr;
     if (child && m_children.contains(child))
         setCurrent(child);
+}
+
+void GraphWindows::refreshCapacities()
+{
+    for (const MdiGraphChild *child : qAsConst(m_children))
+        m_displays->refreshCapacity(child);
 }
 
 void GraphWindows::onDestroyed(QObject *object)

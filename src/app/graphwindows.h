@@ -47,6 +47,7 @@ public:
 
 public slots:
     void onSubWindowActivated(QMdiSubWindow *window);
+    void refreshCapacities();
 
 signals:
     /// The current window's newest record, or one that the user points at.

@@ -56,15 +56,6 @@ SerialReader *ListenedPorts::readerFor(const QString &portName) const
     return nullptr;
 }
 
-QVector<SerialReader *> ListenedPorts::readersFor(const MdiGraphChild *active) const
-{
-    for (SerialReader *reader : m_readers) {
-        if (active && active->reader() == reader)
-            return {reader};
-    }
-    return m_readers;
-}
-
 void ListenedPorts::noteStartupPorts()
 {
     startupPorts.clear();

@@ -24,8 +24,6 @@ public:
     const QVector<SerialReader *> &readers() const { return m_readers; }
     QStringList portNames() const;
     SerialReader *readerFor(const QString &portName) const;
-    /// The reader that feeds `active`, where one does; else every reader.
-    QVector<SerialReader *> readersFor(const MdiGraphChild *active) const;
     bool isListening() const { return listening; }
     void setListening(bool on) { listening = on; }
     QString paused() const { return pendingPort; }

@@ -15,6 +15,7 @@
 #include "app/shelltargets.h"
 #include "app/sleepinhibitor.h"
 #include "app/soundplayer.h"
+#include "app/stalewatch.h"
 #include "app/statusfacts.h"
 #include "app/viewswitchboard.h"
 #include "dialogs/about.h"
@@ -80,6 +81,7 @@ void MainWindow::createParts()
     readerHost = new ShellReaderHost(this, graphs, facts);
     ports = new ListenedPorts(this, readerHost, facts);
     watcher = new PortWatcher(this);
+    staleWatch = new StaleWatch(graphs, displays, facts, this);
     targets = std::make_unique<ShellTargets>(ports, graphs);
     commands = new DeviceCommands(targets.get(), this);
     sounds = new SoundPlayer(this);
@@ -91,9 +93,8 @@ void MainWindow::createParts()
 
 void MainWindow::withholdUnbuilt()
 {
-    for (ActionId id : {ActionId::Open, ActionId::SaveAs, ActionId::PrintCapacity, ActionId::PrintVoltage,
-             ActionId::PrintBars, ActionId::PrintPlot, ActionId::Data, ActionId::Graph, ActionId::BarGraph,
-             ActionId::Power})
+    for (ActionId id :
+        {ActionId::Open, ActionId::SaveAs, ActionId::PrintVoltage, ActionId::PrintPlot, ActionId::Graph})
         actions->withhold(id, tr("Comes with a later version."));
 }
 
@@ -129,6 +130,7 @@ void MainWindow::connectParts()
     connect(windowMenu, SIGNAL(aboutToShow()), this, SLOT(updateWindowMenu()));
     connect(mdiArea, SIGNAL(subWindowActivated(QMdiSubWindow *)), this, SLOT(updateMenus()));
     connect(graphs, SIGNAL(currentChanged()), this, SLOT(updateMenus()));
+    connect(graphs, SIGNAL(currentChanged()), staleWatch, SLOT(look()));
     connect(graphs, SIGNAL(opened()), switches, SLOT(enableViews()));
     connect(switches, SIGNAL(repaintNeeded()), this, SLOT(repaintAllWindows()));
     connect(switches, SIGNAL(switched()), this, SIGNAL(toolBarChanged()));

@@ -26,6 +26,7 @@ class RemoteControls;
 class ShellReaderHost;
 class SleepInhibitor;
 class SoundPlayer;
+class StaleWatch;
 class StatusFacts;
 class ViewState;
 class ViewSwitchboard;
@@ -144,6 +145,7 @@ private:
     ShellReaderHost *readerHost;
     ListenedPorts *ports;
     PortWatcher *watcher;
+    StaleWatch *staleWatch;
     std::unique_ptr<DeviceTargets> targets;
     DeviceCommands *commands;
     SoundPlayer *sounds;

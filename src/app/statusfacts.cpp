@@ -21,6 +21,8 @@ const KindText texts[StatusFacts::KindCount] = {
         QT_TRANSLATE_NOOP("StatusFacts", "These ports could not be opened.")},
     {QT_TRANSLATE_NOOP("StatusFacts", "Paused: %1"),
         QT_TRANSLATE_NOOP("StatusFacts", "Recording is paused. Press Recording to go on.")},
+    {QT_TRANSLATE_NOOP("StatusFacts", "No data: %1"),
+        QT_TRANSLATE_NOOP("StatusFacts", "The device has sent no line for a while.")},
     {QT_TRANSLATE_NOOP("StatusFacts", "Window closed: %1"),
         QT_TRANSLATE_NOOP(
             "StatusFacts", "The graph window was closed. A window opens again with the next process.")},
@@ -55,6 +57,14 @@ void StatusFacts::clear(Kind kind, const QString &port)
 {
     if (m_facts[kind].remove(port) > 0)
         refresh(kind);
+}
+
+void StatusFacts::replace(Kind kind, const QMap<QString, QString> &facts)
+{
+    if (facts == m_facts[kind])
+        return;
+    m_facts[kind] = facts;
+    refresh(kind);
 }
 
 QString StatusFacts::text(Kind kind) const

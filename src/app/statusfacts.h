@@ -11,7 +11,7 @@ class StatusFacts : public QObject {
     Q_OBJECT
 
 public:
-    enum Kind { Lost, Failing, Paused, Unwatched, KindCount };
+    enum Kind { Lost, Failing, Paused, Silent, Unwatched, KindCount };
 
     /// `bar` outlives this.
     explicit StatusFacts(QStatusBar *bar);
@@ -19,6 +19,8 @@ public:
     /// Names `port` under `kind`; `detail` explains it in the tool tip.
     void set(Kind kind, const QString &port, const QString &detail = QString());
     void clear(Kind kind, const QString &port);
+    /// Names the ports of `facts`, each with its detail, and no other.
+    void replace(Kind kind, const QMap<QString, QString> &facts);
     bool holds(Kind kind, const QString &port) const { return m_facts[kind].contains(port); }
     QStringList ports(Kind kind) const { return m_facts[kind].keys(); }
     /// What the label of `kind` says; empty while it is hidden.

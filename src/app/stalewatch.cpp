@@ -1,0 +1,65 @@
+#include "app/stalewatch.h"
+
+#include "app/displaywindows.h"
+#include "app/graphwindows.h"
+#include "app/statusfacts.h"
+#include "graph/mdigraphchild.h"
+
+#include <QLocale>
+#include <QTimer>
+
+namespace {
+
+constexpr int interval = 1000; // ms
+
+} // namespace
+
+StaleWatch::StaleWatch(
+    GraphWindows *graphWindows, DisplayWindows *displayWindows, StatusFacts *statusFacts, QObject *parent)
+    : QObject(parent)
+    , graphs(graphWindows)
+    , displays(displayWindows)
+    , facts(statusFacts)
+{
+    auto *timer = new QTimer(this);
+    connect(timer, SIGNAL(timeout()), this, SLOT(look()));
+    timer->start(interval);
+}
+
+QDateTime StaleWatch::staleSince(const MdiGraphChild *child) const
+{
+    if (!child || !child->isLive())
+        return QDateTime();
+    const QDateTime at = seen.value(child).at;
+    return at.isValid() && at.secsTo(QDateTime::currentDateTime()) >= patience ? at : QDateTime();
+}
+
+void StaleWatch::look()
+{
+    noteArrivals();
+    QMap<QString, QString> silent;
+    for (const MdiGraphChild *child : graphs->all()) {
+        const QDateTime since = staleSince(child);
+        if (since.isValid())
+            silent.insert(child->fileName(),
+                tr("%1: no line since %2").arg(child->fileName(), QLocale().toString(since.time())));
+    }
+    facts->replace(StatusFacts::Silent, silent);
+    const QDateTime current = staleSince(graphs->current());
+    if (current == shown)
+        return;
+    shown = current;
+    displays->setStaleSince(current);
+}
+
+void StaleWatch::noteArrivals()
+{
+    QHash<const MdiGraphChild *, Seen> now;
+    for (const MdiGraphChild *child : graphs->all()) {
+        const Seen before = seen.value(child);
+        const quint64 revision = child->store().revision();
+        const bool fresh = !before.at.isValid() || before.revision != revision;
+        now.insert(child, fresh ? Seen{revision, QDateTime::currentDateTime()} : before);
+    }
+    seen = now;
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QDateTime>
+#include <QHash>
+#include <QObject>
+
+class DisplayWindows;
+class GraphWindows;
+class MdiGraphChild;
+class StatusFacts;
+
+/// Notices which live graph windows have gone without a line for a while: the status bar names them, and the displays
+/// dim the figures of the current one. Looks at each window once a second.
+class StaleWatch : public QObject {
+    Q_OBJECT
+
+public:
+    static constexpr int patience = 20; // seconds
+
+    /// All outlive this.
+    StaleWatch(GraphWindows *graphs, DisplayWindows *displays, StatusFacts *facts, QObject *parent);
+
+    /// When the last line of `child` came; invalid while it is fresh, not live, or null.
+    QDateTime staleSince(const MdiGraphChild *child) const;
+
+public slots:
+    /// Also to be called when another window becomes current.
+    void look();
+
+private:
+    struct Seen {
+        quint64 revision = 0;
+        QDateTime at;
+    };
+
+    void noteArrivals();
+
+    GraphWindows *graphs;
+    DisplayWindows *displays;
+    StatusFacts *facts;
+    QHash<const MdiGraphChild *, Seen> seen; // keys are compared, never followed
+    QDateTime shown; // as the displays were told last
+};
