@@ -1,0 +1,309 @@
+#include "app/actionset.h"
+#include "app/datatoolbar.h"
+#include "app/listenedports.h"
+#include "app/mainwindow.h"
+#include "app/statusfacts.h"
+#include "graph/mdigraphchild.h"
+#include "settings/varnelsettings.h"
+#include "support/lines.h"
+#include "support/ptypair.h"
+#include "support/shellfixture.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QFile>
+#include <QLabel>
+#include <QMessageBox>
+#include <QSerialPort>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTest>
+#include <QTimer>
+
+/// The program's window listening on real pseudo-terminals: ports that work, fail, go, return and arrive.
+class TestListening : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void nothingChosen();
+    void onePortPresent();
+    void recordsInWindows();
+    void figuresOfCurrentWindow();
+    void pauseAndResume();
+    void unpluggedAndBack();
+    void failingPort();
+    void newPort_data();
+    void newPort();
+    void questionsQueue();
+    void busyOnArrival();
+    void closedLiveWindow();
+    void preferencesChanged();
+    void stopProcess();
+
+private:
+    void start(const QStringList &ports);
+    PtyPair *plug(const QString &name);
+    QString message() const { return window->statusBar()->currentMessage(); }
+    QString fact(StatusFacts::Kind kind) const { return window->statusFacts().text(kind); }
+    QString figure(const char *name) const
+    {
+        return window->findChild<DataToolBar *>()->findChild<QLabel *>(QLatin1String(name))->text();
+    }
+    QMessageBox *box(const char *name) const { return window->findChild<QMessageBox *>(QLatin1String(name)); }
+    QStringList listened() const { return window->listenedPorts().portNames(); }
+    void trigger(ActionId id) { window->actionSet()[id]->trigger(); }
+
+    std::unique_ptr<ShellFixture> fixture;
+    std::vector<std::unique_ptr<PtyPair>> plugged;
+    std::unique_ptr<MainWindow> window;
+};
+
+void TestListening::init()
+{
+    fixture = std::make_unique<ShellFixture>();
+}
+
+void TestListening::cleanup()
+{
+    window.reset();
+    plugged.clear();
+    fixture.reset();
+}
+
+PtyPair *TestListening::plug(const QString &name)
+{
+    plugged.push_back(std::make_unique<PtyPair>(fixture->portFolder(), name));
+    return plugged.back().get();
+}
+
+void TestListening::start(const QStringList &ports)
+{
+    VarnelSettings().setPorts(ports);
+    window = std::make_unique<MainWindow>();
+    window->show();
+    QTRY_VERIFY(message() != QStringLiteral("Ready") && !message().endsWith(QStringLiteral("...")));
+}
+
+void TestListening::nothingChosen()
+{
+    start({});
+    QCOMPARE(message(), QStringLiteral("No port has been selected."));
+    QVERIFY(!window->listenedPorts().isListening());
+}
+
+void TestListening::onePortPresent()
+{
+    plug(QStringLiteral("COM4"));
+    start({QStringLiteral("COM3"), QStringLiteral("COM4"), QStringLiteral("COM4")});
+    QCOMPARE(message(), QStringLiteral("Start listening on port(s): COM4"));
+    QCOMPARE(listened(), QStringList(QStringLiteral("COM4")));
+    QVERIFY(window->listenedPorts().isListening());
+    window->stopRecording();
+    QCOMPARE(message(), QStringLiteral("Stop listen on port(s)."));
+    QVERIFY(!window->listenedPorts().isListening());
+}
+
+void TestListening::recordsInWindows()
+{
+    PtyPair *device = plug(QStringLiteral("COM3"));
+    start({QStringLiteral("COM3")});
+    device->send(Lines::charger(1) + Lines::charger(2));
+    QTRY_COMPARE(window->mdiChildren().size(), 1);
+    MdiGraphChild *first = window->activeMdiChild();
+    QTRY_COMPARE(first->store().size(), 2);
+    QCOMPARE(first->windowTitle(), QStringLiteral("No file name COM3*"));
+    QVERIFY(first->isLive());
+    // A second process: time starts over. The line that shows it still belongs to the first.
+    device->send(Lines::charger(1) + Lines::charger(2) + Lines::charger(3));
+    QTRY_COMPARE(window->mdiChildren().size(), 2);
+    QVERIFY(!first->isLive());
+    QCOMPARE(first->store().size(), 3);
+    QCOMPARE(window->activeWindowNumber(), 2);
+    QTRY_COMPARE(window->activeMdiChild()->store().size(), 2);
+    first->parentWidget()->close();
+    QTRY_COMPARE(window->activeWindowNumber(), 1);
+}
+
+void TestListening::figuresOfCurrentWindow()
+{
+    PtyPair *charger = plug(QStringLiteral("COM3"));
+    PtyPair *discharger = plug(QStringLiteral("COM4"));
+    start({QStringLiteral("COM3"), QStringLiteral("COM4")});
+    charger->send(Lines::charger(1));
+    QTRY_COMPARE(window->mdiChildren().size(), 1);
+    discharger->send(Lines::discharger(5));
+    QTRY_COMPARE(window->mdiChildren().size(), 2);
+    QTRY_COMPARE(figure("timeLabel"), QStringLiteral("00:00:05"));
+    charger->send(Lines::charger(2));
+    QTRY_COMPARE(window->mdiChildren().first()->store().size(), 2);
+    QCOMPARE(figure("timeLabel"), QStringLiteral("00:00:05"));
+    trigger(ActionId::Next);
+    QCOMPARE(figure("timeLabel"), QStringLiteral("00:00:02"));
+    window->showMinimized();
+    charger->send(Lines::charger(3));
+    QTRY_COMPARE(figure("timeLabel"), QStringLiteral("00:00:03"));
+    trigger(ActionId::CloseAll);
+    QTRY_COMPARE(window->mdiChildren().size(), 0);
+    QTRY_COMPARE(figure("timeLabel"), QString());
+}
+
+void TestListening::pauseAndResume()
+{
+    PtyPair *device = plug(QStringLiteral("COM3"));
+    start({QStringLiteral("COM3")});
+    device->send(Lines::charger(1));
+    QTRY_VERIFY(window->activeMdiChild());
+    trigger(ActionId::Recording);
+    QCOMPARE(listened(), QStringList());
+    QCOMPARE(window->listenedPorts().paused(), QStringLiteral("COM3"));
+    QCOMPARE(fact(StatusFacts::Paused), QStringLiteral("Paused: COM3"));
+    QVERIFY(!window->activeMdiChild()->isLive());
+    trigger(ActionId::Recording);
+    QCOMPARE(listened(), QStringList(QStringLiteral("COM3")));
+    QCOMPARE(fact(StatusFacts::Paused), QString());
+    device->send(Lines::charger(10));
+    QTRY_COMPARE(window->mdiChildren().size(), 2);
+}
+
+void TestListening::unpluggedAndBack()
+{
+    PtyPair *device = plug(QStringLiteral("COM3"));
+    start({QStringLiteral("COM3")});
+    device->send(Lines::charger(1));
+    QTRY_VERIFY(window->activeMdiChild());
+    device->hangUp();
+    QTRY_COMPARE(fact(StatusFacts::Lost), QStringLiteral("Lost: COM3"));
+    QCOMPARE(listened(), QStringList());
+    QCOMPARE(window->activeMdiChild()->store().size(), 1);
+    QVERIFY(!window->activeMdiChild()->isLive());
+    QTest::qWait(2500);
+    QCOMPARE(fact(StatusFacts::Lost), QStringLiteral("Lost: COM3"));
+    device = plug(QStringLiteral("COM3"));
+    QTRY_COMPARE(listened(), QStringList(QStringLiteral("COM3")));
+    QCOMPARE(fact(StatusFacts::Lost), QString());
+    device->send(Lines::charger(9));
+    QTRY_COMPARE(window->mdiChildren().size(), 2);
+}
+
+void TestListening::failingPort()
+{
+    const QString broken = fixture->portFolder() + QStringLiteral("/COM3");
+    QVERIFY(QFile::link(QStringLiteral("/dev/null"), broken));
+    PtyPair *device = plug(QStringLiteral("COM4"));
+    start({QStringLiteral("COM3"), QStringLiteral("COM4")});
+    QTRY_COMPARE(listened(), QStringList(QStringLiteral("COM4")));
+    QCOMPARE(message(), QStringLiteral("Start listening on port(s): COM4"));
+    QCOMPARE(fact(StatusFacts::Failing), QStringLiteral("Can't open: COM3"));
+    QVERIFY(box("portFailed") && !box("portFailed")->isModal());
+    device->send(Lines::charger(1));
+    QTRY_COMPARE(window->mdiChildren().size(), 1);
+    window->startRecording();
+    QCOMPARE(window->findChildren<QMessageBox *>(QStringLiteral("portFailed")).size(), 1);
+    QVERIFY(QFile::remove(broken));
+    QTRY_COMPARE(fact(StatusFacts::Failing), QString());
+    QTRY_VERIFY(!box("portFailed"));
+}
+
+void TestListening::newPort_data()
+{
+    QTest::addColumn<int>("answer");
+    QTest::addColumn<QStringList>("remembered");
+    QTest::newRow("yes") << int(QMessageBox::Yes) << QStringList(QStringLiteral("COM7"));
+    QTest::newRow("no") << int(QMessageBox::No) << QStringList();
+}
+
+void TestListening::newPort()
+{
+    QFETCH(int, answer);
+    start({});
+    plug(QStringLiteral("COM7"));
+    QTRY_VERIFY(box("portQuestion"));
+    QCOMPARE(listened(), QStringList());
+    box("portQuestion")->button(QMessageBox::StandardButton(answer))->click();
+    QTRY_COMPARE(listened(), QStringList(QStringLiteral("COM7")));
+    QCOMPARE(message(), QStringLiteral("Start listening on new port COM7."));
+    QTEST(VarnelSettings().ports(), "remembered");
+}
+
+void TestListening::questionsQueue()
+{
+    start({});
+    PtyPair *first = plug(QStringLiteral("COM7"));
+    plug(QStringLiteral("COM8"));
+    QTRY_VERIFY(box("portQuestion"));
+    const QString text = box("portQuestion")->text();
+    first->hangUp(); // its question goes with it
+    QTRY_VERIFY(box("portQuestion") && box("portQuestion")->text() != text);
+    QCOMPARE(
+        box("portQuestion")->text(), QStringLiteral("Do you want to add a port COM8 to the preferences ?"));
+    box("portQuestion")->button(QMessageBox::No)->click();
+    QTRY_COMPARE(listened(), QStringList(QStringLiteral("COM8")));
+}
+
+void TestListening::busyOnArrival()
+{
+    start({QStringLiteral("COM3")});
+    plug(QStringLiteral("COM3"));
+    const QString device = QFile::symLinkTarget(fixture->portFolder() + QStringLiteral("/COM3"));
+    QSerialPort other(device); // as a modem probe holds a port that has just arrived
+    QVERIFY(other.open(QIODevice::ReadWrite));
+    QTest::qWait(3000); // noticed after at most two seconds
+    QCOMPARE(listened(), QStringList());
+    QVERIFY(!box("portFailed"));
+    other.close();
+    QTRY_COMPARE(listened(), QStringList(QStringLiteral("COM3")));
+    QVERIFY(!box("portFailed"));
+}
+
+void TestListening::closedLiveWindow()
+{
+    PtyPair *device = plug(QStringLiteral("COM3"));
+    start({QStringLiteral("COM3")});
+    device->send(Lines::charger(1));
+    QTRY_VERIFY(window->activeMdiChild());
+    trigger(ActionId::Close);
+    QTRY_VERIFY(!window->activeMdiChild());
+    device->send(Lines::charger(2));
+    QTRY_COMPARE(fact(StatusFacts::Unwatched), QStringLiteral("Window closed: COM3"));
+    QCOMPARE(window->mdiChildren().size(), 0);
+    device->send(Lines::charger(0));
+    QTRY_COMPARE(window->mdiChildren().size(), 1);
+    QCOMPARE(fact(StatusFacts::Unwatched), QString());
+}
+
+void TestListening::preferencesChanged()
+{
+    plug(QStringLiteral("COM3"));
+    plug(QStringLiteral("COM4"));
+    start({QStringLiteral("COM3")});
+    QTimer::singleShot(200, this, [] {
+        auto *dialog = QApplication::activeModalWidget();
+        for (auto *box : dialog->findChildren<QCheckBox *>())
+            box->setChecked(!box->isChecked());
+        static_cast<QDialog *>(dialog)->accept();
+    });
+    trigger(ActionId::Preferences);
+    QCOMPARE(listened(), QStringList(QStringLiteral("COM4")));
+    QCOMPARE(message(), QStringLiteral("Start listening on port COM4."));
+}
+
+void TestListening::stopProcess()
+{
+    PtyPair *device = plug(QStringLiteral("COM3"));
+    PtyPair *other = plug(QStringLiteral("COM4"));
+    start({QStringLiteral("COM3"), QStringLiteral("COM4")});
+    trigger(ActionId::StopProcess);
+    device->send(Lines::charger(1));
+    QTRY_VERIFY(window->activeMdiChild());
+    QCOMPARE(device->received() + other->received(), QByteArray()); // nobody was meant before
+    trigger(ActionId::StopProcess);
+    QByteArray command;
+    QTRY_COMPARE(command += device->received(), QByteArray("#STOP\r\n"));
+    QCOMPARE(other->received(), QByteArray());
+}
+
+QTEST_MAIN(TestListening)
+#include "tst_listening.moc"

@@ -1,0 +1,214 @@
+#include "app/actionset.h"
+#include "app/graphwindows.h"
+#include "app/mainwindow.h"
+#include "graph/mdigraphchild.h"
+#include "settings/viewstate.h"
+#include "support/shellfixture.h"
+
+#include <QAction>
+#include <QMenuBar>
+#include <QSignalSpy>
+#include <QTest>
+#include <QToolBar>
+#include <QToolButton>
+
+using Ids = QVector<ActionId>;
+Q_DECLARE_METATYPE(Ids)
+
+/// Which switch enables, unchecks and renames which; and the menus and tool bars that hold them.
+class TestViewSwitches : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void switching_data();
+    void switching();
+    void signalsPerSwitch_data();
+    void signalsPerSwitch();
+    void withoutWindows();
+    void reopenedInBalancerView();
+    void menus_data();
+    void menus();
+    void mainToolBar();
+    void shortcuts();
+
+private:
+    QAction *action(ActionId id) const { return window->actionSet()[id]; }
+    QString switchTexts() const;
+    QString modes() const;
+
+    ShellFixture fixture;
+    std::unique_ptr<MainWindow> window;
+};
+
+/// Text, '*' when checked, '-' when disabled, of " T " to " Vc ".
+QString TestViewSwitches::switchTexts() const
+{
+    QStringList texts;
+    for (int id = int(ActionId::Delta); id <= int(ActionId::Energy); ++id) {
+        const QAction *a = action(ActionId(id));
+        texts << a->text().trimmed() + (a->isChecked() ? "*" : "") + (a->isEnabled() ? "" : "-");
+    }
+    return texts.join(' ');
+}
+
+/// Cell selection, per-cell quantity and right axis, as drawing and displays see them.
+QString TestViewSwitches::modes() const
+{
+    const ViewSwitches &switches = window->viewState().switches();
+    return QStringLiteral("%1%2%3")
+        .arg(switches.cellSelectMode)
+        .arg(switches.energyMode)
+        .arg(switches.deltaMode);
+}
+
+void TestViewSwitches::init()
+{
+    window = std::make_unique<MainWindow>();
+}
+
+void TestViewSwitches::switching_data()
+{
+    using Id = ActionId;
+    QTest::addColumn<Ids>("clicks");
+    QTest::addColumn<QString>("texts");
+    QTest::addColumn<QString>("expectedModes");
+    const auto row = [](const char *name, const Ids &clicks, const char *texts, const char *expectedModes) {
+        QTest::newRow(name) << clicks << texts << expectedModes;
+    };
+    row("start", {}, "dV* Rw* B Avg S- P%- Vc-", "001");
+    row("mAh", {Id::Delta}, "mAh* Rw* B Avg S- P%- Vc-", "002");
+    row("neither", {Id::Delta, Id::Delta}, "dV Rw* B Avg S- P%- Vc-", "000");
+    row("dV again", {Id::Delta, Id::Delta, Id::Delta}, "dV* Rw* B Avg S- P%- Vc-", "001");
+    row("balancer", {Id::Balancer}, "dV* Rw* B* Avg S P% Vc", "001");
+    row("balancer has no mAh", {Id::Delta, Id::Balancer}, "dV* Rw* B* Avg S P% Vc", "001");
+    row("dV is on or off in balancer", {Id::Balancer, Id::Delta}, "dV Rw* B* Avg S P% Vc", "000");
+    row("dV on again in balancer", {Id::Balancer, Id::Delta, Id::Delta}, "dV* Rw* B* Avg S P% Vc", "001");
+    row("average takes balancer along", {Id::Average}, "dV* Rw* B* Avg* S- P% Vc", "001");
+    row("average off", {Id::Average, Id::Average}, "dV* Rw* B* Avg S P% Vc", "001");
+    row("balancer off takes average along", {Id::Average, Id::Balancer}, "dV* Rw* B Avg S- P%- Vc-", "001");
+    row("plus", {Id::Balancer, Id::SelectedCells}, "dV* Rw* B* Avg +* P% Vc", "101");
+    row("minus", {Id::Balancer, Id::SelectedCells, Id::SelectedCells}, "dV* Rw* B* Avg - P% Vc", "201");
+    row("Ah", {Id::Balancer, Id::Energy}, "dV* Rw* B* Avg S P% Ah", "011");
+    row("Ri", {Id::Balancer, Id::Energy, Id::Energy}, "dV* Rw* B* Avg S P% Ri", "021");
+    row("Vc", {Id::Balancer, Id::Energy, Id::Energy, Id::Energy}, "dV* Rw* B* Avg S P% Vc", "001");
+}
+
+void TestViewSwitches::switching()
+{
+    QFETCH(Ids, clicks);
+    window->createMdiChild();
+    for (ActionId id : qAsConst(clicks)) {
+        QVERIFY(action(id)->isEnabled());
+        action(id)->trigger();
+    }
+    QTEST(switchTexts(), "texts");
+    QTEST(modes(), "expectedModes");
+    const ViewSwitches &switches = window->viewState().switches();
+    QCOMPARE(switches.balancer, action(ActionId::Balancer)->isChecked());
+    QCOMPARE(switches.average, action(ActionId::Average)->isChecked());
+    QCOMPARE(switches.delta, action(ActionId::Delta)->isChecked());
+}
+
+void TestViewSwitches::signalsPerSwitch_data()
+{
+    QTest::addColumn<int>("id");
+    QTest::addColumn<int>("count");
+    for (int id = int(ActionId::Data); id <= int(ActionId::Energy); ++id)
+        QTest::addRow("%d", id) << id << (id == int(ActionId::Average) ? 2 : 1);
+}
+
+void TestViewSwitches::signalsPerSwitch()
+{
+    QFETCH(int, id);
+    window->createMdiChild();
+    action(ActionId::Balancer)->trigger();
+    QSignalSpy spy(window.get(), SIGNAL(toolBarChanged()));
+    action(ActionId(id))->trigger();
+    QTEST(int(spy.count()), "count");
+}
+
+void TestViewSwitches::withoutWindows()
+{
+    const auto check = [this](bool any) {
+        for (ActionId id :
+            {ActionId::SaveAs, ActionId::SaveSession, ActionId::Close, ActionId::CloseAll, ActionId::Tile,
+                ActionId::Cascade, ActionId::Next, ActionId::Previous, ActionId::Data, ActionId::Average})
+            QCOMPARE(action(id)->isEnabled(), any);
+        QCOMPARE(action(ActionId::Separator)->isVisible(), any);
+    };
+    check(false);
+    QPointer<MdiGraphChild> child = window->createMdiChild();
+    check(true);
+    action(ActionId::Close)->trigger();
+    QTRY_VERIFY(!child);
+    check(false);
+}
+
+void TestViewSwitches::reopenedInBalancerView()
+{
+    window->createMdiChild();
+    action(ActionId::Balancer)->trigger();
+    action(ActionId::CloseAll)->trigger();
+    QTRY_VERIFY(!action(ActionId::Energy)->isEnabled());
+    window->createMdiChild();
+    QCOMPARE(switchTexts(), QStringLiteral("dV* Rw* B* Avg S P% Vc"));
+}
+
+void TestViewSwitches::menus_data()
+{
+    QTest::addColumn<QString>("menu");
+    QTest::addColumn<QString>("entries");
+    QTest::newRow("file") << "&File"
+                          << "Open file,Save as,Preferences,Set time,|,E&xit";
+    QTest::newRow("window")
+        << "&Window"
+        << "Recording,Background color,|,Cl&ose,Close &All,|,&Tile,&Cascade,|,Ne&xt,Pre&vious,|";
+    QTest::newRow("print") << "&Print"
+                           << "Capacity comparison,Voltage comparison,Bar display,Active plot";
+    QTest::newRow("help") << "&Help"
+                          << "&About";
+}
+
+void TestViewSwitches::menus()
+{
+    QFETCH(QString, menu);
+    window->updateWindowMenu(); // as often as it is shown
+    QStringList entries;
+    for (const QAction *title : window->menuBar()->actions()) {
+        if (title->text() != menu)
+            continue;
+        for (const QAction *entry : title->menu()->actions())
+            entries << (entry->isSeparator() ? QStringLiteral("|") : entry->text());
+    }
+    QTEST(entries.join(','), "entries");
+}
+
+void TestViewSwitches::mainToolBar()
+{
+    const auto *bar = window->findChild<QToolBar *>(QStringLiteral("mainToolBar"));
+    QStringList entries;
+    for (const QAction *entry : bar->actions())
+        entries << (entry->isSeparator() ? QStringLiteral("|") : entry->text().trimmed());
+    QCOMPARE(entries.join(','),
+        QStringLiteral(
+            "Open file,Save as,&Cascade,&Tile,|,Recording,Stop process,|,DATA,Graph,Bar Graph,|,T,dV,Rw,|,"
+            "B,Avg,S,P%,"));
+    const auto *energy = bar->findChild<QToolButton *>(QStringLiteral("energyAction"));
+    QCOMPARE(energy->defaultAction(), action(ActionId::Energy));
+}
+
+void TestViewSwitches::shortcuts()
+{
+    QCOMPARE(action(ActionId::Open)->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_O));
+    QMap<QString, QString> owners;
+    for (int id = 0; id < int(ActionId::Count); ++id) {
+        for (const QKeySequence &key : action(ActionId(id))->shortcuts()) {
+            QVERIFY2(!owners.contains(key.toString()), qPrintable(key.toString()));
+            owners.insert(key.toString(), action(ActionId(id))->text());
+        }
+    }
+}
+
+QTEST_MAIN(TestViewSwitches)
+#include "tst_viewswitches.moc"

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QByteArray>
+
+/// Lines as devices send them, with their line end, for tests that need a device rather than a dialect.
+namespace Lines {
+
+/// A "Varnel 3" that charges six LiPo cells with balancing data; `end` is its end letter.
+inline QByteArray charger(int time, char end = '_')
+{
+    QByteArray line = "#06C05__" + QByteArray(1, end) + "_B1,";
+    line += QByteArray::number(time).rightJustified(5, '0') + ",25200,02000,251,00150,00045";
+    for (int cell = 0; cell < 16; ++cell)
+        line += cell < 6 ? ",4200,3" : ",0000,0";
+    return line + "\r\n";
+}
+
+/// A "Varnel 2+" that discharges three LiPo cells.
+inline QByteArray discharger(int time)
+{
+    return "#D0306 " + QByteArray::number(time).rightJustified(5, '0') + ",11100,-1500,000,00300\r\n";
+}
+
+} // namespace Lines

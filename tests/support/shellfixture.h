@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QSettings>
+#include <QTemporaryDir>
+
+/// Gives a test that shows the program's windows settings and ports of its own. To be made before any of them.
+class ShellFixture {
+public:
+    ShellFixture()
+    {
+        QCoreApplication::setApplicationName(QStringLiteral("VarnelGraph"));
+        QCoreApplication::setApplicationVersion(QStringLiteral("V4.60"));
+        QCoreApplication::setOrganizationName(QStringLiteral("VarnelGraphTest"));
+        QSettings::setPath(
+            QSettings::IniFormat, QSettings::UserScope, folder.filePath(QStringLiteral("settings")));
+        QDir(folder.path()).mkpath(QStringLiteral("ports"));
+        qputenv("VARNEL_PORT_DIR", portFolder().toLocal8Bit());
+        qputenv("XDG_DATA_HOME", folder.filePath(QStringLiteral("data")).toLocal8Bit());
+    }
+
+    /// Where ports are linked.
+    QString portFolder() const { return folder.filePath(QStringLiteral("ports")); }
+    /// For files that the test writes.
+    QString path(const QString &name) const { return folder.filePath(name); }
+
+private:
+    QTemporaryDir folder;
+};
