@@ -1,12 +1,19 @@
+#include "files/datafilewriter.h"
+#include "samplerecording.h"
+
 #include <QApplication>
 
 #include <benchmark/benchmark.h>
 
 /// Painting needs an application; no window is shown, so the offscreen platform will do.
+/// --write-sample FILE writes the recording that file benchmarks use, and ends.
 int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_LOGGING_RULES", "default.debug=false");
     const QApplication application(argc, argv);
+    if (argc == 3 && qstrcmp(argv[1], "--write-sample") == 0)
+        return saveRecords(QString::fromLocal8Bit(argv[2]), sampleRecording(sampleCount)).saved ? 0 : 1;
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;

@@ -31,7 +31,7 @@ Varnel3Data sampleRecord(int index)
     record.flag5 = 'B';
     record.ballansingCurrent = 500;
     record.cellCount = cellCount;
-    record.setTime(index % 100000);
+    record.setTime(index);
     record.current = 2000 - int(1500 * course) + noise(n, 1);
     record.temperature = 250 + int(60 * course) + noise(n, 2);
     record.energy = index / 2 % 100000;

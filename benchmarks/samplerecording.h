@@ -4,6 +4,8 @@
 
 #include <QByteArray>
 
+constexpr int sampleCount = 262144; ///< records of a long recording: three days at one a second
+
 /// Record `index` of a made-up charge of twelve cells, one a second: every field in use, the same at every call.
 Varnel3Data sampleRecord(int index);
 

@@ -7,6 +7,28 @@ void NaiveStore::append(const Varnel3Data &record)
     deriveDv();
 }
 
+void NaiveStore::load(const QVector<Varnel3Data> &records)
+{
+    for (const Varnel3Data &record : records)
+        appendQuickly(record);
+    foldResistanceOnce();
+    deriveDv();
+}
+
+void NaiveStore::foldResistanceOnce()
+{
+    m_resistanceSum = m_records[17].internalResistance * 4;
+    for (int i = 0; i <= 17; ++i)
+        m_resistance[i] = m_records[17].internalResistance;
+    for (int i = 18; i < m_records.size(); ++i) {
+        int value = m_records[i].internalResistance;
+        if (value == 0 && i + 1 < m_records.size())
+            value = (m_records[i - 1].internalResistance + m_records[i + 1].internalResistance) / 2;
+        m_resistanceSum = m_resistanceSum - m_resistanceSum / 4 + value;
+        m_resistance[i] = m_resistanceSum / 4;
+    }
+}
+
 void NaiveStore::appendQuickly(const Varnel3Data &record)
 {
     if (m_records.isEmpty())

@@ -11,10 +11,13 @@ public:
     void append(const Varnel3Data &record);
     /// Appends without deriving what takes the whole recording, to get to a length quickly.
     void appendQuickly(const Varnel3Data &record);
+    /// Takes over what was read from a file; its resistance is folded once.
+    void load(const QVector<Varnel3Data> &records);
     const QVector<double> &resistance() const { return m_resistance; }
 
 private:
     void deriveResistance();
+    void foldResistanceOnce();
     void deriveDv();
 
     QVector<Varnel3Data> m_records;

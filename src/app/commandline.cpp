@@ -155,9 +155,10 @@ CommandLine parseCommandLine(const QStringList &arguments)
         return line;
     }
     line.files = parser.positionalArguments();
-    if (parser.isSet(help) || parser.isSet(version)) {
+    const bool helps = parser.isSet(help) || parser.isSet(QStringLiteral("help-all"));
+    if (helps || parser.isSet(version)) {
         line.task = CommandLine::Print;
-        line.message = parser.isSet(help) ? parser.helpText() : QStringLiteral("VarnelGraph V4.60\n");
+        line.message = helps ? parser.helpText() : QStringLiteral("VarnelGraph V4.60\n");
         return line;
     }
     readDrawing(parser, line);
@@ -171,7 +172,7 @@ bool asksForBatch(int count, const char *const *words)
 {
     for (int i = 1; i < count && qstrcmp(words[i], "--") != 0; ++i) {
         const QByteArray word = QByteArray(words[i]).split('=').first();
-        for (const char *batch : {"--export-csv", "--render", "--help", "-h", "--version", "-v"})
+        for (const char *batch : {"--export-csv", "--render", "--help", "--help-all", "-h", "--version", "-v"})
             if (word == batch)
                 return true;
     }

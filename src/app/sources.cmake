@@ -1,5 +1,6 @@
 target_sources(varnel_gui PRIVATE
     app/actionset.cpp app/actionset.h
+    app/batch.cpp app/batch.h
     app/commandline.cpp app/commandline.h
     app/datatoolbar.cpp app/datatoolbar.h
     app/deskarea.cpp app/deskarea.h
@@ -12,7 +13,6 @@ target_sources(varnel_gui PRIVATE
     app/portretries.cpp app/portretries.h
     app/shellmenus.cpp app/shellmenus.h
     app/shellreaderhost.cpp app/shellreaderhost.h
-    app/stalewatch.cpp app/stalewatch.h
     app/statusfacts.cpp app/statusfacts.h
     app/stylesheet.cpp app/stylesheet.h
     app/viewswitchboard.cpp app/viewswitchboard.h

@@ -11,7 +11,13 @@ target_sources(varnel_gui PRIVATE
     displays/displayscale.cpp displays/displayscale.h
     displays/figuretext.cpp displays/figuretext.h
     displays/fittedtext.cpp displays/fittedtext.h
+    displays/packvoltages.cpp displays/packvoltages.h
     displays/powerdisplay.cpp displays/powerdisplay.h
     displays/printstamp.cpp displays/printstamp.h
     displays/refreshgate.cpp displays/refreshgate.h
+    displays/voltageaxis.cpp displays/voltageaxis.h
+    displays/voltagecanvas.cpp displays/voltagecanvas.h
+    displays/voltagechart.cpp displays/voltagechart.h
+    displays/voltagecomparison.cpp displays/voltagecomparison.h
+    displays/voltagesource.h
 )

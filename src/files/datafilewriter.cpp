@@ -1,14 +1,12 @@
 #include "files/datafilewriter.h"
 
 #include "files/filesync.h"
+#include "files/wholefile.h"
 
 #include "data/recordline.h"
 #include "data/recordlist.h"
 
-#include <QCoreApplication>
-#include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
+#include <QIODevice>
 
 #include <cstring>
 #include <memory>
@@ -16,41 +14,6 @@
 namespace {
 
 constexpr int bufferSize = 256 * 1024;
-constexpr int mostLinks = 40; // then it is a circle
-
-QString finalTarget(const QString &fileName)
-{
-    QFileInfo target(fileName);
-    for (int links = 0; target.isSymLink() && links < mostLinks; ++links)
-        target.setFile(target.symLinkTarget());
-    return target.filePath();
-}
-
-SaveResult saveInPlace(const QString &fileName, const RecordList &records)
-{
-    QFile file;
-    const int descriptor = openSpecialFile(fileName);
-    if (descriptor < 0)
-        return {false, 0, qt_error_string()};
-    if (!file.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered, QFile::AutoCloseHandle))
-        return {false, 0, file.errorString()};
-    const bool written = writeRecords(file, records) && file.flush() && syncToDisk(descriptor);
-    return {written, 0, written ? QString() : file.errorString()};
-}
-
-SaveResult replaceFile(const QString &fileName, const RecordList &records)
-{
-    QSaveFile file(fileName);
-    // Unbuffered, so that a full disk answers the write that meets it.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeRecords(file, records))
-        return {false, 0, file.errorString()};
-    if (!file.flush() || !syncToDisk(file.handle()))
-        return {false, 0, qt_error_string()};
-    if (!file.commit())
-        return {false, 0, file.errorString()};
-    syncFolder(QFileInfo(fileName).path());
-    return {true, 0, QString()};
-}
 
 int countUnreadable(const RecordList &records)
 {
@@ -83,13 +46,7 @@ bool writeRecords(QIODevice &device, const RecordList &records)
 
 SaveResult saveRecords(const QString &fileName, const RecordList &records)
 {
-    const QString target = finalTarget(fileName);
-    const QFileInfo info(target);
-    if (info.isSymLink())
-        return {false, 0, QCoreApplication::translate("SaveResult", "too many links")};
-    const bool special = info.exists() && !info.isFile();
-    SaveResult result = special ? saveInPlace(target, records) : replaceFile(target, records);
-    if (result.saved)
-        result.unreadable = countUnreadable(records);
-    return result;
+    const WriteOutcome outcome
+        = writeWholeFile(fileName, [&](QIODevice &device) { return writeRecords(device, records); });
+    return {outcome.written, outcome.written ? countUnreadable(records) : 0, outcome.reason};
 }

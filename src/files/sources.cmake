@@ -16,6 +16,7 @@ target_sources(varnel_core PRIVATE
     files/datafileloader.cpp files/datafileloader.h
     files/datafilewriter.cpp files/datafilewriter.h
     files/recordlabel.cpp files/recordlabel.h
+    files/wholefile.cpp files/wholefile.h
 )
 target_sources(varnel_gui PRIVATE
     files/varelstyleditemdelegate.cpp files/varelstyleditemdelegate.h

@@ -95,19 +95,26 @@ struct SeriesColumn {
 };
 
 const SeriesColumn seriesColumns[] = {
-    {"temperature, smoothed [C]", SeriesStore::Temperature, false},
-    {"internal resistance, smoothed [mOhm]", SeriesStore::Resistance, true},
-    {"voltage slope, smoothed [mV/min]", SeriesStore::Dv, true},
+    {"smoothed temperature [C]", SeriesStore::Temperature, false},
+    {"smoothed internal resistance [mOhm]", SeriesStore::Resistance, true},
+    {"smoothed voltage slope [mV/min]", SeriesStore::Dv, true},
 };
 
 constexpr double chargeUnitsPerMah = 360000.0; // per cent x mA x s in a mAh
 constexpr int chunkSize = 1 << 18;
 
+/// Cells of which the device of `record` tells something.
+int cellsTold(const Varnel3Data &record)
+{
+    const bool tells = record.device == Varnel3Data::Varnel3 || record.device == Varnel3Data::Tandor;
+    return tells ? record.cellsPresent() : 0;
+}
+
 int widestCellCount(const RecordList &records)
 {
     int most = 0;
     for (int i = 0; i < records.size(); ++i)
-        most = std::max(most, records[i].cellsPresent());
+        most = std::max(most, cellsTold(records[i]));
     return most;
 }
 
@@ -146,7 +153,7 @@ void writeRecord(Row &row, const SeriesStore &store, int index, int cells)
     for (const Column &column : cellStatisticColumns)
         record.flag5 == 'B' ? column.write(row, record) : row.addEmpty();
     for (int cell = 0; cell < cells; ++cell) {
-        if (cell < record.cellsPresent())
+        if (cell < cellsTold(record))
             writeCell(row, record, cell);
         else
             for (int empty = 0; empty < 4; ++empty)

@@ -1,0 +1,90 @@
+#include "files/datafileloader.h"
+#include "files/datafilewriter.h"
+#include "graph/seriesstore.h"
+#include "naive/naiverecordline.h"
+#include "naive/naivestore.h"
+#include "samplerecording.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTextStream>
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+// A data file of `count` records, written once and kept until the program ends.
+QString sampleFile(int count)
+{
+    static const QTemporaryDir folder;
+    const QString name = folder.filePath(QString::number(count) + QLatin1String(".acp"));
+    if (!QFile::exists(name))
+        saveRecords(name, sampleRecording(count));
+    return name;
+}
+
+void readNaive(benchmark::State &state)
+{
+    const QString name = sampleFile(int(state.range(0)));
+    for (auto _ : state) {
+        QFile file(name);
+        if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+            state.SkipWithError("no file");
+        QTextStream stream(&file);
+        QVector<Varnel3Data> records;
+        while (!stream.atEnd()) {
+            Varnel3Data record;
+            if (naiveParse(stream.readLine(), &record))
+                records.append(record);
+        }
+        NaiveStore store;
+        store.load(records);
+        if (store.resistance().size() != state.range(0))
+            state.SkipWithError("records are missing");
+    }
+}
+
+void readHouse(benchmark::State &state)
+{
+    const QString name = sampleFile(int(state.range(0)));
+    for (auto _ : state) {
+        DataFileLoader loader(name);
+        loader.readAll();
+        SeriesStore store;
+        store.load(loader.takeRecords());
+        if (store.size() != state.range(0))
+            state.SkipWithError("records are missing");
+    }
+}
+
+void saveNaive(benchmark::State &state)
+{
+    const QTemporaryDir folder;
+    const RecordList records = sampleRecording(sampleCount);
+    for (auto _ : state) {
+        QFile file(folder.filePath(QStringLiteral("naive.acp")));
+        if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
+            state.SkipWithError("no file");
+        QTextStream stream(&file);
+        for (int i = 0; i < records.size(); ++i)
+            stream << naiveRecordLine(records[i]) << '\n';
+    }
+}
+
+// With all that makes it safe: a temporary file, synced, that replaces the old one.
+void saveHouse(benchmark::State &state)
+{
+    const QTemporaryDir folder;
+    const RecordList records = sampleRecording(sampleCount);
+    for (auto _ : state) {
+        if (!saveRecords(folder.filePath(QStringLiteral("house.acp")), records).saved)
+            state.SkipWithError("not saved");
+    }
+}
+
+} // namespace
+
+BENCHMARK(readNaive)->Name("read file/naive")->Arg(sampleCount)->Iterations(1);
+BENCHMARK(readHouse)->Name("read file/house")->Arg(32768)->Arg(sampleCount);
+BENCHMARK(saveNaive)->Name("save file/naive")->Iterations(1);
+BENCHMARK(saveHouse)->Name("save file/house");

@@ -1,0 +1,66 @@
+#include "app/batch.h"
+
+#include "app/commandline.h"
+#include "files/datafileloader.h"
+#include "files/wholefile.h"
+#include "graph/csvexport.h"
+#include "graph/seriesstore.h"
+
+#include <QFile>
+
+#include <cstdio>
+
+namespace {
+
+enum Status { Done = 0, Failed = 1, Refused = 2 };
+
+int fail(const QString &text)
+{
+    std::fprintf(stderr, "varnelgraph: %s\n", qPrintable(text));
+    return Failed;
+}
+
+bool load(const QString &fileName, SeriesStore &store, QString *reason)
+{
+    DataFileLoader loader(fileName);
+    if (!loader.readAll()) {
+        *reason = loader.reason();
+        if (loader.errorLine() > 0)
+            *reason += QStringLiteral(" (") + DataFileLoader::tr("line %1").arg(loader.errorLine())
+                + QLatin1Char(')');
+        return false;
+    }
+    if (loader.recordCount() == 0) {
+        *reason = loader.statusText();
+        return false;
+    }
+    store.load(loader.takeRecords());
+    return true;
+}
+
+WriteOutcome writeOutput(const QString &output, const FileContent &content)
+{
+    if (output != QLatin1String("-"))
+        return writeWholeFile(output, content);
+    QFile out;
+    const bool written = out.open(stdout, QIODevice::WriteOnly) && content(out) && out.flush();
+    return {written, out.errorString()};
+}
+
+} // namespace
+
+int runBatch(const CommandLine &line)
+{
+    if (line.task == CommandLine::Print || line.task == CommandLine::Refuse) {
+        const bool refused = line.task == CommandLine::Refuse;
+        std::fputs(qPrintable(line.message), refused ? stderr : stdout);
+        return refused ? Refused : Done;
+    }
+    SeriesStore store;
+    QString reason;
+    if (!load(line.files.first(), store, &reason))
+        return fail(line.files.first() + QStringLiteral(": ") + reason);
+    const WriteOutcome outcome
+        = writeOutput(line.output, [&](QIODevice &device) { return writeCsv(store, &device); });
+    return outcome.written ? int(Done) : fail(line.output + QStringLiteral(": ") + outcome.reason);
+}

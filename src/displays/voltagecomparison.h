@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+class QScrollBar;
+class RefreshGate;
+class ViewState;
+class VoltageCanvas;
+class VoltageSource;
+
+/// The cell voltages of all graph windows side by side at their newest records; always on top, gone when closed.
+/// A click on a bar, or Space, shows that one cell of every window; the same or Escape shows all again. A click with
+/// the Control key selects the cell in its graph window. What is chosen outlives the window.
+class VoltageComparison : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit VoltageComparison(QWidget *parent = nullptr);
+
+    /// `state` is not owned and outlives this.
+    void setViewState(ViewState *state);
+    /// `source` is not owned and outlives this.
+    void setSource(VoltageSource *source);
+
+public slots:
+    /// The voltages have changed; they are asked for when the window next draws.
+    void updateVoltage();
+    /// Prints the voltages of all windows through the print dialog.
+    void print();
+
+signals:
+    /// The window has been closed.
+    void closed();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+
+private slots:
+    void refresh();
+    void cycleSelection();
+    void onCellPressed(int pack, int cell, bool toggle);
+    void updateScrollBar();
+
+private:
+    void createControls();
+    void restorePlace();
+    void showChoice();
+    void setOneCell(int cell);
+    int cellsAtMost() const;
+
+    ViewState *m_viewState = nullptr; // not owned, outlives this
+    VoltageSource *m_source = nullptr; // not owned, outlives this
+    RefreshGate *m_gate;
+    QPushButton *m_selectionButton = nullptr;
+    QLabel *m_hint = nullptr;
+    VoltageCanvas *m_canvas = nullptr;
+    QScrollBar *m_scrollBar = nullptr;
+};

@@ -1,0 +1,121 @@
+#include "settings/varnelsettings.h"
+
+#include "support/ptypair.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QtTest>
+
+/// The settings of a user whose profile is a folder of the test.
+class VarnelSettingsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void standInTheUsersIniFile();
+    void readsWhatTheFileSays_data();
+    void readsWhatTheFileSays();
+    void storesAtOnce();
+    void listensOnChosenPortsThatArePresent();
+
+private:
+    QString fileName() const { return profile->filePath(QStringLiteral("Maker/VarnelGraph.ini")); }
+    void writeFile(const QByteArray &text) const;
+    QByteArray fileText() const;
+
+    std::unique_ptr<QTemporaryDir> profile;
+};
+
+void VarnelSettingsTest::init()
+{
+    profile = std::make_unique<QTemporaryDir>();
+    QVERIFY(profile->isValid());
+    qputenv("VARNEL_PORT_DIR", profile->path().toLocal8Bit());
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, profile->path());
+    QCoreApplication::setOrganizationName(QStringLiteral("Maker"));
+    QCoreApplication::setApplicationName(QStringLiteral("VarnelGraph"));
+}
+
+void VarnelSettingsTest::writeFile(const QByteArray &text) const
+{
+    QVERIFY(QDir(profile->path()).mkpath(QStringLiteral("Maker")));
+    QFile file(fileName());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(text);
+}
+
+QByteArray VarnelSettingsTest::fileText() const
+{
+    QFile file(fileName());
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void VarnelSettingsTest::standInTheUsersIniFile()
+{
+    const VarnelSettings settings;
+    QCOMPARE(QFileInfo(settings.fileName()), QFileInfo(fileName()));
+    QCOMPARE(settings.ports(), QStringList());
+    QVERIFY(!settings.sendTime());
+    QCOMPARE(settings.listenPorts(), QStringList());
+    QVERIFY(!QFile::exists(fileName())); // reading leaves no trace
+}
+
+void VarnelSettingsTest::readsWhatTheFileSays_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QStringList>("ports");
+    QTest::addColumn<bool>("sendTime");
+    QTest::addColumn<bool>("userWave");
+    const auto row
+        = [](const char *name, const char *text, const QStringList &ports, bool sendTime, bool userWave) {
+              QTest::newRow(name) << QByteArray(text) << ports << sendTime << userWave;
+          };
+    row("empty", "", {}, false, true);
+    row("one port", "[General]\nports=COM3\n", {"COM3"}, false, true);
+    row("ports and time", "[General]\nports=COM5, COM3, COM5\nsendTime=true\n", {"COM5", "COM3", "COM5"},
+        true, true);
+    row("no ports", "[General]\nports=@Invalid()\nsendTime=false\n", {}, false, true);
+    row("second sound off", "[General]\nsendTime=1\n[mp3]\nuser_wave=false\n", {}, true, false);
+    row("keys of another group", "[ports]\nsendTime=true\n", {}, false, true);
+    row("damaged", "no settings at all \x01\xff", {}, false, true);
+}
+
+void VarnelSettingsTest::readsWhatTheFileSays()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QStringList, ports);
+    QFETCH(bool, sendTime);
+    QFETCH(bool, userWave);
+    writeFile(text);
+    const VarnelSettings settings;
+    QCOMPARE(settings.ports(), ports);
+    QCOMPARE(settings.sendTime(), sendTime);
+    QCOMPARE(settings.value(QStringLiteral("/mp3/user_wave"), true).toBool(), userWave);
+}
+
+// While the object lives on, so that a crash loses nothing.
+void VarnelSettingsTest::storesAtOnce()
+{
+    VarnelSettings settings;
+    settings.setPorts({"COM5", "COM3"});
+    QCOMPARE(fileText(), QByteArray("[General]\nports=COM5, COM3\n"));
+    settings.setSendTime(true);
+    QCOMPARE(fileText(), QByteArray("[General]\nports=COM5, COM3\nsendTime=true\n"));
+    settings.setPorts({});
+    QCOMPARE(VarnelSettings().ports(), QStringList());
+    QVERIFY(VarnelSettings().sendTime());
+}
+
+void VarnelSettingsTest::listensOnChosenPortsThatArePresent()
+{
+    const PtyPair fifth(profile->path(), QStringLiteral("COM5"));
+    const PtyPair third(profile->path(), QStringLiteral("COM3"));
+    const PtyPair fourth(profile->path(), QStringLiteral("COM4"));
+    VarnelSettings settings;
+    settings.setPorts({"COM5", "COM3", "COM5", "COM9"});
+    QCOMPARE(settings.listenPorts(), QStringList({"COM3", "COM5"}));
+}
+
+QTEST_GUILESS_MAIN(VarnelSettingsTest)
+#include "tst_varnelsettings.moc"
