@@ -1,8 +1,9 @@
 #include "data/lineparsers.h"
 
+#include "data/fixedlayout.h"
+
 #include <QDebug>
 #include <QString>
-
 
 namespace {
 
@@ -100,27 +101,6 @@ bool parseResistances(Varnel3Data &record, const FieldText<Char> &line)
 
 } // namespace
 
-void updateCellStatistics(Varnel3Data &record)
-{
-    record.cellMax = record.cellMin = record.cellAverage = record.balanceMax = 0;
-    if (record.flag5 != 'B')
-        return;
-    const CellData &first = record.cells[0];
-    record.cellMax = record.cellMin = record.cellAverage = first.voltage;
-    record.balanceMax = first.balance;
-    if (record.cellCount < 1)
-        return;
-    qint64 sum = first.voltage;
-    for (int i = 1; i < record.cellsPresent(); ++i) {
-        const CellData &cell = record.cells[i];
-        record.cellMax = qMax(record.cellMax, cell.voltage);
-        record.cellMin = qMin(record.cellMin, cell.voltage);
-        record.balanceMax = qMax(record.balanceMax, cell.balance);
-        sum += cell.voltage;
-    }
-    record.cellAverage = int(sum / record.cellCount);
-}
-
 bool Varnel3Data::parseLine(const QString &line)
 {
     return parse(*this, units(line));
@@ -128,7 +108,7 @@ bool Varnel3Data::parseLine(const QString &line)
 
 bool Varnel3Data::parseLine(QLatin1String line)
 {
-    return parse(*this, bytes(line));
+    return parseFixedLayout(*this, bytes(line)) || parse(*this, bytes(line));
 }
 
 bool Varnel3Data::parseResistanceLine(const QString &line)

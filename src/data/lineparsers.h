@@ -14,12 +14,3 @@ template <typename Char>
 bool parseVarnel2Plus(Varnel3Data &record, const LineFields<Char> &fields);
 template <typename Char>
 bool parseTandor(Varnel3Data &record, const LineFields<Char> &fields);
-
-/// Per cent that a balance character stands for: '0' to '9' for 0 to 90, ':' for 100, anything else 0.
-constexpr int balancePercent(unsigned character)
-{
-    return character >= '0' && character <= ':' ? int(character - '0') * 10 : 0;
-}
-
-/// Sets the cell statistics of a freshly parsed record; all 0 without balancing data.
-void updateCellStatistics(Varnel3Data &record);

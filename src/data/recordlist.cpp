@@ -1,7 +1,16 @@
 #include "data/recordlist.h"
 
-#include <new>
+#include "data/largepages.h"
+
+#include <cstddef>
 #include <utility>
+
+namespace {
+
+constexpr size_t smallBlocks = 4; // allocated one by one; beyond them it is a long recording
+constexpr int blocksInChunk = 16;
+
+} // namespace
 
 RecordList &RecordList::operator=(RecordList &&other) noexcept
 {
@@ -16,10 +25,26 @@ void *RecordList::slotForNext()
 {
     const size_t block = size_t(m_size / blockSize);
     if (block == m_blocks.size()) {
-        m_blocks.reserve(block + 1); // so that the push below can't lose the block
-        m_blocks.push_back(static_cast<Varnel3Data *>(::operator new(blockSize * sizeof(Varnel3Data))));
+        if (block < smallBlocks)
+            addBlocks(1, alignof(std::max_align_t));
+        else
+            addBlocks(blocksInChunk, largePageSize);
     }
     return m_blocks[block] + m_size % blockSize;
+}
+
+void RecordList::addBlocks(int count, std::size_t alignment)
+{
+    const size_t used = size_t(count) * blockSize * sizeof(Varnel3Data);
+    const size_t size = (used + alignment - 1) / alignment * alignment;
+    m_blocks.reserve(m_blocks.size() + size_t(count)); // so that nothing below can lose the memory
+    m_chunks.reserve(m_chunks.size() + 1);
+    void *const memory = ::operator new(size, std::align_val_t(alignment));
+    m_chunks.push_back({memory, std::align_val_t(alignment)});
+    if (alignment == largePageSize)
+        preferLargePages(memory, size);
+    for (int i = 0; i < count; ++i)
+        m_blocks.push_back(static_cast<Varnel3Data *>(memory) + i * blockSize);
 }
 
 Varnel3Data &RecordList::append(const Varnel3Data &record)
@@ -38,8 +63,9 @@ Varnel3Data &RecordList::appendNew()
 
 void RecordList::clear()
 {
-    for (Varnel3Data *block : m_blocks)
-        ::operator delete(block);
+    for (const Chunk &chunk : m_chunks)
+        ::operator delete(chunk.memory, chunk.alignment);
+    m_chunks.clear();
     m_blocks.clear();
     m_size = 0;
 }
@@ -47,5 +73,6 @@ void RecordList::clear()
 void RecordList::swap(RecordList &other) noexcept
 {
     m_blocks.swap(other.m_blocks);
+    m_chunks.swap(other.m_chunks);
     std::swap(m_size, other.m_size);
 }

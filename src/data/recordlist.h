@@ -2,12 +2,13 @@
 
 #include "data/varnel3data.h"
 
+#include <new>
 #include <type_traits>
 #include <vector>
 
-/// The records of one recording in arrival order. Grows in blocks, so that an append never copies what is
-/// there and references to records stay valid until clear() or a move. A block takes memory only where
-/// records were written.
+/// The records of one recording in arrival order. Grows in blocks, so that an append never copies what is there and
+/// references to records stay valid until clear() or a move. Memory is taken as records are written, in small steps
+/// at first and in large ones for a long recording.
 class RecordList {
 public:
     RecordList() = default;
@@ -39,8 +40,15 @@ private:
     static_assert(std::is_trivially_copyable_v<Varnel3Data> && std::is_trivially_destructible_v<Varnel3Data>,
         "blocks are raw memory whose records are never destroyed one by one");
 
-    void *slotForNext();
+    struct Chunk {
+        void *memory;
+        std::align_val_t alignment;
+    };
 
-    std::vector<Varnel3Data *> m_blocks; // owned, raw memory of blockSize records each
+    void *slotForNext();
+    void addBlocks(int count, std::size_t alignment);
+
+    std::vector<Varnel3Data *> m_blocks; // raw memory of blockSize records each, inside the chunks
+    std::vector<Chunk> m_chunks; // owned
     int m_size = 0;
 };

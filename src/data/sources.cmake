@@ -1,10 +1,20 @@
+# Memory in large pages is the system's own; the rest is common.
+if(WIN32)
+    set(data_system data/largepages_win.cpp)
+else()
+    set(data_system data/largepages_unix.cpp)
+endif()
 target_sources(varnel_data PRIVATE
     data/timetext.cpp data/timetext.h
     data/varnel3data.cpp data/varnel3data.h
     data/codetables.cpp
     data/fieldtext.cpp data/fieldtext.h
+    data/fixedlayout.cpp data/fixedlayout.h
     data/linefields.h
     data/saturated.h
+    data/largepages.h
+    ${data_system}
+    data/lineconversions.cpp data/lineconversions.h
     data/lineparsers.cpp data/lineparsers.h
     data/varnel3parser.cpp
     data/varnel2parser.cpp

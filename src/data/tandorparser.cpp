@@ -1,4 +1,6 @@
 #include "data/lineparsers.h"
+
+#include "data/lineconversions.h"
 #include "data/saturated.h"
 
 namespace {

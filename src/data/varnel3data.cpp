@@ -20,11 +20,6 @@ void Varnel3Data::setTime(int seconds)
     second = seconds % secondsPerHour % secondsPerMinute;
 }
 
-int Varnel3Data::cellsPresent() const
-{
-    return qBound(0, cellCount, maxCells);
-}
-
 bool Varnel3Data::hasCellData() const
 {
     return cellCount != 0 && mode != NoMode && flag5 == 'B';

@@ -72,7 +72,7 @@ public:
     QString toString() const;
 
     /// `cellCount` clamped to 0..maxCells, for loops over `cells`.
-    int cellsPresent() const;
+    int cellsPresent() const { return qBound(0, cellCount, maxCells); }
     /// The record has cells, a process, and balancing data.
     bool hasCellData() const;
 

@@ -1,4 +1,6 @@
 #include "data/lineparsers.h"
+
+#include "data/lineconversions.h"
 #include "data/saturated.h"
 
 #include <cstring>
@@ -6,7 +8,6 @@
 namespace {
 
 constexpr int headLength = 12;
-constexpr int balancingCurrentStep = 250; // mA
 constexpr int firstCellField = 7;
 
 template <typename Char>

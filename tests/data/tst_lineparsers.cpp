@@ -359,6 +359,8 @@ void TestLineParsers::resistanceLine()
 void TestLineParsers::bytesAndTextAgree()
 {
     const QByteArrayList seeds = {chargerLine("#06C05_1__B2", plainFigures).toLatin1(),
+        chargerLine("#16C05_1__B2", plainFigures).toLatin1(),
+        "#03F05____B0,00001,00002,00003,004,00005,00006,4000,:,4001,1" + QByteArray(",0000,0").repeated(14),
         "#F0605 00123,25200+02000,025,01234", "#F0605 00123,25200,+2000,025,01234",
         balancerLine("#t0306D4000").toLatin1(), "!1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16"};
     const QByteArray letters("0123456789,,+- \t\r:#!BCF\xa0\xe9\0", 26);
@@ -379,6 +381,7 @@ void TestLineParsers::bytesAndTextAgree()
         Varnel3Data fromBytes;
         Varnel3Data fromText;
         const QString text = latin1(line);
+        fromBytes.cells[3].voltage = fromText.cells[3].voltage = -7; // shows what was not written
         const bool taken = fromBytes.parseLine(latin1(line)) || fromBytes.parseResistanceLine(latin1(line));
         QCOMPARE(fromText.parseLine(text) || fromText.parseResistanceLine(text), taken);
         QVERIFY2(sameRecord(fromBytes, fromText), line.constData());
