@@ -13,6 +13,7 @@ target_sources(varnel_gui PRIVATE
     app/portretries.cpp app/portretries.h
     app/shellmenus.cpp app/shellmenus.h
     app/shellreaderhost.cpp app/shellreaderhost.h
+    app/stalewatch.cpp app/stalewatch.h
     app/statusfacts.cpp app/statusfacts.h
     app/stylesheet.cpp app/stylesheet.h
     app/viewswitchboard.cpp app/viewswitchboard.h
