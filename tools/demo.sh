@@ -3,8 +3,9 @@
 
 # Starts the devices; they write their links into $1/ports. Sets devices_pid.
 start_devices() {
-    build/dev/tools/simulator/varnelsim --folder "$1/ports" --speed 60 \
-        COM1=varnel3:charge:lipo:6 COM2=varnel2plus:discharge COM3=tandor &
+    build/dev/tools/simulator/varnelsim --quiet --dir "$1/ports" --speed 60 \
+        --device COM1:varnel3,cells=6,weak=4,balance --device COM2:varnel2plus,mode=discharge \
+        --device COM3:tandor,cells=12 </dev/null &
     devices_pid=$!
     for _ in $(seq 50); do
         [ -e "$1/ports/COM3" ] && return 0

@@ -43,6 +43,8 @@ public:
                 found << line;
         return found;
     }
+    QByteArray first() const { return m_lines.first().text; }
+    QByteArray newest(const QByteArray &start = "#") const { return lines(start).constLast().text; }
     bool isHungUp() const { return m_hungUp; }
     qint64 bytes() const { return m_bytes; }
 
@@ -153,7 +155,8 @@ void TestSimDevice::olderChargerTricklesAfterItsEnd()
     QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 1, 5000);
     QTRY_COMPARE(listener.lines().size(), 31);
     int without = 0;
-    for (const auto &line : listener.lines())
+    const auto lines = listener.lines();
+    for (const auto &line : lines)
         without += line.text.contains(",+0000,") ? 1 : 0;
     QCOMPARE(without, 1);
     QVERIFY(listener.lines().at(20).text.contains(",+0000,"));
@@ -181,7 +184,7 @@ void TestSimDevice::remoteControlRunsAProcess()
     QVERIFY(says("#STOP\r\n", "#STOP"));
     QTRY_VERIFY(device->isIdle());
     QTRY_COMPARE(listener.lines("#06C05__M").size(), 1);
-    QCOMPARE(listener.lines("#06C05").last().text.at(8), 'M');
+    QCOMPARE(listener.newest("#06C05").at(8), 'M');
     QCOMPARE(device->panel().clock(), QByteArray("05:42:13:15:11:26"));
     QCOMPARE(device->panel().beeps(), 1);
     QVERIFY(says("#TRYB?\r\n", "#TRYB04"));
@@ -225,7 +228,7 @@ void TestSimDevice::unheardLinesAreGone()
         const int now = device->process()->reading().seconds;
         Listener listener(link(QStringLiteral("COM3")));
         QTRY_VERIFY(!listener.lines().isEmpty());
-        QVERIFY(listener.lines().first().text.mid(13, 5).toInt() > now - 2);
+        QVERIFY(listener.first().mid(13, 5).toInt() > now - 2);
         QTRY_VERIFY(listener.lines().size() > 20);
     }
 }
@@ -246,7 +249,8 @@ void TestSimDevice::linesHandedOverAreCounted()
     QTRY_VERIFY(
         listener.lines("#06").size() >= count(sim::LineKind::Measurement) + count(sim::LineKind::End));
     int whole = 0;
-    for (const auto &line : listener.lines("#06"))
+    const auto lines = listener.lines("#06");
+    for (const auto &line : lines)
         whole += line.text.count(',') == 38 && line.text.count('#') == 1 && line.text.size() == 158 ? 1 : 0;
     QCOMPARE(whole, count(sim::LineKind::Measurement) + count(sim::LineKind::End));
     QVERIFY(count(sim::LineKind::Spoiled) > 40);
@@ -269,8 +273,7 @@ void TestSimDevice::hangUpInMidLine()
     QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(link(QStringLiteral("COM3"))).isSymLink(), 5000);
     Listener second(link(QStringLiteral("COM3")));
     QTRY_VERIFY(second.lines().size() > 2);
-    QVERIFY2(
-        second.lines().first().text.mid(13, 5).toInt() > first.lines().last().text.mid(13, 5).toInt() + 100,
+    QVERIFY2(second.first().mid(13, 5).toInt() > first.newest().mid(13, 5).toInt() + 100,
         "the process has gone on meanwhile");
 }
 
@@ -302,7 +305,7 @@ void TestSimDevice::lineRate()
     QTest::qWait(2000);
     const double full = 1920 * double(clock.elapsed()) / 1000;
     for (size_t i = 0; i < listeners.size(); ++i) {
-        const double got = double(listeners[i]->bytes() - before.at(int(i)));
+        const auto got = double(listeners[i]->bytes() - before.at(int(i)));
         QVERIFY2(got > full * 0.8 - 320 && got < full * 1.05 + 320,
             qPrintable(QStringLiteral("%1 of %2").arg(got).arg(full)));
     }

@@ -68,7 +68,8 @@ void TestSimulatorParts::panelAnswers()
     panel.setCells(6);
     panel.setState(FrontPanel::State(before));
     QByteArrayList got;
-    for (const QByteArray &command : commands.split(' ')) {
+    const QByteArrayList words = commands.split(' ');
+    for (const QByteArray &command : words) {
         const QByteArray reply = panel.command(command).reply;
         QVERIFY(reply.isEmpty() || (reply.endsWith("\r\n") && reply.size() < 12));
         got << reply.trimmed();

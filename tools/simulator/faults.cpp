@@ -32,7 +32,7 @@ FaultInjector::FaultInjector(const FaultRates &rates, quint32 seed)
 
 FaultInjector::Outcome FaultInjector::pass(const QByteArray &line)
 {
-    using Spoil = QByteArray (FaultInjector::*)(QByteArray);
+    using Spoil = QByteArray (FaultInjector::*)(const QByteArray &);
     static constexpr std::array<Spoil, faultKinds + 1> spoils = {&FaultInjector::noisy, &FaultInjector::cut,
         &FaultInjector::joined, &FaultInjector::wrongFields, nullptr, nullptr, nullptr};
 
@@ -59,35 +59,36 @@ Fault FaultInjector::draw()
 }
 
 /// One to four bytes of any value in the place of others or between them.
-QByteArray FaultInjector::noisy(QByteArray line)
+QByteArray FaultInjector::noisy(const QByteArray &line)
 {
+    QByteArray noisy = line;
     const int hits = 1 + m_random.bounded(4);
     for (int i = 0; i < hits; ++i) {
-        const int at = m_random.bounded(line.size());
+        const int at = m_random.bounded(noisy.size());
         const char byte = char(m_random.bounded(256));
         if (m_random.bounded(2) == 0)
-            line[at] = byte;
+            noisy[at] = byte;
         else
-            line.insert(at, byte);
+            noisy.insert(at, byte);
     }
-    return line;
+    return noisy;
 }
 
 /// The tail is lost, the line end is not.
-QByteArray FaultInjector::cut(QByteArray line)
+QByteArray FaultInjector::cut(const QByteArray &line)
 {
     return line.left(1 + m_random.bounded(qMax(1, line.size() - 3))) + "\r\n";
 }
 
 /// The line end is lost: the next line follows at once.
-QByteArray FaultInjector::joined(QByteArray line)
+QByteArray FaultInjector::joined(const QByteArray &line)
 {
     m_lineEndMissing = true;
     return line.trimmed();
 }
 
 /// One field too many or too few.
-QByteArray FaultInjector::wrongFields(QByteArray line)
+QByteArray FaultInjector::wrongFields(const QByteArray &line)
 {
     const int comma = line.lastIndexOf(',');
     if (m_random.bounded(2) == 0 || comma < 0)

@@ -37,10 +37,10 @@ public:
 
 private:
     Fault draw();
-    QByteArray noisy(QByteArray line);
-    QByteArray cut(QByteArray line);
-    QByteArray joined(QByteArray line);
-    QByteArray wrongFields(QByteArray line);
+    QByteArray noisy(const QByteArray &line);
+    QByteArray cut(const QByteArray &line);
+    QByteArray joined(const QByteArray &line);
+    QByteArray wrongFields(const QByteArray &line);
 
     FaultRates m_rates;
     QRandomGenerator m_random;

@@ -1,7 +1,5 @@
 #include "simulator/handoverlog.h"
 
-#include <array>
-
 namespace sim {
 
 namespace {
@@ -9,8 +7,9 @@ namespace {
 /// On one line, bytes that can't be printed as \xNN.
 QByteArray printable(const QByteArray &bytes)
 {
+    const QByteArray line = bytes.trimmed();
     QByteArray text;
-    for (const char byte : bytes.trimmed()) {
+    for (const char byte : line) {
         if (byte >= ' ' && byte < 127 && byte != '\\')
             text += byte;
         else
@@ -23,9 +22,8 @@ QByteArray printable(const QByteArray &bytes)
 
 const char *lineKindName(LineKind kind)
 {
-    static constexpr std::array<const char *, lineKinds> names
-        = {"line", "end", "resistance", "reply", "spoiled", "raw"};
-    return names[size_t(kind)];
+    static const char *const names[lineKinds] = {"line", "end", "resistance", "reply", "spoiled", "raw"};
+    return names[int(kind)];
 }
 
 bool HandOverLog::open(const QString &fileName, QString *error)

@@ -64,11 +64,13 @@ void addOptions(QCommandLineParser *parser)
 void list(const QString &folder)
 {
     say(QStringLiteral("--device PORT:OPTION,OPTION=VALUE,...\n"));
-    for (const QString &line : sim::DeviceSettings::options())
+    const QStringList options = sim::DeviceSettings::options();
+    for (const QString &line : options)
         say(QLatin1String("  ") + line);
     say(QStringLiteral("\nCommands while running:\n\n%1\n\nPorts in %2:").arg(sim::Console::help(), folder));
     const QDir::Filters links = QDir::System | QDir::Files;
-    for (const QFileInfo &port : QDir(folder).entryInfoList({QStringLiteral("COM*")}, links))
+    const QFileInfoList ports = QDir(folder).entryInfoList({QStringLiteral("COM*")}, links);
+    for (const QFileInfo &port : ports)
         say(QStringLiteral("  %1 -> %2").arg(port.fileName(), port.symLinkTarget()));
 }
 
@@ -90,7 +92,8 @@ QStringList descriptions(const QCommandLineParser &parser)
     if (all.isEmpty())
         all = QStringList{QStringLiteral("COM3:varnel3,balance")};
     QString common;
-    for (const QString &faults : parser.values(QStringLiteral("fault")))
+    const QStringList given = parser.values(QStringLiteral("fault"));
+    for (const QString &faults : given)
         common += QLatin1Char(',') + faults;
     if (parser.isSet(QStringLiteral("replay")))
         common += QLatin1String(",replay=") + parser.value(QStringLiteral("replay"));
@@ -126,7 +129,8 @@ int main(int argc, char **argv)
         QObject::connect(&rack, SIGNAL(happened(QString)), &printer, SLOT(print(QString)));
     QObject::connect(&signalsHeard, SIGNAL(arrived()), &application, SLOT(quit()));
     QObject::connect(&console, SIGNAL(quitRequested()), &application, SLOT(quit()));
-    for (const QString &one : descriptions(parser))
+    const QStringList devices = descriptions(parser);
+    for (const QString &one : devices)
         if (!rack.add(one, &error))
             return fail(error);
     console.listen();

@@ -10,7 +10,7 @@ namespace sim {
 
 namespace {
 
-constexpr double bytesPerMs = 19200 / 10 / 1000.0; // 8 data bits, start and stop bit
+constexpr double bytesPerMs = 19200 / 10.0 / 1000; // 8 data bits, start and stop bit
 constexpr double endGap
     = 40; // ms from the last record to the first end line and between these; 5 stay below 250
 constexpr double quietAfterEnd = 1000; // ms, whatever the speed
@@ -24,7 +24,8 @@ constexpr double mostBehind = 500; // ms; after that the device does not catch u
 quint32 seedOf(const RunSettings &run, const QString &port)
 {
     quint32 hash = 2166136261U ^ run.seed;
-    for (const char byte : port.toUtf8())
+    const QByteArray bytes = port.toUtf8();
+    for (const char byte : bytes)
         hash = (hash ^ quint32(static_cast<unsigned char>(byte))) * 16777619U;
     return hash;
 }
