@@ -42,15 +42,16 @@ void CurvePainter::updateColumns(const Job &job)
 
 void CurvePainter::draw(QPainter *painter, const Job &job)
 {
-    const int count = job.store->size() - job.first;
-    if (count < 1 || job.area.isEmpty())
+    if (job.store->size() <= job.first || job.area.isEmpty())
         return;
     painter->save();
     painter->setClipRect(job.area, Qt::IntersectClip);
     painter->setPen(QPen(job.colour, job.width));
-    if (count == 1) {
+    const PlotSeries &times = job.store->series(SeriesStore::Time);
+    if (times[job.first]
+        == times.last()) // a single record, or a clock that stands still: no line has a length
         drawPoint(painter, job);
-    } else if (!job.store->isTimeMonotone()) {
+    if (!job.store->isTimeMonotone()) {
         drawLines(painter, job);
     } else {
         updateColumns(job);
@@ -101,7 +102,7 @@ void CurvePainter::drawLines(QPainter *painter, const Job &job) const
 void CurvePainter::drawPoint(QPainter *painter, const Job &job) const
 {
     constexpr int reach = 2; // px, so that a lone sample is seen
-    const QPoint centre(qRound(job.timeMap.transform(job.store->series(SeriesStore::Time)[job.first])),
-        qRound(job.valueMap.transform(job.store->series(job.series)[job.first])));
+    const QPoint centre(qRound(job.timeMap.transform(job.store->series(SeriesStore::Time).last())),
+        qRound(job.valueMap.transform(job.store->series(job.series)[job.store->size() - 1])));
     painter->fillRect(QRect(centre - QPoint(reach, reach), centre + QPoint(reach, reach)), job.colour);
 }

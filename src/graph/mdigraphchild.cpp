@@ -193,7 +193,18 @@ void MdiGraphChild::scheduleRepaint()
 void MdiGraphChild::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), m_host->viewState()->switches().blackBackground ? Qt::black : Qt::white);
+    m_painter.paint(&painter, picture(size()));
+}
+
+GraphPicture MdiGraphChild::picture(const QSize &pictureSize) const
+{
+    GraphPicture picture;
+    picture.size = pictureSize;
+    picture.store = &m_store;
+    picture.switches = m_host->viewState()->switches();
+    picture.selectedCells = m_selectedCells;
+    picture.windowNumber = m_windowNumber;
+    return picture;
 }
 
 void MdiGraphChild::closeEvent(QCloseEvent *event)

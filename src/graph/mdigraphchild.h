@@ -1,6 +1,7 @@
 #pragma once
 
-#include "graph/cellselection.h"
+#include "graph/graphpainter.h"
+#include "graph/graphpicture.h"
 #include "graph/seriesstore.h"
 #include "link/recordingsink.h"
 
@@ -53,6 +54,8 @@ public:
     void markSaved(const QString &fileName);
     /// Shows by icon and tool tip how the process ended: 0 error, 1 aborted by the user, 2 completed.
     void setProcessEnd(int code);
+    /// What the window shows, at any size. Valid as long as the window.
+    GraphPicture picture(const QSize &pictureSize) const;
 
     // RecordingSink
     void attachReader(DeviceLink *reader) override;
@@ -82,6 +85,7 @@ private:
     GraphHost *m_host; // not owned, outlives this
     DeviceLink *m_reader = nullptr; // not owned; forgotten by finishRecording() before it goes
     SeriesStore m_store;
+    GraphPainter m_painter;
     CellSelection m_selectedCells = {};
     int m_windowNumber = 0;
     QString m_baseTitle;

@@ -7,12 +7,25 @@ target_sources(varnel_core PRIVATE
     graph/seriesstore.cpp graph/seriesstore.h
 )
 target_sources(varnel_gui PRIVATE
+    graph/celllegend.cpp graph/celllegend.h
     graph/curvedata.cpp graph/curvedata.h
     graph/curvepainter.cpp graph/curvepainter.h
     graph/curvespans.cpp graph/curvespans.h
+    graph/figures.cpp graph/figures.h
+    graph/framepainter.cpp graph/framepainter.h
+    graph/graphcanvas.cpp graph/graphcanvas.h
+    graph/graphcolours.cpp graph/graphcolours.h
     graph/graphhost.h
+    graph/graphlayout.cpp graph/graphlayout.h
+    graph/graphpainter.cpp graph/graphpainter.h
+    graph/graphpicture.h
+    graph/graphscene.cpp graph/graphscene.h
+    graph/graphzoom.h
+    graph/legendpainter.cpp graph/legendpainter.h
     graph/mdigraphchild.cpp graph/mdigraphchild.h
     graph/scaledrawtime.cpp graph/scaledrawtime.h
     graph/timecolumns.cpp graph/timecolumns.h
+    graph/valueaxispainter.cpp graph/valueaxispainter.h
+    graph/valuerange.cpp graph/valuerange.h
     graph/varnelplotcurve.cpp graph/varnelplotcurve.h
 )

@@ -1,0 +1,178 @@
+#include "graph/framepainter.h"
+
+#include "graph/figures.h"
+#include "graph/scaledrawtime.h"
+#include "graph/seriesstore.h"
+
+#include <QCoreApplication>
+#include <QFontMetrics>
+#include <QPainter>
+
+#include <qwt_plot_grid.h>
+#include <qwt_scale_div.h>
+#include <qwt_scale_engine.h>
+
+#include <cmath>
+
+namespace {
+
+constexpr int tickLength = 3;
+constexpr int timeLabelLeft = 20; // px left of its tick
+constexpr int timeLabelBelow = 18;
+constexpr int labelGap = 4;
+constexpr int informationParts = 7;
+constexpr uint timeBase = 60; // divisions of whole seconds, minutes and hours
+
+int roundHalfUp(double x)
+{
+    return int(std::floor(x + 0.5));
+}
+
+} // namespace
+
+FramePainter::FramePainter(const GraphCanvas &canvas)
+    : c(canvas)
+    , p(canvas.painter)
+{
+}
+
+void FramePainter::paintBackground()
+{
+    p->fillRect(QRect(QPoint(0, 0), c.picture.size), c.colours.background());
+}
+
+void FramePainter::paintBadge()
+{
+    const int right = c.picture.windowNumber > 9 ? 14 : 10;
+    const int bottom = c.layout.height() - 1;
+    const QRect badge(QPoint(1, bottom - 21), QPoint(right, bottom - 1));
+    const QString number = QString::number(c.picture.windowNumber);
+    p->fillRect(badge, Qt::yellow);
+    p->setPen(Qt::black);
+    p->setFont(GraphCanvas::fittedFont(10, number, badge.width()));
+    p->drawText(badge, Qt::AlignCenter, number);
+}
+
+void FramePainter::paintInformation()
+{
+    const QRect line(0, 0, c.layout.width(), c.layout.plotTop() - 1);
+    const QString note = c.picture.note.isEmpty() ? QString() : c.picture.note + QStringLiteral("   ");
+    QString text;
+    QFont font;
+    for (int parts = informationParts; parts >= 0; --parts) {
+        text = note + informationText(c.picture.store->records().last(), parts);
+        font = GraphCanvas::fittedFont(9, text, line.width());
+        if (QFontMetrics(font).horizontalAdvance(text) <= line.width())
+            break;
+    }
+    p->setFont(font);
+    p->setPen(note.isEmpty() ? c.colours.text() : c.colours.note());
+    p->drawText(line, Qt::AlignCenter, text);
+}
+
+QVector<FramePainter::Tick> FramePainter::ticks() const
+{
+    if (c.picture.zoom.active)
+        return zoomedTicks();
+    const PlotSeries &times = c.picture.store->series(SeriesStore::Time);
+    const int divisions = c.layout.majorTicks();
+    QVector<Tick> ticks{{c.layout.plotLeft(), times[0]}};
+    const double step = double(c.layout.plotRight() - c.layout.plotLeft()) / qMax(1, divisions);
+    for (int k = 1; k <= divisions; ++k) {
+        const int x = roundHalfUp(c.layout.plotLeft() + k * step);
+        ticks.append({x, k == divisions ? times.last() : c.timeMap.invTransform(x)});
+    }
+    return ticks;
+}
+
+QVector<FramePainter::Tick> FramePainter::zoomedTicks() const
+{
+    const QwtScaleDiv division = QwtLinearScaleEngine(timeBase).divideScale(
+        c.picture.zoom.from, c.picture.zoom.to, c.layout.zoomedMajorTicks(), 0);
+    QVector<Tick> ticks;
+    for (double time : division.ticks(QwtScaleDiv::MajorTick))
+        ticks.append({roundHalfUp(c.timeMap.transform(time)), time});
+    return ticks;
+}
+
+void FramePainter::paintTimeAxis()
+{
+    const int bottom = c.layout.plotBottom();
+    p->setPen(c.colours.axis());
+    p->drawLine(c.layout.plotLeft(), bottom, c.layout.plotRight(), bottom);
+    p->setFont(GraphCanvas::font(8));
+    const QFontMetrics metrics(p->font());
+    const ScaleDrawTime scale;
+    const QVector<Tick> all = ticks();
+    for (const Tick &tick : all)
+        p->drawLine(tick.x, bottom, tick.x, bottom + tickLength);
+
+    p->setPen(c.colours.text());
+    // the last label tells how long it was: others give way to it
+    const auto left = [](const Tick &tick) { return tick.x - timeLabelLeft; };
+    const int lastLeft = left(all.last());
+    int free = 0;
+    for (int k = 0; k < all.size(); ++k) {
+        const QString label = scale.label(all[k].time).text();
+        const int right = left(all[k]) + metrics.horizontalAdvance(label) + labelGap;
+        const bool last = k == all.size() - 1;
+        if (left(all[k]) < free || (!last && right > lastLeft))
+            continue;
+        p->drawText(left(all[k]), bottom + timeLabelBelow, label);
+        free = right;
+    }
+}
+
+void FramePainter::paintGrid(bool perCell)
+{
+    const QRect lower = c.layout.area(PlotArea::Lower);
+    for (PlotArea area : {PlotArea::Upper, PlotArea::Lower}) {
+        const QRect rect = c.layout.area(area);
+        p->setPen(c.colours.axis());
+        p->drawLine(rect.left() - 2, rect.top(), rect.left() - 2, rect.bottom());
+        p->drawLine(rect.right() + 2, rect.top(), rect.right() + 2, rect.bottom());
+        if (perCell) {
+            paintPlotGrid(area);
+            continue;
+        }
+        p->setPen(QPen(c.colours.grid(), 1, Qt::DotLine));
+        for (int y : c.layout.valueHeights(area))
+            p->drawLine(rect.left(), y, rect.right(), y);
+    }
+    if (perCell)
+        return;
+    for (const Tick &tick : ticks())
+        p->drawLine(tick.x, c.layout.plotTop(), tick.x, lower.bottom());
+}
+
+void FramePainter::paintPlotGrid(PlotArea area)
+{
+    const QRect rect = c.layout.area(area);
+    QList<double> times;
+    for (const Tick &tick : ticks())
+        times.append(tick.time);
+    QList<double> heights;
+    for (int y : c.layout.valueHeights(area))
+        heights.append(y);
+    QwtScaleMap heightMap; // divisions are given as heights already
+    heightMap.setScaleInterval(rect.bottom(), rect.top());
+    heightMap.setPaintInterval(rect.bottom(), rect.top());
+
+    QwtPlotGrid grid;
+    grid.setMajorPen(QPen(c.colours.grid(), 1, Qt::DotLine));
+    grid.setXDiv(QwtScaleDiv(c.timeMap.s1(), c.timeMap.s2(), {}, {}, times));
+    grid.setYDiv(QwtScaleDiv(rect.bottom(), rect.top(), {}, {}, heights));
+    grid.draw(p, c.timeMap, heightMap, QRectF(rect));
+}
+
+void FramePainter::paintNoData(const QRect &rect, double points, const QColor &colour, const QString &reason)
+{
+    const QString text = QCoreApplication::translate("MdiGraphChild", "NO DATA");
+    p->setPen(colour);
+    p->setFont(GraphCanvas::fittedFont(points, text, rect.width()));
+    p->drawText(rect, Qt::AlignCenter, text);
+    const int below = rect.center().y() + QFontMetrics(p->font()).height() / 2;
+    p->setFont(GraphCanvas::fittedFont(9, reason, rect.width()));
+    p->drawText(
+        QRect(rect.left(), below, rect.width(), QFontMetrics(p->font()).height()), Qt::AlignCenter, reason);
+}

@@ -1,0 +1,55 @@
+#include "graph/graphpainter.h"
+
+#include "graph/framepainter.h"
+#include "graph/graphscene.h"
+#include "graph/legendpainter.h"
+#include "graph/valueaxispainter.h"
+
+#include <QPainter>
+
+void GraphPainter::paint(QPainter *painter, const GraphPicture &picture)
+{
+    painter->save();
+    const GraphCanvas canvas(painter, picture);
+    FramePainter frame(canvas);
+    frame.paintBackground();
+    frame.paintBadge();
+    if (picture.store->isEmpty()) {
+        frame.paintNoData(QRect(QPoint(0, 0), picture.size), 40, QColor(191, 191, 191), QString());
+    } else if (canvas.layout.isDrawable()) {
+        paintPlots(canvas);
+    }
+    painter->restore();
+}
+
+void GraphPainter::paintPlots(const GraphCanvas &canvas)
+{
+    const GraphScene scene = GraphScene::of(canvas.picture);
+    FramePainter frame(canvas);
+    frame.paintInformation();
+    frame.paintTimeAxis();
+    frame.paintGrid(!scene.cellHeading.isEmpty());
+    paintCurves(canvas, scene);
+    for (const GraphScene::Axis &axis : scene.axes)
+        ValueAxisPainter(canvas).paint(axis);
+    LegendPainter(canvas).paint(scene);
+    if (!scene.upperReason.isEmpty()) {
+        frame.paintNoData(canvas.layout.area(PlotArea::Upper), 20,
+            canvas.colours.readable(canvas.colours.slope()), scene.upperReason);
+    }
+}
+
+void GraphPainter::paintCurves(const GraphCanvas &canvas, const GraphScene &scene)
+{
+    const GraphZoom &zoom = canvas.picture.zoom;
+    for (const GraphScene::Curve &curve : scene.curves) {
+        const GraphZoom::Share share = !zoom.active ? GraphZoom::Share()
+            : curve.area == PlotArea::Upper         ? zoom.upper
+                                                    : zoom.lower;
+        const ValueRange range = curve.range.part(share);
+        m_curves.draw(canvas.painter,
+            {canvas.picture.store, curve.series, curve.first, canvas.timeMap,
+                canvas.layout.valueMap(curve.area, range.low, range.high), canvas.layout.area(curve.area),
+                curve.colour, curve.width});
+    }
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "graph/curvepainter.h"
+
+struct GraphCanvas;
+struct GraphPicture;
+struct GraphScene;
+
+/// Paints graphs, for screen, printer and file alike. Keeps what it found of the curves, so that painting the same
+/// recording again costs little; keep one painter for each recording that is shown.
+class GraphPainter {
+public:
+    /// Paints `picture` with its top left corner at the origin. Leaves `painter` as it was.
+    void paint(QPainter *painter, const GraphPicture &picture);
+
+private:
+    void paintPlots(const GraphCanvas &canvas);
+    void paintCurves(const GraphCanvas &canvas, const GraphScene &scene);
+
+    CurvePainter m_curves;
+};

@@ -1,0 +1,223 @@
+#include "graph/graphscene.h"
+
+#include "graph/figures.h"
+#include "graph/graphcolours.h"
+#include "graph/graphpicture.h"
+#include "graph/seriesstore.h"
+
+#include <QCoreApplication>
+
+#include <cmath>
+
+namespace {
+
+constexpr double milli = 1000.0;
+constexpr int emphasis = 2; // px, pen of a selected cell
+constexpr double energyUnit = 1000.0; // the rule for A, in mAh
+constexpr double slopeUnit = 10.0; // mV/min; a course of a few of them is real
+constexpr double deltaUnit = 0.1; // V; cells drift by millivolts
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("GraphScene", text);
+}
+
+GraphColours coloursOf(const GraphPicture &picture)
+{
+    return GraphColours(picture.switches.blackBackground);
+}
+
+const Varnel3Data &newestOf(const GraphPicture &picture)
+{
+    return picture.store->records().last();
+}
+
+bool isCellShown(const GraphPicture &picture, int cell)
+{
+    const bool selected = picture.selectedCells[size_t(cell)];
+    return picture.switches.cellSelectMode == 0 || selected == (picture.switches.cellSelectMode == 1);
+}
+
+QString cellFigure(const CellData &cell, int energyMode)
+{
+    switch (energyMode) {
+    case 1:
+        return figure(cell.balanceCharge / 360000 / milli, 0, 3); // per cent x mA x s to mAh to Ah
+    case 2:
+        return cell.resistance > 0 ? figure(cell.resistance, 0, 1) : noFigure();
+    default:
+        return figure(cell.voltage / milli, 0, 3);
+    }
+}
+
+// Extremes over all cells, so that a cell keeps its place when others are hidden.
+ValueRange cellRange(const SeriesStore &store)
+{
+    double lowest = store.series(SeriesStore::CellMin).minimum();
+    double highest = store.series(SeriesStore::CellMax).maximum();
+    for (int i = 0; i < store.cellSeriesCount(); ++i) {
+        lowest = qMin(lowest, store.series(SeriesStore::Cell1 + i).minimum());
+        highest = qMax(highest, store.series(SeriesStore::Cell1 + i).maximum());
+    }
+    return ValueRange::ofCells(lowest, highest, store.records().first().cellType);
+}
+
+} // namespace
+
+GraphScene GraphScene::of(const GraphPicture &picture)
+{
+    GraphScene scene;
+    const ViewSwitches &switches = picture.switches;
+    if (!switches.balancer) {
+        scene.addVoltage(picture);
+        if (switches.deltaMode == 1)
+            scene.addSlope(picture);
+        else if (switches.deltaMode == 2)
+            scene.addEnergy(picture);
+    } else if (!picture.store->hasCellSeries()) {
+        scene.upperReason = tr("This recording has no cell data.");
+    } else if (switches.average) {
+        scene.addStatistics(picture);
+    } else {
+        scene.addCells(picture);
+    }
+    scene.addCurrent(picture);
+    if (switches.temperature && newestOf(picture).temperature != 0)
+        scene.addTemperature(picture);
+    if (switches.resistance)
+        scene.addResistance(picture);
+    return scene;
+}
+
+void GraphScene::addVoltage(const GraphPicture &picture)
+{
+    const GraphColours colours = coloursOf(picture);
+    const PlotSeries &values = picture.store->series(SeriesStore::Voltage);
+    const ValueRange range = ValueRange::ofCurrent(values.minimum(), values.maximum());
+    curves.append({PlotArea::Upper, SeriesStore::Voltage, 0, range, colours.voltage(), colours.curveWidth()});
+    axes.append({PlotArea::Upper, Side::Left, range, tr("V"), 2, 5, colours.voltage()});
+    upperLegend.append({tr("Voltage"), figure(values.last(), 0, 2) + tr(" V"), colours.voltage()});
+}
+
+void GraphScene::addSlope(const GraphPicture &picture)
+{
+    const GraphColours colours = coloursOf(picture);
+    const PlotSeries &values = picture.store->series(SeriesStore::Dv);
+    if (picture.store->size() <= SeriesStore::firstResistance()) { // no value yet: say so by a dash
+        upperLegend.append({tr("dV"), noFigure(), colours.slope()});
+        return;
+    }
+    const ValueRange range = ValueRange::ofSlope(values.minimum(), values.maximum(), slopeUnit);
+    curves.append({PlotArea::Upper, SeriesStore::Dv, 0, range, colours.slope(), colours.curveWidth()});
+    axes.append({PlotArea::Upper, Side::Right, range, tr("mV/min"), 1, 5, colours.slope()});
+    upperLegend.append({tr("dV"),
+        figure(values.last(), 0, std::abs(values.last()) < 100 ? 1 : 0) + tr(" mV/min"), colours.slope()});
+}
+
+void GraphScene::addEnergy(const GraphPicture &picture)
+{
+    const GraphColours colours = coloursOf(picture);
+    const PlotSeries &values = picture.store->series(SeriesStore::Energy);
+    const ValueRange range = ValueRange::ofCurrent(values.minimum(), values.maximum(), energyUnit);
+    curves.append({PlotArea::Upper, SeriesStore::Energy, 0, range, colours.slope(), colours.curveWidth()});
+    axes.append({PlotArea::Upper, Side::Right, range, tr("mAh"), 0, 5, colours.slope()});
+    upperLegend.append({tr("Energy"), figure(values.last(), 0, 0) + tr(" mAh"), colours.slope()});
+}
+
+void GraphScene::addCells(const GraphPicture &picture)
+{
+    const SeriesStore &store = *picture.store;
+    const GraphColours colours = coloursOf(picture);
+    const ViewSwitches &switches = picture.switches;
+    const ValueRange range = cellRange(store);
+    const bool emphasise = switches.cellSelectMode == 0;
+    for (bool selected : {false, true}) { // the picked ones on top
+        for (int i = 0; i < store.cellSeriesCount(); ++i) {
+            if (picture.selectedCells[size_t(i)] != selected || !isCellShown(picture, i))
+                continue;
+            const int width = selected && emphasise ? emphasis : 1;
+            curves.append({PlotArea::Upper, SeriesStore::Cell1 + i, 0, range, colours.cell(i), width});
+        }
+    }
+    if (curves.isEmpty())
+        upperReason = store.cellSeriesCount() == 0 ? tr("This recording has no cells.")
+            : switches.cellSelectMode == 1         ? tr("No cell is selected.")
+                                                   : tr("All cells are hidden.");
+    axes.append({PlotArea::Upper, Side::Left, range, tr("V"), 2, 4, colours.text()});
+
+    const char *const headings[]
+        = {QT_TRANSLATE_NOOP("GraphScene", "Voltage:"), QT_TRANSLATE_NOOP("GraphScene", "Charge:"), "Ri:"};
+    const char *const units[] = {"V", "Ah", "m\u03a9"};
+    const int mode = qBound(0, switches.energyMode, 2);
+    cellHeading = tr(headings[mode]);
+    cellUnit = tr(units[mode]);
+    for (int i = 0; i < store.cellSeriesCount(); ++i) {
+        upperLegend.append({QString::number(i + 1), cellFigure(newestOf(picture).cells[i], mode),
+            colours.cell(i), picture.selectedCells[size_t(i)]});
+    }
+}
+
+void GraphScene::addStatistics(const GraphPicture &picture)
+{
+    const SeriesStore &store = *picture.store;
+    const GraphColours colours = coloursOf(picture);
+    const ValueRange range = cellRange(store);
+    cellHeading = tr("Voltage:");
+    cellUnit = tr("V");
+    const PlotSeries &delta = store.series(SeriesStore::CellDelta);
+    const ValueRange deltaRange = ValueRange::ofCurrent(delta.minimum(), delta.maximum(), deltaUnit);
+    struct Row {
+        int series;
+        QString name;
+        ValueRange range;
+        QColor colour;
+    };
+    const Row rows[] = {{SeriesStore::CellMax, tr("Max"), range, colours.cellMax()},
+        {SeriesStore::CellAverage, tr("Avg"), range, colours.cellAverage()},
+        {SeriesStore::CellMin, tr("Min"), range, colours.cellMin()},
+        {SeriesStore::CellDelta, tr("Delta"), deltaRange, colours.cellDelta()}};
+    for (const Row &row : rows) {
+        curves.append({PlotArea::Upper, row.series, 0, row.range, row.colour, colours.curveWidth()});
+        upperLegend.append({row.name, figure(store.series(row.series).last(), 0, 3), row.colour});
+    }
+    axes.append({PlotArea::Upper, Side::Left, range, tr("V"), 2, 4, colours.text()});
+    const ValueRange shownDelta = {deltaRange.low * milli, deltaRange.high * milli};
+    axes.append({PlotArea::Upper, Side::Right, shownDelta, tr("mV"), 0, 4, colours.cellDelta()});
+}
+
+void GraphScene::addCurrent(const GraphPicture &picture)
+{
+    const GraphColours colours = coloursOf(picture);
+    const PlotSeries &values = picture.store->series(SeriesStore::Current);
+    const ValueRange range = ValueRange::ofCurrent(values.minimum(), values.maximum());
+    curves.append({PlotArea::Lower, SeriesStore::Current, 0, range, colours.current(), colours.curveWidth()});
+    axes.append({PlotArea::Lower, Side::Right, range, tr("A"), 2, 5, colours.current()});
+    lowerLegend.append({tr("Current"), figure(values.last(), 0, 2) + tr(" A"), colours.current()});
+}
+
+void GraphScene::addTemperature(const GraphPicture &picture)
+{
+    const GraphColours colours = coloursOf(picture);
+    const PlotSeries &values = picture.store->series(SeriesStore::Temperature);
+    const ValueRange range = ValueRange::ofTemperature(values.minimum(), values.maximum());
+    curves.append(
+        {PlotArea::Lower, SeriesStore::Temperature, 0, range, colours.temperature(), colours.curveWidth()});
+    axes.append({PlotArea::Lower, Side::Left, range, tr("\u00b0C"), 1, 4, colours.temperature()});
+    lowerLegend.append({tr("Temp."), figure(newestOf(picture).temperature / 10.0, 0, 1) + tr(" \u00b0C"),
+        colours.temperature()});
+}
+
+// Shown while charging only; a device that does not measure it sends nothing but zeros.
+void GraphScene::addResistance(const GraphPicture &picture)
+{
+    const GraphColours colours = coloursOf(picture);
+    const PlotSeries &values = picture.store->series(SeriesStore::Resistance);
+    const bool measured = values.minimum() != 0.0 || values.maximum() != 0.0;
+    if (picture.store->size() <= SeriesStore::firstResistance()
+        || newestOf(picture).mode != Varnel3Data::Charge || !measured)
+        return;
+    const ValueRange range = ValueRange::ofResistance(values.minimum(), values.maximum());
+    curves.append({PlotArea::Lower, SeriesStore::Resistance, SeriesStore::firstResistance(), range,
+        colours.resistance(), colours.curveWidth()});
+    lowerLegend.append({tr("Ri"), figure(values.last(), 0, 0) + tr(" m\u03a9"), colours.resistance()});
+}

@@ -1,0 +1,93 @@
+#include "graph/legendpainter.h"
+
+#include "graph/celllegend.h"
+
+#include <QCoreApplication>
+#include <QFontMetrics>
+#include <QPainter>
+
+namespace {
+
+constexpr int markWidth = 9; // px, the stroke in a curve's colour before its name
+constexpr int markHeight = 3;
+constexpr int lineHeight = 13;
+constexpr int entryGap = 4;
+constexpr int textGap = 2;
+constexpr int numberWidth = 14;
+constexpr int numberAlignment = Qt::AlignRight | Qt::AlignVCenter;
+
+} // namespace
+
+LegendPainter::LegendPainter(const GraphCanvas &canvas)
+    : c(canvas)
+    , p(canvas.painter)
+{
+}
+
+void LegendPainter::paint(const GraphScene &scene)
+{
+    if (!scene.cellHeading.isEmpty()) {
+        paintCells(scene);
+        if (CellLegend(c.layout, scene.upperLegend.size()).isWholeColumn())
+            return;
+    } else {
+        paintEntries(scene.upperLegend, c.layout.legend(PlotArea::Upper));
+    }
+    paintEntries(scene.lowerLegend, c.layout.legend(PlotArea::Lower));
+}
+
+void LegendPainter::paintCells(const GraphScene &scene)
+{
+    const CellLegend legend(c.layout, scene.upperLegend.size());
+    QFont font = GraphCanvas::font(8);
+    font.setPixelSize(qMin(font.pixelSize(), qMax(8, legend.heading(0).height() - 1)));
+    p->setFont(font);
+    p->setPen(c.colours.heading());
+    const QString headings[] = {QCoreApplication::translate("MdiGraphChild", "   Cels:"),
+        scene.cellHeading + QLatin1Char(' ') + scene.cellUnit};
+    for (int line = 0; line < 2; ++line)
+        p->drawText(legend.heading(line), Qt::AlignLeft | Qt::AlignVCenter, headings[line]);
+    for (int i = 0; i < scene.upperLegend.size(); ++i)
+        paintRow(scene.upperLegend[i], legend.row(i), font);
+}
+
+void LegendPainter::paintRow(const GraphScene::Entry &entry, const QRect &row, QFont font)
+{
+    const QColor background = entry.marked ? c.colours.highlight() : c.colours.background();
+    if (entry.marked)
+        p->fillRect(row, background);
+    const bool isNumber = entry.name.size() <= 2;
+    p->fillRect(row.left() + 1, row.center().y() - 1, isNumber ? markWidth - 2 : markHeight, markHeight,
+        entry.colour);
+    font.setBold(entry.marked);
+    p->setFont(font);
+    p->setPen(GraphColours::readable(entry.colour, background));
+    if (isNumber)
+        p->drawText(
+            QRect(row.left() + markWidth, row.top(), numberWidth, row.height()), numberAlignment, entry.name);
+    else
+        p->drawText(row.adjusted(markHeight + 2, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, entry.name);
+    p->setPen(c.colours.text());
+    p->drawText(row.adjusted(0, 0, -textGap, 0), numberAlignment, entry.value);
+}
+
+void LegendPainter::paintEntries(const QVector<GraphScene::Entry> &entries, const QRect &column)
+{
+    if (entries.isEmpty())
+        return;
+    const int line = qMin(lineHeight, (column.height() - 2) / (2 * entries.size()));
+    const int gap = qBound(0, (column.height() - 2 * line * entries.size()) / entries.size(), entryGap);
+    int top = column.top();
+    for (const GraphScene::Entry &entry : entries) {
+        const QRect name(column.left() + markWidth + 2, top, column.width() - markWidth - 2, line);
+        p->fillRect(QRect(column.left() + 1, name.center().y(), markWidth - 1, markHeight), entry.colour);
+        p->setPen(c.colours.readable(entry.colour));
+        p->setFont(GraphCanvas::fittedFont(8, entry.name, name.width()));
+        p->drawText(name, Qt::AlignLeft | Qt::AlignVCenter, entry.name);
+        const QRect value(column.left(), top + line, column.width() - 2, line);
+        p->setPen(c.colours.text());
+        p->setFont(GraphCanvas::fittedFont(8, entry.value, value.width()));
+        p->drawText(value, numberAlignment, entry.value);
+        top += 2 * line + gap;
+    }
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "graph/graphcanvas.h"
+#include "graph/graphscene.h"
+
+/// Draws the names and newest values of the curves in the column at the right edge.
+class LegendPainter {
+public:
+    explicit LegendPainter(const GraphCanvas &canvas);
+
+    void paint(const GraphScene &scene);
+
+private:
+    void paintCells(const GraphScene &scene);
+    void paintRow(const GraphScene::Entry &entry, const QRect &row, QFont font);
+    void paintEntries(const QVector<GraphScene::Entry> &entries, const QRect &column);
+
+    const GraphCanvas &c;
+    QPainter *p;
+};

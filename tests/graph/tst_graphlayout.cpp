@@ -1,0 +1,243 @@
+#include "data/varnel3data.h"
+#include "graph/celllegend.h"
+#include "graph/graphcolours.h"
+#include "graph/graphlayout.h"
+#include "graph/valuerange.h"
+
+#include <QtTest>
+
+class TestGraphLayout : public QObject {
+    Q_OBJECT
+
+private slots:
+    void placesAreas_data();
+    void placesAreas();
+    void dividesTime_data();
+    void dividesTime();
+    void mapsTimesAndValues();
+    void cellRowsTileTheLegend_data();
+    void cellRowsTileTheLegend();
+    void ranges_data();
+    void ranges();
+    void temperatureAndResistanceRanges();
+    void cellRangeWidens();
+    void textsCanBeRead();
+    void cellColoursDiffer();
+};
+
+void TestGraphLayout::placesAreas_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<QRect>("upper");
+    QTest::addColumn<QRect>("lower");
+    QTest::addColumn<int>("valueSteps");
+    QTest::newRow("1000x600") << QSize(1000, 600) << QRect(QPoint(40, 22), QPoint(900, 289))
+                              << QRect(QPoint(40, 304), QPoint(900, 571)) << 7;
+    QTest::newRow("odd height") << QSize(641, 401) << QRect(QPoint(40, 22), QPoint(541, 189))
+                                << QRect(QPoint(40, 204), QPoint(541, 371)) << 5;
+    QTest::newRow("300x200") << QSize(300, 200) << QRect(QPoint(40, 22), QPoint(200, 89))
+                             << QRect(QPoint(40, 104), QPoint(200, 171)) << 2;
+}
+
+void TestGraphLayout::placesAreas()
+{
+    QFETCH(QSize, size);
+    const GraphLayout layout(size, 100);
+    QTEST(layout.area(PlotArea::Upper), "upper");
+    QTEST(layout.area(PlotArea::Lower), "lower");
+    QTEST(layout.valueSteps(), "valueSteps");
+    QCOMPARE(layout.plotBottom(), size.height() - 25);
+    QVERIFY(layout.isDrawable());
+    for (PlotArea area : {PlotArea::Upper, PlotArea::Lower}) {
+        const QVector<int> heights = layout.valueHeights(area);
+        QCOMPARE(heights.size(), layout.valueSteps() + 1);
+        QCOMPARE(heights.first(), layout.area(area).bottom());
+        QCOMPARE(heights.last(), layout.area(area).top());
+    }
+}
+
+void TestGraphLayout::dividesTime_data()
+{
+    QTest::addColumn<int>("width");
+    QTest::addColumn<int>("records");
+    QTest::addColumn<int>("ticks");
+    QTest::addColumn<int>("zoomedTicks");
+    QTest::newRow("narrow") << 500 << 100 << 4 << 8;
+    QTest::newRow("wide") << 501 << 100 << 8 << 8;
+    QTest::newRow("narrow, zoomed") << 449 << 100 << 4 << 4;
+    QTest::newRow("wide, zoomed") << 450 << 100 << 4 << 8;
+    QTest::newRow("three records") << 1000 << 3 << 2 << 8;
+    QTest::newRow("as many records as ticks") << 1000 << 8 << 7 << 8;
+    QTest::newRow("one record") << 1000 << 1 << 0 << 8;
+    QTest::newRow("none") << 1000 << 0 << 0 << 8;
+}
+
+void TestGraphLayout::dividesTime()
+{
+    QFETCH(int, width);
+    QFETCH(int, records);
+    const GraphLayout layout(QSize(width, 300), records);
+    QTEST(layout.majorTicks(), "ticks");
+    QTEST(layout.zoomedMajorTicks(), "zoomedTicks");
+}
+
+void TestGraphLayout::mapsTimesAndValues()
+{
+    const GraphLayout layout(QSize(1000, 600), 86);
+    QCOMPARE(layout.pixelsPerRecord(), 10.0);
+    const QwtScaleMap times = layout.timeMap(100, 186);
+    QCOMPARE(times.transform(100), 40.0);
+    QCOMPARE(times.transform(186), 900.0);
+    QCOMPARE(times.invTransform(470), 143.0);
+    const QwtScaleMap values = layout.valueMap(PlotArea::Lower, -1, 1);
+    QCOMPARE(values.transform(-1), 571.0);
+    QCOMPARE(values.transform(1), 304.0);
+    QCOMPARE(layout.timeMap(7, 7).transform(7), 40.0);
+    QVERIFY(!GraphLayout(QSize(139, 600), 5).isDrawable());
+    QVERIFY(!GraphLayout(QSize(600, 60), 5).isDrawable());
+}
+
+void TestGraphLayout::cellRowsTileTheLegend_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<int>("cells");
+    QTest::addColumn<bool>("whole");
+    QTest::newRow("few") << QSize(1000, 600) << 6 << false;
+    QTest::newRow("sixteen") << QSize(1000, 600) << 16 << false;
+    QTest::newRow("four, small") << QSize(300, 200) << 4 << false;
+    QTest::newRow("sixteen, small") << QSize(300, 200) << 16 << true;
+    QTest::newRow("none") << QSize(300, 200) << 0 << false;
+}
+
+void TestGraphLayout::cellRowsTileTheLegend()
+{
+    QFETCH(QSize, size);
+    QFETCH(int, cells);
+    const GraphLayout layout(size, 100);
+    const CellLegend legend(layout, cells);
+    QTEST(legend.isWholeColumn(), "whole");
+    for (int cell = 0; cell < cells; ++cell) {
+        const QRect row = legend.row(cell);
+        QVERIFY(layout.legend().contains(row));
+        QVERIFY(row.height() >= 8);
+        QCOMPARE(legend.cellAt(row.top()), cell);
+        QCOMPARE(legend.cellAt(row.bottom()), cell);
+        QCOMPARE(row.top(), legend.heading(cell + 1).bottom() + 1);
+    }
+    QCOMPARE(legend.cellAt(legend.heading(1).bottom()), -1);
+    QCOMPARE(legend.cellAt(size.height() - 1), -1);
+}
+
+void TestGraphLayout::ranges_data()
+{
+    QTest::addColumn<double>("minimum");
+    QTest::addColumn<double>("maximum");
+    QTest::addColumn<double>("low");
+    QTest::addColumn<double>("high");
+    QTest::newRow("wide") << 1.0 << 2.0 << 1.0 << 2.2;
+    QTest::newRow("exactly wide") << 1.0 << 1.25 << 1.0 << 1.375;
+    QTest::newRow("narrow") << 1.0 << 1.2 << 0.875 << 1.325;
+    QTest::newRow("narrow at zero") << 0.05 << 0.2 << 0.0 << 0.325;
+    QTest::newRow("constant") << 2.0 << 2.0 << 0.0 << 2.2;
+    QTest::newRow("constant and small") << 0.1 << 0.1 << 0.0 << 0.225;
+    QTest::newRow("nothing") << 0.0 << 0.0 << 0.0 << 0.125;
+    QTest::newRow("both signs") << -1.0 << 1.0 << -1.0 << 1.1;
+    QTest::newRow("negative") << -2.0 << -1.0 << -2.2 << -1.0;
+    QTest::newRow("negative and constant") << -2.0 << -2.0 << -2.2 << 0.0;
+    QTest::newRow("down from zero") << -2.0 << 0.0 << -2.2 << 0.0;
+}
+
+void TestGraphLayout::ranges()
+{
+    QFETCH(double, minimum);
+    QFETCH(double, maximum);
+    for (double unit : {1.0, 1000.0}) {
+        const ValueRange range = ValueRange::ofCurrent(minimum * unit, maximum * unit, unit);
+        QTEST(range.low / unit, "low");
+        QTEST(range.high / unit, "high");
+    }
+}
+
+void TestGraphLayout::temperatureAndResistanceRanges()
+{
+    ValueRange range = ValueRange::ofTemperature(23.2, 24.2);
+    QCOMPARE(range.low, 22.0); // 21.95
+    QCOMPARE(range.high, 26.0); // 25.45
+    range = ValueRange::ofTemperature(20.1, 30.0);
+    QCOMPARE(range.low, 21.0);
+    QCOMPARE(range.high, 30.0);
+    range = ValueRange::ofResistance(40, 60);
+    QCOMPARE(range.low, 38.0);
+    QCOMPARE(range.high, 62.0);
+    range = ValueRange::ofResistance(0, 0);
+    QVERIFY(range.low < range.high);
+    QCOMPARE(ValueRange::ofSlope(-1, 1, 10).low, -2.25); // a falling voltage is what counts
+}
+
+void TestGraphLayout::cellRangeWidens()
+{
+    const int lipo = 5;
+    ValueRange range = ValueRange::ofCells(3.5, 4.2, lipo);
+    QCOMPARE(range.low, 3.3);
+    QCOMPARE(range.high, 4.35);
+    range = ValueRange::ofCells(2.9, 4.4, lipo);
+    QCOMPARE(range.low, 2.9);
+    QCOMPARE(range.high, 4.4);
+    range = ValueRange::ofCells(1.0, 1.5, Varnel3Data::noCellType);
+    QVERIFY(range.low <= 1.0 && range.high >= 1.5);
+}
+
+namespace {
+
+double luminance(const QColor &colour)
+{
+    const auto linear
+        = [](double part) { return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4); };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF())
+        + 0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor &a, const QColor &b)
+{
+    const double light = qMax(luminance(a), luminance(b)) + 0.05;
+    return light / (qMin(luminance(a), luminance(b)) + 0.05);
+}
+
+} // namespace
+
+void TestGraphLayout::textsCanBeRead()
+{
+    for (bool black : {true, false}) {
+        const GraphColours colours(black);
+        QVector<QColor> all{colours.voltage(), colours.current(), colours.temperature(), colours.resistance(),
+            colours.slope(), colours.note(), colours.heading()};
+        for (int i = 0; i < 16; ++i)
+            all.append(colours.cell(i));
+        for (const QColor &colour : all) {
+            for (const QColor &background : {colours.background(), colours.highlight()}) {
+                const QColor text = GraphColours::readable(colour, background);
+                QVERIFY2(contrast(text, background) >= 4.5, qPrintable(colour.name()));
+                QVERIFY(colour.hslHue() == -1 || qAbs(text.hslHue() - colour.hslHue()) <= 2);
+            }
+        }
+    }
+    QCOMPARE(GraphColours::readable(Qt::green, Qt::black), QColor(Qt::green)); // enough already
+}
+
+void TestGraphLayout::cellColoursDiffer()
+{
+    const GraphColours colours(true);
+    for (int i = 0; i < 16; ++i) {
+        QVERIFY(contrast(colours.cell(i), Qt::black) > 2.2);
+        QVERIFY(contrast(colours.cell(i), Qt::white) > 2.2);
+        QCOMPARE(colours.cell(i), GraphColours(false).cell(i));
+        for (int j = 0; j < i; ++j) {
+            const QColor a = colours.cell(i);
+            const QColor b = colours.cell(j);
+            QVERIFY(qAbs(a.red() - b.red()) + qAbs(a.green() - b.green()) + qAbs(a.blue() - b.blue()) > 80);
+        }
+    }
+}
+
+QTEST_APPLESS_MAIN(TestGraphLayout)
+#include "tst_graphlayout.moc"

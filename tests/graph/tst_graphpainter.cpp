@@ -1,0 +1,453 @@
+#include "graph/celllegend.h"
+#include "graph/figures.h"
+#include "graph/graphcolours.h"
+#include "graph/graphlayout.h"
+#include "graph/graphpainter.h"
+#include "graph/graphpicture.h"
+#include "graph/recordings.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QtTest>
+
+namespace {
+
+void append(SeriesStore *store, const RecordList &records)
+{
+    for (int i = 0; i < records.size(); ++i)
+        store->append(records[i]);
+}
+
+QImage drawn(const GraphPicture &picture)
+{
+    QImage image(picture.size, QImage::Format_RGB32);
+    image.fill(Qt::magenta);
+    QPainter painter(&image);
+    GraphPainter().paint(&painter, picture);
+    return image;
+}
+
+GraphPicture pictureOf(const SeriesStore &store, bool black = true)
+{
+    GraphPicture picture;
+    picture.size = QSize(1000, 600);
+    picture.store = &store;
+    picture.switches.blackBackground = black;
+    picture.windowNumber = 3;
+    return picture;
+}
+
+int countOf(const QImage &image, const QRect &rect, const QColor &colour)
+{
+    int count = 0;
+    for (int y = rect.top(); y <= rect.bottom(); ++y) {
+        for (int x = rect.left(); x <= rect.right(); ++x)
+            count += image.pixelColor(x, y) == colour;
+    }
+    return count;
+}
+
+// Pixels that belong to no part that may be painted on. Grid lines may cross the gap between the plots.
+int strayPixels(const QImage &image, const QColor &background, bool gridInGap)
+{
+    const GraphLayout layout(image.size(), 100);
+    QImage left = image;
+    QPainter painter(&left);
+    for (PlotArea area : {PlotArea::Upper, PlotArea::Lower})
+        painter.fillRect(layout.area(area).adjusted(-2, 0, 2, 0), background);
+    painter.fillRect(QRect(0, 0, image.width(), layout.plotTop()), background); // information
+    painter.fillRect(QRect(0, layout.plotBottom(), image.width(), image.height()), background); // time axis
+    painter.fillRect(QRect(1, 18, layout.plotLeft() - 4, image.height()), background); // labels, badge
+    painter.fillRect(
+        QRect(layout.plotRight() + 5, 18, image.width() - layout.plotRight() - 6, image.height()),
+        background);
+    if (gridInGap)
+        painter.fillRect(
+            QRect(layout.area(PlotArea::Upper).bottomLeft(), layout.area(PlotArea::Lower).topRight()),
+            background);
+    painter.end();
+    return image.width() * image.height() - countOf(left, left.rect(), background);
+}
+
+} // namespace
+
+class TestGraphPainter : public QObject {
+    Q_OBJECT
+
+private slots:
+    void nothingOfAnEmptyGraph();
+    void badgeHasItsWidth_data();
+    void badgeHasItsWidth();
+    void chargerColours_data();
+    void chargerColours();
+    void rightAxisFollowsDeltaMode();
+    void balancerViewShowsCells();
+    void cellSelectionHidesAndMarks();
+    void emptyPlotsSayWhy();
+    void staysInItsPlaces_data();
+    void staysInItsPlaces();
+    void survivesAnyRecording_data();
+    void survivesAnyRecording();
+    void noFalseFirstStep();
+    void zoomShowsAPart();
+    void noteComesFirst();
+    void leavesThePainterAsItWas();
+    void informationIsComplete();
+};
+
+void TestGraphPainter::nothingOfAnEmptyGraph()
+{
+    const SeriesStore store;
+    for (bool black : {true, false}) {
+        const QImage image = drawn(pictureOf(store, black));
+        const QColor background = black ? Qt::black : Qt::white;
+        QCOMPARE(image.pixelColor(0, 0), background);
+        QVERIFY(countOf(image, QRect(200, 200, 600, 200), QColor(191, 191, 191)) > 1000);
+        QCOMPARE(countOf(image, QRect(0, 0, 1000, 250), background), 250000);
+        QCOMPARE(image.pixelColor(2, 579), QColor(Qt::yellow));
+    }
+}
+
+void TestGraphPainter::badgeHasItsWidth_data()
+{
+    QTest::addColumn<int>("number");
+    QTest::addColumn<int>("right");
+    QTest::newRow("one digit") << 9 << 10;
+    QTest::newRow("two digits") << 10 << 14;
+    QTest::newRow("three digits") << 100 << 14;
+}
+
+void TestGraphPainter::badgeHasItsWidth()
+{
+    QFETCH(int, number);
+    QFETCH(int, right);
+    const SeriesStore store;
+    GraphPicture picture = pictureOf(store);
+    picture.windowNumber = number;
+    const QImage image = drawn(picture);
+    const QColor yellow = Qt::yellow;
+    QCOMPARE(image.pixelColor(1, 578), yellow);
+    QCOMPARE(image.pixelColor(right, 598), yellow);
+    QVERIFY(image.pixelColor(right + 1, 598) != yellow);
+    QVERIFY(image.pixelColor(1, 577) != yellow);
+    QVERIFY(image.pixelColor(1, 599) != yellow);
+    QVERIFY(countOf(image, QRect(1, 578, right, 21), yellow) < right * 21 - 10); // the number
+}
+
+void TestGraphPainter::chargerColours_data()
+{
+    QTest::addColumn<bool>("black");
+    QTest::newRow("black") << true;
+    QTest::newRow("white") << false;
+}
+
+void TestGraphPainter::chargerColours()
+{
+    QFETCH(bool, black);
+    SeriesStore store;
+    append(&store, recordings::lipoCharge(400));
+    GraphPicture picture = pictureOf(store, black);
+    const GraphLayout layout(picture.size, store.size());
+    const QRect upper = layout.area(PlotArea::Upper);
+    const QRect lower = layout.area(PlotArea::Lower);
+    const QColor current = black ? QColor(0x00, 0xFF, 0xFF) : QColor(0x00, 0x7A, 0xF5);
+    const QColor slope = black ? QColor(0xFF, 0xFF, 0x00) : QColor(0xFF, 0xD7, 0x00);
+    const QColor resistance(0xC7, 0x15, 0x85);
+
+    QImage image = drawn(picture);
+    QVERIFY(countOf(image, upper, QColor(0, 255, 0)) > 400);
+    QVERIFY(countOf(image, upper, slope) > 400);
+    QVERIFY(countOf(image, lower, current) > 400);
+    QVERIFY(countOf(image, lower, QColor(255, 0, 0)) > 400);
+    QVERIFY(countOf(image, lower, resistance) > 400);
+    QCOMPARE(countOf(image, upper, current), 0);
+    QCOMPARE(countOf(image, lower, QColor(0, 255, 0)), 0);
+    // a constant 2.5 A: from 0.177 A at the bottom to 2.75 A at the top
+    const int height = lower.bottom()
+        - qRound((2.5 - store.series(SeriesStore::Current).minimum())
+            / (2.75 - store.series(SeriesStore::Current).minimum()) * (lower.height() - 1));
+    QCOMPARE(image.pixelColor(45, height), current);
+    // no resistance before it is known
+    QCOMPARE(
+        countOf(image, QRect(lower.left(), lower.top(), 17 * 860 / 400 - 2, lower.height()), resistance), 0);
+
+    picture.switches.temperature = picture.switches.resistance = false;
+    image = drawn(picture);
+    QCOMPARE(countOf(image, lower, QColor(255, 0, 0)), 0);
+    QCOMPARE(countOf(image, lower, resistance), 0);
+}
+
+void TestGraphPainter::rightAxisFollowsDeltaMode()
+{
+    SeriesStore store;
+    append(&store, recordings::lipoCharge(400));
+    GraphPicture picture = pictureOf(store);
+    const GraphLayout layout(picture.size, store.size());
+    const QRect labels(layout.plotRight() + 5, layout.plotTop() - 4, 34, 270);
+    const QColor yellow(0xFF, 0xFF, 0x00);
+    picture.switches.deltaMode = 0;
+    QCOMPARE(countOf(drawn(picture), labels, Qt::black), labels.width() * labels.height());
+    picture.switches.deltaMode = 1;
+    const QImage slope = drawn(picture);
+    picture.switches.deltaMode = 2;
+    const QImage energy = drawn(picture);
+    QVERIFY(slope.copy(labels) != energy.copy(labels));
+    // the energy rises from the lower left corner
+    QCOMPARE(energy.pixelColor(layout.plotLeft(), layout.area(PlotArea::Upper).bottom()), yellow);
+    QVERIFY(slope.copy(layout.area(PlotArea::Upper)) != energy.copy(layout.area(PlotArea::Upper)));
+}
+
+void TestGraphPainter::balancerViewShowsCells()
+{
+    SeriesStore store;
+    append(&store, recordings::lipoCharge(400));
+    for (bool black : {true, false}) {
+        GraphPicture picture = pictureOf(store, black);
+        picture.switches.balancer = true;
+        const GraphColours colours(black);
+        const GraphLayout layout(picture.size, store.size());
+        const QRect upper = layout.area(PlotArea::Upper);
+        QImage image = drawn(picture);
+        for (int cell = 0; cell < 6; ++cell) {
+            QVERIFY(countOf(image, upper, colours.cell(cell)) > 20);
+            QVERIFY(countOf(image, CellLegend(layout, 6).row(cell), colours.cell(cell)) >= 15);
+        }
+        QCOMPARE(countOf(image, upper, colours.cell(6)), 0);
+        QCOMPARE(countOf(image, upper, colours.voltage()), 0);
+        // the cell ahead of the others, between 3.3 and 4.35 V
+        const double ahead = store.series(SeriesStore::Cell1 + 3)[0];
+        const int height = upper.bottom() - qRound((ahead - 3.3) / 1.05 * (upper.height() - 1));
+        QCOMPARE(image.pixelColor(40, height), colours.cell(3));
+
+        picture.switches.average = true;
+        image = drawn(picture);
+        for (const QColor &colour :
+            {colours.cellMax(), colours.cellAverage(), colours.cellMin(), colours.cellDelta()})
+            QVERIFY(countOf(image, upper, colour) > 100);
+        QCOMPARE(countOf(image, upper, colours.cell(4)), 0);
+    }
+}
+
+void TestGraphPainter::cellSelectionHidesAndMarks()
+{
+    SeriesStore store;
+    append(&store, recordings::tandorRun(400));
+    GraphPicture picture = pictureOf(store);
+    picture.switches.balancer = true;
+    picture.selectedCells[2] = true;
+    const GraphColours colours(true);
+    const GraphLayout layout(picture.size, store.size());
+    const QRect upper = layout.area(PlotArea::Upper);
+    const auto pixels = [&](int mode, int cell) {
+        picture.switches.cellSelectMode = mode;
+        return countOf(drawn(picture), upper, colours.cell(cell));
+    };
+    const int plain = pixels(1, 2);
+    QVERIFY(plain > 100);
+    QVERIFY(pixels(0, 2) > plain * 3 / 2); // emphasised
+    QCOMPARE(pixels(1, 5), 0);
+    QCOMPARE(pixels(2, 2), 0);
+    QVERIFY(pixels(2, 5) > 0);
+    const QRect marked = CellLegend(layout, 12).row(2);
+    QCOMPARE(drawn(picture).pixelColor(marked.left(), marked.top()), colours.highlight());
+    const QRect plainRow = CellLegend(layout, 12).row(3);
+    QCOMPARE(drawn(picture).pixelColor(plainRow.left(), plainRow.top()), colours.background());
+}
+
+void TestGraphPainter::emptyPlotsSayWhy()
+{
+    SeriesStore nimh;
+    append(&nimh, recordings::nimhDischarge(50));
+    SeriesStore lipo;
+    append(&lipo, recordings::lipoCharge(50));
+    const QRect upper = GraphLayout(QSize(1000, 600), 50).area(PlotArea::Upper);
+    const QColor yellow(0xFF, 0xFF, 0x00);
+    GraphPicture picture = pictureOf(nimh);
+    picture.switches.balancer = true;
+    const QImage withoutCells = drawn(picture);
+    QVERIFY(countOf(withoutCells, upper, yellow) > 100);
+    picture.store = &lipo;
+    QCOMPARE(countOf(drawn(picture), upper, yellow), 0);
+    picture.switches.cellSelectMode = 1;
+    const QImage withoutSelection = drawn(picture);
+    QVERIFY(countOf(withoutSelection, upper, yellow) > 100);
+    QVERIFY(withoutSelection.copy(upper) != withoutCells.copy(upper)); // another reason
+}
+
+void TestGraphPainter::staysInItsPlaces_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<int>("view");
+    for (QSize size : {QSize(300, 200), QSize(500, 333), QSize(1400, 900)}) {
+        for (int view = 0; view < 4; ++view)
+            QTest::addRow("%dx%d view %d", size.width(), size.height(), view) << size << view;
+    }
+}
+
+void TestGraphPainter::staysInItsPlaces()
+{
+    QFETCH(QSize, size);
+    QFETCH(int, view);
+    for (bool black : {true, false}) {
+        SeriesStore store;
+        append(&store, recordings::lipoCharge(2000));
+        GraphPicture picture = pictureOf(store, black);
+        picture.size = size;
+        picture.switches.balancer = view >= 2;
+        picture.switches.average = view == 3;
+        picture.switches.deltaMode = view == 0 ? 1 : 2;
+        picture.zoom = {view == 1, 3000, 5000, {0.2, 0.7}, {0.1, 0.2}};
+        QCOMPARE(strayPixels(drawn(picture), black ? Qt::black : Qt::white, view < 2), 0);
+    }
+}
+
+void TestGraphPainter::survivesAnyRecording_data()
+{
+    QTest::addColumn<int>("count");
+    for (int count : {1, 2, 17, 18, 19, 100000})
+        QTest::addRow("%d records", count) << count;
+}
+
+void TestGraphPainter::survivesAnyRecording()
+{
+    QFETCH(int, count);
+    Varnel3Data hostile;
+    hostile.device = Varnel3Data::Varnel3;
+    hostile.mode = Varnel3Data::Charge;
+    hostile.flag5 = 'B';
+    hostile.cellType = 77;
+    hostile.cellCount = 99;
+    hostile.current = -2000000000;
+    hostile.voltage = 2000000000;
+    hostile.temperature = 2000000000;
+    hostile.cells[3].voltage = 1000000000;
+    Varnel3Data equal;
+    equal.device = Varnel3Data::Varnel3;
+    equal.mode = Varnel3Data::Charge;
+    equal.temperature = 200;
+    equal.internalResistance = 40;
+    SeriesStore stores[3];
+    append(&stores[0], recordings::lipoCharge(count));
+    for (int i = 0; i < count; ++i) {
+        equal.setTime(i);
+        stores[1].append(equal);
+        stores[2].append(hostile); // time stands still too
+        hostile.cellCount = -hostile.cellCount;
+    }
+    for (const SeriesStore &store : stores) {
+        for (bool balancer : {true, false}) {
+            GraphPicture picture = pictureOf(store);
+            picture.switches.balancer = balancer;
+            const QImage image = drawn(picture);
+            const QRect lower = GraphLayout(picture.size, count).area(PlotArea::Lower);
+            QVERIFY(countOf(image, lower, QColor(0x00, 0xFF, 0xFF))
+                > (count > 1 && &store != &stores[2] ? 400 : 5));
+            picture.size = QSize(90, 40);
+            drawn(picture);
+        }
+    }
+}
+
+void TestGraphPainter::noFalseFirstStep()
+{
+    // a constant recording is drawn as level lines only
+    SeriesStore store;
+    Varnel3Data record;
+    record.device = Varnel3Data::Varnel3;
+    record.mode = Varnel3Data::Charge;
+    record.temperature = 257;
+    record.internalResistance = 43;
+    record.current = -1500;
+    record.voltage = 7400;
+    for (int i = 0; i < 60; ++i) {
+        record.setTime(i * 5);
+        store.append(record);
+    }
+    const GraphPicture picture = pictureOf(store);
+    const QImage image = drawn(picture);
+    const QRect lower = GraphLayout(picture.size, 60).area(PlotArea::Lower);
+    QCOMPARE(countOf(image, lower, QColor(0x00, 0xFF, 0xFF)), lower.width());
+    QCOMPARE(countOf(image, lower, QColor(255, 0, 0)), lower.width());
+}
+
+void TestGraphPainter::zoomShowsAPart()
+{
+    SeriesStore store;
+    append(&store, recordings::lipoCharge(1000));
+    GraphPicture picture = pictureOf(store);
+    const GraphLayout layout(picture.size, store.size());
+    const QRect upper = layout.area(PlotArea::Upper);
+    const QRect lower = layout.area(PlotArea::Lower);
+    const QColor cyan(0x00, 0xFF, 0xFF);
+    // the current bends at 70 per cent of the time
+    picture.zoom = {true, 3000, 4000, {}, {}};
+    QImage image = drawn(picture);
+    const int level = lower.bottom()
+        - qRound((2.5 - store.series(SeriesStore::Current).minimum())
+            / (2.75 - store.series(SeriesStore::Current).minimum()) * (lower.height() - 1));
+    QCOMPARE(image.pixelColor(lower.left() + 400, level), cyan);
+    QVERIFY(image.pixelColor(lower.right() - 5, level) != cyan);
+    // only the upper plot's values are cut
+    const QImage before = image;
+    picture.zoom.upper = {0.5, 1.0};
+    image = drawn(picture);
+    QCOMPARE(image.copy(lower), before.copy(lower));
+    QVERIFY(image.copy(upper) != before.copy(upper));
+    QVERIFY(image.copy(0, 20, 36, 270) != before.copy(0, 20, 36, 270)); // labels
+}
+
+void TestGraphPainter::noteComesFirst()
+{
+    SeriesStore store;
+    append(&store, recordings::lipoCharge(20));
+    GraphPicture picture = pictureOf(store);
+    const QRect line(0, 0, 1000, 21);
+    const QImage plain = drawn(picture);
+    QCOMPARE(countOf(plain, line, GraphColours(true).note()), 0);
+    picture.note = QStringLiteral("No data since 12:00:00");
+    QVERIFY(countOf(drawn(picture), line, GraphColours(true).note()) > 50);
+    picture.size = QSize(300, 200);
+    QCOMPARE(countOf(drawn(picture), QRect(0, 0, 1, 21), Qt::black), 21); // it fits
+}
+
+void TestGraphPainter::leavesThePainterAsItWas()
+{
+    SeriesStore store;
+    append(&store, recordings::lipoCharge(3000));
+    QImage image(1000, 600, QImage::Format_RGB32);
+    QPainter painter(&image);
+    painter.setPen(Qt::blue);
+    painter.translate(3, 4);
+    GraphPainter().paint(&painter, pictureOf(store));
+    QCOMPARE(painter.pen().color(), QColor(Qt::blue));
+    QVERIFY(!painter.hasClipping());
+    painter.fillRect(-3, -4, 1, 1, Qt::red);
+    QCOMPARE(image.pixelColor(0, 0), QColor(Qt::red));
+}
+
+void TestGraphPainter::informationIsComplete()
+{
+    const QLocale before;
+    QLocale::setDefault(QLocale::C);
+    Varnel3Data record;
+    record.mode = Varnel3Data::Charge;
+    record.cellCount = 6;
+    record.cellType = 5;
+    record.voltage = 24215;
+    record.current = 1500;
+    record.temperature = 253;
+    record.energy = 99999;
+    record.setTime(3725);
+    QCOMPARE(informationText(record),
+        QStringLiteral("Charge  6xLiPo  24.21 V   1.50 A  25.3 \u00b0C  99.999 Ah  01:02:05"));
+    record.energy = 100000;
+    record.temperature = 0;
+    QVERIFY(informationText(record).contains(QStringLiteral("100.00 Ah")));
+    QVERIFY(informationText(record).contains(
+        QStringLiteral("--") + QLocale::system().decimalPoint() + QStringLiteral("- \u00b0C")));
+    QCOMPARE(informationText(record, 2), QStringLiteral("24.21 V   1.50 A"));
+    QLocale::setDefault(before);
+}
+
+QTEST_MAIN(TestGraphPainter)
+#include "tst_graphpainter.moc"
