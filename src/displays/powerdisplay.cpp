@@ -75,6 +75,7 @@ void PowerDisplay::print()
     job.size = size();
     job.paint = [chart = m_chart, area = size()](QPainter &painter) mutable {
         chart.blackGround = false;
+        chart.stale = false;
         chart.paint(painter, area);
     };
     printWithDialog(job, isVisible() ? this : parentWidget());

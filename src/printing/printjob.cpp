@@ -43,8 +43,10 @@ bool isCompletePdf(const QString &fileName)
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
         return false;
+    if (file.isSequential()) // a pipe or a device has swallowed it
+        return true;
     file.seek(qMax(qint64(0), file.size() - tail));
-    return file.readAll().contains("%%EOF");
+    return file.read(tail).contains("%%EOF");
 }
 
 } // namespace
