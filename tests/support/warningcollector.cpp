@@ -7,6 +7,9 @@ QtMessageHandler previous = nullptr;
 
 void collect(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
+    // The offscreen platform's own, of any window with a smallest size.
+    if (text.contains(QLatin1String("propagateSizeHints")))
+        return;
     if (type == QtWarningMsg || type == QtCriticalMsg)
         collected->append(text);
     else if (previous)

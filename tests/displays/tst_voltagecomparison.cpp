@@ -1,0 +1,321 @@
+#include "displays/voltagecomparison.h"
+
+#include "displays/displayscale.h"
+#include "displays/refreshgate.h"
+#include "displays/samplepack.h"
+#include "displays/voltagecanvas.h"
+#include "displays/voltagesource.h"
+#include "resources/resources.h"
+#include "settings/varnelsettings.h"
+#include "settings/viewstate.h"
+#include "support/warningcollector.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <QPointer>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QStandardPaths>
+#include <QTest>
+
+namespace {
+
+class Packs : public VoltageSource {
+public:
+    QVector<PackVoltages> list;
+    mutable int asked = 0;
+
+    QVector<PackVoltages> packs() const override
+    {
+        ++asked;
+        return list;
+    }
+    void toggleCell(int windowNumber, int cell) override
+    {
+        for (PackVoltages &pack : list)
+            if (pack.windowNumber == windowNumber)
+                pack.selected[cell] = !pack.selected[cell];
+    }
+};
+
+PackVoltages pack(int number, const QVector<int> &millivolts, const QVector<int> &selected = {})
+{
+    PackVoltages result = PackVoltages::of(samplePack(millivolts), number);
+    for (const int cell : selected)
+        result.selected[cell] = true;
+    return result;
+}
+
+} // namespace
+
+/// The comparison of cell voltages: its axis, its bars, its modes.
+class TestVoltageComparison : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        initResources();
+        QStandardPaths::setTestModeEnabled(true);
+        QCoreApplication::setOrganizationName(QStringLiteral("varnel-test"));
+        QCoreApplication::setApplicationName(QStringLiteral("voltagecomparison"));
+        VarnelSettings().clear();
+    }
+    void cleanupTestCase() { VarnelSettings().clear(); }
+
+    void axis_data()
+    {
+        QTest::addColumn<int>("lowest");
+        QTest::addColumn<int>("highest");
+        QTest::addColumn<int>("lower");
+        QTest::addColumn<int>("upper");
+        QTest::addColumn<int>("step");
+        QTest::newRow("one voltage") << 4000 << 4000 << 3980 << 4020 << 20;
+        QTest::newRow("a pack") << 3995 << 4071 << 3960 << 4100 << 20;
+        QTest::newRow("two chemistries") << 1200 << 4180 << 0 << 5000 << 1000;
+        QTest::newRow("an empty cell") << 0 << 4180 << 0 << 5000 << 1000;
+        QTest::newRow("below zero") << -50 << 50 << -80 << 80 << 20;
+    }
+
+    void axis()
+    {
+        QFETCH(int, lowest);
+        QFETCH(int, highest);
+        const VoltageAxis axis = VoltageAxis::around(lowest, highest);
+        QTEST(axis.lower, "lower");
+        QTEST(axis.upper, "upper");
+        QTEST(axis.step, "step");
+        QCOMPARE(axis.marks().first(), axis.lower);
+        QCOMPARE(axis.marks().last(), axis.upper);
+        QCOMPARE(axis.y(axis.lower, 300, 100), 300);
+        QCOMPARE(axis.y(axis.upper, 300, 100), 100);
+    }
+
+    void axisOfHostileVoltages()
+    {
+        const VoltageAxis axis = VoltageAxis::around(-2147483647 - 1, 2147483647);
+        QVERIFY(axis.marks().size() < 12);
+        QCOMPARE(axis.y(2147483647, 300, 100), 100);
+    }
+
+    void shownCells_data()
+    {
+        QTest::addColumn<int>("selection");
+        QTest::addColumn<int>("oneCell");
+        QTest::addColumn<QVector<int>>("cells");
+        QTest::newRow("-") << int(VoltageChart::AllButSelected) << -1 << QVector<int>{0, 2};
+        QTest::newRow("S") << int(VoltageChart::All) << -1 << QVector<int>{0, 1, 2, 3};
+        QTest::newRow("+") << int(VoltageChart::OnlySelected) << -1 << QVector<int>{1, 3};
+        QTest::newRow("one cell, whatever is selected")
+            << int(VoltageChart::AllButSelected) << 1 << QVector<int>{1};
+        QTest::newRow("one cell that is not there") << int(VoltageChart::All) << 7 << QVector<int>{};
+    }
+
+    void shownCells()
+    {
+        QFETCH(int, selection);
+        QFETCH(int, oneCell);
+        VoltageChart chart;
+        chart.selection = VoltageChart::Selection(selection);
+        chart.oneCell = oneCell;
+        QTEST(chart.shownCells(pack(1, {4000, 4000, 4000, 4000}, {1, 3})), "cells");
+    }
+
+    void barsStandOnOneAxis()
+    {
+        VoltageChart chart;
+        chart.packs = {pack(1, {4000, 4040, 3960}), pack(2, {4040, 3970}, {1})};
+        const QSize size(640, 360);
+        const QRect high = chart.barRect(0, 1, size, 0);
+        QCOMPARE(chart.barRect(1, 0, size, 0).top(), high.top());
+        // The axis begins at 3940 mV, below the lowest cell: heights go by the distance from there.
+        QVERIFY(qAbs(high.height() * 60 - chart.barRect(0, 0, size, 0).height() * 100) <= 100);
+
+        QImage image(size, QImage::Format_RGB32);
+        image.fill(Qt::black);
+        QPainter painter(&image);
+        chart.paint(painter, size, 0);
+        const auto colourOf = [&](int packIndex, int cell) {
+            return image.pixel(chart.barRect(packIndex, cell, size, 0).center());
+        };
+        QCOMPARE(colourOf(0, 1), qRgb(230, 210, 0)); // highest
+        QCOMPARE(colourOf(0, 2), qRgb(255, 127, 0)); // lowest
+        QCOMPARE(colourOf(0, 0), qRgb(70, 120, 255));
+        const QRect selected = chart.barRect(1, 1, size, 0);
+        QCOMPARE(image.pixel(selected.left(), selected.center().y()), qRgb(255, 255, 255)); // frame
+        QCOMPARE(image.pixel(chart.barRect(1, 0, size, 0).center()), qRgb(230, 210, 0));
+
+        const VoltageChart::CellRef hit = chart.cellAt(selected.center(), size, 0);
+        QCOMPARE(hit.pack, 1);
+        QCOMPARE(hit.cell, 1);
+        QCOMPARE(chart.cellAt({5, 100}, size, 0).pack, -1); // the axis
+    }
+
+    void manyCellsScroll()
+    {
+        VoltageChart chart;
+        for (int i = 1; i <= 12; ++i)
+            chart.packs.append(pack(i, QVector<int>(16, 3700 + i)));
+        const QSize size(640, 360);
+        QVERIFY(chart.contentWidth(640) > 2000);
+        QVERIFY(chart.barRect(0, 0, size, 0).width() >= 8);
+        const QRect last = chart.barRect(11, 15, size, chart.contentWidth(640) - 640);
+        QVERIFY(last.right() < 640 && last.left() > 560);
+        QVERIFY(chart.pageSize().height() > chart.pageSize().width()); // rows, not one long line
+    }
+
+    void windowsWithoutCellsSaySo()
+    {
+        Varnel3Data bare = samplePack({4000, 4000});
+        bare.flag5 = '_';
+        QVERIFY(!PackVoltages::of(bare, 1).hasCellData);
+        QCOMPARE(PackVoltages::of(bare, 1).cellCount, 0);
+        Varnel3Data hostile = samplePack({4000});
+        hostile.cellCount = 99;
+        QCOMPARE(PackVoltages::of(hostile, 1).cellCount, 16);
+
+        VoltageChart chart;
+        chart.packs = {PackVoltages::of(bare, 1)};
+        QImage image(400, 300, QImage::Format_RGB32);
+        image.fill(Qt::black);
+        QPainter painter(&image);
+        chart.paint(painter, image.size(), 0);
+        int white = 0;
+        for (int x = 60; x < 400; ++x)
+            for (int y = 110; y < 170; ++y)
+                white += qGreen(image.pixel(x, y)) > 150;
+        QVERIFY(white > 50);
+    }
+
+    void oneCellByClickAndKey();
+    void selectionButton();
+    void hiddenAsksNothing();
+    void placeIsKept();
+};
+
+void TestVoltageComparison::oneCellByClickAndKey()
+{
+    WarningCollector warnings;
+    Packs source;
+    source.list = {pack(1, {4000, 4010, 4020}), pack(5, {4000, 4010, 4020, 4030})};
+    ViewState state;
+    auto *window = new VoltageComparison;
+    window->setViewState(&state);
+    window->setSource(&source);
+    window->show();
+    auto *canvas = window->findChild<VoltageCanvas *>();
+    const auto oneCell = [canvas] { return canvas->chart().oneCell; };
+    const auto click = [canvas](int packIndex, int cell, Qt::KeyboardModifiers modifiers) {
+        const QRect bar = canvas->chart().barRect(packIndex, cell, canvas->size(), 0);
+        QTest::mouseClick(canvas, Qt::LeftButton, modifiers, bar.center());
+    };
+    QCOMPARE(oneCell(), -1);
+    click(1, 2, Qt::NoModifier);
+    QCOMPARE(oneCell(), 2);
+    QVERIFY(window->findChild<QLabel *>(QStringLiteral("hintLabel"))->text().contains(QLatin1Char('3')));
+    QTest::keyClick(window, Qt::Key_Right);
+    QCOMPARE(oneCell(), 3);
+    QTest::keyClick(window, Qt::Key_Right); // no window has a fifth
+    QCOMPARE(oneCell(), 3);
+    QTest::keyClick(window, Qt::Key_Left);
+    click(0, 2, Qt::NoModifier);
+    QCOMPARE(oneCell(), -1);
+    QTest::keyClick(window, Qt::Key_Space);
+    QCOMPARE(oneCell(), 2);
+    QTest::keyClick(window, Qt::Key_Escape);
+    QCOMPARE(oneCell(), -1);
+
+    click(1, 3, Qt::ControlModifier);
+    QVERIFY(source.list[1].selected[3]);
+    QVERIFY(canvas->chart().packs[1].selected[3]);
+    QCOMPARE(oneCell(), -1);
+
+    // The shell makes a new window when it numbers the graph windows: the choice stays.
+    QTest::keyClick(window, Qt::Key_Return);
+    QPointer<VoltageComparison> old = window;
+    QSignalSpy closed(window, SIGNAL(closed()));
+    window->close();
+    QCOMPARE(closed.count(), 1);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!old);
+    VoltageComparison next;
+    next.setSource(&source);
+    next.show();
+    QCOMPARE(next.findChild<VoltageCanvas *>()->chart().oneCell, 2);
+    QTest::keyClick(&next, Qt::Key_Escape);
+    QCOMPARE(warnings.warnings(), QStringList());
+}
+
+void TestVoltageComparison::selectionButton()
+{
+    Packs source;
+    source.list = {pack(1, {4000, 4010, 4020}, {1})};
+    VoltageComparison window;
+    window.setSource(&source);
+    window.show();
+    auto *button = window.findChild<QPushButton *>(QStringLiteral("selectionButton"));
+    auto *canvas = window.findChild<VoltageCanvas *>();
+    QStringList texts;
+    QList<int> counts;
+    for (int i = 0; i < 4; ++i) {
+        texts.append(button->text());
+        counts.append(canvas->chart().shownCells(source.list[0]).size());
+        button->click();
+    }
+    QCOMPARE(texts,
+        (QStringList{QStringLiteral("S"), QStringLiteral("+"), QStringLiteral("-"), QStringLiteral("S")}));
+    QCOMPARE(counts, (QList<int>{3, 1, 2, 3}));
+    button->click();
+    button->click(); // back to where the other tests start
+}
+
+void TestVoltageComparison::hiddenAsksNothing()
+{
+    Packs source;
+    VoltageComparison window;
+    window.setSource(&source);
+    window.updateVoltage();
+    QCOMPARE(source.asked, 0);
+    source.list = {pack(1, {4000})};
+    window.show();
+    QCOMPARE(source.asked, 1);
+    QCOMPARE(window.findChild<VoltageCanvas *>()->chart().packs.size(), 1);
+    for (int i = 0; i < 50; ++i)
+        window.updateVoltage();
+    QTest::qWait(RefreshGate::interval + 20);
+    QCOMPARE(source.asked, 2);
+
+    for (int i = 2; i <= 12; ++i)
+        source.list.append(pack(i, QVector<int>(16, 4000)));
+    window.updateVoltage();
+    QTest::qWait(RefreshGate::interval + 20);
+    auto *bar = window.findChild<QScrollBar *>();
+    QVERIFY(bar->isVisible() && bar->maximum() > 0);
+    QTest::keyClick(&window, Qt::Key_PageDown);
+    QVERIFY(bar->value() > 0);
+}
+
+void TestVoltageComparison::placeIsKept()
+{
+    auto *window = new VoltageComparison;
+    QCOMPARE(window->size(), QSize(scaled(640), scaled(360)));
+    window->show();
+    window->resize(scaled(700), scaled(410));
+    window->move(33, 44);
+    window->close();
+    QCOMPARE(
+        VarnelSettings().value(QStringLiteral("voltagecomp/size")).toSize(), QSize(scaled(700), scaled(410)));
+    QCOMPARE(VarnelSettings().value(QStringLiteral("voltagecomp/pos")).toPoint(), QPoint(33, 44));
+    VoltageComparison next;
+    QCOMPARE(next.size(), QSize(scaled(700), scaled(410)));
+    QCOMPARE(next.pos(), QPoint(33, 44));
+
+    VarnelSettings().setValue(
+        QStringLiteral("voltagecomp/pos"), QPoint(30000, 30000)); // a screen that is gone
+    VoltageComparison found;
+    QVERIFY(found.pos().x() < 2000);
+}
+
+QTEST_MAIN(TestVoltageComparison)
+#include "tst_voltagecomparison.moc"
