@@ -140,6 +140,8 @@ void MainWindow::connectParts()
     connect(displays, SIGNAL(powerClosed()), switches, SLOT(powerClosed()));
     connect(ports, SIGNAL(changed()), this, SLOT(refreshHint()));
     connect(ports, SIGNAL(changed()), remoteControls, SLOT(refresh()));
+    // Queued: a new window is current before its reader is attached.
+    connect(graphs, SIGNAL(currentChanged()), remoteControls, SLOT(refresh()), Qt::QueuedConnection);
     connect(toolsMenu, SIGNAL(aboutToShow()), remoteControls, SLOT(refresh()));
     connect(commands, SIGNAL(waitBegun()), endNotice, SLOT(hold()));
     connect(commands, SIGNAL(waitEnded()), endNotice, SLOT(release()));

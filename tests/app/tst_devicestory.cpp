@@ -1,0 +1,263 @@
+#include "app/actionset.h"
+#include "app/listenedports.h"
+#include "app/mainwindow.h"
+#include "dialogs/dialogremotecontrol.h"
+#include "graph/mdigraphchild.h"
+#include "resources/resources.h"
+#include "settings/varnelsettings.h"
+#include "simulator/rack.h"
+#include "support/shellfixture.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QTimer>
+#include <QtTest>
+
+/// The whole program and simulated devices: what a person does in an evening, a hundred times as fast.
+class TestDeviceStory : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() { initResources(); }
+    void init();
+    void cleanup();
+    void remoteControlRunsAProcess();
+    void processEndsInAnyWay_data();
+    void processEndsInAnyWay();
+    void nextProcessTakesTheBoxAway();
+    void threeEndsLeaveOneBox();
+    void minimisedProgramComesBack();
+    void remoteControlIsForOneDevice();
+    void clocksAreSet();
+
+private:
+    void start(const QStringList &devices);
+    sim::SimDevice *device(const char *port) const { return rack->device(QLatin1String(port)); }
+    QAction *remoteAction() const
+    {
+        return window->findChild<QAction *>(QStringLiteral("remoteControlAction"));
+    }
+    QMessageBox *box() const { return qobject_cast<QMessageBox *>(QApplication::activeModalWidget()); }
+    /// Closes the box titled `title` once it is there.
+    void closeBoxLater(const QString &title);
+
+    std::unique_ptr<ShellFixture> fixture;
+    std::unique_ptr<sim::Rack> rack;
+    std::unique_ptr<MainWindow> window;
+    QStringList told; // by devices: what they were sent
+    QStringList closed; // titles of the boxes that were closed
+};
+
+void TestDeviceStory::init()
+{
+    fixture = std::make_unique<ShellFixture>();
+    sim::RunSettings run;
+    run.folder = fixture->portFolder();
+    run.speed = 120;
+    rack = std::make_unique<sim::Rack>(run);
+    told.clear();
+    closed.clear();
+    connect(rack.get(), &sim::Rack::happened, this, [this](const QString &text) { told.append(text); });
+}
+
+void TestDeviceStory::cleanup()
+{
+    if (window)
+        window->close();
+    window.reset();
+    rack.reset();
+    fixture.reset();
+}
+
+void TestDeviceStory::start(const QStringList &devices)
+{
+    QStringList ports;
+    for (const QString &description : devices) {
+        QString error;
+        QVERIFY2(rack->add(description, &error), qPrintable(error));
+        ports.append(description.section(QLatin1Char(':'), 0, 0));
+    }
+    VarnelSettings().setPorts(ports);
+    window = std::make_unique<MainWindow>();
+    window->show();
+    QTRY_COMPARE(window->listenedPorts().readers().size(), devices.size());
+}
+
+// A box waits for the user in an event loop of its own: what is to happen then must have been set going before. Nobody
+// is quicker than half a second, in which a device may say several times that it has ended.
+void TestDeviceStory::closeBoxLater(const QString &title)
+{
+    auto *timer = new QTimer(window.get());
+    connect(timer, &QTimer::timeout, this, [this, timer, title] {
+        if (!box() || box()->windowTitle() != title)
+            return;
+        if (timer->interval() == 20)
+            return timer->start(500);
+        timer->deleteLater();
+        closed.append(title);
+        box()->close();
+    });
+    timer->start(20);
+}
+
+void TestDeviceStory::remoteControlRunsAProcess()
+{
+    start({QStringLiteral("COM1:varnel3,cells=4,balance,start=remote,detect=1")});
+    remoteAction()->trigger();
+    QPointer<DialogRemoteControl> dialog = window->findChild<DialogRemoteControl *>();
+    QVERIFY(dialog);
+    QVERIFY(!dialog->isModal());
+    auto *pages = dialog->findChild<QStackedWidget *>(QStringLiteral("pages"));
+    QTRY_COMPARE(pages->currentIndex(), 0);
+    dialog->findChild<QComboBox *>(QStringLiteral("cbTryb0_nc"))->setCurrentIndex(6);
+    QTRY_COMPARE(device("COM1")->panel().memory(), 7);
+    QTRY_COMPARE(pages->currentIndex(), 2);
+    auto *cells = dialog->findChild<QComboBox *>(QStringLiteral("cbTryb2_nr"));
+    QTRY_COMPARE(cells->currentIndex(), 3);
+    cells->setCurrentIndex(5);
+    QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("pbTryb2_start")), Qt::LeftButton);
+    QTRY_COMPARE(pages->currentIndex(), 3);
+    QTRY_VERIFY(window->activeMdiChild() && window->activeMdiChild()->store().size() > 100);
+    closeBoxLater(QStringLiteral("Aborted"));
+    QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("pbTryb3_stop")), Qt::LeftButton);
+    QTRY_COMPARE(closed, QStringList(QStringLiteral("Aborted")));
+    QCOMPARE(pages->currentIndex(), 4);
+    remoteAction()->trigger(); // the same dialog, which asks anew
+    QCOMPARE(window->findChildren<DialogRemoteControl *>().size(), 1);
+    closeBoxLater(QStringLiteral("Information"));
+    device("COM1")->unplug();
+    QTRY_VERIFY_WITH_TIMEOUT(closed.contains(QStringLiteral("Information")), 8000);
+    QTRY_VERIFY(!dialog);
+    QVERIFY(!remoteAction()->isEnabled());
+    QVERIFY(!remoteAction()->toolTip().isEmpty());
+}
+
+void TestDeviceStory::processEndsInAnyWay_data()
+{
+    QTest::addColumn<char>("letter");
+    QTest::addColumn<QString>("title");
+    QTest::newRow("completed") << 'E' << "End";
+    QTest::newRow("stopped at the device") << 'M' << "Aborted";
+    QTest::newRow("pack taken off") << 'S' << "Error";
+}
+
+void TestDeviceStory::processEndsInAnyWay()
+{
+    QFETCH(char, letter);
+    QFETCH(QString, title);
+    start({QStringLiteral("COM1:varnel3,start=open,endlines=3")});
+    QTRY_VERIFY(window->activeMdiChild() && window->activeMdiChild()->store().size() > 20);
+    closeBoxLater(title);
+    if (letter == 'S')
+        device("COM1")->disconnectPack();
+    else
+        device("COM1")->endProcess(letter);
+    QTRY_COMPARE(closed, QStringList(title));
+    QTRY_VERIFY(told.contains(QStringLiteral("COM1 told #STOP"))); // the buzzer falls silent
+    QTest::qWait(700);
+    QCOMPARE(told.count(QStringLiteral("COM1 told #STOP")), 1);
+    QVERIFY(!box());
+}
+
+void TestDeviceStory::nextProcessTakesTheBoxAway()
+{
+    start({QStringLiteral("COM1:varnel3,start=open,processes=0,pause=3")});
+    QTRY_VERIFY(window->activeMdiChild() && window->activeMdiChild()->store().size() > 20);
+    bool seen = false;
+    int recordsUnderBox = 0;
+    QTimer watch;
+    connect(&watch, &QTimer::timeout, this, [&] {
+        seen = seen || box();
+        if (!box() && seen && window->mdiChildren().size() == 2)
+            recordsUnderBox = window->mdiChildren().last()->store().size();
+    });
+    watch.start(10);
+    device("COM1")->endProcess('E');
+    QTRY_COMPARE(window->mdiChildren().size(), 2);
+    QTRY_VERIFY(recordsUnderBox > 10);
+    QVERIFY(seen);
+    QVERIFY(!box());
+    QVERIFY(!told.contains(QStringLiteral("COM1 told #STOP")));
+}
+
+void TestDeviceStory::threeEndsLeaveOneBox()
+{
+    start({QStringLiteral("COM1:varnel3,start=open"), QStringLiteral("COM2:varnel3,start=open"),
+        QStringLiteral("COM3:varnel3,start=open")});
+    QTRY_COMPARE(window->mdiChildren().size(), 3);
+    int most = 0;
+    QTimer watch;
+    connect(&watch, &QTimer::timeout, this, [&] {
+        int boxes = 0;
+        for (const QMessageBox *open : window->findChildren<QMessageBox *>())
+            boxes += open->isVisible();
+        most = qMax(most, boxes);
+    });
+    watch.start(10);
+    QTimer::singleShot(1500, this, [this] {
+        closed.append(box() ? box()->windowTitle() : QString());
+        box()->close();
+    });
+    device("COM1")->endProcess('M');
+    device("COM2")->endProcess('E');
+    device("COM3")->endProcess('S');
+    QTRY_COMPARE(closed.size(), 1);
+    QTest::qWait(100);
+    QCOMPARE(most, 1);
+    QVERIFY(!box());
+    QVERIFY(told.filter(QStringLiteral("#STOP")).isEmpty()); // which of the three?
+}
+
+void TestDeviceStory::minimisedProgramComesBack()
+{
+    start({QStringLiteral("COM1:varnel3,start=open")});
+    QTRY_VERIFY(window->activeMdiChild());
+    window->showMaximized();
+    window->setWindowState(window->windowState() | Qt::WindowMinimized);
+    closeBoxLater(QStringLiteral("End"));
+    device("COM1")->endProcess('E');
+    QTRY_COMPARE(closed.size(), 1);
+    QCOMPARE(window->windowState() & (Qt::WindowMinimized | Qt::WindowMaximized), Qt::WindowMaximized);
+}
+
+void TestDeviceStory::remoteControlIsForOneDevice()
+{
+    start({QStringLiteral("COM1:varnel3,start=remote"), QStringLiteral("COM2:varnel3,start=remote")});
+    QVERIFY(!remoteAction()->isEnabled());
+    QVERIFY(remoteAction()->toolTip().contains(QStringLiteral("Several")));
+    device("COM2")->startProcess();
+    QTRY_VERIFY(window->activeMdiChild() && window->activeMdiChild()->isLive());
+    QTRY_VERIFY(remoteAction()->isEnabled());
+    remoteAction()->trigger();
+    auto *pages
+        = window->findChild<DialogRemoteControl *>()->findChild<QStackedWidget *>(QStringLiteral("pages"));
+    QTest::qWait(200);
+    QCOMPARE(pages->currentIndex(), 3);
+    QVERIFY(!window->findChild<QMessageBox *>());
+    window->actionSet()[ActionId::StopProcess]->trigger();
+    QTRY_VERIFY(told.contains(QStringLiteral("COM2 told #STOP")));
+    QVERIFY(!told.contains(QStringLiteral("COM1 told #STOP")));
+    closeBoxLater(QStringLiteral("Aborted"));
+    QTRY_COMPARE(closed.size(), 1);
+}
+
+void TestDeviceStory::clocksAreSet()
+{
+    start({QStringLiteral("COM1:varnel3,start=remote"), QStringLiteral("COM2:varnel3,start=open")});
+    QTRY_VERIFY(window->activeMdiChild());
+    window->actionSet()[ActionId::SetTime]->trigger();
+    QTRY_COMPARE(device("COM2")->panel().beeps(), 1);
+    QCOMPARE(device("COM1")->panel().beeps(), 0);
+    window->activeMdiChild()->parentWidget()->close();
+    QTRY_VERIFY(!window->activeMdiChild());
+    window->actionSet()[ActionId::SetTime]->trigger();
+    QTRY_COMPARE(device("COM2")->panel().beeps(), 2);
+    QCOMPARE(device("COM1")->panel().beeps(), 1);
+    QCOMPARE(device("COM1")->panel().clock().size(), 17);
+}
+
+QTEST_MAIN(TestDeviceStory)
+#include "tst_devicestory.moc"
