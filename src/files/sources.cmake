@@ -1,8 +1,8 @@
 # How bytes get onto the disk is the system's own; the rest is common.
 if(WIN32)
-    set(files_system files/filesync_win.cpp)
+    set(files_system files/filesync_win.cpp files/journalfile_win.cpp)
 else()
-    set(files_system files/filesync_unix.cpp)
+    set(files_system files/filesync_unix.cpp files/journalfile_unix.cpp)
 endif()
 target_sources(varnel_core PRIVATE
     files/filesync.h
@@ -16,6 +16,12 @@ target_sources(varnel_core PRIVATE
     files/datafileloader.cpp files/datafileloader.h
     files/datafilewriter.cpp files/datafilewriter.h
     files/recordlabel.cpp files/recordlabel.h
+    files/journalfile.h
+    files/disksyncer.cpp files/disksyncer.h
+    files/journalnotices.h
+    files/journalfolder.cpp files/journalfolder.h
+    files/recordingjournal.cpp files/recordingjournal.h
+    files/journalkeeper.cpp files/journalkeeper.h
     files/wholefile.cpp files/wholefile.h
 )
 target_sources(varnel_gui PRIVATE

@@ -1,0 +1,93 @@
+#include "files/disksyncer.h"
+
+#include "files/filesync.h"
+#include "files/journalfile.h"
+
+#include <algorithm>
+#include <chrono>
+
+namespace {
+
+constexpr std::chrono::seconds period(1);
+
+} // namespace
+
+DiskSyncer::~DiskSyncer()
+{
+    if (!m_thread.joinable())
+        return;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_stopping = true;
+    }
+    m_wake.notify_one();
+    m_thread.join();
+}
+
+void DiskSyncer::mark(int descriptor)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    entryFor(descriptor).dirty = true;
+}
+
+void DiskSyncer::finish(int descriptor)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    Entry &entry = entryFor(descriptor);
+    entry.dirty = true;
+    entry.finishing = true;
+}
+
+bool DiskSyncer::takeFailure(int descriptor)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    Entry &entry = entryFor(descriptor);
+    const bool failed = entry.failed;
+    entry.failed = false;
+    return failed;
+}
+
+// A descriptor that is being finished still belongs to the old file, so that no number stands here twice.
+DiskSyncer::Entry &DiskSyncer::entryFor(int descriptor)
+{
+    const auto known = std::find_if(m_entries.begin(), m_entries.end(),
+        [descriptor](const Entry &entry) { return entry.descriptor == descriptor; });
+    if (known != m_entries.end())
+        return *known;
+    m_entries.push_back({descriptor, false, false, false});
+    if (!m_thread.joinable())
+        m_thread = std::thread([this] { run(); });
+    return m_entries.back();
+}
+
+void DiskSyncer::run()
+{
+    std::unique_lock<std::mutex> lock(m_mutex);
+    while (!m_stopping) {
+        m_wake.wait_for(lock, period, [this] { return m_stopping; });
+        syncRound(lock);
+    }
+}
+
+// The disk is waited for without the mutex. Only this thread closes and removes, so that indexes stay valid; a file
+// that is written meanwhile is marked anew.
+void DiskSyncer::syncRound(std::unique_lock<std::mutex> &lock)
+{
+    for (size_t i = 0; i < m_entries.size();) {
+        const Entry entry = m_entries[i];
+        m_entries[i].dirty = false;
+        bool synced = true;
+        if (entry.dirty) {
+            lock.unlock();
+            synced = syncToDisk(entry.descriptor);
+            lock.lock();
+        }
+        m_entries[i].failed |= !synced;
+        if (!entry.finishing) {
+            ++i;
+            continue;
+        }
+        closeFile(entry.descriptor);
+        m_entries.erase(m_entries.begin() + std::ptrdiff_t(i));
+    }
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+/// Brings what was written to some files to the disk once a second, in a thread of its own, which touches nothing but
+/// their descriptors. Files are registered, marked and handed over from one other thread.
+class DiskSyncer {
+public:
+    DiskSyncer() = default;
+    /// Brings everything to the disk and waits for it.
+    ~DiskSyncer();
+    DiskSyncer(const DiskSyncer &) = delete;
+    DiskSyncer &operator=(const DiskSyncer &) = delete;
+
+    /// `descriptor` was written to; it is synced within a second.
+    void mark(int descriptor);
+    /// Syncs `descriptor` a last time and closes it; the caller must not use it any more.
+    void finish(int descriptor);
+    /// Whether a sync of `descriptor` has failed since the last call.
+    bool takeFailure(int descriptor);
+
+private:
+    struct Entry {
+        int descriptor;
+        bool dirty;
+        bool finishing;
+        bool failed;
+    };
+
+    Entry &entryFor(int descriptor);
+    void run();
+    void syncRound(std::unique_lock<std::mutex> &lock);
+
+    std::mutex m_mutex;
+    std::condition_variable m_wake;
+    std::vector<Entry> m_entries; // guarded by the mutex
+    bool m_stopping = false; // guarded by the mutex
+    std::thread m_thread; // started with the first file
+};

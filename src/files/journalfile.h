@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+
+// A journal's file as the system sees it: locked against removal while a program writes it. The lock goes with the
+// program, however it ends.
+
+struct CreatedFile {
+    int descriptor = -1; ///< for appending; -1 when it could not be created
+    bool exists = false; ///< the name is taken
+    QString reason; ///< the system's words when it could not
+};
+
+/// Creates `fileName`, which must not exist, and locks it.
+CreatedFile createJournalFile(const QString &fileName);
+/// Appends up to `length` bytes at once and returns how many were taken; -1 on failure.
+int appendBytes(int descriptor, const char *bytes, int length);
+/// Cuts the file to `size` bytes.
+bool cutFile(int descriptor, qint64 size);
+void closeFile(int descriptor);
+/// Some program, this one included, is writing `fileName`.
+bool isBeingWritten(const QString &fileName);
+/// Removes `fileName` unless some program is writing it.
+bool removeUnlessWritten(const QString &fileName);

@@ -1,0 +1,118 @@
+#include "files/journalfolder.h"
+
+#include "files/journalfile.h"
+#include "files/linesource.h"
+#include "files/linetrimming.h"
+
+#include "data/varnel3data.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace {
+
+constexpr int leastRecords = 2;
+constexpr int largestEmpty = 4096; // bytes; what is larger holds records
+
+// Anything but letters, digits and dashes would be at odds with some file system.
+QString harmless(const QString &portName)
+{
+    QString name = portName;
+    for (QChar &c : name) {
+        if (c.unicode() > 0x7f || (!c.isLetterOrNumber() && c != QLatin1Char('-')))
+            c = QLatin1Char('_');
+    }
+    return name;
+}
+
+QFileInfoList journals(const QString &path)
+{
+    const QStringList pattern{
+        QStringLiteral("[0-9][0-9][0-9][0-9]-[0-9][0-9]-[0-9][0-9]_[0-9][0-9]-[0-9][0-9]-"
+                       "[0-9][0-9]_*.acp")};
+    // The names sort by time; an equal time is told apart by the rest of the name.
+    return QDir(path).entryInfoList(pattern, QDir::Files | QDir::NoSymLinks, QDir::Name | QDir::Reversed);
+}
+
+} // namespace
+
+JournalFolder::JournalFolder(const QString &path)
+    : m_path(path)
+{
+}
+
+QString JournalFolder::defaultPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation)
+        + QStringLiteral("/recordings");
+}
+
+QString JournalFolder::fileName(const QDateTime &time, const QString &portName, int attempt) const
+{
+    const QDate day = time.date();
+    const QTime clock = time.time();
+    const QString stamp = QString::asprintf("%04d-%02d-%02d_%02d-%02d-%02d_", day.year(), day.month(),
+        day.day(), clock.hour(), clock.minute(), clock.second());
+    const QString number = attempt > 1 ? QLatin1Char('_') + QString::number(attempt) : QString();
+    return m_path + QLatin1Char('/') + stamp + harmless(portName) + number + QStringLiteral(".acp");
+}
+
+QStringList JournalFolder::files() const
+{
+    QStringList names;
+    for (const QFileInfo &info : journals(m_path))
+        names += info.filePath();
+    return names;
+}
+
+qint64 JournalFolder::totalSize() const
+{
+    qint64 size = 0;
+    for (const QFileInfo &info : journals(m_path))
+        size += info.size();
+    return size;
+}
+
+int JournalFolder::removeEmpty() const
+{
+    int removed = 0;
+    for (const QFileInfo &info : journals(m_path)) {
+        if (!isBeingWritten(info.filePath()) && !isWorthKeeping(info.filePath()))
+            removed += removeUnlessWritten(info.filePath());
+    }
+    return removed;
+}
+
+int JournalFolder::removeOlderThan(int days, const QDateTime &now) const
+{
+    if (days < 1)
+        return 0;
+    int removed = 0;
+    for (const QFileInfo &info : journals(m_path)) {
+        if (info.lastModified().daysTo(now) > days)
+            removed += removeUnlessWritten(info.filePath());
+    }
+    return removed;
+}
+
+// What can't be read is not known to be empty, and stays.
+bool JournalFolder::isWorthKeeping(const QString &fileName)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || file.size() > largestEmpty)
+        return true;
+    LineSource lines(file, largestEmpty + 1);
+    QLatin1String line;
+    for (int records = 0;;) {
+        const LineSource::Found found = lines.next(&line);
+        if (found == LineSource::Found::Error)
+            return true;
+        if (found == LineSource::Found::End)
+            return false;
+        if (found == LineSource::Found::Line && Varnel3Data().parseLine(trimmedLine(line))
+            && ++records == leastRecords)
+            return true;
+    }
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QDateTime>
+#include <QStringList>
+
+/// The folder that holds the journals of recordings. Files in it that are not named as a journal are never touched,
+/// nor are those that a running program writes.
+class JournalFolder {
+public:
+    /// `path` is made when the first journal is.
+    explicit JournalFolder(const QString &path);
+
+    /// Where the user's journals lie unless told otherwise.
+    static QString defaultPath();
+
+    QString path() const { return m_path; }
+    /// Name with its folder for a recording that starts at `time` on `portName`, for example
+    /// ".../2026-11-21_06-40-50_COM3.acp"; from `attempt` 2 on with the attempt's number, for names that are taken.
+    QString fileName(const QDateTime &time, const QString &portName, int attempt) const;
+    /// The journals, newest first, with their folder.
+    QStringList files() const;
+    /// Bytes that the journals take.
+    qint64 totalSize() const;
+    /// Removes journals with fewer than two records. Returns how many.
+    int removeEmpty() const;
+    /// Removes journals that were last written more than `days` ago; none when `days` is below 1. Returns how many.
+    int removeOlderThan(int days, const QDateTime &now = QDateTime::currentDateTime()) const;
+    /// Whether `fileName` holds at least two records.
+    static bool isWorthKeeping(const QString &fileName);
+
+private:
+    QString m_path;
+};

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "files/disksyncer.h"
+#include "files/journalfolder.h"
+#include "files/journalnotices.h"
+
+#include <QMap>
+#include <QObject>
+
+#include <memory>
+
+class RecordingLog;
+
+/// Keeps a journal of every live recording: makes their files, tidies the folder, and tells at once what several of
+/// them have to tell. Outlives the logs that it gives out.
+class JournalKeeper : public QObject, private JournalNotices {
+    Q_OBJECT
+
+public:
+    /// Past this many bytes the user is told of the folder.
+    static constexpr qint64 largeFolder = Q_INT64_C(1) << 30;
+
+    /// Journals lie in `path`.
+    explicit JournalKeeper(const QString &path, QObject *parent = nullptr);
+    ~JournalKeeper() override;
+
+    /// A journal for a recording that starts now on `portName`; its file is made at once where the disk allows.
+    std::unique_ptr<RecordingLog> create(const QString &portName);
+    /// File of the newest recording of `portName` in this run of the program; empty without one.
+    QString currentFile(const QString &portName) const { return m_files.value(portName); }
+    const JournalFolder &folder() const { return m_folder; }
+    /// Removes journals of fewer than two records, and those last written more than `maxAgeDays` ago (below 1: none).
+    void tidy(int maxAgeDays);
+
+signals:
+    /// The disk takes no more. Said once until resumed(), however many recordings it concerns.
+    void stalled(const QString &reason);
+    void resumed();
+    /// The journals take more than largeFolder. Said once.
+    void folderLarge(const QString &path, qint64 bytes);
+
+private:
+    void journalStalled(const QString &fileName, const QString &reason) override;
+    void journalResumed(const QString &fileName) override;
+    void lookAtSize();
+
+    JournalFolder m_folder;
+    DiskSyncer m_syncer;
+    QMap<QString, QString> m_files; // by port
+    int m_stalled = 0; // journals that wait for the disk
+    bool m_largeTold = false;
+};

@@ -1,0 +1,14 @@
+#pragma once
+
+class QString;
+
+/// What the journal of a recording has to tell.
+class JournalNotices {
+public:
+    virtual ~JournalNotices() = default;
+
+    /// The disk does not take what arrives; it is kept in memory and tried again. Said once until it does.
+    virtual void journalStalled(const QString &fileName, const QString &reason) = 0;
+    /// All that was kept back is written, or the recording is over.
+    virtual void journalResumed(const QString &fileName) = 0;
+};
