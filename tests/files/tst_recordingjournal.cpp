@@ -1,0 +1,267 @@
+#include "files/datafileloader.h"
+#include "files/journalkeeper.h"
+
+#include "link/recordinglog.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <csignal>
+#include <cstdio>
+#include <sys/resource.h>
+
+namespace {
+
+const QString port = QStringLiteral("COM7");
+
+QString chargerLine(int time, char mode = 'C')
+{
+    return QStringLiteral("#06") + QLatin1Char(mode) + QStringLiteral("05%____0,")
+        + QString::number(time).rightJustified(5, QLatin1Char('0'))
+        + QStringLiteral(",25200,02000,025,01234,00045") + QStringLiteral(",4100,1").repeated(7)
+        + QStringLiteral(",0000,0").repeated(9);
+}
+
+const QString balancerLine
+    = QStringLiteral("#t0306D4000,1,4001,2,4002,3,4003,4") + QStringLiteral(",0000,0").repeated(8);
+const QString plusLine = QStringLiteral("#D0606 00123,25200,-2000,025,01234");
+const QString resistances = QStringLiteral("!1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16");
+
+QByteArray contents(const QString &name)
+{
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+}
+
+RecordList loaded(const QString &name)
+{
+    DataFileLoader loader(name);
+    loader.readAll();
+    return loader.takeRecords();
+}
+
+void addLine(RecordingLog &log, const QString &line, Varnel3Data *record)
+{
+    if (record->parseLine(line))
+        log.addRecord(line, *record);
+}
+
+// Run as the process that is killed: writes at full speed and says after each record how many there are.
+int writeUntilKilled(const char *folder)
+{
+    JournalKeeper keeper(QString::fromLocal8Bit(folder));
+    const std::unique_ptr<RecordingLog> log = keeper.create(port);
+    Varnel3Data record;
+    for (int i = 0;; ++i) {
+        addLine(*log, chargerLine(i), &record);
+        std::printf("%d\n", i + 1);
+        std::fflush(stdout);
+    }
+}
+
+class FileSizeLimit {
+public:
+    explicit FileSizeLimit(rlim_t bytes)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        ::getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit small{bytes, m_before.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~FileSizeLimit() { ::setrlimit(RLIMIT_FSIZE, &m_before); }
+
+private:
+    rlimit m_before{};
+};
+
+} // namespace
+
+/// The journal keeps every line through crashes and full disks.
+class TestRecordingJournal : public QObject {
+    Q_OBJECT
+
+private slots:
+    void keepsLinesAsTheyCame();
+    void writesWhatTheLineAloneDoesNotSay();
+    void balancerGetsAClock();
+    void emptyRecordingLeavesNothing();
+    void recordingsDoNotMeet();
+    void fullDiskIsToldOnceAndCaughtUp();
+    void folderThatCanNotBeMade();
+    void survivesKill();
+};
+
+void TestRecordingJournal::keepsLinesAsTheyCame()
+{
+    QTemporaryDir folder;
+    JournalKeeper keeper(folder.filePath(QStringLiteral("new/recordings")));
+    std::unique_ptr<RecordingLog> log = keeper.create(port);
+    Varnel3Data record;
+    addLine(*log, chargerLine(0, 'T'), &record); // a mode that record lines have no letter for
+    log->addResistanceLine(resistances);
+    record = {};
+    addLine(*log, plusLine, &record);
+    const QByteArray expected
+        = (chargerLine(0, 'T') + '\n' + resistances + '\n' + plusLine + '\n').toLatin1();
+    QCOMPARE(contents(keeper.currentFile(port)), expected); // with the system before the next event
+    log.reset();
+    const RecordList records = loaded(keeper.currentFile(port));
+    QCOMPARE(records.size(), 2);
+    QCOMPARE(records[0].mode, int(Varnel3Data::Test));
+    QCOMPARE(records[0].cells[15].resistance, 1.6);
+    QCOMPARE(records[1].device, int(Varnel3Data::Varnel2Plus));
+}
+
+// Fields that a dialect does not send carry over in the reader's record.
+void TestRecordingJournal::writesWhatTheLineAloneDoesNotSay()
+{
+    QTemporaryDir folder;
+    JournalKeeper keeper(folder.path());
+    const std::unique_ptr<RecordingLog> log = keeper.create(port);
+    Varnel3Data record;
+    record.internalResistance = 77;
+    addLine(*log, plusLine, &record);
+    addLine(*log, plusLine, &record);
+    QCOMPARE(contents(keeper.currentFile(port)), (record.toRecordLine() + '\n').repeated(2).toLatin1());
+    QCOMPARE(loaded(keeper.currentFile(port)).last().internalResistance, 77);
+}
+
+void TestRecordingJournal::balancerGetsAClock()
+{
+    QTemporaryDir folder;
+    JournalKeeper keeper(folder.path());
+    const std::unique_ptr<RecordingLog> log = keeper.create(port);
+    Varnel3Data record;
+    for (int i = 0; i < 3; ++i)
+        addLine(*log, balancerLine, &record);
+    const RecordList records = loaded(keeper.currentFile(port));
+    QCOMPARE(records.size(), 3);
+    QCOMPARE(records[2].time, 10);
+    QCOMPARE(records[2].cells[2].voltage, 4002);
+    QCOMPARE(records[2].mode, int(Varnel3Data::Balancing));
+}
+
+void TestRecordingJournal::emptyRecordingLeavesNothing()
+{
+    QTemporaryDir folder;
+    JournalKeeper keeper(folder.path());
+    for (int records = 0; records < 3; ++records) {
+        std::unique_ptr<RecordingLog> log = keeper.create(port);
+        Varnel3Data record;
+        for (int i = 0; i < records; ++i)
+            addLine(*log, chargerLine(i), &record);
+        QVERIFY(QFile::exists(keeper.currentFile(port)));
+        log.reset();
+        QCOMPARE(QFile::exists(keeper.currentFile(port)), records >= 2);
+    }
+}
+
+void TestRecordingJournal::recordingsDoNotMeet()
+{
+    QTemporaryDir folder;
+    JournalKeeper keeper(folder.path());
+    JournalKeeper otherProgram(folder.path());
+    QStringList names;
+    std::vector<std::unique_ptr<RecordingLog>> logs;
+    for (JournalKeeper *each : {&keeper, &otherProgram, &keeper}) {
+        logs.push_back(each->create(port));
+        names += each->currentFile(port);
+    }
+    otherProgram.tidy(1); // all three are empty, and all three are being written
+    names.removeDuplicates();
+    QCOMPARE(names.size(), 3);
+    QCOMPARE(keeper.folder().files().size(), 3);
+}
+
+void TestRecordingJournal::fullDiskIsToldOnceAndCaughtUp()
+{
+    QTemporaryDir folder;
+    JournalKeeper keeper(folder.path());
+    QSignalSpy stalled(&keeper, SIGNAL(stalled(QString)));
+    QSignalSpy resumed(&keeper, SIGNAL(resumed()));
+    const std::unique_ptr<RecordingLog> log = keeper.create(port);
+    const std::unique_ptr<RecordingLog> other = keeper.create(QStringLiteral("COM8"));
+    const QString name = keeper.currentFile(port);
+    Varnel3Data record;
+    int sent = 0;
+    {
+        const FileSizeLimit limit(1000); // in the middle of a line
+        for (; sent < 50; ++sent) {
+            addLine(*log, chargerLine(sent), &record);
+            addLine(*other, chargerLine(sent), &record);
+        }
+        QVERIFY(contents(name).endsWith('\n'));
+        QCOMPARE(loaded(name).size(), 1000 / (chargerLine(0).size() + 1));
+    }
+    QCOMPARE(stalled.size(), 1);
+    QVERIFY(!stalled.first().first().toString().isEmpty());
+    QCOMPARE(resumed.size(), 0);
+    QTest::qSleep(1100); // the next try
+    addLine(*log, chargerLine(sent), &record);
+    QCOMPARE(resumed.size(), 0); // the other one still waits
+    addLine(*other, chargerLine(sent), &record);
+    QCOMPARE(resumed.size(), 1);
+    const RecordList records = loaded(name);
+    QCOMPARE(records.size(), sent + 1);
+    for (int i = 0; i < records.size(); ++i)
+        QCOMPARE(records[i].time, i);
+}
+
+void TestRecordingJournal::folderThatCanNotBeMade()
+{
+    QTemporaryDir folder;
+    QFile inTheWay(folder.filePath(QStringLiteral("recordings")));
+    QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+    JournalKeeper keeper(inTheWay.fileName());
+    QSignalSpy stalled(&keeper, SIGNAL(stalled(QString)));
+    QSignalSpy resumed(&keeper, SIGNAL(resumed()));
+    std::unique_ptr<RecordingLog> log = keeper.create(port);
+    Varnel3Data record;
+    addLine(*log, chargerLine(0), &record);
+    addLine(*log, chargerLine(1), &record);
+    QCOMPARE(stalled.size(), 1);
+    QVERIFY(inTheWay.remove());
+    log.reset(); // the last try
+    QCOMPARE(resumed.size(), 1);
+    QCOMPARE(loaded(keeper.currentFile(port)).size(), 2);
+}
+
+void TestRecordingJournal::survivesKill()
+{
+    QTemporaryDir folder;
+    QRandomGenerator random(4);
+    int kept = 0;
+    for (int round = 0; round < 10; ++round) {
+        QProcess child;
+        child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--write"), folder.path()});
+        QVERIFY(child.waitForReadyRead(10000));
+        QTest::qSleep(random.bounded(30));
+        child.kill();
+        QVERIFY(child.waitForFinished(10000));
+        const QByteArrayList counts = child.readAllStandardOutput().split('\n');
+        const int told = counts.at(counts.size() - 2).toInt(); // the last one that is whole
+        const QString name = JournalFolder(folder.path()).files().first();
+        const RecordList records = loaded(name);
+        QVERIFY2(
+            records.size() >= told, qPrintable(QStringLiteral("%1 of %2").arg(records.size()).arg(told)));
+        QCOMPARE(contents(name).count('\n'), records.size());
+        kept += records.size();
+        QVERIFY(QFile::remove(name));
+    }
+    QVERIFY(kept > 100);
+}
+
+int main(int argc, char **argv)
+{
+    if (argc == 3 && qstrcmp(argv[1], "--write") == 0)
+        return writeUntilKilled(argv[2]);
+    QCoreApplication application(argc, argv);
+    TestRecordingJournal test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_recordingjournal.moc"
