@@ -1,9 +1,11 @@
 #include "app/batch.h"
 
 #include "app/commandline.h"
+#include "app/graphfile.h"
 #include "files/datafileloader.h"
 #include "files/wholefile.h"
 #include "graph/csvexport.h"
+#include "graph/graphpicture.h"
 #include "graph/seriesstore.h"
 
 #include <QFile>
@@ -25,9 +27,6 @@ bool load(const QString &fileName, SeriesStore &store, QString *reason)
     DataFileLoader loader(fileName);
     if (!loader.readAll()) {
         *reason = loader.reason();
-        if (loader.errorLine() > 0)
-            *reason += QStringLiteral(" (") + DataFileLoader::tr("line %1").arg(loader.errorLine())
-                + QLatin1Char(')');
         return false;
     }
     if (loader.recordCount() == 0) {
@@ -47,6 +46,16 @@ WriteOutcome writeOutput(const QString &output, const FileContent &content)
     return {written, out.errorString()};
 }
 
+bool render(const CommandLine &line, const SeriesStore &store, QIODevice *device)
+{
+    GraphPicture picture;
+    picture.size = line.size;
+    picture.store = &store;
+    picture.switches = line.switches;
+    picture.windowNumber = 1;
+    return writeGraph(picture, graphFormat(line.output), device);
+}
+
 } // namespace
 
 int runBatch(const CommandLine &line)
@@ -60,7 +69,8 @@ int runBatch(const CommandLine &line)
     QString reason;
     if (!load(line.files.first(), store, &reason))
         return fail(line.files.first() + QStringLiteral(": ") + reason);
-    const WriteOutcome outcome
-        = writeOutput(line.output, [&](QIODevice &device) { return writeCsv(store, &device); });
+    const WriteOutcome outcome = writeOutput(line.output, [&](QIODevice &device) {
+        return line.task == CommandLine::Render ? render(line, store, &device) : writeCsv(store, &device);
+    });
     return outcome.written ? int(Done) : fail(line.output + QStringLiteral(": ") + outcome.reason);
 }

@@ -1,5 +1,7 @@
 #include "app/commandline.h"
 
+#include "app/graphfile.h"
+
 #include <QCommandLineParser>
 #include <QCoreApplication>
 
@@ -133,6 +135,8 @@ void readBatch(const QCommandLineParser &parser, CommandLine &line)
         return refuse(line, tr("One recording FILE is needed."));
     line.task = exports ? CommandLine::ExportCsv : CommandLine::Render;
     line.output = parser.value(name(exports ? exportName : renderName));
+    if (!exports && graphFormat(line.output) == GraphFormat::Unknown)
+        refuse(line, tr("The drawing's name must end in .png, .svg or .pdf: ") + line.output);
 }
 
 } // namespace
@@ -172,7 +176,8 @@ bool asksForBatch(int count, const char *const *words)
 {
     for (int i = 1; i < count && qstrcmp(words[i], "--") != 0; ++i) {
         const QByteArray word = QByteArray(words[i]).split('=').first();
-        for (const char *batch : {"--export-csv", "--render", "--help", "--help-all", "-h", "--version", "-v"})
+        for (const char *batch :
+            {"--export-csv", "--render", "--help", "--help-all", "-h", "--version", "-v"})
             if (word == batch)
                 return true;
     }

@@ -6,6 +6,7 @@ target_sources(varnel_gui PRIVATE
     app/deskarea.cpp app/deskarea.h
     app/displaywindows.cpp app/displaywindows.h
     app/figures.cpp app/figures.h
+    app/graphfile.cpp app/graphfile.h
     app/graphwindows.cpp app/graphwindows.h
     app/listenedports.cpp app/listenedports.h
     app/mainwindow.cpp app/mainwindow.h

@@ -28,6 +28,7 @@ void TestCommandLine::task_data()
         << "--export-csv - a.acp" << int(CommandLine::ExportCsv) << "-" << 1;
     QTest::newRow("render") << "--render o.png --size 640x480 a.acp" << int(CommandLine::Render) << "o.png"
                             << 1;
+    QTest::newRow("render what") << "--render o.gif a" << int(CommandLine::Refuse) << "o.gif" << 1;
     QTest::newRow("render nothing") << "--render o.png" << int(CommandLine::Refuse) << "" << 0;
     QTest::newRow("export two") << "--export-csv o a b" << int(CommandLine::Refuse) << "" << 2;
     QTest::newRow("both") << "--export-csv o --render p a" << int(CommandLine::Refuse) << "" << 1;

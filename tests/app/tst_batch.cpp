@@ -1,0 +1,122 @@
+#include "app/batch.h"
+#include "app/commandline.h"
+
+#include <QImage>
+#include <QTemporaryDir>
+#include <QtTest>
+
+/// The tasks of the command line, from a data file to what they write.
+class TestBatch : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void writes_data();
+    void writes();
+    void drawsTheSwitches();
+    void fails_data();
+    void fails();
+
+private:
+    QString path(const QString &name) const { return folder.filePath(name); }
+    int run(const QStringList &words) const
+    {
+        return runBatch(parseCommandLine(QStringList(QStringLiteral("varnelgraph")) + words));
+    }
+
+    QTemporaryDir folder;
+};
+
+void TestBatch::initTestCase()
+{
+    QFile data(path(QStringLiteral("a.acp")));
+    QVERIFY(data.open(QIODevice::WriteOnly));
+    data.write("5\nc\n2\n"); // charger columns: two cells of type 5
+    for (int i = 0; i < 60; ++i)
+        data.write(QByteArray::number(5 * i) + ' ' + QByteArray::number(8.0 + i * 0.002) + " 1.5 25.0 "
+            + QByteArray::number(2 * i) + '\n');
+    QFile broken(path(QStringLiteral("broken.acp")));
+    QVERIFY(broken.open(QIODevice::WriteOnly));
+    broken.write("5\nc\n2\n0 8.4 1.5\n");
+    QFile empty(path(QStringLiteral("empty.acp")));
+    QVERIFY(empty.open(QIODevice::WriteOnly));
+}
+
+void TestBatch::writes_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QString>("output");
+    QTest::addColumn<QByteArray>("beginning");
+
+    QTest::newRow("csv") << "--export-csv"
+                         << "o.csv" << QByteArray("record,device,time [s],");
+    QTest::newRow("png") << "--render"
+                         << "o.png" << QByteArray("\x89PNG");
+    QTest::newRow("svg") << "--render"
+                         << "o.svg" << QByteArray("<?xml");
+    QTest::newRow("pdf, upper case") << "--render"
+                                     << "o.PDF" << QByteArray("%PDF-");
+}
+
+void TestBatch::writes()
+{
+    QFETCH(QString, option);
+    QFETCH(QString, output);
+    QFETCH(QByteArray, beginning);
+    QCOMPARE(run({option, path(output), path(QStringLiteral("a.acp"))}), 0);
+    QFile file(path(output));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray content = file.readAll();
+    QVERIFY2(content.startsWith(beginning), content.left(40).constData());
+    if (option == QLatin1String("--export-csv"))
+        QCOMPARE(content.count('\n'), 61);
+}
+
+void TestBatch::drawsTheSwitches()
+{
+    const QString out = path(QStringLiteral("white.png"));
+    QCOMPARE(run({QStringLiteral("--render"), out, QStringLiteral("--size=640x480"),
+                 QStringLiteral("--background=white"), QStringLiteral("--hide=temperature"),
+                 path(QStringLiteral("a.acp"))}),
+        0);
+    const QImage image(out);
+    QCOMPARE(image.size(), QSize(640, 480));
+    QCOMPARE(image.pixelColor(638, 2), QColor(Qt::white));
+    bool green = false;
+    bool red = false;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 42; x < 540; ++x) {
+            green = green || image.pixelColor(x, y) == QColor(0, 255, 0);
+            red = red || image.pixelColor(x, y) == QColor(255, 0, 0);
+        }
+    QVERIFY(green); // the voltage
+    QVERIFY(!red); // the temperature
+}
+
+void TestBatch::fails_data()
+{
+    QTest::addColumn<QStringList>("words");
+    QTest::addColumn<int>("status");
+
+    const QString out = path(QStringLiteral("never.csv"));
+    const QString csv = QStringLiteral("--export-csv");
+    QTest::newRow("no file") << QStringList{csv, out, path(QStringLiteral("missing.acp"))} << 1;
+    QTest::newRow("a broken file") << QStringList{csv, out, path(QStringLiteral("broken.acp"))} << 1;
+    QTest::newRow("no record") << QStringList{csv, out, path(QStringLiteral("empty.acp"))} << 1;
+    QTest::newRow("no place") << QStringList{csv, path(QStringLiteral("no/place.csv")),
+        path(QStringLiteral("a.acp"))}
+                              << 1;
+    QTest::newRow("full disk") << QStringList{csv, QStringLiteral("/dev/full"), path(QStringLiteral("a.acp"))}
+                               << 1;
+    QTest::newRow("no words") << QStringList{csv, out} << 2;
+}
+
+void TestBatch::fails()
+{
+    QFETCH(QStringList, words);
+    QTEST(run(words), "status");
+    QVERIFY(!QFile::exists(path(QStringLiteral("never.csv"))));
+}
+
+QTEST_MAIN(TestBatch)
+#include "tst_batch.moc"
