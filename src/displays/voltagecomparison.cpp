@@ -23,8 +23,8 @@ namespace {
 
 constexpr QSize defaultSize{640, 360};
 constexpr QPoint defaultPlace{490, 316}; // beside the other displays
-constexpr QLatin1String sizeKey{"voltagecomp/size"};
-constexpr QLatin1String placeKey{"voltagecomp/pos"};
+const QLatin1String sizeKey{"voltagecomp/size"};
+const QLatin1String placeKey{"voltagecomp/pos"};
 
 /// What the user has chosen. The shell makes a new window whenever the graph windows are numbered afresh.
 struct Choice {
