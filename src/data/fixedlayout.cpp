@@ -95,26 +95,26 @@ void fill(Varnel3Data &record, const uchar *line, const Cells &cells)
 
 } // namespace
 
-bool parseFixedLayout(Varnel3Data &record, const FieldText<uchar> &text)
+bool parseFixedLayout(Varnel3Data &record, const FieldText<uchar> &line)
 {
     static const char modes[] = "CDBFT";
-    if (text.size != lineLength || *text.data != '#')
+    if (line.size != lineLength || *line.data != '#')
         return false;
-    const uchar *const line = text.data;
+    const uchar *const at = line.data;
     Check check;
     for (int flag = 6; flag <= 10; ++flag)
-        check.expectNot(line + flag, ',');
-    const int cellCount = check.number<2>(line + 1);
-    const int cellType = check.number<2>(line + 4);
-    const int current = check.number<1>(line + 11);
+        check.expectNot(at + flag, ',');
+    const int cellCount = check.number<2>(at + 1);
+    const int cellType = check.number<2>(at + 4);
+    const int current = check.number<1>(at + 11);
     // Each figure looks at the commas around it; the temperature lies between two of them.
-    const int figures[] = {figure(line + 13, check), figure(line + 19, check), figure(line + 25, check),
-        check.number<3>(line + 31), figure(line + 35, check), figure(line + 41, check)};
-    const void *const mode = std::memchr(modes, line[3], sizeof modes - 1);
+    const int figures[] = {figure(at + 13, check), figure(at + 19, check), figure(at + 25, check),
+        check.number<3>(at + 31), figure(at + 35, check), figure(at + 41, check)};
+    const void *const mode = std::memchr(modes, at[3], sizeof modes - 1);
     if (check.failed || !mode || cellType >= Varnel3Data::noCellType)
         return false;
     Cells cells;
-    readCells(cells, line, cellCount, check);
+    readCells(cells, at, cellCount, check);
     if (check.failed)
         return false;
     record.device = Varnel3Data::Varnel3;
@@ -122,7 +122,7 @@ bool parseFixedLayout(Varnel3Data &record, const FieldText<uchar> &text)
     record.mode = int(static_cast<const char *>(mode) - modes);
     record.cellType = cellType;
     record.ballansingCurrent = current * balancingCurrentStep;
-    fill(record, line, cells);
+    fill(record, at, cells);
     record.setTime(figures[0]);
     record.voltage = figures[1];
     record.current = figures[2];

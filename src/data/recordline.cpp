@@ -21,7 +21,7 @@ struct DigitPairs {
 constexpr DigitPairs makeDigitPairs()
 {
     DigitPairs pairs{};
-    for (int i = 0; i < 100; ++i) {
+    for (size_t i = 0; i < 100; ++i) {
         pairs.text[2 * i] = char('0' + i / 10);
         pairs.text[2 * i + 1] = char('0' + i % 10);
     }
@@ -32,7 +32,7 @@ constexpr DigitPairs digitPairs = makeDigitPairs();
 
 void putPair(char *out, unsigned value)
 {
-    std::memcpy(out, digitPairs.text + 2 * value, 2);
+    std::memcpy(out, digitPairs.text + size_t(value) * 2, 2);
 }
 
 char *put4(char *out, int value)

@@ -23,7 +23,7 @@ RecordList &RecordList::operator=(RecordList &&other) noexcept
 
 void *RecordList::slotForNext()
 {
-    const size_t block = size_t(m_size / blockSize);
+    const auto block = size_t(m_size / blockSize);
     if (block == m_blocks.size()) {
         if (block < smallBlocks)
             addBlocks(1, alignof(std::max_align_t));
@@ -44,7 +44,7 @@ void RecordList::addBlocks(int count, std::size_t alignment)
     if (alignment == largePageSize)
         preferLargePages(memory, size);
     for (int i = 0; i < count; ++i)
-        m_blocks.push_back(static_cast<Varnel3Data *>(memory) + i * blockSize);
+        m_blocks.push_back(static_cast<Varnel3Data *>(memory) + size_t(i) * blockSize);
 }
 
 Varnel3Data &RecordList::append(const Varnel3Data &record)

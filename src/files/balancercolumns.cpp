@@ -31,12 +31,9 @@ int BalancerColumns::fieldsExpected() const
 
 bool BalancerColumns::takeField(int index, const Field &field)
 {
-    int value = 0;
-    if (!field.toInt(&value))
-        return false;
-    if (index < 2 * pairs)
-        m_values[index] = value;
-    return true;
+    Pair unused;
+    Pair &cell = index / 2 < pairs ? m_cells[index / 2] : unused;
+    return field.toInt(index % 2 == 0 ? &cell.voltage : &cell.balance);
 }
 
 char *BalancerColumns::writeLine(char *out) const
@@ -46,9 +43,9 @@ char *BalancerColumns::writeLine(char *out) const
     for (int i = 0; i < pairs; ++i) {
         if (i > 0)
             *out++ = ',';
-        out = writeZeroFilled(out, m_values[2 * i], 4);
+        out = writeZeroFilled(out, m_cells[i].voltage, 4);
         *out++ = ',';
-        *out++ = balanceCharacter(m_values[2 * i + 1]);
+        *out++ = balanceCharacter(m_cells[i].balance);
     }
     return out;
 }

@@ -23,6 +23,11 @@ private:
     static constexpr int secondsPerLine = 5;
     static constexpr int pairs = 12; // in a balancer's line, whatever the header says
 
-    int m_values[2 * pairs] = {}; // those beyond the header's cells stay 0
+    struct Pair {
+        int voltage = 0; // mV
+        int balance = 0; // per cent
+    };
+
+    Pair m_cells[pairs]; // those beyond the header's stay 0
     char m_state = 'C';
 };
