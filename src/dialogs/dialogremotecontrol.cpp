@@ -27,7 +27,7 @@ void fill(QComboBox *combo, const QString &text, int count)
 void select(QComboBox *combo, const QString &reply)
 {
     const QSignalBlocker blocker(combo);
-    combo->setCurrentIndex(reply.mid(4, 2).toInt() - 1);
+    combo->setCurrentIndex(reply.midRef(4, 2).toInt() - 1);
 }
 
 QString numbered(const QString &command, int index)

@@ -34,6 +34,7 @@ public slots:
     void timerEventTryb();
 
 private slots:
+    // clazy:excludeall=connect-by-name (bound to the form's widgets, which are never renamed)
     void on_pbTryb0_battery_clicked();
     void on_cbTryb0_nc_currentIndexChanged(int index);
     void on_pbTryb0_ps_clicked();

@@ -192,7 +192,8 @@ void TestDeviceStory::threeEndsLeaveOneBox()
     QTimer watch;
     connect(&watch, &QTimer::timeout, this, [&] {
         int boxes = 0;
-        for (const QMessageBox *open : window->findChildren<QMessageBox *>())
+        const auto all = window->findChildren<QMessageBox *>();
+        for (const QMessageBox *open : all)
             boxes += open->isVisible();
         most = qMax(most, boxes);
     });

@@ -15,7 +15,7 @@
 
 namespace {
 
-const QByteArray recordLine = "#c0605 00123,25200+02000,025,01234\n";
+const char recordLine[] = "#c0605 00123,25200+02000,025,01234\n";
 
 /// Notes what would be heard.
 class NotingPlayer : public SoundPlayer {
@@ -173,7 +173,7 @@ void TestEndNotice::soundFileIsTheCountrys_data()
     QTest::newRow("Poland") << int(QLocale::Poland) << all << "end_pl.wav";
     QTest::newRow("Germany") << int(QLocale::Germany) << all << "end_de.wav";
     QTest::newRow("elsewhere") << int(QLocale::France) << all << "end.wav";
-    QTest::newRow("no variant") << int(QLocale::Poland) << QStringList {all.first()} << "end.wav";
+    QTest::newRow("no variant") << int(QLocale::Poland) << QStringList{all.first()} << "end.wav";
     QTest::newRow("nothing") << int(QLocale::Germany) << QStringList() << "end.wav";
 }
 

@@ -24,6 +24,7 @@ public:
     QString reason;
 
 public slots:
+    // NOLINTBEGIN(readability-identifier-naming): the names are those of the bus
     uint Inhibit(const QString &, uint, const QString &why, uint what)
     {
         static uint last = 100;
@@ -33,6 +34,7 @@ public slots:
         return last;
     }
     void Uninhibit(uint cookie) { held.remove(cookie); }
+    // NOLINTEND(readability-identifier-naming)
 };
 
 /// The login manager of a system without a desktop: the block lasts as long as the file is open.
@@ -51,6 +53,7 @@ public:
     }
 
 public slots:
+    // NOLINTNEXTLINE(readability-identifier-naming): the name is that of the bus
     QDBusUnixFileDescriptor Inhibit(const QString &kinds, const QString &, const QString &, const QString &)
     {
         int ends[2] = {-1, -1};
