@@ -1,9 +1,15 @@
 #include "resources/resources.h"
 
-#include <QDir>
+#include "app/datatoolbar.h"
+#include "app/stylesheet.h"
+#include "data/varnel3data.h"
+
+#include <QApplication>
 #include <QFile>
 #include <QIcon>
 #include <QImageReader>
+#include <QLabel>
+#include <QMainWindow>
 #include <QPainter>
 #include <QRegularExpression>
 #include <QtTest>
@@ -39,6 +45,7 @@ private slots:
     void iconFileHoldsAllSizes();
     void pictureFitsTheAboutBox();
     void styleSheetIsWhole();
+    void figuresFitTheirPlaces();
 };
 
 void TestResources::iconIsLegible_data()
@@ -104,6 +111,35 @@ void TestResources::styleSheetIsWhole()
     while (urls.hasNext()) {
         const QString path = urls.next().captured(1);
         QVERIFY2(QFile::exists(path), qPrintable(path));
+    }
+}
+
+// The labels of the data tool bar have fixed sizes; the sheet decides how large their letters are.
+void TestResources::figuresFitTheirPlaces()
+{
+    installStyleSheet(qApp, QString());
+    QVERIFY(!qApp->styleSheet().isEmpty());
+    QMainWindow window;
+    auto *bar = new DataToolBar(&window);
+    window.addToolBar(bar);
+    window.show();
+    Varnel3Data record;
+    record.mode = 1;
+    record.cellCount = 16;
+    record.cellType = 5;
+    record.voltage = 70400;
+    record.current = -40000;
+    record.temperature = -105;
+    record.energy = 99999;
+    record.setTime(99 * 3600 + 59 * 60 + 59);
+    bar->showRecord(record);
+    const auto labels = bar->findChildren<QLabel *>();
+    QCOMPARE(labels.size(), 6);
+    for (const QLabel *label : labels) {
+        QVERIFY(!label->text().isEmpty());
+        QVERIFY2(label->fontMetrics().horizontalAdvance(label->text()) <= label->contentsRect().width()
+                && label->fontMetrics().height() <= label->contentsRect().height(),
+            qPrintable(label->text()));
     }
 }
 
