@@ -41,7 +41,7 @@ void fillResistances(CellBars &bars, const Varnel3Data &record)
         if (bars.known[i])
             smallest = qMin(smallest, record.cells[i].resistance);
     }
-    constexpr double limit = std::numeric_limits<int>::max() / 2;
+    constexpr double limit = std::numeric_limits<int>::max();
     for (int i = 0; i < bars.count; ++i)
         if (bars.known[i])
             bars.values[i] = qRound(qMin(limit, (record.cells[i].resistance - smallest) / smallest * 100.0));

@@ -183,8 +183,8 @@ void DataDisplay::showFigures()
     for (const LabelSpec &spec : labelSpecs) {
         QLabel *label = m_labels[spec.item];
         setColour(label, shade(m_figures.colour(spec.item)));
-        const qreal points = spec.points * m_fontScale / 100 * fontScale();
-        setFittedText(label, m_figures.text(spec.item), points, scaledSize(spec.box));
+        const int points = spec.points * m_fontScale / 100; // whole ones
+        setFittedText(label, m_figures.text(spec.item), points * fontScale(), scaledSize(spec.box));
     }
     for (int i = 0; i < DataFigures::cellSlots; ++i) {
         setColour(m_cellValues[i], shade(m_figures.cellColour()));
@@ -225,7 +225,8 @@ void DataDisplay::fitFigures()
     const int roomy = scaled(54);
     QFont font(QStringLiteral("Arial"));
     for (m_fontScale = 100; m_fontScale > smallest; m_fontScale -= step) {
-        font.setPointSizeF(figurePoints * m_fontScale / 100 * fontScale());
+        const int points = figurePoints * m_fontScale / 100;
+        font.setPointSizeF(points * fontScale());
         if (QFontMetrics(font).size(Qt::TextSingleLine, QStringLiteral("0,000")).height() < roomy)
             break;
     }

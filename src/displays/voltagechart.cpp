@@ -138,7 +138,7 @@ QRect VoltageChart::barRect(int pack, int cell, const QSize &size, int scroll) c
     const int slot = cells.indexOf(cell);
     if (slot < 0)
         return {};
-    const Group group = groups(size.width())[pack];
+    const Group group = groups(size.width()).at(pack);
     return barIn(group, slot, cells.size(), packs[pack].voltages[cell], axis(), size.height())
         .translated(-scroll, 0);
 }
@@ -147,13 +147,15 @@ VoltageChart::CellRef VoltageChart::cellAt(const QPoint &point, const QSize &siz
 {
     if (point.x() < px(axisWidth))
         return {};
-    for (int pack = 0; pack < packs.size(); ++pack)
-        for (const int cell : shownCells(packs[pack])) {
+    for (int pack = 0; pack < packs.size(); ++pack) {
+        const QVector<int> cells = shownCells(packs[pack]);
+        for (const int cell : cells) {
             const QRect bar = barRect(pack, cell, size, scroll);
             const int slack = qMax(1, bar.width() / 4); // the gap belongs to its bars
             if (point.x() >= bar.left() - slack && point.x() <= bar.right() + slack)
                 return {pack, cell};
         }
+    }
     return {};
 }
 
@@ -179,9 +181,10 @@ void VoltageChart::paint(QPainter &painter, const QSize &size, int scroll) const
 
 void VoltageChart::paintAxis(QPainter &painter, const VoltageAxis &axis, const QSize &size) const
 {
-    constexpr int hundredth = 10; // mV
-    const int decimals = axis.step % (10 * hundredth) == 0 ? 1 : 2;
-    for (const int mark : axis.marks()) {
+    constexpr int tenth = 100; // mV
+    const int decimals = axis.step % tenth == 0 ? 1 : 2;
+    const QVector<int> marks = axis.marks();
+    for (const int mark : marks) {
         const int y = axis.y(mark, bottom(size.height()), top());
         painter.setPen(blackGround ? QColor(60, 60, 60) : QColor(215, 215, 215));
         painter.drawLine(px(axisWidth), y, size.width() - 1, y);

@@ -58,7 +58,7 @@ QDialog *PrintRequest::createPrintDialog()
     auto *dialog = new QPrintDialog(m_printer.get(), m_window);
     dialog->setOption(QAbstractPrintDialog::PrintPageRange, false);
     dialog->setOption(QAbstractPrintDialog::PrintCollateCopies, false);
-    connect(dialog, SIGNAL(accepted(QPrinter *)), this, SLOT(print()));
+    connect(dialog, SIGNAL(accepted()), this, SLOT(print()));
     return dialog;
 }
 
