@@ -1,6 +1,7 @@
 // Simulated devices in their event loop, heard at the other end of their lines.
 #include "simulator/rack.h"
 
+#include <QProcess>
 #include <QSignalSpy>
 #include <QSocketNotifier>
 #include <QTemporaryDir>
@@ -92,6 +93,7 @@ private slots:
     void hangUpInMidLine();
     void balancerIgnoresTheRemoteControl();
     void lineRate();
+    void programLeavesNothingBehind();
 
 private:
     sim::SimDevice *add(const QString &description);
@@ -309,6 +311,22 @@ void TestSimDevice::lineRate()
         QVERIFY2(got > full * 0.8 - 320 && got < full * 1.05 + 320,
             qPrintable(QStringLiteral("%1 of %2").arg(got).arg(full)));
     }
+}
+
+void TestSimDevice::programLeavesNothingBehind()
+{
+    QProcess program;
+    program.start(QStringLiteral(VARNELSIM),
+        {QStringLiteral("--dir"), folder->path(), QStringLiteral("--device"), QStringLiteral("COM3:varnel3"),
+            QStringLiteral("--device"), QStringLiteral("COM4:tandor")});
+    QTRY_VERIFY(QFileInfo(link(QStringLiteral("COM4"))).isSymLink());
+    program.write("unplug COM3\nstatus COM4\n");
+    QTRY_VERIFY(!QFileInfo(link(QStringLiteral("COM3"))).isSymLink());
+    QByteArray said;
+    QTRY_VERIFY((said += program.readAllStandardOutput()).contains("COM4 tandor measuring"));
+    program.terminate();
+    QVERIFY(program.waitForFinished(5000));
+    QCOMPARE(program.exitCode(), 0);
 }
 
 QTEST_GUILESS_MAIN(TestSimDevice)
