@@ -35,15 +35,16 @@ sim::DeviceSettings TestSimulatedLines::settings(const QString &options)
 void TestSimulatedLines::linesAreReadAsMeant_data()
 {
     QTest::addColumn<QString>("options");
-    for (const char *options : {"varnel3,balance=750,weak=2", "varnel3,cells=14,chemistry=NiMh,capacity=3000",
-             "varnel3,cells=16,chemistry=LiXX,balance=1000,mode=discharge", "varnel3,mode=balance,cells=1",
-             "varnel3,mode=format,chemistry=NiCd,cycles=1", "varnel3,mode=test,chemistry=LTO,balance=500",
-             "varnel3,capacity=90000,chemistry=Pb", "varnel3,sensor=off,zero", "varnel3,fail=600,balance",
-             "varnel2plus,mode=discharge,chemistry=LiHV", "varnel2plus,capacity=12000,current=20000",
-             "varnel2plus,mode=format,chemistry=NiMh,cycles=1", "varnel2,chemistry=NiZn,cells=16",
-             "varnel2,capacity=60000,current=30000", "varnel2,mode=format,chemistry=RAM,cycles=1",
-             "tandor,cells=12,balance=750", "tandor,cells=3,chemistry=LiFe,balance=500",
-             "tandor,cells=1,balance=250"})
+    for (const char *options :
+        {"varnel3,balance=750,weak=2,rigaps=25", "varnel3,cells=14,chemistry=NiMh,capacity=3000",
+            "varnel3,cells=16,chemistry=LiXX,balance=1000,mode=discharge", "varnel3,mode=balance,cells=1",
+            "varnel3,mode=format,chemistry=NiCd,cycles=1", "varnel3,mode=test,chemistry=LTO,balance=500",
+            "varnel3,capacity=90000,chemistry=Pb", "varnel3,sensor=off,zero", "varnel3,fail=600,balance",
+            "varnel2plus,mode=discharge,chemistry=LiHV", "varnel2plus,capacity=12000,current=20000",
+            "varnel2plus,mode=format,chemistry=NiMh,cycles=1", "varnel2,chemistry=NiZn,cells=16",
+            "varnel2,capacity=60000,current=30000", "varnel2,mode=format,chemistry=RAM,cycles=1",
+            "tandor,cells=12,balance=750", "tandor,cells=3,chemistry=LiFe,balance=500",
+            "tandor,cells=1,balance=250"})
         QTest::newRow(options) << options;
 }
 

@@ -56,6 +56,7 @@ constexpr Number numbers[] = {
     {"spread", &DeviceSettings::spread, 0, 200, "differences between the cells, tenths of a per cent"},
     {"ambient", &DeviceSettings::ambient, 1, 60, "degrees Celsius"},
     {"ri", &DeviceSettings::resistanceEvery, 0, 99999, "device seconds between '!' lines, 0 none"},
+    {"rigaps", &DeviceSettings::resistanceGaps, 0, 1000, "lines of 1000 without the pack's resistance"},
     {"processes", &DeviceSettings::processes, 0, 1000000, "how many one after another, 0 without end"},
     {"pause", &DeviceSettings::pause, 1, 86400, "s between them; above 20 not shortened by --speed"},
     {"endlines", &DeviceSettings::endLines, 1, 5, "how often the line with the end letter is sent"},

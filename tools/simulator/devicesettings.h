@@ -27,6 +27,7 @@ struct DeviceSettings {
     bool sensor = true; ///< temperature sensor fitted
     bool coarse = false; ///< energy in steps of 10 mAh; of itself from 50 Ah
     int resistanceEvery = 60; ///< device seconds between '!' lines; 0: none
+    int resistanceGaps = 0; ///< in how many of 1000 lines the pack's resistance is 0, not measured
     int processes = 1; ///< how many one after another; 0: no end
     int pause = 3; ///< s between processes; above 20 never shortened, never below 1
     int endLines = 1; ///< lines with the end letter, 1..5

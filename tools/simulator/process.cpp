@@ -176,16 +176,16 @@ void Process::measure()
     m_reading.chemistry = m_settings.chemistry;
     m_reading.cellCount = m_settings.cells;
     m_reading.seconds = m_seconds;
-    m_reading.millivolts = measured(m_pack.voltage(), 2);
+    m_reading.millivolts = measured(m_pack.voltage(), 0.7);
     m_reading.milliamps
         = std::abs(m_current) < 1 ? 0 : std::min(m_settings.mostCurrent(), measured(std::abs(m_current), 1));
     m_reading.tenthDegrees
-        = m_settings.sensor ? std::clamp(measured(m_pack.temperature() * 10, 0.6), 1, 999) : 0;
+        = m_settings.sensor ? std::clamp(measured(m_pack.temperature() * 10, 0.3), 1, 999) : 0;
     m_reading.milliampHours = int(m_energy);
     m_reading.coarseEnergy = m_settings.coarse && m_settings.model == Model::Varnel3;
-    // the charger measures by short gaps in the current; now and then one is missed
-    const bool missed = m_noise.bounded(40) == 0 || m_stepSeconds < rampSeconds || std::abs(m_current) < 10;
-    m_reading.milliohms = missed ? 0 : std::max(1, measured(m_pack.resistance(), 0.8));
+    const bool missed = m_noise.bounded(1000) < m_settings.resistanceGaps || m_stepSeconds < rampSeconds
+        || std::abs(m_current) < 10;
+    m_reading.milliohms = missed ? 0 : std::max(1, measured(m_pack.resistance(), 0.3));
     m_reading.cellData = m_settings.balance > 0;
     m_reading.balancingMilliamps = m_settings.balance;
     measureCells();
