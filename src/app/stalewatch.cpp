@@ -38,8 +38,9 @@ void StaleWatch::look()
 {
     noteArrivals();
     QMap<QString, QString> silent;
-    for (const MdiGraphChild *child : graphs->all()) {
+    for (MdiGraphChild *child : graphs->all()) {
         const QDateTime since = staleSince(child);
+        child->setSilentSince(since);
         if (since.isValid())
             silent.insert(child->fileName(),
                 tr("%1: no line since %2").arg(child->fileName(), QLocale().toString(since.time())));

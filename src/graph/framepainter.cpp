@@ -21,7 +21,6 @@ constexpr int timeLabelLeft = 20; // px left of its tick
 constexpr int timeLabelBelow = 18;
 constexpr int labelGap = 4;
 constexpr int informationParts = 7;
-constexpr uint timeBase = 60; // divisions of whole seconds, minutes and hours
 
 int roundHalfUp(double x)
 {
@@ -72,7 +71,7 @@ void FramePainter::paintInformation()
 
 QVector<FramePainter::Tick> FramePainter::ticks() const
 {
-    if (c.picture.zoom.active)
+    if (c.picture.zoom.isActive())
         return zoomedTicks();
     const PlotSeries &times = c.picture.store->series(SeriesStore::Time);
     const int divisions = c.layout.majorTicks();
@@ -87,8 +86,9 @@ QVector<FramePainter::Tick> FramePainter::ticks() const
 
 QVector<FramePainter::Tick> FramePainter::zoomedTicks() const
 {
-    const QwtScaleDiv division = QwtLinearScaleEngine(timeBase).divideScale(
-        c.picture.zoom.from, c.picture.zoom.to, c.layout.zoomedMajorTicks(), 0);
+    const QwtScaleDiv division = QwtLinearScaleEngine(GraphLayout::timeBase)
+                                     .divideScale(c.picture.zoom.times().low, c.picture.zoom.times().high,
+                                         c.layout.zoomedMajorTicks(), 0);
     QVector<Tick> ticks;
     for (double time : division.ticks(QwtScaleDiv::MajorTick))
         ticks.append({roundHalfUp(c.timeMap.transform(time)), time});
@@ -107,6 +107,8 @@ void FramePainter::paintTimeAxis()
     for (const Tick &tick : all)
         p->drawLine(tick.x, bottom, tick.x, bottom + tickLength);
 
+    if (all.isEmpty())
+        return;
     p->setPen(c.colours.text());
     // the last label tells how long it was: others give way to it
     const auto left = [](const Tick &tick) { return tick.x - timeLabelLeft; };

@@ -12,8 +12,8 @@ constexpr int smallestFont = 8; // px
 QwtScaleMap shownTimes(const GraphPicture &picture, const GraphLayout &layout)
 {
     const PlotSeries &times = picture.store->series(SeriesStore::Time);
-    if (picture.zoom.active)
-        return layout.timeMap(picture.zoom.from, picture.zoom.to);
+    if (picture.zoom.isActive())
+        return layout.timeMap(picture.zoom.times().low, picture.zoom.times().high);
     return times.isEmpty() ? layout.timeMap(0, 1) : layout.timeMap(times[0], times.last());
 }
 

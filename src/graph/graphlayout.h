@@ -1,17 +1,19 @@
 #pragma once
 
+#include "graph/graphzoom.h"
+
 #include <QRect>
 #include <QVector>
 
 #include <qwt_scale_map.h>
 
-/// The two plot areas of a graph, one above the other.
-enum class PlotArea { Upper, Lower };
-
 /// Where everything of a graph lies, in pixels from its top left corner. A value that follows from the size of the
 /// picture and the number of records alone.
 class GraphLayout {
 public:
+    /// Number base in which a zoomed time axis is divided: whole seconds, minutes and hours.
+    static constexpr unsigned timeBase = 60;
+
     GraphLayout(const QSize &size, int recordCount);
 
     int width() const { return m_size.width(); }

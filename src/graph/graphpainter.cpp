@@ -1,5 +1,6 @@
 #include "graph/graphpainter.h"
 
+#include "graph/cursorpainter.h"
 #include "graph/framepainter.h"
 #include "graph/graphscene.h"
 #include "graph/legendpainter.h"
@@ -41,12 +42,8 @@ void GraphPainter::paintPlots(const GraphCanvas &canvas)
 
 void GraphPainter::paintCurves(const GraphCanvas &canvas, const GraphScene &scene)
 {
-    const GraphZoom &zoom = canvas.picture.zoom;
     for (const GraphScene::Curve &curve : scene.curves) {
-        const GraphZoom::Share share = !zoom.active ? GraphZoom::Share()
-            : curve.area == PlotArea::Upper         ? zoom.upper
-                                                    : zoom.lower;
-        const ValueRange range = curve.range.part(share);
+        const ValueRange range = curve.range.part(canvas.picture.zoom.share(curve.area));
         m_curves.draw(canvas.painter,
             {canvas.picture.store, curve.series, curve.first, canvas.timeMap,
                 canvas.layout.valueMap(curve.area, range.low, range.high), canvas.layout.area(curve.area),

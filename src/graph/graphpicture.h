@@ -4,7 +4,7 @@
 #include "graph/graphzoom.h"
 #include "settings/viewswitches.h"
 
-#include <QSize>
+#include <QRect>
 #include <QString>
 
 class SeriesStore;
@@ -18,4 +18,6 @@ struct GraphPicture {
     int windowNumber = 0;
     GraphZoom zoom;
     QString note; ///< shown before the newest values, such as since when no line came
+    int cursorRecord = -1; ///< record that the cursor line stands at; -1 for none
+    QRect rubberBand; ///< what is being picked; empty for nothing
 };

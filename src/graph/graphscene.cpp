@@ -94,7 +94,8 @@ void GraphScene::addVoltage(const GraphPicture &picture)
     const GraphColours colours = coloursOf(picture);
     const PlotSeries &values = picture.store->series(SeriesStore::Voltage);
     const ValueRange range = ValueRange::ofCurrent(values.minimum(), values.maximum());
-    curves.append({PlotArea::Upper, SeriesStore::Voltage, 0, range, colours.voltage(), colours.curveWidth()});
+    curves.append({PlotArea::Upper, SeriesStore::Voltage, 0, range, colours.voltage(), colours.curveWidth(),
+        tr("Voltage"), tr("V")});
     axes.append({PlotArea::Upper, Side::Left, range, tr("V"), 2, 5, colours.voltage()});
     upperLegend.append({tr("Voltage"), figure(values.last(), 0, 2) + tr(" V"), colours.voltage()});
 }
@@ -108,7 +109,8 @@ void GraphScene::addSlope(const GraphPicture &picture)
         return;
     }
     const ValueRange range = ValueRange::ofSlope(values.minimum(), values.maximum(), slopeUnit);
-    curves.append({PlotArea::Upper, SeriesStore::Dv, 0, range, colours.slope(), colours.curveWidth()});
+    curves.append({PlotArea::Upper, SeriesStore::Dv, 0, range, colours.slope(), colours.curveWidth(),
+        tr("dV"), tr("mV/min"), 1.0, 1});
     axes.append({PlotArea::Upper, Side::Right, range, tr("mV/min"), 1, 5, colours.slope()});
     upperLegend.append({tr("dV"),
         figure(values.last(), 0, std::abs(values.last()) < 100 ? 1 : 0) + tr(" mV/min"), colours.slope()});
@@ -119,7 +121,8 @@ void GraphScene::addEnergy(const GraphPicture &picture)
     const GraphColours colours = coloursOf(picture);
     const PlotSeries &values = picture.store->series(SeriesStore::Energy);
     const ValueRange range = ValueRange::ofCurrent(values.minimum(), values.maximum(), energyUnit);
-    curves.append({PlotArea::Upper, SeriesStore::Energy, 0, range, colours.slope(), colours.curveWidth()});
+    curves.append({PlotArea::Upper, SeriesStore::Energy, 0, range, colours.slope(), colours.curveWidth(),
+        tr("Energy"), tr("mAh"), 1.0, 0});
     axes.append({PlotArea::Upper, Side::Right, range, tr("mAh"), 0, 5, colours.slope()});
     upperLegend.append({tr("Energy"), figure(values.last(), 0, 0) + tr(" mAh"), colours.slope()});
 }
@@ -136,7 +139,8 @@ void GraphScene::addCells(const GraphPicture &picture)
             if (picture.selectedCells[size_t(i)] != selected || !isCellShown(picture, i))
                 continue;
             const int width = selected && emphasise ? emphasis : 1;
-            curves.append({PlotArea::Upper, SeriesStore::Cell1 + i, 0, range, colours.cell(i), width});
+            curves.append({PlotArea::Upper, SeriesStore::Cell1 + i, 0, range, colours.cell(i), width,
+                tr("Cell ") + QString::number(i + 1), tr("V"), 1.0, 3});
         }
     }
     if (curves.isEmpty())
@@ -177,7 +181,8 @@ void GraphScene::addStatistics(const GraphPicture &picture)
         {SeriesStore::CellMin, tr("Min"), range, colours.cellMin()},
         {SeriesStore::CellDelta, tr("Delta"), deltaRange, colours.cellDelta()}};
     for (const Row &row : rows) {
-        curves.append({PlotArea::Upper, row.series, 0, row.range, row.colour, colours.curveWidth()});
+        curves.append({PlotArea::Upper, row.series, 0, row.range, row.colour, colours.curveWidth(), row.name,
+            tr("V"), 1.0, 3});
         upperLegend.append({row.name, figure(store.series(row.series).last(), 0, 3), row.colour});
     }
     axes.append({PlotArea::Upper, Side::Left, range, tr("V"), 2, 4, colours.text()});
@@ -190,7 +195,8 @@ void GraphScene::addCurrent(const GraphPicture &picture)
     const GraphColours colours = coloursOf(picture);
     const PlotSeries &values = picture.store->series(SeriesStore::Current);
     const ValueRange range = ValueRange::ofCurrent(values.minimum(), values.maximum());
-    curves.append({PlotArea::Lower, SeriesStore::Current, 0, range, colours.current(), colours.curveWidth()});
+    curves.append({PlotArea::Lower, SeriesStore::Current, 0, range, colours.current(), colours.curveWidth(),
+        tr("Current"), tr("A")});
     axes.append({PlotArea::Lower, Side::Right, range, tr("A"), 2, 5, colours.current()});
     lowerLegend.append({tr("Current"), figure(values.last(), 0, 2) + tr(" A"), colours.current()});
 }
@@ -200,8 +206,8 @@ void GraphScene::addTemperature(const GraphPicture &picture)
     const GraphColours colours = coloursOf(picture);
     const PlotSeries &values = picture.store->series(SeriesStore::Temperature);
     const ValueRange range = ValueRange::ofTemperature(values.minimum(), values.maximum());
-    curves.append(
-        {PlotArea::Lower, SeriesStore::Temperature, 0, range, colours.temperature(), colours.curveWidth()});
+    curves.append({PlotArea::Lower, SeriesStore::Temperature, 0, range, colours.temperature(),
+        colours.curveWidth(), tr("Temp."), tr("\u00b0C"), 1.0, 1});
     axes.append({PlotArea::Lower, Side::Left, range, tr("\u00b0C"), 1, 4, colours.temperature()});
     lowerLegend.append({tr("Temp."), figure(newestOf(picture).temperature / 10.0, 0, 1) + tr(" \u00b0C"),
         colours.temperature()});
@@ -218,6 +224,6 @@ void GraphScene::addResistance(const GraphPicture &picture)
         return;
     const ValueRange range = ValueRange::ofResistance(values.minimum(), values.maximum());
     curves.append({PlotArea::Lower, SeriesStore::Resistance, SeriesStore::firstResistance(), range,
-        colours.resistance(), colours.curveWidth()});
+        colours.resistance(), colours.curveWidth(), tr("Ri"), tr("m\u03a9"), 1.0, 0});
     lowerLegend.append({tr("Ri"), figure(values.last(), 0, 0) + tr(" m\u03a9"), colours.resistance()});
 }

@@ -18,6 +18,10 @@ struct GraphScene {
         ValueRange range; ///< of the whole area, before any zoom; in the series' unit
         QColor colour;
         int width;
+        QString name;
+        QString unit; ///< that its values are told in
+        double factor = 1.0; ///< from the series' unit to `unit`
+        int decimals = 2;
     };
     enum class Side { Left, Right };
     struct Axis {

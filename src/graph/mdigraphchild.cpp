@@ -1,11 +1,14 @@
 #include "graph/mdigraphchild.h"
 
 #include "graph/graphhost.h"
+#include "graph/graphinteraction.h"
 #include "link/devicelink.h"
 #include "settings/viewstate.h"
 
 #include <QCloseEvent>
+#include <QDateTime>
 #include <QIcon>
+#include <QMdiSubWindow>
 #include <QPainter>
 
 namespace {
@@ -13,14 +16,15 @@ namespace {
 constexpr int repaintPause = 100; // ms
 
 struct ProcessEnd {
+    char letter; // in a record's flag3
     const char *icon;
     const char *text;
 };
 
 constexpr ProcessEnd processEnds[] = {
-    {":/Icons/error.png", QT_TRANSLATE_NOOP("MdiGraphChild", "Error in process !")},
-    {":/Icons/cancel.png", QT_TRANSLATE_NOOP("MdiGraphChild", "Process aborted by user.")},
-    {":/Icons/finish.png", QT_TRANSLATE_NOOP("MdiGraphChild", "Process completed.")},
+    {'S', ":/Icons/error.png", QT_TRANSLATE_NOOP("MdiGraphChild", "Error in process !")},
+    {'M', ":/Icons/cancel.png", QT_TRANSLATE_NOOP("MdiGraphChild", "Process aborted by user.")},
+    {'E', ":/Icons/finish.png", QT_TRANSLATE_NOOP("MdiGraphChild", "Process completed.")},
 };
 
 } // namespace
@@ -28,6 +32,7 @@ constexpr ProcessEnd processEnds[] = {
 MdiGraphChild::MdiGraphChild(GraphHost *host, QWidget *parent)
     : QWidget(parent)
     , m_host(host)
+    , m_interaction(new GraphInteraction(this, &m_store, host->viewState()))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -37,6 +42,7 @@ MdiGraphChild::MdiGraphChild(GraphHost *host, QWidget *parent)
     m_repaintTimer.setSingleShot(true);
     m_repaintTimer.setInterval(repaintPause);
     connectHost();
+    connectInteraction();
 }
 
 MdiGraphChild::~MdiGraphChild()
@@ -51,6 +57,13 @@ void MdiGraphChild::connectHost()
         SLOT(updateCapacity(int, char, int, int)));
     connect(this, SIGNAL(updateVoltageSignal()), m_host->updateReceiver(), SLOT(updateVoltage()));
     connect(&m_repaintTimer, SIGNAL(timeout()), this, SLOT(update()));
+}
+
+void MdiGraphChild::connectInteraction()
+{
+    connect(m_interaction, SIGNAL(recordPointedAt(int)), this, SLOT(showRecordAt(int)));
+    connect(m_interaction, SIGNAL(pointerLeft()), this, SLOT(showNewestPlain()));
+    connect(m_interaction->cells(), SIGNAL(changed()), this, SIGNAL(selectedCellsChanged()));
 }
 
 QSize MdiGraphChild::sizeHint() const
@@ -78,13 +91,14 @@ MdiGraphChild::CapacityEntry MdiGraphChild::capacityEntry() const
     return {capacity.energyAtMark, capacity.mode, m_windowNumber};
 }
 
+const CellSelection &MdiGraphChild::selectedCells() const
+{
+    return m_interaction->cells()->cells();
+}
+
 void MdiGraphChild::setSelectedCells(const CellSelection &cells)
 {
-    if (cells == m_selectedCells)
-        return;
-    m_selectedCells = cells;
-    update();
-    emit selectedCellsChanged();
+    m_interaction->cells()->setCells(cells);
 }
 
 void MdiGraphChild::showNewest()
@@ -97,10 +111,28 @@ void MdiGraphChild::showNewest()
     m_host->showRecord(newest, m_windowNumber, useKeptRi);
 }
 
+// A record from the past is shown with the charge balanced so far.
+void MdiGraphChild::showRecordAt(int record)
+{
+    if (!m_host->isCurrent(this))
+        return;
+    Varnel3Data shown = m_store.records()[record];
+    shown.balancedMah = m_store.records().last().maxBalanceChargeMah();
+    m_host->showRecord(shown, m_windowNumber, false);
+}
+
+void MdiGraphChild::showNewestPlain()
+{
+    showRecordAt(m_store.size() - 1);
+}
+
 void MdiGraphChild::loadRecords(RecordList records, const QString &fileName)
 {
     m_store.load(std::move(records));
+    m_interaction->dataArrived();
     m_unsavedData = false;
+    if (!m_store.isEmpty())
+        noteEnd(m_store.records().last());
     if (m_store.size() > 1) {
         m_neverSaved = false;
         m_baseTitle = fileName;
@@ -126,8 +158,30 @@ void MdiGraphChild::setProcessEnd(int code)
 {
     if (code < 0 || code >= int(std::size(processEnds)))
         return;
-    setWindowIcon(QIcon(QLatin1String(processEnds[code].icon)));
+    const QIcon icon(QLatin1String(processEnds[code].icon));
+    setWindowIcon(icon);
     setToolTip(tr(processEnds[code].text));
+    if (auto *frame = qobject_cast<QMdiSubWindow *>(parentWidget())) // it took the icon over once only
+        frame->setWindowIcon(icon);
+}
+
+void MdiGraphChild::noteEnd(const Varnel3Data &record)
+{
+    for (int code = 0; code < int(std::size(processEnds)); ++code) {
+        if (processEnds[code].letter == record.flag3)
+            setProcessEnd(code);
+    }
+}
+
+void MdiGraphChild::setSilentSince(const QDateTime &since)
+{
+    const QString note = since.isValid()
+        ? tr("No line since %1").arg(since.toString(QStringLiteral("HH:mm:ss")))
+        : QString();
+    if (note == m_note)
+        return;
+    m_note = note;
+    update();
 }
 
 void MdiGraphChild::attachReader(DeviceLink *reader)
@@ -155,6 +209,9 @@ void MdiGraphChild::addRecord(const Varnel3Data &record)
         m_host->showMessageStatusBar(tr("Device: ") + Varnel3Data::deviceName(record.device), 3000);
     }
     m_store.append(record);
+    m_interaction->dataArrived();
+    m_note.clear();
+    noteEnd(record);
     if (!m_neverSaved)
         setTitle(m_baseTitle + QLatin1Char(' ') + m_fileName + QLatin1Char('*'));
     m_unsavedData = true;
@@ -184,16 +241,20 @@ void MdiGraphChild::finishRecording()
     m_reader = nullptr;
 }
 
+// What can't be seen costs nothing; it is drawn when it comes to sight.
 void MdiGraphChild::scheduleRepaint()
 {
-    if (!m_repaintTimer.isActive() && !visibleRegion().isEmpty())
+    if (!m_repaintTimer.isActive() && !window()->isMinimized() && !visibleRegion().isEmpty())
         m_repaintTimer.start();
 }
 
 void MdiGraphChild::paintEvent(QPaintEvent *)
 {
+    GraphPicture shown = picture(size());
+    shown.cursorRecord = m_interaction->cursorRecord();
+    shown.rubberBand = m_interaction->rubberBand();
     QPainter painter(this);
-    m_painter.paint(&painter, picture(size()));
+    m_painter.paint(&painter, shown);
 }
 
 GraphPicture MdiGraphChild::picture(const QSize &pictureSize) const
@@ -202,9 +263,64 @@ GraphPicture MdiGraphChild::picture(const QSize &pictureSize) const
     picture.size = pictureSize;
     picture.store = &m_store;
     picture.switches = m_host->viewState()->switches();
-    picture.selectedCells = m_selectedCells;
+    picture.selectedCells = selectedCells();
     picture.windowNumber = m_windowNumber;
+    picture.zoom = m_interaction->zoom();
+    picture.note = m_note;
     return picture;
+}
+
+void MdiGraphChild::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    m_interaction->resize();
+}
+
+void MdiGraphChild::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    update(); // records came in while it was out of sight
+}
+
+void MdiGraphChild::mousePressEvent(QMouseEvent *event)
+{
+    QWidget::mousePressEvent(event);
+    m_interaction->press(event);
+    event->accept();
+}
+
+void MdiGraphChild::mouseMoveEvent(QMouseEvent *event)
+{
+    m_interaction->move(event);
+}
+
+void MdiGraphChild::mouseReleaseEvent(QMouseEvent *event)
+{
+    QWidget::mouseReleaseEvent(event);
+    m_interaction->release(event);
+    event->accept();
+}
+
+void MdiGraphChild::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    m_interaction->doubleClick(event);
+}
+
+void MdiGraphChild::wheelEvent(QWheelEvent *event)
+{
+    event->setAccepted(m_interaction->wheel(event));
+}
+
+void MdiGraphChild::keyPressEvent(QKeyEvent *event)
+{
+    if (!m_interaction->key(event))
+        QWidget::keyPressEvent(event);
+}
+
+void MdiGraphChild::leaveEvent(QEvent *event)
+{
+    QWidget::leaveEvent(event);
+    m_interaction->leave();
 }
 
 void MdiGraphChild::closeEvent(QCloseEvent *event)

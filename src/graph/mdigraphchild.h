@@ -9,6 +9,8 @@
 #include <QWidget>
 
 class DeviceLink;
+class GraphInteraction;
+class QDateTime;
 class GraphHost;
 
 /// The graph window of one recording: owns its records, draws their course, keeps its title in step with what was
@@ -40,7 +42,7 @@ public:
     /// Tells the feeding device to stop its process; false when there is none.
     bool stopProcess();
     CapacityEntry capacityEntry() const;
-    const CellSelection &selectedCells() const { return m_selectedCells; }
+    const CellSelection &selectedCells() const;
     void setSelectedCells(const CellSelection &cells);
     /// Records came in since the last save.
     bool hasUnsavedData() const { return m_unsavedData; }
@@ -52,8 +54,11 @@ public:
     void loadRecords(RecordList records, const QString &fileName);
     /// All records now stand in `fileName`.
     void markSaved(const QString &fileName);
-    /// Shows by icon and tool tip how the process ended: 0 error, 1 aborted by the user, 2 completed.
+    /// Shows by icon and tool tip how the process ended: 0 error, 1 aborted by the user, 2 completed. Records that
+    /// carry an end letter do so by themselves.
     void setProcessEnd(int code);
+    /// Tells that the device has been silent since `since`; an invalid time takes it back.
+    void setSilentSince(const QDateTime &since);
     /// What the window shows, at any size. Valid as long as the window.
     GraphPicture picture(const QSize &pictureSize) const;
 
@@ -74,19 +79,35 @@ signals:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+
+private slots:
+    void showRecordAt(int record);
+    void showNewestPlain();
 
 private:
     void connectHost();
+    void connectInteraction();
     void tellCapacity();
     void scheduleRepaint();
     void setTitle(const QString &title);
+    void noteEnd(const Varnel3Data &record);
 
     GraphHost *m_host; // not owned, outlives this
     DeviceLink *m_reader = nullptr; // not owned; forgotten by finishRecording() before it goes
     SeriesStore m_store;
     GraphPainter m_painter;
-    CellSelection m_selectedCells = {};
+    GraphInteraction *m_interaction; // a child of this
+    QString m_note;
     int m_windowNumber = 0;
     QString m_baseTitle;
     QString m_fileName;

@@ -8,6 +8,8 @@ target_sources(varnel_core PRIVATE
 )
 target_sources(varnel_gui PRIVATE
     graph/celllegend.cpp graph/celllegend.h
+    graph/cellpicker.cpp graph/cellpicker.h
+    graph/cursorpainter.cpp graph/cursorpainter.h
     graph/curvedata.cpp graph/curvedata.h
     graph/curvepainter.cpp graph/curvepainter.h
     graph/curvespans.cpp graph/curvespans.h
@@ -16,11 +18,14 @@ target_sources(varnel_gui PRIVATE
     graph/graphcanvas.cpp graph/graphcanvas.h
     graph/graphcolours.cpp graph/graphcolours.h
     graph/graphhost.h
+    graph/graphinteraction.cpp graph/graphinteraction.h graph/graphkeys.cpp
     graph/graphlayout.cpp graph/graphlayout.h
     graph/graphpainter.cpp graph/graphpainter.h
     graph/graphpicture.h
     graph/graphscene.cpp graph/graphscene.h
-    graph/graphzoom.h
+    graph/graphviewport.cpp graph/graphviewport.h
+    graph/graphzoom.cpp graph/graphzoom.h
+    graph/interval.cpp graph/interval.h
     graph/legendpainter.cpp graph/legendpainter.h
     graph/mdigraphchild.cpp graph/mdigraphchild.h
     graph/scaledrawtime.cpp graph/scaledrawtime.h

@@ -43,11 +43,7 @@ ValueAxisPainter::Place ValueAxisPainter::placeFor(const GraphLayout &layout, Gr
 
 void ValueAxisPainter::paint(const GraphScene::Axis &axis)
 {
-    const GraphZoom &zoom = c.picture.zoom;
-    const GraphZoom::Share share = !zoom.active ? GraphZoom::Share()
-        : axis.area == PlotArea::Upper          ? zoom.upper
-                                                : zoom.lower;
-    const ValueRange range = axis.range.part(share);
+    const ValueRange range = axis.range.part(c.picture.zoom.share(axis.area));
     const QVector<int> heights = c.layout.valueHeights(axis.area);
     const int steps = heights.size() - 1;
     const Place place = placeFor(c.layout, axis.side);

@@ -34,7 +34,7 @@ ValueRange scaledRange(double minimum, double maximum, double unit, bool keepNeg
 
 } // namespace
 
-ValueRange ValueRange::part(const GraphZoom::Share &share) const
+ValueRange ValueRange::part(const Interval &share) const
 {
     return {low + (high - low) * share.low, low + (high - low) * share.high};
 }

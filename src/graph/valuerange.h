@@ -1,6 +1,6 @@
 #pragma once
 
-#include "graph/graphzoom.h"
+#include "graph/interval.h"
 
 /// An interval of values that a plot area spans from its bottom to its top.
 struct ValueRange {
@@ -8,7 +8,7 @@ struct ValueRange {
     double high = 1.0;
 
     /// The part of the range that a zoom shows.
-    ValueRange part(const GraphZoom::Share &share) const;
+    ValueRange part(const Interval &share) const;
 
     /// The range of a current between `minimum` and `maximum`, which are counted in units of `unit`: with a tenth
     /// above a real course, from 0 for a constant one, and never so narrow that noise fills the plot. Values that are

@@ -296,7 +296,8 @@ void TestGraphPainter::staysInItsPlaces()
         picture.switches.balancer = view >= 2;
         picture.switches.average = view == 3;
         picture.switches.deltaMode = view == 0 ? 1 : 2;
-        picture.zoom = {view == 1, 3000, 5000, {0.2, 0.7}, {0.1, 0.2}};
+        if (view == 1)
+            picture.zoom.show({3000, 5000}, PlotArea::Upper, {0.2, 0.7}, {0, 9995});
         QCOMPARE(strayPixels(drawn(picture), black ? Qt::black : Qt::white, view < 2), 0);
     }
 }
@@ -380,7 +381,8 @@ void TestGraphPainter::zoomShowsAPart()
     const QRect lower = layout.area(PlotArea::Lower);
     const QColor cyan(0x00, 0xFF, 0xFF);
     // the current bends at 70 per cent of the time
-    picture.zoom = {true, 3000, 4000, {}, {}};
+    const Interval whole = {0, 4995};
+    picture.zoom.show({3000, 4000}, PlotArea::Upper, {0, 1}, whole);
     QImage image = drawn(picture);
     const int level = lower.bottom()
         - qRound((2.5 - store.series(SeriesStore::Current).minimum())
@@ -389,7 +391,7 @@ void TestGraphPainter::zoomShowsAPart()
     QVERIFY(image.pixelColor(lower.right() - 5, level) != cyan);
     // only the upper plot's values are cut
     const QImage before = image;
-    picture.zoom.upper = {0.5, 1.0};
+    picture.zoom.show({3000, 4000}, PlotArea::Upper, {0.5, 1}, whole);
     image = drawn(picture);
     QCOMPARE(image.copy(lower), before.copy(lower));
     QVERIFY(image.copy(upper) != before.copy(upper));

@@ -1,0 +1,91 @@
+#include "graph/cursorpainter.h"
+
+#include "data/timetext.h"
+#include "graph/figures.h"
+#include "graph/seriesstore.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+
+namespace {
+
+constexpr int fromLine = 8; // px between the cursor line and its values
+constexpr int margin = 5;
+constexpr int columnGap = 12;
+constexpr int textGap = 8; // between a name and its value
+
+} // namespace
+
+CursorPainter::CursorPainter(const GraphCanvas &canvas)
+    : c(canvas)
+    , p(canvas.painter)
+{
+}
+
+void CursorPainter::paintCursor(const GraphScene &scene, int record)
+{
+    const int x = qRound(c.timeMap.transform(c.picture.store->series(SeriesStore::Time)[record]));
+    if (x < c.layout.plotLeft() || x > c.layout.plotRight())
+        return;
+    p->setPen(QPen(c.colours.axis(), 1));
+    for (PlotArea area : {PlotArea::Upper, PlotArea::Lower})
+        p->drawLine(x, c.layout.area(area).top(), x, c.layout.area(area).bottom());
+    paintValues(valuesAt(scene, record), x);
+}
+
+QVector<CursorPainter::Line> CursorPainter::valuesAt(const GraphScene &scene, int record) const
+{
+    const double time = c.picture.store->series(SeriesStore::Time)[record];
+    QVector<Line> lines{{QString(), elapsedTimeText(time), c.colours.text()}};
+    for (const GraphScene::Curve &curve : scene.curves) {
+        const double value = c.picture.store->series(curve.series)[record] * curve.factor;
+        const QString text = record < curve.first ? noFigure() : figure(value, 0, curve.decimals);
+        lines.append({curve.name, text + QLatin1Char(' ') + curve.unit, curve.colour});
+    }
+    return lines;
+}
+
+void CursorPainter::paintValues(const QVector<Line> &lines, int x)
+{
+    p->setFont(GraphCanvas::font(8));
+    const QFontMetrics metrics(p->font());
+    int nameWidth = 0;
+    int valueWidth = 0;
+    for (const Line &line : lines) {
+        nameWidth = qMax(nameWidth, metrics.horizontalAdvance(line.name));
+        valueWidth = qMax(valueWidth, metrics.horizontalAdvance(line.value));
+    }
+    // as many columns as the height asks for
+    const int room = c.layout.plotBottom() - c.layout.plotTop() - 2 * margin;
+    const int perColumn = qMax(1, room / metrics.height());
+    const int columns = (lines.size() + perColumn - 1) / perColumn;
+    const int rows = (lines.size() + columns - 1) / columns;
+    const int columnWidth = nameWidth + textGap + valueWidth;
+    const QSize size(
+        columns * columnWidth + (columns - 1) * columnGap + 2 * margin, rows * metrics.height() + 2 * margin);
+
+    const bool fitsRight = x + fromLine + size.width() <= c.layout.plotRight();
+    const int left = fitsRight ? x + fromLine : qMax(0, x - fromLine - size.width());
+    const QRect box(QPoint(left, c.layout.plotTop() + margin), size);
+    QColor back = c.colours.highlight();
+    back.setAlpha(235);
+    p->setPen(c.colours.grid());
+    p->setBrush(back);
+    p->drawRect(box);
+    for (int i = 0; i < lines.size(); ++i) {
+        const QRect row(box.left() + margin + i / rows * (columnWidth + columnGap),
+            box.top() + margin + i % rows * metrics.height(), columnWidth, metrics.height());
+        p->setPen(GraphColours::readable(lines[i].colour, c.colours.highlight()));
+        p->drawText(row, Qt::AlignLeft | Qt::AlignVCenter, lines[i].name);
+        p->drawText(row, Qt::AlignRight | Qt::AlignVCenter, lines[i].value);
+    }
+}
+
+void CursorPainter::paintRubberBand(const QRect &rect)
+{
+    QColor fill = c.colours.current();
+    p->setPen(QPen(fill, 1, Qt::DashLine));
+    fill.setAlpha(40);
+    p->setBrush(fill);
+    p->drawRect(rect.adjusted(0, 0, -1, -1));
+}

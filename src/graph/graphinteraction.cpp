@@ -1,0 +1,190 @@
+#include "graph/graphinteraction.h"
+
+#include "graph/celllegend.h"
+#include "graph/seriesstore.h"
+#include "settings/viewstate.h"
+
+#include <QMouseEvent>
+#include <QWheelEvent>
+#include <QWidget>
+
+#include <cmath>
+
+namespace {
+
+constexpr double wheelFactor = 1.25; // a step of the wheel, which is 120 units
+constexpr double wheelStep = 120.0;
+constexpr double buttonFactor = 2.0;
+constexpr int smallestSelection = 4; // px; less was no selection
+
+} // namespace
+
+GraphInteraction::GraphInteraction(QWidget *widget, const SeriesStore *store, const ViewState *state)
+    : QObject(widget)
+    , m_widget(widget)
+    , m_store(store)
+    , m_state(state)
+    , m_view(store)
+{
+    connect(&m_cells, SIGNAL(changed()), widget, SLOT(update()));
+}
+
+void GraphInteraction::dataArrived()
+{
+    m_view.showAll();
+    m_selecting = false;
+    m_cursor = -1;
+    endDrag();
+}
+
+void GraphInteraction::resize()
+{
+    m_view.resize(m_widget->size());
+    m_selecting = false;
+}
+
+int GraphInteraction::cellsInLegend() const
+{
+    const ViewSwitches &switches = m_state->switches();
+    return switches.balancer && !switches.average && m_store->hasCellSeries() ? m_store->cellSeriesCount()
+                                                                              : -1;
+}
+
+void GraphInteraction::pointAt(const QPoint &position)
+{
+    if (!m_widget->rect().contains(position))
+        return;
+    m_area = m_view.areaAt(position).value_or(m_area);
+    const int record = m_view.recordAt(position.x());
+    const int cursor = position.x() <= m_view.layout().plotRight() ? record : -1;
+    if (cursor != m_cursor) {
+        m_cursor = cursor;
+        m_widget->update();
+    }
+    if (record >= 0)
+        emit recordPointedAt(record);
+}
+
+void GraphInteraction::press(const QMouseEvent *event)
+{
+    if (!m_widget->isActiveWindow())
+        return;
+    pointAt(event->pos());
+    const std::optional<PlotArea> area = m_view.areaAt(event->pos());
+    if (event->button() == Qt::LeftButton) {
+        if (pressLegend(event) || !area)
+            return;
+        m_selecting = true;
+        m_area = *area;
+        m_selectionStart = event->pos();
+        m_rubberBand = QRect(event->pos(), event->pos() - QPoint(1, 1));
+    } else if (event->button() == Qt::RightButton && zoom().isActive()) {
+        m_dragging = true;
+        m_dragPoint = event->pos();
+        m_widget->setCursor(Qt::ClosedHandCursor);
+    }
+}
+
+bool GraphInteraction::pressLegend(const QMouseEvent *event)
+{
+    const int cells = cellsInLegend();
+    if (cells < 0 || event->x() < m_view.layout().legend().left())
+        return false;
+    m_cells.click(
+        CellLegend(m_view.layout(), cells).cellAt(event->y()), event->modifiers() & Qt::ControlModifier);
+    return true;
+}
+
+void GraphInteraction::move(const QMouseEvent *event)
+{
+    if (event->buttons() == Qt::NoButton)
+        pointAt(event->pos());
+    if (m_selecting)
+        select(event->pos());
+    if (m_dragging) {
+        m_view.moveBy(event->pos() - m_dragPoint, m_area);
+        m_dragPoint = event->pos();
+        m_widget->update();
+    }
+}
+
+void GraphInteraction::select(const QPoint &position)
+{
+    const QRect spanned = QRect(m_selectionStart, position).normalized();
+    m_rubberBand = spanned & m_view.layout().area(m_area);
+    m_widget->update();
+}
+
+void GraphInteraction::release(const QMouseEvent *event)
+{
+    if (event->button() == Qt::RightButton) {
+        endDrag();
+    } else if (event->button() == Qt::LeftButton && m_selecting) {
+        endSelection();
+    } else if (event->button() == Qt::MiddleButton && m_widget->isActiveWindow()) {
+        const bool out = event->modifiers() & Qt::ControlModifier;
+        stepZoom(out ? 1 / buttonFactor : buttonFactor, event->pos());
+    }
+}
+
+void GraphInteraction::endSelection()
+{
+    m_selecting = false;
+    if (m_rubberBand.width() > smallestSelection && m_rubberBand.height() > smallestSelection) {
+        m_view.showRect(m_area, m_rubberBand);
+        m_cursor = -1;
+    }
+    m_widget->update();
+}
+
+// Around a point of a plot, in time and value; elsewhere there is no value, and only the time is left.
+void GraphInteraction::stepZoom(double factor, const QPoint &position)
+{
+    const std::optional<PlotArea> area = m_view.areaAt(position);
+    m_view.zoomTimes(factor, position.x());
+    if (area)
+        m_view.zoomValues(factor, *area, position.y());
+    m_widget->update();
+}
+
+void GraphInteraction::endDrag()
+{
+    if (m_dragging)
+        m_widget->unsetCursor();
+    m_dragging = false;
+}
+
+void GraphInteraction::doubleClick(const QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton || pressLegend(event))
+        return;
+    m_selecting = false;
+    m_view.showAll();
+    m_widget->update();
+}
+
+void GraphInteraction::leave()
+{
+    m_cursor = -1;
+    m_widget->unsetCursor();
+    m_widget->update();
+    if (!m_store->isEmpty())
+        emit pointerLeft();
+}
+
+bool GraphInteraction::wheel(const QWheelEvent *event)
+{
+    const QPoint position = event->position().toPoint();
+    // with Alt held, some systems turn the wheel sideways
+    const int turned = event->angleDelta().y() != 0 ? event->angleDelta().y() : event->angleDelta().x();
+    const double factor = std::pow(wheelFactor, turned / wheelStep);
+    const std::optional<PlotArea> area = m_view.areaAt(position);
+    if (turned == 0 || m_store->isEmpty() || !area)
+        return false;
+    if (event->modifiers() & Qt::ControlModifier)
+        m_view.zoomValues(factor, *area, position.y());
+    else
+        m_view.zoomTimes(factor, position.x());
+    m_widget->update();
+    return true;
+}

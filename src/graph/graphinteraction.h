@@ -1,0 +1,81 @@
+#pragma once
+
+#include "graph/cellpicker.h"
+#include "graph/graphviewport.h"
+
+class QKeyEvent;
+class QMouseEvent;
+class QWheelEvent;
+class QWidget;
+class ViewState;
+
+/// What mouse and keyboard do to a graph: the cursor that walks along the records, the zoom, the picked cells. The
+/// widget forwards its events and paints what this says.
+class GraphInteraction : public QObject {
+    Q_OBJECT
+
+public:
+    /// All outlive this. `widget` shows the graph over all its size.
+    GraphInteraction(QWidget *widget, const SeriesStore *store, const ViewState *state);
+
+    const GraphZoom &zoom() const { return m_view.zoom(); }
+    /// Record that the cursor line stands at; -1 for none.
+    int cursorRecord() const { return m_cursor; }
+    /// What the left button is picking; empty while it does not.
+    QRect rubberBand() const { return m_selecting ? m_rubberBand : QRect(); }
+    CellPicker *cells() { return &m_cells; }
+    const CellPicker *cells() const { return &m_cells; }
+
+    void press(const QMouseEvent *event);
+    void move(const QMouseEvent *event);
+    void release(const QMouseEvent *event);
+    void doubleClick(const QMouseEvent *event);
+    void leave();
+    void resize();
+    /// False for an event that means nothing here.
+    bool wheel(const QWheelEvent *event);
+    bool key(const QKeyEvent *event);
+    /// A record came in: all of the recording is shown again, and nothing is being picked.
+    void dataArrived();
+
+signals:
+    /// The pointer or the cursor came to `record`.
+    void recordPointedAt(int record);
+    /// It went away.
+    void pointerLeft();
+
+private:
+    struct KeyBinding;
+    static const KeyBinding keyBindings[];
+
+    void pointAt(const QPoint &position);
+    bool pressLegend(const QMouseEvent *event);
+    void select(const QPoint &position);
+    void endSelection();
+    void stepZoom(double factor, const QPoint &position);
+    void endDrag();
+    int cellsInLegend() const;
+    int centreColumn() const;
+
+    void moveCursor(int direction, Qt::KeyboardModifiers modifiers);
+    void movePart(int direction, Qt::KeyboardModifiers modifiers);
+    void moveValues(int direction, Qt::KeyboardModifiers modifiers);
+    void zoomByKey(int direction, Qt::KeyboardModifiers modifiers);
+    void choosePlot(int direction, Qt::KeyboardModifiers modifiers);
+    void pickCell(int direction, Qt::KeyboardModifiers modifiers);
+    void showAll(int direction, Qt::KeyboardModifiers modifiers);
+    void giveUp(int direction, Qt::KeyboardModifiers modifiers);
+
+    QWidget *m_widget; // not owned
+    const SeriesStore *m_store; // not owned
+    const ViewState *m_state; // not owned
+    GraphViewport m_view;
+    CellPicker m_cells;
+    int m_cursor = -1;
+    PlotArea m_area = PlotArea::Upper; // where the pointer was last
+    bool m_selecting = false;
+    QPoint m_selectionStart;
+    QRect m_rubberBand;
+    bool m_dragging = false;
+    QPoint m_dragPoint;
+};

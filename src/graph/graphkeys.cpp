@@ -1,0 +1,126 @@
+// The keyboard's way to everything that the mouse does to a graph.
+#include "graph/graphinteraction.h"
+
+#include "graph/seriesstore.h"
+
+#include <QKeyEvent>
+#include <QWidget>
+
+namespace {
+
+constexpr double keyFactor = 1.25;
+constexpr int fastCursor = 10; // px
+constexpr int partsOfPicture = 10; // a key moves a zoomed picture by one of them
+
+} // namespace
+
+struct GraphInteraction::KeyBinding {
+    int key;
+    Qt::KeyboardModifiers
+        modifiers; ///< of Control and Shift; the other one may be held too and is told to `action`
+    void (GraphInteraction::*action)(int direction, Qt::KeyboardModifiers modifiers);
+    int direction;
+};
+
+const GraphInteraction::KeyBinding GraphInteraction::keyBindings[] = {
+    {Qt::Key_Left, Qt::ControlModifier, &GraphInteraction::movePart, -1},
+    {Qt::Key_Right, Qt::ControlModifier, &GraphInteraction::movePart, 1},
+    {Qt::Key_Up, Qt::ControlModifier, &GraphInteraction::pickCell, -1},
+    {Qt::Key_Down, Qt::ControlModifier, &GraphInteraction::pickCell, 1},
+    {Qt::Key_Left, Qt::NoModifier, &GraphInteraction::moveCursor, -1},
+    {Qt::Key_Right, Qt::NoModifier, &GraphInteraction::moveCursor, 1},
+    {Qt::Key_Up, Qt::NoModifier, &GraphInteraction::moveValues, 1},
+    {Qt::Key_Down, Qt::NoModifier, &GraphInteraction::moveValues, -1},
+    {Qt::Key_Plus, Qt::NoModifier, &GraphInteraction::zoomByKey, 1},
+    {Qt::Key_Equal, Qt::NoModifier, &GraphInteraction::zoomByKey, 1}, // '+' without Shift
+    {Qt::Key_Minus, Qt::NoModifier, &GraphInteraction::zoomByKey, -1},
+    {Qt::Key_PageUp, Qt::NoModifier, &GraphInteraction::choosePlot, 1},
+    {Qt::Key_PageDown, Qt::NoModifier, &GraphInteraction::choosePlot, -1},
+    {Qt::Key_Home, Qt::NoModifier, &GraphInteraction::showAll, 0},
+    {Qt::Key_Escape, Qt::NoModifier, &GraphInteraction::giveUp, 0},
+};
+
+bool GraphInteraction::key(const QKeyEvent *event)
+{
+    if (m_store->isEmpty())
+        return false;
+    for (const KeyBinding &binding : keyBindings) {
+        if (event->key() != binding.key || (event->modifiers() & binding.modifiers) != binding.modifiers)
+            continue;
+        (this->*binding.action)(binding.direction, event->modifiers());
+        m_widget->update();
+        return true;
+    }
+    return false;
+}
+
+int GraphInteraction::centreColumn() const
+{
+    const GraphLayout layout = m_view.layout();
+    return m_cursor >= 0 ? m_view.columnOf(m_cursor) : (layout.plotLeft() + layout.plotRight()) / 2;
+}
+
+// By a pixel column, but at least to the next record. The first step comes in from the middle of the picture.
+void GraphInteraction::moveCursor(int direction, Qt::KeyboardModifiers modifiers)
+{
+    const int step = modifiers & Qt::ShiftModifier ? fastCursor : 1;
+    int record = m_view.recordAt(centreColumn());
+    if (m_cursor >= 0) {
+        record = m_view.recordAt(m_view.columnOf(m_cursor) + direction * step);
+        const bool moved = direction > 0 ? record > m_cursor : record >= 0 && record < m_cursor;
+        if (!moved)
+            record = m_cursor + direction;
+    }
+    m_cursor = qBound(0, record, m_store->size() - 1);
+    m_view.reveal(m_cursor);
+    emit recordPointedAt(m_cursor);
+}
+
+void GraphInteraction::movePart(int direction, Qt::KeyboardModifiers)
+{
+    const QRect rect = m_view.layout().area(m_area);
+    m_view.moveBy(QPoint(-direction * rect.width() / partsOfPicture, 0), m_area);
+}
+
+void GraphInteraction::moveValues(int direction, Qt::KeyboardModifiers)
+{
+    const QRect rect = m_view.layout().area(m_area);
+    m_view.moveBy(QPoint(0, direction * rect.height() / partsOfPicture), m_area);
+}
+
+void GraphInteraction::zoomByKey(int direction, Qt::KeyboardModifiers modifiers)
+{
+    const double factor = direction > 0 ? keyFactor : 1 / keyFactor;
+    if (modifiers & Qt::ControlModifier)
+        m_view.zoomValues(factor, m_area, m_view.layout().area(m_area).center().y());
+    else
+        m_view.zoomTimes(factor, centreColumn());
+}
+
+void GraphInteraction::choosePlot(int direction, Qt::KeyboardModifiers)
+{
+    m_area = direction > 0 ? PlotArea::Upper : PlotArea::Lower;
+}
+
+void GraphInteraction::pickCell(int direction, Qt::KeyboardModifiers modifiers)
+{
+    m_cells.step(direction, modifiers & Qt::ShiftModifier, cellsInLegend());
+}
+
+void GraphInteraction::showAll(int, Qt::KeyboardModifiers)
+{
+    m_view.showAll();
+}
+
+// One thing at a time: what is being picked, the cursor, the picked cells.
+void GraphInteraction::giveUp(int, Qt::KeyboardModifiers)
+{
+    if (m_selecting) {
+        m_selecting = false;
+    } else if (m_cursor >= 0) {
+        m_cursor = -1;
+        emit pointerLeft();
+    } else {
+        m_cells.click(-1, false);
+    }
+}

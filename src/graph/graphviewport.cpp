@@ -1,0 +1,118 @@
+#include "graph/graphviewport.h"
+
+#include "graph/seriesstore.h"
+
+#include <qwt_scale_engine.h>
+
+#include <algorithm>
+
+GraphViewport::GraphViewport(const SeriesStore *store)
+    : m_store(store)
+{
+}
+
+GraphLayout GraphViewport::layout() const
+{
+    return {m_size, m_store->size()};
+}
+
+Interval GraphViewport::wholeTimes() const
+{
+    const PlotSeries &times = m_store->series(SeriesStore::Time);
+    return times.isEmpty() ? Interval{0, 0} : Interval{times[0], times.last()};
+}
+
+QwtScaleMap GraphViewport::timeMap() const
+{
+    const Interval shown = m_zoom.isActive() ? m_zoom.times() : wholeTimes();
+    return layout().timeMap(shown.low, shown.high);
+}
+
+void GraphViewport::resize(const QSize &size)
+{
+    m_size = size;
+    if (!m_zoom.isActive())
+        return;
+    double low = m_zoom.times().low;
+    double high = m_zoom.times().high;
+    double step = 0.0;
+    QwtLinearScaleEngine(GraphLayout::timeBase).autoScale(layout().zoomedMajorTicks(), low, high, step);
+    const Interval whole = wholeTimes();
+    m_zoom.setTimes({std::max(low, whole.low), std::min(high, whole.high)}, whole);
+}
+
+int GraphViewport::recordAt(int x) const
+{
+    const int count = m_store->size();
+    const GraphLayout geometry = layout();
+    if (count == 0 || x < geometry.plotLeft() || !geometry.isDrawable())
+        return -1;
+    if (!m_store->isTimeMonotone()) // no place in time is one record's
+        return std::min(int((x - geometry.plotLeft()) / geometry.pixelsPerRecord()), count - 1);
+    const PlotSeries &times = m_store->series(SeriesStore::Time);
+    const double time = timeMap().invTransform(std::min(x, geometry.plotRight()));
+    const int next = int(std::lower_bound(times.begin(), times.begin() + count, time) - times.begin());
+    if (next == count || (next > 0 && time - times[next - 1] < times[next] - time))
+        return next - 1;
+    return next;
+}
+
+int GraphViewport::columnOf(int record) const
+{
+    return qRound(timeMap().transform(m_store->series(SeriesStore::Time)[record]));
+}
+
+std::optional<PlotArea> GraphViewport::areaAt(const QPoint &position) const
+{
+    for (PlotArea area : {PlotArea::Upper, PlotArea::Lower}) {
+        if (layout().area(area).contains(position))
+            return area;
+    }
+    return std::nullopt;
+}
+
+double GraphViewport::shareAt(PlotArea area, int y) const
+{
+    const Interval shown = m_zoom.share(area);
+    return layout().valueMap(area, shown.low, shown.high).invTransform(y);
+}
+
+void GraphViewport::showRect(PlotArea area, const QRect &rect)
+{
+    const QwtScaleMap map = timeMap();
+    m_zoom.show({map.invTransform(rect.left()), map.invTransform(rect.right())}, area,
+        {shareAt(area, rect.bottom()), shareAt(area, rect.top())}, wholeTimes());
+}
+
+void GraphViewport::zoomTimes(double factor, int x)
+{
+    const GraphLayout geometry = layout();
+    m_zoom.zoomTimes(
+        factor, timeMap().invTransform(qBound(geometry.plotLeft(), x, geometry.plotRight())), wholeTimes());
+}
+
+void GraphViewport::zoomValues(double factor, PlotArea area, int y)
+{
+    m_zoom.zoomValues(factor, area, shareAt(area, y), wholeTimes());
+}
+
+void GraphViewport::moveBy(const QPoint &distance, PlotArea area)
+{
+    if (!m_zoom.isActive())
+        return;
+    const QRect rect = layout().area(area);
+    m_zoom.moveTimes(-distance.x() * m_zoom.times().length() / (rect.width() - 1), wholeTimes());
+    m_zoom.moveValues(distance.y() * m_zoom.share(area).length() / (rect.height() - 1), area);
+}
+
+void GraphViewport::reveal(int record)
+{
+    if (!m_zoom.isActive())
+        return;
+    const double time = m_store->series(SeriesStore::Time)[record];
+    const Interval shown = m_zoom.times();
+    if (time < shown.low)
+        m_zoom.moveTimes(time - shown.low, wholeTimes());
+    else if (time > shown.high)
+        m_zoom.moveTimes(time - shown.high, wholeTimes());
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "data/varnel3data.h"
+#include "graph/graphhost.h"
+#include "link/devicelink.h"
+#include "settings/viewstate.h"
+
+#include <QObject>
+#include <QStringList>
+#include <QVector>
+
+/// A shell of which a test sees everything that a graph window asks.
+class FakeHost : public QObject, public GraphHost {
+    Q_OBJECT
+
+public:
+    struct Shown {
+        Varnel3Data record;
+        int number;
+        bool useKeptRi;
+    };
+
+    ViewState *viewState() const override { return state; }
+    bool isCurrent(const MdiGraphChild *child) const override { return current == child; }
+    void showRecord(const Varnel3Data &record, int windowNumber, bool useKeptRi) override;
+    void showMessageStatusBar(const QString &message, int timeout) override;
+    QObject *updateReceiver() override { return this; }
+    void graphClosing(MdiGraphChild *child) override;
+
+    ViewState *state = new ViewState(this);
+    const MdiGraphChild *current = nullptr;
+    QVector<Shown> shown;
+    QStringList messages;
+    QStringList capacities; ///< the arguments of updateCapacity()
+    int voltageUpdates = 0;
+    QVector<MdiGraphChild *> closed;
+
+public slots:
+    void updateCapacity(int energyNow, char mode, int energyAtMark, int number);
+    void updateVoltage() { ++voltageUpdates; }
+};
+
+/// A device that keeps what it is told.
+class FakeLink : public DeviceLink {
+public:
+    void sendCommand(const QString &text) override { commands.append(text); }
+    QString portName() const override { return QStringLiteral("COM7"); }
+    bool isNewProcess() const override { return false; }
+    void detachGraphChild(RecordingSink *) override { ++detached; }
+
+    QStringList commands;
+    int detached = 0;
+};

@@ -1,0 +1,385 @@
+#include "graph/celllegend.h"
+#include "graph/graphfixture.h"
+#include "graph/graphlayout.h"
+#include "graph/mdigraphchild.h"
+#include "graph/recordings.h"
+
+#include <QWheelEvent>
+#include <QtTest>
+
+namespace {
+
+constexpr int period = 10; // s between two records; with 87 of them a record stands every ten pixels
+constexpr int count = 87;
+
+} // namespace
+
+class TestGraphInteraction : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void hoveringShowsTheRecord_data();
+    void hoveringShowsTheRecord();
+    void otherWindowsAreLeftAlone();
+    void leavingShowsTheNewest();
+    void rectangleZooms();
+    void rectangleStaysInItsPlot();
+    void smallRectangleIsNoZoom_data();
+    void smallRectangleIsNoZoom();
+    void wheelZoomsAroundThePointer();
+    void middleButtonSteps();
+    void rightDragMoves();
+    void doubleClickShowsAll();
+    void dataShowsAll();
+    void legendPicksCells();
+    void keysDoWhatTheMouseDoes();
+    void resizeDividesAnew();
+    void fewRecordsAreSafe_data();
+    void fewRecordsAreSafe();
+
+private:
+    void load(RecordList records) { child->loadRecords(std::move(records), QStringLiteral("x.acp")); }
+    GraphLayout layout() const { return {child->size(), child->store().size()}; }
+    QPoint in(PlotArea area, double right, double down) const;
+    void hover(const QPoint &position);
+    void drag(Qt::MouseButton button, const QPoint &from, const QPoint &to);
+    void wheel(const QPoint &position, int steps, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    GraphZoom zoom() const { return child->picture(child->size()).zoom; }
+    int lastShownTime() const { return host->shown.isEmpty() ? -1 : host->shown.last().record.time; }
+
+    FakeHost *host = nullptr;
+    MdiGraphChild *child = nullptr;
+};
+
+void TestGraphInteraction::init()
+{
+    host = new FakeHost;
+    child = new MdiGraphChild(host);
+    child->resize(1000, 600); // plots from 40 to 900
+    child->setWindowNumber(3);
+    child->show();
+    child->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(child));
+    load(recordings::lipoCharge(count, period));
+    host->current = child;
+}
+
+void TestGraphInteraction::cleanup()
+{
+    delete child;
+    delete host;
+}
+
+QPoint TestGraphInteraction::in(PlotArea area, double right, double down) const
+{
+    const QRect rect = layout().area(area);
+    return {
+        rect.left() + qRound((rect.width() - 1) * right), rect.top() + qRound((rect.height() - 1) * down)};
+}
+
+// From elsewhere, because a pointer that stays where it is sends nothing.
+void TestGraphInteraction::hover(const QPoint &position)
+{
+    QTest::mouseMove(child, QPoint(20, 20));
+    QTest::mouseMove(child, position);
+    QCoreApplication::processEvents();
+}
+
+void TestGraphInteraction::drag(Qt::MouseButton button, const QPoint &from, const QPoint &to)
+{
+    QTest::mousePress(child, button, Qt::NoModifier, from);
+    QMouseEvent move(QEvent::MouseMove, to, child->mapToGlobal(to), Qt::NoButton, button, Qt::NoModifier);
+    QApplication::sendEvent(child, &move);
+    QTest::mouseRelease(child, button, Qt::NoModifier, to);
+}
+
+void TestGraphInteraction::wheel(const QPoint &position, int steps, Qt::KeyboardModifiers modifiers)
+{
+    QWheelEvent event(position, child->mapToGlobal(position), QPoint(), QPoint(0, 120 * steps), Qt::NoButton,
+        modifiers, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(child, &event);
+}
+
+void TestGraphInteraction::hoveringShowsTheRecord_data()
+{
+    QTest::addColumn<QPoint>("position");
+    QTest::addColumn<int>("time");
+    QTest::newRow("first") << QPoint(40, 100) << 0;
+    QTest::newRow("next to it") << QPoint(44, 100) << 0;
+    QTest::newRow("nearer to the second") << QPoint(46, 100) << period;
+    QTest::newRow("in the lower plot") << QPoint(470, 500) << 43 * period;
+    QTest::newRow("last") << QPoint(900, 100) << 86 * period;
+    QTest::newRow("right of the plots") << QPoint(960, 100) << 86 * period;
+    QTest::newRow("left of the plots") << QPoint(39, 100) << -1;
+}
+
+void TestGraphInteraction::hoveringShowsTheRecord()
+{
+    QFETCH(QPoint, position);
+    QFETCH(int, time);
+    hover(position);
+    QCOMPARE(lastShownTime(), time);
+}
+
+void TestGraphInteraction::otherWindowsAreLeftAlone()
+{
+    host->current = nullptr;
+    hover(in(PlotArea::Upper, 0.5, 0.5));
+    QTest::mouseClick(child, Qt::LeftButton, Qt::NoModifier, in(PlotArea::Upper, 0.6, 0.5));
+    QVERIFY(host->shown.isEmpty());
+}
+
+void TestGraphInteraction::leavingShowsTheNewest()
+{
+    hover(in(PlotArea::Upper, 0.5, 0.5));
+    QCOMPARE(lastShownTime(), 43 * period);
+    // the charge is the newest one's, whatever the record
+    QCOMPARE(host->shown.last().record.balancedMah, 40);
+    const QImage with = child->grab().toImage();
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(child, &leave);
+    QCOMPARE(lastShownTime(), 86 * period);
+    QVERIFY(!host->shown.last().useKeptRi);
+    QVERIFY(child->grab().toImage() != with); // the cursor line has gone
+}
+
+void TestGraphInteraction::rectangleZooms()
+{
+    drag(Qt::LeftButton, in(PlotArea::Upper, 0.75, 0.5), in(PlotArea::Upper, 0.25, 0.25));
+    QVERIFY(zoom().isActive());
+    QCOMPARE(zoom().times().low, 215.0);
+    QCOMPARE(zoom().times().high, 645.0);
+    QVERIFY(qAbs(zoom().share(PlotArea::Upper).low - 0.5) < 0.005);
+    QVERIFY(qAbs(zoom().share(PlotArea::Upper).high - 0.75) < 0.005);
+    QCOMPARE(zoom().share(PlotArea::Lower).length(), 1.0);
+    // once more, inside what is shown
+    drag(Qt::LeftButton, in(PlotArea::Lower, 0.0, 0.0), in(PlotArea::Lower, 0.5, 0.5));
+    QCOMPARE(zoom().times().high, 430.0);
+    QVERIFY(qAbs(zoom().share(PlotArea::Lower).low - 0.5) < 0.005);
+    QVERIFY(qAbs(zoom().share(PlotArea::Upper).high - 0.75) < 0.005);
+    hover(in(PlotArea::Lower, 1.0, 0.5));
+    QCOMPARE(lastShownTime(), 430);
+}
+
+void TestGraphInteraction::rectangleStaysInItsPlot()
+{
+    const QPoint start = in(PlotArea::Upper, 0.5, 0.5);
+    QTest::mousePress(child, Qt::LeftButton, Qt::NoModifier, start);
+    QMouseEvent move(
+        QEvent::MouseMove, QPoint(990, 590), QPoint(), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(child, &move);
+    const QRect lower = layout().area(PlotArea::Lower);
+    const QImage with = child->grab().toImage();
+    QTest::mouseRelease(child, Qt::LeftButton, Qt::NoModifier, QPoint(990, 590));
+    QCOMPARE(zoom().times().high, 860.0);
+    QVERIFY(zoom().share(PlotArea::Upper).low < 0.001);
+    child->loadRecords(recordings::lipoCharge(count, period), QStringLiteral("x.acp"));
+    QCOMPARE(with.copy(lower), child->grab().toImage().copy(lower)); // nothing was drawn there
+}
+
+void TestGraphInteraction::smallRectangleIsNoZoom_data()
+{
+    QTest::addColumn<QPoint>("size");
+    QTest::addColumn<bool>("zooms");
+    QTest::newRow("click") << QPoint(0, 0) << false;
+    QTest::newRow("flat") << QPoint(200, 3) << false;
+    QTest::newRow("thin") << QPoint(3, 200) << false;
+    QTest::newRow("just enough") << QPoint(4, 4) << true;
+    QTest::newRow("backwards") << QPoint(-4, -4) << true;
+}
+
+void TestGraphInteraction::smallRectangleIsNoZoom()
+{
+    QFETCH(QPoint, size);
+    const QPoint start = in(PlotArea::Lower, 0.4, 0.2);
+    drag(Qt::LeftButton, start, start + size);
+    QTEST(zoom().isActive(), "zooms");
+}
+
+void TestGraphInteraction::wheelZoomsAroundThePointer()
+{
+    const QPoint at = in(PlotArea::Upper, 0.25, 0.5);
+    wheel(at, 1);
+    QCOMPARE(zoom().times().length(), 860.0 / 1.25);
+    QCOMPARE(zoom().times().low + zoom().times().length() * 0.25, 215.0);
+    QCOMPARE(zoom().share(PlotArea::Upper).length(), 1.0);
+    wheel(at, 1, Qt::ControlModifier);
+    QCOMPARE(zoom().share(PlotArea::Upper).length(), 0.8);
+    QCOMPARE(zoom().share(PlotArea::Lower).length(), 1.0);
+    QCOMPARE(zoom().times().length(), 860.0 / 1.25);
+    wheel(at, -1, Qt::ControlModifier);
+    wheel(at, -3);
+    QVERIFY(!zoom().isActive());
+    wheel(at, 100);
+    QCOMPARE(zoom().times().length(), 10.0); // no further: the axis divides in seconds
+    wheel(QPoint(10, 10), -3); // outside the plots
+    QCOMPARE(zoom().times().length(), 10.0);
+}
+
+void TestGraphInteraction::middleButtonSteps()
+{
+    const QPoint at = in(PlotArea::Lower, 0.5, 0.5);
+    QTest::mouseClick(child, Qt::MiddleButton, Qt::ControlModifier, at);
+    QVERIFY(!zoom().isActive());
+    QTest::mouseClick(child, Qt::MiddleButton, Qt::NoModifier, at);
+    QCOMPARE(zoom().times().length(), 430.0);
+    QTest::mouseClick(child, Qt::MiddleButton, Qt::NoModifier, at);
+    QCOMPARE(zoom().times().length(), 215.0);
+    QVERIFY(qAbs((zoom().times().low + zoom().times().high) / 2 - 430) < 1);
+    QCOMPARE(zoom().share(PlotArea::Lower).length(), 0.25);
+    QTest::mouseClick(child, Qt::MiddleButton, Qt::ControlModifier, at);
+    QCOMPARE(zoom().times().length(), 430.0);
+    QTest::mouseClick(child, Qt::MiddleButton, Qt::ControlModifier, at);
+    QVERIFY(!zoom().isActive());
+}
+
+void TestGraphInteraction::rightDragMoves()
+{
+    const QPoint middle = in(PlotArea::Upper, 0.5, 0.5);
+    drag(Qt::RightButton, middle, middle + QPoint(100, 0));
+    QVERIFY(!zoom().isActive());
+    QTest::mouseClick(child, Qt::MiddleButton, Qt::NoModifier, middle); // 215..645
+    QTest::mousePress(child, Qt::RightButton, Qt::NoModifier, middle);
+    QCOMPARE(child->cursor().shape(), Qt::ClosedHandCursor);
+    QTest::mouseRelease(child, Qt::RightButton, Qt::NoModifier, middle);
+    QCOMPARE(child->cursor().shape(), Qt::ArrowCursor);
+    drag(Qt::RightButton, middle, middle + QPoint(86, 0));
+    QCOMPARE(zoom().times().low, 172.0);
+    QCOMPARE(zoom().times().length(), 430.0);
+    drag(Qt::RightButton, middle, middle + QPoint(800, 600)); // never past the recording
+    QCOMPARE(zoom().times().low, 0.0);
+    QCOMPARE(zoom().share(PlotArea::Upper).high, 1.0);
+    drag(Qt::RightButton, middle, middle - QPoint(1800, 600));
+    QCOMPARE(zoom().times().high, 860.0);
+    QCOMPARE(zoom().share(PlotArea::Upper).low, 0.0);
+}
+
+void TestGraphInteraction::doubleClickShowsAll()
+{
+    wheel(in(PlotArea::Upper, 0.5, 0.5), 3);
+    QVERIFY(zoom().isActive());
+    QTest::mouseDClick(child, Qt::LeftButton, Qt::NoModifier, in(PlotArea::Lower, 0.5, 0.5));
+    QVERIFY(!zoom().isActive());
+}
+
+void TestGraphInteraction::dataShowsAll()
+{
+    wheel(in(PlotArea::Upper, 0.5, 0.5), 3);
+    QTest::mousePress(child, Qt::LeftButton, Qt::NoModifier, in(PlotArea::Upper, 0.5, 0.5));
+    child->addRecord(recordings::lipoCharge(1)[0]);
+    QVERIFY(!zoom().isActive());
+    QTest::mouseRelease(child, Qt::LeftButton, Qt::NoModifier, in(PlotArea::Upper, 0.9, 0.9));
+    QVERIFY(!zoom().isActive()); // the selection had ended
+}
+
+void TestGraphInteraction::legendPicksCells()
+{
+    const auto rowCentre = [this](int cell) { return CellLegend(layout(), 6).row(cell).center(); };
+    const auto click = [this](const QPoint &at, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::mouseClick(child, Qt::LeftButton, modifiers, at);
+        QString picked;
+        for (bool cell : child->selectedCells())
+            picked += QLatin1Char(cell ? '1' : '0');
+        return picked;
+    };
+    QSignalSpy changes(child, SIGNAL(selectedCellsChanged()));
+    QCOMPARE(click(rowCentre(1)), QStringLiteral("0000000000000000")); // there are no cells to be seen
+    ViewSwitches switches;
+    switches.balancer = true;
+    host->state->setSwitches(switches);
+    QCOMPARE(click(rowCentre(1)), QStringLiteral("0100000000000000"));
+    QCOMPARE(click(rowCentre(4)), QStringLiteral("0000100000000000"));
+    QCOMPARE(click(rowCentre(0), Qt::ControlModifier), QStringLiteral("1000100000000000"));
+    QCOMPARE(click(rowCentre(4), Qt::ControlModifier), QStringLiteral("1000000000000000"));
+    QCOMPARE(changes.size(), 4);
+    QCOMPARE(click(QPoint(960, 280)), QStringLiteral("0000000000000000")); // below the rows
+    QCOMPARE(click(QPoint(941, 100)), QStringLiteral("0000000000000000")); // one pixel left of the column
+    QVERIFY(!zoom().isActive());
+}
+
+void TestGraphInteraction::keysDoWhatTheMouseDoes()
+{
+    const auto key = [this](Qt::Key which, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(child, which, modifiers);
+    };
+    key(Qt::Key_Right);
+    QCOMPARE(lastShownTime(), 430);
+    key(Qt::Key_Right);
+    QCOMPARE(lastShownTime(), 440);
+    key(Qt::Key_Left, Qt::ShiftModifier);
+    key(Qt::Key_Left);
+    QCOMPARE(lastShownTime(), 420);
+    key(Qt::Key_Plus);
+    QCOMPARE(zoom().times().length(), 860.0 / 1.25);
+    key(Qt::Key_Minus);
+    QVERIFY(!zoom().isActive());
+    key(Qt::Key_PageDown);
+    key(Qt::Key_Plus, Qt::ControlModifier);
+    QCOMPARE(zoom().share(PlotArea::Lower).length(), 0.8);
+    QCOMPARE(zoom().share(PlotArea::Upper).length(), 1.0);
+    const double low = zoom().share(PlotArea::Lower).low;
+    key(Qt::Key_Down);
+    QVERIFY(zoom().share(PlotArea::Lower).low < low);
+    key(Qt::Key_Plus);
+    const double from = zoom().times().low;
+    key(Qt::Key_Right, Qt::ControlModifier);
+    QVERIFY(zoom().times().low > from);
+    key(Qt::Key_Home);
+    QVERIFY(!zoom().isActive());
+    key(Qt::Key_Escape);
+    QCOMPARE(lastShownTime(), 860);
+
+    ViewSwitches switches;
+    switches.balancer = true;
+    host->state->setSwitches(switches);
+    key(Qt::Key_Down, Qt::ControlModifier);
+    key(Qt::Key_Down, Qt::ControlModifier);
+    QVERIFY(!child->selectedCells()[0] && child->selectedCells()[1]);
+    key(Qt::Key_Up, Qt::ControlModifier | Qt::ShiftModifier);
+    QVERIFY(child->selectedCells()[0] && child->selectedCells()[1]);
+    key(Qt::Key_Escape);
+    QCOMPARE(child->selectedCells(), CellSelection{});
+}
+
+void TestGraphInteraction::resizeDividesAnew()
+{
+    drag(Qt::LeftButton, in(PlotArea::Upper, 0.3, 0.1), in(PlotArea::Upper, 0.703, 0.9));
+    QVERIFY(zoom().times().low > 240 && zoom().times().low < 270);
+    child->resize(449, 400);
+    QVERIFY(zoom().isActive());
+    // 258..604.5 in at most four steps of whole minutes
+    QCOMPARE(zoom().times().low, 180.0);
+    QCOMPARE(zoom().times().high, 720.0);
+}
+
+void TestGraphInteraction::fewRecordsAreSafe_data()
+{
+    QTest::addColumn<int>("records");
+    QTest::newRow("none") << 0;
+    QTest::newRow("one") << 1;
+    QTest::newRow("two") << 2;
+}
+
+void TestGraphInteraction::fewRecordsAreSafe()
+{
+    QFETCH(int, records);
+    load(recordings::lipoCharge(records));
+    const QPoint middle = in(PlotArea::Upper, 0.5, 0.5);
+    hover(middle);
+    wheel(middle, 3);
+    drag(Qt::LeftButton, middle, middle + QPoint(100, 100));
+    drag(Qt::RightButton, middle, middle + QPoint(100, 100));
+    QTest::mouseClick(child, Qt::MiddleButton, Qt::NoModifier, middle);
+    for (int key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Plus, Qt::Key_Up, Qt::Key_Home, Qt::Key_Escape})
+        QTest::keyClick(child, Qt::Key(key));
+    child->grab();
+    child->resize(60, 40);
+    hover(QPoint(30, 20));
+    child->grab();
+    QVERIFY(records > 1 || !zoom().isActive());
+}
+
+QTEST_MAIN(TestGraphInteraction)
+#include "tst_graphinteraction.moc"
