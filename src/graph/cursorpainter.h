@@ -17,8 +17,15 @@ private:
         QColor colour;
     };
 
+    struct Block {
+        int rows; // in a column
+        int columnWidth;
+        QSize size;
+    };
+
     QVector<Line> valuesAt(const GraphScene &scene, int record) const;
-    void paintValues(const QVector<Line> &lines, int x);
+    Block blockOf(const QVector<Line> &lines) const;
+    void paintValues(const QVector<Line> &lines, const Block &block, int x);
 
     const GraphCanvas &c;
     QPainter *p;

@@ -3,6 +3,7 @@
 #include "graph/figures.h"
 #include "graph/scaledrawtime.h"
 #include "graph/seriesstore.h"
+#include "graph/timedivision.h"
 
 #include <QCoreApplication>
 #include <QFontMetrics>
@@ -10,7 +11,6 @@
 
 #include <qwt_plot_grid.h>
 #include <qwt_scale_div.h>
-#include <qwt_scale_engine.h>
 
 #include <cmath>
 
@@ -86,11 +86,9 @@ QVector<FramePainter::Tick> FramePainter::ticks() const
 
 QVector<FramePainter::Tick> FramePainter::zoomedTicks() const
 {
-    const QwtScaleDiv division = QwtLinearScaleEngine(GraphLayout::timeBase)
-                                     .divideScale(c.picture.zoom.times().low, c.picture.zoom.times().high,
-                                         c.layout.zoomedMajorTicks(), 0);
+    const Interval &times = c.picture.zoom.times();
     QVector<Tick> ticks;
-    for (double time : division.ticks(QwtScaleDiv::MajorTick))
+    for (double time : timeDivisions(times.low, times.high, c.layout.zoomedMajorTicks()))
         ticks.append({roundHalfUp(c.timeMap.transform(time)), time});
     return ticks;
 }

@@ -19,8 +19,8 @@ public:
     GraphInteraction(QWidget *widget, const SeriesStore *store, const ViewState *state);
 
     const GraphZoom &zoom() const { return m_view.zoom(); }
-    /// Record that the cursor line stands at; -1 for none.
-    int cursorRecord() const { return m_cursor; }
+    /// Record that the cursor line stands at; -1 for none, and while the left button is picking.
+    int cursorRecord() const { return m_selecting ? -1 : m_cursor; }
     /// What the left button is picking; empty while it does not.
     QRect rubberBand() const { return m_selecting ? m_rubberBand : QRect(); }
     CellPicker *cells() { return &m_cells; }

@@ -11,9 +11,6 @@
 /// picture and the number of records alone.
 class GraphLayout {
 public:
-    /// Number base in which a zoomed time axis is divided: whole seconds, minutes and hours.
-    static constexpr unsigned timeBase = 60;
-
     GraphLayout(const QSize &size, int recordCount);
 
     int width() const { return m_size.width(); }

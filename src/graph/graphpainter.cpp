@@ -38,6 +38,16 @@ void GraphPainter::paintPlots(const GraphCanvas &canvas)
         frame.paintNoData(canvas.layout.area(PlotArea::Upper), 20,
             canvas.colours.readable(canvas.colours.slope()), scene.upperReason);
     }
+    paintPointer(canvas, scene);
+}
+
+void GraphPainter::paintPointer(const GraphCanvas &canvas, const GraphScene &scene)
+{
+    const GraphPicture &picture = canvas.picture;
+    if (picture.cursorRecord >= 0 && picture.cursorRecord < picture.store->size())
+        CursorPainter(canvas).paintCursor(scene, picture.cursorRecord);
+    if (!picture.rubberBand.isEmpty())
+        CursorPainter(canvas).paintRubberBand(picture.rubberBand);
 }
 
 void GraphPainter::paintCurves(const GraphCanvas &canvas, const GraphScene &scene)

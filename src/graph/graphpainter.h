@@ -16,6 +16,7 @@ public:
 private:
     void paintPlots(const GraphCanvas &canvas);
     void paintCurves(const GraphCanvas &canvas, const GraphScene &scene);
+    static void paintPointer(const GraphCanvas &canvas, const GraphScene &scene);
 
     CurvePainter m_curves;
 };

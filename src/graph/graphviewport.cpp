@@ -36,7 +36,7 @@ void GraphViewport::resize(const QSize &size)
     double low = m_zoom.times().low;
     double high = m_zoom.times().high;
     double step = 0.0;
-    QwtLinearScaleEngine(GraphLayout::timeBase).autoScale(layout().zoomedMajorTicks(), low, high, step);
+    QwtLinearScaleEngine().autoScale(layout().zoomedMajorTicks(), low, high, step);
     const Interval whole = wholeTimes();
     m_zoom.setTimes({std::max(low, whole.low), std::min(high, whole.high)}, whole);
 }

@@ -30,6 +30,7 @@ target_sources(varnel_gui PRIVATE
     graph/mdigraphchild.cpp graph/mdigraphchild.h
     graph/scaledrawtime.cpp graph/scaledrawtime.h
     graph/timecolumns.cpp graph/timecolumns.h
+    graph/timedivision.cpp graph/timedivision.h
     graph/valueaxispainter.cpp graph/valueaxispainter.h
     graph/valuerange.cpp graph/valuerange.h
     graph/varnelplotcurve.cpp graph/varnelplotcurve.h

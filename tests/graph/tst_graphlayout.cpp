@@ -2,6 +2,7 @@
 #include "graph/celllegend.h"
 #include "graph/graphcolours.h"
 #include "graph/graphlayout.h"
+#include "graph/timedivision.h"
 #include "graph/valuerange.h"
 
 #include <QtTest>
@@ -21,6 +22,8 @@ private slots:
     void ranges();
     void temperatureAndResistanceRanges();
     void cellRangeWidens();
+    void timesAreRound_data();
+    void timesAreRound();
     void textsCanBeRead();
     void cellColoursDiffer();
 };
@@ -185,6 +188,28 @@ void TestGraphLayout::cellRangeWidens()
     QCOMPARE(range.high, 4.4);
     range = ValueRange::ofCells(1.0, 1.5, Varnel3Data::noCellType);
     QVERIFY(range.low <= 1.0 && range.high >= 1.5);
+}
+
+void TestGraphLayout::timesAreRound_data()
+{
+    QTest::addColumn<double>("from");
+    QTest::addColumn<double>("to");
+    QTest::addColumn<int>("most");
+    QTest::addColumn<QVector<double>>("times");
+    QTest::newRow("seconds") << 3.5 << 13.5 << 8 << QVector<double>{4, 6, 8, 10, 12};
+    QTest::newRow("minutes") << 1000.0 << 2300.0 << 8 << QVector<double>{1200, 1500, 1800, 2100};
+    QTest::newRow("hours") << 0.0 << 40000.0 << 4 << QVector<double>{0, 10800, 21600, 32400};
+    QTest::newRow("edges count") << 60.0 << 120.0 << 4 << QVector<double>{60, 75, 90, 105, 120};
+    QTest::newRow("nothing") << 5.0 << 5.0 << 8 << QVector<double>();
+}
+
+void TestGraphLayout::timesAreRound()
+{
+    QFETCH(double, from);
+    QFETCH(double, to);
+    QFETCH(int, most);
+    QTEST(timeDivisions(from, to, most), "times");
+    QVERIFY(timeDivisions(-2e9, 2e9, most).size() <= most + 1);
 }
 
 namespace {
