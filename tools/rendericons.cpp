@@ -14,13 +14,13 @@
 
 namespace {
 
-int fail(const QString& text)
+int fail(const QString &text)
 {
     QTextStream(stderr) << "rendericons: " << text << '\n';
     return 1;
 }
 
-QImage render(QSvgRenderer& drawing, const QSize& size)
+QImage render(QSvgRenderer &drawing, const QSize &size)
 {
     QImage image(size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
@@ -30,7 +30,7 @@ QImage render(QSvgRenderer& drawing, const QSize& size)
     return image;
 }
 
-bool renderPng(const QString& folder, const QString& file)
+bool renderPng(const QString &folder, const QString &file)
 {
     QSvgRenderer drawing(file);
     if (!drawing.isValid())
@@ -41,7 +41,7 @@ bool renderPng(const QString& folder, const QString& file)
         && render(drawing, 2 * size).save(base + QStringLiteral("@2x.png"));
 }
 
-QByteArray pngOf(QSvgRenderer& drawing, int side)
+QByteArray pngOf(QSvgRenderer &drawing, int side)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
@@ -51,7 +51,7 @@ QByteArray pngOf(QSvgRenderer& drawing, int side)
 }
 
 // The container is a head, one entry of 16 bytes an image, then the images; a side of 256 is written as 0.
-bool renderIco(const QString& icoFile, const QString& file)
+bool renderIco(const QString &icoFile, const QString &file)
 {
     QSvgRenderer drawing(file);
     QFile out(icoFile);
@@ -75,7 +75,7 @@ bool renderIco(const QString& icoFile, const QString& file)
 
 } // namespace
 
-int main(int argc, char** argv)
+int main(int argc, char **argv)
 {
     QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments().mid(1);
@@ -83,7 +83,8 @@ int main(int argc, char** argv)
         return fail(QStringLiteral("FOLDER FILE.svg... or --ico OUT.ico FILE.svg"));
     if (arguments.first() == QLatin1String("--ico"))
         return renderIco(arguments.value(1), arguments.value(2)) ? 0 : fail(arguments.value(2));
-    for (const QString& file : arguments.mid(1)) {
+    const QStringList files = arguments.mid(1);
+    for (const QString &file : files) {
         if (!renderPng(arguments.first(), file))
             return fail(file);
     }

@@ -119,7 +119,8 @@ void readDrawing(const QCommandLineParser &parser, CommandLine &line)
     for (const Option &option : options) {
         if (!isChoice(option))
             continue;
-        for (const QString &word : parser.values(name(option.name)))
+        const QStringList words = parser.values(name(option.name));
+        for (const QString &word : words)
             if (!applyChoice(option.name, word, line.switches))
                 return refuse(
                     line, QStringLiteral("--%1: ").arg(name(option.name)) + tr("unknown word ") + word);

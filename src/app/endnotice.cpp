@@ -68,6 +68,7 @@ void EndNotice::show(int kind)
     box = own;
     shownKind = kind;
     QTimer::singleShot(0, this, SLOT(startSound()));
+    // cppcheck-suppress nullPointerRedundantCheck ; the pointer clears itself while the box is open
     own->exec();
     // A box that is gone was dismissed by a new process, or its window was: another end may have been told since.
     if (!self || !own)

@@ -59,7 +59,8 @@ SerialReader *ListenedPorts::readerFor(const QString &portName) const
 void ListenedPorts::noteStartupPorts()
 {
     startupPorts.clear();
-    for (const QString &name : listPortNames()) {
+    const QStringList names = listPortNames();
+    for (const QString &name : names) {
         if (name.startsWith(portPrefix))
             startupPorts.append(name);
     }

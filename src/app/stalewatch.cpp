@@ -38,7 +38,8 @@ void StaleWatch::look()
 {
     noteArrivals();
     QMap<QString, QString> silent;
-    for (MdiGraphChild *child : graphs->all()) {
+    const auto children = graphs->all();
+    for (MdiGraphChild *child : children) {
         const QDateTime since = staleSince(child);
         child->setSilentSince(since);
         if (since.isValid())
@@ -56,7 +57,8 @@ void StaleWatch::look()
 void StaleWatch::noteArrivals()
 {
     QHash<const MdiGraphChild *, Seen> now;
-    for (const MdiGraphChild *child : graphs->all()) {
+    const auto children = graphs->all();
+    for (const MdiGraphChild *child : children) {
         const Seen before = seen.value(child);
         const quint64 revision = child->store().revision();
         const bool fresh = !before.at.isValid() || before.revision != revision;

@@ -79,7 +79,7 @@ void StatusFacts::refresh(Kind kind)
     QLabel *label = m_labels[kind];
     const QString whole = text(kind);
     QStringList tip = {whole, translated(texts[kind].tip)};
-    for (const QString &detail : m_facts[kind]) {
+    for (const QString &detail : std::as_const(m_facts[kind])) {
         if (!detail.isEmpty())
             tip.append(detail);
     }

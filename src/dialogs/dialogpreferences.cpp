@@ -32,7 +32,8 @@ const Button buttons[] = {
 QHash<QString, QString> portDescriptions()
 {
     QHash<QString, QString> descriptions;
-    for (const PortInfo &port : listPorts())
+    const QVector<PortInfo> ports = listPorts();
+    for (const PortInfo &port : ports)
         descriptions.insert(
             port.name, QStringList({port.description, port.location}).join(QLatin1Char('\n')).trimmed());
     return descriptions;

@@ -62,7 +62,8 @@ QString JournalFolder::fileName(const QDateTime &time, const QString &portName, 
 QStringList JournalFolder::files() const
 {
     QStringList names;
-    for (const QFileInfo &info : journals(m_path))
+    const QFileInfoList files = journals(m_path);
+    for (const QFileInfo &info : files)
         names += info.filePath();
     return names;
 }
@@ -70,7 +71,8 @@ QStringList JournalFolder::files() const
 qint64 JournalFolder::totalSize() const
 {
     qint64 size = 0;
-    for (const QFileInfo &info : journals(m_path))
+    const QFileInfoList files = journals(m_path);
+    for (const QFileInfo &info : files)
         size += info.size();
     return size;
 }
@@ -78,7 +80,8 @@ qint64 JournalFolder::totalSize() const
 int JournalFolder::removeEmpty() const
 {
     int removed = 0;
-    for (const QFileInfo &info : journals(m_path)) {
+    const QFileInfoList files = journals(m_path);
+    for (const QFileInfo &info : files) {
         if (!isBeingWritten(info.filePath()) && !isWorthKeeping(info.filePath()))
             removed += removeUnlessWritten(info.filePath());
     }
@@ -90,7 +93,8 @@ int JournalFolder::removeOlderThan(int days, const QDateTime &now) const
     if (days < 1)
         return 0;
     int removed = 0;
-    for (const QFileInfo &info : journals(m_path)) {
+    const QFileInfoList files = journals(m_path);
+    for (const QFileInfo &info : files) {
         if (info.lastModified().daysTo(now) > days)
             removed += removeUnlessWritten(info.filePath());
     }

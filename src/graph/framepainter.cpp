@@ -88,7 +88,8 @@ QVector<FramePainter::Tick> FramePainter::zoomedTicks() const
 {
     const Interval &times = c.picture.zoom.times();
     QVector<Tick> ticks;
-    for (double time : timeDivisions(times.low, times.high, c.layout.zoomedMajorTicks()))
+    const auto divisions = timeDivisions(times.low, times.high, c.layout.zoomedMajorTicks());
+    for (const double time : divisions)
         ticks.append({roundHalfUp(c.timeMap.transform(time)), time});
     return ticks;
 }
@@ -136,12 +137,14 @@ void FramePainter::paintGrid(bool perCell)
             continue;
         }
         p->setPen(QPen(c.colours.grid(), 1, Qt::DotLine));
-        for (int y : c.layout.valueHeights(area))
+        const QVector<int> heights = c.layout.valueHeights(area);
+        for (const int y : heights)
             p->drawLine(rect.left(), y, rect.right(), y);
     }
     if (perCell)
         return;
-    for (const Tick &tick : ticks())
+    const QVector<Tick> lines = ticks();
+    for (const Tick &tick : lines)
         p->drawLine(tick.x, c.layout.plotTop(), tick.x, lower.bottom());
 }
 
@@ -149,10 +152,12 @@ void FramePainter::paintPlotGrid(PlotArea area)
 {
     const QRect rect = c.layout.area(area);
     QList<double> times;
-    for (const Tick &tick : ticks())
+    const QVector<Tick> lines = ticks();
+    for (const Tick &tick : lines)
         times.append(tick.time);
     QList<double> heights;
-    for (int y : c.layout.valueHeights(area))
+    const QVector<int> rows = c.layout.valueHeights(area);
+    for (const int y : rows)
         heights.append(y);
     QwtScaleMap heightMap; // divisions are given as heights already
     heightMap.setScaleInterval(rect.bottom(), rect.top());

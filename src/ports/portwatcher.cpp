@@ -18,6 +18,7 @@ PortWatcher::PortWatcher(QObject *parent)
     , m_fingerprint(portFingerprint()) // before the list: what comes between is seen at the first look
 {
     QStringList order;
+    // cppcheck-suppress useInitializationList ; needs what the lines above have prepared
     m_known = presentPorts(&order);
     connect(m_timer, SIGNAL(timeout()), this, SLOT(look()));
     m_timer->start(period);

@@ -281,7 +281,8 @@ void TestListening::preferencesChanged()
     start({QStringLiteral("COM3")});
     QTimer::singleShot(200, this, [] {
         auto *dialog = QApplication::activeModalWidget();
-        for (auto *box : dialog->findChildren<QCheckBox *>())
+        const auto boxes = dialog->findChildren<QCheckBox *>();
+        for (auto *box : boxes)
             box->setChecked(!box->isChecked());
         static_cast<QDialog *>(dialog)->accept();
     });

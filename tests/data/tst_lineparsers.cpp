@@ -20,7 +20,7 @@ QString chargerLine(const char *head, const char *figures)
 
 const char plainFigures[] = "00123,25200,02000,025,01234,00045";
 
-QString withField(QString line, int field, const QString &value)
+QString withField(const QString &line, int field, const QString &value)
 {
     QStringList fields = line.split(QLatin1Char(','));
     fields[field] = value;
@@ -44,7 +44,9 @@ bool sameRecord(const Varnel3Data &a, const Varnel3Data &b)
 {
     return a.toString() == b.toString() && a.cellMax == b.cellMax && a.cellMin == b.cellMin
         && a.cellAverage == b.cellAverage && a.balanceMax == b.balanceMax
-        && a.resistanceSum == b.resistanceSum && a.resistanceValid == b.resistanceValid
+        && a.resistanceSum == b.resistanceSum
+        && a.resistanceValid == b.resistanceValid
+        // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): equal to the bit is what is meant
         && std::memcmp(a.cells, b.cells, sizeof a.cells) == 0;
 }
 

@@ -84,8 +84,8 @@ void TestDialogRemoteControl::cleanup()
 void TestDialogRemoteControl::reply(const QByteArray &text)
 {
     bool heard = false;
-    const auto connection
-        = connect(reader.get(), &SerialReader::control_data, this, [&heard] { heard = true; });
+    const auto connection = connect(reader.get(), &SerialReader::control_data, this,
+        [&heard] { heard = true; }); // clazy:exclude=lambda-in-connect (disconnected below)
     line->send(text + '\n');
     QTRY_VERIFY(heard);
     disconnect(connection);

@@ -191,7 +191,8 @@ private:
 
     static QPrintDialog *openDialog()
     {
-        for (QWidget *widget : QApplication::topLevelWidgets())
+        const auto widgets = QApplication::topLevelWidgets();
+        for (QWidget *widget : widgets)
             if (auto *dialog = qobject_cast<QPrintDialog *>(widget))
                 return dialog;
         return nullptr;

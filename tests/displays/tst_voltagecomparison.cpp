@@ -86,8 +86,8 @@ private slots:
         QTEST(axis.lower, "lower");
         QTEST(axis.upper, "upper");
         QTEST(axis.step, "step");
-        QCOMPARE(axis.marks().first(), axis.lower);
-        QCOMPARE(axis.marks().last(), axis.upper);
+        QCOMPARE(axis.marks().constFirst(), axis.lower);
+        QCOMPARE(axis.marks().constLast(), axis.upper);
         QCOMPARE(axis.y(axis.lower, 300, 100), 300);
         QCOMPARE(axis.y(axis.upper, 300, 100), 100);
     }

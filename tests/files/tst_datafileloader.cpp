@@ -57,6 +57,7 @@ private slots:
     void slices();
 };
 
+// NOLINTNEXTLINE(readability-function-size): a table
 void TestDataFileLoader::outcomes_data()
 {
     QTest::addColumn<QString>("name");

@@ -9,7 +9,7 @@
 
 namespace {
 
-const QByteArray line = "#c0605 00123,25200+02000,025,01234\n";
+const QByteArray line = "#c0605 00123,25200+02000,025,01234\n"; // clazy:exclude=non-pod-global-static
 
 bool writeFile(const QString &name, const QByteArray &bytes, int daysAgo = 0)
 {

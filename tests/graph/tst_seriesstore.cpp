@@ -167,7 +167,7 @@ void TestSeriesStore::runningSeriesFollowTheRule()
             record.voltage = hardValue(random, kind, n);
             store.append(record);
             literal.append(record);
-            const size_t last = size_t(n);
+            const auto last = size_t(n);
             if (store.series(SeriesStore::Resistance)[n] != literal.resistance[last]
                 || store.series(SeriesStore::Dv)[n] != literal.dv[last]) {
                 QFAIL(qPrintable(QStringLiteral("seed %1, record %2").arg(seed).arg(n)));
