@@ -76,8 +76,15 @@ double Pack::resistance() const
 {
     double sum = 0;
     for (const Cell &cell : m_cells)
-        sum += cell.resistance;
+        sum += resistance(cell);
     return sum;
+}
+
+double Pack::resistance(const Cell &cell) const
+{
+    const double share = std::clamp(cell.charge / cell.capacity, 0.0, 1.0);
+    return cell.resistance * (1 + 0.6 * std::exp(-share / 0.08) + 0.2 * (0.5 - share))
+        * std::max(0.5, 1 - 0.006 * (m_temperature - 23));
 }
 
 double Pack::lowestVoltage() const
@@ -110,7 +117,7 @@ double Pack::limitCurrent(bool eachCell) const
     for (const Cell &cell : m_cells) {
         const double cellRoom = chemistry().full - cell.rest - cell.polarisation;
         room += cellRoom;
-        smallest = std::min(smallest, cellRoom * 1000 / cell.resistance);
+        smallest = std::min(smallest, cellRoom * 1000 / resistance(cell));
     }
     return std::max(0.0, eachCell ? smallest : room * 1000 / std::max(0.001, resistance()));
 }
@@ -138,9 +145,8 @@ void Pack::updateVoltages(double current)
     for (Cell &cell : m_cells) {
         const double share = cell.charge / cell.capacity;
         cell.rest = restVoltage(chemistry(), share);
-        const double emptier = 1 + 0.6 * std::exp(-std::max(0.0, share) / 0.08);
         cell.voltage = std::max(0.0,
-            cell.rest + cell.polarisation + current * cell.resistance * emptier / 1000
+            cell.rest + cell.polarisation + current * resistance(cell) / 1000
                 + (current > 0 ? overcharge(share) : 0));
     }
 }

@@ -12,7 +12,7 @@ namespace sim {
 struct Cell {
     double capacity = 0; ///< mAh
     double charge = 0; ///< mAh held
-    double resistance = 0; ///< mOhm
+    double resistance = 0; ///< mOhm, half full and at 23 degrees
     double polarisation = 0; ///< mV, slow part of the voltage under load
     double rest = 0; ///< mV
     double voltage = 0; ///< mV under load
@@ -44,7 +44,8 @@ public:
     const QVector<Cell> &cells() const { return m_cells; }
     void setLevel(int cell, int level) { m_cells[cell].level = level; }
     double voltage() const; ///< mV under load
-    double resistance() const; ///< mOhm of all cells
+    double resistance() const; ///< mOhm of all cells as they are now
+    double resistance(const Cell &cell) const; ///< mOhm as it is now: more when nearly empty, less when warm
     double lowestVoltage() const; ///< mV, of the cells
     double lowestRest() const; ///< mV, of the cells without load
     double charge() const; ///< share held by the cell that holds the smallest

@@ -185,10 +185,18 @@ void Process::measure()
     m_reading.coarseEnergy = m_settings.coarse && m_settings.model == Model::Varnel3;
     const bool missed = m_noise.bounded(1000) < m_settings.resistanceGaps || m_stepSeconds < rampSeconds
         || std::abs(m_current) < 10;
-    m_reading.milliohms = missed ? 0 : std::max(1, measured(m_pack.resistance(), 0.3));
+    m_reading.milliohms = missed ? 0 : steadyResistance();
     m_reading.cellData = m_settings.balance > 0;
     m_reading.balancingMilliamps = m_settings.balance;
     measureCells();
+}
+
+/// Does not waver between two neighbouring values.
+int Process::steadyResistance()
+{
+    if (std::abs(m_pack.resistance() - m_resistance) > 0.8)
+        m_resistance = std::max(1, measured(m_pack.resistance(), 0));
+    return m_resistance;
 }
 
 void Process::measureCells()
@@ -198,7 +206,7 @@ void Process::measureCells()
         CellReading &reading = m_reading.cells[size_t(i)];
         reading.millivolts = std::min(9999, measured(cell.voltage, 0.5));
         reading.level = cell.level;
-        reading.tenthMilliohms = std::clamp(measured(cell.resistance * 10, 1), 1, 9999);
+        reading.tenthMilliohms = std::clamp(measured(m_pack.resistance(cell) * 10, 1), 1, 9999);
     }
 }
 

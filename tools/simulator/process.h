@@ -38,6 +38,7 @@ private:
     void nextStep();
     void measure();
     void measureCells();
+    int steadyResistance();
     int measured(double value, double noise);
 
     DeviceSettings m_settings;
@@ -49,6 +50,7 @@ private:
     int m_seconds = 0;
     int m_stepSeconds = 0;
     int m_lines = 0;
+    int m_resistance = 0; // mOhm, as last measured
     double m_current = 0; // mA, positive: charging
     double m_energy = 0; // mAh of this step
     double m_peak = 0; // mV, highest pack voltage of this step
