@@ -1,0 +1,102 @@
+#include "soak/burstload.h"
+#include "soak/deviceside.h"
+#include "soak/rackload.h"
+#include "soak/soakrun.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QLoggingCategory>
+
+#include <cstdio>
+
+namespace {
+
+using namespace soak;
+
+void addOptions(QCommandLineParser *parser)
+{
+    parser->setApplicationDescription(
+        QStringLiteral("The program under load, listening on simulated devices. Prints a table; ends with 1 "
+                       "where a line was lost "
+                       "or a limit not held."));
+    parser->addHelpOption();
+    parser->addOptions({
+        {QStringLiteral("minutes"), QStringLiteral("How long."), QStringLiteral("number"),
+            QStringLiteral("10")},
+        {QStringLiteral("ports"), QStringLiteral("How many devices."), QStringLiteral("number"),
+            QStringLiteral("32")},
+        {QStringLiteral("burst"),
+            QStringLiteral("Instead: so many lines over one port, as fast as they are taken."),
+            QStringLiteral("lines")},
+        {QStringLiteral("only-count"), QStringLiteral("No limit but that no line is lost.")},
+        {QStringLiteral("show"), QStringLiteral("On the screen.")},
+        {QStringLiteral("devices"), QStringLiteral("The process of the devices, their ports in this folder."),
+            QStringLiteral("folder")},
+    });
+}
+
+int playDevices(const QCommandLineParser &parser)
+{
+    const QString folder = parser.value(QStringLiteral("devices"));
+    const qint64 lines = parser.value(QStringLiteral("burst")).toLongLong();
+    std::unique_ptr<Load> load;
+    if (lines > 0)
+        load = std::make_unique<BurstLoad>(folder, lines);
+    else
+        load = std::make_unique<RackLoad>(folder, parser.value(QStringLiteral("ports")).toInt());
+    DeviceSide side(load.get());
+    return side.begin() ? QCoreApplication::exec() : 1;
+}
+
+/// The offscreen platform complains of each thing that it has no screen for.
+void dropPlatformComplaints(QtMsgType, const QMessageLogContext &, const QString &text)
+{
+    if (!text.startsWith(QLatin1String("This plugin does not support")))
+        std::fprintf(stderr, "%s\n", qPrintable(text));
+}
+
+int putUnderLoad(const QCommandLineParser &parser)
+{
+    SoakPlan plan;
+    plan.minutes = parser.value(QStringLiteral("minutes")).toDouble();
+    plan.ports = parser.value(QStringLiteral("ports")).toInt();
+    plan.burst = parser.value(QStringLiteral("burst")).toLongLong();
+    plan.onlyCount = parser.isSet(QStringLiteral("only-count"));
+    if (plan.minutes <= 0 || plan.ports < 1) {
+        std::fprintf(stderr, "varnelsoak: a number is not understood\n");
+        return 2;
+    }
+    qInstallMessageHandler(dropPlatformComplaints);
+    QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
+    return SoakRun(plan).run() ? 0 : 1;
+}
+
+bool isAsked(int argc, char **argv, const char *option)
+{
+    for (int i = 1; i < argc; ++i) {
+        if (qstrcmp(argv[i], option) == 0)
+            return true;
+    }
+    return false;
+}
+
+template <typename Application>
+int start(int argc, char **argv, int (*work)(const QCommandLineParser &))
+{
+    Application application(argc, argv);
+    QCommandLineParser parser;
+    addOptions(&parser);
+    parser.process(application);
+    return work(parser);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (isAsked(argc, argv, "--devices"))
+        return start<QCoreApplication>(argc, argv, playDevices);
+    if (!isAsked(argc, argv, "--show"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    return start<QApplication>(argc, argv, putUnderLoad);
+}
