@@ -52,7 +52,8 @@ void GraphPainter::paintPointer(const GraphCanvas &canvas, const GraphScene &sce
 
 void GraphPainter::paintCurves(const GraphCanvas &canvas, const GraphScene &scene)
 {
-    for (const GraphScene::Curve &curve : scene.curves) {
+    for (auto it = scene.curves.crbegin(); it != scene.curves.crend(); ++it) {
+        const GraphScene::Curve &curve = *it;
         const ValueRange range = curve.range.part(canvas.picture.zoom.share(curve.area));
         m_curves.draw(canvas.painter,
             {canvas.picture.store, curve.series, curve.first, canvas.timeMap,

@@ -134,7 +134,7 @@ void GraphScene::addCells(const GraphPicture &picture)
     const ViewSwitches &switches = picture.switches;
     const ValueRange range = cellRange(store);
     const bool emphasise = switches.cellSelectMode == 0;
-    for (bool selected : {false, true}) { // the picked ones on top
+    for (bool selected : {true, false}) { // the picked ones on top
         for (int i = 0; i < store.cellSeriesCount(); ++i) {
             if (picture.selectedCells[size_t(i)] != selected || !isCellShown(picture, i))
                 continue;

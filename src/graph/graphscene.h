@@ -40,7 +40,7 @@ struct GraphScene {
         bool marked = false;
     };
 
-    QVector<Curve> curves; ///< in the order of drawing
+    QVector<Curve> curves; ///< the first on top of the others: a noisy curve would hide a steady one
     QVector<Axis> axes;
     QVector<Entry> upperLegend;
     QVector<Entry> lowerLegend;
