@@ -3,7 +3,9 @@
 #include "displays/capacitydisplay.h"
 #include "displays/datadisplay.h"
 #include "displays/powerdisplay.h"
+#include "displays/voltagecomparison.h"
 #include "graph/mdigraphchild.h"
+#include "settings/viewstate.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -77,9 +79,52 @@ void DisplayWindows::showPower(bool shown)
     setShown(m_power, shown);
 }
 
-void DisplayWindows::showVoltage(bool) { }
+void DisplayWindows::showVoltage(bool shown)
+{
+    if (m_voltage) {
+        m_voltage->disconnect(this); // its switch is no business of a window that is replaced
+        m_voltage->close();
+        m_voltage.clear();
+    }
+    if (!shown)
+        return;
+    m_voltage = createVoltage();
+    connect(m_voltage, SIGNAL(closed()), this, SIGNAL(voltageClosed()));
+    m_voltage->showNormal();
+}
 
-void DisplayWindows::updateVoltage() { }
+VoltageComparison *DisplayWindows::createVoltage()
+{
+    auto *comparison = new VoltageComparison(m_window);
+    comparison->setViewState(m_state);
+    comparison->setSource(m_source);
+    return comparison;
+}
+
+void DisplayWindows::updateVoltage()
+{
+    if (m_voltage)
+        m_voltage->updateVoltage();
+}
+
+void DisplayWindows::hideAll()
+{
+    for (QWidget *display : {static_cast<QWidget *>(m_capacity), static_cast<QWidget *>(m_power),
+             static_cast<QWidget *>(m_data), static_cast<QWidget *>(m_voltage.data())}) {
+        if (display)
+            display->hide();
+    }
+}
+
+void DisplayWindows::showAsSwitched()
+{
+    const ViewSwitches &switches = m_state->switches();
+    showData(switches.data);
+    showCapacity(switches.barGraph);
+    showPower(switches.power);
+    if (m_voltage && switches.graph)
+        m_voltage->showNormal();
+}
 
 void DisplayWindows::updateData(Varnel3Data &record, int windowNumber, bool useKeptRi)
 {
@@ -124,7 +169,12 @@ void DisplayWindows::printCapacity()
     m_capacity->print();
 }
 
-void DisplayWindows::printVoltage() { }
+void DisplayWindows::printVoltage()
+{
+    VoltageComparison *comparison = createVoltage();
+    comparison->print();
+    comparison->close();
+}
 
 void DisplayWindows::printPower()
 {

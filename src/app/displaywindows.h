@@ -12,6 +12,8 @@ class QSettings;
 class QWidget;
 class Varnel3Data;
 class ViewState;
+class VoltageComparison;
+class VoltageSource;
 
 /// The free-floating display windows: created here, shown, hidden, placed, fed and printed.
 class DisplayWindows : public QObject {
@@ -21,10 +23,17 @@ public:
     /// `window` is the parent of every display, so that none outlives it or keeps the program running.
     DisplayWindows(QWidget *window, ViewState *state);
 
+    /// What the voltage comparison shows; outlives this.
+    void setVoltageSource(VoltageSource *source) { m_source = source; }
+
     void showData(bool shown);
     void showCapacity(bool shown);
     void showPower(bool shown);
+    /// Opens the voltage comparison anew, or closes it.
     void showVoltage(bool shown);
+    void hideAll();
+    /// Shows those whose switches are on.
+    void showAsSwitched();
     void updateVoltage();
 
     void updateData(Varnel3Data &record, int windowNumber, bool useKeptRi);
@@ -55,6 +64,7 @@ signals:
     void capacitiesWanted();
 
 private:
+    VoltageComparison *createVoltage();
     void nameDevice(const MdiGraphChild *child);
 
     QWidget *m_window;
@@ -62,5 +72,7 @@ private:
     CapacityDisplay *m_capacity;
     PowerDisplay *m_power;
     DataDisplay *m_data;
+    QPointer<VoltageComparison> m_voltage; ///< made when opened, gone when closed
+    VoltageSource *m_source = nullptr;
     int m_entries = 0; ///< in the capacity comparison
 };

@@ -16,12 +16,12 @@ GraphWindows::GraphWindows(
     , m_displays(displays)
     , m_figures(figures)
 {
-    connect(m_area, SIGNAL(subWindowActivated(QMdiSubWindow *)), this,
-        SLOT(onSubWindowActivated(QMdiSubWindow *)));
+    connect(
+        m_area, SIGNAL(subWindowActivated(QMdiSubWindow*)), this, SLOT(onSubWindowActivated(QMdiSubWindow*)));
     connect(m_displays, SIGNAL(capacitiesWanted()), this, SLOT(refreshCapacities()));
-    connect(this, SIGNAL(recordShown(Varnel3Data &, int, bool)), m_shell,
-        SLOT(updateData(Varnel3Data &, int, bool)));
-    connect(this, SIGNAL(message(QString, int)), m_shell, SLOT(showMessageStatusBar(QString, int)));
+    connect(
+        this, SIGNAL(recordShown(Varnel3Data&,int,bool)), m_shell, SLOT(updateData(Varnel3Data&,int,bool)));
+    connect(this, SIGNAL(message(QString,int)), m_shell, SLOT(showMessageStatusBar(QString,int)));
 }
 
 MdiGraphChild *GraphWindows::create()
@@ -37,7 +37,9 @@ void GraphWindows::place(MdiGraphChild *child)
     QMdiSubWindow *subWindow = m_area->addSubWindow(child);
     subWindow->setWindowIcon(child->windowIcon());
     m_children.append(child);
-    connect(child, SIGNAL(destroyed(QObject *)), this, SLOT(onDestroyed(QObject *)));
+    child->setWindowNumber(m_children.size());
+    connect(child, SIGNAL(selectedCellsChanged()), m_shell, SLOT(updateVoltage()));
+    connect(child, SIGNAL(destroyed(QObject*)), this, SLOT(onDestroyed(QObject*)));
     child->show();
     m_displays->addCapacity(child);
     m_area->setActiveSubWindow(subWindow);

@@ -28,9 +28,9 @@ ListenedPorts::ListenedPorts(QWidget *shellWindow, ShellReaderHost *readerHost, 
     , questions(new PortQuestions(shellWindow))
     , retries(new PortRetries(this))
 {
-    connect(this, SIGNAL(message(QString, int)), shell, SLOT(showMessageStatusBar(QString, int)));
-    connect(questions, SIGNAL(answered(QString, bool)), this, SLOT(onAnswered(QString, bool)));
-    connect(retries, SIGNAL(attempt(QString, bool)), this, SLOT(onRetry(QString, bool)));
+    connect(this, SIGNAL(message(QString,int)), shell, SLOT(showMessageStatusBar(QString,int)));
+    connect(questions, SIGNAL(answered(QString,bool)), this, SLOT(onAnswered(QString,bool)));
+    connect(retries, SIGNAL(attempt(QString,bool)), this, SLOT(onRetry(QString,bool)));
     connect(host, SIGNAL(lost(QString)), this, SLOT(onLost(QString)));
 }
 

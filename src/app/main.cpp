@@ -1,30 +1,71 @@
 #include "app/batch.h"
 #include "app/commandline.h"
 #include "app/mainwindow.h"
+#include "app/singleinstance.h"
 #include "app/stylesheet.h"
 #include "resources/resources.h"
+#include "settings/varnelsettings.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QLoggingCategory>
+
+#include <cstdio>
+
+namespace {
+
+void identify()
+{
+    QCoreApplication::setApplicationName(QStringLiteral("VarnelGraph"));
+    QCoreApplication::setApplicationVersion(QStringLiteral("V4.60"));
+    // The settings lie under the organisation's name; the domain is reserved for examples and belongs to nobody.
+    QCoreApplication::setOrganizationDomain(QStringLiteral("varnelgraph.example"));
+    QCoreApplication::setOrganizationName(QStringLiteral("VarnelGraph"));
+}
+
+/// Relative names mean nothing to a program that was started elsewhere.
+QStringList absolute(const QStringList &files)
+{
+    QStringList paths;
+    for (const QString &file : files)
+        paths.append(QFileInfo(file).absoluteFilePath());
+    return paths;
+}
+
+int runProgram(const QStringList &files)
+{
+    SingleInstance instance(VarnelSettings().fileName());
+    if (!instance.claim()) {
+        if (instance.handOver(files))
+            return 0;
+        const QString text
+            = QCoreApplication::translate("main", "The program that is running does not answer.");
+        std::fprintf(stderr, "%s\n", qPrintable(text));
+        return 1;
+    }
+    initResources();
+    installStyleSheet(qApp, QCoreApplication::applicationDirPath());
+    QObject::connect(qApp, SIGNAL(lastWindowClosed()), qApp, SLOT(quit()));
+    MainWindow window;
+    QObject::connect(&instance, SIGNAL(called(QStringList)), &window, SLOT(comeForward(QStringList)));
+    window.show();
+    window.openFiles(files);
+    return QApplication::exec();
+}
+
+} // namespace
 
 int main(int argc, char **argv)
 {
     if (asksForBatch(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen"); // there may be no display, and none is needed
     QApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("VarnelGraph"));
-    QCoreApplication::setApplicationVersion(QStringLiteral("V4.60"));
-    QCoreApplication::setOrganizationDomain(QStringLiteral("varnelgraph.example"));
-    QCoreApplication::setOrganizationName(QStringLiteral("VarnelGraph"));
+    identify();
     const CommandLine line = parseCommandLine(QCoreApplication::arguments());
     if (line.isBatch()) {
-        QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false")); // standard error is for what goes wrong
+        QLoggingCategory::setFilterRules(
+            QStringLiteral("*.debug=false")); // standard error is for what goes wrong
         return runBatch(line);
     }
-    initResources();
-    installStyleSheet(&application, QCoreApplication::applicationDirPath());
-    QObject::connect(&application, SIGNAL(lastWindowClosed()), &application, SLOT(quit()));
-    MainWindow window;
-    window.show();
-    return QApplication::exec();
+    return runProgram(absolute(line.files));
 }

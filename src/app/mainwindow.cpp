@@ -5,10 +5,12 @@
 #include "app/deskarea.h"
 #include "app/devicecommands.h"
 #include "app/displaywindows.h"
+#include "app/documents.h"
 #include "app/endnotice.h"
 #include "app/figures.h"
 #include "app/graphwindows.h"
 #include "app/listenedports.h"
+#include "app/packsource.h"
 #include "app/remotecontrols.h"
 #include "app/shellmenus.h"
 #include "app/shellreaderhost.h"
@@ -27,15 +29,28 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDragEnterEvent>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
+#include <QUrl>
 
 namespace {
 
 constexpr QSize firstSize(1180, 760); // before a size was ever saved
+
+QStringList droppedFiles(const QMimeData *data)
+{
+    QStringList files;
+    for (const QUrl &url : data->urls()) {
+        if (url.isLocalFile())
+            files.append(url.toLocalFile());
+    }
+    return files;
+}
 
 } // namespace
 
@@ -47,6 +62,7 @@ MainWindow::MainWindow()
     createStatusBar();
     connectParts();
     updateMenus();
+    setAcceptDrops(true);
     setWindowIcon(QIcon(QStringLiteral(":/Icons/varnel.png")));
     setUnifiedTitleAndToolBarOnMac(true);
     readSettings();
@@ -82,6 +98,9 @@ void MainWindow::createParts()
     ports = new ListenedPorts(this, readerHost, facts);
     watcher = new PortWatcher(this);
     staleWatch = new StaleWatch(graphs, displays, facts, this);
+    packs = std::make_unique<PackSource>(graphs, staleWatch);
+    displays->setVoltageSource(packs.get());
+    documents = new Documents(this, statusBar(), graphs, displays);
     targets = std::make_unique<ShellTargets>(ports, graphs);
     commands = new DeviceCommands(targets.get(), this);
     sounds = new SoundPlayer(this);
@@ -93,8 +112,7 @@ void MainWindow::createParts()
 
 void MainWindow::withholdUnbuilt()
 {
-    for (ActionId id :
-        {ActionId::Open, ActionId::SaveAs, ActionId::PrintVoltage, ActionId::PrintPlot, ActionId::Graph})
+    for (ActionId id : {ActionId::PrintPlot})
         actions->withhold(id, tr("Comes with a later version."));
 }
 
@@ -126,9 +144,9 @@ void MainWindow::createStatusBar()
 
 void MainWindow::connectParts()
 {
-    connect(windowMapper, SIGNAL(mapped(QWidget *)), this, SLOT(setActiveSubWindow(QWidget *)));
+    connect(windowMapper, SIGNAL(mapped(QWidget*)), this, SLOT(setActiveSubWindow(QWidget*)));
     connect(windowMenu, SIGNAL(aboutToShow()), this, SLOT(updateWindowMenu()));
-    connect(mdiArea, SIGNAL(subWindowActivated(QMdiSubWindow *)), this, SLOT(updateMenus()));
+    connect(mdiArea, SIGNAL(subWindowActivated(QMdiSubWindow*)), this, SLOT(updateMenus()));
     connect(graphs, SIGNAL(currentChanged()), this, SLOT(updateMenus()));
     connect(graphs, SIGNAL(currentChanged()), staleWatch, SLOT(look()));
     connect(graphs, SIGNAL(opened()), switches, SLOT(enableViews()));
@@ -177,10 +195,23 @@ void MainWindow::writeSettings() const
 void MainWindow::closeEvent(QCloseEvent *event)
 {
     writeSettings();
+    documents->cancelOpening();
     graphs->setEnding();
     mdiArea->closeAllSubWindows();
     ports->closeAll();
     event->accept();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!droppedFiles(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent *event)
+{
+    openFiles(droppedFiles(event->mimeData()));
+    event->acceptProposedAction();
 }
 
 MdiGraphChild *MainWindow::activeMdiChild() const
@@ -319,9 +350,30 @@ void MainWindow::endProcessMessage()
     endNotice->dismiss();
 }
 
-void MainWindow::openFile() { }
+void MainWindow::openFile()
+{
+    documents->openDialog();
+}
 
-void MainWindow::saveFile() { }
+void MainWindow::openFiles(const QStringList &files)
+{
+    documents->open(files);
+}
+
+void MainWindow::comeForward(const QStringList &files)
+{
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+    openFiles(files);
+}
+
+void MainWindow::saveFile()
+{
+    if (MdiGraphChild *child = activeMdiChild())
+        documents->saveDialog(child);
+}
 
 void MainWindow::saveSesion() { }
 

@@ -13,6 +13,7 @@ struct PortInfo;
 class ActionSet;
 class DataToolBar;
 class DeskArea;
+class Documents;
 class DeviceCommands;
 class DeviceTargets;
 class DisplayWindows;
@@ -21,6 +22,7 @@ class Figures;
 class GraphWindows;
 class ListenedPorts;
 class MdiGraphChild;
+class PackSource;
 class PortWatcher;
 class RemoteControls;
 class ShellReaderHost;
@@ -48,6 +50,8 @@ public:
     /// A new graph window, placed and current.
     MdiGraphChild *createMdiChild();
 
+    /// Opens data files in graph windows of their own.
+    void openFiles(const QStringList &files);
     const ActionSet &actionSet() const { return *actions; }
     const ListenedPorts &listenedPorts() const { return *ports; }
     const StatusFacts &statusFacts() const { return *facts; }
@@ -80,9 +84,13 @@ public slots:
     void onPlayUserMP3();
     void endProcess(int mPlayEndId);
     void endProcessMessage();
+    /// Another start of the program: comes to the front and opens `files`.
+    void comeForward(const QStringList &files);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private slots:
     void openFile();
@@ -146,6 +154,8 @@ private:
     ListenedPorts *ports;
     PortWatcher *watcher;
     StaleWatch *staleWatch;
+    std::unique_ptr<PackSource> packs;
+    Documents *documents;
     std::unique_ptr<DeviceTargets> targets;
     DeviceCommands *commands;
     SoundPlayer *sounds;

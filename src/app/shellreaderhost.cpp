@@ -14,7 +14,7 @@ ShellReaderHost::ShellReaderHost(QWidget *shellWindow, GraphWindows *graphWindow
     , graphs(graphWindows)
     , facts(statusFacts)
 {
-    connect(this, SIGNAL(message(QString, int)), shell, SLOT(showMessageStatusBar(QString, int)));
+    connect(this, SIGNAL(message(QString,int)), shell, SLOT(showMessageStatusBar(QString,int)));
 }
 
 RecordingSink *ShellReaderHost::createRecording()

@@ -5,15 +5,20 @@ target_sources(varnel_gui PRIVATE
     app/datatoolbar.cpp app/datatoolbar.h
     app/deskarea.cpp app/deskarea.h
     app/displaywindows.cpp app/displaywindows.h
+    app/documents.cpp app/documents.h
     app/figures.cpp app/figures.h
+    app/filequeue.cpp app/filequeue.h
     app/graphfile.cpp app/graphfile.h
     app/graphwindows.cpp app/graphwindows.h
+    app/inputgate.cpp app/inputgate.h
     app/listenedports.cpp app/listenedports.h
     app/mainwindow.cpp app/mainwindow.h
+    app/packsource.cpp app/packsource.h
     app/portquestions.cpp app/portquestions.h
     app/portretries.cpp app/portretries.h
     app/shellmenus.cpp app/shellmenus.h
     app/shellreaderhost.cpp app/shellreaderhost.h
+    app/singleinstance.cpp app/singleinstance.h
     app/stalewatch.cpp app/stalewatch.h
     app/statusfacts.cpp app/statusfacts.h
     app/stylesheet.cpp app/stylesheet.h

@@ -1,0 +1,32 @@
+#include "app/packsource.h"
+
+#include "app/graphwindows.h"
+#include "app/stalewatch.h"
+#include "graph/mdigraphchild.h"
+
+QVector<PackVoltages> PackSource::packs() const
+{
+    QVector<PackVoltages> all;
+    for (const MdiGraphChild *child : graphs->all()) {
+        const RecordList &records = child->store().records();
+        PackVoltages pack
+            = PackVoltages::of(records.isEmpty() ? Varnel3Data() : records.last(), child->windowNumber());
+        pack.selected = child->selectedCells();
+        pack.staleSince = watch->staleSince(child);
+        all.append(pack);
+    }
+    return all;
+}
+
+void PackSource::toggleCell(int windowNumber, int cell)
+{
+    if (cell < 0 || cell >= PackVoltages::maxCells)
+        return;
+    for (MdiGraphChild *child : graphs->all()) {
+        if (child->windowNumber() != windowNumber)
+            continue;
+        CellSelection cells = child->selectedCells();
+        cells[size_t(cell)] = !cells[size_t(cell)];
+        child->setSelectedCells(cells);
+    }
+}

@@ -1,0 +1,257 @@
+#include "app/actionset.h"
+#include "app/mainwindow.h"
+#include "displays/datadisplay.h"
+#include "graph/mdigraphchild.h"
+#include "settings/varnelsettings.h"
+#include "support/lines.h"
+#include "support/ptypair.h"
+#include "support/shellfixture.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTest>
+#include <QTimer>
+#include <QUrl>
+
+/// Opening and saving data files with the program's own window and dialogs.
+class TestDocuments : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void openFromDialog();
+    void cancelledDialog();
+    void failuresAreListed();
+    void saveAndReopen();
+    void failedSaveKeepsMarks();
+    void longFile_data();
+    void longFile();
+    void dropped();
+
+private:
+    QString writeFile(const QString &name, int records);
+    void whenDialogOpens(const std::function<void(QFileDialog *)> &act);
+    static void type(QFileDialog *dialog, const QString &path);
+    void trigger(ActionId id) { window->actionSet()[id]->trigger(); }
+    QWidget *progress() const { return window->findChild<QProgressBar *>(); }
+    QMessageBox *box(const char *name) const { return window->findChild<QMessageBox *>(QLatin1String(name)); }
+
+    std::unique_ptr<ShellFixture> fixture;
+    std::unique_ptr<MainWindow> window;
+};
+
+void TestDocuments::init()
+{
+    fixture = std::make_unique<ShellFixture>();
+    window = std::make_unique<MainWindow>();
+    window->show();
+    QTest::qWait(50); // listening has started
+}
+
+void TestDocuments::cleanup()
+{
+    window.reset();
+    fixture.reset();
+}
+
+QString TestDocuments::writeFile(const QString &name, int records)
+{
+    const QString path = fixture->path(name);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return QString();
+    for (int i = 0; i < records; ++i)
+        file.write(Lines::charger(i));
+    return path;
+}
+
+void TestDocuments::whenDialogOpens(const std::function<void(QFileDialog *)> &act)
+{
+    auto *timer = new QTimer(window.get());
+    connect(timer, &QTimer::timeout, timer, [timer, act] {
+        if (auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget())) {
+            timer->deleteLater();
+            act(dialog);
+        }
+    });
+    timer->start(50);
+}
+
+/// Enters `path` as a user does; selecting it would wait for the dialog's own listing of the folder.
+void TestDocuments::type(QFileDialog *dialog, const QString &path)
+{
+    auto *edit = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+    edit->setText(path);
+    static_cast<QDialog *>(dialog)->accept();
+}
+
+void TestDocuments::openFromDialog()
+{
+    const QString path = writeFile(QStringLiteral("one.acp"), 20);
+    whenDialogOpens([&path](QFileDialog *dialog) {
+        QVERIFY(dialog->testOption(QFileDialog::DontUseNativeDialog));
+        QCOMPARE(dialog->windowTitle(), QStringLiteral("Chose varnel data file names"));
+        type(dialog, path);
+    });
+    trigger(ActionId::Open);
+    QTRY_COMPARE(window->mdiChildren().size(), 1);
+    const MdiGraphChild *child = window->activeMdiChild();
+    QCOMPARE(child->store().size(), 20);
+    QCOMPARE(child->windowNumber(), 1);
+    QVERIFY(!child->isLive() && !child->hasUnsavedData());
+    QCOMPARE(window->statusBar()->currentMessage(), QStringLiteral("Data loaded from disk."));
+    QCOMPARE(VarnelSettings().value(QStringLiteral("global/lastDir")).toString(), path);
+    QVERIFY(window->actionSet()[ActionId::Data]->isEnabled());
+}
+
+void TestDocuments::cancelledDialog()
+{
+    window->createMdiChild();
+    trigger(ActionId::Data);
+    const auto *display = window->findChild<DataDisplay *>();
+    QVERIFY(display->isVisible());
+    whenDialogOpens([display](QFileDialog *dialog) {
+        QVERIFY(!display->isVisible());
+        dialog->reject();
+    });
+    trigger(ActionId::Open);
+    QVERIFY(display->isVisible());
+    QCOMPARE(window->mdiChildren().size(), 1);
+}
+
+void TestDocuments::failuresAreListed()
+{
+    const QString good = writeFile(QStringLiteral("good.acp"), 5);
+    const QString bad = writeFile(QStringLiteral("bad.abp"), 5); // not a balancer's file
+    const QString missing = fixture->path(QStringLiteral("missing.acp"));
+    window->openFiles({bad, good, missing, fixture->path(QString())});
+    QTRY_VERIFY(box("openFailures"));
+    const QString text = box("openFailures")->text();
+    QVERIFY2(text.startsWith(QStringLiteral("3 of 4 files could not be opened")), qPrintable(text));
+    QVERIFY(text.contains(QStringLiteral("bad.abp")) && text.contains(QStringLiteral("missing.acp")));
+    QVERIFY(!text.contains(QStringLiteral("good.acp")));
+    QCOMPARE(window->mdiChildren().size(), 1);
+    box("openFailures")->close();
+    QTRY_VERIFY(!box("openFailures"));
+    window->openFiles({missing});
+    QTRY_COMPARE(window->statusBar()->currentMessage(), QStringLiteral("Can not open file ") + missing);
+    QVERIFY(!box("openFailures"));
+}
+
+void TestDocuments::saveAndReopen()
+{
+    MdiGraphChild *child = window->createMdiChild();
+    Varnel3Data record;
+    for (int i = 0; i < 4; ++i) {
+        QVERIFY(record.parseLine(QString::fromLatin1(Lines::charger(i)).trimmed()));
+        child->addRecord(record);
+    }
+    record.mode = Varnel3Data::Test; // the format has no letter for it
+    child->addRecord(record);
+    const QString path = fixture->path(QStringLiteral("saved.acp"));
+    whenDialogOpens([&path](QFileDialog *dialog) {
+        QCOMPARE(dialog->windowTitle(), QStringLiteral("Choose file name"));
+        type(dialog, path);
+    });
+    trigger(ActionId::SaveAs);
+    QVERIFY(!child->hasUnsavedData());
+    QCOMPARE(window->statusBar()->currentMessage(), QStringLiteral("Data saved on disk."));
+    QVERIFY(box("unreadableRecords"));
+    QCOMPARE(VarnelSettings().value(QStringLiteral("global/lastDir")).toString(), path);
+    window->openFiles({path});
+    QTRY_COMPARE(window->mdiChildren().size(), 2);
+    QCOMPARE(window->activeMdiChild()->store().size(), 4);
+}
+
+void TestDocuments::failedSaveKeepsMarks()
+{
+    MdiGraphChild *child = window->createMdiChild();
+    Varnel3Data record;
+    record.parseLine(QString::fromLatin1(Lines::charger(1)).trimmed());
+    child->addRecord(record);
+    const QString title = child->windowTitle();
+    whenDialogOpens([](QFileDialog *dialog) {
+        // The device exists: overwriting it is asked about.
+        QTimer::singleShot(100, [] {
+            auto *question = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            QVERIFY(question);
+            question->button(QMessageBox::Yes)->click();
+        });
+        type(dialog, QStringLiteral("/dev/full"));
+    });
+    trigger(ActionId::SaveAs);
+    QCOMPARE(window->statusBar()->currentMessage(), QStringLiteral("Can not save file /dev/full"));
+    QVERIFY(child->hasUnsavedData());
+    QCOMPARE(child->windowTitle(), title);
+}
+
+void TestDocuments::longFile_data()
+{
+    QTest::addColumn<QString>("ending");
+    QTest::addColumn<int>("windows");
+    QTest::newRow("wait") << "wait" << 1;
+    QTest::newRow("cancel") << "cancel" << 0;
+    QTest::newRow("escape") << "escape" << 0;
+    QTest::newRow("close the program") << "close" << 0;
+}
+
+/// While a long file is read the program stays responsive to ports, but input reaches only Cancel.
+void TestDocuments::longFile()
+{
+    QFETCH(QString, ending);
+    const QString path = writeFile(QStringLiteral("long.acp"), 300000);
+    PtyPair device(fixture->portFolder(), QStringLiteral("COM3"));
+    VarnelSettings().setPorts({QStringLiteral("COM3")});
+    window->startRecording();
+    window->openFiles({path, path, path});
+    QTRY_VERIFY(progress()->isVisible());
+    QCOMPARE(window->mdiChildren().size() <= 3, true);
+    const bool temperature = window->actionSet()[ActionId::Temperature]->isChecked();
+    QTest::keyClick(window.get(), Qt::Key_Q, Qt::ControlModifier);
+    QVERIFY(window->isVisible());
+    QCOMPARE(window->actionSet()[ActionId::Temperature]->isChecked(), temperature);
+    const int before = window->mdiChildren().size();
+    device.send(Lines::charger(7));
+    QTRY_VERIFY(window->mdiChildren().size() > before);
+    if (ending == QLatin1String("cancel"))
+        QTest::mouseClick(window->findChild<QPushButton *>(QStringLiteral("cancelLoading")), Qt::LeftButton);
+    else if (ending == QLatin1String("escape"))
+        QTest::keyClick(window.get(), Qt::Key_Escape);
+    else if (ending == QLatin1String("close"))
+        window->close();
+    if (ending == QLatin1String("wait")) {
+        QTRY_VERIFY_WITH_TIMEOUT(!progress()->isVisible(), 60000);
+        QCOMPARE(window->mdiChildren().size(), 4);
+    } else {
+        QVERIFY(!progress()->isVisible());
+        const int now = window->mdiChildren().size();
+        QTest::qWait(200);
+        QCOMPARE(window->mdiChildren().size(), now);
+    }
+}
+
+void TestDocuments::dropped()
+{
+    const QString path = writeFile(QStringLiteral("one.acp"), 3);
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path), QUrl(QStringLiteral("https://host.example/two.acp"))});
+    QDragEnterEvent enter(QPoint(50, 200), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.get(), &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent drop(QPointF(50, 200), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.get(), &drop);
+    QTRY_COMPARE(window->mdiChildren().size(), 1);
+    QTest::qWait(50);
+    QVERIFY(!box("openFailures"));
+}
+
+QTEST_MAIN(TestDocuments)
+#include "tst_documents.moc"

@@ -1,0 +1,111 @@
+#include "app/actionset.h"
+#include "app/mainwindow.h"
+#include "app/stylesheet.h"
+#include "dialogs/about.h"
+#include "dialogs/dialogpreferences.h"
+#include "graph/mdigraphchild.h"
+#include "resources/resources.h"
+#include "settings/viewstate.h"
+#include "settings/varnelsettings.h"
+#include "support/shellfixture.h"
+#include "support/warningcollector.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
+#include <QToolBar>
+
+/// Every window is built once under a message handler: a connection by name that does not hold is only a warning.
+class TestWindows : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void noWarnings();
+    void layoutComesBack();
+    void closingEndsTheProgram();
+    void ownStyleSheet();
+
+private:
+    ShellFixture fixture;
+};
+
+void TestWindows::initTestCase()
+{
+    initResources();
+}
+
+void TestWindows::noWarnings()
+{
+    WarningCollector collector;
+    {
+        installStyleSheet(qApp, fixture.path(QString()));
+        MainWindow window;
+        window.show();
+        window.createMdiChild();
+        for (int id = int(ActionId::Data); id <= int(ActionId::Energy); ++id)
+            window.actionSet()[ActionId(id)]->trigger();
+        QTest::qWait(100);
+        DialogPreferences(&window).show();
+        About(&window).show();
+        window.close();
+    }
+    QStringList warnings = collector.warnings();
+    for (int i = warnings.size() - 1; i >= 0; --i) {
+        if (warnings[i].startsWith(QStringLiteral("This plugin does not support"))) // the offscreen platform
+            warnings.removeAt(i);
+    }
+    QCOMPARE(warnings, QStringList());
+}
+
+void TestWindows::layoutComesBack()
+{
+    const QSize size(901, 603);
+    {
+        MainWindow window;
+        window.show();
+        window.resize(size);
+        window.setWhiteBack();
+        window.findChild<QToolBar *>(QStringLiteral("mainToolBar"))->hide();
+        window.close();
+    }
+    MainWindow window;
+    window.show();
+    QCOMPARE(window.size(), size);
+    QVERIFY(!window.viewState().switches().blackBackground);
+    QVERIFY(!window.findChild<QToolBar *>(QStringLiteral("mainToolBar"))->isVisible());
+    QVERIFY(window.findChild<QToolBar *>(QStringLiteral("dataToolBar"))->isVisible());
+    const VarnelSettings settings;
+    for (const char *key : {"mainwindow/size", "mainwindow/pos", "datadisplay/pos", "capacitydisplay/size",
+             "capacitydisplay/pos", "powerdisplay/size", "powerdisplay/pos"})
+        QVERIFY2(settings.contains(QLatin1String(key)), key);
+}
+
+void TestWindows::closingEndsTheProgram()
+{
+    MainWindow window;
+    window.show();
+    window.createMdiChild();
+    window.actionSet()[ActionId::Data]->trigger();
+    window.actionSet()[ActionId::Graph]->trigger();
+    QTimer::singleShot(50, &window, SLOT(close()));
+    QTimer::singleShot(5000, qApp, [] { QCoreApplication::exit(1); });
+    QCOMPARE(QApplication::exec(), 0); // the last window has closed
+}
+
+void TestWindows::ownStyleSheet()
+{
+    QFile file(fixture.path(QStringLiteral("application.qss")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray("QLabel { color: red; }\0rest", 27));
+    file.close();
+    installStyleSheet(qApp, fixture.path(QString()));
+    QCOMPARE(qApp->styleSheet(), QStringLiteral("QLabel { color: red; }"));
+    QVERIFY(file.remove());
+    installStyleSheet(qApp, fixture.path(QString()));
+    QVERIFY(qApp->styleSheet().contains(QStringLiteral("QToolBar")));
+}
+
+QTEST_MAIN(TestWindows)
+#include "tst_windows.moc"

@@ -1,0 +1,128 @@
+#include "dialogs/checkboxcomport.h"
+#include "dialogs/dialogpreferences.h"
+#include "settings/varnelsettings.h"
+#include "support/ptypair.h"
+#include "support/shellfixture.h"
+
+#include <QCheckBox>
+#include <QPushButton>
+#include <QTest>
+
+/// Choosing ports while they come and go.
+class TestDialogPreferences : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void storedOnOk();
+    void absentPortIsForgotten();
+    void refreshKeepsTicks();
+    void resetAndCancel();
+    void geometry();
+
+private:
+    void plug(const QString &name);
+    static QString ticks(const QDialog &dialog);
+    static void click(const QDialog &dialog, const char *button);
+
+    std::unique_ptr<ShellFixture> fixture;
+    std::vector<std::unique_ptr<PtyPair>> ports;
+};
+
+void TestDialogPreferences::init()
+{
+    fixture = std::make_unique<ShellFixture>();
+}
+
+void TestDialogPreferences::cleanup()
+{
+    ports.clear();
+    fixture.reset();
+}
+
+void TestDialogPreferences::plug(const QString &name)
+{
+    ports.push_back(std::make_unique<PtyPair>(fixture->portFolder(), name));
+}
+
+/// The rows from top to bottom, '*' where ticked.
+QString TestDialogPreferences::ticks(const QDialog &dialog)
+{
+    QStringList rows;
+    for (const CheckBoxComPort *box : dialog.findChildren<CheckBoxComPort *>())
+        rows << box->portName() + (box->isChecked() ? "*" : "");
+    rows.sort();
+    return rows.join(' ');
+}
+
+void TestDialogPreferences::click(const QDialog &dialog, const char *button)
+{
+    dialog.findChild<QPushButton *>(QStringLiteral("preferencesButton") + QLatin1String(button))->click();
+}
+
+void TestDialogPreferences::storedOnOk()
+{
+    plug(QStringLiteral("COM3"));
+    plug(QStringLiteral("COM10"));
+    VarnelSettings().setPorts({QStringLiteral("COM3")});
+    DialogPreferences dialog(nullptr);
+    QCOMPARE(ticks(dialog), QStringLiteral("COM10 COM3*"));
+    for (CheckBoxComPort *box : dialog.findChildren<CheckBoxComPort *>())
+        box->setChecked(true);
+    dialog.findChild<QCheckBox *>(QStringLiteral("sendTime"))->setChecked(true);
+    QCOMPARE(VarnelSettings().ports(), QStringList(QStringLiteral("COM3")));
+    click(dialog, "Ok");
+    QCOMPARE(dialog.result(), int(QDialog::Accepted));
+    QCOMPARE(VarnelSettings().ports(), QStringList({QStringLiteral("COM10"), QStringLiteral("COM3")}));
+    QVERIFY(VarnelSettings().sendTime());
+}
+
+void TestDialogPreferences::absentPortIsForgotten()
+{
+    VarnelSettings().setPorts({QStringLiteral("COM9")});
+    DialogPreferences dialog(nullptr);
+    QCOMPARE(ticks(dialog), QString());
+    click(dialog, "Ok");
+    QCOMPARE(VarnelSettings().ports(), QStringList());
+}
+
+void TestDialogPreferences::refreshKeepsTicks()
+{
+    plug(QStringLiteral("COM3"));
+    plug(QStringLiteral("COM4"));
+    DialogPreferences dialog(nullptr);
+    for (CheckBoxComPort *box : dialog.findChildren<CheckBoxComPort *>())
+        box->setChecked(true);
+    plug(QStringLiteral("COM5"));
+    ports.front()->hangUp();
+    click(dialog, "Refresh");
+    QCOMPARE(ticks(dialog), QStringLiteral("COM4* COM5"));
+}
+
+void TestDialogPreferences::resetAndCancel()
+{
+    plug(QStringLiteral("COM3"));
+    VarnelSettings().setPorts({QStringLiteral("COM3")});
+    VarnelSettings().setSendTime(true);
+    DialogPreferences dialog(nullptr);
+    click(dialog, "Reset");
+    QCOMPARE(ticks(dialog), QStringLiteral("COM3"));
+    QVERIFY(!dialog.findChild<QCheckBox *>(QStringLiteral("sendTime"))->isChecked());
+    click(dialog, "Cancel");
+    QCOMPARE(VarnelSettings().ports(), QStringList(QStringLiteral("COM3")));
+    QVERIFY(VarnelSettings().sendTime());
+}
+
+/// Every text fits its place in the fixed layout.
+void TestDialogPreferences::geometry()
+{
+    DialogPreferences dialog(nullptr);
+    QCOMPARE(dialog.size(), QSize(425, 312));
+    for (const QPushButton *button : dialog.findChildren<QPushButton *>())
+        QVERIFY2(button->fontMetrics().horizontalAdvance(button->text()) < button->width(),
+            qPrintable(button->text()));
+}
+
+QTEST_MAIN(TestDialogPreferences)
+#include "tst_dialogpreferences.moc"
