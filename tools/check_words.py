@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""The tree speaks of itself alone: a text may not send its reader to papers or places that are not in it.
+"""The tree speaks of itself alone: a text may not send its reader to papers or places that are not in it, nor a
+document to a file that is not there.
 
 Prints each line that does and ends with 1 where there is one.
 """
@@ -17,6 +18,7 @@ WORDS = [
     (re.compile(r"(?<![\w.])/(?:work|farm|tmp/vg|home/\w+)/"), "a path of one machine"),
     (re.compile(r"\b(?:TO[D]O|FIX[M]E|XX[X])\b"), "unfinished work; finish it or write down the limit"),
 ]
+LINK = re.compile(r"\]\((?!\w+:|#)([^)#\s]+)")
 SKIPPED = {"LICENSE"}
 BINARY = {".png", ".ico", ".wav", ".ttf", ".gz"}
 
@@ -41,6 +43,10 @@ def faults(path):
             found = pattern.search(line)
             if found:
                 yield f"{path.relative_to(ROOT)}:{number}: '{found.group()}' names {reason}"
+        if path.suffix == ".md":
+            for target in LINK.findall(line):
+                if not (path.parent / target).exists():
+                    yield f"{path.relative_to(ROOT)}:{number}: there is no {target}"
 
 
 def main():
