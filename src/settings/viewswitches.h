@@ -18,10 +18,11 @@ struct ViewSwitches {
 
     friend bool operator==(const ViewSwitches &a, const ViewSwitches &b)
     {
-        return a.data == b.data && a.graph == b.graph && a.barGraph == b.barGraph && a.temperature == b.temperature
-            && a.delta == b.delta && a.resistance == b.resistance && a.balancer == b.balancer
-            && a.average == b.average && a.power == b.power && a.blackBackground == b.blackBackground
-            && a.cellSelectMode == b.cellSelectMode && a.energyMode == b.energyMode && a.deltaMode == b.deltaMode;
+        return a.data == b.data && a.graph == b.graph && a.barGraph == b.barGraph
+            && a.temperature == b.temperature && a.delta == b.delta && a.resistance == b.resistance
+            && a.balancer == b.balancer && a.average == b.average && a.power == b.power
+            && a.blackBackground == b.blackBackground && a.cellSelectMode == b.cellSelectMode
+            && a.energyMode == b.energyMode && a.deltaMode == b.deltaMode;
     }
     friend bool operator!=(const ViewSwitches &a, const ViewSwitches &b) { return !(a == b); }
 };
