@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr size_t smallBlocks = 4; // allocated one by one; beyond them it is a long recording
+constexpr size_t smallBlocks = 4; // allocated one by one; beyond them it is a long file
 constexpr int blocksInChunk = 16;
 
 } // namespace
@@ -21,11 +21,11 @@ RecordList &RecordList::operator=(RecordList &&other) noexcept
     return *this;
 }
 
-void *RecordList::slotForNext()
+void *RecordList::slotForNext(Filling filling)
 {
     const auto block = size_t(m_size / blockSize);
     if (block == m_blocks.size()) {
-        if (block < smallBlocks)
+        if (filling == Slow || block < smallBlocks)
             addBlocks(1, alignof(std::max_align_t));
         else
             addBlocks(blocksInChunk, largePageSize);
@@ -49,14 +49,14 @@ void RecordList::addBlocks(int count, std::size_t alignment)
 
 Varnel3Data &RecordList::append(const Varnel3Data &record)
 {
-    Varnel3Data &copy = *new (slotForNext()) Varnel3Data(record);
+    Varnel3Data &copy = *new (slotForNext(Slow)) Varnel3Data(record);
     ++m_size;
     return copy;
 }
 
 Varnel3Data &RecordList::appendNew()
 {
-    Varnel3Data &record = *new (slotForNext()) Varnel3Data;
+    Varnel3Data &record = *new (slotForNext(Fast)) Varnel3Data;
     ++m_size;
     return record;
 }

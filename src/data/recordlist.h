@@ -7,8 +7,8 @@
 #include <vector>
 
 /// The records of one recording in arrival order. Grows in blocks, so that an append never copies what is there and
-/// references to records stay valid until clear() or a move. Memory is taken as records are written, in small steps
-/// at first and in large ones for a long recording.
+/// references to records stay valid until clear() or a move. Memory is taken as records are written: in small steps by
+/// append(), since many live recordings grow side by side, in large ones for a long file by appendNew().
 class RecordList {
 public:
     RecordList() = default;
@@ -45,7 +45,9 @@ private:
         std::align_val_t alignment;
     };
 
-    void *slotForNext();
+    enum Filling { Slow, Fast };
+
+    void *slotForNext(Filling filling);
     void addBlocks(int count, std::size_t alignment);
 
     std::vector<Varnel3Data *> m_blocks; // raw memory of blockSize records each, inside the chunks

@@ -6,7 +6,9 @@
 
 namespace {
 
-constexpr int firstCapacity = 64;
+// From a few points straight to a block of its own, of which only the pages in use take memory. Growing by halves in
+// between would leave holes as large as the points themselves, with many recordings at once.
+constexpr int firstCapacities[] = {64, 512, 32768};
 
 } // namespace
 
@@ -47,6 +49,10 @@ void PlotSeries::grow()
     constexpr int most = std::numeric_limits<int>::max();
     if (m_capacity == most)
         throw std::bad_alloc();
-    const int half = std::max(firstCapacity, m_capacity / 2);
+    for (const int capacity : firstCapacities) {
+        if (capacity > m_capacity)
+            return reserve(capacity);
+    }
+    const int half = m_capacity / 2;
     reserve(m_capacity <= most - half ? m_capacity + half : most);
 }

@@ -83,6 +83,7 @@ private slots:
     void tellsLostResistance();
     void knowsExtremesAndOrder();
     void growsPastAnyCapacity();
+    void manyRecordingsCostTheirData();
 };
 
 void TestSeriesStore::derivesPointsByHand()
@@ -411,6 +412,32 @@ void TestSeriesStore::growsPastAnyCapacity()
     QCOMPARE(store.size(), count);
     QCOMPARE(store.series(SeriesStore::Time).last(), double(count - 1));
     QCOMPARE(store.series(SeriesStore::Time)[262143], 262143.0);
+}
+
+// Thirty devices that record for an hour: what is set aside for later must not add up to more than what is kept.
+void TestSeriesStore::manyRecordingsCostTheirData()
+{
+#ifdef __SANITIZE_ADDRESS__
+    QSKIP("the sanitizer keeps memory of its own");
+#endif
+    QFile statm(QStringLiteral("/proc/self/statm"));
+    if (!statm.open(QIODevice::ReadOnly))
+        QSKIP("needs the proc file system");
+    const auto resident = [&statm] {
+        statm.seek(0);
+        return statm.readAll().split(' ').at(1).toLongLong() * 4096;
+    };
+    std::vector<SeriesStore> stores(30);
+    const int count = 4200;
+    const qint64 before = resident();
+    for (int i = 0; i < count; ++i) {
+        for (SeriesStore &store : stores)
+            store.append(cellRecord(6));
+    }
+    const qint64 points = SeriesStore::Cell1 + 6;
+    const qint64 data = qint64(stores.size()) * count * (qint64(sizeof(Varnel3Data)) + points * 8);
+    const qint64 beyond = resident() - before - data;
+    QVERIFY2(beyond < 6000000, qPrintable(QString::number(beyond)));
 }
 
 QTEST_APPLESS_MAIN(TestSeriesStore)
