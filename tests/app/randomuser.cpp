@@ -1,5 +1,6 @@
 #include "app/randomuser.h"
 
+#include "app/actionset.h"
 #include "app/mainwindow.h"
 #include "settings/varnelsettings.h"
 #include "simulator/rack.h"
@@ -269,7 +270,11 @@ void RandomUser::command()
 {
     if (QApplication::activeModalWidget())
         return;
-    QAction *action = anyOf(m_window->findChildren<QAction *>());
+    // mostly the program's own; the frames of the graph windows have many more
+    const QObject *owner = m_window->findChild<ActionSet *>();
+    if (below(4) == 0)
+        owner = m_window;
+    QAction *action = anyOf(owner->findChildren<QAction *>());
     if (!action || !action->isEnabled() || action->isSeparator() || action->menu())
         return;
     if (action->shortcut() == QKeySequence(QKeySequence::Quit) && below(10) > 0)
