@@ -306,14 +306,7 @@ void ActionSet::setText(ActionId id, const QString &text) const
 
 void ActionSet::setEnabled(ActionId id, bool enabled) const
 {
-    (*this)[id]->setEnabled(enabled && !m_withheld.contains((*this)[id]));
-}
-
-void ActionSet::withhold(ActionId id, const QString &reason)
-{
-    m_withheld.insert((*this)[id]);
-    (*this)[id]->setEnabled(false);
-    (*this)[id]->setStatusTip(reason);
+    (*this)[id]->setEnabled(enabled);
 }
 
 void ActionSet::setRangeEnabled(ActionId first, ActionId last, bool enabled) const

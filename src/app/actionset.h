@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QObject>
-#include <QSet>
 
 #include <array>
 
@@ -59,12 +58,9 @@ public:
     void setChecked(ActionId id, bool checked) const;
     void setText(ActionId id, const QString &text) const;
     void setEnabled(ActionId id, bool enabled) const;
-    /// Keeps `id` disabled whatever else is asked; `reason` is its status tip.
-    void withhold(ActionId id, const QString &reason);
     /// Enables or disables all actions from `first` to `last`, both included.
     void setRangeEnabled(ActionId first, ActionId last, bool enabled) const;
 
 private:
     std::array<QAction *, size_t(ActionId::Count)> m_actions = {};
-    QSet<QAction *> m_withheld;
 };

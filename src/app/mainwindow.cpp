@@ -8,6 +8,7 @@
 #include "app/documents.h"
 #include "app/endnotice.h"
 #include "app/figures.h"
+#include "app/graphprinting.h"
 #include "app/graphwindows.h"
 #include "app/listenedports.h"
 #include "app/packsource.h"
@@ -107,13 +108,6 @@ void MainWindow::createParts()
     endNotice = new EndNotice(this, targets.get(), sounds, QCoreApplication::applicationDirPath());
     remoteControls = new RemoteControls(this, targets.get());
     sleepInhibitor = new SleepInhibitor(targets.get(), this);
-    withholdUnbuilt();
-}
-
-void MainWindow::withholdUnbuilt()
-{
-    for (ActionId id : {ActionId::PrintPlot})
-        actions->withhold(id, tr("Comes with a later version."));
 }
 
 void MainWindow::createMenus()
@@ -282,7 +276,9 @@ void MainWindow::printBarDisplay()
 
 void MainWindow::printActivePlot()
 {
-    if (!activeMdiChild())
+    if (MdiGraphChild *child = activeMdiChild())
+        printGraph(child, this);
+    else
         showMessageStatusBar(tr("There is no graph window to print."), 5000);
 }
 

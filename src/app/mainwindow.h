@@ -125,7 +125,6 @@ private slots:
 
 private:
     void createParts();
-    void withholdUnbuilt();
     void createMenus();
     void createToolBars();
     void createStatusBar();

@@ -9,6 +9,7 @@ target_sources(varnel_gui PRIVATE
     app/figures.cpp app/figures.h
     app/filequeue.cpp app/filequeue.h
     app/graphfile.cpp app/graphfile.h
+    app/graphprinting.cpp app/graphprinting.h
     app/graphwindows.cpp app/graphwindows.h
     app/inputgate.cpp app/inputgate.h
     app/listenedports.cpp app/listenedports.h

@@ -47,6 +47,9 @@ void StaleWatch::look()
                 tr("%1: no line since %2").arg(child->fileName(), QLocale().toString(since.time())));
     }
     facts->replace(StatusFacts::Silent, silent);
+    if (silent != told)
+        displays->updateVoltage(); // shows windows that are not the current one too
+    told = silent;
     const QDateTime current = staleSince(graphs->current());
     if (current == shown)
         return;

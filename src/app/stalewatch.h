@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 #include <QHash>
+#include <QMap>
 #include <QObject>
 
 class DisplayWindows;
@@ -39,5 +40,6 @@ private:
     DisplayWindows *displays;
     StatusFacts *facts;
     QHash<const MdiGraphChild *, Seen> seen; // keys are compared, never followed
+    QMap<QString, QString> told; // ports and what is said of them
     QDateTime shown; // as the displays were told last
 };

@@ -1,17 +1,21 @@
 #include "app/actionset.h"
+#include "app/graphprinting.h"
 #include "app/mainwindow.h"
 #include "app/stylesheet.h"
 #include "dialogs/about.h"
 #include "dialogs/dialogpreferences.h"
 #include "graph/mdigraphchild.h"
+#include "printing/printjob.h"
 #include "resources/resources.h"
 #include "settings/viewstate.h"
 #include "settings/varnelsettings.h"
+#include "support/lines.h"
 #include "support/shellfixture.h"
 #include "support/warningcollector.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QPainter>
 #include <QTest>
 #include <QTimer>
 #include <QToolBar>
@@ -26,6 +30,7 @@ private slots:
     void layoutComesBack();
     void closingEndsTheProgram();
     void ownStyleSheet();
+    void graphOnPaper();
 
 private:
     ShellFixture fixture;
@@ -105,6 +110,34 @@ void TestWindows::ownStyleSheet()
     QVERIFY(file.remove());
     installStyleSheet(qApp, fixture.path(QString()));
     QVERIFY(qApp->styleSheet().contains(QStringLiteral("QToolBar")));
+}
+
+void TestWindows::graphOnPaper()
+{
+    MainWindow window;
+    window.show();
+    MdiGraphChild *child = window.createMdiChild();
+    Varnel3Data record;
+    for (int i = 0; i < 30; ++i) {
+        QVERIFY(record.parseLine(QString::fromLatin1(Lines::charger(i)).trimmed()));
+        child->addRecord(record);
+    }
+    const PrintJob job = graphPrintJob(child);
+    QVERIFY2(job.details.contains(QStringLiteral("1: Varnel 3")), qPrintable(job.details));
+    const auto drawn = [&job] {
+        QImage page(job.size.toSize(), QImage::Format_RGB32);
+        page.fill(Qt::white);
+        QPainter painter(&page);
+        job.paint(painter);
+        return page;
+    };
+    const QImage page = drawn();
+    QCOMPARE(page.pixelColor(page.width() - 2, 2), QColor(Qt::white)); // though the screen is black
+    QImage blank(page.size(), page.format());
+    blank.fill(Qt::white);
+    QVERIFY(page != blank);
+    delete child;
+    QCOMPARE(drawn(), blank);
 }
 
 QTEST_MAIN(TestWindows)

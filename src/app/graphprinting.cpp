@@ -1,0 +1,50 @@
+#include "app/graphprinting.h"
+
+#include "displays/printstamp.h"
+#include "graph/graphpainter.h"
+#include "graph/mdigraphchild.h"
+#include "printing/printjob.h"
+#include "printing/printrequest.h"
+
+#include <QCoreApplication>
+#include <QPointer>
+
+namespace {
+
+constexpr int smallestWidth = 640; // px; a smaller window would make a page of large letters and short curves
+constexpr int smallestHeight = 400;
+
+QString deviceText(const MdiGraphChild *child)
+{
+    const QString number = QString::number(child->windowNumber());
+    if (child->store().isEmpty())
+        return number + QStringLiteral(": ") + child->fileName();
+    return number + QStringLiteral(": ") + Varnel3Data::deviceName(child->store().device()) + QLatin1Char(' ')
+        + child->fileName();
+}
+
+} // namespace
+
+PrintJob graphPrintJob(MdiGraphChild *child)
+{
+    const QSize size = child->size().expandedTo(QSize(smallestWidth, smallestHeight));
+    const QPointer<MdiGraphChild> guard(child);
+    PrintJob job;
+    job.title = QCoreApplication::translate("GraphPrinting", "Varnel - graph");
+    job.details = printDetails({deviceText(child).trimmed()});
+    job.size = size;
+    // A long recording is too large to be copied for the time that a dialog is open.
+    job.paint = [guard, size](QPainter &painter) {
+        if (!guard)
+            return;
+        GraphPicture picture = guard->picture(size);
+        picture.switches.blackBackground = false;
+        GraphPainter().paint(&painter, picture);
+    };
+    return job;
+}
+
+void printGraph(MdiGraphChild *child, QWidget *window)
+{
+    printWithDialog(graphPrintJob(child), window);
+}
