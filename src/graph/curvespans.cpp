@@ -1,10 +1,13 @@
 #include "graph/curvespans.h"
 
 #include "graph/timecolumns.h"
+#include "graph/vectorstate.h"
 
 #include <QPainter>
 
 #include <qwt_scale_map.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -12,25 +15,28 @@ struct Extremes {
     double lowest, highest;
 };
 
-// Four independent chains: one alone would wait for each comparison.
+// Four chains that don't wait for each other, in variables of their own so that they stay in registers.
 Extremes extremesOf(const double *values, int begin, int end)
 {
-    Extremes found[4];
-    for (Extremes &extremes : found)
-        extremes = {values[begin], values[begin]};
+    const auto take = [](Extremes &found, double value) {
+        found.lowest = std::min(found.lowest, value);
+        found.highest = std::max(found.highest, value);
+    };
+    Extremes a = {values[begin], values[begin]};
+    Extremes b = a;
+    Extremes c = a;
+    Extremes d = a;
     int i = begin;
     for (; i + 4 <= end; i += 4) {
-        for (int chain = 0; chain < 4; ++chain) {
-            const double value = values[i + chain];
-            found[chain].lowest = value < found[chain].lowest ? value : found[chain].lowest;
-            found[chain].highest = value > found[chain].highest ? value : found[chain].highest;
-        }
+        take(a, values[i]);
+        take(b, values[i + 1]);
+        take(c, values[i + 2]);
+        take(d, values[i + 3]);
     }
     for (; i < end; ++i)
-        found[0] = {qMin(found[0].lowest, values[i]), qMax(found[0].highest, values[i])};
-    for (int chain = 1; chain < 4; ++chain)
-        found[0] = {qMin(found[0].lowest, found[chain].lowest), qMax(found[0].highest, found[chain].highest)};
-    return found[0];
+        take(a, values[i]);
+    return {std::min({a.lowest, b.lowest, c.lowest, d.lowest}),
+        std::max({a.highest, b.highest, c.highest, d.highest})};
 }
 
 int pixel(const QwtScaleMap &map, double value)
@@ -52,6 +58,7 @@ CurveSpans::Column CurveSpans::columnAt(const Source &source, int x, int begin, 
 
 void CurveSpans::assign(const Source &source, const QRect &area, int width)
 {
+    clearVectorState();
     m_width = width;
     m_spans.clear();
     m_lines.clear();
@@ -103,8 +110,16 @@ void CurveSpans::addSpan(const Column &column, const QRect &area)
     if (m_width > 1) // a pen of width 2 lies above and left of its line
         span.adjust(-1, -1, 0, 0);
     span &= area;
-    if (!span.isEmpty())
-        m_spans.append(span);
+    if (span.isEmpty())
+        return;
+    if (!m_spans.isEmpty()) { // a level stretch is one rectangle
+        QRect &last = m_spans.last();
+        if (last.top() == span.top() && last.bottom() == span.bottom() && last.right() + 1 >= span.left()) {
+            last.setRight(span.right());
+            return;
+        }
+    }
+    m_spans.append(span);
 }
 
 void CurveSpans::draw(QPainter *painter) const

@@ -5,6 +5,7 @@
 #include "graph/graphscene.h"
 #include "graph/legendpainter.h"
 #include "graph/valueaxispainter.h"
+#include "graph/vectorstate.h"
 
 #include <QPainter>
 
@@ -21,6 +22,7 @@ void GraphPainter::paint(QPainter *painter, const GraphPicture &picture)
         paintPlots(canvas);
     }
     painter->restore();
+    clearVectorState(); // for all that runs until the next painting
 }
 
 void GraphPainter::paintPlots(const GraphCanvas &canvas)

@@ -33,5 +33,6 @@ target_sources(varnel_gui PRIVATE
     graph/timedivision.cpp graph/timedivision.h
     graph/valueaxispainter.cpp graph/valueaxispainter.h
     graph/valuerange.cpp graph/valuerange.h
+    graph/vectorstate.cpp graph/vectorstate.h
     graph/varnelplotcurve.cpp graph/varnelplotcurve.h
 )
