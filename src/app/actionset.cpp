@@ -23,221 +23,107 @@ struct ActionRow {
 };
 
 #define TEXT(text) QT_TRANSLATE_NOOP("MainWindow", text)
+#define TO(slot) SLOT(slot) // under its own name the formatter takes it for the end of a row
 
 constexpr auto noKey = QKeySequence::UnknownKey;
 constexpr unsigned figureSwitch = Checkable | BoldText;
 
 const ActionRow rows[] = {
     {ActionId::Open, TEXT("Open file"), "open.png", TEXT("Read data from file."), QKeySequence::Open, Window,
-        SLOT(openFile()), Plain},
-        {ActionId::SaveAs, TEXT("Save as"), "save.png", TEXT("Save data to file."), QKeySequence::Save,
-            Window, SLOT(saveFile()), Plain},
-            {ActionId::SaveSession, TEXT("Save sesion"), "saveAll.png", TEXT("Save all data as one session"),
-                QKeySequence::SaveAs, Window, SLOT(saveSesion()), Plain},
-                {ActionId::Preferences, TEXT("Preferences"), "preferences.png",
-                    TEXT("Aplications preferences."), QKeySequence::Preferences, Window,
-                    SLOT(preferences()), Checked},
-                    {ActionId::Exit, TEXT("E&xit"), "exit.png", TEXT("Exit the application."),
-                        QKeySequence::Quit, Application, SLOT(closeAllWindows()), Plain},
-                        {ActionId::Black, TEXT("Black"), nullptr, TEXT("Background color black."), noKey,
-                            Window, SLOT(setBlackBack()), Plain},
-                            {ActionId::White, TEXT("White"), nullptr, TEXT("Background color white."), noKey,
-                                Window, SLOT(setWhiteBack()), Plain},
-                                {ActionId::Close, TEXT("Cl&ose"), nullptr, TEXT("Close the active window"),
-                                    noKey, MdiArea, SLOT(closeActiveSubWindow()), Plain},
-                                    {ActionId::CloseAll, TEXT("Close &All"), nullptr,
-                                        TEXT("Close all the windows"), noKey, MdiArea,
-                                        SLOT(closeAllSubWindows()), Plain},
-                                        {ActionId::Tile, TEXT("&Tile"), "tile.png", TEXT("Tile the windows"),
-                                            noKey, MdiArea, SLOT(tileSubWindows()), Plain},
-                                            {ActionId::Cascade, TEXT("&Cascade"), "stack.png",
-                                                TEXT("Cascade the windows"), noKey, MdiArea,
-                                                SLOT(cascadeSubWindows()), Plain},
-                                                {ActionId::Next, TEXT("Ne&xt"), nullptr,
-                                                    TEXT("Move the focus to the next window"),
-                                                    QKeySequence::NextChild, MdiArea,
-                                                    SLOT(activateNextSubWindow()), Plain},
-                                                    {ActionId::Previous, TEXT("Pre&vious"), nullptr,
-                                                        TEXT("Move the focus to the previous window"),
-                                                        QKeySequence::PreviousChild, MdiArea,
-                                                        SLOT(activatePreviousSubWindow()), Plain},
-                                                        {ActionId::Recording, TEXT("Recording"), "record.png",
-                                                            TEXT("Recording data from com port."), noKey,
-                                                            Window, SLOT(recording()), Plain},
-                                                            {ActionId::PrintCapacity,
-                                                                TEXT("Capacity comparison"), nullptr,
-                                                                TEXT("Print capacity comparison."), noKey,
-                                                                Window, SLOT(printCapComp()), Plain},
-                                                                {ActionId::PrintVoltage,
-                                                                    TEXT("Voltage comparison"), nullptr,
-                                                                    TEXT("Print voltage comparison."), noKey,
-                                                                    Window, SLOT(printVolComp()), Plain},
-                                                                    {ActionId::PrintBars, TEXT("Bar display"),
-                                                                        nullptr, TEXT("Print bar display."),
-                                                                        noKey, Window,
-                                                                        SLOT(printBarDisplay()), Plain},
-                                                                        {ActionId::PrintPlot,
-                                                                            TEXT("Active plot"), nullptr,
-                                                                            TEXT("Print active plot."), noKey,
-                                                                            Window,
-                                                                            SLOT(printActivePlot()), Plain},
-                                                                            {ActionId::Separator, nullptr,
-                                                                                nullptr, nullptr, noKey,
-                                                                                Nobody, nullptr, Plain},
-                                                                            {ActionId::About, TEXT("&About"),
-                                                                                nullptr,
-                                                                                TEXT("Show the application's "
-                                                                                     "About box"),
-                                                                                noKey, Window,
-                                                                                SLOT(about()), Plain},
-                                                                                {ActionId::AboutQt,
-                                                                                    TEXT("About &Qt"),
-                                                                                    nullptr,
-                                                                                    TEXT("Show the Qt "
-                                                                                         "library's About "
-                                                                                         "box"),
-                                                                                    noKey, Application,
-                                                                                    SLOT(aboutQt()), Plain},
-                                                                                    {ActionId::SetTime,
-                                                                                        TEXT("Set time"),
-                                                                                        "clock-icon.png",
-                                                                                        TEXT("Set time."),
-                                                                                        noKey, Window,
-                                                                                        SLOT(sendTime()),
-                                                                                            Plain},
-                                                                                        {ActionId::Data,
-                                                                                            TEXT(" DATA "),
-                                                                                            "data.png",
-                                                                                            "Show/hide "
-                                                                                            "display",
-                                                                                            noKey, Window,
-                                                                                            SLOT(toolBarData(bool)),
-                                                                                                Checkable},
-                                                                                            {ActionId::Graph,
-                                                                                                TEXT("Graph"),
-                                                                                                "wyk.png",
-                                                                                                "Show/hide "
-                                                                                                "graph",
-                                                                                                noKey, Window,
-                                                                                                SLOT(toolBarGraph(bool)),
-                                                                                                    Checkable},
-                                                                                                {ActionId::
-                                                                                                        BarGraph,
-                                                                                                    TEXT(
-                                                                                                        "Bar "
-                                                                                                        "Grap"
-                                                                                                        "h"),
-                                                                                                    "wykbar."
-                                                                                                    "png",
-                                                                                                    "Show/"
-                                                                                                    "hide "
-                                                                                                    "bar "
-                                                                                                    "graph",
-                                                                                                    noKey,
-                                                                                                    Window,
-                                                                                                    SLOT(toolBarBarGraph(bool)),
-                                                                                                        Checkable},
-                                                                                                    {ActionId::
-                                                                                                            Temperature,
-                                                                                                        TEXT(
-                                                                                                            " T "),
-                                                                                                        nullptr,
-                                                                                                        "Show"
-                                                                                                        "/hid"
-                                                                                                        "e "
-                                                                                                        "them"
-                                                                                                        "para"
-                                                                                                        "tur"
-                                                                                                        "e",
-                                                                                                        noKey,
-                                                                                                        Window,
-                                                                                                        SLOT(toolBarTemp(bool)),
-                                                                                                            figureSwitch
-                                                                                                                | Checked},
-                                                                                                        {ActionId::
-                                                                                                                Delta,
-                                                                                                            TEXT(
-                                                                                                                "  dV "),
-                                                                                                            nullptr,
-                                                                                                            "Show/hide dV",
-                                                                                                            noKey,
-                                                                                                            Window,
-                                                                                                            SLOT(toolBarDelta(bool)),
-                                                                                                                figureSwitch
-                                                                                                                    | Checked},
-                                                                                                            {ActionId::
-                                                                                                                    Resistance,
-                                                                                                                TEXT(
-                                                                                                                    " Rw "),
-                                                                                                                nullptr,
-                                                                                                                "Show/hide cells internal resistance",
-                                                                                                                noKey,
-                                                                                                                Window,
-                                                                                                                SLOT(toolBarRw(bool)),
-                                                                                                                    figureSwitch
-                                                                                                                        | Checked},
-                                                                                                                {ActionId::
-                                                                                                                        Balancer,
-                                                                                                                    TEXT(
-                                                                                                                        " B "),
-                                                                                                                    nullptr,
-                                                                                                                    "Balancer/Charger plot",
-                                                                                                                    noKey,
-                                                                                                                    Window,
-                                                                                                                    SLOT(toolBarBalancer(bool)),
-                                                                                                                        figureSwitch},
-                                                                                                                    {ActionId::
-                                                                                                                            Average,
-                                                                                                                        TEXT(
-                                                                                                                            " Avg "),
-                                                                                                                        nullptr,
-                                                                                                                        "Cells/MinMax plot",
-                                                                                                                        noKey,
-                                                                                                                        Window,
-                                                                                                                        SLOT(toolBarAvg(bool)),
-                                                                                                                            figureSwitch},
-                                                                                                                        {ActionId::
-                                                                                                                                SelectedCells,
-                                                                                                                            TEXT(
-                                                                                                                                " S "),
-                                                                                                                            nullptr,
-                                                                                                                            "Select cells",
-                                                                                                                            noKey,
-                                                                                                                            Window,
-                                                                                                                            SLOT(toolBarSelectedCells()),
-                                                                                                                                figureSwitch
-                                                                                                                                    | Disabled},
-                                                                                                                            {ActionId::
-                                                                                                                                    Power,
-                                                                                                                                TEXT(
-                                                                                                                                    " P% "),
-                                                                                                                                nullptr,
-                                                                                                                                "Show/hide power balancer",
-                                                                                                                                noKey,
-                                                                                                                                Window,
-                                                                                                                                SLOT(toolBarPower(bool)),
-                                                                                                                                    figureSwitch
-                                                                                                                                        | Disabled},
-                                                                                                                                {ActionId::
-                                                                                                                                        Energy,
-                                                                                                                                    TEXT(" Vc "), nullptr, "Cells energy/voltage/internal cel resistance", noKey,
-                                                                                                                                    Window,
-                                                                                                                                    SLOT(toolBarEnergy(bool)),
-                                                                                                                                        figureSwitch
-                                                                                                                                            | Disabled},
-                                                                                                                                    {ActionId::
-                                                                                                                                            StopProcess,
-                                                                                                                                        TEXT(
-                                                                                                                                            "Stop process"),
-                                                                                                                                        "stop_sign.png",
-                                                                                                                                        TEXT(
-                                                                                                                                            "Stop process."),
-                                                                                                                                        noKey,
-                                                                                                                                        Window,
-                                                                                                                                        SLOT(toolBarStop()),
-                                                                                                                                            Plain},
+        TO(openFile()), Plain},
+    {ActionId::SaveAs, TEXT("Save as"), "save.png", TEXT("Save data to file."), QKeySequence::Save, Window,
+        TO(saveFile()), Plain},
+    {ActionId::SaveSession, TEXT("Save sesion"), "saveAll.png", TEXT("Save all data as one session"),
+        QKeySequence::SaveAs, Window, TO(saveSesion()), Plain},
+    {ActionId::Preferences, TEXT("Preferences"), "preferences.png", TEXT("Aplications preferences."),
+        QKeySequence::Preferences, Window, TO(preferences()), Checked},
+    {ActionId::Exit, TEXT("E&xit"), "exit.png", TEXT("Exit the application."), QKeySequence::Quit,
+        Application, TO(closeAllWindows()), Plain},
+    {ActionId::Black, TEXT("Black"), nullptr, TEXT("Background color black."), noKey, Window,
+        TO(setBlackBack()), Plain},
+    {ActionId::White, TEXT("White"), nullptr, TEXT("Background color white."), noKey, Window,
+        TO(setWhiteBack()), Plain},
+    {ActionId::Close, TEXT("Cl&ose"), nullptr, TEXT("Close the active window"), noKey, MdiArea,
+        TO(closeActiveSubWindow()), Plain},
+    {ActionId::CloseAll, TEXT("Close &All"), nullptr, TEXT("Close all the windows"), noKey, MdiArea,
+        TO(closeAllSubWindows()), Plain},
+    {ActionId::Tile, TEXT("&Tile"), "tile.png", TEXT("Tile the windows"), noKey, MdiArea,
+        TO(tileSubWindows()), Plain},
+    {ActionId::Cascade, TEXT("&Cascade"), "stack.png", TEXT("Cascade the windows"), noKey, MdiArea,
+        TO(cascadeSubWindows()), Plain},
+    {ActionId::Next, TEXT("Ne&xt"), nullptr, TEXT("Move the focus to the next window"),
+        QKeySequence::NextChild, MdiArea, TO(activateNextSubWindow()), Plain},
+    {ActionId::Previous, TEXT("Pre&vious"), nullptr, TEXT("Move the focus to the previous window"),
+        QKeySequence::PreviousChild, MdiArea, TO(activatePreviousSubWindow()), Plain},
+    {ActionId::Recording, TEXT("Recording"), "record.png", TEXT("Recording data from com port."), noKey,
+        Window, TO(recording()), Plain},
+    {ActionId::PrintCapacity, TEXT("Capacity comparison"), nullptr, TEXT("Print capacity comparison."), noKey,
+        Window, TO(printCapComp()), Plain},
+    {ActionId::PrintVoltage, TEXT("Voltage comparison"), nullptr, TEXT("Print voltage comparison."), noKey,
+        Window, TO(printVolComp()), Plain},
+    {ActionId::PrintBars, TEXT("Bar display"), nullptr, TEXT("Print bar display."), noKey, Window,
+        TO(printBarDisplay()), Plain},
+    {ActionId::PrintPlot, TEXT("Active plot"), nullptr, TEXT("Print active plot."), noKey, Window,
+        TO(printActivePlot()), Plain},
+    {ActionId::Separator, nullptr, nullptr, nullptr, noKey, Nobody, nullptr, Plain},
+    {ActionId::About, TEXT("&About"), nullptr,
+        TEXT("Show the application's "
+             "About box"),
+        noKey, Window, TO(about()), Plain},
+    {ActionId::AboutQt, TEXT("About &Qt"), nullptr,
+        TEXT("Show the Qt "
+             "library's About "
+             "box"),
+        noKey, Application, TO(aboutQt()), Plain},
+    {ActionId::SetTime, TEXT("Set time"), "clock-icon.png", TEXT("Set time."), noKey, Window, TO(sendTime()),
+        Plain},
+    {ActionId::Data, TEXT(" DATA "), "data.png",
+        "Show/hide "
+        "display",
+        noKey, Window, TO(toolBarData(bool)), Checkable},
+    {ActionId::Graph, TEXT("Graph"), "wyk.png",
+        "Show/hide "
+        "graph",
+        noKey, Window, TO(toolBarGraph(bool)), Checkable},
+    {ActionId::BarGraph,
+        TEXT("Bar "
+             "Grap"
+             "h"),
+        "wykbar."
+        "png",
+        "Show/"
+        "hide "
+        "bar "
+        "graph",
+        noKey, Window, TO(toolBarBarGraph(bool)), Checkable},
+    {ActionId::Temperature, TEXT(" T "), nullptr,
+        "Show"
+        "/hid"
+        "e "
+        "them"
+        "para"
+        "tur"
+        "e",
+        noKey, Window, TO(toolBarTemp(bool)), figureSwitch | Checked},
+    {ActionId::Delta, TEXT("  dV "), nullptr, "Show/hide dV", noKey, Window, TO(toolBarDelta(bool)),
+        figureSwitch | Checked},
+    {ActionId::Resistance, TEXT(" Rw "), nullptr, "Show/hide cells internal resistance", noKey, Window,
+        TO(toolBarRw(bool)), figureSwitch | Checked},
+    {ActionId::Balancer, TEXT(" B "), nullptr, "Balancer/Charger plot", noKey, Window,
+        TO(toolBarBalancer(bool)), figureSwitch},
+    {ActionId::Average, TEXT(" Avg "), nullptr, "Cells/MinMax plot", noKey, Window, TO(toolBarAvg(bool)),
+        figureSwitch},
+    {ActionId::SelectedCells, TEXT(" S "), nullptr, "Select cells", noKey, Window, TO(toolBarSelectedCells()),
+        figureSwitch | Disabled},
+    {ActionId::Power, TEXT(" P% "), nullptr, "Show/hide power balancer", noKey, Window,
+        TO(toolBarPower(bool)), figureSwitch | Disabled},
+    {ActionId::Energy, TEXT(" Vc "), nullptr, "Cells energy/voltage/internal cel resistance", noKey, Window,
+        TO(toolBarEnergy(bool)), figureSwitch | Disabled},
+    {ActionId::StopProcess, TEXT("Stop process"), "stop_sign.png", TEXT("Stop process."), noKey, Window,
+        TO(toolBarStop()), Plain},
 };
 
+#undef TO
 #undef TEXT
 
 static_assert(sizeof rows / sizeof rows[0] == size_t(ActionId::Count), "one row an action");

@@ -28,21 +28,19 @@ const Option options[] = {
     {exportName, "out",
         QT_TRANSLATE_NOOP(
             "CommandLine", "Write the recording FILE to <out> as comma-separated values and leave.")},
-        {renderName, "out",
-            QT_TRANSLATE_NOOP("CommandLine", "Draw the recording FILE to <out> (.png, .svg or .pdf) and leave.")},
-            {sizeName, "WxH",
-                QT_TRANSLATE_NOOP("CommandLine", "Size of the drawing in pixels, for example 1000x600.")},
-                {"background", "colour",
-                    QT_TRANSLATE_NOOP("CommandLine", "Background of the drawing: black or white.")},
-                    {"view", "view",
-                        QT_TRANSLATE_NOOP("CommandLine", "View of the drawing: charger, cells or average.")},
-                        {"right-axis", "what",
-                            QT_TRANSLATE_NOOP("CommandLine", "Right axis of the charger view: dv, mah or none.")},
-                            {"hide", "curve",
-                                QT_TRANSLATE_NOOP(
+    {renderName, "out",
+        QT_TRANSLATE_NOOP("CommandLine", "Draw the recording FILE to <out> (.png, .svg or .pdf) and leave.")},
+    {sizeName, "WxH",
+        QT_TRANSLATE_NOOP("CommandLine", "Size of the drawing in pixels, for example 1000x600.")},
+    {"background", "colour", QT_TRANSLATE_NOOP("CommandLine", "Background of the drawing: black or white.")},
+    {"view", "view", QT_TRANSLATE_NOOP("CommandLine", "View of the drawing: charger, cells or average.")},
+    {"right-axis", "what",
+        QT_TRANSLATE_NOOP("CommandLine", "Right axis of the charger view: dv, mah or none.")},
+    {"hide", "curve",
+        QT_TRANSLATE_NOOP(
             "CommandLine", "Leave out a curve: temperature or resistance. May be given twice.")},
-                                {"cell-value", "what",
-                                    QT_TRANSLATE_NOOP("CommandLine", "Figure beside a cell's name: voltage, charge or resistance.")},
+    {"cell-value", "what",
+        QT_TRANSLATE_NOOP("CommandLine", "Figure beside a cell's name: voltage, charge or resistance.")},
 };
 
 /// A word of an option and the switches that it sets.

@@ -21,16 +21,13 @@ struct KindText {
 };
 
 const KindText kindTexts[] = {
-    {":/Icons/error.png",
-        QT_TRANSLATE_NOOP("EndNotice", "Error in process !"),
-            QT_TRANSLATE_NOOP("EndNotice", "Error"), "error"},
-        {":/Icons/cancel.png",
-            QT_TRANSLATE_NOOP("EndNotice", "Process aborted by user."),
-                QT_TRANSLATE_NOOP("EndNotice", "Aborted"), "aborted"},
-            {":/Icons/finish.png",
-                QT_TRANSLATE_NOOP("EndNotice", "Process completed."),
-                    QT_TRANSLATE_NOOP("EndNotice", "End"), "end"},
-                {"", "", "", ""},
+    {":/Icons/error.png", QT_TRANSLATE_NOOP("EndNotice", "Error in process !"),
+        QT_TRANSLATE_NOOP("EndNotice", "Error"), "error"},
+    {":/Icons/cancel.png", QT_TRANSLATE_NOOP("EndNotice", "Process aborted by user."),
+        QT_TRANSLATE_NOOP("EndNotice", "Aborted"), "aborted"},
+    {":/Icons/finish.png", QT_TRANSLATE_NOOP("EndNotice", "Process completed."),
+        QT_TRANSLATE_NOOP("EndNotice", "End"), "end"},
+    {"", "", "", ""},
 };
 
 const KindText &textsOf(int kind)

@@ -20,14 +20,18 @@ struct Button {
     const char *slot; ///< null: found by the object's name
 };
 
+#define TO(slot) SLOT(slot) // under its own name the formatter takes it for the end of a row
+
 const Button buttons[] = {
-    {QT_TRANSLATE_NOOP("DialogPreferences", "OK"), "preferencesButtonOk", {20, 250, 120, 23}, SLOT(accept())},
+    {QT_TRANSLATE_NOOP("DialogPreferences", "OK"), "preferencesButtonOk", {20, 250, 120, 23}, TO(accept())},
     {QT_TRANSLATE_NOOP("DialogPreferences", "Cancel"), "preferencesButtonCancel", {150, 250, 120, 23},
-        SLOT(reject())},
+        TO(reject())},
     {QT_TRANSLATE_NOOP("DialogPreferences", "Refresh"), "preferencesButtonRefresh", {280, 250, 120, 23},
         nullptr},
     {QT_TRANSLATE_NOOP("DialogPreferences", "Reset"), "preferencesButtonReset", {280, 280, 120, 23}, nullptr},
 };
+
+#undef TO
 
 QHash<QString, QString> portDescriptions()
 {
