@@ -38,13 +38,11 @@ void DiskSyncer::finish(int descriptor)
     entry.finishing = true;
 }
 
-bool DiskSyncer::takeFailure(int descriptor)
+bool DiskSyncer::isFailing(int descriptor) const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    Entry &entry = entryFor(descriptor);
-    const bool failed = entry.failed;
-    entry.failed = false;
-    return failed;
+    return std::any_of(m_entries.begin(), m_entries.end(),
+        [descriptor](const Entry &entry) { return entry.descriptor == descriptor && entry.failing; });
 }
 
 // A descriptor that is being finished still belongs to the old file, so that no number stands here twice.
@@ -75,14 +73,14 @@ void DiskSyncer::syncRound(std::unique_lock<std::mutex> &lock)
 {
     for (size_t i = 0; i < m_entries.size();) {
         const Entry entry = m_entries[i];
-        m_entries[i].dirty = false;
-        bool synced = true;
         if (entry.dirty) {
+            m_entries[i].dirty = false;
             lock.unlock();
-            synced = syncToDisk(entry.descriptor);
+            const bool synced = syncToDisk(entry.descriptor);
             lock.lock();
+            m_entries[i].failing = !synced;
+            m_entries[i].dirty |= !synced;
         }
-        m_entries[i].failed |= !synced;
         if (!entry.finishing) {
             ++i;
             continue;

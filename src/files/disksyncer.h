@@ -19,22 +19,22 @@ public:
     void mark(int descriptor);
     /// Syncs `descriptor` a last time and closes it; the caller must not use it any more.
     void finish(int descriptor);
-    /// Whether a sync of `descriptor` has failed since the last call.
-    bool takeFailure(int descriptor);
+    /// Whether the newest sync of `descriptor` has failed; it is then tried again within a second.
+    bool isFailing(int descriptor) const;
 
 private:
     struct Entry {
         int descriptor;
         bool dirty;
         bool finishing;
-        bool failed;
+        bool failing;
     };
 
     Entry &entryFor(int descriptor);
     void run();
     void syncRound(std::unique_lock<std::mutex> &lock);
 
-    std::mutex m_mutex;
+    mutable std::mutex m_mutex;
     std::condition_variable m_wake;
     std::vector<Entry> m_entries; // guarded by the mutex
     bool m_stopping = false; // guarded by the mutex

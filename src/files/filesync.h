@@ -21,5 +21,8 @@ bool syncToDisk(int descriptor);
 /// Makes a rename in `folder` last; failures are not told, the rename itself has happened.
 void syncFolder(const QString &folder);
 
+/// Opens `folder` so that syncToDisk() makes a new name in it last. -1 where that is not needed or fails.
+int openFolder(const QString &folder);
+
 /// Opens what is no regular file for writing, without waiting for a reader of a pipe. -1 when that fails.
 int openSpecialFile(const QString &fileName);

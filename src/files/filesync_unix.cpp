@@ -16,9 +16,14 @@ bool syncToDisk(int descriptor)
     return result == 0 || errno == EINVAL || errno == ENOTSUP || errno == EROFS;
 }
 
+int openFolder(const QString &folder)
+{
+    return ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+}
+
 void syncFolder(const QString &folder)
 {
-    const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const int descriptor = openFolder(folder);
     if (descriptor < 0)
         return;
     ::fsync(descriptor);

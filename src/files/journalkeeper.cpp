@@ -1,22 +1,41 @@
 #include "files/journalkeeper.h"
 
+#include "files/journalwriter.h"
 #include "files/recordingjournal.h"
+
+#include <QTimer>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int retryPeriod = 1000; // ms
+
+} // namespace
 
 JournalKeeper::JournalKeeper(const QString &path, QObject *parent)
     : QObject(parent)
     , m_folder(path)
+    , m_retry(new QTimer(this))
 {
+    m_retry->setInterval(retryPeriod);
+    connect(m_retry, SIGNAL(timeout()), this, SLOT(retryStalled()));
 }
 
-JournalKeeper::~JournalKeeper() = default;
+JournalKeeper::~JournalKeeper()
+{
+    m_writers.clear(); // what they have to tell is told to a whole object
+}
 
 std::unique_ptr<RecordingLog> JournalKeeper::create(const QString &portName)
 {
     lookAtSize();
+    forgetDone();
     JournalNotices &notices = *this;
-    auto journal = std::make_unique<RecordingJournal>(m_folder, m_syncer, notices, portName);
-    m_files.insert(portName, journal->fileName());
-    return journal;
+    m_writers.push_back(std::make_unique<JournalWriter>(m_folder, m_syncer, notices, portName));
+    JournalWriter &writer = *m_writers.back();
+    m_files.insert(portName, writer.fileName());
+    return std::make_unique<RecordingJournal>(writer);
 }
 
 void JournalKeeper::tidy(int maxAgeDays)
@@ -36,14 +55,32 @@ void JournalKeeper::lookAtSize()
     emit folderLarge(m_folder.path(), size);
 }
 
+void JournalKeeper::retryStalled()
+{
+    for (size_t i = 0; i < m_writers.size(); ++i) // who is told may start a recording
+        m_writers[i]->retry();
+    forgetDone();
+}
+
+void JournalKeeper::forgetDone()
+{
+    const auto done = std::remove_if(m_writers.begin(), m_writers.end(),
+        [](const std::unique_ptr<JournalWriter> &writer) { return writer->isDone(); });
+    m_writers.erase(done, m_writers.end());
+}
+
 void JournalKeeper::journalStalled(const QString &, const QString &reason)
 {
-    if (++m_stalled == 1)
-        emit stalled(reason);
+    if (++m_stalled > 1)
+        return;
+    m_retry->start();
+    emit stalled(reason);
 }
 
 void JournalKeeper::journalResumed(const QString &)
 {
-    if (--m_stalled == 0)
-        emit resumed();
+    if (--m_stalled > 0)
+        return;
+    m_retry->stop();
+    emit resumed();
 }

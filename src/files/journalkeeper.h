@@ -8,11 +8,15 @@
 #include <QObject>
 
 #include <memory>
+#include <vector>
 
+class JournalWriter;
+class QTimer;
 class RecordingLog;
 
-/// Keeps a journal of every live recording: makes their files, tidies the folder, and tells at once what several of
-/// them have to tell. Outlives the logs that it gives out.
+/// Keeps a journal of every live recording: makes their files, tidies the folder, tells at once what several of them
+/// have to tell, and tries once a second what a full disk has refused, be the recording over or not. Outlives the logs
+/// that it gives out.
 class JournalKeeper : public QObject, private JournalNotices {
     Q_OBJECT
 
@@ -39,14 +43,21 @@ signals:
     /// The journals take more than largeFolder. Said once.
     void folderLarge(const QString &path, qint64 bytes);
 
+private slots:
+    void retryStalled();
+
 private:
     void journalStalled(const QString &fileName, const QString &reason) override;
     void journalResumed(const QString &fileName) override;
     void lookAtSize();
+    void forgetDone();
 
     JournalFolder m_folder;
     DiskSyncer m_syncer;
     QMap<QString, QString> m_files; // by port
+    std::vector<std::unique_ptr<JournalWriter>>
+        m_writers; // of recordings, and of ended ones while lines wait
+    QTimer *m_retry; // child; runs while a journal waits for the disk
     int m_stalled = 0; // journals that wait for the disk
     bool m_largeTold = false;
 };

@@ -1,28 +1,17 @@
 #include "files/recordingjournal.h"
 
-#include "files/disksyncer.h"
-#include "files/filesync.h"
-#include "files/journalfile.h"
-#include "files/journalfolder.h"
-#include "files/journalnotices.h"
+#include "files/journalwriter.h"
 #include "files/linetrimming.h"
 
 #include "data/recordline.h"
 #include "data/saturated.h"
 #include "data/varnel3data.h"
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QFile>
-
 #include <algorithm>
 
 namespace {
 
 constexpr int leastRecords = 2;
-constexpr int mostAttempts = 100; // at a free name
-constexpr int retryPeriod = 1000; // ms
-constexpr int mostWaiting = 64 * 1024 * 1024; // bytes; the hours that a full disk may stay full
 constexpr int longestLine = 4096; // beyond it no device's
 constexpr int balancerStep = 5; // s
 
@@ -56,42 +45,32 @@ bool standsAlone(const QByteArray &line, const Varnel3Data &record)
 
 } // namespace
 
-RecordingJournal::RecordingJournal(
-    const JournalFolder &folder, DiskSyncer &syncer, JournalNotices &notices, const QString &portName)
-    : m_folder(folder)
-    , m_syncer(syncer)
-    , m_notices(notices)
-    , m_portName(portName)
-    , m_started(QDateTime::currentDateTime())
+RecordingJournal::RecordingJournal(JournalWriter &writer)
+    : m_writer(writer)
 {
-    create();
 }
 
 RecordingJournal::~RecordingJournal()
 {
-    drain();
-    if (m_stalled)
-        m_notices.journalResumed(m_fileName);
-    if (m_descriptor < 0)
-        return;
-    m_syncer.finish(m_descriptor);
     if (m_records < leastRecords)
-        QFile::remove(m_fileName);
+        m_writer.discard();
+    else
+        m_writer.finish();
 }
 
 void RecordingJournal::addRecord(const QString &line, const Varnel3Data &record)
 {
-    append(recordLine(line, record));
+    m_writer.append(recordLine(line, record));
     ++m_records;
 }
 
 void RecordingJournal::addResistanceLine(const QString &line)
 {
-    append(line.trimmed().toLatin1());
+    m_writer.append(line.trimmed().toLatin1());
 }
 
 // A balancer's line has no time; the graph counts 5 s a record, and so does the file.
-QByteArray RecordingJournal::recordLine(const QString &line, const Varnel3Data &record)
+QByteArray RecordingJournal::recordLine(const QString &line, const Varnel3Data &record) const
 {
     const bool balancer = record.device == Varnel3Data::Tandor;
     const QByteArray asItCame = line.toLatin1();
@@ -102,74 +81,4 @@ QByteArray RecordingJournal::recordLine(const QString &line, const Varnel3Data &
         written.setTime(saturated(qint64(balancerStep) * m_records));
     char bytes[maxRecordLineLength];
     return QByteArray(bytes, int(writeRecordLine(bytes, written) - bytes));
-}
-
-void RecordingJournal::append(const QByteArray &line)
-{
-    if (m_waiting.size() < mostWaiting)
-        m_waiting += line + lineEnd;
-    if (m_stalled && m_lastTry.isValid() && !m_lastTry.hasExpired(retryPeriod))
-        return;
-    drain();
-}
-
-bool RecordingJournal::create()
-{
-    QDir().mkpath(m_folder.path());
-    CreatedFile created;
-    for (; m_attempt <= mostAttempts; ++m_attempt) {
-        m_fileName = m_folder.fileName(m_started, m_portName, m_attempt);
-        created = createJournalFile(m_fileName);
-        if (!created.exists)
-            break;
-    }
-    m_descriptor = created.descriptor;
-    if (m_descriptor < 0)
-        stall(created.reason);
-    else
-        syncFolder(m_folder.path());
-    return m_descriptor >= 0;
-}
-
-void RecordingJournal::drain()
-{
-    m_lastTry.start();
-    if (m_descriptor < 0 && (m_waiting.isEmpty() || !create()))
-        return;
-    if (m_waiting.isEmpty())
-        return;
-    const int written = appendBytes(m_descriptor, m_waiting.constData(), m_waiting.size());
-    const QString failure = written < 0 ? qt_error_string() : QString();
-    takeWritten(std::max(0, written));
-    m_syncer.mark(m_descriptor);
-    tellOutcome(failure);
-}
-
-void RecordingJournal::tellOutcome(const QString &failure)
-{
-    if (!m_waiting.isEmpty() || m_syncer.takeFailure(m_descriptor)) {
-        stall(failure.isEmpty() ? QCoreApplication::translate("RecordingJournal", "the disk is full")
-                                : failure);
-    } else if (m_stalled) {
-        m_stalled = false;
-        m_notices.journalResumed(m_fileName);
-    }
-}
-
-// A line that was taken in part is cut off again: a number without its end would read as another number.
-void RecordingJournal::takeWritten(int bytes)
-{
-    const int whole = bytes > 0 ? m_waiting.lastIndexOf('\n', bytes - 1) + 1 : 0;
-    const bool cut = bytes > whole && cutFile(m_descriptor, m_size + whole);
-    const int taken = cut ? whole : bytes;
-    m_size += taken;
-    m_waiting.remove(0, taken);
-}
-
-void RecordingJournal::stall(const QString &reason)
-{
-    if (m_stalled)
-        return;
-    m_stalled = true;
-    m_notices.journalStalled(m_fileName, reason);
 }

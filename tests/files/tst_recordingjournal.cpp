@@ -1,4 +1,6 @@
 #include "files/datafileloader.h"
+#include "files/disksyncer.h"
+#include "files/journalfile.h"
 #include "files/journalkeeper.h"
 
 #include "link/recordinglog.h"
@@ -9,11 +11,14 @@
 #include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QTemporaryFile>
 #include <QTest>
 
 #include <csignal>
 #include <cstdio>
+#include <fcntl.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 namespace {
 
@@ -92,7 +97,9 @@ private slots:
     void emptyRecordingLeavesNothing();
     void recordingsDoNotMeet();
     void fullDiskIsToldOnceAndCaughtUp();
+    void endedRecordingIsCaughtUp();
     void folderThatCanNotBeMade();
+    void failedSyncIsTriedAgain();
     void survivesKill();
 };
 
@@ -201,15 +208,35 @@ void TestRecordingJournal::fullDiskIsToldOnceAndCaughtUp()
     QCOMPARE(stalled.size(), 1);
     QVERIFY(!stalled.first().first().toString().isEmpty());
     QCOMPARE(resumed.size(), 0);
-    QTest::qSleep(1100); // the next try
-    addLine(*log, chargerLine(sent), &record);
-    QCOMPARE(resumed.size(), 0); // the other one still waits
-    addLine(*other, chargerLine(sent), &record);
-    QCOMPARE(resumed.size(), 1);
+    addLine(*log, chargerLine(sent), &record); // waits for its turn
+    QTRY_COMPARE(resumed.size(), 1);
     const RecordList records = loaded(name);
     QCOMPARE(records.size(), sent + 1);
     for (int i = 0; i < records.size(); ++i)
         QCOMPARE(records[i].time, i);
+}
+
+// Its window may be closed by then, and nothing else holds what the disk has not taken.
+void TestRecordingJournal::endedRecordingIsCaughtUp()
+{
+    QTemporaryDir folder;
+    JournalKeeper keeper(folder.path());
+    QSignalSpy resumed(&keeper, SIGNAL(resumed()));
+    std::unique_ptr<RecordingLog> log = keeper.create(port);
+    const QString name = keeper.currentFile(port);
+    Varnel3Data record;
+    {
+        const FileSizeLimit limit(1000);
+        for (int i = 0; i < 50; ++i)
+            addLine(*log, chargerLine(i), &record);
+        log.reset();
+        QTest::qWait(1500); // a try in vain
+        QVERIFY(isBeingWritten(name));
+    }
+    QCOMPARE(resumed.size(), 0);
+    QTRY_COMPARE(resumed.size(), 1);
+    QCOMPARE(loaded(name).size(), 50);
+    QTRY_VERIFY(!isBeingWritten(name)); // by the thread that closes it
 }
 
 void TestRecordingJournal::folderThatCanNotBeMade()
@@ -229,6 +256,21 @@ void TestRecordingJournal::folderThatCanNotBeMade()
     log.reset(); // the last try
     QCOMPARE(resumed.size(), 1);
     QCOMPARE(loaded(keeper.currentFile(port)).size(), 2);
+}
+
+void TestRecordingJournal::failedSyncIsTriedAgain()
+{
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    constexpr int descriptor = 900; // stands for no file at first
+    DiskSyncer syncer;
+    QVERIFY(!syncer.isFailing(descriptor));
+    syncer.mark(descriptor);
+    QTRY_VERIFY(syncer.isFailing(descriptor));
+    QCOMPARE(::dup2(file.handle(), descriptor), descriptor);
+    QTRY_VERIFY(!syncer.isFailing(descriptor));
+    syncer.finish(descriptor);
+    QTRY_COMPARE(::fcntl(descriptor, F_GETFD), -1);
 }
 
 void TestRecordingJournal::survivesKill()

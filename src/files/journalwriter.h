@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QString>
+
+class DiskSyncer;
+class JournalFolder;
+class JournalNotices;
+
+/// The file of one live recording: each line is handed to the system as it comes. What the disk does not take waits
+/// in memory, in order, until retry() gets it written, be it after the recording's end.
+class JournalWriter {
+public:
+    /// Creates the file. Folder, syncer and notices are not owned and outlive this.
+    JournalWriter(
+        const JournalFolder &folder, DiskSyncer &syncer, JournalNotices &notices, const QString &portName);
+    /// Tries what waits a last time and closes the file.
+    ~JournalWriter();
+    JournalWriter(const JournalWriter &) = delete;
+    JournalWriter &operator=(const JournalWriter &) = delete;
+
+    /// The file with its folder; the one that is tried for while it can't be created.
+    QString fileName() const { return m_fileName; }
+
+    /// Takes a line without its end.
+    void append(const QByteArray &line);
+    /// Tries what the disk has refused again.
+    void retry();
+    /// No more lines come: the file is closed once all of them are written.
+    void finish();
+    /// No more lines come, and what came is not worth a file: it is removed.
+    void discard();
+    /// The file is closed.
+    bool isDone() const { return m_done; }
+
+private:
+    bool create();
+    void drain();
+    void takeWritten(int bytes);
+    void tellOutcome(const QString &failure);
+    void stall(const QString &reason);
+    void close();
+
+    const JournalFolder &m_folder;
+    DiskSyncer &m_syncer;
+    JournalNotices &m_notices;
+    QString m_portName;
+    QDateTime m_started;
+    QString m_fileName;
+    int m_attempt = 1; // at a free name
+    int m_descriptor = -1;
+    qint64 m_size = 0; // of the file, whole lines only
+    QByteArray m_waiting; // whole lines that the disk has not taken
+    bool m_stalled = false;
+    bool m_finished = false;
+    bool m_done = false;
+};
