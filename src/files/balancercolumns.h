@@ -7,7 +7,7 @@
 class BalancerColumns : public ColumnConverter {
 public:
     BalancerColumns()
-        : ColumnConverter(ColumnHeader::balancerModes)
+        : ColumnConverter(ColumnHeader::balancer)
     {
     }
 

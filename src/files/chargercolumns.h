@@ -7,7 +7,7 @@
 class ChargerColumns : public ColumnConverter {
 public:
     ChargerColumns()
-        : ColumnConverter(ColumnHeader::chargerModes)
+        : ColumnConverter(ColumnHeader::charger)
     {
     }
 

@@ -15,7 +15,7 @@ ColumnConverter::Outcome ColumnConverter::convert(QLatin1String line)
 {
     const int index = m_linesSeen++;
     if (index < ColumnHeader::lineCount)
-        return m_header.takeLine(index, line, m_modes) ? Outcome::NoRecord : Outcome::BadHeader;
+        return m_header.takeLine(index, line, m_rules) ? Outcome::NoRecord : Outcome::BadHeader;
     if (index == ColumnHeader::lineCount) {
         const Outcome outcome = takeFourthLine(line);
         if (outcome != Outcome::Record)

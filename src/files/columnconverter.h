@@ -23,8 +23,8 @@ public:
 protected:
     using Field = FieldText<uchar>;
 
-    explicit ColumnConverter(const char *modes)
-        : m_modes(modes)
+    explicit ColumnConverter(const ColumnHeader::Rules &rules)
+        : m_rules(rules)
     {
     }
 
@@ -45,7 +45,7 @@ private:
     Outcome convertDataLine(QLatin1String line);
     bool takeFields(QLatin1String line);
 
-    const char *m_modes; // letters that the header's second line may begin with
+    const ColumnHeader::Rules m_rules;
     ColumnHeader m_header;
     int m_linesSeen = 0;
     int m_dataLines = 0;

@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-bool ColumnHeader::takeLine(int index, QLatin1String line, const char *modes)
+bool ColumnHeader::takeLine(int index, QLatin1String line, const Rules &rules)
 {
     const FieldText<uchar> text{reinterpret_cast<const uchar *>(line.data()), line.size()};
     switch (index) {
@@ -12,8 +12,8 @@ bool ColumnHeader::takeLine(int index, QLatin1String line, const char *modes)
         return text.toInt(&cellTypeCode);
     case 1:
         mode = char(text.at(0));
-        return mode != 0 && std::strchr(modes, mode);
+        return mode != 0 && std::strchr(rules.modes, mode);
     default:
-        return text.toInt(&cellCount);
+        return text.toInt(&cellCount) || !rules.countConverts;
     }
 }

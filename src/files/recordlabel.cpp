@@ -68,13 +68,13 @@ QString labelOfRecord(QLatin1String line)
 
 QString labelOfColumns(LineSource &lines, QLatin1String firstLine, bool balancer)
 {
-    const char *const modes = balancer ? ColumnHeader::balancerModes : ColumnHeader::chargerModes;
+    const ColumnHeader::Rules rules = balancer ? ColumnHeader::balancer : ColumnHeader::charger;
     ColumnHeader header;
     QLatin1String line = firstLine;
     for (int i = 0; i < ColumnHeader::lineCount; ++i) {
         if (i > 0 && lines.next(&line) != LineSource::Found::Line)
             return QString();
-        if (!header.takeLine(i, line, modes))
+        if (!header.takeLine(i, line, rules))
             return QString();
     }
     const QString process

@@ -125,7 +125,8 @@ void TestDataFileLoader::outcomes_data()
     row("balancer, 2000000000 cells")
         << abp << QByteArray("6\nt\n2000000000\n4000 10\n") << badAbp << 8000 << 0 << 4;
     row("balancer, 3000000000 cells")
-        << abp << QByteArray("6\nt\n3000000000\n4000 10\n") << badAbp << 2000 << 0 << 3;
+        << abp << QByteArray("6\nt\n3000000000\n4000 10\n") << badAbp << 8000 << 0 << 4;
+    row("balancer, count no number, no data") << abp << QByteArray("6\nt\nx\n2\n") << none << 1000 << 0 << 0;
     row("balancer, beyond 32 bits") << abp << QByteArray("6\nt\n1\n3000000000 10\n") << badAbp << 8000 << 0
                                     << 4;
     row("balancer, unknown chemistry") << abp << QByteArray("9\nt\n1\n4000 10\n") << none << 1000 << 0 << 0;

@@ -60,6 +60,8 @@ void TestRecordLabel::labels_data()
     QTest::newRow("balancer") << abp << QByteArray("7\ne\n4\n") << " [Tandor 4xLiPh]";
     QTest::newRow("balancer, test") << abp << QByteArray("5\nt\n12\n") << " [Test 12xLiIon]";
     QTest::newRow("balancer, unknown chemistry") << abp << QByteArray("8\nf\n12\n") << " [Fast 12x";
+    QTest::newRow("balancer, count no number") << abp << QByteArray("5\nt\nx\n") << " [Test 0xLiIon]";
+    QTest::newRow("balancer, no count") << abp << QByteArray("5\nt\n") << "";
     QTest::newRow("balancer, record line") << abp << recordLine("#06C05_____0") << "";
     QTest::newRow("empty") << acp << QByteArray() << "";
     QTest::newRow("one long line") << acp << QByteArray(100000, '6') << "";
