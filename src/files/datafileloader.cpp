@@ -130,10 +130,22 @@ void DataFileLoader::takeRecordLine(QLatin1String line)
 {
     if (line.size() < shortestRecordLine || m_lines->wasCut())
         return;
-    if (line.front() == QLatin1Char('#'))
+    if (line.front() == QLatin1Char('#') && !isCutShort(line))
         addRecord(trimmedLine(line), timeFromLine);
     else if (line.front() == QLatin1Char('!') && !m_records.isEmpty())
         m_records.last().parseResistanceLine(line);
+}
+
+// A last line without its end may be what a power cut has left, and the beginning of a number reads as another number.
+// It is whole when it ends in a field and is no shorter than the line of the same device before it.
+bool DataFileLoader::isCutShort(QLatin1String line) const
+{
+    if (m_lines->hasEnd())
+        return false;
+    const QLatin1String text = trimmedLine(line);
+    Varnel3Data record;
+    return text.endsWith(QLatin1Char(','))
+        || (text.size() < m_lineLength && record.parseLine(text) && record.device == m_records.last().device);
 }
 
 void DataFileLoader::takeColumnLine(QLatin1String line)
@@ -168,6 +180,7 @@ void DataFileLoader::addRecord(QLatin1String line, int time)
         m_records.removeLast();
         return;
     }
+    m_lineLength = line.size();
     if (time != timeFromLine)
         record.setTime(time);
     m_balance.add(record);

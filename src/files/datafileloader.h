@@ -56,6 +56,7 @@ private:
     void chooseDialect(QLatin1String firstLine);
     void takeRecordLine(QLatin1String line);
     void takeColumnLine(QLatin1String line);
+    bool isCutShort(QLatin1String line) const;
     void addRecord(QLatin1String line, int time);
     void finish(Status status);
 
@@ -67,6 +68,7 @@ private:
     Status m_status = Status::Reading;
     int m_errorLine = 0;
     QString m_systemError;
+    int m_lineLength = 0; // of the newest record
     RecordList m_records;
     BalanceIntegrator m_balance;
 };

@@ -26,6 +26,7 @@ LineSource::Found LineSource::next(QLatin1String *line)
                 continue;
             }
             giveLine(line, length);
+            m_lineEnded = true;
             m_begin = m_scanned;
             return Found::Line;
         }
@@ -59,7 +60,7 @@ void LineSource::giveLine(QLatin1String *line, int length)
     if (length > 0 && begin[length - 1] == '\r')
         --length;
     *line = QLatin1String(begin, length);
-    m_lineCut = false;
+    m_lineCut = m_lineEnded = false;
     ++m_lineNumber;
 }
 

@@ -24,6 +24,8 @@ public:
     Found next(QLatin1String *line);
     /// The line last found is only the beginning of one that was too long to keep.
     bool wasCut() const { return m_lineCut; }
+    /// The line last found has its end; only the last one of a device may lack it.
+    bool hasEnd() const { return m_lineEnded; }
     /// Number of the line last found, from 1.
     int lineNumber() const { return m_lineNumber; }
     qint64 bytesRead() const { return m_bytesRead; }
@@ -47,6 +49,7 @@ private:
     bool m_atEnd = false;
     bool m_skipping = false; // inside the rest of a line that was cut
     bool m_lineCut = false;
+    bool m_lineEnded = false;
     int m_lineNumber = 0;
     qint64 m_bytesRead = 0;
 };

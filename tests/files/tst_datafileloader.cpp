@@ -79,6 +79,12 @@ void TestDataFileLoader::outcomes_data()
     row("mark and windows ends") << acp << "\xef\xbb\xbf" + line + "\r\n" + line + "\r\n"
                                  << loaded << 1000 << 2 << 0;
     row("ends within a line") << acp << line + '\n' + line + '\n' + line.left(90) << loaded << 1000 << 2 << 0;
+    row("ends before the last balance")
+        << acp << line + '\n' + line + '\n' + line.chopped(1) << loaded << 1000 << 2 << 0;
+    const QByteArray two = "#c0605 00123,25200+02000,025,01234";
+    row("ends within a number") << acp << two + '\n' + two + '\n' + two.chopped(1) << loaded << 1000 << 2
+                                << 0;
+    row("ends with a line of another device") << acp << line + '\n' + two << loaded << 1000 << 2 << 0;
     row("damaged lines between") << acp << line + "\njunk\n#02C\n\n" + line.mid(1) + '\n' + line + '\n'
                                  << loaded << 1000 << 2 << 0;
     row("other dialects between") << acp << line + "\n#c0605 00123,25200+02000,025,01234\n"
