@@ -22,5 +22,6 @@ bool generalToInt(const FieldText<uchar> &text, int *value)
 
 bool generalToInt(const FieldText<ushort> &text, int *value)
 {
-    return convert(QString::fromUtf16(text.data, text.size), value);
+    // Not fromUtf16(), which would take a byte-order mark away and swap what follows.
+    return convert(QString(reinterpret_cast<const QChar *>(text.data), text.size), value);
 }

@@ -151,6 +151,8 @@ void TestLineParsers::refused_data()
         << withField(good, 0, QStringLiteral("#06D x_____0")) << 0 << 1 << 6 << unset;
     QTest::newRow("balancing current")
         << withField(good, 0, QStringLiteral("#06D05______")) << 0 << 1 << 6 << 5;
+    QTest::newRow("byte-order mark") << withField(good, 1, QString(QChar(0xfeff)) + QLatin1Char('1')) << 0
+                                     << 1 << 6 << 5;
     for (int field = 1; field <= 7 + 2 * 6; field = field < 7 ? field + 1 : field + 2) {
         QTest::addRow("empty field %d", field) << withField(good, field, QString()) << 0 << 1 << 6 << 5;
         QTest::addRow("overflow in field %d", field)
