@@ -47,6 +47,7 @@ private slots:
     void init();
     void cleanup();
     void listsPortsByName();
+    void speaksAsTheDevicesDo();
     void keepsEveryLine();
     void repliesGoToTheRemoteControl();
     void endOfProcess();
@@ -131,6 +132,16 @@ void SerialReaderTest::listsPortsByName()
     const PtyPair tenth(folder.path(), QStringLiteral("COM10"));
     const PtyPair other(folder.path(), QStringLiteral("XCOM1"));
     QCOMPARE(SerialReader::availablePorts(), QStringList({"COM10", "COM2", "COM7"}));
+}
+
+// All that a pseudo-terminal keeps of it.
+void SerialReaderTest::speaksAsTheDevicesDo()
+{
+    const termios settings = device->settings();
+    QCOMPARE(cfgetispeed(&settings), speed_t(B19200));
+    QCOMPARE(cfgetospeed(&settings), speed_t(B19200));
+    QCOMPARE(settings.c_cflag & (CSIZE | PARENB | CSTOPB | CRTSCTS), tcflag_t(CS8));
+    QCOMPARE(settings.c_iflag & (IXON | IXOFF | IXANY), tcflag_t(0));
 }
 
 void SerialReaderTest::keepsEveryLine()

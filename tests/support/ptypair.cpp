@@ -56,6 +56,13 @@ QByteArray PtyPair::received()
     }
 }
 
+termios PtyPair::settings() const
+{
+    termios settings = {};
+    tcgetattr(m_slave, &settings);
+    return settings;
+}
+
 void PtyPair::hangUp()
 {
     if (m_master < 0)

@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <termios.h>
+
 /// A serial line: a pseudo-terminal whose device end is linked under a port name ("COM7") in a folder, so that the
 /// program lists and opens it as a port. The object is the far end, where the device sits.
 class PtyPair {
@@ -18,6 +20,8 @@ public:
     void send(const QByteArray &bytes);
     /// What the program has sent since the last call; never waits.
     QByteArray received();
+    /// Speed and the like as the program has set them.
+    termios settings() const;
     /// Unplugs: the far end goes away and the link with it. Not to be used afterwards but for destruction.
     void hangUp();
 
