@@ -105,8 +105,8 @@ void SleepBlock::Private::tryNext()
     const Keeper &keeper = keepers[asked];
     auto *watcher = new QDBusPendingCallWatcher(
         call(keeper, "Inhibit", keeper.arguments(QCoreApplication::applicationName(), reason)), this);
-    connect(watcher,
-        SIGNAL(finished(QDBusPendingCallWatcher *)), this, SLOT(onAnswered(QDBusPendingCallWatcher *)));
+    const char *finished = SIGNAL(finished(QDBusPendingCallWatcher*));
+    connect(watcher, finished, this, SLOT(onAnswered(QDBusPendingCallWatcher*)));
 }
 
 void SleepBlock::Private::onAnswered(QDBusPendingCallWatcher *watcher)

@@ -22,9 +22,9 @@ constexpr QSize buttonSize{15, 40};
 
 CapacityDisplay::CapacityDisplay(QWidget *parent)
     : QWidget(parent, Qt::Window | Qt::WindowStaysOnTopHint)
-    , m_next(createButton(QStringLiteral(":/Icons/control-right.png"), tr("Next"), SLOT(showNext())))
-    , m_prev(createButton(QStringLiteral(":/Icons/control-left.png"), tr("Previous"), SLOT(showPrev())))
 {
+    m_next = createButton(QStringLiteral(":/Icons/control-right.png"), tr("Next"), SLOT(showNext()));
+    m_prev = createButton(QStringLiteral(":/Icons/control-left.png"), tr("Previous"), SLOT(showPrev()));
     setWindowIcon(QIcon(QStringLiteral(":/Icons/wykbar.png")));
     setWindowTitle(tr("Varnel - capacity comparison"));
     setAutoFillBackground(true);

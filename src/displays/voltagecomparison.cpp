@@ -65,7 +65,7 @@ VoltageComparison::VoltageComparison(QWidget *parent)
     restorePlace();
     connect(m_gate, SIGNAL(refresh()), this, SLOT(refresh()));
     connect(m_selectionButton, SIGNAL(clicked()), this, SLOT(cycleSelection()));
-    connect(m_canvas, SIGNAL(cellPressed(int, int, bool)), this, SLOT(onCellPressed(int, int, bool)));
+    connect(m_canvas, SIGNAL(cellPressed(int,int,bool)), this, SLOT(onCellPressed(int,int,bool)));
     connect(m_canvas, SIGNAL(resized()), this, SLOT(updateScrollBar()));
     connect(m_scrollBar, SIGNAL(valueChanged(int)), m_canvas, SLOT(setScroll(int)));
     updateVoltage();

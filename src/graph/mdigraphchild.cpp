@@ -53,9 +53,10 @@ MdiGraphChild::~MdiGraphChild()
 
 void MdiGraphChild::connectHost()
 {
-    connect(this, SIGNAL(updateCapacitySignal(int, char, int, int)), m_host->updateReceiver(),
-        SLOT(updateCapacity(int, char, int, int)));
-    connect(this, SIGNAL(updateVoltageSignal()), m_host->updateReceiver(), SLOT(updateVoltage()));
+    QObject *shell = m_host->updateReceiver();
+    const char *slot = SLOT(updateCapacity(int,char,int,int));
+    connect(this, SIGNAL(updateCapacitySignal(int,char,int,int)), shell, slot);
+    connect(this, SIGNAL(updateVoltageSignal()), shell, SLOT(updateVoltage()));
     connect(&m_repaintTimer, SIGNAL(timeout()), this, SLOT(update()));
 }
 

@@ -15,6 +15,7 @@ constexpr int longestWrite = 500; // ms
 constexpr int mostFailures = 20; // without a byte in between
 constexpr int messageTime = 5000; // ms
 constexpr int shortestRecordLine = 10; // characters; shorter lines are replies to commands
+const char *const portError = SIGNAL(errorOccurred(QSerialPort::SerialPortError));
 
 } // namespace
 
@@ -197,15 +198,13 @@ void SerialReader::configurePort()
 void SerialReader::connectPort()
 {
     connect(&m_port, SIGNAL(readyRead()), this, SLOT(onReadyRead()));
-    connect(&m_port, SIGNAL(errorOccurred(QSerialPort::SerialPortError)), this,
-        SLOT(onErrorOccurred(QSerialPort::SerialPortError)));
+    connect(&m_port, portError, this, SLOT(onErrorOccurred(QSerialPort::SerialPortError)));
 }
 
 void SerialReader::disconnectPort()
 {
     disconnect(&m_port, SIGNAL(readyRead()), this, SLOT(onReadyRead()));
-    disconnect(&m_port, SIGNAL(errorOccurred(QSerialPort::SerialPortError)), this,
-        SLOT(onErrorOccurred(QSerialPort::SerialPortError)));
+    disconnect(&m_port, portError, this, SLOT(onErrorOccurred(QSerialPort::SerialPortError)));
 }
 
 void SerialReader::handleLine(const QString &line)

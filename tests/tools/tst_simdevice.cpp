@@ -27,7 +27,7 @@ public:
         if (m_port < 0)
             return;
         m_notifier = new QSocketNotifier(m_port, QSocketNotifier::Read, this);
-        connect(m_notifier, SIGNAL(activated(QSocketDescriptor, QSocketNotifier::Type)), SLOT(onReadable()));
+        connect(m_notifier, SIGNAL(activated(QSocketDescriptor,QSocketNotifier::Type)), SLOT(onReadable()));
     }
     ~Listener() override { close(m_port); }
 

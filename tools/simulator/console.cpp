@@ -122,7 +122,7 @@ void Console::listen()
 {
     std::signal(SIGTTIN, SIG_IGN); // in the background reading fails instead of stopping the devices
     auto *notifier = new QSocketNotifier(STDIN_FILENO, QSocketNotifier::Read, this);
-    connect(notifier, SIGNAL(activated(QSocketDescriptor, QSocketNotifier::Type)), SLOT(onReadable()));
+    connect(notifier, SIGNAL(activated(QSocketDescriptor,QSocketNotifier::Type)), SLOT(onReadable()));
 }
 
 QString Console::help()

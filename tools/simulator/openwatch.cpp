@@ -23,7 +23,7 @@ OpenWatch::OpenWatch()
     if (m_queue < 0)
         return;
     auto *notifier = new QSocketNotifier(m_queue, QSocketNotifier::Read, this);
-    connect(notifier, SIGNAL(activated(QSocketDescriptor, QSocketNotifier::Type)), SLOT(poll()));
+    connect(notifier, SIGNAL(activated(QSocketDescriptor,QSocketNotifier::Type)), SLOT(poll()));
 }
 
 OpenWatch::~OpenWatch()

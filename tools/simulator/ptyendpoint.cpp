@@ -33,7 +33,7 @@ PtyEndpoint::PtyEndpoint(const QString &folder, const QString &port, QObject *pa
     , m_link(QDir(folder).absoluteFilePath(port))
     , m_watch(OpenWatch::shared())
 {
-    connect(m_watch.get(), SIGNAL(changed(int, int)), SLOT(onOpened(int, int)));
+    connect(m_watch.get(), SIGNAL(changed(int,int)), SLOT(onOpened(int,int)));
 }
 
 PtyEndpoint::~PtyEndpoint()
@@ -52,10 +52,10 @@ bool PtyEndpoint::plug(QString *error)
     }
     m_watchId = m_watch->add(m_slaveName);
     m_readNotifier = new QSocketNotifier(m_master, QSocketNotifier::Read, this);
-    connect(m_readNotifier, SIGNAL(activated(QSocketDescriptor, QSocketNotifier::Type)), SLOT(onReadable()));
+    connect(m_readNotifier, SIGNAL(activated(QSocketDescriptor,QSocketNotifier::Type)), SLOT(onReadable()));
     m_writeNotifier = new QSocketNotifier(m_master, QSocketNotifier::Write, this);
     m_writeNotifier->setEnabled(false);
-    connect(m_writeNotifier, SIGNAL(activated(QSocketDescriptor, QSocketNotifier::Type)), SLOT(onWritable()));
+    connect(m_writeNotifier, SIGNAL(activated(QSocketDescriptor,QSocketNotifier::Type)), SLOT(onWritable()));
     if (makeLink(m_slaveName, error))
         return true;
     unplug();

@@ -51,8 +51,8 @@ SimDevice::SimDevice(
     connect(&m_leaveTimer, SIGNAL(timeout()), SLOT(goAway()));
     connect(&m_returnTimer, SIGNAL(timeout()), SLOT(comeBack()));
     connect(&m_endpoint, SIGNAL(received(QByteArray)), SLOT(onReceived(QByteArray)));
-    connect(&m_endpoint, SIGNAL(handedOver(QByteArray, int)), SLOT(onHandedOver(QByteArray, int)));
-    connect(&m_endpoint, SIGNAL(lost(QByteArray, int)), SLOT(onLost(QByteArray, int)));
+    connect(&m_endpoint, SIGNAL(handedOver(QByteArray,int)), SLOT(onHandedOver(QByteArray,int)));
+    connect(&m_endpoint, SIGNAL(lost(QByteArray,int)), SLOT(onLost(QByteArray,int)));
     connect(&m_endpoint, SIGNAL(listenedChanged(bool)), SLOT(onListenedChanged(bool)));
 }
 

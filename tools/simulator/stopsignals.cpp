@@ -27,7 +27,7 @@ StopSignals::StopSignals(QObject *parent)
     if (pipe2(wakePipe, O_CLOEXEC | O_NONBLOCK) != 0)
         return;
     auto *notifier = new QSocketNotifier(wakePipe[0], QSocketNotifier::Read, this);
-    connect(notifier, SIGNAL(activated(QSocketDescriptor, QSocketNotifier::Type)), SLOT(onReadable()));
+    connect(notifier, SIGNAL(activated(QSocketDescriptor,QSocketNotifier::Type)), SLOT(onReadable()));
     for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
         struct sigaction action = {};
         action.sa_handler = wake;

@@ -30,8 +30,8 @@ BurstLoad::BurstLoad(const QString &folder, qint64 lines)
     , m_toSend(lines)
 {
     connect(&m_endpoint, SIGNAL(listenedChanged(bool)), this, SLOT(onListenedChanged(bool)));
-    connect(&m_endpoint, SIGNAL(handedOver(QByteArray, int)), this, SLOT(onHandedOver(QByteArray, int)));
-    connect(&m_endpoint, SIGNAL(lost(QByteArray, int)), this, SLOT(onLost(QByteArray, int)));
+    connect(&m_endpoint, SIGNAL(handedOver(QByteArray,int)), this, SLOT(onHandedOver(QByteArray,int)));
+    connect(&m_endpoint, SIGNAL(lost(QByteArray,int)), this, SLOT(onLost(QByteArray,int)));
 }
 
 bool BurstLoad::begin(QString *error)

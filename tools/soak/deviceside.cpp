@@ -25,7 +25,7 @@ DeviceSide::DeviceSide(Load *load)
     : m_load(load)
 {
     auto *notifier = new QSocketNotifier(STDIN_FILENO, QSocketNotifier::Read, this);
-    connect(notifier, SIGNAL(activated(QSocketDescriptor, QSocketNotifier::Type)), this, SLOT(onReadable()));
+    connect(notifier, SIGNAL(activated(QSocketDescriptor,QSocketNotifier::Type)), this, SLOT(onReadable()));
 }
 
 bool DeviceSide::begin()
