@@ -127,7 +127,7 @@ void MainWindow::createMenus()
 
 void MainWindow::createToolBars()
 {
-    ShellMenus::createMainToolBar(this, *actions);
+    mainToolBar = ShellMenus::createMainToolBar(this, *actions);
     addToolBar(dataToolBar);
 }
 
@@ -194,6 +194,12 @@ void MainWindow::closeEvent(QCloseEvent *event)
     mdiArea->closeAllSubWindows();
     ports->closeAll();
     event->accept();
+}
+
+void MainWindow::resizeEvent(QResizeEvent *event)
+{
+    QMainWindow::resizeEvent(event);
+    ShellMenus::fitToolBars(this, mainToolBar, dataToolBar);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)

@@ -89,6 +89,7 @@ public slots:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
@@ -139,6 +140,7 @@ private:
     QMenu *toolsMenu;
     QMenu *helpMenu;
     std::unique_ptr<QMenu> backgroundMenu; ///< in the window menu, made anew with it
+    QToolBar *mainToolBar;
     DataToolBar *dataToolBar;
     QMutex dataMutex; ///< held while the newest record is shown, and while the end notice is taken away
 

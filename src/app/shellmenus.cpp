@@ -69,4 +69,16 @@ QToolBar *createMainToolBar(QMainWindow *mainWindow, const ActionSet &actions)
     return bar;
 }
 
+void fitToolBars(QMainWindow *mainWindow, QToolBar *first, QToolBar *second)
+{
+    const bool sideBySide
+        = !first->isHidden() && mainWindow->toolBarArea(first) == mainWindow->toolBarArea(second);
+    const int width = (sideBySide ? first->sizeHint().width() : 0) + second->sizeHint().width();
+    const bool broken = mainWindow->toolBarBreak(second);
+    if (mainWindow->width() < width && !broken)
+        mainWindow->insertToolBarBreak(second);
+    else if (mainWindow->width() >= width && broken)
+        mainWindow->removeToolBarBreak(second);
+}
+
 } // namespace ShellMenus

@@ -40,5 +40,7 @@ extern const QVector<MenuEntry> help;
 void fill(QMenu *menu, const QVector<MenuEntry> &entries, const ActionSet &actions);
 /// The bar of commands and view switches, added to the top of `window`.
 QToolBar *createMainToolBar(QMainWindow *window, const ActionSet &actions);
+/// Gives `second` a line of its own where `window` is too narrow for it beside `first`, and takes it back.
+void fitToolBars(QMainWindow *window, QToolBar *first, QToolBar *second);
 
 } // namespace ShellMenus

@@ -15,6 +15,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QLabel>
 #include <QPainter>
 #include <QTest>
 #include <QTimer>
@@ -28,6 +29,7 @@ private slots:
     void initTestCase();
     void noWarnings();
     void layoutComesBack();
+    void figuresStayInSight();
     void closingEndsTheProgram();
     void ownStyleSheet();
     void graphOnPaper();
@@ -85,6 +87,20 @@ void TestWindows::layoutComesBack()
     for (const char *key : {"mainwindow/size", "mainwindow/pos", "datadisplay/pos", "capacitydisplay/size",
              "capacitydisplay/pos", "powerdisplay/size", "powerdisplay/pos"})
         QVERIFY2(settings.contains(QLatin1String(key)), key);
+}
+
+/// The last figure of the tool bar is seen at any width that the program is used at.
+void TestWindows::figuresStayInSight()
+{
+    MainWindow window;
+    window.show();
+    for (int width : {800, 1400, 1024, 640}) {
+        window.resize(width, 600);
+        const auto *last = window.findChild<QToolBar *>(QStringLiteral("dataToolBar"))
+                               ->findChild<QLabel *>(QStringLiteral("timeLabel"));
+        QTRY_VERIFY2(last->isVisible(), qPrintable(QString::number(width)));
+        QVERIFY(last->mapTo(&window, last->rect().topRight()).x() < width);
+    }
 }
 
 void TestWindows::closingEndsTheProgram()
