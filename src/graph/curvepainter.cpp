@@ -1,9 +1,12 @@
 #include "graph/curvepainter.h"
 
 #include "graph/curvedata.h"
+#include "graph/curveoutline.h"
 #include "graph/varnelplotcurve.h"
 
 #include <QPainter>
+
+#include <qwt_painter.h>
 
 #include <algorithm>
 
@@ -55,12 +58,20 @@ void CurvePainter::draw(QPainter *painter, const Job &job)
         drawLines(painter, job);
     } else {
         updateColumns(job);
-        if (m_columns.sampleCount() > samplesForSpans * job.area.width())
+        if (m_columns.sampleCount() <= samplesForSpans * job.area.width())
+            drawLines(painter, job);
+        else if (QwtPainter::roundingAlignment(painter))
             drawSpans(painter, job);
         else
-            drawLines(painter, job);
+            QwtPainter::drawPolyline(painter, curveOutline(sourceOf(job), job.store->size(), job.area));
     }
     painter->restore();
+}
+
+CurveSpans::Source CurvePainter::sourceOf(const Job &job) const
+{
+    return {job.store->series(SeriesStore::Time).begin(), job.store->series(job.series).begin(), job.first,
+        m_columns, job.timeMap, job.valueMap};
 }
 
 void CurvePainter::drawSpans(QPainter *painter, const Job &job)

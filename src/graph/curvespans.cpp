@@ -1,5 +1,6 @@
 #include "graph/curvespans.h"
 
+#include "graph/extremes.h"
 #include "graph/timecolumns.h"
 #include "graph/vectorstate.h"
 
@@ -11,34 +12,6 @@
 
 namespace {
 
-struct Extremes {
-    double lowest, highest;
-};
-
-// Four chains that don't wait for each other, in variables of their own so that they stay in registers.
-Extremes extremesOf(const double *values, int begin, int end)
-{
-    const auto take = [](Extremes &found, double value) {
-        found.lowest = std::min(found.lowest, value);
-        found.highest = std::max(found.highest, value);
-    };
-    Extremes a = {values[begin], values[begin]};
-    Extremes b = a;
-    Extremes c = a;
-    Extremes d = a;
-    int i = begin;
-    for (; i + 4 <= end; i += 4) {
-        take(a, values[i]);
-        take(b, values[i + 1]);
-        take(c, values[i + 2]);
-        take(d, values[i + 3]);
-    }
-    for (; i < end; ++i)
-        take(a, values[i]);
-    return {std::min({a.lowest, b.lowest, c.lowest, d.lowest}),
-        std::max({a.highest, b.highest, c.highest, d.highest})};
-}
-
 int pixel(const QwtScaleMap &map, double value)
 {
     constexpr double far = 1e6; // no screen is that large, and sums of such numbers stay integers
@@ -49,9 +22,9 @@ int pixel(const QwtScaleMap &map, double value)
 
 CurveSpans::Column CurveSpans::columnAt(const Source &source, int x, int begin, int end)
 {
-    const Extremes extremes = extremesOf(source.values, begin, end);
-    const int a = pixel(source.valueMap, extremes.lowest);
-    const int b = pixel(source.valueMap, extremes.highest);
+    const Interval extremes = extremesOf(source.values, begin, end);
+    const int a = pixel(source.valueMap, extremes.low);
+    const int b = pixel(source.valueMap, extremes.high);
     return {x, qMin(a, b), qMax(a, b), pixel(source.valueMap, source.values[begin]),
         pixel(source.valueMap, source.values[end - 1])};
 }

@@ -23,8 +23,8 @@ struct ProcessEnd {
 
 constexpr ProcessEnd processEnds[] = {
     {'S', ":/Icons/error.png", QT_TRANSLATE_NOOP("MdiGraphChild", "Error in process !")},
-    {'M', ":/Icons/cancel.png", QT_TRANSLATE_NOOP("MdiGraphChild", "Process aborted by user.")},
-    {'E', ":/Icons/finish.png", QT_TRANSLATE_NOOP("MdiGraphChild", "Process completed.")},
+        {'M', ":/Icons/cancel.png", QT_TRANSLATE_NOOP("MdiGraphChild", "Process aborted by user.")},
+            {'E', ":/Icons/finish.png", QT_TRANSLATE_NOOP("MdiGraphChild", "Process completed.")},
 };
 
 } // namespace
@@ -57,6 +57,7 @@ void MdiGraphChild::connectHost()
     const char *slot = SLOT(updateCapacity(int,char,int,int));
     connect(this, SIGNAL(updateCapacitySignal(int,char,int,int)), shell, slot);
     connect(this, SIGNAL(updateVoltageSignal()), shell, SLOT(updateVoltage()));
+    connect(m_host->viewState(), SIGNAL(changed()), this, SLOT(update()));
     connect(&m_repaintTimer, SIGNAL(timeout()), this, SLOT(update()));
 }
 

@@ -11,8 +11,10 @@ target_sources(varnel_gui PRIVATE
     graph/cellpicker.cpp graph/cellpicker.h
     graph/cursorpainter.cpp graph/cursorpainter.h
     graph/curvedata.cpp graph/curvedata.h
+    graph/curveoutline.cpp graph/curveoutline.h
     graph/curvepainter.cpp graph/curvepainter.h
     graph/curvespans.cpp graph/curvespans.h
+    graph/extremes.cpp graph/extremes.h
     graph/figures.cpp graph/figures.h
     graph/framepainter.cpp graph/framepainter.h
     graph/graphcanvas.cpp graph/graphcanvas.h

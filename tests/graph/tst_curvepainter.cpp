@@ -92,6 +92,19 @@ QImage drawnByLines(const CurvePainter::Job &job)
     return image;
 }
 
+// Painted pixels within one pixel of a place.
+int countNear(const QImage &image, int x, int y)
+{
+    int count = 0;
+    for (int dy = -1; dy <= 1; ++dy) {
+        for (int dx = -1; dx <= 1; ++dx) {
+            if (image.rect().contains(x + dx, y + dy))
+                count += image.pixelColor(x + dx, y + dy) != QColor(Qt::black);
+        }
+    }
+    return count;
+}
+
 int differences(const QImage &a, const QImage &b)
 {
     int count = 0;
@@ -113,6 +126,7 @@ private slots:
     void fewSamplesPaintAsCurve_data();
     void fewSamplesPaintAsCurve();
     void drawsFromAnySampleOn();
+    void finerDevicesGetFinerLines();
     void redrawsWhatHasChanged();
     void loneSampleIsSeen();
     void backwardTimesStayInside();
@@ -196,6 +210,34 @@ void TestCurvePainter::drawsFromAnySampleOn()
     const QImage image = drawn(&curves, job);
     QCOMPARE(differences(image, drawnByLines(job)), 0);
     QCOMPARE(image.copy(0, 0, 185, 200), canvas().copy(0, 0, 185, 200));
+}
+
+void TestCurvePainter::finerDevicesGetFinerLines()
+{
+    SeriesStore store;
+    fill(&store, 20000, QStringLiteral("sine"));
+    const CurvePainter::Job job = jobFor(store, 0, 20000, 8, 16);
+    constexpr int scale = 4;
+    QImage fine(canvas().size() * scale, QImage::Format_RGB32);
+    fine.fill(Qt::black);
+    QPainter painter(&fine);
+    painter.scale(scale, scale);
+    CurvePainter().draw(&painter, job);
+    painter.end();
+    const QImage coarse = drawnByLines(job);
+    int finer = 0;
+    for (int y = 0; y < coarse.height(); ++y) {
+        for (int x = 0; x < coarse.width(); ++x) {
+            int inked = 0;
+            for (int part = 0; part < scale * scale; ++part)
+                inked += fine.pixelColor(x * scale + part % scale, y * scale + part / scale)
+                    != QColor(Qt::black);
+            finer += inked > 0 && inked < scale * scale;
+            const bool nearCurve = countNear(coarse, x, y) > 0;
+            QVERIFY2(inked == 0 || nearCurve, qPrintable(QStringLiteral("%1 %2").arg(x).arg(y)));
+        }
+    }
+    QVERIFY(finer > 200); // no blown-up pixels
 }
 
 void TestCurvePainter::redrawsWhatHasChanged()

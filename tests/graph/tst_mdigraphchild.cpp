@@ -40,6 +40,7 @@ private slots:
     void showsHowItsProcessEnded_data();
     void showsHowItsProcessEnded();
     void repaintsSparingly();
+    void switchesRepaint();
     void coveredWindowsCostNothing();
     void notesSilence();
 };
@@ -243,6 +244,19 @@ void TestMdiGraphChild::repaintsSparingly()
     const int before = painted.count;
     QTest::qWait(250); // and nothing goes on by itself
     QCOMPARE(painted.count, before);
+}
+
+void TestMdiGraphChild::switchesRepaint()
+{
+    FakeHost host;
+    MdiGraphChild child(&host);
+    child.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&child));
+    PaintCounter painted(&child);
+    ViewSwitches switches = host.state->switches();
+    switches.energyMode = 2; // nobody else asks for it
+    host.state->setSwitches(switches);
+    QTRY_COMPARE(painted.count, 1);
 }
 
 void TestMdiGraphChild::coveredWindowsCostNothing()
