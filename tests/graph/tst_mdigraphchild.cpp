@@ -8,6 +8,8 @@
 #include <QPointer>
 #include <QtTest>
 
+#include <utility>
+
 namespace {
 
 // Counts the repaints of a widget.
@@ -110,7 +112,7 @@ void TestMdiGraphChild::flagsLostResistance()
         child.addRecord(records[i]);
     }
     QVector<bool> flags;
-    for (const FakeHost::Shown &shown : host.shown)
+    for (const FakeHost::Shown &shown : std::as_const(host.shown))
         flags.append(shown.useKeptRi);
     QCOMPARE(flags, (QVector<bool>{false, false, true, false, false}));
 }
