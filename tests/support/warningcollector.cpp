@@ -7,8 +7,8 @@ QtMessageHandler previous = nullptr;
 
 void collect(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
-    // The offscreen platform's own, of any window with a smallest size.
-    if (text.contains(QLatin1String("propagateSizeHints")))
+    // The offscreen platform's own, of any window with a smallest size or raised to the front.
+    if (text.startsWith(QLatin1String("This plugin does not support")))
         return;
     if (type == QtWarningMsg || type == QtCriticalMsg)
         collected->append(text);
