@@ -117,6 +117,8 @@ void LineFramerTest::clearForgetsAllBytes()
     framer.feed("#1234\n#56");
     QString line;
     QVERIFY(framer.next(&line));
+    QVERIFY(!framer.next(&line));
+    framer.feed("7\n#8");
     framer.clear();
     QVERIFY(!framer.next(&line));
     QCOMPARE(linesOf(&framer, "\n789\n"), QStringList({"", "789"}));

@@ -107,6 +107,7 @@ void RecordingDispatcherTest::sortsLinesIntoRecordings_data()
     row("one process", {at(5), at(6), at(6), at(8)}, {{"5", "6", "6", "8"}});
     row("20 s of silence", {at(5), silence(20), at(26)}, {{"5", "26"}});
     row("21 s of silence", {at(5), silence(21), at(27), at(28)}, {{"5", "end"}, {"27", "28"}});
+    row("lines break a silence", {at(5), silence(15), at(20), silence(15), at(35)}, {{"5", "20", "35"}});
     row("only good lines break a silence", {at(5), silence(15), "#06C05_____1,1,2,3", silence(6), at(27)},
         {{"5", "end"}, {"27"}});
     row("time runs backwards", {at(5), at(4), at(5)}, {{"5", "4", "end"}, {"5"}});
