@@ -27,7 +27,7 @@ FileQueue::FileQueue(QStatusBar *bar, QObject *parent)
     m_progress->setRange(0, progressSteps);
     m_progress->setMaximumWidth(220);
     m_cancel->setObjectName(QStringLiteral("cancelLoading"));
-    for (QWidget *widget : {static_cast<QWidget *>(m_progress), static_cast<QWidget *>(m_cancel)}) {
+    for (QWidget *widget : {static_cast<QWidget *>(m_cancel), static_cast<QWidget *>(m_progress)}) {
         bar->insertPermanentWidget(0, widget);
         widget->hide();
     }
