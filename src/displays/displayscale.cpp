@@ -31,7 +31,8 @@ qreal points(const QFont &font)
 
 qreal fontScale()
 {
-    const qreal usual
+    // Asked once: some platforms search their font configuration for each answer.
+    static const qreal usual
         = qMin(largestUsualPoints, points(QFontDatabase::systemFont(QFontDatabase::GeneralFont)));
     return qMax(1.0, points(QApplication::font()) / usual);
 }
