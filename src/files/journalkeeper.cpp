@@ -3,6 +3,7 @@
 #include "files/journalwriter.h"
 #include "files/recordingjournal.h"
 
+#include <QFile>
 #include <QTimer>
 
 #include <algorithm>
@@ -38,6 +39,11 @@ std::unique_ptr<RecordingLog> JournalKeeper::create(const QString &portName)
     return std::make_unique<RecordingJournal>(writer);
 }
 
+bool JournalKeeper::holdsAll(const QString &fileName) const
+{
+    return !m_incomplete.contains(fileName) && QFile::exists(fileName);
+}
+
 void JournalKeeper::tidy(int maxAgeDays)
 {
     m_folder.removeEmpty();
@@ -69,16 +75,19 @@ void JournalKeeper::forgetDone()
     m_writers.erase(done, m_writers.end());
 }
 
-void JournalKeeper::journalStalled(const QString &, const QString &reason)
+void JournalKeeper::journalStalled(const QString &fileName, const QString &reason)
 {
+    m_incomplete.insert(fileName);
     if (++m_stalled > 1)
         return;
     m_retry->start();
     emit stalled(reason);
 }
 
-void JournalKeeper::journalResumed(const QString &)
+void JournalKeeper::journalResumed(const QString &fileName, bool complete)
 {
+    if (complete)
+        m_incomplete.remove(fileName);
     if (--m_stalled > 0)
         return;
     m_retry->stop();

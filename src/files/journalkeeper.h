@@ -6,6 +6,7 @@
 
 #include <QMap>
 #include <QObject>
+#include <QSet>
 
 #include <memory>
 #include <vector>
@@ -32,6 +33,8 @@ public:
     std::unique_ptr<RecordingLog> create(const QString &portName);
     /// File of the newest recording of `portName` in this run of the program; empty without one.
     QString currentFile(const QString &portName) const { return m_files.value(portName); }
+    /// Whether `fileName`, a journal of this run, is there with all that its recording has received so far.
+    bool holdsAll(const QString &fileName) const;
     const JournalFolder &folder() const { return m_folder; }
     /// Removes journals of fewer than two records, and those last written more than `maxAgeDays` ago (below 1: none).
     void tidy(int maxAgeDays);
@@ -48,7 +51,7 @@ private slots:
 
 private:
     void journalStalled(const QString &fileName, const QString &reason) override;
-    void journalResumed(const QString &fileName) override;
+    void journalResumed(const QString &fileName, bool complete) override;
     void lookAtSize();
     void forgetDone();
 
@@ -58,6 +61,7 @@ private:
     std::vector<std::unique_ptr<JournalWriter>>
         m_writers; // of recordings, and of ended ones while lines wait
     QTimer *m_retry; // child; runs while a journal waits for the disk
+    QSet<QString> m_incomplete; // journals that lack lines, for now or for good
     int m_stalled = 0; // journals that wait for the disk
     bool m_largeTold = false;
 };

@@ -47,6 +47,8 @@ void JournalWriter::append(const QByteArray &line)
 {
     if (m_waiting.size() < mostWaiting)
         m_waiting += line + lineEnd;
+    else
+        m_complete = false;
     if (!m_stalled)
         drain();
 }
@@ -128,10 +130,11 @@ void JournalWriter::tellOutcome(const QString &failure)
     if (!m_waiting.isEmpty()) {
         stall(failure.isEmpty() ? text("the disk is full") : failure);
     } else if (m_syncer.isFailing(m_descriptor)) {
+        m_complete = false; // the system may have dropped what it could not bring to the disk
         stall(text("the disk reports an error"));
     } else if (m_stalled) {
         m_stalled = false;
-        m_notices.journalResumed(m_fileName);
+        m_notices.journalResumed(m_fileName, m_complete);
     }
 }
 
@@ -152,5 +155,5 @@ void JournalWriter::close()
     if (!m_stalled)
         return;
     m_stalled = false;
-    m_notices.journalResumed(m_fileName);
+    m_notices.journalResumed(m_fileName, m_complete && m_waiting.isEmpty());
 }

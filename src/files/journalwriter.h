@@ -53,6 +53,7 @@ private:
     qint64 m_size = 0; // of the file, whole lines only
     QByteArray m_waiting; // whole lines that the disk has not taken
     bool m_stalled = false;
+    bool m_complete = true; // no line was given up and no sync has failed
     bool m_finished = false;
     bool m_done = false;
 };
