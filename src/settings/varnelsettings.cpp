@@ -4,6 +4,8 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 VarnelSettings::VarnelSettings(QObject *parent)
     : QSettings(QSettings::IniFormat, QSettings::UserScope, QCoreApplication::organizationName(),
         QCoreApplication::applicationName(), parent)
@@ -30,6 +32,16 @@ void VarnelSettings::setSendTime(bool on)
 {
     setValue(QStringLiteral("sendTime"), on);
     sync();
+}
+
+bool VarnelSettings::journalEnabled() const
+{
+    return value(QStringLiteral("journal/enabled"), true).toBool();
+}
+
+int VarnelSettings::journalMaxAgeDays() const
+{
+    return std::max(0, value(QStringLiteral("journal/maxAgeDays"), 0).toInt());
 }
 
 QStringList VarnelSettings::listenPorts() const

@@ -19,6 +19,10 @@ public:
     bool sendTime() const;
     /// Stored at once.
     void setSendTime(bool on);
+    /// Whether live recordings are written to the journal's folder as they arrive: journal/enabled, on until set.
+    bool journalEnabled() const;
+    /// Days after which a journal is removed: journal/maxAgeDays; 0, which is never, until set.
+    int journalMaxAgeDays() const;
     /// The chosen ports that are present now, each once, in the order of listPorts(). Takes milliseconds.
     QStringList listenPorts() const;
 };
