@@ -21,6 +21,8 @@ public:
     virtual void showMessageStatusBar(const QString &message, int timeout) = 0;
     /// Owner of the slots updateCapacity(int,char,int,int) and updateVoltage().
     virtual QObject *updateReceiver() = 0;
+    /// Whether `child`, which is asked to close, may; the user may be asked about records that would be lost.
+    virtual bool mayClose(MdiGraphChild *child) = 0;
     /// The window `child` is about to close.
     virtual void graphClosing(MdiGraphChild *child) = 0;
 };

@@ -327,6 +327,10 @@ void MdiGraphChild::leaveEvent(QEvent *event)
 
 void MdiGraphChild::closeEvent(QCloseEvent *event)
 {
+    if (!m_host->mayClose(this)) {
+        event->ignore();
+        return;
+    }
     m_host->graphClosing(this);
     if (m_reader != nullptr)
         m_reader->detachGraphChild(this);

@@ -25,6 +25,7 @@ public:
     void showRecord(const Varnel3Data &record, int windowNumber, bool useKeptRi) override;
     void showMessageStatusBar(const QString &message, int timeout) override;
     QObject *updateReceiver() override { return this; }
+    bool mayClose(MdiGraphChild *) override { return mayCloseAny; }
     void graphClosing(MdiGraphChild *child) override;
 
     ViewState *state = new ViewState(this);
@@ -33,6 +34,7 @@ public:
     QStringList messages;
     QStringList capacities; ///< the arguments of updateCapacity()
     int voltageUpdates = 0;
+    bool mayCloseAny = true;
     QVector<MdiGraphChild *> closed;
 
 public slots:
