@@ -3,21 +3,28 @@
 #include "app/displaywindows.h"
 #include "app/filequeue.h"
 #include "app/graphwindows.h"
+#include "app/recordings.h"
+#include "app/warningbox.h"
 #include "data/recordlist.h"
 #include "files/datafilewriter.h"
+#include "files/journalfolder.h"
 #include "files/varelstyleditemdelegate.h"
 #include "graph/mdigraphchild.h"
 #include "settings/varnelsettings.h"
 
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QHeaderView>
 #include <QListView>
-#include <QMessageBox>
 #include <QTreeView>
 
 namespace {
 
 constexpr int labelsKept = 10000; // a large folder scrolls without reading a file twice
+constexpr QSize recordingsDialogSize(780, 480);
+constexpr int typeColumn = 2; // of a file dialog's details; the same for every recording
+constexpr int dateColumn = 3;
 constexpr int failuresShown = 12; // the rest are under the box's details
 
 QString lastFolderKey()
@@ -37,27 +44,15 @@ void keepLastFolder(const QString &path)
     settings.sync();
 }
 
-void showBox(
-    QWidget *parent, const char *name, const QString &title, const QString &text, const QString &details)
-{
-    auto *box = new QMessageBox(QMessageBox::Warning, title, text, QMessageBox::Ok, parent);
-    box->setObjectName(QLatin1String(name));
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setTextFormat(Qt::PlainText);
-    box->setModal(false);
-    if (!details.isEmpty())
-        box->setDetailedText(details);
-    box->show();
-}
-
 } // namespace
 
-Documents::Documents(
-    QWidget *shellWindow, QStatusBar *bar, GraphWindows *graphWindows, DisplayWindows *displayWindows)
+Documents::Documents(QWidget *shellWindow, QStatusBar *bar, GraphWindows *graphWindows,
+    DisplayWindows *displayWindows, Recordings *liveRecordings)
     : QObject(shellWindow)
     , shell(shellWindow)
     , graphs(graphWindows)
     , displays(displayWindows)
+    , recordings(liveRecordings)
     , queue(new FileQueue(bar, this))
     , labels(labelsKept)
 {
@@ -69,16 +64,28 @@ Documents::Documents(
 
 void Documents::openDialog()
 {
-    labels.clear();
-    displays->hideAll();
-    displaysHidden = true;
-    const QStringList files = askForFiles();
-    if (files.isEmpty()) {
-        onFinished({}, 0);
-        return;
+    QFileDialog dialog(
+        shell, tr("Chose varnel data file names"), lastFolder(), tr("Varnel files (*.acp *.abp)"));
+    const QStringList files = openFrom(dialog);
+    if (!files.isEmpty())
+        keepLastFolder(files.first());
+}
+
+void Documents::openRecordings()
+{
+    const QString folder = recordings->folder().path();
+    QDir().mkpath(folder); // nothing may have been recorded yet
+    QFileDialog dialog(shell, tr("Open recordings"), folder, tr("Recordings (*.acp)"));
+    dialog.setViewMode(QFileDialog::Detail);
+    dialog.resize(recordingsDialogSize);
+    if (auto *tree = dialog.findChild<QTreeView *>(QStringLiteral("treeView"))) {
+        tree->sortByColumn(0, Qt::DescendingOrder); // the names begin with date and time
+        tree->header()->setStretchLastSection(false);
+        tree->header()->setSectionResizeMode(0, QHeaderView::Stretch); // names and labels are long
+        tree->header()->setSectionResizeMode(dateColumn, QHeaderView::ResizeToContents);
+        tree->setColumnHidden(typeColumn, true);
     }
-    open(files);
-    keepLastFolder(files.first());
+    openFrom(dialog);
 }
 
 void Documents::open(const QStringList &files)
@@ -96,10 +103,11 @@ void Documents::cancelOpening()
     queue->cancel();
 }
 
-QStringList Documents::askForFiles()
+QStringList Documents::openFrom(QFileDialog &dialog)
 {
-    QFileDialog dialog(
-        shell, tr("Chose varnel data file names"), lastFolder(), tr("Varnel files (*.acp *.abp)"));
+    labels.clear();
+    displays->hideAll();
+    displaysHidden = true;
     dialog.setFileMode(QFileDialog::ExistingFiles);
     dialog.setOption(QFileDialog::DontUseNativeDialog); // a native one would show no labels
     auto *delegate = new VarelStyledItemDelegate(&labels, &dialog);
@@ -109,13 +117,19 @@ QStringList Documents::askForFiles()
         if (view)
             view->setItemDelegate(delegate);
     }
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
+    const QStringList files = dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
+    if (files.isEmpty())
+        onFinished({}, 0);
+    else
+        open(files);
+    return files;
 }
 
 void Documents::onLoaded(const QString &fileName, RecordList *records)
 {
     auto *child = new MdiGraphChild(graphs, shell);
     child->loadRecords(std::move(*records), fileName);
+    recordings->attachFile(child, fileName);
     graphs->place(child);
 }
 
@@ -136,43 +150,56 @@ void Documents::listFailures(const QStringList &failures, int total)
     const int more = failures.size() - failuresShown;
     if (more > 0)
         text += QLatin1Char('\n') + tr("... and %n more", nullptr, more);
-    showBox(shell, "openFailures", tr("Open file"), text,
+    showWarningBox(shell, "openFailures", tr("Open file"), text,
         more > 0 ? failures.join(QLatin1Char('\n')) : QString());
 }
 
-void Documents::saveDialog(MdiGraphChild *child)
+bool Documents::saveDialog(MdiGraphChild *child)
 {
     const QPointer<MdiGraphChild> guard(child); // its window may be closed while the dialog is open
     const QString name = QFileDialog::getSaveFileName(shell, tr("Choose file name"), lastFolder(),
         QStringLiteral("*.acp"), nullptr, QFileDialog::DontUseNativeDialog);
     if (name.isEmpty() || !guard)
-        return;
-    save(guard, name);
+        return false;
+    const bool saved = save(guard, name);
     keepLastFolder(name);
+    return saved;
 }
 
-void Documents::save(MdiGraphChild *child, const QString &fileName)
+bool Documents::save(MdiGraphChild *child, const QString &fileName)
 {
+    if (recordings->isBeingRecorded(fileName)) {
+        tellFailure(fileName, tr("A recording is being written to this file."));
+        return false;
+    }
     const SaveResult result = saveRecords(fileName, child->store().records());
     if (!result.saved) {
-        emit message(tr("Can not save file %1").arg(fileName), 0);
-        showBox(shell, "saveFailed", tr("Save as"),
-            tr("Can not save file %1").arg(QDir::toNativeSeparators(fileName)) + QLatin1Char('\n')
-                + result.reason,
-            QString());
-        return;
+        tellFailure(fileName, result.reason);
+        return false;
     }
     child->markSaved(fileName);
     emit message(tr("Data saved on disk."), 1000);
     if (result.unreadable > 0)
-        tellUnreadable(result.unreadable, fileName);
+        tellUnreadable(result.unreadable, child, fileName);
+    return true;
 }
 
-void Documents::tellUnreadable(int count, const QString &fileName)
+void Documents::tellFailure(const QString &fileName, const QString &reason)
 {
-    showBox(shell, "unreadableRecords", tr("Save as"),
-        tr("%n record(s) of a mode that the file format has no letter for can't be read back from %1.",
+    emit message(tr("Can not save file %1").arg(fileName), 0);
+    showWarningBox(shell, "saveFailed", tr("Save as"),
+        tr("Can not save file %1").arg(QDir::toNativeSeparators(fileName)) + QLatin1Char('\n') + reason);
+}
+
+void Documents::tellUnreadable(int count, const MdiGraphChild *child, const QString &fileName)
+{
+    QString text
+        = tr("%n record(s) of a mode or chemistry that the file format has no sign for can't be read back "
+             "from %1.",
             nullptr, count)
-            .arg(QDir::toNativeSeparators(fileName)),
-        QString());
+              .arg(QDir::toNativeSeparators(fileName));
+    const QString kept = recordings->fileOf(child);
+    if (!kept.isEmpty() && QFileInfo(kept) != QFileInfo(fileName) && QFileInfo::exists(kept))
+        text += QLatin1Char('\n') + tr("They are kept in %1.").arg(QDir::toNativeSeparators(kept));
+    showWarningBox(shell, "unreadableRecords", tr("Save as"), text);
 }

@@ -7,9 +7,11 @@ class DisplayWindows;
 class FileQueue;
 class GraphWindows;
 class MdiGraphChild;
+class QFileDialog;
 class QStatusBar;
 class QWidget;
 class RecordList;
+class Recordings;
 
 /// Opens data files in graph windows of their own, and saves graph windows as data files.
 class Documents : public QObject {
@@ -18,18 +20,21 @@ class Documents : public QObject {
 public:
     /// `shell` is the parent of dialogs and has the slots renumerateWindows() and showMessageStatusBar(QString,int).
     /// All outlive this.
-    Documents(QWidget *shell, QStatusBar *bar, GraphWindows *graphs, DisplayWindows *displays);
+    Documents(QWidget *shell, QStatusBar *bar, GraphWindows *graphs, DisplayWindows *displays,
+        Recordings *recordings);
 
     /// Asks for files and opens them. The displays, always on top, are out of the way meanwhile.
     void openDialog();
+    /// The same among the journals of live recordings, the newest first.
+    void openRecordings();
     /// Opens `files` in the background; those that fail are listed when the last one has been read.
     void open(const QStringList &files);
     bool isOpening() const;
     /// Gives up what is still being read.
     void cancelOpening();
-    /// Asks for a name and saves the records of `child` there.
-    void saveDialog(MdiGraphChild *child);
-    void save(MdiGraphChild *child, const QString &fileName);
+    /// Asks for a name and saves the records of `child` there. True when they are saved.
+    bool saveDialog(MdiGraphChild *child);
+    bool save(MdiGraphChild *child, const QString &fileName);
 
 signals:
     void message(const QString &text, int timeout);
@@ -39,13 +44,16 @@ private slots:
     void onFinished(const QStringList &failures, int total);
 
 private:
-    QStringList askForFiles();
+    /// Opens what is chosen in `dialog` and returns it.
+    QStringList openFrom(QFileDialog &dialog);
     void listFailures(const QStringList &failures, int total);
-    void tellUnreadable(int count, const QString &fileName);
+    void tellFailure(const QString &fileName, const QString &reason);
+    void tellUnreadable(int count, const MdiGraphChild *child, const QString &fileName);
 
     QWidget *shell;
     GraphWindows *graphs;
     DisplayWindows *displays;
+    Recordings *recordings;
     FileQueue *queue;
     QCache<QString, QString> labels; ///< of files in the open dialog
     bool displaysHidden = false;

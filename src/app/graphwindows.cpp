@@ -1,5 +1,6 @@
 #include "app/graphwindows.h"
 
+#include "app/closeguard.h"
 #include "app/displaywindows.h"
 #include "app/figures.h"
 #include "graph/mdigraphchild.h"
@@ -88,6 +89,11 @@ void GraphWindows::showMessageStatusBar(const QString &text, int timeout)
 QObject *GraphWindows::updateReceiver()
 {
     return m_shell;
+}
+
+bool GraphWindows::mayClose(MdiGraphChild *child)
+{
+    return m_ending || m_guard == nullptr || m_guard->mayClose(child);
 }
 
 void GraphWindows::graphClosing(MdiGraphChild *child)

@@ -5,6 +5,7 @@
 #include <QList>
 #include <QObject>
 
+class CloseGuard;
 class DisplayWindows;
 class Figures;
 class QMdiArea;
@@ -22,6 +23,8 @@ public:
     GraphWindows(
         QWidget *shell, QMdiArea *area, ViewState *state, DisplayWindows *displays, Figures *figures);
 
+    /// Asked about every window that closes, from now until the program ends; outlives the graph windows.
+    void setCloseGuard(CloseGuard *guard) { m_guard = guard; }
     /// A new empty graph window, placed, shown, numbered and current.
     MdiGraphChild *create();
     /// Places a window that was made outside, as create() does.
@@ -35,7 +38,7 @@ public:
     void renumber();
     bool isEmpty() const { return m_children.isEmpty(); }
     void repaintAll() const;
-    /// The program ends: windows that close are no longer renumbered.
+    /// The program ends: windows close without being asked about and are no longer renumbered.
     void setEnding() { m_ending = true; }
 
     ViewState *viewState() const override { return m_state; }
@@ -43,6 +46,7 @@ public:
     void showRecord(const Varnel3Data &record, int windowNumber, bool useKeptRi) override;
     void showMessageStatusBar(const QString &message, int timeout) override;
     QObject *updateReceiver() override;
+    bool mayClose(MdiGraphChild *child) override;
     void graphClosing(MdiGraphChild *child) override;
 
 public slots:
@@ -69,6 +73,7 @@ private:
     ViewState *m_state;
     DisplayWindows *m_displays;
     Figures *m_figures;
+    CloseGuard *m_guard = nullptr;
     QList<MdiGraphChild *> m_children;
     MdiGraphChild *m_current = nullptr; ///< one of m_children
     bool m_ending = false;

@@ -10,8 +10,10 @@
 #include "app/figures.h"
 #include "app/graphprinting.h"
 #include "app/graphwindows.h"
+#include "app/journalnotice.h"
 #include "app/listenedports.h"
 #include "app/packsource.h"
+#include "app/recordings.h"
 #include "app/remotecontrols.h"
 #include "app/shellmenus.h"
 #include "app/shellreaderhost.h"
@@ -20,6 +22,8 @@
 #include "app/soundplayer.h"
 #include "app/stalewatch.h"
 #include "app/statusfacts.h"
+#include "app/toolscommands.h"
+#include "app/unsavedwindows.h"
 #include "app/viewswitchboard.h"
 #include "dialogs/about.h"
 #include "dialogs/dialogpreferences.h"
@@ -95,13 +99,18 @@ void MainWindow::createParts()
     switches = new ViewSwitchboard(actions, state, displays, figures, this);
     graphs = new GraphWindows(this, mdiArea, state, displays, figures);
     facts = new StatusFacts(statusBar());
-    readerHost = new ShellReaderHost(this, graphs, facts);
+    recordings = new Recordings(this);
+    new JournalNotice(recordings->keeper(), facts, this);
+    readerHost = new ShellReaderHost(this, graphs, recordings, facts);
     ports = new ListenedPorts(this, readerHost, facts);
     watcher = new PortWatcher(this);
     staleWatch = new StaleWatch(graphs, displays, facts, this);
     packs = std::make_unique<PackSource>(graphs, staleWatch);
     displays->setVoltageSource(packs.get());
-    documents = new Documents(this, statusBar(), graphs, displays);
+    documents = new Documents(this, statusBar(), graphs, displays, recordings);
+    unsaved = new UnsavedWindows(this, graphs, documents, recordings);
+    graphs->setCloseGuard(unsaved);
+    tools = new ToolsCommands(this, graphs, documents, recordings);
     targets = std::make_unique<ShellTargets>(ports, graphs);
     commands = new DeviceCommands(targets.get(), this);
     sounds = new SoundPlayer(this);
@@ -119,6 +128,8 @@ void MainWindow::createMenus()
     ShellMenus::fill(menuBar()->addMenu(tr("&Print")), ShellMenus::print, *actions);
     toolsMenu = menuBar()->addMenu(tr("&Tools"));
     toolsMenu->setToolTipsVisible(true);
+    tools->fill(toolsMenu);
+    toolsMenu->addSeparator();
     toolsMenu->addAction(remoteControls->action());
     menuBar()->addSeparator();
     helpMenu = menuBar()->addMenu(tr("&Help"));
@@ -188,6 +199,10 @@ void MainWindow::writeSettings() const
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
+    if (!unsaved->mayCloseAll()) {
+        event->ignore();
+        return;
+    }
     writeSettings();
     documents->cancelOpening();
     graphs->setEnding();

@@ -24,12 +24,15 @@ class ListenedPorts;
 class MdiGraphChild;
 class PackSource;
 class PortWatcher;
+class Recordings;
 class RemoteControls;
 class ShellReaderHost;
 class SleepInhibitor;
 class SoundPlayer;
 class StaleWatch;
 class StatusFacts;
+class ToolsCommands;
+class UnsavedWindows;
 class ViewState;
 class ViewSwitchboard;
 
@@ -54,6 +57,7 @@ public:
     void openFiles(const QStringList &files);
     const ActionSet &actionSet() const { return *actions; }
     const ListenedPorts &listenedPorts() const { return *ports; }
+    const Recordings &liveRecordings() const { return *recordings; }
     const StatusFacts &statusFacts() const { return *facts; }
     const ViewState &viewState() const { return *state; }
 
@@ -151,12 +155,15 @@ private:
     ViewSwitchboard *switches;
     GraphWindows *graphs;
     StatusFacts *facts;
+    Recordings *recordings;
     ShellReaderHost *readerHost;
     ListenedPorts *ports;
     PortWatcher *watcher;
     StaleWatch *staleWatch;
     std::unique_ptr<PackSource> packs;
     Documents *documents;
+    UnsavedWindows *unsaved;
+    ToolsCommands *tools;
     std::unique_ptr<DeviceTargets> targets;
     DeviceCommands *commands;
     SoundPlayer *sounds;

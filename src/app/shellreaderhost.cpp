@@ -2,16 +2,19 @@
 
 #include "app/devicecommands.h"
 #include "app/graphwindows.h"
+#include "app/recordings.h"
 #include "app/statusfacts.h"
 #include "graph/mdigraphchild.h"
 #include "link/recordinglog.h"
 
 #include <QMessageBox>
 
-ShellReaderHost::ShellReaderHost(QWidget *shellWindow, GraphWindows *graphWindows, StatusFacts *statusFacts)
+ShellReaderHost::ShellReaderHost(
+    QWidget *shellWindow, GraphWindows *graphWindows, Recordings *liveRecordings, StatusFacts *statusFacts)
     : QObject(shellWindow)
     , shell(shellWindow)
     , graphs(graphWindows)
+    , recordings(liveRecordings)
     , facts(statusFacts)
 {
     connect(this, SIGNAL(message(QString,int)), shell, SLOT(showMessageStatusBar(QString,int)));
@@ -19,13 +22,15 @@ ShellReaderHost::ShellReaderHost(QWidget *shellWindow, GraphWindows *graphWindow
 
 RecordingSink *ShellReaderHost::createRecording()
 {
-    return graphs->create();
+    MdiGraphChild *child = graphs->create();
+    recordings->attach(child);
+    return child;
 }
 
 std::unique_ptr<RecordingLog> ShellReaderHost::createRecordingLog(const QString &portName)
 {
     facts->clear(StatusFacts::Unwatched, portName);
-    return nullptr;
+    return recordings->begin(portName);
 }
 
 QString ShellReaderHost::currentTimeText() const

@@ -8,6 +8,7 @@
 class GraphWindows;
 class QMessageBox;
 class QWidget;
+class Recordings;
 class StatusFacts;
 
 /// Answers what the serial readers ask of the shell: graph windows, clocks, and what the user is told about ports.
@@ -17,7 +18,7 @@ class ShellReaderHost : public QObject, public ReaderHost {
 public:
     /// `shell` has the slots endProcess(int), endProcessMessage() and showMessageStatusBar(QString,int) and is the
     /// parent of message boxes. All outlive this.
-    ShellReaderHost(QWidget *shell, GraphWindows *graphs, StatusFacts *facts);
+    ShellReaderHost(QWidget *shell, GraphWindows *graphs, Recordings *recordings, StatusFacts *facts);
 
     RecordingSink *createRecording() override;
     std::unique_ptr<RecordingLog> createRecordingLog(const QString &portName) override;
@@ -41,6 +42,7 @@ signals:
 private:
     QWidget *shell;
     GraphWindows *graphs;
+    Recordings *recordings;
     StatusFacts *facts;
     QMap<QString, QPointer<QMessageBox>> boxes; ///< one a failing port
     QMap<QString, bool> m_startTimeSent;

@@ -1,6 +1,7 @@
 target_sources(varnel_gui PRIVATE
     app/actionset.cpp app/actionset.h
     app/batch.cpp app/batch.h
+    app/closeguard.h
     app/commandline.cpp app/commandline.h
     app/datatoolbar.cpp app/datatoolbar.h
     app/deskarea.cpp app/deskarea.h
@@ -8,22 +9,28 @@ target_sources(varnel_gui PRIVATE
     app/documents.cpp app/documents.h
     app/figures.cpp app/figures.h
     app/filequeue.cpp app/filequeue.h
+    app/graphexports.cpp app/graphexports.h
     app/graphfile.cpp app/graphfile.h
     app/graphprinting.cpp app/graphprinting.h
     app/graphwindows.cpp app/graphwindows.h
     app/inputgate.cpp app/inputgate.h
+    app/journalnotice.cpp app/journalnotice.h
     app/listenedports.cpp app/listenedports.h
     app/mainwindow.cpp app/mainwindow.h
     app/packsource.cpp app/packsource.h
     app/portquestions.cpp app/portquestions.h
     app/portretries.cpp app/portretries.h
+    app/recordings.cpp app/recordings.h
     app/shellmenus.cpp app/shellmenus.h
     app/shellreaderhost.cpp app/shellreaderhost.h
     app/singleinstance.cpp app/singleinstance.h
     app/stalewatch.cpp app/stalewatch.h
     app/statusfacts.cpp app/statusfacts.h
     app/stylesheet.cpp app/stylesheet.h
+    app/toolscommands.cpp app/toolscommands.h
+    app/unsavedwindows.cpp app/unsavedwindows.h
     app/viewswitchboard.cpp app/viewswitchboard.h
+    app/warningbox.cpp app/warningbox.h
 )
 
 # What the devices' processes and the user's commands bring about

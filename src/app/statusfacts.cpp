@@ -26,6 +26,9 @@ const KindText texts[StatusFacts::KindCount] = {
     {QT_TRANSLATE_NOOP("StatusFacts", "Window closed: %1"),
         QT_TRANSLATE_NOOP(
             "StatusFacts", "The graph window was closed. A window opens again with the next process.")},
+    {QT_TRANSLATE_NOOP("StatusFacts", "Not on disk: %1"),
+        QT_TRANSLATE_NOOP("StatusFacts",
+            "The journal's disk takes no more. Lines wait in memory and are written as soon as it does.")},
 };
 
 QString translated(const char *text)

@@ -6,12 +6,12 @@
 class QLabel;
 class QStatusBar;
 
-/// Standing facts about ports, each kind a permanent label of the status bar that passing messages do not wipe.
+/// Standing facts about ports and recordings, each kind a permanent label of the status bar that passing messages do not wipe.
 class StatusFacts : public QObject {
     Q_OBJECT
 
 public:
-    enum Kind { Lost, Failing, Paused, Silent, Unwatched, KindCount };
+    enum Kind { Lost, Failing, Paused, Silent, Unwatched, NotWritten, KindCount };
 
     /// `bar` outlives this.
     explicit StatusFacts(QStatusBar *bar);

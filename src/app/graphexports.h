@@ -1,0 +1,37 @@
+#pragma once
+
+#include "files/wholefile.h"
+
+#include <QObject>
+
+class MdiGraphChild;
+class QFileDialog;
+class QWidget;
+class Recordings;
+
+/// Writes what a graph window holds for other programs: its records as a table, its graph as a picture.
+class GraphExports : public QObject {
+    Q_OBJECT
+
+public:
+    /// `shell` is the parent of dialogs and has the slot showMessageStatusBar(QString,int). All outlive this.
+    GraphExports(QWidget *shell, Recordings *recordings);
+
+    /// Asks for a name and writes the records and derived series of `child`.
+    void csvDialog(MdiGraphChild *child);
+    /// Asks for a name, whose ending says the format, and draws the graph of `child` as its window shows it.
+    void pictureDialog(MdiGraphChild *child);
+    void writeTable(const MdiGraphChild *child, const QString &fileName);
+    void writePicture(const MdiGraphChild *child, const QString &fileName);
+
+signals:
+    void message(const QString &text, int timeout);
+
+private:
+    QString ask(QFileDialog &dialog, const MdiGraphChild *child);
+    void write(const QString &fileName, const FileContent &content);
+    void tellFailure(const QString &fileName, const QString &reason);
+
+    QWidget *m_shell;
+    Recordings *m_recordings;
+};

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QHash>
+#include <QObject>
+#include <QStringList>
+
+#include <memory>
+
+class JournalFolder;
+class JournalKeeper;
+class MdiGraphChild;
+class RecordingLog;
+
+/// Where the records of graph windows are kept: the journals of live recordings, which of them belongs to which
+/// window, and those whose windows were closed. Outlives readers and graph windows.
+class Recordings : public QObject {
+    Q_OBJECT
+
+public:
+    /// Tidies the folder of the journals as the settings ask.
+    explicit Recordings(QObject *parent);
+
+    const JournalKeeper *keeper() const { return m_keeper; }
+    const JournalFolder &folder() const;
+
+    /// A journal for a recording that starts now on `portName`; null while the settings have it switched off.
+    std::unique_ptr<RecordingLog> begin(const QString &portName);
+    /// `child` is the window of the recording that was begun last.
+    void attach(const MdiGraphChild *child);
+    /// `child` shows what stands in `fileName`.
+    void attachFile(const MdiGraphChild *child, const QString &fileName);
+    /// The file that the records of `child` are kept in; empty when there is none.
+    QString fileOf(const MdiGraphChild *child) const;
+    /// Everything that `child` has recorded is in its journal.
+    bool keepsAll(const MdiGraphChild *child) const;
+    /// `fileName` is the journal of a recording that runs: nothing else may write to it.
+    bool isBeingRecorded(const QString &fileName) const;
+
+    /// The window `child` closes; `unsaved`: its journal is worth reopening.
+    void noteClosed(const MdiGraphChild *child, bool unsaved);
+    bool hasClosed() const { return !m_closed.isEmpty(); }
+    /// The journal of the unsaved window closed last whose file is still there, and no longer remembered; empty when
+    /// there is none.
+    QString takeClosed();
+
+signals:
+    /// What hasClosed() says may have changed.
+    void closedChanged();
+
+private slots:
+    void forget(QObject *child);
+
+private:
+    void watch(const MdiGraphChild *child, const QString &fileName);
+
+    JournalKeeper *m_keeper; // child
+    QString m_begun; // file of the recording begun last, until its window is there
+    QHash<const QObject *, QString> m_files; // by window; keys are compared, never followed
+    QStringList m_closed; // newest last
+};
