@@ -66,45 +66,20 @@ const ActionRow rows[] = {
     {ActionId::PrintPlot, TEXT("Active plot"), nullptr, TEXT("Print active plot."), noKey, Window,
         TO(printActivePlot()), Plain},
     {ActionId::Separator, nullptr, nullptr, nullptr, noKey, Nobody, nullptr, Plain},
-    {ActionId::About, TEXT("&About"), nullptr,
-        TEXT("Show the application's "
-             "About box"),
-        noKey, Window, TO(about()), Plain},
-    {ActionId::AboutQt, TEXT("About &Qt"), nullptr,
-        TEXT("Show the Qt "
-             "library's About "
-             "box"),
-        noKey, Application, TO(aboutQt()), Plain},
+    {ActionId::About, TEXT("&About"), nullptr, TEXT("Show the application's About box"), noKey, Window,
+        TO(about()), Plain},
+    {ActionId::AboutQt, TEXT("About &Qt"), nullptr, TEXT("Show the Qt library's About box"), noKey,
+        Application, TO(aboutQt()), Plain},
     {ActionId::SetTime, TEXT("Set time"), "clock-icon.png", TEXT("Set time."), noKey, Window, TO(sendTime()),
         Plain},
-    {ActionId::Data, TEXT(" DATA "), "data.png",
-        "Show/hide "
-        "display",
-        noKey, Window, TO(toolBarData(bool)), Checkable},
-    {ActionId::Graph, TEXT("Graph"), "wyk.png",
-        "Show/hide "
-        "graph",
-        noKey, Window, TO(toolBarGraph(bool)), Checkable},
-    {ActionId::BarGraph,
-        TEXT("Bar "
-             "Grap"
-             "h"),
-        "wykbar."
-        "png",
-        "Show/"
-        "hide "
-        "bar "
-        "graph",
-        noKey, Window, TO(toolBarBarGraph(bool)), Checkable},
-    {ActionId::Temperature, TEXT(" T "), nullptr,
-        "Show"
-        "/hid"
-        "e "
-        "them"
-        "para"
-        "tur"
-        "e",
-        noKey, Window, TO(toolBarTemp(bool)), figureSwitch | Checked},
+    {ActionId::Data, TEXT(" DATA "), "data.png", "Show/hide display", noKey, Window, TO(toolBarData(bool)),
+        Checkable},
+    {ActionId::Graph, TEXT("Graph"), "wyk.png", "Show/hide graph", noKey, Window, TO(toolBarGraph(bool)),
+        Checkable},
+    {ActionId::BarGraph, TEXT("Bar Graph"), "wykbar.png", "Show/hide bar graph", noKey, Window,
+        TO(toolBarBarGraph(bool)), Checkable},
+    {ActionId::Temperature, TEXT(" T "), nullptr, "Show/hide themparature", noKey, Window,
+        TO(toolBarTemp(bool)), figureSwitch | Checked},
     {ActionId::Delta, TEXT("  dV "), nullptr, "Show/hide dV", noKey, Window, TO(toolBarDelta(bool)),
         figureSwitch | Checked},
     {ActionId::Resistance, TEXT(" Rw "), nullptr, "Show/hide cells internal resistance", noKey, Window,

@@ -23,8 +23,8 @@ struct ProcessEnd {
 
 constexpr ProcessEnd processEnds[] = {
     {'S', ":/Icons/error.png", QT_TRANSLATE_NOOP("MdiGraphChild", "Error in process !")},
-        {'M', ":/Icons/cancel.png", QT_TRANSLATE_NOOP("MdiGraphChild", "Process aborted by user.")},
-            {'E', ":/Icons/finish.png", QT_TRANSLATE_NOOP("MdiGraphChild", "Process completed.")},
+    {'M', ":/Icons/cancel.png", QT_TRANSLATE_NOOP("MdiGraphChild", "Process aborted by user.")},
+    {'E', ":/Icons/finish.png", QT_TRANSLATE_NOOP("MdiGraphChild", "Process completed.")},
 };
 
 } // namespace
