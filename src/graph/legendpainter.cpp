@@ -6,6 +6,8 @@
 #include <QFontMetrics>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int markWidth = 9; // px, the stroke in a curve's colour before its name
@@ -14,7 +16,22 @@ constexpr int lineHeight = 13;
 constexpr int entryGap = 4;
 constexpr int textGap = 2;
 constexpr int numberWidth = 14;
+constexpr int smallestFont = 8; // px
 constexpr int numberAlignment = Qt::AlignRight | Qt::AlignVCenter;
+
+// Cells are numbered; maximum, average, minimum and delta have names.
+bool isNumbered(const GraphScene::Entry &entry)
+{
+    return entry.name.size() <= 2;
+}
+
+bool fits(const GraphScene::Entry &entry, const QRect &row, const QFont &font)
+{
+    const QFontMetrics metrics(font);
+    const int name = isNumbered(entry) ? markWidth + numberWidth
+                                       : markHeight + textGap + metrics.horizontalAdvance(entry.name);
+    return name + 2 * textGap + metrics.horizontalAdvance(entry.value) + textGap <= row.width();
+}
 
 } // namespace
 
@@ -40,13 +57,17 @@ void LegendPainter::paintCells(const GraphScene &scene)
 {
     const CellLegend legend(c.layout, scene.upperLegend.size());
     QFont font = GraphCanvas::font(8);
-    font.setPixelSize(qMin(font.pixelSize(), qMax(8, legend.heading(0).height() - 1)));
+    font.setPixelSize(qMin(font.pixelSize(), qMax(smallestFont, legend.heading(0).height() - 1)));
     p->setFont(font);
     p->setPen(c.colours.heading());
     const QString headings[] = {QCoreApplication::translate("MdiGraphChild", "   Cels:"),
         scene.cellHeading + QLatin1Char(' ') + scene.cellUnit};
     for (int line = 0; line < 2; ++line)
         p->drawText(legend.heading(line), Qt::AlignLeft | Qt::AlignVCenter, headings[line]);
+    const auto fit = [&](const GraphScene::Entry &entry) { return fits(entry, legend.row(0), font); };
+    while (font.pixelSize() > smallestFont
+        && !std::all_of(scene.upperLegend.begin(), scene.upperLegend.end(), fit))
+        font.setPixelSize(font.pixelSize() - 1);
     for (int i = 0; i < scene.upperLegend.size(); ++i)
         paintRow(scene.upperLegend[i], legend.row(i), font);
 }
@@ -56,17 +77,19 @@ void LegendPainter::paintRow(const GraphScene::Entry &entry, const QRect &row, Q
     const QColor background = entry.marked ? c.colours.highlight() : c.colours.background();
     if (entry.marked)
         p->fillRect(row, background);
-    const bool isNumber = entry.name.size() <= 2;
-    p->fillRect(row.left() + 1, row.center().y() - 1, isNumber ? markWidth - 2 : markHeight, markHeight,
-        entry.colour);
     font.setBold(entry.marked);
     p->setFont(font);
-    p->setPen(GraphColours::readable(entry.colour, background));
-    if (isNumber)
+    if (isNumbered(entry)) {
+        p->fillRect(row.left() + 1, row.center().y() - 1, markWidth - 2, markHeight, entry.colour);
+        p->setPen(GraphColours::readable(entry.colour, background));
         p->drawText(
             QRect(row.left() + markWidth, row.top(), numberWidth, row.height()), numberAlignment, entry.name);
-    else
-        p->drawText(row.adjusted(markHeight + 2, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, entry.name);
+    } else {
+        p->fillRect(row.left(), row.top() + 1, markHeight, row.height() - 2, entry.colour);
+        p->setPen(c.colours.heading());
+        p->drawText(
+            row.adjusted(markHeight + textGap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, entry.name);
+    }
     p->setPen(c.colours.text());
     p->drawText(row.adjusted(0, 0, -textGap, 0), numberAlignment, entry.value);
 }

@@ -47,6 +47,21 @@ int countOf(const QImage &image, const QRect &rect, const QColor &colour)
     return count;
 }
 
+// How far the pixel that is most like `colour` is from it, all channels together.
+int nearestIn(const QImage &image, const QRect &rect, const QColor &colour)
+{
+    int nearest = 3 * 255;
+    for (int y = rect.top(); y <= rect.bottom(); ++y) {
+        for (int x = rect.left(); x <= rect.right(); ++x) {
+            const QColor pixel = image.pixelColor(x, y);
+            nearest = qMin(nearest,
+                qAbs(pixel.red() - colour.red()) + qAbs(pixel.green() - colour.green())
+                    + qAbs(pixel.blue() - colour.blue()));
+        }
+    }
+    return nearest;
+}
+
 // Pixels that belong to no part that may be painted on. Grid lines may cross the gap between the plots.
 int strayPixels(const QImage &image, const QColor &background, bool gridInGap)
 {
@@ -82,6 +97,8 @@ private slots:
     void chargerColours();
     void rightAxisFollowsDeltaMode();
     void balancerViewShowsCells();
+    void statisticsAreLegible_data();
+    void statisticsAreLegible();
     void cellSelectionHidesAndMarks();
     void emptyPlotsSayWhy();
     void staysInItsPlaces_data();
@@ -230,6 +247,40 @@ void TestGraphPainter::balancerViewShowsCells()
             {colours.cellMax(), colours.cellAverage(), colours.cellMin(), colours.cellDelta()})
             QVERIFY(countOf(image, upper, colour) > 100);
         QCOMPARE(countOf(image, upper, colours.cell(4)), 0);
+    }
+}
+
+void TestGraphPainter::statisticsAreLegible_data()
+{
+    chargerColours_data();
+}
+
+/// Names in the legend's colour after a mark in the curve's, and apart from their values.
+void TestGraphPainter::statisticsAreLegible()
+{
+    QFETCH(bool, black);
+    SeriesStore store;
+    append(&store, recordings::lipoCharge(400));
+    GraphPicture picture = pictureOf(store, black);
+    picture.switches.balancer = picture.switches.average = true;
+    const QImage image = drawn(picture);
+    const GraphColours colours(black);
+    const CellLegend legend(GraphLayout(picture.size, store.size()), 4);
+    const QColor marks[] = {colours.cellMax(), colours.cellAverage(), colours.cellMin(), colours.cellDelta()};
+    for (int i = 0; i < 4; ++i) {
+        const QRect row = legend.row(i);
+        QVERIFY(countOf(image, row, marks[i]) >= 3 * (row.height() - 2));
+        const QRect name(row.left() + 4, row.top(), 14, row.height());
+        QVERIFY(nearestIn(image, name, colours.heading()) < 100); // thin letters are blended
+        if (marks[i] != colours.cellMin()) // too much like the legend's own colour
+            QVERIFY(nearestIn(image, name, marks[i]) > 100);
+        int widestGap = 0;
+        for (int x = row.left() + 4, gap = 0; x < row.right() - 4; ++x) {
+            const QRect column(x, row.top(), 1, row.height());
+            gap = countOf(image, column, colours.background()) == column.height() ? gap + 1 : 0;
+            widestGap = qMax(widestGap, gap);
+        }
+        QVERIFY2(widestGap >= 4, qPrintable(QString::number(i)));
     }
 }
 
