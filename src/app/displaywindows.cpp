@@ -18,12 +18,12 @@ constexpr QPoint firstDataPlace(6, 8);
 constexpr QPoint firstCapacityPlace(2, 316);
 constexpr QPoint firstPowerPlace(2, 670);
 
+// Only the minimised state goes: a maximised display stays so.
 void setShown(QWidget *display, bool shown)
 {
     if (shown)
-        display->showNormal();
-    else
-        display->hide();
+        display->setWindowState(display->windowState() & ~Qt::WindowMinimized);
+    display->setVisible(shown);
 }
 
 /// `place`, or where the title can be reached if the screen it was kept for is gone or too small.
@@ -90,7 +90,7 @@ void DisplayWindows::showVoltage(bool shown)
         return;
     m_voltage = createVoltage();
     connect(m_voltage, SIGNAL(closed()), this, SIGNAL(voltageClosed()));
-    m_voltage->showNormal();
+    setShown(m_voltage, true);
 }
 
 VoltageComparison *DisplayWindows::createVoltage()
@@ -123,7 +123,7 @@ void DisplayWindows::showAsSwitched()
     showCapacity(switches.barGraph);
     showPower(switches.power);
     if (m_voltage && switches.graph)
-        m_voltage->showNormal();
+        setShown(m_voltage, true);
 }
 
 void DisplayWindows::updateData(Varnel3Data &record, int windowNumber, bool useKeptRi)

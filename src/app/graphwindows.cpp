@@ -59,11 +59,14 @@ void GraphWindows::renumber()
 {
     m_renumbering = false;
     m_displays->clearCapacities();
+    const int shown = currentNumber();
     int number = 0;
     for (MdiGraphChild *child : qAsConst(m_children)) {
         child->setWindowNumber(++number);
         m_displays->addCapacity(child);
     }
+    if (currentNumber() != shown)
+        m_current->showNewest(); // the displays name the number
 }
 
 void GraphWindows::repaintAll() const

@@ -4,6 +4,8 @@
 #include "app/stylesheet.h"
 #include "dialogs/about.h"
 #include "dialogs/dialogpreferences.h"
+#include "displays/capacitydisplay.h"
+#include "displays/datadisplay.h"
 #include "graph/mdigraphchild.h"
 #include "printing/printjob.h"
 #include "resources/resources.h"
@@ -30,6 +32,8 @@ private slots:
     void noWarnings();
     void layoutComesBack();
     void figuresStayInSight();
+    void displaysKeepTheirState();
+    void displaysNameTheWindow();
     void closingEndsTheProgram();
     void ownStyleSheet();
     void graphOnPaper();
@@ -101,6 +105,42 @@ void TestWindows::figuresStayInSight()
         QTRY_VERIFY2(last->isVisible(), qPrintable(QString::number(width)));
         QVERIFY(last->mapTo(&window, last->rect().topRight()).x() < width);
     }
+}
+
+void TestWindows::displaysKeepTheirState()
+{
+    MainWindow window;
+    window.show();
+    window.createMdiChild();
+    QAction *bars = window.actionSet()[ActionId::BarGraph];
+    bars->trigger();
+    auto *display = window.findChild<CapacityDisplay *>();
+    display->showMaximized();
+    bars->trigger();
+    QVERIFY(!display->isVisible());
+    bars->trigger();
+    QVERIFY(display->isVisible() && display->isMaximized());
+    display->showMinimized();
+    bars->trigger();
+    bars->trigger();
+    QVERIFY(!display->isMinimized());
+}
+
+/// Closing a window renumbers the others; the figures of the current one follow, even if no further record comes.
+void TestWindows::displaysNameTheWindow()
+{
+    MainWindow window;
+    window.show();
+    Varnel3Data record;
+    QVERIFY(record.parseLine(QString::fromLatin1(Lines::charger(5)).trimmed()));
+    MdiGraphChild *first = window.createMdiChild();
+    window.createMdiChild()->addRecord(record);
+    window.actionSet()[ActionId::Data]->trigger();
+    const auto *number
+        = window.findChild<DataDisplay *>()->findChild<QLabel *>(QStringLiteral("windowNumberLabel"));
+    QTRY_COMPARE(number->text(), QStringLiteral("2"));
+    first->close();
+    QTRY_COMPARE(number->text(), QStringLiteral("1"));
 }
 
 void TestWindows::closingEndsTheProgram()
