@@ -65,7 +65,7 @@ DialogPreferences::DialogPreferences(QWidget *parent)
 
 void DialogPreferences::createPortList()
 {
-    auto *area = new QScrollArea(this);
+    area = new QScrollArea(this);
     area->setGeometry(20, 10, 381, 191);
     area->setWidgetResizable(true);
     area->setAlignment(Qt::AlignCenter);
@@ -134,6 +134,7 @@ void DialogPreferences::addRow(const QString &portName, const QString &toolTip)
     label->setToolTip(toolTip);
     box->setToolTip(toolTip);
     rows->addRow(label, box);
+    setTabOrder(boxes.isEmpty() ? static_cast<QWidget *>(area) : boxes.last(), box);
     boxes.append(box);
 }
 

@@ -7,6 +7,7 @@ class CheckBoxComPort;
 class QCheckBox;
 class QFormLayout;
 class QLabel;
+class QScrollArea;
 
 /// Which ports to listen on, and whether to set a device's clock when it starts sending. Stores on OK only.
 class DialogPreferences : public QDialog {
@@ -30,7 +31,8 @@ private:
     QStringList checkedPorts() const;
     void checkPorts(const QStringList &names);
 
-    QFormLayout *rows;
+    QScrollArea *area;
+    QFormLayout *rows; ///< in `area`
     QLabel *emptyNote; ///< stands in for the rows where no port is present
     QVector<CheckBoxComPort *> boxes; ///< in row order
     QCheckBox *sendTimeBox;

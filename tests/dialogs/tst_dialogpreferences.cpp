@@ -20,6 +20,7 @@ private slots:
     void refreshKeepsTicks();
     void resetAndCancel();
     void geometry();
+    void tabOrder();
 
 private:
     void plug(const QString &name);
@@ -122,6 +123,27 @@ void TestDialogPreferences::geometry()
     for (const QPushButton *button : dialog.findChildren<QPushButton *>())
         QVERIFY2(button->fontMetrics().horizontalAdvance(button->text()) < button->width(),
             qPrintable(button->text()));
+}
+
+/// The Tab key goes from top to bottom, over rows that came later too.
+void TestDialogPreferences::tabOrder()
+{
+    plug(QStringLiteral("COM3"));
+    DialogPreferences dialog(nullptr);
+    plug(QStringLiteral("COM4"));
+    click(dialog, "Refresh");
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    QStringList order;
+    for (int i = 0; i < 8; ++i) {
+        const QWidget *focus = dialog.focusWidget();
+        const auto *port = qobject_cast<const CheckBoxComPort *>(focus);
+        if (port || qobject_cast<const QAbstractButton *>(focus))
+            order << (port ? port->portName() : qobject_cast<const QAbstractButton *>(focus)->text());
+        QTest::keyClick(&dialog, Qt::Key_Tab);
+    }
+    QVERIFY2(order.join(',').startsWith(QStringLiteral("COM3,COM4,Set varnel3's time while starting,OK")),
+        qPrintable(order.join(',')));
 }
 
 QTEST_MAIN(TestDialogPreferences)
