@@ -131,6 +131,8 @@ void MainWindow::createMenus()
     tools->fill(toolsMenu);
     toolsMenu->addSeparator();
     toolsMenu->addAction(remoteControls->action());
+    toolsMenu->addAction((*actions)[ActionId::StopProcess]);
+    ShellMenus::fill(toolsMenu->addMenu(tr("&View switches")), ShellMenus::view, *actions);
     menuBar()->addSeparator();
     helpMenu = menuBar()->addMenu(tr("&Help"));
     ShellMenus::fill(helpMenu, ShellMenus::help, *actions);
@@ -401,7 +403,10 @@ void MainWindow::about()
 
 void MainWindow::sendTime()
 {
-    commands->setTime();
+    if (ports->readers().isEmpty())
+        tellNoPort();
+    else
+        commands->setTime();
 }
 
 void MainWindow::preferences()
@@ -495,8 +500,15 @@ void MainWindow::recordingOnStart()
 
 void MainWindow::toolBarStop()
 {
-    if (!commands->stopProcess())
+    if (ports->readers().isEmpty())
+        tellNoPort();
+    else if (!commands->stopProcess())
         showMessageStatusBar(tr("Choose the window of the device whose process is to be stopped."), 5000);
+}
+
+void MainWindow::tellNoPort()
+{
+    showMessageStatusBar(tr("No port is listened on: choose one in the preferences."), 5000);
 }
 
 void MainWindow::onDeviceDiscovered(QSerialPortInfo portInfo)

@@ -129,6 +129,7 @@ private slots:
     void refreshHint();
 
 private:
+    void tellNoPort();
     void createParts();
     void createMenus();
     void createToolBars();

@@ -44,6 +44,10 @@ const QVector<MenuEntry> print
 
 const QVector<MenuEntry> help = {ActionId::About};
 
+const QVector<MenuEntry> view = {ActionId::Data, ActionId::Graph, ActionId::BarGraph, gap,
+    ActionId::Temperature, ActionId::Delta, ActionId::Resistance, gap, ActionId::Balancer, ActionId::Average,
+    ActionId::SelectedCells, ActionId::Power, ActionId::Energy};
+
 void fill(QMenu *menu, const QVector<MenuEntry> &entries, const ActionSet &actions)
 {
     for (const MenuEntry &entry : entries) {

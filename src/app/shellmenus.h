@@ -35,6 +35,7 @@ extern const QVector<MenuEntry> background;
 extern const QVector<MenuEntry> window; ///< follows Recording and the background sub-menu
 extern const QVector<MenuEntry> print;
 extern const QVector<MenuEntry> help;
+extern const QVector<MenuEntry> view; ///< the view switches, which the tool bar gives to the mouse only
 
 /// Appends `entries` to `menu`.
 void fill(QMenu *menu, const QVector<MenuEntry> &entries, const ActionSet &actions);

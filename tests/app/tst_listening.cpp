@@ -92,6 +92,11 @@ void TestListening::nothingChosen()
     start({});
     QCOMPARE(message(), QStringLiteral("No port has been selected."));
     QVERIFY(!window->listenedPorts().isListening());
+    for (ActionId id : {ActionId::SetTime, ActionId::StopProcess}) { // a command that can't be sent says so
+        window->statusBar()->clearMessage();
+        trigger(id);
+        QVERIFY2(message().startsWith(QStringLiteral("No port is listened on")), qPrintable(message()));
+    }
 }
 
 void TestListening::onePortPresent()

@@ -6,6 +6,7 @@
 #include "support/shellfixture.h"
 
 #include <QAction>
+#include <QMenu>
 #include <QMenuBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -31,6 +32,7 @@ private slots:
     void menus();
     void mainToolBar();
     void shortcuts();
+    void keyboardReachesAll();
 
 private:
     QAction *action(ActionId id) const { return window->actionSet()[id]; }
@@ -208,6 +210,23 @@ void TestViewSwitches::shortcuts()
             owners.insert(key.toString(), action(ActionId(id))->text());
         }
     }
+}
+
+/// The buttons of a tool bar take no focus, so that a menu must hold what they do.
+void TestViewSwitches::keyboardReachesAll()
+{
+    QList<QAction *> inMenus = window->menuBar()->actions();
+    for (int i = 0; i < inMenus.size(); ++i) {
+        if (const QMenu *menu = inMenus[i]->menu())
+            inMenus += menu->actions();
+    }
+    QStringList unreachable;
+    for (int id = 0; id < int(ActionId::Count); ++id) {
+        QAction *a = action(ActionId(id));
+        if (!inMenus.contains(a))
+            unreachable << a->text();
+    }
+    QCOMPARE(unreachable, QStringList({QStringLiteral("Save sesion"), QStringLiteral("About &Qt")}));
 }
 
 QTEST_MAIN(TestViewSwitches)
