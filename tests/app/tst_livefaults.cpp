@@ -157,8 +157,8 @@ void TestLiveFaults::hangUpInMidLine()
         qPrintable(QStringLiteral("%1 of %2").arg(kept).arg(sent)));
     const int others = recordsOf("COM2");
     QTRY_COMPARE(recordingsOf("COM1").size(), 2); // it is back
-    QTRY_VERIFY(recordingsOf("COM1").last()->store().size() > 20);
-    QCOMPARE(recordingsOf("COM1").first()->store().size(), kept);
+    QTRY_VERIFY(recordingsOf("COM1").constLast()->store().size() > 20);
+    QCOMPARE(recordingsOf("COM1").constFirst()->store().size(), kept);
     QVERIFY(recordsOf("COM2") > others);
     const auto recordings = recordingsOf("COM1");
     for (const MdiGraphChild *recording : recordings) {
@@ -228,7 +228,7 @@ void TestLiveFaults::hangUpWhileClosing_data()
     const auto row = [](const char *name, const Act &act) { QTest::newRow(name) << act; };
     const Act unplug = [](TestLiveFaults *test) { test->device("COM1")->hangUp(0); };
     const Act closeGraph
-        = [](TestLiveFaults *test) { test->recordingsOf("COM1").first()->parentWidget()->close(); };
+        = [](TestLiveFaults *test) { test->recordingsOf("COM1").constFirst()->parentWidget()->close(); };
     const Act closeAll = [](TestLiveFaults *test) { test->window->close(); };
     const Act stop = [](TestLiveFaults *test) { test->window->stopRecording(); };
     const Act remove = [](TestLiveFaults *test) { test->window.reset(); };
