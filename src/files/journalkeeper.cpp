@@ -63,7 +63,8 @@ void JournalKeeper::lookAtSize()
 
 void JournalKeeper::retryStalled()
 {
-    for (size_t i = 0; i < m_writers.size(); ++i) // who is told may start a recording
+    // Who is told may start a recording, which moves the list. NOLINTNEXTLINE(modernize-loop-convert)
+    for (size_t i = 0; i < m_writers.size(); ++i)
         m_writers[i]->retry();
     forgetDone();
 }

@@ -117,8 +117,7 @@ void TestSimulatorParts::faultsSpoilAsNamed()
         const auto hit = injector.pass("#12,34,56\r\n");
         QCOMPARE(int(hit.fault), fault);
         // clazy:exclude=use-static-qregularexpression (another one each row)
-        QVERIFY2(expected.match(QString::fromLatin1(hit.bytes)).hasMatch(),
-            hit.bytes.toHex(' '));
+        QVERIFY2(expected.match(QString::fromLatin1(hit.bytes)).hasMatch(), hit.bytes.toHex(' '));
         injector.pass("\r\n");
         QCOMPARE(int(injector.pass("#12\r\n").fault), int(Fault::None));
     }
