@@ -63,7 +63,7 @@ for_each_source() {
 mark_of() {
     printf '%s/%s.%s.%s' "$marks" "$1" "${2//\//-}" "$(cat "$2" "$marks/state" | cksum | tr ' ' -)"
 }
-{ cat .clang-tidy build/dev/compile_commands.json tools/lint.sh; find src tools tests benchmarks -name '*.h' -exec cat {} +; } |
+{ cat .clang-tidy tests/.clang-tidy build/dev/compile_commands.json tools/lint.sh; find src tools tests benchmarks -name '*.h' -exec cat {} +; } |
     cksum >"$marks/state"
 
 tidy_file() {

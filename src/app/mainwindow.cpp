@@ -50,7 +50,8 @@ constexpr QSize firstSize(1180, 760); // before a size was ever saved
 QStringList droppedFiles(const QMimeData *data)
 {
     QStringList files;
-    for (const QUrl &url : data->urls()) {
+    const QList<QUrl> urls = data->urls();
+    for (const QUrl &url : urls) {
         if (url.isLocalFile())
             files.append(url.toLocalFile());
     }

@@ -7,7 +7,8 @@
 QVector<PackVoltages> PackSource::packs() const
 {
     QVector<PackVoltages> all;
-    for (const MdiGraphChild *child : graphs->all()) {
+    const auto children = graphs->all();
+    for (const MdiGraphChild *child : children) {
         const RecordList &records = child->store().records();
         PackVoltages pack
             = PackVoltages::of(records.isEmpty() ? Varnel3Data() : records.last(), child->windowNumber());
@@ -22,7 +23,8 @@ void PackSource::toggleCell(int windowNumber, int cell)
 {
     if (cell < 0 || cell >= PackVoltages::maxCells)
         return;
-    for (MdiGraphChild *child : graphs->all()) {
+    const auto children = graphs->all();
+    for (MdiGraphChild *child : children) {
         if (child->windowNumber() != windowNumber)
             continue;
         CellSelection cells = child->selectedCells();

@@ -63,8 +63,8 @@ void JournalKeeper::lookAtSize()
 
 void JournalKeeper::retryStalled()
 {
-    // Who is told may start a recording, which moves the list. NOLINTNEXTLINE(modernize-loop-convert)
-    for (size_t i = 0; i < m_writers.size(); ++i)
+    // Who is told may start a recording, which moves the writers.
+    for (size_t i = 0; i < m_writers.size(); ++i) // NOLINT(modernize-loop-convert)
         m_writers[i]->retry();
     forgetDone();
 }
