@@ -104,8 +104,9 @@ QString GraphExports::ask(QFileDialog &dialog, const MdiGraphChild *child)
         [&dialog](const QString &filter) { dialog.setDefaultSuffix(suffixOf(filter)); });
     if (dialog.exec() != QDialog::Accepted)
         return QString();
-    VarnelSettings().setValue(folderKey(), dialog.directory().absolutePath());
-    return dialog.selectedFiles().value(0);
+    const QString name = dialog.selectedFiles().value(0);
+    VarnelSettings().setValue(folderKey(), QFileInfo(name).absolutePath());
+    return name;
 }
 
 void GraphExports::write(const QString &fileName, const FileContent &content)

@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
+#include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -54,6 +55,27 @@ QByteArray PtyPair::received()
             return all;
         all.append(buffer, int(n));
     }
+}
+
+int PtyPair::unread() const
+{
+    int bytes = 0;
+    ioctl(m_slave, FIONREAD, &bytes);
+    return bytes;
+}
+
+QByteArray PtyPair::takeUnread()
+{
+    QByteArray all;
+    char buffer[4096];
+    pollfd ready = {m_slave, POLLIN, 0};
+    while (poll(&ready, 1, 100) > 0) {
+        const auto n = read(m_slave, buffer, sizeof buffer);
+        if (n <= 0)
+            break;
+        all.append(buffer, int(n));
+    }
+    return all;
 }
 
 termios PtyPair::settings() const

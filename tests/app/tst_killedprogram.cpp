@@ -1,0 +1,187 @@
+#include "files/datafileloader.h"
+#include "files/journalfolder.h"
+#include "settings/varnelsettings.h"
+#include "support/lines.h"
+#include "support/ptypair.h"
+#include "support/shellfixture.h"
+
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QTest>
+#include <QThread>
+
+#include <array>
+#include <csignal>
+#include <sys/resource.h>
+
+namespace {
+
+constexpr int lineLength = 160; // as sent, with its line end; the test asks whether it is
+constexpr int longestRun = 600; // ms from the first line to the kill
+constexpr int linesUnderWay
+    = 2 * 4096 / lineLength; // the system hands over some 4 KiB at a time; all are handled then
+constexpr int mostLines = 99999; // their times have five digits
+constexpr rlim_t smallDisk = 100 * 1024; // bytes that a file may have where the disk is said to be full
+
+/// The program, on a disk that may be full.
+class Program : public QProcess {
+public:
+    explicit Program(bool diskFull)
+        : m_diskFull(diskFull)
+    {
+        setProcessChannelMode(QProcess::MergedChannels);
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("QT_LOGGING_RULES"), QStringLiteral("default.debug=true"));
+        setProcessEnvironment(environment);
+    }
+    ~Program() override
+    {
+        kill();
+        waitForFinished();
+    }
+
+    /// True once it has opened `ports` ports.
+    bool listens(int ports)
+    {
+        start(QStringLiteral(VARNELGRAPH_PROGRAM), QStringList());
+        QByteArray said;
+        while (said.count("Port opened succesfull") < ports) {
+            if (!waitForReadyRead(20000))
+                return false;
+            said += readAll();
+        }
+        QTest::qWait(50); // what arrives while a port is opened is thrown away
+        return true;
+    }
+
+protected:
+    void setupChildProcess() override
+    {
+        if (!m_diskFull)
+            return;
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{smallDisk, smallDisk};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    }
+
+private:
+    bool m_diskFull;
+};
+
+} // namespace
+
+/// The program is killed while devices send at full speed: the journals hold what it has read. One kill in each way, or
+/// as many as VARNEL_TEST_KILLS says.
+class TestKilledProgram : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void journalHoldsAll_data();
+    void journalHoldsAll();
+
+private:
+    struct Device {
+        std::unique_ptr<PtyPair> line;
+        int sent = 0; // lines, complete
+    };
+
+    void sendUntilKilled(Program *program, int milliseconds, bool oneByOne);
+    void checkJournal(Device &device, bool diskFull, bool oneByOne);
+    static QString newestJournal(const QString &portName);
+
+    ShellFixture fixture;
+    std::array<Device, 2> devices;
+};
+
+void TestKilledProgram::initTestCase()
+{
+    // The program has an organisation of its own, and takes all folders from the environment.
+    QCoreApplication::setOrganizationName(QStringLiteral("VarnelGraph"));
+    qputenv("XDG_CONFIG_HOME", fixture.path(QStringLiteral("settings")).toLocal8Bit());
+    QCOMPARE(Lines::charger(1).size(), lineLength);
+    VarnelSettings().setPorts({QStringLiteral("COM1"), QStringLiteral("COM2")});
+}
+
+void TestKilledProgram::journalHoldsAll_data()
+{
+    QTest::addColumn<bool>("diskFull");
+    QTest::addColumn<bool>("oneByOne");
+    QTest::newRow("burst") << false << false;
+    QTest::newRow("line by line") << false << true;
+    QTest::newRow("full disk") << true << false;
+}
+
+void TestKilledProgram::journalHoldsAll()
+{
+    QFETCH(bool, diskFull);
+    QFETCH(bool, oneByOne);
+    const int kills = std::max(1, qEnvironmentVariableIntValue("VARNEL_TEST_KILLS"));
+    for (int kill = 0; kill < kills; ++kill) {
+        for (size_t i = 0; i < devices.size(); ++i) {
+            const QString name = QStringLiteral("COM%1").arg(i + 1);
+            devices[i].line.reset(); // takes its name away
+            devices[i] = {std::make_unique<PtyPair>(fixture.portFolder(), name), 0};
+        }
+        Program program(diskFull);
+        QVERIFY(program.listens(int(devices.size())));
+        sendUntilKilled(&program, 100 + QRandomGenerator::global()->bounded(longestRun), oneByOne);
+        for (Device &device : devices) {
+            checkJournal(device, diskFull, oneByOne);
+            if (QTest::currentTestFailed())
+                return;
+        }
+    }
+}
+
+void TestKilledProgram::sendUntilKilled(Program *program, int milliseconds, bool oneByOne)
+{
+    QElapsedTimer clock;
+    clock.start();
+    while ((clock.elapsed() < milliseconds || devices[0].sent < 50) && devices[0].sent < mostLines) {
+        for (Device &device : devices) {
+            device.line->send(Lines::charger(++device.sent));
+            while (oneByOne && device.line->unread() > 0 && clock.elapsed() < 60000)
+                QThread::usleep(20);
+        }
+    }
+    program->kill(); // SIGKILL
+    program->waitForFinished();
+}
+
+void TestKilledProgram::checkJournal(Device &device, bool diskFull, bool oneByOne)
+{
+    const QString fileName = newestJournal(device.line->portName());
+    QFile file(fileName);
+    QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(fileName));
+    const QByteArray journal = file.readAll();
+    const int lines = journal.count('\n');
+    QByteArray expected;
+    for (int i = 1; i <= lines; ++i)
+        expected += Lines::charger(i).chopped(2) + '\n';
+    QVERIFY2(journal == expected, qPrintable(fileName)); // no line is missing, spoilt or cut
+    const int read = (device.sent * lineLength - device.line->takeUnread().size()) / lineLength;
+    const int handled = read - (oneByOne ? 1 : linesUnderWay);
+    const int room = int(smallDisk) / (lineLength - 1);
+    qInfo("%d lines sent, %d read, %d in the journal", device.sent, read, lines);
+    QVERIFY2(lines >= (diskFull ? std::min(handled, room) : handled),
+        qPrintable(QStringLiteral("%1 of %2 lines").arg(lines).arg(read)));
+    DataFileLoader loader(fileName);
+    QVERIFY2(loader.readAll(), qPrintable(loader.reason()));
+    QCOMPARE(loader.recordCount(), lines);
+    QVERIFY(file.remove());
+}
+
+QString TestKilledProgram::newestJournal(const QString &portName)
+{
+    const QStringList files = JournalFolder(JournalFolder::defaultPath()).files();
+    for (const QString &file : files) {
+        if (file.endsWith(portName + QStringLiteral(".acp")))
+            return file;
+    }
+    return QString();
+}
+
+QTEST_GUILESS_MAIN(TestKilledProgram)
+#include "tst_killedprogram.moc"

@@ -1,0 +1,460 @@
+#include "app/actionset.h"
+#include "app/listenedports.h"
+#include "app/mainwindow.h"
+#include "app/recordings.h"
+#include "app/statusfacts.h"
+#include "files/datafileloader.h"
+#include "files/journalfolder.h"
+#include "graph/csvexport.h"
+#include "graph/mdigraphchild.h"
+#include "settings/varnelsettings.h"
+#include "support/lines.h"
+#include "support/modaldialog.h"
+#include "support/ptypair.h"
+#include "support/shellfixture.h"
+
+#include <QAction>
+#include <QBuffer>
+#include <QHeaderView>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QStyledItemDelegate>
+#include <QTest>
+#include <QTreeView>
+
+/// What becomes of a live recording on disk: its journal, the menu of tools, what is asked when no journal keeps it.
+class TestRecordings : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void journalSurvives_data();
+    void journalSurvives();
+    void reopensNewestFirst_data();
+    void reopensNewestFirst();
+    void dialogListsNewestFirst();
+    void asksWithoutJournal_data();
+    void asksWithoutJournal();
+    void asksWhileNotWritten();
+    void runningJournalIsNotOverwritten();
+    void unreadableRecordsStayInTheJournal();
+    void exports_data();
+    void exports();
+    void pictureIsTheScreens();
+    void toolsNeedSomething();
+    void tidiesByAge_data();
+    void tidiesByAge();
+    void largeFolderIsToldOnce();
+
+private:
+    void start(int ports = 1);
+    void send(int from, int count);
+    QAction *tool(const char *name) const { return window->findChild<QAction *>(QLatin1String(name)); }
+    QMessageBox *box(const char *name) const { return window->findChild<QMessageBox *>(QLatin1String(name)); }
+    void closeWindow(MdiGraphChild *child) const { child->parentWidget()->close(); }
+    static QStringList journals() { return JournalFolder(JournalFolder::defaultPath()).files(); }
+    static RecordList recordsIn(const QString &fileName);
+    static QString oldJournal(int daysAgo, qint64 size);
+
+    std::unique_ptr<ShellFixture> fixture;
+    std::unique_ptr<PtyPair> device;
+    std::unique_ptr<MainWindow> window;
+};
+
+void TestRecordings::init()
+{
+    fixture = std::make_unique<ShellFixture>();
+    device = std::make_unique<PtyPair>(fixture->portFolder(), QStringLiteral("COM3"));
+    VarnelSettings().setPorts({QStringLiteral("COM3")});
+}
+
+void TestRecordings::cleanup()
+{
+    window.reset();
+    device.reset();
+    fixture.reset();
+}
+
+void TestRecordings::start(int ports)
+{
+    window = std::make_unique<MainWindow>();
+    window->show();
+    QTRY_COMPARE(window->listenedPorts().readers().size(), ports);
+    QTest::qWait(20); // what arrives while a port is opened is thrown away
+}
+
+/// Sends `count` lines with the times from `from` on and waits for them.
+void TestRecordings::send(int from, int count)
+{
+    for (int i = 0; i < count; ++i) {
+        device->send(Lines::charger(from + i));
+        QTest::qWait(0); // the line holds no more than a hundred
+    }
+    QTRY_VERIFY(window->activeMdiChild());
+    const MdiGraphChild *child = window->activeMdiChild();
+    QTRY_COMPARE(child->store().records().last().time, from + count - 1);
+}
+
+RecordList TestRecordings::recordsIn(const QString &fileName)
+{
+    DataFileLoader loader(fileName);
+    loader.readAll();
+    return loader.takeRecords();
+}
+
+QString TestRecordings::oldJournal(int daysAgo, qint64 size)
+{
+    const QDateTime then = QDateTime::currentDateTime().addDays(-daysAgo);
+    const JournalFolder folder(JournalFolder::defaultPath());
+    QDir().mkpath(folder.path());
+    QFile file(folder.fileName(then, QStringLiteral("COM9"), 1));
+    if (!file.open(QIODevice::WriteOnly) || !file.resize(size)
+        || !file.setFileTime(then, QFileDevice::FileModificationTime))
+        return QString();
+    return file.fileName();
+}
+
+void TestRecordings::journalSurvives_data()
+{
+    QTest::addColumn<QString>("ending");
+    for (const char *ending :
+        {"window closed", "all windows closed", "program closed", "port lost", "paused"})
+        QTest::newRow(ending) << ending;
+}
+
+void TestRecordings::journalSurvives()
+{
+    QFETCH(QString, ending);
+    start();
+    send(1, 20);
+    QCOMPARE(journals().size(), 1);
+    const QString journal = journals().first();
+    QCOMPARE(recordsIn(journal).size(), 20); // while it is being written
+    int expected = 20;
+    if (ending == QLatin1String("window closed")) {
+        closeWindow(window->activeMdiChild());
+        QVERIFY(window->mdiChildren().isEmpty());
+        QVERIFY(window->statusBar()->currentMessage().contains(QFileInfo(journal).fileName()));
+        for (int i = 21; i <= 30; ++i) // goes on without its window
+            device->send(Lines::charger(i));
+        expected = 30;
+    } else if (ending == QLatin1String("all windows closed")) {
+        window->actionSet()[ActionId::CloseAll]->trigger();
+    } else if (ending == QLatin1String("program closed")) {
+        window->close();
+        QVERIFY(!window->isVisible());
+    } else if (ending == QLatin1String("port lost")) {
+        device->hangUp();
+    } else {
+        window->actionSet()[ActionId::Recording]->trigger();
+    }
+    QTRY_COMPARE(recordsIn(journal).size(), expected);
+    window.reset();
+    QCOMPARE(journals(), QStringList(journal));
+    QCOMPARE(recordsIn(journal).size(), expected);
+}
+
+void TestRecordings::reopensNewestFirst_data()
+{
+    QTest::addColumn<bool>("newestGone");
+    QTest::newRow("all there") << false;
+    QTest::newRow("newest gone") << true;
+}
+
+void TestRecordings::reopensNewestFirst()
+{
+    QFETCH(bool, newestGone);
+    PtyPair other(fixture->portFolder(), QStringLiteral("COM4"));
+    VarnelSettings().setPorts({QStringLiteral("COM3"), QStringLiteral("COM4")});
+    start(2);
+    QAction *reopen = tool("reopenClosedAction");
+    QVERIFY(!reopen->isEnabled() && !reopen->statusTip().isEmpty());
+    send(1, 5);
+    for (int i = 1; i <= 6; ++i)
+        other.send(Lines::charger(i));
+    QTRY_COMPARE(window->activeMdiChild()->store().size(), 6);
+    closeWindow(window->mdiChildren().first());
+    closeWindow(window->mdiChildren().first());
+    if (newestGone)
+        QVERIFY(QFile::remove(journals().filter(QStringLiteral("COM4")).value(0)));
+    for (const int records : newestGone ? QVector<int>{5} : QVector<int>{6, 5}) {
+        QVERIFY(reopen->isEnabled());
+        reopen->trigger();
+        QTRY_VERIFY(window->activeMdiChild() && window->activeMdiChild()->store().size() == records);
+        closeWindow(window->activeMdiChild()); // is in a file, and need not be remembered
+    }
+    QVERIFY(!reopen->isEnabled());
+}
+
+void TestRecordings::dialogListsNewestFirst()
+{
+    const QString older = oldJournal(2, 0);
+    start();
+    send(1, 3);
+    const QString newest = journals().first();
+    QVERIFY(newest != older);
+    whenModal<QFileDialog>(window.get(), [&](QFileDialog *dialog) {
+        const auto *tree = dialog->findChild<QTreeView *>(QStringLiteral("treeView"));
+        QVERIFY(tree && tree->isVisible());
+        const auto shown = [tree](int row) { return tree->model()->index(row, 0, tree->rootIndex()); };
+        QTRY_COMPARE(tree->model()->rowCount(tree->rootIndex()), 1); // the empty one was tidied away
+        QCOMPARE(shown(0).data().toString(), QFileInfo(newest).fileName());
+        const QString text = static_cast<QStyledItemDelegate *>(tree->itemDelegate())
+                                 ->displayText(shown(0).data(), QLocale());
+        QVERIFY2(text.endsWith(QStringLiteral("acp [Cha 6xLiPo]")), qPrintable(text));
+        QCOMPARE(tree->header()->sortIndicatorOrder(), Qt::DescendingOrder);
+        enterName(dialog, newest);
+    });
+    tool("openRecordingsAction")->trigger();
+    QTRY_COMPARE(window->mdiChildren().size(), 2);
+    QVERIFY(!VarnelSettings().contains(QStringLiteral("global/lastDir"))); // is for the user's own folders
+}
+
+void TestRecordings::asksWithoutJournal_data()
+{
+    QTest::addColumn<bool>("program");
+    QTest::addColumn<int>("button");
+    QTest::addColumn<bool>("closes");
+    for (const bool program : {false, true}) {
+        const char *what = program ? "program" : "window";
+        QTest::addRow("%s: save", what) << program << int(QMessageBox::Save) << true;
+        QTest::addRow("%s: save, but no name", what) << program << int(QMessageBox::SaveAll) << false;
+        QTest::addRow("%s: discard", what) << program << int(QMessageBox::Discard) << true;
+        QTest::addRow("%s: cancel", what) << program << int(QMessageBox::Cancel) << false;
+    }
+}
+
+void TestRecordings::asksWithoutJournal()
+{
+    QFETCH(bool, program);
+    QFETCH(int, button);
+    QFETCH(bool, closes);
+    VarnelSettings().setValue(QStringLiteral("journal/enabled"), false);
+    start();
+    send(1, 10);
+    QVERIFY(journals().isEmpty());
+    const QString saved = fixture->path(QStringLiteral("saved.acp"));
+    int questions = 0;
+    whenModal<QMessageBox>(window.get(), [&](QMessageBox *question) {
+        ++questions;
+        QCOMPARE(question->objectName(), QStringLiteral("unsavedRecording"));
+        QVERIFY(question->text().contains(QStringLiteral("COM3")));
+        const bool cancelled = button == QMessageBox::SaveAll;
+        whenModal<QFileDialog>(window.get(), [&saved, cancelled](QFileDialog *dialog) {
+            if (cancelled)
+                dialog->reject();
+            else
+                enterName(dialog, saved);
+        });
+        question->button(cancelled ? QMessageBox::Save : QMessageBox::StandardButton(button))->click();
+    });
+    if (program)
+        window->close();
+    else
+        closeWindow(window->activeMdiChild());
+    QCOMPARE(questions, 1);
+    QCOMPARE(program ? !window->isVisible() : window->mdiChildren().isEmpty(), closes);
+    QCOMPARE(recordsIn(saved).size(), button == QMessageBox::Save ? 10 : 0);
+    if (!closes)
+        send(11, 5); // as if nothing had happened
+}
+
+// A file in the place of the folder: no journal can be made until it goes.
+void TestRecordings::asksWhileNotWritten()
+{
+    const QString folder = JournalFolder::defaultPath();
+    QDir().mkpath(QFileInfo(folder).path());
+    QFile obstacle(folder);
+    QVERIFY(obstacle.open(QIODevice::WriteOnly));
+    start();
+    send(1, 10);
+    QVERIFY(!window->statusFacts().text(StatusFacts::NotWritten).isEmpty());
+    int questions = 0;
+    whenModal<QMessageBox>(window.get(), [&](QMessageBox *question) {
+        ++questions;
+        question->button(QMessageBox::Cancel)->click();
+    });
+    closeWindow(window->activeMdiChild());
+    QCOMPARE(questions, 1);
+    QVERIFY(obstacle.remove());
+    QTRY_VERIFY(window->statusFacts().text(StatusFacts::NotWritten).isEmpty());
+    closeWindow(window->activeMdiChild());
+    QVERIFY(window->mdiChildren().isEmpty());
+    QCOMPARE(recordsIn(journals().value(0)).size(), 10);
+}
+
+void TestRecordings::runningJournalIsNotOverwritten()
+{
+    start();
+    send(1, 10);
+    const QString journal = journals().first();
+    const QString link = fixture->path(QStringLiteral("link.acp"));
+    QVERIFY(QFile::link(journal, link));
+    whenModal<QFileDialog>(window.get(), [&](QFileDialog *dialog) {
+        whenModal<QMessageBox>(
+            window.get(), [](QMessageBox *overwrite) { overwrite->button(QMessageBox::Yes)->click(); });
+        enterName(dialog, link);
+    });
+    window->actionSet()[ActionId::SaveAs]->trigger();
+    QVERIFY(box("saveFailed"));
+    QVERIFY(window->activeMdiChild()->hasUnsavedData());
+    send(11, 10);
+    QCOMPARE(recordsIn(journal).size(), 20);
+}
+
+void TestRecordings::unreadableRecordsStayInTheJournal()
+{
+    start();
+    send(1, 5);
+    device->send(Lines::charger(6).replace("#06C", "#06T")); // a mode that data files have no letter for
+    QTRY_COMPARE(window->activeMdiChild()->store().size(), 6);
+    const QString journal = journals().first();
+    const QString saved = fixture->path(QStringLiteral("saved.acp"));
+    whenModal<QFileDialog>(window.get(), [&](QFileDialog *dialog) { enterName(dialog, saved); });
+    window->actionSet()[ActionId::SaveAs]->trigger();
+    QVERIFY(box("unreadableRecords"));
+    const QString text = box("unreadableRecords")->text();
+    QVERIFY2(text.startsWith(QLatin1Char('1')) && text.contains(journal), qPrintable(text));
+    QCOMPARE(recordsIn(saved).size(), 5);
+    QCOMPARE(recordsIn(journal).size(), 6);
+}
+
+void TestRecordings::exports_data()
+{
+    QTest::addColumn<QString>("action");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("written");
+    QTest::addColumn<QByteArray>("beginning");
+    const QString csv = QStringLiteral("exportCsvAction");
+    const QString picture = QStringLiteral("savePictureAction");
+    QTest::newRow("table") << csv << "run.csv"
+                           << "run.csv" << QByteArray("record,");
+    QTest::newRow("table, no ending") << csv << "run"
+                                      << "run.csv" << QByteArray("record,");
+    QTest::newRow("png, no ending") << picture << "run"
+                                    << "run.png" << QByteArray("\x89PNG");
+    QTest::newRow("svg") << picture << "run.svg"
+                         << "run.svg" << QByteArray("<?xml");
+    QTest::newRow("pdf") << picture << "run.PDF"
+                         << "run.PDF" << QByteArray("%PDF");
+    QTest::newRow("unknown picture") << picture << "run.jpg" << QString() << QByteArray();
+    QTest::newRow("no such folder") << csv << "none/run.csv" << QString() << QByteArray();
+}
+
+void TestRecordings::exports()
+{
+    QFETCH(QString, action);
+    QFETCH(QString, name);
+    QFETCH(QString, written);
+    QFETCH(QByteArray, beginning);
+    start();
+    send(1, 30);
+    whenModal<QFileDialog>(window.get(), [&](QFileDialog *dialog) {
+        QVERIFY(!dialog->selectedFiles().isEmpty()); // a name is suggested
+        enterName(dialog, fixture->path(name));
+    });
+    tool(action.toLatin1().constData())->trigger();
+    QCOMPARE(box("exportFailed") != nullptr, written.isEmpty());
+    if (written.isEmpty()) {
+        QVERIFY(!QFile::exists(fixture->path(name)));
+        return;
+    }
+    QFile file(fixture->path(written));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    QVERIFY2(bytes.startsWith(beginning), bytes.left(20).constData());
+    QVERIFY(window->statusBar()->currentMessage().contains(written));
+    QCOMPARE(VarnelSettings().value(QStringLiteral("export/lastDir")).toString(),
+        QFileInfo(fixture->path(written)).path());
+    if (name.endsWith(QLatin1String(".csv"))) {
+        QBuffer expected;
+        QVERIFY(expected.open(QIODevice::WriteOnly));
+        QVERIFY(writeCsv(window->activeMdiChild()->store(), &expected));
+        QCOMPARE(bytes, expected.data());
+    }
+}
+
+void TestRecordings::pictureIsTheScreens()
+{
+    start();
+    send(1, 200);
+    MdiGraphChild *child = window->activeMdiChild();
+    window->actionSet()[ActionId::Temperature]->trigger();
+    child->parentWidget()->resize(713, 431);
+    const QImage whole = child->grab().toImage();
+    QWheelEvent wheel(QPointF(300, 100), child->mapToGlobal(QPoint(300, 100)), QPoint(), QPoint(0, 480),
+        Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(child, &wheel);
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(child, &leave);
+    const QString name = fixture->path(QStringLiteral("run.png"));
+    whenModal<QFileDialog>(window.get(), [&](QFileDialog *dialog) { enterName(dialog, name); });
+    tool("savePictureAction")->trigger();
+    const QImage screen = child->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    QVERIFY(screen != whole.convertToFormat(QImage::Format_RGB32)); // the zoom shows
+    const QImage picture = QImage(name).convertToFormat(QImage::Format_RGB32);
+    QCOMPARE(picture.size(), screen.size());
+    QVERIFY(picture == screen);
+}
+
+void TestRecordings::toolsNeedSomething()
+{
+    start();
+    QVERIFY(tool("openRecordingsAction")->isEnabled());
+    for (const char *name : {"exportCsvAction", "savePictureAction"}) {
+        QVERIFY(!tool(name)->isEnabled());
+        QVERIFY(!tool(name)->statusTip().isEmpty());
+    }
+    send(1, 1);
+    QVERIFY(tool("exportCsvAction")->isEnabled() && tool("savePictureAction")->isEnabled());
+    closeWindow(window->activeMdiChild()); // one record: nothing that could be reopened
+    QTRY_VERIFY(!tool("exportCsvAction")->isEnabled());
+    QVERIFY(!tool("reopenClosedAction")->isEnabled());
+}
+
+void TestRecordings::tidiesByAge_data()
+{
+    QTest::addColumn<QVariant>("maxAgeDays");
+    QTest::addColumn<bool>("stays");
+    QTest::newRow("not set") << QVariant() << true;
+    QTest::newRow("younger") << QVariant(31) << true;
+    QTest::newRow("older") << QVariant(7) << false;
+    QTest::newRow("nonsense") << QVariant(QStringLiteral("a week")) << true;
+    QTest::newRow("negative") << QVariant(-1) << true;
+}
+
+void TestRecordings::tidiesByAge()
+{
+    QFETCH(QVariant, maxAgeDays);
+    QFETCH(bool, stays);
+    if (maxAgeDays.isValid())
+        VarnelSettings().setValue(QStringLiteral("journal/maxAgeDays"), maxAgeDays);
+    const QString old = oldJournal(10, 100000);
+    start();
+    QCOMPARE(QFile::exists(old), stays);
+}
+
+void TestRecordings::largeFolderIsToldOnce()
+{
+    constexpr qint64 large = (Q_INT64_C(1) << 30) + 1;
+    QVERIFY(!oldJournal(1, large).isEmpty()); // takes no room on the disk
+    for (const bool told : {true, false, true}) {
+        start();
+        send(1, 2);
+        QCOMPARE(box("journalLarge") != nullptr, told);
+        if (told) {
+            QVERIFY(!box("journalLarge")->isModal());
+            QVERIFY(box("journalLarge")->text().contains(JournalFolder::defaultPath()));
+        }
+        window.reset();
+        if (!told)
+            QVERIFY(!oldJournal(2, large).isEmpty());
+    }
+}
+
+QTEST_MAIN(TestRecordings)
+#include "tst_recordings.moc"
