@@ -177,10 +177,12 @@ void TestViewSwitches::menus()
     QFETCH(QString, menu);
     window->updateWindowMenu(); // as often as it is shown
     QStringList entries;
-    for (const QAction *title : window->menuBar()->actions()) {
+    const auto titles = window->menuBar()->actions();
+    for (const QAction *title : titles) {
         if (title->text() != menu)
             continue;
-        for (const QAction *entry : title->menu()->actions())
+        const auto actions = title->menu()->actions();
+        for (const QAction *entry : actions)
             entries << (entry->isSeparator() ? QStringLiteral("|") : entry->text());
     }
     QTEST(entries.join(','), "entries");
@@ -190,7 +192,8 @@ void TestViewSwitches::mainToolBar()
 {
     const auto *bar = window->findChild<QToolBar *>(QStringLiteral("mainToolBar"));
     QStringList entries;
-    for (const QAction *entry : bar->actions())
+    const auto actions = bar->actions();
+    for (const QAction *entry : actions)
         entries << (entry->isSeparator() ? QStringLiteral("|") : entry->text().trimmed());
     QCOMPARE(entries.join(','),
         QStringLiteral(
@@ -205,7 +208,8 @@ void TestViewSwitches::shortcuts()
     QCOMPARE(action(ActionId::Open)->shortcut(), QKeySequence(QStringLiteral("Ctrl+O")));
     QMap<QString, QString> owners;
     for (int id = 0; id < int(ActionId::Count); ++id) {
-        for (const QKeySequence &key : action(ActionId(id))->shortcuts()) {
+        const auto keys = action(ActionId(id))->shortcuts();
+        for (const QKeySequence &key : keys) {
             QVERIFY2(!owners.contains(key.toString()), qPrintable(key.toString()));
             owners.insert(key.toString(), action(ActionId(id))->text());
         }

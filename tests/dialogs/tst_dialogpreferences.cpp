@@ -51,7 +51,8 @@ void TestDialogPreferences::plug(const QString &name)
 QString TestDialogPreferences::ticks(const QDialog &dialog)
 {
     QStringList rows;
-    for (const CheckBoxComPort *box : dialog.findChildren<CheckBoxComPort *>())
+    const auto boxes = dialog.findChildren<CheckBoxComPort *>();
+    for (const CheckBoxComPort *box : boxes)
         rows << box->portName() + (box->isChecked() ? "*" : "");
     rows.sort();
     return rows.join(' ');
@@ -69,7 +70,8 @@ void TestDialogPreferences::storedOnOk()
     VarnelSettings().setPorts({QStringLiteral("COM3")});
     DialogPreferences dialog(nullptr);
     QCOMPARE(ticks(dialog), QStringLiteral("COM10 COM3*"));
-    for (CheckBoxComPort *box : dialog.findChildren<CheckBoxComPort *>())
+    const auto boxes = dialog.findChildren<CheckBoxComPort *>();
+    for (CheckBoxComPort *box : boxes)
         box->setChecked(true);
     dialog.findChild<QCheckBox *>(QStringLiteral("sendTime"))->setChecked(true);
     QCOMPARE(VarnelSettings().ports(), QStringList(QStringLiteral("COM3")));
@@ -93,7 +95,8 @@ void TestDialogPreferences::refreshKeepsTicks()
     plug(QStringLiteral("COM3"));
     plug(QStringLiteral("COM4"));
     DialogPreferences dialog(nullptr);
-    for (CheckBoxComPort *box : dialog.findChildren<CheckBoxComPort *>())
+    const auto boxes = dialog.findChildren<CheckBoxComPort *>();
+    for (CheckBoxComPort *box : boxes)
         box->setChecked(true);
     plug(QStringLiteral("COM5"));
     ports.front()->hangUp();
@@ -120,7 +123,8 @@ void TestDialogPreferences::geometry()
 {
     DialogPreferences dialog(nullptr);
     QCOMPARE(dialog.size(), QSize(425, 312));
-    for (const QPushButton *button : dialog.findChildren<QPushButton *>())
+    const auto buttons = dialog.findChildren<QPushButton *>();
+    for (const QPushButton *button : buttons)
         QVERIFY2(button->fontMetrics().horizontalAdvance(button->text()) < button->width(),
             qPrintable(button->text()));
 }
