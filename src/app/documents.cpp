@@ -154,16 +154,21 @@ void Documents::listFailures(const QStringList &failures, int total)
         more > 0 ? failures.join(QLatin1Char('\n')) : QString());
 }
 
-bool Documents::saveDialog(MdiGraphChild *child)
+void Documents::saveDialog(MdiGraphChild *child)
 {
     const QPointer<MdiGraphChild> guard(child); // its window may be closed while the dialog is open
+    const QString name = askSaveName();
+    if (!name.isEmpty() && guard)
+        save(guard, name);
+}
+
+QString Documents::askSaveName()
+{
     const QString name = QFileDialog::getSaveFileName(shell, tr("Choose file name"), lastFolder(),
         QStringLiteral("*.acp"), nullptr, QFileDialog::DontUseNativeDialog);
-    if (name.isEmpty() || !guard)
-        return false;
-    const bool saved = save(guard, name);
-    keepLastFolder(name);
-    return saved;
+    if (!name.isEmpty())
+        keepLastFolder(name);
+    return name;
 }
 
 bool Documents::save(MdiGraphChild *child, const QString &fileName)

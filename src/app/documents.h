@@ -32,8 +32,11 @@ public:
     bool isOpening() const;
     /// Gives up what is still being read.
     void cancelOpening();
-    /// Asks for a name and saves the records of `child` there. True when they are saved.
-    bool saveDialog(MdiGraphChild *child);
+    /// Asks for a name and saves the records of `child` there.
+    void saveDialog(MdiGraphChild *child);
+    /// Asks for a name to save records as; empty when none was given.
+    QString askSaveName();
+    /// False when it failed, which is told.
     bool save(MdiGraphChild *child, const QString &fileName);
 
 signals:

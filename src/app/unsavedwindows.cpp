@@ -5,14 +5,18 @@
 #include "app/recordings.h"
 #include "graph/mdigraphchild.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPointer>
+#include <QVector>
+
+#include <algorithm>
 
 namespace {
 
 constexpr int messageTime = 10000; // ms; a file's name takes longer to read than most
-constexpr int leastRecords = 2; // a journal of fewer goes with its recording
+constexpr int leastRecords = 2; // a file of fewer holds no data; a journal of fewer goes with its recording
 
 QString nameOf(const MdiGraphChild *child)
 {
@@ -21,7 +25,21 @@ QString nameOf(const MdiGraphChild *child)
                                        : name + QStringLiteral(" (") + child->fileName() + QLatin1Char(')');
 }
 
+/// Neither need exist. Systems differ on case: told apart by it alone they count as the same.
+bool isSameFile(const QString &one, const QString &other)
+{
+    const QFileInfo first(one);
+    const QFileInfo second(other);
+    return (first.exists() && second.exists() && first == second)
+        || first.absoluteFilePath().compare(second.absoluteFilePath(), Qt::CaseInsensitive) == 0;
+}
+
 } // namespace
+
+struct UnsavedWindows::Pending {
+    QPointer<MdiGraphChild> child;
+    QString fileName; ///< to save as; empty: not to be saved
+};
 
 UnsavedWindows::UnsavedWindows(
     QWidget *shell, GraphWindows *graphs, Documents *documents, Recordings *recordings)
@@ -36,7 +54,7 @@ UnsavedWindows::UnsavedWindows(
 
 bool UnsavedWindows::mayClose(MdiGraphChild *child)
 {
-    if (isInDanger(child) && !ask(child))
+    if (isInDanger(child) && !settle({child}))
         return false;
     const bool reopenable
         = child->hasUnsavedData() && m_recordings->keepsAll(child) && child->store().size() >= leastRecords;
@@ -51,22 +69,57 @@ bool UnsavedWindows::mayClose(MdiGraphChild *child)
 
 bool UnsavedWindows::mayCloseAll()
 {
+    QList<MdiGraphChild *> endangered;
     const QList<MdiGraphChild *> children = m_graphs->all();
-    for (const QPointer<MdiGraphChild> child : children) {
-        if (child && isInDanger(child) && !ask(child))
+    for (MdiGraphChild *child : children) {
+        if (isInDanger(child))
+            endangered.append(child);
+    }
+    return settle(endangered);
+}
+
+// Fewer records than make a file go with their window, as they do with their journal.
+bool UnsavedWindows::isInDanger(const MdiGraphChild *child) const
+{
+    return child->hasUnsavedData() && child->store().size() >= leastRecords && !m_recordings->keepsAll(child);
+}
+
+// All is asked before anything is saved: lines go on arriving in the window that was asked about first.
+bool UnsavedWindows::settle(const QList<MdiGraphChild *> &children)
+{
+    QVector<Pending> all;
+    for (MdiGraphChild *child : children)
+        all.append({child, QString()});
+    for (Pending &one : all) {
+        const Answer answer = one.child ? ask(one.child) : Discard;
+        if (answer == Cancel || (answer == Save && !askName(&one, all)))
+            return false;
+    }
+    for (const Pending &one : qAsConst(all)) {
+        if (!one.child || (!one.fileName.isEmpty() && !m_documents->save(one.child, one.fileName)))
             return false;
     }
     return true;
 }
 
-bool UnsavedWindows::isInDanger(const MdiGraphChild *child) const
+// The first of two recordings under one name would be lost, and not asked about: its file is not there yet.
+bool UnsavedWindows::askName(Pending *one, const QVector<Pending> &all)
 {
-    return child->hasUnsavedData() && !m_recordings->keepsAll(child);
+    for (;;) {
+        const QString name = m_documents->askSaveName();
+        const bool taken = std::any_of(all.begin(), all.end(),
+            [&name](const Pending &other) { return isSameFile(other.fileName, name); });
+        if (!taken || name.isEmpty()) {
+            one->fileName = name;
+            return !name.isEmpty();
+        }
+        QMessageBox::warning(m_shell, tr("Recording"),
+            tr("Another of the windows is about to be saved as %1.").arg(QDir::toNativeSeparators(name)));
+    }
 }
 
-bool UnsavedWindows::ask(MdiGraphChild *child)
+UnsavedWindows::Answer UnsavedWindows::ask(const MdiGraphChild *child)
 {
-    const QPointer<MdiGraphChild> guard(child);
     QMessageBox box(QMessageBox::Question, tr("Recording"),
         tr("The recording in window %1 is not saved.").arg(nameOf(child)),
         QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, m_shell);
@@ -77,7 +130,5 @@ bool UnsavedWindows::ask(MdiGraphChild *child)
             : tr("The journal could not keep all of it. Save it before its window closes?"));
     box.setDefaultButton(QMessageBox::Save);
     const int answer = box.exec();
-    if (answer == QMessageBox::Save)
-        return guard && m_documents->saveDialog(guard);
-    return answer == QMessageBox::Discard;
+    return answer == QMessageBox::Save ? Save : answer == QMessageBox::Discard ? Discard : Cancel;
 }

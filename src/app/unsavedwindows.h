@@ -2,6 +2,7 @@
 
 #include "app/closeguard.h"
 
+#include <QList>
 #include <QObject>
 
 class Documents;
@@ -18,15 +19,21 @@ public:
     UnsavedWindows(QWidget *shell, GraphWindows *graphs, Documents *documents, Recordings *recordings);
 
     bool mayClose(MdiGraphChild *child) override;
-    /// Asks about every window whose records no file holds; false when the user wants to go on.
+    /// Asks about every window whose records no file holds, then saves; false when the user wants to go on, or one
+    /// could not be saved.
     bool mayCloseAll();
 
 signals:
     void message(const QString &text, int timeout);
 
 private:
+    enum Answer { Save, Discard, Cancel };
+    struct Pending;
+
     bool isInDanger(const MdiGraphChild *child) const;
-    bool ask(MdiGraphChild *child);
+    bool settle(const QList<MdiGraphChild *> &children);
+    bool askName(Pending *one, const QVector<Pending> &all);
+    Answer ask(const MdiGraphChild *child);
 
     QWidget *m_shell;
     GraphWindows *m_graphs;
