@@ -185,7 +185,7 @@ void TestDocuments::failedSaveKeepsMarks()
     const QString title = child->windowTitle();
     whenDialogOpens([](QFileDialog *dialog) {
         // The device exists: overwriting it is asked about.
-        QTimer::singleShot(100, [] {
+        QTimer::singleShot(100, dialog, [] {
             auto *question = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
             QVERIFY(question);
             question->button(QMessageBox::Yes)->click();

@@ -132,7 +132,7 @@ void TestRecordings::journalSurvives()
     start();
     send(1, 20);
     QCOMPARE(journals().size(), 1);
-    const QString journal = journals().first();
+    const QString journal = journals().constFirst();
     QCOMPARE(recordsIn(journal).size(), 20); // while it is being written
     int expected = 20;
     if (ending == QLatin1String("window closed")) {
@@ -181,7 +181,8 @@ void TestRecordings::reopensNewestFirst()
     closeWindow(window->mdiChildren().first());
     if (newestGone)
         QVERIFY(QFile::remove(journals().filter(QStringLiteral("COM4")).value(0)));
-    for (const int records : newestGone ? QVector<int>{5} : QVector<int>{6, 5}) {
+    const QVector<int> reopened = newestGone ? QVector<int>{5} : QVector<int>{6, 5};
+    for (const int records : reopened) {
         QVERIFY(reopen->isEnabled());
         reopen->trigger();
         QTRY_VERIFY(window->activeMdiChild() && window->activeMdiChild()->store().size() == records);
@@ -195,7 +196,7 @@ void TestRecordings::dialogListsNewestFirst()
     const QString older = oldJournal(2, 0);
     start();
     send(1, 3);
-    const QString newest = journals().first();
+    const QString newest = journals().constFirst();
     QVERIFY(newest != older);
     whenModal<QFileDialog>(window.get(), [&](QFileDialog *dialog) {
         const auto *tree = dialog->findChild<QTreeView *>(QStringLiteral("treeView"));
@@ -291,7 +292,7 @@ void TestRecordings::runningJournalIsNotOverwritten()
 {
     start();
     send(1, 10);
-    const QString journal = journals().first();
+    const QString journal = journals().constFirst();
     const QString link = fixture->path(QStringLiteral("link.acp"));
     QVERIFY(QFile::link(journal, link));
     whenModal<QFileDialog>(window.get(), [&](QFileDialog *dialog) {
@@ -312,7 +313,7 @@ void TestRecordings::unreadableRecordsStayInTheJournal()
     send(1, 5);
     device->send(Lines::charger(6).replace("#06C", "#06T")); // a mode that data files have no letter for
     QTRY_COMPARE(window->activeMdiChild()->store().size(), 6);
-    const QString journal = journals().first();
+    const QString journal = journals().constFirst();
     const QString saved = fixture->path(QStringLiteral("saved.acp"));
     whenModal<QFileDialog>(window.get(), [&](QFileDialog *dialog) { enterName(dialog, saved); });
     window->actionSet()[ActionId::SaveAs]->trigger();

@@ -6,7 +6,6 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
-#include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -55,13 +54,6 @@ QByteArray PtyPair::received()
             return all;
         all.append(buffer, int(n));
     }
-}
-
-int PtyPair::unread() const
-{
-    int bytes = 0;
-    ioctl(m_slave, FIONREAD, &bytes);
-    return bytes;
 }
 
 QByteArray PtyPair::takeUnread()

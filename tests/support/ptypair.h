@@ -22,8 +22,6 @@ public:
     QByteArray received();
     /// Speed and the like as the program has set them.
     termios settings() const;
-    /// Bytes that have reached the program's end and are not read. Those still on their way there don't count.
-    int unread() const;
     /// Takes away all that was sent and is not read; for use once the program has gone.
     QByteArray takeUnread();
     /// Unplugs: the far end goes away and the link with it. Not to be used afterwards but for destruction.
