@@ -116,9 +116,9 @@ void TestSimulatorParts::faultsSpoilAsNamed()
         injector.force(Fault(fault));
         const auto hit = injector.pass("#12,34,56\r\n");
         QCOMPARE(int(hit.fault), fault);
-        const bool matches = expected.match(QString::fromLatin1(hit.bytes))
-                                 .hasMatch(); // clazy:exclude=use-static-qregularexpression
-        QVERIFY2(matches, hit.bytes.toHex(' '));
+        const QString text = QString::fromLatin1(hit.bytes);
+        const auto found = expected.match(text); // clazy:exclude=use-static-qregularexpression
+        QVERIFY2(found.hasMatch(), hit.bytes.toHex(' '));
         injector.pass("\r\n");
         QCOMPARE(int(injector.pass("#12\r\n").fault), int(Fault::None));
     }
