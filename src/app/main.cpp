@@ -35,9 +35,12 @@ QStringList absolute(const QStringList &files)
 int runProgram(const QStringList &files)
 {
     SingleInstance instance(VarnelSettings().fileName());
-    if (!instance.claim()) {
-        if (instance.handOver(files))
-            return 0;
+    switch (instance.settle(files)) {
+    case SingleInstance::Role::First:
+        break;
+    case SingleInstance::Role::HandedOver:
+        return 0;
+    case SingleInstance::Role::Unanswered:
         const QString text
             = QCoreApplication::translate("main", "The program that is running does not answer.");
         std::fprintf(stderr, "%s\n", qPrintable(text));
@@ -45,7 +48,9 @@ int runProgram(const QStringList &files)
     }
     initResources();
     installStyleSheet(qApp, QCoreApplication::applicationDirPath());
+    QObject::connect(qApp, SIGNAL(lastWindowClosed()), &instance, SLOT(retire()));
     QObject::connect(qApp, SIGNAL(lastWindowClosed()), qApp, SLOT(quit()));
+    QObject::connect(qApp, SIGNAL(aboutToQuit()), &instance, SLOT(retire()));
     MainWindow window;
     QObject::connect(&instance, SIGNAL(called(QStringList)), &window, SLOT(comeForward(QStringList)));
     window.show();

@@ -12,7 +12,8 @@
 
 namespace {
 
-constexpr int answerTime = 3000; // ms that the first program has to take the files
+constexpr int settleTime = 10000; // ms that the first program has to take the files or to be gone
+constexpr int answerTime = 3000; // ms, of one attempt
 constexpr int retryTime = 50; // ms
 constexpr quint32 magic = 0x564e4c31;
 constexpr char received = '+';
@@ -40,6 +41,28 @@ SingleInstance::SingleInstance(const QString &identity, QObject *parent)
 
 SingleInstance::~SingleInstance() = default;
 
+SingleInstance::Role SingleInstance::settle(const QStringList &files)
+{
+    QElapsedTimer timer;
+    timer.start();
+    do {
+        if (claim())
+            return Role::First;
+        if (handOver(files))
+            return Role::HandedOver;
+        QThread::msleep(retryTime); // the first one may just be starting, or leaving
+    } while (timer.elapsed() < settleTime);
+    return Role::Unanswered;
+}
+
+void SingleInstance::retire()
+{
+    m_server->close();
+    const auto connections = m_server->findChildren<QLocalSocket *>();
+    for (QLocalSocket *socket : connections)
+        socket->abort();
+}
+
 bool SingleInstance::claim()
 {
     if (!m_lock->tryLock() && m_lock->error() == QLockFile::LockFailedError)
@@ -52,16 +75,9 @@ bool SingleInstance::claim()
 
 bool SingleInstance::handOver(const QStringList &files) const
 {
-    QElapsedTimer timer;
-    timer.start();
     QLocalSocket socket;
-    while (timer.elapsed() < answerTime) { // the first one may just be starting
-        socket.connectToServer(m_path);
-        if (socket.waitForConnected(retryTime))
-            break;
-        QThread::msleep(retryTime);
-    }
-    if (socket.state() != QLocalSocket::ConnectedState)
+    socket.connectToServer(m_path);
+    if (!socket.waitForConnected(retryTime))
         return false;
     QDataStream stream(&socket);
     stream.setVersion(QDataStream::Qt_5_15);

@@ -17,10 +17,19 @@ public:
     explicit SingleInstance(const QString &identity, QObject *parent = nullptr);
     ~SingleInstance() override;
 
-    /// Whether this is the first one, which serves from now on.
-    bool claim();
-    /// Hands `files` (absolute paths, may be empty) to the first one. False when that does not answer.
-    bool handOver(const QStringList &files) const;
+    enum class Role {
+        First, ///< serves from now on
+        HandedOver, ///< the first one has taken the files; this one leaves
+        Unanswered ///< there is a first one, but it neither answered nor left within 10 s
+    };
+
+    /// Finds the role of this start; `files` (absolute paths, may be empty) go to the first one where there is one.
+    /// One that is just leaving takes nothing more: this start waits for it to be gone and takes its place.
+    Role settle(const QStringList &files);
+
+public slots:
+    /// Answers no more starts: the program is leaving. Its place is free when it has gone.
+    void retire();
 
 signals:
     /// Another start of the program wants this one in front, with `files` opened.
@@ -31,6 +40,9 @@ private slots:
     void onReadyRead();
 
 private:
+    bool claim();
+    bool handOver(const QStringList &files) const;
+
     QString m_path; ///< of the socket
     std::unique_ptr<QLockFile> m_lock;
     QLocalServer *m_server;
