@@ -21,6 +21,8 @@ DeskArea::DeskArea(QWidget *parent)
     : QMdiArea(parent)
 {
     setBlack(true);
+    // The first window to open and the last to close change what the background shows.
+    connect(this, SIGNAL(subWindowActivated(QMdiSubWindow*)), viewport(), SLOT(update()));
 }
 
 void DeskArea::setHint(const QString &hint)

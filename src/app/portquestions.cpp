@@ -57,4 +57,5 @@ void PortQuestions::showNext()
     box->setObjectName(QStringLiteral("portQuestion"));
     connect(box, SIGNAL(finished(int)), this, SLOT(onFinished(int)));
     box->open();
+    box->activateWindow(); // also from above a dialog that had the keyboard
 }

@@ -61,9 +61,8 @@ void TestSingleInstance::firstOneLeaves()
     QSignalSpy called(first.get(), SIGNAL(called(QStringList)));
     first->retire();
     SingleInstance::Role role = SingleInstance::Role::Unanswered;
-    QScopedPointer<QThread> second(QThread::create([&] {
-        role = SingleInstance(QStringLiteral("settings")).settle({QStringLiteral("/a/b.acp")});
-    }));
+    QScopedPointer<QThread> second(QThread::create(
+        [&] { role = SingleInstance(QStringLiteral("settings")).settle({QStringLiteral("/a/b.acp")}); }));
     second->start();
     QTest::qWait(300); // a program takes its time to leave; a start must not hand its files to it
     QVERIFY(second->isRunning());
