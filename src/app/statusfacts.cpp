@@ -1,12 +1,18 @@
 #include "app/statusfacts.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <QLabel>
 #include <QStatusBar>
 
+#include <algorithm>
+
 namespace {
 
-constexpr int widestLabel = 190; // pixels; longer lists of ports are elided, the tool tip has them all
+// What the labels may take of the bar together, in per cent; longer lists of ports are elided, the tool tip has them
+// all. The rest is for messages.
+constexpr int labelShare = 65;
+constexpr int narrowestLabel = 100; // pixels
 
 struct KindText {
     const char *label;
@@ -40,26 +46,29 @@ QString translated(const char *text)
 
 StatusFacts::StatusFacts(QStatusBar *bar)
     : QObject(bar)
+    , m_bar(bar)
 {
     for (int kind = 0; kind < KindCount; ++kind) {
         m_labels[kind] = new QLabel(bar);
         m_labels[kind]->setObjectName(QStringLiteral("statusFact%1").arg(kind));
         m_labels[kind]->hide();
+        m_labels[kind]->setMinimumWidth(1); // long texts must not keep the window wide
         bar->addPermanentWidget(m_labels[kind]);
         m_labels[kind]->hide(); // adding shows it
     }
+    bar->installEventFilter(this);
 }
 
 void StatusFacts::set(Kind kind, const QString &port, const QString &detail)
 {
     m_facts[kind].insert(port, detail);
-    refresh(kind);
+    refresh();
 }
 
 void StatusFacts::clear(Kind kind, const QString &port)
 {
     if (m_facts[kind].remove(port) > 0)
-        refresh(kind);
+        refresh();
 }
 
 void StatusFacts::replace(Kind kind, const QMap<QString, QString> &facts)
@@ -67,7 +76,7 @@ void StatusFacts::replace(Kind kind, const QMap<QString, QString> &facts)
     if (facts == m_facts[kind])
         return;
     m_facts[kind] = facts;
-    refresh(kind);
+    refresh();
 }
 
 QString StatusFacts::text(Kind kind) const
@@ -77,7 +86,23 @@ QString StatusFacts::text(Kind kind) const
     return translated(texts[kind].label).arg(ports(kind).join(QStringLiteral(", ")));
 }
 
-void StatusFacts::refresh(Kind kind)
+bool StatusFacts::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_bar && event->type() == QEvent::Resize)
+        refresh();
+    return QObject::eventFilter(watched, event);
+}
+
+void StatusFacts::refresh()
+{
+    const auto told = std::count_if(std::begin(m_facts), std::end(m_facts),
+        [](const QMap<QString, QString> &facts) { return !facts.isEmpty(); });
+    const int share = m_bar->width() * labelShare / 100 / std::max(static_cast<int>(told), 1);
+    for (int kind = 0; kind < KindCount; ++kind)
+        show(static_cast<Kind>(kind), std::max(share, narrowestLabel));
+}
+
+void StatusFacts::show(Kind kind, int widest)
 {
     QLabel *label = m_labels[kind];
     const QString whole = text(kind);
@@ -86,7 +111,7 @@ void StatusFacts::refresh(Kind kind)
         if (!detail.isEmpty())
             tip.append(detail);
     }
-    label->setText(label->fontMetrics().elidedText(whole, Qt::ElideRight, widestLabel));
+    label->setText(label->fontMetrics().elidedText(whole, Qt::ElideRight, widest));
     label->setToolTip(tip.join(QLatin1Char('\n')));
     label->setVisible(!whole.isEmpty());
 }

@@ -26,9 +26,14 @@ public:
     /// What the label of `kind` says; empty while it is hidden.
     QString text(Kind kind) const;
 
-private:
-    void refresh(Kind kind);
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
+private:
+    void refresh();
+    void show(Kind kind, int widest);
+
+    QStatusBar *m_bar; // not owned, outlives this
     QMap<QString, QString> m_facts[KindCount]; // port name to detail
     QLabel *m_labels[KindCount] = {};
 };
