@@ -13,6 +13,7 @@ namespace {
 constexpr int markWidth = 9; // px, the stroke in a curve's colour before its name
 constexpr int markHeight = 3;
 constexpr int lineHeight = 13;
+constexpr int lowestLine = 10; // lower ones would touch
 constexpr int entryGap = 4;
 constexpr int textGap = 2;
 constexpr int numberWidth = 14;
@@ -98,19 +99,30 @@ void LegendPainter::paintEntries(const QVector<GraphScene::Entry> &entries, cons
 {
     if (entries.isEmpty())
         return;
-    const int line = qMin(lineHeight, (column.height() - 2) / (2 * entries.size()));
-    const int gap = qBound(0, (column.height() - 2 * line * entries.size()) / entries.size(), entryGap);
+    const int room = (column.height() - 2) / entries.size(); // of one entry
+    const bool named = room >= 2 * lowestLine; // in a low window the colour and the unit tell what a value is
+    const int line = qMin(lineHeight, named ? room / 2 : room);
+    const int height = named ? 2 * line : line;
+    const int gap = qBound(0, room - height, entryGap);
     int top = column.top();
     for (const GraphScene::Entry &entry : entries) {
-        const QRect name(column.left() + markWidth + 2, top, column.width() - markWidth - 2, line);
-        p->fillRect(QRect(column.left() + 1, name.center().y(), markWidth - 1, markHeight), entry.colour);
-        p->setPen(c.colours.readable(entry.colour));
-        p->setFont(GraphCanvas::fittedFont(8, entry.name, name.width()));
-        p->drawText(name, Qt::AlignLeft | Qt::AlignVCenter, entry.name);
-        const QRect value(column.left(), top + line, column.width() - 2, line);
+        const QRect first(column.left() + markWidth + 2, top, column.width() - markWidth - 4, line);
+        p->fillRect(QRect(column.left() + 1, first.center().y(), markWidth - 1, markHeight), entry.colour);
+        if (named) {
+            p->setPen(c.colours.readable(entry.colour));
+            paintText(entry.name, first, Qt::AlignLeft | Qt::AlignVCenter);
+        }
         p->setPen(c.colours.text());
-        p->setFont(GraphCanvas::fittedFont(8, entry.value, value.width()));
-        p->drawText(value, numberAlignment, entry.value);
-        top += 2 * line + gap;
+        paintText(entry.value, named ? QRect(column.left(), top + line, column.width() - 2, line) : first,
+            numberAlignment);
+        top += height + gap;
     }
+}
+
+void LegendPainter::paintText(const QString &text, const QRect &line, int alignment)
+{
+    QFont font = GraphCanvas::fittedFont(8, text, line.width());
+    font.setPixelSize(qMin(font.pixelSize(), qMax(smallestFont, line.height() - 1)));
+    p->setFont(font);
+    p->drawText(line, alignment, text);
 }

@@ -14,6 +14,7 @@ private:
     void paintCells(const GraphScene &scene);
     void paintRow(const GraphScene::Entry &entry, const QRect &row, QFont font);
     void paintEntries(const QVector<GraphScene::Entry> &entries, const QRect &column);
+    void paintText(const QString &text, const QRect &line, int alignment);
 
     const GraphCanvas &c;
     QPainter *p;
