@@ -175,3 +175,11 @@ void ActionSet::setRangeEnabled(ActionId first, ActionId last, bool enabled) con
     for (auto id = size_t(first); id <= size_t(last); ++id)
         setEnabled(ActionId(id), enabled);
 }
+
+void ActionSet::enableWindowCommands(bool enabled) const
+{
+    for (ActionId id : {ActionId::SaveAs, ActionId::SaveSession, ActionId::Close, ActionId::CloseAll,
+             ActionId::Tile, ActionId::Cascade, ActionId::Next, ActionId::Previous})
+        setEnabled(id, enabled);
+    (*this)[ActionId::Separator]->setVisible(enabled);
+}

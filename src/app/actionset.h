@@ -60,6 +60,8 @@ public:
     void setEnabled(ActionId id, bool enabled) const;
     /// Enables or disables all actions from `first` to `last`, both included.
     void setRangeEnabled(ActionId first, ActionId last, bool enabled) const;
+    /// Enables or disables the commands that need a graph window.
+    void enableWindowCommands(bool enabled) const;
 
 private:
     std::array<QAction *, size_t(ActionId::Count)> m_actions = {};

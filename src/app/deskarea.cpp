@@ -25,9 +25,13 @@ DeskArea::DeskArea(QWidget *parent)
     connect(this, SIGNAL(subWindowActivated(QMdiSubWindow*)), viewport(), SLOT(update()));
 }
 
-void DeskArea::setHint(const QString &hint)
+void DeskArea::tellPorts(const QStringList &ports)
 {
-    m_hint = hint;
+    const QString state = ports.isEmpty()
+        ? tr("No port is listened on\nChoose the ports of your devices: File > Preferences.")
+        : tr("Listening on %1\nA window opens as soon as a device sends.")
+              .arg(ports.join(QStringLiteral(", ")));
+    m_hint = state + QLatin1Char('\n') + tr("Saved recordings: File > Open file, or drop them here.");
     viewport()->update();
 }
 
@@ -42,7 +46,7 @@ void DeskArea::paintEvent(QPaintEvent *event)
     // Not through setBackground(): the style sheet's polishing would put its own brush back.
     QPainter painter(viewport());
     painter.fillRect(event->rect(), m_black ? QColor(0x2b, 0x2e, 0x33) : QColor(0xe4, 0xe7, 0xeb));
-    if (m_hint.isEmpty() || !subWindowList().isEmpty())
+    if (!subWindowList().isEmpty())
         return;
     const QRect area = viewport()->rect().adjusted(30, 20, -30, -20);
     QFont heading = font();

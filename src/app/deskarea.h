@@ -9,15 +9,14 @@ class DeskArea : public QMdiArea {
 public:
     explicit DeskArea(QWidget *parent);
 
-    /// Text shown while no window is open; its first line is the heading.
-    void setHint(const QString &hint);
-    QString hint() const { return m_hint; }
+    /// The ports that are listened on; the hint of an empty area names them, or says how to choose some.
+    void tellPorts(const QStringList &ports);
     void setBlack(bool black);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    QString m_hint;
+    QString m_hint; ///< its first line is the heading
     bool m_black = true;
 };

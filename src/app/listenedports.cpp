@@ -152,34 +152,34 @@ void ListenedPorts::synchronise(const QStringList &ports)
     emit changed();
 }
 
-void ListenedPorts::arrive(const QString &portName, const QString &description)
+void ListenedPorts::arrive(const PortInfo &port)
 {
-    if (!portName.startsWith(portPrefix))
+    if (!port.name.startsWith(portPrefix))
         return;
-    qDebug() << "Nowe urządzenie:" << portName;
-    if (startupPorts.contains(portName))
+    qDebug() << "Nowe urządzenie:" << port.name;
+    if (startupPorts.contains(port.name))
         return;
-    if (VarnelSettings().ports().contains(portName))
-        listenOnArrival(portName);
+    if (VarnelSettings().ports().contains(port.name))
+        listenOnArrival(port.name);
     else
-        questions->ask(portName, description);
+        questions->ask(port.name, port.description);
 }
 
-void ListenedPorts::leave(const QString &portName, const QString &description)
+void ListenedPorts::leave(const PortInfo &port)
 {
-    qDebug() << "Wylaczane urzadzenie:" << description;
-    questions->withdraw(portName);
-    retries->stop(portName);
-    host->forgetFailure(portName);
-    if (SerialReader *reader = readerFor(portName)) {
+    qDebug() << "Wylaczane urzadzenie:" << port.description;
+    questions->withdraw(port.name);
+    retries->stop(port.name);
+    host->forgetFailure(port.name);
+    if (SerialReader *reader = readerFor(port.name)) {
         remove(reader, true);
-        facts->set(StatusFacts::Lost, portName);
-        emit message(tr("Stop listening on port %1. Port is removed.").arg(portName), messageTime);
+        facts->set(StatusFacts::Lost, port.name);
+        emit message(tr("Stop listening on port %1. Port is removed.").arg(port.name), messageTime);
     }
-    startupPorts.removeAll(portName);
-    if (pendingPort == portName) {
+    startupPorts.removeAll(port.name);
+    if (pendingPort == port.name) {
         pendingPort.clear();
-        facts->clear(StatusFacts::Paused, portName);
+        facts->clear(StatusFacts::Paused, port.name);
     }
     emit changed();
 }

@@ -4,6 +4,7 @@
 #include <QStringList>
 #include <QVector>
 
+struct PortInfo;
 class MdiGraphChild;
 class PortQuestions;
 class PortRetries;
@@ -36,11 +37,13 @@ public:
     void pauseOrResume(MdiGraphChild *active);
     /// After the preferences: listens on `ports` and no other.
     void synchronise(const QStringList &ports);
-    /// A port of the host came or went.
-    void arrive(const QString &portName, const QString &description);
-    void leave(const QString &portName, const QString &description);
     /// At exit: closes every port, without a word.
     void closeAll();
+
+public slots:
+    /// A port of the host came or went.
+    void arrive(const PortInfo &port);
+    void leave(const PortInfo &port);
 
 signals:
     void message(const QString &text, int timeout);

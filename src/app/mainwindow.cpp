@@ -8,6 +8,7 @@
 #include "app/documents.h"
 #include "app/endnotice.h"
 #include "app/figures.h"
+#include "app/filedrops.h"
 #include "app/graphprinting.h"
 #include "app/graphwindows.h"
 #include "app/journalnotice.h"
@@ -34,29 +35,15 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDragEnterEvent>
 #include <QMdiSubWindow>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
-#include <QUrl>
 
 namespace {
 
 constexpr QSize firstSize(1180, 760); // before a size was ever saved
-
-QStringList droppedFiles(const QMimeData *data)
-{
-    QStringList files;
-    const QList<QUrl> urls = data->urls();
-    for (const QUrl &url : urls) {
-        if (url.isLocalFile())
-            files.append(url.toLocalFile());
-    }
-    return files;
-}
 
 } // namespace
 
@@ -68,13 +55,12 @@ MainWindow::MainWindow()
     createStatusBar();
     connectParts();
     updateMenus();
-    setAcceptDrops(true);
     setWindowIcon(QIcon(QStringLiteral(":/Icons/varnel.png")));
     setUnifiedTitleAndToolBarOnMac(true);
     readSettings();
     switches->disableViews();
     ports->noteStartupPorts();
-    refreshHint();
+    listenedPortsChanged();
     QTimer::singleShot(0, this, SLOT(recordingOnStart()));
     setWindowTitle(tr("Varnel Graph %1").arg(QCoreApplication::applicationVersion()));
 }
@@ -164,7 +150,7 @@ void MainWindow::connectParts()
     connect(displays, SIGNAL(capacityClosed()), switches, SLOT(barGraphClosed()));
     connect(displays, SIGNAL(voltageClosed()), switches, SLOT(graphClosed()));
     connect(displays, SIGNAL(powerClosed()), switches, SLOT(powerClosed()));
-    connect(ports, SIGNAL(changed()), this, SLOT(refreshHint()));
+    connect(ports, SIGNAL(changed()), this, SLOT(listenedPortsChanged()));
     connect(ports, SIGNAL(changed()), remoteControls, SLOT(refresh()));
     // Queued: a new window is current before its reader is attached.
     connect(graphs, SIGNAL(currentChanged()), remoteControls, SLOT(refresh()), Qt::QueuedConnection);
@@ -172,8 +158,9 @@ void MainWindow::connectParts()
     connect(commands, SIGNAL(waitBegun()), endNotice, SLOT(hold()));
     connect(commands, SIGNAL(waitEnded()), endNotice, SLOT(release()));
     connect(readerHost, SIGNAL(lost(QString)), watcher, SLOT(noteLost(QString)));
-    connect(watcher, SIGNAL(arrived(PortInfo)), this, SLOT(portArrived(PortInfo)));
-    connect(watcher, SIGNAL(removed(PortInfo)), this, SLOT(portRemoved(PortInfo)));
+    connect(watcher, SIGNAL(arrived(PortInfo)), ports, SLOT(arrive(PortInfo)));
+    connect(watcher, SIGNAL(removed(PortInfo)), ports, SLOT(leave(PortInfo)));
+    connect(new FileDrops(this), SIGNAL(dropped(QStringList)), this, SLOT(openFiles(QStringList)));
 }
 
 void MainWindow::readSettings()
@@ -220,18 +207,6 @@ void MainWindow::resizeEvent(QResizeEvent *event)
     ShellMenus::fitToolBars(this, mainToolBar, dataToolBar);
 }
 
-void MainWindow::dragEnterEvent(QDragEnterEvent *event)
-{
-    if (!droppedFiles(event->mimeData()).isEmpty())
-        event->acceptProposedAction();
-}
-
-void MainWindow::dropEvent(QDropEvent *event)
-{
-    openFiles(droppedFiles(event->mimeData()));
-    event->acceptProposedAction();
-}
-
 MdiGraphChild *MainWindow::activeMdiChild() const
 {
     return graphs->current();
@@ -266,21 +241,12 @@ void MainWindow::setBlackBack()
 
 void MainWindow::updateMenus()
 {
-    const bool hasChild = activeMdiChild() != nullptr;
-    for (ActionId id : {ActionId::SaveAs, ActionId::SaveSession, ActionId::Close, ActionId::CloseAll,
-             ActionId::Tile, ActionId::Cascade, ActionId::Next, ActionId::Previous})
-        actions->setEnabled(id, hasChild);
-    (*actions)[ActionId::Separator]->setVisible(hasChild);
+    actions->enableWindowCommands(activeMdiChild() != nullptr);
 }
 
 void MainWindow::updateWindowMenu()
 {
-    windowMenu->clear();
-    windowMenu->addAction((*actions)[ActionId::Recording]);
-    backgroundMenu = std::make_unique<QMenu>(tr("Background color"));
-    ShellMenus::fill(backgroundMenu.get(), ShellMenus::background, *actions);
-    windowMenu->addMenu(backgroundMenu.get());
-    ShellMenus::fill(windowMenu, ShellMenus::window, *actions);
+    backgroundMenu = ShellMenus::fillWindowMenu(windowMenu, *actions);
 }
 
 void MainWindow::printCapComp()
@@ -514,31 +480,15 @@ void MainWindow::tellNoPort()
 
 void MainWindow::onDeviceDiscovered(QSerialPortInfo portInfo)
 {
-    ports->arrive(portInfo.portName(), portInfo.description());
+    ports->arrive({portInfo.portName(), portInfo.description(), QString()});
 }
 
 void MainWindow::onDeviceRemoved(QSerialPortInfo portInfo)
 {
-    ports->leave(portInfo.portName(), portInfo.description());
+    ports->leave({portInfo.portName(), portInfo.description(), QString()});
 }
 
-void MainWindow::portArrived(const PortInfo &port)
+void MainWindow::listenedPortsChanged()
 {
-    ports->arrive(port.name, port.description);
-}
-
-void MainWindow::portRemoved(const PortInfo &port)
-{
-    ports->leave(port.name, port.description);
-}
-
-void MainWindow::refreshHint()
-{
-    const QStringList names = ports->portNames();
-    const QString files = tr("Saved recordings: File > Open file, or drop them here.");
-    const QString hint = names.isEmpty()
-        ? tr("No port is listened on\nChoose the ports of your devices: File > Preferences.")
-        : tr("Listening on %1\nA window opens as soon as a device sends.")
-              .arg(names.join(QStringLiteral(", ")));
-    mdiArea->setHint(hint + QLatin1Char('\n') + files);
+    mdiArea->tellPorts(ports->portNames());
 }

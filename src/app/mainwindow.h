@@ -9,7 +9,6 @@
 
 #include <memory>
 
-struct PortInfo;
 class ActionSet;
 class DataToolBar;
 class DeskArea;
@@ -53,8 +52,6 @@ public:
     /// A new graph window, placed and current.
     MdiGraphChild *createMdiChild();
 
-    /// Opens data files in graph windows of their own.
-    void openFiles(const QStringList &files);
     const ActionSet &actionSet() const { return *actions; }
     const ListenedPorts &listenedPorts() const { return *ports; }
     const Recordings &liveRecordings() const { return *recordings; }
@@ -88,14 +85,14 @@ public slots:
     void onPlayUserMP3();
     void endProcess(int mPlayEndId);
     void endProcessMessage();
+    /// Opens data files in graph windows of their own.
+    void openFiles(const QStringList &files);
     /// Another start of the program: comes to the front and opens `files`.
     void comeForward(const QStringList &files);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
-    void dragEnterEvent(QDragEnterEvent *event) override;
-    void dropEvent(QDropEvent *event) override;
 
 private slots:
     void openFile();
@@ -123,10 +120,7 @@ private slots:
     void toolBarStop();
     void onDeviceDiscovered(QSerialPortInfo portInfo);
     void onDeviceRemoved(QSerialPortInfo portInfo);
-    /// As onDeviceDiscovered() and onDeviceRemoved(), for ports that the system's own list may not hold.
-    void portArrived(const PortInfo &port);
-    void portRemoved(const PortInfo &port);
-    void refreshHint();
+    void listenedPortsChanged();
 
 private:
     void tellNoPort();

@@ -20,6 +20,13 @@ const QVector<MenuEntry> mainToolBar = {ActionId::Open, ActionId::SaveAs, Action
     gap, ActionId::Temperature, ActionId::Delta, ActionId::Resistance, gap, ActionId::Balancer,
     ActionId::Average, ActionId::SelectedCells, ActionId::Power, MenuEntry(MenuEntry::EnergyButton)};
 
+const QVector<MenuEntry> background = {ActionId::White, ActionId::Black};
+
+// What follows Recording and the background. The separator action goes with the commands on windows; an action
+// stands in a menu once, where it was added last.
+const QVector<MenuEntry> window = {gap, ActionId::Separator, ActionId::Close, ActionId::CloseAll, gap,
+    ActionId::Tile, ActionId::Cascade, gap, ActionId::Next, ActionId::Previous, ActionId::Separator};
+
 void addEnergyButton(QToolBar *bar, const ActionSet &actions)
 {
     auto *button = new QToolButton(bar);
@@ -32,12 +39,6 @@ void addEnergyButton(QToolBar *bar, const ActionSet &actions)
 
 const QVector<MenuEntry> file
     = {ActionId::Open, ActionId::SaveAs, ActionId::Preferences, ActionId::SetTime, gap, ActionId::Exit};
-
-const QVector<MenuEntry> background = {ActionId::White, ActionId::Black};
-
-// The separator action goes with the commands on windows; an action stands in a menu once, where it was added last.
-const QVector<MenuEntry> window = {gap, ActionId::Separator, ActionId::Close, ActionId::CloseAll, gap,
-    ActionId::Tile, ActionId::Cascade, gap, ActionId::Next, ActionId::Previous, ActionId::Separator};
 
 const QVector<MenuEntry> print
     = {ActionId::PrintCapacity, ActionId::PrintVoltage, ActionId::PrintBars, ActionId::PrintPlot};
@@ -56,6 +57,17 @@ void fill(QMenu *menu, const QVector<MenuEntry> &entries, const ActionSet &actio
         else
             menu->addAction(actions[entry.action]);
     }
+}
+
+std::unique_ptr<QMenu> fillWindowMenu(QMenu *menu, const ActionSet &actions)
+{
+    menu->clear();
+    menu->addAction(actions[ActionId::Recording]);
+    auto colours = std::make_unique<QMenu>(QCoreApplication::translate("MainWindow", "Background color"));
+    fill(colours.get(), background, actions);
+    menu->addMenu(colours.get());
+    fill(menu, window, actions);
+    return colours;
 }
 
 QToolBar *createMainToolBar(QMainWindow *mainWindow, const ActionSet &actions)

@@ -4,6 +4,8 @@
 
 #include <QVector>
 
+#include <memory>
+
 class QMainWindow;
 class QMenu;
 class QToolBar;
@@ -31,14 +33,14 @@ struct MenuEntry {
 namespace ShellMenus {
 
 extern const QVector<MenuEntry> file;
-extern const QVector<MenuEntry> background;
-extern const QVector<MenuEntry> window; ///< follows Recording and the background sub-menu
 extern const QVector<MenuEntry> print;
 extern const QVector<MenuEntry> help;
 extern const QVector<MenuEntry> view; ///< the view switches, which the tool bar gives to the mouse only
 
 /// Appends `entries` to `menu`.
 void fill(QMenu *menu, const QVector<MenuEntry> &entries, const ActionSet &actions);
+/// Fills `menu` anew. Returns its background sub-menu, which has no parent.
+std::unique_ptr<QMenu> fillWindowMenu(QMenu *menu, const ActionSet &actions);
 /// The bar of commands and view switches, added to the top of `window`.
 QToolBar *createMainToolBar(QMainWindow *window, const ActionSet &actions);
 /// Gives `second` a line of its own where `window` is too narrow for it beside `first`, and takes it back.

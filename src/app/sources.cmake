@@ -8,6 +8,7 @@ target_sources(varnel_gui PRIVATE
     app/displaywindows.cpp app/displaywindows.h
     app/documents.cpp app/documents.h
     app/figures.cpp app/figures.h
+    app/filedrops.cpp app/filedrops.h
     app/filequeue.cpp app/filequeue.h
     app/graphexports.cpp app/graphexports.h
     app/graphfile.cpp app/graphfile.h
