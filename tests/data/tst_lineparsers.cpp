@@ -1,6 +1,7 @@
 #include "data/varnel3data.h"
 
 #include "data/recordflags.h"
+#include "support/columns.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -78,8 +79,7 @@ private slots:
 
 void TestLineParsers::dialects_data()
 {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("record");
+    columns<QString, QString>({"line", "record"});
     const auto row = [](const char *name, const QString &line, const char *record) {
         QTest::newRow(name) << line << QString::fromLatin1(record);
     };
@@ -126,56 +126,45 @@ void TestLineParsers::dialects()
 
 void TestLineParsers::refused_data()
 {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<int>("device"); // as the record is left
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<int>("cellCount");
-    QTest::addColumn<int>("cellType");
+    // left: device, mode, cell count and chemistry of the record then
+    columns<QString, QVector<int>>({"line", "left"});
+    const auto row = [](const char *name, const QString &line, const QVector<int> &left) {
+        QTest::newRow(name) << line << left;
+    };
     const QString good = chargerLine("#06D05_____0", plainFigures);
-    const int none = Varnel3Data::NoMode;
-    const int unset = 7; // the record holds 7 cells and chemistry 7 before
-    QTest::newRow("empty") << QString() << 4 << 0 << unset << unset;
-    QTest::newRow("no hash") << good.mid(1) << 4 << 0 << unset << unset;
-    QTest::newRow("blank in front") << QLatin1Char(' ') + good << 4 << 0 << unset << unset;
-    QTest::newRow("38 fields") << good.left(good.lastIndexOf(QLatin1Char(','))) << 4 << 0 << unset << unset;
-    QTest::newRow("40 fields") << good + QLatin1Char(',') << 4 << 0 << unset << unset;
-    QTest::newRow("400 fields") << good + QString(361, QLatin1Char(',')) << 4 << 0 << unset << unset;
-    QTest::newRow("short head") << withField(good, 0, QStringLiteral("#06D05_____")) << 0 << 0 << unset
-                                << unset;
-    QTest::newRow("cell count") << withField(good, 0, QStringLiteral("#xxD05_____0")) << 0 << 0 << unset
-                                << unset;
-    QTest::newRow("mode letter") << withField(good, 0, QStringLiteral("#06X05_____0")) << 0 << none << 6
-                                 << unset;
-    QTest::newRow("chemistry") << withField(good, 0, QStringLiteral("#06D13_____0")) << 0 << 1 << 6 << 13;
-    QTest::newRow("chemistry no number")
-        << withField(good, 0, QStringLiteral("#06D x_____0")) << 0 << 1 << 6 << unset;
-    QTest::newRow("balancing current")
-        << withField(good, 0, QStringLiteral("#06D05______")) << 0 << 1 << 6 << 5;
-    QTest::newRow("byte-order mark") << withField(good, 1, QString(QChar(0xfeff)) + QLatin1Char('1')) << 0
-                                     << 1 << 6 << 5;
+    const auto withHead = [&good](const char *head) { return withField(good, 0, QLatin1String(head)); };
+    constexpr int none = Varnel3Data::NoMode;
+    constexpr int unset = 7; // the record holds 7 cells and chemistry 7 before
+    const QVector<int> untouched{4, 0, unset, unset};
+    row("empty", QString(), untouched);
+    row("no hash", good.mid(1), untouched);
+    row("blank in front", QLatin1Char(' ') + good, untouched);
+    row("38 fields", good.left(good.lastIndexOf(QLatin1Char(','))), untouched);
+    row("40 fields", good + QLatin1Char(','), untouched);
+    row("400 fields", good + QString(361, QLatin1Char(',')), untouched);
+    row("short head", withHead("#06D05_____"), {0, 0, unset, unset});
+    row("cell count", withHead("#xxD05_____0"), {0, 0, unset, unset});
+    row("mode letter", withHead("#06X05_____0"), {0, none, 6, unset});
+    row("chemistry", withHead("#06D13_____0"), {0, 1, 6, 13});
+    row("chemistry no number", withHead("#06D x_____0"), {0, 1, 6, unset});
+    row("balancing current", withHead("#06D05______"), {0, 1, 6, 5});
+    row("byte-order mark", withField(good, 1, QString(QChar(0xfeff)) + QLatin1Char('1')), {0, 1, 6, 5});
     for (int field = 1; field <= 7 + 2 * 6; field = field < 7 ? field + 1 : field + 2) {
-        QTest::addRow("empty field %d", field) << withField(good, field, QString()) << 0 << 1 << 6 << 5;
-        QTest::addRow("overflow in field %d", field)
-            << withField(good, field, QStringLiteral("3000000000")) << 0 << 1 << 6 << 5;
+        for (const char *value : {"", "3000000000"})
+            QTest::addRow("field %d: %s", field, value)
+                << withField(good, field, QLatin1String(value)) << QVector<int>{0, 1, 6, 5};
     }
-    QTest::newRow("two: short head") << QStringLiteral("#c060500123,25200+02000,025,01234") << 2 << 0 << unset
-                                     << unset;
-    QTest::newRow("two: mode letter")
-        << QStringLiteral("#b0605 00123,25200+02000,025,01234") << 2 << none << unset << unset;
-    QTest::newRow("two: chemistry 0")
-        << QStringLiteral("#d0600 00123,25200+02000,025,01234") << 2 << 1 << 6 << 13;
-    QTest::newRow("two: chemistry 13")
-        << QStringLiteral("#d0613 00123,25200+02000,025,01234") << 2 << 1 << 6 << 13;
-    QTest::newRow("two: forming, cut short")
-        << QStringLiteral("#f0605 00123,2520,025,01234") << 2 << 1 << 6 << 4;
-    QTest::newRow("two: last field") << QStringLiteral("#d0605 00123,25200+02000,025,") << 2 << 1 << 6 << 4;
-    QTest::newRow("two plus: only a sign")
-        << QStringLiteral("#f0605 00123,25200,+,025,01234") << 1 << 0 << 6 << 4;
-    QTest::newRow("balancer: long head") << balancerLine("#t0206D04000") << 3 << 0 << unset << unset;
-    QTest::newRow("balancer: chemistry") << balancerLine("#t0209D4000") << 3 << 2 << 2 << 13;
-    QTest::newRow("balancer: cell")
-        << balancerLine("#t0206D4000").replace(QLatin1String("4002"), QLatin1String("4oo2")) << 3 << 2 << 2
-        << 5;
+    row("two: short head", "#c060500123,25200+02000,025,01234", {2, 0, unset, unset});
+    row("two: mode letter", "#b0605 00123,25200+02000,025,01234", {2, none, unset, unset});
+    row("two: chemistry 0", "#d0600 00123,25200+02000,025,01234", {2, 1, 6, 13});
+    row("two: chemistry 13", "#d0613 00123,25200+02000,025,01234", {2, 1, 6, 13});
+    row("two: forming, cut short", "#f0605 00123,2520,025,01234", {2, 1, 6, 4});
+    row("two: last field", "#d0605 00123,25200+02000,025,", {2, 1, 6, 4});
+    row("two plus: only a sign", "#f0605 00123,25200,+,025,01234", {1, 0, 6, 4});
+    row("balancer: long head", balancerLine("#t0206D04000"), {3, 0, unset, unset});
+    row("balancer: chemistry", balancerLine("#t0209D4000"), {3, 2, 2, 13});
+    row("balancer: cell", balancerLine("#t0206D4000").replace(QLatin1String("4002"), QLatin1String("4oo2")),
+        {3, 2, 2, 5});
 }
 
 void TestLineParsers::refused()
@@ -185,18 +174,13 @@ void TestLineParsers::refused()
     record.mode = Varnel3Data::Charge;
     record.cellCount = record.cellType = 7;
     QVERIFY(!record.parseLine(line));
-    QTEST(record.device, "device");
-    QTEST(record.mode, "mode");
-    QTEST(record.cellCount, "cellCount");
-    QTEST(record.cellType, "cellType");
+    QTEST((QVector<int>{record.device, record.mode, record.cellCount, record.cellType}), "left");
     QCOMPARE(record.flag5, record.device == Varnel3Data::Tandor ? 'B' : '_');
 }
 
 void TestLineParsers::energyCountsInTens_data()
 {
-    QTest::addColumn<QString>("field");
-    QTest::addColumn<char>("flag2");
-    QTest::addColumn<int>("energy");
+    columns<QString, char, int>({"field", "flag2", "energy"});
     QTest::newRow("plain") << "01234" << '_' << 1234;
     QTest::newRow("tens") << "01234" << '1' << 12340;
     QTest::newRow("beyond 32 bits") << "2000000000" << '1' << INT_MAX;
@@ -227,8 +211,8 @@ void TestLineParsers::flagsTravelUnchanged()
 
 void TestLineParsers::cellsAreReadInclusively_data()
 {
-    QTest::addColumn<QString>("count");
-    QTest::addColumn<int>("read"); // cells that the line overwrites
+    // read: cells that the line overwrites
+    columns<QString, int>({"count", "read"});
     QTest::newRow("-5") << "-5" << 0;
     QTest::newRow("0") << "00" << 1;
     QTest::newRow("6") << "06" << 7;
@@ -259,8 +243,7 @@ void TestLineParsers::cellsAreReadInclusively()
 
 void TestLineParsers::statistics_data()
 {
-    QTest::addColumn<QString>("head");
-    QTest::addColumn<QVector<int>>("maxMinAverageBalance");
+    columns<QString, QVector<int>>({"head", "maxMinAverageBalance"});
     QTest::newRow("six cells") << "#06C05____B0" << QVector<int>{4105, 4100, 4102, 50};
     QTest::newRow("one cell") << "#01C05____B0" << QVector<int>{4100, 4100, 4100, 0};
     QTest::newRow("sixteen") << "#16C05____B0" << QVector<int>{4115, 4100, 4107, 100};
@@ -305,8 +288,8 @@ void TestLineParsers::balancerSumsItsCells()
 
 void TestLineParsers::chemistryCodes_data()
 {
-    QTest::addColumn<QString>("line"); // %1 is the code
-    QTest::addColumn<QString>("names"); // of the codes 0 to 13, "-" where refused
+    // line: %1 is the code; names: of the codes 0 to 13, "-" where refused
+    columns<QString, QString>({"line", "names"});
     QTest::newRow("charger") << chargerLine("#06C%1_____0", plainFigures)
                              << "NiCd NiMh Pb RAM LiIo LiPo LiTa LiFe LiS NiZn LiXX LiHV LTO -";
     QTest::newRow("two") << "#c06%1 00123,25200+02000,025,01234"
@@ -330,10 +313,8 @@ void TestLineParsers::chemistryCodes()
 
 void TestLineParsers::resistanceLine_data()
 {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<bool>("taken");
-    QTest::addColumn<double>("second"); // cell 1, 9.9 before
-    QTest::addColumn<double>("sum");
+    // second: cell 1, 9.9 before
+    columns<QString, bool, double, double>({"line", "taken", "second", "sum"});
     const QString tail = QStringLiteral(",3").repeated(13);
     QTest::newRow("sixteen") << "!12,25,3" + tail << true << 2.5 << 1.2 + 2.5 + 14 * 0.3;
     QTest::newRow("one is none") << "!12,abc,3" + tail << true << 9.9 << 1.2 + 14 * 0.3;

@@ -3,6 +3,7 @@
 #include "data/varnel3data.h"
 
 #include "data/recordflags.h"
+#include "support/columns.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -67,8 +68,8 @@ void TestRecordLine::sixCells()
 
 void TestRecordLine::heads_data()
 {
-    QTest::addColumn<QVector<int>>("codes"); // mode, cell type, cell count, balancing current
-    QTest::addColumn<QString>("head");
+    // codes: mode, cell type, cell count, balancing current
+    columns<QVector<int>, QString>({"codes", "head"});
     QTest::newRow("discharge") << QVector<int>{1, 0, 1, 250} << "#01D00_____1";
     QTest::newRow("balancing") << QVector<int>{2, 12, 16, 1000} << "#16B12_____4";
     QTest::newRow("format, odd current") << QVector<int>{3, 5, 99, 300} << "#99F05_____0";
@@ -127,10 +128,7 @@ void TestRecordLine::hostileNumbersFit()
 
 void TestRecordLine::comesBack_data()
 {
-    QTest::addColumn<int>("energy");
-    QTest::addColumn<QByteArray>("flags");
-    QTest::addColumn<QByteArray>("field");
-    QTest::addColumn<int>("energyBack");
+    columns<int, QByteArray, QByteArray, int>({"energy", "flags", "field", "energyBack"});
     QTest::newRow("plain") << 12345 << QByteArray("_____") << QByteArray("12345") << 12345;
     QTest::newRow("tens") << 12345 << QByteArray("_1___") << QByteArray("01234") << 12340;
     QTest::newRow("per cent signs") << 7 << QByteArray("%2%1%") << QByteArray("00007") << 7;

@@ -1,8 +1,8 @@
 #include "data/varnel3data.h"
 
 #include "data/balanceintegrator.h"
-#include "data/recordflags.h"
 #include "data/timetext.h"
+#include "support/columns.h"
 
 #include <QTest>
 
@@ -11,7 +11,6 @@ class TestVarnel3Data : public QObject {
     Q_OBJECT
 
 private slots:
-    void freshRecordNamesNothing();
     void unknownCodesHaveNoFigures_data();
     void unknownCodesHaveNoFigures();
     void timeIsSplit_data();
@@ -21,26 +20,11 @@ private slots:
     void textHasNoClosingBracket();
     void integratorSumsPerCell();
     void integratorStaysWithinItsRange();
-    void elapsedTimes_data();
-    void elapsedTimes();
 };
-
-void TestVarnel3Data::freshRecordNamesNothing()
-{
-    const Varnel3Data record;
-    QCOMPARE(Varnel3Data::deviceName(record.device), QStringLiteral("None"));
-    QCOMPARE(Varnel3Data::modeName(record.mode), QStringLiteral("None"));
-    QCOMPARE(Varnel3Data::cellTypeName(record.cellType), QStringLiteral("None"));
-    QCOMPARE(flagsOf(record), QByteArrayLiteral("_____"));
-    QVERIFY(!record.hasCellData());
-}
 
 void TestVarnel3Data::unknownCodesHaveNoFigures_data()
 {
-    QTest::addColumn<int>("code");
-    QTest::addColumn<QString>("mode");
-    QTest::addColumn<QString>("chemistry");
-    QTest::addColumn<int>("scaleMax");
+    columns<int, QString, QString, int>({"code", "mode", "chemistry", "scaleMax"});
     QTest::newRow("first") << 0 << "Charge"
                            << "NiCd" << 1850;
     QTest::newRow("no mode") << 5 << "None"
@@ -67,8 +51,7 @@ void TestVarnel3Data::unknownCodesHaveNoFigures()
 
 void TestVarnel3Data::timeIsSplit_data()
 {
-    QTest::addColumn<int>("seconds");
-    QTest::addColumn<QString>("clock");
+    columns<int, QString>({"seconds", "clock"});
     QTest::newRow("an hour and more") << 3725 << "01:02:05";
     QTest::newRow("more than a day") << 100000 << "27:46:40";
     QTest::newRow("largest") << INT_MAX << "596523:14:07";
@@ -82,27 +65,13 @@ void TestVarnel3Data::timeIsSplit()
     QCOMPARE(record.time, seconds);
     QTEST(clockText(record), "clock");
     QTEST(elapsedTimeText(seconds), "clock");
-}
-
-void TestVarnel3Data::elapsedTimes_data()
-{
-    QTest::addColumn<double>("seconds");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("truncated") << 59.99 << "00:00:59";
-    QTest::newRow("before the start") << -0.5 << "        ";
-}
-
-void TestVarnel3Data::elapsedTimes()
-{
-    QFETCH(double, seconds);
-    QTEST(elapsedTimeText(seconds), "text");
+    QCOMPARE(elapsedTimeText(59.99), QStringLiteral("00:00:59"));
+    QCOMPARE(elapsedTimeText(-0.5), QStringLiteral("        "));
 }
 
 void TestVarnel3Data::chargeOfCellsIsClamped_data()
 {
-    QTest::addColumn<int>("cellCount");
-    QTest::addColumn<int>("mAh");
-    QTest::addColumn<int>("total");
+    columns<int, int, int>({"cellCount", "mAh", "total"});
     QTest::newRow("none") << 0 << 0 << 0;
     QTest::newRow("negative") << -5 << 0 << 0;
     QTest::newRow("two") << 2 << 2 << 2 * 720000;

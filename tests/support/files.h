@@ -1,0 +1,27 @@
+#pragma once
+
+#include "files/datafileloader.h"
+
+#include <QFile>
+
+/// All that is in the file; "unreadable" where it can't be opened.
+inline QByteArray contents(const QString &name)
+{
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+}
+
+/// False when not all of `bytes` is in the file.
+inline bool writeFile(const QString &name, const QByteArray &bytes)
+{
+    QFile file(name);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+/// The records of a data file; none where it is none.
+inline RecordList loaded(const QString &name)
+{
+    DataFileLoader loader(name);
+    loader.readAll();
+    return loader.takeRecords();
+}
