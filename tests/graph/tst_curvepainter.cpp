@@ -1,6 +1,7 @@
 #include "graph/curvedata.h"
 #include "graph/curvepainter.h"
 #include "graph/varnelplotcurve.h"
+#include "support/columns.h"
 
 #include <QImage>
 #include <QPainter>
@@ -131,16 +132,11 @@ private slots:
     void loneSampleIsSeen();
     void backwardTimesStayInside();
     void curveIsCutAtItsRectangle();
-    void boundingRectFollowsSamples();
 };
 
 void TestCurvePainter::manySamplesPaintAsLines_data()
 {
-    QTest::addColumn<QString>("wave");
-    QTest::addColumn<int>("count");
-    QTest::addColumn<double>("from");
-    QTest::addColumn<double>("to");
-    QTest::addColumn<int>("width");
+    columns<QString, int, double, double, int>({"wave", "count", "from", "to", "width"});
     for (int width : {1, 2}) {
         for (const char *wave : {"sine", "steps", "noise", "flat", "gaps"}) {
             const auto add = [&](int count, const char *part, double from, double to) {
@@ -178,8 +174,7 @@ void TestCurvePainter::manySamplesPaintAsLines()
 
 void TestCurvePainter::fewSamplesPaintAsCurve_data()
 {
-    QTest::addColumn<QString>("wave");
-    QTest::addColumn<int>("count");
+    columns<QString, int>({"wave", "count"});
     for (const char *wave : {"sine", "steps", "noise", "flat", "gaps"}) {
         for (int count : {2, 17, 300, 600})
             QTest::addRow("%s %d", wave, count) << QString::fromLatin1(wave) << count;
@@ -305,14 +300,6 @@ void TestCurvePainter::curveIsCutAtItsRectangle()
         painter.fillRect(area, Qt::black);
         QCOMPARE(image, canvas());
     }
-}
-
-void TestCurvePainter::boundingRectFollowsSamples()
-{
-    CurveData data({{0, 1}, {2, 3}});
-    QCOMPARE(data.boundingRect(), QRectF(0, 1, 2, 2));
-    data.setSamples({{0, 1}, {2, 7}});
-    QCOMPARE(data.boundingRect(), QRectF(0, 1, 2, 6));
 }
 
 QTEST_MAIN(TestCurvePainter)

@@ -4,6 +4,8 @@
 #include "graph/graphlayout.h"
 #include "graph/timedivision.h"
 #include "graph/valuerange.h"
+#include "support/columns.h"
+#include "support/pixels.h"
 
 #include <QtTest>
 
@@ -30,10 +32,7 @@ private slots:
 
 void TestGraphLayout::placesAreas_data()
 {
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<QRect>("upper");
-    QTest::addColumn<QRect>("lower");
-    QTest::addColumn<int>("valueSteps");
+    columns<QSize, QRect, QRect, int>({"size", "upper", "lower", "valueSteps"});
     QTest::newRow("1000x600") << QSize(1000, 600) << QRect(QPoint(40, 22), QPoint(900, 289))
                               << QRect(QPoint(40, 304), QPoint(900, 571)) << 7;
     QTest::newRow("odd height") << QSize(641, 401) << QRect(QPoint(40, 22), QPoint(541, 189))
@@ -61,10 +60,7 @@ void TestGraphLayout::placesAreas()
 
 void TestGraphLayout::dividesTime_data()
 {
-    QTest::addColumn<int>("width");
-    QTest::addColumn<int>("records");
-    QTest::addColumn<int>("ticks");
-    QTest::addColumn<int>("zoomedTicks");
+    columns<int, int, int, int>({"width", "records", "ticks", "zoomedTicks"});
     QTest::newRow("narrow") << 500 << 100 << 4 << 8;
     QTest::newRow("wide") << 501 << 100 << 8 << 8;
     QTest::newRow("narrow, zoomed") << 449 << 100 << 4 << 4;
@@ -102,9 +98,7 @@ void TestGraphLayout::mapsTimesAndValues()
 
 void TestGraphLayout::cellRowsTileTheLegend_data()
 {
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<int>("cells");
-    QTest::addColumn<bool>("whole");
+    columns<QSize, int, bool>({"size", "cells", "whole"});
     QTest::newRow("few") << QSize(1000, 600) << 6 << false;
     QTest::newRow("sixteen") << QSize(1000, 600) << 16 << false;
     QTest::newRow("four, small") << QSize(300, 200) << 4 << false;
@@ -133,10 +127,7 @@ void TestGraphLayout::cellRowsTileTheLegend()
 
 void TestGraphLayout::ranges_data()
 {
-    QTest::addColumn<double>("minimum");
-    QTest::addColumn<double>("maximum");
-    QTest::addColumn<double>("low");
-    QTest::addColumn<double>("high");
+    columns<double, double, double, double>({"minimum", "maximum", "low", "high"});
     QTest::newRow("wide") << 1.0 << 2.0 << 1.0 << 2.2;
     QTest::newRow("exactly wide") << 1.0 << 1.25 << 1.0 << 1.375;
     QTest::newRow("narrow") << 1.0 << 1.2 << 0.875 << 1.325;
@@ -192,10 +183,7 @@ void TestGraphLayout::cellRangeWidens()
 
 void TestGraphLayout::timesAreRound_data()
 {
-    QTest::addColumn<double>("from");
-    QTest::addColumn<double>("to");
-    QTest::addColumn<int>("most");
-    QTest::addColumn<QVector<double>>("times");
+    columns<double, double, int, QVector<double>>({"from", "to", "most", "times"});
     QTest::newRow("seconds") << 3.5 << 13.5 << 8 << QVector<double>{4, 6, 8, 10, 12};
     QTest::newRow("minutes") << 1000.0 << 2300.0 << 8 << QVector<double>{1200, 1500, 1800, 2100};
     QTest::newRow("hours") << 0.0 << 40000.0 << 4 << QVector<double>{0, 10800, 21600, 32400};
@@ -211,24 +199,6 @@ void TestGraphLayout::timesAreRound()
     QTEST(timeDivisions(from, to, most), "times");
     QVERIFY(timeDivisions(-2e9, 2e9, most).size() <= most + 1);
 }
-
-namespace {
-
-double luminance(const QColor &colour)
-{
-    const auto linear
-        = [](double part) { return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4); };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF())
-        + 0.0722 * linear(colour.blueF());
-}
-
-double contrast(const QColor &a, const QColor &b)
-{
-    const double light = qMax(luminance(a), luminance(b)) + 0.05;
-    return light / (qMin(luminance(a), luminance(b)) + 0.05);
-}
-
-} // namespace
 
 void TestGraphLayout::textsCanBeRead()
 {

@@ -5,6 +5,7 @@
 #include "graph/graphpainter.h"
 #include "graph/graphpicture.h"
 #include "graph/recordings.h"
+#include "support/pixels.h"
 
 #include <QImage>
 #include <QPainter>
@@ -16,6 +17,22 @@ void append(SeriesStore *store, const RecordList &records)
 {
     for (int i = 0; i < records.size(); ++i)
         store->append(records[i]);
+}
+
+// All values the same, one record every five seconds.
+void appendConstant(SeriesStore *store, int count)
+{
+    Varnel3Data record;
+    record.device = Varnel3Data::Varnel3;
+    record.mode = Varnel3Data::Charge;
+    record.temperature = 257;
+    record.internalResistance = 43;
+    record.current = -1500;
+    record.voltage = 7400;
+    for (int i = 0; i < count; ++i) {
+        record.setTime(i * 5);
+        store->append(record);
+    }
 }
 
 QImage drawn(const GraphPicture &picture)
@@ -35,16 +52,6 @@ GraphPicture pictureOf(const SeriesStore &store, bool black = true)
     picture.switches.blackBackground = black;
     picture.windowNumber = 3;
     return picture;
-}
-
-int countOf(const QImage &image, const QRect &rect, const QColor &colour)
-{
-    int count = 0;
-    for (int y = rect.top(); y <= rect.bottom(); ++y) {
-        for (int x = rect.left(); x <= rect.right(); ++x)
-            count += image.pixelColor(x, y) == colour;
-    }
-    return count;
 }
 
 // How far the pixel that is most like `colour` is from it, all channels together.
@@ -91,13 +98,11 @@ class TestGraphPainter : public QObject {
 
 private slots:
     void nothingOfAnEmptyGraph();
-    void badgeHasItsWidth_data();
     void badgeHasItsWidth();
     void chargerColours_data();
     void chargerColours();
     void rightAxisFollowsDeltaMode();
     void balancerViewShowsCells();
-    void statisticsAreLegible_data();
     void statisticsAreLegible();
     void cellSelectionHidesAndMarks();
     void emptyPlotsSayWhy();
@@ -108,7 +113,6 @@ private slots:
     void noFalseFirstStep();
     void zoomShowsAPart();
     void noteComesFirst();
-    void leavesThePainterAsItWas();
     void informationIsComplete();
 };
 
@@ -125,30 +129,20 @@ void TestGraphPainter::nothingOfAnEmptyGraph()
     }
 }
 
-void TestGraphPainter::badgeHasItsWidth_data()
-{
-    QTest::addColumn<int>("number");
-    QTest::addColumn<int>("right");
-    QTest::newRow("one digit") << 9 << 10;
-    QTest::newRow("two digits") << 10 << 14;
-    QTest::newRow("three digits") << 100 << 14;
-}
-
 void TestGraphPainter::badgeHasItsWidth()
 {
-    QFETCH(int, number);
-    QFETCH(int, right);
     const SeriesStore store;
     GraphPicture picture = pictureOf(store);
-    picture.windowNumber = number;
-    const QImage image = drawn(picture);
     const QColor yellow = Qt::yellow;
-    QCOMPARE(image.pixelColor(1, 578), yellow);
-    QCOMPARE(image.pixelColor(right, 598), yellow);
-    QVERIFY(image.pixelColor(right + 1, 598) != yellow);
-    QVERIFY(image.pixelColor(1, 577) != yellow);
-    QVERIFY(image.pixelColor(1, 599) != yellow);
-    QVERIFY(countOf(image, QRect(1, 578, right, 21), yellow) < right * 21 - 10); // the number
+    for (int number : {9, 10, 100}) {
+        const int right = number < 10 ? 10 : 14;
+        picture.windowNumber = number;
+        const QImage image = drawn(picture);
+        QCOMPARE(image.pixelColor(1, 578), yellow);
+        QCOMPARE(image.pixelColor(right, 598), yellow);
+        QCOMPARE(countOf(image, image.rect(), yellow), countOf(image, QRect(1, 578, right, 21), yellow));
+        QVERIFY(countOf(image, QRect(1, 578, right, 21), yellow) < right * 21 - 10); // the number
+    }
 }
 
 void TestGraphPainter::chargerColours_data()
@@ -250,37 +244,34 @@ void TestGraphPainter::balancerViewShowsCells()
     }
 }
 
-void TestGraphPainter::statisticsAreLegible_data()
-{
-    chargerColours_data();
-}
-
 /// Names in the legend's colour after a mark in the curve's, and apart from their values.
 void TestGraphPainter::statisticsAreLegible()
 {
-    QFETCH(bool, black);
     SeriesStore store;
     append(&store, recordings::lipoCharge(400));
-    GraphPicture picture = pictureOf(store, black);
-    picture.switches.balancer = picture.switches.average = true;
-    const QImage image = drawn(picture);
-    const GraphColours colours(black);
-    const CellLegend legend(GraphLayout(picture.size, store.size()), 4);
-    const QColor marks[] = {colours.cellMax(), colours.cellAverage(), colours.cellMin(), colours.cellDelta()};
-    for (int i = 0; i < 4; ++i) {
-        const QRect row = legend.row(i);
-        QVERIFY(countOf(image, row, marks[i]) >= 3 * (row.height() - 2));
-        const QRect name(row.left() + 4, row.top(), 14, row.height());
-        QVERIFY(nearestIn(image, name, colours.heading()) < 100); // thin letters are blended
-        if (marks[i] != colours.cellMin()) // too much like the legend's own colour
-            QVERIFY(nearestIn(image, name, marks[i]) > 100);
-        int widestGap = 0;
-        for (int x = row.left() + 4, gap = 0; x < row.right() - 4; ++x) {
-            const QRect column(x, row.top(), 1, row.height());
-            gap = countOf(image, column, colours.background()) == column.height() ? gap + 1 : 0;
-            widestGap = qMax(widestGap, gap);
+    for (bool black : {true, false}) {
+        GraphPicture picture = pictureOf(store, black);
+        picture.switches.balancer = picture.switches.average = true;
+        const QImage image = drawn(picture);
+        const GraphColours colours(black);
+        const CellLegend legend(GraphLayout(picture.size, store.size()), 4);
+        const QColor marks[]
+            = {colours.cellMax(), colours.cellAverage(), colours.cellMin(), colours.cellDelta()};
+        for (int i = 0; i < 4; ++i) {
+            const QRect row = legend.row(i);
+            QVERIFY(countOf(image, row, marks[i]) >= 3 * (row.height() - 2));
+            const QRect name(row.left() + 4, row.top(), 14, row.height());
+            QVERIFY(nearestIn(image, name, colours.heading()) < 100); // thin letters are blended
+            if (marks[i] != colours.cellMin()) // too much like the legend's own colour
+                QVERIFY(nearestIn(image, name, marks[i]) > 100);
+            int widestGap = 0;
+            for (int x = row.left() + 4, gap = 0; x < row.right() - 4; ++x) {
+                const QRect column(x, row.top(), 1, row.height());
+                gap = countOf(image, column, colours.background()) == column.height() ? gap + 1 : 0;
+                widestGap = qMax(widestGap, gap);
+            }
+            QVERIFY2(widestGap >= 4, qPrintable(QString::number(i)));
         }
-        QVERIFY2(widestGap >= 4, qPrintable(QString::number(i)));
     }
 }
 
@@ -378,16 +369,10 @@ void TestGraphPainter::survivesAnyRecording()
     hostile.voltage = 2000000000;
     hostile.temperature = 2000000000;
     hostile.cells[3].voltage = 1000000000;
-    Varnel3Data equal;
-    equal.device = Varnel3Data::Varnel3;
-    equal.mode = Varnel3Data::Charge;
-    equal.temperature = 200;
-    equal.internalResistance = 40;
     SeriesStore stores[3];
     append(&stores[0], recordings::lipoCharge(count));
+    appendConstant(&stores[1], count);
     for (int i = 0; i < count; ++i) {
-        equal.setTime(i);
-        stores[1].append(equal);
         stores[2].append(hostile); // time stands still too
         hostile.cellCount = -hostile.cellCount;
     }
@@ -409,17 +394,7 @@ void TestGraphPainter::noFalseFirstStep()
 {
     // a constant recording is drawn as level lines only
     SeriesStore store;
-    Varnel3Data record;
-    record.device = Varnel3Data::Varnel3;
-    record.mode = Varnel3Data::Charge;
-    record.temperature = 257;
-    record.internalResistance = 43;
-    record.current = -1500;
-    record.voltage = 7400;
-    for (int i = 0; i < 60; ++i) {
-        record.setTime(i * 5);
-        store.append(record);
-    }
+    appendConstant(&store, 60);
     const GraphPicture picture = pictureOf(store);
     const QImage image = drawn(picture);
     const QRect lower = GraphLayout(picture.size, 60).area(PlotArea::Lower);
@@ -466,21 +441,6 @@ void TestGraphPainter::noteComesFirst()
     QVERIFY(countOf(drawn(picture), line, GraphColours(true).note()) > 50);
     picture.size = QSize(300, 200);
     QCOMPARE(countOf(drawn(picture), QRect(0, 0, 1, 21), Qt::black), 21); // it fits
-}
-
-void TestGraphPainter::leavesThePainterAsItWas()
-{
-    SeriesStore store;
-    append(&store, recordings::lipoCharge(3000));
-    QImage image(1000, 600, QImage::Format_RGB32);
-    QPainter painter(&image);
-    painter.setPen(Qt::blue);
-    painter.translate(3, 4);
-    GraphPainter().paint(&painter, pictureOf(store));
-    QCOMPARE(painter.pen().color(), QColor(Qt::blue));
-    QVERIFY(!painter.hasClipping());
-    painter.fillRect(-3, -4, 1, 1, Qt::red);
-    QCOMPARE(image.pixelColor(0, 0), QColor(Qt::red));
 }
 
 void TestGraphPainter::informationIsComplete()

@@ -1,7 +1,6 @@
 #include "graph/graphfixture.h"
 #include "graph/mdigraphchild.h"
 #include "graph/recordings.h"
-#include "support/warningcollector.h"
 
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -30,7 +29,6 @@ class TestMdiGraphChild : public QObject {
     Q_OBJECT
 
 private slots:
-    void connectsByName();
     void titleFollowsTheFile();
     void tellsEachRecord();
     void flagsLostResistance();
@@ -46,14 +44,6 @@ private slots:
     void coveredWindowsCostNothing();
     void notesSilence();
 };
-
-void TestMdiGraphChild::connectsByName()
-{
-    WarningCollector collector;
-    FakeHost host;
-    MdiGraphChild child(&host);
-    QCOMPARE(collector.warnings(), QStringList());
-}
 
 void TestMdiGraphChild::titleFollowsTheFile()
 {

@@ -1,5 +1,7 @@
 #include "graph/literalseries.h"
 #include "graph/seriesstore.h"
+#include "support/columns.h"
+#include "support/limits.h"
 
 #include <QtTest>
 
@@ -72,7 +74,6 @@ private slots:
     void runningSeriesFollowTheRule();
     void loadedResistanceIsOnePass();
     void balancerTimesAreSynthetic();
-    void sumsBalancedCharge();
     void keepsCellSeriesInStep();
     void survivesHostileCellCounts_data();
     void survivesHostileCellCounts();
@@ -222,26 +223,6 @@ void TestSeriesStore::balancerTimesAreSynthetic()
     QCOMPARE(store.series(SeriesStore::Time)[2], 10.0);
 }
 
-void TestSeriesStore::sumsBalancedCharge()
-{
-    SeriesStore store;
-    Varnel3Data record = cellRecord(2);
-    record.ballansingCurrent = 500;
-    record.cells[0].balance = 100;
-    record.cells[1].balance = 10;
-    record.cells[2].balance = 100; // beyond the cell count
-    for (int time : {100, 160, 820}) {
-        record.setTime(time);
-        store.append(record);
-    }
-    const Varnel3Data &newest = store.records().last();
-    QCOMPARE(newest.cells[0].balanceCharge, 100 * 500 * 720);
-    QCOMPARE(newest.cells[1].balanceCharge, 10 * 500 * 720);
-    QCOMPARE(newest.cells[2].balanceCharge, 0);
-    QCOMPARE(newest.balancedMah, 100);
-    QCOMPARE(store.records()[1].balancedMah, 8);
-}
-
 void TestSeriesStore::keepsCellSeriesInStep()
 {
     SeriesStore store;
@@ -265,8 +246,7 @@ void TestSeriesStore::keepsCellSeriesInStep()
 
 void TestSeriesStore::survivesHostileCellCounts_data()
 {
-    QTest::addColumn<int>("count");
-    QTest::addColumn<int>("series");
+    columns<int, int>({"count", "series"});
     QTest::newRow("negative") << -1 << 0;
     QTest::newRow("none") << 0 << 0;
     QTest::newRow("full") << 16 << 16;
@@ -294,9 +274,7 @@ void TestSeriesStore::survivesHostileCellCounts()
 
 void TestSeriesStore::marksTheEnd_data()
 {
-    QTest::addColumn<int>("device");
-    QTest::addColumn<QVector<int>>("currents");
-    QTest::addColumn<QString>("flags");
+    columns<int, QVector<int>, QString>({"device", "currents", "flags"});
     const QVector<int> gap{5, 5, 5, 5, 0, 5, 5, 0};
     QTest::newRow("gap") << int(Varnel3Data::Varnel2) << gap << "____EEEE";
     QTest::newRow("gap, other model") << int(Varnel3Data::Varnel2Plus) << gap << "____EEEE";
@@ -325,12 +303,7 @@ void TestSeriesStore::marksTheEnd()
 
 void TestSeriesStore::summarisesCapacity_data()
 {
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<int>("count");
-    QTest::addColumn<int>("marked");
-    QTest::addColumn<char>("letter");
-    QTest::addColumn<int>("now");
-    QTest::addColumn<int>("atMark");
+    columns<int, int, int, char, int, int>({"mode", "count", "marked", "letter", "now", "atMark"});
     QTest::newRow("empty") << int(Varnel3Data::Charge) << 0 << -1 << 'C' << 0 << 0;
     QTest::newRow("charge, no mark") << int(Varnel3Data::Charge) << 8 << -1 << 'C' << 700 << 700;
     QTest::newRow("charge, marked") << int(Varnel3Data::Charge) << 8 << 2 << 'C' << 700 << 200;
@@ -420,23 +393,16 @@ void TestSeriesStore::manyRecordingsCostTheirData()
 #ifdef __SANITIZE_ADDRESS__
     QSKIP("the sanitizer keeps memory of its own");
 #endif
-    QFile statm(QStringLiteral("/proc/self/statm"));
-    if (!statm.open(QIODevice::ReadOnly))
-        QSKIP("needs the proc file system");
-    const auto resident = [&statm] {
-        statm.seek(0);
-        return statm.readAll().split(' ').at(1).toLongLong() * 4096;
-    };
     std::vector<SeriesStore> stores(30);
     const int count = 4200;
-    const qint64 before = resident();
+    const qint64 before = residentBytes();
     for (int i = 0; i < count; ++i) {
         for (SeriesStore &store : stores)
             store.append(cellRecord(6));
     }
     const qint64 points = SeriesStore::Cell1 + 6;
     const qint64 data = qint64(stores.size()) * count * (qint64(sizeof(Varnel3Data)) + points * 8);
-    const qint64 beyond = resident() - before - data;
+    const qint64 beyond = residentBytes() - before - data;
     QVERIFY2(beyond < 6000000, qPrintable(QString::number(beyond)));
 }
 
