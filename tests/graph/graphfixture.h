@@ -2,7 +2,6 @@
 
 #include "data/varnel3data.h"
 #include "graph/graphhost.h"
-#include "link/devicelink.h"
 #include "settings/viewstate.h"
 
 #include <QObject>
@@ -40,16 +39,4 @@ public:
 public slots:
     void updateCapacity(int energyNow, char mode, int energyAtMark, int number);
     void updateVoltage() { ++voltageUpdates; }
-};
-
-/// A device that keeps what it is told.
-class FakeLink : public DeviceLink {
-public:
-    void sendCommand(const QString &text) override { commands.append(text); }
-    QString portName() const override { return QStringLiteral("COM7"); }
-    bool isNewProcess() const override { return false; }
-    void detachGraphChild(RecordingSink *) override { ++detached; }
-
-    QStringList commands;
-    int detached = 0;
 };

@@ -1,6 +1,7 @@
 #include "graph/graphfixture.h"
 #include "graph/mdigraphchild.h"
 #include "graph/recordings.h"
+#include "support/fakelink.h"
 
 #include <QMdiArea>
 #include <QMdiSubWindow>

@@ -1,23 +1,14 @@
 #include "link/recordingdispatcher.h"
 
-#include "link/devicelink.h"
 #include "link/fakeshell.h"
 #include "settings/varnelsettings.h"
+#include "support/columns.h"
+#include "support/fakelink.h"
+#include "support/shellfixture.h"
 
-#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
-
-class FakeDevice : public DeviceLink {
-public:
-    void sendCommand(const QString &text) override { commands.append(text); }
-    QString portName() const override { return QStringLiteral("COM7"); }
-    bool isNewProcess() const override { return false; }
-    void detachGraphChild(RecordingSink *) override { }
-
-    QStringList commands;
-};
 
 // Steps of a story that are no lines.
 const auto shutWindow = QStringLiteral("shut");
@@ -38,7 +29,6 @@ class RecordingDispatcherTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
     void init();
     void sortsLinesIntoRecordings_data();
     void sortsLinesIntoRecordings();
@@ -53,26 +43,18 @@ private slots:
 private:
     void tell(const QStringList &story);
 
-    QTemporaryDir profile;
+    ShellFixture fixture;
     std::unique_ptr<FakeShell> shell;
-    std::unique_ptr<FakeDevice> device;
+    std::unique_ptr<FakeLink> device;
     std::unique_ptr<RecordingDispatcher> dispatcher;
 };
-
-void RecordingDispatcherTest::initTestCase()
-{
-    QVERIFY(profile.isValid());
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, profile.path());
-    QCoreApplication::setOrganizationName(QStringLiteral("Test"));
-    QCoreApplication::setApplicationName(QStringLiteral("Dispatcher"));
-}
 
 void RecordingDispatcherTest::init()
 {
     VarnelSettings().clear();
     dispatcher.reset();
     shell = std::make_unique<FakeShell>();
-    device = std::make_unique<FakeDevice>();
+    device = std::make_unique<FakeLink>();
     dispatcher = std::make_unique<RecordingDispatcher>(device.get(), shell.get());
 }
 
@@ -97,8 +79,7 @@ void RecordingDispatcherTest::tell(const QStringList &story)
 
 void RecordingDispatcherTest::sortsLinesIntoRecordings_data()
 {
-    QTest::addColumn<QStringList>("story");
-    QTest::addColumn<QVector<Recording>>("recordings");
+    columns<QStringList, QVector<Recording>>({"story", "recordings"});
     const auto row = [](const char *name, const QStringList &story, const QVector<Recording> &recordings) {
         QTest::newRow(name) << story << recordings;
     };
@@ -160,8 +141,7 @@ void RecordingDispatcherTest::sortsLinesIntoRecordings()
 
 void RecordingDispatcherTest::announcesStartsAndEnds_data()
 {
-    QTest::addColumn<QStringList>("story");
-    QTest::addColumn<QStringList>("calls");
+    columns<QStringList, QStringList>({"story", "calls"});
     const auto ending = [](char letter) { return varnel3Line(6, QStringLiteral("#06C05"), letter); };
     const QString end = ending('E');
 

@@ -2,12 +2,13 @@
 
 #include "link/fakeshell.h"
 #include "settings/varnelsettings.h"
+#include "support/asnobody.h"
 #include "support/ptypair.h"
+#include "support/shellfixture.h"
 #include "support/warningcollector.h"
 
 #include <QSignalSpy>
 #include <QSocketNotifier>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <ctime>
@@ -43,10 +44,8 @@ public slots:
     void commandAndNote(const QString &reply);
 
 private slots:
-    void initTestCase();
     void init();
     void cleanup();
-    void listsPortsByName();
     void speaksAsTheDevicesDo();
     void keepsEveryLine();
     void repliesGoToTheRemoteControl();
@@ -59,7 +58,6 @@ private slots:
     void commandsToAFullLineAreNoLoss();
     void hangUp_data();
     void hangUp();
-    void returnsAfterHangUp();
     void surgeryInsideASignal_data();
     void surgeryInsideASignal();
     void portHeldByAnother();
@@ -69,7 +67,7 @@ private slots:
 private:
     QVector<Recording> recordings() const { return shell->windowRecordings(); }
 
-    QTemporaryDir folder;
+    ShellFixture fixture;
     std::unique_ptr<PtyPair> device;
     std::unique_ptr<FakeShell> shell;
     std::unique_ptr<SerialReader> reader;
@@ -77,19 +75,10 @@ private:
     int depth = 0;
 };
 
-void SerialReaderTest::initTestCase()
-{
-    QVERIFY(folder.isValid());
-    qputenv("VARNEL_PORT_DIR", folder.path().toLocal8Bit());
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path());
-    QCoreApplication::setOrganizationName(QStringLiteral("Test"));
-    QCoreApplication::setApplicationName(QStringLiteral("Reader"));
-}
-
 void SerialReaderTest::init()
 {
     notes.clear();
-    device = std::make_unique<PtyPair>(folder.path(), port);
+    device = std::make_unique<PtyPair>(fixture.portFolder(), port);
     shell = std::make_unique<FakeShell>();
     reader = std::make_unique<SerialReader>(nullptr, port, shell.get());
     QVERIFY(reader->start());
@@ -124,14 +113,6 @@ void SerialReaderTest::commandAndNote(const QString &reply)
         notes.append(QStringLiteral("%1 done").arg(depth));
     }
     --depth;
-}
-
-void SerialReaderTest::listsPortsByName()
-{
-    const PtyPair second(folder.path(), QStringLiteral("COM2"));
-    const PtyPair tenth(folder.path(), QStringLiteral("COM10"));
-    const PtyPair other(folder.path(), QStringLiteral("XCOM1"));
-    QCOMPARE(SerialReader::availablePorts(), QStringList({"COM10", "COM2", "COM7"}));
 }
 
 // All that a pseudo-terminal keeps of it.
@@ -296,18 +277,6 @@ void SerialReaderTest::hangUp()
     QCOMPARE(collector.warnings(), QStringList());
 }
 
-void SerialReaderTest::returnsAfterHangUp()
-{
-    device->send(sent(varnel3Line(5)));
-    QTRY_COMPARE(recordings(), QVector<Recording>({{"5"}}));
-    device->hangUp();
-    QTRY_VERIFY(!reader->isOpen());
-    device = std::make_unique<PtyPair>(folder.path(), port);
-    QVERIFY(reader->start());
-    device->send(sent(varnel3Line(6)));
-    QTRY_COMPARE(recordings(), QVector<Recording>({{"5", "end"}, {"6"}}));
-}
-
 void SerialReaderTest::surgeryInsideASignal_data()
 {
     QTest::addColumn<QByteArray>("slot");
@@ -356,16 +325,12 @@ void SerialReaderTest::portWithoutRights()
 {
     reader->stop();
     const QByteArray node = findPort(port).location.toLocal8Bit();
-    QCOMPARE(chmod(folder.path().toLocal8Bit(), 0755), 0);
+    QCOMPARE(chmod(fixture.portFolder().toLocal8Bit(), 0755), 0);
     QCOMPARE(chmod(node, 0), 0);
-    const uid_t self = geteuid();
-    constexpr uid_t nobody = 65534; // the superuser has rights everywhere
-    if (self == 0)
-        QCOMPARE(seteuid(nobody), 0);
-    const bool started = reader->start();
-    if (self == 0)
-        QCOMPARE(seteuid(self), 0);
-    QVERIFY(!started);
+    {
+        const AsNobody powerless;
+        QVERIFY(!reader->start());
+    }
     QVERIFY2(shell->calls.last().endsWith(QLatin1String("\nYou have no right to use the port.")),
         qPrintable(shell->calls.last()));
 }
@@ -378,7 +343,7 @@ void SerialReaderTest::portThatIsNotThere()
     QVERIFY(!shell->calls[1].contains(QLatin1Char('\n')));
     absent.stop();
     absent.sendCommand(QStringLiteral("#STOP\r\n"));
-    const PtyPair late(folder.path(), QStringLiteral("COM8"));
+    const PtyPair late(fixture.portFolder(), QStringLiteral("COM8"));
     QVERIFY(absent.start());
 }
 

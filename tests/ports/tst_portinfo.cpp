@@ -1,5 +1,7 @@
 #include "ports/portinfo.h"
 
+#include "support/asnobody.h"
+#include "support/columns.h"
 #include "support/ptypair.h"
 
 #include <QFile>
@@ -85,10 +87,8 @@ void PortInfoTest::findsThePortBehindTheLink()
 
 void PortInfoTest::tellsMissingRights_data()
 {
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<QByteArray>("owner"); // group of the node
-    QTest::addColumn<bool>("lacks");
-    QTest::addColumn<QString>("group");
+    // owner: group of the node
+    columns<int, QByteArray, bool, QString>({"mode", "owner", "lacks", "group"});
     QTest::newRow("for everyone") << 0666 << QByteArray("dialout") << false << QString();
     QTest::newRow("for the group") << 0660 << QByteArray("dialout") << true << QStringLiteral("dialout");
     QTest::newRow("group may only write") << 0620 << QByteArray("tty") << true << QString();
@@ -111,15 +111,11 @@ void PortInfoTest::tellsMissingRights()
     const PortInfo port = findPort(QStringLiteral("COM5"));
     QCOMPARE(chown(port.location.toLocal8Bit(), 0, entry->gr_gid), 0);
     QCOMPARE(chmod(port.location.toLocal8Bit(), mode_t(mode)), 0);
-    constexpr uid_t nobody = 65534;
     QString named = QStringLiteral("left over");
-    const gid_t self = getegid();
-    QCOMPARE(setegid(nobody), 0);
-    QCOMPARE(seteuid(nobody), 0);
-    const bool told = lacksAccess(port, &named);
-    QCOMPARE(seteuid(0), 0);
-    QCOMPARE(setegid(self), 0);
-    QCOMPARE(told, lacks);
+    {
+        const AsNobody powerless;
+        QCOMPARE(lacksAccess(port, &named), lacks);
+    }
     QCOMPARE(named, group);
     QVERIFY(!lacksAccess(port, &named));
     QVERIFY(!lacksAccess(findPort(QStringLiteral("COM55")), &named));

@@ -1,3 +1,5 @@
+#include "support/files.h"
+
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -24,11 +26,8 @@ class PortNumberTest : public QObject {
 
 private slots:
     void init();
-    void staysWithItsSerialNumber();
-    void staysWithItsSocketWhereThereIsNoSerialNumber();
-    void sharedSerialNumberGoesBySocket();
-    void anotherAdapterInTheSocketOfOneThatMoved();
-    void portsOfOneAdapterDiffer();
+    void numbersStay_data();
+    void numbersStay();
     void leavesForeignLinksAlone();
     void refusesWhatItCannotTell();
     void knownNumberNeedsNoWriting();
@@ -39,13 +38,16 @@ private:
     QProcess *start(const Adapter &adapter);
     QString plug(const Adapter &adapter);
     void unplug(const Adapter &adapter);
-    void reboot(const QVector<Adapter> &present);
+    void reboot();
+    void tell(const QString &story);
 
     std::unique_ptr<QTemporaryDir> machine;
+    QVector<Adapter> present;
 };
 
 void PortNumberTest::init()
 {
+    present.clear();
     machine = std::make_unique<QTemporaryDir>();
     QVERIFY(machine->isValid());
     QVERIFY(QDir(root()).mkpath(QStringLiteral("dev")));
@@ -75,6 +77,7 @@ QProcess *PortNumberTest::start(const Adapter &adapter)
 QString PortNumberTest::plug(const Adapter &adapter)
 {
     const std::unique_ptr<QProcess> helper(start(adapter));
+    present.append(adapter);
     helper->waitForFinished();
     const QString number = QString::fromLatin1(helper->readAllStandardOutput()).trimmed();
     return helper->exitCode() == 0 ? number : QString();
@@ -85,75 +88,53 @@ void PortNumberTest::unplug(const Adapter &adapter)
     QDir(root() + QStringLiteral("/sys") + adapter.path()).removeRecursively();
 }
 
-void PortNumberTest::reboot(const QVector<Adapter> &present)
+void PortNumberTest::reboot()
 {
-    for (const Adapter &adapter : present)
+    for (const Adapter &adapter : qAsConst(present))
         unplug(adapter);
     QDir(root() + QStringLiteral("/run")).removeRecursively();
 }
 
-void PortNumberTest::staysWithItsSerialNumber()
+/// Steps of a story: "A1@2:0:01=3" plugs the adapter of serial number A1, port 0 and interface 01 into socket 2 and
+/// expects the number 3, "-A1@2" pulls it.
+void PortNumberTest::tell(const QString &story)
 {
-    const Adapter first = {"A1", "1"};
-    const Adapter second = {"A2", "2"};
-    QCOMPARE(plug(first), QStringLiteral("1"));
-    QCOMPARE(plug(second), QStringLiteral("2"));
-    QCOMPARE(plug(first), QStringLiteral("1")); // an event for one that is there
-    unplug(first);
-    unplug(second);
-    QCOMPARE(plug({"A2", "1"}), QStringLiteral("2"));
-    QCOMPARE(plug({"A3", "3"}), QStringLiteral("3"));
-    QCOMPARE(plug({"A1", "2"}), QStringLiteral("1"));
-    reboot({{"A2", "1"}, {"A1", "2"}, {"A3", "3"}});
-    QCOMPARE(plug({"A3", "1"}), QStringLiteral("3"));
-    QCOMPARE(plug({"A1", "3"}), QStringLiteral("1"));
+    const QStringList steps = story.split(QLatin1Char(' '));
+    for (const QString &step : steps) {
+        if (step == QLatin1String("reboot")) {
+            reboot();
+            continue;
+        }
+        const bool leaves = step.startsWith(QLatin1Char('-'));
+        const QString place = step.section(QLatin1Char('@'), 1).section(QLatin1Char('='), 0, 0);
+        Adapter adapter = {step.mid(leaves).section(QLatin1Char('@'), 0, 0),
+            place.section(QLatin1Char(':'), 0, 0), place.section(QLatin1Char(':'), 1, 1)};
+        if (place.count(QLatin1Char(':')) == 2)
+            adapter.interface = place.section(QLatin1Char(':'), 2);
+        if (leaves)
+            unplug(adapter);
+        else
+            QVERIFY2(plug(adapter) == step.section(QLatin1Char('='), 1), qPrintable(step));
+    }
 }
 
-void PortNumberTest::staysWithItsSocketWhereThereIsNoSerialNumber()
+void PortNumberTest::numbersStay_data()
 {
-    const Adapter first = {"", "1.1"};
-    const Adapter second = {"", "1.1.1"};
-    QCOMPARE(plug(first), QStringLiteral("1"));
-    QCOMPARE(plug(second), QStringLiteral("2"));
-    reboot({first, second});
-    QCOMPARE(plug(second), QStringLiteral("2"));
-    QCOMPARE(plug(first), QStringLiteral("1"));
+    QTest::addColumn<QString>("story");
+    QTest::newRow("with the serial number")
+        << "A1@1=1 A2@2=2 A1@1=1 -A1@1 -A2@2 A2@1=2 A3@3=3 A1@2=1 reboot A3@1=3 A1@3=1";
+    QTest::newRow("with the socket, where there is none") << "@1.1=1 @1.1.1=2 reboot @1.1.1=2 @1.1=1";
+    QTest::newRow("with the socket, where it is shared")
+        << "0001@1=1 0001@2=2 0001@1=1 reboot 0001@2=2 0001@1=1 -0001@1 0001@3=3 0001@1=1";
+    // The place where an adapter was last seen is no sign that it is still there.
+    QTest::newRow("in whose socket another sits now") << "A1@1=1 -A1@1 A2@1=2 A1@2=1 reboot A1@5=1";
+    QTest::newRow("each port of one adapter") << "A1@1:0=1 A1@1:1=2 A1@1:0:01=3 A1@1:0=1";
 }
 
-// Whatever the order in which the system finds them after a reboot.
-void PortNumberTest::sharedSerialNumberGoesBySocket()
+void PortNumberTest::numbersStay()
 {
-    const Adapter first = {"0001", "1"};
-    const Adapter second = {"0001", "2"};
-    QCOMPARE(plug(first), QStringLiteral("1"));
-    QCOMPARE(plug(second), QStringLiteral("2"));
-    QCOMPARE(plug(first), QStringLiteral("1"));
-    reboot({first, second});
-    QCOMPARE(plug(second), QStringLiteral("2"));
-    QCOMPARE(plug(first), QStringLiteral("1"));
-    unplug(first);
-    QCOMPARE(plug({"0001", "3"}), QStringLiteral("3"));
-    QCOMPARE(plug(first), QStringLiteral("1"));
-}
-
-// The place where an adapter was last seen is no sign that it is still there.
-void PortNumberTest::anotherAdapterInTheSocketOfOneThatMoved()
-{
-    const Adapter moved = {"A1", "1"};
-    QCOMPARE(plug(moved), QStringLiteral("1"));
-    unplug(moved);
-    QCOMPARE(plug({"A2", "1"}), QStringLiteral("2"));
-    QCOMPARE(plug({"A1", "2"}), QStringLiteral("1"));
-    reboot({{"A2", "1"}, {"A1", "2"}});
-    QCOMPARE(plug({"A1", "5"}), QStringLiteral("1"));
-}
-
-void PortNumberTest::portsOfOneAdapterDiffer()
-{
-    QCOMPARE(plug({"A1", "1", "0"}), QStringLiteral("1"));
-    QCOMPARE(plug({"A1", "1", "1"}), QStringLiteral("2"));
-    QCOMPARE(plug({"A1", "1", "0", "01"}), QStringLiteral("3"));
-    QCOMPARE(plug({"A1", "1", "0"}), QStringLiteral("1"));
+    QFETCH(QString, story);
+    tell(story);
 }
 
 void PortNumberTest::leavesForeignLinksAlone()
@@ -181,16 +162,13 @@ void PortNumberTest::knownNumberNeedsNoWriting()
 {
     const Adapter known = {"A1", "1"};
     QCOMPARE(plug(known), QStringLiteral("1"));
-    reboot({known});
+    reboot();
     const QString registry = root() + QStringLiteral("/state/ports");
-    QFile file(registry);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QByteArray before = file.readAll();
+    const QByteArray before = contents(registry);
     QVERIFY(QDir(root()).mkpath(QStringLiteral("state/ports.new"))); // no file can be made of that name
     QCOMPARE(plug(known), QStringLiteral("1"));
     QCOMPARE(plug({"A2", "2"}), QString());
-    file.seek(0);
-    QCOMPARE(file.readAll(), before);
+    QCOMPARE(contents(registry), before);
 }
 
 void PortNumberTest::twoAtOnceGetTwoNumbers()

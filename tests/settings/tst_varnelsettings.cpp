@@ -1,8 +1,9 @@
 #include "settings/varnelsettings.h"
 
+#include "support/columns.h"
+#include "support/files.h"
 #include "support/ptypair.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -21,8 +22,6 @@ private slots:
 
 private:
     QString fileName() const { return profile->filePath(QStringLiteral("Maker/VarnelGraph.ini")); }
-    void writeFile(const QByteArray &text) const;
-    QByteArray fileText() const;
 
     std::unique_ptr<QTemporaryDir> profile;
 };
@@ -37,20 +36,6 @@ void VarnelSettingsTest::init()
     QCoreApplication::setApplicationName(QStringLiteral("VarnelGraph"));
 }
 
-void VarnelSettingsTest::writeFile(const QByteArray &text) const
-{
-    QVERIFY(QDir(profile->path()).mkpath(QStringLiteral("Maker")));
-    QFile file(fileName());
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(text);
-}
-
-QByteArray VarnelSettingsTest::fileText() const
-{
-    QFile file(fileName());
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 void VarnelSettingsTest::standInTheUsersIniFile()
 {
     const VarnelSettings settings;
@@ -63,10 +48,7 @@ void VarnelSettingsTest::standInTheUsersIniFile()
 
 void VarnelSettingsTest::readsWhatTheFileSays_data()
 {
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<QStringList>("ports");
-    QTest::addColumn<bool>("sendTime");
-    QTest::addColumn<bool>("userWave");
+    columns<QByteArray, QStringList, bool, bool>({"text", "ports", "sendTime", "userWave"});
     const auto row
         = [](const char *name, const char *text, const QStringList &ports, bool sendTime, bool userWave) {
               QTest::newRow(name) << QByteArray(text) << ports << sendTime << userWave;
@@ -87,7 +69,8 @@ void VarnelSettingsTest::readsWhatTheFileSays()
     QFETCH(QStringList, ports);
     QFETCH(bool, sendTime);
     QFETCH(bool, userWave);
-    writeFile(text);
+    QVERIFY(QDir(profile->path()).mkpath(QStringLiteral("Maker")));
+    QVERIFY(writeFile(fileName(), text));
     const VarnelSettings settings;
     QCOMPARE(settings.ports(), ports);
     QCOMPARE(settings.sendTime(), sendTime);
@@ -99,9 +82,9 @@ void VarnelSettingsTest::storesAtOnce()
 {
     VarnelSettings settings;
     settings.setPorts({"COM5", "COM3"});
-    QCOMPARE(fileText(), QByteArray("[General]\nports=COM5, COM3\n"));
+    QCOMPARE(contents(fileName()), QByteArray("[General]\nports=COM5, COM3\n"));
     settings.setSendTime(true);
-    QCOMPARE(fileText(), QByteArray("[General]\nports=COM5, COM3\nsendTime=true\n"));
+    QCOMPARE(contents(fileName()), QByteArray("[General]\nports=COM5, COM3\nsendTime=true\n"));
     settings.setPorts({});
     QCOMPARE(VarnelSettings().ports(), QStringList());
     QVERIFY(VarnelSettings().sendTime());
