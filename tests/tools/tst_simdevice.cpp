@@ -85,13 +85,10 @@ private slots:
     void cleanup();
     void endIsQuickAndThenQuiet();
     void olderChargerTricklesAfterItsEnd();
-    void remoteControlRunsAProcess();
-    void takingThePackOffIsAnError();
     void onlyLongSilencesAreReal();
     void unheardLinesAreGone();
     void linesHandedOverAreCounted();
     void hangUpInMidLine();
-    void balancerIgnoresTheRemoteControl();
     void lineRate();
     void programLeavesNothingBehind();
 
@@ -162,48 +159,6 @@ void TestSimDevice::olderChargerTricklesAfterItsEnd()
         without += line.text.contains(",+0000,") ? 1 : 0;
     QCOMPARE(without, 1);
     QVERIFY(listener.lines().at(20).text.contains(",+0000,"));
-}
-
-void TestSimDevice::remoteControlRunsAProcess()
-{
-    sim::SimDevice *device = add(QStringLiteral("COM3:varnel3,cells=4,start=remote,detect=0"));
-    Listener listener(link(QStringLiteral("COM3")));
-    const auto says = [&listener](const QByteArray &command, const QByteArray &reply) {
-        const int before = listener.lines(reply).size();
-        listener.send(command);
-        return QTest::qWaitFor([&] { return listener.lines(reply).size() > before; }, 2000);
-    };
-    QVERIFY(says("#TRYB?\r\n", "#TRYB00"));
-    QVERIFY(says("#MEM07\r\n", "#MEM07"));
-    QTRY_COMPARE(device->panel().state(), sim::FrontPanel::Cells);
-    QVERIFY(says("#NRC?\r\n", "#NRC04"));
-    QVERIFY(says("#NRC06\r\n", "#NRC06"));
-    QVERIFY(says("#START\r\n", "#START"));
-    QTRY_VERIFY(listener.lines("#06C05").size() > 20);
-    QVERIFY(says("#TRYB?\r\n", "#TRYB03"));
-    listener.send("#TIME!05:42:13:15:11:26\r\n");
-    listener.send("#BIB_!200\r\n");
-    QVERIFY(says("#STOP\r\n", "#STOP"));
-    QTRY_VERIFY(device->isIdle());
-    QTRY_COMPARE(listener.lines("#06C05__M").size(), 1);
-    QCOMPARE(listener.newest("#06C05").at(8), 'M');
-    QCOMPARE(device->panel().clock(), QByteArray("05:42:13:15:11:26"));
-    QCOMPARE(device->panel().beeps(), 1);
-    QVERIFY(says("#TRYB?\r\n", "#TRYB04"));
-    device->disconnectPack();
-    QVERIFY(says("#TRYB?\r\n", "#TRYB01"));
-    device->connectPack();
-    QTRY_COMPARE(device->panel().state(), sim::FrontPanel::Cells);
-}
-
-void TestSimDevice::takingThePackOffIsAnError()
-{
-    sim::SimDevice *device = add(QStringLiteral("COM3:varnel3,start=open"));
-    Listener listener(link(QStringLiteral("COM3")));
-    QTRY_VERIFY(!listener.lines().isEmpty());
-    device->disconnectPack();
-    QTRY_COMPARE(listener.lines("#06C05__S").size(), 1);
-    QCOMPARE(device->panel().state(), sim::FrontPanel::Memory);
 }
 
 void TestSimDevice::onlyLongSilencesAreReal()
@@ -277,15 +232,6 @@ void TestSimDevice::hangUpInMidLine()
     QTRY_VERIFY(second.lines().size() > 2);
     QVERIFY2(second.first().mid(13, 5).toInt() > first.newest().mid(13, 5).toInt() + 100,
         "the process has gone on meanwhile");
-}
-
-void TestSimDevice::balancerIgnoresTheRemoteControl()
-{
-    add(QStringLiteral("COM3:tandor,cells=12"));
-    Listener listener(link(QStringLiteral("COM3")));
-    listener.send("#TRYB?\r\n#MEM?\r\n#START\r\n");
-    QTRY_VERIFY(listener.lines("#E1206B").size() > 10);
-    QCOMPARE(listener.lines().size(), listener.lines("#E1206B").size());
 }
 
 /// Thirty-two devices keep up the full rate of their lines in one event loop.

@@ -15,7 +15,6 @@ private slots:
     void resistancesAreReadAsMeant();
     void packsBehave_data();
     void packsBehave();
-    void weakCellLagsBehind();
     void sameSeedSameCourse();
 
 private:
@@ -165,17 +164,6 @@ void TestSimulatedLines::packsBehave()
         QVERIFY(last.millivolts < process.pack().voltage() + 10 && warmest > 350);
     else
         QVERIFY2(last.milliamps <= 112, qPrintable(QString::number(last.milliamps)));
-}
-
-void TestSimulatedLines::weakCellLagsBehind()
-{
-    sim::Process process(settings(QStringLiteral("varnel3,cells=6,weak=4,mode=discharge,balance")), 5);
-    while (!process.finished())
-        process.next();
-    const auto &cells = process.reading().cells;
-    for (size_t i = 0; i < 6; ++i)
-        QVERIFY(i == 3 || cells[i].millivolts > cells[3].millivolts + 100);
-    QVERIFY(process.reading().milliampHours < 1600);
 }
 
 void TestSimulatedLines::sameSeedSameCourse()

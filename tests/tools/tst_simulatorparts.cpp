@@ -4,6 +4,7 @@
 #include "simulator/frontpanel.h"
 #include "simulator/linereplay.h"
 #include "simulator/rack.h"
+#include "support/columns.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -17,24 +18,18 @@ class TestSimulatorParts : public QObject {
 private slots:
     void panelAnswers_data();
     void panelAnswers();
-    void faultsAreRepeatable();
     void faultsSpoilAsNamed_data();
     void faultsSpoilAsNamed();
-    void runTogetherLinesSpoilTheNext();
-    void descriptions_data();
     void descriptions();
     void replayKeepsLines();
-    void consoleRefuses_data();
     void consoleRefuses();
 };
 
 void TestSimulatorParts::panelAnswers_data()
 {
     using State = FrontPanel::State;
-    QTest::addColumn<int>("before");
-    QTest::addColumn<QByteArray>("commands"); // one after another
-    QTest::addColumn<QByteArray>("replies");
-    QTest::addColumn<int>("after");
+    // commands: one after another
+    columns<int, QByteArray, QByteArray, int>({"before", "commands", "replies", "after"});
     const auto row
         = [](const char *name, State before, const char *commands, const char *replies, State after) {
               QTest::newRow(name) << int(before) << QByteArray(commands) << QByteArray(replies) << int(after);
@@ -79,23 +74,10 @@ void TestSimulatorParts::panelAnswers()
     QCOMPARE(panel.clock(), commands.contains("#TIME!") ? QByteArray("05:42:13:15:11:26") : QByteArray());
 }
 
-void TestSimulatorParts::faultsAreRepeatable()
-{
-    const auto course = [](quint32 seed) {
-        sim::FaultInjector injector({0.1, 0.1, 0.1, 0.1, 0, 0}, seed);
-        QByteArray all;
-        for (int i = 0; i < 500; ++i)
-            all += injector.pass("#06C05____B1,00036,22490\r\n").bytes;
-        return all;
-    };
-    QCOMPARE(course(4), course(4));
-    QVERIFY(course(4) != course(5));
-}
-
 void TestSimulatorParts::faultsSpoilAsNamed_data()
 {
-    QTest::addColumn<int>("fault");
-    QTest::addColumn<QString>("pattern"); // of the bytes on the wire
+    // pattern: of the bytes on the wire
+    columns<int, QString>({"fault", "pattern"});
     QTest::newRow("cut") << int(Fault::Cut)
                          << QStringLiteral("\\A(?!#12,34,56\r\n)#?1?2?,?3?4?,?5?6?\r\n\\z");
     QTest::newRow("join") << int(Fault::Join) << QStringLiteral("\\A#12,34,56\\z");
@@ -124,38 +106,23 @@ void TestSimulatorParts::faultsSpoilAsNamed()
     }
 }
 
-void TestSimulatorParts::runTogetherLinesSpoilTheNext()
+void TestSimulatorParts::descriptions()
 {
-    sim::FaultInjector injector({}, 1);
-    injector.force(Fault::Join);
-    QVERIFY(injector.pass("#1\r\n").spoiled);
-    QVERIFY(injector.pass("#2\r\n").spoiled);
-    QVERIFY(!injector.pass("#3\r\n").spoiled);
-}
-
-void TestSimulatorParts::descriptions_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("good");
+    const auto isGood = [](const char *text) {
+        QString error;
+        sim::DeviceSettings::parse(QLatin1String(text), &error);
+        return error.isEmpty();
+    };
     for (const char *text : {"COM3", "COM3:", "COM12:varnel3,cells=16,chemistry=lipo,mode=charge,balance",
              "COM3:noise=0.5", "COM3:tandor,cells=12,chemistry=LiFe", "COM3:varnel2plus,mode=format",
              "COM3:varnel3,balance=off,endless=on"})
-        QTest::newRow(text) << text << true;
+        QVERIFY2(isGood(text), text);
     for (const char *text :
         {"", "ttyS0:varnel3", "COM3/../x:varnel3", "COM3:varnel4", "COM3:varnel3,cells=17", "COM3:cells=x",
             "COM3:chemistry=Li", "COM3:balance=300", "COM3:noise=2", "COM3:endless=perhaps",
             "COM3:tandor,cells=13", "COM3:tandor,chemistry=NiMh", "COM3:varnel2,chemistry=LTO",
             "COM3:varnel2,mode=test", "COM3:varnel2plus,balance", "COM3:replay="})
-        QTest::newRow(text) << text << false;
-}
-
-void TestSimulatorParts::descriptions()
-{
-    QFETCH(QString, text);
-    QFETCH(bool, good);
-    QString error;
-    sim::DeviceSettings::parse(text, &error);
-    QVERIFY2(error.isEmpty() == good, qPrintable(error));
+        QVERIFY2(!isGood(text), text);
 }
 
 void TestSimulatorParts::replayKeepsLines()
@@ -173,22 +140,8 @@ void TestSimulatorParts::replayKeepsLines()
     QVERIFY(!replay.load(folder.filePath(QStringLiteral("none")), &error) && !error.isEmpty());
 }
 
-void TestSimulatorParts::consoleRefuses_data()
-{
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<bool>("silent");
-    for (const char *line :
-        {"unplug COM7", "plug COM7", "fault COM7 cut", "fault all noise=0.1", "end COM7 S", "speed 5", ""})
-        QTest::newRow(line) << line << true;
-    for (const char *line :
-        {"unplug COM8", "jump COM7", "end COM7 X", "fault COM7 smoke", "speed fast", "status", "help"})
-        QTest::newRow(line) << line << false;
-}
-
 void TestSimulatorParts::consoleRefuses()
 {
-    QFETCH(QString, line);
-    QFETCH(bool, silent);
     QTemporaryDir folder;
     sim::RunSettings run;
     run.folder = folder.path();
@@ -196,7 +149,13 @@ void TestSimulatorParts::consoleRefuses()
     QString error;
     QVERIFY2(rack.add(QStringLiteral("COM7:varnel3"), &error), qPrintable(error));
     sim::Console console(&rack);
-    QCOMPARE(console.execute(line).isEmpty(), silent);
+    const auto answer = [&console](const char *line) { return console.execute(QLatin1String(line)); };
+    for (const char *line :
+        {"unplug COM7", "plug COM7", "fault COM7 cut", "fault all noise=0.1", "end COM7 S", "speed 5", ""})
+        QVERIFY2(answer(line).isEmpty(), line);
+    for (const char *line :
+        {"unplug COM8", "jump COM7", "end COM7 X", "fault COM7 smoke", "speed fast", "status", "help"})
+        QVERIFY2(!answer(line).isEmpty(), line);
 }
 
 QTEST_GUILESS_MAIN(TestSimulatorParts)
