@@ -1,5 +1,6 @@
 #include "app/batch.h"
 #include "app/commandline.h"
+#include "support/columns.h"
 
 #include <QImage>
 #include <QTemporaryDir>
@@ -44,9 +45,7 @@ void TestBatch::initTestCase()
 
 void TestBatch::writes_data()
 {
-    QTest::addColumn<QString>("option");
-    QTest::addColumn<QString>("output");
-    QTest::addColumn<QByteArray>("beginning");
+    columns<QString, QString, QByteArray>({"option", "output", "beginning"});
 
     QTest::newRow("csv") << "--export-csv"
                          << "o.csv" << QByteArray("record,device,time [s],");
@@ -95,8 +94,7 @@ void TestBatch::drawsTheSwitches()
 
 void TestBatch::fails_data()
 {
-    QTest::addColumn<QStringList>("words");
-    QTest::addColumn<int>("status");
+    columns<QStringList, int>({"words", "status"});
 
     const QString out = path(QStringLiteral("never.csv"));
     const QString csv = QStringLiteral("--export-csv");

@@ -1,4 +1,5 @@
 #include "app/commandline.h"
+#include "support/columns.h"
 
 #include <QtTest>
 
@@ -13,10 +14,7 @@ private slots:
 
 void TestCommandLine::task_data()
 {
-    QTest::addColumn<QString>("words");
-    QTest::addColumn<int>("task");
-    QTest::addColumn<QString>("output");
-    QTest::addColumn<int>("files");
+    columns<QString, int, QString, int>({"words", "task", "output", "files"});
 
     QTest::newRow("nothing") << "" << int(CommandLine::Run) << "" << 0;
     QTest::newRow("files") << "a.acp b.abp" << int(CommandLine::Run) << "" << 2;

@@ -13,7 +13,6 @@ class TestDataToolBar : public QObject {
 private slots:
     void figures_data();
     void figures();
-    void nothingToShow_data();
     void nothingToShow();
 
 private:
@@ -66,28 +65,22 @@ void TestDataToolBar::figures()
     QCOMPARE(texts(bar).join('|'), expected);
 }
 
-void TestDataToolBar::nothingToShow_data()
-{
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<int>("cells");
-    QTest::newRow("no cells") << int(Varnel3Data::Charge) << 0;
-    QTest::newRow("no process") << int(Varnel3Data::NoMode) << 6;
-}
-
 void TestDataToolBar::nothingToShow()
 {
-    QFETCH(int, mode);
-    QFETCH(int, cells);
-    Varnel3Data record;
-    record.mode = Varnel3Data::Charge;
-    record.cellCount = 6;
-    DataToolBar bar(nullptr);
-    bar.showRecord(record);
-    QVERIFY(!texts(bar).contains(QString()));
-    record.mode = mode;
-    record.cellCount = cells;
-    bar.showRecord(record);
-    QCOMPARE(texts(bar).join(QString()), QString());
+    for (const bool cells : {true, false}) {
+        Varnel3Data record;
+        record.mode = Varnel3Data::Charge;
+        record.cellCount = 6;
+        DataToolBar bar(nullptr);
+        bar.showRecord(record);
+        QVERIFY(!texts(bar).contains(QString()));
+        if (cells)
+            record.mode = Varnel3Data::NoMode;
+        else
+            record.cellCount = 0;
+        bar.showRecord(record);
+        QCOMPARE(texts(bar).join(QString()), QString());
+    }
 }
 
 QTEST_MAIN(TestDataToolBar)

@@ -1,5 +1,6 @@
 #include "app/devicecommands.h"
 
+#include "support/columns.h"
 #include "support/targets.h"
 
 #include <QDateTime>
@@ -16,7 +17,6 @@ private slots:
     void clockOfEveryPortIsSetInTurn();
     void clockOfActiveDeviceOnly();
     void portsAreReadDuringTheWait();
-    void portMayGoDuringTheWait();
 
 private:
     TestTargets targets;
@@ -31,9 +31,7 @@ void TestDeviceCommands::cleanup()
 
 void TestDeviceCommands::stopGoesToOneDevice_data()
 {
-    QTest::addColumn<int>("ports");
-    QTest::addColumn<int>("active");
-    QTest::addColumn<QList<QByteArray>>("heard");
+    columns<int, int, QList<QByteArray>>({"ports", "active", "heard"});
     const QByteArray stop = "#STOP\r\n";
     QTest::newRow("none") << 0 << -1 << QList<QByteArray>();
     QTest::newRow("the only one") << 1 << -1 << QList<QByteArray>{stop};
@@ -122,23 +120,6 @@ void TestDeviceCommands::portsAreReadDuringTheWait()
     commands.setTime();
     QVERIFY(said * 35 > 4096);
     QVERIFY(targets.host.sink.records >= said - linesAtOnce);
-}
-
-void TestDeviceCommands::portMayGoDuringTheWait()
-{
-    targets.add();
-    targets.add();
-    QTimer::singleShot(100, this, [this] {
-        commands.setTime(); // already at it
-        targets.remove(0);
-    });
-    QElapsedTimer clock;
-    clock.start();
-    commands.setTime();
-    QVERIFY(clock.elapsed() < 1500);
-    QTest::qWait(20);
-    QVERIFY(targets.heard(0).startsWith("#TIME!"));
-    QVERIFY(targets.heard(1).endsWith("#BIB_!200\r\n"));
 }
 
 QTEST_MAIN(TestDeviceCommands)

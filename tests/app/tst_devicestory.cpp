@@ -1,89 +1,43 @@
-#include "app/actionset.h"
-#include "app/listenedports.h"
-#include "app/mainwindow.h"
 #include "dialogs/dialogremotecontrol.h"
 #include "graph/mdigraphchild.h"
 #include "resources/resources.h"
-#include "settings/varnelsettings.h"
-#include "simulator/rack.h"
-#include "support/shellfixture.h"
+#include "support/simrig.h"
 
-#include <QAction>
-#include <QApplication>
 #include <QComboBox>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTimer>
 #include <QtTest>
 
 /// The whole program and simulated devices: what a person does in an evening, a hundred times as fast.
-class TestDeviceStory : public QObject {
+class TestDeviceStory : public QObject, private SimRig {
     Q_OBJECT
 private slots:
     void initTestCase() { initResources(); }
     void init();
-    void cleanup();
+    void cleanup() { tearDown(); }
     void remoteControlRunsAProcess();
     void processEndsInAnyWay_data();
     void processEndsInAnyWay();
     void nextProcessTakesTheBoxAway();
-    void threeEndsLeaveOneBox();
-    void minimisedProgramComesBack();
     void remoteControlIsForOneDevice();
     void clocksAreSet();
 
 private:
-    void start(const QStringList &devices);
-    sim::SimDevice *device(const char *port) const { return rack->device(QLatin1String(port)); }
     QAction *remoteAction() const
     {
         return window->findChild<QAction *>(QStringLiteral("remoteControlAction"));
     }
-    QMessageBox *box() const { return qobject_cast<QMessageBox *>(QApplication::activeModalWidget()); }
     /// Closes the box titled `title` once it is there.
     void closeBoxLater(const QString &title);
 
-    std::unique_ptr<ShellFixture> fixture;
-    std::unique_ptr<sim::Rack> rack;
-    std::unique_ptr<MainWindow> window;
-    QStringList told; // by devices: what they were sent
     QStringList closed; // titles of the boxes that were closed
 };
 
 void TestDeviceStory::init()
 {
-    fixture = std::make_unique<ShellFixture>();
-    sim::RunSettings run;
-    run.folder = fixture->portFolder();
-    run.speed = 120;
-    rack = std::make_unique<sim::Rack>(run);
-    told.clear();
+    setUp(120);
     closed.clear();
-    connect(rack.get(), &sim::Rack::happened, this, [this](const QString &text) { told.append(text); });
-}
-
-void TestDeviceStory::cleanup()
-{
-    if (window)
-        window->close();
-    window.reset();
-    rack.reset();
-    fixture.reset();
-}
-
-void TestDeviceStory::start(const QStringList &devices)
-{
-    QStringList ports;
-    for (const QString &description : devices) {
-        QString error;
-        QVERIFY2(rack->add(description, &error), qPrintable(error));
-        ports.append(description.section(QLatin1Char(':'), 0, 0));
-    }
-    VarnelSettings().setPorts(ports);
-    window = std::make_unique<MainWindow>();
-    window->show();
-    QTRY_COMPARE(window->listenedPorts().readers().size(), devices.size());
 }
 
 // A box waits for the user in an event loop of its own: what is to happen then must have been set going before. Nobody
@@ -92,13 +46,13 @@ void TestDeviceStory::closeBoxLater(const QString &title)
 {
     auto *timer = new QTimer(window.get());
     connect(timer, &QTimer::timeout, this, [this, timer, title] {
-        if (!box() || box()->windowTitle() != title)
+        if (!modalBox() || modalBox()->windowTitle() != title)
             return;
         if (timer->interval() == 20)
             return timer->start(500);
         timer->deleteLater();
         closed.append(title);
-        box()->close();
+        modalBox()->close();
     });
     timer->start(20);
 }
@@ -159,7 +113,7 @@ void TestDeviceStory::processEndsInAnyWay()
     QTRY_VERIFY(told.contains(QStringLiteral("COM1 told #STOP"))); // the buzzer falls silent
     QTest::qWait(700);
     QCOMPARE(told.count(QStringLiteral("COM1 told #STOP")), 1);
-    QVERIFY(!box());
+    QVERIFY(!modalBox());
 }
 
 void TestDeviceStory::nextProcessTakesTheBoxAway()
@@ -170,8 +124,8 @@ void TestDeviceStory::nextProcessTakesTheBoxAway()
     int recordsUnderBox = 0;
     QTimer watch;
     connect(&watch, &QTimer::timeout, this, [&] {
-        seen = seen || box();
-        if (!box() && seen && window->mdiChildren().size() == 2)
+        seen = seen || modalBox();
+        if (!modalBox() && seen && window->mdiChildren().size() == 2)
             recordsUnderBox = window->mdiChildren().last()->store().size();
     });
     watch.start(10);
@@ -179,49 +133,8 @@ void TestDeviceStory::nextProcessTakesTheBoxAway()
     QTRY_COMPARE(window->mdiChildren().size(), 2);
     QTRY_VERIFY(recordsUnderBox > 10);
     QVERIFY(seen);
-    QVERIFY(!box());
+    QVERIFY(!modalBox());
     QVERIFY(!told.contains(QStringLiteral("COM1 told #STOP")));
-}
-
-void TestDeviceStory::threeEndsLeaveOneBox()
-{
-    start({QStringLiteral("COM1:varnel3,start=open"), QStringLiteral("COM2:varnel3,start=open"),
-        QStringLiteral("COM3:varnel3,start=open")});
-    QTRY_COMPARE(window->mdiChildren().size(), 3);
-    int most = 0;
-    QTimer watch;
-    connect(&watch, &QTimer::timeout, this, [&] {
-        int boxes = 0;
-        const auto all = window->findChildren<QMessageBox *>();
-        for (const QMessageBox *open : all)
-            boxes += open->isVisible();
-        most = qMax(most, boxes);
-    });
-    watch.start(10);
-    QTimer::singleShot(1500, this, [this] {
-        closed.append(box() ? box()->windowTitle() : QString());
-        box()->close();
-    });
-    device("COM1")->endProcess('M');
-    device("COM2")->endProcess('E');
-    device("COM3")->endProcess('S');
-    QTRY_COMPARE(closed.size(), 1);
-    QTest::qWait(100);
-    QCOMPARE(most, 1);
-    QVERIFY(!box());
-    QVERIFY(told.filter(QStringLiteral("#STOP")).isEmpty()); // which of the three?
-}
-
-void TestDeviceStory::minimisedProgramComesBack()
-{
-    start({QStringLiteral("COM1:varnel3,start=open")});
-    QTRY_VERIFY(window->activeMdiChild());
-    window->showMaximized();
-    window->setWindowState(window->windowState() | Qt::WindowMinimized);
-    closeBoxLater(QStringLiteral("End"));
-    device("COM1")->endProcess('E');
-    QTRY_COMPARE(closed.size(), 1);
-    QCOMPARE(window->windowState() & (Qt::WindowMinimized | Qt::WindowMaximized), Qt::WindowMaximized);
 }
 
 void TestDeviceStory::remoteControlIsForOneDevice()
@@ -238,7 +151,7 @@ void TestDeviceStory::remoteControlIsForOneDevice()
     QTest::qWait(200);
     QCOMPARE(pages->currentIndex(), 3);
     QVERIFY(!window->findChild<QMessageBox *>());
-    window->actionSet()[ActionId::StopProcess]->trigger();
+    trigger(ActionId::StopProcess);
     QTRY_VERIFY(told.contains(QStringLiteral("COM2 told #STOP")));
     QVERIFY(!told.contains(QStringLiteral("COM1 told #STOP")));
     closeBoxLater(QStringLiteral("Aborted"));
@@ -249,12 +162,12 @@ void TestDeviceStory::clocksAreSet()
 {
     start({QStringLiteral("COM1:varnel3,start=remote"), QStringLiteral("COM2:varnel3,start=open")});
     QTRY_VERIFY(window->activeMdiChild());
-    window->actionSet()[ActionId::SetTime]->trigger();
+    trigger(ActionId::SetTime);
     QTRY_COMPARE(device("COM2")->panel().beeps(), 1);
     QCOMPARE(device("COM1")->panel().beeps(), 0);
     window->activeMdiChild()->parentWidget()->close();
     QTRY_VERIFY(!window->activeMdiChild());
-    window->actionSet()[ActionId::SetTime]->trigger();
+    trigger(ActionId::SetTime);
     QTRY_COMPARE(device("COM2")->panel().beeps(), 2);
     QCOMPARE(device("COM1")->panel().beeps(), 1);
     QCOMPARE(device("COM1")->panel().clock().size(), 17);

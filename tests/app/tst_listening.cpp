@@ -1,33 +1,23 @@
-#include "app/actionset.h"
 #include "app/datatoolbar.h"
-#include "app/listenedports.h"
-#include "app/mainwindow.h"
-#include "app/statusfacts.h"
 #include "graph/mdigraphchild.h"
-#include "settings/varnelsettings.h"
 #include "support/lines.h"
-#include "support/ptypair.h"
-#include "support/shellfixture.h"
+#include "support/shellrig.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QFile>
 #include <QLabel>
-#include <QMessageBox>
 #include <QSerialPort>
 #include <QPushButton>
-#include <QStatusBar>
-#include <QTest>
 #include <QTimer>
 
 /// The program's window listening on real pseudo-terminals: ports that work, fail, go, return and arrive.
-class TestListening : public QObject {
+class TestListening : public QObject, private ShellRig {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
     void nothingChosen();
     void onePortPresent();
     void recordsInWindows();
@@ -35,57 +25,18 @@ private slots:
     void pauseAndResume();
     void unpluggedAndBack();
     void failingPort();
-    void newPort_data();
     void newPort();
     void questionsQueue();
     void busyOnArrival();
     void closedLiveWindow();
     void preferencesChanged();
-    void stopProcess();
 
 private:
-    void start(const QStringList &ports);
-    PtyPair *plug(const QString &name);
-    QString message() const { return window->statusBar()->currentMessage(); }
-    QString fact(StatusFacts::Kind kind) const { return window->statusFacts().text(kind); }
     QString figure(const char *name) const
     {
         return window->findChild<DataToolBar *>()->findChild<QLabel *>(QLatin1String(name))->text();
     }
-    QMessageBox *box(const char *name) const { return window->findChild<QMessageBox *>(QLatin1String(name)); }
-    QStringList listened() const { return window->listenedPorts().portNames(); }
-    void trigger(ActionId id) { window->actionSet()[id]->trigger(); }
-
-    std::unique_ptr<ShellFixture> fixture;
-    std::vector<std::unique_ptr<PtyPair>> plugged;
-    std::unique_ptr<MainWindow> window;
 };
-
-void TestListening::init()
-{
-    fixture = std::make_unique<ShellFixture>();
-}
-
-void TestListening::cleanup()
-{
-    window.reset();
-    plugged.clear();
-    fixture.reset();
-}
-
-PtyPair *TestListening::plug(const QString &name)
-{
-    plugged.push_back(std::make_unique<PtyPair>(fixture->portFolder(), name));
-    return plugged.back().get();
-}
-
-void TestListening::start(const QStringList &ports)
-{
-    VarnelSettings().setPorts(ports);
-    window = std::make_unique<MainWindow>();
-    window->show();
-    QTRY_VERIFY(message() != QStringLiteral("Ready") && !message().endsWith(QStringLiteral("...")));
-}
 
 void TestListening::nothingChosen()
 {
@@ -212,25 +163,20 @@ void TestListening::failingPort()
     QTRY_VERIFY(!box("portFailed"));
 }
 
-void TestListening::newPort_data()
-{
-    QTest::addColumn<int>("answer");
-    QTest::addColumn<QStringList>("remembered");
-    QTest::newRow("yes") << int(QMessageBox::Yes) << QStringList(QStringLiteral("COM7"));
-    QTest::newRow("no") << int(QMessageBox::No) << QStringList();
-}
-
 void TestListening::newPort()
 {
-    QFETCH(int, answer);
-    start({});
-    plug(QStringLiteral("COM7"));
-    QTRY_VERIFY(box("portQuestion"));
-    QCOMPARE(listened(), QStringList());
-    box("portQuestion")->button(QMessageBox::StandardButton(answer))->click();
-    QTRY_COMPARE(listened(), QStringList(QStringLiteral("COM7")));
-    QCOMPARE(message(), QStringLiteral("Start listening on new port COM7."));
-    QTEST(VarnelSettings().ports(), "remembered");
+    for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
+        start({});
+        plug(QStringLiteral("COM7"));
+        QTRY_VERIFY(box("portQuestion"));
+        QCOMPARE(listened(), QStringList());
+        box("portQuestion")->button(answer)->click();
+        QTRY_COMPARE(listened(), QStringList(QStringLiteral("COM7")));
+        QCOMPARE(message(), QStringLiteral("Start listening on new port COM7."));
+        QCOMPARE(VarnelSettings().ports().contains(QStringLiteral("COM7")), answer == QMessageBox::Yes);
+        window.reset();
+        plugged.clear();
+    }
 }
 
 void TestListening::questionsQueue()
@@ -294,21 +240,6 @@ void TestListening::preferencesChanged()
     trigger(ActionId::Preferences);
     QCOMPARE(listened(), QStringList(QStringLiteral("COM4")));
     QCOMPARE(message(), QStringLiteral("Start listening on port COM4."));
-}
-
-void TestListening::stopProcess()
-{
-    PtyPair *device = plug(QStringLiteral("COM3"));
-    PtyPair *other = plug(QStringLiteral("COM4"));
-    start({QStringLiteral("COM3"), QStringLiteral("COM4")});
-    trigger(ActionId::StopProcess);
-    device->send(Lines::charger(1));
-    QTRY_VERIFY(window->activeMdiChild());
-    QCOMPARE(device->received() + other->received(), QByteArray()); // nobody was meant before
-    trigger(ActionId::StopProcess);
-    QByteArray command;
-    QTRY_COMPARE(command += device->received(), QByteArray("#STOP\r\n"));
-    QCOMPARE(other->received(), QByteArray());
 }
 
 QTEST_MAIN(TestListening)

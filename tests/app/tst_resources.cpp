@@ -3,38 +3,16 @@
 #include "app/datatoolbar.h"
 #include "app/stylesheet.h"
 #include "data/varnel3data.h"
+#include "support/pixels.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QIcon>
-#include <QImageReader>
 #include <QLabel>
 #include <QMainWindow>
 #include <QPainter>
 #include <QRegularExpression>
 #include <QtTest>
-
-#include <cmath>
-
-namespace {
-
-double luminance(QRgb colour)
-{
-    const auto linear = [](int part) {
-        const double value = part / 255.0;
-        return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(qRed(colour)) + 0.7152 * linear(qGreen(colour)) + 0.0722 * linear(qBlue(colour));
-}
-
-double contrast(QRgb a, QRgb b)
-{
-    const double first = luminance(a) + 0.05;
-    const double second = luminance(b) + 0.05;
-    return qMax(first, second) / qMin(first, second);
-}
-
-} // namespace
 
 class TestResources : public QObject {
     Q_OBJECT
@@ -42,8 +20,6 @@ private slots:
     void initTestCase() { initResources(); }
     void iconIsLegible_data();
     void iconIsLegible();
-    void iconFileHoldsAllSizes();
-    void pictureFitsTheAboutBox();
     void styleSheetIsWhole();
     void figuresFitTheirPlaces();
 };
@@ -65,7 +41,7 @@ void TestResources::iconIsLegible()
     const QIcon icon(name);
     QCOMPARE(icon.availableSizes().value(0), QSize(48, 48));
     for (int side : {16, 24, 48}) {
-        for (QRgb ground : {qRgb(0xf3, 0xf5, 0xf7), qRgb(0x2b, 0x2f, 0x33)}) {
+        for (const QColor &ground : {QColor(0xf3, 0xf5, 0xf7), QColor(0x2b, 0x2f, 0x33)}) {
             QImage image(side, side, QImage::Format_RGB32);
             image.fill(ground);
             QPainter painter(&image);
@@ -77,23 +53,6 @@ void TestResources::iconIsLegible()
             QVERIFY2(seen * 12 >= side * side, qPrintable(QStringLiteral("%1 at %2").arg(seen).arg(side)));
         }
     }
-}
-
-void TestResources::iconFileHoldsAllSizes()
-{
-    QImageReader reader(QStringLiteral(":/Icons/Varnel.ico"));
-    QList<int> sides;
-    for (int i = 0; i < reader.imageCount(); ++i) {
-        reader.jumpToImage(i);
-        sides.append(reader.read().width());
-    }
-    QCOMPARE(sides, (QList<int>{16, 20, 24, 32, 40, 48, 64, 128, 256}));
-}
-
-void TestResources::pictureFitsTheAboutBox()
-{
-    const QImage picture(QStringLiteral(":/Icons/v2p.png"));
-    QVERIFY(picture.width() > 150 && picture.width() < 280 && picture.height() < 160);
 }
 
 // The sheet is read as Latin-1 up to the first zero byte, and a picture it names must be there.

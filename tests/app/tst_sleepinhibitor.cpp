@@ -2,12 +2,12 @@
 
 #include "app/sleepblock.h"
 #include "settings/varnelsettings.h"
+#include "support/shellfixture.h"
 #include "support/targets.h"
 
 #include <QDBusConnection>
 #include <QDBusUnixFileDescriptor>
 #include <QProcess>
-#include <QSettings>
 #include <QStandardPaths>
 #include <QtTest>
 
@@ -79,12 +79,11 @@ private slots:
     void nobodyIsThere();
     void takenBackBeforeTheAnswer();
     void blockLastsWhileAProcessIsRecorded();
-    void settingTurnsItOff();
 
 private:
     void offer(QObject *keeper, const char *service, const char *path);
 
-    QTemporaryDir folder;
+    ShellFixture fixture;
     QProcess daemon;
     QDBusConnection bus{QString()};
     FakeSession session;
@@ -104,9 +103,6 @@ void TestSleepInhibitor::initTestCase()
     qputenv("DBUS_SYSTEM_BUS_ADDRESS", address);
     bus = QDBusConnection::connectToBus(QString::fromLatin1(address), QStringLiteral("keepers"));
     QVERIFY(bus.isConnected());
-    QCoreApplication::setApplicationName(QStringLiteral("VarnelGraph"));
-    QCoreApplication::setOrganizationName(QStringLiteral("test"));
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path());
 }
 
 void TestSleepInhibitor::cleanup()
@@ -194,24 +190,16 @@ void TestSleepInhibitor::blockLastsWhileAProcessIsRecorded()
     QVERIFY(!inhibitor.isHeld());
     targets.say(0, "#c0605 00123,25200+02000,025,01234\n");
     QTRY_VERIFY(targets.reader(0)->isRecording());
+    VarnelSettings().setValue(QStringLiteral("power/keepAwake"), false);
+    inhibitor.update();
+    QTest::qWait(150);
+    QVERIFY(!inhibitor.isHeld());
+    VarnelSettings().setValue(QStringLiteral("power/keepAwake"), true);
     inhibitor.update();
     QTRY_VERIFY(inhibitor.isHeld());
     for (int second = 0; second <= 20; ++second)
         targets.reader(0)->timerTickEvent(); // the device falls silent
     inhibitor.update();
-    QVERIFY(!inhibitor.isHeld());
-}
-
-void TestSleepInhibitor::settingTurnsItOff()
-{
-    offer(&session, "org.gnome.SessionManager", "/org/gnome/SessionManager");
-    VarnelSettings().setValue(QStringLiteral("power/keepAwake"), false);
-    SleepInhibitor inhibitor(&targets);
-    targets.add();
-    targets.say(0, "#c0605 00123,25200+02000,025,01234\n");
-    QTRY_VERIFY(targets.reader(0)->isRecording());
-    inhibitor.update();
-    QTest::qWait(150);
     QVERIFY(!inhibitor.isHeld());
 }
 

@@ -1,86 +1,67 @@
-#include "app/mainwindow.h"
 #include "files/journalfolder.h"
 #include "graph/mdigraphchild.h"
-#include "settings/varnelsettings.h"
+#include "support/columns.h"
+#include "support/files.h"
 #include "support/lines.h"
-#include "support/ptypair.h"
-#include "support/shellfixture.h"
+#include "support/modaldialog.h"
+#include "support/shellrig.h"
 
-#include <QApplication>
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
-#include <QStatusBar>
-#include <QTest>
 #include <QTimer>
 
 #include <algorithm>
 #include <functional>
-#include <map>
-#include <memory>
 
 using Answer = std::function<void(QDialog *)>;
-Q_DECLARE_METATYPE(Answer)
 
 /// What is asked when several windows would take records with them, and when none does, with lines arriving meanwhile.
-class TestUnsavedWindows : public QObject {
+class TestUnsavedWindows : public QObject, private ShellRig {
     Q_OBJECT
 
 private slots:
     void init();
-    void cleanup();
+    void cleanup() { tearDown(); }
     void programEndsWithTwoRecordings_data();
     void programEndsWithTwoRecordings();
     void twoRecordingsNeedTwoNames();
     void loneRecordIsNotAskedAbout();
 
 private:
-    void start();
-    void send(const QString &port, int from, int count);
+    void startRecording();
+    /// Sends `count` lines with the times from `from` on over one of the two ports and waits for them.
+    void send(size_t port, int from, int count);
     /// Gives `answers` to the modal dialogs that open from now on, one each.
     void answer(const QList<Answer> &answers);
-    Answer press(QMessageBox::StandardButton button);
-    Answer saveAs(const QString &name);
-    int linesIn(const QString &name) const;
-
-    std::unique_ptr<ShellFixture> fixture;
-    std::map<QString, std::unique_ptr<PtyPair>> devices;
-    std::unique_ptr<MainWindow> window;
+    static Answer press(QMessageBox::StandardButton button);
+    Answer saveAs(const char *name);
+    int linesIn(const char *name) const { return contents(fixture->path(QLatin1String(name))).count('\n'); }
 };
 
 void TestUnsavedWindows::init()
 {
-    fixture = std::make_unique<ShellFixture>();
-    const QStringList ports = {QStringLiteral("COM3"), QStringLiteral("COM4")};
-    for (const QString &port : ports)
-        devices[port] = std::make_unique<PtyPair>(fixture->portFolder(), port);
-    VarnelSettings().setPorts(ports);
+    setUp();
+    plug(QStringLiteral("COM3"));
+    plug(QStringLiteral("COM4"));
 }
 
-void TestUnsavedWindows::cleanup()
+/// Two recordings that no journal keeps.
+void TestUnsavedWindows::startRecording()
 {
-    window.reset();
-    devices.clear();
-    fixture.reset();
+    VarnelSettings().setValue(QStringLiteral("journal/enabled"), false);
+    start({plugged[0]->portName(), plugged[1]->portName()});
+    send(0, 1, 10);
+    send(1, 1, 5);
 }
 
-void TestUnsavedWindows::start()
-{
-    window = std::make_unique<MainWindow>();
-    window->show();
-    QTRY_VERIFY(
-        window->statusBar()->currentMessage().startsWith(QStringLiteral("Start listening on port(s)")));
-}
-
-void TestUnsavedWindows::send(const QString &port, int from, int count)
+void TestUnsavedWindows::send(size_t port, int from, int count)
 {
     for (int i = 0; i < count; ++i)
-        devices[port]->send(Lines::charger(from + i));
+        plugged[port]->send(Lines::charger(from + i));
     const auto arrived = [&] {
         const auto children = window->mdiChildren();
         return std::any_of(children.begin(), children.end(), [&](const MdiGraphChild *child) {
-            return child->fileName() == port && child->store().records().last().time == from + count - 1;
+            return child->fileName() == plugged[port]->portName()
+                && child->store().records().last().time == from + count - 1;
         });
     };
     QTRY_VERIFY(arrived());
@@ -88,50 +69,33 @@ void TestUnsavedWindows::send(const QString &port, int from, int count)
 
 void TestUnsavedWindows::answer(const QList<Answer> &answers)
 {
-    auto *timer = new QTimer(window.get());
-    const auto left = std::make_shared<QList<Answer>>(answers);
-    connect(timer, &QTimer::timeout, timer, [timer, left] {
-        auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        timer->stop(); // an answer may take its time
-        left->takeFirst()(dialog);
-        if (!left->isEmpty())
-            timer->start();
+    if (answers.isEmpty())
+        return;
+    whenModal<QDialog>(window.get(), [this, answers](QDialog *dialog) {
+        answers.first()(dialog);
+        answer(answers.mid(1)); // once the first is gone
     });
-    timer->start(30);
 }
 
 Answer TestUnsavedWindows::press(QMessageBox::StandardButton button)
 {
     return [button](QDialog *dialog) {
-        auto *box = qobject_cast<QMessageBox *>(dialog);
-        QVERIFY(box && box->objectName() == QLatin1String("unsavedRecording"));
-        box->button(button)->click();
+        auto *question = qobject_cast<QMessageBox *>(dialog);
+        QVERIFY(question && question->objectName() == QLatin1String("unsavedRecording"));
+        question->button(button)->click();
     };
 }
 
-Answer TestUnsavedWindows::saveAs(const QString &name)
+Answer TestUnsavedWindows::saveAs(const char *name)
 {
-    const QString path = fixture->path(name);
-    return [path](QDialog *dialog) {
-        auto *edit = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-        QVERIFY(edit);
-        edit->setText(path);
-        dialog->accept();
-    };
-}
-
-int TestUnsavedWindows::linesIn(const QString &name) const
-{
-    QFile file(fixture->path(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll().count('\n') : 0;
+    const QString path = fixture->path(QLatin1String(name));
+    return [path](QDialog *dialog) { enterName(qobject_cast<QFileDialog *>(dialog), path); };
 }
 
 void TestUnsavedWindows::programEndsWithTwoRecordings_data()
 {
-    QTest::addColumn<int>("second"); // answer for the second window
-    QTest::addColumn<bool>("closes");
+    // second: answer for the second window
+    columns<int, bool>({"second", "closes"});
     QTest::newRow("save both") << int(QMessageBox::Save) << true;
     QTest::newRow("save one") << int(QMessageBox::Discard) << true;
     QTest::newRow("cancelled") << int(QMessageBox::Cancel) << false;
@@ -142,49 +106,41 @@ void TestUnsavedWindows::programEndsWithTwoRecordings()
 {
     QFETCH(int, second);
     QFETCH(bool, closes);
-    VarnelSettings().setValue(QStringLiteral("journal/enabled"), false);
-    start();
-    send(QStringLiteral("COM3"), 1, 10);
-    send(QStringLiteral("COM4"), 1, 5);
+    startRecording();
     const Answer secondAnswer = press(QMessageBox::StandardButton(second));
-    QList<Answer> answers
-        = {press(QMessageBox::Save), saveAs(QStringLiteral("first.acp")), [&](QDialog *dialog) {
-               send(QStringLiteral("COM3"), 11, 10);
-               secondAnswer(dialog);
-           }};
+    QList<Answer> answers = {press(QMessageBox::Save), saveAs("first.acp"), [&](QDialog *dialog) {
+                                 send(0, 11, 10);
+                                 secondAnswer(dialog);
+                             }};
     if (second == QMessageBox::Save)
-        answers.append(saveAs(QStringLiteral("second.acp")));
+        answers.append(saveAs("second.acp"));
     answer(answers);
     QCOMPARE(window->close(), closes);
-    QCOMPARE(linesIn(QStringLiteral("first.acp")), closes ? 20 : 0);
-    QCOMPARE(linesIn(QStringLiteral("second.acp")), second == QMessageBox::Save ? 5 : 0);
+    QCOMPARE(linesIn("first.acp"), closes ? 20 : 0);
+    QCOMPARE(linesIn("second.acp"), second == QMessageBox::Save ? 5 : 0);
     if (closes)
         return;
     QCOMPARE(window->mdiChildren().size(), 2);
     QVERIFY(window->mdiChildren().first()->hasUnsavedData()); // nothing was done
-    send(QStringLiteral("COM3"), 21, 1);
+    send(0, 21, 1);
 }
 
 void TestUnsavedWindows::twoRecordingsNeedTwoNames()
 {
-    VarnelSettings().setValue(QStringLiteral("journal/enabled"), false);
-    start();
-    send(QStringLiteral("COM3"), 1, 10);
-    send(QStringLiteral("COM4"), 1, 5);
-    answer({press(QMessageBox::Save), saveAs(QStringLiteral("first.acp")), press(QMessageBox::Save),
-        saveAs(QStringLiteral("first.acp")), [](QDialog *warning) { warning->reject(); },
-        saveAs(QStringLiteral("second.acp"))});
+    startRecording();
+    answer({press(QMessageBox::Save), saveAs("first.acp"), press(QMessageBox::Save), saveAs("first.acp"),
+        [](QDialog *warning) { warning->reject(); }, saveAs("second.acp")});
     QVERIFY(window->close());
-    QCOMPARE(linesIn(QStringLiteral("first.acp")), 10);
-    QCOMPARE(linesIn(QStringLiteral("second.acp")), 5);
+    QCOMPARE(linesIn("first.acp"), 10);
+    QCOMPARE(linesIn("second.acp"), 5);
 }
 
 /// A file of one record holds no data, be it a journal or saved: there is nothing to be kept.
 void TestUnsavedWindows::loneRecordIsNotAskedAbout()
 {
-    start();
-    send(QStringLiteral("COM3"), 7, 1);
-    devices[QStringLiteral("COM3")]->hangUp();
+    start({plugged[0]->portName()});
+    send(0, 7, 1);
+    plugged[0]->hangUp();
     QTRY_VERIFY(!window->activeMdiChild()->isLive());
     QVERIFY(JournalFolder(JournalFolder::defaultPath()).files().isEmpty());
     bool asked = false;

@@ -3,6 +3,7 @@
 #include "app/mainwindow.h"
 #include "graph/mdigraphchild.h"
 #include "settings/viewstate.h"
+#include "support/columns.h"
 #include "support/shellfixture.h"
 
 #include <QAction>
@@ -10,13 +11,11 @@
 #include <QMenuBar>
 #include <QSignalSpy>
 #include <QTest>
-#include <QToolBar>
-#include <QToolButton>
 
 using Ids = QVector<ActionId>;
 Q_DECLARE_METATYPE(Ids)
 
-/// Which switch enables, unchecks and renames which; and the menus and tool bars that hold them.
+/// Which switch enables, unchecks and renames which, and how the keyboard reaches them.
 class TestViewSwitches : public QObject {
     Q_OBJECT
 
@@ -24,13 +23,9 @@ private slots:
     void init();
     void switching_data();
     void switching();
-    void signalsPerSwitch_data();
     void signalsPerSwitch();
     void withoutWindows();
     void reopenedInBalancerView();
-    void menus_data();
-    void menus();
-    void mainToolBar();
     void shortcuts();
     void keyboardReachesAll();
 
@@ -72,9 +67,7 @@ void TestViewSwitches::init()
 void TestViewSwitches::switching_data()
 {
     using Id = ActionId;
-    QTest::addColumn<Ids>("clicks");
-    QTest::addColumn<QString>("texts");
-    QTest::addColumn<QString>("expectedModes");
+    columns<Ids, QString, QString>({"clicks", "texts", "expectedModes"});
     const auto row = [](const char *name, const Ids &clicks, const char *texts, const char *expectedModes) {
         QTest::newRow(name) << clicks << texts << expectedModes;
     };
@@ -112,22 +105,16 @@ void TestViewSwitches::switching()
     QCOMPARE(switches.delta, action(ActionId::Delta)->isChecked());
 }
 
-void TestViewSwitches::signalsPerSwitch_data()
-{
-    QTest::addColumn<int>("id");
-    QTest::addColumn<int>("count");
-    for (int id = int(ActionId::Data); id <= int(ActionId::Energy); ++id)
-        QTest::addRow("%d", id) << id << (id == int(ActionId::Average) ? 2 : 1);
-}
-
 void TestViewSwitches::signalsPerSwitch()
 {
-    QFETCH(int, id);
-    window->createMdiChild();
-    action(ActionId::Balancer)->trigger();
-    QSignalSpy spy(window.get(), SIGNAL(toolBarChanged()));
-    action(ActionId(id))->trigger();
-    QTEST(int(spy.count()), "count");
+    for (int id = int(ActionId::Data); id <= int(ActionId::Energy); ++id) {
+        window = std::make_unique<MainWindow>();
+        window->createMdiChild();
+        action(ActionId::Balancer)->trigger();
+        QSignalSpy spy(window.get(), SIGNAL(toolBarChanged()));
+        action(ActionId(id))->trigger();
+        QCOMPARE(spy.count(), id == int(ActionId::Average) ? 2 : 1); // which goes with the balancer view
+    }
 }
 
 void TestViewSwitches::withoutWindows()
@@ -155,52 +142,6 @@ void TestViewSwitches::reopenedInBalancerView()
     QTRY_VERIFY(!action(ActionId::Energy)->isEnabled());
     window->createMdiChild();
     QCOMPARE(switchTexts(), QStringLiteral("dV* Rw* B* Avg S P% Vc"));
-}
-
-void TestViewSwitches::menus_data()
-{
-    QTest::addColumn<QString>("menu");
-    QTest::addColumn<QString>("entries");
-    QTest::newRow("file") << "&File"
-                          << "Open file,Save as,Preferences,Set time,|,E&xit";
-    QTest::newRow("window")
-        << "&Window"
-        << "Recording,Background color,|,Cl&ose,Close &All,|,&Tile,&Cascade,|,Ne&xt,Pre&vious,|";
-    QTest::newRow("print") << "&Print"
-                           << "Capacity comparison,Voltage comparison,Bar display,Active plot";
-    QTest::newRow("help") << "&Help"
-                          << "&About";
-}
-
-void TestViewSwitches::menus()
-{
-    QFETCH(QString, menu);
-    window->updateWindowMenu(); // as often as it is shown
-    QStringList entries;
-    const auto titles = window->menuBar()->actions();
-    for (const QAction *title : titles) {
-        if (title->text() != menu)
-            continue;
-        const auto actions = title->menu()->actions();
-        for (const QAction *entry : actions)
-            entries << (entry->isSeparator() ? QStringLiteral("|") : entry->text());
-    }
-    QTEST(entries.join(','), "entries");
-}
-
-void TestViewSwitches::mainToolBar()
-{
-    const auto *bar = window->findChild<QToolBar *>(QStringLiteral("mainToolBar"));
-    QStringList entries;
-    const auto actions = bar->actions();
-    for (const QAction *entry : actions)
-        entries << (entry->isSeparator() ? QStringLiteral("|") : entry->text().trimmed());
-    QCOMPARE(entries.join(','),
-        QStringLiteral(
-            "Open file,Save as,&Cascade,&Tile,|,Recording,Stop process,|,DATA,Graph,Bar Graph,|,T,dV,Rw,|,"
-            "B,Avg,S,P%,"));
-    const auto *energy = bar->findChild<QToolButton *>(QStringLiteral("energyAction"));
-    QCOMPARE(energy->defaultAction(), action(ActionId::Energy));
 }
 
 void TestViewSwitches::shortcuts()

@@ -5,7 +5,6 @@
 #include "graph/seriesstore.h"
 
 #include <QBuffer>
-#include <QCoreApplication>
 
 namespace {
 
@@ -44,13 +43,6 @@ bool allReadable(const RecordList &records)
 }
 
 } // namespace
-
-extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
-{
-    static const QCoreApplication application(*argc, *argv);
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
-    return 0;
-}
 
 // The first byte says by which ending the file goes.
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)

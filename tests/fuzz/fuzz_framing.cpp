@@ -1,11 +1,9 @@
 #include "fuzzcheck.h"
 #include "graph/seriesstore.h"
-#include "link/devicelink.h"
 #include "link/lineframer.h"
-#include "link/readerhost.h"
-#include "link/recordinglog.h"
 #include "link/recordingdispatcher.h"
-#include "link/recordingsink.h"
+#include "support/fakelink.h"
+#include "support/quiethost.h"
 
 #include <QCoreApplication>
 #include <QStringList>
@@ -32,18 +30,15 @@ public:
     bool live = false;
 };
 
-class Port : public DeviceLink {
+class Port : public FakeLink {
 public:
     void sendCommand(const QString &text) override
     {
         check(text.endsWith(QLatin1String("\r\n")), "commands end");
     }
-    QString portName() const override { return QStringLiteral("COM1"); }
-    bool isNewProcess() const override { return false; }
-    void detachGraphChild(RecordingSink *) override { }
 };
 
-class Shell : public QObject, public ReaderHost {
+class Shell : public QuietHost {
 public:
     RecordingSink *createRecording() override
     {
@@ -52,18 +47,8 @@ public:
         recorders.push_back(std::make_unique<Recorder>());
         return recorders.back().get();
     }
-    std::unique_ptr<RecordingLog> createRecordingLog(const QString &) override { return nullptr; }
-    QString currentTimeText() const override { return QStringLiteral("05:42:13:15:11:26"); }
-    QMap<QString, bool> &startTimeSent() override { return started; }
-    QMap<QString, bool> &endTimeSent() override { return ended; }
-    void showMessageStatusBar(const QString &, int) override { }
-    void portFailed(const QString &, const QString &) override { }
-    void portLost(const QString &) override { }
-    void recordingUnwatched(const QString &) override { }
-    QObject *processReceiver() override { return this; }
 
     std::vector<std::unique_ptr<Recorder>> recorders;
-    QMap<QString, bool> started, ended;
 };
 
 QStringList linesOf(const QByteArray &bytes, int pieceSize)
@@ -80,13 +65,6 @@ QStringList linesOf(const QByteArray &bytes, int pieceSize)
 }
 
 } // namespace
-
-extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
-{
-    static const QCoreApplication application(*argc, *argv);
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
-    return 0;
-}
 
 // The first byte says in what pieces the bytes arrive; they must not matter. Half of the ends are left to time.
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)

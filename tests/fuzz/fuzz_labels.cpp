@@ -1,16 +1,8 @@
 #include "files/recordlabel.h"
 #include "fuzzcheck.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QTemporaryDir>
-
-extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
-{
-    static const QCoreApplication application(*argc, *argv);
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
-    return 0;
-}
 
 // The first byte says by which ending the file goes.
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)

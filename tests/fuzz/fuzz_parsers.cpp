@@ -28,12 +28,6 @@ void checkRoundTrip(const Varnel3Data &record)
 
 } // namespace
 
-extern "C" int LLVMFuzzerInitialize(int *, char ***)
-{
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
-    return 0;
-}
-
 // Lines as the framing gives them, parsed one after the other into one record.
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
 {

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "app/actionset.h"
+#include "app/listenedports.h"
+#include "app/mainwindow.h"
+#include "app/statusfacts.h"
+#include "settings/varnelsettings.h"
+#include "support/ptypair.h"
+#include "support/shellfixture.h"
+
+#include <QAction>
+#include <QMessageBox>
+#include <QStatusBar>
+#include <QTest>
+
+#include <memory>
+#include <vector>
+
+/// The program's window with settings and ports of its own, the test at the far ends of its lines. Base of a test class.
+class ShellRig {
+protected:
+    void setUp() { fixture = std::make_unique<ShellFixture>(); }
+    void tearDown()
+    {
+        window.reset();
+        plugged.clear();
+        fixture.reset();
+    }
+
+    PtyPair *plug(const QString &port)
+    {
+        plugged.push_back(std::make_unique<PtyPair>(fixture->portFolder(), port));
+        return plugged.back().get();
+    }
+    /// Shows a window for which `ports` are ticked, and waits until it has tried to listen on them.
+    void start(const QStringList &ports)
+    {
+        VarnelSettings().setPorts(ports);
+        window = std::make_unique<MainWindow>();
+        window->show();
+        QTRY_VERIFY(message() != QLatin1String("Ready") && !message().endsWith(QLatin1String("...")));
+    }
+
+    void trigger(ActionId id) const { window->actionSet()[id]->trigger(); }
+    QString message() const { return window->statusBar()->currentMessage(); }
+    QString fact(StatusFacts::Kind kind) const { return window->statusFacts().text(kind); }
+    QStringList listened() const { return window->listenedPorts().portNames(); }
+    QMessageBox *box(const char *name) const { return window->findChild<QMessageBox *>(QLatin1String(name)); }
+
+    std::unique_ptr<ShellFixture> fixture;
+    std::vector<std::unique_ptr<PtyPair>> plugged;
+    std::unique_ptr<MainWindow> window;
+};
