@@ -17,7 +17,7 @@ RULES = {
     "link": {"data", "settings", "ports"},
     "files": {"data"},
     "printing": set(),
-    "graph": {"data", "settings", "files", "printing"},
+    "graph": {"data", "settings", "files"},
     "displays": {"data", "settings", "printing"},
     "dialogs": {"data", "settings", "link", "ports"},
     "resources": set(),
