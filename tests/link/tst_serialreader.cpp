@@ -325,7 +325,7 @@ void SerialReaderTest::portWithoutRights()
 {
     reader->stop();
     const QByteArray node = findPort(port).location.toLocal8Bit();
-    QCOMPARE(chmod(fixture.portFolder().toLocal8Bit(), 0755), 0);
+    QCOMPARE(chmod(fixture.path(QString()).toLocal8Bit(), 0755), 0);
     QCOMPARE(chmod(node, 0), 0);
     {
         const AsNobody powerless;
