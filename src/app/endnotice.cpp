@@ -2,6 +2,7 @@
 
 #include "app/devicetargets.h"
 #include "app/soundplayer.h"
+#include "graph/processend.h"
 #include "link/serialreader.h"
 #include "settings/varnelsettings.h"
 
@@ -9,30 +10,27 @@
 #include <QMessageBox>
 #include <QTimer>
 
+#include <iterator>
+
 namespace {
 
 constexpr int userSoundDelayMs = 3500; // by then the first sound is over
 
 struct KindText {
-    const char *icon;
-    const char *text;
     const char *title;
     const char *sound;
 };
 
 const KindText kindTexts[] = {
-    {":/Icons/error.png", QT_TRANSLATE_NOOP("EndNotice", "Error in process !"),
-        QT_TRANSLATE_NOOP("EndNotice", "Error"), "error"},
-    {":/Icons/cancel.png", QT_TRANSLATE_NOOP("EndNotice", "Process aborted by user."),
-        QT_TRANSLATE_NOOP("EndNotice", "Aborted"), "aborted"},
-    {":/Icons/finish.png", QT_TRANSLATE_NOOP("EndNotice", "Process completed."),
-        QT_TRANSLATE_NOOP("EndNotice", "End"), "end"},
-    {"", "", "", ""},
+    // by Varnel3Data::End
+    {QT_TRANSLATE_NOOP("EndNotice", "Error"), "error"},
+    {QT_TRANSLATE_NOOP("EndNotice", "Aborted"), "aborted"},
+    {QT_TRANSLATE_NOOP("EndNotice", "End"), "end"},
 };
 
-const KindText &textsOf(int kind)
+const KindText *textsOf(int kind)
 {
-    return kindTexts[kind >= 0 && kind < EndNotice::KindCount ? kind : EndNotice::KindCount];
+    return kind >= 0 && kind < int(std::size(kindTexts)) ? &kindTexts[kind] : nullptr;
 }
 
 } // namespace
@@ -86,13 +84,13 @@ void EndNotice::liftWindow()
 
 QMessageBox *EndNotice::createBox(int kind)
 {
-    const KindText &texts = textsOf(kind);
+    const KindText *texts = textsOf(kind);
     auto *notice = new QMessageBox(window);
     notice->setWindowFlags(notice->windowFlags() | Qt::WindowStaysOnTopHint);
-    if (*texts.text) {
-        notice->setIconPixmap(QPixmap(QLatin1String(texts.icon)));
-        notice->setText(tr(texts.text));
-        notice->setWindowTitle(tr(texts.title));
+    if (texts != nullptr) {
+        notice->setIconPixmap(QPixmap(processEndIcon(kind)));
+        notice->setText(processEndText(kind));
+        notice->setWindowTitle(tr(texts->title));
     }
     notice->addButton(QMessageBox::Close);
     return notice;
@@ -113,10 +111,12 @@ void EndNotice::startSound()
 {
     if (!box || !player->hasOutput())
         return;
-    const QString base = QLatin1String(textsOf(shownKind).sound);
+    const KindText *texts = textsOf(shownKind);
     player->stop();
-    if (!base.isEmpty())
+    if (texts != nullptr) {
+        const QString base = QLatin1String(texts->sound);
         player->play(SoundPlayer::filePath(soundFolder, base, QLocale::system().country()));
+    }
     if (VarnelSettings().value(QStringLiteral("/mp3/user_wave"), true).toBool())
         userSoundTimer->start();
 }

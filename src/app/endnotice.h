@@ -17,9 +17,6 @@ class EndNotice : public QObject {
     Q_OBJECT
 
 public:
-    /// How a process ended, as the readers number it.
-    enum Kind { Error, Aborted, Completed, KindCount };
-
     /// `window` is the parent of the boxes. Nothing is owned; all outlive this. Sounds are taken from `soundFolder`.
     EndNotice(QWidget *window, DeviceTargets *targets, SoundPlayer *player, const QString &soundFolder);
     ~EndNotice() override;
@@ -27,7 +24,8 @@ public:
     bool isOpen() const { return !box.isNull(); }
 
 public slots:
-    /// Shows the box and returns when it is closed. While one is open further ends are not told.
+    /// Shows the box for `kind`, a Varnel3Data::End, and returns when it is closed. While one is open further ends are
+    /// not told.
     void show(int kind);
     /// Closes the box: its device has begun a new process.
     void dismiss();
@@ -51,7 +49,7 @@ private:
     SoundPlayer *player;
     QString soundFolder;
     QPointer<QMessageBox> box; // the open one
-    int shownKind = KindCount;
+    int shownKind = -1;
     QTimer *userSoundTimer; // child
     bool held = false;
     QVector<int> waitingKinds;

@@ -37,6 +37,7 @@ void GraphWindows::place(MdiGraphChild *child)
 {
     QMdiSubWindow *subWindow = m_area->addSubWindow(child);
     subWindow->setWindowIcon(child->windowIcon());
+    subWindow->setToolTip(child->toolTip());
     m_children.append(child);
     child->setWindowNumber(m_children.size());
     connect(child, SIGNAL(selectedCellsChanged()), m_shell, SLOT(updateVoltage()));

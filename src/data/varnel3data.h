@@ -19,6 +19,8 @@ public:
 
     enum Device { Varnel3 = 0, Varnel2Plus = 1, Varnel2 = 2, Tandor = 3, NoDevice = 4 };
     enum Mode { Charge = 0, Discharge = 1, Balancing = 2, Format = 3, Test = 4, NoMode = 5 };
+    /// How a process ended, as the shell is told it.
+    enum End { Failed = 0, Aborted = 1, Completed = 2, NoEnd = -1 };
     static constexpr int noCellType = 13;
 
     int balancedMah = 0; ///< largest cell charge balanced so far, mAh; written by the recording's store only
@@ -75,6 +77,8 @@ public:
     int cellsPresent() const { return qBound(0, cellCount, maxCells); }
     /// The record has cells, a process, and balancing data.
     bool hasCellData() const;
+    /// How the process ended with this record, by `flag3`; NoEnd while it goes on.
+    int processEnd() const;
 
     static QString deviceName(int device); ///< translated
     static QString modeName(int mode); ///< translated; empty above NoMode

@@ -2,6 +2,7 @@
 
 #include "graph/graphhost.h"
 #include "graph/graphinteraction.h"
+#include "graph/processend.h"
 #include "link/devicelink.h"
 #include "settings/viewstate.h"
 
@@ -14,18 +15,6 @@
 namespace {
 
 constexpr int repaintPause = 100; // ms
-
-struct ProcessEnd {
-    char letter; // in a record's flag3
-    const char *icon;
-    const char *text;
-};
-
-constexpr ProcessEnd processEnds[] = {
-    {'S', ":/Icons/error.png", QT_TRANSLATE_NOOP("MdiGraphChild", "Error in process !")},
-    {'M', ":/Icons/cancel.png", QT_TRANSLATE_NOOP("MdiGraphChild", "Process aborted by user.")},
-    {'E', ":/Icons/finish.png", QT_TRANSLATE_NOOP("MdiGraphChild", "Process completed.")},
-};
 
 } // namespace
 
@@ -134,7 +123,7 @@ void MdiGraphChild::loadRecords(RecordList records, const QString &fileName)
     m_interaction->dataArrived();
     m_unsavedData = false;
     if (!m_store.isEmpty())
-        noteEnd(m_store.records().last());
+        showProcessEnd(m_store.records().last().processEnd());
     if (m_store.size() > 1) {
         m_neverSaved = false;
         m_baseTitle = fileName;
@@ -156,22 +145,18 @@ void MdiGraphChild::markSaved(const QString &fileName)
     m_neverSaved = false;
 }
 
-void MdiGraphChild::setProcessEnd(int code)
+// The icon and the tool tip stay until the window is closed, so that no end goes unseen.
+void MdiGraphChild::showProcessEnd(int end)
 {
-    if (code < 0 || code >= int(std::size(processEnds)))
+    const QString text = processEndText(end);
+    if (text.isEmpty())
         return;
-    const QIcon icon(QLatin1String(processEnds[code].icon));
+    const QIcon icon(processEndIcon(end));
     setWindowIcon(icon);
-    setToolTip(tr(processEnds[code].text));
-    if (auto *frame = qobject_cast<QMdiSubWindow *>(parentWidget())) // it took the icon over once only
-        frame->setWindowIcon(icon);
-}
-
-void MdiGraphChild::noteEnd(const Varnel3Data &record)
-{
-    for (int code = 0; code < int(std::size(processEnds)); ++code) {
-        if (processEnds[code].letter == record.flag3)
-            setProcessEnd(code);
+    setToolTip(text);
+    if (auto *frame = qobject_cast<QMdiSubWindow *>(parentWidget())) {
+        frame->setWindowIcon(icon); // it took the icon over once only
+        frame->setToolTip(text); // where the graph itself is covered or minimised
     }
 }
 
@@ -213,7 +198,7 @@ void MdiGraphChild::addRecord(const Varnel3Data &record)
     m_store.append(record);
     m_interaction->dataArrived();
     m_note.clear();
-    noteEnd(record);
+    showProcessEnd(record.processEnd());
     if (!m_neverSaved)
         setTitle(m_baseTitle + QLatin1Char(' ') + m_fileName + QLatin1Char('*'));
     m_unsavedData = true;

@@ -54,9 +54,6 @@ public:
     void loadRecords(RecordList records, const QString &fileName);
     /// All records now stand in `fileName`.
     void markSaved(const QString &fileName);
-    /// Shows by icon and tool tip how the process ended: 0 error, 1 aborted by the user, 2 completed. Records that
-    /// carry an end letter do so by themselves.
-    void setProcessEnd(int code);
     /// Tells that the device has been silent since `since`; an invalid time takes it back.
     void setSilentSince(const QDateTime &since);
     /// What the window shows, at any size. Valid as long as the window.
@@ -100,7 +97,7 @@ private:
     void tellCapacity();
     void scheduleRepaint();
     void setTitle(const QString &title);
-    void noteEnd(const Varnel3Data &record);
+    void showProcessEnd(int end);
 
     GraphHost *m_host; // not owned, outlives this
     DeviceLink *m_reader = nullptr; // not owned; forgotten by finishRecording() before it goes

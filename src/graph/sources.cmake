@@ -30,6 +30,7 @@ target_sources(varnel_gui PRIVATE
     graph/interval.cpp graph/interval.h
     graph/legendpainter.cpp graph/legendpainter.h
     graph/mdigraphchild.cpp graph/mdigraphchild.h
+    graph/processend.cpp graph/processend.h
     graph/scaledrawtime.cpp graph/scaledrawtime.h
     graph/timecolumns.cpp graph/timecolumns.h
     graph/timedivision.cpp graph/timedivision.h

@@ -12,12 +12,6 @@ namespace {
 
 constexpr int longestPause = 20; // seconds of silence that a recording survives
 
-struct EndLetter {
-    char letter;
-    int endType;
-};
-constexpr EndLetter endLetters[] = {{'S', 0}, {'M', 1}, {'E', 2}};
-
 } // namespace
 
 RecordingDispatcher::RecordingDispatcher(DeviceLink *link, ReaderHost *host)
@@ -115,13 +109,11 @@ void RecordingDispatcher::keepResistanceLine(const QString &line)
 
 bool RecordingDispatcher::takeEndLetter()
 {
-    for (const EndLetter &end : endLetters) {
-        if (m_record.flag3 == end.letter) {
-            m_endType = end.endType;
-            return true;
-        }
-    }
-    return false;
+    const int end = m_record.processEnd();
+    if (end == Varnel3Data::NoEnd)
+        return false;
+    m_endType = end;
+    return true;
 }
 
 // A balancer's clock stands still, so that only its pack tells one process from the next.

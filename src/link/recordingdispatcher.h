@@ -62,7 +62,7 @@ private:
     Varnel3Data m_record; // each line is parsed into it, so that what a dialect does not send carries over
     Previous m_previous;
     int m_idleTicks = 0; // seconds since the last good line
-    int m_endType = 2; // what endProcess() announces: 0 error, 1 aborted, 2 completed
+    int m_endType = Varnel3Data::Completed; // what endProcess() announces
     bool m_newProcess = true;
     bool m_unwatchedTold = false;
 };

@@ -1,6 +1,7 @@
 #include "app/endnotice.h"
 
 #include "app/soundplayer.h"
+#include "data/varnel3data.h"
 #include "resources/resources.h"
 #include "settings/varnelsettings.h"
 #include "support/targets.h"
@@ -212,7 +213,7 @@ void TestEndNotice::soundsFollow()
     QFETCH(int, openFor);
     VarnelSettings().setValue(QStringLiteral("/mp3/user_wave"), wanted);
     player->output = output;
-    show(EndNotice::Completed, {}, openFor);
+    show(Varnel3Data::Completed, {}, openFor);
     QTest::qWait(qMax(0, 3800 - openFor));
     QTEST(player->played, "played");
     if (player->times.size() == 2)
@@ -223,16 +224,16 @@ void TestEndNotice::soundsFollow()
 // The delay counts from the box that is open, not from one that was closed before.
 void TestEndNotice::laterBoxHasItsOwnSecondSound()
 {
-    show(EndNotice::Completed, {}, 1500);
-    show(EndNotice::Aborted, {}, 3000);
+    show(Varnel3Data::Completed, {}, 1500);
+    show(Varnel3Data::Aborted, {}, 3000);
     QCOMPARE(player->played, (QStringList{QStringLiteral("end.wav"), QStringLiteral("aborted.wav")}));
 }
 
 void TestEndNotice::oneBoxAtATime()
 {
-    show(EndNotice::Completed, [this] {
-        notice->show(EndNotice::Error);
-        notice->show(EndNotice::Aborted);
+    show(Varnel3Data::Completed, [this] {
+        notice->show(Varnel3Data::Failed);
+        notice->show(Varnel3Data::Aborted);
         QCOMPARE(openBox()->windowTitle(), QStringLiteral("End"));
     });
     QCOMPARE(player->played, QStringList(QStringLiteral("end.wav")));
@@ -241,7 +242,7 @@ void TestEndNotice::oneBoxAtATime()
 void TestEndNotice::newProcessTakesBoxAway()
 {
     targets.add();
-    show(EndNotice::Completed, [this] {
+    show(Varnel3Data::Completed, [this] {
         notice->dismiss();
         QVERIFY(!notice->isOpen());
         QVERIFY(!openBox());
@@ -255,9 +256,9 @@ void TestEndNotice::nestedEndStopsOnce()
 {
     targets.add();
     QString inner;
-    show(EndNotice::Completed, [this, &inner] {
+    show(Varnel3Data::Completed, [this, &inner] {
         notice->dismiss();
-        show(EndNotice::Error, [&inner] { inner = openBox()->windowTitle(); });
+        show(Varnel3Data::Failed, [&inner] { inner = openBox()->windowTitle(); });
     });
     QCOMPARE(inner, QStringLiteral("Error"));
     QTest::qWait(50);
@@ -284,7 +285,7 @@ void TestEndNotice::deviceIsFreed()
         targets.say(0, recordLine);
         QTRY_VERIFY(!targets.reader(0)->isNewProcess());
     }
-    show(EndNotice::Completed);
+    show(Varnel3Data::Completed);
     QTest::qWait(50);
     QTEST(targets.heard(0), "heard");
 }
@@ -305,14 +306,14 @@ void TestEndNotice::onlyMinimisedIsLifted()
     QFETCH(int, before);
     QFETCH(int, after);
     window->setWindowState(Qt::WindowStates(before));
-    show(EndNotice::Completed);
+    show(Varnel3Data::Completed);
     QCOMPARE(int(window->windowState()), after);
 }
 
 void TestEndNotice::endsWaitWhileHeld()
 {
     notice->hold();
-    notice->show(EndNotice::Error);
+    notice->show(Varnel3Data::Failed);
     QVERIFY(!notice->isOpen());
     notice->release();
     QString title;
@@ -326,7 +327,7 @@ void TestEndNotice::endsWaitWhileHeld()
 
 void TestEndNotice::windowMayGoUnderTheBox()
 {
-    show(EndNotice::Completed, [this] { window.reset(); });
+    show(Varnel3Data::Completed, [this] { window.reset(); });
     QVERIFY(!notice);
 }
 
