@@ -55,6 +55,7 @@ void PortQuestions::showNext()
     box = new QMessageBox(QMessageBox::Question, tr("Question"), text.arg(waiting.head().description),
         QMessageBox::Yes | QMessageBox::No, window);
     box->setObjectName(QStringLiteral("portQuestion"));
+    box->setTextFormat(Qt::PlainText);
     connect(box, SIGNAL(finished(int)), this, SLOT(onFinished(int)));
     box->open();
     box->activateWindow(); // also from above a dialog that had the keyboard

@@ -51,6 +51,7 @@ void ShellReaderHost::portFailed(const QString &portName, const QString &text)
         box = new QMessageBox(QMessageBox::Warning, tr("Error"), text, QMessageBox::Ok, shell);
         box->setObjectName(QStringLiteral("portFailed"));
         box->setAttribute(Qt::WA_DeleteOnClose);
+        box->setTextFormat(Qt::PlainText);
         box->setModal(false);
     }
     box->setText(text);

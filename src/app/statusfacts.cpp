@@ -1,5 +1,7 @@
 #include "app/statusfacts.h"
 
+#include "dialogs/plaintooltip.h"
+
 #include <QCoreApplication>
 #include <QEvent>
 #include <QLabel>
@@ -50,6 +52,7 @@ StatusFacts::StatusFacts(QStatusBar *bar)
 {
     for (int kind = 0; kind < KindCount; ++kind) {
         m_labels[kind] = new QLabel(bar);
+        m_labels[kind]->setTextFormat(Qt::PlainText);
         m_labels[kind]->setObjectName(QStringLiteral("statusFact%1").arg(kind));
         m_labels[kind]->hide();
         m_labels[kind]->setMinimumWidth(1); // long texts must not keep the window wide
@@ -112,6 +115,6 @@ void StatusFacts::show(Kind kind, int widest)
             tip.append(detail);
     }
     label->setText(label->fontMetrics().elidedText(whole, Qt::ElideRight, widest));
-    label->setToolTip(tip.join(QLatin1Char('\n')));
+    label->setToolTip(plainToolTip(tip.join(QLatin1Char('\n'))));
     label->setVisible(!whole.isEmpty());
 }

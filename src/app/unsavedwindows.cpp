@@ -113,8 +113,11 @@ bool UnsavedWindows::askName(Pending *one, const QVector<Pending> &all)
             one->fileName = name;
             return !name.isEmpty();
         }
-        QMessageBox::warning(m_shell, tr("Recording"),
-            tr("Another of the windows is about to be saved as %1.").arg(QDir::toNativeSeparators(name)));
+        QMessageBox box(QMessageBox::Warning, tr("Recording"),
+            tr("Another of the windows is about to be saved as %1.").arg(QDir::toNativeSeparators(name)),
+            QMessageBox::Ok, m_shell);
+        box.setTextFormat(Qt::PlainText);
+        box.exec();
     }
 }
 

@@ -1,6 +1,7 @@
 #include "dialogs/dialogpreferences.h"
 
 #include "dialogs/checkboxcomport.h"
+#include "dialogs/plaintooltip.h"
 #include "link/serialreader.h"
 #include "ports/portinfo.h"
 #include "settings/varnelsettings.h"
@@ -38,8 +39,8 @@ QHash<QString, QString> portDescriptions()
     QHash<QString, QString> descriptions;
     const QVector<PortInfo> ports = listPorts();
     for (const PortInfo &port : ports)
-        descriptions.insert(
-            port.name, QStringList({port.description, port.location}).join(QLatin1Char('\n')).trimmed());
+        descriptions.insert(port.name,
+            plainToolTip(QStringList({port.description, port.location}).join(QLatin1Char('\n')).trimmed()));
     return descriptions;
 }
 
@@ -128,7 +129,9 @@ void DialogPreferences::on_preferencesButtonReset_clicked()
 
 void DialogPreferences::addRow(const QString &portName, const QString &toolTip)
 {
-    auto *label = new QLabel(portName);
+    auto *label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    label->setText(portName);
     auto *box = new CheckBoxComPort(nullptr, portName);
     label->setBuddy(box);
     label->setToolTip(toolTip);

@@ -259,6 +259,7 @@ void DialogRemoteControl::tell(const QString &text)
 {
     auto *box
         = new QMessageBox(QMessageBox::Information, tr("Information"), text, QMessageBox::Ok, parentWidget());
+    box->setTextFormat(Qt::PlainText);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->open();
 }

@@ -86,6 +86,7 @@ void PrintRequest::print()
     auto *box = new QMessageBox(
         QMessageBox::Warning, m_job.title, tr("Can not print to %1").arg(target), QMessageBox::Ok, m_window);
     box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setTextFormat(Qt::PlainText);
     box->open();
 }
 

@@ -169,6 +169,7 @@ void TestListening::newPort()
         start({});
         plug(QStringLiteral("COM7"));
         QTRY_VERIFY(box("portQuestion"));
+        QCOMPARE(box("portQuestion")->textFormat(), Qt::PlainText); // the description is the adapter's own
         QCOMPARE(listened(), QStringList());
         box("portQuestion")->button(answer)->click();
         QTRY_COMPARE(listened(), QStringList(QStringLiteral("COM7")));
