@@ -1,5 +1,7 @@
 #include "app/soundplayer.h"
 
+#include "app/soundserver.h"
+
 #include <QAudioDeviceInfo>
 #include <QDir>
 #include <QFile>
@@ -39,7 +41,7 @@ SoundPlayer::~SoundPlayer()
 
 bool SoundPlayer::hasOutput() const
 {
-    return !QAudioDeviceInfo::availableDevices(QAudio::AudioOutput).isEmpty();
+    return maySound() && !QAudioDeviceInfo::availableDevices(QAudio::AudioOutput).isEmpty();
 }
 
 void SoundPlayer::play(const QString &file)

@@ -1,0 +1,6 @@
+#include "app/soundserver.h"
+
+bool maySound()
+{
+    return true;
+}
