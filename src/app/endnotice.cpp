@@ -58,10 +58,13 @@ void EndNotice::show(int kind)
         return;
     }
     const QPointer<EndNotice> self(this);
+    const int told = boxesShown;
     liftWindow();
     QApplication::processEvents();
-    if (!self || box)
+    // Another end may have come from inside: its box is open or, the user being done with it, was.
+    if (!self || box || boxesShown != told)
         return;
+    ++boxesShown;
     const QPointer<QMessageBox> own = createBox(kind);
     box = own;
     shownKind = kind;

@@ -50,6 +50,7 @@ private:
     QString soundFolder;
     QPointer<QMessageBox> box; // the open one
     int shownKind = -1;
+    int boxesShown = 0;
     QTimer *userSoundTimer; // child
     bool held = false;
     QVector<int> waitingKinds;

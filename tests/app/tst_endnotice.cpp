@@ -1,6 +1,7 @@
 #include "app/endnotice.h"
 
 #include "app/soundplayer.h"
+#include "app/soundserver.h"
 #include "data/varnel3data.h"
 #include "resources/resources.h"
 #include "settings/varnelsettings.h"
@@ -53,10 +54,12 @@ private slots:
     void boxSaysHowItEnded();
     void soundFileIsTheCountrys_data();
     void soundFileIsTheCountrys();
+    void noServerIsNoNoise();
     void soundsFollow_data();
     void soundsFollow();
     void laterBoxHasItsOwnSecondSound();
     void oneBoxAtATime();
+    void endsAtOnceLeaveOneBox();
     void newProcessTakesBoxAway();
     void nestedEndStopsOnce();
     void deviceIsFreed_data();
@@ -192,6 +195,20 @@ void TestEndNotice::soundFileIsTheCountrys()
         QDir::toNativeSeparators(sounds.filePath(file)));
 }
 
+// Asking the sound library for its devices where nothing could play makes it complain each time.
+void TestEndNotice::noServerIsNoNoise()
+{
+    if (QDir(QStringLiteral("/dev/snd")).exists() || QFile::exists(QStringLiteral("/run/pulse/native")))
+        QSKIP("this machine has sound");
+    QTemporaryDir runtime;
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtime.path()));
+    qunsetenv("PULSE_SERVER");
+    qunsetenv("PULSE_RUNTIME_PATH");
+    QVERIFY(!maySound());
+    QVERIFY(QDir(runtime.path()).mkpath(QStringLiteral("pulse/native")));
+    QVERIFY(maySound());
+}
+
 void TestEndNotice::soundsFollow_data()
 {
     QTest::addColumn<bool>("output");
@@ -237,6 +254,23 @@ void TestEndNotice::oneBoxAtATime()
         QCOMPARE(openBox()->windowTitle(), QStringLiteral("End"));
     });
     QCOMPARE(player->played, QStringList(QStringLiteral("end.wav")));
+}
+
+// Several devices may end before the program comes to tell the first of it.
+void TestEndNotice::endsAtOnceLeaveOneBox()
+{
+    for (int kind : {Varnel3Data::Aborted, Varnel3Data::Completed})
+        QMetaObject::invokeMethod(notice, "show", Qt::QueuedConnection, Q_ARG(int, kind));
+    show(Varnel3Data::Failed);
+    bool another = false;
+    QTimer::singleShot(100, this, [&another] {
+        another = openBox() != nullptr;
+        if (another)
+            openBox()->close();
+    });
+    QTest::qWait(200);
+    QVERIFY(!another);
+    QCOMPARE(player->played.size(), 1);
 }
 
 void TestEndNotice::newProcessTakesBoxAway()
