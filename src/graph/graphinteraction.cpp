@@ -125,15 +125,14 @@ void GraphInteraction::release(const QMouseEvent *event)
         const bool out = event->modifiers() & Qt::ControlModifier;
         stepZoom(out ? 1 / buttonFactor : buttonFactor, event->pos());
     }
+    pointAt(event->pos()); // what is under the pointer may have changed without its moving
 }
 
 void GraphInteraction::endSelection()
 {
     m_selecting = false;
-    if (m_rubberBand.width() > smallestSelection && m_rubberBand.height() > smallestSelection) {
+    if (m_rubberBand.width() > smallestSelection && m_rubberBand.height() > smallestSelection)
         m_view.showRect(m_area, m_rubberBand);
-        m_cursor = -1;
-    }
     m_widget->update();
 }
 
@@ -156,10 +155,13 @@ void GraphInteraction::endDrag()
 
 void GraphInteraction::doubleClick(const QMouseEvent *event)
 {
+    if (event->button() == Qt::RightButton)
+        press(event); // of a drag that follows another one quickly
     if (event->button() != Qt::LeftButton || pressLegend(event))
         return;
     m_selecting = false;
     m_view.showAll();
+    pointAt(event->pos());
     m_widget->update();
 }
 
@@ -185,6 +187,7 @@ bool GraphInteraction::wheel(const QWheelEvent *event)
         m_view.zoomValues(factor, *area, position.y());
     else
         m_view.zoomTimes(factor, position.x());
+    pointAt(position);
     m_widget->update();
     return true;
 }

@@ -25,6 +25,7 @@ private slots:
     void otherWindowsAreLeftAlone();
     void leavingShowsTheNewest();
     void rectangleZooms();
+    void zoomingPointsAnew();
     void rectangleStaysInItsPlot();
     void smallRectangleIsNoZoom_data();
     void smallRectangleIsNoZoom();
@@ -161,6 +162,18 @@ void TestGraphInteraction::rectangleZooms()
     QVERIFY(qAbs(zoom().share(PlotArea::Upper).high - 0.75) < 0.005);
     hover(in(PlotArea::Lower, 1.0, 0.5));
     QCOMPARE(lastShownTime(), 430);
+}
+
+// The pointer rests while what lies under it changes.
+void TestGraphInteraction::zoomingPointsAnew()
+{
+    const QPoint at = in(PlotArea::Upper, 0.3, 0.5); // at 258 s
+    drag(Qt::LeftButton, at + QPoint(0, 50), at + QPoint(86, 100)); // shows ten pixels a second
+    QCOMPARE(lastShownTime(), 290);
+    QTest::mouseDClick(child, Qt::LeftButton, Qt::NoModifier, at);
+    QCOMPARE(lastShownTime(), 260);
+    wheel(in(PlotArea::Upper, 1.0, 0.5), 1);
+    QCOMPARE(lastShownTime(), 860);
 }
 
 void TestGraphInteraction::rectangleStaysInItsPlot()
