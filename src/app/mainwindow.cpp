@@ -44,6 +44,8 @@
 namespace {
 
 constexpr QSize firstSize(1180, 760); // before a size was ever saved
+constexpr QSize frameRoom(
+    16, 40); // what a window's frame takes of a small screen; it is not known before it is shown
 
 } // namespace
 
@@ -166,7 +168,7 @@ void MainWindow::connectParts()
 void MainWindow::readSettings()
 {
     const VarnelSettings settings;
-    resize(firstSize.boundedTo(screen()->availableSize()));
+    resize(firstSize.boundedTo(screen()->availableSize() - frameRoom));
     restoreGeometry(settings.value(QStringLiteral("mainwindow/geometry"), QByteArray()).toByteArray());
     restoreState(settings.value(QStringLiteral("mainwindow/state"), QByteArray()).toByteArray());
     displays->readPlaces(settings);
