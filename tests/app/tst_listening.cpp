@@ -23,7 +23,6 @@ private slots:
     void recordsInWindows();
     void figuresOfCurrentWindow();
     void pauseAndResume();
-    void unpluggedAndBack();
     void failingPort();
     void newPort();
     void questionsQueue();
@@ -121,26 +120,6 @@ void TestListening::pauseAndResume()
     QCOMPARE(listened(), QStringList(QStringLiteral("COM3")));
     QCOMPARE(fact(StatusFacts::Paused), QString());
     device->send(Lines::charger(10));
-    QTRY_COMPARE(window->mdiChildren().size(), 2);
-}
-
-void TestListening::unpluggedAndBack()
-{
-    PtyPair *device = plug(QStringLiteral("COM3"));
-    start({QStringLiteral("COM3")});
-    device->send(Lines::charger(1));
-    QTRY_VERIFY(window->activeMdiChild());
-    device->hangUp();
-    QTRY_COMPARE(fact(StatusFacts::Lost), QStringLiteral("Lost: COM3"));
-    QCOMPARE(listened(), QStringList());
-    QCOMPARE(window->activeMdiChild()->store().size(), 1);
-    QVERIFY(!window->activeMdiChild()->isLive());
-    QTest::qWait(2500);
-    QCOMPARE(fact(StatusFacts::Lost), QStringLiteral("Lost: COM3"));
-    device = plug(QStringLiteral("COM3"));
-    QTRY_COMPARE(listened(), QStringList(QStringLiteral("COM3")));
-    QCOMPARE(fact(StatusFacts::Lost), QString());
-    device->send(Lines::charger(9));
     QTRY_COMPARE(window->mdiChildren().size(), 2);
 }
 

@@ -6,7 +6,6 @@
 #include "support/warningcollector.h"
 
 #include <QDir>
-#include <QSerialPort>
 #include <QtTest>
 
 #include <ctime>
@@ -48,7 +47,6 @@ private slots:
     void hangUpDuringEndBox();
     void hangUpWhileClosing_data();
     void hangUpWhileClosing();
-    void heldByAnotherProgram();
     void hourWithoutLineEnd();
     void portsComeAndGo();
 
@@ -193,23 +191,6 @@ void TestLiveFaults::hangUpWhileClosing()
     QVERIFY(!window || !listened().contains(QStringLiteral("COM1")));
     QVERIFY(!window || window->isVisible() || listened().isEmpty());
     QCOMPARE(collector.warnings(), QStringList());
-}
-
-void TestLiveFaults::heldByAnotherProgram()
-{
-    const QStringList ports
-        = add({QStringLiteral("COM1:varnel3,start=remote"), QStringLiteral("COM2:varnel3,start=open")});
-    QSerialPort other(QFile::symLinkTarget(fixture->portFolder() + QStringLiteral("/COM1")));
-    QVERIFY(other.open(QIODevice::ReadWrite));
-    ShellRig::start(ports);
-    QTRY_VERIFY(recordsOf("COM2") > 10); // the box does not stand in its way
-    QVERIFY(box("portFailed"));
-    QVERIFY(box("portFailed")->text().contains(QStringLiteral("Another program holds the port.")));
-    other.close();
-    window->startRecording();
-    QCOMPARE(listened().size(), 2);
-    device("COM1")->startProcess();
-    QTRY_VERIFY(recordsOf("COM1") > 10);
 }
 
 // A device with the wrong rate or a broken converter sends no line end for an hour: 1920 bytes a second. What it sends

@@ -25,20 +25,17 @@ private slots:
 void TestVarnel3Data::unknownCodesHaveNoFigures_data()
 {
     columns<int, QString, QString, int>({"code", "mode", "chemistry", "scaleMax"});
-    QTest::newRow("first") << 0 << "Charge"
-                           << "NiCd" << 1850;
-    QTest::newRow("no mode") << 5 << "None"
-                             << "LiPo" << 4350;
-    QTest::newRow("above the modes") << 6 << ""
-                                     << "LiTa" << 3600;
-    QTest::newRow("last chemistry") << 12 << ""
-                                    << "LTO" << 2900;
-    QTest::newRow("no chemistry") << 13 << ""
-                                  << "None" << 0;
-    QTest::newRow("negative") << -1 << ""
-                              << "None" << 0;
-    QTest::newRow("hostile") << INT_MAX << ""
-                             << "None" << 0;
+    const auto row = [](const char *name, int code, const char *mode, const char *chemistry, int scaleMax) {
+        QTest::newRow(name) << code << QString::fromLatin1(mode) << QString::fromLatin1(chemistry)
+                            << scaleMax;
+    };
+    row("first", 0, "Charge", "NiCd", 1850);
+    row("no mode", 5, "None", "LiPo", 4350);
+    row("above the modes", 6, "", "LiTa", 3600);
+    row("last chemistry", 12, "", "LTO", 2900);
+    row("no chemistry", 13, "", "None", 0);
+    row("negative", -1, "", "None", 0);
+    row("hostile", INT_MAX, "", "None", 0);
 }
 
 void TestVarnel3Data::unknownCodesHaveNoFigures()

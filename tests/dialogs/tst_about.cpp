@@ -4,7 +4,6 @@
 
 #include <QElapsedTimer>
 #include <QLabel>
-#include <QPushButton>
 #include <QtTest>
 
 class TestAbout : public QObject {
@@ -12,7 +11,6 @@ class TestAbout : public QObject {
 private slots:
     void initTestCase() { initResources(); }
     void saysWhatItIs();
-    void closesByButton();
     void closesByItself();
 };
 
@@ -38,14 +36,6 @@ void TestAbout::saysWhatItIs()
     QCOMPARE(links, 2);
     QCOMPARE(pictures, 1);
     QCOMPARE(versions, 1);
-}
-
-void TestAbout::closesByButton()
-{
-    About about;
-    about.show();
-    QTest::mouseClick(about.findChild<QPushButton *>(), Qt::LeftButton);
-    QVERIFY(!about.isVisible());
 }
 
 void TestAbout::closesByItself()

@@ -19,7 +19,6 @@ private slots:
     void absentPortIsForgotten();
     void refreshKeepsTicks();
     void resetAndCancel();
-    void geometry();
     void tabOrder();
 
 private:
@@ -116,17 +115,6 @@ void TestDialogPreferences::resetAndCancel()
     click(dialog, "Cancel");
     QCOMPARE(VarnelSettings().ports(), QStringList(QStringLiteral("COM3")));
     QVERIFY(VarnelSettings().sendTime());
-}
-
-/// Every text fits its place in the fixed layout.
-void TestDialogPreferences::geometry()
-{
-    DialogPreferences dialog(nullptr);
-    QCOMPARE(dialog.size(), QSize(425, 312));
-    const auto buttons = dialog.findChildren<QPushButton *>();
-    for (const QPushButton *button : buttons)
-        QVERIFY2(button->fontMetrics().horizontalAdvance(button->text()) < button->width(),
-            qPrintable(button->text()));
 }
 
 /// The Tab key goes from top to bottom, over rows that came later too.

@@ -1,6 +1,7 @@
 #include "dialogs/dialogremotecontrol.h"
 
 #include "link/serialreader.h"
+#include "support/columns.h"
 #include "support/ptypair.h"
 #include "support/quiethost.h"
 
@@ -115,8 +116,7 @@ void TestDialogRemoteControl::asksForStateAtOnce()
 
 void TestDialogRemoteControl::followsReplies_data()
 {
-    QTest::addColumn<QList<QByteArray>>("replies");
-    QTest::addColumn<int>("shown");
+    columns<QList<QByteArray>, int>({"replies", "shown"});
     using Replies = QList<QByteArray>;
     QTest::newRow("setup") << Replies{"#TRYB00"} << 0;
     QTest::newRow("memory keeps the page") << Replies{"#TRYB00", "#TRYB01"} << 0;
@@ -140,9 +140,7 @@ void TestDialogRemoteControl::followsReplies()
 
 void TestDialogRemoteControl::buttonsSend_data()
 {
-    QTest::addColumn<QByteArray>("state");
-    QTest::addColumn<QByteArray>("sent");
-    QTest::addColumn<bool>("polls");
+    columns<QByteArray, QByteArray, bool>({"state", "sent", "polls"});
     QTest::newRow("pbTryb0_battery") << QByteArray("#TRYB00") << QByteArray("#MEM-\r\n#MEM?\r\n") << true;
     QTest::newRow("pbTryb0_ps") << QByteArray("#TRYB00") << QByteArray("#MEM+\r\n#MEM?\r\n") << true;
     QTest::newRow("pbTryb2_mm") << QByteArray("#TRYB02") << QByteArray("#NRC-\r\n") << false;

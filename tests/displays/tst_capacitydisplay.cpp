@@ -2,8 +2,7 @@
 
 #include "displays/displayscale.h"
 #include "resources/resources.h"
-#include "settings/viewstate.h"
-#include "support/warningcollector.h"
+#include "support/columns.h"
 
 #include <QPainter>
 #include <QPushButton>
@@ -42,15 +41,6 @@ class TestCapacityDisplay : public QObject {
 private slots:
     void initTestCase() { initResources(); }
 
-    void margins()
-    {
-        CapacityChart chart;
-        QCOMPARE(chart.margin(280), 56);
-        QCOMPARE(chart.margin(100), 30);
-        chart.scale = 1.5;
-        QCOMPARE(chart.margin(100), 45);
-    }
-
     void columns()
     {
         CapacityChart chart = chartOf({10, 20, 30, 40, 50, 60, 70, 80, 90});
@@ -67,9 +57,7 @@ private slots:
 
     void barTops_data()
     {
-        QTest::addColumn<QVector<int>>("capacities");
-        QTest::addColumn<QVector<int>>("tops");
-        QTest::addColumn<QVector<int>>("percents");
+        columns<QVector<int>, QVector<int>, QVector<int>>({"capacities", "tops", "percents"});
         // 280 pixels: 168 of them between the baseline at 224 and the full scale at 56.
         QTest::newRow("parts") << QVector<int>{1000, 500, 1999, 2000} << QVector<int>{140, 182, 57, 56}
                                << QVector<int>{50, 25, 100, 100};
@@ -123,8 +111,7 @@ private slots:
 
     void boxesStayApartAndInside_data()
     {
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<qreal>("scale");
+        columns<QSize, qreal>({"size", "scale"});
         QTest::newRow("smallest") << QSize(470, 280) << 1.0;
         QTest::newRow("wide") << QSize(1900, 280) << 1.0;
         QTest::newRow("larger fonts") << QSize(705, 420) << 1.5;
@@ -152,7 +139,6 @@ private slots:
     void changing();
     void openingPullsTheViewBack();
     void wantsEntriesWhileShown();
-    void background();
 
 private:
     /// The kinds of process in the eight columns, as letters; '.' where no bar stands.
@@ -267,20 +253,6 @@ void TestCapacityDisplay::wantsEntriesWhileShown()
     QCOMPARE(closed.count(), 1);
     QTest::qWait(1100);
     QCOMPARE(wanted.count(), 2);
-}
-
-void TestCapacityDisplay::background()
-{
-    WarningCollector warnings;
-    ViewState state;
-    CapacityDisplay display;
-    display.setViewState(&state);
-    QCOMPARE(display.grab().toImage().pixel(1, 1), qRgb(0, 0, 0));
-    ViewSwitches switches;
-    switches.blackBackground = false;
-    state.setSwitches(switches);
-    QCOMPARE(display.grab().toImage().pixel(1, 1), qRgb(255, 255, 255));
-    QCOMPARE(warnings.warnings(), QStringList());
 }
 
 QTEST_MAIN(TestCapacityDisplay)

@@ -34,7 +34,6 @@ private slots:
     void keptResistances();
     void staleFiguresAreDimmed();
     void closingTells();
-    void sizeAndFonts();
     void nothingIsCutOff_data();
     void nothingIsCutOff();
 
@@ -227,20 +226,6 @@ void TestDataDisplay::closingTells()
     m_display->close();
     QCOMPARE(closed.count(), 1);
     QVERIFY(m_display->isHidden());
-}
-
-void TestDataDisplay::sizeAndFonts()
-{
-    QCOMPARE(m_display->size(), QSize(scaled(470), scaled(280)));
-    QVERIFY(m_display->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-    const auto points = [this](const char *name) {
-        return m_display->findChild<QLabel *>(QLatin1String(name))->font().pointSizeF();
-    };
-    show(samplePack({4100}));
-    QVERIFY(points("voltageLabel") >= 17.5);
-    QVERIFY(points("voltageLabel") > 1.9 * points("resistanceLabel"));
-    const QLabel *voltage = m_display->findChild<ClickedLabel *>();
-    QCOMPARE(voltage->size(), QSize(scaled(180), scaled(60)));
 }
 
 void TestDataDisplay::nothingIsCutOff_data()

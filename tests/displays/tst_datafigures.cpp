@@ -1,6 +1,7 @@
 #include "displays/datafigures.h"
 
 #include "displays/samplepack.h"
+#include "support/columns.h"
 
 #include <QLocale>
 #include <QTest>
@@ -29,10 +30,7 @@ private slots:
 
     void normalFigures_data()
     {
-        QTest::addColumn<int>("item");
-        QTest::addColumn<int Varnel3Data::*>("field");
-        QTest::addColumn<int>("value");
-        QTest::addColumn<QString>("comma");
+        columns<int, int Varnel3Data::*, int, QString>({"item", "field", "value", "comma"});
         const auto row = [](Item item, int Varnel3Data::*field, int value, const char *comma) {
             QTest::addRow("item %d, %d", item, value)
                 << int(item) << field << value << QString::fromUtf8(comma);
@@ -122,38 +120,29 @@ private slots:
         }
     }
 
-    void emptyRecords_data()
-    {
-        QTest::addColumn<int>("cellCount");
-        QTest::addColumn<int>("mode");
-        QTest::newRow("no cells") << 0 << 0;
-        QTest::newRow("no process") << 4 << 5;
-    }
-
     void emptyRecords()
     {
-        QFETCH(int, cellCount);
-        QFETCH(int, mode);
-        Varnel3Data record = samplePack({4100, 4200, 4100, 4000});
-        DataFigures figures = figuresOf(record, {true, 0});
-        record.cellCount = cellCount;
-        record.mode = mode;
-        figures.show(record, {true, 0}, {});
-        for (const Item item :
-            {DataFigures::Time, DataFigures::Voltage, DataFigures::Current, DataFigures::Mode,
-                DataFigures::Cells, DataFigures::Slope, DataFigures::Resistance, DataFigures::MaxCellNote})
-            QCOMPARE(figures.text(item), QString());
-        QCOMPARE(figures.text(DataFigures::VoltageUnit), QStringLiteral("V"));
-        QCOMPARE(figures.text(DataFigures::SlopeUnit), QStringLiteral("mV/min"));
-        QCOMPARE(figures.cellText(0), QString());
+        for (const bool cells : {true, false}) {
+            Varnel3Data record = samplePack({4100, 4200, 4100, 4000});
+            DataFigures figures = figuresOf(record, {true, 0});
+            if (cells)
+                record.mode = Varnel3Data::NoMode;
+            else
+                record.cellCount = 0;
+            figures.show(record, {true, 0}, {});
+            for (const Item item : {DataFigures::Time, DataFigures::Voltage, DataFigures::Current,
+                     DataFigures::Mode, DataFigures::Cells, DataFigures::Slope, DataFigures::Resistance,
+                     DataFigures::MaxCellNote})
+                QCOMPARE(figures.text(item), QString());
+            QCOMPARE(figures.text(DataFigures::VoltageUnit), QStringLiteral("V"));
+            QCOMPARE(figures.text(DataFigures::SlopeUnit), QStringLiteral("mV/min"));
+            QCOMPARE(figures.cellText(0), QString());
+        }
     }
 
     void extremes_data()
     {
-        QTest::addColumn<QVector<int>>("millivolts");
-        QTest::addColumn<QString>("highest");
-        QTest::addColumn<QString>("lowest");
-        QTest::addColumn<QString>("delta");
+        columns<QVector<int>, QString, QString, QString>({"millivolts", "highest", "lowest", "delta"});
         const auto row = [](const char *name, const QVector<int> &cells, const char *high, const char *low,
                              const char *delta) {
             QTest::newRow(name) << cells << QString::fromLatin1(high) << QString::fromLatin1(low)
@@ -175,17 +164,6 @@ private slots:
         QCOMPARE(figures.text(DataFigures::MaxCellNote), highest);
         QCOMPARE(figures.text(DataFigures::MinCellNote), lowest);
         QCOMPARE(figures.text(DataFigures::Temperature), delta);
-    }
-
-    void statisticsOfAnInconsistentRecord()
-    {
-        Varnel3Data record = samplePack({4000, 4100});
-        record.cellMax = 4500; // no cell has it
-        record.cellCount = 99;
-        const DataFigures figures = figuresOf(record, {true, 0});
-        QCOMPARE(figures.text(DataFigures::MaxCellNote), QStringLiteral("cell 1"));
-        QCOMPARE(figures.text(DataFigures::Cells), QStringLiteral("99 x LiPo"));
-        QCOMPARE(figures.cellText(15), QStringLiteral("0,000"));
     }
 
     void statisticsFigures()

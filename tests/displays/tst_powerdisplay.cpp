@@ -5,6 +5,8 @@
 #include "displays/samplepack.h"
 #include "resources/resources.h"
 #include "settings/viewstate.h"
+#include "support/columns.h"
+#include "support/pixels.h"
 #include "support/warningcollector.h"
 
 #include <QPainter>
@@ -65,31 +67,22 @@ private slots:
         QVERIFY(CellBars::of(record, 0).values[0] < -1000000);
     }
 
-    void charges_data()
-    {
-        QTest::addColumn<int>("charge"); // mAh and a bit
-        QTest::addColumn<int>("upper");
-        QTest::newRow("little") << 40 << 100;
-        QTest::newRow("just the scale") << 100 << 100;
-        QTest::newRow("more") << 1155 << 1155;
-    }
-
     void charges()
     {
-        QFETCH(int, charge);
-        QFETCH(int, upper);
-        Varnel3Data record = samplePack({4000, 4000});
-        record.cells[1].balanceCharge = charge * 360000 + 359999;
-        const CellBars bars = CellBars::of(record, 1);
-        QCOMPARE(bars.values[1], charge);
-        QCOMPARE(bars.lower, 0);
-        QCOMPARE(bars.upper, upper);
+        for (const int charge : {40, 100, 1155}) { // mAh and a bit
+            Varnel3Data record = samplePack({4000, 4000});
+            record.cells[1].balanceCharge = charge * 360000 + 359999;
+            const CellBars bars = CellBars::of(record, 1);
+            QCOMPARE(bars.values[1], charge);
+            QCOMPARE(bars.lower, 0);
+            QCOMPARE(bars.upper, qMax(100, charge));
+        }
     }
 
     void resistances_data()
     {
-        QTest::addColumn<QVector<double>>("milliohms");
-        QTest::addColumn<QVector<int>>("excess"); // per cent, -1: no bar
+        // excess: per cent, -1: no bar
+        columns<QVector<double>, QVector<int>>({"milliohms", "excess"});
         QTest::newRow("above the smallest") << QVector<double>{2.0, 2.5, 6.0} << QVector<int>{0, 25, 200};
         QTest::newRow("one without") << QVector<double>{0.0, 2.0, 3.0} << QVector<int>{-1, 0, 50};
         QTest::newRow("none") << QVector<double>{0.0, -1.0} << QVector<int>{-1, -1};
@@ -111,10 +104,7 @@ private slots:
 
     void recordsWithoutCells_data()
     {
-        QTest::addColumn<int>("cellCount");
-        QTest::addColumn<int>("mode");
-        QTest::addColumn<char>("flag");
-        QTest::addColumn<int>("shown");
+        columns<int, int, char, int>({"cellCount", "mode", "flag", "shown"});
         QTest::newRow("no cells") << 0 << 0 << 'B' << 0;
         QTest::newRow("no process") << 4 << 5 << 'B' << 0;
         QTest::newRow("no cell data") << 4 << 0 << '_' << 0;
@@ -170,15 +160,6 @@ private slots:
         QCOMPARE(run(column(5), 99, 280), 70);
     }
 
-    void scaleFromZero()
-    {
-        // The whole panel, 168 up to 28.
-        const CellBarChart chart = chartOf({1155, 0, 577}, 0, 1155);
-        QCOMPARE(chart.valueRect(0, size), QRect(39, 28, 104, 140));
-        QVERIFY(chart.valueRect(1, size).isEmpty());
-        QCOMPARE(chart.valueRect(2, size).height(), 70);
-    }
-
     void levels()
     {
         CellBarChart chart = chartOf({0, 0, 0});
@@ -220,11 +201,7 @@ int pixelsOf(PowerDisplay &display, QRgb colour)
 {
     QTest::qWait(RefreshGate::interval + 20);
     const QImage image = display.grab().toImage();
-    int count = 0;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            count += image.pixel(x, y) == colour;
-    return count;
+    return countOf(image, image.rect(), colour);
 }
 
 } // namespace

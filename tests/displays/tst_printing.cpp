@@ -7,9 +7,10 @@
 #include "displays/voltagesource.h"
 #include "resources/resources.h"
 #include "settings/viewstate.h"
+#include "support/files.h"
+#include "support/limits.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPainter>
@@ -18,11 +19,6 @@
 #include <QPrinterInfo>
 #include <QTemporaryDir>
 #include <QTest>
-
-#ifdef Q_OS_UNIX
-#include <csignal>
-#include <sys/resource.h>
-#endif
 
 // The dialog would use it, and paper with it.
 #define SKIP_WITH_PRINTER()                                                                                  \
@@ -36,12 +32,6 @@ public:
     QVector<PackVoltages> packs() const override { return {PackVoltages::of(samplePack({4000, 4100}), 1)}; }
     void toggleCell(int, int) override { }
 };
-
-QByteArray contents(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 } // namespace
 
@@ -157,24 +147,14 @@ private slots:
         QVERIFY(!printPage(nothing, &good));
     }
 
-#ifdef Q_OS_UNIX
     void diskFullIsReported()
     {
         QPrinter printer;
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(file());
-        rlimit usual{};
-        getrlimit(RLIMIT_FSIZE, &usual);
-        rlimit small = usual;
-        small.rlim_cur = 700;
-        std::signal(SIGXFSZ, SIG_IGN);
-        setrlimit(RLIMIT_FSIZE, &small);
-        const bool printed
-            = printPage({QStringLiteral("Title"), {}, {100, 100}, [](QPainter &) {}}, &printer);
-        setrlimit(RLIMIT_FSIZE, &usual);
-        QVERIFY(!printed);
+        const FileSizeLimit limit(700);
+        QVERIFY(!printPage({QStringLiteral("Title"), {}, {100, 100}, [](QPainter &) {}}, &printer));
     }
-#endif
 
 private:
     QString file() const

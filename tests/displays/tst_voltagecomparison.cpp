@@ -8,6 +8,7 @@
 #include "resources/resources.h"
 #include "settings/varnelsettings.h"
 #include "settings/viewstate.h"
+#include "support/columns.h"
 #include "support/warningcollector.h"
 
 #include <QLabel>
@@ -66,11 +67,7 @@ private slots:
 
     void axis_data()
     {
-        QTest::addColumn<int>("lowest");
-        QTest::addColumn<int>("highest");
-        QTest::addColumn<int>("lower");
-        QTest::addColumn<int>("upper");
-        QTest::addColumn<int>("step");
+        columns<int, int, int, int, int>({"lowest", "highest", "lower", "upper", "step"});
         QTest::newRow("one voltage") << 4000 << 4000 << 3980 << 4020 << 20;
         QTest::newRow("a pack") << 3995 << 4071 << 3960 << 4100 << 20;
         QTest::newRow("two chemistries") << 1200 << 4180 << 0 << 5000 << 1000;
@@ -101,9 +98,7 @@ private slots:
 
     void shownCells_data()
     {
-        QTest::addColumn<int>("selection");
-        QTest::addColumn<int>("oneCell");
-        QTest::addColumn<QVector<int>>("cells");
+        columns<int, int, QVector<int>>({"selection", "oneCell", "cells"});
         QTest::newRow("-") << int(VoltageChart::AllButSelected) << -1 << QVector<int>{0, 2};
         QTest::newRow("S") << int(VoltageChart::All) << -1 << QVector<int>{0, 1, 2, 3};
         QTest::newRow("+") << int(VoltageChart::OnlySelected) << -1 << QVector<int>{1, 3};

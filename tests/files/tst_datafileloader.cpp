@@ -1,5 +1,7 @@
 #include "files/datafileloader.h"
 
+#include "support/columns.h"
+
 #include <QBuffer>
 #include <QElapsedTimer>
 #include <QFile>
@@ -60,82 +62,61 @@ private slots:
 // NOLINTNEXTLINE(readability-function-size): a table
 void TestDataFileLoader::outcomes_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("timeout");
-    QTest::addColumn<int>("count");
-    QTest::addColumn<int>("errorLine");
-    const QString loaded = QStringLiteral("Data loaded from disk.");
-    const QString none = QStringLiteral("No data in file.");
-    const QString badAcp = QStringLiteral("Format error in x.acp");
-    const QString badAbp = QStringLiteral("Format error in x.ABP");
+    columns<QString, QByteArray, QString, int, int, int>(
+        {"name", "bytes", "text", "timeout", "count", "errorLine"});
+    const auto good = [](const char *what, const QString &name, const QByteArray &bytes, int count) {
+        QTest::newRow(what) << name << bytes << QStringLiteral("Data loaded from disk.") << 1000 << count
+                            << 0;
+    };
+    const auto none = [](const char *what, const QString &name, const QByteArray &bytes, int count) {
+        QTest::newRow(what) << name << bytes << QStringLiteral("No data in file.") << 1000 << count << 0;
+    };
+    const auto bad
+        = [](const char *what, const QString &name, const QByteArray &bytes, int timeout, int line) {
+              QTest::newRow(what) << name << bytes << "Format error in " + name << timeout << 0 << line;
+          };
     const QByteArray line = recordLine(0);
-    const auto row = [](const char *what) -> QTestData & { return QTest::newRow(what); };
 
-    row("empty") << acp << QByteArray() << none << 1000 << 0 << 0;
-    row("one record") << acp << line << none << 1000 << 1 << 0;
-    row("two records") << acp << line + '\n' + line << loaded << 1000 << 2 << 0;
-    row("mark and windows ends") << acp << "\xef\xbb\xbf" + line + "\r\n" + line + "\r\n"
-                                 << loaded << 1000 << 2 << 0;
-    row("ends within a line") << acp << line + '\n' + line + '\n' + line.left(90) << loaded << 1000 << 2 << 0;
-    row("ends before the last balance")
-        << acp << line + '\n' + line + '\n' + line.chopped(1) << loaded << 1000 << 2 << 0;
+    none("empty", acp, QByteArray(), 0);
+    none("one record", acp, line, 1);
+    good("two records", acp, line + '\n' + line, 2);
+    good("mark and windows ends", acp, "\xef\xbb\xbf" + line + "\r\n" + line + "\r\n", 2);
+    good("ends within a line", acp, line + '\n' + line + '\n' + line.left(90), 2);
+    good("ends before the last balance", acp, line + '\n' + line + '\n' + line.chopped(1), 2);
     const QByteArray two = "#c0605 00123,25200+02000,025,01234";
-    row("ends within a number") << acp << two + '\n' + two + '\n' + two.chopped(1) << loaded << 1000 << 2
-                                << 0;
-    row("ends with a line of another device") << acp << line + '\n' + two << loaded << 1000 << 2 << 0;
-    row("damaged lines between") << acp << line + "\njunk\n#02C\n\n" + line.mid(1) + '\n' + line + '\n'
-                                 << loaded << 1000 << 2 << 0;
-    row("other dialects between") << acp << line + "\n#c0605 00123,25200+02000,025,01234\n"
-                                  << loaded << 1000 << 2 << 0;
-    row("hash only") << acp << QByteArray("#\n") << none << 1000 << 0 << 0;
-
-    row("charger") << acp << QByteArray("6\ncharge\n3\n0 12.5 1.5 25 100\n1 12.6 1.5 25 101\n") << loaded
-                   << 1000 << 2 << 0;
-    row("charger, blank lines at the end")
-        << acp << QByteArray("6\nc\n3\n0 12.5 1.5 25 100\n\n \r\n") << none << 1000 << 1 << 0;
-    row("charger, blank line between")
-        << acp << QByteArray("6\nc\n3\n\n0 12.5 1.5 25 100\n") << badAcp << 8000 << 0 << 5;
-    row("charger, comment") << acp << QByteArray("6\nc\n3\n# 1\n0 1 1 1 1\n#\n1 1 1 1 1") << loaded << 1000
-                            << 2 << 0;
-    row("charger, chemistry no number")
-        << acp << QByteArray("x\nc\n3\n0 12.5 1.5 25 100\n") << badAcp << 2000 << 0 << 1;
-    row("charger, mode") << acp << QByteArray("6\nC\n3\n0 12.5 1.5 25 100\n") << badAcp << 2000 << 0 << 2;
-    row("charger, no mode") << acp << QByteArray("6\n\n3\n0 12.5 1.5 25 100\n") << badAcp << 2000 << 0 << 2;
-    row("charger, count") << acp << QByteArray("6\nc\n3000000000\n0 12.5 1.5 25 100\n") << badAcp << 2000 << 0
-                          << 3;
-    row("charger, cut header") << acp << QByteArray("6\nc\n") << badAcp << 2000 << 0 << 2;
-    row("charger, header only") << acp << QByteArray("6\nc\n3") << none << 1000 << 0 << 0;
-    row("charger, four fields") << acp << QByteArray("6\nc\n3\n0 1 1 1 1\n0 12.5 1.5 25\n") << badAcp << 8000
-                                << 0 << 5;
-    row("charger, six fields") << acp << QByteArray("6\nc\n3\n0 12.5 1.5 25 100 1\n") << badAcp << 8000 << 0
-                               << 4;
-    row("charger, count of 99") << acp << QByteArray("6\nc\n99\n0 1 1 1 1\n1 1 1 1 1\n") << loaded << 1000
-                                << 2 << 0;
-    row("charger, count of -5") << acp << QByteArray("6\nc\n-5\n0 1 1 1 1\n1 1 1 1 1\n") << loaded << 1000
-                                << 2 << 0;
-    row("charger, count too wide") << acp << QByteArray("6\nc\n100\n0 1 1 1 1\n1 1 1 1 1\n") << none << 1000
-                                   << 0 << 0;
-
-    row("balancer") << abp << QByteArray("6\ntandor\n2\n4000 10 4001 20\n4000 10 4001 20\n") << loaded << 1000
-                    << 2 << 0;
-    row("balancer, empty") << abp << QByteArray() << badAbp << 2000 << 0 << 1;
-    row("balancer, mode") << abp << QByteArray("6\nc\n2\n4000 10 4001 20\n") << badAbp << 2000 << 0 << 2;
-    row("balancer, odd fields") << abp << QByteArray("6\nt\n2\n4000 10 4001\n") << badAbp << 8000 << 0 << 4;
-    row("balancer, decimal") << abp << QByteArray("6\nt\n2\n4000 10 4001 20.5\n") << badAbp << 8000 << 0 << 4;
-    row("balancer, no cells") << abp << QByteArray("6\nt\n0\n4000 10\n") << badAbp << 8000 << 0 << 4;
-    row("balancer, -5 cells") << abp << QByteArray("6\nt\n-5\n4000 10\n") << badAbp << 8000 << 0 << 4;
-    row("balancer, 99 cells") << abp << "6\nt\n99\n" + QByteArray("4000 10 ").repeated(99) + '\n'
-                              << none << 1000 << 1 << 0;
-    row("balancer, 2000000000 cells")
-        << abp << QByteArray("6\nt\n2000000000\n4000 10\n") << badAbp << 8000 << 0 << 4;
-    row("balancer, 3000000000 cells")
-        << abp << QByteArray("6\nt\n3000000000\n4000 10\n") << badAbp << 8000 << 0 << 4;
-    row("balancer, count no number, no data") << abp << QByteArray("6\nt\nx\n2\n") << none << 1000 << 0 << 0;
-    row("balancer, beyond 32 bits") << abp << QByteArray("6\nt\n1\n3000000000 10\n") << badAbp << 8000 << 0
-                                    << 4;
-    row("balancer, unknown chemistry") << abp << QByteArray("9\nt\n1\n4000 10\n") << none << 1000 << 0 << 0;
+    good("ends within a number", acp, two + '\n' + two + '\n' + two.chopped(1), 2);
+    good("ends with a line of another device", acp, line + '\n' + two, 2);
+    good("damaged lines between", acp, line + "\njunk\n#02C\n\n" + line.mid(1) + '\n' + line + '\n', 2);
+    good("other dialects between", acp, line + "\n#c0605 00123,25200+02000,025,01234\n", 2);
+    none("hash only", acp, "#\n", 0);
+    good("charger", acp, "6\ncharge\n3\n0 12.5 1.5 25 100\n1 12.6 1.5 25 101\n", 2);
+    none("charger, blank lines at the end", acp, "6\nc\n3\n0 12.5 1.5 25 100\n\n \r\n", 1);
+    bad("charger, blank line between", acp, "6\nc\n3\n\n0 12.5 1.5 25 100\n", 8000, 5);
+    good("charger, comment", acp, "6\nc\n3\n# 1\n0 1 1 1 1\n#\n1 1 1 1 1", 2);
+    bad("charger, chemistry no number", acp, "x\nc\n3\n0 12.5 1.5 25 100\n", 2000, 1);
+    bad("charger, mode", acp, "6\nC\n3\n0 12.5 1.5 25 100\n", 2000, 2);
+    bad("charger, no mode", acp, "6\n\n3\n0 12.5 1.5 25 100\n", 2000, 2);
+    bad("charger, count", acp, "6\nc\n3000000000\n0 12.5 1.5 25 100\n", 2000, 3);
+    bad("charger, cut header", acp, "6\nc\n", 2000, 2);
+    none("charger, header only", acp, "6\nc\n3", 0);
+    bad("charger, four fields", acp, "6\nc\n3\n0 1 1 1 1\n0 12.5 1.5 25\n", 8000, 5);
+    bad("charger, six fields", acp, "6\nc\n3\n0 12.5 1.5 25 100 1\n", 8000, 4);
+    good("charger, count of 99", acp, "6\nc\n99\n0 1 1 1 1\n1 1 1 1 1\n", 2);
+    good("charger, count of -5", acp, "6\nc\n-5\n0 1 1 1 1\n1 1 1 1 1\n", 2);
+    none("charger, count too wide", acp, "6\nc\n100\n0 1 1 1 1\n1 1 1 1 1\n", 0);
+    good("balancer", abp, "6\ntandor\n2\n4000 10 4001 20\n4000 10 4001 20\n", 2);
+    bad("balancer, empty", abp, QByteArray(), 2000, 1);
+    bad("balancer, mode", abp, "6\nc\n2\n4000 10 4001 20\n", 2000, 2);
+    bad("balancer, odd fields", abp, "6\nt\n2\n4000 10 4001\n", 8000, 4);
+    bad("balancer, decimal", abp, "6\nt\n2\n4000 10 4001 20.5\n", 8000, 4);
+    bad("balancer, no cells", abp, "6\nt\n0\n4000 10\n", 8000, 4);
+    bad("balancer, -5 cells", abp, "6\nt\n-5\n4000 10\n", 8000, 4);
+    none("balancer, 99 cells", abp, "6\nt\n99\n" + QByteArray("4000 10 ").repeated(99) + '\n', 1);
+    bad("balancer, 2000000000 cells", abp, "6\nt\n2000000000\n4000 10\n", 8000, 4);
+    bad("balancer, 3000000000 cells", abp, "6\nt\n3000000000\n4000 10\n", 8000, 4);
+    none("balancer, count no number, no data", abp, "6\nt\nx\n2\n", 0);
+    bad("balancer, beyond 32 bits", abp, "6\nt\n1\n3000000000 10\n", 8000, 4);
+    none("balancer, unknown chemistry", abp, "9\nt\n1\n4000 10\n", 0);
 }
 
 void TestDataFileLoader::outcomes()

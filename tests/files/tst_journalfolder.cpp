@@ -1,6 +1,7 @@
 #include "files/journalfolder.h"
 
 #include "files/journalfile.h"
+#include "support/columns.h"
 
 #include <QDir>
 #include <QFile>
@@ -34,9 +35,7 @@ private slots:
 
 void TestJournalFolder::names_data()
 {
-    QTest::addColumn<QString>("port");
-    QTest::addColumn<int>("attempt");
-    QTest::addColumn<QString>("name");
+    columns<QString, int, QString>({"port", "attempt", "name"});
     QTest::newRow("plain") << "COM3" << 1 << "/j/2026-11-21_06-04-05_COM3.acp";
     QTest::newRow("taken") << "COM3" << 2 << "/j/2026-11-21_06-04-05_COM3_2.acp";
     QTest::newRow("harmful") << "../COM 3%1:\u0142" << 1 << "/j/2026-11-21_06-04-05____COM_3_1__.acp";

@@ -1,23 +1,19 @@
-#include "files/datafileloader.h"
 #include "files/disksyncer.h"
 #include "files/journalfile.h"
 #include "files/journalkeeper.h"
 
 #include "link/recordinglog.h"
+#include "support/files.h"
+#include "support/limits.h"
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
-#include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTemporaryFile>
 #include <QTest>
 
-#include <csignal>
-#include <cstdio>
 #include <fcntl.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 namespace {
@@ -37,52 +33,11 @@ const QString balancerLine
 const QString plusLine = QStringLiteral("#D0606 00123,25200,-2000,025,01234");
 const QString resistances = QStringLiteral("!1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16");
 
-QByteArray contents(const QString &name)
-{
-    QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-}
-
-RecordList loaded(const QString &name)
-{
-    DataFileLoader loader(name);
-    loader.readAll();
-    return loader.takeRecords();
-}
-
 void addLine(RecordingLog &log, const QString &line, Varnel3Data *record)
 {
     if (record->parseLine(line))
         log.addRecord(line, *record);
 }
-
-// Run as the process that is killed: writes at full speed and says after each record how many there are.
-int writeUntilKilled(const char *folder)
-{
-    JournalKeeper keeper(QString::fromLocal8Bit(folder));
-    const std::unique_ptr<RecordingLog> log = keeper.create(port);
-    Varnel3Data record;
-    for (int i = 0;; ++i) {
-        addLine(*log, chargerLine(i), &record);
-        std::printf("%d\n", i + 1);
-        std::fflush(stdout);
-    }
-}
-
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        ::getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit small{bytes, m_before.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &small);
-    }
-    ~FileSizeLimit() { ::setrlimit(RLIMIT_FSIZE, &m_before); }
-
-private:
-    rlimit m_before{};
-};
 
 } // namespace
 
@@ -100,7 +55,6 @@ private slots:
     void endedRecordingIsCaughtUp();
     void folderThatCanNotBeMade();
     void failedSyncIsTriedAgain();
-    void survivesKill();
 };
 
 void TestRecordingJournal::keepsLinesAsTheyCame()
@@ -273,37 +227,5 @@ void TestRecordingJournal::failedSyncIsTriedAgain()
     QTRY_COMPARE(::fcntl(descriptor, F_GETFD), -1);
 }
 
-void TestRecordingJournal::survivesKill()
-{
-    QTemporaryDir folder;
-    QRandomGenerator random(4);
-    int kept = 0;
-    for (int round = 0; round < 10; ++round) {
-        QProcess child;
-        child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--write"), folder.path()});
-        QVERIFY(child.waitForReadyRead(10000));
-        QTest::qSleep(random.bounded(30));
-        child.kill();
-        QVERIFY(child.waitForFinished(10000));
-        const QByteArrayList counts = child.readAllStandardOutput().split('\n');
-        const int told = counts.at(counts.size() - 2).toInt(); // the last one that is whole
-        const QString name = JournalFolder(folder.path()).files().first();
-        const RecordList records = loaded(name);
-        QVERIFY2(
-            records.size() >= told, qPrintable(QStringLiteral("%1 of %2").arg(records.size()).arg(told)));
-        QCOMPARE(contents(name).count('\n'), records.size());
-        kept += records.size();
-        QVERIFY(QFile::remove(name));
-    }
-    QVERIFY(kept > 100);
-}
-
-int main(int argc, char **argv)
-{
-    if (argc == 3 && qstrcmp(argv[1], "--write") == 0)
-        return writeUntilKilled(argv[2]);
-    QCoreApplication application(argc, argv);
-    TestRecordingJournal test;
-    return QTest::qExec(&test, argc, argv);
-}
+QTEST_GUILESS_MAIN(TestRecordingJournal)
 #include "tst_recordingjournal.moc"

@@ -1,5 +1,7 @@
 #include "files/recordlabel.h"
 #include "files/varelstyleditemdelegate.h"
+#include "support/columns.h"
+#include "support/files.h"
 
 #include <QFile>
 #include <QFileDialog>
@@ -14,12 +16,6 @@ QByteArray recordLine(const char *head)
 {
     return head + QByteArray(",00123,25200,02000,025,00150,00045") + QByteArray(",0000,0").repeated(16)
         + '\n';
-}
-
-bool writeFile(const QString &name, const QByteArray &bytes)
-{
-    QFile file(name);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 
 } // namespace
@@ -38,35 +34,34 @@ private slots:
 
 void TestRecordLabel::labels_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("label");
-    const QString acp = QStringLiteral("x.acp");
-    const QString abp = QStringLiteral("x.Abp");
-    QTest::newRow("charge") << acp << recordLine("#06C05_____0") << " [Cha 6xLiPo]";
-    QTest::newRow("discharge, mark") << acp << "\xef\xbb\xbf" + recordLine("#12D07_____0")
-                                     << " [Dis 12xLiFe]";
-    QTest::newRow("balancing") << acp << recordLine("#03B12_____0") << " [Bal 3xLTO]";
-    QTest::newRow("format") << acp << recordLine("#03F00_____0") << " [3xNiCd]";
-    QTest::newRow("two plus") << acp << QByteArray("#C0606 00123,25200,+2000,025,01234\r\n")
-                              << " [Cha 6xLiPo]";
-    QTest::newRow("damaged record") << acp << QByteArray("#06C05\n") << "";
-    QTest::newRow("charger") << acp << QByteArray("6\ncharge\n3\n") << " [Cha 3xLiPol]";
-    QTest::newRow("charger, forming") << acp << QByteArray("8\r\nform\r\n10\r\n") << " [For 10xLiPh]";
-    QTest::newRow("charger, unknown chemistry") << acp << QByteArray("9\nd\n3\n") << " [Dis 3x";
-    QTest::newRow("charger, hostile count") << acp << QByteArray("5\nd\n-5") << " [Dis -5xLiIon]";
-    QTest::newRow("charger, no count") << acp << QByteArray("5\nd\n") << "";
-    QTest::newRow("charger, mode") << acp << QByteArray("5\nt\n3\n") << "";
-    QTest::newRow("balancer") << abp << QByteArray("7\ne\n4\n") << " [Tandor 4xLiPh]";
-    QTest::newRow("balancer, test") << abp << QByteArray("5\nt\n12\n") << " [Test 12xLiIon]";
-    QTest::newRow("balancer, unknown chemistry") << abp << QByteArray("8\nf\n12\n") << " [Fast 12x";
-    QTest::newRow("balancer, count no number") << abp << QByteArray("5\nt\nx\n") << " [Test 0xLiIon]";
-    QTest::newRow("balancer, no count") << abp << QByteArray("5\nt\n") << "";
-    QTest::newRow("balancer, record line") << abp << recordLine("#06C05_____0") << "";
-    QTest::newRow("empty") << acp << QByteArray() << "";
-    QTest::newRow("one long line") << acp << QByteArray(100000, '6') << "";
-    QTest::newRow("header beyond 4 KiB") << acp << "6\ncharge" + QByteArray(5000, ' ') + "\n3\n"
-                                         << "";
+    columns<QString, QByteArray, QString>({"name", "bytes", "label"});
+    const auto acp = [](const char *what, const QByteArray &bytes, const char *label) {
+        QTest::newRow(what) << QStringLiteral("x.acp") << bytes << QString::fromLatin1(label);
+    };
+    const auto abp = [](const char *what, const QByteArray &bytes, const char *label) {
+        QTest::newRow(what) << QStringLiteral("x.Abp") << bytes << QString::fromLatin1(label);
+    };
+    acp("charge", recordLine("#06C05_____0"), " [Cha 6xLiPo]");
+    acp("discharge, mark", "\xef\xbb\xbf" + recordLine("#12D07_____0"), " [Dis 12xLiFe]");
+    acp("balancing", recordLine("#03B12_____0"), " [Bal 3xLTO]");
+    acp("format", recordLine("#03F00_____0"), " [3xNiCd]");
+    acp("two plus", "#C0606 00123,25200,+2000,025,01234\r\n", " [Cha 6xLiPo]");
+    acp("damaged record", "#06C05\n", "");
+    acp("charger", "6\ncharge\n3\n", " [Cha 3xLiPol]");
+    acp("charger, forming", "8\r\nform\r\n10\r\n", " [For 10xLiPh]");
+    acp("charger, unknown chemistry", "9\nd\n3\n", " [Dis 3x");
+    acp("charger, hostile count", "5\nd\n-5", " [Dis -5xLiIon]");
+    acp("charger, no count", "5\nd\n", "");
+    acp("charger, mode", "5\nt\n3\n", "");
+    abp("balancer", "7\ne\n4\n", " [Tandor 4xLiPh]");
+    abp("balancer, test", "5\nt\n12\n", " [Test 12xLiIon]");
+    abp("balancer, unknown chemistry", "8\nf\n12\n", " [Fast 12x");
+    abp("balancer, count no number", "5\nt\nx\n", " [Test 0xLiIon]");
+    abp("balancer, no count", "5\nt\n", "");
+    abp("balancer, record line", recordLine("#06C05_____0"), "");
+    acp("empty", QByteArray(), "");
+    acp("one long line", QByteArray(100000, '6'), "");
+    acp("header beyond 4 KiB", "6\ncharge" + QByteArray(5000, ' ') + "\n3\n", "");
 }
 
 void TestRecordLabel::labels()

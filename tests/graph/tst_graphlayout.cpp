@@ -17,7 +17,6 @@ private slots:
     void placesAreas();
     void dividesTime_data();
     void dividesTime();
-    void mapsTimesAndValues();
     void cellRowsTileTheLegend_data();
     void cellRowsTileTheLegend();
     void ranges_data();
@@ -78,22 +77,6 @@ void TestGraphLayout::dividesTime()
     const GraphLayout layout(QSize(width, 300), records);
     QTEST(layout.majorTicks(), "ticks");
     QTEST(layout.zoomedMajorTicks(), "zoomedTicks");
-}
-
-void TestGraphLayout::mapsTimesAndValues()
-{
-    const GraphLayout layout(QSize(1000, 600), 86);
-    QCOMPARE(layout.pixelsPerRecord(), 10.0);
-    const QwtScaleMap times = layout.timeMap(100, 186);
-    QCOMPARE(times.transform(100), 40.0);
-    QCOMPARE(times.transform(186), 900.0);
-    QCOMPARE(times.invTransform(470), 143.0);
-    const QwtScaleMap values = layout.valueMap(PlotArea::Lower, -1, 1);
-    QCOMPARE(values.transform(-1), 571.0);
-    QCOMPARE(values.transform(1), 304.0);
-    QCOMPARE(layout.timeMap(7, 7).transform(7), 40.0);
-    QVERIFY(!GraphLayout(QSize(139, 600), 5).isDrawable());
-    QVERIFY(!GraphLayout(QSize(600, 60), 5).isDrawable());
 }
 
 void TestGraphLayout::cellRowsTileTheLegend_data()

@@ -67,7 +67,6 @@ class TestSeriesStore : public QObject {
     Q_OBJECT
 
 private slots:
-    void derivesPointsByHand();
     void smoothsTemperature();
     void seedsResistanceOnePointAhead();
     void runningSeriesFollowTheRule_data();
@@ -86,24 +85,6 @@ private slots:
     void growsPastAnyCapacity();
     void manyRecordingsCostTheirData();
 };
-
-void TestSeriesStore::derivesPointsByHand()
-{
-    SeriesStore store;
-    Varnel3Data record = chargerRecord();
-    record.setTime(65);
-    record.voltage = 24210;
-    record.current = -1503;
-    record.energy = 1234;
-    store.append(record);
-
-    QCOMPARE(store.series(SeriesStore::Time)[0], 65.0);
-    QCOMPARE(store.series(SeriesStore::Voltage)[0], 24.21);
-    QCOMPARE(store.series(SeriesStore::Current)[0], -1.503);
-    QCOMPARE(store.series(SeriesStore::Energy)[0], 1234.0);
-    QVERIFY(!store.hasCellSeries());
-    QCOMPARE(store.device(), int(Varnel3Data::Varnel3));
-}
 
 void TestSeriesStore::smoothsTemperature()
 {

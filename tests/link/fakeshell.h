@@ -52,7 +52,6 @@ public:
     QMap<QString, bool> startSent;
     QMap<QString, bool> endSent;
     QStringList calls; ///< of all but windows and logs, in their order
-    bool keepsLogs = true;
 
 public slots:
     void endProcess(int type) { calls.append(QStringLiteral("ended %1").arg(type)); }

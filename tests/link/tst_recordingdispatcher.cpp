@@ -34,9 +34,7 @@ private slots:
     void sortsLinesIntoRecordings();
     void announcesStartsAndEnds_data();
     void announcesStartsAndEnds();
-    void feedsTheWindowItAskedFor();
     void keepsWhatTheClosedWindowMissed();
-    void doesWithoutLog();
     void carriesOverWhatADialectDoesNotSend();
     void setsTheClockOncePerPort();
 
@@ -168,17 +166,6 @@ void RecordingDispatcherTest::announcesStartsAndEnds()
     QVERIFY(dispatcher->isNewProcess() == story.contains(endShot));
 }
 
-void RecordingDispatcherTest::feedsTheWindowItAskedFor()
-{
-    tell({varnel3Line(5)});
-    QVERIFY(!dispatcher->isNewProcess());
-    QCOMPARE(shell->windows[0]->link, device.get());
-    QCOMPARE(shell->windows[0]->fileName, QStringLiteral("COM7"));
-    dispatcher->reset();
-    QVERIFY(dispatcher->isNewProcess());
-    QCOMPARE(shell->windows[0]->link, nullptr);
-}
-
 void RecordingDispatcherTest::keepsWhatTheClosedWindowMissed()
 {
     tell({varnel3Line(5), shutWindow, resistanceLine(), "!1,2", varnel3Line(6), varnel3Line(7),
@@ -187,13 +174,6 @@ void RecordingDispatcherTest::keepsWhatTheClosedWindowMissed()
     QCOMPARE(shell->logs, QVector<Recording>({{"5", "!", "6", "7", "end"}, {"0", "end"}, {"1", "2"}}));
     shell->calls.removeAll(QStringLiteral("started"));
     QCOMPARE(shell->calls, QStringList({"unwatched COM7", "unwatched COM7"}));
-}
-
-void RecordingDispatcherTest::doesWithoutLog()
-{
-    shell->keepsLogs = false;
-    tell({varnel3Line(5), resistanceLine(), varnel3Line(6, "#06C05", 'E'), endShot});
-    QCOMPARE(shell->windowRecordings(), QVector<Recording>({{"5", "!", "6", "end"}}));
 }
 
 // A balancer sends no time: where a charger with the same pack spoke before, the charger's stays.

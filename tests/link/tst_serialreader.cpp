@@ -62,7 +62,6 @@ private slots:
     void surgeryInsideASignal();
     void portHeldByAnother();
     void portWithoutRights();
-    void portThatIsNotThere();
 
 private:
     QVector<Recording> recordings() const { return shell->windowRecordings(); }
@@ -333,18 +332,6 @@ void SerialReaderTest::portWithoutRights()
     }
     QVERIFY2(shell->calls.last().endsWith(QLatin1String("\nYou have no right to use the port.")),
         qPrintable(shell->calls.last()));
-}
-
-void SerialReaderTest::portThatIsNotThere()
-{
-    SerialReader absent(nullptr, QStringLiteral("COM8"), shell.get());
-    QVERIFY(!absent.start());
-    QCOMPARE(shell->calls.size(), 2);
-    QVERIFY(!shell->calls[1].contains(QLatin1Char('\n')));
-    absent.stop();
-    absent.sendCommand(QStringLiteral("#STOP\r\n"));
-    const PtyPair late(fixture.portFolder(), QStringLiteral("COM8"));
-    QVERIFY(absent.start());
 }
 
 QTEST_GUILESS_MAIN(SerialReaderTest)

@@ -45,21 +45,14 @@ public:
         return found;
     }
     QByteArray first() const { return m_lines.first().text; }
-    QByteArray newest(const QByteArray &start = "#") const { return lines(start).constLast().text; }
-    bool isHungUp() const { return m_hungUp; }
-    qint64 bytes() const { return m_bytes; }
 
 private slots:
     void onReadable()
     {
         char buffer[65536];
         const ssize_t size = read(m_port, buffer, sizeof buffer);
-        if (size <= 0) {
-            m_hungUp = true;
-            m_notifier->setEnabled(false);
-            return;
-        }
-        m_bytes += size;
+        if (size <= 0)
+            return m_notifier->setEnabled(false);
         m_rest.append(buffer, int(size));
         for (int end = m_rest.indexOf("\r\n"); end >= 0; end = m_rest.indexOf("\r\n")) {
             m_lines.append({double(m_clock.nsecsElapsed()) * 1e-6, m_rest.left(end)});
@@ -73,8 +66,6 @@ private:
     QElapsedTimer m_clock;
     QVector<Line> m_lines;
     QByteArray m_rest;
-    qint64 m_bytes = 0;
-    bool m_hungUp = false;
 };
 
 class TestSimDevice : public QObject {
@@ -84,12 +75,9 @@ private slots:
     void init();
     void cleanup();
     void endIsQuickAndThenQuiet();
-    void olderChargerTricklesAfterItsEnd();
     void onlyLongSilencesAreReal();
     void unheardLinesAreGone();
     void linesHandedOverAreCounted();
-    void hangUpInMidLine();
-    void lineRate();
     void programLeavesNothingBehind();
 
 private:
@@ -144,21 +132,6 @@ void TestSimDevice::endIsQuickAndThenQuiet()
     QVERIFY2(lines.at(105).ms - lines.at(104).ms >= 990, "a second of silence at any speed");
     QCOMPARE(lines.at(105).text.mid(13, 5), QByteArray("00001"));
     QVERIFY(device->isIdle());
-}
-
-void TestSimDevice::olderChargerTricklesAfterItsEnd()
-{
-    sim::SimDevice *device = add(QStringLiteral("COM3:varnel2plus,start=open,duration=20"));
-    Listener listener(link(QStringLiteral("COM3")));
-    QSignalSpy ended(device, SIGNAL(processEnded(char)));
-    QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 1, 5000);
-    QTRY_COMPARE(listener.lines().size(), 31);
-    int without = 0;
-    const auto lines = listener.lines();
-    for (const auto &line : lines)
-        without += line.text.contains(",+0000,") ? 1 : 0;
-    QCOMPARE(without, 1);
-    QVERIFY(listener.lines().at(20).text.contains(",+0000,"));
 }
 
 void TestSimDevice::onlyLongSilencesAreReal()
@@ -216,47 +189,6 @@ void TestSimDevice::linesHandedOverAreCounted()
     QVERIFY(log.open(QIODevice::ReadOnly));
     QCOMPARE(log.readAll().count("\tCOM3\tline\t#06C05"), count(sim::LineKind::Measurement));
     log.remove();
-}
-
-void TestSimDevice::hangUpInMidLine()
-{
-    sim::SimDevice *device = add(QStringLiteral("COM3:varnel3"));
-    Listener first(link(QStringLiteral("COM3")));
-    QTRY_VERIFY(!first.lines().isEmpty());
-    device->hangUp(1);
-    QTRY_VERIFY(first.isHungUp());
-    QVERIFY2(first.bytes() % 160 != 0, "cut in the middle of a line");
-    QVERIFY(!QFileInfo(link(QStringLiteral("COM3"))).isSymLink());
-    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(link(QStringLiteral("COM3"))).isSymLink(), 5000);
-    Listener second(link(QStringLiteral("COM3")));
-    QTRY_VERIFY(second.lines().size() > 2);
-    QVERIFY2(second.first().mid(13, 5).toInt() > first.newest().mid(13, 5).toInt() + 100,
-        "the process has gone on meanwhile");
-}
-
-/// Thirty-two devices keep up the full rate of their lines in one event loop.
-void TestSimDevice::lineRate()
-{
-    run.lineRate = true;
-    std::vector<std::unique_ptr<Listener>> listeners;
-    for (int i = 1; i <= 32; ++i) {
-        const QString port = QStringLiteral("COM%1").arg(i);
-        add(port + QLatin1String(":varnel3,balance,endless"));
-        listeners.push_back(std::make_unique<Listener>(link(port)));
-    }
-    QTest::qWait(500);
-    QVector<qint64> before;
-    for (const auto &listener : listeners)
-        before << listener->bytes();
-    QElapsedTimer clock;
-    clock.start();
-    QTest::qWait(2000);
-    const double full = 1920 * double(clock.elapsed()) / 1000;
-    for (size_t i = 0; i < listeners.size(); ++i) {
-        const auto got = double(listeners[i]->bytes() - before.at(int(i)));
-        QVERIFY2(got > full * 0.8 - 320 && got < full * 1.05 + 320,
-            qPrintable(QStringLiteral("%1 of %2").arg(got).arg(full)));
-    }
 }
 
 void TestSimDevice::programLeavesNothingBehind()

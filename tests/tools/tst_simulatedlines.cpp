@@ -15,7 +15,6 @@ private slots:
     void resistancesAreReadAsMeant();
     void packsBehave_data();
     void packsBehave();
-    void sameSeedSameCourse();
 
 private:
     static sim::DeviceSettings settings(const QString &options);
@@ -164,20 +163,6 @@ void TestSimulatedLines::packsBehave()
         QVERIFY(last.millivolts < process.pack().voltage() + 10 && warmest > 350);
     else
         QVERIFY2(last.milliamps <= 112, qPrintable(QString::number(last.milliamps)));
-}
-
-void TestSimulatedLines::sameSeedSameCourse()
-{
-    const auto device = settings(QStringLiteral("varnel3,balance"));
-    const auto course = [&device](quint32 seed) {
-        sim::Process process(device, seed);
-        QByteArray all;
-        for (int i = 0; i < 200; ++i)
-            all += sim::measurementLine(process.next());
-        return all;
-    };
-    QCOMPARE(course(1), course(1));
-    QVERIFY(course(1) != course(2));
 }
 
 QTEST_APPLESS_MAIN(TestSimulatedLines)
