@@ -66,10 +66,8 @@ const QVector<RandomUser::Choice> &RandomUser::choices()
         {6, &RandomUser::turnWheel},
         {12, &RandomUser::type},
         {14, &RandomUser::command},
-        {5, &RandomUser::resizeWindow},
-        {6, &RandomUser::moveGraph},
-        {3, &RandomUser::closeGraph},
-        {6, &RandomUser::closeTopLevel},
+        {11, &RandomUser::reshape},
+        {8, &RandomUser::closeWindow},
         {12, &RandomUser::device},
         {1, &RandomUser::choosePorts},
     };
@@ -283,14 +281,17 @@ void RandomUser::command()
     later(action, [](QAction *one) { one->trigger(); });
 }
 
-void RandomUser::resizeWindow()
+void RandomUser::reshape()
 {
-    QWidget *window = reachableWindow();
+    QMdiSubWindow *graph = below(2) == 0 ? subWindow() : nullptr;
+    QWidget *window = graph ? graph : reachableWindow();
     const int choice = below(8);
-    const QSize size(50 + below(1500), 30 + below(1000));
-    if (!window || (choice < 3 && window != m_window))
+    const QRect place(below(900) - 50, below(600) - 20, 50 + below(1500), 30 + below(1000));
+    if (!window || (choice < 3 && window != m_window && !graph))
         return;
-    note(QStringLiteral("resize %1, %2").arg(QLatin1String(window->metaObject()->className())).arg(choice));
+    note(QStringLiteral("reshape %1, %2").arg(QLatin1String(window->metaObject()->className())).arg(choice));
+    if (choice == 3 && graph)
+        graph->mdiArea()->setActiveSubWindow(graph);
     later(window, [=](QWidget *one) {
         if (choice == 0)
             one->showMinimized();
@@ -299,42 +300,15 @@ void RandomUser::resizeWindow()
         else if (choice == 2)
             one->showNormal();
         else
-            one->resize(size);
-    });
-}
-
-void RandomUser::moveGraph()
-{
-    QMdiSubWindow *graph = subWindow();
-    const int choice = below(9);
-    const QRect place(below(900) - 50, below(600) - 20, below(1200), below(800));
-    note(QStringLiteral("move graph, %1").arg(choice));
-    later(graph, [=](QMdiSubWindow *one) {
-        if (choice == 0)
-            one->showMinimized();
-        else if (choice == 1)
-            one->showMaximized();
-        else if (choice < 4)
-            one->showNormal();
-        else if (choice < 6)
-            one->mdiArea()->setActiveSubWindow(one);
-        else
             one->setGeometry(place);
     });
 }
 
-void RandomUser::closeGraph()
+void RandomUser::closeWindow()
 {
-    QMdiSubWindow *graph = subWindow();
-    if (!graph || (m_window->mdiChildren().size() < mostGraphs && below(4) > 0))
-        return;
-    note(QStringLiteral("close graph"));
-    later(graph, [](QMdiSubWindow *one) { one->close(); });
-}
-
-void RandomUser::closeTopLevel()
-{
-    QWidget *window = reachableWindow();
+    QMdiSubWindow *graph
+        = m_window->mdiChildren().size() >= mostGraphs || below(8) == 0 ? subWindow() : nullptr;
+    QWidget *window = graph ? graph : reachableWindow();
     if (!window || window == m_window)
         return;
     note(QStringLiteral("close %1").arg(QLatin1String(window->metaObject()->className())));

@@ -59,10 +59,8 @@ private:
     void turnWheel();
     void type();
     void command();
-    void resizeWindow();
-    void moveGraph();
-    void closeGraph();
-    void closeTopLevel();
+    void reshape();
+    void closeWindow();
     void closeProgram();
     void choosePorts();
     void device();

@@ -57,7 +57,7 @@ private slots:
 
     void barTops_data()
     {
-        columns<QVector<int>, QVector<int>, QVector<int>>({"capacities", "tops", "percents"});
+        ::columns<QVector<int>, QVector<int>, QVector<int>>({"capacities", "tops", "percents"});
         // 280 pixels: 168 of them between the baseline at 224 and the full scale at 56.
         QTest::newRow("parts") << QVector<int>{1000, 500, 1999, 2000} << QVector<int>{140, 182, 57, 56}
                                << QVector<int>{50, 25, 100, 100};
@@ -111,7 +111,7 @@ private slots:
 
     void boxesStayApartAndInside_data()
     {
-        columns<QSize, qreal>({"size", "scale"});
+        ::columns<QSize, qreal>({"size", "scale"});
         QTest::newRow("smallest") << QSize(470, 280) << 1.0;
         QTest::newRow("wide") << QSize(1900, 280) << 1.0;
         QTest::newRow("larger fonts") << QSize(705, 420) << 1.5;

@@ -97,18 +97,6 @@ private slots:
         QCOMPARE(figures.text(DataFigures::VoltageUnit), QStringLiteral("V"));
     }
 
-    void perCellVoltageWaitsForTheNormalView()
-    {
-        const Varnel3Data record = samplePack({4100, 4200});
-        DataFigures figures = figuresOf(record, {true, 0});
-        figures.setPerCellVoltage(true);
-        QCOMPARE(figures.text(DataFigures::VoltageUnit), QStringLiteral("V avg"));
-        QCOMPARE(figures.text(DataFigures::Voltage), QStringLiteral(" 4,150"));
-        figures.show(record, {false, 0}, {});
-        QCOMPARE(figures.text(DataFigures::VoltageUnit), QStringLiteral("Vc"));
-        QCOMPARE(figures.text(DataFigures::Voltage), QStringLiteral("4,150"));
-    }
-
     void modesWithoutTextKeepTheLastOne()
     {
         Varnel3Data record = samplePack({4200});
@@ -200,13 +188,6 @@ private slots:
             }
             QCOMPARE(figures.cellText(0), QString());
         }
-    }
-
-    void withoutCellDataTheNormalViewStays()
-    {
-        Varnel3Data record = samplePack({4110, 4032});
-        record.flag5 = '_';
-        QCOMPARE(figuresOf(record, {true, 0}).text(DataFigures::CurrentUnit), QStringLiteral("A"));
     }
 
     void resistancePanel_data()

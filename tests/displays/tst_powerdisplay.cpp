@@ -172,27 +172,7 @@ private slots:
             image.pixel(chart.levelRect(1, size).center().x(), chart.levelRect(1, size).top() - 3), black);
     }
 
-    void cellsWithoutValueGetADash()
-    {
-        CellBarChart chart = chartOf({0, 0}, 0, 100);
-        chart.bars.quantity = CellBars::Resistance;
-        chart.bars.known[1] = false;
-        const QImage image = paint(chart);
-        const auto whiteAbove = [&](int cell) {
-            const int left = chart.levelRect(cell, size).left();
-            int count = 0;
-            for (int y = 150; y < 167; ++y)
-                for (int x = left; x < left + 100; ++x)
-                    count += qGreen(image.pixel(x, y)) > 200;
-            return count;
-        };
-        QCOMPARE(whiteAbove(0), 0);
-        QVERIFY(whiteAbove(1) > 0);
-    }
-
     void displayFollowsRecordsAndSwitches();
-    void keptResistancesStay();
-    void staleBarsAreDimmed();
 };
 
 namespace {
@@ -238,45 +218,6 @@ void TestPowerDisplay::displayFollowsRecordsAndSwitches()
     display.close();
     QCOMPARE(closed.count(), 1);
     QCOMPARE(warnings.warnings(), QStringList());
-}
-
-void TestPowerDisplay::keptResistancesStay()
-{
-    ViewState state;
-    ViewSwitches switches;
-    switches.energyMode = 2;
-    state.setSwitches(switches);
-    PowerDisplay display;
-    display.setViewState(&state);
-    display.resize(display.minimumSize());
-    display.show();
-    Varnel3Data measured = sampleResistances({2.0, 3.0});
-    Varnel3Data bare = samplePack({4000, 4000});
-    display.updateData(measured, 1);
-    display.updateData(bare, 1, true);
-    const int bars = pixelsOf(display, green);
-    QVERIFY(bars > 0);
-    // Another device's bars never stay.
-    display.updateData(bare, 2, true);
-    QCOMPARE(pixelsOf(display, green), 0);
-    display.updateData(measured, 1);
-    QCOMPARE(pixelsOf(display, green), bars);
-    display.updateData(bare, 1, false);
-    QCOMPARE(pixelsOf(display, green), 0);
-}
-
-void TestPowerDisplay::staleBarsAreDimmed()
-{
-    PowerDisplay display;
-    display.resize(display.minimumSize());
-    display.show();
-    Varnel3Data record = samplePack({4100, 4000});
-    display.updateData(record, 1);
-    const int bars = pixelsOf(display, green);
-    display.setStaleSince(QDateTime::currentDateTime());
-    QCOMPARE(pixelsOf(display, green), 0);
-    display.setStaleSince({});
-    QCOMPARE(pixelsOf(display, green), bars);
 }
 
 QTEST_MAIN(TestPowerDisplay)

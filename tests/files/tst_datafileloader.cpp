@@ -56,7 +56,6 @@ private slots:
     void whatIsNoFile();
     void binaryJunk();
     void hugeLine();
-    void slices();
 };
 
 // NOLINTNEXTLINE(readability-function-size): a table
@@ -348,24 +347,6 @@ void TestDataFileLoader::hugeLine()
     DataFileLoader headerless(file.fileName());
     headerless.readAll();
     QCOMPARE(headerless.statusTimeout(), 2000);
-}
-
-void TestDataFileLoader::slices()
-{
-    QByteArray bytes;
-    for (int i = 0; i < 60000; ++i)
-        bytes += recordLine(i) + '\n';
-    const auto loader = loaderOf(bytes, acp);
-    int rounds = 0;
-    while (loader->readSome(0)) {
-        QVERIFY(loader->progress() <= 1.0);
-        ++rounds;
-    }
-    QVERIFY(rounds > 0);
-    const RecordList records = loader->takeRecords();
-    QCOMPARE(records.size(), 60000);
-    for (int i = 0; i < records.size(); ++i)
-        QCOMPARE(records[i].time, i);
 }
 
 QTEST_GUILESS_MAIN(TestDataFileLoader)

@@ -129,7 +129,6 @@ private slots:
     void drawsFromAnySampleOn();
     void finerDevicesGetFinerLines();
     void redrawsWhatHasChanged();
-    void loneSampleIsSeen();
     void backwardTimesStayInside();
     void curveIsCutAtItsRectangle();
 };
@@ -255,16 +254,6 @@ void TestCurvePainter::redrawsWhatHasChanged()
     QCOMPARE(differences(drawn(&curves, job), drawnByLines(job)), 0);
     job.width = 2;
     QCOMPARE(differences(drawn(&curves, job), drawnByLines(job)), 0);
-}
-
-void TestCurvePainter::loneSampleIsSeen()
-{
-    SeriesStore store;
-    fill(&store, 1, QStringLiteral("flat"));
-    CurvePainter curves;
-    const QImage image = drawn(&curves, jobFor(store, 1, 2, 8, 16));
-    QCOMPARE(image.pixelColor(area.left(), area.center().y()), QColor(Qt::green));
-    QCOMPARE(image.pixelColor(area.left() - 1, area.center().y()), QColor(Qt::black));
 }
 
 void TestCurvePainter::backwardTimesStayInside()
