@@ -5,11 +5,12 @@
 #include "data/varnel3data.h"
 #include "resources/resources.h"
 #include "settings/varnelsettings.h"
+#include "support/columns.h"
+#include "support/shellfixture.h"
 #include "support/targets.h"
 
 #include <QApplication>
 #include <QMessageBox>
-#include <QSettings>
 #include <QTimer>
 #include <QtTest>
 
@@ -47,7 +48,7 @@ QMessageBox *openBox()
 class TestEndNotice : public QObject {
     Q_OBJECT
 private slots:
-    void initTestCase();
+    void initTestCase() { initResources(); }
     void init();
     void cleanup();
     void boxSaysHowItEnded_data();
@@ -73,20 +74,12 @@ private:
     /// Shows the notice of `kind` and runs `then` after `milliseconds`, then closes the box.
     void show(int kind, const std::function<void()> &then = {}, int milliseconds = 50);
 
-    QTemporaryDir folder;
+    ShellFixture fixture;
     TestTargets targets;
     std::unique_ptr<QWidget> window;
     std::unique_ptr<NotingPlayer> player;
     QPointer<EndNotice> notice;
 };
-
-void TestEndNotice::initTestCase()
-{
-    initResources();
-    QCoreApplication::setApplicationName(QStringLiteral("VarnelGraph"));
-    QCoreApplication::setOrganizationName(QStringLiteral("test"));
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path());
-}
 
 void TestEndNotice::init()
 {
@@ -95,7 +88,7 @@ void TestEndNotice::init()
     window->show();
     player = std::make_unique<NotingPlayer>();
     player->clock.start();
-    notice = new EndNotice(window.get(), &targets, player.get(), folder.path());
+    notice = new EndNotice(window.get(), &targets, player.get(), fixture.path(QString()));
 }
 
 void TestEndNotice::cleanup()
@@ -117,31 +110,15 @@ void TestEndNotice::show(int kind, const std::function<void()> &then, int millis
 
 void TestEndNotice::boxSaysHowItEnded_data()
 {
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("icon");
-    QTest::addColumn<QString>("sound");
-    QTest::newRow("error") << 0 << "Error"
-                           << "Error in process !"
-                           << ":/Icons/error.png"
-                           << "error.wav";
-    QTest::newRow("aborted") << 1 << "Aborted"
-                             << "Process aborted by user."
-                             << ":/Icons/cancel.png"
-                             << "aborted.wav";
-    QTest::newRow("completed") << 2 << "End"
-                               << "Process completed."
-                               << ":/Icons/finish.png"
-                               << "end.wav";
-    QTest::newRow("unknown") << 3 << ""
-                             << ""
-                             << ""
-                             << "";
-    QTest::newRow("negative") << -1 << ""
-                              << ""
-                              << ""
-                              << "";
+    columns<int, QString, QString, QString, QString>({"kind", "title", "text", "icon", "sound"});
+    const auto row = [](const char *name, int kind, const QStringList &words) {
+        QTest::newRow(name) << kind << words[0] << words[1] << words[2] << words[3];
+    };
+    row("error", 0, {"Error", "Error in process !", ":/Icons/error.png", "error.wav"});
+    row("aborted", 1, {"Aborted", "Process aborted by user.", ":/Icons/cancel.png", "aborted.wav"});
+    row("completed", 2, {"End", "Process completed.", ":/Icons/finish.png", "end.wav"});
+    row("unknown", 3, {"", "", "", ""});
+    row("negative", -1, {"", "", "", ""});
 }
 
 void TestEndNotice::boxSaysHowItEnded()
@@ -169,9 +146,7 @@ void TestEndNotice::boxSaysHowItEnded()
 
 void TestEndNotice::soundFileIsTheCountrys_data()
 {
-    QTest::addColumn<int>("country");
-    QTest::addColumn<QStringList>("there");
-    QTest::addColumn<QString>("file");
+    columns<int, QStringList, QString>({"country", "there", "file"});
     const QStringList all{
         QStringLiteral("end.wav"), QStringLiteral("end_pl.wav"), QStringLiteral("end_de.wav")};
     QTest::newRow("Poland") << int(QLocale::Poland) << all << "end_pl.wav";
@@ -211,10 +186,7 @@ void TestEndNotice::noServerIsNoNoise()
 
 void TestEndNotice::soundsFollow_data()
 {
-    QTest::addColumn<bool>("output");
-    QTest::addColumn<bool>("wanted");
-    QTest::addColumn<int>("openFor");
-    QTest::addColumn<QStringList>("played");
+    columns<bool, bool, int, QStringList>({"output", "wanted", "openFor", "played"});
     const QString first = QStringLiteral("end.wav");
     const QString second = QStringLiteral("v3_mp3.wav");
     QTest::newRow("both") << true << true << 3800 << QStringList{first, second};
@@ -301,9 +273,7 @@ void TestEndNotice::nestedEndStopsOnce()
 
 void TestEndNotice::deviceIsFreed_data()
 {
-    QTest::addColumn<int>("ports");
-    QTest::addColumn<bool>("recording");
-    QTest::addColumn<QByteArray>("heard");
+    columns<int, bool, QByteArray>({"ports", "recording", "heard"});
     QTest::newRow("only device, waiting") << 1 << false << QByteArray("#STOP\r\n");
     QTest::newRow("only device, in its next process") << 1 << true << QByteArray();
     QTest::newRow("one of two devices") << 2 << false << QByteArray();
@@ -326,8 +296,7 @@ void TestEndNotice::deviceIsFreed()
 
 void TestEndNotice::onlyMinimisedIsLifted_data()
 {
-    QTest::addColumn<int>("before");
-    QTest::addColumn<int>("after");
+    columns<int, int>({"before", "after"});
     const int maximised = Qt::WindowMaximized;
     QTest::newRow("normal") << int(Qt::WindowNoState) << int(Qt::WindowNoState);
     QTest::newRow("maximised") << maximised << maximised;
