@@ -16,25 +16,25 @@ void TestCommandLine::task_data()
 {
     columns<QString, int, QString, int>({"words", "task", "output", "files"});
 
-    QTest::newRow("nothing") << "" << int(CommandLine::Run) << "" << 0;
-    QTest::newRow("files") << "a.acp b.abp" << int(CommandLine::Run) << "" << 2;
-    QTest::newRow("a file like an option") << "-- --render" << int(CommandLine::Run) << "" << 1;
-    QTest::newRow("help") << "--help" << int(CommandLine::Print) << "" << 0;
-    QTest::newRow("version among files") << "a.acp -v" << int(CommandLine::Print) << "" << 1;
-    QTest::newRow("export") << "--export-csv out.csv a.acp" << int(CommandLine::ExportCsv) << "out.csv" << 1;
-    QTest::newRow("export to standard output")
-        << "--export-csv - a.acp" << int(CommandLine::ExportCsv) << "-" << 1;
-    QTest::newRow("render") << "--render o.png --size 640x480 a.acp" << int(CommandLine::Render) << "o.png"
-                            << 1;
-    QTest::newRow("render what") << "--render o.gif a" << int(CommandLine::Refuse) << "o.gif" << 1;
-    QTest::newRow("render nothing") << "--render o.png" << int(CommandLine::Refuse) << "" << 0;
-    QTest::newRow("export two") << "--export-csv o a b" << int(CommandLine::Refuse) << "" << 2;
-    QTest::newRow("both") << "--export-csv o --render p a" << int(CommandLine::Refuse) << "" << 1;
-    QTest::newRow("unknown option") << "--colour red" << int(CommandLine::Refuse) << "" << 0;
-    QTest::newRow("unknown view") << "--render o.png --view cell a" << int(CommandLine::Refuse) << "" << 1;
+    const auto row = [](const char *name, const QString &words, int task, const char *output, int files) {
+        QTest::newRow(name) << words << task << QString::fromLatin1(output) << files;
+    };
+    row("nothing", "", CommandLine::Run, "", 0);
+    row("files", "a.acp b.abp", CommandLine::Run, "", 2);
+    row("a file like an option", "-- --render", CommandLine::Run, "", 1);
+    row("help", "--help", CommandLine::Print, "", 0);
+    row("version among files", "a.acp -v", CommandLine::Print, "", 1);
+    row("export", "--export-csv out.csv a.acp", CommandLine::ExportCsv, "out.csv", 1);
+    row("export to standard output", "--export-csv - a.acp", CommandLine::ExportCsv, "-", 1);
+    row("render", "--render o.png --size 640x480 a.acp", CommandLine::Render, "o.png", 1);
+    row("render what", "--render o.gif a", CommandLine::Refuse, "o.gif", 1);
+    row("render nothing", "--render o.png", CommandLine::Refuse, "", 0);
+    row("export two", "--export-csv o a b", CommandLine::Refuse, "", 2);
+    row("both", "--export-csv o --render p a", CommandLine::Refuse, "", 1);
+    row("unknown option", "--colour red", CommandLine::Refuse, "", 0);
+    row("unknown view", "--render o.png --view cell a", CommandLine::Refuse, "", 1);
     for (const char *size : {"640", "640x", "0x0", "-5x400", "640x480x2", "99999x400", "99999999999x1"})
-        QTest::newRow(size) << QStringLiteral("--render o.png --size %1 a").arg(QLatin1String(size))
-                            << int(CommandLine::Refuse) << "" << 1;
+        row(size, QLatin1String("--render o.png --size ") + size + " a", CommandLine::Refuse, "", 1);
 }
 
 void TestCommandLine::task()

@@ -11,6 +11,17 @@ int noise(int index, int width)
     return int((unsigned(index) * 2654435761U >> 16) % unsigned(2 * width + 1)) - width;
 }
 
+Varnel3Data recordOf(int device, int mode, int cellType, int cellCount, int time)
+{
+    Varnel3Data record;
+    record.device = device;
+    record.mode = mode;
+    record.cellType = cellType;
+    record.cellCount = cellCount;
+    record.setTime(time);
+    return record;
+}
+
 void completeCells(Varnel3Data *record)
 {
     record->flag5 = 'B';
@@ -32,12 +43,7 @@ RecordList recordings::lipoCharge(int count, int period)
     RecordList records;
     for (int n = 0; n < count; ++n) {
         const double done = double(n) / qMax(1, count - 1);
-        Varnel3Data record;
-        record.device = Varnel3Data::Varnel3;
-        record.mode = Varnel3Data::Charge;
-        record.cellType = 5;
-        record.cellCount = 6;
-        record.setTime(n * period);
+        Varnel3Data record = recordOf(Varnel3Data::Varnel3, Varnel3Data::Charge, 5, 6, n * period);
         record.current = done < 0.7 ? 2500 : int(2500 * std::exp(-(done - 0.7) * 9));
         record.temperature = 230 + int(60 * std::sin(done * pi * 0.8)) + noise(n, 2);
         record.energy = int(3300 * (done < 0.7 ? done / 0.8 : 1 - 0.125 * std::exp(-(done - 0.7) * 9)));
@@ -62,12 +68,7 @@ RecordList recordings::nimhDischarge(int count, int period)
     RecordList records;
     for (int n = 0; n < count; ++n) {
         const double done = double(n) / qMax(1, count - 1);
-        Varnel3Data record;
-        record.device = Varnel3Data::Varnel2Plus;
-        record.mode = Varnel3Data::Discharge;
-        record.cellType = 1;
-        record.cellCount = 14;
-        record.setTime(n * period);
+        Varnel3Data record = recordOf(Varnel3Data::Varnel2Plus, Varnel3Data::Discharge, 1, 14, n * period);
         record.current = 5000 + noise(n, 20);
         record.voltage = 14 * int(1310 - 130 * done - 280 * std::pow(done, 12)) + noise(n, 8);
         record.temperature = 251 + int(140 * done);
@@ -82,11 +83,7 @@ RecordList recordings::tandorRun(int count)
     RecordList records;
     for (int n = 0; n < count; ++n) {
         const double left = std::exp(-3.0 * n / qMax(1, count));
-        Varnel3Data record;
-        record.device = Varnel3Data::Tandor;
-        record.mode = Varnel3Data::Balancing;
-        record.cellType = 5;
-        record.cellCount = 12;
+        Varnel3Data record = recordOf(Varnel3Data::Tandor, Varnel3Data::Balancing, 5, 12, 0);
         record.ballansingCurrent = 750;
         for (int i = 0; i < 12; ++i) {
             record.cells[i].voltage = 3900 + int((i * 37 % 100) * left);
