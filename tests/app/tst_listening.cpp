@@ -39,7 +39,7 @@ private:
 
 void TestListening::nothingChosen()
 {
-    start({});
+    open({});
     QCOMPARE(message(), QStringLiteral("No port has been selected."));
     QVERIFY(!window->listenedPorts().isListening());
     for (ActionId id : {ActionId::SetTime, ActionId::StopProcess}) { // a command that can't be sent says so
@@ -52,7 +52,7 @@ void TestListening::nothingChosen()
 void TestListening::onePortPresent()
 {
     plug(QStringLiteral("COM4"));
-    start({QStringLiteral("COM3"), QStringLiteral("COM4"), QStringLiteral("COM4")});
+    open({QStringLiteral("COM3"), QStringLiteral("COM4"), QStringLiteral("COM4")});
     QCOMPARE(message(), QStringLiteral("Start listening on port(s): COM4"));
     QCOMPARE(listened(), QStringList(QStringLiteral("COM4")));
     QVERIFY(window->listenedPorts().isListening());
@@ -64,7 +64,7 @@ void TestListening::onePortPresent()
 void TestListening::recordsInWindows()
 {
     PtyPair *device = plug(QStringLiteral("COM3"));
-    start({QStringLiteral("COM3")});
+    open({QStringLiteral("COM3")});
     device->send(Lines::charger(1) + Lines::charger(2));
     QTRY_COMPARE(window->mdiChildren().size(), 1);
     MdiGraphChild *first = window->activeMdiChild();
@@ -86,7 +86,7 @@ void TestListening::figuresOfCurrentWindow()
 {
     PtyPair *charger = plug(QStringLiteral("COM3"));
     PtyPair *discharger = plug(QStringLiteral("COM4"));
-    start({QStringLiteral("COM3"), QStringLiteral("COM4")});
+    open({QStringLiteral("COM3"), QStringLiteral("COM4")});
     charger->send(Lines::charger(1));
     QTRY_COMPARE(window->mdiChildren().size(), 1);
     discharger->send(Lines::discharger(5));
@@ -108,7 +108,7 @@ void TestListening::figuresOfCurrentWindow()
 void TestListening::pauseAndResume()
 {
     PtyPair *device = plug(QStringLiteral("COM3"));
-    start({QStringLiteral("COM3")});
+    open({QStringLiteral("COM3")});
     device->send(Lines::charger(1));
     QTRY_VERIFY(window->activeMdiChild());
     trigger(ActionId::Recording);
@@ -128,7 +128,7 @@ void TestListening::failingPort()
     const QString broken = fixture->portFolder() + QStringLiteral("/COM3");
     QVERIFY(QFile::link(QStringLiteral("/dev/null"), broken));
     PtyPair *device = plug(QStringLiteral("COM4"));
-    start({QStringLiteral("COM3"), QStringLiteral("COM4")});
+    open({QStringLiteral("COM3"), QStringLiteral("COM4")});
     QTRY_COMPARE(listened(), QStringList(QStringLiteral("COM4")));
     QCOMPARE(message(), QStringLiteral("Start listening on port(s): COM4"));
     QCOMPARE(fact(StatusFacts::Failing), QStringLiteral("Can't open: COM3"));
@@ -145,7 +145,7 @@ void TestListening::failingPort()
 void TestListening::newPort()
 {
     for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
-        start({});
+        open({});
         plug(QStringLiteral("COM7"));
         QTRY_VERIFY(box("portQuestion"));
         QCOMPARE(box("portQuestion")->textFormat(), Qt::PlainText); // the description is the adapter's own
@@ -161,7 +161,7 @@ void TestListening::newPort()
 
 void TestListening::questionsQueue()
 {
-    start({});
+    open({});
     PtyPair *first = plug(QStringLiteral("COM7"));
     plug(QStringLiteral("COM8"));
     QTRY_VERIFY(box("portQuestion"));
@@ -176,7 +176,7 @@ void TestListening::questionsQueue()
 
 void TestListening::busyOnArrival()
 {
-    start({QStringLiteral("COM3")});
+    open({QStringLiteral("COM3")});
     plug(QStringLiteral("COM3"));
     const QString device = QFile::symLinkTarget(fixture->portFolder() + QStringLiteral("/COM3"));
     QSerialPort other(device); // as a modem probe holds a port that has just arrived
@@ -192,7 +192,7 @@ void TestListening::busyOnArrival()
 void TestListening::closedLiveWindow()
 {
     PtyPair *device = plug(QStringLiteral("COM3"));
-    start({QStringLiteral("COM3")});
+    open({QStringLiteral("COM3")});
     device->send(Lines::charger(1));
     QTRY_VERIFY(window->activeMdiChild());
     trigger(ActionId::Close);
@@ -209,7 +209,7 @@ void TestListening::preferencesChanged()
 {
     plug(QStringLiteral("COM3"));
     plug(QStringLiteral("COM4"));
-    start({QStringLiteral("COM3")});
+    open({QStringLiteral("COM3")});
     QTimer::singleShot(200, this, [] {
         auto *dialog = QApplication::activeModalWidget();
         const auto boxes = dialog->findChildren<QCheckBox *>();

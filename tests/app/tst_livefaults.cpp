@@ -199,7 +199,7 @@ void TestLiveFaults::hourWithoutLineEnd()
 {
     constexpr int quarter = 1920 * 900;
     PtyPair *babbler = plug(QStringLiteral("COM7"));
-    ShellRig::start(add({QStringLiteral("COM2:varnel3,start=open,endless")}) << babbler->portName());
+    open(add({QStringLiteral("COM2:varnel3,start=open,endless")}) << babbler->portName());
     QTRY_COMPARE(listened().size(), 2);
     const QByteArray bytes = QByteArray(",12345,\x91\x02zzzz").repeated(quarter / 12);
     [[maybe_unused]] const qint64 memoryBefore = residentBytes();

@@ -48,7 +48,7 @@ void TestUnsavedWindows::init()
 void TestUnsavedWindows::startRecording()
 {
     VarnelSettings().setValue(QStringLiteral("journal/enabled"), false);
-    start({plugged[0]->portName(), plugged[1]->portName()});
+    open({plugged[0]->portName(), plugged[1]->portName()});
     send(0, 1, 10);
     send(1, 1, 5);
 }
@@ -138,7 +138,7 @@ void TestUnsavedWindows::twoRecordingsNeedTwoNames()
 /// A file of one record holds no data, be it a journal or saved: there is nothing to be kept.
 void TestUnsavedWindows::loneRecordIsNotAskedAbout()
 {
-    start({plugged[0]->portName()});
+    open({plugged[0]->portName()});
     send(0, 7, 1);
     plugged[0]->hangUp();
     QTRY_VERIFY(!window->activeMdiChild()->isLive());

@@ -33,7 +33,7 @@ protected:
         return plugged.back().get();
     }
     /// Shows a window for which `ports` are ticked, and waits until it has tried to listen on them.
-    void start(const QStringList &ports)
+    void open(const QStringList &ports)
     {
         VarnelSettings().setPorts(ports);
         window = std::make_unique<MainWindow>();

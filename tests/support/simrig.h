@@ -43,7 +43,7 @@ protected:
     /// Plugs the devices in and listens on all of them.
     void start(const QStringList &descriptions)
     {
-        ShellRig::start(add(descriptions));
+        open(add(descriptions));
         QTRY_COMPARE(listened().size(), descriptions.size());
     }
 
