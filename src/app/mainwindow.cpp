@@ -145,6 +145,7 @@ void MainWindow::connectParts()
     connect(mdiArea, SIGNAL(subWindowActivated(QMdiSubWindow*)), this, SLOT(updateMenus()));
     connect(graphs, SIGNAL(currentChanged()), this, SLOT(updateMenus()));
     connect(graphs, SIGNAL(currentChanged()), staleWatch, SLOT(look()));
+    connect(graphs, SIGNAL(recordShown(Varnel3Data&,int,bool)), staleWatch, SLOT(lookWhileStale()));
     connect(graphs, SIGNAL(opened()), switches, SLOT(enableViews()));
     connect(switches, SIGNAL(repaintNeeded()), this, SLOT(repaintAllWindows()));
     connect(switches, SIGNAL(switched()), this, SIGNAL(toolBarChanged()));

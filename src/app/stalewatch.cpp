@@ -30,8 +30,16 @@ QDateTime StaleWatch::staleSince(const MdiGraphChild *child) const
 {
     if (!child || !child->isLive())
         return QDateTime();
-    const QDateTime at = seen.value(child).at;
-    return at.isValid() && at.secsTo(QDateTime::currentDateTime()) >= patience ? at : QDateTime();
+    const Seen last = seen.value(child);
+    if (!last.at.isValid() || last.revision != child->store().revision()) // a line has come since the last look
+        return QDateTime();
+    return last.at.secsTo(QDateTime::currentDateTime()) >= patience ? last.at : QDateTime();
+}
+
+void StaleWatch::lookWhileStale()
+{
+    if (shown.isValid())
+        look();
 }
 
 void StaleWatch::look()

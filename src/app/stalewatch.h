@@ -27,6 +27,8 @@ public:
 public slots:
     /// Also to be called when another window becomes current.
     void look();
+    /// A record of the current window is shown: figures that were dimmed are so no longer.
+    void lookWhileStale();
 
 private:
     struct Seen {
