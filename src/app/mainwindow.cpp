@@ -4,6 +4,7 @@
 #include "app/datatoolbar.h"
 #include "app/deskarea.h"
 #include "app/devicecommands.h"
+#include "app/dialogsontop.h"
 #include "app/displaywindows.h"
 #include "app/documents.h"
 #include "app/endnotice.h"
@@ -79,6 +80,7 @@ void MainWindow::createParts()
 {
     state = new ViewState(this);
     displays = new DisplayWindows(this, state);
+    new DialogsOnTop(this);
     mdiArea = new DeskArea(this);
     setCentralWidget(mdiArea);
     windowMapper = new QSignalMapper(this);

@@ -5,6 +5,7 @@ target_sources(varnel_gui PRIVATE
     app/commandline.cpp app/commandline.h
     app/datatoolbar.cpp app/datatoolbar.h
     app/deskarea.cpp app/deskarea.h
+    app/dialogsontop.cpp app/dialogsontop.h
     app/displaywindows.cpp app/displaywindows.h
     app/documents.cpp app/documents.h
     app/figures.cpp app/figures.h
