@@ -4,11 +4,11 @@
 #include "displays/datadisplay.h"
 #include "displays/powerdisplay.h"
 #include "displays/voltagecomparison.h"
+#include "displays/voltagesource.h"
+#include "displays/windowplace.h"
 #include "graph/mdigraphchild.h"
 #include "settings/viewstate.h"
 
-#include <QGuiApplication>
-#include <QScreen>
 #include <QSettings>
 
 namespace {
@@ -26,23 +26,11 @@ void setShown(QWidget *display, bool shown)
     display->setVisible(shown);
 }
 
-/// `place`, or where the title can be reached if the screen it was kept for is gone or too small.
-QPoint reachable(const QPoint &place)
+void restorePlace(QWidget *display, const QSettings &settings, const char *key, const QPoint &first)
 {
-    const QRect titleBar(place, QSize(120, 40));
-    const QList<QScreen *> screens = QGuiApplication::screens();
-    for (const QScreen *screen : screens) {
-        if (screen->availableGeometry().contains(titleBar))
-            return place;
-    }
-    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
-    return QPoint(qBound(area.left(), place.x(), area.right() - firstSize.width()),
-        qBound(area.top(), place.y(), area.bottom() - firstSize.height()));
-}
-
-QPoint savedPlace(const QSettings &settings, const char *key, const QPoint &first)
-{
-    return reachable(settings.value(QLatin1String(key), first).toPoint());
+    const QVariant saved = settings.value(QLatin1String(key));
+    display->move(saved.isValid() ? WindowPlace::reachable(saved.toPoint(), display->size())
+                                  : WindowPlace::first(first, display->size()));
 }
 
 } // namespace
@@ -183,11 +171,11 @@ void DisplayWindows::printPower()
 
 void DisplayWindows::readPlaces(const QSettings &settings)
 {
-    m_data->move(savedPlace(settings, "datadisplay/pos", firstDataPlace));
+    restorePlace(m_data, settings, "datadisplay/pos", firstDataPlace);
     m_capacity->resize(settings.value(QStringLiteral("capacitydisplay/size"), firstSize).toSize());
-    m_capacity->move(savedPlace(settings, "capacitydisplay/pos", firstCapacityPlace));
+    restorePlace(m_capacity, settings, "capacitydisplay/pos", firstCapacityPlace);
     m_power->resize(settings.value(QStringLiteral("powerdisplay/size"), firstSize).toSize());
-    m_power->move(savedPlace(settings, "powerdisplay/pos", firstPowerPlace));
+    restorePlace(m_power, settings, "powerdisplay/pos", firstPowerPlace);
 }
 
 void DisplayWindows::writePlaces(QSettings *settings) const
@@ -197,6 +185,8 @@ void DisplayWindows::writePlaces(QSettings *settings) const
     settings->setValue(QStringLiteral("capacitydisplay/pos"), m_capacity->pos());
     settings->setValue(QStringLiteral("powerdisplay/size"), m_power->size());
     settings->setValue(QStringLiteral("powerdisplay/pos"), m_power->pos());
+    if (m_voltage)
+        m_voltage->writePlace(settings);
 }
 
 void DisplayWindows::nameDevice(const MdiGraphChild *child)

@@ -20,4 +20,5 @@ target_sources(varnel_gui PRIVATE
     displays/voltagechart.cpp displays/voltagechart.h
     displays/voltagecomparison.cpp displays/voltagecomparison.h
     displays/voltagesource.h
+    displays/windowplace.cpp displays/windowplace.h
 )

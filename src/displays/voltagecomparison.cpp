@@ -6,12 +6,12 @@
 #include "displays/refreshgate.h"
 #include "displays/voltagecanvas.h"
 #include "displays/voltagesource.h"
+#include "displays/windowplace.h"
 #include "printing/printrequest.h"
 #include "settings/varnelsettings.h"
 #include "settings/viewstate.h"
 
 #include <QBoxLayout>
-#include <QGuiApplication>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
@@ -108,9 +108,17 @@ void VoltageComparison::restorePlace()
     VarnelSettings settings;
     resize(
         settings.value(sizeKey, QSize(scaled(defaultSize.width()), scaled(defaultSize.height()))).toSize());
-    const QPoint place = settings.value(placeKey, defaultPlace).toPoint();
-    // A screen that has gone since would take the window with it.
-    move(QGuiApplication::screenAt(place + QPoint(width() / 2, scaled(20))) ? place : defaultPlace);
+    const QVariant place = settings.value(placeKey);
+    move(place.isValid() ? WindowPlace::reachable(place.toPoint(), size())
+                         : WindowPlace::first(defaultPlace, size()));
+}
+
+void VoltageComparison::writePlace(QSettings *settings) const
+{
+    if (!m_wasShown)
+        return;
+    settings->setValue(sizeKey, size());
+    settings->setValue(placeKey, pos());
 }
 
 void VoltageComparison::setViewState(ViewState *state)
@@ -263,13 +271,16 @@ void VoltageComparison::print()
     printWithDialog(job, isVisible() ? this : parentWidget());
 }
 
+void VoltageComparison::showEvent(QShowEvent *event)
+{
+    m_wasShown = true;
+    QWidget::showEvent(event);
+}
+
 void VoltageComparison::closeEvent(QCloseEvent *event)
 {
-    if (isVisible()) {
-        VarnelSettings settings;
-        settings.setValue(sizeKey, size());
-        settings.setValue(placeKey, pos());
-    }
+    VarnelSettings settings;
+    writePlace(&settings);
     emit closed();
     QWidget::closeEvent(event);
 }

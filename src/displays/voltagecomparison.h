@@ -5,6 +5,7 @@
 class QLabel;
 class QPushButton;
 class QScrollBar;
+class QSettings;
 class RefreshGate;
 class ViewState;
 class VoltageCanvas;
@@ -23,6 +24,8 @@ public:
     void setViewState(ViewState *state);
     /// `source` is not owned and outlives this.
     void setSource(VoltageSource *source);
+    /// Keeps size and place, as closing does; nothing before the window was first shown.
+    void writePlace(QSettings *settings) const;
 
 public slots:
     /// The voltages have changed; they are asked for when the window next draws.
@@ -35,6 +38,7 @@ signals:
     void closed();
 
 protected:
+    void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
@@ -59,4 +63,5 @@ private:
     QLabel *m_hint = nullptr;
     VoltageCanvas *m_canvas = nullptr;
     QScrollBar *m_scrollBar = nullptr;
+    bool m_wasShown = false; // a window made for printing never is
 };
