@@ -154,6 +154,7 @@ void DisplayWindows::refreshCapacity(const MdiGraphChild *child)
 
 void DisplayWindows::printCapacity()
 {
+    emit capacitiesWanted(); // a hidden display knows them and their windows' names as of its last showing
     m_capacity->print();
 }
 
@@ -166,6 +167,11 @@ void DisplayWindows::printVoltage()
 
 void DisplayWindows::printPower()
 {
+    const QVector<PackVoltages> packs = m_source ? m_source->packs() : QVector<PackVoltages>();
+    for (const PackVoltages &pack : packs) {
+        if (pack.windowNumber == m_power->windowNumber())
+            m_power->setSourceName(pack.source);
+    }
     m_power->print();
 }
 
@@ -192,5 +198,6 @@ void DisplayWindows::writePlaces(QSettings *settings) const
 void DisplayWindows::nameDevice(const MdiGraphChild *child)
 {
     if (!child->store().isEmpty())
-        m_capacity->setDeviceName(child->windowNumber(), Varnel3Data::deviceName(child->store().device()));
+        m_capacity->setRecorded(
+            child->windowNumber(), Varnel3Data::deviceName(child->store().device()), child->sourceName());
 }

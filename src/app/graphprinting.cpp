@@ -14,13 +14,11 @@ namespace {
 constexpr int smallestWidth = 640; // px; a smaller window would make a page of large letters and short curves
 constexpr int smallestHeight = 400;
 
-QString deviceText(const MdiGraphChild *child)
+QString windowText(const MdiGraphChild *child)
 {
-    const QString number = QString::number(child->windowNumber());
-    if (child->store().isEmpty())
-        return number + QStringLiteral(": ") + child->fileName();
-    return number + QStringLiteral(": ") + Varnel3Data::deviceName(child->store().device()) + QLatin1Char(' ')
-        + child->fileName();
+    const QString device
+        = child->store().isEmpty() ? QString() : Varnel3Data::deviceName(child->store().device());
+    return printedName(child->windowNumber(), device, child->sourceName());
 }
 
 } // namespace
@@ -31,7 +29,7 @@ PrintJob graphPrintJob(MdiGraphChild *child)
     const QPointer<MdiGraphChild> guard(child);
     PrintJob job;
     job.title = QCoreApplication::translate("GraphPrinting", "Varnel - graph");
-    job.details = printDetails({deviceText(child).trimmed()});
+    job.details = printDetails({windowText(child)});
     job.size = size;
     // A long recording is too large to be copied for the time that a dialog is open.
     job.paint = [guard, size](QPainter &painter) {

@@ -12,6 +12,7 @@ QVector<PackVoltages> PackSource::packs() const
         const RecordList &records = child->store().records();
         PackVoltages pack
             = PackVoltages::of(records.isEmpty() ? Varnel3Data() : records.last(), child->windowNumber());
+        pack.source = child->sourceName();
         pack.selected = child->selectedCells();
         pack.staleSince = watch->staleSince(child);
         all.append(pack);

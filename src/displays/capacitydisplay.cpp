@@ -97,7 +97,7 @@ void CapacityDisplay::clear()
     m_chart.first = 0;
     m_end = 0;
     m_chart.entries.clear();
-    m_deviceNames.clear();
+    m_names.clear();
     refresh();
 }
 
@@ -106,9 +106,9 @@ void CapacityDisplay::setWindowCount(int count)
     m_windowCount = count;
 }
 
-void CapacityDisplay::setDeviceName(int number, const QString &name)
+void CapacityDisplay::setRecorded(int number, const QString &device, const QString &source)
 {
-    m_deviceNames.insert(number, name);
+    m_names.insert(number, printedName(number, device, source));
 }
 
 QSize CapacityDisplay::sizeHint() const
@@ -152,19 +152,17 @@ void CapacityDisplay::onViewChanged()
 
 QString CapacityDisplay::entryText(const CapacityEntry &entry) const
 {
-    const QString name = m_deviceNames.value(entry.number);
-    return name.isEmpty() ? QString::number(entry.number)
-                          : QStringLiteral("%1 %2").arg(QString::number(entry.number), name);
+    return m_names.value(entry.number, QString::number(entry.number));
 }
 
 void CapacityDisplay::print()
 {
     PrintJob job;
     job.title = windowTitle();
-    QStringList devices;
+    QStringList windows;
     for (int i = m_chart.first; i < m_chart.visibleEnd(); ++i)
-        devices.append(entryText(m_chart.entries[i]));
-    job.details = printDetails(devices);
+        windows.append(entryText(m_chart.entries[i]));
+    job.details = printDetails(windows);
     job.size = size();
     job.paint = [chart = m_chart, area = size()](QPainter &painter) mutable {
         chart.blackGround = false;
@@ -184,7 +182,7 @@ bool CapacityDisplay::event(QEvent *event)
     } else {
         const CapacityEntry &entry = m_chart.entries[index];
         QToolTip::showText(help->globalPos(),
-            tr("%1: %2 Ah").arg(entryText(entry), FigureText::fixed(entry.capacity / 1000.0, 0, 3)), this);
+            tr("%1, %2 Ah").arg(entryText(entry), FigureText::fixed(entry.capacity / 1000.0, 0, 3)), this);
     }
     return true;
 }

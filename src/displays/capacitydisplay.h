@@ -28,8 +28,8 @@ public:
     void clear();
     /// How many graph windows there are: opening the display pulls the view back to them.
     void setWindowCount(int count);
-    /// Name of the device recorded in graph window `number`, for the printed page; forgotten by clear().
-    void setDeviceName(int number, const QString &name);
+    /// What is recorded in graph window `number`, for tool tips and the printed page; forgotten by clear().
+    void setRecorded(int number, const QString &device, const QString &source);
 
     QSize sizeHint() const override;
 
@@ -66,7 +66,7 @@ private:
     CapacityChart m_chart;
     int m_end = 0; // one past the rightmost entry in view
     int m_windowCount = 0;
-    QHash<int, QString> m_deviceNames; // by window number
+    QHash<int, QString> m_names; // by window number
     QTimer m_updateTimer;
     QPushButton *m_next;
     QPushButton *m_prev;

@@ -13,6 +13,7 @@ struct PackVoltages {
 
     int windowNumber = 0;
     QString device; ///< name of the device
+    QString source; ///< file or port that the records come from
     bool hasCellData = false; ///< otherwise the window has nothing to compare
     int cellCount = 0; ///< 0..maxCells
     std::array<int, maxCells> voltages{}; ///< mV

@@ -55,6 +55,8 @@ void PowerDisplay::updateData(Varnel3Data &record, int nrWin, bool useKeptRi)
     const bool sameDevice = nrWin == m_windowNumber && m_record.hasCellData();
     if (useKeptRi && resistances && sameDevice && record.hasCellData())
         return;
+    if (nrWin != m_windowNumber)
+        m_sourceName.clear();
     m_windowNumber = nrWin;
     m_record = record;
     m_gate->request();
@@ -66,12 +68,8 @@ void PowerDisplay::print()
     PrintJob job;
     job.title = windowTitle();
     const QString device = Varnel3Data::deviceName(m_record.device);
-    if (m_chart.bars.hasData())
-        job.details = printDetails(
-            {m_windowNumber == -1 ? device
-                                  : QStringLiteral("%1 %2").arg(QString::number(m_windowNumber), device)});
-    else
-        job.details = printDetails({});
+    job.details = m_chart.bars.hasData() ? printDetails({printedName(m_windowNumber, device, m_sourceName)})
+                                         : printDetails({});
     job.size = size();
     job.paint = [chart = m_chart, area = size()](QPainter &painter) mutable {
         chart.blackGround = false;

@@ -21,6 +21,10 @@ public:
     void setViewState(ViewState *state);
     /// Dims the bars while `since` is valid: no line has come since then.
     void setStaleSince(const QDateTime &since);
+    /// Number of the graph window whose bars are shown, -1 for none.
+    int windowNumber() const { return m_windowNumber; }
+    /// File or port that the shown window's records come from, for the printed page; another window's record clears it.
+    void setSourceName(const QString &name) { m_sourceName = name; }
     /// Shows that there is nothing to show.
     void setNoData();
 
@@ -52,6 +56,7 @@ private:
     RefreshGate *m_gate;
     Varnel3Data m_record;
     int m_windowNumber = -1;
+    QString m_sourceName;
     QDateTime m_staleSince;
     CellBarChart m_chart;
 };

@@ -3,8 +3,14 @@
 #include <QDateTime>
 #include <QLocale>
 
-QString printDetails(const QStringList &devices)
+QString printedName(int number, const QString &device, const QString &source)
+{
+    const QString name = (device + QLatin1Char(' ') + source).trimmed();
+    return number == -1 ? name : QString::number(number) + QStringLiteral(": ") + name;
+}
+
+QString printDetails(const QStringList &windows)
 {
     const QString now = QLocale().toString(QDateTime::currentDateTime(), QLocale::ShortFormat);
-    return (devices + QStringList{now}).join(QStringLiteral(", "));
+    return (windows + QStringList{now}).join(QStringLiteral(", "));
 }

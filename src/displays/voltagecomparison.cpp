@@ -259,10 +259,10 @@ void VoltageComparison::print()
     refresh();
     PrintJob job;
     job.title = windowTitle();
-    QStringList devices;
+    QStringList windows;
     for (const PackVoltages &pack : m_canvas->chart().packs)
-        devices.append(QStringLiteral("%1 %2").arg(QString::number(pack.windowNumber), pack.device));
-    job.details = printDetails(devices);
+        windows.append(printedName(pack.windowNumber, pack.device, pack.source));
+    job.details = printDetails(windows);
     job.size = m_canvas->chart().pageSize();
     job.paint = [chart = m_canvas->chart()](QPainter &painter) mutable {
         chart.blackGround = false;

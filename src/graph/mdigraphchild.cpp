@@ -8,6 +8,7 @@
 
 #include <QCloseEvent>
 #include <QDateTime>
+#include <QFileInfo>
 #include <QIcon>
 #include <QMdiSubWindow>
 #include <QPainter>
@@ -66,6 +67,11 @@ void MdiGraphChild::setWindowNumber(int number)
 {
     m_windowNumber = number;
     update();
+}
+
+QString MdiGraphChild::sourceName() const
+{
+    return (QFileInfo(m_baseTitle).fileName() + QLatin1Char(' ') + m_fileName).trimmed();
 }
 
 bool MdiGraphChild::stopProcess()

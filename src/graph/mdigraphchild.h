@@ -35,6 +35,8 @@ public:
     int windowNumber() const { return m_windowNumber; }
     void setWindowNumber(int number);
     QString fileName() const { return m_fileName; }
+    /// Where the records come from: name of the data file, without its folder, and of the port; empty for neither.
+    QString sourceName() const;
     /// A device feeds the window.
     bool isLive() const { return m_reader != nullptr; }
     /// The device that feeds the window; null when there is none.

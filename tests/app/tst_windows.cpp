@@ -4,8 +4,6 @@
 #include "app/stylesheet.h"
 #include "dialogs/about.h"
 #include "dialogs/dialogpreferences.h"
-#include "displays/capacitydisplay.h"
-#include "displays/datadisplay.h"
 #include "graph/mdigraphchild.h"
 #include "printing/printjob.h"
 #include "resources/resources.h"
@@ -32,8 +30,6 @@ private slots:
     void noWarnings();
     void layoutComesBack();
     void figuresStayInSight();
-    void displaysKeepTheirState();
-    void displaysNameTheWindow();
     void closingEndsTheProgram();
     void ownStyleSheet();
     void graphOnPaper();
@@ -102,42 +98,6 @@ void TestWindows::figuresStayInSight()
     }
 }
 
-void TestWindows::displaysKeepTheirState()
-{
-    MainWindow window;
-    window.show();
-    window.createMdiChild();
-    QAction *bars = window.actionSet()[ActionId::BarGraph];
-    bars->trigger();
-    auto *display = window.findChild<CapacityDisplay *>();
-    display->showMaximized();
-    bars->trigger();
-    QVERIFY(!display->isVisible());
-    bars->trigger();
-    QVERIFY(display->isVisible() && display->isMaximized());
-    display->showMinimized();
-    bars->trigger();
-    bars->trigger();
-    QVERIFY(!display->isMinimized());
-}
-
-/// Closing a window renumbers the others; the figures of the current one follow, even if no further record comes.
-void TestWindows::displaysNameTheWindow()
-{
-    MainWindow window;
-    window.show();
-    Varnel3Data record;
-    QVERIFY(record.parseLine(QString::fromLatin1(Lines::charger(5)).trimmed()));
-    MdiGraphChild *first = window.createMdiChild();
-    window.createMdiChild()->addRecord(record);
-    window.actionSet()[ActionId::Data]->trigger();
-    const auto *number
-        = window.findChild<DataDisplay *>()->findChild<QLabel *>(QStringLiteral("windowNumberLabel"));
-    QTRY_COMPARE(number->text(), QStringLiteral("2"));
-    first->close();
-    QTRY_COMPARE(number->text(), QStringLiteral("1"));
-}
-
 void TestWindows::closingEndsTheProgram()
 {
     MainWindow window;
@@ -174,7 +134,11 @@ void TestWindows::graphOnPaper()
         child->addRecord(record);
     }
     const PrintJob job = graphPrintJob(child);
-    QVERIFY2(job.details.contains(QStringLiteral("1: Varnel 3")), qPrintable(job.details));
+    QVERIFY2(job.details.startsWith(QStringLiteral("1: Varnel 3, ")), qPrintable(job.details));
+    child->setFileName(QStringLiteral("COM3"));
+    child->markSaved(QStringLiteral("/home/someone/run.acp"));
+    const QString named = graphPrintJob(child).details;
+    QVERIFY2(named.startsWith(QStringLiteral("1: Varnel 3 run.acp COM3, ")), qPrintable(named));
     const auto drawn = [&job] {
         QImage page(job.size.toSize(), QImage::Format_RGB32);
         page.fill(Qt::white);
