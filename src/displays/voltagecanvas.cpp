@@ -31,8 +31,7 @@ void VoltageCanvas::mousePressEvent(QMouseEvent *event)
     if (event->button() != Qt::LeftButton)
         return;
     const VoltageChart::CellRef hit = m_chart.cellAt(event->pos(), size(), m_scroll);
-    if (hit.pack >= 0)
-        emit cellPressed(hit.pack, hit.cell, event->modifiers().testFlag(Qt::ControlModifier));
+    emit cellPressed(hit.pack, hit.cell, event->modifiers().testFlag(Qt::ControlModifier));
 }
 
 void VoltageCanvas::resizeEvent(QResizeEvent *event)

@@ -21,7 +21,7 @@ constexpr int smallestGroup = 128; // the figures' width
 constexpr int smallestPitch = 15; // holds two digits
 constexpr int largestPitch = 44;
 constexpr double barShare = 0.75; // of the pitch
-constexpr int packsPerRow = 3; // on a page
+constexpr int packsPerRow = 3; // on a page, at most
 
 struct Extremes {
     int highest = -1; // cell indexes
@@ -103,6 +103,29 @@ int VoltageChart::contentWidth(int available) const
 {
     const QVector<Group> all = groups(available);
     return all.isEmpty() ? available : qMax(available, all.last().left + all.last().width);
+}
+
+int VoltageChart::groupsWidth(int available) const
+{
+    return qMax(1, available - px(axisWidth));
+}
+
+int VoltageChart::firstSeen(int available, int scroll) const
+{
+    const QVector<Group> all = groups(available);
+    const int left = px(axisWidth) + scroll;
+    int pack = 0;
+    while (pack + 1 < all.size() && all[pack].left < left)
+        ++pack;
+    // One that fills the view and more begins out of sight.
+    if (pack > 0 && all[pack].left >= scroll + available)
+        --pack;
+    return all.isEmpty() ? -1 : pack;
+}
+
+int VoltageChart::groupStart(int pack, int available) const
+{
+    return groups(available).at(pack).left - px(axisWidth);
 }
 
 VoltageAxis VoltageChart::axis() const
@@ -289,18 +312,24 @@ void VoltageChart::paintFigures(
             Qt::AlignLeft | Qt::AlignVCenter, texts[i], 8, scale);
 }
 
+int VoltageChart::pageRows() const
+{
+    return qMax(1, (packs.size() + packsPerRow - 1) / packsPerRow);
+}
+
 VoltageChart VoltageChart::row(int index) const
 {
+    const int inRow = (packs.size() + pageRows() - 1) / pageRows();
     VoltageChart result = *this;
     result.m_pageAxis = axis();
     result.m_isRow = true;
-    result.packs = packs.mid(index * packsPerRow, packsPerRow);
+    result.packs = packs.mid(index * inRow, inRow);
     return result;
 }
 
 QSize VoltageChart::pageSize() const
 {
-    const int rows = qMax(1, (packs.size() + packsPerRow - 1) / packsPerRow);
+    const int rows = pageRows();
     int width = px(480);
     for (int i = 0; i < rows; ++i)
         width = qMax(width, row(i).contentWidth(px(480)));
@@ -310,7 +339,7 @@ QSize VoltageChart::pageSize() const
 void VoltageChart::paintPage(QPainter &painter) const
 {
     const QSize page = pageSize();
-    const int rows = page.height() / px(280);
+    const int rows = pageRows();
     for (int i = 0; i < rows; ++i) {
         painter.save();
         painter.translate(0, i * px(280));

@@ -28,6 +28,13 @@ public:
     QVector<int> shownCells(const PackVoltages &pack) const;
     /// Width of the picture when `available` pixels are there: more where the groups need it to be readable.
     int contentWidth(int available) const;
+    /// Part of `available` that the groups have, beside the axis.
+    int groupsWidth(int available) const;
+    /// What of the groups, scrolled by `scroll` in a picture `available` wide, comes first: the leftmost pack whose
+    /// beginning is seen, or that of which any is. -1 without packs.
+    int firstSeen(int available, int scroll) const;
+    /// How far pack `pack`'s group lies from the beginning of the groups in a picture `available` wide.
+    int groupStart(int pack, int available) const;
     /// The cell whose bar column holds `point` of the picture drawn into `size` with `scroll`.
     CellRef cellAt(const QPoint &point, const QSize &size, int scroll) const;
     /// Bar of `cell` of pack `pack`, as drawn; empty where it is not shown.
@@ -62,6 +69,7 @@ private:
     void paintFigures(QPainter &painter, const PackVoltages &pack, const Group &group, int height) const;
     QRect barIn(
         const Group &group, int slot, int count, int voltage, const VoltageAxis &axis, int height) const;
+    int pageRows() const;
     VoltageChart row(int index) const;
 
     VoltageAxis m_pageAxis; // of all rows of a page

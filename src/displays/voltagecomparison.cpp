@@ -75,8 +75,9 @@ void VoltageComparison::createControls()
 {
     m_selectionButton = new QPushButton(this);
     m_selectionButton->setObjectName(QStringLiteral("selectionButton"));
-    m_selectionButton->setFixedSize(scaled(26), scaled(22));
-    m_selectionButton->setStyleSheet(QStringLiteral("padding: 0px; min-width: 0px; min-height: 0px;"));
+    // In the style sheet, which would otherwise bring sizes of its own.
+    m_selectionButton->setStyleSheet(
+        QStringLiteral("padding: 0px; min-width: %1px; min-height: %2px;").arg(scaled(26)).arg(scaled(20)));
     m_selectionButton->setFocusPolicy(Qt::NoFocus);
     m_hint = new QLabel(this);
     m_hint->setObjectName(QStringLiteral("hintLabel"));
@@ -153,9 +154,21 @@ void VoltageComparison::refresh()
     colours.setColor(QPalette::WindowText, ChartPaint::textColour(chart.blackGround));
     setPalette(colours);
     m_hint->setPalette(colours); // does not inherit it under a style sheet
-    m_canvas->setChart(chart);
-    updateScrollBar();
+    showChart(chart);
     showChoice();
+}
+
+/// What was seen first stays where it is, however wide the groups become.
+void VoltageComparison::showChart(const VoltageChart &chart)
+{
+    const int width = m_canvas->width();
+    const int scroll = m_scrollBar->value();
+    const int pack = m_canvas->chart().firstSeen(width, scroll);
+    const int before = pack < 0 ? 0 : m_canvas->chart().groupStart(pack, width);
+    m_canvas->setChart(chart);
+    updateScrollBar(); // may shorten the range below what was scrolled
+    if (pack >= 0 && pack < chart.packs.size())
+        m_scrollBar->setValue(scroll + chart.groupStart(pack, width) - before);
 }
 
 void VoltageComparison::showChoice()
@@ -164,8 +177,8 @@ void VoltageComparison::showChoice()
     m_selectionButton->setText(QLatin1String(texts.button));
     m_selectionButton->setToolTip(tr(texts.toolTip));
     if (choice().oneCell >= 0)
-        m_hint->setText(
-            tr("Cell %1 of every window (arrow keys: another, Esc: all cells)").arg(choice().oneCell + 1));
+        m_hint->setText(tr("Cell %1 of every window (arrow keys: another; click or Esc: all cells)")
+                            .arg(choice().oneCell + 1));
     else
         m_hint->setText(tr(texts.toolTip));
 }
@@ -174,7 +187,7 @@ void VoltageComparison::updateScrollBar()
 {
     const int content = m_canvas->chart().contentWidth(m_canvas->width());
     m_scrollBar->setRange(0, content - m_canvas->width());
-    m_scrollBar->setPageStep(m_canvas->width());
+    m_scrollBar->setPageStep(m_canvas->chart().groupsWidth(m_canvas->width()));
     m_scrollBar->setSingleStep(scaled(40));
     m_scrollBar->setVisible(content > m_canvas->width());
 }
@@ -196,11 +209,11 @@ void VoltageComparison::setOneCell(int cell)
 void VoltageComparison::onCellPressed(int pack, int cell, bool toggle)
 {
     const QVector<PackVoltages> &packs = m_canvas->chart().packs;
-    if (toggle && m_source) {
+    if (!toggle) {
+        setOneCell(choice().oneCell < 0 ? cell : -1);
+    } else if (pack >= 0 && m_source) {
         m_source->toggleCell(packs[pack].windowNumber, cell);
         refresh();
-    } else {
-        setOneCell(choice().oneCell < 0 ? cell : -1);
     }
 }
 
@@ -234,6 +247,12 @@ void VoltageComparison::keyPressEvent(QKeyEvent *event)
             m_scrollBar->setValue(m_scrollBar->value() + direction * m_scrollBar->singleStep());
         break;
     }
+    case Qt::Key_Home:
+        m_scrollBar->triggerAction(QAbstractSlider::SliderToMinimum);
+        break;
+    case Qt::Key_End:
+        m_scrollBar->triggerAction(QAbstractSlider::SliderToMaximum);
+        break;
     case Qt::Key_PageUp:
         m_scrollBar->triggerAction(QAbstractSlider::SliderPageStepSub);
         break;

@@ -186,6 +186,7 @@ private slots:
     void oneCellByClickAndKey();
     void selectionButton();
     void hiddenAsksNothing();
+    void choosingKeepsThePlace();
     void placeIsKept();
 };
 
@@ -219,6 +220,11 @@ void TestVoltageComparison::oneCellByClickAndKey()
     QTest::keyClick(window, Qt::Key_Space);
     QCOMPARE(oneCell(), 2);
     QTest::keyClick(window, Qt::Key_Escape);
+    QCOMPARE(oneCell(), -1);
+    QTest::mouseClick(canvas, Qt::LeftButton, Qt::NoModifier, {5, 100}); // the axis
+    QCOMPARE(oneCell(), -1);
+    QTest::keyClick(window, Qt::Key_Space);
+    QTest::mouseClick(canvas, Qt::LeftButton, Qt::NoModifier, {5, 100});
     QCOMPARE(oneCell(), -1);
 
     click(1, 3, Qt::ControlModifier);
@@ -261,6 +267,7 @@ void TestVoltageComparison::selectionButton()
     QCOMPARE(texts,
         (QStringList{QStringLiteral("S"), QStringLiteral("+"), QStringLiteral("-"), QStringLiteral("S")}));
     QCOMPARE(counts, (QList<int>{3, 1, 2, 3}));
+    QVERIFY(button->width() >= scaled(26));
     button->click();
     button->click(); // back to where the other tests start
 }
@@ -285,10 +292,39 @@ void TestVoltageComparison::hiddenAsksNothing()
         source.list.append(pack(i, QVector<int>(16, 4000)));
     window.updateVoltage();
     QTest::qWait(RefreshGate::interval + 20);
+    // Paging passes over no cell.
     auto *bar = window.findChild<QScrollBar *>();
+    auto *canvas = window.findChild<VoltageCanvas *>();
     QVERIFY(bar->isVisible() && bar->maximum() > 0);
-    QTest::keyClick(&window, Qt::Key_PageDown);
-    QVERIFY(bar->value() > 0);
+    const int axis = canvas->width() - canvas->chart().groupsWidth(canvas->width());
+    int seen = axis; // up to here, in the unscrolled picture
+    for (int page = 0; page < 50 && bar->value() < bar->maximum(); ++page) {
+        QVERIFY(bar->value() + axis <= seen);
+        seen = bar->value() + canvas->width();
+        QTest::keyClick(&window, Qt::Key_PageDown);
+    }
+    QCOMPARE(bar->value(), bar->maximum());
+    QTest::keyClick(&window, Qt::Key_Home);
+    QCOMPARE(bar->value(), 0);
+}
+
+/// What is looked at stays in view when the groups become narrow and wide again.
+void TestVoltageComparison::choosingKeepsThePlace()
+{
+    Packs source;
+    for (int i = 1; i <= 12; ++i)
+        source.list.append(pack(i, QVector<int>(16, 3700 + i)));
+    VoltageComparison window;
+    window.setSource(&source);
+    window.resize(scaled(400), scaled(360));
+    window.show();
+    auto *bar = window.findChild<QScrollBar *>();
+    auto *canvas = window.findChild<VoltageCanvas *>();
+    bar->setValue(canvas->chart().groupStart(6, canvas->width()) - 9);
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Right, Qt::Key_Escape}) {
+        QTest::keyClick(&window, key);
+        QCOMPARE(bar->value(), canvas->chart().groupStart(6, canvas->width()) - 9);
+    }
 }
 
 void TestVoltageComparison::placeIsKept()
