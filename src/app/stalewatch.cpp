@@ -31,9 +31,10 @@ QDateTime StaleWatch::staleSince(const MdiGraphChild *child) const
     if (!child || !child->isLive())
         return QDateTime();
     const Seen last = seen.value(child);
-    if (!last.at.isValid() || last.revision != child->store().revision()) // a line has come since the last look
+    if (!last.at.isValid()
+        || last.revision != child->store().revision()) // a line has come since the last look
         return QDateTime();
-    return last.at.secsTo(QDateTime::currentDateTime()) >= patience ? last.at : QDateTime();
+    return last.at.secsTo(lastLook) >= patience ? last.at : QDateTime();
 }
 
 void StaleWatch::lookWhileStale()
@@ -44,6 +45,12 @@ void StaleWatch::lookWhileStale()
 
 void StaleWatch::look()
 {
+    lookAt(QDateTime::currentDateTime());
+}
+
+void StaleWatch::lookAt(const QDateTime &now)
+{
+    lastLook = now;
     noteArrivals();
     QMap<QString, QString> silent;
     const auto children = graphs->all();
@@ -67,13 +74,13 @@ void StaleWatch::look()
 
 void StaleWatch::noteArrivals()
 {
-    QHash<const MdiGraphChild *, Seen> now;
+    QHash<const MdiGraphChild *, Seen> noted;
     const auto children = graphs->all();
     for (const MdiGraphChild *child : children) {
         const Seen before = seen.value(child);
         const quint64 revision = child->store().revision();
         const bool fresh = !before.at.isValid() || before.revision != revision;
-        now.insert(child, fresh ? Seen{revision, QDateTime::currentDateTime()} : before);
+        noted.insert(child, fresh ? Seen{revision, lastLook} : before);
     }
-    seen = now;
+    seen = noted;
 }

@@ -21,8 +21,10 @@ public:
     /// All outlive this.
     StaleWatch(GraphWindows *graphs, DisplayWindows *displays, StatusFacts *facts, QObject *parent);
 
-    /// When the last line of `child` came; invalid while it is fresh, not live, or null.
+    /// When the last line of `child` came; invalid while it was fresh at the last look, is not live, or null.
     QDateTime staleSince(const MdiGraphChild *child) const;
+    /// Looks at all windows; it is `now`.
+    void lookAt(const QDateTime &now);
 
 public slots:
     /// Also to be called when another window becomes current.
@@ -41,6 +43,7 @@ private:
     GraphWindows *graphs;
     DisplayWindows *displays;
     StatusFacts *facts;
+    QDateTime lastLook;
     QHash<const MdiGraphChild *, Seen> seen; // keys are compared, never followed
     QMap<QString, QString> told; // ports and what is said of them
     QDateTime shown; // as the displays were told last
