@@ -11,11 +11,12 @@
 #include <QMenuBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolBar>
 
 using Ids = QVector<ActionId>;
 Q_DECLARE_METATYPE(Ids)
 
-/// Which switch enables, unchecks and renames which, and how the keyboard reaches them.
+/// Which switch enables, unchecks and renames which; the menus and the tool bar that hold them.
 class TestViewSwitches : public QObject {
     Q_OBJECT
 
@@ -26,6 +27,7 @@ private slots:
     void signalsPerSwitch();
     void withoutWindows();
     void reopenedInBalancerView();
+    void menus();
     void shortcuts();
     void keyboardReachesAll();
 
@@ -142,6 +144,31 @@ void TestViewSwitches::reopenedInBalancerView()
     QTRY_VERIFY(!action(ActionId::Energy)->isEnabled());
     window->createMdiChild();
     QCOMPARE(switchTexts(), QStringLiteral("dV* Rw* B* Avg S P% Vc"));
+}
+
+void TestViewSwitches::menus()
+{
+    window->updateWindowMenu(); // as often as it is shown
+    const auto textsOf = [](const QWidget *widget) {
+        QStringList texts;
+        const auto actions = widget->actions();
+        for (const QAction *entry : actions)
+            texts << (entry->isSeparator() ? QStringLiteral("|") : entry->text().trimmed());
+        return texts.join(',');
+    };
+    QStringList menus(textsOf(window->menuBar()));
+    const auto titles = window->menuBar()->actions();
+    for (const QAction *title : titles) {
+        if (title->menu() && title->text() != QLatin1String("&Tools"))
+            menus << textsOf(title->menu());
+    }
+    menus << textsOf(window->findChild<QToolBar *>(QStringLiteral("mainToolBar")));
+    QCOMPARE(menus,
+        QStringList({"&File,&Window,&Print,&Tools,|,&Help", "Open file,Save as,Preferences,Set time,|,E&xit",
+            "Recording,Background color,|,Cl&ose,Close &All,|,&Tile,&Cascade,|,Ne&xt,Pre&vious,|",
+            "Capacity comparison,Voltage comparison,Bar display,Active plot", "&About",
+            "Open file,Save as,&Cascade,&Tile,|,Recording,Stop process,|,DATA,Graph,Bar Graph,|,T,dV,Rw,|,"
+            "B,Avg,S,P%,"}));
 }
 
 void TestViewSwitches::shortcuts()
