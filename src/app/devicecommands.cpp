@@ -11,6 +11,7 @@
 
 namespace {
 
+constexpr int messageTime = 1500; // ms; the next port's comes before
 constexpr int pauseMs = 500; // what a device needs to set its clock before it takes the next command
 
 } // namespace
@@ -66,6 +67,7 @@ void DeviceCommands::setTime()
 void DeviceCommands::setTimeOf(SerialReader *reader)
 {
     const QPointer<SerialReader> guard(reader);
+    emit message(tr("Setting the clock of the device on %1...").arg(reader->portName()), messageTime);
     reader->sendCommand(QStringLiteral("#TIME!") + currentTimeText() + QStringLiteral("\r\n"));
     pause();
     if (guard)

@@ -27,6 +27,8 @@ signals:
     /// setTime() runs the event loop from here until waitEnded(): not the time for boxes that wait for the user.
     void waitBegun();
     void waitEnded();
+    /// For the status bar; the time in ms.
+    void message(const QString &text, int time);
 
 private:
     void setTimeOf(SerialReader *reader);

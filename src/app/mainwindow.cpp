@@ -160,6 +160,7 @@ void MainWindow::connectParts()
     // Queued: a new window is current before its reader is attached.
     connect(graphs, SIGNAL(currentChanged()), remoteControls, SLOT(refresh()), Qt::QueuedConnection);
     connect(toolsMenu, SIGNAL(aboutToShow()), remoteControls, SLOT(refresh()));
+    connect(commands, SIGNAL(message(QString,int)), this, SLOT(showMessageStatusBar(QString,int)));
     connect(commands, SIGNAL(waitBegun()), endNotice, SLOT(hold()));
     connect(commands, SIGNAL(waitEnded()), endNotice, SLOT(release()));
     connect(readerHost, SIGNAL(lost(QString)), watcher, SLOT(noteLost(QString)));
