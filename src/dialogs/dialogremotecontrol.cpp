@@ -5,6 +5,7 @@
 
 #include <QMessageBox>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 #include <QTimer>
 
 namespace {
@@ -19,6 +20,7 @@ enum Page { Setup, Memory, Cells, Process, Disconnect };
 void fill(QComboBox *combo, const QString &text, int count)
 {
     const QSignalBlocker blocker(combo);
+    combo->setItemDelegate(new QStyledItemDelegate(combo)); // its own heeds no style sheet
     for (int number = 1; number <= count; ++number)
         combo->addItem(text.arg(number));
 }
