@@ -154,6 +154,19 @@ private slots:
         QCOMPARE(figures.text(DataFigures::Temperature), delta);
     }
 
+    void statisticsOfAnInconsistentRecord()
+    {
+        Varnel3Data record = samplePack({4000, 4100});
+        record.cellMax = 4500; // no cell has it
+        record.cellCount = 99;
+        DataFigures figures = figuresOf(record, {true, 0});
+        QCOMPARE(figures.text(DataFigures::MaxCellNote), QStringLiteral("cell 1"));
+        QCOMPARE(figures.text(DataFigures::Cells), QStringLiteral("99 x LiPo"));
+        QCOMPARE(figures.cellText(15), QStringLiteral("0,000"));
+        record.flag5 = '_'; // no cell data: the normal view stays
+        QCOMPARE(figuresOf(record, {true, 0}).text(DataFigures::CurrentUnit), QStringLiteral("A"));
+    }
+
     void statisticsFigures()
     {
         Varnel3Data record = samplePack({4110, 4032});

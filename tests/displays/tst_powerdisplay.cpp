@@ -173,6 +173,7 @@ private slots:
     }
 
     void displayFollowsRecordsAndSwitches();
+    void keptResistancesStay();
 };
 
 namespace {
@@ -218,6 +219,33 @@ void TestPowerDisplay::displayFollowsRecordsAndSwitches()
     display.close();
     QCOMPARE(closed.count(), 1);
     QCOMPARE(warnings.warnings(), QStringList());
+}
+
+void TestPowerDisplay::keptResistancesStay()
+{
+    ViewState state;
+    ViewSwitches switches;
+    switches.energyMode = 2;
+    state.setSwitches(switches);
+    PowerDisplay display;
+    display.setViewState(&state);
+    display.resize(display.minimumSize());
+    display.show();
+    Varnel3Data measured = sampleResistances({2.0, 3.0});
+    Varnel3Data bare = samplePack({4000, 4000});
+    display.updateData(measured, 1);
+    display.updateData(bare, 1, true);
+    const int bars = pixelsOf(display, green);
+    QVERIFY(bars > 0);
+    display.setStaleSince(QDateTime::currentDateTime());
+    QCOMPARE(pixelsOf(display, green), 0); // dimmed
+    display.setStaleSince({});
+    QCOMPARE(pixelsOf(display, green), bars);
+    display.updateData(bare, 2, true); // another device's bars never stay
+    QCOMPARE(pixelsOf(display, green), 0);
+    display.updateData(measured, 1);
+    display.updateData(bare, 1, false);
+    QCOMPARE(pixelsOf(display, green), 0);
 }
 
 QTEST_MAIN(TestPowerDisplay)

@@ -67,6 +67,7 @@ class TestSeriesStore : public QObject {
     Q_OBJECT
 
 private slots:
+    void derivesPointsByHand();
     void smoothsTemperature();
     void seedsResistanceOnePointAhead();
     void runningSeriesFollowTheRule_data();
@@ -85,6 +86,22 @@ private slots:
     void growsPastAnyCapacity();
     void manyRecordingsCostTheirData();
 };
+
+void TestSeriesStore::derivesPointsByHand()
+{
+    SeriesStore store;
+    Varnel3Data record = chargerRecord();
+    record.setTime(65);
+    record.voltage = 24210;
+    record.current = -1503;
+    record.energy = 1234;
+    store.append(record);
+    QCOMPARE(store.series(SeriesStore::Time)[0], 65.0);
+    QCOMPARE(store.series(SeriesStore::Voltage)[0], 24.21);
+    QCOMPARE(store.series(SeriesStore::Current)[0], -1.503);
+    QCOMPARE(store.series(SeriesStore::Energy)[0], 1234.0);
+    QVERIFY(!store.hasCellSeries());
+}
 
 void TestSeriesStore::smoothsTemperature()
 {
@@ -195,11 +212,16 @@ void TestSeriesStore::balancerTimesAreSynthetic()
     SeriesStore store;
     Varnel3Data record = cellRecord(3);
     record.device = Varnel3Data::Tandor;
+    record.ballansingCurrent = 750;
+    record.cells[1].balance = record.cells[3].balance = 100; // one of them beyond the cell count
     for (int time : {0, 0, 7000}) {
         record.setTime(time);
         store.append(record);
     }
     QCOMPARE(store.records()[2].time, 10);
+    QCOMPARE(store.records()[2].cells[1].balanceCharge, 100 * 750 * 7000); // by the line's own clock
+    QCOMPARE(store.records()[2].cells[3].balanceCharge, 0);
+    QCOMPARE(store.records()[2].balancedMah, 1458);
     QCOMPARE(store.records()[2].second, 10);
     QCOMPARE(store.series(SeriesStore::Time)[2], 10.0);
 }
