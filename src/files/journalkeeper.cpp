@@ -30,7 +30,7 @@ JournalKeeper::~JournalKeeper()
 
 std::unique_ptr<RecordingLog> JournalKeeper::create(const QString &portName)
 {
-    lookAtSize();
+    QMetaObject::invokeMethod(this, "lookAtSize", Qt::QueuedConnection); // a line waits for its journal
     forgetDone();
     JournalNotices &notices = *this;
     m_writers.push_back(std::make_unique<JournalWriter>(m_folder, m_syncer, notices, portName));

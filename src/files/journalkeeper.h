@@ -48,11 +48,11 @@ signals:
 
 private slots:
     void retryStalled();
+    void lookAtSize();
 
 private:
     void journalStalled(const QString &fileName, const QString &reason) override;
     void journalResumed(const QString &fileName, bool complete) override;
-    void lookAtSize();
     void forgetDone();
 
     JournalFolder m_folder;

@@ -31,11 +31,14 @@ bool RecordingDispatcher::processLine(const QString &line)
     m_previous = {m_record.mode, m_record.time, m_record.cellCount, m_record.cellType};
     if (!m_record.parseLine(line))
         return false;
-    if (startsRecording()) {
-        QMetaObject::invokeMethod(m_host->processReceiver(), "endProcessMessage", Qt::QueuedConnection);
+    const bool starts = startsRecording();
+    if (starts)
+        startLog();
+    if (m_log)
+        m_log->addRecord(line, m_record); // before windows take their time
+    if (starts)
         startRecording();
-    }
-    keepRecord(line);
+    showRecord();
     m_idleTicks = 0;
     if (takeEndLetter())
         return true;
@@ -72,10 +75,15 @@ bool RecordingDispatcher::startsRecording() const
         || (m_record.time == 0 && m_record.cellCount > 0 && m_record.device != Varnel3Data::Tandor);
 }
 
-void RecordingDispatcher::startRecording()
+void RecordingDispatcher::startLog()
 {
     finishRecording();
     m_log = m_host->createRecordingLog(m_link->portName());
+}
+
+void RecordingDispatcher::startRecording()
+{
+    QMetaObject::invokeMethod(m_host->processReceiver(), "endProcessMessage", Qt::QueuedConnection);
     m_unwatchedTold = false;
     m_child = m_host->createRecording();
     m_newProcess = false;
@@ -85,10 +93,8 @@ void RecordingDispatcher::startRecording()
     sendTimeOnce(&m_host->startTimeSent());
 }
 
-void RecordingDispatcher::keepRecord(const QString &line)
+void RecordingDispatcher::showRecord()
 {
-    if (m_log)
-        m_log->addRecord(line, m_record);
     if (m_child) {
         m_child->addRecord(m_record);
     } else if (!m_unwatchedTold) {

@@ -47,8 +47,9 @@ private:
     };
 
     bool startsRecording() const;
+    void startLog();
     void startRecording();
-    void keepRecord(const QString &line);
+    void showRecord();
     void keepResistanceLine(const QString &line);
     bool takeEndLetter();
     bool processChanged() const;

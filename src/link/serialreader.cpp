@@ -1,6 +1,6 @@
 #include "link/serialreader.h"
 
-#include "link/hangup.h"
+#include "link/portstate.h"
 #include "link/readerhost.h"
 
 #include <QDeadlineTimer>
@@ -14,6 +14,8 @@ constexpr int endDelay = 250; // ms from an end letter to the end of the recordi
 constexpr int longestWrite = 500; // ms
 constexpr int mostFailures = 20; // without a byte in between
 constexpr int messageTime = 5000; // ms
+constexpr qint64 readAtOnce = 128; // bytes; less than a line of cells, so that a killed program loses no more
+constexpr int mostReads = 64; // before other ports and windows have their turn
 constexpr int shortestRecordLine = 10; // characters; shorter lines are replies to commands
 const char *const portError = SIGNAL(errorOccurred(QSerialPort::SerialPortError));
 
@@ -27,6 +29,7 @@ SerialReader::SerialReader(QObject *parent, const QString &portName, ReaderHost 
     , m_tick(new QTimer(this))
 {
     m_port.setPortName(portName);
+    m_port.setReadBufferSize(readAtOnce);
     connect(m_tick, SIGNAL(timeout()), this, SLOT(timerTickEvent()));
 }
 
@@ -118,6 +121,7 @@ void SerialReader::sendCommand(const QString &text)
     if (!m_port.isOpen() || m_lost)
         return;
     m_writing = true;
+    m_port.setReadBufferSize(0); // a full buffer would end the wait
     m_port.write(text.toLatin1());
     m_port.flush();
     const QDeadlineTimer deadline(longestWrite);
@@ -125,6 +129,7 @@ void SerialReader::sendCommand(const QString &text)
         if (!m_port.waitForBytesWritten(int(deadline.remainingTime())))
             break;
     }
+    m_port.setReadBufferSize(readAtOnce);
     m_writing = false;
     if (m_port.bytesAvailable() > 0)
         QMetaObject::invokeMethod(this, "onReadyRead", Qt::QueuedConnection);
@@ -140,6 +145,7 @@ void SerialReader::onReadyRead()
     if (m_handling || m_writing || !m_port.isOpen())
         return;
     m_handling = true;
+    int reads = 0;
     do {
         const QByteArray bytes
             = m_port.readAll(); // of no bytes, too: reading goes on by that after a failure
@@ -149,8 +155,13 @@ void SerialReader::onReadyRead()
         QString line;
         while (m_framer.next(&line)) // a stop from inside clears the framer
             handleLine(line);
-    } while (m_port.bytesAvailable() > 0);
+    } while (m_port.bytesAvailable() > 0 || (++reads < mostReads && readMore()));
     m_handling = false;
+}
+
+bool SerialReader::readMore()
+{
+    return m_port.isOpen() && !m_lost && hasBytesWaiting(m_port) && m_port.waitForReadyRead(0);
 }
 
 void SerialReader::endProcesTimer()

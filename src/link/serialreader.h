@@ -58,6 +58,7 @@ private:
     void configurePort();
     void connectPort();
     void disconnectPort();
+    bool readMore();
     void handleLine(const QString &line);
 
     QString m_portName;

@@ -1,4 +1,4 @@
-#include "link/hangup.h"
+#include "link/portstate.h"
 
 #include <QSerialPort>
 
@@ -8,4 +8,10 @@ bool hasHungUp(const QSerialPort &port)
 {
     pollfd line = {port.handle(), POLLIN, 0};
     return poll(&line, 1, 0) > 0 && (line.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
+}
+
+bool hasBytesWaiting(const QSerialPort &port)
+{
+    pollfd line = {port.handle(), POLLIN, 0};
+    return poll(&line, 1, 0) > 0 && line.revents == POLLIN;
 }
