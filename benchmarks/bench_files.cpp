@@ -1,5 +1,6 @@
 #include "files/datafileloader.h"
 #include "files/datafilewriter.h"
+#include "files/wholefile.h"
 #include "graph/seriesstore.h"
 #include "naive/naiverecordline.h"
 #include "naive/naivestore.h"
@@ -18,8 +19,11 @@ QString sampleFile(int count)
 {
     static const QTemporaryDir folder;
     const QString name = folder.filePath(QString::number(count) + QLatin1String(".acp"));
-    if (!QFile::exists(name))
-        saveRecords(name, sampleRecording(count));
+    if (!QFile::exists(name)) {
+        const RecordList records = sampleRecording(count);
+        RecordLines lines(records);
+        writeWholeFile(name, lines);
+    }
     return name;
 }
 
@@ -77,7 +81,8 @@ void saveHouse(benchmark::State &state)
     const QTemporaryDir folder;
     const RecordList records = sampleRecording(sampleCount);
     for (auto _ : state) {
-        if (!saveRecords(folder.filePath(QStringLiteral("house.acp")), records).saved)
+        RecordLines lines(records);
+        if (!writeWholeFile(folder.filePath(QStringLiteral("house.acp")), lines).written)
             state.SkipWithError("not saved");
     }
 }

@@ -1,4 +1,5 @@
 #include "files/datafilewriter.h"
+#include "files/wholefile.h"
 #include "samplerecording.h"
 
 #include <QApplication>
@@ -12,8 +13,11 @@ int main(int argc, char **argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_LOGGING_RULES", "default.debug=false");
     const QApplication application(argc, argv);
-    if (argc == 3 && qstrcmp(argv[1], "--write-sample") == 0)
-        return saveRecords(QString::fromLocal8Bit(argv[2]), sampleRecording(sampleCount)).saved ? 0 : 1;
+    if (argc == 3 && qstrcmp(argv[1], "--write-sample") == 0) {
+        const RecordList records = sampleRecording(sampleCount);
+        RecordLines lines(records);
+        return writeWholeFile(QString::fromLocal8Bit(argv[2]), lines).written ? 0 : 1;
+    }
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;

@@ -3,6 +3,7 @@
 #include "app/commandline.h"
 #include "app/graphfile.h"
 #include "files/datafileloader.h"
+#include "files/filepieces.h"
 #include "files/wholefile.h"
 #include "graph/csvexport.h"
 #include "graph/graphpicture.h"
@@ -37,13 +38,13 @@ bool load(const QString &fileName, SeriesStore &store, QString *reason)
     return true;
 }
 
-WriteOutcome writeOutput(const QString &output, const FileContent &content)
+WriteOutcome writeOutput(const QString &output, FilePieces &pieces)
 {
     if (output != QLatin1String("-"))
-        return writeWholeFile(output, content);
+        return writeWholeFile(output, pieces);
     QFile out;
-    const bool written = out.open(stdout, QIODevice::WriteOnly) && content(out) && out.flush();
-    return {written, out.errorString()};
+    const bool written = out.open(stdout, QIODevice::WriteOnly) && pieces.writeAll(out) && out.flush();
+    return {written, false, out.errorString()};
 }
 
 bool render(const CommandLine &line, const SeriesStore &store, QIODevice *device)
@@ -69,8 +70,10 @@ int runBatch(const CommandLine &line)
     QString reason;
     if (!load(line.files.first(), store, &reason))
         return fail(line.files.first() + QStringLiteral(": ") + reason);
-    const WriteOutcome outcome = writeOutput(line.output, [&](QIODevice &device) {
-        return line.task == CommandLine::Render ? render(line, store, &device) : writeCsv(store, &device);
-    });
+    CsvRows rows(store);
+    OnePiece picture([&](QIODevice &device) { return render(line, store, &device); });
+    const bool renders = line.task == CommandLine::Render;
+    const WriteOutcome outcome
+        = writeOutput(line.output, renders ? static_cast<FilePieces &>(picture) : rows);
     return outcome.written ? int(Done) : fail(line.output + QStringLiteral(": ") + outcome.reason);
 }

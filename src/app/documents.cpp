@@ -2,10 +2,10 @@
 
 #include "app/displaywindows.h"
 #include "app/filequeue.h"
+#include "app/filewriter.h"
 #include "app/graphwindows.h"
 #include "app/recordings.h"
 #include "app/warningbox.h"
-#include "data/recordlist.h"
 #include "files/datafilewriter.h"
 #include "files/journalfolder.h"
 #include "files/varelstyleditemdelegate.h"
@@ -21,6 +21,7 @@
 
 namespace {
 
+constexpr int messageTime = 5000; // ms
 constexpr int labelsKept = 10000; // a large folder scrolls without reading a file twice
 constexpr QSize recordingsDialogSize(780, 480);
 constexpr int typeColumn = 2; // of a file dialog's details; the same for every recording
@@ -46,19 +47,20 @@ void keepLastFolder(const QString &path)
 
 } // namespace
 
-Documents::Documents(QWidget *shellWindow, QStatusBar *bar, GraphWindows *graphWindows,
-    DisplayWindows *displayWindows, Recordings *liveRecordings)
+Documents::Documents(QWidget *shellWindow, ProgressStrip *strip, FileWriter *fileWriter,
+    GraphWindows *graphWindows, DisplayWindows *displayWindows, Recordings *liveRecordings)
     : QObject(shellWindow)
     , shell(shellWindow)
+    , writer(fileWriter)
     , graphs(graphWindows)
     , displays(displayWindows)
     , recordings(liveRecordings)
-    , queue(new FileQueue(bar, this))
+    , queue(new FileQueue(strip, this))
     , labels(labelsKept)
 {
     connect(this, SIGNAL(message(QString,int)), shell, SLOT(showMessageStatusBar(QString,int)));
     connect(queue, SIGNAL(message(QString,int)), shell, SLOT(showMessageStatusBar(QString,int)));
-    connect(queue, SIGNAL(loaded(QString,RecordList*)), this, SLOT(onLoaded(QString,RecordList*)));
+    connect(queue, SIGNAL(loaded(QString,SeriesStore*)), this, SLOT(onLoaded(QString,SeriesStore*)));
     connect(queue, SIGNAL(finished(QStringList,int)), this, SLOT(onFinished(QStringList,int)));
 }
 
@@ -125,10 +127,10 @@ QStringList Documents::openFrom(QFileDialog &dialog)
     return files;
 }
 
-void Documents::onLoaded(const QString &fileName, RecordList *records)
+void Documents::onLoaded(const QString &fileName, SeriesStore *store)
 {
     auto *child = new MdiGraphChild(graphs, shell);
-    child->loadRecords(std::move(*records), fileName);
+    child->load(std::move(*store), fileName);
     recordings->attachFile(child, fileName);
     graphs->place(child);
 }
@@ -177,16 +179,19 @@ bool Documents::save(MdiGraphChild *child, const QString &fileName)
         tellFailure(fileName, tr("A recording is being written to this file."));
         return false;
     }
-    const SaveResult result = saveRecords(fileName, child->store().records());
-    if (!result.saved) {
-        tellFailure(fileName, result.reason);
-        return false;
+    RecordLines lines(child->store().records());
+    const WriteOutcome outcome = writer->write(fileName, lines);
+    if (outcome.cancelled) {
+        emit message(tr("Saving was cancelled."), messageTime);
+    } else if (!outcome.written) {
+        tellFailure(fileName, outcome.reason);
+    } else {
+        child->markSaved(fileName, lines.recordCount());
+        emit message(tr("Data saved on disk."), 1000);
+        if (lines.unreadable() > 0)
+            tellUnreadable(lines.unreadable(), child, fileName);
     }
-    child->markSaved(fileName);
-    emit message(tr("Data saved on disk."), 1000);
-    if (result.unreadable > 0)
-        tellUnreadable(result.unreadable, child, fileName);
-    return true;
+    return outcome.written;
 }
 
 void Documents::tellFailure(const QString &fileName, const QString &reason)

@@ -5,13 +5,14 @@
 
 class DisplayWindows;
 class FileQueue;
+class FileWriter;
 class GraphWindows;
 class MdiGraphChild;
+class ProgressStrip;
 class QFileDialog;
-class QStatusBar;
 class QWidget;
-class RecordList;
 class Recordings;
+class SeriesStore;
 
 /// Opens data files in graph windows of their own, and saves graph windows as data files.
 class Documents : public QObject {
@@ -20,8 +21,8 @@ class Documents : public QObject {
 public:
     /// `shell` is the parent of dialogs and has the slots renumerateWindows() and showMessageStatusBar(QString,int).
     /// All outlive this.
-    Documents(QWidget *shell, QStatusBar *bar, GraphWindows *graphs, DisplayWindows *displays,
-        Recordings *recordings);
+    Documents(QWidget *shell, ProgressStrip *strip, FileWriter *writer, GraphWindows *graphs,
+        DisplayWindows *displays, Recordings *recordings);
 
     /// Asks for files and opens them. The displays, always on top, are out of the way meanwhile.
     void openDialog();
@@ -36,14 +37,14 @@ public:
     void saveDialog(MdiGraphChild *child);
     /// Asks for a name to save records as; empty when none was given.
     QString askSaveName();
-    /// False when it failed, which is told.
+    /// Returns when all is on the disk. False when it failed or was cancelled, which is told.
     bool save(MdiGraphChild *child, const QString &fileName);
 
 signals:
     void message(const QString &text, int timeout);
 
 private slots:
-    void onLoaded(const QString &fileName, RecordList *records);
+    void onLoaded(const QString &fileName, SeriesStore *store);
     void onFinished(const QStringList &failures, int total);
 
 private:
@@ -54,6 +55,7 @@ private:
     void tellUnreadable(int count, const MdiGraphChild *child, const QString &fileName);
 
     QWidget *shell;
+    FileWriter *writer;
     GraphWindows *graphs;
     DisplayWindows *displays;
     Recordings *recordings;

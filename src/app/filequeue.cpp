@@ -1,40 +1,28 @@
 #include "app/filequeue.h"
 
-#include "app/inputgate.h"
+#include "app/progressstrip.h"
 #include "files/datafileloader.h"
+#include "graph/seriesstore.h"
 
 #include <QDir>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QStatusBar>
+#include <QElapsedTimer>
 #include <QTimer>
 
 namespace {
 
 constexpr int sliceTime = 20; // ms; the event loop runs between slices
-constexpr int quietTime = 500; // ms before progress is shown
-constexpr int progressSteps = 1000;
+constexpr int recordsBetweenLooks = 2048; // at the clock
+constexpr double readingPart = 0.7; // of the time that a file takes
 
 } // namespace
 
-FileQueue::FileQueue(QStatusBar *bar, QObject *parent)
+FileQueue::FileQueue(ProgressStrip *strip, QObject *parent)
     : QObject(parent)
+    , m_strip(strip)
     , m_slices(new QTimer(this))
-    , m_patience(new QTimer(this))
-    , m_progress(new QProgressBar(bar))
-    , m_cancel(new QPushButton(tr("Cancel"), bar))
 {
-    m_progress->setRange(0, progressSteps);
-    m_progress->setMaximumWidth(220);
-    m_cancel->setObjectName(QStringLiteral("cancelLoading"));
-    for (QWidget *widget : {static_cast<QWidget *>(m_cancel), static_cast<QWidget *>(m_progress)}) {
-        bar->insertPermanentWidget(0, widget);
-        widget->hide();
-    }
-    m_patience->setSingleShot(true);
     connect(m_slices, SIGNAL(timeout()), this, SLOT(readOn()));
-    connect(m_patience, SIGNAL(timeout()), this, SLOT(showProgress()));
-    connect(m_cancel, SIGNAL(clicked()), this, SLOT(cancel()));
+    connect(m_strip, SIGNAL(cancelled()), this, SLOT(cancel()));
 }
 
 FileQueue::~FileQueue() = default;
@@ -47,9 +35,7 @@ void FileQueue::add(const QStringList &files)
     m_total += files.size();
     if (m_slices->isActive())
         return;
-    m_gate = std::make_unique<InputGate>(m_cancel);
-    connect(m_gate.get(), SIGNAL(escaped()), this, SLOT(cancel()));
-    m_patience->start(quietTime);
+    m_strip->begin();
     m_slices->start(0);
 }
 
@@ -58,6 +44,7 @@ void FileQueue::cancel()
     if (!m_slices->isActive())
         return;
     m_loader.reset();
+    m_store.reset();
     m_waiting.clear();
     emit message(tr("Opening was cancelled."), 5000);
     finish();
@@ -72,40 +59,51 @@ void FileQueue::readOn()
         }
         m_loader = std::make_unique<DataFileLoader>(m_waiting.dequeue());
     }
-    if (!m_loader->readSome(sliceTime))
+    if (m_store ? !deriveSome() : !readSome())
         takeResult();
-    else
-        m_progress->setValue(int(m_loader->progress() * progressSteps));
+}
+
+/// True while the file is not ready.
+bool FileQueue::readSome()
+{
+    const bool more = m_loader->readSome(sliceTime);
+    m_strip->setProgress(m_loader->progress() * readingPart);
+    if (more || m_loader->status() != DataFileLoader::Status::Loaded)
+        return more;
+    m_store = std::make_unique<SeriesStore>();
+    m_store->beginLoad(m_loader->takeRecords());
+    return deriveSome();
+}
+
+/// True while the file is not ready.
+bool FileQueue::deriveSome()
+{
+    QElapsedTimer slice;
+    slice.start();
+    bool more = true;
+    while (more && !slice.hasExpired(sliceTime))
+        more = m_store->loadSome(recordsBetweenLooks);
+    m_strip->setProgress(readingPart + m_store->loadProgress() * (1.0 - readingPart));
+    return more;
 }
 
 void FileQueue::takeResult()
 {
     const std::unique_ptr<DataFileLoader> loader = std::move(m_loader);
+    const std::unique_ptr<SeriesStore> store = std::move(m_store);
     const QString name = loader->fileName();
-    const bool good = loader->status() == DataFileLoader::Status::Loaded;
-    if (!good)
+    if (!store)
         m_failures.append(QDir::toNativeSeparators(name) + QStringLiteral(": ") + loader->reason());
     // Told first: a window that takes the records may have more to say.
     emit message(loader->statusText(), loader->statusTimeout());
-    if (!good)
-        return;
-    RecordList records = loader->takeRecords();
-    emit loaded(name, &records);
-}
-
-void FileQueue::showProgress()
-{
-    m_progress->show();
-    m_cancel->show();
+    if (store)
+        emit loaded(name, store.get());
 }
 
 void FileQueue::finish()
 {
     m_slices->stop();
-    m_patience->stop();
-    m_progress->hide();
-    m_cancel->hide();
-    m_gate.reset();
+    m_strip->end();
     const QStringList failures = m_failures;
     const int total = m_total;
     m_failures.clear();

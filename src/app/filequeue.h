@@ -6,24 +6,21 @@
 #include <memory>
 
 class DataFileLoader;
-class InputGate;
-class QProgressBar;
-class QPushButton;
-class QStatusBar;
+class ProgressStrip;
 class QTimer;
-class RecordList;
+class SeriesStore;
 
 /// Reads data files one after the other in slices of the event loop, so that ports are read and windows drawn
-/// meanwhile. What takes longer shows its progress and a Cancel button in the status bar.
+/// meanwhile. Input is held back until all are read, but for cancelling.
 class FileQueue : public QObject {
     Q_OBJECT
 
 public:
-    /// `bar` outlives this.
-    FileQueue(QStatusBar *bar, QObject *parent);
+    /// `strip` outlives this.
+    FileQueue(ProgressStrip *strip, QObject *parent);
     ~FileQueue() override;
 
-    /// Reads `files` after those that wait; input is held back until all are read.
+    /// Reads `files` after those that wait.
     void add(const QStringList &files);
     bool isBusy() const { return m_loader != nullptr || !m_waiting.isEmpty(); }
 
@@ -33,7 +30,7 @@ public slots:
 
 signals:
     /// A file was read, be it with no record. The receiver may take the records away.
-    void loaded(const QString &fileName, RecordList *records);
+    void loaded(const QString &fileName, SeriesStore *store);
     /// What to tell in the status bar of a file that was read or refused.
     void message(const QString &text, int timeout);
     /// Nothing is left to read. `failures`: a line with name and reason for each that failed; `total` files were read.
@@ -41,19 +38,18 @@ signals:
 
 private slots:
     void readOn();
-    void showProgress();
 
 private:
+    bool readSome();
+    bool deriveSome();
     void takeResult();
     void finish();
 
     QQueue<QString> m_waiting;
-    std::unique_ptr<DataFileLoader> m_loader;
-    std::unique_ptr<InputGate> m_gate;
+    std::unique_ptr<DataFileLoader> m_loader; ///< of the file that is read
+    std::unique_ptr<SeriesStore> m_store; ///< of its records, once all are read
+    ProgressStrip *m_strip;
     QTimer *m_slices;
-    QTimer *m_patience; ///< until progress is shown
-    QProgressBar *m_progress;
-    QPushButton *m_cancel;
     QStringList m_failures;
     int m_total = 0;
 };

@@ -1,14 +1,16 @@
 #include "app/graphexports.h"
 
+#include "app/exportdialog.h"
+#include "app/filewriter.h"
 #include "app/graphfile.h"
 #include "app/recordings.h"
 #include "app/warningbox.h"
 #include "graph/csvexport.h"
+#include "files/filepieces.h"
 #include "graph/mdigraphchild.h"
 #include "settings/varnelsettings.h"
 
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QPointer>
 
@@ -39,17 +41,12 @@ QString suggestedName(const QString &dataFile, const MdiGraphChild *child)
     return !name.isEmpty() || child->fileName().isEmpty() ? name : child->fileName();
 }
 
-/// The ending that a name filter such as "Picture (*.png)" stands for.
-QString suffixOf(const QString &filter)
-{
-    return filter.section(QStringLiteral("*."), 1, 1).section(QLatin1Char(')'), 0, 0);
-}
-
 } // namespace
 
-GraphExports::GraphExports(QWidget *shell, Recordings *recordings)
+GraphExports::GraphExports(QWidget *shell, FileWriter *writer, Recordings *recordings)
     : QObject(shell)
     , m_shell(shell)
+    , m_writer(writer)
     , m_recordings(recordings)
 {
     connect(this, SIGNAL(message(QString,int)), m_shell, SLOT(showMessageStatusBar(QString,int)));
@@ -58,8 +55,7 @@ GraphExports::GraphExports(QWidget *shell, Recordings *recordings)
 void GraphExports::csvDialog(MdiGraphChild *child)
 {
     const QPointer<MdiGraphChild> guard(child); // its window may be closed while the dialog is open
-    QFileDialog dialog(m_shell, tr("Export as CSV"), QString(), tr("Comma-separated values (*.csv)"));
-    const QString name = ask(dialog, child);
+    const QString name = ask(tr("Export as CSV"), {tr("Comma-separated values (*.csv)")}, child);
     if (!name.isEmpty() && guard)
         writeTable(guard, name);
 }
@@ -67,17 +63,16 @@ void GraphExports::csvDialog(MdiGraphChild *child)
 void GraphExports::pictureDialog(MdiGraphChild *child)
 {
     const QPointer<MdiGraphChild> guard(child);
-    QFileDialog dialog(m_shell, tr("Save picture"));
-    dialog.setNameFilters({tr("Picture (*.png)"), tr("Drawing (*.svg)"), tr("Document (*.pdf)")});
-    const QString name = ask(dialog, child);
+    const QString name = ask(tr("Save picture"),
+        {tr("Picture (*.png)"), tr("Drawing (*.svg)"), tr("Document (*.pdf)")}, child);
     if (!name.isEmpty() && guard)
         writePicture(guard, name);
 }
 
 void GraphExports::writeTable(const MdiGraphChild *child, const QString &fileName)
 {
-    const SeriesStore &store = child->store();
-    write(fileName, [&store](QIODevice &device) { return writeCsv(store, &device); });
+    CsvRows rows(child->store());
+    write(fileName, rows);
 }
 
 void GraphExports::writePicture(const MdiGraphChild *child, const QString &fileName)
@@ -88,20 +83,15 @@ void GraphExports::writePicture(const MdiGraphChild *child, const QString &fileN
         return;
     }
     const GraphPicture picture = child->picture(child->size());
-    write(fileName, [&picture, format](QIODevice &device) { return writeGraph(picture, format, &device); });
+    OnePiece piece([&](QIODevice &device) { return writeGraph(picture, format, &device); });
+    write(fileName, piece);
 }
 
-// A name without an ending gets that of the chosen format.
-QString GraphExports::ask(QFileDialog &dialog, const MdiGraphChild *child)
+QString GraphExports::ask(const QString &title, const QStringList &filters, const MdiGraphChild *child)
 {
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    ExportDialog dialog(m_shell, title, filters);
     dialog.setDirectory(startFolder());
-    dialog.selectFile(suggestedName(m_recordings->fileOf(child), child));
-    dialog.setDefaultSuffix(suffixOf(dialog.selectedNameFilter()));
-    connect(&dialog, &QFileDialog::filterSelected, &dialog,
-        [&dialog](const QString &filter) { dialog.setDefaultSuffix(suffixOf(filter)); });
+    dialog.suggest(suggestedName(m_recordings->fileOf(child), child));
     if (dialog.exec() != QDialog::Accepted)
         return QString();
     const QString name = dialog.selectedFiles().value(0);
@@ -109,14 +99,16 @@ QString GraphExports::ask(QFileDialog &dialog, const MdiGraphChild *child)
     return name;
 }
 
-void GraphExports::write(const QString &fileName, const FileContent &content)
+void GraphExports::write(const QString &fileName, FilePieces &pieces)
 {
     if (m_recordings->isBeingRecorded(fileName)) {
         tellFailure(fileName, tr("A recording is being written to this file."));
         return;
     }
-    const WriteOutcome outcome = writeWholeFile(fileName, content);
-    if (outcome.written)
+    const WriteOutcome outcome = m_writer->write(fileName, pieces);
+    if (outcome.cancelled)
+        emit message(tr("The export was cancelled."), messageTime);
+    else if (outcome.written)
         emit message(tr("%1 written.").arg(QDir::toNativeSeparators(fileName)), messageTime);
     else
         tellFailure(fileName, outcome.reason);

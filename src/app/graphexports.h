@@ -1,11 +1,10 @@
 #pragma once
 
-#include "files/wholefile.h"
-
 #include <QObject>
 
+class FileWriter;
 class MdiGraphChild;
-class QFileDialog;
+class FilePieces;
 class QWidget;
 class Recordings;
 
@@ -15,7 +14,7 @@ class GraphExports : public QObject {
 
 public:
     /// `shell` is the parent of dialogs and has the slot showMessageStatusBar(QString,int). All outlive this.
-    GraphExports(QWidget *shell, Recordings *recordings);
+    GraphExports(QWidget *shell, FileWriter *writer, Recordings *recordings);
 
     /// Asks for a name and writes the records and derived series of `child`.
     void csvDialog(MdiGraphChild *child);
@@ -28,10 +27,11 @@ signals:
     void message(const QString &text, int timeout);
 
 private:
-    QString ask(QFileDialog &dialog, const MdiGraphChild *child);
-    void write(const QString &fileName, const FileContent &content);
+    QString ask(const QString &title, const QStringList &filters, const MdiGraphChild *child);
+    void write(const QString &fileName, FilePieces &pieces);
     void tellFailure(const QString &fileName, const QString &reason);
 
     QWidget *m_shell;
+    FileWriter *m_writer;
     Recordings *m_recordings;
 };

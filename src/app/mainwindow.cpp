@@ -10,11 +10,13 @@
 #include "app/endnotice.h"
 #include "app/figures.h"
 #include "app/filedrops.h"
+#include "app/filewriter.h"
 #include "app/graphprinting.h"
 #include "app/graphwindows.h"
 #include "app/journalnotice.h"
 #include "app/listenedports.h"
 #include "app/packsource.h"
+#include "app/progressstrip.h"
 #include "app/recordings.h"
 #include "app/remotecontrols.h"
 #include "app/shellmenus.h"
@@ -98,10 +100,12 @@ void MainWindow::createParts()
     staleWatch = new StaleWatch(graphs, displays, facts, this);
     packs = std::make_unique<PackSource>(graphs, staleWatch);
     displays->setVoltageSource(packs.get());
-    documents = new Documents(this, statusBar(), graphs, displays, recordings);
+    auto *strip = new ProgressStrip(statusBar());
+    writer = new FileWriter(strip, &recordings->syncer(), this);
+    documents = new Documents(this, strip, writer, graphs, displays, recordings);
     unsaved = new UnsavedWindows(this, graphs, documents, recordings);
     graphs->setCloseGuard(unsaved);
-    tools = new ToolsCommands(this, graphs, documents, recordings);
+    tools = new ToolsCommands(this, graphs, documents, writer, recordings);
     targets = std::make_unique<ShellTargets>(ports, graphs);
     commands = new DeviceCommands(targets.get(), this);
     sounds = new SoundPlayer(this);
@@ -201,6 +205,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
     }
     writeSettings();
     documents->cancelOpening();
+    writer->cancel();
     graphs->setEnding();
     mdiArea->closeAllSubWindows();
     ports->closeAll();

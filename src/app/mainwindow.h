@@ -18,6 +18,7 @@ class DeviceTargets;
 class DisplayWindows;
 class EndNotice;
 class Figures;
+class FileWriter;
 class GraphWindows;
 class ListenedPorts;
 class MdiGraphChild;
@@ -156,6 +157,7 @@ private:
     PortWatcher *watcher;
     StaleWatch *staleWatch;
     std::unique_ptr<PackSource> packs;
+    FileWriter *writer;
     Documents *documents;
     UnsavedWindows *unsaved;
     ToolsCommands *tools;

@@ -22,6 +22,11 @@ const JournalFolder &Recordings::folder() const
     return m_keeper->folder();
 }
 
+DiskSyncer &Recordings::syncer() const
+{
+    return m_keeper->syncer();
+}
+
 std::unique_ptr<RecordingLog> Recordings::begin(const QString &portName)
 {
     m_begun.clear();

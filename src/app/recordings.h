@@ -6,6 +6,7 @@
 
 #include <memory>
 
+class DiskSyncer;
 class JournalFolder;
 class JournalKeeper;
 class MdiGraphChild;
@@ -22,6 +23,8 @@ public:
 
     const JournalKeeper *keeper() const { return m_keeper; }
     const JournalFolder &folder() const;
+    /// Brings files to the disk, journals or others.
+    DiskSyncer &syncer() const;
 
     /// A journal for a recording that starts now on `portName`; null while the settings have it switched off.
     std::unique_ptr<RecordingLog> begin(const QString &portName);

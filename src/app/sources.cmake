@@ -8,9 +8,11 @@ target_sources(varnel_gui PRIVATE
     app/dialogsontop.cpp app/dialogsontop.h
     app/displaywindows.cpp app/displaywindows.h
     app/documents.cpp app/documents.h
+    app/exportdialog.cpp app/exportdialog.h
     app/figures.cpp app/figures.h
     app/filedrops.cpp app/filedrops.h
     app/filequeue.cpp app/filequeue.h
+    app/filewriter.cpp app/filewriter.h
     app/graphexports.cpp app/graphexports.h
     app/graphfile.cpp app/graphfile.h
     app/graphprinting.cpp app/graphprinting.h
@@ -22,6 +24,7 @@ target_sources(varnel_gui PRIVATE
     app/packsource.cpp app/packsource.h
     app/portquestions.cpp app/portquestions.h
     app/portretries.cpp app/portretries.h
+    app/progressstrip.cpp app/progressstrip.h
     app/recordings.cpp app/recordings.h
     app/shellmenus.cpp app/shellmenus.h
     app/shellreaderhost.cpp app/shellreaderhost.h

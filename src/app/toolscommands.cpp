@@ -23,12 +23,12 @@ void offer(QAction *action, bool possible, const QString &tip, const QString &re
 } // namespace
 
 ToolsCommands::ToolsCommands(
-    QWidget *shell, GraphWindows *graphs, Documents *documents, Recordings *recordings)
+    QWidget *shell, GraphWindows *graphs, Documents *documents, FileWriter *writer, Recordings *recordings)
     : QObject(shell)
     , m_graphs(graphs)
     , m_documents(documents)
     , m_recordings(recordings)
-    , m_exports(new GraphExports(shell, recordings))
+    , m_exports(new GraphExports(shell, writer, recordings))
     , m_openRecordings(
           addCommand("openRecordingsAction", tr("Open recordings..."), "open.png", SLOT(openRecordings())))
           , m_reopen(addCommand(

@@ -3,6 +3,7 @@
 #include <QObject>
 
 class Documents;
+class FileWriter;
 class GraphExports;
 class GraphWindows;
 class QAction;
@@ -16,7 +17,8 @@ class ToolsCommands : public QObject {
 
 public:
     /// `shell` is as GraphExports asks. All outlive this.
-    ToolsCommands(QWidget *shell, GraphWindows *graphs, Documents *documents, Recordings *recordings);
+    ToolsCommands(QWidget *shell, GraphWindows *graphs, Documents *documents, FileWriter *writer,
+        Recordings *recordings);
 
     /// Appends the commands to `menu`.
     void fill(QMenu *menu) const;

@@ -16,6 +16,7 @@
 namespace {
 
 constexpr int messageTime = 10000; // ms; a file's name takes longer to read than most
+constexpr int mostTries = 3; // to save all of a recording that goes on
 constexpr int leastRecords = 2; // a file of fewer holds no data; a journal of fewer goes with its recording
 
 QString nameOf(const MdiGraphChild *child)
@@ -96,10 +97,19 @@ bool UnsavedWindows::settle(const QList<MdiGraphChild *> &children)
             return false;
     }
     for (const Pending &one : qAsConst(all)) {
-        if (!one.child || (!one.fileName.isEmpty() && !m_documents->save(one.child, one.fileName)))
+        if (!one.child || (!one.fileName.isEmpty() && !save(one)))
             return false;
     }
     return true;
+}
+
+// Lines go on arriving while a long file is written, too.
+bool UnsavedWindows::save(const Pending &one)
+{
+    bool saved = m_documents->save(one.child, one.fileName);
+    for (int tries = 1; saved && tries < mostTries && one.child && isInDanger(one.child); ++tries)
+        saved = m_documents->save(one.child, one.fileName);
+    return saved;
 }
 
 // The first of two recordings under one name would be lost, and not asked about: its file is not there yet.

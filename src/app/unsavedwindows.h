@@ -31,6 +31,7 @@ private:
     struct Pending;
 
     bool isInDanger(const MdiGraphChild *child) const;
+    bool save(const Pending &one);
     bool settle(const QList<MdiGraphChild *> &children);
     bool askName(Pending *one, const QVector<Pending> &all);
     Answer ask(const MdiGraphChild *child);

@@ -191,7 +191,8 @@ void DataFileLoader::finish(Status status)
 {
     m_status = status;
     if (status == Status::Loaded) {
-        qDebug("Wczytal %d linii z pliku %s", m_records.size(), qUtf8Printable(m_fileName));
+        m_recordCount = m_records.size();
+        qDebug("Wczytal %d linii z pliku %s", m_recordCount, qUtf8Printable(m_fileName));
         return;
     }
     if (status != Status::CanNotOpen)
@@ -220,7 +221,7 @@ QString DataFileLoader::statusText() const
     case Status::Loaded:
         break;
     }
-    return m_records.size() > 1 ? tr("Data loaded from disk.") : tr("No data in file.");
+    return m_recordCount > 1 ? tr("Data loaded from disk.") : tr("No data in file.");
 }
 
 int DataFileLoader::statusTimeout() const

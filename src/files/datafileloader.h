@@ -44,7 +44,8 @@ public:
     /// Line of the file that was wrong, from 1; 0 when none was.
     int errorLine() const { return m_errorLine; }
 
-    int recordCount() const { return m_records.size(); }
+    /// Of a loaded file, taken or not.
+    int recordCount() const { return m_recordCount; }
     /// The records of a loaded file, with the balanced charge of their cells; empty after any error.
     RecordList takeRecords();
 
@@ -70,5 +71,6 @@ private:
     QString m_systemError;
     int m_lineLength = 0; // of the newest record
     RecordList m_records;
+    int m_recordCount = 0; // once all are read
     BalanceIntegrator m_balance;
 };

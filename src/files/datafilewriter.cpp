@@ -1,7 +1,6 @@
 #include "files/datafilewriter.h"
 
 #include "files/filesync.h"
-#include "files/wholefile.h"
 
 #include "data/recordline.h"
 #include "data/recordlist.h"
@@ -9,44 +8,40 @@
 #include <QIODevice>
 
 #include <cstring>
-#include <memory>
 
 namespace {
 
 constexpr int bufferSize = 256 * 1024;
 
-int countUnreadable(const RecordList &records)
-{
-    int count = 0;
-    for (int i = 0; i < records.size(); ++i)
-        count += !isRecordLineReadable(records[i]);
-    return count;
-}
-
 } // namespace
 
-bool writeRecords(QIODevice &device, const RecordList &records)
+RecordLines::RecordLines(const RecordList &records)
+    : m_records(records)
+    , m_count(records.size())
+    , m_buffer(new char[bufferSize])
 {
-    const std::unique_ptr<char[]> buffer(new char[bufferSize]);
-    char *out = buffer.get();
-    const auto drain = [&] {
-        const qint64 length = out - buffer.get();
-        out = buffer.get();
-        return length == 0 || device.write(buffer.get(), length) == length;
-    };
-    for (int i = 0; i < records.size(); ++i) {
-        if (out - buffer.get() > bufferSize - maxRecordLineLength && !drain())
-            return false;
-        out = writeRecordLine(out, records[i]);
+    if (m_count > 0)
+        m_last = records.last();
+}
+
+RecordLines::~RecordLines() = default;
+
+bool RecordLines::writeNext(QIODevice &device)
+{
+    char *const begin = m_buffer.get();
+    char *out = begin;
+    for (; !atEnd() && out - begin <= bufferSize - maxRecordLineLength; ++m_next) {
+        const Varnel3Data &record = m_next == m_count - 1 ? m_last : m_records[m_next];
+        m_unreadable += !isRecordLineReadable(record);
+        out = writeRecordLine(out, record);
         std::memcpy(out, lineEnd, size_t(lineEndLength));
         out += lineEndLength;
     }
-    return drain();
+    const qint64 length = out - begin;
+    return device.write(begin, length) == length;
 }
 
-SaveResult saveRecords(const QString &fileName, const RecordList &records)
+double RecordLines::progress() const
 {
-    const WriteOutcome outcome
-        = writeWholeFile(fileName, [&](QIODevice &device) { return writeRecords(device, records); });
-    return {outcome.written, outcome.written ? countUnreadable(records) : 0, outcome.reason};
+    return m_count > 0 ? double(m_next) / m_count : 1.0;
 }

@@ -1,20 +1,35 @@
 #pragma once
 
-#include <QString>
+#include "files/filepieces.h"
 
-class QIODevice;
+#include "data/varnel3data.h"
+
+#include <memory>
+
 class RecordList;
 
-/// What became of a save. When it failed, the file is as it was.
-struct SaveResult {
-    bool saved = false;
-    int unreadable = 0; ///< records whose lines the reader will refuse: no mode letter, no known chemistry
-    QString reason; ///< the system's words when it failed
+/// What a data file is to hold: each record as one line.
+class RecordLines : public FilePieces {
+public:
+    /// `records` outlives this. It may grow meanwhile; what it holds now is written.
+    explicit RecordLines(const RecordList &records);
+    ~RecordLines() override;
+    RecordLines(const RecordLines &) = delete;
+    RecordLines &operator=(const RecordLines &) = delete;
+
+    bool writeNext(QIODevice &device) override;
+    bool atEnd() const override { return m_next == m_count; }
+    double progress() const override;
+
+    int recordCount() const { return m_count; }
+    /// Records written so far whose lines the reader will refuse: no mode letter, no known chemistry.
+    int unreadable() const { return m_unreadable; }
+
+private:
+    const RecordList &m_records;
+    const int m_count;
+    Varnel3Data m_last; // of those; a record that follows may put its mark into it
+    int m_next = 0;
+    int m_unreadable = 0;
+    std::unique_ptr<char[]> m_buffer;
 };
-
-/// Writes every record as one line to `device`, which is open. False when it did not take all of it.
-bool writeRecords(QIODevice &device, const RecordList &records);
-
-/// Saves the records as `fileName`. A regular file is replaced as a whole once all is on the disk, its mode kept and
-/// links to it followed; anything else (a device, a pipe) is written in place.
-SaveResult saveRecords(const QString &fileName, const RecordList &records);

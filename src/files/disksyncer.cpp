@@ -38,6 +38,21 @@ void DiskSyncer::finish(int descriptor)
     entry.finishing = true;
 }
 
+std::future<bool> DiskSyncer::finishNow(int descriptor)
+{
+    std::future<bool> outcome;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        Entry &entry = entryFor(descriptor);
+        entry.dirty = true;
+        entry.finishing = true;
+        outcome = entry.finished.get_future();
+        m_urgent = true;
+    }
+    m_wake.notify_one();
+    return outcome;
+}
+
 bool DiskSyncer::isFailing(int descriptor) const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
@@ -52,7 +67,7 @@ DiskSyncer::Entry &DiskSyncer::entryFor(int descriptor)
         [descriptor](const Entry &entry) { return entry.descriptor == descriptor; });
     if (known != m_entries.end())
         return *known;
-    m_entries.push_back({descriptor, false, false, false});
+    m_entries.push_back({descriptor, false, false, false, {}});
     if (!m_thread.joinable())
         m_thread = std::thread([this] { run(); });
     return m_entries.back();
@@ -62,7 +77,8 @@ void DiskSyncer::run()
 {
     std::unique_lock<std::mutex> lock(m_mutex);
     while (!m_stopping) {
-        m_wake.wait_for(lock, period, [this] { return m_stopping; });
+        m_wake.wait_for(lock, period, [this] { return m_stopping || m_urgent; });
+        m_urgent = false;
         syncRound(lock);
     }
 }
@@ -72,20 +88,22 @@ void DiskSyncer::run()
 void DiskSyncer::syncRound(std::unique_lock<std::mutex> &lock)
 {
     for (size_t i = 0; i < m_entries.size();) {
-        const Entry entry = m_entries[i];
-        if (entry.dirty) {
+        const int descriptor = m_entries[i].descriptor;
+        const bool finishing = m_entries[i].finishing;
+        if (m_entries[i].dirty) {
             m_entries[i].dirty = false;
             lock.unlock();
-            const bool synced = syncToDisk(entry.descriptor);
+            const bool synced = syncToDisk(descriptor);
             lock.lock();
             m_entries[i].failing = !synced;
             m_entries[i].dirty |= !synced;
         }
-        if (!entry.finishing) {
+        if (!finishing) {
             ++i;
             continue;
         }
-        closeFile(entry.descriptor);
+        closeFile(descriptor);
+        m_entries[i].finished.set_value(!m_entries[i].failing);
         m_entries.erase(m_entries.begin() + std::ptrdiff_t(i));
     }
 }

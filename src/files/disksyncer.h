@@ -1,6 +1,7 @@
 #pragma once
 
 #include <condition_variable>
+#include <future>
 #include <mutex>
 #include <thread>
 #include <vector>
@@ -19,6 +20,8 @@ public:
     void mark(int descriptor);
     /// Syncs `descriptor` a last time and closes it; the caller must not use it any more.
     void finish(int descriptor);
+    /// The same at once; what comes of it says whether the disk took everything.
+    std::future<bool> finishNow(int descriptor);
     /// Whether the newest sync of `descriptor` has failed; it is then tried again within a second.
     bool isFailing(int descriptor) const;
 
@@ -28,6 +31,7 @@ private:
         bool dirty;
         bool finishing;
         bool failing;
+        std::promise<bool> finished;
     };
 
     Entry &entryFor(int descriptor);
@@ -37,6 +41,7 @@ private:
     mutable std::mutex m_mutex;
     std::condition_variable m_wake;
     std::vector<Entry> m_entries; // guarded by the mutex
+    bool m_urgent = false; // guarded by the mutex
     bool m_stopping = false; // guarded by the mutex
     std::thread m_thread; // started with the first file
 };

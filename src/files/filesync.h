@@ -24,5 +24,8 @@ void syncFolder(const QString &folder);
 /// Opens `folder` so that syncToDisk() makes a new name in it last. -1 where that is not needed or fails.
 int openFolder(const QString &folder);
 
+/// A second descriptor of the same open file. -1 when that fails.
+int duplicateDescriptor(int descriptor);
+
 /// Opens what is no regular file for writing, without waiting for a reader of a pipe. -1 when that fails.
 int openSpecialFile(const QString &fileName);

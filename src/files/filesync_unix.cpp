@@ -30,6 +30,11 @@ void syncFolder(const QString &folder)
     ::close(descriptor);
 }
 
+int duplicateDescriptor(int descriptor)
+{
+    return ::fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
+}
+
 int openSpecialFile(const QString &fileName)
 {
     const int flags = O_WRONLY | O_TRUNC | O_NOCTTY | O_CLOEXEC | O_NONBLOCK;

@@ -22,6 +22,11 @@ void syncFolder(const QString &)
     // Renames are journalled by the file system here.
 }
 
+int duplicateDescriptor(int descriptor)
+{
+    return _dup(descriptor);
+}
+
 int openSpecialFile(const QString &fileName)
 {
     const QString native = QDir::toNativeSeparators(fileName);

@@ -36,6 +36,8 @@ public:
     /// Whether `fileName`, a journal of this run, is there with all that its recording has received so far.
     bool holdsAll(const QString &fileName) const;
     const JournalFolder &folder() const { return m_folder; }
+    /// For other files that must not make the user wait for the disk.
+    DiskSyncer &syncer() { return m_syncer; }
     /// Removes journals of fewer than two records, and those last written more than `maxAgeDays` ago (below 1: none).
     void tidy(int maxAgeDays);
 

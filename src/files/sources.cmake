@@ -23,6 +23,7 @@ target_sources(varnel_core PRIVATE
     files/journalfolder.cpp files/journalfolder.h
     files/recordingjournal.cpp files/recordingjournal.h
     files/journalkeeper.cpp files/journalkeeper.h
+    files/filepieces.h
     files/wholefile.cpp files/wholefile.h
 )
 target_sources(varnel_gui PRIVATE

@@ -1,5 +1,6 @@
 #include "files/wholefile.h"
 
+#include "files/filepieces.h"
 #include "files/filesync.h"
 
 #include <QCoreApplication>
@@ -11,6 +12,9 @@ namespace {
 
 constexpr int mostLinks = 40; // then it is a circle
 
+// Unbuffered, so that a full disk answers the write that meets it.
+constexpr QIODevice::OpenMode openMode = QIODevice::WriteOnly | QIODevice::Unbuffered;
+
 QString finalTarget(const QString &fileName)
 {
     QFileInfo target(fileName);
@@ -19,40 +23,64 @@ QString finalTarget(const QString &fileName)
     return target.filePath();
 }
 
-WriteOutcome writeInPlace(const QString &fileName, const FileContent &content)
-{
-    QFile file;
-    const int descriptor = openSpecialFile(fileName);
-    if (descriptor < 0)
-        return {false, qt_error_string()};
-    if (!file.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered, QFile::AutoCloseHandle))
-        return {false, file.errorString()};
-    const bool written = content(file) && file.flush() && syncToDisk(descriptor);
-    return {written, written ? QString() : file.errorString()};
-}
-
-WriteOutcome replaceFile(const QString &fileName, const FileContent &content)
-{
-    QSaveFile file(fileName);
-    // Unbuffered, so that a full disk answers the write that meets it.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !content(file))
-        return {false, file.errorString()};
-    if (!file.flush() || !syncToDisk(file.handle()))
-        return {false, qt_error_string()};
-    if (!file.commit())
-        return {false, file.errorString()};
-    syncFolder(QFileInfo(fileName).path());
-    return {true, QString()};
-}
-
 } // namespace
 
-WriteOutcome writeWholeFile(const QString &fileName, const FileContent &content)
+WholeFile::WholeFile(const QString &fileName)
+    : m_target(finalTarget(fileName))
 {
-    const QString target = finalTarget(fileName);
-    const QFileInfo info(target);
-    if (info.isSymLink())
-        return {false, QCoreApplication::translate("WriteOutcome", "too many links")};
-    const bool special = info.exists() && !info.isFile();
-    return special ? writeInPlace(target, content) : replaceFile(target, content);
+}
+
+WholeFile::~WholeFile() = default;
+
+bool WholeFile::open()
+{
+    const QFileInfo info(m_target);
+    if (info.isSymLink()) {
+        m_reason = QCoreApplication::translate("WriteOutcome", "too many links");
+        return false;
+    }
+    if (!info.exists() || info.isFile()) {
+        auto replacement = std::make_unique<QSaveFile>(m_target);
+        m_replacement = replacement.get();
+        m_device = std::move(replacement);
+        return m_device->open(openMode);
+    }
+    auto special = std::make_unique<QFile>();
+    const int descriptor = openSpecialFile(m_target);
+    if (descriptor < 0) {
+        m_reason = qt_error_string();
+        return false;
+    }
+    const bool opened = special->open(descriptor, openMode, QFile::AutoCloseHandle);
+    m_device = std::move(special);
+    return opened;
+}
+
+bool WholeFile::commit()
+{
+    return m_replacement ? m_replacement->commit() : m_device->flush();
+}
+
+QString WholeFile::reason() const
+{
+    return m_reason.isEmpty() && m_device ? m_device->errorString() : m_reason;
+}
+
+QString WholeFile::folder() const
+{
+    return m_replacement ? QFileInfo(m_target).path() : QString();
+}
+
+WriteOutcome writeWholeFile(const QString &fileName, FilePieces &pieces)
+{
+    WholeFile file(fileName);
+    if (!file.open() || !pieces.writeAll(file.device()))
+        return {false, false, file.reason()};
+    if (!file.device().flush() || !syncToDisk(file.device().handle()))
+        return {false, false, qt_error_string()};
+    if (!file.commit())
+        return {false, false, file.reason()};
+    if (!file.folder().isEmpty())
+        syncFolder(file.folder());
+    return {true, false, QString()};
 }

@@ -2,19 +2,43 @@
 
 #include <QString>
 
-#include <functional>
+#include <memory>
 
-class QIODevice;
+class FilePieces;
+class QFileDevice;
+class QSaveFile;
 
-/// What became of writing a file. When it failed, the file is as it was.
+/// What became of writing a file. When it was not written, the file is as it was.
 struct WriteOutcome {
     bool written = false;
+    bool cancelled = false; ///< by the user
     QString reason; ///< the system's words when it failed
 };
 
-/// Writes a file's content to a device that is open; false when the device did not take all of it.
-using FileContent = std::function<bool(QIODevice &device)>;
+/// A file on its way to new content. A regular file is replaced as a whole by commit(), its mode kept and links to it
+/// followed; without that it stays as it was. Anything else (a device, a pipe) is written in place.
+class WholeFile {
+public:
+    explicit WholeFile(const QString &fileName);
+    ~WholeFile();
+    WholeFile(const WholeFile &) = delete;
+    WholeFile &operator=(const WholeFile &) = delete;
 
-/// Writes `content` as `fileName`. A regular file is replaced as a whole once all is on the disk, its mode kept and
-/// links to it followed; anything else (a device, a pipe) is written in place.
-WriteOutcome writeWholeFile(const QString &fileName, const FileContent &content);
+    /// False when it failed; reason() then tells why, as for commit().
+    bool open();
+    /// Where the new content goes. What was written is to be on the disk before commit().
+    QFileDevice &device() { return *m_device; }
+    bool commit();
+    QString reason() const;
+    /// The folder whose new entry is to be brought to the disk after commit(); empty where there is none.
+    QString folder() const;
+
+private:
+    QString m_target;
+    std::unique_ptr<QFileDevice> m_device;
+    QSaveFile *m_replacement = nullptr; // the device, where a file is replaced
+    QString m_reason;
+};
+
+/// Writes `pieces` as `fileName`, waiting for the disk.
+WriteOutcome writeWholeFile(const QString &fileName, FilePieces &pieces);

@@ -1,5 +1,7 @@
 #include "graph/csvexport.h"
 
+#include "graph/seriesstore.h"
+
 #include <QIODevice>
 
 #include <algorithm>
@@ -101,21 +103,14 @@ const SeriesColumn seriesColumns[] = {
 };
 
 constexpr double chargeUnitsPerMah = 360000.0; // per cent x mA x s in a mAh
-constexpr int chunkSize = 1 << 18;
+constexpr int pieceSize = 1 << 17; // bytes
+constexpr int recordsLookedAt = 1 << 14; // for their cells, in a piece
 
 /// Cells of which the device of `record` tells something.
 int cellsTold(const Varnel3Data &record)
 {
     const bool tells = record.device == Varnel3Data::Varnel3 || record.device == Varnel3Data::Tandor;
     return tells ? record.cellsPresent() : 0;
-}
-
-int widestCellCount(const RecordList &records)
-{
-    int most = 0;
-    for (int i = 0; i < records.size(); ++i)
-        most = std::max(most, cellsTold(records[i]));
-    return most;
 }
 
 void writeHeader(Row &row, int cells)
@@ -144,9 +139,8 @@ void writeCell(Row &row, const Varnel3Data &record, int cell)
     record.resistanceValid ? row.add(data.resistance) : row.addEmpty();
 }
 
-void writeRecord(Row &row, const SeriesStore &store, int index, int cells)
+void writeRecord(Row &row, const SeriesStore &store, int index, const Varnel3Data &record, int cells)
 {
-    const Varnel3Data &record = store.records()[index];
     row.add(index + 1);
     for (const Column &column : recordColumns)
         column.write(row, record);
@@ -170,18 +164,44 @@ void writeRecord(Row &row, const SeriesStore &store, int index, int cells)
 
 } // namespace
 
-bool writeCsv(const SeriesStore &store, QIODevice *device)
+CsvRows::CsvRows(const SeriesStore &store)
+    : m_store(store)
+    , m_count(store.size())
 {
-    const int cells = widestCellCount(store.records());
+    if (m_count > 0)
+        m_last = store.records().last();
+}
+
+bool CsvRows::writeNext(QIODevice &device)
+{
+    if (m_looked == m_count)
+        return writeRows(device);
+    lookForCells();
+    return true;
+}
+
+double CsvRows::progress() const
+{
+    return m_count > 0 ? double(qMax(0, m_next)) / m_count : 0.0;
+}
+
+void CsvRows::lookForCells()
+{
+    const int end = std::min(m_count, m_looked + recordsLookedAt);
+    for (; m_looked < end; ++m_looked)
+        m_cells = std::max(m_cells, cellsTold(m_store.records()[m_looked]));
+}
+
+bool CsvRows::writeRows(QIODevice &device)
+{
     Row row;
-    writeHeader(row, cells);
-    for (int i = 0; i < store.size(); ++i) {
-        writeRecord(row, store, i, cells);
-        if (row.bytes.size() < chunkSize)
-            continue;
-        if (device->write(row.bytes) != row.bytes.size())
-            return false;
-        row.bytes.clear();
+    if (m_next == notBegun) {
+        writeHeader(row, m_cells);
+        m_next = 0;
     }
-    return device->write(row.bytes) == row.bytes.size();
+    for (; m_next < m_count && row.bytes.size() < pieceSize; ++m_next) {
+        const Varnel3Data &record = m_next == m_count - 1 ? m_last : m_store.records()[m_next];
+        writeRecord(row, m_store, m_next, record, m_cells);
+    }
+    return device.write(row.bytes) == row.bytes.size();
 }

@@ -1,11 +1,33 @@
 #pragma once
 
-#include "graph/seriesstore.h"
+#include "files/filepieces.h"
 
-class QIODevice;
+#include "data/varnel3data.h"
 
-/// Writes a recording as comma-separated values for other programs: one header row with units, then one row a record,
-/// in UTF-8 with '\n' line ends and decimal points, whatever the locale. Columns are the record's own fields in the
-/// device's units, the cells of its widest record, and the derived series. A field that a
-/// record does not have is left empty. False when `device` takes no more; its error text says why.
-bool writeCsv(const SeriesStore &store, QIODevice *device);
+class SeriesStore;
+
+/// A recording as comma-separated values for other programs: one header row with units, then one row a record, in UTF-8
+/// with '\n' line ends and decimal points, whatever the locale. Columns are the record's own fields in the device's
+/// units, the cells of its widest record, and the derived series. A field that a record does not have is left empty.
+class CsvRows : public FilePieces {
+public:
+    /// `store` outlives this. It may grow meanwhile; what it holds now is written.
+    explicit CsvRows(const SeriesStore &store);
+
+    bool writeNext(QIODevice &device) override;
+    bool atEnd() const override { return m_next == m_count; }
+    double progress() const override;
+
+private:
+    static constexpr int notBegun = -1;
+
+    void lookForCells();
+    bool writeRows(QIODevice &device);
+
+    const SeriesStore &m_store;
+    const int m_count;
+    Varnel3Data m_last; // of those; a record that follows may put its mark into it
+    int m_looked = 0; // records whose cells were counted, so that the header knows the widest
+    int m_cells = 0; // of the widest record
+    int m_next = notBegun; // record to be written
+};

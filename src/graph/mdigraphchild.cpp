@@ -123,9 +123,9 @@ void MdiGraphChild::showNewestPlain()
     showRecordAt(m_store.size() - 1);
 }
 
-void MdiGraphChild::loadRecords(RecordList records, const QString &fileName)
+void MdiGraphChild::load(SeriesStore store, const QString &fileName)
 {
-    m_store.load(std::move(records));
+    m_store = std::move(store);
     m_interaction->dataArrived();
     m_unsavedData = false;
     if (!m_store.isEmpty())
@@ -139,15 +139,16 @@ void MdiGraphChild::loadRecords(RecordList records, const QString &fileName)
     update();
 }
 
-void MdiGraphChild::markSaved(const QString &fileName)
+void MdiGraphChild::markSaved(const QString &fileName, int records)
 {
     if (m_baseTitle.isEmpty()) {
         m_baseTitle = fileName;
         setTitle(m_baseTitle);
     }
+    const bool more = m_store.size() > records;
     if (m_unsavedData)
-        setTitle(m_baseTitle + QLatin1Char(' ') + m_fileName);
-    m_unsavedData = false;
+        setTitle(m_baseTitle + QLatin1Char(' ') + m_fileName + (more ? QStringLiteral("*") : QString()));
+    m_unsavedData = more;
     m_neverSaved = false;
 }
 

@@ -51,11 +51,11 @@ public:
     /// Shows the newest record in the figures, if this window is current and has one.
     void showNewest();
 
-    /// Takes over what was read from `fileName`. The device is the first record's, nothing is unsaved, and records
-    /// of more than one are shown in the figures.
-    void loadRecords(RecordList records, const QString &fileName);
-    /// All records now stand in `fileName`.
-    void markSaved(const QString &fileName);
+    /// Takes over what was read from `fileName`. Nothing is unsaved, and records of more than one are shown in the
+    /// figures.
+    void load(SeriesStore store, const QString &fileName);
+    /// The first `records` now stand in `fileName`.
+    void markSaved(const QString &fileName, int records);
     /// Tells that the device has been silent since `since`; an invalid time takes it back.
     void setSilentSince(const QDateTime &since);
     /// What the window shows, at any size. Valid as long as the window.

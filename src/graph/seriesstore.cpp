@@ -94,22 +94,21 @@ void SeriesStore::addLiveResistance()
     }
 }
 
-void SeriesStore::addLoadedResistance()
+void SeriesStore::addLoadedResistance(int index)
 {
     PlotSeries &points = m_series[Resistance];
-    const int count = size();
-    for (int i = 0; i < qMin(count, firstResistance()); ++i)
+    if (index < firstResistance()) {
         points.append(0.0);
-    if (count <= firstResistance())
-        return;
-    const int first = m_records[firstResistance()].internalResistance;
-    points.restartExtremes();
-    points.append(first);
-    points.fillFront(firstResistance(), first);
-    qint64 sum = qint64(first) * 4;
-    for (int i = firstResistance() + 1; i < count; ++i) {
-        sum = sum - sum / 4 + ResistanceFold::valueOf(m_records, i, count - 1);
-        points.append(double(sum / 4));
+    } else if (index == firstResistance()) {
+        const int first = m_records[index].internalResistance;
+        points.restartExtremes();
+        points.append(first);
+        points.fillFront(firstResistance(), first);
+        m_loadedResistanceSum = qint64(first) * 4;
+    } else {
+        m_loadedResistanceSum = m_loadedResistanceSum - m_loadedResistanceSum / 4
+            + ResistanceFold::valueOf(m_records, index, size() - 1);
+        points.append(double(m_loadedResistanceSum / 4));
     }
 }
 
@@ -168,23 +167,40 @@ void SeriesStore::findMark(int index)
 
 void SeriesStore::load(RecordList records)
 {
+    beginLoad(std::move(records));
+    loadSome(size());
+}
+
+void SeriesStore::beginLoad(RecordList records)
+{
     clear();
     m_records = std::move(records);
     if (m_records.isEmpty())
         return;
     begin(m_records.first());
-    const int count = size();
     for (int kind = 0; kind < (m_hasCells ? Cell1 + m_cellCount : int(CellMin)); ++kind)
-        m_series[kind].reserve(count);
-    for (int i = 0; i < count; ++i) {
+        m_series[kind].reserve(size());
+}
+
+bool SeriesStore::loadSome(int most)
+{
+    const int first = m_series[Time].size();
+    const int end = first + qMin(most, size() - first);
+    for (int i = first; i < end; ++i) {
         Varnel3Data &record = m_records[i];
         record.balancedMah = record.maxBalanceChargeMah();
         addBasePoints(record);
+        addLoadedResistance(i);
         addDv(i);
         addCellPoints(record);
         findMark(i);
     }
-    addLoadedResistance();
+    return end < size();
+}
+
+double SeriesStore::loadProgress() const
+{
+    return isEmpty() ? 1.0 : double(m_series[Time].size()) / size();
 }
 
 bool SeriesStore::applyResistanceLine(const QString &line)

@@ -59,6 +59,13 @@ public:
     void append(const Varnel3Data &record);
     /// Takes over the records of a file, of which the balanced charge is summed already, and derives all points.
     void load(RecordList records);
+    /// The same for a long file: takes over its records, of which loadSome() then derives the points. Until that is
+    /// done nothing else may be asked.
+    void beginLoad(RecordList records);
+    /// Derives the points of up to `most` records more. True while there are more.
+    bool loadSome(int most);
+    /// Part of the records that have points, 0 to 1.
+    double loadProgress() const;
     /// Applies a '!' line to the newest record; false without one and for a line that is none.
     bool applyResistanceLine(const QString &line);
     void clear();
@@ -71,7 +78,7 @@ private:
     void addBasePoints(const Varnel3Data &record);
     void addDv(int index);
     void addLiveResistance();
-    void addLoadedResistance();
+    void addLoadedResistance(int index);
     void addCellPoints(const Varnel3Data &record);
 
     RecordList m_records;
@@ -84,6 +91,7 @@ private:
     int m_syntheticTime = 0; // s
     qint64 m_temperatureSum = 0; // four times the running value
     double m_dvSum = 0.0; // twelve times the running value
+    qint64 m_loadedResistanceSum = 0; // four times the running value, of a file's records
     bool m_endMarked = false;
     int m_markedRecord = -1; // first one that carries an end mark
     bool m_timeMonotone = true;

@@ -4,20 +4,17 @@
 #include "graph/mdigraphchild.h"
 #include "settings/varnelsettings.h"
 #include "support/lines.h"
+#include "support/modaldialog.h"
 #include "support/ptypair.h"
 #include "support/shellfixture.h"
 
 #include <QAction>
-#include <QApplication>
-#include <QFileDialog>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTest>
-#include <QTimer>
 #include <QUrl>
 
 #include <functional>
@@ -43,8 +40,6 @@ private slots:
 
 private:
     QString writeFile(const QString &name, int records);
-    void whenDialogOpens(const std::function<void(QFileDialog *)> &act);
-    static void type(QFileDialog *dialog, const QString &path);
     void trigger(ActionId id) { window->actionSet()[id]->trigger(); }
     QWidget *progress() const { return window->findChild<QProgressBar *>(); }
     QMessageBox *box(const char *name) const { return window->findChild<QMessageBox *>(QLatin1String(name)); }
@@ -78,33 +73,13 @@ QString TestDocuments::writeFile(const QString &name, int records)
     return path;
 }
 
-void TestDocuments::whenDialogOpens(const std::function<void(QFileDialog *)> &act)
-{
-    auto *timer = new QTimer(window.get());
-    connect(timer, &QTimer::timeout, timer, [timer, act] {
-        if (auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget())) {
-            timer->deleteLater();
-            act(dialog);
-        }
-    });
-    timer->start(50);
-}
-
-/// Enters `path` as a user does; selecting it would wait for the dialog's own listing of the folder.
-void TestDocuments::type(QFileDialog *dialog, const QString &path)
-{
-    auto *edit = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-    edit->setText(path);
-    static_cast<QDialog *>(dialog)->accept();
-}
-
 void TestDocuments::openFromDialog()
 {
     const QString path = writeFile(QStringLiteral("one.acp"), 20);
-    whenDialogOpens([&path](QFileDialog *dialog) {
+    whenModal<QFileDialog>(window.get(), [&path](QFileDialog *dialog) {
         QVERIFY(dialog->testOption(QFileDialog::DontUseNativeDialog));
         QCOMPARE(dialog->windowTitle(), QStringLiteral("Chose varnel data file names"));
-        type(dialog, path);
+        enterName(dialog, path);
     });
     trigger(ActionId::Open);
     QTRY_COMPARE(window->mdiChildren().size(), 1);
@@ -123,7 +98,7 @@ void TestDocuments::cancelledDialog()
     trigger(ActionId::Data);
     const auto *display = window->findChild<DataDisplay *>();
     QVERIFY(display->isVisible());
-    whenDialogOpens([display](QFileDialog *dialog) {
+    whenModal<QFileDialog>(window.get(), [display](QFileDialog *dialog) {
         QVERIFY(!display->isVisible());
         dialog->reject();
     });
@@ -162,9 +137,9 @@ void TestDocuments::saveAndReopen()
     record.mode = Varnel3Data::Test; // the format has no letter for it
     child->addRecord(record);
     const QString path = fixture->path(QStringLiteral("saved.acp"));
-    whenDialogOpens([&path](QFileDialog *dialog) {
+    whenModal<QFileDialog>(window.get(), [&path](QFileDialog *dialog) {
         QCOMPARE(dialog->windowTitle(), QStringLiteral("Choose file name"));
-        type(dialog, path);
+        enterName(dialog, path);
     });
     trigger(ActionId::SaveAs);
     QVERIFY(!child->hasUnsavedData());
@@ -183,14 +158,11 @@ void TestDocuments::failedSaveKeepsMarks()
     record.parseLine(QString::fromLatin1(Lines::charger(1)).trimmed());
     child->addRecord(record);
     const QString title = child->windowTitle();
-    whenDialogOpens([](QFileDialog *dialog) {
+    whenModal<QFileDialog>(window.get(), [](QFileDialog *dialog) {
         // The device exists: overwriting it is asked about.
-        QTimer::singleShot(100, dialog, [] {
-            auto *question = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-            QVERIFY(question);
-            question->button(QMessageBox::Yes)->click();
-        });
-        type(dialog, QStringLiteral("/dev/full"));
+        whenModal<QMessageBox>(
+            dialog, [](QMessageBox *question) { question->button(QMessageBox::Yes)->click(); });
+        enterName(dialog, QStringLiteral("/dev/full"));
     });
     trigger(ActionId::SaveAs);
     QCOMPARE(window->statusBar()->currentMessage(), QStringLiteral("Can not save file /dev/full"));
@@ -216,7 +188,7 @@ void TestDocuments::interrupted_data()
     const auto row
         = [](const char *name, const std::function<void(MainWindow *)> &act) { QTest::newRow(name) << act; };
     row("cancel", [](MainWindow *shell) {
-        QTest::mouseClick(shell->findChild<QPushButton *>(QStringLiteral("cancelLoading")), Qt::LeftButton);
+        QTest::mouseClick(shell->findChild<QPushButton *>(QStringLiteral("cancelProgress")), Qt::LeftButton);
     });
     row("escape", [](MainWindow *shell) { QTest::keyClick(shell, Qt::Key_Escape); });
     row("close the program", [](MainWindow *shell) { shell->close(); });

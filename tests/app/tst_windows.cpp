@@ -136,7 +136,7 @@ void TestWindows::graphOnPaper()
     const PrintJob job = graphPrintJob(child);
     QVERIFY2(job.details.startsWith(QStringLiteral("1: Varnel 3, ")), qPrintable(job.details));
     child->setFileName(QStringLiteral("COM3"));
-    child->markSaved(QStringLiteral("/some/where/run.acp"));
+    child->markSaved(QStringLiteral("/some/where/run.acp"), child->store().size());
     const QString named = graphPrintJob(child).details;
     QVERIFY2(named.startsWith(QStringLiteral("1: Varnel 3 run.acp COM3, ")), qPrintable(named));
     const auto drawn = [&job] {

@@ -1,6 +1,9 @@
 #include "files/datafilewriter.h"
 
 #include "files/datafileloader.h"
+#include "files/wholefile.h"
+
+#include "data/recordlist.h"
 
 #include <QBuffer>
 #include <QDir>
@@ -46,6 +49,19 @@ bool writeFile(const QString &name, const QByteArray &bytes)
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 
+struct SaveResult {
+    bool saved;
+    int unreadable;
+    QString reason;
+};
+
+SaveResult save(const QString &name, const RecordList &records)
+{
+    RecordLines lines(records);
+    const WriteOutcome outcome = writeWholeFile(name, lines);
+    return {outcome.written, lines.unreadable(), outcome.reason};
+}
+
 RecordList loaded(const QString &name)
 {
     DataFileLoader loader(name);
@@ -77,10 +93,10 @@ void TestDataFileWriter::linesAndNothingElse()
 {
     QTemporaryDir folder;
     const QString name = folder.filePath(QStringLiteral("a.acp"));
-    QVERIFY(saveRecords(name, RecordList()).saved);
+    QVERIFY(save(name, RecordList()).saved);
     QCOMPARE(contents(name), QByteArray());
     const RecordList records = recording(2);
-    QVERIFY(saveRecords(name, records).saved);
+    QVERIFY(save(name, records).saved);
     QCOMPARE(contents(name),
         (records[0].toRecordLine() + QLatin1Char('\n') + records[1].toRecordLine() + QLatin1Char('\n'))
             .toLatin1());
@@ -91,8 +107,8 @@ void TestDataFileWriter::sameBytesAgain()
     QTemporaryDir folder;
     const QString first = folder.filePath(QStringLiteral("a.acp"));
     const QString second = folder.filePath(QStringLiteral("b.acp"));
-    QVERIFY(saveRecords(first, recording(5000)).saved); // more than one buffer
-    const SaveResult again = saveRecords(second, loaded(first));
+    QVERIFY(save(first, recording(5000)).saved); // more than one buffer
+    const SaveResult again = save(second, loaded(first));
     QVERIFY(again.saved);
     QCOMPARE(again.unreadable, 0);
     QCOMPARE(contents(second), contents(first));
@@ -123,7 +139,7 @@ void TestDataFileWriter::namedExceptions()
     records.last().mode = mode;
     records.last().cellType = cellType;
     records.last().ballansingCurrent = current;
-    const SaveResult result = saveRecords(name, records);
+    const SaveResult result = save(name, records);
     QVERIFY(result.saved);
     QTEST(result.unreadable, "unreadable");
     QCOMPARE(contents(name).count('\n'), 3);
@@ -146,7 +162,7 @@ void TestDataFileWriter::sameInEveryLocale()
         const RecordList columns = loaded(name);
         QCOMPARE(columns.size(), 2);
         records.append(columns.last());
-        QVERIFY(saveRecords(name, records).saved);
+        QVERIFY(save(name, records).saved);
         files += contents(name);
     }
     std::setlocale(LC_ALL, "C");
@@ -161,7 +177,7 @@ void TestDataFileWriter::replacesAndKeepsTheMode()
     const QString name = folder.filePath(QStringLiteral("a.acp"));
     QVERIFY(writeFile(name, QByteArray(100000, 'x')));
     QCOMPARE(::chmod(QFile::encodeName(name).constData(), 0640), 0);
-    QVERIFY(saveRecords(name, recording(1)).saved);
+    QVERIFY(save(name, recording(1)).saved);
     struct stat status { };
     QCOMPARE(::stat(QFile::encodeName(name).constData(), &status), 0);
     QCOMPARE(int(status.st_mode & 07777), 0640);
@@ -179,13 +195,13 @@ void TestDataFileWriter::followsLinks()
     QVERIFY(QFile::link(QStringLiteral("target.acp"), middle));
     QVERIFY(QFile::link(middle, link));
     for (const char *round : {"dangling", "existing"}) {
-        QVERIFY2(saveRecords(link, recording(2)).saved, round);
+        QVERIFY2(save(link, recording(2)).saved, round);
         QVERIFY(QFileInfo(link).isSymLink() && QFileInfo(middle).isSymLink());
         QVERIFY(!QFileInfo(target).isSymLink());
         QCOMPARE(contents(target).count('\n'), 2);
     }
     QVERIFY(QFile::link(folder.filePath(QStringLiteral("loop")), folder.filePath(QStringLiteral("loop"))));
-    QVERIFY(!saveRecords(folder.filePath(QStringLiteral("loop")), recording(2)).saved);
+    QVERIFY(!save(folder.filePath(QStringLiteral("loop")), recording(2)).saved);
 }
 
 // The limit on file sizes stands in for a disk that fills up in the middle.
@@ -200,7 +216,7 @@ void TestDataFileWriter::fullDiskKeepsTheOldFile()
     QCOMPARE(::getrlimit(RLIMIT_FSIZE, &before), 0);
     const rlimit small{500 * 1024, before.rlim_max};
     QCOMPARE(::setrlimit(RLIMIT_FSIZE, &small), 0);
-    const SaveResult result = saveRecords(name, records);
+    const SaveResult result = save(name, records);
     ::setrlimit(RLIMIT_FSIZE, &before);
     QVERIFY(!result.saved);
     QVERIFY(!result.reason.isEmpty());
@@ -233,7 +249,7 @@ void TestDataFileWriter::whatCanNotBeSaved()
     } else {
         QCOMPARE(::mkfifo(QFile::encodeName(name).constData(), 0600), 0); // nobody reads: must not wait
     }
-    const SaveResult result = saveRecords(name, recording(10));
+    const SaveResult result = save(name, recording(10));
     QVERIFY(!result.saved);
     QVERIFY(!result.reason.isEmpty());
     QCOMPARE(result.unreadable, 0);
@@ -246,7 +262,7 @@ void TestDataFileWriter::writesDevicesInPlace()
     QTemporaryDir folder;
     const QString link = folder.filePath(QStringLiteral("null"));
     QVERIFY(QFile::link(QStringLiteral("/dev/null"), link));
-    QVERIFY(saveRecords(link, recording(10)).saved);
+    QVERIFY(save(link, recording(10)).saved);
     QVERIFY(QFileInfo(link).isSymLink());
     struct stat status { };
     QCOMPARE(::stat("/dev/null", &status), 0);

@@ -30,7 +30,7 @@ QByteArray save(const RecordList &records)
 {
     QBuffer buffer;
     check(buffer.open(QIODevice::WriteOnly), "a buffer opens");
-    check(writeRecords(buffer, records), "a buffer takes all");
+    check(RecordLines(records).writeAll(buffer), "a buffer takes all");
     return buffer.data();
 }
 

@@ -1,4 +1,5 @@
 #include "graph/csvexport.h"
+#include "graph/seriesstore.h"
 
 #include <QBuffer>
 #include <QtTest>
@@ -16,7 +17,7 @@ QList<QByteArray> rowsOf(const SeriesStore &store)
 {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    if (!writeCsv(store, &buffer))
+    if (!CsvRows(store).writeAll(buffer))
         return {};
     return buffer.data().split('\n');
 }
@@ -93,7 +94,7 @@ void TestCsvExport::deviceThatTakesNoMore()
     QFile full(QStringLiteral("/dev/full"));
     if (!full.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         QSKIP("no /dev/full here");
-    QVERIFY(!writeCsv(store, &full));
+    QVERIFY(!CsvRows(store).writeAll(full));
 }
 
 QTEST_APPLESS_MAIN(TestCsvExport)

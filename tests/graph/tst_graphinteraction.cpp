@@ -41,7 +41,12 @@ private slots:
     void fewRecordsAreSafe();
 
 private:
-    void load(RecordList records) { child->loadRecords(std::move(records), QStringLiteral("x.acp")); }
+    void load(RecordList records)
+    {
+        SeriesStore store;
+        store.load(std::move(records));
+        child->load(std::move(store), QStringLiteral("x.acp"));
+    }
     GraphLayout layout() const { return {child->size(), child->store().size()}; }
     QPoint in(PlotArea area, double right, double down) const;
     void hover(const QPoint &position);
@@ -188,7 +193,7 @@ void TestGraphInteraction::rectangleStaysInItsPlot()
     QTest::mouseRelease(child, Qt::LeftButton, Qt::NoModifier, QPoint(990, 590));
     QCOMPARE(zoom().times().high, 860.0);
     QVERIFY(zoom().share(PlotArea::Upper).low < 0.001);
-    child->loadRecords(recordings::lipoCharge(count, period), QStringLiteral("x.acp"));
+    load(recordings::lipoCharge(count, period));
     QCOMPARE(with.copy(lower), child->grab().toImage().copy(lower)); // nothing was drawn there
 }
 

@@ -57,15 +57,17 @@ void TestMdiGraphChild::titleFollowsTheFile()
     child.addRecord(records[0]);
     QCOMPARE(child.windowTitle(), QStringLiteral("No file name COM7*"));
     QVERIFY(child.hasUnsavedData());
-    child.markSaved(QStringLiteral("/data/a%1.acp"));
+    child.markSaved(QStringLiteral("/data/a%1.acp"), 1);
     QCOMPARE(child.windowTitle(), QStringLiteral("/data/a%1.acp COM7"));
     QVERIFY(!child.hasUnsavedData());
     child.addRecord(records[1]);
     QCOMPARE(child.windowTitle(), QStringLiteral("/data/a%1.acp COM7*"));
     QVERIFY(child.hasUnsavedData());
     child.finishRecording();
+    child.markSaved(QStringLiteral("/data/b.acp"), 1); // one came while it was written
+    QCOMPARE(child.windowTitle(), QStringLiteral("/data/a%1.acp COM7*"));
     QVERIFY(child.hasUnsavedData());
-    child.markSaved(QStringLiteral("/data/b.acp"));
+    child.markSaved(QStringLiteral("/data/b.acp"), 2);
     QCOMPARE(child.windowTitle(), QStringLiteral("/data/a%1.acp COM7")); // the first name stays
 }
 
@@ -164,7 +166,9 @@ void TestMdiGraphChild::loadsAFile()
     FakeHost host;
     MdiGraphChild child(&host);
     host.current = &child;
-    child.loadRecords(recordings::lipoCharge(30), QStringLiteral("/data/old.acp"));
+    SeriesStore store;
+    store.load(recordings::lipoCharge(30));
+    child.load(std::move(store), QStringLiteral("/data/old.acp"));
     QCOMPARE(child.windowTitle(), QStringLiteral("/data/old.acp"));
     QVERIFY(!child.hasUnsavedData());
     QVERIFY(!child.isLive());

@@ -1,0 +1,60 @@
+#include "app/exportdialog.h"
+
+#include <QLineEdit>
+#include <QRegularExpression>
+
+namespace {
+
+QString endingOf(const QString &filter)
+{
+    return QLatin1Char('.') + filter.section(QStringLiteral("*."), 1, 1).section(QLatin1Char(')'), 0, 0);
+}
+
+} // namespace
+
+ExportDialog::ExportDialog(QWidget *parent, const QString &title, const QStringList &filters)
+    : QFileDialog(parent, title)
+    , m_ending(endingOf(filters.first()))
+{
+    setOption(DontUseNativeDialog);
+    setAcceptMode(AcceptSave);
+    setFileMode(AnyFile);
+    setNameFilters(filters);
+    connect(this, SIGNAL(filterSelected(QString)), this, SLOT(changeEnding(QString)));
+}
+
+void ExportDialog::suggest(const QString &name)
+{
+    selectFile(name.isEmpty() ? name : name + m_ending);
+}
+
+// Before the dialog looks whether there is such a file.
+void ExportDialog::accept()
+{
+    const QString name = nameEdit()->text();
+    if (!name.isEmpty() && !QFileInfo(name).isDir() && !hasEnding(name))
+        nameEdit()->setText(name + m_ending);
+    QFileDialog::accept();
+}
+
+void ExportDialog::changeEnding(const QString &filter)
+{
+    const QString name = nameEdit()->text();
+    const bool had = name.endsWith(m_ending, Qt::CaseInsensitive);
+    const QString stem = had ? name.chopped(m_ending.size()) : name;
+    m_ending = endingOf(filter);
+    if (had)
+        nameEdit()->setText(stem + m_ending);
+}
+
+QLineEdit *ExportDialog::nameEdit() const
+{
+    return findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+}
+
+// What stands behind a dot may be part of a name: "Pack 1.5Ah", "after 12.06.".
+bool ExportDialog::hasEnding(const QString &name) const
+{
+    static const QRegularExpression ending(QStringLiteral("\\.[a-zA-Z][a-zA-Z0-9]{1,3}$"));
+    return name.endsWith(m_ending, Qt::CaseInsensitive) || ending.match(name).hasMatch();
+}
