@@ -23,7 +23,7 @@ namespace {
 
 constexpr int messageTime = 5000; // ms
 constexpr int labelsKept = 10000; // a large folder scrolls without reading a file twice
-constexpr QSize recordingsDialogSize(780, 480);
+constexpr QSize dialogSize(780, 480); // room for names, labels and dates
 constexpr int typeColumn = 2; // of a file dialog's details; the same for every recording
 constexpr int dateColumn = 3;
 constexpr int failuresShown = 12; // the rest are under the box's details
@@ -33,9 +33,33 @@ QString lastFolderKey()
     return QStringLiteral("global/lastDir");
 }
 
+/// The file opened or saved last; at first a folder, as without any the dialog shows the one that another was left in.
 QString lastFolder()
 {
-    return VarnelSettings().value(lastFolderKey(), QString()).toString();
+    const QString last = VarnelSettings().value(lastFolderKey(), QString()).toString();
+    return last.isEmpty() ? QDir::homePath() : last;
+}
+
+QString recordingsStateKey()
+{
+    return QStringLiteral("recordings/dialogState");
+}
+
+QTreeView *detailsOf(const QFileDialog &dialog)
+{
+    return dialog.findChild<QTreeView *>(QStringLiteral("treeView"));
+}
+
+/// The newest first, with room for names and labels.
+void arrangeRecordings(QFileDialog &dialog)
+{
+    dialog.setViewMode(QFileDialog::Detail);
+    QTreeView *const tree = detailsOf(dialog);
+    tree->sortByColumn(0, Qt::DescendingOrder); // the names begin with date and time
+    tree->header()->setStretchLastSection(false);
+    tree->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    tree->header()->setSectionResizeMode(dateColumn, QHeaderView::ResizeToContents);
+    tree->setColumnHidden(typeColumn, true);
 }
 
 void keepLastFolder(const QString &path)
@@ -78,16 +102,17 @@ void Documents::openRecordings()
     const QString folder = recordings->folder().path();
     QDir().mkpath(folder); // nothing may have been recorded yet
     QFileDialog dialog(shell, tr("Open recordings"), folder, tr("Recordings (*.acp)"));
-    dialog.setViewMode(QFileDialog::Detail);
-    dialog.resize(recordingsDialogSize);
-    if (auto *tree = dialog.findChild<QTreeView *>(QStringLiteral("treeView"))) {
-        tree->sortByColumn(0, Qt::DescendingOrder); // the names begin with date and time
-        tree->header()->setStretchLastSection(false);
-        tree->header()->setSectionResizeMode(0, QHeaderView::Stretch); // names and labels are long
-        tree->header()->setSectionResizeMode(dateColumn, QHeaderView::ResizeToContents);
-        tree->setColumnHidden(typeColumn, true);
-    }
+    dialog.setOption(QFileDialog::DontUseNativeDialog); // only then there are views
+    const QByteArray usualHeader = detailsOf(dialog)->header()->saveState();
+    const QFileDialog::ViewMode usualMode = dialog.viewMode();
+    if (!dialog.restoreState(VarnelSettings().value(recordingsStateKey()).toByteArray()))
+        arrangeRecordings(dialog);
+    dialog.setDirectory(folder);
     openFrom(dialog);
+    VarnelSettings().setValue(recordingsStateKey(), dialog.saveState());
+    // What it leaves is where the next dialog of any kind begins.
+    detailsOf(dialog)->header()->restoreState(usualHeader);
+    dialog.setViewMode(usualMode);
 }
 
 void Documents::open(const QStringList &files)
@@ -110,6 +135,7 @@ QStringList Documents::openFrom(QFileDialog &dialog)
     labels.clear();
     displays->hideAll();
     displaysHidden = true;
+    dialog.resize(dialogSize);
     dialog.setFileMode(QFileDialog::ExistingFiles);
     dialog.setOption(QFileDialog::DontUseNativeDialog); // a native one would show no labels
     auto *delegate = new VarelStyledItemDelegate(&labels, &dialog);
@@ -119,6 +145,8 @@ QStringList Documents::openFrom(QFileDialog &dialog)
         if (view)
             view->setItemDelegate(delegate);
     }
+    // The list asks for all labels, of which each reads a file: not at once.
+    dialog.findChild<QListView *>(QStringLiteral("listView"))->setLayoutMode(QListView::Batched);
     const QStringList files = dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
     if (files.isEmpty())
         onFinished({}, 0);

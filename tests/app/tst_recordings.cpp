@@ -213,6 +213,14 @@ void TestRecordings::dialogListsNewestFirst()
     tool("openRecordingsAction")->trigger();
     QTRY_COMPARE(window->mdiChildren().size(), 2);
     QVERIFY(!VarnelSettings().contains(QStringLiteral("global/lastDir"))); // is for the user's own folders
+    whenModal<QFileDialog>(window.get(), [&](QFileDialog *dialog) {
+        const auto *header = dialog->findChild<QTreeView *>(QStringLiteral("treeView"))->header();
+        QCOMPARE(header->sortIndicatorOrder(), Qt::AscendingOrder);
+        QCOMPARE(header->hiddenSectionCount(), 0);
+        QVERIFY(dialog->directory() != QFileInfo(newest).dir());
+        dialog->reject();
+    });
+    window->actionSet()[ActionId::Open]->trigger(); // nothing of the other dialog is left
 }
 
 void TestRecordings::asksWithoutJournal_data()
@@ -336,6 +344,8 @@ void TestRecordings::exports_data()
                            << "run.csv" << QByteArray("record,");
     QTest::newRow("table, no ending") << csv << "run"
                                       << "run.csv" << QByteArray("record,");
+    QTest::newRow("table, dot in the name") << csv << "Pack 1.5Ah"
+                                            << "Pack 1.5Ah.csv" << QByteArray("record,");
     QTest::newRow("png, no ending") << picture << "run"
                                     << "run.png" << QByteArray("\x89PNG");
     QTest::newRow("svg") << picture << "run.svg"
@@ -355,7 +365,10 @@ void TestRecordings::exports()
     start();
     send(1, 30);
     whenModal<QFileDialog>(window.get(), [&](QFileDialog *dialog) {
-        QVERIFY(!dialog->selectedFiles().isEmpty()); // a name is suggested
+        const QString suggested = dialog->selectedFiles().value(0);
+        QVERIFY2(suggested.endsWith(action.startsWith(QLatin1String("save")) ? QStringLiteral("_COM3.png")
+                                                                             : QStringLiteral("_COM3.csv")),
+            qPrintable(suggested));
         enterName(dialog, fixture->path(name));
     });
     tool(action.toLatin1().constData())->trigger();
@@ -374,7 +387,7 @@ void TestRecordings::exports()
     if (name.endsWith(QLatin1String(".csv"))) {
         QBuffer expected;
         QVERIFY(expected.open(QIODevice::WriteOnly));
-        QVERIFY(writeCsv(window->activeMdiChild()->store(), &expected));
+        QVERIFY(CsvRows(window->activeMdiChild()->store()).writeAll(expected));
         QCOMPARE(bytes, expected.data());
     }
 }
@@ -446,7 +459,7 @@ void TestRecordings::largeFolderIsToldOnce()
     for (const bool told : {true, false, true}) {
         start();
         send(1, 2);
-        QCOMPARE(box("journalLarge") != nullptr, told);
+        QTRY_COMPARE(box("journalLarge") != nullptr, told);
         if (told) {
             QVERIFY(!box("journalLarge")->isModal());
             QVERIFY(box("journalLarge")->text().contains(JournalFolder::defaultPath()));
