@@ -44,6 +44,8 @@
 #include <QStatusBar>
 #include <QTimer>
 
+#include <utility>
+
 namespace {
 
 constexpr QSize firstSize(1180, 760); // before a size was ever saved
@@ -352,9 +354,13 @@ void MainWindow::openFile()
     documents->openDialog();
 }
 
+// Those that come with the start wait for it: what it tells would hide why a file can't be opened.
 void MainWindow::openFiles(const QStringList &files)
 {
-    documents->open(files);
+    if (started)
+        documents->open(files);
+    else
+        filesAtStart += files;
 }
 
 void MainWindow::comeForward(const QStringList &files)
@@ -474,6 +480,8 @@ void MainWindow::recordingOnStart()
     showMessageStatusBar(tr("Start listening on ports..."));
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     recording(true);
+    started = true;
+    documents->open(std::exchange(filesAtStart, {}));
 }
 
 void MainWindow::toolBarStop()

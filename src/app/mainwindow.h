@@ -142,6 +142,8 @@ private:
     std::unique_ptr<QMenu> backgroundMenu; ///< in the window menu, made anew with it
     QToolBar *mainToolBar;
     DataToolBar *dataToolBar;
+    bool started = false; ///< listening has begun
+    QStringList filesAtStart; ///< to be opened then
     QMutex dataMutex; ///< held while the newest record is shown, and while the end notice is taken away
 
     ActionSet *actions;
