@@ -63,8 +63,8 @@ void GraphExports::csvDialog(MdiGraphChild *child)
 void GraphExports::pictureDialog(MdiGraphChild *child)
 {
     const QPointer<MdiGraphChild> guard(child);
-    const QString name = ask(tr("Save picture"),
-        {tr("Picture (*.png)"), tr("Drawing (*.svg)"), tr("Document (*.pdf)")}, child);
+    const QString name = ask(
+        tr("Save picture"), {tr("Picture (*.png)"), tr("Drawing (*.svg)"), tr("Document (*.pdf)")}, child);
     if (!name.isEmpty() && guard)
         writePicture(guard, name);
 }
