@@ -2,7 +2,6 @@
 
 #include "app/soundserver.h"
 
-#include <QAudioDeviceInfo>
 #include <QDir>
 #include <QFile>
 #include <QSound>
@@ -41,7 +40,7 @@ SoundPlayer::~SoundPlayer()
 
 bool SoundPlayer::hasOutput() const
 {
-    return maySound() && !QAudioDeviceInfo::availableDevices(QAudio::AudioOutput).isEmpty();
+    return hasSoundOutput();
 }
 
 void SoundPlayer::play(const QString &file)

@@ -1,5 +1,5 @@
 #pragma once
 
-/// Whether it is worth asking for a device to play on: false where nothing says that this computer has one. Cheap and
-/// silent, while the sound library would look for a server that is not there and complain on standard error each time.
-bool maySound();
+/// Whether this computer has something to play sounds on, as far as that can be told at once: the answer is never waited
+/// for, and nothing is complained of where it is no.
+bool hasSoundOutput();

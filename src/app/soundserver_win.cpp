@@ -1,6 +1,8 @@
 #include "app/soundserver.h"
 
-bool maySound()
+#include <QAudioDeviceInfo>
+
+bool hasSoundOutput()
 {
-    return true;
+    return !QAudioDeviceInfo::availableDevices(QAudio::AudioOutput).isEmpty();
 }
