@@ -1,20 +1,12 @@
-#include "app/actionset.h"
-#include "app/mainwindow.h"
 #include "displays/datadisplay.h"
 #include "graph/mdigraphchild.h"
-#include "settings/varnelsettings.h"
 #include "support/lines.h"
 #include "support/modaldialog.h"
-#include "support/ptypair.h"
-#include "support/shellfixture.h"
+#include "support/shellrig.h"
 
-#include <QAction>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QStatusBar>
-#include <QTest>
 #include <QUrl>
 
 #include <functional>
@@ -22,12 +14,16 @@
 Q_DECLARE_METATYPE(std::function<void(MainWindow *)>)
 
 /// Opening and saving data files with the program's own window and dialogs.
-class TestDocuments : public QObject {
+class TestDocuments : public QObject, private ShellRig {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init()
+    {
+        setUp();
+        open({});
+    }
+    void cleanup() { tearDown(); }
     void openFromDialog();
     void cancelledDialog();
     void failuresAreListed();
@@ -40,27 +36,16 @@ private slots:
 
 private:
     QString writeFile(const QString &name, int records);
-    void trigger(ActionId id) { window->actionSet()[id]->trigger(); }
+    /// A port that is listened on from now on.
+    PtyPair *listen()
+    {
+        VarnelSettings().setPorts({QStringLiteral("COM3")});
+        PtyPair *device = plug(QStringLiteral("COM3"));
+        window->startRecording();
+        return device;
+    }
     QWidget *progress() const { return window->findChild<QProgressBar *>(); }
-    QMessageBox *box(const char *name) const { return window->findChild<QMessageBox *>(QLatin1String(name)); }
-
-    std::unique_ptr<ShellFixture> fixture;
-    std::unique_ptr<MainWindow> window;
 };
-
-void TestDocuments::init()
-{
-    fixture = std::make_unique<ShellFixture>();
-    window = std::make_unique<MainWindow>();
-    window->show();
-    QTest::qWait(50); // listening has started
-}
-
-void TestDocuments::cleanup()
-{
-    window.reset();
-    fixture.reset();
-}
 
 QString TestDocuments::writeFile(const QString &name, int records)
 {
@@ -87,7 +72,7 @@ void TestDocuments::openFromDialog()
     QCOMPARE(child->store().size(), 20);
     QCOMPARE(child->windowNumber(), 1);
     QVERIFY(!child->isLive() && !child->hasUnsavedData());
-    QCOMPARE(window->statusBar()->currentMessage(), QStringLiteral("Data loaded from disk."));
+    QCOMPARE(message(), QStringLiteral("Data loaded from disk."));
     QCOMPARE(VarnelSettings().value(QStringLiteral("global/lastDir")).toString(), path);
     QVERIFY(window->actionSet()[ActionId::Data]->isEnabled());
 }
@@ -122,7 +107,7 @@ void TestDocuments::failuresAreListed()
     box("openFailures")->close();
     QTRY_VERIFY(!box("openFailures"));
     window->openFiles({missing});
-    QTRY_COMPARE(window->statusBar()->currentMessage(), QStringLiteral("Can not open file ") + missing);
+    QTRY_COMPARE(message(), QStringLiteral("Can not open file ") + missing);
     QVERIFY(!box("openFailures"));
 }
 
@@ -143,7 +128,7 @@ void TestDocuments::saveAndReopen()
     });
     trigger(ActionId::SaveAs);
     QVERIFY(!child->hasUnsavedData());
-    QCOMPARE(window->statusBar()->currentMessage(), QStringLiteral("Data saved on disk."));
+    QCOMPARE(message(), QStringLiteral("Data saved on disk."));
     QVERIFY(box("unreadableRecords"));
     QCOMPARE(VarnelSettings().value(QStringLiteral("global/lastDir")).toString(), path);
     window->openFiles({path});
@@ -165,7 +150,7 @@ void TestDocuments::failedSaveKeepsMarks()
         enterName(dialog, QStringLiteral("/dev/full"));
     });
     trigger(ActionId::SaveAs);
-    QCOMPARE(window->statusBar()->currentMessage(), QStringLiteral("Can not save file /dev/full"));
+    QCOMPARE(message(), QStringLiteral("Can not save file /dev/full"));
     QVERIFY(child->hasUnsavedData());
     QCOMPARE(child->windowTitle(), title);
 }
@@ -173,11 +158,9 @@ void TestDocuments::failedSaveKeepsMarks()
 void TestDocuments::longFiles()
 {
     const QString path = writeFile(QStringLiteral("long.acp"), 100000);
-    PtyPair device(fixture->portFolder(), QStringLiteral("COM3"));
-    VarnelSettings().setPorts({QStringLiteral("COM3")});
-    window->startRecording();
+    PtyPair *device = listen();
     window->openFiles({path, path, path});
-    device.send(Lines::charger(7));
+    device->send(Lines::charger(7));
     QTRY_COMPARE_WITH_TIMEOUT(window->mdiChildren().size(), 4, 60000);
     QTRY_VERIFY(!progress()->isVisible());
 }
@@ -200,14 +183,12 @@ void TestDocuments::interrupted()
     QFETCH(std::function<void(MainWindow *)>, interrupt);
     const QString path = writeFile(QStringLiteral("endless.acp"), 100);
     QVERIFY(QFile::resize(path, 1LL << 36)); // a hole takes no room, and longer to read than anyone waits
-    PtyPair device(fixture->portFolder(), QStringLiteral("COM3"));
-    VarnelSettings().setPorts({QStringLiteral("COM3")});
-    window->startRecording();
+    PtyPair *device = listen();
     window->openFiles({path});
     QTRY_VERIFY(progress()->isVisible());
     QTest::keyClick(window.get(), Qt::Key_Q, Qt::ControlModifier);
     QVERIFY(window->isVisible());
-    device.send(Lines::charger(7));
+    device->send(Lines::charger(7));
     QTRY_COMPARE(window->mdiChildren().size(), 1);
     QVERIFY(window->mdiChildren().first()->isLive());
     interrupt(window.get());

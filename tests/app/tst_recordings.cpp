@@ -1,37 +1,28 @@
-#include "app/actionset.h"
-#include "app/listenedports.h"
-#include "app/mainwindow.h"
 #include "app/recordings.h"
-#include "app/statusfacts.h"
-#include "files/datafileloader.h"
 #include "files/journalfolder.h"
 #include "graph/csvexport.h"
 #include "graph/mdigraphchild.h"
-#include "settings/varnelsettings.h"
+#include "support/columns.h"
+#include "support/files.h"
 #include "support/lines.h"
 #include "support/modaldialog.h"
-#include "support/ptypair.h"
-#include "support/shellfixture.h"
+#include "support/shellrig.h"
 
-#include <QAction>
 #include <QBuffer>
 #include <QHeaderView>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QMessageBox>
 #include <QPushButton>
-#include <QStatusBar>
 #include <QStyledItemDelegate>
-#include <QTest>
 #include <QTreeView>
 
 /// What becomes of a live recording on disk: its journal, the menu of tools, what is asked when no journal keeps it.
-class TestRecordings : public QObject {
+class TestRecordings : public QObject, private ShellRig {
     Q_OBJECT
 
 private slots:
     void init();
-    void cleanup();
+    void cleanup() { tearDown(); }
     void journalSurvives_data();
     void journalSurvives();
     void reopensNewestFirst_data();
@@ -46,7 +37,6 @@ private slots:
     void exports();
     void pictureIsTheScreens();
     void toolsNeedSomething();
-    void tidiesByAge_data();
     void tidiesByAge();
     void largeFolderIsToldOnce();
 
@@ -54,36 +44,24 @@ private:
     void start(int ports = 1);
     void send(int from, int count);
     QAction *tool(const char *name) const { return window->findChild<QAction *>(QLatin1String(name)); }
-    QMessageBox *box(const char *name) const { return window->findChild<QMessageBox *>(QLatin1String(name)); }
     void closeWindow(MdiGraphChild *child) const { child->parentWidget()->close(); }
     static QStringList journals() { return JournalFolder(JournalFolder::defaultPath()).files(); }
-    static RecordList recordsIn(const QString &fileName);
     static QString oldJournal(int daysAgo, qint64 size);
 
-    std::unique_ptr<ShellFixture> fixture;
-    std::unique_ptr<PtyPair> device;
-    std::unique_ptr<MainWindow> window;
+    PtyPair *device = nullptr;
 };
 
 void TestRecordings::init()
 {
-    fixture = std::make_unique<ShellFixture>();
-    device = std::make_unique<PtyPair>(fixture->portFolder(), QStringLiteral("COM3"));
+    setUp();
+    device = plug(QStringLiteral("COM3"));
     VarnelSettings().setPorts({QStringLiteral("COM3")});
-}
-
-void TestRecordings::cleanup()
-{
-    window.reset();
-    device.reset();
-    fixture.reset();
 }
 
 void TestRecordings::start(int ports)
 {
-    window = std::make_unique<MainWindow>();
-    window->show();
-    QTRY_COMPARE(window->listenedPorts().readers().size(), ports);
+    open(VarnelSettings().ports());
+    QTRY_COMPARE(listened().size(), ports);
     QTest::qWait(20); // what arrives while a port is opened is thrown away
 }
 
@@ -97,13 +75,6 @@ void TestRecordings::send(int from, int count)
     QTRY_VERIFY(window->activeMdiChild());
     const MdiGraphChild *child = window->activeMdiChild();
     QTRY_COMPARE(child->store().records().last().time, from + count - 1);
-}
-
-RecordList TestRecordings::recordsIn(const QString &fileName)
-{
-    DataFileLoader loader(fileName);
-    loader.readAll();
-    return loader.takeRecords();
 }
 
 QString TestRecordings::oldJournal(int daysAgo, qint64 size)
@@ -133,29 +104,29 @@ void TestRecordings::journalSurvives()
     send(1, 20);
     QCOMPARE(journals().size(), 1);
     const QString journal = journals().constFirst();
-    QCOMPARE(recordsIn(journal).size(), 20); // while it is being written
+    QCOMPARE(loaded(journal).size(), 20); // while it is being written
     int expected = 20;
     if (ending == QLatin1String("window closed")) {
         closeWindow(window->activeMdiChild());
         QVERIFY(window->mdiChildren().isEmpty());
-        QVERIFY(window->statusBar()->currentMessage().contains(QFileInfo(journal).fileName()));
+        QVERIFY(message().contains(QFileInfo(journal).fileName()));
         for (int i = 21; i <= 30; ++i) // goes on without its window
             device->send(Lines::charger(i));
         expected = 30;
     } else if (ending == QLatin1String("all windows closed")) {
-        window->actionSet()[ActionId::CloseAll]->trigger();
+        trigger(ActionId::CloseAll);
     } else if (ending == QLatin1String("program closed")) {
         window->close();
         QVERIFY(!window->isVisible());
     } else if (ending == QLatin1String("port lost")) {
         device->hangUp();
     } else {
-        window->actionSet()[ActionId::Recording]->trigger();
+        trigger(ActionId::Recording);
     }
-    QTRY_COMPARE(recordsIn(journal).size(), expected);
+    QTRY_COMPARE(loaded(journal).size(), expected);
     window.reset();
     QCOMPARE(journals(), QStringList(journal));
-    QCOMPARE(recordsIn(journal).size(), expected);
+    QCOMPARE(loaded(journal).size(), expected);
 }
 
 void TestRecordings::reopensNewestFirst_data()
@@ -168,14 +139,14 @@ void TestRecordings::reopensNewestFirst_data()
 void TestRecordings::reopensNewestFirst()
 {
     QFETCH(bool, newestGone);
-    PtyPair other(fixture->portFolder(), QStringLiteral("COM4"));
+    PtyPair *other = plug(QStringLiteral("COM4"));
     VarnelSettings().setPorts({QStringLiteral("COM3"), QStringLiteral("COM4")});
     start(2);
     QAction *reopen = tool("reopenClosedAction");
     QVERIFY(!reopen->isEnabled() && !reopen->statusTip().isEmpty());
     send(1, 5);
     for (int i = 1; i <= 6; ++i)
-        other.send(Lines::charger(i));
+        other->send(Lines::charger(i));
     QTRY_COMPARE(window->activeMdiChild()->store().size(), 6);
     closeWindow(window->mdiChildren().first());
     closeWindow(window->mdiChildren().first());
@@ -220,26 +191,20 @@ void TestRecordings::dialogListsNewestFirst()
         QVERIFY(dialog->directory() != QFileInfo(newest).dir());
         dialog->reject();
     });
-    window->actionSet()[ActionId::Open]->trigger(); // nothing of the other dialog is left
+    trigger(ActionId::Open); // nothing of the other dialog is left
 }
 
 void TestRecordings::asksWithoutJournal_data()
 {
-    QTest::addColumn<bool>("program");
-    QTest::addColumn<int>("button");
-    QTest::addColumn<bool>("closes");
-    for (const bool program : {false, true}) {
-        const char *what = program ? "program" : "window";
-        QTest::addRow("%s: save", what) << program << int(QMessageBox::Save) << true;
-        QTest::addRow("%s: save, but no name", what) << program << int(QMessageBox::SaveAll) << false;
-        QTest::addRow("%s: discard", what) << program << int(QMessageBox::Discard) << true;
-        QTest::addRow("%s: cancel", what) << program << int(QMessageBox::Cancel) << false;
-    }
+    columns<int, bool>({"button", "closes"});
+    QTest::newRow("save") << int(QMessageBox::Save) << true;
+    QTest::newRow("save, but no name") << int(QMessageBox::SaveAll) << false;
+    QTest::newRow("discard") << int(QMessageBox::Discard) << true;
+    QTest::newRow("cancel") << int(QMessageBox::Cancel) << false;
 }
 
 void TestRecordings::asksWithoutJournal()
 {
-    QFETCH(bool, program);
     QFETCH(int, button);
     QFETCH(bool, closes);
     VarnelSettings().setValue(QStringLiteral("journal/enabled"), false);
@@ -261,13 +226,10 @@ void TestRecordings::asksWithoutJournal()
         });
         question->button(cancelled ? QMessageBox::Save : QMessageBox::StandardButton(button))->click();
     });
-    if (program)
-        window->close();
-    else
-        closeWindow(window->activeMdiChild());
+    closeWindow(window->activeMdiChild());
     QCOMPARE(questions, 1);
-    QCOMPARE(program ? !window->isVisible() : window->mdiChildren().isEmpty(), closes);
-    QCOMPARE(recordsIn(saved).size(), button == QMessageBox::Save ? 10 : 0);
+    QCOMPARE(window->mdiChildren().isEmpty(), closes);
+    QCOMPARE(loaded(saved).size(), button == QMessageBox::Save ? 10 : 0);
     if (!closes)
         send(11, 5); // as if nothing had happened
 }
@@ -281,7 +243,7 @@ void TestRecordings::asksWhileNotWritten()
     QVERIFY(obstacle.open(QIODevice::WriteOnly));
     start();
     send(1, 10);
-    QVERIFY(!window->statusFacts().text(StatusFacts::NotWritten).isEmpty());
+    QVERIFY(!fact(StatusFacts::NotWritten).isEmpty());
     int questions = 0;
     whenModal<QMessageBox>(window.get(), [&](QMessageBox *question) {
         ++questions;
@@ -290,10 +252,10 @@ void TestRecordings::asksWhileNotWritten()
     closeWindow(window->activeMdiChild());
     QCOMPARE(questions, 1);
     QVERIFY(obstacle.remove());
-    QTRY_VERIFY(window->statusFacts().text(StatusFacts::NotWritten).isEmpty());
+    QTRY_VERIFY(fact(StatusFacts::NotWritten).isEmpty());
     closeWindow(window->activeMdiChild());
     QVERIFY(window->mdiChildren().isEmpty());
-    QCOMPARE(recordsIn(journals().value(0)).size(), 10);
+    QCOMPARE(loaded(journals().value(0)).size(), 10);
 }
 
 void TestRecordings::runningJournalIsNotOverwritten()
@@ -308,11 +270,11 @@ void TestRecordings::runningJournalIsNotOverwritten()
             window.get(), [](QMessageBox *overwrite) { overwrite->button(QMessageBox::Yes)->click(); });
         enterName(dialog, link);
     });
-    window->actionSet()[ActionId::SaveAs]->trigger();
+    trigger(ActionId::SaveAs);
     QVERIFY(box("saveFailed"));
     QVERIFY(window->activeMdiChild()->hasUnsavedData());
     send(11, 10);
-    QCOMPARE(recordsIn(journal).size(), 20);
+    QCOMPARE(loaded(journal).size(), 20);
 }
 
 void TestRecordings::unreadableRecordsStayInTheJournal()
@@ -324,36 +286,30 @@ void TestRecordings::unreadableRecordsStayInTheJournal()
     const QString journal = journals().constFirst();
     const QString saved = fixture->path(QStringLiteral("saved.acp"));
     whenModal<QFileDialog>(window.get(), [&](QFileDialog *dialog) { enterName(dialog, saved); });
-    window->actionSet()[ActionId::SaveAs]->trigger();
+    trigger(ActionId::SaveAs);
     QVERIFY(box("unreadableRecords"));
     const QString text = box("unreadableRecords")->text();
     QVERIFY2(text.startsWith(QLatin1Char('1')) && text.contains(journal), qPrintable(text));
-    QCOMPARE(recordsIn(saved).size(), 5);
-    QCOMPARE(recordsIn(journal).size(), 6);
+    QCOMPARE(loaded(saved).size(), 5);
+    QCOMPARE(loaded(journal).size(), 6);
 }
 
 void TestRecordings::exports_data()
 {
-    QTest::addColumn<QString>("action");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("written");
-    QTest::addColumn<QByteArray>("beginning");
-    const QString csv = QStringLiteral("exportCsvAction");
-    const QString picture = QStringLiteral("savePictureAction");
-    QTest::newRow("table") << csv << "run.csv"
-                           << "run.csv" << QByteArray("record,");
-    QTest::newRow("table, no ending") << csv << "run"
-                                      << "run.csv" << QByteArray("record,");
-    QTest::newRow("table, dot in the name") << csv << "Pack 1.5Ah"
-                                            << "Pack 1.5Ah.csv" << QByteArray("record,");
-    QTest::newRow("png, no ending") << picture << "run"
-                                    << "run.png" << QByteArray("\x89PNG");
-    QTest::newRow("svg") << picture << "run.svg"
-                         << "run.svg" << QByteArray("<?xml");
-    QTest::newRow("pdf") << picture << "run.PDF"
-                         << "run.PDF" << QByteArray("%PDF");
-    QTest::newRow("unknown picture") << picture << "run.jpg" << QString() << QByteArray();
-    QTest::newRow("no such folder") << csv << "none/run.csv" << QString() << QByteArray();
+    columns<QString, QString, QString, QByteArray>({"action", "name", "written", "beginning"});
+    const auto row = [](const char *name, const char *action, const char *given, const char *written,
+                         const QByteArray &beginning) {
+        QTest::newRow(name) << QString::fromLatin1(action) << QString::fromLatin1(given)
+                            << QString::fromLatin1(written) << beginning;
+    };
+    row("table", "exportCsvAction", "run.csv", "run.csv", "record,");
+    row("table, no ending", "exportCsvAction", "run", "run.csv", "record,");
+    row("table, dot in the name", "exportCsvAction", "Pack 1.5Ah", "Pack 1.5Ah.csv", "record,");
+    row("png, no ending", "savePictureAction", "run", "run.png", "\x89PNG");
+    row("svg", "savePictureAction", "run.svg", "run.svg", "<?xml");
+    row("pdf", "savePictureAction", "run.PDF", "run.PDF", "%PDF");
+    row("unknown picture", "savePictureAction", "run.jpg", "", "");
+    row("no such folder", "exportCsvAction", "none/run.csv", "", "");
 }
 
 void TestRecordings::exports()
@@ -377,11 +333,9 @@ void TestRecordings::exports()
         QVERIFY(!QFile::exists(fixture->path(name)));
         return;
     }
-    QFile file(fixture->path(written));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QByteArray bytes = file.readAll();
+    const QByteArray bytes = contents(fixture->path(written));
     QVERIFY2(bytes.startsWith(beginning), bytes.left(20).constData());
-    QVERIFY(window->statusBar()->currentMessage().contains(written));
+    QVERIFY(message().contains(written));
     QCOMPARE(VarnelSettings().value(QStringLiteral("export/lastDir")).toString(),
         QFileInfo(fixture->path(written)).path());
     if (name.endsWith(QLatin1String(".csv"))) {
@@ -397,7 +351,7 @@ void TestRecordings::pictureIsTheScreens()
     start();
     send(1, 200);
     MdiGraphChild *child = window->activeMdiChild();
-    window->actionSet()[ActionId::Temperature]->trigger();
+    trigger(ActionId::Temperature);
     child->parentWidget()->resize(713, 431);
     const QImage whole = child->grab().toImage();
     QWheelEvent wheel(QPointF(300, 100), child->mapToGlobal(QPoint(300, 100)), QPoint(), QPoint(0, 480),
@@ -430,26 +384,17 @@ void TestRecordings::toolsNeedSomething()
     QVERIFY(!tool("reopenClosedAction")->isEnabled());
 }
 
-void TestRecordings::tidiesByAge_data()
-{
-    QTest::addColumn<QVariant>("maxAgeDays");
-    QTest::addColumn<bool>("stays");
-    QTest::newRow("not set") << QVariant() << true;
-    QTest::newRow("younger") << QVariant(31) << true;
-    QTest::newRow("older") << QVariant(7) << false;
-    QTest::newRow("nonsense") << QVariant(QStringLiteral("a week")) << true;
-    QTest::newRow("negative") << QVariant(-1) << true;
-}
-
 void TestRecordings::tidiesByAge()
 {
-    QFETCH(QVariant, maxAgeDays);
-    QFETCH(bool, stays);
-    if (maxAgeDays.isValid())
-        VarnelSettings().setValue(QStringLiteral("journal/maxAgeDays"), maxAgeDays);
-    const QString old = oldJournal(10, 100000);
-    start();
-    QCOMPARE(QFile::exists(old), stays);
+    const QPair<QVariant, bool> settings[]
+        = {{QVariant(), true}, {31, true}, {7, false}, {QStringLiteral("a week"), true}, {-1, true}};
+    for (const auto &[maxAgeDays, stays] : settings) {
+        if (maxAgeDays.isValid())
+            VarnelSettings().setValue(QStringLiteral("journal/maxAgeDays"), maxAgeDays);
+        const QString old = oldJournal(10, 100000);
+        start();
+        QVERIFY2(QFile::exists(old) == stays, qPrintable(maxAgeDays.toString()));
+    }
 }
 
 void TestRecordings::largeFolderIsToldOnce()

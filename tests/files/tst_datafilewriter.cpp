@@ -1,9 +1,11 @@
 #include "files/datafilewriter.h"
 
-#include "files/datafileloader.h"
 #include "files/wholefile.h"
 
 #include "data/recordlist.h"
+#include "support/columns.h"
+#include "support/files.h"
+#include "support/limits.h"
 
 #include <QBuffer>
 #include <QDir>
@@ -13,8 +15,6 @@
 #include <QTest>
 
 #include <clocale>
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -37,18 +37,6 @@ RecordList recording(int count)
     return records;
 }
 
-QByteArray contents(const QString &name)
-{
-    QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-}
-
-bool writeFile(const QString &name, const QByteArray &bytes)
-{
-    QFile file(name);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
 struct SaveResult {
     bool saved;
     int unreadable;
@@ -60,13 +48,6 @@ SaveResult save(const QString &name, const RecordList &records)
     RecordLines lines(records);
     const WriteOutcome outcome = writeWholeFile(name, lines);
     return {outcome.written, lines.unreadable(), outcome.reason};
-}
-
-RecordList loaded(const QString &name)
-{
-    DataFileLoader loader(name);
-    loader.readAll();
-    return loader.takeRecords();
 }
 
 } // namespace
@@ -117,11 +98,7 @@ void TestDataFileWriter::sameBytesAgain()
 
 void TestDataFileWriter::namedExceptions_data()
 {
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<int>("cellType");
-    QTest::addColumn<int>("current");
-    QTest::addColumn<int>("unreadable");
-    QTest::addColumn<int>("currentBack");
+    columns<int, int, int, int, int>({"mode", "cellType", "current", "unreadable", "currentBack"});
     QTest::newRow("test mode") << 4 << 5 << 250 << 1 << -1;
     QTest::newRow("no mode") << 5 << 5 << 250 << 1 << -1;
     QTest::newRow("no chemistry") << 0 << 13 << 250 << 1 << -1;
@@ -211,13 +188,10 @@ void TestDataFileWriter::fullDiskKeepsTheOldFile()
     const QString name = folder.filePath(QStringLiteral("a.acp"));
     QVERIFY(writeFile(name, "old"));
     const RecordList records = recording(5000);
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit before{};
-    QCOMPARE(::getrlimit(RLIMIT_FSIZE, &before), 0);
-    const rlimit small{500 * 1024, before.rlim_max};
-    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &small), 0);
-    const SaveResult result = save(name, records);
-    ::setrlimit(RLIMIT_FSIZE, &before);
+    const SaveResult result = [&] {
+        const FileSizeLimit limit(500 * 1024);
+        return save(name, records);
+    }();
     QVERIFY(!result.saved);
     QVERIFY(!result.reason.isEmpty());
     QCOMPARE(contents(name), QByteArray("old"));
