@@ -52,6 +52,7 @@ check_format() {
 # Runs "$1 FILE" (a function below) for each source whose mark is out of date, several at once.
 for_each_source() {
     local check=$1
+    [ ${#sources[@]} != 0 ] || return 0
     export marks
     export -f mark_of tidy_file clazy_file
     printf '%s\n' "${sources[@]}" | xargs -r -d '\n' -P "$jobs" -n 1 bash -c \
