@@ -162,13 +162,13 @@ void TestViewSwitches::menus()
         if (title->menu() && title->text() != QLatin1String("&Tools"))
             menus << textsOf(title->menu());
     }
-    menus << textsOf(window->findChild<QToolBar *>(QStringLiteral("mainToolBar")));
     QCOMPARE(menus,
         QStringList({"&File,&Window,&Print,&Tools,|,&Help", "Open file,Save as,Preferences,Set time,|,E&xit",
             "Recording,Background color,|,Cl&ose,Close &All,|,&Tile,&Cascade,|,Ne&xt,Pre&vious,|",
-            "Capacity comparison,Voltage comparison,Bar display,Active plot", "&About",
-            "Open file,Save as,&Cascade,&Tile,|,Recording,Stop process,|,DATA,Graph,Bar Graph,|,T,dV,Rw,|,"
-            "B,Avg,S,P%,"}));
+            "Capacity comparison,Voltage comparison,Bar display,Active plot", "&About"}));
+    QCOMPARE(textsOf(window->findChild<QToolBar *>(QStringLiteral("mainToolBar"))),
+        QStringLiteral("Open file,Save as,&Cascade,&Tile,|,Recording,Stop process,|,DATA,Graph,Bar Graph,|,"
+                       "T,dV,Rw,|,B,Avg,S,P%,"));
 }
 
 void TestViewSwitches::shortcuts()
