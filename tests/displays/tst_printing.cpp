@@ -157,10 +157,7 @@ private slots:
     }
 
 private:
-    QString file() const
-    {
-        return folder.filePath(QStringLiteral("page.pdf"));
-    }
+    QString file() const { return folder.filePath(QStringLiteral("page.pdf")); }
 
     void setFile(QPrintDialog *dialog) const
     {
