@@ -29,13 +29,38 @@ void BalanceIntegrator::add(Varnel3Data &record)
     if (record.flag5 != 'B')
         return;
     const qint64 seconds = qint64(record.time) - m_lastTime;
-    const int current = record.ballansingCurrent;
+    if (!addPlain(record, seconds))
+        addAny(record, seconds);
+    m_lastTime = record.time;
+}
+
+// What devices send, where nothing can leave its bounds but the sums: no other check for each cell.
+bool BalanceIntegrator::addPlain(Varnel3Data &record, qint64 seconds)
+{
+    constexpr qint64 mostSeconds = 100000;
+    constexpr unsigned mostCurrent = 1000; // mA
+    constexpr unsigned mostBalance = 100; // per cent
+    bool plain = seconds >= 0 && seconds <= mostSeconds && unsigned(record.ballansingCurrent) <= mostCurrent;
+    const int cells = record.cellsPresent();
+    for (int i = 0; i < cells; ++i)
+        plain &= unsigned(record.cells[i].balance) <= mostBalance;
+    if (!plain)
+        return false;
+    const qint64 factor = record.ballansingCurrent * seconds;
+    for (int i = 0; i < cells; ++i) {
+        m_charge[i] = qMin(m_charge[i] + record.cells[i].balance * factor, mostCharge);
+        record.cells[i].balanceCharge = saturated(m_charge[i]);
+    }
+    return true;
+}
+
+void BalanceIntegrator::addAny(Varnel3Data &record, qint64 seconds)
+{
     const int cells = record.cellsPresent();
     for (int i = 0; i < cells; ++i) {
         CellData &cell = record.cells[i];
-        const qint64 step = chargeOf(cell.balance, current, seconds);
+        const qint64 step = chargeOf(cell.balance, record.ballansingCurrent, seconds);
         m_charge[i] = qBound(-mostCharge, m_charge[i] + step, mostCharge);
         cell.balanceCharge = saturated(m_charge[i]);
     }
-    m_lastTime = record.time;
 }

@@ -14,6 +14,9 @@ public:
     void add(Varnel3Data &record);
 
 private:
+    bool addPlain(Varnel3Data &record, qint64 seconds);
+    void addAny(Varnel3Data &record, qint64 seconds);
+
     qint64 m_charge[Varnel3Data::maxCells] = {}; // per cent x mA x s
     int m_lastTime = 0;
 };

@@ -10,17 +10,35 @@
 
 namespace {
 
+constexpr int timeStart = 13;
 constexpr int cellsStart = 46; // the comma before the first cell
 constexpr int cellLength = 7; // ",dddd,b"
 constexpr int lineLength = cellsStart + Varnel3Data::maxCells * cellLength;
+constexpr int timeLength = 5; // more from the second day on
+constexpr int mostTimeDigits = 9; // never more than 32 bits hold
+
+/// What eight characters look like, as a number whose lowest byte is the first.
+struct Shape {
+    quint64 pattern; // the characters; '0' for any digit
+    quint64 exact; // bytes that must be just that
+    quint64 slack; // 15 less the largest digit, in the bytes that are digits
+    quint64 high; // the high halves of those
+};
+
+/// A figure of five digits with the commas around it, from two characters before it on.
+constexpr Shape figureShape = {Q_UINT64_C(0x2c30303030302c00), Q_UINT64_C(0xff0000000000ff00),
+    Q_UINT64_C(0x0006060606060000), Q_UINT64_C(0x00f0f0f0f0f00000)};
+/// A cell from the character before its comma on; its balance goes up to ':', which stands for ten.
+constexpr Shape cellShape = {Q_UINT64_C(0x302c303030302c00), Q_UINT64_C(0x00ff00000000ff00),
+    Q_UINT64_C(0x0500060606060000), Q_UINT64_C(0xf000f0f0f0f00000)};
 
 // Gathers whether anything was not as expected, so that the common case runs without a branch.
 struct Check {
     quint64 failed = 0;
 
+    void expect(const uchar *at, char c) { failed |= unsigned(*at != uchar(c)); }
     void expectNot(const uchar *at, char c) { failed |= unsigned(*at == uchar(c)); }
-    template <int width>
-    int number(const uchar *at)
+    int number(const uchar *at, int width)
     {
         unsigned sum = 0;
         for (int i = 0; i < width; ++i) {
@@ -30,19 +48,14 @@ struct Check {
         }
         return int(sum);
     }
-    /// Eight characters at once, as a number whose lowest byte is the first: `pattern` says what stands where ('0' for
-    /// any digit), `exact` which bytes must be just that, `digits` which must be digits. Gives the digits' values.
-    quint64 characters(const uchar *at, quint64 pattern, quint64 exact, quint64 digits)
+    /// Eight characters at once; gives the digits' values.
+    quint64 characters(const uchar *at, const Shape &shape)
     {
-        const quint64 value = qFromLittleEndian<quint64>(at) ^ pattern;
-        const quint64 tooLarge
-            = (value + (digits & everyByte * 6)) | value; // beyond 9, the high half shows it
-        failed |= (value & exact) | (tooLarge & digits & everyByte * 0xf0);
+        const quint64 value = qFromLittleEndian<quint64>(at) ^ shape.pattern;
+        const quint64 tooLarge = (value + shape.slack) | value; // the high half of a byte shows it
+        failed |= (value & shape.exact) | (tooLarge & shape.high);
         return value;
     }
-
-private:
-    static constexpr quint64 everyByte = Q_UINT64_C(0x0101010101010101);
 };
 
 /// Four digits, the first in the lowest byte.
@@ -55,17 +68,26 @@ int fourDigits(quint64 digits)
 /// The five digits of a figure at `at`, which has a comma on either side.
 int figure(const uchar *at, Check &check)
 {
-    const quint64 value = check.characters(at - 2, Q_UINT64_C(0x2c30303030302c00),
-        Q_UINT64_C(0xff0000000000ff00), Q_UINT64_C(0x00ffffffffff0000));
+    const quint64 value = check.characters(at - 2, figureShape);
     return int(value >> 16 & 0xff) * 10000 + fourDigits(value >> 24 & 0xffffffff);
+}
+
+/// The time at its place in `line`, `digits` long; the comma behind it is left to the next figure.
+int readTime(const uchar *line, int digits, Check &check)
+{
+    if (digits == timeLength)
+        return figure(line + timeStart, check);
+    check.expect(line + timeStart - 1, ',');
+    return check.number(line + timeStart, digits);
 }
 
 struct Cells {
     int count = 0;
     int voltage[Varnel3Data::maxCells];
-    uchar balance[Varnel3Data::maxCells];
+    int balance[Varnel3Data::maxCells]; // tenths
 };
 
+/// `line` is where the line would begin if the time had its five digits.
 void readCells(Cells &cells, const uchar *line, int cellCount, Check &check)
 {
     static const char absent[] = ",0000,0,0000,0,0000,0,0000,0,0000,0,0000,0,0000,0,0000,0"
@@ -73,11 +95,9 @@ void readCells(Cells &cells, const uchar *line, int cellCount, Check &check)
     cells.count = std::min(cellCount + 1, int(Varnel3Data::maxCells));
     const uchar *at = line + cellsStart;
     for (int i = 0; i < cells.count; ++i, at += cellLength) {
-        const quint64 value = check.characters(at - 1, Q_UINT64_C(0x002c303030302c00),
-            Q_UINT64_C(0x00ff00000000ff00), Q_UINT64_C(0x0000ffffffff0000));
+        const quint64 value = check.characters(at - 1, cellShape);
         cells.voltage[i] = fourDigits(value >> 16 & 0xffffffff);
-        check.expectNot(at + 6, ',');
-        cells.balance[i] = at[6];
+        cells.balance[i] = int(value >> 56);
     }
     check.failed |= unsigned(std::memcmp(at, absent, size_t(line + lineLength - at)));
 }
@@ -89,7 +109,7 @@ void fill(Varnel3Data &record, const uchar *line, const Cells &cells)
         *flags[i] = char(line[6 + i]);
     for (int i = 0; i < cells.count; ++i) {
         record.cells[i].voltage = cells.voltage[i];
-        record.cells[i].balance = balancePercent(cells.balance[i]);
+        record.cells[i].balance = cells.balance[i] * balanceStep;
     }
 }
 
@@ -98,19 +118,22 @@ void fill(Varnel3Data &record, const uchar *line, const Cells &cells)
 bool parseFixedLayout(Varnel3Data &record, const FieldText<uchar> &line)
 {
     static const char modes[] = "CDBFT";
-    if (line.size != lineLength || *line.data != '#')
+    const int timeDigits = line.size - lineLength + timeLength;
+    if (timeDigits < timeLength || timeDigits > mostTimeDigits || *line.data != '#')
         return false;
-    const uchar *const at = line.data;
+    const uchar *const head = line.data;
+    const uchar *const at = head + timeDigits - timeLength; // of what lies behind the time
     Check check;
     for (int flag = 6; flag <= 10; ++flag)
-        check.expectNot(at + flag, ',');
-    const int cellCount = check.number<2>(at + 1);
-    const int cellType = check.number<2>(at + 4);
-    const int current = check.number<1>(at + 11);
+        check.expectNot(head + flag, ',');
+    const int cellCount = check.number(head + 1, 2);
+    const int cellType = check.number(head + 4, 2);
+    const int current = check.number(head + 11, 1);
+    const int time = readTime(head, timeDigits, check);
     // Each figure looks at the commas around it; the temperature lies between two of them.
-    const int figures[] = {figure(at + 13, check), figure(at + 19, check), figure(at + 25, check),
-        check.number<3>(at + 31), figure(at + 35, check), figure(at + 41, check)};
-    const void *const mode = std::memchr(modes, at[3], sizeof modes - 1);
+    const int figures[] = {figure(at + 19, check), figure(at + 25, check), check.number(at + 31, 3),
+        figure(at + 35, check), figure(at + 41, check)};
+    const void *const mode = std::memchr(modes, head[3], sizeof modes - 1);
     if (check.failed || !mode || cellType >= Varnel3Data::noCellType)
         return false;
     Cells cells;
@@ -122,13 +145,13 @@ bool parseFixedLayout(Varnel3Data &record, const FieldText<uchar> &line)
     record.mode = int(static_cast<const char *>(mode) - modes);
     record.cellType = cellType;
     record.ballansingCurrent = current * balancingCurrentStep;
-    fill(record, at, cells);
-    record.setTime(figures[0]);
-    record.voltage = figures[1];
-    record.current = figures[2];
-    record.temperature = figures[3];
-    record.energy = record.flag2 == '1' ? figures[4] * 10 : figures[4];
-    record.internalResistance = figures[5];
+    fill(record, head, cells);
+    record.setTime(time);
+    record.voltage = figures[0];
+    record.current = figures[1];
+    record.temperature = figures[2];
+    record.energy = record.flag2 == '1' ? figures[3] * 10 : figures[3];
+    record.internalResistance = figures[4];
     updateCellStatistics(record);
     return true;
 }

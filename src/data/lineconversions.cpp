@@ -8,18 +8,20 @@ void updateCellStatistics(Varnel3Data &record)
     if (record.flag5 != 'B')
         return;
     const CellData &first = record.cells[0];
-    record.cellMax = record.cellMin = record.cellAverage = first.voltage;
-    record.balanceMax = first.balance;
-    if (record.cellCount < 1)
-        return;
+    int highest = first.voltage; // in variables of their own: each could lie in a record
+    int lowest = first.voltage;
+    int balance = first.balance;
     qint64 sum = first.voltage;
     const int cells = record.cellsPresent();
     for (int i = 1; i < cells; ++i) {
         const CellData &cell = record.cells[i];
-        record.cellMax = qMax(record.cellMax, cell.voltage);
-        record.cellMin = qMin(record.cellMin, cell.voltage);
-        record.balanceMax = qMax(record.balanceMax, cell.balance);
+        highest = qMax(highest, cell.voltage);
+        lowest = qMin(lowest, cell.voltage);
+        balance = qMax(balance, cell.balance);
         sum += cell.voltage;
     }
-    record.cellAverage = int(sum / record.cellCount);
+    record.cellMax = highest;
+    record.cellMin = lowest;
+    record.balanceMax = balance;
+    record.cellAverage = record.cellCount < 1 ? first.voltage : int(sum / record.cellCount);
 }

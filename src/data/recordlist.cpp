@@ -1,14 +1,11 @@
 #include "data/recordlist.h"
 
-#include "data/largepages.h"
-
-#include <cstddef>
 #include <utility>
 
 namespace {
 
 constexpr size_t smallBlocks = 4; // allocated one by one; beyond them it is a long file
-constexpr int blocksInChunk = 16;
+constexpr size_t blocksInLarge = 25; // little less than six large pages
 
 } // namespace
 
@@ -26,25 +23,28 @@ void *RecordList::slotForNext(Filling filling)
     const auto block = size_t(m_size / blockSize);
     if (block == m_blocks.size()) {
         if (filling == Slow || block < smallBlocks)
-            addBlocks(1, alignof(std::max_align_t));
+            addBlock();
         else
-            addBlocks(blocksInChunk, largePageSize);
+            addLargeBlock();
     }
     return m_blocks[block] + m_size % blockSize;
 }
 
-void RecordList::addBlocks(int count, std::size_t alignment)
+// The room in m_blocks comes first, so that nothing behind it can lose the memory.
+void RecordList::addBlock()
 {
-    const size_t used = size_t(count) * blockSize * sizeof(Varnel3Data);
-    const size_t size = (used + alignment - 1) / alignment * alignment;
-    m_blocks.reserve(m_blocks.size() + size_t(count)); // so that nothing below can lose the memory
-    m_chunks.reserve(m_chunks.size() + 1);
-    void *const memory = ::operator new(size, std::align_val_t(alignment));
-    m_chunks.push_back({memory, std::align_val_t(alignment)});
-    if (alignment == largePageSize)
-        preferLargePages(memory, size);
-    for (int i = 0; i < count; ++i)
-        m_blocks.push_back(static_cast<Varnel3Data *>(memory) + size_t(i) * blockSize);
+    m_blocks.reserve(m_blocks.size() + 1);
+    m_small.emplace_back(new char[blockSize * sizeof(Varnel3Data)]);
+    m_blocks.push_back(reinterpret_cast<Varnel3Data *>(m_small.back().get()));
+}
+
+void RecordList::addLargeBlock()
+{
+    m_blocks.reserve(m_blocks.size() + blocksInLarge);
+    m_large.emplace_back(blocksInLarge * blockSize * sizeof(Varnel3Data));
+    auto *const records = static_cast<Varnel3Data *>(m_large.back().data());
+    for (size_t i = 0; i < blocksInLarge; ++i)
+        m_blocks.push_back(records + i * blockSize);
 }
 
 Varnel3Data &RecordList::append(const Varnel3Data &record)
@@ -63,9 +63,8 @@ Varnel3Data &RecordList::appendNew()
 
 void RecordList::clear()
 {
-    for (const Chunk &chunk : m_chunks)
-        ::operator delete(chunk.memory, chunk.alignment);
-    m_chunks.clear();
+    m_small.clear();
+    m_large.clear();
     m_blocks.clear();
     m_size = 0;
 }
@@ -73,6 +72,7 @@ void RecordList::clear()
 void RecordList::swap(RecordList &other) noexcept
 {
     m_blocks.swap(other.m_blocks);
-    m_chunks.swap(other.m_chunks);
+    m_small.swap(other.m_small);
+    m_large.swap(other.m_large);
     std::swap(m_size, other.m_size);
 }

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "data/largeblock.h"
 #include "data/varnel3data.h"
 
-#include <new>
+#include <memory>
 #include <type_traits>
 #include <vector>
 
@@ -11,8 +12,10 @@
 /// append(), since many live recordings grow side by side, in large ones for a long file by appendNew().
 class RecordList {
 public:
+    static constexpr int blockSize = 1024; ///< records that lie side by side, from each multiple of it on
+
     RecordList() = default;
-    ~RecordList() { clear(); }
+    ~RecordList() = default;
     RecordList(RecordList &&other) noexcept { swap(other); }
     RecordList &operator=(RecordList &&other) noexcept;
     RecordList(const RecordList &) = delete;
@@ -35,22 +38,17 @@ public:
     void swap(RecordList &other) noexcept;
 
 private:
-    static constexpr int blockSize = 1024; // records; half a megabyte
-
     static_assert(std::is_trivially_copyable_v<Varnel3Data> && std::is_trivially_destructible_v<Varnel3Data>,
         "blocks are raw memory whose records are never destroyed one by one");
-
-    struct Chunk {
-        void *memory;
-        std::align_val_t alignment;
-    };
 
     enum Filling { Slow, Fast };
 
     void *slotForNext(Filling filling);
-    void addBlocks(int count, std::size_t alignment);
+    void addBlock();
+    void addLargeBlock();
 
-    std::vector<Varnel3Data *> m_blocks; // raw memory of blockSize records each, inside the chunks
-    std::vector<Chunk> m_chunks; // owned
+    std::vector<Varnel3Data *> m_blocks; // raw memory of blockSize records each, inside what follows
+    std::vector<std::unique_ptr<char[]>> m_small;
+    std::vector<LargeBlock> m_large;
     int m_size = 0;
 };

@@ -1,8 +1,8 @@
 # Memory in large pages is the system's own; the rest is common.
 if(WIN32)
-    set(data_system data/largepages_win.cpp)
+    set(data_system data/largeblock_win.cpp)
 else()
-    set(data_system data/largepages_unix.cpp)
+    set(data_system data/largeblock_unix.cpp)
 endif()
 target_sources(varnel_data PRIVATE
     data/timetext.cpp data/timetext.h
@@ -12,7 +12,7 @@ target_sources(varnel_data PRIVATE
     data/fixedlayout.cpp data/fixedlayout.h
     data/linefields.h
     data/saturated.h
-    data/largepages.h
+    data/largeblock.h
     ${data_system}
     data/lineconversions.cpp data/lineconversions.h
     data/lineparsers.cpp data/lineparsers.h

@@ -23,7 +23,8 @@ public:
     enum End { Failed = 0, Aborted = 1, Completed = 2, NoEnd = -1 };
     static constexpr int noCellType = 13;
 
-    int balancedMah = 0; ///< largest cell charge balanced so far, mAh; written by the recording's store only
+    int balancedMah
+        = 0; ///< largest cell charge balanced so far, mAh; written by whoever sums the charge of its cells
     int mode = NoMode; ///< one of Mode, or whatever a caller put there
     int cellType = noCellType; ///< index into the chemistry table, or noCellType
     char flag1 = '_'; ///< passed through

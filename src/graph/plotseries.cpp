@@ -1,5 +1,7 @@
 #include "graph/plotseries.h"
 
+#include "graph/extremes.h"
+
 #include <algorithm>
 #include <limits>
 #include <new>
@@ -14,7 +16,52 @@ constexpr int firstCapacities[] = {64, 512, 32768};
 
 void PlotSeries::fillFront(int end, double value)
 {
-    std::fill_n(m_values.get(), std::min(end, m_size), value);
+    const int filled = std::min(end, m_size);
+    std::fill_n(m_values, filled, value);
+    for (int block = 0; block * blockSize < filled && block < int(m_blocks.size()); ++block)
+        m_blocks[size_t(block)] = blockAt(block);
+}
+
+Interval PlotSeries::blockAt(int block) const
+{
+    return extremesOf(m_values, block * blockSize, (block + 1) * blockSize);
+}
+
+void PlotSeries::addBlock()
+{
+    m_blocks.push_back(blockAt(int(m_blocks.size())));
+}
+
+// The next `count` points have been written.
+void PlotSeries::takeOver(int count)
+{
+    for (const int end = m_size + count; m_size < end;) {
+        const int begin = m_size;
+        m_size = std::min(end, (begin / blockSize + 1) * blockSize);
+        const Interval found = extremesOf(m_values, begin, m_size);
+        m_minimum = std::min(m_minimum, found.low);
+        m_maximum = std::max(m_maximum, found.high);
+        if (m_size - begin == blockSize)
+            m_blocks.push_back(found);
+        else if (m_size % blockSize == 0)
+            addBlock();
+    }
+}
+
+Interval PlotSeries::extremes(int begin, int end) const
+{
+    const int firstWhole = (begin + blockSize - 1) / blockSize;
+    const int endWhole = end / blockSize;
+    if (firstWhole >= endWhole)
+        return extremesOf(m_values, begin, end);
+    Interval found = m_blocks[size_t(firstWhole)];
+    for (int block = firstWhole + 1; block < endWhole; ++block)
+        found.take(m_blocks[size_t(block)]);
+    if (begin < firstWhole * blockSize)
+        found.take(extremesOf(m_values, begin, firstWhole * blockSize));
+    if (endWhole * blockSize < end)
+        found.take(extremesOf(m_values, endWhole * blockSize, end));
+    return found;
 }
 
 void PlotSeries::restartExtremes()
@@ -28,17 +75,28 @@ void PlotSeries::reserve(int points)
     if (points <= m_capacity)
         return;
     // realloc, because it leaves new pages untouched and moves big blocks without copying them
-    auto *values = static_cast<double *>(std::realloc(m_values.get(), sizeof(double) * size_t(points)));
+    auto *const values = static_cast<double *>(std::realloc(m_owned.get(), sizeof(double) * size_t(points)));
     if (values == nullptr)
         throw std::bad_alloc();
-    (void)m_values.release();
-    m_values.reset(values);
+    if (!m_owned) // they are in the room that was given
+        std::copy_n(m_values, m_size, values);
+    (void)m_owned.release();
+    m_owned.reset(values);
+    m_values = values;
+    m_capacity = points;
+}
+
+void PlotSeries::useRoom(double *room, int points)
+{
+    m_values = room;
     m_capacity = points;
 }
 
 void PlotSeries::clear()
 {
-    m_values.reset();
+    m_values = nullptr;
+    m_owned.reset();
+    m_blocks.clear();
     m_size = 0;
     m_capacity = 0;
     restartExtremes();

@@ -1,5 +1,6 @@
 #include "graph/seriesstore.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace {
@@ -7,6 +8,28 @@ namespace {
 constexpr int balancerPeriod = 5; // s between two lines of a balancer, which sends no time
 constexpr int dvWeight = 12; // of the dV average; also the steps of 5 s in a minute
 constexpr int recordsForMark = 6; // fewer records than these have no end mark
+
+// The series that are a record's own figures: calls add(kind, figure of a record).
+template <typename Add>
+void eachBaseFigure(const Add &add)
+{
+    add(SeriesStore::Time, [](const Varnel3Data &record) { return double(record.time); });
+    add(SeriesStore::Voltage, [](const Varnel3Data &record) { return record.voltage / 1000.0; });
+    add(SeriesStore::Current, [](const Varnel3Data &record) { return record.current / 1000.0; });
+    add(SeriesStore::Energy, [](const Varnel3Data &record) { return double(record.energy); });
+}
+
+// The same of its cells, of which `count` have a series.
+template <typename Add>
+void eachCellFigure(int count, const Add &add)
+{
+    add(SeriesStore::CellMin, [](const Varnel3Data &record) { return record.cellMin / 1000.0; });
+    add(SeriesStore::CellMax, [](const Varnel3Data &record) { return record.cellMax / 1000.0; });
+    add(SeriesStore::CellAverage, [](const Varnel3Data &record) { return record.cellAverage / 1000.0; });
+    for (int i = 0; i < count; ++i)
+        add(SeriesStore::Cell1 + i,
+            [i](const Varnel3Data &record) { return record.cells[i].voltage / 1000.0; });
+}
 
 bool sendsNoEndLetter(int device)
 {
@@ -60,16 +83,23 @@ void SeriesStore::completeNewest()
 
 void SeriesStore::addBasePoints(const Varnel3Data &record)
 {
-    PlotSeries &time = m_series[Time];
-    m_timeMonotone = m_timeMonotone && (time.isEmpty() || record.time >= time.last());
-    m_temperatureSum = time.isEmpty() ? qint64(record.temperature) * 4
-                                      : m_temperatureSum - m_temperatureSum / 4 + record.temperature;
-    m_series[Temperature].append(
-        time.isEmpty() ? record.temperature / 10.0 : double(m_temperatureSum / 4) / 10.0);
-    time.append(record.time);
-    m_series[Current].append(record.current / 1000.0);
-    m_series[Voltage].append(record.voltage / 1000.0);
-    m_series[Energy].append(record.energy);
+    addTemperature(record);
+    eachBaseFigure([&](int kind, const auto &figure) { m_series[kind].append(figure(record)); });
+    noteTime(size() - 1);
+}
+
+void SeriesStore::noteTime(int index)
+{
+    const PlotSeries &times = m_series[Time];
+    m_timeMonotone = m_timeMonotone && (index == 0 || times[index] >= times[index - 1]);
+}
+
+void SeriesStore::addTemperature(const Varnel3Data &record)
+{
+    PlotSeries &points = m_series[Temperature];
+    m_temperatureSum = points.isEmpty() ? qint64(record.temperature) * 4
+                                        : m_temperatureSum - m_temperatureSum / 4 + record.temperature;
+    points.append(points.isEmpty() ? record.temperature / 10.0 : double(m_temperatureSum / 4) / 10.0);
 }
 
 void SeriesStore::addLiveResistance()
@@ -132,12 +162,8 @@ void SeriesStore::addCellPoints(const Varnel3Data &record)
             m_series[kind].append(m_series[kind].last());
         return;
     }
-    m_series[CellMin].append(record.cellMin / 1000.0);
-    m_series[CellMax].append(record.cellMax / 1000.0);
-    m_series[CellAverage].append(record.cellAverage / 1000.0);
+    eachCellFigure(m_cellCount, [&](int kind, const auto &figure) { m_series[kind].append(figure(record)); });
     m_series[CellDelta].append(m_series[CellMax].last() - m_series[CellMin].last());
-    for (int i = 0; i < m_cellCount; ++i)
-        m_series[Cell1 + i].append(record.cells[i].voltage / 1000.0);
 }
 
 void SeriesStore::markEnd()
@@ -178,29 +204,69 @@ void SeriesStore::beginLoad(RecordList records)
     if (m_records.isEmpty())
         return;
     begin(m_records.first());
-    for (int kind = 0; kind < (m_hasCells ? Cell1 + m_cellCount : int(CellMin)); ++kind)
-        m_series[kind].reserve(size());
+    makeRoom(size());
 }
 
+// A block of records stays in the processor's nearest memory while each series takes its figures.
 bool SeriesStore::loadSome(int most)
 {
     const int first = m_series[Time].size();
-    const int end = first + qMin(most, size() - first);
-    for (int i = first; i < end; ++i) {
-        Varnel3Data &record = m_records[i];
-        record.balancedMah = record.maxBalanceChargeMah();
-        addBasePoints(record);
-        addLoadedResistance(i);
-        addDv(i);
-        addCellPoints(record);
-        findMark(i);
+    const int last = first + qMin(most, size() - first);
+    for (int begin = first; begin < last;) {
+        const int end = qMin((begin / PlotSeries::blockSize + 1) * PlotSeries::blockSize, last);
+        loadFigures(begin, end);
+        for (; begin < end; ++begin) {
+            noteTime(begin);
+            addTemperature(m_records[begin]);
+            addDv(begin);
+            addLoadedResistance(begin);
+            findMark(begin);
+        }
     }
-    return end < size();
+    return last < size();
 }
 
 double SeriesStore::loadProgress() const
 {
     return isEmpty() ? 1.0 : double(m_series[Time].size()) / size();
+}
+
+// One block for all series of a long file; series of a short one take what they need.
+void SeriesStore::makeRoom(int records)
+{
+    const int kinds = m_hasCells ? Cell1 + m_cellCount : int(CellMin);
+    const size_t size = size_t(kinds) * size_t(records) * sizeof(double);
+    if (size < 4 * LargeBlock::pageSize) {
+        std::for_each(m_series, m_series + kinds, [records](PlotSeries &series) { series.reserve(records); });
+        return;
+    }
+    m_room = LargeBlock(size);
+    auto *room = static_cast<double *>(m_room.data());
+    for (int kind = 0; kind < kinds; ++kind, room += records)
+        m_series[kind].useRoom(room, records);
+}
+
+// The same points as of records one by one, of records that lie side by side.
+void SeriesStore::loadFigures(int begin, int end)
+{
+    static_assert(RecordList::blockSize % PlotSeries::blockSize == 0, "records lie side by side");
+    const Varnel3Data *const records = &m_records[begin];
+    const int count = end - begin;
+    const auto add = [&](int kind, const auto &figure) {
+        m_series[kind].appendRun(count, [&](int i) { return figure(records[i]); });
+    };
+    eachBaseFigure(add);
+    if (!m_hasCells)
+        return;
+    const auto hasCells = [](const Varnel3Data &record) { return record.flag5 == 'B'; };
+    if (!std::all_of(records, records + count, hasCells)) {
+        std::for_each(records, records + count, [this](const Varnel3Data &record) { addCellPoints(record); });
+        return;
+    }
+    eachCellFigure(m_cellCount, add);
+    const double *const highest = m_series[CellMax].end() - count;
+    const double *const lowest = m_series[CellMin].end() - count;
+    m_series[CellDelta].appendRun(count, [&](int i) { return highest[i] - lowest[i]; });
 }
 
 bool SeriesStore::applyResistanceLine(const QString &line)

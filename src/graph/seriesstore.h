@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/balanceintegrator.h"
+#include "data/largeblock.h"
 #include "data/recordlist.h"
 #include "graph/plotseries.h"
 #include "graph/resistancefold.h"
@@ -79,9 +80,14 @@ private:
     void addDv(int index);
     void addLiveResistance();
     void addLoadedResistance(int index);
+    void addTemperature(const Varnel3Data &record);
+    void noteTime(int index);
+    void makeRoom(int records);
+    void loadFigures(int begin, int end);
     void addCellPoints(const Varnel3Data &record);
 
     RecordList m_records;
+    LargeBlock m_room; // of the series of a file, until they outgrow it
     PlotSeries m_series[kindCount];
     BalanceIntegrator m_balance;
     ResistanceFold m_resistance;

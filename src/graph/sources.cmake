@@ -2,6 +2,8 @@
 target_sources(varnel_core PRIVATE
     graph/cellselection.h
     graph/csvexport.cpp graph/csvexport.h
+    graph/extremes.cpp graph/extremes.h
+    graph/interval.cpp graph/interval.h
     graph/plotseries.cpp graph/plotseries.h
     graph/resistancefold.cpp graph/resistancefold.h
     graph/seriesstore.cpp graph/seriesstore.h
@@ -14,7 +16,6 @@ target_sources(varnel_gui PRIVATE
     graph/curveoutline.cpp graph/curveoutline.h
     graph/curvepainter.cpp graph/curvepainter.h
     graph/curvespans.cpp graph/curvespans.h
-    graph/extremes.cpp graph/extremes.h
     graph/figures.cpp graph/figures.h
     graph/framepainter.cpp graph/framepainter.h
     graph/graphcanvas.cpp graph/graphcanvas.h
@@ -27,7 +28,6 @@ target_sources(varnel_gui PRIVATE
     graph/graphscene.cpp graph/graphscene.h
     graph/graphviewport.cpp graph/graphviewport.h
     graph/graphzoom.cpp graph/graphzoom.h
-    graph/interval.cpp graph/interval.h
     graph/legendpainter.cpp graph/legendpainter.h
     graph/mdigraphchild.cpp graph/mdigraphchild.h
     graph/processend.cpp graph/processend.h

@@ -345,6 +345,8 @@ void TestLineParsers::bytesAndTextAgree()
 {
     const QByteArrayList seeds = {chargerLine("#06C05_1__B2", plainFigures).toLatin1(),
         chargerLine("#16C05_1__B2", plainFigures).toLatin1(),
+        chargerLine("#06C05_1__B2", "262143,25200,02000,025,01234,00045").toLatin1(),
+        chargerLine("#06C05_1__B2", "4262143000,25200,02000,025,01234,00045").toLatin1(),
         "#03F05____B0,00001,00002,00003,004,00005,00006,4000,:,4001,1" + QByteArray(",0000,0").repeated(14),
         "#F0605 00123,25200+02000,025,01234", "#F0605 00123,25200,+2000,025,01234",
         balancerLine("#t0306D4000").toLatin1(), "!1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16"};
