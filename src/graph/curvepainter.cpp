@@ -39,8 +39,15 @@ void CurvePainter::updateColumns(const Job &job)
     if (key == m_columnsKey)
         return;
     m_columnsKey = key;
-    m_columns.assign(job.store->series(SeriesStore::Time).begin(), job.store->size(), job.timeMap,
-        job.area.left(), job.area.right());
+    m_columns.assign(job.store->series(SeriesStore::Time).begin(), job.store->size(),
+        job.store->isTimeMonotone(), job.timeMap, job.area.left(), job.area.right());
+}
+
+// Few samples are drawn as they are. Where times run back all count, since any may be on the area.
+bool CurvePainter::isSparse(const Job &job) const
+{
+    const int samples = job.store->isTimeMonotone() ? m_columns.sampleCount() : job.store->size();
+    return samples <= samplesForSpans * job.area.width();
 }
 
 void CurvePainter::draw(QPainter *painter, const Job &job)
@@ -54,24 +61,16 @@ void CurvePainter::draw(QPainter *painter, const Job &job)
     if (times[job.first]
         == times.last()) // a single record, or a clock that stands still: no line has a length
         drawPoint(painter, job);
-    if (!job.store->isTimeMonotone()) {
+    updateColumns(job);
+    if (isSparse(job)) {
         drawLines(painter, job);
+    } else if (QwtPainter::roundingAlignment(painter)) {
+        drawSpans(painter, job);
     } else {
-        updateColumns(job);
-        if (m_columns.sampleCount() <= samplesForSpans * job.area.width())
-            drawLines(painter, job);
-        else if (QwtPainter::roundingAlignment(painter))
-            drawSpans(painter, job);
-        else
-            QwtPainter::drawPolyline(painter, curveOutline(sourceOf(job), job.store->size(), job.area));
+        QwtPainter::drawPolyline(
+            painter, curveOutline(*job.store, job.series, job.first, job.timeMap, job.valueMap, job.area));
     }
     painter->restore();
-}
-
-CurveSpans::Source CurvePainter::sourceOf(const Job &job) const
-{
-    return {job.store->series(SeriesStore::Time).begin(), job.store->series(job.series).begin(), job.first,
-        m_columns, job.timeMap, job.valueMap};
 }
 
 void CurvePainter::drawSpans(QPainter *painter, const Job &job)
@@ -81,21 +80,19 @@ void CurvePainter::drawSpans(QPainter *painter, const Job &job)
     if (!(key == found.key)) {
         found.key = key;
         found.spans.assign(
-            {job.store->series(SeriesStore::Time).begin(), job.store->series(job.series).begin(), job.first,
-                m_columns, job.timeMap, job.valueMap},
-            job.area, job.width);
+            {job.store->series(job.series), job.first, m_columns, job.valueMap}, job.area, job.width);
     }
     found.spans.draw(painter);
 }
 
-// Few samples on the area, or times that run back: lines through the samples on the area and their neighbours.
+// Lines through the samples on the area and their neighbours; where times run back, through all.
 void CurvePainter::drawLines(QPainter *painter, const Job &job) const
 {
     int begin = job.first;
     int end = job.store->size();
     if (job.store->isTimeMonotone()) {
-        begin = std::max(begin, m_columns.start(0) - 1);
-        end = std::min(end, m_columns.start(m_columns.columnCount()) + 1);
+        begin = std::max(begin, m_columns.stretches().front().begin);
+        end = m_columns.stretches().back().end;
     }
     if (end - begin < 1)
         return;

@@ -44,7 +44,7 @@ private:
 
     static Key keyOf(const Job &job);
     void updateColumns(const Job &job);
-    CurveSpans::Source sourceOf(const Job &job) const;
+    bool isSparse(const Job &job) const;
     void drawSpans(QPainter *painter, const Job &job);
     void drawLines(QPainter *painter, const Job &job) const;
     void drawPoint(QPainter *painter, const Job &job) const;

@@ -1,32 +1,21 @@
 #include "graph/curvespans.h"
 
-#include "graph/extremes.h"
+#include "graph/pixels.h"
+#include "graph/plotseries.h"
 #include "graph/timecolumns.h"
 #include "graph/vectorstate.h"
 
 #include <QPainter>
 
-#include <qwt_scale_map.h>
-
 #include <algorithm>
-
-namespace {
-
-int pixel(const QwtScaleMap &map, double value)
-{
-    constexpr double far = 1e6; // no screen is that large, and sums of such numbers stay integers
-    return qRound(qBound(-far, map.transform(value), far));
-}
-
-} // namespace
 
 CurveSpans::Column CurveSpans::columnAt(const Source &source, int x, int begin, int end)
 {
-    const Interval extremes = extremesOf(source.values, begin, end);
-    const int a = pixel(source.valueMap, extremes.low);
-    const int b = pixel(source.valueMap, extremes.high);
-    return {x, qMin(a, b), qMax(a, b), pixel(source.valueMap, source.values[begin]),
-        pixel(source.valueMap, source.values[end - 1])};
+    const Interval extremes = source.values.extremes(begin, end);
+    const int a = pixelOf(source.valueMap, extremes.low);
+    const int b = pixelOf(source.valueMap, extremes.high);
+    return {x, qMin(a, b), qMax(a, b), pixelOf(source.valueMap, source.values[begin]),
+        pixelOf(source.valueMap, source.values[end - 1])};
 }
 
 void CurveSpans::assign(const Source &source, const QRect &area, int width)
@@ -35,21 +24,13 @@ void CurveSpans::assign(const Source &source, const QRect &area, int width)
     m_width = width;
     m_spans.clear();
     m_lines.clear();
-    const TimeColumns &columns = source.columns;
-    const auto sampleColumn = [&source](int sample) {
-        return columnAt(source, pixel(source.timeMap, source.times[sample]), sample, sample + 1);
-    };
-
     Column current = {0, 0, 0, 0, 0};
-    bool hasCurrent = columns.start(0) > source.first;
-    if (hasCurrent)
-        current = sampleColumn(columns.start(0) - 1); // the last one left of the area
-    for (int i = 0; i < columns.columnCount(); ++i) {
-        const int begin = qMax(columns.start(i), source.first);
-        const int end = columns.start(i + 1);
-        if (begin >= end)
+    bool hasCurrent = false;
+    for (const TimeColumns::Stretch &stretch : source.columns.stretches()) {
+        const int begin = qMax(stretch.begin, source.first);
+        if (begin >= stretch.end)
             continue;
-        const Column next = columnAt(source, columns.left() + i, begin, end);
+        const Column next = columnAt(source, stretch.x, begin, stretch.end);
         if (hasCurrent) {
             join(&current, next);
             addSpan(current, area);
@@ -57,9 +38,6 @@ void CurveSpans::assign(const Source &source, const QRect &area, int width)
         current = next;
         hasCurrent = true;
     }
-    const int beyond = columns.start(columns.columnCount());
-    if (hasCurrent && beyond < columns.seriesSize() && beyond >= source.first)
-        join(&current, sampleColumn(beyond));
     if (hasCurrent)
         addSpan(current, area);
 }

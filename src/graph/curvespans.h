@@ -4,6 +4,7 @@
 #include <QRect>
 #include <QVector>
 
+class PlotSeries;
 class QPainter;
 class QwtScaleMap;
 class TimeColumns;
@@ -12,13 +13,11 @@ class TimeColumns;
 /// not tell all. Covers the same pixels as lines through all samples, each rounded to its pixel.
 class CurveSpans {
 public:
-    /// What the spans are made of. The arrays have as many values as `columns` has samples.
+    /// What the spans are made of: the values with the columns of their times.
     struct Source {
-        const double *times;
-        const double *values;
+        const PlotSeries &values;
         int first; ///< samples before it don't belong to the curve
         const TimeColumns &columns;
-        const QwtScaleMap &timeMap;
         const QwtScaleMap &valueMap;
     };
 

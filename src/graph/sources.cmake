@@ -30,6 +30,7 @@ target_sources(varnel_gui PRIVATE
     graph/graphzoom.cpp graph/graphzoom.h
     graph/legendpainter.cpp graph/legendpainter.h
     graph/mdigraphchild.cpp graph/mdigraphchild.h
+    graph/pixels.h
     graph/processend.cpp graph/processend.h
     graph/scaledrawtime.cpp graph/scaledrawtime.h
     graph/timecolumns.cpp graph/timecolumns.h

@@ -4,26 +4,37 @@
 
 class QwtScaleMap;
 
-/// Which samples of an ascending time series fall on which pixel column of a plot area: the one partition that all
-/// curves of the area share. A column takes the samples whose position rounds to it.
+/// Which samples of a time series fall on which pixel column of a plot area: the one partition that all curves of the
+/// area share. A column takes the samples whose position rounds to it.
 class TimeColumns {
 public:
-    /// Sorts the `count` values at `times` into the columns left-1..right+1, one column beyond each edge so that lines
-    /// reach over it.
-    void assign(const double *times, int count, const QwtScaleMap &map, int left, int right);
+    /// Neighbouring samples on one column.
+    struct Stretch {
+        int x;
+        int begin;
+        int end; ///< one past the last
+    };
 
-    int left() const { return m_left; } ///< first column, one before the area
-    int columnCount() const { return int(m_starts.size()) - 1; }
-    /// First sample of column left() + `column`, which is one past the last of the column before; `column` may be
-    /// columnCount().
-    int start(int column) const { return m_starts[std::size_t(column)]; }
+    /// Sorts the `count` values at `times` into the columns left-1..right+1, one column beyond each edge so that lines
+    /// reach over it. Where they do not ascend throughout, the cost is one look at each of them.
+    void assign(const double *times, int count, bool ascending, const QwtScaleMap &map, int left, int right);
+
+    /// What a curve passes through on its way, in the order of the samples; in ascending times a column once at most.
+    /// Before and after columns of the area stands the neighbour outside. Of a series that jumps about more than
+    /// any device does, several stretches are one, in the column of the first.
+    const std::vector<Stretch> &stretches() const { return m_stretches; }
     /// Samples on all columns together.
-    int sampleCount() const { return m_starts.back() - m_starts.front(); }
-    /// Samples in the series, on a column or not.
-    int seriesSize() const { return m_seriesSize; }
+    int sampleCount() const { return m_sampleCount; }
 
 private:
-    int m_left = 0;
-    int m_seriesSize = 0;
-    std::vector<int> m_starts = {0};
+    void assignAscending(const double *times, int count, const QwtScaleMap &map);
+    void assignAny(const double *times, int count, const QwtScaleMap &map);
+    void add(const Stretch &stretch);
+    void thinOut();
+    int sideOf(int x) const { return x < m_left ? -1 : x > m_right; }
+
+    int m_left = 0; // columns taken, the one beyond each edge included
+    int m_right = 0;
+    int m_sampleCount = 0;
+    std::vector<Stretch> m_stretches;
 };
