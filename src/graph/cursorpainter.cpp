@@ -2,6 +2,7 @@
 
 #include "data/timetext.h"
 #include "graph/figures.h"
+#include "graph/graphfonts.h"
 #include "graph/seriesstore.h"
 
 #include <QFontMetrics>
@@ -66,7 +67,7 @@ QVector<CursorPainter::Line> CursorPainter::valuesAt(const GraphScene &scene, in
 // As many columns as the height asks for.
 CursorPainter::Block CursorPainter::blockOf(const QVector<Line> &lines) const
 {
-    const QFontMetrics metrics(GraphCanvas::font(8));
+    const QFontMetrics metrics(c.fonts.font(8));
     int nameWidth = 0;
     int valueWidth = 0;
     for (const Line &line : lines) {
@@ -93,7 +94,7 @@ void CursorPainter::paintValues(const QVector<Line> &lines, const Block &block, 
     p->setPen(c.colours.grid());
     p->setBrush(back);
     p->drawRect(box);
-    p->setFont(GraphCanvas::font(8));
+    p->setFont(c.fonts.font(8));
     const int height = p->fontMetrics().height();
     for (int i = 0; i < lines.size(); ++i) {
         const QRect row(box.left() + margin + i / block.rows * (block.columnWidth + columnGap),

@@ -1,6 +1,7 @@
 #include "graph/framepainter.h"
 
 #include "graph/figures.h"
+#include "graph/graphfonts.h"
 #include "graph/scaledrawtime.h"
 #include "graph/seriesstore.h"
 #include "graph/timedivision.h"
@@ -48,7 +49,7 @@ void FramePainter::paintBadge()
     const QString number = QString::number(c.picture.windowNumber);
     p->fillRect(badge, Qt::yellow);
     p->setPen(Qt::black);
-    p->setFont(GraphCanvas::fittedFont(10, number, badge.width()));
+    p->setFont(c.fonts.fit(10, number, badge.width()).font);
     p->drawText(badge, Qt::AlignCenter, number);
 }
 
@@ -57,14 +58,14 @@ void FramePainter::paintInformation()
     const QRect line(0, 0, c.layout.width(), c.layout.plotTop() - 1);
     const QString note = c.picture.note.isEmpty() ? QString() : c.picture.note + QStringLiteral("   ");
     QString text;
-    QFont font;
+    GraphFonts::Fit fit;
     for (int parts = informationParts; parts >= 0; --parts) {
         text = note + informationText(c.picture.store->records().last(), parts);
-        font = GraphCanvas::fittedFont(9, text, line.width());
-        if (QFontMetrics(font).horizontalAdvance(text) <= line.width())
+        fit = c.fonts.fit(9, text, line.width());
+        if (fit.width <= line.width())
             break;
     }
-    p->setFont(font);
+    p->setFont(fit.font);
     p->setPen(note.isEmpty() ? c.colours.text() : c.colours.note());
     p->drawText(line, Qt::AlignCenter, text);
 }
@@ -99,7 +100,7 @@ void FramePainter::paintTimeAxis()
     const int bottom = c.layout.plotBottom();
     p->setPen(c.colours.axis());
     p->drawLine(c.layout.plotLeft(), bottom, c.layout.plotRight(), bottom);
-    p->setFont(GraphCanvas::font(8));
+    p->setFont(c.fonts.font(8));
     const QFontMetrics metrics(p->font());
     const ScaleDrawTime scale;
     const QVector<Tick> all = ticks();
@@ -174,10 +175,10 @@ void FramePainter::paintNoData(const QRect &rect, double points, const QColor &c
 {
     const QString text = QCoreApplication::translate("MdiGraphChild", "NO DATA");
     p->setPen(colour);
-    p->setFont(GraphCanvas::fittedFont(points, text, rect.width()));
+    p->setFont(c.fonts.fit(points, text, rect.width()).font);
     p->drawText(rect, Qt::AlignCenter, text);
     const int below = rect.center().y() + QFontMetrics(p->font()).height() / 2;
-    p->setFont(GraphCanvas::fittedFont(9, reason, rect.width()));
+    p->setFont(c.fonts.fit(9, reason, rect.width()).font);
     p->drawText(
         QRect(rect.left(), below, rect.width(), QFontMetrics(p->font()).height()), Qt::AlignCenter, reason);
 }

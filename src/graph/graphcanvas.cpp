@@ -2,12 +2,7 @@
 
 #include "graph/seriesstore.h"
 
-#include <QFontMetrics>
-
 namespace {
-
-constexpr double pixelsPerPoint = 96.0 / 72.0;
-constexpr int smallestFont = 8; // px
 
 QwtScaleMap shownTimes(const GraphPicture &picture, const GraphLayout &layout)
 {
@@ -19,26 +14,12 @@ QwtScaleMap shownTimes(const GraphPicture &picture, const GraphLayout &layout)
 
 } // namespace
 
-GraphCanvas::GraphCanvas(QPainter *usedPainter, const GraphPicture &shownPicture)
+GraphCanvas::GraphCanvas(QPainter *usedPainter, const GraphPicture &shownPicture, GraphFonts &usedFonts)
     : painter(usedPainter)
     , picture(shownPicture)
+    , fonts(usedFonts)
     , layout(shownPicture.size, shownPicture.store->size())
     , colours(shownPicture.switches.blackBackground)
     , timeMap(shownTimes(shownPicture, layout))
 {
-}
-
-QFont GraphCanvas::font(double points)
-{
-    QFont font(QStringLiteral("Arial"));
-    font.setPixelSize(qRound(points * pixelsPerPoint));
-    return font;
-}
-
-QFont GraphCanvas::fittedFont(double points, const QString &text, int width)
-{
-    QFont fitted = font(points);
-    while (fitted.pixelSize() > smallestFont && QFontMetrics(fitted).horizontalAdvance(text) > width)
-        fitted.setPixelSize(fitted.pixelSize() - 1);
-    return fitted;
 }

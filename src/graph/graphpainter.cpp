@@ -12,7 +12,7 @@
 void GraphPainter::paint(QPainter *painter, const GraphPicture &picture)
 {
     painter->save();
-    const GraphCanvas canvas(painter, picture);
+    const GraphCanvas canvas(painter, picture, m_fonts);
     FramePainter frame(canvas);
     frame.paintBackground();
     frame.paintBadge();

@@ -1,12 +1,13 @@
 #pragma once
 
 #include "graph/curvepainter.h"
+#include "graph/graphfonts.h"
 
 struct GraphCanvas;
 struct GraphPicture;
 struct GraphScene;
 
-/// Paints graphs, for screen, printer and file alike. Keeps what it found of the curves, so that painting the same
+/// Paints graphs, for screen, printer and file alike. Keeps what it found of curves and texts, so that painting the same
 /// recording again costs little; keep one painter for each recording that is shown.
 class GraphPainter {
 public:
@@ -19,4 +20,5 @@ private:
     static void paintPointer(const GraphCanvas &canvas, const GraphScene &scene);
 
     CurvePainter m_curves;
+    GraphFonts m_fonts;
 };

@@ -1,9 +1,9 @@
 #include "graph/legendpainter.h"
 
 #include "graph/celllegend.h"
+#include "graph/graphfonts.h"
 
 #include <QCoreApplication>
-#include <QFontMetrics>
 #include <QPainter>
 
 #include <algorithm>
@@ -26,14 +26,6 @@ bool isNumbered(const GraphScene::Entry &entry)
     return entry.name.size() <= 2;
 }
 
-bool fits(const GraphScene::Entry &entry, const QRect &row, const QFont &font)
-{
-    const QFontMetrics metrics(font);
-    const int name = isNumbered(entry) ? markWidth + numberWidth
-                                       : markHeight + textGap + metrics.horizontalAdvance(entry.name);
-    return name + 2 * textGap + metrics.horizontalAdvance(entry.value) + textGap <= row.width();
-}
-
 } // namespace
 
 LegendPainter::LegendPainter(const GraphCanvas &canvas)
@@ -54,23 +46,29 @@ void LegendPainter::paint(const GraphScene &scene)
     paintEntries(scene.lowerLegend, c.layout.legend(PlotArea::Lower));
 }
 
+bool LegendPainter::fits(const GraphScene::Entry &entry, const QRect &row, int font)
+{
+    const int name = isNumbered(entry) ? markWidth + numberWidth
+                                       : markHeight + textGap + c.fonts.widthIn(font, entry.name);
+    return name + 2 * textGap + c.fonts.widthIn(font, entry.value) + textGap <= row.width();
+}
+
 void LegendPainter::paintCells(const GraphScene &scene)
 {
     const CellLegend legend(c.layout, scene.upperLegend.size());
-    QFont font = GraphCanvas::font(8);
-    font.setPixelSize(qMin(font.pixelSize(), qMax(smallestFont, legend.heading(0).height() - 1)));
-    p->setFont(font);
+    int font = c.fonts.font(8).pixelSize();
+    font = qMin(font, qMax(smallestFont, legend.heading(0).height() - 1));
+    p->setFont(c.fonts.ofSize(font));
     p->setPen(c.colours.heading());
     const QString headings[] = {QCoreApplication::translate("MdiGraphChild", "   Cels:"),
         scene.cellHeading + QLatin1Char(' ') + scene.cellUnit};
     for (int line = 0; line < 2; ++line)
         p->drawText(legend.heading(line), Qt::AlignLeft | Qt::AlignVCenter, headings[line]);
     const auto fit = [&](const GraphScene::Entry &entry) { return fits(entry, legend.row(0), font); };
-    while (font.pixelSize() > smallestFont
-        && !std::all_of(scene.upperLegend.begin(), scene.upperLegend.end(), fit))
-        font.setPixelSize(font.pixelSize() - 1);
+    while (font > smallestFont && !std::all_of(scene.upperLegend.begin(), scene.upperLegend.end(), fit))
+        --font;
     for (int i = 0; i < scene.upperLegend.size(); ++i)
-        paintRow(scene.upperLegend[i], legend.row(i), font);
+        paintRow(scene.upperLegend[i], legend.row(i), c.fonts.ofSize(font));
 }
 
 void LegendPainter::paintRow(const GraphScene::Entry &entry, const QRect &row, QFont font)
@@ -78,7 +76,8 @@ void LegendPainter::paintRow(const GraphScene::Entry &entry, const QRect &row, Q
     const QColor background = entry.marked ? c.colours.highlight() : c.colours.background();
     if (entry.marked)
         p->fillRect(row, background);
-    font.setBold(entry.marked);
+    if (entry.marked)
+        font.setBold(true);
     p->setFont(font);
     if (isNumbered(entry)) {
         p->fillRect(row.left() + 1, row.center().y() - 1, markWidth - 2, markHeight, entry.colour);
@@ -121,8 +120,7 @@ void LegendPainter::paintEntries(const QVector<GraphScene::Entry> &entries, cons
 
 void LegendPainter::paintText(const QString &text, const QRect &line, int alignment)
 {
-    QFont font = GraphCanvas::fittedFont(8, text, line.width());
-    font.setPixelSize(qMin(font.pixelSize(), qMax(smallestFont, line.height() - 1)));
-    p->setFont(font);
+    const int pixels = c.fonts.fit(8, text, line.width()).font.pixelSize();
+    p->setFont(c.fonts.ofSize(qMin(pixels, qMax(smallestFont, line.height() - 1))));
     p->drawText(line, alignment, text);
 }

@@ -11,6 +11,7 @@ public:
     void paint(const GraphScene &scene);
 
 private:
+    bool fits(const GraphScene::Entry &entry, const QRect &row, int font);
     void paintCells(const GraphScene &scene);
     void paintRow(const GraphScene::Entry &entry, const QRect &row, QFont font);
     void paintEntries(const QVector<GraphScene::Entry> &entries, const QRect &column);

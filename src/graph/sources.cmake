@@ -20,6 +20,7 @@ target_sources(varnel_gui PRIVATE
     graph/framepainter.cpp graph/framepainter.h
     graph/graphcanvas.cpp graph/graphcanvas.h
     graph/graphcolours.cpp graph/graphcolours.h
+    graph/graphfonts.cpp graph/graphfonts.h
     graph/graphhost.h
     graph/graphinteraction.cpp graph/graphinteraction.h graph/graphkeys.cpp
     graph/graphlayout.cpp graph/graphlayout.h

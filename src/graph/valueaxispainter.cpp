@@ -1,8 +1,8 @@
 #include "graph/valueaxispainter.h"
 
 #include "graph/figures.h"
+#include "graph/graphfonts.h"
 
-#include <QFontMetrics>
 #include <QLocale>
 #include <QPainter>
 
@@ -52,8 +52,7 @@ void ValueAxisPainter::paint(const GraphScene::Axis &axis)
     for (int step = 0; step <= steps; ++step) {
         const double value = range.low + (range.high - range.low) * step / steps;
         QString text = figure(value, axis.fieldWidth, decimals);
-        if (QFontMetrics(GraphCanvas::fittedFont(8, text, place.width)).horizontalAdvance(text)
-            > place.width + besideLine)
+        if (c.fonts.fit(8, text, place.width).width > place.width + besideLine)
             text = QLocale().toString(value, 'g', 3); // a figure that no battery gives
         drawLabel(place, axis.side, heights[step] + baselineBelow, text);
     }
@@ -64,10 +63,10 @@ void ValueAxisPainter::paint(const GraphScene::Axis &axis)
 
 void ValueAxisPainter::drawLabel(const Place &place, GraphScene::Side side, int baseline, const QString &text)
 {
-    c.painter->setFont(GraphCanvas::fittedFont(8, text, place.width));
-    const int width = QFontMetrics(c.painter->font()).horizontalAdvance(text);
+    const GraphFonts::Fit fit = c.fonts.fit(8, text, place.width);
+    c.painter->setFont(fit.font);
     int left = place.left;
-    if (side == GraphScene::Side::Left && width > place.width)
-        left = place.left + place.width - width; // rather further out than into the plot
+    if (side == GraphScene::Side::Left && fit.width > place.width)
+        left = place.left + place.width - fit.width; // rather further out than into the plot
     c.painter->drawText(left, baseline, text);
 }

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QFont>
+#include <QHash>
+#include <QMap>
+#include <QPair>
+#include <QString>
+
+/// The fonts of a graph's texts. Looking a font up and measuring a text costs more than drawing a long curve, so that
+/// both are remembered: keep one with each painter.
+class GraphFonts {
+public:
+    /// A font and what a text measures in it, px.
+    struct Fit {
+        QFont font;
+        int width;
+    };
+
+    /// Arial of `points` at 96 dpi, on every device, because the layout counts in such pixels.
+    QFont font(double points);
+    /// font(points), or smaller so that `text` is at most `width` px wide, if that can still be read.
+    Fit fit(double points, const QString &text, int width);
+    /// The font of `pixels` px.
+    QFont ofSize(int pixels);
+    /// Width of `text` in it, px.
+    int widthIn(int pixels, const QString &text);
+
+private:
+    QMap<int, QFont> m_fonts; // by size, px
+    QHash<QPair<int, QString>, int> m_widths;
+};
