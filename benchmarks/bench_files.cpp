@@ -1,5 +1,6 @@
 #include "files/datafileloader.h"
 #include "files/datafilewriter.h"
+#include "files/filesync.h"
 #include "files/wholefile.h"
 #include "graph/seriesstore.h"
 #include "naive/naiverecordline.h"
@@ -61,7 +62,7 @@ void readHouse(benchmark::State &state)
     }
 }
 
-void saveNaive(benchmark::State &state)
+void saveNaive(benchmark::State &state, bool synced)
 {
     const QTemporaryDir folder;
     const RecordList records = sampleRecording(sampleCount);
@@ -72,6 +73,9 @@ void saveNaive(benchmark::State &state)
         QTextStream stream(&file);
         for (int i = 0; i < records.size(); ++i)
             stream << naiveRecordLine(records[i]) << '\n';
+        stream.flush();
+        if (synced && !(file.flush() && syncToDisk(file.handle())))
+            state.SkipWithError("not synced");
     }
 }
 
@@ -91,5 +95,6 @@ void saveHouse(benchmark::State &state)
 
 BENCHMARK(readNaive)->Name("read file/naive")->Arg(sampleCount)->Iterations(1);
 BENCHMARK(readHouse)->Name("read file/house")->Arg(32768)->Arg(sampleCount);
-BENCHMARK(saveNaive)->Name("save file/naive")->Iterations(1);
+BENCHMARK_CAPTURE(saveNaive, plain, false)->Name("save file/naive")->Iterations(1);
+BENCHMARK_CAPTURE(saveNaive, synced, true)->Name("save file/naive synced")->Iterations(1);
 BENCHMARK(saveHouse)->Name("save file/house");

@@ -1,5 +1,6 @@
 #include "graph/curvepainter.h"
-#include "graph/seriesstore.h"
+#include "graph/graphpainter.h"
+#include "graph/graphpicture.h"
 #include "samplerecording.h"
 
 #include <QImage>
@@ -14,42 +15,63 @@
 
 namespace {
 
-constexpr int curveCount = 20;
+constexpr int allCells = Varnel3Data::maxCells;
 const QRect area(0, 0, 1400, 400);
 
-SeriesStore storeOf(int count)
+// What is shown of a recording, and how.
+struct View {
+    int firstSeries;
+    int curves;
+    int width; // px
+    double from, to; // shares of the recording's time
+    double low, high; // shares of each curve's height
+    bool setBack; // the clock, in the middle of the recording
+};
+
+constexpr View whole = {SeriesStore::Voltage, 20, 1, 0, 1, 0, 1, false};
+constexpr View wide = {SeriesStore::Voltage, 20, 2, 0, 1, 0, 1, false};
+constexpr View cells = {SeriesStore::Cell1, allCells, 1, 0, 1, 0, 1, false};
+constexpr View zoomed = {SeriesStore::Voltage, 20, 1, 0.3, 0.7, 0.25, 0.75, false};
+constexpr View setBack = {SeriesStore::Voltage, 20, 1, 0, 1, 0, 1, true};
+
+SeriesStore storeOf(int count, bool clockSetBack = false)
 {
+    RecordList records = sampleRecording(count, allCells);
+    for (int i = count / 2; clockSetBack && i < count; ++i)
+        records[i].setTime(i - count / 4);
     SeriesStore store;
-    store.load(sampleRecording(count));
+    store.load(std::move(records));
     return store;
 }
 
-// Curve `curve` of the store, over all of its area.
-CurvePainter::Job jobFor(const SeriesStore &store, int curve, int width)
+CurvePainter::Job jobFor(const SeriesStore &store, const View &view, int curve)
 {
-    const int kind = SeriesStore::Voltage + curve;
-    CurvePainter::Job job{&store, kind, 0, {}, {}, area, QColor::fromHsv(curve * 18, 255, 200), width};
-    job.timeMap.setScaleInterval(0, store.size());
+    const int kind = view.firstSeries + curve;
+    const double low = store.series(kind).minimum();
+    const double height = store.series(kind).maximum() + 0.001 - low;
+    CurvePainter::Job job{&store, kind, 0, {}, {}, area, QColor::fromHsv(curve * 18, 255, 200), view.width};
+    const double end = store.series(SeriesStore::Time).maximum();
+    job.timeMap.setScaleInterval(view.from * end, view.to * end);
     job.timeMap.setPaintInterval(area.left(), area.right());
-    job.valueMap.setScaleInterval(store.series(kind).minimum(), store.series(kind).maximum() + 0.001);
+    job.valueMap.setScaleInterval(low + view.low * height, low + view.high * height);
     job.valueMap.setPaintInterval(area.bottom(), area.top());
     return job;
 }
 
-QImage canvas()
+QImage canvas(const QSize &size = area.size())
 {
-    QImage image(area.size(), QImage::Format_RGB32);
+    QImage image(size, QImage::Format_RGB32);
     image.fill(Qt::black);
     return image;
 }
 
 // One QwtPlotCurve a series with a copy of its samples, made beforehand.
-void paintNaive(benchmark::State &state)
+void paintNaive(benchmark::State &state, const View &view)
 {
-    const SeriesStore store = storeOf(int(state.range(0)));
+    const SeriesStore store = storeOf(int(state.range(0)), view.setBack);
     std::vector<std::unique_ptr<QwtPlotCurve>> curves;
-    for (int curve = 0; curve < curveCount; ++curve) {
-        const auto job = jobFor(store, curve, int(state.range(1)));
+    for (int curve = 0; curve < view.curves; ++curve) {
+        const auto job = jobFor(store, view, curve);
         QVector<QPointF> samples;
         for (int i = 0; i < store.size(); ++i)
             samples.append({store.series(SeriesStore::Time)[i], store.series(job.series)[i]});
@@ -60,41 +82,67 @@ void paintNaive(benchmark::State &state)
     QImage image = canvas();
     for (auto _ : state) {
         QPainter painter(&image);
-        for (int curve = 0; curve < curveCount; ++curve) {
-            const auto job = jobFor(store, curve, int(state.range(1)));
+        for (int curve = 0; curve < view.curves; ++curve) {
+            const auto job = jobFor(store, view, curve);
             curves[size_t(curve)]->draw(&painter, job.timeMap, job.valueMap, area);
         }
     }
 }
 
-void paint(benchmark::State &state, bool anew)
+void paint(benchmark::State &state, const View &view, bool anew)
 {
-    const SeriesStore store = storeOf(int(state.range(0)));
+    const SeriesStore store = storeOf(int(state.range(0)), view.setBack);
     CurvePainter curves;
     QImage image = canvas();
     for (auto _ : state) {
         if (anew)
             curves = CurvePainter();
         QPainter painter(&image);
-        for (int curve = 0; curve < curveCount; ++curve)
-            curves.draw(&painter, jobFor(store, curve, int(state.range(1))));
+        for (int curve = 0; curve < view.curves; ++curve)
+            curves.draw(&painter, jobFor(store, view, curve));
     }
 }
 
 // As after a record or a resize: all is looked at again.
-void paintHouse(benchmark::State &state)
+void paintHouse(benchmark::State &state, const View &view)
 {
-    paint(state, true);
+    paint(state, view, true);
 }
 
 // As after a window was uncovered.
 void paintAgain(benchmark::State &state)
 {
-    paint(state, false);
+    paint(state, whole, false);
+}
+
+// A window with sixteen cells, frame, axes, texts and all, as a new record has it drawn.
+void paintWindow(benchmark::State &state)
+{
+    SeriesStore store = storeOf(int(state.range(0)));
+    GraphPicture picture;
+    picture.size = QSize(1400, 860);
+    picture.store = &store;
+    picture.switches.balancer = true;
+    picture.windowNumber = 1;
+    GraphPainter graph;
+    QImage image = canvas(picture.size);
+    for (auto _ : state) {
+        store.append(sampleRecord(store.size(), allCells));
+        QPainter painter(&image);
+        graph.paint(&painter, picture);
+    }
 }
 
 } // namespace
 
-BENCHMARK(paintNaive)->Name("paint/naive")->Args({sampleCount, 1})->Args({sampleCount, 2})->Iterations(1);
-BENCHMARK(paintHouse)->Name("paint/house")->Args({10000, 1})->Args({sampleCount, 1})->Args({sampleCount, 2});
-BENCHMARK(paintAgain)->Name("paint/again")->Args({sampleCount, 1});
+BENCHMARK_CAPTURE(paintNaive, whole, whole)->Name("paint/naive")->Arg(sampleCount)->Iterations(1);
+BENCHMARK_CAPTURE(paintNaive, wide, wide)->Name("paint wide/naive")->Arg(sampleCount)->Iterations(1);
+BENCHMARK_CAPTURE(paintNaive, cells, cells)->Name("paint cells/naive")->Arg(sampleCount)->Iterations(1);
+BENCHMARK_CAPTURE(paintNaive, zoomed, zoomed)->Name("paint zoomed/naive")->Arg(sampleCount)->Iterations(1);
+BENCHMARK_CAPTURE(paintHouse, whole, whole)->Name("paint/house")->Arg(10000)->Arg(sampleCount);
+BENCHMARK_CAPTURE(paintHouse, wide, wide)->Name("paint wide/house")->Arg(10000)->Arg(sampleCount);
+BENCHMARK_CAPTURE(paintHouse, cells, cells)->Name("paint cells/house")->Arg(10000)->Arg(sampleCount);
+BENCHMARK_CAPTURE(paintHouse, zoomed, zoomed)->Name("paint zoomed/house")->Arg(sampleCount);
+BENCHMARK_CAPTURE(paintHouse, setBack, setBack)->Name("paint set back/house")->Arg(sampleCount);
+BENCHMARK(paintAgain)->Name("paint/again")->Arg(sampleCount);
+BENCHMARK(paintWindow)->Name("paint window/house")->Arg(10000)->Arg(sampleCount)->Iterations(100);

@@ -1,6 +1,7 @@
 #include "files/datafilewriter.h"
 #include "files/wholefile.h"
 #include "samplerecording.h"
+#include "startprofile.h"
 
 #include <QApplication>
 
@@ -8,8 +9,11 @@
 
 /// Painting needs an application; no window is shown, so the offscreen platform will do.
 /// --write-sample FILE writes the recording that file benchmarks use, and ends.
+/// --start NS tells how the program's start, asked for at NS on the steady clock, goes on from there, and ends.
 int main(int argc, char **argv)
 {
+    if (argc == 3 && qstrcmp(argv[1], "--start") == 0)
+        return profileStart(argc, argv, QByteArray(argv[2]).toLongLong());
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_LOGGING_RULES", "default.debug=false");
     const QApplication application(argc, argv);

@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr int cellCount = 12;
-
 // Measurement noise of -2..2 that is the same on every run.
 int noise(unsigned index, unsigned stream)
 {
@@ -20,7 +18,7 @@ int noise(unsigned index, unsigned stream)
 
 } // namespace
 
-Varnel3Data sampleRecord(int index)
+Varnel3Data sampleRecord(int index, int cells)
 {
     const auto n = unsigned(index);
     const double course = 1.0 - std::exp(-index / 40000.0);
@@ -30,13 +28,13 @@ Varnel3Data sampleRecord(int index)
     record.cellType = 5;
     record.flag5 = 'B';
     record.ballansingCurrent = 500;
-    record.cellCount = cellCount;
+    record.cellCount = cells;
     record.setTime(index);
     record.current = 2000 - int(1500 * course) + noise(n, 1);
     record.temperature = 250 + int(60 * course) + noise(n, 2);
     record.energy = index / 2 % 100000;
     record.internalResistance = index % 97 == 0 ? 0 : 45 + noise(n, 3);
-    for (int i = 0; i < cellCount; ++i) {
+    for (int i = 0; i < cells; ++i) {
         CellData &cell = record.cells[i];
         cell.voltage = 3300 + int(850 * course) + 3 * i + noise(n, 10 + unsigned(i));
         cell.balance = (index / 50 + i) % 11 * 10;
@@ -44,19 +42,19 @@ Varnel3Data sampleRecord(int index)
     }
     // as a parser sets them
     record.cellMax = record.cellMin = record.cells[0].voltage;
-    for (int i = 1; i < cellCount; ++i) {
+    for (int i = 1; i < cells; ++i) {
         record.cellMax = qMax(record.cellMax, record.cells[i].voltage);
         record.cellMin = qMin(record.cellMin, record.cells[i].voltage);
     }
-    record.cellAverage = record.voltage / cellCount;
+    record.cellAverage = record.voltage / cells;
     return record;
 }
 
-RecordList sampleRecording(int count)
+RecordList sampleRecording(int count, int cells)
 {
     RecordList records;
     for (int i = 0; i < count; ++i)
-        records.append(sampleRecord(i));
+        records.append(sampleRecord(i, cells));
     return records;
 }
 

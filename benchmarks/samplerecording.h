@@ -6,11 +6,11 @@
 
 constexpr int sampleCount = 262144; ///< records of a long recording: three days at one a second
 
-/// Record `index` of a made-up charge of twelve cells, one a second: every field in use, the same at every call.
-Varnel3Data sampleRecord(int index);
+/// Record `index` of a made-up charge of `cells` cells, one a second: every field in use, the same at every call.
+Varnel3Data sampleRecord(int index, int cells = 12);
 
 /// The first `count` of them.
-RecordList sampleRecording(int count);
+RecordList sampleRecording(int count, int cells = 12);
 
-/// The first `count` of them as record lines, each ended by '\n'.
+/// The first `count` of them, of twelve cells, as record lines, each ended by '\n'.
 QByteArray sampleLines(int count);

@@ -1,0 +1,116 @@
+#include "files/datafileloader.h"
+#include "files/datafilewriter.h"
+#include "graph/graphhost.h"
+#include "graph/mdigraphchild.h"
+#include "samplerecording.h"
+#include "settings/viewstate.h"
+
+#include <QFile>
+#include <QPixmap>
+#include <QTemporaryDir>
+
+#include <memory>
+#include <vector>
+
+#include <benchmark/benchmark.h>
+
+/// As much of a shell as a graph window needs.
+class Shell : public QObject, public GraphHost {
+    Q_OBJECT
+
+public:
+    ViewState *viewState() const override { return m_state; }
+    bool isCurrent(const MdiGraphChild *) const override { return false; }
+    void showRecord(const Varnel3Data &, int, bool) override { }
+    void showMessageStatusBar(const QString &, int) override { }
+    QObject *updateReceiver() override { return this; }
+    bool mayClose(MdiGraphChild *) override { return true; }
+    void graphClosing(MdiGraphChild *) override { }
+
+public slots:
+    void updateCapacity(int, char, int, int) { }
+    void updateVoltage() { }
+
+private:
+    ViewState *m_state = new ViewState(this);
+};
+
+// Counters in MB of what the process alone holds; report.py runs these in a process of their own.
+namespace {
+
+constexpr int windows = 8;
+constexpr int million = 1000000;
+
+double megabytesHeld()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    const QList<QByteArray> lines = status.readAll().split('\n');
+    for (const QByteArray &line : lines) {
+        if (line.startsWith("RssAnon:"))
+            return line.simplified().split(' ').value(1).toDouble() * 1024 / 1e6;
+    }
+    return 0;
+}
+
+void draw(MdiGraphChild *window)
+{
+    window->resize(1000, 600);
+    benchmark::DoNotOptimize(window->grab().width());
+}
+
+std::unique_ptr<MdiGraphChild> liveWindow(Shell *shell)
+{
+    auto window = std::make_unique<MdiGraphChild>(shell);
+    window->setAttribute(Qt::WA_DeleteOnClose, false);
+    window->addRecord(sampleRecord(0));
+    draw(window.get());
+    return window;
+}
+
+// Eight windows on devices that have sent a line each.
+void eightWindows(benchmark::State &state)
+{
+    Shell shell;
+    liveWindow(&shell); // fonts and the like
+    std::vector<std::unique_ptr<MdiGraphChild>> open;
+    const double before = megabytesHeld();
+    for (auto _ : state) {
+        for (int i = 0; i < windows; ++i)
+            open.push_back(liveWindow(&shell));
+    }
+    state.counters["held"] = megabytesHeld() - before;
+}
+
+// Opened as from the file dialog, drawn, closed.
+void millionRecords(benchmark::State &state)
+{
+    const QTemporaryDir folder;
+    const QString name = folder.filePath(QStringLiteral("million.acp"));
+    if (!saveRecords(name, sampleRecording(million)).saved)
+        state.SkipWithError("not saved");
+    Shell shell;
+    liveWindow(&shell);
+    const double before = megabytesHeld();
+    for (auto _ : state) {
+        DataFileLoader loader(name);
+        MdiGraphChild window(&shell);
+        window.setAttribute(Qt::WA_DeleteOnClose, false);
+        loader.readAll();
+        window.loadRecords(loader.takeRecords(), name);
+        draw(&window);
+        if (window.store().size() != million)
+            state.SkipWithError("records are missing");
+        state.counters["held"] = megabytesHeld() - before;
+        window.close();
+    }
+    state.counters["left"] = megabytesHeld() - before;
+}
+
+} // namespace
+
+BENCHMARK(eightWindows)->Name("memory/eight windows")->Iterations(1);
+BENCHMARK(millionRecords)->Name("memory/a million records")->Iterations(1)->Unit(benchmark::kMillisecond);
+
+#include "bench_memory.moc"
