@@ -56,7 +56,7 @@ int profileStart(int argc, char **argv, long long begun)
     QCoreApplication::setApplicationName(QStringLiteral("VarnelGraph"));
     steps.done("connected to the screen");
     SingleInstance instance(VarnelSettings().fileName());
-    if (!instance.claim())
+    if (instance.settle({}) != SingleInstance::Role::First)
         return 1;
     initResources();
     installStyleSheet(&application, QCoreApplication::applicationDirPath());

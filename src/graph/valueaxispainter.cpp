@@ -20,8 +20,9 @@ constexpr int mostDecimals = 4;
 // Labels tell neighbouring divisions apart: more decimals in a narrow range.
 int decimalsFor(const GraphScene::Axis &axis, double step)
 {
+    constexpr double lastPlace[] = {1.0, 0.1, 0.01, 0.001, 0.0001};
     int decimals = axis.decimals;
-    while (decimals < mostDecimals && std::abs(step) < 0.999 * std::pow(10.0, -decimals))
+    while (decimals < mostDecimals && std::abs(step) < 0.999 * lastPlace[decimals])
         ++decimals;
     return decimals;
 }
