@@ -6,7 +6,7 @@ namespace {
 
 constexpr double pixelsPerPoint = 96.0 / 72.0;
 constexpr int smallestFont = 8; // px
-constexpr int mostWidths = 2000; // figures come and go; then all are measured anew
+constexpr int mostWidths = 250; // figures come and go; then all are measured anew
 
 int pixelsOf(double points)
 {

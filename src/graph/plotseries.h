@@ -26,7 +26,7 @@ public:
     /// two blocks of them and at one pair for each block between.
     Interval extremes(int begin, int end) const;
 
-    static constexpr int blockSize = 64; ///< points; their extremes take a thirtieth of the memory
+    static constexpr int blockSize = 128; ///< points; their extremes take a sixtieth of the memory
 
     void append(double value)
     {
