@@ -105,7 +105,9 @@ void millionRecords(benchmark::State &state)
         MdiGraphChild window(&shell);
         window.setAttribute(Qt::WA_DeleteOnClose, false);
         loader.readAll();
-        window.loadRecords(loader.takeRecords(), name);
+        SeriesStore store;
+        store.load(loader.takeRecords());
+        window.load(std::move(store), name);
         draw(&window);
         if (window.store().size() != million)
             state.SkipWithError("records are missing");
