@@ -29,6 +29,7 @@ private slots:
     void failuresAreListed();
     void saveAndReopen();
     void failedSaveKeepsMarks();
+    void cancelledSaveLeavesNothing();
     void longFiles();
     void interrupted_data();
     void interrupted();
@@ -153,6 +154,32 @@ void TestDocuments::failedSaveKeepsMarks()
     QCOMPARE(message(), QStringLiteral("Can not save file /dev/full"));
     QVERIFY(child->hasUnsavedData());
     QCOMPARE(child->windowTitle(), title);
+}
+
+/// The first event that runs while the file is written gives it up.
+void TestDocuments::cancelledSaveLeavesNothing()
+{
+    window->openFiles({writeFile(QStringLiteral("long.acp"), 100000)});
+    QTRY_COMPARE(window->mdiChildren().size(), 1);
+    QVERIFY(QDir().mkdir(fixture->path(QStringLiteral("target"))));
+    const QString old = writeFile(QStringLiteral("target/old.acp"), 3);
+    QTimer escapes;
+    connect(&escapes, &QTimer::timeout, window.get(), [this] {
+        if (!QApplication::activeModalWidget())
+            QTest::keyClick(window.get(), Qt::Key_Escape);
+    });
+    whenModal<QFileDialog>(window.get(), [&](QFileDialog *dialog) {
+        whenModal<QMessageBox>(
+            dialog, [](QMessageBox *question) { question->button(QMessageBox::Yes)->click(); });
+        escapes.start(0);
+        enterName(dialog, old);
+    });
+    trigger(ActionId::SaveAs);
+    escapes.stop();
+    QCOMPARE(window->statusBar()->currentMessage(), QStringLiteral("Saving was cancelled."));
+    const QFileInfoList left = QFileInfo(old).dir().entryInfoList(QDir::Files | QDir::Hidden);
+    QCOMPARE(left.size(), 1);
+    QCOMPARE(left.first().size(), qint64(3) * Lines::charger(0).size());
 }
 
 void TestDocuments::longFiles()
