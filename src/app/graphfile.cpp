@@ -1,5 +1,6 @@
 #include "app/graphfile.h"
 
+#include "files/filepieces.h"
 #include "graph/graphpainter.h"
 #include "graph/graphpicture.h"
 
@@ -83,5 +84,5 @@ bool writeGraph(const GraphPicture &picture, GraphFormat format, QIODevice *devi
     const auto write = format == GraphFormat::Png ? writePng
         : format == GraphFormat::Svg              ? writeSvg
                                                   : writePdf;
-    return write(picture, &buffer) && device->write(buffer.data()) == buffer.size();
+    return write(picture, &buffer) && writeAllBytes(*device, buffer.data().constData(), buffer.size());
 }

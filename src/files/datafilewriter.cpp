@@ -5,8 +5,6 @@
 #include "data/recordline.h"
 #include "data/recordlist.h"
 
-#include <QIODevice>
-
 #include <cstring>
 
 namespace {
@@ -37,8 +35,7 @@ bool RecordLines::writeNext(QIODevice &device)
         std::memcpy(out, lineEnd, size_t(lineEndLength));
         out += lineEndLength;
     }
-    const qint64 length = out - begin;
-    return device.write(begin, length) == length;
+    return writeAllBytes(device, begin, out - begin);
 }
 
 double RecordLines::progress() const

@@ -1,9 +1,23 @@
 #pragma once
 
+#include <QIODevice>
+
 #include <functional>
 #include <utility>
 
-class QIODevice;
+/// Writes all of `bytes`. False when the device does not take them, and then it says why: one that takes a part without
+/// a word, as a disk does that is nearly full, is asked again.
+inline bool writeAllBytes(QIODevice &device, const char *bytes, qint64 length)
+{
+    while (length > 0) {
+        const qint64 taken = device.write(bytes, length);
+        if (taken <= 0)
+            return false;
+        bytes += taken;
+        length -= taken;
+    }
+    return true;
+}
 
 /// What a file is to hold, written a piece at a time so that the caller stays responsive.
 class FilePieces {

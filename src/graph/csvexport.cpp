@@ -2,8 +2,6 @@
 
 #include "graph/seriesstore.h"
 
-#include <QIODevice>
-
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -203,5 +201,5 @@ bool CsvRows::writeRows(QIODevice &device)
         const Varnel3Data &record = m_next == m_count - 1 ? m_last : m_store.records()[m_next];
         writeRecord(row, m_store, m_next, record, m_cells);
     }
-    return device.write(row.bytes) == row.bytes.size();
+    return writeAllBytes(device, row.bytes.constData(), row.bytes.size());
 }

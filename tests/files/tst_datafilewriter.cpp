@@ -14,6 +14,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <cerrno>
 #include <clocale>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -193,7 +194,7 @@ void TestDataFileWriter::fullDiskKeepsTheOldFile()
         return save(name, records);
     }();
     QVERIFY(!result.saved);
-    QVERIFY(!result.reason.isEmpty());
+    QCOMPARE(result.reason, qt_error_string(EFBIG)); // not that of the write that took a part
     QCOMPARE(contents(name), QByteArray("old"));
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a.acp")});
 }
