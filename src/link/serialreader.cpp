@@ -1,6 +1,6 @@
 #include "link/serialreader.h"
 
-#include "link/portstate.h"
+#include "link/hangup.h"
 #include "link/readerhost.h"
 
 #include <QDeadlineTimer>
@@ -14,7 +14,7 @@ constexpr int endDelay = 250; // ms from an end letter to the end of the recordi
 constexpr int longestWrite = 500; // ms
 constexpr int mostFailures = 20; // without a byte in between
 constexpr int messageTime = 5000; // ms
-constexpr qint64 readAtOnce = 128; // bytes; less than a line of cells, so that a killed program loses no more
+constexpr qint64 readAtOnce = 160; // bytes, a line with cells: a killed program loses no more than that
 constexpr int mostReads = 64; // before other ports and windows have their turn
 constexpr int shortestRecordLine = 10; // characters; shorter lines are replies to commands
 const char *const portError = SIGNAL(errorOccurred(QSerialPort::SerialPortError));
@@ -159,9 +159,10 @@ void SerialReader::onReadyRead()
     m_handling = false;
 }
 
+// What waits in the system. An answer of "nothing" comes as an error, too, and is none.
 bool SerialReader::readMore()
 {
-    return m_port.isOpen() && !m_lost && hasBytesWaiting(m_port) && m_port.waitForReadyRead(0);
+    return m_port.isOpen() && !m_lost && m_port.waitForReadyRead(0);
 }
 
 void SerialReader::endProcesTimer()

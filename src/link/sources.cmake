@@ -1,11 +1,11 @@
 if(WIN32)
-    set(link_system link/portstate_win.cpp)
+    set(link_system link/hangup_win.cpp)
 else()
-    set(link_system link/portstate_unix.cpp)
+    set(link_system link/hangup_unix.cpp)
 endif()
 target_sources(varnel_core PRIVATE
     link/devicelink.h
-    link/portstate.h
+    link/hangup.h
     link/lineframer.cpp link/lineframer.h
     link/readerhost.h
     link/recordingdispatcher.cpp link/recordingdispatcher.h

@@ -1,12 +1,7 @@
-#include "link/portstate.h"
+#include "link/hangup.h"
 
 // Here a port fails when its device has gone, and only then.
 bool hasHungUp(const QSerialPort &)
 {
     return true;
-}
-
-bool hasBytesWaiting(const QSerialPort &)
-{
-    return false;
 }

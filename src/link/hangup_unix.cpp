@@ -1,4 +1,4 @@
-#include "link/portstate.h"
+#include "link/hangup.h"
 
 #include <QSerialPort>
 
@@ -8,10 +8,4 @@ bool hasHungUp(const QSerialPort &port)
 {
     pollfd line = {port.handle(), POLLIN, 0};
     return poll(&line, 1, 0) > 0 && (line.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
-}
-
-bool hasBytesWaiting(const QSerialPort &port)
-{
-    pollfd line = {port.handle(), POLLIN, 0};
-    return poll(&line, 1, 0) > 0 && line.revents == POLLIN;
 }
