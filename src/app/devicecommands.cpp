@@ -12,6 +12,7 @@
 namespace {
 
 constexpr int messageTime = 1500; // ms; the next port's comes before
+constexpr int refusalTime = 5000; // ms
 constexpr int pauseMs = 500; // what a device needs to set its clock before it takes the next command
 
 } // namespace
@@ -29,17 +30,21 @@ QString DeviceCommands::currentTimeText()
 
 bool DeviceCommands::stopProcess()
 {
+    if (!hasPort())
+        return false;
     if (targets->stopActiveProcess())
         return true;
     SerialReader *reader = targets->onlyReader();
     if (reader)
         reader->sendCommand(QStringLiteral("#STOP\r\n"));
+    else
+        emit message(tr("Choose the window of the device whose process is to be stopped."), refusalTime);
     return reader != nullptr;
 }
 
 void DeviceCommands::setTime()
 {
-    if (waiting)
+    if (waiting || !hasPort())
         return;
     QVector<QPointer<SerialReader>> chosen;
     if (SerialReader *active = targets->activeReader()) {
@@ -62,6 +67,14 @@ void DeviceCommands::setTime()
         return;
     waiting = false;
     emit waitEnded();
+}
+
+bool DeviceCommands::hasPort()
+{
+    if (!targets->readers().isEmpty())
+        return true;
+    emit message(tr("No port is listened on: choose one in the preferences."), refusalTime);
+    return false;
 }
 
 void DeviceCommands::setTimeOf(SerialReader *reader)

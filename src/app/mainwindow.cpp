@@ -44,13 +44,10 @@
 #include <QStatusBar>
 #include <QTimer>
 
-#include <utility>
-
 namespace {
 
 constexpr QSize firstSize(1180, 760); // before a size was ever saved
-constexpr QSize frameRoom(
-    16, 40); // what a window's frame takes of a small screen; it is not known before it is shown
+constexpr QSize frameRoom(16, 40); // of a small screen, for the frame: unknown before the window is shown
 
 } // namespace
 
@@ -387,10 +384,7 @@ void MainWindow::about()
 
 void MainWindow::sendTime()
 {
-    if (ports->readers().isEmpty())
-        tellNoPort();
-    else
-        commands->setTime();
+    commands->setTime();
 }
 
 void MainWindow::preferences()
@@ -481,20 +475,12 @@ void MainWindow::recordingOnStart()
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     recording(true);
     started = true;
-    documents->open(std::exchange(filesAtStart, {}));
+    documents->open(filesAtStart);
 }
 
 void MainWindow::toolBarStop()
 {
-    if (ports->readers().isEmpty())
-        tellNoPort();
-    else if (!commands->stopProcess())
-        showMessageStatusBar(tr("Choose the window of the device whose process is to be stopped."), 5000);
-}
-
-void MainWindow::tellNoPort()
-{
-    showMessageStatusBar(tr("No port is listened on: choose one in the preferences."), 5000);
+    commands->stopProcess();
 }
 
 void MainWindow::onDeviceDiscovered(QSerialPortInfo portInfo)

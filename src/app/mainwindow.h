@@ -124,7 +124,6 @@ private slots:
     void listenedPortsChanged();
 
 private:
-    void tellNoPort();
     void createParts();
     void createMenus();
     void createToolBars();
