@@ -9,7 +9,7 @@ void updateCellStatistics(Varnel3Data &record)
         return;
     const CellData &first = record.cells[0];
     int highest = first.voltage; // in variables of their own: each could lie in a record
-    int lowest = first.voltage;
+    int lowest = highest;
     int balance = first.balance;
     qint64 sum = first.voltage;
     const int cells = record.cellsPresent();
