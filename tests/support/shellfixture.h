@@ -13,8 +13,9 @@ public:
         QCoreApplication::setApplicationName(QStringLiteral("VarnelGraph"));
         QCoreApplication::setApplicationVersion(QStringLiteral("V4.60"));
         QCoreApplication::setOrganizationName(QStringLiteral("VarnelGraphTest"));
-        QSettings::setPath(
-            QSettings::IniFormat, QSettings::UserScope, folder.filePath(QStringLiteral("settings")));
+        // the program's own, and what Qt's file dialogs remember from run to run
+        for (const QSettings::Format format : {QSettings::IniFormat, QSettings::NativeFormat})
+            QSettings::setPath(format, QSettings::UserScope, folder.filePath(QStringLiteral("settings")));
         QDir(folder.path()).mkpath(QStringLiteral("ports"));
         qputenv("VARNEL_PORT_DIR", portFolder().toLocal8Bit());
         qputenv("XDG_DATA_HOME", folder.filePath(QStringLiteral("data")).toLocal8Bit());
