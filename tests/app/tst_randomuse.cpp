@@ -57,7 +57,6 @@ private slots:
     void anythingAtAnyMoment();
 
 private:
-    void describe() const;
     void liveOnce(int seconds);
 
     RandomUser *user = nullptr;
@@ -98,12 +97,6 @@ void TestRandomUse::look()
     QStringList ports = shown->listenedPorts().portNames();
     if (ports.removeDuplicates() > 0)
         broken.append(QStringLiteral("a port that is listened on twice"));
-}
-
-void TestRandomUse::describe() const
-{
-    std::fprintf(
-        stderr, "the newest steps:\n  %s\n", qPrintable(user->newestSteps().join(QLatin1String("\n  "))));
 }
 
 // From start to quit, as main() does it; the user may end it sooner.
@@ -174,7 +167,8 @@ void TestRandomUse::anythingAtAnyMoment()
     }
     broken.removeDuplicates();
     if (!broken.isEmpty() || someone.longestWait() > longestWait)
-        describe();
+        std::fprintf(stderr, "the newest steps:\n  %s\n",
+            qPrintable(someone.newestSteps().join(QLatin1String("\n  "))));
     QCOMPARE(broken, QStringList());
     QVERIFY2(someone.longestWait() <= longestWait, "the event loop answered nobody for too long");
     QVERIFY(someone.steps() > seconds * 10 / slowness);

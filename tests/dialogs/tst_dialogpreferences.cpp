@@ -1,20 +1,17 @@
 #include "dialogs/checkboxcomport.h"
 #include "dialogs/dialogpreferences.h"
-#include "settings/varnelsettings.h"
-#include "support/ptypair.h"
-#include "support/shellfixture.h"
+#include "support/shellrig.h"
 
 #include <QCheckBox>
 #include <QPushButton>
-#include <QTest>
 
 /// Choosing ports while they come and go.
-class TestDialogPreferences : public QObject {
+class TestDialogPreferences : public QObject, private ShellRig {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
     void storedOnOk();
     void absentPortIsForgotten();
     void refreshKeepsTicks();
@@ -22,29 +19,9 @@ private slots:
     void tabOrder();
 
 private:
-    void plug(const QString &name);
     static QString ticks(const QDialog &dialog);
     static void click(const QDialog &dialog, const char *button);
-
-    std::unique_ptr<ShellFixture> fixture;
-    std::vector<std::unique_ptr<PtyPair>> ports;
 };
-
-void TestDialogPreferences::init()
-{
-    fixture = std::make_unique<ShellFixture>();
-}
-
-void TestDialogPreferences::cleanup()
-{
-    ports.clear();
-    fixture.reset();
-}
-
-void TestDialogPreferences::plug(const QString &name)
-{
-    ports.push_back(std::make_unique<PtyPair>(fixture->portFolder(), name));
-}
 
 /// The rows from top to bottom, '*' where ticked.
 QString TestDialogPreferences::ticks(const QDialog &dialog)
@@ -98,7 +75,7 @@ void TestDialogPreferences::refreshKeepsTicks()
     for (CheckBoxComPort *box : boxes)
         box->setChecked(true);
     plug(QStringLiteral("COM5"));
-    ports.front()->hangUp();
+    plugged.front()->hangUp();
     click(dialog, "Refresh");
     QCOMPARE(ticks(dialog), QStringLiteral("COM4* COM5"));
 }

@@ -30,7 +30,6 @@ private slots:
     void shownRepaintsTenTimesASecond();
     void anotherWindowClearsFirst();
     void clickingTheVoltageToggles();
-    void followsTheSwitches();
     void keptResistances();
     void staleFiguresAreDimmed();
     void closingTells();
@@ -153,19 +152,6 @@ void TestDataDisplay::clickingTheVoltageToggles()
     QTest::mouseClick(label, Qt::LeftButton);
     QCOMPARE(label->text(), QStringLiteral("16,80"));
     QCOMPARE(text("voltageUnit"), QStringLiteral("V"));
-}
-
-void TestDataDisplay::followsTheSwitches()
-{
-    show(samplePack({4100, 4200}));
-    setView(true, 0);
-    QTest::qWait(RefreshGate::interval + 20);
-    QCOMPARE(text("currentUnit"), QStringLiteral("V max"));
-    QCOMPARE(text("cellValue2"), QStringLiteral("4,200"));
-    setView(false, 0);
-    QTest::qWait(RefreshGate::interval + 20);
-    QCOMPARE(text("currentUnit"), QStringLiteral("A"));
-    QCOMPARE(text("cellValue2"), QString());
 }
 
 void TestDataDisplay::keptResistances()
