@@ -1,5 +1,3 @@
-#include "app/actionset.h"
-#include "app/mainwindow.h"
 #include "app/stalewatch.h"
 #include "displays/capacitydisplay.h"
 #include "displays/datadisplay.h"
@@ -8,26 +6,27 @@
 #include "displays/voltagecomparison.h"
 #include "graph/mdigraphchild.h"
 #include "resources/resources.h"
-#include "settings/varnelsettings.h"
 #include "support/fakelink.h"
 #include "support/lines.h"
-#include "support/shellfixture.h"
+#include "support/shellrig.h"
 
-#include <QAction>
 #include <QGuiApplication>
 #include <QLabel>
-#include <QMessageBox>
 #include <QScreen>
-#include <QTest>
 #include <QWindow>
 
 /// The display windows among the others: where they stand, which window they follow, what is shown above them.
-class TestDisplayWindows : public QObject {
+class TestDisplayWindows : public QObject, private ShellRig {
     Q_OBJECT
 
 private slots:
     void initTestCase() { initResources(); }
-    void cleanup() { VarnelSettings().clear(); }
+    void init()
+    {
+        setUp();
+        open({});
+    }
+    void cleanup() { tearDown(); }
 
     void firstPlacesAreOnTheScreen();
     void comparisonKeepsItsPlace();
@@ -37,79 +36,64 @@ private slots:
     void questionsStandAboveDisplays();
 
 private:
-    static Varnel3Data record(int time)
-    {
-        Varnel3Data record;
-        record.parseLine(QString::fromLatin1(Lines::charger(time)).trimmed());
-        return record;
-    }
-
-    ShellFixture fixture;
+    FakeLink link;
 };
 
 /// The bar display's place is made for a taller screen than this one.
 void TestDisplayWindows::firstPlacesAreOnTheScreen()
 {
     const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
-    MainWindow window;
-    window.createMdiChild();
+    window->createMdiChild();
     for (const ActionId id : {ActionId::Graph, ActionId::BarGraph, ActionId::Balancer, ActionId::Power})
-        window.actionSet()[id]->trigger();
-    for (const QWidget *display : {static_cast<QWidget *>(window.findChild<DataDisplay *>()),
-             static_cast<QWidget *>(window.findChild<CapacityDisplay *>()),
-             static_cast<QWidget *>(window.findChild<PowerDisplay *>()),
-             static_cast<QWidget *>(window.findChild<VoltageComparison *>())})
+        trigger(id);
+    for (const QWidget *display : {static_cast<QWidget *>(window->findChild<DataDisplay *>()),
+             static_cast<QWidget *>(window->findChild<CapacityDisplay *>()),
+             static_cast<QWidget *>(window->findChild<PowerDisplay *>()),
+             static_cast<QWidget *>(window->findChild<VoltageComparison *>())})
         QVERIFY2(area.contains(display->geometry()), qPrintable(display->windowTitle()));
 }
 
 /// Neither a dialog that hides it nor the end of the program makes it forget where it was.
 void TestDisplayWindows::comparisonKeepsItsPlace()
 {
-    MainWindow window;
-    window.show();
-    window.createMdiChild();
-    window.actionSet()[ActionId::Graph]->trigger();
-    auto *comparison = window.findChild<VoltageComparison *>();
+    window->createMdiChild();
+    trigger(ActionId::Graph);
+    auto *comparison = window->findChild<VoltageComparison *>();
     comparison->move(31, 47);
     comparison->hide();
-    window.renumerateWindows(); // makes it anew
+    window->renumerateWindows(); // makes it anew
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    comparison = window.findChild<VoltageComparison *>();
+    comparison = window->findChild<VoltageComparison *>();
     QCOMPARE(comparison->pos(), QPoint(31, 47));
     comparison->move(52, 63);
-    window.close();
+    window->close();
     QCOMPARE(VarnelSettings().value(QStringLiteral("voltagecomp/pos")).toPoint(), QPoint(52, 63));
 }
 
 void TestDisplayWindows::displaysKeepTheirState()
 {
-    MainWindow window;
-    window.show();
-    window.createMdiChild();
-    QAction *bars = window.actionSet()[ActionId::BarGraph];
-    bars->trigger();
-    auto *display = window.findChild<CapacityDisplay *>();
+    window->createMdiChild();
+    trigger(ActionId::BarGraph);
+    auto *display = window->findChild<CapacityDisplay *>();
     display->showMaximized();
-    bars->trigger();
+    trigger(ActionId::BarGraph);
     QVERIFY(!display->isVisible());
-    bars->trigger();
+    trigger(ActionId::BarGraph);
     QVERIFY(display->isVisible() && display->isMaximized());
     display->showMinimized();
-    bars->trigger();
-    bars->trigger();
+    trigger(ActionId::BarGraph);
+    trigger(ActionId::BarGraph);
     QVERIFY(!display->isMinimized());
 }
 
 /// Closing a window renumbers the others; the figures of the current one follow, even if no further record comes.
 void TestDisplayWindows::displaysNameTheWindow()
 {
-    MainWindow window;
-    window.show();
-    MdiGraphChild *first = window.createMdiChild();
-    window.createMdiChild()->addRecord(record(5));
-    window.actionSet()[ActionId::Data]->trigger();
+    MdiGraphChild *first = window->createMdiChild();
+    window->createMdiChild()->addRecord(Lines::record(5));
+    trigger(ActionId::Data);
     const auto *number
-        = window.findChild<DataDisplay *>()->findChild<QLabel *>(QStringLiteral("windowNumberLabel"));
+        = window->findChild<DataDisplay *>()->findChild<QLabel *>(QStringLiteral("windowNumberLabel"));
     QTRY_COMPARE(number->text(), QStringLiteral("2"));
     first->close();
     QTRY_COMPARE(number->text(), QStringLiteral("1"));
@@ -117,15 +101,12 @@ void TestDisplayWindows::displaysNameTheWindow()
 
 void TestDisplayWindows::staleFiguresSaySince()
 {
-    FakeLink link;
-    MainWindow window;
-    window.show();
-    window.actionSet()[ActionId::Data]->trigger();
-    MdiGraphChild *child = window.createMdiChild();
+    trigger(ActionId::Data);
+    MdiGraphChild *child = window->createMdiChild();
     child->attachReader(&link);
-    child->addRecord(record(5));
-    const auto *display = window.findChild<DataDisplay *>();
-    auto *watch = window.findChild<StaleWatch *>();
+    child->addRecord(Lines::record(5));
+    const auto *display = window->findChild<DataDisplay *>();
+    auto *watch = window->findChild<StaleWatch *>();
     const QDateTime now = QDateTime::currentDateTime();
     watch->lookAt(now);
     const auto saysSince = [&] {
@@ -140,7 +121,7 @@ void TestDisplayWindows::staleFiguresSaySince()
 
     watch->lookAt(now.addSecs(StaleWatch::patience));
     QVERIFY(watch->staleSince(child).isValid());
-    child->addRecord(record(6));
+    child->addRecord(Lines::record(6));
     QVERIFY(!watch->staleSince(child).isValid());
     QVERIFY(!saysSince());
 
@@ -151,18 +132,16 @@ void TestDisplayWindows::staleFiguresSaySince()
 
 void TestDisplayWindows::questionsStandAboveDisplays()
 {
-    MainWindow window;
-    window.show();
-    window.createMdiChild();
-    const auto opensOnTop = [&window] {
-        QMessageBox box(&window);
-        box.open();
-        return box.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint);
+    window->createMdiChild();
+    const auto opensOnTop = [this] {
+        QMessageBox question(window.get());
+        question.open();
+        return question.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint);
     };
     QVERIFY(!opensOnTop());
-    window.actionSet()[ActionId::Data]->trigger();
+    trigger(ActionId::Data);
     QVERIFY(opensOnTop());
-    window.actionSet()[ActionId::Data]->trigger();
+    trigger(ActionId::Data);
     QVERIFY(!opensOnTop());
 }
 

@@ -1,5 +1,6 @@
 #include "displays/datadisplay.h"
 #include "graph/mdigraphchild.h"
+#include "support/files.h"
 #include "support/lines.h"
 #include "support/modaldialog.h"
 #include "support/shellrig.h"
@@ -50,13 +51,11 @@ private:
 
 QString TestDocuments::writeFile(const QString &name, int records)
 {
-    const QString path = fixture->path(name);
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return QString();
+    QByteArray lines;
     for (int i = 0; i < records; ++i)
-        file.write(Lines::charger(i));
-    return path;
+        lines += Lines::charger(i);
+    const QString path = fixture->path(name);
+    return ::writeFile(path, lines) ? path : QString();
 }
 
 void TestDocuments::openFromDialog()
@@ -115,11 +114,9 @@ void TestDocuments::failuresAreListed()
 void TestDocuments::saveAndReopen()
 {
     MdiGraphChild *child = window->createMdiChild();
-    Varnel3Data record;
-    for (int i = 0; i < 4; ++i) {
-        QVERIFY(record.parseLine(QString::fromLatin1(Lines::charger(i)).trimmed()));
-        child->addRecord(record);
-    }
+    for (int i = 0; i < 4; ++i)
+        child->addRecord(Lines::record(i));
+    Varnel3Data record = Lines::record(4);
     record.mode = Varnel3Data::Test; // the format has no letter for it
     child->addRecord(record);
     const QString path = fixture->path(QStringLiteral("saved.acp"));
@@ -140,9 +137,7 @@ void TestDocuments::saveAndReopen()
 void TestDocuments::failedSaveKeepsMarks()
 {
     MdiGraphChild *child = window->createMdiChild();
-    Varnel3Data record;
-    record.parseLine(QString::fromLatin1(Lines::charger(1)).trimmed());
-    child->addRecord(record);
+    child->addRecord(Lines::record(1));
     const QString title = child->windowTitle();
     whenModal<QFileDialog>(window.get(), [](QFileDialog *dialog) {
         // The device exists: overwriting it is asked about.

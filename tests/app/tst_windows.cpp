@@ -128,11 +128,8 @@ void TestWindows::graphOnPaper()
     MainWindow window;
     window.show();
     MdiGraphChild *child = window.createMdiChild();
-    Varnel3Data record;
-    for (int i = 0; i < 30; ++i) {
-        QVERIFY(record.parseLine(QString::fromLatin1(Lines::charger(i)).trimmed()));
-        child->addRecord(record);
-    }
+    for (int i = 0; i < 30; ++i)
+        child->addRecord(Lines::record(i));
     const PrintJob job = graphPrintJob(child);
     QVERIFY2(job.details.startsWith(QStringLiteral("1: Varnel 3, ")), qPrintable(job.details));
     child->setFileName(QStringLiteral("COM3"));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "data/varnel3data.h"
+
 #include <QByteArray>
 
 /// Lines as devices send them, with their line end, for tests that need a device rather than a dialect.
@@ -13,6 +15,14 @@ inline QByteArray charger(int time, char end = '_')
     for (int cell = 0; cell < 16; ++cell)
         line += cell < 6 ? ",4200,3" : ",0000,0";
     return line + "\r\n";
+}
+
+/// The record that is read from charger().
+inline Varnel3Data record(int time)
+{
+    Varnel3Data record;
+    record.parseLine(QString::fromLatin1(charger(time)).trimmed());
+    return record;
 }
 
 /// A "Varnel 2+" that discharges three LiPo cells.
