@@ -268,7 +268,7 @@ void TestLiveFaults::portsComeAndGo()
     QCOMPARE(fact(StatusFacts::Lost), QString());
     QVERIFY(window->findChildren<QMessageBox *>().isEmpty());
     QCOMPARE(collector.warnings(), QStringList());
-    QTRY_COMPARE(openFiles(), filesBefore); // journals are closed once they are on the disk
+    QTRY_VERIFY(openFiles() <= filesBefore); // journals are closed once they are on the disk
 }
 
 QTEST_MAIN(TestLiveFaults)
