@@ -1,12 +1,10 @@
 #pragma once
 
 #include <cstddef>
-#include <thread>
 #include <utility>
 
 /// Memory for a long recording, got from the system directly and given back to it at once. The system backs it by
-/// large pages where it has them, which costs a fraction of what small ones do, and clears them in a thread of their
-/// own, while others are being written already.
+/// large pages where it has them, which costs a fraction of what small ones do.
 class LargeBlock {
 public:
     /// What a large page measures on the systems at hand, in bytes.
@@ -21,7 +19,6 @@ public:
     {
         std::swap(m_data, other.m_data);
         std::swap(m_size, other.m_size);
-        std::swap(m_clearing, other.m_clearing);
         return *this;
     }
     LargeBlock(const LargeBlock &) = delete;
@@ -32,5 +29,4 @@ public:
 private:
     void *m_data = nullptr;
     std::size_t m_size = 0;
-    std::thread m_clearing;
 };

@@ -2,25 +2,8 @@
 
 #include <cstdint>
 #include <new>
-#include <system_error>
 
 #include <sys/mman.h>
-
-namespace {
-
-// From the end, since whoever asked for the memory begins at the beginning. Changes nothing that is there; systems
-// that don't know of it leave the work to the first write.
-void clearAhead([[maybe_unused]] char *begin, [[maybe_unused]] std::size_t size)
-{
-#ifdef MADV_POPULATE_WRITE
-    for (std::size_t at = size; at > 0; at -= LargeBlock::pageSize) {
-        if (::madvise(begin + at - LargeBlock::pageSize, LargeBlock::pageSize, MADV_POPULATE_WRITE) != 0)
-            return;
-    }
-#endif
-}
-
-} // namespace
 
 // A mapping larger by a large page has whole ones from some place in it on; what lies around them goes back.
 LargeBlock::LargeBlock(std::size_t size)
@@ -41,17 +24,10 @@ LargeBlock::LargeBlock(std::size_t size)
 #ifdef MADV_HUGEPAGE
     ::madvise(m_data, m_size, MADV_HUGEPAGE); // a wish only
 #endif
-    try {
-        m_clearing = std::thread(clearAhead, data, m_size);
-    } catch (const std::system_error &) {
-        // then without
-    }
 }
 
 LargeBlock::~LargeBlock()
 {
-    if (m_clearing.joinable())
-        m_clearing.join();
     if (m_data != nullptr)
         ::munmap(m_data, m_size);
 }
