@@ -13,7 +13,14 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+#include <vector>
+
+#include <malloc.h>
+
 namespace {
+
+constexpr std::size_t cacheSize = std::size_t(128) << 20; // bytes, more than a processor's caches hold
 
 // A data file of `count` records, written once and kept until the program ends.
 QString sampleFile(int count)
@@ -62,20 +69,23 @@ void readHouse(benchmark::State &state)
     }
 }
 
-// As many records in eight files as in the long one, all open at once: what a record costs then does not depend on what
-// stays in the processor's caches from one opening to the next.
-void readEight(benchmark::State &state)
+// A file is opened once, not again and again: nothing is found of what another opening left in the processor's caches or
+// among the memory that the process has given back to itself.
+void readOnce(benchmark::State &state)
 {
-    constexpr int files = 8;
-    const QString name = sampleFile(sampleCount / files);
+    const QString name = sampleFile(int(state.range(0)));
+    std::vector<char> others(cacheSize);
     for (auto _ : state) {
-        SeriesStore stores[files];
-        for (SeriesStore &store : stores) {
-            DataFileLoader loader(name);
-            loader.readAll();
-            store.load(loader.takeRecords());
-        }
-        if (stores[files - 1].size() != sampleCount / files)
+        state.PauseTiming();
+        std::fill(others.begin(), others.end(), char(others.front() + 1));
+        benchmark::ClobberMemory();
+        ::malloc_trim(0);
+        state.ResumeTiming();
+        DataFileLoader loader(name);
+        loader.readAll();
+        SeriesStore store;
+        store.load(loader.takeRecords());
+        if (store.size() != state.range(0))
             state.SkipWithError("records are missing");
     }
 }
@@ -113,7 +123,7 @@ void saveHouse(benchmark::State &state)
 
 BENCHMARK(readNaive)->Name("read file/naive")->Arg(sampleCount)->Iterations(1);
 BENCHMARK(readHouse)->Name("read file/house")->Arg(32768)->Arg(sampleCount);
-BENCHMARK(readEight)->Name("read file/eight of 32768");
+BENCHMARK(readOnce)->Name("read file/once")->Arg(32768)->Arg(sampleCount);
 BENCHMARK_CAPTURE(saveNaive, plain, false)->Name("save file/naive")->Iterations(1);
 BENCHMARK_CAPTURE(saveNaive, synced, true)->Name("save file/naive synced")->Iterations(1);
 BENCHMARK(saveHouse)->Name("save file/house");
