@@ -3,7 +3,7 @@
 
 # Starts the devices; they write their links into $1/ports. Sets devices_pid.
 start_devices() {
-    build/dev/tools/varnelsim --quiet --speed 60 --dir "$1/ports" \
+    build/dev/tools/simulator/varnelsim --quiet --speed 60 --dir "$1/ports" \
         --device COM1:varnel3,mode=charge,chemistry=LiPo,cells=6,capacity=5000,current=3000,balance,weak=4,ri=1 \
         --device COM2:varnel2plus,mode=discharge,chemistry=LiIo,cells=3,capacity=2600,current=1500 \
         --device COM3:tandor,chemistry=LiPo,cells=12,capacity=3300 </dev/null &
