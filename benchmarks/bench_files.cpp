@@ -3,6 +3,7 @@
 #include "files/filesync.h"
 #include "files/wholefile.h"
 #include "graph/seriesstore.h"
+#include "machinememory.h"
 #include "naive/naiverecordline.h"
 #include "naive/naivestore.h"
 #include "samplerecording.h"
@@ -13,14 +14,9 @@
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
-#include <vector>
-
-#include <malloc.h>
-
 namespace {
 
-constexpr std::size_t cacheSize = std::size_t(128) << 20; // bytes, more than a processor's caches hold
+constexpr std::size_t enoughToRead = std::size_t(384) << 20; // bytes, more than an opening or a processor's caches hold
 
 // A data file of `count` records, written once and kept until the program ends.
 QString sampleFile(int count)
@@ -38,6 +34,7 @@ QString sampleFile(int count)
 void readNaive(benchmark::State &state)
 {
     const QString name = sampleFile(int(state.range(0)));
+    takeMemoryFromHost(enoughToRead);
     for (auto _ : state) {
         QFile file(name);
         if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
@@ -59,6 +56,7 @@ void readNaive(benchmark::State &state)
 void readHouse(benchmark::State &state)
 {
     const QString name = sampleFile(int(state.range(0)));
+    takeMemoryFromHost(enoughToRead);
     for (auto _ : state) {
         DataFileLoader loader(name);
         loader.readAll();
@@ -74,12 +72,9 @@ void readHouse(benchmark::State &state)
 void readOnce(benchmark::State &state)
 {
     const QString name = sampleFile(int(state.range(0)));
-    std::vector<char> others(cacheSize);
     for (auto _ : state) {
         state.PauseTiming();
-        std::fill(others.begin(), others.end(), char(others.front() + 1));
-        benchmark::ClobberMemory();
-        ::malloc_trim(0);
+        takeMemoryFromHost(enoughToRead);
         state.ResumeTiming();
         DataFileLoader loader(name);
         loader.readAll();
