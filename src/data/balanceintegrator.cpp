@@ -1,5 +1,6 @@
 #include "data/balanceintegrator.h"
 
+#include "data/recordlist.h"
 #include "data/saturated.h"
 
 #include <algorithm>
@@ -22,6 +23,22 @@ void BalanceIntegrator::reset(int startTime)
 {
     std::fill(std::begin(m_charge), std::end(m_charge), 0);
     m_lastTime = startTime;
+}
+
+void BalanceIntegrator::goOn(const RecordList &records)
+{
+    reset(records.first().time);
+    bool isNewest = true; // of those with balancing data
+    int known = 0; // cells
+    for (int i = records.size() - 1; i >= 0 && known < Varnel3Data::maxCells; --i) {
+        const Varnel3Data &record = records[i];
+        if (record.flag5 != 'B')
+            continue;
+        m_lastTime = isNewest ? record.time : m_lastTime;
+        isNewest = false;
+        for (; known < record.cellsPresent(); ++known)
+            m_charge[known] = record.cells[known].balanceCharge;
+    }
 }
 
 void BalanceIntegrator::add(Varnel3Data &record)

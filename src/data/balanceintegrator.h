@@ -2,12 +2,16 @@
 
 #include "data/varnel3data.h"
 
+class RecordList;
+
 /// Sums over a recording, cell by cell, what the balancer has moved. Exact in 64 bits; a record shows what
 /// fits its 32 bits, the nearest value where the sum does not fit.
 class BalanceIntegrator {
 public:
     /// Starts at nothing; the first record counts from `startTime` (s) on.
     void reset(int startTime);
+    /// Starts at the sums and the time that `records` end with, of which there is at least one.
+    void goOn(const RecordList &records);
     /// Adds the time from the last such record to this one and writes the sums to the record's cells. A
     /// record without balancing data (`flag5` is not 'B') changes nothing. The record's final time is set
     /// before.

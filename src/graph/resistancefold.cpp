@@ -16,10 +16,10 @@ qint64 fold(qint64 accumulator, qint64 value)
 
 } // namespace
 
-void ResistanceFold::seed(int resistance)
+void ResistanceFold::seed(qint64 accumulator)
 {
     *this = ResistanceFold();
-    m_accumulator = qint64(resistance) * 4;
+    m_accumulator = accumulator;
 }
 
 qint64 ResistanceFold::valueOf(const RecordList &records, int index, int newest)
@@ -36,7 +36,7 @@ qint64 ResistanceFold::addNewest(const RecordList &records)
     if (m_hasSteps)
         extendSteps(valueOf(records, newest - 1, newest));
     else if (newest - first() >= warmUp)
-        buildSteps(records, newest);
+        startSteps(records, newest);
 
     if (m_hasSteps)
         m_accumulator
@@ -54,12 +54,23 @@ qint64 ResistanceFold::foldRun(const RecordList &records, qint64 accumulator, in
     return accumulator;
 }
 
+// Only the shortest run that will do is walked again and again for its steps, however many records there are.
+void ResistanceFold::startSteps(const RecordList &records, int newest)
+{
+    int end = first() + warmUp;
+    buildSteps(records, end);
+    while (!m_hasSteps && end < newest) // never seen; the run is then made longer
+        buildSteps(records, ++end);
+    for (; m_hasSteps && end < newest; ++end)
+        extendSteps(valueOf(records, end, newest));
+}
+
 void ResistanceFold::buildSteps(const RecordList &records, int end)
 {
     m_lowest = foldRun(records, -limit, end);
     const qint64 highest = foldRun(records, limit, end);
     if (highest - m_lowest > maxSteps)
-        return; // never seen; the run is then walked for one record more
+        return;
     m_stepCount = int(highest - m_lowest);
     for (int step = 0; step < m_stepCount; ++step) {
         qint64 below = -limit;

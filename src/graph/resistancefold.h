@@ -19,16 +19,17 @@ public:
     /// Index of the first record that is folded.
     static constexpr int first() { return 18; }
 
-    /// Forgets all and starts the accumulator with `resistance` (mOhm).
-    void seed(int resistance);
+    /// Forgets all and starts with this accumulator, four times the running value in mOhm.
+    void seed(qint64 accumulator);
     /// Folds for the newest of `records`, of which there are more than first(), and returns its point (mOhm). To be
-    /// called for each of them in turn.
+    /// called for each record that comes after the seed.
     qint64 addNewest(const RecordList &records);
 
     /// What record `index` counts with when `newest` is the last one.
     static qint64 valueOf(const RecordList &records, int index, int newest);
 
 private:
+    void startSteps(const RecordList &records, int newest);
     void buildSteps(const RecordList &records, int end);
     void extendSteps(qint64 value);
     qint64 foldRun(const RecordList &records, qint64 accumulator, int end) const;

@@ -1,6 +1,7 @@
 #include "graph/seriesstore.h"
 
 #include <algorithm>
+#include <atomic>
 #include <limits>
 
 namespace {
@@ -31,6 +32,13 @@ void eachCellFigure(int count, const Add &add)
             [i](const Varnel3Data &record) { return record.cells[i].voltage / 1000.0; });
 }
 
+// Of all stores, since one may take another's place.
+quint64 nextRevision()
+{
+    static std::atomic<quint64> newest = 0;
+    return ++newest;
+}
+
 bool sendsNoEndLetter(int device)
 {
     return device == Varnel3Data::Varnel2Plus || device == Varnel3Data::Varnel2;
@@ -40,9 +48,8 @@ bool sendsNoEndLetter(int device)
 
 void SeriesStore::clear()
 {
-    const quint64 revision = m_revision;
     *this = SeriesStore();
-    m_revision = revision + 1;
+    m_revision = nextRevision();
 }
 
 void SeriesStore::begin(const Varnel3Data &record)
@@ -59,6 +66,8 @@ void SeriesStore::append(const Varnel3Data &record)
 {
     if (m_records.isEmpty())
         begin(record);
+    else if (m_isLoaded)
+        goOnLive();
     m_records.append(record);
     completeNewest();
     const Varnel3Data &newest = m_records.last();
@@ -68,7 +77,7 @@ void SeriesStore::append(const Varnel3Data &record)
     addCellPoints(newest);
     markEnd();
     m_records.last().balancedMah = newest.maxBalanceChargeMah();
-    ++m_revision;
+    m_revision = nextRevision();
 }
 
 void SeriesStore::completeNewest()
@@ -102,6 +111,15 @@ void SeriesStore::addTemperature(const Varnel3Data &record)
     points.append(points.isEmpty() ? record.temperature / 10.0 : double(m_temperatureSum / 4) / 10.0);
 }
 
+// The running value starts with the record before its first point.
+void SeriesStore::seedLiveResistance()
+{
+    const int resistance = m_records[firstResistance() - 1].internalResistance;
+    m_resistance.seed(qint64(resistance) * 4);
+    m_series[Resistance].restartExtremes();
+    m_series[Resistance].append(resistance);
+}
+
 void SeriesStore::addLiveResistance()
 {
     PlotSeries &points = m_series[Resistance];
@@ -110,14 +128,11 @@ void SeriesStore::addLiveResistance()
         points.append(0.0);
     } else if (index < firstResistance()) {
         points.append(0.0);
-        if (index == firstResistance() - 1) {
-            // the running value starts one point ahead of the newest
-            const int resistance = m_records[index].internalResistance;
-            m_resistance.seed(resistance);
-            points.restartExtremes();
-            points.append(resistance);
-        }
+        if (index == firstResistance() - 1)
+            seedLiveResistance();
     } else if (index == firstResistance()) {
+        if (points.size() == index) // the records before came from a file
+            seedLiveResistance();
         points.fillFront(firstResistance(), points[firstResistance()]);
     } else {
         points.append(double(m_resistance.addNewest(m_records)));
@@ -203,6 +218,7 @@ void SeriesStore::beginLoad(RecordList records)
     m_records = std::move(records);
     if (m_records.isEmpty())
         return;
+    m_isLoaded = true;
     begin(m_records.first());
     makeRoom(size());
 }
@@ -224,6 +240,16 @@ bool SeriesStore::loadSome(int most)
         }
     }
     return last < size();
+}
+
+// What append() sums up takes up where the file has ended.
+void SeriesStore::goOnLive()
+{
+    m_isLoaded = false;
+    m_resistance.seed(m_loadedResistanceSum);
+    m_syntheticTime = int(qMin<qint64>(qint64(size()) * balancerPeriod, std::numeric_limits<int>::max()));
+    m_endMarked = m_records.last().flag4 == 'E';
+    m_balance.goOn(m_records);
 }
 
 double SeriesStore::loadProgress() const
@@ -273,7 +299,7 @@ bool SeriesStore::applyResistanceLine(const QString &line)
 {
     if (m_records.isEmpty() || !m_records.last().parseResistanceLine(line))
         return false;
-    ++m_revision;
+    m_revision = nextRevision();
     return true;
 }
 

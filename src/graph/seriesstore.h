@@ -53,7 +53,7 @@ public:
     Capacity capacity() const;
     /// The newest record lacks the resistance of its first cell, which its predecessor had.
     bool newestLacksResistance() const;
-    /// Changes with every record and every load.
+    /// Another one after every record and every load, and never that of another store with records.
     quint64 revision() const { return m_revision; }
 
     /// Takes a copy of `record`, completes it and derives its points.
@@ -78,12 +78,14 @@ private:
     void findMark(int index);
     void addBasePoints(const Varnel3Data &record);
     void addDv(int index);
+    void seedLiveResistance();
     void addLiveResistance();
     void addLoadedResistance(int index);
     void addTemperature(const Varnel3Data &record);
     void noteTime(int index);
     void makeRoom(int records);
     void loadFigures(int begin, int end);
+    void goOnLive();
     void addCellPoints(const Varnel3Data &record);
 
     RecordList m_records;
@@ -92,6 +94,7 @@ private:
     BalanceIntegrator m_balance;
     ResistanceFold m_resistance;
     int m_device = Varnel3Data::NoDevice;
+    bool m_isLoaded = false; // and nothing appended since
     bool m_hasCells = false;
     int m_cellCount = 0;
     int m_syntheticTime = 0; // s
