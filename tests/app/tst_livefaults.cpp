@@ -6,8 +6,11 @@
 #include "support/warningcollector.h"
 
 #include <QDir>
+#include <QProcess>
+#include <QSerialPort>
 #include <QtTest>
 
+#include <cstdio>
 #include <ctime>
 #include <thread>
 
@@ -25,6 +28,18 @@ int openFiles()
 double processorSeconds()
 {
     return double(std::clock()) / CLOCKS_PER_SEC;
+}
+
+// What this program is as a process of its own that has been started with --hold: another one that uses the port, until
+// it is killed.
+int holdPort(const char *location)
+{
+    QSerialPort port(QFile::decodeName(location));
+    if (!port.open(QIODevice::ReadWrite))
+        return 1;
+    std::puts("held");
+    std::fflush(stdout);
+    return std::getchar();
 }
 
 } // namespace
@@ -49,11 +64,13 @@ private slots:
     void hangUpWhileClosing();
     void hourWithoutLineEnd();
     void portsComeAndGo();
+    void portHeldByAnotherProgram();
 
 private:
     QVector<const MdiGraphChild *> recordingsOf(const char *port) const;
     int recordsOf(const char *port) const;
     void closeOrPull(QChar what);
+    void acceptPreferences() const;
 
     size_t toggled = 0;
 };
@@ -167,6 +184,13 @@ void TestLiveFaults::closeOrPull(QChar what)
     }
 }
 
+void TestLiveFaults::acceptPreferences() const
+{
+    QTimer::singleShot(
+        200, window.get(), [] { qobject_cast<QDialog *>(QApplication::activeModalWidget())->accept(); });
+    trigger(ActionId::Preferences);
+}
+
 void TestLiveFaults::hangUpWhileClosing_data()
 {
     QTest::addColumn<QString>("acts");
@@ -271,5 +295,49 @@ void TestLiveFaults::portsComeAndGo()
     QTRY_VERIFY(openFiles() <= filesBefore); // journals are closed once they are on the disk
 }
 
-QTEST_MAIN(TestLiveFaults)
+// The holder ends as a crashed program does, with its lock left behind.
+void TestLiveFaults::portHeldByAnotherProgram()
+{
+    const QStringList ports = add({QStringLiteral("COM1:varnel3,start=open,endless"),
+        QStringLiteral("COM2:varnel2plus,start=open,endless")});
+    QProcess holder;
+    holder.start(QCoreApplication::applicationFilePath(),
+        {QStringLiteral("--hold"), QFile::symLinkTarget(fixture->portFolder() + QStringLiteral("/COM1"))});
+    QVERIFY(holder.waitForReadyRead(10000) && holder.readAll() == "held\n");
+
+    open(ports);
+    QCOMPARE(listened(), QStringList(QStringLiteral("COM2")));
+    QVERIFY(box("portFailed"));
+    QVERIFY2(box("portFailed")->text().startsWith(QLatin1String("Device COM1 failed to open: "))
+            && box("portFailed")->text().endsWith(QLatin1String("\nAnother program holds the port.")),
+        qPrintable(box("portFailed")->text()));
+    QVERIFY(fact(StatusFacts::Failing).contains(QLatin1String("COM1")));
+    QTRY_VERIFY(recordsOf("COM2") > 20);
+    acceptPreferences(); // which tries again what is not open
+    QCOMPARE(listened(), QStringList(QStringLiteral("COM2")));
+    QCOMPARE(recordsOf("COM1"), 0);
+
+    holder.kill();
+    QVERIFY(holder.waitForFinished(10000));
+    QVERIFY(box("portFailed")); // nothing is tried behind the user's back
+    acceptPreferences();
+    QCOMPARE(listened(), QStringList({QStringLiteral("COM2"), QStringLiteral("COM1")}));
+    QTRY_VERIFY(!box("portFailed"));
+    QCOMPARE(fact(StatusFacts::Failing), QString());
+    const int others = recordsOf("COM2");
+    QTRY_VERIFY(recordsOf("COM1") > 20 && recordsOf("COM2") > others);
+    QCOMPARE(recordingsOf("COM2").size(), 1); // one recording all the time
+}
+
+// As QTEST_MAIN does, but for the other program.
+int main(int argc, char **argv)
+{
+    if (argc == 3 && qstrcmp(argv[1], "--hold") == 0)
+        return holdPort(argv[2]);
+    const QApplication application(argc, argv);
+    QCoreApplication::setAttribute(Qt::AA_Use96Dpi, true);
+    QTEST_SET_MAIN_SOURCE_PATH
+    TestLiveFaults test;
+    return QTest::qExec(&test, argc, argv);
+}
 #include "tst_livefaults.moc"
