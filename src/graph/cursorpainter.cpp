@@ -3,6 +3,7 @@
 #include "data/timetext.h"
 #include "graph/figures.h"
 #include "graph/graphfonts.h"
+#include "graph/pixels.h"
 #include "graph/seriesstore.h"
 
 #include <QFontMetrics>
@@ -34,7 +35,7 @@ CursorPainter::CursorPainter(const GraphCanvas &canvas)
 
 void CursorPainter::paintCursor(const GraphScene &scene, int record)
 {
-    const int x = qRound(c.timeMap.transform(c.picture.store->series(SeriesStore::Time)[record]));
+    const int x = pixelOf(c.timeMap, c.picture.store->series(SeriesStore::Time)[record]);
     if (x < c.layout.plotLeft() || x > c.layout.plotRight())
         return;
     p->setPen(QPen(c.colours.axis(), 1));

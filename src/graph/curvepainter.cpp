@@ -2,6 +2,7 @@
 
 #include "graph/curvedata.h"
 #include "graph/curveoutline.h"
+#include "graph/pixels.h"
 #include "graph/varnelplotcurve.h"
 
 #include <QPainter>
@@ -110,7 +111,7 @@ void CurvePainter::drawLines(QPainter *painter, const Job &job) const
 void CurvePainter::drawPoint(QPainter *painter, const Job &job) const
 {
     constexpr int reach = 2; // px, so that a lone sample is seen
-    const QPoint centre(qRound(job.timeMap.transform(job.store->series(SeriesStore::Time).last())),
-        qRound(job.valueMap.transform(job.store->series(job.series)[job.store->size() - 1])));
+    const QPoint centre(pixelOf(job.timeMap, job.store->series(SeriesStore::Time).last()),
+        pixelOf(job.valueMap, job.store->series(job.series).last()));
     painter->fillRect(QRect(centre - QPoint(reach, reach), centre + QPoint(reach, reach)), job.colour);
 }

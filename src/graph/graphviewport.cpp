@@ -1,5 +1,6 @@
 #include "graph/graphviewport.h"
 
+#include "graph/pixels.h"
 #include "graph/seriesstore.h"
 
 #include <qwt_scale_engine.h>
@@ -59,7 +60,7 @@ int GraphViewport::recordAt(int x) const
 
 int GraphViewport::columnOf(int record) const
 {
-    return qRound(timeMap().transform(m_store->series(SeriesStore::Time)[record]));
+    return pixelOf(timeMap(), m_store->series(SeriesStore::Time)[record]);
 }
 
 std::optional<PlotArea> GraphViewport::areaAt(const QPoint &position) const
