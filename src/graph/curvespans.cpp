@@ -1,5 +1,6 @@
 #include "graph/curvespans.h"
 
+#include "graph/inkcolumns.h"
 #include "graph/pixels.h"
 #include "graph/plotseries.h"
 #include "graph/timecolumns.h"
@@ -8,6 +9,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cstdlib>
 
 CurveSpans::Column CurveSpans::columnAt(const Source &source, int x, int begin, int end)
 {
@@ -40,17 +42,42 @@ void CurveSpans::assign(const Source &source, const QRect &area, int width)
     }
     if (hasCurrent)
         addSpan(current, area);
+    if (m_spans.size() > area.width())
+        removeOverdraw(area);
+}
+
+// Where times run back columns come again and again: each pixel is painted once, and most of the wide lines between
+// neighbours lie on spans that came later.
+void CurveSpans::removeOverdraw(const QRect &area)
+{
+    constexpr int longest = 16; // px of lines that are worth a look
+    InkColumns ink(area);
+    for (const QRect &span : qAsConst(m_spans))
+        ink.fill(span);
+    const auto isPainted = [&](const QLine &line) {
+        QRect rect(QPoint(qMin(line.x1(), line.x2()), qMin(line.y1(), line.y2())),
+            QPoint(qMax(line.x1(), line.x2()), qMax(line.y1(), line.y2())));
+        if (m_width > 1)
+            rect.adjust(-1, -1, 0, 0);
+        return std::abs(line.dx()) <= longest && ink.covers(rect);
+    };
+    m_lines.erase(std::remove_if(m_lines.begin(), m_lines.end(), isPainted), m_lines.end());
+    m_spans = ink.spans();
 }
 
 // A line of width 1 to the next column stays in its own column until the very last pixel, so that a longer span does
-// for it; all others are drawn.
+// for it. One of width 2 keeps to the rows of its ends and the columns of both spans.
 void CurveSpans::join(Column *column, const Column &next)
 {
-    if (m_width > 1 || next.x != column->x + 1) {
+    const int rise = next.first - column->last;
+    if (next.x != column->x + 1) {
         m_lines.append(QLine(column->x, column->last, next.x, next.first));
-    } else if (next.first > column->last) {
+    } else if (m_width > 1) {
+        if (std::abs(rise) > 1 && !(column->holds(next.first) && next.holds(column->last)))
+            m_lines.append(QLine(column->x, column->last, next.x, next.first));
+    } else if (rise > 0) {
         column->bottom = qMax(column->bottom, next.first - 1);
-    } else if (next.first < column->last) {
+    } else if (rise < 0) {
         column->top = qMin(column->top, next.first + 1);
     }
 }
@@ -65,8 +92,9 @@ void CurveSpans::addSpan(const Column &column, const QRect &area)
         return;
     if (!m_spans.isEmpty()) { // a level stretch is one rectangle
         QRect &last = m_spans.last();
-        if (last.top() == span.top() && last.bottom() == span.bottom() && last.right() + 1 >= span.left()) {
-            last.setRight(span.right());
+        const bool continues = span.left() >= last.left() && span.left() <= last.right() + 1;
+        if (continues && last.top() == span.top() && last.bottom() == span.bottom()) {
+            last.setRight(qMax(last.right(), span.right()));
             return;
         }
     }

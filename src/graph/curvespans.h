@@ -29,11 +29,14 @@ public:
 private:
     struct Column {
         int x, top, bottom, first, last; // pixels; first and last sample
+
+        bool holds(int y) const { return y >= top && y <= bottom; }
     };
 
     static Column columnAt(const Source &source, int x, int begin, int end);
     void join(Column *column, const Column &next);
     void addSpan(const Column &column, const QRect &area);
+    void removeOverdraw(const QRect &area);
 
     int m_width = 1;
     QVector<QRect> m_spans;

@@ -3,6 +3,7 @@ target_sources(varnel_core PRIVATE
     graph/cellselection.h
     graph/csvexport.cpp graph/csvexport.h
     graph/extremes.cpp graph/extremes.h
+    graph/inkcolumns.cpp graph/inkcolumns.h
     graph/interval.cpp graph/interval.h
     graph/plotseries.cpp graph/plotseries.h
     graph/resistancefold.cpp graph/resistancefold.h

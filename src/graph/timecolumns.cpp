@@ -7,9 +7,11 @@
 
 namespace {
 
-// A clock that is set back now and then is drawn to the pixel; beyond these the area is full of ink.
-constexpr size_t mostStretches = 32768;
-constexpr size_t mostJumps = 2048;
+// Recordings joined by the dozen and clocks set back now and then are drawn to the pixel. Beyond these the area is full
+// of ink, and a repaint would take seconds.
+constexpr size_t mostStretches = 131072;
+constexpr size_t mostInk = 3000000; // pixels of the lines that skip columns
+constexpr size_t inkOfLine = 64; // what a short one costs as much as
 
 size_t roundedUp(size_t count, size_t most)
 {
@@ -84,11 +86,13 @@ void TimeColumns::add(const Stretch &stretch)
 
 void TimeColumns::thinOut()
 {
-    size_t jumps = 0;
-    for (size_t i = 1; i < m_stretches.size(); ++i)
-        jumps += std::abs(m_stretches[i].x - m_stretches[i - 1].x) > 1;
-    const size_t together
-        = std::max(roundedUp(m_stretches.size(), mostStretches), roundedUp(jumps, mostJumps));
+    size_t ink = 0;
+    for (size_t i = 1; i < m_stretches.size(); ++i) {
+        const int from = std::clamp(m_stretches[i - 1].x, m_left, m_right);
+        const int skipped = std::abs(std::clamp(m_stretches[i].x, m_left, m_right) - from);
+        ink += skipped > 1 ? inkOfLine + size_t(skipped) : 0;
+    }
+    const size_t together = std::max(roundedUp(m_stretches.size(), mostStretches), roundedUp(ink, mostInk));
     if (together < 2)
         return;
     size_t kept = 0;

@@ -20,12 +20,15 @@ void fill(SeriesStore *store, int count, const QString &wave)
     std::mt19937 random(7);
     std::uniform_int_distribution<int> noise(-40, 40);
     int time = 0;
+    int voltage = 12000;
     for (int i = 0; i < count; ++i) {
         Varnel3Data record;
         record.device = Varnel3Data::Varnel3;
         time += wave == QLatin1String("gaps") && i % 1000 == 999 ? 2000 : 1;
-        if (wave == QLatin1String("set back")) // for a quarter of the recording
+        if (wave.startsWith(QLatin1String("set back"))) // for a quarter of the recording
             time += i == count / 2 ? -count / 4 : i == count / 4 * 3 ? count / 4 : 0;
+        if (wave == QLatin1String("joined")) // many recordings, one after the other
+            time = i % (count / 150) * 150;
         record.setTime(time);
         record.voltage = 12000 + int(3000 * std::sin(i * 6.0 / count)) + noise(random);
         if (wave == QLatin1String("steps"))
@@ -34,6 +37,11 @@ void fill(SeriesStore *store, int count, const QString &wave)
             record.voltage = 12000 + noise(random) * 75;
         else if (wave == QLatin1String("flat"))
             record.voltage = 12000;
+        else if (wave
+            == QLatin1String("set back, flat band")) // two heights in turn, from the middle on one of them
+            record.voltage = 12000 + (i < count / 8 * 5 && i % 2 == 0 ? 1000 : 0);
+        else if (wave == QLatin1String("walk"))
+            record.voltage = voltage = qBound(9000, voltage + noise(random) * 10, 14000);
         store->append(record);
     }
 }
@@ -129,7 +137,8 @@ void TestCurvePainter::manySamplesPaintAsLines_data()
 {
     columns<QString, int, double, double, int>({"wave", "count", "from", "to", "width"});
     for (int width : {1, 2}) {
-        for (const char *wave : {"sine", "steps", "noise", "flat", "gaps", "set back"}) {
+        for (const char *wave :
+            {"sine", "steps", "noise", "flat", "gaps", "walk", "set back", "set back, flat band", "joined"}) {
             const auto add = [&](int count, const char *part, double from, double to) {
                 QTest::addRow("%s %d %s width %d", wave, count, part, width)
                     << QString::fromLatin1(wave) << count << count * from << count * to << width;
