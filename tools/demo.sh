@@ -53,17 +53,39 @@ start_display() {
     export DISPLAY=:$display
 }
 
-# As on a screen, for some 20 s; leaves a picture behind.
+# Each device has a recording that grows: the journals of the three have lines. Fails with what is there.
+check_recordings() {
+    local recorded
+    recorded=$(find "$demo_folder/data" -name '*.acp' -size +1 -print | wc -l)
+    [ "$recorded" = 3 ] || {
+        find "$demo_folder/data" -type f -exec ls -l {} + >&2
+        fail "$recorded of the three devices are being recorded"
+    }
+}
+
+# More than a blank screen has been seen.
+check_picture() {
+    local colours
+    colours=$(identify -format %k "$1") || fail "there is no screenshot"
+    [ "$colours" -gt 50 ] || fail "the screenshot $1 shows no window"
+}
+
+# As on a screen, for some 20 s; leaves a picture behind. Fails where something of it does not work.
 demo_headless() {
     need headless
-    say "there is no display: the same under Xvfb for 20 s"
+    local seconds=${DEMO_SECONDS:-20} picture=$root/build/demo.png
+    say "there is no display: the same under Xvfb for $seconds s"
+    rm -f "$picture"
     start_display
     QT_QPA_PLATFORM=xcb become_program -qwindowgeometry 1400x900+0+0 &
     program_pid=$!
-    sleep "${DEMO_SECONDS:-20}"
+    sleep "$seconds"
     kill -0 "$program_pid" 2>/dev/null || fail "the program has left early"
-    import -display "$DISPLAY" -window root "$root/build/demo.png"
-    say "screenshot: $root/build/demo.png"
+    kill -0 "$devices_pid" 2>/dev/null || fail "the simulated devices have left early"
+    import -display "$DISPLAY" -window root "$picture"
+    check_picture "$picture"
+    check_recordings
+    say "screenshot: $picture"
 }
 
 # True where a window can be opened on $DISPLAY or the Wayland display.
