@@ -12,6 +12,7 @@
 #include <QFile>
 
 #include <cstdio>
+#include <new>
 
 namespace {
 
@@ -34,8 +35,14 @@ bool load(const QString &fileName, SeriesStore &store, QString *reason)
         *reason = loader.statusText();
         return false;
     }
-    store.load(loader.takeRecords());
-    return true;
+    try {
+        store.load(loader.takeRecords());
+        return true;
+    } catch (const std::bad_alloc &) {
+        loader.giveUpForMemory();
+        *reason = loader.reason();
+        return false;
+    }
 }
 
 WriteOutcome writeOutput(const QString &output, FilePieces &pieces)

@@ -8,6 +8,8 @@
 #include <QElapsedTimer>
 #include <QTimer>
 
+#include <new>
+
 namespace {
 
 constexpr int sliceTime = 20; // ms; the event loop runs between slices
@@ -59,8 +61,20 @@ void FileQueue::readOn()
         }
         m_loader = std::make_unique<DataFileLoader>(m_waiting.dequeue());
     }
-    if (m_store ? !deriveSome() : !readSome())
+    if (!workOn())
         takeResult();
+}
+
+/// True while the file is not ready.
+bool FileQueue::workOn()
+{
+    try {
+        return m_store ? deriveSome() : readSome();
+    } catch (const std::bad_alloc &) {
+        m_store.reset();
+        m_loader->giveUpForMemory();
+        return false;
+    }
 }
 
 /// True while the file is not ready.

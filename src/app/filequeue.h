@@ -40,6 +40,7 @@ private slots:
     void readOn();
 
 private:
+    bool workOn();
     bool readSome();
     bool deriveSome();
     void takeResult();

@@ -1,8 +1,8 @@
-# Memory in large pages is the system's own; the rest is common.
+# What memory there is, and getting it in large pages, is the system's own; the rest is common.
 if(WIN32)
-    set(data_system data/largeblock_win.cpp)
+    set(data_system data/largeblock_win.cpp data/systemmemory_win.cpp)
 else()
-    set(data_system data/largeblock_unix.cpp)
+    set(data_system data/largeblock_unix.cpp data/systemmemory_unix.cpp)
 endif()
 target_sources(varnel_data PRIVATE
     data/timetext.cpp data/timetext.h
@@ -13,6 +13,7 @@ target_sources(varnel_data PRIVATE
     data/linefields.h
     data/saturated.h
     data/largeblock.h
+    data/systemmemory.cpp data/systemmemory.h
     ${data_system}
     data/lineconversions.cpp data/lineconversions.h
     data/lineparsers.cpp data/lineparsers.h

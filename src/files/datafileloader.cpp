@@ -5,15 +5,19 @@
 #include "files/linetrimming.h"
 
 #include "data/saturated.h"
+#include "data/systemmemory.h"
 
 #include <QDebug>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 
+#include <new>
+
 namespace {
 
 constexpr int linesBetweenLooks = 256; // at the clock
+constexpr int recordsBetweenLooks = 32768; // at the memory that is left; little more than one block of them
 constexpr int shortestRecordLine = 10;
 constexpr int timeFromLine = -1;
 
@@ -62,19 +66,33 @@ bool DataFileLoader::readSome(int maxMilliseconds)
 {
     QElapsedTimer timer;
     timer.start();
-    for (int lines = 1; m_status == Status::Reading; ++lines) {
-        const bool slow = step() == LineSource::Found::Nothing;
-        if ((slow || lines % linesBetweenLooks == 0) && timer.hasExpired(maxMilliseconds))
-            break;
-    }
+    readWithin([&] {
+        for (int lines = 1; m_status == Status::Reading; ++lines) {
+            const bool slow = step() == LineSource::Found::Nothing;
+            if ((slow || lines % linesBetweenLooks == 0) && timer.hasExpired(maxMilliseconds))
+                break;
+        }
+    });
     return m_status == Status::Reading;
 }
 
 bool DataFileLoader::readAll()
 {
-    while (m_status == Status::Reading)
-        step();
+    readWithin([this] {
+        while (m_status == Status::Reading)
+            step();
+    });
     return m_status == Status::Loaded;
+}
+
+template <typename Read>
+void DataFileLoader::readWithin(const Read &read)
+{
+    try {
+        read();
+    } catch (const std::bad_alloc &) {
+        giveUpForMemory();
+    }
 }
 
 LineSource::Found DataFileLoader::step()
@@ -175,6 +193,10 @@ void DataFileLoader::takeColumnLine(QLatin1String line)
 // The time is final before the charge is summed.
 void DataFileLoader::addRecord(QLatin1String line, int time)
 {
+    if (m_records.size() >= m_nextLook) {
+        demandMemory(0);
+        m_nextLook = m_records.size() + recordsBetweenLooks;
+    }
     Varnel3Data &record = m_records.appendNew();
     if (!record.parseLine(line)) {
         m_records.removeLast();
@@ -195,7 +217,8 @@ void DataFileLoader::finish(Status status)
         qDebug("Wczytal %d linii z pliku %s", m_recordCount, qUtf8Printable(m_fileName));
         return;
     }
-    if (status != Status::CanNotOpen)
+    m_recordCount = 0;
+    if (status == Status::BadHeader || status == Status::BadLine)
         m_errorLine = qMax(1, m_lines->lineNumber());
     m_records.clear();
 }
@@ -218,6 +241,8 @@ QString DataFileLoader::statusText() const
     case Status::BadHeader:
     case Status::BadLine:
         return tr("Format error in ") + m_fileName;
+    case Status::NoMemory:
+        return tr("Not enough memory to open %1").arg(m_fileName);
     case Status::Loaded:
         break;
     }
@@ -242,6 +267,8 @@ QString DataFileLoader::reason() const
 {
     if (m_errorLine > 0)
         return tr("format error in line %1").arg(m_errorLine);
+    if (m_status == Status::NoMemory)
+        return tr("not enough memory");
     return m_systemError;
 }
 

@@ -18,7 +18,7 @@ class DataFileLoader {
     Q_DECLARE_TR_FUNCTIONS(DataFileLoader)
 
 public:
-    enum class Status { Reading, Loaded, CanNotOpen, BadHeader, BadLine };
+    enum class Status { Reading, Loaded, CanNotOpen, BadHeader, BadLine, NoMemory };
 
     /// Opens `fileName`, which must be a regular file; its ending tells the balancer's column format.
     explicit DataFileLoader(const QString &fileName);
@@ -32,6 +32,9 @@ public:
     bool readSome(int maxMilliseconds);
     /// Reads all. True when the file was loaded, be it with no record.
     bool readAll();
+    /// Gives up for lack of memory, as reading itself does before the system has none left. A loaded file counts as
+    /// not loaded from then on.
+    void giveUpForMemory() { finish(Status::NoMemory); }
 
     Status status() const { return m_status; }
     double progress() const; ///< 0 to 1, by bytes
@@ -52,6 +55,8 @@ public:
 private:
     void start();
     LineSource::Found step();
+    template <typename Read>
+    void readWithin(const Read &read);
     void takeEnd();
     void takeLine(QLatin1String line);
     void chooseDialect(QLatin1String firstLine);
@@ -72,5 +77,6 @@ private:
     int m_lineLength = 0; // of the newest record
     RecordList m_records;
     int m_recordCount = 0; // once all are read
+    int m_nextLook = 0; // at the memory that is left, with this many records
     BalanceIntegrator m_balance;
 };

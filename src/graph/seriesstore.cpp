@@ -1,5 +1,7 @@
 #include "graph/seriesstore.h"
 
+#include "data/systemmemory.h"
+
 #include <algorithm>
 #include <atomic>
 #include <limits>
@@ -266,6 +268,7 @@ void SeriesStore::makeRoom(int records)
         std::for_each(m_series, m_series + kinds, [records](PlotSeries &series) { series.reserve(records); });
         return;
     }
+    demandMemory(qint64(size));
     m_room = LargeBlock(size);
     auto *room = static_cast<double *>(m_room.data());
     for (int kind = 0; kind < kinds; ++kind, room += records)

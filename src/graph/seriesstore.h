@@ -59,6 +59,7 @@ public:
     /// Takes a copy of `record`, completes it and derives its points.
     void append(const Varnel3Data &record);
     /// Takes over the records of a file, of which the balanced charge is summed already, and derives all points.
+    /// Throws std::bad_alloc where there is too little memory for these; the store is then only fit to be destroyed.
     void load(RecordList records);
     /// The same for a long file: takes over its records, of which loadSome() then derives the points. Until that is
     /// done nothing else may be asked.

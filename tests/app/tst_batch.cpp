@@ -2,6 +2,7 @@
 #include "app/commandline.h"
 #include "support/pixels.h"
 #include "support/columns.h"
+#include "support/limits.h"
 
 #include <QImage>
 #include <QTemporaryDir>
@@ -18,6 +19,7 @@ private slots:
     void drawsTheSwitches();
     void fails_data();
     void fails();
+    void failsForMemory();
 
 private:
     QString path(const QString &name) const { return folder.filePath(name); }
@@ -110,6 +112,24 @@ void TestBatch::fails()
     QFETCH(QStringList, words);
     QTEST(run(words), "status");
     QVERIFY(!QFile::exists(path(QStringLiteral("never.csv"))));
+}
+
+// First for the records, with more room for the series, in the end not at all.
+void TestBatch::failsForMemory()
+{
+    QFile data(path(QStringLiteral("large.acp")));
+    QVERIFY(data.open(QIODevice::WriteOnly));
+    data.write(QByteArray("#c0605 00123,25200+02000,025,01234\n").repeated(200000));
+    data.close();
+    const QString out = path(QStringLiteral("late.csv"));
+    int failures = 0;
+    for (;; ++failures) {
+        const AddressSpaceLimit limit(qint64(8 + 8 * failures) << 20);
+        if (run({QStringLiteral("--export-csv"), out, data.fileName()}) == 0)
+            break;
+        QVERIFY(!QFile::exists(out));
+    }
+    QVERIFY(failures > 3);
 }
 
 QTEST_MAIN(TestBatch)

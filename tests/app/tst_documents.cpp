@@ -1,6 +1,7 @@
 #include "displays/datadisplay.h"
 #include "graph/mdigraphchild.h"
 #include "support/files.h"
+#include "support/limits.h"
 #include "support/lines.h"
 #include "support/modaldialog.h"
 #include "support/shellrig.h"
@@ -32,6 +33,8 @@ private slots:
     void failedSaveKeepsMarks();
     void cancelledSaveLeavesNothing();
     void longFiles();
+    void memoryRunsOut_data();
+    void memoryRunsOut();
     void interrupted_data();
     void interrupted();
     void dropped();
@@ -185,6 +188,36 @@ void TestDocuments::longFiles()
     device->send(Lines::charger(7));
     QTRY_COMPARE_WITH_TIMEOUT(window->mdiChildren().size(), 4, 60000);
     QTRY_VERIFY(!progress()->isVisible());
+}
+
+void TestDocuments::memoryRunsOut_data()
+{
+    QTest::addColumn<int>("room"); // MB
+    QTest::newRow("for the records") << 64; // which need 192
+    QTest::newRow("for their series") << 203; // 21 more
+}
+
+// One of the files is too large for the limit; the other one and the device find room.
+void TestDocuments::memoryRunsOut()
+{
+    QFETCH(int, room);
+    const QString large = fixture->path(QStringLiteral("large.acp"));
+    QVERIFY(::writeFile(large, QByteArray("#c0605 00123,25200+02000,025,01234\n").repeated(400000)));
+    const QString good = writeFile(QStringLiteral("good.acp"), 5);
+    PtyPair *device = listen();
+    device->send(Lines::charger(7));
+    QTRY_COMPARE(window->mdiChildren().size(), 1);
+    const MdiGraphChild *live = window->activeMdiChild();
+    const AddressSpaceLimit limit(qint64(room) << 20);
+    window->openFiles({large, good});
+    device->send(Lines::charger(8));
+    QTRY_VERIFY(box("openFailures"));
+    QVERIFY2(box("openFailures")->text().endsWith(QStringLiteral("large.acp: not enough memory")),
+        qPrintable(box("openFailures")->text()));
+    QCOMPARE(window->mdiChildren().size(), 2);
+    device->send(Lines::charger(9));
+    QTRY_COMPARE(live->store().size(), 3);
+    QVERIFY(live->isLive());
 }
 
 void TestDocuments::interrupted_data()

@@ -1,6 +1,8 @@
 #include "files/datafileloader.h"
 
+#include "data/systemmemory.h"
 #include "support/columns.h"
+#include "support/limits.h"
 
 #include <QBuffer>
 #include <QElapsedTimer>
@@ -56,6 +58,8 @@ private slots:
     void whatIsNoFile();
     void binaryJunk();
     void hugeLine();
+    void memoryRunsOut_data();
+    void memoryRunsOut();
 };
 
 // NOLINTNEXTLINE(readability-function-size): a table
@@ -347,6 +351,37 @@ void TestDataFileLoader::hugeLine()
     DataFileLoader headerless(file.fileName());
     headerless.readAll();
     QCOMPARE(headerless.statusTimeout(), 2000);
+}
+
+void TestDataFileLoader::memoryRunsOut_data()
+{
+    QTest::addColumn<bool>("toldBefore");
+    QTest::newRow("the system tells how much is left") << true;
+    QTest::newRow("the system refuses") << false;
+}
+
+// A short line becomes a record of twenty times its size.
+void TestDataFileLoader::memoryRunsOut()
+{
+    QFETCH(bool, toldBefore);
+    constexpr qint64 megabyte = 1 << 20;
+    const QByteArray line = "#c0605 00123,25200+02000,025,01234\n";
+    const auto loader = loaderOf(line.repeated(400000), acp);
+    const auto next = loaderOf(line.repeated(10000), acp);
+    const LargeBlock space(size_t(2048 * megabyte)); // makes the limit large, and what is kept back of it
+    const AddressSpaceLimit told((toldBefore ? 64 : 1024) * megabyte);
+    const WritableMemoryLimit refused((toldBefore ? 4096 : 24) * megabyte);
+    const qint64 before = residentBytes();
+    qint64 left = systemMemory().available;
+    while (loader->readSome(1))
+        left = qMin(left, systemMemory().available);
+    QVERIFY(left > 64 * megabyte);
+    QCOMPARE(loader->statusText(), "Not enough memory to open " + acp);
+    QCOMPARE(loader->reason(), QStringLiteral("not enough memory"));
+    QCOMPARE(loader->recordCount(), 0);
+    QCOMPARE(loader->takeRecords().size(), 0);
+    QVERIFY(residentBytes() - before < 8 * megabyte);
+    QVERIFY(next->readAll());
 }
 
 QTEST_GUILESS_MAIN(TestDataFileLoader)

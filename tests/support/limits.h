@@ -5,27 +5,62 @@
 #include <csignal>
 #include <sys/resource.h>
 
-/// No file of this process grows beyond `bytes` while it lives: a disk that is full.
-class FileSizeLimit {
+/// What this process uses of `Resource`, one of RLIMIT_..., stays within `bytes` while it lives.
+template <int Resource>
+class ProcessLimit {
 public:
-    explicit FileSizeLimit(rlim_t bytes)
+    explicit ProcessLimit(rlim_t bytes)
     {
-        std::signal(SIGXFSZ, SIG_IGN);
-        ::getrlimit(RLIMIT_FSIZE, &m_before);
+        ::getrlimit(Resource, &m_before);
         const rlimit small{bytes, m_before.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &small);
+        ::setrlimit(Resource, &small);
     }
-    ~FileSizeLimit() { ::setrlimit(RLIMIT_FSIZE, &m_before); }
-    FileSizeLimit(const FileSizeLimit &) = delete;
-    FileSizeLimit &operator=(const FileSizeLimit &) = delete;
+    ~ProcessLimit() { ::setrlimit(Resource, &m_before); }
+    ProcessLimit(const ProcessLimit &) = delete;
+    ProcessLimit &operator=(const ProcessLimit &) = delete;
 
 private:
     rlimit m_before{};
 };
 
-/// Memory that this process holds now; 0 where the system does not tell.
-inline qint64 residentBytes()
+/// No file of this process grows beyond `bytes` while it lives: a disk that is full.
+class FileSizeLimit : public ProcessLimit<RLIMIT_FSIZE> {
+public:
+    explicit FileSizeLimit(rlim_t bytes)
+        : ProcessLimit(bytes)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+    }
+};
+
+/// A figure of /proc/self/statm in bytes; 0 where the system does not tell.
+inline qint64 ownBytes(int figure)
 {
     QFile statm(QStringLiteral("/proc/self/statm"));
-    return statm.open(QIODevice::ReadOnly) ? statm.readAll().split(' ').at(1).toLongLong() * 4096 : 0;
+    return statm.open(QIODevice::ReadOnly) ? statm.readAll().split(' ').at(figure).toLongLong() * 4096 : 0;
 }
+
+/// Memory that this process holds now.
+inline qint64 residentBytes()
+{
+    return ownBytes(1);
+}
+
+/// The process gets about `bytes` more of address space, and what demandMemory() keeps back of so little.
+class AddressSpaceLimit : public ProcessLimit<RLIMIT_AS> {
+public:
+    explicit AddressSpaceLimit(qint64 bytes)
+        : ProcessLimit(
+            rlim_t(ownBytes(0) + qMin(bytes + (qint64(512) << 20), (bytes * 16 + ownBytes(0)) / 15)))
+    {
+    }
+};
+
+/// The process gets `bytes` more of memory to write to, and learns that there is no more only when it is refused.
+class WritableMemoryLimit : public ProcessLimit<RLIMIT_DATA> {
+public:
+    explicit WritableMemoryLimit(qint64 bytes)
+        : ProcessLimit(rlim_t(ownBytes(5) + bytes))
+    {
+    }
+};

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QtGlobal>
+
+/// What the system can give this program.
+struct SystemMemory {
+    qint64 total = 0; ///< bytes; 0 where the system does not tell
+    qint64 available = 0; ///< bytes, without other programs being put out to disk
+};
+
+/// As it is now, within the limit that this process was given. Takes some ten microseconds.
+SystemMemory systemMemory();
+
+/// Demands that `bytes` more leave some to live recordings and to other programs: a sixteenth of all memory, or 512 MB
+/// where that is less. Throws std::bad_alloc when they don't. To be asked now and then while something large grows: a
+/// system that promises more memory than it has ends a program instead of refusing.
+void demandMemory(qint64 bytes);
