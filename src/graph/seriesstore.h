@@ -1,32 +1,15 @@
 #pragma once
 
 #include "data/balanceintegrator.h"
-#include "data/largeblock.h"
 #include "data/recordlist.h"
-#include "graph/plotseries.h"
-#include "graph/resistancefold.h"
+#include "graph/derivedpoints.h"
+#include "graph/endmark.h"
 
 /// The records of one recording and the plot series derived from them, in step: record n is point n of every series.
 /// A live recording grows by append(), a file is taken over whole by load(); the cost of a record does not depend on
 /// how many there are.
-class SeriesStore {
+class SeriesStore : public SeriesKinds {
 public:
-    /// The series, for series(). The cell series follow from Cell1 on.
-    enum Kind {
-        Time, ///< s
-        Voltage, ///< V
-        Current, ///< A
-        Energy, ///< mAh
-        Temperature, ///< degrees Celsius, smoothed
-        Resistance, ///< mOhm, smoothed; means something from firstResistance() on
-        Dv, ///< mV/min, smoothed; 0 before firstResistance()
-        CellMin, ///< V
-        CellMax, ///< V
-        CellAverage, ///< V
-        CellDelta, ///< V, highest minus lowest
-        Cell1, ///< V
-        kindCount = Cell1 + Varnel3Data::maxCells
-    };
     /// What the comparison of capacities shows of a recording.
     struct Capacity {
         int energyNow = 0; ///< mAh, newest record
@@ -34,22 +17,19 @@ public:
         int energyAtMark = 0; ///< mAh, first record that carries an end mark; else as energyNow
     };
 
-    /// Index of the first point of resistance and dV.
-    static constexpr int firstResistance() { return 17; }
-
     int size() const { return m_records.size(); }
     bool isEmpty() const { return m_records.isEmpty(); }
     const RecordList &records() const { return m_records; }
     /// Device code of the first record.
     int device() const { return m_device; }
     /// A view on a series, with a point for each record; cell series only where there are such.
-    const PlotSeries &series(int kind) const { return m_series[kind]; }
+    const PlotSeries &series(int kind) const { return m_points.series(kind); }
     /// The first record carried cell data, so that the statistics of the cells have points.
-    bool hasCellSeries() const { return m_hasCells; }
+    bool hasCellSeries() const { return m_points.hasCells(); }
     /// Cells that have a series, 0..16.
-    int cellSeriesCount() const { return m_cellCount; }
+    int cellSeriesCount() const { return m_points.cellCount(); }
     /// No record's time lies before its predecessor's.
-    bool isTimeMonotone() const { return m_timeMonotone; }
+    bool isTimeMonotone() const { return m_points.isTimeMonotone(); }
     Capacity capacity() const;
     /// The newest record lacks the resistance of its first cell, which its predecessor had.
     bool newestLacksResistance() const;
@@ -75,35 +55,14 @@ public:
 private:
     void begin(const Varnel3Data &record);
     void completeNewest();
-    void markEnd();
-    void findMark(int index);
-    void addBasePoints(const Varnel3Data &record);
-    void addDv(int index);
-    void seedLiveResistance();
-    void addLiveResistance();
-    void addLoadedResistance(int index);
-    void addTemperature(const Varnel3Data &record);
-    void noteTime(int index);
-    void makeRoom(int records);
-    void loadFigures(int begin, int end);
     void goOnLive();
-    void addCellPoints(const Varnel3Data &record);
 
     RecordList m_records;
-    LargeBlock m_room; // of the series of a file, until they outgrow it
-    PlotSeries m_series[kindCount];
+    DerivedPoints m_points;
     BalanceIntegrator m_balance;
-    ResistanceFold m_resistance;
+    EndMark m_end;
     int m_device = Varnel3Data::NoDevice;
     bool m_isLoaded = false; // and nothing appended since
-    bool m_hasCells = false;
-    int m_cellCount = 0;
     int m_syntheticTime = 0; // s
-    qint64 m_temperatureSum = 0; // four times the running value
-    double m_dvSum = 0.0; // twelve times the running value
-    qint64 m_loadedResistanceSum = 0; // four times the running value, of a file's records
-    bool m_endMarked = false;
-    int m_markedRecord = -1; // first one that carries an end mark
-    bool m_timeMonotone = true;
     quint64 m_revision = 0;
 };

@@ -2,11 +2,13 @@
 target_sources(varnel_core PRIVATE
     graph/cellselection.h
     graph/csvexport.cpp graph/csvexport.h
+    graph/derivedpoints.cpp graph/derivedpoints.h
+    graph/endmark.cpp graph/endmark.h
     graph/extremes.cpp graph/extremes.h
-    graph/inkcolumns.cpp graph/inkcolumns.h
     graph/interval.cpp graph/interval.h
     graph/plotseries.cpp graph/plotseries.h
     graph/resistancefold.cpp graph/resistancefold.h
+    graph/serieskinds.h
     graph/seriesstore.cpp graph/seriesstore.h
 )
 target_sources(varnel_gui PRIVATE
@@ -30,6 +32,7 @@ target_sources(varnel_gui PRIVATE
     graph/graphscene.cpp graph/graphscene.h
     graph/graphviewport.cpp graph/graphviewport.h
     graph/graphzoom.cpp graph/graphzoom.h
+    graph/inkcolumns.cpp graph/inkcolumns.h
     graph/legendpainter.cpp graph/legendpainter.h
     graph/mdigraphchild.cpp graph/mdigraphchild.h
     graph/pixels.h
