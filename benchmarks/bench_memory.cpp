@@ -1,11 +1,10 @@
 #include "files/datafileloader.h"
 #include "files/datafilewriter.h"
 #include "files/wholefile.h"
-#include "graph/graphhost.h"
 #include "graph/mdigraphchild.h"
 #include "machinememory.h"
+#include "quietshell.h"
 #include "samplerecording.h"
-#include "settings/viewstate.h"
 
 #include <QFile>
 #include <QImage>
@@ -15,27 +14,6 @@
 #include <vector>
 
 #include <benchmark/benchmark.h>
-
-/// As much of a shell as a graph window needs.
-class Shell : public QObject, public GraphHost {
-    Q_OBJECT
-
-public:
-    ViewState *viewState() const override { return m_state; }
-    bool isCurrent(const MdiGraphChild *) const override { return false; }
-    void showRecord(const Varnel3Data &, int, bool) override { }
-    void showMessageStatusBar(const QString &, int) override { }
-    QObject *updateReceiver() override { return this; }
-    bool mayClose(MdiGraphChild *) override { return true; }
-    void graphClosing(MdiGraphChild *) override { }
-
-public slots:
-    void updateCapacity(int, char, int, int) { }
-    void updateVoltage() { }
-
-private:
-    ViewState *m_state = new ViewState(this);
-};
 
 // Counters in MB of what the process alone holds; report.py runs these in a process of their own.
 namespace {
@@ -65,7 +43,7 @@ void draw(MdiGraphChild *window)
     window->render(&image);
 }
 
-std::unique_ptr<MdiGraphChild> liveWindow(Shell *shell)
+std::unique_ptr<MdiGraphChild> liveWindow(QuietShell *shell)
 {
     auto window = std::make_unique<MdiGraphChild>(shell);
     window->setAttribute(Qt::WA_DeleteOnClose, false);
@@ -77,7 +55,7 @@ std::unique_ptr<MdiGraphChild> liveWindow(Shell *shell)
 // Eight windows on devices that have sent a line each.
 void eightWindows(benchmark::State &state)
 {
-    Shell shell;
+    QuietShell shell;
     liveWindow(&shell); // fonts and the like
     std::vector<std::unique_ptr<MdiGraphChild>> open;
     const double before = megabytesHeld();
@@ -99,7 +77,7 @@ void millionRecords(benchmark::State &state)
         if (!writeWholeFile(name, lines).written)
             state.SkipWithError("not saved");
     }
-    Shell shell;
+    QuietShell shell;
     liveWindow(&shell);
     takeMemoryFromHost(enoughForMillion);
     const double before = megabytesHeld();
@@ -124,5 +102,3 @@ void millionRecords(benchmark::State &state)
 
 BENCHMARK(eightWindows)->Name("memory/eight windows")->Iterations(1);
 BENCHMARK(millionRecords)->Name("memory/a million records")->Iterations(1)->Unit(benchmark::kMillisecond);
-
-#include "bench_memory.moc"

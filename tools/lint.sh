@@ -28,9 +28,37 @@ list_files() {
     fi | grep -E '^(src|tools|tests|benchmarks)/.*\.(cpp|h)$' | sort -u
 }
 mapfile -t files < <(list_files)
-# what the build knows how to compile
-mapfile -t sources < <(printf '%s\n' "${files[@]}" | grep '\.cpp$' |
-    while read -r file; do grep -qF "$PWD/$file\"" build/dev/compile_commands.json && echo "$file"; done)
+
+# What the everyday build leaves out stands in a configuration of its own, of which nothing is built.
+configure_rest() {
+    cmake -S . -B "$marks/rest" -G Ninja -DVARNEL_TESTS=OFF -DVARNEL_BENCHMARKS=ON -DVARNEL_FUZZERS=ON \
+        >"$marks/rest.log" 2>&1 || { tail -n 40 "$marks/rest.log" >&2; exit 1; }
+}
+
+# How to compile every source: as the everyday build does, else as the rest.
+merge_commands() {
+    python3 - build/dev/compile_commands.json "$marks/rest/compile_commands.json" <<'TEXT'
+import json, sys
+everyday, rest = (json.load(open(name)) for name in sys.argv[1:])
+known = {entry["file"] for entry in everyday}
+json.dump(everyday + [entry for entry in rest if entry["file"] not in known], sys.stdout, indent=0)
+TEXT
+}
+
+configure_rest
+merge_commands >"$marks/compile_commands.json"
+mapfile -t sources < <(printf '%s\n' "${files[@]}" | grep '\.cpp$' | grep -v '_win\.cpp$')
+
+# No source goes unread for want of a place in the build.
+check_sources() {
+    local source unknown=0
+    for source in "${sources[@]}"; do
+        grep -qF "$PWD/$source\"" "$marks/compile_commands.json" && continue
+        echo "$source is compiled nowhere"
+        unknown=1
+    done
+    return $unknown
+}
 
 step() { # step NAME COMMAND...
     local name=$1 start=$SECONDS
@@ -64,20 +92,22 @@ for_each_source() {
 mark_of() {
     printf '%s/%s.%s.%s' "$marks" "$1" "${2//\//-}" "$(cat "$2" "$marks/state" | cksum | tr ' ' -)"
 }
-{ cat .clang-tidy tests/.clang-tidy build/dev/compile_commands.json tools/lint.sh; find src tools tests benchmarks -name '*.h' -exec cat {} +; } |
+{ cat .clang-tidy tests/.clang-tidy "$marks/compile_commands.json" tools/lint.sh; find src tools tests benchmarks -name '*.h' -exec cat {} +; } |
     cksum >"$marks/state"
 
 tidy_file() {
-    clang-tidy --quiet -p build/dev --header-filter="^$PWD/(src|tools|tests|benchmarks)/" \
+    clang-tidy --quiet -p "$marks" --header-filter="^$PWD/(src|tools|tests|benchmarks)/" \
         --extra-arg=-Wno-gnu-zero-variadic-macro-arguments "$1" 2>&1 | grep -vE '^[0-9]+ warnings? (generated|treated)'
     return "${PIPESTATUS[0]}"
 }
 
-# Old-style connects and slots that Qt finds by their names are this program's conventions; the rest of level 1 holds.
-# Sources that moc makes are not ours, nor is how Qt's macros take their arguments.
+# Old-style connects and slots that Qt finds by their names are this program's conventions; the rest of level 1 holds,
+# but for the objects by which benchmarks make themselves known. Sources that moc makes are not ours, nor is how Qt's
+# macros take their arguments.
 clazy_file() {
-    local text
-    text=$(clazy-standalone -p build/dev --only-qt --checks=level1,no-old-style-connect,no-connect-by-name \
+    local text checks=level1,no-old-style-connect,no-connect-by-name
+    [[ $1 != benchmarks/* ]] || checks+=,no-non-pod-global-static
+    text=$(clazy-standalone -p "$marks" --only-qt --checks="$checks" \
         --header-filter="^$PWD/(src|tools|tests|benchmarks)/" --ignore-dirs='autogen|\.moc' \
         --extra-arg=-Wno-gnu-zero-variadic-macro-arguments "$1" 2>&1 |
         grep -E -A4 '(warning|error):.*' | grep -v 'warnings\? generated')
@@ -87,10 +117,11 @@ clazy_file() {
 check_cppcheck() {
     cppcheck --quiet --library=qt --std=c++17 --enable=warning,performance,portability --inline-suppr \
         --suppressions-list=tools/cppcheck-suppressions.txt --error-exitcode=1 -j "$jobs" \
-        --cppcheck-build-dir="$marks" -I src -I tools -I tests src tools benchmarks
+        --cppcheck-build-dir="$marks" -I src -I tools -I tests -I benchmarks src tools tests benchmarks
 }
 
 step format check_format
+step sources check_sources
 step layers python3 tools/check_layers.py
 step words python3 tools/check_words.py
 step cppcheck check_cppcheck

@@ -145,6 +145,7 @@ void TestRandomUse::anythingAtAnyMoment()
     VarnelSettings().setSendTime(true);
 
     RandomUser someone(seed, &rack, fixture.path(QString()));
+    // cppcheck-suppress danglingLifetime ; look() alone uses it, whose timer goes before
     user = &someone;
     WarningCollector collector;
     QTimer looking;

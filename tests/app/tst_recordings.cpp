@@ -147,7 +147,7 @@ void TestRecordings::reopensNewestFirst()
     send(1, 5);
     for (int i = 1; i <= 6; ++i)
         other->send(Lines::charger(i));
-    QTRY_COMPARE(window->activeMdiChild()->store().size(), 6);
+    QTRY_VERIFY(window->activeMdiChild() && window->activeMdiChild()->store().size() == 6);
     closeWindow(window->mdiChildren().first());
     closeWindow(window->mdiChildren().first());
     if (newestGone)

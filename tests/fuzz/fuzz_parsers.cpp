@@ -34,7 +34,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
     const QByteArray input(reinterpret_cast<const char *>(data), int(size));
     Varnel3Data record;
     Varnel3Data fromText;
-    for (const QByteArray &line : input.split('\n')) {
+    const QList<QByteArray> lines = input.split('\n');
+    for (const QByteArray &line : lines) {
         const bool good = record.parseLine(QLatin1String(line));
         check(fromText.parseLine(QString::fromLatin1(line)) == good, "bytes and text are parsed alike");
         const bool resistances = record.parseResistanceLine(QLatin1String(line));

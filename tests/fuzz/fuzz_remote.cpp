@@ -30,7 +30,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
             continue;
         QMetaObject::invokeMethod(&reader, "control_data", Q_ARG(QString, line));
         check(pages->currentIndex() >= 0 && pages->currentIndex() < pages->count(), "a page is shown");
-        for (const QComboBox *combo : dialog.findChildren<QComboBox *>())
+        const auto combos = dialog.findChildren<QComboBox *>();
+        for (const QComboBox *combo : combos)
             check(combo->currentIndex() >= -1 && combo->currentIndex() < combo->count(), "an item or none");
     }
     QCoreApplication::removePostedEvents(nullptr);

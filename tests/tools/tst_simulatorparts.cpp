@@ -93,7 +93,7 @@ void TestSimulatorParts::faultsSpoilAsNamed()
     QFETCH(QString, pattern);
     QCOMPARE(int(sim::findFault(QString::fromLatin1(QTest::currentDataTag()))), fault);
     sim::FaultInjector injector({}, 9);
-    const QRegularExpression expected(pattern);
+    const QRegularExpression expected(pattern); // another one in each row
     for (int i = 0; i < 100; ++i) {
         injector.force(Fault(fault));
         const auto hit = injector.pass("#12,34,56\r\n");
