@@ -12,11 +12,14 @@
 #include <QTemporaryDir>
 #include <QTextStream>
 
+#include <utility>
+
 #include <benchmark/benchmark.h>
 
 namespace {
 
-constexpr std::size_t enoughToRead = std::size_t(384) << 20; // bytes, more than an opening or a processor's caches hold
+constexpr std::size_t enoughToRead = std::size_t(384)
+    << 20; // bytes, more than an opening or a processor's caches hold
 
 // A data file of `count` records, written once and kept until the program ends.
 QString sampleFile(int count)
@@ -47,7 +50,7 @@ void readNaive(benchmark::State &state)
                 records.append(record);
         }
         NaiveStore store;
-        store.load(records);
+        store.load(std::move(records));
         if (store.resistance().size() != state.range(0))
             state.SkipWithError("records are missing");
     }
@@ -67,8 +70,8 @@ void readHouse(benchmark::State &state)
     }
 }
 
-// A file is opened once, not again and again: nothing is found of what another opening left in the processor's caches or
-// among the memory that the process has given back to itself.
+// A file is opened once, not again and again: nothing is found of what another opening left in the
+// processor's caches or among the memory that the process has given back to itself.
 void readOnce(benchmark::State &state)
 {
     const QString name = sampleFile(int(state.range(0)));

@@ -115,6 +115,28 @@ void paintAgain(benchmark::State &state)
     paint(state, whole, false);
 }
 
+// The spans alone, found beforehand: the least that painting again can take.
+void paintSpans(benchmark::State &state)
+{
+    const SeriesStore store = storeOf(int(state.range(0)));
+    std::vector<CurveSpans> found(whole.curves);
+    for (int curve = 0; curve < whole.curves; ++curve) {
+        const auto job = jobFor(store, whole, curve);
+        TimeColumns columns;
+        columns.assign(store.series(SeriesStore::Time).begin(), store.size(), true, job.timeMap, area.left(),
+            area.right());
+        found[size_t(curve)].assign({store.series(job.series), 0, columns, job.valueMap}, area, whole.width);
+    }
+    QImage image = canvas();
+    for (auto _ : state) {
+        QPainter painter(&image);
+        for (int curve = 0; curve < whole.curves; ++curve) {
+            painter.setPen(jobFor(store, whole, curve).colour);
+            found[size_t(curve)].draw(&painter);
+        }
+    }
+}
+
 // A window with sixteen cells, frame, axes, texts and all, as a new record has it drawn.
 void paintWindow(benchmark::State &state)
 {
@@ -142,7 +164,8 @@ BENCHMARK_CAPTURE(paintNaive, zoomed, zoomed)->Name("paint zoomed/naive")->Arg(s
 BENCHMARK_CAPTURE(paintHouse, whole, whole)->Name("paint/house")->Arg(10000)->Arg(sampleCount);
 BENCHMARK_CAPTURE(paintHouse, wide, wide)->Name("paint wide/house")->Arg(10000)->Arg(sampleCount);
 BENCHMARK_CAPTURE(paintHouse, cells, cells)->Name("paint cells/house")->Arg(10000)->Arg(sampleCount);
-BENCHMARK_CAPTURE(paintHouse, zoomed, zoomed)->Name("paint zoomed/house")->Arg(sampleCount);
+BENCHMARK_CAPTURE(paintHouse, zoomed, zoomed)->Name("paint zoomed/house")->Arg(10000)->Arg(sampleCount);
 BENCHMARK_CAPTURE(paintHouse, setBack, setBack)->Name("paint set back/house")->Arg(sampleCount);
 BENCHMARK(paintAgain)->Name("paint/again")->Arg(sampleCount);
+BENCHMARK(paintSpans)->Name("paint/spans")->Arg(sampleCount);
 BENCHMARK(paintWindow)->Name("paint window/house")->Arg(10000)->Arg(sampleCount)->Iterations(100);

@@ -9,7 +9,8 @@
 
 /// Painting needs an application; no window is shown, so the offscreen platform will do.
 /// --write-sample FILE writes the recording that file benchmarks use, and ends.
-/// --start NS tells how the program's start, asked for at NS on the steady clock, goes on from there, and ends.
+/// --start NS tells how the program's start, asked for at NS on the steady clock, goes on from there, and
+/// ends.
 int main(int argc, char **argv)
 {
     if (argc == 3 && qstrcmp(argv[1], "--start") == 0)

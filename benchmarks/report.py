@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
 """Runs the benchmarks and prints how the house compares with the naive way, and whether the goals are met.
 
-usage: report.py FOLDER [FILTER]   FOLDER holds the program varnel_bench; FILTER is a regular expression on names
+usage: report.py FOLDER [FILTER]   FOLDER holds the program varnel_bench; FILTER is a regular expression
 
 Both sides of a pair run in one process, their repetitions interleaved, so that whatever else the machine does
-falls on both. Times are medians of processor time and those of this machine; ratios hold elsewhere too. Where the disk
-is waited for, the row says so. Memory, the start and the road from a port to the screen are measured in processes of
-their own.
+falls on both. Times are medians of processor time and those of this machine; ratios hold elsewhere too. Where
+the disk is waited for, the row says so. Memory, the start and the road from a port to the screen are measured
+in processes of their own. FILTER looks at the names of benchmarks.
 """
 import json
 import os
@@ -17,7 +17,7 @@ import tempfile
 import time
 from pathlib import Path
 
-MEBI = 1e6
+BYTES_IN_MB = 1e6
 LONG = 262144
 NS_IN_MS = 1e6
 
@@ -29,29 +29,37 @@ def ratio(above, below):
 # name shown, what is computed from {benchmark: median}, unit, goal ("> 12" or "< 10" or none)
 ROWS = [
     ("framing, x naive", ratio("framing/naive", "framing/house"), "x", None),
-    ("framing, speed", lambda t: t["framing/house:bytes"] / MEBI, "MB/s", "> 50"),
+    ("framing, speed", lambda t: t["framing/house:bytes"] / BYTES_IN_MB, "MB/s", "> 50"),
     ("from a port to the screen, none lost", lambda t: t["road"], "l/s", "> 20000"),
     ("parse a line, x naive", ratio("parse line/naive", "parse line/house"), "x", None),
     ("format a line, x naive", ratio("format line/naive", "format line/house"), "x", None),
-    ("read 262144 records, x naive", ratio(f"read file/naive/{LONG}", f"read file/house/{LONG}"), "x", "> 12"),
+    ("read 262144 records, x naive",
+     ratio(f"read file/naive/{LONG}", f"read file/house/{LONG}"), "x", "> 12"),
     ("read: 262144 against 32768", ratio(f"read file/once/{LONG}", "read file/once/32768"), "x", "< 10"),
-    ("the same, opened again and again", ratio(f"read file/house/{LONG}", "read file/house/32768"), "x", None),
+    ("the same, opened again and again",
+     ratio(f"read file/house/{LONG}", "read file/house/32768"), "x", None),
     ("read, x a script with csv and int", ratio("read file/python", f"read file/house/{LONG}"), "x", "> 10"),
     ("save 262144 records, x naive", ratio("save file/naive", "save file/house"), "x", "> 15"),
-    ("the same by the clock, synced", ratio("save file/naive synced:real", "save file/house:real"), "x", None),
+    ("the same by the clock, synced",
+     ratio("save file/naive synced:real", "save file/house:real"), "x", None),
     ("append to 262144, x naive", ratio(f"append/naive/{LONG}", f"append/house/{LONG}"), "x", None),
-    ("append to 262144, beyond the copy", lambda t: t[f"append/house/{LONG}"] - t["append/copy"], "ns", "< 1000"),
-    ("append: to 262144 against 32768", ratio(f"append/house/{LONG}", "append/house/32768"), "x", "< 3"),
+    ("append to 262144, beyond the copy",
+     lambda t: t[f"append/house/{LONG}"] - t["append/copy"], "ns", "< 1000"),
+    ("append: to 262144 against 32768", ratio(f"append/house/{LONG}", "append/house/32768"), "x", "< 1.5"),
     ("paint 20 x 262144, x naive", ratio(f"paint/naive/{LONG}", f"paint/house/{LONG}"), "x", "> 50"),
     ("the same, 2 pixels wide", ratio(f"paint wide/naive/{LONG}", f"paint wide/house/{LONG}"), "x", "> 50"),
     ("the same, zoomed", ratio(f"paint zoomed/naive/{LONG}", f"paint zoomed/house/{LONG}"), "x", "> 50"),
     ("sixteen cells", ratio(f"paint cells/naive/{LONG}", f"paint cells/house/{LONG}"), "x", "> 50"),
     ("paint: 262144 against 10000", ratio(f"paint/house/{LONG}", "paint/house/10000"), "x", "< 2.5"),
     ("the same, 2 pixels wide", ratio(f"paint wide/house/{LONG}", "paint wide/house/10000"), "x", "< 2.5"),
+    ("the same, zoomed", ratio(f"paint zoomed/house/{LONG}", "paint zoomed/house/10000"), "x", "< 2.5"),
     ("the same, sixteen cells", ratio(f"paint cells/house/{LONG}", "paint cells/house/10000"), "x", "< 2.5"),
-    ("the same, a window and all in it", ratio(f"paint window/house/{LONG}", "paint window/house/10000"), "x", "< 2.5"),
-    ("paint: clock set back against not", ratio(f"paint set back/house/{LONG}", f"paint/house/{LONG}"), "x", "< 4"),
-    ("paint: nothing new against anew", ratio(f"paint/again/{LONG}", f"paint/house/{LONG}"), "x", "< 1"),
+    ("the same, a window and all in it",
+     ratio(f"paint window/house/{LONG}", "paint window/house/10000"), "x", "< 2.5"),
+    ("paint: clock set back against not",
+     ratio(f"paint set back/house/{LONG}", f"paint/house/{LONG}"), "x", "< 4"),
+    ("paint: nothing new against anew", ratio(f"paint/again/{LONG}", f"paint/house/{LONG}"), "x", None),
+    ("paint: nothing new, x spans alone", ratio(f"paint/again/{LONG}", f"paint/spans/{LONG}"), "x", "< 1.3"),
     ("eight windows, a record each", lambda t: t["memory/eight windows:held"], "MB", "< 4"),
     ("a million records, opened and drawn", lambda t: t["memory/a million records"] / NS_IN_MS, "ms", None),
     ("memory meanwhile", lambda t: t["memory/a million records:held"], "MB", None),
@@ -81,8 +89,8 @@ def csv_reading(folder):
     with tempfile.TemporaryDirectory() as temporary:
         path = f"{temporary}/sample.acp"
         subprocess.run([str(folder / "varnel_bench"), "--write-sample", path], check=True)
-        runs = [float(subprocess.run([sys.executable, "-c", CSV_SCRIPT, path], stdout=subprocess.PIPE, check=True).stdout)
-                for _ in range(3)]
+        script = [sys.executable, "-c", CSV_SCRIPT, path]
+        runs = [float(subprocess.run(script, stdout=subprocess.PIPE, check=True).stdout) for _ in range(3)]
     return median(runs) * 1e9
 
 
@@ -93,8 +101,9 @@ class Screen:
         self.server = None
         self.environment = {"QT_QPA_PLATFORM": "offscreen"}
         try:
-            self.server = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "1400x900x24", "-nolisten", "tcp"],
-                                           stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+            self.server = subprocess.Popen(
+                ["Xvfb", "-displayfd", "1", "-screen", "0", "1400x900x24", "-nolisten", "tcp"],
+                stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         except FileNotFoundError:
             return self
         display = self.server.stdout.readline().decode().strip()
@@ -112,23 +121,25 @@ def start_profile(folder):
     """[(step, ms since the process was asked for)], medians of several starts with settings of their own"""
     runs = []
     with tempfile.TemporaryDirectory() as home, Screen() as screen:
-        own = {name: home for name in ("HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR", "VARNEL_PORT_DIR")}
+        folders = ("HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR", "VARNEL_PORT_DIR")
+        own = {name: home for name in folders}
         for _ in range(STARTS):
             begun = time.clock_gettime_ns(time.CLOCK_MONOTONIC)
-            output = subprocess.run([str(folder / "varnel_bench"), "--start", str(begun)], check=True, text=True,
-                                    stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+            output = subprocess.run([str(folder / "varnel_bench"), "--start", str(begun)], check=True,
+                                    text=True, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
                                     env={**os.environ, **own, **screen.environment}).stdout
             runs.append([line.rsplit(": ", 1) for line in output.splitlines()])
     return [(step, median([float(run[index][1]) for run in runs])) for index, (step, _) in enumerate(runs[0])]
 
 
 def burst_rate(folder):
-    """lines a second over a pseudo-terminal, through framing, parsing, store, journal, figures and drawing; 0 when
-    one was lost"""
+    """lines a second over a pseudo-terminal, through framing, parsing, store, journal, figures and drawing;
+    0 when one was lost"""
     soak = next((path for path in folder.parent.rglob("varnelsoak") if path.is_file()), None)
     if not soak:
         raise KeyError("road")
-    run = subprocess.run([str(soak), "--burst", str(BURST_LINES)], stdout=subprocess.PIPE, text=True, check=False)
+    run = subprocess.run([str(soak), "--burst", str(BURST_LINES)], stdout=subprocess.PIPE, text=True,
+                         check=False)
     if not re.search(r"^records .* held$", run.stdout, re.MULTILINE):
         print(run.stdout, file=sys.stderr)
         return 0.0
@@ -136,8 +147,9 @@ def burst_rate(folder):
 
 
 def run(folder, pattern, repetitions=5):
-    command = [str(folder / "varnel_bench"), "--benchmark_format=json", f"--benchmark_repetitions={repetitions}",
-               "--benchmark_enable_random_interleaving=true", f"--benchmark_filter={pattern}"]
+    command = [str(folder / "varnel_bench"), "--benchmark_format=json",
+               f"--benchmark_repetitions={repetitions}", "--benchmark_enable_random_interleaving=true",
+               f"--benchmark_filter={pattern}"]
     output = subprocess.run(command, stdout=subprocess.PIPE, check=True).stdout
     return json.loads(output)["benchmarks"] if output.strip() else []
 

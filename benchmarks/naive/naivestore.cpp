@@ -1,5 +1,7 @@
 #include "naive/naivestore.h"
 
+#include <utility>
+
 void NaiveStore::append(const Varnel3Data &record)
 {
     appendQuickly(record);
@@ -7,10 +9,12 @@ void NaiveStore::append(const Varnel3Data &record)
     deriveDv();
 }
 
-void NaiveStore::load(const QVector<Varnel3Data> &records)
+void NaiveStore::load(QVector<Varnel3Data> records)
 {
-    for (const Varnel3Data &record : records)
-        appendQuickly(record);
+    m_records = std::move(records);
+    m_temperatureSum = m_records.first().temperature * 4;
+    for (const Varnel3Data &record : qAsConst(m_records))
+        addPoints(record);
     foldResistanceOnce();
     deriveDv();
 }
@@ -36,6 +40,11 @@ void NaiveStore::appendQuickly(const Varnel3Data &record)
     m_records.append(record);
     if (m_records.size() == 17)
         m_resistanceSum = record.internalResistance * 4;
+    addPoints(record);
+}
+
+void NaiveStore::addPoints(const Varnel3Data &record)
+{
     m_temperatureSum = m_temperatureSum - m_temperatureSum / 4 + record.temperature;
     m_time.append(record.time);
     m_voltage.append(record.voltage / 1000.0);

@@ -4,18 +4,19 @@
 
 #include <QVector>
 
-/// Records and series as one would write them first: what a rule says is computed anew over the whole recording for
-/// every record.
+/// Records and series as one would write them first: what a rule says is computed anew over the whole
+/// recording for every record.
 class NaiveStore {
 public:
     void append(const Varnel3Data &record);
     /// Appends without deriving what takes the whole recording, to get to a length quickly.
     void appendQuickly(const Varnel3Data &record);
     /// Takes over what was read from a file; its resistance is folded once.
-    void load(const QVector<Varnel3Data> &records);
+    void load(QVector<Varnel3Data> records);
     const QVector<double> &resistance() const { return m_resistance; }
 
 private:
+    void addPoints(const Varnel3Data &record);
     void deriveResistance();
     void foldResistanceOnce();
     void deriveDv();
