@@ -1,5 +1,6 @@
 #include "data/recordline.h"
 
+#include "data/lineconversions.h"
 #include "data/varnel3data.h"
 
 #include <QtGlobal>
@@ -11,7 +12,6 @@ namespace {
 
 constexpr char modeLetters[] = "CDBF"; // a test has none
 constexpr int lettersCount = 4;
-constexpr int balancingCurrentStep = 250; // mA
 constexpr int lastCurrentDigit = 4;
 
 struct DigitPairs {
