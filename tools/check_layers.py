@@ -1,8 +1,10 @@
 #!/usr/bin/env python3
-"""Holds the rules of the house: which folder may include which, no circles between units, every source in a library.
+"""Holds the rules of the house: which folder may include which, no circles between units, every source in a
+library.
 
 A unit is a header with its sources. The rules are in RULES and EXCEPTIONS; HACKING.md says why they are so.
-Prints what breaks them and ends with 1 where something does. --graph prints the includes between folders instead.
+Prints what breaks them and ends with 1 where something does. --graph prints the includes between folders
+instead.
 """
 import argparse
 import re
@@ -25,8 +27,8 @@ RULES = {
             "resources"},
 }
 
-# Single headers that a folder may include although it may not include theirs: the interfaces through which a lower
-# object asks, which live with their user.
+# Single headers that a folder may include although it may not include theirs: the interfaces through which a
+# lower object asks, which live with their user.
 EXCEPTIONS = {
     "files": {"link/recordinglog.h"},
     "graph": {"link/devicelink.h", "link/recordingsink.h"},
@@ -47,8 +49,8 @@ def unit_of(path):
 def read_includes(src):
     """path -> [(quoted, included name)] of every header and source below src"""
     files = sorted(p for p in src.rglob("*") if p.suffix in (".h", ".cpp"))
-    return {p.relative_to(src).as_posix(): [(q == '"', name) for q, name in INCLUDE.findall(p.read_text("utf-8"))]
-            for p in files}
+    return {p.relative_to(src).as_posix():
+            [(q == '"', name) for q, name in INCLUDE.findall(p.read_text("utf-8"))] for p in files}
 
 
 def resolve(src, name):

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""The tree speaks of itself alone: a text may not send its reader to papers or places that are not in it, nor a
-document to a file that is not there.
+"""The tree speaks of itself alone: a text may not send its reader to papers or places that are not in it, nor
+a document to a file that is not there.
 
 Prints each line that does and ends with 1 where there is one.
 """
@@ -12,7 +12,8 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
 WORDS = [
-    (re.compile(r"\bspec\.md\b|\b[Tt]he spec\b|[Ss]pecification"), "papers outside the tree; say the reason instead"),
+    (re.compile(r"\bspec\.md\b|\b[Tt]he spec\b|[Ss]pecification"),
+     "papers outside the tree; say the reason instead"),
     (re.compile(r"\b[Pp]arts? [0-9]+\.[0-9]"), "papers outside the tree; say the reason instead"),
     (re.compile(r"\b[Ii]ssues? #?[0-9]"), "a ticket; say the reason instead"),
     (re.compile(r"(?<![\w.])/(?:work|farm|tmp/vg|home/\w+)/"), "a path of one machine"),
@@ -30,7 +31,8 @@ def listed_files():
                              capture_output=True, check=False)
         if git.returncode == 0:
             return [ROOT / name for name in git.stdout.decode().split("\0") if name]
-    return [p for p in ROOT.rglob("*") if p.is_file() and p.relative_to(ROOT).parts[0] not in ("build", ".git")]
+    return [p for p in ROOT.rglob("*")
+            if p.is_file() and p.relative_to(ROOT).parts[0] not in ("build", ".git")]
 
 
 def faults(path):
@@ -50,7 +52,8 @@ def faults(path):
 
 
 def main():
-    files = [p for p in sorted(listed_files()) if p.is_file() and p.suffix not in BINARY and p.name not in SKIPPED
+    files = [p for p in sorted(listed_files())
+             if p.is_file() and p.suffix not in BINARY and p.name not in SKIPPED
              and "corpus" not in p.parts and "corpora" not in p.parts]
     found = [fault for path in files for fault in faults(path)]
     print("\n".join(found) or f"words: {len(files)} files, no fault")

@@ -1,10 +1,11 @@
-# Part of ./dev: the demonstration. Simulated devices on pseudo-terminals and the program listening on them, in
-# settings and data folders of its own.
+# Part of ./dev: the demonstration. Simulated devices on pseudo-terminals and the program listening on them,
+# in settings and data folders of its own.
 
 # Starts the devices; they write their links into $1/ports. Sets devices_pid.
 start_devices() {
+    local charger=mode=charge,chemistry=LiPo,cells=6,capacity=5000,current=3000,balance,weak=4,ri=1
     build/dev/tools/simulator/varnelsim --quiet --speed 60 --dir "$1/ports" \
-        --device COM1:varnel3,mode=charge,chemistry=LiPo,cells=6,capacity=5000,current=3000,balance,weak=4,ri=1 \
+        --device "COM1:varnel3,$charger" \
         --device COM2:varnel2plus,mode=discharge,chemistry=LiIo,cells=3,capacity=2600,current=1500 \
         --device COM3:tandor,chemistry=LiPo,cells=12,capacity=3300 </dev/null &
     devices_pid=$!
@@ -23,12 +24,12 @@ write_settings() {
     printf '[General]\nports=COM1, COM2, COM3\nsendTime=true\n' >"$1/config/VarnelGraph/VarnelGraph.ini"
 }
 
-# Becomes the program in the demonstration's folders: call it in a shell of its own. The folder for temporary files
-# keeps it apart from a program that the user has running. The runtime folder stays the session's where there is
-# one: the sound server and Wayland are found through it.
+# Becomes the program in the demonstration's folders: call it in a shell of its own. The folder for temporary
+# files keeps it apart from a program that the user has running. The runtime folder stays the session's where
+# there is one: the sound server and Wayland are found through it.
 become_program() {
-    export XDG_CONFIG_HOME=$demo_folder/config XDG_DATA_HOME=$demo_folder/data XDG_CACHE_HOME=$demo_folder/cache
-    export XDG_RUNTIME_DIR=${XDG_RUNTIME_DIR:-$demo_folder/runtime}
+    export XDG_CONFIG_HOME=$demo_folder/config XDG_DATA_HOME=$demo_folder/data
+    export XDG_CACHE_HOME=$demo_folder/cache XDG_RUNTIME_DIR=${XDG_RUNTIME_DIR:-$demo_folder/runtime}
     export TMPDIR=$demo_folder/tmp VARNEL_PORT_DIR=$demo_folder/ports
     exec build/dev/src/varnelgraph "$@"
 }

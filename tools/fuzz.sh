@@ -1,5 +1,5 @@
-# Part of ./dev: the fuzzers. New inputs are kept in build/fuzz/corpus, finds in build/fuzz/finds; the small corpora
-# that each run starts from are in tests/fuzz/corpus.
+# Part of ./dev: the fuzzers. New inputs are kept in build/fuzz/corpus, finds in build/fuzz/finds; the small
+# corpora that each run starts from are in tests/fuzz/corpus.
 
 fuzz_targets() { sed -n 's/^varnel_fuzzer(\([a-z]*\) .*/\1/p' tests/fuzz/CMakeLists.txt; }
 
@@ -8,8 +8,8 @@ fuzz_one() {
     local target=$1 seconds=$2
     local corpus=build/fuzz/corpus/$target finds=build/fuzz/finds/$target dictionary=tests/fuzz/$target.dict
     mkdir -p "$corpus" "$finds"
-    local options=(-max_total_time="$seconds" -timeout=20 -rss_limit_mb=4096 -max_len=8192 -print_final_stats=1
-        -artifact_prefix="$finds/")
+    local options=(-max_total_time="$seconds" -timeout=20 -rss_limit_mb=4096 -max_len=8192
+        -print_final_stats=1 -artifact_prefix="$finds/")
     [ ! -e "$dictionary" ] || options+=(-dict="$dictionary")
     say "fuzzing $target for $seconds s"
     QT_QPA_PLATFORM=offscreen UBSAN_OPTIONS=print_stacktrace=1 ASAN_OPTIONS=detect_leaks=0 \
@@ -24,7 +24,8 @@ fuzz_one() {
         END {
             match(line, /cov: [0-9]+/); coverage = substr(line, RSTART + 5, RLENGTH - 5)
             match(line, /corp: [0-9]+/); corpus = substr(line, RSTART + 6, RLENGTH - 6)
-            printf "%-10s %12d executions, coverage %d, corpus of %d, no find\n", target, runs, coverage, corpus
+            printf "%-10s %12d executions, coverage %d, corpus of %d, no find\n", target, runs, coverage,
+                corpus
         }' "build/fuzz/$target.log"
 }
 
@@ -32,7 +33,11 @@ fuzz() {
     local target=${1:-} seconds=${2:-60} one
     case " $(fuzz_targets | tr '\n' ' ') all " in
         *" $target "*) ;;
-        *) echo "targets:" $(fuzz_targets) all; [ -z "$target" ] || fail "there is no target '$target'"; return 0 ;;
+        *)
+            echo "targets:" $(fuzz_targets) all
+            [ -z "$target" ] || fail "there is no target '$target'"
+            return 0
+            ;;
     esac
     [ "$target" != all ] || target=$(fuzz_targets)
     build fuzz $(printf 'fuzz_%s ' $target)

@@ -1,9 +1,9 @@
 #!/bin/bash
-# Static checks over the whole tree, or with --changed over what differs from main; called by ./dev lint, which sees
-# to the packages and a configured build/dev. Ends with 1 where any check has something to say.
+# Static checks over the whole tree, or with --changed over what differs from main; called by ./dev lint,
+# which sees to the packages and a configured build/dev. Ends with 1 where any check has something to say.
 #
-# clang-tidy and clazy read what the compiler reads, a good second a file and core. A file that was found clean is
-# not read again until it, a header it includes or the rules change (build/lint holds the marks).
+# clang-tidy and clazy read what the compiler reads, a good second a file and core. A file that was found
+# clean is not read again until it, a header it includes or the rules change (build/lint holds the marks).
 set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 jobs=${JOBS:-$(nproc)}
@@ -22,7 +22,8 @@ done
 # Own C++ files, sources and headers; the changed ones against main and the index where asked.
 list_files() {
     if [ -n "$changed" ]; then
-        { git diff --name-only --diff-filter=d "$(git merge-base HEAD main)"; git ls-files -o --exclude-standard; }
+        git diff --name-only --diff-filter=d "$(git merge-base HEAD main)"
+        git ls-files -o --exclude-standard
     else
         find src tools tests benchmarks -type f
     fi | grep -E '^(src|tools|tests|benchmarks)/.*\.(cpp|h)$' | sort -u
@@ -74,7 +75,8 @@ step() { # step NAME COMMAND...
 check_format() {
     [ ${#files[@]} != 0 ] || return 0
     [ -z "$fix" ] || clang-format -i "${files[@]}"
-    clang-format --dry-run --Werror -ferror-limit=3 "${files[@]}" || { echo "./dev lint --fix formats"; return 1; }
+    clang-format --dry-run --Werror -ferror-limit=3 "${files[@]}" ||
+        { echo "./dev lint --fix formats"; return 1; }
 }
 
 # Runs "$1 FILE" (a function below) for each source whose mark is out of date, several at once.
@@ -87,23 +89,26 @@ for_each_source() {
         'mark=$(mark_of "$0" "$1"); [ -e "$mark" ] || { "$0" "$1" && touch "$mark"; }' "$check"
 }
 
-# A mark's name holds the file and the state of all that its finding depends on: the rules, the flags, and the text
-# of the file and of every own header (which of them it includes is not worth finding out).
+# A mark's name holds the file and the state of all that its finding depends on: the rules, the flags, and the
+# text of the file and of every own header (which of them it includes is not worth finding out).
 mark_of() {
     printf '%s/%s.%s.%s' "$marks" "$1" "${2//\//-}" "$(cat "$2" "$marks/state" | cksum | tr ' ' -)"
 }
-{ cat .clang-tidy tests/.clang-tidy "$marks/compile_commands.json" tools/lint.sh; find src tools tests benchmarks -name '*.h' -exec cat {} +; } |
-    cksum >"$marks/state"
+{
+    cat .clang-tidy tests/.clang-tidy "$marks/compile_commands.json" tools/lint.sh
+    find src tools tests benchmarks -name '*.h' -exec cat {} +
+} | cksum >"$marks/state"
 
 tidy_file() {
     clang-tidy --quiet -p "$marks" --header-filter="^$PWD/(src|tools|tests|benchmarks)/" \
-        --extra-arg=-Wno-gnu-zero-variadic-macro-arguments "$1" 2>&1 | grep -vE '^[0-9]+ warnings? (generated|treated)'
+        --extra-arg=-Wno-gnu-zero-variadic-macro-arguments "$1" 2>&1 |
+        grep -vE '^[0-9]+ warnings? (generated|treated)'
     return "${PIPESTATUS[0]}"
 }
 
-# Old-style connects and slots that Qt finds by their names are this program's conventions; the rest of level 1 holds,
-# but for the objects by which benchmarks make themselves known. Sources that moc makes are not ours, nor is how Qt's
-# macros take their arguments.
+# Old-style connects and slots that Qt finds by their names are this program's conventions; the rest of level
+# 1 holds, but for the objects by which benchmarks make themselves known. Sources that moc makes are not ours,
+# nor is how Qt's macros take their arguments.
 clazy_file() {
     local text checks=level1,no-old-style-connect,no-connect-by-name
     [[ $1 != benchmarks/* ]] || checks+=,no-non-pod-global-static

@@ -1,6 +1,7 @@
 #!/bin/bash
-# Whether src/ compiles for Windows: types only, with Debian's cross compiler and this machine's Qt and Qwt headers.
-# Nothing is linked, since Debian has no Qt for Windows. Called by ./dev windows, which sees to packages and build/dev.
+# Whether src/ compiles for Windows: types only, with Debian's cross compiler and this machine's
+# Qt and Qwt headers. Nothing is linked, since Debian has no Qt for Windows. Called by ./dev
+# windows, which sees to packages and build/dev.
 set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 headers=$(pkg-config --variable=includedir Qt5Core) # ends in /qt5
@@ -10,5 +11,6 @@ for module in Core Gui Widgets Network SerialPort Multimedia PrintSupport Svg Co
     options+=(-isystem "$headers/Qt$module")
 done
 find src -name '*.cpp' ! -name '*_unix.cpp' | sort |
-    xargs -P "${JOBS:-$(nproc)}" -n 4 x86_64-w64-mingw32-g++-posix "${options[@]}" || { echo "windows: FAILED"; exit 1; }
+    xargs -P "${JOBS:-$(nproc)}" -n 4 x86_64-w64-mingw32-g++-posix "${options[@]}" ||
+    { echo "windows: FAILED"; exit 1; }
 echo "windows: $(find src -name '*.cpp' ! -name '*_unix.cpp' | wc -l) sources, no fault"

@@ -28,5 +28,6 @@ struct CommandLine {
 
 /// Understands the words of the command line, the program's own name first. Needs an application object.
 CommandLine parseCommandLine(const QStringList &arguments);
-/// Whether the words ask for something that needs no display; looked at before there is an application object.
+/// Whether the words ask for something that needs no display; looked at
+/// before there is an application object.
 bool asksForBatch(int count, const char *const *words);

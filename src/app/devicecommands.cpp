@@ -87,8 +87,8 @@ void DeviceCommands::setTimeOf(SerialReader *reader)
         guard->sendCommand(QStringLiteral("#BIB_!200\r\n"));
 }
 
-// A wait with a sleeping thread would let the system's few kilobytes for each port run over when many ports take
-// their turns; the loop keeps reading them and only holds the user's input back.
+// A wait with a sleeping thread would let the system's few kilobytes for each port run over when many ports
+// take their turns; the loop keeps reading them and only holds the user's input back.
 void DeviceCommands::pause()
 {
     QEventLoop loop;

@@ -4,13 +4,14 @@
 
 class SerialReader;
 
-/// Which devices a command of the user is meant for. The main window answers from its windows and its listened ports.
+/// Which devices a command of the user is meant for. The main window answers
+/// from its windows and its listened ports.
 class DeviceTargets {
 public:
     virtual ~DeviceTargets() = default;
 
-    /// Readers of all listened ports, in the order in which they were opened. Ask again after anything that runs the
-    /// event loop: ports come and go.
+    /// Readers of all listened ports, in the order in which they were opened. Ask again after anything that
+    /// runs the event loop: ports come and go.
     virtual QVector<SerialReader *> readers() const = 0;
     /// The reader that feeds the active graph window; null without such a window or when nothing feeds it.
     virtual SerialReader *activeReader() const = 0;

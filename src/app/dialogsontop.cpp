@@ -24,7 +24,8 @@ DialogsOnTop::DialogsOnTop(QObject *parent)
 
 bool DialogsOnTop::eventFilter(QObject *watched, QEvent *event)
 {
-    // Comes after the native window is made and before it is seen. A change of the widget's own flags would hide it.
+    // Comes after the native window is made and before it is seen. A change of the
+    // widget's own flags would hide it.
     if (event->type() == QEvent::Show) {
         const auto *dialog = qobject_cast<QDialog *>(watched);
         const QWidgetList windows = QApplication::topLevelWidgets();

@@ -33,7 +33,8 @@ QString lastFolderKey()
     return QStringLiteral("global/lastDir");
 }
 
-/// The file opened or saved last; at first a folder, as without any the dialog shows the one that another was left in.
+/// The file opened or saved last; at first a folder, as without any the dialog
+/// shows the one that another was left in.
 QString lastFolder()
 {
     const QString last = VarnelSettings().value(lastFolderKey(), QString()).toString();

@@ -19,8 +19,8 @@ class Documents : public QObject {
     Q_OBJECT
 
 public:
-    /// `shell` is the parent of dialogs and has the slots renumerateWindows() and showMessageStatusBar(QString,int).
-    /// All outlive this.
+    /// `shell` is the parent of dialogs and has the slots renumerateWindows() and
+    /// showMessageStatusBar(QString,int). All outlive this.
     Documents(QWidget *shell, ProgressStrip *strip, FileWriter *writer, GraphWindows *graphs,
         DisplayWindows *displays, Recordings *recordings);
 

@@ -71,7 +71,8 @@ void EndNotice::show(int kind)
     QTimer::singleShot(0, this, SLOT(startSound()));
     // cppcheck-suppress nullPointerRedundantCheck ; the pointer clears itself while the box is open
     own->exec();
-    // A box that is gone was dismissed by a new process, or its window was: another end may have been told since.
+    // A box that is gone was dismissed by a new process, or its window was:
+    // another end may have been told since.
     if (!self || !own)
         return;
     acknowledge();
@@ -99,7 +100,8 @@ QMessageBox *EndNotice::createBox(int kind)
     return notice;
 }
 
-// The user has closed the box: a device that waits for a new process is freed from its end-of-process display.
+// The user has closed the box: a device that waits for a new process is
+// freed from its end-of-process display.
 void EndNotice::acknowledge()
 {
     userSoundTimer->stop();

@@ -11,21 +11,22 @@ class QWidget;
 class SoundPlayer;
 
 /// Tells the user that a process has ended: a box on top of all windows, with icon and text, and a sound.
-/// The main window's slots hand to it: endProcess(int) to show(), endProcessMessage() to dismiss(), onPlayUserMP3() to
-/// playUserSound().
+/// The main window's slots hand to it: endProcess(int) to show(), endProcessMessage() to
+/// dismiss(), onPlayUserMP3() to playUserSound().
 class EndNotice : public QObject {
     Q_OBJECT
 
 public:
-    /// `window` is the parent of the boxes. Nothing is owned; all outlive this. Sounds are taken from `soundFolder`.
+    /// `window` is the parent of the boxes. Nothing is owned; all outlive this.
+    /// Sounds are taken from `soundFolder`.
     EndNotice(QWidget *window, DeviceTargets *targets, SoundPlayer *player, const QString &soundFolder);
     ~EndNotice() override;
 
     bool isOpen() const { return !box.isNull(); }
 
 public slots:
-    /// Shows the box for `kind`, a Varnel3Data::End, and returns when it is closed. While one is open further ends are
-    /// not told.
+    /// Shows the box for `kind`, a Varnel3Data::End, and returns when it is closed. While one
+    /// is open further ends are not told.
     void show(int kind);
     /// Closes the box: its device has begun a new process.
     void dismiss();

@@ -4,8 +4,8 @@
 
 class QLineEdit;
 
-/// Asks for the name of a file that is made for other programs. Its ending says the format: a name that has none gets
-/// that of the chosen one.
+/// Asks for the name of a file that is made for other programs. Its ending says the format: a name that
+/// has none gets that of the chosen one.
 class ExportDialog : public QFileDialog {
     Q_OBJECT
 

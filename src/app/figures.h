@@ -7,8 +7,8 @@
 class DataToolBar;
 class DisplayWindows;
 
-/// Hands the newest record of the current graph window to the data tool bar and the display windows, and keeps it so
-/// that it can be shown again after a switch.
+/// Hands the newest record of the current graph window to the data tool bar and the display windows, and
+/// keeps it so that it can be shown again after a switch.
 class Figures : public QObject {
     Q_OBJECT
 
@@ -16,7 +16,8 @@ public:
     /// Both outlive this.
     Figures(DataToolBar *bar, DisplayWindows *displays, QObject *parent);
 
-    /// Shows `record` of graph window `windowNumber` (-1: none). `useKeptRi` keeps cell resistances shown before.
+    /// Shows `record` of graph window `windowNumber` (-1: none). `useKeptRi`
+    /// keeps cell resistances shown before.
     void show(const Varnel3Data &record, int windowNumber, bool useKeptRi);
     /// Nothing is current: every figure empty.
     void clear();

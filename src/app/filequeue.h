@@ -33,7 +33,8 @@ signals:
     void loaded(const QString &fileName, SeriesStore *store);
     /// What to tell in the status bar of a file that was read or refused.
     void message(const QString &text, int timeout);
-    /// Nothing is left to read. `failures`: a line with name and reason for each that failed; `total` files were read.
+    /// Nothing is left to read. `failures`: a line with name and reason for each that
+    /// failed; `total` files were read.
     void finished(const QStringList &failures, int total);
 
 private slots:

@@ -15,8 +15,8 @@ public:
     /// Both outlive this.
     FileWriter(ProgressStrip *strip, DiskSyncer *syncer, QObject *parent);
 
-    /// Writes `pieces` as `fileName`. Runs events but for the user's input, and returns when all is on the disk, when
-    /// that failed, or after cancel(); `pieces` are not touched after that.
+    /// Writes `pieces` as `fileName`. Runs events but for the user's input, and returns when all is on the
+    /// disk, when that failed, or after cancel(); `pieces` are not touched after that.
     WriteOutcome write(const QString &fileName, FilePieces &pieces);
 
 public slots:

@@ -12,8 +12,8 @@ class QMdiArea;
 class QMdiSubWindow;
 class QWidget;
 
-/// The graph windows in the MDI area: which there are, how they are numbered, and which one is current, that is, was
-/// active last. A minimised main window has no active graph window but still a current one.
+/// The graph windows in the MDI area: which there are, how they are numbered, and which one is current, that
+/// is, was active last. A minimised main window has no active graph window but still a current one.
 class GraphWindows : public QObject, public GraphHost {
     Q_OBJECT
 

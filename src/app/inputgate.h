@@ -4,8 +4,8 @@
 
 class QWidget;
 
-/// While it lives, the user's mouse and keyboard reach only one widget and whatever modal box may be open; the rest
-/// of the program runs on.
+/// While it lives, the user's mouse and keyboard reach only one widget and whatever modal box may be
+/// open; the rest of the program runs on.
 class InputGate : public QObject {
     Q_OBJECT
 

@@ -7,7 +7,8 @@ class JournalKeeper;
 class QWidget;
 class StatusFacts;
 
-/// Tells the user what the journals have to tell: that the disk takes no more, that their folder has grown large.
+/// Tells the user what the journals have to tell: that the disk takes no
+/// more, that their folder has grown large.
 class JournalNotice : public QObject {
     Q_OBJECT
 

@@ -198,8 +198,8 @@ void ListenedPorts::onAnswered(const QString &portName, bool remember)
         ports.append(portName);
         settings.setPorts(ports);
     }
-    // Answering No listens all the same, until the program ends or the port goes: the answer only decides whether
-    // the port is remembered.
+    // Answering No listens all the same, until the program ends or the port goes: the answer only
+    // decides whether the port is remembered.
     listenOnArrival(portName);
 }
 

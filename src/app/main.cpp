@@ -18,7 +18,8 @@ void identify()
 {
     QCoreApplication::setApplicationName(QStringLiteral("VarnelGraph"));
     QCoreApplication::setApplicationVersion(QStringLiteral("V4.60"));
-    // The settings lie under the organisation's name; the domain is reserved for examples and belongs to nobody.
+    // The settings lie under the organisation's name; the domain is reserved
+    // for examples and belongs to nobody.
     QCoreApplication::setOrganizationDomain(QStringLiteral("varnelgraph.example"));
     QCoreApplication::setOrganizationName(QStringLiteral("VarnelGraph"));
 }

@@ -36,7 +36,8 @@ class UnsavedWindows;
 class ViewState;
 class ViewSwitchboard;
 
-/// The program's window: builds and wires what it is made of. Its slots hand the work to the helpers that do it.
+/// The program's window: builds and wires what it is made of. Its slots
+/// hand the work to the helpers that do it.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 

@@ -6,8 +6,8 @@
 
 class QTimer;
 
-/// A port that has just arrived often can't be opened yet. Asks for one attempt after the other, the first at once,
-/// until the port is given up or no longer waited for.
+/// A port that has just arrived often can't be opened yet. Asks for one attempt after the other, the first at
+/// once, until the port is given up or no longer waited for.
 class PortRetries : public QObject {
     Q_OBJECT
 

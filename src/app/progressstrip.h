@@ -10,8 +10,8 @@ class QPushButton;
 class QStatusBar;
 class QTimer;
 
-/// What takes longer, in the status bar: a bar and a Cancel button, shown after half a second. From the beginning on
-/// input reaches nothing else.
+/// What takes longer, in the status bar: a bar and a Cancel button, shown after half a second. From the
+/// beginning on input reaches nothing else.
 class ProgressStrip : public QObject {
     Q_OBJECT
 

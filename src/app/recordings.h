@@ -12,8 +12,8 @@ class JournalKeeper;
 class MdiGraphChild;
 class RecordingLog;
 
-/// Where the records of graph windows are kept: the journals of live recordings, which of them belongs to which
-/// window, and those whose windows were closed. Outlives readers and graph windows.
+/// Where the records of graph windows are kept: the journals of live recordings, which of them belongs to
+/// which window, and those whose windows were closed. Outlives readers and graph windows.
 class Recordings : public QObject {
     Q_OBJECT
 
@@ -42,8 +42,8 @@ public:
     /// The window `child` closes; `unsaved`: its journal is worth reopening.
     void noteClosed(const MdiGraphChild *child, bool unsaved);
     bool hasClosed() const { return !m_closed.isEmpty(); }
-    /// The journal of the unsaved window closed last whose file is still there, and no longer remembered; empty when
-    /// there is none.
+    /// The journal of the unsaved window closed last whose file is still there, and no longer
+    /// remembered; empty when there is none.
     QString takeClosed();
 
 signals:

@@ -22,8 +22,8 @@ const QVector<MenuEntry> mainToolBar = {ActionId::Open, ActionId::SaveAs, Action
 
 const QVector<MenuEntry> background = {ActionId::White, ActionId::Black};
 
-// What follows Recording and the background. The separator action goes with the commands on windows; an action
-// stands in a menu once, where it was added last.
+// What follows Recording and the background. The separator action goes with the commands on windows; an
+// action stands in a menu once, where it was added last.
 const QVector<MenuEntry> window = {gap, ActionId::Separator, ActionId::Close, ActionId::CloseAll, gap,
     ActionId::Tile, ActionId::Cascade, gap, ActionId::Next, ActionId::Previous, ActionId::Separator};
 

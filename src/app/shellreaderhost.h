@@ -11,13 +11,14 @@ class QWidget;
 class Recordings;
 class StatusFacts;
 
-/// Answers what the serial readers ask of the shell: graph windows, clocks, and what the user is told about ports.
+/// Answers what the serial readers ask of the shell: graph windows, clocks,
+/// and what the user is told about ports.
 class ShellReaderHost : public QObject, public ReaderHost {
     Q_OBJECT
 
 public:
-    /// `shell` has the slots endProcess(int), endProcessMessage() and showMessageStatusBar(QString,int) and is the
-    /// parent of message boxes. All outlive this.
+    /// `shell` has the slots endProcess(int), endProcessMessage() and showMessageStatusBar(QString,int) and
+    /// is the parent of message boxes. All outlive this.
     ShellReaderHost(QWidget *shell, GraphWindows *graphs, Recordings *recordings, StatusFacts *facts);
 
     RecordingSink *createRecording() override;
@@ -31,7 +32,8 @@ public:
     void recordingUnwatched(const QString &portName) override;
     QObject *processReceiver() override;
 
-    /// What was said about the failure of `portName` is out of date: it works, or is gone, or no longer wanted.
+    /// What was said about the failure of `portName` is out of date: it works,
+    /// or is gone, or no longer wanted.
     void forgetFailure(const QString &portName);
 
 signals:

@@ -23,8 +23,9 @@ public:
         Unanswered ///< there is a first one, but it neither answered nor left within 10 s
     };
 
-    /// Finds the role of this start; `files` (absolute paths, may be empty) go to the first one where there is one.
-    /// One that is just leaving takes nothing more: this start waits for it to be gone and takes its place.
+    /// Finds the role of this start; `files` (absolute paths, may be empty) go to the first
+    /// one where there is one. One that is just leaving takes nothing more: this start waits
+    /// for it to be gone and takes its place.
     Role settle(const QStringList &files);
 
 public slots:

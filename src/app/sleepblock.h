@@ -4,8 +4,8 @@
 
 #include <memory>
 
-/// Keeps the computer from going to sleep by itself, through whatever the system or the desktop offers for it; where
-/// nothing is offered nothing happens. Never waits for an answer.
+/// Keeps the computer from going to sleep by itself, through whatever the system or the desktop offers for
+/// it; where nothing is offered nothing happens. Never waits for an answer.
 class SleepBlock : public QObject {
     Q_OBJECT
 

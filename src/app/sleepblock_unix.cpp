@@ -10,8 +10,8 @@
 
 namespace {
 
-/// Someone who keeps the computer awake on request: answers with a number to give back, or with a file that keeps
-/// the block as long as it is open.
+/// Someone who keeps the computer awake on request: answers with a number to give back, or with a file that
+/// keeps the block as long as it is open.
 struct Keeper {
     bool system; // on the system's bus, else on the session's
     const char *service;

@@ -6,8 +6,8 @@
 
 class DeviceTargets;
 
-/// Keeps the computer awake while a process is recorded on any port. The settings key "power/keepAwake" (true when
-/// absent) turns it off.
+/// Keeps the computer awake while a process is recorded on any port. The settings key
+/// "power/keepAwake" (true when absent) turns it off.
 class SleepInhibitor : public QObject {
     Q_OBJECT
 

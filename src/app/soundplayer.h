@@ -20,8 +20,8 @@ public:
     virtual void play(const QString &file);
     virtual void stop();
 
-    /// File of the sound `base` in `folder` with the system's separators: the variant of `country` where there is
-    /// one, else the common one, which need not exist.
+    /// File of the sound `base` in `folder` with the system's separators: the variant of `country` where
+    /// there is one, else the common one, which need not exist.
     static QString filePath(const QString &folder, const QString &base, QLocale::Country country);
 
 private:

@@ -3,9 +3,9 @@
 #include <QDir>
 #include <QFile>
 
-// Sounds go to a server: one that listens or is named, or one that the system starts where there is a sound card. The
-// sound library's list of devices is the server's answer: it is waited for, with all ports unread, even when the
-// server hangs, and where none runs each request complains on standard error.
+// Sounds go to a server: one that listens or is named, or one that the system starts where there is a sound
+// card. The sound library's list of devices is the server's answer: it is waited for, with all ports unread,
+// even when the server hangs, and where none runs each request complains on standard error.
 bool hasSoundOutput()
 {
     for (const char *folder : {"PULSE_RUNTIME_PATH", "XDG_RUNTIME_DIR"}) {

@@ -10,8 +10,8 @@ class GraphWindows;
 class MdiGraphChild;
 class StatusFacts;
 
-/// Notices which live graph windows have gone without a line for a while: the status bar names them, and the displays
-/// dim the figures of the current one. Looks at each window once a second.
+/// Notices which live graph windows have gone without a line for a while: the status bar names them, and the
+/// displays dim the figures of the current one. Looks at each window once a second.
 class StaleWatch : public QObject {
     Q_OBJECT
 

@@ -11,8 +11,8 @@
 
 namespace {
 
-// What the labels may take of the bar together, in per cent; longer lists of ports are elided, the tool tip has them
-// all. The rest is for messages.
+// What the labels may take of the bar together, in per cent; longer lists of ports are elided, the tool tip
+// has them all. The rest is for messages.
 constexpr int labelShare = 65;
 constexpr int narrowestLabel = 100; // pixels
 

@@ -6,7 +6,8 @@
 class QLabel;
 class QStatusBar;
 
-/// Standing facts about ports and recordings, each kind a permanent label of the status bar that passing messages do not wipe.
+/// Standing facts about ports and recordings, each kind a permanent label of the status
+/// bar that passing messages do not wipe.
 class StatusFacts : public QObject {
     Q_OBJECT
 

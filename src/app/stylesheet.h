@@ -3,6 +3,6 @@
 class QApplication;
 class QString;
 
-/// Gives `application` the style sheet "application.qss" of `folder`, or the built-in one where there is none. One
-/// that can't be read is only logged.
+/// Gives `application` the style sheet "application.qss" of `folder`, or the built-in one where there is
+/// none. One that can't be read is only logged.
 void installStyleSheet(QApplication *application, const QString &folder);

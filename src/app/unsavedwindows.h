@@ -19,8 +19,8 @@ public:
     UnsavedWindows(QWidget *shell, GraphWindows *graphs, Documents *documents, Recordings *recordings);
 
     bool mayClose(MdiGraphChild *child) override;
-    /// Asks about every window whose records no file holds, then saves; false when the user wants to go on, or one
-    /// could not be saved.
+    /// Asks about every window whose records no file holds, then saves; false when the user wants to
+    /// go on, or one could not be saved.
     bool mayCloseAll();
 
 signals:

@@ -7,8 +7,8 @@ class DisplayWindows;
 class Figures;
 class ViewState;
 
-/// What the view switches do: which switch enables, unchecks or renames which, and what is shown or sent again.
-/// The outcome stands in the ViewState, which drawing and displays follow.
+/// What the view switches do: which switch enables, unchecks or renames which, and what is shown or sent
+/// again. The outcome stands in the ViewState, which drawing and displays follow.
 class ViewSwitchboard : public QObject {
     Q_OBJECT
 

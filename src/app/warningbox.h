@@ -4,7 +4,7 @@
 
 class QWidget;
 
-/// Shows a box that waits for no one; `details` unfold under `text`. `objectName` tells boxes of different causes
-/// apart.
+/// Shows a box that waits for no one; `details` unfold under `text`. `objectName`
+/// tells boxes of different causes apart.
 void showWarningBox(QWidget *parent, const char *objectName, const QString &title, const QString &text,
     const QString &details = QString());

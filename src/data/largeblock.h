@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <utility>
 
-/// Memory for a long recording, got from the system directly and given back to it at once. The system backs it by
-/// large pages where it has them, which costs a fraction of what small ones do.
+/// Memory for a long recording, got from the system directly and given back to it at once. The system backs
+/// it by large pages where it has them, which costs a fraction of what small ones do.
 class LargeBlock {
 public:
     /// What a large page measures on the systems at hand, in bytes.

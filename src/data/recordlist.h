@@ -7,9 +7,10 @@
 #include <type_traits>
 #include <vector>
 
-/// The records of one recording in arrival order. Grows in blocks, so that an append never copies what is there and
-/// references to records stay valid until clear() or a move. Memory is taken as records are written: in small steps by
-/// append(), since many live recordings grow side by side, in large ones for a long file by appendNew().
+/// The records of one recording in arrival order. Grows in blocks, so that an append never copies what
+/// is there and references to records stay valid until clear() or a move. Memory is taken as records
+/// are written: in small steps by append(), since many live recordings grow side by side, in large
+/// ones for a long file by appendNew().
 class RecordList {
 public:
     static constexpr int blockSize = 1024; ///< records that lie side by side, from each multiple of it on

@@ -11,7 +11,7 @@ struct SystemMemory {
 /// As it is now, within the limit that this process was given. Takes some ten microseconds.
 SystemMemory systemMemory();
 
-/// Demands that `bytes` more leave some to live recordings and to other programs: a sixteenth of all memory, or 512 MB
-/// where that is less. Throws std::bad_alloc when they don't. To be asked now and then while something large grows: a
-/// system that promises more memory than it has ends a program instead of refusing.
+/// Demands that `bytes` more leave some to live recordings and to other programs: a sixteenth of all memory,
+/// or 512 MB where that is less. Throws std::bad_alloc when they don't. To be asked now and then while
+/// something large grows: a system that promises more memory than it has ends a program instead of refusing.
 void demandMemory(qint64 bytes);

@@ -10,8 +10,8 @@ struct CellData {
     double resistance = 0.0; ///< internal resistance, mOhm
 };
 
-/// One measurement of one device at one moment. A plain value in the device's own integer units; what is shown in
-/// volts, amperes or ampere-hours is converted where it is shown.
+/// One measurement of one device at one moment. A plain value in the device's own integer units; what is
+/// shown in volts, amperes or ampere-hours is converted where it is shown.
 class Varnel3Data {
 public:
     /// Cells that a record has room for. `cellCount` is what the device said and may be any number.
@@ -56,9 +56,10 @@ public:
     /// Sets `time` to `seconds` and splits it into `hour`, `minute` and `second`.
     void setTime(int seconds);
 
-    /// Fills the record from one '#' line of any device; the number of fields tells which. False for a line that is
-    /// none: the record is then partly overwritten, and fields that a dialect does not send keep their values.
-    /// A number that does not convert leaves its field as it was; energy and sums stop at what 32 bits hold.
+    /// Fills the record from one '#' line of any device; the number of fields tells which. False for
+    /// a line that is none: the record is then partly overwritten, and fields that a dialect does
+    /// not send keep their values. A number that does not convert leaves its field as it was; energy
+    /// and sums stop at what 32 bits hold.
     bool parseLine(const QString &line);
     bool parseLine(QLatin1String line); ///< the same, from Latin-1 bytes
     /// Applies a '!' line of 16 cell resistances; a value that is no number leaves its cell as it was.
@@ -69,7 +70,8 @@ public:
 
     /// Largest `balanceCharge` of the cells, in mAh, truncated; 0 when `cellCount` is below 1.
     int maxBalanceChargeMah() const;
-    /// Sum of `balanceCharge` over the cells, undivided, at most what 32 bits hold; 0 when `cellCount` is below 1.
+    /// Sum of `balanceCharge` over the cells, undivided, at most what 32 bits
+    /// hold; 0 when `cellCount` is below 1.
     int totalBalanceCharge() const;
     /// The whole record as one line for a log.
     QString toString() const;

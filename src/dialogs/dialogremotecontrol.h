@@ -12,14 +12,14 @@ namespace Ui {
 class DialogRemoteControl;
 }
 
-/// The front panel of a charger: sends its short commands through a reader and follows the state ("tryb") that the
-/// device replies with, one page a state.
+/// The front panel of a charger: sends its short commands through a reader and follows the state ("tryb")
+/// that the device replies with, one page a state.
 class DialogRemoteControl : public QDialog {
     Q_OBJECT
 
 public:
-    /// Asks the device for its state at once; a device that does not answer within a second closes the dialog.
-    /// `reader` is not owned and may go: the dialog then closes with a text.
+    /// Asks the device for its state at once; a device that does not answer within a second closes the
+    /// dialog. `reader` is not owned and may go: the dialog then closes with a text.
     explicit DialogRemoteControl(SerialReader *reader, QWidget *parent = nullptr);
     ~DialogRemoteControl() override;
 

@@ -12,7 +12,8 @@ struct CapacityEntry {
     int number = 0; ///< of its graph window
 };
 
-/// The capacity comparison as a picture: up to eight bars side by side, each against the largest of all entries.
+/// The capacity comparison as a picture: up to eight bars side by side,
+/// each against the largest of all entries.
 class CapacityChart {
 public:
     static constexpr int visibleBars = 8;

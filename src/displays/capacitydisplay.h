@@ -19,7 +19,8 @@ public:
     /// `state` is not owned and outlives this.
     void setViewState(ViewState *state);
 
-    /// `capacity` in mAh; `mode` 'C', 'D' or another process; `number` of the graph window. The new entry is in view.
+    /// `capacity` in mAh; `mode` 'C', 'D' or another process; `number` of the graph
+    /// window. The new entry is in view.
     void addEntry(int capacity, char mode, int number);
     /// Entry `k` counted from 1; nothing where there is none.
     void changeEntry(int capacity, char mode, int number, int k);

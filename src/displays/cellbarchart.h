@@ -6,7 +6,8 @@
 
 class QPainter;
 
-/// The bar display as a picture: above, a bar a cell in the chosen quantity; below, the cells' balancing levels.
+/// The bar display as a picture: above, a bar a cell in the chosen
+/// quantity; below, the cells' balancing levels.
 class CellBarChart {
 public:
     CellBars bars;
@@ -15,7 +16,8 @@ public:
     bool stale = false; ///< no line has come for a while: everything is dimmed
     qreal scale = 1.0; ///< enlarges all fixed sizes
 
-    /// y coordinate of `value` on the upper panel's scale in a picture `height` high; values beyond it end there.
+    /// y coordinate of `value` on the upper panel's scale in a picture `height`
+    /// high; values beyond it end there.
     int valueY(int value, int height) const;
     /// Upper bar of `cell` in a picture of `size`; empty for a value of 0 or none.
     QRect valueRect(int cell, const QSize &size) const;

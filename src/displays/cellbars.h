@@ -4,7 +4,8 @@
 
 class Varnel3Data;
 
-/// The cells of one record as the bar display draws them: a value of the chosen quantity and a balancing level each.
+/// The cells of one record as the bar display draws them: a value of the chosen
+/// quantity and a balancing level each.
 struct CellBars {
     enum Quantity { Voltage, Charge, Resistance };
     static constexpr int maxCells = 16;

@@ -59,7 +59,8 @@ ResistanceSummary ResistanceSummary::of(const CellResistances &resistances, int 
 double ResistanceSummary::spreadPercent() const
 {
     const double percent = ((highest - lowest) / lowest + 0.005) * 100.0;
-    // Resistances come in tenths, so that 10 % is seldom 0.1 to the last bit: settle the bits before the half counts.
+    // Resistances come in tenths, so that 10 % is seldom 0.1 to the last bit:
+    // settle the bits before the half counts.
     constexpr double settle = 1e9;
     return std::nearbyint(std::round(percent * settle) / settle);
 }

@@ -28,6 +28,7 @@ struct ResistanceSummary {
 
     /// Over the first `count` of `resistances`.
     static ResistanceSummary of(const CellResistances &resistances, int count);
-    /// (highest - lowest) / lowest in per cent, half a per cent added, rounded half to even. Only when complete.
+    /// (highest - lowest) / lowest in per cent, half a per cent added, rounded
+    /// half to even. Only when complete.
     double spreadPercent() const;
 };

@@ -14,7 +14,8 @@ constexpr QColor grey{127, 127, 127};
 /// White on the black ground, black on white paper.
 QColor textColour(bool blackGround);
 
-/// The yellow badge with the number of a graph window, its top left corner at (`left`, `top`). Returns its width.
+/// The yellow badge with the number of a graph window, its top left corner
+/// at (`left`, `top`). Returns its width.
 int drawBadge(QPainter &painter, int left, int top, int number, qreal scale);
 
 /// `text` in `box`, in the family "Arial" at `points`, smaller where it takes that to fit.

@@ -122,8 +122,8 @@ void DataDisplay::setStaleSince(const QDateTime &since)
 
 void DataDisplay::updateData(Varnel3Data &record, int nrWin, bool useKeptRi)
 {
-    // One table for the process: a line that came without resistances shows those of the line before it, whichever
-    // display that one reached.
+    // One table for the process: a line that came without resistances shows those of the line before it,
+    // whichever display that one reached.
     static CellResistances keptResistances{};
 
     if (nrWin != m_windowNumber)

@@ -11,8 +11,8 @@ class QLabel;
 class RefreshGate;
 class ViewState;
 
-/// Small window, always on top, with the newest figures of one device in a size that is read from across the room,
-/// and a table of its cells. Follows the statistics switch and the per-cell quantity of the view state.
+/// Small window, always on top, with the newest figures of one device in a size that is read from across the
+/// room, and a table of its cells. Follows the statistics switch and the per-cell quantity of the view state.
 class DataDisplay : public QWidget {
     Q_OBJECT
 
@@ -25,8 +25,9 @@ public:
     void setStaleSince(const QDateTime &since);
 
 public slots:
-    /// Shows `record` of graph window `nrWin`, -1 for none. `useKeptRi`: the resistance panel shows the values of the
-    /// record that reached it last. While hidden only the newest record is kept, and shown on opening.
+    /// Shows `record` of graph window `nrWin`, -1 for none. `useKeptRi`: the resistance panel
+    /// shows the values of the record that reached it last. While hidden only the newest
+    /// record is kept, and shown on opening.
     void updateData(Varnel3Data &record, int nrWin, bool useKeptRi = false);
     /// Part of the interface; the resistances come with the record.
     void updateRic() { }

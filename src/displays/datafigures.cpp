@@ -92,7 +92,8 @@ void DataFigures::show(const Varnel3Data &record, const View &view, const CellRe
     m_texts[Time] = elapsedTimeText(qMax(0, record.time));
     m_texts[Cells] = QString::number(record.cellCount) + QStringLiteral(" x ")
         + Varnel3Data::cellTypeName(record.cellType);
-    // A device that forms or tests a pack goes through charges and discharges: the display keeps the last of them.
+    // A device that forms or tests a pack goes through charges and discharges:
+    // the display keeps the last of them.
     if (record.mode >= 0 && record.mode < int(std::size(modeTexts)))
         m_texts[Mode] = translated(modeTexts[record.mode]);
     m_cellTexts.fill(QString());

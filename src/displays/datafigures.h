@@ -7,8 +7,8 @@
 
 class Varnel3Data;
 
-/// What the data display says: the text and the colour of each of its labels, made from one record after the other.
-/// Knows no widget.
+/// What the data display says: the text and the colour of each of its labels, made from one
+/// record after the other. Knows no widget.
 class DataFigures {
 public:
     enum Item {

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-/// The figures of the displays as texts, with the decimal point and the grouping of the default locale, which is the
-/// system's unless the program was told otherwise.
+/// The figures of the displays as texts, with the decimal point and the grouping of the default locale, which
+/// is the system's unless the program was told otherwise.
 namespace FigureText {
 
 /// `value` with `decimals` digits after the point, filled with blanks on the left to `width` characters.

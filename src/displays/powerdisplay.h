@@ -9,8 +9,8 @@
 class RefreshGate;
 class ViewState;
 
-/// The cells of the newest record as a row of bars. Follows the per-cell quantity and the background of the view
-/// state; always on top.
+/// The cells of the newest record as a row of bars. Follows the per-cell quantity and the
+/// background of the view state; always on top.
 class PowerDisplay : public QWidget {
     Q_OBJECT
 
@@ -23,7 +23,8 @@ public:
     void setStaleSince(const QDateTime &since);
     /// Number of the graph window whose bars are shown, -1 for none.
     int windowNumber() const { return m_windowNumber; }
-    /// File or port that the shown window's records come from, for the printed page; another window's record clears it.
+    /// File or port that the shown window's records come from, for the printed page;
+    /// another window's record clears it.
     void setSourceName(const QString &name) { m_sourceName = name; }
     /// Shows that there is nothing to show.
     void setNoData();
@@ -31,8 +32,8 @@ public:
     QSize sizeHint() const override;
 
 public slots:
-    /// Shows `record` of graph window `nrWin`, -1 for none. `useKeptRi`: resistance bars stay as they are, since the
-    /// record has none yet. While hidden only the newest record is kept, and shown on opening.
+    /// Shows `record` of graph window `nrWin`, -1 for none. `useKeptRi`: resistance bars stay as they are,
+    /// since the record has none yet. While hidden only the newest record is kept, and shown on opening.
     void updateData(Varnel3Data &record, int nrWin, bool useKeptRi = false);
     /// Part of the interface; the resistances come with the record.
     void updateRic() { }

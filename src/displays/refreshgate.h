@@ -5,8 +5,9 @@
 
 class QWidget;
 
-/// Lets a display bring itself up to date at most ten times a second, and only while it is shown: requests in between
-/// fall together into one at the end of the interval, requests of a hidden display into one when it is shown.
+/// Lets a display bring itself up to date at most ten times a second, and only while it is
+/// shown: requests in between fall together into one at the end of the interval, requests of a
+/// hidden display into one when it is shown.
 class RefreshGate : public QObject {
     Q_OBJECT
 

@@ -19,8 +19,8 @@ public slots:
     void setScroll(int scroll);
 
 signals:
-    /// Left button on the bar of `cell` of pack `pack`, both indexes, -1 beside the bars; `toggle` with the Control
-    /// key held.
+    /// Left button on the bar of `cell` of pack `pack`, both indexes, -1 beside the bars;
+    /// `toggle` with the Control key held.
     void cellPressed(int pack, int cell, bool toggle);
     void resized();
 

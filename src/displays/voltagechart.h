@@ -30,8 +30,8 @@ public:
     int contentWidth(int available) const;
     /// Part of `available` that the groups have, beside the axis.
     int groupsWidth(int available) const;
-    /// What of the groups, scrolled by `scroll` in a picture `available` wide, comes first: the leftmost pack whose
-    /// beginning is seen, or that of which any is. -1 without packs.
+    /// What of the groups, scrolled by `scroll` in a picture `available` wide, comes first: the leftmost pack
+    /// whose beginning is seen, or that of which any is. -1 without packs.
     int firstSeen(int available, int scroll) const;
     /// How far pack `pack`'s group lies from the beginning of the groups in a picture `available` wide.
     int groupStart(int pack, int available) const;
@@ -40,7 +40,8 @@ public:
     /// Bar of `cell` of pack `pack`, as drawn; empty where it is not shown.
     QRect barRect(int pack, int cell, const QSize &size, int scroll) const;
 
-    /// Draws into (0, 0, `size`), without the ground. The axis stays while the groups are moved left by `scroll`.
+    /// Draws into (0, 0, `size`), without the ground. The axis stays while the
+    /// groups are moved left by `scroll`.
     void paint(QPainter &painter, const QSize &size, int scroll) const;
     /// Size of the picture of all packs in rows, for a page.
     QSize pageSize() const;

@@ -6,12 +6,12 @@ class QSize;
 /// Where display windows stand.
 namespace WindowPlace {
 
-/// Where a window of `size` pixels stands as long as nothing is saved: at `place`, which is given for 96 dpi and the
-/// usual font size, moved so that the whole window is seen on the primary screen, its title included.
+/// Where a window of `size` pixels stands as long as nothing is saved: at `place`, which is given for 96 dpi
+/// and the usual font size, moved so that the whole window is seen on the primary screen, its title included.
 QPoint first(const QPoint &place, const QSize &size);
 
-/// `place`, a frame position kept for a window of `size` pixels; where its title can no longer be reached there, since
-/// the screen is gone or smaller, moved onto the primary screen.
+/// `place`, a frame position kept for a window of `size` pixels; where its title can no longer be reached
+/// there, since the screen is gone or smaller, moved onto the primary screen.
 QPoint reachable(const QPoint &place, const QSize &size);
 
 } // namespace WindowPlace

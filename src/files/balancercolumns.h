@@ -2,8 +2,8 @@
 
 #include "files/columnconverter.h"
 
-/// The balancer's column format (".abp"): a pair a cell, voltage (mV) and balance (per cent), a line every 5 s. Its
-/// lines become those of a "Tandor".
+/// The balancer's column format (".abp"): a pair a cell, voltage (mV) and balance (per cent), a line every
+/// 5 s. Its lines become those of a "Tandor".
 class BalancerColumns : public ColumnConverter {
 public:
     BalancerColumns()

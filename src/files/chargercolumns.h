@@ -2,8 +2,8 @@
 
 #include "files/columnconverter.h"
 
-/// The charger's column format: time (s), voltage (V), current (A), temperature (deg C) and energy. Its lines become
-/// those of a "Varnel 2+".
+/// The charger's column format: time (s), voltage (V), current (A), temperature (deg C) and energy. Its
+/// lines become those of a "Varnel 2+".
 class ChargerColumns : public ColumnConverter {
 public:
     ChargerColumns()

@@ -28,8 +28,8 @@ protected:
     {
     }
 
-    /// The line behind the header's three, offered once: NoRecord when it belongs to the header too, Record when it
-    /// is the first data line.
+    /// The line behind the header's three, offered once: NoRecord when it belongs to the header too,
+    /// Record when it is the first data line.
     virtual Outcome takeFourthLine(QLatin1String) { return Outcome::Record; }
     virtual int fieldsExpected() const = 0;
     /// Field `index` of a data line; false when it does not convert.

@@ -83,8 +83,8 @@ void DiskSyncer::run()
     }
 }
 
-// The disk is waited for without the mutex. Only this thread closes and removes, so that indexes stay valid; a file
-// that is written meanwhile is marked anew.
+// The disk is waited for without the mutex. Only this thread closes and removes, so that indexes stay valid;
+// a file that is written meanwhile is marked anew.
 void DiskSyncer::syncRound(std::unique_lock<std::mutex> &lock)
 {
     for (size_t i = 0; i < m_entries.size();) {

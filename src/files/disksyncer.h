@@ -6,8 +6,8 @@
 #include <thread>
 #include <vector>
 
-/// Brings what was written to some files to the disk once a second, in a thread of its own, which touches nothing but
-/// their descriptors. Files are registered, marked and handed over from one other thread.
+/// Brings what was written to some files to the disk once a second, in a thread of its own, which touches
+/// nothing but their descriptors. Files are registered, marked and handed over from one other thread.
 class DiskSyncer {
 public:
     DiskSyncer() = default;

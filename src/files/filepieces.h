@@ -5,8 +5,8 @@
 #include <functional>
 #include <utility>
 
-/// Writes all of `bytes`. False when the device does not take them, and then it says why: one that takes a part without
-/// a word, as a disk does that is nearly full, is asked again.
+/// Writes all of `bytes`. False when the device does not take them, and then it says why: one that takes a
+/// part without a word, as a disk does that is nearly full, is asked again.
 inline bool writeAllBytes(QIODevice &device, const char *bytes, qint64 length)
 {
     while (length > 0) {
@@ -24,7 +24,8 @@ class FilePieces {
 public:
     virtual ~FilePieces() = default;
 
-    /// Writes what takes some milliseconds; false when `device` did not take all of it. Not to be called at the end.
+    /// Writes what takes some milliseconds; false when `device` did not take all of
+    /// it. Not to be called at the end.
     virtual bool writeNext(QIODevice &device) = 0;
     virtual bool atEnd() const = 0;
     /// How much is written, 0 to 1.

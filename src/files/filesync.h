@@ -14,8 +14,8 @@ constexpr char lineEnd[] = "\n";
 #endif
 constexpr int lineEndLength = int(sizeof lineEnd) - 1;
 
-/// Waits until what was written to `descriptor` is on the disk. True where there is nothing to wait for (pipes,
-/// devices); false when the disk did not take it.
+/// Waits until what was written to `descriptor` is on the disk. True where there is nothing to wait for
+/// (pipes, devices); false when the disk did not take it.
 bool syncToDisk(int descriptor);
 
 /// Makes a rename in `folder` last; failures are not told, the rename itself has happened.

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-// A journal's file as the system sees it: locked against removal while a program writes it. The lock goes with the
-// program, however it ends.
+// A journal's file as the system sees it: locked against removal while a program writes it. The lock
+// goes with the program, however it ends.
 
 struct CreatedFile {
     int descriptor = -1; ///< for appending; -1 when it could not be created

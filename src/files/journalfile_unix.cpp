@@ -23,8 +23,8 @@ bool lockFails(int descriptor)
 
 } // namespace
 
-// Between creation and lock another program may take the empty file for a left-over and remove it; then the name is
-// gone and the file is created anew.
+// Between creation and lock another program may take the empty file for a left-over and remove it; then the
+// name is gone and the file is created anew.
 CreatedFile createJournalFile(const QString &fileName)
 {
     const QByteArray name = QFile::encodeName(fileName);

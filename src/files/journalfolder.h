@@ -3,8 +3,8 @@
 #include <QDateTime>
 #include <QStringList>
 
-/// The folder that holds the journals of recordings. Files in it that are not named as a journal are never touched,
-/// nor are those that a running program writes.
+/// The folder that holds the journals of recordings. Files in it that are not named as a journal are never
+/// touched, nor are those that a running program writes.
 class JournalFolder {
 public:
     /// `path` is made when the first journal is.
@@ -15,7 +15,8 @@ public:
 
     QString path() const { return m_path; }
     /// Name with its folder for a recording that starts at `time` on `portName`, for example
-    /// ".../2026-11-21_06-40-50_COM3.acp"; from `attempt` 2 on with the attempt's number, for names that are taken.
+    /// ".../2026-11-21_06-40-50_COM3.acp"; from `attempt` 2 on with the attempt's
+    /// number, for names that are taken.
     QString fileName(const QDateTime &time, const QString &portName, int attempt) const;
     /// The journals, newest first, with their folder.
     QStringList files() const;
@@ -23,7 +24,8 @@ public:
     qint64 totalSize() const;
     /// Removes journals with fewer than two records. Returns how many.
     int removeEmpty() const;
-    /// Removes journals that were last written more than `days` ago; none when `days` is below 1. Returns how many.
+    /// Removes journals that were last written more than `days` ago; none when
+    /// `days` is below 1. Returns how many.
     int removeOlderThan(int days, const QDateTime &now = QDateTime::currentDateTime()) const;
     /// Whether `fileName` holds at least two records.
     static bool isWorthKeeping(const QString &fileName);

@@ -15,9 +15,9 @@ class JournalWriter;
 class QTimer;
 class RecordingLog;
 
-/// Keeps a journal of every live recording: makes their files, tidies the folder, tells at once what several of them
-/// have to tell, and tries once a second what a full disk has refused, be the recording over or not. Outlives the logs
-/// that it gives out.
+/// Keeps a journal of every live recording: makes their files, tidies the folder, tells at once what several
+/// of them have to tell, and tries once a second what a full disk has refused, be the recording over or not.
+/// Outlives the logs that it gives out.
 class JournalKeeper : public QObject, private JournalNotices {
     Q_OBJECT
 
@@ -29,7 +29,8 @@ public:
     explicit JournalKeeper(const QString &path, QObject *parent = nullptr);
     ~JournalKeeper() override;
 
-    /// A journal for a recording that starts now on `portName`; its file is made at once where the disk allows.
+    /// A journal for a recording that starts now on `portName`; its file is
+    /// made at once where the disk allows.
     std::unique_ptr<RecordingLog> create(const QString &portName);
     /// File of the newest recording of `portName` in this run of the program; empty without one.
     QString currentFile(const QString &portName) const { return m_files.value(portName); }
@@ -38,7 +39,8 @@ public:
     const JournalFolder &folder() const { return m_folder; }
     /// For other files that must not make the user wait for the disk.
     DiskSyncer &syncer() { return m_syncer; }
-    /// Removes journals of fewer than two records, and those last written more than `maxAgeDays` ago (below 1: none).
+    /// Removes journals of fewer than two records, and those last written more than
+    /// `maxAgeDays` ago (below 1: none).
     void tidy(int maxAgeDays);
 
 signals:

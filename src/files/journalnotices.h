@@ -9,7 +9,7 @@ public:
 
     /// The disk does not take what arrives; it is kept in memory and tried again. Said once until it does.
     virtual void journalStalled(const QString &fileName, const QString &reason) = 0;
-    /// All that was kept back is written, or given up because the program ends. `complete`: the file holds all that
-    /// came.
+    /// All that was kept back is written, or given up because the program ends.
+    /// `complete`: the file holds all that came.
     virtual void journalResumed(const QString &fileName, bool complete) = 0;
 };

@@ -5,8 +5,9 @@
 
 class QIODevice;
 
-/// Cuts a device into lines without their ends ("\n" or "\r\n"), a chunk at a time. Bytes are taken as Latin-1; a
-/// byte-order mark is skipped, and UTF-16 that announces itself by one is narrowed (NUL for what Latin-1 lacks).
+/// Cuts a device into lines without their ends ("\n" or "\r\n"), a chunk at a time. Bytes are
+/// taken as Latin-1; a byte-order mark is skipped, and UTF-16 that announces itself by one is
+/// narrowed (NUL for what Latin-1 lacks).
 class LineSource {
 public:
     enum class Found {

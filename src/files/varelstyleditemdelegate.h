@@ -4,8 +4,8 @@
 #include <QSet>
 #include <QStyledItemDelegate>
 
-/// Lists data files in an open dialog with a label of what they hold. The dialog is its parent; both its list and its
-/// tree get it.
+/// Lists data files in an open dialog with a label of what they hold. The dialog is its
+/// parent; both its list and its tree get it.
 class VarelStyledItemDelegate : public QStyledItemDelegate {
     Q_OBJECT
 

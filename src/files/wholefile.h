@@ -15,8 +15,9 @@ struct WriteOutcome {
     QString reason; ///< the system's words when it failed
 };
 
-/// A file on its way to new content. A regular file is replaced as a whole by commit(), its mode kept and links to it
-/// followed; without that it stays as it was. Anything else (a device, a pipe) is written in place.
+/// A file on its way to new content. A regular file is replaced as a whole by commit(), its
+/// mode kept and links to it followed; without that it stays as it was. Anything else (a
+/// device, a pipe) is written in place.
 class WholeFile {
 public:
     explicit WholeFile(const QString &fileName);

@@ -2,8 +2,8 @@
 
 #include "graph/graphlayout.h"
 
-/// The rows of the cells in the legend: a heading of two rows, then a row a cell. They lie beside the upper plot, or
-/// along the whole height where that would make them too low to be read.
+/// The rows of the cells in the legend: a heading of two rows, then a row a cell. They lie beside the upper
+/// plot, or along the whole height where that would make them too low to be read.
 class CellLegend {
 public:
     CellLegend(const GraphLayout &layout, int cellCount);

@@ -6,9 +6,10 @@
 
 class SeriesStore;
 
-/// A recording as comma-separated values for other programs: one header row with units, then one row a record, in UTF-8
-/// with '\n' line ends and decimal points, whatever the locale. Columns are the record's own fields in the device's
-/// units, the cells of its widest record, and the derived series. A field that a record does not have is left empty.
+/// A recording as comma-separated values for other programs: one header row with units, then one row a
+/// record, in UTF-8 with '\n' line ends and decimal points, whatever the locale. Columns are the record's
+/// own fields in the device's units, the cells of its widest record, and the derived series. A field that
+/// a record does not have is left empty.
 class CsvRows : public FilePieces {
 public:
     /// `store` outlives this. It may grow meanwhile; what it holds now is written.

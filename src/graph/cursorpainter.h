@@ -3,7 +3,8 @@
 #include "graph/graphcanvas.h"
 #include "graph/graphscene.h"
 
-/// Draws what the user points at: the cursor line with the values of its record, and the rectangle being picked.
+/// Draws what the user points at: the cursor line with the values of its
+/// record, and the rectangle being picked.
 class CursorPainter {
 public:
     explicit CursorPainter(const GraphCanvas &canvas);

@@ -7,8 +7,8 @@
 
 class RecordList;
 
-/// The plot series derived from the records of one recording, and the running values they need. A record costs the same
-/// however many there are.
+/// The plot series derived from the records of one recording, and the running values they need. A record
+/// costs the same however many there are.
 class DerivedPoints : public SeriesKinds {
 public:
     /// Starts with the first record, which tells the device and the cells.
@@ -16,10 +16,11 @@ public:
     /// Adds the points of the newest of `records`, the only one that has none yet.
     void addNewest(const RecordList &records);
 
-    /// Room for the points of so many records of a file. Throws std::bad_alloc where there is too little memory.
+    /// Room for the points of so many records of a file. Throws std::bad_alloc
+    /// where there is too little memory.
     void reserve(int records);
-    /// Adds the points of up to `most` more `records` of a file, of which there are as many, and of no more than lie
-    /// in one block; returns how many records have points now.
+    /// Adds the points of up to `most` more `records` of a file, of which there are as many, and of no more
+    /// than lie in one block; returns how many records have points now.
     int loadBlock(const RecordList &records, int most);
     /// The records of the file have ended, what comes now is live.
     void goOnLive();

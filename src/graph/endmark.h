@@ -2,8 +2,8 @@
 
 class RecordList;
 
-/// Where a recording says that the process has ended: the records with an end letter. Of devices that send none they are
-/// marked, from the record on that has no current between two that have.
+/// Where a recording says that the process has ended: the records with an end letter. Of devices that send
+/// none they are marked, from the record on that has no current between two that have.
 class EndMark {
 public:
     /// Fewer records than these have no end mark.

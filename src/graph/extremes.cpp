@@ -6,8 +6,8 @@
 
 #include <emmintrin.h>
 
-// Pairs of values in two chains that don't wait for each other, in variables of their own so that they stay in
-// registers.
+// Pairs of values in two chains that don't wait for each other, in variables of
+// their own so that they stay in registers.
 Interval extremesOf(const double *values, int begin, int end)
 {
     __m128d lowA = _mm_set1_pd(values[begin]);

@@ -8,6 +8,6 @@ class Varnel3Data;
 QString figure(double value, int width, int decimals);
 /// Stands where a value is missing.
 QString noFigure();
-/// The values of `record` as one line: process, cells, voltage, current, temperature, energy and time, apart by two
-/// blanks. `parts` many at most, those that can be missed best left out first.
+/// The values of `record` as one line: process, cells, voltage, current, temperature, energy and time, apart
+/// by two blanks. `parts` many at most, those that can be missed best left out first.
 QString informationText(const Varnel3Data &record, int parts = 7);

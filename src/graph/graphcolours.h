@@ -29,8 +29,8 @@ public:
     /// Width of a curve's pen, px. A thin line is harder to see on white.
     int curveWidth() const { return m_black ? 1 : 2; }
 
-    /// `colour`, or its hue darker or lighter, so that a text in it can be read: contrast of at least 4.5 to 1 against
-    /// `background`.
+    /// `colour`, or its hue darker or lighter, so that a text in it can be read: contrast of at
+    /// least 4.5 to 1 against `background`.
     static QColor readable(const QColor &colour, const QColor &background);
     QColor readable(const QColor &colour) const { return readable(colour, background()); }
 

@@ -6,8 +6,8 @@
 #include <QPair>
 #include <QString>
 
-/// The fonts of a graph's texts. Looking a font up and measuring a text costs more than drawing a long curve, so that
-/// both are remembered: keep one with each painter.
+/// The fonts of a graph's texts. Looking a font up and measuring a text costs more than drawing a long curve,
+/// so that both are remembered: keep one with each painter.
 class GraphFonts {
 public:
     /// A font and what a text measures in it, px.

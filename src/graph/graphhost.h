@@ -16,7 +16,8 @@ public:
     virtual ViewState *viewState() const = 0;
     /// Whether `child` is the window whose figures the tool bar and the displays show.
     virtual bool isCurrent(const MdiGraphChild *child) const = 0;
-    /// Shows `record` of window `windowNumber` in the tool bar and the displays. Asked by the current window only.
+    /// Shows `record` of window `windowNumber` in the tool bar and the displays.
+    /// Asked by the current window only.
     virtual void showRecord(const Varnel3Data &record, int windowNumber, bool useKeptRi) = 0;
     virtual void showMessageStatusBar(const QString &message, int timeout) = 0;
     /// Owner of the slots updateCapacity(int,char,int,int) and updateVoltage().

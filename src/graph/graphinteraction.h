@@ -9,8 +9,8 @@ class QWheelEvent;
 class QWidget;
 class ViewState;
 
-/// What mouse and keyboard do to a graph: the cursor that walks along the records, the zoom, the picked cells. The
-/// widget forwards its events and paints what this says.
+/// What mouse and keyboard do to a graph: the cursor that walks along the records, the zoom, the picked
+/// cells. The widget forwards its events and paints what this says.
 class GraphInteraction : public QObject {
     Q_OBJECT
 

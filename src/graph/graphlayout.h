@@ -7,8 +7,8 @@
 
 #include <qwt_scale_map.h>
 
-/// Where everything of a graph lies, in pixels from its top left corner. A value that follows from the size of the
-/// picture and the number of records alone.
+/// Where everything of a graph lies, in pixels from its top left corner. A value that follows from the size
+/// of the picture and the number of records alone.
 class GraphLayout {
 public:
     GraphLayout(const QSize &size, int recordCount);

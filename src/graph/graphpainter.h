@@ -7,8 +7,8 @@ struct GraphCanvas;
 struct GraphPicture;
 struct GraphScene;
 
-/// Paints graphs, for screen, printer and file alike. Keeps what it found of curves and texts, so that painting the same
-/// recording again costs little; keep one painter for each recording that is shown.
+/// Paints graphs, for screen, printer and file alike. Keeps what it found of curves and texts, so that
+/// painting the same recording again costs little; keep one painter for each recording that is shown.
 class GraphPainter {
 public:
     /// Paints `picture` with its top left corner at the origin. Leaves `painter` as it was.

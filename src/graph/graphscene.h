@@ -8,8 +8,8 @@
 
 struct GraphPicture;
 
-/// What a graph shows: which curves, axes and legend texts stand in which plot. Made from a picture, it knows no
-/// pixel but widths.
+/// What a graph shows: which curves, axes and legend texts stand in which plot. Made from a
+/// picture, it knows no pixel but widths.
 struct GraphScene {
     struct Curve {
         PlotArea area;

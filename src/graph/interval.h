@@ -13,8 +13,8 @@ struct Interval {
         low = other.low < low ? other.low : low;
         high = other.high > high ? other.high : high;
     }
-    /// Shorter by `factor`, with `centre` kept in its place, but not shorter than `least` nor longer than `whole`, and
-    /// moved to lie inside it.
+    /// Shorter by `factor`, with `centre` kept in its place, but not shorter than `least` nor longer than
+    /// `whole`, and moved to lie inside it.
     Interval zoomed(double factor, double centre, double least, const Interval &whole) const;
     /// Moved by `distance`, up to the ends of `whole`.
     Interval moved(double distance, const Interval &whole) const;

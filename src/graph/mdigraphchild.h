@@ -13,8 +13,8 @@ class GraphInteraction;
 class QDateTime;
 class GraphHost;
 
-/// The graph window of one recording: owns its records, draws their course, keeps its title in step with what was
-/// saved, and hands each record to the shell while it is the current window.
+/// The graph window of one recording: owns its records, draws their course, keeps its title in step with what
+/// was saved, and hands each record to the shell while it is the current window.
 class MdiGraphChild : public QWidget, public RecordingSink {
     Q_OBJECT
 
@@ -35,7 +35,8 @@ public:
     int windowNumber() const { return m_windowNumber; }
     void setWindowNumber(int number);
     QString fileName() const { return m_fileName; }
-    /// Where the records come from: name of the data file, without its folder, and of the port; empty for neither.
+    /// Where the records come from: name of the data file, without its folder,
+    /// and of the port; empty for neither.
     QString sourceName() const;
     /// A device feeds the window.
     bool isLive() const { return m_reader != nullptr; }
@@ -51,8 +52,8 @@ public:
     /// Shows the newest record in the figures, if this window is current and has one.
     void showNewest();
 
-    /// Takes over what was read from `fileName`. Nothing is unsaved, and records of more than one are shown in the
-    /// figures.
+    /// Takes over what was read from `fileName`. Nothing is unsaved, and records of more
+    /// than one are shown in the figures.
     void load(SeriesStore store, const QString &fileName);
     /// The first `records` now stand in `fileName`.
     void markSaved(const QString &fileName, int records);

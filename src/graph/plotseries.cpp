@@ -8,8 +8,8 @@
 
 namespace {
 
-// From a few points straight to a block of its own, of which only the pages in use take memory. Growing by halves in
-// between would leave holes as large as the points themselves, with many recordings at once.
+// From a few points straight to a block of its own, of which only the pages in use take memory. Growing by
+// halves in between would leave holes as large as the points themselves, with many recordings at once.
 constexpr int firstCapacities[] = {64, 512, 32768};
 
 } // namespace

@@ -6,8 +6,9 @@
 #include <memory>
 #include <vector>
 
-/// One plot series: a growing array of values with their running extremes, and those of each block of them. Memory is
-/// taken only where points are, and growing moves no values where the system can extend a block in place.
+/// One plot series: a growing array of values with their running extremes, and those of each
+/// block of them. Memory is taken only where points are, and growing moves no values where
+/// the system can extend a block in place.
 class PlotSeries {
 public:
     int size() const { return m_size; }
@@ -22,8 +23,8 @@ public:
     double minimum() const { return m_minimum <= m_maximum ? m_minimum : 0.0; }
     double maximum() const { return m_minimum <= m_maximum ? m_maximum : 0.0; }
 
-    /// The lowest and the highest of the points `begin`..`end` - 1, of which there is at least one; looks at less than
-    /// two blocks of them and at one pair for each block between.
+    /// The lowest and the highest of the points `begin`..`end` - 1, of which there is at least one; looks at
+    /// less than two blocks of them and at one pair for each block between.
     Interval extremes(int begin, int end) const;
 
     static constexpr int blockSize = 128; ///< points; their extremes take a sixtieth of the memory
@@ -55,8 +56,8 @@ public:
     void restartExtremes();
     /// Room for `points` points without growing. Throws std::bad_alloc where there is none.
     void reserve(int points);
-    /// Lets a series without points use the `points` places at `room`, which outlive them or the series. It leaves
-    /// them when they don't suffice.
+    /// Lets a series without points use the `points` places at `room`, which outlive them or the series. It
+    /// leaves them when they don't suffice.
     void useRoom(double *room, int points);
     void clear();
 

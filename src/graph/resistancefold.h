@@ -6,14 +6,15 @@ class RecordList;
 
 /// The running internal resistance of a recording.
 ///
-/// The rule: for every new record n the values of the records first()..n are folded once more into one accumulator,
-/// a = a - a/4 + value (integers, truncating), which is never reset in between, and a/4 is the point of record n. A
-/// value of 0 that has a successor counts as the mean of its neighbours.
+/// The rule: for every new record n the values of the records first()..n are folded once more into one
+/// accumulator, a = a - a/4 + value (integers, truncating), which is never reset in between, and a/4 is the
+/// point of record n. A value of 0 that has a successor counts as the mean of its neighbours.
 ///
-/// Walking first()..n for every record would take a day for a long recording. Every fold a -> a - a/4 + v is monotone
-/// and steps by 0 or 1, so the fold over any run of values is a step function of `a` that is given by its lowest value
-/// and the few places where it steps; there are at most six once a run is some ninety values long. That function is
-/// kept for first()..n-1 and extended by one value a record, which makes the cost constant and the result the same.
+/// Walking first()..n for every record would take a day for a long recording. Every fold a -> a - a/4 + v is
+/// monotone and steps by 0 or 1, so the fold over any run of values is a step function of `a` that is given
+/// by its lowest value and the few places where it steps; there are at most six once a run is some ninety
+/// values long. That function is kept for first()..n-1 and extended by one value a record, which makes the
+/// cost constant and the result the same.
 class ResistanceFold {
 public:
     /// Index of the first record that is folded.
@@ -21,8 +22,8 @@ public:
 
     /// Forgets all and starts with this accumulator, four times the running value in mOhm.
     void seed(qint64 accumulator);
-    /// Folds for the newest of `records`, of which there are more than first(), and returns its point (mOhm). To be
-    /// called for each record that comes after the seed.
+    /// Folds for the newest of `records`, of which there are more than first(), and returns its point (mOhm).
+    /// To be called for each record that comes after the seed.
     qint64 addNewest(const RecordList &records);
 
     /// What record `index` counts with when `newest` is the last one.

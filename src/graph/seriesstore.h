@@ -5,9 +5,9 @@
 #include "graph/derivedpoints.h"
 #include "graph/endmark.h"
 
-/// The records of one recording and the plot series derived from them, in step: record n is point n of every series.
-/// A live recording grows by append(), a file is taken over whole by load(); the cost of a record does not depend on
-/// how many there are.
+/// The records of one recording and the plot series derived from them, in step: record n is point n of every
+/// series. A live recording grows by append(), a file is taken over whole by load(); the cost of a record
+/// does not depend on how many there are.
 class SeriesStore : public SeriesKinds {
 public:
     /// What the comparison of capacities shows of a recording.
@@ -38,11 +38,12 @@ public:
 
     /// Takes a copy of `record`, completes it and derives its points.
     void append(const Varnel3Data &record);
-    /// Takes over the records of a file, of which the balanced charge is summed already, and derives all points.
-    /// Throws std::bad_alloc where there is too little memory for these; the store is then only fit to be destroyed.
+    /// Takes over the records of a file, of which the balanced charge is summed already, and
+    /// derives all points. Throws std::bad_alloc where there is too little memory for these; the
+    /// store is then only fit to be destroyed.
     void load(RecordList records);
-    /// The same for a long file: takes over its records, of which loadSome() then derives the points. Until that is
-    /// done nothing else may be asked.
+    /// The same for a long file: takes over its records, of which loadSome() then derives the points. Until
+    /// that is done nothing else may be asked.
     void beginLoad(RecordList records);
     /// Derives the points of up to `most` records more. True while there are more.
     bool loadSome(int most);

@@ -10,9 +10,9 @@ struct ValueRange {
     /// The part of the range that a zoom shows.
     ValueRange part(const Interval &share) const;
 
-    /// The range of a current between `minimum` and `maximum`, which are counted in units of `unit`: with a tenth
-    /// above a real course, from 0 for a constant one, and never so narrow that noise fills the plot. Values that are
-    /// all negative get the same below zero.
+    /// The range of a current between `minimum` and `maximum`, which are counted in units of `unit`: with a
+    /// tenth above a real course, from 0 for a constant one, and never so narrow that noise fills the plot.
+    /// Values that are all negative get the same below zero.
     static ValueRange ofCurrent(double minimum, double maximum, double unit = 1.0);
     /// As ofCurrent(), but a small course around zero keeps its negative part.
     static ValueRange ofSlope(double minimum, double maximum, double unit);

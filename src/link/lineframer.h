@@ -3,20 +3,23 @@
 #include <QByteArray>
 #include <QString>
 
-/// Makes lines of the bytes that a device sends. Bytes go in by feed(), lines come out by next(); nothing else happens.
+/// Makes lines of the bytes that a device sends. Bytes go in by feed(), lines come
+/// out by next(); nothing else happens.
 ///
-/// A line ends at '\n' and is printable Latin-1; other bytes vanish. A '#' begins a new count, not a new line: what
-/// stood between the last line end and the '#' stays in front of it. The first three bytes after a '#' may carry binary
-/// values: there a byte that is below 32 as a signed number comes out as that number in decimal, in at least two
-/// digits ('\n' as "10", 0xC8 as "-56"), and ends nothing.
+/// A line ends at '\n' and is printable Latin-1; other bytes vanish. A '#' begins a new count, not a new
+/// line: what stood between the last line end and the '#' stays in front of it. The first three bytes after a
+/// '#' may carry binary values: there a byte that is below 32 as a signed number comes out as that number in
+/// decimal, in at least two digits ('\n' as "10", 0xC8 as "-56"), and ends nothing.
 class LineFramer {
 public:
-    /// Longest line kept, in bytes; the rest of a longer one is dropped. What a string can hold, and no device sends.
+    /// Longest line kept, in bytes; the rest of a longer one is dropped. What a
+    /// string can hold, and no device sends.
     static constexpr int maxLineSize = 1 << 29;
 
     /// Hands over bytes in the order of their arrival, in pieces of any size.
     void feed(const QByteArray &bytes);
-    /// Takes the next complete line out; false when there is none yet. The cost is that of the bytes fed, once.
+    /// Takes the next complete line out; false when there is none yet. The
+    /// cost is that of the bytes fed, once.
     bool next(QString *line);
     /// Forgets the unfinished line and the bytes not yet looked at.
     void clear();

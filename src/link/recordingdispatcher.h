@@ -11,8 +11,8 @@ class ReaderHost;
 class RecordingLog;
 class RecordingSink;
 
-/// Decides what becomes of the lines of one port: which recording a record belongs to, when a recording starts and
-/// ends, when the device's clock is set. States: waiting (no recording) and recording.
+/// Decides what becomes of the lines of one port: which recording a record belongs to, when a recording
+/// starts and ends, when the device's clock is set. States: waiting (no recording) and recording.
 class RecordingDispatcher {
 public:
     /// `link` (whose lines these are) and `host` are not owned and outlive this.
@@ -21,8 +21,8 @@ public:
     RecordingDispatcher(const RecordingDispatcher &) = delete;
     RecordingDispatcher &operator=(const RecordingDispatcher &) = delete;
 
-    /// Handles one measurement or '!' line; any other is ignored. True when it says that the device's process has
-    /// ended: the caller then calls endProcess() 250 ms later, once for each such line.
+    /// Handles one measurement or '!' line; any other is ignored. True when it says that the device's process
+    /// has ended: the caller then calls endProcess() 250 ms later, once for each such line.
     bool processLine(const QString &line);
     /// Ends the recording and has the shell announce what the newest end letter said.
     void endProcess();
@@ -35,7 +35,8 @@ public:
     bool isNewProcess() const { return m_newProcess; }
     /// A recording is on and the device was heard not long ago: its next good line continues it.
     bool isRecording() const;
-    /// The window of the recording has gone. Its further records go to the log only, and the shell is told so once.
+    /// The window of the recording has gone. Its further records go to the log
+    /// only, and the shell is told so once.
     void forgetChild() { m_child = nullptr; }
 
 private:

@@ -4,7 +4,8 @@
 
 class Varnel3Data;
 
-/// Keeps the lines of one recording as they arrive, whatever becomes of its window. Destroying it ends the record.
+/// Keeps the lines of one recording as they arrive, whatever becomes of its
+/// window. Destroying it ends the record.
 class RecordingLog {
 public:
     virtual ~RecordingLog() = default;

@@ -18,7 +18,7 @@ public:
     virtual void addRecord(const Varnel3Data &record) = 0;
     /// Applies a '!' line to the newest record and refreshes; without a record nothing happens.
     virtual void applyResistanceLine(const QString &line) = 0;
-    /// The recording is over: live no more, the reader forgotten without being called back, records kept. May be
-    /// called again.
+    /// The recording is over: live no more, the reader forgotten without being called back,
+    /// records kept. May be called again.
     virtual void finishRecording() = 0;
 };

@@ -175,9 +175,9 @@ void SerialReader::timerTickEvent()
     m_dispatcher.tick();
 }
 
-// A read fails too when a command's wait has read what the system was about to announce, and a write when the line is
-// full; neither is a loss. The port of a device that has gone fails as often as the system lets it, until it is closed,
-// which must not happen from here.
+// A read fails too when a command's wait has read what the system was about to announce, and a write when the
+// line is full; neither is a loss. The port of a device that has gone fails as often as the system lets it,
+// until it is closed, which must not happen from here.
 void SerialReader::onErrorOccurred(QSerialPort::SerialPortError error)
 {
     const bool failure = error == QSerialPort::ResourceError || error == QSerialPort::ReadError

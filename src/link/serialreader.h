@@ -9,7 +9,8 @@
 #include <QTimer>
 
 /// Listens on one port: bytes to lines, lines to recordings or command replies; sends commands to the device.
-/// Created stopped. Whoever deletes it from one of its own signals or from a call of its host uses deleteLater().
+/// Created stopped. Whoever deletes it from one of its own signals or from a
+/// call of its host uses deleteLater().
 class SerialReader : public QObject, public DeviceLink {
     Q_OBJECT
 
@@ -27,8 +28,9 @@ public:
     QString errorText() const;
     bool isOpen() const { return m_port.isOpen(); }
 
-    /// Blocks at most 500 ms, and only while the system does not take the bytes. Lines that arrive meanwhile are
-    /// handled after those that came before them, never from inside this call. Nothing is written to a closed port.
+    /// Blocks at most 500 ms, and only while the system does not take the bytes. Lines that arrive
+    /// meanwhile are handled after those that came before them, never from inside this call.
+    /// Nothing is written to a closed port.
     void sendCommand(const QString &text) override;
     QString portName() const override { return m_portName; }
     bool isNewProcess() const override { return m_dispatcher.isNewProcess(); }

@@ -17,6 +17,6 @@ QVector<PortInfo> listPorts();
 QStringList listPortNames();
 /// The port called `name` now; its location is empty when there is none.
 PortInfo findPort(const QString &name);
-/// Whether a port that can't be opened with "permission denied" is held back by missing access rights (rather than
-/// by another program); then `group` is the group to join, or empty where the system knows none.
+/// Whether a port that can't be opened with "permission denied" is held back by missing access rights (rather
+/// than by another program); then `group` is the group to join, or empty where the system knows none.
 bool lacksAccess(const PortInfo &port, QString *group);

@@ -8,8 +8,8 @@
 
 class QTimer;
 
-/// Tells which ports come and go, within two seconds. Looks once a second at a fingerprint that costs next to nothing
-/// and asks the system for its ports only when that has changed.
+/// Tells which ports come and go, within two seconds. Looks once a second at a fingerprint that costs next to
+/// nothing and asks the system for its ports only when that has changed.
 class PortWatcher : public QObject {
     Q_OBJECT
 
@@ -18,8 +18,8 @@ public:
     explicit PortWatcher(QObject *parent = nullptr);
 
 public slots:
-    /// The device behind `name` was seen to go away: after a second the port is reported as removed, and as arrived
-    /// when a port of that name is still or again there. Without it a quick replug might pass unseen.
+    /// The device behind `name` was seen to go away: after a second the port is reported as removed, and as
+    /// arrived when a port of that name is still or again there. Without it a quick replug might pass unseen.
     void noteLost(const QString &name);
 
 signals:

@@ -13,11 +13,11 @@ struct PrintJob {
     QString title; ///< what it is, for the line above the picture and the name of the document
     QString details; ///< of which device and when, for the same line
     QSizeF size; ///< of the picture in the units that `paint` draws in
-    /// Draws the picture for white paper into (0, 0, size). May be called after the caller has gone: it refers to
-    /// nothing but what it holds itself.
+    /// Draws the picture for white paper into (0, 0, size). May be called after the caller has gone: it
+    /// refers to nothing but what it holds itself.
     std::function<void(QPainter &)> paint;
 };
 
-/// Draws `job` on one page, as large as the page allows with the picture's proportions kept, under its line. False
-/// when the printer or its file takes no output.
+/// Draws `job` on one page, as large as the page allows with the picture's proportions kept, under its line.
+/// False when the printer or its file takes no output.
 bool printPage(const PrintJob &job, QPrinter *printer);

@@ -10,8 +10,9 @@ class QDialog;
 class QPrinter;
 class QWidget;
 
-/// Lets the user choose printer and page for `job` and prints it; cancelling prints nothing. Returns at once, the
-/// dialog stays open above `parent`. Without a printer the dialog offers a PDF file. A failure shows a box.
+/// Lets the user choose printer and page for `job` and prints it; cancelling prints nothing.
+/// Returns at once, the dialog stays open above `parent`. Without a printer the dialog
+/// offers a PDF file. A failure shows a box.
 void printWithDialog(const PrintJob &job, QWidget *parent);
 
 /// A print job whose dialog is open; belongs to the dialog.

@@ -1,4 +1,5 @@
-# Icons are drawn as SVG and rendered while building; rcc reads them beside a copy of varnel.qrc in the build folder.
+# Icons are drawn as SVG and rendered while building; rcc reads them beside a
+# copy of varnel.qrc in the build folder.
 set(resource_folder ${CMAKE_CURRENT_BINARY_DIR}/resources)
 file(GLOB icon_drawings CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/resources/icons/*.svg)
 file(MAKE_DIRECTORY ${resource_folder}/icons)
@@ -8,7 +9,8 @@ foreach(sheet application nostyle)
 endforeach()
 add_custom_command(OUTPUT ${resource_folder}/icons.stamp
     COMMAND rendericons ${resource_folder}/icons ${icon_drawings}
-    COMMAND rendericons --ico ${resource_folder}/icons/Varnel.ico ${CMAKE_CURRENT_SOURCE_DIR}/resources/icons/varnel.svg
+    COMMAND rendericons --ico ${resource_folder}/icons/Varnel.ico
+        ${CMAKE_CURRENT_SOURCE_DIR}/resources/icons/varnel.svg
     COMMAND ${CMAKE_COMMAND} -E touch ${resource_folder}/icons.stamp
     DEPENDS rendericons ${icon_drawings}
     COMMENT "Rendering icons" VERBATIM)

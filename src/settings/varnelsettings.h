@@ -3,8 +3,8 @@
 #include <QSettings>
 #include <QStringList>
 
-/// The user's settings: the INI file of the application's organisation and name. Made on the stack where it is
-/// needed and let go at the end of the operation.
+/// The user's settings: the INI file of the application's organisation and name. Made on the stack where it
+/// is needed and let go at the end of the operation.
 class VarnelSettings : public QSettings {
     Q_OBJECT
 
@@ -19,7 +19,8 @@ public:
     bool sendTime() const;
     /// Stored at once.
     void setSendTime(bool on);
-    /// Whether live recordings are written to the journal's folder as they arrive: journal/enabled, on until set.
+    /// Whether live recordings are written to the journal's folder as they
+    /// arrive: journal/enabled, on until set.
     bool journalEnabled() const;
     /// Days after which a journal is removed: journal/maxAgeDays; 0, which is never, until set.
     int journalMaxAgeDays() const;

@@ -26,7 +26,8 @@ constexpr int pace = 4; // ms between steps
 constexpr int stepsKept = 40;
 constexpr int mostGraphs = 10; // then some are closed
 
-// Runs `work` from the event loop, so that a dialog opened by it holds up nothing, if `object` is still there then.
+// Runs `work` from the event loop, so that a dialog opened by it holds up
+// nothing, if `object` is still there then.
 template <typename Object, typename Work>
 void later(Object *object, Work work)
 {

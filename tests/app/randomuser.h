@@ -16,14 +16,15 @@ class Rack;
 class SimDevice;
 } // namespace sim
 
-/// Somebody who does anything at any moment: clicks, drags, types, opens, closes, resizes, changes what is listened on,
-/// pulls adapters. The same seed gives the same choices; what they meet depends on time. Steps come from a timer, so
-/// that they go on while a box or a dialog waits in an event loop of its own.
+/// Somebody who does anything at any moment: clicks, drags, types, opens, closes, resizes, changes what is
+/// listened on, pulls adapters. The same seed gives the same choices; what they meet depends on time. Steps
+/// come from a timer, so that they go on while a box or a dialog waits in an event loop of its own.
 class RandomUser : public QObject {
     Q_OBJECT
 
 public:
-    /// `rack` is not owned and outlives this. Files are opened and saved in `folder` only, and nothing is printed.
+    /// `rack` is not owned and outlives this. Files are opened and saved in
+    /// `folder` only, and nothing is printed.
     RandomUser(quint32 seed, sim::Rack *rack, const QString &folder);
 
     /// Uses `window` from now on; null: rests.

@@ -40,8 +40,8 @@ void TestDeviceStory::init()
     closed.clear();
 }
 
-// A box waits for the user in an event loop of its own: what is to happen then must have been set going before. Nobody
-// is quicker than half a second, in which a device may say several times that it has ended.
+// A box waits for the user in an event loop of its own: what is to happen then must have been set going
+// before. Nobody is quicker than half a second, in which a device may say several times that it has ended.
 void TestDeviceStory::closeBoxLater(const QString &title)
 {
     auto *timer = new QTimer(window.get());

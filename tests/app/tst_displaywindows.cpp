@@ -15,7 +15,8 @@
 #include <QScreen>
 #include <QWindow>
 
-/// The display windows among the others: where they stand, which window they follow, what is shown above them.
+/// The display windows among the others: where they stand, which window
+/// they follow, what is shown above them.
 class TestDisplayWindows : public QObject, private ShellRig {
     Q_OBJECT
 
@@ -86,7 +87,8 @@ void TestDisplayWindows::displaysKeepTheirState()
     QVERIFY(!display->isMinimized());
 }
 
-/// Closing a window renumbers the others; the figures of the current one follow, even if no further record comes.
+/// Closing a window renumbers the others; the figures of the current one
+/// follow, even if no further record comes.
 void TestDisplayWindows::displaysNameTheWindow()
 {
     MdiGraphChild *first = window->createMdiChild();

@@ -232,7 +232,8 @@ void TestDocuments::interrupted_data()
     row("close the program", [](MainWindow *shell) { shell->close(); });
 }
 
-/// While a file is read ports are listened to, but input reaches only Cancel; nothing shows of a file given up.
+/// While a file is read ports are listened to, but input reaches only
+/// Cancel; nothing shows of a file given up.
 void TestDocuments::interrupted()
 {
     QFETCH(std::function<void(MainWindow *)>, interrupt);

@@ -71,8 +71,8 @@ private:
 
 } // namespace
 
-/// The program is killed while devices send at full speed: the journals hold what it has read. One kill in each way, or
-/// as many as VARNEL_TEST_KILLS says.
+/// The program is killed while devices send at full speed: the journals hold what it has read. One kill in
+/// each way, or as many as VARNEL_TEST_KILLS says.
 class TestKilledProgram : public QObject {
     Q_OBJECT
 

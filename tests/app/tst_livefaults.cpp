@@ -30,8 +30,8 @@ double processorSeconds()
     return double(std::clock()) / CLOCKS_PER_SEC;
 }
 
-// What this program is as a process of its own that has been started with --hold: another one that uses the port, until
-// it is killed.
+// What this program is as a process of its own that has been started with --hold: another one
+// that uses the port, until it is killed.
 int holdPort(const char *location)
 {
     QSerialPort port(QFile::decodeName(location));
@@ -44,8 +44,8 @@ int holdPort(const char *location)
 
 } // namespace
 
-/// Simulated devices that break off, stand still or babble, under the whole program: nothing that was received is lost,
-/// the other devices go on, and whatever is on the screen may be closed meanwhile.
+/// Simulated devices that break off, stand still or babble, under the whole program: nothing that was
+/// received is lost, the other devices go on, and whatever is on the screen may be closed meanwhile.
 class TestLiveFaults : public QObject, private SimRig {
     Q_OBJECT
 
@@ -217,8 +217,9 @@ void TestLiveFaults::hangUpWhileClosing()
     QCOMPARE(collector.warnings(), QStringList());
 }
 
-// A device with the wrong rate or a broken converter sends no line end for an hour: 1920 bytes a second. What it sends
-// is kept as bytes, costs the same at the end as at the beginning, and the next good line is a record again.
+// A device with the wrong rate or a broken converter sends no line end for an hour: 1920 bytes
+// a second. What it sends is kept as bytes, costs the same at the end as at the beginning, and
+// the next good line is a record again.
 void TestLiveFaults::hourWithoutLineEnd()
 {
     constexpr int quarter = 1920 * 900;

@@ -42,8 +42,8 @@ int numberFrom(const char *variable, int usual)
 
 } // namespace
 
-/// The whole program, six devices, and somebody who does anything at any moment. VARNEL_SEED and VARNEL_SECONDS choose
-/// the course and its length, VARNEL_STEPS prints each step.
+/// The whole program, six devices, and somebody who does anything at any moment. VARNEL_SEED and
+/// VARNEL_SECONDS choose the course and its length, VARNEL_STEPS prints each step.
 class TestRandomUse : public QObject {
     Q_OBJECT
 

@@ -16,7 +16,8 @@
 #include <QStyledItemDelegate>
 #include <QTreeView>
 
-/// What becomes of a live recording on disk: its journal, the menu of tools, what is asked when no journal keeps it.
+/// What becomes of a live recording on disk: its journal, the menu of tools,
+/// what is asked when no journal keeps it.
 class TestRecordings : public QObject, private ShellRig {
     Q_OBJECT
 

@@ -14,7 +14,8 @@
 
 using Answer = std::function<void(QDialog *)>;
 
-/// What is asked when several windows would take records with them, and when none does, with lines arriving meanwhile.
+/// What is asked when several windows would take records with them, and when none
+/// does, with lines arriving meanwhile.
 class TestUnsavedWindows : public QObject, private ShellRig {
     Q_OBJECT
 
@@ -101,7 +102,8 @@ void TestUnsavedWindows::programEndsWithTwoRecordings_data()
     QTest::newRow("cancelled") << int(QMessageBox::Cancel) << false;
 }
 
-/// While the user thinks about the second window, the first one goes on recording: its file has those lines too.
+/// While the user thinks about the second window, the first one goes on
+/// recording: its file has those lines too.
 void TestUnsavedWindows::programEndsWithTwoRecordings()
 {
     QFETCH(int, second);

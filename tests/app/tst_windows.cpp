@@ -21,7 +21,8 @@
 #include <QTimer>
 #include <QToolBar>
 
-/// Every window is built once under a message handler: a connection by name that does not hold is only a warning.
+/// Every window is built once under a message handler: a connection by name
+/// that does not hold is only a warning.
 class TestWindows : public QObject {
     Q_OBJECT
 

@@ -4,8 +4,8 @@
 
 #include <vector>
 
-/// The rules of the running series written out as they are worded, walking all records for every new one. What the
-/// store does at constant cost has to give the same bits.
+/// The rules of the running series written out as they are worded, walking all records for every new one.
+/// What the store does at constant cost has to give the same bits.
 class LiteralSeries {
 public:
     void append(const Varnel3Data &record);

@@ -390,7 +390,8 @@ void TestSeriesStore::growsPastAnyCapacity()
     QCOMPARE(store.series(SeriesStore::Time)[262143], 262143.0);
 }
 
-// Thirty devices that record for an hour: what is set aside for later must not add up to more than what is kept.
+// Thirty devices that record for an hour: what is set aside for later must
+// not add up to more than what is kept.
 void TestSeriesStore::manyRecordingsCostTheirData()
 {
 #ifdef __SANITIZE_ADDRESS__

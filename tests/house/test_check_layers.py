@@ -11,12 +11,14 @@ spec.loader.exec_module(check_layers)
 
 GUI, CORE, DATA = "varnel_gui", "varnel_core", "varnel_data"
 
-# name: (files as path -> text, library lists as path -> library, part of the expected fault or None for no fault)
+# name: (files as path -> text, library lists as path -> library, part of
+# the expected fault or None for no fault)
 TREES = {
     "downwards": ({"app/a.cpp": '#include "data/d.h"', "data/d.h": ""}, {"app/a.cpp": GUI}, None),
     "upwards": ({"data/d.cpp": '#include "app/a.h"', "app/a.h": ""}, {"data/d.cpp": DATA},
                 "data may not include app/a.h"),
-    "interface allowed": ({"files/j.h": '#include "link/recordinglog.h"', "link/recordinglog.h": ""}, {}, None),
+    "interface allowed":
+        ({"files/j.h": '#include "link/recordinglog.h"', "link/recordinglog.h": ""}, {}, None),
     "beside the interface": ({"files/j.h": '#include "link/reader.h"', "link/reader.h": ""}, {},
                              "files may not include link/reader.h"),
     "circle through sources": (
@@ -28,8 +30,10 @@ TREES = {
     "core on gui in one folder": (
         {"graph/s.cpp": '#include "graph/w.h"', "graph/w.h": "", "graph/w.cpp": ""},
         {"graph/s.cpp": CORE, "graph/w.cpp": GUI}, "varnel_core may not include graph/w.h"),
-    "widget in core": ({"link/r.cpp": "#include <QtWidgets/QMessageBox>"}, {"link/r.cpp": CORE}, "knows no widgets"),
-    "meta-object in data": ({"data/d.h": "class D {\n    Q_GADGET\n};"}, {"data/d.h": DATA}, "no generated sources"),
+    "widget in core":
+        ({"link/r.cpp": "#include <QtWidgets/QMessageBox>"}, {"link/r.cpp": CORE}, "knows no widgets"),
+    "meta-object in data":
+        ({"data/d.h": "class D {\n    Q_GADGET\n};"}, {"data/d.h": DATA}, "no generated sources"),
     "forgotten source": ({"link/r.cpp": ""}, {}, "in no list"),
     "listed but gone": ({}, {"link/gone.cpp": CORE}, "no such file"),
     "not by folder": ({"link/r.h": '#include "s.h"', "link/s.h": ""}, {}, "included by folder"),
@@ -48,7 +52,8 @@ class Layers(unittest.TestCase):
                     (src / path).parent.mkdir(parents=True, exist_ok=True)
                     (src / path).write_text(text, "utf-8")
                 (src / "sources.cmake").write_text(
-                    "".join(f"target_sources({library} PRIVATE {path})\n" for path, library in libraries.items()),
+                    "".join(f"target_sources({library} PRIVATE {path})\n"
+                            for path, library in libraries.items()),
                     "utf-8")
                 faults = check_layers.check(Path(folder))
                 if expected is None:

@@ -10,7 +10,8 @@
 
 class DeviceLink;
 
-/// One recording as it reached its window or its log: the times of its records, "!" for a '!' line, and "end".
+/// One recording as it reached its window or its log: the times of its
+/// records, "!" for a '!' line, and "end".
 using Recording = QStringList;
 
 /// A graph window that notes what it is given. "end" is noted once, however often it is finished.

@@ -95,8 +95,8 @@ void PortNumberTest::reboot()
     QDir(root() + QStringLiteral("/run")).removeRecursively();
 }
 
-/// Steps of a story: "A1@2:0:01=3" plugs the adapter of serial number A1, port 0 and interface 01 into socket 2 and
-/// expects the number 3, "-A1@2" pulls it.
+/// Steps of a story: "A1@2:0:01=3" plugs the adapter of serial number A1, port 0 and interface 01 into socket
+/// 2 and expects the number 3, "-A1@2" pulls it.
 void PortNumberTest::tell(const QString &story)
 {
     const QStringList steps = story.split(QLatin1Char(' '));

@@ -4,7 +4,8 @@
 
 #include <unistd.h>
 
-/// Without the superuser's rights, which reach everywhere, while it lives; nothing for a user who has none of them.
+/// Without the superuser's rights, which reach everywhere, while it lives;
+/// nothing for a user who has none of them.
 class AsNobody {
 public:
     AsNobody()

@@ -9,8 +9,8 @@
 
 #include <functional>
 
-/// Calls `act` once the modal dialog of this kind has opened; it must not be shown yet. Gives up with `context`.
-/// A dialog that fails what `act` demands of it is closed, so that the test goes on.
+/// Calls `act` once the modal dialog of this kind has opened; it must not be shown yet. Gives up with
+/// `context`. A dialog that fails what `act` demands of it is closed, so that the test goes on.
 template <typename Dialog>
 void whenModal(QObject *context, const std::function<void(Dialog *)> &act)
 {

@@ -5,8 +5,8 @@
 
 #include <termios.h>
 
-/// A serial line: a pseudo-terminal whose device end is linked under a port name ("COM7") in a folder, so that the
-/// program lists and opens it as a port. The object is the far end, where the device sits.
+/// A serial line: a pseudo-terminal whose device end is linked under a port name ("COM7") in a folder, so
+/// that the program lists and opens it as a port. The object is the far end, where the device sits.
 class PtyPair {
 public:
     /// Links the device end as `folder`/`portName`.

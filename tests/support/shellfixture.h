@@ -5,7 +5,8 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
-/// Gives a test that shows the program's windows settings and ports of its own. To be made before any of them.
+/// Gives a test that shows the program's windows settings and ports of
+/// its own. To be made before any of them.
 class ShellFixture {
 public:
     ShellFixture()

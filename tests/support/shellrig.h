@@ -16,7 +16,8 @@
 #include <memory>
 #include <vector>
 
-/// The program's window with settings and ports of its own, the test at the far ends of its lines. Base of a test class.
+/// The program's window with settings and ports of its own, the test at the far
+/// ends of its lines. Base of a test class.
 class ShellRig {
 protected:
     void setUp() { fixture = std::make_unique<ShellFixture>(); }

@@ -24,7 +24,8 @@ struct Chemistry {
 const QVector<Chemistry> &chemistries();
 /// Index of `name`, in any case of letters; -1 when there is none.
 int findChemistry(const QString &name);
-/// Rest voltage in mV at a charge of `share` (0 empty, 1 full; beyond both ends it goes on steeply, never below 0).
+/// Rest voltage in mV at a charge of `share` (0 empty, 1 full; beyond both
+/// ends it goes on steeply, never below 0).
 double restVoltage(const Chemistry &chemistry, double share);
 
 } // namespace sim

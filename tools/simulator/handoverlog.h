@@ -11,8 +11,8 @@ constexpr int lineKinds = int(LineKind::Raw) + 1;
 
 const char *lineKindName(LineKind kind);
 
-/// A text file of every line handed over: milliseconds, port, kind and text, separated by tabs. Lines that nobody
-/// took have "lost-" before their kind.
+/// A text file of every line handed over: milliseconds, port, kind and text, separated by tabs. Lines that
+/// nobody took have "lost-" before their kind.
 class HandOverLog {
 public:
     /// False with the reason in `error` when `fileName` can't be written.

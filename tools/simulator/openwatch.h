@@ -13,7 +13,8 @@ class OpenWatch : public QObject {
     Q_OBJECT
 
 public:
-    /// One for all the endpoints of a process: the system grants each user only some. Lives while anyone holds it.
+    /// One for all the endpoints of a process: the system grants each user only
+    /// some. Lives while anyone holds it.
     static std::shared_ptr<OpenWatch> shared();
     ~OpenWatch() override;
 

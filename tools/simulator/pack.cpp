@@ -122,8 +122,8 @@ double Pack::limitCurrent(bool eachCell) const
     return std::max(0.0, eachCell ? smallest : room * 1000 / std::max(0.001, resistance()));
 }
 
-/// Share of a charging current that a cell keeps; the rest becomes heat. Kinds without voltage limit take less and
-/// less when nearly full.
+/// Share of a charging current that a cell keeps; the rest becomes heat. Kinds without voltage limit
+/// take less and less when nearly full.
 double Pack::accepted(double share) const
 {
     if (chemistry().peakDrop <= 0 || share < 0.85)

@@ -36,8 +36,8 @@ public:
     /// Takes what varies from cell to cell from `random`.
     Pack(const PackPlan &plan, QRandomGenerator &random);
 
-    /// One second with `current` mA through the pack (positive: charging); the balancer takes `level` tenths of
-    /// `balancing` mA from each cell besides.
+    /// One second with `current` mA through the pack (positive: charging); the balancer takes `level` tenths
+    /// of `balancing` mA from each cell besides.
     void step(double current, double balancing);
 
     const Chemistry &chemistry() const { return chemistries().at(m_plan.chemistry); }
@@ -50,7 +50,8 @@ public:
     double lowestRest() const; ///< mV, of the cells without load
     double charge() const; ///< share held by the cell that holds the smallest
     double temperature() const { return m_temperature; } ///< degrees Celsius
-    /// The current in mA that brings the pack (or, with `eachCell`, its highest cell) to the voltage limit at once.
+    /// The current in mA that brings the pack (or, with `eachCell`, its highest
+    /// cell) to the voltage limit at once.
     double limitCurrent(bool eachCell) const;
 
 private:

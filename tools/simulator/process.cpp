@@ -108,7 +108,8 @@ double Process::chargeCurrent() const
     return m_settings.effectiveCurrent() * (m_done ? keepingShare : 1);
 }
 
-/// The balancer loads every cell that rests above the lowest, the harder the higher; not while the pack discharges.
+/// The balancer loads every cell that rests above the lowest, the harder the
+/// higher; not while the pack discharges.
 void Process::setLevels()
 {
     const bool active = m_settings.balance > 0 && m_plan.at(m_step) != Step::Discharge;

@@ -13,7 +13,8 @@ public:
     /// The same `settings` and `seed` give the same process.
     Process(const DeviceSettings &settings, quint32 seed);
 
-    /// Goes on to the next line and says what it tells. The first call of a process that begins with 0 s only measures.
+    /// Goes on to the next line and says what it tells. The first call of a process
+    /// that begins with 0 s only measures.
     const Reading &next();
     /// The newest reading again, with `letter` in the place of the end letter.
     Reading ending(char letter) const;

@@ -84,8 +84,8 @@ bool PtyEndpoint::openPair(QString *error)
     return true;
 }
 
-/// Puts the link in its place in one step, so that nobody lists half of it; a link that is there already is left over
-/// from a run that was killed.
+/// Puts the link in its place in one step, so that nobody lists half of it; a link that is there already is
+/// left over from a run that was killed.
 bool PtyEndpoint::makeLink(const QByteArray &target, QString *error) const
 {
     const QFileInfo old(m_link);

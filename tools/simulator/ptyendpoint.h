@@ -12,8 +12,8 @@ namespace sim {
 
 class OpenWatch;
 
-/// The device's end of a serial line: a pseudo-terminal whose other end is linked under a port's name in a folder.
-/// Like on a wire, what is sent while nobody has the port open is gone.
+/// The device's end of a serial line: a pseudo-terminal whose other end is linked under a port's name in a
+/// folder. Like on a wire, what is sent while nobody has the port open is gone.
 class PtyEndpoint : public QObject {
     Q_OBJECT
 

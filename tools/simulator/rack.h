@@ -17,7 +17,8 @@ public:
     explicit Rack(const RunSettings &run, QObject *parent = nullptr);
     ~Rack() override; ///< unplugs all
 
-    /// Where the program looks for ports of its own: VARNEL_PORT_DIR, else "varnelgraph" in the runtime folder.
+    /// Where the program looks for ports of its own: VARNEL_PORT_DIR, else
+    /// "varnelgraph" in the runtime folder.
     static QString defaultFolder();
 
     bool openLog(const QString &fileName, QString *error) { return m_log.open(fileName, error); }

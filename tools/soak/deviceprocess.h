@@ -6,7 +6,8 @@
 
 namespace soak {
 
-/// The program's end of the process that plays the devices, so that their work is not counted as the program's.
+/// The program's end of the process that plays the devices, so that their
+/// work is not counted as the program's.
 class DeviceProcess : public QObject {
     Q_OBJECT
 

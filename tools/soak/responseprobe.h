@@ -8,8 +8,8 @@
 
 namespace soak {
 
-/// How long posted events wait until the event loop answers them: a second thread posts one every few milliseconds to
-/// this object, in whose thread the answers are counted. Takes no memory with time.
+/// How long posted events wait until the event loop answers them: a second thread posts one every few
+/// milliseconds to this object, in whose thread the answers are counted. Takes no memory with time.
 class ResponseProbe : public QObject {
     Q_OBJECT
 
