@@ -25,20 +25,22 @@ struct View {
     int width; // px
     double from, to; // shares of the recording's time
     double low, high; // shares of each curve's height
-    bool setBack; // the clock, in the middle of the recording
+    int joined; // recordings one after the other, each of which begins anew
 };
 
-constexpr View whole = {SeriesStore::Voltage, 20, 1, 0, 1, 0, 1, false};
-constexpr View wide = {SeriesStore::Voltage, 20, 2, 0, 1, 0, 1, false};
-constexpr View cells = {SeriesStore::Cell1, allCells, 1, 0, 1, 0, 1, false};
-constexpr View zoomed = {SeriesStore::Voltage, 20, 1, 0.3, 0.7, 0.25, 0.75, false};
-constexpr View setBack = {SeriesStore::Voltage, 20, 1, 0, 1, 0, 1, true};
+constexpr View whole = {SeriesStore::Voltage, 20, 1, 0, 1, 0, 1, 1};
+constexpr View wide = {SeriesStore::Voltage, 20, 2, 0, 1, 0, 1, 1};
+constexpr View cells = {SeriesStore::Cell1, allCells, 1, 0, 1, 0, 1, 1};
+constexpr View zoomed = {SeriesStore::Voltage, 20, 1, 0.3, 0.7, 0.25, 0.75, 1};
+constexpr View wideCells = {SeriesStore::Cell1, allCells, 2, 0, 1, 0, 1, 1};
+constexpr View twoJoined = {SeriesStore::Voltage, 20, 1, 0, 1, 0, 1, 2};
+constexpr View dozensJoined = {SeriesStore::Voltage, 20, 2, 0, 1, 0, 1, 24};
 
-SeriesStore storeOf(int count, bool clockSetBack = false)
+SeriesStore storeOf(int count, int joined = 1)
 {
     RecordList records = sampleRecording(count, allCells);
-    for (int i = count / 2; clockSetBack && i < count; ++i)
-        records[i].setTime(i - count / 4);
+    for (int i = 0; i < count; ++i)
+        records[i].setTime(i % (count / joined));
     SeriesStore store;
     store.load(std::move(records));
     return store;
@@ -68,7 +70,7 @@ QImage canvas(const QSize &size = area.size())
 // One QwtPlotCurve a series with a copy of its samples, made beforehand.
 void paintNaive(benchmark::State &state, const View &view)
 {
-    const SeriesStore store = storeOf(int(state.range(0)), view.setBack);
+    const SeriesStore store = storeOf(int(state.range(0)), view.joined);
     std::vector<std::unique_ptr<QwtPlotCurve>> curves;
     for (int curve = 0; curve < view.curves; ++curve) {
         const auto job = jobFor(store, view, curve);
@@ -91,7 +93,7 @@ void paintNaive(benchmark::State &state, const View &view)
 
 void paint(benchmark::State &state, const View &view, bool anew)
 {
-    const SeriesStore store = storeOf(int(state.range(0)), view.setBack);
+    const SeriesStore store = storeOf(int(state.range(0)), view.joined);
     CurvePainter curves;
     QImage image = canvas();
     for (auto _ : state) {
@@ -160,12 +162,23 @@ void paintWindow(benchmark::State &state)
 BENCHMARK_CAPTURE(paintNaive, whole, whole)->Name("paint/naive")->Arg(sampleCount)->Iterations(1);
 BENCHMARK_CAPTURE(paintNaive, wide, wide)->Name("paint wide/naive")->Arg(sampleCount)->Iterations(1);
 BENCHMARK_CAPTURE(paintNaive, cells, cells)->Name("paint cells/naive")->Arg(sampleCount)->Iterations(1);
+BENCHMARK_CAPTURE(paintNaive, wideCells, wideCells)
+    ->Name("paint wide cells/naive")
+    ->Arg(sampleCount)
+    ->Iterations(1);
 BENCHMARK_CAPTURE(paintNaive, zoomed, zoomed)->Name("paint zoomed/naive")->Arg(sampleCount)->Iterations(1);
 BENCHMARK_CAPTURE(paintHouse, whole, whole)->Name("paint/house")->Arg(10000)->Arg(sampleCount);
 BENCHMARK_CAPTURE(paintHouse, wide, wide)->Name("paint wide/house")->Arg(10000)->Arg(sampleCount);
 BENCHMARK_CAPTURE(paintHouse, cells, cells)->Name("paint cells/house")->Arg(10000)->Arg(sampleCount);
 BENCHMARK_CAPTURE(paintHouse, zoomed, zoomed)->Name("paint zoomed/house")->Arg(10000)->Arg(sampleCount);
-BENCHMARK_CAPTURE(paintHouse, setBack, setBack)->Name("paint set back/house")->Arg(sampleCount);
+BENCHMARK_CAPTURE(paintHouse, wideCells, wideCells)
+    ->Name("paint wide cells/house")
+    ->Arg(10000)
+    ->Arg(sampleCount);
+BENCHMARK_CAPTURE(paintHouse, twoJoined, twoJoined)->Name("paint two joined/house")->Arg(sampleCount);
+BENCHMARK_CAPTURE(paintHouse, dozensJoined, dozensJoined)
+    ->Name("paint dozens joined/house")
+    ->Arg(sampleCount);
 BENCHMARK(paintAgain)->Name("paint/again")->Arg(sampleCount);
 BENCHMARK(paintSpans)->Name("paint/spans")->Arg(sampleCount);
 BENCHMARK(paintWindow)->Name("paint window/house")->Arg(10000)->Arg(sampleCount)->Iterations(100);
