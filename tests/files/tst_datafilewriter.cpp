@@ -6,16 +6,17 @@
 #include "support/columns.h"
 #include "support/files.h"
 #include "support/limits.h"
+#include "support/records.h"
 
 #include <QBuffer>
 #include <QDir>
 #include <QFile>
-#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <cerrno>
 #include <clocale>
+#include <random>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -59,6 +60,7 @@ class TestDataFileWriter : public QObject {
 
 private slots:
     void linesAndNothingElse();
+    void sameBytesAgain_data();
     void sameBytesAgain();
     void namedExceptions_data();
     void namedExceptions();
@@ -84,17 +86,33 @@ void TestDataFileWriter::linesAndNothingElse()
             .toLatin1());
 }
 
+void TestDataFileWriter::sameBytesAgain_data()
+{
+    QTest::addColumn<int>("most");
+    QTest::addColumn<int>("recordings");
+    QTest::newRow("short") << 5 << 200;
+    QTest::newRow("some hundred records") << 800 << 40;
+    QTest::newRow("more than one buffer and one block") << 6000 << 8;
+}
+
 void TestDataFileWriter::sameBytesAgain()
 {
+    QFETCH(int, most);
+    QFETCH(int, recordings);
+    const unsigned seed = std::random_device()();
+    RandomRecords random(seed);
     QTemporaryDir folder;
     const QString first = folder.filePath(QStringLiteral("a.acp"));
     const QString second = folder.filePath(QStringLiteral("b.acp"));
-    QVERIFY(save(first, recording(5000)).saved); // more than one buffer
-    const SaveResult again = save(second, loaded(first));
-    QVERIFY(again.saved);
-    QCOMPARE(again.unreadable, 0);
-    QCOMPARE(contents(second), contents(first));
-    QCOMPARE(contents(second).count('\n'), 5000);
+    for (int i = 0; i < recordings; ++i) {
+        const int count = random.between(most / 2, most);
+        const QByteArray where = "seed " + QByteArray::number(seed) + ", recording " + QByteArray::number(i);
+        QVERIFY2(save(first, random.recording(count)).saved, where);
+        const SaveResult again = save(second, loaded(first));
+        QVERIFY2(again.saved && again.unreadable == 0, where);
+        QVERIFY2(contents(second) == contents(first), where);
+        QVERIFY2(contents(second).count('\n') == count, where);
+    }
 }
 
 void TestDataFileWriter::namedExceptions_data()
