@@ -17,7 +17,7 @@ function(varnel_target target)
         endif()
         if(VARNEL_SANITIZE)
             target_compile_options(${target} PRIVATE -fsanitize=${VARNEL_SANITIZE} -fno-omit-frame-pointer
-                -fno-sanitize-recover=undefined)
+                -fno-sanitize-recover=all)
             target_link_options(${target} PRIVATE -fsanitize=${VARNEL_SANITIZE})
         endif()
     endif()

@@ -149,7 +149,7 @@ RecordList copyOf(const RecordList &records, int count)
 
 bool sameBits(const double *a, const double *b, int count)
 {
-    return std::memcmp(a, b, sizeof(double) * size_t(count)) == 0;
+    return count == 0 || std::memcmp(a, b, sizeof(double) * size_t(count)) == 0;
 }
 
 } // namespace
