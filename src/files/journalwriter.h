@@ -1,5 +1,7 @@
 #pragma once
 
+#include "files/journalsink.h"
+
 #include <QByteArray>
 #include <QDateTime>
 #include <QString>
@@ -10,27 +12,26 @@ class JournalNotices;
 
 /// The file of one live recording: each line is handed to the system as it comes. What the disk does not take waits
 /// in memory, in order, until retry() gets it written, be it after the recording's end.
-class JournalWriter {
+class JournalWriter : public JournalSink {
 public:
     /// Creates the file. Folder, syncer and notices are not owned and outlive this.
     JournalWriter(
         const JournalFolder &folder, DiskSyncer &syncer, JournalNotices &notices, const QString &portName);
     /// Tries what waits a last time and closes the file.
-    ~JournalWriter();
+    ~JournalWriter() override;
     JournalWriter(const JournalWriter &) = delete;
     JournalWriter &operator=(const JournalWriter &) = delete;
 
     /// The file with its folder; the one that is tried for while it can't be created.
     QString fileName() const { return m_fileName; }
 
-    /// Takes a line without its end.
-    void append(const QByteArray &line);
+    void append(const QByteArray &line) override;
     /// Tries what the disk has refused again.
     void retry();
     /// No more lines come: the file is closed once all of them are written.
-    void finish();
+    void finish() override;
     /// No more lines come, and what came is not worth a file: it is removed.
-    void discard();
+    void discard() override;
     /// The file is closed.
     bool isDone() const { return m_done; }
 

@@ -1,6 +1,6 @@
 #include "files/recordingjournal.h"
 
-#include "files/journalwriter.h"
+#include "files/journalsink.h"
 #include "files/linetrimming.h"
 
 #include "data/recordline.h"
@@ -45,28 +45,28 @@ bool standsAlone(const QByteArray &line, const Varnel3Data &record)
 
 } // namespace
 
-RecordingJournal::RecordingJournal(JournalWriter &writer)
-    : m_writer(writer)
+RecordingJournal::RecordingJournal(JournalSink &sink)
+    : m_sink(sink)
 {
 }
 
 RecordingJournal::~RecordingJournal()
 {
     if (m_records < leastRecords)
-        m_writer.discard();
+        m_sink.discard();
     else
-        m_writer.finish();
+        m_sink.finish();
 }
 
 void RecordingJournal::addRecord(const QString &line, const Varnel3Data &record)
 {
-    m_writer.append(recordLine(line, record));
+    m_sink.append(recordLine(line, record));
     ++m_records;
 }
 
 void RecordingJournal::addResistanceLine(const QString &line)
 {
-    m_writer.append(line.trimmed().toLatin1());
+    m_sink.append(line.trimmed().toLatin1());
 }
 
 // A balancer's line has no time; the graph counts 5 s a record, and so does the file.

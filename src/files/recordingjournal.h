@@ -4,14 +4,14 @@
 
 #include <QByteArray>
 
-class JournalWriter;
+class JournalSink;
 
 /// Decides what the journal of one live recording says of each line. It reads as a data file.
 class RecordingJournal : public RecordingLog {
 public:
-    /// `writer` is not owned and outlives this.
-    explicit RecordingJournal(JournalWriter &writer);
-    /// Ends the recording; a file of fewer than two records is removed.
+    /// `sink` is not owned and outlives this.
+    explicit RecordingJournal(JournalSink &sink);
+    /// Ends the recording; one of fewer than two records is discarded.
     ~RecordingJournal() override;
     RecordingJournal(const RecordingJournal &) = delete;
     RecordingJournal &operator=(const RecordingJournal &) = delete;
@@ -22,6 +22,6 @@ public:
 private:
     QByteArray recordLine(const QString &line, const Varnel3Data &record) const;
 
-    JournalWriter &m_writer;
+    JournalSink &m_sink;
     int m_records = 0;
 };

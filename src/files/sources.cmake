@@ -19,6 +19,7 @@ target_sources(varnel_core PRIVATE
     files/journalfile.h
     files/disksyncer.cpp files/disksyncer.h
     files/journalnotices.h
+    files/journalsink.h
     files/journalwriter.cpp files/journalwriter.h
     files/journalfolder.cpp files/journalfolder.h
     files/recordingjournal.cpp files/recordingjournal.h

@@ -1,3 +1,7 @@
+#include "data/recordline.h"
+#include "files/datafileloader.h"
+#include "files/journalsink.h"
+#include "files/recordingjournal.h"
 #include "fuzzcheck.h"
 #include "graph/seriesstore.h"
 #include "link/lineframer.h"
@@ -5,9 +9,12 @@
 #include "support/fakelink.h"
 #include "support/quiethost.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QStringList>
 
+#include <algorithm>
+#include <memory>
 #include <vector>
 
 namespace {
@@ -30,6 +37,82 @@ public:
     bool live = false;
 };
 
+/// A journal in memory and what it ought to say, which are compared when the recording ends.
+class Journal : public RecordingLog, private JournalSink {
+public:
+    Journal()
+        : m_journal(std::make_unique<RecordingJournal>(static_cast<JournalSink &>(*this)))
+    {
+    }
+    ~Journal() override
+    {
+        m_journal.reset();
+        check(m_kept == (m_records.size() >= 2), "a file of two records or more, and no other");
+        if (m_kept)
+            compare(read());
+    }
+    Journal(const Journal &) = delete;
+    Journal &operator=(const Journal &) = delete;
+
+    void addRecord(const QString &line, const Varnel3Data &record) override
+    {
+        m_journal->addRecord(line, record);
+        Varnel3Data &expected = m_records.append(record);
+        if (record.device == Varnel3Data::Tandor)
+            expected.setTime(5 * (m_records.size() - 1));
+    }
+    void addResistanceLine(const QString &line) override
+    {
+        m_journal->addResistanceLine(line);
+        check(m_records.last().parseResistanceLine(line), "only '!' lines");
+    }
+
+private:
+    void append(const QByteArray &line) override
+    {
+        check(!line.contains('\n'), "a line of a journal is one");
+        m_text += line + '\n';
+    }
+    void finish() override { m_kept = true; }
+    void discard() override { check(!m_kept, "not after its end"); }
+
+    RecordList read() const
+    {
+        auto buffer = std::make_unique<QBuffer>();
+        buffer->setData(m_text);
+        check(buffer->open(QIODevice::ReadOnly), "a buffer opens");
+        DataFileLoader loader(std::move(buffer), QStringLiteral("x.acp"));
+        check(loader.readAll(), "a journal is a data file");
+        return loader.takeRecords();
+    }
+
+    static bool same(const Varnel3Data &a, const Varnel3Data &b)
+    {
+        const auto sameResistance
+            = [](const CellData &one, const CellData &other) { return one.resistance == other.resistance; };
+        return a.toRecordLine() == b.toRecordLine() && a.resistanceValid == b.resistanceValid
+            && std::equal(a.cells, a.cells + Varnel3Data::maxCells, b.cells, sameResistance);
+    }
+
+    // Some are in a mode that only the device's own line has a letter for.
+    void compare(const RecordList &found) const
+    {
+        int at = 0;
+        for (int i = 0; i < m_records.size(); ++i) {
+            if (at < found.size() && same(found[at], m_records[i]))
+                ++at;
+            else
+                check(!isRecordLineReadable(m_records[i]), "a record comes back from its journal as it was");
+        }
+        check(at == found.size(), "a journal has nothing that was not recorded");
+    }
+
+    RecordList m_records;
+    QByteArray m_text;
+    bool m_kept = false;
+    std::unique_ptr<RecordingJournal> m_journal;
+};
+
 class Port : public FakeLink {
 public:
     void sendCommand(const QString &text) override
@@ -46,6 +129,10 @@ public:
             check(!recorder->live, "one recording a port");
         recorders.push_back(std::make_unique<Recorder>());
         return recorders.back().get();
+    }
+    std::unique_ptr<RecordingLog> createRecordingLog(const QString &) override
+    {
+        return std::make_unique<Journal>();
     }
 
     std::vector<std::unique_ptr<Recorder>> recorders;
