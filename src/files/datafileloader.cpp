@@ -39,21 +39,21 @@ DataFileLoader::DataFileLoader(const QString &fileName)
         return;
     }
     m_device = std::move(file);
-    start();
+    start(LineSource::usualChunk);
 }
 
-DataFileLoader::DataFileLoader(std::unique_ptr<QIODevice> device, const QString &fileName)
+DataFileLoader::DataFileLoader(std::unique_ptr<QIODevice> device, const QString &fileName, int chunk)
     : m_fileName(fileName)
     , m_device(std::move(device))
 {
-    start();
+    start(chunk);
 }
 
 DataFileLoader::~DataFileLoader() = default;
 
-void DataFileLoader::start()
+void DataFileLoader::start(int chunk)
 {
-    m_lines = std::make_unique<LineSource>(*m_device);
+    m_lines = std::make_unique<LineSource>(*m_device, chunk);
     m_balance.reset(0);
     if (m_fileName.endsWith(QLatin1String(".abp"), Qt::CaseInsensitive)) {
         qDebug("Plik tandor");

@@ -22,8 +22,9 @@ public:
 
     /// Opens `fileName`, which must be a regular file; its ending tells the balancer's column format.
     explicit DataFileLoader(const QString &fileName);
-    /// Reads from `device`, which is open; `fileName` only names it.
-    DataFileLoader(std::unique_ptr<QIODevice> device, const QString &fileName);
+    /// Reads from `device`, which is open, lines of up to `chunk` bytes; `fileName` only names it.
+    DataFileLoader(
+        std::unique_ptr<QIODevice> device, const QString &fileName, int chunk = LineSource::usualChunk);
     ~DataFileLoader();
     DataFileLoader(const DataFileLoader &) = delete;
     DataFileLoader &operator=(const DataFileLoader &) = delete;
@@ -53,7 +54,7 @@ public:
     RecordList takeRecords();
 
 private:
-    void start();
+    void start(int chunk);
     LineSource::Found step();
     template <typename Read>
     void readWithin(const Read &read);
