@@ -79,6 +79,16 @@ check_format() {
         { echo "./dev lint --fix formats"; return 1; }
 }
 
+# The formatter leaves comments alone, and knows nothing but C++.
+check_width() {
+    find src tools tests benchmarks \( -name '*.cpp' -o -name '*.h' -o -name '*.py' -o -name '*.sh' \
+        -o -name '*.cmake' -o -name CMakeLists.txt \) -exec awk 'length > 110 {
+            print FILENAME ":" FNR ": " length " columns, 110 is the most"
+            wide = 1
+        }
+        END { exit wide }' {} +
+}
+
 # Runs "$1 FILE" (a function below) for each source whose mark is out of date, several at once.
 for_each_source() {
     local check=$1
@@ -126,6 +136,7 @@ check_cppcheck() {
 }
 
 step format check_format
+step width check_width
 step sources check_sources
 step layers python3 tools/check_layers.py
 step words python3 tools/check_words.py

@@ -154,8 +154,9 @@ void DataFileLoader::takeRecordLine(QLatin1String line)
         m_records.last().parseResistanceLine(line);
 }
 
-// A last line without its end may be what a power cut has left, and the beginning of a number reads as another number.
-// It is whole when it ends in a field and is no shorter than the line of the same device before it.
+// A last line without its end may be what a power cut has left, and the beginning of a
+// number reads as another number. It is whole when it ends in a field and is no shorter than
+// the line of the same device before it.
 bool DataFileLoader::isCutShort(QLatin1String line) const
 {
     if (m_lines->hasEnd())

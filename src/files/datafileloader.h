@@ -12,8 +12,8 @@
 
 class ColumnConverter;
 
-/// Reads a data file of any of the three dialects, a slice at a time, so that the caller stays responsive. Records
-/// are taken when all is read; what was read before an error is not given out.
+/// Reads a data file of any of the three dialects, a slice at a time, so that the caller stays responsive.
+/// Records are taken when all is read; what was read before an error is not given out.
 class DataFileLoader {
     Q_DECLARE_TR_FUNCTIONS(DataFileLoader)
 
@@ -33,8 +33,8 @@ public:
     bool readSome(int maxMilliseconds);
     /// Reads all. True when the file was loaded, be it with no record.
     bool readAll();
-    /// Gives up for lack of memory, as reading itself does before the system has none left. A loaded file counts as
-    /// not loaded from then on.
+    /// Gives up for lack of memory, as reading itself does before the system has none left. A loaded file
+    /// counts as not loaded from then on.
     void giveUpForMemory() { finish(Status::NoMemory); }
 
     Status status() const { return m_status; }

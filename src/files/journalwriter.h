@@ -10,8 +10,8 @@ class DiskSyncer;
 class JournalFolder;
 class JournalNotices;
 
-/// The file of one live recording: each line is handed to the system as it comes. What the disk does not take waits
-/// in memory, in order, until retry() gets it written, be it after the recording's end.
+/// The file of one live recording: each line is handed to the system as it comes. What the disk does not take
+/// waits in memory, in order, until retry() gets it written, be it after the recording's end.
 class JournalWriter : public JournalSink {
 public:
     /// Creates the file. Folder, syncer and notices are not owned and outlive this.

@@ -32,8 +32,8 @@ bool sameMeasurement(const Varnel3Data &a, const Varnel3Data &b)
         && a.energy == b.energy && a.internalResistance == b.internalResistance && sameCells(a, b);
 }
 
-// A line that does not depend on those before it says more than the record does: the device, and modes that have no
-// letter in record lines.
+// A line that does not depend on those before it says more than the record does: the device, and
+// modes that have no letter in record lines.
 bool standsAlone(const QByteArray &line, const Varnel3Data &record)
 {
     if (line.size() > longestLine || line.contains('\n'))

@@ -8,8 +8,8 @@
 
 #include <qwt_scale_map.h>
 
-/// Draws curves of a store at a cost that hardly depends on their length: a pixel column with many samples gets one
-/// span, and what was found is kept as long as neither map nor data change.
+/// Draws curves of a store at a cost that hardly depends on their length: a pixel column with many samples
+/// gets one span, and what was found is kept as long as neither map nor data change.
 class CurvePainter {
 public:
     /// One curve to be drawn.

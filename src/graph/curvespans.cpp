@@ -46,8 +46,8 @@ void CurveSpans::assign(const Source &source, const QRect &area, int width)
         removeOverdraw(area);
 }
 
-// Where times run back columns come again and again: each pixel is painted once, and most of the wide lines between
-// neighbours lie on spans that came later.
+// Where times run back columns come again and again: each pixel is painted once, and most of the wide lines
+// between neighbours lie on spans that came later.
 void CurveSpans::removeOverdraw(const QRect &area)
 {
     constexpr int longest = 16; // px of lines that are worth a look
@@ -65,8 +65,8 @@ void CurveSpans::removeOverdraw(const QRect &area)
     m_spans = ink.spans();
 }
 
-// A line of width 1 to the next column stays in its own column until the very last pixel, so that a longer span does
-// for it. One of width 2 keeps to the rows of its ends and the columns of both spans.
+// A line of width 1 to the next column stays in its own column until the very last pixel, so that a longer
+// span does for it. One of width 2 keeps to the rows of its ends and the columns of both spans.
 void CurveSpans::join(Column *column, const Column &next)
 {
     const int rise = next.first - column->last;

@@ -9,8 +9,8 @@ class QPainter;
 class QwtScaleMap;
 class TimeColumns;
 
-/// The picture of a curve with many samples a pixel column: one vertical span a column, and lines where a span does
-/// not tell all. Covers the same pixels as lines through all samples, each rounded to its pixel.
+/// The picture of a curve with many samples a pixel column: one vertical span a column, and lines where a
+/// span does not tell all. Covers the same pixels as lines through all samples, each rounded to its pixel.
 class CurveSpans {
 public:
     /// What the spans are made of: the values with the columns of their times.

@@ -17,8 +17,8 @@ public:
     /// Takes the size of the picture; a zoom's times are divided anew.
     void resize(const QSize &size);
 
-    /// The record whose time is next to pixel column `x`, the last one right of the plots; -1 left of them and without
-    /// records.
+    /// The record whose time is next to pixel column `x`, the last one right of the plots; -1
+    /// left of them and without records.
     int recordAt(int x) const;
     /// The pixel column of `record`.
     int columnOf(int record) const;

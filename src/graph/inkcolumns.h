@@ -5,7 +5,8 @@
 
 #include <vector>
 
-/// Which pixels of an area are painted. Finds out what is painted over again and again, and what needs no painting.
+/// Which pixels of an area are painted. Finds out what is painted over again
+/// and again, and what needs no painting.
 class InkColumns {
 public:
     explicit InkColumns(const QRect &area);
@@ -14,7 +15,8 @@ public:
     void fill(const QRect &rect);
     /// True if all of `rect` that lies inside the area is painted.
     bool covers(const QRect &rect) const;
-    /// What is painted, as rectangles a pixel wide that don't touch one another above or below, from left to right.
+    /// What is painted, as rectangles a pixel wide that don't touch one another
+    /// above or below, from left to right.
     QVector<QRect> spans() const;
 
 private:

@@ -7,8 +7,8 @@
 
 namespace {
 
-// Recordings joined by the dozen and clocks set back now and then are drawn to the pixel. Beyond these the area is full
-// of ink, and a repaint would take seconds.
+// Recordings joined by the dozen and clocks set back now and then are drawn to the pixel. Beyond these the
+// area is full of ink, and a repaint would take seconds.
 constexpr size_t mostStretches = 131072;
 constexpr size_t mostInk = 3000000; // pixels of the lines that skip columns
 constexpr size_t inkOfLine = 64; // what a short one costs as much as

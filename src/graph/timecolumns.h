@@ -4,8 +4,8 @@
 
 class QwtScaleMap;
 
-/// Which samples of a time series fall on which pixel column of a plot area: the one partition that all curves of the
-/// area share. A column takes the samples whose position rounds to it.
+/// Which samples of a time series fall on which pixel column of a plot area: the one partition that all
+/// curves of the area share. A column takes the samples whose position rounds to it.
 class TimeColumns {
 public:
     /// Neighbouring samples on one column.
@@ -15,13 +15,13 @@ public:
         int end; ///< one past the last
     };
 
-    /// Sorts the `count` values at `times` into the columns left-1..right+1, one column beyond each edge so that lines
-    /// reach over it. Where they do not ascend throughout, the cost is one look at each of them.
+    /// Sorts the `count` values at `times` into the columns left-1..right+1, one column beyond each edge so
+    /// that lines reach over it. Where they do not ascend throughout, the cost is one look at each of them.
     void assign(const double *times, int count, bool ascending, const QwtScaleMap &map, int left, int right);
 
-    /// What a curve passes through on its way, in the order of the samples; in ascending times a column once at most.
-    /// Before and after columns of the area stands the neighbour outside. Of a series that jumps about more than
-    /// any device does, several stretches are one, in the column of the first.
+    /// What a curve passes through on its way, in the order of the samples; in ascending times a column once
+    /// at most. Before and after columns of the area stands the neighbour outside. Of a series that jumps
+    /// about more than any device does, several stretches are one, in the column of the first.
     const std::vector<Stretch> &stretches() const { return m_stretches; }
     /// Samples on all columns together.
     int sampleCount() const { return m_sampleCount; }

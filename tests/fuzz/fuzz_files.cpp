@@ -152,8 +152,8 @@ void appendLive(SeriesStore *store)
 
 } // namespace
 
-// The first byte says by which ending the file goes and in what pieces it is taken, the second how often it repeats
-// what is behind its header.
+// The first byte says by which ending the file goes and in what pieces it is taken, the second how often
+// it repeats what is behind its header.
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
 {
     if (size < 2)

@@ -97,7 +97,8 @@ qint64 literalValue(const RecordList &records, int index, int newest)
     return (qint64(records[index - 1].internalResistance) + records[index + 1].internalResistance) / 2;
 }
 
-/// The running resistance of a file's records, and of those that come live afterwards, as the rules are worded.
+/// The running resistance of a file's records, and of those that come live
+/// afterwards, as the rules are worded.
 class LiteralResistance {
 public:
     explicit LiteralResistance(const RecordList &records)
