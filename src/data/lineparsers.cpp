@@ -5,6 +5,8 @@
 #include <QDebug>
 #include <QString>
 
+#include <new>
+
 namespace {
 
 constexpr int resistanceFields = 16;
@@ -48,6 +50,8 @@ bool parse(Varnel3Data &record, const FieldText<Char> &line)
         record.device = dialect.device;
         try {
             return dialect.parse(record, fields);
+        } catch (const std::bad_alloc &) {
+            throw; // says nothing about the line
         } catch (...) {
             qWarning().noquote() << QString::fromUtf8(dialect.warning) << toText(line);
             return false;

@@ -8,7 +8,7 @@ struct SystemMemory {
     qint64 available = 0; ///< bytes, without other programs being put out to disk
 };
 
-/// As it is now, within the limit that this process was given. Takes some ten microseconds.
+/// As it is now, within the address space that this process may use. Takes some ten microseconds.
 SystemMemory systemMemory();
 
 /// Demands that `bytes` more leave some to live recordings and to other programs: a sixteenth of all memory,

@@ -15,11 +15,11 @@ QByteArray contents(const char *name)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// The figure behind `name`, in bytes; 0 without one. "MemTotal:        8123456 kB"
+// The figure behind `name`, in bytes; -1 without one. "MemTotal:        8123456 kB"
 qint64 figure(const QByteArray &text, const char *name)
 {
     const char *const found = std::strstr(text.constData(), name);
-    return found != nullptr ? std::strtoll(found + std::strlen(name), nullptr, 10) * 1024 : 0;
+    return found != nullptr ? std::strtoll(found + std::strlen(name), nullptr, 10) * 1024 : -1;
 }
 
 // Of this process; 0 where the system does not tell.
@@ -34,7 +34,7 @@ SystemMemory systemMemory()
 {
     const QByteArray text = contents("/proc/meminfo");
     SystemMemory memory = {figure(text, "MemTotal:"), figure(text, "MemAvailable:")};
-    if (memory.total == 0 || memory.available == 0)
+    if (memory.total <= 0 || memory.available < 0)
         return {};
     rlimit limit{};
     if (::getrlimit(RLIMIT_AS, &limit) == 0 && limit.rlim_cur != RLIM_INFINITY) {

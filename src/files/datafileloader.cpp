@@ -17,7 +17,6 @@
 namespace {
 
 constexpr int linesBetweenLooks = 256; // at the clock
-constexpr int recordsBetweenLooks = 32768; // at the memory that is left; little more than one block of them
 constexpr int shortestRecordLine = 10;
 constexpr int timeFromLine = -1;
 

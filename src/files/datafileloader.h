@@ -67,6 +67,9 @@ private:
     void addRecord(QLatin1String line, int time);
     void finish(Status status);
 
+    static constexpr int recordsBetweenLooks
+        = 32768; // at the memory that is left; little more than one block of them
+
     QString m_fileName;
     std::unique_ptr<QIODevice> m_device;
     std::unique_ptr<LineSource> m_lines;
@@ -78,6 +81,6 @@ private:
     int m_lineLength = 0; // of the newest record
     RecordList m_records;
     int m_recordCount = 0; // once all are read
-    int m_nextLook = 0; // at the memory that is left, with this many records
+    int m_nextLook = recordsBetweenLooks; // at the memory that is left, with this many records
     BalanceIntegrator m_balance;
 };
