@@ -12,6 +12,8 @@ public:
     void reset(int startTime);
     /// Starts at the sums and the time that `records` end with, of which there is at least one.
     void goOn(const RecordList &records);
+    /// The same sums, but the next record counts from `time` (s) on: a balancer's clock is not its records'.
+    void goOnFrom(int time) { m_lastTime = time; }
     /// Adds the time from the last such record to this one and writes the sums to the record's cells. A
     /// record without balancing data (`flag5` is not 'B') changes nothing. The record's final time is set
     /// before.

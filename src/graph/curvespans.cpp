@@ -42,7 +42,7 @@ void CurveSpans::assign(const Source &source, const QRect &area, int width)
     }
     if (hasCurrent)
         addSpan(current, area);
-    if (m_spans.size() > area.width())
+    if (m_spans.size() > area.width() + 1) // a wide one may reach in from beside the area
         removeOverdraw(area);
 }
 
@@ -66,7 +66,8 @@ void CurveSpans::removeOverdraw(const QRect &area)
 }
 
 // A line of width 1 to the next column stays in its own column until the very last pixel, so that a longer
-// span does for it. One of width 2 keeps to the rows of its ends and the columns of both spans.
+// span does for it. One of width 2 keeps to the rows of its ends and the columns of both spans; one that rises
+// by a pixel, to the squares at its ends.
 void CurveSpans::join(Column *column, const Column &next)
 {
     const int rise = next.first - column->last;

@@ -36,7 +36,7 @@ void SeriesStore::append(const Varnel3Data &record)
     if (m_records.isEmpty())
         begin(record);
     else if (m_isLoaded)
-        goOnLive();
+        goOnLive(record);
     m_records.append(record);
     completeNewest();
     m_points.addNewest(m_records);
@@ -91,13 +91,15 @@ double SeriesStore::loadProgress() const
 }
 
 // What append() sums up takes up where the file has ended.
-void SeriesStore::goOnLive()
+void SeriesStore::goOnLive(const Varnel3Data &record)
 {
     m_isLoaded = false;
     m_points.goOnLive();
     m_syntheticTime = int(qMin<qint64>(qint64(size()) * balancerPeriod, std::numeric_limits<int>::max()));
     m_end.goOn(m_records);
     m_balance.goOn(m_records);
+    if (m_device == Varnel3Data::Tandor)
+        m_balance.goOnFrom(record.time);
 }
 
 bool SeriesStore::applyResistanceLine(const QString &line)

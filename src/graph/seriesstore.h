@@ -56,7 +56,7 @@ public:
 private:
     void begin(const Varnel3Data &record);
     void completeNewest();
-    void goOnLive();
+    void goOnLive(const Varnel3Data &record);
 
     RecordList m_records;
     DerivedPoints m_points;
