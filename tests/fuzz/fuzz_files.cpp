@@ -139,7 +139,7 @@ void checkSeries(const SeriesStore &store)
     }
 }
 
-// A window of a file may be recorded into.
+// A store of a file may grow live.
 void appendLive(SeriesStore *store)
 {
     const int count = std::min(40, store->size());
