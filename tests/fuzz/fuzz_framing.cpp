@@ -98,7 +98,7 @@ private:
             && std::equal(a.cells, a.cells + Varnel3Data::maxCells, b.cells, sameResistance);
     }
 
-    // Some are in a mode that only the device's own line has a letter for, which may build on those before it.
+    // Some are in a mode that only the device's own line has a letter for, which may build on those before.
     void compare(const RecordList &found) const
     {
         int at = 0;
