@@ -65,9 +65,9 @@ void CurveSpans::removeOverdraw(const QRect &area)
     m_spans = ink.spans();
 }
 
-// A line of width 1 to the next column stays in its own column until the very last pixel, so that a longer span
-// does for it. One of width 2 keeps to the rows of its ends and the columns of both spans; one that rises by a
-// pixel, to the squares at its ends.
+// A line of width 1 to the next column stays in its own column until the very last pixel, so that a longer
+// span does for it. One of width 2 keeps to the rows of its ends and the columns of both spans; one that
+// rises by a pixel, to the squares at its ends.
 void CurveSpans::join(Column *column, const Column &next)
 {
     const int rise = next.first - column->last;
