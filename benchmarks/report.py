@@ -60,7 +60,7 @@ ROWS = [
      ratio(f"paint wide cells/house/{LONG}", "paint wide cells/house/10000"), "x", "< 2.5"),
     ("the same, a window and all in it",
      ratio(f"paint window/house/{LONG}", "paint window/house/10000"), "x", "< 2.5"),
-    ("paint: two recordings joined against one",
+    ("paint: two joined against one",
      ratio(f"paint two joined/house/{LONG}", f"paint/house/{LONG}"), "x", "< 4"),
     ("24 joined against one, 2 pixels wide",
      ratio(f"paint dozens joined/house/{LONG}", f"paint wide/house/{LONG}"), "x", None),
