@@ -60,13 +60,17 @@ RecordingJournal::~RecordingJournal()
 
 void RecordingJournal::addRecord(const QString &line, const Varnel3Data &record)
 {
-    m_sink.append(recordLine(line, record));
+    const QByteArray written = recordLine(line, record);
+    Varnel3Data back;
+    m_newestReads = back.parseLine(trimmedLine(QLatin1String(written.constData(), written.size())));
+    m_sink.append(written);
     ++m_records;
 }
 
+// Readers give it to the newest record that they could read; where that is another one they skip it.
 void RecordingJournal::addResistanceLine(const QString &line)
 {
-    m_sink.append(line.trimmed().toLatin1());
+    m_sink.append((m_newestReads ? "" : "~") + line.trimmed().toLatin1());
 }
 
 // A balancer's line has no time; the graph counts 5 s a record, and so does the file.

@@ -24,4 +24,5 @@ private:
 
     JournalSink &m_sink;
     int m_records = 0;
+    bool m_newestReads = true; // as it was written
 };

@@ -49,6 +49,7 @@ private slots:
     void keepsLinesAsTheyCame();
     void writesWhatTheLineAloneDoesNotSay();
     void balancerGetsAClock();
+    void resistancesStayWithTheirRecord();
     void emptyRecordingLeavesNothing();
     void recordingsDoNotMeet();
     void fullDiskIsToldOnceAndCaughtUp();
@@ -105,6 +106,25 @@ void TestRecordingJournal::balancerGetsAClock()
     QCOMPARE(records[2].time, 10);
     QCOMPARE(records[2].cells[2].voltage, 4002);
     QCOMPARE(records[2].mode, int(Varnel3Data::Balancing));
+}
+
+// The second record is in a mode that neither its line, which says something else, nor a record line tells.
+void TestRecordingJournal::resistancesStayWithTheirRecord()
+{
+    QTemporaryDir folder;
+    JournalKeeper keeper(folder.path());
+    std::unique_ptr<RecordingLog> log = keeper.create(port);
+    Varnel3Data record;
+    addLine(*log, chargerLine(0), &record);
+    QVERIFY(record.parseLine(chargerLine(1, 'T')));
+    ++record.voltage;
+    log->addRecord(chargerLine(1, 'T'), record);
+    log->addResistanceLine(resistances);
+    QVERIFY(contents(keeper.currentFile(port)).contains(resistances.toLatin1()));
+    log.reset();
+    const RecordList records = loaded(keeper.currentFile(port));
+    QCOMPARE(records.size(), 1);
+    QVERIFY(!records[0].resistanceValid);
 }
 
 void TestRecordingJournal::emptyRecordingLeavesNothing()
