@@ -60,10 +60,10 @@ RecordingJournal::~RecordingJournal()
 
 void RecordingJournal::addRecord(const QString &line, const Varnel3Data &record)
 {
-    const QByteArray written = recordLine(line, record);
-    Varnel3Data back;
-    m_newestReads = back.parseLine(trimmedLine(QLatin1String(written.constData(), written.size())));
-    m_sink.append(written);
+    const QByteArray asItCame = line.toLatin1();
+    const bool alone = record.device != Varnel3Data::Tandor && standsAlone(asItCame, record);
+    m_newestReads = alone || isRecordLineReadable(record);
+    m_sink.append(alone ? asItCame : ownLine(record));
     ++m_records;
 }
 
@@ -74,14 +74,10 @@ void RecordingJournal::addResistanceLine(const QString &line)
 }
 
 // A balancer's line has no time; the graph counts 5 s a record, and so does the file.
-QByteArray RecordingJournal::recordLine(const QString &line, const Varnel3Data &record) const
+QByteArray RecordingJournal::ownLine(const Varnel3Data &record) const
 {
-    const bool balancer = record.device == Varnel3Data::Tandor;
-    const QByteArray asItCame = line.toLatin1();
-    if (!balancer && standsAlone(asItCame, record))
-        return asItCame;
     Varnel3Data written = record;
-    if (balancer)
+    if (record.device == Varnel3Data::Tandor)
         written.setTime(saturated(qint64(balancerStep) * m_records));
     char bytes[maxRecordLineLength];
     return QByteArray(bytes, int(writeRecordLine(bytes, written) - bytes));

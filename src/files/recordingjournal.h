@@ -20,7 +20,7 @@ public:
     void addResistanceLine(const QString &line) override;
 
 private:
-    QByteArray recordLine(const QString &line, const Varnel3Data &record) const;
+    QByteArray ownLine(const Varnel3Data &record) const;
 
     JournalSink &m_sink;
     int m_records = 0;
