@@ -19,6 +19,8 @@ public:
 
     /// The display has something new; refresh() follows now or later.
     void request();
+    /// refresh() is still to follow.
+    bool isPending() const { return m_pending; }
 
 signals:
     void refresh();

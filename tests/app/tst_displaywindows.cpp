@@ -2,12 +2,12 @@
 #include "displays/capacitydisplay.h"
 #include "displays/datadisplay.h"
 #include "displays/powerdisplay.h"
-#include "displays/refreshgate.h"
 #include "displays/voltagecomparison.h"
 #include "graph/mdigraphchild.h"
 #include "resources/resources.h"
 #include "support/fakelink.h"
 #include "support/lines.h"
+#include "support/settle.h"
 #include "support/shellrig.h"
 
 #include <QGuiApplication>
@@ -112,7 +112,7 @@ void TestDisplayWindows::staleFiguresSaySince()
     const QDateTime now = QDateTime::currentDateTime();
     watch->lookAt(now);
     const auto saysSince = [&] {
-        QTest::qWait(RefreshGate::interval + 20);
+        settle(*display);
         return display->toolTip().contains(now.toString(QStringLiteral("HH:mm:ss")))
             && child->picture({400, 300}).note.contains(now.toString(QStringLiteral("HH:mm:ss")));
     };

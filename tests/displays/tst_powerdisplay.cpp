@@ -1,12 +1,12 @@
 #include "displays/powerdisplay.h"
 
 #include "displays/displayscale.h"
-#include "displays/refreshgate.h"
 #include "displays/samplepack.h"
 #include "resources/resources.h"
 #include "settings/viewstate.h"
 #include "support/columns.h"
 #include "support/pixels.h"
+#include "support/settle.h"
 #include "support/warningcollector.h"
 
 #include <QPainter>
@@ -180,7 +180,7 @@ namespace {
 
 int pixelsOf(PowerDisplay &display, QRgb colour)
 {
-    QTest::qWait(RefreshGate::interval + 20);
+    settle(display);
     const QImage image = display.grab().toImage();
     return countOf(image, image.rect(), colour);
 }

@@ -1,7 +1,6 @@
 #include "displays/voltagecomparison.h"
 
 #include "displays/displayscale.h"
-#include "displays/refreshgate.h"
 #include "displays/samplepack.h"
 #include "displays/voltagecanvas.h"
 #include "displays/voltagesource.h"
@@ -9,6 +8,7 @@
 #include "settings/varnelsettings.h"
 #include "settings/viewstate.h"
 #include "support/columns.h"
+#include "support/settle.h"
 #include "support/warningcollector.h"
 
 #include <QLabel>
@@ -285,13 +285,13 @@ void TestVoltageComparison::hiddenAsksNothing()
     QCOMPARE(window.findChild<VoltageCanvas *>()->chart().packs.size(), 1);
     for (int i = 0; i < 50; ++i)
         window.updateVoltage();
-    QTest::qWait(RefreshGate::interval + 20);
+    settle(window);
     QCOMPARE(source.asked, 2);
 
     for (int i = 2; i <= 12; ++i)
         source.list.append(pack(i, QVector<int>(16, 4000)));
     window.updateVoltage();
-    QTest::qWait(RefreshGate::interval + 20);
+    settle(window);
     // Paging passes over no cell.
     auto *bar = window.findChild<QScrollBar *>();
     auto *canvas = window.findChild<VoltageCanvas *>();
