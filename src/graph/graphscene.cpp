@@ -13,7 +13,6 @@ namespace {
 
 constexpr double milli = 1000.0;
 constexpr int emphasis = 2; // px, pen of a selected cell
-constexpr double energyUnit = 1000.0; // the rule for A, in mAh
 constexpr double slopeUnit = 10.0; // mV/min; a course of a few of them is real
 constexpr double deltaUnit = 0.1; // V; cells drift by millivolts
 
@@ -48,6 +47,12 @@ QString cellFigure(const CellData &cell, int energyMode)
     default:
         return figure(cell.voltage / milli, 0, 3);
     }
+}
+
+ValueRange currentRange(const SeriesStore &store)
+{
+    const PlotSeries &values = store.series(SeriesStore::Current);
+    return ValueRange::ofCurrent(values.minimum(), values.maximum());
 }
 
 // Extremes over all cells, so that a cell keeps its place when others are hidden.
@@ -93,7 +98,7 @@ void GraphScene::addVoltage(const GraphPicture &picture)
 {
     const GraphColours colours = coloursOf(picture);
     const PlotSeries &values = picture.store->series(SeriesStore::Voltage);
-    const ValueRange range = ValueRange::ofCurrent(values.minimum(), values.maximum());
+    const ValueRange range = ValueRange::ofVoltage(values.minimum(), values.maximum());
     curves.append({PlotArea::Upper, SeriesStore::Voltage, 0, range, colours.voltage(), colours.curveWidth(),
         tr("Voltage"), tr("V")});
     axes.append({PlotArea::Upper, Side::Left, range, tr("V"), 2, 5, colours.voltage()});
@@ -120,7 +125,7 @@ void GraphScene::addEnergy(const GraphPicture &picture)
 {
     const GraphColours colours = coloursOf(picture);
     const PlotSeries &values = picture.store->series(SeriesStore::Energy);
-    const ValueRange range = ValueRange::ofCurrent(values.minimum(), values.maximum(), energyUnit);
+    const ValueRange range = ValueRange::ofEnergy(values.minimum(), values.maximum());
     curves.append({PlotArea::Upper, SeriesStore::Energy, 0, range, colours.slope(), colours.curveWidth(),
         tr("Energy"), tr("mAh"), 1.0, 0});
     axes.append({PlotArea::Upper, Side::Right, range, tr("mAh"), 0, 5, colours.slope()});
@@ -194,7 +199,7 @@ void GraphScene::addCurrent(const GraphPicture &picture)
 {
     const GraphColours colours = coloursOf(picture);
     const PlotSeries &values = picture.store->series(SeriesStore::Current);
-    const ValueRange range = ValueRange::ofCurrent(values.minimum(), values.maximum());
+    const ValueRange range = currentRange(*picture.store);
     curves.append({PlotArea::Lower, SeriesStore::Current, 0, range, colours.current(), colours.curveWidth(),
         tr("Current"), tr("A")});
     axes.append({PlotArea::Lower, Side::Right, range, tr("A"), 2, 5, colours.current()});
@@ -222,7 +227,10 @@ void GraphScene::addResistance(const GraphPicture &picture)
     if (picture.store->size() <= SeriesStore::firstResistance()
         || newestOf(picture).mode != Varnel3Data::Charge || !measured)
         return;
-    const ValueRange range = ValueRange::ofResistance(values.minimum(), values.maximum());
+    const PlotSeries &current = picture.store->series(SeriesStore::Current);
+    const ValueRange beside = currentRange(*picture.store);
+    const ValueRange range = ValueRange::ofResistance(values.minimum(), values.maximum(),
+        {beside.shareOf(current.minimum()), beside.shareOf(current.maximum())});
     curves.append({PlotArea::Lower, SeriesStore::Resistance, SeriesStore::firstResistance(), range,
         colours.resistance(), colours.curveWidth(), tr("Ri"), tr("m\u03a9"), 1.0, 0});
     lowerLegend.append({tr("Ri"), figure(values.last(), 0, 0) + tr(" m\u03a9"), colours.resistance()});

@@ -21,7 +21,10 @@ private slots:
     void cellRowsTileTheLegend();
     void ranges_data();
     void ranges();
-    void temperatureAndResistanceRanges();
+    void coursesFillThePlot_data();
+    void coursesFillThePlot();
+    void resistanceKeepsClear_data();
+    void resistanceKeepsClear();
     void cellRangeWidens();
     void timesAreRound_data();
     void timesAreRound();
@@ -135,20 +138,65 @@ void TestGraphLayout::ranges()
     }
 }
 
-void TestGraphLayout::temperatureAndResistanceRanges()
+using Rule = ValueRange (*)(double, double);
+Q_DECLARE_METATYPE(Rule)
+
+void TestGraphLayout::coursesFillThePlot_data()
 {
-    ValueRange range = ValueRange::ofTemperature(23.2, 24.2);
-    QCOMPARE(range.low, 22.0); // 21.95
-    QCOMPARE(range.high, 26.0); // 25.45
-    range = ValueRange::ofTemperature(20.1, 30.0);
-    QCOMPARE(range.low, 21.0);
-    QCOMPARE(range.high, 30.0);
-    range = ValueRange::ofResistance(40, 60);
-    QCOMPARE(range.low, 38.0);
-    QCOMPARE(range.high, 62.0);
-    range = ValueRange::ofResistance(0, 0);
-    QVERIFY(range.low < range.high);
-    QCOMPARE(ValueRange::ofSlope(-1, 1, 10).low, -2.25); // a falling voltage is what counts
+    columns<Rule, double, double, double, double>({"rule", "minimum", "maximum", "low", "high"});
+    const auto row = [](const char *name, Rule rule, double minimum, double maximum, double low,
+                         double high) { QTest::newRow(name) << rule << minimum << maximum << low << high; };
+    row("voltage", ValueRange::ofVoltage, 46.3, 46.8, 46.25, 46.85);
+    row("voltage, narrow", ValueRange::ofVoltage, 66.0, 66.05, 65.875, 66.175);
+    row("voltage, constant", ValueRange::ofVoltage, 7.4, 7.4, 7.25, 7.55);
+    row("voltage from zero", ValueRange::ofVoltage, 0.0, 10.0, 0.0, 11.0);
+    row("voltage below zero", ValueRange::ofVoltage, -1.0, 9.0, -2.0, 10.0);
+    row("energy", ValueRange::ofEnergy, 0.0, 900.0, 0.0, 990.0);
+    row("energy of a second half", ValueRange::ofEnergy, 900.0, 1900.0, 800.0, 2000.0);
+    row("energy, constant", ValueRange::ofEnergy, 900.0, 900.0, 899.0, 911.0);
+    row("energy, nothing", ValueRange::ofEnergy, 0.0, 0.0, 0.0, 11.0);
+    row("temperature, narrow", ValueRange::ofTemperature, 23.2, 24.2, 22.0, 26.0); // 21.95, 25.45
+    row("temperature", ValueRange::ofTemperature, 23.0, 47.0, 23.0, 47.0);
+    row("temperature below a whole one", ValueRange::ofTemperature, 23.3, 47.4, 23.0, 48.0);
+    row("frost", ValueRange::ofTemperature, -8.5, 0.2, -9.0, 1.0);
+    row(
+        "dV", [](double low, double high) { return ValueRange::ofSlope(low, high, 10); }, -1.0, 1.0, -2.25,
+        2.25); // a falling voltage is what counts
+}
+
+void TestGraphLayout::coursesFillThePlot()
+{
+    QFETCH(Rule, rule);
+    QFETCH(double, minimum);
+    QFETCH(double, maximum);
+    const ValueRange range = rule(minimum, maximum);
+    QTEST(range.low, "low");
+    QTEST(range.high, "high");
+}
+
+void TestGraphLayout::resistanceKeepsClear_data()
+{
+    columns<double, double>({"minimum", "maximum"});
+    QTest::newRow("constant") << 43.0 << 43.0;
+    QTest::newRow("nothing") << 0.0 << 0.0;
+    QTest::newRow("course") << 40.0 << 60.0;
+}
+
+/// Whatever the current's line does, that of the resistance lies elsewhere.
+void TestGraphLayout::resistanceKeepsClear()
+{
+    QFETCH(double, minimum);
+    QFETCH(double, maximum);
+    for (double low = 0.0; low <= 1.0; low += 0.01) {
+        for (double high = low; high <= 1.0; high += 0.01) {
+            const ValueRange range = ValueRange::ofResistance(minimum, maximum, {low, high});
+            for (double taken : {low, high}) {
+                QVERIFY(qAbs(range.shareOf(minimum) - taken) > 0.049);
+                QVERIFY(qAbs(range.shareOf(maximum) - taken) > 0.049);
+            }
+            QVERIFY(range.shareOf(minimum) > 0.1 && range.shareOf(maximum) < 0.9);
+        }
+    }
 }
 
 void TestGraphLayout::cellRangeWidens()
