@@ -35,7 +35,7 @@ QString figure(double value, int width, int decimals)
 
 QString noFigure()
 {
-    return QStringLiteral("\u2013");
+    return QStringLiteral("--") + QLocale().decimalPoint() + QLatin1Char('-');
 }
 
 QString informationText(const Varnel3Data &record, int parts)

@@ -109,8 +109,8 @@ void GraphScene::addSlope(const GraphPicture &picture)
 {
     const GraphColours colours = coloursOf(picture);
     const PlotSeries &values = picture.store->series(SeriesStore::Dv);
-    if (picture.store->size() <= SeriesStore::firstResistance()) { // no value yet: say so by a dash
-        upperLegend.append({tr("dV"), noFigure(), colours.slope()});
+    if (picture.store->size() <= SeriesStore::firstResistance()) { // no value yet
+        upperLegend.append({tr("dV"), noFigure() + tr(" mV/min"), colours.slope()});
         return;
     }
     const ValueRange range = ValueRange::ofSlope(values.minimum(), values.maximum(), slopeUnit);
@@ -186,9 +186,12 @@ void GraphScene::addStatistics(const GraphPicture &picture)
         {SeriesStore::CellMin, tr("Min"), range, colours.cellMin()},
         {SeriesStore::CellDelta, tr("Delta"), deltaRange, colours.cellDelta()}};
     for (const Row &row : rows) {
+        const bool isDelta = row.series == SeriesStore::CellDelta;
         curves.append({PlotArea::Upper, row.series, 0, row.range, row.colour, colours.curveWidth(), row.name,
-            tr("V"), 1.0, 3});
-        upperLegend.append({row.name, figure(store.series(row.series).last(), 0, 3), row.colour});
+            isDelta ? tr("mV") : tr("V"), isDelta ? milli : 1.0, isDelta ? 0 : 3});
+        const double newest = store.series(row.series).last();
+        upperLegend.append({row.name,
+            isDelta ? figure(newest * milli, 0, 0) + tr(" mV") : figure(newest, 0, 3), row.colour});
     }
     axes.append({PlotArea::Upper, Side::Left, range, tr("V"), 2, 4, colours.text()});
     const ValueRange shownDelta = {deltaRange.low * milli, deltaRange.high * milli};

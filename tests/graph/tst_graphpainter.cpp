@@ -4,6 +4,7 @@
 #include "graph/graphlayout.h"
 #include "graph/graphpainter.h"
 #include "graph/graphpicture.h"
+#include "graph/graphscene.h"
 #include "graph/recordings.h"
 #include "support/pixels.h"
 
@@ -104,6 +105,7 @@ private slots:
     void rightAxisFollowsDeltaMode();
     void balancerViewShowsCells();
     void statisticsAreLegible();
+    void legendsTellUnits();
     void cellSelectionHidesAndMarks();
     void emptyPlotsSayWhy();
     void staysInItsPlaces_data();
@@ -273,6 +275,27 @@ void TestGraphPainter::statisticsAreLegible()
             QVERIFY2(widestGap >= 4, qPrintable(QString::number(i)));
         }
     }
+}
+
+void TestGraphPainter::legendsTellUnits()
+{
+    const QLocale before;
+    QLocale::setDefault(QLocale::German);
+    SeriesStore store;
+    append(&store, recordings::lipoCharge(10));
+    GraphPicture picture = pictureOf(store);
+    picture.switches.deltaMode = 1;
+    QCOMPARE(GraphScene::of(picture).upperLegend.last().value, QStringLiteral("--,- mV/min")); // none yet
+    picture.switches.balancer = picture.switches.average = true;
+    const GraphScene scene = GraphScene::of(picture);
+    const double delta = store.series(SeriesStore::CellDelta).last() * 1000;
+    QCOMPARE(scene.upperLegend.last().value, figure(delta, 0, 0) + QStringLiteral(" mV"));
+    for (const GraphScene::Curve &curve : scene.curves) { // what the cursor tells
+        if (curve.series == SeriesStore::CellDelta)
+            QCOMPARE(figure(delta / 1000 * curve.factor, 0, curve.decimals) + QLatin1Char(' ') + curve.unit,
+                scene.upperLegend.last().value);
+    }
+    QLocale::setDefault(before);
 }
 
 void TestGraphPainter::cellSelectionHidesAndMarks()
