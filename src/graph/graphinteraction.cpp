@@ -88,10 +88,12 @@ void GraphInteraction::press(const QMouseEvent *event)
 bool GraphInteraction::pressLegend(const QMouseEvent *event)
 {
     const int cells = cellsInLegend();
-    if (cells < 0 || event->x() < m_view.layout().legend().left())
+    if (cells < 0)
         return false;
-    m_cells.click(
-        CellLegend(m_view.layout(), cells).cellAt(event->y()), event->modifiers() & Qt::ControlModifier);
+    const int cell = CellLegend(m_view.layout(), cells).cellAt(event->pos());
+    if (cell < 0 && event->x() < m_view.layout().legend().left()) // two columns begin left of it
+        return false;
+    m_cells.click(cell, event->modifiers() & Qt::ControlModifier);
     return true;
 }
 

@@ -6,8 +6,6 @@
 #include <QCoreApplication>
 #include <QPainter>
 
-#include <algorithm>
-
 namespace {
 
 constexpr int markWidth = 9; // px, the stroke in a curve's colour before its name
@@ -18,12 +16,19 @@ constexpr int entryGap = 4;
 constexpr int textGap = 2;
 constexpr int numberWidth = 14;
 constexpr int smallestFont = 8; // px
-constexpr int numberAlignment = Qt::AlignRight | Qt::AlignVCenter;
+constexpr int narrowRow = 40; // px; one of two columns
+constexpr int nameAlignment = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip;
+constexpr int numberAlignment = Qt::AlignRight | Qt::AlignVCenter | Qt::TextDontClip;
 
 // Cells are numbered; maximum, average, minimum and delta have names.
 bool isNumbered(const GraphScene::Entry &entry)
 {
     return entry.name.size() <= 2;
+}
+
+bool isNarrow(const QRect &row)
+{
+    return row.width() < narrowRow;
 }
 
 } // namespace
@@ -36,39 +41,49 @@ LegendPainter::LegendPainter(const GraphCanvas &canvas)
 
 void LegendPainter::paint(const GraphScene &scene)
 {
-    if (!scene.cellHeading.isEmpty()) {
-        paintCells(scene);
-        if (CellLegend(c.layout, scene.upperLegend.size()).isWholeColumn())
-            return;
-    } else {
+    if (scene.cellHeading.isEmpty()) {
         paintEntries(scene.upperLegend, c.layout.legend(PlotArea::Upper));
+        paintEntries(scene.lowerLegend, c.layout.legend(PlotArea::Lower));
+    } else {
+        paintCells(scene);
+        paintEntries(scene.lowerLegend, CellLegend(c.layout, scene.upperLegend.size()).below());
     }
-    paintEntries(scene.lowerLegend, c.layout.legend(PlotArea::Lower));
 }
 
 bool LegendPainter::fits(const GraphScene::Entry &entry, const QRect &row, int font)
 {
-    const int name = isNumbered(entry) ? markWidth + numberWidth
-                                       : markHeight + textGap + c.fonts.widthIn(font, entry.name);
-    return name + 2 * textGap + c.fonts.widthIn(font, entry.value) + textGap <= row.width();
+    const int mark = !isNumbered(entry) ? markHeight + textGap : isNarrow(row) ? 0 : markWidth;
+    const int name = isNumbered(entry) && !isNarrow(row) ? numberWidth : c.fonts.widthIn(font, entry.name);
+    const int gaps = isNarrow(row) ? 2 : isNumbered(entry) ? 3 : 4;
+    return mark + name + c.fonts.widthIn(font, entry.value) + gaps * textGap <= row.width();
 }
 
 void LegendPainter::paintCells(const GraphScene &scene)
 {
     const CellLegend legend(c.layout, scene.upperLegend.size());
-    int font = c.fonts.font(8).pixelSize();
-    font = qMin(font, qMax(smallestFont, legend.heading(0).height() - 1));
-    p->setFont(c.fonts.ofSize(font));
-    p->setPen(c.colours.heading());
-    const QString headings[] = {QCoreApplication::translate("MdiGraphChild", "   Cels:"),
-        scene.cellHeading + QLatin1Char(' ') + scene.cellUnit};
-    for (int line = 0; line < 2; ++line)
-        p->drawText(legend.heading(line), Qt::AlignLeft | Qt::AlignVCenter, headings[line]);
-    const auto fit = [&](const GraphScene::Entry &entry) { return fits(entry, legend.row(0), font); };
-    while (font > smallestFont && !std::all_of(scene.upperLegend.begin(), scene.upperLegend.end(), fit))
+    int font = qMin(c.fonts.font(8).pixelSize(), qMax(smallestFont, legend.row(0).height() - 1));
+    const auto allFit = [&] {
+        for (int i = 0; i < scene.upperLegend.size(); ++i) {
+            if (!fits(scene.upperLegend[i], legend.row(i), font))
+                return false;
+        }
+        return true;
+    };
+    while (font > smallestFont && !allFit())
         --font;
     for (int i = 0; i < scene.upperLegend.size(); ++i)
         paintRow(scene.upperLegend[i], legend.row(i), c.fonts.ofSize(font));
+    paintHeading(scene, legend.heading(0), legend.heading(1));
+}
+
+// After the rows, so that no mark cuts its descenders.
+void LegendPainter::paintHeading(const GraphScene &scene, const QRect &first, const QRect &second)
+{
+    const int room = qMax(smallestFont, first.height() - textGap);
+    p->setFont(c.fonts.ofSize(qMin(c.fonts.font(8).pixelSize(), room)));
+    p->setPen(c.colours.heading());
+    p->drawText(first, nameAlignment, QCoreApplication::translate("MdiGraphChild", "   Cels:"));
+    p->drawText(second, nameAlignment, scene.cellHeading + QLatin1Char(' ') + scene.cellUnit);
 }
 
 void LegendPainter::paintRow(const GraphScene::Entry &entry, const QRect &row, QFont font)
@@ -80,18 +95,32 @@ void LegendPainter::paintRow(const GraphScene::Entry &entry, const QRect &row, Q
         font.setBold(true);
     p->setFont(font);
     if (isNumbered(entry)) {
-        p->fillRect(row.left() + 1, row.center().y() - 1, markWidth - 2, markHeight, entry.colour);
-        p->setPen(GraphColours::readable(entry.colour, background));
-        p->drawText(
-            QRect(row.left() + markWidth, row.top(), numberWidth, row.height()), numberAlignment, entry.name);
+        paintNumber(entry, row, background);
     } else {
         p->fillRect(row.left(), row.top() + 1, markHeight, row.height() - 2, entry.colour);
         p->setPen(c.colours.heading());
-        p->drawText(
-            row.adjusted(markHeight + textGap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, entry.name);
+        p->drawText(row.adjusted(markHeight + textGap, 0, 0, 0), nameAlignment, entry.name);
     }
     p->setPen(c.colours.text());
-    p->drawText(row.adjusted(0, 0, -textGap, 0), numberAlignment, entry.value);
+    p->drawText(row.adjusted(0, 0, isNarrow(row) ? -textGap - 1 : -textGap, 0), numberAlignment, entry.value);
+}
+
+// In a narrow row the number is its own mark, underlined where there is room.
+void LegendPainter::paintNumber(const GraphScene::Entry &entry, const QRect &row, const QColor &background)
+{
+    p->setPen(GraphColours::readable(entry.colour, background));
+    if (!isNarrow(row)) {
+        p->fillRect(row.left() + 1, row.center().y() - 1, markWidth - 2, markHeight, entry.colour);
+        p->drawText(
+            QRect(row.left() + markWidth, row.top(), numberWidth, row.height()), numberAlignment, entry.name);
+        return;
+    }
+    if (!fits(entry, row, p->font().pixelSize()))
+        return; // the place tells which cell it is
+    p->drawText(row, nameAlignment, entry.name);
+    if (row.height() >= lowestLine + 1)
+        p->fillRect(row.left(), row.bottom() - 1, c.fonts.widthIn(p->font().pixelSize(), entry.name), 2,
+            entry.colour);
 }
 
 void LegendPainter::paintEntries(const QVector<GraphScene::Entry> &entries, const QRect &column)
@@ -109,7 +138,7 @@ void LegendPainter::paintEntries(const QVector<GraphScene::Entry> &entries, cons
         p->fillRect(QRect(column.left() + 1, first.center().y(), markWidth - 1, markHeight), entry.colour);
         if (named) {
             p->setPen(c.colours.readable(entry.colour));
-            paintText(entry.name, first, Qt::AlignLeft | Qt::AlignVCenter);
+            paintText(entry.name, first, nameAlignment);
         }
         p->setPen(c.colours.text());
         paintText(entry.value, named ? QRect(column.left(), top + line, column.width() - 2, line) : first,

@@ -84,12 +84,16 @@ void TestGraphLayout::dividesTime()
 
 void TestGraphLayout::cellRowsTileTheLegend_data()
 {
-    columns<QSize, int, bool>({"size", "cells", "whole"});
-    QTest::newRow("few") << QSize(1000, 600) << 6 << false;
-    QTest::newRow("sixteen") << QSize(1000, 600) << 16 << false;
-    QTest::newRow("four, small") << QSize(300, 200) << 4 << false;
-    QTest::newRow("sixteen, small") << QSize(300, 200) << 16 << true;
-    QTest::newRow("none") << QSize(300, 200) << 0 << false;
+    columns<QSize, int, int>({"size", "cells", "columns"});
+    QTest::newRow("few") << QSize(1000, 600) << 6 << 1;
+    QTest::newRow("sixteen") << QSize(1000, 600) << 16 << 1;
+    QTest::newRow("sixteen, on into the lower half") << QSize(640, 400) << 16 << 1;
+    QTest::newRow("sixteen, close") << QSize(460, 300) << 16 << 1;
+    QTest::newRow("sixteen, lower") << QSize(360, 240) << 16 << 2;
+    QTest::newRow("four, small") << QSize(300, 200) << 4 << 1;
+    QTest::newRow("fifteen, small") << QSize(300, 200) << 15 << 2;
+    QTest::newRow("sixteen, small") << QSize(300, 200) << 16 << 2;
+    QTest::newRow("none") << QSize(300, 200) << 0 << 1;
 }
 
 void TestGraphLayout::cellRowsTileTheLegend()
@@ -98,17 +102,24 @@ void TestGraphLayout::cellRowsTileTheLegend()
     QFETCH(int, cells);
     const GraphLayout layout(size, 100);
     const CellLegend legend(layout, cells);
-    QTEST(legend.isWholeColumn(), "whole");
+    QTEST(legend.columns(), "columns");
+    QVERIFY(legend.heading(1).height() >= 10); // with a descender
+    const int perColumn = (cells + legend.columns() - 1) / legend.columns();
     for (int cell = 0; cell < cells; ++cell) {
         const QRect row = legend.row(cell);
-        QVERIFY(layout.legend().contains(row));
+        QVERIFY(layout.legend().adjusted(-8, 0, 0, 0).contains(row));
         QVERIFY(row.height() >= 8);
-        QCOMPARE(legend.cellAt(row.top()), cell);
-        QCOMPARE(legend.cellAt(row.bottom()), cell);
-        QCOMPARE(row.top(), legend.heading(cell + 1).bottom() + 1);
+        QCOMPARE(legend.cellAt(row.topLeft()), cell);
+        QCOMPARE(legend.cellAt(row.bottomRight()), cell);
+        const QRect above = cell % perColumn == 0 ? legend.heading(1) : legend.row(cell - 1);
+        QCOMPARE(row.top(), above.bottom() + 1);
+        QVERIFY(row.bottom() < legend.below().top());
     }
-    QCOMPARE(legend.cellAt(legend.heading(1).bottom()), -1);
-    QCOMPARE(legend.cellAt(size.height() - 1), -1);
+    // three names with their values, as many as the lower plot has curves
+    QVERIFY(layout.legend().contains(legend.below()));
+    QVERIFY(legend.below().height() >= 3 * 20 + 2);
+    QCOMPARE(legend.cellAt(legend.heading(1).bottomLeft()), -1);
+    QCOMPARE(legend.cellAt({size.width() - 1, size.height() - 1}), -1);
 }
 
 void TestGraphLayout::ranges_data()
