@@ -7,7 +7,6 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QLocale>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QUrl>
 
@@ -27,6 +26,7 @@ JournalNotice::JournalNotice(const JournalKeeper *keeper, StatusFacts *facts, QW
 {
     connect(keeper, SIGNAL(stalled(QString)), this, SLOT(showStalled(QString)));
     connect(keeper, SIGNAL(resumed()), this, SLOT(showResumed()));
+    connect(keeper, SIGNAL(replaced(QString,QString)), this, SLOT(showReplaced(QString,QString)));
     connect(keeper, SIGNAL(folderLarge(QString,qint64)), this, SLOT(showLarge(QString,qint64)));
 }
 
@@ -40,6 +40,15 @@ void JournalNotice::showResumed()
     m_facts->clear(StatusFacts::NotWritten, tr("recordings"));
 }
 
+void JournalNotice::showReplaced(const QString &fileName, const QString &newName)
+{
+    const QString text = tr("The file of a running recording was removed or replaced:") + QLatin1Char('\n')
+        + QDir::toNativeSeparators(fileName) + QStringLiteral("\n\n")
+        + tr("All that was recorded is written again, and recording goes on, in:") + QLatin1Char('\n')
+        + QDir::toNativeSeparators(newName);
+    createBox(QMessageBox::Warning, text, QStringLiteral("journalReplaced"))->show();
+}
+
 void JournalNotice::showLarge(const QString &path, qint64 bytes)
 {
     VarnelSettings settings;
@@ -51,14 +60,20 @@ void JournalNotice::showLarge(const QString &path, qint64 bytes)
     const QString text = tr("Your recordings take %1.").arg(QLocale().formattedDataSize(bytes))
         + QLatin1Char('\n')
         + tr("None of them is deleted unless you do it, in %1.").arg(QDir::toNativeSeparators(path));
-    auto *box = new QMessageBox(QMessageBox::Information, tr("Recordings"), text, QMessageBox::Ok, m_window);
-    box->setObjectName(QStringLiteral("journalLarge"));
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setTextFormat(Qt::PlainText);
-    box->setModal(false);
+    QMessageBox *box = createBox(QMessageBox::Information, text, QStringLiteral("journalLarge"));
     QPushButton *open = box->addButton(tr("Open folder"), QMessageBox::ActionRole);
     connect(open, SIGNAL(clicked()), this, SLOT(openFolder()));
     box->show();
+}
+
+QMessageBox *JournalNotice::createBox(QMessageBox::Icon icon, const QString &text, const QString &name) const
+{
+    auto *box = new QMessageBox(icon, tr("Recordings"), text, QMessageBox::Ok, m_window);
+    box->setObjectName(name);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setTextFormat(Qt::PlainText);
+    box->setModal(false);
+    return box;
 }
 
 void JournalNotice::openFolder()

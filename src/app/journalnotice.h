@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMessageBox>
 #include <QObject>
 #include <QString>
 
@@ -8,7 +9,7 @@ class QWidget;
 class StatusFacts;
 
 /// Tells the user what the journals have to tell: that the disk takes no
-/// more, that their folder has grown large.
+/// more, that a file was taken away, that their folder has grown large.
 class JournalNotice : public QObject {
     Q_OBJECT
 
@@ -19,6 +20,7 @@ public:
 public slots:
     void showStalled(const QString &reason);
     void showResumed();
+    void showReplaced(const QString &fileName, const QString &newName);
     /// Offers to open the folder, unless that was done when it was less than 1 GB smaller.
     void showLarge(const QString &path, qint64 bytes);
 
@@ -26,6 +28,8 @@ private slots:
     void openFolder();
 
 private:
+    QMessageBox *createBox(QMessageBox::Icon icon, const QString &text, const QString &name) const;
+
     StatusFacts *m_facts;
     QWidget *m_window;
     QString m_folder;

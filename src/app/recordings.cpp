@@ -14,6 +14,7 @@ Recordings::Recordings(QObject *parent)
     : QObject(parent)
     , m_keeper(new JournalKeeper(JournalFolder::defaultPath(), this))
 {
+    connect(m_keeper, SIGNAL(replaced(QString,QString)), this, SLOT(rename(QString,QString)));
     m_keeper->tidy(VarnelSettings().journalMaxAgeDays());
 }
 
@@ -93,6 +94,14 @@ QString Recordings::takeClosed()
 void Recordings::forget(QObject *child)
 {
     m_files.remove(child);
+}
+
+void Recordings::rename(const QString &fileName, const QString &newName)
+{
+    for (QString &name : m_files) {
+        if (name == fileName)
+            name = newName;
+    }
 }
 
 void Recordings::watch(const MdiGraphChild *child, const QString &fileName)

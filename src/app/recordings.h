@@ -52,6 +52,7 @@ signals:
 
 private slots:
     void forget(QObject *child);
+    void rename(const QString &fileName, const QString &newName);
 
 private:
     void watch(const MdiGraphChild *child, const QString &fileName);

@@ -24,6 +24,19 @@ DiskSyncer::~DiskSyncer()
     m_thread.join();
 }
 
+void DiskSyncer::watch(int descriptor, const QString &fileName)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    entryFor(descriptor).name = fileName;
+}
+
+bool DiskSyncer::isGone(int descriptor) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const Entry *entry = find(descriptor);
+    return entry && entry->gone;
+}
+
 void DiskSyncer::mark(int descriptor)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
@@ -56,18 +69,23 @@ std::future<bool> DiskSyncer::finishNow(int descriptor)
 bool DiskSyncer::isFailing(int descriptor) const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return std::any_of(m_entries.begin(), m_entries.end(),
-        [descriptor](const Entry &entry) { return entry.descriptor == descriptor && entry.failing; });
+    const Entry *entry = find(descriptor);
+    return entry && entry->failing;
+}
+
+const DiskSyncer::Entry *DiskSyncer::find(int descriptor) const
+{
+    const auto known = std::find_if(m_entries.begin(), m_entries.end(),
+        [descriptor](const Entry &entry) { return entry.descriptor == descriptor; });
+    return known == m_entries.end() ? nullptr : &*known;
 }
 
 // A descriptor that is being finished still belongs to the old file, so that no number stands here twice.
 DiskSyncer::Entry &DiskSyncer::entryFor(int descriptor)
 {
-    const auto known = std::find_if(m_entries.begin(), m_entries.end(),
-        [descriptor](const Entry &entry) { return entry.descriptor == descriptor; });
-    if (known != m_entries.end())
-        return *known;
-    m_entries.push_back({descriptor, false, false, false, {}});
+    if (const Entry *known = find(descriptor))
+        return m_entries[size_t(known - m_entries.data())];
+    m_entries.push_back({descriptor, false, false, false, QString(), false, {}});
     if (!m_thread.joinable())
         m_thread = std::thread([this] { run(); });
     return m_entries.back();
@@ -83,12 +101,25 @@ void DiskSyncer::run()
     }
 }
 
+void DiskSyncer::look(std::unique_lock<std::mutex> &lock, size_t index)
+{
+    const int descriptor = m_entries[index].descriptor;
+    const QString name = m_entries[index].name;
+    if (name.isEmpty())
+        return;
+    lock.unlock();
+    const bool gone = !isStillNamed(descriptor, name);
+    lock.lock();
+    m_entries[index].gone = gone;
+}
+
 // The disk is waited for without the mutex. Only this thread closes and removes, so that indexes stay valid;
 // a file that is written meanwhile is marked anew.
 void DiskSyncer::syncRound(std::unique_lock<std::mutex> &lock)
 {
     for (size_t i = 0; i < m_entries.size();) {
         const int descriptor = m_entries[i].descriptor;
+        look(lock, i);
         const bool finishing = m_entries[i].finishing;
         if (m_entries[i].dirty) {
             m_entries[i].dirty = false;

@@ -1,13 +1,15 @@
 #pragma once
 
+#include <QString>
+
 #include <condition_variable>
 #include <future>
 #include <mutex>
 #include <thread>
 #include <vector>
 
-/// Brings what was written to some files to the disk once a second, in a thread of its own, which touches
-/// nothing but their descriptors. Files are registered, marked and handed over from one other thread.
+/// Brings what was written to some files to the disk once a second, and looks whether they still have their
+/// names, in a thread of its own, which touches nothing but their descriptors and names. Files are registered, marked and handed over from one other thread.
 class DiskSyncer {
 public:
     DiskSyncer() = default;
@@ -16,6 +18,10 @@ public:
     DiskSyncer(const DiskSyncer &) = delete;
     DiskSyncer &operator=(const DiskSyncer &) = delete;
 
+    /// Looks once a second whether `fileName` still leads to `descriptor`.
+    void watch(int descriptor, const QString &fileName);
+    /// The file of `descriptor`, which is watched, was removed or replaced.
+    bool isGone(int descriptor) const;
     /// `descriptor` was written to; it is synced within a second.
     void mark(int descriptor);
     /// Syncs `descriptor` a last time and closes it; the caller must not use it any more.
@@ -31,12 +37,16 @@ private:
         bool dirty;
         bool finishing;
         bool failing;
+        QString name; // empty where nobody watches
+        bool gone;
         std::promise<bool> finished;
     };
 
+    const Entry *find(int descriptor) const;
     Entry &entryFor(int descriptor);
     void run();
     void syncRound(std::unique_lock<std::mutex> &lock);
+    void look(std::unique_lock<std::mutex> &lock, size_t index);
 
     mutable std::mutex m_mutex;
     std::condition_variable m_wake;

@@ -21,6 +21,17 @@ bool lockFails(int descriptor)
     return ::flock(descriptor, LOCK_EX | LOCK_NB) != 0;
 }
 
+template <typename Action>
+bool unlessWritten(const QString &fileName, Action action)
+{
+    const int descriptor = openQuietly(fileName);
+    if (descriptor < 0)
+        return false;
+    const bool done = !lockFails(descriptor) && action(fileName);
+    ::close(descriptor);
+    return done;
+}
+
 } // namespace
 
 // Between creation and lock another program may take the empty file for a left-over and remove it; then the
@@ -30,7 +41,7 @@ CreatedFile createJournalFile(const QString &fileName)
     const QByteArray name = QFile::encodeName(fileName);
     for (int attempt = 0; attempt < 3; ++attempt) {
         const int descriptor
-            = ::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, 0666);
+            = ::open(name.constData(), O_RDWR | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, 0666);
         if (descriptor < 0)
             return {-1, errno == EEXIST, qt_error_string(errno)};
         ::flock(descriptor, LOCK_EX);
@@ -56,6 +67,29 @@ bool cutFile(int descriptor, qint64 size)
     return ::ftruncate(descriptor, size) == 0;
 }
 
+int readBytes(int descriptor, qint64 offset, char *bytes, int length)
+{
+    ssize_t read = 0;
+    do {
+        read = ::pread(descriptor, bytes, size_t(length), offset);
+    } while (read < 0 && errno == EINTR);
+    return int(read);
+}
+
+// A name that can't be looked at is not known to be gone.
+bool isStillNamed(int descriptor, const QString &fileName)
+{
+    struct stat open { };
+    struct stat named { };
+    if (::fstat(descriptor, &open) != 0)
+        return true;
+    if (open.st_nlink == 0)
+        return false;
+    if (::stat(QFile::encodeName(fileName).constData(), &named) != 0)
+        return errno != ENOENT && errno != ENOTDIR;
+    return named.st_dev == open.st_dev && named.st_ino == open.st_ino;
+}
+
 void closeFile(int descriptor)
 {
     ::close(descriptor);
@@ -73,10 +107,10 @@ bool isBeingWritten(const QString &fileName)
 
 bool removeUnlessWritten(const QString &fileName)
 {
-    const int descriptor = openQuietly(fileName);
-    if (descriptor < 0)
-        return false;
-    const bool removed = !lockFails(descriptor) && ::unlink(QFile::encodeName(fileName).constData()) == 0;
-    ::close(descriptor);
-    return removed;
+    return unlessWritten(fileName, [](const QString &name) { return QFile::remove(name); });
+}
+
+bool discardUnlessWritten(const QString &fileName)
+{
+    return unlessWritten(fileName, [](const QString &name) { return QFile::moveToTrash(name); });
 }

@@ -23,7 +23,7 @@ CreatedFile createJournalFile(const QString &fileName)
 {
     int descriptor = -1;
     const errno_t error = _wsopen_s(&descriptor, nativeName(fileName).c_str(),
-        _O_WRONLY | _O_CREAT | _O_EXCL | _O_APPEND | _O_BINARY | _O_NOINHERIT, _SH_DENYWR,
+        _O_RDWR | _O_CREAT | _O_EXCL | _O_APPEND | _O_BINARY | _O_NOINHERIT, _SH_DENYWR,
         _S_IREAD | _S_IWRITE);
     if (error != 0)
         return {-1, error == EEXIST, qt_error_string()};
@@ -38,6 +38,17 @@ int appendBytes(int descriptor, const char *bytes, int length)
 bool cutFile(int descriptor, qint64 size)
 {
     return _chsize_s(descriptor, size) == 0;
+}
+
+int readBytes(int descriptor, qint64 offset, char *bytes, int length)
+{
+    return _lseeki64(descriptor, offset, SEEK_SET) < 0 ? -1 : _read(descriptor, bytes, unsigned(length));
+}
+
+// The lock keeps the name, too.
+bool isStillNamed(int /*descriptor*/, const QString & /*fileName*/)
+{
+    return true;
 }
 
 void closeFile(int descriptor)
@@ -58,4 +69,9 @@ bool isBeingWritten(const QString &fileName)
 bool removeUnlessWritten(const QString &fileName)
 {
     return !isBeingWritten(fileName) && QFile::remove(fileName);
+}
+
+bool discardUnlessWritten(const QString &fileName)
+{
+    return !isBeingWritten(fileName) && QFile::moveToTrash(fileName);
 }

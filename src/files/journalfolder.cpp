@@ -11,6 +11,8 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int leastRecords = 2;
@@ -88,17 +90,21 @@ int JournalFolder::removeEmpty() const
     return removed;
 }
 
-int JournalFolder::removeOlderThan(int days, const QDateTime &now) const
+int JournalFolder::discardOlderThan(int days, const QDateTime &now) const
 {
     if (days < 1)
         return 0;
-    int removed = 0;
     const QFileInfoList files = journals(m_path);
+    QDateTime newest;
+    for (const QFileInfo &info : files)
+        newest = std::max(newest, info.lastModified());
+    const QDateTime today = std::min(now, newest);
+    int discarded = 0;
     for (const QFileInfo &info : files) {
-        if (info.lastModified().daysTo(now) > days)
-            removed += removeUnlessWritten(info.filePath());
+        if (info.lastModified().daysTo(today) > days)
+            discarded += discardUnlessWritten(info.filePath());
     }
-    return removed;
+    return discarded;
 }
 
 // What can't be read is not known to be empty, and stays.

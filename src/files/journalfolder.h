@@ -24,9 +24,10 @@ public:
     qint64 totalSize() const;
     /// Removes journals with fewer than two records. Returns how many.
     int removeEmpty() const;
-    /// Removes journals that were last written more than `days` ago; none when
-    /// `days` is below 1. Returns how many.
-    int removeOlderThan(int days, const QDateTime &now = QDateTime::currentDateTime()) const;
+    /// Moves to the waste bin what was last written more than `days` before both `now` and the newest
+    /// journal, so that a clock that is wrong takes nothing away; nothing when `days` is below 1. Returns how
+    /// many.
+    int discardOlderThan(int days, const QDateTime &now = QDateTime::currentDateTime()) const;
     /// Whether `fileName` holds at least two records.
     static bool isWorthKeeping(const QString &fileName);
 

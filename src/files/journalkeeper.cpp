@@ -10,17 +10,17 @@
 
 namespace {
 
-constexpr int retryPeriod = 1000; // ms
+constexpr int roundPeriod = 1000; // ms
 
 } // namespace
 
 JournalKeeper::JournalKeeper(const QString &path, QObject *parent)
     : QObject(parent)
     , m_folder(path)
-    , m_retry(new QTimer(this))
+    , m_round(new QTimer(this))
 {
-    m_retry->setInterval(retryPeriod);
-    connect(m_retry, SIGNAL(timeout()), this, SLOT(retryStalled()));
+    m_round->setInterval(roundPeriod);
+    connect(m_round, SIGNAL(timeout()), this, SLOT(lookAfterFiles()));
 }
 
 JournalKeeper::~JournalKeeper()
@@ -36,6 +36,7 @@ std::unique_ptr<RecordingLog> JournalKeeper::create(const QString &portName)
     m_writers.push_back(std::make_unique<JournalWriter>(m_folder, m_syncer, notices, portName));
     JournalWriter &writer = *m_writers.back();
     m_files.insert(portName, writer.fileName());
+    m_round->start();
     return std::make_unique<RecordingJournal>(writer);
 }
 
@@ -47,7 +48,7 @@ bool JournalKeeper::holdsAll(const QString &fileName) const
 void JournalKeeper::tidy(int maxAgeDays)
 {
     m_folder.removeEmpty();
-    m_folder.removeOlderThan(maxAgeDays);
+    m_folder.discardOlderThan(maxAgeDays);
 }
 
 void JournalKeeper::lookAtSize()
@@ -61,7 +62,7 @@ void JournalKeeper::lookAtSize()
     emit folderLarge(m_folder.path(), size);
 }
 
-void JournalKeeper::retryStalled()
+void JournalKeeper::lookAfterFiles()
 {
     // Who is told may start a recording, which moves the writers.
     for (size_t i = 0; i < m_writers.size(); ++i) // NOLINT(modernize-loop-convert)
@@ -74,6 +75,8 @@ void JournalKeeper::forgetDone()
     const auto done = std::remove_if(m_writers.begin(), m_writers.end(),
         [](const std::unique_ptr<JournalWriter> &writer) { return writer->isDone(); });
     m_writers.erase(done, m_writers.end());
+    if (m_writers.empty())
+        m_round->stop();
 }
 
 void JournalKeeper::journalStalled(const QString &fileName, const QString &reason)
@@ -81,8 +84,18 @@ void JournalKeeper::journalStalled(const QString &fileName, const QString &reaso
     m_incomplete.insert(fileName);
     if (++m_stalled > 1)
         return;
-    m_retry->start();
     emit stalled(reason);
+}
+
+void JournalKeeper::journalReplaced(const QString &fileName, const QString &newName)
+{
+    if (m_incomplete.remove(fileName))
+        m_incomplete.insert(newName);
+    for (QString &name : m_files) {
+        if (name == fileName)
+            name = newName;
+    }
+    emit replaced(fileName, newName);
 }
 
 void JournalKeeper::journalResumed(const QString &fileName, bool complete)
@@ -91,6 +104,5 @@ void JournalKeeper::journalResumed(const QString &fileName, bool complete)
         m_incomplete.remove(fileName);
     if (--m_stalled > 0)
         return;
-    m_retry->stop();
     emit resumed();
 }

@@ -16,8 +16,8 @@ class QTimer;
 class RecordingLog;
 
 /// Keeps a journal of every live recording: makes their files, tidies the folder, tells at once what several
-/// of them have to tell, and tries once a second what a full disk has refused, be the recording over or not.
-/// Outlives the logs that it gives out.
+/// of them have to tell, looks after the files once a second and tries what a full disk has refused, be the
+/// recording over or not. Outlives the logs that it gives out.
 class JournalKeeper : public QObject, private JournalNotices {
     Q_OBJECT
 
@@ -39,7 +39,7 @@ public:
     const JournalFolder &folder() const { return m_folder; }
     /// For other files that must not make the user wait for the disk.
     DiskSyncer &syncer() { return m_syncer; }
-    /// Removes journals of fewer than two records, and those last written more than
+    /// Removes journals of fewer than two records, and discards those last written more than
     /// `maxAgeDays` ago (below 1: none).
     void tidy(int maxAgeDays);
 
@@ -47,15 +47,18 @@ signals:
     /// The disk takes no more. Said once until resumed(), however many recordings it concerns.
     void stalled(const QString &reason);
     void resumed();
+    /// A running recording's `fileName` was removed or replaced; its lines are written anew to `newName`.
+    void replaced(const QString &fileName, const QString &newName);
     /// The journals take more than largeFolder. Said once.
     void folderLarge(const QString &path, qint64 bytes);
 
 private slots:
-    void retryStalled();
+    void lookAfterFiles();
     void lookAtSize();
 
 private:
     void journalStalled(const QString &fileName, const QString &reason) override;
+    void journalReplaced(const QString &fileName, const QString &newName) override;
     void journalResumed(const QString &fileName, bool complete) override;
     void forgetDone();
 
@@ -64,7 +67,7 @@ private:
     QMap<QString, QString> m_files; // by port
     std::vector<std::unique_ptr<JournalWriter>>
         m_writers; // of recordings, and of ended ones while lines wait
-    QTimer *m_retry; // child; runs while a journal waits for the disk
+    QTimer *m_round; // child; runs while a journal is open
     QSet<QString> m_incomplete; // journals that lack lines, for now or for good
     int m_stalled = 0; // journals that wait for the disk
     bool m_largeTold = false;

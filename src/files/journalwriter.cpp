@@ -11,10 +11,13 @@
 #include <QFile>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
 constexpr int mostAttempts = 100; // at a free name
+constexpr int pieceLength = 1024 * 1024; // bytes copied at once
+constexpr int mostPieces = 16; // in one go; some 20 ms
 constexpr int mostWaiting = 64 * 1024 * 1024; // bytes; the hours that a full disk may stay full
 
 QString text(const char *english)
@@ -39,7 +42,11 @@ JournalWriter::~JournalWriter()
 {
     if (m_done)
         return;
-    drain();
+    qint64 before = 0;
+    do {
+        before = m_size;
+        drain();
+    } while (m_lost >= 0 && m_size != before);
     close();
 }
 
@@ -55,10 +62,10 @@ void JournalWriter::append(const QByteArray &line)
 
 void JournalWriter::retry()
 {
-    if (!m_stalled)
+    if (!m_stalled && !isGone())
         return;
     drain();
-    if (m_finished && m_waiting.isEmpty())
+    if (m_finished && isAllWritten())
         close();
 }
 
@@ -66,14 +73,14 @@ void JournalWriter::finish()
 {
     m_finished = true;
     drain();
-    if (m_waiting.isEmpty())
+    if (isAllWritten())
         close();
 }
 
 void JournalWriter::discard()
 {
     m_waiting.clear();
-    const bool created = m_descriptor >= 0;
+    const bool created = m_descriptor >= 0 && isStillNamed(m_descriptor, m_fileName);
     close();
     if (created)
         QFile::remove(m_fileName);
@@ -94,6 +101,7 @@ bool JournalWriter::create()
         stall(created.reason);
         return false;
     }
+    m_syncer.watch(m_descriptor, m_fileName);
     const int folder = openFolder(m_folder.path());
     if (folder >= 0)
         m_syncer.finish(folder); // the new name, too, without waiting for the disk here
@@ -102,33 +110,84 @@ bool JournalWriter::create()
 
 void JournalWriter::drain()
 {
+    if (isGone())
+        abandonFile();
     if (m_descriptor < 0 && !create())
         return;
-    QString failure;
-    if (!m_waiting.isEmpty()) {
-        const int written = appendBytes(m_descriptor, m_waiting.constData(), m_waiting.size());
-        if (written < 0)
-            failure = qt_error_string();
-        takeWritten(std::max(0, written));
-        m_syncer.mark(m_descriptor);
-    }
-    tellOutcome(failure);
+    m_failure.clear();
+    if (m_lost >= 0 && !restore())
+        return;
+    if (!m_waiting.isEmpty())
+        m_waiting.remove(0, write(m_waiting));
+    tellOutcome();
 }
 
-// A line that was taken in part is cut off again: a number without its end would read as another number.
-void JournalWriter::takeWritten(int bytes)
+bool JournalWriter::isGone() const
 {
-    const int whole = bytes > 0 ? m_waiting.lastIndexOf('\n', bytes - 1) + 1 : 0;
+    return m_descriptor >= 0 && m_syncer.isGone(m_descriptor);
+}
+
+// The first file holds everything; one that was lost before it was complete has nothing that is needed.
+void JournalWriter::abandonFile()
+{
+    if (m_lost < 0) {
+        m_lost = m_descriptor;
+        m_lostSize = m_size;
+    } else {
+        m_syncer.finish(m_descriptor);
+    }
+    m_descriptor = -1;
+    m_size = 0;
+    m_attempt = 1;
+    const QString name = m_fileName;
+    create();
+    m_notices.journalReplaced(name, m_fileName);
+    stall(text("the file was removed or replaced")); // until all is in the new one
+}
+
+// A slice at a time, so that a long file holds nobody up. False while there is more.
+bool JournalWriter::restore()
+{
+    QByteArray piece(pieceLength, Qt::Uninitialized);
+    for (int left = mostPieces; left > 0 && m_size < m_lostSize; --left) {
+        const int wanted = int(std::min<qint64>(piece.size(), m_lostSize - m_size));
+        const int read = readBytes(m_lost, m_size, piece.data(), wanted);
+        if (read <= 0) {
+            m_complete = false; // the disk does not give back what it took
+            m_lostSize = m_size;
+            break;
+        }
+        const int whole = piece.lastIndexOf('\n', read - 1) + 1;
+        const int length = whole > 0 ? whole : read;
+        if (write(QByteArray::fromRawData(piece.constData(), length)) < length)
+            return false;
+    }
+    if (m_size < m_lostSize)
+        return false;
+    m_syncer.finish(std::exchange(m_lost, -1));
+    return true;
+}
+
+// Appends and returns how many bytes were taken. A line that was taken in part is cut off again: a number
+// without its end would read as another number.
+int JournalWriter::write(const QByteArray &lines)
+{
+    const int written = appendBytes(m_descriptor, lines.constData(), lines.size());
+    if (written < 0)
+        m_failure = qt_error_string();
+    const int bytes = std::max(0, written);
+    const int whole = bytes > 0 ? lines.lastIndexOf('\n', bytes - 1) + 1 : 0;
     const bool cut = bytes > whole && cutFile(m_descriptor, m_size + whole);
     const int taken = cut ? whole : bytes;
     m_size += taken;
-    m_waiting.remove(0, taken);
+    m_syncer.mark(m_descriptor);
+    return taken;
 }
 
-void JournalWriter::tellOutcome(const QString &failure)
+void JournalWriter::tellOutcome()
 {
     if (!m_waiting.isEmpty()) {
-        stall(failure.isEmpty() ? text("the disk is full") : failure);
+        stall(m_failure.isEmpty() ? text("the disk is full") : m_failure);
     } else if (m_syncer.isFailing(m_descriptor)) {
         m_complete = false; // the system may have dropped what it could not bring to the disk
         stall(text("the disk reports an error"));
@@ -149,11 +208,13 @@ void JournalWriter::stall(const QString &reason)
 void JournalWriter::close()
 {
     m_done = true;
-    if (m_descriptor >= 0)
-        m_syncer.finish(m_descriptor);
-    m_descriptor = -1;
+    const bool complete = m_complete && isAllWritten();
+    for (int *descriptor : {&m_descriptor, &m_lost}) {
+        if (*descriptor >= 0)
+            m_syncer.finish(std::exchange(*descriptor, -1));
+    }
     if (!m_stalled)
         return;
     m_stalled = false;
-    m_notices.journalResumed(m_fileName, m_complete && m_waiting.isEmpty());
+    m_notices.journalResumed(m_fileName, complete);
 }

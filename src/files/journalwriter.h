@@ -11,7 +11,8 @@ class JournalFolder;
 class JournalNotices;
 
 /// The file of one live recording: each line is handed to the system as it comes. What the disk does not take
-/// waits in memory, in order, until retry() gets it written, be it after the recording's end.
+/// waits in memory, in order, until retry() gets it written, be it after the recording's end. A file that is
+/// removed or replaced meanwhile lives on for who has it open: it is copied to a new one.
 class JournalWriter : public JournalSink {
 public:
     /// Creates the file. Folder, syncer and notices are not owned and outlive this.
@@ -26,7 +27,7 @@ public:
     QString fileName() const { return m_fileName; }
 
     void append(const QByteArray &line) override;
-    /// Tries what the disk has refused again.
+    /// Tries what the disk has refused again, and looks after the file; to be called once a second.
     void retry();
     /// No more lines come: the file is closed once all of them are written.
     void finish() override;
@@ -38,8 +39,12 @@ public:
 private:
     bool create();
     void drain();
-    void takeWritten(int bytes);
-    void tellOutcome(const QString &failure);
+    bool isGone() const;
+    void abandonFile();
+    bool restore();
+    int write(const QByteArray &lines);
+    bool isAllWritten() const { return m_lost < 0 && m_waiting.isEmpty(); }
+    void tellOutcome();
     void stall(const QString &reason);
     void close();
 
@@ -52,6 +57,9 @@ private:
     int m_attempt = 1; // at a free name
     int m_descriptor = -1;
     qint64 m_size = 0; // of the file, whole lines only
+    int m_lost = -1; // the file that has lost its name, until all of it is in the new one
+    qint64 m_lostSize = 0;
+    QString m_failure; // of the last write
     QByteArray m_waiting; // whole lines that the disk has not taken
     bool m_stalled = false;
     bool m_complete = true; // no line was given up and no sync has failed

@@ -22,7 +22,7 @@ public:
     /// Whether live recordings are written to the journal's folder as they
     /// arrive: journal/enabled, on until set.
     bool journalEnabled() const;
-    /// Days after which a journal is removed: journal/maxAgeDays; 0, which is never, until set.
+    /// Days after which a journal goes to the waste bin: journal/maxAgeDays; 0, which is never, until set.
     int journalMaxAgeDays() const;
     /// The chosen ports that are present now, each once, in the order of listPorts(). Takes milliseconds.
     QStringList listenPorts() const;

@@ -5,6 +5,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -31,7 +33,7 @@ private slots:
     void names_data();
     void names();
     void removesOnlyEmptyJournals();
-    void ageLimitSparesFilesBeingWritten();
+    void ageLimitFillsTheBin();
 };
 
 void TestJournalFolder::names_data()
@@ -76,9 +78,11 @@ void TestJournalFolder::removesOnlyEmptyJournals()
     QCOMPARE(JournalFolder(temporary.filePath(QStringLiteral("none"))).removeEmpty(), 0);
 }
 
-void TestJournalFolder::ageLimitSparesFilesBeingWritten()
+void TestJournalFolder::ageLimitFillsTheBin()
 {
-    QTemporaryDir temporary;
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    QVERIFY(QDir().mkpath(data)); // the bin is on the disk of what it takes
+    QTemporaryDir temporary(data + QStringLiteral("/XXXXXX"));
     const JournalFolder folder(temporary.path());
     const QDateTime time = QDateTime::currentDateTime();
     const auto nameOf = [&](const char *port) { return folder.fileName(time, QString::fromLatin1(port), 1); };
@@ -88,9 +92,13 @@ void TestJournalFolder::ageLimitSparesFilesBeingWritten()
     QFile old(nameOf("C-live"));
     QVERIFY(old.open(QIODevice::ReadWrite));
     QVERIFY(old.setFileTime(time.addDays(-99), QFileDevice::FileModificationTime));
-    QCOMPARE(folder.removeOlderThan(0), 0);
-    QCOMPARE(folder.removeOlderThan(30), 1);
-    QCOMPARE(folder.files(), QStringList({nameOf("C-live"), nameOf("B-young")}));
+    QVERIFY(writeFile(nameOf("D-newest"), line + line, 1));
+    QCOMPARE(folder.discardOlderThan(0), 0);
+    QCOMPARE(folder.discardOlderThan(30, time.addDays(-9)), 0);
+    QCOMPARE(folder.discardOlderThan(30, time.addYears(70)), 0); // the clock is wrong: D would be old, too
+    QCOMPARE(folder.discardOlderThan(29, time.addYears(70)), 1);
+    QCOMPARE(folder.files(), QStringList({nameOf("D-newest"), nameOf("C-live"), nameOf("B-young")}));
+    QVERIFY(QDir(data + QStringLiteral("/Trash/files")).exists(QFileInfo(nameOf("A-old")).fileName()));
     closeFile(live.descriptor);
 }
 

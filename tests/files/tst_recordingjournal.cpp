@@ -14,6 +14,7 @@
 #include <QTest>
 
 #include <fcntl.h>
+#include <map>
 #include <unistd.h>
 
 namespace {
@@ -55,6 +56,7 @@ private slots:
     void fullDiskIsToldOnceAndCaughtUp();
     void endedRecordingIsCaughtUp();
     void folderThatCanNotBeMade();
+    void lostFilesAreWrittenAgain();
     void failedSyncIsTriedAgain();
 };
 
@@ -230,6 +232,49 @@ void TestRecordingJournal::folderThatCanNotBeMade()
     log.reset(); // the last try
     QCOMPARE(resumed.size(), 1);
     QCOMPARE(loaded(keeper.currentFile(port)).size(), 2);
+}
+
+// Four recordings at once, each of which loses its file in another way.
+void TestRecordingJournal::lostFilesAreWrittenAgain()
+{
+    const QStringList harms{QStringLiteral("removed"), QStringLiteral("replaced"), QStringLiteral("moved"),
+        QStringLiteral("folder moved")};
+    constexpr int many = 20;
+    QTemporaryDir place;
+    std::map<QString, JournalKeeper> keepers;
+    std::map<QString, std::unique_ptr<QSignalSpy>> spies;
+    std::map<QString, std::unique_ptr<RecordingLog>> logs;
+    QMap<QString, QString> names;
+    Varnel3Data record;
+    for (const QString &harm : harms) {
+        const QString path = place.filePath(harm + QStringLiteral("/recordings"));
+        JournalKeeper &keeper = keepers.try_emplace(harm, path).first->second;
+        spies[harm] = std::make_unique<QSignalSpy>(&keeper, SIGNAL(replaced(QString,QString)));
+        logs[harm] = keeper.create(port);
+        names[harm] = keeper.currentFile(port);
+        for (int i = 0; i < many; ++i)
+            addLine(*logs[harm], chargerLine(i), &record);
+    }
+    QFile other(place.filePath(QStringLiteral("other")));
+    QVERIFY(other.open(QIODevice::WriteOnly) && other.write("precious\n") > 0 && other.flush());
+    QVERIFY(QFile::remove(names[harms[0]]));
+    QVERIFY(QFile::remove(names[harms[1]]) && other.rename(names[harms[1]]));
+    QVERIFY(QFile::rename(names[harms[2]], place.filePath(QStringLiteral("mine.acp"))));
+    QVERIFY(QDir().rename(place.filePath(harms[3]), place.filePath(QStringLiteral("old"))));
+    for (const QString &harm : harms) {
+        JournalKeeper &keeper = keepers.at(harm);
+        const QSignalSpy &replaced = *spies[harm];
+        QTRY_VERIFY2(!replaced.isEmpty(), qPrintable(harm)); // though no line comes
+        const QString newName = keeper.currentFile(port);
+        QCOMPARE(replaced.last(), QVariantList({names[harm], newName}));
+        QCOMPARE(newName != names[harm], harm == QLatin1String("replaced"));
+        QTRY_VERIFY2(keeper.holdsAll(newName), qPrintable(harm));
+        QCOMPARE(loaded(newName).size(), many);
+        addLine(*logs[harm], chargerLine(many), &record);
+        logs[harm].reset();
+        QCOMPARE(loaded(newName).size(), many + 1);
+    }
+    QCOMPARE(contents(names[QStringLiteral("replaced")]), QByteArray("precious\n"));
 }
 
 void TestRecordingJournal::failedSyncIsTriedAgain()
