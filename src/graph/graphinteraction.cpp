@@ -46,8 +46,7 @@ void GraphInteraction::resize()
 int GraphInteraction::cellsInLegend() const
 {
     const ViewSwitches &switches = m_state->switches();
-    return switches.balancer && !switches.average && m_store->hasCellSeries() ? m_store->cellSeriesCount()
-                                                                              : -1;
+    return switches.balancer && !switches.average && m_store->hasCellData() ? m_store->cellSeriesCount() : -1;
 }
 
 void GraphInteraction::pointAt(const QPoint &position)

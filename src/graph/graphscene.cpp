@@ -79,7 +79,7 @@ GraphScene GraphScene::of(const GraphPicture &picture)
             scene.addSlope(picture);
         else if (switches.deltaMode == 2)
             scene.addEnergy(picture);
-    } else if (!picture.store->hasCellSeries()) {
+    } else if (!picture.store->hasCellData()) {
         scene.upperReason = tr("This recording has no cell data.");
     } else if (switches.average) {
         scene.addStatistics(picture);
@@ -149,9 +149,7 @@ void GraphScene::addCells(const GraphPicture &picture)
         }
     }
     if (curves.isEmpty())
-        upperReason = store.cellSeriesCount() == 0 ? tr("This recording has no cells.")
-            : switches.cellSelectMode == 1         ? tr("No cell is selected.")
-                                                   : tr("All cells are hidden.");
+        upperReason = switches.cellSelectMode == 1 ? tr("No cell is selected.") : tr("All cells are hidden.");
     axes.append({PlotArea::Upper, Side::Left, range, tr("V"), 2, 4, colours.text()});
 
     const char *const headings[]

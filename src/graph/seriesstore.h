@@ -26,6 +26,8 @@ public:
     const PlotSeries &series(int kind) const { return m_points.series(kind); }
     /// The first record carried cell data, so that the statistics of the cells have points.
     bool hasCellSeries() const { return m_points.hasCells(); }
+    /// The recording is one of cells: its first record carried cell data, of a cell at least.
+    bool hasCellData() const { return cellSeriesCount() > 0 && m_records.first().hasCellData(); }
     /// Cells that have a series, 0..16.
     int cellSeriesCount() const { return m_points.cellCount(); }
     /// No record's time lies before its predecessor's.

@@ -331,12 +331,24 @@ void TestGraphPainter::emptyPlotsSayWhy()
     SeriesStore lipo;
     append(&lipo, recordings::lipoCharge(50));
     const QRect upper = GraphLayout(QSize(1000, 600), 50).area(PlotArea::Upper);
+    SeriesStore balancer; // whose pack has gone
+    Varnel3Data noCells = recordings::tandorRun(1)[0];
+    noCells.cellCount = 0;
+    balancer.append(noCells);
     const QColor yellow(0xFF, 0xFF, 0x00);
     GraphPicture picture = pictureOf(nimh);
     picture.switches.balancer = true;
     const QImage withoutCells = drawn(picture);
     QVERIFY(countOf(withoutCells, upper, yellow) > 100);
     picture.store = &lipo;
+    for (bool average : {false, true}) {
+        GraphPicture bare = pictureOf(balancer);
+        bare.switches.balancer = true;
+        bare.switches.average = average;
+        const GraphScene scene = GraphScene::of(bare);
+        QCOMPARE(scene.upperReason, QStringLiteral("This recording has no cell data."));
+        QVERIFY(scene.upperLegend.isEmpty() && scene.curves.first().area == PlotArea::Lower);
+    }
     QCOMPARE(countOf(drawn(picture), upper, yellow), 0);
     picture.switches.cellSelectMode = 1;
     const QImage withoutSelection = drawn(picture);
