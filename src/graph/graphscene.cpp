@@ -37,15 +37,16 @@ bool isCellShown(const GraphPicture &picture, int cell)
     return picture.switches.cellSelectMode == 0 || selected == (picture.switches.cellSelectMode == 1);
 }
 
-QString cellFigure(const CellData &cell, int energyMode)
+QString cellFigure(const SeriesStore &store, int cell, int energyMode)
 {
+    const CellData &newest = store.records().last().cells[cell];
     switch (energyMode) {
     case 1:
-        return figure(cell.balanceCharge / 360000 / milli, 0, 3); // per cent x mA x s to mAh to Ah
-    case 2:
-        return cell.resistance > 0 ? figure(cell.resistance, 0, 1) : noFigure();
+        return figure(newest.balanceCharge / 360000 / milli, 0, 3); // per cent x mA x s to mAh to Ah
+    case 2: // which most lines don't bring
+        return store.knownResistance(cell) > 0 ? figure(store.knownResistance(cell), 0, 1) : noFigure();
     default:
-        return figure(cell.voltage / milli, 0, 3);
+        return figure(newest.voltage / milli, 0, 3);
     }
 }
 
@@ -159,8 +160,8 @@ void GraphScene::addCells(const GraphPicture &picture)
     cellHeading = tr(headings[mode]);
     cellUnit = tr(units[mode]);
     for (int i = 0; i < store.cellSeriesCount(); ++i) {
-        upperLegend.append({QString::number(i + 1), cellFigure(newestOf(picture).cells[i], mode),
-            colours.cell(i), picture.selectedCells[size_t(i)]});
+        upperLegend.append({QString::number(i + 1), cellFigure(store, i, mode), colours.cell(i),
+            picture.selectedCells[size_t(i)]});
     }
 }
 

@@ -38,6 +38,7 @@ void SeriesStore::append(const Varnel3Data &record)
     else if (m_isLoaded)
         goOnLive(record);
     m_records.append(record);
+    noteResistances(record);
     completeNewest();
     m_points.addNewest(m_records);
     m_end.addNewest(&m_records);
@@ -79,8 +80,10 @@ bool SeriesStore::loadSome(int most)
     const int last = loaded + qMin(most, size() - loaded);
     while (loaded < last) {
         const int end = m_points.loadBlock(m_records, last - loaded);
-        for (; loaded < end; ++loaded)
+        for (; loaded < end; ++loaded) {
             m_end.addLoaded(m_records, loaded);
+            noteResistances(m_records[loaded]);
+        }
     }
     return last < size();
 }
@@ -106,8 +109,20 @@ bool SeriesStore::applyResistanceLine(const QString &line)
 {
     if (m_records.isEmpty() || !m_records.last().parseResistanceLine(line))
         return false;
+    noteResistances(m_records.last());
     m_revision = nextRevision();
     return true;
+}
+
+// A device measures them now and then, and gives 0 for what it could not.
+void SeriesStore::noteResistances(const Varnel3Data &record)
+{
+    if (!record.resistanceValid)
+        return;
+    for (int i = 0; i < Varnel3Data::maxCells; ++i) {
+        if (record.cells[i].resistance > 0)
+            m_resistances[i] = record.cells[i].resistance;
+    }
 }
 
 SeriesStore::Capacity SeriesStore::capacity() const

@@ -33,6 +33,8 @@ public:
     /// No record's time lies before its predecessor's.
     bool isTimeMonotone() const { return m_points.isTimeMonotone(); }
     Capacity capacity() const;
+    /// What the resistance of `cell`, from 0 on, was when a line gave it last, in mOhm; 0 while none has.
+    double knownResistance(int cell) const { return m_resistances[cell]; }
     /// The newest record lacks the resistance of its first cell, which its predecessor had.
     bool newestLacksResistance() const;
     /// Another one after every record and every load, and never that of another store with records.
@@ -59,6 +61,7 @@ private:
     void begin(const Varnel3Data &record);
     void completeNewest();
     void goOnLive(const Varnel3Data &record);
+    void noteResistances(const Varnel3Data &record);
 
     RecordList m_records;
     DerivedPoints m_points;
@@ -67,5 +70,6 @@ private:
     int m_device = Varnel3Data::NoDevice;
     bool m_isLoaded = false; // and nothing appended since
     int m_syntheticTime = 0; // s
+    double m_resistances[Varnel3Data::maxCells] = {}; // mOhm, the last known of each cell
     quint64 m_revision = 0;
 };

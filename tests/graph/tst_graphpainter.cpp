@@ -108,6 +108,7 @@ private slots:
     void legendsTellUnits();
     void cellSelectionHidesAndMarks();
     void emptyPlotsSayWhy();
+    void resistancesStay();
     void staysInItsPlaces_data();
     void staysInItsPlaces();
     void survivesAnyRecording_data();
@@ -330,17 +331,16 @@ void TestGraphPainter::emptyPlotsSayWhy()
     append(&nimh, recordings::nimhDischarge(50));
     SeriesStore lipo;
     append(&lipo, recordings::lipoCharge(50));
-    const QRect upper = GraphLayout(QSize(1000, 600), 50).area(PlotArea::Upper);
     SeriesStore balancer; // whose pack has gone
     Varnel3Data noCells = recordings::tandorRun(1)[0];
     noCells.cellCount = 0;
     balancer.append(noCells);
+    const QRect upper = GraphLayout(QSize(1000, 600), 50).area(PlotArea::Upper);
     const QColor yellow(0xFF, 0xFF, 0x00);
     GraphPicture picture = pictureOf(nimh);
     picture.switches.balancer = true;
     const QImage withoutCells = drawn(picture);
     QVERIFY(countOf(withoutCells, upper, yellow) > 100);
-    picture.store = &lipo;
     for (bool average : {false, true}) {
         GraphPicture bare = pictureOf(balancer);
         bare.switches.balancer = true;
@@ -349,11 +349,32 @@ void TestGraphPainter::emptyPlotsSayWhy()
         QCOMPARE(scene.upperReason, QStringLiteral("This recording has no cell data."));
         QVERIFY(scene.upperLegend.isEmpty() && scene.curves.first().area == PlotArea::Lower);
     }
+    picture.store = &lipo;
     QCOMPARE(countOf(drawn(picture), upper, yellow), 0);
     picture.switches.cellSelectMode = 1;
     const QImage withoutSelection = drawn(picture);
     QVERIFY(countOf(withoutSelection, upper, yellow) > 100);
     QVERIFY(withoutSelection.copy(upper) != withoutCells.copy(upper)); // another reason
+}
+
+// A device measures them once a minute.
+void TestGraphPainter::resistancesStay()
+{
+    RecordList records = recordings::tandorRun(3);
+    records[0].parseResistanceLine(QStringLiteral("!35,41") + QStringLiteral(",50").repeated(14));
+    SeriesStore store;
+    store.load(std::move(records));
+    store.append(recordings::tandorRun(1)[0]);
+    GraphPicture picture = pictureOf(store);
+    picture.switches.balancer = true;
+    picture.switches.energyMode = 2;
+    const auto shown = [&] {
+        const GraphScene scene = GraphScene::of(picture);
+        return scene.upperLegend[0].value.trimmed() + QLatin1Char(' ') + scene.upperLegend[1].value.trimmed();
+    };
+    QCOMPARE(shown(), figure(3.5, 0, 1) + QLatin1Char(' ') + figure(4.1, 0, 1));
+    store.applyResistanceLine(QStringLiteral("!36,0") + QStringLiteral(",50").repeated(14));
+    QCOMPARE(shown(), figure(3.6, 0, 1) + QLatin1Char(' ') + figure(4.1, 0, 1)); // 0: not measured
 }
 
 void TestGraphPainter::staysInItsPlaces_data()

@@ -80,7 +80,9 @@ private:
         for (CellData &cell : record->cells) {
             cell.voltage = value();
             cell.balance = 10 * between(0, 10);
+            cell.resistance = between(0, 9);
         }
+        record->resistanceValid = oneIn(10);
         record->cellMin = value();
         record->cellMax = value();
         record->cellAverage = value();
@@ -257,6 +259,8 @@ void TestSeriesLoad::compare(const SeriesStore &loaded, const SeriesStore &live,
     const SeriesStore::Capacity b = live.capacity();
     QCOMPARE(std::make_tuple(a.energyNow, a.mode, a.energyAtMark),
         std::make_tuple(b.energyNow, b.mode, b.energyAtMark));
+    for (int cell = 0; cell < Varnel3Data::maxCells; ++cell)
+        QCOMPARE(loaded.knownResistance(cell), live.knownResistance(cell));
     for (int i = 0; i < live.size(); ++i) {
         const Varnel3Data &record = loaded.records()[i];
         if (record.time != live.records()[i].time || record.flag4 != live.records()[i].flag4)
