@@ -60,18 +60,14 @@ int GraphInteraction::centreColumn() const
     return m_cursor >= 0 ? m_view.columnOf(m_cursor) : (layout.plotLeft() + layout.plotRight()) / 2;
 }
 
-// By a pixel column, but at least to the next record. The first step comes in from the middle of the picture.
+// The first step comes in from the end that is left behind: from what the displays show, as a rule.
 void GraphInteraction::moveCursor(int direction, Qt::KeyboardModifiers modifiers)
 {
     const int step = modifiers & Qt::ShiftModifier ? fastCursor : 1;
-    int record = m_view.recordAt(centreColumn());
-    if (m_cursor >= 0) {
-        record = m_view.recordAt(m_view.columnOf(m_cursor) + direction * step);
-        const bool moved = direction > 0 ? record > m_cursor : record >= 0 && record < m_cursor;
-        if (!moved)
-            record = m_cursor + direction;
-    }
-    m_cursor = qBound(0, record, m_store->size() - 1);
+    if (m_cursor >= 0)
+        m_cursor = m_view.recordBeside(m_cursor, direction * step);
+    else
+        m_cursor = direction < 0 ? m_view.lastShown() : m_view.firstShown();
     m_view.reveal(m_cursor);
     emit recordPointedAt(m_cursor);
 }

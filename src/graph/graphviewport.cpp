@@ -6,6 +6,7 @@
 #include <qwt_scale_engine.h>
 
 #include <algorithm>
+#include <cmath>
 
 GraphViewport::GraphViewport(const SeriesStore *store)
     : m_store(store)
@@ -48,14 +49,54 @@ int GraphViewport::recordAt(int x) const
     const GraphLayout geometry = layout();
     if (count == 0 || x < geometry.plotLeft() || !geometry.isDrawable())
         return -1;
-    if (!m_store->isTimeMonotone()) // no place in time is one record's
-        return std::min(int((x - geometry.plotLeft()) / geometry.pixelsPerRecord()), count - 1);
+    return recordAtTime(timeMap().invTransform(std::min(x, geometry.plotRight())));
+}
+
+int GraphViewport::recordAtTime(double time) const
+{
     const PlotSeries &times = m_store->series(SeriesStore::Time);
-    const double time = timeMap().invTransform(std::min(x, geometry.plotRight()));
-    const int next = int(std::lower_bound(times.begin(), times.begin() + count, time) - times.begin());
-    if (next == count || (next > 0 && time - times[next - 1] < times[next] - time))
+    if (!m_store->isTimeMonotone()) {
+        const auto nearer = [time](double a, double b) { return std::abs(a - time) < std::abs(b - time); };
+        return int(std::min_element(times.begin(), times.end(), nearer) - times.begin());
+    }
+    const int next = int(std::lower_bound(times.begin(), times.end(), time) - times.begin());
+    if (next == times.size() || (next > 0 && time - times[next - 1] < times[next] - time))
         return next - 1;
     return next;
+}
+
+int GraphViewport::recordBeside(int record, int columns) const
+{
+    const int direction = columns > 0 ? 1 : -1;
+    const int last = columns > 0 ? m_store->size() - 1 : 0;
+    const int start = columnOf(record);
+    const auto missing = [&](int index) { return std::abs(columns) - std::abs(columnOf(index) - start); };
+    int beside = record;
+    while (beside != last && missing(beside) > 0)
+        beside += direction;
+    const int before = beside - direction;
+    return beside != record && before != record && missing(before) < -missing(beside) ? before : beside;
+}
+
+int GraphViewport::firstShown() const
+{
+    return m_zoom.isActive() ? shownNear(recordAtTime(m_zoom.times().low), 1) : 0;
+}
+
+int GraphViewport::lastShown() const
+{
+    return m_zoom.isActive() ? shownNear(recordAtTime(m_zoom.times().high), -1) : m_store->size() - 1;
+}
+
+// The nearest to an end may lie outside; between two records none is shown.
+int GraphViewport::shownNear(int record, int inwards) const
+{
+    const PlotSeries &times = m_store->series(SeriesStore::Time);
+    const auto isShown = [&](int index) {
+        return index >= 0 && index < times.size() && times[index] >= m_zoom.times().low
+            && times[index] <= m_zoom.times().high;
+    };
+    return !isShown(record) && isShown(record + inwards) ? record + inwards : record;
 }
 
 int GraphViewport::columnOf(int record) const

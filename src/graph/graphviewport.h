@@ -17,9 +17,15 @@ public:
     /// Takes the size of the picture; a zoom's times are divided anew.
     void resize(const QSize &size);
 
-    /// The record whose time is next to pixel column `x`, the last one right of the plots; -1
-    /// left of them and without records.
+    /// The record whose time is next to that of pixel column `x`, or to the last one's right of the plots; the
+    /// first of several, as where a clock was set back. -1 left of the plots and without records.
     int recordAt(int x) const;
+    /// The record that lies about so many pixel columns beside `record`, on the way along the records: at least
+    /// the next one, at most the last one. `columns` is not 0.
+    int recordBeside(int record, int columns) const;
+    /// The record at the left end of what is shown, or at its right end.
+    int firstShown() const;
+    int lastShown() const;
     /// The pixel column of `record`.
     int columnOf(int record) const;
     std::optional<PlotArea> areaAt(const QPoint &position) const;
@@ -39,6 +45,8 @@ public:
 private:
     Interval wholeTimes() const;
     QwtScaleMap timeMap() const;
+    int recordAtTime(double time) const;
+    int shownNear(int record, int inwards) const;
     double shareAt(PlotArea area, int y) const;
 
     const SeriesStore *m_store; // not owned

@@ -323,12 +323,22 @@ void TestGraphInteraction::keysDoWhatTheMouseDoes()
         QTest::keyClick(child, which, modifiers);
     };
     key(Qt::Key_Right);
-    QCOMPARE(lastShownTime(), 430);
+    QCOMPARE(lastShownTime(), 850);
+    key(Qt::Key_Escape);
+    QCOMPARE(lastShownTime(), 860);
     key(Qt::Key_Right);
-    QCOMPARE(lastShownTime(), 440);
-    key(Qt::Key_Left, Qt::ShiftModifier);
+    QCOMPARE(lastShownTime(), 0);
+    key(Qt::Key_Escape);
+    key(Qt::Key_Plus);
+    const Interval shown = zoom().times();
     key(Qt::Key_Left);
-    QCOMPARE(lastShownTime(), 420);
+    QCOMPARE(lastShownTime(), int(shown.high) / period * period); // what lies outside stays there
+    key(Qt::Key_Escape);
+    key(Qt::Key_Right);
+    QCOMPARE(lastShownTime(), int(shown.low) / period * period + period);
+    QCOMPARE(zoom().times().low, shown.low);
+    key(Qt::Key_Home);
+    key(Qt::Key_Escape);
     key(Qt::Key_Plus);
     QCOMPARE(zoom().times().length(), 860.0 / 1.25);
     key(Qt::Key_Minus);
@@ -377,6 +387,11 @@ void TestGraphInteraction::resizeDividesAnew()
 void TestGraphInteraction::fewRecordsAreSafe_data()
 {
     QTest::addColumn<int>("records");
+    key(Qt::Key_Left);
+    QCOMPARE(lastShownTime(), 860); // begins with what the displays show
+    key(Qt::Key_Left);
+    key(Qt::Key_Left, Qt::ShiftModifier);
+    QCOMPARE(lastShownTime(), 840);
     QTest::newRow("none") << 0;
     QTest::newRow("one") << 1;
     QTest::newRow("two") << 2;
