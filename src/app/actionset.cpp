@@ -96,6 +96,8 @@ const ActionRow rows[] = {
         TO(toolBarEnergy(bool)), figureSwitch | Disabled},
     {ActionId::StopProcess, TEXT("Stop process"), "stop_sign.png", TEXT("Stop process."), noKey, Window,
         TO(toolBarStop()), Plain},
+    {ActionId::HoldView, TEXT("Hold view"), nullptr, "Graph windows keep zoom and cursor", noKey, Nobody,
+        nullptr, Checkable},
 };
 
 #undef TO
@@ -146,8 +148,11 @@ ActionSet::ActionSet(QObject *window, QObject *mdiArea)
             continue;
         }
         describe(action, row);
-        connect(action, signalFor(row), receivers[row.receiver], row.slot);
+        if (row.slot)
+            connect(action, signalFor(row), receivers[row.receiver], row.slot);
     }
+    (*this)[ActionId::HoldView]->setShortcut(Qt::Key_H);
+    showPaused(QString());
 }
 
 bool ActionSet::isChecked(ActionId id) const
@@ -168,6 +173,19 @@ void ActionSet::setText(ActionId id, const QString &text) const
 void ActionSet::setEnabled(ActionId id, bool enabled) const
 {
     (*this)[id]->setEnabled(enabled);
+}
+
+void ActionSet::showPaused(const QString &port) const
+{
+    QAction *action = (*this)[ActionId::Recording];
+    action->setCheckable(!port.isEmpty());
+    action->setChecked(!port.isEmpty());
+    action->setToolTip(
+        port.isEmpty() ? tr(
+            "Pauses the port of the current window.\nWhat its device sends meanwhile is not recorded; what "
+            "follows is a recording of its own.\nTo look closer, hold the view instead: key H.")
+                       : tr("%1 is paused: what its device sends is not recorded. Press to go on.")
+                             .arg(port));
 }
 
 void ActionSet::setRangeEnabled(ActionId first, ActionId last, bool enabled) const

@@ -42,6 +42,7 @@ enum class ActionId {
     Power,
     Energy,
     StopProcess,
+    HoldView,
     Count
 };
 
@@ -58,6 +59,8 @@ public:
     void setChecked(ActionId id, bool checked) const;
     void setText(ActionId id, const QString &text) const;
     void setEnabled(ActionId id, bool enabled) const;
+    /// Recording looks pressed while it has paused `port`; empty for none.
+    void showPaused(const QString &port) const;
     /// Enables or disables all actions from `first` to `last`, both included.
     void setRangeEnabled(ActionId first, ActionId last, bool enabled) const;
     /// Enables or disables the commands that need a graph window.

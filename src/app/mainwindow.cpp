@@ -496,4 +496,5 @@ void MainWindow::onDeviceRemoved(QSerialPortInfo portInfo)
 void MainWindow::listenedPortsChanged()
 {
     mdiArea->tellPorts(ports->portNames());
+    actions->showPaused(ports->paused());
 }

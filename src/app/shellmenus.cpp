@@ -47,7 +47,7 @@ const QVector<MenuEntry> help = {ActionId::About};
 
 const QVector<MenuEntry> view = {ActionId::Data, ActionId::Graph, ActionId::BarGraph, gap,
     ActionId::Temperature, ActionId::Delta, ActionId::Resistance, gap, ActionId::Balancer, ActionId::Average,
-    ActionId::SelectedCells, ActionId::Power, ActionId::Energy};
+    ActionId::SelectedCells, ActionId::Power, ActionId::Energy, gap, ActionId::HoldView};
 
 void fill(QMenu *menu, const QVector<MenuEntry> &entries, const ActionSet &actions)
 {

@@ -28,7 +28,8 @@ const KindText texts[StatusFacts::KindCount] = {
     {QT_TRANSLATE_NOOP("StatusFacts", "Can't open: %1"),
         QT_TRANSLATE_NOOP("StatusFacts", "These ports could not be opened.")},
     {QT_TRANSLATE_NOOP("StatusFacts", "Paused: %1"),
-        QT_TRANSLATE_NOOP("StatusFacts", "Recording is paused. Press Recording to go on.")},
+        QT_TRANSLATE_NOOP(
+            "StatusFacts", "Recording is paused: what the device sends is lost. Press Recording to go on.")},
     {QT_TRANSLATE_NOOP("StatusFacts", "No data: %1"),
         QT_TRANSLATE_NOOP("StatusFacts", "The device has sent no line for a while.")},
     {QT_TRANSLATE_NOOP("StatusFacts", "Window closed: %1"),

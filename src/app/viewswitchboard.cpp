@@ -5,6 +5,8 @@
 #include "app/figures.h"
 #include "settings/viewstate.h"
 
+#include <QAction>
+
 namespace {
 
 QString deltaText(int mode)
@@ -26,6 +28,7 @@ ViewSwitchboard::ViewSwitchboard(ActionSet *actionSet, ViewState *viewState, Dis
     , figures(figureBoard)
 {
     publish();
+    connect(actions[ActionId::HoldView], SIGNAL(toggled(bool)), this, SLOT(publish()));
 }
 
 void ViewSwitchboard::enableViews()
@@ -161,6 +164,7 @@ void ViewSwitchboard::publish()
     switches.balancer = actions.isChecked(ActionId::Balancer);
     switches.average = actions.isChecked(ActionId::Average);
     switches.power = actions.isChecked(ActionId::Power);
+    switches.holdView = actions.isChecked(ActionId::HoldView);
     state->setSwitches(switches);
 }
 

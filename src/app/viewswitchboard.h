@@ -33,10 +33,10 @@ public:
     /// `windowNumber` is the current graph window's, or -1.
     void cycleEnergy(int windowNumber);
     void setBlackBackground(bool black);
-    /// Takes the check states of the actions over into the view state.
-    void publish();
 
 public slots:
+    /// Takes the check states of the actions over into the view state; all that there is to Hold view.
+    void publish();
     /// With a graph window: the switches DATA to Avg, and those that depend on " B " while it is on.
     void enableViews();
     /// The user closed a display window: its switch follows.

@@ -31,6 +31,12 @@ GraphInteraction::GraphInteraction(QWidget *widget, const SeriesStore *store, co
 
 void GraphInteraction::dataArrived()
 {
+    if (!m_state->switches().holdView)
+        startAnew();
+}
+
+void GraphInteraction::startAnew()
+{
     m_view.showAll();
     m_selecting = false;
     m_cursor = -1;

@@ -35,8 +35,10 @@ public:
     /// False for an event that means nothing here.
     bool wheel(const QWheelEvent *event);
     bool key(const QKeyEvent *event);
-    /// A record came in: all of the recording is shown again, and nothing is being picked.
+    /// A record came in: unless the view is held, as below.
     void dataArrived();
+    /// All of the recording is shown, without a cursor, and nothing is being picked.
+    void startAnew();
 
 signals:
     /// The pointer or the cursor came to `record`.

@@ -126,7 +126,7 @@ void MdiGraphChild::showNewestPlain()
 void MdiGraphChild::load(SeriesStore store, const QString &fileName)
 {
     m_store = std::move(store);
-    m_interaction->dataArrived();
+    m_interaction->startAnew();
     m_unsavedData = false;
     if (!m_store.isEmpty())
         showProcessEnd(m_store.records().last().processEnd());
@@ -252,6 +252,8 @@ void MdiGraphChild::paintEvent(QPaintEvent *)
 }
 
 GraphPicture MdiGraphChild::picture(const QSize &pictureSize) const
+    if (isLive() && shown.switches.holdView)
+        shown.note = tr("View held") + (m_note.isEmpty() ? QString() : QStringLiteral("   ") + m_note);
 {
     GraphPicture picture;
     picture.size = pictureSize;

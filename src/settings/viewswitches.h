@@ -12,6 +12,7 @@ struct ViewSwitches {
     bool average = false; ///< " Avg ": minimum, maximum, average and delta instead of the cells
     bool power = false; ///< bar display shown
     bool blackBackground = true;
+    bool holdView = false; ///< new records leave zoom and cursor of the graph windows as they are
     int cellSelectMode = 0; ///< 0 " S " all, selected emphasised; 1 " + " selected only; 2 " - " all but them
     int energyMode = 0; ///< per-cell quantity: 0 " Vc " voltage, 1 " Ah " charge, 2 " Ri " resistance
     int deltaMode = 1; ///< 0 neither, 1 dV, 2 mAh on the right axis of the charger view
@@ -22,7 +23,7 @@ struct ViewSwitches {
             && a.temperature == b.temperature && a.delta == b.delta && a.resistance == b.resistance
             && a.balancer == b.balancer && a.average == b.average && a.power == b.power
             && a.blackBackground == b.blackBackground && a.cellSelectMode == b.cellSelectMode
-            && a.energyMode == b.energyMode && a.deltaMode == b.deltaMode;
+            && a.energyMode == b.energyMode && a.deltaMode == b.deltaMode && a.holdView == b.holdView;
     }
     friend bool operator!=(const ViewSwitches &a, const ViewSwitches &b) { return !(a == b); }
 };

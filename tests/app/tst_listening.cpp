@@ -116,7 +116,10 @@ void TestListening::pauseAndResume()
     QCOMPARE(window->listenedPorts().paused(), QStringLiteral("COM3"));
     QCOMPARE(fact(StatusFacts::Paused), QStringLiteral("Paused: COM3"));
     QVERIFY(!window->activeMdiChild()->isLive());
+    const QAction *button = window->actionSet()[ActionId::Recording];
+    QVERIFY(button->isChecked());
     trigger(ActionId::Recording);
+    QVERIFY(!button->isChecked());
     QCOMPARE(listened(), QStringList(QStringLiteral("COM3")));
     QCOMPARE(fact(StatusFacts::Paused), QString());
     device->send(Lines::charger(10));

@@ -24,6 +24,7 @@ private slots:
     void init();
     void switching_data();
     void switching();
+    void holdView();
     void signalsPerSwitch();
     void withoutWindows();
     void reopenedInBalancerView();
@@ -105,6 +106,18 @@ void TestViewSwitches::switching()
     QCOMPARE(switches.balancer, action(ActionId::Balancer)->isChecked());
     QCOMPARE(switches.average, action(ActionId::Average)->isChecked());
     QCOMPARE(switches.delta, action(ActionId::Delta)->isChecked());
+}
+
+void TestViewSwitches::holdView()
+{
+    window->show();
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    for (bool held : {true, false}) {
+        QTest::keyClick(window.get(), Qt::Key_H);
+        QCOMPARE(window->viewState().switches().holdView, held);
+        QCOMPARE(action(ActionId::HoldView)->isChecked(), held);
+    }
 }
 
 void TestViewSwitches::signalsPerSwitch()

@@ -34,6 +34,8 @@ private slots:
     void rightDragMoves();
     void doubleClickShowsAll();
     void dataShowsAll();
+    void heldViewStays();
+    void clockThatWasSetBack();
     void legendPicksCells();
     void keysDoWhatTheMouseDoes();
     void resizeDividesAnew();
@@ -292,6 +294,59 @@ void TestGraphInteraction::dataShowsAll()
     QVERIFY(!zoom().isActive()); // the selection had ended
 }
 
+void TestGraphInteraction::heldViewStays()
+{
+    const QPoint middle = in(PlotArea::Upper, 0.5, 0.5);
+    const auto add = [this] {
+        Varnel3Data record = recordings::lipoCharge(1)[0];
+        record.setTime(child->store().records().last().time + period);
+        child->addRecord(record);
+    };
+    const auto hold = [this](bool held) {
+        ViewSwitches switches;
+        switches.holdView = held;
+        host->state->setSwitches(switches);
+    };
+    hold(true);
+    wheel(middle, 3);
+    const Interval shown = zoom().times();
+    QTest::keyClick(child, Qt::Key_Left); // the pointer is at 430 s
+    QCOMPARE(lastShownTime(), 420);
+    add();
+    QCOMPARE(zoom().times().low, shown.low);
+    QCOMPARE(zoom().times().high, shown.high);
+    QTest::keyClick(child, Qt::Key_Left);
+    QCOMPARE(lastShownTime(), 410); // the cursor was there still
+    hold(false);
+    QVERIFY(zoom().isActive());
+    add();
+    QVERIFY(!zoom().isActive());
+}
+
+// Half of the recording, and then it once more.
+void TestGraphInteraction::clockThatWasSetBack()
+{
+    RecordList records = recordings::lipoCharge(count, period);
+    for (int i = 0; i < count; ++i)
+        records[i].setTime((i < 30 ? i : i - 30) * period);
+    load(std::move(records)); // 0..290, 0..560
+    hover(in(PlotArea::Upper, 0.5, 0.5));
+    QCOMPARE(lastShownTime(), 280);
+    drag(Qt::LeftButton, in(PlotArea::Upper, 0.75, 0.1), in(PlotArea::Upper, 1.0, 0.9)); // 420..560
+    hover(in(PlotArea::Upper, 0.5, 0.5));
+    QCOMPARE(lastShownTime(), 490);
+    QTest::keyClick(child, Qt::Key_Left);
+    QCOMPARE(lastShownTime(), 480);
+    QTest::mouseDClick(child, Qt::LeftButton, Qt::NoModifier, in(PlotArea::Upper, 0.5, 0.5));
+    for (int time : {290, 0, 10}) { // from one course into the other: along the records
+        QTest::keyClick(child, Qt::Key_Right);
+        QCOMPARE(lastShownTime(), time);
+    }
+    QTest::keyClick(child, Qt::Key_Left);
+    QTest::keyClick(child, Qt::Key_Left);
+    QCOMPARE(lastShownTime(), 290);
+}
+
 void TestGraphInteraction::legendPicksCells()
 {
     const auto rowCentre = [this](int cell) { return CellLegend(layout(), 6).row(cell).center(); };
@@ -322,6 +377,11 @@ void TestGraphInteraction::keysDoWhatTheMouseDoes()
     const auto key = [this](Qt::Key which, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QTest::keyClick(child, which, modifiers);
     };
+    key(Qt::Key_Left);
+    QCOMPARE(lastShownTime(), 860); // begins with what the displays show
+    key(Qt::Key_Left);
+    key(Qt::Key_Left, Qt::ShiftModifier);
+    QCOMPARE(lastShownTime(), 840);
     key(Qt::Key_Right);
     QCOMPARE(lastShownTime(), 850);
     key(Qt::Key_Escape);
@@ -387,11 +447,6 @@ void TestGraphInteraction::resizeDividesAnew()
 void TestGraphInteraction::fewRecordsAreSafe_data()
 {
     QTest::addColumn<int>("records");
-    key(Qt::Key_Left);
-    QCOMPARE(lastShownTime(), 860); // begins with what the displays show
-    key(Qt::Key_Left);
-    key(Qt::Key_Left, Qt::ShiftModifier);
-    QCOMPARE(lastShownTime(), 840);
     QTest::newRow("none") << 0;
     QTest::newRow("one") << 1;
     QTest::newRow("two") << 2;
