@@ -17,6 +17,12 @@ namespace {
 
 constexpr int repaintPause = 100; // ms
 
+// Not every device says that its process has ended: then no current flows, or an end was marked.
+bool mayHaveEnded(const SeriesStore &store)
+{
+    return !store.isEmpty() && (store.records().last().current == 0 || store.records().last().flag4 == 'E');
+}
+
 } // namespace
 
 MdiGraphChild::MdiGraphChild(GraphHost *host, QWidget *parent)
@@ -169,9 +175,8 @@ void MdiGraphChild::showProcessEnd(int end)
 
 void MdiGraphChild::setSilentSince(const QDateTime &since)
 {
-    const QString note = since.isValid()
-        ? tr("No line since %1").arg(since.toString(QStringLiteral("HH:mm:ss")))
-        : QString();
+    const QString text = mayHaveEnded(m_store) ? tr("Ended or silent since %1") : tr("No line since %1");
+    const QString note = since.isValid() ? text.arg(since.toString(QStringLiteral("HH:mm:ss"))) : QString();
     if (note == m_note)
         return;
     m_note = note;
@@ -247,13 +252,13 @@ void MdiGraphChild::paintEvent(QPaintEvent *)
     GraphPicture shown = picture(size());
     shown.cursorRecord = m_interaction->cursorRecord();
     shown.rubberBand = m_interaction->rubberBand();
+    if (isLive() && shown.switches.holdView)
+        shown.note = tr("View held") + (m_note.isEmpty() ? QString() : QStringLiteral("   ") + m_note);
     QPainter painter(this);
     m_painter.paint(&painter, shown);
 }
 
 GraphPicture MdiGraphChild::picture(const QSize &pictureSize) const
-    if (isLive() && shown.switches.holdView)
-        shown.note = tr("View held") + (m_note.isEmpty() ? QString() : QStringLiteral("   ") + m_note);
 {
     GraphPicture picture;
     picture.size = pictureSize;

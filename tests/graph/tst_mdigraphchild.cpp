@@ -284,8 +284,17 @@ void TestMdiGraphChild::notesSilence()
     FakeHost host;
     MdiGraphChild child(&host);
     child.addRecord(recordings::lipoCharge(1)[0]);
-    child.setSilentSince(QDateTime(QDate(2026, 2, 3), QTime(9, 5, 7)));
+    const QDateTime since(QDate(2026, 2, 3), QTime(9, 5, 7));
+    child.setSilentSince(since);
     QCOMPARE(child.picture(QSize(300, 200)).note, QStringLiteral("No line since 09:05:07"));
+    for (char mark : {'_', 'E'}) { // of a device that sends no end: no current, or a trickle after that
+        Varnel3Data ended = recordings::lipoCharge(1)[0];
+        ended.flag4 = mark;
+        ended.current = mark == 'E' ? 50 : 0;
+        child.addRecord(ended);
+        child.setSilentSince(since);
+        QCOMPARE(child.picture(QSize(300, 200)).note, QStringLiteral("Ended or silent since 09:05:07"));
+    }
     child.addRecord(recordings::lipoCharge(1)[0]);
     QCOMPARE(child.picture(QSize(300, 200)).note, QString());
     child.setSilentSince(QDateTime());
