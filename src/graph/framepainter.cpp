@@ -104,25 +104,27 @@ void FramePainter::paintTimeAxis()
     const QFontMetrics metrics(p->font());
     const ScaleDrawTime scale;
     const QVector<Tick> all = ticks();
-    for (const Tick &tick : all)
+    QVector<int> columns;
+    QStringList labels;
+    int width = 0;
+    for (const Tick &tick : all) {
         p->drawLine(tick.x, bottom, tick.x, bottom + tickLength);
-
-    if (all.isEmpty())
-        return;
-    p->setPen(c.colours.text());
-    // the last label tells how long it was: others give way to it
-    const auto left = [](const Tick &tick) { return tick.x - timeLabelLeft; };
-    const int lastLeft = left(all.last());
-    int free = 0;
-    for (int k = 0; k < all.size(); ++k) {
-        const QString label = scale.label(all[k].time).text();
-        const int right = left(all[k]) + metrics.horizontalAdvance(label) + labelGap;
-        const bool last = k == all.size() - 1;
-        if (left(all[k]) < free || (!last && right > lastLeft))
-            continue;
-        p->drawText(left(all[k]), bottom + timeLabelBelow, label);
-        free = right;
+        columns.append(tick.x);
+        labels.append(scale.label(tick.time).text());
+        width = qMax(width, metrics.horizontalAdvance(labels.last()));
     }
+    p->setPen(c.colours.text());
+    const QVector<int> labelled = labelledTicks(columns, width + labelGap, lastNumber(all));
+    for (const int k : labelled)
+        p->drawText(columns[k] - timeLabelLeft, bottom + timeLabelBelow, labels[k]);
+}
+
+// Of all times the last tells how long it was and keeps its label; of a part, round ones keep theirs.
+int FramePainter::lastNumber(const QVector<Tick> &ticks) const
+{
+    if (!c.picture.zoom.isActive() || ticks.size() < 2)
+        return 0;
+    return qRound(ticks.last().time / (ticks[1].time - ticks[0].time));
 }
 
 void FramePainter::paintGrid(bool perCell)

@@ -26,6 +26,7 @@ private:
 
     QVector<Tick> ticks() const;
     QVector<Tick> zoomedTicks() const;
+    int lastNumber(const QVector<Tick> &ticks) const;
     void paintPlotGrid(PlotArea area);
 
     const GraphCanvas &c;

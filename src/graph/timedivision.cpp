@@ -23,6 +23,15 @@ double stepFor(double length, int most)
     return step;
 }
 
+bool isRoomFor(const QVector<int> &columns, int width, int stride)
+{
+    for (int i = stride; i < columns.size(); ++i) {
+        if (columns[i] - columns[i - stride] < width)
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 QVector<double> timeDivisions(double from, double to, int most)
@@ -34,4 +43,17 @@ QVector<double> timeDivisions(double from, double to, int most)
     for (double k = std::ceil(from / step); k * step <= to; ++k)
         times.append(k * step);
     return times;
+}
+
+QVector<int> labelledTicks(const QVector<int> &columns, int width, int last)
+{
+    int stride = 1;
+    while (!isRoomFor(columns, width, stride))
+        ++stride;
+    QVector<int> labelled;
+    for (int i = 0; i < columns.size(); ++i) {
+        if ((last - (columns.size() - 1 - i)) % stride == 0)
+            labelled.append(i);
+    }
+    return labelled;
 }

@@ -28,6 +28,8 @@ private slots:
     void cellRangeWidens();
     void timesAreRound_data();
     void timesAreRound();
+    void labelsAreThinnedRegularly_data();
+    void labelsAreThinnedRegularly();
     void textsCanBeRead();
     void cellColoursDiffer();
 };
@@ -240,6 +242,31 @@ void TestGraphLayout::timesAreRound()
     QFETCH(int, most);
     QTEST(timeDivisions(from, to, most), "times");
     QVERIFY(timeDivisions(-2e9, 2e9, most).size() <= most + 1);
+}
+
+void TestGraphLayout::labelsAreThinnedRegularly_data()
+{
+    columns<int, int, int, QVector<int>>({"ticks", "spacing", "last", "labelled"});
+    QTest::newRow("all fit") << 5 << 47 << 0 << QVector<int>{0, 1, 2, 3, 4};
+    QTest::newRow("every second") << 9 << 46 << 0 << QVector<int>{0, 2, 4, 6, 8};
+    QTest::newRow("every third, the last too") << 9 << 16 << 0 << QVector<int>{2, 5, 8};
+    QTest::newRow("the last alone") << 5 << 11 << 0 << QVector<int>{4};
+    QTest::newRow("even numbers") << 5 << 40 << 14 << QVector<int>{0, 2, 4};
+    QTest::newRow("even numbers, moved on") << 5 << 40 << 15 << QVector<int>{1, 3};
+    QTest::newRow("no width") << 5 << 0 << 0 << QVector<int>{4};
+    QTest::newRow("one") << 1 << 0 << 0 << QVector<int>{0};
+    QTest::newRow("none") << 0 << 0 << 0 << QVector<int>();
+}
+
+void TestGraphLayout::labelsAreThinnedRegularly()
+{
+    QFETCH(int, ticks);
+    QFETCH(int, spacing);
+    QFETCH(int, last);
+    QVector<int> columns;
+    for (int i = 0; i < ticks; ++i)
+        columns.append(40 + i * spacing);
+    QTEST(labelledTicks(columns, 47, last), "labelled");
 }
 
 void TestGraphLayout::textsCanBeRead()
