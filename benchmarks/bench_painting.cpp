@@ -51,7 +51,8 @@ CurvePainter::Job jobFor(const SeriesStore &store, const View &view, int curve)
     const int kind = view.firstSeries + curve;
     const double low = store.series(kind).minimum();
     const double height = store.series(kind).maximum() + 0.001 - low;
-    CurvePainter::Job job{&store, kind, 0, {}, {}, area, QColor::fromHsv(curve * 18, 255, 200), view.width};
+    CurvePainter::Job job{
+        &store, kind, 0, {}, {}, area, QPen(QColor::fromHsv(curve * 18, 255, 200), view.width)};
     const double end = store.series(SeriesStore::Time).maximum();
     job.timeMap.setScaleInterval(view.from * end, view.to * end);
     job.timeMap.setPaintInterval(area.left(), area.right());
@@ -79,7 +80,7 @@ void paintNaive(benchmark::State &state, const View &view)
             samples.append({store.series(SeriesStore::Time)[i], store.series(job.series)[i]});
         curves.push_back(std::make_unique<QwtPlotCurve>());
         curves.back()->setSamples(samples);
-        curves.back()->setPen(job.colour, job.width);
+        curves.back()->setPen(job.pen);
     }
     QImage image = canvas();
     for (auto _ : state) {
@@ -133,7 +134,7 @@ void paintSpans(benchmark::State &state)
     for (auto _ : state) {
         QPainter painter(&image);
         for (int curve = 0; curve < whole.curves; ++curve) {
-            painter.setPen(jobFor(store, whole, curve).colour);
+            painter.setPen(jobFor(store, whole, curve).pen);
             found[size_t(curve)].draw(&painter);
         }
     }

@@ -15,7 +15,24 @@ namespace {
 
 constexpr int samplesForSpans = 2; // more of them on a column make a span worth while
 
+constexpr int lineCount = 10; // one for each series but the cells, which share them
+
 } // namespace
+
+struct CurvePainter::Line {
+    Line() { curve.setData(samples); }
+
+    CurveData *const samples = new CurveData; // owned by the curve
+    VarnelPlotCurve curve;
+};
+
+CurvePainter::CurvePainter()
+    : m_lines(std::make_unique<Line[]>(lineCount))
+{
+}
+
+CurvePainter::~CurvePainter() = default;
+CurvePainter &CurvePainter::operator=(CurvePainter &&other) noexcept = default;
 
 bool CurvePainter::Key::operator==(const Key &other) const
 {
@@ -27,7 +44,7 @@ CurvePainter::Key CurvePainter::keyOf(const Job &job)
 {
     const QwtScaleMap &x = job.timeMap;
     const QwtScaleMap &y = job.valueMap;
-    return {job.store, job.store->revision(), job.first, job.width, job.area,
+    return {job.store, job.store->revision(), job.first, job.pen.width(), job.area,
         {x.s1(), x.s2(), x.p1(), x.p2(), y.s1(), y.s2(), y.p1(), y.p2()}};
 }
 
@@ -57,13 +74,12 @@ void CurvePainter::draw(QPainter *painter, const Job &job)
         return;
     painter->save();
     painter->setClipRect(job.area, Qt::IntersectClip);
-    painter->setPen(QPen(job.colour, job.width));
+    painter->setPen(job.pen);
     const PlotSeries &times = job.store->series(SeriesStore::Time);
-    if (times[job.first]
-        == times.last()) // a single record, or a clock that stands still: no line has a length
-        drawPoint(painter, job);
     updateColumns(job);
-    if (isSparse(job)) {
+    if (job.store->isTimeMonotone() && times[job.first] == times.last()) {
+        drawMoment(painter, job);
+    } else if (isSparse(job)) {
         drawLines(painter, job);
     } else if (QwtPainter::roundingAlignment(painter)) {
         drawSpans(painter, job);
@@ -81,13 +97,13 @@ void CurvePainter::drawSpans(QPainter *painter, const Job &job)
     if (!(key == found.key)) {
         found.key = key;
         found.spans.assign(
-            {job.store->series(job.series), job.first, m_columns, job.valueMap}, job.area, job.width);
+            {job.store->series(job.series), job.first, m_columns, job.valueMap}, job.area, job.pen.width());
     }
     found.spans.draw(painter);
 }
 
 // Lines through the samples on the area and their neighbours; where times run back, through all.
-void CurvePainter::drawLines(QPainter *painter, const Job &job) const
+void CurvePainter::drawLines(QPainter *painter, const Job &job)
 {
     int begin = job.first;
     int end = job.store->size();
@@ -102,16 +118,34 @@ void CurvePainter::drawLines(QPainter *painter, const Job &job) const
     QVector<QPointF> samples(end - begin);
     for (int i = begin; i < end; ++i)
         samples[i - begin] = {times[i], values[i]};
-    VarnelPlotCurve curve;
-    curve.setPen(painter->pen());
-    curve.setData(new CurveData(samples)); // owned by the curve
-    curve.drawSeries(painter, job.timeMap, job.valueMap, job.area, 0, -1);
+    Line &line = m_lines[size_t(job.series % lineCount)];
+    line.samples->setSamples(samples);
+    line.curve.setPen(job.pen);
+    line.curve.drawSeries(painter, job.timeMap, job.valueMap, job.area, 0, -1);
 }
 
-void CurvePainter::drawPoint(QPainter *painter, const Job &job) const
+// A single record, or a clock that stands still: no line has a length. Each value gets its point; of so many
+// that they are not worth their lines, the points cover the course.
+void CurvePainter::drawMoment(QPainter *painter, const Job &job) const
 {
-    constexpr int reach = 2; // px, so that a lone sample is seen
-    const QPoint centre(pixelOf(job.timeMap, job.store->series(SeriesStore::Time).last()),
-        pixelOf(job.valueMap, job.store->series(job.series).last()));
-    painter->fillRect(QRect(centre - QPoint(reach, reach), centre + QPoint(reach, reach)), job.colour);
+    constexpr int reach = 2; // px, so that a lone point is seen
+    const int x = pixelOf(job.timeMap, job.store->series(SeriesStore::Time).last());
+    const QRect inside = job.area.adjusted(reach, reach, -reach, -reach); // for whole points
+    const PlotSeries &values = job.store->series(job.series);
+    const auto drawPoints = [&](double low, double high) {
+        const int top = pixelOf(job.valueMap, high);
+        const int bottom = pixelOf(job.valueMap, low);
+        if (!job.area.intersects(QRect(QPoint(x, top), QPoint(x, bottom))))
+            return;
+        const QPoint first(
+            qBound(inside.left(), x, inside.right()), qBound(inside.top(), top, inside.bottom()));
+        const QPoint last(first.x(), qBound(inside.top(), bottom, inside.bottom()));
+        painter->fillRect(QRect(first - QPoint(reach, reach), last + QPoint(reach, reach)), job.pen.color());
+    };
+    if (!isSparse(job)) {
+        const Interval all = values.extremes(job.first, values.size());
+        return drawPoints(all.low, all.high);
+    }
+    for (int i = job.first; i < values.size(); ++i)
+        drawPoints(values[i], values[i]);
 }

@@ -4,9 +4,11 @@
 #include "graph/seriesstore.h"
 #include "graph/timecolumns.h"
 
-#include <QColor>
+#include <QPen>
 
 #include <qwt_scale_map.h>
+
+#include <memory>
 
 /// Draws curves of a store at a cost that hardly depends on their length: a pixel column with many samples
 /// gets one span, and what was found is kept as long as neither map nor data change.
@@ -20,9 +22,12 @@ public:
         QwtScaleMap timeMap;
         QwtScaleMap valueMap;
         QRect area; ///< nothing is painted outside
-        QColor colour;
-        int width;
+        QPen pen; ///< solid, 1 or 2 px wide
     };
+
+    CurvePainter();
+    ~CurvePainter();
+    CurvePainter &operator=(CurvePainter &&other) noexcept;
 
     void draw(QPainter *painter, const Job &job);
 
@@ -37,6 +42,7 @@ private:
 
         bool operator==(const Key &other) const;
     };
+    struct Line;
     struct Found {
         Key key;
         CurveSpans spans;
@@ -46,10 +52,11 @@ private:
     void updateColumns(const Job &job);
     bool isSparse(const Job &job) const;
     void drawSpans(QPainter *painter, const Job &job);
-    void drawLines(QPainter *painter, const Job &job) const;
-    void drawPoint(QPainter *painter, const Job &job) const;
+    void drawLines(QPainter *painter, const Job &job);
+    void drawMoment(QPainter *painter, const Job &job) const;
 
     Key m_columnsKey;
     TimeColumns m_columns;
     Found m_found[SeriesStore::kindCount];
+    std::unique_ptr<Line[]> m_lines; // used again and again
 };

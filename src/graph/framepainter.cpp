@@ -2,16 +2,13 @@
 
 #include "graph/figures.h"
 #include "graph/graphfonts.h"
-#include "graph/scaledrawtime.h"
+#include "graph/graphtools.h"
 #include "graph/seriesstore.h"
 #include "graph/timedivision.h"
 
 #include <QCoreApplication>
 #include <QFontMetrics>
 #include <QPainter>
-
-#include <qwt_plot_grid.h>
-#include <qwt_scale_div.h>
 
 #include <cmath>
 
@@ -98,11 +95,10 @@ QVector<FramePainter::Tick> FramePainter::zoomedTicks() const
 void FramePainter::paintTimeAxis()
 {
     const int bottom = c.layout.plotBottom();
-    p->setPen(c.colours.axis());
+    p->setPen(c.tools.axisPens[c.picture.switches.blackBackground]);
     p->drawLine(c.layout.plotLeft(), bottom, c.layout.plotRight(), bottom);
     p->setFont(c.fonts.font(8));
     const QFontMetrics metrics(p->font());
-    const ScaleDrawTime scale;
     const QVector<Tick> all = ticks();
     QVector<int> columns;
     QStringList labels;
@@ -110,7 +106,7 @@ void FramePainter::paintTimeAxis()
     for (const Tick &tick : all) {
         p->drawLine(tick.x, bottom, tick.x, bottom + tickLength);
         columns.append(tick.x);
-        labels.append(scale.label(tick.time).text());
+        labels.append(c.tools.timeScale.label(tick.time).text());
         width = qMax(width, metrics.horizontalAdvance(labels.last()));
     }
     p->setPen(c.colours.text());
@@ -132,14 +128,14 @@ void FramePainter::paintGrid(bool perCell)
     const QRect lower = c.layout.area(PlotArea::Lower);
     for (PlotArea area : {PlotArea::Upper, PlotArea::Lower}) {
         const QRect rect = c.layout.area(area);
-        p->setPen(c.colours.axis());
+        p->setPen(c.tools.axisPens[c.picture.switches.blackBackground]);
         p->drawLine(rect.left() - 2, rect.top(), rect.left() - 2, rect.bottom());
         p->drawLine(rect.right() + 2, rect.top(), rect.right() + 2, rect.bottom());
         if (perCell) {
             paintPlotGrid(area);
             continue;
         }
-        p->setPen(QPen(c.colours.grid(), 1, Qt::DotLine));
+        p->setPen(c.tools.gridPens[c.picture.switches.blackBackground]);
         const QVector<int> heights = c.layout.valueHeights(area);
         for (const int y : heights)
             p->drawLine(rect.left(), y, rect.right(), y);
@@ -166,11 +162,15 @@ void FramePainter::paintPlotGrid(PlotArea area)
     heightMap.setScaleInterval(rect.bottom(), rect.top());
     heightMap.setPaintInterval(rect.bottom(), rect.top());
 
-    QwtPlotGrid grid;
-    grid.setMajorPen(QPen(c.colours.grid(), 1, Qt::DotLine));
-    grid.setXDiv(QwtScaleDiv(c.timeMap.s1(), c.timeMap.s2(), {}, {}, times));
-    grid.setYDiv(QwtScaleDiv(rect.bottom(), rect.top(), {}, {}, heights));
-    grid.draw(p, c.timeMap, heightMap, QRectF(rect));
+    GraphTools &tools = c.tools;
+    tools.timeDivision.setInterval(c.timeMap.s1(), c.timeMap.s2());
+    tools.timeDivision.setTicks(QwtScaleDiv::MajorTick, times);
+    tools.valueDivision.setInterval(rect.bottom(), rect.top());
+    tools.valueDivision.setTicks(QwtScaleDiv::MajorTick, heights);
+    tools.grid.setMajorPen(tools.gridPens[c.picture.switches.blackBackground]);
+    tools.grid.setXDiv(tools.timeDivision);
+    tools.grid.setYDiv(tools.valueDivision);
+    tools.grid.draw(p, c.timeMap, heightMap, QRectF(rect));
 }
 
 void FramePainter::paintNoData(const QRect &rect, double points, const QColor &colour, const QString &reason)

@@ -1,5 +1,6 @@
 #include "graph/graphcanvas.h"
 
+#include "graph/graphtools.h"
 #include "graph/seriesstore.h"
 
 namespace {
@@ -14,10 +15,11 @@ QwtScaleMap shownTimes(const GraphPicture &picture, const GraphLayout &layout)
 
 } // namespace
 
-GraphCanvas::GraphCanvas(QPainter *usedPainter, const GraphPicture &shownPicture, GraphFonts &usedFonts)
+GraphCanvas::GraphCanvas(QPainter *usedPainter, const GraphPicture &shownPicture, GraphTools &usedTools)
     : painter(usedPainter)
     , picture(shownPicture)
-    , fonts(usedFonts)
+    , tools(usedTools)
+    , fonts(usedTools.fonts)
     , layout(shownPicture.size, shownPicture.store->size())
     , colours(shownPicture.switches.blackBackground)
     , timeMap(shownTimes(shownPicture, layout))

@@ -6,15 +6,17 @@
 
 class GraphFonts;
 class QPainter;
+struct GraphTools;
 
 /// What the parts of a graph's drawing share for one painting.
 struct GraphCanvas {
     QPainter *painter;
     const GraphPicture &picture;
+    GraphTools &tools;
     GraphFonts &fonts;
     GraphLayout layout;
     GraphColours colours;
     QwtScaleMap timeMap; ///< of the times shown; without records a second
 
-    GraphCanvas(QPainter *painter, const GraphPicture &picture, GraphFonts &fonts);
+    GraphCanvas(QPainter *painter, const GraphPicture &picture, GraphTools &tools);
 };

@@ -3,16 +3,35 @@
 #include "graph/cursorpainter.h"
 #include "graph/framepainter.h"
 #include "graph/graphscene.h"
+#include "graph/graphtools.h"
 #include "graph/legendpainter.h"
 #include "graph/valueaxispainter.h"
 #include "graph/vectorstate.h"
 
 #include <QPainter>
 
+namespace {
+
+QPen penOf(const GraphTools &tools, const GraphScene::Curve &curve)
+{
+    if (curve.series < SeriesStore::Cell1)
+        return QPen(curve.colour, curve.width);
+    return (curve.width > 1 ? tools.selectedCellPens : tools.cellPens)[curve.series - SeriesStore::Cell1];
+}
+
+} // namespace
+
+GraphPainter::GraphPainter()
+    : m_tools(std::make_unique<GraphTools>())
+{
+}
+
+GraphPainter::~GraphPainter() = default;
+
 void GraphPainter::paint(QPainter *painter, const GraphPicture &picture)
 {
     painter->save();
-    const GraphCanvas canvas(painter, picture, m_fonts);
+    const GraphCanvas canvas(painter, picture, *m_tools);
     FramePainter frame(canvas);
     frame.paintBackground();
     frame.paintBadge();
@@ -60,6 +79,6 @@ void GraphPainter::paintCurves(const GraphCanvas &canvas, const GraphScene &scen
         m_curves.draw(canvas.painter,
             {canvas.picture.store, curve.series, curve.first, canvas.timeMap,
                 canvas.layout.valueMap(curve.area, range.low, range.high), canvas.layout.area(curve.area),
-                curve.colour, curve.width});
+                penOf(*m_tools, curve)});
     }
 }

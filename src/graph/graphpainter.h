@@ -1,16 +1,21 @@
 #pragma once
 
 #include "graph/curvepainter.h"
-#include "graph/graphfonts.h"
+
+#include <memory>
 
 struct GraphCanvas;
 struct GraphPicture;
 struct GraphScene;
+struct GraphTools;
 
-/// Paints graphs, for screen, printer and file alike. Keeps what it found of curves and texts, so that
+/// Paints graphs, for screen, printer and file alike, with tools that it makes once. Keeps what it found of curves and texts, so that
 /// painting the same recording again costs little; keep one painter for each recording that is shown.
 class GraphPainter {
 public:
+    GraphPainter();
+    ~GraphPainter();
+
     /// Paints `picture` with its top left corner at the origin. Leaves `painter` as it was.
     void paint(QPainter *painter, const GraphPicture &picture);
 
@@ -20,5 +25,5 @@ private:
     static void paintPointer(const GraphCanvas &canvas, const GraphScene &scene);
 
     CurvePainter m_curves;
-    GraphFonts m_fonts;
+    std::unique_ptr<GraphTools> m_tools;
 };

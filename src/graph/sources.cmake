@@ -30,6 +30,7 @@ target_sources(varnel_gui PRIVATE
     graph/graphpainter.cpp graph/graphpainter.h
     graph/graphpicture.h
     graph/graphscene.cpp graph/graphscene.h
+    graph/graphtools.cpp graph/graphtools.h
     graph/graphviewport.cpp graph/graphviewport.h
     graph/graphzoom.cpp graph/graphzoom.h
     graph/inkcolumns.cpp graph/inkcolumns.h

@@ -2,6 +2,7 @@
 
 #include "graph/figures.h"
 #include "graph/graphfonts.h"
+#include "graph/graphtools.h"
 
 #include <QLocale>
 #include <QPainter>
@@ -42,24 +43,40 @@ ValueAxisPainter::Place ValueAxisPainter::placeFor(const GraphLayout &layout, Gr
     return {left, layout.legend().left() - left};
 }
 
-void ValueAxisPainter::paint(const GraphScene::Axis &axis)
+const QwtScaleDraw &ValueAxisPainter::scaleFor(const GraphScene::Axis &axis)
 {
     const ValueRange range = axis.range.part(c.picture.zoom.share(axis.area));
-    const QVector<int> heights = c.layout.valueHeights(axis.area);
-    const int steps = heights.size() - 1;
+    const QRect area = c.layout.area(axis.area);
+    const int steps = c.layout.valueSteps();
+    QList<double> values;
+    for (int step = 0; step <= steps; ++step)
+        values.append(range.low + (range.high - range.low) * step / steps);
+    c.tools.valueDivision.setInterval(range.low, range.high);
+    c.tools.valueDivision.setTicks(QwtScaleDiv::MajorTick, values);
+    QwtScaleDraw &scale = c.tools.valueScale;
+    scale.move(area.topLeft());
+    scale.setLength(area.height() - 1);
+    scale.setScaleDiv(c.tools.valueDivision);
+    return scale;
+}
+
+void ValueAxisPainter::paint(const GraphScene::Axis &axis)
+{
+    const QwtScaleDraw &scale = scaleFor(axis);
+    const QList<double> values = scale.scaleDiv().ticks(QwtScaleDiv::MajorTick);
     const Place place = placeFor(c.layout, axis.side);
-    const int decimals = decimalsFor(axis, (range.high - range.low) / steps);
+    const int decimals = decimalsFor(axis, values[1] - values[0]);
     c.painter->setPen(c.colours.readable(axis.colour));
-    for (int step = 0; step <= steps; ++step) {
-        const double value = range.low + (range.high - range.low) * step / steps;
+    for (const double value : values) {
         QString text = figure(value, axis.fieldWidth, decimals);
         if (c.fonts.fit(8, text, place.width).width > place.width + besideLine)
             text = QLocale().toString(value, 'g', 3); // a figure that no battery gives
-        drawLabel(place, axis.side, heights[step] + baselineBelow, text);
+        drawLabel(place, axis.side, qRound(scale.scaleMap().transform(value)) + baselineBelow, text);
     }
-    const int below = heights[steps - 1] - heights[steps];
+    const QRect area = c.layout.area(axis.area);
+    const int below = (area.height() - 1) / (values.size() - 1);
     if (below >= stepForUnit)
-        drawLabel(place, axis.side, heights[steps] + below / 2 + baselineBelow, axis.unit);
+        drawLabel(place, axis.side, area.top() + below / 2 + baselineBelow, axis.unit);
 }
 
 void ValueAxisPainter::drawLabel(const Place &place, GraphScene::Side side, int baseline, const QString &text)

@@ -3,6 +3,8 @@
 #include "graph/graphcanvas.h"
 #include "graph/graphscene.h"
 
+class QwtScaleDraw;
+
 /// Draws the labels of value axes with their unit.
 class ValueAxisPainter {
 public:
@@ -16,6 +18,7 @@ private:
     };
 
     static Place placeFor(const GraphLayout &layout, GraphScene::Side side);
+    const QwtScaleDraw &scaleFor(const GraphScene::Axis &axis);
     void drawLabel(const Place &place, GraphScene::Side side, int baseline, const QString &text);
 
     const GraphCanvas &c;

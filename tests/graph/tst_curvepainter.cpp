@@ -29,6 +29,8 @@ void fill(SeriesStore *store, int count, const QString &wave)
             time += i == count / 2 ? -count / 4 : i == count / 4 * 3 ? count / 4 : 0;
         if (wave == QLatin1String("joined")) // many recordings, one after the other
             time = i % (count / 150) * 150;
+        if (wave == QLatin1String("returns") && i == count - 1) // to the very start
+            time = 1;
         record.setTime(time);
         record.voltage = 12000 + int(3000 * std::sin(i * 6.0 / count)) + noise(random);
         if (wave == QLatin1String("steps"))
@@ -48,7 +50,7 @@ void fill(SeriesStore *store, int count, const QString &wave)
 
 CurvePainter::Job jobFor(const SeriesStore &store, double from, double to, double low, double high)
 {
-    CurvePainter::Job job{&store, SeriesStore::Voltage, 0, {}, {}, area, Qt::green, 1};
+    CurvePainter::Job job{&store, SeriesStore::Voltage, 0, {}, {}, area, QPen(Qt::green, 1)};
     job.timeMap.setScaleInterval(from, to);
     job.timeMap.setPaintInterval(area.left(), area.right());
     job.valueMap.setScaleInterval(low, high);
@@ -77,7 +79,7 @@ QImage drawnByCurve(const CurvePainter::Job &job)
     for (int i = job.first; i < job.store->size(); ++i)
         samples.append({job.store->series(SeriesStore::Time)[i], job.store->series(job.series)[i]});
     VarnelPlotCurve curve;
-    curve.setPen(job.colour, job.width);
+    curve.setPen(job.pen);
     curve.setData(new CurveData(samples));
     QImage image = canvas();
     QPainter painter(&image);
@@ -90,7 +92,7 @@ QImage drawnByLines(const CurvePainter::Job &job)
 {
     QImage image = canvas();
     QPainter painter(&image);
-    painter.setPen(QPen(job.colour, job.width));
+    painter.setPen(job.pen);
     painter.setClipRect(job.area);
     QPoint last;
     for (int i = job.first; i < job.store->size(); ++i) {
@@ -127,6 +129,7 @@ private slots:
     void fewSamplesPaintAsCurve_data();
     void fewSamplesPaintAsCurve();
     void drawsFromAnySampleOn();
+    void momentIsItsPoints();
     void finerDevicesGetFinerLines();
     void redrawsWhatHasChanged();
     void backwardTimesStayInside();
@@ -164,7 +167,7 @@ void TestCurvePainter::manySamplesPaintAsLines()
     CurvePainter curves;
     for (double low : {8.0, 11.9}) { // all of the curve, and cut at the area's edge
         CurvePainter::Job job = jobFor(store, from, to, low, 14.5);
-        job.width = width;
+        job.pen.setWidth(width);
         const QImage image = drawn(&curves, job);
         QVERIFY(image == drawnByLines(job));
         QVERIFY(low > 8.0 || image != canvas());
@@ -179,6 +182,7 @@ void TestCurvePainter::fewSamplesPaintAsCurve_data()
         for (int count : {2, 17, 300, 600})
             QTest::addRow("%s %d", wave, count) << QString::fromLatin1(wave) << count;
     }
+    QTest::newRow("back to the start") << QStringLiteral("returns") << 300; // no point of its own there
 }
 
 void TestCurvePainter::fewSamplesPaintAsCurve()
@@ -189,8 +193,8 @@ void TestCurvePainter::fewSamplesPaintAsCurve()
     fill(&store, count, wave);
     CurvePainter curves;
     for (int width : {1, 2}) {
-        CurvePainter::Job job = jobFor(store, 0, store.series(SeriesStore::Time).last(), 11.9, 14.5);
-        job.width = width;
+        CurvePainter::Job job = jobFor(store, 0, store.series(SeriesStore::Time).maximum(), 11.9, 14.5);
+        job.pen.setWidth(width);
         QVERIFY(drawn(&curves, job) == drawnByCurve(job));
     }
 }
@@ -205,6 +209,38 @@ void TestCurvePainter::drawsFromAnySampleOn()
     const QImage image = drawn(&curves, job);
     QVERIFY(image == drawnByLines(job));
     QCOMPARE(image.copy(0, 0, 185, 200), canvas().copy(0, 0, 185, 200));
+}
+
+// Each value has a whole point, at the edges too, and nothing else is drawn.
+void TestCurvePainter::momentIsItsPoints()
+{
+    SeriesStore store;
+    QImage expected = canvas();
+    QPainter painter(&expected);
+    for (int volts : {8, 10, 13, 16}) {
+        Varnel3Data record;
+        record.setTime(100);
+        record.voltage = volts * 1000;
+        store.append(record);
+        const int y
+            = qBound(area.top() + 2, area.bottom() - qRound((volts - 8) / 8.0 * 159), area.bottom() - 2);
+        painter.fillRect(QRect(area.left(), y - 2, 5, 5), Qt::green);
+    }
+    painter.end();
+    CurvePainter curves;
+    CurvePainter::Job job = jobFor(store, 100, 101, 8, 16);
+    QCOMPARE(drawn(&curves, job), expected);
+    job.timeMap.setScaleInterval(200, 300); // elsewhere
+    QCOMPARE(drawn(&curves, job), canvas());
+    job.timeMap.setScaleInterval(100, 101);
+    for (int i = 0; i < 1000; ++i) { // all of them, at the cost of one
+        const Varnel3Data newest = store.records().last();
+        store.append(newest);
+    }
+    painter.begin(&expected);
+    painter.fillRect(QRect(area.left(), area.top(), 5, area.height()), Qt::green);
+    painter.end();
+    QCOMPARE(drawn(&curves, job), expected);
 }
 
 void TestCurvePainter::finerDevicesGetFinerLines()
@@ -253,7 +289,7 @@ void TestCurvePainter::redrawsWhatHasChanged()
     QVERIFY(drawn(&curves, job) == drawnByLines(job));
     job.timeMap.setScaleInterval(1000, 4000);
     QVERIFY(drawn(&curves, job) == drawnByLines(job));
-    job.width = 2;
+    job.pen.setWidth(2);
     QVERIFY(drawn(&curves, job) == drawnByLines(job));
 }
 

@@ -115,6 +115,7 @@ private slots:
     void survivesAnyRecording();
     void noFalseFirstStep();
     void zoomShowsAPart();
+    void paintsWithUsedTools();
     void noteComesFirst();
     void informationIsComplete();
 };
@@ -483,6 +484,28 @@ void TestGraphPainter::zoomShowsAPart()
     QCOMPARE(image.copy(lower), before.copy(lower));
     QVERIFY(image.copy(upper) != before.copy(upper));
     QVERIFY(image.copy(0, 20, 36, 270) != before.copy(0, 20, 36, 270)); // labels
+}
+
+/// What one painting left in pens, curves, scales and grid shows in no other.
+void TestGraphPainter::paintsWithUsedTools()
+{
+    SeriesStore stores[3];
+    append(&stores[0], recordings::lipoCharge(300));
+    append(&stores[1], recordings::nimhDischarge(5));
+    append(&stores[2], recordings::tandorRun(2000));
+    GraphPainter used;
+    for (int round = 0; round < 12; ++round) {
+        GraphPicture picture = pictureOf(stores[round % 3], round % 2 == 0);
+        picture.size = QSize(400 + 50 * round, 300);
+        picture.switches.balancer = round % 4 > 1;
+        picture.switches.average = round > 7;
+        picture.selectedCells[2] = round < 6;
+        QImage image(picture.size, QImage::Format_RGB32);
+        QPainter painter(&image);
+        used.paint(&painter, picture);
+        painter.end();
+        QVERIFY2(image == drawn(picture), qPrintable(QString::number(round)));
+    }
 }
 
 void TestGraphPainter::noteComesFirst()
