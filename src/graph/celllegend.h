@@ -3,8 +3,8 @@
 #include "graph/graphlayout.h"
 
 /// The rows of the cells in the legend: a heading of two lines, then a row a cell. They lie beside the upper
-/// plot. Where that would make them too low to be read they reach down to the lines of the lower plot's legend,
-/// which keep their room, and where that is not enough they stand in two columns.
+/// plot. Where that would make them too low to be read they reach down to the lines of the lower plot's
+/// legend, which keep their room, and where that is not enough they stand in two columns.
 class CellLegend {
 public:
     CellLegend(const GraphLayout &layout, int cellCount);

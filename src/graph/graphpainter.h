@@ -9,8 +9,9 @@ struct GraphPicture;
 struct GraphScene;
 struct GraphTools;
 
-/// Paints graphs, for screen, printer and file alike, with tools that it makes once. Keeps what it found of curves and texts, so that
-/// painting the same recording again costs little; keep one painter for each recording that is shown.
+/// Paints graphs, for screen, printer and file alike, with tools that it makes once. Keeps what it found of
+/// curves and texts, so that painting the same recording again costs little; keep one painter for each
+/// recording that is shown.
 class GraphPainter {
 public:
     GraphPainter();
