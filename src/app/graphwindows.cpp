@@ -82,7 +82,9 @@ void GraphWindows::repaintAll() const
 void GraphWindows::showRecord(const Varnel3Data &record, int windowNumber, bool useKeptRi)
 {
     Varnel3Data copy = record;
-    emit recordShown(copy, windowNumber, useKeptRi);
+    // What was kept of another window's cells is none of this one's business.
+    emit recordShown(copy, windowNumber, useKeptRi && m_currentShown);
+    m_currentShown = true;
 }
 
 void GraphWindows::showMessageStatusBar(const QString &text, int timeout)
@@ -146,6 +148,7 @@ void GraphWindows::setCurrent(MdiGraphChild *child)
         return;
     m_current = child;
     m_figures->clear(); // no figure of another device lingers
+    m_currentShown = false;
     if (m_current)
         m_current->showNewest();
     emit currentChanged();

@@ -76,6 +76,7 @@ private:
     CloseGuard *m_guard = nullptr;
     QList<MdiGraphChild *> m_children;
     MdiGraphChild *m_current = nullptr; ///< one of m_children
+    bool m_currentShown = false; ///< what the displays show is a record of it
     bool m_ending = false;
     bool m_renumbering = false; ///< asked for, not done yet
 };

@@ -12,6 +12,8 @@
 
 #include <QGuiApplication>
 #include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QScreen>
 #include <QWindow>
 
@@ -33,6 +35,7 @@ private slots:
     void comparisonKeepsItsPlace();
     void displaysKeepTheirState();
     void displaysNameTheWindow();
+    void keptResistancesStayWithTheirWindow();
     void staleFiguresSaySince();
     void questionsStandAboveDisplays();
 
@@ -99,6 +102,36 @@ void TestDisplayWindows::displaysNameTheWindow()
     QTRY_COMPARE(number->text(), QStringLiteral("2"));
     first->close();
     QTRY_COMPARE(number->text(), QStringLiteral("1"));
+}
+
+/// Of a window that comes to the front and whose newest record lacks resistances, nothing is known.
+void TestDisplayWindows::keptResistancesStayWithTheirWindow()
+{
+    for (const ActionId id : {ActionId::Data, ActionId::Balancer, ActionId::Energy, ActionId::Energy})
+        trigger(id);
+    const auto *display = window->findChild<DataDisplay *>();
+    const auto *value = display->findChild<QLabel *>(QStringLiteral("cellValue1"));
+    const auto measure = [](MdiGraphChild *child, const QString &tenths) {
+        for (int i = 0; i < 2; ++i)
+            child->addRecord(Lines::record(i));
+        child->applyResistanceLine(QLatin1Char('!') + tenths + (QLatin1Char(',') + tenths).repeated(15));
+    };
+    MdiGraphChild *hidden = window->createMdiChild();
+    MdiGraphChild *seen = window->createMdiChild();
+    measure(hidden, QStringLiteral("50"));
+    hidden->addRecord(Lines::record(2));
+    measure(seen, QStringLiteral("20"));
+    settle(*display);
+    QCOMPARE(value->text().trimmed(), QStringLiteral("2.0"));
+    seen->addRecord(Lines::record(2));
+    settle(*display);
+    QCOMPARE(value->text().trimmed(), QStringLiteral("2.0"));
+
+    measure(seen, QStringLiteral("20"));
+    window->findChild<QMdiArea *>()->setActiveSubWindow(
+        qobject_cast<QMdiSubWindow *>(hidden->parentWidget()));
+    settle(*display);
+    QCOMPARE(value->text(), QStringLiteral("--.-"));
 }
 
 void TestDisplayWindows::staleFiguresSaySince()
