@@ -63,6 +63,15 @@ QVector<int> VoltageChart::shownCells(const PackVoltages &pack) const
     return cells;
 }
 
+QString VoltageChart::noCellText(const PackVoltages &pack) const
+{
+    if (!pack.hasCellData)
+        return translated("No cell data");
+    if (oneCell >= 0)
+        return translated("No cell %1").arg(oneCell + 1);
+    return selection == AllButSelected ? translated("All cells are hidden.") : translated("No cell selected");
+}
+
 int VoltageChart::top() const
 {
     return px(headerHeight + textLine);
@@ -287,11 +296,8 @@ void VoltageChart::paintFigures(
         group.left + px(4), bottom(height) + px(textLine + 2), group.width - px(8), px(textLine));
     painter.setPen(ChartPaint::textColour(blackGround));
     if (cells.isEmpty()) {
-        const QString reason = !pack.hasCellData ? translated("No cell data")
-            : oneCell >= 0                       ? translated("No cell %1").arg(oneCell + 1)
-                                                 : translated("No cell selected");
         ChartPaint::drawFitted(painter, {line.left(), top(), line.width(), bottom(height) - top()},
-            Qt::AlignCenter, reason, 11, scale);
+            Qt::AlignCenter, noCellText(pack), 11, scale);
         return;
     }
     if (oneCell >= 0) {

@@ -26,6 +26,8 @@ public:
 
     /// Indexes of the cells shown of `pack`.
     QVector<int> shownCells(const PackVoltages &pack) const;
+    /// Why none is shown of `pack`.
+    QString noCellText(const PackVoltages &pack) const;
     /// Width of the picture when `available` pixels are there: more where the groups need it to be readable.
     int contentWidth(int available) const;
     /// Part of `available` that the groups have, beside the axis.
