@@ -66,7 +66,8 @@ VoltageComparison::VoltageComparison(QWidget *parent)
     connect(m_gate, SIGNAL(refresh()), this, SLOT(refresh()));
     connect(m_selectionButton, SIGNAL(clicked()), this, SLOT(cycleSelection()));
     connect(m_canvas, SIGNAL(cellPressed(int,int,bool)), this, SLOT(onCellPressed(int,int,bool)));
-    connect(m_canvas, SIGNAL(resized()), this, SLOT(updateScrollBar()));
+    // Queued: shown while its neighbour is being resized, the bar would have no height until the next time.
+    connect(m_canvas, SIGNAL(resized()), this, SLOT(updateScrollBar()), Qt::QueuedConnection);
     connect(m_scrollBar, SIGNAL(valueChanged(int)), m_canvas, SLOT(setScroll(int)));
     updateVoltage();
 }

@@ -331,9 +331,12 @@ void TestVoltageComparison::choosingKeepsThePlace()
         source.list.append(pack(i, QVector<int>(16, 3700 + i)));
     VoltageComparison window;
     window.setSource(&source);
-    window.resize(scaled(400), scaled(360));
+    window.resize(scaled(4000), scaled(360));
     window.show();
     auto *bar = window.findChild<QScrollBar *>();
+    QVERIFY(!bar->isVisible());
+    window.resize(scaled(400), scaled(360));
+    QTRY_VERIFY(bar->isVisible() && bar->height() > 0);
     auto *canvas = window.findChild<VoltageCanvas *>();
     bar->setValue(canvas->chart().groupStart(6, canvas->width()) - 9);
     for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Right, Qt::Key_Escape}) {
