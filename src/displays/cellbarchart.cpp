@@ -83,11 +83,10 @@ void CellBarChart::paintAxes(QPainter &painter, const QSize &size) const
     const int unitHeight = px(16);
     const int levelTop = qRound((levelBase - levelHeight) * height);
     painter.setPen(ChartPaint::textColour(blackGround));
-    ChartPaint::drawFitted(painter,
-        {px(24), qRound(scaleTop * height) - px(10) - unitHeight, px(60), unitHeight},
-        Qt::AlignLeft | Qt::AlignVCenter, QLatin1String(units[bars.quantity]), 8, scale);
-    ChartPaint::drawFitted(painter, {0, levelTop - px(8) - unitHeight, px(axisLabelWidth), unitHeight},
-        Qt::AlignRight | Qt::AlignVCenter, QStringLiteral("[%]"), 8, scale);
+    paintScaleText(painter, {px(24), qRound(scaleTop * height) - px(10) - unitHeight, px(60), unitHeight},
+        Qt::AlignLeft, QLatin1String(units[bars.quantity]), 8);
+    paintScaleText(painter, {0, levelTop - px(8) - unitHeight, px(axisLabelWidth), unitHeight},
+        Qt::AlignRight, QStringLiteral("[%]"), 8);
 
     for (int k = 0; k <= divisions; ++k) {
         const qint64 range = qint64(bars.upper) - bars.lower;
@@ -110,8 +109,16 @@ void CellBarChart::paintMark(QPainter &painter, const QSize &size, int y, int va
     painter.setPen(faint);
     painter.drawLine(px(baseLineInset), y, size.width() - px(baseLineInset) + 1, y);
     painter.setPen(ChartPaint::textColour(blackGround));
-    ChartPaint::drawFitted(painter, {0, y - px(8), px(axisLabelWidth), px(16)},
-        Qt::AlignRight | Qt::AlignVCenter, QString::number(value), points, scale);
+    paintScaleText(
+        painter, {0, y - px(8), px(axisLabelWidth), px(16)}, Qt::AlignRight, QString::number(value), points);
+}
+
+// The scales are in Times, so that they are told from the figures of the cells, which are in Arial.
+void CellBarChart::paintScaleText(
+    QPainter &painter, const QRect &box, int alignment, const QString &text, int points) const
+{
+    ChartPaint::drawFitted(
+        painter, box, alignment | Qt::AlignVCenter, text, points, scale, false, QStringLiteral("Times"));
 }
 
 void CellBarChart::paintCell(QPainter &painter, int cell, const QSize &size) const

@@ -33,6 +33,8 @@ private:
     int barWidth(int width) const;
     void paintAxes(QPainter &painter, const QSize &size) const;
     void paintMark(QPainter &painter, const QSize &size, int y, int value, int points) const;
+    void paintScaleText(
+        QPainter &painter, const QRect &box, int alignment, const QString &text, int points) const;
     void paintCell(QPainter &painter, int cell, const QSize &size) const;
     void paintOffScaleEnd(QPainter &painter, const QRect &bar, bool up) const;
 };

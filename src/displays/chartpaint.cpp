@@ -26,10 +26,10 @@ int drawBadge(QPainter &painter, int left, int top, int number, qreal scale)
     return badge.width();
 }
 
-void drawFitted(
-    QPainter &painter, const QRect &box, int flags, const QString &text, int points, qreal scale, bool bold)
+void drawFitted(QPainter &painter, const QRect &box, int flags, const QString &text, int points, qreal scale,
+    bool bold, const QString &family)
 {
-    QFont font = drawingFont(QStringLiteral("Arial"), points, scale, bold);
+    QFont font = drawingFont(family, points, scale, bold);
     const int width = QFontMetrics(font).horizontalAdvance(text);
     if (width > box.width() && width > 0)
         font.setPixelSize(qMax(1, font.pixelSize() * box.width() / width));
