@@ -23,4 +23,5 @@ target_sources(varnel_data PRIVATE
     data/recordline.cpp data/recordline.h
     data/recordlist.cpp data/recordlist.h
     data/balanceintegrator.cpp data/balanceintegrator.h
+    data/voltageslope.h
 )

@@ -2,6 +2,7 @@
 
 #include "data/timetext.h"
 #include "data/varnel3data.h"
+#include "data/voltageslope.h"
 #include "displays/figuretext.h"
 
 #include <QCoreApplication>
@@ -58,6 +59,11 @@ constexpr const char *modeTexts[] = {
 QString translated(const char *text)
 {
     return QCoreApplication::translate("DataDisplay", text);
+}
+
+QString slopeText(int slope)
+{
+    return slope == noVoltageSlope ? FigureText::shortDashes() : QString::number(slope);
 }
 
 QString cellNote(int index)
@@ -127,7 +133,7 @@ void DataFigures::showNormal(const Varnel3Data &record)
     m_texts[Temperature] = FigureText::degrees(record.temperature);
     m_texts[Capacity] = FigureText::ampereHours(record.energy);
     m_texts[Resistance] = FigureText::ohms(record.internalResistance);
-    m_texts[Slope] = record.time >= slopeSettled ? QString::number(record.voltageSlope) : QString();
+    m_texts[Slope] = record.time >= slopeSettled ? slopeText(record.voltageSlope) : QString();
 }
 
 void DataFigures::showStatistics(const Varnel3Data &record)

@@ -108,10 +108,19 @@ void MdiGraphChild::showNewest()
 {
     if (m_store.isEmpty() || !m_host->isCurrent(this))
         return;
-    const Varnel3Data &newest = m_store.records().last();
-    const bool useKeptRi = newest.flag5 == 'B' && m_host->viewState()->switches().energyMode == 2
-        && m_store.size() >= 3 && m_store.newestLacksResistance();
-    m_host->showRecord(newest, m_windowNumber, useKeptRi);
+    const int newest = m_store.size() - 1;
+    const Varnel3Data shown = shownRecord(newest);
+    const bool useKeptRi = shown.flag5 == 'B' && m_host->viewState()->switches().energyMode == 2
+        && newest >= 2 && m_store.newestLacksResistance();
+    m_host->showRecord(shown, m_windowNumber, useKeptRi);
+}
+
+// What is stored and saved is what the device has sent; only the copy that is shown tells dV.
+Varnel3Data MdiGraphChild::shownRecord(int record) const
+{
+    Varnel3Data shown = m_store.records()[record];
+    shown.voltageSlope = m_store.slopeAt(record);
+    return shown;
 }
 
 // A record from the past is shown with the charge balanced so far.
@@ -119,7 +128,7 @@ void MdiGraphChild::showRecordAt(int record)
 {
     if (!m_host->isCurrent(this))
         return;
-    Varnel3Data shown = m_store.records()[record];
+    Varnel3Data shown = shownRecord(record);
     shown.balancedMah = m_store.records().last().maxBalanceChargeMah();
     m_host->showRecord(shown, m_windowNumber, false);
 }

@@ -97,6 +97,7 @@ private slots:
 private:
     void connectHost();
     void connectInteraction();
+    Varnel3Data shownRecord(int record) const;
     void tellCapacity();
     void scheduleRepaint();
     void setTitle(const QString &title);

@@ -1,5 +1,7 @@
 #include "graph/seriesstore.h"
 
+#include "data/voltageslope.h"
+
 #include <atomic>
 #include <limits>
 
@@ -137,6 +139,14 @@ SeriesStore::Capacity SeriesStore::capacity() const
     const bool marked = hasCapacity && size() >= EndMark::recordsForMark() && m_end.first() >= 0;
     capacity.energyAtMark = marked ? m_records[m_end.first()].energy : capacity.energyNow;
     return capacity;
+}
+
+int SeriesStore::slopeAt(int index) const
+{
+    if (index <= firstResistance()) // the first one has nothing to differ from
+        return noVoltageSlope;
+    constexpr double limit = std::numeric_limits<int>::max();
+    return qRound(qBound(-limit, series(Dv)[index], limit));
 }
 
 bool SeriesStore::newestLacksResistance() const

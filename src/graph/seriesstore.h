@@ -35,6 +35,8 @@ public:
     Capacity capacity() const;
     /// What the resistance of `cell`, from 0 on, was when a line gave it last, in mOhm; 0 while none has.
     double knownResistance(int cell) const { return m_resistances[cell]; }
+    /// dV at record `index` in whole mV/min; noVoltageSlope where there is none yet.
+    int slopeAt(int index) const;
     /// The newest record lacks the resistance of its first cell, which its predecessor had.
     bool newestLacksResistance() const;
     /// Another one after every record and every load, and never that of another store with records.

@@ -1,5 +1,6 @@
 #include "displays/datafigures.h"
 
+#include "data/voltageslope.h"
 #include "displays/samplepack.h"
 #include "support/columns.h"
 
@@ -79,6 +80,8 @@ private slots:
         QCOMPARE(figuresOf(record).text(DataFigures::Slope), QString());
         record.time = 90;
         QCOMPARE(figuresOf(record).text(DataFigures::Slope), QStringLiteral("-12"));
+        record.voltageSlope = noVoltageSlope;
+        QCOMPARE(figuresOf(record).text(DataFigures::Slope), QStringLiteral("--,-"));
     }
 
     void perCellVoltage()

@@ -1,3 +1,4 @@
+#include "data/voltageslope.h"
 #include "graph/graphfixture.h"
 #include "graph/mdigraphchild.h"
 #include "graph/recordings.h"
@@ -34,6 +35,7 @@ private slots:
     void tellsEachRecord();
     void flagsLostResistance();
     void showsRecordsWhileCurrent();
+    void showsItsDv();
     void liveWhileAReaderFeeds();
     void closingDetaches();
     void loadsAFile();
@@ -125,6 +127,21 @@ void TestMdiGraphChild::showsRecordsWhileCurrent()
     child.showNewest();
     QCOMPARE(host.shown.size(), 2);
     QCOMPARE(host.shown[1].record.voltage, child.store().records()[0].voltage);
+}
+
+void TestMdiGraphChild::showsItsDv()
+{
+    FakeHost host;
+    MdiGraphChild child(&host);
+    host.current = &child;
+    Varnel3Data record = recordings::lipoCharge(1)[0];
+    record.voltage = 20000;
+    for (int i = 0; i < 60; ++i, record.voltage += 7)
+        child.addRecord(record);
+    QCOMPARE(host.shown[17].record.voltageSlope, noVoltageSlope);
+    QVERIFY(host.shown[18].record.voltageSlope > 0);
+    QCOMPARE(host.shown[59].record.voltageSlope, qRound(child.store().series(SeriesStore::Dv)[59]));
+    QCOMPARE(child.store().records()[59].voltageSlope, 0); // stays as the device sent it
 }
 
 void TestMdiGraphChild::liveWhileAReaderFeeds()
