@@ -26,11 +26,19 @@ void setShown(QWidget *display, bool shown)
     display->setVisible(shown);
 }
 
-void restorePlace(QWidget *display, const QSettings &settings, const char *key, const QPoint &first)
+QString capacityGroup()
 {
-    const QVariant saved = settings.value(QLatin1String(key));
-    display->move(saved.isValid() ? WindowPlace::reachable(saved.toPoint(), display->size())
-                                  : WindowPlace::first(first, display->size()));
+    return QStringLiteral("capacitydisplay");
+}
+
+QString powerGroup()
+{
+    return QStringLiteral("powerdisplay");
+}
+
+QString dataPlaceKey()
+{
+    return QStringLiteral("datadisplay/pos");
 }
 
 } // namespace
@@ -177,20 +185,18 @@ void DisplayWindows::printPower()
 
 void DisplayWindows::readPlaces(const QSettings &settings)
 {
-    restorePlace(m_data, settings, "datadisplay/pos", firstDataPlace);
-    m_capacity->resize(settings.value(QStringLiteral("capacitydisplay/size"), firstSize).toSize());
-    restorePlace(m_capacity, settings, "capacitydisplay/pos", firstCapacityPlace);
-    m_power->resize(settings.value(QStringLiteral("powerdisplay/size"), firstSize).toSize());
-    restorePlace(m_power, settings, "powerdisplay/pos", firstPowerPlace);
+    const QVariant dataPlace = settings.value(dataPlaceKey()); // its size is fixed
+    m_data->move(dataPlace.isValid() ? WindowPlace::reachable(dataPlace.toPoint(), m_data->size())
+                                     : WindowPlace::first(firstDataPlace, m_data->size()));
+    WindowPlace::restore(m_capacity, capacityGroup(), settings, firstSize, firstCapacityPlace);
+    WindowPlace::restore(m_power, powerGroup(), settings, firstSize, firstPowerPlace);
 }
 
 void DisplayWindows::writePlaces(QSettings *settings) const
 {
-    settings->setValue(QStringLiteral("datadisplay/pos"), m_data->pos());
-    settings->setValue(QStringLiteral("capacitydisplay/size"), m_capacity->size());
-    settings->setValue(QStringLiteral("capacitydisplay/pos"), m_capacity->pos());
-    settings->setValue(QStringLiteral("powerdisplay/size"), m_power->size());
-    settings->setValue(QStringLiteral("powerdisplay/pos"), m_power->pos());
+    settings->setValue(dataPlaceKey(), m_data->pos());
+    WindowPlace::save(*m_capacity, capacityGroup(), settings);
+    WindowPlace::save(*m_power, powerGroup(), settings);
     if (m_voltage)
         m_voltage->writePlace(settings);
 }

@@ -23,8 +23,11 @@ namespace {
 
 constexpr QSize defaultSize{640, 360};
 constexpr QPoint defaultPlace{490, 316}; // beside the other displays
-const QLatin1String sizeKey{"voltagecomp/size"};
-const QLatin1String placeKey{"voltagecomp/pos"};
+
+QString placeGroup()
+{
+    return QStringLiteral("voltagecomp");
+}
 
 /// What the user has chosen. The shell makes a new window whenever the graph windows are numbered afresh.
 struct Choice {
@@ -107,20 +110,15 @@ void VoltageComparison::createControls()
 
 void VoltageComparison::restorePlace()
 {
-    VarnelSettings settings;
-    resize(
-        settings.value(sizeKey, QSize(scaled(defaultSize.width()), scaled(defaultSize.height()))).toSize());
-    const QVariant place = settings.value(placeKey);
-    move(place.isValid() ? WindowPlace::reachable(place.toPoint(), size())
-                         : WindowPlace::first(defaultPlace, size()));
+    const QSize size(scaled(defaultSize.width()), scaled(defaultSize.height()));
+    WindowPlace::restore(this, placeGroup(), VarnelSettings(), size, defaultPlace);
 }
 
 void VoltageComparison::writePlace(QSettings *settings) const
 {
     if (!m_wasShown)
         return;
-    settings->setValue(sizeKey, size());
-    settings->setValue(placeKey, pos());
+    WindowPlace::save(*this, placeGroup(), settings);
 }
 
 void VoltageComparison::setViewState(ViewState *state)

@@ -4,6 +4,8 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QSettings>
+#include <QWidget>
 
 namespace WindowPlace {
 
@@ -20,6 +22,11 @@ QPoint onPrimaryScreen(const QPoint &place, const QSize &size)
     return {qMax(area.left(), qMin(place.x(), right)), qMax(area.top(), qMin(place.y(), bottom))};
 }
 
+// The settings' keys below a display's group.
+const QLatin1String sizeKey{"/size"};
+const QLatin1String placeKey{"/pos"};
+const QLatin1String maximisedKey{"/maximized"};
+
 } // namespace
 
 QPoint first(const QPoint &place, const QSize &size)
@@ -35,6 +42,31 @@ QPoint reachable(const QPoint &place, const QSize &size)
             return place;
     }
     return onPrimaryScreen(place, size);
+}
+
+void save(const QWidget &display, const QString &group, QSettings *settings)
+{
+    settings->setValue(group + maximisedKey, display.isMaximized());
+    const bool usual = !(display.windowState() & (Qt::WindowMaximized | Qt::WindowMinimized));
+    const QRect normal = usual ? display.geometry() : display.normalGeometry();
+    // Maximised ever since restore() has placed it, it knows of no frame yet: nothing has changed.
+    const QRect kept(settings->value(group + placeKey).toPoint(), settings->value(group + sizeKey).toSize());
+    if (!usual && normal == kept)
+        return;
+    const QPoint frame = display.geometry().topLeft() - display.pos();
+    settings->setValue(group + sizeKey, normal.size());
+    settings->setValue(group + placeKey, normal.topLeft() - frame);
+}
+
+void restore(
+    QWidget *display, const QString &group, const QSettings &settings, const QSize &size, const QPoint &place)
+{
+    display->resize(settings.value(group + sizeKey, size).toSize());
+    const QVariant saved = settings.value(group + placeKey);
+    display->move(
+        saved.isValid() ? reachable(saved.toPoint(), display->size()) : first(place, display->size()));
+    if (settings.value(group + maximisedKey).toBool())
+        display->setWindowState(display->windowState() | Qt::WindowMaximized);
 }
 
 } // namespace WindowPlace

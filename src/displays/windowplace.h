@@ -1,7 +1,10 @@
 #pragma once
 
 class QPoint;
+class QSettings;
 class QSize;
+class QString;
+class QWidget;
 
 /// Where display windows stand.
 namespace WindowPlace {
@@ -13,5 +16,12 @@ QPoint first(const QPoint &place, const QSize &size);
 /// `place`, a frame position kept for a window of `size` pixels; where its title can no longer be reached
 /// there, since the screen is gone or smaller, moved onto the primary screen.
 QPoint reachable(const QPoint &place, const QSize &size);
+
+/// Keeps size and place of `display` under `group`: while it is maximised those that it goes back to, and that
+/// it is.
+void save(const QWidget &display, const QString &group, QSettings *settings);
+/// Gives `display`, which is hidden, what is kept under `group`; `size` and first(`place`) while nothing is.
+void restore(QWidget *display, const QString &group, const QSettings &settings, const QSize &size,
+    const QPoint &place);
 
 } // namespace WindowPlace

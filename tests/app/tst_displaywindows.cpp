@@ -79,6 +79,7 @@ void TestDisplayWindows::displaysKeepTheirState()
     window->createMdiChild();
     trigger(ActionId::BarGraph);
     auto *display = window->findChild<CapacityDisplay *>();
+    const QRect usual(display->pos(), display->size());
     display->showMaximized();
     trigger(ActionId::BarGraph);
     QVERIFY(!display->isVisible());
@@ -88,6 +89,17 @@ void TestDisplayWindows::displaysKeepTheirState()
     trigger(ActionId::BarGraph);
     trigger(ActionId::BarGraph);
     QVERIFY(!display->isMinimized());
+
+    // Another run finds it maximised, and the run after that still knows how it was before.
+    for (int run = 0; run < 2; ++run) {
+        window->close();
+        open({});
+        display = window->findChild<CapacityDisplay *>();
+        QVERIFY(display->isMaximized() && !display->isVisible());
+        QCOMPARE(display->normalGeometry(), usual);
+        window->createMdiChild();
+        trigger(ActionId::BarGraph);
+    }
 }
 
 /// Closing a window renumbers the others; the figures of the current one
