@@ -76,6 +76,19 @@ void DataToolBar::showRecord(const Varnel3Data &record)
 
 void DataToolBar::clearFigures()
 {
-    for (QLabel *label : {modeLabel, voltageLabel, currentLabel, temperatureLabel, energyLabel, timeLabel})
+    const auto all = labels();
+    for (QLabel *label : all)
         label->clear();
+}
+
+void DataToolBar::setStale(bool stale)
+{
+    const auto all = labels();
+    for (QLabel *label : all)
+        label->setEnabled(!stale);
+}
+
+QList<QLabel *> DataToolBar::labels() const
+{
+    return {modeLabel, voltageLabel, currentLabel, temperatureLabel, energyLabel, timeLabel};
 }

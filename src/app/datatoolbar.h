@@ -15,8 +15,12 @@ public:
     /// Shows `record`; one without cells or without a process leaves every figure empty.
     void showRecord(const Varnel3Data &record);
     void clearFigures();
+    /// Dims the figures while `stale`: they are no longer those of now.
+    void setStale(bool stale);
 
 private:
+    QList<QLabel *> labels() const;
+
     QLabel *modeLabel;
     QLabel *voltageLabel;
     QLabel *currentLabel;

@@ -2,7 +2,9 @@
 
 #include "displays/capacitydisplay.h"
 #include "displays/datadisplay.h"
+#include "displays/figuretext.h"
 #include "displays/powerdisplay.h"
+#include "displays/printstamp.h"
 #include "displays/voltagecomparison.h"
 #include "displays/voltagesource.h"
 #include "displays/windowplace.h"
@@ -101,6 +103,13 @@ void DisplayWindows::updateVoltage()
 {
     if (m_voltage)
         m_voltage->updateVoltage();
+}
+
+void DisplayWindows::updateComparisons()
+{
+    updateVoltage();
+    if (m_capacity->isVisible())
+        emit capacitiesWanted();
 }
 
 void DisplayWindows::hideAll()
@@ -203,7 +212,12 @@ void DisplayWindows::writePlaces(QSettings *settings) const
 
 void DisplayWindows::nameDevice(const MdiGraphChild *child)
 {
-    if (!child->store().isEmpty())
-        m_capacity->setRecorded(
-            child->windowNumber(), Varnel3Data::deviceName(child->store().device()), child->sourceName());
+    if (child->store().isEmpty())
+        return;
+    const Varnel3Data &newest = child->store().records().last();
+    const QString name = printedName(
+        child->windowNumber(), Varnel3Data::deviceName(child->store().device()), child->sourceName());
+    m_capacity->setRecorded(child->windowNumber(),
+        name + QStringLiteral(", ") + FigureText::cells(newest.cellCount, newest.cellType),
+        child->silentSince());
 }

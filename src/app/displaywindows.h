@@ -35,6 +35,8 @@ public:
     /// Shows those whose switches are on.
     void showAsSwitched();
     void updateVoltage();
+    /// Brings what compares windows up to date, where it is seen.
+    void updateComparisons();
 
     void updateData(Varnel3Data &record, int windowNumber, bool useKeptRi);
     void updatePower(Varnel3Data &record, int windowNumber, bool useKeptRi);

@@ -3,6 +3,8 @@
 #include "app/datatoolbar.h"
 #include "app/displaywindows.h"
 
+#include <QDateTime>
+
 Figures::Figures(DataToolBar *dataToolBar, DisplayWindows *displayWindows, QObject *parent)
     : QObject(parent)
     , bar(dataToolBar)
@@ -17,6 +19,17 @@ void Figures::show(const Varnel3Data &record, int windowNumber, bool useKeptRi)
     bar->showRecord(lastData);
     displays->updateData(lastData, lastWindow, useKeptRi);
     displays->updatePower(lastData, lastWindow, useKeptRi);
+}
+
+void Figures::setStaleSince(const QDateTime &since)
+{
+    bar->setStale(since.isValid());
+    displays->setStaleSince(since);
+}
+
+void Figures::silenceChanged()
+{
+    displays->updateComparisons();
 }
 
 void Figures::clear()

@@ -6,6 +6,7 @@
 
 class DataToolBar;
 class DisplayWindows;
+class QDateTime;
 
 /// Hands the newest record of the current graph window to the data tool bar and the display windows, and
 /// keeps it so that it can be shown again after a switch.
@@ -19,6 +20,10 @@ public:
     /// Shows `record` of graph window `windowNumber` (-1: none). `useKeptRi`
     /// keeps cell resistances shown before.
     void show(const Varnel3Data &record, int windowNumber, bool useKeptRi);
+    /// Dims what shows the current window while `since` is valid: no line has come since then.
+    void setStaleSince(const QDateTime &since);
+    /// A window, be it current or not, has fallen silent or speaks again.
+    void silenceChanged();
     /// Nothing is current: every figure empty.
     void clear();
     void resendToDataDisplay();

@@ -96,7 +96,7 @@ void MainWindow::createParts()
     readerHost = new ShellReaderHost(this, graphs, recordings, facts);
     ports = new ListenedPorts(this, readerHost, facts);
     watcher = new PortWatcher(this);
-    staleWatch = new StaleWatch(graphs, displays, facts, this);
+    staleWatch = new StaleWatch(graphs, figures, facts, this);
     packs = std::make_unique<PackSource>(graphs, staleWatch);
     displays->setVoltageSource(packs.get());
     auto *strip = new ProgressStrip(statusBar());

@@ -1,6 +1,6 @@
 #include "app/stalewatch.h"
 
-#include "app/displaywindows.h"
+#include "app/figures.h"
 #include "app/graphwindows.h"
 #include "app/statusfacts.h"
 #include "graph/mdigraphchild.h"
@@ -15,10 +15,10 @@ constexpr int interval = 1000; // ms
 } // namespace
 
 StaleWatch::StaleWatch(
-    GraphWindows *graphWindows, DisplayWindows *displayWindows, StatusFacts *statusFacts, QObject *parent)
+    GraphWindows *graphWindows, Figures *shellFigures, StatusFacts *statusFacts, QObject *parent)
     : QObject(parent)
     , graphs(graphWindows)
-    , displays(displayWindows)
+    , figures(shellFigures)
     , facts(statusFacts)
 {
     auto *timer = new QTimer(this);
@@ -63,13 +63,13 @@ void StaleWatch::lookAt(const QDateTime &now)
     }
     facts->replace(StatusFacts::Silent, silent);
     if (silent != told)
-        displays->updateVoltage(); // shows windows that are not the current one too
+        figures->silenceChanged();
     told = silent;
     const QDateTime current = staleSince(graphs->current());
     if (current == shown)
         return;
     shown = current;
-    displays->setStaleSince(current);
+    figures->setStaleSince(current);
 }
 
 void StaleWatch::noteArrivals()

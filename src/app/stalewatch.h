@@ -5,7 +5,7 @@
 #include <QMap>
 #include <QObject>
 
-class DisplayWindows;
+class Figures;
 class GraphWindows;
 class MdiGraphChild;
 class StatusFacts;
@@ -19,7 +19,7 @@ public:
     static constexpr int patience = 20; // seconds
 
     /// All outlive this.
-    StaleWatch(GraphWindows *graphs, DisplayWindows *displays, StatusFacts *facts, QObject *parent);
+    StaleWatch(GraphWindows *graphs, Figures *figures, StatusFacts *facts, QObject *parent);
 
     /// When the last line of `child` came; invalid while it was fresh at the last look, is not live, or null.
     QDateTime staleSince(const MdiGraphChild *child) const;
@@ -41,7 +41,7 @@ private:
     void noteArrivals();
 
     GraphWindows *graphs;
-    DisplayWindows *displays;
+    Figures *figures;
     StatusFacts *facts;
     QDateTime lastLook;
     QHash<const MdiGraphChild *, Seen> seen; // keys are compared, never followed

@@ -11,6 +11,8 @@ namespace {
 
 constexpr int leftEdge = 30;
 constexpr int sideSpace = 59; // left and right of the bars together
+constexpr int textLine = 15; // of the list on a page
+constexpr double dim = 0.4; // opacity
 
 struct BarColours {
     char mode;
@@ -32,6 +34,12 @@ const BarColours &coloursOf(char mode)
 }
 
 } // namespace
+
+QString CapacityEntry::text() const
+{
+    const QString name = recorded.isEmpty() ? QString::number(number) : recorded;
+    return name + QStringLiteral(", ") + FigureText::fixed(capacity / 1000.0, 0, 3) + QStringLiteral(" Ah");
+}
 
 int CapacityChart::margin(int height) const
 {
@@ -107,18 +115,55 @@ void CapacityChart::paintLines(QPainter &painter, const QSize &size) const
 void CapacityChart::paintEntry(QPainter &painter, int index, const QSize &size) const
 {
     const QRect bar = barRect(index, size);
+    if (entries[index].staleSince.isValid())
+        painter.setOpacity(dim);
+    paintBar(painter, index, bar);
+    paintBoxes(painter, index, bar);
+    paintFigures(painter, index, bar, margin(size.height()));
+    painter.setOpacity(1.0);
+}
+
+void CapacityChart::paintBar(QPainter &painter, int index, const QRect &bar) const
+{
     const BarColours &colours = coloursOf(entries[index].mode);
+    // A bar that is all outline is seen on white in the body's colour only.
+    const bool flat = bar.height() <= 2 && !blackGround;
+    const QColor &outline = flat ? colours.body : colours.outline;
     painter.fillRect(bar, colours.body);
-    painter.fillRect(bar.left() + bar.width() / 6, bar.top(), bar.width() / 5, bar.height(), colours.outline);
-    painter.setPen(colours.outline);
+    painter.fillRect(bar.left() + bar.width() / 6, bar.top(), bar.width() / 5, bar.height(), outline);
+    painter.setPen(outline);
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(bar.adjusted(0, 0, -1, -1));
-    paintBoxes(painter, index, bar);
+}
 
+// Below the bar: which one it is, and its capacity where the `space` down to the edge has room for it.
+void CapacityChart::paintFigures(QPainter &painter, int index, const QRect &bar, int space) const
+{
     painter.setPen(ChartPaint::textColour(blackGround));
-    const int below = qMin(margin(size.height()), px(28));
+    const int below = qMin(space, px(28));
     ChartPaint::drawFitted(painter, {bar.left(), bar.bottom() + 1, bar.width(), below},
         Qt::AlignHCenter | Qt::AlignBottom, QString::number(index + 1), 10, scale, true);
+    const int height = px(textLine);
+    if (below + height > space)
+        return;
+    const QString text = FigureText::ampereHours(entries[index].capacity).trimmed() + QStringLiteral(" Ah");
+    ChartPaint::drawFitted(painter,
+        {bar.left() - px(6), bar.bottom() + 1 + below, bar.width() + px(12), height}, Qt::AlignCenter, text,
+        8, scale);
+}
+
+QSize CapacityChart::pageSize(const QSize &size) const
+{
+    return {size.width(), size.height() + (visibleEnd() - first) * px(textLine)};
+}
+
+void CapacityChart::paintPage(QPainter &painter, const QSize &size) const
+{
+    paint(painter, size);
+    painter.setPen(Qt::black);
+    QRect line(px(leftEdge), size.height(), size.width() - px(sideSpace), px(textLine));
+    for (int i = first; i < visibleEnd(); ++i, line.translate(0, line.height()))
+        ChartPaint::drawFitted(painter, line, Qt::AlignLeft | Qt::AlignVCenter, entries[i].text(), 8, scale);
 }
 
 void CapacityChart::paintBoxes(QPainter &painter, int index, const QRect &bar) const

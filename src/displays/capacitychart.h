@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QDateTime>
 #include <QRect>
+#include <QString>
 #include <QVector>
 
 class QPainter;
@@ -10,6 +12,11 @@ struct CapacityEntry {
     int capacity = 0; ///< mAh
     char mode = ' '; ///< 'C' charge, 'D' discharge, else another process
     int number = 0; ///< of its graph window
+    QString recorded = {}; ///< what its window holds: number, device, file or port, pack
+    QDateTime staleSince = {}; ///< valid while its live window waits for a line: it is dimmed
+
+    /// All of it, as a line of text.
+    QString text() const;
 };
 
 /// The capacity comparison as a picture: up to eight bars side by side,
@@ -38,11 +45,17 @@ public:
 
     /// Draws into (0, 0, `size`), without the ground.
     void paint(QPainter &painter, const QSize &size) const;
+    /// Size of the picture of `size` with a line of text for each visible entry under it, for a page.
+    QSize pageSize(const QSize &size) const;
+    /// Draws that into (0, 0, pageSize(`size`)).
+    void paintPage(QPainter &painter, const QSize &size) const;
 
 private:
     int px(int pixels) const { return qRound(pixels * scale); }
     int largest() const;
     void paintLines(QPainter &painter, const QSize &size) const;
     void paintEntry(QPainter &painter, int index, const QSize &size) const;
+    void paintBar(QPainter &painter, int index, const QRect &bar) const;
     void paintBoxes(QPainter &painter, int index, const QRect &bar) const;
+    void paintFigures(QPainter &painter, int index, const QRect &bar, int space) const;
 };

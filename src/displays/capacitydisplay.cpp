@@ -1,7 +1,6 @@
 #include "displays/capacitydisplay.h"
 
 #include "displays/displayscale.h"
-#include "displays/figuretext.h"
 #include "displays/printstamp.h"
 #include "printing/printrequest.h"
 #include "settings/viewstate.h"
@@ -73,7 +72,10 @@ void CapacityDisplay::changeEntry(int capacity, char mode, int number, int k)
 {
     if (k < 1 || k > m_chart.entries.size())
         return;
-    m_chart.entries[k - 1] = {capacity, mode, number};
+    CapacityEntry &entry = m_chart.entries[k - 1];
+    entry.capacity = capacity;
+    entry.mode = mode;
+    entry.number = number;
     refresh();
 }
 
@@ -97,7 +99,6 @@ void CapacityDisplay::clear()
     m_chart.first = 0;
     m_end = 0;
     m_chart.entries.clear();
-    m_names.clear();
     refresh();
 }
 
@@ -106,9 +107,15 @@ void CapacityDisplay::setWindowCount(int count)
     m_windowCount = count;
 }
 
-void CapacityDisplay::setRecorded(int number, const QString &device, const QString &source)
+void CapacityDisplay::setRecorded(int number, const QString &recorded, const QDateTime &staleSince)
 {
-    m_names.insert(number, printedName(number, device, source));
+    for (CapacityEntry &entry : m_chart.entries) {
+        if (entry.number != number)
+            continue;
+        entry.recorded = recorded;
+        entry.staleSince = staleSince;
+    }
+    update();
 }
 
 QSize CapacityDisplay::sizeHint() const
@@ -150,24 +157,17 @@ void CapacityDisplay::onViewChanged()
     update();
 }
 
-QString CapacityDisplay::entryText(const CapacityEntry &entry) const
-{
-    return m_names.value(entry.number, QString::number(entry.number));
-}
-
 void CapacityDisplay::print()
 {
     PrintJob job;
     job.title = windowTitle();
-    QStringList windows;
-    for (int i = m_chart.first; i < m_chart.visibleEnd(); ++i)
-        windows.append(entryText(m_chart.entries[i]));
-    job.details = printDetails(windows);
-    job.size = size();
-    job.paint = [chart = m_chart, area = size()](QPainter &painter) mutable {
-        chart.blackGround = false;
-        chart.paint(painter, area);
-    };
+    job.details = printDetails({}); // the lines below the picture name the windows
+    CapacityChart chart = m_chart;
+    chart.blackGround = false;
+    for (CapacityEntry &entry : chart.entries)
+        entry.staleSince = QDateTime();
+    job.size = chart.pageSize(size());
+    job.paint = [chart, area = size()](QPainter &painter) { chart.paintPage(painter, area); };
     printWithDialog(job, isVisible() ? this : parentWidget());
 }
 
@@ -181,8 +181,11 @@ bool CapacityDisplay::event(QEvent *event)
         QToolTip::hideText();
     } else {
         const CapacityEntry &entry = m_chart.entries[index];
-        QToolTip::showText(help->globalPos(),
-            tr("%1, %2 Ah").arg(entryText(entry), FigureText::fixed(entry.capacity / 1000.0, 0, 3)), this);
+        QString text = entry.text();
+        if (entry.staleSince.isValid())
+            text += QLatin1Char('\n')
+                + tr("No line since %1").arg(entry.staleSince.time().toString(QStringLiteral("HH:mm:ss")));
+        QToolTip::showText(help->globalPos(), text, this);
     }
     return true;
 }

@@ -2,7 +2,6 @@
 
 #include "displays/capacitychart.h"
 
-#include <QHash>
 #include <QTimer>
 #include <QWidget>
 
@@ -24,13 +23,14 @@ public:
     void addEntry(int capacity, char mode, int number);
     /// Entry `k` counted from 1; nothing where there is none.
     void changeEntry(int capacity, char mode, int number, int k);
-    /// Entry `k` counted from 0; nothing where there is none.
+    /// Entry `k` counted from 0; nothing where there is none. As many of the others stay in view as fit.
     void removeEntry(int k);
     void clear();
     /// How many graph windows there are: opening the display pulls the view back to them.
     void setWindowCount(int count);
-    /// What is recorded in graph window `number`, for tool tips and the printed page; forgotten by clear().
-    void setRecorded(int number, const QString &device, const QString &source);
+    /// What graph window `number` holds, such as its device and pack, and since when it waits for a line,
+    /// invalid while it does not; forgotten by clear().
+    void setRecorded(int number, const QString &recorded, const QDateTime &staleSince);
 
     QSize sizeHint() const override;
 
@@ -61,13 +61,11 @@ private slots:
 private:
     QPushButton *createButton(const QString &icon, const QString &toolTip, const char *slot);
     void refresh();
-    QString entryText(const CapacityEntry &entry) const;
 
     ViewState *m_viewState = nullptr; // not owned, outlives this
     CapacityChart m_chart;
     int m_end = 0; // one past the rightmost entry in view
     int m_windowCount = 0;
-    QHash<int, QString> m_names; // by window number
     QTimer m_updateTimer;
     QPushButton *m_next;
     QPushButton *m_prev;

@@ -96,8 +96,7 @@ void DataFigures::show(const Varnel3Data &record, const View &view, const CellRe
     m_cellCount = record.cellCount;
     m_voltage = record.voltage;
     m_texts[Time] = elapsedTimeText(qMax(0, record.time));
-    m_texts[Cells] = QString::number(record.cellCount) + QStringLiteral(" x ")
-        + Varnel3Data::cellTypeName(record.cellType);
+    m_texts[Cells] = FigureText::cells(record.cellCount, record.cellType);
     // A device that forms or tests a pack goes through charges and discharges:
     // the display keeps the last of them.
     if (record.mode >= 0 && record.mode < int(std::size(modeTexts)))

@@ -1,5 +1,7 @@
 #include "displays/figuretext.h"
 
+#include "data/varnel3data.h"
+
 #include <QLocale>
 
 namespace FigureText {
@@ -48,6 +50,11 @@ QString ampereHours(int milliampereHours)
 QString ohms(int milliohms)
 {
     return milliohms == 0 ? longDashes() : fixed(milliohms / thousand, 5, 3);
+}
+
+QString cells(int count, int type)
+{
+    return QString::number(count) + QStringLiteral(" x ") + Varnel3Data::cellTypeName(type);
 }
 
 QString shortDashes()

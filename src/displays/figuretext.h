@@ -19,6 +19,9 @@ QString ampereHours(int milliampereHours);
 /// mOhm as ohms; dashes for 0, which means not measured.
 QString ohms(int milliohms);
 
+/// Such as "14 x NiMh".
+QString cells(int count, int type);
+
 /// "--,-": a figure with one decimal that there is none of.
 QString shortDashes();
 /// "-,---": a figure with three decimals that there is none of.

@@ -7,7 +7,6 @@
 #include "settings/viewstate.h"
 
 #include <QCloseEvent>
-#include <QDateTime>
 #include <QFileInfo>
 #include <QIcon>
 #include <QMdiSubWindow>
@@ -184,12 +183,16 @@ void MdiGraphChild::showProcessEnd(int end)
 
 void MdiGraphChild::setSilentSince(const QDateTime &since)
 {
-    const QString text = mayHaveEnded(m_store) ? tr("Ended or silent since %1") : tr("No line since %1");
-    const QString note = since.isValid() ? text.arg(since.toString(QStringLiteral("HH:mm:ss"))) : QString();
-    if (note == m_note)
+    if (since == m_silentSince)
         return;
-    m_note = note;
+    m_silentSince = since;
     update();
+}
+
+QString MdiGraphChild::silenceText() const
+{
+    const QString text = mayHaveEnded(m_store) ? tr("Ended or silent since %1") : tr("No line since %1");
+    return text.arg(m_silentSince.toString(QStringLiteral("HH:mm:ss")));
 }
 
 void MdiGraphChild::attachReader(DeviceLink *reader)
@@ -218,7 +221,7 @@ void MdiGraphChild::addRecord(const Varnel3Data &record)
     }
     m_store.append(record);
     m_interaction->dataArrived();
-    m_note.clear();
+    m_silentSince = QDateTime();
     showProcessEnd(record.processEnd());
     if (!m_neverSaved)
         setTitle(m_baseTitle + QLatin1Char(' ') + m_fileName + QLatin1Char('*'));
@@ -262,7 +265,8 @@ void MdiGraphChild::paintEvent(QPaintEvent *)
     shown.cursorRecord = m_interaction->cursorRecord();
     shown.rubberBand = m_interaction->rubberBand();
     if (isLive() && shown.switches.holdView)
-        shown.note = tr("View held") + (m_note.isEmpty() ? QString() : QStringLiteral("   ") + m_note);
+        shown.note
+            = tr("View held") + (shown.note.isEmpty() ? QString() : QStringLiteral("   ") + shown.note);
     QPainter painter(this);
     m_painter.paint(&painter, shown);
 }
@@ -276,7 +280,8 @@ GraphPicture MdiGraphChild::picture(const QSize &pictureSize) const
     picture.selectedCells = selectedCells();
     picture.windowNumber = m_windowNumber;
     picture.zoom = m_interaction->zoom();
-    picture.note = m_note;
+    if (m_silentSince.isValid())
+        picture.note = silenceText();
     return picture;
 }
 

@@ -5,12 +5,12 @@
 #include "graph/seriesstore.h"
 #include "link/recordingsink.h"
 
+#include <QDateTime>
 #include <QTimer>
 #include <QWidget>
 
 class DeviceLink;
 class GraphInteraction;
-class QDateTime;
 class GraphHost;
 
 /// The graph window of one recording: owns its records, draws their course, keeps its title in step with what
@@ -57,6 +57,8 @@ public:
     void load(SeriesStore store, const QString &fileName);
     /// The first `records` now stand in `fileName`.
     void markSaved(const QString &fileName, int records);
+    /// Since when its device has been silent; invalid while it has not.
+    QDateTime silentSince() const { return m_silentSince; }
     /// Tells that the device has been silent since `since`; an invalid time takes it back.
     void setSilentSince(const QDateTime &since);
     /// What the window shows, at any size. Valid as long as the window.
@@ -98,6 +100,7 @@ private:
     void connectHost();
     void connectInteraction();
     Varnel3Data shownRecord(int record) const;
+    QString silenceText() const;
     void tellCapacity();
     void scheduleRepaint();
     void setTitle(const QString &title);
@@ -108,7 +111,7 @@ private:
     SeriesStore m_store;
     GraphPainter m_painter;
     GraphInteraction *m_interaction; // a child of this
-    QString m_note;
+    QDateTime m_silentSince;
     int m_windowNumber = 0;
     QString m_baseTitle;
     QString m_fileName;

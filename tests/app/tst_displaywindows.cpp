@@ -1,3 +1,4 @@
+#include "app/datatoolbar.h"
 #include "app/stalewatch.h"
 #include "displays/capacitydisplay.h"
 #include "displays/datadisplay.h"
@@ -149,9 +150,12 @@ void TestDisplayWindows::keptResistancesStayWithTheirWindow()
 void TestDisplayWindows::staleFiguresSaySince()
 {
     trigger(ActionId::Data);
+    auto *capacities = window->findChild<CapacityDisplay *>();
+    const auto *toolBarFigure = window->findChild<DataToolBar *>()->findChild<QLabel *>();
     MdiGraphChild *child = window->createMdiChild();
     child->attachReader(&link);
     child->addRecord(Lines::record(5));
+    trigger(ActionId::BarGraph);
     const auto *display = window->findChild<DataDisplay *>();
     auto *watch = window->findChild<StaleWatch *>();
     const QDateTime now = QDateTime::currentDateTime();
@@ -163,12 +167,17 @@ void TestDisplayWindows::staleFiguresSaySince()
     };
     watch->lookAt(now.addSecs(StaleWatch::patience - 1));
     QVERIFY(!saysSince());
+    const QImage fresh = capacities->grab().toImage();
+    QVERIFY(toolBarFigure->isEnabled());
     // The program's own watch, which knows the time, looks once a second.
     QTRY_VERIFY((watch->lookAt(now.addSecs(StaleWatch::patience)), saysSince()));
 
     watch->lookAt(now.addSecs(StaleWatch::patience));
     QVERIFY(watch->staleSince(child).isValid());
+    QVERIFY(!toolBarFigure->isEnabled()); // dim
+    QVERIFY(capacities->grab().toImage() != fresh);
     child->addRecord(Lines::record(6));
+    QVERIFY(toolBarFigure->isEnabled());
     QVERIFY(!watch->staleSince(child).isValid());
     QVERIFY(!saysSince());
 

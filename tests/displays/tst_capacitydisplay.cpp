@@ -3,6 +3,7 @@
 #include "displays/displayscale.h"
 #include "resources/resources.h"
 #include "support/columns.h"
+#include "support/pixels.h"
 
 #include <QPainter>
 #include <QPushButton>
@@ -107,6 +108,41 @@ private slots:
         QCOMPARE(image.pixel(empty.left() + 8, empty.top() - 24), qRgb(0, 0, 0));
         for (const int y : {56, 112, 168, 224})
             QCOMPARE(image.pixel(21, y), qRgb(127, 127, 127));
+        chart.blackGround = false;
+        for (const char mode : {'C', 'D', ' '}) {
+            chart.entries[3].mode = mode;
+            QVERIFY(contrast(paint(chart, size).pixelColor(empty.center()), Qt::white) > 3);
+        }
+    }
+
+    void figuresAndPage()
+    {
+        const QSize size(470, 280);
+        CapacityChart chart = chartOf({2088, 1044});
+        chart.blackGround = false;
+        const QRect bar = chart.barRect(0, size);
+        const QRect figure(bar.left() - 6, bar.bottom() + 30, bar.width() + 12, 14);
+        const QImage image = paint(chart, size);
+        const auto ink = [](const QImage &drawn, const QRect &box) {
+            return box.width() * box.height() - countOf(drawn, box, Qt::white);
+        };
+        QVERIFY(ink(image, figure) > 40);
+        chart.entries[0].staleSince = QDateTime::currentDateTime();
+        const QImage dimmed = paint(chart, size);
+        const QPoint body(bar.right() - 5, bar.center().y());
+        QVERIFY(
+            contrast(dimmed.pixelColor(body), Qt::white) < contrast(image.pixelColor(body), Qt::white) / 2);
+        const QPoint other = chart.barRect(1, size).center();
+        QCOMPARE(dimmed.pixel(other), image.pixel(other));
+
+        chart.entries[1].recorded = QStringLiteral("2: Varnel 3 COM2, 14 x NiMh");
+        QCOMPARE(chart.entries[1].text(), QStringLiteral("2: Varnel 3 COM2, 14 x NiMh, 1.044 Ah"));
+        QImage page(chart.pageSize(size), QImage::Format_RGB32);
+        page.fill(Qt::white);
+        QPainter painter(&page);
+        chart.paintPage(painter, size);
+        for (const int top : {280, 295})
+            QVERIFY(ink(page, {30, top, 411, 15}) > 40);
     }
 
     void boxesStayApartAndInside_data()
