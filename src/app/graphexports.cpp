@@ -34,13 +34,6 @@ QString startFolder()
     return dataFile.isEmpty() ? QDir::homePath() : QFileInfo(dataFile).path();
 }
 
-/// Of the data file that the window's records are in, without its ending; else of the device.
-QString suggestedName(const QString &dataFile, const MdiGraphChild *child)
-{
-    const QString name = QFileInfo(dataFile).completeBaseName();
-    return !name.isEmpty() || child->fileName().isEmpty() ? name : child->fileName();
-}
-
 } // namespace
 
 GraphExports::GraphExports(QWidget *shell, FileWriter *writer, Recordings *recordings)
@@ -91,7 +84,7 @@ QString GraphExports::ask(const QString &title, const QStringList &filters, cons
 {
     ExportDialog dialog(m_shell, title, filters);
     dialog.setDirectory(startFolder());
-    dialog.suggest(suggestedName(m_recordings->fileOf(child), child));
+    dialog.suggest(m_recordings->nameFor(child));
     if (dialog.exec() != QDialog::Accepted)
         return QString();
     const QString name = dialog.selectedFiles().value(0);

@@ -23,13 +23,14 @@ QString windowText(const MdiGraphChild *child)
 
 } // namespace
 
-PrintJob graphPrintJob(MdiGraphChild *child)
+PrintJob graphPrintJob(MdiGraphChild *child, const QString &name)
 {
     const QSize size = child->size().expandedTo(QSize(smallestWidth, smallestHeight));
     const QPointer<MdiGraphChild> guard(child);
     PrintJob job;
     job.title = QCoreApplication::translate("GraphPrinting", "Varnel - graph");
     job.details = printDetails({windowText(child)});
+    job.fileName = name;
     job.size = size;
     // A long recording is too large to be copied for the time that a dialog is open.
     job.paint = [guard, size](QPainter &painter) {
@@ -42,7 +43,7 @@ PrintJob graphPrintJob(MdiGraphChild *child)
     return job;
 }
 
-void printGraph(MdiGraphChild *child, QWidget *window)
+void printGraph(MdiGraphChild *child, const QString &name, QWidget *window)
 {
-    printWithDialog(graphPrintJob(child), window);
+    printWithDialog(graphPrintJob(child, name), window);
 }

@@ -277,7 +277,7 @@ void MainWindow::printBarDisplay()
 void MainWindow::printActivePlot()
 {
     if (MdiGraphChild *child = activeMdiChild())
-        printGraph(child, this);
+        printGraph(child, recordings->nameFor(child), this);
     else
         showMessageStatusBar(tr("There is no graph window to print."), 5000);
 }

@@ -55,6 +55,12 @@ QString Recordings::fileOf(const MdiGraphChild *child) const
     return m_files.value(child);
 }
 
+QString Recordings::nameFor(const MdiGraphChild *child) const
+{
+    const QString name = QFileInfo(fileOf(child)).completeBaseName();
+    return name.isEmpty() ? child->fileName() : name;
+}
+
 bool Recordings::keepsAll(const MdiGraphChild *child) const
 {
     const QString fileName = fileOf(child);

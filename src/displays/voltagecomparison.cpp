@@ -134,6 +134,12 @@ void VoltageComparison::setSource(VoltageSource *source)
     updateVoltage();
 }
 
+void VoltageComparison::showAllCells()
+{
+    m_showsAllCells = true;
+    updateVoltage();
+}
+
 void VoltageComparison::updateVoltage()
 {
     m_gate->request();
@@ -144,8 +150,8 @@ void VoltageComparison::refresh()
     VoltageChart chart;
     chart.scale = displayScale();
     chart.blackGround = !m_viewState || m_viewState->switches().blackBackground;
-    chart.selection = choice().selection;
-    chart.oneCell = choice().oneCell;
+    chart.selection = m_showsAllCells ? VoltageChart::All : choice().selection;
+    chart.oneCell = m_showsAllCells ? -1 : choice().oneCell;
     if (m_source)
         chart.packs = m_source->packs();
     QPalette colours = palette();

@@ -26,6 +26,8 @@ public:
     void setViewState(ViewState *state);
     /// `source` is not owned and outlives this.
     void setSource(VoltageSource *source);
+    /// Shows all cells, whatever was chosen before.
+    void showAllCells();
     /// Keeps size and place, as closing does; nothing before the window was first shown.
     void writePlace(QSettings *settings) const;
 
@@ -66,5 +68,6 @@ private:
     QLabel *m_hint = nullptr;
     VoltageCanvas *m_canvas = nullptr;
     QScrollBar *m_scrollBar = nullptr;
+    bool m_showsAllCells = false;
     bool m_wasShown = false; // a window made for printing never is
 };

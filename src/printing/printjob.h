@@ -16,6 +16,7 @@ struct PrintJob {
     /// Draws the picture for white paper into (0, 0, size). May be called after the caller has gone: it
     /// refers to nothing but what it holds itself.
     std::function<void(QPainter &)> paint;
+    QString fileName = {}; ///< presented, without its ending, where the page becomes a file; empty: the title
 };
 
 /// Draws `job` on one page, as large as the page allows with the picture's proportions kept, under its line.

@@ -2,21 +2,38 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QOperatingSystemVersion>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QStandardPaths>
+#include <QStatusBar>
 
 namespace {
 
-QString suggestedFile(const QString &title)
+QString fileNameOf(const PrintJob &job)
+{
+    return job.fileName.isEmpty() ? job.title : job.fileName;
+}
+
+QString suggestedFile(const PrintJob &job)
 {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     const QDir existing(QDir(folder).exists() ? folder : QDir::homePath());
     return existing.filePath(
-        QString(title).replace(QLatin1Char('/'), QLatin1Char('-')) + QStringLiteral(".pdf"));
+        fileNameOf(job).replace(QLatin1Char('/'), QLatin1Char('-')) + QStringLiteral(".pdf"));
+}
+
+/// In the status bar of the window that `widget` belongs to.
+void tell(QWidget *widget, const QString &text)
+{
+    constexpr int time = 5000; // ms
+    while (widget && !qobject_cast<QMainWindow *>(widget))
+        widget = widget->parentWidget();
+    if (auto *shell = qobject_cast<QMainWindow *>(widget))
+        shell->statusBar()->showMessage(text, time);
 }
 
 /// Windows' own dialog refuses to open where no printer is; the others offer a file themselves.
@@ -32,7 +49,7 @@ PrintRequest::PrintRequest(const PrintJob &job, QWidget *window)
     , m_window(window)
     , m_printer(std::make_unique<QPrinter>(QPrinter::HighResolution))
 {
-    m_printer->setDocName(job.title);
+    m_printer->setDocName(fileNameOf(job)); // what the dialog presents as a file, by choice
     m_printer->setPageOrientation(
         job.size.width() > job.size.height() ? QPageLayout::Landscape : QPageLayout::Portrait);
 }
@@ -44,7 +61,7 @@ void PrintRequest::open()
     const bool anyPrinter = !QPrinterInfo::availablePrinterNames().isEmpty();
     if (!anyPrinter) {
         m_printer->setOutputFormat(QPrinter::PdfFormat);
-        m_printer->setOutputFileName(suggestedFile(m_job.title));
+        m_printer->setOutputFileName(suggestedFile(m_job));
     }
     QDialog *dialog = !anyPrinter && dialogNeedsPrinter() ? createFileDialog() : createPrintDialog();
     dialog->setAttribute(Qt::WA_DeleteOnClose);
@@ -79,10 +96,12 @@ void PrintRequest::printToFile(const QString &fileName)
 
 void PrintRequest::print()
 {
-    if (printPage(m_job, m_printer.get()))
+    const QString file = QDir::toNativeSeparators(m_printer->outputFileName());
+    const QString target = file.isEmpty() ? m_printer->printerName() : file;
+    if (printPage(m_job, m_printer.get())) {
+        tell(m_window, file.isEmpty() ? tr("Sent to %1.").arg(target) : tr("%1 written.").arg(target));
         return;
-    const QString target
-        = m_printer->outputFileName().isEmpty() ? m_printer->printerName() : m_printer->outputFileName();
+    }
     auto *box = new QMessageBox(
         QMessageBox::Warning, m_job.title, tr("Can not print to %1").arg(target), QMessageBox::Ok, m_window);
     box->setAttribute(Qt::WA_DeleteOnClose);

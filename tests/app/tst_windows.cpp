@@ -131,11 +131,11 @@ void TestWindows::graphOnPaper()
     MdiGraphChild *child = window.createMdiChild();
     for (int i = 0; i < 30; ++i)
         child->addRecord(Lines::record(i));
-    const PrintJob job = graphPrintJob(child);
+    const PrintJob job = graphPrintJob(child, QStringLiteral("run"));
     QVERIFY2(job.details.startsWith(QStringLiteral("1: Varnel 3, ")), qPrintable(job.details));
     child->setFileName(QStringLiteral("COM3"));
     child->markSaved(QStringLiteral("/some/where/run.acp"), child->store().size());
-    const QString named = graphPrintJob(child).details;
+    const QString named = graphPrintJob(child, QStringLiteral("run")).details;
     QVERIFY2(named.startsWith(QStringLiteral("1: Varnel 3 run.acp COM3, ")), qPrintable(named));
     const auto drawn = [&job] {
         QImage page(job.size.toSize(), QImage::Format_RGB32);

@@ -11,12 +11,15 @@
 #include "support/limits.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -102,7 +105,7 @@ private slots:
         QVERIFY(contents(file()).contains("%%EOF"));
 
         // The shell closes the window that it has made for printing while its dialog is still open.
-        QWidget shell;
+        QMainWindow shell;
         OnePack source;
         auto *voltages = new VoltageComparison(&shell);
         voltages->setSource(&source);
@@ -112,6 +115,20 @@ private slots:
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         });
         QVERIFY(contents(file()).contains("%%EOF"));
+        QCOMPARE(shell.statusBar()->currentMessage(), QDir::toNativeSeparators(file()) + " written.");
+    }
+
+    void presentsTheNameOfTheFile()
+    {
+        SKIP_WITH_PRINTER();
+        QWidget window;
+        PrintJob job{QStringLiteral("Title"), {}, {100, 100}, [](QPainter &) {}};
+        job.fileName = QStringLiteral("run of COM3");
+        printWithDialog(job, &window);
+        QVERIFY(openDialog()
+                    ->findChild<QLineEdit *>(QStringLiteral("filename"))
+                    ->text()
+                    .endsWith(QStringLiteral("/run of COM3.pdf")));
     }
 
     void cancelPrintsNothing()

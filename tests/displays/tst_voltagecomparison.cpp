@@ -259,6 +259,10 @@ void TestVoltageComparison::oneCellByClickAndKey()
     next.setSource(&source);
     next.show();
     QCOMPARE(next.findChild<VoltageCanvas *>()->chart().oneCell, 2);
+    next.showAllCells(); // as the page of a window that is closed
+    next.hide();
+    next.show();
+    QCOMPARE(next.findChild<VoltageCanvas *>()->chart().oneCell, -1);
     QTest::keyClick(&next, Qt::Key_Escape);
     QCOMPARE(warnings.warnings(), QStringList());
 }
