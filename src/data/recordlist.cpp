@@ -34,6 +34,7 @@ void *RecordList::slotForNext(Filling filling)
 void RecordList::addBlock()
 {
     m_blocks.reserve(m_blocks.size() + 1);
+    m_small.reserve(m_small.size() + 1);
     m_small.emplace_back(new char[blockSize * sizeof(Varnel3Data)]);
     m_blocks.push_back(reinterpret_cast<Varnel3Data *>(m_small.back().get()));
 }

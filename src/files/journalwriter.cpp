@@ -18,6 +18,7 @@ namespace {
 constexpr int mostAttempts = 100; // at a free name
 constexpr int pieceLength = 1024 * 1024; // bytes copied at once
 constexpr int mostPieces = 16; // in one go; some 20 ms
+constexpr int usualWaiting = 8192; // bytes; taken beforehand, since a line must not need memory
 constexpr int mostWaiting = 64 * 1024 * 1024; // bytes; the hours that a full disk may stay full
 
 QString text(const char *english)
@@ -35,6 +36,7 @@ JournalWriter::JournalWriter(
     , m_portName(portName)
     , m_started(QDateTime::currentDateTime())
 {
+    m_waiting.reserve(usualWaiting);
     create();
 }
 
@@ -52,10 +54,12 @@ JournalWriter::~JournalWriter()
 
 void JournalWriter::append(const QByteArray &line)
 {
-    if (m_waiting.size() < mostWaiting)
-        m_waiting += line + lineEnd;
-    else
+    if (m_waiting.size() < mostWaiting) {
+        m_waiting += line;
+        m_waiting += lineEnd;
+    } else {
         m_complete = false;
+    }
     if (!m_stalled)
         drain();
 }

@@ -48,6 +48,7 @@ bool standsAlone(const QByteArray &line, const Varnel3Data &record)
 RecordingJournal::RecordingJournal(JournalSink &sink)
     : m_sink(sink)
 {
+    m_line.reserve(longestLine);
 }
 
 RecordingJournal::~RecordingJournal()
@@ -60,25 +61,36 @@ RecordingJournal::~RecordingJournal()
 
 void RecordingJournal::addRecord(const QString &line, const Varnel3Data &record)
 {
-    const QByteArray asItCame = line.toLatin1();
-    const bool alone = record.device != Varnel3Data::Tandor && standsAlone(asItCame, record);
+    takeLine(line);
+    const bool alone = record.device != Varnel3Data::Tandor && standsAlone(m_line, record);
     m_newestReads = alone || isRecordLineReadable(record);
-    m_sink.append(alone ? asItCame : ownLine(record));
+    if (!alone)
+        takeOwnLine(record);
+    m_sink.append(m_line);
     ++m_records;
 }
 
 // Readers give it to the newest record that they could read; where that is another one they skip it.
 void RecordingJournal::addResistanceLine(const QString &line)
 {
-    m_sink.append((m_newestReads ? "" : "~") + line.trimmed().toLatin1());
+    takeLine(line);
+    m_sink.append((m_newestReads ? "" : "~") + m_line.trimmed());
+}
+
+void RecordingJournal::takeLine(const QString &line)
+{
+    m_line.resize(0);
+    for (const QChar c : line)
+        m_line += c.unicode() < 256 ? char(c.unicode()) : '?';
 }
 
 // A balancer's line has no time; the graph counts 5 s a record, and so does the file.
-QByteArray RecordingJournal::ownLine(const Varnel3Data &record) const
+void RecordingJournal::takeOwnLine(const Varnel3Data &record)
 {
     Varnel3Data written = record;
     if (record.device == Varnel3Data::Tandor)
         written.setTime(saturated(qint64(balancerStep) * m_records));
     char bytes[maxRecordLineLength];
-    return QByteArray(bytes, int(writeRecordLine(bytes, written) - bytes));
+    m_line.resize(0);
+    m_line.append(bytes, int(writeRecordLine(bytes, written) - bytes));
 }

@@ -20,9 +20,11 @@ public:
     void addResistanceLine(const QString &line) override;
 
 private:
-    QByteArray ownLine(const Varnel3Data &record) const;
+    void takeLine(const QString &line);
+    void takeOwnLine(const Varnel3Data &record);
 
     JournalSink &m_sink;
+    QByteArray m_line; // the newest; keeps its memory, so that a line of usual length needs none
     int m_records = 0;
     bool m_newestReads = true; // as it was written
 };

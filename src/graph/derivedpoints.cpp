@@ -52,6 +52,18 @@ void DerivedPoints::addNewest(const RecordList &records)
     addCellPoints(record);
 }
 
+void DerivedPoints::makeRoom()
+{
+    constexpr int most = 2; // of one series: what a live resistance begins with
+    std::for_each(m_series, m_series + kindsInUse(), [](PlotSeries &series) { series.makeRoom(most); });
+}
+
+// A series grows by half of what it holds.
+qint64 DerivedPoints::nextGrowth() const
+{
+    return qint64(kindsInUse()) * size() / 2 * qint64(sizeof(double));
+}
+
 void DerivedPoints::noteTime(int index)
 {
     const PlotSeries &times = m_series[Time];
@@ -121,7 +133,7 @@ void DerivedPoints::addCellPoints(const Varnel3Data &record)
 // One block for all series of a long file; series of a short one take what they need.
 void DerivedPoints::reserve(int records)
 {
-    const int kinds = m_hasCells ? Cell1 + m_cellCount : int(CellMin);
+    const int kinds = kindsInUse();
     const size_t size = size_t(kinds) * size_t(records) * sizeof(double);
     if (size < 4 * LargeBlock::pageSize) {
         std::for_each(m_series, m_series + kinds, [records](PlotSeries &series) { series.reserve(records); });

@@ -13,6 +13,11 @@ class DerivedPoints : public SeriesKinds {
 public:
     /// Starts with the first record, which tells the device and the cells.
     void begin(const Varnel3Data &record);
+    /// Takes the memory that the points of the next record need. Throws std::bad_alloc where there is too
+    /// little, and has added no point.
+    void makeRoom();
+    /// Bytes that makeRoom() may take for some time to come.
+    qint64 nextGrowth() const;
     /// Adds the points of the newest of `records`, the only one that has none yet.
     void addNewest(const RecordList &records);
 
@@ -33,6 +38,7 @@ public:
     bool isTimeMonotone() const { return m_timeMonotone; }
 
 private:
+    int kindsInUse() const { return m_hasCells ? Cell1 + m_cellCount : int(CellMin); }
     void noteTime(int index);
     void addTemperature(const Varnel3Data &record);
     void addDv(const RecordList &records, int index);

@@ -12,6 +12,8 @@
 #include <QMdiSubWindow>
 #include <QPainter>
 
+#include <new>
+
 namespace {
 
 constexpr int repaintPause = 100; // ms
@@ -219,7 +221,11 @@ void MdiGraphChild::addRecord(const Varnel3Data &record)
         m_neverSaved = true;
         m_host->showMessageStatusBar(tr("Device: ") + Varnel3Data::deviceName(record.device), 3000);
     }
-    m_store.append(record);
+    if (!keep(record)) {
+        if (m_host->isCurrent(this))
+            m_host->showRecord(record, m_windowNumber, false);
+        return;
+    }
     m_interaction->dataArrived();
     m_silentSince = QDateTime();
     showProcessEnd(record.processEnd());
@@ -230,6 +236,30 @@ void MdiGraphChild::addRecord(const Varnel3Data &record)
     showNewest();
     emit updateVoltageSignal();
     scheduleRepaint();
+}
+
+// Where memory ends the curves do, for good, since they would have a gap; the journal and the figures go on.
+bool MdiGraphChild::keep(const Varnel3Data &record)
+{
+    if (m_fullSince.isValid())
+        return false;
+    try {
+        m_store.append(record);
+        return true;
+    } catch (const std::bad_alloc &) {
+        m_fullSince = QDateTime::currentDateTime();
+        qWarning("window %d: no memory for another record", m_windowNumber);
+        update();
+        return false;
+    }
+}
+
+QString MdiGraphChild::note() const
+{
+    if (!m_fullSince.isValid())
+        return m_silentSince.isValid() ? silenceText() : QString();
+    return tr("Out of memory since %1: lines go on in the journal only")
+        .arg(m_fullSince.toString(QStringLiteral("HH:mm:ss")));
 }
 
 void MdiGraphChild::tellCapacity()
@@ -280,8 +310,7 @@ GraphPicture MdiGraphChild::picture(const QSize &pictureSize) const
     picture.selectedCells = selectedCells();
     picture.windowNumber = m_windowNumber;
     picture.zoom = m_interaction->zoom();
-    if (m_silentSince.isValid())
-        picture.note = silenceText();
+    picture.note = note();
     return picture;
 }
 

@@ -97,6 +97,8 @@ private slots:
     void showNewestPlain();
 
 private:
+    bool keep(const Varnel3Data &record);
+    QString note() const;
     void connectHost();
     void connectInteraction();
     Varnel3Data shownRecord(int record) const;
@@ -112,6 +114,7 @@ private:
     GraphPainter m_painter;
     GraphInteraction *m_interaction; // a child of this
     QDateTime m_silentSince;
+    QDateTime m_fullSince; // valid once a record found no memory: the window grows no more
     int m_windowNumber = 0;
     QString m_baseTitle;
     QString m_fileName;

@@ -54,6 +54,15 @@ public:
     void fillFront(int end, double value);
     /// Forgets the extremes so far: points before the next one don't count for a range.
     void restartExtremes();
+    /// Takes the memory that the next `count` points need, fewer than a block, which then can't fail. Throws
+    /// std::bad_alloc where there is too little, and has changed nothing.
+    void makeRoom(int count)
+    {
+        while (m_capacity - m_size < count)
+            grow();
+        if (m_blocks.size() == m_blocks.capacity())
+            m_blocks.reserve(m_blocks.size() + m_blocks.size() / 2 + 1);
+    }
     /// Room for `points` points without growing. Throws std::bad_alloc where there is none.
     void reserve(int points);
     /// Lets a series without points use the `points` places at `room`, which outlive them or the series. It

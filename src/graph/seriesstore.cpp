@@ -1,5 +1,6 @@
 #include "graph/seriesstore.h"
 
+#include "data/systemmemory.h"
 #include "data/voltageslope.h"
 
 #include <atomic>
@@ -39,6 +40,7 @@ void SeriesStore::append(const Varnel3Data &record)
         begin(record);
     else if (m_isLoaded)
         goOnLive(record);
+    makeRoom();
     m_records.append(record);
     noteResistances(record);
     completeNewest();
@@ -46,6 +48,16 @@ void SeriesStore::append(const Varnel3Data &record)
     m_end.addNewest(&m_records);
     m_records.last().balancedMah = m_records.last().maxBalanceChargeMah();
     m_revision = nextRevision();
+}
+
+// The system is asked once a block: it takes as long as some hundred records.
+void SeriesStore::makeRoom()
+{
+    constexpr int block = RecordList::blockSize;
+    if (size() > 0 && size() % block == 0)
+        demandLiveMemory(qint64(block) * qint64(sizeof(Varnel3Data)) + m_points.nextGrowth());
+    m_records.makeRoom();
+    m_points.makeRoom();
 }
 
 void SeriesStore::completeNewest()

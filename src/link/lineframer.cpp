@@ -3,6 +3,7 @@
 #include <QChar>
 
 #include <array>
+#include <new>
 
 namespace {
 
@@ -17,6 +18,8 @@ ByteTable makeTextBytes()
         table[size_t(code)] = QChar(ushort(code)).isPrint() && code != '#';
     return table;
 }
+
+int held = 0; // bytes in unfinished lines, of all framers
 
 const ByteTable textBytes = makeTextBytes(); // what is taken over in runs; '\n' is not printable
 
@@ -68,6 +71,7 @@ void LineFramer::clear()
 {
     m_input.clear();
     m_inputPos = 0;
+    held -= m_line.size();
     m_line.clear();
     m_sinceHash = binarySize;
 }
@@ -86,13 +90,25 @@ void LineFramer::takeBinary(char byte)
 
 void LineFramer::append(const char *bytes, qptrdiff size)
 {
-    const qptrdiff room = maxLineSize - m_line.size();
-    m_line.append(bytes, int(qMin(size, room)));
+    const int room = qMax(maxHeld - held, ownRoom - m_line.size());
+    const int taken = int(qBound<qptrdiff>(0, size, room));
+    try {
+        m_line.append(bytes, taken);
+        held += taken;
+    } catch (const std::bad_alloc &) {
+        // The line goes on without these bytes and is refused like any other that is none.
+    }
 }
 
 QString LineFramer::takeLine()
 {
-    const QString line = QString::fromLatin1(m_line);
+    held -= m_line.size();
+    QString line;
+    try {
+        line = QString::fromLatin1(m_line);
+    } catch (const std::bad_alloc &) {
+        // An empty line takes its place.
+    }
     if (m_line.capacity() != usualLineSize) {
         m_line = QByteArray();
         m_line.reserve(usualLineSize);

@@ -12,9 +12,17 @@
 /// decimal, in at least two digits ('\n' as "10", 0xC8 as "-56"), and ends nothing.
 class LineFramer {
 public:
-    /// Longest line kept, in bytes; the rest of a longer one is dropped. What a
-    /// string can hold, and no device sends.
-    static constexpr int maxLineSize = 1 << 29;
+    /// What the unfinished lines of all framers together keep, in bytes; what comes beyond that is dropped
+    /// from its line, as is what finds no memory. No device sends a line of more than a few hundred. All
+    /// framers live in one thread.
+    static constexpr int maxHeld = 64 << 20;
+    /// What a line may have whatever the others hold.
+    static constexpr int ownRoom = 4096;
+
+    LineFramer() = default;
+    ~LineFramer() { clear(); }
+    LineFramer(const LineFramer &) = delete;
+    LineFramer &operator=(const LineFramer &) = delete;
 
     /// Hands over bytes in the order of their arrival, in pieces of any size.
     void feed(const QByteArray &bytes);

@@ -22,6 +22,8 @@ constexpr int lineLength = 160; // as sent, with its line end; the test asks whe
 constexpr int longestRun = 600; // ms from the first line to the kill
 constexpr int linesUnderWay = 1; // between its reading and its writing when the program is killed
 constexpr int mostLines = 99999; // their times have five digits
+constexpr int manyLines = 60000; // of each device; more than fit into little memory
+constexpr rlim_t littleMemory = 48 << 20; // bytes beyond what the program takes at first
 constexpr rlim_t smallDisk = 100 * 1024; // bytes that a file may have where the disk is said to be full
 
 /// The program, on a disk that may be full.
@@ -53,6 +55,17 @@ public:
         }
         QTest::qWait(50); // what arrives while a port is opened is thrown away
         return true;
+    }
+
+    /// Leaves it `bytes` more of address space.
+    bool limitMemory(rlim_t bytes)
+    {
+        QFile statm(QStringLiteral("/proc/%1/statm").arg(processId()));
+        if (!statm.open(QIODevice::ReadOnly))
+            return false;
+        const rlim_t most = statm.readAll().split(' ').first().toULongLong() * 4096 + bytes;
+        const rlimit limit{most, most};
+        return ::prlimit(pid_t(processId()), RLIMIT_AS, &limit, nullptr) == 0;
     }
 
 protected:
@@ -87,7 +100,7 @@ private:
         int sent = 0; // lines, complete
     };
 
-    void sendUntilKilled(Program *program, int milliseconds, bool oneByOne);
+    void sendUntilKilled(Program *program, int milliseconds, int least, bool oneByOne);
     void checkJournal(Device &device, bool diskFull);
     static bool keepsAllButOne(const Device &device);
     static QString newestJournal(const QString &portName);
@@ -109,15 +122,20 @@ void TestKilledProgram::journalHoldsAll_data()
 {
     QTest::addColumn<bool>("diskFull");
     QTest::addColumn<bool>("oneByOne");
-    QTest::newRow("burst") << false << false;
-    QTest::newRow("line by line") << false << true;
-    QTest::newRow("full disk") << true << false;
+    QTest::addColumn<bool>("memoryFull");
+    QTest::newRow("burst") << false << false << false;
+    QTest::newRow("line by line") << false << true << false;
+    QTest::newRow("full disk") << true << false << false;
+#ifndef __SANITIZE_ADDRESS__ // which needs more of it than there is
+    QTest::newRow("little memory") << false << false << true;
+#endif
 }
 
 void TestKilledProgram::journalHoldsAll()
 {
     QFETCH(bool, diskFull);
     QFETCH(bool, oneByOne);
+    QFETCH(bool, memoryFull);
     const int kills = std::max(1, qEnvironmentVariableIntValue("VARNEL_TEST_KILLS"));
     for (int kill = 0; kill < kills; ++kill) {
         for (size_t i = 0; i < devices.size(); ++i) {
@@ -127,7 +145,10 @@ void TestKilledProgram::journalHoldsAll()
         }
         Program program(diskFull);
         QVERIFY(program.listens(int(devices.size())));
-        sendUntilKilled(&program, 100 + QRandomGenerator::global()->bounded(longestRun), oneByOne);
+        QVERIFY(!memoryFull || program.limitMemory(littleMemory));
+        const int milliseconds = 100 + QRandomGenerator::global()->bounded(longestRun);
+        sendUntilKilled(&program, milliseconds, memoryFull ? manyLines : 50, oneByOne);
+        QCOMPARE(program.readAll().contains("no memory for another record"), memoryFull);
         for (Device &device : devices) {
             checkJournal(device, diskFull);
             if (QTest::currentTestFailed())
@@ -143,17 +164,18 @@ bool TestKilledProgram::keepsAllButOne(const Device &device)
     return journal.size() >= qint64(device.sent - 1) * (lineLength - 1); // one byte ends a line there
 }
 
-void TestKilledProgram::sendUntilKilled(Program *program, int milliseconds, bool oneByOne)
+void TestKilledProgram::sendUntilKilled(Program *program, int milliseconds, int least, bool oneByOne)
 {
     QElapsedTimer clock;
     clock.start();
-    while ((clock.elapsed() < milliseconds || devices[0].sent < 50) && devices[0].sent < mostLines) {
+    while ((clock.elapsed() < milliseconds || devices[0].sent < least) && devices[0].sent < mostLines) {
         for (Device &device : devices) {
             device.line->send(Lines::charger(++device.sent));
             while (oneByOne && !keepsAllButOne(device) && clock.elapsed() < 60000)
                 QThread::usleep(20);
         }
     }
+    QCOMPARE(program->state(), QProcess::Running);
     program->kill(); // SIGKILL
     program->waitForFinished();
 }
