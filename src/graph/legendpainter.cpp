@@ -118,7 +118,7 @@ void LegendPainter::paintNumber(const GraphScene::Entry &entry, const QRect &row
     if (!fits(entry, row, p->font().pixelSize()))
         return; // the place tells which cell it is
     p->drawText(row, nameAlignment, entry.name);
-    if (row.height() >= lowestLine + 1)
+    if (row.height() >= lineHeight)
         p->fillRect(row.left(), row.bottom() - 1, c.fonts.widthIn(p->font().pixelSize(), entry.name), 2,
             entry.colour);
 }
