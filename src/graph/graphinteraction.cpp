@@ -33,11 +33,22 @@ void GraphInteraction::dataArrived()
 {
     if (!m_state->switches().holdView)
         startAnew();
+    else if (!zoom().isActive())
+        m_heldRecords = 0;
+    else if (m_heldRecords == 0)
+        m_heldRecords = m_store->size() - 1;
+}
+
+int GraphInteraction::rangedRecords() const
+{
+    const bool held = m_heldRecords > 0 && zoom().isActive() && m_store->isTimeMonotone();
+    return held ? qMax(m_heldRecords, m_view.lastShown() + 1) : 0;
 }
 
 void GraphInteraction::startAnew()
 {
     m_view.showAll();
+    m_heldRecords = 0;
     m_selecting = false;
     m_cursor = -1;
     endDrag();

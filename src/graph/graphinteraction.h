@@ -19,6 +19,9 @@ public:
     GraphInteraction(QWidget *widget, const SeriesStore *store, const ViewState *state);
 
     const GraphZoom &zoom() const { return m_view.zoom(); }
+    /// Records, from the first on, whose values the axes are to cover; 0 for all. A held view keeps its axes
+    /// until it is moved to newer ones.
+    int rangedRecords() const;
     /// Record that the cursor line stands at; -1 for none, and while the left button is picking.
     int cursorRecord() const { return m_selecting ? -1 : m_cursor; }
     /// What the left button is picking; empty while it does not.
@@ -78,6 +81,7 @@ private:
     bool m_selecting = false;
     QPoint m_selectionStart;
     QRect m_rubberBand;
+    int m_heldRecords = 0; // that there were when the zoomed view began to be held
     bool m_dragging = false;
     QPoint m_dragPoint;
 };

@@ -17,6 +17,7 @@ struct GraphPicture {
     CellSelection selectedCells = {};
     int windowNumber = 0;
     GraphZoom zoom;
+    int rangedRecords = 0; ///< records, from the first on, whose values the axes cover; 0 for all
     QString note; ///< shown before the newest values, such as since when no line came
     int cursorRecord = -1; ///< record that the cursor line stands at; -1 for none
     QRect rubberBand; ///< what is being picked; empty for nothing

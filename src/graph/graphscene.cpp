@@ -50,22 +50,29 @@ QString cellFigure(const SeriesStore &store, int cell, int energyMode)
     }
 }
 
-ValueRange currentRange(const SeriesStore &store)
+// The lowest and the highest value that the axes cover.
+Interval courseOf(const GraphPicture &picture, int kind)
 {
-    const PlotSeries &values = store.series(SeriesStore::Current);
-    return ValueRange::ofCurrent(values.minimum(), values.maximum());
+    const PlotSeries &values = picture.store->series(kind);
+    if (picture.rangedRecords > 0 && picture.rangedRecords < values.size())
+        return values.extremes(0, picture.rangedRecords);
+    return {values.minimum(), values.maximum()};
+}
+
+ValueRange currentRange(const GraphPicture &picture)
+{
+    const Interval course = courseOf(picture, SeriesStore::Current);
+    return ValueRange::ofCurrent(course.low, course.high);
 }
 
 // Extremes over all cells, so that a cell keeps its place when others are hidden.
-ValueRange cellRange(const SeriesStore &store)
+ValueRange cellRange(const GraphPicture &picture)
 {
-    double lowest = store.series(SeriesStore::CellMin).minimum();
-    double highest = store.series(SeriesStore::CellMax).maximum();
-    for (int i = 0; i < store.cellSeriesCount(); ++i) {
-        lowest = qMin(lowest, store.series(SeriesStore::Cell1 + i).minimum());
-        highest = qMax(highest, store.series(SeriesStore::Cell1 + i).maximum());
-    }
-    return ValueRange::ofCells(lowest, highest, store.records().first().cellType);
+    Interval course = courseOf(picture, SeriesStore::CellMin);
+    course.take(courseOf(picture, SeriesStore::CellMax));
+    for (int i = 0; i < picture.store->cellSeriesCount(); ++i)
+        course.take(courseOf(picture, SeriesStore::Cell1 + i));
+    return ValueRange::ofCells(course.low, course.high, picture.store->records().first().cellType);
 }
 
 } // namespace
@@ -99,7 +106,8 @@ void GraphScene::addVoltage(const GraphPicture &picture)
 {
     const GraphColours colours = coloursOf(picture);
     const PlotSeries &values = picture.store->series(SeriesStore::Voltage);
-    const ValueRange range = ValueRange::ofVoltage(values.minimum(), values.maximum());
+    const Interval course = courseOf(picture, SeriesStore::Voltage);
+    const ValueRange range = ValueRange::ofVoltage(course.low, course.high);
     curves.append({PlotArea::Upper, SeriesStore::Voltage, 0, range, colours.voltage(), colours.curveWidth(),
         tr("Voltage"), tr("V")});
     axes.append({PlotArea::Upper, Side::Left, range, tr("V"), 2, 5, colours.voltage()});
@@ -114,7 +122,8 @@ void GraphScene::addSlope(const GraphPicture &picture)
         upperLegend.append({tr("dV"), noFigure() + tr(" mV/min"), colours.slope()});
         return;
     }
-    const ValueRange range = ValueRange::ofSlope(values.minimum(), values.maximum(), slopeUnit);
+    const Interval course = courseOf(picture, SeriesStore::Dv);
+    const ValueRange range = ValueRange::ofSlope(course.low, course.high, slopeUnit);
     curves.append({PlotArea::Upper, SeriesStore::Dv, 0, range, colours.slope(), colours.curveWidth(),
         tr("dV"), tr("mV/min"), 1.0, 1});
     axes.append({PlotArea::Upper, Side::Right, range, tr("mV/min"), 1, 5, colours.slope()});
@@ -126,7 +135,8 @@ void GraphScene::addEnergy(const GraphPicture &picture)
 {
     const GraphColours colours = coloursOf(picture);
     const PlotSeries &values = picture.store->series(SeriesStore::Energy);
-    const ValueRange range = ValueRange::ofEnergy(values.minimum(), values.maximum());
+    const Interval course = courseOf(picture, SeriesStore::Energy);
+    const ValueRange range = ValueRange::ofEnergy(course.low, course.high);
     curves.append({PlotArea::Upper, SeriesStore::Energy, 0, range, colours.slope(), colours.curveWidth(),
         tr("Energy"), tr("mAh"), 1.0, 0});
     axes.append({PlotArea::Upper, Side::Right, range, tr("mAh"), 0, 5, colours.slope()});
@@ -138,7 +148,7 @@ void GraphScene::addCells(const GraphPicture &picture)
     const SeriesStore &store = *picture.store;
     const GraphColours colours = coloursOf(picture);
     const ViewSwitches &switches = picture.switches;
-    const ValueRange range = cellRange(store);
+    const ValueRange range = cellRange(picture);
     const bool emphasise = switches.cellSelectMode == 0;
     for (bool selected : {true, false}) { // the picked ones on top
         for (int i = 0; i < store.cellSeriesCount(); ++i) {
@@ -169,11 +179,11 @@ void GraphScene::addStatistics(const GraphPicture &picture)
 {
     const SeriesStore &store = *picture.store;
     const GraphColours colours = coloursOf(picture);
-    const ValueRange range = cellRange(store);
+    const ValueRange range = cellRange(picture);
     cellHeading = tr("Voltage:");
     cellUnit = tr("V");
-    const PlotSeries &delta = store.series(SeriesStore::CellDelta);
-    const ValueRange deltaRange = ValueRange::ofCurrent(delta.minimum(), delta.maximum(), deltaUnit);
+    const Interval deltas = courseOf(picture, SeriesStore::CellDelta);
+    const ValueRange deltaRange = ValueRange::ofCurrent(deltas.low, deltas.high, deltaUnit);
     struct Row {
         int series;
         QString name;
@@ -201,7 +211,7 @@ void GraphScene::addCurrent(const GraphPicture &picture)
 {
     const GraphColours colours = coloursOf(picture);
     const PlotSeries &values = picture.store->series(SeriesStore::Current);
-    const ValueRange range = currentRange(*picture.store);
+    const ValueRange range = currentRange(picture);
     curves.append({PlotArea::Lower, SeriesStore::Current, 0, range, colours.current(), colours.curveWidth(),
         tr("Current"), tr("A")});
     axes.append({PlotArea::Lower, Side::Right, range, tr("A"), 2, 5, colours.current()});
@@ -211,8 +221,8 @@ void GraphScene::addCurrent(const GraphPicture &picture)
 void GraphScene::addTemperature(const GraphPicture &picture)
 {
     const GraphColours colours = coloursOf(picture);
-    const PlotSeries &values = picture.store->series(SeriesStore::Temperature);
-    const ValueRange range = ValueRange::ofTemperature(values.minimum(), values.maximum());
+    const Interval course = courseOf(picture, SeriesStore::Temperature);
+    const ValueRange range = ValueRange::ofTemperature(course.low, course.high);
     curves.append({PlotArea::Lower, SeriesStore::Temperature, 0, range, colours.temperature(),
         colours.curveWidth(), tr("Temp."), tr("\u00b0C"), 1.0, 1});
     axes.append({PlotArea::Lower, Side::Left, range, tr("\u00b0C"), 1, 4, colours.temperature()});
@@ -229,10 +239,11 @@ void GraphScene::addResistance(const GraphPicture &picture)
     if (picture.store->size() <= SeriesStore::firstResistance()
         || newestOf(picture).mode != Varnel3Data::Charge || !measured)
         return;
-    const PlotSeries &current = picture.store->series(SeriesStore::Current);
-    const ValueRange beside = currentRange(*picture.store);
-    const ValueRange range = ValueRange::ofResistance(values.minimum(), values.maximum(),
-        {beside.shareOf(current.minimum()), beside.shareOf(current.maximum())});
+    const Interval course = courseOf(picture, SeriesStore::Resistance);
+    const Interval current = courseOf(picture, SeriesStore::Current);
+    const ValueRange beside = currentRange(picture);
+    const ValueRange range = ValueRange::ofResistance(
+        course.low, course.high, {beside.shareOf(current.low), beside.shareOf(current.high)});
     curves.append({PlotArea::Lower, SeriesStore::Resistance, SeriesStore::firstResistance(), range,
         colours.resistance(), colours.curveWidth(), tr("Ri"), tr("m\u03a9"), 1.0, 0});
     lowerLegend.append({tr("Ri"), figure(values.last(), 0, 0) + tr(" m\u03a9"), colours.resistance()});

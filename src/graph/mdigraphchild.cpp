@@ -310,6 +310,7 @@ GraphPicture MdiGraphChild::picture(const QSize &pictureSize) const
     picture.selectedCells = selectedCells();
     picture.windowNumber = m_windowNumber;
     picture.zoom = m_interaction->zoom();
+    picture.rangedRecords = m_interaction->rangedRecords();
     picture.note = note();
     return picture;
 }

@@ -299,6 +299,7 @@ void TestGraphInteraction::heldViewStays()
     const QPoint middle = in(PlotArea::Upper, 0.5, 0.5);
     const auto add = [this] {
         Varnel3Data record = recordings::lipoCharge(1)[0];
+        record.current = 9000; // far beyond the axis
         record.setTime(child->store().records().last().time + period);
         child->addRecord(record);
     };
@@ -312,11 +313,17 @@ void TestGraphInteraction::heldViewStays()
     const Interval shown = zoom().times();
     QTest::keyClick(child, Qt::Key_Left); // the pointer is at 430 s
     QCOMPARE(lastShownTime(), 420);
+    const QRect plots(0, 22, 940, 570); // with their axes
+    const QImage before = child->grab().toImage().copy(plots);
     add();
+    QCOMPARE(child->grab().toImage().copy(plots), before);
     QCOMPARE(zoom().times().low, shown.low);
     QCOMPARE(zoom().times().high, shown.high);
     QTest::keyClick(child, Qt::Key_Left);
     QCOMPARE(lastShownTime(), 410); // the cursor was there still
+    for (int i = 0; i < 10; ++i)
+        QTest::keyClick(child, Qt::Key_Right, Qt::ControlModifier);
+    QCOMPARE(child->picture(child->size()).rangedRecords, count + 1); // what is in sight has its place
     hold(false);
     QVERIFY(zoom().isActive());
     add();
