@@ -5,12 +5,14 @@
 #include "app/statusfacts.h"
 #include "graph/mdigraphchild.h"
 
+#include <QDeadlineTimer>
 #include <QLocale>
 #include <QTimer>
 
 namespace {
 
-constexpr int interval = 1000; // ms
+constexpr int interval = 1000; // ms, of looking
+constexpr qint64 second = 1000; // ms
 
 } // namespace
 
@@ -34,7 +36,7 @@ QDateTime StaleWatch::staleSince(const MdiGraphChild *child) const
     if (!last.at.isValid()
         || last.revision != child->store().revision()) // a line has come since the last look
         return QDateTime();
-    return last.at.secsTo(lastLook) >= patience ? last.at : QDateTime();
+    return lastSteady - last.steady >= patience * second ? last.at : QDateTime();
 }
 
 void StaleWatch::lookWhileStale()
@@ -45,12 +47,13 @@ void StaleWatch::lookWhileStale()
 
 void StaleWatch::look()
 {
-    lookAt(QDateTime::currentDateTime());
+    lookAt(QDateTime::currentDateTime(), QDeadlineTimer::current().deadline());
 }
 
-void StaleWatch::lookAt(const QDateTime &now)
+void StaleWatch::lookAt(const QDateTime &now, qint64 steady)
 {
     lastLook = now;
+    lastSteady = steady;
     noteArrivals();
     QMap<QString, QString> silent;
     const auto children = graphs->all();
@@ -80,7 +83,7 @@ void StaleWatch::noteArrivals()
         const Seen before = seen.value(child);
         const quint64 revision = child->store().revision();
         const bool fresh = !before.at.isValid() || before.revision != revision;
-        noted.insert(child, fresh ? Seen{revision, lastLook} : before);
+        noted.insert(child, fresh ? Seen{revision, lastLook, lastSteady} : before);
     }
     seen = noted;
 }

@@ -23,8 +23,9 @@ public:
 
     /// When the last line of `child` came; invalid while it was fresh at the last look, is not live, or null.
     QDateTime staleSince(const MdiGraphChild *child) const;
-    /// Looks at all windows; it is `now`.
-    void lookAt(const QDateTime &now);
+    /// Looks at all windows; it is `now` by the computer's clock, and `steady` ms since any moment by one that
+    /// nobody sets.
+    void lookAt(const QDateTime &now, qint64 steady);
 
 public slots:
     /// Also to be called when another window becomes current.
@@ -35,7 +36,8 @@ public slots:
 private:
     struct Seen {
         quint64 revision = 0;
-        QDateTime at;
+        QDateTime at; // by the computer's clock, for texts
+        qint64 steady = 0;
     };
 
     void noteArrivals();
@@ -44,6 +46,7 @@ private:
     Figures *figures;
     StatusFacts *facts;
     QDateTime lastLook;
+    qint64 lastSteady = 0;
     QHash<const MdiGraphChild *, Seen> seen; // keys are compared, never followed
     QMap<QString, QString> told; // ports and what is said of them
     QDateTime shown; // as the displays were told last

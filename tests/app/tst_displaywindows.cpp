@@ -12,6 +12,7 @@
 #include "support/shellrig.h"
 
 #include <QGuiApplication>
+#include <QDeadlineTimer>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -159,20 +160,24 @@ void TestDisplayWindows::staleFiguresSaySince()
     const auto *display = window->findChild<DataDisplay *>();
     auto *watch = window->findChild<StaleWatch *>();
     const QDateTime now = QDateTime::currentDateTime();
-    watch->lookAt(now);
+    const qint64 begin = QDeadlineTimer::current().deadline();
+    // The clock has been set back meanwhile.
+    const auto lookAfter
+        = [&](int seconds) { watch->lookAt(now.addSecs(seconds - 3600), begin + qint64(seconds) * 1000); };
+    watch->lookAt(now, begin);
     const auto saysSince = [&] {
         settle(*display);
         return display->toolTip().contains(now.toString(QStringLiteral("HH:mm:ss")))
             && child->picture({400, 300}).note.contains(now.toString(QStringLiteral("HH:mm:ss")));
     };
-    watch->lookAt(now.addSecs(StaleWatch::patience - 1));
+    lookAfter(StaleWatch::patience - 1);
     QVERIFY(!saysSince());
     const QImage fresh = capacities->grab().toImage();
     QVERIFY(toolBarFigure->isEnabled());
     // The program's own watch, which knows the time, looks once a second.
-    QTRY_VERIFY((watch->lookAt(now.addSecs(StaleWatch::patience)), saysSince()));
+    QTRY_VERIFY((lookAfter(StaleWatch::patience), saysSince()));
 
-    watch->lookAt(now.addSecs(StaleWatch::patience));
+    lookAfter(StaleWatch::patience);
     QVERIFY(watch->staleSince(child).isValid());
     QVERIFY(!toolBarFigure->isEnabled()); // dim
     QVERIFY(capacities->grab().toImage() != fresh);
@@ -182,7 +187,7 @@ void TestDisplayWindows::staleFiguresSaySince()
     QVERIFY(!saysSince());
 
     child->finishRecording(); // nothing is waited for any more
-    watch->lookAt(now.addSecs(10 * StaleWatch::patience));
+    lookAfter(10 * StaleWatch::patience);
     QVERIFY(!watch->staleSince(child).isValid());
 }
 
