@@ -9,9 +9,8 @@
 #include "displays/voltagesource.h"
 #include "displays/windowplace.h"
 #include "graph/mdigraphchild.h"
+#include "settings/varnelsettings.h"
 #include "settings/viewstate.h"
-
-#include <QSettings>
 
 namespace {
 
@@ -194,7 +193,7 @@ void DisplayWindows::printPower()
     m_power->print();
 }
 
-void DisplayWindows::readPlaces(const QSettings &settings)
+void DisplayWindows::readPlaces(const VarnelSettings &settings)
 {
     const QVariant dataPlace = settings.value(dataPlaceKey()); // its size is fixed
     m_data->move(dataPlace.isValid() ? WindowPlace::reachable(dataPlace.toPoint(), m_data->size())
@@ -203,7 +202,7 @@ void DisplayWindows::readPlaces(const QSettings &settings)
     WindowPlace::restore(m_power, powerGroup(), settings, firstSize, firstPowerPlace);
 }
 
-void DisplayWindows::writePlaces(QSettings *settings) const
+void DisplayWindows::writePlaces(VarnelSettings *settings) const
 {
     settings->setValue(dataPlaceKey(), m_data->pos());
     WindowPlace::save(*m_capacity, capacityGroup(), settings);

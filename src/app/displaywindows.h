@@ -8,9 +8,9 @@ class DataDisplay;
 class MdiGraphChild;
 class PowerDisplay;
 class QDateTime;
-class QSettings;
 class QWidget;
 class Varnel3Data;
+class VarnelSettings;
 class ViewState;
 class VoltageComparison;
 class VoltageSource;
@@ -53,8 +53,8 @@ public:
     void printPower();
 
     /// Places and sizes of the displays as the settings keep them.
-    void readPlaces(const QSettings &settings);
-    void writePlaces(QSettings *settings) const;
+    void readPlaces(const VarnelSettings &settings);
+    void writePlaces(VarnelSettings *settings) const;
 
 signals:
     /// The user closed the window; those that stay in memory are only hidden.

@@ -26,6 +26,7 @@ target_sources(varnel_gui PRIVATE
     app/portretries.cpp app/portretries.h
     app/progressstrip.cpp app/progressstrip.h
     app/recordings.cpp app/recordings.h
+    app/settingsnotice.cpp app/settingsnotice.h
     app/shellmenus.cpp app/shellmenus.h
     app/shellreaderhost.cpp app/shellreaderhost.h
     app/singleinstance.cpp app/singleinstance.h

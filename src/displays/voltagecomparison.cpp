@@ -114,7 +114,7 @@ void VoltageComparison::restorePlace()
     WindowPlace::restore(this, placeGroup(), VarnelSettings(), size, defaultPlace);
 }
 
-void VoltageComparison::writePlace(QSettings *settings) const
+void VoltageComparison::writePlace(VarnelSettings *settings) const
 {
     if (!m_wasShown)
         return;

@@ -5,8 +5,8 @@
 class QLabel;
 class QPushButton;
 class QScrollBar;
-class QSettings;
 class RefreshGate;
+class VarnelSettings;
 class ViewState;
 class VoltageCanvas;
 class VoltageChart;
@@ -29,7 +29,7 @@ public:
     /// Shows all cells, whatever was chosen before.
     void showAllCells();
     /// Keeps size and place, as closing does; nothing before the window was first shown.
-    void writePlace(QSettings *settings) const;
+    void writePlace(VarnelSettings *settings) const;
 
 public slots:
     /// The voltages have changed; they are asked for when the window next draws.

@@ -1,10 +1,11 @@
 #include "displays/windowplace.h"
 
+#include "settings/varnelsettings.h"
+
 #include "displays/displayscale.h"
 
 #include <QGuiApplication>
 #include <QScreen>
-#include <QSettings>
 #include <QWidget>
 
 namespace WindowPlace {
@@ -44,7 +45,7 @@ QPoint reachable(const QPoint &place, const QSize &size)
     return onPrimaryScreen(place, size);
 }
 
-void save(const QWidget &display, const QString &group, QSettings *settings)
+void save(const QWidget &display, const QString &group, VarnelSettings *settings)
 {
     settings->setValue(group + maximisedKey, display.isMaximized());
     const bool usual = !(display.windowState() & (Qt::WindowMaximized | Qt::WindowMinimized));
@@ -59,7 +60,7 @@ void save(const QWidget &display, const QString &group, QSettings *settings)
 }
 
 void restore(
-    QWidget *display, const QString &group, const QSettings &settings, const QSize &size, const QPoint &place)
+    QWidget *display, const QString &group, const VarnelSettings &settings, const QSize &size, const QPoint &place)
 {
     display->resize(settings.value(group + sizeKey, size).toSize());
     const QVariant saved = settings.value(group + placeKey);

@@ -1,10 +1,10 @@
 #pragma once
 
 class QPoint;
-class QSettings;
 class QSize;
 class QString;
 class QWidget;
+class VarnelSettings;
 
 /// Where display windows stand.
 namespace WindowPlace {
@@ -19,9 +19,9 @@ QPoint reachable(const QPoint &place, const QSize &size);
 
 /// Keeps size and place of `display` under `group`: while it is maximised those that it goes back to, and that
 /// it is.
-void save(const QWidget &display, const QString &group, QSettings *settings);
+void save(const QWidget &display, const QString &group, VarnelSettings *settings);
 /// Gives `display`, which is hidden, what is kept under `group`; `size` and first(`place`) while nothing is.
-void restore(QWidget *display, const QString &group, const QSettings &settings, const QSize &size,
+void restore(QWidget *display, const QString &group, const VarnelSettings &settings, const QSize &size,
     const QPoint &place);
 
 } // namespace WindowPlace

@@ -1,5 +1,7 @@
 #include "settings/varnelsettings.h"
 
+#include "settings/settingskeeper.h"
+
 #include "ports/portinfo.h"
 
 #include <QCoreApplication>
@@ -10,6 +12,41 @@ VarnelSettings::VarnelSettings(QObject *parent)
     : QSettings(QSettings::IniFormat, QSettings::UserScope, QCoreApplication::organizationName(),
         QCoreApplication::applicationName(), parent)
 {
+    if (status() != QSettings::NoError)
+        SettingsKeeper::instance().noteUnreadable(fileName());
+}
+
+VarnelSettings::~VarnelSettings()
+{
+    sync();
+}
+
+QVariant VarnelSettings::value(const QString &key, const QVariant &defaultValue) const
+{
+    QVariant changed;
+    if (!SettingsKeeper::instance().find(fileName(), key, &changed))
+        return QSettings::value(key, defaultValue);
+    return changed.isValid() ? changed : defaultValue;
+}
+
+void VarnelSettings::setValue(const QString &key, const QVariant &value)
+{
+    SettingsKeeper::instance().change(fileName(), key, value);
+    m_changed = true;
+}
+
+void VarnelSettings::clear()
+{
+    const QStringList keys = allKeys() + SettingsKeeper::instance().keys(fileName());
+    for (const QString &key : keys)
+        remove(key);
+}
+
+void VarnelSettings::sync()
+{
+    if (m_changed)
+        SettingsKeeper::instance().write(fileName());
+    m_changed = false;
 }
 
 QStringList VarnelSettings::ports() const

@@ -4,12 +4,22 @@
 #include <QStringList>
 
 /// The user's settings: the INI file of the application's organisation and name. Made on the stack where it
-/// is needed and let go at the end of the operation.
+/// is needed and let go at the end of the operation. What is written is in force at once, for every object of
+/// this class, and goes to the file by SettingsKeeper's thread: to be used by this class, not by its base.
 class VarnelSettings : public QSettings {
     Q_OBJECT
 
 public:
     explicit VarnelSettings(QObject *parent = nullptr);
+    ~VarnelSettings() override;
+
+    QVariant value(const QString &key, const QVariant &defaultValue = QVariant()) const;
+    bool contains(const QString &key) const { return value(key).isValid(); }
+    void setValue(const QString &key, const QVariant &value);
+    void remove(const QString &key) { setValue(key, QVariant()); }
+    void clear();
+    /// Has what was set written now; so does the end of the object.
+    void sync();
 
     /// Names of the ports chosen by the user, as stored.
     QStringList ports() const;
@@ -26,4 +36,7 @@ public:
     int journalMaxAgeDays() const;
     /// The chosen ports that are present now, each once, in the order of listPorts(). Takes milliseconds.
     QStringList listenPorts() const;
+
+private:
+    bool m_changed = false;
 };

@@ -1,20 +1,19 @@
 #include "files/datafileloader.h"
 #include "files/journalfolder.h"
+#include "settings/settingskeeper.h"
 #include "settings/varnelsettings.h"
 #include "support/lines.h"
+#include "support/programprocess.h"
 #include "support/ptypair.h"
 #include "support/shellfixture.h"
 
 #include <QElapsedTimer>
 #include <QFileInfo>
-#include <QProcess>
 #include <QRandomGenerator>
 #include <QTest>
 #include <QThread>
 
 #include <array>
-#include <csignal>
-#include <sys/resource.h>
 
 namespace {
 
@@ -24,63 +23,7 @@ constexpr int linesUnderWay = 1; // between its reading and its writing when the
 constexpr int mostLines = 99999; // their times have five digits
 constexpr int manyLines = 60000; // of each device; more than fit into little memory
 constexpr rlim_t littleMemory = 48 << 20; // bytes beyond what the program takes at first
-constexpr rlim_t smallDisk = 100 * 1024; // bytes that a file may have where the disk is said to be full
-
-/// The program, on a disk that may be full.
-class Program : public QProcess {
-public:
-    explicit Program(bool diskFull)
-        : m_diskFull(diskFull)
-    {
-        setProcessChannelMode(QProcess::MergedChannels);
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("QT_LOGGING_RULES"), QStringLiteral("default.debug=true"));
-        setProcessEnvironment(environment);
-    }
-    ~Program() override
-    {
-        kill();
-        waitForFinished();
-    }
-
-    /// True once it has opened `ports` ports.
-    bool listens(int ports)
-    {
-        start(QStringLiteral(VARNELGRAPH_PROGRAM), QStringList());
-        QByteArray said;
-        while (said.count("Port opened succesfull") < ports) {
-            if (!waitForReadyRead(20000))
-                return false;
-            said += readAll();
-        }
-        QTest::qWait(50); // what arrives while a port is opened is thrown away
-        return true;
-    }
-
-    /// Leaves it `bytes` more of address space.
-    bool limitMemory(rlim_t bytes)
-    {
-        QFile statm(QStringLiteral("/proc/%1/statm").arg(processId()));
-        if (!statm.open(QIODevice::ReadOnly))
-            return false;
-        const rlim_t most = statm.readAll().split(' ').first().toULongLong() * 4096 + bytes;
-        const rlimit limit{most, most};
-        return ::prlimit(pid_t(processId()), RLIMIT_AS, &limit, nullptr) == 0;
-    }
-
-protected:
-    void setupChildProcess() override
-    {
-        if (!m_diskFull)
-            return;
-        std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{smallDisk, smallDisk};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-
-private:
-    bool m_diskFull;
-};
+constexpr int smallDisk = 100 * 1024; // bytes that a file may have where the disk is said to be full
 
 } // namespace
 
@@ -100,7 +43,7 @@ private:
         int sent = 0; // lines, complete
     };
 
-    void sendUntilKilled(Program *program, int milliseconds, int least, bool oneByOne);
+    void sendUntilKilled(ProgramProcess *program, int milliseconds, int least, bool oneByOne);
     void checkJournal(Device &device, bool diskFull);
     static bool keepsAllButOne(const Device &device);
     static QString newestJournal(const QString &portName);
@@ -116,6 +59,7 @@ void TestKilledProgram::initTestCase()
     qputenv("XDG_CONFIG_HOME", fixture.path(QStringLiteral("settings")).toLocal8Bit());
     QCOMPARE(Lines::charger(1).size(), lineLength);
     VarnelSettings().setPorts({QStringLiteral("COM1"), QStringLiteral("COM2")});
+    QVERIFY(SettingsKeeper::waitForWritten(std::chrono::seconds(60)));
 }
 
 void TestKilledProgram::journalHoldsAll_data()
@@ -143,7 +87,8 @@ void TestKilledProgram::journalHoldsAll()
             devices[i].line.reset(); // takes its name away
             devices[i] = {std::make_unique<PtyPair>(fixture.portFolder(), name), 0};
         }
-        Program program(diskFull);
+        ProgramProcess program;
+        program.limitFiles(diskFull ? smallDisk : 0);
         QVERIFY(program.listens(int(devices.size())));
         QVERIFY(!memoryFull || program.limitMemory(littleMemory));
         const int milliseconds = 100 + QRandomGenerator::global()->bounded(longestRun);
@@ -164,7 +109,7 @@ bool TestKilledProgram::keepsAllButOne(const Device &device)
     return journal.size() >= qint64(device.sent - 1) * (lineLength - 1); // one byte ends a line there
 }
 
-void TestKilledProgram::sendUntilKilled(Program *program, int milliseconds, int least, bool oneByOne)
+void TestKilledProgram::sendUntilKilled(ProgramProcess *program, int milliseconds, int least, bool oneByOne)
 {
     QElapsedTimer clock;
     clock.start();
@@ -193,7 +138,7 @@ void TestKilledProgram::checkJournal(Device &device, bool diskFull)
     QVERIFY2(journal == expected, qPrintable(fileName)); // no line is missing, spoilt or cut
     const int read = (device.sent * lineLength - device.line->takeUnread().size()) / lineLength;
     const int handled = read - linesUnderWay;
-    const int room = int(smallDisk) / (lineLength - 1);
+    const int room = smallDisk / (lineLength - 1);
     qInfo("%d lines sent, %d read, %d in the journal", device.sent, read, lines);
     QVERIFY2(lines >= (diskFull ? std::min(handled, room) : handled),
         qPrintable(QStringLiteral("%1 of %2 lines").arg(lines).arg(read)));

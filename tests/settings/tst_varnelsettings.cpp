@@ -1,12 +1,20 @@
+#include "settings/settingskeeper.h"
 #include "settings/varnelsettings.h"
 
 #include "support/columns.h"
 #include "support/files.h"
+#include "support/limits.h"
 #include "support/ptypair.h"
 
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <QtTest>
+
+namespace {
+
+constexpr std::chrono::seconds forEver(60);
+
+} // namespace
 
 /// The settings of a user whose profile is a folder of the test.
 class VarnelSettingsTest : public QObject {
@@ -14,10 +22,14 @@ class VarnelSettingsTest : public QObject {
 
 private slots:
     void init();
+    void cleanup() { QVERIFY(SettingsKeeper::waitForWritten(forEver)); }
     void standInTheUsersIniFile();
     void readsWhatTheFileSays_data();
     void readsWhatTheFileSays();
     void storesAtOnce();
+    void othersWriteTheSameFile();
+    void whatCanNotBeWrittenHolds_data();
+    void whatCanNotBeWrittenHolds();
     void listensOnChosenPortsThatArePresent();
 
 private:
@@ -77,17 +89,62 @@ void VarnelSettingsTest::readsWhatTheFileSays()
     QCOMPARE(settings.value(QStringLiteral("/mp3/user_wave"), true).toBool(), userWave);
 }
 
-// While the object lives on, so that a crash loses nothing.
+// While the object lives on, so that a crash loses nothing; by a thread that waits for the disk.
 void VarnelSettingsTest::storesAtOnce()
 {
     VarnelSettings settings;
     settings.setPorts({"COM5", "COM3"});
-    QCOMPARE(contents(fileName()), QByteArray("[General]\nports=COM5, COM3\n"));
+    QTRY_COMPARE(contents(fileName()), QByteArray("[General]\nports=COM5, COM3\n"));
     settings.setSendTime(true);
-    QCOMPARE(contents(fileName()), QByteArray("[General]\nports=COM5, COM3\nsendTime=true\n"));
+    QTRY_COMPARE(contents(fileName()), QByteArray("[General]\nports=COM5, COM3\nsendTime=true\n"));
     settings.setPorts({});
     QCOMPARE(VarnelSettings().ports(), QStringList());
     QVERIFY(VarnelSettings().sendTime());
+}
+
+// Who edits the file while the program runs is heard, and loses nothing.
+void VarnelSettingsTest::othersWriteTheSameFile()
+{
+    VarnelSettings().setPorts({"COM5"});
+    QVERIFY(SettingsKeeper::waitForWritten(forEver));
+    QVERIFY(writeFile(fileName(), "[General]\nports=COM6, COM7\n[own]\nkey=1\n"));
+    QCOMPARE(VarnelSettings().ports(), QStringList({"COM6", "COM7"}));
+    VarnelSettings().setSendTime(true);
+    QVERIFY(SettingsKeeper::waitForWritten(forEver));
+    QCOMPARE(
+        contents(fileName()), QByteArray("[General]\nports=COM6, COM7\nsendTime=true\n\n[own]\nkey=1\n"));
+}
+
+void VarnelSettingsTest::whatCanNotBeWrittenHolds_data()
+{
+    columns<QString>({"fault"});
+    for (const char *fault : {"folder in its place", "file in the folder's place", "full disk"})
+        QTest::newRow(fault) << QString::fromLatin1(fault);
+}
+
+void VarnelSettingsTest::whatCanNotBeWrittenHolds()
+{
+    QFETCH(QString, fault);
+    const bool folder = fault.startsWith(QLatin1String("folder"));
+    const bool full = fault.startsWith(QLatin1String("full"));
+    const QString inTheWay = folder ? fileName() : QFileInfo(fileName()).path();
+    if (folder || full)
+        QVERIFY(QDir().mkpath(inTheWay));
+    else
+        QVERIFY(writeFile(inTheWay, QByteArray()));
+    {
+        const auto limit = full ? std::make_unique<FileSizeLimit>(0) : nullptr;
+        VarnelSettings().setPorts({"COM5"});
+        QVERIFY(SettingsKeeper::waitForWritten(forEver));
+        QVERIFY(SettingsKeeper::instance().unwritable().startsWith(fileName()));
+        QCOMPARE(VarnelSettings().ports(), QStringList({"COM5"}));
+        QCOMPARE(SettingsKeeper::instance().unreadable() == fileName(), folder);
+    }
+    QVERIFY(QDir().remove(inTheWay) || QDir().rmdir(inTheWay));
+    VarnelSettings().setSendTime(true); // all of it goes there then
+    QVERIFY(SettingsKeeper::waitForWritten(forEver));
+    QCOMPARE(SettingsKeeper::instance().unwritable(), QString());
+    QCOMPARE(contents(fileName()), QByteArray("[General]\nports=COM5\nsendTime=true\n"));
 }
 
 void VarnelSettingsTest::listensOnChosenPortsThatArePresent()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "settings/settingskeeper.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QSettings>
@@ -21,6 +23,10 @@ public:
         qputenv("VARNEL_PORT_DIR", portFolder().toLocal8Bit());
         qputenv("XDG_DATA_HOME", folder.filePath(QStringLiteral("data")).toLocal8Bit());
     }
+
+    ~ShellFixture() { SettingsKeeper::waitForWritten(std::chrono::seconds(60)); }
+    ShellFixture(const ShellFixture &) = delete;
+    ShellFixture &operator=(const ShellFixture &) = delete;
 
     /// Where ports are linked.
     QString portFolder() const { return folder.filePath(QStringLiteral("ports")); }

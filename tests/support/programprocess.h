@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QFile>
+#include <QProcess>
+#include <QTest>
+
+#include <csignal>
+#include <sys/resource.h>
+
+/// The program itself, as a process of its own that goes with this. Where it takes settings and ports from, the
+/// environment says.
+class ProgramProcess : public QProcess {
+public:
+    ProgramProcess()
+    {
+        setProcessChannelMode(QProcess::MergedChannels);
+        setVariable("QT_LOGGING_RULES", QStringLiteral("default.debug=true"));
+    }
+    ~ProgramProcess() override
+    {
+        kill();
+        waitForFinished();
+    }
+
+    /// Of its environment alone.
+    void setVariable(const char *name, const QString &value)
+    {
+        QProcessEnvironment environment = processEnvironment();
+        if (environment.isEmpty())
+            environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QLatin1String(name), value);
+        setProcessEnvironment(environment);
+    }
+    /// No file of its grows beyond `bytes`, as on a full disk; 0 is no limit.
+    void limitFiles(int bytes) { m_largestFile = rlim_t(bytes); }
+
+    /// Leaves the running one `bytes` more of address space.
+    bool limitMemory(rlim_t bytes)
+    {
+        QFile statm(QStringLiteral("/proc/%1/statm").arg(processId()));
+        if (!statm.open(QIODevice::ReadOnly))
+            return false;
+        const rlim_t most = statm.readAll().split(' ').first().toULongLong() * 4096 + bytes;
+        const rlimit limit{most, most};
+        return ::prlimit(pid_t(processId()), RLIMIT_AS, &limit, nullptr) == 0;
+    }
+
+    /// Starts it; true once it has opened `ports` ports.
+    bool listens(int ports)
+    {
+        start(QStringLiteral(VARNELGRAPH_PROGRAM), QStringList());
+        QByteArray said;
+        while (said.count("Port opened succesfull") < ports) {
+            if (!waitForReadyRead(20000))
+                return false;
+            said += readAll();
+        }
+        QTest::qWait(50); // what arrives while a port is opened is thrown away
+        return true;
+    }
+
+protected:
+    void setupChildProcess() override
+    {
+        if (m_largestFile == 0)
+            return;
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{m_largestFile, m_largestFile};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    }
+
+private:
+    rlim_t m_largestFile = 0;
+};
