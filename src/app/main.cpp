@@ -2,6 +2,7 @@
 #include "app/commandline.h"
 #include "app/mainwindow.h"
 #include "app/singleinstance.h"
+#include "app/sleepblock.h"
 #include "app/stylesheet.h"
 #include "resources/resources.h"
 #include "settings/varnelsettings.h"
@@ -63,6 +64,8 @@ int runProgram(const QStringList &files)
 
 int main(int argc, char **argv)
 {
+    if (SleepBlock::isHelper(argc, argv))
+        return SleepBlock::runHelper(argc, argv);
     if (asksForBatch(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen"); // there may be no display, and none is needed
     QApplication application(argc, argv);

@@ -1,143 +1,168 @@
 #include "app/sleepblock.h"
 
+#include "app/sleepkeepers.h"
+
 #include <QCoreApplication>
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-#include <QDBusUnixFileDescriptor>
-#include <QFile>
+#include <QSocketNotifier>
+#include <QVector>
+
+#include <cstring>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <utility>
 
 namespace {
 
-/// Someone who keeps the computer awake on request: answers with a number to give back, or with a file that
-/// keeps the block as long as it is open.
-struct Keeper {
-    bool system; // on the system's bus, else on the session's
-    const char *service;
-    const char *path;
-    const char *interface;
-    const char *releaseMethod; // null: closing the file releases
-    QVariantList (*arguments)(const QString &program, const QString &reason);
+constexpr char helperWord[] = "--keep-awake"; // program and reason follow
+constexpr int helperWords = 4;
+bool knowsHelper = false;
+
+/// Both ends of a pipe, closed with it.
+class Pipe {
+public:
+    Pipe()
+    {
+        if (::pipe2(m_ends, O_CLOEXEC) != 0)
+            m_ends[0] = m_ends[1] = -1;
+    }
+    ~Pipe()
+    {
+        for (const int end : m_ends) {
+            if (end >= 0)
+                ::close(end);
+        }
+    }
+    Pipe(const Pipe &) = delete;
+    Pipe &operator=(const Pipe &) = delete;
+
+    int readEnd() const { return m_ends[0]; }
+    int writeEnd() const { return m_ends[1]; }
+    /// The caller closes it.
+    int takeReadEnd() { return std::exchange(m_ends[0], -1); }
+    int takeWriteEnd() { return std::exchange(m_ends[1], -1); }
+
+private:
+    int m_ends[2] = {-1, -1};
 };
 
-constexpr quint32 gnomeSuspend = 4; // flag of the session manager: the session is not to be suspended
-
-QVariantList programAndReason(const QString &program, const QString &reason)
+/// Started processes that have not been seen to end.
+QVector<pid_t> &helpers()
 {
-    return {program, reason};
+    static QVector<pid_t> pids;
+    return pids;
 }
 
-QVariantList gnomeArguments(const QString &program, const QString &reason)
+void forgetEnded()
 {
-    return {program, quint32(0), reason, gnomeSuspend};
+    QVector<pid_t> &pids = helpers();
+    for (int i = pids.size() - 1; i >= 0; --i) {
+        if (::waitpid(pids[i], nullptr, WNOHANG) != 0)
+            pids.removeAt(i);
+    }
 }
 
-QVariantList loginArguments(const QString &program, const QString &reason)
+// The file of the program may have been replaced since it was started; what runs is still to be had there.
+bool startHelper(const QByteArray &reason, int input, int output)
 {
-    return {QStringLiteral("sleep:idle"), program, reason, QStringLiteral("block")};
-}
-
-// In the order in which they are tried; the last also keeps the screen on.
-const Keeper keepers[] = {
-    {false, "org.gnome.SessionManager", "/org/gnome/SessionManager", "org.gnome.SessionManager", "Uninhibit",
-        gnomeArguments},
-    {false, "org.freedesktop.PowerManagement", "/org/freedesktop/PowerManagement/Inhibit",
-        "org.freedesktop.PowerManagement.Inhibit", "UnInhibit", programAndReason},
-    {true, "org.freedesktop.login1", "/org/freedesktop/login1", "org.freedesktop.login1.Manager", nullptr,
-        loginArguments},
-    {false, "org.freedesktop.ScreenSaver", "/org/freedesktop/ScreenSaver", "org.freedesktop.ScreenSaver",
-        "UnInhibit", programAndReason},
-};
-constexpr int keeperCount = int(sizeof keepers / sizeof *keepers);
-
-// Without a bus the library would start one of its own, which nobody listens on.
-bool hasBus(bool system)
-{
-    if (system)
-        return !qEnvironmentVariableIsEmpty("DBUS_SYSTEM_BUS_ADDRESS")
-            || QFile::exists(QStringLiteral("/run/dbus/system_bus_socket"));
-    return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS")
-        || QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
-}
-
-QDBusConnection busOf(const Keeper &keeper)
-{
-    return keeper.system ? QDBusConnection::systemBus() : QDBusConnection::sessionBus();
-}
-
-QDBusPendingCall call(const Keeper &keeper, const char *method, const QVariantList &arguments)
-{
-    QDBusMessage message = QDBusMessage::createMethodCall(QLatin1String(keeper.service),
-        QLatin1String(keeper.path), QLatin1String(keeper.interface), QLatin1String(method));
-    message.setArguments(arguments);
-    return busOf(keeper).asyncCall(message);
+    posix_spawn_file_actions_t actions;
+    ::posix_spawn_file_actions_init(&actions);
+    ::posix_spawn_file_actions_adddup2(&actions, input, STDIN_FILENO);
+    ::posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
+    ::posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    QByteArray words[] = {QCoreApplication::applicationFilePath().toLocal8Bit(), helperWord,
+        QCoreApplication::applicationName().toLocal8Bit(), reason};
+    char *argv[helperWords + 1] = {};
+    for (int i = 0; i < helperWords; ++i)
+        argv[i] = words[i].data();
+    pid_t pid = 0;
+    const bool started = ::posix_spawn(&pid, "/proc/self/exe", &actions, nullptr, argv, environ) == 0;
+    ::posix_spawn_file_actions_destroy(&actions);
+    if (started)
+        helpers().append(pid);
+    return started;
 }
 
 } // namespace
 
-/// One request at a time; what is granted after release() is given back at once.
+/// One helper process for one block: it holds as long as its standard input is open, and says when it does.
 class SleepBlock::Private : public QObject {
     Q_OBJECT
 
 public:
-    void tryNext();
-    void giveBack();
+    ~Private() override { end(); }
 
-    QString reason;
-    bool wanted = false;
-    int asked = -1; // index of the keeper that was asked last; -1 none
+    void start(const QString &reason);
+    void end();
+
+    int input = -1; // of the helper; -1 when there is none
     bool granted = false;
-    quint32 cookie = 0;
-    QDBusUnixFileDescriptor file;
 
 private slots:
-    void onAnswered(QDBusPendingCallWatcher *watcher);
+    void onOutput();
+
+private:
+    void stopListening();
+
+    int m_output = -1;
+    QSocketNotifier *m_notifier = nullptr; // child
 };
 
-void SleepBlock::Private::tryNext()
+void SleepBlock::Private::start(const QString &reason)
 {
-    ++asked;
-    while (asked < keeperCount && !hasBus(keepers[asked].system))
-        ++asked;
-    if (asked == keeperCount)
+    forgetEnded();
+    Pipe toHelper;
+    Pipe fromHelper;
+    if (toHelper.writeEnd() < 0 || fromHelper.readEnd() < 0
+        || !startHelper(reason.toLocal8Bit(), toHelper.readEnd(), fromHelper.writeEnd()))
         return;
-    const Keeper &keeper = keepers[asked];
-    auto *watcher = new QDBusPendingCallWatcher(
-        call(keeper, "Inhibit", keeper.arguments(QCoreApplication::applicationName(), reason)), this);
-    const char *finished = SIGNAL(finished(QDBusPendingCallWatcher*));
-    connect(watcher, finished, this, SLOT(onAnswered(QDBusPendingCallWatcher*)));
+    input = toHelper.takeWriteEnd();
+    m_output = fromHelper.takeReadEnd();
+    m_notifier = new QSocketNotifier(m_output, QSocketNotifier::Read, this);
+    connect(m_notifier, SIGNAL(activated(int)), this, SLOT(onOutput()));
 }
 
-void SleepBlock::Private::onAnswered(QDBusPendingCallWatcher *watcher)
+// Its input stays open when the helper has gone before its time: another one would fare no better.
+void SleepBlock::Private::onOutput()
 {
-    watcher->deleteLater();
-    const QDBusMessage answer = watcher->reply();
-    if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().isEmpty()) {
-        if (wanted)
-            tryNext();
-        else
-            asked = -1;
-        return;
+    char byte = 0;
+    granted = ::read(m_output, &byte, 1) == 1;
+    if (!granted)
+        stopListening();
+}
+
+void SleepBlock::Private::stopListening()
+{
+    if (m_notifier) {
+        m_notifier->setEnabled(false);
+        m_notifier->deleteLater(); // it may be the one that calls
     }
-    const QVariant value = answer.arguments().constFirst();
-    if (keepers[asked].releaseMethod)
-        cookie = value.toUInt();
-    else
-        file = value.value<QDBusUnixFileDescriptor>();
-    granted = true;
-    if (!wanted)
-        giveBack();
+    m_notifier = nullptr;
+    if (m_output >= 0)
+        ::close(m_output);
+    m_output = -1;
 }
 
-void SleepBlock::Private::giveBack()
+void SleepBlock::Private::end()
 {
-    const Keeper &keeper = keepers[asked];
-    if (keeper.releaseMethod)
-        call(keeper, keeper.releaseMethod, {cookie});
-    file = QDBusUnixFileDescriptor();
+    stopListening();
+    if (input >= 0)
+        ::close(input);
+    input = -1;
     granted = false;
-    asked = -1;
+    forgetEnded();
+}
+
+bool SleepBlock::isHelper(int argc, char **argv)
+{
+    knowsHelper = true;
+    return argc == helperWords && std::strcmp(argv[1], helperWord) == 0;
+}
+
+int SleepBlock::runHelper(int argc, char **argv)
+{
+    return keepAwake(argc, argv);
 }
 
 SleepBlock::SleepBlock(QObject *parent)
@@ -146,26 +171,17 @@ SleepBlock::SleepBlock(QObject *parent)
 {
 }
 
-SleepBlock::~SleepBlock()
-{
-    release();
-}
+SleepBlock::~SleepBlock() = default;
 
 void SleepBlock::acquire(const QString &reason)
 {
-    d->reason = reason;
-    d->wanted = true;
-    if (d->asked == -1)
-        d->tryNext();
+    if (d->input < 0 && knowsHelper)
+        d->start(reason);
 }
 
 void SleepBlock::release()
 {
-    d->wanted = false;
-    if (d->granted)
-        d->giveBack();
-    else if (d->asked == keeperCount)
-        d->asked = -1; // nobody was there; ask anew the next time
+    d->end();
 }
 
 bool SleepBlock::isHeld() const

@@ -41,9 +41,11 @@ target_sources(varnel_gui PRIVATE
 
 # What the devices' processes and the user's commands bring about
 if(WIN32)
-    set(app_system app/sleepblock_win.cpp app/soundserver_win.cpp)
+    set(app_system app/sleepblock_win.cpp
+        app/soundserver_win.cpp)
 else()
-    set(app_system app/sleepblock_unix.cpp app/soundserver_unix.cpp)
+    set(app_system app/sleepblock_unix.cpp
+        app/sleepkeepers_unix.cpp app/sleepkeepers.h app/soundserver_unix.cpp)
     target_link_libraries(varnel_gui PRIVATE Qt5::DBus)
 endif()
 target_sources(varnel_gui PRIVATE
