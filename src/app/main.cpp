@@ -1,17 +1,22 @@
 #include "app/batch.h"
 #include "app/commandline.h"
+#include "app/logoutput.h"
 #include "app/mainwindow.h"
 #include "app/singleinstance.h"
 #include "app/sleepblock.h"
 #include "app/stylesheet.h"
 #include "resources/resources.h"
+#include "settings/settingskeeper.h"
 #include "settings/varnelsettings.h"
 
 #include <QApplication>
 #include <QFileInfo>
 #include <QLoggingCategory>
+#include <QMessageBox>
 
 #include <cstdio>
+#include <cstdlib>
+#include <memory>
 
 namespace {
 
@@ -34,6 +39,29 @@ QStringList absolute(const QStringList &files)
     return paths;
 }
 
+/// Told in a box too: somebody who has clicked on an icon reads no standard error.
+int tellUnanswered(qint64 process)
+{
+    QString text = QCoreApplication::translate("main", "The program that is running does not answer.");
+    if (process > 0)
+        text += QLatin1Char('\n')
+            + QCoreApplication::translate("main", "Its process has the number %1.").arg(process);
+    std::fprintf(stderr, "%s\n", qPrintable(text));
+    QMessageBox box(QMessageBox::Critical, QCoreApplication::applicationName(), text);
+    box.setInformativeText(
+        QCoreApplication::translate("main", "End it, or wait for its end, and start again."));
+    box.exec();
+    return 1;
+}
+
+/// What waits for the disk may wait for ever; the lines of the devices are with the system by now.
+int leave(int code)
+{
+    if (!SettingsKeeper::waitForWritten(SettingsKeeper::patience))
+        std::_Exit(code);
+    return code;
+}
+
 int runProgram(const QStringList &files)
 {
     SingleInstance instance(VarnelSettings().fileName());
@@ -43,21 +71,23 @@ int runProgram(const QStringList &files)
     case SingleInstance::Role::HandedOver:
         return 0;
     case SingleInstance::Role::Unanswered:
-        const QString text
-            = QCoreApplication::translate("main", "The program that is running does not answer.");
-        std::fprintf(stderr, "%s\n", qPrintable(text));
-        return 1;
+        return tellUnanswered(instance.holder());
     }
+    protectLog();
     initResources();
     installStyleSheet(qApp, QCoreApplication::applicationDirPath());
     QObject::connect(qApp, SIGNAL(lastWindowClosed()), &instance, SLOT(retire()));
     QObject::connect(qApp, SIGNAL(lastWindowClosed()), qApp, SLOT(quit()));
     QObject::connect(qApp, SIGNAL(aboutToQuit()), &instance, SLOT(retire()));
-    MainWindow window;
-    QObject::connect(&instance, SIGNAL(called(QStringList)), &window, SLOT(comeForward(QStringList)));
-    window.show();
-    window.openFiles(files);
-    return QApplication::exec();
+    auto window = std::make_unique<MainWindow>();
+    QObject::connect(&instance, SIGNAL(called(QStringList)), window.get(), SLOT(comeForward(QStringList)));
+    window->show();
+    window->openFiles(files);
+    const int code = QApplication::exec();
+    window->stopRecording(); // where something else than its closing has ended the program
+    instance.giveBack(); // ports are closed and lines are with the system; the disk may take its time
+    window.reset();
+    return leave(code);
 }
 
 } // namespace

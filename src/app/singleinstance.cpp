@@ -1,27 +1,56 @@
 #include "app/singleinstance.h"
 
+#include "app/instanceplace.h"
+
 #include <QCryptographicHash>
-#include <QDataStream>
-#include <QDir>
 #include <QElapsedTimer>
 #include <QLocalServer>
 #include <QLocalSocket>
-#include <QLockFile>
-#include <QStandardPaths>
+#include <QSysInfo>
 #include <QThread>
+#include <QTimer>
+#include <QtEndian>
 
 namespace {
 
 constexpr int settleTime = 10000; // ms that the first program has to take the files or to be gone
 constexpr int answerTime = 3000; // ms, of one attempt
+constexpr int connectionTime = 10000; // ms, the longest that a start may take to say what it wants
 constexpr int retryTime = 50; // ms
-constexpr quint32 magic = 0x564e4c31;
 constexpr char received = '+';
 
-QString runtimeFolder()
+// What a start says: four letters, the number of bytes that follow, most significant first, and the files in
+// UTF-8, each ended by a null. No count of anything else stands in it that would have to be believed.
+const QByteArray greeting = QByteArrayLiteral("VNL2");
+constexpr int headLength = 8;
+constexpr quint32 longestList = 16U << 20; // bytes; more than a command line can hold
+
+QByteArray callMessage(const QStringList &files)
 {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    return folder.isEmpty() ? QDir::tempPath() : folder;
+    QByteArray names;
+    for (const QString &file : files)
+        names += file.toUtf8() + '\0';
+    const quint32 length = qToBigEndian(quint32(names.size()));
+    return greeting + QByteArray(reinterpret_cast<const char *>(&length), sizeof length) + names;
+}
+
+QStringList namesOf(const QByteArray &list)
+{
+    QStringList files;
+    const auto names = list.split('\0');
+    for (const QByteArray &name : names) {
+        if (!name.isEmpty())
+            files.append(QString::fromUtf8(name));
+    }
+    return files;
+}
+
+// A home folder may be on several computers at once, and each has ports of its own.
+QString placeName(const QString &identity)
+{
+    const QByteArray what = identity.toUtf8() + '\0' + QSysInfo::machineHostName().toUtf8();
+    const QByteArray hash = QCryptographicHash::hash(what, QCryptographicHash::Sha1).toHex().left(16);
+    return QStringLiteral("/varnelgraph-") + QString::fromLatin1(hash);
 }
 
 } // namespace
@@ -30,16 +59,26 @@ SingleInstance::SingleInstance(const QString &identity, QObject *parent)
     : QObject(parent)
     , m_server(new QLocalServer(this))
 {
-    const QByteArray hash
-        = QCryptographicHash::hash(identity.toUtf8(), QCryptographicHash::Sha1).toHex().left(16);
-    m_path = runtimeFolder() + QStringLiteral("/varnelgraph-") + QString::fromLatin1(hash);
-    m_lock = std::make_unique<QLockFile>(m_path + QStringLiteral(".lock"));
-    m_lock->setStaleLockTime(0); // held as long as the program runs; a dead one's is taken over
+    const QString folder = ownFolder();
+    if (!folder.isEmpty())
+        m_path = folder + placeName(identity);
+    m_lock = std::make_unique<PlaceLock>(m_path + QStringLiteral(".lock"));
     m_server->setSocketOptions(QLocalServer::UserAccessOption);
     connect(m_server, SIGNAL(newConnection()), this, SLOT(onConnection()));
 }
 
 SingleInstance::~SingleInstance() = default;
+
+qint64 SingleInstance::holder() const
+{
+    return m_lock->holder();
+}
+
+void SingleInstance::giveBack()
+{
+    retire();
+    m_lock->giveBack();
+}
 
 SingleInstance::Role SingleInstance::settle(const QStringList &files)
 {
@@ -65,9 +104,10 @@ void SingleInstance::retire()
 
 bool SingleInstance::claim()
 {
-    if (!m_lock->tryLock() && m_lock->error() == QLockFile::LockFailedError)
-        return false;
-    // Without a lock (a runtime folder that can't be written) the program runs all the same, alone or not.
+    // Without a lock (no folder, or one that can't be written) the program runs all the same, alone or not.
+    const PlaceLock::Outcome outcome = m_path.isEmpty() ? PlaceLock::Outcome::Impossible : m_lock->take();
+    if (outcome != PlaceLock::Outcome::Held)
+        return outcome == PlaceLock::Outcome::Impossible;
     QLocalServer::removeServer(m_path);
     m_server->listen(m_path);
     return true;
@@ -77,11 +117,9 @@ bool SingleInstance::handOver(const QStringList &files) const
 {
     QLocalSocket socket;
     socket.connectToServer(m_path);
-    if (!socket.waitForConnected(retryTime))
+    if (!socket.waitForConnected(retryTime) || !isOwnPeer(socket.socketDescriptor()))
         return false;
-    QDataStream stream(&socket);
-    stream.setVersion(QDataStream::Qt_5_15);
-    stream << magic << files;
+    socket.write(callMessage(files));
     socket.flush();
     return socket.waitForReadyRead(answerTime) && socket.read(1) == QByteArray(1, received);
 }
@@ -89,26 +127,35 @@ bool SingleInstance::handOver(const QStringList &files) const
 void SingleInstance::onConnection()
 {
     while (QLocalSocket *socket = m_server->nextPendingConnection()) {
+        if (!isOwnPeer(socket->socketDescriptor())) {
+            socket->deleteLater();
+            continue;
+        }
+        socket->setReadBufferSize(headLength + longestList);
         connect(socket, SIGNAL(readyRead()), this, SLOT(onReadyRead()));
         connect(socket, SIGNAL(disconnected()), socket, SLOT(deleteLater()));
+        QTimer::singleShot(connectionTime, socket, SLOT(deleteLater()));
     }
 }
 
+// Anybody may talk here who runs under this user's name: what does not begin as a start does is not read on.
 void SingleInstance::onReadyRead()
 {
     auto *socket = qobject_cast<QLocalSocket *>(sender());
-    QDataStream stream(socket);
-    stream.setVersion(QDataStream::Qt_5_15);
-    stream.startTransaction();
-    quint32 mark = 0;
-    QStringList files;
-    stream >> mark >> files;
-    if (!stream.commitTransaction())
+    const QByteArray head = socket->peek(headLength);
+    const bool greets = head.startsWith(greeting.left(head.size()));
+    if (greets && head.size() < headLength)
         return; // the rest is still on its way
-    if (mark != magic) {
+    const quint32 length
+        = greets ? qFromBigEndian<quint32>(head.constData() + greeting.size()) : longestList + 1;
+    if (length > longestList) {
         socket->abort();
         return;
     }
+    if (socket->bytesAvailable() < qint64(headLength) + length)
+        return;
+    socket->skip(headLength);
+    const QStringList files = namesOf(socket->read(length));
     socket->write(&received, 1);
     socket->flush();
     emit called(files);

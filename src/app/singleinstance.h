@@ -5,15 +5,16 @@
 
 #include <memory>
 
+class PlaceLock;
 class QLocalServer;
-class QLockFile;
 
 /// One program a user and settings file: the first one serves, a later one hands its files over and leaves.
 class SingleInstance : public QObject {
     Q_OBJECT
 
 public:
-    /// Socket and lock lie in the user's runtime folder, under a name made from `identity`.
+    /// Socket and lock lie in a folder of the user's alone, under a name made from `identity`. Without such a
+    /// folder nobody meets.
     explicit SingleInstance(const QString &identity, QObject *parent = nullptr);
     ~SingleInstance() override;
 
@@ -23,13 +24,17 @@ public:
         Unanswered ///< there is a first one, but it neither answered nor left within 10 s
     };
 
-    /// Finds the role of this start; `files` (absolute paths, may be empty) go to the first
-    /// one where there is one. One that is just leaving takes nothing more: this start waits
-    /// for it to be gone and takes its place.
+    /// Finds the role of this start; `files` (absolute paths, may be empty, 16 MB of UTF-8 at most) go to the
+    /// first one where there is one. One that is just leaving takes nothing more: this start waits for it to
+    /// give its place back and takes that.
     Role settle(const QStringList &files);
+    /// Number of the process that has the place; 0 when that is not known.
+    qint64 holder() const;
+    /// Gives the place back: the next start need not wait for this program to be gone.
+    void giveBack();
 
 public slots:
-    /// Answers no more starts: the program is leaving. Its place is free when it has gone.
+    /// Answers no more starts: the program is leaving. Its place stays taken until giveBack().
     void retire();
 
 signals:
@@ -44,7 +49,7 @@ private:
     bool claim();
     bool handOver(const QStringList &files) const;
 
-    QString m_path; ///< of the socket
-    std::unique_ptr<QLockFile> m_lock;
+    QString m_path; ///< of the socket; empty where there is no folder for it
+    std::unique_ptr<PlaceLock> m_lock;
     QLocalServer *m_server;
 };

@@ -18,8 +18,10 @@ target_sources(varnel_gui PRIVATE
     app/graphprinting.cpp app/graphprinting.h
     app/graphwindows.cpp app/graphwindows.h
     app/inputgate.cpp app/inputgate.h
+    app/instanceplace.h
     app/journalnotice.cpp app/journalnotice.h
     app/listenedports.cpp app/listenedports.h
+    app/logoutput.h
     app/mainwindow.cpp app/mainwindow.h
     app/packsource.cpp app/packsource.h
     app/portquestions.cpp app/portquestions.h
@@ -41,10 +43,10 @@ target_sources(varnel_gui PRIVATE
 
 # What the devices' processes and the user's commands bring about
 if(WIN32)
-    set(app_system app/sleepblock_win.cpp
+    set(app_system app/instanceplace_win.cpp app/logoutput_win.cpp app/sleepblock_win.cpp
         app/soundserver_win.cpp)
 else()
-    set(app_system app/sleepblock_unix.cpp
+    set(app_system app/instanceplace_unix.cpp app/logoutput_unix.cpp app/sleepblock_unix.cpp
         app/sleepkeepers_unix.cpp app/sleepkeepers.h app/soundserver_unix.cpp)
     target_link_libraries(varnel_gui PRIVATE Qt5::DBus)
 endif()

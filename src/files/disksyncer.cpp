@@ -4,137 +4,178 @@
 #include "files/journalfile.h"
 
 #include <algorithm>
-#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+#include <vector>
 
 namespace {
 
 constexpr std::chrono::seconds period(1);
 
+struct Entry {
+    int descriptor;
+    bool dirty;
+    bool finishing;
+    bool failing;
+    QString name; // empty where nobody watches
+    bool gone;
+    std::promise<bool> finished;
+};
+
 } // namespace
+
+/// What the syncer and its thread share, all of it guarded by the mutex.
+struct DiskSyncer::Work {
+    const Entry *find(int descriptor) const;
+    Entry &entryFor(int descriptor);
+    void run();
+    void syncRound(std::unique_lock<std::mutex> &lock);
+    void look(std::unique_lock<std::mutex> &lock, size_t index);
+
+    std::mutex mutex;
+    std::condition_variable wake; // of the thread
+    std::condition_variable ended;
+    std::vector<Entry> entries;
+    bool urgent = false;
+    bool stopping = false;
+    bool isEnded = false;
+};
+
+DiskSyncer::DiskSyncer()
+    : m_work(std::make_shared<Work>())
+{
+}
 
 DiskSyncer::~DiskSyncer()
 {
-    if (!m_thread.joinable())
-        return;
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_stopping = true;
-    }
-    m_wake.notify_one();
-    m_thread.join();
+    std::unique_lock<std::mutex> lock(m_work->mutex);
+    m_work->stopping = true;
+    m_work->wake.notify_one();
+    if (m_started)
+        m_work->ended.wait_for(lock, patience, [this] { return m_work->isEnded; });
+}
+
+DiskSyncer::Work &DiskSyncer::started()
+{
+    if (!m_started)
+        std::thread([work = m_work] { work->run(); }).detach();
+    m_started = true;
+    return *m_work;
 }
 
 void DiskSyncer::watch(int descriptor, const QString &fileName)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    entryFor(descriptor).name = fileName;
+    Work &work = started();
+    const std::lock_guard<std::mutex> lock(work.mutex);
+    work.entryFor(descriptor).name = fileName;
 }
 
 bool DiskSyncer::isGone(int descriptor) const
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    const Entry *entry = find(descriptor);
+    const std::lock_guard<std::mutex> lock(m_work->mutex);
+    const Entry *entry = m_work->find(descriptor);
     return entry && entry->gone;
 }
 
 void DiskSyncer::mark(int descriptor)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    entryFor(descriptor).dirty = true;
+    Work &work = started();
+    const std::lock_guard<std::mutex> lock(work.mutex);
+    work.entryFor(descriptor).dirty = true;
 }
 
 void DiskSyncer::finish(int descriptor)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    Entry &entry = entryFor(descriptor);
+    Work &work = started();
+    const std::lock_guard<std::mutex> lock(work.mutex);
+    Entry &entry = work.entryFor(descriptor);
     entry.dirty = true;
     entry.finishing = true;
 }
 
 std::future<bool> DiskSyncer::finishNow(int descriptor)
 {
-    std::future<bool> outcome;
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        Entry &entry = entryFor(descriptor);
-        entry.dirty = true;
-        entry.finishing = true;
-        outcome = entry.finished.get_future();
-        m_urgent = true;
-    }
-    m_wake.notify_one();
-    return outcome;
+    Work &work = started();
+    const std::lock_guard<std::mutex> lock(work.mutex);
+    Entry &entry = work.entryFor(descriptor);
+    entry.dirty = true;
+    entry.finishing = true;
+    work.urgent = true;
+    work.wake.notify_one();
+    return entry.finished.get_future();
 }
 
 bool DiskSyncer::isFailing(int descriptor) const
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    const Entry *entry = find(descriptor);
+    const std::lock_guard<std::mutex> lock(m_work->mutex);
+    const Entry *entry = m_work->find(descriptor);
     return entry && entry->failing;
 }
 
-const DiskSyncer::Entry *DiskSyncer::find(int descriptor) const
+const Entry *DiskSyncer::Work::find(int descriptor) const
 {
-    const auto known = std::find_if(m_entries.begin(), m_entries.end(),
+    const auto known = std::find_if(entries.begin(), entries.end(),
         [descriptor](const Entry &entry) { return entry.descriptor == descriptor; });
-    return known == m_entries.end() ? nullptr : &*known;
+    return known == entries.end() ? nullptr : &*known;
 }
 
 // A descriptor that is being finished still belongs to the old file, so that no number stands here twice.
-DiskSyncer::Entry &DiskSyncer::entryFor(int descriptor)
+Entry &DiskSyncer::Work::entryFor(int descriptor)
 {
     if (const Entry *known = find(descriptor))
-        return m_entries[size_t(known - m_entries.data())];
-    m_entries.push_back({descriptor, false, false, false, QString(), false, {}});
-    if (!m_thread.joinable())
-        m_thread = std::thread([this] { run(); });
-    return m_entries.back();
+        return entries[size_t(known - entries.data())];
+    entries.push_back({descriptor, false, false, false, QString(), false, {}});
+    return entries.back();
 }
 
-void DiskSyncer::run()
+void DiskSyncer::Work::run()
 {
-    std::unique_lock<std::mutex> lock(m_mutex);
-    while (!m_stopping) {
-        m_wake.wait_for(lock, period, [this] { return m_stopping || m_urgent; });
-        m_urgent = false;
+    std::unique_lock<std::mutex> lock(mutex);
+    for (bool last = false; !last;) {
+        wake.wait_for(lock, period, [this] { return stopping || urgent; });
+        last = stopping; // else what is marked during a round would be left by the last one
+        urgent = false;
         syncRound(lock);
     }
+    isEnded = true;
+    ended.notify_one();
 }
 
-void DiskSyncer::look(std::unique_lock<std::mutex> &lock, size_t index)
+void DiskSyncer::Work::look(std::unique_lock<std::mutex> &lock, size_t index)
 {
-    const int descriptor = m_entries[index].descriptor;
-    const QString name = m_entries[index].name;
+    const int descriptor = entries[index].descriptor;
+    const QString name = entries[index].name;
     if (name.isEmpty())
         return;
     lock.unlock();
     const bool gone = !isStillNamed(descriptor, name);
     lock.lock();
-    m_entries[index].gone = gone;
+    entries[index].gone = gone;
 }
 
 // The disk is waited for without the mutex. Only this thread closes and removes, so that indexes stay valid;
 // a file that is written meanwhile is marked anew.
-void DiskSyncer::syncRound(std::unique_lock<std::mutex> &lock)
+void DiskSyncer::Work::syncRound(std::unique_lock<std::mutex> &lock)
 {
-    for (size_t i = 0; i < m_entries.size();) {
-        const int descriptor = m_entries[i].descriptor;
+    for (size_t i = 0; i < entries.size();) {
+        const int descriptor = entries[i].descriptor;
         look(lock, i);
-        const bool finishing = m_entries[i].finishing;
-        if (m_entries[i].dirty) {
-            m_entries[i].dirty = false;
+        const bool finishing = entries[i].finishing;
+        if (entries[i].dirty) {
+            entries[i].dirty = false;
             lock.unlock();
             const bool synced = syncToDisk(descriptor);
             lock.lock();
-            m_entries[i].failing = !synced;
-            m_entries[i].dirty |= !synced;
+            entries[i].failing = !synced;
+            entries[i].dirty |= !synced;
         }
         if (!finishing) {
             ++i;
             continue;
         }
         closeFile(descriptor);
-        m_entries[i].finished.set_value(!m_entries[i].failing);
-        m_entries.erase(m_entries.begin() + std::ptrdiff_t(i));
+        entries[i].finished.set_value(!entries[i].failing);
+        entries.erase(entries.begin() + std::ptrdiff_t(i));
     }
 }

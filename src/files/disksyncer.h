@@ -2,18 +2,21 @@
 
 #include <QString>
 
-#include <condition_variable>
+#include <chrono>
 #include <future>
-#include <mutex>
-#include <thread>
-#include <vector>
+#include <memory>
 
 /// Brings what was written to some files to the disk once a second, and looks whether they still have their
-/// names, in a thread of its own, which touches nothing but their descriptors and names. Files are registered, marked and handed over from one other thread.
+/// names, in a thread of its own, which touches nothing but their descriptors and names. Files are registered,
+/// marked and handed over from one other thread.
 class DiskSyncer {
 public:
-    DiskSyncer() = default;
-    /// Brings everything to the disk and waits for it.
+    /// What the end of a syncer waits for a disk.
+    static constexpr std::chrono::seconds patience{5};
+
+    DiskSyncer();
+    /// Brings everything to the disk and waits for that, but no longer than `patience`: the thread is then
+    /// left to itself, and what was written is with the system.
     ~DiskSyncer();
     DiskSyncer(const DiskSyncer &) = delete;
     DiskSyncer &operator=(const DiskSyncer &) = delete;
@@ -32,26 +35,10 @@ public:
     bool isFailing(int descriptor) const;
 
 private:
-    struct Entry {
-        int descriptor;
-        bool dirty;
-        bool finishing;
-        bool failing;
-        QString name; // empty where nobody watches
-        bool gone;
-        std::promise<bool> finished;
-    };
+    struct Work;
 
-    const Entry *find(int descriptor) const;
-    Entry &entryFor(int descriptor);
-    void run();
-    void syncRound(std::unique_lock<std::mutex> &lock);
-    void look(std::unique_lock<std::mutex> &lock, size_t index);
+    Work &started();
 
-    mutable std::mutex m_mutex;
-    std::condition_variable m_wake;
-    std::vector<Entry> m_entries; // guarded by the mutex
-    bool m_urgent = false; // guarded by the mutex
-    bool m_stopping = false; // guarded by the mutex
-    std::thread m_thread; // started with the first file
+    std::shared_ptr<Work> m_work; // with the thread, which may outlive this
+    bool m_started = false; // with the first file
 };

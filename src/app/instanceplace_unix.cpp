@@ -1,0 +1,95 @@
+#include "app/instanceplace.h"
+
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+bool isPrivate(const struct stat &status)
+{
+    return S_ISDIR(status.st_mode) && status.st_uid == ::geteuid()
+        && (status.st_mode & (S_IRWXG | S_IRWXO)) == 0;
+}
+
+} // namespace
+
+// The folder for temporary files is no place for either: whoever is there first has the name.
+QString ownFolder()
+{
+    struct stat status { };
+    const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
+    if (runtime.startsWith('/') && ::stat(runtime.constData(), &status) == 0 && isPrivate(status))
+        return QFile::decodeName(runtime);
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
+    const QString folder = data + QStringLiteral("/run");
+    const QByteArray name = QFile::encodeName(folder);
+    QDir().mkpath(data);
+    ::mkdir(name.constData(), S_IRWXU);
+    return ::lstat(name.constData(), &status) == 0 && isPrivate(status) ? folder : QString();
+}
+
+bool isOwnPeer(qintptr socketDescriptor)
+{
+    ucred peer{};
+    socklen_t length = sizeof peer;
+    return ::getsockopt(int(socketDescriptor), SOL_SOCKET, SO_PEERCRED, &peer, &length) == 0
+        && peer.uid == ::geteuid();
+}
+
+class PlaceLock::Private {
+public:
+    QByteArray fileName;
+    int descriptor = -1;
+};
+
+PlaceLock::PlaceLock(const QString &fileName)
+    : d(std::make_unique<Private>())
+{
+    d->fileName = QFile::encodeName(fileName);
+}
+
+PlaceLock::~PlaceLock()
+{
+    giveBack();
+}
+
+// A lock on the open file goes with its process: a number that stands in a file could by now be another's.
+PlaceLock::Outcome PlaceLock::take()
+{
+    constexpr int flags = O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW;
+    const int descriptor = ::open(d->fileName.constData(), flags, S_IRUSR | S_IWUSR);
+    if (descriptor < 0)
+        return Outcome::Impossible;
+    if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
+        const bool taken = errno == EWOULDBLOCK;
+        ::close(descriptor);
+        return taken ? Outcome::Taken : Outcome::Impossible;
+    }
+    d->descriptor = descriptor;
+    const QByteArray self = QByteArray::number(qint64(::getpid()));
+    if (::ftruncate(descriptor, 0) != 0 || ::write(descriptor, self.constData(), size_t(self.size())) < 0)
+        return Outcome::Held; // only the number of the process will be missing
+    return Outcome::Held;
+}
+
+void PlaceLock::giveBack()
+{
+    if (d->descriptor >= 0)
+        ::close(d->descriptor);
+    d->descriptor = -1;
+}
+
+qint64 PlaceLock::holder() const
+{
+    constexpr qint64 longestNumber = 20;
+    QFile file(QFile::decodeName(d->fileName));
+    return file.open(QIODevice::ReadOnly) ? file.read(longestNumber).toLongLong() : 0;
+}

@@ -1,0 +1,5 @@
+#pragma once
+
+/// From here on the program neither ends nor waits when nobody reads what it writes to standard error; such
+/// messages are lost.
+void protectLog();

@@ -1,0 +1,93 @@
+#include "app/singleinstance.h"
+#include "files/journalfolder.h"
+#include "settings/settingskeeper.h"
+#include "settings/varnelsettings.h"
+#include "support/files.h"
+#include "support/lines.h"
+#include "support/programprocess.h"
+#include "support/ptypair.h"
+#include "support/shellfixture.h"
+
+#include <QTest>
+
+/// The program itself on a machine that is ill.
+class TestSickMachine : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void nobodyReadsTheLog();
+    void diskHangsAtTheEnd();
+
+private:
+    void send(int lines);
+
+    ShellFixture fixture;
+    std::unique_ptr<PtyPair> line;
+    int sent = 0;
+};
+
+void TestSickMachine::initTestCase()
+{
+    // The program has an organisation of its own, and takes all folders from the environment.
+    QCoreApplication::setOrganizationName(QStringLiteral("VarnelGraph"));
+    qputenv("XDG_CONFIG_HOME", fixture.path(QStringLiteral("settings")).toLocal8Bit());
+    VarnelSettings().setPorts({QStringLiteral("COM1")});
+    QVERIFY(SettingsKeeper::waitForWritten(std::chrono::seconds(60)));
+    line = std::make_unique<PtyPair>(fixture.portFolder(), QStringLiteral("COM1"));
+}
+
+/// Sends lines and waits until the newest journal has them all.
+void TestSickMachine::send(int lines)
+{
+    for (int i = 0; i < lines; ++i)
+        line->send(Lines::charger(++sent));
+    const auto journal = [] {
+        const QStringList files = JournalFolder(JournalFolder::defaultPath()).files();
+        return files.isEmpty() ? QByteArray() : contents(files.first());
+    };
+    QTRY_COMPARE_WITH_TIMEOUT(journal().count('\n'), sent, 20000);
+}
+
+// Each wrong line is told there.
+void TestSickMachine::nobodyReadsTheLog()
+{
+    sent = 0;
+    ProgramProcess program;
+    QVERIFY(program.listens(1));
+    program.setReadChannel(QProcess::StandardOutput);
+    program.closeReadChannel(QProcess::StandardOutput); // both go here
+    line->send("#this is no line of any device\r\n");
+    send(3);
+    QCOMPARE(program.state(), QProcess::Running);
+}
+
+// Nothing that the program waits for is the window's, and the place is free before the disk is well.
+void TestSickMachine::diskHangsAtTheEnd()
+{
+    sent = 0;
+    const QString sick = fixture.path(QStringLiteral("sick"));
+    QVERIFY(QDir().mkpath(sick));
+    ProgramProcess program;
+    program.setVariable("LD_PRELOAD", QStringLiteral(SICK_MACHINE));
+    program.setVariable("ASAN_OPTIONS", QStringLiteral("verify_asan_link_order=0"));
+    program.setVariable("VARNEL_TEST_SICK", sick);
+    QVERIFY(program.listens(1));
+    QVERIFY(writeFile(sick + QStringLiteral("/hang"), QByteArray()));
+    send(3);
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(sick + QStringLiteral("/hung")), 20000);
+    QVERIFY(writeFile(sick + QStringLiteral("/close"), QByteArray()));
+    SingleInstance next(VarnelSettings().fileName());
+    SingleInstance::Role role = SingleInstance::Role::HandedOver;
+    while (role == SingleInstance::Role::HandedOver) // until it has heard that it is to close
+        role = next.settle({});
+    QCOMPARE(role, SingleInstance::Role::First);
+    QVERIFY(program.waitForFinished(60000));
+    QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(program.exitCode(), 0);
+    QVERIFY(!contents(sick + QStringLiteral("/hung")).contains("window"));
+    send(0); // all of them are there
+}
+
+QTEST_GUILESS_MAIN(TestSickMachine)
+#include "tst_sickmachine.moc"
