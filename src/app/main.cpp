@@ -2,6 +2,7 @@
 #include "app/commandline.h"
 #include "app/logoutput.h"
 #include "app/mainwindow.h"
+#include "app/settingsnotice.h"
 #include "app/singleinstance.h"
 #include "app/sleepblock.h"
 #include "app/stylesheet.h"
@@ -81,6 +82,7 @@ int runProgram(const QStringList &files)
     QObject::connect(qApp, SIGNAL(aboutToQuit()), &instance, SLOT(retire()));
     auto window = std::make_unique<MainWindow>();
     QObject::connect(&instance, SIGNAL(called(QStringList)), window.get(), SLOT(comeForward(QStringList)));
+    new SettingsNotice(window.get());
     window->show();
     window->openFiles(files);
     const int code = QApplication::exec();

@@ -19,7 +19,6 @@
 #include "app/progressstrip.h"
 #include "app/recordings.h"
 #include "app/remotecontrols.h"
-#include "app/settingsnotice.h"
 #include "app/shellmenus.h"
 #include "app/shellreaderhost.h"
 #include "app/shelltargets.h"
@@ -94,7 +93,6 @@ void MainWindow::createParts()
     facts = new StatusFacts(statusBar());
     recordings = new Recordings(this);
     new JournalNotice(recordings->keeper(), facts, this);
-    new SettingsNotice(this);
     readerHost = new ShellReaderHost(this, graphs, recordings, facts);
     ports = new ListenedPorts(this, readerHost, facts);
     watcher = new PortWatcher(this);

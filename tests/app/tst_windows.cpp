@@ -1,21 +1,25 @@
 #include "app/actionset.h"
 #include "app/graphprinting.h"
 #include "app/mainwindow.h"
+#include "app/settingsnotice.h"
 #include "app/stylesheet.h"
 #include "dialogs/about.h"
 #include "dialogs/dialogpreferences.h"
 #include "graph/mdigraphchild.h"
 #include "printing/printjob.h"
 #include "resources/resources.h"
-#include "settings/viewstate.h"
+#include "settings/settingskeeper.h"
 #include "settings/varnelsettings.h"
+#include "settings/viewstate.h"
 #include "support/lines.h"
 #include "support/shellfixture.h"
 #include "support/warningcollector.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QDir>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPainter>
 #include <QTest>
 #include <QTimer>
@@ -32,6 +36,7 @@ private slots:
     void layoutComesBack();
     void figuresStayInSight();
     void closingEndsTheProgram();
+    void settingsThatCanNotBeKept();
     void ownStyleSheet();
     void graphOnPaper();
 
@@ -109,6 +114,29 @@ void TestWindows::closingEndsTheProgram()
     QTimer::singleShot(50, &window, SLOT(close()));
     QTimer::singleShot(5000, qApp, [] { QCoreApplication::exit(1); });
     QCOMPARE(QApplication::exec(), 0); // the last window has closed
+}
+
+// Told once each, be there ever so many changes.
+void TestWindows::settingsThatCanNotBeKept()
+{
+    const QString fileName = VarnelSettings().fileName();
+    QFile::remove(fileName);
+    QVERIFY(QDir().mkpath(fileName)); // a folder in its place
+    MainWindow window;
+    new SettingsNotice(&window);
+    for (const char *name : {"settingsUnreadable", "settingsUnwritable"}) {
+        const auto find = [&] { return window.findChild<QMessageBox *>(QLatin1String(name)); };
+        QTRY_VERIFY(find());
+        QVERIFY(find()->text().contains(fileName));
+        find()->close();
+        QTRY_VERIFY(!find());
+    }
+    VarnelSettings().setPorts({QStringLiteral("COM3")});
+    QVERIFY(SettingsKeeper::waitForWritten(std::chrono::seconds(60)));
+    QCoreApplication::processEvents();
+    QVERIFY(window.findChildren<QMessageBox *>().isEmpty());
+    QCOMPARE(VarnelSettings().ports(), QStringList({"COM3"}));
+    QVERIFY(QDir().rmdir(fileName));
 }
 
 void TestWindows::ownStyleSheet()
