@@ -16,6 +16,7 @@ class TestSickMachine : public QObject {
 
 private slots:
     void initTestCase();
+    void init();
     void nobodyReadsTheLog();
     void diskHangsAtTheEnd();
 
@@ -37,6 +38,12 @@ void TestSickMachine::initTestCase()
     line = std::make_unique<PtyPair>(fixture.portFolder(), QStringLiteral("COM1"));
 }
 
+void TestSickMachine::init()
+{
+    sent = 0;
+    QVERIFY(QDir(JournalFolder::defaultPath()).removeRecursively());
+}
+
 /// Sends lines and waits until the newest journal has them all.
 void TestSickMachine::send(int lines)
 {
@@ -52,7 +59,6 @@ void TestSickMachine::send(int lines)
 // Each wrong line is told there.
 void TestSickMachine::nobodyReadsTheLog()
 {
-    sent = 0;
     ProgramProcess program;
     QVERIFY(program.listens(1));
     program.setReadChannel(QProcess::StandardOutput);
@@ -65,7 +71,6 @@ void TestSickMachine::nobodyReadsTheLog()
 // Nothing that the program waits for is the window's, and the place is free before the disk is well.
 void TestSickMachine::diskHangsAtTheEnd()
 {
-    sent = 0;
     const QString sick = fixture.path(QStringLiteral("sick"));
     QVERIFY(QDir().mkpath(sick));
     ProgramProcess program;
