@@ -18,7 +18,7 @@ CellResistances resistancesOf(const Varnel3Data &record);
 /// What the resistances of a pack come to.
 struct ResistanceSummary {
     double sum = 0.0; ///< mOhm
-    double mean = 0.0; ///< mOhm
+    double mean = 0.0; ///< mOhm; `sum` divided by the cells present
     double highest = 0.0; ///< mOhm
     double lowest = 99.9; ///< mOhm; at most this, however high the resistances are
     int highestCell = 0; ///< index; the first one on a tie
@@ -26,7 +26,7 @@ struct ResistanceSummary {
     /// Every cell has a resistance. Only then do the other figures mean anything together.
     bool complete = false;
 
-    /// Over the first `count` of `resistances`.
+    /// Over the first `count` of `resistances`: the cells present, 0..16, whatever count the device sent.
     static ResistanceSummary of(const CellResistances &resistances, int count);
     /// (highest - lowest) / lowest in per cent, half a per cent added, rounded
     /// half to even. Only when complete.
