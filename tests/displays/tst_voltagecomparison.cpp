@@ -338,6 +338,7 @@ void TestVoltageComparison::choosingKeepsThePlace()
     window.resize(scaled(4000), scaled(360));
     window.show();
     auto *bar = window.findChild<QScrollBar *>();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
     QVERIFY(!bar->isVisible());
     window.resize(scaled(400), scaled(360));
     QTRY_VERIFY(bar->isVisible() && bar->height() > 0);
