@@ -17,11 +17,13 @@
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QListView>
+#include <QTimer>
 #include <QTreeView>
 
 namespace {
 
 constexpr int messageTime = 5000; // ms
+constexpr int savedTime = 1000; // ms
 constexpr int labelsKept = 10000; // a large folder scrolls without reading a file twice
 constexpr QSize dialogSize(780, 480); // room for names, labels and dates
 constexpr int typeColumn = 2; // of a file dialog's details; the same for every recording
@@ -216,11 +218,19 @@ bool Documents::save(MdiGraphChild *child, const QString &fileName)
         tellFailure(fileName, outcome.reason);
     } else {
         child->markSaved(fileName, lines.recordCount());
-        emit message(tr("Data saved on disk."), 1000);
+        emit message(tr("Data saved on disk."), savedTime);
+        savedFile = QDir::toNativeSeparators(fileName);
+        QTimer::singleShot(savedTime, this, SLOT(nameSaved()));
         if (lines.unreadable() > 0)
             tellUnreadable(lines.unreadable(), child, fileName);
     }
     return outcome.written;
+}
+
+// A second is enough to see that it was saved, not to read where.
+void Documents::nameSaved()
+{
+    emit message(tr("%1 written.").arg(savedFile), messageTime);
 }
 
 void Documents::tellFailure(const QString &fileName, const QString &reason)

@@ -46,6 +46,7 @@ signals:
 private slots:
     void onLoaded(const QString &fileName, SeriesStore *store);
     void onFinished(const QStringList &failures, int total);
+    void nameSaved();
 
 private:
     /// Opens what is chosen in `dialog` and returns it.
@@ -62,4 +63,5 @@ private:
     FileQueue *queue;
     QCache<QString, QString> labels; ///< of files in the open dialog
     bool displaysHidden = false;
+    QString savedFile; ///< the one saved last, as it is told
 };

@@ -131,6 +131,7 @@ void TestDocuments::saveAndReopen()
     QVERIFY(!child->hasUnsavedData());
     QCOMPARE(message(), QStringLiteral("Data saved on disk."));
     QVERIFY(box("unreadableRecords"));
+    QTRY_COMPARE(message(), QDir::toNativeSeparators(path) + QStringLiteral(" written."));
     QCOMPARE(VarnelSettings().value(QStringLiteral("global/lastDir")).toString(), path);
     window->openFiles({path});
     QTRY_COMPARE(window->mdiChildren().size(), 2);
