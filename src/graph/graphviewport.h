@@ -17,11 +17,11 @@ public:
     /// Takes the size of the picture; a zoom's times are divided anew.
     void resize(const QSize &size);
 
-    /// The record whose time is next to that of pixel column `x`, or to the last one's right of the plots; the
+    /// The record whose time is next to that of pixel column `x`, or of the last one right of the plots; the
     /// first of several, as where a clock was set back. -1 left of the plots and without records.
     int recordAt(int x) const;
-    /// The record that lies about so many pixel columns beside `record`, on the way along the records: at least
-    /// the next one, at most the last one. `columns` is not 0.
+    /// The record that lies about so many pixel columns beside `record`, on the way along the records: at
+    /// least the next one, at most the last one. `columns` is not 0.
     int recordBeside(int record, int columns) const;
     /// The record at the left end of what is shown, or at its right end.
     int firstShown() const;
