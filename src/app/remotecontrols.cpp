@@ -42,7 +42,7 @@ void RemoteControls::open()
     if (!reader)
         return;
     QPointer<DialogRemoteControl> &dialog = dialogs[reader];
-    if (dialog) {
+    if (dialog && dialog->isVisible()) {
         dialog->timerEventTryb();
     } else {
         dialog = new DialogRemoteControl(reader, window);

@@ -3,6 +3,7 @@
 #include "link/serialreader.h"
 #include "ui_dialogremotecontrol.h"
 
+#include <QEvent>
 #include <QMessageBox>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
@@ -81,9 +82,27 @@ void DialogRemoteControl::fillCombos()
 
 void DialogRemoteControl::done(int result)
 {
+    end();
+    QDialog::done(result);
+}
+
+// A minimised or covered one is hidden by the system and goes on.
+bool DialogRemoteControl::event(QEvent *event)
+{
+    const bool handled = QDialog::event(event);
+    const bool closed = event->type() == QEvent::Close && event->isAccepted();
+    if (closed || (event->type() == QEvent::Hide && !event->spontaneous()))
+        end();
+    return handled;
+}
+
+void DialogRemoteControl::end()
+{
     timeOutTimer->stop();
     pollTimer->stop();
-    QDialog::done(result);
+    if (reader)
+        reader->disconnect(this);
+    reader.clear(); // a shot or a click may still be under way
 }
 
 void DialogRemoteControl::send(const QString &command)
@@ -100,6 +119,8 @@ void DialogRemoteControl::poll()
 
 void DialogRemoteControl::control_data(const QString &line)
 {
+    if (!reader)
+        return;
     const QString reply = line.trimmed();
     if (reply.startsWith(QLatin1String("#TRYB"))) {
         timeOutTimer->stop();

@@ -13,7 +13,9 @@ class DialogRemoteControl;
 }
 
 /// The front panel of a charger: sends its short commands through a reader and follows the state ("tryb")
-/// that the device replies with, one page a state.
+/// that the device replies with, one page a state. Choosing a memory or a number of cells in a box sends it at
+/// once; there is no button for it. A dialog that has been closed or hidden, by whatever, is over: it sends
+/// nothing and follows nothing any more, also while somebody keeps it.
 class DialogRemoteControl : public QDialog {
     Q_OBJECT
 
@@ -23,15 +25,18 @@ public:
     explicit DialogRemoteControl(SerialReader *reader, QWidget *parent = nullptr);
     ~DialogRemoteControl() override;
 
-    /// Ends the dialog and all that it would still have asked of the device.
     void done(int result) override;
 
 public slots:
     void control_data(const QString &line);
+    /// The device has not answered: closes the dialog and says so in a box of its own that waits for nobody.
     void timerEventOut();
     void timerEventMem();
     void timerEventCell();
     void timerEventTryb();
+
+protected:
+    bool event(QEvent *event) override;
 
 private slots:
     // clazy:excludeall=connect-by-name (bound to the form's widgets, which are never renamed)
@@ -55,6 +60,7 @@ private slots:
 private:
     void fillCombos();
     void connectReader();
+    void end();
     void send(const QString &command);
     void poll();
     void followState(const QString &reply);
