@@ -11,6 +11,7 @@ namespace {
 constexpr int baudRate = 19200;
 constexpr int tickPeriod = 1000; // ms
 constexpr int endDelay = 250; // ms from an end letter to the end of the recording
+constexpr int settleTime = 5; // ms in which the system hands on what it has received
 constexpr int longestWrite = 500; // ms
 constexpr int mostFailures = 20; // without a byte in between
 constexpr int messageTime = 5000; // ms
@@ -65,8 +66,7 @@ bool SerialReader::tryStart()
     }
     configurePort();
     qDebug() << m_portName << "Port opened succesfull";
-    m_port.flush();
-    m_port.readAll();
+    discardInput();
     m_lost = false;
     m_failures = 0;
     m_tick->start(tickPeriod);
@@ -216,6 +216,18 @@ void SerialReader::connectPort()
 void SerialReader::disconnectPort()
 {
     disconnect(&m_port, SIGNAL(readyRead()), this, SLOT(onReadyRead()));
+// Reading alone gets nothing so soon after the opening, and clearing only what has reached the line's own
+// buffer: the system may hold more behind it.
+void SerialReader::discardInput()
+{
+    m_port.flush();
+    int reads = mostReads;
+    do {
+        m_port.clear(QSerialPort::Input);
+        m_port.readAll(); // takes reading up again, which a full buffer has ended
+    } while (--reads > 0 && m_port.waitForReadyRead(settleTime));
+}
+
     disconnect(&m_port, portError, this, SLOT(onErrorOccurred(QSerialPort::SerialPortError)));
 }
 

@@ -46,7 +46,7 @@ signals:
 public slots:
     /// Finishes the recording and closes the port. Harmless when it is closed.
     void stop();
-    /// Opens the port; a failure goes to the status bar and to ReaderHost::portFailed().
+    /// Opens the port, throws away what waited in the system; a failure goes to the status bar and to ReaderHost::portFailed().
     bool start();
     void onReadyRead();
     void endProcesTimer();
@@ -59,6 +59,8 @@ private slots:
 private:
     void configurePort();
     void connectPort();
+    void discardInput();
+    void closePort();
     void disconnectPort();
     bool readMore();
     void handleLine(const QString &line);

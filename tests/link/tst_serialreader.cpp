@@ -47,6 +47,7 @@ private slots:
     void init();
     void cleanup();
     void speaksAsTheDevicesDo();
+    void beginsWithWhatIsNew();
     void keepsEveryLine();
     void repliesGoToTheRemoteControl();
     void endOfProcess();
@@ -126,6 +127,18 @@ void SerialReaderTest::speaksAsTheDevicesDo()
 
 void SerialReaderTest::keepsEveryLine()
 {
+// Lines wait in the system, and half a line at their end.
+void SerialReaderTest::beginsWithWhatIsNew()
+{
+    reader->stop();
+    const QByteArray old = sent(varnel3Line(1)).repeated(25) + "#06C05";
+    device->send(old);
+    QTRY_COMPARE(device->waiting(), old.size());
+    QVERIFY(reader->start());
+    device->send(sent(varnel3Line(5)));
+    QTRY_COMPARE(recordings(), QVector<Recording>({{"5"}}));
+}
+
     Recording expected;
     for (int time = 1; time <= 3000; ++time) {
         device->send(sent(varnel3Line(time)));

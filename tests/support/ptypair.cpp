@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
+#include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -68,6 +69,13 @@ QByteArray PtyPair::takeUnread()
         all.append(buffer, int(n));
     }
     return all;
+}
+
+int PtyPair::waiting() const
+{
+    int bytes = 0;
+    ioctl(m_slave, FIONREAD, &bytes);
+    return bytes;
 }
 
 termios PtyPair::settings() const

@@ -22,6 +22,8 @@ public:
     QByteArray received();
     /// Speed and the like as the program has set them.
     termios settings() const;
+    /// Bytes that were sent and wait to be read.
+    int waiting() const;
     /// Takes away all that was sent and is not read; for use once the program has gone.
     QByteArray takeUnread();
     /// Unplugs: the far end goes away and the link with it. Not to be used afterwards but for destruction.
