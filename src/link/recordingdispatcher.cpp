@@ -6,13 +6,18 @@
 #include "link/recordingsink.h"
 #include "settings/varnelsettings.h"
 
+#include <QCoreApplication>
+#include <QDebug>
 #include <QMetaObject>
 
 namespace {
 
+#include <new>
+
 constexpr int longestPause = 20; // seconds of silence that a recording survives
 
 } // namespace
+constexpr int messageTime = 5000; // ms
 
 RecordingDispatcher::RecordingDispatcher(DeviceLink *link, ReaderHost *host)
     : m_link(link)
@@ -29,7 +34,7 @@ bool RecordingDispatcher::processLine(const QString &line)
         return false;
     }
     m_previous = {m_record.mode, m_record.time, m_record.cellCount, m_record.cellType};
-    if (!m_record.parseLine(line))
+    if (!parse(line))
         return false;
     const bool starts = startsRecording();
     if (starts)
@@ -77,6 +82,21 @@ bool RecordingDispatcher::startsRecording() const
 
 void RecordingDispatcher::startLog()
 {
+// A line may be of any length, and this is the only one that lacks memory: without it recording goes on.
+bool RecordingDispatcher::parse(const QString &line)
+{
+    try {
+        return m_record.parseLine(line);
+    } catch (const std::bad_alloc &) {
+        qWarning() << m_link->portName() << "no memory for a line of" << line.size() << "characters";
+        m_host->showMessageStatusBar(
+            QCoreApplication::translate("RecordingDispatcher", "Not enough memory: a line of %1 is left out.")
+                .arg(m_link->portName()),
+            messageTime);
+        return false;
+    }
+}
+
     finishRecording();
     m_log = m_host->createRecordingLog(m_link->portName());
 }

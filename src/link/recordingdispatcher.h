@@ -49,6 +49,7 @@ private:
 
     bool startsRecording() const;
     void startLog();
+    bool parse(const QString &line);
     void startRecording();
     void showRecord();
     void keepResistanceLine(const QString &line);

@@ -4,6 +4,7 @@
 #include "settings/varnelsettings.h"
 #include "support/columns.h"
 #include "support/fakelink.h"
+#include "support/limits.h"
 #include "support/shellfixture.h"
 
 #include <QtTest>
@@ -37,6 +38,7 @@ private slots:
     void keepsWhatTheClosedWindowMissed();
     void carriesOverWhatADialectDoesNotSend();
     void setsTheClockOncePerPort();
+    void lineThatLacksMemoryIsLeftOut();
 
 private:
     void tell(const QStringList &story);
@@ -197,6 +199,21 @@ void RecordingDispatcherTest::setsTheClockOncePerPort()
     QCOMPARE(device->commands, QStringList(clock));
     tell({varnel3Line(7, "#06C05", 'E'), endShot});
     QCOMPARE(device->commands, QStringList({clock, clock}));
+void RecordingDispatcherTest::lineThatLacksMemoryIsLeftOut()
+{
+    constexpr int megabyte = 1 << 20;
+    QString endless = varnel3Line(6);
+    endless.replace(QLatin1String("24000"), QString(64 * megabyte, QLatin1Char('1')));
+    {
+        const WritableMemoryLimit limit(32 * megabyte);
+        tell({varnel3Line(5), endless, varnel3Line(7)});
+    }
+    QCOMPARE(shell->logs, QVector<Recording>({{"5", "7"}}));
+    QVERIFY2(
+        shell->calls.contains(QStringLiteral("status 5000 Not enough memory: a line of COM7 is left out.")),
+        qPrintable(shell->calls.join(QLatin1Char('\n'))));
+}
+
     tell(twoProcesses);
     QCOMPARE(device->commands, QStringList({clock, clock}));
     QCOMPARE(shell->startSent, (QMap<QString, bool>{{"COM7", true}}));
