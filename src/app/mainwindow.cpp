@@ -164,8 +164,6 @@ void MainWindow::connectParts()
     connect(graphs, SIGNAL(currentChanged()), remoteControls, SLOT(refresh()), Qt::QueuedConnection);
     connect(toolsMenu, SIGNAL(aboutToShow()), remoteControls, SLOT(refresh()));
     connect(commands, SIGNAL(message(QString,int)), this, SLOT(showMessageStatusBar(QString,int)));
-    connect(commands, SIGNAL(waitBegun()), endNotice, SLOT(hold()));
-    connect(commands, SIGNAL(waitEnded()), endNotice, SLOT(release()));
     connect(readerHost, SIGNAL(lost(QString)), watcher, SLOT(noteLost(QString)));
     connect(watcher, SIGNAL(arrived(PortInfo)), ports, SLOT(arrive(PortInfo)));
     connect(watcher, SIGNAL(removed(PortInfo)), ports, SLOT(leave(PortInfo)));

@@ -20,6 +20,11 @@ SerialReader *ShellTargets::activeReader() const
     return nullptr;
 }
 
+QString ShellTargets::activePort() const
+{
+    return graphs->current() ? graphs->current()->fileName() : QString();
+}
+
 bool ShellTargets::stopActiveProcess()
 {
     MdiGraphChild *active = graphs->current();

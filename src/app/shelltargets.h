@@ -17,6 +17,7 @@ public:
 
     QVector<SerialReader *> readers() const override;
     SerialReader *activeReader() const override;
+    QString activePort() const override;
     bool stopActiveProcess() override;
 
 private:

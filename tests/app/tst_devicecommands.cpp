@@ -3,7 +3,10 @@
 #include "support/columns.h"
 #include "support/targets.h"
 
+#include <QAbstractButton>
+#include <QApplication>
 #include <QDateTime>
+#include <QMessageBox>
 #include <QRegularExpression>
 #include <QTimer>
 #include <QtTest>
@@ -26,31 +29,64 @@ private:
 void TestDeviceCommands::cleanup()
 {
     targets.active = nullptr;
+    targets.port.clear();
     targets.clear();
 }
 
 void TestDeviceCommands::stopGoesToOneDevice_data()
 {
-    columns<int, int, QList<QByteArray>>({"ports", "active", "heard"});
+    columns<int, int, QString, int, QList<QByteArray>, QString>(
+        {"ports", "active", "port", "answer", "heard", "told"});
     const QByteArray stop = "#STOP\r\n";
-    QTest::newRow("none") << 0 << -1 << QList<QByteArray>();
-    QTest::newRow("the only one") << 1 << -1 << QList<QByteArray>{stop};
-    QTest::newRow("active of two") << 2 << 1 << QList<QByteArray>{"", stop};
-    QTest::newRow("no guess between two") << 2 << -1 << QList<QByteArray>{"", ""};
+    const auto row
+        = [](const char *name, int ports, int active, const char *port, int answer) -> QTestData & {
+        return QTest::newRow(name) << ports << active << QString::fromLatin1(port) << answer;
+    };
+    const int none = QMessageBox::NoButton; // nothing is asked
+    const QString chosen = QStringLiteral("The device on %1 was told to stop its process.");
+    row("none", 0, -1, "", none) << QList<QByteArray>()
+                                 << "No port is listened on: choose one in the preferences.";
+    row("the only one", 1, -1, "", none) << QList<QByteArray>{stop} << chosen.arg("COM1");
+    row("its recording is over", 1, -1, "COM1", none) << QList<QByteArray>{stop} << chosen.arg("COM1");
+    row("active of two", 2, 1, "COM2", none) << QList<QByteArray>{"", stop} << chosen.arg("COM2");
+    row("no guess between two", 2, -1, "", none)
+        << QList<QByteArray>{"", ""} << "Choose the window of the device whose process is to be stopped.";
+    row("another one", 1, -1, "COM2", QMessageBox::Yes) << QList<QByteArray>{stop} << chosen.arg("COM1");
+    row("another one, not meant", 1, -1, "COM2", QMessageBox::No) << QList<QByteArray>{""} << "";
 }
 
 void TestDeviceCommands::stopGoesToOneDevice()
 {
     QFETCH(int, ports);
     QFETCH(int, active);
+    QFETCH(QString, port);
+    QFETCH(int, answer);
     QFETCH(QList<QByteArray>, heard);
+    QFETCH(QString, told);
     for (int i = 0; i < ports; ++i)
         targets.add();
     targets.active = active < 0 ? nullptr : targets.reader(size_t(active));
-    QCOMPARE(commands.stopProcess(), heard.contains("#STOP\r\n"));
-    QTest::qWait(20);
+    targets.port = port;
+    QSignalSpy messages(&commands, SIGNAL(message(QString,int)));
+    const bool asks = answer != QMessageBox::NoButton;
+    QCOMPARE(commands.stopProcess(), !asks && heard.contains("#STOP\r\n"));
+    auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+    QCOMPARE(box != nullptr, asks);
+    if (asks) {
+        QVERIFY(box->text().contains(QStringLiteral("device on COM1")));
+        QCOMPARE(targets.heard(0), QByteArray());
+        box->button(QMessageBox::StandardButton(answer))->click();
+    }
+    QList<QByteArray> commandsOf;
     for (int i = 0; i < ports; ++i)
-        QCOMPARE(targets.heard(size_t(i)), heard.at(i));
+        commandsOf.append(QByteArray());
+    const auto hear = [&] {
+        for (int i = 0; i < ports; ++i)
+            commandsOf[i] += targets.heard(size_t(i));
+        return commandsOf;
+    };
+    QTRY_COMPARE(hear(), heard);
+    QCOMPARE(messages.isEmpty() ? QString() : messages.last()[0].toString(), told);
 }
 
 void TestDeviceCommands::clockOfEveryPortIsSetInTurn()
@@ -75,8 +111,9 @@ void TestDeviceCommands::clockOfEveryPortIsSetInTurn()
     clock.start();
     listener.start(5);
     commands.setTime();
-    QTest::qWait(30);
-    QCOMPARE(heard.size(), 4);
+    QVERIFY(QApplication::overrideCursor());
+    QTRY_COMPARE(heard.size(), 4);
+    QVERIFY(!QApplication::overrideCursor());
     for (int i = 0; i < 4; ++i) {
         QCOMPARE(heard[i].port, size_t(i / 2));
         QCOMPARE(heard[i].command, QByteArray(i % 2 ? "#BIB_" : "#TIME"));
@@ -94,9 +131,9 @@ void TestDeviceCommands::clockOfActiveDeviceOnly()
     targets.active = targets.reader(1);
     const QDateTime before = QDateTime::currentDateTime();
     commands.setTime();
-    QTest::qWait(20);
+    QString heard;
+    QTRY_VERIFY((heard += QString::fromLatin1(targets.heard(1))).endsWith(QStringLiteral("200\r\n")));
     QCOMPARE(targets.heard(0), QByteArray());
-    const QString heard = QString::fromLatin1(targets.heard(1));
     const auto match
         = QRegularExpression(QStringLiteral("^#TIME!([0-9:]{17})\r\n#BIB_!200\r\n$")).match(heard);
     QVERIFY2(match.hasMatch(), qPrintable(heard));
@@ -118,6 +155,7 @@ void TestDeviceCommands::portsAreReadDuringTheWait()
     });
     device.start(20);
     commands.setTime();
+    QTRY_VERIFY(!QApplication::overrideCursor());
     QVERIFY(said * 35 > 4096);
     QVERIFY(targets.host.sink.records >= said - linesAtOnce);
 }

@@ -137,7 +137,7 @@ void TestLiveFaults::hangUpDuringCommand()
         trigger(ActionId::SetTime);
         QTRY_COMPARE(listened(), QStringList(QStringLiteral("COM2")));
         QTRY_COMPARE(device("COM2")->panel().beeps(), beeps);
-        QVERIFY(!QApplication::overrideCursor());
+        QTRY_VERIFY(!QApplication::overrideCursor());
     }
 }
 

@@ -44,6 +44,7 @@ public:
         return all;
     }
     SerialReader *activeReader() const override { return active; }
+    QString activePort() const override { return port; }
     bool stopActiveProcess() override
     {
         if (active)
@@ -53,6 +54,7 @@ public:
 
     QuietHost host;
     SerialReader *active = nullptr;
+    QString port; ///< of the active window
 
 private:
     QTemporaryDir folder;
