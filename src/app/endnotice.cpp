@@ -6,7 +6,6 @@
 #include "link/serialreader.h"
 #include "settings/varnelsettings.h"
 
-#include <QApplication>
 #include <QMessageBox>
 #include <QTimer>
 
@@ -35,78 +34,97 @@ const KindText *textsOf(int kind)
 
 } // namespace
 
-EndNotice::EndNotice(
-    QWidget *mainWindow, DeviceTargets *deviceTargets, SoundPlayer *soundPlayer, const QString &folder)
-    : QObject(mainWindow)
-    , window(mainWindow)
-    , targets(deviceTargets)
-    , player(soundPlayer)
-    , soundFolder(folder)
-    , userSoundTimer(new QTimer(this))
+EndNotice::EndNotice(QWidget *window, DeviceTargets *targets, SoundPlayer *player, const QString &soundFolder)
+    : QObject(window)
+    , m_window(window)
+    , m_targets(targets)
+    , m_player(player)
+    , m_soundFolder(soundFolder)
+    , m_userSoundTimer(new QTimer(this))
 {
-    userSoundTimer->setSingleShot(true);
-    userSoundTimer->setInterval(userSoundDelayMs);
-    connect(userSoundTimer, SIGNAL(timeout()), this, SLOT(playUserSound()));
+    m_userSoundTimer->setSingleShot(true);
+    m_userSoundTimer->setInterval(userSoundDelayMs);
+    connect(m_userSoundTimer, SIGNAL(timeout()), this, SLOT(playUserSound()));
 }
 
 EndNotice::~EndNotice() = default;
 
+void EndNotice::connectHost(QObject *host)
+{
+    connect(host, SIGNAL(processEnds(EndedProcess)), this, SLOT(announce(EndedProcess)));
+    connect(host, SIGNAL(recordingBegins(QString)), this, SLOT(announceStart(QString)));
+}
+
+void EndNotice::announce(const EndedProcess &process)
+{
+    m_announced.enqueue(process);
+}
+
+void EndNotice::announceStart(const QString &portName)
+{
+    m_starts.enqueue(portName);
+}
+
 void EndNotice::show(int kind)
 {
-    if (held) {
-        waitingKinds.append(kind);
+    EndedProcess process;
+    if (!m_announced.isEmpty())
+        process = m_announced.dequeue();
+    process.end = kind;
+    if (m_window->isHidden() && m_window->testAttribute(Qt::WA_WState_ExplicitShowHide))
+        return; // it has been closed, the program ends
+    liftWindow();
+    if (m_box) {
+        if (process.portName != m_shown.portName)
+            emit untold(process);
         return;
     }
-    const QPointer<EndNotice> self(this);
-    const int told = boxesShown;
-    liftWindow();
-    QApplication::processEvents();
-    // Another end may have come from inside: its box is open or, the user being done with it, was.
-    if (!self || box || boxesShown != told)
-        return;
-    ++boxesShown;
-    const QPointer<QMessageBox> own = createBox(kind);
-    box = own;
-    shownKind = kind;
+    m_shown = process;
+    m_box = createBox();
+    connect(m_box, SIGNAL(finished(int)), this, SLOT(onClosed()));
+    m_box->show();
     QTimer::singleShot(0, this, SLOT(startSound()));
-    // cppcheck-suppress nullPointerRedundantCheck ; the pointer clears itself while the box is open
-    own->exec();
-    // A box that is gone was dismissed by a new process, or its window was:
-    // another end may have been told since.
-    if (!self || !own)
-        return;
-    acknowledge();
-    delete own;
 }
 
 // Only the minimised state goes: a maximised or full-screen window stays so.
 void EndNotice::liftWindow()
 {
-    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
-    window->show();
+    m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
+    m_window->show();
 }
 
-QMessageBox *EndNotice::createBox(int kind)
+QMessageBox *EndNotice::createBox() const
 {
-    const KindText *texts = textsOf(kind);
-    auto *notice = new QMessageBox(window);
+    const KindText *texts = textsOf(m_shown.end);
+    auto *notice = new QMessageBox(m_window);
+    notice->setWindowModality(Qt::ApplicationModal); // resets the flags
     notice->setWindowFlags(notice->windowFlags() | Qt::WindowStaysOnTopHint);
     if (texts != nullptr) {
-        notice->setIconPixmap(QPixmap(processEndIcon(kind)));
-        notice->setText(processEndText(kind));
+        notice->setIconPixmap(QPixmap(processEndIcon(m_shown.end)));
+        notice->setText(processEndText(m_shown.end));
         notice->setWindowTitle(tr(texts->title));
     }
+    notice->setInformativeText(m_shown.facts());
     notice->addButton(QMessageBox::Close);
     return notice;
 }
 
-// The user has closed the box: a device that waits for a new process is
-// freed from its end-of-process display.
+void EndNotice::onClosed()
+{
+    if (!m_box)
+        return;
+    m_box->deleteLater();
+    m_box.clear();
+    acknowledge();
+    emit told(m_shown);
+}
+
+// A device that waits for a new process is freed from its end-of-process display.
 void EndNotice::acknowledge()
 {
-    userSoundTimer->stop();
+    m_userSoundTimer->stop();
     stopSound();
-    SerialReader *reader = targets->onlyReader();
+    SerialReader *reader = m_targets->onlyReader();
     if (reader && reader->isNewProcess())
         reader->sendCommand(QStringLiteral("#STOP\r\n"));
 }
@@ -114,51 +132,42 @@ void EndNotice::acknowledge()
 // Runs when the box is on the screen, which therefore never waits for a sound system that is slow to answer.
 void EndNotice::startSound()
 {
-    if (!box || !player->hasOutput())
+    if (!m_box || !m_player->hasOutput())
         return;
-    const KindText *texts = textsOf(shownKind);
-    player->stop();
+    const KindText *texts = textsOf(m_shown.end);
+    m_player->stop();
     if (texts != nullptr) {
         const QString base = QLatin1String(texts->sound);
-        player->play(SoundPlayer::filePath(soundFolder, base, QLocale::system().country()));
+        m_player->play(SoundPlayer::filePath(m_soundFolder, base, QLocale::system().country()));
     }
     if (VarnelSettings().value(QStringLiteral("/mp3/user_wave"), true).toBool())
-        userSoundTimer->start();
+        m_userSoundTimer->start();
 }
 
 void EndNotice::playUserSound()
 {
     stopSound();
-    if (box)
-        player->play(SoundPlayer::filePath(soundFolder, QStringLiteral("v3_mp3"), QLocale::AnyCountry));
+    if (m_box)
+        m_player->play(SoundPlayer::filePath(m_soundFolder, QStringLiteral("v3_mp3"), QLocale::AnyCountry));
 }
 
+// The device that has begun frees no other: nothing is sent.
 void EndNotice::dismiss()
 {
-    waitingKinds.clear();
-    if (box)
-        box->reject();
-    delete box;
-    userSoundTimer->stop();
+    const QString starter = m_starts.isEmpty() ? QString() : m_starts.dequeue();
+    const bool wasOpen = isOpen();
+    if (m_box) {
+        m_box->disconnect(this);
+        m_box->reject();
+    }
+    delete m_box;
+    m_userSoundTimer->stop();
     stopSound();
+    if (wasOpen && m_shown.portName != starter)
+        emit untold(m_shown);
 }
 
 void EndNotice::stopSound()
 {
-    player->stop();
-}
-
-void EndNotice::hold()
-{
-    held = true;
-}
-
-void EndNotice::release()
-{
-    held = false;
-    const QVector<int> kinds = waitingKinds;
-    waitingKinds.clear();
-    // Queued, so that whoever releases has finished before the first box waits for the user.
-    for (int kind : kinds)
-        QMetaObject::invokeMethod(this, "show", Qt::QueuedConnection, Q_ARG(int, kind));
+    m_player->stop();
 }

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "app/endedprocess.h"
+
 #include <QObject>
 #include <QPointer>
-#include <QVector>
+#include <QQueue>
 
 class DeviceTargets;
 class QMessageBox;
@@ -10,9 +12,9 @@ class QTimer;
 class QWidget;
 class SoundPlayer;
 
-/// Tells the user that a process has ended: a box on top of all windows, with icon and text, and a sound.
-/// The main window's slots hand to it: endProcess(int) to show(), endProcessMessage() to
-/// dismiss(), onPlayUserMP3() to playUserSound().
+/// Tells the user that a process has ended: a box on top of all windows, with icon and text, and a sound. The
+/// box keeps the user's input and nothing else. The main window's slots hand to it: endProcess(int) to
+/// show(), endProcessMessage() to dismiss(), onPlayUserMP3() to playUserSound().
 class EndNotice : public QObject {
     Q_OBJECT
 
@@ -22,37 +24,47 @@ public:
     EndNotice(QWidget *window, DeviceTargets *targets, SoundPlayer *player, const QString &soundFolder);
     ~EndNotice() override;
 
-    bool isOpen() const { return !box.isNull(); }
+    /// `host` has the signals processEnds(EndedProcess) and recordingBegins(QString), which come before the
+    /// calls of show() and dismiss() that they belong to.
+    void connectHost(QObject *host);
+    bool isOpen() const { return !m_box.isNull(); }
 
 public slots:
-    /// Shows the box for `kind`, a Varnel3Data::End, and returns when it is closed. While one
-    /// is open further ends are not told.
+    /// The next show() that is not announced yet is about `process`. The calls by name tell the kind only.
+    void announce(const EndedProcess &process);
+    /// The next dismiss() that is not announced yet comes from a start on `portName`.
+    void announceStart(const QString &portName);
+    /// Opens the box for `kind`, a Varnel3Data::End, and returns. While one is open a further end has none,
+    /// and none opens above a main window that has been closed.
     void show(int kind);
-    /// Closes the box: its device has begun a new process.
+    /// Closes the box: a device has begun a new process.
     void dismiss();
     /// Plays the user's own sound if the box is still open.
     void playUserSound();
     void stopSound();
-    /// Between the two, ends are kept back and told afterwards.
-    void hold();
-    void release();
+
+signals:
+    /// `process` has no box: one was open already, or another device's start has closed its own.
+    void untold(const EndedProcess &process);
+    /// The user has closed the box about `process`.
+    void told(const EndedProcess &process);
 
 private slots:
     void startSound();
+    void onClosed();
 
 private:
     void liftWindow();
-    QMessageBox *createBox(int kind);
+    QMessageBox *createBox() const;
     void acknowledge();
 
-    QWidget *window;
-    DeviceTargets *targets;
-    SoundPlayer *player;
-    QString soundFolder;
-    QPointer<QMessageBox> box; // the open one
-    int shownKind = -1;
-    int boxesShown = 0;
-    QTimer *userSoundTimer; // child
-    bool held = false;
-    QVector<int> waitingKinds;
+    QWidget *m_window;
+    DeviceTargets *m_targets;
+    SoundPlayer *m_player;
+    QString m_soundFolder;
+    QQueue<EndedProcess> m_announced;
+    QQueue<QString> m_starts; // ports
+    EndedProcess m_shown; // what the box is about
+    QPointer<QMessageBox> m_box; // the open one
+    QTimer *m_userSoundTimer; // child
 };

@@ -28,6 +28,7 @@
 #include "app/statusfacts.h"
 #include "app/toolscommands.h"
 #include "app/unsavedwindows.h"
+#include "app/unseenends.h"
 #include "app/viewswitchboard.h"
 #include "dialogs/about.h"
 #include "dialogs/dialogpreferences.h"
@@ -109,6 +110,8 @@ void MainWindow::createParts()
     commands = new DeviceCommands(targets.get(), this);
     sounds = new SoundPlayer(this);
     endNotice = new EndNotice(this, targets.get(), sounds, QCoreApplication::applicationDirPath());
+    endNotice->connectHost(readerHost);
+    new UnseenEnds(readerHost, endNotice, graphs, facts, this);
     remoteControls = new RemoteControls(this, targets.get());
     sleepInhibitor = new SleepInhibitor(targets.get(), this);
 }

@@ -30,6 +30,7 @@ RecordingSink *ShellReaderHost::createRecording()
 std::unique_ptr<RecordingLog> ShellReaderHost::createRecordingLog(const QString &portName)
 {
     facts->clear(StatusFacts::Unwatched, portName);
+    emit recordingBegins(portName);
     return recordings->begin(portName);
 }
 
@@ -67,6 +68,18 @@ void ShellReaderHost::portLost(const QString &portName)
 void ShellReaderHost::recordingUnwatched(const QString &portName)
 {
     facts->set(StatusFacts::Unwatched, portName);
+}
+
+// The windows of readers are those that createRecording() has made.
+void ShellReaderHost::noteEnd(const QString &portName, const Varnel3Data &last, RecordingSink *window)
+{
+    ends[portName] = {portName, last.processEnd(), last, QDateTime::currentDateTime(),
+        static_cast<MdiGraphChild *>(window), window != nullptr};
+}
+
+void ShellReaderHost::announceEnd(const QString &portName)
+{
+    emit processEnds(ends.value(portName));
 }
 
 QObject *ShellReaderHost::processReceiver()

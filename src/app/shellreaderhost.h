@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/endedprocess.h"
 #include "link/readerhost.h"
 
 #include <QObject>
@@ -30,6 +31,8 @@ public:
     void portFailed(const QString &portName, const QString &text) override;
     void portLost(const QString &portName) override;
     void recordingUnwatched(const QString &portName) override;
+    void noteEnd(const QString &portName, const Varnel3Data &last, RecordingSink *window) override;
+    void announceEnd(const QString &portName) override;
     QObject *processReceiver() override;
 
     /// What was said about the failure of `portName` is out of date: it works,
@@ -40,6 +43,10 @@ signals:
     void message(const QString &text, int timeout);
     /// The device of `portName` went away; its reader is still being run.
     void lost(const QString &portName);
+    /// The shell's endProcess(int) comes next and is about `process`.
+    void processEnds(const EndedProcess &process);
+    /// The shell's endProcessMessage() comes next, from `portName`.
+    void recordingBegins(const QString &portName);
 
 private:
     QWidget *shell;
@@ -47,6 +54,7 @@ private:
     Recordings *recordings;
     StatusFacts *facts;
     QMap<QString, QPointer<QMessageBox>> boxes; ///< one a failing port
+    QMap<QString, EndedProcess> ends; ///< the newest of each port
     QMap<QString, bool> m_startTimeSent;
     QMap<QString, bool> m_endTimeSent;
 };

@@ -53,6 +53,7 @@ endif()
 target_sources(varnel_gui PRIVATE
     app/devicecommands.cpp app/devicecommands.h
     app/devicetargets.cpp app/devicetargets.h
+    app/endedprocess.cpp app/endedprocess.h
     app/endnotice.cpp app/endnotice.h
     app/remotecontrols.cpp app/remotecontrols.h
     app/shelltargets.cpp app/shelltargets.h
@@ -60,5 +61,6 @@ target_sources(varnel_gui PRIVATE
     app/sleepinhibitor.cpp app/sleepinhibitor.h
     app/soundplayer.cpp app/soundplayer.h
     app/soundserver.h
+    app/unseenends.cpp app/unseenends.h
     ${app_system}
 )

@@ -21,6 +21,9 @@ struct KindText {
     const char *tip;
 };
 
+constexpr const char *endTip = QT_TRANSLATE_NOOP("StatusFacts",
+    "The process has ended and its message is gone. It is named here until you look at its window.");
+
 const KindText texts[StatusFacts::KindCount] = {
     {QT_TRANSLATE_NOOP("StatusFacts", "Lost: %1"),
         QT_TRANSLATE_NOOP(
@@ -38,6 +41,9 @@ const KindText texts[StatusFacts::KindCount] = {
     {QT_TRANSLATE_NOOP("StatusFacts", "Not on disk: %1"),
         QT_TRANSLATE_NOOP("StatusFacts",
             "The journal's disk takes no more. Lines wait in memory and are written as soon as it does.")},
+    {QT_TRANSLATE_NOOP("StatusFacts", "Error: %1"), endTip},
+    {QT_TRANSLATE_NOOP("StatusFacts", "Aborted: %1"), endTip},
+    {QT_TRANSLATE_NOOP("StatusFacts", "Completed: %1"), endTip},
 };
 
 QString translated(const char *text)

@@ -12,7 +12,7 @@ class StatusFacts : public QObject {
     Q_OBJECT
 
 public:
-    enum Kind { Lost, Failing, Paused, Silent, Unwatched, NotWritten, KindCount };
+    enum Kind { Lost, Failing, Paused, Silent, Unwatched, NotWritten, Failed, Aborted, Completed, KindCount };
 
     /// `bar` outlives this.
     explicit StatusFacts(QStatusBar *bar);

@@ -13,9 +13,9 @@ class DialogRemoteControl;
 }
 
 /// The front panel of a charger: sends its short commands through a reader and follows the state ("tryb")
-/// that the device replies with, one page a state. Choosing a memory or a number of cells in a box sends it at
-/// once; there is no button for it. A dialog that has been closed or hidden, by whatever, is over: it sends
-/// nothing and follows nothing any more, also while somebody keeps it.
+/// that the device replies with, one page a state. Choosing a memory or a number of cells in a box sends it
+/// at once; there is no button for it. A dialog that has been closed or hidden, by whatever, is over: it
+/// sends nothing and follows nothing any more, also while somebody keeps it.
 class DialogRemoteControl : public QDialog {
     Q_OBJECT
 

@@ -9,7 +9,9 @@
 /// A line ends at '\n' and is printable Latin-1; other bytes vanish. A '#' begins a new count, not a new
 /// line: what stood between the last line end and the '#' stays in front of it. The first three bytes after a
 /// '#' may carry binary values: there a byte that is below 32 as a signed number comes out as that number in
-/// decimal, in at least two digits ('\n' as "10", 0xC8 as "-56"), and ends nothing.
+/// decimal, in at least two digits ('\n' as "10", 0xC8 as "-56"), and ends nothing. Before the first '#'
+/// these three bytes count as past: a stray line end ends an empty line, which nobody takes, and does not
+/// stand as "10" in front of the first one.
 class LineFramer {
 public:
     /// What the unfinished lines of all framers together keep, in bytes; what comes beyond that is dropped

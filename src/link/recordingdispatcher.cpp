@@ -10,14 +10,14 @@
 #include <QDebug>
 #include <QMetaObject>
 
-namespace {
-
 #include <new>
 
+namespace {
+
 constexpr int longestPause = 20; // seconds of silence that a recording survives
+constexpr int messageTime = 5000; // ms
 
 } // namespace
-constexpr int messageTime = 5000; // ms
 
 RecordingDispatcher::RecordingDispatcher(DeviceLink *link, ReaderHost *host)
     : m_link(link)
@@ -54,8 +54,14 @@ bool RecordingDispatcher::processLine(const QString &line)
 
 void RecordingDispatcher::endProcess()
 {
+    announceEnd();
     reset();
     sendTimeOnce(&m_host->endTimeSent());
+}
+
+void RecordingDispatcher::announceEnd()
+{
+    m_host->announceEnd(m_link->portName());
     QMetaObject::invokeMethod(
         m_host->processReceiver(), "endProcess", Qt::QueuedConnection, Q_ARG(int, m_endType));
 }
@@ -74,14 +80,6 @@ bool RecordingDispatcher::isRecording() const
     return !m_newProcess && m_idleTicks <= longestPause;
 }
 
-bool RecordingDispatcher::startsRecording() const
-{
-    return m_newProcess || m_idleTicks > longestPause
-        || (m_record.time == 0 && m_record.cellCount > 0 && m_record.device != Varnel3Data::Tandor);
-}
-
-void RecordingDispatcher::startLog()
-{
 // A line may be of any length, and this is the only one that lacks memory: without it recording goes on.
 bool RecordingDispatcher::parse(const QString &line)
 {
@@ -97,6 +95,14 @@ bool RecordingDispatcher::parse(const QString &line)
     }
 }
 
+bool RecordingDispatcher::startsRecording() const
+{
+    return m_newProcess || m_idleTicks > longestPause
+        || (m_record.time == 0 && m_record.cellCount > 0 && m_record.device != Varnel3Data::Tandor);
+}
+
+void RecordingDispatcher::startLog()
+{
     finishRecording();
     m_log = m_host->createRecordingLog(m_link->portName());
 }
@@ -139,6 +145,7 @@ bool RecordingDispatcher::takeEndLetter()
     if (end == Varnel3Data::NoEnd)
         return false;
     m_endType = end;
+    m_host->noteEnd(m_link->portName(), m_record, m_child);
     return true;
 }
 

@@ -26,6 +26,8 @@ public:
     bool processLine(const QString &line);
     /// Ends the recording and has the shell announce what the newest end letter said.
     void endProcess();
+    /// Has the shell announce it, and nothing else: the port is about to be closed.
+    void announceEnd();
     /// Ends the recording, if there is one, and waits for the next; the end letter is kept.
     void reset();
     /// One second has passed.
@@ -47,9 +49,9 @@ private:
         int cellType = Varnel3Data::noCellType;
     };
 
+    bool parse(const QString &line);
     bool startsRecording() const;
     void startLog();
-    bool parse(const QString &line);
     void startRecording();
     void showRecord();
     void keepResistanceLine(const QString &line);

@@ -11,7 +11,7 @@ namespace {
 constexpr int baudRate = 19200;
 constexpr int tickPeriod = 1000; // ms
 constexpr int endDelay = 250; // ms from an end letter to the end of the recording
-constexpr int settleTime = 5; // ms in which the system hands on what it has received
+constexpr int settleTime = 2; // ms in which the system hands on what it has received
 constexpr int longestWrite = 500; // ms
 constexpr int mostFailures = 20; // without a byte in between
 constexpr int messageTime = 5000; // ms
@@ -28,6 +28,7 @@ SerialReader::SerialReader(QObject *parent, const QString &portName, ReaderHost 
     , m_host(host)
     , m_dispatcher(this, host)
     , m_tick(new QTimer(this))
+    , m_endShots(new QObject(this))
 {
     m_port.setPortName(portName);
     m_port.setReadBufferSize(readAtOnce);
@@ -37,7 +38,7 @@ SerialReader::SerialReader(QObject *parent, const QString &portName, ReaderHost 
 SerialReader::~SerialReader()
 {
     if (m_port.isOpen())
-        stop();
+        closePort();
 }
 
 QStringList SerialReader::availablePorts()
@@ -100,7 +101,15 @@ QString SerialReader::errorText() const
     return text + QLatin1Char('\n') + advice;
 }
 
+// The reader may not live until the shot of an end letter, and its port is not asked again.
 void SerialReader::stop()
+{
+    if (dropEndShots())
+        m_dispatcher.announceEnd();
+    closePort();
+}
+
+void SerialReader::closePort()
 {
     m_tick->stop();
     m_dispatcher.reset();
@@ -207,15 +216,6 @@ void SerialReader::configurePort()
     m_port.setRequestToSend(true);
 }
 
-void SerialReader::connectPort()
-{
-    connect(&m_port, SIGNAL(readyRead()), this, SLOT(onReadyRead()));
-    connect(&m_port, portError, this, SLOT(onErrorOccurred(QSerialPort::SerialPortError)));
-}
-
-void SerialReader::disconnectPort()
-{
-    disconnect(&m_port, SIGNAL(readyRead()), this, SLOT(onReadyRead()));
 // Reading alone gets nothing so soon after the opening, and clearing only what has reached the line's own
 // buffer: the system may hold more behind it.
 void SerialReader::discardInput()
@@ -228,6 +228,15 @@ void SerialReader::discardInput()
     } while (--reads > 0 && m_port.waitForReadyRead(settleTime));
 }
 
+void SerialReader::connectPort()
+{
+    connect(&m_port, SIGNAL(readyRead()), this, SLOT(onReadyRead()));
+    connect(&m_port, portError, this, SLOT(onErrorOccurred(QSerialPort::SerialPortError)));
+}
+
+void SerialReader::disconnectPort()
+{
+    disconnect(&m_port, SIGNAL(readyRead()), this, SLOT(onReadyRead()));
     disconnect(&m_port, portError, this, SLOT(onErrorOccurred(QSerialPort::SerialPortError)));
 }
 
@@ -236,5 +245,28 @@ void SerialReader::handleLine(const QString &line)
     if (line.size() < shortestRecordLine)
         emit control_data(line);
     else if (m_dispatcher.processLine(line))
-        QTimer::singleShot(endDelay, this, SLOT(endProcesTimer()));
+        armEndShot();
+}
+
+void SerialReader::armEndShot()
+{
+    auto *shot = new QTimer(m_endShots);
+    shot->setSingleShot(true);
+    shot->setTimerType(Qt::PreciseTimer);
+    connect(shot, SIGNAL(timeout()), this, SLOT(endProcesTimer()));
+    connect(shot, SIGNAL(timeout()), shot, SLOT(deleteLater()));
+    shot->start(endDelay);
+}
+
+// True where one was under way.
+bool SerialReader::dropEndShots()
+{
+    bool pending = false;
+    const auto shots = m_endShots->findChildren<QTimer *>();
+    for (QTimer *shot : shots) {
+        pending = pending || shot->isActive();
+        shot->stop();
+        shot->deleteLater();
+    }
+    return pending;
 }

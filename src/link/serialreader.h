@@ -44,9 +44,11 @@ signals:
     void control_data(QString data);
 
 public slots:
-    /// Finishes the recording and closes the port. Harmless when it is closed.
+    /// Finishes the recording and closes the port. Harmless when it is closed. An end of process that waits
+    /// for its shot is announced at once.
     void stop();
-    /// Opens the port, throws away what waited in the system; a failure goes to the status bar and to ReaderHost::portFailed().
+    /// Opens the port and throws away what waited in the system; a failure goes to the status bar and to
+    /// ReaderHost::portFailed().
     bool start();
     void onReadyRead();
     void endProcesTimer();
@@ -58,12 +60,14 @@ private slots:
 
 private:
     void configurePort();
-    void connectPort();
     void discardInput();
     void closePort();
+    void connectPort();
     void disconnectPort();
     bool readMore();
     void handleLine(const QString &line);
+    void armEndShot();
+    bool dropEndShots();
 
     QString m_portName;
     PortInfo m_info; // as found by the last start
@@ -72,6 +76,7 @@ private:
     RecordingDispatcher m_dispatcher;
     LineFramer m_framer;
     QTimer *m_tick; // child
+    QObject *m_endShots; // child, parent of the shots that end letters have armed
     bool m_handling
         = false; // lines are being handled: what arrives meanwhile is taken by the loop that does it
     bool m_writing = false; // sendCommand() waits

@@ -1,10 +1,14 @@
 #include "dialogs/dialogremotecontrol.h"
 #include "graph/mdigraphchild.h"
 #include "resources/resources.h"
+#include "support/lines.h"
 #include "support/simrig.h"
 
 #include <QComboBox>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QStackedWidget>
 #include <QTimer>
 #include <QtTest>
@@ -20,6 +24,7 @@ private slots:
     void processEndsInAnyWay_data();
     void processEndsInAnyWay();
     void nextProcessTakesTheBoxAway();
+    void everyEndIsTold();
     void remoteControlIsForOneDevice();
     void clocksAreSet();
 
@@ -40,8 +45,7 @@ void TestDeviceStory::init()
     closed.clear();
 }
 
-// A box waits for the user in an event loop of its own: what is to happen then must have been set going
-// before. Nobody is quicker than half a second, in which a device may say several times that it has ended.
+// Nobody is quicker than half a second, in which a device may say several times that it has ended.
 void TestDeviceStory::closeBoxLater(const QString &title)
 {
     auto *timer = new QTimer(window.get());
@@ -137,6 +141,36 @@ void TestDeviceStory::nextProcessTakesTheBoxAway()
     QVERIFY(!told.contains(QStringLiteral("COM1 told #STOP")));
 }
 
+// The box is about the first; the second ends under it; the third begins and takes it away.
+void TestDeviceStory::everyEndIsTold()
+{
+    PtyPair *lines[]
+        = {plug(QStringLiteral("COM1")), plug(QStringLiteral("COM2")), plug(QStringLiteral("COM3"))};
+    open({QStringLiteral("COM1"), QStringLiteral("COM2"), QStringLiteral("COM3")});
+    QTRY_COMPARE(listened().size(), 3);
+    for (PtyPair *line : {lines[1], lines[0]}) {
+        line->send(Lines::charger(3423));
+        QTRY_VERIFY(window->activeMdiChild() && window->activeMdiChild()->fileName() == line->portName());
+    }
+    lines[0]->send(Lines::charger(3424, 'E').repeated(2));
+    QTRY_VERIFY(modalBox());
+    QCOMPARE(modalBox()->text(), QStringLiteral("Process completed."));
+    QCOMPARE(modalBox()->informativeText(), QStringLiteral("COM1, 6 x LiPo, 0.150 Ah in 00:57:04"));
+    lines[1]->send(Lines::charger(3424, 'S'));
+    QTRY_VERIFY(fact(StatusFacts::Failed)
+                    .contains(QRegularExpression(QStringLiteral("^Error: COM2 \\d\\d:\\d\\d$"))));
+    QVERIFY(modalBox()->informativeText().startsWith(QLatin1String("COM1")));
+    lines[2]->send(Lines::charger(1));
+    QTRY_VERIFY(fact(StatusFacts::Completed).startsWith(QLatin1String("Completed: COM1 ")));
+    QVERIFY(!modalBox());
+    const QList<MdiGraphChild *> children = window->mdiChildren();
+    children[0]->parentWidget()->close();
+    QTRY_COMPARE(fact(StatusFacts::Failed), QString());
+    window->findChild<QMdiArea *>()->setActiveSubWindow(
+        qobject_cast<QMdiSubWindow *>(children[1]->parentWidget()));
+    QCOMPARE(fact(StatusFacts::Completed), QString());
+}
+
 void TestDeviceStory::remoteControlIsForOneDevice()
 {
     start({QStringLiteral("COM1:varnel3,start=remote"), QStringLiteral("COM2:varnel3,start=remote")});
@@ -163,6 +197,9 @@ void TestDeviceStory::clocksAreSet()
     start({QStringLiteral("COM1:varnel3,start=remote"), QStringLiteral("COM2:varnel3,start=open")});
     QTRY_VERIFY(window->activeMdiChild());
     trigger(ActionId::SetTime);
+    window->endProcess(Varnel3Data::Completed); // tells at once, though the clocks are under way
+    QVERIFY(modalBox() && QApplication::overrideCursor());
+    modalBox()->close();
     QTRY_COMPARE(device("COM2")->panel().beeps(), 1);
     QCOMPARE(device("COM1")->panel().beeps(), 0);
     window->activeMdiChild()->parentWidget()->close();

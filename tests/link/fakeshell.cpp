@@ -78,6 +78,12 @@ void FakeShell::recordingUnwatched(const QString &portName)
     calls.append(QStringLiteral("unwatched ") + portName);
 }
 
+void FakeShell::noteEnd(const QString &portName, const Varnel3Data &last, RecordingSink *window)
+{
+    noted[portName]
+        = QStringLiteral("%1 %2").arg(last.time).arg(windows.indexOf(static_cast<FakeWindow *>(window)));
+}
+
 QVector<Recording> FakeShell::windowRecordings() const
 {
     QVector<Recording> recordings;

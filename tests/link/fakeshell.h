@@ -44,6 +44,8 @@ public:
     void portFailed(const QString &portName, const QString &text) override;
     void portLost(const QString &portName) override { calls.append(QStringLiteral("lost ") + portName); }
     void recordingUnwatched(const QString &portName) override;
+    void noteEnd(const QString &portName, const Varnel3Data &last, RecordingSink *window) override;
+    void announceEnd(const QString &portName) override { ends.append(noted.value(portName)); }
     QObject *processReceiver() override { return this; }
 
     QVector<Recording> windowRecordings() const;
@@ -53,6 +55,8 @@ public:
     QMap<QString, bool> startSent;
     QMap<QString, bool> endSent;
     QStringList calls; ///< of all but windows and logs, in their order
+    QMap<QString, QString> noted; ///< by port: time of the end letter's line, number of the window or -1
+    QStringList ends; ///< what was noted of those that were announced
 
 public slots:
     void endProcess(int type) { calls.append(QStringLiteral("ended %1").arg(type)); }

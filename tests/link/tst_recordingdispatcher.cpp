@@ -35,10 +35,12 @@ private slots:
     void sortsLinesIntoRecordings();
     void announcesStartsAndEnds_data();
     void announcesStartsAndEnds();
+    void saysWhatEnded_data();
+    void saysWhatEnded();
     void keepsWhatTheClosedWindowMissed();
+    void lineThatLacksMemoryIsLeftOut();
     void carriesOverWhatADialectDoesNotSend();
     void setsTheClockOncePerPort();
-    void lineThatLacksMemoryIsLeftOut();
 
 private:
     void tell(const QStringList &story);
@@ -168,6 +170,25 @@ void RecordingDispatcherTest::announcesStartsAndEnds()
     QVERIFY(dispatcher->isNewProcess() == story.contains(endShot));
 }
 
+void RecordingDispatcherTest::saysWhatEnded_data()
+{
+    columns<QStringList, QStringList>({"story", "ends"});
+    const QString failed = varnel3Line(6, QStringLiteral("#06C05"), 'S');
+    QTest::newRow("by the line of the letter")
+        << QStringList({varnel3Line(5), failed, varnel3Line(7), endShot}) << QStringList("6 0");
+    QTest::newRow("window closed") << QStringList({varnel3Line(5), shutWindow, failed, endShot})
+                                   << QStringList("6 -1");
+    QTest::newRow("next recording on")
+        << QStringList({failed, varnel3Line(2), varnel3Line(3), endShot}) << QStringList("6 0");
+}
+
+void RecordingDispatcherTest::saysWhatEnded()
+{
+    QFETCH(QStringList, story);
+    tell(story);
+    QTEST(shell->ends, "ends");
+}
+
 void RecordingDispatcherTest::keepsWhatTheClosedWindowMissed()
 {
     tell({varnel3Line(5), shutWindow, resistanceLine(), "!1,2", varnel3Line(6), varnel3Line(7),
@@ -176,6 +197,21 @@ void RecordingDispatcherTest::keepsWhatTheClosedWindowMissed()
     QCOMPARE(shell->logs, QVector<Recording>({{"5", "!", "6", "7", "end"}, {"0", "end"}, {"1", "2"}}));
     shell->calls.removeAll(QStringLiteral("started"));
     QCOMPARE(shell->calls, QStringList({"unwatched COM7", "unwatched COM7"}));
+}
+
+void RecordingDispatcherTest::lineThatLacksMemoryIsLeftOut()
+{
+    constexpr int megabyte = 1 << 20;
+    QString endless = varnel3Line(6);
+    endless.replace(QLatin1String("24000"), QString(64 * megabyte, QLatin1Char('1')));
+    {
+        const WritableMemoryLimit limit(32 * megabyte);
+        tell({varnel3Line(5), endless, varnel3Line(7)});
+    }
+    QCOMPARE(shell->logs, QVector<Recording>({{"5", "7"}}));
+    QVERIFY2(
+        shell->calls.contains(QStringLiteral("status 5000 Not enough memory: a line of COM7 is left out.")),
+        qPrintable(shell->calls.join(QLatin1Char('\n'))));
 }
 
 // A balancer sends no time: where a charger with the same pack spoke before, the charger's stays.
@@ -199,21 +235,6 @@ void RecordingDispatcherTest::setsTheClockOncePerPort()
     QCOMPARE(device->commands, QStringList(clock));
     tell({varnel3Line(7, "#06C05", 'E'), endShot});
     QCOMPARE(device->commands, QStringList({clock, clock}));
-void RecordingDispatcherTest::lineThatLacksMemoryIsLeftOut()
-{
-    constexpr int megabyte = 1 << 20;
-    QString endless = varnel3Line(6);
-    endless.replace(QLatin1String("24000"), QString(64 * megabyte, QLatin1Char('1')));
-    {
-        const WritableMemoryLimit limit(32 * megabyte);
-        tell({varnel3Line(5), endless, varnel3Line(7)});
-    }
-    QCOMPARE(shell->logs, QVector<Recording>({{"5", "7"}}));
-    QVERIFY2(
-        shell->calls.contains(QStringLiteral("status 5000 Not enough memory: a line of COM7 is left out.")),
-        qPrintable(shell->calls.join(QLatin1Char('\n'))));
-}
-
     tell(twoProcesses);
     QCOMPARE(device->commands, QStringList({clock, clock}));
     QCOMPARE(shell->startSent, (QMap<QString, bool>{{"COM7", true}}));

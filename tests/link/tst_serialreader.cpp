@@ -57,6 +57,8 @@ private slots:
     void linesDuringAWriteKeepTheirOrder();
     void bytesReadByAWriteAreNoLoss();
     void commandsToAFullLineAreNoLoss();
+    void endIsToldBeforeTheShot_data();
+    void endIsToldBeforeTheShot();
     void hangUp_data();
     void hangUp();
     void surgeryInsideASignal_data();
@@ -125,8 +127,6 @@ void SerialReaderTest::speaksAsTheDevicesDo()
     QCOMPARE(settings.c_iflag & (IXON | IXOFF | IXANY), tcflag_t(0));
 }
 
-void SerialReaderTest::keepsEveryLine()
-{
 // Lines wait in the system, and half a line at their end.
 void SerialReaderTest::beginsWithWhatIsNew()
 {
@@ -139,6 +139,8 @@ void SerialReaderTest::beginsWithWhatIsNew()
     QTRY_COMPARE(recordings(), QVector<Recording>({{"5"}}));
 }
 
+void SerialReaderTest::keepsEveryLine()
+{
     Recording expected;
     for (int time = 1; time <= 3000; ++time) {
         device->send(sent(varnel3Line(time)));
@@ -257,6 +259,30 @@ void SerialReaderTest::commandsToAFullLineAreNoLoss()
     QTRY_VERIFY(device->received().isEmpty()
         && !QTest::qWaitFor([this] { return !device->received().isEmpty(); }, 100));
     QCOMPARE(shell->calls, QStringList("started"));
+}
+
+void SerialReaderTest::endIsToldBeforeTheShot_data()
+{
+    QTest::addColumn<bool>("lost");
+    QTest::newRow("port lost") << true;
+    QTest::newRow("port closed") << false;
+}
+
+// The shell deletes the reader of a lost port, and that of a port that is no longer wanted.
+void SerialReaderTest::endIsToldBeforeTheShot()
+{
+    QFETCH(bool, lost);
+    device->send(sent(varnel3Line(5)) + sent(varnel3Line(6, QStringLiteral("#06C05"), 'M')));
+    QTRY_COMPARE(recordings(), QVector<Recording>({{"5", "6"}}));
+    if (lost)
+        device->hangUp();
+    else
+        reader->stop();
+    QTRY_VERIFY(!reader->isOpen());
+    reader.reset();
+    QTRY_COMPARE(shell->calls.count(QStringLiteral("ended 1")), 1);
+    QCOMPARE(shell->ends, QStringList("6 0"));
+    QCOMPARE(recordings(), QVector<Recording>({{"5", "6", "end"}}));
 }
 
 void SerialReaderTest::hangUp_data()

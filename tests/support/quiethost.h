@@ -28,6 +28,8 @@ public:
     void portFailed(const QString &, const QString &) override { }
     void portLost(const QString &) override { }
     void recordingUnwatched(const QString &) override { }
+    void noteEnd(const QString &, const Varnel3Data &, RecordingSink *) override { }
+    void announceEnd(const QString &) override { }
     QObject *processReceiver() override { return nullptr; }
 
     QuietSink sink;
