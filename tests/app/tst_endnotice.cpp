@@ -15,6 +15,9 @@
 #include <QtTest>
 
 #include <functional>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 namespace {
 
@@ -166,7 +169,8 @@ void TestEndNotice::soundFileIsTheCountrys()
         QDir::toNativeSeparators(sounds.filePath(file)));
 }
 
-// The sound library's own list would be waited for, and complained of where there is none.
+// The sound library's own list would be waited for, and complained of where there is none. A server that has
+// ended leaves its socket behind.
 void TestEndNotice::noServerIsNoNoise()
 {
     if (QDir(QStringLiteral("/dev/snd")).exists() || QFile::exists(QStringLiteral("/run/pulse/native")))
@@ -176,8 +180,18 @@ void TestEndNotice::noServerIsNoNoise()
     qunsetenv("PULSE_SERVER");
     qunsetenv("PULSE_RUNTIME_PATH");
     QVERIFY(!hasSoundOutput());
-    QVERIFY(QDir(runtime.path()).mkpath(QStringLiteral("pulse/native")));
+    QVERIFY(QDir(runtime.path()).mkdir(QStringLiteral("pulse")));
+    const QByteArray path = QFile::encodeName(runtime.filePath(QStringLiteral("pulse/native")));
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    qstrncpy(address.sun_path, path.constData(), sizeof address.sun_path);
+    const int server = socket(AF_UNIX, SOCK_STREAM, 0);
+    QCOMPARE(bind(server, reinterpret_cast<const sockaddr *>(&address), sizeof address), 0);
+    QCOMPARE(listen(server, 1), 0);
     QVERIFY(hasSoundOutput());
+    close(server);
+    QVERIFY(QFile::exists(QFile::decodeName(path)));
+    QVERIFY(!hasSoundOutput());
 }
 
 void TestEndNotice::soundsFollow_data()
