@@ -6,6 +6,7 @@
 #include "link/serialreader.h"
 #include "settings/varnelsettings.h"
 
+#include <QLabel>
 #include <QMessageBox>
 #include <QTimer>
 
@@ -105,6 +106,10 @@ QMessageBox *EndNotice::createBox() const
         notice->setWindowTitle(tr(texts->title));
     }
     notice->setInformativeText(m_shown.facts());
+    if (auto *facts = notice->findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel"))) {
+        facts->setTextFormat(Qt::PlainText);
+        facts->setWordWrap(false);
+    }
     notice->addButton(QMessageBox::Close);
     return notice;
 }

@@ -12,6 +12,11 @@ namespace {
 
 constexpr StatusFacts::Kind kinds[] = {StatusFacts::Failed, StatusFacts::Aborted, StatusFacts::Completed};
 
+bool isSame(const EndedProcess &one, const EndedProcess &other)
+{
+    return one.portName == other.portName && one.window == other.window;
+}
+
 template <typename Condition>
 bool removeFrom(QVector<EndedProcess> *ends, Condition condition)
 {
@@ -35,24 +40,23 @@ UnseenEnds::UnseenEnds(
     connect(graphs, SIGNAL(currentChanged()), this, SLOT(look()));
 }
 
-// A device says several times that its process has ended.
+// Its window may be current now, yet nobody has looked at it under a box. A device says several times that
+// its process has ended.
 void UnseenEnds::add(const EndedProcess &process)
 {
     if (process.portName.isEmpty() || process.end < 0 || process.end >= int(std::size(kinds)))
         return;
-    remove(process);
+    removeFrom(&m_ends, [&process](const EndedProcess &one) { return isSame(one, process); });
     m_ends.append(process);
     if (process.window) // queued: a widget says so while pointers to it still hold
         connect(process.window, SIGNAL(destroyed()), this, SLOT(look()), Qt::QueuedConnection);
-    look();
+    tell();
 }
 
 void UnseenEnds::remove(const EndedProcess &process)
 {
-    if (removeFrom(&m_ends, [&process](const EndedProcess &one) {
-            return one.portName == process.portName && one.window == process.window;
-        }))
-        tell();
+    removeFrom(&m_ends, [&process](const EndedProcess &one) { return isSame(one, process); });
+    look();
 }
 
 void UnseenEnds::onRecordingBegins(const QString &portName)

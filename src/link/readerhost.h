@@ -33,7 +33,7 @@ public:
     virtual void portLost(const QString &portName) = 0;
     /// Lines of `portName` find no window because the user closed it; said once a recording.
     virtual void recordingUnwatched(const QString &portName) = 0;
-    /// A line with an end letter has come on `portName`; `window` shows it, null where the user has closed it.
+    /// A line with an end letter has come on `portName`; `window` shows it, null where the user closed it.
     virtual void noteEnd(const QString &portName, const Varnel3Data &last, RecordingSink *window) = 0;
     /// A queued endProcess(int) comes next, about the end that was noted last on `portName`.
     virtual void announceEnd(const QString &portName) = 0;
