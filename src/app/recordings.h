@@ -34,8 +34,8 @@ public:
     void attachFile(const MdiGraphChild *child, const QString &fileName);
     /// The file that the records of `child` are kept in; empty when there is none.
     QString fileOf(const MdiGraphChild *child) const;
-    /// Names what is made of `child`: as the file that its records are kept in, without folder and ending, else
-    /// as its port.
+    /// Names what is made of `child`: as the file that its records are kept in, without folder and ending,
+    /// else as its port.
     QString nameFor(const MdiGraphChild *child) const;
     /// Everything that `child` has recorded is in its journal.
     bool keepsAll(const MdiGraphChild *child) const;

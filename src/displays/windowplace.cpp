@@ -59,8 +59,8 @@ void save(const QWidget &display, const QString &group, VarnelSettings *settings
     settings->setValue(group + placeKey, normal.topLeft() - frame);
 }
 
-void restore(
-    QWidget *display, const QString &group, const VarnelSettings &settings, const QSize &size, const QPoint &place)
+void restore(QWidget *display, const QString &group, const VarnelSettings &settings, const QSize &size,
+    const QPoint &place)
 {
     display->resize(settings.value(group + sizeKey, size).toSize());
     const QVariant saved = settings.value(group + placeKey);

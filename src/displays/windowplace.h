@@ -17,8 +17,8 @@ QPoint first(const QPoint &place, const QSize &size);
 /// there, since the screen is gone or smaller, moved onto the primary screen.
 QPoint reachable(const QPoint &place, const QSize &size);
 
-/// Keeps size and place of `display` under `group`: while it is maximised those that it goes back to, and that
-/// it is.
+/// Keeps size and place of `display` under `group`: while it is maximised those that it goes back to, and
+/// that it is.
 void save(const QWidget &display, const QString &group, VarnelSettings *settings);
 /// Gives `display`, which is hidden, what is kept under `group`; `size` and first(`place`) while nothing is.
 void restore(QWidget *display, const QString &group, const VarnelSettings &settings, const QSize &size,

@@ -12,8 +12,8 @@ class QWidget;
 
 /// Lets the user choose printer and page for `job` and prints it; cancelling prints nothing.
 /// Returns at once, the dialog stays open above `parent`. Without a printer the dialog
-/// offers a PDF file. The status bar of the main window that `parent` is or belongs to tells where the page went,
-/// a box that it could not.
+/// offers a PDF file. The status bar of the main window that `parent` is or belongs to tells where
+/// the page went, a box that it could not.
 void printWithDialog(const PrintJob &job, QWidget *parent);
 
 /// A print job whose dialog is open; belongs to the dialog.
