@@ -7,6 +7,6 @@
 QVector<double> timeDivisions(double from, double to, int most);
 
 /// Which of the ticks at the ascending `columns` (px) get a label `width` px wide: all, or every second,
-/// third ... so that no two touch. `last` numbers the last tick; the numbers of those that are labelled can be
+/// third ... so that no two touch. `last` numbers the last tick; labelled are those whose number can be
 /// divided by two, three ..., so that the labels of round times stay with them while ticks come and go.
 QVector<int> labelledTicks(const QVector<int> &columns, int width, int last);
