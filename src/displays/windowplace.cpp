@@ -54,9 +54,9 @@ void save(const QWidget &display, const QString &group, VarnelSettings *settings
     const QRect kept(settings->value(group + placeKey).toPoint(), settings->value(group + sizeKey).toSize());
     if (!usual && normal == kept)
         return;
-    const QPoint frame = display.geometry().topLeft() - display.pos();
+    const QPoint border = display.geometry().topLeft() - display.pos();
     settings->setValue(group + sizeKey, normal.size());
-    settings->setValue(group + placeKey, normal.topLeft() - frame);
+    settings->setValue(group + placeKey, normal.topLeft() - border);
 }
 
 void restore(QWidget *display, const QString &group, const VarnelSettings &settings, const QSize &size,
