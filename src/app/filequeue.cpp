@@ -13,6 +13,7 @@
 namespace {
 
 constexpr int sliceTime = 20; // ms; the event loop runs between slices
+constexpr int waitTime = 20; // ms between two looks at a disk that does not answer
 constexpr int recordsBetweenLooks = 2048; // at the clock
 constexpr double readingPart = 0.7; // of the time that a file takes
 
@@ -63,6 +64,7 @@ void FileQueue::readOn()
     }
     if (!workOn())
         takeResult();
+    m_slices->setInterval(m_loader && m_loader->isWaiting() ? waitTime : 0);
 }
 
 /// True while the file is not ready.

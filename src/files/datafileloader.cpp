@@ -1,5 +1,6 @@
 #include "files/datafileloader.h"
 
+#include "files/backgroundfile.h"
 #include "files/balancercolumns.h"
 #include "files/chargercolumns.h"
 #include "files/linetrimming.h"
@@ -9,13 +10,12 @@
 
 #include <QDebug>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QFileInfo>
 
 #include <new>
 
 namespace {
 
+constexpr int shortWait = 2; // ms for the disk, which mostly suffices
 constexpr int linesBetweenLooks = 256; // at the clock
 constexpr int shortestRecordLine = 10;
 constexpr int timeFromLine = -1;
@@ -25,18 +25,8 @@ constexpr int timeFromLine = -1;
 DataFileLoader::DataFileLoader(const QString &fileName)
     : m_fileName(fileName)
 {
-    // A pipe would wait for its writer, a device might never end.
-    if (!QFileInfo(fileName).isFile()) {
-        m_systemError = QFileInfo::exists(fileName) ? tr("not a regular file") : tr("no such file");
-        finish(Status::CanNotOpen);
-        return;
-    }
-    auto file = std::make_unique<QFile>(fileName);
-    if (!file->open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        m_systemError = file->errorString();
-        finish(Status::CanNotOpen);
-        return;
-    }
+    auto file = std::make_unique<BackgroundFile>(fileName);
+    m_file = file.get();
     m_device = std::move(file);
     start(LineSource::usualChunk);
 }
@@ -65,14 +55,21 @@ bool DataFileLoader::readSome(int maxMilliseconds)
 {
     QElapsedTimer timer;
     timer.start();
+    if (isWaiting())
+        m_file->waitReady(shortWait);
     readWithin([&] {
-        for (int lines = 1; m_status == Status::Reading; ++lines) {
+        for (int lines = 1; m_status == Status::Reading && !isWaiting(); ++lines) {
             const bool slow = step() == LineSource::Found::Nothing;
             if ((slow || lines % linesBetweenLooks == 0) && timer.hasExpired(maxMilliseconds))
                 break;
         }
     });
     return m_status == Status::Reading;
+}
+
+bool DataFileLoader::isWaiting() const
+{
+    return m_status == Status::Reading && m_file && !m_file->isReady();
 }
 
 bool DataFileLoader::readAll()

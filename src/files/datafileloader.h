@@ -10,6 +10,7 @@
 
 #include <memory>
 
+class BackgroundFile;
 class ColumnConverter;
 
 /// Reads a data file of any of the three dialects, a slice at a time, so that the caller stays responsive.
@@ -20,7 +21,8 @@ class DataFileLoader {
 public:
     enum class Status { Reading, Loaded, CanNotOpen, BadHeader, BadLine, NoMemory };
 
-    /// Opens `fileName`, which must be a regular file; its ending tells the balancer's column format.
+    /// Reads `fileName`, which must be a regular file and is opened in the background; its ending tells the
+    /// balancer's column format.
     explicit DataFileLoader(const QString &fileName);
     /// Reads from `device`, which is open, lines of up to `chunk` bytes; `fileName` only names it.
     DataFileLoader(
@@ -29,8 +31,11 @@ public:
     DataFileLoader(const DataFileLoader &) = delete;
     DataFileLoader &operator=(const DataFileLoader &) = delete;
 
-    /// Reads on for about `maxMilliseconds`. True while there is more.
+    /// Reads on for about `maxMilliseconds`. True while there is more. Does not wait for a disk or a network
+    /// that does not answer.
     bool readSome(int maxMilliseconds);
+    /// The disk has not given what comes next: readSome() would do nothing now.
+    bool isWaiting() const;
     /// Reads all. True when the file was loaded, be it with no record.
     bool readAll();
     /// Gives up for lack of memory, as reading itself does before the system has none left. A loaded file
@@ -72,6 +77,7 @@ private:
 
     QString m_fileName;
     std::unique_ptr<QIODevice> m_device;
+    const BackgroundFile *m_file = nullptr; // m_device, where a file is read by its name
     std::unique_ptr<LineSource> m_lines;
     std::unique_ptr<ColumnConverter> m_columns; // null while the file holds record lines
     bool m_dialectKnown = false;
