@@ -4,6 +4,7 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <iterator>
@@ -74,7 +75,8 @@ QString tr(const char *text)
 void refuse(CommandLine &line, const QString &why)
 {
     line.task = CommandLine::Refuse;
-    line.message = why + QLatin1Char('\n') + tr("See varnelgraph --help.") + QLatin1Char('\n');
+    line.message = why + QLatin1Char('\n')
+        + tr("Usage: varnelgraph [options] [FILE...]; see varnelgraph --help.") + QLatin1Char('\n');
 }
 
 bool readSize(const QString &text, QSize *size)
@@ -127,6 +129,16 @@ void readDrawing(const QCommandLineParser &parser, CommandLine &line)
     }
 }
 
+/// "*.acp" becomes the name of the output and that of the input, should there be two.
+bool isRecording(const QString &fileName)
+{
+    for (const QString &path : {fileName, QFileInfo(fileName).canonicalFilePath()})
+        for (const char *ending : {".acp", ".abp"})
+            if (path.endsWith(QLatin1String(ending), Qt::CaseInsensitive))
+                return true;
+    return false;
+}
+
 void readBatch(const QCommandLineParser &parser, CommandLine &line)
 {
     const bool exports = parser.isSet(name(exportName));
@@ -136,6 +148,10 @@ void readBatch(const QCommandLineParser &parser, CommandLine &line)
         return refuse(line, tr("One recording FILE is needed."));
     line.task = exports ? CommandLine::ExportCsv : CommandLine::Render;
     line.output = parser.value(name(exports ? exportName : renderName));
+    const bool same
+        = QFileInfo::exists(line.output) && QFileInfo(line.output) == QFileInfo(line.files.first());
+    if (same || isRecording(line.output))
+        return refuse(line, tr("A recording is not written over: ") + line.output);
     if (!exports && graphFormat(line.output) == GraphFormat::Unknown)
         refuse(line, tr("The drawing's name must end in .png, .svg or .pdf: ") + line.output);
 }
@@ -173,14 +189,27 @@ CommandLine parseCommandLine(const QStringList &arguments)
     return line;
 }
 
-bool asksForBatch(int count, const char *const *words)
+QStringList withoutToolkitWords(const QStringList &arguments)
 {
-    for (int i = 1; i < count && qstrcmp(words[i], "--") != 0; ++i) {
-        const QByteArray word = QByteArray(words[i]).split('=').first();
-        for (const char *batch :
-            {"--export-csv", "--render", "--help", "--help-all", "-h", "--version", "-v"})
-            if (word == batch)
-                return true;
+    static const QStringList alone = {QStringLiteral("reverse"), QStringLiteral("nograb"),
+        QStringLiteral("dograb"), QStringLiteral("widgetcount")};
+    static const QStringList withValue
+        = {QStringLiteral("platform"), QStringLiteral("platformpluginpath"), QStringLiteral("platformtheme"),
+            QStringLiteral("plugin"), QStringLiteral("qwindowgeometry"), QStringLiteral("geometry"),
+            QStringLiteral("qwindowicon"), QStringLiteral("icon"), QStringLiteral("qwindowtitle"),
+            QStringLiteral("title"), QStringLiteral("session"), QStringLiteral("style"),
+            QStringLiteral("stylesheet"), QStringLiteral("display"), QStringLiteral("name")};
+    QStringList words;
+    for (int i = 0; i < arguments.size(); ++i) {
+        const QString &word = arguments[i];
+        if (word == QLatin1String("--"))
+            return words + arguments.mid(i);
+        const int dashes = word.startsWith(QLatin1String("--")) ? 2 : word.startsWith(QLatin1Char('-'));
+        const QString option = dashes > 0 ? word.mid(dashes).section(QLatin1Char('='), 0, 0) : QString();
+        if (withValue.contains(option))
+            i += !word.contains(QLatin1Char('='));
+        else if (!alone.contains(option))
+            words += word;
     }
-    return false;
+    return words;
 }

@@ -28,6 +28,6 @@ struct CommandLine {
 
 /// Understands the words of the command line, the program's own name first. Needs an application object.
 CommandLine parseCommandLine(const QStringList &arguments);
-/// Whether the words ask for something that needs no display; looked at
-/// before there is an application object.
-bool asksForBatch(int count, const char *const *words);
+/// `arguments` without those that a graphical application object takes for itself ("-platform x"). Not
+/// needed once there is one.
+QStringList withoutToolkitWords(const QStringList &arguments);

@@ -92,13 +92,23 @@ int runProgram(const QStringList &files)
     return leave(code);
 }
 
+/// Looked at before there is a graphical application object, which ends the program where there is no display.
+CommandLine lookAhead(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    return parseCommandLine(withoutToolkitWords(QCoreApplication::arguments()));
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
     if (SleepBlock::isHelper(argc, argv))
         return SleepBlock::runHelper(argc, argv);
-    if (asksForBatch(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    const CommandLine ahead = lookAhead(argc, argv);
+    if (ahead.task == CommandLine::Print || ahead.task == CommandLine::Refuse)
+        return runBatch(ahead);
+    if (ahead.isBatch() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen"); // there may be no display, and none is needed
     QApplication application(argc, argv);
     identify();

@@ -5,6 +5,7 @@
 #include "support/limits.h"
 
 #include <QImage>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -20,6 +21,7 @@ private slots:
     void fails_data();
     void fails();
     void failsForMemory();
+    void refusesWithoutDisplay();
 
 private:
     QString path(const QString &name) const { return folder.filePath(name); }
@@ -42,6 +44,9 @@ void TestBatch::initTestCase()
     QFile broken(path(QStringLiteral("broken.acp")));
     QVERIFY(broken.open(QIODevice::WriteOnly));
     broken.write("5\nc\n2\n0 8.4 1.5\n");
+    QVERIFY(data.copy(path(QStringLiteral("plain"))));
+    QVERIFY(QFile::link(path(QStringLiteral("plain")), path(QStringLiteral("link"))));
+    QVERIFY(QFile::link(path(QStringLiteral("broken.acp")), path(QStringLiteral("o.csv.link"))));
     QFile empty(path(QStringLiteral("empty.acp")));
     QVERIFY(empty.open(QIODevice::WriteOnly));
 }
@@ -105,6 +110,9 @@ void TestBatch::fails_data()
     row("no place", path(QStringLiteral("no/place.csv")), "a.acp", 1);
     row("full disk", QStringLiteral("/dev/full"), "a.acp", 1);
     row("no words", out, "", 2);
+    row("another recording", path(QStringLiteral("b.ACP")), "a.acp", 2);
+    row("the input under another name", path(QStringLiteral("link")), "plain", 2);
+    row("a recording by a link", path(QStringLiteral("o.csv.link")), "plain", 2);
 }
 
 void TestBatch::fails()
@@ -112,6 +120,7 @@ void TestBatch::fails()
     QFETCH(QStringList, words);
     QTEST(run(words), "status");
     QVERIFY(!QFile::exists(path(QStringLiteral("never.csv"))));
+    QVERIFY(!QFile::exists(path(QStringLiteral("b.ACP"))));
 }
 
 // First for the records, with more room for the series, in the end not at all.
@@ -130,6 +139,20 @@ void TestBatch::failsForMemory()
         QVERIFY(!QFile::exists(out));
     }
     QVERIFY(failures > 3);
+}
+
+void TestBatch::refusesWithoutDisplay()
+{
+    QProcess program;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        environment.remove(QLatin1String(name));
+    program.setProcessEnvironment(environment);
+    program.start(QStringLiteral(VARNELGRAPH_PROGRAM), {QStringLiteral("--foo")});
+    QVERIFY(program.waitForFinished());
+    QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(program.exitCode(), 2);
+    QVERIFY(program.readAllStandardError().contains("Usage: varnelgraph"));
 }
 
 QTEST_MAIN(TestBatch)

@@ -22,6 +22,8 @@ void TestCommandLine::task_data()
     row("nothing", "", CommandLine::Run, "", 0);
     row("files", "a.acp b.abp", CommandLine::Run, "", 2);
     row("a file like an option", "-- --render", CommandLine::Run, "", 1);
+    row("words of the toolkit", "-platform offscreen --style=fusion a.acp -reverse", CommandLine::Run, "", 1);
+    row("files like words of the toolkit", "-- -style b", CommandLine::Run, "", 2);
     row("help", "--help", CommandLine::Print, "", 0);
     row("version among files", "a.acp -v", CommandLine::Print, "", 1);
     row("export", "--export-csv out.csv a.acp", CommandLine::ExportCsv, "out.csv", 1);
@@ -41,8 +43,8 @@ void TestCommandLine::task()
 {
     QFETCH(QString, words);
     QFETCH(int, task);
-    const CommandLine line = parseCommandLine(
-        QStringList(QStringLiteral("varnelgraph")) + words.split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    const CommandLine line = parseCommandLine(withoutToolkitWords(
+        QStringList(QStringLiteral("varnelgraph")) + words.split(QLatin1Char(' '), Qt::SkipEmptyParts)));
     QCOMPARE(int(line.task), task);
     QTEST(line.output, "output");
     if (task != CommandLine::Refuse)
