@@ -146,21 +146,24 @@ void DataFileLoader::takeRecordLine(QLatin1String line)
         return;
     if (line.front() == QLatin1Char('#') && !isCutShort(line))
         addRecord(trimmedLine(line), timeFromLine);
-    else if (line.front() == QLatin1Char('!') && !m_records.isEmpty())
+    else if (line.front() == QLatin1Char('!') && m_lines->hasEnd() && !m_records.isEmpty())
         m_records.last().parseResistanceLine(line);
 }
 
-// A last line without its end may be what a power cut has left, and the beginning of a
-// number reads as another number. It is whole when it ends in a field and is no shorter than
-// the line of the same device before it.
+// A last line without its end may be what a power cut has left, and the beginning of a number reads as
+// another number. One whose last field is a single character is whole when that is there; another one when
+// it is no shorter than the line of the same device before it.
 bool DataFileLoader::isCutShort(QLatin1String line) const
 {
     if (m_lines->hasEnd())
         return false;
     const QLatin1String text = trimmedLine(line);
+    if (text.endsWith(QLatin1Char(',')))
+        return true;
     Varnel3Data record;
-    return text.endsWith(QLatin1Char(','))
-        || (text.size() < m_lineLength && record.parseLine(text) && record.device == m_records.last().device);
+    const bool endsInNumber = record.parseLine(text)
+        && (record.device == Varnel3Data::Varnel2 || record.device == Varnel3Data::Varnel2Plus);
+    return endsInNumber && text.size() < m_lineLength && record.device == m_records.last().device;
 }
 
 void DataFileLoader::takeColumnLine(QLatin1String line)

@@ -92,6 +92,7 @@ void TestDataFileLoader::outcomes_data()
     good("ends before the last balance", acp, line + '\n' + line + '\n' + line.chopped(1), 2);
     const QByteArray two = "#c0605 00123,25200+02000,025,01234";
     good("ends within a number", acp, two + '\n' + two + '\n' + two.chopped(1), 2);
+    good("ends with a shorter line that is whole", acp, recordLine(100000) + '\n' + recordLine(5), 2);
     good("ends with a line of another device", acp, line + '\n' + two, 2);
     good("damaged lines between", acp, line + "\njunk\n#02C\n\n" + line.mid(1) + '\n' + line + '\n', 2);
     good("other dialects between", acp, line + "\n#c0605 00123,25200+02000,025,01234\n", 2);
@@ -155,6 +156,10 @@ void TestDataFileLoader::recordLines()
     QVERIFY(!records[1].resistanceValid);
     QCOMPARE(records[1].time, 10);
     QCOMPARE(records[1].cells[1].voltage, 4101);
+
+    const auto cut = loaderOf(recordLine(5) + '\n' + resistances, acp); // the last value may lack a digit
+    QVERIFY(cut->readAll());
+    QVERIFY(!cut->takeRecords().last().resistanceValid);
 }
 
 void TestDataFileLoader::chargerColumns_data()
