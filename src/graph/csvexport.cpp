@@ -2,6 +2,8 @@
 
 #include "graph/seriesstore.h"
 
+#include "data/saturated.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -84,6 +86,8 @@ const Column cellStatisticColumns[] = {
     {"cell maximum [mV]", [](Row &row, const Varnel3Data &r) { row.add(r.cellMax); }},
     {"cell minimum [mV]", [](Row &row, const Varnel3Data &r) { row.add(r.cellMin); }},
     {"cell average [mV]", [](Row &row, const Varnel3Data &r) { row.add(r.cellAverage); }},
+    {"cell spread [mV]",
+        [](Row &row, const Varnel3Data &r) { row.add(saturated(qint64(r.cellMax) - r.cellMin)); }},
     {"balance maximum [%]", [](Row &row, const Varnel3Data &r) { row.add(r.balanceMax); }},
     {"balanced charge maximum [mAh]", [](Row &row, const Varnel3Data &r) { row.add(r.balancedMah); }},
 };

@@ -69,6 +69,8 @@ void TestCsvExport::valuesStandUnderTheirTitles()
     QCOMPARE(value(1, "cell 1 balance [%]"), QByteArray());
     QCOMPARE(value(1, "cell maximum [mV]"), QByteArray());
     QCOMPARE(value(2, "cell maximum [mV]"), QByteArray("4125"));
+    QCOMPARE(value(1, "cell spread [mV]"), QByteArray());
+    QCOMPARE(value(2, "cell spread [mV]"), QByteArray("25"));
     QCOMPARE(value(2, "cell 2 balance [%]"), QByteArray("100"));
     QCOMPARE(value(2, "cell 1 resistance [mOhm]"), QByteArray("2.5"));
     QCOMPARE(value(2, "temperature [0.1 C]"), QByteArray("251"));
