@@ -5,6 +5,7 @@
 #include "app/filewriter.h"
 #include "app/graphwindows.h"
 #include "app/recordings.h"
+#include "app/savedialog.h"
 #include "app/warningbox.h"
 #include "files/datafilewriter.h"
 #include "files/journalfolder.h"
@@ -190,28 +191,45 @@ void Documents::listFailures(const QStringList &failures, int total)
 void Documents::saveDialog(MdiGraphChild *child)
 {
     const QPointer<MdiGraphChild> guard(child); // its window may be closed while the dialog is open
-    const QString name = askSaveName();
+    const QString name = askSaveName(child);
     if (!name.isEmpty() && guard)
-        save(guard, name);
+        save(guard, name, [](bool) {});
 }
 
-QString Documents::askSaveName()
+// Never preset with another recording's name, which would be one Enter from being replaced.
+QString Documents::askSaveName(const MdiGraphChild *child)
 {
-    const QString name = QFileDialog::getSaveFileName(shell, tr("Choose file name"), lastFolder(),
-        QStringLiteral("*.acp"), nullptr, QFileDialog::DontUseNativeDialog);
-    if (!name.isEmpty())
-        keepLastFolder(name);
+    SaveDialog dialog(shell, tr("Choose file name"), {QStringLiteral("*.acp")});
+    dialog.refuse({QStringLiteral(".abp")},
+        tr("Files that end in .abp are only read. Choose a name that ends in .acp."));
+    const QFileInfo last(lastFolder());
+    dialog.setDirectory(last.isDir() ? last.filePath() : last.path());
+    dialog.suggest(recordings->nameFor(child));
+    if (dialog.exec() != QDialog::Accepted)
+        return QString();
+    const QString name = dialog.selectedFiles().value(0);
+    keepLastFolder(name);
     return name;
 }
 
-bool Documents::save(MdiGraphChild *child, const QString &fileName)
+void Documents::save(MdiGraphChild *child, const QString &fileName, const std::function<void(bool)> &done)
 {
     if (recordings->isBeingRecorded(fileName)) {
         tellFailure(fileName, tr("A recording is being written to this file."));
-        return false;
+        done(false);
+        return;
     }
-    RecordLines lines(child->store().records());
-    const WriteOutcome outcome = writer->write(fileName, lines);
+    auto lines = std::make_unique<RecordLines>(child->store().records());
+    const RecordLines *const written = lines.get();
+    writer->add(fileName, std::move(lines), [=](const WriteOutcome &outcome) {
+        finishSave(child, fileName, *written, outcome);
+        done(outcome.written);
+    });
+}
+
+void Documents::finishSave(
+    MdiGraphChild *child, const QString &fileName, const RecordLines &lines, const WriteOutcome &outcome)
+{
     if (outcome.cancelled) {
         emit message(tr("Saving was cancelled."), messageTime);
     } else if (!outcome.written) {
@@ -224,7 +242,6 @@ bool Documents::save(MdiGraphChild *child, const QString &fileName)
         if (lines.unreadable() > 0)
             tellUnreadable(lines.unreadable(), child, fileName);
     }
-    return outcome.written;
 }
 
 // A second is enough to see that it was saved, not to read where.

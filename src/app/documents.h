@@ -3,6 +3,8 @@
 #include <QCache>
 #include <QObject>
 
+#include <functional>
+
 class DisplayWindows;
 class FileQueue;
 class FileWriter;
@@ -10,9 +12,11 @@ class GraphWindows;
 class MdiGraphChild;
 class ProgressStrip;
 class QFileDialog;
+class RecordLines;
 class QWidget;
 class Recordings;
 class SeriesStore;
+struct WriteOutcome;
 
 /// Opens data files in graph windows of their own, and saves graph windows as data files.
 class Documents : public QObject {
@@ -35,10 +39,11 @@ public:
     void cancelOpening();
     /// Asks for a name and saves the records of `child` there.
     void saveDialog(MdiGraphChild *child);
-    /// Asks for a name to save records as; empty when none was given.
-    QString askSaveName();
-    /// Returns when all is on the disk. False when it failed or was cancelled, which is told.
-    bool save(MdiGraphChild *child, const QString &fileName);
+    /// Asks for a name to save the records of `child` as; empty when none was given.
+    QString askSaveName(const MdiGraphChild *child);
+    /// Saves what `child` holds now in the background, and then calls `done`: true when all is on the disk,
+    /// false when it failed or was cancelled, of which the user is told. `child` stays until then.
+    void save(MdiGraphChild *child, const QString &fileName, const std::function<void(bool)> &done);
 
 signals:
     void message(const QString &text, int timeout);
@@ -52,6 +57,8 @@ private:
     /// Opens what is chosen in `dialog` and returns it.
     QStringList openFrom(QFileDialog &dialog);
     void listFailures(const QStringList &failures, int total);
+    void finishSave(
+        MdiGraphChild *child, const QString &fileName, const RecordLines &lines, const WriteOutcome &outcome);
     void tellFailure(const QString &fileName, const QString &reason);
     void tellUnreadable(int count, const MdiGraphChild *child, const QString &fileName);
 

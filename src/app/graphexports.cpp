@@ -1,6 +1,6 @@
 #include "app/graphexports.h"
 
-#include "app/exportdialog.h"
+#include "app/savedialog.h"
 #include "app/filewriter.h"
 #include "app/graphfile.h"
 #include "app/recordings.h"
@@ -10,6 +10,7 @@
 #include "graph/mdigraphchild.h"
 #include "settings/varnelsettings.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFileInfo>
 #include <QPointer>
@@ -64,8 +65,7 @@ void GraphExports::pictureDialog(MdiGraphChild *child)
 
 void GraphExports::writeTable(const MdiGraphChild *child, const QString &fileName)
 {
-    CsvRows rows(child->store());
-    write(fileName, rows);
+    write(fileName, std::make_unique<CsvRows>(child->store()));
 }
 
 void GraphExports::writePicture(const MdiGraphChild *child, const QString &fileName)
@@ -75,14 +75,24 @@ void GraphExports::writePicture(const MdiGraphChild *child, const QString &fileN
         tellFailure(fileName, tr("The name of a picture ends in .png, .svg or .pdf."));
         return;
     }
-    const GraphPicture picture = child->picture(child->size());
-    OnePiece piece([&](QIODevice &device) { return writeGraph(picture, format, &device); });
-    write(fileName, piece);
+    // Drawn at once: the window goes on.
+    QBuffer drawing;
+    drawing.open(QIODevice::WriteOnly);
+    if (!writeGraph(child->picture(child->size()), format, &drawing)) {
+        tellFailure(fileName, tr("There is no room for it in memory."));
+        return;
+    }
+    const QByteArray bytes = drawing.data();
+    write(fileName, std::make_unique<OnePiece>([bytes](QIODevice &device) {
+        return writeAllBytes(device, bytes.constData(), bytes.size());
+    }));
 }
 
 QString GraphExports::ask(const QString &title, const QStringList &filters, const MdiGraphChild *child)
 {
-    ExportDialog dialog(m_shell, title, filters);
+    SaveDialog dialog(m_shell, title, filters);
+    dialog.refuse({QStringLiteral(".acp"), QStringLiteral(".abp")},
+        tr("Names that end in .acp or .abp are for recordings."));
     dialog.setDirectory(startFolder());
     dialog.suggest(m_recordings->nameFor(child));
     if (dialog.exec() != QDialog::Accepted)
@@ -92,13 +102,18 @@ QString GraphExports::ask(const QString &title, const QStringList &filters, cons
     return name;
 }
 
-void GraphExports::write(const QString &fileName, FilePieces &pieces)
+void GraphExports::write(const QString &fileName, std::unique_ptr<FilePieces> pieces)
 {
     if (m_recordings->isBeingRecorded(fileName)) {
         tellFailure(fileName, tr("A recording is being written to this file."));
         return;
     }
-    const WriteOutcome outcome = m_writer->write(fileName, pieces);
+    m_writer->add(fileName, std::move(pieces),
+        [this, fileName](const WriteOutcome &outcome) { tellOutcome(fileName, outcome); });
+}
+
+void GraphExports::tellOutcome(const QString &fileName, const WriteOutcome &outcome)
+{
     if (outcome.cancelled)
         emit message(tr("The export was cancelled."), messageTime);
     else if (outcome.written)

@@ -2,11 +2,14 @@
 
 #include <QObject>
 
+#include <memory>
+
 class FileWriter;
 class MdiGraphChild;
 class FilePieces;
 class QWidget;
 class Recordings;
+struct WriteOutcome;
 
 /// Writes what a graph window holds for other programs: its records as a table, its graph as a picture.
 class GraphExports : public QObject {
@@ -28,7 +31,8 @@ signals:
 
 private:
     QString ask(const QString &title, const QStringList &filters, const MdiGraphChild *child);
-    void write(const QString &fileName, FilePieces &pieces);
+    void write(const QString &fileName, std::unique_ptr<FilePieces> pieces);
+    void tellOutcome(const QString &fileName, const WriteOutcome &outcome);
     void tellFailure(const QString &fileName, const QString &reason);
 
     QWidget *m_shell;

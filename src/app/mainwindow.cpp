@@ -19,6 +19,7 @@
 #include "app/progressstrip.h"
 #include "app/recordings.h"
 #include "app/remotecontrols.h"
+#include "app/sessionend.h"
 #include "app/shellmenus.h"
 #include "app/shellreaderhost.h"
 #include "app/shelltargets.h"
@@ -70,9 +71,10 @@ MainWindow::MainWindow()
     setWindowTitle(tr("Varnel Graph %1").arg(QCoreApplication::applicationVersion()));
 }
 
-// Readers first, then graph windows: each tells those that it talks to, which must still be there.
+// What is written reads from the graph windows. Then readers, then graph windows: each tells those that it talks to, which must still be there.
 MainWindow::~MainWindow()
 {
+    writer->cancel();
     ports->closeAll();
     graphs->setEnding();
     delete mdiArea;
@@ -103,8 +105,9 @@ void MainWindow::createParts()
     auto *strip = new ProgressStrip(statusBar());
     writer = new FileWriter(strip, &recordings->syncer(), this);
     documents = new Documents(this, strip, writer, graphs, displays, recordings);
-    unsaved = new UnsavedWindows(this, graphs, documents, recordings);
+    unsaved = new UnsavedWindows(this, graphs, documents, recordings, writer);
     graphs->setCloseGuard(unsaved);
+    new SessionEnd(this, writer);
     tools = new ToolsCommands(this, graphs, documents, writer, recordings);
     targets = std::make_unique<ShellTargets>(ports, graphs);
     commands = new DeviceCommands(targets.get(), this);
@@ -205,7 +208,6 @@ void MainWindow::closeEvent(QCloseEvent *event)
     }
     writeSettings();
     documents->cancelOpening();
-    writer->cancel();
     graphs->setEnding();
     mdiArea->closeAllSubWindows();
     ports->closeAll();

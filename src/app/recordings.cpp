@@ -31,6 +31,7 @@ DiskSyncer &Recordings::syncer() const
 std::unique_ptr<RecordingLog> Recordings::begin(const QString &portName)
 {
     m_begun.clear();
+    m_begunName = folder().fileName(QDateTime::currentDateTime(), portName, 1);
     if (!VarnelSettings().journalEnabled())
         return nullptr;
     std::unique_ptr<RecordingLog> log = m_keeper->create(portName);
@@ -40,6 +41,7 @@ std::unique_ptr<RecordingLog> Recordings::begin(const QString &portName)
 
 void Recordings::attach(const MdiGraphChild *child)
 {
+    m_names.insert(child, std::exchange(m_begunName, QString()));
     const QString fileName = std::exchange(m_begun, QString());
     if (!fileName.isEmpty())
         watch(child, fileName);
@@ -57,7 +59,8 @@ QString Recordings::fileOf(const MdiGraphChild *child) const
 
 QString Recordings::nameFor(const MdiGraphChild *child) const
 {
-    const QString name = QFileInfo(fileOf(child)).completeBaseName();
+    const QString fileName = fileOf(child);
+    const QString name = QFileInfo(fileName.isEmpty() ? m_names.value(child) : fileName).completeBaseName();
     return name.isEmpty() ? child->fileName() : name;
 }
 
@@ -78,6 +81,7 @@ bool Recordings::isBeingRecorded(const QString &fileName) const
 
 void Recordings::noteClosed(const MdiGraphChild *child, bool unsaved)
 {
+    m_names.remove(child);
     const QString fileName = m_files.take(child);
     if (!unsaved || fileName.isEmpty())
         return;

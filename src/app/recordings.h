@@ -34,8 +34,8 @@ public:
     void attachFile(const MdiGraphChild *child, const QString &fileName);
     /// The file that the records of `child` are kept in; empty when there is none.
     QString fileOf(const MdiGraphChild *child) const;
-    /// Names what is made of `child`: as the file that its records are kept in, without folder and ending,
-    /// else as its port.
+    /// Names what is made of `child`: as the file that its records are kept in, without folder and ending, as
+    /// its journal would be called, or as its port.
     QString nameFor(const MdiGraphChild *child) const;
     /// Everything that `child` has recorded is in its journal.
     bool keepsAll(const MdiGraphChild *child) const;
@@ -62,6 +62,8 @@ private:
 
     JournalKeeper *m_keeper; // child
     QString m_begun; // file of the recording begun last, until its window is there
+    QString m_begunName; // of it, journal or not
+    QHash<const QObject *, QString> m_names; // of live recordings, by window
     QHash<const QObject *, QString> m_files; // by window; keys are compared, never followed
     QStringList m_closed; // newest last
 };

@@ -8,7 +8,6 @@ target_sources(varnel_gui PRIVATE
     app/dialogsontop.cpp app/dialogsontop.h
     app/displaywindows.cpp app/displaywindows.h
     app/documents.cpp app/documents.h
-    app/exportdialog.cpp app/exportdialog.h
     app/figures.cpp app/figures.h
     app/filedrops.cpp app/filedrops.h
     app/filequeue.cpp app/filequeue.h
@@ -28,6 +27,8 @@ target_sources(varnel_gui PRIVATE
     app/portretries.cpp app/portretries.h
     app/progressstrip.cpp app/progressstrip.h
     app/recordings.cpp app/recordings.h
+    app/savedialog.cpp app/savedialog.h
+    app/sessionend.cpp app/sessionend.h
     app/settingsnotice.cpp app/settingsnotice.h
     app/shellmenus.cpp app/shellmenus.h
     app/shellreaderhost.cpp app/shellreaderhost.h

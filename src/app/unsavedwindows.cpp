@@ -1,6 +1,7 @@
 #include "app/unsavedwindows.h"
 
 #include "app/documents.h"
+#include "app/filewriter.h"
 #include "app/graphwindows.h"
 #include "app/recordings.h"
 #include "graph/mdigraphchild.h"
@@ -8,10 +9,9 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QMessageBox>
-#include <QPointer>
-#include <QVector>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -37,25 +37,27 @@ bool isSameFile(const QString &one, const QString &other)
 
 } // namespace
 
-struct UnsavedWindows::Pending {
-    QPointer<MdiGraphChild> child;
-    QString fileName; ///< to save as; empty: not to be saved
-};
-
 UnsavedWindows::UnsavedWindows(
-    QWidget *shell, GraphWindows *graphs, Documents *documents, Recordings *recordings)
+    QWidget *shell, GraphWindows *graphs, Documents *documents, Recordings *recordings, FileWriter *writer)
     : QObject(shell)
     , m_shell(shell)
     , m_graphs(graphs)
     , m_documents(documents)
     , m_recordings(recordings)
+    , m_writer(writer)
 {
+    connect(m_writer, SIGNAL(finished(bool)), this, SLOT(onWritten(bool)));
     connect(this, SIGNAL(message(QString,int)), m_shell, SLOT(showMessageStatusBar(QString,int)));
 }
 
 bool UnsavedWindows::mayClose(MdiGraphChild *child)
 {
-    if (isInDanger(child) && !settle({child}))
+    if (m_writer->isBusy()) {
+        if (!m_waiting.contains(child))
+            m_waiting.append(child);
+        return false;
+    }
+    if (!m_settled && isInDanger(child) && !settle({child}, child->parentWidget()))
         return false;
     const bool reopenable
         = child->hasUnsavedData() && m_recordings->keepsAll(child) && child->store().size() >= leastRecords;
@@ -70,13 +72,20 @@ bool UnsavedWindows::mayClose(MdiGraphChild *child)
 
 bool UnsavedWindows::mayCloseAll()
 {
+    m_shellWaits = m_writer->isBusy();
+    if (m_shellWaits) {
+        emit message(tr("The program closes when the file is written. Cancel gives the file up."), 0);
+        return false;
+    }
+    if (m_settled)
+        return true;
     QList<MdiGraphChild *> endangered;
     const QList<MdiGraphChild *> children = m_graphs->all();
     for (MdiGraphChild *child : children) {
         if (isInDanger(child))
             endangered.append(child);
     }
-    return settle(endangered);
+    return settle(endangered, m_shell);
 }
 
 // Fewer records than make a file go with their window, as they do with their journal.
@@ -86,7 +95,7 @@ bool UnsavedWindows::isInDanger(const MdiGraphChild *child) const
 }
 
 // All is asked before anything is saved: lines go on arriving in the window that was asked about first.
-bool UnsavedWindows::settle(const QList<MdiGraphChild *> &children)
+bool UnsavedWindows::settle(const QList<MdiGraphChild *> &children, QWidget *closing)
 {
     QVector<Pending> all;
     for (MdiGraphChild *child : children)
@@ -96,27 +105,68 @@ bool UnsavedWindows::settle(const QList<MdiGraphChild *> &children)
         if (answer == Cancel || (answer == Save && !askName(&one, all)))
             return false;
     }
-    for (const Pending &one : qAsConst(all)) {
-        if (!one.child || (!one.fileName.isEmpty() && !save(one)))
-            return false;
-    }
-    return true;
+    all.erase(
+        std::remove_if(all.begin(), all.end(), [](const Pending &one) { return one.fileName.isEmpty(); }),
+        all.end());
+    if (all.isEmpty())
+        return true;
+    m_saves = all;
+    m_closing = closing;
+    saveNext();
+    return false;
+}
+
+void UnsavedWindows::saveNext()
+{
+    if (m_saves.isEmpty())
+        closeSettled();
+    else if (m_saves.first().child)
+        m_documents->save(
+            m_saves.first().child, m_saves.first().fileName, [this](bool saved) { onSaved(saved); });
+    else
+        onSaved(true);
 }
 
 // Lines go on arriving while a long file is written, too.
-bool UnsavedWindows::save(const Pending &one)
+void UnsavedWindows::onSaved(bool saved)
 {
-    bool saved = m_documents->save(one.child, one.fileName);
-    for (int tries = 1; saved && tries < mostTries && one.child && isInDanger(one.child); ++tries)
-        saved = m_documents->save(one.child, one.fileName);
-    return saved;
+    if (!saved) {
+        m_saves.clear();
+        m_closing.clear();
+        return;
+    }
+    Pending &one = m_saves.first();
+    const bool again = one.child && isInDanger(one.child) && ++one.tries < mostTries;
+    if (!again)
+        m_saves.removeFirst();
+    saveNext();
+}
+
+void UnsavedWindows::closeSettled()
+{
+    m_settled = true;
+    if (m_closing)
+        m_closing->close();
+    m_closing.clear();
+    m_settled = false;
+}
+
+// What failed is told in a box, which is not to go with the program.
+void UnsavedWindows::onWritten(bool good)
+{
+    const QVector<QPointer<MdiGraphChild>> waiting = std::exchange(m_waiting, {});
+    for (const QPointer<MdiGraphChild> &child : waiting)
+        if (child)
+            child->parentWidget()->close();
+    if (std::exchange(m_shellWaits, false) && good)
+        m_shell->close();
 }
 
 // The first of two recordings under one name would be lost, and not asked about: its file is not there yet.
 bool UnsavedWindows::askName(Pending *one, const QVector<Pending> &all)
 {
     for (;;) {
-        const QString name = m_documents->askSaveName();
+        const QString name = m_documents->askSaveName(one->child);
         const bool taken = std::any_of(all.begin(), all.end(),
             [&name](const Pending &other) { return isSameFile(other.fileName, name); });
         if (!taken || name.isEmpty()) {

@@ -25,8 +25,9 @@ QString finalTarget(const QString &fileName)
 
 } // namespace
 
-WholeFile::WholeFile(const QString &fileName)
+WholeFile::WholeFile(const QString &fileName, Kind allowed)
     : m_target(finalTarget(fileName))
+    , m_allowed(allowed)
 {
 }
 
@@ -44,6 +45,10 @@ bool WholeFile::open()
         m_replacement = replacement.get();
         m_device = std::move(replacement);
         return m_device->open(openMode);
+    }
+    if (m_allowed == Kind::Regular) {
+        m_reason = QCoreApplication::translate("WriteOutcome", "not a regular file");
+        return false;
     }
     auto special = std::make_unique<QFile>();
     const int descriptor = openSpecialFile(m_target);
@@ -73,7 +78,7 @@ QString WholeFile::folder() const
 
 WriteOutcome writeWholeFile(const QString &fileName, FilePieces &pieces)
 {
-    WholeFile file(fileName);
+    WholeFile file(fileName, WholeFile::Kind::Any);
     if (!file.open() || !pieces.writeAll(file.device()))
         return {false, false, file.reason()};
     if (!file.device().flush() || !syncToDisk(file.device().handle()))

@@ -17,10 +17,12 @@ struct WriteOutcome {
 
 /// A file on its way to new content. A regular file is replaced as a whole by commit(), its
 /// mode kept and links to it followed; without that it stays as it was. Anything else (a
-/// device, a pipe) is written in place.
+/// device, a pipe) may make its writer wait for ever; where it is allowed it is written in place.
 class WholeFile {
 public:
-    explicit WholeFile(const QString &fileName);
+    enum class Kind { Regular, Any };
+
+    WholeFile(const QString &fileName, Kind allowed);
     ~WholeFile();
     WholeFile(const WholeFile &) = delete;
     WholeFile &operator=(const WholeFile &) = delete;
@@ -36,10 +38,11 @@ public:
 
 private:
     QString m_target;
+    Kind m_allowed;
     std::unique_ptr<QFileDevice> m_device;
     QSaveFile *m_replacement = nullptr; // the device, where a file is replaced
     QString m_reason;
 };
 
-/// Writes `pieces` as `fileName`, waiting for the disk.
+/// Writes `pieces` as `fileName`, be it a device or a pipe, waiting for the disk or whoever reads.
 WriteOutcome writeWholeFile(const QString &fileName, FilePieces &pieces);

@@ -1,5 +1,7 @@
+#include "app/sessionend.h"
 #include "displays/datadisplay.h"
 #include "graph/mdigraphchild.h"
+#include "support/columns.h"
 #include "support/files.h"
 #include "support/limits.h"
 #include "support/lines.h"
@@ -11,6 +13,7 @@
 #include <QPushButton>
 #include <QUrl>
 
+#include <cerrno>
 #include <functional>
 
 Q_DECLARE_METATYPE(std::function<void(MainWindow *)>)
@@ -30,8 +33,12 @@ private slots:
     void cancelledDialog();
     void failuresAreListed();
     void saveAndReopen();
+    void failedSaveKeepsMarks_data();
     void failedSaveKeepsMarks();
     void cancelledSaveLeavesNothing();
+    void savesUnderABox();
+    void closingWaitsForTheSave_data();
+    void closingWaitsForTheSave();
     void longFiles();
     void memoryRunsOut_data();
     void memoryRunsOut();
@@ -78,6 +85,16 @@ void TestDocuments::openFromDialog()
     QCOMPARE(message(), QStringLiteral("Data loaded from disk."));
     QCOMPARE(VarnelSettings().value(QStringLiteral("global/lastDir")).toString(), path);
     QVERIFY(window->actionSet()[ActionId::Data]->isEnabled());
+
+    const QString older = fixture->path(QStringLiteral("older.abp"));
+    QVERIFY(::writeFile(older, "6\nt\n1\n4000 10\n4000 10\n"));
+    window->openFiles({older});
+    QTRY_COMPARE(window->mdiChildren().size(), 2);
+    whenModal<QFileDialog>(window.get(), [&](QFileDialog *dialog) {
+        QCOMPARE(dialog->selectedFiles().value(0), fixture->path(QStringLiteral("older.acp")));
+        dialog->reject();
+    });
+    trigger(ActionId::SaveAs);
 }
 
 void TestDocuments::cancelledDialog()
@@ -128,7 +145,7 @@ void TestDocuments::saveAndReopen()
         enterName(dialog, path);
     });
     trigger(ActionId::SaveAs);
-    QVERIFY(!child->hasUnsavedData());
+    QTRY_VERIFY(!child->hasUnsavedData());
     QCOMPARE(message(), QStringLiteral("Data saved on disk."));
     QVERIFY(box("unreadableRecords"));
     QTRY_COMPARE(message(), QDir::toNativeSeparators(path) + QStringLiteral(" written."));
@@ -138,19 +155,35 @@ void TestDocuments::saveAndReopen()
     QCOMPARE(window->activeMdiChild()->store().size(), 4);
 }
 
+void TestDocuments::failedSaveKeepsMarks_data()
+{
+    columns<QString, QString>({"name", "reason"});
+    QTest::newRow("what may stall") << QStringLiteral("link.acp") << QStringLiteral("not a regular file");
+    QTest::newRow("full disk") << QStringLiteral("full.acp") << qt_error_string(EFBIG);
+}
+
 void TestDocuments::failedSaveKeepsMarks()
 {
+    QFETCH(QString, name);
+    const QString path = fixture->path(name);
+    QVERIFY(QFile::link(QStringLiteral("/dev/full"), fixture->path(QStringLiteral("link.acp"))));
     MdiGraphChild *child = window->createMdiChild();
-    child->addRecord(Lines::record(1));
+    for (int i = 0; i < 100; ++i)
+        child->addRecord(Lines::record(i));
     const QString title = child->windowTitle();
-    whenModal<QFileDialog>(window.get(), [](QFileDialog *dialog) {
-        // The device exists: overwriting it is asked about.
-        whenModal<QMessageBox>(
-            dialog, [](QMessageBox *question) { question->button(QMessageBox::Yes)->click(); });
-        enterName(dialog, QStringLiteral("/dev/full"));
+    whenModal<QFileDialog>(window.get(), [&path](QFileDialog *dialog) {
+        if (QFile::exists(path)) { // overwriting is asked about
+            whenModal<QMessageBox>(
+                dialog, [](QMessageBox *question) { question->button(QMessageBox::Yes)->click(); });
+        }
+        enterName(dialog, path);
     });
+    const FileSizeLimit limit(8000);
     trigger(ActionId::SaveAs);
-    QCOMPARE(message(), QStringLiteral("Can not save file /dev/full"));
+    QTRY_VERIFY(box("saveFailed"));
+    QFETCH(QString, reason);
+    QVERIFY2(box("saveFailed")->text().endsWith(reason), qPrintable(box("saveFailed")->text()));
+    QCOMPARE(message(), QStringLiteral("Can not save file ") + path);
     QVERIFY(child->hasUnsavedData());
     QCOMPARE(child->windowTitle(), title);
 }
@@ -174,11 +207,71 @@ void TestDocuments::cancelledSaveLeavesNothing()
         enterName(dialog, old);
     });
     trigger(ActionId::SaveAs);
+    QTRY_COMPARE(message(), QStringLiteral("Saving was cancelled."));
     escapes.stop();
-    QCOMPARE(window->statusBar()->currentMessage(), QStringLiteral("Saving was cancelled."));
     const QFileInfoList left = QFileInfo(old).dir().entryInfoList(QDir::Files | QDir::Hidden);
     QCOMPARE(left.size(), 1);
     QCOMPARE(left.first().size(), qint64(3) * Lines::charger(0).size());
+}
+
+/// A box that opens while a file is written does not hold it up.
+void TestDocuments::savesUnderABox()
+{
+    window->openFiles({writeFile(QStringLiteral("long.acp"), 100000)});
+    QTRY_COMPARE(window->mdiChildren().size(), 1);
+    const QString path = fixture->path(QStringLiteral("saved.acp"));
+    bool written = false;
+    const auto showBox = [&] {
+        QMessageBox notice(window.get());
+        QTimer look;
+        connect(&look, &QTimer::timeout, &notice, [&] {
+            written = QFile::exists(path);
+            if (written)
+                notice.accept();
+        });
+        look.start(5);
+        QTimer::singleShot(30000, &notice, &QDialog::reject);
+        notice.exec();
+    };
+    whenModal<QFileDialog>(window.get(), [&](QFileDialog *dialog) {
+        QTimer::singleShot(0, window.get(), showBox);
+        enterName(dialog, path);
+    });
+    trigger(ActionId::SaveAs);
+    QTRY_VERIFY_WITH_TIMEOUT(written, 40000);
+}
+
+void TestDocuments::closingWaitsForTheSave_data()
+{
+    QTest::addColumn<QString>("course");
+    for (const char *course : {"written", "given up", "failed", "session ends"})
+        QTest::newRow(course) << QString::fromLatin1(course);
+}
+
+void TestDocuments::closingWaitsForTheSave()
+{
+    QFETCH(QString, course);
+    const bool fails = course == QLatin1String("failed");
+    const bool givenUp = course == QLatin1String("given up");
+    window->openFiles({writeFile(QStringLiteral("one.acp"), 20)});
+    QTRY_COMPARE(window->mdiChildren().size(), 1);
+    const QString path
+        = fixture->path(fails ? QStringLiteral("none/saved.acp") : QStringLiteral("saved.acp"));
+    whenModal<QFileDialog>(window.get(), [&path](QFileDialog *dialog) { enterName(dialog, path); });
+    trigger(ActionId::SaveAs);
+    window->mdiChildren().first()->parentWidget()->close(); // neither does a graph window
+    QCOMPARE(window->mdiChildren().size(), 1);
+    if (course == QLatin1String("session ends"))
+        QVERIFY(window->findChild<SessionEnd *>()->closeShell());
+    else
+        QVERIFY(!window->close());
+    if (givenUp)
+        QTest::keyClick(window.get(), Qt::Key_Escape);
+    if (fails)
+        QTRY_VERIFY(box("saveFailed"));
+    QTRY_COMPARE(window->isVisible(), fails);
+    QVERIFY(window->mdiChildren().isEmpty());
+    QCOMPARE(loaded(path).size(), fails || givenUp ? 0 : 20);
 }
 
 void TestDocuments::longFiles()

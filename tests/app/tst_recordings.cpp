@@ -34,6 +34,8 @@ private slots:
     void asksWhileNotWritten();
     void runningJournalIsNotOverwritten();
     void unreadableRecordsStayInTheJournal();
+    void saveIsPresetByTheRecording_data();
+    void saveIsPresetByTheRecording();
     void exports_data();
     void exports();
     void pictureIsTheScreens();
@@ -229,7 +231,7 @@ void TestRecordings::asksWithoutJournal()
     });
     closeWindow(window->activeMdiChild());
     QCOMPARE(questions, 1);
-    QCOMPARE(window->mdiChildren().isEmpty(), closes);
+    QTRY_COMPARE(window->mdiChildren().isEmpty(), closes);
     QCOMPARE(loaded(saved).size(), button == QMessageBox::Save ? 10 : 0);
     if (!closes)
         send(11, 5); // as if nothing had happened
@@ -288,11 +290,50 @@ void TestRecordings::unreadableRecordsStayInTheJournal()
     const QString saved = fixture->path(QStringLiteral("saved.acp"));
     whenModal<QFileDialog>(window.get(), [&](QFileDialog *dialog) { enterName(dialog, saved); });
     trigger(ActionId::SaveAs);
-    QVERIFY(box("unreadableRecords"));
+    QTRY_VERIFY(box("unreadableRecords"));
     const QString text = box("unreadableRecords")->text();
     QVERIFY2(text.startsWith(QLatin1Char('1')) && text.contains(journal), qPrintable(text));
     QCOMPARE(loaded(saved).size(), 5);
     QCOMPARE(loaded(journal).size(), 6);
+}
+
+void TestRecordings::saveIsPresetByTheRecording_data()
+{
+    QTest::addColumn<bool>("journal");
+    QTest::newRow("as its journal") << true;
+    QTest::newRow("as its journal would be") << false;
+}
+
+void TestRecordings::saveIsPresetByTheRecording()
+{
+    QFETCH(bool, journal);
+    VarnelSettings().setValue(QStringLiteral("journal/enabled"), journal);
+    VarnelSettings().setValue(QStringLiteral("global/lastDir"), fixture->path(QStringLiteral("last.acp")));
+    start();
+    send(1, 5);
+    const QString saved = fixture->path(QStringLiteral("run.acp"));
+    QVERIFY(writeFile(saved, "old"));
+    whenModal<QFileDialog>(window.get(), [&](QFileDialog *dialog) {
+        const QFileInfo preset(dialog->selectedFiles().value(0));
+        QCOMPARE(preset.dir(), QFileInfo(saved).dir());
+        QVERIFY(preset.fileName().startsWith(QLatin1String("20")));
+        QVERIFY(preset.fileName().endsWith(QLatin1String("_COM3.acp")));
+        QVERIFY(!journal || preset.fileName() == QFileInfo(journals().value(0)).fileName());
+        bool refused = false;
+        whenModal<QMessageBox>(dialog, [&](QMessageBox *warning) {
+            refused = warning->text().contains(QLatin1String(".abp"));
+            warning->accept();
+        });
+        enterName(dialog, fixture->path(QStringLiteral("run.ABP")));
+        QVERIFY(refused && dialog->isVisible());
+        whenModal<QMessageBox>(dialog, [](QMessageBox *question) {
+            QVERIFY(question->text().contains(QLatin1String("run.acp")));
+            question->button(QMessageBox::Yes)->click();
+        });
+        enterName(dialog, fixture->path(QStringLiteral("run")));
+    });
+    trigger(ActionId::SaveAs);
+    QTRY_COMPARE(loaded(saved).size(), 5);
 }
 
 void TestRecordings::exports_data()
@@ -329,14 +370,15 @@ void TestRecordings::exports()
         enterName(dialog, fixture->path(name));
     });
     tool(action.toLatin1().constData())->trigger();
-    QCOMPARE(box("exportFailed") != nullptr, written.isEmpty());
     if (written.isEmpty()) {
+        QTRY_VERIFY(box("exportFailed"));
         QVERIFY(!QFile::exists(fixture->path(name)));
         return;
     }
+    QTRY_VERIFY(message().contains(written));
+    QVERIFY(!box("exportFailed"));
     const QByteArray bytes = contents(fixture->path(written));
     QVERIFY2(bytes.startsWith(beginning), bytes.left(20).constData());
-    QVERIFY(message().contains(written));
     QCOMPARE(VarnelSettings().value(QStringLiteral("export/lastDir")).toString(),
         QFileInfo(fixture->path(written)).path());
     if (name.endsWith(QLatin1String(".csv"))) {
@@ -363,6 +405,7 @@ void TestRecordings::pictureIsTheScreens()
     const QString name = fixture->path(QStringLiteral("run.png"));
     whenModal<QFileDialog>(window.get(), [&](QFileDialog *dialog) { enterName(dialog, name); });
     tool("savePictureAction")->trigger();
+    QTRY_VERIFY(QFile::exists(name));
     const QImage screen = child->grab().toImage().convertToFormat(QImage::Format_RGB32);
     QVERIFY(screen != whole.convertToFormat(QImage::Format_RGB32)); // the zoom shows
     const QImage picture = QImage(name).convertToFormat(QImage::Format_RGB32);

@@ -1,3 +1,4 @@
+#include "displays/datadisplay.h"
 #include "files/journalfolder.h"
 #include "graph/mdigraphchild.h"
 #include "support/columns.h"
@@ -117,13 +118,16 @@ void TestUnsavedWindows::programEndsWithTwoRecordings()
     if (second == QMessageBox::Save)
         answers.append(saveAs("second.acp"));
     answer(answers);
-    QCOMPARE(window->close(), closes);
+    trigger(ActionId::Data);
+    trigger(ActionId::Exit);
+    QTRY_COMPARE(window->isVisible(), !closes);
     QCOMPARE(linesIn("first.acp"), closes ? 20 : 0);
     QCOMPARE(linesIn("second.acp"), second == QMessageBox::Save ? 5 : 0);
     if (closes)
         return;
     QCOMPARE(window->mdiChildren().size(), 2);
     QVERIFY(window->mdiChildren().first()->hasUnsavedData()); // nothing was done
+    QVERIFY(window->findChild<DataDisplay *>()->isVisible());
     send(0, 21, 1);
 }
 
@@ -132,7 +136,8 @@ void TestUnsavedWindows::twoRecordingsNeedTwoNames()
     startRecording();
     answer({press(QMessageBox::Save), saveAs("first.acp"), press(QMessageBox::Save), saveAs("first.acp"),
         [](QDialog *warning) { warning->reject(); }, saveAs("second.acp")});
-    QVERIFY(window->close());
+    window->close();
+    QTRY_VERIFY(!window->isVisible());
     QCOMPARE(linesIn("first.acp"), 10);
     QCOMPARE(linesIn("second.acp"), 5);
 }

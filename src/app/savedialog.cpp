@@ -1,6 +1,7 @@
-#include "app/exportdialog.h"
+#include "app/savedialog.h"
 
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QRegularExpression>
 
 namespace {
@@ -12,7 +13,7 @@ QString endingOf(const QString &filter)
 
 } // namespace
 
-ExportDialog::ExportDialog(QWidget *parent, const QString &title, const QStringList &filters)
+SaveDialog::SaveDialog(QWidget *parent, const QString &title, const QStringList &filters)
     : QFileDialog(parent, title)
     , m_ending(endingOf(filters.first()))
 {
@@ -23,21 +24,33 @@ ExportDialog::ExportDialog(QWidget *parent, const QString &title, const QStringL
     connect(this, SIGNAL(filterSelected(QString)), this, SLOT(changeEnding(QString)));
 }
 
-void ExportDialog::suggest(const QString &name)
+void SaveDialog::suggest(const QString &name)
 {
     selectFile(name.isEmpty() ? name : name + m_ending);
 }
 
+void SaveDialog::refuse(const QStringList &endings, const QString &reason)
+{
+    m_refused = endings;
+    m_reason = reason;
+}
+
 // Before the dialog looks whether there is such a file.
-void ExportDialog::accept()
+void SaveDialog::accept()
 {
     const QString name = nameEdit()->text();
     if (!name.isEmpty() && !QFileInfo(name).isDir() && !hasEnding(name))
         nameEdit()->setText(name + m_ending);
+    for (const QString &ending : qAsConst(m_refused)) {
+        if (name.endsWith(ending, Qt::CaseInsensitive)) {
+            QMessageBox::warning(this, windowTitle(), m_reason);
+            return;
+        }
+    }
     QFileDialog::accept();
 }
 
-void ExportDialog::changeEnding(const QString &filter)
+void SaveDialog::changeEnding(const QString &filter)
 {
     const QString name = nameEdit()->text();
     const bool had = name.endsWith(m_ending, Qt::CaseInsensitive);
@@ -47,13 +60,13 @@ void ExportDialog::changeEnding(const QString &filter)
         nameEdit()->setText(stem + m_ending);
 }
 
-QLineEdit *ExportDialog::nameEdit() const
+QLineEdit *SaveDialog::nameEdit() const
 {
     return findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
 }
 
 // What stands behind a dot may be part of a name: "Pack 1.5Ah", "after 12.06.".
-bool ExportDialog::hasEnding(const QString &name) const
+bool SaveDialog::hasEnding(const QString &name) const
 {
     static const QRegularExpression ending(QStringLiteral("\\.[a-zA-Z][a-zA-Z0-9]{1,3}$"));
     return name.endsWith(m_ending, Qt::CaseInsensitive) || ending.match(name).hasMatch();
