@@ -5,6 +5,7 @@
 #include "app/filewriter.h"
 #include "app/graphwindows.h"
 #include "app/recordings.h"
+#include "app/recordingsmodel.h"
 #include "app/savedialog.h"
 #include "app/warningbox.h"
 #include "files/datafilewriter.h"
@@ -27,8 +28,9 @@ constexpr int messageTime = 5000; // ms
 constexpr int savedTime = 1000; // ms
 constexpr int labelsKept = 10000; // a large folder scrolls without reading a file twice
 constexpr QSize dialogSize(780, 480); // room for names, labels and dates
-constexpr int typeColumn = 2; // of a file dialog's details; the same for every recording
+constexpr int sizeColumn = 1; // of a file dialog's details
 constexpr int dateColumn = 3;
+constexpr int columnMargin = 16; // px, of a text in its column
 constexpr int failuresShown = 12; // the rest are under the box's details
 
 QString lastFolderKey()
@@ -46,7 +48,7 @@ QString lastFolder()
 
 QString recordingsStateKey()
 {
-    return QStringLiteral("recordings/dialogState");
+    return QStringLiteral("recordings/dialog");
 }
 
 QTreeView *detailsOf(const QFileDialog &dialog)
@@ -54,16 +56,25 @@ QTreeView *detailsOf(const QFileDialog &dialog)
     return dialog.findChild<QTreeView *>(QStringLiteral("treeView"));
 }
 
-/// The newest first, with room for names and labels.
+/// The newest first, with room for what the columns hold, whatever the font.
 void arrangeRecordings(QFileDialog &dialog)
 {
     dialog.setViewMode(QFileDialog::Detail);
     QTreeView *const tree = detailsOf(dialog);
+    QHeaderView *const header = tree->header();
     tree->sortByColumn(0, Qt::DescendingOrder); // the names begin with date and time
-    tree->header()->setStretchLastSection(false);
-    tree->header()->setSectionResizeMode(0, QHeaderView::Stretch);
-    tree->header()->setSectionResizeMode(dateColumn, QHeaderView::ResizeToContents);
-    tree->setColumnHidden(typeColumn, true);
+    header->setStretchLastSection(false);
+    header->setSectionResizeMode(0, QHeaderView::Stretch);
+    header->setSectionResizeMode(dateColumn, QHeaderView::ResizeToContents);
+    const auto widthOf = [tree](const char *text) {
+        return tree->fontMetrics().horizontalAdvance(QLatin1String(text)) + columnMargin;
+    };
+    header->resizeSection(sizeColumn, widthOf("1,023.99 MiB"));
+    header->resizeSection(RecordingsModel::lengthColumn, widthOf("Length 000"));
+    // The length of a name tells what the window needs: sizes to contents would read every file for its label.
+    dialog.resize(widthOf("2026-11-21_06-40-50_COM12_2.acp [Cha 16xLiPo]   1,023.99 MiB  Length 000"
+                          "  22 September 2026 01:09:12  Computer Computer"),
+        dialogSize.height());
 }
 
 void keepLastFolder(const QString &path)
@@ -96,6 +107,7 @@ void Documents::openDialog()
 {
     QFileDialog dialog(
         shell, tr("Chose varnel data file names"), lastFolder(), tr("Varnel files (*.acp *.abp)"));
+    dialog.resize(dialogSize);
     const QStringList files = openFrom(dialog);
     if (!files.isEmpty())
         keepLastFolder(files.first());
@@ -107,6 +119,8 @@ void Documents::openRecordings()
     QDir().mkpath(folder); // nothing may have been recorded yet
     QFileDialog dialog(shell, tr("Open recordings"), folder, tr("Recordings (*.acp)"));
     dialog.setOption(QFileDialog::DontUseNativeDialog); // only then there are views
+    dialog.resize(dialogSize);
+    dialog.setProxyModel(new RecordingsModel(&dialog));
     const QByteArray usualHeader = detailsOf(dialog)->header()->saveState();
     const QFileDialog::ViewMode usualMode = dialog.viewMode();
     if (!dialog.restoreState(VarnelSettings().value(recordingsStateKey()).toByteArray()))
@@ -139,7 +153,6 @@ QStringList Documents::openFrom(QFileDialog &dialog)
     labels.clear();
     displays->hideAll();
     displaysHidden = true;
-    dialog.resize(dialogSize);
     dialog.setFileMode(QFileDialog::ExistingFiles);
     dialog.setOption(QFileDialog::DontUseNativeDialog); // a native one would show no labels
     auto *delegate = new VarelStyledItemDelegate(&labels, &dialog);

@@ -27,6 +27,7 @@ target_sources(varnel_gui PRIVATE
     app/portretries.cpp app/portretries.h
     app/progressstrip.cpp app/progressstrip.h
     app/recordings.cpp app/recordings.h
+    app/recordingsmodel.cpp app/recordingsmodel.h
     app/savedialog.cpp app/savedialog.h
     app/sessionend.cpp app/sessionend.h
     app/settingsnotice.cpp app/settingsnotice.h

@@ -16,6 +16,7 @@ target_sources(varnel_core PRIVATE
     files/balancercolumns.cpp files/balancercolumns.h
     files/datafileloader.cpp files/datafileloader.h
     files/datafilewriter.cpp files/datafilewriter.h
+    files/recordinglength.cpp files/recordinglength.h
     files/recordlabel.cpp files/recordlabel.h
     files/journalfile.h
     files/disksyncer.cpp files/disksyncer.h

@@ -168,6 +168,7 @@ void TestRecordings::reopensNewestFirst()
 void TestRecordings::dialogListsNewestFirst()
 {
     const QString older = oldJournal(2, 0);
+    QVERIFY(!oldJournal(3, 265000).isEmpty());
     start();
     send(1, 3);
     const QString newest = journals().constFirst();
@@ -176,11 +177,15 @@ void TestRecordings::dialogListsNewestFirst()
         const auto *tree = dialog->findChild<QTreeView *>(QStringLiteral("treeView"));
         QVERIFY(tree && tree->isVisible());
         const auto shown = [tree](int row) { return tree->model()->index(row, 0, tree->rootIndex()); };
-        QTRY_COMPARE(tree->model()->rowCount(tree->rootIndex()), 1); // the empty one was tidied away
-        QCOMPARE(shown(0).data().toString(), QFileInfo(newest).fileName());
+        QTRY_COMPARE(tree->model()->rowCount(tree->rootIndex()), 2); // the empty one was tidied away
+        QTRY_COMPARE(shown(0).data().toString(), QFileInfo(newest).fileName()); // the model sorts later
         const QString text = static_cast<QStyledItemDelegate *>(tree->itemDelegate())
                                  ->displayText(shown(0).data(), QLocale());
         QVERIFY2(text.endsWith(QStringLiteral("acp [Cha 6xLiPo]")), qPrintable(text));
+        QCOMPARE(shown(0).sibling(0, 2).data().toString(), QStringLiteral("0:00"));
+        QCOMPARE(tree->model()->headerData(2, Qt::Horizontal).toString(), QStringLiteral("Length"));
+        for (int column = 0; column < 4; ++column)
+            QVERIFY(tree->columnWidth(column) >= tree->sizeHintForIndex(shown(1).sibling(1, column)).width());
         QCOMPARE(tree->header()->sortIndicatorOrder(), Qt::DescendingOrder);
         enterName(dialog, newest);
     });

@@ -1,3 +1,4 @@
+#include "files/recordinglength.h"
 #include "files/recordlabel.h"
 #include "files/varelstyleditemdelegate.h"
 #include "support/columns.h"
@@ -27,6 +28,8 @@ class TestRecordLabel : public QObject {
 private slots:
     void labels_data();
     void labels();
+    void lengths_data();
+    void lengths();
     void readsOnceAndFailsOnce();
     void neverWaitsForPipes();
     void delegate();
@@ -72,6 +75,29 @@ void TestRecordLabel::labels()
     QVERIFY(writeFile(folder.filePath(name), bytes));
     QCache<QString, QString> cache;
     QTEST(recordLabel(cache, folder.filePath(name)), "label");
+}
+
+void TestRecordLabel::lengths_data()
+{
+    columns<QByteArray, int>({"bytes", "seconds"});
+    const auto record
+        = [](int time) { return recordLine("#06C05_____0").replace("00123", QByteArray::number(time)); };
+    QTest::newRow("two records") << record(60) + record(4000) << 3940;
+    QTest::newRow("longer than what is read")
+        << record(60) + record(61).repeated(200) + record(400000) << 399940;
+    QTest::newRow("other lines, a cut end")
+        << "junk\n" + record(5) + record(9) + "!1,2\n" + record(99).left(30) << 4;
+    QTest::newRow("clock set back") << record(60) + record(4) << -1;
+    QTest::newRow("columns") << QByteArray("6\nc\n3\n0 1 1 1 1\n60 1 1 1 1\n") << -1;
+}
+
+void TestRecordLabel::lengths()
+{
+    QFETCH(QByteArray, bytes);
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("x.acp"));
+    QVERIFY(writeFile(path, bytes));
+    QTEST(recordingLength(path), "seconds");
 }
 
 void TestRecordLabel::readsOnceAndFailsOnce()
