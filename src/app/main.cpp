@@ -92,7 +92,7 @@ int runProgram(const QStringList &files)
     return leave(code);
 }
 
-/// Looked at before there is a graphical application object, which ends the program where there is no display.
+/// Looked at before there is a graphical application object: that ends the program where no display is.
 CommandLine lookAhead(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);

@@ -71,7 +71,8 @@ MainWindow::MainWindow()
     setWindowTitle(tr("Varnel Graph %1").arg(QCoreApplication::applicationVersion()));
 }
 
-// What is written reads from the graph windows. Then readers, then graph windows: each tells those that it talks to, which must still be there.
+// What is written reads from the graph windows. Then readers, then graph windows: each tells those that it
+// talks to, which must still be there.
 MainWindow::~MainWindow()
 {
     writer->cancel();
