@@ -1,6 +1,41 @@
 #include "ports/portinfo.h"
 
+#include "ports/portscan.h"
+
+#include <QDebug>
 #include <QStringList>
+
+namespace {
+
+struct Listing {
+    bool valid = false;
+    QByteArray fingerprint;
+    QVector<PortInfo> ports;
+};
+
+Listing &lastListing()
+{
+    static Listing listing;
+    return listing;
+}
+
+} // namespace
+
+QVector<PortInfo> listPorts()
+{
+    Listing &last = lastListing();
+    const QByteArray fingerprint = portFingerprint(); // before the list: what comes between is seen next time
+    if (!last.valid || fingerprint != last.fingerprint) {
+        qDebug() << "Asking the system for its ports";
+        last = {true, fingerprint, askForPorts()};
+    }
+    return last.ports;
+}
+
+void forgetListedPorts()
+{
+    lastListing().valid = false;
+}
 
 QStringList listPortNames()
 {

@@ -11,12 +11,16 @@ struct PortInfo {
 };
 
 /// Ports of the host now, in the system's order, linked ports after them in the order of their names. Takes
-/// milliseconds: ask rarely.
+/// milliseconds when a port has come or gone since the last call, and a fraction of one otherwise.
 QVector<PortInfo> listPorts();
+/// The next listPorts() asks the system whatever has changed: a driver may be late in telling of its port.
+void forgetListedPorts();
 /// Names of listPorts().
 QStringList listPortNames();
 /// The port called `name` now; its location is empty when there is none.
 PortInfo findPort(const QString &name);
+/// Folder in which a user may link a port under a name; empty where ports have the system's names only.
+QString portLinkFolder();
 /// Whether a port that can't be opened with "permission denied" is held back by missing access rights (rather
 /// than by another program); then `group` is the group to join, or empty where the system knows none.
 bool lacksAccess(const PortInfo &port, QString *group);

@@ -110,7 +110,7 @@ QVector<PortInfo> linkedPorts(const QVector<PortInfo> &systemPorts)
 
 } // namespace
 
-QVector<PortInfo> listPorts()
+QVector<PortInfo> askForPorts()
 {
     QVector<PortInfo> ports = systemPorts();
     const QVector<PortInfo> linked = linkedPorts(ports);
@@ -121,6 +121,11 @@ QVector<PortInfo> listPorts()
             ports.append(port);
     }
     return ports;
+}
+
+QString portLinkFolder()
+{
+    return QFile::decodeName(portFolder());
 }
 
 bool lacksAccess(const PortInfo &port, QString *group)

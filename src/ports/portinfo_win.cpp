@@ -6,13 +6,18 @@
 #include <QSettings>
 #include <QStringList>
 
-QVector<PortInfo> listPorts()
+QVector<PortInfo> askForPorts()
 {
     QVector<PortInfo> ports;
     const auto infos = QSerialPortInfo::availablePorts();
     for (const QSerialPortInfo &info : infos)
         ports.append({info.portName(), info.description(), info.systemLocation()});
     return ports;
+}
+
+QString portLinkFolder()
+{
+    return QString();
 }
 
 // Ports have no access rights of their own here: "access denied" always means another program.

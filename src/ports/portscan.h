@@ -1,11 +1,14 @@
 #pragma once
 
 #include <QByteArray>
+#include <QVector>
 
 struct PortInfo;
 
-/// What a PortWatcher asks of the system besides the list of ports.
+/// What the common part asks of the system.
 
+/// What listPorts() tells. Takes milliseconds and opens ports.
+QVector<PortInfo> askForPorts();
 /// A text that changes whenever a port may have come or gone. Costs well
 /// under a millisecond and opens no port.
 QByteArray portFingerprint();

@@ -39,6 +39,8 @@ void PortWatcher::look()
     const QByteArray fingerprint = portFingerprint();
     if (fingerprint == m_fingerprint && !m_changed)
         return;
+    if (m_changed)
+        forgetListedPorts();
     m_fingerprint = fingerprint;
     m_changed = false;
     QStringList order;
