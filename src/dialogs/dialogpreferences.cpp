@@ -12,7 +12,12 @@
 #include <QPushButton>
 #include <QScrollArea>
 
+#include <algorithm>
+
 namespace {
+
+constexpr int mostNamedPorts
+    = 6; // of those without a usable name: the rest would need more room than there is
 
 struct Button {
     const char *text;
@@ -34,14 +39,19 @@ const Button buttons[] = {
 
 #undef TO
 
-QHash<QString, QString> portDescriptions()
+QHash<QString, QString> portDescriptions(const QVector<PortInfo> &ports)
 {
     QHash<QString, QString> descriptions;
-    const QVector<PortInfo> ports = listPorts();
     for (const PortInfo &port : ports)
         descriptions.insert(port.name,
             plainToolTip(QStringList({port.description, port.location}).join(QLatin1Char('\n')).trimmed()));
     return descriptions;
+}
+
+// One that is plugged in, not part of the machine.
+bool isAdapter(const PortInfo &port)
+{
+    return port.name.contains(QLatin1String("USB")) || port.name.contains(QLatin1String("ACM"));
 }
 
 } // namespace
@@ -60,8 +70,28 @@ DialogPreferences::DialogPreferences(QWidget *parent)
 
     on_preferencesButtonRefresh_clicked();
     const VarnelSettings settings;
-    checkPorts(settings.ports());
+    portsBefore = settings.ports();
+    checkPorts(portsBefore);
     sendTimeBox->setChecked(settings.sendTime());
+}
+
+QString DialogPreferences::noPortText(const QVector<PortInfo> &present, const QString &linkFolder)
+{
+    if (present.isEmpty() || linkFolder.isEmpty())
+        return tr("No port is present. Plug a device in and press Refresh.");
+    QStringList names;
+    for (const PortInfo &port : present)
+        names.append(port.name);
+    if (names.size() > mostNamedPorts)
+        names = names.mid(0, mostNamedPorts) << QStringLiteral("...");
+    const auto adapter = std::find_if(present.begin(), present.end(), isAdapter);
+    const QString location = (adapter == present.end() ? present.first() : *adapter).location;
+    const QString commands = QStringLiteral("mkdir -p %1\nln -s %2 %1/COM1").arg(linkFolder, location);
+    return tr("Serial ports without a COM name: %1").arg(names.join(QStringLiteral(", ")))
+        + QStringLiteral("\n\n")
+        + tr("To be listened on a port needs a COM name. Until you log out it has one by:")
+        + QLatin1Char('\n') + commands + QStringLiteral("\n\n")
+        + tr("Then press Refresh. docs/ports.md tells how ports get their names for good.");
 }
 
 void DialogPreferences::createPortList()
@@ -75,11 +105,6 @@ void DialogPreferences::createPortList()
     rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     rows->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     area->setWidget(contents);
-
-    emptyNote = new QLabel(tr("No port is present. Plug a device in and press Refresh."), this);
-    emptyNote->setGeometry(area->geometry().adjusted(10, 10, -10, -10));
-    emptyNote->setAlignment(Qt::AlignCenter);
-    emptyNote->setWordWrap(true);
 }
 
 void DialogPreferences::createButtons()
@@ -101,7 +126,13 @@ void DialogPreferences::createButtons()
 void DialogPreferences::accept()
 {
     VarnelSettings settings;
-    settings.setPorts(checkedPorts());
+    QStringList ports = checkedPorts();
+    const QStringList storedNow = settings.ports();
+    for (const QString &port : storedNow) {
+        if (!portsBefore.contains(port) && !ports.contains(port))
+            ports.append(port);
+    }
+    settings.setPorts(ports);
     settings.setSendTime(sendTimeBox->isChecked());
     QDialog::accept();
 }
@@ -112,11 +143,14 @@ void DialogPreferences::on_preferencesButtonRefresh_clicked()
     boxes.clear();
     while (rows->rowCount() > 0)
         rows->removeRow(0);
-    const QHash<QString, QString> descriptions = portDescriptions();
+    forgetListedPorts();
+    const QVector<PortInfo> present = listPorts();
+    const QHash<QString, QString> descriptions = portDescriptions(present);
     const QStringList names = SerialReader::availablePorts();
     for (const QString &name : names)
         addRow(name, descriptions.value(name));
-    emptyNote->setVisible(names.isEmpty());
+    if (names.isEmpty())
+        addNote(noPortText(present, portLinkFolder()));
     checkPorts(keep);
 }
 
@@ -139,6 +173,16 @@ void DialogPreferences::addRow(const QString &portName, const QString &toolTip)
     rows->addRow(label, box);
     setTabOrder(boxes.isEmpty() ? static_cast<QWidget *>(area) : boxes.last(), box);
     boxes.append(box);
+}
+
+void DialogPreferences::addNote(const QString &text)
+{
+    auto *note = new QLabel;
+    note->setTextFormat(Qt::PlainText);
+    note->setText(text);
+    note->setWordWrap(true);
+    note->setTextInteractionFlags(Qt::TextSelectableByMouse); // for the commands in it
+    rows->addRow(note);
 }
 
 QStringList DialogPreferences::checkedPorts() const

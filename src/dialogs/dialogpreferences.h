@@ -1,13 +1,14 @@
 #pragma once
 
 #include <QDialog>
+#include <QStringList>
 #include <QVector>
 
 class CheckBoxComPort;
 class QCheckBox;
 class QFormLayout;
-class QLabel;
 class QScrollArea;
+struct PortInfo;
 
 /// Which ports to listen on, and whether to set a device's clock when it starts sending. Stores on OK only.
 class DialogPreferences : public QDialog {
@@ -16,8 +17,13 @@ class DialogPreferences : public QDialog {
 public:
     explicit DialogPreferences(QWidget *parent);
 
+    /// What stands in for the list of ports where none of `present` has a name to listen on: which ports are
+    /// there, and how they get one by a link in `linkFolder`, which is empty where there are no such links.
+    static QString noPortText(const QVector<PortInfo> &present, const QString &linkFolder);
+
 public slots:
-    /// Stores what is ticked; a port that is absent now is forgotten.
+    /// Stores what is ticked, and what was put into the preferences elsewhere since the dialog opened; a port
+    /// that is absent now is forgotten.
     void accept() override;
 
 private slots:
@@ -28,12 +34,13 @@ private:
     void createPortList();
     void createButtons();
     void addRow(const QString &portName, const QString &toolTip);
+    void addNote(const QString &text);
     QStringList checkedPorts() const;
     void checkPorts(const QStringList &names);
 
     QScrollArea *area;
     QFormLayout *rows; ///< in `area`
-    QLabel *emptyNote; ///< stands in for the rows where no port is present
     QVector<CheckBoxComPort *> boxes; ///< in row order
+    QStringList portsBefore; ///< in the preferences when the dialog opened
     QCheckBox *sendTimeBox;
 };

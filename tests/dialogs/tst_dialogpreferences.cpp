@@ -1,5 +1,6 @@
 #include "dialogs/checkboxcomport.h"
 #include "dialogs/dialogpreferences.h"
+#include "ports/portinfo.h"
 #include "support/shellrig.h"
 
 #include <QCheckBox>
@@ -14,6 +15,7 @@ private slots:
     void cleanup() { tearDown(); }
     void storedOnOk();
     void absentPortIsForgotten();
+    void portsWithoutComName();
     void refreshKeepsTicks();
     void resetAndCancel();
     void tabOrder();
@@ -45,15 +47,17 @@ void TestDialogPreferences::storedOnOk()
     plug(QStringLiteral("COM10"));
     VarnelSettings().setPorts({QStringLiteral("COM3")});
     DialogPreferences dialog(nullptr);
+    VarnelSettings().setPorts({QStringLiteral("COM3"), QStringLiteral("COM7")}); // by an answer meanwhile
     QCOMPARE(ticks(dialog), QStringLiteral("COM10 COM3*"));
     const auto boxes = dialog.findChildren<CheckBoxComPort *>();
     for (CheckBoxComPort *box : boxes)
         box->setChecked(true);
     dialog.findChild<QCheckBox *>(QStringLiteral("sendTime"))->setChecked(true);
-    QCOMPARE(VarnelSettings().ports(), QStringList(QStringLiteral("COM3")));
+    QVERIFY(!VarnelSettings().ports().contains(QStringLiteral("COM10")));
     click(dialog, "Ok");
     QCOMPARE(dialog.result(), int(QDialog::Accepted));
-    QCOMPARE(VarnelSettings().ports(), QStringList({QStringLiteral("COM10"), QStringLiteral("COM3")}));
+    QCOMPARE(VarnelSettings().ports(),
+        QStringList({QStringLiteral("COM10"), QStringLiteral("COM3"), QStringLiteral("COM7")}));
     QVERIFY(VarnelSettings().sendTime());
 }
 
@@ -64,6 +68,21 @@ void TestDialogPreferences::absentPortIsForgotten()
     QCOMPARE(ticks(dialog), QString());
     click(dialog, "Ok");
     QCOMPARE(VarnelSettings().ports(), QStringList());
+}
+
+void TestDialogPreferences::portsWithoutComName()
+{
+    const QString none = QStringLiteral("No port is present. Plug a device in and press Refresh.");
+    const QString folder = QStringLiteral("/run/user/7/varnelgraph");
+    QVector<PortInfo> ports;
+    QCOMPARE(DialogPreferences::noPortText(ports, folder), none);
+    for (const char *name : {"ttyS0", "ttyUSB0", "ttyACM0"})
+        ports.append({QLatin1String(name), QString(), QStringLiteral("/dev/") + QLatin1String(name)});
+    QCOMPARE(DialogPreferences::noPortText(ports, QString()), none); // where links give no names
+    const QString text = DialogPreferences::noPortText(ports, folder);
+    for (const char *part : {"ttyS0, ttyUSB0, ttyACM0", "mkdir -p /run/user/7/varnelgraph\n",
+             "ln -s /dev/ttyUSB0 /run/user/7/varnelgraph/COM1\n", "docs/ports.md"})
+        QVERIFY2(text.contains(QLatin1String(part)), qPrintable(text));
 }
 
 void TestDialogPreferences::refreshKeepsTicks()
