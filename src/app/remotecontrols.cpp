@@ -6,39 +6,69 @@
 
 #include <QAction>
 #include <QIcon>
+#include <QMenu>
 
 RemoteControls::RemoteControls(QWidget *parentWindow, DeviceTargets *deviceTargets)
     : QObject(parentWindow)
     , window(parentWindow)
     , targets(deviceTargets)
     , m_action(new QAction(QIcon(QStringLiteral(":/Icons/remote.png")), tr("Remote control..."), this))
+    , m_menu(std::make_unique<QMenu>())
 {
     m_action->setObjectName(QStringLiteral("remoteControlAction"));
     connect(m_action, SIGNAL(triggered()), this, SLOT(open()));
+    connect(m_menu.get(), SIGNAL(triggered(QAction*)), this, SLOT(openChosen(QAction*)));
     refresh();
 }
 
-SerialReader *RemoteControls::target() const
-{
-    SerialReader *active = targets->activeReader();
-    return active ? active : targets->onlyReader();
-}
+RemoteControls::~RemoteControls() = default;
 
 void RemoteControls::refresh()
 {
-    QString tip = tr("Operate the front panel of the charger.");
-    if (targets->readers().isEmpty())
-        tip = tr("No port is listened on: choose one in the preferences.");
-    else if (!target())
-        tip = tr("Several ports are listened on: choose the window of the device first.");
-    m_action->setEnabled(target() != nullptr);
+    QStringList ports;
+    const QVector<SerialReader *> readers = targets->readers();
+    for (const SerialReader *reader : readers)
+        ports.append(reader->portName());
+    const SerialReader *active = targets->activeReader();
+    fillMenu(ports, active ? active->portName() : QString());
+    const bool several = ports.size() > 1;
+    const QString tip = ports.isEmpty() ? tr("No port is listened on: choose one in the preferences.")
+                                        : tr("Operate the front panel of the charger.");
+    m_action->setMenu(several ? m_menu.get() : nullptr);
+    m_action->setText(several ? tr("Remote control") : tr("Remote control..."));
+    m_action->setEnabled(!ports.isEmpty());
     m_action->setStatusTip(tip);
     m_action->setToolTip(tip);
 }
 
+void RemoteControls::fillMenu(const QStringList &ports, const QString &current)
+{
+    m_menu->clear();
+    for (const QString &port : ports) {
+        const QString text = port == current ? tr("%1 (current window)...") : tr("%1...");
+        QAction *choice
+            = m_menu->addAction(text.arg(QString(port).replace(QLatin1Char('&'), QLatin1String("&&"))));
+        choice->setData(port);
+    }
+}
+
 void RemoteControls::open()
 {
-    SerialReader *reader = target();
+    SerialReader *active = targets->activeReader();
+    openFor(active ? active : targets->onlyReader());
+}
+
+void RemoteControls::openChosen(QAction *chosen)
+{
+    const QVector<SerialReader *> readers = targets->readers();
+    for (SerialReader *reader : readers) {
+        if (reader->portName() == chosen->data().toString())
+            return openFor(reader);
+    }
+}
+
+void RemoteControls::openFor(SerialReader *reader)
+{
     if (!reader)
         return;
     QPointer<DialogRemoteControl> &dialog = dialogs[reader];

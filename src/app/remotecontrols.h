@@ -3,10 +3,14 @@
 #include <QMap>
 #include <QObject>
 #include <QPointer>
+#include <QStringList>
+
+#include <memory>
 
 class DeviceTargets;
 class DialogRemoteControl;
 class QAction;
+class QMenu;
 class QWidget;
 class SerialReader;
 
@@ -17,8 +21,10 @@ class RemoteControls : public QObject {
 public:
     /// `window` is the parent of the dialogs. Nothing is owned; all outlive this.
     RemoteControls(QWidget *window, DeviceTargets *targets);
+    ~RemoteControls() override;
 
-    /// To be put into a menu; disabled, with the reason as its tool tip, while there is no device to control.
+    /// To be put into a menu. With one listened port it opens that port's dialog; with several it is a submenu
+    /// of them, whether they have sent anything or not; with none it is disabled, its tool tip says why.
     QAction *action() const { return m_action; }
 
 public slots:
@@ -28,11 +34,17 @@ public slots:
     /// is open already comes to the front and asks its device anew for its state.
     void open();
 
+private slots:
+    /// Opens the one of the port that `chosen`, an action of the submenu, names.
+    void openChosen(QAction *chosen);
+
 private:
-    SerialReader *target() const;
+    void openFor(SerialReader *reader);
+    void fillMenu(const QStringList &ports, const QString &current);
 
     QWidget *window;
     DeviceTargets *targets;
     QAction *m_action; // child
+    std::unique_ptr<QMenu> m_menu; // of the action while several ports are listened on
     QMap<SerialReader *, QPointer<DialogRemoteControl>> dialogs; // keys are compared, never followed
 };

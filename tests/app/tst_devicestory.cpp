@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QStackedWidget>
@@ -175,11 +176,24 @@ void TestDeviceStory::everyEndIsTold()
 void TestDeviceStory::remoteControlIsForOneDevice()
 {
     start({QStringLiteral("COM1:varnel3,start=remote"), QStringLiteral("COM2:varnel3,start=remote")});
-    QVERIFY(!remoteAction()->isEnabled());
-    QVERIFY(remoteAction()->toolTip().contains(QStringLiteral("Several")));
+    // Neither has sent a line yet.
+    const QStringList ports{QStringLiteral("COM1..."), QStringLiteral("COM2...")};
+    for (int port : {0, 1}) {
+        QVERIFY(remoteAction()->isEnabled() && remoteAction()->menu());
+        const QList<QAction *> choices = remoteAction()->menu()->actions();
+        QCOMPARE(choices[port]->text(), ports[port]);
+        choices[port]->trigger();
+        QPointer<DialogRemoteControl> dialog = window->findChild<DialogRemoteControl *>();
+        QVERIFY(dialog);
+        dialog->findChild<QComboBox *>(QStringLiteral("cbTryb0_nc"))->setCurrentIndex(6);
+        QTRY_COMPARE(device(qPrintable(ports[port].left(4)))->panel().memory(), 7);
+        dialog->close();
+        QTRY_VERIFY(!dialog);
+    }
     device("COM2")->startProcess();
     QTRY_VERIFY(window->activeMdiChild() && window->activeMdiChild()->isLive());
-    QTRY_VERIFY(remoteAction()->isEnabled());
+    QTRY_COMPARE(
+        remoteAction()->menu()->actions().constLast()->text(), QStringLiteral("COM2 (current window)..."));
     remoteAction()->trigger();
     auto *pages
         = window->findChild<DialogRemoteControl *>()->findChild<QStackedWidget *>(QStringLiteral("pages"));
