@@ -7,6 +7,7 @@
 #include "graph/mdigraphchild.h"
 #include "link/recordinglog.h"
 
+#include <QDir>
 #include <QMessageBox>
 
 ShellReaderHost::ShellReaderHost(
@@ -24,6 +25,9 @@ RecordingSink *ShellReaderHost::createRecording()
 {
     MdiGraphChild *child = graphs->create();
     recordings->attach(child);
+    const QString journal = recordings->fileOf(child);
+    if (!journal.isEmpty())
+        child->setTitleTip(tr("Journal: %1").arg(QDir::toNativeSeparators(journal)));
     return child;
 }
 

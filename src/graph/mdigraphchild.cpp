@@ -11,6 +11,7 @@
 #include <QIcon>
 #include <QMdiSubWindow>
 #include <QPainter>
+#include <QTextDocument>
 
 #include <new>
 
@@ -177,10 +178,33 @@ void MdiGraphChild::showProcessEnd(int end)
     const QIcon icon(processEndIcon(end));
     setWindowIcon(icon);
     setToolTip(text);
-    if (auto *frame = qobject_cast<QMdiSubWindow *>(parentWidget())) {
+    if (auto *frame = qobject_cast<QMdiSubWindow *>(parentWidget()))
         frame->setWindowIcon(icon); // it took the icon over once only
-        frame->setToolTip(text); // where the graph itself is covered or minimised
-    }
+    showTitleTip();
+}
+
+void MdiGraphChild::setTitleTip(const QString &text)
+{
+    m_titleTip = text;
+    showTitleTip();
+}
+
+// The end of the process is told there, too, where the graph itself is covered or minimised.
+void MdiGraphChild::showTitleTip()
+{
+    QStringList lines = {toolTip(), m_titleTip};
+    lines.removeAll(QString());
+    const QString tip = lines.join(QLatin1Char('\n'));
+    if (auto *frame = qobject_cast<QMdiSubWindow *>(parentWidget()))
+        frame->setToolTip(Qt::mightBeRichText(tip) ? Qt::convertFromPlainText(tip) : tip);
+}
+
+// Left alone, the title's tool tip would come up over the curves as well.
+bool MdiGraphChild::event(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip && toolTip().isEmpty())
+        return true;
+    return QWidget::event(event);
 }
 
 void MdiGraphChild::setSilentSince(const QDateTime &since)

@@ -61,6 +61,8 @@ public:
     QDateTime silentSince() const { return m_silentSince; }
     /// Tells that the device has been silent since `since`; an invalid time takes it back.
     void setSilentSince(const QDateTime &since);
+    /// A line for the tool tip of the title, below how the process has ended.
+    void setTitleTip(const QString &text);
     /// What the window shows, at any size. Valid as long as the window.
     GraphPicture picture(const QSize &pictureSize) const;
 
@@ -80,6 +82,7 @@ signals:
     void selectedCellsChanged();
 
 protected:
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;
@@ -107,6 +110,7 @@ private:
     void scheduleRepaint();
     void setTitle(const QString &title);
     void showProcessEnd(int end);
+    void showTitleTip();
 
     GraphHost *m_host; // not owned, outlives this
     DeviceLink *m_reader = nullptr; // not owned; forgotten by finishRecording() before it goes
@@ -115,6 +119,7 @@ private:
     GraphInteraction *m_interaction; // a child of this
     QDateTime m_silentSince;
     QDateTime m_fullSince; // valid once a record found no memory: the window grows no more
+    QString m_titleTip;
     int m_windowNumber = 0;
     QString m_baseTitle;
     QString m_fileName;
