@@ -18,6 +18,14 @@ namespace {
 constexpr int messageTime = 5000; // ms
 const QLatin1String portPrefix("COM");
 
+QString reasonAgainstPause(bool hasWindow, bool listens)
+{
+    if (hasWindow)
+        return ListenedPorts::tr("The current window receives no data: there is nothing to pause.");
+    return listens ? ListenedPorts::tr("No graph window is open: there is nothing to pause.")
+                   : ListenedPorts::tr("No port is listened on: choose one in the preferences.");
+}
+
 } // namespace
 
 ListenedPorts::ListenedPorts(QWidget *shellWindow, ShellReaderHost *readerHost, StatusFacts *statusFacts)
@@ -86,18 +94,21 @@ void ListenedPorts::startRecording()
         emit message(tr("Start listening on port(s): ") + opened.join(QLatin1Char(',')), messageTime);
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     }
-    emit changed();
+    tellChanged();
     shell->unsetCursor();
 }
 
 void ListenedPorts::stopRecording()
 {
+    const QStringList waiting = retries->ports();
+    for (const QString &port : waiting)
+        giveUp(port);
     if (m_readers.isEmpty())
         return;
     closeAll();
     listening = false;
     emit message(tr("Stop listen on port(s)."), messageTime);
-    emit changed();
+    tellChanged();
 }
 
 void ListenedPorts::pauseOrResume(MdiGraphChild *active)
@@ -106,13 +117,13 @@ void ListenedPorts::pauseOrResume(MdiGraphChild *active)
         pause(active);
     else
         resume();
-    emit changed();
+    tellChanged();
 }
 
 void ListenedPorts::pause(MdiGraphChild *active)
 {
     if (!active || m_readers.isEmpty() || !active->isLive() || active->fileName().isEmpty()) {
-        emit message(tr("The current window receives no data: there is nothing to pause."), messageTime);
+        emit message(reasonAgainstPause(active != nullptr, !m_readers.isEmpty()), messageTime);
         return;
     }
     pendingPort = active->fileName();
@@ -124,32 +135,38 @@ void ListenedPorts::pause(MdiGraphChild *active)
 void ListenedPorts::resume()
 {
     const QString port = pendingPort;
-    if (readerFor(port))
-        emit message(tr("Already listening on port %1.").arg(port), messageTime);
-    else
-        listenOn(port);
+    forgetPause();
+    listenOn(port);
+}
+
+void ListenedPorts::forgetPause()
+{
+    facts->clear(StatusFacts::Paused, pendingPort);
     pendingPort.clear();
-    facts->clear(StatusFacts::Paused, port);
 }
 
 void ListenedPorts::synchronise(const QStringList &ports)
 {
+    // A port whose question still waits stays: nobody has said that it is not wanted.
+    const QStringList wanted = ports + questions->ports();
     const QVector<SerialReader *> before = m_readers;
     for (SerialReader *reader : before) {
         const QString port = reader->portName();
-        if (ports.contains(port))
+        if (wanted.contains(port))
             continue;
         remove(reader, false);
         emit message(tr("Stop listening on port %1.").arg(port), messageTime);
     }
-    forgetTroubleExcept(ports);
+    forgetTroubleExcept(wanted);
+    if (!wanted.contains(pendingPort))
+        forgetPause();
     for (const QString &port : ports) {
         if (readerFor(port) || !listenOn(port))
             continue;
         qDebug() << "Włącznie" << port;
         emit message(tr("Start listening on port %1.").arg(port), messageTime);
     }
-    emit changed();
+    tellChanged();
 }
 
 void ListenedPorts::arrive(const PortInfo &port)
@@ -159,9 +176,10 @@ void ListenedPorts::arrive(const PortInfo &port)
     qDebug() << "Nowe urządzenie:" << port.name;
     if (startupPorts.contains(port.name))
         return;
-    if (VarnelSettings().ports().contains(port.name))
-        listenOnArrival(port.name);
-    else
+    // Open first: what the device sends meanwhile waits for no answer.
+    if (!readerFor(port.name))
+        retries->start(port.name);
+    if (!VarnelSettings().ports().contains(port.name))
         questions->ask(port.name, port.description);
 }
 
@@ -169,23 +187,23 @@ void ListenedPorts::leave(const PortInfo &port)
 {
     qDebug() << "Wylaczane urzadzenie:" << port.description;
     questions->withdraw(port.name);
-    retries->stop(port.name);
-    host->forgetFailure(port.name);
+    giveUp(port.name);
     if (SerialReader *reader = readerFor(port.name)) {
         remove(reader, true);
         facts->set(StatusFacts::Lost, port.name);
         emit message(tr("Stop listening on port %1. Port is removed.").arg(port.name), messageTime);
     }
     startupPorts.removeAll(port.name);
-    if (pendingPort == port.name) {
-        pendingPort.clear();
-        facts->clear(StatusFacts::Paused, port.name);
-    }
-    emit changed();
+    if (pendingPort == port.name)
+        forgetPause();
+    tellChanged();
 }
 
 void ListenedPorts::closeAll()
 {
+    const QStringList waiting = retries->ports();
+    for (const QString &port : waiting)
+        retries->stop(port);
     while (!m_readers.isEmpty())
         remove(m_readers.first(), false);
 }
@@ -198,22 +216,16 @@ void ListenedPorts::onAnswered(const QString &portName, bool remember)
         ports.append(portName);
         settings.setPorts(ports);
     }
-    // Answering No listens all the same, until the program ends or the port goes: the answer only
-    // decides whether the port is remembered.
-    listenOnArrival(portName);
 }
 
-void ListenedPorts::onRetry(const QString &portName, bool last)
+void ListenedPorts::onRetry(const QString &portName, bool tell)
 {
-    if (readerFor(portName)) {
-        retries->stop(portName);
+    if (!listenOn(portName, tell ? Tell : Ignore))
         return;
-    }
-    if (!listenOn(portName, last ? Tell : Ignore))
-        return;
-    retries->stop(portName);
-    emit message(tr("Start listening on new port %1.").arg(portName), messageTime);
-    emit changed();
+    const QString text = startupPorts.contains(portName) ? tr("Start listening on port %1.")
+                                                         : tr("Start listening on new port %1.");
+    emit message(text.arg(portName), messageTime);
+    tellChanged();
 }
 
 void ListenedPorts::onLost(const QString &portName)
@@ -221,7 +233,7 @@ void ListenedPorts::onLost(const QString &portName)
     if (SerialReader *reader = readerFor(portName))
         remove(reader, true);
     emit message(tr("Stop listening on port %1. Port is removed.").arg(portName), messageTime);
-    emit changed();
+    tellChanged();
 }
 
 bool ListenedPorts::listenOn(const QString &portName, Failure failure)
@@ -229,27 +241,32 @@ bool ListenedPorts::listenOn(const QString &portName, Failure failure)
     auto *reader = new SerialReader(shell, portName, host);
     if (!(failure == Tell ? reader->start() : reader->tryStart())) {
         delete reader;
+        if (failure == Tell)
+            retries->wait(portName);
         return false;
     }
     m_readers.append(reader);
-    host->forgetFailure(portName);
+    giveUp(portName);
     facts->clear(StatusFacts::Lost, portName);
+    if (pendingPort == portName)
+        forgetPause();
     return true;
 }
 
-void ListenedPorts::listenOnArrival(const QString &portName)
+void ListenedPorts::giveUp(const QString &portName)
 {
-    if (!readerFor(portName))
-        retries->start(portName);
+    retries->stop(portName);
+    host->forgetFailure(portName);
 }
 
 void ListenedPorts::forgetTroubleExcept(const QStringList &wanted)
 {
-    const QStringList troubled = facts->ports(StatusFacts::Failing) + facts->ports(StatusFacts::Lost);
+    const QStringList troubled
+        = retries->ports() + facts->ports(StatusFacts::Failing) + facts->ports(StatusFacts::Lost);
     for (const QString &port : troubled) {
         if (wanted.contains(port))
             continue;
-        host->forgetFailure(port);
+        giveUp(port);
         facts->clear(StatusFacts::Lost, port);
     }
 }
@@ -257,10 +274,21 @@ void ListenedPorts::forgetTroubleExcept(const QStringList &wanted)
 void ListenedPorts::remove(SerialReader *reader, bool later)
 {
     m_readers.removeOne(reader);
+    retries->stop(reader->portName());
     facts->clear(StatusFacts::Unwatched, reader->portName());
     reader->stop();
     if (later)
         reader->deleteLater();
     else
         delete reader;
+}
+
+void ListenedPorts::tellChanged()
+{
+    QMap<QString, QString> listened;
+    const QStringList names = portNames();
+    for (const QString &name : names)
+        listened.insert(name, QString());
+    facts->replace(StatusFacts::Listening, listened);
+    emit changed();
 }

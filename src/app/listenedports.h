@@ -37,7 +37,7 @@ public:
     void pauseOrResume(MdiGraphChild *active);
     /// After the preferences: listens on `ports` and no other.
     void synchronise(const QStringList &ports);
-    /// At exit: closes every port, without a word.
+    /// At exit: closes every port and opens none of them again, without a word.
     void closeAll();
 
 public slots:
@@ -52,20 +52,24 @@ signals:
 
 private slots:
     void onAnswered(const QString &portName, bool remember);
-    void onRetry(const QString &portName, bool last);
+    void onRetry(const QString &portName, bool tell);
     void onLost(const QString &portName);
 
 private:
     enum Failure { Tell, Ignore };
 
-    /// Creates and opens the reader of `portName`; false when it can't be opened.
+    /// Creates and opens the reader of `portName`; false when it can't be opened. A failure that is told is
+    /// followed by further attempts, until one succeeds or the port goes or is no longer wanted.
     bool listenOn(const QString &portName, Failure failure = Tell);
-    void listenOnArrival(const QString &portName);
     /// Closes the reader's port and takes it out of the list. `later`: the reader may be running.
     void remove(SerialReader *reader, bool later);
+    /// No more attempts on `portName`, and no word of its trouble.
+    void giveUp(const QString &portName);
     void forgetTroubleExcept(const QStringList &wanted);
     void pause(MdiGraphChild *active);
     void resume();
+    void forgetPause();
+    void tellChanged();
 
     QWidget *shell;
     ShellReaderHost *host;
@@ -73,7 +77,7 @@ private:
     PortQuestions *questions;
     PortRetries *retries;
     QVector<SerialReader *> m_readers;
-    QString pendingPort; ///< port of the paused graph window; empty when none
+    QString pendingPort; ///< port of the paused graph window, which is not open; empty when none
     QStringList startupPorts;
     bool listening = false;
 };

@@ -1,5 +1,9 @@
 #include "app/portquestions.h"
 
+#include "settings/varnelsettings.h"
+
+#include <QApplication>
+#include <QEvent>
 #include <QMessageBox>
 
 #include <algorithm>
@@ -8,6 +12,7 @@ PortQuestions::PortQuestions(QWidget *parentWindow)
     : QObject(parentWindow)
     , window(parentWindow)
 {
+    window->installEventFilter(this);
 }
 
 void PortQuestions::ask(const QString &portName, const QString &description)
@@ -17,6 +22,22 @@ void PortQuestions::ask(const QString &portName, const QString &description)
         return;
     waiting.enqueue({portName, description.isEmpty() ? portName : description});
     showNext();
+}
+
+QStringList PortQuestions::ports() const
+{
+    QStringList names;
+    for (const Question &question : waiting)
+        names.append(question.portName);
+    return names;
+}
+
+// Queued: the dialog that has ended is still on its way out.
+bool PortQuestions::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::WindowUnblocked)
+        QMetaObject::invokeMethod(this, "showNext", Qt::QueuedConnection);
+    return QObject::eventFilter(watched, event);
 }
 
 void PortQuestions::withdraw(const QString &portName)
@@ -48,7 +69,12 @@ void PortQuestions::onFinished(int result)
 
 void PortQuestions::showNext()
 {
-    if (box || waiting.isEmpty())
+    if (box || QApplication::activeModalWidget())
+        return;
+    const QStringList chosen = VarnelSettings().ports();
+    while (!waiting.isEmpty() && chosen.contains(waiting.head().portName))
+        waiting.dequeue();
+    if (waiting.isEmpty())
         return;
     // The text is not translated: it is the system's own.
     const QString text = QStringLiteral("Do you want to add a port %1 to the preferences ?");
@@ -58,5 +84,5 @@ void PortQuestions::showNext()
     box->setTextFormat(Qt::PlainText);
     connect(box, SIGNAL(finished(int)), this, SLOT(onFinished(int)));
     box->open();
-    box->activateWindow(); // also from above a dialog that had the keyboard
+    box->activateWindow();
 }

@@ -7,7 +7,9 @@
 class QMessageBox;
 class QWidget;
 
-/// Asks, one port after the other and without stopping anything, whether a new port is to be remembered.
+/// Asks, one port after the other and without stopping anything, whether a new port is to be remembered. Where
+/// a dialog is up the question waits for its end, as the keys are the dialog's, and a port that the dialog has
+/// put into the preferences is not asked about.
 class PortQuestions : public QObject {
     Q_OBJECT
 
@@ -19,21 +21,24 @@ public:
     void ask(const QString &portName, const QString &description);
     /// The port has gone: its question with it, whether shown or still waiting.
     void withdraw(const QString &portName);
-    bool isOpen() const { return !box.isNull(); }
+    /// Names of the ports that are asked about or wait to be.
+    QStringList ports() const;
 
 signals:
     void answered(const QString &portName, bool remember);
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private slots:
     void onFinished(int result);
+    void showNext();
 
 private:
     struct Question {
         QString portName;
         QString description;
     };
-
-    void showNext();
 
     QWidget *window;
     QQueue<Question> waiting; ///< the first one is shown in `box`

@@ -6,28 +6,35 @@
 
 class QTimer;
 
-/// A port that has just arrived often can't be opened yet. Asks for one attempt after the other, the first at
-/// once, until the port is given up or no longer waited for.
+/// Ports that are wanted and can't be opened: asks for one attempt after the other until the port is no longer
+/// waited for. One that has just arrived often can't be opened yet, so that nothing is said of it at first.
 class PortRetries : public QObject {
     Q_OBJECT
 
 public:
     static constexpr int interval = 250; // ms
-    static constexpr int patience = 3000; // ms
+    static constexpr int patience = 3000; // ms until a failure is to be told
+    static constexpr int slowInterval = 2000; // ms, once it has been told
 
     explicit PortRetries(QObject *parent);
 
+    /// `portName` has just arrived: the first attempt is made at once.
     void start(const QString &portName);
+    /// `portName` could not be opened, which was told.
+    void wait(const QString &portName);
     void stop(const QString &portName);
+    QStringList ports() const { return waiting.keys(); }
 
 signals:
-    /// Try to open `portName`; with `last` set there will be no more attempt.
-    void attempt(const QString &portName, bool last);
+    /// Try to open `portName`; with `tell` set the user is to hear that it fails, once a port.
+    void attempt(const QString &portName, bool tell);
 
 private slots:
     void onTimer();
 
 private:
+    void schedule();
+
     QTimer *timer;
-    QMap<QString, QElapsedTimer> waiting;
+    QMap<QString, QElapsedTimer> waiting; ///< time since the arrival; invalid once the failure was told
 };

@@ -44,6 +44,8 @@ const KindText texts[StatusFacts::KindCount] = {
     {QT_TRANSLATE_NOOP("StatusFacts", "Error: %1"), endTip},
     {QT_TRANSLATE_NOOP("StatusFacts", "Aborted: %1"), endTip},
     {QT_TRANSLATE_NOOP("StatusFacts", "Completed: %1"), endTip},
+    {QT_TRANSLATE_NOOP("StatusFacts", "Listening: %1"),
+        QT_TRANSLATE_NOOP("StatusFacts", "The ports are chosen in File > Preferences.")},
 };
 
 QString translated(const char *text)
@@ -67,6 +69,7 @@ StatusFacts::StatusFacts(QStatusBar *bar)
         m_labels[kind]->hide(); // adding shows it
     }
     bar->installEventFilter(this);
+    refresh();
 }
 
 void StatusFacts::set(Kind kind, const QString &port, const QString &detail)
@@ -92,7 +95,7 @@ void StatusFacts::replace(Kind kind, const QMap<QString, QString> &facts)
 QString StatusFacts::text(Kind kind) const
 {
     if (m_facts[kind].isEmpty())
-        return QString();
+        return kind == Listening ? tr("Listening: no port") : QString();
     return translated(texts[kind].label).arg(ports(kind).join(QStringLiteral(", ")));
 }
 
@@ -105,11 +108,17 @@ bool StatusFacts::eventFilter(QObject *watched, QEvent *event)
 
 void StatusFacts::refresh()
 {
-    const auto told = std::count_if(std::begin(m_facts), std::end(m_facts),
-        [](const QMap<QString, QString> &facts) { return !facts.isEmpty(); });
-    const int share = m_bar->width() * labelShare / 100 / std::max(static_cast<int>(told), 1);
+    const int room = m_bar->width() * labelShare / 100;
+    int told = 0;
+    int needed = 0;
+    for (int kind = 0; kind < KindCount; ++kind) {
+        const QString whole = text(static_cast<Kind>(kind));
+        told += whole.isEmpty() ? 0 : 1;
+        needed += m_labels[kind]->fontMetrics().horizontalAdvance(whole);
+    }
+    const int widest = needed <= room ? room : std::max(room / told, narrowestLabel);
     for (int kind = 0; kind < KindCount; ++kind)
-        show(static_cast<Kind>(kind), std::max(share, narrowestLabel));
+        show(static_cast<Kind>(kind), widest);
 }
 
 void StatusFacts::show(Kind kind, int widest)

@@ -6,13 +6,25 @@
 class QLabel;
 class QStatusBar;
 
-/// Standing facts about ports and recordings, each kind a permanent label of the status
-/// bar that passing messages do not wipe.
+/// Standing facts about ports and recordings, each kind a permanent label of the status bar that passing
+/// messages do not wipe. What is listened on stands there always, at the very right.
 class StatusFacts : public QObject {
     Q_OBJECT
 
 public:
-    enum Kind { Lost, Failing, Paused, Silent, Unwatched, NotWritten, Failed, Aborted, Completed, KindCount };
+    enum Kind {
+        Lost,
+        Failing,
+        Paused,
+        Silent,
+        Unwatched,
+        NotWritten,
+        Failed,
+        Aborted,
+        Completed,
+        Listening,
+        KindCount
+    };
 
     /// `bar` outlives this.
     explicit StatusFacts(QStatusBar *bar);
@@ -24,7 +36,7 @@ public:
     void replace(Kind kind, const QMap<QString, QString> &facts);
     bool holds(Kind kind, const QString &port) const { return m_facts[kind].contains(port); }
     QStringList ports(Kind kind) const { return m_facts[kind].keys(); }
-    /// What the label of `kind` says; empty while it is hidden.
+    /// What the label of `kind` says in full; empty while it is hidden.
     QString text(Kind kind) const;
 
 protected:
