@@ -15,6 +15,7 @@ namespace {
 // has them all. The rest is for messages.
 constexpr int labelShare = 65;
 constexpr int narrowestLabel = 100; // pixels
+constexpr int labelGap = 8; // pixels
 
 struct KindText {
     const char *label;
@@ -64,6 +65,7 @@ StatusFacts::StatusFacts(QStatusBar *bar)
         m_labels[kind]->setTextFormat(Qt::PlainText);
         m_labels[kind]->setObjectName(QStringLiteral("statusFact%1").arg(kind));
         m_labels[kind]->hide();
+        m_labels[kind]->setContentsMargins(labelGap, 0, 0, 0);
         m_labels[kind]->setMinimumWidth(1); // long texts must not keep the window wide
         bar->addPermanentWidget(m_labels[kind]);
         m_labels[kind]->hide(); // adding shows it
@@ -114,7 +116,7 @@ void StatusFacts::refresh()
     for (int kind = 0; kind < KindCount; ++kind) {
         const QString whole = text(static_cast<Kind>(kind));
         told += whole.isEmpty() ? 0 : 1;
-        needed += m_labels[kind]->fontMetrics().horizontalAdvance(whole);
+        needed += whole.isEmpty() ? 0 : labelGap + m_labels[kind]->fontMetrics().horizontalAdvance(whole);
     }
     const int widest = needed <= room ? room : std::max(room / told, narrowestLabel);
     for (int kind = 0; kind < KindCount; ++kind)
