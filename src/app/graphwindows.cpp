@@ -5,6 +5,7 @@
 #include "app/figures.h"
 #include "graph/mdigraphchild.h"
 
+#include <QApplication>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 
@@ -46,8 +47,10 @@ void GraphWindows::place(MdiGraphChild *child)
     m_displays->addCapacity(child);
     m_area->setActiveSubWindow(subWindow);
     setCurrent(child); // a minimised main window activates nothing
-    m_shell->activateWindow();
-    m_shell->raise();
+    if (!QApplication::activeModalWidget()) { // whose keys would be lost with it
+        m_shell->activateWindow();
+        m_shell->raise();
+    }
     emit opened();
 }
 

@@ -226,6 +226,7 @@ void TestListening::newPort()
         QCOMPARE(listened(), QStringList(QStringLiteral("COM7")));
         device->send(Lines::charger(1)); // nothing waits for the answer
         QTRY_COMPARE(window->mdiChildren().size(), 1);
+        QTRY_COMPARE(QApplication::activeWindow(), box("portQuestion")); // and it keeps the keys
         box("portQuestion")->button(answer)->click();
         QTRY_VERIFY(!box("portQuestion"));
         QCOMPARE(listened(), QStringList(QStringLiteral("COM7")));
