@@ -74,7 +74,6 @@ int runProgram(const QStringList &files)
     case SingleInstance::Role::Unanswered:
         return tellUnanswered(instance.holder());
     }
-    protectLog();
     initResources();
     installStyleSheet(qApp, QCoreApplication::applicationDirPath());
     QObject::connect(qApp, SIGNAL(lastWindowClosed()), &instance, SLOT(retire()));
@@ -108,7 +107,9 @@ int main(int argc, char **argv)
     const CommandLine ahead = lookAhead(argc, argv);
     if (ahead.task == CommandLine::Print || ahead.task == CommandLine::Refuse)
         return runBatch(ahead);
-    if (ahead.isBatch() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    if (!ahead.isBatch())
+        protectLog(); // Qt may have something to say at once
+    else if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen"); // there may be no display, and none is needed
     QApplication application(argc, argv);
     identify();

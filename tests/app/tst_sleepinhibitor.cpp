@@ -47,8 +47,8 @@ public slots:
 private slots:
     void forget(const QString &service)
     {
-        for (const uint cookie : held.keys(service))
-            held.remove(cookie);
+        while (held.key(service) != 0)
+            held.remove(held.key(service));
     }
 };
 

@@ -6,6 +6,7 @@
 
 #include <csignal>
 #include <sys/resource.h>
+#include <unistd.h>
 
 /// The program itself, as a process of its own that goes with this. Where it takes settings and ports from, the
 /// environment says.
@@ -34,6 +35,8 @@ public:
     /// No file of its grows beyond `bytes`, as on a full disk; 0 is no limit.
     void limitFiles(int bytes) { m_largestFile = rlim_t(bytes); }
 
+    /// Its standard error is a pipe whose reader has gone.
+    void leaveLogUnread() { m_logUnread = true; }
     /// Leaves the running one `bytes` more of address space.
     bool limitMemory(rlim_t bytes)
     {
@@ -62,6 +65,12 @@ public:
 protected:
     void setupChildProcess() override
     {
+        int ends[2] = {-1, -1};
+        if (m_logUnread && ::pipe(ends) == 0) {
+            ::dup2(ends[1], STDERR_FILENO);
+            ::close(ends[0]);
+            ::close(ends[1]);
+        }
         if (m_largestFile == 0)
             return;
         std::signal(SIGXFSZ, SIG_IGN);
@@ -71,4 +80,5 @@ protected:
 
 private:
     rlim_t m_largestFile = 0;
+    bool m_logUnread = false;
 };

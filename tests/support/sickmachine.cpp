@@ -58,14 +58,14 @@ long clockOffset()
     return seconds;
 }
 
-const bool watching = [] {
+[[gnu::constructor]] void watch()
+{
     std::thread([] {
         while (!isThere("close"))
             pause();
         QMetaObject::invokeMethod(QCoreApplication::instance(), "closeAllWindows", Qt::QueuedConnection);
     }).detach();
-    return true;
-}();
+}
 
 } // namespace
 
