@@ -20,8 +20,8 @@ public:
     static SettingsKeeper &instance();
     ~SettingsKeeper() override;
 
-    /// Keeps `value` under `key` of `fileName`, from now on; an invalid one removes the key. It is written after
-    /// the next write().
+    /// Keeps `value` under `key` of `fileName`, from now on; an invalid one removes the key. It is written
+    /// after the next write().
     void change(const QString &fileName, const QString &key, const QVariant &value);
     /// False when `key` was not changed, or the file was changed by somebody else since it was written.
     bool find(const QString &fileName, const QString &key, QVariant *value) const;

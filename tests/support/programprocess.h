@@ -8,8 +8,8 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-/// The program itself, as a process of its own that goes with this. Where it takes settings and ports from, the
-/// environment says.
+/// The program itself, as a process of its own that goes with this. Where it takes settings and ports from,
+/// the environment says.
 class ProgramProcess : public QProcess {
 public:
     ProgramProcess()

@@ -1,5 +1,5 @@
-// Loaded into the program before everything else (LD_PRELOAD), makes its machine ill as the files in the folder
-// VARNEL_TEST_SICK say:
+// Loaded into the program before everything else (LD_PRELOAD), makes its machine ill as the files in the
+// folder VARNEL_TEST_SICK say:
 //   hang    while it is there, nothing gets onto the disk: fsync() and fdatasync() do not return
 //   hung    written when that happens; "window" in it when the window's thread waits
 //   close   makes the program close its windows
