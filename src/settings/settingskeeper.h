@@ -8,8 +8,8 @@
 #include <memory>
 
 /// What this run of the program has changed in settings files, and the thread that writes it to them: nobody
-/// else waits for a disk. What can't be written stays in force until the program ends, and is tried again with
-/// the next change. There is one, for any number of files; all functions may be called from any thread.
+/// else waits for a disk. What can't be written stays in force until the program ends, and is tried again
+/// with the next change. There is one, for any number of files; all functions may be called from any thread.
 class SettingsKeeper : public QObject {
     Q_OBJECT
 
