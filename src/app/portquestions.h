@@ -7,9 +7,9 @@
 class QMessageBox;
 class QWidget;
 
-/// Asks, one port after the other and without stopping anything, whether a new port is to be remembered. Where
-/// a dialog is up the question waits for its end, as the keys are the dialog's, and a port that the dialog has
-/// put into the preferences is not asked about.
+/// Asks, one port after the other and without stopping anything, whether a new port is to be remembered.
+/// Where a dialog is up the question waits for its end, as the keys are the dialog's, and a port that the
+/// dialog has put into the preferences is not asked about.
 class PortQuestions : public QObject {
     Q_OBJECT
 

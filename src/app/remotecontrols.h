@@ -30,8 +30,8 @@ public:
 public slots:
     /// Call when ports or the active window have changed.
     void refresh();
-    /// Opens the remote control of the current window's device, else that of the only listened port. One that
-    /// is open already comes to the front and asks its device anew for its state.
+    /// Opens the remote control of the current window's device, else that of the only listened port. One
+    /// that is open already comes to the front and asks its device anew for its state.
     void open();
 
 private slots:
