@@ -120,6 +120,7 @@ void TestWindows::closingEndsTheProgram()
 void TestWindows::settingsThatCanNotBeKept()
 {
     const QString fileName = VarnelSettings().fileName();
+    QVERIFY(SettingsKeeper::waitForWritten(std::chrono::seconds(60))); // what the tests before have changed
     QFile::remove(fileName);
     QVERIFY(QDir().mkpath(fileName)); // a folder in its place
     MainWindow window;
