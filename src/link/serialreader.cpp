@@ -2,6 +2,7 @@
 
 #include "link/hangup.h"
 #include "link/readerhost.h"
+#include "ports/portobstacle.h"
 
 #include <QDeadlineTimer>
 #include <QDebug>
@@ -91,14 +92,7 @@ QString SerialReader::errorText() const
     const QString text = tr("Device %1 failed to open: %2").arg(m_portName, m_port.errorString());
     if (m_port.error() != QSerialPort::PermissionError)
         return text;
-    QString group;
-    QString advice = tr("Another program holds the port.");
-    if (lacksAccess(m_info, &group)) {
-        advice = group.isEmpty()
-            ? tr("You have no right to use the port.")
-            : tr("You have no right to use the port. Join the group \"%1\" and log in again.").arg(group);
-    }
-    return text + QLatin1Char('\n') + advice;
+    return text + QLatin1Char('\n') + adviceAgainst(obstacleTo(m_info));
 }
 
 // The reader may not live until the shot of an end letter, and its port is not asked again.

@@ -21,6 +21,3 @@ QStringList listPortNames();
 PortInfo findPort(const QString &name);
 /// Folder in which a user may link a port under a name; empty where ports have the system's names only.
 QString portLinkFolder();
-/// Whether a port that can't be opened with "permission denied" is held back by missing access rights (rather
-/// than by another program); then `group` is the group to join, or empty where the system knows none.
-bool lacksAccess(const PortInfo &port, QString *group);

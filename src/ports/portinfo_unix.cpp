@@ -9,11 +9,8 @@
 
 #include <algorithm>
 #include <dirent.h>
-#include <fcntl.h>
-#include <grp.h>
 #include <memory>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
@@ -126,23 +123,6 @@ QVector<PortInfo> askForPorts()
 QString portLinkFolder()
 {
     return QFile::decodeName(portFolder());
-}
-
-bool lacksAccess(const PortInfo &port, QString *group)
-{
-    group->clear();
-    const QByteArray path = QFile::encodeName(port.location);
-    if (path.isEmpty() || faccessat(AT_FDCWD, path.constData(), R_OK | W_OK, AT_EACCESS) == 0)
-        return false;
-    struct stat node;
-    if (!statDevice(path, &node))
-        return false;
-    // Nobody is to be told to join the superuser's group, or one whose members may not use the port either.
-    constexpr mode_t groupAccess = S_IRGRP | S_IWGRP;
-    const struct group *owner = getgrgid(node.st_gid);
-    if (owner && node.st_gid != 0 && (node.st_mode & groupAccess) == groupAccess)
-        *group = QString::fromLocal8Bit(owner->gr_name);
-    return true;
 }
 
 // The numbers of the nodes tell a device from another that follows it under the same name.

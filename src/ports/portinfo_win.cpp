@@ -20,13 +20,6 @@ QString portLinkFolder()
     return QString();
 }
 
-// Ports have no access rights of their own here: "access denied" always means another program.
-bool lacksAccess(const PortInfo &, QString *group)
-{
-    group->clear();
-    return false;
-}
-
 QByteArray portFingerprint()
 {
     const QSettings present(

@@ -352,7 +352,7 @@ void SerialReaderTest::portHeldByAnother()
         qPrintable(shell->calls[0]));
     QCOMPARE(shell->calls[1],
         shell->calls[0].replace(QLatin1String("status 5000"), QLatin1String("failed COM7"))
-            + QLatin1String("\nAnother program holds the port."));
+            + QLatin1String("\nThis program listens on the port already."));
     device->send(sent(varnel3Line(5)));
     QTRY_COMPARE(recordings(), QVector<Recording>({{"5"}}));
     reader->stop();

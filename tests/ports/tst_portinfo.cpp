@@ -1,10 +1,15 @@
 #include "ports/portinfo.h"
 
+#include "ports/portobstacle.h"
 #include "support/asnobody.h"
 #include "support/columns.h"
+#include "support/files.h"
+#include "support/holdport.h"
 #include "support/ptypair.h"
 
 #include <QFile>
+#include <QProcess>
+#include <QSerialPort>
 #include <QStringList>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -23,6 +28,9 @@ private slots:
     void findsThePortBehindTheLink();
     void tellsMissingRights_data();
     void tellsMissingRights();
+    void tellsWhoHoldsThePort();
+    void readsLocksOfAllMakes_data();
+    void readsLocksOfAllMakes();
 
 private:
     QStringList linkedPorts() const;
@@ -111,15 +119,94 @@ void PortInfoTest::tellsMissingRights()
     const PortInfo port = findPort(QStringLiteral("COM5"));
     QCOMPARE(chown(port.location.toLocal8Bit(), 0, entry->gr_gid), 0);
     QCOMPARE(chmod(port.location.toLocal8Bit(), mode_t(mode)), 0);
-    QString named = QStringLiteral("left over");
+    PortObstacle obstacle;
     {
         const AsNobody powerless;
-        QCOMPARE(lacksAccess(port, &named), lacks);
+        obstacle = obstacleTo(port);
     }
-    QCOMPARE(named, group);
-    QVERIFY(!lacksAccess(port, &named));
-    QVERIFY(!lacksAccess(findPort(QStringLiteral("COM55")), &named));
+    QCOMPARE(obstacle.kind == PortObstacle::NoRights, lacks);
+    QCOMPARE(obstacle.group, group);
+    QVERIFY(obstacleTo(port).kind != PortObstacle::NoRights);
+    QCOMPARE(obstacleTo(findPort(QStringLiteral("COM55"))).kind, PortObstacle::Busy);
 }
 
-QTEST_GUILESS_MAIN(PortInfoTest)
+// By another user's program, which is killed, and by this one.
+void PortInfoTest::tellsWhoHoldsThePort()
+{
+    if (geteuid() != 0)
+        QSKIP("only the superuser can be another user for a while");
+    const PtyPair pty(folder->path(), QStringLiteral("COM5"));
+    QVERIFY(QFile::link(QStringLiteral("COM5"), folder->filePath(QStringLiteral("COM6"))));
+    const PortInfo port = findPort(QStringLiteral("COM5"));
+    QCOMPARE(chmod(folder->path().toLocal8Bit(), 0755), 0);
+    QCOMPARE(chmod(port.location.toLocal8Bit(), 0666), 0);
+    const QString program = QFileInfo(QCoreApplication::applicationFilePath()).fileName();
+    QProcess holder;
+    holder.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--hold"), port.location});
+    QVERIFY(holder.waitForReadyRead(10000) && holder.readAll() == "held\n");
+    const auto named = QStringLiteral("\"%1\", process %2").arg(program).arg(holder.processId());
+    {
+        const AsNobody powerless;
+        QCOMPARE(adviceAgainst(obstacleTo(port)),
+            QStringLiteral("Another program holds the port: %1 of the user \"root\".").arg(named));
+    }
+    holder.kill();
+    QVERIFY(holder.waitForFinished(10000));
+    {
+        const AsNobody powerless;
+        QSerialPort late(port.location);
+        QVERIFY(!late.open(QIODevice::ReadWrite));
+        const PortObstacle obstacle = obstacleTo(port);
+        QVERIFY(QFile::exists(obstacle.file));
+        QCOMPARE(adviceAgainst(obstacle),
+            QStringLiteral("A program that has ended has left its lock behind: %1.\n"
+                           "The user \"root\" or an administrator has to remove the file %2.")
+                .arg(named, obstacle.file));
+    }
+    QSerialPort own(port.location);
+    QVERIFY(own.open(QIODevice::ReadWrite));
+    const PortInfo other = findPort(QStringLiteral("COM6"));
+    QVERIFY(adviceAgainst(obstacleTo(other)).endsWith(QLatin1String("under another name: COM5.")));
+}
+
+void PortInfoTest::readsLocksOfAllMakes_data()
+{
+    columns<QByteArray, bool, QString>({"lock", "held", "program"});
+    const QByteArray parent = QByteArray::number(getppid());
+    QFile name(QStringLiteral("/proc/%1/comm").arg(getppid()));
+    QVERIFY(name.open(QIODevice::ReadOnly));
+    const QString running = QString::fromLocal8Bit(name.readAll().trimmed());
+    QTest::newRow("a running one") << "      " + parent + " minicom root\n" << true << running;
+    QTest::newRow("one that has ended") << QByteArray(" 999999999\n") << false << QString();
+    QTest::newRow("a number given anew") << parent + "\nvarnelgraph\nbox\n"
+                                         << false << QStringLiteral("varnelgraph");
+    QTest::newRow("empty") << QByteArray() << false << QString();
+}
+
+void PortInfoTest::readsLocksOfAllMakes()
+{
+    QFETCH(QByteArray, lock);
+    QFETCH(bool, held);
+    QFETCH(QString, program);
+    const PtyPair pty(folder->path(), QStringLiteral("COM5"));
+    const PortInfo port = findPort(QStringLiteral("COM5"));
+    const QString path = QStringLiteral("/var/lock/LCK..pts_") + port.location.section(QLatin1Char('/'), -1);
+    if (!QFileInfo(QStringLiteral("/var/lock")).isWritable())
+        QSKIP("this system keeps its locks elsewhere");
+    QVERIFY(writeFile(path, lock));
+    const PortObstacle obstacle = obstacleTo(port);
+    QVERIFY(QFile::remove(path));
+    QCOMPARE(obstacle.kind, held ? PortObstacle::Busy : PortObstacle::LeftOverLock);
+    QCOMPARE(obstacle.program, program);
+}
+
+int main(int argc, char *argv[])
+{
+    if (argc == 3 && qstrcmp(argv[1], "--hold") == 0)
+        return holdPort(argv[2]);
+    QCoreApplication app(argc, argv);
+    PortInfoTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "tst_portinfo.moc"
