@@ -76,7 +76,7 @@ void DisplayWindows::showPower(bool shown)
     setShown(m_power, shown);
 }
 
-void DisplayWindows::showVoltage(bool shown)
+void DisplayWindows::showVoltage(bool shown, Keyboard keyboard)
 {
     if (m_voltage) {
         m_voltage->disconnect(this); // its switch is no business of a window that is replaced
@@ -87,6 +87,7 @@ void DisplayWindows::showVoltage(bool shown)
         return;
     m_voltage = createVoltage();
     connect(m_voltage, SIGNAL(closed()), this, SIGNAL(voltageClosed()));
+    m_voltage->setAttribute(Qt::WA_ShowWithoutActivating, keyboard == LeavesKeyboard);
     setShown(m_voltage, true);
 }
 

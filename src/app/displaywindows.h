@@ -29,8 +29,9 @@ public:
     void showData(bool shown);
     void showCapacity(bool shown);
     void showPower(bool shown);
+    enum Keyboard { TakesKeyboard, LeavesKeyboard };
     /// Opens the voltage comparison anew, or closes it.
-    void showVoltage(bool shown);
+    void showVoltage(bool shown, Keyboard keyboard = TakesKeyboard);
     void hideAll();
     /// Shows those whose switches are on.
     void showAsSwitched();

@@ -322,7 +322,7 @@ void MainWindow::renumerateWindows()
     } else if (graph) {
         actions->setChecked(ActionId::Graph, true);
         switches->publish();
-        displays->showVoltage(true);
+        displays->showVoltage(true, DisplayWindows::LeavesKeyboard);
     }
     repaintAllWindows();
 }

@@ -19,6 +19,28 @@
 #include <QScreen>
 #include <QWindow>
 
+/// Hears which window comes up above the others.
+class WindowLog : public QObject {
+    Q_OBJECT
+
+public:
+    WindowLog() { qApp->installEventFilter(this); }
+    QWidget *last() const { return m_last; }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        auto *widget = qobject_cast<QWidget *>(watched);
+        const bool comesUp = event->type() == QEvent::Show || event->type() == QEvent::ZOrderChange;
+        if (comesUp && widget && widget->isWindow() && widget->parentWidget()) // a dialog or a display
+            m_last = widget;
+        return false;
+    }
+
+private:
+    QWidget *m_last = nullptr;
+};
+
 /// The display windows among the others: where they stand, which window
 /// they follow, what is shown above them.
 class TestDisplayWindows : public QObject, private ShellRig {
@@ -40,6 +62,7 @@ private slots:
     void keptResistancesStayWithTheirWindow();
     void staleFiguresSaySince();
     void questionsStandAboveDisplays();
+    void displaysComeUpBelowQuestions();
 
 private:
     FakeLink link;
@@ -191,19 +214,47 @@ void TestDisplayWindows::staleFiguresSaySince()
     QVERIFY(!watch->staleSince(child).isValid());
 }
 
+/// Whatever opens, modal or not, comes up last and stays on top while a display is in sight; without one it
+/// is left as it is.
 void TestDisplayWindows::questionsStandAboveDisplays()
 {
     window->createMdiChild();
-    const auto opensOnTop = [this] {
+    const auto standsAbove = [this](bool modal) {
         QMessageBox question(window.get());
-        question.open();
-        return question.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint);
+        question.setModal(modal);
+        question.show();
+        const WindowLog log;
+        QCoreApplication::sendPostedEvents();
+        return log.last() == &question
+            && question.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint);
     };
-    QVERIFY(!opensOnTop());
-    trigger(ActionId::Data);
-    QVERIFY(opensOnTop());
-    trigger(ActionId::Data);
-    QVERIFY(!opensOnTop());
+    for (const bool modal : {true, false}) {
+        QVERIFY(!standsAbove(modal));
+        trigger(ActionId::Data);
+        window->findChild<DataDisplay *>()->activateWindow();
+        QVERIFY(standsAbove(modal));
+        trigger(ActionId::Data);
+    }
+}
+
+/// A recording that starts makes the voltage comparison anew: below what is open, the keyboard left where it is.
+void TestDisplayWindows::displaysComeUpBelowQuestions()
+{
+    window->createMdiChild();
+    trigger(ActionId::Graph);
+    window->findChild<VoltageComparison *>()->hide(); // as for the open dialog
+    QMessageBox question(window.get());
+    QMessageBox notice(window.get());
+    question.open();
+    notice.setModal(false);
+    notice.show();
+    const WindowLog log;
+    window->createMdiChild();
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(log.last(), static_cast<QWidget *>(&question)); // the one that takes input
+    QVERIFY(question.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(window->findChild<VoltageComparison *>()->testAttribute(Qt::WA_ShowWithoutActivating));
 }
 
 QTEST_MAIN(TestDisplayWindows)
