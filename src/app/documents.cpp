@@ -26,7 +26,7 @@ namespace {
 
 constexpr int messageTime = 5000; // ms
 constexpr int savedTime = 1000; // ms
-constexpr int labelsKept = 10000; // a large folder scrolls without reading a file twice
+constexpr int labelBytes = 4 << 20; // ten thousand files and more scroll without being read twice
 constexpr QSize dialogSize(780, 480); // room for names, labels and dates
 constexpr int sizeColumn = 1; // of a file dialog's details
 constexpr int dateColumn = 3;
@@ -95,7 +95,7 @@ Documents::Documents(QWidget *shellWindow, ProgressStrip *strip, FileWriter *fil
     , displays(displayWindows)
     , recordings(liveRecordings)
     , queue(new FileQueue(strip, this))
-    , labels(labelsKept)
+    , labels(labelBytes)
 {
     connect(this, SIGNAL(message(QString,int)), shell, SLOT(showMessageStatusBar(QString,int)));
     connect(queue, SIGNAL(message(QString,int)), shell, SLOT(showMessageStatusBar(QString,int)));

@@ -121,7 +121,7 @@ QString recordLabel(
         return QString();
     const QString label = readLabel(path);
     if (!label.isEmpty())
-        cache.insert(path, new QString(label));
+        cache.insert(path, new QString(label), int(sizeof(QChar)) * (path.size() + label.size()));
     else if (failures)
         failures->insert(path);
     return label;

@@ -8,8 +8,8 @@
 /// for a file that can't be read or is none. Reads 4 KiB of a regular file at most, and that only
 /// when `cache` does not hold its path.
 ///
-/// `fromCache`, unless null, tells whether it did. Labels that are not empty go into `cache` at a cost of 1
-/// each: its limit should exceed the files of a large folder. Paths without a label go into `failures`,
+/// `fromCache`, unless null, tells whether it did. Labels that are not empty go into `cache` at the cost of
+/// their bytes and their paths': its limit should hold those of a large folder. Paths without a label go into `failures`,
 /// unless null, and are not read again while they are in it.
 QString recordLabel(QCache<QString, QString> &cache, const QString &path, bool *fromCache = nullptr,
     QSet<QString> *failures = nullptr);

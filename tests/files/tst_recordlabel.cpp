@@ -106,7 +106,7 @@ void TestRecordLabel::readsOnceAndFailsOnce()
     const QString good = folder.filePath(QStringLiteral("good.acp"));
     const QString bad = folder.filePath(QStringLiteral("bad.acp"));
     QVERIFY(writeFile(good, recordLine("#06C05_____0")));
-    QCache<QString, QString> cache;
+    QCache<QString, QString> cache(10000); // bytes
     QSet<QString> failures;
     bool fromCache = true;
     QCOMPARE(recordLabel(cache, good, &fromCache, &failures), QStringLiteral(" [Cha 6xLiPo]"));
@@ -140,7 +140,7 @@ void TestRecordLabel::delegate()
     QFileDialog dialog;
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setDirectory(folder.path());
-    QCache<QString, QString> cache;
+    QCache<QString, QString> cache(10000);
     const VarelStyledItemDelegate labelling(&cache, &dialog);
     const QLocale locale;
     QCOMPARE(
