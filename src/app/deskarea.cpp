@@ -1,10 +1,14 @@
 #include "app/deskarea.h"
 
+#include <QMdiSubWindow>
 #include <QPaintEvent>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace {
 
+constexpr QSize smallestRoom(300, 180); // in less a graph says nothing
 constexpr int headingSize = 150; // per cent of the area's font
 
 QRect drawLines(QPainter *painter, const QRect &area, int top, const QString &text)
@@ -13,6 +17,48 @@ QRect drawLines(QPainter *painter, const QRect &area, int top, const QString &te
     QRect used;
     painter->drawText(place, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, text, &used);
     return used;
+}
+
+// The highest gap that `taken` leaves in the columns `left`..`right` of `area`.
+QRect largestGap(const QRect &area, int left, int right, const QVector<QRect> &taken)
+{
+    QRect largest;
+    int top = area.top();
+    const QRect column(QPoint(left, area.top()), QPoint(right, area.bottom()));
+    const auto consider = [&](int bottom) {
+        if (bottom - top + 1 > largest.height())
+            largest = QRect(QPoint(left, top), QPoint(right, bottom));
+    };
+    for (const QRect &rect : taken) { // by their tops
+        if (!rect.intersects(column))
+            continue;
+        consider(rect.top() - 1);
+        top = qMax(top, rect.bottom() + 1);
+    }
+    consider(area.bottom());
+    return largest;
+}
+
+// The largest part of `area` that has smallestRoom and that `taken` leaves free; empty if there is none.
+QRect largestRoom(const QRect &area, QVector<QRect> taken)
+{
+    std::sort(taken.begin(), taken.end(), [](const QRect &a, const QRect &b) { return a.top() < b.top(); });
+    QVector<int> lefts{area.left()};
+    QVector<int> rights{area.right()};
+    for (const QRect &rect : qAsConst(taken)) {
+        lefts.append(qMax(area.left(), rect.right() + 1));
+        rights.append(qMin(area.right(), rect.left() - 1));
+    }
+    QRect largest;
+    for (const int left : qAsConst(lefts)) {
+        for (const int right : qAsConst(rights)) {
+            const QRect gap = largestGap(area, left, right, taken);
+            const bool isRoom = gap.width() >= smallestRoom.width() && gap.height() >= smallestRoom.height();
+            if (isRoom && gap.width() * gap.height() > largest.width() * largest.height())
+                largest = gap;
+        }
+    }
+    return largest;
 }
 
 } // namespace
@@ -39,6 +85,40 @@ void DeskArea::setBlack(bool black)
 {
     m_black = black;
     viewport()->update();
+}
+
+void DeskArea::takeFreeRoom(QMdiSubWindow *window) const
+{
+    QVector<QRect> taken;
+    const QList<QMdiSubWindow *> windows = subWindowList();
+    for (const QMdiSubWindow *other : windows) {
+        if (other->isMaximized())
+            return; // and so will be the new one
+        if (other != window && other->isVisible())
+            taken.append(other->geometry());
+    }
+    const auto covers = [window](const QRect &rect) { return rect.intersects(window->geometry()); };
+    if (std::none_of(taken.begin(), taken.end(), covers))
+        return;
+    const QRect room = largestRoom(viewport()->rect(), taken);
+    if (!room.isEmpty())
+        window->setGeometry(room);
+}
+
+void DeskArea::tileSubWindows()
+{
+    QMdiArea::tileSubWindows();
+    QList<QMdiSubWindow *> windows = subWindowList(CreationOrder);
+    const auto isLeftOut = [](QMdiSubWindow *window) { return !window->isVisible() || window->isMinimized(); };
+    windows.erase(std::remove_if(windows.begin(), windows.end(), isLeftOut), windows.end());
+    QVector<QRect> places;
+    for (const QMdiSubWindow *window : qAsConst(windows))
+        places.append(window->geometry());
+    std::sort(places.begin(), places.end(), [](const QRect &a, const QRect &b) {
+        return a.top() != b.top() ? a.top() < b.top() : a.left() < b.left();
+    });
+    for (int i = 0; i < windows.size(); ++i)
+        windows[i]->setGeometry(places[i]);
 }
 
 void DeskArea::paintEvent(QPaintEvent *event)

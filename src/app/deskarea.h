@@ -12,6 +12,12 @@ public:
     /// The ports that are listened on; the hint of an empty area names them, or says how to choose some.
     void tellPorts(const QStringList &ports);
     void setBlack(bool black);
+    /// Gives `window`, which was just added, the largest free room where its own place would cover others.
+    void takeFreeRoom(QMdiSubWindow *window) const;
+
+public slots:
+    /// In rows, by the order of opening; Qt's own puts the active window first.
+    void tileSubWindows();
 
 protected:
     void paintEvent(QPaintEvent *event) override;

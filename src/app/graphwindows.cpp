@@ -1,16 +1,16 @@
 #include "app/graphwindows.h"
 
 #include "app/closeguard.h"
+#include "app/deskarea.h"
 #include "app/displaywindows.h"
 #include "app/figures.h"
 #include "graph/mdigraphchild.h"
 
 #include <QApplication>
-#include <QMdiArea>
 #include <QMdiSubWindow>
 
 GraphWindows::GraphWindows(
-    QWidget *shell, QMdiArea *area, ViewState *state, DisplayWindows *displays, Figures *figures)
+    QWidget *shell, DeskArea *area, ViewState *state, DisplayWindows *displays, Figures *figures)
     : QObject(shell)
     , m_shell(shell)
     , m_area(area)
@@ -37,6 +37,7 @@ MdiGraphChild *GraphWindows::create()
 void GraphWindows::place(MdiGraphChild *child)
 {
     QMdiSubWindow *subWindow = m_area->addSubWindow(child);
+    m_area->takeFreeRoom(subWindow);
     subWindow->setWindowIcon(child->windowIcon());
     subWindow->setToolTip(child->toolTip());
     m_children.append(child);

@@ -6,9 +6,9 @@
 #include <QObject>
 
 class CloseGuard;
+class DeskArea;
 class DisplayWindows;
 class Figures;
-class QMdiArea;
 class QMdiSubWindow;
 class QWidget;
 
@@ -21,7 +21,7 @@ public:
     /// `shell` has the slots updateData(), updateCapacity(), updateVoltage(), renumerateWindows() and
     /// showMessageStatusBar(QString,int). All outlive the graph windows.
     GraphWindows(
-        QWidget *shell, QMdiArea *area, ViewState *state, DisplayWindows *displays, Figures *figures);
+        QWidget *shell, DeskArea *area, ViewState *state, DisplayWindows *displays, Figures *figures);
 
     /// Asked about every window that closes, from now until the program ends; outlives the graph windows.
     void setCloseGuard(CloseGuard *guard) { m_guard = guard; }
@@ -69,7 +69,7 @@ private:
     void setCurrent(MdiGraphChild *child);
 
     QWidget *m_shell;
-    QMdiArea *m_area;
+    DeskArea *m_area;
     ViewState *m_state;
     DisplayWindows *m_displays;
     Figures *m_figures;

@@ -35,6 +35,7 @@ private slots:
     void noWarnings();
     void layoutComesBack();
     void figuresStayInSight();
+    void windowsTakeFreeRoom();
     void closingEndsTheProgram();
     void settingsThatCanNotBeKept();
     void ownStyleSheet();
@@ -102,6 +103,32 @@ void TestWindows::figuresStayInSight()
         QTRY_VERIFY2(last->isVisible(), qPrintable(QString::number(width)));
         QVERIFY(last->mapTo(&window, last->rect().topRight()).x() < width);
     }
+}
+
+/// The third window lies beside the first two as long as that leaves it a readable size; tiles go by number.
+void TestWindows::windowsTakeFreeRoom()
+{
+    MainWindow window;
+    window.resize(1180, 760);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVector<QRect> places;
+    const auto readPlaces = [&] {
+        places.clear();
+        for (const MdiGraphChild *child : window.mdiChildren())
+            places.append(child->parentWidget()->geometry());
+    };
+    for (int i = 0; i < 3; ++i)
+        window.createMdiChild();
+    readPlaces();
+    for (int i = 0; i < 3; ++i)
+        QVERIFY(!places[i].intersects(places[(i + 1) % 3]));
+
+    window.createMdiChild(); // there is no room for it: it is active all the same
+    window.actionSet()[ActionId::Tile]->trigger();
+    readPlaces();
+    for (int i = 0; i < 3; ++i)
+        QVERIFY(places[i].top() < places[i + 1].top() || places[i].left() < places[i + 1].left());
 }
 
 void TestWindows::closingEndsTheProgram()
