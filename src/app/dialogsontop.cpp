@@ -5,27 +5,29 @@
 #include <QEvent>
 #include <QWindow>
 
-#include <algorithm>
-
 namespace {
 
-bool isOnTop(const QWidget *window)
+bool isDisplay(const QWidget *window)
 {
-    return window->isVisible() && !qobject_cast<const QDialog *>(window)
+    return window->isVisible() && window->windowHandle() && !qobject_cast<const QDialog *>(window)
         && window->windowFlags().testFlag(Qt::WindowStaysOnTopHint);
 }
 
-bool anyDisplay()
+QWidgetList displays()
 {
+    QWidgetList displays;
     const QWidgetList windows = QApplication::topLevelWidgets();
-    return std::any_of(windows.begin(), windows.end(), isOnTop);
+    for (QWidget *window : windows) {
+        if (isDisplay(window))
+            displays.append(window);
+    }
+    return displays;
 }
 
 // A change of the widget's own flags would hide it.
-void stayOnTop(const QDialog *dialog)
+void setOnTop(const QWidget *window, bool onTop)
 {
-    if (dialog->windowHandle())
-        dialog->windowHandle()->setFlag(Qt::WindowStaysOnTopHint);
+    window->windowHandle()->setFlag(Qt::WindowStaysOnTopHint, onTop);
 }
 
 } // namespace
@@ -38,39 +40,55 @@ DialogsOnTop::DialogsOnTop(QObject *parent)
 
 bool DialogsOnTop::eventFilter(QObject *watched, QEvent *event)
 {
-    // Comes after the native window is made and before it is seen.
-    if (event->type() == QEvent::Show && watched->isWidgetType()) {
-        auto *dialog = qobject_cast<QDialog *>(watched);
-        if (dialog) {
+    const bool shown = event->type() == QEvent::Show; // there is a native window, which is not seen yet
+    if ((shown || event->type() == QEvent::Hide) && watched->isWidgetType()) {
+        auto *window = static_cast<QWidget *>(watched);
+        if (auto *dialog = qobject_cast<QDialog *>(window)) {
             m_dialogs.removeAll(nullptr);
             m_dialogs.removeAll(dialog);
-            m_dialogs.append(dialog);
-        }
-        if (dialog ? anyDisplay() : isOnTop(static_cast<QWidget *>(watched))) {
-            if (dialog)
-                stayOnTop(dialog);
-            if (!m_raising) // once the window is on the screen: a window manager puts it below an active display
-                QMetaObject::invokeMethod(this, "raiseDialogs", Qt::QueuedConnection);
-            m_raising = true;
+            if (shown)
+                m_dialogs.append(dialog);
+            if (shown && !displays().isEmpty())
+                setOnTop(dialog, true);
+            arrangeSoon();
+        } else if (shown && isDisplay(window)) {
+            setOnTop(window, !QApplication::activeModalWidget());
+            arrangeSoon();
         }
     }
     return QObject::eventFilter(watched, event);
 }
 
-// The modal one last, since no other takes input.
-void DialogsOnTop::raiseDialogs()
+// Once what is shown is on the screen: window managers put it below an active display.
+void DialogsOnTop::arrangeSoon()
 {
-    m_raising = false;
-    if (!anyDisplay())
-        return;
-    QList<QPointer<QDialog>> dialogs = m_dialogs;
-    const QWidget *modal = QApplication::activeModalWidget();
-    std::stable_partition(dialogs.begin(), dialogs.end(),
-        [modal](const QPointer<QDialog> &dialog) { return dialog != modal; });
-    for (const QPointer<QDialog> &dialog : qAsConst(dialogs)) {
-        if (!dialog || !dialog->isVisible())
-            continue;
-        stayOnTop(dialog);
-        dialog->raise();
+    if (!m_arranging)
+        QMetaObject::invokeMethod(this, "arrange", Qt::QueuedConnection);
+    m_arranging = true;
+}
+
+// Some window managers can't raise a modal dialog within a layer that its parent is not in: displays that would
+// cover it leave theirs, and stand on top of the other windows all the same.
+void DialogsOnTop::arrange()
+{
+    m_arranging = false;
+    const QWidgetList shown = displays();
+    QWidget *modal = QApplication::activeModalWidget();
+    for (QWidget *display : shown) {
+        const bool covers = modal && display->frameGeometry().intersects(modal->frameGeometry());
+        setOnTop(display, !covers);
+        if (covers)
+            display->raise();
     }
+    if (shown.isEmpty())
+        return;
+    for (const QPointer<QDialog> &dialog : qAsConst(m_dialogs)) {
+        if (!dialog || !dialog->windowHandle())
+            continue;
+        setOnTop(dialog, true);
+        if (dialog != modal)
+            dialog->raise();
+    }
+    if (modal)
+        modal->raise(); // last: no other takes input
 }

@@ -4,6 +4,7 @@
 #include "displays/datadisplay.h"
 #include "displays/powerdisplay.h"
 #include "displays/voltagecomparison.h"
+#include "displays/windowplace.h"
 #include "graph/mdigraphchild.h"
 #include "resources/resources.h"
 #include "support/fakelink.h"
@@ -18,6 +19,12 @@
 #include <QMdiSubWindow>
 #include <QScreen>
 #include <QWindow>
+
+/// For the window manager.
+bool isOnTop(const QWidget *window)
+{
+    return window->windowHandle() && window->windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint);
+}
 
 /// Hears which window comes up above the others.
 class WindowLog : public QObject {
@@ -56,6 +63,7 @@ private slots:
     void cleanup() { tearDown(); }
 
     void firstPlacesAreOnTheScreen();
+    void movedDisplaysCoverNothing();
     void comparisonKeepsItsPlace();
     void displaysKeepTheirState();
     void displaysNameTheWindow();
@@ -80,6 +88,27 @@ void TestDisplayWindows::firstPlacesAreOnTheScreen()
              static_cast<QWidget *>(window->findChild<PowerDisplay *>()),
              static_cast<QWidget *>(window->findChild<VoltageComparison *>())})
         QVERIFY2(area.contains(display->geometry()), qPrintable(display->windowTitle()));
+}
+
+/// A display that a small screen moves goes where it covers neither others nor menus; one in its own place stays.
+void TestDisplayWindows::movedDisplaysCoverNothing()
+{
+    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+    const QPoint own = area.topLeft() + QPoint(30, 40);
+    for (const QPoint &place : {own, area.bottomLeft() + QPoint(2, 500)}) {
+        QWidget display;
+        WindowPlace::restore(&display, QStringLiteral("nothing"), VarnelSettings(), QSize(200, 150), place);
+        const QRect menus(area.topLeft(), QSize(area.width(), 90));
+        const QRect other = WindowPlace::frameOf(display);
+        WindowPlace::settle(&display, {menus, other});
+        const QRect frame = WindowPlace::frameOf(display);
+        if (place == own)
+            QCOMPARE(display.pos(), own);
+        else
+            QVERIFY(area.contains(frame) && !frame.intersects(menus) && !frame.intersects(other));
+        WindowPlace::settle(&display, {frame}); // from now on it stands where the user wants it
+        QCOMPARE(display.pos(), frame.topLeft());
+    }
 }
 
 /// Neither a dialog that hides it nor the end of the program makes it forget where it was.
@@ -219,20 +248,23 @@ void TestDisplayWindows::staleFiguresSaySince()
 void TestDisplayWindows::questionsStandAboveDisplays()
 {
     window->createMdiChild();
-    const auto standsAbove = [this](bool modal) {
+    auto *display = window->findChild<DataDisplay *>();
+    const auto standsAbove = [&](bool modal) {
         QMessageBox question(window.get());
         question.setModal(modal);
+        question.move(display->pos());
         question.show();
         const WindowLog log;
         QCoreApplication::sendPostedEvents();
-        return log.last() == &question
-            && question.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint);
+        return log.last() == &question && isOnTop(&question) && isOnTop(display) != modal;
     };
     for (const bool modal : {true, false}) {
         QVERIFY(!standsAbove(modal));
         trigger(ActionId::Data);
-        window->findChild<DataDisplay *>()->activateWindow();
+        display->activateWindow();
         QVERIFY(standsAbove(modal));
+        QCoreApplication::sendPostedEvents();
+        QVERIFY(isOnTop(display)); // again
         trigger(ActionId::Data);
     }
 }
@@ -245,6 +277,7 @@ void TestDisplayWindows::displaysComeUpBelowQuestions()
     window->findChild<VoltageComparison *>()->hide(); // as for the open dialog
     QMessageBox question(window.get());
     QMessageBox notice(window.get());
+    question.move(window->findChild<VoltageComparison *>()->pos());
     question.open();
     notice.setModal(false);
     notice.show();
@@ -252,9 +285,10 @@ void TestDisplayWindows::displaysComeUpBelowQuestions()
     window->createMdiChild();
     QCoreApplication::sendPostedEvents();
     QCOMPARE(log.last(), static_cast<QWidget *>(&question)); // the one that takes input
-    QVERIFY(question.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint));
+    QVERIFY(isOnTop(&question));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QVERIFY(window->findChild<VoltageComparison *>()->testAttribute(Qt::WA_ShowWithoutActivating));
+    const auto *comparison = window->findChild<VoltageComparison *>();
+    QVERIFY(!isOnTop(comparison) && comparison->testAttribute(Qt::WA_ShowWithoutActivating));
 }
 
 QTEST_MAIN(TestDisplayWindows)
