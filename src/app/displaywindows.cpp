@@ -12,20 +12,14 @@
 #include "settings/varnelsettings.h"
 #include "settings/viewstate.h"
 
+#include <QMainWindow>
+
 namespace {
 
 constexpr QSize firstSize(470, 280);
 constexpr QPoint firstDataPlace(6, 8);
 constexpr QPoint firstCapacityPlace(2, 316);
 constexpr QPoint firstPowerPlace(2, 670);
-
-// Only the minimised state goes: a maximised display stays so.
-void setShown(QWidget *display, bool shown)
-{
-    if (shown)
-        display->setWindowState(display->windowState() & ~Qt::WindowMinimized);
-    display->setVisible(shown);
-}
 
 QString capacityGroup()
 {
@@ -44,7 +38,7 @@ QString dataPlaceKey()
 
 } // namespace
 
-DisplayWindows::DisplayWindows(QWidget *window, ViewState *state)
+DisplayWindows::DisplayWindows(QMainWindow *window, ViewState *state)
     : QObject(window)
     , m_window(window)
     , m_state(state)
@@ -59,6 +53,33 @@ DisplayWindows::DisplayWindows(QWidget *window, ViewState *state)
     connect(m_capacity, SIGNAL(entriesWanted()), this, SIGNAL(capacitiesWanted()));
     connect(m_power, SIGNAL(closed()), this, SIGNAL(powerClosed()));
     connect(m_data, SIGNAL(closed()), this, SIGNAL(dataClosed()));
+}
+
+// Only the minimised state goes: a maximised display stays so.
+void DisplayWindows::setShown(QWidget *display, bool shown)
+{
+    if (shown) {
+        settle(display);
+        display->setWindowState(display->windowState() & ~Qt::WindowMinimized);
+    }
+    display->setVisible(shown);
+}
+
+// Beside the other displays, shown or not, and below the menus and tool bars.
+void DisplayWindows::settle(QWidget *display) const
+{
+    QVector<QRect> taken;
+    for (const QWidget *other :
+        {static_cast<const QWidget *>(m_capacity), static_cast<const QWidget *>(m_power),
+            static_cast<const QWidget *>(m_data), static_cast<const QWidget *>(m_voltage.data())}) {
+        if (other && other != display)
+            taken.append(WindowPlace::frameOf(*other));
+    }
+    if (m_window->isVisible()) {
+        const QRect desk = m_window->centralWidget()->geometry();
+        taken.append(QRect(m_window->pos(), m_window->mapToGlobal(desk.topRight())));
+    }
+    WindowPlace::settle(display, taken);
 }
 
 void DisplayWindows::showData(bool shown)
@@ -196,15 +217,16 @@ void DisplayWindows::printPower()
 
 void DisplayWindows::readPlaces(const VarnelSettings &settings)
 {
-    const QVariant dataPlace = settings.value(dataPlaceKey()); // its size is fixed
-    m_data->move(dataPlace.isValid() ? WindowPlace::reachable(dataPlace.toPoint(), m_data->size())
-                                     : WindowPlace::first(firstDataPlace, m_data->size()));
+    WindowPlace::place(m_data, settings.value(dataPlaceKey()), firstDataPlace); // its size is fixed
     WindowPlace::restore(m_capacity, capacityGroup(), settings, firstSize, firstCapacityPlace);
     WindowPlace::restore(m_power, powerGroup(), settings, firstSize, firstPowerPlace);
 }
 
 void DisplayWindows::writePlaces(VarnelSettings *settings) const
 {
+    settle(m_data); // the next start takes it for the user's wish
+    settle(m_capacity);
+    settle(m_power);
     settings->setValue(dataPlaceKey(), m_data->pos());
     WindowPlace::save(*m_capacity, capacityGroup(), settings);
     WindowPlace::save(*m_power, powerGroup(), settings);

@@ -8,6 +8,7 @@ class DataDisplay;
 class MdiGraphChild;
 class PowerDisplay;
 class QDateTime;
+class QMainWindow;
 class QWidget;
 class Varnel3Data;
 class VarnelSettings;
@@ -21,7 +22,7 @@ class DisplayWindows : public QObject {
 
 public:
     /// `window` is the parent of every display, so that none outlives it or keeps the program running.
-    DisplayWindows(QWidget *window, ViewState *state);
+    DisplayWindows(QMainWindow *window, ViewState *state);
 
     /// What the voltage comparison shows; outlives this.
     void setVoltageSource(VoltageSource *source) { m_source = source; }
@@ -67,10 +68,12 @@ signals:
     void capacitiesWanted();
 
 private:
+    void setShown(QWidget *display, bool shown);
+    void settle(QWidget *display) const;
     VoltageComparison *createVoltage();
     void nameDevice(const MdiGraphChild *child);
 
-    QWidget *m_window;
+    QMainWindow *m_window;
     ViewState *m_state;
     CapacityDisplay *m_capacity;
     PowerDisplay *m_power;

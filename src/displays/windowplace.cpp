@@ -6,7 +6,10 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QVariant>
 #include <QWidget>
+
+#include <utility>
 
 namespace WindowPlace {
 
@@ -21,6 +24,45 @@ QPoint onPrimaryScreen(const QPoint &place, const QSize &size)
     const int right = area.right() - size.width() - scaled(frame.width());
     const int bottom = area.bottom() - size.height() - scaled(frame.height());
     return {qMax(area.left(), qMin(place.x(), right)), qMax(area.top(), qMin(place.y(), bottom))};
+}
+
+// Of a display that does not stand where it belongs.
+constexpr char movedProperty[] = "movedOntoScreen";
+
+int covered(const QRect &rect, const QVector<QRect> &taken)
+{
+    int pixels = 0;
+    for (const QRect &other : taken) {
+        const QRect common = rect & other;
+        pixels += common.width() * common.height();
+    }
+    return pixels;
+}
+
+// The least covering place, next to `wanted`: free ones begin at an edge of the screen or of what is there.
+QPoint freePlace(const QRect &wanted, const QVector<QRect> &taken)
+{
+    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+    QVector<int> lefts{wanted.left(), area.left(), area.right() + 1 - wanted.width()};
+    QVector<int> tops{wanted.top(), area.top(), area.bottom() + 1 - wanted.height()};
+    for (const QRect &rect : taken) {
+        lefts << rect.right() + 1 << rect.left() - wanted.width();
+        tops << rect.bottom() + 1 << rect.top() - wanted.height();
+    }
+    QPoint best = wanted.topLeft();
+    auto least = std::make_pair(covered(wanted, taken), 0);
+    for (const int left : qAsConst(lefts)) {
+        for (const int top : qAsConst(tops)) {
+            const QRect rect(QPoint(left, top), wanted.size());
+            const auto cost
+                = std::make_pair(covered(rect, taken), (rect.topLeft() - wanted.topLeft()).manhattanLength());
+            if (cost < least && area.contains(rect)) {
+                least = cost;
+                best = rect.topLeft();
+            }
+        }
+    }
+    return best;
 }
 
 // The settings' keys below a display's group.
@@ -45,6 +87,27 @@ QPoint reachable(const QPoint &place, const QSize &size)
     return onPrimaryScreen(place, size);
 }
 
+void place(QWidget *display, const QVariant &saved, const QPoint &place)
+{
+    const QPoint wanted = saved.isValid() ? saved.toPoint() : QPoint(scaled(place.x()), scaled(place.y()));
+    const QPoint found = saved.isValid() ? reachable(wanted, display->size()) : first(place, display->size());
+    display->move(found);
+    display->setProperty(movedProperty, found != wanted);
+}
+
+void settle(QWidget *display, const QVector<QRect> &taken)
+{
+    if (!display->property(movedProperty).toBool())
+        return;
+    display->setProperty(movedProperty, false);
+    display->move(freePlace(frameOf(*display), taken));
+}
+
+QRect frameOf(const QWidget &display)
+{
+    return {display.pos(), display.size() + QSize(scaled(frame.width()), scaled(frame.height()))};
+}
+
 void save(const QWidget &display, const QString &group, VarnelSettings *settings)
 {
     settings->setValue(group + maximisedKey, display.isMaximized());
@@ -63,9 +126,7 @@ void restore(QWidget *display, const QString &group, const VarnelSettings &setti
     const QPoint &place)
 {
     display->resize(settings.value(group + sizeKey, size).toSize());
-    const QVariant saved = settings.value(group + placeKey);
-    display->move(
-        saved.isValid() ? reachable(saved.toPoint(), display->size()) : first(place, display->size()));
+    WindowPlace::place(display, settings.value(group + placeKey), place);
     if (settings.value(group + maximisedKey).toBool())
         display->setWindowState(display->windowState() | Qt::WindowMaximized);
 }

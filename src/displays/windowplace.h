@@ -1,8 +1,12 @@
 #pragma once
 
+#include <QVector>
+
 class QPoint;
+class QRect;
 class QSize;
 class QString;
+class QVariant;
 class QWidget;
 class VarnelSettings;
 
@@ -16,6 +20,16 @@ QPoint first(const QPoint &place, const QSize &size);
 /// `place`, a frame position kept for a window of `size` pixels; where its title can no longer be reached
 /// there, since the screen is gone or smaller, moved onto the primary screen.
 QPoint reachable(const QPoint &place, const QSize &size);
+
+/// Moves `display`, which is hidden, to `saved`, a frame position, or, where that is invalid, to first(`place`).
+void place(QWidget *display, const QVariant &saved, const QPoint &place);
+
+/// Moves `display` to where it covers none of `taken`, if there is such a place on the primary screen, else as
+/// little of them as can be. Only one that place() or restore() could not put where it belongs, and only once.
+void settle(QWidget *display, const QVector<QRect> &taken);
+
+/// What `display` takes of the screen, on which it may never have been.
+QRect frameOf(const QWidget &display);
 
 /// Keeps size and place of `display` under `group`: while it is maximised those that it goes back to, and
 /// that it is.
