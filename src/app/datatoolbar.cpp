@@ -2,20 +2,23 @@
 
 #include "data/timetext.h"
 #include "data/varnel3data.h"
+#include "displays/displayscale.h"
 
 #include <QLabel>
 #include <QLocale>
 
 namespace {
 
+constexpr int labelWidths[] = {120, 55, 60, 55, 75, 65};
 constexpr int labelHeight = 28;
+constexpr int letterHeight = 11; // px, as in the style sheet; the widths are made for it
+constexpr int barWidth = 470; // px of the labels and what lies between them
 
-QLabel *addLabel(QToolBar *bar, const char *name, int width, const QString &toolTip)
+QLabel *addLabel(QToolBar *bar, const char *name, const QString &toolTip)
 {
     auto *label = new QLabel(bar);
     label->setObjectName(QLatin1String(name));
     label->setFrameStyle(QFrame::Box);
-    label->setFixedSize(width, labelHeight);
     label->setAlignment(Qt::AlignCenter);
     label->setToolTip(toolTip);
     bar->addWidget(label);
@@ -52,12 +55,28 @@ DataToolBar::DataToolBar(QWidget *parent)
     setObjectName(QStringLiteral("dataToolBar"));
     setFloatable(false);
     setMovable(false);
-    modeLabel = addLabel(this, "modeLabel", 120, tr("Mode and cells type"));
-    voltageLabel = addLabel(this, "voltageLabel", 55, tr("Voltage"));
-    currentLabel = addLabel(this, "currentLabel", 60, tr("Current"));
-    temperatureLabel = addLabel(this, "temperatureLabel", 55, tr("Temperature"));
-    energyLabel = addLabel(this, "energyLabel", 75, tr("Energy"));
-    timeLabel = addLabel(this, "timeLabel", 65, tr("Time"));
+    modeLabel = addLabel(this, "modeLabel", tr("Mode and cells type"));
+    voltageLabel = addLabel(this, "voltageLabel", tr("Voltage"));
+    currentLabel = addLabel(this, "currentLabel", tr("Current"));
+    temperatureLabel = addLabel(this, "temperatureLabel", tr("Temperature"));
+    energyLabel = addLabel(this, "energyLabel", tr("Energy"));
+    timeLabel = addLabel(this, "timeLabel", tr("Time"));
+    fitTo(barWidth);
+}
+
+void DataToolBar::fitTo(int width)
+{
+    const double scale = qBound(1.0, double(width) / barWidth, double(displayScale()));
+    if (qFuzzyCompare(scale, m_scale))
+        return;
+    m_scale = scale;
+    const auto all = labels();
+    for (int i = 0; i < all.size(); ++i) {
+        all[i]->setFixedSize(qRound(labelWidths[i] * scale), qRound(labelHeight * scale));
+        all[i]->setStyleSheet(scale > 1.0 // else the program's sheet has it
+                ? QStringLiteral("font-size: %1px").arg(int(letterHeight * scale))
+                : QString());
+    }
 }
 
 void DataToolBar::showRecord(const Varnel3Data &record)

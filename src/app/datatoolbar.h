@@ -15,6 +15,8 @@ public:
     /// Shows `record`; one without cells or without a process leaves every figure empty.
     void showRecord(const Varnel3Data &record);
     void clearFigures();
+    /// Makes the figures as large as the desktop's letters, as far as `width` px have room for all of them.
+    void fitTo(int width);
     /// Dims the figures while `stale`: they are no longer those of now.
     void setStale(bool stale);
 
@@ -27,4 +29,5 @@ private:
     QLabel *temperatureLabel;
     QLabel *energyLabel;
     QLabel *timeLabel;
+    double m_scale = 0.0; // of the labels
 };

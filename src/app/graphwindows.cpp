@@ -4,6 +4,7 @@
 #include "app/deskarea.h"
 #include "app/displaywindows.h"
 #include "app/figures.h"
+#include "displays/displayscale.h"
 #include "graph/mdigraphchild.h"
 
 #include <QApplication>
@@ -37,6 +38,7 @@ MdiGraphChild *GraphWindows::create()
 void GraphWindows::place(MdiGraphChild *child)
 {
     QMdiSubWindow *subWindow = m_area->addSubWindow(child);
+    child->setScale(displayScale());
     m_area->takeFreeRoom(subWindow);
     subWindow->setWindowIcon(child->windowIcon());
     subWindow->setToolTip(child->toolTip());

@@ -218,6 +218,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
 void MainWindow::resizeEvent(QResizeEvent *event)
 {
     QMainWindow::resizeEvent(event);
+    dataToolBar->fitTo(width());
     ShellMenus::fitToolBars(this, mainToolBar, dataToolBar);
 }
 

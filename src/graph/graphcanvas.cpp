@@ -20,7 +20,8 @@ GraphCanvas::GraphCanvas(QPainter *usedPainter, const GraphPicture &shownPicture
     , picture(shownPicture)
     , tools(usedTools)
     , fonts(usedTools.fonts)
-    , layout(shownPicture.size, shownPicture.store->size())
+    , scale(GraphLayout::fittingScale(shownPicture.size, shownPicture.scale))
+    , layout(shownPicture.size / scale, shownPicture.store->size())
     , colours(shownPicture.switches.blackBackground)
     , timeMap(shownTimes(shownPicture, layout))
 {

@@ -14,6 +14,7 @@ struct GraphCanvas {
     const GraphPicture &picture;
     GraphTools &tools;
     GraphFonts &fonts;
+    double scale; ///< of the painter, which counts in the layout's pixels
     GraphLayout layout;
     GraphColours colours;
     QwtScaleMap timeMap; ///< of the times shown; without records a second

@@ -54,9 +54,9 @@ void GraphInteraction::startAnew()
     endDrag();
 }
 
-void GraphInteraction::resize()
+void GraphInteraction::resize(const QSize &size)
 {
-    m_view.resize(m_widget->size());
+    m_view.resize(size);
     m_selecting = false;
 }
 
@@ -68,7 +68,7 @@ int GraphInteraction::cellsInLegend() const
 
 void GraphInteraction::pointAt(const QPoint &position)
 {
-    if (!m_widget->rect().contains(position))
+    if (!QRect(0, 0, m_view.layout().width(), m_view.layout().height()).contains(position))
         return;
     m_area = m_view.areaAt(position).value_or(m_area);
     const int record = m_view.recordAt(position.x());

@@ -34,7 +34,7 @@ public:
     void release(const QMouseEvent *event);
     void doubleClick(const QMouseEvent *event);
     void leave();
-    void resize();
+    void resize(const QSize &size);
     /// False for an event that means nothing here.
     bool wheel(const QWheelEvent *event);
     bool key(const QKeyEvent *event);

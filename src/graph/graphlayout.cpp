@@ -7,6 +7,7 @@ constexpr int legendWidth = 58;
 constexpr int valueStepHeight = 40;
 constexpr int fewTicks = 4;
 constexpr int manyTicks = 8;
+constexpr QSize readable(320, 200); // px; plots, axes and legend are still told apart
 
 } // namespace
 
@@ -84,4 +85,11 @@ QRect GraphLayout::legend(PlotArea area) const
 {
     const QRect beside = this->area(area);
     return {QPoint(legend().left(), beside.top()), QPoint(legend().right(), beside.bottom())};
+}
+
+double GraphLayout::fittingScale(const QSize &size, double wanted)
+{
+    const double room
+        = qMin(double(size.width()) / readable.width(), double(size.height()) / readable.height());
+    return qMax(1.0, qMin(wanted, room));
 }

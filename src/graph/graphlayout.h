@@ -43,6 +43,10 @@ public:
     /// The part of the legend beside `area`.
     QRect legend(PlotArea area) const;
 
+    /// The factor by which a picture of `size` px is drawn enlarged so that its letters follow the user's font:
+    /// `wanted`, or less where that would leave its plots no room. 1 at least.
+    static double fittingScale(const QSize &size, double wanted);
+
 private:
     int half() const { return (height() - 22) / 2; } // lower edge of the upper area
 

@@ -12,6 +12,19 @@
 
 namespace {
 
+// In the device's own pixels, of which a curve uses each, however large the letters are.
+QwtScaleMap finer(QwtScaleMap map, double scale)
+{
+    map.setPaintInterval(map.p1() * scale, map.p2() * scale);
+    return map;
+}
+
+QRect finer(const QRect &rect, double scale)
+{
+    return {QPoint(qRound(rect.left() * scale), qRound(rect.top() * scale)),
+        QPoint(qRound(rect.right() * scale), qRound(rect.bottom() * scale))};
+}
+
 QPen penOf(const GraphTools &tools, const GraphScene::Curve &curve)
 {
     if (curve.series < SeriesStore::Cell1)
@@ -32,11 +45,13 @@ void GraphPainter::paint(QPainter *painter, const GraphPicture &picture)
 {
     painter->save();
     const GraphCanvas canvas(painter, picture, *m_tools);
+    painter->scale(canvas.scale, canvas.scale);
     FramePainter frame(canvas);
     frame.paintBackground();
     frame.paintBadge();
     if (picture.store->isEmpty()) {
-        frame.paintNoData(QRect(QPoint(0, 0), picture.size), 40, QColor(191, 191, 191), QString());
+        frame.paintNoData(
+            QRect(0, 0, canvas.layout.width(), canvas.layout.height()), 40, QColor(191, 191, 191), QString());
     } else if (canvas.layout.isDrawable()) {
         paintPlots(canvas);
     }
@@ -73,12 +88,16 @@ void GraphPainter::paintPointer(const GraphCanvas &canvas, const GraphScene &sce
 
 void GraphPainter::paintCurves(const GraphCanvas &canvas, const GraphScene &scene)
 {
+    const double scale = canvas.scale;
+    canvas.painter->save();
+    canvas.painter->scale(1 / scale, 1 / scale);
     for (auto it = scene.curves.crbegin(); it != scene.curves.crend(); ++it) {
         const GraphScene::Curve &curve = *it;
         const ValueRange range = curve.range.part(canvas.picture.zoom.share(curve.area));
         m_curves.draw(canvas.painter,
-            {canvas.picture.store, curve.series, curve.first, canvas.timeMap,
-                canvas.layout.valueMap(curve.area, range.low, range.high), canvas.layout.area(curve.area),
-                penOf(*m_tools, curve)});
+            {canvas.picture.store, curve.series, curve.first, finer(canvas.timeMap, scale),
+                finer(canvas.layout.valueMap(curve.area, range.low, range.high), scale),
+                finer(canvas.layout.area(curve.area), scale), penOf(*m_tools, curve)});
     }
+    canvas.painter->restore();
 }

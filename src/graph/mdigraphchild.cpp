@@ -25,6 +25,13 @@ bool mayHaveEnded(const SeriesStore &store)
     return !store.isEmpty() && (store.records().last().current == 0 || store.records().last().flag4 == 'E');
 }
 
+// The pixels that the layout counts in.
+QMouseEvent inPicture(const QMouseEvent &event, double scale)
+{
+    return {event.type(), event.localPos() / scale, event.windowPos(), event.screenPos(), event.button(),
+        event.buttons(), event.modifiers(), event.source()};
+}
+
 } // namespace
 
 MdiGraphChild::MdiGraphChild(GraphHost *host, QWidget *parent)
@@ -64,6 +71,18 @@ void MdiGraphChild::connectInteraction()
     connect(m_interaction, SIGNAL(recordPointedAt(int)), this, SLOT(showRecordAt(int)));
     connect(m_interaction, SIGNAL(pointerLeft()), this, SLOT(showNewestPlain()));
     connect(m_interaction->cells(), SIGNAL(changed()), this, SIGNAL(selectedCellsChanged()));
+}
+
+void MdiGraphChild::setScale(double scale)
+{
+    m_scale = scale;
+    m_interaction->resize(size() / shownScale());
+    update();
+}
+
+double MdiGraphChild::shownScale() const
+{
+    return GraphLayout::fittingScale(size(), m_scale);
 }
 
 QSize MdiGraphChild::sizeHint() const
@@ -329,6 +348,7 @@ GraphPicture MdiGraphChild::picture(const QSize &pictureSize) const
 {
     GraphPicture picture;
     picture.size = pictureSize;
+    picture.scale = m_scale;
     picture.store = &m_store;
     picture.switches = m_host->viewState()->switches();
     picture.selectedCells = selectedCells();
@@ -342,7 +362,7 @@ GraphPicture MdiGraphChild::picture(const QSize &pictureSize) const
 void MdiGraphChild::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
-    m_interaction->resize();
+    m_interaction->resize(size() / shownScale());
 }
 
 void MdiGraphChild::showEvent(QShowEvent *event)
@@ -354,30 +374,36 @@ void MdiGraphChild::showEvent(QShowEvent *event)
 void MdiGraphChild::mousePressEvent(QMouseEvent *event)
 {
     QWidget::mousePressEvent(event);
-    m_interaction->press(event);
+    const QMouseEvent scaled = inPicture(*event, shownScale());
+    m_interaction->press(&scaled);
     event->accept();
 }
 
 void MdiGraphChild::mouseMoveEvent(QMouseEvent *event)
 {
-    m_interaction->move(event);
+    const QMouseEvent scaled = inPicture(*event, shownScale());
+    m_interaction->move(&scaled);
 }
 
 void MdiGraphChild::mouseReleaseEvent(QMouseEvent *event)
 {
     QWidget::mouseReleaseEvent(event);
-    m_interaction->release(event);
+    const QMouseEvent scaled = inPicture(*event, shownScale());
+    m_interaction->release(&scaled);
     event->accept();
 }
 
 void MdiGraphChild::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    m_interaction->doubleClick(event);
+    const QMouseEvent scaled = inPicture(*event, shownScale());
+    m_interaction->doubleClick(&scaled);
 }
 
 void MdiGraphChild::wheelEvent(QWheelEvent *event)
 {
-    event->setAccepted(m_interaction->wheel(event));
+    const QWheelEvent scaled(event->position() / shownScale(), event->globalPosition(), event->pixelDelta(),
+        event->angleDelta(), event->buttons(), event->modifiers(), event->phase(), event->inverted());
+    event->setAccepted(m_interaction->wheel(&scaled));
 }
 
 void MdiGraphChild::keyPressEvent(QKeyEvent *event)

@@ -74,6 +74,8 @@ public:
     void finishRecording() override;
 
     QSize sizeHint() const override;
+    /// The factor by which letters and all that lies around them are enlarged, as far as there is room.
+    void setScale(double scale);
 
 signals:
     /// After each record: mAh now, mode letter, mAh at the end mark, window number.
@@ -106,6 +108,7 @@ private:
     void connectInteraction();
     Varnel3Data shownRecord(int record) const;
     QString silenceText() const;
+    double shownScale() const;
     void tellCapacity();
     void scheduleRepaint();
     void setTitle(const QString &title);
@@ -121,6 +124,7 @@ private:
     QDateTime m_fullSince; // valid once a record found no memory: the window grows no more
     QString m_titleTip;
     int m_windowNumber = 0;
+    double m_scale = 1.0; // wanted
     QString m_baseTitle;
     QString m_fileName;
     bool m_neverSaved = true;

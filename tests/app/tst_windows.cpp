@@ -21,9 +21,13 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPainter>
+#include <QScopeGuard>
 #include <QTest>
 #include <QTimer>
 #include <QToolBar>
+#include <QToolButton>
+
+#include <algorithm>
 
 /// Every window is built once under a message handler: a connection by name
 /// that does not hold is only a warning.
@@ -34,6 +38,7 @@ private slots:
     void initTestCase();
     void noWarnings();
     void layoutComesBack();
+    void figuresStayInSight_data();
     void figuresStayInSight();
     void windowsTakeFreeRoom();
     void closingEndsTheProgram();
@@ -91,17 +96,69 @@ void TestWindows::layoutComesBack()
         QVERIFY2(settings.contains(QLatin1String(key)), key);
 }
 
-/// The last figure of the tool bar is seen at any width that the program is used at.
+namespace {
+
+/// Columns of a button in which something is drawn on its ground.
+int inkWidth(const QToolButton *button)
+{
+    const QImage image = const_cast<QToolButton *>(button)->grab().toImage();
+    int columns = 0;
+    for (int x = 0; x < image.width(); ++x) {
+        bool ink = false;
+        for (int y = 0; y < image.height(); ++y)
+            ink |= image.pixel(x, y) != image.pixel(0, 0);
+        columns += ink;
+    }
+    return columns;
+}
+
+} // namespace
+
+void TestWindows::figuresStayInSight_data()
+{
+    QTest::addColumn<double>("enlarged");
+    QTest::newRow("usual letters") << 1.0;
+    QTest::newRow("twice as large") << 2.0;
+}
+
+/// At any width that the program is used at the last figure of the tool bar is seen, and each of its commands is
+/// seen or behind the extension button. The figures are as large as the letters.
 void TestWindows::figuresStayInSight()
 {
+    QFETCH(double, enlarged);
+    const QFont usual = QApplication::font();
+    QFont font = usual;
+    font.setPointSizeF(usual.pointSizeF() * enlarged);
+    QApplication::setFont(font);
+    const auto back = qScopeGuard([usual] { QApplication::setFont(usual); });
+    installStyleSheet(qApp, fixture.path(QString()));
     MainWindow window;
     window.show();
-    for (int width : {800, 1400, 1024, 640}) {
+    window.findChild<QToolBar *>(QStringLiteral("mainToolBar"))->show();
+    for (int width : {800, 1400, 1180, 1024, 640}) {
         window.resize(width, 600);
         const auto *last = window.findChild<QToolBar *>(QStringLiteral("dataToolBar"))
                                ->findChild<QLabel *>(QStringLiteral("timeLabel"));
         QTRY_VERIFY2(last->isVisible(), qPrintable(QString::number(width)));
         QVERIFY(last->mapTo(&window, last->rect().topRight()).x() < width);
+        const double room = qMin(enlarged, width / 480.0);
+        QVERIFY(last->width() >= int(room * 65));
+        QVERIFY(last->fontMetrics().height() >= int(room * 11));
+        const auto *commands = window.findChild<QToolBar *>(QStringLiteral("mainToolBar"));
+        const auto *extension = commands->findChild<QToolButton *>(QStringLiteral("qt_toolbar_ext_button"));
+        const auto isSeen = [&](const QWidget *button) {
+            return button->isVisible() && commands->rect().contains(button->geometry())
+                && button->mapTo(&window, button->rect().topRight()).x() < width;
+        };
+        const auto areInReach = [&] {
+            const QList<QAction *> all = commands->actions();
+            return std::all_of(all.begin(), all.end(), [&](QAction *action) {
+                const QWidget *button = commands->widgetForAction(action);
+                return isSeen(button) || (!button->isVisible() && isSeen(extension));
+            });
+        };
+        QTRY_VERIFY2(areInReach(), qPrintable(QString::number(width)));
+        QVERIFY(!extension->isVisible() || inkWidth(extension) >= 6); // an arrow, not a speck
     }
 }
 

@@ -22,6 +22,7 @@ private slots:
     void cleanup();
     void hoveringShowsTheRecord_data();
     void hoveringShowsTheRecord();
+    void largeLettersMoveThePlots();
     void otherWindowsAreLeftAlone();
     void leavingShowsTheNewest();
     void rectangleZooms();
@@ -129,6 +130,21 @@ void TestGraphInteraction::hoveringShowsTheRecord()
     QFETCH(int, time);
     hover(position);
     QCOMPARE(lastShownTime(), time);
+}
+
+/// With larger letters the pointer means what is drawn under it.
+void TestGraphInteraction::largeLettersMoveThePlots()
+{
+    child->setScale(2.0);
+    const GraphLayout drawn(child->size() / 2, count);
+    const QRect upper = drawn.area(PlotArea::Upper);
+    hover(2 * upper.center());
+    QCOMPARE(lastShownTime(), 43 * period);
+    drag(Qt::LeftButton, 2 * upper.topLeft(), 2 * upper.center());
+    QCOMPARE(qRound(zoom().times().high / period), 43);
+    const QImage large = child->grab().toImage();
+    QCOMPARE(large.pixelColor(20, 2 * (drawn.height() - 1 - 20)), QColor(Qt::yellow)); // the badge, of 10 px
+    QCOMPARE(GraphLayout::fittingScale(child->size(), 9.0), 3.0); // what leaves the plots room
 }
 
 void TestGraphInteraction::otherWindowsAreLeftAlone()
