@@ -109,7 +109,8 @@ void DeskArea::tileSubWindows()
 {
     QMdiArea::tileSubWindows();
     QList<QMdiSubWindow *> windows = subWindowList(CreationOrder);
-    const auto isLeftOut = [](QMdiSubWindow *window) { return !window->isVisible() || window->isMinimized(); };
+    const auto isLeftOut
+        = [](QMdiSubWindow *window) { return !window->isVisible() || window->isMinimized(); };
     windows.erase(std::remove_if(windows.begin(), windows.end(), isLeftOut), windows.end());
     QVector<QRect> places;
     for (const QMdiSubWindow *window : qAsConst(windows))
