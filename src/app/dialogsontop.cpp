@@ -67,21 +67,15 @@ void DialogsOnTop::arrangeSoon()
     m_arranging = true;
 }
 
-// Some window managers can't raise a modal dialog within a layer that its parent is not in: displays that would
-// cover it leave theirs, and stand on top of the other windows all the same.
+// Some window managers raise a modal dialog with its parent, and only within the parent's layer: displays that
+// would cover it leave theirs, and stand on top of the other windows all the same.
 void DialogsOnTop::arrange()
 {
     m_arranging = false;
     const QWidgetList shown = displays();
-    QWidget *modal = QApplication::activeModalWidget();
-    for (QWidget *display : shown) {
-        const bool covers = modal && display->frameGeometry().intersects(modal->frameGeometry());
-        setOnTop(display, !covers);
-        if (covers)
-            display->raise();
-    }
     if (shown.isEmpty())
         return;
+    QWidget *modal = QApplication::activeModalWidget();
     for (const QPointer<QDialog> &dialog : qAsConst(m_dialogs)) {
         if (!dialog || !dialog->windowHandle())
             continue;
@@ -90,5 +84,11 @@ void DialogsOnTop::arrange()
             dialog->raise();
     }
     if (modal)
-        modal->raise(); // last: no other takes input
+        modal->raise(); // after those that take no input now
+    for (QWidget *display : shown) {
+        const bool covers = modal && display->frameGeometry().intersects(modal->frameGeometry());
+        setOnTop(display, !covers);
+        if (covers)
+            display->raise();
+    }
 }

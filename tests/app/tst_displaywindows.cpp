@@ -26,7 +26,7 @@ bool isOnTop(const QWidget *window)
     return window->windowHandle() && window->windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint);
 }
 
-/// Hears which window comes up above the others.
+/// Hears which window comes up above all others.
 class WindowLog : public QObject {
     Q_OBJECT
 
@@ -39,7 +39,7 @@ protected:
     {
         auto *widget = qobject_cast<QWidget *>(watched);
         const bool comesUp = event->type() == QEvent::Show || event->type() == QEvent::ZOrderChange;
-        if (comesUp && widget && widget->isWindow() && widget->parentWidget()) // a dialog or a display
+        if (comesUp && widget && widget->isWindow() && isOnTop(widget))
             m_last = widget;
         return false;
     }
