@@ -68,7 +68,7 @@ void DialogsOnTop::arrangeSoon()
 }
 
 // Some window managers raise a modal dialog with its parent, and only within the parent's layer: displays that
-// would cover it leave theirs, and stand on top of the other windows all the same.
+// would cover it leave theirs until it is closed.
 void DialogsOnTop::arrange()
 {
     m_arranging = false;
