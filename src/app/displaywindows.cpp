@@ -14,6 +14,8 @@
 
 #include <QMainWindow>
 
+#include <memory>
+
 namespace {
 
 constexpr QSize firstSize(470, 280);
@@ -66,13 +68,18 @@ void DisplayWindows::setShown(QWidget *display, bool shown)
 }
 
 // Beside the other displays, shown or not, and below the menus and tool bars.
-void DisplayWindows::settle(QWidget *display) const
+void DisplayWindows::settle(QWidget *display)
 {
+    if (!WindowPlace::wasMoved(*display))
+        return;
+    std::unique_ptr<QWidget> unmade; // it takes its place as soon as it is opened
+    if (!m_voltage)
+        unmade.reset(createVoltage());
+    const QWidget *voltage = m_voltage ? static_cast<QWidget *>(m_voltage.data()) : unmade.get();
     QVector<QRect> taken;
-    for (const QWidget *other :
-        {static_cast<const QWidget *>(m_capacity), static_cast<const QWidget *>(m_power),
-            static_cast<const QWidget *>(m_data), static_cast<const QWidget *>(m_voltage.data())}) {
-        if (other && other != display)
+    for (const QWidget *other : {static_cast<const QWidget *>(m_capacity),
+             static_cast<const QWidget *>(m_power), static_cast<const QWidget *>(m_data), voltage}) {
+        if (other != display)
             taken.append(WindowPlace::frameOf(*other));
     }
     if (m_window->isVisible()) {
@@ -222,7 +229,7 @@ void DisplayWindows::readPlaces(const VarnelSettings &settings)
     WindowPlace::restore(m_power, powerGroup(), settings, firstSize, firstPowerPlace);
 }
 
-void DisplayWindows::writePlaces(VarnelSettings *settings) const
+void DisplayWindows::writePlaces(VarnelSettings *settings)
 {
     settle(m_data); // the next start takes it for the user's wish
     settle(m_capacity);

@@ -56,7 +56,7 @@ public:
 
     /// Places and sizes of the displays as the settings keep them.
     void readPlaces(const VarnelSettings &settings);
-    void writePlaces(VarnelSettings *settings) const;
+    void writePlaces(VarnelSettings *settings);
 
 signals:
     /// The user closed the window; those that stay in memory are only hidden.
@@ -69,7 +69,7 @@ signals:
 
 private:
     void setShown(QWidget *display, bool shown);
-    void settle(QWidget *display) const;
+    void settle(QWidget *display);
     VoltageComparison *createVoltage();
     void nameDevice(const MdiGraphChild *child);
 

@@ -95,9 +95,14 @@ void place(QWidget *display, const QVariant &saved, const QPoint &place)
     display->setProperty(movedProperty, found != wanted);
 }
 
+bool wasMoved(const QWidget &display)
+{
+    return display.property(movedProperty).toBool();
+}
+
 void settle(QWidget *display, const QVector<QRect> &taken)
 {
-    if (!display->property(movedProperty).toBool())
+    if (!wasMoved(*display))
         return;
     display->setProperty(movedProperty, false);
     display->move(freePlace(frameOf(*display), taken));

@@ -24,8 +24,11 @@ QPoint reachable(const QPoint &place, const QSize &size);
 /// Moves `display`, which is hidden, to `saved`, a frame position, or, where that is invalid, to first(`place`).
 void place(QWidget *display, const QVariant &saved, const QPoint &place);
 
-/// Moves `display` to where it covers none of `taken`, if there is such a place on the primary screen, else as
-/// little of them as can be. Only one that place() or restore() could not put where it belongs, and only once.
+/// `display` could not be put where it belongs by place() or restore(), and has not been settled since.
+bool wasMoved(const QWidget &display);
+
+/// Moves `display`, which was moved, to where it covers none of `taken`, if there is such a place on the
+/// primary screen, else as little of them as can be.
 void settle(QWidget *display, const QVector<QRect> &taken);
 
 /// What `display` takes of the screen, on which it may never have been.
