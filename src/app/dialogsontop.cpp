@@ -67,8 +67,8 @@ void DialogsOnTop::arrangeSoon()
     m_arranging = true;
 }
 
-// Some window managers raise a modal dialog with its parent, and only within the parent's layer: displays that
-// would cover it leave theirs until it is closed.
+// Some window managers raise a modal dialog with its parent, and only within the parent's layer: displays
+// that would cover it leave theirs until it is closed.
 void DialogsOnTop::arrange()
 {
     m_arranging = false;

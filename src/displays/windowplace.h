@@ -21,7 +21,8 @@ QPoint first(const QPoint &place, const QSize &size);
 /// there, since the screen is gone or smaller, moved onto the primary screen.
 QPoint reachable(const QPoint &place, const QSize &size);
 
-/// Moves `display`, which is hidden, to `saved`, a frame position, or, where that is invalid, to first(`place`).
+/// Moves `display`, which is hidden, to `saved`, a frame position, or, where that is invalid, to
+/// first(`place`).
 void place(QWidget *display, const QVariant &saved, const QPoint &place);
 
 /// `display` could not be put where it belongs by place() or restore(), and has not been settled since.

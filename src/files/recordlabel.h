@@ -9,7 +9,7 @@
 /// when `cache` does not hold its path.
 ///
 /// `fromCache`, unless null, tells whether it did. Labels that are not empty go into `cache` at the cost of
-/// their bytes and their paths': its limit should hold those of a large folder. Paths without a label go into `failures`,
-/// unless null, and are not read again while they are in it.
+/// their bytes and their paths': its limit should hold those of a large folder. Paths without a label
+/// go into `failures`, unless null, and are not read again while they are in it.
 QString recordLabel(QCache<QString, QString> &cache, const QString &path, bool *fromCache = nullptr,
     QSet<QString> *failures = nullptr);

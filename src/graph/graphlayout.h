@@ -43,7 +43,7 @@ public:
     /// The part of the legend beside `area`.
     QRect legend(PlotArea area) const;
 
-    /// The factor by which a picture of `size` px is drawn enlarged so that its letters follow the user's font:
+    /// The factor by which a picture of `size` px is enlarged so that its letters follow the user's font:
     /// `wanted`, or less where that would leave its plots no room. 1 at least.
     static double fittingScale(const QSize &size, double wanted);
 

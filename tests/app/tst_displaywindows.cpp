@@ -90,7 +90,8 @@ void TestDisplayWindows::firstPlacesAreOnTheScreen()
         QVERIFY2(area.contains(display->geometry()), qPrintable(display->windowTitle()));
 }
 
-/// A display that a small screen moves goes where it covers neither others nor menus; one in its own place stays.
+/// A display that a small screen moves goes where it covers neither others nor menus; one in its own place
+/// stays.
 void TestDisplayWindows::movedDisplaysCoverNothing()
 {
     const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
@@ -269,7 +270,8 @@ void TestDisplayWindows::questionsStandAboveDisplays()
     }
 }
 
-/// A recording that starts makes the voltage comparison anew: below what is open, the keyboard left where it is.
+/// A recording that starts makes the voltage comparison anew: below what is open, the keyboard left where it
+/// is.
 void TestDisplayWindows::displaysComeUpBelowQuestions()
 {
     window->createMdiChild();

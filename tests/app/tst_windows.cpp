@@ -121,8 +121,8 @@ void TestWindows::figuresStayInSight_data()
     QTest::newRow("twice as large") << 2.0;
 }
 
-/// At any width that the program is used at the last figure of the tool bar is seen, and each of its commands is
-/// seen or behind the extension button. The figures are as large as the letters.
+/// At any width that the program is used at the last figure of the tool bar is seen, and each of its commands
+/// is seen or behind the extension button. The figures are as large as the letters.
 void TestWindows::figuresStayInSight()
 {
     QFETCH(double, enlarged);
@@ -172,7 +172,8 @@ void TestWindows::windowsTakeFreeRoom()
     QVector<QRect> places;
     const auto readPlaces = [&] {
         places.clear();
-        for (const MdiGraphChild *child : window.mdiChildren())
+        const QList<MdiGraphChild *> children = window.mdiChildren();
+        for (const MdiGraphChild *child : children)
             places.append(child->parentWidget()->geometry());
     };
     for (int i = 0; i < 3; ++i)
