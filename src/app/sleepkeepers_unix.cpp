@@ -74,6 +74,12 @@ QDBusConnection busOf(const Keeper &keeper)
     return keeper.system ? QDBusConnection::systemBus() : QDBusConnection::sessionBus();
 }
 
+// A call to a bus that is not there is never said to have failed.
+bool isReachable(const Keeper &keeper)
+{
+    return hasBus(keeper.system) && busOf(keeper).isConnected();
+}
+
 QDBusPendingCall call(const Keeper &keeper, const char *method, const QVariantList &arguments)
 {
     QDBusMessage message = QDBusMessage::createMethodCall(QLatin1String(keeper.service),
@@ -130,7 +136,7 @@ SleepKeepers::~SleepKeepers()
 void SleepKeepers::askNext()
 {
     ++m_asked;
-    while (m_asked < keeperCount && !hasBus(keepers[m_asked].system))
+    while (m_asked < keeperCount && !isReachable(keepers[m_asked]))
         ++m_asked;
     if (m_asked >= keeperCount)
         return;
@@ -155,6 +161,12 @@ void SleepKeepers::onAnswered(QDBusPendingCallWatcher *watcher)
     else
         m_file = value.value<QDBusUnixFileDescriptor>();
     m_granted = true;
+    // With the bus its keepers lose the block, but for one that is held by a file: who wants it asks anew.
+    if (keepers[m_asked].releaseMethod)
+        busOf(keepers[m_asked])
+            .connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+                QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"),
+                QCoreApplication::instance(), SLOT(quit()));
     if (::write(STDOUT_FILENO, "+", 1) != 1)
         QCoreApplication::quit();
 }

@@ -95,8 +95,10 @@ private slots:
     void takenBackBeforeTheAnswer();
     void blockLastsWhileAProcessIsRecorded();
     void busThatNeverAnswers();
+    void busThatDies();
 
 private:
+    static QByteArray startBus(QProcess *daemon);
     void offer(QObject *keeper, const char *service, const char *path);
 
     ShellFixture fixture;
@@ -111,14 +113,19 @@ void TestSleepInhibitor::initTestCase()
 {
     if (QStandardPaths::findExecutable(QStringLiteral("dbus-daemon")).isEmpty())
         QSKIP("no message bus to be had");
-    daemon.start(QStringLiteral("dbus-daemon"),
-        {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
-    QVERIFY(daemon.waitForReadyRead());
-    const QByteArray address = daemon.readLine().trimmed();
+    const QByteArray address = startBus(&daemon);
     qputenv("DBUS_SESSION_BUS_ADDRESS", address);
     qputenv("DBUS_SYSTEM_BUS_ADDRESS", address);
     bus = QDBusConnection::connectToBus(QString::fromLatin1(address), QStringLiteral("keepers"));
     QVERIFY(bus.isConnected());
+}
+
+/// Its address.
+QByteArray TestSleepInhibitor::startBus(QProcess *daemon)
+{
+    daemon->start(QStringLiteral("dbus-daemon"),
+        {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
+    return daemon->waitForReadyRead() ? daemon->readLine().trimmed() : QByteArray();
 }
 
 void TestSleepInhibitor::cleanup()
@@ -238,6 +245,31 @@ void TestSleepInhibitor::busThatNeverAnswers()
     }
     qputenv("DBUS_SYSTEM_BUS_ADDRESS", usual);
     QTRY_COMPARE(asker->state(), QLocalSocket::UnconnectedState);
+}
+
+// The block has gone with it; the login manager on the other bus grants one.
+void TestSleepInhibitor::busThatDies()
+{
+    QProcess mortal;
+    const QByteArray usual = qgetenv("DBUS_SESSION_BUS_ADDRESS");
+    const QByteArray address = startBus(&mortal);
+    qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+    QDBusConnection desktop
+        = QDBusConnection::connectToBus(QString::fromLatin1(address), QStringLiteral("mortal"));
+    desktop.registerObject(
+        QStringLiteral("/org/gnome/SessionManager"), &session, QDBusConnection::ExportAllSlots);
+    QVERIFY(desktop.registerService(QStringLiteral("org.gnome.SessionManager")));
+    offer(&login, "org.freedesktop.login1", "/org/freedesktop/login1");
+    SleepBlock block;
+    block.acquire(QStringLiteral("charging"));
+    QTRY_VERIFY(block.isHeld());
+    mortal.kill();
+    QVERIFY(mortal.waitForFinished());
+    QTRY_VERIFY(!block.isHeld());
+    block.acquire(QStringLiteral("charging"));
+    QTRY_VERIFY(block.isHeld() && !login.isClosed());
+    QDBusConnection::disconnectFromBus(QStringLiteral("mortal"));
+    qputenv("DBUS_SESSION_BUS_ADDRESS", usual);
 }
 
 int main(int argc, char **argv)
