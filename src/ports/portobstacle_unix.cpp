@@ -94,7 +94,8 @@ PortObstacle busyWith(qint64 process, const QString &program = QString())
 }
 
 // The process number alone does not tell: another program may have it by now, or the process may be in a
-// container of its own. Who names a program in the second line keeps the file locked for as long as the port is open.
+// container of its own. Who names a program in the second line keeps the file locked for as long as the port
+// is open.
 bool isHeld(int file, const Lock &lock)
 {
     if (!lock.program.isEmpty())
