@@ -1,5 +1,6 @@
 #include "app/documents.h"
 
+#include "app/datafilesmodel.h"
 #include "app/displaywindows.h"
 #include "app/filequeue.h"
 #include "app/filewriter.h"
@@ -17,6 +18,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFileSystemModel>
 #include <QHeaderView>
 #include <QListView>
 #include <QTimer>
@@ -107,7 +109,9 @@ void Documents::openDialog()
 {
     QFileDialog dialog(
         shell, tr("Chose varnel data file names"), lastFolder(), tr("Varnel files (*.acp *.abp)"));
+    dialog.setOption(QFileDialog::DontUseNativeDialog); // a native one would show no labels
     dialog.resize(dialogSize);
+    dialog.setProxyModel(new DataFilesModel({QStringLiteral(".acp"), QStringLiteral(".abp")}, &dialog));
     const QStringList files = openFrom(dialog);
     if (!files.isEmpty())
         keepLastFolder(files.first());
@@ -154,7 +158,7 @@ QStringList Documents::openFrom(QFileDialog &dialog)
     displays->hideAll();
     displaysHidden = true;
     dialog.setFileMode(QFileDialog::ExistingFiles);
-    dialog.setOption(QFileDialog::DontUseNativeDialog); // a native one would show no labels
+    dialog.findChild<QFileSystemModel *>()->setNameFilters({}); // the proxy's work
     auto *delegate = new VarelStyledItemDelegate(&labels, &dialog);
     for (QAbstractItemView *view :
         {static_cast<QAbstractItemView *>(dialog.findChild<QListView *>("listView")),

@@ -5,7 +5,7 @@
 #include <QFileSystemModel>
 
 RecordingsModel::RecordingsModel(QObject *parent)
-    : QIdentityProxyModel(parent)
+    : DataFilesModel({QStringLiteral(".acp")}, parent)
 {
 }
 
@@ -15,14 +15,14 @@ QVariant RecordingsModel::data(const QModelIndex &index, int role) const
         return int(Qt::AlignRight | Qt::AlignVCenter);
     if (index.column() == lengthColumn && role == Qt::DisplayRole)
         return lengthOf(index.sibling(index.row(), 0).data(QFileSystemModel::FilePathRole).toString());
-    return QIdentityProxyModel::data(index, role);
+    return DataFilesModel::data(index, role);
 }
 
 QVariant RecordingsModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
     if (section == lengthColumn && orientation == Qt::Horizontal && role == Qt::DisplayRole)
         return tr("Length");
-    return QIdentityProxyModel::headerData(section, orientation, role);
+    return DataFilesModel::headerData(section, orientation, role);
 }
 
 QString RecordingsModel::lengthOf(const QString &path) const

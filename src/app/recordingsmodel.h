@@ -1,10 +1,11 @@
 #pragma once
 
+#include "app/datafilesmodel.h"
+
 #include <QHash>
-#include <QIdentityProxyModel>
 
 /// The files of a file dialog, with the length of each recording where the dialog shows their kind.
-class RecordingsModel : public QIdentityProxyModel {
+class RecordingsModel : public DataFilesModel {
     Q_OBJECT
 
 public:

@@ -3,6 +3,7 @@ target_sources(varnel_gui PRIVATE
     app/batch.cpp app/batch.h
     app/closeguard.h
     app/commandline.cpp app/commandline.h
+    app/datafilesmodel.cpp app/datafilesmodel.h
     app/datatoolbar.cpp app/datatoolbar.h
     app/deskarea.cpp app/deskarea.h
     app/dialogsontop.cpp app/dialogsontop.h

@@ -173,6 +173,8 @@ void TestRecordings::dialogListsNewestFirst()
     send(1, 3);
     const QString newest = journals().constFirst();
     QVERIFY(newest != older);
+    QFile notes(QFileInfo(newest).dir().filePath(QStringLiteral("notes.txt"))); // is not listed
+    QVERIFY(notes.open(QIODevice::WriteOnly));
     whenModal<QFileDialog>(window.get(), [&](QFileDialog *dialog) {
         const auto *tree = dialog->findChild<QTreeView *>(QStringLiteral("treeView"));
         QVERIFY(tree && tree->isVisible());
@@ -201,6 +203,7 @@ void TestRecordings::dialogListsNewestFirst()
         dialog->reject();
     });
     trigger(ActionId::Open); // nothing of the other dialog is left
+    QVERIFY(notes.remove());
 }
 
 void TestRecordings::asksWithoutJournal_data()
