@@ -1,7 +1,9 @@
 #include "files/backgroundfile.h"
 
+#include "files/journalfile.h"
 #include "files/linesource.h"
 
+#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 #include <QQueue>
@@ -19,6 +21,13 @@ namespace {
 
 constexpr int chunkSize = LineSource::usualChunk - 4096; // beside the beginning of a line
 constexpr int chunksAhead = 4;
+
+// What others write meanwhile gives a mixture of old and new; only a journal grows at its end and nowhere else.
+bool hasChanged(const QFile &file, const QDateTime &before)
+{
+    return file.size() < file.pos()
+        || (file.fileTime(QFileDevice::FileModificationTime) != before && !isBeingWritten(file.fileName()));
+}
 
 } // namespace
 
@@ -76,11 +85,15 @@ void BackgroundFile::run(const std::shared_ptr<Shared> &shared, const QString &f
         if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
             return shared->end(file.errorString());
         shared->size = file.size();
+        const QDateTime before = file.fileTime(QFileDevice::FileModificationTime);
         for (;;) {
             QByteArray chunk(chunkSize, Qt::Uninitialized);
             const qint64 got = file.read(chunk.data(), chunk.size());
-            if (got <= 0)
-                return shared->end(got < 0 ? file.errorString() : QString());
+            if (got < 0)
+                return shared->end(file.errorString());
+            if (got == 0)
+                return shared->end(
+                    hasChanged(file, before) ? tr("it was changed while it was read") : QString());
             chunk.truncate(int(got));
             if (!shared->add(chunk))
                 return;

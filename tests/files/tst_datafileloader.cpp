@@ -14,6 +14,7 @@
 
 #include <csignal>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -64,6 +65,8 @@ private slots:
     void memoryRunsOut_data();
     void memoryRunsOut();
     void slowDiskIsNotWaitedFor();
+    void changedMeanwhile_data();
+    void changedMeanwhile();
 };
 
 // NOLINTNEXTLINE(readability-function-size): a table
@@ -410,6 +413,36 @@ void TestDataFileLoader::slowDiskIsNotWaitedFor()
     QCOMPARE(::fcntl(file.handle(), F_SETLEASE, F_UNLCK), 0);
     QTRY_VERIFY(!loader.readSome(1));
     QCOMPARE(loader.recordCount(), 3);
+}
+
+void TestDataFileLoader::changedMeanwhile_data()
+{
+    columns<qint64, bool, bool>({"newSize", "isJournal", "loads"});
+    QTest::newRow("untouched") << qint64(-1) << false << true;
+    QTest::newRow("cut") << qint64(1000) << false << false;
+    QTest::newRow("cut journal") << qint64(1000) << true << false;
+    QTest::newRow("longer") << qint64(9000000) << false << false;
+    QTest::newRow("growing journal") << qint64(9000000) << true << true;
+}
+
+// The file is longer than what is read ahead.
+void TestDataFileLoader::changedMeanwhile()
+{
+    QFETCH(qint64, newSize);
+    QFETCH(bool, isJournal);
+    QTemporaryDir folder;
+    QFile file(folder.filePath(acp));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write((recordLine(1) + '\n').repeated(20000)) > 3000000);
+    QVERIFY(file.flush()
+        && file.setFileTime(QDateTime::currentDateTime().addDays(-1), QFileDevice::FileModificationTime));
+    if (isJournal)
+        QCOMPARE(::flock(file.handle(), LOCK_EX), 0);
+    DataFileLoader loader(file.fileName());
+    while (loader.progress() <= 0)
+        QVERIFY(loader.readSome(0));
+    QVERIFY(newSize < 0 || file.resize(newSize));
+    QTEST(loader.readAll(), "loads");
+    QCOMPARE(loader.reason().isEmpty(), loader.status() == DataFileLoader::Status::Loaded);
 }
 
 QTEST_GUILESS_MAIN(TestDataFileLoader)
