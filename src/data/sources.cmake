@@ -2,7 +2,8 @@
 if(WIN32)
     set(data_system data/largeblock_win.cpp data/systemmemory_win.cpp)
 else()
-    set(data_system data/largeblock_unix.cpp data/systemmemory_unix.cpp)
+    set(data_system data/largeblock_unix.cpp data/memorygroups.cpp data/memorygroups.h
+        data/systemmemory_unix.cpp)
 endif()
 target_sources(varnel_data PRIVATE
     data/timetext.cpp data/timetext.h

@@ -8,7 +8,8 @@ struct SystemMemory {
     qint64 available = 0; ///< bytes, without other programs being put out to disk
 };
 
-/// As it is now, within the address space that this process may use. Takes some ten microseconds.
+/// As it is now, within the address space and the control groups that this process may use. Takes some ten
+/// microseconds, and a few more for each group.
 SystemMemory systemMemory();
 
 /// Demands that `bytes` more leave some to live recordings and to other programs: a sixteenth of all memory,

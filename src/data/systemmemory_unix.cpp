@@ -1,5 +1,7 @@
 #include "data/systemmemory.h"
 
+#include "data/memorygroups.h"
+
 #include <QFile>
 
 #include <cstdlib>
@@ -36,6 +38,7 @@ SystemMemory systemMemory()
     SystemMemory memory = {figure(text, "MemTotal:"), figure(text, "MemAvailable:")};
     if (memory.total <= 0 || memory.available < 0)
         return {};
+    memory = withinGroups(memory, contents("/proc/self/cgroup"), QStringLiteral("/sys/fs/cgroup"));
     rlimit limit{};
     if (::getrlimit(RLIMIT_AS, &limit) == 0 && limit.rlim_cur != RLIM_INFINITY) {
         memory.total = qMin(memory.total, qint64(limit.rlim_cur));

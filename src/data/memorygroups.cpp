@@ -1,0 +1,71 @@
+#include "data/memorygroups.h"
+
+#include <QFile>
+#include <QList>
+
+namespace {
+
+// What a version of the control groups calls things.
+struct GroupFiles {
+    const char *limit;
+    const char *usage;
+    const char *cache; // in memory.stat
+};
+
+constexpr GroupFiles version1 = {"memory.limit_in_bytes", "memory.usage_in_bytes", "total_inactive_file "};
+constexpr GroupFiles version2 = {"memory.max", "memory.current", "inactive_file "};
+
+QByteArray contents(const QString &fileName)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// -1 where there is none, or no number: "max".
+qint64 figure(const QString &fileName)
+{
+    bool ok = false;
+    const qint64 value = contents(fileName).trimmed().toLongLong(&ok);
+    return ok ? value : -1;
+}
+
+qint64 cached(const QString &folder, const GroupFiles &files)
+{
+    const QList<QByteArray> lines = contents(folder + QStringLiteral("memory.stat")).split('\n');
+    for (const QByteArray &line : lines) {
+        if (line.startsWith(files.cache))
+            return line.mid(int(qstrlen(files.cache))).toLongLong();
+    }
+    return 0;
+}
+
+void take(SystemMemory *memory, const QString &folder, const GroupFiles &files)
+{
+    const qint64 limit = figure(folder + QLatin1String(files.limit));
+    const qint64 usage = figure(folder + QLatin1String(files.usage));
+    if (limit < 0 || usage < 0 || limit >= memory->total)
+        return;
+    memory->total = limit;
+    memory->available = qMin(memory->available, limit - usage + cached(folder, files));
+}
+
+} // namespace
+
+SystemMemory withinGroups(SystemMemory memory, const QByteArray &membership, const QString &root)
+{
+    const QList<QByteArray> lines = membership.split('\n');
+    for (const QByteArray &line : lines) { // "4:memory:/user/1000" or "0::/user/1000"
+        const QList<QByteArray> parts = line.split(':');
+        const bool unified = parts.value(1).isEmpty();
+        if (parts.size() < 3 || !(unified || parts[1].split(',').contains("memory")))
+            continue;
+        QString path = QFile::decodeName(parts[2]);
+        while (path.startsWith(QLatin1Char('/'))) {
+            const QString folder = root + (unified ? QString() : QStringLiteral("/memory")) + path;
+            take(&memory, folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/'),
+                unified ? version2 : version1);
+            path = path.size() > 1 ? QLatin1Char('/') + path.section(QLatin1Char('/'), 1, -2) : QString();
+        }
+    }
+    return memory;
+}
