@@ -6,8 +6,8 @@
 
 // Where the one program a user and settings file has its place, as the system sees it.
 
-/// A folder that nobody but this user can write to or look into, made where it is missing; empty when there is
-/// none to be had.
+/// A folder that nobody but this user can write to or look into, made where it is missing; empty when there
+/// is none to be had.
 QString ownFolder();
 
 /// Whether the process at the far end of a connected local socket is this user's.

@@ -7,7 +7,8 @@
 class QTimer;
 
 /// Ports that are wanted and can't be opened: asks for one attempt after the other until the port is no
-/// longer waited for. One that has just arrived often can't be opened yet, so that nothing is said of it at first.
+/// longer waited for. One that has just arrived often can't be opened yet, so that nothing is said of it at
+/// first.
 class PortRetries : public QObject {
     Q_OBJECT
 

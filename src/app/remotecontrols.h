@@ -23,8 +23,9 @@ public:
     RemoteControls(QWidget *window, DeviceTargets *targets);
     ~RemoteControls() override;
 
-    /// To be put into a menu. With one listened port it opens that port's dialog; with several it is a submenu
-    /// of them, whether they have sent anything or not; with none it is disabled, its tool tip says why.
+    /// To be put into a menu. With one listened port it opens that port's dialog; with several it is a
+    /// submenu of them, whether they have sent anything or not; with none it is disabled, its tool tip says
+    /// why.
     QAction *action() const { return m_action; }
 
 public slots:

@@ -123,8 +123,8 @@ void SleepBlock::Private::start(const QString &reason)
     connect(m_notifier, SIGNAL(activated(int)), this, SLOT(onOutput()));
 }
 
-// Its input stays open when the helper has gone without a block: another one would fare no better. One that had
-// the block has lost its bus, and the next acquire() looks for another.
+// Its input stays open when the helper has gone without a block: another one would fare no better. One that
+// had the block has lost its bus, and the next acquire() looks for another.
 void SleepBlock::Private::onOutput()
 {
     char byte = 0;

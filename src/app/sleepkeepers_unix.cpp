@@ -88,8 +88,8 @@ QDBusPendingCall call(const Keeper &keeper, const char *method, const QVariantLi
     return busOf(keeper).asyncCall(message);
 }
 
-// The program that wants the block holds the other end, and with it this process: a bus that accepts and never
-// answers holds up everything here but this.
+// The program that wants the block holds the other end, and with it this process: a bus that accepts and
+// never answers holds up everything here but this.
 void leaveWithStandardInput()
 {
     char byte = 0;

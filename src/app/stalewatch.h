@@ -23,8 +23,8 @@ public:
 
     /// When the last line of `child` came; invalid while it was fresh at the last look, is not live, or null.
     QDateTime staleSince(const MdiGraphChild *child) const;
-    /// Looks at all windows; it is `now` by the computer's clock, and `steady` ms since any moment by one that
-    /// nobody sets.
+    /// Looks at all windows; it is `now` by the computer's clock, and `steady` ms since any moment by one
+    /// that nobody sets.
     void lookAt(const QDateTime &now, qint64 steady);
 
 public slots:

@@ -39,19 +39,19 @@ qint64 cached(const QString &folder, const GroupFiles &files)
     return 0;
 }
 
-void take(SystemMemory *memory, const QString &folder, const GroupFiles &files)
+void take(qint64 *total, qint64 *available, const QString &folder, const GroupFiles &files)
 {
     const qint64 limit = figure(folder + QLatin1String(files.limit));
     const qint64 usage = figure(folder + QLatin1String(files.usage));
-    if (limit < 0 || usage < 0 || limit >= memory->total)
+    if (limit < 0 || usage < 0 || limit >= *total)
         return;
-    memory->total = limit;
-    memory->available = qMin(memory->available, limit - usage + cached(folder, files));
+    *total = limit;
+    *available = qMin(*available, limit - usage + cached(folder, files));
 }
 
 } // namespace
 
-SystemMemory withinGroups(SystemMemory memory, const QByteArray &membership, const QString &root)
+void narrowToGroups(qint64 *total, qint64 *available, const QByteArray &membership, const QString &root)
 {
     const QList<QByteArray> lines = membership.split('\n');
     for (const QByteArray &line : lines) { // "4:memory:/user/1000" or "0::/user/1000"
@@ -62,10 +62,9 @@ SystemMemory withinGroups(SystemMemory memory, const QByteArray &membership, con
         QString path = QFile::decodeName(parts[2]);
         while (path.startsWith(QLatin1Char('/'))) {
             const QString folder = root + (unified ? QString() : QStringLiteral("/memory")) + path;
-            take(&memory, folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/'),
+            take(total, available, folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/'),
                 unified ? version2 : version1);
             path = path.size() > 1 ? QLatin1Char('/') + path.section(QLatin1Char('/'), 1, -2) : QString();
         }
     }
-    return memory;
 }

@@ -29,8 +29,8 @@ public:
     const Varnel3Data &first() const { return (*this)[0]; }
     const Varnel3Data &last() const { return (*this)[m_size - 1]; }
     Varnel3Data &last() { return (*this)[m_size - 1]; }
-    /// Takes the memory that the next append() needs, which then can't fail. Throws std::bad_alloc where there
-    /// is too little, and has changed nothing.
+    /// Takes the memory that the next append() needs, which then can't fail. Throws std::bad_alloc where
+    /// there is too little, and has changed nothing.
     void makeRoom() { slotForNext(Slow); }
     /// Appends a copy and returns it. `record` may be one of the list's own.
     Varnel3Data &append(const Varnel3Data &record);

@@ -38,7 +38,8 @@ SystemMemory systemMemory()
     SystemMemory memory = {figure(text, "MemTotal:"), figure(text, "MemAvailable:")};
     if (memory.total <= 0 || memory.available < 0)
         return {};
-    memory = withinGroups(memory, contents("/proc/self/cgroup"), QStringLiteral("/sys/fs/cgroup"));
+    const QByteArray groups = contents("/proc/self/cgroup");
+    narrowToGroups(&memory.total, &memory.available, groups, QStringLiteral("/sys/fs/cgroup"));
     rlimit limit{};
     if (::getrlimit(RLIMIT_AS, &limit) == 0 && limit.rlim_cur != RLIM_INFINITY) {
         memory.total = qMin(memory.total, qint64(limit.rlim_cur));

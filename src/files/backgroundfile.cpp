@@ -22,7 +22,8 @@ namespace {
 constexpr int chunkSize = LineSource::usualChunk - 4096; // beside the beginning of a line
 constexpr int chunksAhead = 4;
 
-// What others write meanwhile gives a mixture of old and new; only a journal grows at its end and nowhere else.
+// What others write meanwhile gives a mixture of old and new; only a journal grows at its end and nowhere
+// else.
 bool hasChanged(const QFile &file, const QDateTime &before)
 {
     return file.size() < file.pos()

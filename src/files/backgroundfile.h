@@ -6,9 +6,9 @@
 
 #include <memory>
 
-/// A regular file that is opened and read ahead by a thread of its own, so that a network or a disk that does not
-/// answer keeps nobody waiting who asks isReady() first. Open from the beginning on; what goes wrong
-/// with the file is told by read().
+/// A regular file that is opened and read ahead by a thread of its own, so that a network or a disk that does
+/// not answer keeps nobody waiting who asks isReady() first. Open from the beginning on; what goes wrong with
+/// the file is told by read().
 class BackgroundFile : public QIODevice {
     Q_DECLARE_TR_FUNCTIONS(DataFileLoader)
 

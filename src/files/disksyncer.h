@@ -7,8 +7,8 @@
 #include <memory>
 
 /// Brings what was written to some files to the disk once a second, and looks whether they still have their
-/// names, in a thread of its own, which touches nothing but their descriptors and names. Files are registered,
-/// marked and handed over from one other thread.
+/// names, in a thread of its own, which touches nothing but their descriptors and names. Files are
+/// registered, marked and handed over from one other thread.
 class DiskSyncer {
 public:
     /// What the end of a syncer waits for a disk.

@@ -26,5 +26,6 @@ void closeFile(int descriptor);
 bool isBeingWritten(const QString &fileName);
 /// Removes `fileName` unless some program is writing it.
 bool removeUnlessWritten(const QString &fileName);
-/// Moves `fileName` to the user's waste bin unless some program is writing it. It stays where there is no bin.
+/// Moves `fileName` to the user's waste bin unless some program is writing it. It stays where there is no
+/// bin.
 bool discardUnlessWritten(const QString &fileName);

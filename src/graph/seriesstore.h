@@ -42,8 +42,8 @@ public:
     /// Another one after every record and every load, and never that of another store with records.
     quint64 revision() const { return m_revision; }
 
-    /// Takes a copy of `record`, completes it and derives its points. Throws std::bad_alloc where there is too
-    /// little memory, some time before the rest of the program lacks it, and holds what it held before.
+    /// Takes a copy of `record`, completes it and derives its points. Throws std::bad_alloc where there is
+    /// too little memory, some time before the rest of the program lacks it, and holds what it held before.
     void append(const Varnel3Data &record);
     /// Takes over the records of a file, of which the balanced charge is summed already, and
     /// derives all points. Throws std::bad_alloc where there is too little memory for these; the
