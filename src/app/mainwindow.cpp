@@ -21,6 +21,7 @@
 #include "app/remotecontrols.h"
 #include "app/sessionend.h"
 #include "app/shellmenus.h"
+#include "app/shellplace.h"
 #include "app/shellreaderhost.h"
 #include "app/shelltargets.h"
 #include "app/sleepinhibitor.h"
@@ -42,16 +43,8 @@
 #include <QCloseEvent>
 #include <QMdiSubWindow>
 #include <QMenuBar>
-#include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
-
-namespace {
-
-constexpr QSize firstSize(1180, 760); // before a size was ever saved
-constexpr QSize frameRoom(16, 40); // of a small screen, for the frame: unknown before the window is shown
-
-} // namespace
 
 MainWindow::MainWindow()
 {
@@ -180,9 +173,7 @@ void MainWindow::connectParts()
 void MainWindow::readSettings()
 {
     const VarnelSettings settings;
-    resize(firstSize.boundedTo(screen()->availableSize() - frameRoom));
-    restoreGeometry(settings.value(QStringLiteral("mainwindow/geometry"), QByteArray()).toByteArray());
-    restoreState(settings.value(QStringLiteral("mainwindow/state"), QByteArray()).toByteArray());
+    ShellPlace::restore(this, settings);
     displays->readPlaces(settings);
     if (settings.value(QStringLiteral("mainwindow/black"), true).toBool())
         setBlackBack();
@@ -193,10 +184,7 @@ void MainWindow::readSettings()
 void MainWindow::writeSettings() const
 {
     VarnelSettings settings;
-    settings.setValue(QStringLiteral("mainwindow/size"), size());
-    settings.setValue(QStringLiteral("mainwindow/pos"), pos());
-    settings.setValue(QStringLiteral("mainwindow/state"), saveState());
-    settings.setValue(QStringLiteral("mainwindow/geometry"), saveGeometry());
+    ShellPlace::save(*this, &settings);
     settings.setValue(QStringLiteral("mainwindow/black"), state->switches().blackBackground);
     displays->writePlaces(&settings);
 }

@@ -33,6 +33,7 @@ target_sources(varnel_gui PRIVATE
     app/sessionend.cpp app/sessionend.h
     app/settingsnotice.cpp app/settingsnotice.h
     app/shellmenus.cpp app/shellmenus.h
+    app/shellplace.cpp app/shellplace.h
     app/shellreaderhost.cpp app/shellreaderhost.h
     app/singleinstance.cpp app/singleinstance.h
     app/stalewatch.cpp app/stalewatch.h
