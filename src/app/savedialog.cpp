@@ -38,9 +38,10 @@ void SaveDialog::refuse(const QStringList &endings, const QString &reason)
 // Before the dialog looks whether there is such a file.
 void SaveDialog::accept()
 {
-    const QString name = nameEdit()->text();
-    if (!name.isEmpty() && !QFileInfo(name).isDir() && !hasEnding(name))
-        nameEdit()->setText(name + m_ending);
+    QString name = nameEdit()->text().remove(QLatin1Char('"')); // in which the toolkit takes several names
+    if (!name.isEmpty() && !QFileInfo(directory(), name).isDir() && !hasEnding(name))
+        name += m_ending;
+    nameEdit()->setText(name);
     for (const QString &ending : qAsConst(m_refused)) {
         if (name.endsWith(ending, Qt::CaseInsensitive)) {
             QMessageBox::warning(this, windowTitle(), m_reason);

@@ -328,13 +328,19 @@ void TestRecordings::saveIsPresetByTheRecording()
         QVERIFY(preset.fileName().startsWith(QLatin1String("20")));
         QVERIFY(preset.fileName().endsWith(QLatin1String("_COM3.acp")));
         QVERIFY(!journal || preset.fileName() == QFileInfo(journals().value(0)).fileName());
-        bool refused = false;
-        whenModal<QMessageBox>(dialog, [&](QMessageBox *warning) {
-            refused = warning->text().contains(QLatin1String(".abp"));
-            warning->accept();
-        });
-        enterName(dialog, fixture->path(QStringLiteral("run.ABP")));
-        QVERIFY(refused && dialog->isVisible());
+        for (const char *name : {"run.ABP", "\"run.abp\""}) {
+            bool refused = false;
+            whenModal<QMessageBox>(dialog, [&](QMessageBox *warning) {
+                refused = warning->text().contains(QLatin1String(".abp"));
+                warning->accept();
+            });
+            enterName(dialog, QString::fromLatin1(name));
+            QVERIFY(refused && dialog->isVisible());
+        }
+        QVERIFY(dialog->directory().mkdir(QStringLiteral("folder")));
+        enterName(dialog, QStringLiteral("folder"));
+        QCOMPARE(dialog->directory().dirName(), QStringLiteral("folder"));
+        QVERIFY(dialog->isVisible());
         whenModal<QMessageBox>(dialog, [](QMessageBox *question) {
             QVERIFY(question->text().contains(QLatin1String("run.acp")));
             question->button(QMessageBox::Yes)->click();
