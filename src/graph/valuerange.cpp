@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 
 namespace {
 
@@ -43,6 +42,29 @@ ValueRange courseRange(double minimum, double maximum, double least, double belo
     return {minimum >= 0 ? std::max(0.0, low) : low, maximum + missing * (1 - below) + course * margin};
 }
 
+// With `minimum` at the share `below` of the height and `maximum` as far from its upper end as `above`.
+ValueRange placedRange(double minimum, double maximum, double below, double above)
+{
+    const double course = maximum - minimum;
+    const double span = course > 0 ? course / (1 - below - above) : std::max(2.0, std::abs(maximum) * 0.2);
+    const double low = minimum - span * below;
+    return {low, low + span};
+}
+
+// The least share of the height between an end of `taken` and a value at which the curve may rest. Values are
+// whole: a short course rests at each of them, a longer one has too many to keep clear with all but its ends.
+double clearance(const ValueRange &range, double minimum, double maximum, const Interval &taken)
+{
+    constexpr double shortCourse = 4;
+    const double step = maximum - minimum <= shortCourse ? 1.0 : maximum - minimum;
+    double least = 1.0;
+    for (double value = minimum; value <= maximum; value += step) {
+        for (double height : {taken.low, taken.high})
+            least = std::min(least, std::abs(range.shareOf(value) - height));
+    }
+    return least;
+}
+
 } // namespace
 
 ValueRange ValueRange::part(const Interval &share) const
@@ -79,24 +101,24 @@ ValueRange ValueRange::ofTemperature(double minimum, double maximum)
     return {minimum < low ? std::floor(minimum) : low, std::ceil(maximum + missing)};
 }
 
-// Three places with six heights: each end of what is taken can be near one of them only.
 ValueRange ValueRange::ofResistance(double minimum, double maximum, const Interval &taken)
 {
     constexpr double places[] = {0.15, 0.25, 0.35}; // of the lowest value, and of the highest from above
-    constexpr double near = 0.05;
-    const double course = maximum - minimum;
-    const auto isFree = [&](double place) {
-        const double highest = course > 0 ? 1 - place : place;
-        for (double height : {taken.low, taken.high}) {
-            if (std::abs(height - place) < near || std::abs(height - highest) < near)
-                return false;
+    constexpr double enough = 0.05;
+    ValueRange best;
+    double clearest = -1.0;
+    for (double below : places) {
+        for (double above : places) {
+            const ValueRange range = placedRange(minimum, maximum, below, above);
+            const double clear = clearance(range, minimum, maximum, taken);
+            if (clear >= enough)
+                return range;
+            if (clear > clearest)
+                best = range;
+            clearest = std::max(clearest, clear);
         }
-        return true;
-    };
-    const double place = *std::find_if(std::begin(places), std::end(places) - 1, isFree);
-    const double span = course > 0 ? course / (1 - 2 * place) : std::max(2.0, std::abs(maximum) * 0.2);
-    const double low = minimum - span * place;
-    return {low, low + span};
+    }
+    return best;
 }
 
 ValueRange ValueRange::ofCells(double minimum, double maximum, int cellType)

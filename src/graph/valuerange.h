@@ -25,8 +25,9 @@ struct ValueRange {
     static ValueRange ofSlope(double minimum, double maximum, double unit);
     /// At least 3.5 degrees, both ends rounded up to whole ones, except that no value lies below.
     static ValueRange ofTemperature(double minimum, double maximum);
-    /// Places the lowest and the highest value so that neither lies at the height of an end of `taken`:
-    /// shares of the plot's height at which another curve may rest.
+    /// Places the values, which are whole, so that neither the lowest nor the highest is at the height of an
+    /// end of `taken`, and of a short course none between either: shares of the plot's height at which
+    /// another curve may rest.
     static ValueRange ofResistance(double minimum, double maximum, const Interval &taken);
     /// The scale of cells of `cellType` (V), widened where values lie outside.
     static ValueRange ofCells(double minimum, double maximum, int cellType);

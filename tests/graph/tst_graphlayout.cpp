@@ -189,10 +189,12 @@ void TestGraphLayout::coursesFillThePlot()
 
 void TestGraphLayout::resistanceKeepsClear_data()
 {
-    columns<double, double>({"minimum", "maximum"});
-    QTest::newRow("constant") << 43.0 << 43.0;
-    QTest::newRow("nothing") << 0.0 << 0.0;
-    QTest::newRow("course") << 40.0 << 60.0;
+    columns<double, double, double, double>({"minimum", "maximum", "step", "clear"});
+    QTest::newRow("constant") << 43.0 << 43.0 << 1.0 << 0.049;
+    QTest::newRow("nothing") << 0.0 << 0.0 << 1.0 << 0.049;
+    QTest::newRow("course") << 40.0 << 60.0 << 20.0 << 0.049;
+    QTest::newRow("three values") << 22.0 << 24.0 << 1.0 << 0.049; // of which the middle one may last
+    QTest::newRow("five values") << 22.0 << 26.0 << 1.0 << 0.029;
 }
 
 /// Whatever the current's line does, that of the resistance lies elsewhere.
@@ -200,12 +202,14 @@ void TestGraphLayout::resistanceKeepsClear()
 {
     QFETCH(double, minimum);
     QFETCH(double, maximum);
+    QFETCH(double, step);
+    QFETCH(double, clear);
     for (double low = 0.0; low <= 1.0; low += 0.01) {
         for (double high = low; high <= 1.0; high += 0.01) {
             const ValueRange range = ValueRange::ofResistance(minimum, maximum, {low, high});
             for (double taken : {low, high}) {
-                QVERIFY(qAbs(range.shareOf(minimum) - taken) > 0.049);
-                QVERIFY(qAbs(range.shareOf(maximum) - taken) > 0.049);
+                for (double value = minimum; value <= maximum; value += step)
+                    QVERIFY(qAbs(range.shareOf(value) - taken) > clear);
             }
             QVERIFY(range.shareOf(minimum) > 0.1 && range.shareOf(maximum) < 0.9);
         }
