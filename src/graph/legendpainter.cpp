@@ -61,18 +61,22 @@ bool LegendPainter::fits(const GraphScene::Entry &entry, const QRect &row, int f
 void LegendPainter::paintCells(const GraphScene &scene)
 {
     const CellLegend legend(c.layout, scene.upperLegend.size());
-    int font = qMin(c.fonts.font(8).pixelSize(), qMax(smallestFont, legend.row(0).height() - 1));
-    const auto allFit = [&] {
-        for (int i = 0; i < scene.upperLegend.size(); ++i) {
-            if (!fits(scene.upperLegend[i], legend.row(i), font))
-                return false;
-        }
-        return true;
+    const int largest = qMin(c.fonts.font(8).pixelSize(), qMax(smallestFont, legend.row(0).height() - 1));
+    const auto fontOf = [&](int row) {
+        int font = largest;
+        while (font > smallestFont && !fits(scene.upperLegend[row], legend.row(row), font))
+            --font;
+        return font;
     };
-    while (font > smallestFont && !allFit())
-        --font;
-    for (int i = 0; i < scene.upperLegend.size(); ++i)
+    int numbered = largest; // numbers stand in columns: one font for all
+    for (int i = 0; i < scene.upperLegend.size(); ++i) {
+        if (isNumbered(scene.upperLegend[i]))
+            numbered = qMin(numbered, fontOf(i));
+    }
+    for (int i = 0; i < scene.upperLegend.size(); ++i) {
+        const int font = isNumbered(scene.upperLegend[i]) ? numbered : fontOf(i);
         paintRow(scene.upperLegend[i], legend.row(i), c.fonts.ofSize(font));
+    }
     paintHeading(scene, legend.heading(0), legend.heading(1));
 }
 

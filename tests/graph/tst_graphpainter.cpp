@@ -277,6 +277,18 @@ void TestGraphPainter::statisticsAreLegible()
             QVERIFY2(widestGap >= 4, qPrintable(QString::number(i)));
         }
     }
+
+    QImage highest[2]; // a wide spread takes its own row smaller letters only
+    for (const bool wide : {false, true}) {
+        SeriesStore spread;
+        RecordList records = recordings::lipoCharge(10);
+        records.last().cellMin = records.last().cellMax - (wide ? 333 : 3);
+        append(&spread, records);
+        GraphPicture picture = pictureOf(spread);
+        picture.switches.balancer = picture.switches.average = true;
+        highest[wide] = drawn(picture).copy(CellLegend(GraphLayout(picture.size, 10), 4).row(0));
+    }
+    QCOMPARE(highest[true], highest[false]);
 }
 
 void TestGraphPainter::legendsTellUnits()
