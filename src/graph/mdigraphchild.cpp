@@ -1,5 +1,6 @@
 #include "graph/mdigraphchild.h"
 
+#include "data/voltageslope.h"
 #include "graph/graphhost.h"
 #include "graph/graphinteraction.h"
 #include "graph/processend.h"
@@ -265,8 +266,10 @@ void MdiGraphChild::addRecord(const Varnel3Data &record)
         m_host->showMessageStatusBar(tr("Device: ") + Varnel3Data::deviceName(record.device), 3000);
     }
     if (!keep(record)) {
+        Varnel3Data shown = record;
+        shown.voltageSlope = noVoltageSlope;
         if (m_host->isCurrent(this))
-            m_host->showRecord(record, m_windowNumber, false);
+            m_host->showRecord(shown, m_windowNumber, false);
         return;
     }
     m_interaction->dataArrived();
