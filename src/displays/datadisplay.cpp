@@ -123,14 +123,11 @@ void DataDisplay::setStaleSince(const QDateTime &since)
 void DataDisplay::updateData(Varnel3Data &record, int nrWin, bool useKeptRi)
 {
     // One table for the process: a line that came without resistances shows those of the line before it,
-    // whichever display that one reached. Outside the panel nothing is kept, so that it may be of long ago:
-    // never of another window.
+    // whichever display that one reached.
     static CellResistances keptResistances{};
 
-    if (nrWin != m_windowNumber) {
+    if (nrWin != m_windowNumber)
         clear();
-        keptResistances = {};
-    }
     m_windowNumber = nrWin;
     m_record = record;
     m_hasRecord = true;

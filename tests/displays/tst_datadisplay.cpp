@@ -187,15 +187,6 @@ void TestDataDisplay::keptResistances()
     setView(true, 2);
     show(bare, 1, true);
     QCOMPARE(text("cellValue2"), QStringLiteral("  3,0"));
-
-    // Kept of window 1, and the lines of window 2 came while the panel was off.
-    show(measured);
-    setView(false, 2);
-    show(sampleResistances({5.0, 6.0}), 2);
-    show(bare, 2, true);
-    setView(true, 2);
-    settle(*m_display);
-    QCOMPARE(text("cellValue2"), QStringLiteral("--.-"));
 }
 
 void TestDataDisplay::staleFiguresAreDimmed()
