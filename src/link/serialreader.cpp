@@ -62,8 +62,10 @@ bool SerialReader::tryStart()
     m_framer.clear();
     m_info = findPort(m_portName);
     m_port.setPortName(m_info.location.isEmpty() ? m_portName : m_info.location);
-    if (!m_port.open(QIODevice::ReadWrite)) {
-        qDebug() << m_portName << "device failed to open:" << m_port.errorString();
+    const auto obstacle = obstacleToTrying(m_info);
+    m_refusal = obstacle ? adviceAgainst(*obstacle) : QString();
+    if (obstacle || !m_port.open(QIODevice::ReadWrite)) {
+        qDebug() << m_portName << "device failed to open:" << (obstacle ? m_refusal : m_port.errorString());
         return false;
     }
     configurePort();
@@ -81,18 +83,24 @@ bool SerialReader::start()
 {
     if (tryStart())
         return true;
-    const QString text = tr("Device %1 failed to open: %2").arg(m_portName, m_port.errorString());
-    m_host->showMessageStatusBar(text, messageTime);
+    m_host->showMessageStatusBar(failureText(), messageTime);
     m_host->portFailed(m_portName, errorText());
     return false;
 }
 
+QString SerialReader::failureText() const
+{
+    const QString cause = m_refusal.isEmpty() ? m_port.errorString() : tr("It can't be locked");
+    return tr("Device %1 failed to open: %2").arg(m_portName, cause);
+}
+
 QString SerialReader::errorText() const
 {
-    const QString text = tr("Device %1 failed to open: %2").arg(m_portName, m_port.errorString());
+    if (!m_refusal.isEmpty())
+        return failureText() + QLatin1Char('\n') + m_refusal;
     if (m_port.error() != QSerialPort::PermissionError)
-        return text;
-    return text + QLatin1Char('\n') + adviceAgainst(obstacleTo(m_info));
+        return failureText();
+    return failureText() + QLatin1Char('\n') + adviceAgainst(obstacleTo(m_info));
 }
 
 // The reader may not live until the shot of an end letter, and its port is not asked again.

@@ -59,6 +59,7 @@ private slots:
     void closeLostPort();
 
 private:
+    QString failureText() const;
     void configurePort();
     void discardInput();
     void closePort();
@@ -71,6 +72,7 @@ private:
 
     QString m_portName;
     PortInfo m_info; // as found by the last start
+    QString m_refusal; // why the last start did not try, with advice; empty where it did
     QSerialPort m_port;
     ReaderHost *m_host; // not owned, outlives this
     RecordingDispatcher m_dispatcher;

@@ -50,6 +50,30 @@ QString lockText(const PortObstacle &obstacle)
               .arg(obstacle.user, obstacle.file);
 }
 
+QString thingText(PortObstacle::Thing thing)
+{
+    switch (thing) {
+    case PortObstacle::Pipe:
+        break;
+    case PortObstacle::Socket:
+        return translated("a socket");
+    case PortObstacle::Link:
+        return translated("a link");
+    case PortObstacle::Folder:
+        return translated("a folder");
+    case PortObstacle::Device:
+        return translated("a device");
+    }
+    return translated("a pipe");
+}
+
+QString strangeText(const PortObstacle &obstacle)
+{
+    return translated("%1 should be the port's lock file and is %2.\n"
+                      "The user \"%3\" or an administrator has to remove it.")
+        .arg(obstacle.file, thingText(obstacle.thing), obstacle.user);
+}
+
 } // namespace
 
 QString adviceAgainst(const PortObstacle &obstacle)
@@ -63,6 +87,8 @@ QString adviceAgainst(const PortObstacle &obstacle)
         return ownText(obstacle);
     case PortObstacle::LeftOverLock:
         return lockText(obstacle);
+    case PortObstacle::StrangeLock:
+        return strangeText(obstacle);
     case PortObstacle::NoLockFolder:
         return translated("You have no right to make lock files in %1.").arg(obstacle.file);
     }

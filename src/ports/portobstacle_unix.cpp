@@ -31,11 +31,13 @@ struct Lock {
 const char *const lockFolders[] = {"/var/lock", "/etc/locks", "/var/spool/locks", "/var/spool/uucp", "/tmp",
     "/var/tmp", "/var/lock/lockdev", "/run/lock"};
 
-// Empty where it can't be made.
+// Empty where it can't be made. A port that has gone is tried under its name.
 QString lockFileOf(const PortInfo &port)
 {
     const QLatin1String devices("/dev/");
-    QString name = port.location.startsWith(devices) ? port.location.mid(devices.size()) : port.location;
+    QString name = port.location.isEmpty() ? port.name : port.location;
+    if (name.startsWith(devices))
+        name.remove(0, devices.size());
     name.replace(QLatin1Char('/'), QLatin1Char('_'));
     for (const char *folder : lockFolders) {
         const QFileInfo info(QString::fromLatin1(folder));
@@ -50,6 +52,17 @@ QString userName(uid_t id)
 {
     const passwd *user = getpwuid(id);
     return user ? QString::fromLocal8Bit(user->pw_name) : QString::number(id);
+}
+
+PortObstacle::Thing thingOf(mode_t mode)
+{
+    if (S_ISLNK(mode))
+        return PortObstacle::Link;
+    if (S_ISDIR(mode))
+        return PortObstacle::Folder;
+    if (S_ISSOCK(mode))
+        return PortObstacle::Socket;
+    return S_ISFIFO(mode) ? PortObstacle::Pipe : PortObstacle::Device;
 }
 
 // In a folder where everybody may put something under that name. False where it can't be read.
@@ -193,6 +206,22 @@ bool lacksAccess(const PortInfo &port, QString *group)
 }
 
 } // namespace
+
+// A link is not followed: it may lead to a pipe or an endless device, and nobody makes a lock of one. What is
+// put there between this look and the opening gets through.
+std::optional<PortObstacle> obstacleToTrying(const PortInfo &port)
+{
+    const QString path = lockFileOf(port);
+    struct stat node;
+    if (path.isEmpty() || lstat(QFile::encodeName(path).constData(), &node) != 0 || S_ISREG(node.st_mode))
+        return std::nullopt;
+    PortObstacle obstacle;
+    obstacle.kind = PortObstacle::StrangeLock;
+    obstacle.file = path;
+    obstacle.thing = thingOf(node.st_mode);
+    obstacle.user = userName(node.st_uid);
+    return obstacle;
+}
 
 // Rights first: they are missing whatever the lock says.
 PortObstacle obstacleTo(const PortInfo &port)

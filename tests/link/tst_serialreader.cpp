@@ -11,6 +11,7 @@
 #include <QSocketNotifier>
 #include <QtTest>
 
+#include <cstdio>
 #include <ctime>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -65,6 +66,7 @@ private slots:
     void surgeryInsideASignal();
     void portHeldByAnother();
     void portWithoutRights();
+    void lockThatIsNoFile();
 
 private:
     QVector<Recording> recordings() const { return shell->windowRecordings(); }
@@ -371,6 +373,26 @@ void SerialReaderTest::portWithoutRights()
     }
     QVERIFY2(shell->calls.last().endsWith(QLatin1String("\nYou have no right to use the port.")),
         qPrintable(shell->calls.last()));
+}
+
+// Whoever opens the pipe, or the device behind the link, waits or reads for ever.
+void SerialReaderTest::lockThatIsNoFile()
+{
+    if (!QFileInfo(QStringLiteral("/var/lock")).isWritable())
+        QSKIP("this system keeps its locks elsewhere");
+    reader->stop();
+    const QByteArray lock = "/var/lock/LCK..pts_" + findPort(port).location.section('/', -1).toLatin1();
+    const auto refusal = [&](const char *thing) {
+        const bool started = reader->start();
+        std::remove(lock);
+        return !started
+            && shell->calls.last().contains(
+                QLatin1String(lock) + QLatin1String(" should be the port's lock file and is ") + thing);
+    };
+    QVERIFY(mkfifo(lock, 0666) == 0 && refusal("a pipe.\n"));
+    QVERIFY(symlink("/dev/zero", lock) == 0 && refusal("a link.\n"));
+    QVERIFY(mkdir(lock, 0777) == 0 && refusal("a folder.\n"));
+    QVERIFY(reader->start());
 }
 
 QTEST_GUILESS_MAIN(SerialReaderTest)
