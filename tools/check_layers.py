@@ -11,21 +11,20 @@ import re
 import sys
 from pathlib import Path
 
-# What each folder may include besides itself.
+# What each folder may include besides itself. A folder within a folder has a rule of its own.
 RULES = {
     "data": set(),
     "ports": set(),
-    "settings": {"data", "ports"},
+    "settings": {"ports"},
     "link": {"data", "settings", "ports"},
     "files": {"data"},
     "printing": set(),
     "graph": {"data", "settings", "files"},
     "displays": {"data", "settings", "printing"},
-    "dialogs": {"data", "settings", "link", "ports"},
+    "dialogs": {"settings", "link", "ports"},
     "resources": set(),
-    "app": {"data", "ports", "settings", "link", "files", "printing", "graph", "displays", "dialogs",
-            "resources"},
 }
+RULES["app"] = set(RULES)
 
 # Single headers that a folder may include although it may not include theirs: the interfaces through which a
 # lower object asks, which live with their user.
@@ -44,6 +43,12 @@ VARIANTS = re.compile(r"_(win|unix|mac|linux)$")  # one source a system, behind 
 def unit_of(path):
     """'link/serialreader_unix.cpp' -> 'link/serialreader'"""
     return VARIANTS.sub("", path.rsplit(".", 1)[0])
+
+
+def folder_of(path):
+    """The longest folder with a rule that holds `path`; its own folder where there is none."""
+    folders = [folder.as_posix() for folder in Path(path).parents]
+    return next((folder for folder in folders if folder in RULES), folders[0])
 
 
 def read_includes(src):
@@ -77,7 +82,7 @@ def read_libraries(src):
 
 
 def folder_faults(path, includes, files):
-    folder = path.split("/")[0]
+    folder = folder_of(path)
     if folder not in RULES:
         yield f"{path}: the folder {folder} has no rule in tools/check_layers.py"
         return
@@ -88,7 +93,7 @@ def folder_faults(path, includes, files):
             if not name.startswith(("ui_", "moc_")) and not name.endswith(".moc"):
                 yield f'{path}: "{name}" is no file below src; own headers are included by folder'
             continue
-        target = name.split("/")[0]
+        target = folder_of(name)
         if target != folder and target not in RULES[folder] and name not in EXCEPTIONS.get(folder, ()):
             yield f"{path}: {folder} may not include {name}"
 
@@ -171,12 +176,33 @@ def check(root):
     return faults
 
 
+def used_folders(files):
+    """folder -> the other folders of which its files include something, and those headers"""
+    used = {folder: ({}, set()) for folder in RULES}
+    for path, includes in files.items():
+        for quoted, name in includes:
+            if quoted and name in files and folder_of(name) != folder_of(path):
+                folders, headers = used[folder_of(path)]
+                folders.setdefault(folder_of(name), set()).add(name)
+                headers.add(name)
+    return used
+
+
+def unused_permissions(root):
+    """What is allowed and not needed is taken back, before somebody gets used to it."""
+    for folder, (folders, headers) in used_folders(read_includes(root / "src")).items():
+        if folder == "app":
+            continue
+        for idle in sorted(RULES[folder] - set(folders)) + sorted(EXCEPTIONS.get(folder, set()) - headers):
+            yield f"tools/check_layers.py: {folder} may include {idle}, and does not"
+
+
 def print_graph(root):
-    files = read_includes(root / "src")
-    for folder in RULES:
-        used = {name.split("/")[0] for path, includes in files.items() if path.startswith(folder + "/")
-                for quoted, name in includes if quoted and name in files} - {folder}
-        print(f"{folder:9} -> {', '.join(sorted(used)) or '-'}")
+    for folder, (folders, _) in used_folders(read_includes(root / "src")).items():
+        through = EXCEPTIONS.get(folder, set())
+        names = [name if name in RULES[folder] else ", ".join(sorted(folders[name] & through))
+                 for name in sorted(folders)]
+        print(f"{folder:13} -> {', '.join(names) or '-'}")
 
 
 def main():
@@ -187,7 +213,7 @@ def main():
     if arguments.graph:
         print_graph(arguments.root)
         return 0
-    faults = check(arguments.root)
+    faults = check(arguments.root) + list(unused_permissions(arguments.root))
     print("\n".join(faults) or "layers: no fault")
     return 1 if faults else 0
 
