@@ -1,4 +1,4 @@
-#include "data/recordline.h"
+#include "protocol/recordline.h"
 #include "naive/naiverecordline.h"
 #include "samplerecording.h"
 

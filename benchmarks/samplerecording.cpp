@@ -1,6 +1,6 @@
 #include "samplerecording.h"
 
-#include "data/recordline.h"
+#include "protocol/recordline.h"
 
 #include <cmath>
 

@@ -14,10 +14,11 @@ from pathlib import Path
 # What each folder may include besides itself. A folder within a folder has a rule of its own.
 RULES = {
     "data": set(),
+    "protocol": {"data"},
     "ports": set(),
     "settings": {"ports"},
     "link": {"data", "settings", "ports"},
-    "files": {"data"},
+    "files": {"data", "protocol"},
     "printing": set(),
     "graph": {"data", "settings", "files"},
     "displays": {"data", "settings", "printing"},

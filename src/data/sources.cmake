@@ -9,19 +9,10 @@ target_sources(varnel_data PRIVATE
     data/timetext.cpp data/timetext.h
     data/varnel3data.cpp data/varnel3data.h
     data/codetables.cpp
-    data/fieldtext.cpp data/fieldtext.h
-    data/fixedlayout.cpp data/fixedlayout.h
-    data/linefields.h
     data/saturated.h
     data/largeblock.h
     data/systemmemory.cpp data/systemmemory.h
     ${data_system}
-    data/lineconversions.cpp data/lineconversions.h
-    data/lineparsers.cpp data/lineparsers.h
-    data/varnel3parser.cpp
-    data/varnel2parser.cpp
-    data/tandorparser.cpp
-    data/recordline.cpp data/recordline.h
     data/recordlist.cpp data/recordlist.h
     data/balanceintegrator.cpp data/balanceintegrator.h
     data/voltageslope.h

@@ -2,8 +2,8 @@
 
 #include "files/columnheader.h"
 
-#include "data/fieldtext.h"
-#include "data/recordline.h"
+#include "protocol/fieldtext.h"
+#include "protocol/recordline.h"
 
 /// Turns an older column file, line by line, into lines that the device line parsers take.
 class ColumnConverter {

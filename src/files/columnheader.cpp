@@ -1,6 +1,6 @@
 #include "files/columnheader.h"
 
-#include "data/fieldtext.h"
+#include "protocol/fieldtext.h"
 
 #include <cstring>
 

@@ -2,7 +2,7 @@
 
 #include "files/filesync.h"
 
-#include "data/recordline.h"
+#include "protocol/recordline.h"
 #include "data/recordlist.h"
 
 #include <cstring>

@@ -3,7 +3,7 @@
 #include "files/journalsink.h"
 #include "files/linetrimming.h"
 
-#include "data/recordline.h"
+#include "protocol/recordline.h"
 #include "data/saturated.h"
 #include "data/varnel3data.h"
 

@@ -1,4 +1,4 @@
-#include "data/recordline.h"
+#include "protocol/recordline.h"
 #include "files/datafileloader.h"
 #include "files/datafilewriter.h"
 #include "fuzzcheck.h"

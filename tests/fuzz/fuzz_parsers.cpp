@@ -1,4 +1,4 @@
-#include "data/recordline.h"
+#include "protocol/recordline.h"
 #include "data/varnel3data.h"
 #include "fuzzcheck.h"
 #include "support/records.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/lineconversions.h"
+#include "protocol/lineconversions.h"
 #include "data/recordlist.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/fieldtext.h"
+#include "protocol/fieldtext.h"
 
 class Varnel3Data;
 

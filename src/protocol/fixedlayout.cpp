@@ -1,6 +1,6 @@
-#include "data/fixedlayout.h"
+#include "protocol/fixedlayout.h"
 
-#include "data/lineconversions.h"
+#include "protocol/lineconversions.h"
 #include "data/varnel3data.h"
 
 #include <QtEndian>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/fieldtext.h"
+#include "protocol/fieldtext.h"
 
 /// A line split at its commas, empty fields kept. Points into the line.
 template <typename Char>

@@ -1,9 +1,9 @@
-#include "data/recordline.h"
+#include "protocol/recordline.h"
 
-#include "data/fixedlayout.h"
+#include "protocol/fixedlayout.h"
 #include "data/varnel3data.h"
 
-#include "data/recordflags.h"
+#include "protocol/recordflags.h"
 #include "support/columns.h"
 #include "support/records.h"
 #include "support/seed.h"

@@ -1,6 +1,6 @@
 #include "data/varnel3data.h"
 
-#include "data/recordflags.h"
+#include "protocol/recordflags.h"
 #include "support/columns.h"
 
 #include <QRandomGenerator>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/linefields.h"
+#include "protocol/linefields.h"
 #include "data/varnel3data.h"
 
 // One parser a dialect. Each assigns the record's fields in the order of the line and stops with false at the

@@ -1,6 +1,6 @@
-#include "data/lineparsers.h"
+#include "protocol/lineparsers.h"
 
-#include "data/lineconversions.h"
+#include "protocol/lineconversions.h"
 #include "data/saturated.h"
 
 #include <cstring>

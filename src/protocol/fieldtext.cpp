@@ -1,4 +1,4 @@
-#include "data/fieldtext.h"
+#include "protocol/fieldtext.h"
 
 #include <QString>
 

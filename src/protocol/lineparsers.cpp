@@ -1,6 +1,6 @@
-#include "data/lineparsers.h"
+#include "protocol/lineparsers.h"
 
-#include "data/fixedlayout.h"
+#include "protocol/fixedlayout.h"
 
 #include <QDebug>
 #include <QString>

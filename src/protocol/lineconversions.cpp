@@ -1,4 +1,4 @@
-#include "data/lineconversions.h"
+#include "protocol/lineconversions.h"
 
 #include "data/varnel3data.h"
 

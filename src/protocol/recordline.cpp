@@ -1,6 +1,6 @@
-#include "data/recordline.h"
+#include "protocol/recordline.h"
 
-#include "data/lineconversions.h"
+#include "protocol/lineconversions.h"
 #include "data/varnel3data.h"
 
 #include <QtGlobal>

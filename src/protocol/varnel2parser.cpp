@@ -1,4 +1,4 @@
-#include "data/lineparsers.h"
+#include "protocol/lineparsers.h"
 
 // "Varnel 2" and "Varnel 2+" share the head of the line; they differ in where the sign of the current stands
 // and in whether voltage and current share a field.
