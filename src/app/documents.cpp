@@ -10,7 +10,7 @@
 #include "app/savedialog.h"
 #include "app/warningbox.h"
 #include "files/datafilewriter.h"
-#include "files/journalfolder.h"
+#include "journal/journalfolder.h"
 #include "files/varelstyleditemdelegate.h"
 #include "graph/mdigraphchild.h"
 #include "settings/varnelsettings.h"

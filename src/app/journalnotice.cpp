@@ -1,7 +1,7 @@
 #include "app/journalnotice.h"
 
 #include "app/statusfacts.h"
-#include "files/journalkeeper.h"
+#include "journal/journalkeeper.h"
 #include "settings/varnelsettings.h"
 
 #include <QDesktopServices>

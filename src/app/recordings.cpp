@@ -1,7 +1,7 @@
 #include "app/recordings.h"
 
 #include "files/journalfile.h"
-#include "files/journalkeeper.h"
+#include "journal/journalkeeper.h"
 #include "graph/mdigraphchild.h"
 #include "link/recordinglog.h"
 #include "settings/varnelsettings.h"

@@ -1,6 +1,6 @@
 #include "app/recordingsmodel.h"
 
-#include "files/recordinglength.h"
+#include "journal/recordinglength.h"
 
 #include <QFileSystemModel>
 

@@ -16,16 +16,9 @@ target_sources(varnel_core PRIVATE
     files/balancercolumns.cpp files/balancercolumns.h
     files/datafileloader.cpp files/datafileloader.h
     files/datafilewriter.cpp files/datafilewriter.h
-    files/recordinglength.cpp files/recordinglength.h
     files/recordlabel.cpp files/recordlabel.h
     files/journalfile.h
     files/disksyncer.cpp files/disksyncer.h
-    files/journalnotices.h
-    files/journalsink.h
-    files/journalwriter.cpp files/journalwriter.h
-    files/journalfolder.cpp files/journalfolder.h
-    files/recordingjournal.cpp files/recordingjournal.h
-    files/journalkeeper.cpp files/journalkeeper.h
     files/filepieces.h
     files/wholefile.cpp files/wholefile.h
 )

@@ -1,5 +1,5 @@
 #include "app/recordings.h"
-#include "files/journalfolder.h"
+#include "journal/journalfolder.h"
 #include "graph/csvexport.h"
 #include "graph/mdigraphchild.h"
 #include "support/columns.h"

@@ -1,5 +1,5 @@
 #include "app/singleinstance.h"
-#include "files/journalfolder.h"
+#include "journal/journalfolder.h"
 #include "settings/settingskeeper.h"
 #include "settings/varnelsettings.h"
 #include "support/files.h"

@@ -1,5 +1,5 @@
 #include "displays/datadisplay.h"
-#include "files/journalfolder.h"
+#include "journal/journalfolder.h"
 #include "graph/mdigraphchild.h"
 #include "support/columns.h"
 #include "support/files.h"

@@ -18,9 +18,9 @@ TREES = {
     "upwards": ({"data/d.cpp": '#include "app/a.h"', "app/a.h": ""}, {"data/d.cpp": DATA},
                 "data may not include app/a.h"),
     "interface allowed":
-        ({"files/j.h": '#include "link/recordinglog.h"', "link/recordinglog.h": ""}, {}, None),
-    "beside the interface": ({"files/j.h": '#include "link/reader.h"', "link/reader.h": ""}, {},
-                             "files may not include link/reader.h"),
+        ({"journal/j.h": '#include "link/recordinglog.h"', "link/recordinglog.h": ""}, {}, None),
+    "beside the interface": ({"journal/j.h": '#include "link/reader.h"', "link/reader.h": ""}, {},
+                             "journal may not include link/reader.h"),
     "circle through sources": (
         {"graph/a.h": "", "graph/a.cpp": '#include "graph/b.h"', "graph/b.h": "",
          "graph/b_unix.cpp": '#include "graph/a.h"'},

@@ -1,6 +1,6 @@
 #include "files/disksyncer.h"
 #include "files/journalfile.h"
-#include "files/journalkeeper.h"
+#include "journal/journalkeeper.h"
 
 #include "link/recordinglog.h"
 #include "support/files.h"

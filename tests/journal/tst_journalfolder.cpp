@@ -1,4 +1,4 @@
-#include "files/journalfolder.h"
+#include "journal/journalfolder.h"
 
 #include "files/journalfile.h"
 #include "support/columns.h"

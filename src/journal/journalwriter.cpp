@@ -1,10 +1,10 @@
-#include "files/journalwriter.h"
+#include "journal/journalwriter.h"
 
 #include "files/disksyncer.h"
 #include "files/filesync.h"
 #include "files/journalfile.h"
-#include "files/journalfolder.h"
-#include "files/journalnotices.h"
+#include "journal/journalfolder.h"
+#include "journal/journalnotices.h"
 
 #include <QCoreApplication>
 #include <QDir>

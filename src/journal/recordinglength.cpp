@@ -1,4 +1,4 @@
-#include "files/recordinglength.h"
+#include "journal/recordinglength.h"
 
 #include "data/varnel3data.h"
 

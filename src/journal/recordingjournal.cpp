@@ -1,6 +1,6 @@
-#include "files/recordingjournal.h"
+#include "journal/recordingjournal.h"
 
-#include "files/journalsink.h"
+#include "journal/journalsink.h"
 #include "files/linetrimming.h"
 
 #include "protocol/recordline.h"

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "files/disksyncer.h"
-#include "files/journalfolder.h"
-#include "files/journalnotices.h"
+#include "journal/journalfolder.h"
+#include "journal/journalnotices.h"
 
 #include <QMap>
 #include <QObject>

@@ -1,7 +1,7 @@
-#include "files/journalkeeper.h"
+#include "journal/journalkeeper.h"
 
-#include "files/journalwriter.h"
-#include "files/recordingjournal.h"
+#include "journal/journalwriter.h"
+#include "journal/recordingjournal.h"
 
 #include <QFile>
 #include <QTimer>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "files/journalsink.h"
+#include "journal/journalsink.h"
 
 #include <QByteArray>
 #include <QDateTime>
