@@ -1,4 +1,4 @@
-#include "graph/seriesstore.h"
+#include "series/seriesstore.h"
 #include "machinememory.h"
 #include "naive/naivestore.h"
 #include "samplerecording.h"

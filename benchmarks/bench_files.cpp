@@ -2,7 +2,7 @@
 #include "files/datafilewriter.h"
 #include "files/filesync.h"
 #include "files/wholefile.h"
-#include "graph/seriesstore.h"
+#include "series/seriesstore.h"
 #include "machinememory.h"
 #include "naive/naiverecordline.h"
 #include "naive/naivestore.h"

@@ -1,6 +1,6 @@
-#include "graph/curvepainter.h"
-#include "graph/graphpainter.h"
-#include "graph/graphpicture.h"
+#include "graph/curves/curvepainter.h"
+#include "graph/plot/graphpainter.h"
+#include "graph/scene/graphpicture.h"
 #include "samplerecording.h"
 
 #include <QImage>

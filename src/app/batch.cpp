@@ -5,9 +5,9 @@
 #include "files/datafileloader.h"
 #include "files/filepieces.h"
 #include "files/wholefile.h"
-#include "graph/csvexport.h"
-#include "graph/graphpicture.h"
-#include "graph/seriesstore.h"
+#include "documents/csvexport.h"
+#include "graph/scene/graphpicture.h"
+#include "series/seriesstore.h"
 
 #include <QFile>
 

@@ -2,7 +2,7 @@
 
 #include "displays/capacitydisplay.h"
 #include "displays/datadisplay.h"
-#include "displays/figuretext.h"
+#include "data/figuretext.h"
 #include "displays/powerdisplay.h"
 #include "displays/printstamp.h"
 #include "displays/voltagecomparison.h"

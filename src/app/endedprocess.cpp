@@ -1,7 +1,7 @@
 #include "app/endedprocess.h"
 
 #include "data/timetext.h"
-#include "graph/figures.h"
+#include "data/figures.h"
 #include "graph/mdigraphchild.h"
 
 #include <QCoreApplication>

@@ -2,7 +2,7 @@
 
 #include "app/devicetargets.h"
 #include "app/soundplayer.h"
-#include "graph/processend.h"
+#include "data/processend.h"
 #include "link/serialreader.h"
 #include "settings/varnelsettings.h"
 

@@ -2,7 +2,7 @@
 
 #include "app/progressstrip.h"
 #include "files/datafileloader.h"
-#include "graph/seriesstore.h"
+#include "series/seriesstore.h"
 
 #include <QDir>
 #include <QElapsedTimer>

@@ -5,7 +5,7 @@
 #include "app/graphfile.h"
 #include "app/recordings.h"
 #include "app/warningbox.h"
-#include "graph/csvexport.h"
+#include "documents/csvexport.h"
 #include "files/filepieces.h"
 #include "graph/mdigraphchild.h"
 #include "settings/varnelsettings.h"

@@ -1,8 +1,8 @@
 #include "app/graphfile.h"
 
 #include "files/filepieces.h"
-#include "graph/graphpainter.h"
-#include "graph/graphpicture.h"
+#include "graph/plot/graphpainter.h"
+#include "graph/scene/graphpicture.h"
 
 #include <QBuffer>
 #include <QImage>

@@ -1,7 +1,7 @@
 #include "app/graphprinting.h"
 
 #include "displays/printstamp.h"
-#include "graph/graphpainter.h"
+#include "graph/plot/graphpainter.h"
 #include "graph/mdigraphchild.h"
 #include "printing/printjob.h"
 #include "printing/printrequest.h"

@@ -1,7 +1,7 @@
 #include "displays/capacitychart.h"
 
 #include "displays/chartpaint.h"
-#include "displays/figuretext.h"
+#include "data/figuretext.h"
 
 #include <QPainter>
 

@@ -3,7 +3,7 @@
 #include "data/timetext.h"
 #include "data/varnel3data.h"
 #include "data/voltageslope.h"
-#include "displays/figuretext.h"
+#include "data/figuretext.h"
 
 #include <QCoreApplication>
 

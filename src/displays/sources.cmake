@@ -9,7 +9,6 @@ target_sources(varnel_gui PRIVATE
     displays/datadisplay.cpp displays/datadisplay.h
     displays/datafigures.cpp displays/datafigures.h
     displays/displayscale.cpp displays/displayscale.h
-    displays/figuretext.cpp displays/figuretext.h
     displays/fittedtext.cpp displays/fittedtext.h
     displays/packvoltages.cpp displays/packvoltages.h
     displays/powerdisplay.cpp displays/powerdisplay.h

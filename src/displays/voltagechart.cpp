@@ -2,7 +2,7 @@
 
 #include "displays/chartpaint.h"
 #include "displays/displayscale.h"
-#include "displays/figuretext.h"
+#include "data/figuretext.h"
 
 #include <QCoreApplication>
 #include <QPainter>

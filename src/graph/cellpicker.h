@@ -1,6 +1,6 @@
 #pragma once
 
-#include "graph/cellselection.h"
+#include "series/cellselection.h"
 
 #include <QObject>
 

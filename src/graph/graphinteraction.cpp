@@ -1,7 +1,7 @@
 #include "graph/graphinteraction.h"
 
-#include "graph/celllegend.h"
-#include "graph/seriesstore.h"
+#include "graph/scene/celllegend.h"
+#include "series/seriesstore.h"
 #include "settings/viewstate.h"
 
 #include <QMouseEvent>

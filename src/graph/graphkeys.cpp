@@ -1,7 +1,7 @@
 // The keyboard's way to everything that the mouse does to a graph.
 #include "graph/graphinteraction.h"
 
-#include "graph/seriesstore.h"
+#include "series/seriesstore.h"
 
 #include <QKeyEvent>
 #include <QWidget>

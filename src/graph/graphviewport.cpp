@@ -1,7 +1,7 @@
 #include "graph/graphviewport.h"
 
-#include "graph/pixels.h"
-#include "graph/seriesstore.h"
+#include "graph/curves/pixels.h"
+#include "series/seriesstore.h"
 
 #include <qwt_scale_engine.h>
 

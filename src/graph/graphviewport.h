@@ -1,6 +1,6 @@
 #pragma once
 
-#include "graph/graphlayout.h"
+#include "graph/scene/graphlayout.h"
 
 #include <optional>
 

@@ -3,7 +3,7 @@
 #include "data/voltageslope.h"
 #include "graph/graphhost.h"
 #include "graph/graphinteraction.h"
-#include "graph/processend.h"
+#include "data/processend.h"
 #include "link/devicelink.h"
 #include "settings/viewstate.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "graph/graphpainter.h"
-#include "graph/graphpicture.h"
-#include "graph/seriesstore.h"
+#include "graph/plot/graphpainter.h"
+#include "graph/scene/graphpicture.h"
+#include "series/seriesstore.h"
 #include "link/recordingsink.h"
 
 #include <QDateTime>

@@ -1,6 +1,6 @@
 #include "app/recordings.h"
 #include "journal/journalfolder.h"
-#include "graph/csvexport.h"
+#include "documents/csvexport.h"
 #include "graph/mdigraphchild.h"
 #include "support/columns.h"
 #include "support/files.h"

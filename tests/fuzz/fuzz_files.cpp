@@ -2,7 +2,7 @@
 #include "files/datafileloader.h"
 #include "files/datafilewriter.h"
 #include "fuzzcheck.h"
-#include "graph/seriesstore.h"
+#include "series/seriesstore.h"
 
 #include <QBuffer>
 

@@ -3,7 +3,7 @@
 #include "journal/journalsink.h"
 #include "journal/recordingjournal.h"
 #include "fuzzcheck.h"
-#include "graph/seriesstore.h"
+#include "series/seriesstore.h"
 #include "link/lineframer.h"
 #include "link/recordingdispatcher.h"
 #include "support/fakelink.h"

@@ -1,6 +1,6 @@
-#include "graph/celllegend.h"
+#include "graph/scene/celllegend.h"
 #include "graph/graphfixture.h"
-#include "graph/graphlayout.h"
+#include "graph/scene/graphlayout.h"
 #include "graph/mdigraphchild.h"
 #include "graph/recordings.h"
 

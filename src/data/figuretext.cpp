@@ -1,0 +1,70 @@
+#include "data/figuretext.h"
+
+#include "data/varnel3data.h"
+
+#include <QLocale>
+
+namespace FigureText {
+
+namespace {
+
+constexpr double thousand = 1000.0;
+
+} // namespace
+
+QString fixed(double value, int width, int decimals)
+{
+    return QStringLiteral("%L1").arg(value, width, 'f', decimals, QLatin1Char(' '));
+}
+
+QString volts(int millivolts, int width, int decimals)
+{
+    return fixed(millivolts / thousand, width, decimals);
+}
+
+QString amperes(int milliamperes)
+{
+    return fixed(milliamperes / thousand, 5, 2);
+}
+
+QString degrees(int tenths)
+{
+    return tenths == 0 ? shortDashes() : fixed(tenths / 10.0, 4, 1);
+}
+
+QString ampereHours(int milliampereHours)
+{
+    struct Range {
+        double below; // Ah
+        int width;
+        int decimals;
+    };
+    static constexpr Range ranges[] = {{10.0, 7, 3}, {100.0, 6, 2}};
+    const double value = milliampereHours / thousand;
+    for (const Range &range : ranges)
+        if (value < range.below)
+            return fixed(value, range.width, range.decimals);
+    return fixed(value, 5, 1);
+}
+
+QString ohms(int milliohms)
+{
+    return milliohms == 0 ? longDashes() : fixed(milliohms / thousand, 5, 3);
+}
+
+QString cells(int count, int type)
+{
+    return QString::number(count) + QStringLiteral(" x ") + Varnel3Data::cellTypeName(type);
+}
+
+QString shortDashes()
+{
+    return QStringLiteral("--") + QLocale().decimalPoint() + QLatin1Char('-');
+}
+
+QString longDashes()
+{
+    return QLatin1Char('-') + QString(QLocale().decimalPoint()) + QStringLiteral("---");
+}
+
+} // namespace FigureText

@@ -1,0 +1,209 @@
+#include "documents/csvexport.h"
+
+#include "series/seriesstore.h"
+
+#include "data/saturated.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <initializer_list>
+
+namespace {
+
+/// One row being built.
+class Row {
+public:
+    void add(const QByteArray &text)
+    {
+        separate();
+        const bool plain = std::none_of(
+            text.begin(), text.end(), [](char c) { return c == ',' || c == '"' || c == '\n' || c == '\r'; });
+        bytes += plain ? text : '"' + QByteArray(text).replace('"', "\"\"") + '"';
+    }
+    void add(int value)
+    {
+        separate();
+        char digits[16];
+        bytes.append(digits, int(std::to_chars(digits, digits + sizeof digits, value).ptr - digits));
+    }
+    /// The shortest text that reads back as `value`; nothing for what is no number.
+    void add(double value)
+    {
+        separate();
+        char digits[32];
+        if (std::isfinite(value))
+            bytes.append(digits, int(std::to_chars(digits, digits + sizeof digits, value).ptr - digits));
+    }
+    void addFlag(char flag) { add(flag == '\0' ? QByteArray() : QString(QLatin1Char(flag)).toUtf8()); }
+    void addEmpty() { separate(); }
+    void end()
+    {
+        bytes += '\n';
+        first = true;
+    }
+
+    QByteArray bytes;
+
+private:
+    void separate()
+    {
+        if (!first)
+            bytes += ',';
+        first = false;
+    }
+
+    bool first = true;
+};
+
+struct Column {
+    const char *title;
+    void (*write)(Row &row, const Varnel3Data &record);
+};
+
+const Column recordColumns[] = {
+    {"device", [](Row &row, const Varnel3Data &r) { row.add(Varnel3Data::deviceName(r.device).toUtf8()); }},
+    {"time [s]", [](Row &row, const Varnel3Data &r) { row.add(r.time); }},
+    {"mode", [](Row &row, const Varnel3Data &r) { row.add(Varnel3Data::modeName(r.mode).toUtf8()); }},
+    {"chemistry",
+        [](Row &row, const Varnel3Data &r) { row.add(Varnel3Data::cellTypeName(r.cellType).toUtf8()); }},
+    {"cells", [](Row &row, const Varnel3Data &r) { row.add(r.cellCount); }},
+    {"voltage [mV]", [](Row &row, const Varnel3Data &r) { row.add(r.voltage); }},
+    {"current [mA]", [](Row &row, const Varnel3Data &r) { row.add(r.current); }},
+    {"temperature [0.1 C]", [](Row &row, const Varnel3Data &r) { row.add(r.temperature); }},
+    {"capacity [mAh]", [](Row &row, const Varnel3Data &r) { row.add(r.energy); }},
+    {"internal resistance [mOhm]", [](Row &row, const Varnel3Data &r) { row.add(r.internalResistance); }},
+    {"balancing current [mA]", [](Row &row, const Varnel3Data &r) { row.add(r.ballansingCurrent); }},
+    {"flag 1", [](Row &row, const Varnel3Data &r) { row.addFlag(r.flag1); }},
+    {"flag 2", [](Row &row, const Varnel3Data &r) { row.addFlag(r.flag2); }},
+    {"flag 3", [](Row &row, const Varnel3Data &r) { row.addFlag(r.flag3); }},
+    {"flag 4", [](Row &row, const Varnel3Data &r) { row.addFlag(r.flag4); }},
+    {"flag 5", [](Row &row, const Varnel3Data &r) { row.addFlag(r.flag5); }},
+};
+
+/// Of a record with balancing data; empty in the others.
+const Column cellStatisticColumns[] = {
+    {"cell maximum [mV]", [](Row &row, const Varnel3Data &r) { row.add(r.cellMax); }},
+    {"cell minimum [mV]", [](Row &row, const Varnel3Data &r) { row.add(r.cellMin); }},
+    {"cell average [mV]", [](Row &row, const Varnel3Data &r) { row.add(r.cellAverage); }},
+    {"cell spread [mV]",
+        [](Row &row, const Varnel3Data &r) { row.add(saturated(qint64(r.cellMax) - r.cellMin)); }},
+    {"balance maximum [%]", [](Row &row, const Varnel3Data &r) { row.add(r.balanceMax); }},
+    {"balanced charge maximum [mAh]", [](Row &row, const Varnel3Data &r) { row.add(r.balancedMah); }},
+};
+
+struct SeriesColumn {
+    const char *title;
+    SeriesStore::Kind kind;
+    bool fromFirstResistance; ///< the points before it are only copies of its first
+};
+
+const SeriesColumn seriesColumns[] = {
+    {"smoothed temperature [C]", SeriesStore::Temperature, false},
+    {"smoothed internal resistance [mOhm]", SeriesStore::Resistance, true},
+    {"smoothed voltage slope [mV/min]", SeriesStore::Dv, true},
+};
+
+constexpr double chargeUnitsPerMah = 360000.0; // per cent x mA x s in a mAh
+constexpr int pieceSize = 1 << 17; // bytes
+constexpr int recordsLookedAt = 1 << 14; // for their cells, in a piece
+
+/// Cells of which the device of `record` tells something.
+int cellsTold(const Varnel3Data &record)
+{
+    const bool tells = record.device == Varnel3Data::Varnel3 || record.device == Varnel3Data::Tandor;
+    return tells ? record.cellsPresent() : 0;
+}
+
+void writeHeader(Row &row, int cells)
+{
+    row.add(QByteArrayLiteral("record"));
+    for (const Column &column : recordColumns)
+        row.add(QByteArray(column.title));
+    for (const Column &column : cellStatisticColumns)
+        row.add(QByteArray(column.title));
+    for (int cell = 1; cell <= cells; ++cell)
+        for (const char *quantity :
+            {" voltage [mV]", " balance [%]", " balanced charge [mAh]", " resistance [mOhm]"})
+            row.add("cell " + QByteArray::number(cell) + quantity);
+    for (const SeriesColumn &column : seriesColumns)
+        row.add(QByteArray(column.title));
+    row.end();
+}
+
+void writeCell(Row &row, const Varnel3Data &record, int cell)
+{
+    const CellData &data = record.cells[cell];
+    const bool balancing = record.flag5 == 'B';
+    row.add(data.voltage);
+    balancing ? row.add(data.balance) : row.addEmpty();
+    balancing ? row.add(data.balanceCharge / chargeUnitsPerMah) : row.addEmpty();
+    record.resistanceValid ? row.add(data.resistance) : row.addEmpty();
+}
+
+void writeRecord(Row &row, const SeriesStore &store, int index, const Varnel3Data &record, int cells)
+{
+    row.add(index + 1);
+    for (const Column &column : recordColumns)
+        column.write(row, record);
+    for (const Column &column : cellStatisticColumns)
+        record.flag5 == 'B' ? column.write(row, record) : row.addEmpty();
+    for (int cell = 0; cell < cells; ++cell) {
+        if (cell < cellsTold(record))
+            writeCell(row, record, cell);
+        else
+            for (int empty = 0; empty < 4; ++empty)
+                row.addEmpty();
+    }
+    for (const SeriesColumn &column : seriesColumns) {
+        const PlotSeries &series = store.series(column.kind);
+        const bool meant = index < series.size()
+            && (!column.fromFirstResistance || store.size() > SeriesStore::firstResistance());
+        meant ? row.add(series[index]) : row.addEmpty();
+    }
+    row.end();
+}
+
+} // namespace
+
+CsvRows::CsvRows(const SeriesStore &store)
+    : m_store(store)
+    , m_count(store.size())
+{
+    if (m_count > 0)
+        m_last = store.records().last();
+}
+
+bool CsvRows::writeNext(QIODevice &device)
+{
+    if (m_looked == m_count)
+        return writeRows(device);
+    lookForCells();
+    return true;
+}
+
+double CsvRows::progress() const
+{
+    return m_count > 0 ? double(qMax(0, m_next)) / m_count : 0.0;
+}
+
+void CsvRows::lookForCells()
+{
+    const int end = std::min(m_count, m_looked + recordsLookedAt);
+    for (; m_looked < end; ++m_looked)
+        m_cells = std::max(m_cells, cellsTold(m_store.records()[m_looked]));
+}
+
+bool CsvRows::writeRows(QIODevice &device)
+{
+    Row row;
+    if (m_next == notBegun) {
+        writeHeader(row, m_cells);
+        m_next = 0;
+    }
+    for (; m_next < m_count && row.bytes.size() < pieceSize; ++m_next) {
+        const Varnel3Data &record = m_next == m_count - 1 ? m_last : m_store.records()[m_next];
+        writeRecord(row, m_store, m_next, record, m_cells);
+    }
+    return writeAllBytes(device, row.bytes.constData(), row.bytes.size());
+}

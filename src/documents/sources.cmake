@@ -1,0 +1,3 @@
+target_sources(varnel_core PRIVATE
+    documents/csvexport.cpp documents/csvexport.h
+)

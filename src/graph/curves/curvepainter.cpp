@@ -1,0 +1,151 @@
+#include "graph/curves/curvepainter.h"
+
+#include "graph/curves/curvedata.h"
+#include "graph/curves/curveoutline.h"
+#include "graph/curves/pixels.h"
+#include "graph/curves/varnelplotcurve.h"
+
+#include <QPainter>
+
+#include <qwt_painter.h>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int samplesForSpans = 2; // more of them on a column make a span worth while
+
+constexpr int lineCount = 10; // one for each series but the cells, which share them
+
+} // namespace
+
+struct CurvePainter::Line {
+    Line() { curve.setData(samples); }
+
+    CurveData *const samples = new CurveData; // owned by the curve
+    VarnelPlotCurve curve;
+};
+
+CurvePainter::CurvePainter()
+    : m_lines(std::make_unique<Line[]>(lineCount))
+{
+}
+
+CurvePainter::~CurvePainter() = default;
+CurvePainter &CurvePainter::operator=(CurvePainter &&other) noexcept = default;
+
+bool CurvePainter::Key::operator==(const Key &other) const
+{
+    return store == other.store && revision == other.revision && first == other.first && width == other.width
+        && area == other.area && std::equal(std::begin(maps), std::end(maps), std::begin(other.maps));
+}
+
+CurvePainter::Key CurvePainter::keyOf(const Job &job)
+{
+    const QwtScaleMap &x = job.timeMap;
+    const QwtScaleMap &y = job.valueMap;
+    return {job.store, job.store->revision(), job.first, job.pen.width(), job.area,
+        {x.s1(), x.s2(), x.p1(), x.p2(), y.s1(), y.s2(), y.p1(), y.p2()}};
+}
+
+void CurvePainter::updateColumns(const Job &job)
+{
+    Key key = keyOf(job);
+    std::fill(key.maps + 4, key.maps + 8, 0.0); // shared by all curves of the same time map
+    key.area = QRect(job.area.left(), 0, job.area.width(), 1);
+    key.first = key.width = 0;
+    if (key == m_columnsKey)
+        return;
+    m_columnsKey = key;
+    m_columns.assign(job.store->series(SeriesStore::Time).begin(), job.store->size(),
+        job.store->isTimeMonotone(), job.timeMap, job.area.left(), job.area.right());
+}
+
+// Few samples are drawn as they are. Where times run back all count, since any may be on the area.
+bool CurvePainter::isSparse(const Job &job) const
+{
+    const int samples = job.store->isTimeMonotone() ? m_columns.sampleCount() : job.store->size();
+    return samples <= samplesForSpans * job.area.width();
+}
+
+void CurvePainter::draw(QPainter *painter, const Job &job)
+{
+    if (job.store->size() <= job.first || job.area.isEmpty())
+        return;
+    painter->save();
+    painter->setClipRect(job.area, Qt::IntersectClip);
+    painter->setPen(job.pen);
+    const PlotSeries &times = job.store->series(SeriesStore::Time);
+    updateColumns(job);
+    if (job.store->isTimeMonotone() && times[job.first] == times.last()) {
+        drawMoment(painter, job);
+    } else if (isSparse(job)) {
+        drawLines(painter, job);
+    } else if (QwtPainter::roundingAlignment(painter)) {
+        drawSpans(painter, job);
+    } else {
+        QwtPainter::drawPolyline(
+            painter, curveOutline(*job.store, job.series, job.first, job.timeMap, job.valueMap, job.area));
+    }
+    painter->restore();
+}
+
+void CurvePainter::drawSpans(QPainter *painter, const Job &job)
+{
+    Found &found = m_found[job.series];
+    const Key key = keyOf(job);
+    if (!(key == found.key)) {
+        found.key = key;
+        found.spans.assign(
+            {job.store->series(job.series), job.first, m_columns, job.valueMap}, job.area, job.pen.width());
+    }
+    found.spans.draw(painter);
+}
+
+// Lines through the samples on the area and their neighbours; where times run back, through all.
+void CurvePainter::drawLines(QPainter *painter, const Job &job)
+{
+    int begin = job.first;
+    int end = job.store->size();
+    if (job.store->isTimeMonotone()) {
+        begin = std::max(begin, m_columns.stretches().front().begin);
+        end = m_columns.stretches().back().end;
+    }
+    if (end - begin < 1)
+        return;
+    const PlotSeries &times = job.store->series(SeriesStore::Time);
+    const PlotSeries &values = job.store->series(job.series);
+    QVector<QPointF> samples(end - begin);
+    for (int i = begin; i < end; ++i)
+        samples[i - begin] = {times[i], values[i]};
+    Line &line = m_lines[size_t(job.series % lineCount)];
+    line.samples->setSamples(samples);
+    line.curve.setPen(job.pen);
+    line.curve.drawSeries(painter, job.timeMap, job.valueMap, job.area, 0, -1);
+}
+
+// A single record, or a clock that stands still: no line has a length. Each value gets its point; of so many
+// that they are not worth their lines, the points cover the course.
+void CurvePainter::drawMoment(QPainter *painter, const Job &job) const
+{
+    constexpr int reach = 2; // px, so that a lone point is seen
+    const int x = pixelOf(job.timeMap, job.store->series(SeriesStore::Time).last());
+    const QRect inside = job.area.adjusted(reach, reach, -reach, -reach); // for whole points
+    const PlotSeries &values = job.store->series(job.series);
+    const auto drawPoints = [&](double low, double high) {
+        const int top = pixelOf(job.valueMap, high);
+        const int bottom = pixelOf(job.valueMap, low);
+        if (!job.area.intersects(QRect(QPoint(x, top), QPoint(x, bottom))))
+            return;
+        const QPoint first(
+            qBound(inside.left(), x, inside.right()), qBound(inside.top(), top, inside.bottom()));
+        const QPoint last(first.x(), qBound(inside.top(), bottom, inside.bottom()));
+        painter->fillRect(QRect(first - QPoint(reach, reach), last + QPoint(reach, reach)), job.pen.color());
+    };
+    if (!isSparse(job)) {
+        const Interval all = values.extremes(job.first, values.size());
+        return drawPoints(all.low, all.high);
+    }
+    for (int i = job.first; i < values.size(); ++i)
+        drawPoints(values[i], values[i]);
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "graph/curves/curvespans.h"
+#include "series/seriesstore.h"
+#include "graph/curves/timecolumns.h"
+
+#include <QPen>
+
+#include <qwt_scale_map.h>
+
+#include <memory>
+
+/// Draws curves of a store at a cost that hardly depends on their length: a pixel column with many samples
+/// gets one span, and what was found is kept as long as neither map nor data change.
+class CurvePainter {
+public:
+    /// One curve to be drawn.
+    struct Job {
+        const SeriesStore *store;
+        int series; ///< SeriesStore::Kind
+        int first; ///< first sample of the curve
+        QwtScaleMap timeMap;
+        QwtScaleMap valueMap;
+        QRect area; ///< nothing is painted outside
+        QPen pen; ///< solid, 1 or 2 px wide
+    };
+
+    CurvePainter();
+    ~CurvePainter();
+    CurvePainter &operator=(CurvePainter &&other) noexcept;
+
+    void draw(QPainter *painter, const Job &job);
+
+private:
+    struct Key {
+        const SeriesStore *store = nullptr;
+        quint64 revision = 0;
+        int first = 0;
+        int width = 0;
+        QRect area;
+        double maps[8] = {};
+
+        bool operator==(const Key &other) const;
+    };
+    struct Line;
+    struct Found {
+        Key key;
+        CurveSpans spans;
+    };
+
+    static Key keyOf(const Job &job);
+    void updateColumns(const Job &job);
+    bool isSparse(const Job &job) const;
+    void drawSpans(QPainter *painter, const Job &job);
+    void drawLines(QPainter *painter, const Job &job);
+    void drawMoment(QPainter *painter, const Job &job) const;
+
+    Key m_columnsKey;
+    TimeColumns m_columns;
+    Found m_found[SeriesStore::kindCount];
+    std::unique_ptr<Line[]> m_lines; // used again and again
+};

@@ -1,0 +1,104 @@
+#include "graph/curves/timecolumns.h"
+
+#include "graph/curves/pixels.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace {
+
+// Recordings joined by the dozen and clocks set back now and then are drawn to the pixel. Beyond these the
+// area is full of ink, and a repaint would take seconds.
+constexpr size_t mostStretches = 131072;
+constexpr size_t mostInk = 3000000; // pixels of the lines that skip columns
+constexpr size_t inkOfLine = 64; // what a short one costs as much as
+
+size_t roundedUp(size_t count, size_t most)
+{
+    return (count + most - 1) / most;
+}
+
+} // namespace
+
+void TimeColumns::assign(
+    const double *times, int count, bool ascending, const QwtScaleMap &map, int left, int right)
+{
+    m_left = left - 1;
+    m_right = right + 1;
+    m_sampleCount = 0;
+    m_stretches.clear();
+    if (ascending)
+        assignAscending(times, count, map);
+    else
+        assignAny(times, count, map);
+}
+
+void TimeColumns::assignAscending(const double *times, int count, const QwtScaleMap &map)
+{
+    const double *const end = times + count;
+    const auto startOf = [&](const double *from, int column) {
+        return std::partition_point(from, end, [&](double time) { return pixelOf(map, time) < column; });
+    };
+    const auto take = [&](int x, const double *from, const double *to) {
+        m_stretches.push_back({x, int(from - times), int(to - times)});
+    };
+    const double *const first = startOf(times, m_left);
+    if (first != times)
+        take(pixelOf(map, first[-1]), first - 1, first);
+    const double *from = first;
+    while (from != end) {
+        const int x = pixelOf(map, *from);
+        if (x > m_right)
+            break;
+        const double *const next = startOf(from, x + 1);
+        take(x, from, next);
+        from = next;
+    }
+    m_sampleCount = int(from - first);
+    if (from != end)
+        take(pixelOf(map, *from), from, from + 1);
+}
+
+void TimeColumns::assignAny(const double *times, int count, const QwtScaleMap &map)
+{
+    for (int i = 0; i < count; ++i) {
+        const int x = pixelOf(map, times[i]);
+        m_sampleCount += sideOf(x) == 0;
+        if (!m_stretches.empty() && m_stretches.back().x == x)
+            m_stretches.back().end = i + 1;
+        else
+            add({x, i, i + 1});
+    }
+    thinOut();
+}
+
+// Of what lies on one side of the area only the ends count.
+void TimeColumns::add(const Stretch &stretch)
+{
+    const size_t count = m_stretches.size();
+    const int side = sideOf(stretch.x);
+    if (side != 0 && count > 1 && sideOf(m_stretches[count - 1].x) == side
+        && sideOf(m_stretches[count - 2].x) == side)
+        m_stretches.back() = stretch;
+    else
+        m_stretches.push_back(stretch);
+}
+
+void TimeColumns::thinOut()
+{
+    size_t ink = 0;
+    for (size_t i = 1; i < m_stretches.size(); ++i) {
+        const int from = std::clamp(m_stretches[i - 1].x, m_left, m_right);
+        const int skipped = std::abs(std::clamp(m_stretches[i].x, m_left, m_right) - from);
+        ink += skipped > 1 ? inkOfLine + size_t(skipped) : 0;
+    }
+    const size_t together = std::max(roundedUp(m_stretches.size(), mostStretches), roundedUp(ink, mostInk));
+    if (together < 2)
+        return;
+    size_t kept = 0;
+    for (size_t i = 0; i < m_stretches.size(); i += together) {
+        const size_t last = std::min(i + together, m_stretches.size()) - 1;
+        m_stretches[kept++] = {m_stretches[i].x, m_stretches[i].begin, m_stretches[last].end};
+    }
+    m_stretches.resize(kept);
+}

@@ -1,0 +1,103 @@
+#include "graph/plot/graphpainter.h"
+
+#include "graph/plot/cursorpainter.h"
+#include "graph/plot/framepainter.h"
+#include "graph/scene/graphscene.h"
+#include "graph/plot/graphtools.h"
+#include "graph/plot/legendpainter.h"
+#include "graph/plot/valueaxispainter.h"
+#include "graph/curves/vectorstate.h"
+
+#include <QPainter>
+
+namespace {
+
+// In the device's own pixels, of which a curve uses each, however large the letters are.
+QwtScaleMap finer(QwtScaleMap map, double scale)
+{
+    map.setPaintInterval(map.p1() * scale, map.p2() * scale);
+    return map;
+}
+
+QRect finer(const QRect &rect, double scale)
+{
+    return {QPoint(qRound(rect.left() * scale), qRound(rect.top() * scale)),
+        QPoint(qRound(rect.right() * scale), qRound(rect.bottom() * scale))};
+}
+
+QPen penOf(const GraphTools &tools, const GraphScene::Curve &curve)
+{
+    if (curve.series < SeriesStore::Cell1)
+        return QPen(curve.colour, curve.width);
+    return (curve.width > 1 ? tools.selectedCellPens : tools.cellPens)[curve.series - SeriesStore::Cell1];
+}
+
+} // namespace
+
+GraphPainter::GraphPainter()
+    : m_tools(std::make_unique<GraphTools>())
+{
+}
+
+GraphPainter::~GraphPainter() = default;
+
+void GraphPainter::paint(QPainter *painter, const GraphPicture &picture)
+{
+    painter->save();
+    const GraphCanvas canvas(painter, picture, *m_tools);
+    painter->scale(canvas.scale, canvas.scale);
+    FramePainter frame(canvas);
+    frame.paintBackground();
+    frame.paintBadge();
+    if (picture.store->isEmpty()) {
+        frame.paintNoData(
+            QRect(0, 0, canvas.layout.width(), canvas.layout.height()), 40, QColor(191, 191, 191), QString());
+    } else if (canvas.layout.isDrawable()) {
+        paintPlots(canvas);
+    }
+    painter->restore();
+    clearVectorState(); // for all that runs until the next painting
+}
+
+void GraphPainter::paintPlots(const GraphCanvas &canvas)
+{
+    const GraphScene scene = GraphScene::of(canvas.picture);
+    FramePainter frame(canvas);
+    frame.paintInformation();
+    frame.paintTimeAxis();
+    frame.paintGrid(!scene.cellHeading.isEmpty());
+    paintCurves(canvas, scene);
+    for (const GraphScene::Axis &axis : scene.axes)
+        ValueAxisPainter(canvas).paint(axis);
+    LegendPainter(canvas).paint(scene);
+    if (!scene.upperReason.isEmpty()) {
+        frame.paintNoData(canvas.layout.area(PlotArea::Upper), 20,
+            canvas.colours.readable(canvas.colours.slope()), scene.upperReason);
+    }
+    paintPointer(canvas, scene);
+}
+
+void GraphPainter::paintPointer(const GraphCanvas &canvas, const GraphScene &scene)
+{
+    const GraphPicture &picture = canvas.picture;
+    if (picture.cursorRecord >= 0 && picture.cursorRecord < picture.store->size())
+        CursorPainter(canvas).paintCursor(scene, picture.cursorRecord);
+    if (!picture.rubberBand.isEmpty())
+        CursorPainter(canvas).paintRubberBand(picture.rubberBand);
+}
+
+void GraphPainter::paintCurves(const GraphCanvas &canvas, const GraphScene &scene)
+{
+    const double scale = canvas.scale;
+    canvas.painter->save();
+    canvas.painter->scale(1 / scale, 1 / scale);
+    for (auto it = scene.curves.crbegin(); it != scene.curves.crend(); ++it) {
+        const GraphScene::Curve &curve = *it;
+        const ValueRange range = curve.range.part(canvas.picture.zoom.share(curve.area));
+        m_curves.draw(canvas.painter,
+            {canvas.picture.store, curve.series, curve.first, finer(canvas.timeMap, scale),
+                finer(canvas.layout.valueMap(curve.area, range.low, range.high), scale),
+                finer(canvas.layout.area(curve.area), scale), penOf(*m_tools, curve)});
+    }
+    canvas.painter->restore();
+}

@@ -1,8 +1,0 @@
-#include "graph/scaledrawtime.h"
-
-#include "data/timetext.h"
-
-QwtText ScaleDrawTime::label(double value) const
-{
-    return value >= 0 ? elapsedTimeText(value) : QStringLiteral(" ");
-}

@@ -1,0 +1,250 @@
+#include "graph/scene/graphscene.h"
+
+#include "data/figures.h"
+#include "graph/scene/graphcolours.h"
+#include "graph/scene/graphpicture.h"
+#include "series/seriesstore.h"
+
+#include <QCoreApplication>
+
+#include <cmath>
+
+namespace {
+
+constexpr double milli = 1000.0;
+constexpr int emphasis = 2; // px, pen of a selected cell
+constexpr double slopeUnit = 10.0; // mV/min; a course of a few of them is real
+constexpr double deltaUnit = 0.1; // V; cells drift by millivolts
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("GraphScene", text);
+}
+
+GraphColours coloursOf(const GraphPicture &picture)
+{
+    return GraphColours(picture.switches.blackBackground);
+}
+
+const Varnel3Data &newestOf(const GraphPicture &picture)
+{
+    return picture.store->records().last();
+}
+
+bool isCellShown(const GraphPicture &picture, int cell)
+{
+    const bool selected = picture.selectedCells[size_t(cell)];
+    return picture.switches.cellSelectMode == 0 || selected == (picture.switches.cellSelectMode == 1);
+}
+
+QString cellFigure(const SeriesStore &store, int cell, int energyMode)
+{
+    const CellData &newest = store.records().last().cells[cell];
+    switch (energyMode) {
+    case 1:
+        return figure(newest.balanceCharge / 360000 / milli, 0, 3); // per cent x mA x s to mAh to Ah
+    case 2: // which most lines don't bring
+        return store.knownResistance(cell) > 0 ? figure(store.knownResistance(cell), 0, 1) : noFigure();
+    default:
+        return figure(newest.voltage / milli, 0, 3);
+    }
+}
+
+// The lowest and the highest value that the axes cover.
+Interval courseOf(const GraphPicture &picture, int kind)
+{
+    const PlotSeries &values = picture.store->series(kind);
+    if (picture.rangedRecords > 0 && picture.rangedRecords < values.size())
+        return values.extremes(0, picture.rangedRecords);
+    return {values.minimum(), values.maximum()};
+}
+
+ValueRange currentRange(const GraphPicture &picture)
+{
+    const Interval course = courseOf(picture, SeriesStore::Current);
+    return ValueRange::ofCurrent(course.low, course.high);
+}
+
+// Extremes over all cells, so that a cell keeps its place when others are hidden.
+ValueRange cellRange(const GraphPicture &picture)
+{
+    Interval course = courseOf(picture, SeriesStore::CellMin);
+    course.take(courseOf(picture, SeriesStore::CellMax));
+    for (int i = 0; i < picture.store->cellSeriesCount(); ++i)
+        course.take(courseOf(picture, SeriesStore::Cell1 + i));
+    return ValueRange::ofCells(course.low, course.high, picture.store->records().first().cellType);
+}
+
+} // namespace
+
+GraphScene GraphScene::of(const GraphPicture &picture)
+{
+    GraphScene scene;
+    const ViewSwitches &switches = picture.switches;
+    if (!switches.balancer) {
+        scene.addVoltage(picture);
+        if (switches.deltaMode == 1)
+            scene.addSlope(picture);
+        else if (switches.deltaMode == 2)
+            scene.addEnergy(picture);
+    } else if (!picture.store->hasCellData()) {
+        scene.upperReason = tr("This recording has no cell data.");
+    } else if (switches.average) {
+        scene.addStatistics(picture);
+    } else {
+        scene.addCells(picture);
+    }
+    scene.addCurrent(picture);
+    if (switches.temperature && newestOf(picture).temperature != 0)
+        scene.addTemperature(picture);
+    if (switches.resistance)
+        scene.addResistance(picture);
+    return scene;
+}
+
+void GraphScene::addVoltage(const GraphPicture &picture)
+{
+    const GraphColours colours = coloursOf(picture);
+    const PlotSeries &values = picture.store->series(SeriesStore::Voltage);
+    const Interval course = courseOf(picture, SeriesStore::Voltage);
+    const ValueRange range = ValueRange::ofVoltage(course.low, course.high);
+    curves.append({PlotArea::Upper, SeriesStore::Voltage, 0, range, colours.voltage(), colours.curveWidth(),
+        tr("Voltage"), tr("V")});
+    axes.append({PlotArea::Upper, Side::Left, range, tr("V"), 2, 5, colours.voltage()});
+    upperLegend.append({tr("Voltage"), figure(values.last(), 0, 2) + tr(" V"), colours.voltage()});
+}
+
+void GraphScene::addSlope(const GraphPicture &picture)
+{
+    const GraphColours colours = coloursOf(picture);
+    const PlotSeries &values = picture.store->series(SeriesStore::Dv);
+    if (picture.store->size() <= SeriesStore::firstResistance()) { // no value yet
+        upperLegend.append({tr("dV"), noFigure() + tr(" mV/min"), colours.slope()});
+        return;
+    }
+    const Interval course = courseOf(picture, SeriesStore::Dv);
+    const ValueRange range = ValueRange::ofSlope(course.low, course.high, slopeUnit);
+    curves.append({PlotArea::Upper, SeriesStore::Dv, 0, range, colours.slope(), colours.curveWidth(),
+        tr("dV"), tr("mV/min"), 1.0, 1});
+    axes.append({PlotArea::Upper, Side::Right, range, tr("mV/min"), 1, 5, colours.slope()});
+    upperLegend.append({tr("dV"),
+        figure(values.last(), 0, std::abs(values.last()) < 100 ? 1 : 0) + tr(" mV/min"), colours.slope()});
+}
+
+void GraphScene::addEnergy(const GraphPicture &picture)
+{
+    const GraphColours colours = coloursOf(picture);
+    const PlotSeries &values = picture.store->series(SeriesStore::Energy);
+    const Interval course = courseOf(picture, SeriesStore::Energy);
+    const ValueRange range = ValueRange::ofEnergy(course.low, course.high);
+    curves.append({PlotArea::Upper, SeriesStore::Energy, 0, range, colours.slope(), colours.curveWidth(),
+        tr("Energy"), tr("mAh"), 1.0, 0});
+    axes.append({PlotArea::Upper, Side::Right, range, tr("mAh"), 0, 5, colours.slope()});
+    upperLegend.append({tr("Energy"), figure(values.last(), 0, 0) + tr(" mAh"), colours.slope()});
+}
+
+void GraphScene::addCells(const GraphPicture &picture)
+{
+    const SeriesStore &store = *picture.store;
+    const GraphColours colours = coloursOf(picture);
+    const ViewSwitches &switches = picture.switches;
+    const ValueRange range = cellRange(picture);
+    const bool emphasise = switches.cellSelectMode == 0;
+    for (bool selected : {true, false}) { // the picked ones on top
+        for (int i = 0; i < store.cellSeriesCount(); ++i) {
+            if (picture.selectedCells[size_t(i)] != selected || !isCellShown(picture, i))
+                continue;
+            const int width = selected && emphasise ? emphasis : 1;
+            curves.append({PlotArea::Upper, SeriesStore::Cell1 + i, 0, range, colours.cell(i), width,
+                tr("Cell ") + QString::number(i + 1), tr("V"), 1.0, 3});
+        }
+    }
+    if (curves.isEmpty())
+        upperReason = switches.cellSelectMode == 1 ? tr("No cell is selected.") : tr("All cells are hidden.");
+    axes.append({PlotArea::Upper, Side::Left, range, tr("V"), 2, 4, colours.text()});
+
+    const char *const headings[]
+        = {QT_TRANSLATE_NOOP("GraphScene", "Voltage:"), QT_TRANSLATE_NOOP("GraphScene", "Charge:"), "Ri:"};
+    const char *const units[] = {"V", "Ah", "m\u03a9"};
+    const int mode = qBound(0, switches.energyMode, 2);
+    cellHeading = tr(headings[mode]);
+    cellUnit = tr(units[mode]);
+    for (int i = 0; i < store.cellSeriesCount(); ++i) {
+        upperLegend.append({QString::number(i + 1), cellFigure(store, i, mode), colours.cell(i),
+            picture.selectedCells[size_t(i)]});
+    }
+}
+
+void GraphScene::addStatistics(const GraphPicture &picture)
+{
+    const SeriesStore &store = *picture.store;
+    const GraphColours colours = coloursOf(picture);
+    const ValueRange range = cellRange(picture);
+    cellHeading = tr("Voltage:");
+    cellUnit = tr("V");
+    const Interval deltas = courseOf(picture, SeriesStore::CellDelta);
+    const ValueRange deltaRange = ValueRange::ofCurrent(deltas.low, deltas.high, deltaUnit);
+    struct Row {
+        int series;
+        QString name;
+        ValueRange range;
+        QColor colour;
+    };
+    const Row rows[] = {{SeriesStore::CellMax, tr("Max"), range, colours.cellMax()},
+        {SeriesStore::CellAverage, tr("Avg"), range, colours.cellAverage()},
+        {SeriesStore::CellMin, tr("Min"), range, colours.cellMin()},
+        {SeriesStore::CellDelta, tr("Delta"), deltaRange, colours.cellDelta()}};
+    for (const Row &row : rows) {
+        const bool isDelta = row.series == SeriesStore::CellDelta;
+        curves.append({PlotArea::Upper, row.series, 0, row.range, row.colour, colours.curveWidth(), row.name,
+            isDelta ? tr("mV") : tr("V"), isDelta ? milli : 1.0, isDelta ? 0 : 3});
+        const double newest = store.series(row.series).last();
+        upperLegend.append({row.name,
+            isDelta ? figure(newest * milli, 0, 0) + tr(" mV") : figure(newest, 0, 3), row.colour});
+    }
+    axes.append({PlotArea::Upper, Side::Left, range, tr("V"), 2, 4, colours.text()});
+    const ValueRange shownDelta = {deltaRange.low * milli, deltaRange.high * milli};
+    axes.append({PlotArea::Upper, Side::Right, shownDelta, tr("mV"), 0, 4, colours.cellDelta()});
+}
+
+void GraphScene::addCurrent(const GraphPicture &picture)
+{
+    const GraphColours colours = coloursOf(picture);
+    const PlotSeries &values = picture.store->series(SeriesStore::Current);
+    const ValueRange range = currentRange(picture);
+    curves.append({PlotArea::Lower, SeriesStore::Current, 0, range, colours.current(), colours.curveWidth(),
+        tr("Current"), tr("A")});
+    axes.append({PlotArea::Lower, Side::Right, range, tr("A"), 2, 5, colours.current()});
+    lowerLegend.append({tr("Current"), figure(values.last(), 0, 2) + tr(" A"), colours.current()});
+}
+
+void GraphScene::addTemperature(const GraphPicture &picture)
+{
+    const GraphColours colours = coloursOf(picture);
+    const Interval course = courseOf(picture, SeriesStore::Temperature);
+    const ValueRange range = ValueRange::ofTemperature(course.low, course.high);
+    curves.append({PlotArea::Lower, SeriesStore::Temperature, 0, range, colours.temperature(),
+        colours.curveWidth(), tr("Temp."), tr("\u00b0C"), 1.0, 1});
+    axes.append({PlotArea::Lower, Side::Left, range, tr("\u00b0C"), 1, 4, colours.temperature()});
+    lowerLegend.append({tr("Temp."), figure(newestOf(picture).temperature / 10.0, 0, 1) + tr(" \u00b0C"),
+        colours.temperature()});
+}
+
+// Shown while charging only; a device that does not measure it sends nothing but zeros.
+void GraphScene::addResistance(const GraphPicture &picture)
+{
+    const GraphColours colours = coloursOf(picture);
+    const PlotSeries &values = picture.store->series(SeriesStore::Resistance);
+    const bool measured = values.minimum() != 0.0 || values.maximum() != 0.0;
+    if (picture.store->size() <= SeriesStore::firstResistance()
+        || newestOf(picture).mode != Varnel3Data::Charge || !measured)
+        return;
+    const Interval course = courseOf(picture, SeriesStore::Resistance);
+    const Interval current = courseOf(picture, SeriesStore::Current);
+    const ValueRange beside = currentRange(picture);
+    const ValueRange range = ValueRange::ofResistance(
+        course.low, course.high, {beside.shareOf(current.low), beside.shareOf(current.high)});
+    curves.append({PlotArea::Lower, SeriesStore::Resistance, SeriesStore::firstResistance(), range,
+        colours.resistance(), colours.curveWidth(), tr("Ri"), tr("m\u03a9"), 1.0, 0});
+    lowerLegend.append({tr("Ri"), figure(values.last(), 0, 0) + tr(" m\u03a9"), colours.resistance()});
+}

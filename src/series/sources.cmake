@@ -1,0 +1,11 @@
+target_sources(varnel_core PRIVATE
+    series/cellselection.h
+    series/derivedpoints.cpp series/derivedpoints.h
+    series/endmark.cpp series/endmark.h
+    series/extremes.cpp series/extremes.h
+    series/interval.cpp series/interval.h
+    series/plotseries.cpp series/plotseries.h
+    series/resistancefold.cpp series/resistancefold.h
+    series/serieskinds.h
+    series/seriesstore.cpp series/seriesstore.h
+)
