@@ -1,7 +1,7 @@
 #include "app/batch.h"
 
 #include "app/commandline.h"
-#include "app/graphfile.h"
+#include "documents/graphfile.h"
 #include "files/datafileloader.h"
 #include "files/filepieces.h"
 #include "files/wholefile.h"

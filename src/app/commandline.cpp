@@ -1,6 +1,6 @@
 #include "app/commandline.h"
 
-#include "app/graphfile.h"
+#include "documents/graphfile.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

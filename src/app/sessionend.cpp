@@ -1,6 +1,6 @@
 #include "app/sessionend.h"
 
-#include "app/filewriter.h"
+#include "documents/filewriter.h"
 
 #include <QApplication>
 #include <QEventLoop>

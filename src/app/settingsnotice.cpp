@@ -1,6 +1,6 @@
 #include "app/settingsnotice.h"
 
-#include "app/warningbox.h"
+#include "widgets/warningbox.h"
 #include "settings/settingskeeper.h"
 #include "settings/varnelsettings.h"
 

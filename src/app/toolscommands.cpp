@@ -1,9 +1,9 @@
 #include "app/toolscommands.h"
 
-#include "app/documents.h"
-#include "app/graphexports.h"
-#include "app/graphwindows.h"
-#include "app/recordings.h"
+#include "documents/documents.h"
+#include "documents/graphexports.h"
+#include "desk/graphwindows.h"
+#include "desk/recordings.h"
 
 #include <QAction>
 #include <QIcon>

@@ -1,8 +1,8 @@
 #include "app/viewswitchboard.h"
 
 #include "app/actionset.h"
-#include "app/displaywindows.h"
-#include "app/figures.h"
+#include "desk/displaywindows.h"
+#include "desk/figures.h"
 #include "settings/viewstate.h"
 
 #include <QAction>

@@ -1,7 +1,7 @@
 #include "dialogs/dialogpreferences.h"
 
 #include "dialogs/checkboxcomport.h"
-#include "dialogs/plaintooltip.h"
+#include "widgets/plaintooltip.h"
 #include "link/serialreader.h"
 #include "ports/portinfo.h"
 #include "settings/varnelsettings.h"

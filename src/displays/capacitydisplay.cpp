@@ -1,7 +1,7 @@
 #include "displays/capacitydisplay.h"
 
-#include "displays/displayscale.h"
-#include "displays/printstamp.h"
+#include "widgets/displayscale.h"
+#include "printing/printstamp.h"
 #include "printing/printrequest.h"
 #include "settings/viewstate.h"
 

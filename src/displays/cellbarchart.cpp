@@ -1,7 +1,7 @@
 #include "displays/cellbarchart.h"
 
 #include "displays/chartpaint.h"
-#include "displays/displayscale.h"
+#include "widgets/displayscale.h"
 
 #include <QCoreApplication>
 #include <QPainter>

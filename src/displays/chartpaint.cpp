@@ -1,6 +1,6 @@
 #include "displays/chartpaint.h"
 
-#include "displays/displayscale.h"
+#include "widgets/displayscale.h"
 
 #include <QFontMetrics>
 #include <QPainter>

@@ -1,9 +1,9 @@
 #include "displays/datadisplay.h"
 
 #include "displays/clickedlabel.h"
-#include "displays/displayscale.h"
-#include "displays/fittedtext.h"
-#include "displays/refreshgate.h"
+#include "widgets/displayscale.h"
+#include "widgets/fittedtext.h"
+#include "widgets/refreshgate.h"
 #include "settings/viewstate.h"
 
 #include <QCloseEvent>

@@ -1,8 +1,8 @@
 #include "displays/powerdisplay.h"
 
-#include "displays/displayscale.h"
-#include "displays/printstamp.h"
-#include "displays/refreshgate.h"
+#include "widgets/displayscale.h"
+#include "printing/printstamp.h"
+#include "widgets/refreshgate.h"
 #include "printing/printrequest.h"
 #include "settings/viewstate.h"
 

@@ -8,12 +8,8 @@ target_sources(varnel_gui PRIVATE
     displays/clickedlabel.cpp displays/clickedlabel.h
     displays/datadisplay.cpp displays/datadisplay.h
     displays/datafigures.cpp displays/datafigures.h
-    displays/displayscale.cpp displays/displayscale.h
-    displays/fittedtext.cpp displays/fittedtext.h
     displays/packvoltages.cpp displays/packvoltages.h
     displays/powerdisplay.cpp displays/powerdisplay.h
-    displays/printstamp.cpp displays/printstamp.h
-    displays/refreshgate.cpp displays/refreshgate.h
     displays/voltageaxis.cpp displays/voltageaxis.h
     displays/voltagecanvas.cpp displays/voltagecanvas.h
     displays/voltagechart.cpp displays/voltagechart.h

@@ -1,7 +1,7 @@
 #include "displays/voltagechart.h"
 
 #include "displays/chartpaint.h"
-#include "displays/displayscale.h"
+#include "widgets/displayscale.h"
 #include "data/figuretext.h"
 
 #include <QCoreApplication>

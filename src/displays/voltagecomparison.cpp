@@ -1,9 +1,9 @@
 #include "displays/voltagecomparison.h"
 
 #include "displays/chartpaint.h"
-#include "displays/displayscale.h"
-#include "displays/printstamp.h"
-#include "displays/refreshgate.h"
+#include "widgets/displayscale.h"
+#include "printing/printstamp.h"
+#include "widgets/refreshgate.h"
 #include "displays/voltagecanvas.h"
 #include "displays/voltagesource.h"
 #include "displays/windowplace.h"

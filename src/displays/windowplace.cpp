@@ -2,7 +2,7 @@
 
 #include "settings/varnelsettings.h"
 
-#include "displays/displayscale.h"
+#include "widgets/displayscale.h"
 
 #include <QGuiApplication>
 #include <QScreen>

@@ -1,3 +1,17 @@
 target_sources(varnel_core PRIVATE
     documents/csvexport.cpp documents/csvexport.h
 )
+target_sources(varnel_gui PRIVATE
+    documents/datafilesmodel.cpp documents/datafilesmodel.h
+    documents/documents.cpp documents/documents.h
+    documents/filequeue.cpp documents/filequeue.h
+    documents/filewriter.cpp documents/filewriter.h
+    documents/graphexports.cpp documents/graphexports.h
+    documents/graphfile.cpp documents/graphfile.h
+    documents/graphprinting.cpp documents/graphprinting.h
+    documents/journalnotice.cpp documents/journalnotice.h
+    documents/progressstrip.cpp documents/progressstrip.h
+    documents/recordingsmodel.cpp documents/recordingsmodel.h
+    documents/savedialog.cpp documents/savedialog.h
+    documents/unsavedwindows.cpp documents/unsavedwindows.h
+)

@@ -1,4 +1,4 @@
-#include "app/listenedports.h"
+#include "devices/listenedports.h"
 #include "app/mainwindow.h"
 #include "app/randomuser.h"
 #include "graph/mdigraphchild.h"

@@ -1,6 +1,6 @@
 #include "resources/resources.h"
 
-#include "app/datatoolbar.h"
+#include "desk/datatoolbar.h"
 #include "app/stylesheet.h"
 #include "data/varnel3data.h"
 #include "support/pixels.h"

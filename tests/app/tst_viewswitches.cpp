@@ -1,5 +1,5 @@
 #include "app/actionset.h"
-#include "app/graphwindows.h"
+#include "desk/graphwindows.h"
 #include "app/mainwindow.h"
 #include "graph/mdigraphchild.h"
 #include "settings/viewstate.h"

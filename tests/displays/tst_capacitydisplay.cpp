@@ -1,6 +1,6 @@
 #include "displays/capacitydisplay.h"
 
-#include "displays/displayscale.h"
+#include "widgets/displayscale.h"
 #include "resources/resources.h"
 #include "support/columns.h"
 #include "support/pixels.h"

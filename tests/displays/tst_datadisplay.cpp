@@ -1,8 +1,8 @@
 #include "displays/datadisplay.h"
 
 #include "displays/clickedlabel.h"
-#include "displays/displayscale.h"
-#include "displays/refreshgate.h"
+#include "widgets/displayscale.h"
+#include "widgets/refreshgate.h"
 #include "displays/samplepack.h"
 #include "resources/resources.h"
 #include "settings/viewstate.h"

@@ -1,6 +1,6 @@
 #include "displays/powerdisplay.h"
 
-#include "displays/displayscale.h"
+#include "widgets/displayscale.h"
 #include "displays/samplepack.h"
 #include "resources/resources.h"
 #include "settings/viewstate.h"

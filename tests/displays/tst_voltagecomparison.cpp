@@ -1,6 +1,6 @@
 #include "displays/voltagecomparison.h"
 
-#include "displays/displayscale.h"
+#include "widgets/displayscale.h"
 #include "displays/samplepack.h"
 #include "displays/voltagecanvas.h"
 #include "displays/voltagesource.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "displays/refreshgate.h"
+#include "widgets/refreshgate.h"
 
 #include <QTest>
 #include <QWidget>

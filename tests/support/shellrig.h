@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/actionset.h"
-#include "app/listenedports.h"
+#include "devices/listenedports.h"
 #include "app/mainwindow.h"
-#include "app/statusfacts.h"
+#include "desk/statusfacts.h"
 #include "settings/varnelsettings.h"
 #include "support/ptypair.h"
 #include "support/shellfixture.h"

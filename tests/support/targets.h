@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/devicetargets.h"
+#include "devices/devicetargets.h"
 #include "link/serialreader.h"
 #include "support/ptypair.h"
 #include "support/quiethost.h"

@@ -1,7 +1,7 @@
 #include "soak/program.h"
 
 #include "app/actionset.h"
-#include "app/listenedports.h"
+#include "devices/listenedports.h"
 #include "app/mainwindow.h"
 #include "app/stylesheet.h"
 #include "graph/mdigraphchild.h"

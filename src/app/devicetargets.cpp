@@ -1,7 +1,0 @@
-#include "app/devicetargets.h"
-
-SerialReader *DeviceTargets::onlyReader() const
-{
-    const QVector<SerialReader *> all = readers();
-    return all.size() == 1 ? all.first() : nullptr;
-}

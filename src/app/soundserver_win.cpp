@@ -1,8 +1,0 @@
-#include "app/soundserver.h"
-
-#include <QAudioDeviceInfo>
-
-bool hasSoundOutput()
-{
-    return !QAudioDeviceInfo::availableDevices(QAudio::AudioOutput).isEmpty();
-}

@@ -1,0 +1,113 @@
+#include "desk/datatoolbar.h"
+
+#include "data/timetext.h"
+#include "data/varnel3data.h"
+#include "widgets/displayscale.h"
+
+#include <QLabel>
+#include <QLocale>
+
+namespace {
+
+constexpr int labelWidths[] = {120, 55, 60, 55, 75, 65};
+constexpr int labelHeight = 28;
+constexpr int letterHeight = 11; // px, as in the style sheet; the widths are made for it
+constexpr int barWidth = 470; // px of the labels and what lies between them
+
+QLabel *addLabel(QToolBar *bar, const char *name, const QString &toolTip)
+{
+    auto *label = new QLabel(bar);
+    label->setObjectName(QLatin1String(name));
+    label->setFrameStyle(QFrame::Box);
+    label->setAlignment(Qt::AlignCenter);
+    label->setToolTip(toolTip);
+    bar->addWidget(label);
+    return label;
+}
+
+QString modeText(const Varnel3Data &record)
+{
+    // Appended, not chained: a name may hold what looks like a place marker.
+    return Varnel3Data::modeName(record.mode) + QLatin1Char(' ')
+        + QStringLiteral("%1").arg(record.cellCount, 2, 10, QLatin1Char(' ')) + QLatin1Char('x')
+        + Varnel3Data::cellTypeName(record.cellType);
+}
+
+QString energyText(int energy)
+{
+    const int decimals = energy <= 99999 ? 3 : 2;
+    return QStringLiteral("%L1 Ah").arg(energy / 1000.0, 5, 'f', decimals);
+}
+
+QString temperatureText(int temperature)
+{
+    const QChar degree(0x00B0);
+    if (temperature == 0) // no sensor is fitted
+        return QStringLiteral("--%1- %2C").arg(QLocale::system().decimalPoint()).arg(degree);
+    return QStringLiteral("%L1 %2C").arg(temperature / 10.0, 4, 'f', 1).arg(degree);
+}
+
+} // namespace
+
+DataToolBar::DataToolBar(QWidget *parent)
+    : QToolBar(tr("Data Tool Bar"), parent)
+{
+    setObjectName(QStringLiteral("dataToolBar"));
+    setFloatable(false);
+    setMovable(false);
+    modeLabel = addLabel(this, "modeLabel", tr("Mode and cells type"));
+    voltageLabel = addLabel(this, "voltageLabel", tr("Voltage"));
+    currentLabel = addLabel(this, "currentLabel", tr("Current"));
+    temperatureLabel = addLabel(this, "temperatureLabel", tr("Temperature"));
+    energyLabel = addLabel(this, "energyLabel", tr("Energy"));
+    timeLabel = addLabel(this, "timeLabel", tr("Time"));
+    fitTo(barWidth);
+}
+
+void DataToolBar::fitTo(int width)
+{
+    const double scale = qBound(1.0, double(width) / barWidth, double(displayScale()));
+    if (qFuzzyCompare(scale, m_scale))
+        return;
+    m_scale = scale;
+    const auto all = labels();
+    for (int i = 0; i < all.size(); ++i) {
+        all[i]->setFixedSize(qRound(labelWidths[i] * scale), qRound(labelHeight * scale));
+        all[i]->setStyleSheet(scale > 1.0 // else the program's sheet has it
+                ? QStringLiteral("font-size: %1px").arg(int(letterHeight * scale))
+                : QString());
+    }
+}
+
+void DataToolBar::showRecord(const Varnel3Data &record)
+{
+    if (record.cellCount == 0 || record.mode == Varnel3Data::NoMode) {
+        clearFigures();
+        return;
+    }
+    modeLabel->setText(modeText(record));
+    voltageLabel->setText(QStringLiteral("%L1 V").arg(record.voltage / 1000.0, 5, 'f', 2));
+    currentLabel->setText(QStringLiteral("%L1 A").arg(record.current / 1000.0, 5, 'f', 2));
+    temperatureLabel->setText(temperatureText(record.temperature));
+    energyLabel->setText(energyText(record.energy));
+    timeLabel->setText(clockText(record));
+}
+
+void DataToolBar::clearFigures()
+{
+    const auto all = labels();
+    for (QLabel *label : all)
+        label->clear();
+}
+
+void DataToolBar::setStale(bool stale)
+{
+    const auto all = labels();
+    for (QLabel *label : all)
+        label->setEnabled(!stale);
+}
+
+QList<QLabel *> DataToolBar::labels() const
+{
+    return {modeLabel, voltageLabel, currentLabel, temperatureLabel, energyLabel, timeLabel};
+}

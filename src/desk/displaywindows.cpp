@@ -1,0 +1,254 @@
+#include "desk/displaywindows.h"
+
+#include "displays/capacitydisplay.h"
+#include "displays/datadisplay.h"
+#include "data/figuretext.h"
+#include "displays/powerdisplay.h"
+#include "printing/printstamp.h"
+#include "displays/voltagecomparison.h"
+#include "displays/voltagesource.h"
+#include "displays/windowplace.h"
+#include "graph/mdigraphchild.h"
+#include "settings/varnelsettings.h"
+#include "settings/viewstate.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+namespace {
+
+constexpr QSize firstSize(470, 280);
+constexpr QPoint firstDataPlace(6, 8);
+constexpr QPoint firstCapacityPlace(2, 316);
+constexpr QPoint firstPowerPlace(2, 670);
+
+QString capacityGroup()
+{
+    return QStringLiteral("capacitydisplay");
+}
+
+QString powerGroup()
+{
+    return QStringLiteral("powerdisplay");
+}
+
+QString dataPlaceKey()
+{
+    return QStringLiteral("datadisplay/pos");
+}
+
+} // namespace
+
+DisplayWindows::DisplayWindows(QMainWindow *window, ViewState *state)
+    : QObject(window)
+    , m_window(window)
+    , m_state(state)
+    , m_capacity(new CapacityDisplay(window))
+    , m_power(new PowerDisplay(window))
+    , m_data(new DataDisplay(window))
+{
+    m_capacity->setViewState(m_state);
+    m_power->setViewState(m_state);
+    m_data->setViewState(m_state);
+    connect(m_capacity, SIGNAL(closed()), this, SIGNAL(capacityClosed()));
+    connect(m_capacity, SIGNAL(entriesWanted()), this, SIGNAL(capacitiesWanted()));
+    connect(m_power, SIGNAL(closed()), this, SIGNAL(powerClosed()));
+    connect(m_data, SIGNAL(closed()), this, SIGNAL(dataClosed()));
+}
+
+// Only the minimised state goes: a maximised display stays so.
+void DisplayWindows::setShown(QWidget *display, bool shown)
+{
+    if (shown) {
+        settle(display);
+        display->setWindowState(display->windowState() & ~Qt::WindowMinimized);
+    }
+    display->setVisible(shown);
+}
+
+// Beside the other displays, shown or not, and below the menus and tool bars.
+void DisplayWindows::settle(QWidget *display)
+{
+    if (!WindowPlace::wasMoved(*display))
+        return;
+    std::unique_ptr<QWidget> unmade; // it takes its place as soon as it is opened
+    if (!m_voltage)
+        unmade.reset(createVoltage());
+    const QWidget *voltage = m_voltage ? static_cast<QWidget *>(m_voltage.data()) : unmade.get();
+    QVector<QRect> taken;
+    for (const QWidget *other : {static_cast<const QWidget *>(m_capacity),
+             static_cast<const QWidget *>(m_power), static_cast<const QWidget *>(m_data), voltage}) {
+        if (other != display)
+            taken.append(WindowPlace::frameOf(*other));
+    }
+    if (m_window->isVisible()) {
+        const QRect desk = m_window->centralWidget()->geometry();
+        taken.append(QRect(m_window->pos(), m_window->mapToGlobal(desk.topRight())));
+    }
+    WindowPlace::settle(display, taken);
+}
+
+void DisplayWindows::showData(bool shown)
+{
+    setShown(m_data, shown);
+}
+
+void DisplayWindows::showCapacity(bool shown)
+{
+    setShown(m_capacity, shown);
+}
+
+void DisplayWindows::showPower(bool shown)
+{
+    setShown(m_power, shown);
+}
+
+void DisplayWindows::showVoltage(bool shown, Keyboard keyboard)
+{
+    if (m_voltage) {
+        m_voltage->disconnect(this); // its switch is no business of a window that is replaced
+        m_voltage->close();
+        m_voltage.clear();
+    }
+    if (!shown)
+        return;
+    m_voltage = createVoltage();
+    connect(m_voltage, SIGNAL(closed()), this, SIGNAL(voltageClosed()));
+    m_voltage->setAttribute(Qt::WA_ShowWithoutActivating, keyboard == LeavesKeyboard);
+    setShown(m_voltage, true);
+}
+
+VoltageComparison *DisplayWindows::createVoltage()
+{
+    auto *comparison = new VoltageComparison(m_window);
+    comparison->setViewState(m_state);
+    comparison->setSource(m_source);
+    return comparison;
+}
+
+void DisplayWindows::updateVoltage()
+{
+    if (m_voltage)
+        m_voltage->updateVoltage();
+}
+
+void DisplayWindows::updateComparisons()
+{
+    updateVoltage();
+    if (m_capacity->isVisible())
+        emit capacitiesWanted();
+}
+
+void DisplayWindows::hideAll()
+{
+    for (QWidget *display : {static_cast<QWidget *>(m_capacity), static_cast<QWidget *>(m_power),
+             static_cast<QWidget *>(m_data), static_cast<QWidget *>(m_voltage.data())}) {
+        if (display)
+            display->hide();
+    }
+}
+
+void DisplayWindows::showAsSwitched()
+{
+    const ViewSwitches &switches = m_state->switches();
+    showData(switches.data);
+    showCapacity(switches.barGraph);
+    showPower(switches.power);
+    if (m_voltage && switches.graph)
+        setShown(m_voltage, true);
+}
+
+void DisplayWindows::updateData(Varnel3Data &record, int windowNumber, bool useKeptRi)
+{
+    m_data->updateData(record, windowNumber, useKeptRi);
+}
+
+void DisplayWindows::updatePower(Varnel3Data &record, int windowNumber, bool useKeptRi)
+{
+    m_power->updateData(record, windowNumber, useKeptRi);
+}
+
+void DisplayWindows::setStaleSince(const QDateTime &since)
+{
+    m_data->setStaleSince(since);
+    m_power->setStaleSince(since);
+}
+
+void DisplayWindows::clearCapacities()
+{
+    m_entries = 0;
+    m_capacity->clear();
+    m_capacity->setWindowCount(0);
+}
+
+void DisplayWindows::addCapacity(const MdiGraphChild *child)
+{
+    const MdiGraphChild::CapacityEntry entry = child->capacityEntry();
+    m_capacity->addEntry(entry.capacity, entry.mode, entry.number);
+    m_capacity->setWindowCount(++m_entries);
+    nameDevice(child);
+}
+
+void DisplayWindows::refreshCapacity(const MdiGraphChild *child)
+{
+    const MdiGraphChild::CapacityEntry entry = child->capacityEntry();
+    m_capacity->changeEntry(entry.capacity, entry.mode, entry.number, entry.number);
+    nameDevice(child);
+}
+
+void DisplayWindows::printCapacity()
+{
+    emit capacitiesWanted(); // a hidden display knows them and their windows' names as of its last showing
+    m_capacity->print();
+}
+
+void DisplayWindows::printVoltage()
+{
+    VoltageComparison *comparison = createVoltage();
+    if (!m_voltage) // nobody sees what was chosen in one that is closed
+        comparison->showAllCells();
+    comparison->print();
+    comparison->close();
+}
+
+void DisplayWindows::printPower()
+{
+    const QVector<PackVoltages> packs = m_source ? m_source->packs() : QVector<PackVoltages>();
+    for (const PackVoltages &pack : packs) {
+        if (pack.windowNumber == m_power->windowNumber())
+            m_power->setSourceName(pack.source);
+    }
+    m_power->print();
+}
+
+void DisplayWindows::readPlaces(const VarnelSettings &settings)
+{
+    WindowPlace::place(m_data, settings.value(dataPlaceKey()), firstDataPlace); // its size is fixed
+    WindowPlace::restore(m_capacity, capacityGroup(), settings, firstSize, firstCapacityPlace);
+    WindowPlace::restore(m_power, powerGroup(), settings, firstSize, firstPowerPlace);
+}
+
+void DisplayWindows::writePlaces(VarnelSettings *settings)
+{
+    settle(m_data); // the next start takes it for the user's wish
+    settle(m_capacity);
+    settle(m_power);
+    settings->setValue(dataPlaceKey(), m_data->pos());
+    WindowPlace::save(*m_capacity, capacityGroup(), settings);
+    WindowPlace::save(*m_power, powerGroup(), settings);
+    if (m_voltage)
+        m_voltage->writePlace(settings);
+}
+
+void DisplayWindows::nameDevice(const MdiGraphChild *child)
+{
+    if (child->store().isEmpty())
+        return;
+    const Varnel3Data &newest = child->store().records().last();
+    const QString name = printedName(
+        child->windowNumber(), Varnel3Data::deviceName(child->store().device()), child->sourceName());
+    m_capacity->setRecorded(child->windowNumber(),
+        name + QStringLiteral(", ") + FigureText::cells(newest.cellCount, newest.cellType),
+        child->silentSince());
+}

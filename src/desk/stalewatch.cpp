@@ -1,0 +1,89 @@
+#include "desk/stalewatch.h"
+
+#include "desk/figures.h"
+#include "desk/graphwindows.h"
+#include "desk/statusfacts.h"
+#include "graph/mdigraphchild.h"
+
+#include <QDeadlineTimer>
+#include <QLocale>
+#include <QTimer>
+
+namespace {
+
+constexpr int interval = 1000; // ms, of looking
+constexpr qint64 second = 1000; // ms
+
+} // namespace
+
+StaleWatch::StaleWatch(
+    GraphWindows *graphWindows, Figures *shellFigures, StatusFacts *statusFacts, QObject *parent)
+    : QObject(parent)
+    , graphs(graphWindows)
+    , figures(shellFigures)
+    , facts(statusFacts)
+{
+    auto *timer = new QTimer(this);
+    connect(timer, SIGNAL(timeout()), this, SLOT(look()));
+    timer->start(interval);
+}
+
+QDateTime StaleWatch::staleSince(const MdiGraphChild *child) const
+{
+    if (!child || !child->isLive())
+        return QDateTime();
+    const Seen last = seen.value(child);
+    if (!last.at.isValid()
+        || last.revision != child->store().revision()) // a line has come since the last look
+        return QDateTime();
+    return lastSteady - last.steady >= patience * second ? last.at : QDateTime();
+}
+
+void StaleWatch::lookWhileStale()
+{
+    if (shown.isValid())
+        look();
+}
+
+void StaleWatch::look()
+{
+    lookAt(QDateTime::currentDateTime(), QDeadlineTimer::current().deadline());
+}
+
+void StaleWatch::lookAt(const QDateTime &now, qint64 steady)
+{
+    lastLook = now;
+    lastSteady = steady;
+    noteArrivals();
+    QMap<QString, QString> silent;
+    const auto children = graphs->all();
+    for (MdiGraphChild *child : children) {
+        const QDateTime since = staleSince(child);
+        child->setSilentSince(since);
+        if (since.isValid())
+            silent.insert(child->fileName(),
+                tr("%1: no line since %2").arg(child->fileName(), QLocale().toString(since.time())));
+    }
+    facts->replace(StatusFacts::Silent, silent);
+    if (silent != told)
+        figures->silenceChanged();
+    told = silent;
+    const QDateTime current = staleSince(graphs->current());
+    if (current == shown)
+        return;
+    shown = current;
+    figures->setStaleSince(current);
+}
+
+void StaleWatch::noteArrivals()
+{
+    QHash<const MdiGraphChild *, Seen> noted;
+    const auto children = graphs->all();
+    for (const MdiGraphChild *child : children) {
+        const Seen before = seen.value(child);
+        const quint64 revision = child->store().revision();
+        const bool fresh = !before.at.isValid() || before.revision != revision;
+        noted.insert(child, fresh ? Seen{revision, lastLook, lastSteady} : before);
+    }
+    seen = noted;
+}

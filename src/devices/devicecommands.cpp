@@ -1,0 +1,154 @@
+#include "devices/devicecommands.h"
+
+#include "devices/devicetargets.h"
+#include "link/serialreader.h"
+
+#include <QApplication>
+#include <QDateTime>
+#include <QMessageBox>
+#include <QTimer>
+
+namespace {
+
+constexpr int messageTime = 1500; // ms; the next port's comes before
+constexpr int answerTime = 5000; // ms
+constexpr int pauseMs = 500; // what a device needs to set its clock before it takes the next command
+
+} // namespace
+
+DeviceCommands::DeviceCommands(DeviceTargets *targets, QWidget *window)
+    : QObject(window)
+    , m_targets(targets)
+    , m_window(window)
+    , m_pause(new QTimer(this))
+{
+    m_pause->setSingleShot(true);
+    m_pause->setTimerType(Qt::PreciseTimer);
+    m_pause->setInterval(pauseMs);
+    connect(m_pause, SIGNAL(timeout()), this, SLOT(onPauseOver()));
+}
+
+DeviceCommands::~DeviceCommands()
+{
+    if (!m_clocks.isEmpty())
+        QApplication::restoreOverrideCursor();
+}
+
+QString DeviceCommands::currentTimeText()
+{
+    return QDateTime::currentDateTime().toString(QStringLiteral("ss:mm:HH:dd:MM:yy"));
+}
+
+bool DeviceCommands::stopProcess()
+{
+    if (!hasPort())
+        return false;
+    const SerialReader *active = m_targets->activeReader();
+    if (m_targets->stopActiveProcess()) {
+        if (active)
+            tellStopped(active->portName());
+        return true;
+    }
+    SerialReader *only = m_targets->onlyReader();
+    if (!only) {
+        emit message(tr("Choose the window of the device whose process is to be stopped."), answerTime);
+        return false;
+    }
+    const QString silentPort = m_targets->activePort();
+    if (!silentPort.isEmpty() && silentPort != only->portName()) {
+        ask(only->portName(), silentPort);
+        return false;
+    }
+    stop(only);
+    return true;
+}
+
+void DeviceCommands::stop(SerialReader *reader)
+{
+    reader->sendCommand(QStringLiteral("#STOP\r\n"));
+    tellStopped(reader->portName());
+}
+
+void DeviceCommands::tellStopped(const QString &portName)
+{
+    emit message(tr("The device on %1 was told to stop its process.").arg(portName), answerTime);
+}
+
+void DeviceCommands::ask(const QString &portName, const QString &silentPort)
+{
+    if (m_question)
+        return;
+    const QString text = tr("The current window was fed by %1, which is not listened on.\n"
+                            "Stop the process of the device on %2?")
+                             .arg(silentPort, portName);
+    m_questionPort = portName;
+    m_question = new QMessageBox(
+        QMessageBox::Question, tr("Stop process"), text, QMessageBox::Yes | QMessageBox::No, m_window);
+    m_question->setObjectName(QStringLiteral("stopQuestion"));
+    m_question->setTextFormat(Qt::PlainText);
+    m_question->setAttribute(Qt::WA_DeleteOnClose);
+    m_question->setDefaultButton(QMessageBox::No);
+    connect(m_question, SIGNAL(finished(int)), this, SLOT(onAnswered(int)));
+    m_question->open();
+}
+
+// The port may have gone and come back since.
+void DeviceCommands::onAnswered(int answer)
+{
+    m_question.clear();
+    if (answer != QMessageBox::Yes)
+        return;
+    const QVector<SerialReader *> readers = m_targets->readers();
+    for (SerialReader *reader : readers) {
+        if (reader->portName() == m_questionPort)
+            return stop(reader);
+    }
+    emit message(
+        tr("%1 is no longer listened on: its device was not told to stop.").arg(m_questionPort), answerTime);
+}
+
+void DeviceCommands::setTime()
+{
+    if (!m_clocks.isEmpty() || !hasPort())
+        return;
+    if (SerialReader *active = m_targets->activeReader()) {
+        m_clocks.enqueue(active);
+    } else {
+        const QVector<SerialReader *> all = m_targets->readers();
+        for (SerialReader *reader : all)
+            m_clocks.enqueue(reader);
+    }
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    setNextClock();
+}
+
+bool DeviceCommands::hasPort()
+{
+    if (!m_targets->readers().isEmpty())
+        return true;
+    emit message(tr("No port is listened on: choose one in the preferences."), answerTime);
+    return false;
+}
+
+// A timer between the two commands, not a sleep: the system's few kilobytes for each port would run over when
+// many ports take their turns. Nor a loop of its own, inside which nothing could be asked or told.
+void DeviceCommands::setNextClock()
+{
+    while (!m_clocks.isEmpty() && !m_clocks.head())
+        m_clocks.dequeue();
+    if (m_clocks.isEmpty()) {
+        QApplication::restoreOverrideCursor();
+        return;
+    }
+    SerialReader *reader = m_clocks.head();
+    emit message(tr("Setting the clock of the device on %1...").arg(reader->portName()), messageTime);
+    reader->sendCommand(QStringLiteral("#TIME!") + currentTimeText() + QStringLiteral("\r\n"));
+    m_pause->start();
+}
+
+void DeviceCommands::onPauseOver()
+{
+    if (SerialReader *reader = m_clocks.dequeue())
+        reader->sendCommand(QStringLiteral("#BIB_!200\r\n"));
+    setNextClock();
+}

@@ -1,0 +1,99 @@
+#include "devices/shellreaderhost.h"
+
+#include "devices/devicecommands.h"
+#include "desk/graphwindows.h"
+#include "desk/recordings.h"
+#include "desk/statusfacts.h"
+#include "graph/mdigraphchild.h"
+#include "link/recordinglog.h"
+
+#include <QDir>
+#include <QMessageBox>
+
+ShellReaderHost::ShellReaderHost(
+    QWidget *shellWindow, GraphWindows *graphWindows, Recordings *liveRecordings, StatusFacts *statusFacts)
+    : QObject(shellWindow)
+    , shell(shellWindow)
+    , graphs(graphWindows)
+    , recordings(liveRecordings)
+    , facts(statusFacts)
+{
+    connect(this, SIGNAL(message(QString,int)), shell, SLOT(showMessageStatusBar(QString,int)));
+}
+
+RecordingSink *ShellReaderHost::createRecording()
+{
+    MdiGraphChild *child = graphs->create();
+    recordings->attach(child);
+    const QString journal = recordings->fileOf(child);
+    if (!journal.isEmpty())
+        child->setTitleTip(tr("Journal: %1").arg(QDir::toNativeSeparators(journal)));
+    return child;
+}
+
+std::unique_ptr<RecordingLog> ShellReaderHost::createRecordingLog(const QString &portName)
+{
+    facts->clear(StatusFacts::Unwatched, portName);
+    emit recordingBegins(portName);
+    return recordings->begin(portName);
+}
+
+QString ShellReaderHost::currentTimeText() const
+{
+    return DeviceCommands::currentTimeText();
+}
+
+void ShellReaderHost::showMessageStatusBar(const QString &text, int timeout)
+{
+    emit message(text, timeout);
+}
+
+void ShellReaderHost::portFailed(const QString &portName, const QString &text)
+{
+    facts->set(StatusFacts::Failing, portName, text);
+    QPointer<QMessageBox> &box = boxes[portName];
+    if (!box) {
+        box = new QMessageBox(QMessageBox::Warning, tr("Error"), text, QMessageBox::Ok, shell);
+        box->setObjectName(QStringLiteral("portFailed"));
+        box->setAttribute(Qt::WA_DeleteOnClose);
+        box->setTextFormat(Qt::PlainText);
+        box->setModal(false);
+    }
+    box->setText(text);
+    box->show();
+}
+
+void ShellReaderHost::portLost(const QString &portName)
+{
+    facts->set(StatusFacts::Lost, portName);
+    emit lost(portName);
+}
+
+void ShellReaderHost::recordingUnwatched(const QString &portName)
+{
+    facts->set(StatusFacts::Unwatched, portName);
+}
+
+// The windows of readers are those that createRecording() has made.
+void ShellReaderHost::noteEnd(const QString &portName, const Varnel3Data &last, RecordingSink *window)
+{
+    ends[portName] = {portName, last.processEnd(), last, QDateTime::currentDateTime(),
+        static_cast<MdiGraphChild *>(window), window != nullptr};
+}
+
+void ShellReaderHost::announceEnd(const QString &portName)
+{
+    emit processEnds(ends.value(portName));
+}
+
+QObject *ShellReaderHost::processReceiver()
+{
+    return shell;
+}
+
+void ShellReaderHost::forgetFailure(const QString &portName)
+{
+    facts->clear(StatusFacts::Failing, portName);
+    if (QMessageBox *box = boxes.take(portName))
+        box->close();
+}

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "devices/endedprocess.h"
+#include "link/readerhost.h"
+
+#include <QObject>
+#include <QPointer>
+
+class GraphWindows;
+class QMessageBox;
+class QWidget;
+class Recordings;
+class StatusFacts;
+
+/// Answers what the serial readers ask of the shell: graph windows, clocks,
+/// and what the user is told about ports.
+class ShellReaderHost : public QObject, public ReaderHost {
+    Q_OBJECT
+
+public:
+    /// `shell` has the slots endProcess(int), endProcessMessage() and showMessageStatusBar(QString,int) and
+    /// is the parent of message boxes. All outlive this.
+    ShellReaderHost(QWidget *shell, GraphWindows *graphs, Recordings *recordings, StatusFacts *facts);
+
+    RecordingSink *createRecording() override;
+    std::unique_ptr<RecordingLog> createRecordingLog(const QString &portName) override;
+    QString currentTimeText() const override;
+    QMap<QString, bool> &startTimeSent() override { return m_startTimeSent; }
+    QMap<QString, bool> &endTimeSent() override { return m_endTimeSent; }
+    void showMessageStatusBar(const QString &message, int timeout) override;
+    void portFailed(const QString &portName, const QString &text) override;
+    void portLost(const QString &portName) override;
+    void recordingUnwatched(const QString &portName) override;
+    void noteEnd(const QString &portName, const Varnel3Data &last, RecordingSink *window) override;
+    void announceEnd(const QString &portName) override;
+    QObject *processReceiver() override;
+
+    /// What was said about the failure of `portName` is out of date: it works,
+    /// or is gone, or no longer wanted.
+    void forgetFailure(const QString &portName);
+
+signals:
+    void message(const QString &text, int timeout);
+    /// The device of `portName` went away; its reader is still being run.
+    void lost(const QString &portName);
+    /// The shell's endProcess(int) comes next and is about `process`.
+    void processEnds(const EndedProcess &process);
+    /// The shell's endProcessMessage() comes next, from `portName`.
+    void recordingBegins(const QString &portName);
+
+private:
+    QWidget *shell;
+    GraphWindows *graphs;
+    Recordings *recordings;
+    StatusFacts *facts;
+    QMap<QString, QPointer<QMessageBox>> boxes; ///< one a failing port
+    QMap<QString, EndedProcess> ends; ///< the newest of each port
+    QMap<QString, bool> m_startTimeSent;
+    QMap<QString, bool> m_endTimeSent;
+};

@@ -1,0 +1,8 @@
+#include "devices/soundserver.h"
+
+#include <QAudioDeviceInfo>
+
+bool hasSoundOutput()
+{
+    return !QAudioDeviceInfo::availableDevices(QAudio::AudioOutput).isEmpty();
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "devices/endedprocess.h"
+
+#include <QObject>
+#include <QVector>
+
+class EndNotice;
+class GraphWindows;
+class StatusFacts;
+
+/// Ends of processes that no box tells any more, or ever told: the status bar names each until its window is
+/// current or closed. One without a window stays until the next process of its port.
+class UnseenEnds : public QObject {
+    Q_OBJECT
+
+public:
+    /// `host` has the signal recordingBegins(QString). Nothing is owned; `graphs` and `facts` outlive this.
+    UnseenEnds(QObject *host, EndNotice *notice, GraphWindows *graphs, StatusFacts *facts, QObject *parent);
+
+public slots:
+    void add(const EndedProcess &process);
+    /// The user has closed its box, and sees the current window again.
+    void remove(const EndedProcess &process);
+    void onRecordingBegins(const QString &portName);
+    /// Takes out those whose window is current or gone, for the user has a look.
+    void look();
+
+private:
+    void tell() const;
+
+    GraphWindows *m_graphs;
+    StatusFacts *m_facts;
+    QVector<EndedProcess> m_ends;
+};

@@ -1,0 +1,288 @@
+#include "documents/documents.h"
+
+#include "documents/datafilesmodel.h"
+#include "desk/displaywindows.h"
+#include "documents/filequeue.h"
+#include "documents/filewriter.h"
+#include "desk/graphwindows.h"
+#include "desk/recordings.h"
+#include "documents/recordingsmodel.h"
+#include "documents/savedialog.h"
+#include "widgets/warningbox.h"
+#include "files/datafilewriter.h"
+#include "journal/journalfolder.h"
+#include "files/varelstyleditemdelegate.h"
+#include "graph/mdigraphchild.h"
+#include "settings/varnelsettings.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFileSystemModel>
+#include <QHeaderView>
+#include <QListView>
+#include <QTimer>
+#include <QTreeView>
+
+namespace {
+
+constexpr int messageTime = 5000; // ms
+constexpr int savedTime = 1000; // ms
+constexpr int labelBytes = 4 << 20; // ten thousand files and more scroll without being read twice
+constexpr QSize dialogSize(780, 480); // room for names, labels and dates
+constexpr int sizeColumn = 1; // of a file dialog's details
+constexpr int dateColumn = 3;
+constexpr int columnMargin = 16; // px, of a text in its column
+constexpr int failuresShown = 12; // the rest are under the box's details
+
+QString lastFolderKey()
+{
+    return QStringLiteral("global/lastDir");
+}
+
+/// The file opened or saved last; at first a folder, as without any the dialog
+/// shows the one that another was left in.
+QString lastFolder()
+{
+    const QString last = VarnelSettings().value(lastFolderKey(), QString()).toString();
+    return last.isEmpty() ? QDir::homePath() : last;
+}
+
+QString recordingsStateKey()
+{
+    return QStringLiteral("recordings/dialog");
+}
+
+QTreeView *detailsOf(const QFileDialog &dialog)
+{
+    return dialog.findChild<QTreeView *>(QStringLiteral("treeView"));
+}
+
+/// The newest first, with room for what the columns hold, whatever the font.
+void arrangeRecordings(QFileDialog &dialog)
+{
+    dialog.setViewMode(QFileDialog::Detail);
+    QTreeView *const tree = detailsOf(dialog);
+    QHeaderView *const header = tree->header();
+    tree->sortByColumn(0, Qt::DescendingOrder); // the names begin with date and time
+    header->setStretchLastSection(false);
+    header->setSectionResizeMode(0, QHeaderView::Stretch);
+    header->setSectionResizeMode(dateColumn, QHeaderView::ResizeToContents);
+    const auto widthOf = [tree](const char *text) {
+        return tree->fontMetrics().horizontalAdvance(QLatin1String(text)) + columnMargin;
+    };
+    header->resizeSection(sizeColumn, widthOf("1,023.99 MiB"));
+    header->resizeSection(RecordingsModel::lengthColumn, widthOf("Length 000"));
+    // From the font alone: sizes to contents would read every file for its label.
+    dialog.resize(widthOf("2026-11-21_06-40-50_COM12_2.acp [Cha 16xLiPo]   1,023.99 MiB  Length 000"
+                          "  22 September 2026 01:09:12  Computer Computer"),
+        dialogSize.height());
+}
+
+void keepLastFolder(const QString &path)
+{
+    VarnelSettings settings;
+    settings.setValue(lastFolderKey(), path);
+    settings.sync();
+}
+
+} // namespace
+
+Documents::Documents(QWidget *shellWindow, ProgressStrip *strip, FileWriter *fileWriter,
+    GraphWindows *graphWindows, DisplayWindows *displayWindows, Recordings *liveRecordings)
+    : QObject(shellWindow)
+    , shell(shellWindow)
+    , writer(fileWriter)
+    , graphs(graphWindows)
+    , displays(displayWindows)
+    , recordings(liveRecordings)
+    , queue(new FileQueue(strip, this))
+    , labels(labelBytes)
+{
+    connect(this, SIGNAL(message(QString,int)), shell, SLOT(showMessageStatusBar(QString,int)));
+    connect(queue, SIGNAL(message(QString,int)), shell, SLOT(showMessageStatusBar(QString,int)));
+    connect(queue, SIGNAL(loaded(QString,SeriesStore*)), this, SLOT(onLoaded(QString,SeriesStore*)));
+    connect(queue, SIGNAL(finished(QStringList,int)), this, SLOT(onFinished(QStringList,int)));
+}
+
+void Documents::openDialog()
+{
+    QFileDialog dialog(
+        shell, tr("Chose varnel data file names"), lastFolder(), tr("Varnel files (*.acp *.abp)"));
+    dialog.setOption(QFileDialog::DontUseNativeDialog); // a native one would show no labels
+    dialog.resize(dialogSize);
+    dialog.setProxyModel(new DataFilesModel({QStringLiteral(".acp"), QStringLiteral(".abp")}, &dialog));
+    const QStringList files = openFrom(dialog);
+    if (!files.isEmpty())
+        keepLastFolder(files.first());
+}
+
+void Documents::openRecordings()
+{
+    const QString folder = recordings->folder().path();
+    QDir().mkpath(folder); // nothing may have been recorded yet
+    QFileDialog dialog(shell, tr("Open recordings"), folder, tr("Recordings (*.acp)"));
+    dialog.setOption(QFileDialog::DontUseNativeDialog); // only then there are views
+    dialog.resize(dialogSize);
+    dialog.setProxyModel(new RecordingsModel(&dialog));
+    const QByteArray usualHeader = detailsOf(dialog)->header()->saveState();
+    const QFileDialog::ViewMode usualMode = dialog.viewMode();
+    if (!dialog.restoreState(VarnelSettings().value(recordingsStateKey()).toByteArray()))
+        arrangeRecordings(dialog);
+    dialog.setDirectory(folder);
+    openFrom(dialog);
+    VarnelSettings().setValue(recordingsStateKey(), dialog.saveState());
+    // What it leaves is where the next dialog of any kind begins.
+    detailsOf(dialog)->header()->restoreState(usualHeader);
+    dialog.setViewMode(usualMode);
+}
+
+void Documents::open(const QStringList &files)
+{
+    queue->add(files);
+}
+
+bool Documents::isOpening() const
+{
+    return queue->isBusy();
+}
+
+void Documents::cancelOpening()
+{
+    queue->cancel();
+}
+
+QStringList Documents::openFrom(QFileDialog &dialog)
+{
+    labels.clear();
+    displays->hideAll();
+    displaysHidden = true;
+    dialog.setFileMode(QFileDialog::ExistingFiles);
+    dialog.findChild<QFileSystemModel *>()->setNameFilters({}); // the proxy's work
+    auto *delegate = new VarelStyledItemDelegate(&labels, &dialog);
+    for (QAbstractItemView *view :
+        {static_cast<QAbstractItemView *>(dialog.findChild<QListView *>("listView")),
+            static_cast<QAbstractItemView *>(dialog.findChild<QTreeView *>("treeView"))}) {
+        if (view)
+            view->setItemDelegate(delegate);
+    }
+    // The list asks for all labels, of which each reads a file: not at once.
+    dialog.findChild<QListView *>(QStringLiteral("listView"))->setLayoutMode(QListView::Batched);
+    const QStringList files = dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
+    if (files.isEmpty())
+        onFinished({}, 0);
+    else
+        open(files);
+    return files;
+}
+
+void Documents::onLoaded(const QString &fileName, SeriesStore *store)
+{
+    auto *child = new MdiGraphChild(graphs, shell);
+    child->load(std::move(*store), fileName);
+    recordings->attachFile(child, fileName);
+    graphs->place(child);
+}
+
+void Documents::onFinished(const QStringList &failures, int total)
+{
+    QMetaObject::invokeMethod(shell, "renumerateWindows", Qt::DirectConnection);
+    if (displaysHidden)
+        displays->showAsSwitched();
+    displaysHidden = false;
+    if (!failures.isEmpty() && total > 1)
+        listFailures(failures, total);
+}
+
+void Documents::listFailures(const QStringList &failures, int total)
+{
+    QString text = tr("%1 of %2 files could not be opened:").arg(failures.size()).arg(total);
+    text += QStringLiteral("\n\n") + QStringList(failures.mid(0, failuresShown)).join(QLatin1Char('\n'));
+    const int more = failures.size() - failuresShown;
+    if (more > 0)
+        text += QLatin1Char('\n') + tr("... and %n more", nullptr, more);
+    showWarningBox(shell, "openFailures", tr("Open file"), text,
+        more > 0 ? failures.join(QLatin1Char('\n')) : QString());
+}
+
+void Documents::saveDialog(MdiGraphChild *child)
+{
+    const QPointer<MdiGraphChild> guard(child); // its window may be closed while the dialog is open
+    const QString name = askSaveName(child);
+    if (!name.isEmpty() && guard)
+        save(guard, name, [](bool) {});
+}
+
+// Never preset with another recording's name, which would be one Enter from being replaced.
+QString Documents::askSaveName(const MdiGraphChild *child)
+{
+    SaveDialog dialog(shell, tr("Choose file name"), {QStringLiteral("*.acp")});
+    dialog.refuse({QStringLiteral(".abp")},
+        tr("Files that end in .abp are only read. Choose a name that ends in .acp."));
+    const QFileInfo last(lastFolder());
+    dialog.setDirectory(last.isDir() ? last.filePath() : last.path());
+    dialog.suggest(recordings->nameFor(child));
+    if (dialog.exec() != QDialog::Accepted)
+        return QString();
+    const QString name = dialog.selectedFiles().value(0);
+    keepLastFolder(name);
+    return name;
+}
+
+void Documents::save(MdiGraphChild *child, const QString &fileName, const std::function<void(bool)> &done)
+{
+    if (recordings->isBeingRecorded(fileName)) {
+        tellFailure(fileName, tr("A recording is being written to this file."));
+        done(false);
+        return;
+    }
+    auto lines = std::make_unique<RecordLines>(child->store().records());
+    const RecordLines *const written = lines.get();
+    writer->add(fileName, std::move(lines), [=](const WriteOutcome &outcome) {
+        finishSave(child, fileName, *written, outcome);
+        done(outcome.written);
+    });
+}
+
+void Documents::finishSave(
+    MdiGraphChild *child, const QString &fileName, const RecordLines &lines, const WriteOutcome &outcome)
+{
+    if (outcome.cancelled) {
+        emit message(tr("Saving was cancelled."), messageTime);
+    } else if (!outcome.written) {
+        tellFailure(fileName, outcome.reason);
+    } else {
+        child->markSaved(fileName, lines.recordCount());
+        emit message(tr("Data saved on disk."), savedTime);
+        savedFile = QDir::toNativeSeparators(fileName);
+        QTimer::singleShot(savedTime, this, SLOT(nameSaved()));
+        if (lines.unreadable() > 0)
+            tellUnreadable(lines.unreadable(), child, fileName);
+    }
+}
+
+// A second is enough to see that it was saved, not to read where.
+void Documents::nameSaved()
+{
+    emit message(tr("%1 written.").arg(savedFile), messageTime);
+}
+
+void Documents::tellFailure(const QString &fileName, const QString &reason)
+{
+    emit message(tr("Can not save file %1").arg(fileName), 0);
+    showWarningBox(shell, "saveFailed", tr("Save as"),
+        tr("Can not save file %1").arg(QDir::toNativeSeparators(fileName)) + QLatin1Char('\n') + reason);
+}
+
+void Documents::tellUnreadable(int count, const MdiGraphChild *child, const QString &fileName)
+{
+    QString text
+        = tr("%n record(s) of a mode or chemistry that the file format has no sign for can't be read back "
+             "from %1.",
+            nullptr, count)
+              .arg(QDir::toNativeSeparators(fileName));
+    const QString kept = recordings->fileOf(child);
+    if (!kept.isEmpty() && QFileInfo(kept) != QFileInfo(fileName) && QFileInfo::exists(kept))
+        text += QLatin1Char('\n') + tr("They are kept in %1.").arg(QDir::toNativeSeparators(kept));
+    showWarningBox(shell, "unreadableRecords", tr("Save as"), text);
+}

@@ -1,0 +1,130 @@
+#include "documents/graphexports.h"
+
+#include "documents/savedialog.h"
+#include "documents/filewriter.h"
+#include "documents/graphfile.h"
+#include "desk/recordings.h"
+#include "widgets/warningbox.h"
+#include "documents/csvexport.h"
+#include "files/filepieces.h"
+#include "graph/mdigraphchild.h"
+#include "settings/varnelsettings.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QFileInfo>
+#include <QPointer>
+
+namespace {
+
+constexpr int messageTime = 5000; // ms
+
+QString folderKey()
+{
+    return QStringLiteral("export/lastDir");
+}
+
+/// Where the last export went, else where data files were opened or saved last.
+QString startFolder()
+{
+    const VarnelSettings settings;
+    const QString last = settings.value(folderKey()).toString();
+    if (!last.isEmpty())
+        return last;
+    const QString dataFile = settings.value(QStringLiteral("global/lastDir")).toString();
+    return dataFile.isEmpty() ? QDir::homePath() : QFileInfo(dataFile).path();
+}
+
+} // namespace
+
+GraphExports::GraphExports(QWidget *shell, FileWriter *writer, Recordings *recordings)
+    : QObject(shell)
+    , m_shell(shell)
+    , m_writer(writer)
+    , m_recordings(recordings)
+{
+    connect(this, SIGNAL(message(QString,int)), m_shell, SLOT(showMessageStatusBar(QString,int)));
+}
+
+void GraphExports::csvDialog(MdiGraphChild *child)
+{
+    const QPointer<MdiGraphChild> guard(child); // its window may be closed while the dialog is open
+    const QString name = ask(tr("Export as CSV"), {tr("Comma-separated values (*.csv)")}, child);
+    if (!name.isEmpty() && guard)
+        writeTable(guard, name);
+}
+
+void GraphExports::pictureDialog(MdiGraphChild *child)
+{
+    const QPointer<MdiGraphChild> guard(child);
+    const QString name = ask(
+        tr("Save picture"), {tr("Picture (*.png)"), tr("Drawing (*.svg)"), tr("Document (*.pdf)")}, child);
+    if (!name.isEmpty() && guard)
+        writePicture(guard, name);
+}
+
+void GraphExports::writeTable(const MdiGraphChild *child, const QString &fileName)
+{
+    write(fileName, std::make_unique<CsvRows>(child->store()));
+}
+
+void GraphExports::writePicture(const MdiGraphChild *child, const QString &fileName)
+{
+    const GraphFormat format = graphFormat(fileName);
+    if (format == GraphFormat::Unknown) {
+        tellFailure(fileName, tr("The name of a picture ends in .png, .svg or .pdf."));
+        return;
+    }
+    // Drawn at once: the window goes on.
+    QBuffer drawing;
+    drawing.open(QIODevice::WriteOnly);
+    if (!writeGraph(child->picture(child->size()), format, &drawing)) {
+        tellFailure(fileName, tr("There is no room for it in memory."));
+        return;
+    }
+    const QByteArray bytes = drawing.data();
+    write(fileName, std::make_unique<OnePiece>([bytes](QIODevice &device) {
+        return writeAllBytes(device, bytes.constData(), bytes.size());
+    }));
+}
+
+QString GraphExports::ask(const QString &title, const QStringList &filters, const MdiGraphChild *child)
+{
+    SaveDialog dialog(m_shell, title, filters);
+    dialog.refuse({QStringLiteral(".acp"), QStringLiteral(".abp")},
+        tr("Names that end in .acp or .abp are for recordings."));
+    dialog.setDirectory(startFolder());
+    dialog.suggest(m_recordings->nameFor(child));
+    if (dialog.exec() != QDialog::Accepted)
+        return QString();
+    const QString name = dialog.selectedFiles().value(0);
+    VarnelSettings().setValue(folderKey(), QFileInfo(name).absolutePath());
+    return name;
+}
+
+void GraphExports::write(const QString &fileName, std::unique_ptr<FilePieces> pieces)
+{
+    if (m_recordings->isBeingRecorded(fileName)) {
+        tellFailure(fileName, tr("A recording is being written to this file."));
+        return;
+    }
+    m_writer->add(fileName, std::move(pieces),
+        [this, fileName](const WriteOutcome &outcome) { tellOutcome(fileName, outcome); });
+}
+
+void GraphExports::tellOutcome(const QString &fileName, const WriteOutcome &outcome)
+{
+    if (outcome.cancelled)
+        emit message(tr("The export was cancelled."), messageTime);
+    else if (outcome.written)
+        emit message(tr("%1 written.").arg(QDir::toNativeSeparators(fileName)), messageTime);
+    else
+        tellFailure(fileName, outcome.reason);
+}
+
+void GraphExports::tellFailure(const QString &fileName, const QString &reason)
+{
+    const QString text = tr("Can not save file %1").arg(QDir::toNativeSeparators(fileName));
+    emit message(text, messageTime);
+    showWarningBox(m_shell, "exportFailed", tr("Export"), text + QLatin1Char('\n') + reason);
+}

@@ -1,0 +1,82 @@
+#include "documents/journalnotice.h"
+
+#include "desk/statusfacts.h"
+#include "journal/journalkeeper.h"
+#include "settings/varnelsettings.h"
+
+#include <QDesktopServices>
+#include <QDir>
+#include <QLocale>
+#include <QPushButton>
+#include <QUrl>
+
+namespace {
+
+QString toldSizeKey()
+{
+    return QStringLiteral("journal/toldSize");
+}
+
+} // namespace
+
+JournalNotice::JournalNotice(const JournalKeeper *keeper, StatusFacts *facts, QWidget *window)
+    : QObject(window)
+    , m_facts(facts)
+    , m_window(window)
+{
+    connect(keeper, SIGNAL(stalled(QString)), this, SLOT(showStalled(QString)));
+    connect(keeper, SIGNAL(resumed()), this, SLOT(showResumed()));
+    connect(keeper, SIGNAL(replaced(QString,QString)), this, SLOT(showReplaced(QString,QString)));
+    connect(keeper, SIGNAL(folderLarge(QString,qint64)), this, SLOT(showLarge(QString,qint64)));
+}
+
+void JournalNotice::showStalled(const QString &reason)
+{
+    m_facts->set(StatusFacts::NotWritten, tr("recordings"), reason);
+}
+
+void JournalNotice::showResumed()
+{
+    m_facts->clear(StatusFacts::NotWritten, tr("recordings"));
+}
+
+void JournalNotice::showReplaced(const QString &fileName, const QString &newName)
+{
+    const QString text = tr("The file of a running recording was removed or replaced:") + QLatin1Char('\n')
+        + QDir::toNativeSeparators(fileName) + QStringLiteral("\n\n")
+        + tr("All that was recorded is written again, and recording goes on, in:") + QLatin1Char('\n')
+        + QDir::toNativeSeparators(newName);
+    createBox(QMessageBox::Warning, text, QStringLiteral("journalReplaced"))->show();
+}
+
+void JournalNotice::showLarge(const QString &path, qint64 bytes)
+{
+    VarnelSettings settings;
+    const qint64 told = settings.value(toldSizeKey(), 0).toLongLong();
+    if (told > 0 && told <= bytes && bytes - told < JournalKeeper::largeFolder)
+        return; // told on another day, and left so
+    settings.setValue(toldSizeKey(), bytes);
+    m_folder = path;
+    const QString text = tr("Your recordings take %1.").arg(QLocale().formattedDataSize(bytes))
+        + QLatin1Char('\n')
+        + tr("None of them is deleted unless you do it, in %1.").arg(QDir::toNativeSeparators(path));
+    QMessageBox *box = createBox(QMessageBox::Information, text, QStringLiteral("journalLarge"));
+    QPushButton *open = box->addButton(tr("Open folder"), QMessageBox::ActionRole);
+    connect(open, SIGNAL(clicked()), this, SLOT(openFolder()));
+    box->show();
+}
+
+QMessageBox *JournalNotice::createBox(QMessageBox::Icon icon, const QString &text, const QString &name) const
+{
+    auto *box = new QMessageBox(icon, tr("Recordings"), text, QMessageBox::Ok, m_window);
+    box->setObjectName(name);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setTextFormat(Qt::PlainText);
+    box->setModal(false);
+    return box;
+}
+
+void JournalNotice::openFolder()
+{
+    QDesktopServices::openUrl(QUrl::fromLocalFile(m_folder));
+}

@@ -1,0 +1,197 @@
+#include "documents/unsavedwindows.h"
+
+#include "documents/documents.h"
+#include "documents/filewriter.h"
+#include "desk/graphwindows.h"
+#include "desk/recordings.h"
+#include "graph/mdigraphchild.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QMessageBox>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr int messageTime = 10000; // ms; a file's name takes longer to read than most
+constexpr int mostTries = 3; // to save all of a recording that goes on
+constexpr int leastRecords = 2; // a file of fewer holds no data; a journal of fewer goes with its recording
+
+QString nameOf(const MdiGraphChild *child)
+{
+    const QString name = QString::number(child->windowNumber());
+    return child->fileName().isEmpty() ? name
+                                       : name + QStringLiteral(" (") + child->fileName() + QLatin1Char(')');
+}
+
+/// Neither need exist. Systems differ on case: told apart by it alone they count as the same.
+bool isSameFile(const QString &one, const QString &other)
+{
+    const QFileInfo first(one);
+    const QFileInfo second(other);
+    return (first.exists() && second.exists() && first == second)
+        || first.absoluteFilePath().compare(second.absoluteFilePath(), Qt::CaseInsensitive) == 0;
+}
+
+} // namespace
+
+UnsavedWindows::UnsavedWindows(
+    QWidget *shell, GraphWindows *graphs, Documents *documents, Recordings *recordings, FileWriter *writer)
+    : QObject(shell)
+    , m_shell(shell)
+    , m_graphs(graphs)
+    , m_documents(documents)
+    , m_recordings(recordings)
+    , m_writer(writer)
+{
+    connect(m_writer, SIGNAL(finished(bool)), this, SLOT(onWritten(bool)));
+    connect(this, SIGNAL(message(QString,int)), m_shell, SLOT(showMessageStatusBar(QString,int)));
+}
+
+bool UnsavedWindows::mayClose(MdiGraphChild *child)
+{
+    if (m_writer->isBusy()) {
+        if (!m_waiting.contains(child))
+            m_waiting.append(child);
+        return false;
+    }
+    if (!m_settled && isInDanger(child) && !settle({child}, child->parentWidget()))
+        return false;
+    const bool reopenable
+        = child->hasUnsavedData() && m_recordings->keepsAll(child) && child->store().size() >= leastRecords;
+    if (reopenable) {
+        const QString name = QFileInfo(m_recordings->fileOf(child)).fileName();
+        emit message(
+            tr("The recording is kept as %1: Tools > Reopen closed recording.").arg(name), messageTime);
+    }
+    m_recordings->noteClosed(child, reopenable);
+    return true;
+}
+
+bool UnsavedWindows::mayCloseAll()
+{
+    m_shellWaits = m_writer->isBusy();
+    if (m_shellWaits) {
+        emit message(tr("The program closes when the file is written. Cancel gives the file up."), 0);
+        return false;
+    }
+    if (m_settled)
+        return true;
+    QList<MdiGraphChild *> endangered;
+    const QList<MdiGraphChild *> children = m_graphs->all();
+    for (MdiGraphChild *child : children) {
+        if (isInDanger(child))
+            endangered.append(child);
+    }
+    return settle(endangered, m_shell);
+}
+
+// Fewer records than make a file go with their window, as they do with their journal.
+bool UnsavedWindows::isInDanger(const MdiGraphChild *child) const
+{
+    return child->hasUnsavedData() && child->store().size() >= leastRecords && !m_recordings->keepsAll(child);
+}
+
+// All is asked before anything is saved: lines go on arriving in the window that was asked about first.
+bool UnsavedWindows::settle(const QList<MdiGraphChild *> &children, QWidget *closing)
+{
+    QVector<Pending> all;
+    for (MdiGraphChild *child : children)
+        all.append({child, QString()});
+    for (Pending &one : all) {
+        const Answer answer = one.child ? ask(one.child) : Discard;
+        if (answer == Cancel || (answer == Save && !askName(&one, all)))
+            return false;
+    }
+    all.erase(
+        std::remove_if(all.begin(), all.end(), [](const Pending &one) { return one.fileName.isEmpty(); }),
+        all.end());
+    if (all.isEmpty())
+        return true;
+    m_saves = all;
+    m_closing = closing;
+    saveNext();
+    return false;
+}
+
+void UnsavedWindows::saveNext()
+{
+    if (m_saves.isEmpty())
+        closeSettled();
+    else if (m_saves.first().child)
+        m_documents->save(
+            m_saves.first().child, m_saves.first().fileName, [this](bool saved) { onSaved(saved); });
+    else
+        onSaved(true);
+}
+
+// Lines go on arriving while a long file is written, too.
+void UnsavedWindows::onSaved(bool saved)
+{
+    if (!saved) {
+        m_saves.clear();
+        m_closing.clear();
+        return;
+    }
+    Pending &one = m_saves.first();
+    const bool again = one.child && isInDanger(one.child) && ++one.tries < mostTries;
+    if (!again)
+        m_saves.removeFirst();
+    saveNext();
+}
+
+void UnsavedWindows::closeSettled()
+{
+    m_settled = true;
+    if (m_closing)
+        m_closing->close();
+    m_closing.clear();
+    m_settled = false;
+}
+
+// What failed is told in a box, which is not to go with the program.
+void UnsavedWindows::onWritten(bool good)
+{
+    const QVector<QPointer<MdiGraphChild>> waiting = std::exchange(m_waiting, {});
+    for (const QPointer<MdiGraphChild> &child : waiting)
+        if (child)
+            child->parentWidget()->close();
+    if (std::exchange(m_shellWaits, false) && good)
+        m_shell->close();
+}
+
+// The first of two recordings under one name would be lost, and not asked about: its file is not there yet.
+bool UnsavedWindows::askName(Pending *one, const QVector<Pending> &all)
+{
+    for (;;) {
+        const QString name = m_documents->askSaveName(one->child);
+        const bool taken = std::any_of(all.begin(), all.end(),
+            [&name](const Pending &other) { return isSameFile(other.fileName, name); });
+        if (!taken || name.isEmpty()) {
+            one->fileName = name;
+            return !name.isEmpty();
+        }
+        QMessageBox box(QMessageBox::Warning, tr("Recording"),
+            tr("Another of the windows is about to be saved as %1.").arg(QDir::toNativeSeparators(name)),
+            QMessageBox::Ok, m_shell);
+        box.setTextFormat(Qt::PlainText);
+        box.exec();
+    }
+}
+
+UnsavedWindows::Answer UnsavedWindows::ask(const MdiGraphChild *child)
+{
+    QMessageBox box(QMessageBox::Question, tr("Recording"),
+        tr("The recording in window %1 is not saved.").arg(nameOf(child)),
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, m_shell);
+    box.setObjectName(QStringLiteral("unsavedRecording"));
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(m_recordings->fileOf(child).isEmpty()
+            ? tr("Nothing else keeps it. Save it before its window closes?")
+            : tr("The journal could not keep all of it. Save it before its window closes?"));
+    box.setDefaultButton(QMessageBox::Save);
+    const int answer = box.exec();
+    return answer == QMessageBox::Save ? Save : answer == QMessageBox::Discard ? Discard : Cancel;
+}

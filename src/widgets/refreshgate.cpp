@@ -1,0 +1,43 @@
+#include "widgets/refreshgate.h"
+
+#include <QEvent>
+#include <QWidget>
+
+RefreshGate::RefreshGate(QWidget *display)
+    : QObject(display)
+    , m_display(display)
+{
+    m_timer.setInterval(interval);
+    m_timer.setSingleShot(true);
+    connect(&m_timer, SIGNAL(timeout()), this, SLOT(onInterval()));
+    display->installEventFilter(this);
+}
+
+void RefreshGate::request()
+{
+    if (m_display->isVisible() && !m_timer.isActive())
+        open();
+    else
+        m_pending = true;
+}
+
+bool RefreshGate::eventFilter(QObject *watched, QEvent *event)
+{
+    // The event comes before the first paint, so that a display never opens with old figures.
+    if (watched == m_display && event->type() == QEvent::Show && m_pending)
+        open();
+    return QObject::eventFilter(watched, event);
+}
+
+void RefreshGate::onInterval()
+{
+    if (m_pending && m_display->isVisible())
+        open();
+}
+
+void RefreshGate::open()
+{
+    m_pending = false;
+    m_timer.start();
+    emit refresh();
+}

@@ -1,0 +1,8 @@
+target_sources(varnel_gui PRIVATE
+    widgets/displayscale.cpp widgets/displayscale.h
+    widgets/fittedtext.cpp widgets/fittedtext.h
+    widgets/inputgate.cpp widgets/inputgate.h
+    widgets/plaintooltip.h
+    widgets/refreshgate.cpp widgets/refreshgate.h
+    widgets/warningbox.cpp widgets/warningbox.h
+)
