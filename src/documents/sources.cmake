@@ -4,6 +4,7 @@ target_sources(varnel_core PRIVATE
 target_sources(varnel_gui PRIVATE
     documents/datafilesmodel.cpp documents/datafilesmodel.h
     documents/documents.cpp documents/documents.h
+    documents/fileconversion.cpp documents/fileconversion.h
     documents/filequeue.cpp documents/filequeue.h
     documents/filewriter.cpp documents/filewriter.h
     documents/graphexports.cpp documents/graphexports.h
