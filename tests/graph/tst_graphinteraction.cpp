@@ -1,8 +1,8 @@
 #include "graph/scene/celllegend.h"
-#include "graph/graphfixture.h"
+#include "support/fakegraphhost.h"
 #include "graph/scene/graphlayout.h"
 #include "graph/mdigraphchild.h"
-#include "graph/recordings.h"
+#include "support/samplerecords.h"
 
 #include <QWheelEvent>
 #include <QtTest>

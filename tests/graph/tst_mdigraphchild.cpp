@@ -1,7 +1,7 @@
 #include "data/voltageslope.h"
-#include "graph/graphfixture.h"
+#include "support/fakegraphhost.h"
 #include "graph/mdigraphchild.h"
-#include "graph/recordings.h"
+#include "support/samplerecords.h"
 #include "support/fakelink.h"
 
 #include <QMdiArea>

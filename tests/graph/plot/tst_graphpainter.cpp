@@ -5,7 +5,7 @@
 #include "graph/plot/graphpainter.h"
 #include "graph/scene/graphpicture.h"
 #include "graph/scene/graphscene.h"
-#include "graph/recordings.h"
+#include "support/samplerecords.h"
 #include "support/pixels.h"
 
 #include <QImage>

@@ -1,4 +1,4 @@
-#include "graph/recordings.h"
+#include "support/samplerecords.h"
 
 #include <cmath>
 

@@ -1,4 +1,4 @@
-#include "graph/graphfixture.h"
+#include "support/fakegraphhost.h"
 
 void FakeHost::showRecord(const Varnel3Data &record, int windowNumber, bool useKeptRi)
 {
