@@ -42,7 +42,7 @@ RULES["app"] = set(RULES)
 EXCEPTIONS = {
     "journal": {"link/recordinglog.h"},
     "desk": {"link/recordinglog.h"},
-    "graph": {"graph/curves/pixels.h", "link/devicelink.h", "link/recordingsink.h"},
+    "graph": {"graph/curves/pixels.h", "link/devicelink.h", "link/recordingwindow.h"},
 }
 
 LIBRARIES = ["varnel_data", "varnel_core", "varnel_gui"]  # each may include the ones before it

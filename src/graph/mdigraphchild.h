@@ -3,7 +3,7 @@
 #include "graph/plot/graphpainter.h"
 #include "graph/scene/graphpicture.h"
 #include "series/seriesstore.h"
-#include "link/recordingsink.h"
+#include "link/recordingwindow.h"
 
 #include <QDateTime>
 #include <QTimer>

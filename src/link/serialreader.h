@@ -2,7 +2,7 @@
 
 #include "link/devicelink.h"
 #include "link/lineframer.h"
-#include "link/recordingdispatcher.h"
+#include "link/linedispatcher.h"
 #include "ports/portinfo.h"
 
 #include <QSerialPort>

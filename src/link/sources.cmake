@@ -6,11 +6,11 @@ endif()
 target_sources(varnel_core PRIVATE
     link/devicelink.h
     link/hangup.h
+    link/linedispatcher.cpp link/linedispatcher.h
     link/lineframer.cpp link/lineframer.h
     link/readerhost.h
-    link/recordingdispatcher.cpp link/recordingdispatcher.h
     link/recordinglog.h
-    link/recordingsink.h
+    link/recordingwindow.h
     link/serialreader.cpp link/serialreader.h
     ${link_system}
 )

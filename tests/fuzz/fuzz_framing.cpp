@@ -5,7 +5,7 @@
 #include "fuzzcheck.h"
 #include "series/seriesstore.h"
 #include "link/lineframer.h"
-#include "link/recordingdispatcher.h"
+#include "link/linedispatcher.h"
 #include "support/fakelink.h"
 #include "support/quiethost.h"
 #include "support/records.h"

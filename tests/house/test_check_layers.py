@@ -38,8 +38,8 @@ TREES = {
     "listed but gone": ({}, {"link/gone.cpp": CORE}, "no such file"),
     "not by folder": ({"link/r.h": '#include "s.h"', "link/s.h": ""}, {}, "included by folder"),
     "own rule of an inner folder": (
-        {"graph/plot/p.h": '#include "link/recordingsink.h"', "link/recordingsink.h": ""}, {},
-        "graph/plot may not include link/recordingsink.h"),
+        {"graph/plot/p.h": '#include "link/recordingwindow.h"', "link/recordingwindow.h": ""}, {},
+        "graph/plot may not include link/recordingwindow.h"),
     "main window": ({"dialogs/d.h": '#include "app/mainwindow.h"', "app/mainwindow.h": ""}, {},
                     "nothing below app"),
 }

@@ -2,7 +2,7 @@
 
 #include "data/varnel3data.h"
 #include "link/readerhost.h"
-#include "link/recordingsink.h"
+#include "link/recordingwindow.h"
 
 #include <QObject>
 #include <QStringList>

@@ -2,7 +2,7 @@
 
 #include "link/readerhost.h"
 #include "link/recordinglog.h"
-#include "link/recordingsink.h"
+#include "link/recordingwindow.h"
 
 /// A graph window that keeps nothing.
 class QuietSink : public RecordingSink {

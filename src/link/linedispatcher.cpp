@@ -1,9 +1,9 @@
-#include "link/recordingdispatcher.h"
+#include "link/linedispatcher.h"
 
 #include "link/devicelink.h"
 #include "link/readerhost.h"
 #include "link/recordinglog.h"
-#include "link/recordingsink.h"
+#include "link/recordingwindow.h"
 #include "settings/varnelsettings.h"
 
 #include <QCoreApplication>

@@ -1,4 +1,4 @@
-#include "link/recordingdispatcher.h"
+#include "link/linedispatcher.h"
 
 #include "link/fakeshell.h"
 #include "settings/varnelsettings.h"
@@ -242,4 +242,4 @@ void RecordingDispatcherTest::setsTheClockOncePerPort()
 }
 
 QTEST_GUILESS_MAIN(RecordingDispatcherTest)
-#include "tst_recordingdispatcher.moc"
+#include "tst_linedispatcher.moc"
