@@ -1,10 +1,10 @@
 #include "devices/devicecommands.h"
 
 #include "devices/devicetargets.h"
+#include "link/clockcommand.h"
 #include "link/serialreader.h"
 
 #include <QApplication>
-#include <QDateTime>
 #include <QMessageBox>
 #include <QTimer>
 
@@ -32,11 +32,6 @@ DeviceCommands::~DeviceCommands()
 {
     if (!m_clocks.isEmpty())
         QApplication::restoreOverrideCursor();
-}
-
-QString DeviceCommands::currentTimeText()
-{
-    return QDateTime::currentDateTime().toString(QStringLiteral("ss:mm:HH:dd:MM:yy"));
 }
 
 bool DeviceCommands::stopProcess()
@@ -142,7 +137,7 @@ void DeviceCommands::setNextClock()
     }
     SerialReader *reader = m_clocks.head();
     emit message(tr("Setting the clock of the device on %1...").arg(reader->portName()), messageTime);
-    reader->sendCommand(QStringLiteral("#TIME!") + currentTimeText() + QStringLiteral("\r\n"));
+    reader->sendCommand(clockCommand());
     m_pause->start();
 }
 

@@ -19,8 +19,6 @@ public:
     explicit DeviceCommands(DeviceTargets *targets, QWidget *window = nullptr);
     ~DeviceCommands() override;
 
-    /// The local date and time now as the devices take it: "ss:mm:HH:dd:MM:yy".
-    static QString currentTimeText();
     /// Stops the process of the active window's device; where none is fed, that of the only listened port.
     /// Was the active window fed by another port, the user is asked first, and nothing waits for the answer.
     /// With several ports and no live active window nothing is sent, it would be a guess. Which port was

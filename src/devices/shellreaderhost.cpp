@@ -1,6 +1,5 @@
 #include "devices/shellreaderhost.h"
 
-#include "devices/devicecommands.h"
 #include "desk/graphwindows.h"
 #include "desk/recordings.h"
 #include "desk/statusfacts.h"
@@ -21,7 +20,7 @@ ShellReaderHost::ShellReaderHost(
     connect(this, SIGNAL(message(QString,int)), shell, SLOT(showMessageStatusBar(QString,int)));
 }
 
-RecordingSink *ShellReaderHost::createRecording()
+RecordingWindow *ShellReaderHost::createWindow()
 {
     MdiGraphChild *child = graphs->create();
     recordings->attach(child);
@@ -31,16 +30,20 @@ RecordingSink *ShellReaderHost::createRecording()
     return child;
 }
 
-std::unique_ptr<RecordingLog> ShellReaderHost::createRecordingLog(const QString &portName)
+std::unique_ptr<RecordingLog> ShellReaderHost::createLog(const QString &portName)
 {
     facts->clear(StatusFacts::Unwatched, portName);
     emit recordingBegins(portName);
     return recordings->begin(portName);
 }
 
-QString ShellReaderHost::currentTimeText() const
+bool ShellReaderHost::claimClock(const QString &portName, ClockMoment moment)
 {
-    return DeviceCommands::currentTimeText();
+    QMap<QString, bool> &sent = moment == ProcessStart ? startTimeSent : endTimeSent;
+    if (sent.contains(portName))
+        return false;
+    sent.insert(portName, true);
+    return true;
 }
 
 void ShellReaderHost::showMessageStatusBar(const QString &text, int timeout)
@@ -74,8 +77,8 @@ void ShellReaderHost::recordingUnwatched(const QString &portName)
     facts->set(StatusFacts::Unwatched, portName);
 }
 
-// The windows of readers are those that createRecording() has made.
-void ShellReaderHost::noteEnd(const QString &portName, const Varnel3Data &last, RecordingSink *window)
+// The windows of readers are those that createWindow() has made.
+void ShellReaderHost::noteEnd(const QString &portName, const Varnel3Data &last, RecordingWindow *window)
 {
     ends[portName] = {portName, last.processEnd(), last, QDateTime::currentDateTime(),
         static_cast<MdiGraphChild *>(window), window != nullptr};

@@ -3,6 +3,7 @@
 #include "devices/endedprocess.h"
 #include "link/readerhost.h"
 
+#include <QMap>
 #include <QObject>
 #include <QPointer>
 
@@ -22,16 +23,14 @@ public:
     /// is the parent of message boxes. All outlive this.
     ShellReaderHost(QWidget *shell, GraphWindows *graphs, Recordings *recordings, StatusFacts *facts);
 
-    RecordingSink *createRecording() override;
-    std::unique_ptr<RecordingLog> createRecordingLog(const QString &portName) override;
-    QString currentTimeText() const override;
-    QMap<QString, bool> &startTimeSent() override { return m_startTimeSent; }
-    QMap<QString, bool> &endTimeSent() override { return m_endTimeSent; }
+    RecordingWindow *createWindow() override;
+    std::unique_ptr<RecordingLog> createLog(const QString &portName) override;
+    bool claimClock(const QString &portName, ClockMoment moment) override;
     void showMessageStatusBar(const QString &message, int timeout) override;
     void portFailed(const QString &portName, const QString &text) override;
     void portLost(const QString &portName) override;
     void recordingUnwatched(const QString &portName) override;
-    void noteEnd(const QString &portName, const Varnel3Data &last, RecordingSink *window) override;
+    void noteEnd(const QString &portName, const Varnel3Data &last, RecordingWindow *window) override;
     void announceEnd(const QString &portName) override;
     QObject *processReceiver() override;
 
@@ -55,6 +54,6 @@ private:
     StatusFacts *facts;
     QMap<QString, QPointer<QMessageBox>> boxes; ///< one a failing port
     QMap<QString, EndedProcess> ends; ///< the newest of each port
-    QMap<QString, bool> m_startTimeSent;
-    QMap<QString, bool> m_endTimeSent;
+    QMap<QString, bool> startTimeSent; ///< by port; never cleared
+    QMap<QString, bool> endTimeSent;
 };

@@ -15,7 +15,7 @@ class GraphHost;
 
 /// The graph window of one recording: owns its records, draws their course, keeps its title in step with what
 /// was saved, and hands each record to the shell while it is the current window.
-class MdiGraphChild : public QWidget, public RecordingSink {
+class MdiGraphChild : public QWidget, public RecordingWindow {
     Q_OBJECT
 
 public:
@@ -66,7 +66,7 @@ public:
     /// What the window shows, at any size. Valid as long as the window.
     GraphPicture picture(const QSize &pictureSize) const;
 
-    // RecordingSink
+    // RecordingWindow
     void attachReader(DeviceLink *reader) override;
     void setFileName(const QString &name) override;
     void addRecord(const Varnel3Data &record) override;

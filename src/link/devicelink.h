@@ -2,7 +2,7 @@
 
 #include <QString>
 
-class RecordingSink;
+class RecordingWindow;
 
 /// What a graph window asks of the device that feeds it.
 class DeviceLink {
@@ -16,5 +16,5 @@ public:
     /// The next good line starts a new recording.
     virtual bool isNewProcess() const = 0;
     /// Called by a graph window that goes away: nothing more may be sent to it.
-    virtual void detachGraphChild(RecordingSink *child) = 0;
+    virtual void detachGraphChild(RecordingWindow *child) = 0;
 };

@@ -1,7 +1,7 @@
 #include "link/linedispatcher.h"
 
+#include "link/clockcommand.h"
 #include "link/devicelink.h"
-#include "link/readerhost.h"
 #include "link/recordinglog.h"
 #include "link/recordingwindow.h"
 #include "settings/varnelsettings.h"
@@ -19,15 +19,15 @@ constexpr int messageTime = 5000; // ms
 
 } // namespace
 
-RecordingDispatcher::RecordingDispatcher(DeviceLink *link, ReaderHost *host)
+LineDispatcher::LineDispatcher(DeviceLink *link, ReaderHost *host)
     : m_link(link)
     , m_host(host)
 {
 }
 
-RecordingDispatcher::~RecordingDispatcher() = default;
+LineDispatcher::~LineDispatcher() = default;
 
-bool RecordingDispatcher::processLine(const QString &line)
+bool LineDispatcher::processLine(const QString &line)
 {
     if (!line.startsWith(QLatin1Char('#'))) {
         keepResistanceLine(line);
@@ -52,21 +52,21 @@ bool RecordingDispatcher::processLine(const QString &line)
     return false;
 }
 
-void RecordingDispatcher::endProcess()
+void LineDispatcher::endProcess()
 {
     announceEnd();
     reset();
-    sendTimeOnce(&m_host->endTimeSent());
+    setClockOnce(ReaderHost::ProcessEnd);
 }
 
-void RecordingDispatcher::announceEnd()
+void LineDispatcher::announceEnd()
 {
     m_host->announceEnd(m_link->portName());
     QMetaObject::invokeMethod(
         m_host->processReceiver(), "endProcess", Qt::QueuedConnection, Q_ARG(int, m_endType));
 }
 
-void RecordingDispatcher::reset()
+void LineDispatcher::reset()
 {
     m_previous = {};
     finishRecording();
@@ -75,82 +75,82 @@ void RecordingDispatcher::reset()
     m_newProcess = true;
 }
 
-bool RecordingDispatcher::isRecording() const
+bool LineDispatcher::isRecording() const
 {
     return !m_newProcess && m_idleTicks <= longestPause;
 }
 
 // A line may be of any length, and this is the only one that lacks memory: without it recording goes on.
-bool RecordingDispatcher::parse(const QString &line)
+bool LineDispatcher::parse(const QString &line)
 {
     try {
         return m_record.parseLine(line);
     } catch (const std::bad_alloc &) {
         qWarning() << m_link->portName() << "no memory for a line of" << line.size() << "characters";
         m_host->showMessageStatusBar(
-            QCoreApplication::translate("RecordingDispatcher", "Not enough memory: a line of %1 is left out.")
+            QCoreApplication::translate("LineDispatcher", "Not enough memory: a line of %1 is left out.")
                 .arg(m_link->portName()),
             messageTime);
         return false;
     }
 }
 
-bool RecordingDispatcher::startsRecording() const
+bool LineDispatcher::startsRecording() const
 {
     return m_newProcess || m_idleTicks > longestPause
         || (m_record.time == 0 && m_record.cellCount > 0 && m_record.device != Varnel3Data::Tandor);
 }
 
-void RecordingDispatcher::startLog()
+void LineDispatcher::startLog()
 {
     finishRecording();
-    m_log = m_host->createRecordingLog(m_link->portName());
+    m_log = m_host->createLog(m_link->portName());
 }
 
-void RecordingDispatcher::startRecording()
+void LineDispatcher::startRecording()
 {
     QMetaObject::invokeMethod(m_host->processReceiver(), "endProcessMessage", Qt::QueuedConnection);
     m_unwatchedTold = false;
-    m_child = m_host->createRecording();
+    m_window = m_host->createWindow();
     m_newProcess = false;
-    m_child->attachReader(m_link);
+    m_window->attachReader(m_link);
     m_idleTicks = 0;
-    m_child->setFileName(m_link->portName());
-    sendTimeOnce(&m_host->startTimeSent());
+    m_window->setFileName(m_link->portName());
+    setClockOnce(ReaderHost::ProcessStart);
 }
 
-void RecordingDispatcher::showRecord()
+void LineDispatcher::showRecord()
 {
-    if (m_child) {
-        m_child->addRecord(m_record);
+    if (m_window) {
+        m_window->addRecord(m_record);
     } else if (!m_unwatchedTold) {
         m_unwatchedTold = true;
         m_host->recordingUnwatched(m_link->portName());
     }
 }
 
-void RecordingDispatcher::keepResistanceLine(const QString &line)
+void LineDispatcher::keepResistanceLine(const QString &line)
 {
     if (!line.startsWith(QLatin1Char('!')))
         return;
     if (m_log && Varnel3Data().parseResistanceLine(line))
         m_log->addResistanceLine(line);
-    if (m_child)
-        m_child->applyResistanceLine(line);
+    if (m_window)
+        m_window->applyResistanceLine(line);
 }
 
-bool RecordingDispatcher::takeEndLetter()
+bool LineDispatcher::takeEndLetter()
 {
     const int end = m_record.processEnd();
     if (end == Varnel3Data::NoEnd)
         return false;
     m_endType = end;
-    m_host->noteEnd(m_link->portName(), m_record, m_child);
+    m_host->noteEnd(m_link->portName(), m_record, m_window);
     return true;
 }
 
 // A balancer's clock stands still, so that only its pack tells one process from the next.
-bool RecordingDispatcher::processChanged() const
+bool LineDispatcher::processChanged() const
 {
     if (m_previous.mode == Varnel3Data::NoMode)
         return false;
@@ -161,18 +161,16 @@ bool RecordingDispatcher::processChanged() const
     return m_record.time == 0 || m_record.time < m_previous.time || m_record.mode != m_previous.mode;
 }
 
-void RecordingDispatcher::finishRecording()
+void LineDispatcher::finishRecording()
 {
-    if (m_child)
-        m_child->finishRecording();
-    m_child = nullptr;
+    if (m_window)
+        m_window->finishRecording();
+    m_window = nullptr;
     m_log.reset();
 }
 
-void RecordingDispatcher::sendTimeOnce(QMap<QString, bool> *sent)
+void LineDispatcher::setClockOnce(ReaderHost::ClockMoment moment)
 {
-    if (!VarnelSettings().sendTime() || sent->contains(m_link->portName()))
-        return;
-    sent->insert(m_link->portName(), true);
-    m_link->sendCommand(QLatin1String("#TIME!") + m_host->currentTimeText() + QLatin1String("\r\n"));
+    if (VarnelSettings().sendTime() && m_host->claimClock(m_link->portName(), moment))
+        m_link->sendCommand(clockCommand());
 }

@@ -1,25 +1,25 @@
 #pragma once
 
 #include "data/varnel3data.h"
+#include "link/readerhost.h"
 
 #include <QString>
 
 #include <memory>
 
 class DeviceLink;
-class ReaderHost;
 class RecordingLog;
-class RecordingSink;
+class RecordingWindow;
 
 /// Decides what becomes of the lines of one port: which recording a record belongs to, when a recording
 /// starts and ends, when the device's clock is set. States: waiting (no recording) and recording.
-class RecordingDispatcher {
+class LineDispatcher {
 public:
     /// `link` (whose lines these are) and `host` are not owned and outlive this.
-    RecordingDispatcher(DeviceLink *link, ReaderHost *host);
-    ~RecordingDispatcher();
-    RecordingDispatcher(const RecordingDispatcher &) = delete;
-    RecordingDispatcher &operator=(const RecordingDispatcher &) = delete;
+    LineDispatcher(DeviceLink *link, ReaderHost *host);
+    ~LineDispatcher();
+    LineDispatcher(const LineDispatcher &) = delete;
+    LineDispatcher &operator=(const LineDispatcher &) = delete;
 
     /// Handles one measurement or '!' line; any other is ignored. True when it says that the device's process
     /// has ended: the caller then calls endProcess() 250 ms later, once for each such line.
@@ -39,7 +39,7 @@ public:
     bool isRecording() const;
     /// The window of the recording has gone. Its further records go to the log
     /// only, and the shell is told so once.
-    void forgetChild() { m_child = nullptr; }
+    void forgetWindow() { m_window = nullptr; }
 
 private:
     struct Previous {
@@ -58,11 +58,11 @@ private:
     bool takeEndLetter();
     bool processChanged() const;
     void finishRecording();
-    void sendTimeOnce(QMap<QString, bool> *sent);
+    void setClockOnce(ReaderHost::ClockMoment moment);
 
     DeviceLink *m_link; // not owned, outlives this
     ReaderHost *m_host; // not owned, outlives this
-    RecordingSink *m_child = nullptr; // not owned; forgetChild() when it goes
+    RecordingWindow *m_window = nullptr; // not owned; forgetWindow() when it goes
     std::unique_ptr<RecordingLog> m_log;
     Varnel3Data m_record; // each line is parsed into it, so that what a dialect does not send carries over
     Previous m_previous;

@@ -6,9 +6,9 @@ class DeviceLink;
 class Varnel3Data;
 
 /// What a serial reader asks of the graph window that it feeds.
-class RecordingSink {
+class RecordingWindow {
 public:
-    virtual ~RecordingSink() = default;
+    virtual ~RecordingWindow() = default;
 
     /// The window is live from now on. `reader` outlives the recording or ends it with finishRecording().
     virtual void attachReader(DeviceLink *reader) = 0;

@@ -146,9 +146,9 @@ void SerialReader::sendCommand(const QString &text)
         QMetaObject::invokeMethod(this, "onReadyRead", Qt::QueuedConnection);
 }
 
-void SerialReader::detachGraphChild(RecordingSink *)
+void SerialReader::detachGraphChild(RecordingWindow *)
 {
-    m_dispatcher.forgetChild();
+    m_dispatcher.forgetWindow();
 }
 
 void SerialReader::onReadyRead()

@@ -37,7 +37,7 @@ public:
     /// A process is being recorded and the device was heard within the last 20 s.
     bool isRecording() const { return m_dispatcher.isRecording(); }
     /// Forgets the window of the recording, whatever is passed.
-    void detachGraphChild(RecordingSink *child) override;
+    void detachGraphChild(RecordingWindow *child) override;
 
 signals:
     /// A line shorter than 10 characters: the reply to a command.
@@ -75,7 +75,7 @@ private:
     QString m_refusal; // why the last start did not try, with advice; empty where it did
     QSerialPort m_port;
     ReaderHost *m_host; // not owned, outlives this
-    RecordingDispatcher m_dispatcher;
+    LineDispatcher m_dispatcher;
     LineFramer m_framer;
     QTimer *m_tick; // child
     QObject *m_endShots; // child, parent of the shots that end letters have armed

@@ -4,6 +4,7 @@ else()
     set(link_system link/hangup_unix.cpp)
 endif()
 target_sources(varnel_core PRIVATE
+    link/clockcommand.cpp link/clockcommand.h
     link/devicelink.h
     link/hangup.h
     link/linedispatcher.cpp link/linedispatcher.h

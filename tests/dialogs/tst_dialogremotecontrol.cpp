@@ -3,7 +3,7 @@
 #include "link/serialreader.h"
 #include "support/columns.h"
 #include "support/ptypair.h"
-#include "support/quiethost.h"
+#include "support/fakeshell.h"
 
 #include <QApplication>
 #include <QAbstractItemView>
@@ -52,7 +52,7 @@ private:
     QMessageBox *box() const { return qobject_cast<QMessageBox *>(QApplication::activeModalWidget()); }
 
     QTemporaryDir folder;
-    QuietHost host;
+    FakeShell host;
     std::unique_ptr<PtyPair> line;
     std::unique_ptr<SerialReader> reader;
     std::unique_ptr<DialogRemoteControl> dialog;

@@ -7,7 +7,7 @@
 #include "link/lineframer.h"
 #include "link/linedispatcher.h"
 #include "support/fakelink.h"
-#include "support/quiethost.h"
+#include "support/fakeshell.h"
 #include "support/records.h"
 
 #include <QBuffer>
@@ -21,7 +21,7 @@
 namespace {
 
 /// A graph window without a window.
-class Recorder : public RecordingSink {
+class Recorder : public RecordingWindow {
 public:
     void attachReader(DeviceLink *) override { live = true; }
     void setFileName(const QString &) override { }
@@ -132,16 +132,16 @@ public:
     }
 };
 
-class Shell : public QuietHost {
+class Shell : public FakeShell {
 public:
-    RecordingSink *createRecording() override
+    RecordingWindow *createWindow() override
     {
         for (const auto &recorder : recorders)
             check(!recorder->live, "one recording a port");
         recorders.push_back(std::make_unique<Recorder>());
         return recorders.back().get();
     }
-    std::unique_ptr<RecordingLog> createRecordingLog(const QString &) override
+    std::unique_ptr<RecordingLog> createLog(const QString &) override
     {
         return std::make_unique<Journal>();
     }
@@ -176,7 +176,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
 
     Shell shell;
     Port port;
-    RecordingDispatcher dispatcher(&port, &shell);
+    LineDispatcher dispatcher(&port, &shell);
     for (const QString &line : lines) {
         if (line.size() < 10)
             continue;

@@ -2,7 +2,7 @@
 #include "fuzzcheck.h"
 #include "link/lineframer.h"
 #include "link/serialreader.h"
-#include "support/quiethost.h"
+#include "support/fakeshell.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -18,7 +18,7 @@ extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 // Bytes of a device that is asked for its panel's state; short lines are replies.
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
 {
-    static QuietHost host;
+    static FakeShell host;
     static SerialReader reader(nullptr, QStringLiteral("COM1"), &host);
     static DialogRemoteControl dialog(&reader);
     static const auto *pages = dialog.findChild<QStackedWidget *>();

@@ -1,9 +1,10 @@
 #include "link/linedispatcher.h"
 
-#include "link/fakeshell.h"
+#include "link/clockcommand.h"
 #include "settings/varnelsettings.h"
 #include "support/columns.h"
 #include "support/fakelink.h"
+#include "support/fakeshell.h"
 #include "support/limits.h"
 #include "support/shellfixture.h"
 
@@ -26,7 +27,7 @@ const auto lithiumIron = QStringLiteral("#06C07");
 
 } // namespace
 
-class RecordingDispatcherTest : public QObject {
+class LineDispatcherTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -48,19 +49,19 @@ private:
     ShellFixture fixture;
     std::unique_ptr<FakeShell> shell;
     std::unique_ptr<FakeLink> device;
-    std::unique_ptr<RecordingDispatcher> dispatcher;
+    std::unique_ptr<LineDispatcher> dispatcher;
 };
 
-void RecordingDispatcherTest::init()
+void LineDispatcherTest::init()
 {
     VarnelSettings().clear();
     dispatcher.reset();
     shell = std::make_unique<FakeShell>();
     device = std::make_unique<FakeLink>();
-    dispatcher = std::make_unique<RecordingDispatcher>(device.get(), shell.get());
+    dispatcher = std::make_unique<LineDispatcher>(device.get(), shell.get());
 }
 
-void RecordingDispatcherTest::tell(const QStringList &story)
+void LineDispatcherTest::tell(const QStringList &story)
 {
     for (const QString &step : story) {
         bool isSilence = false;
@@ -69,7 +70,7 @@ void RecordingDispatcherTest::tell(const QStringList &story)
             for (int i = 0; i < seconds; ++i)
                 dispatcher->tick();
         } else if (step == shutWindow) {
-            dispatcher->forgetChild();
+            dispatcher->forgetWindow();
         } else if (step == endShot) {
             dispatcher->endProcess();
         } else if (dispatcher->processLine(step)) {
@@ -79,7 +80,7 @@ void RecordingDispatcherTest::tell(const QStringList &story)
     QCoreApplication::processEvents();
 }
 
-void RecordingDispatcherTest::sortsLinesIntoRecordings_data()
+void LineDispatcherTest::sortsLinesIntoRecordings_data()
 {
     columns<QStringList, QVector<Recording>>({"story", "recordings"});
     const auto row = [](const char *name, const QStringList &story, const QVector<Recording> &recordings) {
@@ -132,7 +133,7 @@ void RecordingDispatcherTest::sortsLinesIntoRecordings_data()
         {{"6", "2", "end"}, {"3", "end"}, {"4"}});
 }
 
-void RecordingDispatcherTest::sortsLinesIntoRecordings()
+void LineDispatcherTest::sortsLinesIntoRecordings()
 {
     QFETCH(QStringList, story);
     QFETCH(QVector<Recording>, recordings);
@@ -141,7 +142,7 @@ void RecordingDispatcherTest::sortsLinesIntoRecordings()
     QCOMPARE(shell->logs, recordings);
 }
 
-void RecordingDispatcherTest::announcesStartsAndEnds_data()
+void LineDispatcherTest::announcesStartsAndEnds_data()
 {
     columns<QStringList, QStringList>({"story", "calls"});
     const auto ending = [](char letter) { return varnel3Line(6, QStringLiteral("#06C05"), letter); };
@@ -161,7 +162,7 @@ void RecordingDispatcherTest::announcesStartsAndEnds_data()
         << QStringList({"armed", "armed", "started", "ended 2", "ended 2"});
 }
 
-void RecordingDispatcherTest::announcesStartsAndEnds()
+void LineDispatcherTest::announcesStartsAndEnds()
 {
     QFETCH(QStringList, story);
     QFETCH(QStringList, calls);
@@ -170,7 +171,7 @@ void RecordingDispatcherTest::announcesStartsAndEnds()
     QVERIFY(dispatcher->isNewProcess() == story.contains(endShot));
 }
 
-void RecordingDispatcherTest::saysWhatEnded_data()
+void LineDispatcherTest::saysWhatEnded_data()
 {
     columns<QStringList, QStringList>({"story", "ends"});
     const QString failed = varnel3Line(6, QStringLiteral("#06C05"), 'S');
@@ -182,14 +183,14 @@ void RecordingDispatcherTest::saysWhatEnded_data()
         << QStringList({failed, varnel3Line(2), varnel3Line(3), endShot}) << QStringList("6 0");
 }
 
-void RecordingDispatcherTest::saysWhatEnded()
+void LineDispatcherTest::saysWhatEnded()
 {
     QFETCH(QStringList, story);
     tell(story);
     QTEST(shell->ends, "ends");
 }
 
-void RecordingDispatcherTest::keepsWhatTheClosedWindowMissed()
+void LineDispatcherTest::keepsWhatTheClosedWindowMissed()
 {
     tell({varnel3Line(5), shutWindow, resistanceLine(), "!1,2", varnel3Line(6), varnel3Line(7),
         varnel3Line(0), varnel3Line(1), shutWindow, varnel3Line(2)});
@@ -199,7 +200,7 @@ void RecordingDispatcherTest::keepsWhatTheClosedWindowMissed()
     QCOMPARE(shell->calls, QStringList({"unwatched COM7", "unwatched COM7"}));
 }
 
-void RecordingDispatcherTest::lineThatLacksMemoryIsLeftOut()
+void LineDispatcherTest::lineThatLacksMemoryIsLeftOut()
 {
     constexpr int megabyte = 1 << 20;
     QString endless = varnel3Line(6);
@@ -215,31 +216,32 @@ void RecordingDispatcherTest::lineThatLacksMemoryIsLeftOut()
 }
 
 // A balancer sends no time: where a charger with the same pack spoke before, the charger's stays.
-void RecordingDispatcherTest::carriesOverWhatADialectDoesNotSend()
+void LineDispatcherTest::carriesOverWhatADialectDoesNotSend()
 {
     tell({varnel3Line(5), tandorLine(), tandorLine()});
     QCOMPARE(shell->windowRecordings(), QVector<Recording>({{"5", "5", "5"}}));
 }
 
-void RecordingDispatcherTest::setsTheClockOncePerPort()
+void LineDispatcherTest::setsTheClockOncePerPort()
 {
     const QStringList twoProcesses = {varnel3Line(5), varnel3Line(6, "#06C05", 'E'), endShot, varnel3Line(0),
         varnel3Line(1, "#06C05", 'E'), endShot};
     tell(twoProcesses);
     QCOMPARE(device->commands, QStringList());
-    QVERIFY(shell->startSent.isEmpty());
+    QVERIFY(shell->claimedClocks.isEmpty());
 
-    const auto clock = QStringLiteral("#TIME!05:42:13:15:11:26\r\n");
     VarnelSettings().setSendTime(true);
     tell({varnel3Line(5), varnel3Line(6)});
-    QCOMPARE(device->commands, QStringList(clock));
+    QCOMPARE(device->commands.size(), 1);
     tell({varnel3Line(7, "#06C05", 'E'), endShot});
-    QCOMPARE(device->commands, QStringList({clock, clock}));
+    QCOMPARE(device->commands.size(), 2);
     tell(twoProcesses);
-    QCOMPARE(device->commands, QStringList({clock, clock}));
-    QCOMPARE(shell->startSent, (QMap<QString, bool>{{"COM7", true}}));
-    QCOMPARE(shell->endSent, (QMap<QString, bool>{{"COM7", true}}));
+    QCOMPARE(device->commands.size(), 2);
+    QVERIFY(device->commands.last().startsWith(QLatin1String("#TIME!")));
+    QCOMPARE(shell->claimedClocks, QStringList({"COM7 start", "COM7 end"}));
+    QCOMPARE(
+        clockCommand(QDateTime({2026, 11, 15}, {13, 42, 5})), QStringLiteral("#TIME!05:42:13:15:11:26\r\n"));
 }
 
-QTEST_GUILESS_MAIN(RecordingDispatcherTest)
+QTEST_GUILESS_MAIN(LineDispatcherTest)
 #include "tst_linedispatcher.moc"

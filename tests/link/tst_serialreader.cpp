@@ -1,8 +1,9 @@
 #include "link/serialreader.h"
 
-#include "link/fakeshell.h"
+#include "link/clockcommand.h"
 #include "settings/varnelsettings.h"
 #include "support/asnobody.h"
+#include "support/fakeshell.h"
 #include "support/ptypair.h"
 #include "support/shellfixture.h"
 #include "support/warningcollector.h"
@@ -174,7 +175,7 @@ void SerialReaderTest::repliesGoToTheRemoteControl()
 void SerialReaderTest::endOfProcess()
 {
     VarnelSettings().setSendTime(true);
-    shell->startSent.insert(port, true);
+    shell->claimClock(port, ReaderHost::ProcessStart);
     QElapsedTimer clock;
     clock.start();
     for (int time = 5; time < 8; ++time)
@@ -184,7 +185,7 @@ void SerialReaderTest::endOfProcess()
     QVERIFY2(clock.elapsed() >= 245, qPrintable(QString::number(clock.elapsed())));
     QCOMPARE(recordings(), QVector<Recording>({{"5", "6", "7", "end"}}));
     QVERIFY(reader->isNewProcess());
-    QCOMPARE(device->received(), QByteArray("#TIME!05:42:13:15:11:26\r\n"));
+    QCOMPARE(device->received().size(), clockCommand().size());
     VarnelSettings().setSendTime(false);
 }
 

@@ -10,7 +10,7 @@ public:
     void sendCommand(const QString &text) override { commands.append(text); }
     QString portName() const override { return QStringLiteral("COM7"); }
     bool isNewProcess() const override { return false; }
-    void detachGraphChild(RecordingSink *) override { ++detached; }
+    void detachGraphChild(RecordingWindow *) override { ++detached; }
 
     QStringList commands;
     int detached = 0;

@@ -3,7 +3,7 @@
 #include "devices/devicetargets.h"
 #include "link/serialreader.h"
 #include "support/ptypair.h"
-#include "support/quiethost.h"
+#include "support/fakeshell.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -52,7 +52,7 @@ public:
         return active != nullptr;
     }
 
-    QuietHost host;
+    FakeShell host;
     SerialReader *active = nullptr;
     QString port; ///< of the active window
 

@@ -1,4 +1,4 @@
-#include "link/fakeshell.h"
+#include "support/fakeshell.h"
 
 #include "link/recordinglog.h"
 
@@ -51,16 +51,25 @@ FakeShell::~FakeShell()
     qDeleteAll(windows);
 }
 
-RecordingSink *FakeShell::createRecording()
+RecordingWindow *FakeShell::createWindow()
 {
     windows.append(new FakeWindow);
     return windows.last();
 }
 
-std::unique_ptr<RecordingLog> FakeShell::createRecordingLog(const QString &)
+std::unique_ptr<RecordingLog> FakeShell::createLog(const QString &)
 {
     logs.append(Recording());
     return std::make_unique<FakeLog>(this);
+}
+
+bool FakeShell::claimClock(const QString &portName, ClockMoment moment)
+{
+    const QString claim = portName + QLatin1String(moment == ProcessStart ? " start" : " end");
+    if (claimedClocks.contains(claim))
+        return false;
+    claimedClocks.append(claim);
+    return true;
 }
 
 void FakeShell::showMessageStatusBar(const QString &message, int timeout)
@@ -78,7 +87,7 @@ void FakeShell::recordingUnwatched(const QString &portName)
     calls.append(QStringLiteral("unwatched ") + portName);
 }
 
-void FakeShell::noteEnd(const QString &portName, const Varnel3Data &last, RecordingSink *window)
+void FakeShell::noteEnd(const QString &portName, const Varnel3Data &last, RecordingWindow *window)
 {
     noted[portName]
         = QStringLiteral("%1 %2").arg(last.time).arg(windows.indexOf(static_cast<FakeWindow *>(window)));

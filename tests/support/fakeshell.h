@@ -4,6 +4,7 @@
 #include "link/readerhost.h"
 #include "link/recordingwindow.h"
 
+#include <QMap>
 #include <QObject>
 #include <QStringList>
 #include <QVector>
@@ -15,7 +16,7 @@ class DeviceLink;
 using Recording = QStringList;
 
 /// A graph window that notes what it is given. "end" is noted once, however often it is finished.
-class FakeWindow : public RecordingSink {
+class FakeWindow : public RecordingWindow {
 public:
     void attachReader(DeviceLink *reader) override { link = reader; }
     void setFileName(const QString &name) override { fileName = name; }
@@ -35,16 +36,14 @@ class FakeShell : public QObject, public ReaderHost {
 public:
     ~FakeShell() override;
 
-    RecordingSink *createRecording() override;
-    std::unique_ptr<RecordingLog> createRecordingLog(const QString &portName) override;
-    QString currentTimeText() const override { return QStringLiteral("05:42:13:15:11:26"); }
-    QMap<QString, bool> &startTimeSent() override { return startSent; }
-    QMap<QString, bool> &endTimeSent() override { return endSent; }
+    RecordingWindow *createWindow() override;
+    std::unique_ptr<RecordingLog> createLog(const QString &portName) override;
+    bool claimClock(const QString &portName, ClockMoment moment) override;
     void showMessageStatusBar(const QString &message, int timeout) override;
     void portFailed(const QString &portName, const QString &text) override;
     void portLost(const QString &portName) override { calls.append(QStringLiteral("lost ") + portName); }
     void recordingUnwatched(const QString &portName) override;
-    void noteEnd(const QString &portName, const Varnel3Data &last, RecordingSink *window) override;
+    void noteEnd(const QString &portName, const Varnel3Data &last, RecordingWindow *window) override;
     void announceEnd(const QString &portName) override { ends.append(noted.value(portName)); }
     QObject *processReceiver() override { return this; }
 
@@ -52,8 +51,7 @@ public:
 
     QVector<FakeWindow *> windows; // owned
     QVector<Recording> logs;
-    QMap<QString, bool> startSent;
-    QMap<QString, bool> endSent;
+    QStringList claimedClocks; ///< "COM7 start" or "COM7 end", each once
     QStringList calls; ///< of all but windows and logs, in their order
     QMap<QString, QString> noted; ///< by port: time of the end letter's line, number of the window or -1
     QStringList ends; ///< what was noted of those that were announced
