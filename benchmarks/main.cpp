@@ -1,4 +1,4 @@
-#include "files/datafilewriter.h"
+#include "files/recordlines.h"
 #include "files/wholefile.h"
 #include "samplerecording.h"
 #include "startprofile.h"

@@ -1,6 +1,6 @@
 #include "desk/recordings.h"
 
-#include "files/journalfile.h"
+#include "files/lockedfile.h"
 #include "journal/journalkeeper.h"
 #include "graph/mdigraphchild.h"
 #include "link/recordinglog.h"

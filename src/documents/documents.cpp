@@ -9,7 +9,7 @@
 #include "documents/recordingsmodel.h"
 #include "documents/savedialog.h"
 #include "widgets/warningbox.h"
-#include "files/datafilewriter.h"
+#include "files/recordlines.h"
 #include "journal/journalfolder.h"
 #include "files/varelstyleditemdelegate.h"
 #include "graph/mdigraphchild.h"

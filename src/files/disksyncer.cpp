@@ -1,7 +1,7 @@
 #include "files/disksyncer.h"
 
 #include "files/filesync.h"
-#include "files/journalfile.h"
+#include "files/lockedfile.h"
 
 #include <algorithm>
 #include <condition_variable>

@@ -1,8 +1,8 @@
 # How bytes get onto the disk is the system's own; the rest is common.
 if(WIN32)
-    set(files_system files/filesync_win.cpp files/journalfile_win.cpp)
+    set(files_system files/filesync_win.cpp files/lockedfile_win.cpp)
 else()
-    set(files_system files/filesync_unix.cpp files/journalfile_unix.cpp)
+    set(files_system files/filesync_unix.cpp files/lockedfile_unix.cpp)
 endif()
 target_sources(varnel_core PRIVATE
     files/filesync.h
@@ -15,9 +15,9 @@ target_sources(varnel_core PRIVATE
     files/chargercolumns.cpp files/chargercolumns.h
     files/balancercolumns.cpp files/balancercolumns.h
     files/datafileloader.cpp files/datafileloader.h
-    files/datafilewriter.cpp files/datafilewriter.h
+    files/recordlines.cpp files/recordlines.h
     files/recordlabel.cpp files/recordlabel.h
-    files/journalfile.h
+    files/lockedfile.h
     files/disksyncer.cpp files/disksyncer.h
     files/filepieces.h
     files/wholefile.cpp files/wholefile.h

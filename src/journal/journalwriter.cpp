@@ -2,7 +2,7 @@
 
 #include "files/disksyncer.h"
 #include "files/filesync.h"
-#include "files/journalfile.h"
+#include "files/lockedfile.h"
 #include "journal/journalfolder.h"
 #include "journal/journalnotices.h"
 

@@ -1,6 +1,6 @@
 #include "journal/journalfolder.h"
 
-#include "files/journalfile.h"
+#include "files/lockedfile.h"
 #include "support/columns.h"
 
 #include <QDir>

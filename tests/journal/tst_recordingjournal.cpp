@@ -1,5 +1,5 @@
 #include "files/disksyncer.h"
-#include "files/journalfile.h"
+#include "files/lockedfile.h"
 #include "journal/journalkeeper.h"
 
 #include "link/recordinglog.h"

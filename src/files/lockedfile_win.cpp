@@ -1,4 +1,4 @@
-#include "files/journalfile.h"
+#include "files/lockedfile.h"
 
 #include <QDir>
 #include <QFile>
