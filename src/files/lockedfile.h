@@ -2,7 +2,7 @@
 
 #include <QString>
 
-// A journal's file as the system sees it: locked against removal while a program writes it. The lock
+// A file that is locked against removal while a program writes it, as a journal's is. The lock
 // goes with the program, however it ends.
 
 struct CreatedFile {
@@ -12,7 +12,7 @@ struct CreatedFile {
 };
 
 /// Creates `fileName`, which must not exist, and locks it.
-CreatedFile createJournalFile(const QString &fileName);
+CreatedFile createLockedFile(const QString &fileName);
 /// Appends up to `length` bytes at once and returns how many were taken; -1 on failure.
 int appendBytes(int descriptor, const char *bytes, int length);
 /// Cuts the file to `size` bytes.

@@ -36,7 +36,7 @@ bool unlessWritten(const QString &fileName, Action action)
 
 // Between creation and lock another program may take the empty file for a left-over and remove it; then the
 // name is gone and the file is created anew.
-CreatedFile createJournalFile(const QString &fileName)
+CreatedFile createLockedFile(const QString &fileName)
 {
     const QByteArray name = QFile::encodeName(fileName);
     for (int attempt = 0; attempt < 3; ++attempt) {

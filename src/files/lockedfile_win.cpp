@@ -19,7 +19,7 @@ std::wstring nativeName(const QString &fileName)
 } // namespace
 
 // Opened without sharing writes, which is the lock: others may read, and neither write nor remove.
-CreatedFile createJournalFile(const QString &fileName)
+CreatedFile createLockedFile(const QString &fileName)
 {
     int descriptor = -1;
     const errno_t error = _wsopen_s(&descriptor, nativeName(fileName).c_str(),

@@ -96,7 +96,7 @@ bool JournalWriter::create()
     CreatedFile created;
     for (; m_attempt <= mostAttempts; ++m_attempt) {
         m_fileName = m_folder.fileName(m_started, m_portName, m_attempt);
-        created = createJournalFile(m_fileName);
+        created = createLockedFile(m_fileName);
         if (!created.exists)
             break;
     }

@@ -63,9 +63,9 @@ void TestJournalFolder::removesOnlyEmptyJournals()
     QVERIFY(writeFile(nameOf("C-two"), line + line));
     QVERIFY(writeFile(nameOf("D-long"), QByteArray(10000, 'x')));
     QVERIFY(writeFile(temporary.filePath(QStringLiteral("mine.acp")), line));
-    const CreatedFile live = createJournalFile(nameOf("E-live"));
+    const CreatedFile live = createLockedFile(nameOf("E-live"));
     QVERIFY(live.descriptor >= 0);
-    QVERIFY(createJournalFile(nameOf("E-live")).exists);
+    QVERIFY(createLockedFile(nameOf("E-live")).exists);
     QVERIFY(isBeingWritten(nameOf("E-live")));
 
     QCOMPARE(folder.removeEmpty(), 2);
@@ -88,7 +88,7 @@ void TestJournalFolder::ageLimitFillsTheBin()
     const auto nameOf = [&](const char *port) { return folder.fileName(time, QString::fromLatin1(port), 1); };
     QVERIFY(writeFile(nameOf("A-old"), line + line, 31));
     QVERIFY(writeFile(nameOf("B-young"), line + line, 29));
-    const CreatedFile live = createJournalFile(nameOf("C-live"));
+    const CreatedFile live = createLockedFile(nameOf("C-live"));
     QFile old(nameOf("C-live"));
     QVERIFY(old.open(QIODevice::ReadWrite));
     QVERIFY(old.setFileTime(time.addDays(-99), QFileDevice::FileModificationTime));
