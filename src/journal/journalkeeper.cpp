@@ -1,7 +1,7 @@
 #include "journal/journalkeeper.h"
 
-#include "journal/journalwriter.h"
-#include "journal/recordingjournal.h"
+#include "journal/journal.h"
+#include "journal/journallines.h"
 
 #include <QFile>
 #include <QTimer>

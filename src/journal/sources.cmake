@@ -3,7 +3,7 @@ target_sources(varnel_core PRIVATE
     journal/journalkeeper.cpp journal/journalkeeper.h
     journal/journalnotices.h
     journal/journalsink.h
-    journal/journalwriter.cpp journal/journalwriter.h
-    journal/recordingjournal.cpp journal/recordingjournal.h
+    journal/journal.cpp journal/journal.h
+    journal/journallines.cpp journal/journallines.h
     journal/recordinglength.cpp journal/recordinglength.h
 )

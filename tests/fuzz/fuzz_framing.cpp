@@ -1,7 +1,7 @@
 #include "protocol/recordline.h"
 #include "files/datafileloader.h"
 #include "journal/journalsink.h"
-#include "journal/recordingjournal.h"
+#include "journal/journallines.h"
 #include "fuzzcheck.h"
 #include "series/seriesstore.h"
 #include "link/lineframer.h"

@@ -1,4 +1,4 @@
-#include "journal/journalwriter.h"
+#include "journal/journal.h"
 
 #include "files/disksyncer.h"
 #include "files/filesync.h"

@@ -1,4 +1,4 @@
-#include "journal/recordingjournal.h"
+#include "journal/journallines.h"
 
 #include "journal/journalsink.h"
 #include "files/linetrimming.h"
