@@ -4,7 +4,6 @@
 #include "files/filesync.h"
 #include "files/lockedfile.h"
 #include "journal/journalfolder.h"
-#include "journal/journalnotices.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -23,16 +22,16 @@ constexpr int mostWaiting = 64 * 1024 * 1024; // bytes; the hours that a full di
 
 QString text(const char *english)
 {
-    return QCoreApplication::translate("JournalWriter", english);
+    return QCoreApplication::translate("Journal", english);
 }
 
 } // namespace
 
-JournalWriter::JournalWriter(
-    const JournalFolder &folder, DiskSyncer &syncer, JournalNotices &notices, const QString &portName)
+Journal::Journal(
+    const JournalFolder &folder, DiskSyncer &syncer, const QString &portName, const Listener &listener)
     : m_folder(folder)
     , m_syncer(syncer)
-    , m_notices(notices)
+    , m_listener(listener)
     , m_portName(portName)
     , m_started(QDateTime::currentDateTime())
 {
@@ -40,9 +39,9 @@ JournalWriter::JournalWriter(
     create();
 }
 
-JournalWriter::~JournalWriter()
+Journal::~Journal()
 {
-    if (m_done)
+    if (isClosed())
         return;
     qint64 before = 0;
     do {
@@ -52,7 +51,7 @@ JournalWriter::~JournalWriter()
     close();
 }
 
-void JournalWriter::append(const QByteArray &line)
+void Journal::append(const QByteArray &line)
 {
     if (m_waiting.size() < mostWaiting) {
         m_waiting += line;
@@ -60,28 +59,26 @@ void JournalWriter::append(const QByteArray &line)
     } else {
         m_complete = false;
     }
-    if (!m_stalled)
+    if (!isStalled())
         drain();
 }
 
-void JournalWriter::retry()
+void Journal::retry()
 {
-    if (!m_stalled && !isGone())
-        return;
-    drain();
-    if (m_finished && isAllWritten())
-        close();
+    if (isStalled() || isGone())
+        drain();
 }
 
-void JournalWriter::finish()
+void Journal::finish()
 {
-    m_finished = true;
     drain();
     if (isAllWritten())
         close();
+    else
+        m_state = State::Ending;
 }
 
-void JournalWriter::discard()
+void Journal::discard()
 {
     m_waiting.clear();
     const bool created = m_descriptor >= 0 && isStillNamed(m_descriptor, m_fileName);
@@ -90,7 +87,7 @@ void JournalWriter::discard()
         QFile::remove(m_fileName);
 }
 
-bool JournalWriter::create()
+bool Journal::create()
 {
     QDir().mkpath(m_folder.path());
     CreatedFile created;
@@ -112,7 +109,7 @@ bool JournalWriter::create()
     return true;
 }
 
-void JournalWriter::drain()
+void Journal::drain()
 {
     if (isGone())
         abandonFile();
@@ -123,16 +120,16 @@ void JournalWriter::drain()
         return;
     if (!m_waiting.isEmpty())
         m_waiting.remove(0, write(m_waiting));
-    tellOutcome();
+    takeOutcome();
 }
 
-bool JournalWriter::isGone() const
+bool Journal::isGone() const
 {
     return m_descriptor >= 0 && m_syncer.isGone(m_descriptor);
 }
 
 // The first file holds everything; one that was lost before it was complete has nothing that is needed.
-void JournalWriter::abandonFile()
+void Journal::abandonFile()
 {
     if (m_lost < 0) {
         m_lost = m_descriptor;
@@ -145,12 +142,12 @@ void JournalWriter::abandonFile()
     m_attempt = 1;
     const QString name = m_fileName;
     create();
-    m_notices.journalReplaced(name, m_fileName);
+    m_listener.replaced(name, m_fileName);
     stall(text("the file was removed or replaced")); // until all is in the new one
 }
 
 // A slice at a time, so that a long file holds nobody up. False while there is more.
-bool JournalWriter::restore()
+bool Journal::restore()
 {
     QByteArray piece(pieceLength, Qt::Uninitialized);
     for (int left = mostPieces; left > 0 && m_size < m_lostSize; --left) {
@@ -174,7 +171,7 @@ bool JournalWriter::restore()
 
 // Appends and returns how many bytes were taken. A line that was taken in part is cut off again: a number
 // without its end would read as another number.
-int JournalWriter::write(const QByteArray &lines)
+int Journal::write(const QByteArray &lines)
 {
     const int written = appendBytes(m_descriptor, lines.constData(), lines.size());
     if (written < 0)
@@ -188,37 +185,42 @@ int JournalWriter::write(const QByteArray &lines)
     return taken;
 }
 
-void JournalWriter::tellOutcome()
+// Of a try that met no lack of a file: m_descriptor is there, and nothing is lost any more.
+void Journal::takeOutcome()
 {
     if (!m_waiting.isEmpty()) {
         stall(m_failure.isEmpty() ? text("the disk is full") : m_failure);
-    } else if (m_syncer.isFailing(m_descriptor)) {
-        m_complete = false; // the system may have dropped what it could not bring to the disk
+        return;
+    }
+    const bool failing = m_syncer.isFailing(m_descriptor);
+    m_complete &= !failing; // the system may have dropped what it could not bring to the disk
+    if (m_state == State::Ending) {
+        close();
+    } else if (failing) {
         stall(text("the disk reports an error"));
-    } else if (m_stalled) {
-        m_stalled = false;
-        m_notices.journalResumed(m_fileName, m_complete);
+    } else if (m_state == State::Stalled) {
+        m_state = State::Writing;
+        m_listener.stalled(*this, QString());
     }
 }
 
-void JournalWriter::stall(const QString &reason)
+void Journal::stall(const QString &reason)
 {
-    if (m_stalled)
+    if (isStalled())
         return;
-    m_stalled = true;
-    m_notices.journalStalled(m_fileName, reason);
+    m_state = State::Stalled;
+    m_listener.stalled(*this, reason);
 }
 
-void JournalWriter::close()
+void Journal::close()
 {
-    m_done = true;
-    const bool complete = m_complete && isAllWritten();
+    const bool wasStalled = isStalled();
+    m_state = State::Closed;
+    m_complete &= isAllWritten();
     for (int *descriptor : {&m_descriptor, &m_lost}) {
         if (*descriptor >= 0)
             m_syncer.finish(std::exchange(*descriptor, -1));
     }
-    if (!m_stalled)
-        return;
-    m_stalled = false;
-    m_notices.journalResumed(m_fileName, complete);
+    if (wasStalled)
+        m_listener.stalled(*this, QString());
 }

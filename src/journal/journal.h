@@ -1,42 +1,63 @@
 #pragma once
 
-#include "journal/journalsink.h"
-
 #include <QByteArray>
 #include <QDateTime>
 #include <QString>
 
+#include <functional>
+
 class DiskSyncer;
 class JournalFolder;
-class JournalNotices;
 
 /// The file of one live recording: each line is handed to the system as it comes. What the disk does not take
 /// waits in memory, in order, until retry() gets it written, be it after the recording's end. A file that is
 /// removed or replaced meanwhile lives on for who has it open: it is copied to a new one.
-class JournalWriter : public JournalSink {
+class Journal {
 public:
-    /// Creates the file. Folder, syncer and notices are not owned and outlive this.
-    JournalWriter(
-        const JournalFolder &folder, DiskSyncer &syncer, JournalNotices &notices, const QString &portName);
+    /// Who hears of the file; called from inside the functions below, the constructor and the destructor.
+    struct Listener {
+        /// isStalled() has changed. `reason`: why the disk does not take what arrives; empty when all that was
+        /// kept back is written, or given up because the program ends.
+        std::function<void(const Journal &journal, const QString &reason)> stalled;
+        /// The file was removed or replaced while it was written; all of it is written anew to `newName`,
+        /// which may be the same.
+        std::function<void(const QString &fileName, const QString &newName)> replaced;
+    };
+
+    /// Creates the file. Folder and syncer are not owned and outlive this.
+    Journal(
+        const JournalFolder &folder, DiskSyncer &syncer, const QString &portName, const Listener &listener);
     /// Tries what waits a last time and closes the file.
-    ~JournalWriter() override;
-    JournalWriter(const JournalWriter &) = delete;
-    JournalWriter &operator=(const JournalWriter &) = delete;
+    ~Journal();
+    Journal(const Journal &) = delete;
+    Journal &operator=(const Journal &) = delete;
 
     /// The file with its folder; the one that is tried for while it can't be created.
     QString fileName() const { return m_fileName; }
 
-    void append(const QByteArray &line) override;
+    /// Takes a line without its end.
+    void append(const QByteArray &line);
     /// Tries what the disk has refused again, and looks after the file; to be called once a second.
     void retry();
     /// No more lines come: the file is closed once all of them are written.
-    void finish() override;
+    void finish();
     /// No more lines come, and what came is not worth a file: it is removed.
-    void discard() override;
-    /// The file is closed.
-    bool isDone() const { return m_done; }
+    void discard();
+
+    /// Lines wait for the disk.
+    bool isStalled() const { return m_state == State::Stalled || m_state == State::Ending; }
+    /// No line was given up, and no sync has failed.
+    bool isComplete() const { return m_complete; }
+    bool isClosed() const { return m_state == State::Closed; }
 
 private:
+    enum class State {
+        Writing, // what comes goes to the system at once
+        Stalled, // what comes waits behind what the disk did not take
+        Ending, // the same, and no more comes
+        Closed
+    };
+
     bool create();
     void drain();
     bool isGone() const;
@@ -44,16 +65,17 @@ private:
     bool restore();
     int write(const QByteArray &lines);
     bool isAllWritten() const { return m_lost < 0 && m_waiting.isEmpty(); }
-    void tellOutcome();
+    void takeOutcome();
     void stall(const QString &reason);
     void close();
 
     const JournalFolder &m_folder;
     DiskSyncer &m_syncer;
-    JournalNotices &m_notices;
+    Listener m_listener;
     QString m_portName;
     QDateTime m_started;
     QString m_fileName;
+    State m_state = State::Writing;
     int m_attempt = 1; // at a free name
     int m_descriptor = -1;
     qint64 m_size = 0; // of the file, whole lines only
@@ -61,8 +83,5 @@ private:
     qint64 m_lostSize = 0;
     QString m_failure; // of the last write
     QByteArray m_waiting; // whole lines that the disk has not taken
-    bool m_stalled = false;
-    bool m_complete = true; // no line was given up and no sync has failed
-    bool m_finished = false;
-    bool m_done = false;
+    bool m_complete = true;
 };

@@ -15,7 +15,6 @@
 
 namespace {
 
-constexpr int leastRecords = 2;
 constexpr int largestEmpty = 4096; // bytes; what is larger holds records
 
 // Anything but letters, digits and dashes would be at odds with some file system.

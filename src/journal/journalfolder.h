@@ -7,6 +7,9 @@
 /// touched, nor are those that a running program writes.
 class JournalFolder {
 public:
+    /// What a journal holds at least, to be kept.
+    static constexpr int leastRecords = 2;
+
     /// `path` is made when the first journal is.
     explicit JournalFolder(const QString &path);
 
@@ -22,13 +25,13 @@ public:
     QStringList files() const;
     /// Bytes that the journals take.
     qint64 totalSize() const;
-    /// Removes journals with fewer than two records. Returns how many.
+    /// Removes journals with fewer than `leastRecords`. Returns how many.
     int removeEmpty() const;
     /// Moves to the waste bin what was last written more than `days` before both `now` and the newest
     /// journal, so that a clock that is wrong takes nothing away; nothing when `days` is below 1. Returns how
     /// many.
     int discardOlderThan(int days, const QDateTime &now = QDateTime::currentDateTime()) const;
-    /// Whether `fileName` holds at least two records.
+    /// Whether `fileName` holds at least `leastRecords`.
     static bool isWorthKeeping(const QString &fileName);
 
 private:

@@ -1,16 +1,43 @@
 #include "journal/journalkeeper.h"
 
-#include "journal/journal.h"
 #include "journal/journallines.h"
+#include "link/recordinglog.h"
 
 #include <QFile>
 #include <QTimer>
 
-#include <algorithm>
-
 namespace {
 
 constexpr int roundPeriod = 1000; // ms
+
+/// What a reader holds of the journal of its recording, and lets go at its end.
+class LiveLog : public RecordingLog {
+public:
+    /// `journal` outlives this.
+    explicit LiveLog(Journal &journal)
+        : m_journal(journal)
+    {
+    }
+    ~LiveLog() override
+    {
+        if (m_lines.areWorthKeeping())
+            m_journal.finish();
+        else
+            m_journal.discard();
+    }
+    LiveLog(const LiveLog &) = delete;
+    LiveLog &operator=(const LiveLog &) = delete;
+
+    void addRecord(const QString &line, const Varnel3Data &record) override
+    {
+        m_journal.append(m_lines.ofRecord(line, record));
+    }
+    void addResistanceLine(const QString &line) override { m_journal.append(m_lines.ofResistances(line)); }
+
+private:
+    Journal &m_journal;
+    JournalLines m_lines;
+};
 
 } // namespace
 
@@ -25,19 +52,19 @@ JournalKeeper::JournalKeeper(const QString &path, QObject *parent)
 
 JournalKeeper::~JournalKeeper()
 {
-    m_writers.clear(); // what they have to tell is told to a whole object
+    m_journals.clear(); // what they have to tell is told to a whole object
 }
 
 std::unique_ptr<RecordingLog> JournalKeeper::create(const QString &portName)
 {
     QMetaObject::invokeMethod(this, "lookAtSize", Qt::QueuedConnection); // a line waits for its journal
-    forgetDone();
-    JournalNotices &notices = *this;
-    m_writers.push_back(std::make_unique<JournalWriter>(m_folder, m_syncer, notices, portName));
-    JournalWriter &writer = *m_writers.back();
-    m_files.insert(portName, writer.fileName());
+    const Journal::Listener listener
+        = {[this](const Journal &journal, const QString &reason) { takeStall(journal, reason); },
+            [this](const QString &fileName, const QString &newName) { takeReplacement(fileName, newName); }};
+    Journal &journal = m_journals.emplace_back(m_folder, m_syncer, portName, listener);
+    m_files.insert(portName, journal.fileName());
     m_round->start();
-    return std::make_unique<RecordingJournal>(writer);
+    return std::make_unique<LiveLog>(journal);
 }
 
 bool JournalKeeper::holdsAll(const QString &fileName) const
@@ -62,32 +89,29 @@ void JournalKeeper::lookAtSize()
     emit folderLarge(m_folder.path(), size);
 }
 
+// A receiver of what retry() makes this tell may call create(): a list stays whole when it grows.
 void JournalKeeper::lookAfterFiles()
 {
-    // Who is told may start a recording, which moves the writers.
-    for (size_t i = 0; i < m_writers.size(); ++i) // NOLINT(modernize-loop-convert)
-        m_writers[i]->retry();
-    forgetDone();
-}
-
-void JournalKeeper::forgetDone()
-{
-    const auto done = std::remove_if(m_writers.begin(), m_writers.end(),
-        [](const std::unique_ptr<JournalWriter> &writer) { return writer->isDone(); });
-    m_writers.erase(done, m_writers.end());
-    if (m_writers.empty())
+    for (Journal &journal : m_journals)
+        journal.retry();
+    m_journals.remove_if([](const Journal &journal) { return journal.isClosed(); });
+    if (m_journals.empty())
         m_round->stop();
 }
 
-void JournalKeeper::journalStalled(const QString &fileName, const QString &reason)
+void JournalKeeper::takeStall(const Journal &journal, const QString &reason)
 {
-    m_incomplete.insert(fileName);
-    if (++m_stalled > 1)
-        return;
-    emit stalled(reason);
+    if (!journal.isComplete() || journal.isStalled())
+        m_incomplete.insert(journal.fileName());
+    else
+        m_incomplete.remove(journal.fileName());
+    if (journal.isStalled() && m_stalled++ == 0)
+        emit stalled(reason);
+    else if (!journal.isStalled() && --m_stalled == 0)
+        emit resumed();
 }
 
-void JournalKeeper::journalReplaced(const QString &fileName, const QString &newName)
+void JournalKeeper::takeReplacement(const QString &fileName, const QString &newName)
 {
     if (m_incomplete.remove(fileName))
         m_incomplete.insert(newName);
@@ -96,13 +120,4 @@ void JournalKeeper::journalReplaced(const QString &fileName, const QString &newN
             name = newName;
     }
     emit replaced(fileName, newName);
-}
-
-void JournalKeeper::journalResumed(const QString &fileName, bool complete)
-{
-    if (complete)
-        m_incomplete.remove(fileName);
-    if (--m_stalled > 0)
-        return;
-    emit resumed();
 }

@@ -1,24 +1,23 @@
 #pragma once
 
 #include "files/disksyncer.h"
+#include "journal/journal.h"
 #include "journal/journalfolder.h"
-#include "journal/journalnotices.h"
 
 #include <QMap>
 #include <QObject>
 #include <QSet>
 
+#include <list>
 #include <memory>
-#include <vector>
 
-class JournalWriter;
 class QTimer;
 class RecordingLog;
 
 /// Keeps a journal of every live recording: makes their files, tidies the folder, tells at once what several
 /// of them have to tell, looks after the files once a second and tries what a full disk has refused, be the
 /// recording over or not. Outlives the logs that it gives out.
-class JournalKeeper : public QObject, private JournalNotices {
+class JournalKeeper : public QObject {
     Q_OBJECT
 
 public:
@@ -57,16 +56,13 @@ private slots:
     void lookAtSize();
 
 private:
-    void journalStalled(const QString &fileName, const QString &reason) override;
-    void journalReplaced(const QString &fileName, const QString &newName) override;
-    void journalResumed(const QString &fileName, bool complete) override;
-    void forgetDone();
+    void takeStall(const Journal &journal, const QString &reason);
+    void takeReplacement(const QString &fileName, const QString &newName);
 
     JournalFolder m_folder;
     DiskSyncer m_syncer;
     QMap<QString, QString> m_files; // by port
-    std::vector<std::unique_ptr<JournalWriter>>
-        m_writers; // of recordings, and of ended ones while lines wait
+    std::list<Journal> m_journals; // of recordings, and of ended ones while lines wait
     QTimer *m_round; // child; runs while a journal is open
     QSet<QString> m_incomplete; // journals that lack lines, for now or for good
     int m_stalled = 0; // journals that wait for the disk

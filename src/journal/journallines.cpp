@@ -1,7 +1,7 @@
 #include "journal/journallines.h"
 
-#include "journal/journalsink.h"
 #include "files/linetrimming.h"
+#include "journal/journalfolder.h"
 
 #include "protocol/recordline.h"
 #include "data/saturated.h"
@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr int leastRecords = 2;
 constexpr int longestLine = 4096; // beyond it no device's
 constexpr int balancerStep = 5; // s
 
@@ -45,39 +44,35 @@ bool standsAlone(const QByteArray &line, const Varnel3Data &record)
 
 } // namespace
 
-RecordingJournal::RecordingJournal(JournalSink &sink)
-    : m_sink(sink)
+JournalLines::JournalLines()
 {
     m_line.reserve(longestLine);
 }
 
-RecordingJournal::~RecordingJournal()
+const QByteArray &JournalLines::ofRecord(const QString &line, const Varnel3Data &record)
 {
-    if (m_records < leastRecords)
-        m_sink.discard();
-    else
-        m_sink.finish();
-}
-
-void RecordingJournal::addRecord(const QString &line, const Varnel3Data &record)
-{
-    takeLine(line);
+    take(line);
     const bool alone = record.device != Varnel3Data::Tandor && standsAlone(m_line, record);
     m_newestReads = alone || isRecordLineReadable(record);
     if (!alone)
-        takeOwnLine(record);
-    m_sink.append(m_line);
+        takeOwn(record);
     ++m_records;
+    return m_line;
 }
 
 // Readers give it to the newest record that they could read; where that is another one they skip it.
-void RecordingJournal::addResistanceLine(const QString &line)
+const QByteArray &JournalLines::ofResistances(const QString &line)
 {
-    takeLine(line);
-    m_sink.append((m_newestReads ? "" : "~") + m_line.trimmed());
+    take(m_newestReads ? line.trimmed() : QLatin1Char('~') + line.trimmed());
+    return m_line;
 }
 
-void RecordingJournal::takeLine(const QString &line)
+bool JournalLines::areWorthKeeping() const
+{
+    return m_records >= JournalFolder::leastRecords;
+}
+
+void JournalLines::take(const QString &line)
 {
     m_line.resize(0);
     for (const QChar c : line)
@@ -85,7 +80,7 @@ void RecordingJournal::takeLine(const QString &line)
 }
 
 // A balancer's line has no time; the graph counts 5 s a record, and so does the file.
-void RecordingJournal::takeOwnLine(const Varnel3Data &record)
+void JournalLines::takeOwn(const Varnel3Data &record)
 {
     Varnel3Data written = record;
     if (record.device == Varnel3Data::Tandor)

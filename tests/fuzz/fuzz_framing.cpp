@@ -1,6 +1,5 @@
 #include "protocol/recordline.h"
 #include "files/datafileloader.h"
-#include "journal/journalsink.h"
 #include "journal/journallines.h"
 #include "fuzzcheck.h"
 #include "series/seriesstore.h"
@@ -39,25 +38,22 @@ public:
 };
 
 /// A journal in memory and what it ought to say, which are compared when the recording ends.
-class Journal : public RecordingLog, private JournalSink {
+class CheckedLog : public RecordingLog {
 public:
-    Journal()
-        : m_journal(std::make_unique<RecordingJournal>(static_cast<JournalSink &>(*this)))
+    CheckedLog() = default;
+    ~CheckedLog() override
     {
-    }
-    ~Journal() override
-    {
-        m_journal.reset();
-        check(m_kept == (m_records.size() >= 2), "a file of two records or more, and no other");
-        if (m_kept)
+        check(m_lines.areWorthKeeping() == (m_records.size() >= 2),
+            "a file of two records or more, and no other");
+        if (m_lines.areWorthKeeping())
             compare(read());
     }
-    Journal(const Journal &) = delete;
-    Journal &operator=(const Journal &) = delete;
+    CheckedLog(const CheckedLog &) = delete;
+    CheckedLog &operator=(const CheckedLog &) = delete;
 
     void addRecord(const QString &line, const Varnel3Data &record) override
     {
-        m_journal->addRecord(line, record);
+        append(m_lines.ofRecord(line, record));
         Varnel3Data fresh;
         m_standsAlone.push_back(
             line.size() < 4000 && fresh.parseLine(line) && fieldsOf(fresh) == fieldsOf(record));
@@ -67,18 +63,16 @@ public:
     }
     void addResistanceLine(const QString &line) override
     {
-        m_journal->addResistanceLine(line);
+        append(m_lines.ofResistances(line));
         check(m_records.last().parseResistanceLine(line), "only '!' lines");
     }
 
 private:
-    void append(const QByteArray &line) override
+    void append(const QByteArray &line)
     {
         check(!line.contains('\n'), "a line of a journal is one");
         m_text += line + '\n';
     }
-    void finish() override { m_kept = true; }
-    void discard() override { check(!m_kept, "not after its end"); }
 
     RecordList read() const
     {
@@ -120,8 +114,7 @@ private:
     RecordList m_records;
     std::vector<bool> m_standsAlone; // a record is what its line says by itself
     QByteArray m_text;
-    bool m_kept = false;
-    std::unique_ptr<RecordingJournal> m_journal;
+    JournalLines m_lines;
 };
 
 class Port : public FakeLink {
@@ -143,7 +136,7 @@ public:
     }
     std::unique_ptr<RecordingLog> createLog(const QString &) override
     {
-        return std::make_unique<Journal>();
+        return std::make_unique<CheckedLog>();
     }
 
     std::vector<std::unique_ptr<Recorder>> recorders;
