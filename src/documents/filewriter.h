@@ -44,9 +44,6 @@ private slots:
 private:
     struct Job;
 
-    bool writeSlice(Job &job);
-    void bringToDisk(Job &job);
-    void commit(Job &job);
     void tell(const WriteOutcome &outcome);
     void stopWhenIdle();
 

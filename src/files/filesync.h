@@ -18,9 +18,6 @@ constexpr int lineEndLength = int(sizeof lineEnd) - 1;
 /// (pipes, devices); false when the disk did not take it.
 bool syncToDisk(int descriptor);
 
-/// Makes a rename in `folder` last; failures are not told, the rename itself has happened.
-void syncFolder(const QString &folder);
-
 /// Opens `folder` so that syncToDisk() makes a new name in it last. -1 where that is not needed or fails.
 int openFolder(const QString &folder);
 

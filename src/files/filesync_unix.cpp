@@ -21,15 +21,6 @@ int openFolder(const QString &folder)
     return ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
 }
 
-void syncFolder(const QString &folder)
-{
-    const int descriptor = openFolder(folder);
-    if (descriptor < 0)
-        return;
-    ::fsync(descriptor);
-    ::close(descriptor);
-}
-
 int duplicateDescriptor(int descriptor)
 {
     return ::fcntl(descriptor, F_DUPFD_CLOEXEC, 0);

@@ -12,14 +12,10 @@ bool syncToDisk(int descriptor)
     return _commit(descriptor) == 0 || errno == EBADF || errno == EINVAL;
 }
 
+// Renames are journalled by the file system here.
 int openFolder(const QString &)
 {
     return -1;
-}
-
-void syncFolder(const QString &)
-{
-    // Renames are journalled by the file system here.
 }
 
 int duplicateDescriptor(int descriptor)

@@ -1,12 +1,17 @@
 #include "files/wholefile.h"
 
+#include "files/disksyncer.h"
 #include "files/filepieces.h"
 #include "files/filesync.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+
+#include <chrono>
+#include <limits>
 
 namespace {
 
@@ -23,69 +28,113 @@ QString finalTarget(const QString &fileName)
     return target.filePath();
 }
 
+QString text(const char *english)
+{
+    return QCoreApplication::translate("WriteOutcome", english);
+}
+
 } // namespace
 
-WholeFile::WholeFile(const QString &fileName, Kind allowed)
+WholeFile::WholeFile(const QString &fileName, Kind allowed, FilePieces &pieces, DiskSyncer &syncer)
     : m_target(finalTarget(fileName))
     , m_allowed(allowed)
+    , m_pieces(pieces)
+    , m_syncer(syncer)
 {
 }
 
 WholeFile::~WholeFile() = default;
 
-bool WholeFile::open()
+bool WholeFile::writeSome(int maxMilliseconds)
+{
+    if (m_outcome)
+        return false;
+    if (!m_device)
+        open();
+    else if (!m_pieces.atEnd())
+        writePieces(maxMilliseconds);
+    else if (!m_synced.valid())
+        bringToDisk();
+    else if (!isWaiting())
+        commit();
+    return !m_outcome;
+}
+
+bool WholeFile::isWaiting() const
+{
+    return !m_outcome && m_synced.valid()
+        && m_synced.wait_for(std::chrono::seconds(0)) != std::future_status::ready;
+}
+
+WriteOutcome WholeFile::writeAll()
+{
+    while (writeSome(std::numeric_limits<int>::max())) {
+        if (m_synced.valid())
+            m_synced.wait();
+    }
+    return outcome();
+}
+
+void WholeFile::open()
 {
     const QFileInfo info(m_target);
-    if (info.isSymLink()) {
-        m_reason = QCoreApplication::translate("WriteOutcome", "too many links");
-        return false;
-    }
-    if (!info.exists() || info.isFile()) {
-        auto replacement = std::make_unique<QSaveFile>(m_target);
-        m_replacement = replacement.get();
-        m_device = std::move(replacement);
-        return m_device->open(openMode);
-    }
-    if (m_allowed == Kind::Regular) {
-        m_reason = QCoreApplication::translate("WriteOutcome", "not a regular file");
-        return false;
-    }
-    auto special = std::make_unique<QFile>();
+    if (info.isSymLink())
+        return fail(text("too many links"));
+    if (info.exists() && !info.isFile())
+        return openSpecial();
+    auto replacement = std::make_unique<QSaveFile>(m_target);
+    m_replacement = replacement.get();
+    m_device = std::move(replacement);
+    if (!m_device->open(openMode))
+        fail(m_device->errorString());
+}
+
+void WholeFile::openSpecial()
+{
+    if (m_allowed == Kind::Regular)
+        return fail(text("not a regular file"));
     const int descriptor = openSpecialFile(m_target);
-    if (descriptor < 0) {
-        m_reason = qt_error_string();
-        return false;
-    }
-    const bool opened = special->open(descriptor, openMode, QFile::AutoCloseHandle);
+    if (descriptor < 0)
+        return fail(qt_error_string());
+    auto special = std::make_unique<QFile>();
+    if (!special->open(descriptor, openMode, QFile::AutoCloseHandle))
+        fail(special->errorString());
     m_device = std::move(special);
-    return opened;
 }
 
-bool WholeFile::commit()
+void WholeFile::writePieces(int maxMilliseconds)
 {
-    return m_replacement ? m_replacement->commit() : m_device->flush();
+    QElapsedTimer timer;
+    timer.start();
+    while (!m_pieces.atEnd() && !timer.hasExpired(maxMilliseconds)) {
+        if (!m_pieces.writeNext(*m_device))
+            return fail(m_device->errorString());
+    }
 }
 
-QString WholeFile::reason() const
+// The helper thread gets a descriptor of its own: it may be waiting for the disk when this is given up.
+void WholeFile::bringToDisk()
 {
-    return m_reason.isEmpty() && m_device ? m_device->errorString() : m_reason;
+    const int own = m_device->flush() ? duplicateDescriptor(m_device->handle()) : -1;
+    if (own < 0)
+        return fail(qt_error_string());
+    m_synced = m_syncer.finishNow(own);
 }
 
-QString WholeFile::folder() const
+void WholeFile::commit()
 {
-    return m_replacement ? QFileInfo(m_target).path() : QString();
+    if (!m_synced.get())
+        return fail(text("The disk did not take all of it."));
+    if (!(m_replacement ? m_replacement->commit() : m_device->flush()))
+        return fail(m_device->errorString());
+    const int folder = m_replacement ? openFolder(QFileInfo(m_target).path()) : -1;
+    if (folder >= 0)
+        m_syncer.finish(folder); // which holds the new name
+    m_outcome = WriteOutcome::success();
 }
 
 WriteOutcome writeWholeFile(const QString &fileName, FilePieces &pieces)
 {
-    WholeFile file(fileName, WholeFile::Kind::Any);
-    if (!file.open() || !pieces.writeAll(file.device()))
-        return {false, false, file.reason()};
-    if (!file.device().flush() || !syncToDisk(file.device().handle()))
-        return {false, false, qt_error_string()};
-    if (!file.commit())
-        return {false, false, file.reason()};
-    if (!file.folder().isEmpty())
-        syncFolder(file.folder());
-    return {true, false, QString()};
+    DiskSyncer syncer;
+    return WholeFile(fileName, WholeFile::Kind::Any, pieces, syncer).writeAll();
 }
