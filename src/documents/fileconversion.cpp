@@ -2,6 +2,7 @@
 
 #include "documents/csvexport.h"
 #include "documents/graphfile.h"
+#include "documents/loadoutcome.h"
 #include "files/datafileloader.h"
 #include "files/filepieces.h"
 #include "files/wholefile.h"
@@ -25,7 +26,7 @@ QString load(const QString &fileName, SeriesStore &store)
     if (!loader.readAll())
         return failure(fileName, loader.reason());
     if (loader.recordCount() == 0)
-        return failure(fileName, loader.statusText());
+        return failure(fileName, loadOutcome(loader).text);
     try {
         store.load(loader.takeRecords());
         return QString();

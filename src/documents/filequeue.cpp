@@ -1,5 +1,6 @@
 #include "documents/filequeue.h"
 
+#include "documents/loadoutcome.h"
 #include "documents/progressstrip.h"
 #include "files/datafileloader.h"
 #include "series/seriesstore.h"
@@ -111,7 +112,8 @@ void FileQueue::takeResult()
     if (!store)
         m_failures.append(QDir::toNativeSeparators(name) + QStringLiteral(": ") + loader->reason());
     // Told first: a window that takes the records may have more to say.
-    emit message(loader->statusText(), loader->statusTimeout());
+    const LoadOutcome outcome = loadOutcome(*loader);
+    emit message(outcome.text, outcome.timeout);
     if (store)
         emit loaded(name, store.get());
 }

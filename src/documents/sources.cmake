@@ -1,5 +1,6 @@
 target_sources(varnel_core PRIVATE
     documents/csvexport.cpp documents/csvexport.h
+    documents/loadoutcome.cpp documents/loadoutcome.h
 )
 target_sources(varnel_gui PRIVATE
     documents/datafilesmodel.cpp documents/datafilesmodel.h

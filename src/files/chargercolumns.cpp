@@ -1,7 +1,6 @@
 #include "files/chargercolumns.h"
 
-#include <QString>
-
+#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -13,38 +12,15 @@ struct Column {
 };
 constexpr Column columns[] = {{0, 5}, {1000, 5}, {1000, 5}, {10, 3}, {0, 5}};
 
-// Whole digits with a point among them. The result is the nearest double, as both parts are exact.
-bool plainToDouble(const FieldText<uchar> &field, double *value)
-{
-    static constexpr double powers[] = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
-    constexpr int safeLength = 10; // 9 digits and the point
-    int decimals = -1;
-    int digits = 0;
-    if (field.size > safeLength)
-        return false;
-    for (int i = 0; i < field.size; ++i) {
-        if (field.data[i] == '.' && decimals < 0) {
-            decimals = field.size - i - 1;
-            continue;
-        }
-        const unsigned digit = unsigned(field.data[i]) - '0';
-        if (digit > 9 || i - (decimals >= 0) > 8)
-            return false;
-        digits = digits * 10 + int(digit);
-    }
-    if (field.size == 0 || decimals == 0 || decimals == field.size - 1)
-        return false;
-    *value = digits / powers[decimals < 0 ? 0 : decimals];
-    return true;
-}
-
+// Whatever the locale; a '+' may stand in front.
 bool toDouble(const FieldText<uchar> &field, double *value)
 {
-    if (plainToDouble(field, value))
-        return true;
-    bool ok = false;
-    *value = QString::fromLatin1(reinterpret_cast<const char *>(field.data), field.size).toDouble(&ok);
-    return ok && std::isfinite(*value);
+    const char *begin = reinterpret_cast<const char *>(field.data);
+    const char *const end = begin + field.size;
+    if (field.size > 1 && *begin == '+' && begin[1] != '-')
+        ++begin;
+    const std::from_chars_result result = std::from_chars(begin, end, *value);
+    return result.ec == std::errc() && result.ptr == end && std::isfinite(*value);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "files/backgroundfile.h"
 #include "files/balancercolumns.h"
 #include "files/chargercolumns.h"
+#include "files/filekind.h"
 #include "files/linetrimming.h"
 
 #include "data/saturated.h"
@@ -44,11 +45,6 @@ void DataFileLoader::start(int chunk)
 {
     m_lines = std::make_unique<LineSource>(*m_device, chunk);
     m_balance.reset(0);
-    if (m_fileName.endsWith(QLatin1String(".abp"), Qt::CaseInsensitive)) {
-        qDebug("Plik tandor");
-        m_columns = std::make_unique<BalancerColumns>();
-        m_dialectKnown = true;
-    }
 }
 
 bool DataFileLoader::readSome(int maxMilliseconds)
@@ -115,6 +111,8 @@ LineSource::Found DataFileLoader::step()
 // An empty file is what saving a recording without records leaves: no data, and no error.
 void DataFileLoader::takeEnd()
 {
+    if (!m_dialectKnown)
+        chooseDialect(QLatin1String("#"));
     const bool headerMissing = m_columns && m_lines->lineNumber() < ColumnHeader::lineCount;
     finish(headerMissing ? Status::BadHeader : Status::Loaded);
 }
@@ -132,12 +130,19 @@ void DataFileLoader::takeLine(QLatin1String line)
 void DataFileLoader::chooseDialect(QLatin1String firstLine)
 {
     m_dialectKnown = true;
-    if (firstLine.startsWith(QLatin1Char('#'))) {
+    switch (FileKind::of(m_fileName, firstLine)) {
+    case FileKind::Records:
         qDebug("Plik varnel 3");
-        return;
+        break;
+    case FileKind::ChargerColumns:
+        qDebug("Plik varnel v2");
+        m_columns = std::make_unique<ChargerColumns>();
+        break;
+    case FileKind::BalancerColumns:
+        qDebug("Plik tandor");
+        m_columns = std::make_unique<BalancerColumns>();
+        break;
     }
-    qDebug("Plik varnel v2");
-    m_columns = std::make_unique<ChargerColumns>();
 }
 
 void DataFileLoader::takeRecordLine(QLatin1String line)
@@ -229,38 +234,6 @@ double DataFileLoader::progress() const
         return 1.0;
     const qint64 size = m_device->size();
     return size > 0 ? qMin(1.0, double(m_lines->bytesRead()) / double(size)) : 0.0;
-}
-
-QString DataFileLoader::statusText() const
-{
-    switch (m_status) {
-    case Status::Reading:
-        return QString();
-    case Status::CanNotOpen:
-        return tr("Can not open file %1").arg(m_fileName);
-    case Status::BadHeader:
-    case Status::BadLine:
-        return tr("Format error in ") + m_fileName;
-    case Status::NoMemory:
-        return tr("Not enough memory to open %1").arg(m_fileName);
-    case Status::Loaded:
-        break;
-    }
-    return m_recordCount > 1 ? tr("Data loaded from disk.") : tr("No data in file.");
-}
-
-int DataFileLoader::statusTimeout() const
-{
-    switch (m_status) {
-    case Status::BadHeader:
-        return 2000;
-    case Status::BadLine:
-        return 8000;
-    case Status::Loaded:
-        return 1000;
-    default:
-        return 0;
-    }
 }
 
 QString DataFileLoader::reason() const

@@ -21,10 +21,9 @@ class DataFileLoader {
 public:
     enum class Status { Reading, Loaded, CanNotOpen, BadHeader, BadLine, NoMemory };
 
-    /// Reads `fileName`, which must be a regular file and is opened in the background; its ending tells the
-    /// balancer's column format.
+    /// Reads `fileName`, which must be a regular file and is opened in the background.
     explicit DataFileLoader(const QString &fileName);
-    /// Reads from `device`, which is open, lines of up to `chunk` bytes; `fileName` only names it.
+    /// Reads from `device`, which is open, lines of up to `chunk` bytes, as the file `fileName`.
     DataFileLoader(
         std::unique_ptr<QIODevice> device, const QString &fileName, int chunk = LineSource::usualChunk);
     ~DataFileLoader();
@@ -45,10 +44,7 @@ public:
     Status status() const { return m_status; }
     double progress() const; ///< 0 to 1, by bytes
     QString fileName() const { return m_fileName; }
-    /// What the status bar says of the outcome, and for how many milliseconds (0: until the next text).
-    QString statusText() const;
-    int statusTimeout() const;
-    /// Why the file was not loaded, for a list of several; empty when it was.
+    /// Why the file was not loaded; empty when it was.
     QString reason() const;
     /// Line of the file that was wrong, from 1; 0 when none was.
     int errorLine() const { return m_errorLine; }

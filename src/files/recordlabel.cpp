@@ -1,6 +1,7 @@
 #include "files/recordlabel.h"
 
 #include "files/columnheader.h"
+#include "files/filekind.h"
 #include "files/linesource.h"
 #include "files/linetrimming.h"
 
@@ -14,42 +15,34 @@ namespace {
 
 constexpr int headLength = 4096;
 
-struct ProcessText {
-    char mode;
-    const char *text;
-};
-constexpr ProcessText recordProcesses[] = {
-    {Varnel3Data::Charge, " [Cha "}, {Varnel3Data::Discharge, " [Dis "}, {Varnel3Data::Balancing, " [Bal "}};
-constexpr ProcessText chargerProcesses[] = {{'c', " [Cha "}, {'d', " [Dis "}, {'f', " [For "}};
-constexpr ProcessText balancerProcesses[] = {{'t', " [Test "}, {'e', " [Tandor "}, {'f', " [Fast "}};
-
-struct ChemistryText {
+struct Text {
     int code;
     const char *text;
 };
-// A code that is missing leaves the bracket open.
-constexpr ChemistryText chargerChemistries[] = {{1, "NiCd]"}, {2, "NiMh]"}, {3, "Pb]"}, {4, "RAM]"},
-    {5, "LiIon]"}, {6, "LiPol]"}, {7, "LiTa]"}, {8, "LiPh]"}};
-constexpr ChemistryText balancerChemistries[] = {{5, "LiIon]"}, {6, "LiPol]"}, {7, "LiPh]"}};
+constexpr Text recordProcesses[] = {
+    {Varnel3Data::Charge, " [Cha "}, {Varnel3Data::Discharge, " [Dis "}, {Varnel3Data::Balancing, " [Bal "}};
+
+/// How the columns of a device are labelled. A chemistry that is missing leaves the bracket open.
+struct ColumnLabels {
+    ColumnHeader::Rules rules;
+    Text processes[3]; // of all modes that the rules let pass
+    Text chemistries[8]; // those behind the last stand for 0: no text
+};
+constexpr ColumnLabels chargerLabels
+    = {ColumnHeader::charger, {{'c', " [Cha "}, {'d', " [Dis "}, {'f', " [For "}},
+        {{1, "NiCd]"}, {2, "NiMh]"}, {3, "Pb]"}, {4, "RAM]"}, {5, "LiIon]"}, {6, "LiPol]"}, {7, "LiTa]"},
+            {8, "LiPh]"}}};
+constexpr ColumnLabels balancerLabels = {ColumnHeader::balancer,
+    {{'t', " [Test "}, {'e', " [Tandor "}, {'f', " [Fast "}}, {{5, "LiIon]"}, {6, "LiPol]"}, {7, "LiPh]"}}};
 
 template <int size>
-QString processText(const ProcessText (&table)[size], int mode)
+QString textOf(const Text (&table)[size], int code, const char *otherwise)
 {
-    for (const ProcessText &entry : table) {
-        if (entry.mode == mode)
-            return QLatin1String(entry.text);
-    }
-    return QStringLiteral(" [");
-}
-
-template <int size>
-QString chemistryText(const ChemistryText (&table)[size], int code)
-{
-    for (const ChemistryText &entry : table) {
+    for (const Text &entry : table) {
         if (entry.code == code)
             return QLatin1String(entry.text);
     }
-    return QString();
+    return QLatin1String(otherwise);
 }
 
 QString countText(int cellCount)
@@ -62,26 +55,35 @@ QString labelOfRecord(QLatin1String line)
     Varnel3Data record;
     if (!record.parseLine(trimmedLine(line)))
         return QString();
-    return processText(recordProcesses, record.mode) + countText(record.cellCount)
+    return textOf(recordProcesses, record.mode, " [") + countText(record.cellCount)
         + Varnel3Data::cellTypeName(record.cellType) + QLatin1Char(']');
 }
 
-QString labelOfColumns(LineSource &lines, QLatin1String firstLine, bool balancer)
+QString labelOfColumns(LineSource &lines, QLatin1String firstLine, const ColumnLabels &labels)
 {
-    const ColumnHeader::Rules rules = balancer ? ColumnHeader::balancer : ColumnHeader::charger;
     ColumnHeader header;
     QLatin1String line = firstLine;
     for (int i = 0; i < ColumnHeader::lineCount; ++i) {
         if (i > 0 && lines.next(&line) != LineSource::Found::Line)
             return QString();
-        if (!header.takeLine(i, line, rules))
+        if (!header.takeLine(i, line, labels.rules))
             return QString();
     }
-    const QString process
-        = balancer ? processText(balancerProcesses, header.mode) : processText(chargerProcesses, header.mode);
-    return process + countText(header.cellCount)
-        + (balancer ? chemistryText(balancerChemistries, header.cellTypeCode)
-                    : chemistryText(chargerChemistries, header.cellTypeCode));
+    return textOf(labels.processes, header.mode, "") + countText(header.cellCount)
+        + textOf(labels.chemistries, header.cellTypeCode, "");
+}
+
+QString labelOf(FileKind::Dialect dialect, LineSource &lines, QLatin1String firstLine)
+{
+    switch (dialect) {
+    case FileKind::ChargerColumns:
+        return labelOfColumns(lines, firstLine, chargerLabels);
+    case FileKind::BalancerColumns:
+        return labelOfColumns(lines, firstLine, balancerLabels);
+    case FileKind::Records:
+        break;
+    }
+    return labelOfRecord(firstLine);
 }
 
 QString readLabel(const QString &path)
@@ -101,10 +103,7 @@ QString readLabel(const QString &path)
         found = lines.next(&first); // one line without an end
     if (found != LineSource::Found::Line)
         return QString();
-    const bool balancer = path.endsWith(QLatin1String(".abp"), Qt::CaseInsensitive);
-    if (!balancer && first.startsWith(QLatin1Char('#')))
-        return labelOfRecord(first);
-    return labelOfColumns(lines, first, balancer);
+    return labelOf(FileKind::of(path, first), lines, first);
 }
 
 } // namespace

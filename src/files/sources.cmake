@@ -9,6 +9,7 @@ target_sources(varnel_core PRIVATE
     ${files_system}
     files/linesource.cpp files/linesource.h
     files/linetrimming.h
+    files/filekind.cpp files/filekind.h
     files/backgroundfile.cpp files/backgroundfile.h
     files/columnheader.cpp files/columnheader.h
     files/columnconverter.cpp files/columnconverter.h

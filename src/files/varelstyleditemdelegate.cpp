@@ -1,5 +1,6 @@
 #include "files/varelstyleditemdelegate.h"
 
+#include "files/filekind.h"
 #include "files/recordlabel.h"
 
 #include <QDir>
@@ -14,10 +15,8 @@ VarelStyledItemDelegate::VarelStyledItemDelegate(QCache<QString, QString> *cache
 QString VarelStyledItemDelegate::displayText(const QVariant &value, const QLocale &locale) const
 {
     const QString name = value.toString();
-    const bool dataFile = name.endsWith(QLatin1String(".acp"), Qt::CaseInsensitive)
-        || name.endsWith(QLatin1String(".abp"), Qt::CaseInsensitive);
     const auto *dialog = qobject_cast<const QFileDialog *>(parent());
-    if (!dataFile || !dialog || !m_cache)
+    if (!FileKind::isDataFile(name) || !dialog || !m_cache)
         return QStyledItemDelegate::displayText(value, locale);
     const QString path = dialog->directory().canonicalPath() + QDir::separator() + name;
     return QStyledItemDelegate::displayText(name + recordLabel(*m_cache, path, nullptr, &m_failures), locale);

@@ -1,6 +1,7 @@
 #include "files/datafileloader.h"
 
 #include "data/systemmemory.h"
+#include "documents/loadoutcome.h"
 #include "support/columns.h"
 #include "support/limits.h"
 
@@ -136,8 +137,8 @@ void TestDataFileLoader::outcomes()
     QFETCH(QByteArray, bytes);
     const auto loader = loaderOf(bytes, name);
     while (loader->readSome(0)) { }
-    QTEST(loader->statusText(), "text");
-    QTEST(loader->statusTimeout(), "timeout");
+    QTEST(loadOutcome(*loader).text, "text");
+    QTEST(loadOutcome(*loader).timeout, "timeout");
     QTEST(loader->errorLine(), "errorLine");
     QCOMPARE(loader->reason().isEmpty(), loader->status() == DataFileLoader::Status::Loaded);
     QCOMPARE(loader->progress(), 1.0);
@@ -267,7 +268,7 @@ void TestDataFileLoader::balancerState()
     const auto loader = loaderOf("7\nt\n1\n" + fourth + "3300 0\n", abp);
     loader->readAll();
     const bool loaded = loader->status() == DataFileLoader::Status::Loaded;
-    QCOMPARE(loader->statusTimeout(), loaded ? 1000 : 8000);
+    QCOMPARE(loadOutcome(*loader).timeout, loaded ? 1000 : 8000);
     const RecordList records = loader->takeRecords();
     QTEST(loaded ? records.last().ballansingCurrent : -1, "current");
 }
@@ -310,8 +311,8 @@ void TestDataFileLoader::whatIsNoFile()
     DataFileLoader loader(name);
     QVERIFY(!loader.readAll());
     QCOMPARE(loader.status(), DataFileLoader::Status::CanNotOpen);
-    QCOMPARE(loader.statusText(), QStringLiteral("Can not open file ") + name);
-    QCOMPARE(loader.statusTimeout(), 0);
+    QCOMPARE(loadOutcome(loader).text, QStringLiteral("Can not open file ") + name);
+    QCOMPARE(loadOutcome(loader).timeout, 0);
     QVERIFY(!loader.reason().isEmpty());
 }
 
@@ -362,7 +363,7 @@ void TestDataFileLoader::hugeLine()
     file.close();
     DataFileLoader headerless(file.fileName());
     headerless.readAll();
-    QCOMPARE(headerless.statusTimeout(), 2000);
+    QCOMPARE(loadOutcome(headerless).timeout, 2000);
 }
 
 void TestDataFileLoader::memoryRunsOut_data()
@@ -388,7 +389,7 @@ void TestDataFileLoader::memoryRunsOut()
     while (loader->readSome(1))
         left = qMin(left, systemMemory().available);
     QVERIFY(left > 64 * megabyte);
-    QCOMPARE(loader->statusText(), "Not enough memory to open " + acp);
+    QCOMPARE(loadOutcome(*loader).text, "Not enough memory to open " + acp);
     QCOMPARE(loader->reason(), QStringLiteral("not enough memory"));
     QCOMPARE(loader->recordCount(), 0);
     QCOMPARE(loader->takeRecords().size(), 0);
