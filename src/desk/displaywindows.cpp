@@ -38,6 +38,20 @@ QString dataPlaceKey()
     return QStringLiteral("datadisplay/pos");
 }
 
+CapacityEntry entryOf(const MdiGraphChild &child)
+{
+    const SeriesStore &store = child.store();
+    const SeriesStore::Capacity capacity = store.capacity();
+    CapacityEntry entry{capacity.energyAtMark, capacity.mode, child.windowNumber()};
+    if (store.isEmpty())
+        return entry;
+    const Varnel3Data &newest = store.records().last();
+    entry.recorded = printedName(entry.number, Varnel3Data::deviceName(store.device()), child.sourceName())
+        + QStringLiteral(", ") + FigureText::cells(newest.cellCount, newest.cellType);
+    entry.staleSince = child.silentSince();
+    return entry;
+}
+
 } // namespace
 
 DisplayWindows::DisplayWindows(QMainWindow *window, ViewState *state)
@@ -184,17 +198,13 @@ void DisplayWindows::clearCapacities()
 
 void DisplayWindows::addCapacity(const MdiGraphChild *child)
 {
-    const MdiGraphChild::CapacityEntry entry = child->capacityEntry();
-    m_capacity->addEntry(entry.capacity, entry.mode, entry.number);
+    m_capacity->addEntry(entryOf(*child));
     m_capacity->setWindowCount(++m_entries);
-    nameDevice(child);
 }
 
 void DisplayWindows::refreshCapacity(const MdiGraphChild *child)
 {
-    const MdiGraphChild::CapacityEntry entry = child->capacityEntry();
-    m_capacity->changeEntry(entry.capacity, entry.mode, entry.number, entry.number);
-    nameDevice(child);
+    m_capacity->changeEntry(entryOf(*child), child->windowNumber());
 }
 
 void DisplayWindows::printCapacity()
@@ -239,16 +249,4 @@ void DisplayWindows::writePlaces(VarnelSettings *settings)
     WindowPlace::save(*m_power, powerGroup(), settings);
     if (m_voltage)
         m_voltage->writePlace(settings);
-}
-
-void DisplayWindows::nameDevice(const MdiGraphChild *child)
-{
-    if (child->store().isEmpty())
-        return;
-    const Varnel3Data &newest = child->store().records().last();
-    const QString name = printedName(
-        child->windowNumber(), Varnel3Data::deviceName(child->store().device()), child->sourceName());
-    m_capacity->setRecorded(child->windowNumber(),
-        name + QStringLiteral(", ") + FigureText::cells(newest.cellCount, newest.cellType),
-        child->silentSince());
 }

@@ -71,7 +71,6 @@ private:
     void setShown(QWidget *display, bool shown);
     void settle(QWidget *display);
     VoltageComparison *createVoltage();
-    void nameDevice(const MdiGraphChild *child);
 
     QMainWindow *m_window;
     ViewState *m_state;

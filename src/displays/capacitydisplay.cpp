@@ -56,26 +56,20 @@ void CapacityDisplay::setViewState(ViewState *state)
     onViewChanged();
 }
 
-void CapacityDisplay::addEntry(int capacity, char mode, int number)
+void CapacityDisplay::addEntry(const CapacityEntry &entry)
 {
-    m_chart.entries.append({capacity, mode, number});
-    if (m_end < CapacityChart::visibleBars) {
-        ++m_end;
-    } else {
+    m_chart.entries.append(entry);
+    if (m_end >= CapacityChart::visibleBars)
         ++m_chart.first;
-        ++m_end;
-    }
+    ++m_end;
     refresh();
 }
 
-void CapacityDisplay::changeEntry(int capacity, char mode, int number, int k)
+void CapacityDisplay::changeEntry(const CapacityEntry &entry, int k)
 {
     if (k < 1 || k > m_chart.entries.size())
         return;
-    CapacityEntry &entry = m_chart.entries[k - 1];
-    entry.capacity = capacity;
-    entry.mode = mode;
-    entry.number = number;
+    m_chart.entries[k - 1] = entry;
     refresh();
 }
 
@@ -105,17 +99,6 @@ void CapacityDisplay::clear()
 void CapacityDisplay::setWindowCount(int count)
 {
     m_windowCount = count;
-}
-
-void CapacityDisplay::setRecorded(int number, const QString &recorded, const QDateTime &staleSince)
-{
-    for (CapacityEntry &entry : m_chart.entries) {
-        if (entry.number != number)
-            continue;
-        entry.recorded = recorded;
-        entry.staleSince = staleSince;
-    }
-    update();
 }
 
 QSize CapacityDisplay::sizeHint() const

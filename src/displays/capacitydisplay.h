@@ -18,19 +18,15 @@ public:
     /// `state` is not owned and outlives this.
     void setViewState(ViewState *state);
 
-    /// `capacity` in mAh; `mode` 'C', 'D' or another process; `number` of the graph
-    /// window. The new entry is in view.
-    void addEntry(int capacity, char mode, int number);
+    /// The new entry is in view.
+    void addEntry(const CapacityEntry &entry);
     /// Entry `k` counted from 1; nothing where there is none.
-    void changeEntry(int capacity, char mode, int number, int k);
+    void changeEntry(const CapacityEntry &entry, int k);
     /// Entry `k` counted from 0; nothing where there is none. As many of the others stay in view as fit.
     void removeEntry(int k);
     void clear();
     /// How many graph windows there are: opening the display pulls the view back to them.
     void setWindowCount(int count);
-    /// What graph window `number` holds, such as its device and pack, and since when it waits for a line,
-    /// invalid while it does not; forgotten by clear().
-    void setRecorded(int number, const QString &recorded, const QDateTime &staleSince);
 
     QSize sizeHint() const override;
 

@@ -110,12 +110,6 @@ bool MdiGraphChild::stopProcess()
     return true;
 }
 
-MdiGraphChild::CapacityEntry MdiGraphChild::capacityEntry() const
-{
-    const SeriesStore::Capacity capacity = m_store.capacity();
-    return {capacity.energyAtMark, capacity.mode, m_windowNumber};
-}
-
 const CellSelection &MdiGraphChild::selectedCells() const
 {
     return m_interaction->cells()->cells();

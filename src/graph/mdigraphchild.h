@@ -19,13 +19,6 @@ class MdiGraphChild : public QWidget, public RecordingWindow {
     Q_OBJECT
 
 public:
-    /// What the comparison of capacities shows of this window.
-    struct CapacityEntry {
-        int capacity; ///< mAh
-        char mode; ///< 'C', 'D' or ' '
-        int number; ///< window number
-    };
-
     /// `host` outlives the window.
     explicit MdiGraphChild(GraphHost *host, QWidget *parent = nullptr);
     ~MdiGraphChild() override;
@@ -44,7 +37,6 @@ public:
     DeviceLink *reader() const { return m_reader; }
     /// Tells the feeding device to stop its process; false when there is none.
     bool stopProcess();
-    CapacityEntry capacityEntry() const;
     const CellSelection &selectedCells() const;
     void setSelectedCells(const CellSelection &cells);
     /// Records came in since the last save.

@@ -200,12 +200,12 @@ void TestCapacityDisplay::paging()
     CapacityDisplay display;
     display.resize(display.minimumSize());
     for (int i = 1; i <= 8; ++i)
-        display.addEntry(1000, i == 1 ? 'D' : 'C', i);
+        display.addEntry({1000, i == 1 ? 'D' : 'C', i});
     QCOMPARE(columnsOf(display), QByteArray("DCCCCCCC"));
     display.showNext();
     QCOMPARE(columnsOf(display), QByteArray("DCCCCCCC"));
 
-    display.addEntry(1000, ' ', 9); // scrolls into view
+    display.addEntry({1000, ' ', 9}); // scrolls into view
     QCOMPARE(columnsOf(display), QByteArray("CCCCCCC "));
     display.showNext();
     QCOMPARE(columnsOf(display), QByteArray("CCCCCCC "));
@@ -228,19 +228,19 @@ void TestCapacityDisplay::removing()
     CapacityDisplay display;
     display.resize(display.minimumSize());
     for (int i = 1; i <= 9; ++i)
-        display.addEntry(1000, i == 1 ? 'D' : i == 9 ? ' ' : 'C', i);
+        display.addEntry({1000, i == 1 ? 'D' : i == 9 ? ' ' : 'C', i});
     display.removeEntry(-1);
     display.removeEntry(9);
     QCOMPARE(columnsOf(display), QByteArray("CCCCCCC "));
     display.removeEntry(4);
     QCOMPARE(columnsOf(display), QByteArray("DCCCCCC "));
     // A new one still comes into view.
-    display.addEntry(1000, 'D', 10);
+    display.addEntry({1000, 'D', 10});
     QCOMPARE(columnsOf(display), QByteArray("CCCCCC D"));
     for (int left = 9; left > 0; --left)
         display.removeEntry(left - 1);
     QCOMPARE(columnsOf(display), QByteArray("........"));
-    display.addEntry(1000, 'D', 1);
+    display.addEntry({1000, 'D', 1});
     QCOMPARE(columnsOf(display), QByteArray("D......."));
 }
 
@@ -248,12 +248,12 @@ void TestCapacityDisplay::changing()
 {
     CapacityDisplay display;
     display.resize(display.minimumSize());
-    display.addEntry(1000, 'C', 1);
-    display.addEntry(1000, 'C', 2);
-    display.changeEntry(500, 'D', 2, 0);
-    display.changeEntry(500, 'D', 2, 3);
+    display.addEntry({1000, 'C', 1});
+    display.addEntry({1000, 'C', 2});
+    display.changeEntry({500, 'D', 2}, 0);
+    display.changeEntry({500, 'D', 2}, 3);
     QCOMPARE(columnsOf(display), QByteArray("CC......"));
-    display.changeEntry(500, 'D', 2, 2);
+    display.changeEntry({500, 'D', 2}, 2);
     QCOMPARE(columnsOf(display), QByteArray("CD......"));
 }
 
@@ -262,7 +262,7 @@ void TestCapacityDisplay::openingPullsTheViewBack()
     CapacityDisplay display;
     display.resize(display.minimumSize());
     for (int i = 1; i <= 12; ++i)
-        display.addEntry(1000, i <= 2 ? 'D' : 'C', i);
+        display.addEntry({1000, i <= 2 ? 'D' : 'C', i});
     display.setWindowCount(2);
     QCOMPARE(columnsOf(display), QByteArray("CCCCCCCC"));
     display.show();

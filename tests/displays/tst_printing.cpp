@@ -100,7 +100,7 @@ private slots:
         ViewState state;
         CapacityDisplay capacities;
         capacities.setViewState(&state);
-        capacities.addEntry(1000, 'C', 1);
+        capacities.addEntry({1000, 'C', 1});
         accept([&capacities] { capacities.print(); });
         QVERIFY(contents(file()).contains("%%EOF"));
 
