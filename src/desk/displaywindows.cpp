@@ -11,6 +11,7 @@
 #include "graph/mdigraphchild.h"
 #include "settings/varnelsettings.h"
 #include "settings/viewstate.h"
+#include "widgets/displayscale.h"
 
 #include <QMainWindow>
 
@@ -22,6 +23,8 @@ constexpr QSize firstSize(470, 280);
 constexpr QPoint firstDataPlace(6, 8);
 constexpr QPoint firstCapacityPlace(2, 316);
 constexpr QPoint firstPowerPlace(2, 670);
+constexpr QSize firstVoltageSize(640, 360);
+constexpr QPoint firstVoltagePlace(490, 316); // beside the others
 
 QString capacityGroup()
 {
@@ -31,6 +34,11 @@ QString capacityGroup()
 QString powerGroup()
 {
     return QStringLiteral("powerdisplay");
+}
+
+QString voltageGroup()
+{
+    return QStringLiteral("voltagecomp");
 }
 
 QString dataPlaceKey()
@@ -121,13 +129,14 @@ void DisplayWindows::showPower(bool shown)
 void DisplayWindows::showVoltage(bool shown, Keyboard keyboard)
 {
     if (m_voltage) {
-        m_voltage->disconnect(this); // its switch is no business of a window that is replaced
+        disconnect(m_voltage, SIGNAL(closed()), this, SIGNAL(voltageClosed())); // one is replaced: no switch
         m_voltage->close();
         m_voltage.clear();
     }
     if (!shown)
         return;
     m_voltage = createVoltage();
+    connect(m_voltage, SIGNAL(closed()), this, SLOT(onVoltageClosed()));
     connect(m_voltage, SIGNAL(closed()), this, SIGNAL(voltageClosed()));
     m_voltage->setAttribute(Qt::WA_ShowWithoutActivating, keyboard == LeavesKeyboard);
     setShown(m_voltage, true);
@@ -138,7 +147,15 @@ VoltageComparison *DisplayWindows::createVoltage()
     auto *comparison = new VoltageComparison(m_window);
     comparison->setViewState(m_state);
     comparison->setSource(m_source);
+    const QSize size(scaled(firstVoltageSize.width()), scaled(firstVoltageSize.height()));
+    WindowPlace::restore(comparison, voltageGroup(), VarnelSettings(), size, firstVoltagePlace);
     return comparison;
+}
+
+void DisplayWindows::onVoltageClosed()
+{
+    VarnelSettings settings;
+    WindowPlace::save(*m_voltage, voltageGroup(), &settings);
 }
 
 void DisplayWindows::updateVoltage()
@@ -248,5 +265,5 @@ void DisplayWindows::writePlaces(VarnelSettings *settings)
     WindowPlace::save(*m_capacity, capacityGroup(), settings);
     WindowPlace::save(*m_power, powerGroup(), settings);
     if (m_voltage)
-        m_voltage->writePlace(settings);
+        WindowPlace::save(*m_voltage, voltageGroup(), settings);
 }

@@ -67,6 +67,9 @@ signals:
     /// The capacity comparison is seen and wants its entries brought up to date.
     void capacitiesWanted();
 
+private slots:
+    void onVoltageClosed();
+
 private:
     void setShown(QWidget *display, bool shown);
     void settle(QWidget *display);

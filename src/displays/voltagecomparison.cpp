@@ -6,9 +6,7 @@
 #include "widgets/refreshgate.h"
 #include "displays/voltagecanvas.h"
 #include "displays/voltagesource.h"
-#include "displays/windowplace.h"
 #include "printing/printrequest.h"
-#include "settings/varnelsettings.h"
 #include "settings/viewstate.h"
 
 #include <QBoxLayout>
@@ -20,14 +18,6 @@
 #include <QScrollBar>
 
 namespace {
-
-constexpr QSize defaultSize{640, 360};
-constexpr QPoint defaultPlace{490, 316}; // beside the other displays
-
-QString placeGroup()
-{
-    return QStringLiteral("voltagecomp");
-}
 
 /// What the user has chosen. The shell makes a new window whenever the graph windows are numbered afresh.
 struct Choice {
@@ -65,7 +55,6 @@ VoltageComparison::VoltageComparison(QWidget *parent)
     setAutoFillBackground(true);
     setFocusPolicy(Qt::StrongFocus);
     createControls();
-    restorePlace();
     connect(m_gate, SIGNAL(refresh()), this, SLOT(refresh()));
     connect(m_selectionButton, SIGNAL(clicked()), this, SLOT(cycleSelection()));
     connect(m_canvas, SIGNAL(cellPressed(int,int,bool)), this, SLOT(onCellPressed(int,int,bool)));
@@ -106,19 +95,6 @@ void VoltageComparison::createControls()
     layout->addWidget(m_canvas, 1);
     layout->addWidget(m_scrollBar);
     setMinimumWidth(scaled(300));
-}
-
-void VoltageComparison::restorePlace()
-{
-    const QSize size(scaled(defaultSize.width()), scaled(defaultSize.height()));
-    WindowPlace::restore(this, placeGroup(), VarnelSettings(), size, defaultPlace);
-}
-
-void VoltageComparison::writePlace(VarnelSettings *settings) const
-{
-    if (!m_wasShown)
-        return;
-    WindowPlace::save(*this, placeGroup(), settings);
 }
 
 void VoltageComparison::setViewState(ViewState *state)
@@ -295,16 +271,8 @@ void VoltageComparison::print()
     printWithDialog(job, isVisible() ? this : parentWidget());
 }
 
-void VoltageComparison::showEvent(QShowEvent *event)
-{
-    m_wasShown = true;
-    QWidget::showEvent(event);
-}
-
 void VoltageComparison::closeEvent(QCloseEvent *event)
 {
-    VarnelSettings settings;
-    writePlace(&settings);
     emit closed();
     QWidget::closeEvent(event);
 }

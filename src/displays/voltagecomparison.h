@@ -6,7 +6,6 @@ class QLabel;
 class QPushButton;
 class QScrollBar;
 class RefreshGate;
-class VarnelSettings;
 class ViewState;
 class VoltageCanvas;
 class VoltageChart;
@@ -28,8 +27,6 @@ public:
     void setSource(VoltageSource *source);
     /// Shows all cells, whatever was chosen before.
     void showAllCells();
-    /// Keeps size and place, as closing does; nothing before the window was first shown.
-    void writePlace(VarnelSettings *settings) const;
 
 public slots:
     /// The voltages have changed; they are asked for when the window next draws.
@@ -38,11 +35,10 @@ public slots:
     void print();
 
 signals:
-    /// The window has been closed.
+    /// The user has closed the window, or its owner; it goes as soon as the program is back at its events.
     void closed();
 
 protected:
-    void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
@@ -55,7 +51,6 @@ private slots:
 
 private:
     void createControls();
-    void restorePlace();
     void showChart(const VoltageChart &chart);
     void showChoice();
     void setOneCell(int cell);
@@ -69,5 +64,4 @@ private:
     VoltageCanvas *m_canvas = nullptr;
     QScrollBar *m_scrollBar = nullptr;
     bool m_showsAllCells = false;
-    bool m_wasShown = false; // a window made for printing never is
 };

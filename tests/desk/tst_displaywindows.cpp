@@ -118,12 +118,13 @@ void TestDisplayWindows::comparisonKeepsItsPlace()
     window->createMdiChild();
     trigger(ActionId::Graph);
     auto *comparison = window->findChild<VoltageComparison *>();
-    comparison->move(31, 47);
+    QCOMPARE(comparison->size(), QSize(640, 360));
+    comparison->setGeometry(31, 47, 700, 410);
     comparison->hide();
     window->renumerateWindows(); // makes it anew
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     comparison = window->findChild<VoltageComparison *>();
-    QCOMPARE(comparison->pos(), QPoint(31, 47));
+    QCOMPARE(comparison->geometry(), QRect(31, 47, 700, 410));
     comparison->move(52, 63);
     window->close();
     QCOMPARE(VarnelSettings().value(QStringLiteral("voltagecomp/pos")).toPoint(), QPoint(52, 63));

@@ -5,7 +5,6 @@
 #include "displays/voltagecanvas.h"
 #include "displays/voltagesource.h"
 #include "resources/resources.h"
-#include "settings/varnelsettings.h"
 #include "settings/viewstate.h"
 #include "support/columns.h"
 #include "support/settle.h"
@@ -17,7 +16,6 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalSpy>
-#include <QStandardPaths>
 #include <QTest>
 
 namespace {
@@ -55,15 +53,7 @@ class TestVoltageComparison : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        initResources();
-        QStandardPaths::setTestModeEnabled(true);
-        QCoreApplication::setOrganizationName(QStringLiteral("varnel-test"));
-        QCoreApplication::setApplicationName(QStringLiteral("voltagecomparison"));
-        VarnelSettings().clear();
-    }
-    void cleanupTestCase() { VarnelSettings().clear(); }
+    void initTestCase() { initResources(); }
 
     void axis_data()
     {
@@ -202,7 +192,6 @@ private slots:
     void selectionButton();
     void hiddenAsksNothing();
     void choosingKeepsThePlace();
-    void placeIsKept();
 };
 
 void TestVoltageComparison::oneCellByClickAndKey()
@@ -348,27 +337,6 @@ void TestVoltageComparison::choosingKeepsThePlace()
         QTest::keyClick(&window, key);
         QCOMPARE(bar->value(), canvas->chart().groupStart(6, canvas->width()) - 9);
     }
-}
-
-void TestVoltageComparison::placeIsKept()
-{
-    auto *window = new VoltageComparison;
-    QCOMPARE(window->size(), QSize(scaled(640), scaled(360)));
-    window->show();
-    window->resize(scaled(700), scaled(410));
-    window->move(33, 44);
-    window->close();
-    QCOMPARE(
-        VarnelSettings().value(QStringLiteral("voltagecomp/size")).toSize(), QSize(scaled(700), scaled(410)));
-    QCOMPARE(VarnelSettings().value(QStringLiteral("voltagecomp/pos")).toPoint(), QPoint(33, 44));
-    VoltageComparison next;
-    QCOMPARE(next.size(), QSize(scaled(700), scaled(410)));
-    QCOMPARE(next.pos(), QPoint(33, 44));
-
-    VarnelSettings().setValue(
-        QStringLiteral("voltagecomp/pos"), QPoint(30000, 30000)); // a screen that is gone
-    VoltageComparison found;
-    QVERIFY(found.pos().x() < 2000);
 }
 
 QTEST_MAIN(TestVoltageComparison)
