@@ -7,7 +7,7 @@
 #include "printing/printstamp.h"
 #include "displays/voltagecomparison.h"
 #include "displays/voltagesource.h"
-#include "displays/windowplace.h"
+#include "desk/windowplace.h"
 #include "graph/mdigraphchild.h"
 #include "settings/varnelsettings.h"
 #include "settings/viewstate.h"

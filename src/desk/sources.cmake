@@ -10,4 +10,5 @@ target_sources(varnel_gui PRIVATE
     desk/recordings.cpp desk/recordings.h
     desk/stalewatch.cpp desk/stalewatch.h
     desk/statusfacts.cpp desk/statusfacts.h
+    desk/windowplace.cpp desk/windowplace.h
 )

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "displays/cellsummary.h"
+#include "displays/resistancesummary.h"
 
 #include <QRgb>
 #include <QString>

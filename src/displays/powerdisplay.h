@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/varnel3data.h"
-#include "displays/cellbarchart.h"
+#include "displays/powerchart.h"
 
 #include <QDateTime>
 #include <QWidget>

@@ -4,7 +4,7 @@
 #include "displays/datadisplay.h"
 #include "displays/powerdisplay.h"
 #include "displays/voltagecomparison.h"
-#include "displays/windowplace.h"
+#include "desk/windowplace.h"
 #include "graph/mdigraphchild.h"
 #include "resources/resources.h"
 #include "support/fakelink.h"

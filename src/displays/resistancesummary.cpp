@@ -1,4 +1,4 @@
-#include "displays/cellsummary.h"
+#include "displays/resistancesummary.h"
 
 #include "data/varnel3data.h"
 

@@ -1,4 +1,4 @@
-#include "displays/cellbars.h"
+#include "displays/powerbars.h"
 
 #include "data/varnel3data.h"
 

@@ -1,4 +1,4 @@
-#include "displays/windowplace.h"
+#include "desk/windowplace.h"
 
 #include "settings/varnelsettings.h"
 

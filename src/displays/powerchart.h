@@ -1,6 +1,6 @@
 #pragma once
 
-#include "displays/cellbars.h"
+#include "displays/powerbars.h"
 
 #include <QRect>
 

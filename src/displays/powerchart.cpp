@@ -1,4 +1,4 @@
-#include "displays/cellbarchart.h"
+#include "displays/powerchart.h"
 
 #include "displays/chartpaint.h"
 #include "widgets/displayscale.h"
