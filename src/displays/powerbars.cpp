@@ -12,7 +12,7 @@ namespace {
 constexpr int chargePerMilliampereHour = 360000; // per cent x mA x s
 constexpr int fullScale = 100;
 
-void fillVoltages(CellBars &bars, const Varnel3Data &record)
+void fillVoltages(PowerBars &bars, const Varnel3Data &record)
 {
     constexpr qint64 limit = std::numeric_limits<int>::max();
     for (int i = 0; i < bars.count; ++i) {
@@ -22,7 +22,7 @@ void fillVoltages(CellBars &bars, const Varnel3Data &record)
     }
 }
 
-void fillCharges(CellBars &bars, const Varnel3Data &record)
+void fillCharges(PowerBars &bars, const Varnel3Data &record)
 {
     bars.lower = 0;
     for (int i = 0; i < bars.count; ++i) {
@@ -32,7 +32,7 @@ void fillCharges(CellBars &bars, const Varnel3Data &record)
     bars.upper = qMax(fullScale, *std::max_element(bars.values.begin(), bars.values.end()));
 }
 
-void fillResistances(CellBars &bars, const Varnel3Data &record)
+void fillResistances(PowerBars &bars, const Varnel3Data &record)
 {
     bars.lower = 0;
     double smallest = std::numeric_limits<double>::max();
@@ -49,14 +49,14 @@ void fillResistances(CellBars &bars, const Varnel3Data &record)
 
 } // namespace
 
-CellBars CellBars::of(const Varnel3Data &record, int energyMode)
+PowerBars PowerBars::of(const Varnel3Data &record, int energyMode)
 {
     static constexpr struct {
         Quantity quantity;
-        void (*fill)(CellBars &, const Varnel3Data &);
+        void (*fill)(PowerBars &, const Varnel3Data &);
     } kinds[] = {{Voltage, fillVoltages}, {Charge, fillCharges}, {Resistance, fillResistances}};
 
-    CellBars bars;
+    PowerBars bars;
     const auto &kind = kinds[energyMode == 0 || energyMode == 1 ? energyMode : 2];
     bars.quantity = kind.quantity;
     if (!record.hasCellData())

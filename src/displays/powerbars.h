@@ -6,7 +6,7 @@ class Varnel3Data;
 
 /// The cells of one record as the bar display draws them: a value of the chosen
 /// quantity and a balancing level each.
-struct CellBars {
+struct PowerBars {
     enum Quantity { Voltage, Charge, Resistance };
     static constexpr int maxCells = 16;
 
@@ -22,5 +22,5 @@ struct CellBars {
     bool hasData() const { return count > 0; }
 
     /// `energyMode` as the view switches have it: 0 voltage, 1 charge, else resistance.
-    static CellBars of(const Varnel3Data &record, int energyMode);
+    static PowerBars of(const Varnel3Data &record, int energyMode);
 };

@@ -23,25 +23,25 @@ constexpr const char *units[] = {"[mV]", "[mAh]", "[Ri %]"}; // by quantity
 
 } // namespace
 
-int CellBarChart::valueY(int value, int height) const
+int PowerChart::valueY(int value, int height) const
 {
     const double share
         = (double(qBound(bars.lower, value, bars.upper)) - bars.lower) / (double(bars.upper) - bars.lower);
     return qRound((scaleBottom - share * (scaleBottom - scaleTop)) * height);
 }
 
-int CellBarChart::barWidth(int width) const
+int PowerChart::barWidth(int width) const
 {
     const int usable = width - px(sideSpace);
     return qMax(1, qRound((usable - qRound(0.2 * usable)) / double(bars.count)));
 }
 
-int CellBarChart::barLeft(int cell, int width) const
+int PowerChart::barLeft(int cell, int width) const
 {
     return px(barsLeft) + qRound(cell * (width - px(sideSpace)) / double(bars.count));
 }
 
-QRect CellBarChart::valueRect(int cell, const QSize &size) const
+QRect PowerChart::valueRect(int cell, const QSize &size) const
 {
     const int zero = valueY(0, size.height());
     const int end = valueY(bars.values[cell], size.height());
@@ -52,14 +52,14 @@ QRect CellBarChart::valueRect(int cell, const QSize &size) const
         barLeft(cell, size.width()), end < zero ? end : zero + 1, barWidth(size.width()), qAbs(end - zero)};
 }
 
-QRect CellBarChart::levelRect(int cell, const QSize &size) const
+QRect PowerChart::levelRect(int cell, const QSize &size) const
 {
     const int base = qRound(levelBase * size.height());
     const int height = qRound(bars.levels[cell] * levelHeight * size.height() / 100.0);
     return {barLeft(cell, size.width()), base - height, barWidth(size.width()), height};
 }
 
-void CellBarChart::paint(QPainter &painter, const QSize &size) const
+void PowerChart::paint(QPainter &painter, const QSize &size) const
 {
     painter.setPen(ChartPaint::textColour(blackGround));
     if (!bars.hasData()) {
@@ -77,7 +77,7 @@ void CellBarChart::paint(QPainter &painter, const QSize &size) const
         ChartPaint::drawBadge(painter, 0, 0, windowNumber, scale);
 }
 
-void CellBarChart::paintAxes(QPainter &painter, const QSize &size) const
+void PowerChart::paintAxes(QPainter &painter, const QSize &size) const
 {
     const int height = size.height();
     const int unitHeight = px(16);
@@ -103,7 +103,7 @@ void CellBarChart::paintAxes(QPainter &painter, const QSize &size) const
         painter.drawLine(px(baseLineInset), y, size.width() - px(baseLineInset) + 1, y);
 }
 
-void CellBarChart::paintMark(QPainter &painter, const QSize &size, int y, int value, int points) const
+void PowerChart::paintMark(QPainter &painter, const QSize &size, int y, int value, int points) const
 {
     const QColor faint = blackGround ? QColor(50, 50, 50) : QColor(220, 220, 220);
     painter.setPen(faint);
@@ -114,14 +114,14 @@ void CellBarChart::paintMark(QPainter &painter, const QSize &size, int y, int va
 }
 
 // The scales are in Times, so that they are told from the figures of the cells, which are in Arial.
-void CellBarChart::paintScaleText(
+void PowerChart::paintScaleText(
     QPainter &painter, const QRect &box, int alignment, const QString &text, int points) const
 {
     ChartPaint::drawFitted(
         painter, box, alignment | Qt::AlignVCenter, text, points, scale, false, QStringLiteral("Times"));
 }
 
-void CellBarChart::paintCell(QPainter &painter, int cell, const QSize &size) const
+void PowerChart::paintCell(QPainter &painter, int cell, const QSize &size) const
 {
     const QRect bar = valueRect(cell, size);
     const int value = bars.values[cell];
@@ -143,7 +143,7 @@ void CellBarChart::paintCell(QPainter &painter, int cell, const QSize &size) con
             Qt::AlignHCenter | Qt::AlignBottom, QStringLiteral("-"), 12, scale, true);
 }
 
-void CellBarChart::paintOffScaleEnd(QPainter &painter, const QRect &bar, bool up) const
+void PowerChart::paintOffScaleEnd(QPainter &painter, const QRect &bar, bool up) const
 {
     // From the end inwards: red, two pixels wide; one of green; black, one pixel.
     const int red = px(2);

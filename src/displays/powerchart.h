@@ -8,9 +8,9 @@ class QPainter;
 
 /// The bar display as a picture: above, a bar a cell in the chosen
 /// quantity; below, the cells' balancing levels.
-class CellBarChart {
+class PowerChart {
 public:
-    CellBars bars;
+    PowerBars bars;
     int windowNumber = -1; ///< of the graph window, -1 for none
     bool blackGround = true; ///< what is behind the picture: decides the colours of texts and lines
     bool stale = false; ///< no line has come for a while: everything is dimmed

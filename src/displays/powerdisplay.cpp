@@ -93,7 +93,7 @@ void PowerDisplay::closeEvent(QCloseEvent *event)
 
 void PowerDisplay::refresh()
 {
-    m_chart.bars = CellBars::of(m_record, m_viewState ? m_viewState->switches().energyMode : 0);
+    m_chart.bars = PowerBars::of(m_record, m_viewState ? m_viewState->switches().energyMode : 0);
     m_chart.windowNumber = m_windowNumber;
     m_chart.stale = m_staleSince.isValid();
     setToolTip(m_chart.stale

@@ -59,5 +59,5 @@ private:
     int m_windowNumber = -1;
     QString m_sourceName;
     QDateTime m_staleSince;
-    CellBarChart m_chart;
+    PowerChart m_chart;
 };

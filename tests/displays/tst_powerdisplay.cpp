@@ -19,7 +19,7 @@ constexpr QRgb green = qRgb(0, 255, 0);
 constexpr QRgb black = qRgb(0, 0, 0);
 constexpr QSize size{470, 280};
 
-QImage paint(const CellBarChart &chart)
+QImage paint(const PowerChart &chart)
 {
     QImage image(size, QImage::Format_RGB32);
     image.fill(chart.blackGround ? Qt::black : Qt::white);
@@ -28,9 +28,9 @@ QImage paint(const CellBarChart &chart)
     return image;
 }
 
-CellBarChart chartOf(const QVector<int> &values, int lower = -100, int upper = 100)
+PowerChart chartOf(const QVector<int> &values, int lower = -100, int upper = 100)
 {
-    CellBarChart chart;
+    PowerChart chart;
     chart.bars.count = values.size();
     chart.bars.lower = lower;
     chart.bars.upper = upper;
@@ -55,7 +55,7 @@ private slots:
         Varnel3Data record = samplePack({4040, 3960, 4001, 3999});
         record.cells[1].balance = 130;
         record.cells[2].balance = -5;
-        const CellBars bars = CellBars::of(record, 0);
+        const PowerBars bars = PowerBars::of(record, 0);
         QCOMPARE(bars.count, 4);
         QCOMPARE(bars.values[0], 40);
         QCOMPARE(bars.values[1], -40);
@@ -64,7 +64,7 @@ private slots:
         QCOMPARE(bars.levels[2], 0);
         record.cells[0].voltage = -2147483647;
         record.cellAverage = 2147483647;
-        QVERIFY(CellBars::of(record, 0).values[0] < -1000000);
+        QVERIFY(PowerBars::of(record, 0).values[0] < -1000000);
     }
 
     void charges()
@@ -72,7 +72,7 @@ private slots:
         for (const int charge : {40, 100, 1155}) { // mAh and a bit
             Varnel3Data record = samplePack({4000, 4000});
             record.cells[1].balanceCharge = charge * 360000 + 359999;
-            const CellBars bars = CellBars::of(record, 1);
+            const PowerBars bars = PowerBars::of(record, 1);
             QCOMPARE(bars.values[1], charge);
             QCOMPARE(bars.lower, 0);
             QCOMPARE(bars.upper, qMax(100, charge));
@@ -94,7 +94,7 @@ private slots:
         QFETCH(QVector<double>, milliohms);
         QFETCH(QVector<int>, excess);
         for (const int selector : {2, 7}) {
-            const CellBars bars = CellBars::of(sampleResistances(milliohms), selector);
+            const PowerBars bars = PowerBars::of(sampleResistances(milliohms), selector);
             for (int i = 0; i < excess.size(); ++i) {
                 QCOMPARE(bars.known[i], excess[i] >= 0);
                 QCOMPARE(bars.values[i], qMax(0, excess[i]));
@@ -123,13 +123,13 @@ private slots:
         record.mode = mode;
         record.flag5 = flag;
         for (const int quantity : {0, 1, 2})
-            QCOMPARE(CellBars::of(record, quantity).count, shown);
+            QCOMPARE(PowerBars::of(record, quantity).count, shown);
     }
 
     void barHeights()
     {
         // 280 pixels: zero at 98, 100 mV are 70 pixels.
-        const CellBarChart chart = chartOf({40, -150, 0, 150, 100, -100});
+        const PowerChart chart = chartOf({40, -150, 0, 150, 100, -100});
         const QImage image = paint(chart);
         const auto column = [&chart](int cell) { return chart.valueRect(cell, size).center().x(); };
         const auto run = [&image](int x, int from, int to) {
@@ -162,7 +162,7 @@ private slots:
 
     void levels()
     {
-        CellBarChart chart = chartOf({0, 0, 0});
+        PowerChart chart = chartOf({0, 0, 0});
         chart.bars.levels = {100, 50, 0};
         const QImage image = paint(chart);
         QCOMPARE(chart.levelRect(0, size).height(), 42); // 0.15 of the height
