@@ -1,9 +1,11 @@
 #include "displays/chartpaint.h"
 
 #include "widgets/displayscale.h"
+#include "widgets/fittedtext.h"
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <QWidget>
 
 namespace ChartPaint {
 
@@ -29,11 +31,8 @@ int drawBadge(QPainter &painter, int left, int top, int number, qreal scale)
 void drawFitted(QPainter &painter, const QRect &box, int flags, const QString &text, int points, qreal scale,
     bool bold, const QString &family)
 {
-    QFont font = drawingFont(family, points, scale, bold);
-    const int width = QFontMetrics(font).horizontalAdvance(text);
-    if (width > box.width() && width > 0)
-        font.setPixelSize(qMax(1, font.pixelSize() * box.width() / width));
-    painter.setFont(font);
+    const QSize room(box.width(), QWIDGETSIZE_MAX);
+    painter.setFont(fittedFont(drawingFont(family, points, scale, bold), text, room));
     painter.drawText(box, flags, text);
 }
 

@@ -18,7 +18,7 @@ QColor textColour(bool blackGround);
 /// at (`left`, `top`). Returns its width.
 int drawBadge(QPainter &painter, int left, int top, int number, qreal scale);
 
-/// `text` in `box`, in `family` at `points`, smaller where it takes that to fit.
+/// `text` in `box`, in `family` at `points`, smaller where it takes that to fit into the width.
 void drawFitted(QPainter &painter, const QRect &box, int flags, const QString &text, int points, qreal scale,
     bool bold = false, const QString &family = QStringLiteral("Arial"));
 
