@@ -7,6 +7,8 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 namespace {
 
 using Item = DataFigures::Item;
@@ -19,7 +21,6 @@ constexpr QRgb orange = qRgb(255, 127, 0);
 constexpr QRgb magenta = qRgb(255, 0, 255);
 constexpr QRgb white = qRgb(255, 255, 255);
 
-constexpr int statisticsLetter = 'B';
 constexpr int slopeSettled = 90; // s; earlier the slope means nothing
 constexpr double chargePerAmpereHour = 360000000.0; // per cent x mA x s
 
@@ -66,6 +67,15 @@ QString slopeText(int slope)
     return slope == noVoltageSlope ? FigureText::shortDashes() : QString::number(slope);
 }
 
+/// Index of the first cell at `voltage`, 0 when none is.
+int cellAt(int voltage, const Varnel3Data &record)
+{
+    const auto end = record.cells + record.cellsPresent();
+    const auto found = std::find_if(
+        record.cells + 0, end, [voltage](const CellData &cell) { return cell.voltage == voltage; });
+    return found == end ? 0 : int(found - record.cells);
+}
+
 QString cellNote(int index)
 {
     return translated(QT_TRANSLATE_NOOP("DataDisplay", "cell %1")).arg(index + 1);
@@ -103,7 +113,7 @@ void DataFigures::show(const Varnel3Data &record, const View &view, const CellRe
         m_texts[Mode] = translated(modeTexts[record.mode]);
     m_cellTexts.fill(QString());
 
-    if (!view.statistics || record.flag5 != statisticsLetter) {
+    if (!view.statistics || !record.hasCellData()) {
         showNormal(record);
         return;
     }
@@ -144,8 +154,8 @@ void DataFigures::showStatistics(const Varnel3Data &record)
     m_texts[Current] = FigureText::volts(record.cellMax, 5, 3);
     m_texts[Capacity] = FigureText::volts(record.cellMin, 5, 3);
     m_texts[Temperature] = FigureText::fixed((double(record.cellMax) - record.cellMin) / 1000.0, 5, 3);
-    m_texts[MaxCellNote] = cellNote(cellOfHighestVoltage(record));
-    m_texts[MinCellNote] = cellNote(cellOfLowestVoltage(record));
+    m_texts[MaxCellNote] = cellNote(cellAt(record.cellMax, record));
+    m_texts[MinCellNote] = cellNote(cellAt(record.cellMin, record));
 }
 
 void DataFigures::showCells(const Varnel3Data &record, int energyMode)

@@ -5,29 +5,6 @@
 #include <algorithm>
 #include <cmath>
 
-namespace {
-
-int firstCellAt(const Varnel3Data &record, int voltage)
-{
-    const int count = record.cellsPresent();
-    for (int i = 0; i < count; ++i)
-        if (record.cells[i].voltage == voltage)
-            return i;
-    return 0;
-}
-
-} // namespace
-
-int cellOfHighestVoltage(const Varnel3Data &record)
-{
-    return firstCellAt(record, record.cellMax);
-}
-
-int cellOfLowestVoltage(const Varnel3Data &record)
-{
-    return firstCellAt(record, record.cellMin);
-}
-
 CellResistances resistancesOf(const Varnel3Data &record)
 {
     CellResistances resistances;

@@ -7,11 +7,6 @@ class Varnel3Data;
 /// Internal resistances of the cells, mOhm; 0 where none is known.
 using CellResistances = std::array<double, 16>;
 
-/// Index of the first cell that holds the record's highest cell voltage; 0 when none does.
-int cellOfHighestVoltage(const Varnel3Data &record);
-/// Index of the first cell that holds the record's lowest cell voltage; 0 when none does.
-int cellOfLowestVoltage(const Varnel3Data &record);
-
 /// The resistances of `record`'s cell slots, all of them.
 CellResistances resistancesOf(const Varnel3Data &record);
 
