@@ -58,20 +58,20 @@ private:
     GraphZoom zoom() const { return child->picture(child->size()).zoom; }
     int lastShownTime() const { return host->shown.isEmpty() ? -1 : host->shown.last().record.time; }
 
-    FakeHost *host = nullptr;
+    FakeGraphHost *host = nullptr;
     MdiGraphChild *child = nullptr;
 };
 
 void TestGraphInteraction::init()
 {
-    host = new FakeHost;
+    host = new FakeGraphHost;
     child = new MdiGraphChild(host);
     child->resize(1000, 600); // plots from 40 to 900
     child->setWindowNumber(3);
     child->show();
     child->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(child));
-    load(recordings::lipoCharge(count, period));
+    load(samples::lipoCharge(count, period));
     host->current = child;
 }
 
@@ -211,7 +211,7 @@ void TestGraphInteraction::rectangleStaysInItsPlot()
     QTest::mouseRelease(child, Qt::LeftButton, Qt::NoModifier, QPoint(990, 590));
     QCOMPARE(zoom().times().high, 860.0);
     QVERIFY(zoom().share(PlotArea::Upper).low < 0.001);
-    load(recordings::lipoCharge(count, period));
+    load(samples::lipoCharge(count, period));
     QCOMPARE(with.copy(lower), child->grab().toImage().copy(lower)); // nothing was drawn there
 }
 
@@ -304,7 +304,7 @@ void TestGraphInteraction::dataShowsAll()
 {
     wheel(in(PlotArea::Upper, 0.5, 0.5), 3);
     QTest::mousePress(child, Qt::LeftButton, Qt::NoModifier, in(PlotArea::Upper, 0.5, 0.5));
-    child->addRecord(recordings::lipoCharge(1)[0]);
+    child->addRecord(samples::lipoCharge(1)[0]);
     QVERIFY(!zoom().isActive());
     QTest::mouseRelease(child, Qt::LeftButton, Qt::NoModifier, in(PlotArea::Upper, 0.9, 0.9));
     QVERIFY(!zoom().isActive()); // the selection had ended
@@ -314,7 +314,7 @@ void TestGraphInteraction::heldViewStays()
 {
     const QPoint middle = in(PlotArea::Upper, 0.5, 0.5);
     const auto add = [this] {
-        Varnel3Data record = recordings::lipoCharge(1)[0];
+        Varnel3Data record = samples::lipoCharge(1)[0];
         record.current = 9000; // far beyond the axis
         record.setTime(child->store().records().last().time + period);
         child->addRecord(record);
@@ -349,7 +349,7 @@ void TestGraphInteraction::heldViewStays()
 // Half of the recording, and then it once more.
 void TestGraphInteraction::clockThatWasSetBack()
 {
-    RecordList records = recordings::lipoCharge(count, period);
+    RecordList records = samples::lipoCharge(count, period);
     for (int i = 0; i < count; ++i)
         records[i].setTime((i < 30 ? i : i - 30) * period);
     load(std::move(records)); // 0..290, 0..560
@@ -478,7 +478,7 @@ void TestGraphInteraction::fewRecordsAreSafe_data()
 void TestGraphInteraction::fewRecordsAreSafe()
 {
     QFETCH(int, records);
-    load(recordings::lipoCharge(records));
+    load(samples::lipoCharge(records));
     const QPoint middle = in(PlotArea::Upper, 0.5, 0.5);
     hover(middle);
     wheel(middle, 3);

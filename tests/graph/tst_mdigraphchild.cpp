@@ -50,9 +50,9 @@ private slots:
 
 void TestMdiGraphChild::titleFollowsTheFile()
 {
-    FakeHost host;
+    FakeGraphHost host;
     MdiGraphChild child(&host);
-    const RecordList records = recordings::nimhDischarge(3);
+    const RecordList records = samples::nimhDischarge(3);
     QCOMPARE(child.windowTitle(), QStringLiteral("No file name"));
     child.setFileName(QStringLiteral("COM7"));
     QCOMPARE(child.windowTitle(), QStringLiteral("No file name COM7*"));
@@ -75,10 +75,10 @@ void TestMdiGraphChild::titleFollowsTheFile()
 
 void TestMdiGraphChild::tellsEachRecord()
 {
-    FakeHost host;
+    FakeGraphHost host;
     MdiGraphChild child(&host);
     child.setWindowNumber(4);
-    RecordList records = recordings::nimhDischarge(11);
+    RecordList records = samples::nimhDischarge(11);
     for (int i = 0; i < records.size(); ++i)
         child.addRecord(records[i]);
     QCOMPARE(host.messages, QStringList{QStringLiteral("Device: Varnel 2+ 3000")});
@@ -90,10 +90,10 @@ void TestMdiGraphChild::tellsEachRecord()
 
 void TestMdiGraphChild::flagsLostResistance()
 {
-    FakeHost host;
+    FakeGraphHost host;
     MdiGraphChild child(&host);
     host.current = &child;
-    RecordList records = recordings::lipoCharge(5);
+    RecordList records = samples::lipoCharge(5);
     for (int i : {2, 4})
         records[i].cells[0].resistance = 0.0;
     ViewSwitches switches;
@@ -103,21 +103,21 @@ void TestMdiGraphChild::flagsLostResistance()
         child.addRecord(records[i]);
     }
     QVector<bool> flags;
-    for (const FakeHost::Shown &shown : std::as_const(host.shown))
+    for (const FakeGraphHost::Shown &shown : std::as_const(host.shown))
         flags.append(shown.useKeptRi);
     QCOMPARE(flags, (QVector<bool>{false, false, true, false, false}));
 }
 
 void TestMdiGraphChild::showsRecordsWhileCurrent()
 {
-    FakeHost host;
+    FakeGraphHost host;
     MdiGraphChild child(&host);
     child.setWindowNumber(2);
     child.showNewest(); // nothing to show
     host.current = &child;
     child.showNewest();
     QVERIFY(host.shown.isEmpty());
-    child.addRecord(recordings::lipoCharge(1)[0]);
+    child.addRecord(samples::lipoCharge(1)[0]);
     QCOMPARE(host.shown.size(), 1);
     QCOMPARE(host.shown[0].number, 2);
     child.showNewest();
@@ -127,10 +127,10 @@ void TestMdiGraphChild::showsRecordsWhileCurrent()
 
 void TestMdiGraphChild::showsItsDv()
 {
-    FakeHost host;
+    FakeGraphHost host;
     MdiGraphChild child(&host);
     host.current = &child;
-    Varnel3Data record = recordings::lipoCharge(1)[0];
+    Varnel3Data record = samples::lipoCharge(1)[0];
     record.voltage = 20000;
     for (int i = 0; i < 60; ++i, record.voltage += 7)
         child.addRecord(record);
@@ -142,7 +142,7 @@ void TestMdiGraphChild::showsItsDv()
 
 void TestMdiGraphChild::liveWhileAReaderFeeds()
 {
-    FakeHost host;
+    FakeGraphHost host;
     FakeLink link;
     MdiGraphChild child(&host);
     QVERIFY(!child.isLive());
@@ -160,7 +160,7 @@ void TestMdiGraphChild::liveWhileAReaderFeeds()
 
 void TestMdiGraphChild::closingDetaches()
 {
-    FakeHost host;
+    FakeGraphHost host;
     FakeLink link;
     QPointer<MdiGraphChild> child = new MdiGraphChild(&host);
     child->attachReader(&link);
@@ -168,7 +168,7 @@ void TestMdiGraphChild::closingDetaches()
     child->close();
     QCOMPARE(host.closed.size(), 1);
     QCOMPARE(link.detached, 1);
-    child->addRecord(recordings::lipoCharge(1)[0]); // on its way out
+    child->addRecord(samples::lipoCharge(1)[0]); // on its way out
     QCOMPARE(host.voltageUpdates, 0);
     QTRY_VERIFY(child.isNull());
     QCOMPARE(link.detached, 1);
@@ -176,11 +176,11 @@ void TestMdiGraphChild::closingDetaches()
 
 void TestMdiGraphChild::loadsAFile()
 {
-    FakeHost host;
+    FakeGraphHost host;
     MdiGraphChild child(&host);
     host.current = &child;
     SeriesStore store;
-    store.load(recordings::lipoCharge(30));
+    store.load(samples::lipoCharge(30));
     child.load(std::move(store), QStringLiteral("/data/old.acp"));
     QCOMPARE(child.windowTitle(), QStringLiteral("/data/old.acp"));
     QVERIFY(!child.hasUnsavedData());
@@ -193,13 +193,13 @@ void TestMdiGraphChild::loadsAFile()
 
 void TestMdiGraphChild::resistanceLineIsShownAgain()
 {
-    FakeHost host;
+    FakeGraphHost host;
     MdiGraphChild child(&host);
     host.current = &child;
     const QString line = QStringLiteral("!34") + QStringLiteral(",10").repeated(15);
     child.applyResistanceLine(line);
     QVERIFY(host.shown.isEmpty());
-    child.addRecord(recordings::lipoCharge(1)[0]);
+    child.addRecord(samples::lipoCharge(1)[0]);
     child.applyResistanceLine(line);
     QCOMPARE(host.shown.size(), 2);
     QCOMPARE(host.shown[1].record.cells[0].resistance, 3.4);
@@ -218,12 +218,12 @@ void TestMdiGraphChild::showsHowItsProcessEnded_data()
 void TestMdiGraphChild::showsHowItsProcessEnded()
 {
     QFETCH(char, letter);
-    FakeHost host;
+    FakeGraphHost host;
     QMdiArea area;
     auto *child = new MdiGraphChild(&host);
     QMdiSubWindow *frame = area.addSubWindow(child);
     const qint64 before = frame->windowIcon().cacheKey();
-    Varnel3Data record = recordings::lipoCharge(1)[0];
+    Varnel3Data record = samples::lipoCharge(1)[0];
     child->addRecord(record);
     record.flag3 = letter;
     child->addRecord(record);
@@ -234,7 +234,7 @@ void TestMdiGraphChild::showsHowItsProcessEnded()
 
 void TestMdiGraphChild::repaintsSparingly()
 {
-    FakeHost host;
+    FakeGraphHost host;
     MdiGraphChild child(&host);
     child.show();
     QVERIFY(QTest::qWaitForWindowExposed(&child));
@@ -242,7 +242,7 @@ void TestMdiGraphChild::repaintsSparingly()
     PaintCounter painted(&child);
     QElapsedTimer timer;
     timer.start();
-    const RecordList records = recordings::lipoCharge(100);
+    const RecordList records = samples::lipoCharge(100);
     for (int i = 0; i < records.size(); ++i) {
         child.addRecord(records[i]);
         QTest::qWait(5);
@@ -257,7 +257,7 @@ void TestMdiGraphChild::repaintsSparingly()
 
 void TestMdiGraphChild::switchesRepaint()
 {
-    FakeHost host;
+    FakeGraphHost host;
     MdiGraphChild child(&host);
     child.show();
     QVERIFY(QTest::qWaitForWindowExposed(&child));
@@ -270,7 +270,7 @@ void TestMdiGraphChild::switchesRepaint()
 
 void TestMdiGraphChild::coveredWindowsCostNothing()
 {
-    FakeHost host;
+    FakeGraphHost host;
     QMdiArea area;
     area.resize(800, 600);
     area.show();
@@ -283,7 +283,7 @@ void TestMdiGraphChild::coveredWindowsCostNothing()
     QVERIFY(QTest::qWaitForWindowExposed(&area));
     QTest::qWait(150);
     PaintCounter painted(below);
-    const RecordList records = recordings::lipoCharge(20);
+    const RecordList records = samples::lipoCharge(20);
     for (int i = 0; i < records.size(); ++i)
         below->addRecord(records[i]);
     QTest::qWait(250);
@@ -294,21 +294,21 @@ void TestMdiGraphChild::coveredWindowsCostNothing()
 
 void TestMdiGraphChild::notesSilence()
 {
-    FakeHost host;
+    FakeGraphHost host;
     MdiGraphChild child(&host);
-    child.addRecord(recordings::lipoCharge(1)[0]);
+    child.addRecord(samples::lipoCharge(1)[0]);
     const QDateTime since(QDate(2026, 2, 3), QTime(9, 5, 7));
     child.setSilentSince(since);
     QCOMPARE(child.picture(QSize(300, 200)).note, QStringLiteral("No line since 09:05:07"));
     for (char mark : {'_', 'E'}) { // of a device that sends no end: no current, or a trickle after that
-        Varnel3Data ended = recordings::lipoCharge(1)[0];
+        Varnel3Data ended = samples::lipoCharge(1)[0];
         ended.flag4 = mark;
         ended.current = mark == 'E' ? 50 : 0;
         child.addRecord(ended);
         child.setSilentSince(since);
         QCOMPARE(child.picture(QSize(300, 200)).note, QStringLiteral("Ended or silent since 09:05:07"));
     }
-    child.addRecord(recordings::lipoCharge(1)[0]);
+    child.addRecord(samples::lipoCharge(1)[0]);
     QCOMPARE(child.picture(QSize(300, 200)).note, QString());
     child.setSilentSince(QDateTime());
     QCOMPARE(child.picture(QSize(300, 200)).note, QString());

@@ -9,7 +9,7 @@
 #include <QVector>
 
 /// A shell of which a test sees everything that a graph window asks.
-class FakeHost : public QObject, public GraphHost {
+class FakeGraphHost : public QObject, public GraphHost {
     Q_OBJECT
 
 public:

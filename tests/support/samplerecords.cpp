@@ -38,7 +38,7 @@ void completeCells(Varnel3Data *record)
 
 } // namespace
 
-RecordList recordings::lipoCharge(int count, int period)
+RecordList samples::lipoCharge(int count, int period)
 {
     RecordList records;
     for (int n = 0; n < count; ++n) {
@@ -63,7 +63,7 @@ RecordList recordings::lipoCharge(int count, int period)
     return records;
 }
 
-RecordList recordings::nimhDischarge(int count, int period)
+RecordList samples::nimhDischarge(int count, int period)
 {
     RecordList records;
     for (int n = 0; n < count; ++n) {
@@ -78,7 +78,7 @@ RecordList recordings::nimhDischarge(int count, int period)
     return records;
 }
 
-RecordList recordings::tandorRun(int count)
+RecordList samples::tandorRun(int count)
 {
     RecordList records;
     for (int n = 0; n < count; ++n) {
