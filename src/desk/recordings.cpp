@@ -61,7 +61,7 @@ QString Recordings::nameFor(const MdiGraphChild *child) const
 {
     const QString fileName = fileOf(child);
     const QString name = QFileInfo(fileName.isEmpty() ? m_names.value(child) : fileName).completeBaseName();
-    return name.isEmpty() ? child->fileName() : name;
+    return name.isEmpty() ? child->portName() : name;
 }
 
 bool Recordings::keepsAll(const MdiGraphChild *child) const

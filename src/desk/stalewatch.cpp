@@ -61,8 +61,8 @@ void StaleWatch::lookAt(const QDateTime &now, qint64 steady)
         const QDateTime since = staleSince(child);
         child->setSilentSince(since);
         if (since.isValid())
-            silent.insert(child->fileName(),
-                tr("%1: no line since %2").arg(child->fileName(), QLocale().toString(since.time())));
+            silent.insert(child->portName(),
+                tr("%1: no line since %2").arg(child->portName(), QLocale().toString(since.time())));
     }
     facts->replace(StatusFacts::Silent, silent);
     if (silent != told)

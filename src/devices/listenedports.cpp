@@ -122,11 +122,11 @@ void ListenedPorts::pauseOrResume(MdiGraphChild *active)
 
 void ListenedPorts::pause(MdiGraphChild *active)
 {
-    if (!active || m_readers.isEmpty() || !active->isLive() || active->fileName().isEmpty()) {
+    if (!active || m_readers.isEmpty() || !active->isLive() || active->portName().isEmpty()) {
         emit message(reasonAgainstPause(active != nullptr, !m_readers.isEmpty()), messageTime);
         return;
     }
-    pendingPort = active->fileName();
+    pendingPort = active->portName();
     if (SerialReader *reader = readerFor(pendingPort))
         remove(reader, true);
     facts->set(StatusFacts::Paused, pendingPort);

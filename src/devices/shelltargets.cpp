@@ -22,7 +22,7 @@ SerialReader *ShellTargets::activeReader() const
 
 QString ShellTargets::activePort() const
 {
-    return graphs->current() ? graphs->current()->fileName() : QString();
+    return graphs->current() ? graphs->current()->portName() : QString();
 }
 
 bool ShellTargets::stopActiveProcess()

@@ -22,8 +22,8 @@ constexpr int leastRecords = 2; // a file of fewer holds no data; a journal of f
 QString nameOf(const MdiGraphChild *child)
 {
     const QString name = QString::number(child->windowNumber());
-    return child->fileName().isEmpty() ? name
-                                       : name + QStringLiteral(" (") + child->fileName() + QLatin1Char(')');
+    return child->portName().isEmpty() ? name
+                                       : name + QStringLiteral(" (") + child->portName() + QLatin1Char(')');
 }
 
 /// Neither need exist. Systems differ on case: told apart by it alone they count as the same.

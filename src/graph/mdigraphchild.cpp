@@ -99,7 +99,7 @@ void MdiGraphChild::setWindowNumber(int number)
 
 QString MdiGraphChild::sourceName() const
 {
-    return (QFileInfo(m_baseTitle).fileName() + QLatin1Char(' ') + m_fileName).trimmed();
+    return (QFileInfo(m_dataFile).fileName() + QLatin1Char(' ') + m_portName).trimmed();
 }
 
 bool MdiGraphChild::stopProcess()
@@ -163,7 +163,7 @@ void MdiGraphChild::load(SeriesStore store, const QString &fileName)
         showProcessEnd(m_store.records().last().processEnd());
     if (m_store.size() > 1) {
         m_neverSaved = false;
-        m_baseTitle = fileName;
+        m_dataFile = fileName;
         setTitle(fileName);
         showNewest();
     }
@@ -172,13 +172,13 @@ void MdiGraphChild::load(SeriesStore store, const QString &fileName)
 
 void MdiGraphChild::markSaved(const QString &fileName, int records)
 {
-    if (m_baseTitle.isEmpty()) {
-        m_baseTitle = fileName;
-        setTitle(m_baseTitle);
+    if (m_dataFile.isEmpty()) {
+        m_dataFile = fileName;
+        setTitle(m_dataFile);
     }
     const bool more = m_store.size() > records;
     if (m_unsavedData)
-        setTitle(m_baseTitle + QLatin1Char(' ') + m_fileName + (more ? QStringLiteral("*") : QString()));
+        setTitle(m_dataFile + QLatin1Char(' ') + m_portName + (more ? QStringLiteral("*") : QString()));
     m_unsavedData = more;
     m_neverSaved = false;
 }
@@ -240,11 +240,11 @@ void MdiGraphChild::attachReader(DeviceLink *reader)
     m_reader = reader;
 }
 
-void MdiGraphChild::setFileName(const QString &name)
+void MdiGraphChild::setPortName(const QString &name)
 {
-    m_fileName = name;
+    m_portName = name;
     if (m_neverSaved)
-        setTitle(tr("No file name") + QLatin1Char(' ') + m_fileName + QLatin1Char('*'));
+        setTitle(tr("No file name") + QLatin1Char(' ') + m_portName + QLatin1Char('*'));
 }
 
 void MdiGraphChild::setTitle(const QString &title)
@@ -270,7 +270,7 @@ void MdiGraphChild::addRecord(const Varnel3Data &record)
     m_silentSince = QDateTime();
     showProcessEnd(record.processEnd());
     if (!m_neverSaved)
-        setTitle(m_baseTitle + QLatin1Char(' ') + m_fileName + QLatin1Char('*'));
+        setTitle(m_dataFile + QLatin1Char(' ') + m_portName + QLatin1Char('*'));
     m_unsavedData = true;
     tellCapacity();
     showNewest();

@@ -27,7 +27,8 @@ public:
     /// Number on the badge and in everything that the window tells; 0 until it is given one.
     int windowNumber() const { return m_windowNumber; }
     void setWindowNumber(int number);
-    QString fileName() const { return m_fileName; }
+    /// Of a live recording, its last one after it has ended; empty for what comes from a file.
+    QString portName() const { return m_portName; }
     /// Where the records come from: name of the data file, without its folder,
     /// and of the port; empty for neither.
     QString sourceName() const;
@@ -60,7 +61,7 @@ public:
 
     // RecordingWindow
     void attachReader(DeviceLink *reader) override;
-    void setFileName(const QString &name) override;
+    void setPortName(const QString &port) override;
     void addRecord(const Varnel3Data &record) override;
     void applyResistanceLine(const QString &line) override;
     void finishRecording() override;
@@ -117,8 +118,8 @@ private:
     QString m_titleTip;
     int m_windowNumber = 0;
     double m_scale = 1.0; // wanted
-    QString m_baseTitle;
-    QString m_fileName;
+    QString m_dataFile; // path of that which holds the records; empty while none does
+    QString m_portName;
     bool m_neverSaved = true;
     bool m_unsavedData = false;
     QTimer m_repaintTimer;

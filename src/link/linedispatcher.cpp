@@ -115,7 +115,7 @@ void LineDispatcher::startRecording()
     m_newProcess = false;
     m_window->attachReader(m_link);
     m_idleTicks = 0;
-    m_window->setFileName(m_link->portName());
+    m_window->setPortName(m_link->portName());
     setClockOnce(ReaderHost::ProcessStart);
 }
 

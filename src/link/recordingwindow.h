@@ -12,8 +12,8 @@ public:
 
     /// The window is live from now on. `reader` outlives the recording or ends it with finishRecording().
     virtual void attachReader(DeviceLink *reader) = 0;
-    /// Name shown beside the title while nothing was saved; the port's name for a live recording.
-    virtual void setFileName(const QString &name) = 0;
+    /// The name of the port that the records come from, which the title shows.
+    virtual void setPortName(const QString &name) = 0;
     /// Stores a copy of `record`.
     virtual void addRecord(const Varnel3Data &record) = 0;
     /// Applies a '!' line to the newest record and refreshes; without a record nothing happens.

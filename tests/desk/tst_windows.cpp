@@ -247,7 +247,7 @@ void TestWindows::graphOnPaper()
         child->addRecord(Lines::record(i));
     const PrintJob job = graphPrintJob(child, QStringLiteral("run"));
     QVERIFY2(job.details.startsWith(QStringLiteral("1: Varnel 3, ")), qPrintable(job.details));
-    child->setFileName(QStringLiteral("COM3"));
+    child->setPortName(QStringLiteral("COM3"));
     child->markSaved(QStringLiteral("/some/where/run.acp"), child->store().size());
     const QString named = graphPrintJob(child, QStringLiteral("run")).details;
     QVERIFY2(named.startsWith(QStringLiteral("1: Varnel 3 run.acp COM3, ")), qPrintable(named));

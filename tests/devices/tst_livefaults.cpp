@@ -67,7 +67,7 @@ QVector<const MdiGraphChild *> TestLiveFaults::recordingsOf(const char *port) co
     QVector<const MdiGraphChild *> found;
     const auto children = window->mdiChildren();
     for (const MdiGraphChild *child : children) {
-        if (child->fileName() == QLatin1String(port))
+        if (child->portName() == QLatin1String(port))
             found.append(child);
     }
     return found;

@@ -62,7 +62,7 @@ void TestUnsavedWindows::send(size_t port, int from, int count)
     const auto arrived = [&] {
         const auto children = window->mdiChildren();
         return std::any_of(children.begin(), children.end(), [&](const MdiGraphChild *child) {
-            return child->fileName() == plugged[port]->portName()
+            return child->portName() == plugged[port]->portName()
                 && child->store().records().last().time == from + count - 1;
         });
     };

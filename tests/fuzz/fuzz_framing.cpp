@@ -23,7 +23,7 @@ namespace {
 class Recorder : public RecordingWindow {
 public:
     void attachReader(DeviceLink *) override { live = true; }
-    void setFileName(const QString &) override { }
+    void setPortName(const QString &) override { }
     void addRecord(const Varnel3Data &record) override
     {
         check(live, "records go to live recordings");

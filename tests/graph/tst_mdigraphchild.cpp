@@ -54,7 +54,7 @@ void TestMdiGraphChild::titleFollowsTheFile()
     MdiGraphChild child(&host);
     const RecordList records = samples::nimhDischarge(3);
     QCOMPARE(child.windowTitle(), QStringLiteral("No file name"));
-    child.setFileName(QStringLiteral("COM7"));
+    child.setPortName(QStringLiteral("COM7"));
     QCOMPARE(child.windowTitle(), QStringLiteral("No file name COM7*"));
     child.addRecord(records[0]);
     QCOMPARE(child.windowTitle(), QStringLiteral("No file name COM7*"));

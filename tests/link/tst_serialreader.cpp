@@ -154,7 +154,7 @@ void SerialReaderTest::keepsEveryLine()
     device->send(sent(resistanceLine()));
     expected.append(QStringLiteral("!"));
     QTRY_COMPARE(recordings(), QVector<Recording>({expected}));
-    QCOMPARE(shell->windows[0]->fileName, port);
+    QCOMPARE(shell->windows[0]->portName, port);
     reader->stop();
     QCOMPARE(shell->windows[0]->link, nullptr);
     QVERIFY(!reader->isOpen());

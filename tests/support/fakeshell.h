@@ -19,13 +19,13 @@ using Recording = QStringList;
 class FakeWindow : public RecordingWindow {
 public:
     void attachReader(DeviceLink *reader) override { link = reader; }
-    void setFileName(const QString &name) override { fileName = name; }
+    void setPortName(const QString &name) override { portName = name; }
     void addRecord(const Varnel3Data &record) override;
     void applyResistanceLine(const QString &line) override;
     void finishRecording() override;
 
     DeviceLink *link = nullptr;
-    QString fileName;
+    QString portName;
     Recording recording;
 };
 

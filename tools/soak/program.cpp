@@ -87,7 +87,7 @@ LineCounts Program::records() const
     LineCounts counts;
     const QList<MdiGraphChild *> children = m_window->mdiChildren();
     for (const MdiGraphChild *child : children)
-        counts[child->fileName()] += child->store().size();
+        counts[child->portName()] += child->store().size();
     return counts;
 }
 
