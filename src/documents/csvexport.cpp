@@ -169,9 +169,8 @@ void writeRecord(Row &row, const SeriesStore &store, int index, const Varnel3Dat
 CsvRows::CsvRows(const SeriesStore &store)
     : m_store(store)
     , m_count(store.size())
+    , m_markedFrom(store.markedFrom())
 {
-    if (m_count > 0)
-        m_last = store.records().last();
 }
 
 bool CsvRows::writeNext(QIODevice &device)
@@ -202,7 +201,9 @@ bool CsvRows::writeRows(QIODevice &device)
         m_next = 0;
     }
     for (; m_next < m_count && row.bytes.size() < pieceSize; ++m_next) {
-        const Varnel3Data &record = m_next == m_count - 1 ? m_last : m_store.records()[m_next];
+        Varnel3Data record = m_store.records()[m_next];
+        if (m_next >= m_markedFrom)
+            record.flag4 = EndMark::letter;
         writeRecord(row, m_store, m_next, record, m_cells);
     }
     return writeAllBytes(device, row.bytes.constData(), row.bytes.size());

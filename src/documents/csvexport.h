@@ -2,8 +2,6 @@
 
 #include "files/filepieces.h"
 
-#include "data/varnel3data.h"
-
 class SeriesStore;
 
 /// A recording as comma-separated values for other programs: one header row with units, then one row a
@@ -27,7 +25,7 @@ private:
 
     const SeriesStore &m_store;
     const int m_count;
-    Varnel3Data m_last; // of those; a record that follows may put its mark into it
+    const int m_markedFrom; // as it was then
     int m_looked = 0; // records whose cells were counted, so that the header knows the widest
     int m_cells = 0; // of the widest record
     int m_next = notBegun; // record to be written

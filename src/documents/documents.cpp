@@ -236,7 +236,7 @@ void Documents::save(MdiGraphChild *child, const QString &fileName, const std::f
         done(false);
         return;
     }
-    auto lines = std::make_unique<RecordLines>(child->store().records());
+    auto lines = std::make_unique<RecordLines>(child->store().records(), child->store().markedFrom());
     const RecordLines *const written = lines.get();
     writer->add(fileName, std::move(lines), [=](const WriteOutcome &outcome) {
         finishSave(child, fileName, *written, outcome);

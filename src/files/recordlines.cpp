@@ -13,13 +13,12 @@ constexpr int bufferSize = 256 * 1024;
 
 } // namespace
 
-RecordLines::RecordLines(const RecordList &records)
+RecordLines::RecordLines(const RecordList &records, int markedFrom)
     : m_records(records)
     , m_count(records.size())
+    , m_markedFrom(markedFrom)
     , m_buffer(new char[bufferSize])
 {
-    if (m_count > 0)
-        m_last = records.last();
 }
 
 RecordLines::~RecordLines() = default;
@@ -29,7 +28,9 @@ bool RecordLines::writeNext(QIODevice &device)
     char *const begin = m_buffer.get();
     char *out = begin;
     for (; !atEnd() && out - begin <= bufferSize - maxRecordLineLength; ++m_next) {
-        const Varnel3Data &record = m_next == m_count - 1 ? m_last : m_records[m_next];
+        Varnel3Data record = m_records[m_next];
+        if (m_next >= m_markedFrom)
+            record.flag4 = 'E';
         m_unreadable += !isRecordLineReadable(record);
         out = writeRecordLine(out, record);
         std::memcpy(out, lineEnd, size_t(lineEndLength));

@@ -2,8 +2,7 @@
 
 #include "files/filepieces.h"
 
-#include "data/varnel3data.h"
-
+#include <limits>
 #include <memory>
 
 class RecordList;
@@ -11,8 +10,9 @@ class RecordList;
 /// What a data file is to hold: each record as one line.
 class RecordLines : public FilePieces {
 public:
-    /// `records` outlives this. It may grow meanwhile; what it holds now is written.
-    explicit RecordLines(const RecordList &records);
+    /// `records` outlives this. It may grow meanwhile; what it holds now is written. Those from `markedFrom` on
+    /// get an end mark.
+    explicit RecordLines(const RecordList &records, int markedFrom = std::numeric_limits<int>::max());
     ~RecordLines() override;
     RecordLines(const RecordLines &) = delete;
     RecordLines &operator=(const RecordLines &) = delete;
@@ -28,7 +28,7 @@ public:
 private:
     const RecordList &m_records;
     const int m_count;
-    Varnel3Data m_last; // of those; a record that follows may put its mark into it
+    const int m_markedFrom;
     int m_next = 0;
     int m_unreadable = 0;
     std::unique_ptr<char[]> m_buffer;

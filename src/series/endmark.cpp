@@ -4,25 +4,21 @@
 
 void EndMark::begin(int device)
 {
+    *this = EndMark();
     m_sendsLetter = device != Varnel3Data::Varnel2Plus && device != Varnel3Data::Varnel2;
-    m_isMarked = false;
-    m_first = -1;
 }
 
-void EndMark::addNewest(RecordList *records)
+void EndMark::addNewest(const RecordList &records)
 {
-    RecordList &all = *records;
-    const int newest = all.size() - 1;
-    if (m_isMarked) {
-        all[newest].flag4 = 'E';
-    } else if (!m_sendsLetter && all.size() >= recordsForMark() && all[newest].current != 0
-        && all[newest - 1].current == 0 && all[newest - 2].current != 0) {
-        m_isMarked = true;
-        all[newest - 1].flag4 = 'E';
-        all[newest].flag4 = 'E';
-        addLoaded(all, newest - 1);
+    const int newest = records.size() - 1;
+    if (!m_sendsLetter && newest < m_markedFrom && records.size() >= recordsForMark()
+        && records[newest].current != 0 && records[newest - 1].current == 0
+        && records[newest - 2].current != 0) {
+        m_markedFrom = newest - 1;
+        if (m_first < 0)
+            m_first = m_markedFrom;
     }
-    addLoaded(all, newest);
+    addLoaded(records, newest);
 }
 
 void EndMark::addLoaded(const RecordList &records, int index)
@@ -33,5 +29,6 @@ void EndMark::addLoaded(const RecordList &records, int index)
 
 void EndMark::goOn(const RecordList &records)
 {
-    m_isMarked = !m_sendsLetter && records.last().flag4 == 'E';
+    if (!m_sendsLetter && records.last().flag4 == letter)
+        m_markedFrom = records.size();
 }

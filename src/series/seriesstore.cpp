@@ -45,7 +45,7 @@ void SeriesStore::append(const Varnel3Data &record)
     noteResistances(record);
     completeNewest();
     m_points.addNewest(m_records);
-    m_end.addNewest(&m_records);
+    m_end.addNewest(m_records);
     m_records.last().balancedMah = m_records.last().maxBalanceChargeMah();
     m_revision = nextRevision();
 }
@@ -151,6 +151,15 @@ SeriesStore::Capacity SeriesStore::capacity() const
     const bool marked = hasCapacity && size() >= EndMark::recordsForMark() && m_end.first() >= 0;
     capacity.energyAtMark = marked ? m_records[m_end.first()].energy : capacity.energyNow;
     return capacity;
+}
+
+Varnel3Data SeriesStore::record(int index) const
+{
+    Varnel3Data record = m_records[index];
+    if (index >= m_end.markedFrom())
+        record.flag4 = EndMark::letter;
+    record.voltageSlope = slopeAt(index);
+    return record;
 }
 
 int SeriesStore::slopeAt(int index) const

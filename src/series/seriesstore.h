@@ -19,7 +19,13 @@ public:
 
     int size() const { return m_records.size(); }
     bool isEmpty() const { return m_records.isEmpty(); }
+    /// The records as their device has sent them, each completed when it came and the same from then on, but
+    /// for the resistances that a '!' line gives the newest one.
     const RecordList &records() const { return m_records; }
+    /// Record `index` as it is shown: with the end mark and the dV that those after it and before it make.
+    Varnel3Data record(int index) const;
+    /// Records from this one on, and for those only, a file gets the end letter that their device did not send.
+    int markedFrom() const { return m_end.markedFrom(); }
     /// Device code of the first record.
     int device() const { return m_device; }
     /// A view on a series, with a point for each record; cell series only where there are such.
@@ -35,8 +41,6 @@ public:
     Capacity capacity() const;
     /// What the resistance of `cell`, from 0 on, was when a line gave it last, in mOhm; 0 while none has.
     double knownResistance(int cell) const { return m_resistances[cell]; }
-    /// dV at record `index` in whole mV/min; noVoltageSlope where there is none yet.
-    int slopeAt(int index) const;
     /// The newest record lacks the resistance of its first cell, which its predecessor had.
     bool newestLacksResistance() const;
     /// Another one after every record and every load, and never that of another store with records.
@@ -66,6 +70,7 @@ private:
     void completeNewest();
     void goOnLive(const Varnel3Data &record);
     void noteResistances(const Varnel3Data &record);
+    int slopeAt(int index) const;
 
     RecordList m_records;
     DerivedPoints m_points;

@@ -148,11 +148,12 @@ private:
     qint64 m_accumulator = 0;
 };
 
-RecordList copyOf(const RecordList &records, int count)
+// With the end marks that a file of them would have.
+RecordList savedRecords(const SeriesStore &store)
 {
     RecordList copy;
-    for (int i = 0; i < count; ++i)
-        copy.appendNew() = records[i];
+    for (int i = 0; i < store.size(); ++i)
+        copy.appendNew() = store.record(i);
     return copy;
 }
 
@@ -209,7 +210,7 @@ void TestSeriesLoad::loadsAsAppended()
         for (int i = 0; i < count; ++i)
             live.append(maker.next());
         SeriesStore loaded;
-        loadInPieces(&loaded, copyOf(live.records(), count), &maker);
+        loadInPieces(&loaded, savedRecords(live), &maker);
         QVERIFY(loaded.revision() != revisionBefore && loaded.revision() != live.revision());
         revisionBefore = loaded.revision();
         LiteralResistance literal(loaded.records());
@@ -262,8 +263,8 @@ void TestSeriesLoad::compare(const SeriesStore &loaded, const SeriesStore &live,
     for (int cell = 0; cell < Varnel3Data::maxCells; ++cell)
         QCOMPARE(loaded.knownResistance(cell), live.knownResistance(cell));
     for (int i = 0; i < live.size(); ++i) {
-        const Varnel3Data &record = loaded.records()[i];
-        if (record.time != live.records()[i].time || record.flag4 != live.records()[i].flag4)
+        const Varnel3Data record = loaded.record(i);
+        if (record.time != live.record(i).time || record.flag4 != live.record(i).flag4)
             QFAIL(qPrintable(QStringLiteral("record %1").arg(i)));
     }
     for (int kind = 0; kind < SeriesStore::kindCount; ++kind) {

@@ -300,7 +300,7 @@ void TestSeriesStore::marksTheEnd()
     }
     QString flags;
     for (int i = 0; i < store.size(); ++i)
-        flags += QLatin1Char(store.records()[i].flag4);
+        flags += QLatin1Char(store.record(i).flag4);
     QTEST(flags, "flags");
 }
 
