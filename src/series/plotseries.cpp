@@ -14,6 +14,19 @@ constexpr int firstCapacities[] = {64, 512, 32768};
 
 } // namespace
 
+PlotSeries &PlotSeries::operator=(PlotSeries &&other) noexcept
+{
+    m_values = std::exchange(other.m_values, nullptr);
+    m_owned = std::move(other.m_owned);
+    m_size = std::exchange(other.m_size, 0);
+    m_capacity = std::exchange(other.m_capacity, 0);
+    m_minimum = other.m_minimum;
+    m_maximum = other.m_maximum;
+    other.restartExtremes();
+    m_blocks = std::exchange(other.m_blocks, {});
+    return *this;
+}
+
 void PlotSeries::fillFront(int end, double value)
 {
     const int filled = std::min(end, m_size);
@@ -90,16 +103,6 @@ void PlotSeries::useRoom(double *room, int points)
 {
     m_values = room;
     m_capacity = points;
-}
-
-void PlotSeries::clear()
-{
-    m_values = nullptr;
-    m_owned.reset();
-    m_blocks.clear();
-    m_size = 0;
-    m_capacity = 0;
-    restartExtremes();
 }
 
 void PlotSeries::grow()

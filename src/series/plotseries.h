@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <memory>
+#include <utility>
 #include <vector>
 
 /// One plot series: a growing array of values with their running extremes, and those of each
@@ -11,6 +12,14 @@
 /// the system can extend a block in place.
 class PlotSeries {
 public:
+    PlotSeries() = default;
+    ~PlotSeries() = default;
+    /// Leave a series without points behind.
+    PlotSeries(PlotSeries &&other) noexcept { *this = std::move(other); }
+    PlotSeries &operator=(PlotSeries &&other) noexcept;
+    PlotSeries(const PlotSeries &) = delete;
+    PlotSeries &operator=(const PlotSeries &) = delete;
+
     int size() const { return m_size; }
     bool isEmpty() const { return m_size == 0; }
     double operator[](int index) const { return m_values[index]; }
@@ -68,7 +77,6 @@ public:
     /// Lets a series without points use the `points` places at `room`, which outlive them or the series. It
     /// leaves them when they don't suffice.
     void useRoom(double *room, int points);
-    void clear();
 
 private:
     struct Release {

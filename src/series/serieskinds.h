@@ -2,7 +2,7 @@
 
 #include "data/varnel3data.h"
 
-/// The series of a recording, as a store and those who ask it name them.
+/// The series of a recording: names that its store and those who keep its points share by being such.
 class SeriesKinds {
 public:
     /// A point for each record. The cell series follow from Cell1 on.
@@ -24,4 +24,7 @@ public:
 
     /// Index of the first point of resistance and dV.
     static constexpr int firstResistance() { return 17; }
+
+protected:
+    SeriesKinds() = default;
 };
