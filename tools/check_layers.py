@@ -26,7 +26,7 @@ RULES = {
     "graph/curves": {"series"},
     "graph/scene": {"data", "settings", "series"},
     "graph/plot": {"data", "series", "graph/curves", "graph/scene"},
-    "graph": {"data", "settings", "series", "graph/scene", "graph/plot"},
+    "graph": {"data", "settings", "series", "widgets", "graph/scene", "graph/plot"},
     "displays": {"data", "settings", "widgets", "printing"},
     "dialogs": {"settings", "link", "ports", "widgets"},
     "desk": {"data", "settings", "journal", "files", "widgets", "printing", "graph", "displays"},

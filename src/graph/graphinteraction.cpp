@@ -54,10 +54,16 @@ void GraphInteraction::startAnew()
     endDrag();
 }
 
-void GraphInteraction::resize(const QSize &size)
+void GraphInteraction::resize(const QSize &size, double scale)
 {
-    m_view.resize(size);
+    m_scale = GraphLayout::fittingScale(size, scale);
+    m_view.resize(size / m_scale);
     m_selecting = false;
+}
+
+QPoint GraphInteraction::inPicture(const QPointF &position) const
+{
+    return (position / m_scale).toPoint();
 }
 
 int GraphInteraction::cellsInLegend() const
@@ -85,43 +91,45 @@ void GraphInteraction::press(const QMouseEvent *event)
 {
     if (!m_widget->isActiveWindow())
         return;
-    pointAt(event->pos());
-    const std::optional<PlotArea> area = m_view.areaAt(event->pos());
+    const QPoint position = inPicture(event->localPos());
+    pointAt(position);
+    const std::optional<PlotArea> area = m_view.areaAt(position);
     if (event->button() == Qt::LeftButton) {
-        if (pressLegend(event) || !area)
+        if (pressLegend(position, event->modifiers() & Qt::ControlModifier) || !area)
             return;
         m_selecting = true;
         m_area = *area;
-        m_selectionStart = event->pos();
-        m_rubberBand = QRect(event->pos(), event->pos() - QPoint(1, 1));
+        m_selectionStart = position;
+        m_rubberBand = QRect(position, position - QPoint(1, 1));
     } else if (event->button() == Qt::RightButton && zoom().isActive()) {
         m_dragging = true;
-        m_dragPoint = event->pos();
+        m_dragPoint = position;
         m_widget->setCursor(Qt::ClosedHandCursor);
     }
 }
 
-bool GraphInteraction::pressLegend(const QMouseEvent *event)
+bool GraphInteraction::pressLegend(const QPoint &position, bool toggle)
 {
     const int cells = cellsInLegend();
     if (cells < 0)
         return false;
-    const int cell = CellLegend(m_view.layout(), cells).cellAt(event->pos());
-    if (cell < 0 && event->x() < m_view.layout().legend().left()) // two columns begin left of it
+    const int cell = CellLegend(m_view.layout(), cells).cellAt(position);
+    if (cell < 0 && position.x() < m_view.layout().legend().left()) // two columns begin left of it
         return false;
-    m_cells.click(cell, event->modifiers() & Qt::ControlModifier);
+    m_cells.click(cell, toggle);
     return true;
 }
 
 void GraphInteraction::move(const QMouseEvent *event)
 {
+    const QPoint position = inPicture(event->localPos());
     if (event->buttons() == Qt::NoButton)
-        pointAt(event->pos());
+        pointAt(position);
     if (m_selecting)
-        select(event->pos());
+        select(position);
     if (m_dragging) {
-        m_view.moveBy(event->pos() - m_dragPoint, m_area);
-        m_dragPoint = event->pos();
+        m_view.moveBy(position - m_dragPoint, m_area);
+        m_dragPoint = position;
         m_widget->update();
     }
 }
@@ -135,15 +143,16 @@ void GraphInteraction::select(const QPoint &position)
 
 void GraphInteraction::release(const QMouseEvent *event)
 {
+    const QPoint position = inPicture(event->localPos());
     if (event->button() == Qt::RightButton) {
         endDrag();
     } else if (event->button() == Qt::LeftButton && m_selecting) {
         endSelection();
     } else if (event->button() == Qt::MiddleButton && m_widget->isActiveWindow()) {
         const bool out = event->modifiers() & Qt::ControlModifier;
-        stepZoom(out ? 1 / buttonFactor : buttonFactor, event->pos());
+        stepZoom(out ? 1 / buttonFactor : buttonFactor, position);
     }
-    pointAt(event->pos()); // what is under the pointer may have changed without its moving
+    pointAt(position); // what is under the pointer may have changed without its moving
 }
 
 void GraphInteraction::endSelection()
@@ -173,13 +182,14 @@ void GraphInteraction::endDrag()
 
 void GraphInteraction::doubleClick(const QMouseEvent *event)
 {
+    const QPoint position = inPicture(event->localPos());
     if (event->button() == Qt::RightButton)
         press(event); // of a drag that follows another one quickly
-    if (event->button() != Qt::LeftButton || pressLegend(event))
+    if (event->button() != Qt::LeftButton || pressLegend(position, event->modifiers() & Qt::ControlModifier))
         return;
     m_selecting = false;
     m_view.showAll();
-    pointAt(event->pos());
+    pointAt(position);
     m_widget->update();
 }
 
@@ -188,13 +198,18 @@ void GraphInteraction::leave()
     m_cursor = -1;
     m_widget->unsetCursor();
     m_widget->update();
+    pointAtNewest();
+}
+
+void GraphInteraction::pointAtNewest()
+{
     if (!m_store->isEmpty())
-        emit pointerLeft();
+        emit recordPointedAt(m_store->size() - 1);
 }
 
 bool GraphInteraction::wheel(const QWheelEvent *event)
 {
-    const QPoint position = event->position().toPoint();
+    const QPoint position = inPicture(event->position());
     // with Alt held, some systems turn the wheel sideways
     const int turned = event->angleDelta().y() != 0 ? event->angleDelta().y() : event->angleDelta().x();
     const double factor = std::pow(wheelFactor, turned / wheelStep);

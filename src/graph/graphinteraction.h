@@ -15,7 +15,7 @@ class GraphInteraction : public QObject {
     Q_OBJECT
 
 public:
-    /// All outlive this. `widget` shows the graph over all its size.
+    /// All outlive this. `widget` shows the graph over all its size, and its events are of its own pixels.
     GraphInteraction(QWidget *widget, const SeriesStore *store, const ViewState *state);
 
     const GraphZoom &zoom() const { return m_view.zoom(); }
@@ -34,7 +34,8 @@ public:
     void release(const QMouseEvent *event);
     void doubleClick(const QMouseEvent *event);
     void leave();
-    void resize(const QSize &size);
+    /// The widget now shows the graph at this size, its letters enlarged by `scale` as far as there is room.
+    void resize(const QSize &size, double scale);
     /// False for an event that means nothing here.
     bool wheel(const QWheelEvent *event);
     bool key(const QKeyEvent *event);
@@ -44,17 +45,17 @@ public:
     void startAnew();
 
 signals:
-    /// The pointer or the cursor came to `record`.
+    /// The pointer or the cursor came to `record`, or went away and left the newest one to be shown.
     void recordPointedAt(int record);
-    /// It went away.
-    void pointerLeft();
 
 private:
     struct KeyBinding;
     static const KeyBinding keyBindings[];
 
+    QPoint inPicture(const QPointF &position) const;
     void pointAt(const QPoint &position);
-    bool pressLegend(const QMouseEvent *event);
+    bool pressLegend(const QPoint &position, bool toggle);
+    void pointAtNewest();
     void select(const QPoint &position);
     void endSelection();
     void stepZoom(double factor, const QPoint &position);
@@ -75,6 +76,7 @@ private:
     const SeriesStore *m_store; // not owned
     const ViewState *m_state; // not owned
     GraphViewport m_view;
+    double m_scale = 1.0; // the widget's pixels to one that the layout counts in
     CellPicker m_cells;
     int m_cursor = -1;
     PlotArea m_area = PlotArea::Upper; // where the pointer was last

@@ -115,7 +115,7 @@ void GraphInteraction::giveUp(int, Qt::KeyboardModifiers)
         m_selecting = false;
     } else if (m_cursor >= 0) {
         m_cursor = -1;
-        emit pointerLeft();
+        pointAtNewest();
     } else {
         m_cells.click(-1, false);
     }

@@ -3,52 +3,28 @@
 #include "data/voltageslope.h"
 #include "graph/graphhost.h"
 #include "graph/graphinteraction.h"
-#include "data/processend.h"
 #include "link/devicelink.h"
 #include "settings/viewstate.h"
+#include "widgets/refreshgate.h"
 
 #include <QCloseEvent>
-#include <QFileInfo>
-#include <QIcon>
-#include <QMdiSubWindow>
 #include <QPainter>
-#include <QTextDocument>
 
 #include <new>
-
-namespace {
-
-constexpr int repaintPause = 100; // ms
-
-// Not every device says that its process has ended: then no current flows, or an end was marked.
-bool mayHaveEnded(const SeriesStore &store)
-{
-    return !store.isEmpty() && (store.records().last().current == 0 || store.records().last().flag4 == 'E');
-}
-
-// The pixels that the layout counts in.
-QMouseEvent inPicture(const QMouseEvent &event, double scale)
-{
-    return {event.type(), event.localPos() / scale, event.windowPos(), event.screenPos(), event.button(),
-        event.buttons(), event.modifiers(), event.source()};
-}
-
-} // namespace
 
 MdiGraphChild::MdiGraphChild(GraphHost *host, QWidget *parent)
     : QWidget(parent)
     , m_host(host)
     , m_interaction(new GraphInteraction(this, &m_store, host->viewState()))
+    , m_gate(new RefreshGate(this))
+    , m_titleTip(this)
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
-    setWindowTitle(tr("No file name"));
-    m_repaintTimer.setSingleShot(true);
-    m_repaintTimer.setInterval(repaintPause);
-    connectHost();
-    connectInteraction();
+    setWindowTitle(m_title.text());
+    connectParts();
 }
 
 MdiGraphChild::~MdiGraphChild()
@@ -57,33 +33,23 @@ MdiGraphChild::~MdiGraphChild()
         m_reader->detachGraphChild(this);
 }
 
-void MdiGraphChild::connectHost()
+void MdiGraphChild::connectParts()
 {
     QObject *shell = m_host->updateReceiver();
     const char *slot = SLOT(updateCapacity(int,char,int,int));
     connect(this, SIGNAL(updateCapacitySignal(int,char,int,int)), shell, slot);
     connect(this, SIGNAL(updateVoltageSignal()), shell, SLOT(updateVoltage()));
     connect(m_host->viewState(), SIGNAL(changed()), this, SLOT(update()));
-    connect(&m_repaintTimer, SIGNAL(timeout()), this, SLOT(update()));
-}
-
-void MdiGraphChild::connectInteraction()
-{
+    connect(m_gate, SIGNAL(refresh()), this, SLOT(update()));
     connect(m_interaction, SIGNAL(recordPointedAt(int)), this, SLOT(showRecordAt(int)));
-    connect(m_interaction, SIGNAL(pointerLeft()), this, SLOT(showNewestPlain()));
     connect(m_interaction->cells(), SIGNAL(changed()), this, SIGNAL(selectedCellsChanged()));
 }
 
 void MdiGraphChild::setScale(double scale)
 {
     m_scale = scale;
-    m_interaction->resize(size() / shownScale());
+    m_interaction->resize(size(), m_scale);
     update();
-}
-
-double MdiGraphChild::shownScale() const
-{
-    return GraphLayout::fittingScale(size(), m_scale);
 }
 
 QSize MdiGraphChild::sizeHint() const
@@ -95,11 +61,6 @@ void MdiGraphChild::setWindowNumber(int number)
 {
     m_windowNumber = number;
     update();
-}
-
-QString MdiGraphChild::sourceName() const
-{
-    return (QFileInfo(m_dataFile).fileName() + QLatin1Char(' ') + m_portName).trimmed();
 }
 
 bool MdiGraphChild::stopProcess()
@@ -125,18 +86,10 @@ void MdiGraphChild::showNewest()
     if (m_store.isEmpty() || !m_host->isCurrent(this))
         return;
     const int newest = m_store.size() - 1;
-    const Varnel3Data shown = shownRecord(newest);
+    const Varnel3Data shown = m_store.record(newest);
     const bool useKeptRi = shown.flag5 == 'B' && m_host->viewState()->switches().energyMode == 2
         && newest >= 2 && m_store.newestLacksResistance();
     m_host->showRecord(shown, m_windowNumber, useKeptRi);
-}
-
-// What is stored and saved is what the device has sent; only the copy that is shown tells dV.
-Varnel3Data MdiGraphChild::shownRecord(int record) const
-{
-    Varnel3Data shown = m_store.records()[record];
-    shown.voltageSlope = m_store.slopeAt(record);
-    return shown;
 }
 
 // A record from the past is shown with the charge balanced so far.
@@ -144,27 +97,20 @@ void MdiGraphChild::showRecordAt(int record)
 {
     if (!m_host->isCurrent(this))
         return;
-    Varnel3Data shown = shownRecord(record);
+    Varnel3Data shown = m_store.record(record);
     shown.balancedMah = m_store.records().last().maxBalanceChargeMah();
     m_host->showRecord(shown, m_windowNumber, false);
-}
-
-void MdiGraphChild::showNewestPlain()
-{
-    showRecordAt(m_store.size() - 1);
 }
 
 void MdiGraphChild::load(SeriesStore store, const QString &fileName)
 {
     m_store = std::move(store);
     m_interaction->startAnew();
-    m_unsavedData = false;
     if (!m_store.isEmpty())
-        showProcessEnd(m_store.records().last().processEnd());
+        m_titleTip.showProcessEnd(m_store.records().last().processEnd());
     if (m_store.size() > 1) {
-        m_neverSaved = false;
-        m_dataFile = fileName;
-        setTitle(fileName);
+        m_title.loaded(fileName);
+        setWindowTitle(m_title.text());
         showNewest();
     }
     update();
@@ -172,45 +118,8 @@ void MdiGraphChild::load(SeriesStore store, const QString &fileName)
 
 void MdiGraphChild::markSaved(const QString &fileName, int records)
 {
-    if (m_dataFile.isEmpty()) {
-        m_dataFile = fileName;
-        setTitle(m_dataFile);
-    }
-    const bool more = m_store.size() > records;
-    if (m_unsavedData)
-        setTitle(m_dataFile + QLatin1Char(' ') + m_portName + (more ? QStringLiteral("*") : QString()));
-    m_unsavedData = more;
-    m_neverSaved = false;
-}
-
-// The icon and the tool tip stay until the window is closed, so that no end goes unseen.
-void MdiGraphChild::showProcessEnd(int end)
-{
-    const QString text = processEndText(end);
-    if (text.isEmpty())
-        return;
-    const QIcon icon(processEndIcon(end));
-    setWindowIcon(icon);
-    setToolTip(text);
-    if (auto *frame = qobject_cast<QMdiSubWindow *>(parentWidget()))
-        frame->setWindowIcon(icon); // it took the icon over once only
-    showTitleTip();
-}
-
-void MdiGraphChild::setTitleTip(const QString &text)
-{
-    m_titleTip = text;
-    showTitleTip();
-}
-
-// The end of the process is told there, too, where the graph itself is covered or minimised.
-void MdiGraphChild::showTitleTip()
-{
-    QStringList lines = {toolTip(), m_titleTip};
-    lines.removeAll(QString());
-    const QString tip = lines.join(QLatin1Char('\n'));
-    if (auto *frame = qobject_cast<QMdiSubWindow *>(parentWidget()))
-        frame->setToolTip(Qt::mightBeRichText(tip) ? Qt::convertFromPlainText(tip) : tip);
+    m_title.saved(fileName, m_store.size() > records);
+    setWindowTitle(m_title.text());
 }
 
 // Left alone, the title's tool tip would come up over the curves as well.
@@ -223,16 +132,8 @@ bool MdiGraphChild::event(QEvent *event)
 
 void MdiGraphChild::setSilentSince(const QDateTime &since)
 {
-    if (since == m_silentSince)
-        return;
-    m_silentSince = since;
-    update();
-}
-
-QString MdiGraphChild::silenceText() const
-{
-    const QString text = mayHaveEnded(m_store) ? tr("Ended or silent since %1") : tr("No line since %1");
-    return text.arg(m_silentSince.toString(QStringLiteral("HH:mm:ss")));
+    if (m_note.setSilentSince(since))
+        update();
 }
 
 void MdiGraphChild::attachReader(DeviceLink *reader)
@@ -240,25 +141,17 @@ void MdiGraphChild::attachReader(DeviceLink *reader)
     m_reader = reader;
 }
 
-void MdiGraphChild::setPortName(const QString &name)
+void MdiGraphChild::setPortName(const QString &port)
 {
-    m_portName = name;
-    if (m_neverSaved)
-        setTitle(tr("No file name") + QLatin1Char(' ') + m_portName + QLatin1Char('*'));
-}
-
-void MdiGraphChild::setTitle(const QString &title)
-{
-    if (title != windowTitle())
-        setWindowTitle(title);
+    m_title.setPortName(port);
+    setWindowTitle(m_title.text());
 }
 
 void MdiGraphChild::addRecord(const Varnel3Data &record)
 {
-    if (m_store.isEmpty()) {
-        m_neverSaved = true;
+    const bool isFirst = m_store.isEmpty();
+    if (isFirst)
         m_host->showMessageStatusBar(tr("Device: ") + Varnel3Data::deviceName(record.device), 3000);
-    }
     if (!keep(record)) {
         Varnel3Data shown = record;
         shown.voltageSlope = noVoltageSlope;
@@ -267,12 +160,12 @@ void MdiGraphChild::addRecord(const Varnel3Data &record)
         return;
     }
     m_interaction->dataArrived();
-    m_silentSince = QDateTime();
-    showProcessEnd(record.processEnd());
-    if (!m_neverSaved)
-        setTitle(m_dataFile + QLatin1Char(' ') + m_portName + QLatin1Char('*'));
-    m_unsavedData = true;
-    tellCapacity();
+    m_note.setSilentSince(QDateTime());
+    m_titleTip.showProcessEnd(record.processEnd());
+    m_title.recordCame(isFirst);
+    setWindowTitle(m_title.text());
+    const SeriesStore::Capacity capacity = m_store.capacity();
+    emit updateCapacitySignal(capacity.energyNow, capacity.mode, capacity.energyAtMark, m_windowNumber);
     showNewest();
     emit updateVoltageSignal();
     scheduleRepaint();
@@ -281,31 +174,17 @@ void MdiGraphChild::addRecord(const Varnel3Data &record)
 // Where memory ends the curves do, for good, since they would have a gap; the journal and the figures go on.
 bool MdiGraphChild::keep(const Varnel3Data &record)
 {
-    if (m_fullSince.isValid())
+    if (m_note.isFull())
         return false;
     try {
         m_store.append(record);
         return true;
     } catch (const std::bad_alloc &) {
-        m_fullSince = QDateTime::currentDateTime();
+        m_note.setFullSince(QDateTime::currentDateTime());
         qWarning("window %d: no memory for another record", m_windowNumber);
         update();
         return false;
     }
-}
-
-QString MdiGraphChild::note() const
-{
-    if (!m_fullSince.isValid())
-        return m_silentSince.isValid() ? silenceText() : QString();
-    return tr("Out of memory since %1: lines go on in the journal only")
-        .arg(m_fullSince.toString(QStringLiteral("HH:mm:ss")));
-}
-
-void MdiGraphChild::tellCapacity()
-{
-    const SeriesStore::Capacity capacity = m_store.capacity();
-    emit updateCapacitySignal(capacity.energyNow, capacity.mode, capacity.energyAtMark, m_windowNumber);
 }
 
 void MdiGraphChild::applyResistanceLine(const QString &line)
@@ -325,8 +204,8 @@ void MdiGraphChild::finishRecording()
 // What can't be seen costs nothing; it is drawn when it comes to sight.
 void MdiGraphChild::scheduleRepaint()
 {
-    if (!m_repaintTimer.isActive() && !window()->isMinimized() && !visibleRegion().isEmpty())
-        m_repaintTimer.start();
+    if (!window()->isMinimized() && !visibleRegion().isEmpty())
+        m_gate->request();
 }
 
 void MdiGraphChild::paintEvent(QPaintEvent *)
@@ -352,14 +231,14 @@ GraphPicture MdiGraphChild::picture(const QSize &pictureSize) const
     picture.windowNumber = m_windowNumber;
     picture.zoom = m_interaction->zoom();
     picture.rangedRecords = m_interaction->rangedRecords();
-    picture.note = note();
+    picture.note = m_note.text(m_store);
     return picture;
 }
 
 void MdiGraphChild::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
-    m_interaction->resize(size() / shownScale());
+    m_interaction->resize(size(), m_scale);
 }
 
 void MdiGraphChild::showEvent(QShowEvent *event)
@@ -371,36 +250,30 @@ void MdiGraphChild::showEvent(QShowEvent *event)
 void MdiGraphChild::mousePressEvent(QMouseEvent *event)
 {
     QWidget::mousePressEvent(event);
-    const QMouseEvent scaled = inPicture(*event, shownScale());
-    m_interaction->press(&scaled);
+    m_interaction->press(event);
     event->accept();
 }
 
 void MdiGraphChild::mouseMoveEvent(QMouseEvent *event)
 {
-    const QMouseEvent scaled = inPicture(*event, shownScale());
-    m_interaction->move(&scaled);
+    m_interaction->move(event);
 }
 
 void MdiGraphChild::mouseReleaseEvent(QMouseEvent *event)
 {
     QWidget::mouseReleaseEvent(event);
-    const QMouseEvent scaled = inPicture(*event, shownScale());
-    m_interaction->release(&scaled);
+    m_interaction->release(event);
     event->accept();
 }
 
 void MdiGraphChild::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    const QMouseEvent scaled = inPicture(*event, shownScale());
-    m_interaction->doubleClick(&scaled);
+    m_interaction->doubleClick(event);
 }
 
 void MdiGraphChild::wheelEvent(QWheelEvent *event)
 {
-    const QWheelEvent scaled(event->position() / shownScale(), event->globalPosition(), event->pixelDelta(),
-        event->angleDelta(), event->buttons(), event->modifiers(), event->phase(), event->inverted());
-    event->setAccepted(m_interaction->wheel(&scaled));
+    event->setAccepted(m_interaction->wheel(event));
 }
 
 void MdiGraphChild::keyPressEvent(QKeyEvent *event)

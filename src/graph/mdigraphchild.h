@@ -1,17 +1,19 @@
 #pragma once
 
+#include "graph/graphnote.h"
+#include "graph/graphtitle.h"
 #include "graph/plot/graphpainter.h"
 #include "graph/scene/graphpicture.h"
-#include "series/seriesstore.h"
+#include "graph/titletip.h"
 #include "link/recordingwindow.h"
+#include "series/seriesstore.h"
 
-#include <QDateTime>
-#include <QTimer>
 #include <QWidget>
 
 class DeviceLink;
 class GraphInteraction;
 class GraphHost;
+class RefreshGate;
 
 /// The graph window of one recording: owns its records, draws their course, keeps its title in step with what
 /// was saved, and hands each record to the shell while it is the current window.
@@ -27,11 +29,10 @@ public:
     /// Number on the badge and in everything that the window tells; 0 until it is given one.
     int windowNumber() const { return m_windowNumber; }
     void setWindowNumber(int number);
-    /// Of a live recording, its last one after it has ended; empty for what comes from a file.
-    QString portName() const { return m_portName; }
-    /// Where the records come from: name of the data file, without its folder,
-    /// and of the port; empty for neither.
-    QString sourceName() const;
+    /// What of the records is saved, and where they come from.
+    QString portName() const { return m_title.portName(); }
+    QString sourceName() const { return m_title.source(); }
+    bool hasUnsavedData() const { return m_title.isUnsaved(); }
     /// A device feeds the window.
     bool isLive() const { return m_reader != nullptr; }
     /// The device that feeds the window; null when there is none.
@@ -40,8 +41,6 @@ public:
     bool stopProcess();
     const CellSelection &selectedCells() const;
     void setSelectedCells(const CellSelection &cells);
-    /// Records came in since the last save.
-    bool hasUnsavedData() const { return m_unsavedData; }
     /// Shows the newest record in the figures, if this window is current and has one.
     void showNewest();
 
@@ -51,11 +50,11 @@ public:
     /// The first `records` now stand in `fileName`.
     void markSaved(const QString &fileName, int records);
     /// Since when its device has been silent; invalid while it has not.
-    QDateTime silentSince() const { return m_silentSince; }
+    QDateTime silentSince() const { return m_note.silentSince(); }
     /// Tells that the device has been silent since `since`; an invalid time takes it back.
     void setSilentSince(const QDateTime &since);
     /// A line for the tool tip of the title, below how the process has ended.
-    void setTitleTip(const QString &text);
+    void setTitleTip(const QString &text) { m_titleTip.setLine(text); }
     /// What the window shows, at any size. Valid as long as the window.
     GraphPicture picture(const QSize &pictureSize) const;
 
@@ -92,35 +91,21 @@ protected:
 
 private slots:
     void showRecordAt(int record);
-    void showNewestPlain();
 
 private:
+    void connectParts();
     bool keep(const Varnel3Data &record);
-    QString note() const;
-    void connectHost();
-    void connectInteraction();
-    Varnel3Data shownRecord(int record) const;
-    QString silenceText() const;
-    double shownScale() const;
-    void tellCapacity();
     void scheduleRepaint();
-    void setTitle(const QString &title);
-    void showProcessEnd(int end);
-    void showTitleTip();
 
     GraphHost *m_host; // not owned, outlives this
     DeviceLink *m_reader = nullptr; // not owned; forgotten by finishRecording() before it goes
     SeriesStore m_store;
     GraphPainter m_painter;
     GraphInteraction *m_interaction; // a child of this
-    QDateTime m_silentSince;
-    QDateTime m_fullSince; // valid once a record found no memory: the window grows no more
-    QString m_titleTip;
+    RefreshGate *m_gate; // a child of this
+    GraphTitle m_title;
+    TitleTip m_titleTip;
+    GraphNote m_note;
     int m_windowNumber = 0;
     double m_scale = 1.0; // wanted
-    QString m_dataFile; // path of that which holds the records; empty while none does
-    QString m_portName;
-    bool m_neverSaved = true;
-    bool m_unsavedData = false;
-    QTimer m_repaintTimer;
 };
