@@ -2,7 +2,7 @@
 
 #include "app/actionset.h"
 #include "desk/displaywindows.h"
-#include "desk/figures.h"
+#include "desk/shownrecord.h"
 #include "settings/viewstate.h"
 
 #include <QAction>

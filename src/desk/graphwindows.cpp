@@ -3,7 +3,7 @@
 #include "desk/closeguard.h"
 #include "desk/deskarea.h"
 #include "desk/displaywindows.h"
-#include "desk/figures.h"
+#include "desk/shownrecord.h"
 #include "widgets/displayscale.h"
 #include "graph/mdigraphchild.h"
 

@@ -4,11 +4,11 @@ target_sources(varnel_gui PRIVATE
     desk/deskarea.cpp desk/deskarea.h
     desk/dialogsontop.cpp desk/dialogsontop.h
     desk/displaywindows.cpp desk/displaywindows.h
-    desk/figures.cpp desk/figures.h
     desk/graphwindows.cpp desk/graphwindows.h
     desk/packsource.cpp desk/packsource.h
-    desk/recordings.cpp desk/recordings.h
+    desk/shownrecord.cpp desk/shownrecord.h
     desk/stalewatch.cpp desk/stalewatch.h
     desk/statusfacts.cpp desk/statusfacts.h
+    desk/windowfiles.cpp desk/windowfiles.h
     desk/windowplace.cpp desk/windowplace.h
 )

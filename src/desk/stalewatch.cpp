@@ -1,6 +1,6 @@
 #include "desk/stalewatch.h"
 
-#include "desk/figures.h"
+#include "desk/shownrecord.h"
 #include "desk/graphwindows.h"
 #include "desk/statusfacts.h"
 #include "graph/mdigraphchild.h"

@@ -1,7 +1,7 @@
 #include "devices/shellreaderhost.h"
 
 #include "desk/graphwindows.h"
-#include "desk/recordings.h"
+#include "desk/windowfiles.h"
 #include "desk/statusfacts.h"
 #include "graph/mdigraphchild.h"
 #include "link/recordinglog.h"

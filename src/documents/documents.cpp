@@ -5,7 +5,7 @@
 #include "documents/filequeue.h"
 #include "documents/filewriter.h"
 #include "desk/graphwindows.h"
-#include "desk/recordings.h"
+#include "desk/windowfiles.h"
 #include "documents/recordingsmodel.h"
 #include "documents/savedialog.h"
 #include "widgets/warningbox.h"

@@ -3,7 +3,7 @@
 #include "documents/savedialog.h"
 #include "documents/filewriter.h"
 #include "documents/graphfile.h"
-#include "desk/recordings.h"
+#include "desk/windowfiles.h"
 #include "widgets/warningbox.h"
 #include "documents/csvexport.h"
 #include "files/filepieces.h"

@@ -3,7 +3,7 @@
 #include "documents/documents.h"
 #include "documents/filewriter.h"
 #include "desk/graphwindows.h"
-#include "desk/recordings.h"
+#include "desk/windowfiles.h"
 #include "graph/mdigraphchild.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "desk/datatoolbar.h"
 #include "devices/portretries.h"
-#include "desk/recordings.h"
+#include "desk/windowfiles.h"
 #include "dialogs/checkboxcomport.h"
 #include "dialogs/dialogpreferences.h"
 #include "graph/mdigraphchild.h"

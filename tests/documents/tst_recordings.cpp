@@ -1,4 +1,4 @@
-#include "desk/recordings.h"
+#include "desk/windowfiles.h"
 #include "journal/journalfolder.h"
 #include "documents/csvexport.h"
 #include "graph/mdigraphchild.h"

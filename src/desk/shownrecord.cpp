@@ -1,4 +1,4 @@
-#include "desk/figures.h"
+#include "desk/shownrecord.h"
 
 #include "desk/datatoolbar.h"
 #include "desk/displaywindows.h"

@@ -1,4 +1,4 @@
-#include "desk/recordings.h"
+#include "desk/windowfiles.h"
 
 #include "files/lockedfile.h"
 #include "journal/journalkeeper.h"
