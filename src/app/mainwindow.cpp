@@ -84,25 +84,25 @@ void MainWindow::createParts()
     windowMapper = new QSignalMapper(this);
     actions = new ActionSet(this, mdiArea);
     dataToolBar = new DataToolBar(this);
-    figures = new Figures(dataToolBar, displays, this);
-    switches = new ViewSwitchboard(actions, state, displays, figures, this);
-    graphs = new GraphWindows(this, mdiArea, state, displays, figures);
+    shownRecord = new ShownRecord(dataToolBar, displays, this);
+    switches = new ViewSwitchboard(actions, state, displays, shownRecord, this);
+    graphs = new GraphWindows(this, mdiArea, state, displays, shownRecord);
     facts = new StatusFacts(statusBar());
-    recordings = new Recordings(this);
-    new JournalNotice(recordings->keeper(), facts, this);
-    readerHost = new ShellReaderHost(this, graphs, recordings, facts);
+    windowFiles = new WindowFiles(this);
+    new JournalNotice(windowFiles->keeper(), facts, this);
+    readerHost = new ShellReaderHost(this, graphs, windowFiles, facts);
     ports = new ListenedPorts(this, readerHost, facts);
     watcher = new PortWatcher(this);
-    staleWatch = new StaleWatch(graphs, figures, facts, this);
+    staleWatch = new StaleWatch(graphs, shownRecord, facts, this);
     packs = std::make_unique<PackSource>(graphs, staleWatch);
     displays->setVoltageSource(packs.get());
     auto *strip = new ProgressStrip(statusBar());
-    writer = new FileWriter(strip, &recordings->syncer(), this);
-    documents = new Documents(this, strip, writer, graphs, displays, recordings);
-    unsaved = new UnsavedWindows(this, graphs, documents, recordings, writer);
+    writer = new FileWriter(strip, &windowFiles->syncer(), this);
+    documents = new Documents(this, strip, writer, graphs, displays, windowFiles);
+    unsaved = new UnsavedWindows(this, graphs, documents, windowFiles, writer);
     graphs->setCloseGuard(unsaved);
     new SessionEnd(this, writer);
-    tools = new ToolsCommands(this, graphs, documents, writer, recordings);
+    tools = new ToolsCommands(this, graphs, documents, writer, windowFiles);
     targets = std::make_unique<ShellTargets>(ports, graphs);
     commands = new DeviceCommands(targets.get(), this);
     sounds = new SoundPlayer(this);
@@ -270,7 +270,7 @@ void MainWindow::printBarDisplay()
 void MainWindow::printActivePlot()
 {
     if (MdiGraphChild *child = activeMdiChild())
-        printGraph(child, recordings->nameFor(child), this);
+        printGraph(child, windowFiles->nameFor(child), this);
     else
         showMessageStatusBar(tr("There is no graph window to print."), 5000);
 }
@@ -288,7 +288,7 @@ void MainWindow::stopRecording()
 void MainWindow::updateData(Varnel3Data &record, int nrWin, bool updateRic)
 {
     const QMutexLocker lock(&dataMutex);
-    figures->show(record, nrWin, updateRic);
+    shownRecord->show(record, nrWin, updateRic);
 }
 
 void MainWindow::showMessageStatusBar(QString message, int timeout)

@@ -17,14 +17,14 @@ class DeviceCommands;
 class DeviceTargets;
 class DisplayWindows;
 class EndNotice;
-class Figures;
+class ShownRecord;
 class FileWriter;
 class GraphWindows;
 class ListenedPorts;
 class MdiGraphChild;
 class PackSource;
 class PortWatcher;
-class Recordings;
+class WindowFiles;
 class RemoteControls;
 class ShellReaderHost;
 class SleepInhibitor;
@@ -56,7 +56,7 @@ public:
 
     const ActionSet &actionSet() const { return *actions; }
     const ListenedPorts &listenedPorts() const { return *ports; }
-    const Recordings &liveRecordings() const { return *recordings; }
+    const WindowFiles &filesOfWindows() const { return *windowFiles; }
     const StatusFacts &statusFacts() const { return *facts; }
     const ViewState &viewState() const { return *state; }
 
@@ -149,11 +149,11 @@ private:
     ActionSet *actions;
     ViewState *state;
     DisplayWindows *displays;
-    Figures *figures;
+    ShownRecord *shownRecord;
     ViewSwitchboard *switches;
     GraphWindows *graphs;
     StatusFacts *facts;
-    Recordings *recordings;
+    WindowFiles *windowFiles;
     ShellReaderHost *readerHost;
     ListenedPorts *ports;
     PortWatcher *watcher;

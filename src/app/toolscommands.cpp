@@ -23,12 +23,12 @@ void offer(QAction *action, bool possible, const QString &tip, const QString &re
 } // namespace
 
 ToolsCommands::ToolsCommands(
-    QWidget *shell, GraphWindows *graphs, Documents *documents, FileWriter *writer, Recordings *recordings)
+    QWidget *shell, GraphWindows *graphs, Documents *documents, FileWriter *writer, WindowFiles *windowFiles)
     : QObject(shell)
     , m_graphs(graphs)
     , m_documents(documents)
-    , m_recordings(recordings)
-    , m_exports(new GraphExports(shell, writer, recordings))
+    , m_windowFiles(windowFiles)
+    , m_exports(new GraphExports(shell, writer, windowFiles))
     , m_openRecordings(
           addCommand("openRecordingsAction", tr("Open recordings..."), "open.png", SLOT(openRecordings())))
           , m_reopen(addCommand(
@@ -40,7 +40,7 @@ ToolsCommands::ToolsCommands(
 {
     m_reopen->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_T));
     connect(m_graphs, SIGNAL(currentChanged()), this, SLOT(refresh()));
-    connect(m_recordings, SIGNAL(closedChanged()), this, SLOT(refresh()));
+    connect(m_windowFiles, SIGNAL(closedChanged()), this, SLOT(refresh()));
     refresh();
 }
 
@@ -68,7 +68,7 @@ void ToolsCommands::refresh()
     const bool hasGraph = m_graphs->current() != nullptr;
     const QString noGraph = tr("There is no graph window.");
     offer(m_openRecordings, true, tr("Open what was recorded from the devices, saved or not."), QString());
-    offer(m_reopen, m_recordings->hasClosed(), tr("Open again the recording whose window was closed last."),
+    offer(m_reopen, m_windowFiles->hasClosed(), tr("Open again the recording whose window was closed last."),
         tr("No window of an unsaved recording has been closed yet."));
     offer(m_csv, hasGraph, tr("Write the records of the current graph as a table for other programs."),
         noGraph);
@@ -83,7 +83,7 @@ void ToolsCommands::openRecordings()
 
 void ToolsCommands::reopenClosed()
 {
-    const QString fileName = m_recordings->takeClosed();
+    const QString fileName = m_windowFiles->takeClosed();
     if (fileName.isEmpty())
         m_graphs->showMessageStatusBar(tr("The closed recording is no longer there."), messageTime);
     else

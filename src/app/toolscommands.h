@@ -9,7 +9,7 @@ class GraphWindows;
 class QAction;
 class QMenu;
 class QWidget;
-class Recordings;
+class WindowFiles;
 
 /// Commands of the menu of tools: those on recordings, and those that export the current graph.
 class ToolsCommands : public QObject {
@@ -18,7 +18,7 @@ class ToolsCommands : public QObject {
 public:
     /// `shell` is as GraphExports asks. All outlive this.
     ToolsCommands(QWidget *shell, GraphWindows *graphs, Documents *documents, FileWriter *writer,
-        Recordings *recordings);
+        WindowFiles *windowFiles);
 
     /// Appends the commands to `menu`.
     void fill(QMenu *menu) const;
@@ -38,7 +38,7 @@ private:
 
     GraphWindows *m_graphs;
     Documents *m_documents;
-    Recordings *m_recordings;
+    WindowFiles *m_windowFiles;
     GraphExports *m_exports; // child
     QAction *m_openRecordings;
     QAction *m_reopen;

@@ -20,12 +20,12 @@ const char *const energyTexts[] = {" Vc ", " Ah ", " Ri "};
 } // namespace
 
 ViewSwitchboard::ViewSwitchboard(ActionSet *actionSet, ViewState *viewState, DisplayWindows *displayWindows,
-    Figures *figureBoard, QObject *parent)
+    ShownRecord *record, QObject *parent)
     : QObject(parent)
     , actions(*actionSet)
     , state(viewState)
     , displays(displayWindows)
-    , figures(figureBoard)
+    , shownRecord(record)
 {
     publish();
     connect(actions[ActionId::HoldView], SIGNAL(toggled(bool)), this, SLOT(publish()));
@@ -105,7 +105,7 @@ void ViewSwitchboard::switchBalancer(bool checked)
         displays->showPower(false);
     }
     publish();
-    figures->resendToDataDisplay();
+    shownRecord->resendToDataDisplay();
     finish();
 }
 
@@ -118,7 +118,7 @@ void ViewSwitchboard::switchAverage(bool checked)
     }
     actions.setEnabled(ActionId::SelectedCells, !checked);
     publish();
-    figures->resendToDataDisplay();
+    shownRecord->resendToDataDisplay();
     finish();
     emit switched();
 }
@@ -139,7 +139,7 @@ void ViewSwitchboard::cycleEnergy(int windowNumber)
     actions.setText(ActionId::Energy, QLatin1String(energyTexts[mode]));
     actions.setChecked(ActionId::Energy, false);
     setCellModes(now.cellSelectMode, mode, now.deltaMode);
-    figures->resendToDisplays(windowNumber);
+    shownRecord->resendToDisplays(windowNumber);
     emit switched();
 }
 

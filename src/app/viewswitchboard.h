@@ -4,7 +4,7 @@
 
 class ActionSet;
 class DisplayWindows;
-class Figures;
+class ShownRecord;
 class ViewState;
 
 /// What the view switches do: which switch enables, unchecks or renames which, and what is shown or sent
@@ -14,8 +14,8 @@ class ViewSwitchboard : public QObject {
 
 public:
     /// All outlive this.
-    ViewSwitchboard(
-        ActionSet *actions, ViewState *state, DisplayWindows *displays, Figures *figures, QObject *parent);
+    ViewSwitchboard(ActionSet *actions, ViewState *state, DisplayWindows *displays, ShownRecord *shownRecord,
+        QObject *parent);
 
     /// Without a graph window: all eleven.
     void disableViews();
@@ -58,5 +58,5 @@ private:
     ActionSet &actions;
     ViewState *state;
     DisplayWindows *displays;
-    Figures *figures;
+    ShownRecord *shownRecord;
 };

@@ -11,13 +11,13 @@
 #include <QMdiSubWindow>
 
 GraphWindows::GraphWindows(
-    QWidget *shell, DeskArea *area, ViewState *state, DisplayWindows *displays, Figures *figures)
+    QWidget *shell, DeskArea *area, ViewState *state, DisplayWindows *displays, ShownRecord *shownRecord)
     : QObject(shell)
     , m_shell(shell)
     , m_area(area)
     , m_state(state)
     , m_displays(displays)
-    , m_figures(figures)
+    , m_shownRecord(shownRecord)
 {
     connect(
         m_area, SIGNAL(subWindowActivated(QMdiSubWindow*)), this, SLOT(onSubWindowActivated(QMdiSubWindow*)));
@@ -153,7 +153,7 @@ void GraphWindows::setCurrent(MdiGraphChild *child)
     if (child == m_current)
         return;
     m_current = child;
-    m_figures->clear(); // no figure of another device lingers
+    m_shownRecord->clear(); // no figure of another device lingers
     m_currentShown = false;
     if (m_current)
         m_current->showNewest();

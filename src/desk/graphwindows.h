@@ -8,7 +8,7 @@
 class CloseGuard;
 class DeskArea;
 class DisplayWindows;
-class Figures;
+class ShownRecord;
 class QMdiSubWindow;
 class QWidget;
 
@@ -21,7 +21,7 @@ public:
     /// `shell` has the slots updateData(), updateCapacity(), updateVoltage(), renumerateWindows() and
     /// showMessageStatusBar(QString,int). All outlive the graph windows.
     GraphWindows(
-        QWidget *shell, DeskArea *area, ViewState *state, DisplayWindows *displays, Figures *figures);
+        QWidget *shell, DeskArea *area, ViewState *state, DisplayWindows *displays, ShownRecord *shownRecord);
 
     /// Asked about every window that closes, from now until the program ends; outlives the graph windows.
     void setCloseGuard(CloseGuard *guard) { m_guard = guard; }
@@ -72,7 +72,7 @@ private:
     DeskArea *m_area;
     ViewState *m_state;
     DisplayWindows *m_displays;
-    Figures *m_figures;
+    ShownRecord *m_shownRecord;
     CloseGuard *m_guard = nullptr;
     QList<MdiGraphChild *> m_children;
     MdiGraphChild *m_current = nullptr; ///< one of m_children

@@ -5,14 +5,14 @@
 
 #include <QDateTime>
 
-Figures::Figures(DataToolBar *dataToolBar, DisplayWindows *displayWindows, QObject *parent)
+ShownRecord::ShownRecord(DataToolBar *dataToolBar, DisplayWindows *displayWindows, QObject *parent)
     : QObject(parent)
     , bar(dataToolBar)
     , displays(displayWindows)
 {
 }
 
-void Figures::show(const Varnel3Data &record, int windowNumber, bool useKeptRi)
+void ShownRecord::show(const Varnel3Data &record, int windowNumber, bool useKeptRi)
 {
     lastData = record;
     lastWindow = windowNumber;
@@ -21,29 +21,29 @@ void Figures::show(const Varnel3Data &record, int windowNumber, bool useKeptRi)
     displays->updatePower(lastData, lastWindow, useKeptRi);
 }
 
-void Figures::setStaleSince(const QDateTime &since)
+void ShownRecord::setStaleSince(const QDateTime &since)
 {
     bar->setStale(since.isValid());
     displays->setStaleSince(since);
 }
 
-void Figures::silenceChanged()
+void ShownRecord::silenceChanged()
 {
     displays->updateComparisons();
 }
 
-void Figures::clear()
+void ShownRecord::clear()
 {
     // A record without cells is what empties them all.
     show(Varnel3Data(), -1, false);
 }
 
-void Figures::resendToDataDisplay()
+void ShownRecord::resendToDataDisplay()
 {
     displays->updateData(lastData, lastWindow, false);
 }
 
-void Figures::resendToDisplays(int windowNumber)
+void ShownRecord::resendToDisplays(int windowNumber)
 {
     displays->updateData(lastData, windowNumber, false);
     displays->updatePower(lastData, windowNumber, false);

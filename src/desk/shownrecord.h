@@ -8,14 +8,14 @@ class DataToolBar;
 class DisplayWindows;
 class QDateTime;
 
-/// Hands the newest record of the current graph window to the data tool bar and the display windows, and
-/// keeps it so that it can be shown again after a switch.
-class Figures : public QObject {
+/// The record whose figures are shown, the newest of the current graph window or one pointed at: hands it to
+/// the data tool bar and the display windows, and keeps it so that it can be shown again after a switch.
+class ShownRecord : public QObject {
     Q_OBJECT
 
 public:
     /// Both outlive this.
-    Figures(DataToolBar *bar, DisplayWindows *displays, QObject *parent);
+    ShownRecord(DataToolBar *bar, DisplayWindows *displays, QObject *parent);
 
     /// Shows `record` of graph window `windowNumber` (-1: none). `useKeptRi`
     /// keeps cell resistances shown before.

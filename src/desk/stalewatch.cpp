@@ -17,10 +17,10 @@ constexpr qint64 second = 1000; // ms
 } // namespace
 
 StaleWatch::StaleWatch(
-    GraphWindows *graphWindows, Figures *shellFigures, StatusFacts *statusFacts, QObject *parent)
+    GraphWindows *graphWindows, ShownRecord *record, StatusFacts *statusFacts, QObject *parent)
     : QObject(parent)
     , graphs(graphWindows)
-    , figures(shellFigures)
+    , shownRecord(record)
     , facts(statusFacts)
 {
     auto *timer = new QTimer(this);
@@ -66,13 +66,13 @@ void StaleWatch::lookAt(const QDateTime &now, qint64 steady)
     }
     facts->replace(StatusFacts::Silent, silent);
     if (silent != told)
-        figures->silenceChanged();
+        shownRecord->silenceChanged();
     told = silent;
     const QDateTime current = staleSince(graphs->current());
     if (current == shown)
         return;
     shown = current;
-    figures->setStaleSince(current);
+    shownRecord->setStaleSince(current);
 }
 
 void StaleWatch::noteArrivals()

@@ -5,7 +5,7 @@
 #include <QMap>
 #include <QObject>
 
-class Figures;
+class ShownRecord;
 class GraphWindows;
 class MdiGraphChild;
 class StatusFacts;
@@ -19,7 +19,7 @@ public:
     static constexpr int patience = 20; // seconds
 
     /// All outlive this.
-    StaleWatch(GraphWindows *graphs, Figures *figures, StatusFacts *facts, QObject *parent);
+    StaleWatch(GraphWindows *graphs, ShownRecord *shownRecord, StatusFacts *facts, QObject *parent);
 
     /// When the last line of `child` came; invalid while it was fresh at the last look, is not live, or null.
     QDateTime staleSince(const MdiGraphChild *child) const;
@@ -43,7 +43,7 @@ private:
     void noteArrivals();
 
     GraphWindows *graphs;
-    Figures *figures;
+    ShownRecord *shownRecord;
     StatusFacts *facts;
     QDateTime lastLook;
     qint64 lastSteady = 0;

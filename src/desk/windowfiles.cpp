@@ -10,7 +10,7 @@
 
 #include <utility>
 
-Recordings::Recordings(QObject *parent)
+WindowFiles::WindowFiles(QObject *parent)
     : QObject(parent)
     , m_keeper(new JournalKeeper(JournalFolder::defaultPath(), this))
 {
@@ -18,17 +18,17 @@ Recordings::Recordings(QObject *parent)
     m_keeper->tidy(VarnelSettings().journalMaxAgeDays());
 }
 
-const JournalFolder &Recordings::folder() const
+const JournalFolder &WindowFiles::folder() const
 {
     return m_keeper->folder();
 }
 
-DiskSyncer &Recordings::syncer() const
+DiskSyncer &WindowFiles::syncer() const
 {
     return m_keeper->syncer();
 }
 
-std::unique_ptr<RecordingLog> Recordings::begin(const QString &portName)
+std::unique_ptr<RecordingLog> WindowFiles::begin(const QString &portName)
 {
     m_begun.clear();
     m_begunName = folder().fileName(QDateTime::currentDateTime(), portName, 1);
@@ -39,7 +39,7 @@ std::unique_ptr<RecordingLog> Recordings::begin(const QString &portName)
     return log;
 }
 
-void Recordings::attach(const MdiGraphChild *child)
+void WindowFiles::attach(const MdiGraphChild *child)
 {
     m_names.insert(child, std::exchange(m_begunName, QString()));
     const QString fileName = std::exchange(m_begun, QString());
@@ -47,31 +47,31 @@ void Recordings::attach(const MdiGraphChild *child)
         watch(child, fileName);
 }
 
-void Recordings::attachFile(const MdiGraphChild *child, const QString &fileName)
+void WindowFiles::attachFile(const MdiGraphChild *child, const QString &fileName)
 {
     watch(child, fileName);
 }
 
-QString Recordings::fileOf(const MdiGraphChild *child) const
+QString WindowFiles::fileOf(const MdiGraphChild *child) const
 {
     return m_files.value(child);
 }
 
-QString Recordings::nameFor(const MdiGraphChild *child) const
+QString WindowFiles::nameFor(const MdiGraphChild *child) const
 {
     const QString fileName = fileOf(child);
     const QString name = QFileInfo(fileName.isEmpty() ? m_names.value(child) : fileName).completeBaseName();
     return name.isEmpty() ? child->portName() : name;
 }
 
-bool Recordings::keepsAll(const MdiGraphChild *child) const
+bool WindowFiles::keepsAll(const MdiGraphChild *child) const
 {
     const QString fileName = fileOf(child);
     return !fileName.isEmpty() && m_keeper->holdsAll(fileName);
 }
 
 // Only what lies in the folder is looked at: opening anything else might wait or have effects.
-bool Recordings::isBeingRecorded(const QString &fileName) const
+bool WindowFiles::isBeingRecorded(const QString &fileName) const
 {
     const QFileInfo target(fileName);
     return target.isFile()
@@ -79,7 +79,7 @@ bool Recordings::isBeingRecorded(const QString &fileName) const
         && isBeingWritten(target.canonicalFilePath());
 }
 
-void Recordings::noteClosed(const MdiGraphChild *child, bool unsaved)
+void WindowFiles::noteClosed(const MdiGraphChild *child, bool unsaved)
 {
     m_names.remove(child);
     const QString fileName = m_files.take(child);
@@ -89,7 +89,7 @@ void Recordings::noteClosed(const MdiGraphChild *child, bool unsaved)
     emit closedChanged();
 }
 
-QString Recordings::takeClosed()
+QString WindowFiles::takeClosed()
 {
     QString fileName;
     while (fileName.isEmpty() && !m_closed.isEmpty()) {
@@ -101,12 +101,12 @@ QString Recordings::takeClosed()
     return fileName;
 }
 
-void Recordings::forget(QObject *child)
+void WindowFiles::forget(QObject *child)
 {
     m_files.remove(child);
 }
 
-void Recordings::rename(const QString &fileName, const QString &newName)
+void WindowFiles::rename(const QString &fileName, const QString &newName)
 {
     for (QString &name : m_files) {
         if (name == fileName)
@@ -114,7 +114,7 @@ void Recordings::rename(const QString &fileName, const QString &newName)
     }
 }
 
-void Recordings::watch(const MdiGraphChild *child, const QString &fileName)
+void WindowFiles::watch(const MdiGraphChild *child, const QString &fileName)
 {
     m_files.insert(child, fileName);
     connect(child, SIGNAL(destroyed(QObject*)), this, SLOT(forget(QObject*)));

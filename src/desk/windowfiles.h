@@ -12,14 +12,14 @@ class JournalKeeper;
 class MdiGraphChild;
 class RecordingLog;
 
-/// Where the records of graph windows are kept: the journals of live recordings, which of them belongs to
-/// which window, and those whose windows were closed. Outlives readers and graph windows.
-class Recordings : public QObject {
+/// Which file keeps the records of which graph window: the journals of live recordings, the files opened, and
+/// the journals whose windows were closed. Outlives readers and graph windows.
+class WindowFiles : public QObject {
     Q_OBJECT
 
 public:
     /// Tidies the folder of the journals as the settings ask.
-    explicit Recordings(QObject *parent);
+    explicit WindowFiles(QObject *parent);
 
     const JournalKeeper *keeper() const { return m_keeper; }
     const JournalFolder &folder() const;

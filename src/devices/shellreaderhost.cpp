@@ -10,11 +10,11 @@
 #include <QMessageBox>
 
 ShellReaderHost::ShellReaderHost(
-    QWidget *shellWindow, GraphWindows *graphWindows, Recordings *liveRecordings, StatusFacts *statusFacts)
+    QWidget *shellWindow, GraphWindows *graphWindows, WindowFiles *files, StatusFacts *statusFacts)
     : QObject(shellWindow)
     , shell(shellWindow)
     , graphs(graphWindows)
-    , recordings(liveRecordings)
+    , windowFiles(files)
     , facts(statusFacts)
 {
     connect(this, SIGNAL(message(QString,int)), shell, SLOT(showMessageStatusBar(QString,int)));
@@ -23,8 +23,8 @@ ShellReaderHost::ShellReaderHost(
 RecordingWindow *ShellReaderHost::createWindow()
 {
     MdiGraphChild *child = graphs->create();
-    recordings->attach(child);
-    const QString journal = recordings->fileOf(child);
+    windowFiles->attach(child);
+    const QString journal = windowFiles->fileOf(child);
     if (!journal.isEmpty())
         child->setTitleTip(tr("Journal: %1").arg(QDir::toNativeSeparators(journal)));
     return child;
@@ -34,7 +34,7 @@ std::unique_ptr<RecordingLog> ShellReaderHost::createLog(const QString &portName
 {
     facts->clear(StatusFacts::Unwatched, portName);
     emit recordingBegins(portName);
-    return recordings->begin(portName);
+    return windowFiles->begin(portName);
 }
 
 bool ShellReaderHost::claimClock(const QString &portName, ClockMoment moment)

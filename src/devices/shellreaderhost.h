@@ -10,7 +10,7 @@
 class GraphWindows;
 class QMessageBox;
 class QWidget;
-class Recordings;
+class WindowFiles;
 class StatusFacts;
 
 /// Answers what the serial readers ask of the shell: graph windows, clocks,
@@ -21,7 +21,7 @@ class ShellReaderHost : public QObject, public ReaderHost {
 public:
     /// `shell` has the slots endProcess(int), endProcessMessage() and showMessageStatusBar(QString,int) and
     /// is the parent of message boxes. All outlive this.
-    ShellReaderHost(QWidget *shell, GraphWindows *graphs, Recordings *recordings, StatusFacts *facts);
+    ShellReaderHost(QWidget *shell, GraphWindows *graphs, WindowFiles *windowFiles, StatusFacts *facts);
 
     RecordingWindow *createWindow() override;
     std::unique_ptr<RecordingLog> createLog(const QString &portName) override;
@@ -50,7 +50,7 @@ signals:
 private:
     QWidget *shell;
     GraphWindows *graphs;
-    Recordings *recordings;
+    WindowFiles *windowFiles;
     StatusFacts *facts;
     QMap<QString, QPointer<QMessageBox>> boxes; ///< one a failing port
     QMap<QString, EndedProcess> ends; ///< the newest of each port

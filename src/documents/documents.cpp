@@ -89,13 +89,13 @@ void keepLastFolder(const QString &path)
 } // namespace
 
 Documents::Documents(QWidget *shellWindow, ProgressStrip *strip, FileWriter *fileWriter,
-    GraphWindows *graphWindows, DisplayWindows *displayWindows, Recordings *liveRecordings)
+    GraphWindows *graphWindows, DisplayWindows *displayWindows, WindowFiles *files)
     : QObject(shellWindow)
     , shell(shellWindow)
     , writer(fileWriter)
     , graphs(graphWindows)
     , displays(displayWindows)
-    , recordings(liveRecordings)
+    , windowFiles(files)
     , queue(new FileQueue(strip, this))
     , labels(labelBytes)
 {
@@ -119,7 +119,7 @@ void Documents::openDialog()
 
 void Documents::openRecordings()
 {
-    const QString folder = recordings->folder().path();
+    const QString folder = windowFiles->folder().path();
     QDir().mkpath(folder); // nothing may have been recorded yet
     QFileDialog dialog(shell, tr("Open recordings"), folder, tr("Recordings (*.acp)"));
     dialog.setOption(QFileDialog::DontUseNativeDialog); // only then there are views
@@ -180,7 +180,7 @@ void Documents::onLoaded(const QString &fileName, SeriesStore *store)
 {
     auto *child = new MdiGraphChild(graphs, shell);
     child->load(std::move(*store), fileName);
-    recordings->attachFile(child, fileName);
+    windowFiles->attachFile(child, fileName);
     graphs->place(child);
 }
 
@@ -221,7 +221,7 @@ QString Documents::askSaveName(const MdiGraphChild *child)
         tr("Files that end in .abp are only read. Choose a name that ends in .acp."));
     const QFileInfo last(lastFolder());
     dialog.setDirectory(last.isDir() ? last.filePath() : last.path());
-    dialog.suggest(recordings->nameFor(child));
+    dialog.suggest(windowFiles->nameFor(child));
     if (dialog.exec() != QDialog::Accepted)
         return QString();
     const QString name = dialog.selectedFiles().value(0);
@@ -231,7 +231,7 @@ QString Documents::askSaveName(const MdiGraphChild *child)
 
 void Documents::save(MdiGraphChild *child, const QString &fileName, const std::function<void(bool)> &done)
 {
-    if (recordings->isBeingRecorded(fileName)) {
+    if (windowFiles->isBeingRecorded(fileName)) {
         tellFailure(fileName, tr("A recording is being written to this file."));
         done(false);
         return;
@@ -281,7 +281,7 @@ void Documents::tellUnreadable(int count, const MdiGraphChild *child, const QStr
              "from %1.",
             nullptr, count)
               .arg(QDir::toNativeSeparators(fileName));
-    const QString kept = recordings->fileOf(child);
+    const QString kept = windowFiles->fileOf(child);
     if (!kept.isEmpty() && QFileInfo(kept) != QFileInfo(fileName) && QFileInfo::exists(kept))
         text += QLatin1Char('\n') + tr("They are kept in %1.").arg(QDir::toNativeSeparators(kept));
     showWarningBox(shell, "unreadableRecords", tr("Save as"), text);

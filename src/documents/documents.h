@@ -14,7 +14,7 @@ class ProgressStrip;
 class QFileDialog;
 class RecordLines;
 class QWidget;
-class Recordings;
+class WindowFiles;
 class SeriesStore;
 struct WriteOutcome;
 
@@ -26,7 +26,7 @@ public:
     /// `shell` is the parent of dialogs and has the slots renumerateWindows() and
     /// showMessageStatusBar(QString,int). All outlive this.
     Documents(QWidget *shell, ProgressStrip *strip, FileWriter *writer, GraphWindows *graphs,
-        DisplayWindows *displays, Recordings *recordings);
+        DisplayWindows *displays, WindowFiles *windowFiles);
 
     /// Asks for files and opens them. The displays, always on top, are out of the way meanwhile.
     void openDialog();
@@ -66,7 +66,7 @@ private:
     FileWriter *writer;
     GraphWindows *graphs;
     DisplayWindows *displays;
-    Recordings *recordings;
+    WindowFiles *windowFiles;
     FileQueue *queue;
     QCache<QString, QString> labels; ///< of files in the open dialog
     bool displaysHidden = false;

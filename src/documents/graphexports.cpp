@@ -37,11 +37,11 @@ QString startFolder()
 
 } // namespace
 
-GraphExports::GraphExports(QWidget *shell, FileWriter *writer, Recordings *recordings)
+GraphExports::GraphExports(QWidget *shell, FileWriter *writer, WindowFiles *windowFiles)
     : QObject(shell)
     , m_shell(shell)
     , m_writer(writer)
-    , m_recordings(recordings)
+    , m_windowFiles(windowFiles)
 {
     connect(this, SIGNAL(message(QString,int)), m_shell, SLOT(showMessageStatusBar(QString,int)));
 }
@@ -94,7 +94,7 @@ QString GraphExports::ask(const QString &title, const QStringList &filters, cons
     dialog.refuse({QStringLiteral(".acp"), QStringLiteral(".abp")},
         tr("Names that end in .acp or .abp are for recordings."));
     dialog.setDirectory(startFolder());
-    dialog.suggest(m_recordings->nameFor(child));
+    dialog.suggest(m_windowFiles->nameFor(child));
     if (dialog.exec() != QDialog::Accepted)
         return QString();
     const QString name = dialog.selectedFiles().value(0);
@@ -104,7 +104,7 @@ QString GraphExports::ask(const QString &title, const QStringList &filters, cons
 
 void GraphExports::write(const QString &fileName, std::unique_ptr<FilePieces> pieces)
 {
-    if (m_recordings->isBeingRecorded(fileName)) {
+    if (m_windowFiles->isBeingRecorded(fileName)) {
         tellFailure(fileName, tr("A recording is being written to this file."));
         return;
     }

@@ -8,7 +8,7 @@ class FileWriter;
 class MdiGraphChild;
 class FilePieces;
 class QWidget;
-class Recordings;
+class WindowFiles;
 struct WriteOutcome;
 
 /// Writes what a graph window holds for other programs: its records as a table, its graph as a picture.
@@ -17,7 +17,7 @@ class GraphExports : public QObject {
 
 public:
     /// `shell` is the parent of dialogs and has the slot showMessageStatusBar(QString,int). All outlive this.
-    GraphExports(QWidget *shell, FileWriter *writer, Recordings *recordings);
+    GraphExports(QWidget *shell, FileWriter *writer, WindowFiles *windowFiles);
 
     /// Asks for a name and writes the records and derived series of `child`.
     void csvDialog(MdiGraphChild *child);
@@ -37,5 +37,5 @@ private:
 
     QWidget *m_shell;
     FileWriter *m_writer;
-    Recordings *m_recordings;
+    WindowFiles *m_windowFiles;
 };

@@ -38,12 +38,12 @@ bool isSameFile(const QString &one, const QString &other)
 } // namespace
 
 UnsavedWindows::UnsavedWindows(
-    QWidget *shell, GraphWindows *graphs, Documents *documents, Recordings *recordings, FileWriter *writer)
+    QWidget *shell, GraphWindows *graphs, Documents *documents, WindowFiles *windowFiles, FileWriter *writer)
     : QObject(shell)
     , m_shell(shell)
     , m_graphs(graphs)
     , m_documents(documents)
-    , m_recordings(recordings)
+    , m_windowFiles(windowFiles)
     , m_writer(writer)
 {
     connect(m_writer, SIGNAL(finished(bool)), this, SLOT(onWritten(bool)));
@@ -60,13 +60,13 @@ bool UnsavedWindows::mayClose(MdiGraphChild *child)
     if (!m_settled && isInDanger(child) && !settle({child}, child->parentWidget()))
         return false;
     const bool reopenable
-        = child->hasUnsavedData() && m_recordings->keepsAll(child) && child->store().size() >= leastRecords;
+        = child->hasUnsavedData() && m_windowFiles->keepsAll(child) && child->store().size() >= leastRecords;
     if (reopenable) {
-        const QString name = QFileInfo(m_recordings->fileOf(child)).fileName();
+        const QString name = QFileInfo(m_windowFiles->fileOf(child)).fileName();
         emit message(
             tr("The recording is kept as %1: Tools > Reopen closed recording.").arg(name), messageTime);
     }
-    m_recordings->noteClosed(child, reopenable);
+    m_windowFiles->noteClosed(child, reopenable);
     return true;
 }
 
@@ -91,7 +91,8 @@ bool UnsavedWindows::mayCloseAll()
 // Fewer records than make a file go with their window, as they do with their journal.
 bool UnsavedWindows::isInDanger(const MdiGraphChild *child) const
 {
-    return child->hasUnsavedData() && child->store().size() >= leastRecords && !m_recordings->keepsAll(child);
+    return child->hasUnsavedData() && child->store().size() >= leastRecords
+        && !m_windowFiles->keepsAll(child);
 }
 
 // All is asked before anything is saved: lines go on arriving in the window that was asked about first.
@@ -188,7 +189,7 @@ UnsavedWindows::Answer UnsavedWindows::ask(const MdiGraphChild *child)
         QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, m_shell);
     box.setObjectName(QStringLiteral("unsavedRecording"));
     box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(m_recordings->fileOf(child).isEmpty()
+    box.setInformativeText(m_windowFiles->fileOf(child).isEmpty()
             ? tr("Nothing else keeps it. Save it before its window closes?")
             : tr("The journal could not keep all of it. Save it before its window closes?"));
     box.setDefaultButton(QMessageBox::Save);

@@ -11,7 +11,7 @@ class Documents;
 class FileWriter;
 class GraphWindows;
 class QWidget;
-class Recordings;
+class WindowFiles;
 
 /// Sees to it that no record is lost with a window that closes: a journal holds them, else the user is asked.
 /// While a file is written no window closes; those that were to close do so when it is on the disk.
@@ -20,7 +20,7 @@ class UnsavedWindows : public QObject, public CloseGuard {
 
 public:
     /// `shell` is the parent of boxes and has the slot showMessageStatusBar(QString,int). All outlive this.
-    UnsavedWindows(QWidget *shell, GraphWindows *graphs, Documents *documents, Recordings *recordings,
+    UnsavedWindows(QWidget *shell, GraphWindows *graphs, Documents *documents, WindowFiles *windowFiles,
         FileWriter *writer);
 
     bool mayClose(MdiGraphChild *child) override;
@@ -54,7 +54,7 @@ private:
     QWidget *m_shell;
     GraphWindows *m_graphs;
     Documents *m_documents;
-    Recordings *m_recordings;
+    WindowFiles *m_windowFiles;
     FileWriter *m_writer;
     QVector<Pending> m_saves; ///< what the user wants to be saved before m_closing closes
     QPointer<QWidget> m_closing;

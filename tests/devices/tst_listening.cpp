@@ -132,7 +132,7 @@ void TestListening::recordsInWindows()
     QTRY_COMPARE(first->store().size(), 2);
     QCOMPARE(first->windowTitle(), QStringLiteral("No file name COM3*"));
     QVERIFY(first->isLive());
-    const QString journal = window->liveRecordings().fileOf(first);
+    const QString journal = window->filesOfWindows().fileOf(first);
     QVERIFY(QFileInfo(journal).isFile());
     QCOMPARE(first->parentWidget()->toolTip(), QStringLiteral("Journal: ") + journal);
     // A second process: time starts over. The line that shows it still belongs to the first.
