@@ -57,14 +57,14 @@ const Choice choices[] = {
     {"view", "charger", [](ViewSwitches &s) { s.balancer = s.average = false; }},
     {"view", "cells", [](ViewSwitches &s) { s.balancer = true, s.average = false; }},
     {"view", "average", [](ViewSwitches &s) { s.balancer = s.average = true; }},
-    {"right-axis", "dv", [](ViewSwitches &s) { s.deltaMode = 1; }},
-    {"right-axis", "mah", [](ViewSwitches &s) { s.deltaMode = 2; }},
-    {"right-axis", "none", [](ViewSwitches &s) { s.deltaMode = 0, s.delta = false; }},
+    {"right-axis", "dv", [](ViewSwitches &s) { s.rightAxis = RightAxis::Slope; }},
+    {"right-axis", "mah", [](ViewSwitches &s) { s.rightAxis = RightAxis::Energy; }},
+    {"right-axis", "none", [](ViewSwitches &s) { s.rightAxis = RightAxis::None, s.delta = false; }},
     {"hide", "temperature", [](ViewSwitches &s) { s.temperature = false; }},
     {"hide", "resistance", [](ViewSwitches &s) { s.resistance = false; }},
-    {"cell-value", "voltage", [](ViewSwitches &s) { s.energyMode = 0; }},
-    {"cell-value", "charge", [](ViewSwitches &s) { s.energyMode = 1; }},
-    {"cell-value", "resistance", [](ViewSwitches &s) { s.energyMode = 2; }},
+    {"cell-value", "voltage", [](ViewSwitches &s) { s.cellValue = CellValue::Voltage; }},
+    {"cell-value", "charge", [](ViewSwitches &s) { s.cellValue = CellValue::Charge; }},
+    {"cell-value", "resistance", [](ViewSwitches &s) { s.cellValue = CellValue::Resistance; }},
 };
 
 QString tr(const char *text)

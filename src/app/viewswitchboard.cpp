@@ -9,13 +9,20 @@
 
 namespace {
 
-QString deltaText(int mode)
+QString deltaText(RightAxis axis)
 {
-    return mode == 2 ? QStringLiteral(" mAh ") : QStringLiteral("  dV ");
+    return axis == RightAxis::Energy ? QStringLiteral(" mAh ") : QStringLiteral("  dV ");
 }
 
 const char *const cellTexts[] = {" S ", " + ", " - "};
 const char *const energyTexts[] = {" Vc ", " Ah ", " Ri "};
+
+/// The one after `value` of an enumeration of three, round and round.
+template <typename Enum>
+Enum next(Enum value)
+{
+    return Enum((int(value) + 1) % 3);
+}
 
 } // namespace
 
@@ -81,14 +88,15 @@ void ViewSwitchboard::showCurve()
 
 void ViewSwitchboard::cycleDelta(bool checked)
 {
-    const ViewSwitches now = state->switches();
-    int mode = checked ? 1 : 0;
-    if (!actions.isChecked(ActionId::Balancer)) {
-        mode = (now.deltaMode + 1) % 3;
-        actions.setChecked(ActionId::Delta, mode != 0);
-    }
-    actions.setText(ActionId::Delta, deltaText(mode));
-    setCellModes(now.cellSelectMode, now.energyMode, mode);
+    ViewSwitches switches = state->switches();
+    if (actions.isChecked(ActionId::Balancer))
+        switches.rightAxis = checked ? RightAxis::Slope : RightAxis::None;
+    else
+        switches.rightAxis = next(switches.rightAxis);
+    switches.delta = switches.rightAxis != RightAxis::None;
+    actions.setChecked(ActionId::Delta, switches.delta);
+    actions.setText(ActionId::Delta, deltaText(switches.rightAxis));
+    state->setSwitches(switches);
     finish();
 }
 
@@ -96,9 +104,11 @@ void ViewSwitchboard::switchBalancer(bool checked)
 {
     enableBalancerSwitches(checked);
     if (checked) {
-        const ViewSwitches now = state->switches();
-        actions.setText(ActionId::Delta, deltaText(1));
-        setCellModes(now.cellSelectMode, now.energyMode, now.deltaMode == 2 ? 1 : now.deltaMode);
+        ViewSwitches switches = state->switches();
+        if (switches.rightAxis == RightAxis::Energy)
+            switches.rightAxis = RightAxis::Slope;
+        actions.setText(ActionId::Delta, deltaText(switches.rightAxis));
+        state->setSwitches(switches);
     } else {
         actions.setChecked(ActionId::Average, false);
         actions.setChecked(ActionId::Power, false);
@@ -125,20 +135,20 @@ void ViewSwitchboard::switchAverage(bool checked)
 
 void ViewSwitchboard::cycleCells()
 {
-    const ViewSwitches now = state->switches();
-    const int mode = (now.cellSelectMode + 1) % 3;
-    actions.setText(ActionId::SelectedCells, QLatin1String(cellTexts[mode]));
-    setCellModes(mode, now.energyMode, now.deltaMode);
+    ViewSwitches switches = state->switches();
+    switches.cellsShown = next(switches.cellsShown);
+    actions.setText(ActionId::SelectedCells, QLatin1String(cellTexts[int(switches.cellsShown)]));
+    state->setSwitches(switches);
     finish();
 }
 
 void ViewSwitchboard::cycleEnergy(int windowNumber)
 {
-    const ViewSwitches now = state->switches();
-    const int mode = (now.energyMode + 1) % 3;
-    actions.setText(ActionId::Energy, QLatin1String(energyTexts[mode]));
+    ViewSwitches switches = state->switches();
+    switches.cellValue = next(switches.cellValue);
+    actions.setText(ActionId::Energy, QLatin1String(energyTexts[int(switches.cellValue)]));
     actions.setChecked(ActionId::Energy, false);
-    setCellModes(now.cellSelectMode, mode, now.deltaMode);
+    state->setSwitches(switches);
     shownRecord->resendToDisplays(windowNumber);
     emit switched();
 }
@@ -155,15 +165,15 @@ void ViewSwitchboard::setBlackBackground(bool black)
 void ViewSwitchboard::publish()
 {
     ViewSwitches switches = state->switches();
-    switches.data = actions.isChecked(ActionId::Data);
-    switches.graph = actions.isChecked(ActionId::Graph);
-    switches.barGraph = actions.isChecked(ActionId::BarGraph);
+    switches.dataDisplay = actions.isChecked(ActionId::Data);
+    switches.voltageComparison = actions.isChecked(ActionId::Graph);
+    switches.capacityComparison = actions.isChecked(ActionId::BarGraph);
     switches.temperature = actions.isChecked(ActionId::Temperature);
     switches.delta = actions.isChecked(ActionId::Delta);
     switches.resistance = actions.isChecked(ActionId::Resistance);
     switches.balancer = actions.isChecked(ActionId::Balancer);
     switches.average = actions.isChecked(ActionId::Average);
-    switches.power = actions.isChecked(ActionId::Power);
+    switches.barDisplay = actions.isChecked(ActionId::Power);
     switches.holdView = actions.isChecked(ActionId::HoldView);
     state->setSwitches(switches);
 }
@@ -197,15 +207,6 @@ void ViewSwitchboard::finish()
     publish();
     emit repaintNeeded();
     emit switched();
-}
-
-void ViewSwitchboard::setCellModes(int cellSelectMode, int energyMode, int deltaMode)
-{
-    ViewSwitches switches = state->switches();
-    switches.cellSelectMode = cellSelectMode;
-    switches.energyMode = energyMode;
-    switches.deltaMode = deltaMode;
-    state->setSwitches(switches);
 }
 
 void ViewSwitchboard::enableBalancerSwitches(bool enabled)

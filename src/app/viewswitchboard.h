@@ -52,7 +52,6 @@ signals:
 
 private:
     void finish();
-    void setCellModes(int cellSelectMode, int energyMode, int deltaMode);
     void enableBalancerSwitches(bool enabled);
 
     ActionSet &actions;

@@ -183,10 +183,10 @@ void DisplayWindows::hideAll()
 void DisplayWindows::showAsSwitched()
 {
     const ViewSwitches &switches = m_state->switches();
-    showData(switches.data);
-    showCapacity(switches.barGraph);
-    showPower(switches.power);
-    if (m_voltage && switches.graph)
+    showData(switches.dataDisplay);
+    showCapacity(switches.capacityComparison);
+    showPower(switches.barDisplay);
+    if (m_voltage && switches.voltageComparison)
         setShown(m_voltage, true);
 }
 

@@ -133,7 +133,7 @@ void DataDisplay::updateData(Varnel3Data &record, int nrWin, bool useKeptRi)
     m_hasRecord = true;
     m_resistances = useKeptRi ? keptResistances : resistancesOf(record);
     if (record.hasCellData() && m_viewState && m_viewState->switches().balancer
-        && m_viewState->switches().energyMode >= 2)
+        && m_viewState->switches().cellValue == CellValue::Resistance)
         keptResistances = resistancesOf(record);
     m_gate->request();
 }
@@ -162,7 +162,7 @@ void DataDisplay::refresh()
     if (m_hasRecord) {
         DataFigures::View view;
         view.statistics = m_viewState && m_viewState->switches().balancer;
-        view.energyMode = m_viewState ? m_viewState->switches().energyMode : 0;
+        view.cellValue = m_viewState ? m_viewState->switches().cellValue : CellValue::Voltage;
         m_figures.show(m_record, view, m_resistances);
         showWindowNumber();
     }

@@ -118,8 +118,8 @@ void DataFigures::show(const Varnel3Data &record, const View &view, const CellRe
         return;
     }
     showStatistics(record);
-    if (view.energyMode == 0 || view.energyMode == 1)
-        showCells(record, view.energyMode);
+    if (view.cellValue != CellValue::Resistance)
+        showCells(record, view.cellValue);
     else
         showResistances(record, resistances);
 }
@@ -158,11 +158,11 @@ void DataFigures::showStatistics(const Varnel3Data &record)
     m_texts[MinCellNote] = cellNote(cellAt(record.cellMin, record));
 }
 
-void DataFigures::showCells(const Varnel3Data &record, int energyMode)
+void DataFigures::showCells(const Varnel3Data &record, CellValue value)
 {
-    m_cellColour = energyMode == 0 ? qRgb(100, 100, 255) : qRgb(140, 120, 100);
+    m_cellColour = value == CellValue::Voltage ? qRgb(100, 100, 255) : qRgb(140, 120, 100);
     for (int i = 0; i < record.cellsPresent(); ++i)
-        m_cellTexts[i] = energyMode == 0
+        m_cellTexts[i] = value == CellValue::Voltage
             ? FigureText::volts(record.cells[i].voltage, 5, 3)
             : FigureText::fixed(record.cells[i].balanceCharge / chargePerAmpereHour, 5, 3);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "displays/resistancesummary.h"
+#include "settings/viewswitches.h"
 
 #include <QRgb>
 #include <QString>
@@ -36,7 +37,7 @@ public:
 
     struct View {
         bool statistics = false; ///< cell statistics for records that carry cell data
-        int energyMode = 0; ///< per-cell quantity: 0 voltage, 1 charge, else internal resistance
+        CellValue cellValue = CellValue::Voltage;
     };
 
     DataFigures();
@@ -58,7 +59,7 @@ public:
 private:
     void showNormal(const Varnel3Data &record);
     void showStatistics(const Varnel3Data &record);
-    void showCells(const Varnel3Data &record, int energyMode);
+    void showCells(const Varnel3Data &record, CellValue value);
     void showResistances(const Varnel3Data &record, const CellResistances &resistances);
     void enterNormalView();
     void enterStatisticsView();

@@ -49,21 +49,18 @@ void fillResistances(PowerBars &bars, const Varnel3Data &record)
 
 } // namespace
 
-PowerBars PowerBars::of(const Varnel3Data &record, int energyMode)
+PowerBars PowerBars::of(const Varnel3Data &record, CellValue quantity)
 {
-    static constexpr struct {
-        Quantity quantity;
-        void (*fill)(PowerBars &, const Varnel3Data &);
-    } kinds[] = {{Voltage, fillVoltages}, {Charge, fillCharges}, {Resistance, fillResistances}};
+    static constexpr void (*fill[])(PowerBars &, const Varnel3Data &)
+        = {fillVoltages, fillCharges, fillResistances}; // by quantity
 
     PowerBars bars;
-    const auto &kind = kinds[energyMode == 0 || energyMode == 1 ? energyMode : 2];
-    bars.quantity = kind.quantity;
+    bars.quantity = quantity;
     if (!record.hasCellData())
         return bars;
     bars.count = record.cellsPresent();
     for (int i = 0; i < bars.count; ++i)
         bars.levels[i] = qBound(0, record.cells[i].balance, fullScale);
-    kind.fill(bars, record);
+    fill[int(quantity)](bars, record);
     return bars;
 }

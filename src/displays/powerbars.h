@@ -1,5 +1,7 @@
 #pragma once
 
+#include "settings/viewswitches.h"
+
 #include <array>
 
 class Varnel3Data;
@@ -7,10 +9,9 @@ class Varnel3Data;
 /// The cells of one record as the bar display draws them: a value of the chosen
 /// quantity and a balancing level each.
 struct PowerBars {
-    enum Quantity { Voltage, Charge, Resistance };
     static constexpr int maxCells = 16;
 
-    Quantity quantity = Voltage;
+    CellValue quantity = CellValue::Voltage;
     int count = 0; ///< cells, 0..maxCells; 0: the record carries no cell data
     int lower = -100; ///< ends of the scale, in the unit of the values
     int upper = 100;
@@ -21,6 +22,5 @@ struct PowerBars {
 
     bool hasData() const { return count > 0; }
 
-    /// `energyMode` as the view switches have it: 0 voltage, 1 charge, else resistance.
-    static PowerBars of(const Varnel3Data &record, int energyMode);
+    static PowerBars of(const Varnel3Data &record, CellValue quantity);
 };

@@ -84,7 +84,7 @@ void PowerChart::paintAxes(QPainter &painter, const QSize &size) const
     const int levelTop = qRound((levelBase - levelHeight) * height);
     painter.setPen(ChartPaint::textColour(blackGround));
     paintScaleText(painter, {px(24), qRound(scaleTop * height) - px(10) - unitHeight, px(60), unitHeight},
-        Qt::AlignLeft, QLatin1String(units[bars.quantity]), 8);
+        Qt::AlignLeft, QLatin1String(units[int(bars.quantity)]), 8);
     paintScaleText(painter, {0, levelTop - px(8) - unitHeight, px(axisLabelWidth), unitHeight},
         Qt::AlignRight, QStringLiteral("[%]"), 8);
 

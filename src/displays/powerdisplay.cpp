@@ -51,7 +51,7 @@ QSize PowerDisplay::sizeHint() const
 
 void PowerDisplay::updateData(Varnel3Data &record, int nrWin, bool useKeptRi)
 {
-    const bool resistances = m_viewState && m_viewState->switches().energyMode >= 2;
+    const bool resistances = m_viewState && m_viewState->switches().cellValue == CellValue::Resistance;
     const bool sameDevice = nrWin == m_windowNumber && m_record.hasCellData();
     if (useKeptRi && resistances && sameDevice && record.hasCellData())
         return;
@@ -93,7 +93,8 @@ void PowerDisplay::closeEvent(QCloseEvent *event)
 
 void PowerDisplay::refresh()
 {
-    m_chart.bars = PowerBars::of(m_record, m_viewState ? m_viewState->switches().energyMode : 0);
+    m_chart.bars
+        = PowerBars::of(m_record, m_viewState ? m_viewState->switches().cellValue : CellValue::Voltage);
     m_chart.windowNumber = m_windowNumber;
     m_chart.stale = m_staleSince.isValid();
     setToolTip(m_chart.stale

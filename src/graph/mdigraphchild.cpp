@@ -87,8 +87,9 @@ void MdiGraphChild::showNewest()
         return;
     const int newest = m_store.size() - 1;
     const Varnel3Data shown = m_store.record(newest);
-    const bool useKeptRi = shown.flag5 == 'B' && m_host->viewState()->switches().energyMode == 2
-        && newest >= 2 && m_store.newestLacksResistance();
+    const bool useKeptRi = shown.flag5 == 'B'
+        && m_host->viewState()->switches().cellValue == CellValue::Resistance && newest >= 2
+        && m_store.newestLacksResistance();
     m_host->showRecord(shown, m_windowNumber, useKeptRi);
 }
 

@@ -63,9 +63,9 @@ void TestCommandLine::drawingSwitches()
     ViewSwitches expected;
     expected.blackBackground = false;
     expected.balancer = expected.average = true;
-    expected.deltaMode = 2;
+    expected.rightAxis = RightAxis::Energy;
     expected.temperature = expected.resistance = false;
-    expected.energyMode = 2;
+    expected.cellValue = CellValue::Resistance;
     QCOMPARE(int(line.task), int(CommandLine::Render));
     QVERIFY(line.switches == expected);
     QCOMPARE(line.size, QSize(400, 300));

@@ -57,9 +57,9 @@ QString TestViewSwitches::modes() const
 {
     const ViewSwitches &switches = window->viewState().switches();
     return QStringLiteral("%1%2%3")
-        .arg(switches.cellSelectMode)
-        .arg(switches.energyMode)
-        .arg(switches.deltaMode);
+        .arg(int(switches.cellsShown))
+        .arg(int(switches.cellValue))
+        .arg(int(switches.rightAxis));
 }
 
 void TestViewSwitches::init()

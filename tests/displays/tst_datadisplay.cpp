@@ -39,7 +39,7 @@ private slots:
 
 private:
     QString text(const char *name) const;
-    void setView(bool statistics, int energyMode);
+    void setView(bool statistics, int cellValue);
     void show(Varnel3Data record, int window = 1, bool useKeptRi = false);
 
     ViewState *m_state = nullptr;
@@ -70,11 +70,11 @@ QString TestDataDisplay::text(const char *name) const
     return m_display->findChild<QLabel *>(QLatin1String(name))->text();
 }
 
-void TestDataDisplay::setView(bool statistics, int energyMode)
+void TestDataDisplay::setView(bool statistics, int cellValue)
 {
     ViewSwitches switches;
     switches.balancer = statistics;
-    switches.energyMode = energyMode;
+    switches.cellValue = CellValue(cellValue);
     m_state->setSwitches(switches);
 }
 
@@ -219,7 +219,7 @@ void TestDataDisplay::closingTells()
 void TestDataDisplay::nothingIsCutOff_data()
 {
     QTest::addColumn<qreal>("fontFactor");
-    QTest::addColumn<int>("energyMode"); // -1: the normal view
+    QTest::addColumn<int>("cellValue"); // -1: the normal view
     for (const qreal factor : {1.0, 1.5})
         for (int mode = -1; mode <= 2; ++mode)
             QTest::addRow("fonts %.1f, view %d", factor, mode) << factor << mode;
@@ -228,7 +228,7 @@ void TestDataDisplay::nothingIsCutOff_data()
 void TestDataDisplay::nothingIsCutOff()
 {
     QFETCH(qreal, fontFactor);
-    QFETCH(int, energyMode);
+    QFETCH(int, cellValue);
     const QFont usual = QApplication::font();
     QFont larger = usual;
     larger.setPointSizeF(usual.pointSizeF() * fontFactor);
@@ -237,7 +237,7 @@ void TestDataDisplay::nothingIsCutOff()
     m_display = new DataDisplay;
     m_display->setViewState(m_state);
     m_display->show();
-    setView(energyMode >= 0, qMax(0, energyMode));
+    setView(cellValue >= 0, qMax(0, cellValue));
 
     Varnel3Data record = samplePack(QVector<int>(16, 14999));
     record.mode = Varnel3Data::Discharge;

@@ -115,12 +115,12 @@ private slots:
     {
         for (const bool cells : {true, false}) {
             Varnel3Data record = samplePack({4100, 4200, 4100, 4000});
-            DataFigures figures = figuresOf(record, {true, 0});
+            DataFigures figures = figuresOf(record, {true, CellValue::Voltage});
             if (cells)
                 record.mode = Varnel3Data::NoMode;
             else
                 record.cellCount = 0;
-            figures.show(record, {true, 0}, {});
+            figures.show(record, {true, CellValue::Voltage}, {});
             for (const Item item : {DataFigures::Time, DataFigures::Voltage, DataFigures::Current,
                      DataFigures::Mode, DataFigures::Cells, DataFigures::Slope, DataFigures::Resistance,
                      DataFigures::MaxCellNote})
@@ -151,7 +151,7 @@ private slots:
         QFETCH(QString, highest);
         QFETCH(QString, lowest);
         QFETCH(QString, delta);
-        const DataFigures figures = figuresOf(samplePack(millivolts), {true, 0});
+        const DataFigures figures = figuresOf(samplePack(millivolts), {true, CellValue::Voltage});
         QCOMPARE(figures.text(DataFigures::MaxCellNote), highest);
         QCOMPARE(figures.text(DataFigures::MinCellNote), lowest);
         QCOMPARE(figures.text(DataFigures::Temperature), delta);
@@ -162,12 +162,13 @@ private slots:
         Varnel3Data record = samplePack({4000, 4100});
         record.cellMax = 4500; // no cell has it
         record.cellCount = 99;
-        DataFigures figures = figuresOf(record, {true, 0});
+        DataFigures figures = figuresOf(record, {true, CellValue::Voltage});
         QCOMPARE(figures.text(DataFigures::MaxCellNote), QStringLiteral("cell 1"));
         QCOMPARE(figures.text(DataFigures::Cells), QStringLiteral("99 x LiPo"));
         QCOMPARE(figures.cellText(15), QStringLiteral("0,000"));
         record.flag5 = '_'; // no cell data: the normal view stays
-        QCOMPARE(figuresOf(record, {true, 0}).text(DataFigures::CurrentUnit), QStringLiteral("A"));
+        QCOMPARE(figuresOf(record, {true, CellValue::Voltage}).text(DataFigures::CurrentUnit),
+            QStringLiteral("A"));
     }
 
     void statisticsFigures()
@@ -175,7 +176,7 @@ private slots:
         Varnel3Data record = samplePack({4110, 4032});
         record.balanceMax = 100;
         record.cells[1].balanceCharge = 360000 * 1234 + 359999;
-        DataFigures figures = figuresOf(record, {true, 1});
+        DataFigures figures = figuresOf(record, {true, CellValue::Charge});
         QCOMPARE(figures.text(DataFigures::Slope), QStringLiteral("100"));
         QCOMPARE(figures.text(DataFigures::SlopeUnit), QStringLiteral("%"));
         QCOMPARE(figures.text(DataFigures::Resistance), QStringLiteral("1,234"));
@@ -185,7 +186,7 @@ private slots:
         QCOMPARE(figures.cellText(1), QStringLiteral("1,235"));
         QCOMPARE(figures.cellText(2), QString());
         QCOMPARE(figures.cellColour(), qRgb(140, 120, 100));
-        figures.show(record, {true, 0}, {});
+        figures.show(record, {true, CellValue::Voltage}, {});
         QCOMPARE(figures.cellText(1), QStringLiteral("4,032"));
         QCOMPARE(figures.cellColour(), qRgb(100, 100, 255));
     }
@@ -194,10 +195,10 @@ private slots:
     {
         Varnel3Data record = samplePack({4110, 4032});
         const DataFigures before = figuresOf(record);
-        for (const int energyMode : {0, 1, 2}) {
-            DataFigures figures = figuresOf(record, {true, energyMode});
+        for (const CellValue value : {CellValue::Voltage, CellValue::Charge, CellValue::Resistance}) {
+            DataFigures figures = figuresOf(record, {true, value});
             QVERIFY(figures.text(DataFigures::CurrentUnit) != before.text(DataFigures::CurrentUnit));
-            figures.show(record, {false, energyMode}, {});
+            figures.show(record, {false, value}, {});
             for (int item = 0; item < DataFigures::itemCount; ++item) {
                 QCOMPARE(figures.text(Item(item)), before.text(Item(item)));
                 QCOMPARE(figures.colour(Item(item)), before.colour(Item(item)));
@@ -236,7 +237,7 @@ private slots:
     {
         QFETCH(QVector<double>, milliohms);
         QFETCH(QStringList, figures);
-        const DataFigures shown = figuresOf(sampleResistances(milliohms), {true, 2});
+        const DataFigures shown = figuresOf(sampleResistances(milliohms), {true, CellValue::Resistance});
         QCOMPARE((QStringList{shown.text(DataFigures::Voltage), shown.text(DataFigures::Resistance),
                      shown.text(DataFigures::Temperature), shown.text(DataFigures::Current),
                      shown.text(DataFigures::MaxCellNote), shown.text(DataFigures::Capacity),

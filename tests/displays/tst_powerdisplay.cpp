@@ -55,7 +55,7 @@ private slots:
         Varnel3Data record = samplePack({4040, 3960, 4001, 3999});
         record.cells[1].balance = 130;
         record.cells[2].balance = -5;
-        const PowerBars bars = PowerBars::of(record, 0);
+        const PowerBars bars = PowerBars::of(record, CellValue::Voltage);
         QCOMPARE(bars.count, 4);
         QCOMPARE(bars.values[0], 40);
         QCOMPARE(bars.values[1], -40);
@@ -64,7 +64,7 @@ private slots:
         QCOMPARE(bars.levels[2], 0);
         record.cells[0].voltage = -2147483647;
         record.cellAverage = 2147483647;
-        QVERIFY(PowerBars::of(record, 0).values[0] < -1000000);
+        QVERIFY(PowerBars::of(record, CellValue::Voltage).values[0] < -1000000);
     }
 
     void charges()
@@ -72,7 +72,7 @@ private slots:
         for (const int charge : {40, 100, 1155}) { // mAh and a bit
             Varnel3Data record = samplePack({4000, 4000});
             record.cells[1].balanceCharge = charge * 360000 + 359999;
-            const PowerBars bars = PowerBars::of(record, 1);
+            const PowerBars bars = PowerBars::of(record, CellValue::Charge);
             QCOMPARE(bars.values[1], charge);
             QCOMPARE(bars.lower, 0);
             QCOMPARE(bars.upper, qMax(100, charge));
@@ -93,12 +93,10 @@ private slots:
     {
         QFETCH(QVector<double>, milliohms);
         QFETCH(QVector<int>, excess);
-        for (const int selector : {2, 7}) {
-            const PowerBars bars = PowerBars::of(sampleResistances(milliohms), selector);
-            for (int i = 0; i < excess.size(); ++i) {
-                QCOMPARE(bars.known[i], excess[i] >= 0);
-                QCOMPARE(bars.values[i], qMax(0, excess[i]));
-            }
+        const PowerBars bars = PowerBars::of(sampleResistances(milliohms), CellValue::Resistance);
+        for (int i = 0; i < excess.size(); ++i) {
+            QCOMPARE(bars.known[i], excess[i] >= 0);
+            QCOMPARE(bars.values[i], qMax(0, excess[i]));
         }
     }
 
@@ -122,7 +120,7 @@ private slots:
         record.cellCount = cellCount;
         record.mode = mode;
         record.flag5 = flag;
-        for (const int quantity : {0, 1, 2})
+        for (const CellValue quantity : {CellValue::Voltage, CellValue::Charge, CellValue::Resistance})
             QCOMPARE(PowerBars::of(record, quantity).count, shown);
     }
 
@@ -204,7 +202,7 @@ void TestPowerDisplay::displayFollowsRecordsAndSwitches()
     QCOMPARE(display.grab().toImage().pixel(1, 1), qRgb(255, 255, 0)); // the window's number
 
     ViewSwitches switches;
-    switches.energyMode = 1;
+    switches.cellValue = CellValue::Charge;
     state.setSwitches(switches);
     const int charges = pixelsOf(display, green);
     QVERIFY(charges > 0 && charges != deviations);
@@ -225,7 +223,7 @@ void TestPowerDisplay::keptResistancesStay()
 {
     ViewState state;
     ViewSwitches switches;
-    switches.energyMode = 2;
+    switches.cellValue = CellValue::Resistance;
     state.setSwitches(switches);
     PowerDisplay display;
     display.setViewState(&state);

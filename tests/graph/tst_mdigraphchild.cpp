@@ -98,7 +98,7 @@ void TestMdiGraphChild::flagsLostResistance()
         records[i].cells[0].resistance = 0.0;
     ViewSwitches switches;
     for (int i = 0; i < records.size(); ++i) {
-        switches.energyMode = i == 4 ? 1 : 2;
+        switches.cellValue = i == 4 ? CellValue::Charge : CellValue::Resistance;
         host.state->setSwitches(switches);
         child.addRecord(records[i]);
     }
@@ -263,7 +263,7 @@ void TestMdiGraphChild::switchesRepaint()
     QVERIFY(QTest::qWaitForWindowExposed(&child));
     PaintCounter painted(&child);
     ViewSwitches switches = host.state->switches();
-    switches.energyMode = 2; // nobody else asks for it
+    switches.cellValue = CellValue::Resistance; // nobody else asks for it
     host.state->setSwitches(switches);
     QTRY_COMPARE(painted.count, 1);
 }

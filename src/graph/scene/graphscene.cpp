@@ -34,20 +34,22 @@ const Varnel3Data &newestOf(const GraphPicture &picture)
 bool isCellShown(const GraphPicture &picture, int cell)
 {
     const bool selected = picture.selectedCells[size_t(cell)];
-    return picture.switches.cellSelectMode == 0 || selected == (picture.switches.cellSelectMode == 1);
+    return picture.switches.cellsShown == CellsShown::All
+        || selected == (picture.switches.cellsShown == CellsShown::Selected);
 }
 
-QString cellFigure(const SeriesStore &store, int cell, int energyMode)
+QString cellFigure(const SeriesStore &store, int cell, CellValue value)
 {
     const CellData &newest = store.records().last().cells[cell];
-    switch (energyMode) {
-    case 1:
+    switch (value) {
+    case CellValue::Charge:
         return figure(newest.balanceCharge / 360000 / milli, 0, 3); // per cent x mA x s to mAh to Ah
-    case 2: // which most lines don't bring
+    case CellValue::Resistance: // which most lines don't bring
         return store.knownResistance(cell) > 0 ? figure(store.knownResistance(cell), 0, 1) : noFigure();
-    default:
-        return figure(newest.voltage / milli, 0, 3);
+    case CellValue::Voltage:
+        break;
     }
+    return figure(newest.voltage / milli, 0, 3);
 }
 
 // The lowest and the highest value that the axes cover.
@@ -83,9 +85,9 @@ GraphScene GraphScene::of(const GraphPicture &picture)
     const ViewSwitches &switches = picture.switches;
     if (!switches.balancer) {
         scene.addVoltage(picture);
-        if (switches.deltaMode == 1)
+        if (switches.rightAxis == RightAxis::Slope)
             scene.addSlope(picture);
-        else if (switches.deltaMode == 2)
+        else if (switches.rightAxis == RightAxis::Energy)
             scene.addEnergy(picture);
     } else if (!picture.store->hasCellData()) {
         scene.upperReason = tr("This recording has no cell data.");
@@ -149,7 +151,7 @@ void GraphScene::addCells(const GraphPicture &picture)
     const GraphColours colours = coloursOf(picture);
     const ViewSwitches &switches = picture.switches;
     const ValueRange range = cellRange(picture);
-    const bool emphasise = switches.cellSelectMode == 0;
+    const bool emphasise = switches.cellsShown == CellsShown::All;
     for (bool selected : {true, false}) { // the picked ones on top
         for (int i = 0; i < store.cellSeriesCount(); ++i) {
             if (picture.selectedCells[size_t(i)] != selected || !isCellShown(picture, i))
@@ -160,17 +162,17 @@ void GraphScene::addCells(const GraphPicture &picture)
         }
     }
     if (curves.isEmpty())
-        upperReason = switches.cellSelectMode == 1 ? tr("No cell is selected.") : tr("All cells are hidden.");
+        upperReason = switches.cellsShown == CellsShown::Selected ? tr("No cell is selected.")
+                                                                  : tr("All cells are hidden.");
     axes.append({PlotArea::Upper, Side::Left, range, tr("V"), 2, 4, colours.text()});
 
     const char *const headings[]
         = {QT_TRANSLATE_NOOP("GraphScene", "Voltage:"), QT_TRANSLATE_NOOP("GraphScene", "Charge:"), "Ri:"};
     const char *const units[] = {"V", "Ah", "m\u03a9"};
-    const int mode = qBound(0, switches.energyMode, 2);
-    cellHeading = tr(headings[mode]);
-    cellUnit = tr(units[mode]);
+    cellHeading = tr(headings[int(switches.cellValue)]);
+    cellUnit = tr(units[int(switches.cellValue)]);
     for (int i = 0; i < store.cellSeriesCount(); ++i) {
-        upperLegend.append({QString::number(i + 1), cellFigure(store, i, mode), colours.cell(i),
+        upperLegend.append({QString::number(i + 1), cellFigure(store, i, switches.cellValue), colours.cell(i),
             picture.selectedCells[size_t(i)]});
     }
 }

@@ -200,11 +200,11 @@ void TestGraphPainter::rightAxisFollowsDeltaMode()
     const GraphLayout layout(picture.size, store.size());
     const QRect labels(layout.plotRight() + 5, layout.plotTop() - 4, 34, 270);
     const QColor yellow(0xFF, 0xFF, 0x00);
-    picture.switches.deltaMode = 0;
+    picture.switches.rightAxis = RightAxis::None;
     QCOMPARE(countOf(drawn(picture), labels, Qt::black), labels.width() * labels.height());
-    picture.switches.deltaMode = 1;
+    picture.switches.rightAxis = RightAxis::Slope;
     const QImage slope = drawn(picture);
-    picture.switches.deltaMode = 2;
+    picture.switches.rightAxis = RightAxis::Energy;
     const QImage energy = drawn(picture);
     QVERIFY(slope.copy(labels) != energy.copy(labels));
     // 2.5 A fill 3.3 Ah in 80 per cent of the time; the axis ends a tenth above
@@ -298,7 +298,7 @@ void TestGraphPainter::legendsTellUnits()
     SeriesStore store;
     append(&store, recordings::lipoCharge(10));
     GraphPicture picture = pictureOf(store);
-    picture.switches.deltaMode = 1;
+    picture.switches.rightAxis = RightAxis::Slope;
     QCOMPARE(GraphScene::of(picture).upperLegend.last().value, QStringLiteral("--,- mV/min")); // none yet
     picture.switches.balancer = picture.switches.average = true;
     const GraphScene scene = GraphScene::of(picture);
@@ -323,7 +323,7 @@ void TestGraphPainter::cellSelectionHidesAndMarks()
     const GraphLayout layout(picture.size, store.size());
     const QRect upper = layout.area(PlotArea::Upper);
     const auto pixels = [&](int mode, int cell) {
-        picture.switches.cellSelectMode = mode;
+        picture.switches.cellsShown = CellsShown(mode);
         return countOf(drawn(picture), upper, colours.cell(cell));
     };
     const int plain = pixels(1, 2);
@@ -364,7 +364,7 @@ void TestGraphPainter::emptyPlotsSayWhy()
     }
     picture.store = &lipo;
     QCOMPARE(countOf(drawn(picture), upper, yellow), 0);
-    picture.switches.cellSelectMode = 1;
+    picture.switches.cellsShown = CellsShown::Selected;
     const QImage withoutSelection = drawn(picture);
     QVERIFY(countOf(withoutSelection, upper, yellow) > 100);
     QVERIFY(withoutSelection.copy(upper) != withoutCells.copy(upper)); // another reason
@@ -380,7 +380,7 @@ void TestGraphPainter::resistancesStay()
     store.append(recordings::tandorRun(1)[0]);
     GraphPicture picture = pictureOf(store);
     picture.switches.balancer = true;
-    picture.switches.energyMode = 2;
+    picture.switches.cellValue = CellValue::Resistance;
     const auto shown = [&] {
         const GraphScene scene = GraphScene::of(picture);
         return scene.upperLegend[0].value.trimmed() + QLatin1Char(' ') + scene.upperLegend[1].value.trimmed();
@@ -411,7 +411,7 @@ void TestGraphPainter::staysInItsPlaces()
         picture.size = size;
         picture.switches.balancer = view >= 2;
         picture.switches.average = view == 3;
-        picture.switches.deltaMode = view == 0 ? 1 : 2;
+        picture.switches.rightAxis = view == 0 ? RightAxis::Slope : RightAxis::Energy;
         if (view == 1)
             picture.zoom.show({3000, 5000}, PlotArea::Upper, {0.2, 0.7}, {0, 9995});
         QCOMPARE(strayPixels(drawn(picture), black ? Qt::black : Qt::white, view < 2), 0);
