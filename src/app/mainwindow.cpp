@@ -36,6 +36,7 @@
 #include "dialogs/dialogpreferences.h"
 #include "graph/mdigraphchild.h"
 #include "ports/portwatcher.h"
+#include "settings/settingskeys.h"
 #include "settings/varnelsettings.h"
 #include "settings/viewstate.h"
 
@@ -175,7 +176,7 @@ void MainWindow::readSettings()
     const VarnelSettings settings;
     ShellPlace::restore(this, settings);
     displays->readPlaces(settings);
-    if (settings.value(QStringLiteral("mainwindow/black"), true).toBool())
+    if (settings.value(SettingsKey::blackBackground, true).toBool())
         setBlackBack();
     else
         setWhiteBack();
@@ -185,7 +186,7 @@ void MainWindow::writeSettings() const
 {
     VarnelSettings settings;
     ShellPlace::save(*this, &settings);
-    settings.setValue(QStringLiteral("mainwindow/black"), state->switches().blackBackground);
+    settings.setValue(SettingsKey::blackBackground, state->switches().blackBackground);
     displays->writePlaces(&settings);
 }
 

@@ -1,5 +1,6 @@
 #include "desk/windowplace.h"
 
+#include "settings/settingskeys.h"
 #include "settings/varnelsettings.h"
 
 #include "widgets/displayscale.h"
@@ -65,11 +66,6 @@ QPoint freePlace(const QRect &wanted, const QVector<QRect> &taken)
     return best;
 }
 
-// The settings' keys below a display's group.
-const QLatin1String sizeKey{"/size"};
-const QLatin1String placeKey{"/pos"};
-const QLatin1String maximisedKey{"/maximized"};
-
 } // namespace
 
 QPoint first(const QPoint &place, const QSize &size)
@@ -115,24 +111,25 @@ QRect frameOf(const QWidget &display)
 
 void save(const QWidget &display, const QString &group, VarnelSettings *settings)
 {
-    settings->setValue(group + maximisedKey, display.isMaximized());
+    settings->setValue(group + SettingsKey::inGroupMaximized, display.isMaximized());
     const bool usual = !(display.windowState() & (Qt::WindowMaximized | Qt::WindowMinimized));
     const QRect normal = usual ? display.geometry() : display.normalGeometry();
     // Maximised ever since restore() has placed it, it knows of no frame yet: nothing has changed.
-    const QRect kept(settings->value(group + placeKey).toPoint(), settings->value(group + sizeKey).toSize());
+    const QRect kept(settings->value(group + SettingsKey::inGroupPos).toPoint(),
+        settings->value(group + SettingsKey::inGroupSize).toSize());
     if (!usual && normal == kept)
         return;
     const QPoint border = display.geometry().topLeft() - display.pos();
-    settings->setValue(group + sizeKey, normal.size());
-    settings->setValue(group + placeKey, normal.topLeft() - border);
+    settings->setValue(group + SettingsKey::inGroupSize, normal.size());
+    settings->setValue(group + SettingsKey::inGroupPos, normal.topLeft() - border);
 }
 
 void restore(QWidget *display, const QString &group, const VarnelSettings &settings, const QSize &size,
     const QPoint &place)
 {
-    display->resize(settings.value(group + sizeKey, size).toSize());
-    WindowPlace::place(display, settings.value(group + placeKey), place);
-    if (settings.value(group + maximisedKey).toBool())
+    display->resize(settings.value(group + SettingsKey::inGroupSize, size).toSize());
+    WindowPlace::place(display, settings.value(group + SettingsKey::inGroupPos), place);
+    if (settings.value(group + SettingsKey::inGroupMaximized).toBool())
         display->setWindowState(display->windowState() | Qt::WindowMaximized);
 }
 

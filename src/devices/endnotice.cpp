@@ -4,6 +4,7 @@
 #include "devices/soundplayer.h"
 #include "data/processend.h"
 #include "link/serialreader.h"
+#include "settings/settingskeys.h"
 #include "settings/varnelsettings.h"
 
 #include <QLabel>
@@ -145,7 +146,7 @@ void EndNotice::startSound()
         const QString base = QLatin1String(texts->sound);
         m_player->play(SoundPlayer::filePath(m_soundFolder, base, QLocale::system().country()));
     }
-    if (VarnelSettings().value(QStringLiteral("/mp3/user_wave"), true).toBool())
+    if (VarnelSettings().value(SettingsKey::userWave, true).toBool())
         m_userSoundTimer->start();
 }
 

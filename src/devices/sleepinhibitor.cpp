@@ -2,6 +2,7 @@
 
 #include "devices/devicetargets.h"
 #include "link/serialreader.h"
+#include "settings/settingskeys.h"
 #include "settings/varnelsettings.h"
 
 #include <QTimer>
@@ -36,5 +37,5 @@ bool SleepInhibitor::isWanted() const
     const QVector<SerialReader *> readers = targets->readers();
     return std::any_of(readers.begin(), readers.end(), [](SerialReader *reader) {
         return reader->isRecording();
-    }) && VarnelSettings().value(QStringLiteral("power/keepAwake"), true).toBool();
+    }) && VarnelSettings().value(SettingsKey::keepAwake, true).toBool();
 }

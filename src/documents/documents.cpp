@@ -13,6 +13,7 @@
 #include "journal/journalfolder.h"
 #include "files/varelstyleditemdelegate.h"
 #include "graph/mdigraphchild.h"
+#include "settings/settingskeys.h"
 #include "settings/varnelsettings.h"
 
 #include <QDir>
@@ -35,22 +36,12 @@ constexpr int dateColumn = 3;
 constexpr int columnMargin = 16; // px, of a text in its column
 constexpr int failuresShown = 12; // the rest are under the box's details
 
-QString lastFolderKey()
-{
-    return QStringLiteral("global/lastDir");
-}
-
 /// The file opened or saved last; at first a folder, as without any the dialog
 /// shows the one that another was left in.
 QString lastFolder()
 {
-    const QString last = VarnelSettings().value(lastFolderKey(), QString()).toString();
+    const QString last = VarnelSettings().value(SettingsKey::lastDir, QString()).toString();
     return last.isEmpty() ? QDir::homePath() : last;
-}
-
-QString recordingsStateKey()
-{
-    return QStringLiteral("recordings/dialog");
 }
 
 QTreeView *detailsOf(const QFileDialog &dialog)
@@ -82,7 +73,7 @@ void arrangeRecordings(QFileDialog &dialog)
 void keepLastFolder(const QString &path)
 {
     VarnelSettings settings;
-    settings.setValue(lastFolderKey(), path);
+    settings.setValue(SettingsKey::lastDir, path);
     settings.sync();
 }
 
@@ -127,11 +118,11 @@ void Documents::openRecordings()
     dialog.setProxyModel(new RecordingsModel(&dialog));
     const QByteArray usualHeader = detailsOf(dialog)->header()->saveState();
     const QFileDialog::ViewMode usualMode = dialog.viewMode();
-    if (!dialog.restoreState(VarnelSettings().value(recordingsStateKey()).toByteArray()))
+    if (!dialog.restoreState(VarnelSettings().value(SettingsKey::recordingsDialog).toByteArray()))
         arrangeRecordings(dialog);
     dialog.setDirectory(folder);
     openFrom(dialog);
-    VarnelSettings().setValue(recordingsStateKey(), dialog.saveState());
+    VarnelSettings().setValue(SettingsKey::recordingsDialog, dialog.saveState());
     // What it leaves is where the next dialog of any kind begins.
     detailsOf(dialog)->header()->restoreState(usualHeader);
     dialog.setViewMode(usualMode);

@@ -8,6 +8,7 @@
 #include "documents/csvexport.h"
 #include "files/filepieces.h"
 #include "graph/mdigraphchild.h"
+#include "settings/settingskeys.h"
 #include "settings/varnelsettings.h"
 
 #include <QBuffer>
@@ -19,19 +20,14 @@ namespace {
 
 constexpr int messageTime = 5000; // ms
 
-QString folderKey()
-{
-    return QStringLiteral("export/lastDir");
-}
-
 /// Where the last export went, else where data files were opened or saved last.
 QString startFolder()
 {
     const VarnelSettings settings;
-    const QString last = settings.value(folderKey()).toString();
+    const QString last = settings.value(SettingsKey::exportDir).toString();
     if (!last.isEmpty())
         return last;
-    const QString dataFile = settings.value(QStringLiteral("global/lastDir")).toString();
+    const QString dataFile = settings.value(SettingsKey::lastDir).toString();
     return dataFile.isEmpty() ? QDir::homePath() : QFileInfo(dataFile).path();
 }
 
@@ -98,7 +94,7 @@ QString GraphExports::ask(const QString &title, const QStringList &filters, cons
     if (dialog.exec() != QDialog::Accepted)
         return QString();
     const QString name = dialog.selectedFiles().value(0);
-    VarnelSettings().setValue(folderKey(), QFileInfo(name).absolutePath());
+    VarnelSettings().setValue(SettingsKey::exportDir, QFileInfo(name).absolutePath());
     return name;
 }
 

@@ -2,6 +2,7 @@
 
 #include "desk/statusfacts.h"
 #include "journal/journalkeeper.h"
+#include "settings/settingskeys.h"
 #include "settings/varnelsettings.h"
 
 #include <QDesktopServices>
@@ -9,15 +10,6 @@
 #include <QLocale>
 #include <QPushButton>
 #include <QUrl>
-
-namespace {
-
-QString toldSizeKey()
-{
-    return QStringLiteral("journal/toldSize");
-}
-
-} // namespace
 
 JournalNotice::JournalNotice(const JournalKeeper *keeper, StatusFacts *facts, QWidget *window)
     : QObject(window)
@@ -52,10 +44,10 @@ void JournalNotice::showReplaced(const QString &fileName, const QString &newName
 void JournalNotice::showLarge(const QString &path, qint64 bytes)
 {
     VarnelSettings settings;
-    const qint64 told = settings.value(toldSizeKey(), 0).toLongLong();
+    const qint64 told = settings.value(SettingsKey::journalToldSize, 0).toLongLong();
     if (told > 0 && told <= bytes && bytes - told < JournalKeeper::largeFolder)
         return; // told on another day, and left so
-    settings.setValue(toldSizeKey(), bytes);
+    settings.setValue(SettingsKey::journalToldSize, bytes);
     m_folder = path;
     const QString text = tr("Your recordings take %1.").arg(QLocale().formattedDataSize(bytes))
         + QLatin1Char('\n')

@@ -1,8 +1,8 @@
 #include "settings/varnelsettings.h"
 
-#include "settings/settingskeeper.h"
-
 #include "ports/portinfo.h"
+#include "settings/settingskeeper.h"
+#include "settings/settingskeys.h"
 
 #include <QCoreApplication>
 
@@ -51,34 +51,34 @@ void VarnelSettings::sync()
 
 QStringList VarnelSettings::ports() const
 {
-    return value(QStringLiteral("ports"), QStringList()).toStringList();
+    return value(SettingsKey::ports, QStringList()).toStringList();
 }
 
 void VarnelSettings::setPorts(const QStringList &ports)
 {
-    setValue(QStringLiteral("ports"), ports);
+    setValue(SettingsKey::ports, ports);
     sync();
 }
 
 bool VarnelSettings::sendTime() const
 {
-    return value(QStringLiteral("sendTime"), false).toBool();
+    return value(SettingsKey::sendTime, false).toBool();
 }
 
 void VarnelSettings::setSendTime(bool on)
 {
-    setValue(QStringLiteral("sendTime"), on);
+    setValue(SettingsKey::sendTime, on);
     sync();
 }
 
 bool VarnelSettings::journalEnabled() const
 {
-    return value(QStringLiteral("journal/enabled"), true).toBool();
+    return value(SettingsKey::journalEnabled, true).toBool();
 }
 
 int VarnelSettings::journalMaxAgeDays() const
 {
-    return std::max(0, value(QStringLiteral("journal/maxAgeDays"), 0).toInt());
+    return std::max(0, value(SettingsKey::journalMaxAge, 0).toInt());
 }
 
 QStringList VarnelSettings::listenPorts() const
