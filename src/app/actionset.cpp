@@ -6,6 +6,9 @@
 #include <QIcon>
 #include <QKeySequence>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 enum Receiver { Nobody, Window, MdiArea, Application };
@@ -20,6 +23,7 @@ struct ActionRow {
     Receiver receiver;
     const char *slot;
     unsigned flags;
+    const char *name = nullptr; ///< of the object
 };
 
 #define TEXT(text) QT_TRANSLATE_NOOP("MainWindow", text)
@@ -98,12 +102,27 @@ const ActionRow rows[] = {
         TO(toolBarStop()), Plain},
     {ActionId::HoldView, TEXT("Hold view"), nullptr, "Graph windows keep zoom and cursor", noKey, Nobody,
         nullptr, Checkable},
+    {ActionId::OpenRecordings, TEXT("Open recordings..."), "open.png",
+        TEXT("Open what was recorded from the devices, saved or not."), noKey, Nobody, nullptr, Plain,
+        "openRecordingsAction"},
+    {ActionId::ReopenClosed, TEXT("Reopen closed recording"), nullptr,
+        TEXT("Open again the recording whose window was closed last."), noKey, Nobody, nullptr, Plain,
+        "reopenClosedAction"},
+    {ActionId::ExportCsv, TEXT("Export as CSV..."), "export.png",
+        TEXT("Write the records of the current graph as a table for other programs."), noKey, Nobody, nullptr,
+        Plain, "exportCsvAction"},
+    {ActionId::SavePicture, TEXT("Save picture..."), "picture.png",
+        TEXT("Write the current graph as its window shows it to a picture file."), noKey, Nobody, nullptr,
+        Plain, "savePictureAction"},
+    {ActionId::RemoteControl, TEXT("Remote control..."), "remote.png",
+        TEXT("Operate the front panel of the charger."), noKey, Nobody, nullptr, Plain,
+        "remoteControlAction"},
 };
 
 #undef TO
 #undef TEXT
 
-static_assert(sizeof rows / sizeof rows[0] == size_t(ActionId::Count), "one row an action");
+static_assert(std::size(rows) == size_t(ActionId::Count), "one row an action");
 
 QString translated(const char *text)
 {
@@ -112,6 +131,7 @@ QString translated(const char *text)
 
 void describe(QAction *action, const ActionRow &row)
 {
+    action->setObjectName(QLatin1String(row.name));
     action->setText(translated(row.text));
     if (row.icon)
         action->setIcon(QIcon(QStringLiteral(":/Icons/") + QLatin1String(row.icon)));
@@ -152,6 +172,7 @@ ActionSet::ActionSet(QObject *window, QObject *mdiArea)
             connect(action, signalFor(row), receivers[row.receiver], row.slot);
     }
     (*this)[ActionId::HoldView]->setShortcut(Qt::Key_H);
+    (*this)[ActionId::ReopenClosed]->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_T);
     showPaused(QString());
 }
 
@@ -186,6 +207,17 @@ void ActionSet::showPaused(const QString &port) const
             "follows is a recording of its own.\nTo look closer, hold the view instead: key H.")
                        : tr("%1 is paused: what its device sends is not recorded. Press to go on.")
                              .arg(port));
+}
+
+void ActionSet::offer(ActionId id, const QString &reason) const
+{
+    QAction *action = (*this)[id];
+    const auto *row
+        = std::find_if(std::begin(rows), std::end(rows), [id](auto &one) { return one.id == id; });
+    const QString tip = reason.isEmpty() ? translated(row->tip) : reason;
+    action->setEnabled(reason.isEmpty());
+    action->setStatusTip(tip);
+    action->setToolTip(tip);
 }
 
 void ActionSet::setRangeEnabled(ActionId first, ActionId last, bool enabled) const

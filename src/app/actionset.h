@@ -43,10 +43,16 @@ enum class ActionId {
     Energy,
     StopProcess,
     HoldView,
+    OpenRecordings, // the tools: OpenRecordings to RemoteControl
+    ReopenClosed,
+    ExportCsv,
+    SavePicture,
+    RemoteControl,
     Count
 };
 
-/// Creates the actions of the main window from one table and connects them to their slots.
+/// Creates the actions of the main window from one table and connects them to their slots; those that a helper
+/// of the window serves it connects itself.
 class ActionSet : public QObject {
     Q_OBJECT
 
@@ -61,6 +67,8 @@ public:
     void setEnabled(ActionId id, bool enabled) const;
     /// Recording looks pressed while it has paused `port`; empty for none.
     void showPaused(const QString &port) const;
+    /// Enables the command `id` while `reason` is empty; its tips tell what it does, or why it can't.
+    void offer(ActionId id, const QString &reason) const;
     /// Enables or disables all actions from `first` to `last`, both included.
     void setRangeEnabled(ActionId first, ActionId last, bool enabled) const;
     /// Enables or disables the commands that need a graph window.

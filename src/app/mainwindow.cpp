@@ -103,14 +103,14 @@ void MainWindow::createParts()
     unsaved = new UnsavedWindows(this, graphs, documents, windowFiles, writer);
     graphs->setCloseGuard(unsaved);
     new SessionEnd(this, writer);
-    tools = new ToolsCommands(this, graphs, documents, writer, windowFiles);
+    tools = new ToolsCommands(this, actions, graphs, documents, writer, windowFiles);
     targets = std::make_unique<ShellTargets>(ports, graphs);
     commands = new DeviceCommands(targets.get(), this);
     sounds = new SoundPlayer(this);
     endNotice = new EndNotice(this, targets.get(), sounds, QCoreApplication::applicationDirPath());
     endNotice->connectHost(readerHost);
     new UnseenEnds(readerHost, endNotice, graphs, facts, this);
-    remoteControls = new RemoteControls(this, targets.get());
+    remoteControls = new RemoteControls(this, targets.get(), (*actions)[ActionId::RemoteControl]);
     sleepInhibitor = new SleepInhibitor(targets.get(), this);
 }
 
@@ -123,10 +123,7 @@ void MainWindow::createMenus()
     ShellMenus::fill(menuBar()->addMenu(tr("&Print")), ShellMenus::print, *actions);
     toolsMenu = menuBar()->addMenu(tr("&Tools"));
     toolsMenu->setToolTipsVisible(true);
-    tools->fill(toolsMenu);
-    toolsMenu->addSeparator();
-    toolsMenu->addAction(remoteControls->action());
-    toolsMenu->addAction((*actions)[ActionId::StopProcess]);
+    ShellMenus::fill(toolsMenu, ShellMenus::tools, *actions);
     ShellMenus::fill(toolsMenu->addMenu(tr("&View switches")), ShellMenus::view, *actions);
     menuBar()->addSeparator();
     helpMenu = menuBar()->addMenu(tr("&Help"));
@@ -149,9 +146,15 @@ void MainWindow::connectParts()
     connect(windowMapper, SIGNAL(mapped(QWidget*)), this, SLOT(setActiveSubWindow(QWidget*)));
     connect(windowMenu, SIGNAL(aboutToShow()), this, SLOT(updateWindowMenu()));
     connect(mdiArea, SIGNAL(subWindowActivated(QMdiSubWindow*)), this, SLOT(updateMenus()));
+    connect(graphs, SIGNAL(recordShown(Varnel3Data,int,bool)), this, SLOT(showRecord(Varnel3Data,int,bool)));
+    connect(graphs, SIGNAL(renumberNeeded()), this, SLOT(renumerateWindows()));
+    connect(graphs, SIGNAL(selectedCellsChanged()), this, SLOT(updateVoltage()));
+    connect(documents, SIGNAL(opened()), this, SLOT(renumerateWindows()));
+    for (const QObject *teller : QVector<const QObject *>{graphs, documents, unsaved, tools, commands})
+        connect(teller, SIGNAL(message(QString,int)), this, SLOT(showMessageStatusBar(QString,int)));
     connect(graphs, SIGNAL(currentChanged()), this, SLOT(updateMenus()));
     connect(graphs, SIGNAL(currentChanged()), staleWatch, SLOT(look()));
-    connect(graphs, SIGNAL(recordShown(Varnel3Data&,int,bool)), staleWatch, SLOT(lookWhileStale()));
+    connect(graphs, SIGNAL(recordShown(Varnel3Data,int,bool)), staleWatch, SLOT(lookWhileStale()));
     connect(graphs, SIGNAL(opened()), switches, SLOT(enableViews()));
     connect(switches, SIGNAL(repaintNeeded()), this, SLOT(repaintAllWindows()));
     connect(switches, SIGNAL(switched()), this, SIGNAL(toolBarChanged()));
@@ -164,7 +167,6 @@ void MainWindow::connectParts()
     // Queued: a new window is current before its reader is attached.
     connect(graphs, SIGNAL(currentChanged()), remoteControls, SLOT(refresh()), Qt::QueuedConnection);
     connect(toolsMenu, SIGNAL(aboutToShow()), remoteControls, SLOT(refresh()));
-    connect(commands, SIGNAL(message(QString,int)), this, SLOT(showMessageStatusBar(QString,int)));
     connect(readerHost, SIGNAL(lost(QString)), watcher, SLOT(noteLost(QString)));
     connect(watcher, SIGNAL(arrived(PortInfo)), ports, SLOT(arrive(PortInfo)));
     connect(watcher, SIGNAL(removed(PortInfo)), ports, SLOT(leave(PortInfo)));
@@ -288,8 +290,13 @@ void MainWindow::stopRecording()
 
 void MainWindow::updateData(Varnel3Data &record, int nrWin, bool updateRic)
 {
+    showRecord(record, nrWin, updateRic);
+}
+
+void MainWindow::showRecord(const Varnel3Data &record, int windowNumber, bool useKeptRi)
+{
     const QMutexLocker lock(&dataMutex);
-    shownRecord->show(record, nrWin, updateRic);
+    shownRecord->show(record, windowNumber, useKeptRi);
 }
 
 void MainWindow::showMessageStatusBar(QString message, int timeout)

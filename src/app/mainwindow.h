@@ -123,6 +123,7 @@ private slots:
     void onDeviceDiscovered(QSerialPortInfo portInfo);
     void onDeviceRemoved(QSerialPortInfo portInfo);
     void listenedPortsChanged();
+    void showRecord(const Varnel3Data &record, int windowNumber, bool useKeptRi);
 
 private:
     void createParts();

@@ -43,6 +43,9 @@ const QVector<MenuEntry> file
 const QVector<MenuEntry> print
     = {ActionId::PrintCapacity, ActionId::PrintVoltage, ActionId::PrintBars, ActionId::PrintPlot};
 
+const QVector<MenuEntry> tools = {ActionId::OpenRecordings, ActionId::ReopenClosed, gap, ActionId::ExportCsv,
+    ActionId::SavePicture, gap, ActionId::RemoteControl, ActionId::StopProcess};
+
 const QVector<MenuEntry> help = {ActionId::About};
 
 const QVector<MenuEntry> view = {ActionId::Data, ActionId::Graph, ActionId::BarGraph, gap,

@@ -34,6 +34,7 @@ namespace ShellMenus {
 
 extern const QVector<MenuEntry> file;
 extern const QVector<MenuEntry> print;
+extern const QVector<MenuEntry> tools;
 extern const QVector<MenuEntry> help;
 extern const QVector<MenuEntry> view; ///< the view switches, which the tool bar gives to the mouse only
 

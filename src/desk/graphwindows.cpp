@@ -22,16 +22,13 @@ GraphWindows::GraphWindows(
     connect(
         m_area, SIGNAL(subWindowActivated(QMdiSubWindow*)), this, SLOT(onSubWindowActivated(QMdiSubWindow*)));
     connect(m_displays, SIGNAL(capacitiesWanted()), this, SLOT(refreshCapacities()));
-    connect(
-        this, SIGNAL(recordShown(Varnel3Data&,int,bool)), m_shell, SLOT(updateData(Varnel3Data&,int,bool)));
-    connect(this, SIGNAL(message(QString,int)), m_shell, SLOT(showMessageStatusBar(QString,int)));
 }
 
 MdiGraphChild *GraphWindows::create()
 {
     auto *child = new MdiGraphChild(this, m_shell);
     place(child);
-    QMetaObject::invokeMethod(m_shell, "renumerateWindows", Qt::DirectConnection);
+    emit renumberNeeded();
     return child;
 }
 
@@ -44,7 +41,7 @@ void GraphWindows::place(MdiGraphChild *child)
     subWindow->setToolTip(child->toolTip());
     m_children.append(child);
     child->setWindowNumber(m_children.size());
-    connect(child, SIGNAL(selectedCellsChanged()), m_shell, SLOT(updateVoltage()));
+    connect(child, SIGNAL(selectedCellsChanged()), this, SIGNAL(selectedCellsChanged()));
     connect(child, SIGNAL(destroyed(QObject*)), this, SLOT(onDestroyed(QObject*)));
     child->show();
     m_displays->addCapacity(child);
@@ -87,9 +84,8 @@ void GraphWindows::repaintAll() const
 
 void GraphWindows::showRecord(const Varnel3Data &record, int windowNumber, bool useKeptRi)
 {
-    Varnel3Data copy = record;
     // What was kept of another window's cells is none of this one's business.
-    emit recordShown(copy, windowNumber, useKeptRi && m_currentShown);
+    emit recordShown(record, windowNumber, useKeptRi && m_currentShown);
     m_currentShown = true;
 }
 
@@ -145,7 +141,7 @@ void GraphWindows::forget(MdiGraphChild *child)
     if (m_ending || m_renumbering)
         return;
     m_renumbering = true;
-    QMetaObject::invokeMethod(m_shell, "renumerateWindows", Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, "renumberNeeded", Qt::QueuedConnection);
 }
 
 void GraphWindows::setCurrent(MdiGraphChild *child)

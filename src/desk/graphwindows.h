@@ -18,8 +18,8 @@ class GraphWindows : public QObject, public GraphHost {
     Q_OBJECT
 
 public:
-    /// `shell` has the slots updateData(), updateCapacity(), updateVoltage(), renumerateWindows() and
-    /// showMessageStatusBar(QString,int). All outlive the graph windows.
+    /// `shell` is the parent of the graph windows, which look for updateCapacity() and updateVoltage() there.
+    /// All outlive the graph windows.
     GraphWindows(
         QWidget *shell, DeskArea *area, ViewState *state, DisplayWindows *displays, ShownRecord *shownRecord);
 
@@ -55,11 +55,15 @@ public slots:
 
 signals:
     /// The current window's newest record, or one that the user points at.
-    void recordShown(Varnel3Data &record, int windowNumber, bool useKeptRi);
+    void recordShown(const Varnel3Data &record, int windowNumber, bool useKeptRi);
     void message(const QString &text, int timeout);
     void currentChanged();
     /// A window was placed.
     void opened();
+    /// Windows have come or gone: renumber() is to be called, after all that the numbers are shown in.
+    void renumberNeeded();
+    /// Cells of some window were selected or no longer are.
+    void selectedCellsChanged();
 
 private slots:
     void onDestroyed(QObject *object);

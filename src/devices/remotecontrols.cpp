@@ -5,17 +5,15 @@
 #include "link/serialreader.h"
 
 #include <QAction>
-#include <QIcon>
 #include <QMenu>
 
-RemoteControls::RemoteControls(QWidget *parentWindow, DeviceTargets *deviceTargets)
+RemoteControls::RemoteControls(QWidget *parentWindow, DeviceTargets *deviceTargets, QAction *action)
     : QObject(parentWindow)
     , window(parentWindow)
     , targets(deviceTargets)
-    , m_action(new QAction(QIcon(QStringLiteral(":/Icons/remote.png")), tr("Remote control..."), this))
+    , m_action(action)
     , m_menu(std::make_unique<QMenu>())
 {
-    m_action->setObjectName(QStringLiteral("remoteControlAction"));
     connect(m_action, SIGNAL(triggered()), this, SLOT(open()));
     connect(m_menu.get(), SIGNAL(triggered(QAction*)), this, SLOT(openChosen(QAction*)));
     refresh();

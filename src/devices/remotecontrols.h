@@ -19,14 +19,11 @@ class RemoteControls : public QObject {
     Q_OBJECT
 
 public:
-    /// `window` is the parent of the dialogs. Nothing is owned; all outlive this.
-    RemoteControls(QWidget *window, DeviceTargets *targets);
+    /// `window` is the parent of the dialogs. Nothing is owned; all outlive this. With one listened port
+    /// `action` opens that port's dialog; with several it is a submenu of them, whether they have sent anything
+    /// or not; with none it is disabled, its tool tip says why.
+    RemoteControls(QWidget *window, DeviceTargets *targets, QAction *action);
     ~RemoteControls() override;
-
-    /// To be put into a menu. With one listened port it opens that port's dialog; with several it is a
-    /// submenu of them, whether they have sent anything or not; with none it is disabled, its tool tip says
-    /// why.
-    QAction *action() const { return m_action; }
 
 public slots:
     /// Call when ports or the active window have changed.
@@ -45,7 +42,7 @@ private:
 
     QWidget *window;
     DeviceTargets *targets;
-    QAction *m_action; // child
+    QAction *m_action;
     std::unique_ptr<QMenu> m_menu; // of the action while several ports are listened on
     QMap<SerialReader *, QPointer<DialogRemoteControl>> dialogs; // keys are compared, never followed
 };

@@ -90,8 +90,7 @@ Documents::Documents(QWidget *shellWindow, ProgressStrip *strip, FileWriter *fil
     , queue(new FileQueue(strip, this))
     , labels(labelBytes)
 {
-    connect(this, SIGNAL(message(QString,int)), shell, SLOT(showMessageStatusBar(QString,int)));
-    connect(queue, SIGNAL(message(QString,int)), shell, SLOT(showMessageStatusBar(QString,int)));
+    connect(queue, SIGNAL(message(QString,int)), this, SIGNAL(message(QString,int)));
     connect(queue, SIGNAL(loaded(QString,SeriesStore*)), this, SLOT(onLoaded(QString,SeriesStore*)));
     connect(queue, SIGNAL(finished(QStringList,int)), this, SLOT(onFinished(QStringList,int)));
 }
@@ -177,7 +176,7 @@ void Documents::onLoaded(const QString &fileName, SeriesStore *store)
 
 void Documents::onFinished(const QStringList &failures, int total)
 {
-    QMetaObject::invokeMethod(shell, "renumerateWindows", Qt::DirectConnection);
+    emit opened();
     if (displaysHidden)
         displays->showAsSwitched();
     displaysHidden = false;

@@ -23,8 +23,7 @@ class Documents : public QObject {
     Q_OBJECT
 
 public:
-    /// `shell` is the parent of dialogs and has the slots renumerateWindows() and
-    /// showMessageStatusBar(QString,int). All outlive this.
+    /// `shell` is the parent of dialogs. All outlive this.
     Documents(QWidget *shell, ProgressStrip *strip, FileWriter *writer, GraphWindows *graphs,
         DisplayWindows *displays, WindowFiles *windowFiles);
 
@@ -47,6 +46,9 @@ public:
 
 signals:
     void message(const QString &text, int timeout);
+    /// What was to be opened is, or could not be: the windows are to be numbered, before the displays are
+    /// shown again.
+    void opened();
 
 private slots:
     void onLoaded(const QString &fileName, SeriesStore *store);

@@ -39,7 +39,6 @@ GraphExports::GraphExports(QWidget *shell, FileWriter *writer, WindowFiles *wind
     , m_writer(writer)
     , m_windowFiles(windowFiles)
 {
-    connect(this, SIGNAL(message(QString,int)), m_shell, SLOT(showMessageStatusBar(QString,int)));
 }
 
 void GraphExports::csvDialog(MdiGraphChild *child)

@@ -16,7 +16,7 @@ class GraphExports : public QObject {
     Q_OBJECT
 
 public:
-    /// `shell` is the parent of dialogs and has the slot showMessageStatusBar(QString,int). All outlive this.
+    /// `shell` is the parent of dialogs. All outlive this.
     GraphExports(QWidget *shell, FileWriter *writer, WindowFiles *windowFiles);
 
     /// Asks for a name and writes the records and derived series of `child`.

@@ -47,7 +47,6 @@ UnsavedWindows::UnsavedWindows(
     , m_writer(writer)
 {
     connect(m_writer, SIGNAL(finished(bool)), this, SLOT(onWritten(bool)));
-    connect(this, SIGNAL(message(QString,int)), m_shell, SLOT(showMessageStatusBar(QString,int)));
 }
 
 bool UnsavedWindows::mayClose(MdiGraphChild *child)

@@ -19,7 +19,7 @@ class UnsavedWindows : public QObject, public CloseGuard {
     Q_OBJECT
 
 public:
-    /// `shell` is the parent of boxes and has the slot showMessageStatusBar(QString,int). All outlive this.
+    /// `shell` is the parent of boxes. All outlive this.
     UnsavedWindows(QWidget *shell, GraphWindows *graphs, Documents *documents, WindowFiles *windowFiles,
         FileWriter *writer);
 
