@@ -26,58 +26,58 @@ Enum next(Enum value)
 
 } // namespace
 
-ViewSwitchboard::ViewSwitchboard(ActionSet *actionSet, ViewState *viewState, DisplayWindows *displayWindows,
-    ShownRecord *record, QObject *parent)
+ViewSwitchboard::ViewSwitchboard(
+    ActionSet *actions, ViewState *state, DisplayWindows *displays, ShownRecord *shownRecord, QObject *parent)
     : QObject(parent)
-    , actions(*actionSet)
-    , state(viewState)
-    , displays(displayWindows)
-    , shownRecord(record)
+    , m_actions(*actions)
+    , m_state(state)
+    , m_displays(displays)
+    , m_shownRecord(shownRecord)
 {
     publish();
-    connect(actions[ActionId::HoldView], SIGNAL(toggled(bool)), this, SLOT(publish()));
+    connect(m_actions[ActionId::HoldView], SIGNAL(toggled(bool)), this, SLOT(publish()));
 }
 
 void ViewSwitchboard::enableViews()
 {
-    actions.setRangeEnabled(ActionId::Data, ActionId::Average, true);
+    m_actions.setRangeEnabled(ActionId::Data, ActionId::Average, true);
     // Closing the last window disabled these three too; " B " may still be on.
-    if (actions.isChecked(ActionId::Balancer))
+    if (m_actions.isChecked(ActionId::Balancer))
         enableBalancerSwitches(true);
-    if (actions.isChecked(ActionId::Average))
-        actions.setEnabled(ActionId::SelectedCells, false);
+    if (m_actions.isChecked(ActionId::Average))
+        m_actions.setEnabled(ActionId::SelectedCells, false);
 }
 
 void ViewSwitchboard::disableViews()
 {
-    actions.setRangeEnabled(ActionId::Data, ActionId::Energy, false);
+    m_actions.setRangeEnabled(ActionId::Data, ActionId::Energy, false);
 }
 
 void ViewSwitchboard::showData(bool checked)
 {
     publish();
-    displays->showData(checked);
+    m_displays->showData(checked);
     finish();
 }
 
 void ViewSwitchboard::showBarGraph(bool checked)
 {
     publish();
-    displays->showCapacity(checked);
+    m_displays->showCapacity(checked);
     finish();
 }
 
 void ViewSwitchboard::showGraph(bool checked)
 {
     publish();
-    displays->showVoltage(checked);
+    m_displays->showVoltage(checked);
     finish();
 }
 
 void ViewSwitchboard::showPower(bool checked)
 {
     publish();
-    displays->showPower(checked);
+    m_displays->showPower(checked);
     emit switched();
 }
 
@@ -88,15 +88,15 @@ void ViewSwitchboard::showCurve()
 
 void ViewSwitchboard::cycleDelta(bool checked)
 {
-    ViewSwitches switches = state->switches();
-    if (actions.isChecked(ActionId::Balancer))
+    ViewSwitches switches = m_state->switches();
+    if (m_actions.isChecked(ActionId::Balancer))
         switches.rightAxis = checked ? RightAxis::Slope : RightAxis::None;
     else
         switches.rightAxis = next(switches.rightAxis);
     switches.delta = switches.rightAxis != RightAxis::None;
-    actions.setChecked(ActionId::Delta, switches.delta);
-    actions.setText(ActionId::Delta, deltaText(switches.rightAxis));
-    state->setSwitches(switches);
+    m_actions.setChecked(ActionId::Delta, switches.delta);
+    m_actions.setText(ActionId::Delta, deltaText(switches.rightAxis));
+    m_state->setSwitches(switches);
     finish();
 }
 
@@ -104,101 +104,101 @@ void ViewSwitchboard::switchBalancer(bool checked)
 {
     enableBalancerSwitches(checked);
     if (checked) {
-        ViewSwitches switches = state->switches();
+        ViewSwitches switches = m_state->switches();
         if (switches.rightAxis == RightAxis::Energy)
             switches.rightAxis = RightAxis::Slope;
-        actions.setText(ActionId::Delta, deltaText(switches.rightAxis));
-        state->setSwitches(switches);
+        m_actions.setText(ActionId::Delta, deltaText(switches.rightAxis));
+        m_state->setSwitches(switches);
     } else {
-        actions.setChecked(ActionId::Average, false);
-        actions.setChecked(ActionId::Power, false);
-        displays->showPower(false);
+        m_actions.setChecked(ActionId::Average, false);
+        m_actions.setChecked(ActionId::Power, false);
+        m_displays->showPower(false);
     }
     publish();
-    shownRecord->resendToDataDisplay();
+    m_shownRecord->resendToDataDisplay();
     finish();
 }
 
 void ViewSwitchboard::switchAverage(bool checked)
 {
     if (checked) {
-        actions.setChecked(ActionId::Balancer, true);
-        actions.setEnabled(ActionId::Energy, true);
-        actions.setEnabled(ActionId::Power, true);
+        m_actions.setChecked(ActionId::Balancer, true);
+        m_actions.setEnabled(ActionId::Energy, true);
+        m_actions.setEnabled(ActionId::Power, true);
     }
-    actions.setEnabled(ActionId::SelectedCells, !checked);
+    m_actions.setEnabled(ActionId::SelectedCells, !checked);
     publish();
-    shownRecord->resendToDataDisplay();
+    m_shownRecord->resendToDataDisplay();
     finish();
     emit switched();
 }
 
 void ViewSwitchboard::cycleCells()
 {
-    ViewSwitches switches = state->switches();
+    ViewSwitches switches = m_state->switches();
     switches.cellsShown = next(switches.cellsShown);
-    actions.setText(ActionId::SelectedCells, QLatin1String(cellTexts[int(switches.cellsShown)]));
-    state->setSwitches(switches);
+    m_actions.setText(ActionId::SelectedCells, QLatin1String(cellTexts[int(switches.cellsShown)]));
+    m_state->setSwitches(switches);
     finish();
 }
 
 void ViewSwitchboard::cycleEnergy(int windowNumber)
 {
-    ViewSwitches switches = state->switches();
+    ViewSwitches switches = m_state->switches();
     switches.cellValue = next(switches.cellValue);
-    actions.setText(ActionId::Energy, QLatin1String(energyTexts[int(switches.cellValue)]));
-    actions.setChecked(ActionId::Energy, false);
-    state->setSwitches(switches);
-    shownRecord->resendToDisplays(windowNumber);
+    m_actions.setText(ActionId::Energy, QLatin1String(energyTexts[int(switches.cellValue)]));
+    m_actions.setChecked(ActionId::Energy, false);
+    m_state->setSwitches(switches);
+    m_shownRecord->resendToDisplays(windowNumber);
     emit switched();
 }
 
 void ViewSwitchboard::setBlackBackground(bool black)
 {
-    ViewSwitches switches = state->switches();
+    ViewSwitches switches = m_state->switches();
     switches.blackBackground = black;
-    state->setSwitches(switches);
-    displays->updateVoltage();
+    m_state->setSwitches(switches);
+    m_displays->updateVoltage();
     emit repaintNeeded();
 }
 
 void ViewSwitchboard::publish()
 {
-    ViewSwitches switches = state->switches();
-    switches.dataDisplay = actions.isChecked(ActionId::Data);
-    switches.voltageComparison = actions.isChecked(ActionId::Graph);
-    switches.capacityComparison = actions.isChecked(ActionId::BarGraph);
-    switches.temperature = actions.isChecked(ActionId::Temperature);
-    switches.delta = actions.isChecked(ActionId::Delta);
-    switches.resistance = actions.isChecked(ActionId::Resistance);
-    switches.balancer = actions.isChecked(ActionId::Balancer);
-    switches.average = actions.isChecked(ActionId::Average);
-    switches.barDisplay = actions.isChecked(ActionId::Power);
-    switches.holdView = actions.isChecked(ActionId::HoldView);
-    state->setSwitches(switches);
+    ViewSwitches switches = m_state->switches();
+    switches.dataDisplay = m_actions.isChecked(ActionId::Data);
+    switches.voltageComparison = m_actions.isChecked(ActionId::Graph);
+    switches.capacityComparison = m_actions.isChecked(ActionId::BarGraph);
+    switches.temperature = m_actions.isChecked(ActionId::Temperature);
+    switches.delta = m_actions.isChecked(ActionId::Delta);
+    switches.resistance = m_actions.isChecked(ActionId::Resistance);
+    switches.balancer = m_actions.isChecked(ActionId::Balancer);
+    switches.average = m_actions.isChecked(ActionId::Average);
+    switches.barDisplay = m_actions.isChecked(ActionId::Power);
+    switches.holdView = m_actions.isChecked(ActionId::HoldView);
+    m_state->setSwitches(switches);
 }
 
 void ViewSwitchboard::dataClosed()
 {
-    actions.setChecked(ActionId::Data, false);
+    m_actions.setChecked(ActionId::Data, false);
     publish();
 }
 
 void ViewSwitchboard::barGraphClosed()
 {
-    actions.setChecked(ActionId::BarGraph, false);
+    m_actions.setChecked(ActionId::BarGraph, false);
     publish();
 }
 
 void ViewSwitchboard::graphClosed()
 {
-    actions.setChecked(ActionId::Graph, false);
+    m_actions.setChecked(ActionId::Graph, false);
     publish();
 }
 
 void ViewSwitchboard::powerClosed()
 {
-    actions.setChecked(ActionId::Power, false);
+    m_actions.setChecked(ActionId::Power, false);
     publish();
 }
 
@@ -212,5 +212,5 @@ void ViewSwitchboard::finish()
 void ViewSwitchboard::enableBalancerSwitches(bool enabled)
 {
     for (ActionId id : {ActionId::Energy, ActionId::SelectedCells, ActionId::Power})
-        actions.setEnabled(id, enabled);
+        m_actions.setEnabled(id, enabled);
 }

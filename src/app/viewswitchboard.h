@@ -54,8 +54,8 @@ private:
     void finish();
     void enableBalancerSwitches(bool enabled);
 
-    ActionSet &actions;
-    ViewState *state;
-    DisplayWindows *displays;
-    ShownRecord *shownRecord;
+    ActionSet &m_actions;
+    ViewState *m_state;
+    DisplayWindows *m_displays;
+    ShownRecord *m_shownRecord;
 };

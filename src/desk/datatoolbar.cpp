@@ -55,12 +55,12 @@ DataToolBar::DataToolBar(QWidget *parent)
     setObjectName(QStringLiteral("dataToolBar"));
     setFloatable(false);
     setMovable(false);
-    modeLabel = addLabel(this, "modeLabel", tr("Mode and cells type"));
-    voltageLabel = addLabel(this, "voltageLabel", tr("Voltage"));
-    currentLabel = addLabel(this, "currentLabel", tr("Current"));
-    temperatureLabel = addLabel(this, "temperatureLabel", tr("Temperature"));
-    energyLabel = addLabel(this, "energyLabel", tr("Energy"));
-    timeLabel = addLabel(this, "timeLabel", tr("Time"));
+    m_modeLabel = addLabel(this, "modeLabel", tr("Mode and cells type"));
+    m_voltageLabel = addLabel(this, "voltageLabel", tr("Voltage"));
+    m_currentLabel = addLabel(this, "currentLabel", tr("Current"));
+    m_temperatureLabel = addLabel(this, "temperatureLabel", tr("Temperature"));
+    m_energyLabel = addLabel(this, "energyLabel", tr("Energy"));
+    m_timeLabel = addLabel(this, "timeLabel", tr("Time"));
     fitTo(barWidth);
 }
 
@@ -85,12 +85,12 @@ void DataToolBar::showRecord(const Varnel3Data &record)
         clearFigures();
         return;
     }
-    modeLabel->setText(modeText(record));
-    voltageLabel->setText(QStringLiteral("%L1 V").arg(record.voltage / 1000.0, 5, 'f', 2));
-    currentLabel->setText(QStringLiteral("%L1 A").arg(record.current / 1000.0, 5, 'f', 2));
-    temperatureLabel->setText(temperatureText(record.temperature));
-    energyLabel->setText(energyText(record.energy));
-    timeLabel->setText(clockText(record));
+    m_modeLabel->setText(modeText(record));
+    m_voltageLabel->setText(QStringLiteral("%L1 V").arg(record.voltage / 1000.0, 5, 'f', 2));
+    m_currentLabel->setText(QStringLiteral("%L1 A").arg(record.current / 1000.0, 5, 'f', 2));
+    m_temperatureLabel->setText(temperatureText(record.temperature));
+    m_energyLabel->setText(energyText(record.energy));
+    m_timeLabel->setText(clockText(record));
 }
 
 void DataToolBar::clearFigures()
@@ -109,5 +109,5 @@ void DataToolBar::setStale(bool stale)
 
 QList<QLabel *> DataToolBar::labels() const
 {
-    return {modeLabel, voltageLabel, currentLabel, temperatureLabel, energyLabel, timeLabel};
+    return {m_modeLabel, m_voltageLabel, m_currentLabel, m_temperatureLabel, m_energyLabel, m_timeLabel};
 }

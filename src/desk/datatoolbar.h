@@ -23,11 +23,11 @@ public:
 private:
     QList<QLabel *> labels() const;
 
-    QLabel *modeLabel;
-    QLabel *voltageLabel;
-    QLabel *currentLabel;
-    QLabel *temperatureLabel;
-    QLabel *energyLabel;
-    QLabel *timeLabel;
+    QLabel *m_modeLabel;
+    QLabel *m_voltageLabel;
+    QLabel *m_currentLabel;
+    QLabel *m_temperatureLabel;
+    QLabel *m_energyLabel;
+    QLabel *m_timeLabel;
     double m_scale = 0.0; // of the labels
 };

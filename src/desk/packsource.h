@@ -9,9 +9,9 @@ class StaleWatch;
 class PackSource : public VoltageSource {
 public:
     /// Both outlive this.
-    PackSource(GraphWindows *graphWindows, StaleWatch *staleWatch)
-        : graphs(graphWindows)
-        , watch(staleWatch)
+    PackSource(GraphWindows *graphs, StaleWatch *watch)
+        : m_graphs(graphs)
+        , m_watch(watch)
     {
     }
 
@@ -19,6 +19,6 @@ public:
     void toggleCell(int windowNumber, int cell) override;
 
 private:
-    GraphWindows *graphs;
-    StaleWatch *watch;
+    GraphWindows *m_graphs;
+    StaleWatch *m_watch;
 };

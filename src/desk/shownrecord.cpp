@@ -5,31 +5,31 @@
 
 #include <QDateTime>
 
-ShownRecord::ShownRecord(DataToolBar *dataToolBar, DisplayWindows *displayWindows, QObject *parent)
+ShownRecord::ShownRecord(DataToolBar *bar, DisplayWindows *displays, QObject *parent)
     : QObject(parent)
-    , bar(dataToolBar)
-    , displays(displayWindows)
+    , m_bar(bar)
+    , m_displays(displays)
 {
 }
 
 void ShownRecord::show(const Varnel3Data &record, int windowNumber, bool useKeptRi)
 {
-    lastData = record;
-    lastWindow = windowNumber;
-    bar->showRecord(lastData);
-    displays->updateData(lastData, lastWindow, useKeptRi);
-    displays->updatePower(lastData, lastWindow, useKeptRi);
+    m_lastData = record;
+    m_lastWindow = windowNumber;
+    m_bar->showRecord(m_lastData);
+    m_displays->updateData(m_lastData, m_lastWindow, useKeptRi);
+    m_displays->updatePower(m_lastData, m_lastWindow, useKeptRi);
 }
 
 void ShownRecord::setStaleSince(const QDateTime &since)
 {
-    bar->setStale(since.isValid());
-    displays->setStaleSince(since);
+    m_bar->setStale(since.isValid());
+    m_displays->setStaleSince(since);
 }
 
 void ShownRecord::silenceChanged()
 {
-    displays->updateComparisons();
+    m_displays->updateComparisons();
 }
 
 void ShownRecord::clear()
@@ -40,11 +40,11 @@ void ShownRecord::clear()
 
 void ShownRecord::resendToDataDisplay()
 {
-    displays->updateData(lastData, lastWindow, false);
+    m_displays->updateData(m_lastData, m_lastWindow, false);
 }
 
 void ShownRecord::resendToDisplays(int windowNumber)
 {
-    displays->updateData(lastData, windowNumber, false);
-    displays->updatePower(lastData, windowNumber, false);
+    m_displays->updateData(m_lastData, windowNumber, false);
+    m_displays->updatePower(m_lastData, windowNumber, false);
 }

@@ -31,8 +31,8 @@ public:
     void resendToDisplays(int windowNumber);
 
 private:
-    DataToolBar *bar;
-    DisplayWindows *displays;
-    Varnel3Data lastData;
-    int lastWindow = -1;
+    DataToolBar *m_bar;
+    DisplayWindows *m_displays;
+    Varnel3Data m_lastData;
+    int m_lastWindow = -1;
 };

@@ -16,12 +16,11 @@ constexpr qint64 second = 1000; // ms
 
 } // namespace
 
-StaleWatch::StaleWatch(
-    GraphWindows *graphWindows, ShownRecord *record, StatusFacts *statusFacts, QObject *parent)
+StaleWatch::StaleWatch(GraphWindows *graphs, ShownRecord *shownRecord, StatusFacts *facts, QObject *parent)
     : QObject(parent)
-    , graphs(graphWindows)
-    , shownRecord(record)
-    , facts(statusFacts)
+    , m_graphs(graphs)
+    , m_shownRecord(shownRecord)
+    , m_facts(facts)
 {
     auto *timer = new QTimer(this);
     connect(timer, SIGNAL(timeout()), this, SLOT(look()));
@@ -32,16 +31,16 @@ QDateTime StaleWatch::staleSince(const MdiGraphChild *child) const
 {
     if (!child || !child->isLive())
         return QDateTime();
-    const Seen last = seen.value(child);
+    const Seen last = m_seen.value(child);
     if (!last.at.isValid()
         || last.revision != child->store().revision()) // a line has come since the last look
         return QDateTime();
-    return lastSteady - last.steady >= patience * second ? last.at : QDateTime();
+    return m_lastSteady - last.steady >= patience * second ? last.at : QDateTime();
 }
 
 void StaleWatch::lookWhileStale()
 {
-    if (shown.isValid())
+    if (m_shown.isValid())
         look();
 }
 
@@ -52,11 +51,11 @@ void StaleWatch::look()
 
 void StaleWatch::lookAt(const QDateTime &now, qint64 steady)
 {
-    lastLook = now;
-    lastSteady = steady;
+    m_lastLook = now;
+    m_lastSteady = steady;
     noteArrivals();
     QMap<QString, QString> silent;
-    const auto children = graphs->all();
+    const auto children = m_graphs->all();
     for (MdiGraphChild *child : children) {
         const QDateTime since = staleSince(child);
         child->setSilentSince(since);
@@ -64,26 +63,26 @@ void StaleWatch::lookAt(const QDateTime &now, qint64 steady)
             silent.insert(child->portName(),
                 tr("%1: no line since %2").arg(child->portName(), QLocale().toString(since.time())));
     }
-    facts->replace(StatusFacts::Silent, silent);
-    if (silent != told)
-        shownRecord->silenceChanged();
-    told = silent;
-    const QDateTime current = staleSince(graphs->current());
-    if (current == shown)
+    m_facts->replace(StatusFacts::Silent, silent);
+    if (silent != m_told)
+        m_shownRecord->silenceChanged();
+    m_told = silent;
+    const QDateTime current = staleSince(m_graphs->current());
+    if (current == m_shown)
         return;
-    shown = current;
-    shownRecord->setStaleSince(current);
+    m_shown = current;
+    m_shownRecord->setStaleSince(current);
 }
 
 void StaleWatch::noteArrivals()
 {
     QHash<const MdiGraphChild *, Seen> noted;
-    const auto children = graphs->all();
+    const auto children = m_graphs->all();
     for (const MdiGraphChild *child : children) {
-        const Seen before = seen.value(child);
+        const Seen before = m_seen.value(child);
         const quint64 revision = child->store().revision();
         const bool fresh = !before.at.isValid() || before.revision != revision;
-        noted.insert(child, fresh ? Seen{revision, lastLook, lastSteady} : before);
+        noted.insert(child, fresh ? Seen{revision, m_lastLook, m_lastSteady} : before);
     }
-    seen = noted;
+    m_seen = noted;
 }

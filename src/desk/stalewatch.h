@@ -42,12 +42,12 @@ private:
 
     void noteArrivals();
 
-    GraphWindows *graphs;
-    ShownRecord *shownRecord;
-    StatusFacts *facts;
-    QDateTime lastLook;
-    qint64 lastSteady = 0;
-    QHash<const MdiGraphChild *, Seen> seen; // keys are compared, never followed
-    QMap<QString, QString> told; // ports and what is said of them
-    QDateTime shown; // as the displays were told last
+    GraphWindows *m_graphs;
+    ShownRecord *m_shownRecord;
+    StatusFacts *m_facts;
+    QDateTime m_lastLook;
+    qint64 m_lastSteady = 0;
+    QHash<const MdiGraphChild *, Seen> m_seen; // keys are compared, never followed
+    QMap<QString, QString> m_told; // ports and what is said of them
+    QDateTime m_shown; // as the displays were told last
 };
