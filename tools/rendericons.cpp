@@ -1,9 +1,11 @@
 // Renders the SVG icons of the program to the formats that its resources hold:
-//   rendericons FOLDER FILE.svg...            FOLDER/FILE.png in the drawing's own size, FOLDER/FILE@2x.png
-//   twice that rendericons --ico OUT.ico FILE.svg        one icon file with the sizes that desktops ask for
+//   rendericons FOLDER FILE.svg...      FOLDER/FILE.png in the drawing's own size, FOLDER/FILE@2x.png twice that
+//   rendericons --ico OUT.ico FILE.svg  one icon file with the sizes that desktops ask for
+//   rendericons --theme FOLDER NAME FILE.svg SIDE...  FOLDER/SIDExSIDE/apps/NAME.png, as an icon theme has them
 #include <QBuffer>
 #include <QCoreApplication>
 #include <QDataStream>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
@@ -73,6 +75,19 @@ bool renderIco(const QString &icoFile, const QString &file)
     return stream.status() == QDataStream::Ok && out.flush();
 }
 
+bool renderTheme(const QString &folder, const QString &name, const QString &file, const QStringList &sides)
+{
+    QSvgRenderer drawing(file);
+    bool good = drawing.isValid();
+    for (const QString &side : sides) {
+        const QString place = QStringLiteral("%1/%2x%2/apps").arg(folder, side);
+        good = good && QDir().mkpath(place)
+            && render(drawing, QSize(side.toInt(), side.toInt()))
+                   .save(place + QLatin1Char('/') + name + QStringLiteral(".png"));
+    }
+    return good;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -80,9 +95,14 @@ int main(int argc, char **argv)
     QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments().mid(1);
     if (arguments.size() < 2)
-        return fail(QStringLiteral("FOLDER FILE.svg... or --ico OUT.ico FILE.svg"));
+        return fail(QStringLiteral(
+            "FOLDER FILE.svg..., --ico OUT.ico FILE.svg, or --theme FOLDER NAME FILE.svg SIDE..."));
     if (arguments.first() == QLatin1String("--ico"))
         return renderIco(arguments.value(1), arguments.value(2)) ? 0 : fail(arguments.value(2));
+    if (arguments.first() == QLatin1String("--theme"))
+        return renderTheme(arguments.value(1), arguments.value(2), arguments.value(3), arguments.mid(4))
+            ? 0
+            : fail(arguments.value(3));
     const QStringList files = arguments.mid(1);
     for (const QString &file : files) {
         if (!renderPng(arguments.first(), file))

@@ -5,7 +5,7 @@
 set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 headers=$(pkg-config --variable=includedir Qt5Core) # ends in /qt5
-options=(-std=c++17 -fsyntax-only -Wall -Wextra -DUNICODE -D_UNICODE -I src
+options=(-std=c++17 -fsyntax-only -Wall -Wextra -DUNICODE -D_UNICODE "-DVARNELGRAPH_VERSION=\"0\"" -I src
     -I build/dev/src/varnel_gui_autogen/include -isystem /usr/include/qwt -isystem "$headers")
 for module in Core Gui Widgets Network SerialPort Multimedia PrintSupport Svg Concurrent; do
     options+=(-isystem "$headers/Qt$module")

@@ -179,7 +179,8 @@ CommandLine parseCommandLine(const QStringList &arguments)
     const bool helps = parser.isSet(help) || parser.isSet(QStringLiteral("help-all"));
     if (helps || parser.isSet(version)) {
         line.task = CommandLine::Print;
-        line.message = helps ? parser.helpText() : QStringLiteral("VarnelGraph V4.60\n");
+        line.message = helps ? parser.helpText()
+                             : QStringLiteral("VarnelGraph %1\n").arg(QCoreApplication::applicationVersion());
         return line;
     }
     readDrawing(parser, line);

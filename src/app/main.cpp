@@ -24,7 +24,7 @@ namespace {
 void identify()
 {
     QCoreApplication::setApplicationName(QStringLiteral("VarnelGraph"));
-    QCoreApplication::setApplicationVersion(QStringLiteral("V4.60"));
+    QCoreApplication::setApplicationVersion(QStringLiteral("V" VARNELGRAPH_VERSION));
     // The settings lie under the organisation's name; the domain is reserved
     // for examples and belongs to nobody.
     QCoreApplication::setOrganizationDomain(QStringLiteral("varnelgraph.example"));
@@ -104,6 +104,7 @@ int main(int argc, char **argv)
 {
     if (SleepBlock::isHelper(argc, argv))
         return SleepBlock::runHelper(argc, argv);
+    identify();
     const CommandLine ahead = lookAhead(argc, argv);
     if (ahead.task == CommandLine::Print || ahead.task == CommandLine::Refuse)
         return runBatch(ahead);
@@ -112,7 +113,6 @@ int main(int argc, char **argv)
     else if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen"); // there may be no display, and none is needed
     QApplication application(argc, argv);
-    identify();
     const CommandLine line = parseCommandLine(QCoreApplication::arguments());
     if (line.isBatch()) {
         QLoggingCategory::setFilterRules(

@@ -1,5 +1,6 @@
 #include "dialogs/about.h"
 
+#include <QCoreApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QTimer>
@@ -33,7 +34,7 @@ About::About(QWidget *parent)
     auto *picture = new QLabel(this);
     picture->setPixmap(QPixmap(QStringLiteral(":/Icons/v2p.png")));
     picture->setAlignment(Qt::AlignCenter);
-    auto *version = new QLabel(tr("Version ") + QStringLiteral("V4.60"), this);
+    auto *version = new QLabel(tr("Version ") + QCoreApplication::applicationVersion(), this);
     version->setAlignment(Qt::AlignCenter);
     auto *ok = new QPushButton(tr("OK"), this);
     ok->setDefault(true);
