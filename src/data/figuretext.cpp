@@ -1,14 +1,17 @@
 #include "data/figuretext.h"
 
+#include "data/timetext.h"
 #include "data/varnel3data.h"
 
 #include <QLocale>
+#include <QStringList>
 
 namespace FigureText {
 
 namespace {
 
 constexpr double thousand = 1000.0;
+constexpr int energyWithThreeDecimals = 99999; // mAh, up to this, in a line of figures
 
 } // namespace
 
@@ -65,6 +68,32 @@ QString shortDashes()
 QString longDashes()
 {
     return QLatin1Char('-') + QString(QLocale().decimalPoint()) + QStringLiteral("---");
+}
+
+QString information(const Varnel3Data &record, int parts)
+{
+    struct Part {
+        int rank; // 1 is missed most
+        QString text;
+    };
+    const int decimals = record.energy <= energyWithThreeDecimals ? 3 : 2;
+    const Part all[] = {
+        {6, Varnel3Data::modeName(record.mode)},
+        {7,
+            QString::number(record.cellCount) + QLatin1Char('x')
+                + Varnel3Data::cellTypeName(record.cellType)},
+        {1, volts(record.voltage, 5, 2) + QStringLiteral(" V")},
+        {2, amperes(record.current) + QStringLiteral(" A")},
+        {5, degrees(record.temperature) + QStringLiteral(" \u00b0C")},
+        {3, fixed(record.energy / thousand, 5, decimals) + QStringLiteral(" Ah")},
+        {4, clockText(record)},
+    };
+    QStringList texts;
+    for (const Part &part : all) {
+        if (part.rank <= parts && !part.text.isEmpty())
+            texts.append(part.text);
+    }
+    return texts.join(QStringLiteral("  "));
 }
 
 } // namespace FigureText

@@ -2,8 +2,10 @@
 
 #include <QString>
 
-/// The figures of the displays as texts, with the decimal point and the grouping of the default locale, which
-/// is the system's unless the program was told otherwise.
+class Varnel3Data;
+
+/// Figures as texts, for drawing and displays alike, with the decimal point and the grouping of the default
+/// locale, which is the system's unless the program was told otherwise.
 namespace FigureText {
 
 /// `value` with `decimals` digits after the point, filled with blanks on the left to `width` characters.
@@ -26,5 +28,9 @@ QString cells(int count, int type);
 QString shortDashes();
 /// "-,---": a figure with three decimals that there is none of.
 QString longDashes();
+
+/// The values of `record` as one line: process, cells, voltage, current, temperature, energy and time, apart
+/// by two blanks. `parts` many at most, those that can be missed best left out first.
+QString information(const Varnel3Data &record, int parts = 7);
 
 } // namespace FigureText

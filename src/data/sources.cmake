@@ -15,7 +15,6 @@ target_sources(varnel_data PRIVATE
     ${data_system}
     data/recordlist.cpp data/recordlist.h
     data/balanceintegrator.cpp data/balanceintegrator.h
-    data/figures.cpp data/figures.h
     data/figuretext.cpp data/figuretext.h
     data/processend.cpp data/processend.h
     data/voltageslope.h

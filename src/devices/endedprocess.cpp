@@ -1,7 +1,7 @@
 #include "devices/endedprocess.h"
 
 #include "data/timetext.h"
-#include "data/figures.h"
+#include "data/figuretext.h"
 #include "graph/mdigraphchild.h"
 
 #include <QCoreApplication>
@@ -23,6 +23,6 @@ QString EndedProcess::facts() const
             QString::number(last.cellCount), Varnel3Data::cellTypeName(last.cellType)));
     if (last.time > 0)
         parts.append(QCoreApplication::translate("EndNotice", "%1 Ah in %2")
-                         .arg(figure(last.energy / milli, 0, 3), clockText(last)));
+                         .arg(FigureText::fixed(last.energy / milli, 0, 3), clockText(last)));
     return parts.join(QStringLiteral(", "));
 }

@@ -1,7 +1,7 @@
 #include "graph/plot/cursorpainter.h"
 
 #include "data/timetext.h"
-#include "data/figures.h"
+#include "data/figuretext.h"
 #include "graph/plot/graphfonts.h"
 #include "graph/curves/pixels.h"
 #include "series/seriesstore.h"
@@ -59,7 +59,8 @@ QVector<CursorPainter::Line> CursorPainter::valuesAt(const GraphScene &scene, in
     QVector<Line> lines{{QString(), elapsedTimeText(time), c.colours.text()}};
     for (const GraphScene::Curve &curve : scene.curves) {
         const double value = c.picture.store->series(curve.series)[record] * curve.factor;
-        const QString text = record < curve.first ? noFigure() : figure(value, 0, curve.decimals);
+        const QString text
+            = record < curve.first ? FigureText::shortDashes() : FigureText::fixed(value, 0, curve.decimals);
         lines.append({curve.name, text + QLatin1Char(' ') + curve.unit, curve.colour});
     }
     return lines;

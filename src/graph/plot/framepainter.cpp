@@ -1,6 +1,6 @@
 #include "graph/plot/framepainter.h"
 
-#include "data/figures.h"
+#include "data/figuretext.h"
 #include "graph/plot/graphfonts.h"
 #include "graph/plot/graphtools.h"
 #include "series/seriesstore.h"
@@ -57,7 +57,7 @@ void FramePainter::paintInformation()
     QString text;
     GraphFonts::Fit fit;
     for (int parts = informationParts; parts >= 0; --parts) {
-        text = note + informationText(c.picture.store->records().last(), parts);
+        text = note + FigureText::information(c.picture.store->records().last(), parts);
         fit = c.fonts.fit(9, text, line.width());
         if (fit.width <= line.width())
             break;

@@ -1,6 +1,6 @@
 #include "graph/plot/valueaxispainter.h"
 
-#include "data/figures.h"
+#include "data/figuretext.h"
 #include "graph/plot/graphfonts.h"
 #include "graph/plot/graphtools.h"
 
@@ -68,7 +68,7 @@ void ValueAxisPainter::paint(const GraphScene::Axis &axis)
     const int decimals = decimalsFor(axis, values[1] - values[0]);
     c.painter->setPen(c.colours.readable(axis.colour));
     for (const double value : values) {
-        QString text = figure(value, axis.fieldWidth, decimals);
+        QString text = FigureText::fixed(value, axis.fieldWidth, decimals);
         if (c.fonts.fit(8, text, place.width).width > place.width + besideLine)
             text = QLocale().toString(value, 'g', 3); // a figure that no battery gives
         drawLabel(place, axis.side, qRound(scale.scaleMap().transform(value)) + baselineBelow, text);

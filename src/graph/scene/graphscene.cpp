@@ -1,6 +1,6 @@
 #include "graph/scene/graphscene.h"
 
-#include "data/figures.h"
+#include "data/figuretext.h"
 #include "graph/scene/graphcolours.h"
 #include "graph/scene/graphpicture.h"
 #include "series/seriesstore.h"
@@ -42,14 +42,15 @@ QString cellFigure(const SeriesStore &store, int cell, CellValue value)
 {
     const CellData &newest = store.records().last().cells[cell];
     switch (value) {
-    case CellValue::Charge:
-        return figure(newest.balanceCharge / 360000 / milli, 0, 3); // per cent x mA x s to mAh to Ah
+    case CellValue::Charge: // per cent x mA x s to mAh to Ah
+        return FigureText::fixed(newest.balanceCharge / 360000 / milli, 0, 3);
     case CellValue::Resistance: // which most lines don't bring
-        return store.knownResistance(cell) > 0 ? figure(store.knownResistance(cell), 0, 1) : noFigure();
+        return store.knownResistance(cell) > 0 ? FigureText::fixed(store.knownResistance(cell), 0, 1)
+                                               : FigureText::shortDashes();
     case CellValue::Voltage:
         break;
     }
-    return figure(newest.voltage / milli, 0, 3);
+    return FigureText::fixed(newest.voltage / milli, 0, 3);
 }
 
 // The lowest and the highest value that the axes cover.
@@ -113,7 +114,7 @@ void GraphScene::addVoltage(const GraphPicture &picture)
     curves.append({PlotArea::Upper, SeriesStore::Voltage, 0, range, colours.voltage(), colours.curveWidth(),
         tr("Voltage"), tr("V")});
     axes.append({PlotArea::Upper, Side::Left, range, tr("V"), 2, 5, colours.voltage()});
-    upperLegend.append({tr("Voltage"), figure(values.last(), 0, 2) + tr(" V"), colours.voltage()});
+    upperLegend.append({tr("Voltage"), FigureText::fixed(values.last(), 0, 2) + tr(" V"), colours.voltage()});
 }
 
 void GraphScene::addSlope(const GraphPicture &picture)
@@ -121,7 +122,7 @@ void GraphScene::addSlope(const GraphPicture &picture)
     const GraphColours colours = coloursOf(picture);
     const PlotSeries &values = picture.store->series(SeriesStore::Dv);
     if (picture.store->size() <= SeriesStore::firstResistance()) { // no value yet
-        upperLegend.append({tr("dV"), noFigure() + tr(" mV/min"), colours.slope()});
+        upperLegend.append({tr("dV"), FigureText::shortDashes() + tr(" mV/min"), colours.slope()});
         return;
     }
     const Interval course = courseOf(picture, SeriesStore::Dv);
@@ -129,8 +130,9 @@ void GraphScene::addSlope(const GraphPicture &picture)
     curves.append({PlotArea::Upper, SeriesStore::Dv, 0, range, colours.slope(), colours.curveWidth(),
         tr("dV"), tr("mV/min"), 1.0, 1});
     axes.append({PlotArea::Upper, Side::Right, range, tr("mV/min"), 1, 5, colours.slope()});
-    upperLegend.append({tr("dV"),
-        figure(values.last(), 0, std::abs(values.last()) < 100 ? 1 : 0) + tr(" mV/min"), colours.slope()});
+    upperLegend.append(
+        {tr("dV"), FigureText::fixed(values.last(), 0, std::abs(values.last()) < 100 ? 1 : 0) + tr(" mV/min"),
+            colours.slope()});
 }
 
 void GraphScene::addEnergy(const GraphPicture &picture)
@@ -142,7 +144,7 @@ void GraphScene::addEnergy(const GraphPicture &picture)
     curves.append({PlotArea::Upper, SeriesStore::Energy, 0, range, colours.slope(), colours.curveWidth(),
         tr("Energy"), tr("mAh"), 1.0, 0});
     axes.append({PlotArea::Upper, Side::Right, range, tr("mAh"), 0, 5, colours.slope()});
-    upperLegend.append({tr("Energy"), figure(values.last(), 0, 0) + tr(" mAh"), colours.slope()});
+    upperLegend.append({tr("Energy"), FigureText::fixed(values.last(), 0, 0) + tr(" mAh"), colours.slope()});
 }
 
 void GraphScene::addCells(const GraphPicture &picture)
@@ -202,7 +204,8 @@ void GraphScene::addStatistics(const GraphPicture &picture)
             isDelta ? tr("mV") : tr("V"), isDelta ? milli : 1.0, isDelta ? 0 : 3});
         const double newest = store.series(row.series).last();
         upperLegend.append({row.name,
-            isDelta ? figure(newest * milli, 0, 0) + tr(" mV") : figure(newest, 0, 3), row.colour});
+            isDelta ? FigureText::fixed(newest * milli, 0, 0) + tr(" mV") : FigureText::fixed(newest, 0, 3),
+            row.colour});
     }
     axes.append({PlotArea::Upper, Side::Left, range, tr("V"), 2, 4, colours.text()});
     const ValueRange shownDelta = {deltaRange.low * milli, deltaRange.high * milli};
@@ -217,7 +220,7 @@ void GraphScene::addCurrent(const GraphPicture &picture)
     curves.append({PlotArea::Lower, SeriesStore::Current, 0, range, colours.current(), colours.curveWidth(),
         tr("Current"), tr("A")});
     axes.append({PlotArea::Lower, Side::Right, range, tr("A"), 2, 5, colours.current()});
-    lowerLegend.append({tr("Current"), figure(values.last(), 0, 2) + tr(" A"), colours.current()});
+    lowerLegend.append({tr("Current"), FigureText::fixed(values.last(), 0, 2) + tr(" A"), colours.current()});
 }
 
 void GraphScene::addTemperature(const GraphPicture &picture)
@@ -228,8 +231,9 @@ void GraphScene::addTemperature(const GraphPicture &picture)
     curves.append({PlotArea::Lower, SeriesStore::Temperature, 0, range, colours.temperature(),
         colours.curveWidth(), tr("Temp."), tr("\u00b0C"), 1.0, 1});
     axes.append({PlotArea::Lower, Side::Left, range, tr("\u00b0C"), 1, 4, colours.temperature()});
-    lowerLegend.append({tr("Temp."), figure(newestOf(picture).temperature / 10.0, 0, 1) + tr(" \u00b0C"),
-        colours.temperature()});
+    lowerLegend.append(
+        {tr("Temp."), FigureText::fixed(newestOf(picture).temperature / 10.0, 0, 1) + tr(" \u00b0C"),
+            colours.temperature()});
 }
 
 // Shown while charging only; a device that does not measure it sends nothing but zeros.
@@ -248,5 +252,6 @@ void GraphScene::addResistance(const GraphPicture &picture)
         course.low, course.high, {beside.shareOf(current.low), beside.shareOf(current.high)});
     curves.append({PlotArea::Lower, SeriesStore::Resistance, SeriesStore::firstResistance(), range,
         colours.resistance(), colours.curveWidth(), tr("Ri"), tr("m\u03a9"), 1.0, 0});
-    lowerLegend.append({tr("Ri"), figure(values.last(), 0, 0) + tr(" m\u03a9"), colours.resistance()});
+    lowerLegend.append(
+        {tr("Ri"), FigureText::fixed(values.last(), 0, 0) + tr(" m\u03a9"), colours.resistance()});
 }

@@ -1,5 +1,5 @@
 #include "graph/scene/celllegend.h"
-#include "data/figures.h"
+#include "data/figuretext.h"
 #include "graph/scene/graphcolours.h"
 #include "graph/scene/graphlayout.h"
 #include "graph/plot/graphpainter.h"
@@ -303,10 +303,11 @@ void TestGraphPainter::legendsTellUnits()
     picture.switches.balancer = picture.switches.average = true;
     const GraphScene scene = GraphScene::of(picture);
     const double delta = store.series(SeriesStore::CellDelta).last() * 1000;
-    QCOMPARE(scene.upperLegend.last().value, figure(delta, 0, 0) + QStringLiteral(" mV"));
+    QCOMPARE(scene.upperLegend.last().value, FigureText::fixed(delta, 0, 0) + QStringLiteral(" mV"));
     for (const GraphScene::Curve &curve : scene.curves) { // what the cursor tells
         if (curve.series == SeriesStore::CellDelta)
-            QCOMPARE(figure(delta / 1000 * curve.factor, 0, curve.decimals) + QLatin1Char(' ') + curve.unit,
+            QCOMPARE(FigureText::fixed(delta / 1000 * curve.factor, 0, curve.decimals) + QLatin1Char(' ')
+                    + curve.unit,
                 scene.upperLegend.last().value);
     }
     QLocale::setDefault(before);
@@ -385,9 +386,10 @@ void TestGraphPainter::resistancesStay()
         const GraphScene scene = GraphScene::of(picture);
         return scene.upperLegend[0].value.trimmed() + QLatin1Char(' ') + scene.upperLegend[1].value.trimmed();
     };
-    QCOMPARE(shown(), figure(3.5, 0, 1) + QLatin1Char(' ') + figure(4.1, 0, 1));
+    QCOMPARE(shown(), FigureText::fixed(3.5, 0, 1) + QLatin1Char(' ') + FigureText::fixed(4.1, 0, 1));
     store.applyResistanceLine(QStringLiteral("!36,0") + QStringLiteral(",50").repeated(14));
-    QCOMPARE(shown(), figure(3.6, 0, 1) + QLatin1Char(' ') + figure(4.1, 0, 1)); // 0: not measured
+    QCOMPARE(shown(),
+        FigureText::fixed(3.6, 0, 1) + QLatin1Char(' ') + FigureText::fixed(4.1, 0, 1)); // 0: not measured
 }
 
 void TestGraphPainter::staysInItsPlaces_data()
@@ -547,14 +549,14 @@ void TestGraphPainter::informationIsComplete()
     record.temperature = 253;
     record.energy = 99999;
     record.setTime(3725);
-    QCOMPARE(informationText(record),
+    QCOMPARE(FigureText::information(record),
         QStringLiteral("Charge  6xLiPo  24.21 V   1.50 A  25.3 \u00b0C  99.999 Ah  01:02:05"));
     record.energy = 100000;
     record.temperature = 0;
-    QVERIFY(informationText(record).contains(QStringLiteral("100.00 Ah")));
-    QVERIFY(informationText(record).contains(
+    QVERIFY(FigureText::information(record).contains(QStringLiteral("100.00 Ah")));
+    QVERIFY(FigureText::information(record).contains(
         QStringLiteral("--") + QLocale::system().decimalPoint() + QStringLiteral("- \u00b0C")));
-    QCOMPARE(informationText(record, 2), QStringLiteral("24.21 V   1.50 A"));
+    QCOMPARE(FigureText::information(record, 2), QStringLiteral("24.21 V   1.50 A"));
     QLocale::setDefault(before);
 }
 
