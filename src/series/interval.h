@@ -1,12 +1,19 @@
 #pragma once
 
-/// A shown part of a whole, in whatever unit.
+/// What lies between two numbers, in whatever unit: times, values, or shares of them.
 struct Interval {
     double low = 0.0;
     double high = 1.0;
 
     double length() const { return high - low; }
     bool contains(double value) const { return value >= low && value <= high; }
+    /// The part between the shares low..high of `share`, 0 the low end and 1 the high one.
+    Interval part(const Interval &share) const
+    {
+        return {low + (high - low) * share.low, low + (high - low) * share.high};
+    }
+    /// The share at which `value` lies.
+    double shareOf(double value) const { return (value - low) / (high - low); }
     /// Grows until it holds `other` too.
     void take(const Interval &other)
     {

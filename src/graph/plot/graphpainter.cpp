@@ -93,7 +93,7 @@ void GraphPainter::paintCurves(const GraphCanvas &canvas, const GraphScene &scen
     canvas.painter->scale(1 / scale, 1 / scale);
     for (auto it = scene.curves.crbegin(); it != scene.curves.crend(); ++it) {
         const GraphScene::Curve &curve = *it;
-        const ValueRange range = curve.range.part(canvas.picture.zoom.share(curve.area));
+        const Interval range = curve.range.part(canvas.picture.zoom.share(curve.area));
         m_curves.draw(canvas.painter,
             {canvas.picture.store, curve.series, curve.first, finer(canvas.timeMap, scale),
                 finer(canvas.layout.valueMap(curve.area, range.low, range.high), scale),

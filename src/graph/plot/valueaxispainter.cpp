@@ -45,7 +45,7 @@ ValueAxisPainter::Place ValueAxisPainter::placeFor(const GraphLayout &layout, Gr
 
 const QwtScaleDraw &ValueAxisPainter::scaleFor(const GraphScene::Axis &axis)
 {
-    const ValueRange range = axis.range.part(c.picture.zoom.share(axis.area));
+    const Interval range = axis.range.part(c.picture.zoom.share(axis.area));
     const QRect area = c.layout.area(axis.area);
     const int steps = c.layout.valueSteps();
     QList<double> values;

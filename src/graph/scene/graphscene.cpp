@@ -3,6 +3,7 @@
 #include "data/figuretext.h"
 #include "graph/scene/graphcolours.h"
 #include "graph/scene/graphpicture.h"
+#include "graph/scene/valuerange.h"
 #include "series/seriesstore.h"
 
 #include <QCoreApplication>
@@ -62,14 +63,14 @@ Interval courseOf(const GraphPicture &picture, int kind)
     return {values.minimum(), values.maximum()};
 }
 
-ValueRange currentRange(const GraphPicture &picture)
+Interval currentRange(const GraphPicture &picture)
 {
     const Interval course = courseOf(picture, SeriesStore::Current);
     return ValueRange::ofCurrent(course.low, course.high);
 }
 
 // Extremes over all cells, so that a cell keeps its place when others are hidden.
-ValueRange cellRange(const GraphPicture &picture)
+Interval cellRange(const GraphPicture &picture)
 {
     Interval course = courseOf(picture, SeriesStore::CellMin);
     course.take(courseOf(picture, SeriesStore::CellMax));
@@ -110,7 +111,7 @@ void GraphScene::addVoltage(const GraphPicture &picture)
     const GraphColours colours = coloursOf(picture);
     const PlotSeries &values = picture.store->series(SeriesStore::Voltage);
     const Interval course = courseOf(picture, SeriesStore::Voltage);
-    const ValueRange range = ValueRange::ofVoltage(course.low, course.high);
+    const Interval range = ValueRange::ofVoltage(course.low, course.high);
     curves.append({PlotArea::Upper, SeriesStore::Voltage, 0, range, colours.voltage(), colours.curveWidth(),
         tr("Voltage"), tr("V")});
     axes.append({PlotArea::Upper, Side::Left, range, tr("V"), 2, 5, colours.voltage()});
@@ -126,7 +127,7 @@ void GraphScene::addSlope(const GraphPicture &picture)
         return;
     }
     const Interval course = courseOf(picture, SeriesStore::Dv);
-    const ValueRange range = ValueRange::ofSlope(course.low, course.high, slopeUnit);
+    const Interval range = ValueRange::ofSlope(course.low, course.high, slopeUnit);
     curves.append({PlotArea::Upper, SeriesStore::Dv, 0, range, colours.slope(), colours.curveWidth(),
         tr("dV"), tr("mV/min"), 1.0, 1});
     axes.append({PlotArea::Upper, Side::Right, range, tr("mV/min"), 1, 5, colours.slope()});
@@ -140,7 +141,7 @@ void GraphScene::addEnergy(const GraphPicture &picture)
     const GraphColours colours = coloursOf(picture);
     const PlotSeries &values = picture.store->series(SeriesStore::Energy);
     const Interval course = courseOf(picture, SeriesStore::Energy);
-    const ValueRange range = ValueRange::ofEnergy(course.low, course.high);
+    const Interval range = ValueRange::ofEnergy(course.low, course.high);
     curves.append({PlotArea::Upper, SeriesStore::Energy, 0, range, colours.slope(), colours.curveWidth(),
         tr("Energy"), tr("mAh"), 1.0, 0});
     axes.append({PlotArea::Upper, Side::Right, range, tr("mAh"), 0, 5, colours.slope()});
@@ -152,7 +153,7 @@ void GraphScene::addCells(const GraphPicture &picture)
     const SeriesStore &store = *picture.store;
     const GraphColours colours = coloursOf(picture);
     const ViewSwitches &switches = picture.switches;
-    const ValueRange range = cellRange(picture);
+    const Interval range = cellRange(picture);
     const bool emphasise = switches.cellsShown == CellsShown::All;
     for (bool selected : {true, false}) { // the picked ones on top
         for (int i = 0; i < store.cellSeriesCount(); ++i) {
@@ -183,15 +184,15 @@ void GraphScene::addStatistics(const GraphPicture &picture)
 {
     const SeriesStore &store = *picture.store;
     const GraphColours colours = coloursOf(picture);
-    const ValueRange range = cellRange(picture);
+    const Interval range = cellRange(picture);
     cellHeading = tr("Voltage:");
     cellUnit = tr("V");
     const Interval deltas = courseOf(picture, SeriesStore::CellDelta);
-    const ValueRange deltaRange = ValueRange::ofCurrent(deltas.low, deltas.high, deltaUnit);
+    const Interval deltaRange = ValueRange::ofCurrent(deltas.low, deltas.high, deltaUnit);
     struct Row {
         int series;
         QString name;
-        ValueRange range;
+        Interval range;
         QColor colour;
     };
     const Row rows[] = {{SeriesStore::CellMax, tr("Max"), range, colours.cellMax()},
@@ -208,7 +209,7 @@ void GraphScene::addStatistics(const GraphPicture &picture)
             row.colour});
     }
     axes.append({PlotArea::Upper, Side::Left, range, tr("V"), 2, 4, colours.text()});
-    const ValueRange shownDelta = {deltaRange.low * milli, deltaRange.high * milli};
+    const Interval shownDelta = {deltaRange.low * milli, deltaRange.high * milli};
     axes.append({PlotArea::Upper, Side::Right, shownDelta, tr("mV"), 0, 4, colours.cellDelta()});
 }
 
@@ -216,7 +217,7 @@ void GraphScene::addCurrent(const GraphPicture &picture)
 {
     const GraphColours colours = coloursOf(picture);
     const PlotSeries &values = picture.store->series(SeriesStore::Current);
-    const ValueRange range = currentRange(picture);
+    const Interval range = currentRange(picture);
     curves.append({PlotArea::Lower, SeriesStore::Current, 0, range, colours.current(), colours.curveWidth(),
         tr("Current"), tr("A")});
     axes.append({PlotArea::Lower, Side::Right, range, tr("A"), 2, 5, colours.current()});
@@ -227,7 +228,7 @@ void GraphScene::addTemperature(const GraphPicture &picture)
 {
     const GraphColours colours = coloursOf(picture);
     const Interval course = courseOf(picture, SeriesStore::Temperature);
-    const ValueRange range = ValueRange::ofTemperature(course.low, course.high);
+    const Interval range = ValueRange::ofTemperature(course.low, course.high);
     curves.append({PlotArea::Lower, SeriesStore::Temperature, 0, range, colours.temperature(),
         colours.curveWidth(), tr("Temp."), tr("\u00b0C"), 1.0, 1});
     axes.append({PlotArea::Lower, Side::Left, range, tr("\u00b0C"), 1, 4, colours.temperature()});
@@ -247,8 +248,8 @@ void GraphScene::addResistance(const GraphPicture &picture)
         return;
     const Interval course = courseOf(picture, SeriesStore::Resistance);
     const Interval current = courseOf(picture, SeriesStore::Current);
-    const ValueRange beside = currentRange(picture);
-    const ValueRange range = ValueRange::ofResistance(
+    const Interval beside = currentRange(picture);
+    const Interval range = ValueRange::ofResistance(
         course.low, course.high, {beside.shareOf(current.low), beside.shareOf(current.high)});
     curves.append({PlotArea::Lower, SeriesStore::Resistance, SeriesStore::firstResistance(), range,
         colours.resistance(), colours.curveWidth(), tr("Ri"), tr("m\u03a9"), 1.0, 0});

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "graph/scene/graphlayout.h"
-#include "graph/scene/valuerange.h"
 
 #include <QColor>
 #include <QString>
@@ -15,7 +14,7 @@ struct GraphScene {
         PlotArea area;
         int series; ///< SeriesStore::Kind
         int first; ///< first record drawn
-        ValueRange range; ///< of the whole area, before any zoom; in the series' unit
+        Interval range; ///< of the whole area, before any zoom; in the series' unit
         QColor colour;
         int width;
         QString name;
@@ -27,7 +26,7 @@ struct GraphScene {
     struct Axis {
         PlotArea area;
         Side side;
-        ValueRange range; ///< in `unit`, before any zoom
+        Interval range; ///< in `unit`, before any zoom
         QString unit;
         int decimals;
         int fieldWidth;

@@ -12,7 +12,7 @@ constexpr double narrow = 0.25; // less is noise
 constexpr double narrowMargin = 0.125;
 constexpr double wideFactor = 1.1;
 
-ValueRange currentRange(double minimum, double maximum, bool keepNegative)
+Interval currentRange(double minimum, double maximum, bool keepNegative)
 {
     if (maximum - minimum < flat)
         return {0.0, maximum >= narrow ? maximum * wideFactor : maximum + narrowMargin};
@@ -22,18 +22,18 @@ ValueRange currentRange(double minimum, double maximum, bool keepNegative)
     return {low < 0 && !keepNegative ? 0.0 : low, maximum + narrowMargin};
 }
 
-ValueRange scaledRange(double minimum, double maximum, double unit, bool keepNegative)
+Interval scaledRange(double minimum, double maximum, double unit, bool keepNegative)
 {
     if (maximum < 0 || (maximum <= 0 && minimum < 0)) {
-        const ValueRange mirrored = currentRange(-maximum / unit, -minimum / unit, false);
+        const Interval mirrored = currentRange(-maximum / unit, -minimum / unit, false);
         return {-mirrored.high * unit, -mirrored.low * unit};
     }
-    const ValueRange range = currentRange(minimum / unit, maximum / unit, keepNegative);
+    const Interval range = currentRange(minimum / unit, maximum / unit, keepNegative);
     return {range.low * unit, range.high * unit};
 }
 
 // Of what the course lacks of `least`, the share `below` goes below it.
-ValueRange courseRange(double minimum, double maximum, double least, double below)
+Interval courseRange(double minimum, double maximum, double least, double below)
 {
     constexpr double margin = 0.1; // of the course
     const double missing = std::max(0.0, least - (maximum - minimum));
@@ -43,7 +43,7 @@ ValueRange courseRange(double minimum, double maximum, double least, double belo
 }
 
 // With `minimum` at the share `below` of the height and `maximum` as far from its upper end as `above`.
-ValueRange placedRange(double minimum, double maximum, double below, double above)
+Interval placedRange(double minimum, double maximum, double below, double above)
 {
     const double course = maximum - minimum;
     const double span = course > 0 ? course / (1 - below - above) : std::max(2.0, std::abs(maximum) * 0.2);
@@ -53,7 +53,7 @@ ValueRange placedRange(double minimum, double maximum, double below, double abov
 
 // The least share of the height between an end of `taken` and a value at which the curve may rest. Values are
 // whole: a short course rests at each of them, a longer one has too many to keep clear with all but its ends.
-double clearance(const ValueRange &range, double minimum, double maximum, const Interval &taken)
+double clearance(const Interval &range, double minimum, double maximum, const Interval &taken)
 {
     constexpr double shortCourse = 4;
     const double step = maximum - minimum <= shortCourse ? 1.0 : maximum - minimum;
@@ -67,33 +67,28 @@ double clearance(const ValueRange &range, double minimum, double maximum, const 
 
 } // namespace
 
-ValueRange ValueRange::part(const Interval &share) const
-{
-    return {low + (high - low) * share.low, low + (high - low) * share.high};
-}
-
-ValueRange ValueRange::ofVoltage(double minimum, double maximum)
+Interval ValueRange::ofVoltage(double minimum, double maximum)
 {
     return courseRange(minimum, maximum, 0.25, 0.5);
 }
 
 // A charge that stands still lies low, the voltage beside it in the middle.
-ValueRange ValueRange::ofEnergy(double minimum, double maximum)
+Interval ValueRange::ofEnergy(double minimum, double maximum)
 {
     return courseRange(minimum, maximum, 10, 0);
 }
 
-ValueRange ValueRange::ofCurrent(double minimum, double maximum, double unit)
+Interval ValueRange::ofCurrent(double minimum, double maximum, double unit)
 {
     return scaledRange(minimum, maximum, unit, false);
 }
 
-ValueRange ValueRange::ofSlope(double minimum, double maximum, double unit)
+Interval ValueRange::ofSlope(double minimum, double maximum, double unit)
 {
     return scaledRange(minimum, maximum, unit, true);
 }
 
-ValueRange ValueRange::ofTemperature(double minimum, double maximum)
+Interval ValueRange::ofTemperature(double minimum, double maximum)
 {
     constexpr double least = 3.5;
     const double missing = std::max(0.0, (least - (maximum - minimum)) / 2);
@@ -101,15 +96,15 @@ ValueRange ValueRange::ofTemperature(double minimum, double maximum)
     return {minimum < low ? std::floor(minimum) : low, std::ceil(maximum + missing)};
 }
 
-ValueRange ValueRange::ofResistance(double minimum, double maximum, const Interval &taken)
+Interval ValueRange::ofResistance(double minimum, double maximum, const Interval &taken)
 {
     constexpr double places[] = {0.15, 0.25, 0.35}; // of the lowest value, and of the highest from above
     constexpr double enough = 0.05;
-    ValueRange best;
+    Interval best;
     double clearest = -1.0;
     for (double below : places) {
         for (double above : places) {
-            const ValueRange range = placedRange(minimum, maximum, below, above);
+            const Interval range = placedRange(minimum, maximum, below, above);
             const double clear = clearance(range, minimum, maximum, taken);
             if (clear >= enough)
                 return range;
@@ -121,7 +116,7 @@ ValueRange ValueRange::ofResistance(double minimum, double maximum, const Interv
     return best;
 }
 
-ValueRange ValueRange::ofCells(double minimum, double maximum, int cellType)
+Interval ValueRange::ofCells(double minimum, double maximum, int cellType)
 {
     const double low = Varnel3Data::cellTypeScaleMin(cellType) / 1000.0;
     const double high = Varnel3Data::cellTypeScaleMax(cellType) / 1000.0;

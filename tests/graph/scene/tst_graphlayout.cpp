@@ -145,13 +145,13 @@ void TestGraphLayout::ranges()
     QFETCH(double, minimum);
     QFETCH(double, maximum);
     for (double unit : {1.0, 1000.0}) {
-        const ValueRange range = ValueRange::ofCurrent(minimum * unit, maximum * unit, unit);
+        const Interval range = ValueRange::ofCurrent(minimum * unit, maximum * unit, unit);
         QTEST(range.low / unit, "low");
         QTEST(range.high / unit, "high");
     }
 }
 
-using Rule = ValueRange (*)(double, double);
+using Rule = Interval (*)(double, double);
 Q_DECLARE_METATYPE(Rule)
 
 void TestGraphLayout::coursesFillThePlot_data()
@@ -182,7 +182,7 @@ void TestGraphLayout::coursesFillThePlot()
     QFETCH(Rule, rule);
     QFETCH(double, minimum);
     QFETCH(double, maximum);
-    const ValueRange range = rule(minimum, maximum);
+    const Interval range = rule(minimum, maximum);
     QTEST(range.low, "low");
     QTEST(range.high, "high");
 }
@@ -206,7 +206,7 @@ void TestGraphLayout::resistanceKeepsClear()
     QFETCH(double, clear);
     for (double low = 0.0; low <= 1.0; low += 0.01) {
         for (double high = low; high <= 1.0; high += 0.01) {
-            const ValueRange range = ValueRange::ofResistance(minimum, maximum, {low, high});
+            const Interval range = ValueRange::ofResistance(minimum, maximum, {low, high});
             for (double taken : {low, high}) {
                 for (double value = minimum; value <= maximum; value += step)
                     QVERIFY(qAbs(range.shareOf(value) - taken) > clear);
@@ -219,7 +219,7 @@ void TestGraphLayout::resistanceKeepsClear()
 void TestGraphLayout::cellRangeWidens()
 {
     const int lipo = 5;
-    ValueRange range = ValueRange::ofCells(3.5, 4.2, lipo);
+    Interval range = ValueRange::ofCells(3.5, 4.2, lipo);
     QCOMPARE(range.low, 3.3);
     QCOMPARE(range.high, 4.35);
     range = ValueRange::ofCells(2.9, 4.4, lipo);
