@@ -13,6 +13,17 @@
 
 namespace {
 
+struct Line {
+    QString name, value;
+    QColor colour;
+};
+
+struct Block {
+    int rows; // in a column
+    int columnWidth;
+    QSize size;
+};
+
 constexpr int fromLine = 8; // px between the cursor line and its values
 constexpr int margin = 5;
 constexpr int columnGap = 12;
@@ -25,35 +36,7 @@ int cellCurves(const GraphScene &scene)
         [](const GraphScene::Curve &curve) { return curve.series >= SeriesStore::Cell1; }));
 }
 
-} // namespace
-
-CursorPainter::CursorPainter(const GraphCanvas &canvas)
-    : c(canvas)
-    , p(canvas.painter)
-{
-}
-
-void CursorPainter::paintCursor(const GraphScene &scene, int record)
-{
-    const int x = pixelOf(c.timeMap, c.picture.store->series(SeriesStore::Time)[record]);
-    if (x < c.layout.plotLeft() || x > c.layout.plotRight())
-        return;
-    p->setPen(QPen(c.colours.axis(), 1));
-    for (PlotArea area : {PlotArea::Upper, PlotArea::Lower})
-        p->drawLine(x, c.layout.area(area).top(), x, c.layout.area(area).bottom());
-    // in a small window the cells' values would hide the plots
-    const QVector<Line> all = valuesAt(scene, record);
-    for (int count : {all.size(), all.size() - cellCurves(scene), 1}) {
-        const QVector<Line> lines = all.mid(0, 1) + all.mid(all.size() - count + 1);
-        const Block block = blockOf(lines);
-        if (count > 1 && block.size.width() > (c.layout.plotRight() - c.layout.plotLeft()) * mostOfPlot)
-            continue;
-        paintValues(lines, block, x);
-        return;
-    }
-}
-
-QVector<CursorPainter::Line> CursorPainter::valuesAt(const GraphScene &scene, int record) const
+QVector<Line> valuesAt(const GraphCanvas &c, const GraphScene &scene, int record)
 {
     const double time = c.picture.store->series(SeriesStore::Time)[record];
     QVector<Line> lines{{QString(), elapsedTimeText(time), c.colours.text()}};
@@ -67,7 +50,7 @@ QVector<CursorPainter::Line> CursorPainter::valuesAt(const GraphScene &scene, in
 }
 
 // As many columns as the height asks for.
-CursorPainter::Block CursorPainter::blockOf(const QVector<Line> &lines) const
+Block blockOf(const GraphCanvas &c, const QVector<Line> &lines)
 {
     const QFontMetrics metrics(c.fonts.font(8));
     int nameWidth = 0;
@@ -86,32 +69,54 @@ CursorPainter::Block CursorPainter::blockOf(const QVector<Line> &lines) const
             rows * metrics.height() + 2 * margin)};
 }
 
-void CursorPainter::paintValues(const QVector<Line> &lines, const Block &block, int x)
+void paintValues(const GraphCanvas &c, const QVector<Line> &lines, const Block &block, int x)
 {
     const bool fitsRight = x + fromLine + block.size.width() <= c.layout.plotRight();
     const int left = fitsRight ? x + fromLine : qMax(0, x - fromLine - block.size.width());
     const QRect box(QPoint(left, c.layout.plotTop() + margin), block.size);
     QColor back = c.colours.highlight();
     back.setAlpha(235);
-    p->setPen(c.colours.grid());
-    p->setBrush(back);
-    p->drawRect(box);
-    p->setFont(c.fonts.font(8));
-    const int height = p->fontMetrics().height();
+    c.painter->setPen(c.colours.grid());
+    c.painter->setBrush(back);
+    c.painter->drawRect(box);
+    c.painter->setFont(c.fonts.font(8));
+    const int height = c.painter->fontMetrics().height();
     for (int i = 0; i < lines.size(); ++i) {
         const QRect row(box.left() + margin + i / block.rows * (block.columnWidth + columnGap),
             box.top() + margin + i % block.rows * height, block.columnWidth, height);
-        p->setPen(GraphColours::readable(lines[i].colour, c.colours.highlight()));
-        p->drawText(row, Qt::AlignLeft | Qt::AlignVCenter, lines[i].name);
-        p->drawText(row, Qt::AlignRight | Qt::AlignVCenter, lines[i].value);
+        c.painter->setPen(GraphColours::readable(lines[i].colour, c.colours.highlight()));
+        c.painter->drawText(row, Qt::AlignLeft | Qt::AlignVCenter, lines[i].name);
+        c.painter->drawText(row, Qt::AlignRight | Qt::AlignVCenter, lines[i].value);
     }
 }
 
-void CursorPainter::paintRubberBand(const QRect &rect)
+} // namespace
+
+void paintCursor(const GraphCanvas &c, const GraphScene &scene, int record)
+{
+    const int x = pixelOf(c.timeMap, c.picture.store->series(SeriesStore::Time)[record]);
+    if (x < c.layout.plotLeft() || x > c.layout.plotRight())
+        return;
+    c.painter->setPen(QPen(c.colours.axis(), 1));
+    for (PlotArea area : {PlotArea::Upper, PlotArea::Lower})
+        c.painter->drawLine(x, c.layout.area(area).top(), x, c.layout.area(area).bottom());
+    // in a small window the cells' values would hide the plots
+    const QVector<Line> all = valuesAt(c, scene, record);
+    for (int count : {all.size(), all.size() - cellCurves(scene), 1}) {
+        const QVector<Line> lines = all.mid(0, 1) + all.mid(all.size() - count + 1);
+        const Block block = blockOf(c, lines);
+        if (count > 1 && block.size.width() > (c.layout.plotRight() - c.layout.plotLeft()) * mostOfPlot)
+            continue;
+        paintValues(c, lines, block, x);
+        return;
+    }
+}
+
+void paintRubberBand(const GraphCanvas &c, const QRect &rect)
 {
     QColor fill = c.colours.current();
-    p->setPen(QPen(fill, 1, Qt::DashLine));
+    c.painter->setPen(QPen(fill, 1, Qt::DashLine));
     fill.setAlpha(40);
-    p->setBrush(fill);
-    p->drawRect(rect.adjusted(0, 0, -1, -1));
+    c.painter->setBrush(fill);
+    c.painter->drawRect(rect.adjusted(0, 0, -1, -1));
 }

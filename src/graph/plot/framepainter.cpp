@@ -20,57 +20,30 @@ constexpr int timeLabelBelow = 18;
 constexpr int labelGap = 4;
 constexpr int informationParts = 7;
 
+struct Tick {
+    int x;
+    double time; // s
+};
+
 int roundHalfUp(double x)
 {
     return int(std::floor(x + 0.5));
 }
 
-} // namespace
-
-FramePainter::FramePainter(const GraphCanvas &canvas)
-    : c(canvas)
-    , p(canvas.painter)
+QVector<Tick> zoomedTicks(const GraphCanvas &c)
 {
+    const Interval &times = c.picture.zoom.times();
+    QVector<Tick> ticks;
+    const auto divisions = timeDivisions(times.low, times.high, c.layout.zoomedMajorTicks());
+    for (const double time : divisions)
+        ticks.append({roundHalfUp(c.timeMap.transform(time)), time});
+    return ticks;
 }
 
-void FramePainter::paintBackground()
-{
-    p->fillRect(QRect(QPoint(0, 0), c.picture.size), c.colours.background());
-}
-
-void FramePainter::paintBadge()
-{
-    const int right = c.picture.windowNumber > 9 ? 14 : 10;
-    const int bottom = c.layout.height() - 1;
-    const QRect badge(QPoint(1, bottom - 21), QPoint(right, bottom - 1));
-    const QString number = QString::number(c.picture.windowNumber);
-    p->fillRect(badge, Qt::yellow);
-    p->setPen(Qt::black);
-    p->setFont(c.fonts.fit(10, number, badge.width()).font);
-    p->drawText(badge, Qt::AlignCenter, number);
-}
-
-void FramePainter::paintInformation()
-{
-    const QRect line(0, 0, c.layout.width(), c.layout.plotTop() - 1);
-    const QString note = c.picture.note.isEmpty() ? QString() : c.picture.note + QStringLiteral("   ");
-    QString text;
-    GraphFonts::Fit fit;
-    for (int parts = informationParts; parts >= 0; --parts) {
-        text = note + FigureText::information(c.picture.store->records().last(), parts);
-        fit = c.fonts.fit(9, text, line.width());
-        if (fit.width <= line.width())
-            break;
-    }
-    p->setFont(fit.font);
-    p->setPen(note.isEmpty() ? c.colours.text() : c.colours.note());
-    p->drawText(line, Qt::AlignCenter, text);
-}
-
-QVector<FramePainter::Tick> FramePainter::ticks() const
+QVector<Tick> ticks(const GraphCanvas &c)
 {
     if (c.picture.zoom.isActive())
-        return zoomedTicks();
+        return zoomedTicks(c);
     const PlotSeries &times = c.picture.store->series(SeriesStore::Time);
     const int divisions = c.layout.majorTicks();
     QVector<Tick> ticks{{c.layout.plotLeft(), times[0]}};
@@ -82,76 +55,19 @@ QVector<FramePainter::Tick> FramePainter::ticks() const
     return ticks;
 }
 
-QVector<FramePainter::Tick> FramePainter::zoomedTicks() const
-{
-    const Interval &times = c.picture.zoom.times();
-    QVector<Tick> ticks;
-    const auto divisions = timeDivisions(times.low, times.high, c.layout.zoomedMajorTicks());
-    for (const double time : divisions)
-        ticks.append({roundHalfUp(c.timeMap.transform(time)), time});
-    return ticks;
-}
-
-void FramePainter::paintTimeAxis()
-{
-    const int bottom = c.layout.plotBottom();
-    p->setPen(c.tools.axisPens[c.picture.switches.blackBackground]);
-    p->drawLine(c.layout.plotLeft(), bottom, c.layout.plotRight(), bottom);
-    p->setFont(c.fonts.font(8));
-    const QFontMetrics metrics(p->font());
-    const QVector<Tick> all = ticks();
-    QVector<int> columns;
-    QStringList labels;
-    int width = 0;
-    for (const Tick &tick : all) {
-        p->drawLine(tick.x, bottom, tick.x, bottom + tickLength);
-        columns.append(tick.x);
-        labels.append(c.tools.timeScale.label(tick.time).text());
-        width = qMax(width, metrics.horizontalAdvance(labels.last()));
-    }
-    p->setPen(c.colours.text());
-    const QVector<int> labelled = labelledTicks(columns, width + labelGap, lastNumber(all));
-    for (const int k : labelled)
-        p->drawText(columns[k] - timeLabelLeft, bottom + timeLabelBelow, labels[k]);
-}
-
 // Of all times the last tells how long it was and keeps its label; of a part, round ones keep theirs.
-int FramePainter::lastNumber(const QVector<Tick> &ticks) const
+int lastNumber(const GraphCanvas &c, const QVector<Tick> &ticks)
 {
     if (!c.picture.zoom.isActive() || ticks.size() < 2)
         return 0;
     return qRound(ticks.last().time / (ticks[1].time - ticks[0].time));
 }
 
-void FramePainter::paintGrid(bool perCell)
-{
-    const QRect lower = c.layout.area(PlotArea::Lower);
-    for (PlotArea area : {PlotArea::Upper, PlotArea::Lower}) {
-        const QRect rect = c.layout.area(area);
-        p->setPen(c.tools.axisPens[c.picture.switches.blackBackground]);
-        p->drawLine(rect.left() - 2, rect.top(), rect.left() - 2, rect.bottom());
-        p->drawLine(rect.right() + 2, rect.top(), rect.right() + 2, rect.bottom());
-        if (perCell) {
-            paintPlotGrid(area);
-            continue;
-        }
-        p->setPen(c.tools.gridPens[c.picture.switches.blackBackground]);
-        const QVector<int> heights = c.layout.valueHeights(area);
-        for (const int y : heights)
-            p->drawLine(rect.left(), y, rect.right(), y);
-    }
-    if (perCell)
-        return;
-    const QVector<Tick> lines = ticks();
-    for (const Tick &tick : lines)
-        p->drawLine(tick.x, c.layout.plotTop(), tick.x, lower.bottom());
-}
-
-void FramePainter::paintPlotGrid(PlotArea area)
+void paintPlotGrid(const GraphCanvas &c, PlotArea area)
 {
     const QRect rect = c.layout.area(area);
     QList<double> times;
-    const QVector<Tick> lines = ticks();
+    const QVector<Tick> lines = ticks(c);
     for (const Tick &tick : lines)
         times.append(tick.time);
     QList<double> heights;
@@ -170,17 +86,101 @@ void FramePainter::paintPlotGrid(PlotArea area)
     tools.grid.setMajorPen(tools.gridPens[c.picture.switches.blackBackground]);
     tools.grid.setXDiv(tools.timeDivision);
     tools.grid.setYDiv(tools.valueDivision);
-    tools.grid.draw(p, c.timeMap, heightMap, QRectF(rect));
+    tools.grid.draw(c.painter, c.timeMap, heightMap, QRectF(rect));
 }
 
-void FramePainter::paintNoData(const QRect &rect, double points, const QColor &colour, const QString &reason)
+} // namespace
+
+void paintBackground(const GraphCanvas &c)
+{
+    c.painter->fillRect(QRect(QPoint(0, 0), c.picture.size), c.colours.background());
+}
+
+void paintBadge(const GraphCanvas &c)
+{
+    const int right = c.picture.windowNumber > 9 ? 14 : 10;
+    const int bottom = c.layout.height() - 1;
+    const QRect badge(QPoint(1, bottom - 21), QPoint(right, bottom - 1));
+    const QString number = QString::number(c.picture.windowNumber);
+    c.painter->fillRect(badge, Qt::yellow);
+    c.painter->setPen(Qt::black);
+    c.painter->setFont(c.fonts.fit(10, number, badge.width()).font);
+    c.painter->drawText(badge, Qt::AlignCenter, number);
+}
+
+void paintInformation(const GraphCanvas &c)
+{
+    const QRect line(0, 0, c.layout.width(), c.layout.plotTop() - 1);
+    const QString note = c.picture.note.isEmpty() ? QString() : c.picture.note + QStringLiteral("   ");
+    QString text;
+    GraphFonts::Fit fit;
+    for (int parts = informationParts; parts >= 0; --parts) {
+        text = note + FigureText::information(c.picture.store->records().last(), parts);
+        fit = c.fonts.fit(9, text, line.width());
+        if (fit.width <= line.width())
+            break;
+    }
+    c.painter->setFont(fit.font);
+    c.painter->setPen(note.isEmpty() ? c.colours.text() : c.colours.note());
+    c.painter->drawText(line, Qt::AlignCenter, text);
+}
+
+void paintTimeAxis(const GraphCanvas &c)
+{
+    const int bottom = c.layout.plotBottom();
+    c.painter->setPen(c.tools.axisPens[c.picture.switches.blackBackground]);
+    c.painter->drawLine(c.layout.plotLeft(), bottom, c.layout.plotRight(), bottom);
+    c.painter->setFont(c.fonts.font(8));
+    const QFontMetrics metrics(c.painter->font());
+    const QVector<Tick> all = ticks(c);
+    QVector<int> columns;
+    QStringList labels;
+    int width = 0;
+    for (const Tick &tick : all) {
+        c.painter->drawLine(tick.x, bottom, tick.x, bottom + tickLength);
+        columns.append(tick.x);
+        labels.append(c.tools.timeScale.label(tick.time).text());
+        width = qMax(width, metrics.horizontalAdvance(labels.last()));
+    }
+    c.painter->setPen(c.colours.text());
+    const QVector<int> labelled = labelledTicks(columns, width + labelGap, lastNumber(c, all));
+    for (const int k : labelled)
+        c.painter->drawText(columns[k] - timeLabelLeft, bottom + timeLabelBelow, labels[k]);
+}
+
+void paintGrid(const GraphCanvas &c, bool perCell)
+{
+    const QRect lower = c.layout.area(PlotArea::Lower);
+    for (PlotArea area : {PlotArea::Upper, PlotArea::Lower}) {
+        const QRect rect = c.layout.area(area);
+        c.painter->setPen(c.tools.axisPens[c.picture.switches.blackBackground]);
+        c.painter->drawLine(rect.left() - 2, rect.top(), rect.left() - 2, rect.bottom());
+        c.painter->drawLine(rect.right() + 2, rect.top(), rect.right() + 2, rect.bottom());
+        if (perCell) {
+            paintPlotGrid(c, area);
+            continue;
+        }
+        c.painter->setPen(c.tools.gridPens[c.picture.switches.blackBackground]);
+        const QVector<int> heights = c.layout.valueHeights(area);
+        for (const int y : heights)
+            c.painter->drawLine(rect.left(), y, rect.right(), y);
+    }
+    if (perCell)
+        return;
+    const QVector<Tick> lines = ticks(c);
+    for (const Tick &tick : lines)
+        c.painter->drawLine(tick.x, c.layout.plotTop(), tick.x, lower.bottom());
+}
+
+void paintNoData(
+    const GraphCanvas &c, const QRect &rect, double points, const QColor &colour, const QString &reason)
 {
     const QString text = QCoreApplication::translate("MdiGraphChild", "NO DATA");
-    p->setPen(colour);
-    p->setFont(c.fonts.fit(points, text, rect.width()).font);
-    p->drawText(rect, Qt::AlignCenter, text);
-    const int below = rect.center().y() + QFontMetrics(p->font()).height() / 2;
-    p->setFont(c.fonts.fit(9, reason, rect.width()).font);
-    p->drawText(
-        QRect(rect.left(), below, rect.width(), QFontMetrics(p->font()).height()), Qt::AlignCenter, reason);
+    c.painter->setPen(colour);
+    c.painter->setFont(c.fonts.fit(points, text, rect.width()).font);
+    c.painter->drawText(rect, Qt::AlignCenter, text);
+    const int below = rect.center().y() + QFontMetrics(c.painter->font()).height() / 2;
+    c.painter->setFont(c.fonts.fit(9, reason, rect.width()).font);
+    c.painter->drawText(QRect(rect.left(), below, rect.width(), QFontMetrics(c.painter->font()).height()),
+        Qt::AlignCenter, reason);
 }

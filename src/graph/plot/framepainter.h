@@ -2,33 +2,16 @@
 
 #include "graph/plot/graphcanvas.h"
 
-/// Draws what stands around the curves: background, badge, information line, time axis, grids and side lines.
-class FramePainter {
-public:
-    explicit FramePainter(const GraphCanvas &canvas);
+// What stands around the curves.
 
-    void paintBackground();
-    /// The window number in the corner.
-    void paintBadge();
-    /// The note and the newest values.
-    void paintInformation();
-    void paintTimeAxis();
-    /// Grids of both plots. With `perCell` they run only inside the plots.
-    void paintGrid(bool perCell);
-    /// "NO DATA" in `rect` and, below it, why.
-    void paintNoData(const QRect &rect, double points, const QColor &colour, const QString &reason);
-
-private:
-    struct Tick {
-        int x;
-        double time; // s
-    };
-
-    QVector<Tick> ticks() const;
-    QVector<Tick> zoomedTicks() const;
-    int lastNumber(const QVector<Tick> &ticks) const;
-    void paintPlotGrid(PlotArea area);
-
-    const GraphCanvas &c;
-    QPainter *p;
-};
+void paintBackground(const GraphCanvas &canvas);
+/// The window number in the corner.
+void paintBadge(const GraphCanvas &canvas);
+/// The note and the newest values.
+void paintInformation(const GraphCanvas &canvas);
+void paintTimeAxis(const GraphCanvas &canvas);
+/// Grids of both plots and the lines beside them. With `perCell` grids run only inside the plots.
+void paintGrid(const GraphCanvas &canvas, bool perCell);
+/// "NO DATA" in `rect` and, below it, why.
+void paintNoData(
+    const GraphCanvas &canvas, const QRect &rect, double points, const QColor &colour, const QString &reason);

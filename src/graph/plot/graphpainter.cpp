@@ -46,12 +46,11 @@ void GraphPainter::paint(QPainter *painter, const GraphPicture &picture)
     painter->save();
     const GraphCanvas canvas(painter, picture, *m_tools);
     painter->scale(canvas.scale, canvas.scale);
-    FramePainter frame(canvas);
-    frame.paintBackground();
-    frame.paintBadge();
+    paintBackground(canvas);
+    paintBadge(canvas);
     if (picture.store->isEmpty()) {
-        frame.paintNoData(
-            QRect(0, 0, canvas.layout.width(), canvas.layout.height()), 40, QColor(191, 191, 191), QString());
+        paintNoData(canvas, QRect(0, 0, canvas.layout.width(), canvas.layout.height()), 40,
+            QColor(191, 191, 191), QString());
     } else if (canvas.layout.isDrawable()) {
         paintPlots(canvas);
     }
@@ -62,16 +61,15 @@ void GraphPainter::paint(QPainter *painter, const GraphPicture &picture)
 void GraphPainter::paintPlots(const GraphCanvas &canvas)
 {
     const GraphScene scene = GraphScene::of(canvas.picture);
-    FramePainter frame(canvas);
-    frame.paintInformation();
-    frame.paintTimeAxis();
-    frame.paintGrid(!scene.cellHeading.isEmpty());
+    paintInformation(canvas);
+    paintTimeAxis(canvas);
+    paintGrid(canvas, !scene.cellHeading.isEmpty());
     paintCurves(canvas, scene);
     for (const GraphScene::Axis &axis : scene.axes)
-        ValueAxisPainter(canvas).paint(axis);
-    LegendPainter(canvas).paint(scene);
+        paintValueAxis(canvas, axis);
+    paintLegend(canvas, scene);
     if (!scene.upperReason.isEmpty()) {
-        frame.paintNoData(canvas.layout.area(PlotArea::Upper), 20,
+        paintNoData(canvas, canvas.layout.area(PlotArea::Upper), 20,
             canvas.colours.readable(canvas.colours.slope()), scene.upperReason);
     }
     paintPointer(canvas, scene);
@@ -81,9 +79,9 @@ void GraphPainter::paintPointer(const GraphCanvas &canvas, const GraphScene &sce
 {
     const GraphPicture &picture = canvas.picture;
     if (picture.cursorRecord >= 0 && picture.cursorRecord < picture.store->size())
-        CursorPainter(canvas).paintCursor(scene, picture.cursorRecord);
+        paintCursor(canvas, scene, picture.cursorRecord);
     if (!picture.rubberBand.isEmpty())
-        CursorPainter(canvas).paintRubberBand(picture.rubberBand);
+        paintRubberBand(canvas, picture.rubberBand);
 }
 
 void GraphPainter::paintCurves(const GraphCanvas &canvas, const GraphScene &scene)

@@ -31,26 +31,7 @@ bool isNarrow(const QRect &row)
     return row.width() < narrowRow;
 }
 
-} // namespace
-
-LegendPainter::LegendPainter(const GraphCanvas &canvas)
-    : c(canvas)
-    , p(canvas.painter)
-{
-}
-
-void LegendPainter::paint(const GraphScene &scene)
-{
-    if (scene.cellHeading.isEmpty()) {
-        paintEntries(scene.upperLegend, c.layout.legend(PlotArea::Upper));
-        paintEntries(scene.lowerLegend, c.layout.legend(PlotArea::Lower));
-    } else {
-        paintCells(scene);
-        paintEntries(scene.lowerLegend, CellLegend(c.layout, scene.upperLegend.size()).below());
-    }
-}
-
-bool LegendPainter::fits(const GraphScene::Entry &entry, const QRect &row, int font)
+bool fits(const GraphCanvas &c, const GraphScene::Entry &entry, const QRect &row, int font)
 {
     const int mark = !isNumbered(entry) ? markHeight + textGap : isNarrow(row) ? 0 : markWidth;
     const int name = isNumbered(entry) && !isNarrow(row) ? numberWidth : c.fonts.widthIn(font, entry.name);
@@ -58,13 +39,62 @@ bool LegendPainter::fits(const GraphScene::Entry &entry, const QRect &row, int f
     return mark + name + c.fonts.widthIn(font, entry.value) + gaps * textGap <= row.width();
 }
 
-void LegendPainter::paintCells(const GraphScene &scene)
+// After the rows, so that no mark cuts its descenders.
+void paintHeading(const GraphCanvas &c, const GraphScene &scene, const QRect &first, const QRect &second)
+{
+    const int room = qMax(smallestFont, first.height() - textGap);
+    c.painter->setFont(c.fonts.ofSize(qMin(c.fonts.font(8).pixelSize(), room)));
+    c.painter->setPen(c.colours.heading());
+    c.painter->drawText(first, nameAlignment, QCoreApplication::translate("MdiGraphChild", "   Cels:"));
+    c.painter->drawText(second, nameAlignment, scene.cellHeading + QLatin1Char(' ') + scene.cellUnit);
+}
+
+// In a narrow row the number is its own mark, underlined where there is room.
+void paintNumber(
+    const GraphCanvas &c, const GraphScene::Entry &entry, const QRect &row, const QColor &background)
+{
+    c.painter->setPen(GraphColours::readable(entry.colour, background));
+    if (!isNarrow(row)) {
+        c.painter->fillRect(row.left() + 1, row.center().y() - 1, markWidth - 2, markHeight, entry.colour);
+        c.painter->drawText(
+            QRect(row.left() + markWidth, row.top(), numberWidth, row.height()), numberAlignment, entry.name);
+        return;
+    }
+    if (!fits(c, entry, row, c.painter->font().pixelSize()))
+        return; // the place tells which cell it is
+    c.painter->drawText(row, nameAlignment, entry.name);
+    if (row.height() >= lineHeight)
+        c.painter->fillRect(row.left(), row.bottom() - 1,
+            c.fonts.widthIn(c.painter->font().pixelSize(), entry.name), 2, entry.colour);
+}
+
+void paintRow(const GraphCanvas &c, const GraphScene::Entry &entry, const QRect &row, QFont font)
+{
+    const QColor background = entry.marked ? c.colours.highlight() : c.colours.background();
+    if (entry.marked)
+        c.painter->fillRect(row, background);
+    if (entry.marked)
+        font.setBold(true);
+    c.painter->setFont(font);
+    if (isNumbered(entry)) {
+        paintNumber(c, entry, row, background);
+    } else {
+        c.painter->fillRect(row.left(), row.top() + 1, markHeight, row.height() - 2, entry.colour);
+        c.painter->setPen(c.colours.heading());
+        c.painter->drawText(row.adjusted(markHeight + textGap, 0, 0, 0), nameAlignment, entry.name);
+    }
+    c.painter->setPen(c.colours.text());
+    c.painter->drawText(
+        row.adjusted(0, 0, isNarrow(row) ? -textGap - 1 : -textGap, 0), numberAlignment, entry.value);
+}
+
+void paintCells(const GraphCanvas &c, const GraphScene &scene)
 {
     const CellLegend legend(c.layout, scene.upperLegend.size());
     const int largest = qMin(c.fonts.font(8).pixelSize(), qMax(smallestFont, legend.row(0).height() - 1));
     const auto fontOf = [&](int row) {
         int font = largest;
-        while (font > smallestFont && !fits(scene.upperLegend[row], legend.row(row), font))
+        while (font > smallestFont && !fits(c, scene.upperLegend[row], legend.row(row), font))
             --font;
         return font;
     };
@@ -75,59 +105,19 @@ void LegendPainter::paintCells(const GraphScene &scene)
     }
     for (int i = 0; i < scene.upperLegend.size(); ++i) {
         const int font = isNumbered(scene.upperLegend[i]) ? numbered : fontOf(i);
-        paintRow(scene.upperLegend[i], legend.row(i), c.fonts.ofSize(font));
+        paintRow(c, scene.upperLegend[i], legend.row(i), c.fonts.ofSize(font));
     }
-    paintHeading(scene, legend.heading(0), legend.heading(1));
+    paintHeading(c, scene, legend.heading(0), legend.heading(1));
 }
 
-// After the rows, so that no mark cuts its descenders.
-void LegendPainter::paintHeading(const GraphScene &scene, const QRect &first, const QRect &second)
+void paintText(const GraphCanvas &c, const QString &text, const QRect &line, int alignment)
 {
-    const int room = qMax(smallestFont, first.height() - textGap);
-    p->setFont(c.fonts.ofSize(qMin(c.fonts.font(8).pixelSize(), room)));
-    p->setPen(c.colours.heading());
-    p->drawText(first, nameAlignment, QCoreApplication::translate("MdiGraphChild", "   Cels:"));
-    p->drawText(second, nameAlignment, scene.cellHeading + QLatin1Char(' ') + scene.cellUnit);
+    const int pixels = c.fonts.fit(8, text, line.width()).font.pixelSize();
+    c.painter->setFont(c.fonts.ofSize(qMin(pixels, qMax(smallestFont, line.height() - 1))));
+    c.painter->drawText(line, alignment, text);
 }
 
-void LegendPainter::paintRow(const GraphScene::Entry &entry, const QRect &row, QFont font)
-{
-    const QColor background = entry.marked ? c.colours.highlight() : c.colours.background();
-    if (entry.marked)
-        p->fillRect(row, background);
-    if (entry.marked)
-        font.setBold(true);
-    p->setFont(font);
-    if (isNumbered(entry)) {
-        paintNumber(entry, row, background);
-    } else {
-        p->fillRect(row.left(), row.top() + 1, markHeight, row.height() - 2, entry.colour);
-        p->setPen(c.colours.heading());
-        p->drawText(row.adjusted(markHeight + textGap, 0, 0, 0), nameAlignment, entry.name);
-    }
-    p->setPen(c.colours.text());
-    p->drawText(row.adjusted(0, 0, isNarrow(row) ? -textGap - 1 : -textGap, 0), numberAlignment, entry.value);
-}
-
-// In a narrow row the number is its own mark, underlined where there is room.
-void LegendPainter::paintNumber(const GraphScene::Entry &entry, const QRect &row, const QColor &background)
-{
-    p->setPen(GraphColours::readable(entry.colour, background));
-    if (!isNarrow(row)) {
-        p->fillRect(row.left() + 1, row.center().y() - 1, markWidth - 2, markHeight, entry.colour);
-        p->drawText(
-            QRect(row.left() + markWidth, row.top(), numberWidth, row.height()), numberAlignment, entry.name);
-        return;
-    }
-    if (!fits(entry, row, p->font().pixelSize()))
-        return; // the place tells which cell it is
-    p->drawText(row, nameAlignment, entry.name);
-    if (row.height() >= lineHeight)
-        p->fillRect(row.left(), row.bottom() - 1, c.fonts.widthIn(p->font().pixelSize(), entry.name), 2,
-            entry.colour);
-}
-
-void LegendPainter::paintEntries(const QVector<GraphScene::Entry> &entries, const QRect &column)
+void paintEntries(const GraphCanvas &c, const QVector<GraphScene::Entry> &entries, const QRect &column)
 {
     if (entries.isEmpty())
         return;
@@ -139,21 +129,28 @@ void LegendPainter::paintEntries(const QVector<GraphScene::Entry> &entries, cons
     int top = column.top();
     for (const GraphScene::Entry &entry : entries) {
         const QRect first(column.left() + markWidth + 2, top, column.width() - markWidth - 4, line);
-        p->fillRect(QRect(column.left() + 1, first.center().y(), markWidth - 1, markHeight), entry.colour);
+        c.painter->fillRect(
+            QRect(column.left() + 1, first.center().y(), markWidth - 1, markHeight), entry.colour);
         if (named) {
-            p->setPen(c.colours.readable(entry.colour));
-            paintText(entry.name, first, nameAlignment);
+            c.painter->setPen(c.colours.readable(entry.colour));
+            paintText(c, entry.name, first, nameAlignment);
         }
-        p->setPen(c.colours.text());
-        paintText(entry.value, named ? QRect(column.left(), top + line, column.width() - 2, line) : first,
+        c.painter->setPen(c.colours.text());
+        paintText(c, entry.value, named ? QRect(column.left(), top + line, column.width() - 2, line) : first,
             numberAlignment);
         top += height + gap;
     }
 }
 
-void LegendPainter::paintText(const QString &text, const QRect &line, int alignment)
+} // namespace
+
+void paintLegend(const GraphCanvas &c, const GraphScene &scene)
 {
-    const int pixels = c.fonts.fit(8, text, line.width()).font.pixelSize();
-    p->setFont(c.fonts.ofSize(qMin(pixels, qMax(smallestFont, line.height() - 1))));
-    p->drawText(line, alignment, text);
+    if (scene.cellHeading.isEmpty()) {
+        paintEntries(c, scene.upperLegend, c.layout.legend(PlotArea::Upper));
+        paintEntries(c, scene.lowerLegend, c.layout.legend(PlotArea::Lower));
+    } else {
+        paintCells(c, scene);
+        paintEntries(c, scene.lowerLegend, CellLegend(c.layout, scene.upperLegend.size()).below());
+    }
 }

@@ -18,6 +18,10 @@ constexpr int baselineBelow = 4; // px below the grid line
 constexpr int stepForUnit = 20; // px; in less the unit would touch the labels above and below
 constexpr int mostDecimals = 4;
 
+struct Place {
+    int left, width;
+};
+
 // Labels tell neighbouring divisions apart: more decimals in a narrow range.
 int decimalsFor(const GraphScene::Axis &axis, double step)
 {
@@ -28,14 +32,7 @@ int decimalsFor(const GraphScene::Axis &axis, double step)
     return decimals;
 }
 
-} // namespace
-
-ValueAxisPainter::ValueAxisPainter(const GraphCanvas &canvas)
-    : c(canvas)
-{
-}
-
-ValueAxisPainter::Place ValueAxisPainter::placeFor(const GraphLayout &layout, GraphScene::Side side)
+Place placeFor(const GraphLayout &layout, GraphScene::Side side)
 {
     if (side == GraphScene::Side::Left)
         return {layout.plotLeft() - leftLabels, leftLabels - besideLine};
@@ -43,7 +40,7 @@ ValueAxisPainter::Place ValueAxisPainter::placeFor(const GraphLayout &layout, Gr
     return {left, layout.legend().left() - left};
 }
 
-const QwtScaleDraw &ValueAxisPainter::scaleFor(const GraphScene::Axis &axis)
+const QwtScaleDraw &scaleFor(const GraphCanvas &c, const GraphScene::Axis &axis)
 {
     const Interval range = axis.range.part(c.picture.zoom.share(axis.area));
     const QRect area = c.layout.area(axis.area);
@@ -60,9 +57,22 @@ const QwtScaleDraw &ValueAxisPainter::scaleFor(const GraphScene::Axis &axis)
     return scale;
 }
 
-void ValueAxisPainter::paint(const GraphScene::Axis &axis)
+void drawLabel(
+    const GraphCanvas &c, const Place &place, GraphScene::Side side, int baseline, const QString &text)
 {
-    const QwtScaleDraw &scale = scaleFor(axis);
+    const GraphFonts::Fit fit = c.fonts.fit(8, text, place.width);
+    c.painter->setFont(fit.font);
+    int left = place.left;
+    if (side == GraphScene::Side::Left && fit.width > place.width)
+        left = place.left + place.width - fit.width; // rather further out than into the plot
+    c.painter->drawText(left, baseline, text);
+}
+
+} // namespace
+
+void paintValueAxis(const GraphCanvas &c, const GraphScene::Axis &axis)
+{
+    const QwtScaleDraw &scale = scaleFor(c, axis);
     const QList<double> values = scale.scaleDiv().ticks(QwtScaleDiv::MajorTick);
     const Place place = placeFor(c.layout, axis.side);
     const int decimals = decimalsFor(axis, values[1] - values[0]);
@@ -71,20 +81,10 @@ void ValueAxisPainter::paint(const GraphScene::Axis &axis)
         QString text = FigureText::fixed(value, axis.fieldWidth, decimals);
         if (c.fonts.fit(8, text, place.width).width > place.width + besideLine)
             text = QLocale().toString(value, 'g', 3); // a figure that no battery gives
-        drawLabel(place, axis.side, qRound(scale.scaleMap().transform(value)) + baselineBelow, text);
+        drawLabel(c, place, axis.side, qRound(scale.scaleMap().transform(value)) + baselineBelow, text);
     }
     const QRect area = c.layout.area(axis.area);
     const int below = (area.height() - 1) / (values.size() - 1);
     if (below >= stepForUnit)
-        drawLabel(place, axis.side, area.top() + below / 2 + baselineBelow, axis.unit);
-}
-
-void ValueAxisPainter::drawLabel(const Place &place, GraphScene::Side side, int baseline, const QString &text)
-{
-    const GraphFonts::Fit fit = c.fonts.fit(8, text, place.width);
-    c.painter->setFont(fit.font);
-    int left = place.left;
-    if (side == GraphScene::Side::Left && fit.width > place.width)
-        left = place.left + place.width - fit.width; // rather further out than into the plot
-    c.painter->drawText(left, baseline, text);
+        drawLabel(c, place, axis.side, area.top() + below / 2 + baselineBelow, axis.unit);
 }
