@@ -6,7 +6,7 @@
 #include "files/datafileloader.h"
 #include "files/filepieces.h"
 #include "files/wholefile.h"
-#include "graph/scene/graphpicture.h"
+#include "graph/scene/graphrequest.h"
 #include "series/seriesstore.h"
 
 #include <QFile>

@@ -2,7 +2,7 @@
 
 #include "files/filepieces.h"
 #include "graph/plot/graphpainter.h"
-#include "graph/scene/graphpicture.h"
+#include "graph/scene/graphrequest.h"
 
 #include <QBuffer>
 #include <QImage>

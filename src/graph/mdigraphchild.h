@@ -3,7 +3,7 @@
 #include "graph/graphnote.h"
 #include "graph/graphtitle.h"
 #include "graph/plot/graphpainter.h"
-#include "graph/scene/graphpicture.h"
+#include "graph/scene/graphrequest.h"
 #include "graph/titletip.h"
 #include "link/recordingwindow.h"
 #include "series/seriesstore.h"

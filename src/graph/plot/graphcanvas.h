@@ -2,7 +2,7 @@
 
 #include "graph/scene/graphcolours.h"
 #include "graph/scene/graphlayout.h"
-#include "graph/scene/graphpicture.h"
+#include "graph/scene/graphrequest.h"
 
 class GraphFonts;
 class QPainter;

@@ -2,7 +2,7 @@
 
 #include "data/figuretext.h"
 #include "graph/scene/graphcolours.h"
-#include "graph/scene/graphpicture.h"
+#include "graph/scene/graphrequest.h"
 #include "graph/scene/valuerange.h"
 #include "series/seriesstore.h"
 

@@ -2,7 +2,7 @@ target_sources(varnel_gui PRIVATE
     graph/scene/celllegend.cpp graph/scene/celllegend.h
     graph/scene/graphcolours.cpp graph/scene/graphcolours.h
     graph/scene/graphlayout.cpp graph/scene/graphlayout.h
-    graph/scene/graphpicture.h
+    graph/scene/graphrequest.h
     graph/scene/graphscene.cpp graph/scene/graphscene.h
     graph/scene/graphzoom.cpp graph/scene/graphzoom.h
     graph/scene/timedivision.cpp graph/scene/timedivision.h

@@ -3,7 +3,7 @@
 #include "graph/scene/graphcolours.h"
 #include "graph/scene/graphlayout.h"
 #include "graph/plot/graphpainter.h"
-#include "graph/scene/graphpicture.h"
+#include "graph/scene/graphrequest.h"
 #include "graph/scene/graphscene.h"
 #include "support/samplerecords.h"
 #include "support/pixels.h"
