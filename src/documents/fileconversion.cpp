@@ -66,11 +66,11 @@ QString convertToPicture(
     const QString reason = load(fileName, store);
     if (!reason.isEmpty())
         return reason;
-    GraphPicture picture;
-    picture.size = size;
-    picture.store = &store;
-    picture.switches = switches;
-    picture.windowNumber = 1;
-    OnePiece piece([&](QIODevice &device) { return writeGraph(picture, graphFormat(output), &device); });
+    GraphRequest request;
+    request.size = size;
+    request.store = &store;
+    request.switches = switches;
+    request.windowNumber = 1;
+    OnePiece piece([&](QIODevice &device) { return writeGraph(request, graphFormat(output), &device); });
     return write(output, piece);
 }

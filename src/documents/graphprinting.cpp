@@ -36,9 +36,9 @@ PrintJob graphPrintJob(MdiGraphChild *child, const QString &name)
     job.paint = [guard, size](QPainter &painter) {
         if (!guard)
             return;
-        GraphPicture picture = guard->picture(size);
-        picture.switches.blackBackground = false;
-        GraphPainter().paint(&painter, picture);
+        GraphRequest request = guard->picture(size);
+        request.switches.blackBackground = false;
+        GraphPainter().paint(&painter, request);
     };
     return job;
 }

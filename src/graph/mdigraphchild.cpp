@@ -211,7 +211,7 @@ void MdiGraphChild::scheduleRepaint()
 
 void MdiGraphChild::paintEvent(QPaintEvent *)
 {
-    GraphPicture shown = picture(size());
+    GraphRequest shown = picture(size());
     shown.cursorRecord = m_interaction->cursorRecord();
     shown.rubberBand = m_interaction->rubberBand();
     if (isLive() && shown.switches.holdView)
@@ -221,9 +221,9 @@ void MdiGraphChild::paintEvent(QPaintEvent *)
     m_painter.paint(&painter, shown);
 }
 
-GraphPicture MdiGraphChild::picture(const QSize &pictureSize) const
+GraphRequest MdiGraphChild::picture(const QSize &pictureSize) const
 {
-    GraphPicture picture;
+    GraphRequest picture;
     picture.size = pictureSize;
     picture.scale = m_scale;
     picture.store = &m_store;

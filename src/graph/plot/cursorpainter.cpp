@@ -38,10 +38,10 @@ int cellCurves(const GraphScene &scene)
 
 QVector<Line> valuesAt(const GraphCanvas &c, const GraphScene &scene, int record)
 {
-    const double time = c.picture.store->series(SeriesStore::Time)[record];
+    const double time = c.request.store->series(SeriesStore::Time)[record];
     QVector<Line> lines{{QString(), elapsedTimeText(time), c.colours.text()}};
     for (const GraphScene::Curve &curve : scene.curves) {
-        const double value = c.picture.store->series(curve.series)[record] * curve.factor;
+        const double value = c.request.store->series(curve.series)[record] * curve.factor;
         const QString text
             = record < curve.first ? FigureText::shortDashes() : FigureText::fixed(value, 0, curve.decimals);
         lines.append({curve.name, text + QLatin1Char(' ') + curve.unit, curve.colour});
@@ -94,7 +94,7 @@ void paintValues(const GraphCanvas &c, const QVector<Line> &lines, const Block &
 
 void paintCursor(const GraphCanvas &c, const GraphScene &scene, int record)
 {
-    const int x = pixelOf(c.timeMap, c.picture.store->series(SeriesStore::Time)[record]);
+    const int x = pixelOf(c.timeMap, c.request.store->series(SeriesStore::Time)[record]);
     if (x < c.layout.plotLeft() || x > c.layout.plotRight())
         return;
     c.painter->setPen(QPen(c.colours.axis(), 1));

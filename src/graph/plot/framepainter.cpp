@@ -32,7 +32,7 @@ int roundHalfUp(double x)
 
 QVector<Tick> zoomedTicks(const GraphCanvas &c)
 {
-    const Interval &times = c.picture.zoom.times();
+    const Interval &times = c.request.zoom.times();
     QVector<Tick> ticks;
     const auto divisions = timeDivisions(times.low, times.high, c.layout.zoomedMajorTicks());
     for (const double time : divisions)
@@ -42,9 +42,9 @@ QVector<Tick> zoomedTicks(const GraphCanvas &c)
 
 QVector<Tick> ticks(const GraphCanvas &c)
 {
-    if (c.picture.zoom.isActive())
+    if (c.request.zoom.isActive())
         return zoomedTicks(c);
-    const PlotSeries &times = c.picture.store->series(SeriesStore::Time);
+    const PlotSeries &times = c.request.store->series(SeriesStore::Time);
     const int divisions = c.layout.majorTicks();
     QVector<Tick> ticks{{c.layout.plotLeft(), times[0]}};
     const double step = double(c.layout.plotRight() - c.layout.plotLeft()) / qMax(1, divisions);
@@ -58,7 +58,7 @@ QVector<Tick> ticks(const GraphCanvas &c)
 // Of all times the last tells how long it was and keeps its label; of a part, round ones keep theirs.
 int lastNumber(const GraphCanvas &c, const QVector<Tick> &ticks)
 {
-    if (!c.picture.zoom.isActive() || ticks.size() < 2)
+    if (!c.request.zoom.isActive() || ticks.size() < 2)
         return 0;
     return qRound(ticks.last().time / (ticks[1].time - ticks[0].time));
 }
@@ -83,7 +83,7 @@ void paintPlotGrid(const GraphCanvas &c, PlotArea area)
     tools.timeDivision.setTicks(QwtScaleDiv::MajorTick, times);
     tools.valueDivision.setInterval(rect.bottom(), rect.top());
     tools.valueDivision.setTicks(QwtScaleDiv::MajorTick, heights);
-    tools.grid.setMajorPen(tools.gridPens[c.picture.switches.blackBackground]);
+    tools.grid.setMajorPen(tools.gridPens[c.request.switches.blackBackground]);
     tools.grid.setXDiv(tools.timeDivision);
     tools.grid.setYDiv(tools.valueDivision);
     tools.grid.draw(c.painter, c.timeMap, heightMap, QRectF(rect));
@@ -93,15 +93,15 @@ void paintPlotGrid(const GraphCanvas &c, PlotArea area)
 
 void paintBackground(const GraphCanvas &c)
 {
-    c.painter->fillRect(QRect(QPoint(0, 0), c.picture.size), c.colours.background());
+    c.painter->fillRect(QRect(QPoint(0, 0), c.request.size), c.colours.background());
 }
 
 void paintBadge(const GraphCanvas &c)
 {
-    const int right = c.picture.windowNumber > 9 ? 14 : 10;
+    const int right = c.request.windowNumber > 9 ? 14 : 10;
     const int bottom = c.layout.height() - 1;
     const QRect badge(QPoint(1, bottom - 21), QPoint(right, bottom - 1));
-    const QString number = QString::number(c.picture.windowNumber);
+    const QString number = QString::number(c.request.windowNumber);
     c.painter->fillRect(badge, Qt::yellow);
     c.painter->setPen(Qt::black);
     c.painter->setFont(c.fonts.fit(10, number, badge.width()).font);
@@ -111,11 +111,11 @@ void paintBadge(const GraphCanvas &c)
 void paintInformation(const GraphCanvas &c)
 {
     const QRect line(0, 0, c.layout.width(), c.layout.plotTop() - 1);
-    const QString note = c.picture.note.isEmpty() ? QString() : c.picture.note + QStringLiteral("   ");
+    const QString note = c.request.note.isEmpty() ? QString() : c.request.note + QStringLiteral("   ");
     QString text;
     GraphFonts::Fit fit;
     for (int parts = informationParts; parts >= 0; --parts) {
-        text = note + FigureText::information(c.picture.store->records().last(), parts);
+        text = note + FigureText::information(c.request.store->records().last(), parts);
         fit = c.fonts.fit(9, text, line.width());
         if (fit.width <= line.width())
             break;
@@ -128,7 +128,7 @@ void paintInformation(const GraphCanvas &c)
 void paintTimeAxis(const GraphCanvas &c)
 {
     const int bottom = c.layout.plotBottom();
-    c.painter->setPen(c.tools.axisPens[c.picture.switches.blackBackground]);
+    c.painter->setPen(c.tools.axisPens[c.request.switches.blackBackground]);
     c.painter->drawLine(c.layout.plotLeft(), bottom, c.layout.plotRight(), bottom);
     c.painter->setFont(c.fonts.font(8));
     const QFontMetrics metrics(c.painter->font());
@@ -153,14 +153,14 @@ void paintGrid(const GraphCanvas &c, bool perCell)
     const QRect lower = c.layout.area(PlotArea::Lower);
     for (PlotArea area : {PlotArea::Upper, PlotArea::Lower}) {
         const QRect rect = c.layout.area(area);
-        c.painter->setPen(c.tools.axisPens[c.picture.switches.blackBackground]);
+        c.painter->setPen(c.tools.axisPens[c.request.switches.blackBackground]);
         c.painter->drawLine(rect.left() - 2, rect.top(), rect.left() - 2, rect.bottom());
         c.painter->drawLine(rect.right() + 2, rect.top(), rect.right() + 2, rect.bottom());
         if (perCell) {
             paintPlotGrid(c, area);
             continue;
         }
-        c.painter->setPen(c.tools.gridPens[c.picture.switches.blackBackground]);
+        c.painter->setPen(c.tools.gridPens[c.request.switches.blackBackground]);
         const QVector<int> heights = c.layout.valueHeights(area);
         for (const int y : heights)
             c.painter->drawLine(rect.left(), y, rect.right(), y);

@@ -5,24 +5,24 @@
 
 namespace {
 
-QwtScaleMap shownTimes(const GraphPicture &picture, const GraphLayout &layout)
+QwtScaleMap shownTimes(const GraphRequest &request, const GraphLayout &layout)
 {
-    const PlotSeries &times = picture.store->series(SeriesStore::Time);
-    if (picture.zoom.isActive())
-        return layout.timeMap(picture.zoom.times().low, picture.zoom.times().high);
+    const PlotSeries &times = request.store->series(SeriesStore::Time);
+    if (request.zoom.isActive())
+        return layout.timeMap(request.zoom.times().low, request.zoom.times().high);
     return times.isEmpty() ? layout.timeMap(0, 1) : layout.timeMap(times[0], times.last());
 }
 
 } // namespace
 
-GraphCanvas::GraphCanvas(QPainter *usedPainter, const GraphPicture &shownPicture, GraphTools &usedTools)
+GraphCanvas::GraphCanvas(QPainter *usedPainter, const GraphRequest &shownRequest, GraphTools &usedTools)
     : painter(usedPainter)
-    , picture(shownPicture)
+    , request(shownRequest)
     , tools(usedTools)
     , fonts(usedTools.fonts)
-    , scale(GraphLayout::fittingScale(shownPicture.size, shownPicture.scale))
-    , layout(shownPicture.size / scale, shownPicture.store->size())
-    , colours(shownPicture.switches.blackBackground)
-    , timeMap(shownTimes(shownPicture, layout))
+    , scale(GraphLayout::fittingScale(shownRequest.size, shownRequest.scale))
+    , layout(shownRequest.size / scale, shownRequest.store->size())
+    , colours(shownRequest.switches.blackBackground)
+    , timeMap(shownTimes(shownRequest, layout))
 {
 }

@@ -11,7 +11,7 @@ struct GraphTools;
 /// What the parts of a graph's drawing share for one painting.
 struct GraphCanvas {
     QPainter *painter;
-    const GraphPicture &picture;
+    const GraphRequest &request;
     GraphTools &tools;
     GraphFonts &fonts;
     double scale; ///< of the painter, which counts in the layout's pixels
@@ -19,5 +19,5 @@ struct GraphCanvas {
     GraphColours colours;
     QwtScaleMap timeMap; ///< of the times shown; without records a second
 
-    GraphCanvas(QPainter *painter, const GraphPicture &picture, GraphTools &tools);
+    GraphCanvas(QPainter *painter, const GraphRequest &request, GraphTools &tools);
 };

@@ -41,14 +41,14 @@ GraphPainter::GraphPainter()
 
 GraphPainter::~GraphPainter() = default;
 
-void GraphPainter::paint(QPainter *painter, const GraphPicture &picture)
+void GraphPainter::paint(QPainter *painter, const GraphRequest &request)
 {
     painter->save();
-    const GraphCanvas canvas(painter, picture, *m_tools);
+    const GraphCanvas canvas(painter, request, *m_tools);
     painter->scale(canvas.scale, canvas.scale);
     paintBackground(canvas);
     paintBadge(canvas);
-    if (picture.store->isEmpty()) {
+    if (request.store->isEmpty()) {
         paintNoData(canvas, QRect(0, 0, canvas.layout.width(), canvas.layout.height()), 40,
             QColor(191, 191, 191), QString());
     } else if (canvas.layout.isDrawable()) {
@@ -60,7 +60,7 @@ void GraphPainter::paint(QPainter *painter, const GraphPicture &picture)
 
 void GraphPainter::paintPlots(const GraphCanvas &canvas)
 {
-    const GraphScene scene = GraphScene::of(canvas.picture);
+    const GraphScene scene = GraphScene::of(canvas.request);
     paintInformation(canvas);
     paintTimeAxis(canvas);
     paintGrid(canvas, !scene.cellHeading.isEmpty());
@@ -77,11 +77,11 @@ void GraphPainter::paintPlots(const GraphCanvas &canvas)
 
 void GraphPainter::paintPointer(const GraphCanvas &canvas, const GraphScene &scene)
 {
-    const GraphPicture &picture = canvas.picture;
-    if (picture.cursorRecord >= 0 && picture.cursorRecord < picture.store->size())
-        paintCursor(canvas, scene, picture.cursorRecord);
-    if (!picture.rubberBand.isEmpty())
-        paintRubberBand(canvas, picture.rubberBand);
+    const GraphRequest &request = canvas.request;
+    if (request.cursorRecord >= 0 && request.cursorRecord < request.store->size())
+        paintCursor(canvas, scene, request.cursorRecord);
+    if (!request.rubberBand.isEmpty())
+        paintRubberBand(canvas, request.rubberBand);
 }
 
 void GraphPainter::paintCurves(const GraphCanvas &canvas, const GraphScene &scene)
@@ -91,9 +91,9 @@ void GraphPainter::paintCurves(const GraphCanvas &canvas, const GraphScene &scen
     canvas.painter->scale(1 / scale, 1 / scale);
     for (auto it = scene.curves.crbegin(); it != scene.curves.crend(); ++it) {
         const GraphScene::Curve &curve = *it;
-        const Interval range = curve.range.part(canvas.picture.zoom.share(curve.area));
+        const Interval range = curve.range.part(canvas.request.zoom.share(curve.area));
         m_curves.draw(canvas.painter,
-            {canvas.picture.store, curve.series, curve.first, finer(canvas.timeMap, scale),
+            {canvas.request.store, curve.series, curve.first, finer(canvas.timeMap, scale),
                 finer(canvas.layout.valueMap(curve.area, range.low, range.high), scale),
                 finer(canvas.layout.area(curve.area), scale), penOf(*m_tools, curve)});
     }

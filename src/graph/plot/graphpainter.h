@@ -5,7 +5,7 @@
 #include <memory>
 
 struct GraphCanvas;
-struct GraphPicture;
+struct GraphRequest;
 struct GraphScene;
 struct GraphTools;
 
@@ -17,8 +17,8 @@ public:
     GraphPainter();
     ~GraphPainter();
 
-    /// Paints `picture` with its top left corner at the origin. Leaves `painter` as it was.
-    void paint(QPainter *painter, const GraphPicture &picture);
+    /// Paints `request` with its top left corner at the origin. Leaves `painter` as it was.
+    void paint(QPainter *painter, const GraphRequest &request);
 
 private:
     void paintPlots(const GraphCanvas &canvas);

@@ -42,7 +42,7 @@ Place placeFor(const GraphLayout &layout, GraphScene::Side side)
 
 const QwtScaleDraw &scaleFor(const GraphCanvas &c, const GraphScene::Axis &axis)
 {
-    const Interval range = axis.range.part(c.picture.zoom.share(axis.area));
+    const Interval range = axis.range.part(c.request.zoom.share(axis.area));
     const QRect area = c.layout.area(axis.area);
     const int steps = c.layout.valueSteps();
     QList<double> values;

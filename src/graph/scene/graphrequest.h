@@ -10,7 +10,7 @@
 class SeriesStore;
 
 /// Everything that a picture of a graph depends on, for screen, printer and file alike.
-struct GraphPicture {
+struct GraphRequest {
     QSize size; ///< px at 96 dpi; scale the painter for other densities
     double scale = 1.0; ///< everything but curves is so many times larger, where there is room
     const SeriesStore *store = nullptr; ///< outlives the painting

@@ -22,21 +22,21 @@ QString tr(const char *text)
     return QCoreApplication::translate("GraphScene", text);
 }
 
-GraphColours coloursOf(const GraphPicture &picture)
+GraphColours coloursOf(const GraphRequest &request)
 {
-    return GraphColours(picture.switches.blackBackground);
+    return GraphColours(request.switches.blackBackground);
 }
 
-const Varnel3Data &newestOf(const GraphPicture &picture)
+const Varnel3Data &newestOf(const GraphRequest &request)
 {
-    return picture.store->records().last();
+    return request.store->records().last();
 }
 
-bool isCellShown(const GraphPicture &picture, int cell)
+bool isCellShown(const GraphRequest &request, int cell)
 {
-    const bool selected = picture.selectedCells[size_t(cell)];
-    return picture.switches.cellsShown == CellsShown::All
-        || selected == (picture.switches.cellsShown == CellsShown::Selected);
+    const bool selected = request.selectedCells[size_t(cell)];
+    return request.switches.cellsShown == CellsShown::All
+        || selected == (request.switches.cellsShown == CellsShown::Selected);
 }
 
 QString cellFigure(const SeriesStore &store, int cell, CellValue value)
@@ -55,62 +55,62 @@ QString cellFigure(const SeriesStore &store, int cell, CellValue value)
 }
 
 // The lowest and the highest value that the axes cover.
-Interval courseOf(const GraphPicture &picture, int kind)
+Interval courseOf(const GraphRequest &request, int kind)
 {
-    const PlotSeries &values = picture.store->series(kind);
-    if (picture.rangedRecords > 0 && picture.rangedRecords < values.size())
-        return values.extremes(0, picture.rangedRecords);
+    const PlotSeries &values = request.store->series(kind);
+    if (request.rangedRecords > 0 && request.rangedRecords < values.size())
+        return values.extremes(0, request.rangedRecords);
     return {values.minimum(), values.maximum()};
 }
 
-Interval currentRange(const GraphPicture &picture)
+Interval currentRange(const GraphRequest &request)
 {
-    const Interval course = courseOf(picture, SeriesStore::Current);
+    const Interval course = courseOf(request, SeriesStore::Current);
     return ValueRange::ofCurrent(course.low, course.high);
 }
 
 // Extremes over all cells, so that a cell keeps its place when others are hidden.
-Interval cellRange(const GraphPicture &picture)
+Interval cellRange(const GraphRequest &request)
 {
-    Interval course = courseOf(picture, SeriesStore::CellMin);
-    course.take(courseOf(picture, SeriesStore::CellMax));
-    for (int i = 0; i < picture.store->cellSeriesCount(); ++i)
-        course.take(courseOf(picture, SeriesStore::Cell1 + i));
-    return ValueRange::ofCells(course.low, course.high, picture.store->records().first().cellType);
+    Interval course = courseOf(request, SeriesStore::CellMin);
+    course.take(courseOf(request, SeriesStore::CellMax));
+    for (int i = 0; i < request.store->cellSeriesCount(); ++i)
+        course.take(courseOf(request, SeriesStore::Cell1 + i));
+    return ValueRange::ofCells(course.low, course.high, request.store->records().first().cellType);
 }
 
 } // namespace
 
-GraphScene GraphScene::of(const GraphPicture &picture)
+GraphScene GraphScene::of(const GraphRequest &request)
 {
     GraphScene scene;
-    const ViewSwitches &switches = picture.switches;
+    const ViewSwitches &switches = request.switches;
     if (!switches.balancer) {
-        scene.addVoltage(picture);
+        scene.addVoltage(request);
         if (switches.rightAxis == RightAxis::Slope)
-            scene.addSlope(picture);
+            scene.addSlope(request);
         else if (switches.rightAxis == RightAxis::Energy)
-            scene.addEnergy(picture);
-    } else if (!picture.store->hasCellData()) {
+            scene.addEnergy(request);
+    } else if (!request.store->hasCellData()) {
         scene.upperReason = tr("This recording has no cell data.");
     } else if (switches.average) {
-        scene.addStatistics(picture);
+        scene.addStatistics(request);
     } else {
-        scene.addCells(picture);
+        scene.addCells(request);
     }
-    scene.addCurrent(picture);
-    if (switches.temperature && newestOf(picture).temperature != 0)
-        scene.addTemperature(picture);
+    scene.addCurrent(request);
+    if (switches.temperature && newestOf(request).temperature != 0)
+        scene.addTemperature(request);
     if (switches.resistance)
-        scene.addResistance(picture);
+        scene.addResistance(request);
     return scene;
 }
 
-void GraphScene::addVoltage(const GraphPicture &picture)
+void GraphScene::addVoltage(const GraphRequest &request)
 {
-    const GraphColours colours = coloursOf(picture);
-    const PlotSeries &values = picture.store->series(SeriesStore::Voltage);
-    const Interval course = courseOf(picture, SeriesStore::Voltage);
+    const GraphColours colours = coloursOf(request);
+    const PlotSeries &values = request.store->series(SeriesStore::Voltage);
+    const Interval course = courseOf(request, SeriesStore::Voltage);
     const Interval range = ValueRange::ofVoltage(course.low, course.high);
     curves.append({PlotArea::Upper, SeriesStore::Voltage, 0, range, colours.voltage(), colours.curveWidth(),
         tr("Voltage"), tr("V")});
@@ -118,15 +118,15 @@ void GraphScene::addVoltage(const GraphPicture &picture)
     upperLegend.append({tr("Voltage"), FigureText::fixed(values.last(), 0, 2) + tr(" V"), colours.voltage()});
 }
 
-void GraphScene::addSlope(const GraphPicture &picture)
+void GraphScene::addSlope(const GraphRequest &request)
 {
-    const GraphColours colours = coloursOf(picture);
-    const PlotSeries &values = picture.store->series(SeriesStore::Dv);
-    if (picture.store->size() <= SeriesStore::firstResistance()) { // no value yet
+    const GraphColours colours = coloursOf(request);
+    const PlotSeries &values = request.store->series(SeriesStore::Dv);
+    if (request.store->size() <= SeriesStore::firstResistance()) { // no value yet
         upperLegend.append({tr("dV"), FigureText::shortDashes() + tr(" mV/min"), colours.slope()});
         return;
     }
-    const Interval course = courseOf(picture, SeriesStore::Dv);
+    const Interval course = courseOf(request, SeriesStore::Dv);
     const Interval range = ValueRange::ofSlope(course.low, course.high, slopeUnit);
     curves.append({PlotArea::Upper, SeriesStore::Dv, 0, range, colours.slope(), colours.curveWidth(),
         tr("dV"), tr("mV/min"), 1.0, 1});
@@ -136,11 +136,11 @@ void GraphScene::addSlope(const GraphPicture &picture)
             colours.slope()});
 }
 
-void GraphScene::addEnergy(const GraphPicture &picture)
+void GraphScene::addEnergy(const GraphRequest &request)
 {
-    const GraphColours colours = coloursOf(picture);
-    const PlotSeries &values = picture.store->series(SeriesStore::Energy);
-    const Interval course = courseOf(picture, SeriesStore::Energy);
+    const GraphColours colours = coloursOf(request);
+    const PlotSeries &values = request.store->series(SeriesStore::Energy);
+    const Interval course = courseOf(request, SeriesStore::Energy);
     const Interval range = ValueRange::ofEnergy(course.low, course.high);
     curves.append({PlotArea::Upper, SeriesStore::Energy, 0, range, colours.slope(), colours.curveWidth(),
         tr("Energy"), tr("mAh"), 1.0, 0});
@@ -148,16 +148,16 @@ void GraphScene::addEnergy(const GraphPicture &picture)
     upperLegend.append({tr("Energy"), FigureText::fixed(values.last(), 0, 0) + tr(" mAh"), colours.slope()});
 }
 
-void GraphScene::addCells(const GraphPicture &picture)
+void GraphScene::addCells(const GraphRequest &request)
 {
-    const SeriesStore &store = *picture.store;
-    const GraphColours colours = coloursOf(picture);
-    const ViewSwitches &switches = picture.switches;
-    const Interval range = cellRange(picture);
+    const SeriesStore &store = *request.store;
+    const GraphColours colours = coloursOf(request);
+    const ViewSwitches &switches = request.switches;
+    const Interval range = cellRange(request);
     const bool emphasise = switches.cellsShown == CellsShown::All;
     for (bool selected : {true, false}) { // the picked ones on top
         for (int i = 0; i < store.cellSeriesCount(); ++i) {
-            if (picture.selectedCells[size_t(i)] != selected || !isCellShown(picture, i))
+            if (request.selectedCells[size_t(i)] != selected || !isCellShown(request, i))
                 continue;
             const int width = selected && emphasise ? emphasis : 1;
             curves.append({PlotArea::Upper, SeriesStore::Cell1 + i, 0, range, colours.cell(i), width,
@@ -176,18 +176,18 @@ void GraphScene::addCells(const GraphPicture &picture)
     cellUnit = tr(units[int(switches.cellValue)]);
     for (int i = 0; i < store.cellSeriesCount(); ++i) {
         upperLegend.append({QString::number(i + 1), cellFigure(store, i, switches.cellValue), colours.cell(i),
-            picture.selectedCells[size_t(i)]});
+            request.selectedCells[size_t(i)]});
     }
 }
 
-void GraphScene::addStatistics(const GraphPicture &picture)
+void GraphScene::addStatistics(const GraphRequest &request)
 {
-    const SeriesStore &store = *picture.store;
-    const GraphColours colours = coloursOf(picture);
-    const Interval range = cellRange(picture);
+    const SeriesStore &store = *request.store;
+    const GraphColours colours = coloursOf(request);
+    const Interval range = cellRange(request);
     cellHeading = tr("Voltage:");
     cellUnit = tr("V");
-    const Interval deltas = courseOf(picture, SeriesStore::CellDelta);
+    const Interval deltas = courseOf(request, SeriesStore::CellDelta);
     const Interval deltaRange = ValueRange::ofCurrent(deltas.low, deltas.high, deltaUnit);
     struct Row {
         int series;
@@ -213,42 +213,42 @@ void GraphScene::addStatistics(const GraphPicture &picture)
     axes.append({PlotArea::Upper, Side::Right, shownDelta, tr("mV"), 0, 4, colours.cellDelta()});
 }
 
-void GraphScene::addCurrent(const GraphPicture &picture)
+void GraphScene::addCurrent(const GraphRequest &request)
 {
-    const GraphColours colours = coloursOf(picture);
-    const PlotSeries &values = picture.store->series(SeriesStore::Current);
-    const Interval range = currentRange(picture);
+    const GraphColours colours = coloursOf(request);
+    const PlotSeries &values = request.store->series(SeriesStore::Current);
+    const Interval range = currentRange(request);
     curves.append({PlotArea::Lower, SeriesStore::Current, 0, range, colours.current(), colours.curveWidth(),
         tr("Current"), tr("A")});
     axes.append({PlotArea::Lower, Side::Right, range, tr("A"), 2, 5, colours.current()});
     lowerLegend.append({tr("Current"), FigureText::fixed(values.last(), 0, 2) + tr(" A"), colours.current()});
 }
 
-void GraphScene::addTemperature(const GraphPicture &picture)
+void GraphScene::addTemperature(const GraphRequest &request)
 {
-    const GraphColours colours = coloursOf(picture);
-    const Interval course = courseOf(picture, SeriesStore::Temperature);
+    const GraphColours colours = coloursOf(request);
+    const Interval course = courseOf(request, SeriesStore::Temperature);
     const Interval range = ValueRange::ofTemperature(course.low, course.high);
     curves.append({PlotArea::Lower, SeriesStore::Temperature, 0, range, colours.temperature(),
         colours.curveWidth(), tr("Temp."), tr("\u00b0C"), 1.0, 1});
     axes.append({PlotArea::Lower, Side::Left, range, tr("\u00b0C"), 1, 4, colours.temperature()});
     lowerLegend.append(
-        {tr("Temp."), FigureText::fixed(newestOf(picture).temperature / 10.0, 0, 1) + tr(" \u00b0C"),
+        {tr("Temp."), FigureText::fixed(newestOf(request).temperature / 10.0, 0, 1) + tr(" \u00b0C"),
             colours.temperature()});
 }
 
 // Shown while charging only; a device that does not measure it sends nothing but zeros.
-void GraphScene::addResistance(const GraphPicture &picture)
+void GraphScene::addResistance(const GraphRequest &request)
 {
-    const GraphColours colours = coloursOf(picture);
-    const PlotSeries &values = picture.store->series(SeriesStore::Resistance);
+    const GraphColours colours = coloursOf(request);
+    const PlotSeries &values = request.store->series(SeriesStore::Resistance);
     const bool measured = values.minimum() != 0.0 || values.maximum() != 0.0;
-    if (picture.store->size() <= SeriesStore::firstResistance()
-        || newestOf(picture).mode != Varnel3Data::Charge || !measured)
+    if (request.store->size() <= SeriesStore::firstResistance()
+        || newestOf(request).mode != Varnel3Data::Charge || !measured)
         return;
-    const Interval course = courseOf(picture, SeriesStore::Resistance);
-    const Interval current = courseOf(picture, SeriesStore::Current);
-    const Interval beside = currentRange(picture);
+    const Interval course = courseOf(request, SeriesStore::Resistance);
+    const Interval current = courseOf(request, SeriesStore::Current);
+    const Interval beside = currentRange(request);
     const Interval range = ValueRange::ofResistance(
         course.low, course.high, {beside.shareOf(current.low), beside.shareOf(current.high)});
     curves.append({PlotArea::Lower, SeriesStore::Resistance, SeriesStore::firstResistance(), range,

@@ -5,10 +5,10 @@
 #include <QColor>
 #include <QString>
 
-struct GraphPicture;
+struct GraphRequest;
 
 /// What a graph shows: which curves, axes and legend texts stand in which plot. Made from a
-/// picture, it knows no pixel but widths.
+/// request; knows no pixel but widths.
 struct GraphScene {
     struct Curve {
         PlotArea area;
@@ -49,16 +49,16 @@ struct GraphScene {
     /// Why the upper plot is empty; empty when it is not.
     QString upperReason;
 
-    /// The scene of `picture`, which has at least one record.
-    static GraphScene of(const GraphPicture &picture);
+    /// The scene of `request`, which has at least one record.
+    static GraphScene of(const GraphRequest &request);
 
 private:
-    void addVoltage(const GraphPicture &picture);
-    void addSlope(const GraphPicture &picture);
-    void addEnergy(const GraphPicture &picture);
-    void addCells(const GraphPicture &picture);
-    void addStatistics(const GraphPicture &picture);
-    void addCurrent(const GraphPicture &picture);
-    void addTemperature(const GraphPicture &picture);
-    void addResistance(const GraphPicture &picture);
+    void addVoltage(const GraphRequest &request);
+    void addSlope(const GraphRequest &request);
+    void addEnergy(const GraphRequest &request);
+    void addCells(const GraphRequest &request);
+    void addStatistics(const GraphRequest &request);
+    void addCurrent(const GraphRequest &request);
+    void addTemperature(const GraphRequest &request);
+    void addResistance(const GraphRequest &request);
 };

@@ -36,23 +36,23 @@ void appendConstant(SeriesStore *store, int count)
     }
 }
 
-QImage drawn(const GraphPicture &picture)
+QImage drawn(const GraphRequest &request)
 {
-    QImage image(picture.size, QImage::Format_RGB32);
+    QImage image(request.size, QImage::Format_RGB32);
     image.fill(Qt::magenta);
     QPainter painter(&image);
-    GraphPainter().paint(&painter, picture);
+    GraphPainter().paint(&painter, request);
     return image;
 }
 
-GraphPicture pictureOf(const SeriesStore &store, bool black = true)
+GraphRequest requestOf(const SeriesStore &store, bool black = true)
 {
-    GraphPicture picture;
-    picture.size = QSize(1000, 600);
-    picture.store = &store;
-    picture.switches.blackBackground = black;
-    picture.windowNumber = 3;
-    return picture;
+    GraphRequest request;
+    request.size = QSize(1000, 600);
+    request.store = &store;
+    request.switches.blackBackground = black;
+    request.windowNumber = 3;
+    return request;
 }
 
 // How far the pixel that is most like `colour` is from it, all channels together.
@@ -124,7 +124,7 @@ void TestGraphPainter::nothingOfAnEmptyGraph()
 {
     const SeriesStore store;
     for (bool black : {true, false}) {
-        const QImage image = drawn(pictureOf(store, black));
+        const QImage image = drawn(requestOf(store, black));
         const QColor background = black ? Qt::black : Qt::white;
         QCOMPARE(image.pixelColor(0, 0), background);
         QVERIFY(countOf(image, QRect(200, 200, 600, 200), QColor(191, 191, 191)) > 1000);
@@ -136,12 +136,12 @@ void TestGraphPainter::nothingOfAnEmptyGraph()
 void TestGraphPainter::badgeHasItsWidth()
 {
     const SeriesStore store;
-    GraphPicture picture = pictureOf(store);
+    GraphRequest request = requestOf(store);
     const QColor yellow = Qt::yellow;
     for (int number : {9, 10, 100}) {
         const int right = number < 10 ? 10 : 14;
-        picture.windowNumber = number;
-        const QImage image = drawn(picture);
+        request.windowNumber = number;
+        const QImage image = drawn(request);
         QCOMPARE(image.pixelColor(1, 578), yellow);
         QCOMPARE(image.pixelColor(right, 598), yellow);
         QCOMPARE(countOf(image, image.rect(), yellow), countOf(image, QRect(1, 578, right, 21), yellow));
@@ -161,15 +161,15 @@ void TestGraphPainter::chargerColours()
     QFETCH(bool, black);
     SeriesStore store;
     append(&store, recordings::lipoCharge(400));
-    GraphPicture picture = pictureOf(store, black);
-    const GraphLayout layout(picture.size, store.size());
+    GraphRequest request = requestOf(store, black);
+    const GraphLayout layout(request.size, store.size());
     const QRect upper = layout.area(PlotArea::Upper);
     const QRect lower = layout.area(PlotArea::Lower);
     const QColor current = black ? QColor(0x00, 0xFF, 0xFF) : QColor(0x00, 0x7A, 0xF5);
     const QColor slope = black ? QColor(0xFF, 0xFF, 0x00) : QColor(0xFF, 0xD7, 0x00);
     const QColor resistance(0xC7, 0x15, 0x85);
 
-    QImage image = drawn(picture);
+    QImage image = drawn(request);
     QVERIFY(countOf(image, upper, QColor(0, 255, 0)) > 400);
     QVERIFY(countOf(image, upper, slope) > 400);
     QVERIFY(countOf(image, lower, current) > 400);
@@ -186,8 +186,8 @@ void TestGraphPainter::chargerColours()
     QCOMPARE(
         countOf(image, QRect(lower.left(), lower.top(), 17 * 860 / 400 - 2, lower.height()), resistance), 0);
 
-    picture.switches.temperature = picture.switches.resistance = false;
-    image = drawn(picture);
+    request.switches.temperature = request.switches.resistance = false;
+    image = drawn(request);
     QCOMPARE(countOf(image, lower, QColor(255, 0, 0)), 0);
     QCOMPARE(countOf(image, lower, resistance), 0);
 }
@@ -196,16 +196,16 @@ void TestGraphPainter::rightAxisFollowsDeltaMode()
 {
     SeriesStore store;
     append(&store, recordings::lipoCharge(400));
-    GraphPicture picture = pictureOf(store);
-    const GraphLayout layout(picture.size, store.size());
+    GraphRequest request = requestOf(store);
+    const GraphLayout layout(request.size, store.size());
     const QRect labels(layout.plotRight() + 5, layout.plotTop() - 4, 34, 270);
     const QColor yellow(0xFF, 0xFF, 0x00);
-    picture.switches.rightAxis = RightAxis::None;
-    QCOMPARE(countOf(drawn(picture), labels, Qt::black), labels.width() * labels.height());
-    picture.switches.rightAxis = RightAxis::Slope;
-    const QImage slope = drawn(picture);
-    picture.switches.rightAxis = RightAxis::Energy;
-    const QImage energy = drawn(picture);
+    request.switches.rightAxis = RightAxis::None;
+    QCOMPARE(countOf(drawn(request), labels, Qt::black), labels.width() * labels.height());
+    request.switches.rightAxis = RightAxis::Slope;
+    const QImage slope = drawn(request);
+    request.switches.rightAxis = RightAxis::Energy;
+    const QImage energy = drawn(request);
     QVERIFY(slope.copy(labels) != energy.copy(labels));
     // 2.5 A fill 3.3 Ah in 80 per cent of the time; the axis ends a tenth above
     const QRect upper = layout.area(PlotArea::Upper);
@@ -222,12 +222,12 @@ void TestGraphPainter::balancerViewShowsCells()
     SeriesStore store;
     append(&store, recordings::lipoCharge(400));
     for (bool black : {true, false}) {
-        GraphPicture picture = pictureOf(store, black);
-        picture.switches.balancer = true;
+        GraphRequest request = requestOf(store, black);
+        request.switches.balancer = true;
         const GraphColours colours(black);
-        const GraphLayout layout(picture.size, store.size());
+        const GraphLayout layout(request.size, store.size());
         const QRect upper = layout.area(PlotArea::Upper);
-        QImage image = drawn(picture);
+        QImage image = drawn(request);
         for (int cell = 0; cell < 6; ++cell) {
             QVERIFY(countOf(image, upper, colours.cell(cell)) > 20);
             QVERIFY(countOf(image, CellLegend(layout, 6).row(cell), colours.cell(cell)) >= 15);
@@ -239,8 +239,8 @@ void TestGraphPainter::balancerViewShowsCells()
         const int height = upper.bottom() - qRound((ahead - 3.3) / 1.05 * (upper.height() - 1));
         QCOMPARE(image.pixelColor(40, height), colours.cell(3));
 
-        picture.switches.average = true;
-        image = drawn(picture);
+        request.switches.average = true;
+        image = drawn(request);
         for (const QColor &colour :
             {colours.cellMax(), colours.cellAverage(), colours.cellMin(), colours.cellDelta()})
             QVERIFY(countOf(image, upper, colour) > 100);
@@ -254,11 +254,11 @@ void TestGraphPainter::statisticsAreLegible()
     SeriesStore store;
     append(&store, recordings::lipoCharge(400));
     for (bool black : {true, false}) {
-        GraphPicture picture = pictureOf(store, black);
-        picture.switches.balancer = picture.switches.average = true;
-        const QImage image = drawn(picture);
+        GraphRequest request = requestOf(store, black);
+        request.switches.balancer = request.switches.average = true;
+        const QImage image = drawn(request);
         const GraphColours colours(black);
-        const CellLegend legend(GraphLayout(picture.size, store.size()), 4);
+        const CellLegend legend(GraphLayout(request.size, store.size()), 4);
         const QColor marks[]
             = {colours.cellMax(), colours.cellAverage(), colours.cellMin(), colours.cellDelta()};
         for (int i = 0; i < 4; ++i) {
@@ -284,9 +284,9 @@ void TestGraphPainter::statisticsAreLegible()
         RecordList records = recordings::lipoCharge(10);
         records.last().cellMin = records.last().cellMax - (wide ? 333 : 3);
         append(&spread, records);
-        GraphPicture picture = pictureOf(spread);
-        picture.switches.balancer = picture.switches.average = true;
-        highest[wide] = drawn(picture).copy(CellLegend(GraphLayout(picture.size, 10), 4).row(0));
+        GraphRequest request = requestOf(spread);
+        request.switches.balancer = request.switches.average = true;
+        highest[wide] = drawn(request).copy(CellLegend(GraphLayout(request.size, 10), 4).row(0));
     }
     QCOMPARE(highest[true], highest[false]);
 }
@@ -297,11 +297,11 @@ void TestGraphPainter::legendsTellUnits()
     QLocale::setDefault(QLocale::German);
     SeriesStore store;
     append(&store, recordings::lipoCharge(10));
-    GraphPicture picture = pictureOf(store);
-    picture.switches.rightAxis = RightAxis::Slope;
-    QCOMPARE(GraphScene::of(picture).upperLegend.last().value, QStringLiteral("--,- mV/min")); // none yet
-    picture.switches.balancer = picture.switches.average = true;
-    const GraphScene scene = GraphScene::of(picture);
+    GraphRequest request = requestOf(store);
+    request.switches.rightAxis = RightAxis::Slope;
+    QCOMPARE(GraphScene::of(request).upperLegend.last().value, QStringLiteral("--,- mV/min")); // none yet
+    request.switches.balancer = request.switches.average = true;
+    const GraphScene scene = GraphScene::of(request);
     const double delta = store.series(SeriesStore::CellDelta).last() * 1000;
     QCOMPARE(scene.upperLegend.last().value, FigureText::fixed(delta, 0, 0) + QStringLiteral(" mV"));
     for (const GraphScene::Curve &curve : scene.curves) { // what the cursor tells
@@ -317,15 +317,15 @@ void TestGraphPainter::cellSelectionHidesAndMarks()
 {
     SeriesStore store;
     append(&store, recordings::tandorRun(400));
-    GraphPicture picture = pictureOf(store);
-    picture.switches.balancer = true;
-    picture.selectedCells[2] = true;
+    GraphRequest request = requestOf(store);
+    request.switches.balancer = true;
+    request.selectedCells[2] = true;
     const GraphColours colours(true);
-    const GraphLayout layout(picture.size, store.size());
+    const GraphLayout layout(request.size, store.size());
     const QRect upper = layout.area(PlotArea::Upper);
     const auto pixels = [&](int mode, int cell) {
-        picture.switches.cellsShown = CellsShown(mode);
-        return countOf(drawn(picture), upper, colours.cell(cell));
+        request.switches.cellsShown = CellsShown(mode);
+        return countOf(drawn(request), upper, colours.cell(cell));
     };
     const int plain = pixels(1, 2);
     QVERIFY(plain > 100);
@@ -334,9 +334,9 @@ void TestGraphPainter::cellSelectionHidesAndMarks()
     QCOMPARE(pixels(2, 2), 0);
     QVERIFY(pixels(2, 5) > 0);
     const QRect marked = CellLegend(layout, 12).row(2);
-    QCOMPARE(drawn(picture).pixelColor(marked.left(), marked.top()), colours.highlight());
+    QCOMPARE(drawn(request).pixelColor(marked.left(), marked.top()), colours.highlight());
     const QRect plainRow = CellLegend(layout, 12).row(3);
-    QCOMPARE(drawn(picture).pixelColor(plainRow.left(), plainRow.top()), colours.background());
+    QCOMPARE(drawn(request).pixelColor(plainRow.left(), plainRow.top()), colours.background());
 }
 
 void TestGraphPainter::emptyPlotsSayWhy()
@@ -351,22 +351,22 @@ void TestGraphPainter::emptyPlotsSayWhy()
     balancer.append(noCells);
     const QRect upper = GraphLayout(QSize(1000, 600), 50).area(PlotArea::Upper);
     const QColor yellow(0xFF, 0xFF, 0x00);
-    GraphPicture picture = pictureOf(nimh);
-    picture.switches.balancer = true;
-    const QImage withoutCells = drawn(picture);
+    GraphRequest request = requestOf(nimh);
+    request.switches.balancer = true;
+    const QImage withoutCells = drawn(request);
     QVERIFY(countOf(withoutCells, upper, yellow) > 100);
     for (bool average : {false, true}) {
-        GraphPicture bare = pictureOf(balancer);
+        GraphRequest bare = requestOf(balancer);
         bare.switches.balancer = true;
         bare.switches.average = average;
         const GraphScene scene = GraphScene::of(bare);
         QCOMPARE(scene.upperReason, QStringLiteral("This recording has no cell data."));
         QVERIFY(scene.upperLegend.isEmpty() && scene.curves.first().area == PlotArea::Lower);
     }
-    picture.store = &lipo;
-    QCOMPARE(countOf(drawn(picture), upper, yellow), 0);
-    picture.switches.cellsShown = CellsShown::Selected;
-    const QImage withoutSelection = drawn(picture);
+    request.store = &lipo;
+    QCOMPARE(countOf(drawn(request), upper, yellow), 0);
+    request.switches.cellsShown = CellsShown::Selected;
+    const QImage withoutSelection = drawn(request);
     QVERIFY(countOf(withoutSelection, upper, yellow) > 100);
     QVERIFY(withoutSelection.copy(upper) != withoutCells.copy(upper)); // another reason
 }
@@ -379,11 +379,11 @@ void TestGraphPainter::resistancesStay()
     SeriesStore store;
     store.load(std::move(records));
     store.append(recordings::tandorRun(1)[0]);
-    GraphPicture picture = pictureOf(store);
-    picture.switches.balancer = true;
-    picture.switches.cellValue = CellValue::Resistance;
+    GraphRequest request = requestOf(store);
+    request.switches.balancer = true;
+    request.switches.cellValue = CellValue::Resistance;
     const auto shown = [&] {
-        const GraphScene scene = GraphScene::of(picture);
+        const GraphScene scene = GraphScene::of(request);
         return scene.upperLegend[0].value.trimmed() + QLatin1Char(' ') + scene.upperLegend[1].value.trimmed();
     };
     QCOMPARE(shown(), FigureText::fixed(3.5, 0, 1) + QLatin1Char(' ') + FigureText::fixed(4.1, 0, 1));
@@ -409,14 +409,14 @@ void TestGraphPainter::staysInItsPlaces()
     for (bool black : {true, false}) {
         SeriesStore store;
         append(&store, recordings::lipoCharge(2000));
-        GraphPicture picture = pictureOf(store, black);
-        picture.size = size;
-        picture.switches.balancer = view >= 2;
-        picture.switches.average = view == 3;
-        picture.switches.rightAxis = view == 0 ? RightAxis::Slope : RightAxis::Energy;
+        GraphRequest request = requestOf(store, black);
+        request.size = size;
+        request.switches.balancer = view >= 2;
+        request.switches.average = view == 3;
+        request.switches.rightAxis = view == 0 ? RightAxis::Slope : RightAxis::Energy;
         if (view == 1)
-            picture.zoom.show({3000, 5000}, PlotArea::Upper, {0.2, 0.7}, {0, 9995});
-        QCOMPARE(strayPixels(drawn(picture), black ? Qt::black : Qt::white, view < 2), 0);
+            request.zoom.show({3000, 5000}, PlotArea::Upper, {0.2, 0.7}, {0, 9995});
+        QCOMPARE(strayPixels(drawn(request), black ? Qt::black : Qt::white, view < 2), 0);
     }
 }
 
@@ -449,14 +449,14 @@ void TestGraphPainter::survivesAnyRecording()
     }
     for (const SeriesStore &store : stores) {
         for (bool balancer : {true, false}) {
-            GraphPicture picture = pictureOf(store);
-            picture.switches.balancer = balancer;
-            const QImage image = drawn(picture);
-            const QRect lower = GraphLayout(picture.size, count).area(PlotArea::Lower);
+            GraphRequest request = requestOf(store);
+            request.switches.balancer = balancer;
+            const QImage image = drawn(request);
+            const QRect lower = GraphLayout(request.size, count).area(PlotArea::Lower);
             QVERIFY(countOf(image, lower, QColor(0x00, 0xFF, 0xFF))
                 > (count > 1 && &store != &stores[2] ? 400 : 5));
-            picture.size = QSize(90, 40);
-            drawn(picture);
+            request.size = QSize(90, 40);
+            drawn(request);
         }
     }
 }
@@ -466,9 +466,9 @@ void TestGraphPainter::noFalseFirstStep()
     // a constant recording is drawn as level lines only
     SeriesStore store;
     appendConstant(&store, 60);
-    const GraphPicture picture = pictureOf(store);
-    const QImage image = drawn(picture);
-    const QRect lower = GraphLayout(picture.size, 60).area(PlotArea::Lower);
+    const GraphRequest request = requestOf(store);
+    const QImage image = drawn(request);
+    const QRect lower = GraphLayout(request.size, 60).area(PlotArea::Lower);
     QCOMPARE(countOf(image, lower, QColor(0x00, 0xFF, 0xFF)), lower.width());
     QCOMPARE(countOf(image, lower, QColor(255, 0, 0)), lower.width());
 }
@@ -477,15 +477,15 @@ void TestGraphPainter::zoomShowsAPart()
 {
     SeriesStore store;
     append(&store, recordings::lipoCharge(1000));
-    GraphPicture picture = pictureOf(store);
-    const GraphLayout layout(picture.size, store.size());
+    GraphRequest request = requestOf(store);
+    const GraphLayout layout(request.size, store.size());
     const QRect upper = layout.area(PlotArea::Upper);
     const QRect lower = layout.area(PlotArea::Lower);
     const QColor cyan(0x00, 0xFF, 0xFF);
     // the current bends at 70 per cent of the time
     const Interval whole = {0, 4995};
-    picture.zoom.show({3000, 4000}, PlotArea::Upper, {0, 1}, whole);
-    QImage image = drawn(picture);
+    request.zoom.show({3000, 4000}, PlotArea::Upper, {0, 1}, whole);
+    QImage image = drawn(request);
     const int level = lower.bottom()
         - qRound((2.5 - store.series(SeriesStore::Current).minimum())
             / (2.75 - store.series(SeriesStore::Current).minimum()) * (lower.height() - 1));
@@ -493,8 +493,8 @@ void TestGraphPainter::zoomShowsAPart()
     QVERIFY(image.pixelColor(lower.right() - 5, level) != cyan);
     // only the upper plot's values are cut
     const QImage before = image;
-    picture.zoom.show({3000, 4000}, PlotArea::Upper, {0.5, 1}, whole);
-    image = drawn(picture);
+    request.zoom.show({3000, 4000}, PlotArea::Upper, {0.5, 1}, whole);
+    image = drawn(request);
     QCOMPARE(image.copy(lower), before.copy(lower));
     QVERIFY(image.copy(upper) != before.copy(upper));
     QVERIFY(image.copy(0, 20, 36, 270) != before.copy(0, 20, 36, 270)); // labels
@@ -509,16 +509,16 @@ void TestGraphPainter::paintsWithUsedTools()
     append(&stores[2], recordings::tandorRun(2000));
     GraphPainter used;
     for (int round = 0; round < 12; ++round) {
-        GraphPicture picture = pictureOf(stores[round % 3], round % 2 == 0);
-        picture.size = QSize(400 + 50 * round, 300);
-        picture.switches.balancer = round % 4 > 1;
-        picture.switches.average = round > 7;
-        picture.selectedCells[2] = round < 6;
-        QImage image(picture.size, QImage::Format_RGB32);
+        GraphRequest request = requestOf(stores[round % 3], round % 2 == 0);
+        request.size = QSize(400 + 50 * round, 300);
+        request.switches.balancer = round % 4 > 1;
+        request.switches.average = round > 7;
+        request.selectedCells[2] = round < 6;
+        QImage image(request.size, QImage::Format_RGB32);
         QPainter painter(&image);
-        used.paint(&painter, picture);
+        used.paint(&painter, request);
         painter.end();
-        QVERIFY2(image == drawn(picture), qPrintable(QString::number(round)));
+        QVERIFY2(image == drawn(request), qPrintable(QString::number(round)));
     }
 }
 
@@ -526,14 +526,14 @@ void TestGraphPainter::noteComesFirst()
 {
     SeriesStore store;
     append(&store, recordings::lipoCharge(20));
-    GraphPicture picture = pictureOf(store);
+    GraphRequest request = requestOf(store);
     const QRect line(0, 0, 1000, 21);
-    const QImage plain = drawn(picture);
+    const QImage plain = drawn(request);
     QCOMPARE(countOf(plain, line, GraphColours(true).note()), 0);
-    picture.note = QStringLiteral("No data since 12:00:00");
-    QVERIFY(countOf(drawn(picture), line, GraphColours(true).note()) > 0);
-    picture.size = QSize(300, 200);
-    QCOMPARE(countOf(drawn(picture), QRect(0, 0, 1, 21), Qt::black), 21); // it fits
+    request.note = QStringLiteral("No data since 12:00:00");
+    QVERIFY(countOf(drawn(request), line, GraphColours(true).note()) > 0);
+    request.size = QSize(300, 200);
+    QCOMPARE(countOf(drawn(request), QRect(0, 0, 1, 21), Qt::black), 21); // it fits
 }
 
 void TestGraphPainter::informationIsComplete()
