@@ -65,7 +65,6 @@ void TestRecordings::start(int ports)
 {
     open(VarnelSettings().ports());
     QTRY_COMPARE(listened().size(), ports);
-    QTest::qWait(20); // what arrives while a port is opened is thrown away
 }
 
 /// Sends `count` lines with the times from `from` on and waits for them.
