@@ -34,7 +34,7 @@ void framingHouse(benchmark::State &state)
     int lines = 0;
     for (auto _ : state) {
         LineFramer framer;
-        QString line;
+        QByteArray line;
         for (int at = 0; at < bytes.size(); at += pieceSize) {
             framer.feed(bytes.mid(at, pieceSize));
             while (framer.next(&line))

@@ -188,7 +188,7 @@ bool MdiGraphChild::keep(const Varnel3Data &record)
     }
 }
 
-void MdiGraphChild::applyResistanceLine(const QString &line)
+void MdiGraphChild::applyResistanceLine(const QByteArray &line)
 {
     if (!m_store.applyResistanceLine(line))
         return;

@@ -62,7 +62,7 @@ public:
     void attachReader(DeviceLink *reader) override;
     void setPortName(const QString &port) override;
     void addRecord(const Varnel3Data &record) override;
-    void applyResistanceLine(const QString &line) override;
+    void applyResistanceLine(const QByteArray &line) override;
     void finishRecording() override;
 
     QSize sizeHint() const override;

@@ -28,11 +28,11 @@ public:
     LiveLog(const LiveLog &) = delete;
     LiveLog &operator=(const LiveLog &) = delete;
 
-    void addRecord(const QString &line, const Varnel3Data &record) override
+    void addRecord(const QByteArray &line, const Varnel3Data &record) override
     {
         m_journal.append(m_lines.ofRecord(line, record));
     }
-    void addResistanceLine(const QString &line) override { m_journal.append(m_lines.ofResistances(line)); }
+    void addResistanceLine(const QByteArray &line) override { m_journal.append(m_lines.ofResistances(line)); }
 
 private:
     Journal &m_journal;

@@ -49,34 +49,26 @@ JournalLines::JournalLines()
     m_line.reserve(longestLine);
 }
 
-const QByteArray &JournalLines::ofRecord(const QString &line, const Varnel3Data &record)
+const QByteArray &JournalLines::ofRecord(const QByteArray &line, const Varnel3Data &record)
 {
-    take(line);
-    const bool alone = record.device != Varnel3Data::Tandor && standsAlone(m_line, record);
+    const bool alone = record.device != Varnel3Data::Tandor && standsAlone(line, record);
     m_newestReads = alone || isRecordLineReadable(record);
     if (!alone)
         takeOwn(record);
     ++m_records;
-    return m_line;
+    return alone ? line : m_line;
 }
 
 // Readers give it to the newest record that they could read; where that is another one they skip it.
-const QByteArray &JournalLines::ofResistances(const QString &line)
+const QByteArray &JournalLines::ofResistances(const QByteArray &line)
 {
-    take(m_newestReads ? line.trimmed() : QLatin1Char('~') + line.trimmed());
+    m_line = (m_newestReads ? "" : "~") + line.trimmed();
     return m_line;
 }
 
 bool JournalLines::areWorthKeeping() const
 {
     return m_records >= JournalFolder::leastRecords;
-}
-
-void JournalLines::take(const QString &line)
-{
-    m_line.resize(0);
-    for (const QChar c : line)
-        m_line += c.unicode() < 256 ? char(c.unicode()) : '?';
 }
 
 // A balancer's line has no time; the graph counts 5 s a record, and so does the file.

@@ -1,6 +1,7 @@
 #include "journal/recordinglength.h"
 
 #include "data/varnel3data.h"
+#include "files/linetrimming.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -17,7 +18,7 @@ int timeIn(const QByteArray &bytes, bool first)
     int begin = 0;
     for (int end = bytes.indexOf('\n'); end >= 0; begin = end + 1, end = bytes.indexOf('\n', begin)) {
         Varnel3Data record;
-        if (!record.parseLine(QString::fromLatin1(bytes.mid(begin, end - begin).trimmed())))
+        if (!record.parseLine(trimmedLine(QLatin1String(bytes.constData() + begin, end - begin))))
             continue;
         time = record.time;
         if (first)

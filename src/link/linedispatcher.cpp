@@ -27,9 +27,9 @@ LineDispatcher::LineDispatcher(DeviceLink *link, ReaderHost *host)
 
 LineDispatcher::~LineDispatcher() = default;
 
-bool LineDispatcher::processLine(const QString &line)
+bool LineDispatcher::processLine(const QByteArray &line)
 {
-    if (!line.startsWith(QLatin1Char('#'))) {
+    if (!line.startsWith('#')) {
         keepResistanceLine(line);
         return false;
     }
@@ -81,10 +81,10 @@ bool LineDispatcher::isRecording() const
 }
 
 // A line may be of any length, and this is the only one that lacks memory: without it recording goes on.
-bool LineDispatcher::parse(const QString &line)
+bool LineDispatcher::parse(const QByteArray &line)
 {
     try {
-        return m_record.parseLine(line);
+        return m_record.parseLine(QLatin1String(line));
     } catch (const std::bad_alloc &) {
         qWarning() << m_link->portName() << "no memory for a line of" << line.size() << "characters";
         m_host->showMessageStatusBar(
@@ -129,11 +129,11 @@ void LineDispatcher::showRecord()
     }
 }
 
-void LineDispatcher::keepResistanceLine(const QString &line)
+void LineDispatcher::keepResistanceLine(const QByteArray &line)
 {
-    if (!line.startsWith(QLatin1Char('!')))
+    if (!line.startsWith('!'))
         return;
-    if (m_log && Varnel3Data().parseResistanceLine(line))
+    if (m_log && Varnel3Data().parseResistanceLine(QLatin1String(line)))
         m_log->addResistanceLine(line);
     if (m_window)
         m_window->applyResistanceLine(line);

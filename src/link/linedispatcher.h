@@ -23,7 +23,7 @@ public:
 
     /// Handles one measurement or '!' line; any other is ignored. True when it says that the device's process
     /// has ended: the caller then calls endProcess() 250 ms later, once for each such line.
-    bool processLine(const QString &line);
+    bool processLine(const QByteArray &line);
     /// Ends the recording and has the shell announce what the newest end letter said.
     void endProcess();
     /// Has the shell announce it, and nothing else: the port is about to be closed.
@@ -49,12 +49,12 @@ private:
         int cellType = Varnel3Data::noCellType;
     };
 
-    bool parse(const QString &line);
+    bool parse(const QByteArray &line);
     bool startsRecording() const;
     void startLog();
     void startRecording();
     void showRecord();
-    void keepResistanceLine(const QString &line);
+    void keepResistanceLine(const QByteArray &line);
     bool takeEndLetter();
     bool processChanged() const;
     void finishRecording();

@@ -40,7 +40,7 @@ void LineFramer::feed(const QByteArray &bytes)
     m_inputPos = 0;
 }
 
-bool LineFramer::next(QString *line)
+bool LineFramer::next(QByteArray *line)
 {
     const char *const begin = m_input.constData();
     const char *const end = begin + m_input.size();
@@ -63,7 +63,7 @@ bool LineFramer::next(QString *line)
     }
     m_inputPos = int(at - begin);
     if (complete)
-        *line = takeLine();
+        takeLine(line);
     return complete;
 }
 
@@ -100,19 +100,14 @@ void LineFramer::append(const char *bytes, qptrdiff size)
     }
 }
 
-QString LineFramer::takeLine()
+// The two lend each other their memory, so that a line of usual length needs none.
+void LineFramer::takeLine(QByteArray *line)
 {
     held -= m_line.size();
-    QString line;
-    try {
-        line = QString::fromLatin1(m_line);
-    } catch (const std::bad_alloc &) {
-        // An empty line takes its place.
-    }
+    line->swap(m_line);
     if (m_line.capacity() != usualLineSize) {
         m_line = QByteArray();
         m_line.reserve(usualLineSize);
     }
     m_line.resize(0);
-    return line;
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QString>
 
 /// Makes lines of the bytes that a device sends. Bytes go in by feed(), lines come
 /// out by next(); nothing else happens.
@@ -30,7 +29,7 @@ public:
     void feed(const QByteArray &bytes);
     /// Takes the next complete line out; false when there is none yet. The
     /// cost is that of the bytes fed, once.
-    bool next(QString *line);
+    bool next(QByteArray *line);
     /// Forgets the unfinished line and the bytes not yet looked at.
     void clear();
 
@@ -39,7 +38,7 @@ private:
 
     void takeBinary(char byte);
     void append(const char *bytes, qptrdiff size);
-    QString takeLine();
+    void takeLine(QByteArray *line);
 
     QByteArray m_input;
     int m_inputPos = 0; // bytes of m_input already looked at

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QString>
-
+class QByteArray;
 class Varnel3Data;
 
 /// Keeps the lines of one recording as they arrive, whatever becomes of its
@@ -11,7 +10,7 @@ public:
     virtual ~RecordingLog() = default;
 
     /// One measurement: the line as it came and what was made of it.
-    virtual void addRecord(const QString &line, const Varnel3Data &record) = 0;
+    virtual void addRecord(const QByteArray &line, const Varnel3Data &record) = 0;
     /// A '!' line that followed the newest measurement.
-    virtual void addResistanceLine(const QString &line) = 0;
+    virtual void addResistanceLine(const QByteArray &line) = 0;
 };

@@ -17,7 +17,7 @@ public:
     /// Stores a copy of `record`.
     virtual void addRecord(const Varnel3Data &record) = 0;
     /// Applies a '!' line to the newest record and refreshes; without a record nothing happens.
-    virtual void applyResistanceLine(const QString &line) = 0;
+    virtual void applyResistanceLine(const QByteArray &line) = 0;
     /// The recording is over: live no more, the reader forgotten without being called back,
     /// records kept. May be called again.
     virtual void finishRecording() = 0;

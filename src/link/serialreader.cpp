@@ -163,7 +163,7 @@ void SerialReader::onReadyRead()
         if (!bytes.isEmpty())
             m_failures = 0;
         m_framer.feed(bytes);
-        QString line;
+        QByteArray line;
         while (m_framer.next(&line)) // a stop from inside clears the framer
             handleLine(line);
     } while (m_port.bytesAvailable() > 0 || (++reads < mostReads && readMore()));
@@ -242,10 +242,10 @@ void SerialReader::disconnectPort()
     disconnect(&m_port, portError, this, SLOT(onErrorOccurred(QSerialPort::SerialPortError)));
 }
 
-void SerialReader::handleLine(const QString &line)
+void SerialReader::handleLine(const QByteArray &line)
 {
     if (line.size() < shortestRecordLine)
-        emit control_data(line);
+        emit control_data(QString::fromLatin1(line));
     else if (m_dispatcher.processLine(line))
         armEndShot();
 }

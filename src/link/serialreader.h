@@ -66,7 +66,7 @@ private:
     void connectPort();
     void disconnectPort();
     bool readMore();
-    void handleLine(const QString &line);
+    void handleLine(const QByteArray &line);
     void armEndShot();
     bool dropEndShots();
 

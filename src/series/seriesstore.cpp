@@ -119,9 +119,9 @@ void SeriesStore::goOnLive(const Varnel3Data &record)
         m_balance.goOnFrom(record.time);
 }
 
-bool SeriesStore::applyResistanceLine(const QString &line)
+bool SeriesStore::applyResistanceLine(const QByteArray &line)
 {
-    if (m_records.isEmpty() || !m_records.last().parseResistanceLine(line))
+    if (m_records.isEmpty() || !m_records.last().parseResistanceLine(QLatin1String(line)))
         return false;
     noteResistances(m_records.last());
     m_revision = nextRevision();

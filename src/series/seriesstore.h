@@ -61,7 +61,7 @@ public:
     /// Part of the records that have points, 0 to 1.
     double loadProgress() const;
     /// Applies a '!' line to the newest record; false without one and for a line that is none.
-    bool applyResistanceLine(const QString &line);
+    bool applyResistanceLine(const QByteArray &line);
     void clear();
 
 private:

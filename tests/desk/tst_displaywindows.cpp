@@ -179,23 +179,23 @@ void TestDisplayWindows::keptResistancesStayWithTheirWindow()
         trigger(id);
     const auto *display = window->findChild<DataDisplay *>();
     const auto *value = display->findChild<QLabel *>(QStringLiteral("cellValue1"));
-    const auto measure = [](MdiGraphChild *child, const QString &tenths) {
+    const auto measure = [](MdiGraphChild *child, const QByteArray &tenths) {
         for (int i = 0; i < 2; ++i)
             child->addRecord(Lines::record(i));
-        child->applyResistanceLine(QLatin1Char('!') + tenths + (QLatin1Char(',') + tenths).repeated(15));
+        child->applyResistanceLine('!' + tenths + (',' + tenths).repeated(15));
     };
     MdiGraphChild *hidden = window->createMdiChild();
     MdiGraphChild *seen = window->createMdiChild();
-    measure(hidden, QStringLiteral("50"));
+    measure(hidden, "50");
     hidden->addRecord(Lines::record(2));
-    measure(seen, QStringLiteral("20"));
+    measure(seen, "20");
     settle(*display);
     QCOMPARE(value->text().trimmed(), QStringLiteral("2.0"));
     seen->addRecord(Lines::record(2));
     settle(*display);
     QCOMPARE(value->text().trimmed(), QStringLiteral("2.0"));
 
-    measure(seen, QStringLiteral("20"));
+    measure(seen, "20");
     window->findChild<QMdiArea *>()->setActiveSubWindow(
         qobject_cast<QMdiSubWindow *>(hidden->parentWidget()));
     settle(*display);

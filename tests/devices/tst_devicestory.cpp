@@ -151,7 +151,7 @@ void TestDeviceStory::everyEndIsTold()
     QTRY_COMPARE(listened().size(), 3);
     for (PtyPair *line : {lines[0], lines[1]}) {
         line->send(Lines::charger(3423));
-        QTRY_VERIFY(window->activeMdiChild() && window->activeMdiChild()->fileName() == line->portName());
+        QTRY_VERIFY(window->activeMdiChild() && window->activeMdiChild()->portName() == line->portName());
     }
     lines[0]->send(Lines::charger(3424, 'E').repeated(2));
     QTRY_VERIFY(modalBox());

@@ -145,7 +145,7 @@ void appendLive(SeriesStore *store)
     const int count = std::min(40, store->size());
     for (int i = 0; i < count; ++i) {
         store->append(store->records()[i]);
-        store->applyResistanceLine(QStringLiteral("!1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16"));
+        store->applyResistanceLine("!1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16");
     }
     checkSeries(*store);
 }

@@ -5,13 +5,14 @@
 #include "series/seriesstore.h"
 #include "link/lineframer.h"
 #include "link/linedispatcher.h"
+#include "link/recordinglog.h"
 #include "support/fakelink.h"
 #include "support/fakeshell.h"
 #include "support/records.h"
 
 #include <QBuffer>
+#include <QByteArrayList>
 #include <QCoreApplication>
-#include <QStringList>
 
 #include <algorithm>
 #include <memory>
@@ -30,7 +31,7 @@ public:
         store.append(record);
         check(store.series(SeriesStore::Time).size() == store.size(), "a point for each record");
     }
-    void applyResistanceLine(const QString &line) override { store.applyResistanceLine(line); }
+    void applyResistanceLine(const QByteArray &line) override { store.applyResistanceLine(line); }
     void finishRecording() override { live = false; }
 
     SeriesStore store;
@@ -51,20 +52,20 @@ public:
     CheckedLog(const CheckedLog &) = delete;
     CheckedLog &operator=(const CheckedLog &) = delete;
 
-    void addRecord(const QString &line, const Varnel3Data &record) override
+    void addRecord(const QByteArray &line, const Varnel3Data &record) override
     {
         append(m_lines.ofRecord(line, record));
         Varnel3Data fresh;
-        m_standsAlone.push_back(
-            line.size() < 4000 && fresh.parseLine(line) && fieldsOf(fresh) == fieldsOf(record));
+        m_standsAlone.push_back(line.size() < 4000 && fresh.parseLine(QLatin1String(line))
+            && fieldsOf(fresh) == fieldsOf(record));
         Varnel3Data &expected = m_records.append(record);
         if (record.device == Varnel3Data::Tandor)
             expected.setTime(5 * (m_records.size() - 1));
     }
-    void addResistanceLine(const QString &line) override
+    void addResistanceLine(const QByteArray &line) override
     {
         append(m_lines.ofResistances(line));
-        check(m_records.last().parseResistanceLine(line), "only '!' lines");
+        check(m_records.last().parseResistanceLine(QLatin1String(line)), "only '!' lines");
     }
 
 private:
@@ -142,11 +143,11 @@ public:
     std::vector<std::unique_ptr<Recorder>> recorders;
 };
 
-QStringList linesOf(const QByteArray &bytes, int pieceSize)
+QByteArrayList linesOf(const QByteArray &bytes, int pieceSize)
 {
     LineFramer framer;
-    QStringList lines;
-    QString line;
+    QByteArrayList lines;
+    QByteArray line;
     for (int at = 0; at < bytes.size(); at += pieceSize) {
         framer.feed(bytes.mid(at, pieceSize));
         while (framer.next(&line))
@@ -164,13 +165,13 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
     if (size < 2)
         return 0;
     const QByteArray bytes(reinterpret_cast<const char *>(data + 1), int(size - 1));
-    const QStringList lines = linesOf(bytes, bytes.size());
+    const QByteArrayList lines = linesOf(bytes, bytes.size());
     check(linesOf(bytes, 1 + data[0] % 16) == lines, "pieces make no difference");
 
     Shell shell;
     Port port;
     LineDispatcher dispatcher(&port, &shell);
-    for (const QString &line : lines) {
+    for (const QByteArray &line : lines) {
         if (line.size() < 10)
             continue;
         const bool ends = dispatcher.processLine(line);

@@ -24,11 +24,11 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
     static const auto *pages = dialog.findChild<QStackedWidget *>();
     LineFramer framer;
     framer.feed(QByteArray(reinterpret_cast<const char *>(data), int(size)));
-    QString line;
+    QByteArray line;
     while (framer.next(&line)) {
         if (line.size() >= 10)
             continue;
-        QMetaObject::invokeMethod(&reader, "control_data", Q_ARG(QString, line));
+        QMetaObject::invokeMethod(&reader, "control_data", Q_ARG(QString, QString::fromLatin1(line)));
         check(pages->currentIndex() >= 0 && pages->currentIndex() < pages->count(), "a page is shown");
         const auto combos = dialog.findChildren<QComboBox *>();
         for (const QComboBox *combo : combos)

@@ -196,7 +196,7 @@ void TestMdiGraphChild::resistanceLineIsShownAgain()
     FakeGraphHost host;
     MdiGraphChild child(&host);
     host.current = &child;
-    const QString line = QStringLiteral("!34") + QStringLiteral(",10").repeated(15);
+    const QByteArray line = "!34" + QByteArray(",10").repeated(15);
     child.applyResistanceLine(line);
     QVERIFY(host.shown.isEmpty());
     child.addRecord(samples::lipoCharge(1)[0]);

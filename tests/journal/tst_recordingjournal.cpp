@@ -37,7 +37,7 @@ const QString resistances = QStringLiteral("!1,2,3,4,5,6,7,8,9,10,11,12,13,14,15
 void addLine(RecordingLog &log, const QString &line, Varnel3Data *record)
 {
     if (record->parseLine(line))
-        log.addRecord(line, *record);
+        log.addRecord(line.toLatin1(), *record);
 }
 
 } // namespace
@@ -67,7 +67,7 @@ void TestRecordingJournal::keepsLinesAsTheyCame()
     std::unique_ptr<RecordingLog> log = keeper.create(port);
     Varnel3Data record;
     addLine(*log, chargerLine(0, 'T'), &record); // a mode that record lines have no letter for
-    log->addResistanceLine(resistances);
+    log->addResistanceLine(resistances.toLatin1());
     record = {};
     addLine(*log, plusLine, &record);
     const QByteArray expected
@@ -120,8 +120,8 @@ void TestRecordingJournal::resistancesStayWithTheirRecord()
     addLine(*log, chargerLine(0), &record);
     QVERIFY(record.parseLine(chargerLine(1, 'T')));
     ++record.voltage;
-    log->addRecord(chargerLine(1, 'T'), record);
-    log->addResistanceLine(resistances);
+    log->addRecord(chargerLine(1, 'T').toLatin1(), record);
+    log->addResistanceLine(resistances.toLatin1());
     QVERIFY(contents(keeper.currentFile(port)).contains(resistances.toLatin1()));
     log.reset();
     const RecordList records = loaded(keeper.currentFile(port));

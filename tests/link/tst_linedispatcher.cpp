@@ -12,18 +12,22 @@
 
 namespace {
 
-// Steps of a story that are no lines.
-const auto shutWindow = QStringLiteral("shut");
-const auto endShot = QStringLiteral("shot");
-QString silence(int seconds)
-{
-    return QString::number(seconds);
-}
+using Story = QByteArrayList;
+using Recordings = QVector<Recording>;
 
-const auto noCells = QStringLiteral("#00C05");
-const auto discharge = QStringLiteral("#06D05");
-const auto fiveCells = QStringLiteral("#05C05");
-const auto lithiumIron = QStringLiteral("#06C07");
+// Steps of a story that are no lines; a number is so many seconds of silence.
+const QByteArray shutWindow = "shut";
+const QByteArray endShot = "shot";
+
+const QByteArray noCells = "#00C05";
+const QByteArray discharge = "#06D05";
+const QByteArray fiveCells = "#05C05";
+const QByteArray lithiumIron = "#06C07";
+
+QByteArray ending(char letter, int time = 6)
+{
+    return varnel3Line(time, "#06C05", letter);
+}
 
 } // namespace
 
@@ -34,17 +38,16 @@ private slots:
     void init();
     void sortsLinesIntoRecordings_data();
     void sortsLinesIntoRecordings();
-    void announcesStartsAndEnds_data();
-    void announcesStartsAndEnds();
-    void saysWhatEnded_data();
-    void saysWhatEnded();
+    void announcesEnds_data();
+    void announcesEnds();
     void keepsWhatTheClosedWindowMissed();
+    void isRecordingWhileTheDeviceIsHeard();
     void lineThatLacksMemoryIsLeftOut();
     void carriesOverWhatADialectDoesNotSend();
     void setsTheClockOncePerPort();
 
 private:
-    void tell(const QStringList &story);
+    void tell(const Story &story);
 
     ShellFixture fixture;
     std::unique_ptr<FakeShell> shell;
@@ -61,38 +64,36 @@ void LineDispatcherTest::init()
     dispatcher = std::make_unique<LineDispatcher>(device.get(), shell.get());
 }
 
-void LineDispatcherTest::tell(const QStringList &story)
+void LineDispatcherTest::tell(const Story &story)
 {
-    for (const QString &step : story) {
+    for (const QByteArray &step : story) {
         bool isSilence = false;
         const int seconds = step.toInt(&isSilence);
-        if (isSilence) {
-            for (int i = 0; i < seconds; ++i)
-                dispatcher->tick();
-        } else if (step == shutWindow) {
+        for (int i = 0; i < seconds; ++i)
+            dispatcher->tick();
+        if (step == shutWindow)
             dispatcher->forgetWindow();
-        } else if (step == endShot) {
+        else if (step == endShot)
             dispatcher->endProcess();
-        } else if (dispatcher->processLine(step)) {
+        else if (!isSilence && dispatcher->processLine(step))
             shell->calls.append(QStringLiteral("armed"));
-        }
     }
     QCoreApplication::processEvents();
 }
 
 void LineDispatcherTest::sortsLinesIntoRecordings_data()
 {
-    columns<QStringList, QVector<Recording>>({"story", "recordings"});
-    const auto row = [](const char *name, const QStringList &story, const QVector<Recording> &recordings) {
+    columns<Story, Recordings>({"story", "recordings"});
+    const auto row = [](const char *name, const Story &story, const Recordings &recordings) {
         QTest::newRow(name) << story << recordings;
     };
     const auto at = [](int time) { return varnel3Line(time); };
 
     row("one process", {at(5), at(6), at(6), at(8)}, {{"5", "6", "6", "8"}});
-    row("20 s of silence", {at(5), silence(20), at(26)}, {{"5", "26"}});
-    row("21 s of silence", {at(5), silence(21), at(27), at(28)}, {{"5", "end"}, {"27", "28"}});
-    row("lines break a silence", {at(5), silence(15), at(20), silence(15), at(35)}, {{"5", "20", "35"}});
-    row("only good lines break a silence", {at(5), silence(15), "#06C05_____1,1,2,3", silence(6), at(27)},
+    row("20 s of silence", {at(5), "20", at(26)}, {{"5", "26"}});
+    row("21 s of silence", {at(5), "21", at(27), at(28)}, {{"5", "end"}, {"27", "28"}});
+    row("lines break a silence", {at(5), "15", at(20), "15", at(35)}, {{"5", "20", "35"}});
+    row("only good lines break a silence", {at(5), "15", "#06C05_____1,1,2,3", "6", at(27)},
         {{"5", "end"}, {"27"}});
     row("time runs backwards", {at(5), at(4), at(5)}, {{"5", "4", "end"}, {"5"}});
     row("time 0 starts one, and ends it", {at(5), at(0), at(1), at(2)},
@@ -111,7 +112,7 @@ void LineDispatcherTest::sortsLinesIntoRecordings_data()
         {{"0", "0", "end"}, {"0"}});
     row("balancer: another chemistry", {tandorLine(6), tandorLine(6, "05"), tandorLine(6, "05")},
         {{"0", "0", "end"}, {"0"}});
-    row("balancer after 21 s of silence", {tandorLine(), silence(21), tandorLine()}, {{"0", "end"}, {"0"}});
+    row("balancer after 21 s of silence", {tandorLine(), "21", tandorLine()}, {{"0", "end"}, {"0"}});
 
     row("bad lines are dropped",
         {"", "noise without hash", "#06C05", at(5), at(6) + ",1", "#06X05" + at(6).mid(6)}, {{"5"}});
@@ -124,108 +125,104 @@ void LineDispatcherTest::sortsLinesIntoRecordings_data()
     row("16 cells and more", {varnel3Line(5, "#16C05"), varnel3Line(6, "#99C05"), varnel3Line(7, "#-1C05")},
         {{"5", "6", "end"}, {"7"}});
 
-    row("lines follow the end letter until the shot",
-        {at(5), varnel3Line(6, "#06C05", 'E'), at(7), endShot, at(8)}, {{"5", "6", "7", "end"}, {"8"}});
+    row("lines follow the end letter until the shot", {at(5), ending('E'), at(7), endShot, at(8)},
+        {{"5", "6", "7", "end"}, {"8"}});
     row("an end letter hides a change", {at(5), varnel3Line(4, discharge, 'M'), endShot},
         {{"5", "4", "end"}});
-    row("a late shot ends what began meanwhile",
-        {varnel3Line(6, "#06C05", 'S'), at(2), at(3), endShot, at(4)},
+    row("a late shot ends what began meanwhile", {ending('S'), at(2), at(3), endShot, at(4)},
         {{"6", "2", "end"}, {"3", "end"}, {"4"}});
 }
 
 void LineDispatcherTest::sortsLinesIntoRecordings()
 {
-    QFETCH(QStringList, story);
-    QFETCH(QVector<Recording>, recordings);
+    QFETCH(Story, story);
+    QFETCH(Recordings, recordings);
     tell(story);
     QCOMPARE(shell->windowRecordings(), recordings);
     QCOMPARE(shell->logs, recordings);
+    QCOMPARE(shell->calls.count(QStringLiteral("started")), recordings.size());
 }
 
-void LineDispatcherTest::announcesStartsAndEnds_data()
+void LineDispatcherTest::announcesEnds_data()
 {
-    columns<QStringList, QStringList>({"story", "calls"});
-    const auto ending = [](char letter) { return varnel3Line(6, QStringLiteral("#06C05"), letter); };
-    const QString end = ending('E');
-
-    QTest::newRow("start") << QStringList({varnel3Line(5), varnel3Line(6)}) << QStringList({"started"});
-    QTest::newRow("completed") << QStringList({end, endShot}) << QStringList({"armed", "started", "ended 2"});
-    QTest::newRow("aborted") << QStringList({ending('M'), endShot})
-                             << QStringList({"armed", "started", "ended 1"});
-    QTest::newRow("error") << QStringList({ending('S'), endShot})
-                           << QStringList({"armed", "started", "ended 0"});
-    QTest::newRow("another letter") << QStringList({ending('e')}) << QStringList({"started"});
-    QTest::newRow("three letters") << QStringList({end, end, end, endShot, endShot,
-        endShot}) << QStringList({"armed", "armed", "armed", "started", "ended 2", "ended 2", "ended 2"});
-    QTest::newRow("the newest letter counts")
-        << QStringList({ending('S'), end, endShot, endShot})
-        << QStringList({"armed", "armed", "started", "ended 2", "ended 2"});
+    columns<Story, QStringList>({"story", "calls"});
+    const auto row = [](const char *name, const Story &story, const QStringList &calls) {
+        QTest::newRow(name) << story << calls;
+    };
+    const QByteArray line = varnel3Line(5);
+    row("none", {line, varnel3Line(6), ending('e', 7)}, {"started"});
+    row("completed", {ending('E'), endShot}, {"armed", "announced 6 0", "started", "ended 2"});
+    row("aborted", {ending('M'), endShot}, {"armed", "announced 6 0", "started", "ended 1"});
+    row("error", {ending('S'), endShot}, {"armed", "announced 6 0", "started", "ended 0"});
+    row("the newest letter counts, a shot for each", {ending('S'), ending('E', 7), endShot, endShot},
+        {"armed", "armed", "announced 7 0", "announced 7 0", "started", "ended 2", "ended 2"});
+    row("by the line of the letter", {line, ending('S'), varnel3Line(7), endShot},
+        {"armed", "announced 6 0", "started", "ended 0"});
+    row("window closed", {line, shutWindow, ending('S'), endShot},
+        {"unwatched COM7", "armed", "announced 6 -1", "started", "ended 0"});
+    row("next recording on", {ending('S'), varnel3Line(2), varnel3Line(3), endShot},
+        {"armed", "announced 6 0", "started", "started", "ended 0"});
 }
 
-void LineDispatcherTest::announcesStartsAndEnds()
+void LineDispatcherTest::announcesEnds()
 {
-    QFETCH(QStringList, story);
-    QFETCH(QStringList, calls);
+    QFETCH(Story, story);
     tell(story);
-    QCOMPARE(shell->calls, calls);
-    QVERIFY(dispatcher->isNewProcess() == story.contains(endShot));
-}
-
-void LineDispatcherTest::saysWhatEnded_data()
-{
-    columns<QStringList, QStringList>({"story", "ends"});
-    const QString failed = varnel3Line(6, QStringLiteral("#06C05"), 'S');
-    QTest::newRow("by the line of the letter")
-        << QStringList({varnel3Line(5), failed, varnel3Line(7), endShot}) << QStringList("6 0");
-    QTest::newRow("window closed") << QStringList({varnel3Line(5), shutWindow, failed, endShot})
-                                   << QStringList("6 -1");
-    QTest::newRow("next recording on")
-        << QStringList({failed, varnel3Line(2), varnel3Line(3), endShot}) << QStringList("6 0");
-}
-
-void LineDispatcherTest::saysWhatEnded()
-{
-    QFETCH(QStringList, story);
-    tell(story);
-    QTEST(shell->ends, "ends");
+    QTEST(shell->calls, "calls");
+    QCOMPARE(dispatcher->isNewProcess(), story.contains(endShot));
 }
 
 void LineDispatcherTest::keepsWhatTheClosedWindowMissed()
 {
     tell({varnel3Line(5), shutWindow, resistanceLine(), "!1,2", varnel3Line(6), varnel3Line(7),
         varnel3Line(0), varnel3Line(1), shutWindow, varnel3Line(2)});
-    QCOMPARE(shell->windowRecordings(), QVector<Recording>({{"5"}, {"0", "end"}, {"1"}}));
-    QCOMPARE(shell->logs, QVector<Recording>({{"5", "!", "6", "7", "end"}, {"0", "end"}, {"1", "2"}}));
+    QCOMPARE(shell->windowRecordings(), Recordings({{"5"}, {"0", "end"}, {"1"}}));
+    QCOMPARE(shell->logs, Recordings({{"5", "!", "6", "7", "end"}, {"0", "end"}, {"1", "2"}}));
     shell->calls.removeAll(QStringLiteral("started"));
     QCOMPARE(shell->calls, QStringList({"unwatched COM7", "unwatched COM7"}));
+    QCOMPARE(shell->windows[2]->portName, QStringLiteral("COM7"));
+    QCOMPARE(shell->windows[2]->link, device.get());
+}
+
+void LineDispatcherTest::isRecordingWhileTheDeviceIsHeard()
+{
+    QVERIFY(!dispatcher->isRecording());
+    tell({varnel3Line(5), "20"});
+    QVERIFY(dispatcher->isRecording());
+    tell({"1"});
+    QVERIFY(!dispatcher->isRecording() && !dispatcher->isNewProcess());
+    dispatcher->clearIdleTicks();
+    QVERIFY(dispatcher->isRecording());
+    dispatcher->reset();
+    QVERIFY(!dispatcher->isRecording() && dispatcher->isNewProcess());
 }
 
 void LineDispatcherTest::lineThatLacksMemoryIsLeftOut()
 {
     constexpr int megabyte = 1 << 20;
-    QString endless = varnel3Line(6);
-    endless.replace(QLatin1String("24000"), QString(64 * megabyte, QLatin1Char('1')));
+    const QByteArray endless = varnel3Line(6).replace("24000", QByteArray(64 * megabyte, '1'));
     {
         const WritableMemoryLimit limit(32 * megabyte);
         tell({varnel3Line(5), endless, varnel3Line(7)});
     }
-    QCOMPARE(shell->logs, QVector<Recording>({{"5", "7"}}));
-    QVERIFY2(
-        shell->calls.contains(QStringLiteral("status 5000 Not enough memory: a line of COM7 is left out.")),
-        qPrintable(shell->calls.join(QLatin1Char('\n'))));
+    QCOMPARE(shell->logs, Recordings({{"5", "7"}}));
+    QCOMPARE(
+        shell->calls, QStringList({"status 5000 Not enough memory: a line of COM7 is left out.", "started"}));
 }
 
 // A balancer sends no time: where a charger with the same pack spoke before, the charger's stays.
 void LineDispatcherTest::carriesOverWhatADialectDoesNotSend()
 {
     tell({varnel3Line(5), tandorLine(), tandorLine()});
-    QCOMPARE(shell->windowRecordings(), QVector<Recording>({{"5", "5", "5"}}));
+    QCOMPARE(shell->windowRecordings(), Recordings({{"5", "5", "5"}}));
 }
 
 void LineDispatcherTest::setsTheClockOncePerPort()
 {
-    const QStringList twoProcesses = {varnel3Line(5), varnel3Line(6, "#06C05", 'E'), endShot, varnel3Line(0),
-        varnel3Line(1, "#06C05", 'E'), endShot};
+    QCOMPARE(
+        clockCommand(QDateTime({2026, 11, 15}, {13, 42, 5})), QStringLiteral("#TIME!05:42:13:15:11:26\r\n"));
+    const Story twoProcesses
+        = {varnel3Line(5), ending('E'), endShot, varnel3Line(0), ending('E', 1), endShot};
     tell(twoProcesses);
     QCOMPARE(device->commands, QStringList());
     QVERIFY(shell->claimedClocks.isEmpty());
@@ -233,14 +230,12 @@ void LineDispatcherTest::setsTheClockOncePerPort()
     VarnelSettings().setSendTime(true);
     tell({varnel3Line(5), varnel3Line(6)});
     QCOMPARE(device->commands.size(), 1);
-    tell({varnel3Line(7, "#06C05", 'E'), endShot});
+    QVERIFY(device->commands[0].startsWith(QLatin1String("#TIME!")));
+    tell({ending('E', 7), endShot});
     QCOMPARE(device->commands.size(), 2);
     tell(twoProcesses);
     QCOMPARE(device->commands.size(), 2);
-    QVERIFY(device->commands.last().startsWith(QLatin1String("#TIME!")));
     QCOMPARE(shell->claimedClocks, QStringList({"COM7 start", "COM7 end"}));
-    QCOMPARE(
-        clockCommand(QDateTime({2026, 11, 15}, {13, 42, 5})), QStringLiteral("#TIME!05:42:13:15:11:26\r\n"));
 }
 
 QTEST_GUILESS_MAIN(LineDispatcherTest)

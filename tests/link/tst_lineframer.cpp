@@ -4,11 +4,11 @@
 
 namespace {
 
-QStringList linesOf(LineFramer *framer, const QByteArray &bytes)
+QByteArrayList linesOf(LineFramer *framer, const QByteArray &bytes)
 {
     framer->feed(bytes);
-    QStringList lines;
-    QString line;
+    QByteArrayList lines;
+    QByteArray line;
     while (framer->next(&line))
         lines.append(line);
     return lines;
@@ -24,12 +24,12 @@ QByteArray allBytesButHashAndNewline()
     return bytes;
 }
 
-QString printableLatin1()
+QByteArray printableLatin1()
 {
-    QString text;
+    QByteArray text;
     for (int code = 0x20; code < 0x100; ++code) {
         if (code != '#' && (code < 0x7F || (code > 0x9F && code != 0xAD)))
-            text.append(QChar(code));
+            text.append(char(code));
     }
     return text;
 }
@@ -50,8 +50,8 @@ private slots:
 void LineFramerTest::frames_data()
 {
     QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QStringList>("lines");
-    const auto row = [](const char *name, const QByteArray &bytes, const QStringList &lines) {
+    QTest::addColumn<QByteArrayList>("lines");
+    const auto row = [](const char *name, const QByteArray &bytes, const QByteArrayList &lines) {
         QTest::newRow(name) << bytes << lines;
     };
     row("plain", "#06C05__\r\n", {"#06C05__"});
@@ -72,7 +72,7 @@ void LineFramerTest::frames_data()
     row("three line ends", "#\n\n\n\n", {"#101010"});
     row("NUL as value", QByteArray("#\0\0\0\0A\n", 7), {"#000000A"});
     row("carriage return as value", "#A\rB\r\n", {"#A13B"});
-    row("values above 127 are negative", "#\xC8\xFB\x80\xC8\n", {QString::fromLatin1("#-56-5-128\xC8")});
+    row("values above 127 are negative", "#\xC8\xFB\x80\xC8\n", {"#-56-5-128\xC8"});
     row("value 31, then printable, then deleted",
         "#\x1F \x7F"
         "A\n",
@@ -87,25 +87,25 @@ void LineFramerTest::frames_data()
         {"#AB10", "C"});
 
     row("every other byte", "#123" + allBytesButHashAndNewline() + '\n', {"#123" + printableLatin1()});
-    row("four kilobytes", '#' + QByteArray(4095, 'x') + '\n', {'#' + QString(4095, 'x')});
+    row("four kilobytes", '#' + QByteArray(4095, 'x') + '\n', {'#' + QByteArray(4095, 'x')});
 }
 
 void LineFramerTest::frames()
 {
     QFETCH(QByteArray, bytes);
-    QFETCH(QStringList, lines);
+    QFETCH(QByteArrayList, lines);
     LineFramer whole;
     QCOMPARE(linesOf(&whole, bytes), lines);
     for (int piece : {1, 2, 3, 5, 7}) {
         LineFramer framer;
-        QStringList found;
+        QByteArrayList found;
         for (int at = 0; at < bytes.size(); at += piece)
             found += linesOf(&framer, bytes.mid(at, piece));
         QCOMPARE(found, lines);
     }
     for (int cut = 0; cut <= qMin(bytes.size(), 300); ++cut) {
         LineFramer framer;
-        QStringList found = linesOf(&framer, bytes.left(cut));
+        QByteArrayList found = linesOf(&framer, bytes.left(cut));
         found += linesOf(&framer, bytes.mid(cut));
         QCOMPARE(found, lines);
     }
@@ -115,13 +115,13 @@ void LineFramerTest::clearForgetsAllBytes()
 {
     LineFramer framer;
     framer.feed("#1234\n#56");
-    QString line;
+    QByteArray line;
     QVERIFY(framer.next(&line));
     QVERIFY(!framer.next(&line));
     framer.feed("7\n#8");
     framer.clear();
     QVERIFY(!framer.next(&line));
-    QCOMPARE(linesOf(&framer, "\n789\n"), QStringList({"", "789"}));
+    QCOMPARE(linesOf(&framer, "\n789\n"), QByteArrayList({"", "789"}));
 }
 
 // A reader takes bytes in while it is handling a line.
@@ -129,12 +129,12 @@ void LineFramerTest::takesLinesLaterThanFed()
 {
     LineFramer framer;
     framer.feed("#first\n#sec");
-    QString line;
+    QByteArray line;
     QVERIFY(framer.next(&line));
-    QCOMPARE(line, QStringLiteral("#first"));
+    QCOMPARE(line, QByteArray("#first"));
     framer.feed("ond\n#third\n");
     QVERIFY(framer.next(&line));
-    QCOMPARE(line, QStringLiteral("#second"));
+    QCOMPARE(line, QByteArray("#second"));
     QVERIFY(framer.next(&line));
     QCOMPARE(line, QStringLiteral("#third"));
     QVERIFY(!framer.next(&line));
@@ -146,7 +146,7 @@ void LineFramerTest::streamsWithoutLineEndShareTheirRoom()
     const QByteArray piece(64 * 1024, 'x');
     LineFramer framers[2];
     LineFramer late;
-    QString line;
+    QByteArray line;
     const int pieces = LineFramer::maxHeld / piece.size();
     for (int i = 0; i < pieces; ++i) {
         for (LineFramer &framer : framers) {
@@ -162,7 +162,7 @@ void LineFramerTest::streamsWithoutLineEndShareTheirRoom()
     }
     framers[0].feed("\n");
     QVERIFY(framers[0].next(&line));
-    QCOMPARE(line, QStringLiteral("#2345678901"));
+    QCOMPARE(line, QByteArray("#2345678901"));
 }
 
 QTEST_APPLESS_MAIN(LineFramerTest)

@@ -21,9 +21,9 @@ namespace {
 
 const auto port = QStringLiteral("COM7");
 
-QByteArray sent(const QString &line)
+QByteArray sent(const QByteArray &line)
 {
-    return line.toLatin1() + "\r\n";
+    return line + "\r\n";
 }
 
 // More than a line takes at once while nobody reads at its far end.
@@ -179,9 +179,9 @@ void SerialReaderTest::endOfProcess()
     QElapsedTimer clock;
     clock.start();
     for (int time = 5; time < 8; ++time)
-        device->send(sent(varnel3Line(time, QStringLiteral("#06C05"), 'E')));
+        device->send(sent(varnel3Line(time, "#06C05", 'E')));
     QTRY_COMPARE(recordings(), QVector<Recording>({{"5", "6", "7"}}));
-    QTRY_COMPARE(shell->calls, QStringList({"started", "ended 2", "ended 2", "ended 2"}));
+    QTRY_COMPARE(shell->calls.count(QStringLiteral("ended 2")), 3);
     QVERIFY2(clock.elapsed() >= 245, qPrintable(QString::number(clock.elapsed())));
     QCOMPARE(recordings(), QVector<Recording>({{"5", "6", "7", "end"}}));
     QVERIFY(reader->isNewProcess());
@@ -275,7 +275,7 @@ void SerialReaderTest::endIsToldBeforeTheShot_data()
 void SerialReaderTest::endIsToldBeforeTheShot()
 {
     QFETCH(bool, lost);
-    device->send(sent(varnel3Line(5)) + sent(varnel3Line(6, QStringLiteral("#06C05"), 'M')));
+    device->send(sent(varnel3Line(5)) + sent(varnel3Line(6, "#06C05", 'M')));
     QTRY_COMPARE(recordings(), QVector<Recording>({{"5", "6"}}));
     if (lost)
         device->hangUp();
@@ -284,7 +284,7 @@ void SerialReaderTest::endIsToldBeforeTheShot()
     QTRY_VERIFY(!reader->isOpen());
     reader.reset();
     QTRY_COMPARE(shell->calls.count(QStringLiteral("ended 1")), 1);
-    QCOMPARE(shell->ends, QStringList("6 0"));
+    QVERIFY(shell->calls.contains(QStringLiteral("announced 6 0")));
     QCOMPARE(recordings(), QVector<Recording>({{"5", "6", "end"}}));
 }
 

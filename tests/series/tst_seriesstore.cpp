@@ -342,11 +342,11 @@ void TestSeriesStore::summarisesCapacity()
 
 void TestSeriesStore::tellsLostResistance()
 {
-    const QString line = QStringLiteral("!34") + QStringLiteral(",10").repeated(15);
+    const QByteArray line = "!34" + QByteArray(",10").repeated(15);
     SeriesStore store;
     QVERIFY(!store.applyResistanceLine(line));
     store.append(cellRecord(6));
-    QVERIFY(!store.applyResistanceLine(QStringLiteral("!1,2")));
+    QVERIFY(!store.applyResistanceLine("!1,2"));
     QVERIFY(store.applyResistanceLine(line));
     QCOMPARE(store.records().last().cells[0].resistance, 3.4);
     QVERIFY(!store.newestLacksResistance());

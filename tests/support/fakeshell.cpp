@@ -13,14 +13,17 @@ public:
     {
     }
     ~FakeLog() override { shell->logs[index].append(QStringLiteral("end")); }
-    void addRecord(const QString &line, const Varnel3Data &record) override
+    void addRecord(const QByteArray &line, const Varnel3Data &record) override
     {
         Varnel3Data again;
-        again.parseLine(line);
+        again.parseLine(QLatin1String(line));
         shell->logs[index].append(
             again.mode == record.mode ? QString::number(record.time) : QStringLiteral("?"));
     }
-    void addResistanceLine(const QString &line) override { shell->logs[index].append(line.at(0)); }
+    void addResistanceLine(const QByteArray &line) override
+    {
+        shell->logs[index].append(QString::fromLatin1(line.left(1)));
+    }
 
 private:
     FakeShell *shell;
@@ -34,9 +37,9 @@ void FakeWindow::addRecord(const Varnel3Data &record)
     recording.append(QString::number(record.time));
 }
 
-void FakeWindow::applyResistanceLine(const QString &line)
+void FakeWindow::applyResistanceLine(const QByteArray &line)
 {
-    recording.append(line.at(0));
+    recording.append(QString::fromLatin1(line.left(1)));
 }
 
 void FakeWindow::finishRecording()
@@ -93,6 +96,11 @@ void FakeShell::noteEnd(const QString &portName, const Varnel3Data &last, Record
         = QStringLiteral("%1 %2").arg(last.time).arg(windows.indexOf(static_cast<FakeWindow *>(window)));
 }
 
+void FakeShell::announceEnd(const QString &portName)
+{
+    calls.append(QStringLiteral("announced ") + noted.value(portName));
+}
+
 QVector<Recording> FakeShell::windowRecordings() const
 {
     QVector<Recording> recordings;
@@ -101,24 +109,19 @@ QVector<Recording> FakeShell::windowRecordings() const
     return recordings;
 }
 
-QString varnel3Line(int time, const QString &head, char flag3)
+QByteArray varnel3Line(int time, const QByteArray &head, char flag3)
 {
-    QString line = QStringLiteral("%1__%2_B1,%3,24000,05000,00230,01234,00045")
-                       .arg(head, QString(QLatin1Char(flag3)), QString::number(time));
-    for (int cell = 0; cell < Varnel3Data::maxCells; ++cell)
-        line += QStringLiteral(",4000,0");
-    return line;
+    return head + "__" + flag3 + "_B1," + QByteArray::number(time) + ",24000,05000,00230,01234,00045"
+        + QByteArray(",4000,0").repeated(Varnel3Data::maxCells);
 }
 
-QString tandorLine(int cells, const QString &chemistry)
+QByteArray tandorLine(int cells, const QByteArray &chemistry)
 {
-    QString line = QStringLiteral("#T%1%2C4000,0").arg(cells, 2, 10, QLatin1Char('0')).arg(chemistry);
-    for (int cell = 1; cell < 12; ++cell)
-        line += QStringLiteral(",4000,0");
-    return line;
+    return "#T" + QByteArray::number(cells).rightJustified(2, '0') + chemistry + "C4000,0"
+        + QByteArray(",4000,0").repeated(11);
 }
 
-QString resistanceLine()
+QByteArray resistanceLine()
 {
-    return QStringLiteral("!12,13,14,15,16,17,0,0,0,0,0,0,0,0,0,0");
+    return "!12,13,14,15,16,17,0,0,0,0,0,0,0,0,0,0";
 }

@@ -21,7 +21,7 @@ public:
     void attachReader(DeviceLink *reader) override { link = reader; }
     void setPortName(const QString &name) override { portName = name; }
     void addRecord(const Varnel3Data &record) override;
-    void applyResistanceLine(const QString &line) override;
+    void applyResistanceLine(const QByteArray &line) override;
     void finishRecording() override;
 
     DeviceLink *link = nullptr;
@@ -44,7 +44,7 @@ public:
     void portLost(const QString &portName) override { calls.append(QStringLiteral("lost ") + portName); }
     void recordingUnwatched(const QString &portName) override;
     void noteEnd(const QString &portName, const Varnel3Data &last, RecordingWindow *window) override;
-    void announceEnd(const QString &portName) override { ends.append(noted.value(portName)); }
+    void announceEnd(const QString &portName) override;
     QObject *processReceiver() override { return this; }
 
     QVector<Recording> windowRecordings() const;
@@ -54,7 +54,6 @@ public:
     QStringList claimedClocks; ///< "COM7 start" or "COM7 end", each once
     QStringList calls; ///< of all but windows and logs, in their order
     QMap<QString, QString> noted; ///< by port: time of the end letter's line, number of the window or -1
-    QStringList ends; ///< what was noted of those that were announced
 
 public slots:
     void endProcess(int type) { calls.append(QStringLiteral("ended %1").arg(type)); }
@@ -62,8 +61,8 @@ public slots:
 };
 
 /// A line as a Varnel 3 sends it, without its line end; `head` is "#06C05" up to the chemistry.
-QString varnel3Line(int time, const QString &head = QStringLiteral("#06C05"), char flag3 = '_');
+QByteArray varnel3Line(int time, const QByteArray &head = "#06C05", char flag3 = '_');
 /// A line as a Tandor sends it, without its line end.
-QString tandorLine(int cells = 6, const QString &chemistry = QStringLiteral("06"));
+QByteArray tandorLine(int cells = 6, const QByteArray &chemistry = "06");
 /// A line of the resistances of 16 cells.
-QString resistanceLine();
+QByteArray resistanceLine();

@@ -387,7 +387,7 @@ void TestGraphPainter::resistancesStay()
         return scene.upperLegend[0].value.trimmed() + QLatin1Char(' ') + scene.upperLegend[1].value.trimmed();
     };
     QCOMPARE(shown(), FigureText::fixed(3.5, 0, 1) + QLatin1Char(' ') + FigureText::fixed(4.1, 0, 1));
-    store.applyResistanceLine(QStringLiteral("!36,0") + QStringLiteral(",50").repeated(14));
+    store.applyResistanceLine("!36,0" + QByteArray(",50").repeated(14));
     QCOMPARE(shown(),
         FigureText::fixed(3.6, 0, 1) + QLatin1Char(' ') + FigureText::fixed(4.1, 0, 1)); // 0: not measured
 }
