@@ -32,7 +32,7 @@ void BalanceIntegrator::goOn(const RecordList &records)
     int known = 0; // cells
     for (int i = records.size() - 1; i >= 0 && known < Varnel3Data::maxCells; --i) {
         const Varnel3Data &record = records[i];
-        if (record.flag5 != 'B')
+        if (!record.hasBalancingData())
             continue;
         m_lastTime = isNewest ? record.time : m_lastTime;
         isNewest = false;
@@ -43,7 +43,7 @@ void BalanceIntegrator::goOn(const RecordList &records)
 
 void BalanceIntegrator::add(Varnel3Data &record)
 {
-    if (record.flag5 != 'B')
+    if (!record.hasBalancingData())
         return;
     const qint64 seconds = qint64(record.time) - m_lastTime;
     if (!addPlain(record, seconds))

@@ -15,7 +15,7 @@ public:
     /// The same sums, but the next record counts from `time` (s) on: a balancer's clock is not its records'.
     void goOnFrom(int time) { m_lastTime = time; }
     /// Adds the time from the last such record to this one and writes the sums to the record's cells. A
-    /// record without balancing data (`flag5` is not 'B') changes nothing. The record's final time is set
+    /// record without balancing data changes nothing. The record's final time is set
     /// before.
     void add(Varnel3Data &record);
 

@@ -2,9 +2,6 @@
 
 #include <QCoreApplication>
 
-#include <algorithm>
-#include <iterator>
-
 namespace {
 
 struct CellTypeEntry {
@@ -51,8 +48,6 @@ constexpr const char *modeNames[] = {
     QT_TRANSLATE_NOOP("Varnel3Data", "None"),
 };
 
-constexpr char endLetters[] = {'S', 'M', 'E'}; // by End
-
 const CellTypeEntry &cellTypeEntry(int cellType)
 {
     return cellType >= 0 && cellType < Varnel3Data::noCellType ? cellTypes[cellType] : unknownCellType;
@@ -73,12 +68,6 @@ QString Varnel3Data::deviceName(int device)
 QString Varnel3Data::modeName(int mode)
 {
     return mode >= 0 && mode <= NoMode ? translated(modeNames[mode]) : QString();
-}
-
-int Varnel3Data::processEnd() const
-{
-    const auto *const found = std::find(std::begin(endLetters), std::end(endLetters), flag3);
-    return found == std::end(endLetters) ? int(NoEnd) : int(found - std::begin(endLetters));
 }
 
 QString Varnel3Data::cellTypeName(int cellType)

@@ -4,33 +4,66 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 struct ProcessEnd {
+    char letter;
     const char *icon;
     const char *text;
+    const char *title;
+    const char *sound;
 };
 
 constexpr ProcessEnd processEnds[] = {
     // by Varnel3Data::End
-    {":/Icons/error.png", QT_TRANSLATE_NOOP("ProcessEnd", "Error in process !")},
-    {":/Icons/cancel.png", QT_TRANSLATE_NOOP("ProcessEnd", "Process aborted by user.")},
-    {":/Icons/finish.png", QT_TRANSLATE_NOOP("ProcessEnd", "Process completed.")},
+    {'S', ":/Icons/error.png", QT_TRANSLATE_NOOP("ProcessEnd", "Error in process !"),
+        QT_TRANSLATE_NOOP("ProcessEnd", "Error"), "error"},
+    {'M', ":/Icons/cancel.png", QT_TRANSLATE_NOOP("ProcessEnd", "Process aborted by user."),
+        QT_TRANSLATE_NOOP("ProcessEnd", "Aborted"), "aborted"},
+    {'E', ":/Icons/finish.png", QT_TRANSLATE_NOOP("ProcessEnd", "Process completed."),
+        QT_TRANSLATE_NOOP("ProcessEnd", "End"), "end"},
 };
 
-bool isEnd(int end)
+constexpr ProcessEnd noEnd = {'_', "", "", "", ""};
+
+const ProcessEnd &entry(int end)
 {
-    return end >= Varnel3Data::Failed && end <= Varnel3Data::Completed;
+    return end >= 0 && end < int(std::size(processEnds)) ? processEnds[end] : noEnd;
+}
+
+QString translated(const char *text)
+{
+    return *text ? QCoreApplication::translate("ProcessEnd", text) : QString();
 }
 
 } // namespace
 
+int Varnel3Data::processEnd() const
+{
+    const auto *const found = std::find_if(std::begin(processEnds), std::end(processEnds),
+        [this](const ProcessEnd &end) { return end.letter == flag3; });
+    return found == std::end(processEnds) ? int(NoEnd) : int(found - std::begin(processEnds));
+}
+
 QString processEndText(int end)
 {
-    return isEnd(end) ? QCoreApplication::translate("ProcessEnd", processEnds[end].text) : QString();
+    return translated(entry(end).text);
+}
+
+QString processEndTitle(int end)
+{
+    return translated(entry(end).title);
 }
 
 QString processEndIcon(int end)
 {
-    return isEnd(end) ? QLatin1String(processEnds[end].icon) : QString();
+    return QLatin1String(entry(end).icon);
+}
+
+QString processEndSound(int end)
+{
+    return QLatin1String(entry(end).sound);
 }

@@ -8,7 +8,6 @@ namespace {
 
 constexpr int secondsPerHour = 3600;
 constexpr int secondsPerMinute = 60;
-constexpr int chargePerMah = 360000; // per cent x mA x s
 
 } // namespace
 
@@ -22,7 +21,7 @@ void Varnel3Data::setTime(int seconds)
 
 bool Varnel3Data::hasCellData() const
 {
-    return cellCount != 0 && mode != NoMode && flag5 == 'B';
+    return cellCount != 0 && mode != NoMode && hasBalancingData();
 }
 
 int Varnel3Data::maxBalanceChargeMah() const

@@ -16,6 +16,8 @@ class Varnel3Data {
 public:
     /// Cells that a record has room for. `cellCount` is what the device said and may be any number.
     static constexpr int maxCells = 16;
+    static constexpr int chargePerMah = 360000; ///< per cent x mA x s, of `balanceCharge`
+    static constexpr int balancerPeriod = 5; ///< s between two lines of a balancer, which sends no time
 
     enum Device { Varnel3 = 0, Varnel2Plus = 1, Varnel2 = 2, Tandor = 3, NoDevice = 4 };
     enum Mode { Charge = 0, Discharge = 1, Balancing = 2, Format = 3, Test = 4, NoMode = 5 };
@@ -78,6 +80,7 @@ public:
 
     /// `cellCount` clamped to 0..maxCells, for loops over `cells`.
     int cellsPresent() const { return qBound(0, cellCount, maxCells); }
+    bool hasBalancingData() const { return flag5 == 'B'; }
     /// The record has cells, a process, and balancing data.
     bool hasCellData() const;
     /// How the process ended with this record, by `flag3`; NoEnd while it goes on.

@@ -60,7 +60,7 @@ bool DeviceCommands::stopProcess()
 
 void DeviceCommands::stop(SerialReader *reader)
 {
-    reader->sendCommand(QStringLiteral("#STOP\r\n"));
+    reader->stopProcess();
     tellStopped(reader->portName());
 }
 

@@ -11,28 +11,9 @@
 #include <QMessageBox>
 #include <QTimer>
 
-#include <iterator>
-
 namespace {
 
 constexpr int userSoundDelayMs = 3500; // by then the first sound is over
-
-struct KindText {
-    const char *title;
-    const char *sound;
-};
-
-const KindText kindTexts[] = {
-    // by Varnel3Data::End
-    {QT_TRANSLATE_NOOP("EndNotice", "Error"), "error"},
-    {QT_TRANSLATE_NOOP("EndNotice", "Aborted"), "aborted"},
-    {QT_TRANSLATE_NOOP("EndNotice", "End"), "end"},
-};
-
-const KindText *textsOf(int kind)
-{
-    return kind >= 0 && kind < int(std::size(kindTexts)) ? &kindTexts[kind] : nullptr;
-}
 
 } // namespace
 
@@ -97,15 +78,12 @@ void EndNotice::liftWindow()
 
 QMessageBox *EndNotice::createBox() const
 {
-    const KindText *texts = textsOf(m_shown.end);
     auto *notice = new QMessageBox(m_window);
     notice->setWindowModality(Qt::ApplicationModal); // resets the flags
     notice->setWindowFlags(notice->windowFlags() | Qt::WindowStaysOnTopHint);
-    if (texts != nullptr) {
-        notice->setIconPixmap(QPixmap(processEndIcon(m_shown.end)));
-        notice->setText(processEndText(m_shown.end));
-        notice->setWindowTitle(tr(texts->title));
-    }
+    notice->setIconPixmap(QPixmap(processEndIcon(m_shown.end)));
+    notice->setText(processEndText(m_shown.end));
+    notice->setWindowTitle(processEndTitle(m_shown.end));
     notice->setInformativeText(m_shown.facts());
     if (auto *facts = notice->findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel"))) {
         facts->setTextFormat(Qt::PlainText);
@@ -132,7 +110,7 @@ void EndNotice::acknowledge()
     stopSound();
     SerialReader *reader = m_targets->onlyReader();
     if (reader && reader->isNewProcess())
-        reader->sendCommand(QStringLiteral("#STOP\r\n"));
+        reader->stopProcess();
 }
 
 // Runs when the box is on the screen, which therefore never waits for a sound system that is slow to answer.
@@ -140,12 +118,10 @@ void EndNotice::startSound()
 {
     if (!m_box || !m_player->hasOutput())
         return;
-    const KindText *texts = textsOf(m_shown.end);
     m_player->stop();
-    if (texts != nullptr) {
-        const QString base = QLatin1String(texts->sound);
-        m_player->play(SoundPlayer::filePath(m_soundFolder, base, QLocale::system().country()));
-    }
+    const QString sound = processEndSound(m_shown.end);
+    if (!sound.isEmpty())
+        m_player->play(SoundPlayer::filePath(m_soundFolder, sound, QLocale::system().country()));
     if (VarnelSettings().value(SettingsKey::userWave, true).toBool())
         m_userSoundTimer->start();
 }

@@ -22,7 +22,7 @@ constexpr QRgb magenta = qRgb(255, 0, 255);
 constexpr QRgb white = qRgb(255, 255, 255);
 
 constexpr int slopeSettled = 90; // s; earlier the slope means nothing
-constexpr double chargePerAmpereHour = 360000000.0; // per cent x mA x s
+constexpr double chargePerAmpereHour = 1000.0 * Varnel3Data::chargePerMah;
 
 struct Colouring {
     Item item;

@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr int chargePerMilliampereHour = 360000; // per cent x mA x s
 constexpr int fullScale = 100;
 
 void fillVoltages(PowerBars &bars, const Varnel3Data &record)
@@ -26,7 +25,7 @@ void fillCharges(PowerBars &bars, const Varnel3Data &record)
 {
     bars.lower = 0;
     for (int i = 0; i < bars.count; ++i) {
-        bars.values[i] = record.cells[i].balanceCharge / chargePerMilliampereHour;
+        bars.values[i] = record.cells[i].balanceCharge / Varnel3Data::chargePerMah;
         bars.known[i] = true;
     }
     bars.upper = qMax(fullScale, *std::max_element(bars.values.begin(), bars.values.end()));

@@ -104,7 +104,6 @@ const SeriesColumn seriesColumns[] = {
     {"smoothed voltage slope [mV/min]", SeriesStore::Dv, true},
 };
 
-constexpr double chargeUnitsPerMah = 360000.0; // per cent x mA x s in a mAh
 constexpr int pieceSize = 1 << 17; // bytes
 constexpr int recordsLookedAt = 1 << 14; // for their cells, in a piece
 
@@ -134,10 +133,10 @@ void writeHeader(Row &row, int cells)
 void writeCell(Row &row, const Varnel3Data &record, int cell)
 {
     const CellData &data = record.cells[cell];
-    const bool balancing = record.flag5 == 'B';
+    const bool balancing = record.hasBalancingData();
     row.add(data.voltage);
     balancing ? row.add(data.balance) : row.addEmpty();
-    balancing ? row.add(data.balanceCharge / chargeUnitsPerMah) : row.addEmpty();
+    balancing ? row.add(data.balanceCharge / double(Varnel3Data::chargePerMah)) : row.addEmpty();
     record.resistanceValid ? row.add(data.resistance) : row.addEmpty();
 }
 
@@ -147,7 +146,7 @@ void writeRecord(Row &row, const SeriesStore &store, int index, const Varnel3Dat
     for (const Column &column : recordColumns)
         column.write(row, record);
     for (const Column &column : cellStatisticColumns)
-        record.flag5 == 'B' ? column.write(row, record) : row.addEmpty();
+        record.hasBalancingData() ? column.write(row, record) : row.addEmpty();
     for (int cell = 0; cell < cells; ++cell) {
         if (cell < cellsTold(record))
             writeCell(row, record, cell);

@@ -1,6 +1,7 @@
 #include "files/balancercolumns.h"
 
 #include "data/saturated.h"
+#include "data/varnel3data.h"
 
 namespace {
 
@@ -12,6 +13,11 @@ char balanceCharacter(int balance)
 }
 
 } // namespace
+
+int BalancerColumns::timeStep() const
+{
+    return Varnel3Data::balancerPeriod;
+}
 
 ColumnConverter::Outcome BalancerColumns::takeFourthLine(QLatin1String line)
 {

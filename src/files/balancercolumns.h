@@ -11,7 +11,7 @@ public:
     {
     }
 
-    int timeStep() const override { return secondsPerLine; }
+    int timeStep() const override;
 
 protected:
     Outcome takeFourthLine(QLatin1String line) override;
@@ -20,7 +20,6 @@ protected:
     char *writeLine(char *out) const override;
 
 private:
-    static constexpr int secondsPerLine = 5;
     static constexpr int pairs = 12; // in a balancer's line, whatever the header says
 
     struct Pair {

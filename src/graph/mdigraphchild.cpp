@@ -67,7 +67,7 @@ bool MdiGraphChild::stopProcess()
 {
     if (m_reader == nullptr)
         return false;
-    m_reader->sendCommand(QStringLiteral("#STOP\r\n"));
+    m_reader->stopProcess();
     return true;
 }
 
@@ -87,7 +87,7 @@ void MdiGraphChild::showNewest()
         return;
     const int newest = m_store.size() - 1;
     const Varnel3Data shown = m_store.record(newest);
-    const bool useKeptRi = shown.flag5 == 'B'
+    const bool useKeptRi = shown.hasBalancingData()
         && m_host->viewState()->switches().cellValue == CellValue::Resistance && newest >= 2
         && m_store.newestLacksResistance();
     m_host->showRecord(shown, m_windowNumber, useKeptRi);

@@ -12,7 +12,6 @@
 namespace {
 
 constexpr int longestLine = 4096; // beyond it no device's
-constexpr int balancerStep = 5; // s
 
 bool sameCells(const Varnel3Data &a, const Varnel3Data &b)
 {
@@ -76,7 +75,7 @@ void JournalLines::takeOwn(const Varnel3Data &record)
 {
     Varnel3Data written = record;
     if (record.device == Varnel3Data::Tandor)
-        written.setTime(saturated(qint64(balancerStep) * m_records));
+        written.setTime(saturated(qint64(Varnel3Data::balancerPeriod) * m_records));
     char bytes[maxRecordLineLength];
     m_line.resize(0);
     m_line.append(bytes, int(writeRecordLine(bytes, written) - bytes));

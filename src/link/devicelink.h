@@ -11,6 +11,8 @@ public:
 
     /// Writes `text` to the device as Latin-1; nothing tells whether it arrived.
     virtual void sendCommand(const QString &text) = 0;
+    /// The device's process ends, which it tells by its letter.
+    void stopProcess();
     /// Name of the port, for example "COM3".
     virtual QString portName() const = 0;
     /// The next good line starts a new recording.

@@ -5,7 +5,7 @@ else()
 endif()
 target_sources(varnel_core PRIVATE
     link/clockcommand.cpp link/clockcommand.h
-    link/devicelink.h
+    link/devicelink.cpp link/devicelink.h
     link/hangup.h
     link/linedispatcher.cpp link/linedispatcher.h
     link/lineframer.cpp link/lineframer.h

@@ -5,7 +5,7 @@
 void updateCellStatistics(Varnel3Data &record)
 {
     record.cellMax = record.cellMin = record.cellAverage = record.balanceMax = 0;
-    if (record.flag5 != 'B')
+    if (!record.hasBalancingData())
         return;
     const CellData &first = record.cells[0];
     int highest = first.voltage; // in variables of their own: each could lie in a record

@@ -36,7 +36,7 @@ void eachCellFigure(int count, const Add &add)
 void DerivedPoints::begin(const Varnel3Data &record)
 {
     m_device = record.device;
-    m_hasCells = record.flag5 == 'B';
+    m_hasCells = record.hasBalancingData();
     m_cellCount = m_hasCells ? record.cellsPresent() : 0;
 }
 
@@ -121,7 +121,7 @@ void DerivedPoints::addCellPoints(const Varnel3Data &record)
 {
     if (!m_hasCells)
         return;
-    if (record.flag5 != 'B') { // the cells stand still while nothing is heard of them
+    if (!record.hasBalancingData()) { // the cells stand still while nothing is heard of them
         for (int kind = CellMin; kind < Cell1 + m_cellCount; ++kind)
             m_series[kind].append(m_series[kind].last());
         return;
@@ -170,7 +170,7 @@ void DerivedPoints::loadFigures(const Varnel3Data *records, int count)
     eachBaseFigure(add);
     if (!m_hasCells)
         return;
-    const auto hasCells = [](const Varnel3Data &record) { return record.flag5 == 'B'; };
+    const auto hasCells = [](const Varnel3Data &record) { return record.hasBalancingData(); };
     if (!std::all_of(records, records + count, hasCells)) {
         std::for_each(records, records + count, [this](const Varnel3Data &record) { addCellPoints(record); });
         return;

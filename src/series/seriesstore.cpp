@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr int balancerPeriod = 5; // s between two lines of a balancer, which sends no time
-
 // Of all stores, since one may take another's place.
 quint64 nextRevision()
 {
@@ -66,8 +64,8 @@ void SeriesStore::completeNewest()
     m_balance.add(newest);
     if (m_device == Varnel3Data::Tandor)
         newest.setTime(m_syntheticTime);
-    m_syntheticTime
-        = int(qMin<qint64>(qint64(m_syntheticTime) + balancerPeriod, std::numeric_limits<int>::max()));
+    m_syntheticTime = int(
+        qMin<qint64>(qint64(m_syntheticTime) + Varnel3Data::balancerPeriod, std::numeric_limits<int>::max()));
 }
 
 void SeriesStore::load(RecordList records)
@@ -112,7 +110,8 @@ void SeriesStore::goOnLive(const Varnel3Data &record)
 {
     m_isLoaded = false;
     m_points.goOnLive();
-    m_syntheticTime = int(qMin<qint64>(qint64(size()) * balancerPeriod, std::numeric_limits<int>::max()));
+    m_syntheticTime
+        = int(qMin<qint64>(qint64(size()) * Varnel3Data::balancerPeriod, std::numeric_limits<int>::max()));
     m_end.goOn(m_records);
     m_balance.goOn(m_records);
     if (m_device == Varnel3Data::Tandor)

@@ -43,8 +43,8 @@ QString cellFigure(const SeriesStore &store, int cell, CellValue value)
 {
     const CellData &newest = store.records().last().cells[cell];
     switch (value) {
-    case CellValue::Charge: // per cent x mA x s to mAh to Ah
-        return FigureText::fixed(newest.balanceCharge / 360000 / milli, 0, 3);
+    case CellValue::Charge:
+        return FigureText::fixed(newest.balanceCharge / Varnel3Data::chargePerMah / milli, 0, 3);
     case CellValue::Resistance: // which most lines don't bring
         return store.knownResistance(cell) > 0 ? FigureText::fixed(store.knownResistance(cell), 0, 1)
                                                : FigureText::shortDashes();

@@ -1,0 +1,6 @@
+#include "link/devicelink.h"
+
+void DeviceLink::stopProcess()
+{
+    sendCommand(QStringLiteral("#STOP\r\n"));
+}
