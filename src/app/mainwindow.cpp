@@ -111,7 +111,7 @@ void MainWindow::createParts()
     endNotice->connectHost(readerHost);
     new UnseenEnds(readerHost, endNotice, graphs, facts, this);
     remoteControls = new RemoteControls(this, targets.get(), (*actions)[ActionId::RemoteControl]);
-    sleepInhibitor = new SleepInhibitor(targets.get(), this);
+    sleepInhibitor = new SleepInhibitor([this] { return ports->isRecording(); }, this);
 }
 
 void MainWindow::createMenus()

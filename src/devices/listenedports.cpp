@@ -13,6 +13,8 @@
 #include <QDebug>
 #include <QWidget>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int messageTime = 5000; // ms
@@ -53,6 +55,12 @@ QStringList ListenedPorts::portNames() const
     for (const SerialReader *reader : m_readers)
         names.append(reader->portName());
     return names;
+}
+
+bool ListenedPorts::isRecording() const
+{
+    return std::any_of(m_readers.cbegin(), m_readers.cend(),
+        [](const SerialReader *reader) { return reader->isRecording(); });
 }
 
 SerialReader *ListenedPorts::readerFor(const QString &portName) const

@@ -24,6 +24,8 @@ public:
 
     const QVector<SerialReader *> &readers() const { return m_readers; }
     QStringList portNames() const;
+    /// A process is being recorded on any of them.
+    bool isRecording() const;
     SerialReader *readerFor(const QString &portName) const;
     bool isListening() const { return listening; }
     void setListening(bool on) { listening = on; }

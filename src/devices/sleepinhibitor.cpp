@@ -1,13 +1,11 @@
 #include "devices/sleepinhibitor.h"
 
-#include "devices/devicetargets.h"
-#include "link/serialreader.h"
 #include "settings/settingskeys.h"
 #include "settings/varnelsettings.h"
 
 #include <QTimer>
 
-#include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -15,9 +13,9 @@ constexpr int updateMs = 5000;
 
 } // namespace
 
-SleepInhibitor::SleepInhibitor(DeviceTargets *deviceTargets, QObject *parent)
+SleepInhibitor::SleepInhibitor(std::function<bool()> isRecording, QObject *parent)
     : QObject(parent)
-    , targets(deviceTargets)
+    , m_isRecording(std::move(isRecording))
 {
     auto *timer = new QTimer(this);
     connect(timer, SIGNAL(timeout()), this, SLOT(update()));
@@ -26,16 +24,8 @@ SleepInhibitor::SleepInhibitor(DeviceTargets *deviceTargets, QObject *parent)
 
 void SleepInhibitor::update()
 {
-    if (isWanted())
-        block.acquire(tr("A process is being recorded"));
+    if (m_isRecording() && VarnelSettings().value(SettingsKey::keepAwake, true).toBool())
+        m_block.acquire(tr("A process is being recorded"));
     else
-        block.release();
-}
-
-bool SleepInhibitor::isWanted() const
-{
-    const QVector<SerialReader *> readers = targets->readers();
-    return std::any_of(readers.begin(), readers.end(), [](SerialReader *reader) {
-        return reader->isRecording();
-    }) && VarnelSettings().value(SettingsKey::keepAwake, true).toBool();
+        m_block.release();
 }

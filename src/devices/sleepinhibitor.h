@@ -4,25 +4,23 @@
 
 #include <QObject>
 
-class DeviceTargets;
+#include <functional>
 
-/// Keeps the computer awake while a process is recorded on any port. The settings key
+/// Keeps the computer awake while a process is recorded. The settings key
 /// "power/keepAwake" (true when absent) turns it off.
 class SleepInhibitor : public QObject {
     Q_OBJECT
 
 public:
-    /// Looks at the readers of `targets` (not owned, outlives this) every five seconds.
-    explicit SleepInhibitor(DeviceTargets *targets, QObject *parent = nullptr);
+    /// Asks `isRecording` every five seconds.
+    explicit SleepInhibitor(std::function<bool()> isRecording, QObject *parent = nullptr);
 
-    bool isHeld() const { return block.isHeld(); }
+    bool isHeld() const { return m_block.isHeld(); }
 
 public slots:
     void update();
 
 private:
-    bool isWanted() const;
-
-    DeviceTargets *targets;
-    SleepBlock block;
+    std::function<bool()> m_isRecording;
+    SleepBlock m_block;
 };

@@ -35,7 +35,7 @@ SoundPlayer::SoundPlayer(QObject *parent)
 
 SoundPlayer::~SoundPlayer()
 {
-    delete sound;
+    delete m_sound;
 }
 
 bool SoundPlayer::hasOutput() const
@@ -48,16 +48,16 @@ void SoundPlayer::play(const QString &file)
     SoundPlayer::stop();
     if (!QFile::exists(file))
         return;
-    sound = new QSound(file);
-    sound->play();
+    m_sound = new QSound(file);
+    m_sound->play();
 }
 
 void SoundPlayer::stop()
 {
-    if (!sound)
+    if (!m_sound)
         return;
-    sound->stop();
-    delete sound;
+    m_sound->stop();
+    delete m_sound;
 }
 
 QString SoundPlayer::filePath(const QString &folder, const QString &base, QLocale::Country country)

@@ -25,5 +25,5 @@ public:
     static QString filePath(const QString &folder, const QString &base, QLocale::Country country);
 
 private:
-    QPointer<QSound> sound;
+    QPointer<QSound> m_sound;
 };

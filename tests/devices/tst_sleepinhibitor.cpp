@@ -206,7 +206,7 @@ void TestSleepInhibitor::takenBackBeforeTheAnswer()
 void TestSleepInhibitor::blockLastsWhileAProcessIsRecorded()
 {
     offer(&session, "org.gnome.SessionManager", "/org/gnome/SessionManager");
-    SleepInhibitor inhibitor(&targets);
+    SleepInhibitor inhibitor([this] { return targets.readers().first()->isRecording(); });
     targets.add();
     inhibitor.update();
     QTest::qWait(100);
