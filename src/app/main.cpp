@@ -4,7 +4,7 @@
 #include "app/mainwindow.h"
 #include "app/settingsnotice.h"
 #include "app/singleinstance.h"
-#include "devices/sleepblock.h"
+#include "machine/sleepblock.h"
 #include "app/stylesheet.h"
 #include "resources/resources.h"
 #include "settings/settingskeeper.h"

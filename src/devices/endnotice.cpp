@@ -1,7 +1,7 @@
 #include "devices/endnotice.h"
 
 #include "devices/devicetargets.h"
-#include "devices/soundplayer.h"
+#include "machine/soundplayer.h"
 #include "data/processend.h"
 #include "link/serialreader.h"
 #include "settings/settingskeys.h"

@@ -1,7 +1,7 @@
 #include "devices/endnotice.h"
 
-#include "devices/soundplayer.h"
-#include "devices/soundserver.h"
+#include "machine/soundplayer.h"
+#include "machine/soundserver.h"
 #include "data/varnel3data.h"
 #include "resources/resources.h"
 #include "settings/varnelsettings.h"

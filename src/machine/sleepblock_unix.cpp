@@ -1,6 +1,6 @@
-#include "devices/sleepblock.h"
+#include "machine/sleepblock.h"
 
-#include "devices/sleepkeepers.h"
+#include "machine/sleepkeepers.h"
 
 #include <QCoreApplication>
 #include <QSocketNotifier>

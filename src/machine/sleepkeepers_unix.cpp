@@ -1,4 +1,4 @@
-#include "devices/sleepkeepers.h"
+#include "machine/sleepkeepers.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>

@@ -1,4 +1,4 @@
-#include "devices/sleepinhibitor.h"
+#include "machine/sleepinhibitor.h"
 
 #include "settings/settingskeys.h"
 #include "settings/varnelsettings.h"

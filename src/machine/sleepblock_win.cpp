@@ -1,4 +1,4 @@
-#include "devices/sleepblock.h"
+#include "machine/sleepblock.h"
 
 #include <windows.h>
 

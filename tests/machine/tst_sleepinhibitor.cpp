@@ -1,6 +1,6 @@
-#include "devices/sleepinhibitor.h"
+#include "machine/sleepinhibitor.h"
 
-#include "devices/sleepblock.h"
+#include "machine/sleepblock.h"
 #include "settings/varnelsettings.h"
 #include "support/shellfixture.h"
 #include "support/targets.h"

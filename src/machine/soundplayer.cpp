@@ -1,6 +1,6 @@
-#include "devices/soundplayer.h"
+#include "machine/soundplayer.h"
 
-#include "devices/soundserver.h"
+#include "machine/soundserver.h"
 
 #include <QDir>
 #include <QFile>

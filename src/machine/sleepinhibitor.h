@@ -1,6 +1,6 @@
 #pragma once
 
-#include "devices/sleepblock.h"
+#include "machine/sleepblock.h"
 
 #include <QObject>
 

@@ -1,4 +1,4 @@
-#include "devices/soundserver.h"
+#include "machine/soundserver.h"
 
 #include <QAudioDeviceInfo>
 
