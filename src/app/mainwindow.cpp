@@ -22,7 +22,7 @@
 #include "app/sessionend.h"
 #include "app/shellmenus.h"
 #include "app/shellplace.h"
-#include "devices/shellreaderhost.h"
+#include "devices/deskreaderhost.h"
 #include "devices/shelltargets.h"
 #include "machine/sleepinhibitor.h"
 #include "machine/soundplayer.h"
@@ -91,7 +91,7 @@ void MainWindow::createParts()
     facts = new StatusFacts(statusBar());
     windowFiles = new WindowFiles(this);
     new JournalNotice(windowFiles->keeper(), facts, this);
-    readerHost = new ShellReaderHost(this, graphs, windowFiles, facts);
+    readerHost = new DeskReaderHost(this, graphs, windowFiles, facts);
     ports = new ListenedPorts(this, readerHost, facts);
     watcher = new PortWatcher(this);
     staleWatch = new StaleWatch(graphs, shownRecord, facts, this);

@@ -26,7 +26,7 @@ class PackSource;
 class PortWatcher;
 class WindowFiles;
 class RemoteControls;
-class ShellReaderHost;
+class DeskReaderHost;
 class SleepInhibitor;
 class SoundPlayer;
 class StaleWatch;
@@ -155,7 +155,7 @@ private:
     GraphWindows *graphs;
     StatusFacts *facts;
     WindowFiles *windowFiles;
-    ShellReaderHost *readerHost;
+    DeskReaderHost *readerHost;
     ListenedPorts *ports;
     PortWatcher *watcher;
     StaleWatch *staleWatch;

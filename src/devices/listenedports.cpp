@@ -2,7 +2,7 @@
 
 #include "devices/portquestions.h"
 #include "devices/portretries.h"
-#include "devices/shellreaderhost.h"
+#include "devices/deskreaderhost.h"
 #include "desk/statusfacts.h"
 #include "graph/mdigraphchild.h"
 #include "link/serialreader.h"
@@ -30,7 +30,7 @@ QString reasonAgainstPause(bool hasWindow, bool listens)
 
 } // namespace
 
-ListenedPorts::ListenedPorts(QWidget *shellWindow, ShellReaderHost *readerHost, StatusFacts *statusFacts)
+ListenedPorts::ListenedPorts(QWidget *shellWindow, DeskReaderHost *readerHost, StatusFacts *statusFacts)
     : QObject(shellWindow)
     , shell(shellWindow)
     , host(readerHost)

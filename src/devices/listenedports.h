@@ -9,7 +9,7 @@ class MdiGraphChild;
 class PortQuestions;
 class PortRetries;
 class SerialReader;
-class ShellReaderHost;
+class DeskReaderHost;
 class StatusFacts;
 class QWidget;
 
@@ -19,7 +19,7 @@ class ListenedPorts : public QObject {
 
 public:
     /// `shell` is the parent of readers and boxes. All outlive this.
-    ListenedPorts(QWidget *shell, ShellReaderHost *host, StatusFacts *facts);
+    ListenedPorts(QWidget *shell, DeskReaderHost *host, StatusFacts *facts);
     ~ListenedPorts() override;
 
     const QVector<SerialReader *> &readers() const { return m_readers; }
@@ -74,7 +74,7 @@ private:
     void tellChanged();
 
     QWidget *shell;
-    ShellReaderHost *host;
+    DeskReaderHost *host;
     StatusFacts *facts;
     PortQuestions *questions;
     PortRetries *retries;

@@ -7,7 +7,7 @@ target_sources(varnel_gui PRIVATE
     devices/portquestions.cpp devices/portquestions.h
     devices/portretries.cpp devices/portretries.h
     devices/remotecontrols.cpp devices/remotecontrols.h
-    devices/shellreaderhost.cpp devices/shellreaderhost.h
+    devices/deskreaderhost.cpp devices/deskreaderhost.h
     devices/shelltargets.cpp devices/shelltargets.h
     devices/unseenends.cpp devices/unseenends.h
 )

@@ -1,4 +1,4 @@
-#include "devices/shellreaderhost.h"
+#include "devices/deskreaderhost.h"
 
 #include "desk/graphwindows.h"
 #include "desk/windowfiles.h"
@@ -9,7 +9,7 @@
 #include <QDir>
 #include <QMessageBox>
 
-ShellReaderHost::ShellReaderHost(
+DeskReaderHost::DeskReaderHost(
     QWidget *shellWindow, GraphWindows *graphWindows, WindowFiles *files, StatusFacts *statusFacts)
     : QObject(shellWindow)
     , shell(shellWindow)
@@ -20,7 +20,7 @@ ShellReaderHost::ShellReaderHost(
     connect(this, SIGNAL(message(QString,int)), shell, SLOT(showMessageStatusBar(QString,int)));
 }
 
-RecordingWindow *ShellReaderHost::createWindow()
+RecordingWindow *DeskReaderHost::createWindow()
 {
     MdiGraphChild *child = graphs->create();
     windowFiles->attach(child);
@@ -30,14 +30,14 @@ RecordingWindow *ShellReaderHost::createWindow()
     return child;
 }
 
-std::unique_ptr<RecordingLog> ShellReaderHost::createLog(const QString &portName)
+std::unique_ptr<RecordingLog> DeskReaderHost::createLog(const QString &portName)
 {
     facts->clear(StatusFacts::Unwatched, portName);
     emit recordingBegins(portName);
     return windowFiles->begin(portName);
 }
 
-bool ShellReaderHost::claimClock(const QString &portName, ClockMoment moment)
+bool DeskReaderHost::claimClock(const QString &portName, ClockMoment moment)
 {
     QMap<QString, bool> &sent = moment == ProcessStart ? startTimeSent : endTimeSent;
     if (sent.contains(portName))
@@ -46,12 +46,12 @@ bool ShellReaderHost::claimClock(const QString &portName, ClockMoment moment)
     return true;
 }
 
-void ShellReaderHost::showMessageStatusBar(const QString &text, int timeout)
+void DeskReaderHost::showMessageStatusBar(const QString &text, int timeout)
 {
     emit message(text, timeout);
 }
 
-void ShellReaderHost::portFailed(const QString &portName, const QString &text)
+void DeskReaderHost::portFailed(const QString &portName, const QString &text)
 {
     facts->set(StatusFacts::Failing, portName, text);
     QPointer<QMessageBox> &box = boxes[portName];
@@ -66,35 +66,35 @@ void ShellReaderHost::portFailed(const QString &portName, const QString &text)
     box->show();
 }
 
-void ShellReaderHost::portLost(const QString &portName)
+void DeskReaderHost::portLost(const QString &portName)
 {
     facts->set(StatusFacts::Lost, portName);
     emit lost(portName);
 }
 
-void ShellReaderHost::recordingUnwatched(const QString &portName)
+void DeskReaderHost::recordingUnwatched(const QString &portName)
 {
     facts->set(StatusFacts::Unwatched, portName);
 }
 
 // The windows of readers are those that createWindow() has made.
-void ShellReaderHost::noteEnd(const QString &portName, const Varnel3Data &last, RecordingWindow *window)
+void DeskReaderHost::noteEnd(const QString &portName, const Varnel3Data &last, RecordingWindow *window)
 {
     ends[portName] = {portName, last.processEnd(), last, QDateTime::currentDateTime(),
         static_cast<MdiGraphChild *>(window), window != nullptr};
 }
 
-void ShellReaderHost::announceEnd(const QString &portName)
+void DeskReaderHost::announceEnd(const QString &portName)
 {
     emit processEnds(ends.value(portName));
 }
 
-QObject *ShellReaderHost::processReceiver()
+QObject *DeskReaderHost::processReceiver()
 {
     return shell;
 }
 
-void ShellReaderHost::forgetFailure(const QString &portName)
+void DeskReaderHost::forgetFailure(const QString &portName)
 {
     facts->clear(StatusFacts::Failing, portName);
     if (QMessageBox *box = boxes.take(portName))

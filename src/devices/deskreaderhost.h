@@ -15,13 +15,13 @@ class StatusFacts;
 
 /// Answers what the serial readers ask of the shell: graph windows, clocks,
 /// and what the user is told about ports.
-class ShellReaderHost : public QObject, public ReaderHost {
+class DeskReaderHost : public QObject, public ReaderHost {
     Q_OBJECT
 
 public:
     /// `shell` has the slots endProcess(int), endProcessMessage() and showMessageStatusBar(QString,int) and
     /// is the parent of message boxes. All outlive this.
-    ShellReaderHost(QWidget *shell, GraphWindows *graphs, WindowFiles *windowFiles, StatusFacts *facts);
+    DeskReaderHost(QWidget *shell, GraphWindows *graphs, WindowFiles *windowFiles, StatusFacts *facts);
 
     RecordingWindow *createWindow() override;
     std::unique_ptr<RecordingLog> createLog(const QString &portName) override;
