@@ -31,7 +31,7 @@ RULES = {
     "dialogs": {"settings", "link", "ports", "widgets"},
     "desk": {"data", "settings", "journal", "files", "widgets", "printing", "graph", "displays"},
     "machine": {"settings"},
-    "devices": {"data", "settings", "ports", "link", "graph", "dialogs", "desk", "machine"},
+    "devices": {"data", "settings", "ports", "link", "dialogs", "desk", "machine"},
     "documents": {"data", "settings", "files", "journal", "series", "widgets", "printing", "graph/scene", "graph/plot",
                   "graph", "desk"},
     "resources": set(),

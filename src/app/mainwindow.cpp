@@ -13,6 +13,7 @@
 #include "documents/filewriter.h"
 #include "documents/graphprinting.h"
 #include "desk/graphwindows.h"
+#include "desk/livewindows.h"
 #include "documents/journalnotice.h"
 #include "devices/listenedports.h"
 #include "desk/packsource.h"
@@ -23,7 +24,7 @@
 #include "app/shellmenus.h"
 #include "app/shellplace.h"
 #include "devices/deskreaderhost.h"
-#include "devices/shelltargets.h"
+#include "devices/devicetargets.h"
 #include "machine/sleepinhibitor.h"
 #include "machine/soundplayer.h"
 #include "desk/stalewatch.h"
@@ -91,8 +92,9 @@ void MainWindow::createParts()
     facts = new StatusFacts(statusBar());
     windowFiles = new WindowFiles(this);
     new JournalNotice(windowFiles->keeper(), facts, this);
-    readerHost = new DeskReaderHost(this, graphs, windowFiles, facts);
-    ports = new ListenedPorts(this, readerHost, facts);
+    live = std::make_unique<LiveWindows>(graphs, windowFiles);
+    readerHost = new DeskReaderHost(this, live.get(), facts);
+    ports = new ListenedPorts(this, readerHost, live.get(), facts);
     watcher = new PortWatcher(this);
     staleWatch = new StaleWatch(graphs, shownRecord, facts, this);
     packs = std::make_unique<PackSource>(graphs, staleWatch);
@@ -104,12 +106,13 @@ void MainWindow::createParts()
     graphs->setCloseGuard(unsaved);
     new SessionEnd(this, writer);
     tools = new ToolsCommands(this, actions, graphs, documents, writer, windowFiles);
-    targets = std::make_unique<ShellTargets>(ports, graphs);
+    targets = std::make_unique<DeviceTargets>(ports, live.get());
     commands = new DeviceCommands(targets.get(), this);
     sounds = new SoundPlayer(this);
-    endNotice = new EndNotice(this, targets.get(), sounds, QCoreApplication::applicationDirPath());
+    endNotice = new EndNotice(this, ports, sounds, QCoreApplication::applicationDirPath());
     endNotice->connectHost(readerHost);
-    new UnseenEnds(readerHost, endNotice, graphs, facts, this);
+    auto *unseenEnds = new UnseenEnds(readerHost, endNotice, live.get(), facts, this);
+    connect(graphs, SIGNAL(currentChanged()), unseenEnds, SLOT(look()));
     remoteControls = new RemoteControls(this, targets.get(), (*actions)[ActionId::RemoteControl]);
     sleepInhibitor = new SleepInhibitor([this] { return ports->isRecording(); }, this);
 }
@@ -162,6 +165,8 @@ void MainWindow::connectParts()
     connect(displays, SIGNAL(capacityClosed()), switches, SLOT(barGraphClosed()));
     connect(displays, SIGNAL(voltageClosed()), switches, SLOT(graphClosed()));
     connect(displays, SIGNAL(powerClosed()), switches, SLOT(powerClosed()));
+    connect(readerHost, SIGNAL(message(QString,int)), this, SLOT(showMessageStatusBar(QString,int)));
+    connect(ports, SIGNAL(message(QString,int)), this, SLOT(showMessageStatusBar(QString,int)));
     connect(ports, SIGNAL(changed()), this, SLOT(listenedPortsChanged()));
     connect(ports, SIGNAL(changed()), remoteControls, SLOT(refresh()));
     // Queued: a new window is current before its reader is attached.
@@ -403,7 +408,7 @@ void MainWindow::setActiveSubWindow(QWidget *window)
 
 void MainWindow::recording()
 {
-    ports->pauseOrResume(activeMdiChild());
+    ports->pauseOrResume();
 }
 
 void MainWindow::recording(bool start)

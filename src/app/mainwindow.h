@@ -21,6 +21,7 @@ class ShownRecord;
 class FileWriter;
 class GraphWindows;
 class ListenedPorts;
+class LiveWindows;
 class MdiGraphChild;
 class PackSource;
 class PortWatcher;
@@ -155,6 +156,7 @@ private:
     GraphWindows *graphs;
     StatusFacts *facts;
     WindowFiles *windowFiles;
+    std::unique_ptr<LiveWindows> live;
     DeskReaderHost *readerHost;
     ListenedPorts *ports;
     PortWatcher *watcher;

@@ -5,6 +5,7 @@ target_sources(varnel_gui PRIVATE
     desk/dialogsontop.cpp desk/dialogsontop.h
     desk/displaywindows.cpp desk/displaywindows.h
     desk/graphwindows.cpp desk/graphwindows.h
+    desk/livewindows.cpp desk/livewindows.h
     desk/packsource.cpp desk/packsource.h
     desk/shownrecord.cpp desk/shownrecord.h
     desk/stalewatch.cpp desk/stalewatch.h

@@ -7,21 +7,19 @@
 #include <QObject>
 #include <QPointer>
 
-class GraphWindows;
+class LiveWindows;
 class QMessageBox;
-class QWidget;
-class WindowFiles;
 class StatusFacts;
 
-/// Answers what the serial readers ask of the shell: graph windows, clocks,
-/// and what the user is told about ports.
+/// Answers what the serial readers ask of the shell: graph windows and their journals, clocks, and what the
+/// user is told about ports.
 class DeskReaderHost : public QObject, public ReaderHost {
     Q_OBJECT
 
 public:
-    /// `shell` has the slots endProcess(int), endProcessMessage() and showMessageStatusBar(QString,int) and
-    /// is the parent of message boxes. All outlive this.
-    DeskReaderHost(QWidget *shell, GraphWindows *graphs, WindowFiles *windowFiles, StatusFacts *facts);
+    /// `mainWindow` is the parent of message boxes and what readers call by name, as the program's interfaces
+    /// have it: endProcess(int) and endProcessMessage(). All outlive this.
+    DeskReaderHost(QWidget *mainWindow, LiveWindows *windows, StatusFacts *facts);
 
     RecordingWindow *createWindow() override;
     std::unique_ptr<RecordingLog> createLog(const QString &portName) override;
@@ -42,18 +40,17 @@ signals:
     void message(const QString &text, int timeout);
     /// The device of `portName` went away; its reader is still being run.
     void lost(const QString &portName);
-    /// The shell's endProcess(int) comes next and is about `process`.
+    /// The window's endProcess(int) comes next and is about `process`.
     void processEnds(const EndedProcess &process);
-    /// The shell's endProcessMessage() comes next, from `portName`.
+    /// The window's endProcessMessage() comes next, from `portName`.
     void recordingBegins(const QString &portName);
 
 private:
-    QWidget *shell;
-    GraphWindows *graphs;
-    WindowFiles *windowFiles;
-    StatusFacts *facts;
-    QMap<QString, QPointer<QMessageBox>> boxes; ///< one a failing port
-    QMap<QString, EndedProcess> ends; ///< the newest of each port
-    QMap<QString, bool> startTimeSent; ///< by port; never cleared
-    QMap<QString, bool> endTimeSent;
+    QWidget *m_mainWindow;
+    LiveWindows *m_windows;
+    StatusFacts *m_facts;
+    QMap<QString, QPointer<QMessageBox>> m_boxes; // one a failing port
+    QMap<QString, EndedProcess> m_ends; // the newest of each port
+    QMap<QString, bool> m_startTimeSent; // by port; never cleared
+    QMap<QString, bool> m_endTimeSent;
 };

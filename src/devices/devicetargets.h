@@ -3,23 +3,33 @@
 #include <QString>
 #include <QVector>
 
+class ListenedPorts;
+class LiveWindows;
 class SerialReader;
 
-/// Which devices a command of the user is meant for. The main window answers
-/// from its windows and its listened ports.
+/// Which devices a command of the user is meant for: those of the listened ports and of the current window.
 class DeviceTargets {
 public:
-    virtual ~DeviceTargets() = default;
+    /// Neither is owned; both outlive this.
+    DeviceTargets(const ListenedPorts *ports, LiveWindows *windows)
+        : m_ports(ports)
+        , m_windows(windows)
+    {
+    }
 
     /// Readers of all listened ports, in the order in which they were opened. Ask again after anything that
     /// runs the event loop: ports come and go.
-    virtual QVector<SerialReader *> readers() const = 0;
-    /// The reader that feeds the active graph window; null without such a window or when nothing feeds it.
-    virtual SerialReader *activeReader() const = 0;
-    /// Port that feeds the active graph window or did; empty without such a window and for that of a file.
-    virtual QString activePort() const = 0;
-    /// Asks the active graph window to stop its process; true when it has told its device.
-    virtual bool stopActiveProcess() = 0;
+    QVector<SerialReader *> readers() const;
+    /// The reader that feeds the current graph window; null without such a window or when nothing feeds it.
+    SerialReader *activeReader() const;
+    /// Port that feeds the current graph window or did; empty without such a window and for that of a file.
+    QString activePort() const;
+    /// Asks the current graph window to stop its process; true when it has told its device.
+    bool stopActiveProcess();
     /// The reader when exactly one port is listened on, else null.
     SerialReader *onlyReader() const;
+
+private:
+    const ListenedPorts *m_ports;
+    LiveWindows *m_windows;
 };

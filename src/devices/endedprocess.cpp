@@ -2,7 +2,6 @@
 
 #include "data/timetext.h"
 #include "data/figuretext.h"
-#include "graph/mdigraphchild.h"
 
 #include <QCoreApplication>
 #include <QStringList>

@@ -4,8 +4,7 @@
 
 #include <QDateTime>
 #include <QPointer>
-
-class MdiGraphChild;
+#include <QWidget>
 
 /// One process that has ended: where, how and when, and the window that shows it.
 struct EndedProcess {
@@ -13,7 +12,7 @@ struct EndedProcess {
     int end = Varnel3Data::Completed; ///< a Varnel3Data::End, or whatever a caller put there
     Varnel3Data last; ///< its line with the end letter
     QDateTime at;
-    QPointer<MdiGraphChild> window; ///< not owned; null when there is none any more
+    QPointer<QWidget> window; ///< not owned; null when there is none any more
     bool hadWindow = false;
 
     /// "COM2, 14 x NiMh, 2.088 Ah in 00:57:04"; what the device does not tell is left out.

@@ -1,6 +1,7 @@
 #include "devices/endnotice.h"
 
-#include "devices/devicetargets.h"
+#include "devices/deskreaderhost.h"
+#include "devices/listenedports.h"
 #include "machine/soundplayer.h"
 #include "data/processend.h"
 #include "link/serialreader.h"
@@ -13,26 +14,25 @@
 
 namespace {
 
-constexpr int userSoundDelayMs = 3500; // by then the first sound is over
-
 } // namespace
 
-EndNotice::EndNotice(QWidget *window, DeviceTargets *targets, SoundPlayer *player, const QString &soundFolder)
+EndNotice::EndNotice(QWidget *window, const ListenedPorts *ports, SoundPlayer *player,
+    const QString &soundFolder, int userSoundDelay)
     : QObject(window)
     , m_window(window)
-    , m_targets(targets)
+    , m_ports(ports)
     , m_player(player)
     , m_soundFolder(soundFolder)
     , m_userSoundTimer(new QTimer(this))
 {
     m_userSoundTimer->setSingleShot(true);
-    m_userSoundTimer->setInterval(userSoundDelayMs);
+    m_userSoundTimer->setInterval(userSoundDelay);
     connect(m_userSoundTimer, SIGNAL(timeout()), this, SLOT(playUserSound()));
 }
 
 EndNotice::~EndNotice() = default;
 
-void EndNotice::connectHost(QObject *host)
+void EndNotice::connectHost(DeskReaderHost *host)
 {
     connect(host, SIGNAL(processEnds(EndedProcess)), this, SLOT(announce(EndedProcess)));
     connect(host, SIGNAL(recordingBegins(QString)), this, SLOT(announceStart(QString)));
@@ -108,7 +108,7 @@ void EndNotice::acknowledge()
 {
     m_userSoundTimer->stop();
     stopSound();
-    SerialReader *reader = m_targets->onlyReader();
+    SerialReader *reader = m_ports->onlyReader();
     if (reader && reader->isNewProcess())
         reader->stopProcess();
 }

@@ -6,7 +6,8 @@
 #include <QPointer>
 #include <QQueue>
 
-class DeviceTargets;
+class DeskReaderHost;
+class ListenedPorts;
 class QMessageBox;
 class QTimer;
 class QWidget;
@@ -19,14 +20,16 @@ class EndNotice : public QObject {
     Q_OBJECT
 
 public:
+    static constexpr int defaultUserSoundDelay = 3500; ///< ms; by then the first sound is over
+
     /// `window` is the parent of the boxes. Nothing is owned; all outlive this.
-    /// Sounds are taken from `soundFolder`.
-    EndNotice(QWidget *window, DeviceTargets *targets, SoundPlayer *player, const QString &soundFolder);
+    /// Sounds are taken from `soundFolder`, the user's own follows after `userSoundDelay` ms.
+    EndNotice(QWidget *window, const ListenedPorts *ports, SoundPlayer *player, const QString &soundFolder,
+        int userSoundDelay = defaultUserSoundDelay);
     ~EndNotice() override;
 
-    /// `host` has the signals processEnds(EndedProcess) and recordingBegins(QString), which come before the
-    /// calls of show() and dismiss() that they belong to.
-    void connectHost(QObject *host);
+    /// What `host` announces comes before the calls of show() and dismiss() that it belongs to.
+    void connectHost(DeskReaderHost *host);
     bool isOpen() const { return !m_box.isNull(); }
 
 public slots:
@@ -59,7 +62,7 @@ private:
     void acknowledge();
 
     QWidget *m_window;
-    DeviceTargets *m_targets;
+    const ListenedPorts *m_ports;
     SoundPlayer *m_player;
     QString m_soundFolder;
     QQueue<EndedProcess> m_announced;

@@ -3,8 +3,8 @@
 #include "devices/portquestions.h"
 #include "devices/portretries.h"
 #include "devices/deskreaderhost.h"
+#include "desk/livewindows.h"
 #include "desk/statusfacts.h"
-#include "graph/mdigraphchild.h"
 #include "link/serialreader.h"
 #include "ports/portinfo.h"
 #include "settings/varnelsettings.h"
@@ -30,18 +30,19 @@ QString reasonAgainstPause(bool hasWindow, bool listens)
 
 } // namespace
 
-ListenedPorts::ListenedPorts(QWidget *shellWindow, DeskReaderHost *readerHost, StatusFacts *statusFacts)
-    : QObject(shellWindow)
-    , shell(shellWindow)
-    , host(readerHost)
-    , facts(statusFacts)
-    , questions(new PortQuestions(shellWindow))
-    , retries(new PortRetries(this))
+ListenedPorts::ListenedPorts(
+    QWidget *window, DeskReaderHost *host, const LiveWindows *windows, StatusFacts *facts)
+    : QObject(window)
+    , m_window(window)
+    , m_host(host)
+    , m_windows(windows)
+    , m_facts(facts)
+    , m_questions(new PortQuestions(window))
+    , m_retries(new PortRetries(this))
 {
-    connect(this, SIGNAL(message(QString,int)), shell, SLOT(showMessageStatusBar(QString,int)));
-    connect(questions, SIGNAL(answered(QString,bool)), this, SLOT(onAnswered(QString,bool)));
-    connect(retries, SIGNAL(attempt(QString,bool)), this, SLOT(onRetry(QString,bool)));
-    connect(host, SIGNAL(lost(QString)), this, SLOT(onLost(QString)));
+    connect(m_questions, SIGNAL(answered(QString,bool)), this, SLOT(onAnswered(QString,bool)));
+    connect(m_retries, SIGNAL(attempt(QString,bool)), this, SLOT(onRetry(QString,bool)));
+    connect(m_host, SIGNAL(lost(QString)), this, SLOT(onLost(QString)));
 }
 
 ListenedPorts::~ListenedPorts()
@@ -74,17 +75,17 @@ SerialReader *ListenedPorts::readerFor(const QString &portName) const
 
 void ListenedPorts::noteStartupPorts()
 {
-    startupPorts.clear();
+    m_startupPorts.clear();
     const QStringList names = listPortNames();
     for (const QString &name : names) {
         if (name.startsWith(portPrefix))
-            startupPorts.append(name);
+            m_startupPorts.append(name);
     }
 }
 
 void ListenedPorts::startRecording()
 {
-    shell->setCursor(Qt::WaitCursor);
+    m_window->setCursor(Qt::WaitCursor);
     const QStringList openPorts = portNames();
     qDebug() << "juz otwarte porty" << openPorts;
     const QStringList available = SerialReader::availablePorts();
@@ -97,66 +98,67 @@ void ListenedPorts::startRecording()
     }
     if (m_readers.isEmpty()) {
         emit message(tr("No port has been selected."), messageTime);
-        listening = false;
+        m_listening = false;
     } else {
         emit message(tr("Start listening on port(s): ") + opened.join(QLatin1Char(',')), messageTime);
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     }
     tellChanged();
-    shell->unsetCursor();
+    m_window->unsetCursor();
 }
 
 void ListenedPorts::stopRecording()
 {
-    const QStringList waiting = retries->ports();
+    const QStringList waiting = m_retries->ports();
     for (const QString &port : waiting)
         giveUp(port);
     if (m_readers.isEmpty())
         return;
     closeAll();
-    listening = false;
+    m_listening = false;
     emit message(tr("Stop listen on port(s)."), messageTime);
     tellChanged();
 }
 
-void ListenedPorts::pauseOrResume(MdiGraphChild *active)
+void ListenedPorts::pauseOrResume()
 {
-    if (pendingPort.isEmpty())
-        pause(active);
+    if (m_pendingPort.isEmpty())
+        pause();
     else
         resume();
     tellChanged();
 }
 
-void ListenedPorts::pause(MdiGraphChild *active)
+void ListenedPorts::pause()
 {
-    if (!active || m_readers.isEmpty() || !active->isLive() || active->portName().isEmpty()) {
-        emit message(reasonAgainstPause(active != nullptr, !m_readers.isEmpty()), messageTime);
+    const DeviceLink *source = m_windows->currentLink();
+    if (!source) {
+        emit message(reasonAgainstPause(m_windows->hasCurrent(), !m_readers.isEmpty()), messageTime);
         return;
     }
-    pendingPort = active->portName();
-    if (SerialReader *reader = readerFor(pendingPort))
+    m_pendingPort = source->portName();
+    if (SerialReader *reader = readerFor(m_pendingPort))
         remove(reader, true);
-    facts->set(StatusFacts::Paused, pendingPort);
+    m_facts->set(StatusFacts::Paused, m_pendingPort);
 }
 
 void ListenedPorts::resume()
 {
-    const QString port = pendingPort;
+    const QString port = m_pendingPort;
     forgetPause();
     listenOn(port);
 }
 
 void ListenedPorts::forgetPause()
 {
-    facts->clear(StatusFacts::Paused, pendingPort);
-    pendingPort.clear();
+    m_facts->clear(StatusFacts::Paused, m_pendingPort);
+    m_pendingPort.clear();
 }
 
 void ListenedPorts::synchronise(const QStringList &ports)
 {
     // A port whose question still waits stays: nobody has said that it is not wanted.
-    const QStringList wanted = ports + questions->ports();
+    const QStringList wanted = ports + m_questions->ports();
     const QVector<SerialReader *> before = m_readers;
     for (SerialReader *reader : before) {
         const QString port = reader->portName();
@@ -166,7 +168,7 @@ void ListenedPorts::synchronise(const QStringList &ports)
         emit message(tr("Stop listening on port %1.").arg(port), messageTime);
     }
     forgetTroubleExcept(wanted);
-    if (!wanted.contains(pendingPort))
+    if (!wanted.contains(m_pendingPort))
         forgetPause();
     for (const QString &port : ports) {
         if (readerFor(port) || !listenOn(port))
@@ -182,36 +184,36 @@ void ListenedPorts::arrive(const PortInfo &port)
     if (!port.name.startsWith(portPrefix))
         return;
     qDebug() << "Nowe urządzenie:" << port.name;
-    if (startupPorts.contains(port.name))
+    if (m_startupPorts.contains(port.name))
         return;
     // Open first: what the device sends meanwhile waits for no answer.
     if (!readerFor(port.name))
-        retries->start(port.name);
+        m_retries->start(port.name);
     if (!VarnelSettings().ports().contains(port.name))
-        questions->ask(port.name, port.description);
+        m_questions->ask(port.name, port.description);
 }
 
 void ListenedPorts::leave(const PortInfo &port)
 {
     qDebug() << "Wylaczane urzadzenie:" << port.description;
-    questions->withdraw(port.name);
+    m_questions->withdraw(port.name);
     giveUp(port.name);
     if (SerialReader *reader = readerFor(port.name)) {
         remove(reader, true);
-        facts->set(StatusFacts::Lost, port.name);
+        m_facts->set(StatusFacts::Lost, port.name);
         emit message(tr("Stop listening on port %1. Port is removed.").arg(port.name), messageTime);
     }
-    startupPorts.removeAll(port.name);
-    if (pendingPort == port.name)
+    m_startupPorts.removeAll(port.name);
+    if (m_pendingPort == port.name)
         forgetPause();
     tellChanged();
 }
 
 void ListenedPorts::closeAll()
 {
-    const QStringList waiting = retries->ports();
+    const QStringList waiting = m_retries->ports();
     for (const QString &port : waiting)
-        retries->stop(port);
+        m_retries->stop(port);
     while (!m_readers.isEmpty())
         remove(m_readers.first(), false);
 }
@@ -230,8 +232,8 @@ void ListenedPorts::onRetry(const QString &portName, bool tell)
 {
     if (!listenOn(portName, tell ? Tell : Ignore))
         return;
-    const QString text = startupPorts.contains(portName) ? tr("Start listening on port %1.")
-                                                         : tr("Start listening on new port %1.");
+    const QString text = m_startupPorts.contains(portName) ? tr("Start listening on port %1.")
+                                                           : tr("Start listening on new port %1.");
     emit message(text.arg(portName), messageTime);
     tellChanged();
 }
@@ -246,44 +248,44 @@ void ListenedPorts::onLost(const QString &portName)
 
 bool ListenedPorts::listenOn(const QString &portName, Failure failure)
 {
-    auto *reader = new SerialReader(shell, portName, host);
+    auto *reader = new SerialReader(m_window, portName, m_host);
     if (!(failure == Tell ? reader->start() : reader->tryStart())) {
         delete reader;
         if (failure == Tell)
-            retries->wait(portName);
+            m_retries->wait(portName);
         return false;
     }
     m_readers.append(reader);
     giveUp(portName);
-    facts->clear(StatusFacts::Lost, portName);
-    if (pendingPort == portName)
+    m_facts->clear(StatusFacts::Lost, portName);
+    if (m_pendingPort == portName)
         forgetPause();
     return true;
 }
 
 void ListenedPorts::giveUp(const QString &portName)
 {
-    retries->stop(portName);
-    host->forgetFailure(portName);
+    m_retries->stop(portName);
+    m_host->forgetFailure(portName);
 }
 
 void ListenedPorts::forgetTroubleExcept(const QStringList &wanted)
 {
     const QStringList troubled
-        = retries->ports() + facts->ports(StatusFacts::Failing) + facts->ports(StatusFacts::Lost);
+        = m_retries->ports() + m_facts->ports(StatusFacts::Failing) + m_facts->ports(StatusFacts::Lost);
     for (const QString &port : troubled) {
         if (wanted.contains(port))
             continue;
         giveUp(port);
-        facts->clear(StatusFacts::Lost, port);
+        m_facts->clear(StatusFacts::Lost, port);
     }
 }
 
 void ListenedPorts::remove(SerialReader *reader, bool later)
 {
     m_readers.removeOne(reader);
-    retries->stop(reader->portName());
-    facts->clear(StatusFacts::Unwatched, reader->portName());
+    m_retries->stop(reader->portName());
+    m_facts->clear(StatusFacts::Unwatched, reader->portName());
     reader->stop();
     if (later)
         reader->deleteLater();
@@ -297,6 +299,6 @@ void ListenedPorts::tellChanged()
     const QStringList names = portNames();
     for (const QString &name : names)
         listened.insert(name, QString());
-    facts->replace(StatusFacts::Listening, listened);
+    m_facts->replace(StatusFacts::Listening, listened);
     emit changed();
 }

@@ -5,7 +5,7 @@
 #include <QVector>
 
 struct PortInfo;
-class MdiGraphChild;
+class LiveWindows;
 class PortQuestions;
 class PortRetries;
 class SerialReader;
@@ -18,25 +18,27 @@ class ListenedPorts : public QObject {
     Q_OBJECT
 
 public:
-    /// `shell` is the parent of readers and boxes. All outlive this.
-    ListenedPorts(QWidget *shell, DeskReaderHost *host, StatusFacts *facts);
+    /// `window` is the parent of readers and boxes. All outlive this.
+    ListenedPorts(QWidget *window, DeskReaderHost *host, const LiveWindows *windows, StatusFacts *facts);
     ~ListenedPorts() override;
 
     const QVector<SerialReader *> &readers() const { return m_readers; }
     QStringList portNames() const;
     /// A process is being recorded on any of them.
     bool isRecording() const;
+    /// The reader when exactly one port is listened on, else null.
+    SerialReader *onlyReader() const { return m_readers.size() == 1 ? m_readers.first() : nullptr; }
     SerialReader *readerFor(const QString &portName) const;
-    bool isListening() const { return listening; }
-    void setListening(bool on) { listening = on; }
-    QString paused() const { return pendingPort; }
+    bool isListening() const { return m_listening; }
+    void setListening(bool on) { m_listening = on; }
+    QString paused() const { return m_pendingPort; }
 
     /// Notes the "COM" ports that exist now: they are never treated as new.
     void noteStartupPorts();
     void startRecording();
     void stopRecording();
-    /// Pauses the port that feeds `active` (may be null), or resumes the paused one.
-    void pauseOrResume(MdiGraphChild *active);
+    /// Pauses the port that feeds the current window, or resumes the paused one.
+    void pauseOrResume();
     /// After the preferences: listens on `ports` and no other.
     void synchronise(const QStringList &ports);
     /// At exit: closes every port and opens none of them again, without a word.
@@ -68,18 +70,19 @@ private:
     /// No more attempts on `portName`, and no word of its trouble.
     void giveUp(const QString &portName);
     void forgetTroubleExcept(const QStringList &wanted);
-    void pause(MdiGraphChild *active);
+    void pause();
     void resume();
     void forgetPause();
     void tellChanged();
 
-    QWidget *shell;
-    DeskReaderHost *host;
-    StatusFacts *facts;
-    PortQuestions *questions;
-    PortRetries *retries;
+    QWidget *m_window;
+    DeskReaderHost *m_host;
+    const LiveWindows *m_windows;
+    StatusFacts *m_facts;
+    PortQuestions *m_questions;
+    PortRetries *m_retries;
     QVector<SerialReader *> m_readers;
-    QString pendingPort; ///< port of the paused graph window, which is not open; empty when none
-    QStringList startupPorts;
-    bool listening = false;
+    QString m_pendingPort; // of the paused graph window, which is not open; empty when none
+    QStringList m_startupPorts;
+    bool m_listening = false;
 };

@@ -8,26 +8,26 @@
 
 #include <algorithm>
 
-PortQuestions::PortQuestions(QWidget *parentWindow)
-    : QObject(parentWindow)
-    , window(parentWindow)
+PortQuestions::PortQuestions(QWidget *window)
+    : QObject(window)
+    , m_window(window)
 {
-    window->installEventFilter(this);
+    m_window->installEventFilter(this);
 }
 
 void PortQuestions::ask(const QString &portName, const QString &description)
 {
     const auto samePort = [&portName](const Question &question) { return question.portName == portName; };
-    if (std::any_of(waiting.cbegin(), waiting.cend(), samePort))
+    if (std::any_of(m_waiting.cbegin(), m_waiting.cend(), samePort))
         return;
-    waiting.enqueue({portName, description.isEmpty() ? portName : description});
+    m_waiting.enqueue({portName, description.isEmpty() ? portName : description});
     showNext();
 }
 
 QStringList PortQuestions::ports() const
 {
     QStringList names;
-    for (const Question &question : waiting)
+    for (const Question &question : m_waiting)
         names.append(question.portName);
     return names;
 }
@@ -42,15 +42,15 @@ bool PortQuestions::eventFilter(QObject *watched, QEvent *event)
 
 void PortQuestions::withdraw(const QString &portName)
 {
-    for (int i = waiting.size() - 1; i >= 0; --i) {
-        if (waiting[i].portName != portName)
+    for (int i = m_waiting.size() - 1; i >= 0; --i) {
+        if (m_waiting[i].portName != portName)
             continue;
-        waiting.removeAt(i);
-        if (i == 0 && box) {
-            box->disconnect(this);
-            box->close();
-            box->deleteLater();
-            box.clear();
+        m_waiting.removeAt(i);
+        if (i == 0 && m_box) {
+            m_box->disconnect(this);
+            m_box->close();
+            m_box->deleteLater();
+            m_box.clear();
         }
     }
     showNext();
@@ -58,31 +58,31 @@ void PortQuestions::withdraw(const QString &portName)
 
 void PortQuestions::onFinished(int result)
 {
-    if (!box)
+    if (!m_box)
         return;
-    box->deleteLater();
-    box.clear();
-    const Question question = waiting.dequeue();
+    m_box->deleteLater();
+    m_box.clear();
+    const Question question = m_waiting.dequeue();
     emit answered(question.portName, result == QMessageBox::Yes);
     showNext();
 }
 
 void PortQuestions::showNext()
 {
-    if (box || QApplication::activeModalWidget())
+    if (m_box || QApplication::activeModalWidget())
         return;
     const QStringList chosen = VarnelSettings().ports();
-    while (!waiting.isEmpty() && chosen.contains(waiting.head().portName))
-        waiting.dequeue();
-    if (waiting.isEmpty())
+    while (!m_waiting.isEmpty() && chosen.contains(m_waiting.head().portName))
+        m_waiting.dequeue();
+    if (m_waiting.isEmpty())
         return;
     // The text is not translated: it is the system's own.
     const QString text = QStringLiteral("Do you want to add a port %1 to the preferences ?");
-    box = new QMessageBox(QMessageBox::Question, tr("Question"), text.arg(waiting.head().description),
-        QMessageBox::Yes | QMessageBox::No, window);
-    box->setObjectName(QStringLiteral("portQuestion"));
-    box->setTextFormat(Qt::PlainText);
-    connect(box, SIGNAL(finished(int)), this, SLOT(onFinished(int)));
-    box->open();
-    box->activateWindow();
+    m_box = new QMessageBox(QMessageBox::Question, tr("Question"), text.arg(m_waiting.head().description),
+        QMessageBox::Yes | QMessageBox::No, m_window);
+    m_box->setObjectName(QStringLiteral("portQuestion"));
+    m_box->setTextFormat(Qt::PlainText);
+    connect(m_box, SIGNAL(finished(int)), this, SLOT(onFinished(int)));
+    m_box->open();
+    m_box->activateWindow();
 }

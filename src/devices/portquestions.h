@@ -40,7 +40,7 @@ private:
         QString description;
     };
 
-    QWidget *window;
-    QQueue<Question> waiting; ///< the first one is shown in `box`
-    QPointer<QMessageBox> box;
+    QWidget *m_window;
+    QQueue<Question> m_waiting; // the first one is shown in `m_box`
+    QPointer<QMessageBox> m_box;
 };

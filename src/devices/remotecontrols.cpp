@@ -7,10 +7,10 @@
 #include <QAction>
 #include <QMenu>
 
-RemoteControls::RemoteControls(QWidget *parentWindow, DeviceTargets *deviceTargets, QAction *action)
-    : QObject(parentWindow)
-    , window(parentWindow)
-    , targets(deviceTargets)
+RemoteControls::RemoteControls(QWidget *window, DeviceTargets *targets, QAction *action)
+    : QObject(window)
+    , m_window(window)
+    , m_targets(targets)
     , m_action(action)
     , m_menu(std::make_unique<QMenu>())
 {
@@ -24,10 +24,10 @@ RemoteControls::~RemoteControls() = default;
 void RemoteControls::refresh()
 {
     QStringList ports;
-    const QVector<SerialReader *> readers = targets->readers();
+    const QVector<SerialReader *> readers = m_targets->readers();
     for (const SerialReader *reader : readers)
         ports.append(reader->portName());
-    const SerialReader *active = targets->activeReader();
+    const SerialReader *active = m_targets->activeReader();
     fillMenu(ports, active ? active->portName() : QString());
     const bool several = ports.size() > 1;
     const QString tip = ports.isEmpty() ? tr("No port is listened on: choose one in the preferences.")
@@ -52,13 +52,13 @@ void RemoteControls::fillMenu(const QStringList &ports, const QString &current)
 
 void RemoteControls::open()
 {
-    SerialReader *active = targets->activeReader();
-    openFor(active ? active : targets->onlyReader());
+    SerialReader *active = m_targets->activeReader();
+    openFor(active ? active : m_targets->onlyReader());
 }
 
 void RemoteControls::openChosen(QAction *chosen)
 {
-    const QVector<SerialReader *> readers = targets->readers();
+    const QVector<SerialReader *> readers = m_targets->readers();
     for (SerialReader *reader : readers) {
         if (reader->portName() == chosen->data().toString())
             return openFor(reader);
@@ -69,11 +69,11 @@ void RemoteControls::openFor(SerialReader *reader)
 {
     if (!reader)
         return;
-    QPointer<DialogRemoteControl> &dialog = dialogs[reader];
+    QPointer<DialogRemoteControl> &dialog = m_dialogs[reader];
     if (dialog && dialog->isVisible()) {
         dialog->timerEventTryb();
     } else {
-        dialog = new DialogRemoteControl(reader, window);
+        dialog = new DialogRemoteControl(reader, m_window);
         dialog->setAttribute(Qt::WA_DeleteOnClose);
     }
     dialog->show();

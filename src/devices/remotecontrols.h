@@ -40,9 +40,9 @@ private:
     void openFor(SerialReader *reader);
     void fillMenu(const QStringList &ports, const QString &current);
 
-    QWidget *window;
-    DeviceTargets *targets;
+    QWidget *m_window;
+    DeviceTargets *m_targets;
     QAction *m_action;
     std::unique_ptr<QMenu> m_menu; // of the action while several ports are listened on
-    QMap<SerialReader *, QPointer<DialogRemoteControl>> dialogs; // keys are compared, never followed
+    QMap<SerialReader *, QPointer<DialogRemoteControl>> m_dialogs; // keys are compared, never followed
 };

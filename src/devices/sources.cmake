@@ -8,6 +8,5 @@ target_sources(varnel_gui PRIVATE
     devices/portretries.cpp devices/portretries.h
     devices/remotecontrols.cpp devices/remotecontrols.h
     devices/deskreaderhost.cpp devices/deskreaderhost.h
-    devices/shelltargets.cpp devices/shelltargets.h
     devices/unseenends.cpp devices/unseenends.h
 )

@@ -1,9 +1,9 @@
 #include "devices/unseenends.h"
 
+#include "devices/deskreaderhost.h"
 #include "devices/endnotice.h"
-#include "desk/graphwindows.h"
+#include "desk/livewindows.h"
 #include "desk/statusfacts.h"
-#include "graph/mdigraphchild.h"
 
 #include <algorithm>
 #include <iterator>
@@ -29,15 +29,14 @@ bool removeFrom(QVector<EndedProcess> *ends, Condition condition)
 } // namespace
 
 UnseenEnds::UnseenEnds(
-    QObject *host, EndNotice *notice, GraphWindows *graphs, StatusFacts *facts, QObject *parent)
+    DeskReaderHost *host, EndNotice *notice, const LiveWindows *windows, StatusFacts *facts, QObject *parent)
     : QObject(parent)
-    , m_graphs(graphs)
+    , m_windows(windows)
     , m_facts(facts)
 {
     connect(host, SIGNAL(recordingBegins(QString)), this, SLOT(onRecordingBegins(QString)));
     connect(notice, SIGNAL(untold(EndedProcess)), this, SLOT(add(EndedProcess)));
     connect(notice, SIGNAL(told(EndedProcess)), this, SLOT(remove(EndedProcess)));
-    connect(graphs, SIGNAL(currentChanged()), this, SLOT(look()));
 }
 
 // Its window may be current now, yet nobody has looked at it under a box. A device says several times that
@@ -69,7 +68,7 @@ void UnseenEnds::onRecordingBegins(const QString &portName)
 void UnseenEnds::look()
 {
     removeFrom(&m_ends, [this](const EndedProcess &one) {
-        return one.hadWindow && (!one.window || one.window == m_graphs->current());
+        return one.hadWindow && (!one.window || m_windows->isCurrent(one.window));
     });
     tell();
 }

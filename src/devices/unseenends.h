@@ -5,8 +5,9 @@
 #include <QObject>
 #include <QVector>
 
+class DeskReaderHost;
 class EndNotice;
-class GraphWindows;
+class LiveWindows;
 class StatusFacts;
 
 /// Ends of processes that no box tells any more, or ever told: the status bar names each until its window is
@@ -15,8 +16,9 @@ class UnseenEnds : public QObject {
     Q_OBJECT
 
 public:
-    /// `host` has the signal recordingBegins(QString). Nothing is owned; `graphs` and `facts` outlive this.
-    UnseenEnds(QObject *host, EndNotice *notice, GraphWindows *graphs, StatusFacts *facts, QObject *parent);
+    /// Nothing is owned; `windows` and `facts` outlive this.
+    UnseenEnds(DeskReaderHost *host, EndNotice *notice, const LiveWindows *windows, StatusFacts *facts,
+        QObject *parent);
 
 public slots:
     void add(const EndedProcess &process);
@@ -29,7 +31,7 @@ public slots:
 private:
     void tell() const;
 
-    GraphWindows *m_graphs;
+    const LiveWindows *m_windows;
     StatusFacts *m_facts;
     QVector<EndedProcess> m_ends;
 };

@@ -1,163 +1,159 @@
 #include "devices/devicecommands.h"
 
+#include "graph/mdigraphchild.h"
 #include "support/columns.h"
-#include "support/targets.h"
+#include "support/lines.h"
+#include "support/shellrig.h"
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QDateTime>
-#include <QMessageBox>
 #include <QRegularExpression>
 #include <QTimer>
-#include <QtTest>
 
-class TestDeviceCommands : public QObject {
+/// "Stop process" and "Set time" in the program's window, the test at the far ends of the lines.
+class TestDeviceCommands : public QObject, private ShellRig {
     Q_OBJECT
 private slots:
-    void cleanup();
+    void init()
+    {
+        setUp();
+        allHeard.clear();
+    }
+    void cleanup() { tearDown(); }
     void stopGoesToOneDevice_data();
     void stopGoesToOneDevice();
-    void clockOfEveryPortIsSetInTurn();
-    void clockOfActiveDeviceOnly();
-    void portsAreReadDuringTheWait();
+    void clocksAreSetInTurn();
+    void clockOfCurrentDeviceOnly();
 
 private:
-    TestTargets targets;
-    DeviceCommands commands{&targets};
+    /// Listens on so many ports, "COM1" first.
+    void listen(int count);
+    /// The process of the `port`th device is recorded in the current window.
+    void record(int port)
+    {
+        plugged[size_t(port)]->send(Lines::charger(1));
+        QTRY_VERIFY(window->activeMdiChild() && window->activeMdiChild()->isLive());
+    }
+    /// By the `port`th device, so far.
+    QByteArray heard(int port) { return allHeard[port] += plugged[size_t(port)]->received(); }
+
+    QMap<int, QByteArray> allHeard;
 };
 
-void TestDeviceCommands::cleanup()
+void TestDeviceCommands::listen(int count)
 {
-    targets.active = nullptr;
-    targets.port.clear();
-    targets.clear();
+    QStringList ports;
+    for (int i = 1; i <= count; ++i)
+        ports.append(plug(QStringLiteral("COM%1").arg(i))->portName());
+    open(ports);
+    QTRY_COMPARE(listened(), ports);
 }
 
 void TestDeviceCommands::stopGoesToOneDevice_data()
 {
-    columns<int, int, QString, int, QList<QByteArray>, QString>(
-        {"ports", "active", "port", "answer", "heard", "told"});
-    const QByteArray stop = "#STOP\r\n";
-    const auto row
-        = [](const char *name, int ports, int active, const char *port, int answer) -> QTestData & {
-        return QTest::newRow(name) << ports << active << QString::fromLatin1(port) << answer;
-    };
-    const int none = QMessageBox::NoButton; // nothing is asked
-    const QString chosen = QStringLiteral("The device on %1 was told to stop its process.");
-    row("none", 0, -1, "", none) << QList<QByteArray>()
-                                 << "No port is listened on: choose one in the preferences.";
-    row("the only one", 1, -1, "", none) << QList<QByteArray>{stop} << chosen.arg("COM1");
-    row("its recording is over", 1, -1, "COM1", none) << QList<QByteArray>{stop} << chosen.arg("COM1");
-    row("active of two", 2, 1, "COM2", none) << QList<QByteArray>{"", stop} << chosen.arg("COM2");
-    row("no guess between two", 2, -1, "", none)
-        << QList<QByteArray>{"", ""} << "Choose the window of the device whose process is to be stopped.";
-    row("another one", 1, -1, "COM2", QMessageBox::Yes) << QList<QByteArray>{stop} << chosen.arg("COM1");
-    row("another one, not meant", 1, -1, "COM2", QMessageBox::No) << QList<QByteArray>{""} << "";
+    columns<int, int, QString, int, int, QString>({"ports", "recorded", "then", "answer", "stopped", "told"});
+    const QString toldStop = QStringLiteral("The device on COM%1 was told to stop its process.");
+    const int unasked = QMessageBox::NoButton;
+    QTest::newRow("the only one") << 1 << -1 << "" << unasked << 0 << toldStop.arg(1);
+    QTest::newRow("its recording is over") << 1 << 0 << "resumed" << unasked << 0 << toldStop.arg(1);
+    QTest::newRow("the current of two") << 2 << 1 << "" << unasked << 1 << toldStop.arg(2);
+    QTest::newRow("no guess between two")
+        << 2 << -1 << "" << unasked << -1
+        << "Choose the window of the device whose process is to be stopped.";
+    QTest::newRow("another one, meant")
+        << 2 << 1 << "unplugged" << int(QMessageBox::Yes) << 0 << toldStop.arg(1);
+    QTest::newRow("another one, not meant") << 2 << 1 << "unplugged" << int(QMessageBox::No) << -1 << "";
+    QTest::newRow("another one, gone meanwhile")
+        << 2 << 1 << "both unplugged" << int(QMessageBox::Yes) << -1
+        << "COM1 is no longer listened on: its device was not told to stop.";
 }
 
 void TestDeviceCommands::stopGoesToOneDevice()
 {
     QFETCH(int, ports);
-    QFETCH(int, active);
-    QFETCH(QString, port);
+    QFETCH(int, recorded);
+    QFETCH(QString, then);
     QFETCH(int, answer);
-    QFETCH(QList<QByteArray>, heard);
+    QFETCH(int, stopped);
     QFETCH(QString, told);
-    for (int i = 0; i < ports; ++i)
-        targets.add();
-    targets.active = active < 0 ? nullptr : targets.reader(size_t(active));
-    targets.port = port;
-    QSignalSpy messages(&commands, SIGNAL(message(QString,int)));
-    const bool asks = answer != QMessageBox::NoButton;
-    QCOMPARE(commands.stopProcess(), !asks && heard.contains("#STOP\r\n"));
-    auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-    QCOMPARE(box != nullptr, asks);
-    if (asks) {
-        QVERIFY(box->text().contains(QStringLiteral("device on COM1")));
-        QCOMPARE(targets.heard(0), QByteArray());
-        box->button(QMessageBox::StandardButton(answer))->click();
+    listen(ports);
+    if (recorded >= 0)
+        record(recorded);
+    if (then == QLatin1String("resumed")) {
+        trigger(ActionId::Recording);
+        trigger(ActionId::Recording);
+    } else if (!then.isEmpty()) {
+        plugged[1]->hangUp();
+        QTRY_COMPARE(listened(), QStringList(QStringLiteral("COM1")));
     }
-    QList<QByteArray> commandsOf;
-    for (int i = 0; i < ports; ++i)
-        commandsOf.append(QByteArray());
-    const auto hear = [&] {
-        for (int i = 0; i < ports; ++i)
-            commandsOf[i] += targets.heard(size_t(i));
-        return commandsOf;
-    };
-    QTRY_COMPARE(hear(), heard);
-    QCOMPARE(messages.isEmpty() ? QString() : messages.last()[0].toString(), told);
-}
-
-void TestDeviceCommands::clockOfEveryPortIsSetInTurn()
-{
-    struct Heard {
-        size_t port;
-        QByteArray command;
-        qint64 time;
-    };
-    QVector<Heard> heard;
-    QElapsedTimer clock;
-    QTimer listener;
-    connect(&listener, &QTimer::timeout, this, [&] {
-        for (size_t port = 0; port < 2; ++port) {
-            const QByteArray bytes = targets.heard(port);
-            if (!bytes.isEmpty())
-                heard.append({port, bytes.left(5), clock.elapsed()});
+    window->statusBar()->clearMessage();
+    trigger(ActionId::StopProcess);
+    QCOMPARE(box("stopQuestion") != nullptr, answer != QMessageBox::NoButton);
+    if (box("stopQuestion")) {
+        trigger(ActionId::StopProcess); // it is asked once
+        QCOMPARE(window->findChildren<QMessageBox *>().size(), 1);
+        QCOMPARE(box("stopQuestion")->text(),
+            QStringLiteral("The current window was fed by COM2, which is not listened on.\n"
+                           "Stop the process of the device on COM1?"));
+        QCOMPARE(heard(0), QByteArray());
+        if (then == QLatin1String("both unplugged")) {
+            plugged[0]->hangUp();
+            QTRY_COMPARE(listened(), QStringList());
         }
-    });
-    targets.add();
-    targets.add();
-    clock.start();
-    listener.start(5);
-    commands.setTime();
+        window->statusBar()->clearMessage();
+        box("stopQuestion")->button(QMessageBox::StandardButton(answer))->click();
+    }
+    for (int port = 0; port < ports; ++port) {
+        const QByteArray expected = port == stopped ? "#STOP\r\n" : "";
+        QTRY_COMPARE(heard(port), expected);
+    }
+    QCOMPARE(message(), told);
+}
+
+// Each device needs its time before it takes the next command, in which the program goes on. COM2 is unplugged
+// in its own pause, COM3 before its turn.
+void TestDeviceCommands::clocksAreSetInTurn()
+{
+    listen(4);
+    trigger(ActionId::SetTime);
     QVERIFY(QApplication::overrideCursor());
-    QTRY_COMPARE(heard.size(), 4);
-    QVERIFY(!QApplication::overrideCursor());
-    for (int i = 0; i < 4; ++i) {
-        QCOMPARE(heard[i].port, size_t(i / 2));
-        QCOMPARE(heard[i].command, QByteArray(i % 2 ? "#BIB_" : "#TIME"));
-    }
-    for (int i : {0, 2}) {
-        const qint64 pause = heard[i + 1].time - heard[i].time;
-        QVERIFY2(pause >= 485 && pause < 700, qPrintable(QString::number(pause)));
-    }
-}
-
-void TestDeviceCommands::clockOfActiveDeviceOnly()
-{
-    targets.add();
-    targets.add();
-    targets.active = targets.reader(1);
-    const QDateTime before = QDateTime::currentDateTime();
-    commands.setTime();
-    QString heard;
-    QTRY_VERIFY((heard += QString::fromLatin1(targets.heard(1))).endsWith(QStringLiteral("200\r\n")));
-    QCOMPARE(targets.heard(0), QByteArray());
-    const auto match
-        = QRegularExpression(QStringLiteral("^#TIME!([0-9:]{17})\r\n#BIB_!200\r\n$")).match(heard);
-    QVERIFY2(match.hasMatch(), qPrintable(heard));
-    QDateTime sent
-        = QDateTime::fromString(match.captured(1), QStringLiteral("ss:mm:HH:dd:MM:yy")).addYears(100);
-    QVERIFY(before.secsTo(sent) >= -1 && before.secsTo(sent) <= 1);
-}
-
-// More than the system keeps for a port comes in while the commands wait; none of it waits for their end.
-void TestDeviceCommands::portsAreReadDuringTheWait()
-{
-    constexpr int linesAtOnce = 20;
-    targets.add();
-    int said = 0;
-    QTimer device;
-    connect(&device, &QTimer::timeout, this, [&] {
-        targets.say(0, QByteArray("#c0605 00123,25200+02000,025,01234\n").repeated(linesAtOnce));
-        said += linesAtOnce;
-    });
-    device.start(20);
-    commands.setTime();
+    trigger(ActionId::SetTime); // ignored while one is under way
+    QCOMPARE(message(), QStringLiteral("Setting the clock of the device on COM1..."));
+    auto *pause = window->findChild<DeviceCommands *>()->findChild<QTimer *>();
+    QVERIFY(pause && pause->isActive() && pause->isSingleShot());
+    QCOMPARE(pause->interval(), 500);
+    QCOMPARE(pause->timerType(), Qt::PreciseTimer);
+    plugged[2]->hangUp();
+    window->endProcess(Varnel3Data::Completed); // tells at once
+    QVERIFY(QApplication::activeModalWidget());
+    QApplication::activeModalWidget()->close();
+    record(0); // nothing that comes waits for the end of the commands
+    QVERIFY(QApplication::overrideCursor());
+    QTRY_VERIFY(!listened().contains(QStringLiteral("COM3")));
+    pause->setInterval(50);
+    QTRY_COMPARE(message(), QStringLiteral("Setting the clock of the device on COM2..."));
+    plugged[1]->hangUp();
     QTRY_VERIFY(!QApplication::overrideCursor());
-    QVERIFY(said * 35 > 4096);
-    QVERIFY(targets.host.windows[0]->recording.size() >= said - linesAtOnce);
+    const QRegularExpression both(QStringLiteral("^#TIME![0-9:]{17}\r\n#BIB_!200\r\n$"));
+    for (int port : {0, 3}) {
+        const QString commands = QString::fromLatin1(heard(port));
+        QVERIFY2(both.match(commands).hasMatch(), qPrintable(commands));
+    }
+}
+
+void TestDeviceCommands::clockOfCurrentDeviceOnly()
+{
+    listen(2);
+    record(1);
+    trigger(ActionId::SetTime);
+    QCOMPARE(heard(1).left(6), QByteArray("#TIME!"));
+    QCOMPARE(message(), QStringLiteral("Setting the clock of the device on COM2..."));
+    QTRY_VERIFY(heard(1).endsWith("#BIB_!200\r\n"));
+    QTRY_VERIFY(!QApplication::overrideCursor());
+    QCOMPARE(heard(0), QByteArray());
+    trigger(ActionId::SetTime);
+    window.reset(); // under way
+    QVERIFY(!QApplication::overrideCursor());
 }
 
 QTEST_MAIN(TestDeviceCommands)

@@ -1,27 +1,20 @@
 #include "devices/endnotice.h"
 
+#include "graph/mdigraphchild.h"
 #include "machine/soundplayer.h"
-#include "machine/soundserver.h"
-#include "data/varnel3data.h"
 #include "resources/resources.h"
-#include "settings/varnelsettings.h"
 #include "support/columns.h"
-#include "support/shellfixture.h"
-#include "support/targets.h"
+#include "support/lines.h"
+#include "support/shellrig.h"
 
 #include <QApplication>
-#include <QMessageBox>
+#include <QFileInfo>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QRegularExpression>
 #include <QTimer>
-#include <QtTest>
-
-#include <functional>
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 namespace {
-
-const char recordLine[] = "#c0605 00123,25200+02000,025,01234\n";
 
 /// Notes what would be heard.
 class NotingPlayer : public SoundPlayer {
@@ -30,15 +23,13 @@ public:
     void play(const QString &file) override
     {
         played.append(QFileInfo(file).fileName());
-        times.append(clock.elapsed());
+        playing = true;
     }
-    void stop() override { ++stops; }
+    void stop() override { playing = false; }
 
     bool output = true;
-    int stops = 0;
+    bool playing = false;
     QStringList played;
-    QVector<qint64> times;
-    QElapsedTimer clock;
 };
 
 QMessageBox *openBox()
@@ -48,231 +39,155 @@ QMessageBox *openBox()
 
 } // namespace
 
-class TestEndNotice : public QObject {
+/// The box that tells the end of a process, above the program's window; what it sounds like is noted.
+class TestEndNotice : public QObject, private ShellRig {
     Q_OBJECT
 private slots:
     void initTestCase() { initResources(); }
     void init();
-    void cleanup();
+    void cleanup() { tearDown(); }
     void boxSaysHowItEnded_data();
     void boxSaysHowItEnded();
-    void soundFileIsTheCountrys_data();
-    void soundFileIsTheCountrys();
-    void noServerIsNoNoise();
     void soundsFollow_data();
     void soundsFollow();
-    void laterBoxHasItsOwnSecondSound();
-    void oneBoxAtATime();
-    void newProcessTakesBoxAway();
     void deviceIsFreed_data();
     void deviceIsFreed();
     void onlyMinimisedIsLifted_data();
     void onlyMinimisedIsLifted();
     void windowMayGoUnderTheBox();
+    void everyEndIsTold();
 
 private:
-    /// Shows the notice of `kind`, leaves it for `milliseconds`, runs `then` and closes the box.
-    void show(int kind, const std::function<void()> &then = {}, int milliseconds = 0);
+    /// Listens on so many ports, "COM1" first.
+    void listen(int ports);
+    static void closeBox()
+    {
+        QVERIFY(openBox());
+        openBox()->close();
+    }
+    QTimer *soundTimer() const { return notice->findChild<QTimer *>(); }
 
-    ShellFixture fixture;
-    TestTargets targets;
-    std::unique_ptr<QWidget> window;
     std::unique_ptr<NotingPlayer> player;
     QPointer<EndNotice> notice;
 };
 
 void TestEndNotice::init()
 {
-    VarnelSettings().clear();
-    window = std::make_unique<QWidget>();
-    window->show();
+    setUp();
     player = std::make_unique<NotingPlayer>();
-    player->clock.start();
-    notice = new EndNotice(window.get(), &targets, player.get(), fixture.path(QString()));
 }
 
-void TestEndNotice::cleanup()
+void TestEndNotice::listen(int ports)
 {
-    window.reset();
-    targets.clear();
-}
-
-void TestEndNotice::show(int kind, const std::function<void()> &then, int milliseconds)
-{
-    notice->show(kind);
-    QTest::qWait(milliseconds);
-    if (then)
-        then();
-    if (openBox())
-        openBox()->close();
+    QStringList names;
+    for (int i = 1; i <= ports; ++i)
+        names.append(plug(QStringLiteral("COM%1").arg(i))->portName());
+    open(names);
+    QTRY_COMPARE(listened(), names);
+    notice = new EndNotice(window.get(), &window->listenedPorts(), player.get(), fixture->path(QString()));
 }
 
 void TestEndNotice::boxSaysHowItEnded_data()
 {
-    columns<int, QString, QString, QString, QString>({"kind", "title", "text", "icon", "sound"});
-    const auto row = [](const char *name, int kind, const QStringList &words) {
-        QTest::newRow(name) << kind << words[0] << words[1] << words[2] << words[3];
-    };
-    row("error", 0, {"Error", "Error in process !", ":/Icons/error.png", "error.wav"});
-    row("aborted", 1, {"Aborted", "Process aborted by user.", ":/Icons/cancel.png", "aborted.wav"});
-    row("completed", 2, {"End", "Process completed.", ":/Icons/finish.png", "end.wav"});
-    row("unknown", 3, {"", "", "", ""});
-    row("negative", -1, {"", "", "", ""});
+    columns<int, QStringList>({"kind", "words"});
+    QTest::newRow("error") << 0
+                           << QStringList{"Error", "Error in process !", ":/Icons/error.png", "error.wav"};
+    QTest::newRow("aborted") << 1
+                             << QStringList{"Aborted", "Process aborted by user.", ":/Icons/cancel.png",
+                                    "aborted.wav"};
+    QTest::newRow("completed") << 2
+                               << QStringList{"End", "Process completed.", ":/Icons/finish.png", "end.wav"};
+    QTest::newRow("unknown") << 3 << QStringList{"", "", "", ""};
+    QTest::newRow("negative") << -1 << QStringList{"", "", "", ""};
 }
 
 void TestEndNotice::boxSaysHowItEnded()
 {
     QFETCH(int, kind);
-    QFETCH(QString, title);
-    QFETCH(QString, text);
-    QFETCH(QString, icon);
-    QFETCH(QString, sound);
-    bool seen = false;
-    show(kind, [&] {
-        const QMessageBox *box = openBox();
-        QVERIFY(box);
-        seen = true;
-        QCOMPARE(box->text(), text);
-        QCOMPARE(box->windowTitle(), title);
-        QCOMPARE(box->iconPixmap().toImage(), icon.isEmpty() ? QImage() : QPixmap(icon).toImage());
-        QVERIFY(box->windowFlags() & Qt::WindowStaysOnTopHint);
-        QCOMPARE(box->standardButtons(), QMessageBox::Close);
-        QTRY_COMPARE(player->played, sound.isEmpty() ? QStringList() : QStringList(sound));
-    });
-    QVERIFY(seen);
-    QVERIFY(!notice->isOpen());
-}
-
-void TestEndNotice::soundFileIsTheCountrys_data()
-{
-    columns<int, QStringList, QString>({"country", "there", "file"});
-    const QStringList all{
-        QStringLiteral("end.wav"), QStringLiteral("end_pl.wav"), QStringLiteral("end_de.wav")};
-    QTest::newRow("Poland") << int(QLocale::Poland) << all << "end_pl.wav";
-    QTest::newRow("Germany") << int(QLocale::Germany) << all << "end_de.wav";
-    QTest::newRow("elsewhere") << int(QLocale::France) << all << "end.wav";
-    QTest::newRow("no variant") << int(QLocale::Poland) << QStringList{all.first()} << "end.wav";
-    QTest::newRow("nothing") << int(QLocale::Germany) << QStringList() << "end.wav";
-}
-
-void TestEndNotice::soundFileIsTheCountrys()
-{
-    QFETCH(int, country);
-    QFETCH(QStringList, there);
-    QFETCH(QString, file);
-    QTemporaryDir sounds;
-    for (const QString &name : there) {
-        QFile sound(sounds.filePath(name));
-        QVERIFY(sound.open(QIODevice::WriteOnly));
-    }
-    QCOMPARE(SoundPlayer::filePath(sounds.path(), QStringLiteral("end"), QLocale::Country(country)),
-        QDir::toNativeSeparators(sounds.filePath(file)));
-}
-
-// The sound library's own list would be waited for, and complained of where there is none. A server that has
-// ended leaves its socket behind.
-void TestEndNotice::noServerIsNoNoise()
-{
-    if (QDir(QStringLiteral("/dev/snd")).exists() || QFile::exists(QStringLiteral("/run/pulse/native")))
-        QSKIP("this machine has sound");
-    QTemporaryDir runtime;
-    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtime.path()));
-    qunsetenv("PULSE_SERVER");
-    qunsetenv("PULSE_RUNTIME_PATH");
-    QVERIFY(!hasSoundOutput());
-    QVERIFY(QDir(runtime.path()).mkdir(QStringLiteral("pulse")));
-    const QByteArray path = QFile::encodeName(runtime.filePath(QStringLiteral("pulse/native")));
-    sockaddr_un address = {};
-    address.sun_family = AF_UNIX;
-    qstrncpy(address.sun_path, path.constData(), sizeof address.sun_path);
-    const int server = socket(AF_UNIX, SOCK_STREAM, 0);
-    QCOMPARE(bind(server, reinterpret_cast<const sockaddr *>(&address), sizeof address), 0);
-    QCOMPARE(listen(server, 1), 0);
-    QVERIFY(hasSoundOutput());
-    close(server);
-    QVERIFY(QFile::exists(QFile::decodeName(path)));
-    QVERIFY(!hasSoundOutput());
+    QFETCH(QStringList, words);
+    listen(0);
+    notice->show(kind);
+    notice->show(Varnel3Data::Aborted); // one at a time
+    QMessageBox *box = openBox();
+    QVERIFY(box && notice->isOpen());
+    QCOMPARE(box->windowTitle(), words[0]);
+    QCOMPARE(box->text(), words[1]);
+    QCOMPARE(box->iconPixmap().toImage(), QPixmap(words[2]).toImage());
+    QVERIFY(box->windowFlags() & Qt::WindowStaysOnTopHint);
+    QCOMPARE(box->windowModality(), Qt::ApplicationModal);
+    QCOMPARE(box->standardButtons(), QMessageBox::Close);
+    QVERIFY(player->played.isEmpty()); // the box never waits for it
+    QCoreApplication::processEvents();
+    QCOMPARE(player->played, words[3].isEmpty() ? QStringList() : QStringList(words[3]));
+    closeBox();
+    QVERIFY(!openBox() && !notice->isOpen());
 }
 
 void TestEndNotice::soundsFollow_data()
 {
-    columns<bool, bool, int, QStringList>({"output", "wanted", "openFor", "played"});
-    const QString first = QStringLiteral("end.wav");
-    const QString second = QStringLiteral("v3_mp3.wav");
-    QTest::newRow("both") << true << true << 3800 << QStringList{first, second};
-    QTest::newRow("switched off") << true << false << 3800 << QStringList{first};
-    QTest::newRow("closed before") << true << true << 1000 << QStringList{first};
-    QTest::newRow("no device") << false << true << 3800 << QStringList();
+    columns<bool, bool, bool>({"output", "wanted", "both"});
+    QTest::newRow("both") << true << true << true;
+    QTest::newRow("switched off") << true << false << false;
+    QTest::newRow("no device") << false << true << false;
 }
 
 void TestEndNotice::soundsFollow()
 {
     QFETCH(bool, output);
     QFETCH(bool, wanted);
-    QFETCH(int, openFor);
+    QFETCH(bool, both);
+    listen(0);
     VarnelSettings().setValue(QStringLiteral("/mp3/user_wave"), wanted);
     player->output = output;
-    show(Varnel3Data::Completed, {}, openFor);
-    QTest::qWait(qMax(0, 3800 - openFor));
-    QTEST(player->played, "played");
-    if (player->times.size() == 2)
-        QVERIFY(qAbs(player->times[1] - player->times[0] - 3500) < 200);
-    QVERIFY(player->stops > 0);
-}
-
-// The delay counts from the box that is open, not from one that was closed before.
-void TestEndNotice::laterBoxHasItsOwnSecondSound()
-{
-    show(Varnel3Data::Completed, {}, 1500);
-    show(Varnel3Data::Aborted, {}, 3000);
-    QCOMPARE(player->played, (QStringList{QStringLiteral("end.wav"), QStringLiteral("aborted.wav")}));
-}
-
-void TestEndNotice::oneBoxAtATime()
-{
-    show(Varnel3Data::Completed, [this] {
-        notice->show(Varnel3Data::Failed);
-        notice->show(Varnel3Data::Aborted);
-        QCOMPARE(openBox()->windowTitle(), QStringLiteral("End"));
-        QTRY_COMPARE(player->played, QStringList(QStringLiteral("end.wav")));
-    });
-    QVERIFY(!openBox());
-}
-
-void TestEndNotice::newProcessTakesBoxAway()
-{
-    targets.add();
-    show(Varnel3Data::Completed, [this] {
-        notice->dismiss();
-        QVERIFY(!notice->isOpen());
-        QVERIFY(!openBox());
-    });
-    QTest::qWait(50);
-    QCOMPARE(targets.heard(0), QByteArray()); // the device is in its next process already
+    player->playing = true; // of an earlier box
+    notice->show(Varnel3Data::Completed);
+    QCoreApplication::processEvents();
+    const QStringList first = output ? QStringList(QStringLiteral("end.wav")) : QStringList();
+    QCOMPARE(player->played, first);
+    QCOMPARE(soundTimer()->isActive(), both);
+    if (both) {
+        QVERIFY(soundTimer()->isSingleShot());
+        QCOMPARE(soundTimer()->interval(), 3500);
+        soundTimer()->start(1);
+        QTRY_COMPARE(player->played, first + QStringList(QStringLiteral("v3_mp3.wav")));
+        soundTimer()->start();
+    }
+    closeBox();
+    QVERIFY(!player->playing && !soundTimer()->isActive());
+    const int heard = player->played.size();
+    notice->playUserSound();
+    QCOMPARE(player->played.size(), heard);
+    notice->show(Varnel3Data::Aborted);
     notice->dismiss();
+    QVERIFY(!openBox() && !player->playing);
+    QCoreApplication::processEvents();
+    QVERIFY(player->played.size() == heard && !soundTimer()->isActive());
 }
 
 void TestEndNotice::deviceIsFreed_data()
 {
-    columns<int, bool, QByteArray>({"ports", "recording", "heard"});
-    QTest::newRow("only device, waiting") << 1 << false << QByteArray("#STOP\r\n");
-    QTest::newRow("only device, in its next process") << 1 << true << QByteArray();
-    QTest::newRow("one of two devices") << 2 << false << QByteArray();
+    columns<int, bool, bool, QByteArray>({"ports", "recording", "dismissed", "heard"});
+    QTest::newRow("only device, waiting") << 1 << false << false << QByteArray("#STOP\r\n");
+    QTest::newRow("only device, in its next process") << 1 << true << false << QByteArray();
+    QTest::newRow("only device, which takes the box away") << 1 << false << true << QByteArray();
+    QTest::newRow("one of two devices") << 2 << false << false << QByteArray();
 }
 
 void TestEndNotice::deviceIsFreed()
 {
     QFETCH(int, ports);
     QFETCH(bool, recording);
-    for (int i = 0; i < ports; ++i)
-        targets.add();
+    QFETCH(bool, dismissed);
+    QFETCH(QByteArray, heard);
+    listen(ports);
     if (recording) {
-        targets.say(0, recordLine);
-        QTRY_VERIFY(!targets.reader(0)->isNewProcess());
+        plugged[0]->send(Lines::charger(1));
+        QTRY_VERIFY(window->activeMdiChild() && window->activeMdiChild()->isLive());
     }
-    show(Varnel3Data::Completed);
-    QTest::qWait(50);
-    QTEST(targets.heard(0), "heard");
+    notice->show(Varnel3Data::Completed);
+    dismissed ? notice->dismiss() : closeBox();
+    QByteArray all;
+    QTRY_COMPARE(all += plugged[0]->received(), heard);
 }
 
 void TestEndNotice::onlyMinimisedIsLifted_data()
@@ -288,16 +203,73 @@ void TestEndNotice::onlyMinimisedIsLifted_data()
 void TestEndNotice::onlyMinimisedIsLifted()
 {
     QFETCH(int, before);
-    QFETCH(int, after);
+    listen(0);
     window->setWindowState(Qt::WindowStates(before));
-    show(Varnel3Data::Completed);
-    QCOMPARE(int(window->windowState()), after);
+    notice->show(Varnel3Data::Completed);
+    QTEST(int(window->windowState()), "after");
+    closeBox();
+    window->close();
+    notice->show(Varnel3Data::Completed); // the program ends
+    QVERIFY(!openBox() && !window->isVisible());
 }
 
 void TestEndNotice::windowMayGoUnderTheBox()
 {
-    show(Varnel3Data::Completed, [this] { window.reset(); });
-    QVERIFY(!notice);
+    listen(0);
+    notice->show(Varnel3Data::Completed);
+    window.reset();
+    QVERIFY(!notice && !openBox());
+}
+
+// The box is about the first; the second ends under it; the third begins and takes it away.
+void TestEndNotice::everyEndIsTold()
+{
+    listen(3);
+    const auto completed = [this] { return fact(StatusFacts::Completed); };
+    for (size_t port : {0, 1}) {
+        plugged[port]->send(Lines::charger(3423));
+        QTRY_VERIFY(
+            window->activeMdiChild() && window->activeMdiChild()->fileName() == plugged[port]->portName());
+    }
+    plugged[0]->send(Lines::charger(3424, 'E').repeated(2)); // which is one end
+    QTRY_VERIFY(openBox());
+    QCOMPARE(openBox()->text(), QStringLiteral("Process completed."));
+    QCOMPARE(openBox()->informativeText(), QStringLiteral("COM1, 6 x LiPo, 0.150 Ah in 00:57:04"));
+    plugged[1]->send(Lines::charger(3424, 'S'));
+    QTRY_VERIFY(fact(StatusFacts::Failed)
+                    .contains(QRegularExpression(QStringLiteral("^Error: COM2 \\d\\d:\\d\\d$"))));
+    QVERIFY(openBox()->informativeText().startsWith(QLatin1String("COM1")));
+    QCOMPARE(completed(), QString());
+    plugged[2]->send(Lines::charger(1));
+    QTRY_VERIFY(completed().startsWith(QLatin1String("Completed: COM1 ")));
+    QVERIFY(!openBox());
+    const QList<MdiGraphChild *> children = window->mdiChildren();
+    children[0]->parentWidget()->close();
+    QTRY_COMPARE(completed(), QString());
+    QVERIFY(!fact(StatusFacts::Failed).isEmpty());
+    window->findChild<QMdiArea *>()->setActiveSubWindow(
+        qobject_cast<QMdiSubWindow *>(children[1]->parentWidget()));
+    QCOMPARE(fact(StatusFacts::Failed), QString());
+    // One without a window is named until the next process of its port.
+    children[2]->parentWidget()->close();
+    QTRY_COMPARE(window->mdiChildren().size(), 1);
+    plugged[1]->send(Lines::charger(1) + Lines::charger(2, 'M'));
+    QTRY_VERIFY(openBox());
+    plugged[2]->send(Lines::charger(2, 'E'));
+    QTRY_VERIFY(completed().startsWith(QLatin1String("Completed: COM3 ")));
+    closeBox();
+    QVERIFY(!completed().isEmpty());
+    QCOMPARE(fact(StatusFacts::Aborted), QString()); // the user has closed its box
+    plugged[2]->send(Lines::charger(1));
+    QTRY_COMPARE(completed(), QString());
+    // Its own next process takes a box away, and nothing is left to tell.
+    plugged[2]->send(Lines::charger(2, 'E'));
+    QTRY_VERIFY(openBox());
+    plugged[2]->send(Lines::charger(1));
+    QTRY_VERIFY(!openBox());
+    QCOMPARE(completed(), QString());
+    for (const auto &line : plugged)
+        QCOMPARE(line->received(), QByteArray());
 }
 
 QTEST_MAIN(TestEndNotice)
