@@ -153,7 +153,8 @@ void MainWindow::connectParts()
     connect(graphs, SIGNAL(renumberNeeded()), this, SLOT(renumerateWindows()));
     connect(graphs, SIGNAL(selectedCellsChanged()), this, SLOT(updateVoltage()));
     connect(documents, SIGNAL(opened()), this, SLOT(renumerateWindows()));
-    for (const QObject *teller : QVector<const QObject *>{graphs, documents, unsaved, tools, commands})
+    for (const QObject *teller :
+        QVector<const QObject *>{graphs, documents, unsaved, tools, commands, readerHost, ports})
         connect(teller, SIGNAL(message(QString,int)), this, SLOT(showMessageStatusBar(QString,int)));
     connect(graphs, SIGNAL(currentChanged()), this, SLOT(updateMenus()));
     connect(graphs, SIGNAL(currentChanged()), staleWatch, SLOT(look()));
@@ -165,8 +166,6 @@ void MainWindow::connectParts()
     connect(displays, SIGNAL(capacityClosed()), switches, SLOT(barGraphClosed()));
     connect(displays, SIGNAL(voltageClosed()), switches, SLOT(graphClosed()));
     connect(displays, SIGNAL(powerClosed()), switches, SLOT(powerClosed()));
-    connect(readerHost, SIGNAL(message(QString,int)), this, SLOT(showMessageStatusBar(QString,int)));
-    connect(ports, SIGNAL(message(QString,int)), this, SLOT(showMessageStatusBar(QString,int)));
     connect(ports, SIGNAL(changed()), this, SLOT(listenedPortsChanged()));
     connect(ports, SIGNAL(changed()), remoteControls, SLOT(refresh()));
     // Queued: a new window is current before its reader is attached.

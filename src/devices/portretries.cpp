@@ -6,38 +6,38 @@
 
 PortRetries::PortRetries(QObject *parent)
     : QObject(parent)
-    , timer(new QTimer(this))
+    , m_timer(new QTimer(this))
 {
-    connect(timer, SIGNAL(timeout()), this, SLOT(onTimer()));
+    connect(m_timer, SIGNAL(timeout()), this, SLOT(onTimer()));
 }
 
 void PortRetries::start(const QString &portName)
 {
-    waiting[portName].start();
+    m_waiting[portName].start();
     schedule();
     emit attempt(portName, false);
 }
 
 void PortRetries::wait(const QString &portName)
 {
-    waiting[portName].invalidate();
+    m_waiting[portName].invalidate();
     schedule();
 }
 
 void PortRetries::stop(const QString &portName)
 {
-    if (waiting.remove(portName) > 0)
+    if (m_waiting.remove(portName) > 0)
         schedule();
 }
 
 void PortRetries::onTimer()
 {
-    const QStringList due = waiting.keys();
+    const QStringList due = m_waiting.keys();
     for (const QString &port : due) {
-        const auto entry = waiting.find(port);
-        if (entry == waiting.end()) // an attempt on another port may have changed the list
+        const auto entry = m_waiting.find(port);
+        if (entry == m_waiting.end()) // an attempt on another port may have changed the list
             continue;
-        const bool tell = entry->isValid() && entry->elapsed() >= patience;
+        const bool tell = entry->isValid() && entry->elapsed() >= m_pace.patience;
         if (tell)
             wait(port);
         emit attempt(port, tell);
@@ -47,10 +47,10 @@ void PortRetries::onTimer()
 void PortRetries::schedule()
 {
     const bool anyFresh = std::any_of(
-        waiting.cbegin(), waiting.cend(), [](const QElapsedTimer &since) { return since.isValid(); });
-    const int wanted = anyFresh ? interval : slowInterval;
-    if (waiting.isEmpty())
-        timer->stop();
-    else if (!timer->isActive() || timer->interval() != wanted)
-        timer->start(wanted);
+        m_waiting.cbegin(), m_waiting.cend(), [](const QElapsedTimer &since) { return since.isValid(); });
+    const int wanted = anyFresh ? m_pace.interval : m_pace.slowInterval;
+    if (m_waiting.isEmpty())
+        m_timer->stop();
+    else if (!m_timer->isActive() || m_timer->interval() != wanted)
+        m_timer->start(wanted);
 }

@@ -13,18 +13,23 @@ class PortRetries : public QObject {
     Q_OBJECT
 
 public:
-    static constexpr int interval = 250; // ms
-    static constexpr int patience = 3000; // ms until a failure is to be told
-    static constexpr int slowInterval = 2000; // ms, once it has been told
+    /// In ms.
+    struct Pace {
+        int interval = 250; ///< between two attempts
+        int patience = 3000; ///< until a failure is to be told
+        int slowInterval = 2000; ///< between two attempts once it has been told
+    };
 
     explicit PortRetries(QObject *parent);
+    /// Holds from the next port on that is waited for.
+    void setPace(const Pace &pace) { m_pace = pace; }
 
     /// `portName` has just arrived: the first attempt is made at once.
     void start(const QString &portName);
     /// `portName` could not be opened, which was told.
     void wait(const QString &portName);
     void stop(const QString &portName);
-    QStringList ports() const { return waiting.keys(); }
+    QStringList ports() const { return m_waiting.keys(); }
 
 signals:
     /// Try to open `portName`; with `tell` set the user is to hear that it fails, once a port.
@@ -36,6 +41,7 @@ private slots:
 private:
     void schedule();
 
-    QTimer *timer;
-    QMap<QString, QElapsedTimer> waiting; ///< time since the arrival; invalid once the failure was told
+    QTimer *m_timer; // child
+    Pace m_pace;
+    QMap<QString, QElapsedTimer> m_waiting; // time since the arrival; invalid once the failure was told
 };

@@ -26,8 +26,6 @@ private slots:
     void clockOfCurrentDeviceOnly();
 
 private:
-    /// Listens on so many ports, "COM1" first.
-    void listen(int count);
     /// The process of the `port`th device is recorded in the current window.
     void record(int port)
     {
@@ -39,15 +37,6 @@ private:
 
     QMap<int, QByteArray> allHeard;
 };
-
-void TestDeviceCommands::listen(int count)
-{
-    QStringList ports;
-    for (int i = 1; i <= count; ++i)
-        ports.append(plug(QStringLiteral("COM%1").arg(i))->portName());
-    open(ports);
-    QTRY_COMPARE(listened(), ports);
-}
 
 void TestDeviceCommands::stopGoesToOneDevice_data()
 {

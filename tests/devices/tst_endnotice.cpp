@@ -58,7 +58,7 @@ private slots:
     void everyEndIsTold();
 
 private:
-    /// Listens on so many ports, "COM1" first.
+    /// As the rig does, and has a notice of its own above the window.
     void listen(int ports);
     static void closeBox()
     {
@@ -79,11 +79,7 @@ void TestEndNotice::init()
 
 void TestEndNotice::listen(int ports)
 {
-    QStringList names;
-    for (int i = 1; i <= ports; ++i)
-        names.append(plug(QStringLiteral("COM%1").arg(i))->portName());
-    open(names);
-    QTRY_COMPARE(listened(), names);
+    ShellRig::listen(ports);
     notice = new EndNotice(window.get(), &window->listenedPorts(), player.get(), fixture->path(QString()));
 }
 
@@ -229,7 +225,7 @@ void TestEndNotice::everyEndIsTold()
     for (size_t port : {0, 1}) {
         plugged[port]->send(Lines::charger(3423));
         QTRY_VERIFY(
-            window->activeMdiChild() && window->activeMdiChild()->fileName() == plugged[port]->portName());
+            window->activeMdiChild() && window->activeMdiChild()->portName() == plugged[port]->portName());
     }
     plugged[0]->send(Lines::charger(3424, 'E').repeated(2)); // which is one end
     QTRY_VERIFY(openBox());

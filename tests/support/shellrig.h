@@ -4,6 +4,7 @@
 #include "devices/listenedports.h"
 #include "app/mainwindow.h"
 #include "desk/statusfacts.h"
+#include "ports/portwatcher.h"
 #include "settings/varnelsettings.h"
 #include "support/ptypair.h"
 #include "support/shellfixture.h"
@@ -12,6 +13,7 @@
 #include <QMessageBox>
 #include <QStatusBar>
 #include <QTest>
+#include <QTimer>
 
 #include <memory>
 #include <vector>
@@ -39,7 +41,18 @@ protected:
         VarnelSettings().setPorts(ports);
         window = std::make_unique<MainWindow>();
         window->show();
+        window->findChild<PortWatcher *>()->findChild<QTimer *>()->setInterval(50);
         QTRY_VERIFY(message() != QLatin1String("Ready") && !message().endsWith(QLatin1String("...")));
+    }
+
+    /// Plugs so many devices in, "COM1" first, and listens on them.
+    void listen(int count)
+    {
+        QStringList ports;
+        for (int i = 1; i <= count; ++i)
+            ports.append(plug(QStringLiteral("COM%1").arg(i))->portName());
+        open(ports);
+        QCOMPARE(listened(), ports);
     }
 
     void trigger(ActionId id) const { window->actionSet()[id]->trigger(); }
