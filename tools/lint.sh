@@ -99,15 +99,13 @@ for_each_source() {
         'mark=$(mark_of "$0" "$1"); [ -e "$mark" ] || { "$0" "$1" && touch "$mark"; }' "$check"
 }
 
-# A mark's name holds the file and the state of all that its finding depends on: the rules, the flags, and the
-# text of the file and of every own header (which of them it includes is not worth finding out).
+# A mark's name holds the file and the state of all that its finding depends on.
 mark_of() {
-    printf '%s/%s.%s.%s' "$marks" "$1" "${2//\//-}" "$(cat "$2" "$marks/state" | cksum | tr ' ' -)"
+    printf '%s/%s.%s.%s' "$marks" "$1" "${2//\//-}" "$(sed -n "s|^$2 ||p" "$marks/states")"
 }
-{
-    cat .clang-tidy tests/.clang-tidy "$marks/compile_commands.json" tools/lint.sh
-    find src tools tests benchmarks -name '*.h' -exec cat {} +
-} | cksum >"$marks/state"
+mapfile -t rules < <(find . -name build -prune -o -name .clang-tidy -print | sort)
+printf '%s\n' "${sources[@]}" | python3 tools/lintstates.py "$marks/compile_commands.json" "${rules[@]}" \
+    tools/lint.sh >"$marks/states" || exit 1
 
 tidy_file() {
     clang-tidy --quiet -p "$marks" --header-filter="^$PWD/(src|tools|tests|benchmarks)/" \
