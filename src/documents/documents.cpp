@@ -2,8 +2,10 @@
 
 #include "documents/datafilesmodel.h"
 #include "desk/displaywindows.h"
+#include "documents/dialogplaces.h"
 #include "documents/filequeue.h"
 #include "documents/filewriter.h"
+#include "documents/folderview.h"
 #include "desk/graphwindows.h"
 #include "desk/windowfiles.h"
 #include "documents/recordingsmodel.h"
@@ -19,7 +21,6 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QFileSystemModel>
 #include <QHeaderView>
 #include <QListView>
 #include <QTimer>
@@ -97,11 +98,15 @@ Documents::Documents(QWidget *shellWindow, ProgressStrip *strip, FileWriter *fil
 
 void Documents::openDialog()
 {
+    const DialogPlaces places(lastFolder());
     QFileDialog dialog(
-        shell, tr("Chose varnel data file names"), lastFolder(), tr("Varnel files (*.acp *.abp)"));
+        shell, tr("Chose varnel data file names"), places.first(), tr("Varnel files (*.acp *.abp)"));
     dialog.setOption(QFileDialog::DontUseNativeDialog); // a native one would show no labels
     dialog.resize(dialogSize);
-    dialog.setProxyModel(new DataFilesModel({QStringLiteral(".acp"), QStringLiteral(".abp")}, &dialog));
+    auto *view
+        = new FolderView(&dialog, new DataFilesModel({QStringLiteral(".acp"), QStringLiteral(".abp")}));
+    if (places.isSilent())
+        view->goTo(lastFolder());
     const QStringList files = openFrom(dialog);
     if (!files.isEmpty())
         keepLastFolder(files.first());
@@ -110,16 +115,20 @@ void Documents::openDialog()
 void Documents::openRecordings()
 {
     const QString folder = windowFiles->folder().path();
-    QDir().mkpath(folder); // nothing may have been recorded yet
-    QFileDialog dialog(shell, tr("Open recordings"), folder, tr("Recordings (*.acp)"));
+    const DialogPlaces places(folder);
+    if (!places.isSilent())
+        QDir().mkpath(folder); // nothing may have been recorded yet
+    QFileDialog dialog(shell, tr("Open recordings"), places.first(), tr("Recordings (*.acp)"));
     dialog.setOption(QFileDialog::DontUseNativeDialog); // only then there are views
     dialog.resize(dialogSize);
-    dialog.setProxyModel(new RecordingsModel(&dialog));
+    auto *view = new FolderView(&dialog, new RecordingsModel(&dialog));
     const QByteArray usualHeader = detailsOf(dialog)->header()->saveState();
     const QFileDialog::ViewMode usualMode = dialog.viewMode();
     if (!dialog.restoreState(VarnelSettings().value(SettingsKey::recordingsDialog).toByteArray()))
         arrangeRecordings(dialog);
-    dialog.setDirectory(folder);
+    dialog.setDirectory(places.first());
+    if (places.isSilent())
+        view->goTo(folder);
     openFrom(dialog);
     VarnelSettings().setValue(SettingsKey::recordingsDialog, dialog.saveState());
     // What it leaves is where the next dialog of any kind begins.
@@ -148,7 +157,6 @@ QStringList Documents::openFrom(QFileDialog &dialog)
     displays->hideAll();
     displaysHidden = true;
     dialog.setFileMode(QFileDialog::ExistingFiles);
-    dialog.findChild<QFileSystemModel *>()->setNameFilters({}); // the proxy's work
     auto *delegate = new VarelStyledItemDelegate(&labels, &dialog);
     for (QAbstractItemView *view :
         {static_cast<QAbstractItemView *>(dialog.findChild<QListView *>("listView")),
@@ -156,9 +164,9 @@ QStringList Documents::openFrom(QFileDialog &dialog)
         if (view)
             view->setItemDelegate(delegate);
     }
-    // The list asks for all labels, of which each reads a file: not at once.
-    dialog.findChild<QListView *>(QStringLiteral("listView"))->setLayoutMode(QListView::Batched);
     const QStringList files = dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
+    dialog.setDirectory(
+        QDir::homePath()); // where the next one looks first, and this disk may be gone by then
     if (files.isEmpty())
         onFinished({}, 0);
     else

@@ -1,9 +1,5 @@
 #include "documents/recordingsmodel.h"
 
-#include "journal/recordinglength.h"
-
-#include <QFileSystemModel>
-
 RecordingsModel::RecordingsModel(QObject *parent)
     : DataFilesModel({QStringLiteral(".acp")}, parent)
 {
@@ -13,8 +9,6 @@ QVariant RecordingsModel::data(const QModelIndex &index, int role) const
 {
     if (index.column() == lengthColumn && role == Qt::TextAlignmentRole)
         return int(Qt::AlignRight | Qt::AlignVCenter);
-    if (index.column() == lengthColumn && role == Qt::DisplayRole)
-        return lengthOf(index.sibling(index.row(), 0).data(QFileSystemModel::FilePathRole).toString());
     return DataFilesModel::data(index, role);
 }
 
@@ -25,14 +19,15 @@ QVariant RecordingsModel::headerData(int section, Qt::Orientation orientation, i
     return DataFilesModel::headerData(section, orientation, role);
 }
 
-QString RecordingsModel::lengthOf(const QString &path) const
+QString RecordingsModel::columnText(const FolderEntry &entry, const FileDetails &details, int column) const
 {
-    const auto known = m_lengths.constFind(path);
-    if (known != m_lengths.constEnd())
-        return *known;
-    const int seconds = recordingLength(path);
-    const QString text
-        = seconds < 0 ? QString() : QString::asprintf("%d:%02d", seconds / 3600, seconds / 60 % 60);
-    m_lengths.insert(path, text);
-    return text;
+    if (column != lengthColumn)
+        return DataFilesModel::columnText(entry, details, column);
+    const int seconds = details.seconds;
+    return seconds < 0 ? QString() : QString::asprintf("%d:%02d", seconds / 3600, seconds / 60 % 60);
+}
+
+FolderQuestion::Column RecordingsModel::sortedBy(int column) const
+{
+    return column == lengthColumn ? FolderQuestion::Length : DataFilesModel::sortedBy(column);
 }

@@ -2,8 +2,6 @@
 
 #include "documents/datafilesmodel.h"
 
-#include <QHash>
-
 /// The files of a file dialog, with the length of each recording where the dialog shows their kind.
 class RecordingsModel : public DataFilesModel {
     Q_OBJECT
@@ -16,8 +14,8 @@ public:
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
-private:
-    QString lengthOf(const QString &path) const;
-
-    mutable QHash<QString, QString> m_lengths; ///< by path; each file is read once
+protected:
+    QString columnText(const FolderEntry &entry, const FileDetails &details, int column) const override;
+    FolderQuestion::Column sortedBy(int column) const override;
+    bool wantsLength() const override { return true; }
 };

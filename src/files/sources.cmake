@@ -19,6 +19,7 @@ target_sources(varnel_core PRIVATE
     files/recordlines.cpp files/recordlines.h
     files/recordlabel.cpp files/recordlabel.h
     files/lockedfile.h
+    files/diskjobs.cpp files/diskjobs.h
     files/disksyncer.cpp files/disksyncer.h
     files/filepieces.h
     files/wholefile.cpp files/wholefile.h

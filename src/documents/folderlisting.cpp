@@ -1,0 +1,165 @@
+#include "documents/folderlisting.h"
+
+#include "journal/recordinglength.h"
+#include "files/filekind.h"
+#include "files/recordlabel.h"
+
+#include <QCollator>
+#include <QCoreApplication>
+#include <QDir>
+#include <QDirIterator>
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+struct SortedEntry {
+    FolderEntry entry;
+    QCollatorSortKey name;
+    QCollatorSortKey type;
+    qint64 number; // what the column holds, if it is one
+};
+
+class Sorter {
+public:
+    explicit Sorter(const FolderQuestion &question)
+        : m_question(question)
+        , m_noType(m_collator.sortKey(QString()))
+    {
+        m_collator.setNumericMode(true);
+        m_collator.setCaseSensitivity(Qt::CaseInsensitive);
+    }
+
+    void add(const FolderEntry &entry)
+    {
+        const bool byType = m_question.column == FolderQuestion::Type;
+        m_entries.push_back({entry, m_collator.sortKey(entry.name),
+            byType ? m_collator.sortKey(typeText(entry.name, entry.isFolder)) : m_noType, number(entry)});
+    }
+
+    FolderListing take()
+    {
+        std::sort(m_entries.begin(), m_entries.end(),
+            [this](const SortedEntry &left, const SortedEntry &right) { return isLess(left, right); });
+        if (m_question.descending)
+            std::reverse(m_entries.begin(), m_entries.end());
+        FolderListing listing;
+        const int count = int(m_entries.size());
+        listing.entries.reserve(count);
+        listing.rows.reserve(count);
+        listing.names.reserve(count);
+        for (const SortedEntry &one : m_entries) {
+            listing.rows.insert(one.entry.name, listing.entries.size());
+            listing.entries.append(one.entry);
+            listing.names.append(one.entry.name);
+            if (one.entry.name.size() > listing.longest.size())
+                listing.longest = one.entry.name;
+        }
+        listing.names.sort(Qt::CaseInsensitive);
+        return listing;
+    }
+
+private:
+    qint64 number(const FolderEntry &entry) const
+    {
+        const QString path = pathInFolder(m_question.folder, entry.name);
+        switch (m_question.column) {
+        case FolderQuestion::Size:
+            return QFileInfo(path).size();
+        case FolderQuestion::Modified:
+            return QFileInfo(path).lastModified().toMSecsSinceEpoch();
+        case FolderQuestion::Length:
+            return recordingLength(path);
+        default:
+            return 0;
+        }
+    }
+
+    // As QFileSystemModel has it: folders come first by name and size only.
+    bool isLess(const SortedEntry &left, const SortedEntry &right) const
+    {
+        const bool foldersFirst
+            = m_question.column == FolderQuestion::Name || m_question.column == FolderQuestion::Size;
+        if (foldersFirst && left.entry.isFolder != right.entry.isFolder)
+            return left.entry.isFolder;
+        if (left.number != right.number && !(foldersFirst && left.entry.isFolder))
+            return left.number < right.number;
+        const int type = left.type.compare(right.type);
+        return type == 0 ? left.name < right.name : type < 0;
+    }
+
+    const FolderQuestion &m_question;
+    QCollator m_collator;
+    QCollatorSortKey m_noType;
+    std::vector<SortedEntry> m_entries;
+};
+
+bool endsWithOne(const QString &name, const QStringList &endings)
+{
+    return endings.isEmpty() || std::any_of(endings.begin(), endings.end(), [&name](const QString &ending) {
+        return name.endsWith(ending, Qt::CaseInsensitive);
+    });
+}
+
+QDir::Filters filtersOf(const FolderQuestion &question)
+{
+    // With these the iterator does not ask the system for each file.
+    const QDir::Filters all = QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot;
+    return question.hidden ? all | QDir::Hidden : all;
+}
+
+} // namespace
+
+FolderListing listFolder(const FolderQuestion &question)
+{
+    Sorter sorter(question);
+    if (question.folder.isEmpty()) {
+        const QFileInfoList drives = QDir::drives();
+        for (const QFileInfo &drive : drives)
+            sorter.add({drive.absoluteFilePath(), true});
+        return sorter.take();
+    }
+    QDirIterator files(question.folder, filtersOf(question));
+    while (files.hasNext()) {
+        files.next();
+        const FolderEntry entry{files.fileName(), files.fileInfo().isDir()};
+        if (entry.isFolder || endsWithOne(entry.name, question.endings))
+            sorter.add(entry);
+    }
+    return sorter.take();
+}
+
+QString pathInFolder(const QString &folder, const QString &name)
+{
+    if (folder.isEmpty())
+        return name;
+    return folder.endsWith(QLatin1Char('/')) ? folder + name : folder + QLatin1Char('/') + name;
+}
+
+QString typeText(const QString &name, bool isFolder)
+{
+    const char context[] = "QFileDialog"; // is translated there
+    if (isFolder)
+        return QCoreApplication::translate(context, "Folder", "All other platforms");
+    const QString ending = QFileInfo(name).suffix();
+    return ending.isEmpty() ? QCoreApplication::translate(context, "File")
+                            : QCoreApplication::translate(context, "%1 File").arg(ending);
+}
+
+FileDetails fileDetails(const QString &path, bool withLength)
+{
+    const QFileInfo info(path);
+    FileDetails details;
+    details.isFolder = info.isDir();
+    details.isWritable = info.permission(QFile::WriteUser);
+    details.size = info.size();
+    details.modified = info.lastModified();
+    if (!details.isFolder && FileKind::isDataFile(path)) {
+        QCache<QString, QString> cache;
+        details.label = recordLabel(cache, path);
+        if (withLength)
+            details.seconds = recordingLength(path);
+    }
+    return details;
+}
