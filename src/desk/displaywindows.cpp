@@ -9,6 +9,7 @@
 #include "displays/voltagesource.h"
 #include "desk/windowplace.h"
 #include "graph/mdigraphchild.h"
+#include "settings/settingskeys.h"
 #include "settings/varnelsettings.h"
 #include "settings/viewstate.h"
 #include "widgets/displayscale.h"
@@ -25,26 +26,6 @@ constexpr QPoint firstCapacityPlace(2, 316);
 constexpr QPoint firstPowerPlace(2, 670);
 constexpr QSize firstVoltageSize(640, 360);
 constexpr QPoint firstVoltagePlace(490, 316); // beside the others
-
-QString capacityGroup()
-{
-    return QStringLiteral("capacitydisplay");
-}
-
-QString powerGroup()
-{
-    return QStringLiteral("powerdisplay");
-}
-
-QString voltageGroup()
-{
-    return QStringLiteral("voltagecomp");
-}
-
-QString dataPlaceKey()
-{
-    return QStringLiteral("datadisplay/pos");
-}
 
 CapacityEntry entryOf(const MdiGraphChild &child)
 {
@@ -148,14 +129,14 @@ VoltageComparison *DisplayWindows::createVoltage()
     comparison->setViewState(m_state);
     comparison->setSource(m_source);
     const QSize size(scaled(firstVoltageSize.width()), scaled(firstVoltageSize.height()));
-    WindowPlace::restore(comparison, voltageGroup(), VarnelSettings(), size, firstVoltagePlace);
+    WindowPlace::restore(comparison, SettingsKey::voltageGroup, VarnelSettings(), size, firstVoltagePlace);
     return comparison;
 }
 
 void DisplayWindows::onVoltageClosed()
 {
     VarnelSettings settings;
-    WindowPlace::save(*m_voltage, voltageGroup(), &settings);
+    WindowPlace::save(*m_voltage, SettingsKey::voltageGroup, &settings);
 }
 
 void DisplayWindows::updateVoltage()
@@ -251,9 +232,10 @@ void DisplayWindows::printPower()
 
 void DisplayWindows::readPlaces(const VarnelSettings &settings)
 {
-    WindowPlace::place(m_data, settings.value(dataPlaceKey()), firstDataPlace); // its size is fixed
-    WindowPlace::restore(m_capacity, capacityGroup(), settings, firstSize, firstCapacityPlace);
-    WindowPlace::restore(m_power, powerGroup(), settings, firstSize, firstPowerPlace);
+    WindowPlace::place(
+        m_data, settings.value(SettingsKey::dataDisplayPos), firstDataPlace); // its size is fixed
+    WindowPlace::restore(m_capacity, SettingsKey::capacityGroup, settings, firstSize, firstCapacityPlace);
+    WindowPlace::restore(m_power, SettingsKey::powerGroup, settings, firstSize, firstPowerPlace);
 }
 
 void DisplayWindows::writePlaces(VarnelSettings *settings)
@@ -261,9 +243,9 @@ void DisplayWindows::writePlaces(VarnelSettings *settings)
     settle(m_data); // the next start takes it for the user's wish
     settle(m_capacity);
     settle(m_power);
-    settings->setValue(dataPlaceKey(), m_data->pos());
-    WindowPlace::save(*m_capacity, capacityGroup(), settings);
-    WindowPlace::save(*m_power, powerGroup(), settings);
+    settings->setValue(SettingsKey::dataDisplayPos, m_data->pos());
+    WindowPlace::save(*m_capacity, SettingsKey::capacityGroup, settings);
+    WindowPlace::save(*m_power, SettingsKey::powerGroup, settings);
     if (m_voltage)
-        WindowPlace::save(*m_voltage, voltageGroup(), settings);
+        WindowPlace::save(*m_voltage, SettingsKey::voltageGroup, settings);
 }
