@@ -32,8 +32,8 @@ RULES = {
     "desk": {"data", "settings", "journal", "files", "widgets", "printing", "graph", "displays"},
     "machine": {"settings"},
     "devices": {"data", "settings", "ports", "link", "dialogs", "desk", "machine"},
-    "documents": {"data", "settings", "files", "journal", "series", "widgets", "printing", "graph/scene", "graph/plot",
-                  "graph", "desk"},
+    "documents": {"data", "settings", "files", "journal", "series", "widgets", "printing", "graph/scene",
+                  "graph/plot", "graph", "desk"},
     "resources": set(),
 }
 RULES["app"] = set(RULES)

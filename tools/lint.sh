@@ -130,7 +130,8 @@ clazy_file() {
 check_cppcheck() {
     cppcheck --quiet --library=qt --std=c++17 --enable=warning,performance,portability --inline-suppr \
         --suppressions-list=tools/cppcheck-suppressions.txt --error-exitcode=1 -j "$jobs" \
-        --cppcheck-build-dir="$marks" "-DVARNELGRAPH_VERSION=\"0\"" -I src -I tools -I tests -I benchmarks src tools tests benchmarks
+        --cppcheck-build-dir="$marks" "-DVARNELGRAPH_VERSION=\"0\"" \
+        -I src -I tools -I tests -I benchmarks src tools tests benchmarks
 }
 
 step format check_format

@@ -2,8 +2,8 @@
 
 usage: lintstates.py COMPILE_COMMANDS RULE_FILE... <NAMES
 
-That is the source's own text, the own headers that it includes, be it through others, how it is compiled, and the
-rules. A header that was changed has those sources read again that see it, and no others.
+That is the source's own text, the own headers that it includes, be it through others, how it is compiled,
+and the rules. A header that was changed has those sources read again that see it, and no others.
 """
 import hashlib
 import json

@@ -37,12 +37,14 @@ TEXT
 
 check_texts() {
     say "checking the package"
-    lintian --fail-on error,warning --show-overrides "${package%.deb}.changes" || fail "lintian has complaints"
+    lintian --fail-on error,warning --show-overrides "${package%.deb}.changes" ||
+        fail "lintian has complaints"
     appstreamcli validate --no-net packaging/varnelgraph.metainfo.xml || fail "the metadata are not valid"
     desktop-file-validate packaging/varnelgraph.desktop || fail "the desktop entry is not valid"
     xmllint --noout packaging/varnelgraph-mime.xml || fail "the file types are not valid"
     local complaints
-    complaints=$(LC_ALL=C.UTF-8 MANWIDTH=80 man --warnings -Tutf8 -Z -l packaging/varnelgraph.1 2>&1 >/dev/null)
+    complaints=$(LC_ALL=C.UTF-8 MANWIDTH=80 man --warnings -Tutf8 -Z -l packaging/varnelgraph.1 \
+        2>&1 >/dev/null)
     [ -z "$complaints" ] || fail "the manual page: $complaints"
 }
 
@@ -62,7 +64,8 @@ check_bare() {
     chmod 755 "$bare"
     release=$(. /etc/os-release && echo "$VERSION_CODENAME")
     sources=$(find /etc/apt -name '*.sources' -o -name sources.list)
-    if ! mmdebstrap --variant=apt --skip=cleanup/apt/lists "$release" "$bare/root" $sources >"$bare/log" 2>&1; then
+    if ! mmdebstrap --variant=apt --skip=cleanup/apt/lists "$release" "$bare/root" $sources \
+        >"$bare/log" 2>&1; then
         say "not tried in a bare system: none can be made here ($(tail -n 1 "$bare/log"))"
         rm -rf "$bare"
         return 0

@@ -1,7 +1,8 @@
 // Renders the SVG icons of the program to the formats that its resources hold:
-//   rendericons FOLDER FILE.svg...      FOLDER/FILE.png in the drawing's own size, FOLDER/FILE@2x.png twice that
+//   rendericons FOLDER FILE.svg...      FOLDER/FILE.png in the drawing's own size, FOLDER/FILE@2x.png twice
+//                                       that
 //   rendericons --ico OUT.ico FILE.svg  one icon file with the sizes that desktops ask for
-//   rendericons --theme FOLDER NAME FILE.svg SIDE...  FOLDER/SIDExSIDE/apps/NAME.png, as an icon theme has them
+//   rendericons --theme FOLDER NAME FILE.svg SIDE...  FOLDER/SIDExSIDE/apps/NAME.png, as icon themes have it
 #include <QBuffer>
 #include <QCoreApplication>
 #include <QDataStream>

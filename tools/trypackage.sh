@@ -1,4 +1,5 @@
-# Run as root in a bare system made for it: /tmp/varnelgraph.deb is installed, used and purged; nothing may stay.
+# Run as root in a bare system made for it: /tmp/varnelgraph.deb is installed, used and purged; nothing may
+# stay.
 say() { echo "  $*"; }
 fail() {
     echo "  failed: $*" >&2
@@ -11,8 +12,9 @@ listing() {
     set -- /proc /sys /dev /tmp /run /var/log /var/cache /var/lib/dpkg /var/lib/apt /home /root
     find / -xdev | sort | grep -vE "^($(echo "$*" | tr ' ' '|'))(/|$)"
 }
-install() { apt-get -q install -y --no-install-recommends "$@" >>/tmp/apt.log 2>&1 || { cat /tmp/apt.log; fail "$*"; }; }
-purge() { dpkg --purge varnelgraph >>/tmp/apt.log 2>&1 || { cat /tmp/apt.log; fail "purging"; }; }
+logged() { "$@" >>/tmp/apt.log 2>&1 || { cat /tmp/apt.log; fail "$*"; }; }
+install() { logged apt-get -q install -y --no-install-recommends "$@"; }
+purge() { logged dpkg --purge varnelgraph; }
 as_somebody() { su somebody -c "cd; export QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR=/tmp/runtime; $1"; }
 
 export DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8
@@ -51,7 +53,7 @@ cat >/tmp/record.sh <<'TEXT'
 mkdir -p .config/VarnelGraph
 printf '[General]\nports=COM1\n' >.config/VarnelGraph/VarnelGraph.ini
 export VARNEL_PORT_DIR=/tmp/runtime
-/tmp/varnelsim --quiet --speed 20 --dir /tmp/runtime --device COM1:varnel3,mode=charge,cells=6,balance </dev/null &
+/tmp/varnelsim --quiet --speed 20 --dir $VARNEL_PORT_DIR --device COM1:varnel3,cells=6,balance </dev/null &
 device=$!
 while [ ! -e /tmp/runtime/COM1 ] && kill -0 $device; do sleep 0.1; done
 varnelgraph >/tmp/runtime/program.log 2>&1 &

@@ -5,32 +5,40 @@
 /// What stands in the settings file under which name. Files of other versions have the same: a name stays.
 namespace SettingsKey {
 
-constexpr QLatin1String ports{"ports"};
-constexpr QLatin1String sendTime{"sendTime"};
-constexpr QLatin1String userWave{"/mp3/user_wave"}; ///< by hand only; true when absent
-constexpr QLatin1String keepAwake{"power/keepAwake"}; ///< by hand only; true when absent
+/// Not every compiler counts the letters of a text beforehand.
+template <int size>
+constexpr QLatin1String key(const char (&text)[size])
+{
+    return QLatin1String(text, size - 1);
+}
 
-constexpr QLatin1String journalEnabled{"journal/enabled"};
-constexpr QLatin1String journalMaxAge{"journal/maxAgeDays"};
-constexpr QLatin1String journalToldSize{"journal/toldSize"}; ///< bytes of all journals when the user was told
+constexpr QLatin1String ports = key("ports");
+constexpr QLatin1String sendTime = key("sendTime");
+constexpr QLatin1String userWave = key("/mp3/user_wave"); ///< by hand only; true when absent
+constexpr QLatin1String keepAwake = key("power/keepAwake"); ///< by hand only; true when absent
 
-constexpr QLatin1String lastDir{"global/lastDir"}; ///< the file opened or saved last
-constexpr QLatin1String exportDir{"export/lastDir"};
-constexpr QLatin1String recordingsDialog{"recordings/dialog"};
+constexpr QLatin1String journalEnabled = key("journal/enabled");
+constexpr QLatin1String journalMaxAge = key("journal/maxAgeDays");
+constexpr QLatin1String journalToldSize
+    = key("journal/toldSize"); ///< bytes of all journals when the user was told
 
-constexpr QLatin1String shellSize{"mainwindow/size"}; ///< written for other versions
-constexpr QLatin1String shellPos{"mainwindow/pos"}; ///< so is this
-constexpr QLatin1String shellState{"mainwindow/state"};
-constexpr QLatin1String shellGeometry{"mainwindow/geometry"};
-constexpr QLatin1String blackBackground{"mainwindow/black"};
+constexpr QLatin1String lastDir = key("global/lastDir"); ///< the file opened or saved last
+constexpr QLatin1String exportDir = key("export/lastDir");
+constexpr QLatin1String recordingsDialog = key("recordings/dialog");
 
-constexpr QLatin1String dataDisplayPos{"datadisplay/pos"};
+constexpr QLatin1String shellSize = key("mainwindow/size"); ///< written for other versions
+constexpr QLatin1String shellPos = key("mainwindow/pos"); ///< so is this
+constexpr QLatin1String shellState = key("mainwindow/state");
+constexpr QLatin1String shellGeometry = key("mainwindow/geometry");
+constexpr QLatin1String blackBackground = key("mainwindow/black");
+
+constexpr QLatin1String dataDisplayPos = key("datadisplay/pos");
 // Groups of a display: what stands in each is under the names below them.
-constexpr QLatin1String capacityGroup{"capacitydisplay"};
-constexpr QLatin1String powerGroup{"powerdisplay"};
-constexpr QLatin1String voltageGroup{"voltagecomp"};
-constexpr QLatin1String inGroupSize{"/size"};
-constexpr QLatin1String inGroupPos{"/pos"};
-constexpr QLatin1String inGroupMaximized{"/maximized"};
+constexpr QLatin1String capacityGroup = key("capacitydisplay");
+constexpr QLatin1String powerGroup = key("powerdisplay");
+constexpr QLatin1String voltageGroup = key("voltagecomp");
+constexpr QLatin1String inGroupSize = key("/size");
+constexpr QLatin1String inGroupPos = key("/pos");
+constexpr QLatin1String inGroupMaximized = key("/maximized");
 
 } // namespace SettingsKey
