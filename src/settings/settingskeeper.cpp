@@ -228,10 +228,12 @@ void SettingsKeeper::Work::writeNext(std::unique_lock<std::mutex> &lock)
 {
     writing = *waiting.begin();
     waiting.remove(writing);
-    const Changes &changes = files[writing];
+    Changes &changes = files[writing];
     Values values;
-    for (const QString &key : changes.unwritten)
+    for (const QString &key : qAsConst(changes.unwritten))
         values.insert(key, changes.all.value(key));
+    if (!(changes.written == Stamp(writing)))
+        changes.all = values; // what else was changed here, somebody else may have changed since
     lock.unlock();
     const QString reason = values.isEmpty() ? obstacle(writing) : writeFile(writing, values);
     const Stamp stamp(writing);

@@ -1,6 +1,7 @@
 #include "app/singleinstance.h"
 
 #include "support/asnobody.h"
+#include "support/columns.h"
 
 #include <QDir>
 #include <QLocalServer>
@@ -8,10 +9,9 @@
 #include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QThread>
 
-#include <memory>
+using Role = SingleInstance::Role;
 
 namespace {
 
@@ -27,6 +27,27 @@ QString socketIn(const QString &folder)
     return names.isEmpty() ? QString() : folder + QLatin1Char('/') + names.first();
 }
 
+/// A second start, which is another program: here a thread that blocks in its stead.
+class SecondStart {
+public:
+    explicit SecondStart(const QStringList &files)
+        : m_thread(QThread::create(
+            [this, files] { m_role = SingleInstance(QStringLiteral("settings")).settle(files); }))
+    {
+        m_thread->start();
+    }
+    ~SecondStart() { m_thread->wait(); }
+    SecondStart(const SecondStart &) = delete;
+    SecondStart &operator=(const SecondStart &) = delete;
+
+    bool isRunning() const { return m_thread->isRunning(); }
+    Role role() const { return m_role; }
+
+private:
+    Role m_role = Role::Unanswered;
+    std::unique_ptr<QThread> m_thread;
+};
+
 } // namespace
 
 /// A second start hands its files to the first.
@@ -34,164 +55,158 @@ class TestSingleInstance : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void filesAreHandedOver();
-    void othersAreLeftAlone();
-    void firstOneLeaves();
-    void nonsenseIsRefused_data();
-    void nonsenseIsRefused();
-    void placeIsTheUsersOwn_data();
-    void placeIsTheUsersOwn();
-    void strangersAreNeitherHeardNorTold();
+
+    void init()
+    {
+        QFile::setPermissions(folder.path(), ownOnly);
+        qputenv("XDG_RUNTIME_DIR", folder.path().toLocal8Bit());
+        first = std::make_unique<SingleInstance>(QStringLiteral("settings"));
+        QCOMPARE(first->settle({}), Role::First);
+        called = std::make_unique<QSignalSpy>(first.get(), SIGNAL(called(QStringList)));
+    }
+    void cleanup() { first.reset(); }
+
+    void filesAreHandedOver()
+    {
+        for (const QStringList &some : {files, QStringList()}) {
+            called->clear();
+            const SecondStart second(some);
+            QTRY_VERIFY(!second.isRunning());
+            QCOMPARE(second.role(), Role::HandedOver);
+            QCOMPARE(called->size(), 1);
+            QCOMPARE(heard(), some);
+        }
+        QCOMPARE(first->holder(), QCoreApplication::applicationPid());
+    }
+
+    void othersAreLeftAlone()
+    {
+        SingleInstance demo(QStringLiteral("settings of a demonstration"));
+        QCOMPARE(demo.settle({}), Role::First);
+    }
+
+    void firstOneLeaves()
+    {
+        QLocalSocket late; // it is heard no more
+        late.connectToServer(socketIn(folder.path()));
+        QTRY_VERIFY(first->findChild<QLocalSocket *>());
+        first->retire();
+        QTRY_COMPARE(late.state(), QLocalSocket::UnconnectedState);
+        const SecondStart second(files);
+        QTest::qWait(200); // a program takes its time to leave; a start must not hand its files to it
+        QVERIFY(second.isRunning());
+        first->giveBack(); // while it is still there, with a disk to wait for
+        QTRY_VERIFY(!second.isRunning());
+        QCOMPARE(second.role(), Role::First);
+        QVERIFY(called->isEmpty());
+    }
+
+    void talk_data()
+    {
+        columns<QByteArray, int>({"said", "names"}); // -1: cut off
+        const auto row = [](const char *name, const QByteArray &said, int names) {
+            QTest::newRow(name) << said << names;
+        };
+        row("another protocol, a count behind it", "GET / HT", -1);
+        row("one wrong letter", "VNX", -1);
+        row("length beyond all bounds", QByteArray("VNL2\xff\xff\xff\xff", 8), -1);
+        row("length just beyond the bound", QByteArray("VNL2\x01\x00\x00\x01", 8), -1);
+        row("length at the bound, the rest to come", QByteArray("VNL2\x01\x00\x00\x00", 8), 0);
+        row("two names, one empty", QByteArray("VNL2\0\0\0\7/x\0\0/y\0", 15), 2);
+    }
+
+    void talk()
+    {
+        QFETCH(QByteArray, said);
+        QFETCH(int, names);
+        QLocalSocket talker;
+        talker.connectToServer(socketIn(folder.path()));
+        talker.write(said);
+        if (names < 0)
+            QTRY_COMPARE(talker.state(), QLocalSocket::UnconnectedState);
+        else if (names > 0)
+            QTRY_COMPARE(talker.bytesAvailable(), qint64(1));
+        else
+            QTRY_VERIFY(first->findChild<QLocalSocket *>()
+                && first->findChild<QLocalSocket *>()->bytesAvailable() == said.size());
+        QCOMPARE(talker.state() == QLocalSocket::ConnectedState, names >= 0);
+        QCOMPARE(heard().size(), qMax(0, names));
+    }
+
+    void placeIsTheUsersOwn_data()
+    {
+        columns<bool, int, bool>({"given", "permissions", "used"});
+        QTest::newRow("a runtime folder") << true << int(ownOnly) << true;
+        QTest::newRow("a folder that others can write to") << true << int(anybody) << false;
+        QTest::newRow("no runtime folder") << false << int(ownOnly) << false;
+    }
+
+    void placeIsTheUsersOwn()
+    {
+        QFETCH(bool, given);
+        QFETCH(int, permissions);
+        QFETCH(bool, used);
+        const QTemporaryDir home;
+        const QTemporaryDir runtime;
+        qputenv("XDG_DATA_HOME", home.path().toLocal8Bit());
+        qputenv("XDG_RUNTIME_DIR", given ? runtime.path().toLocal8Bit() : QByteArray());
+        QFile::setPermissions(runtime.path(), QFileDevice::Permissions(permissions));
+        SingleInstance another(QStringLiteral("settings"));
+        QCOMPARE(another.settle({}), Role::First);
+        const QString run
+            = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) + QStringLiteral("/run");
+        QCOMPARE(!socketIn(runtime.path()).isEmpty(), used);
+        QCOMPARE(!socketIn(run).isEmpty(), !used);
+        if (!used)
+            QCOMPARE(QFile::permissions(run) & anybody, ownOnly);
+    }
+
+    // Should the folder ever let somebody in, the system still says who is at the other end.
+    void strangersAreNeitherHeardNorTold()
+    {
+        if (geteuid() != 0)
+            QSKIP("only the superuser can be two users");
+        const QString place = socketIn(folder.path());
+        QFile::setPermissions(folder.path(), anybody);
+        QFile::setPermissions(place, anybody);
+        QLocalSocket stranger;
+        QLocalServer trap;
+        {
+            const AsNobody nobody;
+            stranger.connectToServer(place);
+            QVERIFY(stranger.waitForConnected());
+        }
+        stranger.write(QByteArray("VNL2\0\0\0\3/x\0", 11));
+        QTRY_COMPARE(stranger.state(), QLocalSocket::UnconnectedState);
+        QVERIFY(called->isEmpty());
+
+        QVERIFY(QFile::remove(place));
+        {
+            const AsNobody nobody;
+            QVERIFY(trap.listen(place));
+        }
+        QFile::setPermissions(folder.path(), ownOnly);
+        const SecondStart second(files);
+        QTRY_VERIFY(trap.hasPendingConnections());
+        QLocalSocket *caught = trap.nextPendingConnection();
+        QTRY_COMPARE(caught->state(), QLocalSocket::UnconnectedState);
+        QCOMPARE(caught->readAll(), QByteArray());
+        first->giveBack();
+        QTRY_VERIFY(!second.isRunning());
+        QCOMPARE(second.role(), Role::First);
+    }
 
 private:
+    QStringList heard() const
+    {
+        return called->isEmpty() ? QStringList() : called->first().first().toStringList();
+    }
+
     QTemporaryDir folder;
-};
-
-void TestSingleInstance::initTestCase()
-{
-    QFile::setPermissions(folder.path(), ownOnly);
-    qputenv("XDG_RUNTIME_DIR", folder.path().toLocal8Bit());
-}
-
-void TestSingleInstance::filesAreHandedOver()
-{
-    SingleInstance first(QStringLiteral("settings"));
-    QCOMPARE(first.settle({}), SingleInstance::Role::First);
-    QSignalSpy called(&first, SIGNAL(called(QStringList)));
+    std::unique_ptr<SingleInstance> first;
+    std::unique_ptr<QSignalSpy> called;
     const QStringList files = {QStringLiteral("/a/b.acp"), QStringLiteral("/a/\u017c\u00f3\u0142w.acp")};
-    bool handed = false;
-    // The second start is another program; here a thread that blocks in its stead.
-    QScopedPointer<QThread> second(QThread::create([&] {
-        SingleInstance instance(QStringLiteral("settings"));
-        handed = instance.settle(files) == SingleInstance::Role::HandedOver;
-    }));
-    second->start();
-    QTRY_VERIFY(second->isFinished());
-    QVERIFY(handed);
-    QCOMPARE(called.size(), 1);
-    QCOMPARE(called.first().first().toStringList(), files);
-}
-
-void TestSingleInstance::othersAreLeftAlone()
-{
-    SingleInstance first(QStringLiteral("settings"));
-    SingleInstance demo(QStringLiteral("settings of a demonstration"));
-    QCOMPARE(first.settle({}), SingleInstance::Role::First);
-    QCOMPARE(demo.settle({}), SingleInstance::Role::First);
-}
-
-void TestSingleInstance::firstOneLeaves()
-{
-    auto first = std::make_unique<SingleInstance>(QStringLiteral("settings"));
-    QCOMPARE(first->settle({}), SingleInstance::Role::First);
-    QSignalSpy called(first.get(), SIGNAL(called(QStringList)));
-    first->retire();
-    SingleInstance::Role role = SingleInstance::Role::Unanswered;
-    QScopedPointer<QThread> second(QThread::create(
-        [&] { role = SingleInstance(QStringLiteral("settings")).settle({QStringLiteral("/a/b.acp")}); }));
-    second->start();
-    QTest::qWait(300); // a program takes its time to leave; a start must not hand its files to it
-    QVERIFY(second->isRunning());
-    first->giveBack(); // while it is still there, with a disk to wait for
-    QTRY_VERIFY(second->isFinished());
-    QCOMPARE(role, SingleInstance::Role::First);
-    QVERIFY(called.isEmpty());
-}
-
-void TestSingleInstance::nonsenseIsRefused_data()
-{
-    QTest::addColumn<QByteArray>("said");
-    QTest::newRow("another protocol, a count behind it") << QByteArray("GET / HT");
-    QTest::newRow("one wrong letter") << QByteArray("VNX");
-    QTest::newRow("length beyond all bounds") << QByteArray("VNL2\xff\xff\xff\xff", 8);
-    QTest::newRow("length just beyond the bound") << QByteArray("VNL2\x01\x00\x00\x01", 8);
-}
-
-void TestSingleInstance::nonsenseIsRefused()
-{
-    QFETCH(QByteArray, said);
-    SingleInstance first(QStringLiteral("settings"));
-    QCOMPARE(first.settle({}), SingleInstance::Role::First);
-    QSignalSpy called(&first, SIGNAL(called(QStringList)));
-    QLocalSocket talker;
-    talker.connectToServer(socketIn(folder.path()));
-    talker.write(said);
-    QTRY_COMPARE(talker.state(), QLocalSocket::UnconnectedState);
-    QVERIFY(called.isEmpty());
-}
-
-void TestSingleInstance::placeIsTheUsersOwn_data()
-{
-    QTest::addColumn<bool>("given");
-    QTest::addColumn<int>("permissions");
-    QTest::addColumn<bool>("used");
-    QTest::newRow("a runtime folder") << true << int(ownOnly) << true;
-    QTest::newRow("a folder that others can write to") << true << int(anybody) << false;
-    QTest::newRow("no runtime folder") << false << int(ownOnly) << false;
-}
-
-void TestSingleInstance::placeIsTheUsersOwn()
-{
-    QFETCH(bool, given);
-    QFETCH(int, permissions);
-    QFETCH(bool, used);
-    const QTemporaryDir home;
-    const QTemporaryDir runtime;
-    qputenv("XDG_DATA_HOME", home.path().toLocal8Bit());
-    qputenv("XDG_RUNTIME_DIR", given ? runtime.path().toLocal8Bit() : QByteArray());
-    QFile::setPermissions(runtime.path(), QFileDevice::Permissions(permissions));
-    SingleInstance first(QStringLiteral("settings"));
-    QCOMPARE(first.settle({}), SingleInstance::Role::First);
-    qputenv("XDG_RUNTIME_DIR", folder.path().toLocal8Bit());
-    const QString run
-        = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) + QStringLiteral("/run");
-    QCOMPARE(!socketIn(runtime.path()).isEmpty(), used);
-    QCOMPARE(!socketIn(run).isEmpty(), !used);
-    if (!used)
-        QCOMPARE(QFile::permissions(run) & anybody, ownOnly);
-}
-
-// Should the folder ever let somebody in, the system still says who is at the other end.
-void TestSingleInstance::strangersAreNeitherHeardNorTold()
-{
-    if (geteuid() != 0)
-        QSKIP("only the superuser can be two users");
-    SingleInstance first(QStringLiteral("settings"));
-    QCOMPARE(first.settle({}), SingleInstance::Role::First);
-    QSignalSpy called(&first, SIGNAL(called(QStringList)));
-    const QString place = socketIn(folder.path());
-    QFile::setPermissions(folder.path(), anybody);
-    QFile::setPermissions(place, anybody);
-    QLocalSocket stranger;
-    QLocalServer trap;
-    {
-        const AsNobody nobody;
-        stranger.connectToServer(place);
-        QVERIFY(stranger.waitForConnected());
-    }
-    stranger.write(QByteArray("VNL2\0\0\0\3/x\0", 11));
-    QTRY_COMPARE(stranger.state(), QLocalSocket::UnconnectedState);
-    QVERIFY(called.isEmpty());
-
-    QVERIFY(QFile::remove(place));
-    {
-        const AsNobody nobody;
-        QVERIFY(trap.listen(place));
-    }
-    QFile::setPermissions(folder.path(), ownOnly);
-    SingleInstance::Role role = SingleInstance::Role::Unanswered;
-    QScopedPointer<QThread> second(QThread::create(
-        [&] { role = SingleInstance(QStringLiteral("settings")).settle({QStringLiteral("/a/b.acp")}); }));
-    second->start();
-    QTRY_VERIFY(trap.hasPendingConnections());
-    QLocalSocket *caught = trap.nextPendingConnection();
-    QTRY_COMPARE(caught->state(), QLocalSocket::UnconnectedState);
-    QCOMPARE(caught->readAll(), QByteArray());
-    first.giveBack();
-    QTRY_VERIFY(second->isFinished());
-    QCOMPARE(role, SingleInstance::Role::First);
-}
+};
 
 QTEST_MAIN(TestSingleInstance)
 #include "tst_singleinstance.moc"

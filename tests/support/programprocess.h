@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QFile>
 #include <QProcess>
 #include <QTest>
 
@@ -37,18 +36,7 @@ public:
 
     /// Its standard error is a pipe whose reader has gone.
     void leaveLogUnread() { m_logUnread = true; }
-    /// Leaves the running one `bytes` more of address space.
-    bool limitMemory(rlim_t bytes)
-    {
-        QFile statm(QStringLiteral("/proc/%1/statm").arg(processId()));
-        if (!statm.open(QIODevice::ReadOnly))
-            return false;
-        const rlim_t most = statm.readAll().split(' ').first().toULongLong() * 4096 + bytes;
-        const rlimit limit{most, most};
-        return ::prlimit(pid_t(processId()), RLIMIT_AS, &limit, nullptr) == 0;
-    }
-
-    /// Starts it; true once it has opened `ports` ports.
+    /// Starts it; true once it has opened `ports` ports, from which it may still throw away what waits there.
     bool listens(int ports)
     {
         start(QStringLiteral(VARNELGRAPH_PROGRAM), QStringList());
@@ -58,7 +46,6 @@ public:
                 return false;
             said += readAll();
         }
-        QTest::qWait(50); // what arrives while a port is opened is thrown away
         return true;
     }
 

@@ -1,0 +1,331 @@
+#include "app/viewswitchboard.h"
+#include "desk/displaywindows.h"
+#include "displays/capacitydisplay.h"
+#include "displays/datadisplay.h"
+#include "displays/powerdisplay.h"
+#include "displays/voltagecomparison.h"
+#include "graph/mdigraphchild.h"
+#include "settings/viewstate.h"
+#include "support/columns.h"
+#include "support/lines.h"
+#include "support/settle.h"
+#include "support/shellrig.h"
+
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSignalSpy>
+#include <QToolBar>
+#include <QToolButton>
+
+#include <functional>
+
+using Id = ActionId;
+using Ids = QVector<ActionId>;
+Q_DECLARE_METATYPE(Ids)
+
+/// What each action says and where it stands; which view switch enables, unchecks and renames which, and what
+/// is shown and sent again.
+class TestActions : public QObject, private ShellRig {
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        setUp();
+        window = std::make_unique<MainWindow>();
+    }
+    void cleanup() { tearDown(); }
+
+    /// Text|tip|keys|flags, with one graph window; icon, checkable, Checked, disabled, bold.
+    void actions()
+    {
+        window->createMdiChild();
+        QStringList all;
+        QStringList keysSeen;
+        for (int id = 0; id < int(Id::Count); ++id) {
+            const QAction *a = action(Id(id));
+            const auto flag
+                = [](bool on, char letter) { return on ? QString(QLatin1Char(letter)) : QString(); };
+            const bool bold = a->font().bold() && a->font().family() == QLatin1String("Arial");
+            all << QStringList(
+                {a->text(), a->isCheckable() ? a->toolTip() : a->statusTip(), a->shortcut().toString(),
+                    flag(!a->icon().isNull(), 'i') + flag(a->isCheckable(), 'c') + flag(a->isChecked(), 'C')
+                        + flag(!a->isEnabled(), 'd') + flag(bold && a->font().pointSize() == 10, 'b')})
+                       .join(QLatin1Char('|'));
+            const auto keys = a->shortcuts();
+            for (const QKeySequence &key : keys)
+                keysSeen << key.toString();
+        }
+        const auto keysOf
+            = [](QKeySequence::StandardKey key) { return QKeySequence(key).toString(); }; // by desktop
+        const QStringList expected = {"Open file|Read data from file.|Ctrl+O|i",
+            "Save as|Save data to file.|Ctrl+S|i",
+            "Save sesion|Save all data as one session|" + keysOf(QKeySequence::SaveAs) + "|i",
+            "Preferences|Aplications preferences.|" + keysOf(QKeySequence::Preferences) + "|i",
+            "E&xit|Exit the application.|" + keysOf(QKeySequence::Quit) + "|i",
+            "Black|Background color black.||", "White|Background color white.||",
+            "Cl&ose|Close the active window||", "Close &All|Close all the windows||",
+            "&Tile|Tile the windows||i", "&Cascade|Cascade the windows||i",
+            "Ne&xt|Move the focus to the next window|Ctrl+Tab|",
+            "Pre&vious|Move the focus to the previous window|" + keysOf(QKeySequence::PreviousChild) + "|",
+            "Recording|Recording data from com port.||i", "Capacity comparison|Print capacity comparison.||",
+            "Voltage comparison|Print voltage comparison.||", "Bar display|Print bar display.||",
+            "Active plot|Print active plot.||", "|||", "&About|Show the application's About box||",
+            "About &Qt|Show the Qt library's About box||", "Set time|Set time.||i",
+            " DATA |Show/hide display||ic", "Graph|Show/hide graph||ic", "Bar Graph|Show/hide bar graph||ic",
+            " T |Show/hide themparature||cCb", "  dV |Show/hide dV||cCb",
+            " Rw |Show/hide cells internal resistance||cCb", " B |Balancer/Charger plot||cb",
+            " Avg |Cells/MinMax plot||cb", " S |Select cells||cdb", " P% |Show/hide power balancer||cdb",
+            " Vc |Cells energy/voltage/internal cel resistance||cdb", "Stop process|Stop process.||i",
+            "Hold view|Graph windows keep zoom and cursor|H|c",
+            "Open recordings...|Open what was recorded from the devices, saved or not.||i",
+            "Reopen closed recording|No window of an unsaved recording has been closed yet.|Ctrl+Shift+T|d",
+            "Export as CSV...|Write the records of the current graph as a table for other programs.||i",
+            "Save picture...|Write the current graph as its window shows it to a picture file.||i",
+            "Remote control...|No port is listened on: choose one in the preferences.||id"};
+        QCOMPARE(all, expected);
+        QCOMPARE(keysSeen.removeDuplicates(), 0);
+    }
+
+    void switching_data()
+    {
+        columns<Ids, QString, QString>({"clicks", "texts", "modes"}); // cells shown, cell value, right axis
+        const auto row = [](const char *name, const Ids &clicks, const char *texts, const char *modes) {
+            QTest::newRow(name) << clicks << texts << modes;
+        };
+        const Id B = Id::Balancer, D = Id::Delta, V = Id::Energy, S = Id::SelectedCells, A = Id::Average;
+        row("start", {}, "  dV * Rw * B  Avg  S - P% - Vc -", "001");
+        row("mAh", {D}, " mAh * Rw * B  Avg  S - P% - Vc -", "002");
+        row("neither", {D, D}, "  dV  Rw * B  Avg  S - P% - Vc -", "000");
+        row("dV again", {D, D, D}, "  dV * Rw * B  Avg  S - P% - Vc -", "001");
+        row("balancer", {B}, "  dV * Rw * B * Avg  S  P%  Vc ", "001");
+        row("balancer has no mAh", {D, B}, "  dV * Rw * B * Avg  S  P%  Vc ", "001");
+        row("balancer leaves neither", {D, D, B}, "  dV  Rw * B * Avg  S  P%  Vc ", "000");
+        row("dV is on or off in balancer", {B, D}, "  dV  Rw * B * Avg  S  P%  Vc ", "000");
+        row("dV on again in balancer", {B, D, D}, "  dV * Rw * B * Avg  S  P%  Vc ", "001");
+        row("average takes balancer along", {A}, "  dV * Rw * B * Avg * S - P%  Vc ", "001");
+        row("but not what that does", {D, A}, " mAh * Rw * B * Avg * S - P%  Vc ", "002");
+        row("average off", {A, A}, "  dV * Rw * B * Avg  S  P%  Vc ", "001");
+        row("balancer off takes all along", {A, Id::Power, B}, "  dV * Rw * B  Avg  S - P% - Vc -", "001");
+        row("plus", {B, S}, "  dV * Rw * B * Avg  + * P%  Vc ", "101");
+        row("minus", {B, S, S}, "  dV * Rw * B * Avg  -  P%  Vc ", "201");
+        row("all cells", {B, S, S, S}, "  dV * Rw * B * Avg  S * P%  Vc ", "001");
+        row("Ah", {B, V}, "  dV * Rw * B * Avg  S  P%  Ah ", "011");
+        row("Ri", {B, V, V}, "  dV * Rw * B * Avg  S  P%  Ri ", "021");
+        row("Vc", {B, V, V, V}, "  dV * Rw * B * Avg  S  P%  Vc ", "001");
+        row("each for itself", {B, S, V, V, D}, "  dV  Rw * B * Avg  + * P%  Ri ", "120");
+        row("curves", {Id::Temperature, Id::Resistance}, "  dV * Rw  B  Avg  S - P% - Vc -", "001");
+    }
+
+    void switching()
+    {
+        QFETCH(Ids, clicks);
+        window->createMdiChild();
+        click(clicks);
+        QTEST(switchTexts(), "texts");
+        const ViewSwitches &on = window->viewState().switches();
+        QTEST(QStringLiteral("%1%2%3").arg(int(on.cellsShown)).arg(int(on.cellValue)).arg(int(on.rightAxis)),
+            "modes");
+        QCOMPARE(on.temperature, action(Id::Temperature)->isChecked());
+        QCOMPARE(on.delta, action(Id::Delta)->isChecked());
+        QCOMPARE(on.resistance, action(Id::Resistance)->isChecked());
+        QCOMPARE(on.balancer, action(Id::Balancer)->isChecked());
+        QCOMPARE(on.average, action(Id::Average)->isChecked());
+    }
+
+    void shownAgain_data()
+    {
+        columns<Ids, Ids>({"before", "after"});
+        const Id B = Id::Balancer, V = Id::Energy;
+        QTest::newRow("B") << Ids{B, V, V, B} << Ids{B};
+        QTest::newRow("Avg") << Ids{B, V, V, B} << Ids{Id::Average};
+        QTest::newRow("Vc") << Ids{B, V} << Ids{V};
+    }
+
+    /// The newest record goes to the data display again, which from then on knows its resistances.
+    void shownAgain()
+    {
+        QFETCH(Ids, before);
+        QFETCH(Ids, after);
+        MdiGraphChild *child = window->createMdiChild();
+        click(Ids{Id::Data} + before);
+        for (int time = 0; time < 3; ++time)
+            child->addRecord(Lines::record(time));
+        child->applyResistanceLine("!20" + QByteArray(",20").repeated(15));
+        click(after);
+        child->addRecord(Lines::record(3));
+        const auto *display = window->findChild<DataDisplay *>();
+        settle(*display);
+        QCOMPARE(display->findChild<QLabel *>(QStringLiteral("cellValue1"))->text().trimmed(),
+            QStringLiteral("2.0"));
+    }
+
+    void withoutWindowNoNumber()
+    {
+        window->show();
+        MdiGraphChild *child = window->createMdiChild();
+        child->addRecord(Lines::record(0));
+        click({Id::Data});
+        const auto *display = window->findChild<DataDisplay *>();
+        const auto *number = display->findChild<QLabel *>(QStringLiteral("windowNumberLabel"));
+        QTRY_COMPARE(number->text(), QStringLiteral("1"));
+        child->close();
+        QMetaObject::invokeMethod(window.get(), "toolBarEnergy", Q_ARG(bool, true));
+        QTRY_VERIFY(!number->isVisible());
+    }
+
+    void displaysFollowTheirSwitches()
+    {
+        window->createMdiChild();
+        trigger(Id::Balancer);
+        const auto shown = [this] {
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            const ViewSwitches &on = window->viewState().switches();
+            const auto *voltage = window->findChild<VoltageComparison *>();
+            const QVector<bool> switches{
+                on.dataDisplay, on.voltageComparison, on.capacityComparison, on.barDisplay};
+            const QVector<bool> seen{window->findChild<DataDisplay *>()->isVisible(),
+                voltage && voltage->isVisible(), window->findChild<CapacityDisplay *>()->isVisible(),
+                window->findChild<PowerDisplay *>()->isVisible()};
+            return switches == seen ? seen.indexOf(true) : -2;
+        };
+        const Ids ids{Id::Data, Id::Graph, Id::BarGraph, Id::Power};
+        for (int i = 0; i < ids.size(); ++i) {
+            trigger(ids[i]);
+            QCOMPARE(shown(), i);
+            trigger(ids[i]);
+            QCOMPARE(shown(), -1);
+            trigger(ids[i]);
+            QCOMPARE(shown(), i);
+            for (QWidget *display : {static_cast<QWidget *>(window->findChild<DataDisplay *>()),
+                     static_cast<QWidget *>(window->findChild<VoltageComparison *>()),
+                     static_cast<QWidget *>(window->findChild<CapacityDisplay *>()),
+                     static_cast<QWidget *>(window->findChild<PowerDisplay *>())}) {
+                if (display && display->isVisible())
+                    display->close();
+            }
+            QCOMPARE(shown(), -1);
+            QVERIFY(!action(ids[i])->isChecked());
+        }
+        trigger(Id::Power);
+        trigger(Id::Balancer);
+        QCOMPARE(shown(), -1);
+    }
+
+    void holdView()
+    {
+        window->show();
+        window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        for (bool held : {true, false}) {
+            QTest::keyClick(window.get(), Qt::Key_H);
+            QCOMPARE(window->viewState().switches().holdView, held);
+            QCOMPARE(action(Id::HoldView)->isChecked(), held);
+        }
+    }
+
+    void signalsPerSwitch()
+    {
+        window->createMdiChild();
+        trigger(Id::Balancer);
+        for (int id = int(Id::Data); id <= int(Id::Energy); ++id) {
+            QSignalSpy spy(window.get(), SIGNAL(toolBarChanged()));
+            QSignalSpy repaints(window->findChild<ViewSwitchboard *>(), SIGNAL(repaintNeeded()));
+            trigger(Id(id));
+            QCOMPARE(spy.count(), id == int(Id::Average) ? 2 : 1); // which goes with the balancer view
+            QCOMPARE(repaints.count(), id == int(Id::Power) || id == int(Id::Energy) ? 0 : 1);
+            if (id == int(Id::Balancer) || id == int(Id::Average))
+                trigger(Id(id)); // what follows needs the balancer and all cells
+        }
+    }
+
+    void withoutWindows()
+    {
+        const auto check = [this](bool any) {
+            for (Id id : {Id::SaveAs, Id::SaveSession, Id::Close, Id::CloseAll, Id::Tile, Id::Cascade,
+                     Id::Next, Id::Previous, Id::ExportCsv, Id::SavePicture, Id::Data, Id::Average})
+                QCOMPARE(action(id)->isEnabled(), any);
+            QCOMPARE(action(Id::Separator)->isVisible(), any);
+            QCOMPARE(action(Id::SavePicture)->toolTip() == QLatin1String("There is no graph window."), !any);
+        };
+        check(false);
+        QMetaObject::invokeMethod(window.get(), "saveFile"); // nothing to save: no dialog
+        trigger(Id::PrintPlot);
+        QCOMPARE(message(), QStringLiteral("There is no graph window to print."));
+        QPointer<MdiGraphChild> child = window->createMdiChild();
+        check(true);
+        trigger(Id::Close);
+        QTRY_VERIFY(!child);
+        check(false);
+    }
+
+    void reopenedInBalancerView()
+    {
+        for (const bool average : {false, true}) {
+            window->createMdiChild();
+            trigger(average ? Id::Average : Id::Balancer);
+            trigger(Id::CloseAll);
+            QTRY_VERIFY(!action(Id::Energy)->isEnabled());
+            window->createMdiChild();
+            QCOMPARE(switchTexts(),
+                QLatin1String(
+                    average ? "  dV * Rw * B * Avg * S - P%  Vc " : "  dV * Rw * B * Avg  S  P%  Vc "));
+        }
+    }
+
+    /// The buttons of a tool bar take no focus, so that the menus hold what they do.
+    void menus()
+    {
+        window->createMdiChild();
+        window->updateWindowMenu(); // as often as it is shown
+        const std::function<QString(const QWidget *)> textsOf = [&](const QWidget *widget) {
+            QStringList texts;
+            const auto actions = widget->actions();
+            for (const QAction *entry : actions) {
+                texts << (entry->isSeparator() ? QStringLiteral("|") : entry->text().trimmed());
+                if (entry->menu())
+                    texts.last() += QLatin1Char('[') + textsOf(entry->menu()) + QLatin1Char(']');
+            }
+            return texts.join(',');
+        };
+        QCOMPARE(textsOf(window->menuBar()).split(QLatin1String("],")),
+            QStringList({"&File[Open file,Save as,Preferences,Set time,|,E&xit",
+                "&Window[Recording,Background color[White,Black",
+                "|,Cl&ose,Close &All,|,&Tile,&Cascade,|,Ne&xt,Pre&vious,|",
+                "&Print[Capacity comparison,Voltage comparison,Bar display,Active plot",
+                "&Tools[Open recordings...,Reopen closed recording,|,Export as CSV...,Save picture...,|,Remote "
+                "control...,Stop process,&View switches[DATA,Graph,Bar Graph,|,T,dV,Rw,|,B,Avg,S,P%,Vc,|,Hold view]",
+                "|,&Help[&About]"}));
+        QCOMPARE(textsOf(window->findChild<QToolBar *>(QStringLiteral("mainToolBar"))),
+            QStringLiteral(
+                "Open file,Save as,&Cascade,&Tile,|,Recording,Stop process,|,DATA,Graph,Bar Graph,|,"
+                "T,dV,Rw,|,B,Avg,S,P%,"));
+        QVERIFY(window->findChild<QToolButton *>(QStringLiteral("energyAction"))->defaultAction()
+            == action(Id::Energy));
+    }
+
+private:
+    QAction *action(Id id) const { return window->actionSet()[id]; }
+    void click(const Ids &ids) const
+    {
+        for (const Id id : ids) {
+            QVERIFY(action(id)->isEnabled());
+            trigger(id);
+        }
+    }
+
+    /// Text, '*' when checked, '-' when disabled, of "  dV " to " Vc ".
+    QString switchTexts() const
+    {
+        QStringList texts;
+        for (int id = int(Id::Delta); id <= int(Id::Energy); ++id) {
+            const QAction *a = action(Id(id));
+            texts << a->text() + (a->isChecked() ? "*" : "") + (a->isEnabled() ? "" : "-");
+        }
+        return texts.join(QString());
+    }
+};
+
+QTEST_MAIN(TestActions)
+#include "tst_actions.moc"
