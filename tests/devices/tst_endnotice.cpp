@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QRegularExpression>
@@ -215,6 +216,11 @@ void TestEndNotice::windowMayGoUnderTheBox()
     notice->show(Varnel3Data::Completed);
     window.reset();
     QVERIFY(!notice && !openBox());
+    QWidget fresh; // which it brings to sight
+    auto *early = new EndNotice(&fresh, nullptr, player.get(), QString());
+    early->show(Varnel3Data::Completed);
+    QVERIFY(early->isOpen() && fresh.isVisible());
+    early->dismiss();
 }
 
 // The box is about the first; the second ends under it; the third begins and takes it away.
@@ -231,6 +237,8 @@ void TestEndNotice::everyEndIsTold()
     QTRY_VERIFY(openBox());
     QCOMPARE(openBox()->text(), QStringLiteral("Process completed."));
     QCOMPARE(openBox()->informativeText(), QStringLiteral("COM1, 6 x LiPo, 0.150 Ah in 00:57:04"));
+    const auto *facts = openBox()->findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel"));
+    QVERIFY(facts && facts->textFormat() == Qt::PlainText && !facts->wordWrap());
     plugged[1]->send(Lines::charger(3424, 'S'));
     QTRY_VERIFY(fact(StatusFacts::Failed)
                     .contains(QRegularExpression(QStringLiteral("^Error: COM2 \\d\\d:\\d\\d$"))));
