@@ -13,8 +13,6 @@ namespace {
 
 constexpr int memoryCount = 20;
 constexpr int cellCount = 16;
-constexpr int secondMs = 1000;
-constexpr int queryDelayMs = 100;
 
 enum Page { Setup, Memory, Cells, Process, Disconnect };
 
@@ -41,8 +39,14 @@ QString numbered(const QString &command, int index)
 } // namespace
 
 DialogRemoteControl::DialogRemoteControl(SerialReader *serialReader, QWidget *parent)
+    : DialogRemoteControl(serialReader, parent, Times())
+{
+}
+
+DialogRemoteControl::DialogRemoteControl(SerialReader *serialReader, QWidget *parent, const Times &usedTimes)
     : QDialog(parent)
     , ui(std::make_unique<Ui::DialogRemoteControl>())
+    , times(usedTimes)
     , reader(serialReader)
     , timeOutTimer(new QTimer(this))
     , pollTimer(new QTimer(this))
@@ -57,7 +61,7 @@ DialogRemoteControl::DialogRemoteControl(SerialReader *serialReader, QWidget *pa
     connect(pollTimer, SIGNAL(timeout()), this, SLOT(timerEventTryb()));
     fillCombos();
     timerEventTryb();
-    timeOutTimer->start(secondMs);
+    timeOutTimer->start(times.answer);
 }
 
 DialogRemoteControl::~DialogRemoteControl() = default;
@@ -113,8 +117,8 @@ void DialogRemoteControl::send(const QString &command)
 
 void DialogRemoteControl::poll()
 {
-    QTimer::singleShot(queryDelayMs, this, SLOT(timerEventMem()));
-    pollTimer->start(secondMs);
+    QTimer::singleShot(times.query, this, SLOT(timerEventMem()));
+    pollTimer->start(times.poll);
 }
 
 void DialogRemoteControl::control_data(const QString &line)
@@ -152,7 +156,7 @@ void DialogRemoteControl::followState(const QString &reply)
     } else if (reply == QLatin1String("#TRYB02")) {
         ui->pages->setCurrentIndex(Cells);
         pollTimer->stop();
-        QTimer::singleShot(queryDelayMs, this, SLOT(timerEventCell()));
+        QTimer::singleShot(times.query, this, SLOT(timerEventCell()));
     } else if (reply == QLatin1String("#TRYB03")) {
         ui->pages->setCurrentIndex(Process);
     } else if (reply == QLatin1String("#TRYB04")) {
@@ -237,7 +241,7 @@ void DialogRemoteControl::on_pbTryb2_mp_clicked()
 void DialogRemoteControl::on_pbTryb2_start_clicked()
 {
     send(QStringLiteral("#START"));
-    pollTimer->start(secondMs);
+    pollTimer->start(times.poll);
 }
 
 void DialogRemoteControl::on_cbTryb2_nr_currentIndexChanged(int index)
@@ -259,7 +263,7 @@ void DialogRemoteControl::on_pbTryb4_stop_clicked()
 void DialogRemoteControl::on_cbTryb1_nr_activated(int index)
 {
     send(numbered(QStringLiteral("#MEM"), index));
-    QTimer::singleShot(queryDelayMs, this, SLOT(timerEventMem()));
+    QTimer::singleShot(times.query, this, SLOT(timerEventMem()));
 }
 
 void DialogRemoteControl::on_pbMemory_clicked()

@@ -20,9 +20,17 @@ class DialogRemoteControl : public QDialog {
     Q_OBJECT
 
 public:
-    /// Asks the device for its state at once; a device that does not answer within a second closes the
+    /// All in ms.
+    struct Times {
+        int answer = 1000; ///< within which the device must say its state
+        int poll = 1000; ///< from one question for the state to the next
+        int query = 100; ///< from a command to the question what came of it
+    };
+
+    /// Asks the device for its state at once; a device that does not answer in time closes the
     /// dialog. `reader` is not owned and may go: the dialog then closes with a text.
     explicit DialogRemoteControl(SerialReader *reader, QWidget *parent = nullptr);
+    DialogRemoteControl(SerialReader *reader, QWidget *parent, const Times &times);
     ~DialogRemoteControl() override;
 
     void done(int result) override;
@@ -69,6 +77,7 @@ private:
     void tell(const QString &text);
 
     std::unique_ptr<Ui::DialogRemoteControl> ui;
+    Times times;
     QPointer<SerialReader> reader;
     QString portName; // of the reader, for when it has gone
     int askedMemory = -1; // index that the setup page has just asked for

@@ -7,12 +7,11 @@
 
 namespace {
 
-constexpr int period = 1000; // ms
 const char lostIdentity[] = "lost"; // no device has it
 
 } // namespace
 
-PortWatcher::PortWatcher(QObject *parent)
+PortWatcher::PortWatcher(QObject *parent, int period)
     : QObject(parent)
     , m_timer(new QTimer(this))
     , m_fingerprint(portFingerprint()) // before the list: what comes between is seen at the first look
@@ -31,7 +30,7 @@ void PortWatcher::noteLost(const QString &name)
         return;
     port->identity = lostIdentity;
     m_changed = true;
-    m_timer->start(period); // time for the system to take the port away
+    m_timer->start(); // time for the system to take the port away
 }
 
 void PortWatcher::look()

@@ -8,17 +8,19 @@
 
 class QTimer;
 
-/// Tells which ports come and go, within two seconds. Looks once a second at a fingerprint that costs next to
+/// Tells which ports come and go, within two periods. Looks once in each at a fingerprint that costs next to
 /// nothing and asks the system for its ports only when that has changed.
 class PortWatcher : public QObject {
     Q_OBJECT
 
 public:
-    /// Ports that exist now count as known. Watching starts at once.
-    explicit PortWatcher(QObject *parent = nullptr);
+    static constexpr int usualPeriod = 1000; // ms
+
+    /// Ports that exist now count as known. Watching starts at once, with a look every `period` ms.
+    explicit PortWatcher(QObject *parent = nullptr, int period = usualPeriod);
 
 public slots:
-    /// The device behind `name` was seen to go away: after a second the port is reported as removed, and as
+    /// The device behind `name` was seen to go away: after a period the port is reported as removed, and as
     /// arrived when a port of that name is still or again there. Without it a quick replug might pass unseen.
     void noteLost(const QString &name);
 

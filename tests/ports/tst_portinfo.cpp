@@ -14,9 +14,12 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <cstdio>
 #include <grp.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+Q_DECLARE_METATYPE(PortObstacle)
 
 class PortInfoTest : public QObject {
     Q_OBJECT
@@ -29,11 +32,19 @@ private slots:
     void tellsMissingRights_data();
     void tellsMissingRights();
     void tellsWhoHoldsThePort();
+    void advises_data();
+    void advises();
+    void refusesLocksThatAreNoFiles();
     void readsLocksOfAllMakes_data();
     void readsLocksOfAllMakes();
 
 private:
     QStringList linkedPorts() const;
+    /// Of the port's lock, where this system keeps it.
+    static QByteArray lockOf(const PortInfo &port)
+    {
+        return "/var/lock/LCK..pts_" + port.location.section(QLatin1Char('/'), -1).toLatin1();
+    }
 
     std::unique_ptr<QTemporaryDir> folder;
 };
@@ -144,11 +155,14 @@ void PortInfoTest::tellsWhoHoldsThePort()
     QProcess holder;
     holder.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--hold"), port.location});
     QVERIFY(holder.waitForReadyRead(10000) && holder.readAll() == "held\n");
-    const auto named = QStringLiteral("\"%1\", process %2").arg(program).arg(holder.processId());
+    const qint64 process = holder.processId();
     {
         const AsNobody powerless;
-        QCOMPARE(adviceAgainst(obstacleTo(port)),
-            QStringLiteral("Another program holds the port: %1 of the user \"root\".").arg(named));
+        const PortObstacle held = obstacleTo(port);
+        QCOMPARE(held.kind, PortObstacle::Busy);
+        QCOMPARE(held.program, program);
+        QCOMPARE(held.process, process);
+        QCOMPARE(held.user, QStringLiteral("root"));
     }
     holder.kill();
     QVERIFY(holder.waitForFinished(10000));
@@ -156,17 +170,84 @@ void PortInfoTest::tellsWhoHoldsThePort()
         const AsNobody powerless;
         QSerialPort late(port.location);
         QVERIFY(!late.open(QIODevice::ReadWrite));
-        const PortObstacle obstacle = obstacleTo(port);
-        QVERIFY(QFile::exists(obstacle.file));
-        QCOMPARE(adviceAgainst(obstacle),
-            QStringLiteral("A program that has ended has left its lock behind: %1.\n"
-                           "The user \"root\" or an administrator has to remove the file %2.")
-                .arg(named, obstacle.file));
+        const PortObstacle left = obstacleTo(port);
+        QCOMPARE(left.kind, PortObstacle::LeftOverLock);
+        QVERIFY(QFile::exists(left.file));
+        QCOMPARE(left.program, program);
+        QCOMPARE(left.process, process);
+        QCOMPARE(left.user, QStringLiteral("root"));
     }
     QSerialPort own(port.location);
     QVERIFY(own.open(QIODevice::ReadWrite));
-    const PortInfo other = findPort(QStringLiteral("COM6"));
-    QVERIFY(adviceAgainst(obstacleTo(other)).endsWith(QLatin1String("under another name: COM5.")));
+    const PortObstacle twice = obstacleTo(findPort(QStringLiteral("COM6")));
+    QCOMPARE(twice.kind, PortObstacle::OwnPort);
+    QCOMPARE(twice.names, QStringList("COM5"));
+}
+
+void PortInfoTest::advises_data()
+{
+    columns<PortObstacle, QString>({"obstacle", "advice"});
+    const auto row = [](const PortObstacle &obstacle, const char *advice) {
+        QTest::newRow(advice) << obstacle << QString::fromLatin1(advice);
+    };
+    using O = PortObstacle;
+    const QString who = QStringLiteral("minicom");
+    const QString eve = QStringLiteral("eve");
+    const QString path = QStringLiteral("/var/lock/x");
+    row({}, "Another program holds the port.");
+    row({O::Busy, {}, {}, who, 7, {}, {}, {}}, "Another program holds the port: \"minicom\", process 7.");
+    row({O::Busy, {}, {}, who, 7, eve, {}, {}},
+        "Another program holds the port: \"minicom\", process 7 of the user \"eve\".");
+    row({O::NoRights, {}, {}, {}, 0, {}, {}, {}}, "You have no right to use the port.");
+    row({O::NoRights, QStringLiteral("dialout"), {}, {}, 0, {}, {}, {}},
+        "You have no right to use the port. Join the group \"dialout\" and log in again.");
+    row({O::OwnPort, {}, {}, {}, 0, {}, {}, {}}, "This program listens on the port already.");
+    row({O::OwnPort, {}, {"COM5", "COM6"}, {}, 0, {}, {}, {}},
+        "This program listens on the same device already, under another name: COM5, COM6.");
+    row({O::LeftOverLock, {}, {}, {}, 0, eve, path, {}},
+        "A program that has ended has left its lock behind.\n"
+        "The user \"eve\" or an administrator has to remove the file /var/lock/x.");
+    row({O::LeftOverLock, {}, {}, who, 7, eve, path, {}},
+        "A program that has ended has left its lock behind: \"minicom\", process 7.\n"
+        "The user \"eve\" or an administrator has to remove the file /var/lock/x.");
+    row({O::NoLockFolder, {}, {}, {}, 0, {}, path, {}},
+        "You have no right to make lock files in /var/lock/x.");
+    const char *const things[] = {"a pipe", "a socket", "a link", "a folder", "a device"};
+    for (int thing = O::Pipe; thing <= O::Device; ++thing)
+        row({O::StrangeLock, {}, {}, {}, 0, eve, path, O::Thing(thing)},
+            QByteArray("/var/lock/x should be the port's lock file and is ") + things[thing]
+                + ".\nThe user \"eve\" or an administrator has to remove it.");
+}
+
+void PortInfoTest::advises()
+{
+    QFETCH(PortObstacle, obstacle);
+    QTEST(adviceAgainst(obstacle), "advice");
+}
+
+// Whoever opens the pipe, or the device behind the link, waits or reads for ever.
+void PortInfoTest::refusesLocksThatAreNoFiles()
+{
+    if (!QFileInfo(QStringLiteral("/var/lock")).isWritable())
+        QSKIP("this system keeps its locks elsewhere");
+    const PtyPair pty(folder->path(), QStringLiteral("COM5"));
+    const PortInfo port = findPort(QStringLiteral("COM5"));
+    const QByteArray lock = lockOf(port);
+    const auto refused = [&](PortObstacle::Thing thing) {
+        const auto obstacle = obstacleToTrying(port);
+        return std::remove(lock) == 0 && obstacle && obstacle->kind == PortObstacle::StrangeLock
+            && obstacle->thing == thing && obstacle->file == QLatin1String(lock) && !obstacle->user.isEmpty();
+    };
+    QVERIFY(!obstacleToTrying(port));
+    QVERIFY(mkfifo(lock, 0666) == 0 && refused(PortObstacle::Pipe));
+    QVERIFY(symlink("/dev/zero", lock) == 0 && refused(PortObstacle::Link));
+    QVERIFY(mkdir(lock, 0777) == 0 && refused(PortObstacle::Folder));
+    QVERIFY(mknod(lock, S_IFSOCK | 0666, 0) == 0 && refused(PortObstacle::Socket));
+    if (geteuid() == 0)
+        QVERIFY(mknod(lock, S_IFCHR | 0666, dev_t(0x0105)) == 0 && refused(PortObstacle::Device));
+    QVERIFY(writeFile(QFile::decodeName(lock), "1\n"));
+    QVERIFY(!obstacleToTrying(port));
+    QVERIFY(std::remove(lock) == 0);
 }
 
 void PortInfoTest::readsLocksOfAllMakes_data()
@@ -190,7 +271,7 @@ void PortInfoTest::readsLocksOfAllMakes()
     QFETCH(QString, program);
     const PtyPair pty(folder->path(), QStringLiteral("COM5"));
     const PortInfo port = findPort(QStringLiteral("COM5"));
-    const QString path = QStringLiteral("/var/lock/LCK..pts_") + port.location.section(QLatin1Char('/'), -1);
+    const QString path = QFile::decodeName(lockOf(port));
     if (!QFileInfo(QStringLiteral("/var/lock")).isWritable())
         QSKIP("this system keeps its locks elsewhere");
     QVERIFY(writeFile(path, lock));

@@ -1,27 +1,20 @@
 #include "ports/portwatcher.h"
 
-#include "ports/portscan.h"
 #include "support/ptypair.h"
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QtTest>
 
 #include <cstdio>
-
-namespace {
-
-constexpr int soon = 2000; // ms
-constexpr int quiet = 2500; // ms; longer than a watcher takes to notice
-
-} // namespace
 
 class PortWatcherTest : public QObject {
     Q_OBJECT
 
 public slots:
     void noteArrival(const PortInfo &port) { events.append('+' + port.name); }
-    void noteRemoval(const PortInfo &port) { events.append('-' + port.name); }
+    void noteRemoval(const PortInfo &port) { events.append('-' + port.name + ' ' + port.location); }
 
 private slots:
     void initTestCase();
@@ -29,9 +22,13 @@ private slots:
     void tellsComingAndGoing();
     void tellsADeviceThatTookAnothersPlace();
     void tellsAReturnThatItCouldNotSee();
-    void looksAreCheap();
 
 private:
+    QString locationOf(const char *port) const
+    {
+        return QFile::symLinkTarget(folder.filePath(QLatin1String(port)));
+    }
+
     QTemporaryDir folder;
     QStringList events;
     std::unique_ptr<PtyPair> present;
@@ -42,6 +39,8 @@ void PortWatcherTest::initTestCase()
 {
     QVERIFY(folder.isValid());
     qputenv("VARNEL_PORT_DIR", folder.path().toLocal8Bit());
+    const PortWatcher usual;
+    QCOMPARE(usual.findChild<QTimer *>()->interval(), 1000);
 }
 
 void PortWatcherTest::init()
@@ -49,60 +48,50 @@ void PortWatcherTest::init()
     events.clear();
     present.reset();
     present = std::make_unique<PtyPair>(folder.path(), QStringLiteral("COM7"));
-    watcher = std::make_unique<PortWatcher>();
+    watcher = std::make_unique<PortWatcher>(nullptr, 10);
     connect(watcher.get(), SIGNAL(arrived(PortInfo)), this, SLOT(noteArrival(PortInfo)));
     connect(watcher.get(), SIGNAL(removed(PortInfo)), this, SLOT(noteRemoval(PortInfo)));
 }
 
+// Each once: what came next follows in the list.
 void PortWatcherTest::tellsComingAndGoing()
 {
-    {
-        const PtyPair fifth(folder.path(), QStringLiteral("COM5"));
-        const PtyPair third(folder.path(), QStringLiteral("COM3"));
-        QTRY_COMPARE_WITH_TIMEOUT(events, QStringList({"+COM3", "+COM5"}), soon);
-        present->hangUp();
-        QTRY_COMPARE_WITH_TIMEOUT(events, QStringList({"+COM3", "+COM5", "-COM7"}), soon);
-        events.clear();
-    }
-    QTRY_COMPARE_WITH_TIMEOUT(events.size(), 2, soon);
-    events.sort();
-    QCOMPARE(events, QStringList({"-COM3", "-COM5"}));
-    QTest::qWait(quiet);
-    QCOMPARE(events.size(), 2);
+    const QString seventh = "-COM7 " + locationOf("COM7");
+    auto fifth = std::make_unique<PtyPair>(folder.path(), QStringLiteral("COM5"));
+    const QString fifthGone = "-COM5 " + locationOf("COM5");
+    QTRY_COMPARE(events, QStringList({"+COM5"}));
+    present->hangUp();
+    QTRY_COMPARE(events, QStringList({"+COM5", seventh}));
+    const PtyPair third(folder.path(), QStringLiteral("COM3"));
+    QTRY_COMPARE(events, QStringList({"+COM5", seventh, "+COM3"}));
+    fifth.reset();
+    QTRY_COMPARE(events, QStringList({"+COM5", seventh, "+COM3", fifthGone}));
 }
 
 // Within one look, so that the port is never seen missing.
 void PortWatcherTest::tellsADeviceThatTookAnothersPlace()
 {
-    const QString path = folder.filePath(QStringLiteral("COM7"));
+    const QString before = locationOf("COM7");
     const PtyPair other(folder.path(), QStringLiteral("spare"));
-    QCOMPARE(std::rename(qPrintable(folder.filePath(QStringLiteral("spare"))), qPrintable(path)), 0);
-    QTRY_COMPARE_WITH_TIMEOUT(events, QStringList({"-COM7", "+COM7"}), soon);
-    QCOMPARE(findPort(QStringLiteral("COM7")).location, QFile::symLinkTarget(path));
+    const QByteArray path = QFile::encodeName(folder.path());
+    QCOMPARE(std::rename(path + "/spare", path + "/COM7"), 0);
+    QTRY_COMPARE(events, QStringList({"-COM7 " + before, "+COM7"}));
+    QCOMPARE(findPort(QStringLiteral("COM7")).location, locationOf("COM7"));
+    QVERIFY(before != locationOf("COM7"));
 }
 
 void PortWatcherTest::tellsAReturnThatItCouldNotSee()
 {
-    watcher->noteLost(QStringLiteral("COM7"));
-    QTest::qWait(500);
-    QCOMPARE(events, QStringList());
-    QTRY_COMPARE_WITH_TIMEOUT(events, QStringList({"-COM7", "+COM7"}), soon);
-    watcher->noteLost(QStringLiteral("COM7"));
+    const QString gone = "-COM7 " + locationOf("COM7");
     watcher->noteLost(QStringLiteral("COM77"));
+    watcher->noteLost(QStringLiteral("COM7"));
+    QCOMPARE(events, QStringList());
+    QTRY_COMPARE(events, QStringList({gone, "+COM7"}));
+    watcher->noteLost(QStringLiteral("COM7"));
     present->hangUp();
-    QTRY_COMPARE_WITH_TIMEOUT(events, QStringList({"-COM7", "+COM7", "-COM7"}), soon);
-    QTest::qWait(quiet);
-    QCOMPARE(events.size(), 3);
-}
-
-// One a second must not be felt, nor seen among the busy programs.
-void PortWatcherTest::looksAreCheap()
-{
-    QElapsedTimer clock;
-    clock.start();
-    for (int i = 0; i < 100; ++i)
-        QCOMPARE(portFingerprint(), portFingerprint());
-    QVERIFY2(clock.elapsed() < 400, qPrintable(QString::number(clock.elapsed())));
+    QTRY_COMPARE(events, QStringList({gone, "+COM7", gone}));
+    const PtyPair next(folder.path(), QStringLiteral("COM8"));
+    QTRY_COMPARE(events, QStringList({gone, "+COM7", gone, "+COM8"}));
 }
 
 QTEST_GUILESS_MAIN(PortWatcherTest)

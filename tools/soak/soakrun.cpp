@@ -108,7 +108,8 @@ bool SoakRun::open()
 void SoakRun::soak()
 {
     say("%d ports at the rate of 19200 baud for %g minutes\n\n", m_plan.ports, m_plan.minutes);
-    pass(warmUp);
+    if (!m_plan.onlyCount)
+        pass(warmUp);
     m_probe = std::make_unique<ResponseProbe>();
     m_base = m_last = read();
     say("%8s %10s %8s %8s %10s %10s %10s %10s %10s\n", "minute", "records", "a sec", "cpu %", "memory MB",
