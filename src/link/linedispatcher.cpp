@@ -33,7 +33,7 @@ bool LineDispatcher::processLine(const QByteArray &line)
         keepResistanceLine(line);
         return false;
     }
-    m_previous = {m_record.mode, m_record.time, m_record.cellCount, m_record.cellType};
+    const Previous previous = {m_record.mode, m_record.time, m_record.cellCount, m_record.cellType};
     if (!parse(line))
         return false;
     const bool starts = startsRecording();
@@ -47,7 +47,7 @@ bool LineDispatcher::processLine(const QByteArray &line)
     m_idleTicks = 0;
     if (takeEndLetter())
         return true;
-    if (processChanged())
+    if (processChanged(previous))
         reset();
     return false;
 }
@@ -68,9 +68,7 @@ void LineDispatcher::announceEnd()
 
 void LineDispatcher::reset()
 {
-    m_previous = {};
     finishRecording();
-    m_idleTicks = 0;
     m_record = {};
     m_newProcess = true;
 }
@@ -114,7 +112,6 @@ void LineDispatcher::startRecording()
     m_window = m_host->createWindow();
     m_newProcess = false;
     m_window->attachReader(m_link);
-    m_idleTicks = 0;
     m_window->setPortName(m_link->portName());
     setClockOnce(ReaderHost::ProcessStart);
 }
@@ -150,15 +147,15 @@ bool LineDispatcher::takeEndLetter()
 }
 
 // A balancer's clock stands still, so that only its pack tells one process from the next.
-bool LineDispatcher::processChanged() const
+bool LineDispatcher::processChanged(const Previous &previous) const
 {
-    if (m_previous.mode == Varnel3Data::NoMode)
+    if (previous.mode == Varnel3Data::NoMode)
         return false;
-    if (m_record.cellCount != m_previous.cellCount || m_record.cellType != m_previous.cellType)
+    if (m_record.cellCount != previous.cellCount || m_record.cellType != previous.cellType)
         return true;
     if (m_record.device == Varnel3Data::Tandor)
         return false;
-    return m_record.time == 0 || m_record.time < m_previous.time || m_record.mode != m_previous.mode;
+    return m_record.time == 0 || m_record.time < previous.time || m_record.mode != previous.mode;
 }
 
 void LineDispatcher::finishRecording()

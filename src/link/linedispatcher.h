@@ -32,7 +32,6 @@ public:
     void reset();
     /// One second has passed.
     void tick() { ++m_idleTicks; }
-    void clearIdleTicks() { m_idleTicks = 0; }
     /// The next good line starts a new recording.
     bool isNewProcess() const { return m_newProcess; }
     /// A recording is on and the device was heard not long ago: its next good line continues it.
@@ -56,7 +55,7 @@ private:
     void showRecord();
     void keepResistanceLine(const QByteArray &line);
     bool takeEndLetter();
-    bool processChanged() const;
+    bool processChanged(const Previous &previous) const;
     void finishRecording();
     void setClockOnce(ReaderHost::ClockMoment moment);
 
@@ -65,7 +64,6 @@ private:
     RecordingWindow *m_window = nullptr; // not owned; forgetWindow() when it goes
     std::unique_ptr<RecordingLog> m_log;
     Varnel3Data m_record; // each line is parsed into it, so that what a dialect does not send carries over
-    Previous m_previous;
     int m_idleTicks = 0; // seconds since the last good line
     int m_endType = Varnel3Data::Completed; // what endProcess() announces
     bool m_newProcess = true;

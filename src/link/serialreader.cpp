@@ -59,7 +59,6 @@ bool SerialReader::tryStart()
 {
     if (m_port.isOpen())
         return true;
-    m_framer.clear();
     m_info = findPort(m_portName);
     m_port.setPortName(m_info.location.isEmpty() ? m_portName : m_info.location);
     const auto obstacle = obstacleToTrying(m_info);
@@ -74,7 +73,6 @@ bool SerialReader::tryStart()
     m_lost = false;
     m_failures = 0;
     m_tick->start(tickPeriod);
-    m_dispatcher.clearIdleTicks();
     connectPort();
     return true;
 }

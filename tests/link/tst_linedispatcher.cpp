@@ -191,7 +191,7 @@ void LineDispatcherTest::isRecordingWhileTheDeviceIsHeard()
     QVERIFY(dispatcher->isRecording());
     tell({"1"});
     QVERIFY(!dispatcher->isRecording() && !dispatcher->isNewProcess());
-    dispatcher->clearIdleTicks();
+    tell({varnel3Line(27)});
     QVERIFY(dispatcher->isRecording());
     dispatcher->reset();
     QVERIFY(!dispatcher->isRecording() && dispatcher->isNewProcess());

@@ -1,5 +1,5 @@
 // What the simulated devices say they mean equals what the program's parsers read from their lines: two
-// implementations that share no code. And what they mean is what a pack could do.
+// implementations that share no code.
 #include "data/varnel3data.h"
 #include "simulator/linewriter.h"
 #include "simulator/process.h"
@@ -13,8 +13,6 @@ private slots:
     void linesAreReadAsMeant_data();
     void linesAreReadAsMeant();
     void resistancesAreReadAsMeant();
-    void packsBehave_data();
-    void packsBehave();
 
 private:
     static sim::DeviceSettings settings(const QString &options);
@@ -112,57 +110,6 @@ void TestSimulatedLines::resistancesAreReadAsMeant()
     QVERIFY(read.parseResistanceLine(QString::fromLatin1(sim::resistanceLine(meant))));
     for (int i = 0; i < 16; ++i)
         QCOMPARE(read.cells[i].resistance, meant.cells[size_t(i)].tenthMilliohms / 10.0);
-}
-
-void TestSimulatedLines::packsBehave_data()
-{
-    QTest::addColumn<int>("chemistry");
-    QTest::addColumn<QString>("mode");
-    for (int i = 0; i < sim::chemistries().size(); ++i)
-        for (const char *mode : {"charge,balance", "charge", "discharge,balance", "balance"})
-            QTest::newRow(QByteArray(sim::chemistries().at(i).name) + ' ' + mode) << i << mode;
-}
-
-/// Whatever is charged or discharged ends by itself, keeps to its limits and moves about its capacity.
-void TestSimulatedLines::packsBehave()
-{
-    QFETCH(int, chemistry);
-    QFETCH(QString, mode);
-    const sim::Chemistry &kind = sim::chemistries().at(chemistry);
-    const auto device = settings(
-        QStringLiteral("varnel3,cells=4,chemistry=%1,mode=%2").arg(QLatin1String(kind.name), mode));
-    sim::Process process(device, 11);
-    int warmest = 0, strongest = 0;
-    double highest = 0, lowest = 1e9;
-    while (!process.finished()) {
-        process.next();
-        for (const sim::Cell &cell : process.pack().cells()) {
-            highest = qMax(highest, cell.voltage);
-            lowest = qMin(lowest, cell.voltage);
-        }
-        warmest = qMax(warmest, process.reading().tenthDegrees);
-        strongest = qMax(strongest, process.reading().milliamps);
-    }
-    const sim::Reading &last = process.reading();
-    QVERIFY2(last.seconds > 120 && last.seconds < 4 * 3600, qPrintable(QString::number(last.seconds)));
-    const double margin = device.balance > 0 ? 1.005 : 1.03; // without balancer only the pack has a limit
-    QVERIFY2(highest < kind.full * margin && last.millivolts < 4 * kind.full + 10,
-        qPrintable(QString::number(highest)));
-    if (mode == QLatin1String("balance")) {
-        QCOMPARE(strongest, 0);
-        QVERIFY(process.pack().cells().first().rest - process.pack().lowestRest() <= 2);
-        return;
-    }
-    QCOMPARE(strongest / 10, 220);
-    QVERIFY2(last.milliampHours > 1600 && last.milliampHours < 2500,
-        qPrintable(QString::number(last.milliampHours)));
-    QVERIFY(warmest > 232 && warmest < 600);
-    if (mode.startsWith(QLatin1String("discharge")))
-        QVERIFY2(lowest > kind.empty * 0.97, qPrintable(QString::number(lowest)));
-    else if (kind.peakDrop > 0)
-        QVERIFY(last.millivolts < process.pack().voltage() + 10 && warmest > 350);
-    else
-        QVERIFY2(last.milliamps <= 112, qPrintable(QString::number(last.milliamps)));
 }
 
 QTEST_APPLESS_MAIN(TestSimulatedLines)
