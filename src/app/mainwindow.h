@@ -135,6 +135,7 @@ private:
     void readSettings();
     void writeSettings() const;
 
+    // NOLINTBEGIN(readability-identifier-naming): the interface names these
     DeskArea *mdiArea;
     QSignalMapper *windowMapper;
     QMenu *windowMenu;
@@ -172,4 +173,5 @@ private:
     EndNotice *endNotice;
     RemoteControls *remoteControls;
     SleepInhibitor *sleepInhibitor;
+    // NOLINTEND(readability-identifier-naming)
 };

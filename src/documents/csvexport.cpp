@@ -40,7 +40,7 @@ public:
     void end()
     {
         bytes += '\n';
-        first = true;
+        m_first = true;
     }
 
     QByteArray bytes;
@@ -48,12 +48,12 @@ public:
 private:
     void separate()
     {
-        if (!first)
+        if (!m_first)
             bytes += ',';
-        first = false;
+        m_first = false;
     }
 
-    bool first = true;
+    bool m_first = true;
 };
 
 struct Column {

@@ -83,24 +83,24 @@ void keepLastFolder(const QString &path)
 Documents::Documents(QWidget *shellWindow, ProgressStrip *strip, FileWriter *fileWriter,
     GraphWindows *graphWindows, DisplayWindows *displayWindows, WindowFiles *files)
     : QObject(shellWindow)
-    , shell(shellWindow)
-    , writer(fileWriter)
-    , graphs(graphWindows)
-    , displays(displayWindows)
-    , windowFiles(files)
-    , queue(new FileQueue(strip, this))
-    , labels(labelBytes)
+    , m_shell(shellWindow)
+    , m_writer(fileWriter)
+    , m_graphs(graphWindows)
+    , m_displays(displayWindows)
+    , m_windowFiles(files)
+    , m_queue(new FileQueue(strip, this))
+    , m_labels(labelBytes)
 {
-    connect(queue, SIGNAL(message(QString,int)), this, SIGNAL(message(QString,int)));
-    connect(queue, SIGNAL(loaded(QString,SeriesStore*)), this, SLOT(onLoaded(QString,SeriesStore*)));
-    connect(queue, SIGNAL(finished(QStringList,int)), this, SLOT(onFinished(QStringList,int)));
+    connect(m_queue, SIGNAL(message(QString,int)), this, SIGNAL(message(QString,int)));
+    connect(m_queue, SIGNAL(loaded(QString,SeriesStore*)), this, SLOT(onLoaded(QString,SeriesStore*)));
+    connect(m_queue, SIGNAL(finished(QStringList,int)), this, SLOT(onFinished(QStringList,int)));
 }
 
 void Documents::openDialog()
 {
     const DialogPlaces places(lastFolder());
     QFileDialog dialog(
-        shell, tr("Chose varnel data file names"), places.first(), tr("Varnel files (*.acp *.abp)"));
+        m_shell, tr("Chose varnel data file names"), places.first(), tr("Varnel files (*.acp *.abp)"));
     dialog.setOption(QFileDialog::DontUseNativeDialog); // a native one would show no labels
     dialog.resize(dialogSize);
     auto *view
@@ -114,11 +114,11 @@ void Documents::openDialog()
 
 void Documents::openRecordings()
 {
-    const QString folder = windowFiles->folder().path();
+    const QString folder = m_windowFiles->folder().path();
     const DialogPlaces places(folder);
     if (!places.isSilent())
         QDir().mkpath(folder); // nothing may have been recorded yet
-    QFileDialog dialog(shell, tr("Open recordings"), places.first(), tr("Recordings (*.acp)"));
+    QFileDialog dialog(m_shell, tr("Open recordings"), places.first(), tr("Recordings (*.acp)"));
     dialog.setOption(QFileDialog::DontUseNativeDialog); // only then there are views
     dialog.resize(dialogSize);
     auto *view = new FolderView(&dialog, new RecordingsModel(&dialog));
@@ -138,26 +138,26 @@ void Documents::openRecordings()
 
 void Documents::open(const QStringList &files)
 {
-    queue->add(files);
+    m_queue->add(files);
 }
 
 bool Documents::isOpening() const
 {
-    return queue->isBusy();
+    return m_queue->isBusy();
 }
 
 void Documents::cancelOpening()
 {
-    queue->cancel();
+    m_queue->cancel();
 }
 
 QStringList Documents::openFrom(QFileDialog &dialog)
 {
-    labels.clear();
-    displays->hideAll();
-    displaysHidden = true;
+    m_labels.clear();
+    m_displays->hideAll();
+    m_displaysHidden = true;
     dialog.setFileMode(QFileDialog::ExistingFiles);
-    auto *delegate = new VarelStyledItemDelegate(&labels, &dialog);
+    auto *delegate = new VarelStyledItemDelegate(&m_labels, &dialog);
     for (QAbstractItemView *view :
         {static_cast<QAbstractItemView *>(dialog.findChild<QListView *>("listView")),
             static_cast<QAbstractItemView *>(dialog.findChild<QTreeView *>("treeView"))}) {
@@ -176,18 +176,18 @@ QStringList Documents::openFrom(QFileDialog &dialog)
 
 void Documents::onLoaded(const QString &fileName, SeriesStore *store)
 {
-    auto *child = new MdiGraphChild(graphs, shell);
+    auto *child = new MdiGraphChild(m_graphs, m_shell);
     child->load(std::move(*store), fileName);
-    windowFiles->attachFile(child, fileName);
-    graphs->place(child);
+    m_windowFiles->attachFile(child, fileName);
+    m_graphs->place(child);
 }
 
 void Documents::onFinished(const QStringList &failures, int total)
 {
     emit opened();
-    if (displaysHidden)
-        displays->showAsSwitched();
-    displaysHidden = false;
+    if (m_displaysHidden)
+        m_displays->showAsSwitched();
+    m_displaysHidden = false;
     if (!failures.isEmpty() && total > 1)
         listFailures(failures, total);
 }
@@ -199,7 +199,7 @@ void Documents::listFailures(const QStringList &failures, int total)
     const int more = failures.size() - failuresShown;
     if (more > 0)
         text += QLatin1Char('\n') + tr("... and %n more", nullptr, more);
-    showWarningBox(shell, "openFailures", tr("Open file"), text,
+    showWarningBox(m_shell, "openFailures", tr("Open file"), text,
         more > 0 ? failures.join(QLatin1Char('\n')) : QString());
 }
 
@@ -214,12 +214,12 @@ void Documents::saveDialog(MdiGraphChild *child)
 // Never preset with another recording's name, which would be one Enter from being replaced.
 QString Documents::askSaveName(const MdiGraphChild *child)
 {
-    SaveDialog dialog(shell, tr("Choose file name"), {QStringLiteral("*.acp")});
+    SaveDialog dialog(m_shell, tr("Choose file name"), {QStringLiteral("*.acp")});
     dialog.refuse({QStringLiteral(".abp")},
         tr("Files that end in .abp are only read. Choose a name that ends in .acp."));
     const QFileInfo last(lastFolder());
     dialog.setDirectory(last.isDir() ? last.filePath() : last.path());
-    dialog.suggest(windowFiles->nameFor(child));
+    dialog.suggest(m_windowFiles->nameFor(child));
     if (dialog.exec() != QDialog::Accepted)
         return QString();
     const QString name = dialog.selectedFiles().value(0);
@@ -229,14 +229,14 @@ QString Documents::askSaveName(const MdiGraphChild *child)
 
 void Documents::save(MdiGraphChild *child, const QString &fileName, const std::function<void(bool)> &done)
 {
-    if (windowFiles->isBeingRecorded(fileName)) {
+    if (m_windowFiles->isBeingRecorded(fileName)) {
         tellFailure(fileName, tr("A recording is being written to this file."));
         done(false);
         return;
     }
     auto lines = std::make_unique<RecordLines>(child->store().records(), child->store().markedFrom());
     const RecordLines *const written = lines.get();
-    writer->add(fileName, std::move(lines), [=](const WriteOutcome &outcome) {
+    m_writer->add(fileName, std::move(lines), [=](const WriteOutcome &outcome) {
         finishSave(child, fileName, *written, outcome);
         done(outcome.written);
     });
@@ -252,7 +252,7 @@ void Documents::finishSave(
     } else {
         child->markSaved(fileName, lines.recordCount());
         emit message(tr("Data saved on disk."), savedTime);
-        savedFile = QDir::toNativeSeparators(fileName);
+        m_savedFile = QDir::toNativeSeparators(fileName);
         QTimer::singleShot(savedTime, this, SLOT(nameSaved()));
         if (lines.unreadable() > 0)
             tellUnreadable(lines.unreadable(), child, fileName);
@@ -262,13 +262,13 @@ void Documents::finishSave(
 // A second is enough to see that it was saved, not to read where.
 void Documents::nameSaved()
 {
-    emit message(tr("%1 written.").arg(savedFile), messageTime);
+    emit message(tr("%1 written.").arg(m_savedFile), messageTime);
 }
 
 void Documents::tellFailure(const QString &fileName, const QString &reason)
 {
     emit message(tr("Can not save file %1").arg(fileName), 0);
-    showWarningBox(shell, "saveFailed", tr("Save as"),
+    showWarningBox(m_shell, "saveFailed", tr("Save as"),
         tr("Can not save file %1").arg(QDir::toNativeSeparators(fileName)) + QLatin1Char('\n') + reason);
 }
 
@@ -279,8 +279,8 @@ void Documents::tellUnreadable(int count, const MdiGraphChild *child, const QStr
              "from %1.",
             nullptr, count)
               .arg(QDir::toNativeSeparators(fileName));
-    const QString kept = windowFiles->fileOf(child);
+    const QString kept = m_windowFiles->fileOf(child);
     if (!kept.isEmpty() && QFileInfo(kept) != QFileInfo(fileName) && QFileInfo::exists(kept))
         text += QLatin1Char('\n') + tr("They are kept in %1.").arg(QDir::toNativeSeparators(kept));
-    showWarningBox(shell, "unreadableRecords", tr("Save as"), text);
+    showWarningBox(m_shell, "unreadableRecords", tr("Save as"), text);
 }

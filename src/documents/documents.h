@@ -64,13 +64,13 @@ private:
     void tellFailure(const QString &fileName, const QString &reason);
     void tellUnreadable(int count, const MdiGraphChild *child, const QString &fileName);
 
-    QWidget *shell;
-    FileWriter *writer;
-    GraphWindows *graphs;
-    DisplayWindows *displays;
-    WindowFiles *windowFiles;
-    FileQueue *queue;
-    QCache<QString, QString> labels; ///< of files in the open dialog
-    bool displaysHidden = false;
-    QString savedFile; ///< the one saved last, as it is told
+    QWidget *m_shell;
+    FileWriter *m_writer;
+    GraphWindows *m_graphs;
+    DisplayWindows *m_displays;
+    WindowFiles *m_windowFiles;
+    FileQueue *m_queue;
+    QCache<QString, QString> m_labels; ///< of files in the open dialog
+    bool m_displaysHidden = false;
+    QString m_savedFile; ///< the one saved last, as it is told
 };

@@ -94,27 +94,27 @@ private slots:
         const auto row = [](const char *name, const Ids &clicks, const char *texts, const char *modes) {
             QTest::newRow(name) << clicks << texts << modes;
         };
-        const Id B = Id::Balancer, D = Id::Delta, V = Id::Energy, S = Id::SelectedCells, A = Id::Average;
+        const Id b = Id::Balancer, d = Id::Delta, v = Id::Energy, s = Id::SelectedCells, a = Id::Average;
         row("start", {}, "  dV * Rw * B  Avg  S - P% - Vc -", "001");
-        row("mAh", {D}, " mAh * Rw * B  Avg  S - P% - Vc -", "002");
-        row("neither", {D, D}, "  dV  Rw * B  Avg  S - P% - Vc -", "000");
-        row("dV again", {D, D, D}, "  dV * Rw * B  Avg  S - P% - Vc -", "001");
-        row("balancer", {B}, "  dV * Rw * B * Avg  S  P%  Vc ", "001");
-        row("balancer has no mAh", {D, B}, "  dV * Rw * B * Avg  S  P%  Vc ", "001");
-        row("balancer leaves neither", {D, D, B}, "  dV  Rw * B * Avg  S  P%  Vc ", "000");
-        row("dV is on or off in balancer", {B, D}, "  dV  Rw * B * Avg  S  P%  Vc ", "000");
-        row("dV on again in balancer", {B, D, D}, "  dV * Rw * B * Avg  S  P%  Vc ", "001");
-        row("average takes balancer along", {A}, "  dV * Rw * B * Avg * S - P%  Vc ", "001");
-        row("but not what that does", {D, A}, " mAh * Rw * B * Avg * S - P%  Vc ", "002");
-        row("average off", {A, A}, "  dV * Rw * B * Avg  S  P%  Vc ", "001");
-        row("balancer off takes all along", {A, Id::Power, B}, "  dV * Rw * B  Avg  S - P% - Vc -", "001");
-        row("plus", {B, S}, "  dV * Rw * B * Avg  + * P%  Vc ", "101");
-        row("minus", {B, S, S}, "  dV * Rw * B * Avg  -  P%  Vc ", "201");
-        row("all cells", {B, S, S, S}, "  dV * Rw * B * Avg  S * P%  Vc ", "001");
-        row("Ah", {B, V}, "  dV * Rw * B * Avg  S  P%  Ah ", "011");
-        row("Ri", {B, V, V}, "  dV * Rw * B * Avg  S  P%  Ri ", "021");
-        row("Vc", {B, V, V, V}, "  dV * Rw * B * Avg  S  P%  Vc ", "001");
-        row("each for itself", {B, S, V, V, D}, "  dV  Rw * B * Avg  + * P%  Ri ", "120");
+        row("mAh", {d}, " mAh * Rw * B  Avg  S - P% - Vc -", "002");
+        row("neither", {d, d}, "  dV  Rw * B  Avg  S - P% - Vc -", "000");
+        row("dV again", {d, d, d}, "  dV * Rw * B  Avg  S - P% - Vc -", "001");
+        row("balancer", {b}, "  dV * Rw * B * Avg  S  P%  Vc ", "001");
+        row("balancer has no mAh", {d, b}, "  dV * Rw * B * Avg  S  P%  Vc ", "001");
+        row("balancer leaves neither", {d, d, b}, "  dV  Rw * B * Avg  S  P%  Vc ", "000");
+        row("dV is on or off in balancer", {b, d}, "  dV  Rw * B * Avg  S  P%  Vc ", "000");
+        row("dV on again in balancer", {b, d, d}, "  dV * Rw * B * Avg  S  P%  Vc ", "001");
+        row("average takes balancer along", {a}, "  dV * Rw * B * Avg * S - P%  Vc ", "001");
+        row("but not what that does", {d, a}, " mAh * Rw * B * Avg * S - P%  Vc ", "002");
+        row("average off", {a, a}, "  dV * Rw * B * Avg  S  P%  Vc ", "001");
+        row("balancer off takes all along", {a, Id::Power, b}, "  dV * Rw * B  Avg  S - P% - Vc -", "001");
+        row("plus", {b, s}, "  dV * Rw * B * Avg  + * P%  Vc ", "101");
+        row("minus", {b, s, s}, "  dV * Rw * B * Avg  -  P%  Vc ", "201");
+        row("all cells", {b, s, s, s}, "  dV * Rw * B * Avg  S * P%  Vc ", "001");
+        row("Ah", {b, v}, "  dV * Rw * B * Avg  S  P%  Ah ", "011");
+        row("Ri", {b, v, v}, "  dV * Rw * B * Avg  S  P%  Ri ", "021");
+        row("Vc", {b, v, v, v}, "  dV * Rw * B * Avg  S  P%  Vc ", "001");
+        row("each for itself", {b, s, v, v, d}, "  dV  Rw * B * Avg  + * P%  Ri ", "120");
         row("curves", {Id::Temperature, Id::Resistance}, "  dV * Rw  B  Avg  S - P% - Vc -", "001");
     }
 
@@ -137,10 +137,10 @@ private slots:
     void shownAgain_data()
     {
         columns<Ids, Ids>({"before", "after"});
-        const Id B = Id::Balancer, V = Id::Energy;
-        QTest::newRow("B") << Ids{B, V, V, B} << Ids{B};
-        QTest::newRow("Avg") << Ids{B, V, V, B} << Ids{Id::Average};
-        QTest::newRow("Vc") << Ids{B, V} << Ids{V};
+        const Id b = Id::Balancer, v = Id::Energy;
+        QTest::newRow("B") << Ids{b, v, v, b} << Ids{b};
+        QTest::newRow("Avg") << Ids{b, v, v, b} << Ids{Id::Average};
+        QTest::newRow("Vc") << Ids{b, v} << Ids{v};
     }
 
     /// The newest record goes to the data display again, which from then on knows its resistances.

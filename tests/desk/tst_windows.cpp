@@ -21,6 +21,7 @@
 #include "support/fakelink.h"
 #include "support/files.h"
 #include "support/lines.h"
+#include "support/modaldialog.h"
 #include "support/settle.h"
 #include "support/shellrig.h"
 #include "support/warningcollector.h"
@@ -385,6 +386,44 @@ private slots:
         source.toggleCell(2, 15);
         QVERIFY(!source.packs()[1].selected[15]);
         QVERIFY(first->selectedCells() == CellSelection{});
+    }
+
+    /// The displays, always on top, are out of the dialog's way, and come back as they were switched.
+    void filesComeByDialogAndByAnotherStart()
+    {
+        const QStringList files{
+            fixture->path(QStringLiteral("a.acp")), fixture->path(QStringLiteral("b.acp"))};
+        for (const QString &file : files)
+            QVERIFY(writeFile(file, Lines::charger(1) + Lines::charger(2)));
+        window->createMdiChild();
+        for (const ActionId id : {ActionId::Data, ActionId::Graph, ActionId::Balancer, ActionId::Power})
+            trigger(id);
+        const auto seen = [this] {
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            QString all;
+            const QWidgetList list = displays();
+            for (const QWidget *one : list)
+                all += QLatin1Char(one->isVisible() ? '1' : '0');
+            return all;
+        };
+        QCOMPARE(seen(), QStringLiteral("1011"));
+        whenModal<QFileDialog>(window.get(), [&](QFileDialog *dialog) {
+            QCOMPARE(seen(), QStringLiteral("0000"));
+            enterName(dialog, QLatin1Char('"') + files.join(QStringLiteral("\" \"")) + QLatin1Char('"'));
+        });
+        trigger(ActionId::Open);
+        QTRY_COMPARE(window->mdiChildren().size(), 3);
+        QTRY_COMPARE(seen(), QStringLiteral("1011"));
+        QCOMPARE(VarnelSettings().value(QStringLiteral("global/lastDir")).toString(), files.first());
+        QCOMPARE(window->activeWindowNumber(), 3);
+        window->showMinimized();
+        window->comeForward({files.last()});
+        QVERIFY(!window->isMinimized());
+        QTRY_COMPARE(window->mdiChildren().size(), 4);
+
+        window = std::make_unique<MainWindow>();
+        window->openFiles(files); // before it listens
+        QTRY_COMPARE(window->mdiChildren().size(), 2);
     }
 
     void closingEndsTheProgram()
