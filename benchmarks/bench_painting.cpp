@@ -1,6 +1,6 @@
 #include "graph/curves/curvepainter.h"
 #include "graph/plot/graphpainter.h"
-#include "graph/scene/graphpicture.h"
+#include "graph/scene/graphrequest.h"
 #include "samplerecording.h"
 
 #include <QImage>
@@ -144,17 +144,17 @@ void paintSpans(benchmark::State &state)
 void paintWindow(benchmark::State &state)
 {
     SeriesStore store = storeOf(int(state.range(0)));
-    GraphPicture picture;
-    picture.size = QSize(1400, 860);
-    picture.store = &store;
-    picture.switches.balancer = true;
-    picture.windowNumber = 1;
+    GraphRequest request;
+    request.size = QSize(1400, 860);
+    request.store = &store;
+    request.switches.balancer = true;
+    request.windowNumber = 1;
     GraphPainter graph;
-    QImage image = canvas(picture.size);
+    QImage image = canvas(request.size);
     for (auto _ : state) {
         store.append(sampleRecord(store.size(), allCells));
         QPainter painter(&image);
-        graph.paint(&painter, picture);
+        graph.paint(&painter, request);
     }
 }
 
