@@ -23,7 +23,9 @@ CapacityDisplay::CapacityDisplay(QWidget *parent)
     : QWidget(parent, Qt::Window | Qt::WindowStaysOnTopHint)
 {
     m_next = createButton(QStringLiteral(":/Icons/control-right.png"), tr("Next"), SLOT(showNext()));
+    m_next->setObjectName(QStringLiteral("next"));
     m_prev = createButton(QStringLiteral(":/Icons/control-left.png"), tr("Previous"), SLOT(showPrev()));
+    m_prev->setObjectName(QStringLiteral("previous"));
     setWindowIcon(QIcon(QStringLiteral(":/Icons/wykbar.png")));
     setWindowTitle(tr("Varnel - capacity comparison"));
     setAutoFillBackground(true);
@@ -160,16 +162,12 @@ bool CapacityDisplay::event(QEvent *event)
         return QWidget::event(event);
     const auto *help = static_cast<QHelpEvent *>(event);
     const int index = m_chart.entryAt(help->pos(), size());
-    if (index < 0) {
-        QToolTip::hideText();
-    } else {
-        const CapacityEntry &entry = m_chart.entries[index];
-        QString text = entry.text();
-        if (entry.staleSince.isValid())
-            text += QLatin1Char('\n')
-                + tr("No line since %1").arg(entry.staleSince.time().toString(QStringLiteral("HH:mm:ss")));
-        QToolTip::showText(help->globalPos(), text, this);
-    }
+    const CapacityEntry entry = m_chart.entries.value(index);
+    QString text = index < 0 ? QString() : entry.text(); // without one, another's goes
+    if (entry.staleSince.isValid())
+        text += QLatin1Char('\n')
+            + tr("No line since %1").arg(entry.staleSince.time().toString(QStringLiteral("HH:mm:ss")));
+    QToolTip::showText(help->globalPos(), text, this);
     return true;
 }
 
@@ -179,18 +177,15 @@ void CapacityDisplay::paintEvent(QPaintEvent *)
     m_chart.paint(painter, size());
 }
 
-void CapacityDisplay::resizeEvent(QResizeEvent *event)
+void CapacityDisplay::resizeEvent(QResizeEvent *)
 {
-    QWidget::resizeEvent(event);
     const int top = height() / 2 - scaled(20);
     m_prev->move(scaled(7), top);
     m_next->move(width() - 1 - scaled(22), top);
-    update();
 }
 
-void CapacityDisplay::showEvent(QShowEvent *event)
+void CapacityDisplay::showEvent(QShowEvent *)
 {
-    QWidget::showEvent(event);
     while (m_chart.first > 0 && m_chart.first >= m_windowCount) {
         --m_chart.first;
         --m_end;
@@ -200,10 +195,9 @@ void CapacityDisplay::showEvent(QShowEvent *event)
     m_updateTimer.start();
 }
 
-void CapacityDisplay::hideEvent(QHideEvent *event)
+void CapacityDisplay::hideEvent(QHideEvent *)
 {
     m_updateTimer.stop();
-    QWidget::hideEvent(event);
 }
 
 void CapacityDisplay::closeEvent(QCloseEvent *event)

@@ -62,7 +62,7 @@ private:
     CapacityChart m_chart;
     int m_end = 0; // one past the rightmost entry in view
     int m_windowCount = 0;
-    QTimer m_updateTimer;
+    QTimer m_updateTimer{this};
     QPushButton *m_next;
     QPushButton *m_prev;
 };

@@ -34,8 +34,7 @@ void VoltageCanvas::mousePressEvent(QMouseEvent *event)
     emit cellPressed(hit.pack, hit.cell, event->modifiers().testFlag(Qt::ControlModifier));
 }
 
-void VoltageCanvas::resizeEvent(QResizeEvent *event)
+void VoltageCanvas::resizeEvent(QResizeEvent *)
 {
-    QWidget::resizeEvent(event);
     emit resized();
 }

@@ -24,6 +24,7 @@ public:
     PrintRequest(const PrintJob &job, QWidget *window);
     ~PrintRequest() override;
 
+    const PrintJob &job() const { return m_job; }
     void open();
 
 private slots:

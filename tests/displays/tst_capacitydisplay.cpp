@@ -1,39 +1,34 @@
 #include "displays/capacitydisplay.h"
 
-#include "widgets/displayscale.h"
 #include "resources/resources.h"
+#include "settings/viewstate.h"
 #include "support/columns.h"
-#include "support/pixels.h"
+#include "support/paintlog.h"
 
-#include <QPainter>
+#include <QHelpEvent>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 
 namespace {
 
-constexpr QRgb charging = qRgb(0, 127, 0);
-constexpr QRgb discharging = qRgb(127, 0, 0);
-constexpr QRgb balancing = qRgb(127, 127, 0);
+constexpr QSize smallest{470, 280};
+using Ints = QVector<int>;
 
-CapacityChart chartOf(const QVector<int> &capacities)
+CapacityChart chartOf(const Ints &capacities, int first = 0, qreal scale = 1.0)
 {
     CapacityChart chart;
     for (const int capacity : capacities)
         chart.entries.append({capacity, 'C', chart.entries.size() + 1});
+    chart.first = first;
+    chart.scale = scale;
     return chart;
 }
 
-QImage paint(const CapacityChart &chart, const QSize &size)
-{
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(chart.blackGround ? Qt::black : Qt::white);
-    QPainter painter(&image);
-    chart.paint(painter, size);
-    return image;
-}
-
 } // namespace
+
+Q_DECLARE_METATYPE(CapacityChart)
 
 /// The capacity comparison: where its bars stand, in which colours, and which entries are in view.
 class TestCapacityDisplay : public QObject {
@@ -42,202 +37,194 @@ class TestCapacityDisplay : public QObject {
 private slots:
     void initTestCase() { initResources(); }
 
-    void columns()
+    void picture()
     {
-        CapacityChart chart = chartOf({10, 20, 30, 40, 50, 60, 70, 80, 90});
-        const QSize size(470, 280);
-        QCOMPARE(chart.barRect(0, size).left(), 30);
-        QCOMPARE(chart.barRect(0, size).width(), 38);
-        QCOMPARE(chart.barRect(7, size).left(), 30 + 7 * (38 + 14));
-        chart.first = 1;
-        QCOMPARE(chart.barRect(1, size).left(), 30);
-        QCOMPARE(chart.visibleEnd(), 9);
-        QCOMPARE(chart.entryAt({31, 10}, size), 1);
-        QCOMPARE(chart.entryAt({75, 10}, size), -1); // in a gap
+        CapacityChart chart = chartOf({2000, 500, 0});
+        chart.entries[1].mode = 'D';
+        chart.entries[1].number = 12;
+        chart.entries[1].staleSince = QDateTime::currentDateTime();
+        chart.entries[2].mode = ' ';
+        const auto paint = [&chart](QPainter &painter) { chart.paint(painter, smallest); };
+        VERIFY_PAINTS(smallest, paint,
+
+            "line 20,224 450,224 #7f7f7f; line 20,56 450,56 #7f7f7f; line 20,112 450,112 #7f7f7f; "
+            "line 20,168 450,168 #7f7f7f; rect 30,56 38x168 #007f00; rect 36,56 7x168 #00ff00; "
+            "rect 30,56 37x167 pen1 #00ff00; rect 35,36 39x13 #ffffc8; rect 35,36 39x13 pen1 #000000; "
+            "text '1' mid 55,43 11 Arial #000000; rect 35,20 39x13 #ffff00; "
+            "rect 35,20 39x13 pen1 #000000; text '100%' mid 55,27 11 Arial #000000; "
+            "text '1' foot 49,252 13 bold Arial #ffffff; text '2.000 Ah' mid 49,260 11 Arial #ffffff; "
+            "rect 82,182 38x42 #7f0000 dim; rect 88,182 7x42 #ff0000 dim; "
+            "rect 82,182 37x41 pen1 #ff0000 dim; rect 87,162 39x13 #ffffc8 dim; "
+            "rect 87,162 39x13 pen1 #000000 dim; text '12' mid 107,169 11 Arial #000000 dim; "
+            "rect 87,146 39x13 #ffff00 dim; rect 87,146 39x13 pen1 #000000 dim; "
+            "text '25%' mid 107,153 11 Arial #000000 dim; "
+            "text '2' foot 101,252 13 bold Arial #ffffff dim; "
+            "text '0.500 Ah' mid 101,260 11 Arial #ffffff dim; rect 134,223 38x1 #7f7f00; "
+            "rect 140,223 7x1 #ffff00; rect 134,223 37x0 pen1 #ffff00; rect 139,203 39x13 #ffffc8; "
+            "rect 139,203 39x13 pen1 #000000; text '3' mid 159,210 11 Arial #000000; "
+            "text '3' foot 153,252 13 bold Arial #ffffff; text '0.000 Ah' mid 153,260 11 Arial #ffffff",
+            true);
+    }
+
+    void details_data()
+    {
+        ::columns<CapacityChart, QSize, bool, QString>({"chart", "size", "black", "line"});
+        const auto row = [](const char *name, const CapacityChart &chart, const QSize &size, bool black,
+                             const char *line) { QTest::newRow(name) << chart << size << black << line; };
+        row("on paper", chartOf({2000}), smallest, false, "text '1' foot 49,252 13 bold Arial #000000");
+        row("outline", chartOf({2000}), smallest, false, "rect 30,56 37x167 pen1 #00ff00");
+        row("outline of two pixels", chartOf({9000, 110}), smallest, false, "rect 82,222 37x1 pen1 #007f00");
+        row("outline of three", chartOf({9000, 161}), smallest, false, "rect 82,221 37x2 pen1 #00ff00");
+        row("flat on black", chartOf({0}), smallest, true, "rect 30,223 37x0 pen1 #00ff00");
+        row("wide", chartOf({0, 0, 0, 0, 0, 0, 0, 7}), {1900, 280}, true, "rect 1689,56 172x168 #007f00");
+        row("larger", chartOf({7}, 0, 1.5), {705, 420}, true, "rect 45,84 57x252 #007f00");
+        row("larger fonts", chartOf({7}, 0, 1.5), {705, 420}, true, "rect 53,54 59x20 pen1 #000000");
+        row("room for no capacity", chartOf({7}), {470, 210}, true, "rect 35,22 39x13 #ffffc8");
+        row("on the edge", chartOf({7}), {470, 100}, true,
+            "rect 35,0 39x13 #ffff00; rect 35,10 39x13 #ffffc8");
+        row("far down the list", chartOf({1, 1, 7}, 2), smallest, true,
+            "text '3' mid 55,43 11 Arial #000000");
+    }
+
+    void details()
+    {
+        QFETCH(CapacityChart, chart);
+        QFETCH(QSize, size);
+        QFETCH(bool, black);
+        QFETCH(QString, line);
+        chart.blackGround = black;
+        VERIFY_PAINTS(
+            size, [&](QPainter &painter) { chart.paint(painter, size); }, line);
+    }
+
+    void page()
+    {
+        CapacityChart chart = chartOf({2000, 1044});
+        chart.entries[1].recorded = "2: Varnel 3 COM2, 14 x NiMh";
+        QCOMPARE(chart.pageSize(smallest), QSize(470, 280 + 2 * 15));
+        VERIFY_PAINTS(
+            chart.pageSize(smallest), [&](QPainter &painter) { chart.paintPage(painter, smallest); },
+
+            "rect 30,56 38x168 #007f00; text '1, 2.000 Ah' left 30,288 11 Arial #000000; "
+            "text '2: Varnel 3 COM2, 14 x NiMh, 1.044 Ah' left 30,303 11 Arial #000000");
     }
 
     void barTops_data()
     {
-        ::columns<QVector<int>, QVector<int>, QVector<int>>({"capacities", "tops", "percents"});
+        ::columns<Ints, Ints, Ints>({"capacities", "tops", "percents"});
         // 280 pixels: 168 of them between the baseline at 224 and the full scale at 56.
-        QTest::newRow("parts") << QVector<int>{1000, 500, 1999, 2000} << QVector<int>{140, 182, 57, 56}
-                               << QVector<int>{50, 25, 100, 100};
-        QTest::newRow("nothing") << QVector<int>{0, 100} << QVector<int>{223, 56} << QVector<int>{0, 100};
-        QTest::newRow("all nothing") << QVector<int>{0, 0} << QVector<int>{223, 223} << QVector<int>{0, 0};
-        QTest::newRow("below nothing")
-            << QVector<int>{-50, -7} << QVector<int>{223, 223} << QVector<int>{0, 0};
-        QTest::newRow("32 bits") << QVector<int>{2147483647, 1073741824} << QVector<int>{56, 140}
-                                 << QVector<int>{100, 50};
+        QTest::newRow("parts") << Ints{1000, 500, 1999, 2000} << Ints{140, 182, 57, 56}
+                               << Ints{50, 25, 100, 100};
+        QTest::newRow("nothing") << Ints{0, 100} << Ints{223, 56} << Ints{0, 100};
+        QTest::newRow("all nothing") << Ints{0, 0} << Ints{223, 223} << Ints{0, 0};
+        QTest::newRow("below nothing") << Ints{-50, -7} << Ints{223, 223} << Ints{0, 0};
+        QTest::newRow("1 mAh") << Ints{1, 1} << Ints{56, 56} << Ints{100, 100};
+        QTest::newRow("32 bits") << Ints{2147483647, 1073741824} << Ints{56, 140} << Ints{100, 50};
     }
 
     void barTops()
     {
-        QFETCH(QVector<int>, capacities);
-        QFETCH(QVector<int>, tops);
-        QFETCH(QVector<int>, percents);
+        QFETCH(Ints, capacities);
+        QFETCH(Ints, tops);
+        QFETCH(Ints, percents);
         const CapacityChart chart = chartOf(capacities);
         for (int i = 0; i < capacities.size(); ++i) {
             QCOMPARE(chart.barTop(i, 280), tops[i]);
             QCOMPARE(qRound(chart.percent(i)), percents[i]);
-            QCOMPARE(chart.barRect(i, {470, 280}).bottom(), 280 - 56 - 1);
         }
     }
 
-    void coloursAndHeights()
+    void entryAtPoint()
     {
-        CapacityChart chart = chartOf({1000, 500, 250, 0});
-        chart.entries[1].mode = 'D';
-        chart.entries[2].mode = ' ';
-        const QSize size(470, 280);
-        const QImage image = paint(chart, size);
-        const QRgb bodies[] = {charging, discharging, balancing};
-        const QRgb pens[] = {qRgb(0, 255, 0), qRgb(255, 0, 0), qRgb(255, 255, 0)};
-        for (int i = 0; i < 3; ++i) {
-            const QRect bar = chart.barRect(i, size);
-            const int x = bar.right() - 5;
-            QCOMPARE(image.pixel(x, bar.top() + 1), bodies[i]);
-            QCOMPARE(image.pixel(x, bar.bottom() - 1), bodies[i]);
-            QCOMPARE(image.pixel(x, bar.top()), pens[i]);
-            QCOMPARE(image.pixel(bar.left() + bar.width() / 6 + 1, bar.center().y()), pens[i]);
-            // The number's box stands above the bar, the per cent's box above that.
-            QCOMPARE(image.pixel(bar.left() + 8, bar.top() - 8), qRgb(255, 255, 200));
-            QCOMPARE(image.pixel(bar.left() + 8, bar.top() - 24), qRgb(255, 255, 0));
-        }
-        const QRect empty = chart.barRect(3, size);
-        QCOMPARE(image.pixel(empty.left() + 8, empty.top() - 8), qRgb(255, 255, 200));
-        QCOMPARE(image.pixel(empty.left() + 8, empty.top() - 24), qRgb(0, 0, 0));
-        for (const int y : {56, 112, 168, 224})
-            QCOMPARE(image.pixel(21, y), qRgb(127, 127, 127));
-        chart.blackGround = false;
-        for (const char mode : {'C', 'D', ' '}) {
-            chart.entries[3].mode = mode;
-            QVERIFY(contrast(paint(chart, size).pixelColor(empty.center()), Qt::white) > 3);
-        }
-    }
-
-    void figuresAndPage()
-    {
-        const QSize size(470, 280);
-        CapacityChart chart = chartOf({2088, 1044});
-        chart.blackGround = false;
-        const QRect bar = chart.barRect(0, size);
-        const QRect figure(bar.left() - 6, bar.bottom() + 30, bar.width() + 12, 14);
-        const QImage image = paint(chart, size);
-        const auto ink = [](const QImage &drawn, const QRect &box) {
-            return box.width() * box.height() - countOf(drawn, box, Qt::white);
-        };
-        QVERIFY(ink(image, figure) > 40);
-        chart.entries[0].staleSince = QDateTime::currentDateTime();
-        const QImage dimmed = paint(chart, size);
-        const QPoint body(bar.right() - 5, bar.center().y());
-        QVERIFY(
-            contrast(dimmed.pixelColor(body), Qt::white) < contrast(image.pixelColor(body), Qt::white) / 2);
-        const QPoint other = chart.barRect(1, size).center();
-        QCOMPARE(dimmed.pixel(other), image.pixel(other));
-
-        chart.entries[1].recorded = QStringLiteral("2: Varnel 3 COM2, 14 x NiMh");
-        QCOMPARE(chart.entries[1].text(), QStringLiteral("2: Varnel 3 COM2, 14 x NiMh, 1.044 Ah"));
-        QImage page(chart.pageSize(size), QImage::Format_RGB32);
-        page.fill(Qt::white);
-        QPainter painter(&page);
-        chart.paintPage(painter, size);
-        for (const int top : {280, 295})
-            QVERIFY(ink(page, {30, top, 411, 15}) > 40);
-    }
-
-    void boxesStayApartAndInside_data()
-    {
-        ::columns<QSize, qreal>({"size", "scale"});
-        QTest::newRow("smallest") << QSize(470, 280) << 1.0;
-        QTest::newRow("wide") << QSize(1900, 280) << 1.0;
-        QTest::newRow("larger fonts") << QSize(705, 420) << 1.5;
-    }
-
-    void boxesStayApartAndInside()
-    {
-        QFETCH(QSize, size);
-        QFETCH(qreal, scale);
-        CapacityChart chart = chartOf(QVector<int>(8, 100));
-        chart.scale = scale;
-        const QImage image = paint(chart, size);
-        // Along the upper boxes at full scale: eight separate runs of yellow, black between them.
-        const int y = chart.barTop(0, size.height()) - qRound(24 * scale);
-        QVERIFY(y > 0);
-        int runs = 0;
-        for (int x = 1; x < size.width(); ++x)
-            runs += image.pixel(x, y) == qRgb(255, 255, 0) && image.pixel(x - 1, y) != qRgb(255, 255, 0);
-        QCOMPARE(runs, 8);
-        QVERIFY(image.pixel(size.width() - 1, y) != qRgb(255, 255, 0));
+        CapacityChart chart = chartOf({10, 20, 30, 40, 50, 60, 70, 80, 90}, 1);
+        QCOMPARE(chart.visibleEnd(), 9);
+        const QVector<QPair<int, int>> entries{
+            {29, -1}, {30, 1}, {67, 1}, {68, -1}, {81, -1}, {82, 2}, {394, 8}, {431, 8}, {432, -1}};
+        for (const auto &[x, entry] : entries)
+            QCOMPARE(chart.entryAt({x, 10}, smallest), entry);
     }
 
     void paging();
     void removing();
     void changing();
     void openingPullsTheViewBack();
+    void window();
+    void toolTips();
     void wantsEntriesWhileShown();
 
 private:
     /// The kinds of process in the eight columns, as letters; '.' where no bar stands.
-    static QByteArray columnsOf(CapacityDisplay &display);
-};
-
-QByteArray TestCapacityDisplay::columnsOf(CapacityDisplay &display)
-{
-    QByteArray kinds;
-    const QImage image = display.grab().toImage();
-    CapacityChart geometry = chartOf(QVector<int>(8, 1));
-    geometry.scale = displayScale();
-    for (int i = 0; i < 8; ++i) {
-        const QRect bar = geometry.barRect(i, display.size());
-        const QRgb pixel = image.pixel(bar.right() - 4, bar.bottom() - 3);
-        kinds += pixel == charging ? 'C' : pixel == discharging ? 'D' : pixel == balancing ? ' ' : '.';
+    static QByteArray columnsOf(CapacityDisplay &display)
+    {
+        QByteArray kinds;
+        const QImage image = display.grab().toImage();
+        for (int x = 64; x < 470; x += 52) {
+            const QRgb pixel = image.pixel(x, 221);
+            kinds += pixel == qRgb(0, 127, 0) ? 'C' : pixel == qRgb(127, 0, 0) ? 'D' : '.';
+        }
+        return kinds;
     }
-    return kinds;
-}
+    /// Entries of these kinds, numbered from 1.
+    static void fill(CapacityDisplay &display, const QByteArray &kinds)
+    {
+        display.resize(smallest);
+        for (int i = 0; i < kinds.size(); ++i)
+            display.addEntry({1000, kinds[i], i + 1});
+    }
+};
 
 void TestCapacityDisplay::paging()
 {
     CapacityDisplay display;
-    display.resize(display.minimumSize());
-    for (int i = 1; i <= 8; ++i)
-        display.addEntry({1000, i == 1 ? 'D' : 'C', i});
-    QCOMPARE(columnsOf(display), QByteArray("DCCCCCCC"));
+    fill(display, "DCCCCCCC");
+    auto *next = display.findChild<QPushButton *>("next");
+    auto *previous = display.findChild<QPushButton *>("previous");
+    // What can be paged to, after each step.
+    const auto stands = [&](const char *columns, bool back, bool on) {
+        QCOMPARE(columnsOf(display), QByteArray(columns));
+        QCOMPARE(previous->isEnabled(), back);
+        QCOMPARE(next->isEnabled(), on);
+    };
+    stands("DCCCCCCC", false, false);
     display.showNext();
-    QCOMPARE(columnsOf(display), QByteArray("DCCCCCCC"));
-
-    display.addEntry({1000, ' ', 9}); // scrolls into view
-    QCOMPARE(columnsOf(display), QByteArray("CCCCCCC "));
+    display.showPrev();
+    stands("DCCCCCCC", false, false);
+    display.addEntry({1000, 'C', 9}); // scrolls into view
+    display.addEntry({1000, 'D', 10});
+    stands("CCCCCCCD", true, false);
     display.showNext();
-    QCOMPARE(columnsOf(display), QByteArray("CCCCCCC "));
+    previous->click();
+    stands("CCCCCCCC", true, true);
+    QTest::keyClick(&display, Qt::Key_Left);
+    stands("DCCCCCCC", false, true);
     display.showPrev();
-    QCOMPARE(columnsOf(display), QByteArray("DCCCCCCC"));
-    display.showPrev();
-    QCOMPARE(columnsOf(display), QByteArray("DCCCCCCC"));
+    next->click();
+    stands("CCCCCCCC", true, true);
     QTest::keyClick(&display, Qt::Key_Right);
-    QCOMPARE(columnsOf(display), QByteArray("CCCCCCC "));
-    const auto buttons = display.findChildren<QPushButton *>();
-    QCOMPARE(buttons.size(), 2);
-    QVERIFY(buttons[0]->isEnabled() != buttons[1]->isEnabled());
-
+    stands("CCCCCCCD", true, false);
     display.clear();
-    QCOMPARE(columnsOf(display), QByteArray("........"));
+    stands("........", false, false);
+    display.addEntry({1000, 'D', 1});
+    stands("D.......", false, false);
 }
 
 void TestCapacityDisplay::removing()
 {
     CapacityDisplay display;
-    display.resize(display.minimumSize());
-    for (int i = 1; i <= 9; ++i)
-        display.addEntry({1000, i == 1 ? 'D' : i == 9 ? ' ' : 'C', i});
+    fill(display, "DCCCCCCCD");
     display.removeEntry(-1);
     display.removeEntry(9);
-    QCOMPARE(columnsOf(display), QByteArray("CCCCCCC "));
+    QCOMPARE(columnsOf(display), QByteArray("CCCCCCCD"));
     display.removeEntry(4);
-    QCOMPARE(columnsOf(display), QByteArray("DCCCCCC "));
-    // A new one still comes into view.
-    display.addEntry({1000, 'D', 10});
-    QCOMPARE(columnsOf(display), QByteArray("CCCCCC D"));
-    for (int left = 9; left > 0; --left)
+    QCOMPARE(columnsOf(display), QByteArray("DCCCCCCD"));
+    display.addEntry({1000, 'C', 10}); // comes into view still
+    QCOMPARE(columnsOf(display), QByteArray("CCCCCCDC"));
+    display.showPrev();
+    display.removeEntry(0); // of nine, the last out of view: what is seen is full
+    QCOMPARE(columnsOf(display), QByteArray("CCCCCCDC"));
+    QTest::keyClick(&display, Qt::Key_Right);
+    QCOMPARE(columnsOf(display), QByteArray("CCCCCCDC"));
+    for (int left = 8; left > 0; --left)
         display.removeEntry(left - 1);
     QCOMPARE(columnsOf(display), QByteArray("........"));
     display.addEntry({1000, 'D', 1});
@@ -247,22 +234,20 @@ void TestCapacityDisplay::removing()
 void TestCapacityDisplay::changing()
 {
     CapacityDisplay display;
-    display.resize(display.minimumSize());
-    display.addEntry({1000, 'C', 1});
-    display.addEntry({1000, 'C', 2});
+    fill(display, "CC");
     display.changeEntry({500, 'D', 2}, 0);
     display.changeEntry({500, 'D', 2}, 3);
     QCOMPARE(columnsOf(display), QByteArray("CC......"));
     display.changeEntry({500, 'D', 2}, 2);
     QCOMPARE(columnsOf(display), QByteArray("CD......"));
+    display.changeEntry({500, 'D', 1}, 1);
+    QCOMPARE(columnsOf(display), QByteArray("DD......"));
 }
 
 void TestCapacityDisplay::openingPullsTheViewBack()
 {
     CapacityDisplay display;
-    display.resize(display.minimumSize());
-    for (int i = 1; i <= 12; ++i)
-        display.addEntry({1000, i <= 2 ? 'D' : 'C', i});
+    fill(display, "DDCCCCCCCCCC");
     display.setWindowCount(2);
     QCOMPARE(columnsOf(display), QByteArray("CCCCCCCC"));
     display.show();
@@ -271,6 +256,54 @@ void TestCapacityDisplay::openingPullsTheViewBack()
     display.hide();
     display.show();
     QCOMPARE(columnsOf(display), QByteArray("DDCCCCCC"));
+    display.addEntry({1000, 'D', 13});
+    QCOMPARE(columnsOf(display), QByteArray("DCCCCCCC")); // its end went back, too
+}
+
+void TestCapacityDisplay::window()
+{
+    CapacityDisplay display;
+    QVERIFY(display.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    QCOMPARE(display.windowTitle(), QString("Varnel - capacity comparison"));
+    QVERIFY(!display.windowIcon().isNull());
+    QCOMPARE(display.minimumSize(), smallest);
+    QCOMPARE(display.sizeHint(), QSize(465, 364));
+    fill(display, "");
+    display.show();
+    QCOMPARE(display.findChild<QPushButton *>("previous")->geometry(), QRect(7, 120, 15, 40));
+    auto *next = display.findChild<QPushButton *>("next");
+    QCOMPARE(next->geometry(), QRect(447, 120, 15, 40));
+    QCOMPARE(next->iconSize(), QSize(12, 12));
+    QCOMPARE(next->toolTip(), QString("Next"));
+    QCOMPARE(display.grab().toImage().pixel(2, 2), qRgb(0, 0, 0));
+    ViewState state;
+    ViewSwitches switches;
+    switches.blackBackground = false;
+    state.setSwitches(switches);
+    display.setViewState(&state);
+    QCOMPARE(display.grab().toImage().pixel(2, 2), qRgb(255, 255, 255));
+    switches.blackBackground = true;
+    state.setSwitches(switches);
+    QCOMPARE(display.grab().toImage().pixel(2, 2), qRgb(0, 0, 0));
+}
+
+void TestCapacityDisplay::toolTips()
+{
+    CapacityDisplay display;
+    fill(display, "C");
+    CapacityEntry silent{500, 'D', 2, "2: Varnel 3 COM2", QDateTime({2026, 1, 2}, {3, 4, 5})};
+    display.addEntry(silent);
+    display.show();
+    const auto toolTipAt = [&display](int x) {
+        const QPoint point(x, 100);
+        QHelpEvent event(QEvent::ToolTip, point, display.mapToGlobal(point));
+        QCoreApplication::sendEvent(&display, &event);
+        return QToolTip::isVisible() ? QToolTip::text() : QString();
+    };
+    QCOMPARE(toolTipAt(40), QString("1, 1.000 Ah"));
+    QCOMPARE(toolTipAt(90), QString("2: Varnel 3 COM2, 0.500 Ah\nNo line since 03:04:05"));
+    toolTipAt(400);
+    QTRY_VERIFY_WITH_TIMEOUT(!QToolTip::isVisible(), 8000); // 0.3 s; by itself in 10
 }
 
 void TestCapacityDisplay::wantsEntriesWhileShown()
@@ -278,17 +311,17 @@ void TestCapacityDisplay::wantsEntriesWhileShown()
     CapacityDisplay display;
     QSignalSpy wanted(&display, SIGNAL(entriesWanted()));
     QSignalSpy closed(&display, SIGNAL(closed()));
-    QTest::qWait(1100);
-    QCOMPARE(wanted.count(), 0);
+    auto *timer = display.findChild<QTimer *>();
+    QCOMPARE(timer->interval(), 1000);
+    QVERIFY(!timer->isActive());
     display.show();
     QCOMPARE(wanted.count(), 1);
-    QTest::qWait(1500);
-    QCOMPARE(wanted.count(), 2);
+    timer->setInterval(1);
+    QTRY_VERIFY_WITH_TIMEOUT(wanted.count() > 2, 30000);
     QCOMPARE(closed.count(), 0);
     display.close();
     QCOMPARE(closed.count(), 1);
-    QTest::qWait(1100);
-    QCOMPARE(wanted.count(), 2);
+    QVERIFY(!timer->isActive());
 }
 
 QTEST_MAIN(TestCapacityDisplay)

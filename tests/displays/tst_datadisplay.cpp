@@ -2,10 +2,10 @@
 
 #include "displays/clickedlabel.h"
 #include "widgets/displayscale.h"
-#include "widgets/refreshgate.h"
 #include "displays/samplepack.h"
 #include "resources/resources.h"
 #include "settings/viewstate.h"
+#include "support/columns.h"
 #include "support/settle.h"
 #include "support/warningcollector.h"
 
@@ -26,9 +26,9 @@ private slots:
     void init();
     void cleanup();
 
-    void showsRecordsAndNumber();
-    void hiddenKeepsTheNewest();
-    void shownRepaintsTenTimesASecond();
+    void labels();
+    void cellTable();
+    void window();
     void anotherWindowClearsFirst();
     void clickingTheVoltageToggles();
     void keptResistances();
@@ -85,46 +85,119 @@ void TestDataDisplay::show(Varnel3Data record, int window, bool useKeptRi)
     settle(*m_display);
 }
 
-void TestDataDisplay::showsRecordsAndNumber()
+/// What each label shows, where, in which colour and size, in the normal view and in the statistics.
+void TestDataDisplay::labels()
 {
-    auto *badge = m_display->findChild<QLabel *>(QStringLiteral("windowNumberLabel"));
-    QCOMPARE(badge->text(), QStringLiteral("--"));
+    constexpr int bottom = Qt::AlignLeft | Qt::AlignBottom;
+    constexpr int right = Qt::AlignRight | Qt::AlignVCenter;
+    constexpr int left = Qt::AlignLeft | Qt::AlignVCenter;
+    static const struct {
+        const char *name;
+        QRect place; // at scale 1
+        int alignment;
+        int points;
+        const char *normal;
+        const char *colour;
+        const char *statistics;
+        const char *itsColour;
+    } rows[] = {
+        {"cellsLabel", {0, 0, 235, 58}, Qt::AlignCenter, 31, "4 x LiPo", "#ffffff", "4 x LiPo", "#ffffff"},
+        {"modeLabel", {235, 0, 235, 58}, Qt::AlignCenter, 33, "Discharge", "#ffffff", "Discharge", "#ffffff"},
+        {"voltageLabel", {0, 58, 180, 60}, Qt::AlignCenter, 35, "16,80", "#00ff00", " 4,200", "#00ff00"},
+        {"voltageUnit", {180, 58, 55, 30}, bottom, 13, "V", "#00ff00", "V avg", "#00ff00"},
+        {"voltageNote", {180, 89, 55, 29}, bottom, 13, "", "#00ff00", "", "#00ff00"},
+        {"currentLabel", {235, 58, 180, 60}, Qt::AlignCenter, 35, "-1,50", "#00ffff", "4,210", "#ffff00"},
+        {"currentUnit", {415, 58, 55, 30}, bottom, 13, "A", "#00ffff", "V max", "#ffff00"},
+        {"maxCellNote", {415, 89, 55, 29}, bottom, 13, "", "#ffff00", "cell 3", "#ffff00"},
+        {"slopeLabel", {0, 118, 120, 30}, right, 17, "12", "#ffff00", "30", "#00ffff"},
+        {"slopeUnit", {126, 118, 109, 30}, left, 13, "mV/min", "#ffff00", "%", "#00ffff"},
+        {"resistanceLabel", {0, 149, 120, 30}, right, 17, "0,037", "#ff00ff", "0,500", "#ff7f00"},
+        {"resistanceUnit", {126, 149, 109, 30}, left, 13, "Ω", "#ff00ff", "Ah max", "#ff7f00"},
+        {"temperatureLabel", {235, 118, 180, 60}, Qt::AlignCenter, 35, "23,5", "#ff0000", "0,020", "#00ffff"},
+        {"temperatureUnit", {415, 128, 55, 40}, left, 13, "°C", "#ff0000", "V delta", "#00ffff"},
+        {"timeLabel", {7, 179, 220, 60}, Qt::AlignCenter, 35, "01:02:05", "#ffff00", "01:02:05", "#ffff00"},
+        {"capacityLabel", {235, 179, 180, 60}, Qt::AlignCenter, 35, "  1,044", "#ff7f00", "4,190", "#ff7f00"},
+        {"capacityUnit", {415, 179, 55, 30}, bottom, 13, "Ah", "#ff7f00", "V min", "#ff7f00"},
+        {"minCellNote", {415, 210, 55, 29}, bottom, 13, "", "#ff7f00", "cell 2", "#ff7f00"},
+    };
+    Varnel3Data record = samplePack({4200, 4190, 4210, 4200});
+    record.mode = Varnel3Data::Discharge;
+    record.time = 3725;
+    record.current = -1500;
+    record.temperature = 235;
+    record.energy = 1044;
+    record.voltageSlope = 12;
+    record.internalResistance = 37;
+    record.balanceMax = 30;
+    record.cells[1].balanceCharge = 360000 * 500;
+    for (const bool statistics : {false, true, false}) {
+        setView(statistics, 0);
+        show(record);
+        for (const auto &row : rows) {
+            const auto *label = m_display->findChild<QLabel *>(row.name);
+            QCOMPARE(label->text(), QString(statistics ? row.statistics : row.normal));
+            QCOMPARE(label->palette().color(QPalette::WindowText).name(),
+                QString(statistics ? row.itsColour : row.colour));
+            QVERIFY2(label->autoFillBackground() && label->textFormat() == Qt::PlainText, row.name);
+            QCOMPARE(label->palette().color(QPalette::Window), QColor(Qt::black));
+            QCOMPARE(int(label->alignment()), row.alignment);
+            if (displayScale() == 1.0)
+                QCOMPARE(label->geometry(), row.place);
+            if (!statistics && !label->text().isEmpty())
+                QCOMPARE(label->font().pointSizeF(), row.points * fontScale());
+        }
+    }
+}
+
+void TestDataDisplay::cellTable()
+{
+    setView(true, 0);
+    QVector<int> voltages;
+    for (int i = 0; i < 16; ++i)
+        voltages.append(3001 + i);
+    show(samplePack(voltages));
+    int row = 0;
+    int right = 0;
+    for (int i = 1; i <= 16; ++i) {
+        const auto *name = m_display->findChild<QLabel *>(QString("cellName%1").arg(i));
+        const auto *value = m_display->findChild<QLabel *>(QString("cellValue%1").arg(i));
+        QCOMPARE(name->text(), QString("%1: ").arg(i));
+        QCOMPARE(value->text(), QString("3,0%1").arg(i, 2, 10, QChar('0')));
+        QCOMPARE(name->palette().color(QPalette::WindowText), QColor(Qt::white));
+        QCOMPARE(value->palette().color(QPalette::WindowText), QColor(100, 100, 255));
+        QCOMPARE(value->palette().color(QPalette::Window), QColor(Qt::black));
+        QCOMPARE(int(name->alignment()), Qt::AlignRight | Qt::AlignVCenter);
+        QCOMPARE(name->font(), m_display->findChild<QLabel *>("cellName1")->font());
+        QCOMPARE(name->size(), QSize(scaled(20), scaled(20)));
+        QCOMPARE(value->height(), scaled(20));
+        // Two rows of eight, read as a book is.
+        QVERIFY(i == 9 ? name->y() == row + scaled(20) + 1 : i == 1 || name->y() == row);
+        QVERIFY(name->x() == (i % 8 == 1 ? 0 : right + 1) && value->x() == name->x() + name->width() + 1);
+        row = name->y();
+        right = value->x() + value->width();
+    }
+    QCOMPARE(row, m_display->height() - scaled(20));
+    QVERIFY(m_display->width() - right <= 1);
+}
+
+void TestDataDisplay::window()
+{
+    QVERIFY(m_display->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    QCOMPARE(m_display->windowTitle(), QString("Varnel - Data Display"));
+    QVERIFY(!m_display->windowIcon().isNull());
+    QCOMPARE(m_display->minimumSize(), QSize(scaled(470), scaled(280)));
+    QCOMPARE(m_display->maximumSize(), QSize(scaled(470), scaled(280)));
+    QCOMPARE(m_display->palette().color(QPalette::Window), QColor(Qt::black));
+    const auto *badge = m_display->findChild<QLabel *>("windowNumberLabel");
+    QCOMPARE(badge->text(), QString("--"));
     show(samplePack({4100, 4200}), 7);
-    QCOMPARE(text("voltageLabel"), QStringLiteral(" 8,30"));
-    QCOMPARE(text("cellsLabel"), QStringLiteral("2 x LiPo"));
-    QCOMPARE(badge->text(), QStringLiteral("7"));
+    QCOMPARE(badge->text(), QString("7"));
     QVERIFY(badge->isVisible());
+    QCOMPARE(badge->geometry(), QRect(0, 0, scaled(18), scaled(18)));
+    const QRgb ground = m_display->grab().toImage().pixel(1, 1);
+    QCOMPARE(ground, qRgb(255, 255, 0));
     show(samplePack({4100, 4200}), -1);
     QVERIFY(!badge->isVisible());
-}
-
-void TestDataDisplay::hiddenKeepsTheNewest()
-{
-    m_display->hide();
-    for (const int voltage : {4000, 4100}) {
-        Varnel3Data record = samplePack({voltage});
-        m_display->updateData(record, 1);
-    }
-    QCOMPARE(text("voltageLabel"), QString());
-    m_display->show();
-    QCOMPARE(text("voltageLabel"), QStringLiteral(" 4,10"));
-}
-
-void TestDataDisplay::shownRepaintsTenTimesASecond()
-{
-    QSignalSpy refreshes(m_display->findChild<RefreshGate *>(), SIGNAL(refresh()));
-    Varnel3Data record = samplePack({3000});
-    QElapsedTimer elapsed;
-    elapsed.start();
-    while (refreshes.count() < 4 && elapsed.elapsed() < 30000) {
-        record.voltage += 10;
-        m_display->updateData(record, 1);
-        QTest::qWait(1);
-    }
-    QCOMPARE(refreshes.count(), 4);
-    QVERIFY2(elapsed.elapsed() > 5 * RefreshGate::interval / 2, QByteArray::number(elapsed.elapsed()));
-    settle(*m_display);
-    QCOMPARE(text("voltageLabel"), QStringLiteral("%L1").arg(record.voltage / 1000.0, 5, 'f', 2));
 }
 
 void TestDataDisplay::anotherWindowClearsFirst()
@@ -197,12 +270,14 @@ void TestDataDisplay::staleFiguresAreDimmed()
     };
     show(samplePack({4100}));
     QCOMPARE(brightness(), 255);
-    m_display->setStaleSince(QDateTime::currentDateTime());
+    m_display->setStaleSince(QDateTime({2026, 1, 2}, {3, 4, 5}));
     settle(*m_display);
-    QVERIFY(brightness() < 130 && brightness() > 60);
+    QCOMPARE(brightness(), 102); // two and a half times darker
+    QCOMPARE(m_display->toolTip(), QString("No line since 03:04:05"));
     m_display->setStaleSince({});
     settle(*m_display);
     QCOMPARE(brightness(), 255);
+    QCOMPARE(m_display->toolTip(), QString());
 }
 
 void TestDataDisplay::closingTells()
@@ -218,11 +293,11 @@ void TestDataDisplay::closingTells()
 
 void TestDataDisplay::nothingIsCutOff_data()
 {
-    QTest::addColumn<qreal>("fontFactor");
-    QTest::addColumn<int>("cellValue"); // -1: the normal view
-    for (const qreal factor : {1.0, 1.5})
-        for (int mode = -1; mode <= 2; ++mode)
-            QTest::addRow("fonts %.1f, view %d", factor, mode) << factor << mode;
+    columns<qreal, int>({"fontFactor", "cellValue"}); // -1: the normal view
+    QTest::newRow("normal") << 1.0 << -1;
+    QTest::newRow("resistances, usual fonts") << 1.0 << 2;
+    QTest::newRow("larger fonts") << 1.5 << -1;
+    QTest::newRow("charges, larger fonts") << 1.5 << 1;
 }
 
 void TestDataDisplay::nothingIsCutOff()
@@ -238,7 +313,6 @@ void TestDataDisplay::nothingIsCutOff()
     m_display->setViewState(m_state);
     m_display->show();
     setView(cellValue >= 0, qMax(0, cellValue));
-
     Varnel3Data record = samplePack(QVector<int>(16, 14999));
     record.mode = Varnel3Data::Discharge;
     record.time = 2000000000;
@@ -251,6 +325,7 @@ void TestDataDisplay::nothingIsCutOff()
     record.internalResistance = 1234567;
     record.voltageSlope = -2000000000;
     show(record, 1234);
+    QCOMPARE(text("windowNumberLabel"), QString("1234"));
     const auto labels = m_display->findChildren<QLabel *>();
     for (const QLabel *label : labels) {
         if (label->text().isEmpty())

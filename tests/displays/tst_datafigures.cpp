@@ -191,22 +191,6 @@ private slots:
         QCOMPARE(figures.cellColour(), qRgb(100, 100, 255));
     }
 
-    void leavingStatisticsRestoresEverything()
-    {
-        Varnel3Data record = samplePack({4110, 4032});
-        const DataFigures before = figuresOf(record);
-        for (const CellValue value : {CellValue::Voltage, CellValue::Charge, CellValue::Resistance}) {
-            DataFigures figures = figuresOf(record, {true, value});
-            QVERIFY(figures.text(DataFigures::CurrentUnit) != before.text(DataFigures::CurrentUnit));
-            figures.show(record, {false, value}, {});
-            for (int item = 0; item < DataFigures::itemCount; ++item) {
-                QCOMPARE(figures.text(Item(item)), before.text(Item(item)));
-                QCOMPARE(figures.colour(Item(item)), before.colour(Item(item)));
-            }
-            QCOMPARE(figures.cellText(0), QString());
-        }
-    }
-
     void resistancePanel_data()
     {
         QTest::addColumn<QVector<double>>("milliohms");

@@ -1,4 +1,5 @@
 #include "printing/printrequest.h"
+#include "printing/printstamp.h"
 
 #include "displays/capacitydisplay.h"
 #include "displays/powerdisplay.h"
@@ -9,6 +10,7 @@
 #include "settings/viewstate.h"
 #include "support/files.h"
 #include "support/limits.h"
+#include "support/paintlog.h"
 
 #include <QApplication>
 #include <QDir>
@@ -32,7 +34,12 @@ namespace {
 
 class OnePack : public VoltageSource {
 public:
-    QVector<PackVoltages> packs() const override { return {PackVoltages::of(samplePack({4000, 4100}), 1)}; }
+    QVector<PackVoltages> packs() const override
+    {
+        PackVoltages pack = PackVoltages::of(samplePack({4000, 4100}), 1);
+        pack.source = "COM1";
+        return {pack};
+    }
     void toggleCell(int, int) override { }
 };
 
@@ -81,41 +88,58 @@ private slots:
         QVERIFY(drawn.width() > 0.98 * page.width() || drawn.bottom() > 0.98 * page.height());
     }
 
-    void drawnNotAsABitmap()
-    {
-        SKIP_WITH_PRINTER();
-        PowerDisplay display;
-        Varnel3Data record = samplePack({4000, 4100, 4050});
-        display.updateData(record, 1);
-        accept([&display] { display.print(); });
-        const QByteArray pdf = contents(file());
-        QVERIFY(pdf.startsWith("%PDF"));
-        QVERIFY(pdf.contains("/Subtype /CIDFontType2") || pdf.contains("/FontFile"));
-        QVERIFY(!pdf.contains("/Subtype /Image"));
-    }
-
     void everyDisplayPrints()
     {
         SKIP_WITH_PRINTER();
+        QMainWindow shell;
         ViewState state;
-        CapacityDisplay capacities;
-        capacities.setViewState(&state);
-        capacities.addEntry({1000, 'C', 1});
-        accept([&capacities] { capacities.print(); });
-        QVERIFY(contents(file()).contains("%%EOF"));
+        const QDateTime silence({2026, 1, 2}, {3, 4, 5});
+        CapacityDisplay capacities(&shell);
+        capacities.resize(470, 280);
+        capacities.addEntry({2000, 'C', 1, {}, silence});
+        // On white paper, as if each line had just come.
+        accept([&] { capacities.print(); }, "capacity comparison", {470, 295},
+            "text '1' foot 49,252 13 bold Arial #000000; rect 30,56 38x168 #007f00; "
+            "text '1, 2.000 Ah' left 30,288 11 Arial #000000");
+        PowerDisplay power(&shell);
+        power.resize(470, 280);
+        accept(
+            [&] { power.print(); }, "bar display", {470, 280}, "text 'NO DATA' mid 235,140 53 Arial #000000");
+        Varnel3Data record = samplePack({4100, 4000});
+        power.updateData(record, 3);
+        power.setSourceName("COM3");
+        power.setStaleSince(silence);
+        accept([&] { power.print(); }, "bar display, 3: Varnel 3 COM3", {470, 280},
+            "text '[mV]' left 24,10 11 Times #000000; rect 39,63 157x35 #00ff00");
+        power.updateData(record, 4); // of another file or port
+        accept([&] { power.print(); }, "bar display, 4: Varnel 3", {470, 280}, "rect 0,0 18x18 #ffff00");
+        const QByteArray pdf = contents(file());
+        QVERIFY(pdf.contains("/Subtype /CIDFontType2") || pdf.contains("/FontFile"));
+        QVERIFY(!pdf.contains("/Subtype /Image")); // drawn, not as a bitmap
 
         // The shell closes the window that it has made for printing while its dialog is still open.
-        QMainWindow shell;
         OnePack source;
         auto *voltages = new VoltageComparison(&shell);
         voltages->setSource(&source);
-        accept([voltages] {
-            voltages->print();
-            voltages->close();
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        });
-        QVERIFY(contents(file()).contains("%%EOF"));
+        accept(
+            [voltages] {
+                voltages->print();
+                voltages->close();
+                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            },
+            "voltage comparison, 1: Varnel 3 COM1", {480, 280},
+            "line 52,206 479,206 #d7d7d7; text '[V]' right 46,12 11 Arial #000000");
         QCOMPARE(shell.statusBar()->currentMessage(), QDir::toNativeSeparators(file()) + " written.");
+    }
+
+    void captions()
+    {
+        QCOMPARE(printedName(-1, "Varnel 3", {}), QString("Varnel 3"));
+        QCOMPARE(printedName(0, {}, "a.abp"), QString("0: a.abp"));
+        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+        const QString now = QLocale().toString(QDateTime::currentDateTime(), QLocale::ShortFormat);
+        QVERIFY(printDetails({"a", "b"}) == "a, b, " + now || printDetails({}) != now); // or a minute later
+        QLocale::setDefault(QLocale::c());
     }
 
     void presentsTheNameOfTheFile()
@@ -192,16 +216,23 @@ private:
         return nullptr;
     }
 
+    /// What `print` prints is of `size`, has such a title and details but for the time, and among what is
+    /// painted is `expected`.
     template <typename Print>
-    void accept(Print print) const
+    void accept(Print print, const char *title, const QSizeF &size, const char *expected) const
     {
         QFile::remove(file());
         print();
         auto *dialog = openDialog();
         QVERIFY(dialog);
+        const PrintJob &job = dialog->findChild<PrintRequest *>()->job();
+        QCOMPARE((job.title + ", " + job.details).section(", ", 0, -2).remove("Varnel - "), QString(title));
+        QCOMPARE(job.size, size);
+        VERIFY_PAINTS(size.toSize(), job.paint, expected);
         setFile(dialog);
         dialog->accept();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(contents(file()).contains("%%EOF"));
     }
 
     QTemporaryDir folder;
