@@ -13,11 +13,10 @@ public:
     /// `allowed` outlives this.
     explicit InputGate(QWidget *allowed);
 
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 signals:
     void escaped();
-
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     bool isAllowed(const QObject *watched) const;

@@ -35,6 +35,6 @@ private:
     void open();
 
     QWidget *m_display; // the parent
-    QTimer m_timer;
+    QTimer m_timer{this};
     bool m_pending = false;
 };
