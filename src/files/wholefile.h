@@ -22,10 +22,10 @@ struct WriteOutcome {
     static WriteOutcome failure(const QString &reason) { return {false, false, reason}; }
 };
 
-/// A file on its way to new content, some milliseconds at a time, so that the caller stays responsive. A regular
-/// file is replaced as a whole once all is on the disk, its mode kept and links to it followed; until then it is
-/// as it was. Anything else (a device, a pipe) may make its writer wait for ever; where it is allowed it is
-/// written in place.
+/// A file on its way to new content, some milliseconds at a time, so that the caller stays responsive. A
+/// regular file is replaced as a whole once all is on the disk, its mode kept and links to it followed; until
+/// then it is as it was. Anything else (a device, a pipe) may make its writer wait for ever; where it is
+/// allowed it is written in place.
 class WholeFile {
 public:
     enum class Kind { Regular, Any };

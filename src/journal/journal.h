@@ -16,8 +16,8 @@ class Journal {
 public:
     /// Who hears of the file; called from inside the functions below, the constructor and the destructor.
     struct Listener {
-        /// isStalled() has changed. `reason`: why the disk does not take what arrives; empty when all that was
-        /// kept back is written, or given up because the program ends.
+        /// isStalled() has changed. `reason`: why the disk does not take what arrives; empty when all that
+        /// was kept back is written, or given up because the program ends.
         std::function<void(const Journal &journal, const QString &reason)> stalled;
         /// The file was removed or replaced while it was written; all of it is written anew to `newName`,
         /// which may be the same.

@@ -1,17 +1,18 @@
 #include "data/varnel3data.h"
 
-#include "protocol/recordflags.h"
 #include "support/columns.h"
+#include "support/records.h"
 
-#include <QRandomGenerator>
 #include <QTest>
-
-#include <cstring>
 
 namespace {
 
-// A six-cell LiPo pack; cell i at 4100 + i mV with (i % 11) * 10 per cent of load.
-QString chargerLine(const char *head, const char *figures)
+const char plainFigures[] = "00123,25200,02000,025,01234,00045";
+const char twoLine[] = "#c0605 00123,25200+02000,025,01234";
+const char plusLine[] = "#D0606 00123,25200,-2000,025,01234";
+
+// Cell i at 4100 + i mV with (i % 11) * 10 per cent of load.
+QString chargerLine(const char *head, const char *figures = plainFigures)
 {
     QString line = QLatin1String(head) + QLatin1Char(',') + QLatin1String(figures);
     for (int i = 0; i < Varnel3Data::maxCells; ++i)
@@ -19,15 +20,7 @@ QString chargerLine(const char *head, const char *figures)
     return line;
 }
 
-const char plainFigures[] = "00123,25200,02000,025,01234,00045";
-
-QString withField(const QString &line, int field, const QString &value)
-{
-    QStringList fields = line.split(QLatin1Char(','));
-    fields[field] = value;
-    return fields.join(QLatin1Char(','));
-}
-
+// Cell i > 0 at 4000 + i mV with (i % 10) * 10 per cent of load.
 QString balancerLine(const char *head)
 {
     QString line = QLatin1String(head) + QStringLiteral(",1");
@@ -36,19 +29,46 @@ QString balancerLine(const char *head)
     return line;
 }
 
-QLatin1String latin1(const QByteArray &bytes)
+QString withField(const QString &line, int field, const QString &value)
 {
-    return QLatin1String(bytes.constData(), bytes.size());
+    QStringList fields = line.split(QLatin1Char(','));
+    fields[field] = value;
+    return fields.join(QLatin1Char(','));
 }
 
-bool sameRecord(const Varnel3Data &a, const Varnel3Data &b)
+// "Varnel 3 Charge 6xLiPo"
+QString headOf(const Varnel3Data &record)
 {
-    return a.toString() == b.toString() && a.cellMax == b.cellMax && a.cellMin == b.cellMin
-        && a.cellAverage == b.cellAverage && a.balanceMax == b.balanceMax
-        && a.resistanceSum == b.resistanceSum
-        && a.resistanceValid == b.resistanceValid
-        // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): equal to the bit is what is meant
-        && std::memcmp(a.cells, b.cells, sizeof a.cells) == 0;
+    return QStringLiteral("%1 %2 %3x%4")
+        .arg(Varnel3Data::deviceName(record.device), Varnel3Data::modeName(record.mode))
+        .arg(record.cellCount)
+        .arg(Varnel3Data::cellTypeName(record.cellType));
+}
+
+QString figuresOf(const Varnel3Data &record)
+{
+    return QStringLiteral("B=%1 t=%2 U=%3 I=%4 T=%5 E=%6 R=%7")
+        .arg(record.ballansingCurrent)
+        .arg(record.time)
+        .arg(record.voltage)
+        .arg(record.current)
+        .arg(record.temperature)
+        .arg(record.energy)
+        .arg(record.internalResistance);
+}
+
+// Takes the line by both entries, which must do the same with it and leave the same behind.
+bool parseBoth(const QByteArray &line, Varnel3Data *record)
+{
+    const QLatin1String bytes(line.constData(), line.size());
+    Varnel3Data other = *record;
+    const bool taken = record->parseLine(bytes) || record->parseResistanceLine(bytes);
+    const QString text = bytes;
+    const bool same = (other.parseLine(text) || other.parseResistanceLine(text)) == taken
+        && fieldsOf(other) == fieldsOf(*record);
+    if (!same)
+        QTest::qFail(line.constData(), __FILE__, __LINE__);
+    return taken;
 }
 
 } // namespace
@@ -58,17 +78,13 @@ class TestLineParsers : public QObject {
     Q_OBJECT
 
 private slots:
-    void dialects_data();
-    void dialects();
+    void taken_data();
+    void taken();
     void refused_data();
     void refused();
-    void energyCountsInTens_data();
-    void energyCountsInTens();
     void flagsTravelUnchanged();
-    void cellsAreReadInclusively_data();
-    void cellsAreReadInclusively();
-    void statistics_data();
-    void statistics();
+    void cells_data();
+    void cells();
     void balancerSumsItsCells();
     void chemistryCodes_data();
     void chemistryCodes();
@@ -77,94 +93,109 @@ private slots:
     void bytesAndTextAgree();
 };
 
-void TestLineParsers::dialects_data()
+void TestLineParsers::taken_data()
 {
-    columns<QString, QString>({"line", "record"});
-    const auto row = [](const char *name, const QString &line, const char *record) {
-        QTest::newRow(name) << line << QString::fromLatin1(record);
+    columns<QString, QString, QString>({"line", "head", "figures"});
+    const auto row = [](const char *name, const QString &line, const char *head, const char *figures) {
+        QTest::newRow(name) << line << QString::fromLatin1(head) << QString::fromLatin1(figures);
     };
-    row("charger", chargerLine("#06C05_____2", plainFigures),
-        "Varnel 3 Charge LiPo cells=6 balancing=500 t=123 U=25200 I=2000 T=25 E=1234 R=45");
+    row("charger", chargerLine("#06C05_____2"), "Varnel 3 Charge 6xLiPo",
+        "B=500 t=123 U=25200 I=2000 T=25 E=1234 R=45");
     row("charger, blanks and signs", chargerLine("# 6D 0_____0", " 3661, +5 ,-20,-05,\t7,0"),
-        "Varnel 3 Discharge NiCd cells=6 balancing=0 t=3661 U=5 I=-20 T=-5 E=7 R=0");
-    row("charger, long time", chargerLine("#06T12_____9", "100000,1,2,3,4,5"),
-        "Varnel 3 Test LTO cells=6 balancing=2250 t=100000 U=1 I=2 T=3 E=4 R=5");
-    row("two", QStringLiteral("#c0605 00123,25200+02000,025,01234"),
-        "Varnel 2 Charge LiIo cells=6 balancing=0 t=123 U=25200 I=2000 T=25 E=1234 R=0");
-    row("two, forming up", QStringLiteral("#F0601x00001,00001+00002,3,4"),
-        "Varnel 2 Charge NiCd cells=6 balancing=0 t=1 U=1 I=2 T=3 E=4 R=0");
-    row("two, forming down", QStringLiteral("#f0612x00001,00001-00002,3,4"),
-        "Varnel 2 Discharge LiHV cells=6 balancing=0 t=1 U=1 I=2 T=3 E=4 R=0");
-    row("two plus", QStringLiteral("#D0606 00123,25200,-2000,025,01234"),
-        "Varnel 2+ Discharge LiPo cells=6 balancing=0 t=123 U=25200 I=2000 T=25 E=1234 R=0");
-    row("two plus, forming up", QStringLiteral("#F0606 00123,25200,+20009,025,01234"),
-        "Varnel 2+ Charge LiPo cells=6 balancing=0 t=123 U=25200 I=2000 T=25 E=1234 R=0");
-    row("balancer", balancerLine("#t0206D4000"),
-        "Tandor Balancing LiPo cells=2 balancing=750 t=0 U=12003 I=0 T=0 E=0 R=0");
-    row("balancer, no current", balancerLine("#t0208x4000"),
-        "Tandor Balancing LiHV cells=2 balancing=0 t=0 U=12003 I=0 T=0 E=0 R=0");
+        "Varnel 3 Discharge 6xNiCd", "B=0 t=3661 U=5 I=-20 T=-5 E=7 R=0");
+    row("charger, long time", chargerLine("#06T12_____9", "100000,1,2,3,4,5"), "Varnel 3 Test 6xLTO",
+        "B=2250 t=100000 U=1 I=2 T=3 E=4 R=5");
+    row("charger, tens", chargerLine("#06B05_1___0"), "Varnel 3 Balancing 6xLiPo",
+        "B=0 t=123 U=25200 I=2000 T=25 E=12340 R=45");
+    row("charger, tens beyond 32 bits", chargerLine("#06F05_1___0", "1,2,3,4,2000000000,6"),
+        "Varnel 3 Format 6xLiPo", "B=0 t=1 U=2 I=3 T=4 E=2147483647 R=6");
+    row("charger, tens below 32 bits", chargerLine("#06F05_1___0", "1,2,3,4,-2000000000,6"),
+        "Varnel 3 Format 6xLiPo", "B=0 t=1 U=2 I=3 T=4 E=-2147483648 R=6");
+    row("two", twoLine, "Varnel 2 Charge 6xLiIo", "B=0 t=123 U=25200 I=2000 T=25 E=1234 R=0");
+    row("two, letters up", "#C0601 00001,00001+00002,3,4", "Varnel 2 Charge 6xNiCd",
+        "B=0 t=1 U=1 I=2 T=3 E=4 R=0");
+    row("two, down", "#d0601 00001,00001+00002,3,4", "Varnel 2 Discharge 6xNiCd",
+        "B=0 t=1 U=1 I=2 T=3 E=4 R=0");
+    row("two, forming up", "#F0601x00001,00001+00002,3,4", "Varnel 2 Charge 6xNiCd",
+        "B=0 t=1 U=1 I=2 T=3 E=4 R=0");
+    row("two, forming down", "#f0612x12345,00001-000029,3,4", "Varnel 2 Discharge 6xLiHV",
+        "B=0 t=12345 U=1 I=2 T=3 E=4 R=0");
+    row("two plus", plusLine, "Varnel 2+ Discharge 6xLiPo", "B=0 t=123 U=25200 I=2000 T=25 E=1234 R=0");
+    row("two plus, forming up", "#F0606 00123,25200,+20009,025,01234", "Varnel 2+ Charge 6xLiPo",
+        "B=0 t=123 U=25200 I=2000 T=25 E=1234 R=0");
+    row("two plus, forming down", "#f0606 00123,25200,-2000,025,01234", "Varnel 2+ Discharge 6xLiPo",
+        "B=0 t=123 U=25200 I=2000 T=25 E=1234 R=0");
+    row("balancer", balancerLine("#t0206D4000"), "Tandor Balancing 2xLiPo",
+        "B=750 t=0 U=12003 I=0 T=0 E=0 R=0");
+    row("balancer, least current", balancerLine("#t0205B4000"), "Tandor Balancing 2xLiIo",
+        "B=250 t=0 U=12003 I=0 T=0 E=0 R=0");
+    row("balancer, no current", balancerLine("#t0008x4000"), "Tandor Balancing 0xLiHV",
+        "B=0 t=0 U=4000 I=0 T=0 E=0 R=0");
 }
 
-void TestLineParsers::dialects()
+void TestLineParsers::taken()
 {
     QFETCH(QString, line);
-    Varnel3Data r;
-    QVERIFY(r.parseLine(line));
-    const QString figures = QStringLiteral("cells=%1 balancing=%2 t=%3 U=%4 I=%5 T=%6 E=%7 R=%8");
-    QTEST(Varnel3Data::deviceName(r.device) + ' ' + Varnel3Data::modeName(r.mode) + ' '
-            + Varnel3Data::cellTypeName(r.cellType) + ' '
-            + figures.arg(r.cellCount)
-                  .arg(r.ballansingCurrent)
-                  .arg(r.time)
-                  .arg(r.voltage)
-                  .arg(r.current)
-                  .arg(r.temperature)
-                  .arg(r.energy)
-                  .arg(r.internalResistance),
-        "record");
+    Varnel3Data record;
+    QVERIFY(record.parseLine(line));
+    QTEST(headOf(record), "head");
+    QTEST(figuresOf(record), "figures");
+    Varnel3Data split;
+    split.setTime(record.time);
+    QCOMPARE(record.hour * 10000 + record.minute * 100 + record.second,
+        split.hour * 10000 + split.minute * 100 + split.second);
 }
 
+// The record says charge and seven LiFe cells before, of no device.
 void TestLineParsers::refused_data()
 {
-    // left: device, mode, cell count and chemistry of the record then
-    columns<QString, QVector<int>>({"line", "left"});
-    const auto row = [](const char *name, const QString &line, const QVector<int> &left) {
-        QTest::newRow(name) << line << left;
+    columns<QString, QString>({"line", "left"});
+    const auto row = [](const char *name, const QString &line, const char *left) {
+        QTest::newRow(name) << line << QString::fromLatin1(left);
     };
-    const QString good = chargerLine("#06D05_____0", plainFigures);
+    const QString good = chargerLine("#06D05_____0");
     const auto withHead = [&good](const char *head) { return withField(good, 0, QLatin1String(head)); };
-    constexpr int none = Varnel3Data::NoMode;
-    constexpr int unset = 7; // the record holds 7 cells and chemistry 7 before
-    const QVector<int> untouched{4, 0, unset, unset};
-    row("empty", QString(), untouched);
-    row("no hash", good.mid(1), untouched);
-    row("blank in front", QLatin1Char(' ') + good, untouched);
-    row("38 fields", good.left(good.lastIndexOf(QLatin1Char(','))), untouched);
-    row("40 fields", good + QLatin1Char(','), untouched);
-    row("400 fields", good + QString(361, QLatin1Char(',')), untouched);
-    row("short head", withHead("#06D05_____"), {0, 0, unset, unset});
-    row("cell count", withHead("#xxD05_____0"), {0, 0, unset, unset});
-    row("mode letter", withHead("#06X05_____0"), {0, none, 6, unset});
-    row("chemistry", withHead("#06D13_____0"), {0, 1, 6, 13});
-    row("chemistry no number", withHead("#06D x_____0"), {0, 1, 6, unset});
-    row("balancing current", withHead("#06D05______"), {0, 1, 6, 5});
-    row("byte-order mark", withField(good, 1, QString(QChar(0xfeff)) + QLatin1Char('1')), {0, 1, 6, 5});
-    for (int field = 1; field <= 7 + 2 * 6; field = field < 7 ? field + 1 : field + 2) {
+    row("empty", QString(), "None Charge 7xLiFe");
+    row("no hash", good.mid(1), "None Charge 7xLiFe");
+    row("blank in front", QLatin1Char(' ') + good, "None Charge 7xLiFe");
+    row("38 fields", good.left(good.lastIndexOf(QLatin1Char(','))), "None Charge 7xLiFe");
+    row("40 fields", good + QLatin1Char(','), "None Charge 7xLiFe");
+    row("400 fields", good + QString(361, QLatin1Char(',')), "None Charge 7xLiFe");
+    row("short head", withHead("#06D05_____"), "Varnel 3 Charge 7xLiFe");
+    row("long head", withHead("#06D05_____00"), "Varnel 3 Charge 7xLiFe");
+    row("cell count", withHead("#xxD05_____0"), "Varnel 3 Charge 7xLiFe");
+    row("mode letter", withHead("#06X05_____0"), "Varnel 3 None 6xLiFe");
+    row("mode beyond Latin-1", withHead("#06D05_____0").replace(3, 1, QChar(0x443)), "Varnel 3 None 6xLiFe");
+    row("chemistry", withHead("#06D13_____0"), "Varnel 3 Discharge 6xNone");
+    row("chemistry below", withHead("#06D-1_____0"), "Varnel 3 Discharge 6xNone");
+    row("chemistry no number", withHead("#06D x_____0"), "Varnel 3 Discharge 6xLiFe");
+    row("balancing current", withHead("#06D05______"), "Varnel 3 Discharge 6xLiPo");
+    row("byte-order mark", withField(good, 1, QChar(0xfeff) + QStringLiteral("1")),
+        "Varnel 3 Discharge 6xLiPo");
+    for (int field = 1; field <= 7 + 2 * 6; field += field < 7 ? 1 : 2) {
         for (const char *value : {"", "3000000000"})
-            QTest::addRow("field %d: %s", field, value)
-                << withField(good, field, QLatin1String(value)) << QVector<int>{0, 1, 6, 5};
+            QTest::addRow("field %d: %s", field, value) << withField(good, field, QLatin1String(value))
+                                                        << QStringLiteral("Varnel 3 Discharge 6xLiPo");
     }
-    row("two: short head", "#c060500123,25200+02000,025,01234", {2, 0, unset, unset});
-    row("two: mode letter", "#b0605 00123,25200+02000,025,01234", {2, none, unset, unset});
-    row("two: chemistry 0", "#d0600 00123,25200+02000,025,01234", {2, 1, 6, 13});
-    row("two: chemistry 13", "#d0613 00123,25200+02000,025,01234", {2, 1, 6, 13});
-    row("two: forming, cut short", "#f0605 00123,2520,025,01234", {2, 1, 6, 4});
-    row("two: last field", "#d0605 00123,25200+02000,025,", {2, 1, 6, 4});
-    row("two plus: only a sign", "#f0605 00123,25200,+,025,01234", {1, 0, 6, 4});
-    row("balancer: long head", balancerLine("#t0206D04000"), {3, 0, unset, unset});
-    row("balancer: chemistry", balancerLine("#t0209D4000"), {3, 2, 2, 13});
-    row("balancer: cell", balancerLine("#t0206D4000").replace(QLatin1String("4002"), QLatin1String("4oo2")),
-        {3, 2, 2, 5});
+    row("two: short head", "#c060500123,25200+02000,025,01234", "Varnel 2 Charge 7xLiFe");
+    row("two: mode letter", "#b0605 00123,25200+02000,025,01234", "Varnel 2 None 7xLiFe");
+    row("two: count", "#dx605 00123,25200+02000,025,01234", "Varnel 2 Discharge 7xLiFe");
+    row("two: chemistry 0", "#d0600 00123,25200+02000,025,01234", "Varnel 2 Discharge 6xNone");
+    row("two: chemistry 13", "#d0613 00123,25200+02000,025,01234", "Varnel 2 Discharge 6xNone");
+    row("two: time", "#d0605 0012x,25200+02000,025,01234", "Varnel 2 Discharge 6xLiIo");
+    row("two: voltage", "#d0605 00123,2520x+02000,025,01234", "Varnel 2 Discharge 6xLiIo");
+    row("two: temperature", "#d0605 00123,25200+02000,,01234", "Varnel 2 Discharge 6xLiIo");
+    row("two: forming, cut short", "#f0605 00123,2520,025,01234", "Varnel 2 Discharge 6xLiIo");
+    row("two: last field", "#d0605 00123,25200+02000,025,", "Varnel 2 Discharge 6xLiIo");
+    row("two plus: voltage", "#f0605 00123,x,+2000,025,01234", "Varnel 2+ Charge 6xLiIo");
+    row("two plus: only a sign", "#f0605 00123,25200,+,025,01234", "Varnel 2+ Charge 6xLiIo");
+    row("two plus: temperature", "#f0605 00123,25200,+2000,x,01234", "Varnel 2+ Charge 6xLiIo");
+    row("two plus: last field", "#f0605 00123,25200,+2000,025,x", "Varnel 2+ Charge 6xLiIo");
+    row("balancer: long head", balancerLine("#t0206D04000"), "Tandor Charge 7xLiFe");
+    row("balancer: count", balancerLine("#tx206D4000"), "Tandor Balancing 7xLiFe");
+    row("balancer: chemistry", balancerLine("#t0209D4000"), "Tandor Balancing 2xNone");
+    row("balancer: first cell", balancerLine("#t0206D4o00"), "Tandor Balancing 2xLiPo");
+    row("balancer: cell", balancerLine("#t0206D4000").replace("4002", "4oo2"), "Tandor Balancing 2xLiPo");
 }
 
 void TestLineParsers::refused()
@@ -174,94 +205,77 @@ void TestLineParsers::refused()
     record.mode = Varnel3Data::Charge;
     record.cellCount = record.cellType = 7;
     QVERIFY(!record.parseLine(line));
-    QTEST((QVector<int>{record.device, record.mode, record.cellCount, record.cellType}), "left");
+    QTEST(headOf(record), "left");
     QCOMPARE(record.flag5, record.device == Varnel3Data::Tandor ? 'B' : '_');
-}
-
-void TestLineParsers::energyCountsInTens_data()
-{
-    columns<QString, char, int>({"field", "flag2", "energy"});
-    QTest::newRow("plain") << "01234" << '_' << 1234;
-    QTest::newRow("tens") << "01234" << '1' << 12340;
-    QTest::newRow("beyond 32 bits") << "2000000000" << '1' << INT_MAX;
-    QTest::newRow("beyond 32 bits below") << "-2000000000" << '1' << INT_MIN;
-}
-
-void TestLineParsers::energyCountsInTens()
-{
-    QFETCH(QString, field);
-    QFETCH(char, flag2);
-    QString line = withField(chargerLine("#06C05_____0", plainFigures), 5, field);
-    line[7] = QLatin1Char(flag2);
-    Varnel3Data record;
-    QVERIFY(record.parseLine(line));
-    QTEST(record.energy, "energy");
 }
 
 void TestLineParsers::flagsTravelUnchanged()
 {
     Varnel3Data record;
-    QString line = chargerLine("#06C05%1\"\xe9 0", plainFigures);
+    QString line = chargerLine("#06C05%1\"\xe9 0");
     QVERIFY(record.parseLine(line));
-    QCOMPARE(flagsOf(record), QByteArrayLiteral("%1\"\xe9 "));
+    const std::string flags = {record.flag1, record.flag2, record.flag3, record.flag4, record.flag5};
+    QCOMPARE(flags, std::string("%1\"\xe9 "));
     line[6] = QChar(0x141);
+    line[7] = QChar(0xff);
     QVERIFY(record.parseLine(line));
     QCOMPARE(record.flag1, '\0');
+    QCOMPARE(record.flag2, '\xff');
 }
 
-void TestLineParsers::cellsAreReadInclusively_data()
+void TestLineParsers::cells_data()
 {
-    // read: cells that the line overwrites
-    columns<QString, int>({"count", "read"});
-    QTest::newRow("-5") << "-5" << 0;
-    QTest::newRow("0") << "00" << 1;
-    QTest::newRow("6") << "06" << 7;
-    QTest::newRow("15") << "15" << 16;
-    QTest::newRow("16") << "16" << 16;
-    QTest::newRow("99") << "99" << 16;
+    // read: cells that the line overwrites; statistics: highest, lowest, mean, balance
+    columns<QString, QString, int, QString>({"count", "flag5", "read", "statistics"});
+    QTest::newRow("-5") << "-5"
+                        << "B" << 0 << "900 900 900 20";
+    QTest::newRow("0") << "00"
+                       << "B" << 1 << "4100 4100 4100 0";
+    QTest::newRow("1") << "01"
+                       << "B" << 2 << "4100 4100 4100 0";
+    QTest::newRow("2") << "02"
+                       << "B" << 3 << "4101 4100 4100 10";
+    QTest::newRow("6") << "06"
+                       << "B" << 7 << "4105 4100 4102 50";
+    QTest::newRow("15") << "15"
+                        << "B" << 16 << "4114 4100 4107 100";
+    QTest::newRow("16") << "16"
+                        << "B" << 16 << "4115 4100 4107 100";
+    QTest::newRow("99: sixteen are summed") << "99"
+                                            << "B" << 16 << "4115 4100 663 100";
+    QTest::newRow("no balancing data") << "06"
+                                       << "_" << 7 << "0 0 0 0";
 }
 
-void TestLineParsers::cellsAreReadInclusively()
+void TestLineParsers::cells()
 {
     QFETCH(QString, count);
+    QFETCH(QString, flag5);
     QFETCH(int, read);
     Varnel3Data record;
+    record.cellMax = record.cellMin = record.cellAverage = record.balanceMax = 1;
     for (CellData &cell : record.cells)
-        cell = {1, 1, 77, 0.5};
-    QString line = chargerLine("#06C05____B0", plainFigures).replace(1, 2, count);
+        cell = {900, 20, 77, 0.5};
+    QString line = chargerLine("#06C05____B0").replace(1, 2, count).replace(10, 1, flag5);
     for (int i = read; i < Varnel3Data::maxCells; ++i)
         line = withField(line, 7 + 2 * i, QStringLiteral("none")); // must not be looked at
     line = withField(line, 8, QString()); // no balance at all: 0, and no fault
     QVERIFY(record.parseLine(line));
     QCOMPARE(record.cellCount, count.toInt());
     for (int i = 0; i < Varnel3Data::maxCells; ++i) {
-        QCOMPARE(record.cells[i].voltage, i < read ? 4100 + i : 1);
-        QCOMPARE(record.cells[i].balance, i < read ? i % 11 * 10 : 1);
+        QCOMPARE(record.cells[i].voltage, i < read ? 4100 + i : 900);
+        QCOMPARE(record.cells[i].balance, i < read ? i % 11 * 10 : 20);
         QCOMPARE(record.cells[i].balanceCharge, 77); // not the parser's
     }
-}
-
-void TestLineParsers::statistics_data()
-{
-    columns<QString, QVector<int>>({"head", "maxMinAverageBalance"});
-    QTest::newRow("six cells") << "#06C05____B0" << QVector<int>{4105, 4100, 4102, 50};
-    QTest::newRow("one cell") << "#01C05____B0" << QVector<int>{4100, 4100, 4100, 0};
-    QTest::newRow("sixteen") << "#16C05____B0" << QVector<int>{4115, 4100, 4107, 100};
-    QTest::newRow("99: sixteen are summed") << "#99C05____B0" << QVector<int>{4115, 4100, 65720 / 99, 100};
-    QTest::newRow("none") << "#00C05____B0" << QVector<int>{4100, 4100, 4100, 0};
-    QTest::newRow("negative") << "#-3C05____B0" << QVector<int>{900, 900, 900, 20};
-    QTest::newRow("no balancing data") << "#06C05_____0" << QVector<int>{0, 0, 0, 0};
-}
-
-void TestLineParsers::statistics()
-{
-    QFETCH(QString, head);
-    Varnel3Data record;
-    record.cells[0] = {900, 20, 0, 0.0};
-    record.cellMax = record.cellMin = record.cellAverage = record.balanceMax = 1;
-    QVERIFY(record.parseLine(chargerLine(head.toLatin1().constData(), plainFigures)));
-    QTEST((QVector<int>{record.cellMax, record.cellMin, record.cellAverage, record.balanceMax}),
-        "maxMinAverageBalance");
+    const QString statistics = QStringLiteral("%1 %2 %3 %4");
+    QTEST(statistics.arg(record.cellMax).arg(record.cellMin).arg(record.cellAverage).arg(record.balanceMax),
+        "statistics");
+    const QString falling = withField(withField(line, 9, QStringLiteral("4099")), 8, QStringLiteral(":"));
+    if (read > 2 && flag5 == QLatin1String("B")) {
+        QVERIFY(record.parseLine(falling)); // the first is not always the lowest
+        QCOMPARE(record.cellMin, 4099);
+        QCOMPARE(record.balanceMax, 100);
+    }
 }
 
 void TestLineParsers::balancerSumsItsCells()
@@ -270,19 +284,17 @@ void TestLineParsers::balancerSumsItsCells()
     record.time = 55;
     QVERIFY(record.parseLine(balancerLine("#t0305C3900")));
     QCOMPARE(record.voltage, 3900 + 4001 + 4002 + 4003); // one more than the count
+    QCOMPARE(record.cells[0].balance, 10);
     QCOMPARE(record.cells[3].balance, 30);
     QCOMPARE(record.cells[4].voltage, 0);
     QCOMPARE(record.cellMax, 4002);
     QCOMPARE(record.cellAverage, (3900 + 4001 + 4002) / 3);
+    QCOMPARE(record.ballansingCurrent, 500);
     QCOMPARE(record.time, 55);
-
     QVERIFY(record.parseLine(balancerLine("#t9905C3900")));
     QCOMPARE(record.cells[11].voltage, 4011);
     QCOMPARE(record.cells[12].voltage, 0);
-
-    QString huge = balancerLine("#t0205C9999");
-    huge.replace(QLatin1String(",4001,"), QLatin1String(",2147483647,"));
-    QVERIFY(record.parseLine(huge));
+    QVERIFY(record.parseLine(balancerLine("#t0205C9999").replace(",4001,", ",2147483647,")));
     QCOMPARE(record.voltage, INT_MAX);
 }
 
@@ -290,7 +302,7 @@ void TestLineParsers::chemistryCodes_data()
 {
     // line: %1 is the code; names: of the codes 0 to 13, "-" where refused
     columns<QString, QString>({"line", "names"});
-    QTest::newRow("charger") << chargerLine("#06C%1_____0", plainFigures)
+    QTest::newRow("charger") << chargerLine("#06C%1_____0")
                              << "NiCd NiMh Pb RAM LiIo LiPo LiTa LiFe LiS NiZn LiXX LiHV LTO -";
     QTest::newRow("two") << "#c06%1 00123,25200+02000,025,01234"
                          << "- NiCd NiMh Pb RAM LiIo LiPo LiTa LiFe LiS NiZn LiXX LiHV -";
@@ -340,41 +352,34 @@ void TestLineParsers::resistanceLine()
     QVERIFY(qAbs(record.resistanceSum - sum) < 1e-9);
 }
 
-// Random damage to good lines: both entries must take or refuse the same and leave the same behind.
+// Each single byte of good lines lost, doubled, or another: the quick way of what is of the usual widths must
+// take nothing else, and leave what it does not take untouched.
 void TestLineParsers::bytesAndTextAgree()
 {
-    const QByteArrayList seeds = {chargerLine("#06C05_1__B2", plainFigures).toLatin1(),
-        chargerLine("#16C05_1__B2", plainFigures).toLatin1(),
-        chargerLine("#06C05_1__B2", "262143,25200,02000,025,01234,00045").toLatin1(),
+    const QByteArrayList lines = {chargerLine("#06C05_1__B2").toLatin1(),
+        chargerLine("#16C05_1__B2").toLatin1(),
+        chargerLine("#06D05_1__B2", "262143,25200,02000,025,01234,00045").toLatin1(),
         chargerLine("#06C05_1__B2", "4262143000,25200,02000,025,01234,00045").toLatin1(),
         "#03F05____B0,00001,00002,00003,004,00005,00006,4000,:,4001,1" + QByteArray(",0000,0").repeated(14),
-        "#F0605 00123,25200+02000,025,01234", "#F0605 00123,25200,+2000,025,01234",
-        balancerLine("#t0306D4000").toLatin1(), "!1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16"};
-    const QByteArray letters("0123456789,,+- \t\r:#!BCF\xa0\xe9\0", 26);
-    QRandomGenerator random(1);
-    int accepted = 0;
-    for (int round = 0; round < 20000; ++round) {
-        QByteArray line = seeds[round % seeds.size()];
-        for (int damage = random.bounded(4); damage > 0; --damage) {
-            const int at = random.bounded(line.size());
-            const int kind = random.bounded(8);
-            if (kind == 0)
-                line.remove(at, 1);
-            else if (kind == 1)
-                line.insert(at, letters.at(random.bounded(letters.size())));
-            else
-                line[at] = letters.at(random.bounded(letters.size()));
+        "#00T12____B0,000000001,00002,00003,004,00005,00006" + QByteArray(",0000,0").repeated(16), twoLine,
+        plusLine, balancerLine("#t0306D4000").toLatin1(), "!1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16"};
+    const QByteArray letters("019,+- \t\r/:;#!BCF\xa0\xe9\0", 20);
+    int taken = 0;
+    for (const QByteArray &line : lines) {
+        for (int at = 0; at < line.size() && !QTest::currentTestFailed(); ++at) {
+            const auto take = [&](const QByteArray &damaged) {
+                Varnel3Data record;
+                record.cells[3].voltage = record.cells[9].balance = -7; // shows what was not written
+                taken += parseBoth(damaged, &record);
+            };
+            for (const char letter : letters)
+                take(QByteArray(line).replace(at, 1, &letter, 1));
+            take(QByteArray(line).remove(at, 1));
+            take(QByteArray(line).insert(at, line[at]));
+            take(line.left(at));
         }
-        Varnel3Data fromBytes;
-        Varnel3Data fromText;
-        const QString text = latin1(line);
-        fromBytes.cells[3].voltage = fromText.cells[3].voltage = -7; // shows what was not written
-        const bool taken = fromBytes.parseLine(latin1(line)) || fromBytes.parseResistanceLine(latin1(line));
-        QCOMPARE(fromText.parseLine(text) || fromText.parseResistanceLine(text), taken);
-        QVERIFY2(sameRecord(fromBytes, fromText), line.constData());
-        accepted += taken;
     }
-    QVERIFY(accepted > 5000 && accepted < 19000); // the damage must neither spare nor spoil everything
+    QVERIFY(taken > 5000); // the damage does not spoil everything
 }
 
 QTEST_GUILESS_MAIN(TestLineParsers)

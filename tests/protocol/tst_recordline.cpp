@@ -3,7 +3,6 @@
 #include "protocol/fixedlayout.h"
 #include "data/varnel3data.h"
 
-#include "protocol/recordflags.h"
 #include "support/columns.h"
 #include "support/records.h"
 #include "support/seed.h"
@@ -70,29 +69,33 @@ void TestRecordLine::sixCells()
 
 void TestRecordLine::heads_data()
 {
-    // codes: mode, cell type, cell count, balancing current
-    columns<QVector<int>, QString>({"codes", "head"});
-    QTest::newRow("discharge") << QVector<int>{1, 0, 1, 250} << "#01D00_____1";
-    QTest::newRow("balancing") << QVector<int>{2, 12, 16, 1000} << "#16B12_____4";
-    QTest::newRow("format, odd current") << QVector<int>{3, 5, 99, 300} << "#99F05_____0";
-    QTest::newRow("more current than a digit says") << QVector<int>{3, 5, 6, 1250} << "#06F05_____0";
-    QTest::newRow("test has no letter") << QVector<int>{4, 5, 6, 500} << "#06 05_____2";
-    QTest::newRow("no mode, no chemistry") << QVector<int>{5, 13, 0, 0} << "#00  _____0";
-    QTest::newRow("hostile") << QVector<int>{-1, -1, -1, -250} << "#-1  _____0";
-    QTest::newRow("wide count") << QVector<int>{0, 5, 100, 0} << "#100C05_____0";
+    columns<int, int, int, int, QString>({"mode", "chemistry", "cells", "current", "head"});
+    QTest::newRow("discharge") << 1 << 0 << 1 << 250 << "#01D00_____1";
+    QTest::newRow("balancing") << 2 << 12 << 16 << 1000 << "#16B12_____4";
+    QTest::newRow("format, odd current") << 3 << 5 << 99 << 300 << "#99F05_____0";
+    QTest::newRow("less current than the first digit") << 0 << 10 << 6 << 249 << "#06C10_____0";
+    QTest::newRow("more current than a digit says") << 3 << 5 << 6 << 1250 << "#06F05_____0";
+    QTest::newRow("test has no letter") << 4 << 5 << 6 << 750 << "#06 05_____3";
+    QTest::newRow("no mode, no chemistry") << 5 << 13 << 0 << 500 << "#00  _____2";
+    QTest::newRow("hostile") << -1 << -1 << -1 << -250 << "#-1  _____0";
+    QTest::newRow("negative count") << 0 << 5 << -9 << 0 << "#-9C05_____0";
+    QTest::newRow("wider negative count") << 0 << 5 << -10 << 0 << "#-10C05_____0";
+    QTest::newRow("wide count") << 0 << 5 << 100 << 0 << "#100C05_____0";
 }
 
 void TestRecordLine::heads()
 {
-    QFETCH(QVector<int>, codes);
     Varnel3Data record = pack();
-    record.mode = codes[0];
-    record.cellType = codes[1];
-    record.cellCount = codes[2];
-    record.ballansingCurrent = codes[3];
+    QFETCH(int, mode);
+    QFETCH(int, chemistry);
+    QFETCH(int, cells);
+    QFETCH(int, current);
+    record.mode = mode;
+    record.cellType = chemistry;
+    record.cellCount = cells;
+    record.ballansingCurrent = current;
     QTEST(record.toRecordLine().section(QLatin1Char(','), 0, 0), "head");
-    Varnel3Data back;
-    QCOMPARE(back.parseLine(record.toRecordLine()), isRecordLineReadable(record));
+    QCOMPARE(Varnel3Data().parseLine(record.toRecordLine()), isRecordLineReadable(record));
 }
 
 // Every number against Qt's own formatting, which the line is defined by.
@@ -124,6 +127,9 @@ void TestRecordLine::hostileNumbersFit()
         cell = {INT_MIN, INT_MIN, INT_MIN, 0.0};
     QVERIFY(written(record).size() + 2 <= maxRecordLineLength);
     QCOMPARE(written(record).count(','), 38);
+    record.cells[0].balance = 2080; // the last that a character says, and the first that none does
+    record.cells[1].balance = 2070;
+    QVERIFY2(written(record).contains(",?,") && written(record).contains(",\xff,"), written(record));
     record.cellCount = INT_MIN;
     QVERIFY(written(record).endsWith(QByteArray(",0000,0").repeated(16)));
 }
@@ -150,7 +156,8 @@ void TestRecordLine::comesBack()
     Varnel3Data back;
     QVERIFY(back.parseLine(record.toRecordLine()));
     QTEST(back.energy, "energyBack");
-    QCOMPARE(flagsOf(back), flags);
+    const std::string found = {back.flag1, back.flag2, back.flag3, back.flag4, back.flag5};
+    QCOMPARE(found, flags.toStdString());
 }
 
 // By both roads, of which the quick one takes what is of the usual widths.
