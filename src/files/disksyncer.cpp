@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr std::chrono::seconds period(1);
-
 struct Entry {
     int descriptor;
     bool dirty;
@@ -33,6 +31,7 @@ struct DiskSyncer::Work {
     void syncRound(std::unique_lock<std::mutex> &lock);
     void look(std::unique_lock<std::mutex> &lock, size_t index);
 
+    std::chrono::milliseconds period;
     std::mutex mutex;
     std::condition_variable wake; // of the thread
     std::condition_variable ended;
@@ -42,9 +41,10 @@ struct DiskSyncer::Work {
     bool isEnded = false;
 };
 
-DiskSyncer::DiskSyncer()
+DiskSyncer::DiskSyncer(std::chrono::milliseconds period)
     : m_work(std::make_shared<Work>())
 {
+    m_work->period = period;
 }
 
 DiskSyncer::~DiskSyncer()

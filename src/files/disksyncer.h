@@ -14,7 +14,8 @@ public:
     /// What the end of a syncer waits for a disk.
     static constexpr std::chrono::seconds patience{5};
 
-    DiskSyncer();
+    /// `period` is what a file that was written to waits for the disk at most, once the disk is free.
+    explicit DiskSyncer(std::chrono::milliseconds period = std::chrono::seconds(1));
     /// Brings everything to the disk and waits for that, but no longer than `patience`: the thread is then
     /// left to itself, and what was written is with the system.
     ~DiskSyncer();

@@ -159,6 +159,10 @@ bool Journal::restore()
             break;
         }
         const int whole = piece.lastIndexOf('\n', read - 1) + 1;
+        if (whole == 0 && read == piece.size()) {
+            piece.resize(2 * piece.size()); // a line must come as a whole
+            continue;
+        }
         const int length = whole > 0 ? whole : read;
         if (write(QByteArray::fromRawData(piece.constData(), length)) < length)
             return false;

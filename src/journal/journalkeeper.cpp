@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr int roundPeriod = 1000; // ms
-
 /// What a reader holds of the journal of its recording, and lets go at its end.
 class LiveLog : public RecordingLog {
 public:
@@ -41,12 +39,13 @@ private:
 
 } // namespace
 
-JournalKeeper::JournalKeeper(const QString &path, QObject *parent)
+JournalKeeper::JournalKeeper(const QString &path, QObject *parent, std::chrono::milliseconds period)
     : QObject(parent)
     , m_folder(path)
+    , m_syncer(period)
     , m_round(new QTimer(this))
 {
-    m_round->setInterval(roundPeriod);
+    m_round->setInterval(period);
     connect(m_round, SIGNAL(timeout()), this, SLOT(lookAfterFiles()));
 }
 

@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QSet>
 
+#include <chrono>
 #include <list>
 #include <memory>
 
@@ -24,8 +25,9 @@ public:
     /// Past this many bytes the user is told of the folder.
     static constexpr qint64 largeFolder = Q_INT64_C(1) << 30;
 
-    /// Journals lie in `path`.
-    explicit JournalKeeper(const QString &path, QObject *parent = nullptr);
+    /// Journals lie in `path`; `period` is the time between two looks after them.
+    explicit JournalKeeper(const QString &path, QObject *parent = nullptr,
+        std::chrono::milliseconds period = std::chrono::seconds(1));
     ~JournalKeeper() override;
 
     /// A journal for a recording that starts now on `portName`; its file is
