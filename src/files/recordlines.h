@@ -10,8 +10,8 @@ class RecordList;
 /// What a data file is to hold: each record as one line.
 class RecordLines : public FilePieces {
 public:
-    /// `records` outlives this. It may grow meanwhile; what it holds now is written. Those from `markedFrom` on
-    /// get an end mark.
+    /// `records` outlives this. It may grow meanwhile; what it holds now is written. Those from `markedFrom`
+    /// on get an end mark.
     explicit RecordLines(const RecordList &records, int markedFrom = std::numeric_limits<int>::max());
     ~RecordLines() override;
     RecordLines(const RecordLines &) = delete;

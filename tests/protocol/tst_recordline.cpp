@@ -41,147 +41,126 @@ class TestRecordLine : public QObject {
     Q_OBJECT
 
 private slots:
-    void sixCells();
-    void heads_data();
-    void heads();
-    void numbersAsArg();
-    void hostileNumbersFit();
-    void comesBack_data();
-    void comesBack();
-    void randomRecordsComeBack();
-};
+    void sixCells()
+    {
+        const QString expected = QLatin1String("#06C05_____0,00123,25200,02000,025,00150,00045")
+            + QStringLiteral(",4200,0").repeated(6) + QStringLiteral(",0000,0").repeated(10);
+        QCOMPARE(pack().toRecordLine(), expected);
 
-void TestRecordLine::sixCells()
-{
-    const QString expected = QLatin1String("#06C05_____0,00123,25200,02000,025,00150,00045")
-        + QStringLiteral(",4200,0").repeated(6) + QStringLiteral(",0000,0").repeated(10);
-    QCOMPARE(pack().toRecordLine(), expected);
+        Varnel3Data record = pack();
+        record.cells[6].voltage = 17; // the one behind the last cell is written, the next is not
+        record.cells[7].voltage = 18;
+        record.cells[0].balance = 100;
+        record.cells[1].balance = 99;
+        const QString line = record.toRecordLine();
+        QVERIFY2(line.contains(QLatin1String(",00045,4200,:,4200,9,4200,0")), qPrintable(line));
+        QVERIFY2(line.contains(QLatin1String(",0017,0,0000,0")), qPrintable(line));
+    }
 
-    Varnel3Data record = pack();
-    record.cells[6].voltage = 17; // the one behind the last cell is written, the next is not
-    record.cells[7].voltage = 18;
-    record.cells[0].balance = 100;
-    record.cells[1].balance = 99;
-    const QString line = record.toRecordLine();
-    QVERIFY2(line.contains(QLatin1String(",00045,4200,:,4200,9,4200,0")), qPrintable(line));
-    QVERIFY2(line.contains(QLatin1String(",0017,0,0000,0")), qPrintable(line));
-}
+    void heads_data()
+    {
+        columns<int, int, int, int, QString>({"mode", "chemistry", "cells", "current", "head"});
+        QTest::newRow("discharge") << 1 << 0 << 1 << 250 << "#01D00_____1";
+        QTest::newRow("balancing") << 2 << 12 << 16 << 1000 << "#16B12_____4";
+        QTest::newRow("format, odd current") << 3 << 5 << 99 << 300 << "#99F05_____0";
+        QTest::newRow("less current than the first digit") << 0 << 10 << 6 << 249 << "#06C10_____0";
+        QTest::newRow("more current than a digit says") << 3 << 5 << 6 << 1250 << "#06F05_____0";
+        QTest::newRow("test has no letter") << 4 << 5 << 6 << 750 << "#06 05_____3";
+        QTest::newRow("no mode, no chemistry") << 5 << 13 << 0 << 500 << "#00  _____2";
+        QTest::newRow("hostile") << -1 << -1 << -1 << -250 << "#-1  _____0";
+        QTest::newRow("negative count") << 0 << 5 << -9 << 0 << "#-9C05_____0";
+        QTest::newRow("wider negative count") << 0 << 5 << -10 << 0 << "#-10C05_____0";
+        QTest::newRow("wide count") << 0 << 5 << 100 << 0 << "#100C05_____0";
+    }
 
-void TestRecordLine::heads_data()
-{
-    columns<int, int, int, int, QString>({"mode", "chemistry", "cells", "current", "head"});
-    QTest::newRow("discharge") << 1 << 0 << 1 << 250 << "#01D00_____1";
-    QTest::newRow("balancing") << 2 << 12 << 16 << 1000 << "#16B12_____4";
-    QTest::newRow("format, odd current") << 3 << 5 << 99 << 300 << "#99F05_____0";
-    QTest::newRow("less current than the first digit") << 0 << 10 << 6 << 249 << "#06C10_____0";
-    QTest::newRow("more current than a digit says") << 3 << 5 << 6 << 1250 << "#06F05_____0";
-    QTest::newRow("test has no letter") << 4 << 5 << 6 << 750 << "#06 05_____3";
-    QTest::newRow("no mode, no chemistry") << 5 << 13 << 0 << 500 << "#00  _____2";
-    QTest::newRow("hostile") << -1 << -1 << -1 << -250 << "#-1  _____0";
-    QTest::newRow("negative count") << 0 << 5 << -9 << 0 << "#-9C05_____0";
-    QTest::newRow("wider negative count") << 0 << 5 << -10 << 0 << "#-10C05_____0";
-    QTest::newRow("wide count") << 0 << 5 << 100 << 0 << "#100C05_____0";
-}
+    void heads()
+    {
+        Varnel3Data record = pack();
+        QFETCH(int, mode);
+        QFETCH(int, chemistry);
+        QFETCH(int, cells);
+        QFETCH(int, current);
+        record.mode = mode;
+        record.cellType = chemistry;
+        record.cellCount = cells;
+        record.ballansingCurrent = current;
+        QTEST(record.toRecordLine().section(QLatin1Char(','), 0, 0), "head");
+        QCOMPARE(Varnel3Data().parseLine(record.toRecordLine()), isRecordLineReadable(record));
+    }
 
-void TestRecordLine::heads()
-{
-    Varnel3Data record = pack();
-    QFETCH(int, mode);
-    QFETCH(int, chemistry);
-    QFETCH(int, cells);
-    QFETCH(int, current);
-    record.mode = mode;
-    record.cellType = chemistry;
-    record.cellCount = cells;
-    record.ballansingCurrent = current;
-    QTEST(record.toRecordLine().section(QLatin1Char(','), 0, 0), "head");
-    QCOMPARE(Varnel3Data().parseLine(record.toRecordLine()), isRecordLineReadable(record));
-}
+    // Every number against Qt's own formatting, which the line is defined by.
+    void numbersAsArg()
+    {
+        QVector<int> values = {0, INT_MAX, INT_MIN, -1, -9999};
+        for (int power = 1; power <= 1000000000 / 10; power *= 10)
+            values << power - 1 << power << power + 1 << 10 - power << -power << 7 * power;
+        for (const int value : qAsConst(values)) {
+            Varnel3Data record;
+            record.time = record.voltage = record.current = record.temperature = record.energy = value;
+            record.internalResistance = record.cells[0].voltage = value;
+            const auto filled
+                = [value](int width) { return QStringLiteral("%1").arg(value, width, 10, QLatin1Char('0')); };
+            const QStringList fields = record.toRecordLine().split(QLatin1Char(','));
+            QCOMPARE(fields.mid(1, 7),
+                QStringList({filled(5), filled(5), filled(5), filled(3), filled(5), filled(5), filled(4)}));
+        }
+    }
 
-// Every number against Qt's own formatting, which the line is defined by.
-void TestRecordLine::numbersAsArg()
-{
-    QVector<int> values = {0, INT_MAX, INT_MIN, -1, -9999};
-    for (int power = 1; power <= 1000000000 / 10; power *= 10)
-        values << power - 1 << power << power + 1 << 10 - power << -power << 7 * power;
-    for (const int value : qAsConst(values)) {
+    void hostileNumbersFit()
+    {
         Varnel3Data record;
-        record.time = record.voltage = record.current = record.temperature = record.energy = value;
-        record.internalResistance = record.cells[0].voltage = value;
-        const auto filled
-            = [value](int width) { return QStringLiteral("%1").arg(value, width, 10, QLatin1Char('0')); };
-        const QStringList fields = record.toRecordLine().split(QLatin1Char(','));
-        QCOMPARE(fields.mid(1, 7),
-            QStringList({filled(5), filled(5), filled(5), filled(3), filled(5), filled(5), filled(4)}));
+        record.cellCount = INT_MAX;
+        record.mode = INT_MIN;
+        record.time = record.voltage = record.current = record.temperature = record.energy = INT_MIN;
+        record.internalResistance = record.ballansingCurrent = INT_MIN;
+        for (CellData &cell : record.cells)
+            cell = {INT_MIN, INT_MIN, INT_MIN, 0.0};
+        QVERIFY(written(record).size() + 2 <= maxRecordLineLength);
+        QCOMPARE(written(record).count(','), 38);
+        record.cells[0].balance = 2080; // the last that a character says, and the first that none does
+        record.cells[1].balance = 2070;
+        QVERIFY2(written(record).contains(",?,") && written(record).contains(",\xff,"), written(record));
+        record.cellCount = INT_MIN;
+        QVERIFY(written(record).endsWith(QByteArray(",0000,0").repeated(16)));
     }
-}
 
-void TestRecordLine::hostileNumbersFit()
-{
-    Varnel3Data record;
-    record.cellCount = INT_MAX;
-    record.mode = INT_MIN;
-    record.time = record.voltage = record.current = record.temperature = record.energy = INT_MIN;
-    record.internalResistance = record.ballansingCurrent = INT_MIN;
-    for (CellData &cell : record.cells)
-        cell = {INT_MIN, INT_MIN, INT_MIN, 0.0};
-    QVERIFY(written(record).size() + 2 <= maxRecordLineLength);
-    QCOMPARE(written(record).count(','), 38);
-    record.cells[0].balance = 2080; // the last that a character says, and the first that none does
-    record.cells[1].balance = 2070;
-    QVERIFY2(written(record).contains(",?,") && written(record).contains(",\xff,"), written(record));
-    record.cellCount = INT_MIN;
-    QVERIFY(written(record).endsWith(QByteArray(",0000,0").repeated(16)));
-}
-
-void TestRecordLine::comesBack_data()
-{
-    columns<int, QByteArray, QByteArray, int>({"energy", "flags", "field", "energyBack"});
-    QTest::newRow("plain") << 12345 << QByteArray("_____") << QByteArray("12345") << 12345;
-    QTest::newRow("tens") << 12345 << QByteArray("_1___") << QByteArray("01234") << 12340;
-    QTest::newRow("per cent signs") << 7 << QByteArray("%2%1%") << QByteArray("00007") << 7;
-    QTest::newRow("not ASCII") << 7 << QByteArray("\xe9\xff\x01 \t") << QByteArray("00007") << 7;
-}
-
-void TestRecordLine::comesBack()
-{
-    QFETCH(int, energy);
-    QFETCH(QByteArray, flags);
-    Varnel3Data record = pack();
-    record.energy = energy;
-    char *const targets[] = {&record.flag1, &record.flag2, &record.flag3, &record.flag4, &record.flag5};
-    for (int i = 0; i < flags.size(); ++i)
-        *targets[i] = flags[i];
-    QTEST(written(record).split(',').at(5), "field");
-    Varnel3Data back;
-    QVERIFY(back.parseLine(record.toRecordLine()));
-    QTEST(back.energy, "energyBack");
-    const std::string found = {back.flag1, back.flag2, back.flag3, back.flag4, back.flag5};
-    QCOMPARE(found, flags.toStdString());
-}
-
-// By both roads, of which the quick one takes what is of the usual widths.
-void TestRecordLine::randomRecordsComeBack()
-{
-    RandomRecords random(randomSeed());
-    for (int round = 0; round < 20000; ++round) {
-        const bool usual = round % 2 == 0;
-        const Varnel3Data record = random.next(usual);
-        const QByteArray line = written(record);
+    void comesBack()
+    {
+        Varnel3Data record = pack();
+        record.energy = 12345;
+        record.flag1 = '\xe9';
+        record.flag2 = '1'; // in tens
+        record.flag5 = '%';
+        QCOMPARE(written(record).split(',').at(5), QByteArray("01234"));
         Varnel3Data back;
-        Varnel3Data textBack;
-        Varnel3Data quickBack;
-        QVERIFY2(isRecordLineReadable(record), line);
-        QVERIFY2(back.parseLine(QLatin1String(line.constData(), line.size())), line);
-        QVERIFY2(textBack.parseLine(record.toRecordLine()), line);
-        const bool quick
-            = parseFixedLayout(quickBack, {reinterpret_cast<const uchar *>(line.data()), line.size()});
-        QVERIFY2(quick || !usual, line);
-        QVERIFY2(fieldsOf(back) == fieldsOf(record), line);
-        QVERIFY2(fieldsOf(textBack) == fieldsOf(record), line);
-        QVERIFY2(written(back) == line, line);
+        QVERIFY(back.parseLine(record.toRecordLine()));
+        QCOMPARE(back.energy, 12340);
+        QVERIFY(back.flag1 == '\xe9' && back.flag2 == '1' && back.flag5 == '%');
     }
-}
+
+    // By both roads, of which the quick one takes what is of the usual widths.
+    void randomRecordsComeBack()
+    {
+        RandomRecords random(randomSeed());
+        for (int round = 0; round < 20000; ++round) {
+            const bool usual = round % 2 == 0;
+            const Varnel3Data record = random.next(usual);
+            const QByteArray line = written(record);
+            Varnel3Data back;
+            Varnel3Data textBack;
+            Varnel3Data quickBack;
+            QVERIFY2(isRecordLineReadable(record), line);
+            QVERIFY2(back.parseLine(QLatin1String(line.constData(), line.size())), line);
+            QVERIFY2(textBack.parseLine(record.toRecordLine()), line);
+            const bool quick
+                = parseFixedLayout(quickBack, {reinterpret_cast<const uchar *>(line.data()), line.size()});
+            QVERIFY2(quick || !usual, line);
+            QVERIFY2(fieldsOf(back) == fieldsOf(record), line);
+            QVERIFY2(fieldsOf(textBack) == fieldsOf(record), line);
+            QVERIFY2(written(back) == line, line);
+        }
+    }
+};
 
 QTEST_GUILESS_MAIN(TestRecordLine)
 #include "tst_recordline.moc"
