@@ -1,12 +1,13 @@
 #include "devices/devicecommands.h"
 
 #include "graph/mdigraphchild.h"
+#include "settings/settingskeys.h"
 #include "support/columns.h"
 #include "support/lines.h"
 #include "support/shellrig.h"
 
-#include <QAbstractButton>
 #include <QApplication>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QTimer>
 
@@ -24,6 +25,7 @@ private slots:
     void stopGoesToOneDevice();
     void clocksAreSetInTurn();
     void clockOfCurrentDeviceOnly();
+    void clocksAreSetByThemselves();
 
 private:
     /// The process of the `port`th device is recorded in the current window.
@@ -84,6 +86,8 @@ void TestDeviceCommands::stopGoesToOneDevice()
         QCOMPARE(box("stopQuestion")->text(),
             QStringLiteral("The current window was fed by COM2, which is not listened on.\n"
                            "Stop the process of the device on COM1?"));
+        QCOMPARE(box("stopQuestion")->textFormat(), Qt::PlainText);
+        QVERIFY(box("stopQuestion")->button(QMessageBox::No) == box("stopQuestion")->defaultButton());
         QCOMPARE(heard(0), QByteArray());
         if (then == QLatin1String("both unplugged")) {
             plugged[0]->hangUp();
@@ -143,6 +147,27 @@ void TestDeviceCommands::clockOfCurrentDeviceOnly()
     trigger(ActionId::SetTime);
     window.reset(); // under way
     QVERIFY(!QApplication::overrideCursor());
+}
+
+// Once a port and run of the program at the start of a process, once at the end.
+void TestDeviceCommands::clocksAreSetByThemselves()
+{
+    VarnelSettings().setValue(SettingsKey::sendTime, true);
+    listen(2);
+    const auto times = [this](int port) { return heard(port).count("#TIME!"); };
+    record(0);
+    QTRY_COMPARE(times(0), 1);
+    for (int process : {1, 2}) {
+        plugged[0]->send(Lines::charger(2, 'E'));
+        QTRY_COMPARE(times(0), 2);
+        QTRY_VERIFY(QApplication::activeModalWidget());
+        QApplication::activeModalWidget()->close();
+        plugged[0]->send(Lines::charger(1));
+        QTRY_COMPARE(window->mdiChildren().size(), process + 1);
+    }
+    QCOMPARE(times(0), 2);
+    plugged[1]->send(Lines::charger(1));
+    QTRY_COMPARE(times(1), 1);
 }
 
 QTEST_MAIN(TestDeviceCommands)

@@ -56,6 +56,7 @@ private slots:
     void onlyMinimisedIsLifted_data();
     void onlyMinimisedIsLifted();
     void windowMayGoUnderTheBox();
+    void factsAreWhatTheDeviceTells();
     void everyEndIsTold();
 
 private:
@@ -221,6 +222,19 @@ void TestEndNotice::windowMayGoUnderTheBox()
     early->show(Varnel3Data::Completed);
     QVERIFY(early->isOpen() && fresh.isVisible());
     early->dismiss();
+}
+
+void TestEndNotice::factsAreWhatTheDeviceTells()
+{
+    EndedProcess process;
+    process.last.setTime(61);
+    QCOMPARE(process.facts(), QString());
+    process.portName = QStringLiteral("COM2");
+    QCOMPARE(process.facts(), QStringLiteral("COM2, 0.000 Ah in 00:01:01"));
+    process.last.cellCount = 1;
+    process.last.cellType = 1;
+    process.last.setTime(0);
+    QCOMPARE(process.facts(), QStringLiteral("COM2, 1 x NiMh"));
 }
 
 // The box is about the first; the second ends under it; the third begins and takes it away.

@@ -131,6 +131,13 @@ void TestListening::portsAtTheStart()
     parts()->arrive({QStringLiteral("USB8"), QString(), QString()});
     QVERIFY(!box("portQuestion"));
     QCOMPARE(listened(), present);
+    parts()->leave({present[1], QString(), QString()});
+    QCOMPARE(message(), QStringLiteral("Stop listening on port COM5. Port is removed."));
+    QCOMPARE(fact(StatusFacts::Lost), QStringLiteral("Lost: COM5"));
+    window->startRecording(); // of what is not open
+    QCOMPARE(message(), QStringLiteral("Start listening on port(s): COM5"));
+    QCOMPARE(listened(), present);
+    QCOMPARE(fact(StatusFacts::Lost), QString());
     window->stopRecording();
     QCOMPARE(message(), QStringLiteral("Stop listen on port(s)."));
     QVERIFY(!window->listenedPorts().isListening());
@@ -168,7 +175,7 @@ void TestListening::recordsInWindows()
     QTRY_COMPARE(figure("timeLabel"), QStringLiteral("00:00:03"));
     // The recording goes on without its window; the next one has its own again.
     trigger(ActionId::CloseAll);
-    QTRY_VERIFY(window->mdiChildren().isEmpty());
+    QTRY_VERIFY(!window->findChild<MdiGraphChild *>());
     QTRY_COMPARE(figure("timeLabel"), QString());
     plugged[0]->send(Lines::charger(4));
     QTRY_COMPARE(fact(StatusFacts::Unwatched), QStringLiteral("Window closed: COM1"));
@@ -176,6 +183,8 @@ void TestListening::recordsInWindows()
     plugged[0]->send(Lines::charger(0));
     QTRY_COMPARE(window->mdiChildren().size(), 1);
     QCOMPARE(fact(StatusFacts::Unwatched), QString());
+    window->stopRecording();
+    QVERIFY(!window->listenedPorts().isRecording());
 }
 
 void TestListening::pauseAndResume()
@@ -251,6 +260,7 @@ void TestListening::newPort()
     for (const auto button : {QMessageBox::No, QMessageBox::Yes}) {
         PtyPair *device = plug(QStringLiteral("COM7"));
         QTRY_VERIFY(box("portQuestion"));
+        QCOMPARE(box("portQuestion")->windowTitle(), QStringLiteral("Question"));
         QCOMPARE(box("portQuestion")->textFormat(), Qt::PlainText); // the description is the adapter's own
         QCOMPARE(message(), QStringLiteral("Start listening on new port COM7."));
         QCOMPARE(listened(), QStringList(QStringLiteral("COM7")));

@@ -67,6 +67,7 @@ void TestRemoteControls::runsAProcess()
     QVERIFY(!command()->menu());
     QCOMPARE(command()->text(), QStringLiteral("Remote control..."));
     QCOMPARE(command()->toolTip(), QStringLiteral("Operate the front panel of the charger."));
+    QCOMPARE(command()->statusTip(), command()->toolTip());
     command()->trigger();
     QVERIFY(dialog() && !dialog()->isModal());
     QTRY_COMPARE(page(), 0);
