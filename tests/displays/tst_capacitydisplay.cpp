@@ -35,7 +35,11 @@ class TestCapacityDisplay : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { initResources(); }
+    void initTestCase()
+    {
+        initResources();
+        QLocale::setDefault(QLocale::c());
+    }
 
     void picture()
     {

@@ -53,6 +53,7 @@ private slots:
     void initTestCase()
     {
         initResources();
+        QLocale::setDefault(QLocale::c());
         QVERIFY(folder.isValid());
     }
 

@@ -67,7 +67,11 @@ class TestVoltageComparison : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { initResources(); }
+    void initTestCase()
+    {
+        initResources();
+        QLocale::setDefault(QLocale::c());
+    }
 
     void axis_data()
     {
@@ -264,7 +268,8 @@ void TestVoltageComparison::page()
     QCOMPARE(chart.pageSize(), QSize(480, 560));
     VERIFY_PAINTS(
         chart.pageSize(), [&](QPainter &painter) { chart.paintPage(painter); },
-        "rect 56,3 18x18 #ffff00; rect 270,3 18x18 #ffff00; rect 56,283 18x18 #ffff00; rect 270,283 18x18 #ffff00; "
+        "rect 56,3 18x18 #ffff00; rect 270,3 18x18 #ffff00; "
+        "rect 56,283 18x18 #ffff00; rect 270,283 18x18 #ffff00; "
         "text '4.12' right 46,39 11 Arial #ffffff; text '4.12' right 46,319 11 Arial #ffffff");
     chart.packs = sixteens(7);
     QCOMPARE(chart.pageSize(), QSize(844, 840));

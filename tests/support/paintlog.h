@@ -7,10 +7,11 @@
 #include <QWidget>
 
 /// Takes down what is painted, one line an operation, in pixels of the picture:
-///   rect 30,140 38x84 #007f00      line 20,224 450,224 #7f7f7f      text '1' mid 49,238 13 bold Arial #ffffff
-/// "pen2" before the colour of a rect tells a frame and its width. A text is there in four ways, by where its
-/// "left" end, its "mid" or its "right" end lies at half its height, or its middle at its "foot", so that a test
-/// names the one that its box holds and no font can change. "dim" ends a line that is less than opaque.
+///   rect 30,140 38x84 #007f00    line 20,224 450,224 #7f7f7f    text '1' mid 49,238 13 bold Arial #ffffff
+/// "pen2" before the colour of a rect tells a frame and its width. A text is there in four ways, by where
+/// its "left" end, its "mid" or its "right" end lies at half its height, or its middle at its "foot", so
+/// that a test names the one that its box holds and no font can change. "dim" ends a line that is less than
+/// opaque.
 class PaintLog : public QPaintEngine {
 public:
     PaintLog()
@@ -83,8 +84,8 @@ public:
     }
 
     QPaintEngine *paintEngine() const override { return &m_log; }
-    /// Empty when each of `expected`, which are parted by "; ", was painted, and, where these are `all`, nothing
-    /// else.
+    /// Empty when each of `expected`, which are parted by "; ", was painted, and, where these are `all`,
+    /// nothing else.
     QByteArray fault(const QString &expected, bool all = false) const
     {
         const QStringList wanted = expected.split("; ");
