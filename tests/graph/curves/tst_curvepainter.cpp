@@ -1,4 +1,5 @@
 #include "graph/curves/curvedata.h"
+#include "graph/curves/curveoutline.h"
 #include "graph/curves/curvepainter.h"
 #include "graph/curves/varnelplotcurve.h"
 #include "support/columns.h"
@@ -7,50 +8,77 @@
 #include <QPainter>
 #include <QtTest>
 
+#include <qwt_painter.h>
+
 #include <cmath>
+#include <functional>
 #include <random>
 
 namespace {
 
 const QRect area(40, 22, 301, 160);
 
-// A recording whose voltage (mV) follows `wave` over the records.
-void fill(SeriesStore *store, int count, const QString &wave)
+int noise(int width = 40)
 {
-    std::mt19937 random(7);
-    std::uniform_int_distribution<int> noise(-40, 40);
-    int time = 0;
-    int voltage = 12000;
-    for (int i = 0; i < count; ++i) {
-        Varnel3Data record;
-        record.device = Varnel3Data::Varnel3;
-        time += wave == QLatin1String("gaps") && i % 1000 == 999 ? 2000 : 1;
-        if (wave.startsWith(QLatin1String("set back"))) // for a quarter of the recording
-            time += i == count / 2 ? -count / 4 : i == count / 4 * 3 ? count / 4 : 0;
-        if (wave == QLatin1String("joined")) // many recordings, one after the other
-            time = i % (count / 150) * 150;
-        if (wave == QLatin1String("returns") && i == count - 1) // to the very start
-            time = 1;
-        record.setTime(time);
-        record.voltage = 12000 + int(3000 * std::sin(i * 6.0 / count)) + noise(random);
-        if (wave == QLatin1String("steps"))
-            record.voltage = i * 7 / count % 2 == 0 ? 9000 : 15000;
-        else if (wave == QLatin1String("noise"))
-            record.voltage = 12000 + noise(random) * 75;
-        else if (wave == QLatin1String("flat"))
-            record.voltage = 12000;
-        else if (wave
-            == QLatin1String("set back, flat band")) // two heights in turn, from the middle on one of them
-            record.voltage = 12000 + (i < count / 8 * 5 && i % 2 == 0 ? 1000 : 0);
-        else if (wave == QLatin1String("walk"))
-            record.voltage = voltage = qBound(9000, voltage + noise(random) * 10, 14000);
-        store->append(record);
-    }
+    static std::mt19937 random(7);
+    return std::uniform_int_distribution<int>(-width, width)(random);
 }
 
-CurvePainter::Job jobFor(const SeriesStore &store, double from, double to, double low, double high)
+int sine(int i, int count)
 {
-    CurvePainter::Job job{&store, SeriesStore::Voltage, 0, {}, {}, area, QPen(Qt::green, 1)};
+    return 12000 + int(3000 * std::sin(i * 6.0 / count)) + noise();
+}
+
+int walk(int i, int)
+{
+    static int voltage;
+    return voltage = i == 0 ? 12000 : qBound(9000, voltage + noise(400), 14000);
+}
+
+int setBack(int i, int count) // to the start, halfway
+{
+    return 2 * i % count;
+}
+
+// Voltage (mV) and time (s) of record `i` of `count`.
+struct Wave {
+    const char *name;
+    std::function<int(int i, int count)> voltage;
+    std::function<int(int i, int count)> time = [](int i, int) { return i; };
+};
+
+const Wave waves[] = {{"sine", sine},
+    {"steps", [](int i, int count) { return i * 7 / count % 2 == 0 ? 9000 : 15000; }},
+    {"noise", [](int, int) { return 12000 + noise(3000); }}, {"flat", [](int, int) { return 12000; }},
+    {"gaps", sine, [](int i, int) { return i + (i + 1) / 1000 * 1999; }}, {"walk", walk},
+    {"set back", sine, setBack},
+    // two heights in turn, after the middle on one of them
+    {"set back, flat band", [](int i, int count) { return i < count / 8 * 5 && i % 2 == 0 ? 13000 : 12000; },
+        setBack},
+    {"joined", sine, [](int i, int count) { return i % (count / 150) * 150; }}, // many recordings in a row
+    {"returns", sine, [](int i, int count) { return i == count - 1 ? 1 : i + 1; }}}; // to the very start
+
+void append(SeriesStore *store, int seconds, int millivolts)
+{
+    Varnel3Data record;
+    record.device = Varnel3Data::Varnel3;
+    record.setTime(seconds);
+    record.voltage = millivolts;
+    store->append(record);
+}
+
+void fill(SeriesStore *store, int count, const QString &name)
+{
+    const Wave &wave
+        = *std::find_if(std::begin(waves), std::end(waves), [&](const Wave &w) { return name == w.name; });
+    for (int i = 0; i < count; ++i)
+        append(store, wave.time(i, count), wave.voltage(i, count));
+}
+
+CurvePainter::Job jobFor(
+    const SeriesStore &store, double from, double to, double low, double high, int width = 1)
+{
+    CurvePainter::Job job{&store, SeriesStore::Voltage, 0, {}, {}, area, QPen(Qt::green, width)};
     job.timeMap.setScaleInterval(from, to);
     job.timeMap.setPaintInterval(area.left(), area.right());
     job.valueMap.setScaleInterval(low, high);
@@ -58,19 +86,20 @@ CurvePainter::Job jobFor(const SeriesStore &store, double from, double to, doubl
     return job;
 }
 
-QImage canvas()
+QImage canvas(const std::function<void(QPainter *)> &paint = {}, int scale = 1)
 {
-    QImage image(400, 200, QImage::Format_RGB32);
+    QImage image(QSize(400, 200) * scale, QImage::Format_RGB32);
     image.fill(Qt::black);
+    QPainter painter(&image);
+    painter.scale(scale, scale);
+    if (paint)
+        paint(&painter);
     return image;
 }
 
-QImage drawn(CurvePainter *curves, const CurvePainter::Job &job)
+QImage drawn(CurvePainter *curves, const CurvePainter::Job &job, int scale = 1)
 {
-    QImage image = canvas();
-    QPainter painter(&image);
-    curves->draw(&painter, job);
-    return image;
+    return canvas([&](QPainter *painter) { curves->draw(painter, job); }, scale);
 }
 
 QImage drawnByCurve(const CurvePainter::Job &job)
@@ -81,41 +110,25 @@ QImage drawnByCurve(const CurvePainter::Job &job)
     VarnelPlotCurve curve;
     curve.setPen(job.pen);
     curve.setData(new CurveData(samples));
-    QImage image = canvas();
-    QPainter painter(&image);
-    curve.drawSeries(&painter, job.timeMap, job.valueMap, job.area, 0, -1);
-    return image;
+    return canvas(
+        [&](QPainter *painter) { curve.drawSeries(painter, job.timeMap, job.valueMap, job.area, 0, -1); });
 }
 
 // A line from each sample's pixel to the next one's.
 QImage drawnByLines(const CurvePainter::Job &job)
 {
-    QImage image = canvas();
-    QPainter painter(&image);
-    painter.setPen(job.pen);
-    painter.setClipRect(job.area);
-    QPoint last;
-    for (int i = job.first; i < job.store->size(); ++i) {
-        const QPoint next(qRound(job.timeMap.transform(job.store->series(SeriesStore::Time)[i])),
-            qRound(job.valueMap.transform(job.store->series(job.series)[i])));
-        if (i > job.first)
-            painter.drawLine(last, next);
-        last = next;
-    }
-    return image;
-}
-
-// Painted pixels within one pixel of a place.
-int countNear(const QImage &image, int x, int y)
-{
-    int count = 0;
-    for (int dy = -1; dy <= 1; ++dy) {
-        for (int dx = -1; dx <= 1; ++dx) {
-            if (image.rect().contains(x + dx, y + dy))
-                count += image.pixelColor(x + dx, y + dy) != QColor(Qt::black);
+    return canvas([&](QPainter *painter) {
+        painter->setPen(job.pen);
+        painter->setClipRect(job.area);
+        QPoint last;
+        for (int i = job.first; i < job.store->size(); ++i) {
+            const QPoint next(qRound(job.timeMap.transform(job.store->series(SeriesStore::Time)[i])),
+                qRound(job.valueMap.transform(job.store->series(job.series)[i])));
+            if (i > job.first)
+                painter->drawLine(last, next);
+            last = next;
         }
-    }
-    return count;
+    });
 }
 
 } // namespace
@@ -126,14 +139,14 @@ class TestCurvePainter : public QObject {
 private slots:
     void manySamplesPaintAsLines_data();
     void manySamplesPaintAsLines();
-    void fewSamplesPaintAsCurve_data();
     void fewSamplesPaintAsCurve();
     void drawsFromAnySampleOn();
     void momentIsItsPoints();
     void finerDevicesGetFinerLines();
+    void outlineKeepsExtremes();
     void redrawsWhatHasChanged();
     void backwardTimesStayInside();
-    void curveIsCutAtItsRectangle();
+    void drawsStylesAsQwtDoes();
 };
 
 void TestCurvePainter::manySamplesPaintAsLines_data()
@@ -148,7 +161,6 @@ void TestCurvePainter::manySamplesPaintAsLines_data()
             };
             add(700, "whole", 0, 1);
             add(20000, "inside", 0.3, 0.6);
-            add(20000, "whole", 0, 1);
             add(20000, "past the end", 0.9, 1.1);
             add(100000, "close", 0.41, 0.43);
         }
@@ -166,8 +178,7 @@ void TestCurvePainter::manySamplesPaintAsLines()
     fill(&store, count, wave);
     CurvePainter curves;
     for (double low : {8.0, 11.9}) { // all of the curve, and cut at the area's edge
-        CurvePainter::Job job = jobFor(store, from, to, low, 14.5);
-        job.pen.setWidth(width);
+        const CurvePainter::Job job = jobFor(store, from, to, low, 14.5, width);
         const QImage image = drawn(&curves, job);
         QVERIFY(image == drawnByLines(job));
         QVERIFY(low > 8.0 || image != canvas());
@@ -175,72 +186,79 @@ void TestCurvePainter::manySamplesPaintAsLines()
     }
 }
 
-void TestCurvePainter::fewSamplesPaintAsCurve_data()
-{
-    columns<QString, int>({"wave", "count"});
-    for (const char *wave : {"sine", "steps", "noise", "flat", "gaps"}) {
-        for (int count : {2, 17, 300, 600})
-            QTest::addRow("%s %d", wave, count) << QString::fromLatin1(wave) << count;
-    }
-    QTest::newRow("back to the start") << QStringLiteral("returns") << 300; // no point of its own there
-}
-
 void TestCurvePainter::fewSamplesPaintAsCurve()
 {
-    QFETCH(QString, wave);
-    QFETCH(int, count);
-    SeriesStore store;
-    fill(&store, count, wave);
-    CurvePainter curves;
-    for (int width : {1, 2}) {
-        CurvePainter::Job job = jobFor(store, 0, store.series(SeriesStore::Time).maximum(), 11.9, 14.5);
-        job.pen.setWidth(width);
-        QVERIFY(drawn(&curves, job) == drawnByCurve(job));
+    for (const char *wave : {"sine", "steps", "noise", "flat", "gaps", "returns"}) {
+        for (int count : {2, 17, 300, 602}) {
+            if (count != 300 && QLatin1String(wave) == QLatin1String("returns"))
+                continue; // no point of its own at the start
+            SeriesStore store;
+            fill(&store, count, QString::fromLatin1(wave));
+            CurvePainter curves;
+            const double end = store.series(SeriesStore::Time).maximum();
+            for (int width : {1, 2}) {
+                for (double from :
+                    {0.0, count < 100 ? 0.45 * end : 0.0, 2.0 * end}) { // whole, a part, beyond
+                    const CurvePainter::Job job = jobFor(store, from, from + end, 11.9, 14.5, width);
+                    QVERIFY2(drawn(&curves, job) == drawnByCurve(job), wave);
+                }
+            }
+        }
     }
 }
 
 void TestCurvePainter::drawsFromAnySampleOn()
 {
-    SeriesStore store;
-    fill(&store, 2000, QStringLiteral("noise"));
-    CurvePainter curves;
-    CurvePainter::Job job = jobFor(store, 0, 2000, 8, 16);
-    job.first = 1001;
-    const QImage image = drawn(&curves, job);
-    QVERIFY(image == drawnByLines(job));
-    QCOMPARE(image.copy(0, 0, 185, 200), canvas().copy(0, 0, 185, 200));
+    for (int count : {20, 2000}) {
+        SeriesStore store;
+        fill(&store, count, QStringLiteral("noise"));
+        CurvePainter curves;
+        CurvePainter::Job job = jobFor(store, 0, count, 8, 16);
+        job.first = count / 2 + 1;
+        const QImage image = drawn(&curves, job);
+        QVERIFY(image == (count < 100 ? drawnByCurve(job) : drawnByLines(job)));
+        QCOMPARE(image.copy(0, 0, 185, 200), canvas().copy(0, 0, 185, 200));
+        job.first = count - 1; // a point that no line leads to
+        QVERIFY(drawn(&curves, job) != canvas());
+        job.first = count; // none yet
+        QCOMPARE(drawn(&curves, job), canvas());
+    }
 }
 
 // Each value has a whole point, at the edges too, and nothing else is drawn.
 void TestCurvePainter::momentIsItsPoints()
 {
     SeriesStore store;
-    QImage expected = canvas();
-    QPainter painter(&expected);
-    for (int volts : {8, 10, 13, 16}) {
-        Varnel3Data record;
-        record.setTime(100);
-        record.voltage = volts * 1000;
-        store.append(record);
-        const int y
-            = qBound(area.top() + 2, area.bottom() - qRound((volts - 8) / 8.0 * 159), area.bottom() - 2);
-        painter.fillRect(QRect(area.left(), y - 2, 5, 5), Qt::green);
+    QVector<QRect> points;
+    for (int volts : {8, 10, 13, 16, 20}) {
+        append(&store, 100, volts * 1000);
+        const int y = area.bottom() - qRound((volts - 8) / 8.0 * 159);
+        points.append(
+            QRect(area.left(), qBound(area.top(), y - 2, area.bottom() - 4), 5, volts > 16 ? 0 : 5));
     }
-    painter.end();
+    const auto expected = [](const QVector<QRect> &rects) {
+        return canvas([&](QPainter *painter) {
+            for (const QRect &rect : rects)
+                painter->fillRect(rect, Qt::green);
+        });
+    };
     CurvePainter curves;
     CurvePainter::Job job = jobFor(store, 100, 101, 8, 16);
-    QCOMPARE(drawn(&curves, job), expected);
+    QCOMPARE(drawn(&curves, job), expected(points));
+    job.timeMap.setScaleInterval(99, 100); // at the right edge
+    QVector<QRect> right = points;
+    for (QRect &rect : right)
+        rect.moveRight(area.right());
+    QCOMPARE(drawn(&curves, job), expected(right));
     job.timeMap.setScaleInterval(200, 300); // elsewhere
     QCOMPARE(drawn(&curves, job), canvas());
     job.timeMap.setScaleInterval(100, 101);
-    for (int i = 0; i < 1000; ++i) { // all of them, at the cost of one
-        const Varnel3Data newest = store.records().last();
-        store.append(newest);
-    }
-    painter.begin(&expected);
-    painter.fillRect(QRect(area.left(), area.top(), 5, area.height()), Qt::green);
-    painter.end();
-    QCOMPARE(drawn(&curves, job), expected);
+    job.first = 2;
+    QCOMPARE(drawn(&curves, job), expected(points.mid(2)));
+    for (int i = 0; i < 1000; ++i) // all of them, at the cost of one
+        append(&store, 100, 15000 + i);
+    QCOMPARE(drawn(&curves, job),
+        expected({QRect(area.left(), area.top(), 5, points[2].bottom() - area.top() + 1)}));
 }
 
 void TestCurvePainter::finerDevicesGetFinerLines()
@@ -248,27 +266,37 @@ void TestCurvePainter::finerDevicesGetFinerLines()
     SeriesStore store;
     fill(&store, 20000, QStringLiteral("sine"));
     const CurvePainter::Job job = jobFor(store, 0, 20000, 8, 16);
-    constexpr int scale = 4;
-    QImage fine(canvas().size() * scale, QImage::Format_RGB32);
-    fine.fill(Qt::black);
-    QPainter painter(&fine);
-    painter.scale(scale, scale);
-    CurvePainter().draw(&painter, job);
-    painter.end();
-    const QImage coarse = drawnByLines(job);
-    int finer = 0;
-    for (int y = 0; y < coarse.height(); ++y) {
-        for (int x = 0; x < coarse.width(); ++x) {
-            int inked = 0;
-            for (int part = 0; part < scale * scale; ++part)
-                inked += fine.pixelColor(x * scale + part % scale, y * scale + part / scale)
-                    != QColor(Qt::black);
-            finer += inked > 0 && inked < scale * scale;
-            const bool nearCurve = countNear(coarse, x, y) > 0;
-            QVERIFY2(inked == 0 || nearCurve, qPrintable(QStringLiteral("%1 %2").arg(x).arg(y)));
+    CurvePainter curves;
+    const auto outlined = [&](QPainter *painter) {
+        painter->setPen(job.pen);
+        painter->setClipRect(area);
+        QwtPainter::drawPolyline(
+            painter, curveOutline(store, job.series, 0, job.timeMap, job.valueMap, area));
+    };
+    QCOMPARE(drawn(&curves, job, 4), canvas(outlined, 4));
+}
+
+// Of a half pixel's samples the first, the lowest and the highest in their middle, and the last.
+void TestCurvePainter::outlineKeepsExtremes()
+{
+    SeriesStore store;
+    const int volts[] = {12, 9, 15, 13};
+    for (int i = 0; i < 4 * 601; ++i)
+        append(&store, i, volts[i % 4] * 1000);
+    const CurvePainter::Job job = jobFor(store, 1.5, 1.5 + 600 * 4, 8, 16); // four of them on each half pixel
+    for (int first : {0, 1202}) {
+        QPolygonF expected;
+        const auto add = [&](int time, int value) {
+            expected.append({job.timeMap.transform(time), job.valueMap.transform(value)});
+        };
+        for (int i = first; i < store.size(); i += 4 - i % 4) {
+            add(i, volts[i % 4]);
+            add(i - i % 4 + 2 + i % 4 / 2, i % 4 == 0 ? 9 : 13);
+            add(i - i % 4 + 2 + i % 4 / 2, 15);
+            add(i - i % 4 + 3, 13);
         }
+        QCOMPARE(curveOutline(store, job.series, first, job.timeMap, job.valueMap, job.area), expected);
     }
-    QVERIFY(finer > 200); // no blown-up pixels
 }
 
 void TestCurvePainter::redrawsWhatHasChanged()
@@ -277,20 +305,24 @@ void TestCurvePainter::redrawsWhatHasChanged()
     fill(&store, 5000, QStringLiteral("noise"));
     CurvePainter curves;
     CurvePainter::Job job = jobFor(store, 0, 5000, 8, 16);
-    drawn(&curves, job);
-    fill(&store, 1, QStringLiteral("flat")); // runs back in time to 1
-    QVERIFY(drawn(&curves, job) == drawnByLines(job));
-
+    const auto isRedrawn = [&] { return drawn(&curves, job) == drawnByLines(job); };
+    QVERIFY(isRedrawn());
+    append(&store, 1, 12000); // runs back in time
+    QVERIFY(isRedrawn());
     SeriesStore other;
     fill(&other, 5000, QStringLiteral("sine"));
     job = jobFor(other, 0, 5000, 8, 16);
-    QVERIFY(drawn(&curves, job) == drawnByLines(job));
+    QVERIFY(isRedrawn());
     job.valueMap.setScaleInterval(4, 16);
-    QVERIFY(drawn(&curves, job) == drawnByLines(job));
+    QVERIFY(isRedrawn());
     job.timeMap.setScaleInterval(1000, 4000);
-    QVERIFY(drawn(&curves, job) == drawnByLines(job));
+    QVERIFY(isRedrawn());
     job.pen.setWidth(2);
-    QVERIFY(drawn(&curves, job) == drawnByLines(job));
+    QVERIFY(isRedrawn());
+    job.first = 2500;
+    QVERIFY(isRedrawn());
+    job.area.setRight(200);
+    QVERIFY(isRedrawn());
 }
 
 void TestCurvePainter::backwardTimesStayInside()
@@ -299,34 +331,43 @@ void TestCurvePainter::backwardTimesStayInside()
     std::mt19937 random(3);
     std::uniform_int_distribution<int> anyTime(-2000000000, 2000000000);
     for (int i = 0; i < 50000; ++i) {
-        Varnel3Data record;
-        record.setTime(i == 0 ? 500 : i == 49999 ? 700 : anyTime(random));
-        record.voltage = record.time;
-        store.append(record);
+        const int time = i == 0 ? 500 : i == 49999 ? 700 : anyTime(random);
+        append(&store, time, time);
     }
     CurvePainter curves;
-    const QImage image = drawn(&curves, jobFor(store, 500, 700, 0, 1));
-    QImage outside = image;
-    QPainter(&outside).fillRect(area, Qt::black);
-    QCOMPARE(outside, canvas());
+    QImage image = drawn(&curves, jobFor(store, 500, 700, 0, 1));
+    QPainter(&image).fillRect(area, Qt::black);
+    QCOMPARE(image, canvas());
 }
 
-void TestCurvePainter::curveIsCutAtItsRectangle()
+/// In any style, but lines inside their rectangle, whatever the painter was clipped to.
+void TestCurvePainter::drawsStylesAsQwtDoes()
 {
     VarnelPlotCurve curve;
+    QwtPlotCurve plain;
     QVERIFY(!curve.testPaintAttribute(QwtPlotCurve::ClipPolygons));
-    curve.setPen(Qt::green);
-    curve.setData(new CurveData({{0, 0}, {1, 100}, {2, -100}}));
+    plain.setPaintAttribute(QwtPlotCurve::ClipPolygons, false);
     const CurvePainter::Job maps = jobFor(SeriesStore(), 0, 2, 0, 1);
-    for (int style : {QwtPlotCurve::Lines, QwtPlotCurve::NoCurve}) {
-        QImage image = canvas();
-        QPainter painter(&image);
-        curve.setStyle(QwtPlotCurve::CurveStyle(style));
-        curve.drawSeries(&painter, maps.timeMap, maps.valueMap, area, 0, -1);
-        painter.setClipping(false);
-        QCOMPARE(image != canvas(), style == QwtPlotCurve::Lines);
-        painter.fillRect(area, Qt::black);
-        QCOMPARE(image, canvas());
+    const auto drawnBy = [&](QwtPlotCurve *each, bool clips) {
+        return canvas([&](QPainter *painter) {
+            painter->setClipRect(clips ? area : QRect(0, 0, 10, 10));
+            painter->setClipping(clips);
+            each->drawSeries(painter, maps.timeMap, maps.valueMap, area, 0, 1);
+            QCOMPARE(painter->hasClipping(), clips);
+        });
+    };
+    for (int style = QwtPlotCurve::NoCurve; style <= QwtPlotCurve::Dots; ++style) {
+        for (bool fitted : {false, true}) {
+            for (QwtPlotCurve *each : {static_cast<QwtPlotCurve *>(&curve), &plain}) {
+                each->setPen(Qt::green);
+                each->setData(new CurveData({{0, 0}, {1, 100}, {2, -100}}));
+                each->setStyle(QwtPlotCurve::CurveStyle(style));
+                each->setCurveAttribute(QwtPlotCurve::Fitted, fitted);
+                QCOMPARE(each->dataRect(), QRectF(0, -100, 2, 200));
+            }
+            QCOMPARE(drawnBy(&curve, false), drawnBy(&plain, style == QwtPlotCurve::Lines));
+            QCOMPARE(drawnBy(&curve, true) != canvas(), style > QwtPlotCurve::NoCurve);
+        }
     }
 }
 
