@@ -47,6 +47,9 @@ void TestDialogPreferences::storedOnOk()
     plug(QStringLiteral("COM10"));
     VarnelSettings().setPorts({QStringLiteral("COM3")});
     DialogPreferences dialog(nullptr);
+    QCOMPARE(dialog.windowTitle(), QStringLiteral("Varnel - preferences"));
+    QCOMPARE(dialog.minimumSize(), QSize(425, 312));
+    QCOMPARE(dialog.maximumSize(), dialog.minimumSize());
     VarnelSettings().setPorts({QStringLiteral("COM3"), QStringLiteral("COM7")}); // by an answer meanwhile
     QCOMPARE(ticks(dialog), QStringLiteral("COM10 COM3*"));
     const auto boxes = dialog.findChildren<CheckBoxComPort *>();
@@ -80,9 +83,14 @@ void TestDialogPreferences::portsWithoutComName()
         ports.append({QLatin1String(name), QString(), QStringLiteral("/dev/") + QLatin1String(name)});
     QCOMPARE(DialogPreferences::noPortText(ports, QString()), none); // where links give no names
     const QString text = DialogPreferences::noPortText(ports, folder);
-    for (const char *part : {"ttyS0, ttyUSB0, ttyACM0", "mkdir -p /run/user/7/varnelgraph\n",
-             "ln -s /dev/ttyUSB0 /run/user/7/varnelgraph/COM1\n", "docs/ports.md"})
+    for (const char *part :
+        {"Serial ports without a COM name: ttyS0, ttyUSB0, ttyACM0\n", "mkdir -p /run/user/7/varnelgraph\n",
+            "ln -s /dev/ttyUSB0 /run/user/7/varnelgraph/COM1\n", "docs/ports.md"})
         QVERIFY2(text.contains(QLatin1String(part)), qPrintable(text));
+    ports += ports + ports; // six are named at most
+    QVERIFY(DialogPreferences::noPortText(ports.mid(0, 6), folder).contains(QLatin1String("ttyACM0\n")));
+    QVERIFY(DialogPreferences::noPortText(ports, folder).contains(QLatin1String("ttyACM0, ...\n")));
+    QVERIFY(DialogPreferences::noPortText({ports[0]}, folder).contains(QLatin1String("ln -s /dev/ttyS0 ")));
 }
 
 void TestDialogPreferences::refreshKeepsTicks()

@@ -281,8 +281,8 @@ void TestDialogRemoteControl::readerThatGoesClosesWithText()
     reader.reset();
     QTest::mouseClick(part<QPushButton>("pbTryb3_stop"), Qt::LeftButton); // nobody is left to send through
     QTRY_VERIFY(box());
-    QCOMPARE(box()->text(),
-        QStringLiteral("Port COM7 is no longer listened on: the remote control is closed."));
+    QCOMPARE(
+        box()->text(), QStringLiteral("Port COM7 is no longer listened on: the remote control is closed."));
     QVERIFY(!dialog->isVisible());
 }
 

@@ -1,6 +1,7 @@
 #include "ports/portinfo.h"
 
 #include "ports/portobstacle.h"
+#include "ports/portscan.h"
 #include "support/asnobody.h"
 #include "support/columns.h"
 #include "support/files.h"
@@ -71,6 +72,9 @@ QStringList PortInfoTest::linkedPorts() const
 void PortInfoTest::listsLinksToDevicesOnly()
 {
     QCOMPARE(linkedPorts(), QStringList());
+    const QByteArray before = portFingerprint();
+    QVERIFY(writeFile(folder->filePath(QStringLiteral("notes")), "x"));
+    QCOMPARE(portFingerprint(), before); // of ports only: the system is asked when it changes
     const PtyPair fifth(folder->path(), QStringLiteral("COM5"));
     const PtyPair third(folder->path(), QStringLiteral("COM3"));
     const PtyPair tower(folder->path(), QStringLiteral("COM-tower \u0142"));
@@ -238,6 +242,7 @@ void PortInfoTest::refusesLocksThatAreNoFiles()
         return std::remove(lock) == 0 && obstacle && obstacle->kind == PortObstacle::StrangeLock
             && obstacle->thing == thing && obstacle->file == QLatin1String(lock) && !obstacle->user.isEmpty();
     };
+    std::remove(lock); // of a program that was killed
     QVERIFY(!obstacleToTrying(port));
     QVERIFY(mkfifo(lock, 0666) == 0 && refused(PortObstacle::Pipe));
     QVERIFY(symlink("/dev/zero", lock) == 0 && refused(PortObstacle::Link));
