@@ -51,8 +51,8 @@ enum class ActionId {
     Count
 };
 
-/// Creates the actions of the main window from one table and connects them to their slots; those that a helper
-/// of the window serves it connects itself.
+/// Creates the actions of the main window from one table and connects them to their slots; those that a
+/// helper of the window serves it connects itself.
 class ActionSet : public QObject {
     Q_OBJECT
 

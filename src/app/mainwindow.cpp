@@ -153,8 +153,8 @@ void MainWindow::connectParts()
     connect(graphs, SIGNAL(renumberNeeded()), this, SLOT(renumerateWindows()));
     connect(graphs, SIGNAL(selectedCellsChanged()), this, SLOT(updateVoltage()));
     connect(documents, SIGNAL(opened()), this, SLOT(renumerateWindows()));
-    for (const QObject *teller :
-        QVector<const QObject *>{graphs, documents, unsaved, tools, commands, readerHost, ports})
+    for (const QObject *teller : std::initializer_list<const QObject *>{
+             graphs, documents, unsaved, tools, commands, readerHost, ports})
         connect(teller, SIGNAL(message(QString,int)), this, SLOT(showMessageStatusBar(QString,int)));
     connect(graphs, SIGNAL(currentChanged()), this, SLOT(updateMenus()));
     connect(graphs, SIGNAL(currentChanged()), staleWatch, SLOT(look()));

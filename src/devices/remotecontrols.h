@@ -20,8 +20,8 @@ class RemoteControls : public QObject {
 
 public:
     /// `window` is the parent of the dialogs. Nothing is owned; all outlive this. With one listened port
-    /// `action` opens that port's dialog; with several it is a submenu of them, whether they have sent anything
-    /// or not; with none it is disabled, its tool tip says why.
+    /// `action` opens that port's dialog; with several it is a submenu of them, whether they have sent
+    /// anything or not; with none it is disabled, its tool tip says why.
     RemoteControls(QWidget *window, DeviceTargets *targets, QAction *action);
     ~RemoteControls() override;
 

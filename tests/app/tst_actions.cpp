@@ -294,8 +294,10 @@ private slots:
                 "&Window[Recording,Background color[White,Black",
                 "|,Cl&ose,Close &All,|,&Tile,&Cascade,|,Ne&xt,Pre&vious,|",
                 "&Print[Capacity comparison,Voltage comparison,Bar display,Active plot",
-                "&Tools[Open recordings...,Reopen closed recording,|,Export as CSV...,Save picture...,|,Remote "
-                "control...,Stop process,&View switches[DATA,Graph,Bar Graph,|,T,dV,Rw,|,B,Avg,S,P%,Vc,|,Hold view]",
+                "&Tools[Open recordings...,Reopen closed recording,|,Export as CSV...,Save picture...,|"
+                    + QStringLiteral(
+                        ",Remote control...,Stop process,&View switches[DATA,Graph,Bar Graph,|,T,dV,Rw,|")
+                    + ",B,Avg,S,P%,Vc,|,Hold view]",
                 "|,&Help[&About]"}));
         QCOMPARE(textsOf(window->findChild<QToolBar *>(QStringLiteral("mainToolBar"))),
             QStringLiteral(

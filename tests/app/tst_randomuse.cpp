@@ -38,9 +38,9 @@ constexpr int pace = 4; // ms between steps
 constexpr int mostGraphs = 10; // then some are closed
 
 // What these say is a mistake of the program, whatever the user does.
-const QRegularExpression mistakes(QStringLiteral(
-    "QObject::|QMetaObject::|QPainter|QWidget::|QLayout|QTimer|QSocketNotifier|QAction::|QMutex|"
-    "QCoreApplication::|QPixmap|QFont::|QString::arg|QIODevice|QFile"));
+constexpr char mistakes[]
+    = "QObject::|QMetaObject::|QPainter|QWidget::|QLayout|QTimer|QSocketNotifier|QAction::|QMutex|"
+      "QCoreApplication::|QPixmap|QFont::|QString::arg|QIODevice|QFile";
 
 int numberFrom(const char *variable, int usual)
 {
@@ -49,7 +49,8 @@ int numberFrom(const char *variable, int usual)
     return good ? number : usual;
 }
 
-// Runs `work` from the event loop, so that a dialog opened by it holds up nothing, if `object` is still there.
+// Runs `work` from the event loop, so that a dialog opened by it holds up nothing, if `object` is still
+// there.
 template <typename Object, typename Work>
 void later(Object *object, Work work)
 {
@@ -62,9 +63,9 @@ void later(Object *object, Work work)
 
 /// The whole program, six devices, and somebody who does anything at any moment: clicks, drags, types, opens,
 /// closes, resizes, changes what is listened on, pulls adapters. Steps come from a timer, so that they go on
-/// while a box or a dialog waits in an event loop of its own. VARNEL_SEED and VARNEL_SECONDS choose the course
-/// and its length, VARNEL_STEPS prints each step. The same seed gives the same choices; what they meet depends
-/// on time.
+/// while a box or a dialog waits in an event loop of its own. VARNEL_SEED and VARNEL_SECONDS choose the
+/// course and its length, VARNEL_STEPS prints each step. The same seed gives the same choices; what they meet
+/// depends on time.
 class TestRandomUse : public QObject {
     Q_OBJECT
 
@@ -158,7 +159,7 @@ private slots:
         clock.start();
         while (clock.elapsed() < seconds * 1000 && broken.isEmpty())
             liveOnce(seconds - int(clock.elapsed() / 1000));
-        broken += collector.warnings().filter(mistakes);
+        broken += collector.warnings().filter(QRegularExpression(QLatin1String(mistakes)));
         broken.removeDuplicates();
         std::fprintf(stderr, "%d steps, up to %d records, longest wait %lld ms\n", steps, records,
             static_cast<long long>(longest));

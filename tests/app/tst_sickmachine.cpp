@@ -132,7 +132,8 @@ private:
         }
     }
 
-    /// What is still on its way through the terminal no count of unread bytes shows: the journal itself tells.
+    /// What is still on its way through the terminal no count of unread bytes shows: the journal itself
+    /// tells.
     void sendUntilKilled(ProgramProcess *program, bool oneByOne)
     {
         const int milliseconds = 100 + QRandomGenerator::global()->bounded(longestRun);

@@ -182,8 +182,8 @@ private slots:
         QTest::newRow("twice as large") << 2.0;
     }
 
-    /// At any width that the program is used at the last figure of the tool bar is seen, and each of its commands
-    /// is seen or behind the extension button. The figures are as large as the letters.
+    /// At any width that the program is used at the last figure of the tool bar is seen, and each of its
+    /// commands is seen or behind the extension button. The figures are as large as the letters.
     void figuresStayInSight()
     {
         QFETCH(double, enlarged);
@@ -384,7 +384,7 @@ private slots:
         both[0] = both[15] = true;
         QVERIFY(packs[1].selected == both && packs[0].selected == CellSelection{});
         source.toggleCell(2, 15);
-        QVERIFY(!source.packs()[1].selected[15]);
+        QVERIFY(!source.packs().at(1).selected[15]);
         QVERIFY(first->selectedCells() == CellSelection{});
     }
 
@@ -495,8 +495,8 @@ private slots:
         QCOMPARE(drawn(), blank);
     }
 
-    /// A display that a small screen moves goes where it covers neither others nor menus; one in its own place
-    /// stays.
+    /// A display that a small screen moves goes where it covers neither others nor menus; one in its own
+    /// place stays.
     void movedDisplaysCoverNothing()
     {
         const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
@@ -559,8 +559,8 @@ private slots:
         }
     }
 
-    /// Closing a window renumbers the others; the figures of the current one follow, even if no further record
-    /// comes.
+    /// Closing a window renumbers the others; the figures of the current one follow, even if no further
+    /// record comes.
     void displaysNameTheWindow()
     {
         MdiGraphChild *first = window->createMdiChild();
@@ -642,8 +642,8 @@ private slots:
         QVERIFY(!watch->staleSince(child).isValid());
     }
 
-    /// Whatever opens, modal or not, comes up last and stays on top while a display is in sight; without one it
-    /// is left as it is.
+    /// Whatever opens, modal or not, comes up last and stays on top while a display is in sight; without one
+    /// it is left as it is.
     void questionsStandAboveDisplays()
     {
         window->createMdiChild();
@@ -668,8 +668,8 @@ private slots:
         }
     }
 
-    /// A recording that starts makes the voltage comparison anew: below what is open, the keyboard left where it
-    /// is.
+    /// A recording that starts makes the voltage comparison anew: below what is open, the keyboard left where
+    /// it is.
     void displaysComeUpBelowQuestions()
     {
         window->createMdiChild();
