@@ -16,7 +16,7 @@ public:
     ///
     ///     pen COLOUR [dot|dash]           font PIXELS [bold]
     ///     x X... : TOP BOTTOM             y Y... : LEFT RIGHT             lines
-    ///     column X Y...|TEXT|TEXT...      row Y X...|TEXT|TEXT...         texts, each at its baseline's left end
+    ///     column X Y...|TEXT|TEXT...      row Y X...|TEXT|TEXT...         texts from a baseline
     ///     left X Y W H TEXT               right ..., mid ...              a text in a rectangle
     ///     fill X Y W H COLOUR             box X Y W H COLOUR              a rectangle, a box with an outline
     ///     curve X Y X Y COUNT WIDTH       of so many points, its first and its last

@@ -262,7 +262,7 @@ void TestGraphLayout::areAsExpected_data()
     add(text(timeDivisions(0, 9, 0)), "");
     QVector<double> steps; // what three pieces are divided by, and the next longer one
     for (double step = 1; step < 400000; step = timeDivisions(0, 3 * step + 0.5, 3).value(1, 1e9))
-        steps.append(timeDivisions(0, 3 * step, 3).last() / 3);
+        steps.append(timeDivisions(0, 3 * step, 3).constLast() / 3);
     add(text(steps),
         "1 2 5 10 15 20 30 60 120 300 600 900 1200 1800 3600 7200 10800 14400 21600 43200 86400 172800 345600");
 
