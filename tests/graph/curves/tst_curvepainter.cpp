@@ -1,6 +1,8 @@
 #include "graph/curves/curvedata.h"
 #include "graph/curves/curveoutline.h"
 #include "graph/curves/curvepainter.h"
+#include "graph/curves/inkcolumns.h"
+#include "graph/curves/timecolumns.h"
 #include "graph/curves/varnelplotcurve.h"
 #include "support/columns.h"
 
@@ -146,6 +148,8 @@ private slots:
     void outlineKeepsExtremes();
     void redrawsWhatHasChanged();
     void backwardTimesStayInside();
+    void sortsTimesIntoColumns();
+    void knowsWhatIsPainted();
     void drawsStylesAsQwtDoes();
 };
 
@@ -338,6 +342,35 @@ void TestCurvePainter::backwardTimesStayInside()
     QImage image = drawn(&curves, jobFor(store, 500, 700, 0, 1));
     QPainter(&image).fillRect(area, Qt::black);
     QCOMPARE(image, canvas());
+}
+
+/// Of what lies on either side of the area only the ends count.
+void TestCurvePainter::sortsTimesIntoColumns()
+{
+    const double times[] = {0, 1, 2, 9, 10, 10.2, 15, 21, 22, 30, 40};
+    for (bool ascending : {true, false}) {
+        TimeColumns columns;
+        QwtScaleMap map;
+        map.setScaleInterval(0, 100);
+        map.setPaintInterval(0, 100);
+        columns.assign(times, 11, ascending, map, 10, 20);
+        QString text;
+        for (const TimeColumns::Stretch &stretch : columns.stretches())
+            text += QStringLiteral("%1:%2-%3 ").arg(stretch.x).arg(stretch.begin).arg(stretch.end);
+        const QString middle = QStringLiteral("2:2-3 9:3-4 10:4-6 15:6-7 21:7-8 22:8-9 ");
+        QCOMPARE(text, ascending ? middle : "0:0-1 " + middle + "40:10-11 ");
+        QCOMPARE(columns.sampleCount(), 5);
+    }
+}
+
+void TestCurvePainter::knowsWhatIsPainted()
+{
+    InkColumns ink(QRect(10, 20, 5, 6));
+    ink.fill(QRect(11, 21, 2, 3));
+    ink.fill(QRect(12, 25, 1, 9));
+    QVERIFY(ink.covers(QRect(11, 21, 2, 3)) && ink.covers(QRect(5, 0, 2, 2)));
+    QVERIFY(!ink.covers(QRect(11, 21, 3, 3)) && !ink.covers(QRect(11, 21, 1, 4)));
+    QCOMPARE(ink.spans(), (QVector<QRect>{{11, 21, 1, 3}, {12, 21, 1, 3}, {12, 25, 1, 1}}));
 }
 
 /// In any style, but lines inside their rectangle, whatever the painter was clipped to.
