@@ -213,8 +213,10 @@ void SerialReaderTest::commandsDoNotWaitOnAQuietPort()
     QVERIFY2(clock.elapsed() < 2500, qPrintable(QString::number(clock.elapsed())));
     reader->stop();
     QCOMPARE(device->received(), QByteArray("#STOP\xB0\r\n").repeated(10));
+    const WarningCollector collector;
     reader->sendCommand(QStringLiteral("#STOP\r\n"));
     QCOMPARE(device->received(), QByteArray());
+    QCOMPARE(collector.warnings(), QStringList());
 }
 
 void SerialReaderTest::fullLineIsGivenUpAfterHalfASecond()
