@@ -1,7 +1,7 @@
+#include "graph/graphinteraction.h"
 #include "graph/scene/celllegend.h"
-#include "support/fakegraphhost.h"
-#include "graph/scene/graphlayout.h"
-#include "graph/mdigraphchild.h"
+#include "series/seriesstore.h"
+#include "settings/viewstate.h"
 #include "support/samplerecords.h"
 
 #include <QWheelEvent>
@@ -9,489 +9,507 @@
 
 namespace {
 
-constexpr int period = 10; // s between two records; with 87 of them a record stands every ten pixels
-constexpr int count = 87;
+using View = QByteArray;
+
+constexpr int period = 10; // s between two records
+constexpr int count = 87; // so that a pixel is a second, from 40 on
+constexpr QSize size(1000, 600); // plots from 40 to 900, from 22 to 289 and from 304 to 571
+constexpr QPoint upper(470, 155); // middle of the upper plot
+constexpr QPoint lower(470, 437);
+
+SeriesStore storeOf(RecordList records)
+{
+    SeriesStore store;
+    store.load(std::move(records));
+    return store;
+}
+
+QByteArray percent(const Interval &share)
+{
+    return ' ' + QByteArray::number(qRound(100 * share.low)) + ".."
+        + QByteArray::number(qRound(100 * share.high));
+}
 
 } // namespace
 
+/// Every step answers what is to be seen after it: the times that are shown (s) with the shares of the values
+/// (upper plot, lower plot, in per cent), or "all"; the record of the cursor line, the one that the figures
+/// are to show from now on, what is being picked, a closed hand, the picked cells, where there are any.
 class TestGraphInteraction : public QObject {
     Q_OBJECT
 
+public slots:
+    void point(int record) { pointed = record; }
+
 private slots:
     void init();
-    void cleanup();
-    void hoveringShowsTheRecord_data();
-    void hoveringShowsTheRecord();
-    void largeLettersMoveThePlots();
-    void otherWindowsAreLeftAlone();
-    void leavingShowsTheNewest();
-    void rectangleZooms();
-    void zoomingPointsAnew();
-    void rectangleStaysInItsPlot();
-    void smallRectangleIsNoZoom_data();
-    void smallRectangleIsNoZoom();
-    void wheelZoomsAroundThePointer();
-    void middleButtonSteps();
-    void rightDragMoves();
-    void doubleClickShowsAll();
-    void dataShowsAll();
-    void heldViewStays();
+    void cleanup() { delete widget; }
+    void pointing();
+    void largeLetters();
+    void picking();
+    void wheel();
+    void middleButton();
+    void dragging();
+    void legend();
+    void moving();
+    void zoomingByKeys();
+    void pickingByKeys();
+    void recordsThatCome();
+    void heldView();
     void clockThatWasSetBack();
-    void legendPicksCells();
-    void keysDoWhatTheMouseDoes();
-    void resizeDividesAnew();
-    void fewRecordsAreSafe_data();
+    void unevenTimes();
+    void resizing();
     void fewRecordsAreSafe();
 
-private:
-    void load(RecordList records)
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
     {
-        SeriesStore store;
-        store.load(std::move(records));
-        child->load(std::move(store), QStringLiteral("x.acp"));
+        updated = updated || event->type() == QEvent::UpdateRequest;
+        return false;
     }
-    GraphLayout layout() const { return {child->size(), child->store().size()}; }
-    QPoint in(PlotArea area, double right, double down) const;
-    void hover(const QPoint &position);
-    void drag(Qt::MouseButton button, const QPoint &from, const QPoint &to);
-    void wheel(const QPoint &position, int steps, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-    GraphZoom zoom() const { return child->picture(child->size()).zoom; }
-    int lastShownTime() const { return host->shown.isEmpty() ? -1 : host->shown.last().record.time; }
 
-    FakeGraphHost *host = nullptr;
-    MdiGraphChild *child = nullptr;
+private:
+    View view();
+    View mouse(QEvent::Type type, QPoint at, Qt::MouseButton button, Qt::KeyboardModifiers modifiers = {});
+    View hover(QPoint at) { return mouse(QEvent::MouseMove, at, Qt::NoButton); }
+    View press(Qt::MouseButton button, QPoint at) { return mouse(QEvent::MouseButtonPress, at, button); }
+    View release(Qt::MouseButton button, QPoint at) { return mouse(QEvent::MouseButtonRelease, at, button); }
+    View click(Qt::MouseButton button, QPoint at, Qt::KeyboardModifiers modifiers = {});
+    View drag(Qt::MouseButton button, QPoint from, QPoint to);
+    View turn(QPoint at, int steps, Qt::KeyboardModifiers modifiers = {}, bool sideways = false);
+    View key(Qt::Key which, Qt::KeyboardModifiers modifiers = {});
+    View add(int current = 0);
+    void set(bool ViewSwitches::*flag, bool on = true);
+
+    QWidget *widget = nullptr;
+    GraphInteraction *interaction = nullptr;
+    SeriesStore store;
+    ViewState state;
+    int pointed = -1; // in this step
+    bool updated = false;
+    View seen; // before
 };
 
 void TestGraphInteraction::init()
 {
-    host = new FakeGraphHost;
-    child = new MdiGraphChild(host);
-    child->resize(1000, 600); // plots from 40 to 900
-    child->setWindowNumber(3);
-    child->show();
-    child->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(child));
-    load(samples::lipoCharge(count, period));
-    host->current = child;
+    widget = new QWidget;
+    widget->show();
+    widget->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(widget));
+    widget->installEventFilter(this);
+    store = storeOf(samples::lipoCharge(count, period));
+    state.setSwitches({});
+    interaction = new GraphInteraction(widget, &store, &state);
+    interaction->resize(size, 1.0);
+    connect(interaction, SIGNAL(recordPointedAt(int)), this, SLOT(point(int)));
+    seen = "all";
+    pointed = -1;
 }
 
-void TestGraphInteraction::cleanup()
+View TestGraphInteraction::view()
 {
-    delete child;
-    delete host;
+    const GraphZoom &zoom = interaction->zoom();
+    View text = "all";
+    if (zoom.isActive())
+        text = View::number(zoom.times().low, 'g', 4) + ".." + View::number(zoom.times().high, 'g', 4)
+            + percent(zoom.share(PlotArea::Upper)) + percent(zoom.share(PlotArea::Lower));
+    if (interaction->cursorRecord() >= 0)
+        text += " cursor " + View::number(interaction->cursorRecord());
+    const QRect band = interaction->rubberBand();
+    if (!band.isEmpty())
+        for (const int end : {band.left(), band.top(), band.right(), band.bottom()})
+            text += (end == band.left() ? " band " : " ") + View::number(end);
+    const CellSelection &cells = interaction->cells()->cells();
+    for (size_t cell = 0; cell < cells.size(); ++cell)
+        text += cells[cell] ? " cell " + View::number(int(cell)) : View();
+    QCoreApplication::sendPostedEvents();
+    if (text != seen && !updated)
+        text += ", not painted";
+    updated = false;
+    seen = text;
+    if (widget->cursor().shape() == Qt::ClosedHandCursor)
+        text += " hand";
+    if (pointed >= 0)
+        text += " shows " + View::number(pointed);
+    pointed = -1;
+    return text;
 }
 
-QPoint TestGraphInteraction::in(PlotArea area, double right, double down) const
+View TestGraphInteraction::mouse(
+    QEvent::Type type, QPoint at, Qt::MouseButton button, Qt::KeyboardModifiers modifiers)
 {
-    const QRect rect = layout().area(area);
-    return {
-        rect.left() + qRound((rect.width() - 1) * right), rect.top() + qRound((rect.height() - 1) * down)};
+    const QMouseEvent event(type, at, button, button, modifiers);
+    type == QEvent::MouseMove                ? interaction->move(&event)
+        : type == QEvent::MouseButtonPress   ? interaction->press(&event)
+        : type == QEvent::MouseButtonRelease ? interaction->release(&event)
+                                             : interaction->doubleClick(&event);
+    return view();
 }
 
-// From elsewhere, because a pointer that stays where it is sends nothing.
-void TestGraphInteraction::hover(const QPoint &position)
+View TestGraphInteraction::click(Qt::MouseButton button, QPoint at, Qt::KeyboardModifiers modifiers)
 {
-    QTest::mouseMove(child, QPoint(20, 20));
-    QTest::mouseMove(child, position);
-    QCoreApplication::processEvents();
+    mouse(QEvent::MouseButtonPress, at, button, modifiers);
+    return mouse(QEvent::MouseButtonRelease, at, button, modifiers);
 }
 
-void TestGraphInteraction::drag(Qt::MouseButton button, const QPoint &from, const QPoint &to)
+View TestGraphInteraction::drag(Qt::MouseButton button, QPoint from, QPoint to)
 {
-    QTest::mousePress(child, button, Qt::NoModifier, from);
-    QMouseEvent move(QEvent::MouseMove, to, child->mapToGlobal(to), Qt::NoButton, button, Qt::NoModifier);
-    QApplication::sendEvent(child, &move);
-    QTest::mouseRelease(child, button, Qt::NoModifier, to);
+    press(button, from);
+    mouse(QEvent::MouseMove, to, button);
+    return release(button, to);
 }
 
-void TestGraphInteraction::wheel(const QPoint &position, int steps, Qt::KeyboardModifiers modifiers)
+View TestGraphInteraction::turn(QPoint at, int steps, Qt::KeyboardModifiers modifiers, bool sideways)
 {
-    QWheelEvent event(position, child->mapToGlobal(position), QPoint(), QPoint(0, 120 * steps), Qt::NoButton,
-        modifiers, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(child, &event);
+    const QPoint angle = sideways ? QPoint(120 * steps, 0) : QPoint(0, 120 * steps);
+    const QWheelEvent event(at, at, QPoint(), angle, Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
+    return interaction->wheel(&event) ? view() : View("no");
 }
 
-void TestGraphInteraction::hoveringShowsTheRecord_data()
+View TestGraphInteraction::key(Qt::Key which, Qt::KeyboardModifiers modifiers)
 {
-    QTest::addColumn<QPoint>("position");
-    QTest::addColumn<int>("time");
-    QTest::newRow("first") << QPoint(40, 100) << 0;
-    QTest::newRow("next to it") << QPoint(44, 100) << 0;
-    QTest::newRow("nearer to the second") << QPoint(46, 100) << period;
-    QTest::newRow("in the lower plot") << QPoint(470, 500) << 43 * period;
-    QTest::newRow("last") << QPoint(900, 100) << 86 * period;
-    QTest::newRow("right of the plots") << QPoint(960, 100) << 86 * period;
-    QTest::newRow("left of the plots") << QPoint(39, 100) << -1;
+    const QKeyEvent event(QEvent::KeyPress, which, modifiers);
+    return interaction->key(&event) ? view() : View("no");
 }
 
-void TestGraphInteraction::hoveringShowsTheRecord()
+View TestGraphInteraction::add(int current)
 {
-    QFETCH(QPoint, position);
-    QFETCH(int, time);
-    hover(position);
-    QCOMPARE(lastShownTime(), time);
+    Varnel3Data record = samples::lipoCharge(1)[0];
+    record.current = current;
+    record.setTime(store.records().last().time + period);
+    store.append(record);
+    interaction->dataArrived();
+    widget->update(); // as the window does, sparingly
+    return view();
+}
+
+void TestGraphInteraction::set(bool ViewSwitches::*flag, bool on)
+{
+    ViewSwitches switches = state.switches();
+    switches.*flag = on;
+    state.setSwitches(switches);
+}
+
+void TestGraphInteraction::pointing()
+{
+    const std::pair<QPoint, View> steps[] = {
+        {{40, 100}, "all cursor 0 shows 0"},
+        {{44, 100}, "all cursor 0 shows 0"},
+        {{46, 100}, "all cursor 1 shows 1"},
+        {{470, 500}, "all cursor 43 shows 43"},
+        {{900, 100}, "all cursor 86 shows 86"},
+        {{901, 100}, "all shows 86"}, // right of the plots the newest, without a line
+        {{470, 100}, "all cursor 43 shows 43"},
+        {{470, 600}, "all cursor 43"}, // outside: as it was
+        {{39, 100}, "all"},
+    };
+    for (const auto &step : steps)
+        QCOMPARE(hover(step.first), step.second);
+    hover(upper);
+    interaction->leave();
+    QCOMPARE(view(), View("all shows 86"));
+    widget->hide(); // not active
+    QCOMPARE(press(Qt::LeftButton, upper), View("all"));
 }
 
 /// With larger letters the pointer means what is drawn under it.
-void TestGraphInteraction::largeLettersMoveThePlots()
+void TestGraphInteraction::largeLetters()
 {
-    child->setScale(2.0);
-    const GraphLayout drawn(child->size() / 2, count);
-    const QRect upper = drawn.area(PlotArea::Upper);
-    hover(2 * upper.center());
-    QCOMPARE(lastShownTime(), 43 * period);
-    drag(Qt::LeftButton, 2 * upper.topLeft(), 2 * upper.center());
-    QCOMPARE(qRound(zoom().times().high / period), 43);
-    const QImage large = child->grab().toImage();
-    QCOMPARE(large.pixelColor(20, 2 * (drawn.height() - 1 - 20)), QColor(Qt::yellow)); // the badge, of 10 px
-    QCOMPARE(GraphLayout::fittingScale(child->size(), 9.0), 3.0); // what leaves the plots room
+    interaction->resize(size, 2.0); // plots from 40 to 400 of 500
+    QCOMPARE(hover({442, 200}), View("all cursor 43 shows 43"));
+    QCOMPARE(hover({802, 200}), View("all shows 86"));
+    QCOMPARE(drag(Qt::LeftButton, {80, 44}, {440, 120}).left(13), View("0..430 68..10"));
+    QCOMPARE(turn({440, 120}, -20), View("0..860 68..100 0..100 cursor 43 shows 43"));
+    interaction->resize(size, 9.0); // as large as leaves the plots room: 333 x 200
+    QCOMPARE(hover({702, 100}), View("0..860 68..100 0..100 shows 86"));
 }
 
-void TestGraphInteraction::otherWindowsAreLeftAlone()
+void TestGraphInteraction::picking()
 {
-    host->current = nullptr;
-    hover(in(PlotArea::Upper, 0.5, 0.5));
-    QTest::mouseClick(child, Qt::LeftButton, Qt::NoModifier, in(PlotArea::Upper, 0.6, 0.5));
-    QVERIFY(host->shown.isEmpty());
+    QCOMPARE(press(Qt::LeftButton, {470, 155}), View("all shows 43"));
+    QCOMPARE(mouse(QEvent::MouseMove, {255, 88}, Qt::LeftButton), View("all band 255 88 470 155"));
+    QCOMPARE(release(Qt::LeftButton, {255, 88}), View("215..430 50..75 0..100 cursor 27 shows 27"));
+    // once more, inside what is shown, and never out of the plot that it began in
+    press(Qt::LeftButton, {470, 500});
+    QCOMPARE(mouse(QEvent::MouseMove, {990, 20}, Qt::LeftButton),
+        View("215..430 50..75 0..100 band 470 304 900 500"));
+    QCOMPARE(release(Qt::LeftButton, {990, 20}), View("322.5..430 50..75 27..100 shows 43"));
+    QCOMPARE(mouse(QEvent::MouseButtonDblClick, lower, Qt::LeftButton), View("all cursor 43 shows 43"));
+    // what is no selection
+    for (const QPoint &to : {QPoint(0, 0), QPoint(200, 3), QPoint(3, 200)})
+        QCOMPARE(drag(Qt::LeftButton, {100, 330}, QPoint(100, 330) + to).left(4), View("all "));
+    QVERIFY(drag(Qt::LeftButton, {100, 330}, {104, 334}).startsWith("57..67 "));
+    QCOMPARE(mouse(QEvent::MouseButtonDblClick, lower, Qt::RightButton).left(4), View("57.."));
+    release(Qt::RightButton, lower);
+    mouse(QEvent::MouseButtonDblClick, lower, Qt::LeftButton);
+    QCOMPARE(drag(Qt::LeftButton, {20, 100}, {400, 200}), View("all cursor 36 shows 36"));
+    QCOMPARE(
+        drag(Qt::LeftButton, {470, 295}, {600, 400}), View("all cursor 56 shows 56")); // between the plots
+    // given up half way
+    press(Qt::LeftButton, upper);
+    QVERIFY(mouse(QEvent::MouseMove, {500, 200}, Qt::LeftButton).contains("band"));
+    QCOMPARE(key(Qt::Key_Escape), View("all cursor 43"));
+    QCOMPARE(release(Qt::LeftButton, {500, 200}), View("all cursor 46 shows 46"));
+    press(Qt::LeftButton, upper);
+    interaction->resize(size, 1.0);
+    QCOMPARE(release(Qt::LeftButton, {600, 200}), View("all cursor 56 shows 56"));
 }
 
-void TestGraphInteraction::leavingShowsTheNewest()
+void TestGraphInteraction::wheel()
 {
-    hover(in(PlotArea::Upper, 0.5, 0.5));
-    QCOMPARE(lastShownTime(), 43 * period);
-    // the charge is the newest one's, whatever the record
-    QCOMPARE(host->shown.last().record.balancedMah, 40);
-    const QImage with = child->grab().toImage();
-    QEvent leave(QEvent::Leave);
-    QApplication::sendEvent(child, &leave);
-    QCOMPARE(lastShownTime(), 86 * period);
-    QVERIFY(!host->shown.last().useKeptRi);
-    QVERIFY(child->grab().toImage() != with); // the cursor line has gone
+    const QPoint at(255, 155); // 215 s
+    QCOMPARE(turn(at, 1), View("43..731 0..100 0..100 cursor 22 shows 22"));
+    QCOMPARE(turn(at, 1, Qt::ControlModifier), View("43..731 10..90 0..100 cursor 22 shows 22"));
+    QCOMPARE(turn(at, -1, Qt::ControlModifier), View("43..731 0..100 0..100 cursor 22 shows 22"));
+    QCOMPARE(turn(lower, 1, Qt::ControlModifier), View("43..731 0..100 10..90 cursor 39 shows 39"));
+    QCOMPARE(turn(lower, -1, Qt::ControlModifier | Qt::AltModifier, true),
+        View("43..731 0..100 0..100 cursor 39 shows 39"));
+    QCOMPARE(turn(at, -3), View("all cursor 22 shows 22"));
+    QCOMPARE(
+        turn(at, 100), View("212.5..222.5 0..100 0..100 cursor 22 shows 22")); // the axis divides in seconds
+    QCOMPARE(turn(at, 0), View("no"));
+    QCOMPARE(turn({10, 10}, 1), View("no"));
 }
 
-void TestGraphInteraction::rectangleZooms()
+void TestGraphInteraction::middleButton()
 {
-    drag(Qt::LeftButton, in(PlotArea::Upper, 0.75, 0.5), in(PlotArea::Upper, 0.25, 0.25));
-    QVERIFY(zoom().isActive());
-    QCOMPARE(zoom().times().low, 215.0);
-    QCOMPARE(zoom().times().high, 645.0);
-    QVERIFY(qAbs(zoom().share(PlotArea::Upper).low - 0.5) < 0.005);
-    QVERIFY(qAbs(zoom().share(PlotArea::Upper).high - 0.75) < 0.005);
-    QCOMPARE(zoom().share(PlotArea::Lower).length(), 1.0);
-    // once more, inside what is shown
-    drag(Qt::LeftButton, in(PlotArea::Lower, 0.0, 0.0), in(PlotArea::Lower, 0.5, 0.5));
-    QCOMPARE(zoom().times().high, 430.0);
-    QVERIFY(qAbs(zoom().share(PlotArea::Lower).low - 0.5) < 0.005);
-    QVERIFY(qAbs(zoom().share(PlotArea::Upper).high - 0.75) < 0.005);
-    hover(in(PlotArea::Lower, 1.0, 0.5));
-    QCOMPARE(lastShownTime(), 430);
+    QCOMPARE(click(Qt::MiddleButton, lower, Qt::ControlModifier), View("all cursor 43 shows 43"));
+    QCOMPARE(click(Qt::MiddleButton, lower), View("215..645 0..100 25..75 cursor 43 shows 43"));
+    QCOMPARE(click(Qt::MiddleButton, lower), View("322.5..537.5 0..100 38..63 cursor 43 shows 43"));
+    QCOMPARE(click(Qt::MiddleButton, lower, Qt::ControlModifier),
+        View("215..645 0..100 25..75 cursor 43 shows 43"));
+    QCOMPARE(
+        click(Qt::MiddleButton, {20, 400}), View("215..430 0..100 25..75")); // beside the plots: times only
+    click(Qt::MiddleButton, {470, 295}, Qt::ControlModifier);
+    QCOMPARE(click(Qt::MiddleButton, lower, Qt::ControlModifier), View("all cursor 43 shows 43"));
+    widget->hide();
+    QCOMPARE(release(Qt::MiddleButton, lower), View("all cursor 43 shows 43"));
 }
 
-// The pointer rests while what lies under it changes.
-void TestGraphInteraction::zoomingPointsAnew()
+void TestGraphInteraction::dragging()
 {
-    const QPoint at = in(PlotArea::Upper, 0.3, 0.5); // at 258 s
-    drag(Qt::LeftButton, at + QPoint(0, 50), at + QPoint(86, 100)); // shows ten pixels a second
-    QCOMPARE(lastShownTime(), 290);
-    QTest::mouseDClick(child, Qt::LeftButton, Qt::NoModifier, at);
-    QCOMPARE(lastShownTime(), 260);
-    wheel(in(PlotArea::Upper, 1.0, 0.5), 1);
-    QCOMPARE(lastShownTime(), 860);
+    QCOMPARE(press(Qt::RightButton, upper), View("all cursor 43 shows 43")); // all is there
+    QCOMPARE(mouse(QEvent::MouseMove, {570, 155}, Qt::RightButton), View("all cursor 43"));
+    release(Qt::RightButton, upper);
+    click(Qt::MiddleButton, upper);
+    QCOMPARE(press(Qt::RightButton, upper), View("215..645 25..75 0..100 cursor 43 hand shows 43"));
+    QCOMPARE(
+        mouse(QEvent::MouseMove, {556, 155}, Qt::RightButton), View("172..602 25..75 0..100 cursor 43 hand"));
+    QCOMPARE(
+        mouse(QEvent::MouseMove, {556, 208}, Qt::RightButton), View("172..602 35..85 0..100 cursor 43 hand"));
+    QCOMPARE(release(Qt::RightButton, {556, 208}), View("172..602 35..85 0..100 cursor 43 shows 43"));
+    // never past the recording
+    QVERIFY(drag(Qt::RightButton, upper, upper + QPoint(800, 600)).startsWith("0..430 50..100 0..100"));
+    QVERIFY(drag(Qt::RightButton, upper, upper - QPoint(1800, 600)).startsWith("430..860 0..50 0..100"));
+    press(Qt::RightButton, upper);
+    interaction->leave();
+    QCOMPARE(view(), View("430..860 0..50 0..100 shows 86"));
 }
 
-void TestGraphInteraction::rectangleStaysInItsPlot()
+void TestGraphInteraction::legend()
 {
-    const QPoint start = in(PlotArea::Upper, 0.5, 0.5);
-    QTest::mousePress(child, Qt::LeftButton, Qt::NoModifier, start);
-    QMouseEvent move(
-        QEvent::MouseMove, QPoint(990, 590), QPoint(), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(child, &move);
-    const QRect lower = layout().area(PlotArea::Lower);
-    const QImage with = child->grab().toImage();
-    QTest::mouseRelease(child, Qt::LeftButton, Qt::NoModifier, QPoint(990, 590));
-    QCOMPARE(zoom().times().high, 860.0);
-    QVERIFY(zoom().share(PlotArea::Upper).low < 0.001);
-    load(samples::lipoCharge(count, period));
-    QCOMPARE(with.copy(lower), child->grab().toImage().copy(lower)); // nothing was drawn there
-}
-
-void TestGraphInteraction::smallRectangleIsNoZoom_data()
-{
-    QTest::addColumn<QPoint>("size");
-    QTest::addColumn<bool>("zooms");
-    QTest::newRow("click") << QPoint(0, 0) << false;
-    QTest::newRow("flat") << QPoint(200, 3) << false;
-    QTest::newRow("thin") << QPoint(3, 200) << false;
-    QTest::newRow("just enough") << QPoint(4, 4) << true;
-    QTest::newRow("backwards") << QPoint(-4, -4) << true;
-}
-
-void TestGraphInteraction::smallRectangleIsNoZoom()
-{
-    QFETCH(QPoint, size);
-    const QPoint start = in(PlotArea::Lower, 0.4, 0.2);
-    drag(Qt::LeftButton, start, start + size);
-    QTEST(zoom().isActive(), "zooms");
-}
-
-void TestGraphInteraction::wheelZoomsAroundThePointer()
-{
-    const QPoint at = in(PlotArea::Upper, 0.25, 0.5);
-    wheel(at, 1);
-    QCOMPARE(zoom().times().length(), 860.0 / 1.25);
-    QCOMPARE(zoom().times().low + zoom().times().length() * 0.25, 215.0);
-    QCOMPARE(zoom().share(PlotArea::Upper).length(), 1.0);
-    wheel(at, 1, Qt::ControlModifier);
-    QCOMPARE(zoom().share(PlotArea::Upper).length(), 0.8);
-    QCOMPARE(zoom().share(PlotArea::Lower).length(), 1.0);
-    QCOMPARE(zoom().times().length(), 860.0 / 1.25);
-    wheel(at, -1, Qt::ControlModifier);
-    wheel(at, -3);
-    QVERIFY(!zoom().isActive());
-    wheel(at, 100);
-    QCOMPARE(zoom().times().length(), 10.0); // no further: the axis divides in seconds
-    wheel(QPoint(10, 10), -3); // outside the plots
-    QCOMPARE(zoom().times().length(), 10.0);
-}
-
-void TestGraphInteraction::middleButtonSteps()
-{
-    const QPoint at = in(PlotArea::Lower, 0.5, 0.5);
-    QTest::mouseClick(child, Qt::MiddleButton, Qt::ControlModifier, at);
-    QVERIFY(!zoom().isActive());
-    QTest::mouseClick(child, Qt::MiddleButton, Qt::NoModifier, at);
-    QCOMPARE(zoom().times().length(), 430.0);
-    QTest::mouseClick(child, Qt::MiddleButton, Qt::NoModifier, at);
-    QCOMPARE(zoom().times().length(), 215.0);
-    QVERIFY(qAbs((zoom().times().low + zoom().times().high) / 2 - 430) < 1);
-    QCOMPARE(zoom().share(PlotArea::Lower).length(), 0.25);
-    QTest::mouseClick(child, Qt::MiddleButton, Qt::ControlModifier, at);
-    QCOMPARE(zoom().times().length(), 430.0);
-    QTest::mouseClick(child, Qt::MiddleButton, Qt::ControlModifier, at);
-    QVERIFY(!zoom().isActive());
-}
-
-void TestGraphInteraction::rightDragMoves()
-{
-    const QPoint middle = in(PlotArea::Upper, 0.5, 0.5);
-    drag(Qt::RightButton, middle, middle + QPoint(100, 0));
-    QVERIFY(!zoom().isActive());
-    QTest::mouseClick(child, Qt::MiddleButton, Qt::NoModifier, middle); // 215..645
-    QTest::mousePress(child, Qt::RightButton, Qt::NoModifier, middle);
-    QCOMPARE(child->cursor().shape(), Qt::ClosedHandCursor);
-    QTest::mouseRelease(child, Qt::RightButton, Qt::NoModifier, middle);
-    QCOMPARE(child->cursor().shape(), Qt::ArrowCursor);
-    drag(Qt::RightButton, middle, middle + QPoint(86, 0));
-    QCOMPARE(zoom().times().low, 172.0);
-    QCOMPARE(zoom().times().length(), 430.0);
-    drag(Qt::RightButton, middle, middle + QPoint(800, 600)); // never past the recording
-    QCOMPARE(zoom().times().low, 0.0);
-    QCOMPARE(zoom().share(PlotArea::Upper).high, 1.0);
-    drag(Qt::RightButton, middle, middle - QPoint(1800, 600));
-    QCOMPARE(zoom().times().high, 860.0);
-    QCOMPARE(zoom().share(PlotArea::Upper).low, 0.0);
-}
-
-void TestGraphInteraction::doubleClickShowsAll()
-{
-    wheel(in(PlotArea::Upper, 0.5, 0.5), 3);
-    QVERIFY(zoom().isActive());
-    QTest::mouseDClick(child, Qt::LeftButton, Qt::NoModifier, in(PlotArea::Lower, 0.5, 0.5));
-    QVERIFY(!zoom().isActive());
-}
-
-void TestGraphInteraction::dataShowsAll()
-{
-    wheel(in(PlotArea::Upper, 0.5, 0.5), 3);
-    QTest::mousePress(child, Qt::LeftButton, Qt::NoModifier, in(PlotArea::Upper, 0.5, 0.5));
-    child->addRecord(samples::lipoCharge(1)[0]);
-    QVERIFY(!zoom().isActive());
-    QTest::mouseRelease(child, Qt::LeftButton, Qt::NoModifier, in(PlotArea::Upper, 0.9, 0.9));
-    QVERIFY(!zoom().isActive()); // the selection had ended
-}
-
-void TestGraphInteraction::heldViewStays()
-{
-    const QPoint middle = in(PlotArea::Upper, 0.5, 0.5);
-    const auto add = [this] {
-        Varnel3Data record = samples::lipoCharge(1)[0];
-        record.current = 9000; // far beyond the axis
-        record.setTime(child->store().records().last().time + period);
-        child->addRecord(record);
+    const CellLegend rows(GraphLayout(size, count), 6);
+    const auto pick = [&](int cell, Qt::KeyboardModifiers modifiers = {}) {
+        return click(Qt::LeftButton, rows.row(cell).center(), modifiers);
     };
-    const auto hold = [this](bool held) {
-        ViewSwitches switches;
-        switches.holdView = held;
-        host->state->setSwitches(switches);
-    };
-    hold(true);
-    wheel(middle, 3);
-    const Interval shown = zoom().times();
-    QTest::keyClick(child, Qt::Key_Left); // the pointer is at 430 s
-    QCOMPARE(lastShownTime(), 420);
-    const QRect plots(0, 22, 940, 570); // with their axes
-    const QImage before = child->grab().toImage().copy(plots);
+    QCOMPARE(pick(1), View("all shows 86")); // there are no cells to be seen
+    set(&ViewSwitches::balancer);
+    QCOMPARE(pick(1), View("all cell 1 shows 86"));
+    QCOMPARE(pick(4), View("all cell 4 shows 86"));
+    QCOMPARE(pick(0, Qt::ControlModifier), View("all cell 0 cell 4 shows 86"));
+    QCOMPARE(pick(4, Qt::ControlModifier), View("all cell 0 shows 86"));
+    QCOMPARE(click(Qt::LeftButton, {941, 100}), View("all cell 0 shows 86")); // left of the column
+    QCOMPARE(click(Qt::LeftButton, {942, 280}), View("all shows 86")); // below the rows
+    turn(upper, 1);
+    const View before = pick(2);
+    QCOMPARE(mouse(QEvent::MouseButtonDblClick, rows.row(2).center(), Qt::LeftButton) + " shows 77", before);
+    set(&ViewSwitches::average); // nor are there any
+    QCOMPARE(pick(1), before);
+}
+
+void TestGraphInteraction::moving()
+{
+    QCOMPARE(key(Qt::Key_Left), View("all cursor 86 shows 86")); // begins with what the displays show
+    QCOMPARE(key(Qt::Key_Left), View("all cursor 85 shows 85"));
+    QCOMPARE(key(Qt::Key_Left, Qt::ShiftModifier), View("all cursor 84 shows 84"));
+    QCOMPARE(key(Qt::Key_Right), View("all cursor 85 shows 85"));
+    QCOMPARE(key(Qt::Key_Escape), View("all shows 86"));
+    QCOMPARE(key(Qt::Key_Right), View("all cursor 0 shows 0"));
+    key(Qt::Key_Escape);
+    drag(Qt::LeftButton, {124, 22}, {813, 289});
+    QVERIFY(key(Qt::Key_Home).startsWith("all "));
+    key(Qt::Key_Escape);
+    click(Qt::MiddleButton, {472, 400}); // 216..646
+    click(Qt::MiddleButton, {472, 100}, Qt::ControlModifier);
+    click(Qt::MiddleButton, {472, 100});
+    interaction->leave();
+    QCOMPARE(view().left(8), View("216..646"));
+    QVERIFY(key(Qt::Key_Left).endsWith("cursor 64 shows 64")); // what lies outside stays there
+    key(Qt::Key_Escape);
+    QVERIFY(key(Qt::Key_Right).endsWith("cursor 22 shows 22"));
+    QVERIFY(key(Qt::Key_Left).startsWith("210..640 ")); // up to where it goes
+    for (int i = 0; i < 42; ++i)
+        key(Qt::Key_Right);
+    QVERIFY(key(Qt::Key_Right).startsWith("210..640 "));
+    QVERIFY(key(Qt::Key_Right).startsWith("220..650 "));
+    QCOMPARE(key(Qt::Key_F1), View("no"));
+}
+
+void TestGraphInteraction::zoomingByKeys()
+{
+    QCOMPARE(key(Qt::Key_Plus), View("86..774 0..100 0..100"));
+    QCOMPARE(key(Qt::Key_Equal), View("154.8..705.2 0..100 0..100"));
+    key(Qt::Key_Minus);
+    QCOMPARE(key(Qt::Key_Minus), View("all"));
+    key(Qt::Key_PageDown);
+    QCOMPARE(key(Qt::Key_Plus, Qt::ControlModifier), View("0..860 0..100 10..90"));
+    QCOMPARE(key(Qt::Key_Down), View("0..860 0..100 2..82"));
+    QCOMPARE(key(Qt::Key_Up), View("0..860 0..100 10..90"));
+    key(Qt::Key_PageUp);
+    QCOMPARE(key(Qt::Key_Plus, Qt::ControlModifier), View("0..860 10..90 10..90"));
+    QCOMPARE(key(Qt::Key_Minus, Qt::ControlModifier), View("0..860 0..100 10..90"));
+    key(Qt::Key_Plus);
+    QCOMPARE(key(Qt::Key_Right, Qt::ControlModifier), View("154.8..842.8 0..100 10..90"));
+    QCOMPARE(key(Qt::Key_Left, Qt::ControlModifier), View("86..774 0..100 10..90"));
+    QCOMPARE(key(Qt::Key_Home), View("all"));
+    hover({255, 100}); // 215 s, where the zoom then stays
+    QCOMPARE(key(Qt::Key_Plus), View("44..732 0..100 0..100 cursor 22"));
+}
+
+void TestGraphInteraction::pickingByKeys()
+{
+    key(Qt::Key_Down, Qt::ControlModifier);
+    QCOMPARE(view(), View("all")); // there are no cells to be seen
+    set(&ViewSwitches::balancer);
+    QCOMPARE(key(Qt::Key_Up, Qt::ControlModifier), View("all cell 5")); // from the end
+    QCOMPARE(key(Qt::Key_Down, Qt::ControlModifier), View("all cell 0"));
+    QCOMPARE(key(Qt::Key_Down, Qt::ControlModifier), View("all cell 1"));
+    QCOMPARE(key(Qt::Key_Up, Qt::ControlModifier | Qt::ShiftModifier), View("all cell 0 cell 1"));
+    QCOMPARE(key(Qt::Key_Up, Qt::ControlModifier), View("all cell 5"));
+    click(Qt::LeftButton, CellLegend(GraphLayout(size, count), 6).row(3).center());
+    QCOMPARE(key(Qt::Key_Down, Qt::ControlModifier), View("all cell 4"));
+    QCOMPARE(key(Qt::Key_Escape), View("all"));
+    QCOMPARE(key(Qt::Key_Down, Qt::ControlModifier), View("all cell 0"));
+}
+
+void TestGraphInteraction::recordsThatCome()
+{
+    turn(upper, 3);
+    press(Qt::LeftButton, upper);
+    QCOMPARE(add(), View("all"));
+    QCOMPARE(release(Qt::LeftButton, {800, 250}), View("all cursor 77 shows 77")); // the picking had ended
+    turn(upper, 3);
+    press(Qt::RightButton, upper);
+    QCOMPARE(add(), View("all"));
+}
+
+void TestGraphInteraction::heldView()
+{
+    set(&ViewSwitches::holdView);
     add();
-    QCOMPARE(child->grab().toImage().copy(plots), before);
-    QCOMPARE(zoom().times().low, shown.low);
-    QCOMPARE(zoom().times().high, shown.high);
-    QTest::keyClick(child, Qt::Key_Left);
-    QCOMPARE(lastShownTime(), 410); // the cursor was there still
+    turn(upper, 3); // 212..652 of 870 s
+    const View held = key(Qt::Key_Left);
+    QVERIFY(held.endsWith(" cursor 43 shows 43"));
+    QCOMPARE(interaction->rangedRecords(), 0);
+    QCOMPARE(add(9000) + " shows 43", held);
+    QCOMPARE(interaction->rangedRecords(), 88); // as many as the axes were made for
+    add();
+    QCOMPARE(interaction->rangedRecords(), 88);
     for (int i = 0; i < 10; ++i)
-        QTest::keyClick(child, Qt::Key_Right, Qt::ControlModifier);
-    QCOMPARE(child->picture(child->size()).rangedRecords, count + 1); // what is in sight has its place
-    hold(false);
-    QVERIFY(zoom().isActive());
+        key(Qt::Key_Right, Qt::ControlModifier);
+    QCOMPARE(interaction->rangedRecords(), 90); // what is in sight has its place
+    key(Qt::Key_Home);
+    QCOMPARE(interaction->rangedRecords(), 0);
     add();
-    QVERIFY(!zoom().isActive());
+    turn(upper, 3);
+    add();
+    QCOMPARE(interaction->rangedRecords(), 91);
+    Varnel3Data record = store.records().last();
+    record.setTime(0);
+    store.append(record); // with a clock that was set back no time parts the records
+    QCOMPARE(interaction->rangedRecords(), 0);
+    set(&ViewSwitches::holdView, false);
+    QVERIFY(interaction->zoom().isActive());
+    QCOMPARE(add(), View("all"));
 }
 
-// Half of the recording, and then it once more.
+// A part of the recording, and then all of it once more: 0..290, 0..560.
 void TestGraphInteraction::clockThatWasSetBack()
 {
     RecordList records = samples::lipoCharge(count, period);
     for (int i = 0; i < count; ++i)
         records[i].setTime((i < 30 ? i : i - 30) * period);
-    load(std::move(records)); // 0..290, 0..560
-    hover(in(PlotArea::Upper, 0.5, 0.5));
-    QCOMPARE(lastShownTime(), 280);
-    drag(Qt::LeftButton, in(PlotArea::Upper, 0.75, 0.1), in(PlotArea::Upper, 1.0, 0.9)); // 420..560
-    hover(in(PlotArea::Upper, 0.5, 0.5));
-    QCOMPARE(lastShownTime(), 490);
-    QTest::keyClick(child, Qt::Key_Left);
-    QCOMPARE(lastShownTime(), 480);
-    QTest::mouseDClick(child, Qt::LeftButton, Qt::NoModifier, in(PlotArea::Upper, 0.5, 0.5));
-    for (int time : {290, 0, 10}) { // from one course into the other: along the records
-        QTest::keyClick(child, Qt::Key_Right);
-        QCOMPARE(lastShownTime(), time);
-    }
-    QTest::keyClick(child, Qt::Key_Left);
-    QTest::keyClick(child, Qt::Key_Left);
-    QCOMPARE(lastShownTime(), 290);
+    store = storeOf(std::move(records));
+    QCOMPARE(hover({470, 100}), View("all cursor 28 shows 28")); // the first of two
+    QVERIFY(hover({685, 100}).endsWith(" shows 72"));
+    drag(Qt::LeftButton, {685, 50}, {900, 270}); // 420..560
+    QVERIFY(hover({470, 100}).endsWith(" shows 79"));
+    QVERIFY(key(Qt::Key_Left).endsWith(" shows 78"));
+    mouse(QEvent::MouseButtonDblClick, {470, 100}, Qt::LeftButton);
+    for (const char *record : {"29", "30", "31"}) // from one course into the other: along the records
+        QCOMPARE(key(Qt::Key_Right), View("all cursor ") + record + " shows " + record);
+    key(Qt::Key_Left);
+    QCOMPARE(key(Qt::Key_Left), View("all cursor 29 shows 29"));
 }
 
-void TestGraphInteraction::legendPicksCells()
+// Many records to a pixel, and few.
+void TestGraphInteraction::unevenTimes()
 {
-    const auto rowCentre = [this](int cell) { return CellLegend(layout(), 6).row(cell).center(); };
-    const auto click = [this](const QPoint &at, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        QTest::mouseClick(child, Qt::LeftButton, modifiers, at);
-        QString picked;
-        for (bool cell : child->selectedCells())
-            picked += QLatin1Char(cell ? '1' : '0');
-        return picked;
-    };
-    QSignalSpy changes(child, SIGNAL(selectedCellsChanged()));
-    QCOMPARE(click(rowCentre(1)), QStringLiteral("0000000000000000")); // there are no cells to be seen
-    ViewSwitches switches;
-    switches.balancer = true;
-    host->state->setSwitches(switches);
-    QCOMPARE(click(rowCentre(1)), QStringLiteral("0100000000000000"));
-    QCOMPARE(click(rowCentre(4)), QStringLiteral("0000100000000000"));
-    QCOMPARE(click(rowCentre(0), Qt::ControlModifier), QStringLiteral("1000100000000000"));
-    QCOMPARE(click(rowCentre(4), Qt::ControlModifier), QStringLiteral("1000000000000000"));
-    QCOMPARE(changes.size(), 4);
-    QCOMPARE(click(QPoint(960, 280)), QStringLiteral("0000000000000000")); // below the rows
-    QCOMPARE(click(QPoint(941, 100)), QStringLiteral("0000000000000000")); // one pixel left of the column
-    QVERIFY(!zoom().isActive());
+    RecordList records = samples::lipoCharge(1000, 1);
+    for (int i = 0; i < 1000; ++i)
+        records[i].setTime(i < 900 ? i : 900 + 86 * (i - 899)); // 9500 s: 11 s a pixel, then a record every 8
+    store = storeOf(std::move(records));
+    hover({42, 100});
+    hover({41, 100});
+    QCOMPARE(key(Qt::Key_Right), View("all cursor 17 shows 17")); // the next pixel's first one
+    QCOMPARE(key(Qt::Key_Right, Qt::ShiftModifier), View("all cursor 128 shows 128"));
+    QCOMPARE(key(Qt::Key_Left), View("all cursor 127 shows 127"));
+    QCOMPARE(hover({899, 100}), View("all cursor 999 shows 999"));
+    QCOMPARE(key(Qt::Key_Left, Qt::ShiftModifier), View("all cursor 998 shows 998"));
+    QCOMPARE(key(Qt::Key_Right), View("all cursor 999 shows 999"));
+    QCOMPARE(key(Qt::Key_Right), View("all cursor 999 shows 999"));
 }
 
-void TestGraphInteraction::keysDoWhatTheMouseDoes()
+void TestGraphInteraction::resizing()
 {
-    const auto key = [this](Qt::Key which, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        QTest::keyClick(child, which, modifiers);
-    };
-    key(Qt::Key_Left);
-    QCOMPARE(lastShownTime(), 860); // begins with what the displays show
-    key(Qt::Key_Left);
-    key(Qt::Key_Left, Qt::ShiftModifier);
-    QCOMPARE(lastShownTime(), 840);
-    key(Qt::Key_Right);
-    QCOMPARE(lastShownTime(), 850);
-    key(Qt::Key_Escape);
-    QCOMPARE(lastShownTime(), 860);
-    key(Qt::Key_Right);
-    QCOMPARE(lastShownTime(), 0);
-    key(Qt::Key_Escape);
-    key(Qt::Key_Plus);
-    const Interval shown = zoom().times();
-    key(Qt::Key_Left);
-    QCOMPARE(lastShownTime(), int(shown.high) / period * period); // what lies outside stays there
-    key(Qt::Key_Escape);
-    key(Qt::Key_Right);
-    QCOMPARE(lastShownTime(), int(shown.low) / period * period + period);
-    QCOMPARE(zoom().times().low, shown.low);
+    drag(Qt::LeftButton, {298, 50}, {645, 270}); // 258..605
+    interaction->resize({451, 400}, 1.0);
+    QCOMPARE(view().left(8), View("250..650")); // in at most eight steps
+    interaction->resize({449, 400}, 1.0);
+    QCOMPARE(view().left(8), View("200..700")); // four
+    for (int height : {300, 310, 320}) // 500 s are not four steps, 600 are
+        interaction->resize({449, height}, 1.0);
+    QCOMPARE(view().left(8), View("200..800"));
     key(Qt::Key_Home);
-    key(Qt::Key_Escape);
-    key(Qt::Key_Plus);
-    QCOMPARE(zoom().times().length(), 860.0 / 1.25);
-    key(Qt::Key_Minus);
-    QVERIFY(!zoom().isActive());
-    key(Qt::Key_PageDown);
-    key(Qt::Key_Plus, Qt::ControlModifier);
-    QCOMPARE(zoom().share(PlotArea::Lower).length(), 0.8);
-    QCOMPARE(zoom().share(PlotArea::Upper).length(), 1.0);
-    const double low = zoom().share(PlotArea::Lower).low;
-    key(Qt::Key_Down);
-    QVERIFY(zoom().share(PlotArea::Lower).low < low);
-    key(Qt::Key_Plus);
-    const double from = zoom().times().low;
-    key(Qt::Key_Right, Qt::ControlModifier);
-    QVERIFY(zoom().times().low > from);
-    key(Qt::Key_Home);
-    QVERIFY(!zoom().isActive());
-    key(Qt::Key_Escape);
-    QCOMPARE(lastShownTime(), 860);
-
-    ViewSwitches switches;
-    switches.balancer = true;
-    host->state->setSwitches(switches);
-    key(Qt::Key_Down, Qt::ControlModifier);
-    key(Qt::Key_Down, Qt::ControlModifier);
-    QVERIFY(!child->selectedCells()[0] && child->selectedCells()[1]);
-    key(Qt::Key_Up, Qt::ControlModifier | Qt::ShiftModifier);
-    QVERIFY(child->selectedCells()[0] && child->selectedCells()[1]);
-    key(Qt::Key_Escape);
-    QCOMPARE(child->selectedCells(), CellSelection{});
-}
-
-void TestGraphInteraction::resizeDividesAnew()
-{
-    drag(Qt::LeftButton, in(PlotArea::Upper, 0.3, 0.1), in(PlotArea::Upper, 0.703, 0.9));
-    QVERIFY(zoom().times().low > 240 && zoom().times().low < 270);
-    child->resize(449, 400);
-    QVERIFY(zoom().isActive());
-    // 258..604.5 in at most four steps
-    QCOMPARE(zoom().times().low, 200.0);
-    QCOMPARE(zoom().times().high, 700.0);
-    child->resize(449, 300);
-    QCOMPARE(zoom().times().low, 200.0); // it does not creep
-}
-
-void TestGraphInteraction::fewRecordsAreSafe_data()
-{
-    QTest::addColumn<int>("records");
-    QTest::newRow("none") << 0;
-    QTest::newRow("one") << 1;
-    QTest::newRow("two") << 2;
+    interaction->resize(size, 1.0);
+    drag(Qt::LeftButton, {50, 50}, {895, 270});
+    interaction->resize({451, 400}, 1.0);
+    QCOMPARE(view().left(7), View("0..860 ")); // nor beyond the recording
 }
 
 void TestGraphInteraction::fewRecordsAreSafe()
 {
-    QFETCH(int, records);
-    load(samples::lipoCharge(records));
-    const QPoint middle = in(PlotArea::Upper, 0.5, 0.5);
-    hover(middle);
-    wheel(middle, 3);
-    drag(Qt::LeftButton, middle, middle + QPoint(100, 100));
-    drag(Qt::RightButton, middle, middle + QPoint(100, 100));
-    QTest::mouseClick(child, Qt::MiddleButton, Qt::NoModifier, middle);
-    for (int key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Plus, Qt::Key_Up, Qt::Key_Home, Qt::Key_Escape})
-        QTest::keyClick(child, Qt::Key(key));
-    child->grab();
-    child->resize(60, 40);
-    hover(QPoint(30, 20));
-    child->grab();
-    QVERIFY(records > 1 || !zoom().isActive());
+    for (int records = 0; records < 3; ++records) {
+        store = storeOf(samples::lipoCharge(records));
+        interaction->startAnew();
+        interaction->resize(size, 1.0);
+        view();
+        const bool none = records == 0;
+        QCOMPARE(hover(upper),
+            none              ? View("all")
+                : records < 2 ? View("all cursor 0 shows 0")
+                              : View("all cursor 1 shows 1"));
+        QCOMPARE(turn(upper, 3) == "no", none);
+        for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton})
+            drag(button, upper, upper + QPoint(100, 100));
+        for (const Qt::Key which :
+            {Qt::Key_Left, Qt::Key_Right, Qt::Key_Plus, Qt::Key_Up, Qt::Key_Home, Qt::Key_Escape})
+            QCOMPARE(key(which) == "no", none);
+        interaction->leave();
+        QCOMPARE(view().contains("shows"), !none);
+        interaction->resize({60, 40}, 1.0); // no room for plots
+        QVERIFY(!hover({41, 23}).contains("cursor"));
+    }
 }
 
 QTEST_MAIN(TestGraphInteraction)

@@ -1,8 +1,8 @@
-#include "data/voltageslope.h"
 #include "support/fakegraphhost.h"
 #include "graph/mdigraphchild.h"
 #include "support/samplerecords.h"
 #include "support/fakelink.h"
+#include "widgets/refreshgate.h"
 
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -35,7 +35,6 @@ private slots:
     void tellsEachRecord();
     void flagsLostResistance();
     void showsRecordsWhileCurrent();
-    void showsItsDv();
     void liveWhileAReaderFeeds();
     void closingDetaches();
     void loadsAFile();
@@ -43,8 +42,8 @@ private slots:
     void showsHowItsProcessEnded_data();
     void showsHowItsProcessEnded();
     void repaintsSparingly();
-    void switchesRepaint();
     void coveredWindowsCostNothing();
+    void forwardsEvents();
     void notesSilence();
 };
 
@@ -82,10 +81,12 @@ void TestMdiGraphChild::tellsEachRecord()
     for (int i = 0; i < records.size(); ++i)
         child.addRecord(records[i]);
     QCOMPARE(host.messages, QStringList{QStringLiteral("Device: Varnel 2+ 3000")});
-    QCOMPARE(host.voltageUpdates, 11);
+    QCOMPARE(host.calls, QByteArray("cv").repeated(11)); // not current
     QCOMPARE(host.capacities.first(), QStringLiteral("0 D 0 4"));
     QCOMPARE(host.capacities.last(), QStringLiteral("2950 D 2950 4"));
-    QVERIFY(host.shown.isEmpty()); // not current
+    host.current = &child;
+    child.addRecord(records[10]);
+    QCOMPARE(host.calls.right(3), QByteArray("crv"));
 }
 
 void TestMdiGraphChild::flagsLostResistance()
@@ -93,19 +94,21 @@ void TestMdiGraphChild::flagsLostResistance()
     FakeGraphHost host;
     MdiGraphChild child(&host);
     host.current = &child;
-    RecordList records = samples::lipoCharge(5);
-    for (int i : {2, 4})
+    // all that it takes, and each thing missing once
+    RecordList records = samples::lipoCharge(9);
+    for (int i : {1, 3, 5, 7})
         records[i].cells[0].resistance = 0.0;
+    records[7].flag5 = '_';
     ViewSwitches switches;
     for (int i = 0; i < records.size(); ++i) {
-        switches.cellValue = i == 4 ? CellValue::Charge : CellValue::Resistance;
+        switches.cellValue = i == 5 ? CellValue::Charge : CellValue::Resistance;
         host.state->setSwitches(switches);
         child.addRecord(records[i]);
     }
     QVector<bool> flags;
     for (const FakeGraphHost::Shown &shown : std::as_const(host.shown))
         flags.append(shown.useKeptRi);
-    QCOMPARE(flags, (QVector<bool>{false, false, true, false, false}));
+    QCOMPARE(flags, (QVector<bool>{false, false, false, true, false, false, false, false, false}));
 }
 
 void TestMdiGraphChild::showsRecordsWhileCurrent()
@@ -123,21 +126,6 @@ void TestMdiGraphChild::showsRecordsWhileCurrent()
     child.showNewest();
     QCOMPARE(host.shown.size(), 2);
     QCOMPARE(host.shown[1].record.voltage, child.store().records()[0].voltage);
-}
-
-void TestMdiGraphChild::showsItsDv()
-{
-    FakeGraphHost host;
-    MdiGraphChild child(&host);
-    host.current = &child;
-    Varnel3Data record = samples::lipoCharge(1)[0];
-    record.voltage = 20000;
-    for (int i = 0; i < 60; ++i, record.voltage += 7)
-        child.addRecord(record);
-    QCOMPARE(host.shown[17].record.voltageSlope, noVoltageSlope);
-    QVERIFY(host.shown[18].record.voltageSlope > 0);
-    QCOMPARE(host.shown[59].record.voltageSlope, qRound(child.store().series(SeriesStore::Dv)[59]));
-    QCOMPARE(child.store().records()[59].voltageSlope, 0); // stays as the device sent it
 }
 
 void TestMdiGraphChild::liveWhileAReaderFeeds()
@@ -169,9 +157,20 @@ void TestMdiGraphChild::closingDetaches()
     QCOMPARE(host.closed.size(), 1);
     QCOMPARE(link.detached, 1);
     child->addRecord(samples::lipoCharge(1)[0]); // on its way out
-    QCOMPARE(host.voltageUpdates, 0);
+    QVERIFY(host.calls.isEmpty());
     QTRY_VERIFY(child.isNull());
     QCOMPARE(link.detached, 1);
+    {
+        MdiGraphChild deleted(&host);
+        deleted.attachReader(&link);
+    }
+    QCOMPARE(link.detached, 2);
+    MdiGraphChild refused(&host);
+    refused.attachReader(&link);
+    host.mayCloseAny = false;
+    QVERIFY(!refused.close() && refused.isLive());
+    refused.addRecord(samples::lipoCharge(1)[0]);
+    QCOMPARE(host.calls, QByteArray("cv"));
 }
 
 void TestMdiGraphChild::loadsAFile()
@@ -187,8 +186,18 @@ void TestMdiGraphChild::loadsAFile()
     QVERIFY(!child.isLive());
     QCOMPARE(host.shown.size(), 1);
     QCOMPARE(host.shown[0].record.time, 29 * 5);
-    QVERIFY(host.capacities.isEmpty());
+    QCOMPARE(host.calls, QByteArray("r"));
     QVERIFY(host.messages.isEmpty());
+    child.setPortName(QStringLiteral("COM7"));
+    QCOMPARE(child.windowTitle(), QStringLiteral("/data/old.acp")); // it is saved
+    QCOMPARE(child.sourceName(), QStringLiteral("old.acp COM7"));
+    MdiGraphChild single(&host); // one record is no data
+    host.current = &single;
+    store.load(samples::lipoCharge(1));
+    single.load(std::move(store), QStringLiteral("/data/one.acp"));
+    single.setPortName(QStringLiteral("COM7"));
+    QCOMPARE(single.windowTitle(), QStringLiteral("No file name COM7*"));
+    QCOMPARE(host.shown.size(), 1);
 }
 
 void TestMdiGraphChild::resistanceLineIsShownAgain()
@@ -201,7 +210,7 @@ void TestMdiGraphChild::resistanceLineIsShownAgain()
     QVERIFY(host.shown.isEmpty());
     child.addRecord(samples::lipoCharge(1)[0]);
     child.applyResistanceLine(line);
-    QCOMPARE(host.shown.size(), 2);
+    QCOMPARE(host.calls, QByteArray("crvrv"));
     QCOMPARE(host.shown[1].record.cells[0].resistance, 3.4);
 }
 
@@ -232,40 +241,26 @@ void TestMdiGraphChild::showsHowItsProcessEnded()
     QCOMPARE(frame->windowIcon().cacheKey() != before, letter != '_');
 }
 
+/// At once, then a tenth of a second later for all that came meanwhile.
 void TestMdiGraphChild::repaintsSparingly()
 {
     FakeGraphHost host;
     MdiGraphChild child(&host);
     child.show();
     QVERIFY(QTest::qWaitForWindowExposed(&child));
-    QTest::qWait(150);
-    PaintCounter painted(&child);
-    QElapsedTimer timer;
-    timer.start();
-    const RecordList records = samples::lipoCharge(100);
-    for (int i = 0; i < records.size(); ++i) {
+    QSignalSpy refreshes(child.findChild<RefreshGate *>(), SIGNAL(refresh()));
+    const RecordList records = samples::lipoCharge(50);
+    for (int i = 0; i < records.size(); ++i)
         child.addRecord(records[i]);
-        QTest::qWait(5);
-    }
-    QTest::qWait(150);
-    QVERIFY2(painted.count <= timer.elapsed() / 100 + 1, qPrintable(QString::number(painted.count)));
-    QVERIFY(painted.count >= 3);
-    const int before = painted.count;
-    QTest::qWait(250); // and nothing goes on by itself
-    QCOMPARE(painted.count, before);
-}
-
-void TestMdiGraphChild::switchesRepaint()
-{
-    FakeGraphHost host;
-    MdiGraphChild child(&host);
-    child.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&child));
+    QCOMPARE(refreshes.size(), 1);
     PaintCounter painted(&child);
-    ViewSwitches switches = host.state->switches();
+    QTRY_COMPARE_WITH_TIMEOUT(refreshes.size(), 2, 30000);
+    QTRY_VERIFY_WITH_TIMEOUT(painted.count > 0, 30000);
+    const int before = painted.count;
+    ViewSwitches switches;
     switches.cellValue = CellValue::Resistance; // nobody else asks for it
     host.state->setSwitches(switches);
-    QTRY_COMPARE(painted.count, 1);
+    QTRY_VERIFY_WITH_TIMEOUT(painted.count > before, 30000);
 }
 
 void TestMdiGraphChild::coveredWindowsCostNothing()
@@ -281,15 +276,66 @@ void TestMdiGraphChild::coveredWindowsCostNothing()
     area.addSubWindow(above)->setGeometry(50, 50, 500, 400);
     above->show();
     QVERIFY(QTest::qWaitForWindowExposed(&area));
-    QTest::qWait(150);
+    auto *gate = below->findChild<RefreshGate *>();
+    QSignalSpy refreshes(gate, SIGNAL(refresh()));
+    below->addRecord(samples::lipoCharge(1)[0]);
+    QVERIFY(refreshes.isEmpty() && !gate->isPending());
     PaintCounter painted(below);
-    const RecordList records = samples::lipoCharge(20);
-    for (int i = 0; i < records.size(); ++i)
-        below->addRecord(records[i]);
-    QTest::qWait(250);
-    QCOMPARE(painted.count, 0);
     above->parentWidget()->move(400, 50); // comes to sight with all that it has
-    QTRY_VERIFY(painted.count > 0);
+    QTRY_VERIFY_WITH_TIMEOUT(painted.count > 0, 30000);
+    below->addRecord(samples::lipoCharge(1)[0]);
+    QCOMPARE(refreshes.size(), 1);
+}
+
+/// The window's own events reach what mouse and keyboard do, and that is painted.
+void TestMdiGraphChild::forwardsEvents()
+{
+    FakeGraphHost host;
+    MdiGraphChild child(&host);
+    child.resize(1000, 600);
+    child.show();
+    child.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&child));
+    SeriesStore store;
+    store.load(samples::lipoCharge(87, 10)); // a pixel is a second, from 40 on
+    child.load(std::move(store), QStringLiteral("x.acp"));
+    host.current = &child;
+    const auto zoom = [&] { return child.picture(child.size()).zoom; };
+    const auto shown = [&] { return host.shown.isEmpty() ? -1 : host.shown.last().record.time; };
+    const QPoint middle(470, 155);
+    QTest::mouseMove(&child, QPoint(20, 20));
+    QTest::mouseMove(&child, middle);
+    QTRY_COMPARE_WITH_TIMEOUT(shown(), 430, 30000);
+    QCOMPARE(host.shown.last().record.balancedMah, 40); // the newest one's, whatever the record
+    const QImage with = child.grab().toImage();
+    QTest::keyClick(&child, Qt::Key_Left);
+    QCOMPARE(shown(), 420);
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(&child, &leave);
+    QCOMPARE(shown(), 860);
+    QVERIFY(!host.shown.last().useKeptRi);
+    QVERIFY(child.grab().toImage() != with); // the cursor line has gone
+    QTest::mousePress(&child, Qt::LeftButton, Qt::NoModifier, middle);
+    QMouseEvent move(QEvent::MouseMove, QPoint(600, 250), QPoint(), Qt::NoButton, Qt::LeftButton, {});
+    const QImage pressed = child.grab().toImage();
+    QApplication::sendEvent(&child, &move);
+    QVERIFY(child.grab().toImage() != pressed); // a rectangle
+    QTest::mouseRelease(&child, Qt::LeftButton, Qt::NoModifier, QPoint(600, 250));
+    QCOMPARE(zoom().times().high, 560.0);
+    child.resize(449, 600);
+    QCOMPARE(zoom().times().high, 600.0); // divided anew
+    child.setScale(1.4);
+    QCOMPARE(child.picture(child.size()).scale, 1.4);
+    QTest::mouseDClick(&child, Qt::LeftButton, Qt::NoModifier, QPoint(200, 155));
+    QVERIFY(!zoom().isActive());
+    QWheelEvent wheel(QPoint(200, 155), QPoint(), QPoint(), QPoint(0, 120), {}, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&child, &wheel);
+    QVERIFY(zoom().isActive() && wheel.isAccepted());
+    QSignalSpy changes(&child, SIGNAL(selectedCellsChanged()));
+    child.setSelectedCells({true});
+    child.setSelectedCells({true});
+    QCOMPARE(changes.size(), 1);
+    QVERIFY(child.selectedCells()[0]);
 }
 
 void TestMdiGraphChild::notesSilence()

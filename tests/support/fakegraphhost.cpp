@@ -2,6 +2,7 @@
 
 void FakeGraphHost::showRecord(const Varnel3Data &record, int windowNumber, bool useKeptRi)
 {
+    calls += 'r';
     shown.append({record, windowNumber, useKeptRi});
 }
 
@@ -17,6 +18,7 @@ void FakeGraphHost::graphClosing(MdiGraphChild *child)
 
 void FakeGraphHost::updateCapacity(int energyNow, char mode, int energyAtMark, int number)
 {
+    calls += 'c';
     capacities.append(
         QStringLiteral("%1 %2 %3 %4").arg(energyNow).arg(QLatin1Char(mode)).arg(energyAtMark).arg(number));
 }

@@ -32,11 +32,11 @@ public:
     QVector<Shown> shown;
     QStringList messages;
     QStringList capacities; ///< the arguments of updateCapacity()
-    int voltageUpdates = 0;
+    QByteArray calls; ///< of updateCapacity(), showRecord() and updateVoltage(), by their letters c, r, v
     bool mayCloseAny = true;
     QVector<MdiGraphChild *> closed;
 
 public slots:
     void updateCapacity(int energyNow, char mode, int energyAtMark, int number);
-    void updateVoltage() { ++voltageUpdates; }
+    void updateVoltage() { calls += 'v'; }
 };
