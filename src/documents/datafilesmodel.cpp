@@ -40,6 +40,14 @@ void DataFilesModel::showHidden(bool on)
     list();
 }
 
+void DataFilesModel::setEndings(const QStringList &endings)
+{
+    if (m_question.endings == endings)
+        return;
+    m_question.endings = endings;
+    list();
+}
+
 void DataFilesModel::setSourceModel(QAbstractItemModel *model)
 {
     QAbstractProxyModel::setSourceModel(model);

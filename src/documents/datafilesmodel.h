@@ -25,6 +25,8 @@ public:
     explicit DataFilesModel(const QStringList &endings, QObject *parent = nullptr);
     ~DataFilesModel() override;
 
+    /// Lists files of these from now on.
+    void setEndings(const QStringList &endings);
     /// What is listed.
     const FolderQuestion &question() const { return m_question; }
     /// What is shown now.

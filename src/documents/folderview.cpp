@@ -12,8 +12,11 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
+#include <QScreen>
 #include <QTreeView>
 #include <QUrl>
+
+#include <iterator>
 
 namespace {
 
@@ -65,7 +68,26 @@ FolderView::FolderView(QFileDialog *dialog, DataFilesModel *model)
     connect(bookmarks, SIGNAL(goToUrl(QUrl)), this, SLOT(goToUrl(QUrl)));
     disconnect(edit, SIGNAL(textChanged(QString)), dialog, SLOT(_q_autoCompleteFileName(QString)));
     connect(edit, SIGNAL(textChanged(QString)), this, SLOT(selectTyped(QString)));
+    fitColumns();
     keepFileModelQuiet(dialog);
+}
+
+// From the font alone: sizes to contents would read every file. What the user has made wider stays so.
+void FolderView::fitColumns() const
+{
+    constexpr const char *widest[] = {
+        "2026-11-21_06-40-50_COM12.acp [Cha 16xLiPo]", "1,023.99 MiB", "acp File", "22 Nov 2026 01:09:12 PM"};
+    constexpr int margin = 30; // of a cell, with the icon of the first
+    constexpr int places = 160; // what stands beside the columns
+    const auto *tree = static_cast<QTreeView *>(view("treeView"));
+    int sum = places;
+    for (int column = 0; column < int(std::size(widest)); ++column) {
+        const int needed = tree->fontMetrics().horizontalAdvance(QLatin1String(widest[column])) + margin;
+        tree->header()->resizeSection(column, qMax(needed, tree->header()->sectionSize(column)));
+        sum += tree->header()->sectionSize(column);
+    }
+    const int screen = m_dialog->screen()->availableSize().width();
+    m_dialog->resize(qMax(m_dialog->width(), qMin(sum, screen)), m_dialog->height());
 }
 
 // The dialog asks its list for the selection each time, but hears of changes by the first one only.

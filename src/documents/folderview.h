@@ -33,6 +33,7 @@ private slots:
 private:
     QAbstractItemView *view(const char *name) const;
     void boundSelection();
+    void fitColumns() const;
     void fitList(QListView *list) const;
 
     QFileDialog *m_dialog;

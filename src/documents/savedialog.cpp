@@ -1,5 +1,8 @@
 #include "documents/savedialog.h"
 
+#include "documents/datafilesmodel.h"
+#include "documents/folderview.h"
+
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QRegularExpression>
@@ -21,6 +24,8 @@ SaveDialog::SaveDialog(QWidget *parent, const QString &title, const QStringList 
     setAcceptMode(AcceptSave);
     setFileMode(AnyFile);
     setNameFilters(filters);
+    m_files = new DataFilesModel({m_ending}, this);
+    new FolderView(this, m_files);
     connect(this, SIGNAL(filterSelected(QString)), this, SLOT(changeEnding(QString)));
 }
 
@@ -57,6 +62,7 @@ void SaveDialog::changeEnding(const QString &filter)
     const bool had = name.endsWith(m_ending, Qt::CaseInsensitive);
     const QString stem = had ? name.chopped(m_ending.size()) : name;
     m_ending = endingOf(filter);
+    m_files->setEndings({m_ending});
     if (had)
         nameEdit()->setText(stem + m_ending);
 }

@@ -2,6 +2,7 @@
 
 #include <QFileDialog>
 
+class DataFilesModel;
 class QLineEdit;
 
 /// Asks for the name of a file to be written. Its ending says the format: a name that has none gets that of
@@ -28,6 +29,7 @@ private:
     QLineEdit *nameEdit() const;
     bool hasEnding(const QString &name) const;
 
+    DataFilesModel *m_files; // child
     QStringList m_refused;
     QString m_reason; // why those are
     QString m_ending; // of the chosen format, with its dot
