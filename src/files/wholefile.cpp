@@ -115,7 +115,9 @@ void WholeFile::writePieces(int maxMilliseconds)
 // The helper thread gets a descriptor of its own: it may be waiting for the disk when this is given up.
 void WholeFile::bringToDisk()
 {
-    const int own = m_device->flush() ? duplicateDescriptor(m_device->handle()) : -1;
+    if (!m_device->flush())
+        return fail(m_device->errorString());
+    const int own = duplicateDescriptor(m_device->handle());
     if (own < 0)
         return fail(qt_error_string());
     m_synced = m_syncer.finishNow(own);

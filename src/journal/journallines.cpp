@@ -61,7 +61,11 @@ const QByteArray &JournalLines::ofRecord(const QByteArray &line, const Varnel3Da
 // Readers give it to the newest record that they could read; where that is another one they skip it.
 const QByteArray &JournalLines::ofResistances(const QByteArray &line)
 {
-    m_line = (m_newestReads ? "" : "~") + line.trimmed();
+    const QLatin1String text = trimmedLine(QLatin1String(line.constData(), line.size()));
+    m_line.resize(0);
+    if (!m_newestReads)
+        m_line.append('~');
+    m_line.append(text.data(), text.size());
     return m_line;
 }
 

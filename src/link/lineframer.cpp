@@ -105,9 +105,14 @@ void LineFramer::takeLine(QByteArray *line)
 {
     held -= m_line.size();
     line->swap(m_line);
-    if (m_line.capacity() != usualLineSize) {
-        m_line = QByteArray();
-        m_line.reserve(usualLineSize);
+    if (m_line.capacity() == usualLineSize) {
+        m_line.resize(0);
+        return;
     }
-    m_line.resize(0);
+    m_line = QByteArray();
+    try {
+        m_line.reserve(usualLineSize);
+    } catch (const std::bad_alloc &) {
+        // append() tries again
+    }
 }

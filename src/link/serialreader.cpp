@@ -161,9 +161,8 @@ void SerialReader::onReadyRead()
         if (!bytes.isEmpty())
             m_failures = 0;
         m_framer.feed(bytes);
-        QByteArray line;
-        while (m_framer.next(&line)) // a stop from inside clears the framer
-            handleLine(line);
+        while (m_framer.next(&m_line)) // a stop from inside clears the framer
+            handleLine(m_line);
     } while (m_port.bytesAvailable() > 0 || (++reads < mostReads && readMore()));
     m_handling = false;
 }

@@ -77,6 +77,7 @@ private:
     ReaderHost *m_host; // not owned, outlives this
     LineDispatcher m_dispatcher;
     LineFramer m_framer;
+    QByteArray m_line; // the one in hand; goes back and forth with the framer, so that both keep their memory
     QTimer *m_tick; // child
     QObject *m_endShots; // child, parent of the shots that end letters have armed
     bool m_handling
