@@ -1,6 +1,6 @@
 #include "files/datafileloader.h"
 #include "files/recordlines.h"
-#include "files/filesync.h"
+#include "files/disk/filesync.h"
 #include "files/wholefile.h"
 #include "series/seriesstore.h"
 #include "machinememory.h"

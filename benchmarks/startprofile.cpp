@@ -1,7 +1,7 @@
 #include "startprofile.h"
 
 #include "app/mainwindow.h"
-#include "app/singleinstance.h"
+#include "app/process/singleinstance.h"
 #include "app/stylesheet.h"
 #include "resources/resources.h"
 #include "settings/varnelsettings.h"

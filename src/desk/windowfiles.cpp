@@ -1,6 +1,6 @@
 #include "desk/windowfiles.h"
 
-#include "files/lockedfile.h"
+#include "files/disk/lockedfile.h"
 #include "journal/journalkeeper.h"
 #include "graph/mdigraphchild.h"
 #include "link/recordinglog.h"

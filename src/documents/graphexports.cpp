@@ -1,6 +1,6 @@
 #include "documents/graphexports.h"
 
-#include "documents/savedialog.h"
+#include "documents/choosing/savedialog.h"
 #include "documents/filewriter.h"
 #include "documents/graphfile.h"
 #include "desk/windowfiles.h"

@@ -1,6 +1,6 @@
 #include "files/backgroundfile.h"
 
-#include "files/lockedfile.h"
+#include "files/disk/lockedfile.h"
 #include "files/linesource.h"
 
 #include <QDateTime>

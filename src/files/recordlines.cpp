@@ -1,6 +1,6 @@
 #include "files/recordlines.h"
 
-#include "files/filesync.h"
+#include "files/disk/filesync.h"
 
 #include "protocol/recordline.h"
 #include "data/recordlist.h"

@@ -1,8 +1,8 @@
 #include "files/wholefile.h"
 
-#include "files/disksyncer.h"
+#include "files/disk/disksyncer.h"
 #include "files/filepieces.h"
-#include "files/filesync.h"
+#include "files/disk/filesync.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

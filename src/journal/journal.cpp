@@ -1,8 +1,8 @@
 #include "journal/journal.h"
 
-#include "files/disksyncer.h"
-#include "files/filesync.h"
-#include "files/lockedfile.h"
+#include "files/disk/disksyncer.h"
+#include "files/disk/filesync.h"
+#include "files/disk/lockedfile.h"
 #include "journal/journalfolder.h"
 
 #include <QCoreApplication>

@@ -1,6 +1,6 @@
 #include "journal/journalfolder.h"
 
-#include "files/lockedfile.h"
+#include "files/disk/lockedfile.h"
 #include "files/linesource.h"
 #include "files/linetrimming.h"
 

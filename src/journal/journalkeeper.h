@@ -1,6 +1,6 @@
 #pragma once
 
-#include "files/disksyncer.h"
+#include "files/disk/disksyncer.h"
 #include "journal/journal.h"
 #include "journal/journalfolder.h"
 

@@ -1,4 +1,4 @@
-#include "app/singleinstance.h"
+#include "app/process/singleinstance.h"
 #include "journal/journalfolder.h"
 #include "settings/settingskeeper.h"
 #include "settings/varnelsettings.h"

@@ -1,4 +1,4 @@
-#include "journal/recordinglength.h"
+#include "files/recordinglength.h"
 #include "files/recordlabel.h"
 #include "files/varelstyleditemdelegate.h"
 #include "support/columns.h"

@@ -1,4 +1,4 @@
-#include "files/disksyncer.h"
+#include "files/disk/disksyncer.h"
 #include "files/recordlines.h"
 #include "files/wholefile.h"
 

@@ -1,5 +1,5 @@
-#include "files/disksyncer.h"
-#include "files/lockedfile.h"
+#include "files/disk/disksyncer.h"
+#include "files/disk/lockedfile.h"
 #include "journal/journalkeeper.h"
 #include "journal/journallines.h"
 

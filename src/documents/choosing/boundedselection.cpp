@@ -1,4 +1,4 @@
-#include "documents/boundedselection.h"
+#include "documents/choosing/boundedselection.h"
 
 #include <QCursor>
 #include <QToolTip>

@@ -1,6 +1,6 @@
-#include "documents/folderlisting.h"
+#include "documents/choosing/folderlisting.h"
 
-#include "journal/recordinglength.h"
+#include "files/recordinglength.h"
 #include "files/filekind.h"
 #include "files/recordlabel.h"
 

@@ -1,4 +1,4 @@
-#include "documents/quietfilemodel.h"
+#include "documents/choosing/quietfilemodel.h"
 
 #include <QCoreApplication>
 #include <QEvent>

@@ -1,6 +1,6 @@
-#include "documents/datafilesmodel.h"
+#include "documents/choosing/datafilesmodel.h"
 
-#include "files/diskjobs.h"
+#include "files/disk/diskjobs.h"
 #include "files/varelstyleditemdelegate.h"
 
 #include <QFileIconProvider>

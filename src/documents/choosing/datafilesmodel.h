@@ -1,6 +1,6 @@
 #pragma once
 
-#include "documents/folderlisting.h"
+#include "documents/choosing/folderlisting.h"
 
 #include <QAbstractProxyModel>
 #include <QFileSystemWatcher>

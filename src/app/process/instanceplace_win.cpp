@@ -1,4 +1,4 @@
-#include "app/instanceplace.h"
+#include "app/process/instanceplace.h"
 
 #include <QDir>
 #include <QLockFile>

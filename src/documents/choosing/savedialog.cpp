@@ -1,7 +1,7 @@
-#include "documents/savedialog.h"
+#include "documents/choosing/savedialog.h"
 
-#include "documents/datafilesmodel.h"
-#include "documents/folderview.h"
+#include "documents/choosing/datafilesmodel.h"
+#include "documents/choosing/folderview.h"
 
 #include <QLineEdit>
 #include <QMessageBox>

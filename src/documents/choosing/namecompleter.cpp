@@ -1,6 +1,6 @@
-#include "documents/namecompleter.h"
+#include "documents/choosing/namecompleter.h"
 
-#include "documents/datafilesmodel.h"
+#include "documents/choosing/datafilesmodel.h"
 
 #include <QDir>
 #include <QLineEdit>

@@ -1,4 +1,4 @@
-#include "files/diskjobs.h"
+#include "files/disk/diskjobs.h"
 
 #include <QDebug>
 #include <QFileInfo>

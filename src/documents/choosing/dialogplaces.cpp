@@ -1,6 +1,6 @@
-#include "documents/dialogplaces.h"
+#include "documents/choosing/dialogplaces.h"
 
-#include "files/diskjobs.h"
+#include "files/disk/diskjobs.h"
 
 #include <QDir>
 #include <QSettings>

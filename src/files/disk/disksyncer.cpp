@@ -1,7 +1,7 @@
-#include "files/disksyncer.h"
+#include "files/disk/disksyncer.h"
 
-#include "files/filesync.h"
-#include "files/lockedfile.h"
+#include "files/disk/filesync.h"
+#include "files/disk/lockedfile.h"
 
 #include <algorithm>
 #include <condition_variable>

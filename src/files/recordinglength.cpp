@@ -1,4 +1,4 @@
-#include "journal/recordinglength.h"
+#include "files/recordinglength.h"
 
 #include "data/varnel3data.h"
 #include "files/linetrimming.h"

@@ -1,4 +1,4 @@
-#include "app/singleinstance.h"
+#include "app/process/singleinstance.h"
 
 #include "support/asnobody.h"
 #include "support/columns.h"

@@ -1,6 +1,6 @@
-#include "app/singleinstance.h"
+#include "app/process/singleinstance.h"
 
-#include "app/instanceplace.h"
+#include "app/process/instanceplace.h"
 
 #include <QCryptographicHash>
 #include <QElapsedTimer>

@@ -1,9 +1,9 @@
-#include "documents/folderview.h"
+#include "documents/choosing/folderview.h"
 
-#include "documents/boundedselection.h"
-#include "documents/datafilesmodel.h"
-#include "documents/namecompleter.h"
-#include "documents/quietfilemodel.h"
+#include "documents/choosing/boundedselection.h"
+#include "documents/choosing/datafilesmodel.h"
+#include "documents/choosing/namecompleter.h"
+#include "documents/choosing/quietfilemodel.h"
 
 #include <QAction>
 #include <QComboBox>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "files/diskjobs.h"
+#include "files/disk/diskjobs.h"
 
 #include <QCompleter>
 #include <QStringListModel>

@@ -1,4 +1,4 @@
-#include "app/logoutput.h"
+#include "app/process/logoutput.h"
 
 #include <QString>
 #include <QtGlobal>

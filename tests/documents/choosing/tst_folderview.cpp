@@ -1,4 +1,4 @@
-#include "documents/boundedselection.h"
+#include "documents/choosing/boundedselection.h"
 #include "support/files.h"
 #include "support/modaldialog.h"
 #include "support/shellrig.h"

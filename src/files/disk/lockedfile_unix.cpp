@@ -1,4 +1,4 @@
-#include "files/lockedfile.h"
+#include "files/disk/lockedfile.h"
 
 #include <QFile>
 

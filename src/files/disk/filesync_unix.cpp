@@ -1,4 +1,4 @@
-#include "files/filesync.h"
+#include "files/disk/filesync.h"
 
 #include <QFile>
 #include <QString>

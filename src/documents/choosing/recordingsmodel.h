@@ -1,6 +1,6 @@
 #pragma once
 
-#include "documents/datafilesmodel.h"
+#include "documents/choosing/datafilesmodel.h"
 
 /// The files of a file dialog, with the length of each recording where the dialog shows their kind.
 class RecordingsModel : public DataFilesModel {

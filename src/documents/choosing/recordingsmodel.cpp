@@ -1,4 +1,4 @@
-#include "documents/recordingsmodel.h"
+#include "documents/choosing/recordingsmodel.h"
 
 RecordingsModel::RecordingsModel(QObject *parent)
     : DataFilesModel({QStringLiteral(".acp")}, parent)
