@@ -43,7 +43,7 @@ enum class ActionId {
     Energy,
     StopProcess,
     HoldView,
-    OpenRecordings, // the tools: OpenRecordings to RemoteControl
+    OpenRecordings,
     ReopenClosed,
     ExportCsv,
     SavePicture,

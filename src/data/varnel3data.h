@@ -32,7 +32,7 @@ public:
     char flag1 = '_'; ///< passed through
     char flag2 = '_'; ///< '1': the line's energy counts in units of 10 mAh
     char flag3 = '_'; ///< 'S', 'M' or 'E': the process has ended
-    char flag4 = '_'; ///< 'E': set by the store after the end of a process
+    char flag4 = '_'; ///< 'E': derived from the end mark of the recording, for who reads or writes it
     char flag5 = '_'; ///< 'B': the record carries balancing data of its cells
     int ballansingCurrent = 0; ///< balancing current, mA: 0, 250, 500, 750 or 1000
     int time = 0; ///< elapsed process time, s

@@ -12,10 +12,6 @@
 #include <QMessageBox>
 #include <QTimer>
 
-namespace {
-
-} // namespace
-
 EndNotice::EndNotice(QWidget *window, const ListenedPorts *ports, SoundPlayer *player,
     const QString &soundFolder, int userSoundDelay)
     : QObject(window)

@@ -4,8 +4,9 @@ class QSize;
 class QString;
 struct ViewSwitches;
 
-// A data file as one for other programs, read and written at once: for who has no window that is to stay alive.
-// `output` "-" is standard output. Empty when it was written, else what kept it from that, with the file's name.
+// A data file as one for other programs, read and written at once: for who has no window that is to stay
+// alive. `output` "-" is standard output. Empty when it was written, else what kept it from that, with the
+// file's name.
 
 QString convertToCsv(const QString &fileName, const QString &output);
 /// The graph, of `size` pixels and as `switches` say, in the format that `output` ends in.

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-/// What the title of a graph window says: which port the records come from, in which data file they stand, and
-/// whether all of them do.
+/// What the title of a graph window says: which port the records come from, in which data file they stand,
+/// and whether all of them do.
 class GraphTitle {
 public:
     GraphTitle();

@@ -24,7 +24,8 @@ public:
     const RecordList &records() const { return m_records; }
     /// Record `index` as it is shown: with the end mark and the dV that those after it and before it make.
     Varnel3Data record(int index) const;
-    /// Records from this one on, and for those only, a file gets the end letter that their device did not send.
+    /// Records from this one on, and for those only, a file gets the end letter that their device did not
+    /// send.
     int markedFrom() const { return m_end.markedFrom(); }
     /// Device code of the first record.
     int device() const { return m_device; }

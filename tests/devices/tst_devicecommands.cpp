@@ -103,8 +103,8 @@ void TestDeviceCommands::stopGoesToOneDevice()
     QCOMPARE(message(), told);
 }
 
-// Each device needs its time before it takes the next command, in which the program goes on. COM2 is unplugged
-// in its own pause, COM3 before its turn.
+// Each device needs its time before it takes the next command, in which the program goes on. COM2 is
+// unplugged in its own pause, COM3 before its turn.
 void TestDeviceCommands::clocksAreSetInTurn()
 {
     listen(4);

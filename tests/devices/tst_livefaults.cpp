@@ -17,8 +17,8 @@ int openFiles()
 
 } // namespace
 
-/// Simulated devices that break off, under the whole program: nothing that was received is lost, and the other
-/// devices go on.
+/// Simulated devices that break off, under the whole program: nothing that was received is lost, and the
+/// other devices go on.
 class TestLiveFaults : public QObject, private SimRig {
     Q_OBJECT
 

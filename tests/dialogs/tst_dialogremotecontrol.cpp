@@ -293,7 +293,8 @@ void TestDialogRemoteControl::closedDialogAsksNothing_data()
         QTest::newRow(slot) << QByteArray(slot);
 }
 
-// It is kept by the test: the question that the click has set going and what the device says late end with it.
+// It is kept by the test: the question that the click has set going and what the device says late end with
+// it.
 void TestDialogRemoteControl::closedDialogAsksNothing()
 {
     QFETCH(QByteArray, slot);

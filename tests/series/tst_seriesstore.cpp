@@ -87,7 +87,8 @@ private:
     int m_count = 0;
 };
 
-/// All that a store says of its records, by the rules as they are worded: walking them again for every new one.
+/// All that a store says of its records, by the rules as they are worded: walking them again for every new
+/// one.
 class LiteralSeries {
 public:
     /// The next record came live, or from a file, of which `records` are all so far.

@@ -11,8 +11,8 @@
 
 /// A graph to be shown, made from a few words. The first one is the number of records of a pack of three
 /// cells that is being charged, one a minute; the voltage rises by 10 mV each and the charge by 100 mAh, the
-/// rest stands still. FIELD=VALUE changes all of them, FIELD@INDEX=VALUE one, FIELD@FIRST-LAST=VALUE some. The
-/// other words stand for what is asked; without them it is the default on 500x300 pixels.
+/// rest stands still. FIELD=VALUE changes all of them, FIELD@INDEX=VALUE one, FIELD@FIRST-LAST=VALUE some.
+/// The other words stand for what is asked; without them it is the default on 500x300 pixels.
 class GraphCase {
 public:
     explicit GraphCase(const QString &words)
