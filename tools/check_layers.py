@@ -34,7 +34,7 @@ RULES = {
     "machine": {"settings"},
     "devices": {"data", "settings", "ports", "link", "dialogs", "desk", "machine"},
     "documents/choosing": {"files", "files/disk"},
-    "documents": {"data", "settings", "files", "files/disk", "journal", "series", "widgets", "printing",
+    "documents": {"data", "settings", "files", "journal", "series", "widgets", "printing",
                   "graph/scene", "graph/plot", "graph", "desk", "documents/choosing"},
     "app/process": set(),
     "resources": set(),

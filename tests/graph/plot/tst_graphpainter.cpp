@@ -51,10 +51,12 @@ font 11; mid 0 0 300 21 Charge  3xLiPo  11,59 V   2,50 A  25,3 °C  1,900 Ah  00
 row 153 20 100 180|00:00:00|00:09:30|00:19:00
 pen #5a5a5a; y 135 : 40 200; x 40 80 120 160 200 : 135 138; x 38 202 : 22 69; x 38 202 : 84 131
 pen #d7d7d7 dot; x 40 80 120 160 200 : 22 131; y 22 46 69 84 108 131 : 40 200
-pen #00ff00; curve 40 60 200 31 20 2; pen #ffd700; curve 40 69 200 26 20 2; pen #007af5; curve 40 88 200 88 20 2
+pen #00ff00; curve 40 60 200 31 20 2; pen #ffd700; curve 40 69 200 26 20 2; pen #007af5
+curve 40 88 200 88 20 2
 pen #ff0000; curve 40 116 200 116 20 2; pen #c71585; curve 183 124 200 124 3 2
 fill 243 27 8 3 #00ff00; fill 243 50 8 3 #ffd700; fill 243 90 8 3 #007af5; fill 243 105 8 3 #ff0000
-fill 243 120 8 3 #c71585; pen #008500; font 10; left 253 22 45 11 Voltage; column 10 73 50 26|11,35|11,50|11,65
+fill 243 120 8 3 #c71585; pen #008500; font 10; left 253 22 45 11 Voltage
+column 10 73 50 26|11,35|11,50|11,65
 pen #857000; left 253 45 45 11 Energy; pen #000000; right 242 33 56 11 11,59 V; right 242 56 56 11 1.900 mAh
 font 11; right 253 84 45 13 2,50 A; right 253 99 45 13 25,3 °C; right 253 114 45 13 40 mΩ
 pen #008500; column 10 37|V; pen #857000; column 207 73 50 26 37|    0|1.045|2.090|mAh
@@ -82,7 +84,8 @@ pen #00ff00; font 10; column 10 65 26|11,52|11,57)");
     add("20 zoomUpper=300,1140,0,1 size=460,300", "px 00:", R"(
 pen #ffffff; font 11; row 293 89 180 271|00:08:00|00:12:00|00:16:00)");
     add("20 zoomLower=300,900,0.5,0.501", "text (10|407),(275|158)", R"(
-pen #00ffff; font 11; column 407 275 158|1,3750|1,3778; pen #ff0000; font 8; column 10 275 158|26,000|26,004)");
+pen #00ffff; font 11; column 407 275 158|1,3750|1,3778; pen #ff0000; font 8
+column 10 275 158|26,000|26,004)");
     add("20 voltage=-123456", "text [0-9.]*,(143|26) #00", R"(
 pen #00ff00; font 8; column 9 143 26|-123,61|-123,31)");
     add("20 voltage=12345600", "text [0-9.]*,(143|26) #00", R"(
@@ -96,12 +99,14 @@ fill 443 63 7 3 #ff0022; fill 443 80 7 3 #00bb00; fill 443 97 7 3 #0066ff; fill 
 right 442 56 56 17 3,790; right 442 90 56 17 3,810; right 442 167 56 13 2,50 A; right 442 197 56 13 25,3 °C
 pen #ff0022; right 451 56 14 17 1; pen #0a6cff; right 451 90 14 17 3
 pen #00ffff; left 442 22 58 17    Cels:; left 442 39 58 17 Voltage: V
-fill 443 160 8 3 #00ffff; left 453 154 45 13 Current; fill 443 190 8 3 #ff0000; pen #ff0000; left 453 184 45 13 Temp.
+fill 443 160 8 3 #00ffff; left 453 154 45 13 Current; fill 443 190 8 3 #ff0000; pen #ff0000
+left 453 184 45 13 Temp.
 font 11 bold; pen #00c500; right 451 73 14 17 2; pen #ffffff; right 442 73 56 17 3,800)");
     add("3 B cells=16 size=360,240", "text (29|30|32|33).*,(31.5|44|56|68.5) |rect (29|32).*,7[02]", R"(
 font 8; pen #ff0022; left 294 47 31 12 1; pen #00bb00; left 294 59 31 13 2; fill 294 70 4 2 #00bb00
 pen #66aaff; left 325 47 35 12 9; pen #d83c63; left 325 59 35 13 10; fill 325 70 9 2 #aa2244
-pen #ffffff; right 294 47 28 12 3,790; right 294 59 28 13 3,800; right 325 47 32 12 3,870; right 325 59 32 13 3,880
+pen #ffffff; right 294 47 28 12 3,790; right 294 59 28 13 3,800; right 325 47 32 12 3,870
+right 325 59 32 13 3,880
 pen #00ffff; font 10; left 294 22 66 12    Cels:; left 294 34 66 13 Voltage: V)");
     add("3 B cells=16 size=460,300", "text 4.*(#ff0022|3,790|Cels)", R"(
 font 9; pen #ff0022; right 411 42 14 10 1; pen #ffffff; right 402 42 56 10 3,790
@@ -120,7 +125,8 @@ fill 0 0 500 300 #000000; fill 1 278 10 21 #ffff00; pen #000000; font 13; mid 1 
 pen #bfbfbf; font 53; mid 0 0 500 300 NO DATA)");
     add("3 B celldata=0", "#505050|NO|This", R"(
 pen #505050 dot; x 40 220 400 : 22 271; y 22 61 100 139 154 193 232 271 : 40 400
-pen #ffff00; font 27; mid 40 22 361 118 NO DATA; font 12; mid 40 95 361 14 This recording has no cell data.)");
+pen #ffff00; font 27; mid 40 22 361 118 NO DATA; font 12
+mid 40 95 361 14 This recording has no cell data.)");
     add("3 B celldata=0 white size=250,300", "NO|This", R"(
 pen #857000; font 25; mid 40 22 111 118 NO DATA; font 8; mid 40 94 111 10 This recording has no cell data.)");
     add("20 cursor=5", "line 135|rect 143,27|,(42|55|68|81|94|107) ", R"(

@@ -115,7 +115,8 @@ void TestGraphLayout::areAsExpected_data()
         "40,22-900,289 40,304-900,571 | 942,22-999,575 942,22-999,289 942,304-999,571 | "
         "571 533 495 457 418 380 342 304");
     add(places({641, 401}),
-        "40,22-541,189 40,204-541,371 | 583,22-640,376 583,22-640,189 583,204-640,371 | 371 338 304 271 237 204");
+        "40,22-541,189 40,204-541,371 | 583,22-640,376 583,22-640,189 583,204-640,371 | "
+        "371 338 304 271 237 204");
     add(places({300, 146}), // divisions of 40 px
         "40,22-200,62 40,77-200,117 | 242,22-299,121 242,22-299,62 242,77-299,117 | 117 97 77");
     add(places({141, 68}), "40,22-41,23 40,38-41,39 | 83,22-140,43 83,22-140,23 83,38-140,39 | 39 38");
@@ -264,7 +265,8 @@ void TestGraphLayout::areAsExpected_data()
     for (double step = 1; step < 400000; step = timeDivisions(0, 3 * step + 0.5, 3).value(1, 1e9))
         steps.append(timeDivisions(0, 3 * step, 3).constLast() / 3);
     add(text(steps),
-        "1 2 5 10 15 20 30 60 120 300 600 900 1200 1800 3600 7200 10800 14400 21600 43200 86400 172800 345600");
+        "1 2 5 10 15 20 30 60 120 300 600 900 1200 1800 3600 7200 10800 14400 21600 43200 86400 172800 "
+        "345600");
 
     group = 7; // labels that don't touch
     add(labelled(5, 47, 0), "0 1 2 3 4");
@@ -277,8 +279,7 @@ void TestGraphLayout::areAsExpected_data()
     add(labelled(1, 0, 0), "0");
     add(labelled(0, 0, 0), "");
 
-    group
-        = 8; // pairs of neighbours, of which the first has a contrast of 4.5 to its background, the second not
+    group = 8; // neighbours, of which the first has a contrast of 4.5 to its background, the second not
     add(readable("#767676", "#ffffff"), "#767676");
     add(readable("#777777", "#ffffff"), "#727272");
     add(readable("#ee0000", "#ffffff"), "#ee0000");
