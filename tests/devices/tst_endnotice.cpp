@@ -216,7 +216,7 @@ void TestEndNotice::windowMayGoUnderTheBox()
     listen(0);
     notice->show(Varnel3Data::Completed);
     window.reset();
-    QVERIFY(!notice && !openBox());
+    QVERIFY(notice.isNull() && !openBox());
     QWidget fresh; // which it brings to sight
     auto *early = new EndNotice(&fresh, nullptr, player.get(), QString());
     early->show(Varnel3Data::Completed);

@@ -184,7 +184,7 @@ void TestSleepInhibitor::blockLastsWhileAProcessIsRecorded()
     bool recording = true;
     SleepInhibitor inhibitor([&recording] { return recording; });
     QTimer *look = inhibitor.findChild<QTimer *>();
-    QVERIFY(look && look->isActive() && look->interval() == 5000);
+    QVERIFY(look->isActive() && look->interval() == 5000);
     look->start(1);
     QTRY_VERIFY(inhibitor.isHeld());
     VarnelSettings().setValue(QStringLiteral("power/keepAwake"), false);
