@@ -77,20 +77,3 @@ RecordList samples::nimhDischarge(int count, int period)
     }
     return records;
 }
-
-RecordList samples::tandorRun(int count)
-{
-    RecordList records;
-    for (int n = 0; n < count; ++n) {
-        const double left = std::exp(-3.0 * n / qMax(1, count));
-        Varnel3Data record = recordOf(Varnel3Data::Tandor, Varnel3Data::Balancing, 5, 12, 0);
-        record.ballansingCurrent = 750;
-        for (int i = 0; i < 12; ++i) {
-            record.cells[i].voltage = 3900 + int((i * 37 % 100) * left);
-            record.cells[i].balance = i * 37 % 100 / 10 * 10;
-        }
-        completeCells(&record);
-        records.append(record);
-    }
-    return records;
-}

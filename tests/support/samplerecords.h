@@ -9,9 +9,5 @@ namespace samples {
 RecordList lipoCharge(int count, int period = 5);
 /// A "Varnel 2+" discharging fourteen NiMh cells, without cell data.
 RecordList nimhDischarge(int count, int period = 5);
-/// A "Tandor" balancing twelve LiPo cells.
-RecordList tandorRun(int count);
 
 } // namespace samples
-
-namespace recordings = samples; // until all tests say so
