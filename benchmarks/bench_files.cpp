@@ -1,5 +1,5 @@
 #include "files/datafileloader.h"
-#include "files/recordlines.h"
+#include "files/datafilepieces.h"
 #include "files/disk/filesync.h"
 #include "files/wholefile.h"
 #include "series/seriesstore.h"

@@ -1,5 +1,5 @@
 #include "files/datafileloader.h"
-#include "files/recordlines.h"
+#include "files/datafilepieces.h"
 #include "files/wholefile.h"
 #include "graph/mdigraphchild.h"
 #include "machinememory.h"

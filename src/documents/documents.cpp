@@ -11,7 +11,7 @@
 #include "documents/choosing/recordingsmodel.h"
 #include "documents/choosing/savedialog.h"
 #include "widgets/warningbox.h"
-#include "files/recordlines.h"
+#include "files/datafilepieces.h"
 #include "journal/journalfolder.h"
 #include "files/varelstyleditemdelegate.h"
 #include "graph/mdigraphchild.h"

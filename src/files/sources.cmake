@@ -8,7 +8,7 @@ target_sources(varnel_core PRIVATE
     files/chargercolumns.cpp files/chargercolumns.h
     files/balancercolumns.cpp files/balancercolumns.h
     files/datafileloader.cpp files/datafileloader.h
-    files/recordlines.cpp files/recordlines.h
+    files/datafilepieces.cpp files/datafilepieces.h
     files/recordinglength.cpp files/recordinglength.h
     files/recordlabel.cpp files/recordlabel.h
     files/filepieces.h

@@ -1,5 +1,5 @@
 #include "files/disk/disksyncer.h"
-#include "files/recordlines.h"
+#include "files/datafilepieces.h"
 #include "files/wholefile.h"
 
 #include "data/recordlist.h"

@@ -1,6 +1,6 @@
 #include "protocol/recordline.h"
 #include "files/datafileloader.h"
-#include "files/recordlines.h"
+#include "files/datafilepieces.h"
 #include "fuzzcheck.h"
 #include "series/seriesstore.h"
 

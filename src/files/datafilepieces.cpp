@@ -1,4 +1,4 @@
-#include "files/recordlines.h"
+#include "files/datafilepieces.h"
 
 #include "files/disk/filesync.h"
 
