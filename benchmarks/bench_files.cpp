@@ -28,7 +28,7 @@ QString sampleFile(int count)
     const QString name = folder.filePath(QString::number(count) + QLatin1String(".acp"));
     if (!QFile::exists(name)) {
         const RecordList records = sampleRecording(count);
-        RecordLines lines(records);
+        DataFilePieces lines(records);
         writeWholeFile(name, lines);
     }
     return name;
@@ -111,7 +111,7 @@ void saveHouse(benchmark::State &state)
     const QTemporaryDir folder;
     const RecordList records = sampleRecording(sampleCount);
     for (auto _ : state) {
-        RecordLines lines(records);
+        DataFilePieces lines(records);
         if (!writeWholeFile(folder.filePath(QStringLiteral("house.acp")), lines).written)
             state.SkipWithError("not saved");
     }

@@ -73,7 +73,7 @@ void millionRecords(benchmark::State &state)
     const QString name = folder.filePath(QStringLiteral("million.acp"));
     {
         const RecordList records = sampleRecording(million);
-        RecordLines lines(records);
+        DataFilePieces lines(records);
         if (!writeWholeFile(name, lines).written)
             state.SkipWithError("not saved");
     }

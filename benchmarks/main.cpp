@@ -20,7 +20,7 @@ int main(int argc, char **argv)
     const QApplication application(argc, argv);
     if (argc == 3 && qstrcmp(argv[1], "--write-sample") == 0) {
         const RecordList records = sampleRecording(sampleCount);
-        RecordLines lines(records);
+        DataFilePieces lines(records);
         return writeWholeFile(QString::fromLocal8Bit(argv[2]), lines).written ? 0 : 1;
     }
     benchmark::Initialize(&argc, argv);

@@ -28,9 +28,9 @@ RecordingWindow *LiveWindows::create()
     return child;
 }
 
-QWidget *LiveWindows::windowOf(RecordingWindow *sink)
+QWidget *LiveWindows::windowOf(RecordingWindow *window)
 {
-    return static_cast<MdiGraphChild *>(sink);
+    return static_cast<MdiGraphChild *>(window);
 }
 
 bool LiveWindows::hasCurrent() const

@@ -24,8 +24,8 @@ public:
     std::unique_ptr<RecordingLog> beginLog(const QString &portName);
     /// A new graph window, placed, numbered and current, for the recording that was begun last; never null.
     RecordingWindow *create();
-    /// The window behind `sink`, which create() has made; null for null.
-    static QWidget *windowOf(RecordingWindow *sink);
+    /// `window`, which create() has made, as a widget; null for null.
+    static QWidget *windowOf(RecordingWindow *window);
 
     bool hasCurrent() const;
     bool isCurrent(const QWidget *window) const;

@@ -234,8 +234,8 @@ void Documents::save(MdiGraphChild *child, const QString &fileName, const std::f
         done(false);
         return;
     }
-    auto lines = std::make_unique<RecordLines>(child->store().records(), child->store().markedFrom());
-    const RecordLines *const written = lines.get();
+    auto lines = std::make_unique<DataFilePieces>(child->store().records(), child->store().markedFrom());
+    const DataFilePieces *const written = lines.get();
     m_writer->add(fileName, std::move(lines), [=](const WriteOutcome &outcome) {
         finishSave(child, fileName, *written, outcome);
         done(outcome.written);
@@ -243,7 +243,7 @@ void Documents::save(MdiGraphChild *child, const QString &fileName, const std::f
 }
 
 void Documents::finishSave(
-    MdiGraphChild *child, const QString &fileName, const RecordLines &lines, const WriteOutcome &outcome)
+    MdiGraphChild *child, const QString &fileName, const DataFilePieces &lines, const WriteOutcome &outcome)
 {
     if (outcome.cancelled) {
         emit message(tr("Saving was cancelled."), messageTime);

@@ -12,7 +12,7 @@ class GraphWindows;
 class MdiGraphChild;
 class ProgressStrip;
 class QFileDialog;
-class RecordLines;
+class DataFilePieces;
 class QWidget;
 class WindowFiles;
 class SeriesStore;
@@ -59,8 +59,8 @@ private:
     /// Opens what is chosen in `dialog` and returns it.
     QStringList openFrom(QFileDialog &dialog);
     void listFailures(const QStringList &failures, int total);
-    void finishSave(
-        MdiGraphChild *child, const QString &fileName, const RecordLines &lines, const WriteOutcome &outcome);
+    void finishSave(MdiGraphChild *child, const QString &fileName, const DataFilePieces &lines,
+        const WriteOutcome &outcome);
     void tellFailure(const QString &fileName, const QString &reason);
     void tellUnreadable(int count, const MdiGraphChild *child, const QString &fileName);
 

@@ -73,7 +73,7 @@ void GraphExports::writePicture(const MdiGraphChild *child, const QString &fileN
     // Drawn at once: the window goes on.
     QBuffer drawing;
     drawing.open(QIODevice::WriteOnly);
-    if (!writeGraph(child->picture(child->size()), format, &drawing)) {
+    if (!writeGraph(child->request(child->size()), format, &drawing)) {
         tellFailure(fileName, tr("There is no room for it in memory."));
         return;
     }

@@ -36,7 +36,7 @@ PrintJob graphPrintJob(MdiGraphChild *child, const QString &name)
     job.paint = [guard, size](QPainter &painter) {
         if (!guard)
             return;
-        GraphRequest request = guard->picture(size);
+        GraphRequest request = guard->request(size);
         request.switches.blackBackground = false;
         GraphPainter().paint(&painter, request);
     };

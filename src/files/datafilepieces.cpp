@@ -13,7 +13,7 @@ constexpr int bufferSize = 256 * 1024;
 
 } // namespace
 
-RecordLines::RecordLines(const RecordList &records, int markedFrom)
+DataFilePieces::DataFilePieces(const RecordList &records, int markedFrom)
     : m_records(records)
     , m_count(records.size())
     , m_markedFrom(markedFrom)
@@ -21,9 +21,9 @@ RecordLines::RecordLines(const RecordList &records, int markedFrom)
 {
 }
 
-RecordLines::~RecordLines() = default;
+DataFilePieces::~DataFilePieces() = default;
 
-bool RecordLines::writeNext(QIODevice &device)
+bool DataFilePieces::writeNext(QIODevice &device)
 {
     char *const begin = m_buffer.get();
     char *out = begin;
@@ -39,7 +39,7 @@ bool RecordLines::writeNext(QIODevice &device)
     return writeAllBytes(device, begin, out - begin);
 }
 
-double RecordLines::progress() const
+double DataFilePieces::progress() const
 {
     return m_count > 0 ? double(m_next) / m_count : 1.0;
 }

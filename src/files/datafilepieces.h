@@ -8,14 +8,14 @@
 class RecordList;
 
 /// What a data file is to hold: each record as one line.
-class RecordLines : public FilePieces {
+class DataFilePieces : public FilePieces {
 public:
     /// `records` outlives this. It may grow meanwhile; what it holds now is written. Those from `markedFrom`
     /// on get an end mark.
-    explicit RecordLines(const RecordList &records, int markedFrom = std::numeric_limits<int>::max());
-    ~RecordLines() override;
-    RecordLines(const RecordLines &) = delete;
-    RecordLines &operator=(const RecordLines &) = delete;
+    explicit DataFilePieces(const RecordList &records, int markedFrom = std::numeric_limits<int>::max());
+    ~DataFilePieces() override;
+    DataFilePieces(const DataFilePieces &) = delete;
+    DataFilePieces &operator=(const DataFilePieces &) = delete;
 
     bool writeNext(QIODevice &device) override;
     bool atEnd() const override { return m_next == m_count; }

@@ -211,7 +211,7 @@ void MdiGraphChild::scheduleRepaint()
 
 void MdiGraphChild::paintEvent(QPaintEvent *)
 {
-    GraphRequest shown = picture(size());
+    GraphRequest shown = request(size());
     shown.cursorRecord = m_interaction->cursorRecord();
     shown.rubberBand = m_interaction->rubberBand();
     if (isLive() && shown.switches.holdView)
@@ -221,7 +221,7 @@ void MdiGraphChild::paintEvent(QPaintEvent *)
     m_painter.paint(&painter, shown);
 }
 
-GraphRequest MdiGraphChild::picture(const QSize &pictureSize) const
+GraphRequest MdiGraphChild::request(const QSize &pictureSize) const
 {
     GraphRequest picture;
     picture.size = pictureSize;

@@ -56,7 +56,7 @@ public:
     /// A line for the tool tip of the title, below how the process has ended.
     void setTitleTip(const QString &text) { m_titleTip.setLine(text); }
     /// What the window shows, at any size. Valid as long as the window.
-    GraphRequest picture(const QSize &pictureSize) const;
+    GraphRequest request(const QSize &pictureSize) const;
 
     // RecordingWindow
     void attachReader(DeviceLink *reader) override;

@@ -620,7 +620,7 @@ private slots:
         const auto saysSince = [&] {
             settle(*figures);
             return figures->toolTip().contains(now.toString(QStringLiteral("HH:mm:ss")))
-                && child->picture({400, 300}).note.contains(now.toString(QStringLiteral("HH:mm:ss")));
+                && child->request({400, 300}).note.contains(now.toString(QStringLiteral("HH:mm:ss")));
         };
         lookAfter(StaleWatch::patience - 1);
         QVERIFY(!saysSince() && fact(StatusFacts::Silent).isEmpty());

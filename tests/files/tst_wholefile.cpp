@@ -32,7 +32,7 @@ struct SaveResult {
 
 SaveResult save(const QString &name, const RecordList &records)
 {
-    RecordLines lines(records);
+    DataFilePieces lines(records);
     const WriteOutcome outcome = writeWholeFile(name, lines);
     return {outcome.written, lines.unreadable(), outcome.reason};
 }
@@ -84,7 +84,7 @@ private slots:
             const RecordList back = loaded(name);
             QCOMPARE(back.size(), 3 - result.unreadable);
             QCOMPARE(back.last().ballansingCurrent, values[3] ? records[1].ballansingCurrent : values[4]);
-            RecordLines marked(records, 1);
+            DataFilePieces marked(records, 1);
             QVERIFY(writeWholeFile(name, marked).written);
             QCOMPARE(loaded(name)[0].flag4, records[0].flag4);
             QCOMPARE(loaded(name)[1].flag4, 'E');
@@ -190,7 +190,7 @@ private slots:
 
         DiskSyncer syncer;
         const RecordList records = recording(1);
-        RecordLines lines(records);
+        DataFilePieces lines(records);
         const WriteOutcome outcome = WholeFile(link, WholeFile::Kind::Regular, lines, syncer).writeAll();
         QVERIFY(!outcome.written && !outcome.cancelled);
         QCOMPARE(outcome.reason, QStringLiteral("not a regular file"));

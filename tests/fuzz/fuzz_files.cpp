@@ -111,7 +111,7 @@ QByteArray save(const RecordList &records)
 {
     QBuffer buffer;
     check(buffer.open(QIODevice::WriteOnly), "a buffer opens");
-    check(RecordLines(records).writeAll(buffer), "a buffer takes all");
+    check(DataFilePieces(records).writeAll(buffer), "a buffer takes all");
     return buffer.data();
 }
 

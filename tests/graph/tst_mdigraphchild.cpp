@@ -300,7 +300,7 @@ void TestMdiGraphChild::forwardsEvents()
     store.load(samples::lipoCharge(87, 10)); // a pixel is a second, from 40 on
     child.load(std::move(store), QStringLiteral("x.acp"));
     host.current = &child;
-    const auto zoom = [&] { return child.picture(child.size()).zoom; };
+    const auto zoom = [&] { return child.request(child.size()).zoom; };
     const auto shown = [&] { return host.shown.isEmpty() ? -1 : host.shown.last().record.time; };
     const QPoint middle(470, 155);
     QTest::mouseMove(&child, QPoint(20, 20));
@@ -325,7 +325,7 @@ void TestMdiGraphChild::forwardsEvents()
     child.resize(449, 600);
     QCOMPARE(zoom().times().high, 600.0); // divided anew
     child.setScale(1.4);
-    QCOMPARE(child.picture(child.size()).scale, 1.4);
+    QCOMPARE(child.request(child.size()).scale, 1.4);
     QTest::mouseDClick(&child, Qt::LeftButton, Qt::NoModifier, QPoint(200, 155));
     QVERIFY(!zoom().isActive());
     QWheelEvent wheel(QPoint(200, 155), QPoint(), QPoint(), QPoint(0, 120), {}, {}, Qt::NoScrollPhase, false);
@@ -345,19 +345,19 @@ void TestMdiGraphChild::notesSilence()
     child.addRecord(samples::lipoCharge(1)[0]);
     const QDateTime since(QDate(2026, 2, 3), QTime(9, 5, 7));
     child.setSilentSince(since);
-    QCOMPARE(child.picture(QSize(300, 200)).note, QStringLiteral("No line since 09:05:07"));
+    QCOMPARE(child.request(QSize(300, 200)).note, QStringLiteral("No line since 09:05:07"));
     for (char mark : {'_', 'E'}) { // of a device that sends no end: no current, or a trickle after that
         Varnel3Data ended = samples::lipoCharge(1)[0];
         ended.flag4 = mark;
         ended.current = mark == 'E' ? 50 : 0;
         child.addRecord(ended);
         child.setSilentSince(since);
-        QCOMPARE(child.picture(QSize(300, 200)).note, QStringLiteral("Ended or silent since 09:05:07"));
+        QCOMPARE(child.request(QSize(300, 200)).note, QStringLiteral("Ended or silent since 09:05:07"));
     }
     child.addRecord(samples::lipoCharge(1)[0]);
-    QCOMPARE(child.picture(QSize(300, 200)).note, QString());
+    QCOMPARE(child.request(QSize(300, 200)).note, QString());
     child.setSilentSince(QDateTime());
-    QCOMPARE(child.picture(QSize(300, 200)).note, QString());
+    QCOMPARE(child.request(QSize(300, 200)).note, QString());
 }
 
 QTEST_MAIN(TestMdiGraphChild)
