@@ -193,8 +193,9 @@ void TestMdiGraphChild::loadsAFile()
     QCOMPARE(child.sourceName(), QStringLiteral("old.acp COM7"));
     MdiGraphChild single(&host); // one record is no data
     host.current = &single;
-    store.load(samples::lipoCharge(1));
-    single.load(std::move(store), QStringLiteral("/data/one.acp"));
+    SeriesStore lone;
+    lone.load(samples::lipoCharge(1));
+    single.load(std::move(lone), QStringLiteral("/data/one.acp"));
     single.setPortName(QStringLiteral("COM7"));
     QCOMPARE(single.windowTitle(), QStringLiteral("No file name COM7*"));
     QCOMPARE(host.shown.size(), 1);
