@@ -16,13 +16,13 @@ using Story = QByteArrayList;
 using Recordings = QVector<Recording>;
 
 // Steps of a story that are no lines; a number is so many seconds of silence.
-const QByteArray shutWindow = "shut";
-const QByteArray endShot = "shot";
+constexpr char shutWindow[] = "shut";
+constexpr char endShot[] = "shot";
 
-const QByteArray noCells = "#00C05";
-const QByteArray discharge = "#06D05";
-const QByteArray fiveCells = "#05C05";
-const QByteArray lithiumIron = "#06C07";
+constexpr char noCells[] = "#00C05";
+constexpr char discharge[] = "#06D05";
+constexpr char fiveCells[] = "#05C05";
+constexpr char lithiumIron[] = "#06C07";
 
 QByteArray ending(char letter, int time = 6)
 {

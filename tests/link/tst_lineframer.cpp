@@ -136,7 +136,7 @@ void LineFramerTest::streamsWithoutLineEndShareTheirRoom()
         }
         const QByteArray own(LineFramer::ownRoom, 'y');
         QCOMPARE(linesOf(&late, own + "more\n"), QByteArrayList({own})); // the third still has its lines
-        QCOMPARE(linesOf(&framers[0], "\n#2345678901\n").last(), QByteArray("#2345678901"));
+        QCOMPARE(linesOf(&framers[0], "\n#2345678901\n").constLast(), QByteArray("#2345678901"));
         framers[1].feed("\n");
         QVERIFY(framers[1].next(&line));
         QCOMPARE(line.size(), LineFramer::maxHeld / 2);
