@@ -129,6 +129,7 @@ public:
     {
         return std::make_unique<CheckedLog>();
     }
+    void noteEnd(const QString &, const Varnel3Data &, RecordingWindow *) override { }
 
     std::vector<std::unique_ptr<Recorder>> recorders;
 };
