@@ -11,6 +11,9 @@
 #include <QTemporaryDir>
 #include <QThread>
 
+#include <sys/inotify.h>
+#include <unistd.h>
+
 using Role = SingleInstance::Role;
 
 namespace {
@@ -92,8 +95,14 @@ private slots:
         QTRY_VERIFY(first->findChild<QLocalSocket *>());
         first->retire();
         QTRY_COMPARE(late.state(), QLocalSocket::UnconnectedState);
+        const int looks = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+        QVERIFY(::inotify_add_watch(looks, qPrintable(folder.path()), IN_OPEN) >= 0);
         const SecondStart second(files);
-        QTest::qWait(200); // a program takes its time to leave; a start must not hand its files to it
+        char events[4096];
+        // A start looks at the lock, again and again; it must not hand over its files.
+        for (int i = 0; i < 3; ++i)
+            QVERIFY(QTest::qWaitFor([&] { return ::read(looks, events, sizeof events) > 0; }, 10000));
+        ::close(looks);
         QVERIFY(second.isRunning());
         first->giveBack(); // while it is still there, with a disk to wait for
         QTRY_VERIFY(!second.isRunning());
