@@ -1,5 +1,6 @@
 # Part of ./dev: the fuzzers. New inputs are kept in build/fuzz/corpus, finds in build/fuzz/finds; the small
-# corpora that each run starts from are in tests/fuzz/corpus.
+# corpora that each run starts from are in tests/fuzz/corpus. With FUZZ_SEED a run in a fresh folder takes the same
+# way again, as far as its time reaches.
 
 fuzz_targets() { sed -n 's/^varnel_fuzzer(\([a-z]*\) .*/\1/p' tests/fuzz/CMakeLists.txt; }
 
@@ -10,9 +11,10 @@ fuzz_one() {
     mkdir -p "$corpus" "$finds"
     local options=(-max_total_time="$seconds" -timeout=20 -rss_limit_mb=4096 -max_len=8192
         -print_final_stats=1 -artifact_prefix="$finds/")
+    [ -z "${FUZZ_SEED:-}" ] || options+=(-seed="$FUZZ_SEED")
     [ ! -e "$dictionary" ] || options+=(-dict="$dictionary")
     say "fuzzing $target for $seconds s"
-    QT_QPA_PLATFORM=offscreen UBSAN_OPTIONS=print_stacktrace=1 ASAN_OPTIONS=detect_leaks=0 \
+    QT_HASH_SEED=0 QT_QPA_PLATFORM=offscreen UBSAN_OPTIONS=print_stacktrace=1 ASAN_OPTIONS=detect_leaks=0 \
         "build/fuzz/tests/fuzz/fuzz_$target" "${options[@]}" "$corpus" "tests/fuzz/corpus/$target" \
         >"build/fuzz/$target.log" 2>&1 || {
         tail -n 60 "build/fuzz/$target.log" >&2

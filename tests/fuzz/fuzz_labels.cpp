@@ -17,7 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
     file.write(reinterpret_cast<const char *>(data + 1), qint64(size - 1));
     file.close();
 
-    QCache<QString, QString> cache;
+    QCache<QString, QString> cache(10000); // bytes: room for any path with its label
     QSet<QString> failures;
     bool fromCache = true;
     const QString label = recordLabel(cache, path, &fromCache, &failures);
