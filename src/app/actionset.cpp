@@ -26,119 +26,123 @@ struct ActionRow {
     const char *name = nullptr; ///< of the object
 };
 
-#define TEXT(text) QT_TRANSLATE_NOOP("MainWindow", text)
 #define TO(slot) SLOT(slot) // under its own name the formatter takes it for the end of a row
 
 constexpr auto noKey = QKeySequence::UnknownKey;
 constexpr unsigned figureSwitch = Checkable | BoldText;
 
-const ActionRow rows[] = {
-    {ActionId::Open, TEXT("Open file"), "open.png", TEXT("Read data from file."), QKeySequence::Open, Window,
-        TO(openFile()), Plain},
-    {ActionId::SaveAs, TEXT("Save as"), "save.png", TEXT("Save data to file."), QKeySequence::Save, Window,
-        TO(saveFile()), Plain},
-    {ActionId::SaveSession, TEXT("Save sesion"), "saveAll.png", TEXT("Save all data as one session"),
-        QKeySequence::SaveAs, Window, TO(saveSesion()), Plain},
-    {ActionId::Preferences, TEXT("Preferences"), "preferences.png", TEXT("Aplications preferences."),
-        QKeySequence::Preferences, Window, TO(preferences()), Checked},
-    {ActionId::Exit, TEXT("E&xit"), "exit.png", TEXT("Exit the application."), QKeySequence::Quit, Window,
-        TO(close()), Plain},
-    {ActionId::Black, TEXT("Black"), nullptr, TEXT("Background color black."), noKey, Window,
-        TO(setBlackBack()), Plain},
-    {ActionId::White, TEXT("White"), nullptr, TEXT("Background color white."), noKey, Window,
-        TO(setWhiteBack()), Plain},
-    {ActionId::Close, TEXT("Cl&ose"), nullptr, TEXT("Close the active window"), noKey, MdiArea,
-        TO(closeActiveSubWindow()), Plain},
-    {ActionId::CloseAll, TEXT("Close &All"), nullptr, TEXT("Close all the windows"), noKey, MdiArea,
-        TO(closeAllSubWindows()), Plain},
-    {ActionId::Tile, TEXT("&Tile"), "tile.png", TEXT("Tile the windows"), noKey, MdiArea,
-        TO(tileSubWindows()), Plain},
-    {ActionId::Cascade, TEXT("&Cascade"), "stack.png", TEXT("Cascade the windows"), noKey, MdiArea,
-        TO(cascadeSubWindows()), Plain},
-    {ActionId::Next, TEXT("Ne&xt"), nullptr, TEXT("Move the focus to the next window"),
-        QKeySequence::NextChild, MdiArea, TO(activateNextSubWindow()), Plain},
-    {ActionId::Previous, TEXT("Pre&vious"), nullptr, TEXT("Move the focus to the previous window"),
-        QKeySequence::PreviousChild, MdiArea, TO(activatePreviousSubWindow()), Plain},
-    {ActionId::Recording, TEXT("Recording"), "record.png", TEXT("Recording data from com port."), noKey,
-        Window, TO(recording()), Plain},
-    {ActionId::PrintCapacity, TEXT("Capacity comparison"), nullptr, TEXT("Print capacity comparison."), noKey,
-        Window, TO(printCapComp()), Plain},
-    {ActionId::PrintVoltage, TEXT("Voltage comparison"), nullptr, TEXT("Print voltage comparison."), noKey,
-        Window, TO(printVolComp()), Plain},
-    {ActionId::PrintBars, TEXT("Bar display"), nullptr, TEXT("Print bar display."), noKey, Window,
-        TO(printBarDisplay()), Plain},
-    {ActionId::PrintPlot, TEXT("Active plot"), nullptr, TEXT("Print active plot."), noKey, Window,
-        TO(printActivePlot()), Plain},
-    {ActionId::Separator, nullptr, nullptr, nullptr, noKey, Nobody, nullptr, Plain},
-    {ActionId::About, TEXT("&About"), nullptr, TEXT("Show the application's About box"), noKey, Window,
-        TO(about()), Plain},
-    {ActionId::AboutQt, TEXT("About &Qt"), nullptr, TEXT("Show the Qt library's About box"), noKey,
-        Application, TO(aboutQt()), Plain},
-    {ActionId::SetTime, TEXT("Set time"), "clock-icon.png", TEXT("Set time."), noKey, Window, TO(sendTime()),
-        Plain},
-    {ActionId::Data, TEXT(" DATA "), "data.png", "Show/hide display", noKey, Window, TO(toolBarData(bool)),
-        Checkable},
-    {ActionId::Graph, TEXT("Graph"), "wyk.png", "Show/hide graph", noKey, Window, TO(toolBarGraph(bool)),
-        Checkable},
-    {ActionId::BarGraph, TEXT("Bar Graph"), "wykbar.png", "Show/hide bar graph", noKey, Window,
-        TO(toolBarBarGraph(bool)), Checkable},
-    {ActionId::Temperature, TEXT(" T "), nullptr, "Show/hide themparature", noKey, Window,
-        TO(toolBarTemp(bool)), figureSwitch | Checked},
-    {ActionId::Delta, TEXT("  dV "), nullptr, "Show/hide dV", noKey, Window, TO(toolBarDelta(bool)),
-        figureSwitch | Checked},
-    {ActionId::Resistance, TEXT(" Rw "), nullptr, "Show/hide cells internal resistance", noKey, Window,
-        TO(toolBarRw(bool)), figureSwitch | Checked},
-    {ActionId::Balancer, TEXT(" B "), nullptr, "Balancer/Charger plot", noKey, Window,
-        TO(toolBarBalancer(bool)), figureSwitch},
-    {ActionId::Average, TEXT(" Avg "), nullptr, "Cells/MinMax plot", noKey, Window, TO(toolBarAvg(bool)),
-        figureSwitch},
-    {ActionId::SelectedCells, TEXT(" S "), nullptr, "Select cells", noKey, Window, TO(toolBarSelectedCells()),
-        figureSwitch | Disabled},
-    {ActionId::Power, TEXT(" P% "), nullptr, "Show/hide power balancer", noKey, Window,
-        TO(toolBarPower(bool)), figureSwitch | Disabled},
-    {ActionId::Energy, TEXT(" Vc "), nullptr, "Cells energy/voltage/internal cel resistance", noKey, Window,
-        TO(toolBarEnergy(bool)), figureSwitch | Disabled},
-    {ActionId::StopProcess, TEXT("Stop process"), "stop_sign.png", TEXT("Stop process."), noKey, Window,
-        TO(toolBarStop()), Plain},
-    {ActionId::HoldView, TEXT("Hold view"), nullptr, "Graph windows keep zoom and cursor", noKey, Nobody,
-        nullptr, Checkable},
-    {ActionId::OpenRecordings, TEXT("Open recordings..."), "open.png",
-        TEXT("Open what was recorded from the devices, saved or not."), noKey, Nobody, nullptr, Plain,
-        "openRecordingsAction"},
-    {ActionId::ReopenClosed, TEXT("Reopen closed recording"), nullptr,
-        TEXT("Open again the recording whose window was closed last."), noKey, Nobody, nullptr, Plain,
-        "reopenClosedAction"},
-    {ActionId::ExportCsv, TEXT("Export as CSV..."), "export.png",
-        TEXT("Write the records of the current graph as a table for other programs."), noKey, Nobody, nullptr,
-        Plain, "exportCsvAction"},
-    {ActionId::SavePicture, TEXT("Save picture..."), "picture.png",
-        TEXT("Write the current graph as its window shows it to a picture file."), noKey, Nobody, nullptr,
-        Plain, "savePictureAction"},
-    {ActionId::RemoteControl, TEXT("Remote control..."), "remote.png",
-        TEXT("Operate the front panel of the charger."), noKey, Nobody, nullptr, Plain,
-        "remoteControlAction"},
+/// A class, so that its texts are found under its translations' name.
+struct ActionTable {
+    Q_DECLARE_TR_FUNCTIONS(MainWindow)
+public:
+    inline static const ActionRow rows[] = {
+        {ActionId::Open, QT_TR_NOOP("Open file"), "open.png", QT_TR_NOOP("Read data from file."),
+            QKeySequence::Open, Window, TO(openFile()), Plain},
+        {ActionId::SaveAs, QT_TR_NOOP("Save as"), "save.png", QT_TR_NOOP("Save data to file."),
+            QKeySequence::Save, Window, TO(saveFile()), Plain},
+        {ActionId::SaveSession, QT_TR_NOOP("Save sesion"), "saveAll.png",
+            QT_TR_NOOP("Save all data as one session"), QKeySequence::SaveAs, Window, TO(saveSesion()),
+            Plain},
+        {ActionId::Preferences, QT_TR_NOOP("Preferences"), "preferences.png",
+            QT_TR_NOOP("Aplications preferences."), QKeySequence::Preferences, Window, TO(preferences()),
+            Checked},
+        {ActionId::Exit, QT_TR_NOOP("E&xit"), "exit.png", QT_TR_NOOP("Exit the application."),
+            QKeySequence::Quit, Window, TO(close()), Plain},
+        {ActionId::Black, QT_TR_NOOP("Black"), nullptr, QT_TR_NOOP("Background color black."), noKey, Window,
+            TO(setBlackBack()), Plain},
+        {ActionId::White, QT_TR_NOOP("White"), nullptr, QT_TR_NOOP("Background color white."), noKey, Window,
+            TO(setWhiteBack()), Plain},
+        {ActionId::Close, QT_TR_NOOP("Cl&ose"), nullptr, QT_TR_NOOP("Close the active window"), noKey,
+            MdiArea, TO(closeActiveSubWindow()), Plain},
+        {ActionId::CloseAll, QT_TR_NOOP("Close &All"), nullptr, QT_TR_NOOP("Close all the windows"), noKey,
+            MdiArea, TO(closeAllSubWindows()), Plain},
+        {ActionId::Tile, QT_TR_NOOP("&Tile"), "tile.png", QT_TR_NOOP("Tile the windows"), noKey, MdiArea,
+            TO(tileSubWindows()), Plain},
+        {ActionId::Cascade, QT_TR_NOOP("&Cascade"), "stack.png", QT_TR_NOOP("Cascade the windows"), noKey,
+            MdiArea, TO(cascadeSubWindows()), Plain},
+        {ActionId::Next, QT_TR_NOOP("Ne&xt"), nullptr, QT_TR_NOOP("Move the focus to the next window"),
+            QKeySequence::NextChild, MdiArea, TO(activateNextSubWindow()), Plain},
+        {ActionId::Previous, QT_TR_NOOP("Pre&vious"), nullptr,
+            QT_TR_NOOP("Move the focus to the previous window"), QKeySequence::PreviousChild, MdiArea,
+            TO(activatePreviousSubWindow()), Plain},
+        {ActionId::Recording, QT_TR_NOOP("Recording"), "record.png",
+            QT_TR_NOOP("Recording data from com port."), noKey, Window, TO(recording()), Plain},
+        {ActionId::PrintCapacity, QT_TR_NOOP("Capacity comparison"), nullptr,
+            QT_TR_NOOP("Print capacity comparison."), noKey, Window, TO(printCapComp()), Plain},
+        {ActionId::PrintVoltage, QT_TR_NOOP("Voltage comparison"), nullptr,
+            QT_TR_NOOP("Print voltage comparison."), noKey, Window, TO(printVolComp()), Plain},
+        {ActionId::PrintBars, QT_TR_NOOP("Bar display"), nullptr, QT_TR_NOOP("Print bar display."), noKey,
+            Window, TO(printBarDisplay()), Plain},
+        {ActionId::PrintPlot, QT_TR_NOOP("Active plot"), nullptr, QT_TR_NOOP("Print active plot."), noKey,
+            Window, TO(printActivePlot()), Plain},
+        {ActionId::Separator, nullptr, nullptr, nullptr, noKey, Nobody, nullptr, Plain},
+        {ActionId::About, QT_TR_NOOP("&About"), nullptr, QT_TR_NOOP("Show the application's About box"),
+            noKey, Window, TO(about()), Plain},
+        {ActionId::AboutQt, QT_TR_NOOP("About &Qt"), nullptr, QT_TR_NOOP("Show the Qt library's About box"),
+            noKey, Application, TO(aboutQt()), Plain},
+        {ActionId::SetTime, QT_TR_NOOP("Set time"), "clock-icon.png", QT_TR_NOOP("Set time."), noKey, Window,
+            TO(sendTime()), Plain},
+        {ActionId::Data, QT_TR_NOOP(" DATA "), "data.png", QT_TR_NOOP("Show/hide display"), noKey, Window,
+            TO(toolBarData(bool)), Checkable},
+        {ActionId::Graph, QT_TR_NOOP("Graph"), "wyk.png", QT_TR_NOOP("Show/hide graph"), noKey, Window,
+            TO(toolBarGraph(bool)), Checkable},
+        {ActionId::BarGraph, QT_TR_NOOP("Bar Graph"), "wykbar.png", QT_TR_NOOP("Show/hide bar graph"), noKey,
+            Window, TO(toolBarBarGraph(bool)), Checkable},
+        {ActionId::Temperature, QT_TR_NOOP(" T "), nullptr, QT_TR_NOOP("Show/hide themparature"), noKey,
+            Window, TO(toolBarTemp(bool)), figureSwitch | Checked},
+        {ActionId::Delta, QT_TR_NOOP("  dV "), nullptr, QT_TR_NOOP("Show/hide dV"), noKey, Window,
+            TO(toolBarDelta(bool)), figureSwitch | Checked},
+        {ActionId::Resistance, QT_TR_NOOP(" Rw "), nullptr, QT_TR_NOOP("Show/hide cells internal resistance"),
+            noKey, Window, TO(toolBarRw(bool)), figureSwitch | Checked},
+        {ActionId::Balancer, QT_TR_NOOP(" B "), nullptr, QT_TR_NOOP("Balancer/Charger plot"), noKey, Window,
+            TO(toolBarBalancer(bool)), figureSwitch},
+        {ActionId::Average, QT_TR_NOOP(" Avg "), nullptr, QT_TR_NOOP("Cells/MinMax plot"), noKey, Window,
+            TO(toolBarAvg(bool)), figureSwitch},
+        {ActionId::SelectedCells, QT_TR_NOOP(" S "), nullptr, QT_TR_NOOP("Select cells"), noKey, Window,
+            TO(toolBarSelectedCells()), figureSwitch | Disabled},
+        {ActionId::Power, QT_TR_NOOP(" P% "), nullptr, QT_TR_NOOP("Show/hide power balancer"), noKey, Window,
+            TO(toolBarPower(bool)), figureSwitch | Disabled},
+        {ActionId::Energy, QT_TR_NOOP(" Vc "), nullptr,
+            QT_TR_NOOP("Cells energy/voltage/internal cel resistance"), noKey, Window,
+            TO(toolBarEnergy(bool)), figureSwitch | Disabled},
+        {ActionId::StopProcess, QT_TR_NOOP("Stop process"), "stop_sign.png", QT_TR_NOOP("Stop process."),
+            noKey, Window, TO(toolBarStop()), Plain},
+        {ActionId::HoldView, QT_TR_NOOP("Hold view"), nullptr,
+            QT_TR_NOOP("Graph windows keep zoom and cursor"), noKey, Nobody, nullptr, Checkable},
+        {ActionId::OpenRecordings, QT_TR_NOOP("Open recordings..."), "open.png",
+            QT_TR_NOOP("Open what was recorded from the devices, saved or not."), noKey, Nobody, nullptr,
+            Plain, "openRecordingsAction"},
+        {ActionId::ReopenClosed, QT_TR_NOOP("Reopen closed recording"), nullptr,
+            QT_TR_NOOP("Open again the recording whose window was closed last."), noKey, Nobody, nullptr,
+            Plain, "reopenClosedAction"},
+        {ActionId::ExportCsv, QT_TR_NOOP("Export as CSV..."), "export.png",
+            QT_TR_NOOP("Write the records of the current graph as a table for other programs."), noKey,
+            Nobody, nullptr, Plain, "exportCsvAction"},
+        {ActionId::SavePicture, QT_TR_NOOP("Save picture..."), "picture.png",
+            QT_TR_NOOP("Write the current graph as its window shows it to a picture file."), noKey, Nobody,
+            nullptr, Plain, "savePictureAction"},
+        {ActionId::RemoteControl, QT_TR_NOOP("Remote control..."), "remote.png",
+            QT_TR_NOOP("Operate the front panel of the charger."), noKey, Nobody, nullptr, Plain,
+            "remoteControlAction"},
+    };
 };
 
+constexpr auto &rows = ActionTable::rows;
+
 #undef TO
-#undef TEXT
 
 static_assert(std::size(rows) == size_t(ActionId::Count), "one row an action");
-
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("MainWindow", text);
-}
 
 void describe(QAction *action, const ActionRow &row)
 {
     action->setObjectName(QLatin1String(row.name));
-    action->setText(translated(row.text));
+    action->setText(ActionTable::tr(row.text));
     if (row.icon)
         action->setIcon(QIcon(QStringLiteral(":/Icons/") + QLatin1String(row.icon)));
     if (row.flags & Checkable)
-        action->setToolTip(QString::fromLatin1(row.tip));
+        action->setToolTip(ActionTable::tr(row.tip));
     else
-        action->setStatusTip(translated(row.tip));
+        action->setStatusTip(ActionTable::tr(row.tip));
     if (row.key != noKey)
         action->setShortcuts(row.key);
     if (row.flags & BoldText)
@@ -214,7 +218,7 @@ void ActionSet::offer(ActionId id, const QString &reason) const
     QAction *action = (*this)[id];
     const auto *row
         = std::find_if(std::begin(rows), std::end(rows), [id](auto &one) { return one.id == id; });
-    const QString tip = reason.isEmpty() ? translated(row->tip) : reason;
+    const QString tip = reason.isEmpty() ? ActionTable::tr(row->tip) : reason;
     action->setEnabled(reason.isEmpty());
     action->setStatusTip(tip);
     action->setToolTip(tip);

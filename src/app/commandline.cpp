@@ -67,16 +67,16 @@ const Choice choices[] = {
     {"cell-value", "resistance", [](ViewSwitches &s) { s.cellValue = CellValue::Resistance; }},
 };
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("CommandLine", text);
-}
+/// Where texts of no object are translated.
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(CommandLine)
+};
 
 void refuse(CommandLine &line, const QString &why)
 {
     line.task = CommandLine::Refuse;
     line.message = why + QLatin1Char('\n')
-        + tr("Usage: varnelgraph [options] [FILE...]; see varnelgraph --help.") + QLatin1Char('\n');
+        + Texts::tr("Usage: varnelgraph [options] [FILE...]; see varnelgraph --help.") + QLatin1Char('\n');
 }
 
 bool readSize(const QString &text, QSize *size)
@@ -116,16 +116,16 @@ void readDrawing(const QCommandLineParser &parser, CommandLine &line)
 {
     const QString size = parser.value(name(sizeName));
     if (!size.isEmpty() && !readSize(size, &line.size))
-        return refuse(
-            line, tr("Not a size between %1x%1 and %2x%2: ").arg(smallestSide).arg(largestSide) + size);
+        return refuse(line,
+            Texts::tr("Not a size between %1x%1 and %2x%2: ").arg(smallestSide).arg(largestSide) + size);
     for (const Option &option : options) {
         if (!isChoice(option))
             continue;
         const QStringList words = parser.values(name(option.name));
         for (const QString &word : words)
             if (!applyChoice(option.name, word, line.switches))
-                return refuse(
-                    line, QStringLiteral("--%1: ").arg(name(option.name)) + tr("unknown word ") + word);
+                return refuse(line,
+                    QStringLiteral("--%1: ").arg(name(option.name)) + Texts::tr("unknown word ") + word);
     }
 }
 
@@ -143,17 +143,17 @@ void readBatch(const QCommandLineParser &parser, CommandLine &line)
 {
     const bool exports = parser.isSet(name(exportName));
     if (exports && parser.isSet(name(renderName)))
-        return refuse(line, tr("Either --export-csv or --render."));
+        return refuse(line, Texts::tr("Either --export-csv or --render."));
     if (line.files.size() != 1)
-        return refuse(line, tr("One recording FILE is needed."));
+        return refuse(line, Texts::tr("One recording FILE is needed."));
     line.task = exports ? CommandLine::ExportCsv : CommandLine::Render;
     line.output = parser.value(name(exports ? exportName : renderName));
     const bool same
         = QFileInfo::exists(line.output) && QFileInfo(line.output) == QFileInfo(line.files.first());
     if (same || isRecording(line.output))
-        return refuse(line, tr("A recording is not written over: ") + line.output);
+        return refuse(line, Texts::tr("A recording is not written over: ") + line.output);
     if (!exports && graphFormat(line.output) == GraphFormat::Unknown)
-        refuse(line, tr("The drawing's name must end in .png, .svg or .pdf: ") + line.output);
+        refuse(line, Texts::tr("The drawing's name must end in .png, .svg or .pdf: ") + line.output);
 }
 
 } // namespace
@@ -162,13 +162,13 @@ CommandLine parseCommandLine(const QStringList &arguments)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        tr("Records what battery chargers and balancers send over serial ports, and draws it."));
+        Texts::tr("Records what battery chargers and balancers send over serial ports, and draws it."));
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
-    parser.addPositionalArgument(
-        QStringLiteral("FILE..."), tr("Recordings (.acp, .abp) to open."), QStringLiteral("[FILE...]"));
+    parser.addPositionalArgument(QStringLiteral("FILE..."), Texts::tr("Recordings (.acp, .abp) to open."),
+        QStringLiteral("[FILE...]"));
     for (const Option &option : options)
-        parser.addOption({name(option.name), tr(option.description), name(option.value)});
+        parser.addOption({name(option.name), Texts::tr(option.description), name(option.value)});
 
     CommandLine line;
     if (!parser.parse(arguments)) {

@@ -62,12 +62,23 @@ QString translated(const char *text)
 
 QString Varnel3Data::deviceName(int device)
 {
-    return translated(deviceNames[device >= 0 && device < NoDevice ? device : int(NoDevice)]);
+    return translated(deviceInFiles(device));
 }
 
 QString Varnel3Data::modeName(int mode)
 {
-    return mode >= 0 && mode <= NoMode ? translated(modeNames[mode]) : QString();
+    const char *const name = modeInFiles(mode);
+    return *name ? translated(name) : QString();
+}
+
+const char *Varnel3Data::deviceInFiles(int device)
+{
+    return deviceNames[device >= 0 && device < NoDevice ? device : int(NoDevice)];
+}
+
+const char *Varnel3Data::modeInFiles(int mode)
+{
+    return mode >= 0 && mode <= NoMode ? modeNames[mode] : "";
 }
 
 QString Varnel3Data::cellTypeName(int cellType)

@@ -88,6 +88,8 @@ public:
 
     static QString deviceName(int device); ///< translated
     static QString modeName(int mode); ///< translated; empty above NoMode
+    static const char *deviceInFiles(int device); ///< as files have it, in whatever language
+    static const char *modeInFiles(int mode); ///< so is this
     static QString cellTypeName(int cellType); ///< chemistry; "None" for unknown codes
     static int cellTypeScaleMin(int cellType); ///< mV, lower end of the cells' axis; 0 for unknown codes
     static int cellTypeScaleMax(int cellType); ///< mV, upper end of the cells' axis; 0 for unknown codes

@@ -57,10 +57,10 @@ constexpr const char *modeTexts[] = {
     QT_TRANSLATE_NOOP("DataDisplay", "Balance"),
 };
 
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("DataDisplay", text);
-}
+/// Where texts of no object are translated.
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(DataDisplay)
+};
 
 QString slopeText(int slope)
 {
@@ -78,7 +78,7 @@ int cellAt(int voltage, const Varnel3Data &record)
 
 QString cellNote(int index)
 {
-    return translated(QT_TRANSLATE_NOOP("DataDisplay", "cell %1")).arg(index + 1);
+    return Texts::tr("cell %1").arg(index + 1);
 }
 
 } // namespace
@@ -110,7 +110,7 @@ void DataFigures::show(const Varnel3Data &record, const View &view, const CellRe
     // A device that forms or tests a pack goes through charges and discharges:
     // the display keeps the last of them.
     if (record.mode >= 0 && record.mode < int(std::size(modeTexts)))
-        m_texts[Mode] = translated(modeTexts[record.mode]);
+        m_texts[Mode] = Texts::tr(modeTexts[record.mode]);
     m_cellTexts.fill(QString());
 
     if (!view.statistics || !record.hasCellData()) {
@@ -178,11 +178,11 @@ void DataFigures::showResistances(const Varnel3Data &record, const CellResistanc
     for (int i = 0; i < count; ++i)
         m_cellTexts[i]
             = resistances[i] > 0.0 ? FigureText::fixed(resistances[i], 5, 1) : QStringLiteral("--.-");
-    m_texts[VoltageUnit] = QStringLiteral("Ri avg");
+    m_texts[VoltageUnit] = Texts::tr("Ri avg");
     m_texts[ResistanceUnit] = QStringLiteral("Ri");
-    m_texts[TemperatureUnit] = QStringLiteral("%\nRi delta");
-    m_texts[CurrentUnit] = QStringLiteral("Ri max");
-    m_texts[CapacityUnit] = QStringLiteral("Ri min");
+    m_texts[TemperatureUnit] = Texts::tr("%\nRi delta");
+    m_texts[CurrentUnit] = Texts::tr("Ri max");
+    m_texts[CapacityUnit] = Texts::tr("Ri min");
     m_texts[Voltage] = figure(summary.mean, 2);
     m_texts[Resistance] = figure(summary.sum, 1);
     m_texts[Temperature] = figure(summary.complete ? summary.spreadPercent() : 0.0, 0);
@@ -212,12 +212,12 @@ void DataFigures::enterStatisticsView()
     m_statistics = true;
     for (const Colouring &colouring : colourings)
         m_colours[colouring.item] = colouring.statistics;
-    m_texts[VoltageUnit] = QStringLiteral("V avg");
-    m_texts[ResistanceUnit] = QStringLiteral("Ah max");
+    m_texts[VoltageUnit] = Texts::tr("V avg");
+    m_texts[ResistanceUnit] = Texts::tr("Ah max");
     m_texts[SlopeUnit] = QStringLiteral("%");
-    m_texts[CurrentUnit] = QStringLiteral("V max");
-    m_texts[TemperatureUnit] = QStringLiteral("V delta");
-    m_texts[CapacityUnit] = QStringLiteral("V min");
+    m_texts[CurrentUnit] = Texts::tr("V max");
+    m_texts[TemperatureUnit] = Texts::tr("V delta");
+    m_texts[CapacityUnit] = Texts::tr("V min");
 }
 
 void DataFigures::showVoltage()

@@ -38,10 +38,10 @@ Extremes extremesOf(const PackVoltages &pack, const QVector<int> &cells)
         *std::min_element(cells.begin(), cells.end(), lower)};
 }
 
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("VoltageComparison", text);
-}
+/// Where texts of no object are translated.
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(VoltageComparison)
+};
 
 QString voltsText(int millivolts)
 {
@@ -66,10 +66,10 @@ QVector<int> VoltageChart::shownCells(const PackVoltages &pack) const
 QString VoltageChart::noCellText(const PackVoltages &pack) const
 {
     if (!pack.hasCellData)
-        return translated("No cell data");
+        return Texts::tr("No cell data");
     if (oneCell >= 0)
-        return translated("No cell %1").arg(oneCell + 1);
-    return selection == AllButSelected ? translated("All cells are hidden.") : translated("No cell selected");
+        return Texts::tr("No cell %1").arg(oneCell + 1);
+    return selection == AllButSelected ? Texts::tr("All cells are hidden.") : Texts::tr("No cell selected");
 }
 
 int VoltageChart::top() const
@@ -196,7 +196,7 @@ void VoltageChart::paint(QPainter &painter, const QSize &size, int scroll) const
     painter.setPen(ChartPaint::textColour(blackGround));
     if (packs.isEmpty()) {
         ChartPaint::drawFitted(
-            painter, QRect(QPoint(0, 0), size), Qt::AlignCenter, translated("NO DATA"), 40, scale);
+            painter, QRect(QPoint(0, 0), size), Qt::AlignCenter, Texts::tr("NO DATA"), 40, scale);
         return;
     }
     const VoltageAxis shared = axis();
@@ -254,8 +254,8 @@ void VoltageChart::paintHeader(QPainter &painter, const PackVoltages &pack, cons
         ChartPaint::drawFitted(painter,
             {group.left + px(4), px(headerHeight - 2), group.width - px(8), px(textLine)},
             Qt::AlignLeft | Qt::AlignVCenter,
-            translated("No line since %1").arg(pack.staleSince.time().toString(QStringLiteral("HH:mm:ss"))),
-            8, scale);
+            Texts::tr("No line since %1").arg(pack.staleSince.time().toString(QStringLiteral("HH:mm:ss"))), 8,
+            scale);
 }
 
 void VoltageChart::paintBars(
@@ -308,9 +308,9 @@ void VoltageChart::paintFigures(
     const int highest = pack.voltages[extremes.highest];
     const int lowest = pack.voltages[extremes.lowest];
     const QString texts[] = {
-        translated("Max %1, cell %2").arg(voltsText(highest), QString::number(extremes.highest + 1)),
-        translated("Min %1, cell %2").arg(voltsText(lowest), QString::number(extremes.lowest + 1)),
-        translated("Spread %1")
+        Texts::tr("Max %1, cell %2").arg(voltsText(highest), QString::number(extremes.highest + 1)),
+        Texts::tr("Min %1, cell %2").arg(voltsText(lowest), QString::number(extremes.lowest + 1)),
+        Texts::tr("Spread %1")
             .arg(FigureText::fixed((double(highest) - lowest) / 1000.0, 0, 3) + QStringLiteral(" V")),
     };
     for (int i = 0; i < figureLines; ++i)

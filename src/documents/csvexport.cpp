@@ -62,9 +62,9 @@ struct Column {
 };
 
 const Column recordColumns[] = {
-    {"device", [](Row &row, const Varnel3Data &r) { row.add(Varnel3Data::deviceName(r.device).toUtf8()); }},
+    {"device", [](Row &row, const Varnel3Data &r) { row.add(Varnel3Data::deviceInFiles(r.device)); }},
     {"time [s]", [](Row &row, const Varnel3Data &r) { row.add(r.time); }},
-    {"mode", [](Row &row, const Varnel3Data &r) { row.add(Varnel3Data::modeName(r.mode).toUtf8()); }},
+    {"mode", [](Row &row, const Varnel3Data &r) { row.add(Varnel3Data::modeInFiles(r.mode)); }},
     {"chemistry",
         [](Row &row, const Varnel3Data &r) { row.add(Varnel3Data::cellTypeName(r.cellType).toUtf8()); }},
     {"cells", [](Row &row, const Varnel3Data &r) { row.add(r.cellCount); }},

@@ -28,10 +28,10 @@ QString finalTarget(const QString &fileName)
     return target.filePath();
 }
 
-QString text(const char *english)
-{
-    return QCoreApplication::translate("WriteOutcome", english);
-}
+/// Where texts of no object are translated.
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(WriteOutcome)
+};
 
 } // namespace
 
@@ -79,7 +79,7 @@ void WholeFile::open()
 {
     const QFileInfo info(m_target);
     if (info.isSymLink())
-        return fail(text("too many links"));
+        return fail(Texts::tr("too many links"));
     if (info.exists() && !info.isFile())
         return openSpecial();
     auto replacement = std::make_unique<QSaveFile>(m_target);
@@ -92,7 +92,7 @@ void WholeFile::open()
 void WholeFile::openSpecial()
 {
     if (m_allowed == Kind::Regular)
-        return fail(text("not a regular file"));
+        return fail(Texts::tr("not a regular file"));
     const int descriptor = openSpecialFile(m_target);
     if (descriptor < 0)
         return fail(qt_error_string());
@@ -126,7 +126,7 @@ void WholeFile::bringToDisk()
 void WholeFile::commit()
 {
     if (!m_synced.get())
-        return fail(text("The disk did not take all of it."));
+        return fail(Texts::tr("The disk did not take all of it."));
     if (!(m_replacement ? m_replacement->commit() : m_device->flush()))
         return fail(m_device->errorString());
     const int folder = m_replacement ? openFolder(QFileInfo(m_target).path()) : -1;

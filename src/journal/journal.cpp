@@ -20,10 +20,10 @@ constexpr int mostPieces = 16; // in one go; some 20 ms
 constexpr int usualWaiting = 8192; // bytes; taken beforehand, since a line must not need memory
 constexpr int mostWaiting = 64 * 1024 * 1024; // bytes; the hours that a full disk may stay full
 
-QString text(const char *english)
-{
-    return QCoreApplication::translate("Journal", english);
-}
+/// Where texts of no object are translated.
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(Journal)
+};
 
 } // namespace
 
@@ -143,7 +143,7 @@ void Journal::abandonFile()
     const QString name = m_fileName;
     create();
     m_listener.replaced(name, m_fileName);
-    stall(text("the file was removed or replaced")); // until all is in the new one
+    stall(Texts::tr("the file was removed or replaced")); // until all is in the new one
 }
 
 // A slice at a time, so that a long file holds nobody up. False while there is more.
@@ -193,7 +193,7 @@ int Journal::write(const QByteArray &lines)
 void Journal::takeOutcome()
 {
     if (!m_waiting.isEmpty()) {
-        stall(m_failure.isEmpty() ? text("the disk is full") : m_failure);
+        stall(m_failure.isEmpty() ? Texts::tr("the disk is full") : m_failure);
         return;
     }
     const bool failing = m_syncer.isFailing(m_descriptor);
@@ -201,7 +201,7 @@ void Journal::takeOutcome()
     if (m_state == State::Ending) {
         close();
     } else if (failing) {
-        stall(text("the disk reports an error"));
+        stall(Texts::tr("the disk reports an error"));
     } else if (m_state == State::Stalled) {
         m_state = State::Writing;
         m_listener.stalled(*this, QString());

@@ -4,49 +4,49 @@
 
 namespace {
 
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("PortObstacle", text);
-}
+/// Where texts of no object are translated.
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(PortObstacle)
+};
 
 QString processText(const PortObstacle &obstacle)
 {
-    return translated("\"%1\", process %2").arg(obstacle.program, QString::number(obstacle.process));
+    return Texts::tr("\"%1\", process %2").arg(obstacle.program, QString::number(obstacle.process));
 }
 
 QString busyText(const PortObstacle &obstacle)
 {
     if (obstacle.program.isEmpty())
-        return translated("Another program holds the port.");
+        return Texts::tr("Another program holds the port.");
     if (obstacle.user.isEmpty())
-        return translated("Another program holds the port: %1.").arg(processText(obstacle));
-    return translated("Another program holds the port: %1 of the user \"%2\".")
+        return Texts::tr("Another program holds the port: %1.").arg(processText(obstacle));
+    return Texts::tr("Another program holds the port: %1 of the user \"%2\".")
         .arg(processText(obstacle), obstacle.user);
 }
 
 QString rightsText(const PortObstacle &obstacle)
 {
     if (obstacle.group.isEmpty())
-        return translated("You have no right to use the port.");
-    return translated("You have no right to use the port. Join the group \"%1\" and log in again.")
+        return Texts::tr("You have no right to use the port.");
+    return Texts::tr("You have no right to use the port. Join the group \"%1\" and log in again.")
         .arg(obstacle.group);
 }
 
 QString ownText(const PortObstacle &obstacle)
 {
     if (obstacle.names.isEmpty())
-        return translated("This program listens on the port already.");
-    return translated("This program listens on the same device already, under another name: %1.")
+        return Texts::tr("This program listens on the port already.");
+    return Texts::tr("This program listens on the same device already, under another name: %1.")
         .arg(obstacle.names.join(QStringLiteral(", ")));
 }
 
 QString lockText(const PortObstacle &obstacle)
 {
     const QString cause = obstacle.program.isEmpty()
-        ? translated("A program that has ended has left its lock behind.")
-        : translated("A program that has ended has left its lock behind: %1.").arg(processText(obstacle));
+        ? Texts::tr("A program that has ended has left its lock behind.")
+        : Texts::tr("A program that has ended has left its lock behind: %1.").arg(processText(obstacle));
     return cause + QLatin1Char('\n')
-        + translated("The user \"%1\" or an administrator has to remove the file %2.")
+        + Texts::tr("The user \"%1\" or an administrator has to remove the file %2.")
               .arg(obstacle.user, obstacle.file);
 }
 
@@ -56,21 +56,21 @@ QString thingText(PortObstacle::Thing thing)
     case PortObstacle::Pipe:
         break;
     case PortObstacle::Socket:
-        return translated("a socket");
+        return Texts::tr("a socket");
     case PortObstacle::Link:
-        return translated("a link");
+        return Texts::tr("a link");
     case PortObstacle::Folder:
-        return translated("a folder");
+        return Texts::tr("a folder");
     case PortObstacle::Device:
-        return translated("a device");
+        return Texts::tr("a device");
     }
-    return translated("a pipe");
+    return Texts::tr("a pipe");
 }
 
 QString strangeText(const PortObstacle &obstacle)
 {
-    return translated("%1 should be the port's lock file and is %2.\n"
-                      "The user \"%3\" or an administrator has to remove it.")
+    return Texts::tr("%1 should be the port's lock file and is %2.\n"
+                     "The user \"%3\" or an administrator has to remove it.")
         .arg(obstacle.file, thingText(obstacle.thing), obstacle.user);
 }
 
@@ -90,7 +90,7 @@ QString adviceAgainst(const PortObstacle &obstacle)
     case PortObstacle::StrangeLock:
         return strangeText(obstacle);
     case PortObstacle::NoLockFolder:
-        return translated("You have no right to make lock files in %1.").arg(obstacle.file);
+        return Texts::tr("You have no right to make lock files in %1.").arg(obstacle.file);
     }
     return busyText(obstacle);
 }

@@ -42,10 +42,10 @@ struct Changes {
     Stamp written; // the file after the last success
 };
 
-QString text(const char *english)
-{
-    return QCoreApplication::translate("SettingsKeeper", english);
-}
+/// Where texts of no object are translated.
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(SettingsKeeper)
+};
 
 // The plain form of a key, which may be written with a slash in front.
 QString plain(const QString &key)
@@ -86,8 +86,9 @@ QString writeFile(const QString &fileName, const Values &values)
         return reason;
     QLockFile lock(fileName + QStringLiteral(".lock")); // the name under which QSettings looks for one
     if (!lock.tryLock(lockTime))
-        return text(lock.error() == QLockFile::PermissionError ? "its folder is protected against writing"
-                                                               : "another program holds it");
+        return lock.error() == QLockFile::PermissionError
+            ? Texts::tr("its folder is protected against writing")
+            : Texts::tr("another program holds it");
     const QString fresh = target + QStringLiteral(".new");
     QFile::remove(fresh);
     QFile old(target);
@@ -96,7 +97,7 @@ QString writeFile(const QString &fileName, const Values &values)
     {
         QSettings settings(fresh, QSettings::IniFormat);
         if (!apply(values, &settings))
-            return text("the disk is full or reports an error");
+            return Texts::tr("the disk is full or reports an error");
     }
     std::error_code error;
     std::filesystem::rename(fresh.toStdU16String(), target.toStdU16String(), error);

@@ -6,8 +6,6 @@
 #include "graph/scene/valuerange.h"
 #include "series/seriesstore.h"
 
-#include <QCoreApplication>
-
 #include <cmath>
 
 namespace {
@@ -16,11 +14,6 @@ constexpr double milli = 1000.0;
 constexpr int emphasis = 2; // px, pen of a selected cell
 constexpr double slopeUnit = 10.0; // mV/min; a course of a few of them is real
 constexpr double deltaUnit = 0.1; // V; cells drift by millivolts
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("GraphScene", text);
-}
 
 GraphColours coloursOf(const GraphRequest &request)
 {
@@ -230,10 +223,10 @@ void GraphScene::addTemperature(const GraphRequest &request)
     const Interval course = courseOf(request, SeriesStore::Temperature);
     const Interval range = ValueRange::ofTemperature(course.low, course.high);
     curves.append({PlotArea::Lower, SeriesStore::Temperature, 0, range, colours.temperature(),
-        colours.curveWidth(), tr("Temp."), tr("\u00b0C"), 1.0, 1});
-    axes.append({PlotArea::Lower, Side::Left, range, tr("\u00b0C"), 1, 4, colours.temperature()});
+        colours.curveWidth(), tr("Temp."), QStringLiteral("°C"), 1.0, 1});
+    axes.append({PlotArea::Lower, Side::Left, range, QStringLiteral("°C"), 1, 4, colours.temperature()});
     lowerLegend.append(
-        {tr("Temp."), FigureText::fixed(newestOf(request).temperature / 10.0, 0, 1) + tr(" \u00b0C"),
+        {tr("Temp."), FigureText::fixed(newestOf(request).temperature / 10.0, 0, 1) + QStringLiteral(" °C"),
             colours.temperature()});
 }
 

@@ -3,6 +3,7 @@
 #include "graph/scene/graphlayout.h"
 
 #include <QColor>
+#include <QCoreApplication>
 #include <QString>
 
 struct GraphRequest;
@@ -10,6 +11,9 @@ struct GraphRequest;
 /// What a graph shows: which curves, axes and legend texts stand in which plot. Made from a
 /// request; knows no pixel but widths.
 struct GraphScene {
+    Q_DECLARE_TR_FUNCTIONS(GraphScene)
+
+public:
     struct Curve {
         PlotArea area;
         int series; ///< SeriesStore::Kind
