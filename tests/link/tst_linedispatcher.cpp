@@ -6,6 +6,7 @@
 #include "support/fakelink.h"
 #include "support/fakeshell.h"
 #include "support/limits.h"
+#include "support/literal.h"
 #include "support/shellfixture.h"
 
 #include <QtTest>
@@ -43,7 +44,6 @@ private slots:
     void keepsWhatTheClosedWindowMissed();
     void isRecordingWhileTheDeviceIsHeard();
     void lineThatLacksMemoryIsLeftOut();
-    void carriesOverWhatADialectDoesNotSend();
     void setsTheClockOncePerPort();
 
 private:
@@ -76,7 +76,7 @@ void LineDispatcherTest::tell(const Story &story)
         else if (step == endShot)
             dispatcher->endProcess();
         else if (!isSilence && dispatcher->processLine(step))
-            shell->calls.append(QStringLiteral("armed"));
+            shell->calls.append("armed");
     }
     QCoreApplication::processEvents();
 }
@@ -112,6 +112,8 @@ void LineDispatcherTest::sortsLinesIntoRecordings_data()
         {{"0", "0", "end"}, {"0"}});
     row("balancer: another chemistry", {tandorLine(6), tandorLine(6, "05"), tandorLine(6, "05")},
         {{"0", "0", "end"}, {"0"}});
+    // It sends no time: where a charger with the same pack spoke before, the charger's stays.
+    row("balancer after a charger", {at(5), tandorLine(), tandorLine()}, {{"5", "5", "5"}});
     row("balancer after 21 s of silence", {tandorLine(), "21", tandorLine()}, {{"0", "end"}, {"0"}});
 
     row("bad lines are dropped",
@@ -140,7 +142,7 @@ void LineDispatcherTest::sortsLinesIntoRecordings()
     tell(story);
     QCOMPARE(shell->windowRecordings(), recordings);
     QCOMPARE(shell->logs, recordings);
-    QCOMPARE(shell->calls.count(QStringLiteral("started")), recordings.size());
+    QCOMPARE(shell->calls.count("started"), recordings.size());
 }
 
 void LineDispatcherTest::announcesEnds_data()
@@ -178,23 +180,25 @@ void LineDispatcherTest::keepsWhatTheClosedWindowMissed()
         varnel3Line(0), varnel3Line(1), shutWindow, varnel3Line(2)});
     QCOMPARE(shell->windowRecordings(), Recordings({{"5"}, {"0", "end"}, {"1"}}));
     QCOMPARE(shell->logs, Recordings({{"5", "!", "6", "7", "end"}, {"0", "end"}, {"1", "2"}}));
-    shell->calls.removeAll(QStringLiteral("started"));
+    shell->calls.removeAll("started");
     QCOMPARE(shell->calls, QStringList({"unwatched COM7", "unwatched COM7"}));
-    QCOMPARE(shell->windows[2]->portName, QStringLiteral("COM7"));
+    QCOMPARE(shell->windows[2]->portName, "COM7"_s);
     QCOMPARE(shell->windows[2]->link, device.get());
 }
 
 void LineDispatcherTest::isRecordingWhileTheDeviceIsHeard()
 {
-    QVERIFY(!dispatcher->isRecording());
+    const auto state
+        = [this] { return 10 * int(dispatcher->isNewProcess()) + int(dispatcher->isRecording()); };
+    QCOMPARE(state(), 10);
     tell({varnel3Line(5), "20"});
-    QVERIFY(dispatcher->isRecording());
+    QCOMPARE(state(), 1);
     tell({"1"});
-    QVERIFY(!dispatcher->isRecording() && !dispatcher->isNewProcess());
+    QCOMPARE(state(), 0);
     tell({varnel3Line(27)});
-    QVERIFY(dispatcher->isRecording());
+    QCOMPARE(state(), 1);
     dispatcher->reset();
-    QVERIFY(!dispatcher->isRecording() && dispatcher->isNewProcess());
+    QCOMPARE(state(), 10);
 }
 
 void LineDispatcherTest::lineThatLacksMemoryIsLeftOut()
@@ -206,36 +210,22 @@ void LineDispatcherTest::lineThatLacksMemoryIsLeftOut()
         tell({varnel3Line(5), endless, varnel3Line(7)});
     }
     QCOMPARE(shell->logs, Recordings({{"5", "7"}}));
-    QCOMPARE(
-        shell->calls, QStringList({"status 5000 Not enough memory: a line of COM7 is left out.", "started"}));
-}
-
-// A balancer sends no time: where a charger with the same pack spoke before, the charger's stays.
-void LineDispatcherTest::carriesOverWhatADialectDoesNotSend()
-{
-    tell({varnel3Line(5), tandorLine(), tandorLine()});
-    QCOMPARE(shell->windowRecordings(), Recordings({{"5", "5", "5"}}));
+    QCOMPARE(shell->calls.value(0), "status 5000 Not enough memory: a line of COM7 is left out."_s);
 }
 
 void LineDispatcherTest::setsTheClockOncePerPort()
 {
-    QCOMPARE(
-        clockCommand(QDateTime({2026, 11, 15}, {13, 42, 5})), QStringLiteral("#TIME!05:42:13:15:11:26\r\n"));
-    const Story twoProcesses
-        = {varnel3Line(5), ending('E'), endShot, varnel3Line(0), ending('E', 1), endShot};
-    tell(twoProcesses);
-    QCOMPARE(device->commands, QStringList());
-    QVERIFY(shell->claimedClocks.isEmpty());
-
+    QCOMPARE(clockCommand(QDateTime({2026, 11, 15}, {13, 42, 5})), "#TIME!05:42:13:15:11:26\r\n"_s);
+    const Story process = {varnel3Line(5), ending('E'), endShot};
+    tell(process);
+    QVERIFY(device->commands.isEmpty() && shell->claimedClocks.isEmpty());
     VarnelSettings().setSendTime(true);
     tell({varnel3Line(5), varnel3Line(6)});
-    QCOMPARE(device->commands.size(), 1);
-    QVERIFY(device->commands[0].startsWith(QLatin1String("#TIME!")));
-    tell({ending('E', 7), endShot});
-    QCOMPARE(device->commands.size(), 2);
-    tell(twoProcesses);
-    QCOMPARE(device->commands.size(), 2);
+    QCOMPARE(shell->claimedClocks, QStringList("COM7 start"));
+    tell(Story{ending('E', 7), endShot} + process);
     QCOMPARE(shell->claimedClocks, QStringList({"COM7 start", "COM7 end"}));
+    QCOMPARE(device->commands.size(), 2);
+    QVERIFY(device->commands[0].startsWith("#TIME!"_s) && device->commands[1].startsWith("#TIME!"_s));
 }
 
 QTEST_GUILESS_MAIN(LineDispatcherTest)
