@@ -1,6 +1,7 @@
 #include "app/commandline.h"
 
 #include "documents/graphfile.h"
+#include "settings/language.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -21,11 +22,14 @@ struct Option {
     const char *description;
 };
 
+constexpr char languageName[] = "language";
 constexpr char exportName[] = "export-csv";
 constexpr char renderName[] = "render";
 constexpr char sizeName[] = "size";
 
 const Option options[] = {
+    {languageName, "code",
+        QT_TRANSLATE_NOOP("CommandLine", "Language of the texts: en, pl or de. Numbers follow the system.")},
     {exportName, "out",
         QT_TRANSLATE_NOOP(
             "CommandLine", "Write the recording FILE to <out> as comma-separated values and leave.")},
@@ -79,6 +83,11 @@ void refuse(CommandLine &line, const QString &why)
         + Texts::tr("Usage: varnelgraph [options] [FILE...]; see varnelgraph --help.") + QLatin1Char('\n');
 }
 
+void refuseWord(CommandLine &line, const char *option, const QString &word)
+{
+    refuse(line, QStringLiteral("--%1: ").arg(QLatin1String(option)) + Texts::tr("unknown word ") + word);
+}
+
 bool readSize(const QString &text, QSize *size)
 {
     const QStringList sides = text.split(QLatin1Char('x'));
@@ -124,8 +133,7 @@ void readDrawing(const QCommandLineParser &parser, CommandLine &line)
         const QStringList words = parser.values(name(option.name));
         for (const QString &word : words)
             if (!applyChoice(option.name, word, line.switches))
-                return refuse(line,
-                    QStringLiteral("--%1: ").arg(name(option.name)) + Texts::tr("unknown word ") + word);
+                return refuseWord(line, option.name, word);
     }
 }
 
@@ -173,6 +181,11 @@ CommandLine parseCommandLine(const QStringList &arguments)
     CommandLine line;
     if (!parser.parse(arguments)) {
         refuse(line, parser.errorText());
+        return line;
+    }
+    line.language = parser.value(name(languageName));
+    if (parser.isSet(name(languageName)) && !Language::isKnown(line.language)) {
+        refuseWord(line, languageName, line.language);
         return line;
     }
     line.files = parser.positionalArguments();

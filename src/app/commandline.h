@@ -17,6 +17,7 @@ struct CommandLine {
 
     Task task = Run;
     QStringList files;
+    QString language; ///< code of the texts' language; empty where the command line chooses none
     QString output; ///< a path; "-" is standard output
     QSize size = QSize(1000, 600); ///< of a drawing, pixels
     ViewSwitches switches; ///< of a drawing

@@ -6,7 +6,9 @@
 #include "app/process/singleinstance.h"
 #include "machine/sleepblock.h"
 #include "app/stylesheet.h"
+#include "app/translators.h"
 #include "resources/resources.h"
+#include "settings/language.h"
 #include "settings/settingskeeper.h"
 #include "settings/varnelsettings.h"
 
@@ -91,11 +93,18 @@ int runProgram(const QStringList &files)
     return leave(code);
 }
 
+/// The program speaks the user's language from here on, and so does what the command line is answered.
+CommandLine understood(const QStringList &words)
+{
+    installLanguage(Language::chosen(parseCommandLine(words).language, VarnelSettings().language()));
+    return parseCommandLine(words);
+}
+
 /// Looked at before there is a graphical application object: that ends the program where no display is.
 CommandLine lookAhead(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
-    return parseCommandLine(withoutToolkitWords(QCoreApplication::arguments()));
+    return understood(withoutToolkitWords(QCoreApplication::arguments()));
 }
 
 } // namespace
@@ -113,7 +122,7 @@ int main(int argc, char **argv)
     else if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen"); // there may be no display, and none is needed
     QApplication application(argc, argv);
-    const CommandLine line = parseCommandLine(QCoreApplication::arguments());
+    const CommandLine line = understood(QCoreApplication::arguments());
     if (line.isBatch()) {
         QLoggingCategory::setFilterRules(
             QStringLiteral("*.debug=false")); // standard error is for what goes wrong

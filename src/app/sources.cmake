@@ -10,5 +10,6 @@ target_sources(varnel_gui PRIVATE
     app/shellplace.cpp app/shellplace.h
     app/stylesheet.cpp app/stylesheet.h
     app/toolscommands.cpp app/toolscommands.h
+    app/translators.cpp app/translators.h
     app/viewswitchboard.cpp app/viewswitchboard.h
 )

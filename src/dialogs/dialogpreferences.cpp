@@ -4,8 +4,10 @@
 #include "widgets/plaintooltip.h"
 #include "link/serialreader.h"
 #include "ports/portinfo.h"
+#include "settings/language.h"
 #include "settings/varnelsettings.h"
 
+#include <QComboBox>
 #include <QFormLayout>
 #include <QHash>
 #include <QLabel>
@@ -18,6 +20,8 @@ namespace {
 
 constexpr int mostNamedPorts
     = 6; // of those without a usable name: the rest would need more room than there is
+
+constexpr int languageRow = 33; // px, below all that has a place of its own
 
 struct Button {
     const char *text;
@@ -59,13 +63,14 @@ bool isAdapter(const PortInfo &port)
 DialogPreferences::DialogPreferences(QWidget *parent)
     : QDialog(parent)
 {
-    setFixedSize(425, 312);
+    setFixedSize(425, 312 + languageRow);
     setWindowTitle(tr("Varnel - preferences"));
     createPortList();
     sendTimeBox = new QCheckBox(tr("Set varnel3's time while starting"), this);
     sendTimeBox->setObjectName(QStringLiteral("sendTime"));
     sendTimeBox->setGeometry(20, 210, 355, 20);
     createButtons();
+    createLanguageBox();
     QMetaObject::connectSlotsByName(this);
 
     on_preferencesButtonRefresh_clicked();
@@ -73,6 +78,7 @@ DialogPreferences::DialogPreferences(QWidget *parent)
     portsBefore = settings.ports();
     checkPorts(portsBefore);
     sendTimeBox->setChecked(settings.sendTime());
+    languageBox->setCurrentIndex(std::max(0, languageBox->findData(settings.language())));
 }
 
 QString DialogPreferences::noPortText(const QVector<PortInfo> &present, const QString &linkFolder)
@@ -123,6 +129,22 @@ void DialogPreferences::createButtons()
     label->setGeometry(20, 280, 251, 20);
 }
 
+void DialogPreferences::createLanguageBox()
+{
+    const QString tip = tr("Of the texts. Numbers and dates are written as the system has them.");
+    auto *label = new QLabel(tr("Language, from the next start on:"), this);
+    label->setGeometry(20, 312, 251, 20);
+    label->setToolTip(tip);
+    languageBox = new QComboBox(this);
+    languageBox->setObjectName(QStringLiteral("language"));
+    languageBox->setGeometry(280, 310, 120, 23);
+    languageBox->setToolTip(tip);
+    languageBox->addItem(tr("System"), QString());
+    for (const Language &language : Language::all())
+        languageBox->addItem(language.name, language.code);
+    label->setBuddy(languageBox);
+}
+
 void DialogPreferences::accept()
 {
     VarnelSettings settings;
@@ -134,6 +156,7 @@ void DialogPreferences::accept()
     }
     settings.setPorts(ports);
     settings.setSendTime(sendTimeBox->isChecked());
+    settings.setLanguage(languageBox->currentData().toString());
     QDialog::accept();
 }
 
@@ -159,6 +182,7 @@ void DialogPreferences::on_preferencesButtonReset_clicked()
     for (CheckBoxComPort *box : qAsConst(boxes))
         box->setChecked(false);
     sendTimeBox->setChecked(false);
+    languageBox->setCurrentIndex(0);
 }
 
 void DialogPreferences::addRow(const QString &portName, const QString &toolTip)

@@ -6,11 +6,13 @@
 
 class CheckBoxComPort;
 class QCheckBox;
+class QComboBox;
 class QFormLayout;
 class QScrollArea;
 struct PortInfo;
 
-/// Which ports to listen on, and whether to set a device's clock when it starts sending. Stores on OK only.
+/// Which ports to listen on, whether to set a device's clock when it starts sending, and the language of the
+/// texts. Stores on OK only.
 class DialogPreferences : public QDialog {
     Q_OBJECT
 
@@ -33,6 +35,7 @@ private slots:
 private:
     void createPortList();
     void createButtons();
+    void createLanguageBox();
     void addRow(const QString &portName, const QString &toolTip);
     void addNote(const QString &text);
     QStringList checkedPorts() const;
@@ -43,4 +46,5 @@ private:
     QVector<CheckBoxComPort *> boxes; ///< in row order
     QStringList portsBefore; ///< in the preferences when the dialog opened
     QCheckBox *sendTimeBox;
+    QComboBox *languageBox; ///< the data of an item is its code, empty for the system's
 };

@@ -5,4 +5,5 @@
 void initResources()
 {
     Q_INIT_RESOURCE(varnel);
+    Q_INIT_RESOURCE(translations);
 }

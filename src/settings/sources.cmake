@@ -1,4 +1,5 @@
 target_sources(varnel_core PRIVATE
+    settings/language.cpp settings/language.h
     settings/settingskeeper.cpp settings/settingskeeper.h
     settings/settingskeys.h
     settings/varnelsettings.cpp settings/varnelsettings.h

@@ -71,6 +71,17 @@ void VarnelSettings::setSendTime(bool on)
     sync();
 }
 
+QString VarnelSettings::language() const
+{
+    return value(SettingsKey::language).toString();
+}
+
+void VarnelSettings::setLanguage(const QString &code)
+{
+    setValue(SettingsKey::language, code.isEmpty() ? QVariant() : QVariant(code));
+    sync();
+}
+
 bool VarnelSettings::journalEnabled() const
 {
     return value(SettingsKey::journalEnabled, true).toBool();

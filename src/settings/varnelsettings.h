@@ -29,6 +29,10 @@ public:
     bool sendTime() const;
     /// Stored at once.
     void setSendTime(bool on);
+    /// The code of the language that the user wants the texts in; empty for the system's.
+    QString language() const;
+    /// Stored at once; an empty code removes it.
+    void setLanguage(const QString &code);
     /// Whether live recordings are written to the journal's folder as they
     /// arrive: journal/enabled, on until set.
     bool journalEnabled() const;

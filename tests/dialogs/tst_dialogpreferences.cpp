@@ -4,6 +4,7 @@
 #include "support/shellrig.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QPushButton>
 
 /// Choosing ports while they come and go.
@@ -48,7 +49,7 @@ void TestDialogPreferences::storedOnOk()
     VarnelSettings().setPorts({QStringLiteral("COM3")});
     DialogPreferences dialog(nullptr);
     QCOMPARE(dialog.windowTitle(), QStringLiteral("Varnel - preferences"));
-    QCOMPARE(dialog.minimumSize(), QSize(425, 312));
+    QCOMPARE(dialog.minimumSize(), QSize(425, 345));
     QCOMPARE(dialog.maximumSize(), dialog.minimumSize());
     VarnelSettings().setPorts({QStringLiteral("COM3"), QStringLiteral("COM7")}); // by an answer meanwhile
     QCOMPARE(ticks(dialog), QStringLiteral("COM10 COM3*"));
@@ -56,12 +57,18 @@ void TestDialogPreferences::storedOnOk()
     for (CheckBoxComPort *box : boxes)
         box->setChecked(true);
     dialog.findChild<QCheckBox *>(QStringLiteral("sendTime"))->setChecked(true);
+    dialog.findChild<QComboBox *>(QStringLiteral("language"))->setCurrentText(QStringLiteral("Polski"));
     QVERIFY(!VarnelSettings().ports().contains(QStringLiteral("COM10")));
     click(dialog, "Ok");
     QCOMPARE(dialog.result(), int(QDialog::Accepted));
     QCOMPARE(VarnelSettings().ports(),
         QStringList({QStringLiteral("COM10"), QStringLiteral("COM3"), QStringLiteral("COM7")}));
     QVERIFY(VarnelSettings().sendTime());
+    QCOMPARE(VarnelSettings().language(), QStringLiteral("pl"));
+    DialogPreferences again(nullptr);
+    click(again, "Reset");
+    click(again, "Ok");
+    QVERIFY(!VarnelSettings().contains(QStringLiteral("language"))); // the system's
 }
 
 void TestDialogPreferences::absentPortIsForgotten()
