@@ -4,6 +4,8 @@
 #include "app/mainwindow.h"
 #include "app/settingsnotice.h"
 #include "app/process/singleinstance.h"
+#include "app/process/stopsignals.h"
+#include "app/sessionend.h"
 #include "machine/sleepblock.h"
 #include "app/stylesheet.h"
 #include "app/translators.h"
@@ -84,6 +86,8 @@ int runProgram(const QStringList &files)
     auto window = std::make_unique<MainWindow>();
     QObject::connect(&instance, SIGNAL(called(QStringList)), window.get(), SLOT(comeForward(QStringList)));
     new SettingsNotice(window.get());
+    QObject::connect(
+        new StopSignals(qApp), SIGNAL(arrived()), window->findChild<SessionEnd *>(), SLOT(end()));
     window->show();
     window->openFiles(files);
     const int code = QApplication::exec();

@@ -104,7 +104,7 @@ void MainWindow::createParts()
     documents = new Documents(this, strip, writer, graphs, displays, windowFiles);
     unsaved = new UnsavedWindows(this, graphs, documents, windowFiles, writer);
     graphs->setCloseGuard(unsaved);
-    new SessionEnd(this, writer);
+    new SessionEnd(this, {writer, unsaved, ports});
     tools = new ToolsCommands(this, actions, graphs, documents, writer, windowFiles);
     targets = std::make_unique<DeviceTargets>(ports, live.get());
     commands = new DeviceCommands(targets.get(), this);
@@ -202,6 +202,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
         event->ignore();
         return;
     }
+    ports->readRest();
     writeSettings();
     documents->cancelOpening();
     graphs->setEnding();

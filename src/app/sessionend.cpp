@@ -1,53 +1,84 @@
 #include "app/sessionend.h"
 
+#include "devices/listenedports.h"
 #include "documents/filewriter.h"
+#include "documents/unsavedwindows.h"
 
 #include <QApplication>
-#include <QEventLoop>
-#include <QSessionManager>
+#include <QCloseEvent>
+#include <QDeadlineTimer>
+#include <QTimer>
 #include <QWidget>
 
+#include <utility>
+
+namespace {
+
+// The disk may not answer, or the file be large. Nothing of a recording hangs on it: what no other file holds
+// is rescued afterwards. Windows calls a program that takes longer than five seconds one that hangs.
+constexpr std::chrono::seconds savingTime(3);
+constexpr std::chrono::seconds rescueTime(10); // there is no other copy
+constexpr int lookTime = 50; // ms
+
+// As if answered with Cancel. A box that does not let itself be closed is no reason to stay.
+void dismissDialogs()
+{
+    while (QWidget *dialog = QApplication::activeModalWidget()) {
+        if (!dialog->close())
+            dialog->hide();
+        if (QApplication::activeModalWidget() == dialog)
+            return;
+    }
+}
+
+} // namespace
+
 // The toolkit's own way closes the displays before the shell is asked.
-SessionEnd::SessionEnd(QWidget *shell, FileWriter *writer)
+SessionEnd::SessionEnd(QWidget *shell, const Parts &parts)
     : QObject(shell)
     , m_shell(shell)
-    , m_writer(writer)
+    , m_parts(parts)
 {
     QGuiApplication::setFallbackSessionManagementEnabled(false);
-    connect(qApp,
-        SIGNAL(commitDataRequest(QSessionManager&)), this,
-            SLOT(onCommitData(QSessionManager&)), Qt::DirectConnection);
+    connect(
+        qApp, SIGNAL(commitDataRequest(QSessionManager&)), this, SLOT(onCommitData()), Qt::DirectConnection);
 }
 
-// A session that allows no question does not wait for an answer either: only files are finished.
-void SessionEnd::onCommitData(QSessionManager &manager)
+void SessionEnd::onCommitData()
 {
-    waitForFiles();
-    if (!manager.allowsInteraction())
+    end();
+}
+
+void SessionEnd::end()
+{
+    closeShell();
+    QCoreApplication::quit();
+}
+
+// Closing by close() does nothing while the shell asks what its closing makes it ask.
+void SessionEnd::closeShell()
+{
+    if (std::exchange(m_ending, true))
         return;
-    const bool closed = closeShell();
-    manager.release();
-    if (!closed)
-        manager.cancel();
+    m_parts.unsaved->holdAll();
+    dismissDialogs();
+    waitForFiles(savingTime);
+    m_parts.ports->readRest();
+    m_parts.ports->closeAll();
+    m_parts.unsaved->rescueAll();
+    waitForFiles(rescueTime);
+    m_parts.unsaved->releaseAll();
+    QCloseEvent event;
+    QCoreApplication::sendEvent(m_shell, &event);
+    m_shell->hide();
 }
 
-bool SessionEnd::closeShell()
+void SessionEnd::waitForFiles(std::chrono::milliseconds time)
 {
-    waitForFiles();
-    // As if answered with Cancel: dialogs that ask what the session's end asks anew.
-    while (QWidget *dialog = QApplication::activeModalWidget())
-        if (!dialog->close())
-            return false;
-    m_shell->close();
-    waitForFiles(); // that the user wants to be saved, after which it closes
-    return !m_shell->isVisible();
-}
-
-void SessionEnd::waitForFiles()
-{
-    while (m_writer->isBusy()) {
-        QEventLoop loop;
-        connect(m_writer, SIGNAL(finished(bool)), &loop, SLOT(quit()));
-        loop.exec();
-    }
+    const QDeadlineTimer deadline(time);
+    QTimer look; // at the clock
+    look.start(lookTime);
+    while (m_parts.writer->isBusy() && !deadline.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    m_parts.writer->cancel();
 }

@@ -2,28 +2,42 @@
 
 #include <QObject>
 
-class FileWriter;
-class QSessionManager;
-class QWidget;
+#include <chrono>
 
-/// The end of the user's session: what is being written is finished first, and the shell closes as if the
-/// user had closed it, before its displays. Where it stays open, the session is asked to go on.
+class FileWriter;
+class ListenedPorts;
+class QWidget;
+class UnsavedWindows;
+
+/// The end of the user's session, or of the computer's: the shell closes as if the user had closed it, before
+/// its displays, but nothing is asked and nothing waits for long. What is being written is finished, what was
+/// received is read, and what no file holds is written to one.
 class SessionEnd : public QObject {
     Q_OBJECT
 
 public:
-    /// Both outlive this.
-    SessionEnd(QWidget *shell, FileWriter *writer);
+    /// All outlive this.
+    struct Parts {
+        FileWriter *writer;
+        UnsavedWindows *unsaved;
+        ListenedPorts *ports;
+    };
+    SessionEnd(QWidget *shell, const Parts &parts);
 
-    /// Closes the shell and waits for what is to be written first. False when it stays open.
-    bool closeShell();
+    /// Closes the shell, whatever is open above it; returns when it is closed. Harmless when called from within.
+    void closeShell();
+
+public slots:
+    /// Closes the shell and ends the program.
+    void end();
 
 private slots:
-    void onCommitData(QSessionManager &manager);
+    void onCommitData();
 
 private:
-    void waitForFiles();
+    void waitForFiles(std::chrono::milliseconds time);
 
     QWidget *m_shell;
-    FileWriter *m_writer;
+    Parts m_parts;
+    bool m_ending = false;
 };

@@ -209,6 +209,13 @@ void ListenedPorts::leave(const PortInfo &port)
     tellChanged();
 }
 
+void ListenedPorts::readRest()
+{
+    const QVector<SerialReader *> readers = m_readers;
+    for (SerialReader *reader : readers)
+        reader->readRest();
+}
+
 void ListenedPorts::closeAll()
 {
     const QStringList waiting = m_retries->ports();

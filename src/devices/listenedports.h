@@ -41,6 +41,8 @@ public:
     void pauseOrResume();
     /// After the preferences: listens on `ports` and no other.
     void synchronise(const QStringList &ports);
+    /// Handles what has been sent until now and waits in the system.
+    void readRest();
     /// At exit: closes every port and opens none of them again, without a word.
     void closeAll();
 

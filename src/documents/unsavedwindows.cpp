@@ -4,8 +4,11 @@
 #include "documents/filewriter.h"
 #include "desk/graphwindows.h"
 #include "desk/windowfiles.h"
+#include "files/datafilepieces.h"
+#include "journal/journalfolder.h"
 #include "graph/mdigraphchild.h"
 
+#include <QDebug>
 #include <QDir>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -51,12 +54,14 @@ UnsavedWindows::UnsavedWindows(
 
 bool UnsavedWindows::mayClose(MdiGraphChild *child)
 {
+    if (m_end == End::Held)
+        return false;
     if (m_writer->isBusy()) {
         if (!m_waiting.contains(child))
             m_waiting.append(child);
         return false;
     }
-    if (!m_settled && isInDanger(child) && !settle({child}, child->parentWidget()))
+    if (!m_settled && m_end == End::Unsaid && isInDanger(child) && !settle({child}, child->parentWidget()))
         return false;
     const bool reopenable
         = child->hasUnsavedData() && m_windowFiles->keepsAll(child) && child->store().size() >= leastRecords;
@@ -71,20 +76,61 @@ bool UnsavedWindows::mayClose(MdiGraphChild *child)
 
 bool UnsavedWindows::mayCloseAll()
 {
+    if (m_end != End::Unsaid)
+        return m_end == End::Released;
     m_shellWaits = m_writer->isBusy();
     if (m_shellWaits) {
         emit message(tr("The program closes when the file is written. Cancel gives the file up."), 0);
         return false;
     }
-    if (m_settled)
-        return true;
-    QList<MdiGraphChild *> endangered;
-    const QList<MdiGraphChild *> children = m_graphs->all();
-    for (MdiGraphChild *child : children) {
-        if (isInDanger(child))
-            endangered.append(child);
+    return m_settled || settle(endangered(), m_shell);
+}
+
+void UnsavedWindows::rescueAll()
+{
+    const QList<MdiGraphChild *> children = endangered();
+    for (MdiGraphChild *child : children)
+        rescue(child, {m_windowFiles->folder().path(), QDir::homePath(), QDir::tempPath()});
+}
+
+void UnsavedWindows::rescue(MdiGraphChild *child, QStringList folders)
+{
+    if (folders.isEmpty()) {
+        qWarning() << "The recording in window" << nameOf(child) << "could not be kept.";
+        return;
     }
-    return settle(endangered, m_shell);
+    const QString folder = folders.takeFirst();
+    QDir().mkpath(folder);
+    const QString fileName = nameToRescue(child, folder);
+    auto lines = std::make_unique<DataFilePieces>(child->store().records(), child->store().markedFrom());
+    const int count = lines->recordCount();
+    m_writer->add(fileName, std::move(lines), [=](const WriteOutcome &outcome) {
+        if (outcome.written)
+            child->markSaved(fileName, count);
+        else if (!outcome.cancelled)
+            rescue(child, folders);
+    });
+}
+
+// As a journal is called, so that it is found where journals are; the window's own may be there and lack lines.
+QString UnsavedWindows::nameToRescue(const MdiGraphChild *child, const QString &folder)
+{
+    const QString base = folder + QLatin1Char('/') + m_windowFiles->nameFor(child);
+    const QString ending = QStringLiteral(".acp");
+    QString name = base + ending;
+    for (int attempt = 2; m_rescued.contains(name) || QFileInfo::exists(name); ++attempt)
+        name = base + QLatin1Char('_') + QString::number(attempt) + ending;
+    m_rescued.append(name);
+    return name;
+}
+
+QList<MdiGraphChild *> UnsavedWindows::endangered() const
+{
+    QList<MdiGraphChild *> children = m_graphs->all();
+    children.erase(std::remove_if(children.begin(), children.end(),
+                       [this](const MdiGraphChild *child) { return !isInDanger(child); }),
+        children.end());
+    return children;
 }
 
 // Fewer records than make a file go with their window, as they do with their journal.

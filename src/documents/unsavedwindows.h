@@ -5,6 +5,7 @@
 #include <QList>
 #include <QObject>
 #include <QPointer>
+#include <QStringList>
 #include <QVector>
 
 class Documents;
@@ -29,6 +30,14 @@ public:
     /// it fails.
     bool mayCloseAll();
 
+    /// The session ends: from now on nobody is asked, and nothing closes before releaseAll().
+    void holdAll() { m_end = End::Held; }
+    /// Writes the records that no file holds to files beside the journals, or, where that fails, in the user's
+    /// home or the folder for temporary files. Done when nothing is written any more.
+    void rescueAll();
+    /// Everything may close, unasked.
+    void releaseAll() { m_end = End::Released; }
+
 signals:
     void message(const QString &text, int timeout);
 
@@ -37,6 +46,7 @@ private slots:
 
 private:
     enum Answer { Save, Discard, Cancel };
+    enum class End { Unsaid, Held, Released };
     struct Pending {
         QPointer<MdiGraphChild> child;
         QString fileName; ///< to save as; empty: not to be saved
@@ -44,6 +54,9 @@ private:
     };
 
     bool isInDanger(const MdiGraphChild *child) const;
+    QList<MdiGraphChild *> endangered() const;
+    void rescue(MdiGraphChild *child, QStringList folders);
+    QString nameToRescue(const MdiGraphChild *child, const QString &folder);
     bool settle(const QList<MdiGraphChild *> &children, QWidget *closing);
     void saveNext();
     void onSaved(bool saved);
@@ -61,4 +74,6 @@ private:
     bool m_settled = false; ///< m_closing closes: all is answered and saved
     QVector<QPointer<MdiGraphChild>> m_waiting; ///< to be closed when nothing is written any more
     bool m_shellWaits = false; ///< so is the shell
+    End m_end = End::Unsaid; ///< of the session
+    QStringList m_rescued; ///< files that records are rescued into
 };

@@ -14,6 +14,7 @@ constexpr int tickPeriod = 1000; // ms
 constexpr int endDelay = 250; // ms from an end letter to the end of the recording
 constexpr int settleTime = 2; // ms in which the system hands on what it has received
 constexpr int longestWrite = 500; // ms
+constexpr int longestRest = 200; // ms
 constexpr int mostFailures = 20; // without a byte in between
 constexpr int messageTime = 5000; // ms
 constexpr qint64 readAtOnce = 160; // bytes, a line with cells: a killed program loses no more than that
@@ -171,6 +172,15 @@ void SerialReader::onReadyRead()
 bool SerialReader::readMore()
 {
     return m_port.isOpen() && !m_lost && m_port.waitForReadyRead(0);
+}
+
+void SerialReader::readRest()
+{
+    const QDeadlineTimer deadline(longestRest);
+    do
+        onReadyRead();
+    while (m_port.isOpen() && !m_lost && !m_handling && !deadline.hasExpired()
+        && m_port.waitForReadyRead(settleTime));
 }
 
 void SerialReader::endProcesTimer()

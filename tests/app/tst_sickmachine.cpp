@@ -1,6 +1,7 @@
 #include "app/process/singleinstance.h"
 #include "journal/journalfolder.h"
 #include "settings/settingskeeper.h"
+#include "settings/settingskeys.h"
 #include "settings/varnelsettings.h"
 #include "support/columns.h"
 #include "support/files.h"
@@ -81,6 +82,54 @@ private slots:
         }
     }
 
+    void told_data()
+    {
+        columns<int, bool>({"number", "journal"});
+        QTest::newRow("terminate") << SIGTERM << true;
+        QTest::newRow("interrupt") << SIGINT << true;
+        QTest::newRow("hang up") << SIGHUP << true;
+        QTest::newRow("no journal") << SIGTERM << false;
+    }
+
+    // Told to end while lines arrive, the program has asked nothing, and what was sent until then stands in files.
+    void told()
+    {
+        QFETCH(int, number);
+        QFETCH(bool, journal);
+        ProgramProcess program;
+        QVERIFY(program.listens(int(devices.size())));
+        record(program, &devices[0], fewLines);
+        VarnelSettings().setValue(SettingsKey::journalEnabled, journal); // for the other device
+        QVERIFY(SettingsKeeper::waitForWritten(std::chrono::milliseconds(longestWait)));
+        const auto sendToBoth = [this] {
+            for (Device &device : devices)
+                device.line->send(Lines::charger(++device.sent));
+        };
+        for (int i = 0; i < leastLines; ++i)
+            sendToBoth();
+        devices[1].first = 1; // its port was opened with the other one
+        const std::array<int, 2> least = {devices[0].sent, devices[1].sent};
+        ::kill(pid_t(program.processId()), number);
+        QElapsedTimer clock;
+        clock.start();
+        while (!program.waitForFinished(1) && program.state() == QProcess::Running
+            && clock.elapsed() < longestWait) {
+            if (devices[0].line->waiting() + devices[1].line->waiting()
+                < lineLength) // else a dead one's would fill up
+                sendToBoth();
+        }
+        VarnelSettings().remove(SettingsKey::journalEnabled);
+        QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(program.exitCode(), 0);
+        for (size_t i = 0; i < devices.size(); ++i) {
+            const RecordList records = loaded(journalOf(devices[i]));
+            QVERIFY2(
+                records.size() > least[i] - devices[i].first, qPrintable(QString::number(records.size())));
+            for (int record = 0; record < records.size(); ++record)
+                QCOMPARE(records[record].time, devices[i].first + record);
+        }
+    }
+
     void nobodyReadsTheLog()
     {
         ProgramProcess program;
@@ -103,7 +152,7 @@ private slots:
         QVERIFY(writeFile(sick + QStringLiteral("/hang"), QByteArray()));
         record(program, &devices[0], fewLines);
         QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(sick + QStringLiteral("/hung")), longestWait);
-        QVERIFY(writeFile(sick + QStringLiteral("/close"), QByteArray()));
+        program.terminate();
         SingleInstance next(VarnelSettings().fileName());
         SingleInstance::Role role = SingleInstance::Role::HandedOver;
         while (role == SingleInstance::Role::HandedOver) // until it has heard that it is to close

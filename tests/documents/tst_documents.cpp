@@ -262,7 +262,7 @@ void TestDocuments::closingWaitsForTheSave()
     window->mdiChildren().first()->parentWidget()->close(); // neither does a graph window
     QCOMPARE(window->mdiChildren().size(), 1);
     if (course == QLatin1String("session ends"))
-        QVERIFY(window->findChild<SessionEnd *>()->closeShell());
+        window->findChild<SessionEnd *>()->closeShell();
     else
         QVERIFY(!window->close());
     if (givenUp)

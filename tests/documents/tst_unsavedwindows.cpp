@@ -1,3 +1,4 @@
+#include "app/sessionend.h"
 #include "displays/datadisplay.h"
 #include "journal/journalfolder.h"
 #include "graph/mdigraphchild.h"
@@ -27,6 +28,8 @@ private slots:
     void programEndsWithTwoRecordings();
     void twoRecordingsNeedTwoNames();
     void loneRecordIsNotAskedAbout();
+    void sessionEndsWhileAsked_data();
+    void sessionEndsWhileAsked();
 
 private:
     void startRecording();
@@ -157,6 +160,31 @@ void TestUnsavedWindows::loneRecordIsNotAskedAbout()
     }});
     QVERIFY(window->close());
     QVERIFY(!asked);
+}
+
+void TestUnsavedWindows::sessionEndsWhileAsked_data()
+{
+    columns<bool>({"blocked"}); // there is no folder for recordings
+    QTest::newRow("beside the journals") << false;
+    QTest::newRow("at home") << true;
+}
+
+/// Nobody answers any more: both recordings go to files, and the shell closes under its own question.
+void TestUnsavedWindows::sessionEndsWhileAsked()
+{
+    QFETCH(bool, blocked);
+    const QString folder = JournalFolder::defaultPath();
+    qputenv("HOME", fixture->path(QString()).toLocal8Bit());
+    if (blocked)
+        QVERIFY(QDir().mkpath(QFileInfo(folder).path()) && writeFile(folder, QByteArray()));
+    startRecording();
+    answer({[this](QDialog *) { window->findChild<SessionEnd *>()->closeShell(); }});
+    window->close();
+    QVERIFY(!window->isVisible());
+    const QStringList files = JournalFolder(blocked ? QDir::homePath() : folder).files();
+    QCOMPARE(files.size(), 2);
+    QCOMPARE(loaded(files.filter(QStringLiteral("COM3")).value(0)).size(), 10);
+    QCOMPARE(loaded(files.filter(QStringLiteral("COM4")).value(0)).size(), 5);
 }
 
 QTEST_MAIN(TestUnsavedWindows)

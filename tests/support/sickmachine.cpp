@@ -2,10 +2,7 @@
 // folder VARNEL_TEST_SICK say:
 //   hang    while it is there, nothing gets onto the disk: fsync() and fdatasync() do not return
 //   hung    written when that happens; "window" in it when the window's thread waits
-//   close   makes the program close its windows
 //   clock   seconds by which the computer's clock is off
-
-#include <QCoreApplication>
 
 #include <chrono>
 #include <cstdio>
@@ -56,15 +53,6 @@ long clockOffset()
         std::fclose(file);
     }
     return seconds;
-}
-
-[[gnu::constructor]] void watch()
-{
-    std::thread([] {
-        while (!isThere("close"))
-            pause();
-        QMetaObject::invokeMethod(QCoreApplication::instance(), "closeAllWindows", Qt::QueuedConnection);
-    }).detach();
 }
 
 } // namespace

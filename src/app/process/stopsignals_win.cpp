@@ -1,0 +1,8 @@
+#include "app/process/stopsignals.h"
+
+StopSignals::StopSignals(QObject *parent)
+    : QObject(parent)
+{
+}
+
+void StopSignals::onReadable() { }
