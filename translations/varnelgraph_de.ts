@@ -5,23 +5,23 @@
     <name>About</name>
     <message>
         <source>About</source>
-        <translation type="unfinished"></translation>
+        <translation>Über</translation>
     </message>
     <message>
         <source>Version </source>
-        <translation type="unfinished"></translation>
+        <translation>Version </translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
     <message>
         <source>Maker</source>
-        <translation type="unfinished"></translation>
+        <translation>Hersteller</translation>
     </message>
     <message>
         <source>Distributor</source>
-        <translation type="unfinished"></translation>
+        <translation>Händler</translation>
     </message>
 </context>
 <context>
@@ -30,20 +30,22 @@
         <source>Pauses the port of the current window.
 What its device sends meanwhile is not recorded; what follows is a recording of its own.
 To look closer, hold the view instead: key H.</source>
-        <translation type="unfinished"></translation>
+        <translation>Hält den Port des aktuellen Fensters an.
+Was sein Gerät solange sendet, wird nicht aufgezeichnet; was folgt, ist eine eigene Aufzeichnung.
+Um genauer hinzusehen, halten Sie stattdessen die Ansicht: Taste H.</translation>
     </message>
     <message>
         <source>%1 is paused: what its device sends is not recorded. Press to go on.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist angehalten: was sein Gerät sendet, wird nicht aufgezeichnet. Drücken, um fortzufahren.</translation>
     </message>
 </context>
 <context>
     <name>BoundedSelection</name>
     <message numerus="yes">
         <source>At most %n files can be selected at once.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Höchstens %n Datei kann auf einmal ausgewählt werden.</numerusform>
+            <numerusform>Höchstens %n Dateien können auf einmal ausgewählt werden.</numerusform>
         </translation>
     </message>
 </context>
@@ -51,212 +53,213 @@ To look closer, hold the view instead: key H.</source>
     <name>CapacityDisplay</name>
     <message>
         <source>Next</source>
-        <translation type="unfinished"></translation>
+        <translation>Weiter</translation>
     </message>
     <message>
         <source>Previous</source>
-        <translation type="unfinished"></translation>
+        <translation>Zurück</translation>
     </message>
     <message>
         <source>Varnel - capacity comparison</source>
-        <translation type="unfinished"></translation>
+        <translation>Varnel - Kapazitätsvergleich</translation>
     </message>
     <message>
         <source>No line since %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Daten seit %1</translation>
     </message>
 </context>
 <context>
     <name>CommandLine</name>
     <message>
         <source>Write the recording FILE to &lt;out&gt; as comma-separated values and leave.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Aufzeichnung FILE als kommagetrennte Werte nach &lt;out&gt; schreiben und beenden.</translation>
     </message>
     <message>
         <source>Draw the recording FILE to &lt;out&gt; (.png, .svg or .pdf) and leave.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Aufzeichnung FILE nach &lt;out&gt; (.png, .svg oder .pdf) zeichnen und beenden.</translation>
     </message>
     <message>
         <source>Size of the drawing in pixels, for example 1000x600.</source>
-        <translation type="unfinished"></translation>
+        <translation>Größe der Zeichnung in Pixeln, zum Beispiel 1000x600.</translation>
     </message>
     <message>
         <source>Background of the drawing: black or white.</source>
-        <translation type="unfinished"></translation>
+        <translation>Hintergrund der Zeichnung: black (schwarz) oder white (weiß).</translation>
     </message>
     <message>
         <source>View of the drawing: charger, cells or average.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ansicht der Zeichnung: charger (Ladegerät), cells (Zellen) oder average (Mittel).</translation>
     </message>
     <message>
         <source>Right axis of the charger view: dv, mah or none.</source>
-        <translation type="unfinished"></translation>
+        <translation>Rechte Achse der Ladegeräte-Ansicht: dv, mah oder none (keine).</translation>
     </message>
     <message>
         <source>Leave out a curve: temperature or resistance. May be given twice.</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Kurve weglassen: temperature (Temperatur) oder resistance (Widerstand). Darf zweimal angegeben werden.</translation>
     </message>
     <message>
         <source>Figure beside a cell&apos;s name: voltage, charge or resistance.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wert neben dem Namen einer Zelle: voltage (Spannung), charge (Ladung) oder resistance (Widerstand).</translation>
     </message>
     <message>
         <source>Usage: varnelgraph [options] [FILE...]; see varnelgraph --help.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufruf: varnelgraph [Optionen] [FILE...]; siehe varnelgraph --help.</translation>
     </message>
     <message>
         <source>Not a size between %1x%1 and %2x%2: </source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Größe zwischen %1x%1 und %2x%2: </translation>
     </message>
     <message>
         <source>unknown word </source>
-        <translation type="unfinished"></translation>
+        <translation>unbekanntes Wort </translation>
     </message>
     <message>
         <source>Either --export-csv or --render.</source>
-        <translation type="unfinished"></translation>
+        <translation>Entweder --export-csv oder --render.</translation>
     </message>
     <message>
         <source>One recording FILE is needed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Aufzeichnung FILE wird gebraucht.</translation>
     </message>
     <message>
         <source>A recording is not written over: </source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Aufzeichnung wird nicht überschrieben: </translation>
     </message>
     <message>
         <source>The drawing&apos;s name must end in .png, .svg or .pdf: </source>
-        <translation type="unfinished"></translation>
+        <translation>Der Name der Zeichnung muss auf .png, .svg oder .pdf enden: </translation>
     </message>
     <message>
         <source>Records what battery chargers and balancers send over serial ports, and draws it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeichnet auf, was Ladegeräte und Balancer über serielle Ports senden, und stellt es dar.</translation>
     </message>
     <message>
         <source>Recordings (.acp, .abp) to open.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufzeichnungen (.acp, .abp), die geöffnet werden.</translation>
     </message>
     <message>
         <source>Language of the texts: en, pl or de. Numbers follow the system.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sprache der Texte: en, pl oder de. Zahlen richten sich nach dem System.</translation>
     </message>
 </context>
 <context>
     <name>DataDisplay</name>
     <message>
         <source>Varnel - Data Display</source>
-        <translation type="unfinished"></translation>
+        <translation>Varnel - Datenanzeige</translation>
     </message>
     <message>
         <source>No line since %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Daten seit %1</translation>
     </message>
     <message>
         <source>Charge</source>
-        <translation type="unfinished"></translation>
+        <translation>Laden</translation>
     </message>
     <message>
         <source>Discharge</source>
-        <translation type="unfinished"></translation>
+        <translation>Entladen</translation>
     </message>
     <message>
         <source>Balance</source>
-        <translation type="unfinished"></translation>
+        <translation>Balancieren</translation>
     </message>
     <message>
         <source>cell %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Zelle %1</translation>
     </message>
     <message>
         <source>Ri avg</source>
-        <translation type="unfinished"></translation>
+        <translation>Ri Ø</translation>
     </message>
     <message>
         <source>%
 Ri delta</source>
-        <translation type="unfinished"></translation>
+        <translation>%
+Ri Delta</translation>
     </message>
     <message>
         <source>Ri max</source>
-        <translation type="unfinished"></translation>
+        <translation>Ri max</translation>
     </message>
     <message>
         <source>Ri min</source>
-        <translation type="unfinished"></translation>
+        <translation>Ri min</translation>
     </message>
     <message>
         <source>V avg</source>
-        <translation type="unfinished"></translation>
+        <translation>V Ø</translation>
     </message>
     <message>
         <source>Ah max</source>
-        <translation type="unfinished"></translation>
+        <translation>Ah max</translation>
     </message>
     <message>
         <source>V max</source>
-        <translation type="unfinished"></translation>
+        <translation>V max</translation>
     </message>
     <message>
         <source>V delta</source>
-        <translation type="unfinished"></translation>
+        <translation>V Delta</translation>
     </message>
     <message>
         <source>V min</source>
-        <translation type="unfinished"></translation>
+        <translation>V min</translation>
     </message>
 </context>
 <context>
     <name>DataFileLoader</name>
     <message>
         <source>not a regular file</source>
-        <translation type="unfinished"></translation>
+        <translation>keine gewöhnliche Datei</translation>
     </message>
     <message>
         <source>no such file</source>
-        <translation type="unfinished"></translation>
+        <translation>keine solche Datei</translation>
     </message>
     <message>
         <source>it was changed while it was read</source>
-        <translation type="unfinished"></translation>
+        <translation>sie wurde geändert, während sie gelesen wurde</translation>
     </message>
     <message>
         <source>not enough memory</source>
-        <translation type="unfinished"></translation>
+        <translation>zu wenig Speicher</translation>
     </message>
     <message>
         <source>format error in line %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Formatfehler in Zeile %1</translation>
     </message>
 </context>
 <context>
     <name>DataToolBar</name>
     <message>
         <source>Data Tool Bar</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenleiste</translation>
     </message>
     <message>
         <source>Mode and cells type</source>
-        <translation type="unfinished"></translation>
+        <translation>Betriebsart und Zellentyp</translation>
     </message>
     <message>
         <source>Voltage</source>
-        <translation type="unfinished"></translation>
+        <translation>Spannung</translation>
     </message>
     <message>
         <source>Current</source>
-        <translation type="unfinished"></translation>
+        <translation>Strom</translation>
     </message>
     <message>
         <source>Temperature</source>
-        <translation type="unfinished"></translation>
+        <translation>Temperatur</translation>
     </message>
     <message>
         <source>Energy</source>
-        <translation type="unfinished"></translation>
+        <translation>Kapazität</translation>
     </message>
     <message>
         <source>Time</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeit</translation>
     </message>
 </context>
 <context>
@@ -264,1159 +267,1163 @@ Ri delta</source>
     <message>
         <source>No port is listened on
 Choose the ports of your devices: File &gt; Preferences.</source>
-        <translation type="unfinished"></translation>
+        <translation>An keinem Port wird empfangen
+Wählen Sie die Ports Ihrer Geräte: Datei &gt; Einstellungen.</translation>
     </message>
     <message>
         <source>Listening on %1
 A window opens as soon as a device sends.</source>
-        <translation type="unfinished"></translation>
+        <translation>Empfang an %1
+Ein Fenster öffnet sich, sobald ein Gerät sendet.</translation>
     </message>
     <message>
         <source>Saved recordings: File &gt; Open file, or drop them here.</source>
-        <translation type="unfinished"></translation>
+        <translation>Gespeicherte Aufzeichnungen: Datei &gt; Datei öffnen, oder hier fallen lassen.</translation>
     </message>
 </context>
 <context>
     <name>DeskReaderHost</name>
     <message>
         <source>Error</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler</translation>
     </message>
 </context>
 <context>
     <name>DeviceCommands</name>
     <message>
         <source>Choose the window of the device whose process is to be stopped.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen Sie das Fenster des Geräts, dessen Vorgang angehalten werden soll.</translation>
     </message>
     <message>
         <source>The device on %1 was told to stop its process.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät an %1 wurde angewiesen, seinen Vorgang zu stoppen.</translation>
     </message>
     <message>
         <source>The current window was fed by %1, which is not listened on.
 Stop the process of the device on %2?</source>
-        <translation type="unfinished"></translation>
+        <translation>Das aktuelle Fenster kam von %1, wo nicht empfangen wird.
+Den Vorgang des Geräts an %2 stoppen?</translation>
     </message>
     <message>
         <source>Stop process</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorgang stoppen</translation>
     </message>
     <message>
         <source>%1 is no longer listened on: its device was not told to stop.</source>
-        <translation type="unfinished"></translation>
+        <translation>An %1 wird nicht mehr empfangen: sein Gerät wurde nicht angewiesen zu stoppen.</translation>
     </message>
     <message>
         <source>No port is listened on: choose one in the preferences.</source>
-        <translation type="unfinished"></translation>
+        <translation>An keinem Port wird empfangen: wählen Sie einen in den Einstellungen.</translation>
     </message>
     <message>
         <source>Setting the clock of the device on %1...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Uhr des Geräts an %1 wird gestellt...</translation>
     </message>
 </context>
 <context>
     <name>DialogPreferences</name>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Refresh</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktualisieren</translation>
     </message>
     <message>
         <source>Reset</source>
-        <translation type="unfinished"></translation>
+        <translation>Zurücksetzen</translation>
     </message>
     <message>
         <source>Varnel - preferences</source>
-        <translation type="unfinished"></translation>
+        <translation>Varnel - Einstellungen</translation>
     </message>
     <message>
         <source>Set varnel3&apos;s time while starting</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Uhr des Varnel 3 beim Start stellen</translation>
     </message>
     <message>
         <source>No port is present. Plug a device in and press Refresh.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Port ist da. Schließen Sie ein Gerät an und drücken Sie Aktualisieren.</translation>
     </message>
     <message>
         <source>Serial ports without a COM name: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Serielle Ports ohne COM-Namen: %1</translation>
     </message>
     <message>
         <source>To be listened on a port needs a COM name. Until you log out it has one by:</source>
-        <translation type="unfinished"></translation>
+        <translation>Zum Empfang braucht ein Port einen COM-Namen. Bis zum Abmelden hat er einen durch:</translation>
     </message>
     <message>
         <source>Then press Refresh. docs/ports.md tells how ports get their names for good.</source>
-        <translation type="unfinished"></translation>
+        <translation>Drücken Sie dann Aktualisieren. Wie Ports auf Dauer zu ihren Namen kommen, steht in docs/ports.md.</translation>
     </message>
     <message>
         <source>Listens on the ticked ports. Ports that are absent now are forgotten.</source>
-        <translation type="unfinished"></translation>
+        <translation>Empfängt an den angekreuzten Ports. Ports, die jetzt fehlen, werden vergessen.</translation>
     </message>
     <message>
         <source>Reset all settings to default:</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Einstellungen zurücksetzen:</translation>
     </message>
     <message>
         <source>Of the texts. Numbers and dates are written as the system has them.</source>
-        <translation type="unfinished"></translation>
+        <translation>Für die Texte. Zahlen und Daten stehen da, wie das System sie schreibt.</translation>
     </message>
     <message>
         <source>Language, from the next start on:</source>
-        <translation type="unfinished"></translation>
+        <translation>Sprache, ab dem nächsten Start:</translation>
     </message>
     <message>
         <source>System</source>
-        <translation type="unfinished"></translation>
+        <translation>System</translation>
     </message>
 </context>
 <context>
     <name>DialogRemoteControl</name>
     <message>
         <source>Remote control</source>
-        <translation type="unfinished"></translation>
+        <translation>Fernbedienung</translation>
     </message>
     <message>
         <source>SETUP</source>
-        <translation type="unfinished"></translation>
+        <translation>EINSTELLUNG</translation>
     </message>
     <message>
         <source>Battery</source>
-        <translation type="unfinished"></translation>
+        <translation>Akku</translation>
     </message>
     <message>
         <source>Power suply</source>
-        <translation type="unfinished"></translation>
+        <translation>Netzteil</translation>
     </message>
     <message>
         <source>MEMORY NR</source>
-        <translation type="unfinished"></translation>
+        <translation>SPEICHER-NR.</translation>
     </message>
     <message>
         <source>-</source>
-        <translation type="unfinished"></translation>
+        <translation>-</translation>
     </message>
     <message>
         <source>+</source>
-        <translation type="unfinished"></translation>
+        <translation>+</translation>
     </message>
     <message>
         <source>BATERRY CONNECT</source>
-        <translation type="unfinished"></translation>
+        <translation>AKKU ANGESCHLOSSEN</translation>
     </message>
     <message>
         <source>START</source>
-        <translation type="unfinished"></translation>
+        <translation>START</translation>
     </message>
     <message>
         <source>PROCESS</source>
-        <translation type="unfinished"></translation>
+        <translation>VORGANG</translation>
     </message>
     <message>
         <source>STOP</source>
-        <translation type="unfinished"></translation>
+        <translation>STOP</translation>
     </message>
     <message>
         <source>DISCONNECT BATTERY</source>
-        <translation type="unfinished"></translation>
+        <translation>AKKU ABKLEMMEN</translation>
     </message>
     <message>
         <source>Bip Off</source>
-        <translation type="unfinished"></translation>
+        <translation>Ton aus</translation>
     </message>
     <message>
         <source>Memory...</source>
-        <translation type="unfinished"></translation>
+        <translation>Speicher...</translation>
     </message>
     <message>
         <source>Show the number of the memory that the device has selected</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Nummer des Speichers zeigen, den das Gerät gewählt hat</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Schließen</translation>
     </message>
     <message>
         <source>Port %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Port %1</translation>
     </message>
     <message>
         <source>Memory %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Speicher %1</translation>
     </message>
     <message>
         <source>Cells %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Zellen: %1</translation>
     </message>
     <message>
         <source>Time out</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät antwortet nicht</translation>
     </message>
     <message>
         <source>Port %1 is no longer listened on: the remote control is closed.</source>
-        <translation type="unfinished"></translation>
+        <translation>An Port %1 wird nicht mehr empfangen: die Fernbedienung wird geschlossen.</translation>
     </message>
     <message>
         <source>Information</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinweis</translation>
     </message>
 </context>
 <context>
     <name>Documents</name>
     <message>
         <source>Chose varnel data file names</source>
-        <translation type="unfinished"></translation>
+        <translation>Varnel-Dateien auswählen</translation>
     </message>
     <message>
         <source>Varnel files (*.acp *.abp)</source>
-        <translation type="unfinished"></translation>
+        <translation>Varnel-Dateien (*.acp *.abp)</translation>
     </message>
     <message>
         <source>Open recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufzeichnungen öffnen</translation>
     </message>
     <message>
         <source>Recordings (*.acp)</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufzeichnungen (*.acp)</translation>
     </message>
     <message>
         <source>%1 of %2 files could not be opened:</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 von %2 Dateien konnten nicht geöffnet werden:</translation>
     </message>
     <message numerus="yes">
         <source>... and %n more</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>... und %n weitere</numerusform>
+            <numerusform>... und %n weitere</numerusform>
         </translation>
     </message>
     <message>
         <source>Open file</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei öffnen</translation>
     </message>
     <message>
         <source>Choose file name</source>
-        <translation type="unfinished"></translation>
+        <translation>Dateinamen wählen</translation>
     </message>
     <message>
         <source>Files that end in .abp are only read. Choose a name that ends in .acp.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dateien auf .abp werden nur gelesen. Wählen Sie einen Namen, der auf .acp endet.</translation>
     </message>
     <message>
         <source>A recording is being written to this file.</source>
-        <translation type="unfinished"></translation>
+        <translation>In diese Datei wird gerade aufgezeichnet.</translation>
     </message>
     <message>
         <source>Saving was cancelled.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Speichern wurde abgebrochen.</translation>
     </message>
     <message>
         <source>Data saved on disk.</source>
-        <translation type="unfinished"></translation>
+        <translation>Daten gespeichert.</translation>
     </message>
     <message>
         <source>%1 written.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 geschrieben.</translation>
     </message>
     <message>
         <source>Can not save file %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei %1 kann nicht gespeichert werden</translation>
     </message>
     <message>
         <source>Save as</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern unter</translation>
     </message>
     <message numerus="yes">
         <source>%n record(s) of a mode or chemistry that the file format has no sign for can&apos;t be read back from %1.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Datensatz, für dessen Betriebsart oder Zellentyp das Dateiformat kein Zeichen hat, lässt sich aus %1 nicht wieder lesen.</numerusform>
+            <numerusform>%n Datensätze, für deren Betriebsart oder Zellentyp das Dateiformat kein Zeichen hat, lassen sich aus %1 nicht wieder lesen.</numerusform>
         </translation>
     </message>
     <message>
         <source>They are kept in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie bleiben in %1 erhalten.</translation>
     </message>
 </context>
 <context>
     <name>EndNotice</name>
     <message>
         <source>%1 Ah in %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Ah in %2</translation>
     </message>
 </context>
 <context>
     <name>FileQueue</name>
     <message>
         <source>Opening was cancelled.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Öffnen wurde abgebrochen.</translation>
     </message>
 </context>
 <context>
     <name>FolderView</name>
     <message>
         <source>The folder is being read...</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ordner wird gelesen...</translation>
     </message>
 </context>
 <context>
     <name>GraphExports</name>
     <message>
         <source>Export as CSV</source>
-        <translation type="unfinished"></translation>
+        <translation>Als CSV exportieren</translation>
     </message>
     <message>
         <source>Comma-separated values (*.csv)</source>
-        <translation type="unfinished"></translation>
+        <translation>Kommagetrennte Werte (*.csv)</translation>
     </message>
     <message>
         <source>Save picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild speichern</translation>
     </message>
     <message>
         <source>Picture (*.png)</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild (*.png)</translation>
     </message>
     <message>
         <source>Drawing (*.svg)</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeichnung (*.svg)</translation>
     </message>
     <message>
         <source>Document (*.pdf)</source>
-        <translation type="unfinished"></translation>
+        <translation>Dokument (*.pdf)</translation>
     </message>
     <message>
         <source>The name of a picture ends in .png, .svg or .pdf.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Name eines Bildes endet auf .png, .svg oder .pdf.</translation>
     </message>
     <message>
         <source>There is no room for it in memory.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Speicher reicht dafür nicht.</translation>
     </message>
     <message>
         <source>Names that end in .acp or .abp are for recordings.</source>
-        <translation type="unfinished"></translation>
+        <translation>Namen auf .acp oder .abp sind für Aufzeichnungen.</translation>
     </message>
     <message>
         <source>A recording is being written to this file.</source>
-        <translation type="unfinished"></translation>
+        <translation>In diese Datei wird gerade aufgezeichnet.</translation>
     </message>
     <message>
         <source>The export was cancelled.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Export wurde abgebrochen.</translation>
     </message>
     <message>
         <source>%1 written.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 geschrieben.</translation>
     </message>
     <message>
         <source>Can not save file %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei %1 kann nicht gespeichert werden</translation>
     </message>
     <message>
         <source>Export</source>
-        <translation type="unfinished"></translation>
+        <translation>Export</translation>
     </message>
 </context>
 <context>
     <name>GraphPrinting</name>
     <message>
         <source>Varnel - graph</source>
-        <translation type="unfinished"></translation>
+        <translation>Varnel - Diagramm</translation>
     </message>
 </context>
 <context>
     <name>GraphScene</name>
     <message>
         <source>This recording has no cell data.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Aufzeichnung hat keine Zellendaten.</translation>
     </message>
     <message>
         <source>Voltage</source>
-        <translation type="unfinished"></translation>
+        <translation>Spannung</translation>
     </message>
     <message>
         <source>V</source>
-        <translation type="unfinished"></translation>
+        <translation>V</translation>
     </message>
     <message>
         <source> V</source>
-        <translation type="unfinished"></translation>
+        <translation> V</translation>
     </message>
     <message>
         <source>dV</source>
-        <translation type="unfinished"></translation>
+        <translation>dV</translation>
     </message>
     <message>
         <source> mV/min</source>
-        <translation type="unfinished"></translation>
+        <translation> mV/min</translation>
     </message>
     <message>
         <source>mV/min</source>
-        <translation type="unfinished"></translation>
+        <translation>mV/min</translation>
     </message>
     <message>
         <source>Energy</source>
-        <translation type="unfinished"></translation>
+        <translation>Ladung</translation>
     </message>
     <message>
         <source>mAh</source>
-        <translation type="unfinished"></translation>
+        <translation>mAh</translation>
     </message>
     <message>
         <source> mAh</source>
-        <translation type="unfinished"></translation>
+        <translation> mAh</translation>
     </message>
     <message>
         <source>Cell </source>
-        <translation type="unfinished"></translation>
+        <translation>Zelle </translation>
     </message>
     <message>
         <source>No cell is selected.</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Zelle ist ausgewählt.</translation>
     </message>
     <message>
         <source>All cells are hidden.</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Zellen sind ausgeblendet.</translation>
     </message>
     <message>
         <source>Voltage:</source>
-        <translation type="unfinished"></translation>
+        <translation>Spannung:</translation>
     </message>
     <message>
         <source>Charge:</source>
-        <translation type="unfinished"></translation>
+        <translation>Ladung:</translation>
     </message>
     <message>
         <source>Max</source>
-        <translation type="unfinished"></translation>
+        <translation>Max</translation>
     </message>
     <message>
         <source>Avg</source>
-        <translation type="unfinished"></translation>
+        <translation>Mittel</translation>
     </message>
     <message>
         <source>Min</source>
-        <translation type="unfinished"></translation>
+        <translation>Min</translation>
     </message>
     <message>
         <source>Delta</source>
-        <translation type="unfinished"></translation>
+        <translation>Delta</translation>
     </message>
     <message>
         <source>mV</source>
-        <translation type="unfinished"></translation>
+        <translation>mV</translation>
     </message>
     <message>
         <source> mV</source>
-        <translation type="unfinished"></translation>
+        <translation> mV</translation>
     </message>
     <message>
         <source>Current</source>
-        <translation type="unfinished"></translation>
+        <translation>Strom</translation>
     </message>
     <message>
         <source>A</source>
-        <translation type="unfinished"></translation>
+        <translation>A</translation>
     </message>
     <message>
         <source> A</source>
-        <translation type="unfinished"></translation>
+        <translation> A</translation>
     </message>
     <message>
         <source>Temp.</source>
-        <translation type="unfinished"></translation>
+        <translation>Temp.</translation>
     </message>
     <message>
         <source>Ri</source>
-        <translation type="unfinished"></translation>
+        <translation>Ri</translation>
     </message>
     <message>
         <source>mΩ</source>
-        <translation type="unfinished"></translation>
+        <translation>mΩ</translation>
     </message>
     <message>
         <source> mΩ</source>
-        <translation type="unfinished"></translation>
+        <translation> mΩ</translation>
     </message>
 </context>
 <context>
     <name>Journal</name>
     <message>
         <source>the file was removed or replaced</source>
-        <translation type="unfinished"></translation>
+        <translation>die Datei wurde entfernt oder ersetzt</translation>
     </message>
     <message>
         <source>the disk is full</source>
-        <translation type="unfinished"></translation>
+        <translation>der Datenträger ist voll</translation>
     </message>
     <message>
         <source>the disk reports an error</source>
-        <translation type="unfinished"></translation>
+        <translation>der Datenträger meldet einen Fehler</translation>
     </message>
 </context>
 <context>
     <name>JournalNotice</name>
     <message>
         <source>recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufzeichnungen</translation>
     </message>
     <message>
         <source>The file of a running recording was removed or replaced:</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei einer laufenden Aufzeichnung wurde entfernt oder ersetzt:</translation>
     </message>
     <message>
         <source>All that was recorded is written again, and recording goes on, in:</source>
-        <translation type="unfinished"></translation>
+        <translation>Alles Aufgezeichnete wird noch einmal geschrieben, und die Aufzeichnung geht weiter, in:</translation>
     </message>
     <message>
         <source>Your recordings take %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ihre Aufzeichnungen belegen %1.</translation>
     </message>
     <message>
         <source>None of them is deleted unless you do it, in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine davon wird gelöscht, es sei denn, Sie tun es selbst, in %1.</translation>
     </message>
     <message>
         <source>Open folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner öffnen</translation>
     </message>
     <message>
         <source>Recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufzeichnungen</translation>
     </message>
 </context>
 <context>
     <name>LineDispatcher</name>
     <message>
         <source>Not enough memory: a line of %1 is left out.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu wenig Speicher: eine Zeile von %1 fehlt.</translation>
     </message>
 </context>
 <context>
     <name>ListenedPorts</name>
     <message>
         <source>The current window receives no data: there is nothing to pause.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das aktuelle Fenster empfängt keine Daten: es gibt nichts anzuhalten.</translation>
     </message>
     <message>
         <source>No graph window is open: there is nothing to pause.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Diagrammfenster ist offen: es gibt nichts anzuhalten.</translation>
     </message>
     <message>
         <source>No port is listened on: choose one in the preferences.</source>
-        <translation type="unfinished"></translation>
+        <translation>An keinem Port wird empfangen: wählen Sie einen in den Einstellungen.</translation>
     </message>
     <message>
         <source>No port has been selected.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Port ist ausgewählt.</translation>
     </message>
     <message>
         <source>Start listening on port(s): </source>
-        <translation type="unfinished"></translation>
+        <translation>Empfang an: </translation>
     </message>
     <message>
         <source>Stop listen on port(s).</source>
-        <translation type="unfinished"></translation>
+        <translation>Empfang beendet.</translation>
     </message>
     <message>
         <source>Stop listening on port %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Empfang an Port %1 beendet.</translation>
     </message>
     <message>
         <source>Start listening on port %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Empfang an Port %1 begonnen.</translation>
     </message>
     <message>
         <source>Stop listening on port %1. Port is removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Empfang an Port %1 beendet. Der Port ist entfernt.</translation>
     </message>
     <message>
         <source>Start listening on new port %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Empfang am neuen Port %1 begonnen.</translation>
     </message>
 </context>
 <context>
     <name>LiveWindows</name>
     <message>
         <source>Journal: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Journal: %1</translation>
     </message>
 </context>
 <context>
     <name>LoadOutcome</name>
     <message>
         <source>Can not open file %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei %1 kann nicht geöffnet werden</translation>
     </message>
     <message>
         <source>Format error in </source>
-        <translation type="unfinished"></translation>
+        <translation>Formatfehler in </translation>
     </message>
     <message>
         <source>Not enough memory to open %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu wenig Speicher, um %1 zu öffnen</translation>
     </message>
     <message>
         <source>Data loaded from disk.</source>
-        <translation type="unfinished"></translation>
+        <translation>Daten geladen.</translation>
     </message>
     <message>
         <source>No data in file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei enthält keine Daten.</translation>
     </message>
 </context>
 <context>
     <name>MainWindow</name>
     <message>
         <source>Open file</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei öffnen</translation>
     </message>
     <message>
         <source>Read data from file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Daten aus einer Datei lesen.</translation>
     </message>
     <message>
         <source>Save as</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern unter</translation>
     </message>
     <message>
         <source>Save data to file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Daten in einer Datei speichern.</translation>
     </message>
     <message>
         <source>Save sesion</source>
-        <translation type="unfinished"></translation>
+        <translation>Sitzung speichern</translation>
     </message>
     <message>
         <source>Save all data as one session</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Daten als eine Sitzung speichern</translation>
     </message>
     <message>
         <source>Preferences</source>
-        <translation type="unfinished"></translation>
+        <translation>Einstellungen</translation>
     </message>
     <message>
         <source>Aplications preferences.</source>
-        <translation type="unfinished"></translation>
+        <translation>Einstellungen des Programms.</translation>
     </message>
     <message>
         <source>E&amp;xit</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Beenden</translation>
     </message>
     <message>
         <source>Exit the application.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Programm beenden.</translation>
     </message>
     <message>
         <source>Black</source>
-        <translation type="unfinished"></translation>
+        <translation>Schwarz</translation>
     </message>
     <message>
         <source>Background color black.</source>
-        <translation type="unfinished"></translation>
+        <translation>Schwarzer Hintergrund.</translation>
     </message>
     <message>
         <source>White</source>
-        <translation type="unfinished"></translation>
+        <translation>Weiß</translation>
     </message>
     <message>
         <source>Background color white.</source>
-        <translation type="unfinished"></translation>
+        <translation>Weißer Hintergrund.</translation>
     </message>
     <message>
         <source>Cl&amp;ose</source>
-        <translation type="unfinished"></translation>
+        <translation>S&amp;chließen</translation>
     </message>
     <message>
         <source>Close the active window</source>
-        <translation type="unfinished"></translation>
+        <translation>Das aktive Fenster schließen</translation>
     </message>
     <message>
         <source>Close &amp;All</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Alle schließen</translation>
     </message>
     <message>
         <source>Close all the windows</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Fenster schließen</translation>
     </message>
     <message>
         <source>&amp;Tile</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Nebeneinander</translation>
     </message>
     <message>
         <source>Tile the windows</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Fenster nebeneinander anordnen</translation>
     </message>
     <message>
         <source>&amp;Cascade</source>
-        <translation type="unfinished"></translation>
+        <translation>Ü&amp;berlappend</translation>
     </message>
     <message>
         <source>Cascade the windows</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Fenster überlappend anordnen</translation>
     </message>
     <message>
         <source>Ne&amp;xt</source>
-        <translation type="unfinished"></translation>
+        <translation>Näch&amp;stes</translation>
     </message>
     <message>
         <source>Move the focus to the next window</source>
-        <translation type="unfinished"></translation>
+        <translation>Zum nächsten Fenster wechseln</translation>
     </message>
     <message>
         <source>Pre&amp;vious</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Vorheriges</translation>
     </message>
     <message>
         <source>Move the focus to the previous window</source>
-        <translation type="unfinished"></translation>
+        <translation>Zum vorherigen Fenster wechseln</translation>
     </message>
     <message>
         <source>Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufzeichnung</translation>
     </message>
     <message>
         <source>Recording data from com port.</source>
-        <translation type="unfinished"></translation>
+        <translation>Daten vom COM-Port aufzeichnen.</translation>
     </message>
     <message>
         <source>Capacity comparison</source>
-        <translation type="unfinished"></translation>
+        <translation>Kapazitätsvergleich</translation>
     </message>
     <message>
         <source>Print capacity comparison.</source>
-        <translation type="unfinished"></translation>
+        <translation>Den Kapazitätsvergleich drucken.</translation>
     </message>
     <message>
         <source>Voltage comparison</source>
-        <translation type="unfinished"></translation>
+        <translation>Spannungsvergleich</translation>
     </message>
     <message>
         <source>Print voltage comparison.</source>
-        <translation type="unfinished"></translation>
+        <translation>Den Spannungsvergleich drucken.</translation>
     </message>
     <message>
         <source>Bar display</source>
-        <translation type="unfinished"></translation>
+        <translation>Balkenanzeige</translation>
     </message>
     <message>
         <source>Print bar display.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Balkenanzeige drucken.</translation>
     </message>
     <message>
         <source>Active plot</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktives Diagramm</translation>
     </message>
     <message>
         <source>Print active plot.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das aktive Diagramm drucken.</translation>
     </message>
     <message>
         <source>&amp;About</source>
-        <translation type="unfinished"></translation>
+        <translation>Ü&amp;ber</translation>
     </message>
     <message>
         <source>Show the application&apos;s About box</source>
-        <translation type="unfinished"></translation>
+        <translation>Angaben über das Programm zeigen</translation>
     </message>
     <message>
         <source>About &amp;Qt</source>
-        <translation type="unfinished"></translation>
+        <translation>Über &amp;Qt</translation>
     </message>
     <message>
         <source>Show the Qt library&apos;s About box</source>
-        <translation type="unfinished"></translation>
+        <translation>Angaben über die Qt-Bibliothek zeigen</translation>
     </message>
     <message>
         <source>Set time</source>
-        <translation type="unfinished"></translation>
+        <translation>Uhr stellen</translation>
     </message>
     <message>
         <source>Set time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Uhr des Geräts stellen.</translation>
     </message>
     <message>
         <source> DATA </source>
-        <translation type="unfinished"></translation>
+        <translation> DATEN </translation>
     </message>
     <message>
         <source>Show/hide display</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenanzeige ein/aus</translation>
     </message>
     <message>
         <source>Graph</source>
-        <translation type="unfinished"></translation>
+        <translation>Diagramm</translation>
     </message>
     <message>
         <source>Show/hide graph</source>
-        <translation type="unfinished"></translation>
+        <translation>Spannungsvergleich ein/aus</translation>
     </message>
     <message>
         <source>Bar Graph</source>
-        <translation type="unfinished"></translation>
+        <translation>Balken</translation>
     </message>
     <message>
         <source>Show/hide bar graph</source>
-        <translation type="unfinished"></translation>
+        <translation>Kapazitätsvergleich ein/aus</translation>
     </message>
     <message>
         <source> T </source>
-        <translation type="unfinished"></translation>
+        <translation> T </translation>
     </message>
     <message>
         <source>Show/hide themparature</source>
-        <translation type="unfinished"></translation>
+        <translation>Temperatur ein/aus</translation>
     </message>
     <message>
         <source>  dV </source>
-        <translation type="unfinished"></translation>
+        <translation>  dV </translation>
     </message>
     <message>
         <source>Show/hide dV</source>
-        <translation type="unfinished"></translation>
+        <translation>dV ein/aus</translation>
     </message>
     <message>
         <source> Rw </source>
-        <translation type="unfinished"></translation>
+        <translation> Rw </translation>
     </message>
     <message>
         <source>Show/hide cells internal resistance</source>
-        <translation type="unfinished"></translation>
+        <translation>Innenwiderstand ein/aus</translation>
     </message>
     <message>
         <source> B </source>
-        <translation type="unfinished"></translation>
+        <translation> B </translation>
     </message>
     <message>
         <source>Balancer/Charger plot</source>
-        <translation type="unfinished"></translation>
+        <translation>Balancer- oder Ladegeräte-Ansicht</translation>
     </message>
     <message>
         <source> Avg </source>
-        <translation type="unfinished"></translation>
+        <translation> Ø </translation>
     </message>
     <message>
         <source>Cells/MinMax plot</source>
-        <translation type="unfinished"></translation>
+        <translation>Zellen oder Min/Max</translation>
     </message>
     <message>
         <source> S </source>
-        <translation type="unfinished"></translation>
+        <translation> S </translation>
     </message>
     <message>
         <source>Select cells</source>
-        <translation type="unfinished"></translation>
+        <translation>Zellen auswählen</translation>
     </message>
     <message>
         <source> P% </source>
-        <translation type="unfinished"></translation>
+        <translation> P% </translation>
     </message>
     <message>
         <source>Show/hide power balancer</source>
-        <translation type="unfinished"></translation>
+        <translation>Balkenanzeige der Zellen ein/aus</translation>
     </message>
     <message>
         <source> Vc </source>
-        <translation type="unfinished"></translation>
+        <translation> Vc </translation>
     </message>
     <message>
         <source>Cells energy/voltage/internal cel resistance</source>
-        <translation type="unfinished"></translation>
+        <translation>Ladung, Spannung oder Innenwiderstand der Zellen</translation>
     </message>
     <message>
         <source>Stop process</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorgang stoppen</translation>
     </message>
     <message>
         <source>Stop process.</source>
-        <translation type="unfinished"></translation>
+        <translation>Den Vorgang stoppen.</translation>
     </message>
     <message>
         <source>Hold view</source>
-        <translation type="unfinished"></translation>
+        <translation>Ansicht halten</translation>
     </message>
     <message>
         <source>Graph windows keep zoom and cursor</source>
-        <translation type="unfinished"></translation>
+        <translation>Diagrammfenster behalten Ausschnitt und Cursor</translation>
     </message>
     <message>
         <source>Open recordings...</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufzeichnungen öffnen...</translation>
     </message>
     <message>
         <source>Open what was recorded from the devices, saved or not.</source>
-        <translation type="unfinished"></translation>
+        <translation>Öffnen, was von den Geräten aufgezeichnet wurde, gespeichert oder nicht.</translation>
     </message>
     <message>
         <source>Reopen closed recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Geschlossene Aufzeichnung wieder öffnen</translation>
     </message>
     <message>
         <source>Open again the recording whose window was closed last.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Aufzeichnung wieder öffnen, deren Fenster zuletzt geschlossen wurde.</translation>
     </message>
     <message>
         <source>Export as CSV...</source>
-        <translation type="unfinished"></translation>
+        <translation>Als CSV exportieren...</translation>
     </message>
     <message>
         <source>Write the records of the current graph as a table for other programs.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datensätze des aktuellen Diagramms als Tabelle für andere Programme schreiben.</translation>
     </message>
     <message>
         <source>Save picture...</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild speichern...</translation>
     </message>
     <message>
         <source>Write the current graph as its window shows it to a picture file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das aktuelle Diagramm, wie sein Fenster es zeigt, als Bild schreiben.</translation>
     </message>
     <message>
         <source>Remote control...</source>
-        <translation type="unfinished"></translation>
+        <translation>Fernbedienung...</translation>
     </message>
     <message>
         <source>Operate the front panel of the charger.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Bedienfeld des Ladegeräts vom Rechner aus bedienen.</translation>
     </message>
     <message>
         <source>Varnel Graph %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Varnel Graph %1</translation>
     </message>
     <message>
         <source>&amp;File</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Datei</translation>
     </message>
     <message>
         <source>&amp;Window</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Fenster</translation>
     </message>
     <message>
         <source>&amp;Print</source>
-        <translation type="unfinished"></translation>
+        <translation>D&amp;rucken</translation>
     </message>
     <message>
         <source>&amp;Tools</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Extras</translation>
     </message>
     <message>
         <source>&amp;View switches</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ansicht</translation>
     </message>
     <message>
         <source>&amp;Help</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Hilfe</translation>
     </message>
     <message>
         <source>Ready</source>
-        <translation type="unfinished"></translation>
+        <translation>Bereit</translation>
     </message>
     <message>
         <source>There is no graph window to print.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt kein Diagrammfenster zum Drucken.</translation>
     </message>
     <message>
         <source>Start listening on ports...</source>
-        <translation type="unfinished"></translation>
+        <translation>Ports werden geöffnet...</translation>
     </message>
     <message>
         <source>Background color</source>
-        <translation type="unfinished"></translation>
+        <translation>Hintergrundfarbe</translation>
     </message>
     <message>
         <source>Main Tool Bar</source>
-        <translation type="unfinished"></translation>
+        <translation>Hauptleiste</translation>
     </message>
 </context>
 <context>
     <name>MdiGraphChild</name>
     <message>
         <source>Out of memory since %1: lines go on in the journal only</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Speicher seit %1: Zeilen gehen nur noch ins Journal</translation>
     </message>
     <message>
         <source>Ended or silent since %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Beendet oder stumm seit %1</translation>
     </message>
     <message>
         <source>No line since %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Daten seit %1</translation>
     </message>
     <message>
         <source>No file name</source>
-        <translation type="unfinished"></translation>
+        <translation>Ohne Dateinamen</translation>
     </message>
     <message>
         <source>Device: </source>
-        <translation type="unfinished"></translation>
+        <translation>Gerät: </translation>
     </message>
     <message>
         <source>View held</source>
-        <translation type="unfinished"></translation>
+        <translation>Ansicht gehalten</translation>
     </message>
     <message>
         <source>NO DATA</source>
-        <translation type="unfinished"></translation>
+        <translation>KEINE DATEN</translation>
     </message>
     <message>
         <source>   Cels:</source>
-        <translation type="unfinished"></translation>
+        <translation>   Zellen:</translation>
     </message>
 </context>
 <context>
     <name>PortObstacle</name>
     <message>
         <source>&quot;%1&quot;, process %2</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“, Prozess %2</translation>
     </message>
     <message>
         <source>Another program holds the port.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein anderes Programm belegt den Port.</translation>
     </message>
     <message>
         <source>Another program holds the port: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein anderes Programm belegt den Port: %1.</translation>
     </message>
     <message>
         <source>Another program holds the port: %1 of the user &quot;%2&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein anderes Programm belegt den Port: %1 des Benutzers „%2“.</translation>
     </message>
     <message>
         <source>You have no right to use the port.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie haben kein Recht, den Port zu benutzen.</translation>
     </message>
     <message>
         <source>You have no right to use the port. Join the group &quot;%1&quot; and log in again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie haben kein Recht, den Port zu benutzen. Treten Sie der Gruppe „%1“ bei und melden Sie sich neu an.</translation>
     </message>
     <message>
         <source>This program listens on the port already.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Programm empfängt bereits an dem Port.</translation>
     </message>
     <message>
         <source>This program listens on the same device already, under another name: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Programm empfängt bereits von demselben Gerät, unter anderem Namen: %1.</translation>
     </message>
     <message>
         <source>A program that has ended has left its lock behind.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein beendetes Programm hat seine Sperre hinterlassen.</translation>
     </message>
     <message>
         <source>A program that has ended has left its lock behind: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein beendetes Programm hat seine Sperre hinterlassen: %1.</translation>
     </message>
     <message>
         <source>The user &quot;%1&quot; or an administrator has to remove the file %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Benutzer „%1“ oder ein Administrator muss die Datei %2 entfernen.</translation>
     </message>
     <message>
         <source>a socket</source>
-        <translation type="unfinished"></translation>
+        <translation>ein Socket</translation>
     </message>
     <message>
         <source>a link</source>
-        <translation type="unfinished"></translation>
+        <translation>eine Verknüpfung</translation>
     </message>
     <message>
         <source>a folder</source>
-        <translation type="unfinished"></translation>
+        <translation>ein Ordner</translation>
     </message>
     <message>
         <source>a device</source>
-        <translation type="unfinished"></translation>
+        <translation>ein Gerät</translation>
     </message>
     <message>
         <source>a pipe</source>
-        <translation type="unfinished"></translation>
+        <translation>eine Pipe</translation>
     </message>
     <message>
         <source>%1 should be the port&apos;s lock file and is %2.
 The user &quot;%3&quot; or an administrator has to remove it.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 sollte die Sperrdatei des Ports sein und ist %2.
+Der Benutzer „%3“ oder ein Administrator muss das entfernen.</translation>
     </message>
     <message>
         <source>You have no right to make lock files in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie haben kein Recht, Sperrdateien in %1 anzulegen.</translation>
     </message>
 </context>
 <context>
     <name>PortQuestions</name>
     <message>
         <source>Question</source>
-        <translation type="unfinished"></translation>
+        <translation>Frage</translation>
     </message>
 </context>
 <context>
     <name>PowerDisplay</name>
     <message>
         <source>NO DATA</source>
-        <translation type="unfinished"></translation>
+        <translation>KEINE DATEN</translation>
     </message>
     <message>
         <source>Varnel - bar display</source>
-        <translation type="unfinished"></translation>
+        <translation>Varnel - Balkenanzeige</translation>
     </message>
     <message>
         <source>No line since %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Daten seit %1</translation>
     </message>
 </context>
 <context>
     <name>PrintRequest</name>
     <message>
         <source>Sent to %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>An %1 gesendet.</translation>
     </message>
     <message>
         <source>%1 written.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 geschrieben.</translation>
     </message>
     <message>
         <source>Can not print to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Auf %1 kann nicht gedruckt werden</translation>
     </message>
 </context>
 <context>
     <name>ProcessEnd</name>
     <message>
         <source>Error in process !</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler im Vorgang!</translation>
     </message>
     <message>
         <source>Error</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler</translation>
     </message>
     <message>
         <source>Process aborted by user.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorgang vom Benutzer abgebrochen.</translation>
     </message>
     <message>
         <source>Aborted</source>
-        <translation type="unfinished"></translation>
+        <translation>Abgebrochen</translation>
     </message>
     <message>
         <source>Process completed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorgang abgeschlossen.</translation>
     </message>
     <message>
         <source>End</source>
-        <translation type="unfinished"></translation>
+        <translation>Ende</translation>
     </message>
 </context>
 <context>
     <name>ProgressStrip</name>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>
@@ -1425,353 +1432,355 @@ The user &quot;%3&quot; or an administrator has to remove it.</source>
         <source>%1
 Directory not found.
 Please verify the correct directory name was given.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1
+Der Ordner wurde nicht gefunden.
+Prüfen Sie, ob der Name stimmt.</translation>
     </message>
 </context>
 <context>
     <name>RecordingsModel</name>
     <message>
         <source>Length</source>
-        <translation type="unfinished"></translation>
+        <translation>Dauer</translation>
     </message>
 </context>
 <context>
     <name>RemoteControls</name>
     <message>
         <source>No port is listened on: choose one in the preferences.</source>
-        <translation type="unfinished"></translation>
+        <translation>An keinem Port wird empfangen: wählen Sie einen in den Einstellungen.</translation>
     </message>
     <message>
         <source>Operate the front panel of the charger.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Bedienfeld des Ladegeräts vom Rechner aus bedienen.</translation>
     </message>
     <message>
         <source>Remote control</source>
-        <translation type="unfinished"></translation>
+        <translation>Fernbedienung</translation>
     </message>
     <message>
         <source>Remote control...</source>
-        <translation type="unfinished"></translation>
+        <translation>Fernbedienung...</translation>
     </message>
     <message>
         <source>%1 (current window)...</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (aktuelles Fenster)...</translation>
     </message>
     <message>
         <source>%1...</source>
-        <translation type="unfinished"></translation>
+        <translation>%1...</translation>
     </message>
 </context>
 <context>
     <name>SerialReader</name>
     <message>
         <source>It can&apos;t be locked</source>
-        <translation type="unfinished"></translation>
+        <translation>Er kann nicht gesperrt werden</translation>
     </message>
     <message>
         <source>Device %1 failed to open: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Gerät %1 konnte nicht geöffnet werden: %2</translation>
     </message>
 </context>
 <context>
     <name>SettingsKeeper</name>
     <message>
         <source>its folder is protected against writing</source>
-        <translation type="unfinished"></translation>
+        <translation>ihr Ordner ist schreibgeschützt</translation>
     </message>
     <message>
         <source>another program holds it</source>
-        <translation type="unfinished"></translation>
+        <translation>ein anderes Programm belegt sie</translation>
     </message>
     <message>
         <source>the disk is full or reports an error</source>
-        <translation type="unfinished"></translation>
+        <translation>der Datenträger ist voll oder meldet einen Fehler</translation>
     </message>
 </context>
 <context>
     <name>SettingsNotice</name>
     <message>
         <source>Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Einstellungen</translation>
     </message>
     <message>
         <source>Not all of your settings could be read. What is missing is as in a new installation.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht alle Ihre Einstellungen konnten gelesen werden. Was fehlt, ist wie nach einer neuen Installation.</translation>
     </message>
     <message>
         <source>Your settings can&apos;t be written. What you change holds until the program ends.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ihre Einstellungen können nicht geschrieben werden. Änderungen gelten, bis das Programm endet.</translation>
     </message>
 </context>
 <context>
     <name>SleepInhibitor</name>
     <message>
         <source>A process is being recorded</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Vorgang wird aufgezeichnet</translation>
     </message>
 </context>
 <context>
     <name>StaleWatch</name>
     <message>
         <source>%1: no line since %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: keine Daten seit %2</translation>
     </message>
 </context>
 <context>
     <name>StatusFacts</name>
     <message>
         <source>The process has ended and its message is gone. It is named here until you look at its window.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Vorgang ist zu Ende und seine Meldung weg. Er steht hier, bis Sie sein Fenster ansehen.</translation>
     </message>
     <message>
         <source>Lost: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Verloren: %1</translation>
     </message>
     <message>
         <source>The device or its adapter went away. Listening goes on when it is back.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät oder sein Adapter ist weg. Der Empfang geht weiter, wenn es wieder da ist.</translation>
     </message>
     <message>
         <source>Can&apos;t open: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht zu öffnen: %1</translation>
     </message>
     <message>
         <source>These ports could not be opened.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Ports konnten nicht geöffnet werden.</translation>
     </message>
     <message>
         <source>Paused: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Angehalten: %1</translation>
     </message>
     <message>
         <source>Recording is paused: what the device sends is lost. Press Recording to go on.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Aufzeichnung ist angehalten: was das Gerät sendet, geht verloren. Drücken Sie Aufzeichnung, um fortzufahren.</translation>
     </message>
     <message>
         <source>No data: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Daten: %1</translation>
     </message>
     <message>
         <source>The device has sent no line for a while.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät hat eine Weile nichts gesendet.</translation>
     </message>
     <message>
         <source>Window closed: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Fenster zu: %1</translation>
     </message>
     <message>
         <source>The graph window was closed. A window opens again with the next process.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Diagrammfenster wurde geschlossen. Mit dem nächsten Vorgang öffnet sich wieder eines.</translation>
     </message>
     <message>
         <source>Not on disk: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht gesichert: %1</translation>
     </message>
     <message>
         <source>The journal&apos;s disk takes no more. Lines wait in memory and are written as soon as it does.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Datenträger des Journals nimmt nichts mehr an. Zeilen warten im Speicher und werden geschrieben, sobald er es tut.</translation>
     </message>
     <message>
         <source>Error: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler: %1</translation>
     </message>
     <message>
         <source>Aborted: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Abgebrochen: %1</translation>
     </message>
     <message>
         <source>Completed: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Abgeschlossen: %1</translation>
     </message>
     <message>
         <source>Listening: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Empfang: %1</translation>
     </message>
     <message>
         <source>The ports are chosen in File &gt; Preferences.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Ports werden unter Datei &gt; Einstellungen gewählt.</translation>
     </message>
     <message>
         <source>Listening: no port</source>
-        <translation type="unfinished"></translation>
+        <translation>Empfang: kein Port</translation>
     </message>
 </context>
 <context>
     <name>ToolsCommands</name>
     <message>
         <source>There is no graph window.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt kein Diagrammfenster.</translation>
     </message>
     <message>
         <source>No window of an unsaved recording has been closed yet.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es wurde noch kein Fenster einer ungespeicherten Aufzeichnung geschlossen.</translation>
     </message>
     <message>
         <source>The closed recording is no longer there.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die geschlossene Aufzeichnung ist nicht mehr da.</translation>
     </message>
 </context>
 <context>
     <name>UnsavedWindows</name>
     <message>
         <source>The recording is kept as %1: Tools &gt; Reopen closed recording.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Aufzeichnung bleibt als %1 erhalten: Extras &gt; Geschlossene Aufzeichnung wieder öffnen.</translation>
     </message>
     <message>
         <source>The program closes when the file is written. Cancel gives the file up.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Programm schließt, wenn die Datei geschrieben ist. Abbrechen gibt die Datei auf.</translation>
     </message>
     <message>
         <source>Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufzeichnung</translation>
     </message>
     <message>
         <source>Another of the windows is about to be saved as %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein anderes der Fenster wird gerade als %1 gespeichert.</translation>
     </message>
     <message>
         <source>The recording in window %1 is not saved.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Aufzeichnung in Fenster %1 ist nicht gespeichert.</translation>
     </message>
     <message>
         <source>Nothing else keeps it. Save it before its window closes?</source>
-        <translation type="unfinished"></translation>
+        <translation>Sonst ist sie nirgends. Speichern, bevor ihr Fenster schließt?</translation>
     </message>
     <message>
         <source>The journal could not keep all of it. Save it before its window closes?</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Journal konnte nicht alles behalten. Speichern, bevor ihr Fenster schließt?</translation>
     </message>
 </context>
 <context>
     <name>Varnel3Data</name>
     <message>
         <source>Varnel 3</source>
-        <translation type="unfinished"></translation>
+        <translation>Varnel 3</translation>
     </message>
     <message>
         <source>Varnel 2+</source>
-        <translation type="unfinished"></translation>
+        <translation>Varnel 2+</translation>
     </message>
     <message>
         <source>Varnel 2</source>
-        <translation type="unfinished"></translation>
+        <translation>Varnel 2</translation>
     </message>
     <message>
         <source>Tandor</source>
-        <translation type="unfinished"></translation>
+        <translation>Tandor</translation>
     </message>
     <message>
         <source>None</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Angabe</translation>
     </message>
     <message>
         <source>Charge</source>
-        <translation type="unfinished"></translation>
+        <translation>Laden</translation>
     </message>
     <message>
         <source>Discharge</source>
-        <translation type="unfinished"></translation>
+        <translation>Entladen</translation>
     </message>
     <message>
         <source>Balancing</source>
-        <translation type="unfinished"></translation>
+        <translation>Balancieren</translation>
     </message>
     <message>
         <source>Format</source>
-        <translation type="unfinished"></translation>
+        <translation>Formieren</translation>
     </message>
     <message>
         <source>Test</source>
-        <translation type="unfinished"></translation>
+        <translation>Test</translation>
     </message>
 </context>
 <context>
     <name>VoltageComparison</name>
     <message>
         <source>No cell data</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Zellendaten</translation>
     </message>
     <message>
         <source>No cell %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Zelle %1</translation>
     </message>
     <message>
         <source>All cells are hidden.</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Zellen sind ausgeblendet.</translation>
     </message>
     <message>
         <source>No cell selected</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Zelle gewählt</translation>
     </message>
     <message>
         <source>NO DATA</source>
-        <translation type="unfinished"></translation>
+        <translation>KEINE DATEN</translation>
     </message>
     <message>
         <source>No line since %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Daten seit %1</translation>
     </message>
     <message>
         <source>Max %1, cell %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Max %1, Zelle %2</translation>
     </message>
     <message>
         <source>Min %1, cell %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Min %1, Zelle %2</translation>
     </message>
     <message>
         <source>Spread %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Differenz %1</translation>
     </message>
     <message>
         <source>All cells but the selected</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Zellen außer den gewählten</translation>
     </message>
     <message>
         <source>All cells, the selected emphasised</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Zellen, die gewählten hervorgehoben</translation>
     </message>
     <message>
         <source>Only the selected cells</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur die gewählten Zellen</translation>
     </message>
     <message>
         <source>Varnel - voltage comparison</source>
-        <translation type="unfinished"></translation>
+        <translation>Varnel - Spannungsvergleich</translation>
     </message>
     <message>
         <source>Cell %1 of every window (arrow keys: another; click or Esc: all cells)</source>
-        <translation type="unfinished"></translation>
+        <translation>Zelle %1 aus jedem Fenster (Pfeiltasten: andere; Klick oder Esc: alle)</translation>
     </message>
 </context>
 <context>
     <name>WriteOutcome</name>
     <message>
         <source>too many links</source>
-        <translation type="unfinished"></translation>
+        <translation>zu viele Verknüpfungen</translation>
     </message>
     <message>
         <source>not a regular file</source>
-        <translation type="unfinished"></translation>
+        <translation>keine gewöhnliche Datei</translation>
     </message>
     <message>
         <source>The disk did not take all of it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Datenträger hat nicht alles angenommen.</translation>
     </message>
 </context>
 <context>
     <name>main</name>
     <message>
         <source>The program that is running does not answer.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das laufende Programm antwortet nicht.</translation>
     </message>
     <message>
         <source>Its process has the number %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sein Prozess hat die Nummer %1.</translation>
     </message>
     <message>
         <source>End it, or wait for its end, and start again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Beenden Sie es oder warten Sie sein Ende ab und starten Sie neu.</translation>
     </message>
 </context>
 </TS>

@@ -5,9 +5,9 @@
     <name>BoundedSelection</name>
     <message numerus="yes">
         <source>At most %n files can be selected at once.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>At most %n file can be selected at once.</numerusform>
+            <numerusform>At most %n files can be selected at once.</numerusform>
         </translation>
     </message>
 </context>
@@ -15,16 +15,16 @@
     <name>Documents</name>
     <message numerus="yes">
         <source>... and %n more</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>... and %n more</numerusform>
+            <numerusform>... and %n more</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n record(s) of a mode or chemistry that the file format has no sign for can&apos;t be read back from %1.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n record of a mode or chemistry that the file format has no sign for can&apos;t be read back from %1.</numerusform>
+            <numerusform>%n records of a mode or chemistry that the file format has no sign for can&apos;t be read back from %1.</numerusform>
         </translation>
     </message>
 </context>

@@ -5,23 +5,23 @@
     <name>About</name>
     <message>
         <source>About</source>
-        <translation type="unfinished"></translation>
+        <translation>O programie</translation>
     </message>
     <message>
         <source>Version </source>
-        <translation type="unfinished"></translation>
+        <translation>Wersja </translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
     <message>
         <source>Maker</source>
-        <translation type="unfinished"></translation>
+        <translation>Producent</translation>
     </message>
     <message>
         <source>Distributor</source>
-        <translation type="unfinished"></translation>
+        <translation>Dystrybutor</translation>
     </message>
 </context>
 <context>
@@ -30,21 +30,23 @@
         <source>Pauses the port of the current window.
 What its device sends meanwhile is not recorded; what follows is a recording of its own.
 To look closer, hold the view instead: key H.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wstrzymuje port bieżącego okna.
+To, co urządzenie wyśle w tym czasie, nie zostanie nagrane; dalszy ciąg będzie osobnym nagraniem.
+Aby przyjrzeć się bliżej, zatrzymaj widok: klawisz H.</translation>
     </message>
     <message>
         <source>%1 is paused: what its device sends is not recorded. Press to go on.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 jest wstrzymany: dane z urządzenia nie są nagrywane. Naciśnij, aby wznowić.</translation>
     </message>
 </context>
 <context>
     <name>BoundedSelection</name>
     <message numerus="yes">
         <source>At most %n files can be selected at once.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Jednocześnie można zaznaczyć najwyżej %n plik.</numerusform>
+            <numerusform>Jednocześnie można zaznaczyć najwyżej %n pliki.</numerusform>
+            <numerusform>Jednocześnie można zaznaczyć najwyżej %n plików.</numerusform>
         </translation>
     </message>
 </context>
@@ -52,212 +54,213 @@ To look closer, hold the view instead: key H.</source>
     <name>CapacityDisplay</name>
     <message>
         <source>Next</source>
-        <translation type="unfinished"></translation>
+        <translation>Następne</translation>
     </message>
     <message>
         <source>Previous</source>
-        <translation type="unfinished"></translation>
+        <translation>Poprzednie</translation>
     </message>
     <message>
         <source>Varnel - capacity comparison</source>
-        <translation type="unfinished"></translation>
+        <translation>Varnel - porównanie pojemności</translation>
     </message>
     <message>
         <source>No line since %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Brak danych od %1</translation>
     </message>
 </context>
 <context>
     <name>CommandLine</name>
     <message>
         <source>Write the recording FILE to &lt;out&gt; as comma-separated values and leave.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zapisz nagranie FILE do &lt;out&gt; jako wartości rozdzielane przecinkami i zakończ.</translation>
     </message>
     <message>
         <source>Draw the recording FILE to &lt;out&gt; (.png, .svg or .pdf) and leave.</source>
-        <translation type="unfinished"></translation>
+        <translation>Narysuj nagranie FILE do &lt;out&gt; (.png, .svg lub .pdf) i zakończ.</translation>
     </message>
     <message>
         <source>Size of the drawing in pixels, for example 1000x600.</source>
-        <translation type="unfinished"></translation>
+        <translation>Rozmiar rysunku w pikselach, na przykład 1000x600.</translation>
     </message>
     <message>
         <source>Background of the drawing: black or white.</source>
-        <translation type="unfinished"></translation>
+        <translation>Tło rysunku: black (czarne) lub white (białe).</translation>
     </message>
     <message>
         <source>View of the drawing: charger, cells or average.</source>
-        <translation type="unfinished"></translation>
+        <translation>Widok rysunku: charger (ładowarka), cells (ogniwa) lub average (średnia).</translation>
     </message>
     <message>
         <source>Right axis of the charger view: dv, mah or none.</source>
-        <translation type="unfinished"></translation>
+        <translation>Prawa oś widoku ładowarki: dv, mah lub none (brak).</translation>
     </message>
     <message>
         <source>Leave out a curve: temperature or resistance. May be given twice.</source>
-        <translation type="unfinished"></translation>
+        <translation>Pomiń krzywą: temperature (temperatura) lub resistance (rezystancja). Można podać dwa razy.</translation>
     </message>
     <message>
         <source>Figure beside a cell&apos;s name: voltage, charge or resistance.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wartość obok nazwy ogniwa: voltage (napięcie), charge (ładunek) lub resistance (rezystancja).</translation>
     </message>
     <message>
         <source>Usage: varnelgraph [options] [FILE...]; see varnelgraph --help.</source>
-        <translation type="unfinished"></translation>
+        <translation>Użycie: varnelgraph [opcje] [FILE...]; zobacz varnelgraph --help.</translation>
     </message>
     <message>
         <source>Not a size between %1x%1 and %2x%2: </source>
-        <translation type="unfinished"></translation>
+        <translation>To nie jest rozmiar od %1x%1 do %2x%2: </translation>
     </message>
     <message>
         <source>unknown word </source>
-        <translation type="unfinished"></translation>
+        <translation>nieznane słowo </translation>
     </message>
     <message>
         <source>Either --export-csv or --render.</source>
-        <translation type="unfinished"></translation>
+        <translation>Albo --export-csv, albo --render.</translation>
     </message>
     <message>
         <source>One recording FILE is needed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Potrzebne jest jedno nagranie FILE.</translation>
     </message>
     <message>
         <source>A recording is not written over: </source>
-        <translation type="unfinished"></translation>
+        <translation>Nagranie nie zostanie nadpisane: </translation>
     </message>
     <message>
         <source>The drawing&apos;s name must end in .png, .svg or .pdf: </source>
-        <translation type="unfinished"></translation>
+        <translation>Nazwa rysunku musi kończyć się na .png, .svg lub .pdf: </translation>
     </message>
     <message>
         <source>Records what battery chargers and balancers send over serial ports, and draws it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nagrywa to, co ładowarki i balansery wysyłają przez porty szeregowe, i rysuje wykresy.</translation>
     </message>
     <message>
         <source>Recordings (.acp, .abp) to open.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nagrania (.acp, .abp) do otwarcia.</translation>
     </message>
     <message>
         <source>Language of the texts: en, pl or de. Numbers follow the system.</source>
-        <translation type="unfinished"></translation>
+        <translation>Język tekstów: en, pl lub de. Liczby zależą od systemu.</translation>
     </message>
 </context>
 <context>
     <name>DataDisplay</name>
     <message>
         <source>Varnel - Data Display</source>
-        <translation type="unfinished"></translation>
+        <translation>Varnel - wskazania</translation>
     </message>
     <message>
         <source>No line since %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Brak danych od %1</translation>
     </message>
     <message>
         <source>Charge</source>
-        <translation type="unfinished"></translation>
+        <translation>Ładowanie</translation>
     </message>
     <message>
         <source>Discharge</source>
-        <translation type="unfinished"></translation>
+        <translation>Rozładowanie</translation>
     </message>
     <message>
         <source>Balance</source>
-        <translation type="unfinished"></translation>
+        <translation>Balansowanie</translation>
     </message>
     <message>
         <source>cell %1</source>
-        <translation type="unfinished"></translation>
+        <translation>ogn. %1</translation>
     </message>
     <message>
         <source>Ri avg</source>
-        <translation type="unfinished"></translation>
+        <translation>Ri śr.</translation>
     </message>
     <message>
         <source>%
 Ri delta</source>
-        <translation type="unfinished"></translation>
+        <translation>%
+Ri delta</translation>
     </message>
     <message>
         <source>Ri max</source>
-        <translation type="unfinished"></translation>
+        <translation>Ri maks.</translation>
     </message>
     <message>
         <source>Ri min</source>
-        <translation type="unfinished"></translation>
+        <translation>Ri min</translation>
     </message>
     <message>
         <source>V avg</source>
-        <translation type="unfinished"></translation>
+        <translation>V śr.</translation>
     </message>
     <message>
         <source>Ah max</source>
-        <translation type="unfinished"></translation>
+        <translation>Ah maks.</translation>
     </message>
     <message>
         <source>V max</source>
-        <translation type="unfinished"></translation>
+        <translation>V maks.</translation>
     </message>
     <message>
         <source>V delta</source>
-        <translation type="unfinished"></translation>
+        <translation>V delta</translation>
     </message>
     <message>
         <source>V min</source>
-        <translation type="unfinished"></translation>
+        <translation>V min</translation>
     </message>
 </context>
 <context>
     <name>DataFileLoader</name>
     <message>
         <source>not a regular file</source>
-        <translation type="unfinished"></translation>
+        <translation>to nie jest zwykły plik</translation>
     </message>
     <message>
         <source>no such file</source>
-        <translation type="unfinished"></translation>
+        <translation>nie ma takiego pliku</translation>
     </message>
     <message>
         <source>it was changed while it was read</source>
-        <translation type="unfinished"></translation>
+        <translation>plik zmienił się podczas czytania</translation>
     </message>
     <message>
         <source>not enough memory</source>
-        <translation type="unfinished"></translation>
+        <translation>za mało pamięci</translation>
     </message>
     <message>
         <source>format error in line %1</source>
-        <translation type="unfinished"></translation>
+        <translation>błąd formatu w wierszu %1</translation>
     </message>
 </context>
 <context>
     <name>DataToolBar</name>
     <message>
         <source>Data Tool Bar</source>
-        <translation type="unfinished"></translation>
+        <translation>Pasek danych</translation>
     </message>
     <message>
         <source>Mode and cells type</source>
-        <translation type="unfinished"></translation>
+        <translation>Tryb i typ ogniw</translation>
     </message>
     <message>
         <source>Voltage</source>
-        <translation type="unfinished"></translation>
+        <translation>Napięcie</translation>
     </message>
     <message>
         <source>Current</source>
-        <translation type="unfinished"></translation>
+        <translation>Prąd</translation>
     </message>
     <message>
         <source>Temperature</source>
-        <translation type="unfinished"></translation>
+        <translation>Temperatura</translation>
     </message>
     <message>
         <source>Energy</source>
-        <translation type="unfinished"></translation>
+        <translation>Pojemność</translation>
     </message>
     <message>
         <source>Time</source>
-        <translation type="unfinished"></translation>
+        <translation>Czas</translation>
     </message>
 </context>
 <context>
@@ -265,1161 +268,1165 @@ Ri delta</source>
     <message>
         <source>No port is listened on
 Choose the ports of your devices: File &gt; Preferences.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nasłuch nie jest prowadzony na żadnym porcie
+Wybierz porty swoich urządzeń: Plik &gt; Ustawienia.</translation>
     </message>
     <message>
         <source>Listening on %1
 A window opens as soon as a device sends.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nasłuch na %1
+Okno otworzy się, gdy tylko urządzenie zacznie wysyłać dane.</translation>
     </message>
     <message>
         <source>Saved recordings: File &gt; Open file, or drop them here.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zapisane nagrania: Plik &gt; Otwórz plik albo upuść je tutaj.</translation>
     </message>
 </context>
 <context>
     <name>DeskReaderHost</name>
     <message>
         <source>Error</source>
-        <translation type="unfinished"></translation>
+        <translation>Błąd</translation>
     </message>
 </context>
 <context>
     <name>DeviceCommands</name>
     <message>
         <source>Choose the window of the device whose process is to be stopped.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wybierz okno urządzenia, którego proces ma zostać zatrzymany.</translation>
     </message>
     <message>
         <source>The device on %1 was told to stop its process.</source>
-        <translation type="unfinished"></translation>
+        <translation>Urządzenie na %1 otrzymało polecenie zatrzymania procesu.</translation>
     </message>
     <message>
         <source>The current window was fed by %1, which is not listened on.
 Stop the process of the device on %2?</source>
-        <translation type="unfinished"></translation>
+        <translation>Bieżące okno otrzymywało dane z %1, gdzie nasłuch nie jest prowadzony.
+Zatrzymać proces urządzenia na %2?</translation>
     </message>
     <message>
         <source>Stop process</source>
-        <translation type="unfinished"></translation>
+        <translation>Zatrzymaj proces</translation>
     </message>
     <message>
         <source>%1 is no longer listened on: its device was not told to stop.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nasłuch na %1 zakończony: urządzenie nie otrzymało polecenia zatrzymania.</translation>
     </message>
     <message>
         <source>No port is listened on: choose one in the preferences.</source>
-        <translation type="unfinished"></translation>
+        <translation>Brak nasłuchu na portach: wybierz port w ustawieniach.</translation>
     </message>
     <message>
         <source>Setting the clock of the device on %1...</source>
-        <translation type="unfinished"></translation>
+        <translation>Ustawianie zegara urządzenia na %1...</translation>
     </message>
 </context>
 <context>
     <name>DialogPreferences</name>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Anuluj</translation>
     </message>
     <message>
         <source>Refresh</source>
-        <translation type="unfinished"></translation>
+        <translation>Odśwież</translation>
     </message>
     <message>
         <source>Reset</source>
-        <translation type="unfinished"></translation>
+        <translation>Przywróć</translation>
     </message>
     <message>
         <source>Varnel - preferences</source>
-        <translation type="unfinished"></translation>
+        <translation>Varnel - ustawienia</translation>
     </message>
     <message>
         <source>Set varnel3&apos;s time while starting</source>
-        <translation type="unfinished"></translation>
+        <translation>Ustaw zegar ładowarki Varnel 3 przy starcie</translation>
     </message>
     <message>
         <source>No port is present. Plug a device in and press Refresh.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie ma żadnego portu. Podłącz urządzenie i naciśnij Odśwież.</translation>
     </message>
     <message>
         <source>Serial ports without a COM name: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Porty szeregowe bez nazwy COM: %1</translation>
     </message>
     <message>
         <source>To be listened on a port needs a COM name. Until you log out it has one by:</source>
-        <translation type="unfinished"></translation>
+        <translation>Do nasłuchu port potrzebuje nazwy COM. Do wylogowania nadasz ją poleceniami:</translation>
     </message>
     <message>
         <source>Then press Refresh. docs/ports.md tells how ports get their names for good.</source>
-        <translation type="unfinished"></translation>
+        <translation>Potem naciśnij Odśwież. Jak nadać portom nazwy na stałe, opisuje docs/ports.md.</translation>
     </message>
     <message>
         <source>Listens on the ticked ports. Ports that are absent now are forgotten.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nasłuchuje na zaznaczonych portach. Porty teraz nieobecne zostaną zapomniane.</translation>
     </message>
     <message>
         <source>Reset all settings to default:</source>
-        <translation type="unfinished"></translation>
+        <translation>Przywróć ustawienia domyślne:</translation>
     </message>
     <message>
         <source>Of the texts. Numbers and dates are written as the system has them.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dotyczy tekstów. Liczby i daty są zapisywane tak jak w systemie.</translation>
     </message>
     <message>
         <source>Language, from the next start on:</source>
-        <translation type="unfinished"></translation>
+        <translation>Język (od następnego uruchomienia):</translation>
     </message>
     <message>
         <source>System</source>
-        <translation type="unfinished"></translation>
+        <translation>Systemowy</translation>
     </message>
 </context>
 <context>
     <name>DialogRemoteControl</name>
     <message>
         <source>Remote control</source>
-        <translation type="unfinished"></translation>
+        <translation>Zdalne sterowanie</translation>
     </message>
     <message>
         <source>SETUP</source>
-        <translation type="unfinished"></translation>
+        <translation>USTAWIENIA</translation>
     </message>
     <message>
         <source>Battery</source>
-        <translation type="unfinished"></translation>
+        <translation>Akumulator</translation>
     </message>
     <message>
         <source>Power suply</source>
-        <translation type="unfinished"></translation>
+        <translation>Zasilacz</translation>
     </message>
     <message>
         <source>MEMORY NR</source>
-        <translation type="unfinished"></translation>
+        <translation>NR PAMIĘCI</translation>
     </message>
     <message>
         <source>-</source>
-        <translation type="unfinished"></translation>
+        <translation>-</translation>
     </message>
     <message>
         <source>+</source>
-        <translation type="unfinished"></translation>
+        <translation>+</translation>
     </message>
     <message>
         <source>BATERRY CONNECT</source>
-        <translation type="unfinished"></translation>
+        <translation>AKUMULATOR PODŁĄCZONY</translation>
     </message>
     <message>
         <source>START</source>
-        <translation type="unfinished"></translation>
+        <translation>START</translation>
     </message>
     <message>
         <source>PROCESS</source>
-        <translation type="unfinished"></translation>
+        <translation>PROCES</translation>
     </message>
     <message>
         <source>STOP</source>
-        <translation type="unfinished"></translation>
+        <translation>STOP</translation>
     </message>
     <message>
         <source>DISCONNECT BATTERY</source>
-        <translation type="unfinished"></translation>
+        <translation>ODŁĄCZ AKUMULATOR</translation>
     </message>
     <message>
         <source>Bip Off</source>
-        <translation type="unfinished"></translation>
+        <translation>Wycisz</translation>
     </message>
     <message>
         <source>Memory...</source>
-        <translation type="unfinished"></translation>
+        <translation>Pamięć...</translation>
     </message>
     <message>
         <source>Show the number of the memory that the device has selected</source>
-        <translation type="unfinished"></translation>
+        <translation>Pokaż numer pamięci wybranej w urządzeniu</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Zamknij</translation>
     </message>
     <message>
         <source>Port %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Port %1</translation>
     </message>
     <message>
         <source>Memory %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Pamięć %1</translation>
     </message>
     <message>
         <source>Cells %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Ogniwa: %1</translation>
     </message>
     <message>
         <source>Time out</source>
-        <translation type="unfinished"></translation>
+        <translation>Brak odpowiedzi urządzenia</translation>
     </message>
     <message>
         <source>Port %1 is no longer listened on: the remote control is closed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nasłuch na porcie %1 zakończony: zdalne sterowanie zostaje zamknięte.</translation>
     </message>
     <message>
         <source>Information</source>
-        <translation type="unfinished"></translation>
+        <translation>Informacja</translation>
     </message>
 </context>
 <context>
     <name>Documents</name>
     <message>
         <source>Chose varnel data file names</source>
-        <translation type="unfinished"></translation>
+        <translation>Wybierz pliki danych Varnel</translation>
     </message>
     <message>
         <source>Varnel files (*.acp *.abp)</source>
-        <translation type="unfinished"></translation>
+        <translation>Pliki Varnel (*.acp *.abp)</translation>
     </message>
     <message>
         <source>Open recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>Otwórz nagrania</translation>
     </message>
     <message>
         <source>Recordings (*.acp)</source>
-        <translation type="unfinished"></translation>
+        <translation>Nagrania (*.acp)</translation>
     </message>
     <message>
         <source>%1 of %2 files could not be opened:</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie udało się otworzyć plików (%1 z %2):</translation>
     </message>
     <message numerus="yes">
         <source>... and %n more</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>... i jeszcze %n</numerusform>
+            <numerusform>... i jeszcze %n</numerusform>
+            <numerusform>... i jeszcze %n</numerusform>
         </translation>
     </message>
     <message>
         <source>Open file</source>
-        <translation type="unfinished"></translation>
+        <translation>Otwórz plik</translation>
     </message>
     <message>
         <source>Choose file name</source>
-        <translation type="unfinished"></translation>
+        <translation>Wybierz nazwę pliku</translation>
     </message>
     <message>
         <source>Files that end in .abp are only read. Choose a name that ends in .acp.</source>
-        <translation type="unfinished"></translation>
+        <translation>Pliki .abp są tylko do odczytu. Wybierz nazwę kończącą się na .acp.</translation>
     </message>
     <message>
         <source>A recording is being written to this file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Do tego pliku zapisywane jest właśnie nagranie.</translation>
     </message>
     <message>
         <source>Saving was cancelled.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zapis został anulowany.</translation>
     </message>
     <message>
         <source>Data saved on disk.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dane zapisano na dysku.</translation>
     </message>
     <message>
         <source>%1 written.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zapisano %1.</translation>
     </message>
     <message>
         <source>Can not save file %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie można zapisać pliku %1</translation>
     </message>
     <message>
         <source>Save as</source>
-        <translation type="unfinished"></translation>
+        <translation>Zapisz jako</translation>
     </message>
     <message numerus="yes">
         <source>%n record(s) of a mode or chemistry that the file format has no sign for can&apos;t be read back from %1.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Z pliku %1 nie da się odczytać z powrotem %n rekordu: format pliku nie ma oznaczenia jego trybu lub typu ogniw.</numerusform>
+            <numerusform>Z pliku %1 nie da się odczytać z powrotem %n rekordów: format pliku nie ma oznaczenia ich trybu lub typu ogniw.</numerusform>
+            <numerusform>Z pliku %1 nie da się odczytać z powrotem %n rekordów: format pliku nie ma oznaczenia ich trybu lub typu ogniw.</numerusform>
         </translation>
     </message>
     <message>
         <source>They are kept in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Są zachowane w %1.</translation>
     </message>
 </context>
 <context>
     <name>EndNotice</name>
     <message>
         <source>%1 Ah in %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Ah w %2</translation>
     </message>
 </context>
 <context>
     <name>FileQueue</name>
     <message>
         <source>Opening was cancelled.</source>
-        <translation type="unfinished"></translation>
+        <translation>Otwieranie zostało anulowane.</translation>
     </message>
 </context>
 <context>
     <name>FolderView</name>
     <message>
         <source>The folder is being read...</source>
-        <translation type="unfinished"></translation>
+        <translation>Odczyt folderu...</translation>
     </message>
 </context>
 <context>
     <name>GraphExports</name>
     <message>
         <source>Export as CSV</source>
-        <translation type="unfinished"></translation>
+        <translation>Eksportuj jako CSV</translation>
     </message>
     <message>
         <source>Comma-separated values (*.csv)</source>
-        <translation type="unfinished"></translation>
+        <translation>Wartości rozdzielane przecinkami (*.csv)</translation>
     </message>
     <message>
         <source>Save picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Zapisz obraz</translation>
     </message>
     <message>
         <source>Picture (*.png)</source>
-        <translation type="unfinished"></translation>
+        <translation>Obraz (*.png)</translation>
     </message>
     <message>
         <source>Drawing (*.svg)</source>
-        <translation type="unfinished"></translation>
+        <translation>Rysunek (*.svg)</translation>
     </message>
     <message>
         <source>Document (*.pdf)</source>
-        <translation type="unfinished"></translation>
+        <translation>Dokument (*.pdf)</translation>
     </message>
     <message>
         <source>The name of a picture ends in .png, .svg or .pdf.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nazwa obrazu kończy się na .png, .svg lub .pdf.</translation>
     </message>
     <message>
         <source>There is no room for it in memory.</source>
-        <translation type="unfinished"></translation>
+        <translation>Brakuje na to pamięci.</translation>
     </message>
     <message>
         <source>Names that end in .acp or .abp are for recordings.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nazwy kończące się na .acp i .abp są dla nagrań.</translation>
     </message>
     <message>
         <source>A recording is being written to this file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Do tego pliku zapisywane jest właśnie nagranie.</translation>
     </message>
     <message>
         <source>The export was cancelled.</source>
-        <translation type="unfinished"></translation>
+        <translation>Eksport został anulowany.</translation>
     </message>
     <message>
         <source>%1 written.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zapisano %1.</translation>
     </message>
     <message>
         <source>Can not save file %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie można zapisać pliku %1</translation>
     </message>
     <message>
         <source>Export</source>
-        <translation type="unfinished"></translation>
+        <translation>Eksport</translation>
     </message>
 </context>
 <context>
     <name>GraphPrinting</name>
     <message>
         <source>Varnel - graph</source>
-        <translation type="unfinished"></translation>
+        <translation>Varnel - wykres</translation>
     </message>
 </context>
 <context>
     <name>GraphScene</name>
     <message>
         <source>This recording has no cell data.</source>
-        <translation type="unfinished"></translation>
+        <translation>To nagranie nie ma danych ogniw.</translation>
     </message>
     <message>
         <source>Voltage</source>
-        <translation type="unfinished"></translation>
+        <translation>Napięcie</translation>
     </message>
     <message>
         <source>V</source>
-        <translation type="unfinished"></translation>
+        <translation>V</translation>
     </message>
     <message>
         <source> V</source>
-        <translation type="unfinished"></translation>
+        <translation> V</translation>
     </message>
     <message>
         <source>dV</source>
-        <translation type="unfinished"></translation>
+        <translation>dV</translation>
     </message>
     <message>
         <source> mV/min</source>
-        <translation type="unfinished"></translation>
+        <translation> mV/min</translation>
     </message>
     <message>
         <source>mV/min</source>
-        <translation type="unfinished"></translation>
+        <translation>mV/min</translation>
     </message>
     <message>
         <source>Energy</source>
-        <translation type="unfinished"></translation>
+        <translation>Ładunek</translation>
     </message>
     <message>
         <source>mAh</source>
-        <translation type="unfinished"></translation>
+        <translation>mAh</translation>
     </message>
     <message>
         <source> mAh</source>
-        <translation type="unfinished"></translation>
+        <translation> mAh</translation>
     </message>
     <message>
         <source>Cell </source>
-        <translation type="unfinished"></translation>
+        <translation>Ogniwo </translation>
     </message>
     <message>
         <source>No cell is selected.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie wybrano ogniwa.</translation>
     </message>
     <message>
         <source>All cells are hidden.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wszystkie ogniwa są ukryte.</translation>
     </message>
     <message>
         <source>Voltage:</source>
-        <translation type="unfinished"></translation>
+        <translation>Napięcie:</translation>
     </message>
     <message>
         <source>Charge:</source>
-        <translation type="unfinished"></translation>
+        <translation>Ładunek:</translation>
     </message>
     <message>
         <source>Max</source>
-        <translation type="unfinished"></translation>
+        <translation>Maks.</translation>
     </message>
     <message>
         <source>Avg</source>
-        <translation type="unfinished"></translation>
+        <translation>Śr.</translation>
     </message>
     <message>
         <source>Min</source>
-        <translation type="unfinished"></translation>
+        <translation>Min</translation>
     </message>
     <message>
         <source>Delta</source>
-        <translation type="unfinished"></translation>
+        <translation>Delta</translation>
     </message>
     <message>
         <source>mV</source>
-        <translation type="unfinished"></translation>
+        <translation>mV</translation>
     </message>
     <message>
         <source> mV</source>
-        <translation type="unfinished"></translation>
+        <translation> mV</translation>
     </message>
     <message>
         <source>Current</source>
-        <translation type="unfinished"></translation>
+        <translation>Prąd</translation>
     </message>
     <message>
         <source>A</source>
-        <translation type="unfinished"></translation>
+        <translation>A</translation>
     </message>
     <message>
         <source> A</source>
-        <translation type="unfinished"></translation>
+        <translation> A</translation>
     </message>
     <message>
         <source>Temp.</source>
-        <translation type="unfinished"></translation>
+        <translation>Temp.</translation>
     </message>
     <message>
         <source>Ri</source>
-        <translation type="unfinished"></translation>
+        <translation>Ri</translation>
     </message>
     <message>
         <source>mΩ</source>
-        <translation type="unfinished"></translation>
+        <translation>mΩ</translation>
     </message>
     <message>
         <source> mΩ</source>
-        <translation type="unfinished"></translation>
+        <translation> mΩ</translation>
     </message>
 </context>
 <context>
     <name>Journal</name>
     <message>
         <source>the file was removed or replaced</source>
-        <translation type="unfinished"></translation>
+        <translation>plik został usunięty lub podmieniony</translation>
     </message>
     <message>
         <source>the disk is full</source>
-        <translation type="unfinished"></translation>
+        <translation>dysk jest pełny</translation>
     </message>
     <message>
         <source>the disk reports an error</source>
-        <translation type="unfinished"></translation>
+        <translation>dysk zgłasza błąd</translation>
     </message>
 </context>
 <context>
     <name>JournalNotice</name>
     <message>
         <source>recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>nagrania</translation>
     </message>
     <message>
         <source>The file of a running recording was removed or replaced:</source>
-        <translation type="unfinished"></translation>
+        <translation>Plik trwającego nagrania został usunięty lub podmieniony:</translation>
     </message>
     <message>
         <source>All that was recorded is written again, and recording goes on, in:</source>
-        <translation type="unfinished"></translation>
+        <translation>Całe nagranie jest zapisywane od nowa i trwa dalej w:</translation>
     </message>
     <message>
         <source>Your recordings take %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Twoje nagrania zajmują %1.</translation>
     </message>
     <message>
         <source>None of them is deleted unless you do it, in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Żadne nie zniknie, dopóki sam go nie usuniesz, w %1.</translation>
     </message>
     <message>
         <source>Open folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Otwórz folder</translation>
     </message>
     <message>
         <source>Recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>Nagrania</translation>
     </message>
 </context>
 <context>
     <name>LineDispatcher</name>
     <message>
         <source>Not enough memory: a line of %1 is left out.</source>
-        <translation type="unfinished"></translation>
+        <translation>Za mało pamięci: wiersz z %1 został pominięty.</translation>
     </message>
 </context>
 <context>
     <name>ListenedPorts</name>
     <message>
         <source>The current window receives no data: there is nothing to pause.</source>
-        <translation type="unfinished"></translation>
+        <translation>Bieżące okno nie odbiera danych: nie ma czego wstrzymać.</translation>
     </message>
     <message>
         <source>No graph window is open: there is nothing to pause.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie ma otwartego okna wykresu: nie ma czego wstrzymać.</translation>
     </message>
     <message>
         <source>No port is listened on: choose one in the preferences.</source>
-        <translation type="unfinished"></translation>
+        <translation>Brak nasłuchu na portach: wybierz port w ustawieniach.</translation>
     </message>
     <message>
         <source>No port has been selected.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie wybrano portu.</translation>
     </message>
     <message>
         <source>Start listening on port(s): </source>
-        <translation type="unfinished"></translation>
+        <translation>Nasłuch na portach: </translation>
     </message>
     <message>
         <source>Stop listen on port(s).</source>
-        <translation type="unfinished"></translation>
+        <translation>Nasłuch zakończony.</translation>
     </message>
     <message>
         <source>Stop listening on port %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Koniec nasłuchu na porcie %1.</translation>
     </message>
     <message>
         <source>Start listening on port %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nasłuch na porcie %1.</translation>
     </message>
     <message>
         <source>Stop listening on port %1. Port is removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Koniec nasłuchu na porcie %1. Port został odłączony.</translation>
     </message>
     <message>
         <source>Start listening on new port %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nasłuch na nowym porcie %1.</translation>
     </message>
 </context>
 <context>
     <name>LiveWindows</name>
     <message>
         <source>Journal: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Dziennik: %1</translation>
     </message>
 </context>
 <context>
     <name>LoadOutcome</name>
     <message>
         <source>Can not open file %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie można otworzyć pliku %1</translation>
     </message>
     <message>
         <source>Format error in </source>
-        <translation type="unfinished"></translation>
+        <translation>Błąd formatu w </translation>
     </message>
     <message>
         <source>Not enough memory to open %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Za mało pamięci, aby otworzyć %1</translation>
     </message>
     <message>
         <source>Data loaded from disk.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dane wczytano z dysku.</translation>
     </message>
     <message>
         <source>No data in file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Plik nie zawiera danych.</translation>
     </message>
 </context>
 <context>
     <name>MainWindow</name>
     <message>
         <source>Open file</source>
-        <translation type="unfinished"></translation>
+        <translation>Otwórz plik</translation>
     </message>
     <message>
         <source>Read data from file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wczytuje dane z pliku.</translation>
     </message>
     <message>
         <source>Save as</source>
-        <translation type="unfinished"></translation>
+        <translation>Zapisz jako</translation>
     </message>
     <message>
         <source>Save data to file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zapisuje dane do pliku.</translation>
     </message>
     <message>
         <source>Save sesion</source>
-        <translation type="unfinished"></translation>
+        <translation>Zapisz sesję</translation>
     </message>
     <message>
         <source>Save all data as one session</source>
-        <translation type="unfinished"></translation>
+        <translation>Zapisuje wszystkie dane jako jedną sesję</translation>
     </message>
     <message>
         <source>Preferences</source>
-        <translation type="unfinished"></translation>
+        <translation>Ustawienia</translation>
     </message>
     <message>
         <source>Aplications preferences.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ustawienia programu.</translation>
     </message>
     <message>
         <source>E&amp;xit</source>
-        <translation type="unfinished"></translation>
+        <translation>Za&amp;kończ</translation>
     </message>
     <message>
         <source>Exit the application.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kończy pracę programu.</translation>
     </message>
     <message>
         <source>Black</source>
-        <translation type="unfinished"></translation>
+        <translation>Czarne</translation>
     </message>
     <message>
         <source>Background color black.</source>
-        <translation type="unfinished"></translation>
+        <translation>Czarne tło.</translation>
     </message>
     <message>
         <source>White</source>
-        <translation type="unfinished"></translation>
+        <translation>Białe</translation>
     </message>
     <message>
         <source>Background color white.</source>
-        <translation type="unfinished"></translation>
+        <translation>Białe tło.</translation>
     </message>
     <message>
         <source>Cl&amp;ose</source>
-        <translation type="unfinished"></translation>
+        <translation>Za&amp;mknij</translation>
     </message>
     <message>
         <source>Close the active window</source>
-        <translation type="unfinished"></translation>
+        <translation>Zamyka aktywne okno</translation>
     </message>
     <message>
         <source>Close &amp;All</source>
-        <translation type="unfinished"></translation>
+        <translation>Zamknij &amp;wszystkie</translation>
     </message>
     <message>
         <source>Close all the windows</source>
-        <translation type="unfinished"></translation>
+        <translation>Zamyka wszystkie okna</translation>
     </message>
     <message>
         <source>&amp;Tile</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Sąsiadująco</translation>
     </message>
     <message>
         <source>Tile the windows</source>
-        <translation type="unfinished"></translation>
+        <translation>Układa okna obok siebie</translation>
     </message>
     <message>
         <source>&amp;Cascade</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Kaskadowo</translation>
     </message>
     <message>
         <source>Cascade the windows</source>
-        <translation type="unfinished"></translation>
+        <translation>Układa okna kaskadowo</translation>
     </message>
     <message>
         <source>Ne&amp;xt</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Następne</translation>
     </message>
     <message>
         <source>Move the focus to the next window</source>
-        <translation type="unfinished"></translation>
+        <translation>Przechodzi do następnego okna</translation>
     </message>
     <message>
         <source>Pre&amp;vious</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Poprzednie</translation>
     </message>
     <message>
         <source>Move the focus to the previous window</source>
-        <translation type="unfinished"></translation>
+        <translation>Przechodzi do poprzedniego okna</translation>
     </message>
     <message>
         <source>Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Rejestracja</translation>
     </message>
     <message>
         <source>Recording data from com port.</source>
-        <translation type="unfinished"></translation>
+        <translation>Rejestracja danych z portu COM.</translation>
     </message>
     <message>
         <source>Capacity comparison</source>
-        <translation type="unfinished"></translation>
+        <translation>Porównanie pojemności</translation>
     </message>
     <message>
         <source>Print capacity comparison.</source>
-        <translation type="unfinished"></translation>
+        <translation>Drukuje porównanie pojemności.</translation>
     </message>
     <message>
         <source>Voltage comparison</source>
-        <translation type="unfinished"></translation>
+        <translation>Porównanie napięć</translation>
     </message>
     <message>
         <source>Print voltage comparison.</source>
-        <translation type="unfinished"></translation>
+        <translation>Drukuje porównanie napięć.</translation>
     </message>
     <message>
         <source>Bar display</source>
-        <translation type="unfinished"></translation>
+        <translation>Słupki ogniw</translation>
     </message>
     <message>
         <source>Print bar display.</source>
-        <translation type="unfinished"></translation>
+        <translation>Drukuje słupki ogniw.</translation>
     </message>
     <message>
         <source>Active plot</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktywny wykres</translation>
     </message>
     <message>
         <source>Print active plot.</source>
-        <translation type="unfinished"></translation>
+        <translation>Drukuje aktywny wykres.</translation>
     </message>
     <message>
         <source>&amp;About</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;O programie</translation>
     </message>
     <message>
         <source>Show the application&apos;s About box</source>
-        <translation type="unfinished"></translation>
+        <translation>Pokazuje informacje o programie</translation>
     </message>
     <message>
         <source>About &amp;Qt</source>
-        <translation type="unfinished"></translation>
+        <translation>O &amp;Qt</translation>
     </message>
     <message>
         <source>Show the Qt library&apos;s About box</source>
-        <translation type="unfinished"></translation>
+        <translation>Pokazuje informacje o bibliotece Qt</translation>
     </message>
     <message>
         <source>Set time</source>
-        <translation type="unfinished"></translation>
+        <translation>Ustaw zegar</translation>
     </message>
     <message>
         <source>Set time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ustawia zegar urządzenia.</translation>
     </message>
     <message>
         <source> DATA </source>
-        <translation type="unfinished"></translation>
+        <translation> DANE </translation>
     </message>
     <message>
         <source>Show/hide display</source>
-        <translation type="unfinished"></translation>
+        <translation>Pokaż/ukryj wskazania</translation>
     </message>
     <message>
         <source>Graph</source>
-        <translation type="unfinished"></translation>
+        <translation>Wykres</translation>
     </message>
     <message>
         <source>Show/hide graph</source>
-        <translation type="unfinished"></translation>
+        <translation>Pokaż/ukryj porównanie napięć</translation>
     </message>
     <message>
         <source>Bar Graph</source>
-        <translation type="unfinished"></translation>
+        <translation>Słupki</translation>
     </message>
     <message>
         <source>Show/hide bar graph</source>
-        <translation type="unfinished"></translation>
+        <translation>Pokaż/ukryj porównanie pojemności</translation>
     </message>
     <message>
         <source> T </source>
-        <translation type="unfinished"></translation>
+        <translation> T </translation>
     </message>
     <message>
         <source>Show/hide themparature</source>
-        <translation type="unfinished"></translation>
+        <translation>Pokaż/ukryj temperaturę</translation>
     </message>
     <message>
         <source>  dV </source>
-        <translation type="unfinished"></translation>
+        <translation>  dV </translation>
     </message>
     <message>
         <source>Show/hide dV</source>
-        <translation type="unfinished"></translation>
+        <translation>Pokaż/ukryj dV</translation>
     </message>
     <message>
         <source> Rw </source>
-        <translation type="unfinished"></translation>
+        <translation> Rw </translation>
     </message>
     <message>
         <source>Show/hide cells internal resistance</source>
-        <translation type="unfinished"></translation>
+        <translation>Pokaż/ukryj rezystancję wewnętrzną</translation>
     </message>
     <message>
         <source> B </source>
-        <translation type="unfinished"></translation>
+        <translation> B </translation>
     </message>
     <message>
         <source>Balancer/Charger plot</source>
-        <translation type="unfinished"></translation>
+        <translation>Wykres balansera/ładowarki</translation>
     </message>
     <message>
         <source> Avg </source>
-        <translation type="unfinished"></translation>
+        <translation> Śr </translation>
     </message>
     <message>
         <source>Cells/MinMax plot</source>
-        <translation type="unfinished"></translation>
+        <translation>Wykres ogniw lub min/maks.</translation>
     </message>
     <message>
         <source> S </source>
-        <translation type="unfinished"></translation>
+        <translation> S </translation>
     </message>
     <message>
         <source>Select cells</source>
-        <translation type="unfinished"></translation>
+        <translation>Wybór ogniw</translation>
     </message>
     <message>
         <source> P% </source>
-        <translation type="unfinished"></translation>
+        <translation> P% </translation>
     </message>
     <message>
         <source>Show/hide power balancer</source>
-        <translation type="unfinished"></translation>
+        <translation>Pokaż/ukryj słupki ogniw</translation>
     </message>
     <message>
         <source> Vc </source>
-        <translation type="unfinished"></translation>
+        <translation> Vc </translation>
     </message>
     <message>
         <source>Cells energy/voltage/internal cel resistance</source>
-        <translation type="unfinished"></translation>
+        <translation>Ładunek, napięcie lub rezystancja ogniw</translation>
     </message>
     <message>
         <source>Stop process</source>
-        <translation type="unfinished"></translation>
+        <translation>Zatrzymaj proces</translation>
     </message>
     <message>
         <source>Stop process.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zatrzymuje proces.</translation>
     </message>
     <message>
         <source>Hold view</source>
-        <translation type="unfinished"></translation>
+        <translation>Zatrzymaj widok</translation>
     </message>
     <message>
         <source>Graph windows keep zoom and cursor</source>
-        <translation type="unfinished"></translation>
+        <translation>Okna wykresów zachowują powiększenie i kursor</translation>
     </message>
     <message>
         <source>Open recordings...</source>
-        <translation type="unfinished"></translation>
+        <translation>Otwórz nagrania...</translation>
     </message>
     <message>
         <source>Open what was recorded from the devices, saved or not.</source>
-        <translation type="unfinished"></translation>
+        <translation>Otwiera to, co nagrano z urządzeń, zapisane lub nie.</translation>
     </message>
     <message>
         <source>Reopen closed recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Otwórz ponownie zamknięte nagranie</translation>
     </message>
     <message>
         <source>Open again the recording whose window was closed last.</source>
-        <translation type="unfinished"></translation>
+        <translation>Otwiera ponownie nagranie z ostatnio zamkniętego okna.</translation>
     </message>
     <message>
         <source>Export as CSV...</source>
-        <translation type="unfinished"></translation>
+        <translation>Eksportuj jako CSV...</translation>
     </message>
     <message>
         <source>Write the records of the current graph as a table for other programs.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zapisuje rekordy bieżącego wykresu jako tabelę dla innych programów.</translation>
     </message>
     <message>
         <source>Save picture...</source>
-        <translation type="unfinished"></translation>
+        <translation>Zapisz obraz...</translation>
     </message>
     <message>
         <source>Write the current graph as its window shows it to a picture file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zapisuje bieżący wykres tak, jak go widać, do pliku obrazu.</translation>
     </message>
     <message>
         <source>Remote control...</source>
-        <translation type="unfinished"></translation>
+        <translation>Zdalne sterowanie...</translation>
     </message>
     <message>
         <source>Operate the front panel of the charger.</source>
-        <translation type="unfinished"></translation>
+        <translation>Obsługa panelu ładowarki z komputera.</translation>
     </message>
     <message>
         <source>Varnel Graph %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Varnel Graph %1</translation>
     </message>
     <message>
         <source>&amp;File</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Plik</translation>
     </message>
     <message>
         <source>&amp;Window</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Okno</translation>
     </message>
     <message>
         <source>&amp;Print</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Drukuj</translation>
     </message>
     <message>
         <source>&amp;Tools</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Narzędzia</translation>
     </message>
     <message>
         <source>&amp;View switches</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Widok</translation>
     </message>
     <message>
         <source>&amp;Help</source>
-        <translation type="unfinished"></translation>
+        <translation>Pomo&amp;c</translation>
     </message>
     <message>
         <source>Ready</source>
-        <translation type="unfinished"></translation>
+        <translation>Gotowy</translation>
     </message>
     <message>
         <source>There is no graph window to print.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie ma okna wykresu do wydrukowania.</translation>
     </message>
     <message>
         <source>Start listening on ports...</source>
-        <translation type="unfinished"></translation>
+        <translation>Otwieranie portów...</translation>
     </message>
     <message>
         <source>Background color</source>
-        <translation type="unfinished"></translation>
+        <translation>Kolor tła</translation>
     </message>
     <message>
         <source>Main Tool Bar</source>
-        <translation type="unfinished"></translation>
+        <translation>Główny pasek narzędzi</translation>
     </message>
 </context>
 <context>
     <name>MdiGraphChild</name>
     <message>
         <source>Out of memory since %1: lines go on in the journal only</source>
-        <translation type="unfinished"></translation>
+        <translation>Brak pamięci od %1: dane trafiają już tylko do dziennika</translation>
     </message>
     <message>
         <source>Ended or silent since %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Koniec lub cisza od %1</translation>
     </message>
     <message>
         <source>No line since %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Brak danych od %1</translation>
     </message>
     <message>
         <source>No file name</source>
-        <translation type="unfinished"></translation>
+        <translation>Bez nazwy</translation>
     </message>
     <message>
         <source>Device: </source>
-        <translation type="unfinished"></translation>
+        <translation>Urządzenie: </translation>
     </message>
     <message>
         <source>View held</source>
-        <translation type="unfinished"></translation>
+        <translation>Widok zatrzymany</translation>
     </message>
     <message>
         <source>NO DATA</source>
-        <translation type="unfinished"></translation>
+        <translation>BRAK DANYCH</translation>
     </message>
     <message>
         <source>   Cels:</source>
-        <translation type="unfinished"></translation>
+        <translation>   Ogniwa:</translation>
     </message>
 </context>
 <context>
     <name>PortObstacle</name>
     <message>
         <source>&quot;%1&quot;, process %2</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1”, proces %2</translation>
     </message>
     <message>
         <source>Another program holds the port.</source>
-        <translation type="unfinished"></translation>
+        <translation>Port zajmuje inny program.</translation>
     </message>
     <message>
         <source>Another program holds the port: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Port zajmuje inny program: %1.</translation>
     </message>
     <message>
         <source>Another program holds the port: %1 of the user &quot;%2&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Port zajmuje inny program: %1 użytkownika „%2”.</translation>
     </message>
     <message>
         <source>You have no right to use the port.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie masz uprawnień do tego portu.</translation>
     </message>
     <message>
         <source>You have no right to use the port. Join the group &quot;%1&quot; and log in again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie masz uprawnień do tego portu. Dołącz do grupy „%1” i zaloguj się ponownie.</translation>
     </message>
     <message>
         <source>This program listens on the port already.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ten program już nasłuchuje na tym porcie.</translation>
     </message>
     <message>
         <source>This program listens on the same device already, under another name: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ten program już nasłuchuje na tym urządzeniu pod inną nazwą: %1.</translation>
     </message>
     <message>
         <source>A program that has ended has left its lock behind.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zakończony program zostawił po sobie blokadę.</translation>
     </message>
     <message>
         <source>A program that has ended has left its lock behind: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zakończony program zostawił po sobie blokadę: %1.</translation>
     </message>
     <message>
         <source>The user &quot;%1&quot; or an administrator has to remove the file %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Użytkownik „%1” lub administrator musi usunąć plik %2.</translation>
     </message>
     <message>
         <source>a socket</source>
-        <translation type="unfinished"></translation>
+        <translation>gniazdo</translation>
     </message>
     <message>
         <source>a link</source>
-        <translation type="unfinished"></translation>
+        <translation>dowiązanie</translation>
     </message>
     <message>
         <source>a folder</source>
-        <translation type="unfinished"></translation>
+        <translation>folder</translation>
     </message>
     <message>
         <source>a device</source>
-        <translation type="unfinished"></translation>
+        <translation>urządzenie</translation>
     </message>
     <message>
         <source>a pipe</source>
-        <translation type="unfinished"></translation>
+        <translation>potok</translation>
     </message>
     <message>
         <source>%1 should be the port&apos;s lock file and is %2.
 The user &quot;%3&quot; or an administrator has to remove it.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 powinno być plikiem blokady portu, a jest to %2.
+Musi to usunąć użytkownik „%3” lub administrator.</translation>
     </message>
     <message>
         <source>You have no right to make lock files in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie masz uprawnień do tworzenia plików blokad w %1.</translation>
     </message>
 </context>
 <context>
     <name>PortQuestions</name>
     <message>
         <source>Question</source>
-        <translation type="unfinished"></translation>
+        <translation>Pytanie</translation>
     </message>
 </context>
 <context>
     <name>PowerDisplay</name>
     <message>
         <source>NO DATA</source>
-        <translation type="unfinished"></translation>
+        <translation>BRAK DANYCH</translation>
     </message>
     <message>
         <source>Varnel - bar display</source>
-        <translation type="unfinished"></translation>
+        <translation>Varnel - słupki ogniw</translation>
     </message>
     <message>
         <source>No line since %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Brak danych od %1</translation>
     </message>
 </context>
 <context>
     <name>PrintRequest</name>
     <message>
         <source>Sent to %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wysłano do %1.</translation>
     </message>
     <message>
         <source>%1 written.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zapisano %1.</translation>
     </message>
     <message>
         <source>Can not print to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie można drukować do %1</translation>
     </message>
 </context>
 <context>
     <name>ProcessEnd</name>
     <message>
         <source>Error in process !</source>
-        <translation type="unfinished"></translation>
+        <translation>Błąd procesu!</translation>
     </message>
     <message>
         <source>Error</source>
-        <translation type="unfinished"></translation>
+        <translation>Błąd</translation>
     </message>
     <message>
         <source>Process aborted by user.</source>
-        <translation type="unfinished"></translation>
+        <translation>Proces przerwany przez użytkownika.</translation>
     </message>
     <message>
         <source>Aborted</source>
-        <translation type="unfinished"></translation>
+        <translation>Przerwano</translation>
     </message>
     <message>
         <source>Process completed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Proces zakończony.</translation>
     </message>
     <message>
         <source>End</source>
-        <translation type="unfinished"></translation>
+        <translation>Koniec</translation>
     </message>
 </context>
 <context>
     <name>ProgressStrip</name>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Anuluj</translation>
     </message>
 </context>
 <context>
@@ -1428,353 +1435,355 @@ The user &quot;%3&quot; or an administrator has to remove it.</source>
         <source>%1
 Directory not found.
 Please verify the correct directory name was given.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1
+Nie znaleziono folderu.
+Sprawdź, czy podano właściwą nazwę.</translation>
     </message>
 </context>
 <context>
     <name>RecordingsModel</name>
     <message>
         <source>Length</source>
-        <translation type="unfinished"></translation>
+        <translation>Czas</translation>
     </message>
 </context>
 <context>
     <name>RemoteControls</name>
     <message>
         <source>No port is listened on: choose one in the preferences.</source>
-        <translation type="unfinished"></translation>
+        <translation>Brak nasłuchu na portach: wybierz port w ustawieniach.</translation>
     </message>
     <message>
         <source>Operate the front panel of the charger.</source>
-        <translation type="unfinished"></translation>
+        <translation>Obsługa panelu ładowarki z komputera.</translation>
     </message>
     <message>
         <source>Remote control</source>
-        <translation type="unfinished"></translation>
+        <translation>Zdalne sterowanie</translation>
     </message>
     <message>
         <source>Remote control...</source>
-        <translation type="unfinished"></translation>
+        <translation>Zdalne sterowanie...</translation>
     </message>
     <message>
         <source>%1 (current window)...</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (bieżące okno)...</translation>
     </message>
     <message>
         <source>%1...</source>
-        <translation type="unfinished"></translation>
+        <translation>%1...</translation>
     </message>
 </context>
 <context>
     <name>SerialReader</name>
     <message>
         <source>It can&apos;t be locked</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie można założyć blokady</translation>
     </message>
     <message>
         <source>Device %1 failed to open: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie udało się otworzyć urządzenia %1: %2</translation>
     </message>
 </context>
 <context>
     <name>SettingsKeeper</name>
     <message>
         <source>its folder is protected against writing</source>
-        <translation type="unfinished"></translation>
+        <translation>folder jest chroniony przed zapisem</translation>
     </message>
     <message>
         <source>another program holds it</source>
-        <translation type="unfinished"></translation>
+        <translation>plik zajmuje inny program</translation>
     </message>
     <message>
         <source>the disk is full or reports an error</source>
-        <translation type="unfinished"></translation>
+        <translation>dysk jest pełny lub zgłasza błąd</translation>
     </message>
 </context>
 <context>
     <name>SettingsNotice</name>
     <message>
         <source>Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Ustawienia</translation>
     </message>
     <message>
         <source>Not all of your settings could be read. What is missing is as in a new installation.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie wszystkie ustawienia udało się odczytać. Brakujące są takie jak po instalacji.</translation>
     </message>
     <message>
         <source>Your settings can&apos;t be written. What you change holds until the program ends.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie można zapisać ustawień. Zmiany obowiązują do zakończenia programu.</translation>
     </message>
 </context>
 <context>
     <name>SleepInhibitor</name>
     <message>
         <source>A process is being recorded</source>
-        <translation type="unfinished"></translation>
+        <translation>Trwa rejestracja procesu</translation>
     </message>
 </context>
 <context>
     <name>StaleWatch</name>
     <message>
         <source>%1: no line since %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: brak danych od %2</translation>
     </message>
 </context>
 <context>
     <name>StatusFacts</name>
     <message>
         <source>The process has ended and its message is gone. It is named here until you look at its window.</source>
-        <translation type="unfinished"></translation>
+        <translation>Proces się zakończył, a komunikat zniknął. Pozostaje tu, dopóki nie obejrzysz jego okna.</translation>
     </message>
     <message>
         <source>Lost: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Utracono: %1</translation>
     </message>
     <message>
         <source>The device or its adapter went away. Listening goes on when it is back.</source>
-        <translation type="unfinished"></translation>
+        <translation>Urządzenie lub jego adapter zniknęły. Nasłuch wróci razem z nimi.</translation>
     </message>
     <message>
         <source>Can&apos;t open: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie do otwarcia: %1</translation>
     </message>
     <message>
         <source>These ports could not be opened.</source>
-        <translation type="unfinished"></translation>
+        <translation>Tych portów nie udało się otworzyć.</translation>
     </message>
     <message>
         <source>Paused: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Wstrzymano: %1</translation>
     </message>
     <message>
         <source>Recording is paused: what the device sends is lost. Press Recording to go on.</source>
-        <translation type="unfinished"></translation>
+        <translation>Rejestracja wstrzymana: dane z urządzenia przepadają. Naciśnij Rejestracja, aby wznowić.</translation>
     </message>
     <message>
         <source>No data: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Brak danych: %1</translation>
     </message>
     <message>
         <source>The device has sent no line for a while.</source>
-        <translation type="unfinished"></translation>
+        <translation>Urządzenie od pewnego czasu nic nie wysyła.</translation>
     </message>
     <message>
         <source>Window closed: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Okno zamknięte: %1</translation>
     </message>
     <message>
         <source>The graph window was closed. A window opens again with the next process.</source>
-        <translation type="unfinished"></translation>
+        <translation>Okno wykresu zamknięto. Nowe otworzy się z następnym procesem.</translation>
     </message>
     <message>
         <source>Not on disk: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie na dysku: %1</translation>
     </message>
     <message>
         <source>The journal&apos;s disk takes no more. Lines wait in memory and are written as soon as it does.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dysk dziennika nie przyjmuje danych. Czekają w pamięci i zostaną zapisane, gdy to będzie możliwe.</translation>
     </message>
     <message>
         <source>Error: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Błąd: %1</translation>
     </message>
     <message>
         <source>Aborted: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Przerwano: %1</translation>
     </message>
     <message>
         <source>Completed: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Zakończono: %1</translation>
     </message>
     <message>
         <source>Listening: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Nasłuch: %1</translation>
     </message>
     <message>
         <source>The ports are chosen in File &gt; Preferences.</source>
-        <translation type="unfinished"></translation>
+        <translation>Porty wybiera się w Plik &gt; Ustawienia.</translation>
     </message>
     <message>
         <source>Listening: no port</source>
-        <translation type="unfinished"></translation>
+        <translation>Nasłuch: brak</translation>
     </message>
 </context>
 <context>
     <name>ToolsCommands</name>
     <message>
         <source>There is no graph window.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie ma okna wykresu.</translation>
     </message>
     <message>
         <source>No window of an unsaved recording has been closed yet.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie zamknięto jeszcze okna z niezapisanym nagraniem.</translation>
     </message>
     <message>
         <source>The closed recording is no longer there.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zamkniętego nagrania już nie ma.</translation>
     </message>
 </context>
 <context>
     <name>UnsavedWindows</name>
     <message>
         <source>The recording is kept as %1: Tools &gt; Reopen closed recording.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nagranie zachowano jako %1: Narzędzia &gt; Otwórz ponownie zamknięte nagranie.</translation>
     </message>
     <message>
         <source>The program closes when the file is written. Cancel gives the file up.</source>
-        <translation type="unfinished"></translation>
+        <translation>Program zamknie się po zapisaniu pliku. Anuluj rezygnuje z pliku.</translation>
     </message>
     <message>
         <source>Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Nagranie</translation>
     </message>
     <message>
         <source>Another of the windows is about to be saved as %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Inne okno jest właśnie zapisywane jako %1.</translation>
     </message>
     <message>
         <source>The recording in window %1 is not saved.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nagranie w oknie %1 nie jest zapisane.</translation>
     </message>
     <message>
         <source>Nothing else keeps it. Save it before its window closes?</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie ma go nigdzie indziej. Zapisać przed zamknięciem okna?</translation>
     </message>
     <message>
         <source>The journal could not keep all of it. Save it before its window closes?</source>
-        <translation type="unfinished"></translation>
+        <translation>Dziennik nie zachował całości. Zapisać przed zamknięciem okna?</translation>
     </message>
 </context>
 <context>
     <name>Varnel3Data</name>
     <message>
         <source>Varnel 3</source>
-        <translation type="unfinished"></translation>
+        <translation>Varnel 3</translation>
     </message>
     <message>
         <source>Varnel 2+</source>
-        <translation type="unfinished"></translation>
+        <translation>Varnel 2+</translation>
     </message>
     <message>
         <source>Varnel 2</source>
-        <translation type="unfinished"></translation>
+        <translation>Varnel 2</translation>
     </message>
     <message>
         <source>Tandor</source>
-        <translation type="unfinished"></translation>
+        <translation>Tandor</translation>
     </message>
     <message>
         <source>None</source>
-        <translation type="unfinished"></translation>
+        <translation>Brak</translation>
     </message>
     <message>
         <source>Charge</source>
-        <translation type="unfinished"></translation>
+        <translation>Ładowanie</translation>
     </message>
     <message>
         <source>Discharge</source>
-        <translation type="unfinished"></translation>
+        <translation>Rozładowanie</translation>
     </message>
     <message>
         <source>Balancing</source>
-        <translation type="unfinished"></translation>
+        <translation>Balansowanie</translation>
     </message>
     <message>
         <source>Format</source>
-        <translation type="unfinished"></translation>
+        <translation>Formowanie</translation>
     </message>
     <message>
         <source>Test</source>
-        <translation type="unfinished"></translation>
+        <translation>Test</translation>
     </message>
 </context>
 <context>
     <name>VoltageComparison</name>
     <message>
         <source>No cell data</source>
-        <translation type="unfinished"></translation>
+        <translation>Brak danych ogniw</translation>
     </message>
     <message>
         <source>No cell %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Brak ogniwa %1</translation>
     </message>
     <message>
         <source>All cells are hidden.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wszystkie ogniwa są ukryte.</translation>
     </message>
     <message>
         <source>No cell selected</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie wybrano ogniwa</translation>
     </message>
     <message>
         <source>NO DATA</source>
-        <translation type="unfinished"></translation>
+        <translation>BRAK DANYCH</translation>
     </message>
     <message>
         <source>No line since %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Brak danych od %1</translation>
     </message>
     <message>
         <source>Max %1, cell %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Maks. %1, ogniwo %2</translation>
     </message>
     <message>
         <source>Min %1, cell %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Min %1, ogniwo %2</translation>
     </message>
     <message>
         <source>Spread %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Rozrzut %1</translation>
     </message>
     <message>
         <source>All cells but the selected</source>
-        <translation type="unfinished"></translation>
+        <translation>Wszystkie ogniwa oprócz wybranych</translation>
     </message>
     <message>
         <source>All cells, the selected emphasised</source>
-        <translation type="unfinished"></translation>
+        <translation>Wszystkie ogniwa, wybrane wyróżnione</translation>
     </message>
     <message>
         <source>Only the selected cells</source>
-        <translation type="unfinished"></translation>
+        <translation>Tylko wybrane ogniwa</translation>
     </message>
     <message>
         <source>Varnel - voltage comparison</source>
-        <translation type="unfinished"></translation>
+        <translation>Varnel - porównanie napięć</translation>
     </message>
     <message>
         <source>Cell %1 of every window (arrow keys: another; click or Esc: all cells)</source>
-        <translation type="unfinished"></translation>
+        <translation>Ogniwo %1 każdego okna (strzałki: inne; kliknięcie lub Esc: wszystkie)</translation>
     </message>
 </context>
 <context>
     <name>WriteOutcome</name>
     <message>
         <source>too many links</source>
-        <translation type="unfinished"></translation>
+        <translation>za dużo dowiązań</translation>
     </message>
     <message>
         <source>not a regular file</source>
-        <translation type="unfinished"></translation>
+        <translation>to nie jest zwykły plik</translation>
     </message>
     <message>
         <source>The disk did not take all of it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dysk nie przyjął całości.</translation>
     </message>
 </context>
 <context>
     <name>main</name>
     <message>
         <source>The program that is running does not answer.</source>
-        <translation type="unfinished"></translation>
+        <translation>Uruchomiony już program nie odpowiada.</translation>
     </message>
     <message>
         <source>Its process has the number %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Numer jego procesu: %1.</translation>
     </message>
     <message>
         <source>End it, or wait for its end, and start again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zakończ go albo poczekaj na jego koniec i uruchom ponownie.</translation>
     </message>
 </context>
 </TS>
