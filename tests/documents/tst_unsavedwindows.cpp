@@ -1,191 +1,149 @@
 #include "app/sessionend.h"
 #include "displays/datadisplay.h"
-#include "journal/journalfolder.h"
-#include "graph/mdigraphchild.h"
 #include "support/columns.h"
-#include "support/files.h"
-#include "support/lines.h"
-#include "support/modaldialog.h"
-#include "support/shellrig.h"
+#include "support/documentrig.h"
 
-#include <QPushButton>
-#include <QTimer>
-
-#include <algorithm>
-#include <functional>
-
-using Answer = std::function<void(QDialog *)>;
-
-/// What is asked when several windows would take records with them, and when none
-/// does, with lines arriving meanwhile.
-class TestUnsavedWindows : public QObject, private ShellRig {
+/// What is asked when windows would take records with them, and when none does, with lines arriving meanwhile.
+class TestUnsavedWindows : public QObject, private DocumentRig {
     Q_OBJECT
 
 private slots:
-    void init();
+    void init() { setUp(); }
     void cleanup() { tearDown(); }
-    void programEndsWithTwoRecordings_data();
-    void programEndsWithTwoRecordings();
-    void twoRecordingsNeedTwoNames();
-    void loneRecordIsNotAskedAbout();
-    void sessionEndsWhileAsked_data();
-    void sessionEndsWhileAsked();
+
+    void recordsThatNoJournalKeeps_data()
+    {
+        columns<QString, bool, QString>({"answers", "closes", "written"}); // records in a.acp and b.acp
+        const auto row = [](const char *name, const char *answers, bool closes, const char *written) {
+            QTest::newRow(name) << answers << closes << written;
+        };
+        row("window saved", "Save a.acp", true, "10 0");
+        row("window, no name", "Save -", false, "0 0");
+        row("window discarded", "Discard", true, "0 0");
+        row("window, cancelled", "Cancel", false, "0 0");
+        row("all saved", "Save a.acp +Save b.acp", true, "20 5");
+        row("the first saved", "Save a.acp +Discard", true, "20 0");
+        row("all discarded", "Discard +Discard", true, "0 0");
+        row("all, cancelled", "Save a.acp +Cancel", false, "0 0");
+        row("one name for both", "Save a.acp +Save A.acp ok b.acp", true, "20 5");
+    }
+
+    /// '+' is the question about the second window of two, which the program takes with it. While the user
+    /// thinks about it, the first one goes on recording: its file has those lines too.
+    void recordsThatNoJournalKeeps()
+    {
+        QFETCH(QString, answers);
+        QFETCH(bool, closes);
+        const bool program = answers.contains('+');
+        VarnelSettings().setValue("journal/enabled", false);
+        listen(program ? 2 : 1);
+        send(1, 10);
+        if (program)
+            send(1, 5, 1);
+        QVERIFY(journals().isEmpty());
+        Answers given;
+        const QStringList words = answers.split(' ');
+        for (const QString &word : words)
+            given << answerOf(word);
+        trigger(ActionId::Data);
+        perform(program ? ActionId::Exit : ActionId::Close, given);
+        QTRY_COMPARE(program ? !window->isVisible() : window->mdiChildren().isEmpty(), closes);
+        QCOMPARE(unanswered, 0);
+        const auto records = [this](const char *name) { return loaded(fixture->path(name)).size(); };
+        QTEST(QString("%1 %2").arg(records("a.acp")).arg(records("b.acp")), "written");
+        if (closes)
+            return;
+        QCOMPARE(window->mdiChildren().size(), program ? 2 : 1); // nothing was done
+        QVERIFY(window->mdiChildren().first()->hasUnsavedData());
+        QVERIFY(window->findChild<DataDisplay *>()->isVisible());
+        send(21, 5);
+    }
+
+    /// A file of one record holds no data, be it a journal or saved: there is nothing to be kept.
+    void loneRecordIsNotAskedAbout()
+    {
+        listen(2);
+        send(7, 1);
+        closeWindow(window->activeMdiChild());
+        QVERIFY(!window->actionSet()[ActionId::ReopenClosed]->isEnabled());
+        send(7, 1, 1);
+        for (const auto &device : plugged)
+            device->hangUp();
+        QTRY_VERIFY(!window->activeMdiChild()->isLive());
+        QTRY_VERIFY(journals().isEmpty());
+        answer({reject()});
+        QVERIFY(window->close());
+        QCOMPARE(unanswered, 1);
+    }
+
+    /// A file in the place of the folder: no journal can be made until it goes.
+    void asksWhileNotWritten()
+    {
+        const QString folder = JournalFolder::defaultPath();
+        QDir().mkpath(QFileInfo(folder).path());
+        QVERIFY(writeFile(folder, ""));
+        listen(1);
+        send(1, 10);
+        QVERIFY(!fact(StatusFacts::NotWritten).isEmpty());
+        answer({press(QMessageBox::Cancel)});
+        closeWindow(window->activeMdiChild());
+        QCOMPARE(unanswered, 0);
+        QVERIFY(QFile::remove(folder));
+        QTRY_VERIFY(fact(StatusFacts::NotWritten).isEmpty());
+        closeWindow(window->activeMdiChild());
+        QVERIFY(window->mdiChildren().isEmpty());
+        QCOMPARE(loaded(journals().value(0)).size(), 10);
+    }
+
+    void sessionEndsWhileAsked_data()
+    {
+        columns<bool>({"blocked"}); // there is no folder for recordings
+        QTest::newRow("beside the journals") << false;
+        QTest::newRow("at home") << true;
+    }
+
+    /// Nobody answers any more: both recordings go to files, and the shell closes under its own question.
+    void sessionEndsWhileAsked()
+    {
+        QFETCH(bool, blocked);
+        const QString folder = JournalFolder::defaultPath();
+        qputenv("HOME", fixture->path("").toLocal8Bit());
+        if (blocked)
+            QVERIFY(QDir().mkpath(QFileInfo(folder).path()) && writeFile(folder, ""));
+        VarnelSettings().setValue("journal/enabled", false);
+        listen(2);
+        send(1, 10);
+        send(1, 5, 1);
+        perform(ActionId::Exit, {[this](QDialog *) { window->findChild<SessionEnd *>()->closeShell(); }});
+        QVERIFY(!window->isVisible());
+        const QStringList files = JournalFolder(blocked ? QDir::homePath() : folder).files();
+        QCOMPARE(files.size(), 2);
+        QCOMPARE(loaded(files.filter("COM1").value(0)).size(), 10);
+        QCOMPARE(loaded(files.filter("COM2").value(0)).size(), 5);
+    }
 
 private:
-    void startRecording();
-    /// Sends `count` lines with the times from `from` on over one of the two ports and waits for them.
-    void send(size_t port, int from, int count);
-    /// Gives `answers` to the modal dialogs that open from now on, one each.
-    void answer(const QList<Answer> &answers);
-    static Answer press(QMessageBox::StandardButton button);
-    Answer saveAs(const char *name);
-    int linesIn(const char *name) const { return contents(fixture->path(QLatin1String(name))).count('\n'); }
+    Answer answerOf(const QString &word)
+    {
+        static const QHash<QString, QMessageBox::StandardButton> buttons{{"Save", QMessageBox::Save},
+            {"Discard", QMessageBox::Discard}, {"Cancel", QMessageBox::Cancel}, {"ok", QMessageBox::Ok}};
+        const bool second = word.startsWith('+');
+        const QString plain = word.mid(second);
+        if (plain == "-")
+            return reject();
+        if (!buttons.contains(plain))
+            return enter(fixture->path(plain));
+        return [=](QDialog *dialog) {
+            if (dialog->objectName() == "unsavedRecording") {
+                const auto *question = qobject_cast<QMessageBox *>(dialog);
+                QVERIFY(question->text().contains(second ? "2 (COM2)" : "1 (COM1)"));
+            }
+            if (second)
+                send(11, 10);
+            press(buttons[plain])(dialog);
+        };
+    }
 };
-
-void TestUnsavedWindows::init()
-{
-    setUp();
-    plug(QStringLiteral("COM3"));
-    plug(QStringLiteral("COM4"));
-}
-
-/// Two recordings that no journal keeps.
-void TestUnsavedWindows::startRecording()
-{
-    VarnelSettings().setValue(QStringLiteral("journal/enabled"), false);
-    open({plugged[0]->portName(), plugged[1]->portName()});
-    send(0, 1, 10);
-    send(1, 1, 5);
-}
-
-void TestUnsavedWindows::send(size_t port, int from, int count)
-{
-    for (int i = 0; i < count; ++i)
-        plugged[port]->send(Lines::charger(from + i));
-    const auto arrived = [&] {
-        const auto children = window->mdiChildren();
-        return std::any_of(children.begin(), children.end(), [&](const MdiGraphChild *child) {
-            return child->portName() == plugged[port]->portName()
-                && child->store().records().last().time == from + count - 1;
-        });
-    };
-    QTRY_VERIFY(arrived());
-}
-
-void TestUnsavedWindows::answer(const QList<Answer> &answers)
-{
-    if (answers.isEmpty())
-        return;
-    whenModal<QDialog>(window.get(), [this, answers](QDialog *dialog) {
-        answers.first()(dialog);
-        answer(answers.mid(1)); // once the first is gone
-    });
-}
-
-Answer TestUnsavedWindows::press(QMessageBox::StandardButton button)
-{
-    return [button](QDialog *dialog) {
-        auto *question = qobject_cast<QMessageBox *>(dialog);
-        QVERIFY(question && question->objectName() == QLatin1String("unsavedRecording"));
-        question->button(button)->click();
-    };
-}
-
-Answer TestUnsavedWindows::saveAs(const char *name)
-{
-    const QString path = fixture->path(QLatin1String(name));
-    return [path](QDialog *dialog) { enterName(qobject_cast<QFileDialog *>(dialog), path); };
-}
-
-void TestUnsavedWindows::programEndsWithTwoRecordings_data()
-{
-    // second: answer for the second window
-    columns<int, bool>({"second", "closes"});
-    QTest::newRow("save both") << int(QMessageBox::Save) << true;
-    QTest::newRow("save one") << int(QMessageBox::Discard) << true;
-    QTest::newRow("cancelled") << int(QMessageBox::Cancel) << false;
-}
-
-/// While the user thinks about the second window, the first one goes on
-/// recording: its file has those lines too.
-void TestUnsavedWindows::programEndsWithTwoRecordings()
-{
-    QFETCH(int, second);
-    QFETCH(bool, closes);
-    startRecording();
-    const Answer secondAnswer = press(QMessageBox::StandardButton(second));
-    QList<Answer> answers = {press(QMessageBox::Save), saveAs("first.acp"), [&](QDialog *dialog) {
-                                 send(0, 11, 10);
-                                 secondAnswer(dialog);
-                             }};
-    if (second == QMessageBox::Save)
-        answers.append(saveAs("second.acp"));
-    answer(answers);
-    trigger(ActionId::Data);
-    trigger(ActionId::Exit);
-    QTRY_COMPARE(window->isVisible(), !closes);
-    QCOMPARE(linesIn("first.acp"), closes ? 20 : 0);
-    QCOMPARE(linesIn("second.acp"), second == QMessageBox::Save ? 5 : 0);
-    if (closes)
-        return;
-    QCOMPARE(window->mdiChildren().size(), 2);
-    QVERIFY(window->mdiChildren().first()->hasUnsavedData()); // nothing was done
-    QVERIFY(window->findChild<DataDisplay *>()->isVisible());
-    send(0, 21, 1);
-}
-
-void TestUnsavedWindows::twoRecordingsNeedTwoNames()
-{
-    startRecording();
-    answer({press(QMessageBox::Save), saveAs("first.acp"), press(QMessageBox::Save), saveAs("first.acp"),
-        [](QDialog *warning) { warning->reject(); }, saveAs("second.acp")});
-    window->close();
-    QTRY_VERIFY(!window->isVisible());
-    QCOMPARE(linesIn("first.acp"), 10);
-    QCOMPARE(linesIn("second.acp"), 5);
-}
-
-/// A file of one record holds no data, be it a journal or saved: there is nothing to be kept.
-void TestUnsavedWindows::loneRecordIsNotAskedAbout()
-{
-    open({plugged[0]->portName()});
-    send(0, 7, 1);
-    plugged[0]->hangUp();
-    QTRY_VERIFY(!window->activeMdiChild()->isLive());
-    QVERIFY(JournalFolder(JournalFolder::defaultPath()).files().isEmpty());
-    bool asked = false;
-    answer({[&](QDialog *dialog) {
-        asked = true;
-        dialog->reject();
-    }});
-    QVERIFY(window->close());
-    QVERIFY(!asked);
-}
-
-void TestUnsavedWindows::sessionEndsWhileAsked_data()
-{
-    columns<bool>({"blocked"}); // there is no folder for recordings
-    QTest::newRow("beside the journals") << false;
-    QTest::newRow("at home") << true;
-}
-
-/// Nobody answers any more: both recordings go to files, and the shell closes under its own question.
-void TestUnsavedWindows::sessionEndsWhileAsked()
-{
-    QFETCH(bool, blocked);
-    const QString folder = JournalFolder::defaultPath();
-    qputenv("HOME", fixture->path(QString()).toLocal8Bit());
-    if (blocked)
-        QVERIFY(QDir().mkpath(QFileInfo(folder).path()) && writeFile(folder, QByteArray()));
-    startRecording();
-    answer({[this](QDialog *) { window->findChild<SessionEnd *>()->closeShell(); }});
-    window->close();
-    QVERIFY(!window->isVisible());
-    const QStringList files = JournalFolder(blocked ? QDir::homePath() : folder).files();
-    QCOMPARE(files.size(), 2);
-    QCOMPARE(loaded(files.filter(QStringLiteral("COM3")).value(0)).size(), 10);
-    QCOMPARE(loaded(files.filter(QStringLiteral("COM4")).value(0)).size(), 5);
-}
 
 QTEST_MAIN(TestUnsavedWindows)
 #include "tst_unsavedwindows.moc"
