@@ -1,6 +1,7 @@
 #include "app/batch.h"
 #include "app/commandline.h"
 #include "app/process/logoutput.h"
+#include "app/process/screenplatform.h"
 #include "app/mainwindow.h"
 #include "app/settingsnotice.h"
 #include "app/process/singleinstance.h"
@@ -123,9 +124,11 @@ int main(int argc, char **argv)
         return runBatch(ahead);
     if (!ahead.isBatch())
         protectLog(); // Qt may have something to say at once
-    else if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen"); // there may be no display, and none is needed
+    // A batch command may have no display, and needs none.
+    auto platform = std::make_unique<PlatformChoice>(
+        ahead.isBatch() ? QByteArrayLiteral("offscreen") : screenPlatforms());
     QApplication application(argc, argv);
+    platform.reset();
     const CommandLine line = understood(QCoreApplication::arguments());
     if (line.isBatch()) {
         QLoggingCategory::setFilterRules(

@@ -1,0 +1,6 @@
+#include "app/process/screenplatform.h"
+
+QByteArray screenPlatforms()
+{
+    return QByteArray();
+}
