@@ -62,11 +62,11 @@ public:
     /// a line that is none: the record is then partly overwritten, and fields that a dialect does
     /// not send keep their values. A number that does not convert leaves its field as it was; energy
     /// and sums stop at what 32 bits hold.
-    bool parseLine(const QString &line);
-    bool parseLine(QLatin1String line); ///< the same, from Latin-1 bytes
+    bool parseLine(QLatin1String line);
+    bool parseLine(const QString &line); ///< the same; what Latin-1 lacks counts as NUL
     /// Applies a '!' line of 16 cell resistances; a value that is no number leaves its cell as it was.
-    bool parseResistanceLine(const QString &line);
-    bool parseResistanceLine(QLatin1String line); ///< the same, from Latin-1 bytes
+    bool parseResistanceLine(QLatin1String line);
+    bool parseResistanceLine(const QString &line); ///< the same
     /// The record as one 39-field line without a line end, the form that data files hold.
     QString toRecordLine() const;
 

@@ -13,7 +13,7 @@ struct Column {
 constexpr Column columns[] = {{0, 5}, {1000, 5}, {1000, 5}, {10, 3}, {0, 5}};
 
 // Whatever the locale; a '+' may stand in front.
-bool toDouble(const FieldText<uchar> &field, double *value)
+bool toDouble(const FieldText &field, double *value)
 {
     const char *begin = reinterpret_cast<const char *>(field.data);
     const char *const end = begin + field.size;

@@ -21,7 +21,7 @@ public:
     virtual int timeStep() const { return 0; }
 
 protected:
-    using Field = FieldText<uchar>;
+    using Field = FieldText;
 
     explicit ColumnConverter(const ColumnHeader::Rules &rules)
         : m_rules(rules)

@@ -6,7 +6,7 @@
 
 bool ColumnHeader::takeLine(int index, QLatin1String line, const Rules &rules)
 {
-    const FieldText<uchar> text{reinterpret_cast<const uchar *>(line.data()), line.size()};
+    const FieldText text{reinterpret_cast<const uchar *>(line.data()), line.size()};
     switch (index) {
     case 0:
         return text.toInt(&cellTypeCode);

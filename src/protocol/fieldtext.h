@@ -2,15 +2,13 @@
 
 #include <QtGlobal>
 
-/// A piece of a device line: Latin-1 bytes (Char = uchar) or UTF-16 units (Char = ushort). Points into the
-/// line and owns nothing.
-template <typename Char>
+/// A piece of a device line, in Latin-1. Points into the line and owns nothing.
 struct FieldText {
-    const Char *data = nullptr;
+    const uchar *data = nullptr;
     int size = 0;
 
     /// The character at `index`, NUL beyond the end.
-    Char at(int index) const { return index < size ? data[index] : Char(0); }
+    uchar at(int index) const { return index < size ? data[index] : uchar(0); }
     /// At most `length` characters from `start` on, fewer where the text ends.
     FieldText mid(int start, int length) const
     {
@@ -22,11 +20,9 @@ struct FieldText {
 };
 
 /// QString::toInt itself, for whatever is not plainly a short row of digits: blanks around, signs, overflow.
-bool generalToInt(const FieldText<uchar> &text, int *value);
-bool generalToInt(const FieldText<ushort> &text, int *value);
+bool generalToInt(const FieldText &text, int *value);
 
-template <typename Char>
-inline bool FieldText<Char>::toInt(int *value) const
+inline bool FieldText::toInt(int *value) const
 {
     constexpr int safeDigits = 9; // never more than 32 bits hold
     if (size < 1 || size > safeDigits)

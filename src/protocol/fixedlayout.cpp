@@ -115,7 +115,7 @@ void fill(Varnel3Data &record, const uchar *line, const Cells &cells)
 
 } // namespace
 
-bool parseFixedLayout(Varnel3Data &record, const FieldText<uchar> &line)
+bool parseFixedLayout(Varnel3Data &record, const FieldText &line)
 {
     static const char modes[] = "CDBFT";
     const int timeDigits = line.size - lineLength + timeLength;

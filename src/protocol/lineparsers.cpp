@@ -5,6 +5,7 @@
 #include <QDebug>
 #include <QString>
 
+#include <algorithm>
 #include <new>
 
 namespace {
@@ -12,39 +13,26 @@ namespace {
 constexpr int resistanceFields = 16;
 constexpr double resistanceUnit = 10.0; // a '!' line counts in tenths of a milliohm
 
-template <typename Char>
 struct Dialect {
     int fields;
     int device;
-    bool (*parse)(Varnel3Data &, const LineFields<Char> &);
+    bool (*parse)(Varnel3Data &, const LineFields &);
     const char *warning;
 };
 
-template <typename Char>
-constexpr Dialect<Char> dialects[] = {
-    {39, Varnel3Data::Varnel3, parseVarnel3<Char>, "Błąd parsowania Varnel3:"},
-    {4, Varnel3Data::Varnel2, parseVarnel2<Char>, "Błąd parsowania varnel2:"},
-    {5, Varnel3Data::Varnel2Plus, parseVarnel2Plus<Char>, "Błąd parsowania varnel2P:"},
-    {24, Varnel3Data::Tandor, parseTandor<Char>, "Błąd parsowania Tandor:"},
+constexpr Dialect dialects[] = {
+    {39, Varnel3Data::Varnel3, parseVarnel3, "Błąd parsowania Varnel3:"},
+    {4, Varnel3Data::Varnel2, parseVarnel2, "Błąd parsowania varnel2:"},
+    {5, Varnel3Data::Varnel2Plus, parseVarnel2Plus, "Błąd parsowania varnel2P:"},
+    {24, Varnel3Data::Tandor, parseTandor, "Błąd parsowania Tandor:"},
 };
 
-QString toText(const FieldText<uchar> &text)
-{
-    return QString::fromLatin1(reinterpret_cast<const char *>(text.data), text.size);
-}
-
-QString toText(const FieldText<ushort> &text)
-{
-    return QString::fromUtf16(text.data, text.size);
-}
-
-template <typename Char>
-bool parse(Varnel3Data &record, const FieldText<Char> &line)
+bool parse(Varnel3Data &record, const FieldText &line)
 {
     if (line.at(0) != '#')
         return false;
-    const LineFields<Char> fields(line);
-    for (const Dialect<Char> &dialect : dialects<Char>) {
+    const LineFields fields(line);
+    for (const Dialect &dialect : dialects) {
         if (dialect.fields != fields.count())
             continue;
         record.device = dialect.device;
@@ -53,42 +41,35 @@ bool parse(Varnel3Data &record, const FieldText<Char> &line)
         } catch (const std::bad_alloc &) {
             throw; // says nothing about the line
         } catch (...) {
-            qWarning().noquote() << QString::fromUtf8(dialect.warning) << toText(line);
+            qWarning().noquote() << QString::fromUtf8(dialect.warning)
+                                 << QLatin1String(reinterpret_cast<const char *>(line.data), line.size);
             return false;
         }
     }
     return false;
 }
 
-FieldText<ushort> units(const QString &text)
+// No line says what is beyond Latin-1; it becomes NUL.
+QByteArray narrow(const QString &text)
 {
-    return {text.utf16(), text.size()};
+    QByteArray bytes(text.size(), '\0');
+    std::transform(text.begin(), text.end(), bytes.begin(), [](QChar c) { return c.toLatin1(); });
+    return bytes;
 }
 
-FieldText<uchar> bytes(QLatin1String text)
+FieldText bytes(QLatin1String text)
 {
     return {reinterpret_cast<const uchar *>(text.data()), text.size()};
 }
 
-template <typename Char>
-FieldText<Char> trimmed(FieldText<Char> text)
-{
-    while (text.size > 0 && QChar(text.data[text.size - 1]).isSpace())
-        --text.size;
-    while (text.size > 0 && QChar(*text.data).isSpace()) {
-        ++text.data;
-        --text.size;
-    }
-    return text;
-}
-
-template <typename Char>
-bool parseResistances(Varnel3Data &record, const FieldText<Char> &line)
+bool parseResistances(Varnel3Data &record, const FieldText &line)
 {
     if (line.at(0) != '!')
         return false;
-    const FieldText<Char> text = trimmed(line);
-    const LineFields<Char> fields(text.mid(1, text.size - 1));
+    int end = line.size;
+    while (QChar(line.data[end - 1]).isSpace()) // '!' is none
+        --end;
+    const LineFields fields(line.mid(1, end - 1));
     if (fields.count() != resistanceFields)
         return false;
     record.resistanceSum = 0.0;
@@ -107,7 +88,8 @@ bool parseResistances(Varnel3Data &record, const FieldText<Char> &line)
 
 bool Varnel3Data::parseLine(const QString &line)
 {
-    return parse(*this, units(line));
+    const QByteArray latin1 = narrow(line);
+    return parseLine(QLatin1String(latin1.constData(), latin1.size()));
 }
 
 bool Varnel3Data::parseLine(QLatin1String line)
@@ -117,7 +99,8 @@ bool Varnel3Data::parseLine(QLatin1String line)
 
 bool Varnel3Data::parseResistanceLine(const QString &line)
 {
-    return parseResistances(*this, units(line));
+    const QByteArray latin1 = narrow(line);
+    return parseResistanceLine(QLatin1String(latin1.constData(), latin1.size()));
 }
 
 bool Varnel3Data::parseResistanceLine(QLatin1String line)

@@ -38,8 +38,7 @@ int currentOfLetter(unsigned letter)
     return 0;
 }
 
-template <typename Char>
-bool parseHead(Varnel3Data &record, const FieldText<Char> &head)
+bool parseHead(Varnel3Data &record, const FieldText &head)
 {
     int code = 0;
     if (!head.mid(2, 2).toInt(&record.cellCount) || !head.mid(4, 2).toInt(&code))
@@ -53,8 +52,7 @@ bool parseHead(Varnel3Data &record, const FieldText<Char> &head)
 
 } // namespace
 
-template <typename Char>
-bool parseTandor(Varnel3Data &record, const LineFields<Char> &fields)
+bool parseTandor(Varnel3Data &record, const LineFields &fields)
 {
     record.flag5 = 'B';
     if (fields[0].size != headLength)
@@ -75,6 +73,3 @@ bool parseTandor(Varnel3Data &record, const LineFields<Char> &fields)
     updateCellStatistics(record);
     return true;
 }
-
-template bool parseTandor(Varnel3Data &, const LineFields<uchar> &);
-template bool parseTandor(Varnel3Data &, const LineFields<ushort> &);

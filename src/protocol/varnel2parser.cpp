@@ -24,8 +24,7 @@ int modeOfLetter(unsigned letter, bool charging)
     }
 }
 
-template <typename Char>
-bool parseHead(Varnel3Data &record, const FieldText<Char> &head, Char sign)
+bool parseHead(Varnel3Data &record, const FieldText &head, uchar sign)
 {
     if (head.size != headLength)
         return false;
@@ -46,24 +45,17 @@ bool parseHead(Varnel3Data &record, const FieldText<Char> &head, Char sign)
 
 } // namespace
 
-template <typename Char>
-bool parseVarnel2(Varnel3Data &record, const LineFields<Char> &fields)
+bool parseVarnel2(Varnel3Data &record, const LineFields &fields)
 {
-    const FieldText<Char> electric = fields[1];
+    const FieldText electric = fields[1];
     return parseHead(record, fields[0], electric.at(5)) && electric.mid(0, 5).toInt(&record.voltage)
         && electric.mid(6, 5).toInt(&record.current) && fields[2].toInt(&record.temperature)
         && fields[3].toInt(&record.energy);
 }
 
-template <typename Char>
-bool parseVarnel2Plus(Varnel3Data &record, const LineFields<Char> &fields)
+bool parseVarnel2Plus(Varnel3Data &record, const LineFields &fields)
 {
     return parseHead(record, fields[0], fields[2].at(0)) && fields[1].toInt(&record.voltage)
         && fields[2].mid(1, 4).toInt(&record.current) && fields[3].toInt(&record.temperature)
         && fields[4].toInt(&record.energy);
 }
-
-template bool parseVarnel2(Varnel3Data &, const LineFields<uchar> &);
-template bool parseVarnel2(Varnel3Data &, const LineFields<ushort> &);
-template bool parseVarnel2Plus(Varnel3Data &, const LineFields<uchar> &);
-template bool parseVarnel2Plus(Varnel3Data &, const LineFields<ushort> &);

@@ -10,21 +10,14 @@ namespace {
 constexpr int headLength = 12;
 constexpr int firstCellField = 7;
 
-template <typename Char>
-char flagCharacter(Char character)
-{
-    return character > 0xff ? '\0' : char(character);
-}
-
 int modeOfLetter(unsigned letter)
 {
     static const char letters[] = "CDBFT";
-    const char *found = letter != 0 && letter < 0x80 ? std::strchr(letters, int(letter)) : nullptr;
+    const char *found = letter != 0 ? std::strchr(letters, int(letter)) : nullptr;
     return found ? int(found - letters) : Varnel3Data::NoMode;
 }
 
-template <typename Char>
-bool parseCellType(Varnel3Data &record, const FieldText<Char> &code)
+bool parseCellType(Varnel3Data &record, const FieldText &code)
 {
     int type = 0;
     if (!code.toInt(&type))
@@ -34,19 +27,18 @@ bool parseCellType(Varnel3Data &record, const FieldText<Char> &code)
     return known;
 }
 
-template <typename Char>
-bool parseHead(Varnel3Data &record, const FieldText<Char> &head)
+bool parseHead(Varnel3Data &record, const FieldText &head)
 {
     if (head.size != headLength || !head.mid(1, 2).toInt(&record.cellCount))
         return false;
     record.mode = modeOfLetter(head.at(3));
     if (record.mode == Varnel3Data::NoMode || !parseCellType(record, head.mid(4, 2)))
         return false;
-    record.flag1 = flagCharacter(head.at(6));
-    record.flag2 = flagCharacter(head.at(7));
-    record.flag3 = flagCharacter(head.at(8));
-    record.flag4 = flagCharacter(head.at(9));
-    record.flag5 = flagCharacter(head.at(10));
+    record.flag1 = char(head.at(6));
+    record.flag2 = char(head.at(7));
+    record.flag3 = char(head.at(8));
+    record.flag4 = char(head.at(9));
+    record.flag5 = char(head.at(10));
     record.ballansingCurrent = 0;
     int steps = 0;
     if (!head.mid(11, 1).toInt(&steps))
@@ -55,8 +47,7 @@ bool parseHead(Varnel3Data &record, const FieldText<Char> &head)
     return true;
 }
 
-template <typename Char>
-bool parseFigures(Varnel3Data &record, const LineFields<Char> &fields)
+bool parseFigures(Varnel3Data &record, const LineFields &fields)
 {
     int seconds = 0;
     if (!fields[1].toInt(&seconds))
@@ -72,8 +63,7 @@ bool parseFigures(Varnel3Data &record, const LineFields<Char> &fields)
 
 // The bound is inclusive: the line always carries 16 pairs, and the one behind the last cell is taken as
 // well.
-template <typename Char>
-bool parseCells(Varnel3Data &record, const LineFields<Char> &fields)
+bool parseCells(Varnel3Data &record, const LineFields &fields)
 {
     for (int i = 0; i <= record.cellCount && i < Varnel3Data::maxCells; ++i) {
         if (!fields[firstCellField + 2 * i].toInt(&record.cells[i].voltage))
@@ -85,14 +75,10 @@ bool parseCells(Varnel3Data &record, const LineFields<Char> &fields)
 
 } // namespace
 
-template <typename Char>
-bool parseVarnel3(Varnel3Data &record, const LineFields<Char> &fields)
+bool parseVarnel3(Varnel3Data &record, const LineFields &fields)
 {
     if (!parseHead(record, fields[0]) || !parseFigures(record, fields) || !parseCells(record, fields))
         return false;
     updateCellStatistics(record);
     return true;
 }
-
-template bool parseVarnel3(Varnel3Data &, const LineFields<uchar> &);
-template bool parseVarnel3(Varnel3Data &, const LineFields<ushort> &);
