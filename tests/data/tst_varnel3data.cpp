@@ -57,7 +57,6 @@ private slots:
                 "|LiTa 2400 3600 3450 2400|LiFe 2800 3800 3650 2200|LiS 1700 2850 2500 1200"
                 "|NiZn 1100 1980 1900 1000|LiXX 2800 4750 4500 2500|LiHV 3300 4550 4350 3000"
                 "|LTO 1500 2900 2800 1300|None 0 0 0 0"));
-        QCOMPARE(Varnel3Data::cellTypeName(INT_MAX), QStringLiteral("None"));
     }
 
     void names()
@@ -66,18 +65,20 @@ private slots:
             QStringLiteral("None|Varnel 3|Varnel 2+|Varnel 2|Tandor|None|None"));
         QCOMPARE(ofCodes(-1, 6, Varnel3Data::modeName),
             QStringLiteral("|Charge|Discharge|Balancing|Format|Test|None|"));
-        QStringList ends;
-        for (const char letter : {'S', 'M', 'E', '_', 'B'}) {
+        QString ends = QStringLiteral("SME_B");
+        for (QChar &letter : ends) {
             Varnel3Data record;
-            record.flag3 = letter;
-            const int end = record.processEnd();
-            ends += processEndText(end) + processEndTitle(end) + processEndIcon(end) + processEndSound(end);
+            record.flag3 = letter.toLatin1();
+            letter = QChar('0' + record.processEnd());
         }
-        ends += processEndText(3) + processEndTitle(3) + processEndIcon(3) + processEndSound(3);
-        QCOMPARE(ends.join(QLatin1Char('|')),
-            QStringLiteral("Error in process !Error:/Icons/error.pngerror|Process aborted by user.Aborted"
-                           ":/Icons/cancel.png"
-                           "aborted|Process completed.End:/Icons/finish.pngend|||"));
+        QCOMPARE(ends, QStringLiteral("012//")); // '/' is -1
+        const auto told = [](int end) {
+            return processEndText(end) + processEndTitle(end) + processEndIcon(end) + processEndSound(end);
+        };
+        QCOMPARE(ofCodes(-1, 3, told),
+            QStringLiteral("|Error in process !Error:/Icons/error.pngerror"
+                           "|Process aborted by user.Aborted:/Icons/cancel.pngaborted"
+                           "|Process completed.End:/Icons/finish.pngend|"));
     }
 
     void timeIsSplit()
@@ -88,8 +89,8 @@ private slots:
             Varnel3Data record;
             record.setTime(int(time.first));
             QCOMPARE(record.time, int(time.first));
-            QCOMPARE(clockText(record), QString::fromLatin1(time.second));
-            QCOMPARE(elapsedTimeText(time.first), QString::fromLatin1(time.second));
+            QCOMPARE(clockText(record), QLatin1String(time.second));
+            QCOMPARE(elapsedTimeText(time.first), QLatin1String(time.second));
         }
         QCOMPARE(elapsedTimeText(-0.5), QString(8, QLatin1Char(' ')));
     }
@@ -112,16 +113,12 @@ private slots:
 
     void cellDataNeedsAll()
     {
-        for (int lacking = 0; lacking < 4; ++lacking) {
-            Varnel3Data record = balanced(0, 3, 0);
-            record.mode = Varnel3Data::Test;
-            if (lacking == 1)
-                record.cellCount = 0;
-            if (lacking == 2)
-                record.mode = Varnel3Data::NoMode;
-            if (lacking == 3)
-                record.flag5 = '_';
-            QCOMPARE(record.hasCellData(), lacking == 0);
+        for (int given = 0; given < 8; ++given) {
+            Varnel3Data record;
+            record.cellCount = given & 1 ? 3 : 0;
+            record.mode = given & 2 ? Varnel3Data::Test : Varnel3Data::NoMode;
+            record.flag5 = given & 4 ? 'B' : '_';
+            QCOMPARE(record.hasCellData(), given == 7);
         }
     }
 
@@ -136,26 +133,42 @@ private slots:
         record.device = Varnel3Data::Varnel2Plus;
         record.mode = Varnel3Data::Test;
         record.cellType = 12;
-        const char flags[] = {'%', '1', 'S', 'E', 'B'};
-        char *const places[] = {&record.flag1, &record.flag2, &record.flag3, &record.flag4, &record.flag5};
-        for (int i = 0; i < 5; ++i)
-            *places[i] = flags[i];
-        int value = 10;
+        char value = 'a';
+        for (char *flag : {&record.flag1, &record.flag2, &record.flag3, &record.flag4, &record.flag5})
+            *flag = value++;
         for (int *field : {&record.ballansingCurrent, &record.time, &record.hour, &record.minute,
                  &record.second, &record.voltage, &record.current, &record.temperature, &record.energy,
                  &record.internalResistance, &record.cellCount})
-            *field = -++value;
+            *field = -value++;
         QCOMPARE(record.toString(),
             QStringLiteral(
-                "Varnel3Data [device=Varnel 2+, mode=Test, cellType=LTO, flag1=%, flag2=1, flag3=S, "
-                "flag4=E, flag5=B, ballansingCurrent=-11, time=-12, hour=-13, minute=-14, second=-15, "
-                "voltage=-16, current=-17, temperature=-18, energy=-19, internalResistance=-20, "
-                "cellCount=-21"));
+                "Varnel3Data [device=Varnel 2+, mode=Test, cellType=LTO, flag1=a, flag2=b, flag3=c, "
+                "flag4=d, flag5=e, ballansingCurrent=-102, time=-103, hour=-104, minute=-105, second=-106, "
+                "voltage=-107, current=-108, temperature=-109, energy=-110, internalResistance=-111, "
+                "cellCount=-112"));
+    }
+
+    void figures()
+    {
+        const auto all = [] {
+            using namespace FigureText;
+            return QStringList({volts(24216, 6, 2), amperes(-1500), degrees(0), degrees(-53), ohms(0),
+                                   ohms(45), ampereHours(-1), ampereHours(9999), ampereHours(10000),
+                                   ampereHours(99999), ampereHours(100000), cells(14, 1), shortDashes()})
+                .join(QLatin1Char('|'));
+        };
+        QCOMPARE(all(),
+            QStringLiteral(
+                " 24.22|-1.50|--.-|-5.3|-.---|0.045| -0.001|  9.999| 10.00|100.00|100.0|14 x NiMh|--.-"));
+        QLocale::setDefault(QLocale(QLocale::German));
+        QCOMPARE(all(),
+            QStringLiteral(
+                " 24,22|-1,50|--,-|-5,3|-,---|0,045| -0,001|  9,999| 10,00|100,00|100,0|14 x NiMh|--,-"));
+        QLocale::setDefault(QLocale::c());
     }
 
     void oneLineOfInformation()
     {
-        QLocale::setDefault(QLocale::c());
         Varnel3Data record = balanced(0, 6, 0);
         record.mode = Varnel3Data::Charge;
         record.cellType = 5;
@@ -164,102 +177,33 @@ private slots:
         record.temperature = 253;
         record.energy = 99999;
         record.setTime(3725);
-        const QStringList shorter = {"", "24.22 V", "24.22 V   1.50 A", "24.22 V   1.50 A  99.999 Ah",
-            "24.22 V   1.50 A  99.999 Ah  01:02:05", "24.22 V   1.50 A  25.3 \u00b0C  99.999 Ah  01:02:05",
-            "Charge  24.22 V   1.50 A  25.3 \u00b0C  99.999 Ah  01:02:05"};
-        for (int parts = 0; parts < shorter.size(); ++parts)
-            QCOMPARE(FigureText::information(record, parts), shorter[parts]);
+        const auto upTo = [&record](int parts) { return FigureText::information(record, parts); };
+        QCOMPARE(ofCodes(0, 6, upTo),
+            QStringLiteral("|24.22 V|24.22 V   1.50 A|24.22 V   1.50 A  99.999 Ah"
+                           "|24.22 V   1.50 A  99.999 Ah  01:02:05"
+                           "|24.22 V   1.50 A  25.3 \u00b0C  99.999 Ah  01:02:05"
+                           "|Charge  24.22 V   1.50 A  25.3 \u00b0C  99.999 Ah  01:02:05"));
         record.energy = 100000;
-        record.temperature = -53;
         record.mode = 6; // without a name
         QCOMPARE(FigureText::information(record),
-            QStringLiteral("6xLiPo  24.22 V   1.50 A  -5.3 \u00b0C  100.00 Ah  01:02:05"));
-        record.temperature = 0;
-        QCOMPARE(FigureText::information(record, 5).section(QStringLiteral("  "), 2, 2),
-            QStringLiteral("--.- \u00b0C"));
+            QStringLiteral("6xLiPo  24.22 V   1.50 A  25.3 \u00b0C  100.00 Ah  01:02:05"));
     }
 
-    void integratorSumsPerCell()
-    {
-        BalanceIntegrator integrator;
-        integrator.reset(600);
-        Varnel3Data record = balanced(600 + 3600, 2, 100);
-        record.cells[1].balance = 0;
-        integrator.add(record);
-        record.flag5 = '_';
-        record.time += 900;
-        integrator.add(record); // tells nothing of the cells
-        record.flag5 = 'B';
-        record.time += 2700;
-        record.cells[1].balance = 50;
-        integrator.add(record);
-        QCOMPARE(record.cells[0].balanceCharge, 2 * 100 * 500 * 3600);
-        QCOMPARE(record.cells[1].balanceCharge, 50 * 500 * 3600);
-        QCOMPARE(record.cells[2].balanceCharge, 0); // behind the last cell
-        QCOMPARE(record.maxBalanceChargeMah(), 1000);
-        for (int i = 0; i < 20; ++i) { // 32 bits hold less
-            record.time += 3600;
-            integrator.add(record);
-        }
-        QCOMPARE(record.cells[0].balanceCharge, INT_MAX);
-        record.ballansingCurrent = -500;
-        for (int i = 0; i < 20; ++i) {
-            record.time += 3600;
-            integrator.add(record);
-        }
-        QCOMPARE(record.cells[0].balanceCharge, 2 * 100 * 500 * 3600); // exact in between
-    }
-
+    // What it sums otherwise is told by the recordings that it is part of.
     void integratorStaysWithinItsRange()
     {
-        Varnel3Data record = balanced(INT_MAX, 99, 0);
+        Varnel3Data record = balanced(0, 99, 0);
         record.ballansingCurrent = INT_MAX;
         record.cells[0].balance = INT_MIN;
         record.cells[15].balance = 100;
         BalanceIntegrator integrator;
         integrator.reset(INT_MIN);
-        for (int i = 0; i < 4; ++i) {
+        for (int i = 0; i < 4; ++i) { // back to the exact sum, not stuck
             record.time = i % 2 ? INT_MIN : INT_MAX;
             integrator.add(record);
             QCOMPARE(record.cells[0].balanceCharge, i % 2 ? 0 : INT_MIN);
-            QCOMPARE(record.cells[15].balanceCharge, i % 2 ? 0 : INT_MAX); // back to the exact sum, not stuck
+            QCOMPARE(record.cells[15].balanceCharge, i % 2 ? 0 : INT_MAX);
         }
-        integrator.reset(0);
-        record.time = 0;
-        integrator.add(record);
-        QCOMPARE(record.cells[15].balanceCharge, 0);
-    }
-
-    // What a cell had is in the newest record that still had the cell.
-    void integratorGoesOn()
-    {
-        RecordList records;
-        records.append(balanced(100, 3, 10));
-        records.append(balanced(200, 2, 10));
-        records.append(balanced(300, 2, 10)).flag5 = '_';
-        for (int i = 0; i < 3; ++i) {
-            for (int cell = 0; cell < 3; ++cell)
-                records[i].cells[cell].balanceCharge = 1000 * (i + 1) + cell;
-        }
-        BalanceIntegrator integrator;
-        integrator.goOn(records);
-        Varnel3Data next = balanced(202, 3, 10);
-        integrator.add(next);
-        const int step = 10 * 500 * 2;
-        QCOMPARE(next.cells[0].balanceCharge, 2000 + step);
-        QCOMPARE(next.cells[1].balanceCharge, 2001 + step);
-        QCOMPARE(next.cells[2].balanceCharge, 1002 + step);
-        integrator.goOnFrom(400);
-        next.time = 401;
-        integrator.add(next);
-        QCOMPARE(next.cells[0].balanceCharge, 2000 + step + step / 2);
-
-        RecordList plain; // no balancing data yet
-        plain.append(balanced(50, 3, 10)).flag5 = '_';
-        integrator.goOn(plain);
-        next.time = 51;
-        integrator.add(next);
-        QCOMPARE(next.cells[0].balanceCharge, step / 2);
     }
 };
 
