@@ -297,13 +297,13 @@ void compareRecords(const SeriesStore &store, const LiteralSeries &literal)
         const Varnel3Data &kept = literal.records[size_t(i)];
         const double slope
             = qBound(-double(highest), literal.points[SeriesStore::Dv][size_t(i)], double(highest));
-        QCOMPARE(shown.voltageSlope, i < firstFolded ? noVoltageSlope : qRound(slope));
-        QCOMPARE(shown.flag4, literal.flag(i));
-        QCOMPARE(store.records()[i].flag4, kept.flag4);
-        QVERIFY(
-            shown.time == kept.time && shown.second == kept.second && shown.balancedMah == kept.balancedMah);
+        bool same = shown.voltageSlope == (i < firstFolded ? noVoltageSlope : qRound(slope))
+            && shown.flag4 == literal.flag(i) && store.records()[i].flag4 == kept.flag4
+            && shown.time == kept.time && shown.second == kept.second
+            && shown.balancedMah == kept.balancedMah;
         for (int cell = 0; cell < Varnel3Data::maxCells; ++cell)
-            QCOMPARE(shown.cells[cell].balanceCharge, kept.cells[cell].balanceCharge);
+            same = same && shown.cells[cell].balanceCharge == kept.cells[cell].balanceCharge;
+        QVERIFY2(same, qPrintable(QString::number(i)));
         marked = marked < 0 && shown.flag4 != '_' ? i : marked;
     }
     const Varnel3Data &newest = literal.records.back();
@@ -352,7 +352,7 @@ private slots:
         QTest::newRow("a few") << 40 << 300;
         QTest::newRow("blocks") << 700 << 60;
         QTest::newRow("slices") << 20000 << 10;
-        QTest::newRow("series in one large block") << 262147 << 2;
+        QTest::newRow("series in one large block") << 262147 << 1;
     }
 
     // Records appended one by one, and those of a file, loaded at once, in pieces, side by side, with some
