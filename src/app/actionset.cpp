@@ -109,6 +109,9 @@ public:
             noKey, Window, TO(toolBarStop()), Plain},
         {ActionId::HoldView, QT_TR_NOOP("Hold view"), nullptr,
             QT_TR_NOOP("Graph windows keep zoom and cursor"), noKey, Nobody, nullptr, Checkable},
+        {ActionId::DistinctLines, QT_TR_NOOP("Distinct lines"), nullptr,
+            QT_TR_NOOP("Lines differ in dashes and lightness, not in hue alone; bars carry letters"), noKey,
+            Nobody, nullptr, Checkable},
         {ActionId::OpenRecordings, QT_TR_NOOP("Open recordings..."), "open.png",
             QT_TR_NOOP("Open what was recorded from the devices, saved or not."), noKey, Nobody, nullptr,
             Plain, "openRecordingsAction"},
@@ -176,6 +179,7 @@ ActionSet::ActionSet(QObject *window, QObject *mdiArea)
             connect(action, signalFor(row), receivers[row.receiver], row.slot);
     }
     (*this)[ActionId::HoldView]->setShortcut(Qt::Key_H);
+    (*this)[ActionId::DistinctLines]->setShortcut(Qt::Key_L);
     (*this)[ActionId::ReopenClosed]->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_T);
     showPaused(QString());
 }

@@ -43,6 +43,7 @@ enum class ActionId {
     Energy,
     StopProcess,
     HoldView,
+    DistinctLines,
     OpenRecordings,
     ReopenClosed,
     ExportCsv,

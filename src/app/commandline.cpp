@@ -38,6 +38,8 @@ const Option options[] = {
     {sizeName, "WxH",
         QT_TRANSLATE_NOOP("CommandLine", "Size of the drawing in pixels, for example 1000x600.")},
     {"background", "colour", QT_TRANSLATE_NOOP("CommandLine", "Background of the drawing: black or white.")},
+    {"lines", "kind",
+        QT_TRANSLATE_NOOP("CommandLine", "Lines of the drawing: usual, or distinct without their hues.")},
     {"view", "view", QT_TRANSLATE_NOOP("CommandLine", "View of the drawing: charger, cells or average.")},
     {"right-axis", "what",
         QT_TRANSLATE_NOOP("CommandLine", "Right axis of the charger view: dv, mah or none.")},
@@ -58,6 +60,8 @@ struct Choice {
 const Choice choices[] = {
     {"background", "black", [](ViewSwitches &s) { s.blackBackground = true; }},
     {"background", "white", [](ViewSwitches &s) { s.blackBackground = false; }},
+    {"lines", "usual", [](ViewSwitches &s) { s.distinctLines = false; }},
+    {"lines", "distinct", [](ViewSwitches &s) { s.distinctLines = true; }},
     {"view", "charger", [](ViewSwitches &s) { s.balancer = s.average = false; }},
     {"view", "cells", [](ViewSwitches &s) { s.balancer = true, s.average = false; }},
     {"view", "average", [](ViewSwitches &s) { s.balancer = s.average = true; }},

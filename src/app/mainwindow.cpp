@@ -182,6 +182,7 @@ void MainWindow::readSettings()
     const VarnelSettings settings;
     ShellPlace::restore(this, settings);
     displays->readPlaces(settings);
+    actions->setChecked(ActionId::DistinctLines, settings.value(SettingsKey::distinctLines, false).toBool());
     if (settings.value(SettingsKey::blackBackground, true).toBool())
         setBlackBack();
     else
@@ -193,6 +194,7 @@ void MainWindow::writeSettings() const
     VarnelSettings settings;
     ShellPlace::save(*this, &settings);
     settings.setValue(SettingsKey::blackBackground, state->switches().blackBackground);
+    settings.setValue(SettingsKey::distinctLines, state->switches().distinctLines);
     displays->writePlaces(&settings);
 }
 

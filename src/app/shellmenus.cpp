@@ -48,9 +48,10 @@ const QVector<MenuEntry> tools = {ActionId::OpenRecordings, ActionId::ReopenClos
 
 const QVector<MenuEntry> help = {ActionId::About};
 
-const QVector<MenuEntry> view = {ActionId::Data, ActionId::Graph, ActionId::BarGraph, gap,
-    ActionId::Temperature, ActionId::Delta, ActionId::Resistance, gap, ActionId::Balancer, ActionId::Average,
-    ActionId::SelectedCells, ActionId::Power, ActionId::Energy, gap, ActionId::HoldView};
+const QVector<MenuEntry> view
+    = {ActionId::Data, ActionId::Graph, ActionId::BarGraph, gap, ActionId::Temperature, ActionId::Delta,
+        ActionId::Resistance, gap, ActionId::Balancer, ActionId::Average, ActionId::SelectedCells,
+        ActionId::Power, ActionId::Energy, gap, ActionId::HoldView, ActionId::DistinctLines};
 
 void fill(QMenu *menu, const QVector<MenuEntry> &entries, const ActionSet &actions)
 {

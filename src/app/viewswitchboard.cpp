@@ -35,7 +35,8 @@ ViewSwitchboard::ViewSwitchboard(
     , m_shownRecord(shownRecord)
 {
     publish();
-    connect(m_actions[ActionId::HoldView], SIGNAL(toggled(bool)), this, SLOT(publish()));
+    for (ActionId id : {ActionId::HoldView, ActionId::DistinctLines})
+        connect(m_actions[id], SIGNAL(toggled(bool)), this, SLOT(publish()));
 }
 
 void ViewSwitchboard::enableViews()
@@ -174,6 +175,7 @@ void ViewSwitchboard::publish()
     switches.balancer = m_actions.isChecked(ActionId::Balancer);
     switches.average = m_actions.isChecked(ActionId::Average);
     switches.barDisplay = m_actions.isChecked(ActionId::Power);
+    switches.distinctLines = m_actions.isChecked(ActionId::DistinctLines);
     switches.holdView = m_actions.isChecked(ActionId::HoldView);
     m_state->setSwitches(switches);
 }

@@ -35,7 +35,8 @@ public:
     void setBlackBackground(bool black);
 
 public slots:
-    /// Takes the check states of the actions over into the view state; all that there is to Hold view.
+    /// Takes the check states of the actions over into the view state; all that there is to Hold view
+    /// and Distinct lines.
     void publish();
     /// With a graph window: the switches DATA to Avg, and those that depend on " B " while it is on.
     void enableViews();

@@ -18,11 +18,13 @@ struct BarColours {
     char mode;
     QColor outline;
     QColor body;
+    QColor distinctBody;
+    char letter;
 };
 
 constexpr BarColours barColours[] = {
-    {'C', {0, 255, 0}, {0, 127, 0}}, {'D', {255, 0, 0}, {127, 0, 0}},
-    {'\0', {255, 255, 0}, {127, 127, 0}}, // every other process
+    {'C', {0, 255, 0}, {0, 127, 0}, {0, 150, 50}, 'C'}, {'D', {255, 0, 0}, {127, 0, 0}, {110, 0, 0}, 'D'},
+    {'\0', {255, 255, 0}, {127, 127, 0}, {245, 225, 90}, 'B'}, // every other process
 };
 
 const BarColours &coloursOf(char mode)
@@ -126,6 +128,12 @@ void CapacityChart::paintEntry(QPainter &painter, int index, const QSize &size) 
 void CapacityChart::paintBar(QPainter &painter, int index, const QRect &bar) const
 {
     const BarColours &colours = coloursOf(entries[index].mode);
+    if (distinct) {
+        painter.setPen(ChartPaint::textColour(blackGround));
+        painter.setBrush(colours.distinctBody);
+        painter.drawRect(bar.adjusted(0, 0, -1, -1));
+        return paintLetter(painter, colours.letter, bar, colours.distinctBody);
+    }
     // A bar that is all outline is seen on white in the body's colour only.
     const bool flat = bar.height() <= 2 && !blackGround;
     const QColor &outline = flat ? colours.body : colours.outline;
@@ -134,6 +142,19 @@ void CapacityChart::paintBar(QPainter &painter, int index, const QRect &bar) con
     painter.setPen(outline);
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(bar.adjusted(0, 0, -1, -1));
+}
+
+// In the foot of the bar, or beside one that is too low for it.
+void CapacityChart::paintLetter(QPainter &painter, char letter, const QRect &bar, const QColor &body) const
+{
+    const int height = px(textLine);
+    const bool inside = bar.height() >= height + 2;
+    QRect box(bar.left(), bar.bottom() + 1 - height, bar.width(), height);
+    if (!inside)
+        box.moveLeft(bar.right() - px(2));
+    painter.setPen(
+        inside ? ChartPaint::textColour(qGray(body.rgb()) < 128) : ChartPaint::textColour(blackGround));
+    ChartPaint::drawFitted(painter, box, Qt::AlignCenter, QString(QLatin1Char(letter)), 10, scale, true);
 }
 
 // Below the bar: which one it is, and its capacity where the `space` down to the edge has room for it.

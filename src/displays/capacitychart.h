@@ -5,6 +5,7 @@
 #include <QString>
 #include <QVector>
 
+class QColor;
 class QPainter;
 
 /// One recorded process in the capacity comparison.
@@ -28,6 +29,7 @@ public:
     QVector<CapacityEntry> entries;
     int first = 0; ///< index of the leftmost visible entry
     bool blackGround = true; ///< what is behind the picture: decides the colour of the texts beside the bars
+    bool distinct = false; ///< bars differ in lightness and carry letters: C charge, D discharge, B another
     qreal scale = 1.0; ///< enlarges all fixed sizes
 
     /// Space above the full scale and below the baseline in a picture `height` high.
@@ -56,6 +58,7 @@ private:
     void paintLines(QPainter &painter, const QSize &size) const;
     void paintEntry(QPainter &painter, int index, const QSize &size) const;
     void paintBar(QPainter &painter, int index, const QRect &bar) const;
+    void paintLetter(QPainter &painter, char letter, const QRect &bar, const QColor &body) const;
     void paintBoxes(QPainter &painter, int index, const QRect &bar) const;
     void paintFigures(QPainter &painter, int index, const QRect &bar, int space) const;
 };

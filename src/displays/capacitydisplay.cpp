@@ -136,6 +136,7 @@ void CapacityDisplay::refresh()
 void CapacityDisplay::onViewChanged()
 {
     m_chart.blackGround = !m_viewState || m_viewState->switches().blackBackground;
+    m_chart.distinct = m_viewState && m_viewState->switches().distinctLines;
     QPalette colours = palette();
     colours.setColor(QPalette::Window, m_chart.blackGround ? Qt::black : Qt::white);
     setPalette(colours);

@@ -125,7 +125,7 @@ void PowerChart::paintCell(QPainter &painter, int cell, const QSize &size) const
 {
     const QRect bar = valueRect(cell, size);
     const int value = bars.values[cell];
-    painter.fillRect(bar, QColor(0, 255, 0));
+    painter.fillRect(bar, distinct && !blackGround ? QColor(0, 127, 0) : QColor(0, 255, 0));
     if (!bar.isEmpty() && (value > bars.upper || value < bars.lower))
         paintOffScaleEnd(painter, bar, value > bars.upper);
 

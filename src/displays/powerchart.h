@@ -13,6 +13,7 @@ public:
     PowerBars bars;
     int windowNumber = -1; ///< of the graph window, -1 for none
     bool blackGround = true; ///< what is behind the picture: decides the colours of texts and lines
+    bool distinct = false; ///< the bars have a contrast of 3 to 1
     bool stale = false; ///< no line has come for a while: everything is dimmed
     qreal scale = 1.0; ///< enlarges all fixed sizes
 

@@ -106,6 +106,7 @@ void PowerDisplay::refresh()
 void PowerDisplay::onViewChanged()
 {
     m_chart.blackGround = !m_viewState || m_viewState->switches().blackBackground;
+    m_chart.distinct = m_viewState && m_viewState->switches().distinctLines;
     QPalette colours = palette();
     colours.setColor(QPalette::Window, m_chart.blackGround ? Qt::black : Qt::white);
     setPalette(colours);

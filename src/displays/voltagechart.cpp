@@ -270,9 +270,14 @@ void VoltageChart::paintBars(
         const bool several = cells.size() > 1;
         // The colours of the highest and the lowest cell in the data display.
         const QColor colour = several && cell == extremes.highest ? QColor(230, 210, 0)
-            : several && cell == extremes.lowest                  ? QColor(255, 127, 0)
-                                                                  : QColor(70, 120, 255);
+            : several && cell == extremes.lowest ? (distinct ? QColor(190, 70, 0) : QColor(255, 127, 0))
+                                                 : QColor(70, 120, 255);
         painter.fillRect(bar, colour);
+        if (distinct) {
+            painter.setPen(ChartPaint::textColour(blackGround));
+            painter.setBrush(Qt::NoBrush);
+            painter.drawRect(bar.adjusted(0, 0, -1, -1));
+        }
         const bool emphasised = shown.selected[cell] && selection == All;
         painter.setPen(ChartPaint::textColour(blackGround));
         if (emphasised) {

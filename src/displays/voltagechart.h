@@ -21,6 +21,7 @@ public:
     QVector<PackVoltages> packs;
     Selection selection = All;
     int oneCell = -1; ///< index of the cell shown of every window, -1 for all of them
+    bool distinct = false; ///< the highest and the lowest cell differ in lightness, too
     bool blackGround = true; ///< what is behind the picture: decides the colours
     qreal scale = 1.0; ///< enlarges all fixed sizes
 

@@ -126,6 +126,7 @@ void VoltageComparison::refresh()
     VoltageChart chart;
     chart.scale = displayScale();
     chart.blackGround = !m_viewState || m_viewState->switches().blackBackground;
+    chart.distinct = m_viewState && m_viewState->switches().distinctLines;
     chart.selection = m_showsAllCells ? VoltageChart::All : choice().selection;
     chart.oneCell = m_showsAllCells ? -1 : choice().oneCell;
     if (m_source)

@@ -32,6 +32,7 @@ constexpr QLatin1String shellPos = key("mainwindow/pos"); ///< so is this
 constexpr QLatin1String shellState = key("mainwindow/state");
 constexpr QLatin1String shellGeometry = key("mainwindow/geometry");
 constexpr QLatin1String blackBackground = key("mainwindow/black");
+constexpr QLatin1String distinctLines = key("mainwindow/distinctLines");
 
 constexpr QLatin1String dataDisplayPos = key("datadisplay/pos");
 // Groups of a display: what stands in each is under the names below them.

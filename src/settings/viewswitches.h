@@ -19,6 +19,7 @@ struct ViewSwitches {
     bool balancer = false; ///< " B ": balancer view, and the data display's statistics
     bool average = false; ///< " Avg ": minimum, maximum, average and delta instead of the cells
     bool blackBackground = true;
+    bool distinctLines = false; ///< lines differ in more than hue: dashes and lightness; bars carry letters
     bool holdView = false; ///< new records leave zoom and cursor of the graph windows as they are
     CellsShown cellsShown = CellsShown::All;
     CellValue cellValue = CellValue::Voltage;
@@ -30,8 +31,8 @@ struct ViewSwitches {
             && a.capacityComparison == b.capacityComparison && a.barDisplay == b.barDisplay
             && a.temperature == b.temperature && a.delta == b.delta && a.resistance == b.resistance
             && a.balancer == b.balancer && a.average == b.average && a.blackBackground == b.blackBackground
-            && a.holdView == b.holdView && a.cellsShown == b.cellsShown && a.cellValue == b.cellValue
-            && a.rightAxis == b.rightAxis;
+            && a.distinctLines == b.distinctLines && a.holdView == b.holdView && a.cellsShown == b.cellsShown
+            && a.cellValue == b.cellValue && a.rightAxis == b.rightAxis;
     }
     friend bool operator!=(const ViewSwitches &a, const ViewSwitches &b) { return !(a == b); }
 };

@@ -79,6 +79,7 @@ private slots:
             " Avg |Cells/MinMax plot||cb", " S |Select cells||cdb", " P% |Show/hide power balancer||cdb",
             " Vc |Cells energy/voltage/internal cel resistance||cdb", "Stop process|Stop process.||i",
             "Hold view|Graph windows keep zoom and cursor|H|c",
+            "Distinct lines|Lines differ in dashes and lightness, not in hue alone; bars carry letters|L|c",
             "Open recordings...|Open what was recorded from the devices, saved or not.||i",
             "Reopen closed recording|No window of an unsaved recording has been closed yet.|Ctrl+Shift+T|d",
             "Export as CSV...|Write the records of the current graph as a table for other programs.||i",
@@ -297,7 +298,7 @@ private slots:
                 "&Tools[Open recordings...,Reopen closed recording,|,Export as CSV...,Save picture...,|"
                     + QStringLiteral(
                         ",Remote control...,Stop process,&View switches[DATA,Graph,Bar Graph,|,T,dV,Rw,|")
-                    + ",B,Avg,S,P%,Vc,|,Hold view]",
+                    + ",B,Avg,S,P%,Vc,|,Hold view,Distinct lines]",
                 "|,&Help[&About]"}));
         QCOMPARE(textsOf(window->findChild<QToolBar *>(QStringLiteral("mainToolBar"))),
             QStringLiteral(

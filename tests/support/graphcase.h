@@ -88,6 +88,7 @@ private:
         const Interval whole = {0, 60.0 * (m_store.size() - 1)};
         const QHash<QString, std::function<void()>> words{
             {"white", [&] { switches.blackBackground = false; }},
+            {"distinct", [&] { switches.distinctLines = true; }},
             {"B", [&] { switches.balancer = true; }},
             {"Avg", [&] { switches.balancer = switches.average = true; }},
             {"T", [&] { switches.temperature = number(0); }},

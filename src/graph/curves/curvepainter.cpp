@@ -2,6 +2,7 @@
 
 #include "graph/curves/curvedata.h"
 #include "graph/curves/curveoutline.h"
+#include "graph/curves/linedashes.h"
 #include "graph/curves/pixels.h"
 #include "graph/curves/varnelplotcurve.h"
 
@@ -10,6 +11,7 @@
 #include <qwt_painter.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -74,11 +76,13 @@ void CurvePainter::draw(QPainter *painter, const Job &job)
         return;
     painter->save();
     painter->setClipRect(job.area, Qt::IntersectClip);
-    painter->setPen(job.pen);
+    painter->setPen(QPen(job.pen.color(), job.pen.width()));
     const PlotSeries &times = job.store->series(SeriesStore::Time);
     updateColumns(job);
     if (job.store->isTimeMonotone() && times[job.first] == times.last()) {
         drawMoment(painter, job);
+    } else if (job.pen.style() != Qt::SolidLine) {
+        drawDashes(painter, job);
     } else if (isSparse(job)) {
         drawLines(painter, job);
     } else if (QwtPainter::roundingAlignment(painter)) {
@@ -90,7 +94,7 @@ void CurvePainter::draw(QPainter *painter, const Job &job)
     painter->restore();
 }
 
-void CurvePainter::drawSpans(QPainter *painter, const Job &job)
+const CurveSpans &CurvePainter::spansOf(const Job &job)
 {
     Found &found = m_found[job.series];
     const Key key = keyOf(job);
@@ -99,11 +103,48 @@ void CurvePainter::drawSpans(QPainter *painter, const Job &job)
         found.spans.assign(
             {job.store->series(job.series), job.first, m_columns, job.valueMap}, job.area, job.pen.width());
     }
-    found.spans.draw(painter);
+    return found.spans;
 }
 
-// Lines through the samples on the area and their neighbours; where times run back, through all.
-void CurvePainter::drawLines(QPainter *painter, const Job &job)
+void CurvePainter::drawSpans(QPainter *painter, const Job &job)
+{
+    spansOf(job).draw(painter);
+}
+
+// The same pixels as without dashes, but for those in gaps; on finer devices, lines in pieces.
+void CurvePainter::drawDashes(QPainter *painter, const Job &job)
+{
+    const LineDashes dashes(job.pen.style(), job.area.left(), job.dashUnit);
+    const bool rounds = QwtPainter::roundingAlignment(painter);
+    QPolygonF points;
+    if (isSparse(job)) {
+        const QVector<QPointF> samples = samplesOf(job);
+        for (const QPointF &sample : samples) {
+            const QPointF point(job.timeMap.transform(sample.x()), job.valueMap.transform(sample.y()));
+            const QPointF place = rounds ? QPointF(std::round(point.x()), std::round(point.y())) : point;
+            if (points.isEmpty() || points.last() != place)
+                points.append(place);
+        }
+    } else if (rounds) {
+        const CurveSpans &spans = spansOf(job);
+        for (const QLine &line : spans.lines())
+            points << line.p1() << line.p2();
+        painter->setClipRegion(dashes.inked(job.area, spans.spans(), points), Qt::IntersectClip);
+        return spans.draw(painter);
+    } else {
+        points = curveOutline(*job.store, job.series, job.first, job.timeMap, job.valueMap, job.area);
+    }
+    if (rounds)
+        painter->setClipRegion(dashes.inked(job.area, {}, points), Qt::IntersectClip);
+    else // ends as they are cut
+        painter->setPen(QPen(job.pen.color(), job.pen.width(), Qt::SolidLine, Qt::FlatCap));
+    const QVector<QPolygonF> pieces = rounds ? QVector<QPolygonF>{points} : dashes.pieces(job.area, points);
+    for (const QPolygonF &piece : pieces)
+        QwtPainter::drawPolyline(painter, piece);
+}
+
+// Those on the area and their neighbours; where times run back, all.
+QVector<QPointF> CurvePainter::samplesOf(const Job &job) const
 {
     int begin = job.first;
     int end = job.store->size();
@@ -111,16 +152,22 @@ void CurvePainter::drawLines(QPainter *painter, const Job &job)
         begin = std::max(begin, m_columns.stretches().front().begin);
         end = m_columns.stretches().back().end;
     }
-    if (end - begin < 1)
-        return;
     const PlotSeries &times = job.store->series(SeriesStore::Time);
     const PlotSeries &values = job.store->series(job.series);
-    QVector<QPointF> samples(end - begin);
+    QVector<QPointF> samples(qMax(0, end - begin));
     for (int i = begin; i < end; ++i)
         samples[i - begin] = {times[i], values[i]};
+    return samples;
+}
+
+void CurvePainter::drawLines(QPainter *painter, const Job &job)
+{
+    const QVector<QPointF> samples = samplesOf(job);
+    if (samples.isEmpty())
+        return;
     Line &line = m_lines[size_t(job.series % lineCount)];
     line.samples->setSamples(samples);
-    line.curve.setPen(job.pen);
+    line.curve.setPen(painter->pen());
     line.curve.drawSeries(painter, job.timeMap, job.valueMap, job.area, 0, -1);
 }
 

@@ -22,7 +22,8 @@ public:
         QwtScaleMap timeMap;
         QwtScaleMap valueMap;
         QRect area; ///< nothing is painted outside
-        QPen pen; ///< solid, 1 or 2 px wide
+        QPen pen; ///< 1 or 2 px wide; its style tells the dashes
+        qreal dashUnit = 1.0; ///< px, length of a dot
     };
 
     CurvePainter();
@@ -51,8 +52,11 @@ private:
     static Key keyOf(const Job &job);
     void updateColumns(const Job &job);
     bool isSparse(const Job &job) const;
+    const CurveSpans &spansOf(const Job &job);
     void drawSpans(QPainter *painter, const Job &job);
     void drawLines(QPainter *painter, const Job &job);
+    void drawDashes(QPainter *painter, const Job &job);
+    QVector<QPointF> samplesOf(const Job &job) const;
     void drawMoment(QPainter *painter, const Job &job) const;
 
     Key m_columnsKey;

@@ -25,6 +25,8 @@ public:
     void assign(const Source &source, const QRect &area, int width);
     /// Draws in `painter`'s pen, inside its clip.
     void draw(QPainter *painter) const;
+    const QVector<QRect> &spans() const { return m_spans; }
+    const QVector<QLine> &lines() const { return m_lines; }
 
 private:
     struct Column {

@@ -22,7 +22,7 @@ GraphCanvas::GraphCanvas(QPainter *usedPainter, const GraphRequest &shownRequest
     , fonts(usedTools.fonts)
     , scale(GraphLayout::fittingScale(shownRequest.size, shownRequest.scale))
     , layout(shownRequest.size / scale, shownRequest.store->size())
-    , colours(shownRequest.switches.blackBackground)
+    , colours(shownRequest.switches.blackBackground, shownRequest.switches.distinctLines)
     , timeMap(shownTimes(shownRequest, layout))
 {
 }

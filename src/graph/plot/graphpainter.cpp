@@ -25,10 +25,10 @@ QRect finer(const QRect &rect, double scale)
         QPoint(qRound(rect.right() * scale), qRound(rect.bottom() * scale))};
 }
 
-QPen penOf(const GraphTools &tools, const GraphScene::Curve &curve)
+QPen penOf(const GraphTools &tools, const GraphScene::Curve &curve, bool distinct)
 {
-    if (curve.series < SeriesStore::Cell1)
-        return QPen(curve.colour, curve.width);
+    if (curve.series < SeriesStore::Cell1 || distinct)
+        return QPen(curve.colour, curve.width, curve.style);
     return (curve.width > 1 ? tools.selectedCellPens : tools.cellPens)[curve.series - SeriesStore::Cell1];
 }
 
@@ -86,7 +86,9 @@ void GraphPainter::paintPointer(const GraphCanvas &canvas, const GraphScene &sce
 
 void GraphPainter::paintCurves(const GraphCanvas &canvas, const GraphScene &scene)
 {
+    constexpr double dashUnit = 2; // px
     const double scale = canvas.scale;
+    const bool distinct = canvas.request.switches.distinctLines;
     canvas.painter->save();
     canvas.painter->scale(1 / scale, 1 / scale);
     for (auto it = scene.curves.crbegin(); it != scene.curves.crend(); ++it) {
@@ -95,7 +97,8 @@ void GraphPainter::paintCurves(const GraphCanvas &canvas, const GraphScene &scen
         m_curves.draw(canvas.painter,
             {canvas.request.store, curve.series, curve.first, finer(canvas.timeMap, scale),
                 finer(canvas.layout.valueMap(curve.area, range.low, range.high), scale),
-                finer(canvas.layout.area(curve.area), scale), penOf(*m_tools, curve)});
+                finer(canvas.layout.area(curve.area), scale), penOf(*m_tools, curve, distinct),
+                dashUnit * scale});
     }
     canvas.painter->restore();
 }

@@ -1,5 +1,6 @@
 #include "graph/plot/legendpainter.h"
 
+#include "graph/curves/linedashes.h"
 #include "graph/scene/celllegend.h"
 #include "graph/plot/graphfonts.h"
 
@@ -9,6 +10,7 @@
 namespace {
 
 constexpr int markWidth = 9; // px, the stroke in a curve's colour before its name
+constexpr int dashesWidth = 16; // px, the same with room for dashes
 constexpr int markHeight = 3;
 constexpr int lineHeight = 13;
 constexpr int lowestLine = 10; // lower ones would touch
@@ -31,9 +33,29 @@ bool isNarrow(const QRect &row)
     return row.width() < narrowRow;
 }
 
+int markWidthOf(const GraphCanvas &c)
+{
+    return c.request.switches.distinctLines ? dashesWidth : markWidth;
+}
+
+// The curve's line as it is, in `rect`, along its longer side.
+void paintMark(const GraphCanvas &c, const QRect &rect, const GraphScene::Entry &entry)
+{
+    const bool upright = rect.height() > rect.width();
+    const LineDashes dashes(entry.style, 0, 1);
+    const auto strokes = dashes.strokes(0, upright ? rect.height() : rect.width());
+    for (const LineDashes::Stroke &stroke : strokes) {
+        const int begin = int(stroke.begin);
+        const int length = int(stroke.end) - begin;
+        c.painter->fillRect(upright ? QRect(rect.left(), rect.top() + begin, rect.width(), length)
+                                    : QRect(rect.left() + begin, rect.top(), length, rect.height()),
+            entry.colour);
+    }
+}
+
 bool fits(const GraphCanvas &c, const GraphScene::Entry &entry, const QRect &row, int font)
 {
-    const int mark = !isNumbered(entry) ? markHeight + textGap : isNarrow(row) ? 0 : markWidth;
+    const int mark = !isNumbered(entry) ? markHeight + textGap : isNarrow(row) ? 0 : markWidthOf(c);
     const int name = isNumbered(entry) && !isNarrow(row) ? numberWidth : c.fonts.widthIn(font, entry.name);
     const int gaps = isNarrow(row) ? 2 : isNumbered(entry) ? 3 : 4;
     return mark + name + c.fonts.widthIn(font, entry.value) + gaps * textGap <= row.width();
@@ -55,17 +77,20 @@ void paintNumber(
 {
     c.painter->setPen(GraphColours::readable(entry.colour, background));
     if (!isNarrow(row)) {
-        c.painter->fillRect(row.left() + 1, row.center().y() - 1, markWidth - 2, markHeight, entry.colour);
+        const int mark = markWidthOf(c);
+        paintMark(c, QRect(row.left() + 1, row.center().y() - 1, mark - 2, markHeight), entry);
         c.painter->drawText(
-            QRect(row.left() + markWidth, row.top(), numberWidth, row.height()), numberAlignment, entry.name);
+            QRect(row.left() + mark, row.top(), numberWidth, row.height()), numberAlignment, entry.name);
         return;
     }
     if (!fits(c, entry, row, c.painter->font().pixelSize()))
         return; // the place tells which cell it is
     c.painter->drawText(row, nameAlignment, entry.name);
     if (row.height() >= lineHeight)
-        c.painter->fillRect(row.left(), row.bottom() - 1,
-            c.fonts.widthIn(c.painter->font().pixelSize(), entry.name), 2, entry.colour);
+        paintMark(c,
+            QRect(
+                row.left(), row.bottom() - 1, c.fonts.widthIn(c.painter->font().pixelSize(), entry.name), 2),
+            entry);
 }
 
 void paintRow(const GraphCanvas &c, const GraphScene::Entry &entry, const QRect &row, QFont font)
@@ -79,7 +104,7 @@ void paintRow(const GraphCanvas &c, const GraphScene::Entry &entry, const QRect 
     if (isNumbered(entry)) {
         paintNumber(c, entry, row, background);
     } else {
-        c.painter->fillRect(row.left(), row.top() + 1, markHeight, row.height() - 2, entry.colour);
+        paintMark(c, QRect(row.left(), row.top() + 1, markHeight, row.height() - 2), entry);
         c.painter->setPen(c.colours.heading());
         c.painter->drawText(row.adjusted(markHeight + textGap, 0, 0, 0), nameAlignment, entry.name);
     }
@@ -126,11 +151,11 @@ void paintEntries(const GraphCanvas &c, const QVector<GraphScene::Entry> &entrie
     const int line = qMin(lineHeight, named ? room / 2 : room);
     const int height = named ? 2 * line : line;
     const int gap = qBound(0, room - height, entryGap);
+    const int mark = markWidthOf(c);
     int top = column.top();
     for (const GraphScene::Entry &entry : entries) {
-        const QRect first(column.left() + markWidth + 2, top, column.width() - markWidth - 4, line);
-        c.painter->fillRect(
-            QRect(column.left() + 1, first.center().y(), markWidth - 1, markHeight), entry.colour);
+        const QRect first(column.left() + mark + 2, top, column.width() - mark - 4, line);
+        paintMark(c, QRect(column.left() + 1, first.center().y(), mark - 1, markHeight), entry);
         if (named) {
             c.painter->setPen(c.colours.readable(entry.colour));
             paintText(c, entry.name, first, nameAlignment);

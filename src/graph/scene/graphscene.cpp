@@ -17,7 +17,7 @@ constexpr double deltaUnit = 0.1; // V; cells drift by millivolts
 
 GraphColours coloursOf(const GraphRequest &request)
 {
-    return GraphColours(request.switches.blackBackground);
+    return GraphColours(request.switches.blackBackground, request.switches.distinctLines);
 }
 
 const Varnel3Data &newestOf(const GraphRequest &request)
@@ -105,10 +105,11 @@ void GraphScene::addVoltage(const GraphRequest &request)
     const PlotSeries &values = request.store->series(SeriesStore::Voltage);
     const Interval course = courseOf(request, SeriesStore::Voltage);
     const Interval range = ValueRange::ofVoltage(course.low, course.high);
-    curves.append({PlotArea::Upper, SeriesStore::Voltage, 0, range, colours.voltage(), colours.curveWidth(),
-        tr("Voltage"), tr("V")});
+    curves.append({PlotArea::Upper, SeriesStore::Voltage, 0, range, colours.voltage(), colours.style(0),
+        colours.curveWidth(), tr("Voltage"), tr("V")});
     axes.append({PlotArea::Upper, Side::Left, range, tr("V"), 2, 5, colours.voltage()});
-    upperLegend.append({tr("Voltage"), FigureText::fixed(values.last(), 0, 2) + tr(" V"), colours.voltage()});
+    upperLegend.append({tr("Voltage"), FigureText::fixed(values.last(), 0, 2) + tr(" V"), colours.voltage(),
+        colours.style(0)});
 }
 
 void GraphScene::addSlope(const GraphRequest &request)
@@ -116,17 +117,18 @@ void GraphScene::addSlope(const GraphRequest &request)
     const GraphColours colours = coloursOf(request);
     const PlotSeries &values = request.store->series(SeriesStore::Dv);
     if (request.store->size() <= SeriesStore::firstResistance()) { // no value yet
-        upperLegend.append({tr("dV"), FigureText::shortDashes() + tr(" mV/min"), colours.slope()});
+        upperLegend.append(
+            {tr("dV"), FigureText::shortDashes() + tr(" mV/min"), colours.slope(), colours.style(1)});
         return;
     }
     const Interval course = courseOf(request, SeriesStore::Dv);
     const Interval range = ValueRange::ofSlope(course.low, course.high, slopeUnit);
-    curves.append({PlotArea::Upper, SeriesStore::Dv, 0, range, colours.slope(), colours.curveWidth(),
-        tr("dV"), tr("mV/min"), 1.0, 1});
+    curves.append({PlotArea::Upper, SeriesStore::Dv, 0, range, colours.slope(), colours.style(1),
+        colours.curveWidth(), tr("dV"), tr("mV/min"), 1.0, 1});
     axes.append({PlotArea::Upper, Side::Right, range, tr("mV/min"), 1, 5, colours.slope()});
     upperLegend.append(
         {tr("dV"), FigureText::fixed(values.last(), 0, std::abs(values.last()) < 100 ? 1 : 0) + tr(" mV/min"),
-            colours.slope()});
+            colours.slope(), colours.style(1)});
 }
 
 void GraphScene::addEnergy(const GraphRequest &request)
@@ -135,10 +137,11 @@ void GraphScene::addEnergy(const GraphRequest &request)
     const PlotSeries &values = request.store->series(SeriesStore::Energy);
     const Interval course = courseOf(request, SeriesStore::Energy);
     const Interval range = ValueRange::ofEnergy(course.low, course.high);
-    curves.append({PlotArea::Upper, SeriesStore::Energy, 0, range, colours.slope(), colours.curveWidth(),
-        tr("Energy"), tr("mAh"), 1.0, 0});
+    curves.append({PlotArea::Upper, SeriesStore::Energy, 0, range, colours.slope(), colours.style(1),
+        colours.curveWidth(), tr("Energy"), tr("mAh"), 1.0, 0});
     axes.append({PlotArea::Upper, Side::Right, range, tr("mAh"), 0, 5, colours.slope()});
-    upperLegend.append({tr("Energy"), FigureText::fixed(values.last(), 0, 0) + tr(" mAh"), colours.slope()});
+    upperLegend.append({tr("Energy"), FigureText::fixed(values.last(), 0, 0) + tr(" mAh"), colours.slope(),
+        colours.style(1)});
 }
 
 void GraphScene::addCells(const GraphRequest &request)
@@ -153,8 +156,8 @@ void GraphScene::addCells(const GraphRequest &request)
             if (request.selectedCells[size_t(i)] != selected || !isCellShown(request, i))
                 continue;
             const int width = selected && emphasise ? emphasis : 1;
-            curves.append({PlotArea::Upper, SeriesStore::Cell1 + i, 0, range, colours.cell(i), width,
-                tr("Cell ") + QString::number(i + 1), tr("V"), 1.0, 3});
+            curves.append({PlotArea::Upper, SeriesStore::Cell1 + i, 0, range, colours.cell(i),
+                colours.cellStyle(i), width, tr("Cell ") + QString::number(i + 1), tr("V"), 1.0, 3});
         }
     }
     if (curves.isEmpty())
@@ -169,7 +172,7 @@ void GraphScene::addCells(const GraphRequest &request)
     cellUnit = tr(units[int(switches.cellValue)]);
     for (int i = 0; i < store.cellSeriesCount(); ++i) {
         upperLegend.append({QString::number(i + 1), cellFigure(store, i, switches.cellValue), colours.cell(i),
-            request.selectedCells[size_t(i)]});
+            colours.cellStyle(i), request.selectedCells[size_t(i)]});
     }
 }
 
@@ -187,19 +190,21 @@ void GraphScene::addStatistics(const GraphRequest &request)
         QString name;
         Interval range;
         QColor colour;
+        int place; // of its style
     };
-    const Row rows[] = {{SeriesStore::CellMax, tr("Max"), range, colours.cellMax()},
-        {SeriesStore::CellAverage, tr("Avg"), range, colours.cellAverage()},
-        {SeriesStore::CellMin, tr("Min"), range, colours.cellMin()},
-        {SeriesStore::CellDelta, tr("Delta"), deltaRange, colours.cellDelta()}};
+    const Row rows[] = {{SeriesStore::CellMax, tr("Max"), range, colours.cellMax(), 1},
+        {SeriesStore::CellAverage, tr("Avg"), range, colours.cellAverage(), 0},
+        {SeriesStore::CellMin, tr("Min"), range, colours.cellMin(), 2},
+        {SeriesStore::CellDelta, tr("Delta"), deltaRange, colours.cellDelta(), 3}};
     for (const Row &row : rows) {
         const bool isDelta = row.series == SeriesStore::CellDelta;
-        curves.append({PlotArea::Upper, row.series, 0, row.range, row.colour, colours.curveWidth(), row.name,
-            isDelta ? tr("mV") : tr("V"), isDelta ? milli : 1.0, isDelta ? 0 : 3});
+        curves.append({PlotArea::Upper, row.series, 0, row.range, row.colour, colours.style(row.place),
+            colours.curveWidth(), row.name, isDelta ? tr("mV") : tr("V"), isDelta ? milli : 1.0,
+            isDelta ? 0 : 3});
         const double newest = store.series(row.series).last();
         upperLegend.append({row.name,
             isDelta ? FigureText::fixed(newest * milli, 0, 0) + tr(" mV") : FigureText::fixed(newest, 0, 3),
-            row.colour});
+            row.colour, colours.style(row.place)});
     }
     axes.append({PlotArea::Upper, Side::Left, range, tr("V"), 2, 4, colours.text()});
     const Interval shownDelta = {deltaRange.low * milli, deltaRange.high * milli};
@@ -211,10 +216,11 @@ void GraphScene::addCurrent(const GraphRequest &request)
     const GraphColours colours = coloursOf(request);
     const PlotSeries &values = request.store->series(SeriesStore::Current);
     const Interval range = currentRange(request);
-    curves.append({PlotArea::Lower, SeriesStore::Current, 0, range, colours.current(), colours.curveWidth(),
-        tr("Current"), tr("A")});
+    curves.append({PlotArea::Lower, SeriesStore::Current, 0, range, colours.current(), colours.style(0),
+        colours.curveWidth(), tr("Current"), tr("A")});
     axes.append({PlotArea::Lower, Side::Right, range, tr("A"), 2, 5, colours.current()});
-    lowerLegend.append({tr("Current"), FigureText::fixed(values.last(), 0, 2) + tr(" A"), colours.current()});
+    lowerLegend.append({tr("Current"), FigureText::fixed(values.last(), 0, 2) + tr(" A"), colours.current(),
+        colours.style(0)});
 }
 
 void GraphScene::addTemperature(const GraphRequest &request)
@@ -223,11 +229,11 @@ void GraphScene::addTemperature(const GraphRequest &request)
     const Interval course = courseOf(request, SeriesStore::Temperature);
     const Interval range = ValueRange::ofTemperature(course.low, course.high);
     curves.append({PlotArea::Lower, SeriesStore::Temperature, 0, range, colours.temperature(),
-        colours.curveWidth(), tr("Temp."), QStringLiteral("°C"), 1.0, 1});
+        colours.style(1), colours.curveWidth(), tr("Temp."), QStringLiteral("°C"), 1.0, 1});
     axes.append({PlotArea::Lower, Side::Left, range, QStringLiteral("°C"), 1, 4, colours.temperature()});
     lowerLegend.append(
         {tr("Temp."), FigureText::fixed(newestOf(request).temperature / 10.0, 0, 1) + QStringLiteral(" °C"),
-            colours.temperature()});
+            colours.temperature(), colours.style(1)});
 }
 
 // Shown while charging only; a device that does not measure it sends nothing but zeros.
@@ -245,7 +251,7 @@ void GraphScene::addResistance(const GraphRequest &request)
     const Interval range = ValueRange::ofResistance(
         course.low, course.high, {beside.shareOf(current.low), beside.shareOf(current.high)});
     curves.append({PlotArea::Lower, SeriesStore::Resistance, SeriesStore::firstResistance(), range,
-        colours.resistance(), colours.curveWidth(), tr("Ri"), tr("m\u03a9"), 1.0, 0});
-    lowerLegend.append(
-        {tr("Ri"), FigureText::fixed(values.last(), 0, 0) + tr(" m\u03a9"), colours.resistance()});
+        colours.resistance(), colours.style(2), colours.curveWidth(), tr("Ri"), tr("m\u03a9"), 1.0, 0});
+    lowerLegend.append({tr("Ri"), FigureText::fixed(values.last(), 0, 0) + tr(" m\u03a9"),
+        colours.resistance(), colours.style(2)});
 }

@@ -20,6 +20,7 @@ public:
         int first; ///< first record drawn
         Interval range; ///< of the whole area, before any zoom; in the series' unit
         QColor colour;
+        Qt::PenStyle style;
         int width;
         QString name;
         QString unit; ///< that its values are told in
@@ -40,6 +41,7 @@ public:
         QString name;
         QString value;
         QColor colour;
+        Qt::PenStyle style; ///< of its curve
         bool marked = false;
     };
 

@@ -5,6 +5,7 @@
 #include "graph/curves/timecolumns.h"
 #include "graph/curves/varnelplotcurve.h"
 #include "support/columns.h"
+#include "support/pixels.h"
 
 #include <QImage>
 #include <QPainter>
@@ -142,6 +143,7 @@ private slots:
     void manySamplesPaintAsLines_data();
     void manySamplesPaintAsLines();
     void fewSamplesPaintAsCurve();
+    void dashesTakeColumnsAway();
     void drawsFromAnySampleOn();
     void momentIsItsPoints();
     void finerDevicesGetFinerLines();
@@ -209,6 +211,46 @@ void TestCurvePainter::fewSamplesPaintAsCurve()
             }
         }
     }
+}
+
+/// The pixels of the whole line, but for columns in gaps, in which only what is steep is left: no peak is lost.
+void TestCurvePainter::dashesTakeColumnsAway()
+{
+    for (const char *wave : {"sine", "noise", "gaps", "set back", "steps"}) {
+        int gaps = 0;
+        for (int count : {30, 400, 20000}) {
+            SeriesStore store;
+            fill(&store, count, QString::fromLatin1(wave));
+            CurvePainter curves;
+            CurvePainter::Job job = jobFor(store, 0, store.series(SeriesStore::Time).maximum(), 8.0, 14.5);
+            job.dashUnit = 2;
+            const QImage whole = drawn(&curves, job);
+            job.pen.setStyle(Qt::DotLine);
+            const QImage dotted = drawn(&curves, job);
+            for (int x = area.left(); x <= area.right(); ++x) {
+                const QImage left = dotted.copy(x, 0, 1, 200);
+                const QImage all = whole.copy(x, 0, 1, 200);
+                const int pixels = countOf(all, all.rect(), Qt::green);
+                const bool isGap = left != all && countOf(left, left.rect(), Qt::green) == 0;
+                QVERIFY2(left == all || (isGap && (x - area.left()) / 4 % 2 == 1 && pixels <= 12), wave);
+                gaps += isGap;
+            }
+        }
+        QVERIFY2(gaps > 80 || QLatin1String(wave) == QLatin1String("noise"), wave);
+    }
+    SeriesStore store; // on finer devices, in pieces: nothing is joined over a gap
+    fill(&store, 30, QStringLiteral("flat"));
+    CurvePainter curves;
+    CurvePainter::Job job = jobFor(store, 0, 29, 8, 16);
+    job.pen.setStyle(Qt::DashDotLine);
+    job.dashUnit = 2;
+    const QImage image = drawn(&curves, job, 4);
+    QString line;
+    for (int x = 0; x < 28; ++x)
+        line += image.pixelColor((area.left() + x) * 4 + 2, (area.top() + 79) * 4 + 2) == QColor(Qt::green)
+            ? '#'
+            : '.';
+    QCOMPARE(line, QStringLiteral("################....####...."));
 }
 
 void TestCurvePainter::drawsFromAnySampleOn()

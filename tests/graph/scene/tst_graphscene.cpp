@@ -1,6 +1,8 @@
 #include "graph/scene/graphscene.h"
 #include "support/columns.h"
 #include "support/graphcase.h"
+#include "support/pixels.h"
+#include "support/vision.h"
 
 #include <QTextStream>
 #include <QtTest>
@@ -43,6 +45,7 @@ class TestGraphScene : public QObject {
 private slots:
     void shows_data();
     void shows();
+    void distinctLinesAreToldByAll();
 };
 
 /// What stands in a graph, by its records and what is asked: the lines that match `part`.
@@ -147,6 +150,37 @@ void TestGraphScene::shows()
     const GraphCase shown(graph);
     const QStringList lines = described(GraphScene::of(shown.request())).filter(QRegularExpression(part));
     QTEST(lines.join(QLatin1Char('\n')), "lines");
+}
+
+/// Without seeing red or green, on either ground; cells of one tone by their dashes.
+void TestGraphScene::distinctLinesAreToldByAll()
+{
+    for (const char *view : {"20", "20 delta=2", "20 B cells=16", "20 Avg"}) {
+        for (const char *ground : {" distinct", " distinct white"}) {
+            const GraphCase shown(QLatin1String(view) + QLatin1String(ground));
+            const QColor background = shown.request().switches.blackBackground ? Qt::black : Qt::white;
+            const GraphScene scene = GraphScene::of(shown.request());
+            QCOMPARE(scene.curves.size(), scene.upperLegend.size() + scene.lowerLegend.size());
+            for (int i = 0; i < scene.curves.size(); ++i) {
+                const GraphScene::Curve &a = scene.curves[i];
+                QVERIFY(contrast(a.colour, background) >= 3);
+                const auto &entries = a.area == PlotArea::Upper ? scene.upperLegend : scene.lowerLegend;
+                const GraphScene::Entry &entry
+                    = entries[a.area == PlotArea::Upper ? i : i - scene.upperLegend.size()];
+                QVERIFY(entry.colour == a.colour && entry.style == a.style && a.name.endsWith(entry.name));
+                for (int j = 0; j < i; ++j) {
+                    const GraphScene::Curve &b = scene.curves[j];
+                    if (b.area != a.area
+                        || (a.colour == b.colour && a.series >= SeriesStore::Cell1 && a.style != b.style))
+                        continue;
+                    for (Vision::Kind kind : {Vision::Usual, Vision::Protanopia, Vision::Deuteranopia})
+                        QVERIFY2(
+                            Vision::distance(a.colour, b.colour, kind) >= 20, qPrintable(a.name + b.name));
+                    QVERIFY(a.series >= SeriesStore::Cell1 || a.style != b.style);
+                }
+            }
+        }
+    }
 }
 
 QTEST_APPLESS_MAIN(TestGraphScene)
