@@ -1,5 +1,7 @@
 #include "desk/datatoolbar.h"
 #include "desk/windowfiles.h"
+#include "devices/deskreaderhost.h"
+#include "devices/devicecommands.h"
 #include "devices/portretries.h"
 #include "dialogs/checkboxcomport.h"
 #include "dialogs/dialogpreferences.h"
@@ -8,24 +10,18 @@
 #include "ports/portinfo.h"
 #include "support/columns.h"
 #include "support/lines.h"
+#include "support/literal.h"
 #include "support/modaldialog.h"
 #include "support/shellrig.h"
 
+#include <QApplication>
 #include <QFileInfo>
 #include <QLabel>
-#include <QLoggingCategory>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSerialPort>
 
 namespace {
-
-int timesAsked = 0; // the system for its ports
-
-void countAsking(QtMsgType, const QMessageLogContext &, const QString &text)
-{
-    if (text.contains(QLatin1String("Asking the system for its ports")))
-        ++timesAsked;
-}
 
 // These ports and no other, and OK.
 void tick(DialogPreferences *dialog, const QStringList &ports)
@@ -38,12 +34,17 @@ void tick(DialogPreferences *dialog, const QStringList &ports)
 
 } // namespace
 
-/// The program's window listening on real pseudo-terminals: ports that work, fail, go, return and arrive.
+/// The program's window listening on real pseudo-terminals: ports that work, fail, go, return and arrive, and
+/// what the user has their devices told.
 class TestListening : public QObject, private ShellRig {
     Q_OBJECT
 
 private slots:
-    void init() { setUp(); }
+    void init()
+    {
+        setUp();
+        allHeard.clear();
+    }
     void cleanup() { tearDown(); }
     void nothingChosen();
     void portsAtTheStart();
@@ -55,56 +56,67 @@ private slots:
     void questionsWaitForDialog();
     void busyOnArrival_data();
     void busyOnArrival();
+    void stopGoesToOneDevice_data();
+    void stopGoesToOneDevice();
+    void clocksAreSetInTurn();
+    void clockOfCurrentDeviceOnly();
 
 private:
     /// Ticks `ports`, and only them, in the preferences.
-    void choose(const QStringList &ports);
+    void choose(const QStringList &ports)
+    {
+        whenModal<DialogPreferences>(this, [ports](DialogPreferences *dialog) { tick(dialog, ports); });
+        trigger(ActionId::Preferences);
+    }
+    /// All that stands in the status bar for good, what is listened on last.
+    QString facts() const
+    {
+        QStringList texts;
+        for (int kind = 0; kind < StatusFacts::KindCount; ++kind)
+            texts.append(fact(StatusFacts::Kind(kind)));
+        texts.removeAll(QString());
+        return texts.join(" | "_s);
+    }
+    /// With the message beside it.
+    QString bar() const { return message() + " | " + facts(); }
     ListenedPorts *parts() const { return window->findChild<ListenedPorts *>(); }
     PortRetries *retries() const { return window->findChild<PortRetries *>(); }
+    QString question() const { return box("portQuestion") ? box("portQuestion")->text() : QString(); }
     /// Answers the question whether to remember a port, and waits for its end.
     void answerQuestion(QMessageBox::StandardButton button)
     {
-        QTRY_VERIFY(box("portQuestion"));
-        const QPointer<QMessageBox> question = box("portQuestion");
-        question->button(button)->click();
-        QTRY_VERIFY(!question);
+        // It keeps the keys.
+        QTRY_VERIFY(box("portQuestion") && QApplication::activeWindow() == box("portQuestion"));
+        const QPointer<QMessageBox> open = box("portQuestion");
+        open->button(button)->click();
+        QTRY_VERIFY(!open);
     }
-    QString figure(const char *name) const
+    QString timeShown() const
     {
-        return window->findChild<DataToolBar *>()->findChild<QLabel *>(QLatin1String(name))->text();
+        return window->findChild<DataToolBar *>()->findChild<QLabel *>("timeLabel"_s)->text();
     }
-};
+    /// The process of the device on "COM1" or so is recorded in the current window.
+    void record(int com)
+    {
+        plugged[size_t(com) - 1]->send(Lines::charger(1));
+        QTRY_VERIFY(window->activeMdiChild() && window->activeMdiChild()->isLive());
+    }
+    /// By the device there, so far.
+    QByteArray heard(int com) { return allHeard[com] += plugged[size_t(com) - 1]->received(); }
 
-void TestListening::choose(const QStringList &ports)
-{
-    whenModal<DialogPreferences>(this, [ports](DialogPreferences *dialog) { tick(dialog, ports); });
-    trigger(ActionId::Preferences);
-}
+    QMap<int, QByteArray> allHeard;
+};
 
 void TestListening::nothingChosen()
 {
     listen(0);
-    QCOMPARE(message(), QStringLiteral("No port has been selected."));
+    QCOMPARE(bar(), "No port has been selected. | Listening: no port"_s);
     QVERIFY(!window->listenedPorts().isListening());
-    QCOMPARE(fact(StatusFacts::Listening), QStringLiteral("Listening: no port"));
     for (ActionId id : {ActionId::SetTime, ActionId::StopProcess, ActionId::Recording}) {
         window->statusBar()->clearMessage();
         trigger(id);
-        QCOMPARE(message(), QStringLiteral("No port is listened on: choose one in the preferences."));
+        QCOMPARE(message(), "No port is listened on: choose one in the preferences."_s);
     }
-    plug(QStringLiteral("COM3"));
-    QTRY_COMPARE(listened(), QStringList(QStringLiteral("COM3")));
-    answerQuestion(QMessageBox::No);
-    plug(QStringLiteral("COM4"));
-    QTRY_COMPARE(listened().size(), 2);
-    answerQuestion(QMessageBox::Yes);
-    choose({QStringLiteral("COM4")});
-    QCOMPARE(listened(), QStringList(QStringLiteral("COM4")));
-    QCOMPARE(message(), QStringLiteral("Stop listening on port COM3."));
-    choose({QStringLiteral("COM3")});
-    QCOMPARE(listened(), QStringList(QStringLiteral("COM3")));
-    QCOMPARE(message(), QStringLiteral("Start listening on port COM3."));
-    QCOMPARE(fact(StatusFacts::Lost), QString());
 }
 
 // Those that are there at the start are never new.
@@ -112,73 +124,59 @@ void TestListening::portsAtTheStart()
 {
     for (const char *port : {"COM3", "COM4", "COM5", "USB9"})
         plug(QLatin1String(port));
-    QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, true);
-    timesAsked = 0;
-    const auto previous = qInstallMessageHandler(countAsking);
-    const QStringList present{QStringLiteral("COM4"), QStringLiteral("COM5")};
-    open(QStringList{QStringLiteral("COM2")} + present
-        + QStringList{QStringLiteral("COM4"), QStringLiteral("USB9")});
-    qInstallMessageHandler(previous);
-    QCOMPARE(timesAsked, 1);
-    QCOMPARE(message(), QStringLiteral("Start listening on port(s): COM4,COM5"));
-    QCOMPARE(listened(), present);
-    QVERIFY(window->listenedPorts().isListening());
-    QCOMPARE(fact(StatusFacts::Listening), QStringLiteral("Listening: COM4, COM5"));
-    QVERIFY(window->cursor().shape() != Qt::WaitCursor);
+    open({"COM2", "COM4", "COM5", "COM4", "USB9"});
+    const QString both = "Start listening on port(s): COM4,COM5 | Listening: COM4, COM5"_s;
+    QCOMPARE(bar(), both);
+    QVERIFY(window->listenedPorts().isListening() && window->cursor().shape() != Qt::WaitCursor);
     trigger(ActionId::Recording);
-    QCOMPARE(message(), QStringLiteral("No graph window is open: there is nothing to pause."));
-    parts()->arrive({QStringLiteral("COM3"), QString(), QString()});
-    parts()->arrive({QStringLiteral("USB8"), QString(), QString()});
-    QVERIFY(!box("portQuestion"));
-    QCOMPARE(listened(), present);
-    parts()->leave({present[1], QString(), QString()});
-    QCOMPARE(message(), QStringLiteral("Stop listening on port COM5. Port is removed."));
-    QCOMPARE(fact(StatusFacts::Lost), QStringLiteral("Lost: COM5"));
+    QCOMPARE(message(), "No graph window is open: there is nothing to pause."_s);
+    parts()->arrive({"COM3"_s, QString(), QString()});
+    parts()->arrive({"USB8"_s, QString(), QString()});
+    QCOMPARE(question(), QString());
+    QCOMPARE(listened(), QStringList({"COM4", "COM5"}));
+    parts()->leave({"COM5"_s, QString(), QString()});
+    QCOMPARE(bar(), "Stop listening on port COM5. Port is removed. | Lost: COM5 | Listening: COM4"_s);
     window->startRecording(); // of what is not open
-    QCOMPARE(message(), QStringLiteral("Start listening on port(s): COM5"));
-    QCOMPARE(listened(), present);
-    QCOMPARE(fact(StatusFacts::Lost), QString());
+    QCOMPARE(bar(), "Start listening on port(s): COM5 | Listening: COM4, COM5"_s);
     window->stopRecording();
-    QCOMPARE(message(), QStringLiteral("Stop listen on port(s)."));
+    QCOMPARE(bar(), "Stop listen on port(s). | Listening: no port"_s);
     QVERIFY(!window->listenedPorts().isListening());
-    QCOMPARE(fact(StatusFacts::Listening), QStringLiteral("Listening: no port"));
     window->stopRecording();
     const QSignalSpy changes(parts(), SIGNAL(changed()));
     plugged[0]->hangUp(); // and it is new when it comes back
     QTRY_VERIFY(!changes.isEmpty());
-    plug(QStringLiteral("COM3"));
-    QTRY_COMPARE(message(), QStringLiteral("Start listening on new port COM3."));
-    QVERIFY(box("portQuestion"));
+    plug("COM3"_s);
+    QTRY_COMPARE(bar(), "Start listening on new port COM3. | Listening: COM3"_s);
+    QVERIFY(!question().isEmpty());
 }
 
 // The figures are those of the current window, whatever the other device sends.
 void TestListening::recordsInWindows()
 {
     listen(2);
-    plugged[0]->send(Lines::charger(1));
-    QTRY_VERIFY(window->activeMdiChild());
+    record(1);
     MdiGraphChild *first = window->activeMdiChild();
-    QTRY_COMPARE(first->windowTitle(), QStringLiteral("No file name COM1*"));
+    QTRY_COMPARE(first->windowTitle(), "No file name COM1*"_s);
     QVERIFY(first->isLive() && window->listenedPorts().isRecording());
     const QString journal = window->filesOfWindows().fileOf(first);
     QVERIFY(QFileInfo(journal).isFile());
-    QCOMPARE(first->parentWidget()->toolTip(), QStringLiteral("Journal: ") + journal);
+    QCOMPARE(first->parentWidget()->toolTip(), "Journal: " + journal);
     plugged[1]->send(Lines::discharger(5));
-    QTRY_COMPARE(figure("timeLabel"), QStringLiteral("00:00:05"));
+    QTRY_COMPARE(timeShown(), "00:00:05"_s);
     plugged[0]->send(Lines::charger(2));
     QTRY_COMPARE(first->store().size(), 2);
-    QCOMPARE(figure("timeLabel"), QStringLiteral("00:00:05"));
+    QCOMPARE(timeShown(), "00:00:05"_s);
     trigger(ActionId::Next);
-    QCOMPARE(figure("timeLabel"), QStringLiteral("00:00:02"));
+    QCOMPARE(timeShown(), "00:00:02"_s);
     window->showMinimized();
     plugged[0]->send(Lines::charger(3));
-    QTRY_COMPARE(figure("timeLabel"), QStringLiteral("00:00:03"));
+    QTRY_COMPARE(timeShown(), "00:00:03"_s);
     // The recording goes on without its window; the next one has its own again.
     trigger(ActionId::CloseAll);
     QTRY_VERIFY(!window->findChild<MdiGraphChild *>());
-    QTRY_COMPARE(figure("timeLabel"), QString());
+    QTRY_COMPARE(timeShown(), QString());
     plugged[0]->send(Lines::charger(4));
-    QTRY_COMPARE(fact(StatusFacts::Unwatched), QStringLiteral("Window closed: COM1"));
+    QTRY_COMPARE(fact(StatusFacts::Unwatched), "Window closed: COM1"_s);
     QVERIFY(window->mdiChildren().isEmpty() && window->listenedPorts().isRecording());
     plugged[0]->send(Lines::charger(0));
     QTRY_COMPARE(window->mdiChildren().size(), 1);
@@ -189,68 +187,63 @@ void TestListening::recordsInWindows()
 
 void TestListening::pauseAndResume()
 {
-    listen(1);
-    plugged[0]->send(Lines::charger(1));
-    QTRY_VERIFY(window->activeMdiChild());
+    listen(2);
+    record(1);
     trigger(ActionId::Recording);
-    QCOMPARE(listened(), QStringList());
-    QCOMPARE(window->listenedPorts().paused(), QStringLiteral("COM1"));
-    QCOMPARE(fact(StatusFacts::Paused), QStringLiteral("Paused: COM1"));
+    QCOMPARE(facts(), "Paused: COM1 | Listening: COM2"_s);
+    QCOMPARE(window->listenedPorts().paused(), "COM1"_s);
     QVERIFY(!window->activeMdiChild()->isLive());
     const QAction *button = window->actionSet()[ActionId::Recording];
     QVERIFY(button->isChecked());
+    plugged[1]->send(Lines::charger(1)); // in a window of its own, which is current then
+    QTRY_COMPARE(window->mdiChildren().size(), 2);
     trigger(ActionId::Recording);
     QVERIFY(!button->isChecked());
-    QCOMPARE(listened(), QStringList(QStringLiteral("COM1")));
-    QCOMPARE(fact(StatusFacts::Paused), QString());
+    QCOMPARE(facts(), "Listening: COM1, COM2"_s);
+    trigger(ActionId::Next);
     trigger(ActionId::Recording);
-    QCOMPARE(message(), QStringLiteral("The current window receives no data: there is nothing to pause."));
+    QCOMPARE(message(), "The current window receives no data: there is nothing to pause."_s);
     // What else ends a pause: another wish, or the going of the port.
     for (const char *way : {"ticked", "unticked", "gone"}) {
+        const int windows = window->mdiChildren().size();
         plugged[0]->send(Lines::charger(10));
-        QTRY_VERIFY(window->activeMdiChild()->isLive());
+        QTRY_COMPARE(window->mdiChildren().size(), windows + 1);
         trigger(ActionId::Recording);
-        QCOMPARE(fact(StatusFacts::Paused), QStringLiteral("Paused: COM1"));
+        QCOMPARE(fact(StatusFacts::Paused), "Paused: COM1"_s);
         if (*way == 'g')
             plugged[0]->hangUp();
         else
-            choose(*way == 't' ? QStringList(QStringLiteral("COM1")) : QStringList());
+            choose(*way == 't' ? QStringList{"COM1"} : QStringList());
         QTRY_COMPARE(window->listenedPorts().paused(), QString());
-        QCOMPARE(listened().size(), *way == 't' ? 1 : 0);
-        QCOMPARE(fact(StatusFacts::Paused), QString());
+        QCOMPARE(facts(), *way == 't' ? "Listening: COM1"_s : "Listening: no port"_s);
         if (*way == 'u')
-            choose({QStringLiteral("COM1")});
+            choose({"COM1"});
     }
 }
 
 void TestListening::failingPort()
 {
-    PtyPair *busy = plug(QStringLiteral("COM3"));
-    QSerialPort other(QFile::symLinkTarget(fixture->portFolder() + QStringLiteral("/COM3")));
+    PtyPair *busy = plug("COM3"_s);
+    QSerialPort other(QFile::symLinkTarget(fixture->portFolder() + "/COM3"));
     QVERIFY(other.open(QIODevice::ReadWrite));
-    PtyPair *device = plug(QStringLiteral("COM4"));
-    const QStringList both{QStringLiteral("COM3"), QStringLiteral("COM4")};
-    open(both);
-    QTRY_COMPARE(listened(), QStringList(QStringLiteral("COM4")));
-    QCOMPARE(message(), QStringLiteral("Start listening on port(s): COM4"));
-    QCOMPARE(fact(StatusFacts::Failing), QStringLiteral("Can't open: COM3"));
-    QVERIFY(box("portFailed") && !box("portFailed")->isModal());
-    QVERIFY(box("portFailed")->text().startsWith(QLatin1String("Device COM3 failed to open: ")));
-    QCOMPARE(box("portFailed")->textFormat(), Qt::PlainText);
+    PtyPair *device = plug("COM4"_s);
+    open({"COM3", "COM4"});
+    QCOMPARE(bar(), "Start listening on port(s): COM4 | Can't open: COM3 | Listening: COM4"_s);
+    const QMessageBox *failure = box("portFailed");
+    QVERIFY(failure && !failure->isModal() && failure->textFormat() == Qt::PlainText);
+    QVERIFY(failure->text().startsWith("Device COM3 failed to open: "_s));
     device->send(Lines::charger(1));
     QTRY_COMPARE(window->mdiChildren().size(), 1);
     retries()->setPace({20, 20, 20});
-    choose(both); // which tries again, and has nothing new to say
-    QCOMPARE(window->findChildren<QMessageBox *>(QStringLiteral("portFailed")).size(), 1);
+    choose({"COM3", "COM4"}); // which tries again, and has nothing new to say
+    QCOMPARE(window->findChildren<QMessageBox *>("portFailed"_s).size(), 1);
     QVERIFY(window->activeMdiChild()->isLive());
     other.close();
-    QTRY_COMPARE(listened().size(), 2);
-    QCOMPARE(message(), QStringLiteral("Start listening on port COM3.")); // it is no new one
-    QCOMPARE(fact(StatusFacts::Failing), QString());
+    QTRY_COMPARE(bar(), "Start listening on port COM3. | Listening: COM3, COM4"_s); // it is no new one
     QTRY_VERIFY(!box("portFailed"));
     busy->hangUp();
-    QTRY_COMPARE(fact(StatusFacts::Lost), QStringLiteral("Lost: COM3"));
-    choose({QStringLiteral("COM4")}); // who doesn't want it any more needs no word of it
+    QTRY_COMPARE(bar(), "Stop listening on port COM3. Port is removed. | Lost: COM3 | Listening: COM4"_s);
+    choose({"COM4"}); // who doesn't want it any more needs no word of it
     QCOMPARE(fact(StatusFacts::Lost), QString());
 }
 
@@ -258,124 +251,231 @@ void TestListening::newPort()
 {
     open({});
     for (const auto button : {QMessageBox::No, QMessageBox::Yes}) {
-        PtyPair *device = plug(QStringLiteral("COM7"));
+        PtyPair *device = plug("COM7"_s);
         QTRY_VERIFY(box("portQuestion"));
-        QCOMPARE(box("portQuestion")->windowTitle(), QStringLiteral("Question"));
+        QCOMPARE(box("portQuestion")->windowTitle(), "Question"_s);
         QCOMPARE(box("portQuestion")->textFormat(), Qt::PlainText); // the description is the adapter's own
-        QCOMPARE(message(), QStringLiteral("Start listening on new port COM7."));
-        QCOMPARE(listened(), QStringList(QStringLiteral("COM7")));
+        QCOMPARE(bar(), "Start listening on new port COM7. | Listening: COM7"_s);
         device->send(Lines::charger(1)); // nothing waits for the answer
         QTRY_VERIFY(window->activeMdiChild());
-        QTRY_COMPARE(QApplication::activeWindow(), box("portQuestion")); // and it keeps the keys
         answerQuestion(button);
-        QCOMPARE(listened(), QStringList(QStringLiteral("COM7")));
         QVERIFY(window->activeMdiChild()->isLive());
         QCOMPARE(VarnelSettings().ports(), button == QMessageBox::Yes ? listened() : QStringList());
         device->hangUp();
-        QTRY_COMPARE(listened(), QStringList());
-        QCOMPARE(message(), QStringLiteral("Stop listening on port COM7. Port is removed."));
-        QCOMPARE(fact(StatusFacts::Lost), QStringLiteral("Lost: COM7"));
+        const QString lost
+            = "Stop listening on port COM7. Port is removed. | Lost: COM7 | Listening: no port"_s;
+        QTRY_COMPARE(bar(), lost);
         trigger(ActionId::CloseAll);
         QTRY_VERIFY(window->mdiChildren().isEmpty());
     }
-    plug(QStringLiteral("COM7")); // it is remembered
-    QTRY_COMPARE(listened(), QStringList(QStringLiteral("COM7")));
-    QVERIFY(!box("portQuestion"));
-    QCOMPARE(fact(StatusFacts::Lost), QString());
+    plug("COM7"_s); // it is remembered
+    QTRY_COMPARE(bar(), "Start listening on new port COM7. | Listening: COM7"_s);
+    QCOMPARE(question(), QString());
+    plug("COM8"_s);
+    answerQuestion(QMessageBox::No);
+    choose({"COM8"});
+    QCOMPARE(bar(), "Stop listening on port COM7. | Listening: COM8"_s);
+    choose({"COM7"});
+    QCOMPARE(bar(), "Start listening on port COM7. | Listening: COM7"_s);
 }
 
 void TestListening::questionsQueue()
 {
+    const auto asked = [](const char *name) {
+        return "Do you want to add a port %1 to the preferences ?"_s.arg(QLatin1String(name));
+    };
     open({});
-    PtyPair *first = plug(QStringLiteral("COM7"));
-    QTRY_VERIFY(box("portQuestion"));
-    plug(QStringLiteral("COM8"));
+    PtyPair *first = plug("COM7"_s);
+    QTRY_COMPARE(question(), asked("COM7"));
+    plug("COM8"_s);
     QTRY_COMPARE(listened().size(), 2);
-    QCOMPARE(
-        box("portQuestion")->text(), QStringLiteral("Do you want to add a port COM7 to the preferences ?"));
+    QCOMPARE(question(), asked("COM7"));
     first->hangUp(); // its question goes with it
-    QTRY_VERIFY(box("portQuestion") && box("portQuestion")->text().contains(QLatin1String("COM8")));
-    QTRY_COMPARE(listened(), QStringList(QStringLiteral("COM8")));
-    for (int time : {1, 2}) // which is one question
-        parts()->arrive({QStringLiteral("COM9"), QStringLiteral("Adapter %1").arg(time), QString()});
-    parts()->arrive({QStringLiteral("COM10"), QString(), QString()});
-    parts()->leave({QStringLiteral("COM10"), QString(), QString()}); // while it waits
+    QTRY_COMPARE(question(), asked("COM8"));
+    QTRY_COMPARE(listened(), QStringList("COM8"));
+    for (const char *adapter : {"Adapter 1", "Adapter 2"}) // which is one question
+        parts()->arrive({"COM9"_s, QLatin1String(adapter), QString()});
+    parts()->arrive({"COM10"_s, QString(), QString()});
+    parts()->leave({"COM10"_s, QString(), QString()}); // while it waits
     answerQuestion(QMessageBox::No);
-    QTRY_VERIFY(box("portQuestion")
-        && box("portQuestion")->text().contains(QLatin1String("add a port Adapter 1 to")));
+    QTRY_COMPARE(question(), asked("Adapter 1"));
     answerQuestion(QMessageBox::Yes);
     QVERIFY(!box("portQuestion"));
-    QCOMPARE(VarnelSettings().ports(), QStringList(QStringLiteral("COM9")));
+    QCOMPARE(VarnelSettings().ports(), QStringList("COM9"));
 }
 
+// The one that is ticked meanwhile is not asked about, the others stay open until they are.
 void TestListening::questionsWaitForDialog()
 {
     open({});
     whenModal<DialogPreferences>(this, [this](DialogPreferences *dialog) {
-        const QStringList arriving{QStringLiteral("COM7"), QStringLiteral("COM8"), QStringLiteral("COM9")};
-        for (const QString &port : arriving)
-            plug(port);
-        QTRY_COMPARE(listened().size(), arriving.size());
+        for (const char *port : {"COM7", "COM8", "COM9"})
+            plug(QLatin1String(port));
+        QTRY_COMPARE(listened().size(), 3);
         QVERIFY(!box("portQuestion"));
-        dialog->findChild<QPushButton *>(QStringLiteral("preferencesButtonRefresh"))->click();
-        tick(dialog, {QStringLiteral("COM7")});
+        dialog->findChild<QPushButton *>("preferencesButtonRefresh"_s)->click();
+        tick(dialog, {"COM7"});
     });
     trigger(ActionId::Preferences);
-    // The one that was ticked is not asked about, the others stay open until they are.
     for (const char *port : {"COM8", "COM9"}) {
-        QTRY_VERIFY(box("portQuestion") && box("portQuestion")->text().contains(QLatin1String(port)));
+        QTRY_VERIFY(question().contains(QLatin1String(port)));
         QTRY_COMPARE(QApplication::activeWindow(), box("portQuestion"));
         QTest::keyClick(box("portQuestion"), Qt::Key_Escape);
     }
     QTRY_VERIFY(!box("portQuestion"));
     QCOMPARE(listened().size(), 3);
-    QCOMPARE(VarnelSettings().ports(), QStringList(QStringLiteral("COM7")));
+    QCOMPARE(VarnelSettings().ports(), QStringList("COM7"));
 }
 
 void TestListening::busyOnArrival_data()
 {
-    columns<QString>({"then"});
-    for (const char *then :
-        {"free soon", "free after a while", "unticked", "recording off", "window closed", "gone"})
-        QTest::newRow(then) << then;
+    columns<bool>({"waits"});
+    QTest::newRow("free soon") << true;
+    QTest::newRow("free after a while") << true;
+    for (const char *wish : {"unticked", "recording off", "window closed", "gone"})
+        QTest::newRow(wish) << false;
 }
 
 // As a modem probe holds a port that has arrived; or it is no longer wanted while it can't be opened yet.
 void TestListening::busyOnArrival()
 {
-    QFETCH(QString, then);
-    open({QStringLiteral("COM3")});
+    const QByteArray then = QTest::currentDataTag();
+    open({"COM3"});
     const PortRetries::Pace usual;
     QVERIFY(usual.interval == 250 && usual.patience == 3000 && usual.slowInterval == 2000); // ms
-    retries()->setPace({20, then == QLatin1String("free after a while") ? 60 : 60000, 40});
-    const QStringList port(QStringLiteral("COM3"));
-    PtyPair *device = plug(port[0]);
-    QSerialPort other(QFile::symLinkTarget(fixture->portFolder() + QStringLiteral("/COM3")));
+    retries()->setPace({20, then == "free after a while" ? 60 : 60000, 40});
+    PtyPair *device = plug("COM3"_s);
+    QSerialPort other(QFile::symLinkTarget(fixture->portFolder() + "/COM3"));
     QVERIFY(other.open(QIODevice::ReadWrite));
-    QTRY_COMPARE(retries()->ports(), port);
+    QTRY_COMPARE(retries()->ports(), QStringList("COM3"));
     QVERIFY(!box("portFailed"));
-    if (then == QLatin1String("unticked")) {
+    if (then == "unticked")
         choose({});
-    } else if (then == QLatin1String("recording off")) {
+    if (then == "recording off")
         window->stopRecording();
-    } else if (then == QLatin1String("window closed")) {
+    if (then == "window closed")
         window->close();
-    } else if (then == QLatin1String("gone")) {
+    if (then == "gone")
         device->hangUp();
-    } else {
-        if (then == QLatin1String("free after a while")) {
-            QTRY_COMPARE(fact(StatusFacts::Failing), QStringLiteral("Can't open: COM3"));
-            QVERIFY(box("portFailed"));
-        }
+    QFETCH(bool, waits);
+    if (waits) {
+        if (then == "free after a while")
+            QTRY_COMPARE(fact(StatusFacts::Failing), "Can't open: COM3"_s);
+        QCOMPARE(box("portFailed") != nullptr, then == "free after a while");
         QCOMPARE(listened(), QStringList());
         other.close();
-        QTRY_COMPARE(listened(), port);
-        QCOMPARE(message(), QStringLiteral("Start listening on new port COM3."));
+        QTRY_COMPARE(bar(), "Start listening on new port COM3. | Listening: COM3"_s);
         QTRY_VERIFY(!box("portFailed"));
     }
     QTRY_COMPARE(retries()->ports(), QStringList());
     QVERIFY(!retries()->findChild<QTimer *>()->isActive());
     QCOMPARE(fact(StatusFacts::Failing), QString());
+}
+
+void TestListening::stopGoesToOneDevice_data()
+{
+    // 0: none
+    columns<int, int, QString, int, QString>({"ports", "recorded", "then", "stopped", "told"});
+    const auto stops = [](int com) { return "The device on COM%1 was told to stop its process."_s.arg(com); };
+    QTest::newRow("the only one") << 1 << 0 << "" << 1 << stops(1);
+    QTest::newRow("its recording is over") << 1 << 1 << "resumed" << 1 << stops(1);
+    QTest::newRow("the current of two") << 2 << 2 << "" << 2 << stops(2);
+    const QString choice = "Choose the window of the device whose process is to be stopped."_s;
+    QTest::newRow("no guess between two") << 2 << 0 << "" << 0 << choice;
+    QTest::newRow("another one, meant") << 2 << 2 << "Yes" << 1 << stops(1);
+    QTest::newRow("another one, not meant") << 2 << 2 << "No" << 0 << "";
+    const QString late = "COM1 is no longer listened on: its device was not told to stop."_s;
+    QTest::newRow("another one, gone meanwhile") << 2 << 2 << "gone, Yes" << 0 << late;
+}
+
+void TestListening::stopGoesToOneDevice()
+{
+    QFETCH(int, ports);
+    QFETCH(int, recorded);
+    QFETCH(QString, then);
+    QFETCH(int, stopped);
+    listen(ports);
+    if (recorded > 0)
+        record(recorded);
+    if (then == "resumed"_s) {
+        trigger(ActionId::Recording);
+        trigger(ActionId::Recording);
+    } else if (!then.isEmpty()) {
+        plugged[1]->hangUp();
+        QTRY_COMPARE(listened(), QStringList("COM1"));
+    }
+    window->statusBar()->clearMessage();
+    trigger(ActionId::StopProcess);
+    const QPointer<QMessageBox> asked = box("stopQuestion");
+    QCOMPARE(!asked.isNull(), then.endsWith("Yes"_s) || then == "No"_s);
+    if (asked) {
+        trigger(ActionId::StopProcess); // it is asked once
+        QCOMPARE(window->findChildren<QMessageBox *>().size(), 1);
+        QCOMPARE(asked->text(),
+            "The current window was fed by COM2, which is not listened on.\n"
+            "Stop the process of the device on COM1?"_s);
+        QCOMPARE(asked->textFormat(), Qt::PlainText);
+        QVERIFY(asked->button(QMessageBox::No) == asked->defaultButton());
+        QCOMPARE(heard(1), QByteArray());
+        if (then.startsWith("gone"_s)) {
+            plugged[0]->hangUp();
+            QTRY_COMPARE(listened(), QStringList());
+        }
+        window->statusBar()->clearMessage();
+        asked->button(then == "No"_s ? QMessageBox::No : QMessageBox::Yes)->click();
+    }
+    for (int com = 1; com <= ports; ++com)
+        QTRY_COMPARE(heard(com), QByteArray(com == stopped ? "#STOP\r\n" : ""));
+    QTEST(message(), "told");
+}
+
+// Each device needs its time before it takes the next command, in which the program goes on. COM2 is
+// unplugged in its own pause, COM3 before its turn.
+void TestListening::clocksAreSetInTurn()
+{
+    listen(4);
+    trigger(ActionId::SetTime);
+    QVERIFY(QApplication::overrideCursor());
+    trigger(ActionId::SetTime); // ignored while one is under way
+    QCOMPARE(message(), "Setting the clock of the device on COM1..."_s);
+    auto *pause = window->findChild<DeviceCommands *>()->findChild<QTimer *>();
+    QVERIFY(pause->isActive() && pause->isSingleShot() && pause->timerType() == Qt::PreciseTimer);
+    QCOMPARE(pause->interval(), 500);
+    plugged[2]->hangUp();
+    window->endProcess(Varnel3Data::Completed); // tells at once
+    QVERIFY(QApplication::activeModalWidget());
+    QApplication::activeModalWidget()->close();
+    record(1); // nothing that comes waits for the end of the commands
+    QVERIFY(QApplication::overrideCursor());
+    QTRY_VERIFY(!listened().contains("COM3"));
+    pause->setInterval(50);
+    QTRY_COMPARE(message(), "Setting the clock of the device on COM2..."_s);
+    plugged[1]->hangUp();
+    QTRY_VERIFY(!QApplication::overrideCursor());
+    const QRegularExpression both("^#TIME![0-9:]{17}\r\n#BIB_!200\r\n$"_s);
+    for (int com : {1, 4})
+        QVERIFY2(both.match(QString::fromLatin1(heard(com))).hasMatch(), heard(com));
+}
+
+void TestListening::clockOfCurrentDeviceOnly()
+{
+    listen(2);
+    record(2);
+    trigger(ActionId::SetTime);
+    QCOMPARE(message(), "Setting the clock of the device on COM2..."_s);
+    QTRY_VERIFY(!QApplication::overrideCursor());
+    QVERIFY(heard(2).startsWith("#TIME!") && heard(2).endsWith("#BIB_!200\r\n") && heard(1).isEmpty());
+    // By itself once a port and run of the program at the start of a process, once at the end.
+    auto *host = window->findChild<DeskReaderHost *>();
+    QString claims;
+    for (const char *port : {"COM1", "COM2", "COM1"}) {
+        for (auto moment : {ReaderHost::ProcessStart, ReaderHost::ProcessEnd, ReaderHost::ProcessStart})
+            claims += host->claimClock(QLatin1String(port), moment) ? '+' : '-';
+    }
+    QCOMPARE(claims, "++-++----"_s);
+    trigger(ActionId::SetTime);
+    window.reset(); // under way
+    QVERIFY(!QApplication::overrideCursor());
 }
 
 QTEST_MAIN(TestListening)
