@@ -5,6 +5,7 @@
 #include "resources/resources.h"
 #include "support/columns.h"
 #include "support/lines.h"
+#include "support/literal.h"
 #include "support/shellrig.h"
 
 #include <QApplication>
@@ -45,179 +46,130 @@ class TestEndNotice : public QObject, private ShellRig {
     Q_OBJECT
 private slots:
     void initTestCase() { initResources(); }
-    void init();
+    void init()
+    {
+        setUp();
+        player = std::make_unique<NotingPlayer>();
+    }
     void cleanup() { tearDown(); }
     void boxSaysHowItEnded_data();
     void boxSaysHowItEnded();
-    void soundsFollow_data();
-    void soundsFollow();
-    void deviceIsFreed_data();
     void deviceIsFreed();
-    void onlyMinimisedIsLifted_data();
-    void onlyMinimisedIsLifted();
-    void windowMayGoUnderTheBox();
+    void windowIsBroughtToSight();
     void factsAreWhatTheDeviceTells();
     void everyEndIsTold();
 
 private:
     /// As the rig does, and has a notice of its own above the window.
-    void listen(int ports);
+    void listen(int ports)
+    {
+        ShellRig::listen(ports);
+        notice
+            = new EndNotice(window.get(), &window->listenedPorts(), player.get(), fixture->path(QString()));
+    }
     static void closeBox()
     {
         QVERIFY(openBox());
         openBox()->close();
     }
-    QTimer *soundTimer() const { return notice->findChild<QTimer *>(); }
 
     std::unique_ptr<NotingPlayer> player;
     QPointer<EndNotice> notice;
 };
 
-void TestEndNotice::init()
-{
-    setUp();
-    player = std::make_unique<NotingPlayer>();
-}
-
-void TestEndNotice::listen(int ports)
-{
-    ShellRig::listen(ports);
-    notice = new EndNotice(window.get(), &window->listenedPorts(), player.get(), fixture->path(QString()));
-}
-
 void TestEndNotice::boxSaysHowItEnded_data()
 {
-    columns<int, QStringList>({"kind", "words"});
-    QTest::newRow("error") << 0
-                           << QStringList{"Error", "Error in process !", ":/Icons/error.png", "error.wav"};
-    QTest::newRow("aborted") << 1
-                             << QStringList{"Aborted", "Process aborted by user.", ":/Icons/cancel.png",
-                                    "aborted.wav"};
-    QTest::newRow("completed") << 2
-                               << QStringList{"End", "Process completed.", ":/Icons/finish.png", "end.wav"};
-    QTest::newRow("unknown") << 3 << QStringList{"", "", "", ""};
-    QTest::newRow("negative") << -1 << QStringList{"", "", "", ""};
+    // said: title, text, icon; then what is heard
+    columns<int, bool, bool, QStringList>({"kind", "output", "wanted", "said"});
+    QTest::newRow("error") << 0 << true << false
+                           << QStringList{"Error", "Error in process !", "error", "error.wav"};
+    QTest::newRow("aborted") << 1 << true << false
+                             << QStringList{"Aborted", "Process aborted by user.", "cancel", "aborted.wav"};
+    QTest::newRow("completed") << 2 << true << true
+                               << QStringList{"End", "Process completed.", "finish", "end.wav", "v3_mp3.wav"};
+    QTest::newRow("no sound") << 2 << false << true << QStringList{"End", "Process completed.", "finish"};
+    QTest::newRow("unknown") << 3 << true << false << QStringList{"", "", ""};
+    QTest::newRow("negative") << -1 << true << false << QStringList{"", "", ""};
 }
 
 void TestEndNotice::boxSaysHowItEnded()
 {
     QFETCH(int, kind);
-    QFETCH(QStringList, words);
+    QFETCH(bool, output);
+    QFETCH(bool, wanted);
+    QFETCH(QStringList, said);
     listen(0);
+    VarnelSettings().setValue("/mp3/user_wave"_s, wanted);
+    player->output = output;
+    player->playing = true; // of an earlier box
     notice->show(kind);
     notice->show(Varnel3Data::Aborted); // one at a time
-    QMessageBox *box = openBox();
+    const QMessageBox *box = openBox();
     QVERIFY(box && notice->isOpen());
-    QCOMPARE(box->windowTitle(), words[0]);
-    QCOMPARE(box->text(), words[1]);
-    QCOMPARE(box->iconPixmap().toImage(), QPixmap(words[2]).toImage());
+    QCOMPARE(QStringList({box->windowTitle(), box->text()}), said.mid(0, 2));
+    QCOMPARE(box->iconPixmap().toImage(), QPixmap(":/Icons/%1.png"_s.arg(said[2])).toImage());
     QVERIFY(box->windowFlags() & Qt::WindowStaysOnTopHint);
     QCOMPARE(box->windowModality(), Qt::ApplicationModal);
     QCOMPARE(box->standardButtons(), QMessageBox::Close);
     QVERIFY(player->played.isEmpty()); // the box never waits for it
     QCoreApplication::processEvents();
-    QCOMPARE(player->played, words[3].isEmpty() ? QStringList() : QStringList(words[3]));
-    closeBox();
-    QVERIFY(!openBox() && !notice->isOpen());
-}
-
-void TestEndNotice::soundsFollow_data()
-{
-    columns<bool, bool, bool>({"output", "wanted", "both"});
-    QTest::newRow("both") << true << true << true;
-    QTest::newRow("switched off") << true << false << false;
-    QTest::newRow("no device") << false << true << false;
-}
-
-void TestEndNotice::soundsFollow()
-{
-    QFETCH(bool, output);
-    QFETCH(bool, wanted);
-    QFETCH(bool, both);
-    listen(0);
-    VarnelSettings().setValue(QStringLiteral("/mp3/user_wave"), wanted);
-    player->output = output;
-    player->playing = true; // of an earlier box
-    notice->show(Varnel3Data::Completed);
-    QCoreApplication::processEvents();
-    const QStringList first = output ? QStringList(QStringLiteral("end.wav")) : QStringList();
-    QCOMPARE(player->played, first);
-    QCOMPARE(soundTimer()->isActive(), both);
-    if (both) {
-        QVERIFY(soundTimer()->isSingleShot());
-        QCOMPARE(soundTimer()->interval(), 3500);
-        soundTimer()->start(1);
-        QTRY_COMPARE(player->played, first + QStringList(QStringLiteral("v3_mp3.wav")));
-        soundTimer()->start();
+    QCOMPARE(player->played, said.mid(3, 1));
+    auto *second = notice->findChild<QTimer *>();
+    QCOMPARE(second->isActive(), said.size() > 4);
+    QVERIFY(second->isSingleShot() && second->interval() == 3500);
+    if (second->isActive()) {
+        second->start(1);
+        QTRY_COMPARE(player->played, said.mid(3));
+        second->start();
     }
     closeBox();
-    QVERIFY(!player->playing && !soundTimer()->isActive());
-    const int heard = player->played.size();
+    QVERIFY(!openBox() && !notice->isOpen() && !player->playing && !second->isActive());
     notice->playUserSound();
-    QCOMPARE(player->played.size(), heard);
     notice->show(Varnel3Data::Aborted);
     notice->dismiss();
-    QVERIFY(!openBox() && !player->playing);
     QCoreApplication::processEvents();
-    QVERIFY(player->played.size() == heard && !soundTimer()->isActive());
+    QVERIFY(!openBox() && !player->playing && !second->isActive());
+    QCOMPARE(player->played, said.mid(3));
 }
 
-void TestEndNotice::deviceIsFreed_data()
-{
-    columns<int, bool, bool, QByteArray>({"ports", "recording", "dismissed", "heard"});
-    QTest::newRow("only device, waiting") << 1 << false << false << QByteArray("#STOP\r\n");
-    QTest::newRow("only device, in its next process") << 1 << true << false << QByteArray();
-    QTest::newRow("only device, which takes the box away") << 1 << false << true << QByteArray();
-    QTest::newRow("one of two devices") << 2 << false << false << QByteArray();
-}
-
+// The only one, by the user who closes the box; neither by itself nor in its next process.
 void TestEndNotice::deviceIsFreed()
 {
-    QFETCH(int, ports);
-    QFETCH(bool, recording);
-    QFETCH(bool, dismissed);
-    QFETCH(QByteArray, heard);
-    listen(ports);
-    if (recording) {
-        plugged[0]->send(Lines::charger(1));
-        QTRY_VERIFY(window->activeMdiChild() && window->activeMdiChild()->isLive());
-    }
+    QByteArray heard;
+    listen(1);
     notice->show(Varnel3Data::Completed);
-    dismissed ? notice->dismiss() : closeBox();
-    QByteArray all;
-    QTRY_COMPARE(all += plugged[0]->received(), heard);
-}
-
-void TestEndNotice::onlyMinimisedIsLifted_data()
-{
-    columns<int, int>({"before", "after"});
-    const int maximised = Qt::WindowMaximized;
-    QTest::newRow("normal") << int(Qt::WindowNoState) << int(Qt::WindowNoState);
-    QTest::newRow("maximised") << maximised << maximised;
-    QTest::newRow("minimised") << int(Qt::WindowMinimized) << int(Qt::WindowNoState);
-    QTest::newRow("both") << (maximised | Qt::WindowMinimized) << maximised;
-}
-
-void TestEndNotice::onlyMinimisedIsLifted()
-{
-    QFETCH(int, before);
-    listen(0);
-    window->setWindowState(Qt::WindowStates(before));
+    notice->dismiss();
     notice->show(Varnel3Data::Completed);
-    QTEST(int(window->windowState()), "after");
     closeBox();
-    window->close();
-    notice->show(Varnel3Data::Completed); // the program ends
-    QVERIFY(!openBox() && !window->isVisible());
+    QTRY_COMPARE(heard += plugged[0]->received(), QByteArray("#STOP\r\n"));
+    plugged[0]->send(Lines::charger(1));
+    QTRY_VERIFY(window->activeMdiChild() && window->activeMdiChild()->isLive());
+    notice->show(Varnel3Data::Completed);
+    closeBox();
+    window->stopRecording(); // delivers what was to be sent
+    QCOMPARE(plugged[0]->received(), QByteArray());
 }
 
-void TestEndNotice::windowMayGoUnderTheBox()
+// Only what is minimised is lifted, and nothing once the program ends.
+void TestEndNotice::windowIsBroughtToSight()
 {
     listen(0);
+    for (int state : {0, int(Qt::WindowMaximized)}) {
+        for (int minimised : {0, int(Qt::WindowMinimized)}) {
+            window->setWindowState(Qt::WindowStates(state | minimised));
+            notice->show(Varnel3Data::Completed);
+            QCOMPARE(int(window->windowState()), state);
+            closeBox();
+        }
+    }
+    window->close();
     notice->show(Varnel3Data::Completed);
-    window.reset();
+    QVERIFY(!openBox() && !window->isVisible());
+    window->show();
+    notice->show(Varnel3Data::Completed);
+    window.reset(); // under the box
     QVERIFY(notice.isNull() && !openBox());
-    QWidget fresh; // which it brings to sight
+    QWidget fresh; // which was never shown
     auto *early = new EndNotice(&fresh, nullptr, player.get(), QString());
     early->show(Varnel3Data::Completed);
     QVERIFY(early->isOpen() && fresh.isVisible());
@@ -229,63 +181,64 @@ void TestEndNotice::factsAreWhatTheDeviceTells()
     EndedProcess process;
     process.last.setTime(61);
     QCOMPARE(process.facts(), QString());
-    process.portName = QStringLiteral("COM2");
-    QCOMPARE(process.facts(), QStringLiteral("COM2, 0.000 Ah in 00:01:01"));
+    process.portName = "COM2"_s;
+    QCOMPARE(process.facts(), "COM2, 0.000 Ah in 00:01:01"_s);
     process.last.cellCount = 1;
     process.last.cellType = 1;
     process.last.setTime(0);
-    QCOMPARE(process.facts(), QStringLiteral("COM2, 1 x NiMh"));
+    QCOMPARE(process.facts(), "COM2, 1 x NiMh"_s);
 }
 
 // The box is about the first; the second ends under it; the third begins and takes it away.
 void TestEndNotice::everyEndIsTold()
 {
+    const auto unseen = [this] {
+        QStringList texts;
+        for (const auto kind : {StatusFacts::Failed, StatusFacts::Aborted, StatusFacts::Completed})
+            texts.append(fact(kind));
+        texts.removeAll(QString());
+        return texts.join(" | "_s).replace(QRegularExpression("\\d\\d:\\d\\d"_s), "hh:mm"_s);
+    };
     listen(3);
-    const auto completed = [this] { return fact(StatusFacts::Completed); };
     for (size_t port : {0, 1}) {
         plugged[port]->send(Lines::charger(3423));
-        QTRY_VERIFY(
-            window->activeMdiChild() && window->activeMdiChild()->portName() == plugged[port]->portName());
+        QTRY_COMPARE(window->mdiChildren().size(), int(port) + 1);
     }
     plugged[0]->send(Lines::charger(3424, 'E').repeated(2)); // which is one end
     QTRY_VERIFY(openBox());
-    QCOMPARE(openBox()->text(), QStringLiteral("Process completed."));
-    QCOMPARE(openBox()->informativeText(), QStringLiteral("COM1, 6 x LiPo, 0.150 Ah in 00:57:04"));
-    const auto *facts = openBox()->findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel"));
+    QCOMPARE(openBox()->text(), "Process completed."_s);
+    QCOMPARE(openBox()->informativeText(), "COM1, 6 x LiPo, 0.150 Ah in 00:57:04"_s);
+    const auto *facts = openBox()->findChild<QLabel *>("qt_msgbox_informativelabel"_s);
     QVERIFY(facts && facts->textFormat() == Qt::PlainText && !facts->wordWrap());
     plugged[1]->send(Lines::charger(3424, 'S'));
-    QTRY_VERIFY(fact(StatusFacts::Failed)
-                    .contains(QRegularExpression(QStringLiteral("^Error: COM2 \\d\\d:\\d\\d$"))));
-    QVERIFY(openBox()->informativeText().startsWith(QLatin1String("COM1")));
-    QCOMPARE(completed(), QString());
+    QTRY_COMPARE(unseen(), "Error: COM2 hh:mm"_s);
+    QVERIFY(openBox()->informativeText().startsWith("COM1"_s));
     plugged[2]->send(Lines::charger(1));
-    QTRY_VERIFY(completed().startsWith(QLatin1String("Completed: COM1 ")));
+    QTRY_COMPARE(unseen(), "Error: COM2 hh:mm | Completed: COM1 hh:mm"_s);
     QVERIFY(!openBox());
     const QList<MdiGraphChild *> children = window->mdiChildren();
     children[0]->parentWidget()->close();
-    QTRY_COMPARE(completed(), QString());
-    QVERIFY(!fact(StatusFacts::Failed).isEmpty());
+    QTRY_COMPARE(unseen(), "Error: COM2 hh:mm"_s);
     window->findChild<QMdiArea *>()->setActiveSubWindow(
         qobject_cast<QMdiSubWindow *>(children[1]->parentWidget()));
-    QCOMPARE(fact(StatusFacts::Failed), QString());
+    QCOMPARE(unseen(), QString());
     // One without a window is named until the next process of its port.
     children[2]->parentWidget()->close();
     QTRY_COMPARE(window->mdiChildren().size(), 1);
     plugged[1]->send(Lines::charger(1) + Lines::charger(2, 'M'));
     QTRY_VERIFY(openBox());
     plugged[2]->send(Lines::charger(2, 'E'));
-    QTRY_VERIFY(completed().startsWith(QLatin1String("Completed: COM3 ")));
+    QTRY_COMPARE(unseen(), "Completed: COM3 hh:mm"_s);
     closeBox();
-    QVERIFY(!completed().isEmpty());
-    QCOMPARE(fact(StatusFacts::Aborted), QString()); // the user has closed its box
+    QCOMPARE(unseen(), "Completed: COM3 hh:mm"_s); // that of the box was seen
     plugged[2]->send(Lines::charger(1));
-    QTRY_COMPARE(completed(), QString());
+    QTRY_COMPARE(unseen(), QString());
     // Its own next process takes a box away, and nothing is left to tell.
     plugged[2]->send(Lines::charger(2, 'E'));
     QTRY_VERIFY(openBox());
     plugged[2]->send(Lines::charger(1));
     QTRY_VERIFY(!openBox());
-    QCOMPARE(completed(), QString());
+    QCOMPARE(unseen(), QString());
     for (const auto &line : plugged)
         QCOMPARE(line->received(), QByteArray());
 }

@@ -1,0 +1,171 @@
+#include "dialogs/dialogremotecontrol.h"
+#include "graph/mdigraphchild.h"
+#include "resources/resources.h"
+#include "support/literal.h"
+#include "support/simrig.h"
+#include "support/warningcollector.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QMenu>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QTimer>
+
+/// Simulated devices under the whole program, a hundred times as fast: its remote control of them, and what
+/// becomes of their recordings when they break off.
+class TestSimulatedDevices : public QObject, private SimRig {
+    Q_OBJECT
+private slots:
+    void initTestCase() { initResources(); }
+    void init() { setUp(100); }
+    void cleanup() { tearDown(); }
+    void remoteControlRunsAProcess();
+    void remoteControlIsForOneDevice();
+    void portsComeAndGo();
+
+private:
+    QAction *command() const { return window->findChild<QAction *>("remoteControlAction"_s); }
+    QString commandText() const { return command()->text() + " | " + command()->toolTip(); }
+    DialogRemoteControl *dialog() const { return window->findChild<DialogRemoteControl *>(); }
+    /// The page that the dialog shows, -1 without a dialog.
+    int page() const
+    {
+        return dialog() ? dialog()->findChild<QStackedWidget *>("pages"_s)->currentIndex() : -1;
+    }
+    QComboBox *combo(const char *name) const { return dialog()->findChild<QComboBox *>(QLatin1String(name)); }
+    void press(const char *button) const
+    {
+        QTest::mouseClick(dialog()->findChild<QPushButton *>(QLatin1String(button)), Qt::LeftButton);
+    }
+    /// Closes the box titled `title` once it is there.
+    void closeBox(const QString &title)
+    {
+        QTRY_VERIFY_WITH_TIMEOUT(modalBox() && modalBox()->windowTitle() == title, 20000);
+        modalBox()->close();
+    }
+    int recordsOf(const QString &port) const
+    {
+        int records = 0;
+        const auto children = window->mdiChildren();
+        for (const MdiGraphChild *child : children)
+            records += child->portName() == port ? child->store().size() : 0;
+        return records;
+    }
+};
+
+void TestSimulatedDevices::remoteControlRunsAProcess()
+{
+    start({"COM1:varnel3,cells=4,balance,start=remote,detect=1"});
+    QVERIFY(!command()->menu() && command()->isEnabled());
+    QCOMPARE(commandText(), "Remote control... | Operate the front panel of the charger."_s);
+    command()->trigger();
+    QVERIFY(dialog() && !dialog()->isModal());
+    QTRY_COMPARE(page(), 0);
+    combo("cbTryb0_nc")->setCurrentIndex(6);
+    QTRY_COMPARE(device("COM1")->panel().memory(), 7);
+    QTRY_COMPARE(page(), 2);
+    QTRY_COMPARE(combo("cbTryb2_nr")->currentIndex(), 3);
+    combo("cbTryb2_nr")->setCurrentIndex(5);
+    press("pbTryb2_start");
+    QTRY_COMPARE(page(), 3);
+    QTRY_VERIFY(window->activeMdiChild() && window->activeMdiChild()->store().size() > 100);
+    QCOMPARE(window->activeMdiChild()->store().records().first().cellCount, 6);
+    press("pbTryb3_stop");
+    closeBox("Aborted"_s);
+    QTRY_COMPARE(page(), 4);
+    command()->trigger(); // the same dialog, which asks anew
+    QCOMPARE(window->findChildren<DialogRemoteControl *>().size(), 1);
+    device("COM1")->unplug();
+    closeBox("Information"_s);
+    QTRY_VERIFY(!dialog());
+    QVERIFY(!command()->isEnabled());
+    QCOMPARE(command()->toolTip(), "No port is listened on: choose one in the preferences."_s);
+    QCOMPARE(command()->statusTip(), command()->toolTip());
+}
+
+void TestSimulatedDevices::remoteControlIsForOneDevice()
+{
+    start({"COM1:varnel3,start=remote", "COM2:varnel3,start=remote"});
+    const auto offered = [this] {
+        QStringList texts(command()->text());
+        const QList<QAction *> choices = command()->menu()->actions();
+        for (const QAction *choice : choices)
+            texts.append(choice->text());
+        return texts;
+    };
+    // Neither has sent a line yet.
+    QVERIFY(command()->isEnabled() && command()->menu());
+    QCOMPARE(offered(), QStringList({"Remote control", "COM1...", "COM2..."}));
+    for (const char *port : {"COM1", "COM2"}) {
+        QAction *choice = command()->menu()->actions()[port[3] - '1'];
+        choice->trigger();
+        QVERIFY(dialog() && dialog()->isVisible());
+        dialog()->close(); // with its question on the way
+        QTRY_VERIFY(!dialog());
+        choice->trigger();
+        QTRY_COMPARE(page(), 0);
+        combo("cbTryb0_nc")->setCurrentIndex(6);
+        QTRY_COMPARE(device(port)->panel().memory(), 7);
+        dialog()->close();
+        QTRY_VERIFY(!dialog());
+    }
+    device("COM2")->startProcess();
+    QTRY_VERIFY(window->activeMdiChild() && window->activeMdiChild()->isLive());
+    QTRY_COMPARE(offered(), QStringList({"Remote control", "COM1...", "COM2 (current window)..."}));
+    command()->trigger();
+    QTRY_COMPARE(page(), 3);
+    QVERIFY(!window->findChild<QMessageBox *>());
+    trigger(ActionId::StopProcess);
+    QTRY_VERIFY(told.contains("COM2 told #STOP"));
+    QVERIFY(!told.contains("COM1 told #STOP"));
+    closeBox("Aborted"_s);
+}
+
+// Nothing that was received is lost, and the other devices go on. Four loose plugs, each going or coming
+// twice a second, 16 times in all or for VARNEL_SECONDS.
+void TestSimulatedDevices::portsComeAndGo()
+{
+    const auto openFiles
+        = [] { return QDir("/proc/self/fd"_s).entryList(QDir::AllEntries | QDir::System).size(); };
+    const int toggles = qMax(16, 8 * qEnvironmentVariableIntValue("VARNEL_SECONDS"));
+    start({"COM1:varnel3,endless", "COM2:varnel3,balance,endless", "COM3:varnel2plus,endless",
+        "COM4:varnel2,endless"});
+    const QStringList ports = listened();
+    for (const QString &port : ports)
+        QTRY_VERIFY2(recordsOf(port) > 0, qPrintable(port)); // each has its journal open
+    const int filesBefore = openFiles();
+    const WarningCollector collector;
+    QString error;
+    int toggled = 0;
+    QTimer plugs;
+    connect(&plugs, &QTimer::timeout, this, [&] {
+        sim::SimDevice *one = rack->devices()[size_t(toggled++) % 4].get();
+        if (one->isPlugged())
+            one->unplug();
+        else
+            QVERIFY2(one->plug(&error), qPrintable(error));
+    });
+    plugs.start(125);
+    QTRY_VERIFY_WITH_TIMEOUT(toggled >= toggles, 20000 + 250 * toggles);
+    plugs.stop();
+    for (const auto &one : rack->devices())
+        QVERIFY2(one->plug(&error), qPrintable(error));
+    QTRY_COMPARE_WITH_TIMEOUT(listened().size(), 4, 20000);
+    for (const QString &port : ports) {
+        const int before = recordsOf(port);
+        QTRY_VERIFY2(listened().contains(port) && recordsOf(port) > before, qPrintable(port));
+    }
+    const auto children = window->mdiChildren();
+    for (const MdiGraphChild *child : children) {
+        for (int i = 1; i < child->store().size(); ++i)
+            QCOMPARE(child->store().records()[i].time, child->store().records()[i - 1].time + 1);
+    }
+    QCOMPARE(fact(StatusFacts::Lost), QString());
+    QVERIFY(window->findChildren<QMessageBox *>().isEmpty());
+    QCOMPARE(collector.warnings(), QStringList());
+    QTRY_VERIFY(openFiles() <= filesBefore); // journals are closed once they are on the disk
+}
+
+QTEST_MAIN(TestSimulatedDevices)
+#include "tst_simulateddevices.moc"
