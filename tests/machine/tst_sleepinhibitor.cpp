@@ -1,14 +1,16 @@
 #include "machine/sleepinhibitor.h"
 
 #include "machine/sleepblock.h"
+#include "settings/settingskeys.h"
 #include "settings/varnelsettings.h"
+#include "support/literal.h"
 #include "support/shellfixture.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
-#include <QDBusContext>
 #include <QDBusMessage>
 #include <QDBusUnixFileDescriptor>
+#include <QDBusVirtualObject>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QProcess>
@@ -18,179 +20,161 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-/// The session manager of a desktop.
-class FakeSession : public QObject, protected QDBusContext {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.gnome.SessionManager")
+namespace {
+
+/// A message bus, and all who keep a computer awake on request there under their names: they give the number
+/// 101, or as the login manager a file.
+class Bus : public QDBusVirtualObject {
 public:
-    QSet<uint> held;
-    QString asker;
-    uint flags = 0;
-    QString reason;
-
-public slots:
-    // NOLINTBEGIN(readability-identifier-naming): the names are those of the bus
-    uint Inhibit(const QString &, uint, const QString &why, uint what)
+    /// Its address is in the environment under `name` then.
+    Bus(const char *name, const QStringList &services)
     {
-        static uint last = 100;
-        asker = message().service();
-        reason = why;
-        flags = what;
-        held.insert(++last);
-        return last;
+        m_daemon.start("dbus-daemon"_s, {"--session", "--nofork", "--print-address"});
+        const QByteArray address = m_daemon.waitForReadyRead() ? m_daemon.readLine().trimmed() : "none";
+        qputenv(name, address);
+        connection = QDBusConnection::connectToBus(QString::fromLatin1(address), address);
+        connection.registerVirtualObject("/org"_s, this, QDBusConnection::SubPath);
+        for (const QString &service : services)
+            connection.registerService(service);
     }
-    void Uninhibit(uint cookie) { held.remove(cookie); }
-    // NOLINTEND(readability-identifier-naming)
-};
-
-/// The login manager of a system without a desktop: the block lasts as long as the file is open.
-class FakeLogin : public QObject {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.login1.Manager")
-public:
-    int watched = -1;
-    QString what;
-
-    /// Nobody else has the file open any more.
-    bool isClosed() const
+    ~Bus() override
     {
-        char byte = 0;
-        return watched != -1 && read(watched, &byte, 1) == 0;
+        end();
+        QDBusConnection::disconnectFromBus(connection.name());
     }
-
-public slots:
-    // NOLINTNEXTLINE(readability-identifier-naming): the name is that of the bus
-    QDBusUnixFileDescriptor Inhibit(const QString &kinds, const QString &, const QString &, const QString &)
+    void end()
     {
+        m_daemon.kill();
+        m_daemon.waitForFinished();
+    }
+    QString introspect(const QString &) const override { return {}; }
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &bus) override
+    {
+        QStringList words;
+        const QVariantList arguments = message.arguments();
+        for (const QVariant &argument : arguments)
+            words.append(argument.toString());
+        calls.append(
+            "%1 %2 %3(%4)"_s.arg(message.path(), message.interface(), message.member(), words.join(", "_s)));
+        asker = message.service();
+        if (!message.path().endsWith("login1"_s))
+            return bus.send(message.createReply(quint32(101)));
         int ends[2] = {-1, -1};
         if (pipe2(ends, O_NONBLOCK | O_CLOEXEC) != 0)
-            return {};
-        what = kinds;
-        watched = ends[0];
+            return false;
+        m_watched = ends[0];
         QDBusUnixFileDescriptor file;
         file.giveFileDescriptor(ends[1]);
-        return file;
+        return bus.send(message.createReply(QVariant::fromValue(file)));
     }
+    /// Nobody has the file that was given any more.
+    bool isFileClosed() const
+    {
+        char byte = 0;
+        return m_watched != -1 && read(m_watched, &byte, 1) == 0;
+    }
+
+    QDBusConnection connection{QString()};
+    QStringList calls; ///< "path interface method(arguments)"
+    QString asker; ///< its name on the bus
+
+private:
+    QProcess m_daemon;
+    int m_watched = -1;
 };
 
-/// Over a bus of its own, with the keepers played by the test.
+const char sessionBus[] = "DBUS_SESSION_BUS_ADDRESS";
+const char systemBus[] = "DBUS_SYSTEM_BUS_ADDRESS";
+const char sessionManager[] = "org.gnome.SessionManager";
+const char loginManager[] = "org.freedesktop.login1";
+
+} // namespace
+
+/// Over buses of its own, with the keepers played by the test.
 class TestSleepInhibitor : public QObject {
     Q_OBJECT
 private slots:
     void initTestCase();
-    void cleanup();
-    void cleanupTestCase();
-    void desktopIsAskedFirst();
-    void loginManagerIsAskedNext();
+    void keepersAreAskedInTurn();
     void takenBackBeforeTheAnswer();
     void blockLastsWhileAProcessIsRecorded();
     void busThatNeverAnswers();
     void busThatDies();
 
 private:
-    static QByteArray startBus(QProcess *daemon);
-    void offer(QObject *keeper, const char *service, const char *path);
-
     ShellFixture fixture;
-    QProcess daemon;
-    QDBusConnection bus{QString()};
-    FakeSession session;
-    FakeLogin login;
 };
 
 void TestSleepInhibitor::initTestCase()
 {
-    if (QStandardPaths::findExecutable(QStringLiteral("dbus-daemon")).isEmpty())
+    if (QStandardPaths::findExecutable("dbus-daemon"_s).isEmpty())
         QSKIP("no message bus to be had");
-    const QByteArray address = startBus(&daemon);
-    qputenv("DBUS_SESSION_BUS_ADDRESS", address);
-    qputenv("DBUS_SYSTEM_BUS_ADDRESS", address);
-    bus = QDBusConnection::connectToBus(QString::fromLatin1(address), QStringLiteral("keepers"));
-    QVERIFY(bus.isConnected());
 }
 
-/// Its address.
-QByteArray TestSleepInhibitor::startBus(QProcess *daemon)
+// Each as long as none of those before it is there. A file is given back by closing it.
+void TestSleepInhibitor::keepersAreAskedInTurn()
 {
-    daemon->start(QStringLiteral("dbus-daemon"),
-        {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
-    return daemon->waitForReadyRead() ? daemon->readLine().trimmed() : QByteArray();
-}
-
-void TestSleepInhibitor::cleanup()
-{
-    for (const char *service : {"org.gnome.SessionManager", "org.freedesktop.login1"})
-        bus.unregisterService(QLatin1String(service));
-    VarnelSettings().clear();
-}
-
-void TestSleepInhibitor::cleanupTestCase()
-{
-    daemon.kill();
-    daemon.waitForFinished();
-}
-
-void TestSleepInhibitor::offer(QObject *keeper, const char *service, const char *path)
-{
-    bus.registerObject(QLatin1String(path), keeper, QDBusConnection::ExportAllSlots);
-    QVERIFY(bus.registerService(QLatin1String(service)));
-}
-
-void TestSleepInhibitor::desktopIsAskedFirst()
-{
-    SleepBlock block;
-    offer(&session, "org.gnome.SessionManager", "/org/gnome/SessionManager");
-    offer(&login, "org.freedesktop.login1", "/org/freedesktop/login1");
-    block.acquire(QStringLiteral("charging"));
-    block.acquire(QStringLiteral("charging"));
-    QTRY_VERIFY(block.isHeld());
-    QCOMPARE(session.held.size(), 1);
-    QCOMPARE(session.flags, 4U);
-    QCOMPARE(session.reason, QStringLiteral("charging"));
-    QCOMPARE(login.watched, -1);
-    block.release();
-    QVERIFY(!block.isHeld());
-    QTRY_VERIFY(session.held.isEmpty());
-}
-
-void TestSleepInhibitor::loginManagerIsAskedNext()
-{
-    offer(&login, "org.freedesktop.login1", "/org/freedesktop/login1");
-    {
-        SleepBlock block;
-        block.acquire(QStringLiteral("charging"));
-        QTRY_VERIFY(block.isHeld());
-        QCOMPARE(login.what, QStringLiteral("sleep:idle"));
-        QVERIFY(!login.isClosed());
+    const struct {
+        QString service, object, arguments, release;
+    } keepers[] = {
+        {sessionManager, "/org/gnome/SessionManager org.gnome.SessionManager", "VarnelGraph, 0, charging, 4",
+            "Uninhibit"},
+        {"org.freedesktop.PowerManagement",
+            "/org/freedesktop/PowerManagement/Inhibit org.freedesktop.PowerManagement.Inhibit",
+            "VarnelGraph, charging", "UnInhibit"},
+        {loginManager, "/org/freedesktop/login1 org.freedesktop.login1.Manager",
+            "sleep:idle, VarnelGraph, charging, block", QString()},
+        {"org.freedesktop.ScreenSaver", "/org/freedesktop/ScreenSaver org.freedesktop.ScreenSaver",
+            "VarnelGraph, charging", "UnInhibit"},
+    };
+    QStringList there;
+    for (const auto &keeper : keepers)
+        there.append(keeper.service);
+    for (const auto &keeper : keepers) {
+        Bus session(sessionBus, there), system(systemBus, there);
+        const Bus &asked = keeper.service == loginManager ? system : session;
+        QStringList calls("%1 Inhibit(%2)"_s.arg(keeper.object, keeper.arguments));
+        {
+            SleepBlock block;
+            block.acquire("charging"_s);
+            block.acquire("charging"_s);
+            QTRY_VERIFY(block.isHeld());
+            QVERIFY(asked.calls == calls && !asked.isFileClosed());
+        }
+        if (!keeper.release.isEmpty())
+            calls.append("%1 %2(101)"_s.arg(keeper.object, keeper.release));
+        QTRY_COMPARE(asked.calls, calls);
+        QTRY_COMPARE(asked.isFileClosed(), keeper.release.isEmpty());
+        QCOMPARE(session.calls + system.calls, calls);
+        there.removeFirst();
     }
-    QTRY_VERIFY(login.isClosed());
 }
 
 void TestSleepInhibitor::takenBackBeforeTheAnswer()
 {
-    offer(&session, "org.gnome.SessionManager", "/org/gnome/SessionManager");
-    session.asker.clear();
+    Bus bus(sessionBus, {sessionManager});
     SleepBlock block;
-    block.acquire(QStringLiteral("charging"));
-    QTRY_VERIFY(!session.asker.isEmpty()); // the answer is on its way
+    block.acquire("charging"_s);
+    QTRY_VERIFY(!bus.asker.isEmpty()); // the answer is on its way
     block.release();
-    QTRY_VERIFY(!bus.interface()->isServiceRegistered(session.asker)); // its block has gone with it
+    QTRY_VERIFY(!bus.connection.interface()->isServiceRegistered(bus.asker)); // its block has gone with it
     QVERIFY(!block.isHeld());
 }
 
 void TestSleepInhibitor::blockLastsWhileAProcessIsRecorded()
 {
-    offer(&session, "org.gnome.SessionManager", "/org/gnome/SessionManager");
+    const Bus bus(sessionBus, {sessionManager});
     bool recording = true;
     SleepInhibitor inhibitor([&recording] { return recording; });
-    QTimer *look = inhibitor.findChild<QTimer *>();
+    auto *look = inhibitor.findChild<QTimer *>();
     QVERIFY(look->isActive() && look->interval() == 5000);
     look->start(1);
     QTRY_VERIFY(inhibitor.isHeld());
-    VarnelSettings().setValue(QStringLiteral("power/keepAwake"), false);
-    QTRY_VERIFY(!inhibitor.isHeld());
-    VarnelSettings().setValue(QStringLiteral("power/keepAwake"), true);
-    QTRY_VERIFY(inhibitor.isHeld());
+    QVERIFY(bus.calls.value(0).contains("A process is being recorded"_s));
+    for (const bool wanted : {false, true}) {
+        VarnelSettings().setValue(SettingsKey::keepAwake, wanted);
+        QTRY_COMPARE(inhibitor.isHeld(), wanted);
+    }
     recording = false;
     QTRY_VERIFY(!inhibitor.isHeld());
 }
@@ -199,46 +183,36 @@ void TestSleepInhibitor::blockLastsWhileAProcessIsRecorded()
 // one that was started to ask.
 void TestSleepInhibitor::busThatNeverAnswers()
 {
+    const Bus nobodyThere(sessionBus, {});
     QLocalServer silent;
-    QVERIFY(silent.listen(fixture.path(QStringLiteral("bus"))));
-    const QByteArray usual = qgetenv("DBUS_SYSTEM_BUS_ADDRESS");
-    qputenv("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=" + silent.fullServerName().toLocal8Bit());
+    QVERIFY(silent.listen(fixture.path("bus"_s)));
+    qputenv(systemBus, "unix:path=" + silent.fullServerName().toLocal8Bit());
     QLocalSocket *asker = nullptr;
     {
         SleepBlock block;
-        block.acquire(QStringLiteral("charging"));
+        block.acquire("charging"_s);
         QTRY_VERIFY(silent.hasPendingConnections());
         asker = silent.nextPendingConnection();
         QTRY_VERIFY(asker->bytesAvailable() > 0);
         QVERIFY(!block.isHeld());
     }
-    qputenv("DBUS_SYSTEM_BUS_ADDRESS", usual);
-    QTRY_COMPARE(asker->state(), QLocalSocket::UnconnectedState);
+    QTRY_COMPARE_WITH_TIMEOUT(asker->state(), QLocalSocket::UnconnectedState, 30000);
 }
 
 // The block has gone with it; the login manager on the other bus grants one.
 void TestSleepInhibitor::busThatDies()
 {
-    QProcess mortal;
-    const QByteArray usual = qgetenv("DBUS_SESSION_BUS_ADDRESS");
-    const QByteArray address = startBus(&mortal);
-    qputenv("DBUS_SESSION_BUS_ADDRESS", address);
-    QDBusConnection desktop
-        = QDBusConnection::connectToBus(QString::fromLatin1(address), QStringLiteral("mortal"));
-    desktop.registerObject(
-        QStringLiteral("/org/gnome/SessionManager"), &session, QDBusConnection::ExportAllSlots);
-    QVERIFY(desktop.registerService(QStringLiteral("org.gnome.SessionManager")));
-    offer(&login, "org.freedesktop.login1", "/org/freedesktop/login1");
+    Bus desktop(sessionBus, {sessionManager});
+    const Bus system(systemBus, {loginManager});
     SleepBlock block;
-    block.acquire(QStringLiteral("charging"));
+    block.acquire("charging"_s);
     QTRY_VERIFY(block.isHeld());
-    mortal.kill();
-    QVERIFY(mortal.waitForFinished());
+    QVERIFY(system.calls.isEmpty());
+    desktop.end();
     QTRY_VERIFY(!block.isHeld());
-    block.acquire(QStringLiteral("charging"));
-    QTRY_VERIFY(block.isHeld() && !login.isClosed());
-    QDBusConnection::disconnectFromBus(QStringLiteral("mortal"));
-    qputenv("DBUS_SESSION_BUS_ADDRESS", usual);
+    block.acquire("charging"_s);
+    QTRY_VERIFY(block.isHeld() && !system.isFileClosed());
+    QCOMPARE(system.calls.size(), 1);
 }
 
 int main(int argc, char **argv)
