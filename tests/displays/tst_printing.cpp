@@ -1,52 +1,23 @@
+#include "desk/stalewatch.h"
+#include "graph/mdigraphchild.h"
 #include "printing/printrequest.h"
 #include "printing/printstamp.h"
-
-#include "displays/capacitydisplay.h"
-#include "displays/powerdisplay.h"
-#include "displays/samplepack.h"
-#include "displays/voltagecomparison.h"
-#include "displays/voltagesource.h"
 #include "resources/resources.h"
-#include "settings/viewstate.h"
+#include "support/fakelink.h"
 #include "support/files.h"
 #include "support/limits.h"
+#include "support/lines.h"
 #include "support/paintlog.h"
+#include "support/shellrig.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QLineEdit>
-#include <QMainWindow>
-#include <QMessageBox>
-#include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QStatusBar>
-#include <QTemporaryDir>
-#include <QTest>
 
-// The dialog would use it, and paper with it.
-#define SKIP_WITH_PRINTER()                                                                                  \
-    if (!QPrinterInfo::availablePrinterNames().isEmpty())                                                    \
-    QSKIP("A printer is installed.")
-
-namespace {
-
-class OnePack : public VoltageSource {
-public:
-    QVector<PackVoltages> packs() const override
-    {
-        PackVoltages pack = PackVoltages::of(samplePack({4000, 4100}), 1);
-        pack.source = "COM1";
-        return {pack};
-    }
-    void toggleCell(int, int) override { }
-};
-
-} // namespace
-
-/// From a picture to a PDF page, and the dialog in between.
-class TestPrinting : public QObject {
+/// From a picture to a PDF page, the dialog in between, and the commands that open it.
+class TestPrinting : public QObject, private ShellRig {
     Q_OBJECT
 
 private slots:
@@ -54,83 +25,83 @@ private slots:
     {
         initResources();
         QLocale::setDefault(QLocale::c());
-        QVERIFY(folder.isValid());
     }
-
-    void pictureFillsThePage_data()
-    {
-        QTest::addColumn<int>("orientation");
-        QTest::addColumn<QSizeF>("picture");
-        QTest::newRow("wide on landscape") << int(QPageLayout::Landscape) << QSizeF(470, 280);
-        QTest::newRow("wide on portrait") << int(QPageLayout::Portrait) << QSizeF(470, 280);
-        QTest::newRow("tall on landscape") << int(QPageLayout::Landscape) << QSizeF(300, 900);
-        QTest::newRow("tall on portrait") << int(QPageLayout::Portrait) << QSizeF(300, 900);
-    }
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
 
     void pictureFillsThePage()
     {
-        QFETCH(int, orientation);
-        QFETCH(QSizeF, picture);
-        QPrinter printer(QPrinter::HighResolution);
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(file());
-        printer.setPageSize(QPageSize(QPageSize::A4));
-        printer.setPageOrientation(QPageLayout::Orientation(orientation));
-
-        QTransform transform;
-        PrintJob job{QStringLiteral("Title"), QStringLiteral("1 Varnel 3"), picture,
-            [&transform](QPainter &painter) { transform = painter.combinedTransform(); }};
-        QVERIFY(printPage(job, &printer));
-        QCOMPARE(transform.m11(), transform.m22()); // proportions
-        const QRectF drawn = transform.mapRect(QRectF(QPointF(0, 0), picture));
-        const QSizeF page = printer.pageLayout().paintRectPixels(printer.resolution()).size();
-        QVERIFY(QRectF(QPointF(0, 0), page).adjusted(-1, 0, 1, 1).contains(drawn));
-        QVERIFY(drawn.top() > 0.01 * page.height()); // under the line
-        QVERIFY(drawn.width() > 0.98 * page.width() || drawn.bottom() > 0.98 * page.height());
+        for (const auto orientation : {QPageLayout::Landscape, QPageLayout::Portrait}) {
+            for (const QSizeF &picture : {QSizeF(470, 280), QSizeF(300, 900)}) {
+                const auto printer = pdf(file());
+                printer->setPageSize(QPageSize(QPageSize::A4));
+                printer->setPageOrientation(orientation);
+                QTransform transform;
+                const auto paint = [&](QPainter &painter) { transform = painter.combinedTransform(); };
+                QVERIFY(printPage({"Title", "1 Varnel 3", picture, paint}, printer.get()));
+                QCOMPARE(transform.m11(), transform.m22()); // proportions
+                const QRectF drawn = transform.mapRect(QRectF(QPointF(0, 0), picture));
+                const QSizeF page = printer->pageLayout().paintRectPixels(printer->resolution()).size();
+                QVERIFY(QRectF(QPointF(0, 0), page).adjusted(-1, 0, 1, 1).contains(drawn));
+                QVERIFY(drawn.top() > 0.01 * page.height()); // under the line
+                QVERIFY(drawn.width() > 0.98 * page.width() || drawn.bottom() > 0.98 * page.height());
+                QVERIFY(qAbs(drawn.center().x() - page.width() / 2) < 2);
+            }
+        }
     }
 
-    void everyDisplayPrints()
+    /// On white paper, as if each line had just come, and with the names of the windows.
+    void commands()
     {
-        SKIP_WITH_PRINTER();
-        QMainWindow shell;
-        ViewState state;
-        const QDateTime silence({2026, 1, 2}, {3, 4, 5});
-        CapacityDisplay capacities(&shell);
-        capacities.resize(470, 280);
-        capacities.addEntry({2000, 'C', 1, {}, silence});
-        // On white paper, as if each line had just come.
-        accept([&] { capacities.print(); }, "capacity comparison", {470, 295},
+        // The dialog would use it, and paper with it.
+        if (!QPrinterInfo::availablePrinterNames().isEmpty())
+            QSKIP("A printer is installed.");
+        open({});
+        print(ActionId::PrintBars, "bar display", "text 'NO DATA' mid 235,140 53 Arial #000000");
+        print(ActionId::PrintVoltage, "voltage comparison", "text 'NO DATA' mid 240,136 53 Arial #000000");
+        QVERIFY(!contents(file()).contains("/Subtype /Image")); // drawn, not as a bitmap
+        QVERIFY(contents(file()).contains("/FontFile"));
+        for (FakeLink &link : links) {
+            MdiGraphChild *child = window->createMdiChild();
+            child->attachReader(&link);
+            child->setPortName(&link == links ? "COM3" : "COM4");
+            for (int time = 0; time < 3; ++time)
+                child->addRecord(Lines::record(time));
+        }
+        auto *watch = window->findChild<StaleWatch *>();
+        const QDateTime now = QDateTime::currentDateTime();
+        watch->lookAt(now, 0);
+        watch->lookAt(now.addSecs(60), 60000);
+        print(ActionId::PrintBars, "bar display, 2: Varnel 3 COM4",
+            "text '[mV]' left 24,10 11 Times #000000; rect 0,0 18x18 #ffff00");
+        print(ActionId::PrintCapacity, "capacity comparison",
             "text '1' foot 49,252 13 bold Arial #000000; rect 30,56 38x168 #007f00; "
-            "text '1, 2.000 Ah' left 30,288 11 Arial #000000");
-        PowerDisplay power(&shell);
-        power.resize(470, 280);
-        accept(
-            [&] { power.print(); }, "bar display", {470, 280}, "text 'NO DATA' mid 235,140 53 Arial #000000");
-        Varnel3Data record = samplePack({4100, 4000});
-        power.updateData(record, 3);
-        power.setSourceName("COM3");
-        power.setStaleSince(silence);
-        accept([&] { power.print(); }, "bar display, 3: Varnel 3 COM3", {470, 280},
-            "text '[mV]' left 24,10 11 Times #000000; rect 39,63 157x35 #00ff00");
-        power.updateData(record, 4); // of another file or port
-        accept([&] { power.print(); }, "bar display, 4: Varnel 3", {470, 280}, "rect 0,0 18x18 #ffff00");
-        const QByteArray pdf = contents(file());
-        QVERIFY(pdf.contains("/Subtype /CIDFontType2") || pdf.contains("/FontFile"));
-        QVERIFY(!pdf.contains("/Subtype /Image")); // drawn, not as a bitmap
+            "text '2: Varnel 3 COM4, 6 x LiPo, 0.150 Ah' left 30,303 11 Arial #000000");
+        trigger(ActionId::Graph);
+        QTest::keyClick(window->findChild<QWidget *>("canvas")->window(), Qt::Key_Space);
+        print(ActionId::PrintVoltage, "voltage comparison, 1: Varnel 3 COM3, 2: Varnel 3 COM4",
+            "text '[V]' right 46,12 11 Arial #000000; text '4.200 V' mid 159,238 19 bold Arial #000000");
+        trigger(ActionId::Graph); // nobody sees any more that it is only one cell
+        print(ActionId::PrintVoltage, "voltage comparison, 1: Varnel 3 COM3, 2: Varnel 3 COM4",
+            "text '6' mid 236,216 11 Arial #000000");
+        print(ActionId::PrintPlot, "graph, 2: Varnel 3 COM4");
+    }
 
-        // The shell closes the window that it has made for printing while its dialog is still open.
-        OnePack source;
-        auto *voltages = new VoltageComparison(&shell);
-        voltages->setSource(&source);
-        accept(
-            [voltages] {
-                voltages->print();
-                voltages->close();
-                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-            },
-            "voltage comparison, 1: Varnel 3 COM1", {480, 280},
-            "line 52,206 479,206 #d7d7d7; text '[V]' right 46,12 11 Arial #000000");
-        QCOMPARE(shell.statusBar()->currentMessage(), QDir::toNativeSeparators(file()) + " written.");
+    void failuresAreReported()
+    {
+        const PrintJob job{"Title", {}, {100, 100}, [](QPainter &) {}};
+        QVERIFY(printPage(job, pdf(file()).get()));
+        QVERIFY(!printPage({"Title", {}, {}, job.paint}, pdf(file()).get()));
+        QTest::ignoreMessage(QtWarningMsg, "QPainter::begin(): Returned false");
+        QVERIFY(!printPage(job, pdf(fixture->path("none/x.pdf")).get()));
+        if (!QPrinterInfo::availablePrinterNames().isEmpty())
+            QSKIP("A printer is installed.");
+        QWidget parent;
+        printWithDialog(job, &parent);
+        const FileSizeLimit limit(700);
+        finish(true);
+        auto *box = parent.findChild<QMessageBox *>();
+        QCOMPARE(box->text(), "Can not print to " + QDir::toNativeSeparators(file()));
     }
 
     void captions()
@@ -143,69 +114,17 @@ private slots:
         QLocale::setDefault(QLocale::c());
     }
 
-    void presentsTheNameOfTheFile()
-    {
-        SKIP_WITH_PRINTER();
-        QWidget window;
-        PrintJob job{QStringLiteral("Title"), {}, {100, 100}, [](QPainter &) {}};
-        job.fileName = QStringLiteral("run of COM3");
-        printWithDialog(job, &window);
-        QVERIFY(openDialog()
-                    ->findChild<QLineEdit *>(QStringLiteral("filename"))
-                    ->text()
-                    .endsWith(QStringLiteral("/run of COM3.pdf")));
-    }
-
-    void cancelPrintsNothing()
-    {
-        QFile::remove(file());
-        PowerDisplay display;
-        display.show();
-        display.print();
-        auto *dialog = openDialog();
-        QVERIFY(dialog);
-        setFile(dialog);
-        dialog->reject();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(!openDialog());
-        QVERIFY(!QFile::exists(file()));
-    }
-
-    void failuresAreReported()
-    {
-        QPrinter printer;
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(folder.filePath(QStringLiteral("none/x.pdf")));
-        const PrintJob job{QStringLiteral("Title"), {}, {100, 100}, [](QPainter &) {}};
-        QTest::ignoreMessage(QtWarningMsg, "QPainter::begin(): Returned false");
-        QVERIFY(!printPage(job, &printer));
-
-        QPrinter good;
-        good.setOutputFormat(QPrinter::PdfFormat);
-        good.setOutputFileName(file());
-        QVERIFY(printPage(job, &good));
-        PrintJob nothing = job;
-        nothing.size = {};
-        QVERIFY(!printPage(nothing, &good));
-    }
-
-    void diskFullIsReported()
-    {
-        QPrinter printer;
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(file());
-        const FileSizeLimit limit(700);
-        QVERIFY(!printPage({QStringLiteral("Title"), {}, {100, 100}, [](QPainter &) {}}, &printer));
-    }
-
 private:
-    QString file() const { return folder.filePath(QStringLiteral("page.pdf")); }
+    FakeLink links[2]; // outlive the window
 
-    void setFile(QPrintDialog *dialog) const
+    QString file() const { return fixture->path("page.pdf"); }
+
+    static std::unique_ptr<QPrinter> pdf(const QString &fileName)
     {
-        auto *edit = dialog->findChild<QLineEdit *>(QStringLiteral("filename"));
-        QVERIFY(edit);
-        edit->setText(file());
+        auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+        printer->setOutputFormat(QPrinter::PdfFormat);
+        printer->setOutputFileName(fileName);
+        return printer;
     }
 
     static QPrintDialog *openDialog()
@@ -217,26 +136,33 @@ private:
         return nullptr;
     }
 
-    /// What `print` prints is of `size`, has such a title and details but for the time, and among what is
-    /// painted is `expected`.
-    template <typename Print>
-    void accept(Print print, const char *title, const QSizeF &size, const char *expected) const
+    /// Prints to file() from the dialog that is open, or cancels that.
+    void finish(bool accepted) const
     {
-        QFile::remove(file());
-        print();
-        auto *dialog = openDialog();
-        QVERIFY(dialog);
-        const PrintJob &job = dialog->findChild<PrintRequest *>()->job();
-        QCOMPARE((job.title + ", " + job.details).section(", ", 0, -2).remove("Varnel - "), QString(title));
-        QCOMPARE(job.size, size);
-        VERIFY_PAINTS(size.toSize(), job.paint, expected);
-        setFile(dialog);
-        dialog->accept();
+        openDialog()->findChild<QLineEdit *>("filename")->setText(file());
+        QPrintDialog *dialog = openDialog();
+        accepted ? dialog->accept() : dialog->reject();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(contents(file()).contains("%%EOF"));
+        QVERIFY(!openDialog());
     }
 
-    QTemporaryDir folder;
+    /// The command prints a page of such a title and details, but for the time, with what is `expected`.
+    void print(ActionId command, const char *title, const char *expected = nullptr)
+    {
+        for (const bool accepted : {false, true}) {
+            QFile::remove(file());
+            trigger(command);
+            QVERIFY(openDialog());
+            const PrintJob &job = openDialog()->findChild<PrintRequest *>()->job();
+            QCOMPARE(
+                (job.title + ", " + job.details).section(", ", 0, -2).remove("Varnel - "), QString(title));
+            if (expected)
+                VERIFY_PAINTS(job.size.toSize(), job.paint, expected);
+            finish(accepted);
+            QCOMPARE(contents(file()).contains("%%EOF"), accepted);
+        }
+        QCOMPARE(message(), QDir::toNativeSeparators(file()) + " written.");
+    }
 };
 
 QTEST_MAIN(TestPrinting)
