@@ -354,7 +354,7 @@ void VoltageChart::paintPage(QPainter &painter) const
     for (int i = 0; i < rows; ++i) {
         painter.save();
         painter.translate(0, i * px(280));
-        row(i).paint(painter, {page.width(), px(280) - px(8)}, 0);
+        row(i).paint(painter, {page.width(), px(280) - px(8)});
         painter.restore();
     }
 }

@@ -45,7 +45,7 @@ public:
 
     /// Draws into (0, 0, `size`), without the ground. The axis stays while the
     /// groups are moved left by `scroll`.
-    void paint(QPainter &painter, const QSize &size, int scroll) const;
+    void paint(QPainter &painter, const QSize &size, int scroll = 0) const;
     /// Size of the picture of all packs in rows, for a page.
     QSize pageSize() const;
     /// Draws all packs in rows into (0, 0, pageSize()).

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "displays/voltagesource.h"
 #include "data/varnel3data.h"
-
-#include <QVector>
 
 #include <algorithm>
 #include <numeric>
@@ -18,11 +17,12 @@ inline Varnel3Data samplePack(const QVector<int> &millivolts)
     record.cellCount = millivolts.size();
     for (int i = 0; i < millivolts.size(); ++i)
         record.cells[i].voltage = millivolts[i];
-    const int sum = std::accumulate(millivolts.begin(), millivolts.end(), 0);
-    record.voltage = sum;
-    record.cellAverage = millivolts.isEmpty() ? 0 : sum / millivolts.size();
-    record.cellMax = millivolts.isEmpty() ? 0 : *std::max_element(millivolts.begin(), millivolts.end());
-    record.cellMin = millivolts.isEmpty() ? 0 : *std::min_element(millivolts.begin(), millivolts.end());
+    record.voltage = std::accumulate(millivolts.begin(), millivolts.end(), 0);
+    if (millivolts.isEmpty())
+        return record;
+    record.cellAverage = record.voltage / millivolts.size();
+    record.cellMax = *std::max_element(millivolts.begin(), millivolts.end());
+    record.cellMin = *std::min_element(millivolts.begin(), millivolts.end());
     return record;
 }
 
@@ -33,4 +33,22 @@ inline Varnel3Data sampleResistances(const QVector<double> &milliohms)
     for (int i = 0; i < milliohms.size(); ++i)
         record.cells[i].resistance = milliohms[i];
     return record;
+}
+
+/// Graph window `number` with such a pack.
+inline PackVoltages packOf(int number, const QVector<int> &millivolts, const QVector<int> &selected = {})
+{
+    PackVoltages result = PackVoltages::of(samplePack(millivolts), number);
+    for (const int cell : selected)
+        result.selected[cell] = true;
+    return result;
+}
+
+/// So many windows with sixteen cells each.
+inline QVector<PackVoltages> sixteens(int windows)
+{
+    QVector<PackVoltages> result;
+    while (result.size() < windows)
+        result.append(packOf(result.size() + 1, QVector<int>(16, 3701 + result.size())));
+    return result;
 }

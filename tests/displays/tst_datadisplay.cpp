@@ -1,342 +1,465 @@
 #include "displays/datadisplay.h"
 
+#include "data/voltageslope.h"
 #include "displays/clickedlabel.h"
-#include "widgets/displayscale.h"
 #include "displays/samplepack.h"
 #include "resources/resources.h"
 #include "settings/viewstate.h"
-#include "support/columns.h"
 #include "support/settle.h"
 #include "support/warningcollector.h"
+#include "widgets/displayscale.h"
 
 #include <QApplication>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTest>
 
-/// The data display as a window: what its labels show when, and that nothing is cut off.
+#include <memory>
+
+namespace {
+
+using Data = Varnel3Data;
+using F = DataFigures;
+constexpr DataFigures::View voltages{true, CellValue::Voltage};
+
+DataFigures figuresOf(const Varnel3Data &record, const DataFigures::View &view = {})
+{
+    DataFigures figures;
+    figures.show(record, view, resistancesOf(record));
+    return figures;
+}
+
+/// The texts of these items, of all of them where none is named, apart by bars.
+QString told(const DataFigures &figures, const QVector<DataFigures::Item> &items = {})
+{
+    QStringList texts;
+    for (int item = 0; item < F::itemCount; ++item)
+        if (items.isEmpty() || items.contains(F::Item(item)))
+            texts << figures.text(F::Item(item));
+    return texts.join('|');
+}
+
+} // namespace
+
+/// The data display: what it says about a record, what its labels show when, and that nothing is cut off.
 class TestDataDisplay : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase()
+    void initTestCase() { initResources(); }
+
+    void init()
     {
-        initResources();
         QLocale::setDefault(QLocale(QStringLiteral("de_DE")));
+        m_warnings = std::make_unique<WarningCollector>();
+        m_state = std::make_unique<ViewState>();
+        open();
     }
-    void init();
-    void cleanup();
 
-    void labels();
-    void cellTable();
-    void window();
-    void anotherWindowClearsFirst();
-    void clickingTheVoltageToggles();
-    void keptResistances();
-    void staleFiguresAreDimmed();
-    void closingTells();
-    void nothingIsCutOff_data();
-    void nothingIsCutOff();
+    void cleanup()
+    {
+        m_display.reset();
+        QCOMPARE(m_warnings->warnings(), QStringList());
+        m_warnings.reset();
+    }
 
-private:
-    QString text(const char *name) const;
-    void setView(bool statistics, int cellValue);
-    void show(Varnel3Data record, int window = 1, bool useKeptRi = false);
-
-    ViewState *m_state = nullptr;
-    DataDisplay *m_display = nullptr;
-    WarningCollector *m_warnings = nullptr;
-};
-
-void TestDataDisplay::init()
-{
-    m_warnings = new WarningCollector;
-    m_state = new ViewState(this);
-    m_display = new DataDisplay;
-    m_display->setViewState(m_state);
-    m_display->show();
-}
-
-void TestDataDisplay::cleanup()
-{
-    delete m_display;
-    delete m_state;
-    const QStringList warnings = m_warnings->warnings();
-    delete m_warnings;
-    QCOMPARE(warnings, QStringList());
-}
-
-QString TestDataDisplay::text(const char *name) const
-{
-    return m_display->findChild<QLabel *>(QLatin1String(name))->text();
-}
-
-void TestDataDisplay::setView(bool statistics, int cellValue)
-{
-    ViewSwitches switches;
-    switches.balancer = statistics;
-    switches.cellValue = CellValue(cellValue);
-    m_state->setSwitches(switches);
-}
-
-/// Shows `record` and waits until it stands there.
-void TestDataDisplay::show(Varnel3Data record, int window, bool useKeptRi)
-{
-    m_display->updateData(record, window, useKeptRi);
-    settle(*m_display);
-}
-
-/// What each label shows, where, in which colour and size, in the normal view and in the statistics.
-void TestDataDisplay::labels()
-{
-    constexpr int bottom = Qt::AlignLeft | Qt::AlignBottom;
-    constexpr int right = Qt::AlignRight | Qt::AlignVCenter;
-    constexpr int left = Qt::AlignLeft | Qt::AlignVCenter;
-    static const struct {
-        const char *name;
-        QRect place; // at scale 1
-        int alignment;
-        int points;
-        const char *normal;
-        const char *colour;
-        const char *statistics;
-        const char *itsColour;
-    } rows[] = {
-        {"cellsLabel", {0, 0, 235, 58}, Qt::AlignCenter, 31, "4 x LiPo", "#ffffff", "4 x LiPo", "#ffffff"},
-        {"modeLabel", {235, 0, 235, 58}, Qt::AlignCenter, 33, "Discharge", "#ffffff", "Discharge", "#ffffff"},
-        {"voltageLabel", {0, 58, 180, 60}, Qt::AlignCenter, 35, "16,80", "#00ff00", " 4,200", "#00ff00"},
-        {"voltageUnit", {180, 58, 55, 30}, bottom, 13, "V", "#00ff00", "V avg", "#00ff00"},
-        {"voltageNote", {180, 89, 55, 29}, bottom, 13, "", "#00ff00", "", "#00ff00"},
-        {"currentLabel", {235, 58, 180, 60}, Qt::AlignCenter, 35, "-1,50", "#00ffff", "4,210", "#ffff00"},
-        {"currentUnit", {415, 58, 55, 30}, bottom, 13, "A", "#00ffff", "V max", "#ffff00"},
-        {"maxCellNote", {415, 89, 55, 29}, bottom, 13, "", "#ffff00", "cell 3", "#ffff00"},
-        {"slopeLabel", {0, 118, 120, 30}, right, 17, "12", "#ffff00", "30", "#00ffff"},
-        {"slopeUnit", {126, 118, 109, 30}, left, 13, "mV/min", "#ffff00", "%", "#00ffff"},
-        {"resistanceLabel", {0, 149, 120, 30}, right, 17, "0,037", "#ff00ff", "0,500", "#ff7f00"},
-        {"resistanceUnit", {126, 149, 109, 30}, left, 13, "Ω", "#ff00ff", "Ah max", "#ff7f00"},
-        {"temperatureLabel", {235, 118, 180, 60}, Qt::AlignCenter, 35, "23,5", "#ff0000", "0,020", "#00ffff"},
-        {"temperatureUnit", {415, 128, 55, 40}, left, 13, "°C", "#ff0000", "V delta", "#00ffff"},
-        {"timeLabel", {7, 179, 220, 60}, Qt::AlignCenter, 35, "01:02:05", "#ffff00", "01:02:05", "#ffff00"},
-        {"capacityLabel", {235, 179, 180, 60}, Qt::AlignCenter, 35, "  1,044", "#ff7f00", "4,190", "#ff7f00"},
-        {"capacityUnit", {415, 179, 55, 30}, bottom, 13, "Ah", "#ff7f00", "V min", "#ff7f00"},
-        {"minCellNote", {415, 210, 55, 29}, bottom, 13, "", "#ff7f00", "cell 2", "#ff7f00"},
-    };
-    Varnel3Data record = samplePack({4200, 4190, 4210, 4200});
-    record.mode = Varnel3Data::Discharge;
-    record.time = 3725;
-    record.current = -1500;
-    record.temperature = 235;
-    record.energy = 1044;
-    record.voltageSlope = 12;
-    record.internalResistance = 37;
-    record.balanceMax = 30;
-    record.cells[1].balanceCharge = 360000 * 500;
-    for (const bool statistics : {false, true, false}) {
-        setView(statistics, 0);
-        show(record);
+    /// What one field of a record changes, value after value.
+    void figures()
+    {
+        const struct {
+            DataFigures::Item item;
+            int Varnel3Data::*field;
+            QVector<int> values;
+            QString texts;
+        } rows[] = {
+            {F::Voltage, &Data::voltage, {16806, 900}, "16,81| 0,90"},
+            {F::Current, &Data::current, {0, -12340}, " 0,00|-12,34"},
+            {F::Temperature, &Data::temperature, {0, -5}, "--,-|-0,5"},
+            {F::Capacity, &Data::energy, {9999, 10000, 99990, 100000}, "  9,999| 10,00| 99,99|100,0"},
+            {F::Resistance, &Data::internalResistance, {0, 37}, "-,---|0,037"},
+            {F::Time, &Data::time, {-1, 360000}, "00:00:00|100:00:00"},
+            {F::Slope, &Data::time, {89, 90}, "|-12"},
+            {F::Slope, &Data::voltageSlope, {noVoltageSlope}, "--,-"},
+            // Those that have no text leave the last one.
+            {F::Mode, &Data::mode, {3, 1, 4, 2, 6, -1}, "|Discharge|Discharge|Balance|Balance|Balance"},
+            {F::Cells, &Data::cellCount, {14}, "14 x LiPo"},
+            {F::Cells, &Data::cellType, {99}, "4 x None"},
+        };
         for (const auto &row : rows) {
-            const auto *label = m_display->findChild<QLabel *>(row.name);
-            QCOMPARE(label->text(), QString(statistics ? row.statistics : row.normal));
-            QCOMPARE(label->palette().color(QPalette::WindowText).name(),
-                QString(statistics ? row.itsColour : row.colour));
-            QVERIFY2(label->autoFillBackground() && label->textFormat() == Qt::PlainText, row.name);
-            QCOMPARE(label->palette().color(QPalette::Window), QColor(Qt::black));
-            QCOMPARE(int(label->alignment()), row.alignment);
-            if (displayScale() == 1.0)
-                QCOMPARE(label->geometry(), row.place);
-            if (!statistics && !label->text().isEmpty())
-                QCOMPARE(label->font().pointSizeF(), row.points * fontScale());
+            Varnel3Data record = samplePack({4200, 4200, 4200, 4200});
+            record.time = 90;
+            record.voltageSlope = -12;
+            DataFigures figures;
+            for (const QLocale &locale : {QLocale::c(), QLocale("de_DE")}) {
+                QLocale::setDefault(locale);
+                QStringList texts;
+                for (const int value : row.values) {
+                    record.*row.field = value;
+                    figures.show(record, {}, {});
+                    texts << figures.text(row.item);
+                }
+                figures.clear();
+                QCOMPARE(texts.join('|'), QString(row.texts).replace(',', locale.decimalPoint()));
+            }
         }
     }
-}
 
-void TestDataDisplay::cellTable()
-{
-    setView(true, 0);
-    QVector<int> voltages;
-    for (int i = 0; i < 16; ++i)
-        voltages.append(3001 + i);
-    show(samplePack(voltages));
-    int row = 0;
-    int right = 0;
-    for (int i = 1; i <= 16; ++i) {
-        const auto *name = m_display->findChild<QLabel *>(QString("cellName%1").arg(i));
-        const auto *value = m_display->findChild<QLabel *>(QString("cellValue%1").arg(i));
-        QCOMPARE(name->text(), QString("%1: ").arg(i));
-        QCOMPARE(value->text(), QString("3,0%1").arg(i, 2, 10, QChar('0')));
-        QCOMPARE(name->palette().color(QPalette::WindowText), QColor(Qt::white));
-        QCOMPARE(value->palette().color(QPalette::WindowText), QColor(100, 100, 255));
-        QCOMPARE(value->palette().color(QPalette::Window), QColor(Qt::black));
-        QCOMPARE(int(name->alignment()), Qt::AlignRight | Qt::AlignVCenter);
-        QCOMPARE(name->font(), m_display->findChild<QLabel *>("cellName1")->font());
-        QCOMPARE(name->size(), QSize(scaled(20), scaled(20)));
-        QCOMPARE(value->height(), scaled(20));
-        // Two rows of eight, read as a book is.
-        QVERIFY(i == 9 ? name->y() == row + scaled(20) + 1 : i == 1 || name->y() == row);
-        QVERIFY(name->x() == (i % 8 == 1 ? 0 : right + 1) && value->x() == name->x() + name->width() + 1);
-        row = name->y();
-        right = value->x() + value->width();
+    void recordsWithoutFigures()
+    {
+        for (int Varnel3Data::*const field : {&Data::mode, &Data::cellCount}) {
+            Varnel3Data record = samplePack({4100, 4200, 4100, 4000});
+            DataFigures figures = figuresOf(record, voltages);
+            QCOMPARE(figures.cellText(3), QString("4,000"));
+            record.*field = field == &Data::mode ? int(Data::NoMode) : 0;
+            figures.show(record, voltages, {});
+            QCOMPARE(told(figures), QString("|||||||||V||A||Ah||°C|mV/min|Ω"));
+            QCOMPARE(figures.cellText(3), QString());
+            QCOMPARE(figures.colour(F::Temperature), qRgb(255, 0, 0));
+            figures.setPerCellVoltage(true);
+            QCOMPARE(told(figures), QString("|||||||||Vc||A||Ah||°C|mV/min|Ω"));
+        }
     }
-    QCOMPARE(row, m_display->height() - scaled(20));
-    QVERIFY(m_display->width() - right <= 1);
-}
 
-void TestDataDisplay::window()
-{
-    QVERIFY(m_display->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-    QCOMPARE(m_display->windowTitle(), QString("Varnel - Data Display"));
-    QVERIFY(!m_display->windowIcon().isNull());
-    QCOMPARE(m_display->minimumSize(), QSize(scaled(470), scaled(280)));
-    QCOMPARE(m_display->maximumSize(), QSize(scaled(470), scaled(280)));
-    QCOMPARE(m_display->palette().color(QPalette::Window), QColor(Qt::black));
-    const auto *badge = m_display->findChild<QLabel *>("windowNumberLabel");
-    QCOMPARE(badge->text(), QString("--"));
-    show(samplePack({4100, 4200}), 7);
-    QCOMPARE(badge->text(), QString("7"));
-    QVERIFY(badge->isVisible());
-    QCOMPARE(badge->geometry(), QRect(0, 0, scaled(18), scaled(18)));
-    const QRgb ground = m_display->grab().toImage().pixel(1, 1);
-    QCOMPARE(ground, qRgb(255, 255, 0));
-    show(samplePack({4100, 4200}), -1);
-    QVERIFY(!badge->isVisible());
-}
-
-void TestDataDisplay::anotherWindowClearsFirst()
-{
-    show(samplePack({4100}), 1);
-    Varnel3Data forming = samplePack({4100});
-    forming.mode = Varnel3Data::Format; // has no text of its own
-    show(forming, 1);
-    QCOMPARE(text("modeLabel"), QStringLiteral("Charge"));
-    show(forming, 2);
-    QCOMPARE(text("modeLabel"), QString());
-    m_display->clear();
-    settle(*m_display);
-    QCOMPARE(text("cellsLabel"), QString());
-    m_state->setSwitches({}); // nothing comes back
-    settle(*m_display);
-    QCOMPARE(text("cellsLabel"), QString());
-}
-
-void TestDataDisplay::clickingTheVoltageToggles()
-{
-    auto *label = m_display->findChild<ClickedLabel *>();
-    show(samplePack({4200, 4200, 4200, 4200}));
-    QTest::mouseClick(label, Qt::RightButton);
-    QCOMPARE(label->text(), QStringLiteral("4,200"));
-    QCOMPARE(text("voltageUnit"), QStringLiteral("Vc"));
-    QTest::mouseClick(label, Qt::LeftButton);
-    QCOMPARE(label->text(), QStringLiteral("16,80"));
-    QCOMPARE(text("voltageUnit"), QStringLiteral("V"));
-}
-
-void TestDataDisplay::keptResistances()
-{
-    setView(true, 2);
-    const Varnel3Data measured = sampleResistances({2.0, 3.0});
-    const Varnel3Data bare = samplePack({4000, 4000});
-    show(measured);
-    show(bare, 1, true);
-    QCOMPARE(text("cellValue2"), QStringLiteral("  3,0"));
-    // The bare record has gone through the panel: what it carried is kept now.
-    show(bare, 1, true);
-    QCOMPARE(text("cellValue2"), QStringLiteral("--.-"));
-
-    // Lines closer together than repaints, and those of a hidden display, count all the same.
-    Varnel3Data first = measured;
-    Varnel3Data second = bare;
-    m_display->hide();
-    m_display->updateData(first, 1);
-    m_display->updateData(second, 1, true);
-    m_display->show();
-    settle(*m_display);
-    QCOMPARE(text("cellValue2"), QStringLiteral("  3,0"));
-
-    // The table is the program's, not the window's; outside the panel nothing is kept.
-    DataDisplay other;
-    other.setViewState(m_state);
-    other.updateData(first, 1);
-    setView(true, 0);
-    other.updateData(second, 1);
-    setView(true, 2);
-    show(bare, 1, true);
-    QCOMPARE(text("cellValue2"), QStringLiteral("  3,0"));
-}
-
-void TestDataDisplay::staleFiguresAreDimmed()
-{
-    const auto brightness = [this] {
-        auto *label = m_display->findChild<QLabel *>(QStringLiteral("voltageLabel"));
-        return label->palette().color(QPalette::WindowText).green();
-    };
-    show(samplePack({4100}));
-    QCOMPARE(brightness(), 255);
-    m_display->setStaleSince(QDateTime({2026, 1, 2}, {3, 4, 5}));
-    settle(*m_display);
-    QCOMPARE(brightness(), 102); // two and a half times darker
-    QCOMPARE(m_display->toolTip(), QString("No line since 03:04:05"));
-    m_display->setStaleSince({});
-    settle(*m_display);
-    QCOMPARE(brightness(), 255);
-    QCOMPARE(m_display->toolTip(), QString());
-}
-
-void TestDataDisplay::closingTells()
-{
-    QSignalSpy closed(m_display, SIGNAL(closed()));
-    m_display->hide();
-    QCOMPARE(closed.count(), 0);
-    m_display->show();
-    m_display->close();
-    QCOMPARE(closed.count(), 1);
-    QVERIFY(m_display->isHidden());
-}
-
-void TestDataDisplay::nothingIsCutOff_data()
-{
-    columns<qreal, int>({"fontFactor", "cellValue"}); // -1: the normal view
-    QTest::newRow("normal") << 1.0 << -1;
-    QTest::newRow("resistances, usual fonts") << 1.0 << 2;
-    QTest::newRow("larger fonts") << 1.5 << -1;
-    QTest::newRow("charges, larger fonts") << 1.5 << 1;
-}
-
-void TestDataDisplay::nothingIsCutOff()
-{
-    QFETCH(qreal, fontFactor);
-    QFETCH(int, cellValue);
-    const QFont usual = QApplication::font();
-    QFont larger = usual;
-    larger.setPointSizeF(usual.pointSizeF() * fontFactor);
-    QApplication::setFont(larger);
-    delete m_display;
-    m_display = new DataDisplay;
-    m_display->setViewState(m_state);
-    m_display->show();
-    setView(cellValue >= 0, qMax(0, cellValue));
-    Varnel3Data record = samplePack(QVector<int>(16, 14999));
-    record.mode = Varnel3Data::Discharge;
-    record.time = 2000000000;
-    record.voltage = 2000000000;
-    record.current = -1234567;
-    record.temperature = -12345;
-    record.energy = 1234567890;
-    record.cells[15].resistance = 1234567.8;
-    record.cells[15].balanceCharge = 2000000000;
-    record.internalResistance = 1234567;
-    record.voltageSlope = -2000000000;
-    show(record, 1234);
-    QCOMPARE(text("windowNumberLabel"), QString("1234"));
-    const auto labels = m_display->findChildren<QLabel *>();
-    for (const QLabel *label : labels) {
-        if (label->text().isEmpty())
-            continue;
-        const QSize needed = QFontMetrics(label->font()).size(0, label->text());
-        const QByteArray what = (label->objectName() + QLatin1Char(' ') + label->text()).toUtf8();
-        QVERIFY2(needed.width() <= label->width() && needed.height() <= label->height(), what);
-        QVERIFY2(m_display->rect().contains(label->geometry()), what);
+    void perCellVoltage()
+    {
+        const auto shown = [](const DataFigures &f) { return told(f, {F::Voltage, F::VoltageUnit}); };
+        Varnel3Data record = samplePack({4200, 4200, 4200, 4200});
+        DataFigures figures = figuresOf(record);
+        figures.setPerCellVoltage(true);
+        QCOMPARE(shown(figures), QString("4,200|Vc"));
+        record.cellCount = -3; // no mean of such a pack: the figure stays
+        record.voltage = 1000;
+        figures.show(record, {}, {});
+        QCOMPARE(shown(figures), QString("4,200|Vc"));
+        figures.setPerCellVoltage(false);
+        QCOMPARE(shown(figures), QString(" 1,00|V"));
+        figures.show(samplePack({4000}), voltages, {});
+        figures.setPerCellVoltage(true); // in the statistics, for later
+        QCOMPARE(shown(figures), QString(" 4,000|V avg"));
+        figures.show(samplePack({4000}), {}, {});
+        QCOMPARE(shown(figures), QString("4,000|Vc"));
     }
-    QApplication::setFont(usual);
-}
+
+    void extremes()
+    {
+        const auto shown = [](const Varnel3Data &record) {
+            return told(figuresOf(record, voltages), {F::MaxCellNote, F::MinCellNote, F::Temperature});
+        };
+        QCOMPARE(shown(samplePack({3900, 4200, 4200, 3900})), QString("0,300|cell 2|cell 1"));
+        QCOMPARE(shown(samplePack({4000, 3999, 3998, 4001})), QString("0,003|cell 4|cell 3"));
+        QVector<int> rising(16);
+        std::iota(rising.begin(), rising.end(), 1);
+        QCOMPARE(shown(samplePack(rising)), QString("0,015|cell 16|cell 1"));
+        Varnel3Data record = samplePack({4000, 4100});
+        record.cellMax = 4500; // no cell has it
+        record.cellCount = 99;
+        QCOMPARE(shown(record), QString("0,500|cell 1|cell 1"));
+        QCOMPARE(figuresOf(record, voltages).cellText(15), QString("0,000"));
+        record.flag5 = '_'; // no cell data: the normal view stays
+        QCOMPARE(shown(record), QString("--,-||"));
+    }
+
+    void charges()
+    {
+        Varnel3Data record = samplePack({4110, 4032});
+        record.cells[1].balanceCharge = 360000 * 1234 + 359999;
+        const DataFigures figures = figuresOf(record, {true, CellValue::Charge});
+        QCOMPARE(figures.text(F::Resistance), QString("1,234"));
+        QCOMPARE(figures.cellText(0) + figures.cellText(1) + figures.cellText(2), QString("0,0001,235"));
+        QCOMPARE(figures.cellColour(), qRgb(140, 120, 100));
+    }
+
+    /// After the figures and notes, the first cell's and that of one cell too many.
+    void resistancePanel()
+    {
+        const QVector<DataFigures::Item> captions{
+            F::VoltageUnit, F::CurrentUnit, F::TemperatureUnit, F::CapacityUnit, F::ResistanceUnit};
+        const QVector<DataFigures::Item> items{F::Voltage, F::Current, F::Temperature, F::Capacity,
+            F::Resistance, F::MaxCellNote, F::MinCellNote};
+        const QString none = "--,-|--,-|--,-|--,-|--,-||";
+        const QVector<QPair<QVector<double>, QString>> rows = {
+            {{2.0, 2.5, 3.0}, " 2,50|  3,0|   50|  2,0|  7,5|cell 3|cell 1/  2,0/"},
+            {{2.0, 3.0, 3.0, 2.0}, " 2,50|  3,0|   50|  2,0| 10,0|cell 2|cell 1/  2,0/"}, // ties
+            {{2.0, 0.0, 3.0}, none + "/  2,0/"},
+            {{0.0, 0.0}, none + "/--.-/"},
+            {{-1.0, 2.0}, none + "/--.-/"},
+            {{150.0, 120.0}, "135,00|150,0|   51| 99,9|270,0|cell 1|cell 1/150,0/"}, // the lowest's limit
+            {{100.0 / 149.49, 1.0}, " 0,83|  1,0|   50|  0,7|  1,7|cell 2|cell 1/  0,7/"}, // rounded upwards
+            {{1.0, 1.1}, " 1,05|  1,1|   10|  1,0|  2,1|cell 2|cell 1/  1,0/"}, // halves go to even figures
+            {{10.0, 11.1}, "10,55| 11,1|   12| 10,0| 21,1|cell 2|cell 1/ 10,0/"},
+            {{2.5}, " 2,50|  2,5|    0|  2,5|  2,5|cell 1|cell 1/  2,5/"},
+        };
+        for (const auto &[milliohms, expected] : rows) {
+            const DataFigures shown = figuresOf(sampleResistances(milliohms), {true, CellValue::Resistance});
+            QCOMPARE(told(shown, items) + '/' + shown.cellText(0) + '/' + shown.cellText(milliohms.size()),
+                expected);
+            QCOMPARE(told(shown, captions), QString("Ri avg|Ri max|Ri min|%\nRi delta|Ri"));
+            QCOMPARE(shown.cellColour(), qRgb(255, 165, 0));
+        }
+    }
+
+    /// What each label shows, where, in which colour and size, in the normal view and in the statistics.
+    void labels()
+    {
+        constexpr int bottom = Qt::AlignLeft | Qt::AlignBottom;
+        constexpr int right = Qt::AlignRight | Qt::AlignVCenter;
+        constexpr int left = Qt::AlignLeft | Qt::AlignVCenter;
+        constexpr int mid = Qt::AlignCenter;
+        static const struct {
+            const char *name;
+            QRect place; // at scale 1
+            int alignment;
+            int points;
+            const char *shown[2]; // in the normal view, in the statistics
+            const char *colours[2];
+        } rows[] = {
+            {"cellsLabel", {0, 0, 235, 58}, mid, 31, {"4 x LiPo", "4 x LiPo"}, {"#ffffff", "#ffffff"}},
+            {"modeLabel", {235, 0, 235, 58}, mid, 33, {"Discharge", "Discharge"}, {"#ffffff", "#ffffff"}},
+            {"voltageLabel", {0, 58, 180, 60}, mid, 35, {"16,80", " 4,200"}, {"#00ff00", "#00ff00"}},
+            {"voltageUnit", {180, 58, 55, 30}, bottom, 13, {"V", "V avg"}, {"#00ff00", "#00ff00"}},
+            {"voltageNote", {180, 89, 55, 29}, bottom, 13, {"", ""}, {"#00ff00", "#00ff00"}},
+            {"currentLabel", {235, 58, 180, 60}, mid, 35, {"-1,50", "4,210"}, {"#00ffff", "#ffff00"}},
+            {"currentUnit", {415, 58, 55, 30}, bottom, 13, {"A", "V max"}, {"#00ffff", "#ffff00"}},
+            {"maxCellNote", {415, 89, 55, 29}, bottom, 13, {"", "cell 3"}, {"#ffff00", "#ffff00"}},
+            {"slopeLabel", {0, 118, 120, 30}, right, 17, {"12", "30"}, {"#ffff00", "#00ffff"}},
+            {"slopeUnit", {126, 118, 109, 30}, left, 13, {"mV/min", "%"}, {"#ffff00", "#00ffff"}},
+            {"resistanceLabel", {0, 149, 120, 30}, right, 17, {"0,037", "0,500"}, {"#ff00ff", "#ff7f00"}},
+            {"resistanceUnit", {126, 149, 109, 30}, left, 13, {"Ω", "Ah max"}, {"#ff00ff", "#ff7f00"}},
+            {"temperatureLabel", {235, 118, 180, 60}, mid, 35, {"23,5", "0,020"}, {"#ff0000", "#00ffff"}},
+            {"temperatureUnit", {415, 128, 55, 40}, left, 13, {"°C", "V delta"}, {"#ff0000", "#00ffff"}},
+            {"timeLabel", {7, 179, 220, 60}, mid, 35, {"01:02:05", "01:02:05"}, {"#ffff00", "#ffff00"}},
+            {"capacityLabel", {235, 179, 180, 60}, mid, 35, {"  1,044", "4,190"}, {"#ff7f00", "#ff7f00"}},
+            {"capacityUnit", {415, 179, 55, 30}, bottom, 13, {"Ah", "V min"}, {"#ff7f00", "#ff7f00"}},
+            {"minCellNote", {415, 210, 55, 29}, bottom, 13, {"", "cell 2"}, {"#ff7f00", "#ff7f00"}},
+        };
+        Varnel3Data record = samplePack({4200, 4190, 4210, 4200});
+        record.mode = Data::Discharge;
+        record.time = 3725;
+        record.current = -1500;
+        record.temperature = 235;
+        record.energy = 1044;
+        record.voltageSlope = 12;
+        record.internalResistance = 37;
+        record.balanceMax = 30;
+        record.cells[1].balanceCharge = 360000 * 500;
+        // The first of 100, 95... 50 % at which a figure is less than 54 pixels high.
+        QFont figure("Arial");
+        int percent = 105;
+        do {
+            percent -= 5;
+            figure.setPointSizeF(35 * percent / 100 * fontScale());
+        } while (percent > 50 && QFontMetrics(figure).height() >= scaled(54));
+        QCOMPARE(percent < 100, qEnvironmentVariableIsSet("FONTCONFIG_FILE"));
+        for (const bool statistics : {false, true, false}) {
+            setView(statistics, CellValue::Voltage);
+            show(record);
+            for (const auto &row : rows) {
+                const QLabel *label = this->label(row.name);
+                QCOMPARE(label->text(), QString(row.shown[statistics]));
+                QCOMPARE(
+                    label->palette().color(QPalette::WindowText).name(), QString(row.colours[statistics]));
+                QVERIFY2(label->autoFillBackground() && label->textFormat() == Qt::PlainText, row.name);
+                QCOMPARE(label->palette().color(QPalette::Window), QColor(Qt::black));
+                QCOMPARE(int(label->alignment()), row.alignment);
+                if (displayScale() == 1.0)
+                    QCOMPARE(label->geometry(), row.place);
+                const bool isFull
+                    = percent == 100 || row.place.y() > 0; // the names above are as wide as can be
+                if (isFull && !statistics && !label->text().isEmpty())
+                    QCOMPARE(label->font().pointSizeF(), row.points * percent / 100 * fontScale());
+            }
+        }
+    }
+
+    void cellTable()
+    {
+        setView(true, CellValue::Voltage);
+        QVector<int> rising(16);
+        std::iota(rising.begin(), rising.end(), 3001);
+        show(samplePack(rising));
+        int row = 0;
+        int right = 0;
+        for (int i = 1; i <= 16; ++i) {
+            const QLabel *name = label(QString("cellName%1").arg(i));
+            const QLabel *value = label(QString("cellValue%1").arg(i));
+            QCOMPARE(name->text() + value->text(), QString("%1: 3,0%2").arg(i).arg(i, 2, 10, QChar('0')));
+            QCOMPARE(name->palette().color(QPalette::WindowText), QColor(Qt::white));
+            QCOMPARE(value->palette().color(QPalette::WindowText), QColor(100, 100, 255));
+            QCOMPARE(value->palette().color(QPalette::Window), QColor(Qt::black));
+            QCOMPARE(int(name->alignment()), Qt::AlignRight | Qt::AlignVCenter);
+            QCOMPARE(name->font(), label("cellName1")->font());
+            QCOMPARE(QSize(name->width(), value->height()), QSize(scaled(20), scaled(20)));
+            // Two rows of eight, read as a book is.
+            QVERIFY(i == 9 ? name->y() == row + scaled(20) + 1 : i == 1 || name->y() == row);
+            QVERIFY(name->x() == (i % 8 == 1 ? 0 : right + 1) && value->x() == name->x() + name->width() + 1);
+            row = name->y();
+            right = value->x() + value->width();
+        }
+        QCOMPARE(row, m_display->height() - scaled(20));
+        QVERIFY(m_display->width() - right <= 1);
+    }
+
+    void window()
+    {
+        QVERIFY(m_display->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+        QCOMPARE(m_display->windowTitle(), QString("Varnel - Data Display"));
+        QVERIFY(!m_display->windowIcon().isNull());
+        QCOMPARE(m_display->minimumSize(), QSize(scaled(470), scaled(280)));
+        QCOMPARE(m_display->maximumSize(), m_display->minimumSize());
+        QCOMPARE(m_display->palette().color(QPalette::Window), QColor(Qt::black));
+        const QLabel *badge = label("windowNumberLabel");
+        QCOMPARE(badge->text(), QString("--"));
+        show(samplePack({4100, 4200}), 7);
+        QCOMPARE(badge->text(), QString("7"));
+        QVERIFY(badge->isVisible() && badge->alignment() == Qt::AlignCenter);
+        QCOMPARE(badge->geometry(), QRect(0, 0, scaled(18), scaled(18)));
+        QCOMPARE(m_display->grab().toImage().pixel(1, 1), qRgb(255, 255, 0));
+        show(samplePack({4100, 4200}), -1);
+        QVERIFY(!badge->isVisible());
+        QSignalSpy closed(m_display.get(), SIGNAL(closed()));
+        m_display->hide();
+        QCOMPARE(closed.count(), 0);
+        m_display->show();
+        m_display->close();
+        QVERIFY(closed.count() == 1 && m_display->isHidden());
+    }
+
+    void anotherWindowClearsFirst()
+    {
+        show(samplePack({4100}), 1);
+        Varnel3Data forming = samplePack({4100});
+        forming.mode = Data::Format; // has no text of its own
+        show(forming, 1);
+        QCOMPARE(label("modeLabel")->text(), QString("Charge"));
+        show(forming, 2);
+        QCOMPARE(label("modeLabel")->text(), QString());
+        m_display->clear();
+        settle(*m_display);
+        QCOMPARE(label("cellsLabel")->text(), QString());
+        m_state->setSwitches({}); // nothing comes back
+        settle(*m_display);
+        QCOMPARE(label("cellsLabel")->text(), QString());
+    }
+
+    void clickingTheVoltageToggles()
+    {
+        const auto shown = [this] { return label("voltageLabel")->text() + label("voltageUnit")->text(); };
+        show(samplePack({4200, 4200, 4200, 4200}));
+        QTest::mouseClick(m_display->findChild<ClickedLabel *>("voltageLabel"), Qt::RightButton);
+        QCOMPARE(shown(), QString("4,200Vc"));
+        QTest::mouseClick(m_display->findChild<ClickedLabel *>(), Qt::LeftButton);
+        QCOMPARE(shown(), QString("16,80V"));
+    }
+
+    void keptResistances()
+    {
+        const auto second = [this] { return label("cellValue2")->text(); };
+        setView(true, CellValue::Resistance);
+        Varnel3Data measured = sampleResistances({2.0, 3.0});
+        Varnel3Data bare = samplePack({4000, 4000});
+        show(measured);
+        show(bare, 1, true);
+        QCOMPARE(second(), QString("  3,0"));
+        show(bare, 1, true); // the last one has gone through the panel: what it carried is kept now
+        QCOMPARE(second(), QString("--.-"));
+
+        // Lines closer together than repaints, and those of a hidden display, count all the same.
+        m_display->hide();
+        m_display->updateData(measured, 1);
+        m_display->updateData(bare, 1, true);
+        m_display->show();
+        QCOMPARE(second(), QString("  3,0"));
+
+        // The table is the program's, not the window's; outside the panel nothing is kept.
+        DataDisplay other;
+        other.updateData(bare, 1); // does without a view state
+        other.setViewState(m_state.get());
+        other.updateData(measured, 1);
+        setView(true, CellValue::Voltage);
+        other.updateData(bare, 1);
+        setView(false, CellValue::Resistance);
+        other.updateData(bare, 1);
+        setView(true, CellValue::Resistance);
+        bare.flag5 = '_';
+        other.updateData(bare, 1);
+        bare.flag5 = 'B';
+        show(bare, 1, true);
+        QCOMPARE(second(), QString("  3,0"));
+    }
+
+    void staleFiguresAreDimmed()
+    {
+        const auto shown = [this] {
+            settle(*m_display);
+            return label("voltageLabel")->palette().color(QPalette::WindowText).name() + m_display->toolTip();
+        };
+        show(samplePack({4100}));
+        m_display->setStaleSince(QDateTime({2026, 1, 2}, {3, 4, 5}));
+        QCOMPARE(shown(), QString("#006600No line since 03:04:05")); // two and a half times darker
+        m_display->setStaleSince({});
+        QCOMPARE(shown(), QString("#00ff00"));
+    }
+
+    void nothingIsCutOff()
+    {
+        Varnel3Data record = samplePack(QVector<int>(16, 14999));
+        record.mode = Data::Discharge;
+        record.time = record.voltage = record.cells[15].balanceCharge = 2000000000;
+        record.current = -1234567;
+        record.temperature = -12345;
+        record.energy = 1234567890;
+        record.cells[15].resistance = 1234567.8;
+        record.internalResistance = 1234567;
+        record.voltageSlope = -2000000000;
+        const QFont usual = QApplication::font();
+        const auto back = qScopeGuard([usual] { QApplication::setFont(usual); });
+        for (const int view : {-1, int(CellValue::Charge), int(CellValue::Resistance)}) { // -1: normal
+            QFont larger = usual;
+            larger.setPointSizeF(usual.pointSizeF() * (view == int(CellValue::Resistance) ? 1.0 : 1.5));
+            QApplication::setFont(larger);
+            open();
+            setView(view >= 0, CellValue(qMax(0, view)));
+            show(record, 1234);
+            QCOMPARE(label("windowNumberLabel")->text(), QString("1234"));
+            const auto labels = m_display->findChildren<QLabel *>();
+            for (const QLabel *one : labels) {
+                const QByteArray what = (one->objectName() + ' ' + one->text()).toUtf8();
+                const QSize needed = QFontMetrics(one->font()).size(0, one->text());
+                QVERIFY2(one->size().expandedTo(needed) == one->size() || one->text().isEmpty(), what);
+                QVERIFY2(m_display->rect().contains(one->geometry()), what);
+            }
+        }
+    }
+
+private:
+    QLabel *label(const QString &name) const { return m_display->findChild<QLabel *>(name); }
+
+    void open()
+    {
+        m_display = std::make_unique<DataDisplay>();
+        m_display->setViewState(m_state.get());
+        m_display->show();
+    }
+
+    void setView(bool statistics, CellValue cellValue)
+    {
+        ViewSwitches switches;
+        switches.balancer = statistics;
+        switches.cellValue = cellValue;
+        m_state->setSwitches(switches);
+    }
+
+    /// Shows `record` and waits until it stands there.
+    void show(Varnel3Data record, int window = 1, bool useKeptRi = false)
+    {
+        m_display->updateData(record, window, useKeptRi);
+        settle(*m_display);
+    }
+
+    std::unique_ptr<WarningCollector> m_warnings;
+    std::unique_ptr<ViewState> m_state;
+    std::unique_ptr<DataDisplay> m_display;
+};
 
 QTEST_MAIN(TestDataDisplay)
 #include "tst_datadisplay.moc"
