@@ -1,7 +1,9 @@
-#include "support/fakegraphhost.h"
+#include "graph/graphhost.h"
 #include "graph/mdigraphchild.h"
-#include "support/samplerecords.h"
+#include "settings/viewstate.h"
 #include "support/fakelink.h"
+#include "support/graphcase.h"
+#include "support/paintlog.h"
 #include "widgets/refreshgate.h"
 
 #include <QMdiArea>
@@ -9,21 +11,54 @@
 #include <QPointer>
 #include <QtTest>
 
-#include <utility>
-
 namespace {
 
-// Counts the repaints of a widget.
-class PaintCounter : public QObject {
+/// A shell that takes down all that a graph window asks of it.
+class Shell : public QObject, public GraphHost {
+    Q_OBJECT
+
 public:
-    explicit PaintCounter(QWidget *widget) { widget->installEventFilter(this); }
-    bool eventFilter(QObject *, QEvent *event) override
+    ViewState *viewState() const override { return state; }
+    bool isCurrent(const MdiGraphChild *) const override { return current; }
+    void showRecord(const Varnel3Data &record, int number, bool keptRi) override
     {
-        count += event->type() == QEvent::Paint;
+        asked << QString("show %1 s, %2 mAh, of %3").arg(record.time).arg(record.balancedMah).arg(number)
+                + (keptRi ? ", kept Ri" : "");
+    }
+    void showMessageStatusBar(const QString &text, int ms) override
+    {
+        asked << QString("%1 for %2").arg(text).arg(ms);
+    }
+    QObject *updateReceiver() override { return this; }
+    bool mayClose(MdiGraphChild *) override { return mayCloseAny; }
+    void graphClosing(MdiGraphChild *) override { asked << "closing"; }
+    bool eventFilter(QObject *, QEvent *event) override // of a graph window
+    {
+        paints += event->type() == QEvent::Paint;
         return false;
     }
-    int count = 0;
+    QStringList taken() { return std::exchange(asked, {}); }
+
+    ViewState *state = new ViewState(this);
+    bool current = false;
+    bool mayCloseAny = true;
+    QStringList asked;
+    int paints = 0;
+
+public slots:
+    void updateCapacity(int now, char mode, int atMark, int number)
+    {
+        asked << QString("capacity %1 %2 %3 of %4").arg(now).arg(QLatin1Char(mode)).arg(atMark).arg(number);
+    }
+    void updateVoltage() { asked << "voltage"; }
 };
+
+SeriesStore storeOf(const char *words)
+{
+    SeriesStore store;
+    store.load(recordsOf(words));
+    return store;
+}
 
 } // namespace
 
@@ -31,335 +66,298 @@ class TestMdiGraphChild : public QObject {
     Q_OBJECT
 
 private slots:
-    void titleFollowsTheFile();
-    void tellsEachRecord();
-    void flagsLostResistance();
-    void showsRecordsWhileCurrent();
-    void liveWhileAReaderFeeds();
-    void closingDetaches();
-    void loadsAFile();
-    void resistanceLineIsShownAgain();
-    void showsHowItsProcessEnded_data();
-    void showsHowItsProcessEnded();
-    void repaintsSparingly();
-    void coveredWindowsCostNothing();
-    void forwardsEvents();
-    void notesSilence();
-};
-
-void TestMdiGraphChild::titleFollowsTheFile()
-{
-    FakeGraphHost host;
-    MdiGraphChild child(&host);
-    const RecordList records = samples::nimhDischarge(3);
-    QCOMPARE(child.windowTitle(), QStringLiteral("No file name"));
-    child.setPortName(QStringLiteral("COM7"));
-    QCOMPARE(child.windowTitle(), QStringLiteral("No file name COM7*"));
-    child.addRecord(records[0]);
-    QCOMPARE(child.windowTitle(), QStringLiteral("No file name COM7*"));
-    QVERIFY(child.hasUnsavedData());
-    child.markSaved(QStringLiteral("/data/a%1.acp"), 1);
-    QCOMPARE(child.windowTitle(), QStringLiteral("/data/a%1.acp COM7"));
-    QVERIFY(!child.hasUnsavedData());
-    child.addRecord(records[1]);
-    QCOMPARE(child.windowTitle(), QStringLiteral("/data/a%1.acp COM7*"));
-    QVERIFY(child.hasUnsavedData());
-    child.finishRecording();
-    child.markSaved(QStringLiteral("/data/b.acp"), 1); // one came while it was written
-    QCOMPARE(child.windowTitle(), QStringLiteral("/data/a%1.acp COM7*"));
-    QVERIFY(child.hasUnsavedData());
-    child.markSaved(QStringLiteral("/data/b.acp"), 2);
-    QCOMPARE(child.windowTitle(), QStringLiteral("/data/a%1.acp COM7")); // the first name stays
-}
-
-void TestMdiGraphChild::tellsEachRecord()
-{
-    FakeGraphHost host;
-    MdiGraphChild child(&host);
-    child.setWindowNumber(4);
-    RecordList records = samples::nimhDischarge(11);
-    for (int i = 0; i < records.size(); ++i)
-        child.addRecord(records[i]);
-    QCOMPARE(host.messages, QStringList{QStringLiteral("Device: Varnel 2+ 3000")});
-    QCOMPARE(host.calls, QByteArray("cv").repeated(11)); // not current
-    QCOMPARE(host.capacities.first(), QStringLiteral("0 D 0 4"));
-    QCOMPARE(host.capacities.last(), QStringLiteral("2950 D 2950 4"));
-    host.current = &child;
-    child.addRecord(records[10]);
-    QCOMPARE(host.calls.right(3), QByteArray("crv"));
-}
-
-void TestMdiGraphChild::flagsLostResistance()
-{
-    FakeGraphHost host;
-    MdiGraphChild child(&host);
-    host.current = &child;
-    // all that it takes, and each thing missing once
-    RecordList records = samples::lipoCharge(9);
-    for (int i : {1, 3, 5, 7})
-        records[i].cells[0].resistance = 0.0;
-    records[7].flag5 = '_';
-    ViewSwitches switches;
-    for (int i = 0; i < records.size(); ++i) {
-        switches.cellValue = i == 5 ? CellValue::Charge : CellValue::Resistance;
-        host.state->setSwitches(switches);
-        child.addRecord(records[i]);
-    }
-    QVector<bool> flags;
-    for (const FakeGraphHost::Shown &shown : std::as_const(host.shown))
-        flags.append(shown.useKeptRi);
-    QCOMPARE(flags, (QVector<bool>{false, false, false, true, false, false, false, false, false}));
-}
-
-void TestMdiGraphChild::showsRecordsWhileCurrent()
-{
-    FakeGraphHost host;
-    MdiGraphChild child(&host);
-    child.setWindowNumber(2);
-    child.showNewest(); // nothing to show
-    host.current = &child;
-    child.showNewest();
-    QVERIFY(host.shown.isEmpty());
-    child.addRecord(samples::lipoCharge(1)[0]);
-    QCOMPARE(host.shown.size(), 1);
-    QCOMPARE(host.shown[0].number, 2);
-    child.showNewest();
-    QCOMPARE(host.shown.size(), 2);
-    QCOMPARE(host.shown[1].record.voltage, child.store().records()[0].voltage);
-}
-
-void TestMdiGraphChild::liveWhileAReaderFeeds()
-{
-    FakeGraphHost host;
-    FakeLink link;
-    MdiGraphChild child(&host);
-    QVERIFY(!child.isLive());
-    QVERIFY(!child.stopProcess());
-    child.attachReader(&link);
-    QVERIFY(child.isLive());
-    QVERIFY(child.stopProcess());
-    QCOMPARE(link.commands, QStringList{QStringLiteral("#STOP\r\n")});
-    child.finishRecording();
-    child.finishRecording();
-    QVERIFY(!child.isLive());
-    QVERIFY(!child.stopProcess());
-    QCOMPARE(link.detached, 0);
-}
-
-void TestMdiGraphChild::closingDetaches()
-{
-    FakeGraphHost host;
-    FakeLink link;
-    QPointer<MdiGraphChild> child = new MdiGraphChild(&host);
-    child->attachReader(&link);
-    child->show();
-    child->close();
-    QCOMPARE(host.closed.size(), 1);
-    QCOMPARE(link.detached, 1);
-    child->addRecord(samples::lipoCharge(1)[0]); // on its way out
-    QVERIFY(host.calls.isEmpty());
-    QTRY_VERIFY(child.isNull());
-    QCOMPARE(link.detached, 1);
+    void init()
     {
-        MdiGraphChild deleted(&host);
-        deleted.attachReader(&link);
+        child.reset();
+        shell = std::make_unique<Shell>();
+        child = std::make_unique<MdiGraphChild>(shell.get());
+        child->setWindowNumber(4);
     }
-    QCOMPARE(link.detached, 2);
-    MdiGraphChild refused(&host);
-    refused.attachReader(&link);
-    host.mayCloseAny = false;
-    QVERIFY(!refused.close() && refused.isLive());
-    refused.addRecord(samples::lipoCharge(1)[0]);
-    QCOMPARE(host.calls, QByteArray("cv"));
-}
 
-void TestMdiGraphChild::loadsAFile()
-{
-    FakeGraphHost host;
-    MdiGraphChild child(&host);
-    host.current = &child;
-    SeriesStore store;
-    store.load(samples::lipoCharge(30));
-    child.load(std::move(store), QStringLiteral("/data/old.acp"));
-    QCOMPARE(child.windowTitle(), QStringLiteral("/data/old.acp"));
-    QVERIFY(!child.hasUnsavedData());
-    QVERIFY(!child.isLive());
-    QCOMPARE(host.shown.size(), 1);
-    QCOMPARE(host.shown[0].record.time, 29 * 5);
-    QCOMPARE(host.calls, QByteArray("r"));
-    QVERIFY(host.messages.isEmpty());
-    child.setPortName(QStringLiteral("COM7"));
-    QCOMPARE(child.windowTitle(), QStringLiteral("/data/old.acp")); // it is saved
-    QCOMPARE(child.sourceName(), QStringLiteral("old.acp COM7"));
-    MdiGraphChild single(&host); // one record is no data
-    host.current = &single;
-    SeriesStore lone;
-    lone.load(samples::lipoCharge(1));
-    single.load(std::move(lone), QStringLiteral("/data/one.acp"));
-    single.setPortName(QStringLiteral("COM7"));
-    QCOMPARE(single.windowTitle(), QStringLiteral("No file name COM7*"));
-    QCOMPARE(host.shown.size(), 1);
-}
-
-void TestMdiGraphChild::resistanceLineIsShownAgain()
-{
-    FakeGraphHost host;
-    MdiGraphChild child(&host);
-    host.current = &child;
-    const QByteArray line = "!34" + QByteArray(",10").repeated(15);
-    child.applyResistanceLine(line);
-    QVERIFY(host.shown.isEmpty());
-    child.addRecord(samples::lipoCharge(1)[0]);
-    child.applyResistanceLine(line);
-    QCOMPARE(host.calls, QByteArray("crvrv"));
-    QCOMPARE(host.shown[1].record.cells[0].resistance, 3.4);
-}
-
-void TestMdiGraphChild::showsHowItsProcessEnded_data()
-{
-    QTest::addColumn<char>("letter");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("none") << '_' << QString();
-    QTest::newRow("error") << 'S' << QStringLiteral("Error in process !");
-    QTest::newRow("aborted") << 'M' << QStringLiteral("Process aborted by user.");
-    QTest::newRow("completed") << 'E' << QStringLiteral("Process completed.");
-}
-
-void TestMdiGraphChild::showsHowItsProcessEnded()
-{
-    QFETCH(char, letter);
-    FakeGraphHost host;
-    QMdiArea area;
-    auto *child = new MdiGraphChild(&host);
-    QMdiSubWindow *frame = area.addSubWindow(child);
-    const qint64 before = frame->windowIcon().cacheKey();
-    Varnel3Data record = samples::lipoCharge(1)[0];
-    child->addRecord(record);
-    record.flag3 = letter;
-    child->addRecord(record);
-    QTEST(child->toolTip(), "text");
-    QTEST(frame->toolTip(), "text");
-    QCOMPARE(frame->windowIcon().cacheKey() != before, letter != '_');
-}
-
-/// At once, then a tenth of a second later for all that came meanwhile.
-void TestMdiGraphChild::repaintsSparingly()
-{
-    FakeGraphHost host;
-    MdiGraphChild child(&host);
-    child.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&child));
-    QSignalSpy refreshes(child.findChild<RefreshGate *>(), SIGNAL(refresh()));
-    const RecordList records = samples::lipoCharge(50);
-    for (int i = 0; i < records.size(); ++i)
-        child.addRecord(records[i]);
-    QCOMPARE(refreshes.size(), 1);
-    PaintCounter painted(&child);
-    QTRY_COMPARE_WITH_TIMEOUT(refreshes.size(), 2, 30000);
-    QTRY_VERIFY_WITH_TIMEOUT(painted.count > 0, 30000);
-    const int before = painted.count;
-    ViewSwitches switches;
-    switches.cellValue = CellValue::Resistance; // nobody else asks for it
-    host.state->setSwitches(switches);
-    QTRY_VERIFY_WITH_TIMEOUT(painted.count > before, 30000);
-}
-
-void TestMdiGraphChild::coveredWindowsCostNothing()
-{
-    FakeGraphHost host;
-    QMdiArea area;
-    area.resize(800, 600);
-    area.show();
-    auto *below = new MdiGraphChild(&host);
-    area.addSubWindow(below)->setGeometry(100, 100, 300, 200);
-    below->show();
-    auto *above = new MdiGraphChild(&host);
-    area.addSubWindow(above)->setGeometry(50, 50, 500, 400);
-    above->show();
-    QVERIFY(QTest::qWaitForWindowExposed(&area));
-    auto *gate = below->findChild<RefreshGate *>();
-    QSignalSpy refreshes(gate, SIGNAL(refresh()));
-    below->addRecord(samples::lipoCharge(1)[0]);
-    QVERIFY(refreshes.isEmpty() && !gate->isPending());
-    PaintCounter painted(below);
-    above->parentWidget()->move(400, 50); // comes to sight with all that it has
-    QTRY_VERIFY_WITH_TIMEOUT(painted.count > 0, 30000);
-    below->addRecord(samples::lipoCharge(1)[0]);
-    QCOMPARE(refreshes.size(), 1);
-}
-
-/// The window's own events reach what mouse and keyboard do, and that is painted.
-void TestMdiGraphChild::forwardsEvents()
-{
-    FakeGraphHost host;
-    MdiGraphChild child(&host);
-    child.resize(1000, 600);
-    child.show();
-    child.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&child));
-    SeriesStore store;
-    store.load(samples::lipoCharge(87, 10)); // a pixel is a second, from 40 on
-    child.load(std::move(store), QStringLiteral("x.acp"));
-    host.current = &child;
-    const auto zoom = [&] { return child.request(child.size()).zoom; };
-    const auto shown = [&] { return host.shown.isEmpty() ? -1 : host.shown.last().record.time; };
-    const QPoint middle(470, 155);
-    QTest::mouseMove(&child, QPoint(20, 20));
-    QTest::mouseMove(&child, middle);
-    QTRY_COMPARE_WITH_TIMEOUT(shown(), 430, 30000);
-    QCOMPARE(host.shown.last().record.balancedMah, 40); // the newest one's, whatever the record
-    const QImage with = child.grab().toImage();
-    QTest::keyClick(&child, Qt::Key_Left);
-    QCOMPARE(shown(), 420);
-    QEvent leave(QEvent::Leave);
-    QApplication::sendEvent(&child, &leave);
-    QCOMPARE(shown(), 860);
-    QVERIFY(!host.shown.last().useKeptRi);
-    QVERIFY(child.grab().toImage() != with); // the cursor line has gone
-    QTest::mousePress(&child, Qt::LeftButton, Qt::NoModifier, middle);
-    QMouseEvent move(QEvent::MouseMove, QPoint(600, 250), QPoint(), Qt::NoButton, Qt::LeftButton, {});
-    const QImage pressed = child.grab().toImage();
-    QApplication::sendEvent(&child, &move);
-    QVERIFY(child.grab().toImage() != pressed); // a rectangle
-    QTest::mouseRelease(&child, Qt::LeftButton, Qt::NoModifier, QPoint(600, 250));
-    QCOMPARE(zoom().times().high, 560.0);
-    child.resize(449, 600);
-    QCOMPARE(zoom().times().high, 600.0); // divided anew
-    child.setScale(1.4);
-    QCOMPARE(child.request(child.size()).scale, 1.4);
-    QTest::mouseDClick(&child, Qt::LeftButton, Qt::NoModifier, QPoint(200, 155));
-    QVERIFY(!zoom().isActive());
-    QWheelEvent wheel(QPoint(200, 155), QPoint(), QPoint(), QPoint(0, 120), {}, {}, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(&child, &wheel);
-    QVERIFY(zoom().isActive() && wheel.isAccepted());
-    QSignalSpy changes(&child, SIGNAL(selectedCellsChanged()));
-    child.setSelectedCells({true});
-    child.setSelectedCells({true});
-    QCOMPARE(changes.size(), 1);
-    QVERIFY(child.selectedCells()[0]);
-}
-
-void TestMdiGraphChild::notesSilence()
-{
-    FakeGraphHost host;
-    MdiGraphChild child(&host);
-    child.addRecord(samples::lipoCharge(1)[0]);
-    const QDateTime since(QDate(2026, 2, 3), QTime(9, 5, 7));
-    child.setSilentSince(since);
-    QCOMPARE(child.request(QSize(300, 200)).note, QStringLiteral("No line since 09:05:07"));
-    for (char mark : {'_', 'E'}) { // of a device that sends no end: no current, or a trickle after that
-        Varnel3Data ended = samples::lipoCharge(1)[0];
-        ended.flag4 = mark;
-        ended.current = mark == 'E' ? 50 : 0;
-        child.addRecord(ended);
-        child.setSilentSince(since);
-        QCOMPARE(child.request(QSize(300, 200)).note, QStringLiteral("Ended or silent since 09:05:07"));
+    void titleFollowsTheFile()
+    {
+        QStringList titles{title()};
+        child->setPortName("COM7");
+        titles << title();
+        add("1");
+        titles << title();
+        child->markSaved("/data/a%1.acp", 1);
+        titles << title();
+        add("1");
+        titles << title();
+        child->markSaved("/data/b.acp", 1); // one came while it was written
+        titles << title();
+        child->markSaved("/data/b.acp", 2);
+        titles << title() << child->sourceName() << child->portName();
+        const QString first = "/data/a%1.acp COM7"; // it stays
+        QCOMPARE(titles,
+            QStringList({"No file name", "No file name COM7*", "No file name COM7* !", first, first + "* !",
+                first + "* !", first, "a%1.acp COM7", "COM7"}));
     }
-    child.addRecord(samples::lipoCharge(1)[0]);
-    QCOMPARE(child.request(QSize(300, 200)).note, QString());
-    child.setSilentSince(QDateTime());
-    QCOMPARE(child.request(QSize(300, 200)).note, QString());
-}
+
+    void tellsEachRecord()
+    {
+        const QByteArray resistances = "!34" + QByteArray(",10").repeated(15);
+        shell->current = true;
+        child->showNewest();
+        child->applyResistanceLine(resistances);
+        QCOMPARE(shell->taken(), QStringList());
+        shell->current = false;
+        add("2 mode=1 device=1");
+        child->showNewest();
+        QCOMPARE(shell->taken(),
+            QStringList({"Device: Varnel 2+ for 3000", "capacity 0 D 0 of 4", "voltage",
+                "capacity 100 D 100 of 4", "voltage"}));
+        shell->current = true;
+        add("1");
+        child->applyResistanceLine(resistances);
+        QCOMPARE(child->store().records()[2].cells[0].resistance, 3.4);
+        child->showNewest();
+        const QString shown = "show 0 s, 0 mAh, of 4";
+        QCOMPARE(
+            shell->taken(), QStringList({"capacity 0 D 0 of 4", shown, "voltage", shown, "voltage", shown}));
+    }
+
+    /// All that the flag takes, and each thing missing once.
+    void flagsLostResistance()
+    {
+        shell->current = true;
+        RecordList records = recordsOf("9 r0=3 r0@1=0 r0@3=0 r0@5=0 r0@7=0 celldata@7=0");
+        QString flags;
+        for (int i = 0; i < records.size(); ++i) {
+            ViewSwitches switches;
+            switches.cellValue = i == 5 ? CellValue::Charge : CellValue::Resistance;
+            shell->state->setSwitches(switches);
+            child->addRecord(records[i]);
+            flags += shell->taken().filter("show")[0].endsWith("kept Ri") ? '1' : '0';
+        }
+        QCOMPARE(flags, "000100000");
+    }
+
+    void liveWhileAReaderFeeds()
+    {
+        FakeLink link;
+        QVERIFY(!child->isLive() && !child->stopProcess());
+        child->attachReader(&link);
+        QVERIFY(child->isLive() && child->stopProcess());
+        QCOMPARE(link.commands, QStringList{"#STOP\r\n"});
+        child->finishRecording();
+        QVERIFY(!child->isLive() && !child->stopProcess());
+        child.reset();
+        QCOMPARE(link.detached, 0); // it had gone before
+
+        child = std::make_unique<MdiGraphChild>(shell.get());
+        child->attachReader(&link);
+        shell->mayCloseAny = false;
+        QVERIFY(!child->close() && child->isLive());
+        child.reset();
+        QCOMPARE(link.detached, 1);
+        QCOMPARE(shell->taken(), QStringList());
+
+        const QPointer<MdiGraphChild> closed = new MdiGraphChild(shell.get());
+        closed->attachReader(&link);
+        closed->show();
+        shell->mayCloseAny = true;
+        closed->close();
+        closed->addRecord(recordsOf("1")[0]); // on its way out: only the bar hears of it
+        QCOMPARE(shell->taken(), QStringList({"closing", "Device: Varnel 3 for 3000"}));
+        QTRY_VERIFY_WITH_TIMEOUT(closed.isNull(), 30000);
+        QCOMPARE(link.detached, 2);
+    }
+
+    void loadsAFile()
+    {
+        shell->current = true;
+        child->load(storeOf("1"), "/data/one.acp"); // one record is no data
+        child->setPortName("COM7");
+        QCOMPARE(title(), "No file name COM7*");
+        QCOMPARE(shell->taken(), QStringList());
+        child->load(storeOf("30"), "/data/old.acp");
+        QCOMPARE(shell->taken(), QStringList{"show 1740 s, 0 mAh, of 4"});
+        child->setPortName("COM7");
+        QCOMPARE(title(), "/data/old.acp"); // it is saved
+        QCOMPARE(child->sourceName(), "old.acp COM7");
+        QVERIFY(!child->isLive());
+    }
+
+    /// By icon and tool tip, of a line and of a file.
+    void showsHowItsProcessEnded()
+    {
+        const std::pair<char, const char *> ends[] = {{'_', ""}, {'S', "Error in process !"},
+            {'M', "Process aborted by user."}, {'E', "Process completed."}};
+        for (const auto &[letter, text] : ends) {
+            for (bool loaded : {false, true}) {
+                QMdiArea area;
+                auto *graph = new MdiGraphChild(shell.get());
+                QMdiSubWindow *frame = area.addSubWindow(graph);
+                const qint64 before = frame->windowIcon().cacheKey();
+                Varnel3Data record = recordsOf("1")[0];
+                record.flag3 = letter;
+                SeriesStore store;
+                store.append(record);
+                loaded ? graph->load(std::move(store), "x.acp") : graph->addRecord(record);
+                QCOMPARE(frame->toolTip(), text);
+                graph->setTitleTip("COM7");
+                QCOMPARE(frame->toolTip(), letter == '_' ? "COM7" : text + QString("\nCOM7"));
+                QCOMPARE(graph->toolTip(), text);
+                QCOMPARE(frame->windowIcon().cacheKey() != before, letter != '_');
+            }
+        }
+    }
+
+    /// At once, then a tenth of a second later for all that came meanwhile.
+    void repaintsSparingly()
+    {
+        child->show();
+        QVERIFY(QTest::qWaitForWindowExposed(child.get()));
+        QSignalSpy refreshes(child->findChild<RefreshGate *>(), SIGNAL(refresh()));
+        add("50");
+        QCOMPARE(refreshes.size(), 1);
+        child->installEventFilter(shell.get());
+        QTRY_COMPARE_WITH_TIMEOUT(refreshes.size(), 2, 30000);
+        QTRY_VERIFY_WITH_TIMEOUT(shell->paints > 0, 30000);
+        const auto asks = [&](const std::function<void()> &change) {
+            QCoreApplication::sendPostedEvents();
+            shell->paints = 0;
+            change();
+            QCoreApplication::sendPostedEvents();
+            return shell->paints > 0;
+        };
+        ViewSwitches switches;
+        switches.cellValue = CellValue::Resistance;
+        QVERIFY(asks([&] { shell->state->setSwitches(switches); }));
+        QVERIFY(asks([&] { child->setWindowNumber(5); }));
+        QVERIFY(asks([&] { child->setScale(1.2); }));
+        QVERIFY(asks([&] { child->setSilentSince(QDateTime::currentDateTime()); }));
+        QVERIFY(asks([&] { child->load(storeOf("3"), "x.acp"); }));
+        QVERIFY(!asks([] {}));
+    }
+
+    void coveredWindowsCostNothing()
+    {
+        QMdiArea area;
+        area.resize(800, 600);
+        area.show();
+        MdiGraphChild *graphs[2];
+        for (MdiGraphChild *&graph : graphs) {
+            graph = new MdiGraphChild(shell.get());
+            area.addSubWindow(graph)->setGeometry(50, 50, 300, 200);
+            graph->show();
+        }
+        MdiGraphChild *below = graphs[0];
+        QVERIFY(QTest::qWaitForWindowExposed(&area));
+        auto *gate = below->findChild<RefreshGate *>();
+        QSignalSpy refreshes(gate, SIGNAL(refresh()));
+        const RecordList records = recordsOf("2");
+        below->addRecord(records[0]);
+        QVERIFY(refreshes.isEmpty() && !gate->isPending());
+        below->installEventFilter(shell.get());
+        graphs[1]->parentWidget()->move(400, 50); // comes to sight with all that it has
+        QTRY_VERIFY_WITH_TIMEOUT(shell->paints > 0, 30000);
+        below->addRecord(records[1]);
+        QCOMPARE(refreshes.size(), 1);
+    }
+
+    /// The window's own events reach what mouse and keyboard do, and that is painted.
+    void forwardsEvents()
+    {
+        MdiGraphChild *const graph = child.get();
+        QCOMPARE(graph->sizeHint(), QSize(640, 400));
+        graph->resize(1000, 600);
+        graph->show();
+        graph->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(graph));
+        graph->load(storeOf("87 period=10 charge1@86=14400000"), "x.acp"); // a pixel is a second, from 40 on
+        shell->current = true;
+        const auto zoom = [&] { return graph->request(graph->size()).zoom; };
+        const auto shown = [&] { return shell->asked.value(shell->asked.size() - 1); };
+        const QPoint middle(470, 155);
+        const QPoint corner(600, 250);
+        QTest::mouseMove(graph, QPoint(20, 20));
+        QTest::mouseMove(graph, middle);
+        QTRY_COMPARE_WITH_TIMEOUT(shown(), "show 430 s, 40 mAh, of 4", 30000); // the newest one's charge
+        QCOMPARE(painted("line 470,304").size(), 1);
+        QTest::keyClick(graph, Qt::Key_Left);
+        QCOMPARE(shown(), "show 420 s, 40 mAh, of 4");
+        QEvent leave(QEvent::Leave);
+        QApplication::sendEvent(graph, &leave);
+        QCOMPARE(shown(), "show 860 s, 40 mAh, of 4");
+        QCOMPARE(painted("line 460,304").size(), 0);
+        shell->current = false; // its record is not in the figures
+        QTest::mousePress(graph, Qt::LeftButton, Qt::NoModifier, middle);
+        QCOMPARE(shown(), "show 860 s, 40 mAh, of 4");
+        QMouseEvent move(QEvent::MouseMove, corner, QPoint(), Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(graph, &move);
+        QCOMPARE(painted("rect 470,155 130x95").size(), 2);
+        QTest::mouseRelease(graph, Qt::LeftButton, Qt::NoModifier, corner);
+        QCOMPARE(zoom().times().high, 560.0);
+        graph->resize(449, 600);
+        QCOMPARE(zoom().times().high, 600.0); // divided anew
+        graph->setScale(1.4);
+        QCOMPARE(graph->request(graph->size()).scale, 1.4);
+        QTest::mouseDClick(graph, Qt::LeftButton, Qt::NoModifier, {200, 155});
+        QVERIFY(!zoom().isActive());
+        QWheelEvent wheel({200, 155}, {}, {}, QPoint(0, 120), {}, {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(graph, &wheel);
+        QVERIFY(zoom().isActive() && wheel.isAccepted());
+        graph->load(storeOf("3"), "y.acp");
+        QVERIFY(!zoom().isActive());
+        QSignalSpy changes(graph, SIGNAL(selectedCellsChanged()));
+        graph->setSelectedCells({true});
+        graph->setSelectedCells({true});
+        QCOMPARE(changes.size(), 1);
+        QVERIFY(graph->selectedCells()[0] && graph->request({}).selectedCells[0]);
+    }
+
+    void notesWhatIsWrong()
+    {
+        const auto note = [&] { return child->request({}).note; };
+        const QDateTime since({2026, 2, 3}, {9, 5, 7});
+        child->setSilentSince(since);
+        QCOMPARE(note(), "No line since 09:05:07");
+        add("1");
+        QCOMPARE(note(), "");
+        child->setSilentSince(since);
+        QCOMPARE(note(), "No line since 09:05:07");
+        for (char mark : {'_', 'E'}) { // of a device that sends no end: no current, or a trickle after that
+            Varnel3Data ended = recordsOf(mark == 'E' ? "1" : "1 current=0")[0];
+            ended.flag4 = mark;
+            child->addRecord(ended);
+            child->setSilentSince(since);
+            QCOMPARE(note(), "Ended or silent since 09:05:07");
+        }
+        FakeLink link;
+        ViewSwitches switches;
+        switches.holdView = true;
+        shell->state->setSwitches(switches);
+        QCOMPARE(painted("View held").size(), 0);
+        child->attachReader(&link);
+        QCOMPARE(painted("text 'View held   Ended or silent since 09:05:07   ").size(), 1);
+        child->setSilentSince(QDateTime());
+        QCOMPARE(note(), "");
+        QCOMPARE(painted("text 'View held   Charge").size(), 1);
+        child->finishRecording();
+    }
+
+private:
+    void add(const char *words) const
+    {
+        const RecordList records = recordsOf(words);
+        for (int i = 0; i < records.size(); ++i)
+            child->addRecord(records[i]);
+    }
+    // Title, and a '!' where records are unsaved.
+    QString title() const { return child->windowTitle() + (child->hasUnsavedData() ? " !" : ""); }
+    QStringList painted(const char *part) const
+    {
+        PaintLog log(child->size());
+        child->render(&log);
+        return log.lines().filter(QRegularExpression(part));
+    }
+
+    std::unique_ptr<Shell> shell;
+    std::unique_ptr<MdiGraphChild> child;
+};
 
 QTEST_MAIN(TestMdiGraphChild)
 #include "tst_mdigraphchild.moc"

@@ -9,45 +9,30 @@
 
 #include <functional>
 
-/// A graph to be shown, made from a few words. The first one is the number of records of a pack of three
-/// cells that is being charged, one a minute; the voltage rises by 10 mV each and the charge by 100 mAh, the
-/// rest stands still. FIELD=VALUE changes all of them, FIELD@INDEX=VALUE one, FIELD@FIRST-LAST=VALUE some.
-/// The other words stand for what is asked; without them it is the default on 500x300 pixels.
-class GraphCase {
-public:
-    explicit GraphCase(const QString &words)
-    {
-        const QStringList all = words.split(QLatin1Char(' '), Qt::SkipEmptyParts);
-        for (int i = 0; i < all[0].toInt(); ++i)
-            m_store.append(recordAt(i, all));
-        m_request.store = &m_store;
-        m_request.size = QSize(500, 300);
-        m_request.windowNumber = 3;
-        for (const QString &word : all)
-            ask(word.section(QLatin1Char('='), 0, 0),
-                word.section(QLatin1Char('='), 1).split(QLatin1Char(',')));
-    }
-
-    const GraphRequest &request() const { return m_request; }
-
-private:
-    static Varnel3Data recordAt(int index, const QStringList &words)
-    {
-        static const QHash<QString, int Varnel3Data::*> fields{{"voltage", &Varnel3Data::voltage},
-            {"current", &Varnel3Data::current}, {"mode", &Varnel3Data::mode},
-            {"energy", &Varnel3Data::energy}, {"temperature", &Varnel3Data::temperature},
-            {"resistance", &Varnel3Data::internalResistance}, {"cells", &Varnel3Data::cellCount},
-            {"type", &Varnel3Data::cellType}, {"min", &Varnel3Data::cellMin}, {"max", &Varnel3Data::cellMax},
-            {"balancing", &Varnel3Data::ballansingCurrent}};
-        static const QHash<QString, int CellData::*> cellFields{
-            {"v", &CellData::voltage}, {"balance", &CellData::balance}};
+/// Records made from a few words. The first one is their number; they are of a pack of three cells that is being
+/// charged, one a minute: the voltage rises by 10 mV each and the charge by 100 mAh, the rest stands still.
+/// FIELD=VALUE changes all of them, FIELD@INDEX=VALUE one, FIELD@FIRST-LAST=VALUE some; "period" are the seconds
+/// since the one before.
+inline RecordList recordsOf(const QString &words)
+{
+    static const QHash<QString, int Varnel3Data::*> fields{{"voltage", &Varnel3Data::voltage},
+        {"current", &Varnel3Data::current}, {"mode", &Varnel3Data::mode}, {"energy", &Varnel3Data::energy},
+        {"temperature", &Varnel3Data::temperature}, {"resistance", &Varnel3Data::internalResistance},
+        {"cells", &Varnel3Data::cellCount}, {"type", &Varnel3Data::cellType}, {"min", &Varnel3Data::cellMin},
+        {"max", &Varnel3Data::cellMax}, {"balancing", &Varnel3Data::ballansingCurrent},
+        {"device", &Varnel3Data::device}};
+    static const QHash<QString, int CellData::*> cellFields{
+        {"v", &CellData::voltage}, {"balance", &CellData::balance}, {"charge", &CellData::balanceCharge}};
+    static const QRegularExpression change("^(\\w+?)(\\d*)(?:@(\\d+)(?:-(\\d+))?)?=(-?\\d+)$");
+    const QStringList all = words.split(' ', Qt::SkipEmptyParts);
+    RecordList records;
+    for (int i = 0, time = 0; i < all[0].toInt(); ++i) {
         Varnel3Data record;
         record.device = Varnel3Data::Varnel3;
         record.mode = Varnel3Data::Charge;
-        record.setTime(60 * index);
-        record.voltage = 11400 + 10 * index;
+        record.voltage = 11400 + 10 * i;
         record.current = 2500;
-        record.energy = 100 * index;
+        record.energy = 100 * i;
         record.temperature = 253;
         record.internalResistance = 40;
         record.flag5 = 'B';
@@ -58,13 +43,12 @@ private:
         record.cellMax = 3810;
         record.cellAverage = 3800;
         record.cellMin = 3790;
-        static const QRegularExpression change(
-            QStringLiteral("^(\\w+?)(\\d*)(?:@(\\d+)(?:-(\\d+))?)?=(-?\\d+)$"));
-        for (const QString &word : words) {
+        int period = 60;
+        for (const QString &word : all) {
             const QRegularExpressionMatch match = change.match(word);
             const int first = match.captured(3).toInt();
             const int last = match.captured(4).isEmpty() ? first : match.captured(4).toInt();
-            if (!match.hasMatch() || (!match.captured(3).isEmpty() && (index < first || index > last)))
+            if (!match.hasMatch() || (!match.captured(3).isEmpty() && (i < first || i > last)))
                 continue;
             const QString field = match.captured(1);
             const int value = match.captured(5).toInt();
@@ -73,14 +57,40 @@ private:
                 record.*fields[field] = value;
             else if (cellFields.contains(field))
                 cell.*cellFields[field] = value;
-            else if (field == QLatin1String("r"))
+            else if (field == "r")
                 cell.resistance = (record.resistanceValid = value) ? value : 0;
-            else if (field == QLatin1String("celldata"))
+            else if (field == "celldata")
                 record.flag5 = value ? 'B' : '_';
+            else if (field == "period")
+                period = value;
         }
-        return record;
+        time += i > 0 ? period : 0;
+        record.setTime(time);
+        records.append(record);
+    }
+    return records;
+}
+
+/// A graph of recordsOf() these words, some of which stand for what is asked; without them it is the default
+/// on 500x300 pixels.
+class GraphCase {
+public:
+    explicit GraphCase(const QString &words)
+    {
+        const RecordList records = recordsOf(words);
+        for (int i = 0; i < records.size(); ++i)
+            m_store.append(records[i]);
+        m_request.store = &m_store;
+        m_request.size = QSize(500, 300);
+        m_request.windowNumber = 3;
+        const QStringList all = words.split(' ', Qt::SkipEmptyParts);
+        for (const QString &word : all)
+            ask(word.section('=', 0, 0), word.section('=', 1).split(','));
     }
 
+    const GraphRequest &request() const { return m_request; }
+
+private:
     void ask(const QString &word, const QStringList &values)
     {
         ViewSwitches &switches = m_request.switches;
