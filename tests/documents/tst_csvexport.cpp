@@ -4,100 +4,85 @@
 #include <QBuffer>
 #include <QtTest>
 
-namespace {
-
-Varnel3Data record(const char *line)
-{
-    Varnel3Data data;
-    data.parseLine(QLatin1String(line));
-    return data;
-}
-
-QList<QByteArray> rowsOf(const SeriesStore &store)
-{
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    if (!CsvRows(store).writeAll(buffer))
-        return {};
-    return buffer.data().split('\n');
-}
-
-} // namespace
-
+/// The table of a recording, column by column.
 class TestCsvExport : public QObject {
     Q_OBJECT
 
 private slots:
-    void columnsMatchTheHeader();
-    void valuesStandUnderTheirTitles();
-    void flagsAreQuoted();
-    void deviceThatTakesNoMore();
+    void columnsHoldTheirFigures()
+    {
+        SeriesStore store;
+        store.append(plain());
+        store.append(balanced()); // of more cells: the widest record decides
+        Varnel3Data tandor = balanced();
+        tandor.device = Varnel3Data::Tandor;
+        tandor.flag1 = '"';
+        tandor.flag2 = '\0';
+        tandor.flag4 = char(0xb0);
+        store.append(tandor);
+        QVERIFY(rowsOf(store)[2].endsWith(",25,,"));
+        for (int i = 3; i < 20; ++i) // then the smoothed curves are more than copies of one point
+            store.append(balanced());
+        const QList<QByteArray> rows = rowsOf(store);
+        QCOMPARE(rows.size(), 22);
+        QStringList table; // TITLE|FIRST|SECOND|THIRD RECORD
+        for (int column = 0; column <= rows[0].count(','); ++column) {
+            QStringList fields;
+            for (int row = 0; row < 4; ++row)
+                fields << rows[row].split(',').value(column, "missing");
+            table << fields.join('|');
+        }
+        QCOMPARE(table.join("; "),
+            QString::fromUtf8(
+                "record|1|2|3; device|Varnel 3|Varnel 3|Tandor; time [s]|5|6|6; mode|Charge|Charge|Charge; "
+                "chemistry|LiPo|LiPo|LiPo; cells|2|3|3; voltage [mV]|8000|12345|12345; "
+                "current [mA]|1500|1500|1500; temperature [0.1 C]|250|251|251; capacity [mAh]|12|13|13; "
+                "internal resistance [mOhm]|45|45|45; balancing current [mA]|0|500|500; "
+                "flag 1|_|_|\"\"\"\"; flag 2|_|_|; flag 3|_|_|_; flag 4|_|_|\u00b0; flag 5|_|B|B; "
+                "cell maximum [mV]||4125|4125; cell minimum [mV]||4100|4100; cell average [mV]||4115|4115; "
+                "cell spread [mV]||25|25; balance maximum [%]||100|100; balanced charge maximum [mAh]||0|0; "
+                "cell 1 voltage [mV]|4000|4100|4100; cell 1 balance [%]||10|10; cell 1 balanced charge [mAh]||"
+                "0.013888888888888888|0.013888888888888888; cell 1 resistance [mOhm]||2.5|2.5; "
+                "cell 2 voltage [mV]|4000|4120|4120; cell 2 balance [%]||100|100; cell 2 balanced charge "
+                "[mAh]||0.1388888888888889|0.1388888888888889; cell 2 resistance [mOhm]||3|3; "
+                "cell 3 voltage [mV]||4125|4125; cell 3 balance [%]||0|0; cell 3 balanced charge [mAh]||0|0; "
+                "cell 3 resistance [mOhm]||0|0; smoothed temperature [C]|25|25|25; "
+                "smoothed internal resistance [mOhm]|45|45|45; smoothed voltage slope [mV/min]|0|0|0"));
+    }
+
+    void deviceThatTakesNoMore()
+    {
+        SeriesStore store;
+        store.append(plain());
+        QFile full("/dev/full");
+        QVERIFY(full.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+        QVERIFY(!CsvRows(store).writeAll(full));
+    }
+
+private:
+    static Varnel3Data record(const char *head, const char *cells)
+    {
+        Varnel3Data record;
+        record.parseLine(head + QString(cells) + QString(",0000,0").repeated(13));
+        return record;
+    }
+    static Varnel3Data plain()
+    {
+        return record("#02C05_____0,00005,08000,01500,250,00012,00045", ",4000,0,4000,0,0000,0");
+    }
+    static Varnel3Data balanced()
+    {
+        Varnel3Data data = record("#03C05____B2,00006,12345,01500,251,00013,00045", ",4100,1,4120,:,4125,0");
+        data.parseResistanceLine("!25,30,0,0,0,0,0,0,0,0,0,0,0,0,0,0");
+        return data;
+    }
+    static QList<QByteArray> rowsOf(const SeriesStore &store)
+    {
+        QBuffer buffer;
+        buffer.open(QIODevice::WriteOnly);
+        return CsvRows(store).writeAll(buffer) ? buffer.data().split('\n') : QList<QByteArray>();
+    }
 };
-
-const char plainLine[]
-    = "#02C05_____0,00005,08000,01500,250,00012,00045,4000,0,4000,0,0000,0,0000,0,0000,0,0000,0,"
-      "0000,0,0000,0,0000,0,0000,0,0000,0,0000,0,0000,0,0000,0,0000,0,0000,0";
-const char cellLine[]
-    = "#03C05____B2,00006,12345,01500,251,00013,00045,4100,1,4120,:,4125,0,0000,0,0000,0,0000,0,"
-      "0000,0,0000,0,0000,0,0000,0,0000,0,0000,0,0000,0,0000,0,0000,0,0000,0";
-
-void TestCsvExport::columnsMatchTheHeader()
-{
-    SeriesStore store;
-    store.append(record(plainLine));
-    store.append(record(cellLine)); // more cells than the first: the widest record decides
-    const QList<QByteArray> rows = rowsOf(store);
-    QCOMPARE(rows.size(), 4);
-    QVERIFY(rows.last().isEmpty());
-    QVERIFY(rows[0].contains("cell 3 voltage [mV]") && !rows[0].contains("cell 4"));
-    for (int i = 1; i < 3; ++i)
-        QCOMPARE(rows[i].count(','), rows[0].count(','));
-}
-
-void TestCsvExport::valuesStandUnderTheirTitles()
-{
-    SeriesStore store;
-    store.append(record(plainLine));
-    Varnel3Data second = record(cellLine);
-    second.parseResistanceLine(QStringLiteral("!25,30,0,0,0,0,0,0,0,0,0,0,0,0,0,0"));
-    store.append(second);
-    const QList<QByteArray> rows = rowsOf(store);
-    const QList<QByteArray> titles = rows[0].split(',');
-    const auto value
-        = [&](int row, const char *title) { return rows[row].split(',').at(titles.indexOf(title)); };
-    QCOMPARE(value(1, "voltage [mV]"), QByteArray("8000"));
-    QCOMPARE(value(1, "cell 1 balance [%]"), QByteArray());
-    QCOMPARE(value(1, "cell maximum [mV]"), QByteArray());
-    QCOMPARE(value(2, "cell maximum [mV]"), QByteArray("4125"));
-    QCOMPARE(value(1, "cell spread [mV]"), QByteArray());
-    QCOMPARE(value(2, "cell spread [mV]"), QByteArray("25"));
-    QCOMPARE(value(2, "cell 2 balance [%]"), QByteArray("100"));
-    QCOMPARE(value(2, "cell 1 resistance [mOhm]"), QByteArray("2.5"));
-    QCOMPARE(value(2, "temperature [0.1 C]"), QByteArray("251"));
-    QCOMPARE(value(2, "mode"), QByteArray("Charge"));
-}
-
-void TestCsvExport::flagsAreQuoted()
-{
-    SeriesStore store;
-    Varnel3Data data = record(plainLine);
-    data.flag1 = '"';
-    data.flag2 = '\0';
-    data.flag4 = char(0xb0);
-    store.append(data);
-    const QByteArray row = rowsOf(store).at(1);
-    QVERIFY2(row.contains(",\"\"\"\",,_,\xc2\xb0,_,"), row.constData());
-}
-
-void TestCsvExport::deviceThatTakesNoMore()
-{
-    SeriesStore store;
-    store.append(record(plainLine));
-    QFile full(QStringLiteral("/dev/full"));
-    if (!full.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        QSKIP("no /dev/full here");
-    QVERIFY(!CsvRows(store).writeAll(full));
-}
 
 QTEST_APPLESS_MAIN(TestCsvExport)
 #include "tst_csvexport.moc"
