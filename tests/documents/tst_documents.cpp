@@ -3,9 +3,12 @@
 #include "displays/datadisplay.h"
 #include "displays/powerdisplay.h"
 #include "displays/voltagecomparison.h"
+#include "documents/graphprinting.h"
+#include "printing/printjob.h"
 #include "support/columns.h"
 #include "support/documentrig.h"
 #include "support/limits.h"
+#include "support/paintlog.h"
 
 #include <QMimeData>
 #include <QProgressBar>
@@ -268,6 +271,32 @@ private slots:
         for (int i = 8; i < 11; ++i) // by then the file would show
             send(i, 1);
         QCOMPARE(window->mdiChildren().size(), 1);
+    }
+
+    /// On white paper, though the screen is black; nothing of a window that has gone.
+    void printed()
+    {
+        MdiGraphChild *child = window->createMdiChild();
+        for (int i = 0; i < 30; ++i)
+            child->addRecord(Lines::record(i));
+        const PrintJob job = graphPrintJob(child, "run");
+        QVERIFY2(job.details.startsWith("1: Varnel 3, "), qPrintable(job.details));
+        child->setPortName("COM3");
+        child->markSaved("/some/where/run.acp", child->store().size());
+        const QString named = graphPrintJob(child, "run").details;
+        QVERIFY2(named.startsWith("1: Varnel 3 run.acp COM3, "), qPrintable(named));
+        QCOMPARE(job.size, QSizeF(child->size().expandedTo(QSize(640, 400))));
+        const auto drawn = [&job] {
+            PaintLog page(job.size.toSize());
+            QPainter painter(&page);
+            job.paint(painter);
+            painter.end();
+            return page.lines();
+        };
+        QVERIFY(drawn().size() > 20);
+        QCOMPARE(drawn().first(), QString("rect 0,0 640x400 #ffffff"));
+        delete child;
+        QCOMPARE(drawn(), QStringList());
     }
 
     void dropped()

@@ -1,0 +1,179 @@
+#include "desk/datatoolbar.h"
+#include "desk/deskarea.h"
+#include "desk/graphwindows.h"
+#include "desk/packsource.h"
+#include "desk/stalewatch.h"
+#include "displays/capacitydisplay.h"
+#include "displays/datadisplay.h"
+#include "graph/mdigraphchild.h"
+#include "support/fakelink.h"
+#include "support/lines.h"
+#include "support/settle.h"
+#include "support/shellrig.h"
+
+#include <QDeadlineTimer>
+#include <QLabel>
+#include <QMdiSubWindow>
+
+/// What the tool bar, the displays and the status bar tell of the graph windows, and of which one.
+class TestDeskFigures : public QObject, private ShellRig {
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        setUp();
+        open({});
+    }
+    void cleanup() { tearDown(); }
+
+    /// Two thirds of the bar at most, each fact the same share where not all of them fit; tips have it all.
+    void factsFitTheStatusBar()
+    {
+        QStatusBar bar;
+        bar.resize(1000, 24);
+        bar.show();
+        StatusFacts facts(&bar);
+        const auto label
+            = [&](int kind) { return bar.findChild<QLabel *>(QString("statusFact%1").arg(kind)); };
+        const auto shown = [&] { // those in sight, from left to right
+            QStringList texts;
+            for (int kind = 0; kind < StatusFacts::KindCount; ++kind)
+                if (!label(kind)->isHidden())
+                    texts << label(kind)->text();
+            return texts.join('|');
+        };
+        QCOMPARE(shown(), QString("Listening: no port"));
+        facts.set(StatusFacts::Lost, "COM2", "since <noon>");
+        facts.set(StatusFacts::Lost, "COM1");
+        QCOMPARE(shown(), QString("Lost: COM1, COM2|Listening: no port"));
+        for (const char *told : {"Lost: COM1, COM2", "Listening goes on when it is back.", "noon"})
+            QVERIFY2(label(StatusFacts::Lost)->toolTip().contains(told), told);
+        QVERIFY(facts.holds(StatusFacts::Lost, "COM1"));
+        QString port;
+        while (bar.fontMetrics().horizontalAdvance(port) < 600)
+            port += '1';
+        facts.set(StatusFacts::Failed, port);
+        for (const int width : {1000, 2000, 400, 1000}) { // of which 650, 1300, 260, 650 for three facts
+            bar.resize(width, 24);
+            const int share = qMax(100, width * 65 / 100 / 3);
+            const QLabel *failed = label(StatusFacts::Failed);
+            const auto isWhole = [&] { return failed->text() == facts.text(StatusFacts::Failed); };
+            QTRY_COMPARE(isWhole(), width == 2000);
+            const int taken = failed->fontMetrics().horizontalAdvance(failed->text());
+            QVERIFY(isWhole() || (taken <= share && taken > share * 3 / 4));
+        }
+        facts.clear(StatusFacts::Failed, port);
+        facts.replace(StatusFacts::Lost, {{"COM3", ""}});
+        QCOMPARE(shown(), QString("Lost: COM3|Listening: no port"));
+    }
+
+    void packsOfAllWindows()
+    {
+        PackSource source(window->findChild<GraphWindows *>(), window->findChild<StaleWatch *>());
+        MdiGraphChild *first = window->createMdiChild();
+        window->createMdiChild()->addRecord(Lines::record(5));
+        const auto packs = source.packs();
+        QCOMPARE(packs.size(), 2);
+        QCOMPARE(packs[0].windowNumber * 10 + packs[1].windowNumber, 12);
+        QCOMPARE(packs[1].voltages[5], 4200);
+        for (const int cell : {-1, 0, 3, 15, 16, 3})
+            source.toggleCell(2, cell);
+        CellSelection both{};
+        both[0] = both[15] = true;
+        QVERIFY(source.packs().at(1).selected == both && first->selectedCells() == CellSelection{});
+    }
+
+    /// Closing a window renumbers the others; the figures of the current one follow, even if no further
+    /// record comes. Without a window there is no number.
+    void displaysNameTheWindow()
+    {
+        MdiGraphChild *first = window->createMdiChild();
+        MdiGraphChild *second = window->createMdiChild();
+        second->addRecord(Lines::record(5));
+        trigger(ActionId::Data);
+        const auto *number = figures()->findChild<QLabel *>("windowNumberLabel");
+        QTRY_COMPARE(number->text(), QString("2"));
+        first->close();
+        QTRY_COMPARE(number->text(), QString("1"));
+        second->close();
+        QMetaObject::invokeMethod(window.get(), "toolBarEnergy", Q_ARG(bool, true));
+        QTRY_VERIFY(!number->isVisible());
+    }
+
+    /// Of a window that comes to the front and whose newest record lacks resistances, nothing is known.
+    void keptResistancesStayWithTheirWindow()
+    {
+        for (const ActionId id : {ActionId::Data, ActionId::Balancer, ActionId::Energy, ActionId::Energy})
+            trigger(id);
+        const auto *value = figures()->findChild<QLabel *>("cellValue1");
+        const auto measure = [](MdiGraphChild *child, const QByteArray &tenths) {
+            for (int i = 0; i < 2; ++i)
+                child->addRecord(Lines::record(i));
+            child->applyResistanceLine('!' + tenths + (',' + tenths).repeated(15));
+        };
+        MdiGraphChild *hidden = window->createMdiChild();
+        MdiGraphChild *seen = window->createMdiChild();
+        measure(hidden, "50");
+        hidden->addRecord(Lines::record(2));
+        measure(seen, "20");
+        for (int i = 0; i < 2; ++i) { // the second time by a record without any
+            settle(*figures());
+            QCOMPARE(value->text().trimmed(), QString("2.0"));
+            seen->addRecord(Lines::record(2));
+        }
+        measure(seen, "20");
+        window->findChild<DeskArea *>()->setActiveSubWindow(
+            qobject_cast<QMdiSubWindow *>(hidden->parentWidget()));
+        settle(*figures());
+        QCOMPARE(value->text(), QString("--.-"));
+    }
+
+    void staleFiguresSaySince()
+    {
+        trigger(ActionId::Data);
+        MdiGraphChild *child = window->createMdiChild();
+        child->attachReader(&link);
+        child->addRecord(Lines::record(5));
+        trigger(ActionId::BarGraph);
+        auto *watch = window->findChild<StaleWatch *>();
+        watch->findChild<QTimer *>()->stop(); // which knows the time
+        const QDateTime now = QDateTime::currentDateTime();
+        const QString since = now.toString("HH:mm:ss");
+        const qint64 begin = QDeadlineTimer::current().deadline();
+        // The clock is set back meanwhile.
+        const auto lookAfter = [&](int ms) { watch->lookAt(now.addSecs(-3600), begin + ms); };
+        const auto told = [&] { // by figures, graph, status bar and, being dim, tool bar
+            settle(*figures());
+            return QString("%1%2%3%4")
+                .arg(figures()->toolTip().contains(since))
+                .arg(child->request({400, 300}).note.contains(since))
+                .arg(fact(StatusFacts::Silent).startsWith("No data: "))
+                .arg(!window->findChild<DataToolBar *>()->findChild<QLabel *>()->isEnabled());
+        };
+        const auto capacities = [this] { return window->findChild<CapacityDisplay *>()->grab().toImage(); };
+        watch->lookAt(now, begin);
+        lookAfter(StaleWatch::patience * 1000 - 1);
+        QCOMPARE(told(), QString("0000"));
+        QVERIFY(!watch->staleSince(child).isValid());
+        const QImage before = capacities();
+        lookAfter(StaleWatch::patience * 1000);
+        QCOMPARE(told(), QString("1111"));
+        QCOMPARE(watch->staleSince(child), now);
+        QVERIFY(capacities() != before);
+        child->addRecord(Lines::record(6));
+        QCOMPARE(told(), QString("0000"));
+
+        lookAfter(0);
+        child->finishRecording(); // nothing is waited for any more
+        lookAfter(10 * StaleWatch::patience * 1000);
+        QVERIFY(!watch->staleSince(child).isValid());
+    }
+
+private:
+    FakeLink link;
+    DataDisplay *figures() const { return window->findChild<DataDisplay *>(); }
+};
+
+QTEST_MAIN(TestDeskFigures)
+#include "tst_deskfigures.moc"
