@@ -1,5 +1,4 @@
 #include "app/viewswitchboard.h"
-#include "desk/displaywindows.h"
 #include "displays/capacitydisplay.h"
 #include "displays/datadisplay.h"
 #include "displays/powerdisplay.h"
@@ -45,14 +44,14 @@ private slots:
         QStringList keysSeen;
         for (int id = 0; id < int(Id::Count); ++id) {
             const QAction *a = action(Id(id));
-            const auto flag
-                = [](bool on, char letter) { return on ? QString(QLatin1Char(letter)) : QString(); };
-            const bool bold = a->font().bold() && a->font().family() == QLatin1String("Arial");
-            all << QStringList(
-                {a->text(), a->isCheckable() ? a->toolTip() : a->statusTip(), a->shortcut().toString(),
-                    flag(!a->icon().isNull(), 'i') + flag(a->isCheckable(), 'c') + flag(a->isChecked(), 'C')
-                        + flag(!a->isEnabled(), 'd') + flag(bold && a->font().pointSize() == 10, 'b')})
-                       .join(QLatin1Char('|'));
+            const bool bold = a->font() == QFont("Arial", 10, QFont::Bold);
+            const std::pair<bool, char> flags[] = {{!a->icon().isNull(), 'i'}, {a->isCheckable(), 'c'},
+                {a->isChecked(), 'C'}, {!a->isEnabled(), 'd'}, {bold, 'b'}};
+            QString set;
+            for (const auto &[on, letter] : flags)
+                set += on ? QString(letter) : QString();
+            const QString tip = a->isCheckable() ? a->toolTip() : a->statusTip();
+            all << a->text() + '|' + tip + '|' + a->shortcut().toString() + '|' + set;
             const auto keys = a->shortcuts();
             for (const QKeySequence &key : keys)
                 keysSeen << key.toString();
@@ -117,22 +116,31 @@ private slots:
         row("Vc", {b, v, v, v}, "  dV * Rw * B * Avg  S  P%  Vc ", "001");
         row("each for itself", {b, s, v, v, d}, "  dV  Rw * B * Avg  + * P%  Ri ", "120");
         row("curves", {Id::Temperature, Id::Resistance}, "  dV * Rw  B  Avg  S - P% - Vc -", "001");
+        row("reopened", {b, Id::CloseAll}, "  dV * Rw * B * Avg  S  P%  Vc ", "001");
+        row("reopened, average", {a, Id::CloseAll}, "  dV * Rw * B * Avg * S - P%  Vc ", "001");
     }
 
+    /// Text, '*' when checked, '-' when disabled, of "  dV " to " Vc ".
     void switching()
     {
         QFETCH(Ids, clicks);
         window->createMdiChild();
         click(clicks);
-        QTEST(switchTexts(), "texts");
+        if (clicks.endsWith(Id::CloseAll)) {
+            QTRY_VERIFY(!action(Id::Energy)->isEnabled());
+            window->createMdiChild();
+        }
+        QString texts;
+        for (int id = int(Id::Delta); id <= int(Id::Energy); ++id)
+            texts += action(Id(id))->text() + (action(Id(id))->isChecked() ? "*" : "")
+                + (action(Id(id))->isEnabled() ? "" : "-");
+        QTEST(texts, "texts");
         const ViewSwitches &on = window->viewState().switches();
-        QTEST(QStringLiteral("%1%2%3").arg(int(on.cellsShown)).arg(int(on.cellValue)).arg(int(on.rightAxis)),
-            "modes");
-        QCOMPARE(on.temperature, action(Id::Temperature)->isChecked());
-        QCOMPARE(on.delta, action(Id::Delta)->isChecked());
-        QCOMPARE(on.resistance, action(Id::Resistance)->isChecked());
-        QCOMPARE(on.balancer, action(Id::Balancer)->isChecked());
-        QCOMPARE(on.average, action(Id::Average)->isChecked());
+        QTEST(
+            QString("%1%2%3").arg(int(on.cellsShown)).arg(int(on.cellValue)).arg(int(on.rightAxis)), "modes");
+        const QVector<bool> switches{on.temperature, on.delta, on.resistance, on.balancer, on.average};
+        for (int i = 0; i < switches.size(); ++i)
+            QCOMPARE(switches[i], action(Id(int(Id::Temperature) + i))->isChecked());
     }
 
     void shownAgain_data()
@@ -158,60 +166,45 @@ private slots:
         child->addRecord(Lines::record(3));
         const auto *display = window->findChild<DataDisplay *>();
         settle(*display);
-        QCOMPARE(display->findChild<QLabel *>(QStringLiteral("cellValue1"))->text().trimmed(),
-            QStringLiteral("2.0"));
+        QCOMPARE(display->findChild<QLabel *>("cellValue1")->text().trimmed(), QString("2.0"));
     }
 
-    void withoutWindowNoNumber()
-    {
-        window->show();
-        MdiGraphChild *child = window->createMdiChild();
-        child->addRecord(Lines::record(0));
-        click({Id::Data});
-        const auto *display = window->findChild<DataDisplay *>();
-        const auto *number = display->findChild<QLabel *>(QStringLiteral("windowNumberLabel"));
-        QTRY_COMPARE(number->text(), QStringLiteral("1"));
-        child->close();
-        QMetaObject::invokeMethod(window.get(), "toolBarEnergy", Q_ARG(bool, true));
-        QTRY_VERIFY(!number->isVisible());
-    }
-
+    /// Each as its switch says, its own close button included; the bar display goes with the balancer view.
     void displaysFollowTheirSwitches()
     {
         window->createMdiChild();
         trigger(Id::Balancer);
-        const auto shown = [this] {
+        const auto displays = [this] {
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            return QVector<QWidget *>{window->findChild<DataDisplay *>(),
+                window->findChild<VoltageComparison *>(), window->findChild<CapacityDisplay *>(),
+                window->findChild<PowerDisplay *>()};
+        };
+        const auto shown = [&] {
             const ViewSwitches &on = window->viewState().switches();
-            const auto *voltage = window->findChild<VoltageComparison *>();
-            const QVector<bool> switches{
-                on.dataDisplay, on.voltageComparison, on.capacityComparison, on.barDisplay};
-            const QVector<bool> seen{window->findChild<DataDisplay *>()->isVisible(),
-                voltage && voltage->isVisible(), window->findChild<CapacityDisplay *>()->isVisible(),
-                window->findChild<PowerDisplay *>()->isVisible()};
-            return switches == seen ? seen.indexOf(true) : -2;
+            const bool switches[]
+                = {on.dataDisplay, on.voltageComparison, on.capacityComparison, on.barDisplay};
+            const auto all = displays();
+            QString seen;
+            for (int i = 0; i < all.size(); ++i)
+                if ((all[i] && all[i]->isVisible()) != switches[i])
+                    seen += '?';
+                else if (switches[i])
+                    seen += QString::number(i);
+            return seen;
         };
         const Ids ids{Id::Data, Id::Graph, Id::BarGraph, Id::Power};
         for (int i = 0; i < ids.size(); ++i) {
-            trigger(ids[i]);
-            QCOMPARE(shown(), i);
-            trigger(ids[i]);
-            QCOMPARE(shown(), -1);
-            trigger(ids[i]);
-            QCOMPARE(shown(), i);
-            for (QWidget *display : {static_cast<QWidget *>(window->findChild<DataDisplay *>()),
-                     static_cast<QWidget *>(window->findChild<VoltageComparison *>()),
-                     static_cast<QWidget *>(window->findChild<CapacityDisplay *>()),
-                     static_cast<QWidget *>(window->findChild<PowerDisplay *>())}) {
-                if (display && display->isVisible())
-                    display->close();
+            for (const QString &expected : {QString::number(i), QString(), QString::number(i)}) {
+                trigger(ids[i]);
+                QCOMPARE(shown(), expected);
             }
-            QCOMPARE(shown(), -1);
+            displays().at(i)->close();
+            QCOMPARE(shown(), QString());
             QVERIFY(!action(ids[i])->isChecked());
         }
-        trigger(Id::Power);
-        trigger(Id::Balancer);
-        QCOMPARE(shown(), -1);
+        click({Id::Power, Id::Balancer});
+        QCOMPARE(shown(), QString());
     }
 
     void holdView()
@@ -219,10 +212,9 @@ private slots:
         window->show();
         window->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
-        for (bool held : {true, false}) {
+        for (const bool held : {true, false}) {
             QTest::keyClick(window.get(), Qt::Key_H);
             QCOMPARE(window->viewState().switches().holdView, held);
-            QCOMPARE(action(Id::HoldView)->isChecked(), held);
         }
     }
 
@@ -231,10 +223,10 @@ private slots:
         window->createMdiChild();
         trigger(Id::Balancer);
         for (int id = int(Id::Data); id <= int(Id::Energy); ++id) {
-            QSignalSpy spy(window.get(), SIGNAL(toolBarChanged()));
-            QSignalSpy repaints(window->findChild<ViewSwitchboard *>(), SIGNAL(repaintNeeded()));
+            const QSignalSpy changes(window.get(), SIGNAL(toolBarChanged()));
+            const QSignalSpy repaints(window->findChild<ViewSwitchboard *>(), SIGNAL(repaintNeeded()));
             trigger(Id(id));
-            QCOMPARE(spy.count(), id == int(Id::Average) ? 2 : 1); // which goes with the balancer view
+            QCOMPARE(changes.count(), id == int(Id::Average) ? 2 : 1); // which goes with the balancer view
             QCOMPARE(repaints.count(), id == int(Id::Power) || id == int(Id::Energy) ? 0 : 1);
             if (id == int(Id::Balancer) || id == int(Id::Average))
                 trigger(Id(id)); // what follows needs the balancer and all cells
@@ -244,35 +236,21 @@ private slots:
     void withoutWindows()
     {
         const auto check = [this](bool any) {
-            for (Id id : {Id::SaveAs, Id::SaveSession, Id::Close, Id::CloseAll, Id::Tile, Id::Cascade,
+            for (const Id id : {Id::SaveAs, Id::SaveSession, Id::Close, Id::CloseAll, Id::Tile, Id::Cascade,
                      Id::Next, Id::Previous, Id::ExportCsv, Id::SavePicture, Id::Data, Id::Average})
                 QCOMPARE(action(id)->isEnabled(), any);
             QCOMPARE(action(Id::Separator)->isVisible(), any);
-            QCOMPARE(action(Id::SavePicture)->toolTip() == QLatin1String("There is no graph window."), !any);
+            QCOMPARE(action(Id::SavePicture)->toolTip() == "There is no graph window.", !any);
         };
         check(false);
         QMetaObject::invokeMethod(window.get(), "saveFile"); // nothing to save: no dialog
         trigger(Id::PrintPlot);
-        QCOMPARE(message(), QStringLiteral("There is no graph window to print."));
-        QPointer<MdiGraphChild> child = window->createMdiChild();
+        QCOMPARE(message(), QString("There is no graph window to print."));
+        const QPointer<MdiGraphChild> child = window->createMdiChild();
         check(true);
         trigger(Id::Close);
         QTRY_VERIFY(!child);
         check(false);
-    }
-
-    void reopenedInBalancerView()
-    {
-        for (const bool average : {false, true}) {
-            window->createMdiChild();
-            trigger(average ? Id::Average : Id::Balancer);
-            trigger(Id::CloseAll);
-            QTRY_VERIFY(!action(Id::Energy)->isEnabled());
-            window->createMdiChild();
-            QCOMPARE(switchTexts(),
-                QLatin1String(
-                    average ? "  dV * Rw * B * Avg * S - P%  Vc " : "  dV * Rw * B * Avg  S  P%  Vc "));
-        }
     }
 
     /// The buttons of a tool bar take no focus, so that the menus hold what they do.
@@ -284,28 +262,25 @@ private slots:
             QStringList texts;
             const auto actions = widget->actions();
             for (const QAction *entry : actions) {
-                texts << (entry->isSeparator() ? QStringLiteral("|") : entry->text().trimmed());
+                texts << (entry->isSeparator() ? "|" : entry->text().trimmed());
                 if (entry->menu())
-                    texts.last() += QLatin1Char('[') + textsOf(entry->menu()) + QLatin1Char(']');
+                    texts.last() += '[' + textsOf(entry->menu()) + ']';
             }
             return texts.join(',');
         };
-        QCOMPARE(textsOf(window->menuBar()).split(QLatin1String("],")),
+        QCOMPARE(textsOf(window->menuBar()).split("],"),
             QStringList({"&File[Open file,Save as,Preferences,Set time,|,E&xit",
                 "&Window[Recording,Background color[White,Black",
                 "|,Cl&ose,Close &All,|,&Tile,&Cascade,|,Ne&xt,Pre&vious,|",
                 "&Print[Capacity comparison,Voltage comparison,Bar display,Active plot",
-                "&Tools[Open recordings...,Reopen closed recording,|,Export as CSV...,Save picture...,|"
-                    + QStringLiteral(
-                        ",Remote control...,Stop process,&View switches[DATA,Graph,Bar Graph,|,T,dV,Rw,|")
-                    + ",B,Avg,S,P%,Vc,|,Hold view,Distinct lines]",
+                "&Tools[Open recordings...,Reopen closed recording,|,Export as CSV...,Save picture...,|,"
+                "Remote control...,Stop process,&View switches[DATA,Graph,Bar Graph,|,T,dV,Rw,|,"
+                "B,Avg,S,P%,Vc,|,Hold view,Distinct lines]",
                 "|,&Help[&About]"}));
-        QCOMPARE(textsOf(window->findChild<QToolBar *>(QStringLiteral("mainToolBar"))),
-            QStringLiteral(
-                "Open file,Save as,&Cascade,&Tile,|,Recording,Stop process,|,DATA,Graph,Bar Graph,|,"
-                "T,dV,Rw,|,B,Avg,S,P%,"));
-        QVERIFY(window->findChild<QToolButton *>(QStringLiteral("energyAction"))->defaultAction()
-            == action(Id::Energy));
+        QCOMPARE(textsOf(window->findChild<QToolBar *>("mainToolBar")),
+            QString("Open file,Save as,&Cascade,&Tile,|,Recording,Stop process,|,DATA,Graph,Bar Graph,|,"
+                    "T,dV,Rw,|,B,Avg,S,P%,"));
+        QVERIFY(window->findChild<QToolButton *>("energyAction")->defaultAction() == action(Id::Energy));
     }
 
 private:
@@ -316,17 +291,6 @@ private:
             QVERIFY(action(id)->isEnabled());
             trigger(id);
         }
-    }
-
-    /// Text, '*' when checked, '-' when disabled, of "  dV " to " Vc ".
-    QString switchTexts() const
-    {
-        QStringList texts;
-        for (int id = int(Id::Delta); id <= int(Id::Energy); ++id) {
-            const QAction *a = action(Id(id));
-            texts << a->text() + (a->isChecked() ? "*" : "") + (a->isEnabled() ? "" : "-");
-        }
-        return texts.join(QString());
     }
 };
 
