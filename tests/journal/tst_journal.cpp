@@ -4,14 +4,15 @@
 #include "journal/journallines.h"
 
 #include "link/recordinglog.h"
-#include "support/columns.h"
 #include "support/files.h"
 #include "support/limits.h"
 
 #include <QDir>
 #include <QSignalSpy>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTemporaryFile>
+#include <QtTest>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -19,6 +20,7 @@
 namespace {
 
 constexpr std::chrono::milliseconds period(20); // not a second, as the program's
+constexpr int longTime = 60000; // ms
 const QString port = QStringLiteral("COM7");
 
 QString chargerLine(int time, char mode = 'C')
@@ -46,21 +48,23 @@ void send(RecordingLog &log, int first, int count)
     }
 }
 
-QList<int> timesIn(const QString &fileName)
+// The file holds records from 0 s on, a second apart: how many. -1 where it does not.
+int secondsIn(const QString &fileName)
 {
-    QList<int> times;
     const RecordList records = loaded(fileName);
-    for (int i = 0; i < records.size(); ++i)
-        times += records[i].time;
-    return times;
+    for (int i = 0; i < records.size(); ++i) {
+        if (records[i].time != i)
+            return -1;
+    }
+    return records.size();
 }
 
-QList<int> timesTo(int count)
+bool writeOld(const QString &name, const QByteArray &bytes, int daysAgo)
 {
-    QList<int> times;
-    for (int i = 0; i < count; ++i)
-        times += i;
-    return times;
+    QFile file(name);
+    const QDateTime then = QDateTime::currentDateTime().addDays(-daysAgo);
+    return writeFile(name, bytes) && file.open(QIODevice::ReadWrite)
+        && file.setFileTime(then, QFileDevice::FileModificationTime);
 }
 
 } // namespace
@@ -71,47 +75,39 @@ class TestJournal : public QObject {
 
 private slots:
     // In: lines as devices send them, into a record that goes on. Out: what the journal says of them.
-    void lines_data()
+    void lines()
     {
-        columns<QStringList, QStringList>({"in", "out"});
-        const QStringList plain{chargerLine(0, 'T'), resistances, chargerLine(7)};
-        QTest::newRow("as they came, in modes without a letter, too") << plain << plain;
-        QTest::newRow("what the line alone does not say: the charger's resistance, flags and cells")
-            << QStringList{plusLine, chargerLine(5), plusLine}
-            << QStringList{plusLine, chargerLine(5), chargerLine(123, 'D')};
-        QTest::newRow("a balancer gets a clock")
-            << QStringList{balancerLine, balancerLine, balancerLine}
-            << QStringList{
-                   ownBalancerLine.arg("00000"), ownBalancerLine.arg("00005"), ownBalancerLine.arg("00010")};
         // Longer than any device's, so that it is written anew; in a mode that has no letter then.
         const QString endless
             = chargerLine(1, 'T').replace(QLatin1String(",00001"), QString(4096, ' ').prepend(',') + '1');
-        QTest::newRow("resistances of what can't be read go to no other record")
-            << QStringList{chargerLine(0), endless, resistances + QStringLiteral("\r\n"), chargerLine(2),
-                   resistances}
-            << QStringList{
-                   chargerLine(0), chargerLine(1, ' '), '~' + resistances, chargerLine(2), resistances};
-        const QString broken = chargerLine(3).replace('%', '\n');
-        QTest::newRow("a line end inside, which a file can't hold")
-            << QStringList{broken} << QStringList{broken};
-    }
-
-    void lines()
-    {
-        QFETCH(QStringList, in);
-        JournalLines lines;
-        Varnel3Data record;
-        QStringList out;
-        int records = 0;
-        for (const QString &line : qAsConst(in)) {
-            const bool measures = record.parseLine(line);
-            records += measures;
-            const QByteArray bytes = line.toLatin1();
-            const QByteArray said = measures ? lines.ofRecord(bytes, record) : lines.ofResistances(bytes);
-            out += QLatin1String(said.constData(), said.size());
-            QCOMPARE(lines.areWorthKeeping(), records >= 2);
+        const QString broken
+            = chargerLine(3).replace('%', '\n'); // what a file can't hold is written anew, too
+        const std::pair<QStringList, QStringList> cases[] = {
+            {{chargerLine(0, 'T'), resistances, chargerLine(7)},
+                {chargerLine(0, 'T'), resistances, chargerLine(7)}},
+            // What the line alone does not say: the charger's resistance, flags and cells.
+            {{plusLine, chargerLine(5), plusLine}, {plusLine, chargerLine(5), chargerLine(123, 'D')}},
+            {{balancerLine, balancerLine, balancerLine}, // get a clock
+                {ownBalancerLine.arg("00000"), ownBalancerLine.arg("00005"), ownBalancerLine.arg("00010")}},
+            // Resistances of what can't be read go to no other record.
+            {{chargerLine(0), endless, resistances + "\r\n", chargerLine(2), resistances},
+                {chargerLine(0), chargerLine(1, ' '), '~' + resistances, chargerLine(2), resistances}},
+            {{broken}, {broken}}};
+        for (const auto &expected : cases) {
+            JournalLines lines;
+            Varnel3Data record;
+            QStringList out;
+            int records = 0;
+            for (const QString &line : expected.first) {
+                const bool measures = record.parseLine(line);
+                records += measures;
+                const QByteArray bytes = line.toLatin1();
+                const QByteArray said = measures ? lines.ofRecord(bytes, record) : lines.ofResistances(bytes);
+                out += QLatin1String(said.constData(), said.size());
+                QCOMPARE(lines.areWorthKeeping(), records >= 2);
+            }
+            QCOMPARE(out, expected.second);
         }
-        QTEST(out, "out");
     }
 
     // Where the record says anything else than its line.
@@ -137,39 +133,28 @@ private slots:
         QVERIFY(!isOwn([](Varnel3Data &record) { record.cells[7].voltage = 1; }));
     }
 
+    // One after the other, beside those of another program, which tidies up meanwhile.
     void isThereAtOnceWhereWorthIt()
     {
         QTemporaryDir folder;
         JournalKeeper keeper(folder.filePath(QStringLiteral("new/recordings")));
+        JournalKeeper otherProgram(keeper.folder().path());
+        const std::unique_ptr<RecordingLog> other = otherProgram.create(port);
         for (int records = 0; records < 3; ++records) {
             std::unique_ptr<RecordingLog> log = keeper.create(port);
             const QString name = keeper.currentFile(port);
+            QVERIFY(name != otherProgram.currentFile(port));
+            otherProgram.tidy(1);
+            QCOMPARE(keeper.folder().files().size(), 2); // empty, and being written
             send(*log, 0, records);
-            QCOMPARE(timesIn(name), timesTo(records)); // with the system before the next event
+            QCOMPARE(secondsIn(name), records); // with the system before the next event
             log->addResistanceLine(resistances.toLatin1());
             QVERIFY(contents(name).endsWith('\n' + resistances.toLatin1() + '\n') || records == 0);
             QVERIFY(isBeingWritten(name) && keeper.holdsAll(name));
             log.reset();
             QCOMPARE(QFile::exists(name), records >= 2);
-            QTRY_VERIFY(!isBeingWritten(name)); // by the thread that closes it
+            QTRY_VERIFY_WITH_TIMEOUT(!isBeingWritten(name), longTime); // by the thread that closes it
         }
-    }
-
-    void recordingsDoNotMeet()
-    {
-        QTemporaryDir folder;
-        JournalKeeper keeper(folder.path());
-        JournalKeeper otherProgram(folder.path());
-        QStringList names;
-        std::vector<std::unique_ptr<RecordingLog>> logs;
-        for (JournalKeeper *each : {&keeper, &otherProgram, &keeper}) {
-            logs.push_back(each->create(port));
-            names += each->currentFile(port);
-        }
-        otherProgram.tidy(1); // all three are empty, and all three are being written
-        names.removeDuplicates();
-        QCOMPARE(names.size(), 3);
-        QCOMPARE(keeper.folder().files().size(), 3);
     }
 
     // One goes on, one ends meanwhile: its window may be closed, and nothing else holds what waits.
@@ -182,31 +167,29 @@ private slots:
         const std::unique_ptr<RecordingLog> log = keeper.create(port);
         std::unique_ptr<RecordingLog> ending = keeper.create(QStringLiteral("COM8"));
         const QStringList names{keeper.currentFile(port), keeper.currentFile(QStringLiteral("COM8"))};
-        {
-            const FileSizeLimit limit(1000); // in the middle of a line
-            send(*log, 0, 50);
-            send(*ending, 0, 50);
-            ending.reset();
+        const int length = chargerLine(0).size() + 1;
+        for (const int bytes : {1000, 13 * length - 1, 15 * length}) { // in a line, before its end, behind it
+            const FileSizeLimit limit{rlim_t(bytes)};
+            if (ending) {
+                send(*log, 0, 50);
+                send(*ending, 0, 50);
+                ending.reset();
+            }
+            for (int round = 0; round < 3; ++round) // in vain but for the first
+                QVERIFY(QMetaObject::invokeMethod(&keeper, "lookAfterFiles"));
             for (const QString &name : names) {
                 QVERIFY(contents(name).endsWith('\n'));
-                QCOMPARE(timesIn(name), timesTo(1000 / (chargerLine(0).size() + 1)));
+                QCOMPARE(secondsIn(name), bytes / length);
                 QVERIFY(isBeingWritten(name) && !keeper.holdsAll(name));
             }
-            int rounds = 0;
-            QTimer timer;
-            connect(&timer, &QTimer::timeout, this, [&rounds] { ++rounds; });
-            timer.start(period);
-            QTRY_VERIFY(rounds > 3); // tries in vain
         }
-        QCOMPARE(stalled.size(), 1);
-        QCOMPARE(stalled.first().first().toString(), QStringLiteral("the disk is full"));
+        QCOMPARE(stalled, QList<QVariantList>({{QStringLiteral("the disk is full")}}));
         QCOMPARE(resumed.size(), 0);
         send(*log, 50, 1); // waits for its turn
-        QTRY_COMPARE(resumed.size(), 1);
-        QCOMPARE(timesIn(names[0]), timesTo(51));
-        QCOMPARE(timesIn(names[1]), timesTo(50));
+        QTRY_COMPARE_WITH_TIMEOUT(resumed.size(), 1, longTime);
+        QVERIFY(secondsIn(names[0]) == 51 && secondsIn(names[1]) == 50);
         QVERIFY(keeper.holdsAll(names[0]) && keeper.holdsAll(names[1]));
-        QTRY_VERIFY(!isBeingWritten(names[1]));
+        QTRY_VERIFY_WITH_TIMEOUT(!isBeingWritten(names[1]), longTime);
         QVERIFY(isBeingWritten(names[0]));
     }
 
@@ -223,7 +206,7 @@ private slots:
             for (int i = 0; i < 65; ++i)
                 log->addResistanceLine('!' + QByteArray(megabyte, '1'));
         }
-        QTRY_COMPARE(resumed.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(resumed.size(), 1, longTime);
         const qint64 size = QFileInfo(keeper.currentFile(port)).size();
         QVERIFY(size > 64 * megabyte && size < 65 * megabyte);
         QVERIFY(!keeper.holdsAll(keeper.currentFile(port)));
@@ -232,59 +215,49 @@ private slots:
     void folderThatCanNotBeMade()
     {
         QTemporaryDir folder;
-        QFile inTheWay(folder.filePath(QStringLiteral("recordings")));
-        QVERIFY(inTheWay.open(QIODevice::WriteOnly));
-        JournalKeeper keeper(inTheWay.fileName());
+        const QString inTheWay = folder.filePath(QStringLiteral("recordings"));
+        QVERIFY(writeFile(inTheWay, "x"));
+        JournalKeeper keeper(inTheWay);
         QSignalSpy stalled(&keeper, SIGNAL(stalled(QString)));
         QSignalSpy resumed(&keeper, SIGNAL(resumed()));
         std::unique_ptr<RecordingLog> log = keeper.create(port);
         send(*log, 0, 2);
-        QCOMPARE(stalled.size(), 1);
-        QCOMPARE(stalled.first().first().toString(), qt_error_string(ENOTDIR));
-        QVERIFY(inTheWay.remove());
+        QCOMPARE(stalled, QList<QVariantList>({{qt_error_string(ENOTDIR)}}));
+        QVERIFY(QFile::remove(inTheWay));
         log.reset(); // the last try
-        QCOMPARE(resumed.size(), 1);
-        QCOMPARE(timesIn(keeper.currentFile(port)), timesTo(2));
-    }
-
-    void lostFilesAreWrittenAgain_data()
-    {
-        QTest::addColumn<QString>("harm");
-        for (const char *harm : {"removed", "replaced", "moved", "folder moved"})
-            QTest::newRow(harm) << QString::fromLatin1(harm);
+        QVERIFY(resumed.size() == 1 && secondsIn(keeper.currentFile(port)) == 2);
     }
 
     void lostFilesAreWrittenAgain()
     {
-        QFETCH(QString, harm);
-        QTemporaryDir place;
-        JournalKeeper keeper(place.filePath(QStringLiteral("recordings")), nullptr, period);
-        QSignalSpy replaced(&keeper, SIGNAL(replaced(QString,QString)));
-        std::unique_ptr<RecordingLog> log = keeper.create(port);
-        const QString name = keeper.currentFile(port);
-        send(*log, 0, 20);
-        for (int i = 0; i < 5000; ++i) // more than is copied in one go
-            log->addResistanceLine('!' + QByteArray(4000, '1'));
-        log->addResistanceLine('!' + QByteArray(3 << 20, '1')); // more than is copied at once
-        if (harm == QLatin1String("removed"))
-            QVERIFY(QFile::remove(name));
-        else if (harm == QLatin1String("replaced"))
-            QVERIFY(QFile::remove(name) && writeFile(name, "precious\n"));
-        else if (harm == QLatin1String("moved"))
-            QVERIFY(QFile::rename(name, place.filePath(QStringLiteral("mine.acp"))));
-        else
-            QVERIFY(QDir().rename(QFileInfo(name).path(), place.filePath(QStringLiteral("old"))));
-        QTRY_VERIFY(!replaced.isEmpty()); // though no line comes
-        const QString newName = keeper.currentFile(port);
-        QCOMPARE(replaced.last(), QVariantList({name, newName}));
-        QCOMPARE(newName != name, harm == QLatin1String("replaced"));
-        QTRY_VERIFY(keeper.holdsAll(newName));
-        QCOMPARE(timesIn(newName), timesTo(20));
-        QCOMPARE(contents(newName).count('!'), 5001);
-        send(*log, 20, 1);
-        log.reset();
-        QCOMPARE(timesIn(newName), timesTo(21));
-        QVERIFY(newName == name || contents(name) == "precious\n");
+        for (const char *harm : {"removed", "replaced", "moved", "folder moved"}) {
+            QTemporaryDir place;
+            JournalKeeper keeper(place.filePath(QStringLiteral("recordings")), nullptr, period);
+            QSignalSpy replaced(&keeper, SIGNAL(replaced(QString,QString)));
+            std::unique_ptr<RecordingLog> log = keeper.create(port);
+            const QString name = keeper.currentFile(port);
+            send(*log, 0, 20);
+            for (int i = 0; i < 5000; ++i) // more than is copied in one go
+                log->addResistanceLine('!' + QByteArray(4000, '1'));
+            log->addResistanceLine('!' + QByteArray(3 << 20, '1')); // more than is copied at once
+            const QByteArray all = contents(name);
+            if (*harm == 'm')
+                QVERIFY(QFile::rename(name, place.filePath(QStringLiteral("mine.acp"))));
+            else if (*harm == 'f')
+                QVERIFY(QDir().rename(QFileInfo(name).path(), place.filePath(QStringLiteral("old"))));
+            else
+                QVERIFY(
+                    QFile::remove(name) && (harm != QByteArray("replaced") || writeFile(name, "precious\n")));
+            QTRY_VERIFY_WITH_TIMEOUT(!replaced.isEmpty(), longTime); // though no line comes
+            const QString newName = keeper.currentFile(port);
+            QCOMPARE(replaced, QList<QVariantList>({{name, newName}}));
+            QVERIFY2(newName == name || contents(name) == "precious\n", harm);
+            QTRY_VERIFY_WITH_TIMEOUT(keeper.holdsAll(newName), longTime);
+            QVERIFY(contents(newName) == all);
+            send(*log, 20, 1);
+            log.reset();
+            QCOMPARE(secondsIn(newName), 21);
+        }
     }
 
     void failedSyncIsTriedAgain()
@@ -295,12 +268,12 @@ private slots:
         DiskSyncer syncer(period);
         QVERIFY(!syncer.isFailing(descriptor) && !syncer.isGone(descriptor));
         syncer.mark(descriptor);
-        QTRY_VERIFY(syncer.isFailing(descriptor));
+        QTRY_VERIFY_WITH_TIMEOUT(syncer.isFailing(descriptor), longTime);
         QCOMPARE(::dup2(file.handle(), descriptor), descriptor);
-        QTRY_VERIFY(!syncer.isFailing(descriptor));
+        QTRY_VERIFY_WITH_TIMEOUT(!syncer.isFailing(descriptor), longTime);
         syncer.watch(descriptor, file.fileName());
         QVERIFY(QFile::remove(file.fileName()));
-        QTRY_VERIFY(syncer.isGone(descriptor));
+        QTRY_VERIFY_WITH_TIMEOUT(syncer.isGone(descriptor), longTime);
         QVERIFY(syncer.finishNow(descriptor).get());
         QCOMPARE(::fcntl(descriptor, F_GETFD), -1);
         QVERIFY(!syncer.finishNow(descriptor).get());
@@ -320,6 +293,54 @@ private slots:
             QCOMPARE(large.size(), more > 0 ? 1 : 0);
         }
         QCOMPARE(large.first(), QVariantList({folder.path(), JournalKeeper::largeFolder + 1}));
+    }
+
+    void names()
+    {
+        const auto nameOf = [](const char *portName, int attempt) {
+            const QDateTime time(QDate(2026, 11, 21), QTime(6, 4, 5));
+            return JournalFolder(QStringLiteral("/j")).fileName(time, QString::fromUtf8(portName), attempt);
+        };
+        QCOMPARE(nameOf("COM3", 1), QStringLiteral("/j/2026-11-21_06-04-05_COM3.acp"));
+        QCOMPARE(nameOf("COM3", 2), QStringLiteral("/j/2026-11-21_06-04-05_COM3_2.acp"));
+        QCOMPARE(nameOf("../C-M 3%1:\u0142", 1), QStringLiteral("/j/2026-11-21_06-04-05____C-M_3_1__.acp"));
+    }
+
+    // What is removed from the folder, and what never is.
+    void folderIsTidied()
+    {
+        const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+        QVERIFY(QDir().mkpath(data)); // the bin is on the disk of what it takes
+        QTemporaryDir temporary(data + QStringLiteral("/XXXXXX"));
+        const JournalFolder folder(temporary.path());
+        const QDateTime time = QDateTime::currentDateTime();
+        const auto nameOf = [&](const char *name) { return folder.fileName(time, QLatin1String(name), 1); };
+        const QString mine = temporary.filePath(QStringLiteral("mine.acp"));
+        const QByteArray line = "#c0605 00123,25200+02000,025,01234\n";
+        QVERIFY(writeOld(nameOf("A-empty"), "", 99) && writeOld(mine, line, 99));
+        QVERIFY(writeOld(nameOf("B-one"), line + "!1,2,3\n" + line.left(20), 1));
+        QVERIFY(writeOld(nameOf("C-two"), line + line, 31));
+        QVERIFY(writeOld(nameOf("D-large"), QByteArray(4097, 'x'), 29));
+        QVERIFY(writeOld(nameOf("E-small"), QByteArray(4096, 'x'), 1));
+        const CreatedFile live = createLockedFile(nameOf("F-live"));
+        QVERIFY(live.descriptor >= 0 && isBeingWritten(nameOf("F-live")));
+        QVERIFY(writeOld(nameOf("F-live"), "", 99) && createLockedFile(nameOf("F-live")).exists);
+        QVERIFY(writeOld(nameOf("G-newest"), line + line, 1));
+        const QStringList newer = {nameOf("G-newest"), nameOf("F-live"), nameOf("D-large")};
+
+        QCOMPARE(folder.removeEmpty(), 3);
+        QCOMPARE(folder.files(), newer + QStringList{nameOf("C-two")});
+        QCOMPARE(folder.totalSize(), qint64(4097 + 4 * line.size()));
+        QCOMPARE(JournalFolder(temporary.filePath(QStringLiteral("none"))).removeEmpty(), 0);
+        QCOMPARE(folder.discardOlderThan(0), 0);
+        QCOMPARE(folder.discardOlderThan(30, time.addDays(-9)), 0);
+        QCOMPARE(
+            folder.discardOlderThan(30, time.addYears(70)), 0); // the clock is wrong: G would be old, too
+        QCOMPARE(folder.discardOlderThan(29, time.addYears(70)), 1);
+        QCOMPARE(folder.files(), newer);
+        QVERIFY(QDir(data + QStringLiteral("/Trash/files")).exists(QFileInfo(nameOf("C-two")).fileName()));
+        closeFile(live.descriptor);
+        QVERIFY(folder.removeEmpty() == 1 && QFile::exists(mine));
     }
 };
 
