@@ -96,14 +96,11 @@ private slots:
         QVERIFY_EXCEPTION_THROWN(LargeBlock(size_t(4) << 30), std::bad_alloc);
     }
 
-    // What groups leave of a machine of 1000 bytes, of which 600 are available.
+    // What groups (/a/b, that above, and the root) leave of a machine of 1000 bytes, of which 600 are available.
     void groupsLeave()
     {
-        const struct {
-            const char *membership;
-            QByteArrayList groups; // /a/b, that above, and the root
-            QByteArray left; // total and available
-        } cases[] = {{"", {"500 100 0", "", ""}, "1000 600"}, // in none
+        const std::tuple<QByteArray, QByteArrayList, QByteArray> cases[] = {
+            {"", {"500 100 0", "", ""}, "1000 600"}, // in none
             {"0::/a/b\n", {"max 100 0", "max 300 0", ""}, "1000 600"}, // no limit
             {"0::/a/b\n", {"500 100 0", "max 300 0", ""}, "500 400"}, // its own
             {"0::/a/b\n", {"900 100 0", "400 300 0", ""}, "400 100"}, // that above
@@ -116,18 +113,18 @@ private slots:
             {"5:cpu:/x\n4:pids,memory:/a/b\n0::/\n", {"500 100 50", "9223372036854771712 300 0", ""},
                 "500 450"},
             {"4:memory:/c\n", {"500 100 0", "", ""}, "1000 600"}}; // another's
-        for (const auto &given : cases) {
-            const bool first = QByteArray(given.membership).contains("memory"); // the older files
+        for (const auto &[membership, groups, left] : cases) {
+            const bool first = membership.contains("memory"); // the older files
             QTemporaryDir root;
             QString folder = root.path() + (first ? QStringLiteral("/memory/a/b") : QStringLiteral("/a/b"));
-            for (const QByteArray &group : given.groups) {
+            for (const QByteArray &group : groups) {
                 QVERIFY(writeGroup(folder, group, first));
                 folder = folder.section(QLatin1Char('/'), 0, -2);
             }
             qint64 total = 1000;
             qint64 available = 600;
-            narrowToGroups(&total, &available, given.membership, root.path());
-            QCOMPARE(QByteArray::number(total) + ' ' + QByteArray::number(available), given.left);
+            narrowToGroups(&total, &available, membership, root.path());
+            QCOMPARE(QByteArray::number(total) + ' ' + QByteArray::number(available), left);
         }
     }
 

@@ -40,11 +40,7 @@ private slots:
             QCOMPARE(labelOf(acp, digit + "\ncharge\n3\n"), QLatin1String(" [Cha 3x") + chemistries[code]);
             QCOMPARE(labelOf(abp, digit + "\ne\n3\n"), QLatin1String(" [Tandor 3x") + balanced[code]);
         }
-        const struct {
-            QString name;
-            const char *label;
-            QByteArrayList files;
-        } cases[]
+        const std::tuple<QString, const char *, QByteArrayList> cases[]
             = {{acp, " [Cha 6xLiPo]", {recordLine("#06C05_____0"), "#C0606 00123,25200,+2000,025,01234\r\n"}},
                 {acp, " [Dis 12xLiFe]", {"\xef\xbb\xbf" + recordLine("#12D07_____0")}},
                 {acp, " [Bal 3xLTO]", {recordLine("#03B12_____0")}},
@@ -55,9 +51,9 @@ private slots:
                 {acp, "",
                     {"", "#06C05\n", "5\nd\n", "5\nt\n3\n", "x\nd\n3\n", QByteArray(100000, '6'),
                         "6\ncharge" + QByteArray(5000, ' ') + "\n3\n"}}}; // beyond what is read
-        for (const auto &expected : cases) {
-            for (const QByteArray &bytes : expected.files)
-                QCOMPARE(labelOf(expected.name, bytes), QLatin1String(expected.label));
+        for (const auto &[name, label, files] : cases) {
+            for (const QByteArray &bytes : files)
+                QCOMPARE(labelOf(name, bytes), QLatin1String(label));
         }
     }
 

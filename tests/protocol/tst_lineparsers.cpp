@@ -143,25 +143,21 @@ private slots:
         const QString fromZero
             = QStringLiteral("NiCd NiMh Pb RAM LiIo LiPo LiTa LiFe LiS NiZn LiXX LiHV LTO");
         const QString fromOne = QString(fromZero).replace(QLatin1String("LTO"), QLatin1String("-None -None"));
-        const struct {
-            QString line;
-            QString codes;
-            QString (*said)(const Varnel3Data &);
-            QString expected;
-        } tables[] = {{chargerLine("#06C%1_____0"), types, type, fromZero + " -None -None"},
-            {"#c06%1 00123,25200+02000,025,01234", types, type, "-None " + fromOne},
-            {"#c06%1 00123,25200,+2000,025,01234", types, type, "-None " + fromOne},
-            {balancerLine("#t02%1C4000"), "04 05 06 07 08 09", type, "-None LiIo LiPo LiFe LiHV -None"},
-            {chargerLine("#06%105_____0"), "C D B F T c \u0443", mode,
-                "Charge Discharge Balancing Format Test -None -None"},
-            {"#%10605 00123,25200+02000,025,01234", "C c D d F f B", mode,
-                "Charge Charge Discharge Discharge Charge Charge -None"},
-            {"#%10606 00123,25200,-2000,025,01234", "C c D d F f", mode,
-                "Charge Charge Discharge Discharge Discharge Discharge"},
-            {chargerLine("#06C05_____%1"), "0 1 4 9 _", current, "0 250 1000 2250 -0"},
-            {balancerLine("#t0206%14000"), "A B C D E", current, "0 250 500 750 0"}};
-        for (const auto &table : tables)
-            QCOMPARE(ofCodes(table.line, table.codes, table.said).join(QLatin1Char(' ')), table.expected);
+        const std::tuple<QString, QString, QString (*)(const Varnel3Data &), QString> tables[]
+            = {{chargerLine("#06C%1_____0"), types, type, fromZero + " -None -None"},
+                {"#c06%1 00123,25200+02000,025,01234", types, type, "-None " + fromOne},
+                {"#c06%1 00123,25200,+2000,025,01234", types, type, "-None " + fromOne},
+                {balancerLine("#t02%1C4000"), "04 05 06 07 08 09", type, "-None LiIo LiPo LiFe LiHV -None"},
+                {chargerLine("#06%105_____0"), "C D B F T c \u0443", mode,
+                    "Charge Discharge Balancing Format Test -None -None"},
+                {"#%10605 00123,25200+02000,025,01234", "C c D d F f B", mode,
+                    "Charge Charge Discharge Discharge Charge Charge -None"},
+                {"#%10606 00123,25200,-2000,025,01234", "C c D d F f", mode,
+                    "Charge Charge Discharge Discharge Discharge Discharge"},
+                {chargerLine("#06C05_____%1"), "0 1 4 9 _", current, "0 250 1000 2250 -0"},
+                {balancerLine("#t0206%14000"), "A B C D E", current, "0 250 500 750 0"}};
+        for (const auto &[line, codes, said, expected] : tables)
+            QCOMPARE(ofCodes(line, codes, said).join(QLatin1Char(' ')), expected);
     }
 
     // What is left of a record that said charge and seven LiFe cells before, of no device.
@@ -195,13 +191,13 @@ private slots:
                 {"Tandor Balancing 2xLiFe", {balancerLine("#t02x6D4000")}},
                 {"Tandor Balancing 2xLiPo",
                     {balancerLine("#t0206D4o00"), balancerLine("#t0206D4000").replace("4002", "4oo2")}}};
-        for (const auto &expected : cases) {
-            for (const QString &line : expected.second) {
+        for (const auto &[left, lines] : cases) {
+            for (const QString &line : lines) {
                 Varnel3Data record;
                 record.mode = Varnel3Data::Charge;
                 record.cellCount = record.cellType = 7;
                 QVERIFY2(!record.parseLine(line), qPrintable(line));
-                QCOMPARE(headOf(record), QLatin1String(expected.first));
+                QCOMPARE(headOf(record), QLatin1String(left));
                 QCOMPARE(record.flag5, record.device == Varnel3Data::Tandor ? 'B' : '_');
             }
         }
@@ -210,39 +206,33 @@ private slots:
     // read: cells that the line overwrites; statistics: highest, lowest, mean, balance
     void cells()
     {
-        const struct {
-            const char *count;
-            const char *flag5;
-            int read;
-            const char *statistics;
-        } cases[] = {{"-5", "B", 0, " 900 900 900 20"}, {"00", "B", 1, " 4100 4100 4100 0"},
-            {"01", "B", 2, " 4100 4100 4100 0"}, {"02", "B", 3, " 4101 4100 4100 10"},
-            {"06", "B", 7, " 4105 4100 4102 50"}, {"15", "B", 16, " 4114 4100 4107 100"},
-            {"16", "B", 16, " 4115 4100 4107 100"},
-            {"99", "B", 16, " 4115 4100 663 100"}, // sixteen are summed
-            {"06", "_", 7, " 0 0 0 0"}};
-        for (const auto &expected : cases) {
+        const std::tuple<const char *, const char *, int, const char *> cases[]
+            = {{"-5", "B", 0, " 900 900 900 20"}, {"00", "B", 1, " 4100 4100 4100 0"},
+                {"01", "B", 2, " 4100 4100 4100 0"}, {"02", "B", 3, " 4101 4100 4100 10"},
+                {"06", "B", 7, " 4105 4100 4102 50"}, {"15", "B", 16, " 4114 4100 4107 100"},
+                {"16", "B", 16, " 4115 4100 4107 100"},
+                {"99", "B", 16, " 4115 4100 663 100"}, // sixteen are summed
+                {"06", "_", 7, " 0 0 0 0"}};
+        for (const auto &[count, flag5, read, expected] : cases) {
             Varnel3Data record;
             record.cellMax = record.cellMin = record.cellAverage = record.balanceMax = 1;
             for (CellData &cell : record.cells)
                 cell = {900, 20, 77, 0.5};
-            QString line
-                = chargerLine("#06C05____B0").replace(1, 2, expected.count).replace(10, 1, expected.flag5);
-            for (int i = expected.read; i < Varnel3Data::maxCells; ++i)
+            QString line = chargerLine("#06C05____B0").replace(1, 2, count).replace(10, 1, flag5);
+            for (int i = read; i < Varnel3Data::maxCells; ++i)
                 line = withField(line, 7 + 2 * i, QStringLiteral("none")); // must not be looked at
             line = withField(line, 8, QString()); // no balance at all: 0, and no fault
             QVERIFY(record.parseLine(line));
             for (int i = 0; i < Varnel3Data::maxCells; ++i) {
-                const bool read = i < expected.read;
-                QCOMPARE(record.cells[i].voltage, read ? 4100 + i : 900);
-                QCOMPARE(record.cells[i].balance, read ? i % 11 * 10 : 20);
+                QCOMPARE(record.cells[i].voltage, i < read ? 4100 + i : 900);
+                QCOMPARE(record.cells[i].balance, i < read ? i % 11 * 10 : 20);
                 QCOMPARE(record.cells[i].balanceCharge, 77); // not the parser's
             }
             const auto statistics = [&record] {
                 return numbers({record.cellMax, record.cellMin, record.cellAverage, record.balanceMax});
             };
-            QCOMPARE(statistics(), QLatin1String(expected.statistics));
-            if (expected.read == 3) { // the first is not always the lowest
+            QCOMPARE(statistics(), QLatin1String(expected));
+            if (read == 3) { // the first is not always the lowest
                 QVERIFY(record.parseLine(withField(withField(line, 9, "4099"), 8, ":")));
                 QCOMPARE(statistics(), QStringLiteral(" 4100 4099 4099 100"));
             }
@@ -328,24 +318,18 @@ private slots:
         pack.cells[7].voltage = 17;
         pack.cells[1].balance = 99;
         QCOMPARE(pack.toRecordLine(), line);
-        const struct {
-            int mode;
-            int chemistry;
-            int cells;
-            int current;
-            const char *head;
-        } heads[] = {{1, 0, 1, 250, "#01D00_____1"}, {2, 12, 16, 1000, "#16B12_____4"},
-            {3, 5, 99, 300, "#99F05_____0"}, {0, 10, 6, 249, "#06C10_____0"}, {3, 5, 6, 1250, "#06F05_____0"},
-            {4, 5, 6, 750, "#06 05_____3"}, {5, 13, 0, 500, "#00  _____2"}, {-1, -1, -1, -250, "#-1  _____0"},
-            {0, 13, 6, 0, "#06C _____0"}, {0, 5, -9, 0, "#-9C05_____0"}, {0, 5, -10, 0, "#-10C05_____0"},
-            {0, 5, 100, 0, "#100C05_____0"}};
-        for (const auto &expected : heads) {
+        const std::tuple<int, int, int, int, const char *> heads[] = {{1, 0, 1, 250, "#01D00_____1"},
+            {2, 12, 16, 1000, "#16B12_____4"}, {3, 5, 99, 300, "#99F05_____0"},
+            {0, 10, 6, 249, "#06C10_____0"}, {3, 5, 6, 1250, "#06F05_____0"}, {4, 5, 6, 750, "#06 05_____3"},
+            {5, 13, 0, 500, "#00  _____2"}, {-1, -1, -1, -250, "#-1  _____0"}, {0, 13, 6, 0, "#06C _____0"},
+            {0, 5, -9, 0, "#-9C05_____0"}, {0, 5, -10, 0, "#-10C05_____0"}, {0, 5, 100, 0, "#100C05_____0"}};
+        for (const auto &[mode, chemistry, cells, current, head] : heads) {
             Varnel3Data record = pack;
-            record.mode = expected.mode;
-            record.cellType = expected.chemistry;
-            record.cellCount = expected.cells;
-            record.ballansingCurrent = expected.current;
-            QCOMPARE(written(record).split(',').first(), QByteArray(expected.head));
+            record.mode = mode;
+            record.cellType = chemistry;
+            record.cellCount = cells;
+            record.ballansingCurrent = current;
+            QCOMPARE(written(record).split(',').first(), QByteArray(head));
             QCOMPARE(Varnel3Data().parseLine(record.toRecordLine()), isRecordLineReadable(record));
         }
     }
@@ -376,21 +360,19 @@ private slots:
     void hostileNumbersFit()
     {
         Varnel3Data record;
+        for (int *field : {&record.mode, &record.time, &record.voltage, &record.current, &record.temperature,
+                 &record.energy, &record.internalResistance, &record.ballansingCurrent, &record.cellCount})
+            *field = INT_MIN;
+        QVERIFY(written(record).endsWith(QByteArray(",0000,0").repeated(16)));
         record.cellCount = INT_MAX;
-        record.mode = INT_MIN;
-        record.time = record.voltage = record.current = record.temperature = record.energy = INT_MIN;
-        record.internalResistance = record.ballansingCurrent = INT_MIN;
         for (CellData &cell : record.cells)
-            cell = {INT_MIN, INT_MIN, INT_MIN, 0.0};
-        QVERIFY(written(record).size() + 2 <= maxRecordLineLength);
-        QCOMPARE(written(record).count(','), 38);
+            cell.voltage = INT_MIN;
         int cell = 0;
         for (const int balance : {2079, 2080, -480, -490}) // the last that a character says, and beyond
             record.cells[cell++].balance = balance;
-        QCOMPARE(written(record).split(',').mid(8, 7).join(),
-            QByteArray("\xff-2147483648?-2147483648\0-2147483648?", 37));
-        record.cellCount = INT_MIN;
-        QVERIFY(written(record).endsWith(QByteArray(",0000,0").repeated(16)));
+        const QByteArrayList fields = written(record).split(',');
+        QCOMPARE(fields[8] + fields[10] + fields[12] + fields[14], QByteArray("\xff?\0?", 4));
+        QVERIFY(fields.size() == 39 && written(record).size() + 2 <= maxRecordLineLength);
     }
 
     // The quick way takes what is of the usual widths.

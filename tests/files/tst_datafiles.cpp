@@ -1,10 +1,14 @@
-#include "files/datafileloader.h"
-
 #include "data/systemmemory.h"
 #include "documents/loadoutcome.h"
+#include "files/datafileloader.h"
+#include "files/datafilepieces.h"
+#include "files/disk/disksyncer.h"
+#include "files/wholefile.h"
 #include "support/asnobody.h"
 #include "support/files.h"
 #include "support/limits.h"
+#include "support/records.h"
+#include "support/seed.h"
 
 #include <QBuffer>
 #include <QDir>
@@ -12,6 +16,7 @@
 #include <QTemporaryFile>
 #include <QtTest>
 
+#include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <optional>
@@ -93,10 +98,41 @@ QByteArray utf16(const QString &text, bool little)
     return bytes;
 }
 
+RecordList recording(int count)
+{
+    return RandomRecords(7).recording(count);
+}
+
+QString pathOf(const QTemporaryDir &folder, const char *name)
+{
+    return folder.filePath(QLatin1String(name));
+}
+
+bool setMode(const QString &name, mode_t mode)
+{
+    return ::chmod(QFile::encodeName(name).constData(), mode) == 0;
+}
+
+mode_t modeOf(const QString &name)
+{
+    struct stat status { };
+    return ::stat(QFile::encodeName(name).constData(), &status) == 0 ? status.st_mode : 0;
+}
+
+// `unreadable`: records that the reader will refuse.
+WriteOutcome save(const QString &name, const RecordList &records, int *unreadable = nullptr)
+{
+    DataFilePieces lines(records);
+    const WriteOutcome outcome = writeWholeFile(name, lines);
+    if (unreadable)
+        *unreadable = lines.unreadable();
+    return outcome;
+}
+
 } // namespace
 
-/// Files of the three dialects, whole, damaged and hostile.
-class TestDataFileLoader : public QObject {
+/// Data files: what is read of the three dialects, whole, damaged and hostile, and what is written.
+class TestDataFiles : public QObject {
     Q_OBJECT
 
 private slots:
@@ -134,11 +170,8 @@ private slots:
         const QByteArray lines = line + '\n' + line + '\n';
         const QByteArray two = "#c0605 00123,25200+02000,025,01234";
         const QByteArray gap(300000, ' '); // longer than what is read at once
-        const struct {
-            QString name;
-            QString outcome;
-            QByteArrayList files;
-        } cases[] = {// A last line without its end may be cut short: within the cells, a balance or a number.
+        const std::tuple<QString, QString, QByteArrayList> cases[] = {
+            // A last line without its end may be cut short: within the cells, a balance or a number.
             {acp, "Data loaded from disk. 1000 ms, 2 records",
                 {lines, lines + line.left(90), lines + line.chopped(1), lines + line.chopped(2),
                     two + '\n' + two + '\n' + two.chopped(1), line + '\n' + two,
@@ -172,9 +205,9 @@ private slots:
                 {"6\nt\n2\n4000 10 4001\n", "6\nt\n2\n4000 10 4001 20.5\n", "6\nt\n0\n4000 10\n",
                     "6\nt\n-5\n4000 10\n", "6\nt\n2000000000\n4000 10\n", "6\nt\n1\n3000000000 10\n",
                     "6\nt\n1\n4\n3300 0\n", "6\nt\n1\n0\n3300 0\n"}}};
-        for (const auto &expected : cases) {
-            for (const QByteArray &bytes : expected.files) {
-                const auto loader = loaderOf(bytes, expected.name);
+        for (const auto &[name, outcome, files] : cases) {
+            for (const QByteArray &bytes : files) {
+                const auto loader = loaderOf(bytes, name);
                 for (double progress = 0; loader->readSome(0); progress = loader->progress())
                     QVERIFY(loader->progress() >= progress && loadOutcome(*loader).text.isEmpty());
                 QCOMPARE(loader->progress(), 1.0);
@@ -186,7 +219,7 @@ private slots:
                                               : loader->reason().mid(int(qstrlen("format error in ")));
                 QCOMPARE(QStringLiteral("%1 %2 ms, %3").arg(said.text).arg(said.timeout).arg(reason)
                         + bytes.right(50),
-                    expected.outcome + bytes.right(50));
+                    outcome + bytes.right(50));
             }
         }
     }
@@ -197,11 +230,8 @@ private slots:
         const QByteArray figures = " 3725\t12.3456  -1.5 25.35 -7\n";
         const QString charged = QStringLiteral("%1,03725,12346,01500,254,-0007,00000,0000,0,0000,0 0 0");
         const QString record = QString::fromLatin1(recordLine(3600)).section(QLatin1Char(','), 0, 10);
-        const struct {
-            QString name;
-            QByteArray bytes;
-            QStringList told;
-        } cases[] = {{acp, "1\ncharge\n8\n" + figures, {charged.arg("Varnel 2+ #08C00_____0")}},
+        const std::tuple<QString, QByteArray, QStringList> cases[] = {
+            {acp, "1\ncharge\n8\n" + figures, {charged.arg("Varnel 2+ #08C00_____0")}},
             {acp, " 6 \r\nd\r\n12\r\n" + figures, {charged.arg("Varnel 2+ #12D05_____0")}},
             {acp, "12\nf\n1\n" + figures, {charged.arg("Varnel 2+ #01D11_____0")}}, // no sign says otherwise
             // The voltage of five digits is dropped, but its 5 s pass; a balance beyond 100 per cent is none.
@@ -220,8 +250,8 @@ private slots:
                     "Varnel 3 " + QString(record).replace("3600", "7200") + " 200 0"}},
             {acp, recordLine(3600) + '\n' + resistances, // whose last value may lack a digit
                 {"Varnel 3 " + record + " 100 0"}}};
-        for (const auto &expected : cases)
-            QCOMPARE(told(expected.bytes, expected.name), expected.told);
+        for (const auto &[name, bytes, expected] : cases)
+            QCOMPARE(told(bytes, name), expected);
     }
 
     // In volts, and what becomes of it in millivolts; -1 is a format error.
@@ -242,16 +272,16 @@ private slots:
     void whatIsNoFile()
     {
         QTemporaryDir folder;
-        const QString place = folder.filePath(QStringLiteral("%1.acp")); // the names' '%' are theirs
-        const auto named = [&folder](const char *kind) { return folder.filePath(QLatin1String(kind)); };
-        QCOMPARE(::chmod(QFile::encodeName(folder.path()).constData(), 0755), 0);
-        QVERIFY(QDir().mkdir(named("folder")) && writeFile(named("forbidden"), "x"));
-        QCOMPARE(::mkfifo(QFile::encodeName(named("fifo")).constData(), 0600), 0);
-        QVERIFY(QFile::setPermissions(named("forbidden"), QFileDevice::Permissions()));
+        const QString place = pathOf(folder, "%1.acp"); // the names' '%' are theirs
+        const QString forbidden = pathOf(folder, "forbidden");
+        const QString fifo = pathOf(folder, "fifo"); // whose writer would be waited for
+        QVERIFY(QDir().mkdir(pathOf(folder, "folder")) && writeFile(forbidden, "x"));
+        QVERIFY(setMode(folder.path(), 0755) && setMode(forbidden, 0));
+        QCOMPARE(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
         for (const QString &name :
-            {place, named("folder"), named("fifo"), named("forbidden"), QStringLiteral("/dev/zero")}) {
+            {place, pathOf(folder, "folder"), fifo, forbidden, QStringLiteral("/dev/zero")}) {
             std::optional<AsNobody> mayNotReadAll;
-            if (name == named("forbidden"))
+            if (name == forbidden)
                 mayNotReadAll.emplace();
             DataFileLoader loader(name);
             QVERIFY(!loader.readAll());
@@ -306,29 +336,141 @@ private slots:
     // A file that is longer than what is read ahead: its size after a while, as a journal's or another's.
     void changedMeanwhile()
     {
-        const struct {
-            qint64 newSize;
-            bool isJournal;
-            bool loads;
-        } cases[] = {{-1, false, true}, {1000, false, false}, {1000, true, false}, {9000000, false, false},
-            {9000000, true, true}};
-        for (const auto &change : cases) {
+        const std::tuple<qint64, bool, bool> cases[] = {{-1, false, true}, {1000, false, false},
+            {1000, true, false}, {9000000, false, false}, {9000000, true, true}};
+        for (const auto &[newSize, isJournal, loads] : cases) {
             QTemporaryDir folder;
             QFile file(folder.filePath(acp));
             const QByteArray bytes = (recordLine(1) + '\n').repeated(20000);
             QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) > 3000000 && file.flush());
             const QDateTime yesterday = QDateTime::currentDateTime().addDays(-1);
             QVERIFY(file.setFileTime(yesterday, QFileDevice::FileModificationTime));
-            QVERIFY(!change.isJournal || ::flock(file.handle(), LOCK_EX) == 0);
+            QVERIFY(!isJournal || ::flock(file.handle(), LOCK_EX) == 0);
             DataFileLoader loader(file.fileName());
             while (loader.progress() <= 0)
                 QVERIFY(loader.readSome(0));
-            QVERIFY(change.newSize < 0 || file.resize(change.newSize));
-            QCOMPARE(loader.readAll(), change.loads);
-            QCOMPARE(loader.reason().isEmpty(), change.loads);
+            QVERIFY(newSize < 0 || file.resize(newSize));
+            QCOMPARE(loader.readAll(), loads);
+            QCOMPARE(loader.reason().isEmpty(), loads);
         }
+    }
+
+    // Up to more than one buffer and one block.
+    void sameBytesAgain()
+    {
+        RandomRecords random(randomSeed());
+        QTemporaryDir folder;
+        const QString first = pathOf(folder, "a.acp");
+        const QString second = pathOf(folder, "b.acp");
+        for (const int most : {0, 2, 5, 5, 5, 800, 800, 6000, 6000}) {
+            const int count = random.between((most + 1) / 2, most);
+            const RecordList records = random.recording(count);
+            QVERIFY(save(first, records).written);
+            QByteArray lines;
+            for (int i = 0; i < count; ++i)
+                lines += records[i].toRecordLine().toLatin1() + '\n';
+            QVERIFY(contents(first) == lines);
+            QVERIFY(save(second, loaded(first)).written && contents(second) == lines);
+        }
+    }
+
+    // Of mode, chemistry and balancing current: how many can't be read back, and the current that comes back.
+    void namedExceptions()
+    {
+        const int cases[][5] = {
+            {4, 5, 250, 1, 0}, {5, 5, 250, 1, 0}, {0, 13, 250, 1, 0}, {0, 5, 300, 0, 0}, {3, 5, 250, 0, 250}};
+        QTemporaryDir folder;
+        const QString name = pathOf(folder, "a.acp");
+        for (const auto &values : cases) {
+            RecordList records = recording(3);
+            records.last().mode = values[0];
+            records.last().cellType = values[1];
+            records.last().ballansingCurrent = values[2];
+            int unreadable = 0;
+            QVERIFY(save(name, records, &unreadable).written);
+            QCOMPARE(unreadable, values[3]);
+            const RecordList back = loaded(name);
+            QCOMPARE(back.size(), 3 - unreadable);
+            QCOMPARE(back.last().ballansingCurrent, unreadable ? records[1].ballansingCurrent : values[4]);
+            DataFilePieces marked(records, 1);
+            QVERIFY(writeWholeFile(name, marked).written);
+            QVERIFY(loaded(name)[0].flag4 == records[0].flag4 && loaded(name)[1].flag4 == 'E');
+        }
+    }
+
+    // The mode stays, a link too, over a second one to a file that may be there.
+    void replaces()
+    {
+        QTemporaryDir folder;
+        const QString target = pathOf(folder, "target.acp");
+        const QString link = pathOf(folder, "link.acp");
+        QVERIFY(QFile::link(QStringLiteral("target.acp"), pathOf(folder, "middle")));
+        QVERIFY(QFile::link(pathOf(folder, "middle"), link));
+        QVERIFY(QFile::link(pathOf(folder, "loop"), pathOf(folder, "loop")));
+        QVERIFY(save(link, recording(2)).written);
+        QVERIFY(writeFile(target, QByteArray(100000, 'x')) && setMode(target, 0640));
+        QVERIFY(save(link, recording(2)).written);
+        QCOMPARE(modeOf(target), mode_t(S_IFREG | 0640));
+        QCOMPARE(contents(target).count('\n'), 2);
+        QVERIFY(QFileInfo(link).isSymLink() && QFileInfo(pathOf(folder, "middle")).isSymLink());
+        QCOMPARE(save(pathOf(folder, "loop"), recording(2)).reason, QStringLiteral("too many links"));
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::System | QDir::Hidden),
+            QStringList({"link.acp", "loop", "middle", "target.acp"}));
+    }
+
+    // The limit on file sizes stands in for a disk that fills up in the middle.
+    void fullDiskKeepsTheOldFile()
+    {
+        QTemporaryDir folder;
+        const QString name = pathOf(folder, "a.acp");
+        QVERIFY(writeFile(name, "old"));
+        const RecordList records = recording(5000);
+        {
+            const FileSizeLimit limit(500 * 1024);
+            QCOMPARE(save(name, records).reason, qt_error_string(EFBIG)); // not of the write that took a part
+        }
+        QCOMPARE(contents(name), QByteArray("old"));
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"a.acp"});
+    }
+
+    void whatCanNotBeSaved()
+    {
+        QTemporaryDir folder;
+        const QString fifo = pathOf(folder, "fifo"); // which nobody reads: must not wait
+        const QString forbidden = pathOf(folder, "forbidden/a.acp");
+        QVERIFY(QDir().mkdir(pathOf(folder, "folder")) && QDir().mkdir(pathOf(folder, "forbidden")));
+        QVERIFY(setMode(folder.path(), 0755) && setMode(pathOf(folder, "forbidden"), 0555));
+        QCOMPARE(::mkfifo(QFile::encodeName(fifo).constData(), 0666), 0);
+        const std::pair<QString, int> cases[]
+            = {{pathOf(folder, "folder"), 0}, {fifo, ENXIO}, {pathOf(folder, "none/b.acp"), ENOENT},
+                {QStringLiteral("/dev/full"), ENOSPC}, {forbidden, EACCES}};
+        for (const auto &expected : cases) {
+            std::optional<AsNobody> mayNotWriteAll;
+            if (expected.first == forbidden)
+                mayNotWriteAll.emplace();
+            const WriteOutcome outcome = save(expected.first, recording(10));
+            QVERIFY2(!outcome.written && !outcome.reason.isEmpty(), qPrintable(expected.first));
+            QVERIFY2(expected.second == 0 || outcome.reason == qt_error_string(expected.second),
+                qPrintable(outcome.reason));
+        }
+    }
+
+    void devicesAreWrittenInPlace()
+    {
+        QTemporaryDir folder;
+        const QString link = pathOf(folder, "null");
+        QVERIFY(QFile::link(QStringLiteral("/dev/null"), link));
+        QVERIFY(save(link, recording(10)).written);
+        QVERIFY(QFileInfo(link).isSymLink() && S_ISCHR(modeOf(QStringLiteral("/dev/null")))); // no file
+
+        DiskSyncer syncer;
+        const RecordList records = recording(1);
+        DataFilePieces lines(records);
+        const WriteOutcome outcome = WholeFile(link, WholeFile::Kind::Regular, lines, syncer).writeAll();
+        QVERIFY(!outcome.written && !outcome.cancelled);
+        QCOMPARE(outcome.reason, QStringLiteral("not a regular file"));
     }
 };
 
-QTEST_GUILESS_MAIN(TestDataFileLoader)
-#include "tst_datafileloader.moc"
+QTEST_GUILESS_MAIN(TestDataFiles)
+#include "tst_datafiles.moc"
