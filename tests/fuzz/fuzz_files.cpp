@@ -1,6 +1,5 @@
-#include "files/datafileloader.h"
 #include "files/datafilepieces.h"
-#include "fuzzcheck.h"
+#include "fuzzfile.h"
 #include "series/seriesstore.h"
 
 #include <QBuffer>
@@ -32,16 +31,8 @@ struct Form {
 
 QByteArray bytesOf(const Form &form, const QByteArray &input)
 {
-    int begin = 0;
-    for (int line = 0; line < headerLines; ++line) {
-        const int end = input.indexOf('\n', begin);
-        if (end < 0) {
-            begin = 0;
-            break;
-        }
-        begin = end + 1;
-    }
-    const QByteArray rest = input.mid(begin);
+    const QByteArrayList lines = input.split('\n');
+    const QByteArray rest = lines.size() > headerLines ? lines.mid(headerLines).join('\n') : input;
     const int size = form.chunk == LineSource::usualChunk ? longFile : shortFile;
     const int most = std::max(1, size / std::max(1, rest.size()));
     return input + rest.repeated(std::min(form.copies, most) - 1);
@@ -51,32 +42,18 @@ QByteArray bytesOf(const Form &form, const QByteArray &input)
 bool fits(const QByteArray &bytes, int chunk)
 {
     constexpr int mark = 3; // bytes that are skipped at most
-    if (bytes.startsWith("\xff\xfe") || bytes.startsWith("\xfe\xff")) // of UTF-16
-        return false;
-    for (int begin = 0; begin < bytes.size();) {
-        const int found = bytes.indexOf('\n', begin);
-        const int end = found < 0 ? bytes.size() : found;
-        if (end - begin >= chunk - mark)
-            return false;
-        begin = end + 1;
-    }
-    return true;
+    const QByteArrayList lines = bytes.split('\n');
+    const bool isUtf16 = bytes.startsWith("\xff\xfe") || bytes.startsWith("\xfe\xff");
+    return !isUtf16 && std::all_of(lines.begin(), lines.end(), [&](const QByteArray &line) {
+        return line.size() < chunk - mark;
+    });
 }
 
-/// Reads as the program does, in slices; false for a file that is none.
+/// The same for a store, whose points come in slices.
 bool load(const QByteArray &bytes, const Form &form, SeriesStore *store)
 {
-    auto buffer = std::make_unique<QBuffer>();
-    buffer->setData(bytes);
-    check(buffer->open(QIODevice::ReadOnly), "a buffer opens");
-    DataFileLoader loader(std::move(buffer), form.name, form.chunk);
-    while (loader.readSome(1))
-        check(loader.progress() <= 1.0, "progress ends at 1");
-    const bool loaded = loader.status() == DataFileLoader::Status::Loaded;
-    check(loaded == loader.reason().isEmpty(), "a reason where it was not loaded, and only there");
-    const int count = loader.recordCount();
-    RecordList records = loader.takeRecords();
-    check(loaded ? records.size() == count : records.isEmpty(), "all records or none");
+    RecordList records;
+    const bool loaded = readDataFile(bytes, form.name, form.chunk, &records);
     store->beginLoad(std::move(records));
     while (store->loadSome(form.slice))
         check(store->loadProgress() < 1.0, "more to do");

@@ -1,42 +1,16 @@
 #include "protocol/recordline.h"
-#include "files/datafileloader.h"
 #include "journal/journallines.h"
-#include "fuzzcheck.h"
-#include "series/seriesstore.h"
+#include "fuzzfile.h"
 #include "link/lineframer.h"
 #include "link/linedispatcher.h"
 #include "link/recordinglog.h"
 #include "support/fakelink.h"
 #include "support/fakeshell.h"
-#include "support/records.h"
 
-#include <QBuffer>
 #include <QByteArrayList>
 #include <QCoreApplication>
 
-#include <algorithm>
-#include <memory>
-#include <vector>
-
 namespace {
-
-/// A graph window without a window.
-class Recorder : public RecordingWindow {
-public:
-    void attachReader(DeviceLink *) override { live = true; }
-    void setPortName(const QString &) override { }
-    void addRecord(const Varnel3Data &record) override
-    {
-        check(live, "records go to live recordings");
-        store.append(record);
-        check(store.series(SeriesStore::Time).size() == store.size(), "a point for each record");
-    }
-    void applyResistanceLine(const QByteArray &line) override { store.applyResistanceLine(line); }
-    void finishRecording() override { live = false; }
-
-    SeriesStore store;
-    bool live = false;
-};
 
 /// A journal in memory, which is read as a data file when the recording ends.
 class CheckedLog : public RecordingLog {
@@ -44,10 +18,14 @@ public:
     CheckedLog() = default;
     ~CheckedLog() override
     {
+        RecordList found;
         check(m_lines.areWorthKeeping() == (m_records.size() >= 2),
             "a file of two records or more, and no other");
-        if (m_records.size() >= 2)
-            compare(read());
+        if (m_records.size() < 2)
+            return;
+        check(readDataFile(m_text, QStringLiteral("x.acp"), LineSource::usualChunk, &found),
+            "a journal is a file");
+        compare(found);
     }
     CheckedLog(const CheckedLog &) = delete;
     CheckedLog &operator=(const CheckedLog &) = delete;
@@ -68,16 +46,6 @@ private:
     {
         check(!line.contains('\n'), "a line of a journal is one");
         m_text += line + '\n';
-    }
-
-    RecordList read() const
-    {
-        auto buffer = std::make_unique<QBuffer>();
-        buffer->setData(m_text);
-        check(buffer->open(QIODevice::ReadOnly), "a buffer opens");
-        DataFileLoader loader(std::move(buffer), QStringLiteral("x.acp"));
-        check(loader.readAll(), "a journal is a data file");
-        return loader.takeRecords();
     }
 
     // A balancer tells no time: that of its records is their place.
@@ -108,30 +76,12 @@ private:
     JournalLines m_lines;
 };
 
-class Port : public FakeLink {
-public:
-    void sendCommand(const QString &text) override
-    {
-        check(text.endsWith(QLatin1String("\r\n")), "commands end");
-    }
-};
-
 class Shell : public FakeShell {
 public:
-    RecordingWindow *createWindow() override
-    {
-        for (const auto &recorder : recorders)
-            check(!recorder->live, "one recording a port");
-        recorders.push_back(std::make_unique<Recorder>());
-        return recorders.back().get();
-    }
     std::unique_ptr<RecordingLog> createLog(const QString &) override
     {
         return std::make_unique<CheckedLog>();
     }
-    void noteEnd(const QString &, const Varnel3Data &, RecordingWindow *) override { }
-
-    std::vector<std::unique_ptr<Recorder>> recorders;
 };
 
 QByteArrayList linesOf(const QByteArray &bytes, int pieceSize)
@@ -149,8 +99,7 @@ QByteArrayList linesOf(const QByteArray &bytes, int pieceSize)
 
 } // namespace
 
-// The first byte says in what pieces the bytes arrive; they must not
-// matter. Half of the ends are left to time.
+// The first byte says in what pieces the bytes arrive; they must not matter. Half of the ends are left to time.
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
 {
     if (size < 2)
@@ -160,7 +109,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
     check(linesOf(bytes, 1 + data[0] % 16) == lines, "pieces make no difference");
 
     Shell shell;
-    Port port;
+    FakeLink port;
     LineDispatcher dispatcher(&port, &shell);
     for (const QByteArray &line : lines) {
         if (line.size() < 10)
@@ -172,6 +121,15 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
             dispatcher.endProcess();
     }
     dispatcher.reset();
+    int unended = 0;
+    for (const Recording &recording : shell.windowRecordings()) {
+        const int end = recording.indexOf(QStringLiteral("end"));
+        unended += end < 0;
+        check(end < 0 || end == recording.size() - 1, "what has ended does not go on");
+    }
+    check(unended <= 1, "one recording a port");
+    for (const QString &command : qAsConst(port.commands))
+        check(command.endsWith(QLatin1String("\r\n")), "commands end");
     QCoreApplication::removePostedEvents(nullptr);
     return 0;
 }
