@@ -1,6 +1,6 @@
 # Part of ./dev: the fuzzers. New inputs are kept in build/fuzz/corpus, finds in build/fuzz/finds; the small
-# corpora that each run starts from are in tests/fuzz/corpus. With FUZZ_SEED a run in a fresh folder takes the same
-# way again, as far as its time reaches.
+# corpora that each run starts from are in tests/fuzz/corpus. With FUZZ_SEED a run in a fresh folder takes the
+# same way again, as far as its time reaches.
 
 fuzz_targets() { sed -n 's/^varnel_fuzzer(\([a-z]*\) .*/\1/p' tests/fuzz/CMakeLists.txt; }
 

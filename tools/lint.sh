@@ -2,8 +2,8 @@
 # Static checks over the whole tree, or with --changed over what differs from main; called by ./dev lint,
 # which sees to the packages and a configured build/dev. Ends with 1 where any check has something to say.
 #
-# clang-tidy and clazy read what the compiler reads, a good second a file and core. A file that was found
-# clean is not read again until it, a header it includes or the rules change (build/lint holds the marks).
+# clang-tidy and clazy read sources in groups (lintgroups.py). A file that was found clean is not read again
+# until it, a header it includes or the rules change (build/lint holds the marks).
 set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 jobs=${JOBS:-$(nproc)}
@@ -89,42 +89,13 @@ check_width() {
         END { exit wide }' {} +
 }
 
-# Runs "$1 FILE" (a function below) for each source whose mark is out of date, several at once.
-for_each_source() {
-    local check=$1
-    [ ${#sources[@]} != 0 ] || return 0
-    export marks
-    export -f mark_of tidy_file clazy_file
-    printf '%s\n' "${sources[@]}" | xargs -r -d '\n' -P "$jobs" -n 1 bash -c \
-        'mark=$(mark_of "$0" "$1"); [ -e "$mark" ] || { "$0" "$1" && touch "$mark"; }' "$check"
-}
-
-# A mark's name holds the file and the state of all that its finding depends on.
-mark_of() {
-    printf '%s/%s.%s.%s' "$marks" "$1" "${2//\//-}" "$(sed -n "s|^$2 ||p" "$marks/states")"
-}
 mapfile -t rules < <(find . -name build -prune -o -name .clang-tidy -print | sort)
 printf '%s\n' "${sources[@]}" | python3 tools/lintstates.py "$marks/compile_commands.json" "${rules[@]}" \
-    tools/lint.sh >"$marks/states" || exit 1
+    tools/lint.sh tools/lintgroups.py >"$marks/states" || exit 1
 
-tidy_file() {
-    clang-tidy --quiet -p "$marks" --header-filter="^$PWD/(src|tools|tests|benchmarks)/" \
-        --extra-arg=-Wno-gnu-zero-variadic-macro-arguments "$1" 2>&1 |
-        grep -vE '^[0-9]+ warnings? (generated|treated)'
-    return "${PIPESTATUS[0]}"
-}
-
-# Old-style connects and slots that Qt finds by their names are this program's conventions; the rest of level
-# 1 holds, but for the objects by which benchmarks make themselves known. Sources that moc makes are not ours,
-# nor is how Qt's macros take their arguments.
-clazy_file() {
-    local text checks=level1,no-old-style-connect,no-connect-by-name
-    [[ $1 != benchmarks/* ]] || checks+=,no-non-pod-global-static
-    text=$(clazy-standalone -p "$marks" --only-qt --checks="$checks" \
-        --header-filter="^$PWD/(src|tools|tests|benchmarks)/" --ignore-dirs='autogen|\.moc' \
-        --extra-arg=-Wno-gnu-zero-variadic-macro-arguments "$1" 2>&1 |
-        grep -E -A4 '(warning|error):.*' | grep -v 'warnings\? generated')
-    [ -z "$text" ] || { echo "$text"; return 1; }
+in_groups() { # in_groups tidy|clazy
+    [ ${#sources[@]} = 0 ] ||
+        printf '%s\n' "${sources[@]}" | python3 tools/lintgroups.py "$1" "$marks" "$jobs"
 }
 
 check_cppcheck() {
@@ -140,6 +111,6 @@ step sources check_sources
 step layers python3 tools/check_layers.py
 step words python3 tools/check_words.py
 step cppcheck check_cppcheck
-step clang-tidy for_each_source tidy_file
-step clazy for_each_source clazy_file
+step clang-tidy in_groups tidy
+step clazy in_groups clazy
 exit $failed
