@@ -1,17 +1,16 @@
 #include "app/batch.h"
 
 #include "app/commandline.h"
+#include "app/process/console.h"
 #include "documents/fileconversion.h"
-
-#include <cstdio>
 
 namespace {
 
 enum Status { Done = 0, Failed = 1, Refused = 2 };
 
-int say(const QString &text, std::FILE *where, Status status)
+int say(const QString &text, Channel channel, Status status)
 {
-    std::fputs(qPrintable(text), where);
+    tellCaller(text, channel);
     return status;
 }
 
@@ -27,10 +26,10 @@ QString convert(const CommandLine &line)
 int runBatch(const CommandLine &line)
 {
     if (line.task == CommandLine::Print)
-        return say(line.message, stdout, Done);
+        return say(line.message, Channel::Output, Done);
     if (line.task == CommandLine::Refuse)
-        return say(line.message, stderr, Refused);
+        return say(line.message, Channel::Error, Refused);
     const QString failure = convert(line);
     return failure.isEmpty() ? int(Done)
-                             : say(QStringLiteral("varnelgraph: %1\n").arg(failure), stderr, Failed);
+                             : say(QStringLiteral("varnelgraph: %1\n").arg(failure), Channel::Error, Failed);
 }

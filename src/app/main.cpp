@@ -1,5 +1,6 @@
 #include "app/batch.h"
 #include "app/commandline.h"
+#include "app/process/console.h"
 #include "app/process/logoutput.h"
 #include "app/process/screenplatform.h"
 #include "app/mainwindow.h"
@@ -120,13 +121,14 @@ int main(int argc, char **argv)
         return SleepBlock::runHelper(argc, argv);
     identify();
     const CommandLine ahead = lookAhead(argc, argv);
+    if (ahead.isBatch())
+        joinConsole();
     if (ahead.task == CommandLine::Print || ahead.task == CommandLine::Refuse)
         return runBatch(ahead);
     if (!ahead.isBatch())
         protectLog(); // Qt may have something to say at once
-    // A batch command may have no display, and needs none.
-    auto platform = std::make_unique<PlatformChoice>(
-        ahead.isBatch() ? QByteArrayLiteral("offscreen") : screenPlatforms());
+    auto platform
+        = std::make_unique<PlatformChoice>(ahead.isBatch() ? screenlessPlatforms() : screenPlatforms());
     QApplication application(argc, argv);
     platform.reset();
     const CommandLine line = understood(QCoreApplication::arguments());

@@ -1,14 +1,28 @@
 #include "app/process/instanceplace.h"
 
+#include <QCoreApplication>
+#include <QCryptographicHash>
 #include <QDir>
-#include <QLockFile>
+#include <QFile>
 #include <QStandardPaths>
 
-// The user's profile, which the system keeps others out of.
+#include <windows.h>
+
+// The user's profile, which the system keeps others out of. Not the part of it that goes with the user from
+// computer to computer.
 QString ownFolder()
 {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
     return QDir().mkpath(folder) ? folder : QString();
+}
+
+// Pipes lie in one place for all users of the computer and have no folders: slashes, backslashes and colons are
+// not for their names. The folder, which is the user's own, tells users apart.
+QString serverName(const QString &folder, const QString &place)
+{
+    const QByteArray user
+        = QCryptographicHash::hash(folder.toUtf8(), QCryptographicHash::Sha1).toHex().left(16);
+    return place + QLatin1Char('-') + QString::fromLatin1(user);
 }
 
 // A pipe is made so that only its user may open it.
@@ -17,39 +31,54 @@ bool isOwnPeer(qintptr)
     return true;
 }
 
+void letComeForward(qint64 process)
+{
+    ::AllowSetForegroundWindow(process > 0 ? DWORD(process) : ASFW_ANY);
+}
+
 class PlaceLock::Private {
 public:
-    explicit Private(const QString &fileName)
-        : file(fileName)
-    {
-    }
-    QLockFile file;
+    QString fileName;
+    HANDLE file = INVALID_HANDLE_VALUE;
 };
 
 PlaceLock::PlaceLock(const QString &fileName)
-    : d(std::make_unique<Private>(fileName))
+    : d(std::make_unique<Private>())
 {
-    d->file.setStaleLockTime(0); // held as long as the program runs; a dead one's is taken over
+    d->fileName = fileName;
 }
 
-PlaceLock::~PlaceLock() = default;
+PlaceLock::~PlaceLock()
+{
+    giveBack();
+}
 
+// What keeps others out is the open file, which the system closes with its process: a file that a dead one has
+// left is taken over, whatever number stands in it. Others may read it.
 PlaceLock::Outcome PlaceLock::take()
 {
-    if (d->file.tryLock())
-        return Outcome::Held;
-    return d->file.error() == QLockFile::LockFailedError ? Outcome::Taken : Outcome::Impossible;
+    const std::wstring name = QDir::toNativeSeparators(d->fileName).toStdWString();
+    d->file = ::CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
+        FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (d->file == INVALID_HANDLE_VALUE)
+        return ::GetLastError() == ERROR_SHARING_VIOLATION ? Outcome::Taken : Outcome::Impossible;
+    const QByteArray self = QByteArray::number(QCoreApplication::applicationPid());
+    DWORD written = 0; // without the number of the process all goes on
+    ::WriteFile(d->file, self.constData(), DWORD(self.size()), &written, nullptr);
+    ::SetEndOfFile(d->file);
+    return Outcome::Held;
 }
 
 void PlaceLock::giveBack()
 {
-    d->file.unlock();
+    if (d->file != INVALID_HANDLE_VALUE)
+        ::CloseHandle(d->file);
+    d->file = INVALID_HANDLE_VALUE;
 }
 
 qint64 PlaceLock::holder() const
 {
-    qint64 process = 0;
-    QString host;
-    QString program;
-    return d->file.getLockInfo(&process, &host, &program) ? process : 0;
+    constexpr qint64 longestNumber = 20;
+    QFile file(d->fileName);
+    return file.open(QIODevice::ReadOnly) ? file.read(longestNumber).toLongLong() : 0;
 }

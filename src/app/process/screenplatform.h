@@ -2,9 +2,12 @@
 
 #include <QByteArray>
 
-/// What brings windows to the screen, as the toolkit takes it: names in the order of trying, separated by ';'.
-/// Empty where the toolkit knows best.
+// What brings windows to the screen, as the toolkit takes it: names in the order of trying, separated by ';'.
+// Empty where the toolkit knows best.
+
 QByteArray screenPlatforms();
+/// For a command that draws, but shows nothing: there may be no screen.
+QByteArray screenlessPlatforms();
 
 /// The platform of the application object that is made while this lives, unless the user has chosen one. Goes
 /// before other programs are started: they have their own.

@@ -5,3 +5,8 @@ QByteArray screenPlatforms()
 {
     return QByteArrayLiteral("xcb;wayland");
 }
+
+QByteArray screenlessPlatforms()
+{
+    return QByteArrayLiteral("offscreen");
+}

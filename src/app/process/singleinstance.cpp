@@ -50,7 +50,7 @@ QString placeName(const QString &identity)
 {
     const QByteArray what = identity.toUtf8() + '\0' + QSysInfo::machineHostName().toUtf8();
     const QByteArray hash = QCryptographicHash::hash(what, QCryptographicHash::Sha1).toHex().left(16);
-    return QStringLiteral("/varnelgraph-") + QString::fromLatin1(hash);
+    return QStringLiteral("varnelgraph-") + QString::fromLatin1(hash);
 }
 
 } // namespace
@@ -60,9 +60,10 @@ SingleInstance::SingleInstance(const QString &identity, QObject *parent)
     , m_server(new QLocalServer(this))
 {
     const QString folder = ownFolder();
+    const QString place = placeName(identity);
     if (!folder.isEmpty())
-        m_path = folder + placeName(identity);
-    m_lock = std::make_unique<PlaceLock>(m_path + QStringLiteral(".lock"));
+        m_serverName = serverName(folder, place);
+    m_lock = std::make_unique<PlaceLock>(folder + QLatin1Char('/') + place + QStringLiteral(".lock"));
     m_server->setSocketOptions(QLocalServer::UserAccessOption);
     connect(m_server, SIGNAL(newConnection()), this, SLOT(onConnection()));
 }
@@ -105,20 +106,22 @@ void SingleInstance::retire()
 bool SingleInstance::claim()
 {
     // Without a lock (no folder, or one that can't be written) the program runs all the same, alone or not.
-    const PlaceLock::Outcome outcome = m_path.isEmpty() ? PlaceLock::Outcome::Impossible : m_lock->take();
+    const PlaceLock::Outcome outcome
+        = m_serverName.isEmpty() ? PlaceLock::Outcome::Impossible : m_lock->take();
     if (outcome != PlaceLock::Outcome::Held)
         return outcome == PlaceLock::Outcome::Impossible;
-    QLocalServer::removeServer(m_path);
-    m_server->listen(m_path);
+    QLocalServer::removeServer(m_serverName);
+    m_server->listen(m_serverName);
     return true;
 }
 
 bool SingleInstance::handOver(const QStringList &files) const
 {
     QLocalSocket socket;
-    socket.connectToServer(m_path);
+    socket.connectToServer(m_serverName);
     if (!socket.waitForConnected(retryTime) || !isOwnPeer(socket.socketDescriptor()))
         return false;
+    letComeForward(holder());
     socket.write(callMessage(files));
     socket.flush();
     return socket.waitForReadyRead(answerTime) && socket.read(1) == QByteArray(1, received);

@@ -13,8 +13,8 @@ class SingleInstance : public QObject {
     Q_OBJECT
 
 public:
-    /// Socket and lock lie in a folder of the user's alone, under a name made from `identity`. Without such a
-    /// folder nobody meets.
+    /// The lock lies in a folder of the user's alone, under a name made from `identity`; so does the server's
+    /// socket, where it is a file. Without such a folder nobody meets.
     explicit SingleInstance(const QString &identity, QObject *parent = nullptr);
     ~SingleInstance() override;
 
@@ -49,7 +49,7 @@ private:
     bool claim();
     bool handOver(const QStringList &files) const;
 
-    QString m_path; ///< of the socket; empty where there is no folder for it
+    QString m_serverName; ///< empty where there is no folder for the place
     std::unique_ptr<PlaceLock> m_lock;
     QLocalServer *m_server;
 };
