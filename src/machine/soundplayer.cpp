@@ -4,7 +4,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QSound>
 
 namespace {
 
@@ -33,11 +32,6 @@ SoundPlayer::SoundPlayer(QObject *parent)
 {
 }
 
-SoundPlayer::~SoundPlayer()
-{
-    delete m_sound;
-}
-
 bool SoundPlayer::hasOutput() const
 {
     return hasSoundOutput();
@@ -45,19 +39,15 @@ bool SoundPlayer::hasOutput() const
 
 void SoundPlayer::play(const QString &file)
 {
-    SoundPlayer::stop();
-    if (!QFile::exists(file))
-        return;
-    m_sound = new QSound(file);
-    m_sound->play();
+    if (QFile::exists(file))
+        m_line.play(file);
+    else
+        m_line.stop();
 }
 
 void SoundPlayer::stop()
 {
-    if (!m_sound)
-        return;
-    m_sound->stop();
-    delete m_sound;
+    m_line.stop();
 }
 
 QString SoundPlayer::filePath(const QString &folder, const QString &base, QLocale::Country country)

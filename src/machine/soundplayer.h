@@ -1,10 +1,9 @@
 #pragma once
 
+#include "machine/soundline.h"
+
 #include <QLocale>
 #include <QObject>
-#include <QPointer>
-
-class QSound;
 
 /// Plays one sound file at a time. Nothing here waits for the sound system or fails aloud.
 class SoundPlayer : public QObject {
@@ -12,9 +11,8 @@ class SoundPlayer : public QObject {
 
 public:
     explicit SoundPlayer(QObject *parent = nullptr);
-    ~SoundPlayer() override;
 
-    /// Whether the system has a device to play on now.
+    /// Whether the system may have a device to play on now.
     virtual bool hasOutput() const;
     /// Plays `file` instead of what is playing; a file that is not there is silence.
     virtual void play(const QString &file);
@@ -25,5 +23,5 @@ public:
     static QString filePath(const QString &folder, const QString &base, QLocale::Country country);
 
 private:
-    QPointer<QSound> m_sound;
+    SoundLine m_line;
 };

@@ -1,8 +1,7 @@
 #include "machine/soundserver.h"
 
-#include <QAudioDeviceInfo>
-
+// The list of devices may be long in coming: the thread that plays asks for it.
 bool hasSoundOutput()
 {
-    return !QAudioDeviceInfo::availableDevices(QAudio::AudioOutput).isEmpty();
+    return true;
 }
