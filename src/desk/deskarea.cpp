@@ -1,5 +1,7 @@
 #include "desk/deskarea.h"
 
+#include "desk/titlebarstyle.h"
+
 #include <QMdiSubWindow>
 #include <QPaintEvent>
 #include <QPainter>
@@ -65,7 +67,9 @@ QRect largestRoom(const QRect &area, QVector<QRect> taken)
 
 DeskArea::DeskArea(QWidget *parent)
     : QMdiArea(parent)
+    , m_titleStyle(new TitleBarStyle)
 {
+    m_titleStyle->setParent(this);
     setBlack(true);
     // The first window to open and the last to close change what the background shows.
     connect(this, SIGNAL(subWindowActivated(QMdiSubWindow*)), viewport(), SLOT(update()));
@@ -85,6 +89,11 @@ void DeskArea::setBlack(bool black)
 {
     m_black = black;
     viewport()->update();
+}
+
+void DeskArea::dressTitle(QMdiSubWindow *window) const
+{
+    window->setStyle(m_titleStyle);
 }
 
 void DeskArea::takeFreeRoom(QMdiSubWindow *window) const

@@ -35,6 +35,7 @@ MdiGraphChild *GraphWindows::create()
 void GraphWindows::place(MdiGraphChild *child)
 {
     QMdiSubWindow *subWindow = m_area->addSubWindow(child);
+    m_area->dressTitle(subWindow);
     child->setScale(displayScale());
     m_area->takeFreeRoom(subWindow);
     subWindow->setWindowIcon(child->windowIcon());

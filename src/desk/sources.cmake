@@ -10,6 +10,7 @@ target_sources(varnel_gui PRIVATE
     desk/shownrecord.cpp desk/shownrecord.h
     desk/stalewatch.cpp desk/stalewatch.h
     desk/statusfacts.cpp desk/statusfacts.h
+    desk/titlebarstyle.cpp desk/titlebarstyle.h
     desk/windowfiles.cpp desk/windowfiles.h
     desk/windowplace.cpp desk/windowplace.h
 )
