@@ -3,6 +3,7 @@
 #include "link/serialreader.h"
 #include "support/columns.h"
 #include "support/fakeshell.h"
+#include "support/literal.h"
 #include "support/ptypair.h"
 
 #include <QAbstractItemView>
@@ -27,7 +28,7 @@ constexpr int never = 3600000; // ms
 class TestDialogRemoteControl : public QObject {
     Q_OBJECT
 private slots:
-    void initTestCase();
+    void initTestCase() { qputenv("VARNEL_PORT_DIR", QFile::encodeName(folder.path())); }
     void init();
     void cleanup();
     void isSetUpForTheCharger();
@@ -37,23 +38,31 @@ private slots:
     void buttonsSend();
     void choicesSend();
     void numbersAreShownOnTheirPageOnly();
-    void asksForTheStateAgainAndAgain();
-    void silenceClosesWithText();
-    void readerThatGoesClosesWithText();
-    void closedDialogAsksNothing_data();
+    void closesWithText();
     void closedDialogAsksNothing();
 
 private:
-    template <typename Widget>
-    Widget *part(const char *name) const
-    {
-        return dialog->findChild<Widget *>(QLatin1String(name));
-    }
     /// Questions follow commands at once, or rather from the event loop.
     void open(const DialogRemoteControl::Times &times = {never, never, 0});
-    int page() const { return part<QStackedWidget>("pages")->currentIndex(); }
-    bool runs(int period) const;
-    bool polls() const { return runs(never); }
+    int page() const { return dialog->findChild<QStackedWidget *>()->currentIndex(); }
+    QComboBox *combo(const char *name) const { return dialog->findChild<QComboBox *>(QLatin1String(name)); }
+    QPushButton *button(const char *name) const
+    {
+        return dialog->findChild<QPushButton *>(QLatin1String(name));
+    }
+    void click(const char *name) const { QTest::mouseClick(button(name), Qt::LeftButton); }
+    /// Periods of the timers that run: for the first answer, for polling. Those of 0 are not of interest.
+    QVector<int> running() const
+    {
+        QVector<int> periods;
+        const auto timers = dialog->findChildren<QTimer *>(QString(), Qt::FindDirectChildrenOnly);
+        for (const QTimer *timer : timers) {
+            if (timer->isActive())
+                periods.append(timer->interval());
+        }
+        return periods;
+    }
+    bool polls() const { return running().contains(never); }
     /// The charger says `text`; returns when the dialog has heard it.
     void reply(const QByteArray &text);
     /// What the dialog has sent since the last call.
@@ -67,14 +76,9 @@ private:
     std::unique_ptr<DialogRemoteControl> dialog;
 };
 
-void TestDialogRemoteControl::initTestCase()
-{
-    qputenv("VARNEL_PORT_DIR", QFile::encodeName(folder.path()));
-}
-
 void TestDialogRemoteControl::init()
 {
-    line = std::make_unique<PtyPair>(folder.path(), QStringLiteral("COM7"));
+    line = std::make_unique<PtyPair>(folder.path(), "COM7"_s);
     reader = std::make_unique<SerialReader>(nullptr, line->portName(), &host);
     QVERIFY(reader->start());
     open();
@@ -94,14 +98,6 @@ void TestDialogRemoteControl::open(const DialogRemoteControl::Times &times)
     dialog = std::make_unique<DialogRemoteControl>(reader.get(), nullptr, times);
     QCOMPARE(sent(), QByteArray("#TRYB?\r\n"));
     dialog->show();
-}
-
-/// Whether a timer of the dialog with this period is running.
-bool TestDialogRemoteControl::runs(int period) const
-{
-    const auto timers = dialog->findChildren<QTimer *>(QString(), Qt::FindDirectChildrenOnly);
-    return std::any_of(timers.begin(), timers.end(),
-        [period](const QTimer *timer) { return timer->isActive() && timer->interval() == period; });
 }
 
 void TestDialogRemoteControl::reply(const QByteArray &text)
@@ -124,20 +120,22 @@ QByteArray TestDialogRemoteControl::sent()
 void TestDialogRemoteControl::isSetUpForTheCharger()
 {
     QCOMPARE(page(), 3);
-    QCOMPARE(dialog->windowTitle(), QStringLiteral("Remote control"));
-    QCOMPARE(part<QLabel>("portLabel")->text(), QStringLiteral("Port COM7"));
-    for (const char *name : {"cbTryb0_nc", "cbTryb1_nr"}) {
-        QCOMPARE(part<QComboBox>(name)->count(), 20);
-        QCOMPARE(part<QComboBox>(name)->itemText(19), QStringLiteral("Memory 20"));
-    }
-    QCOMPARE(part<QComboBox>("cbTryb2_nr")->count(), 16);
-    QCOMPARE(part<QComboBox>("cbTryb2_nr")->itemText(0), QStringLiteral("Cells 1"));
-    QVERIFY(part<QPushButton>("pbMemory")->isHidden());
-    QVERIFY(part<QPushButton>("pbMemory")->sizePolicy().retainSizeWhenHidden());
+    QCOMPARE(dialog->windowTitle() + " | " + dialog->findChild<QLabel *>("portLabel"_s)->text(),
+        "Remote control | Port COM7"_s);
+    QString items;
+    for (const char *name : {"cbTryb0_nc", "cbTryb1_nr", "cbTryb2_nr"})
+        items += combo(name)->itemText(0) + " to " + combo(name)->itemText(combo(name)->count() - 1) + ", ";
+    QCOMPARE(items, "Memory 1 to Memory 20, Memory 1 to Memory 20, Cells 1 to Cells 16, "_s);
+    QVERIFY(button("pbMemory")->isHidden() && button("pbMemory")->sizePolicy().retainSizeWhenHidden());
     dialog = std::make_unique<DialogRemoteControl>(reader.get());
-    QVERIFY(runs(1000));
-    QCOMPARE(DialogRemoteControl::Times().poll, 1000);
-    QCOMPARE(DialogRemoteControl::Times().query, 100);
+    QCOMPARE(running(), QVector<int>({1000}));
+    QCOMPARE(sent(), QByteArray("#TRYB?\r\n"));
+    const DialogRemoteControl::Times usual;
+    QVERIFY(usual.poll == 1000 && usual.query == 100); // ms
+    open({never, 10, 0}); // the state is asked for again and again
+    reply("#TRYB01");
+    QByteArray heard;
+    QTRY_VERIFY((heard += line->received()).startsWith("#MEM?\r\n#TRYB?\r\n#TRYB?\r\n"));
 }
 
 void TestDialogRemoteControl::followsReplies_data()
@@ -168,15 +166,15 @@ void TestDialogRemoteControl::followsReplies()
         reply(text);
     QTEST(page(), "shown");
     QTEST(sent(), "asked");
-    QTEST(!part<QPushButton>("pbMemory")->isHidden(), "memory");
+    QTEST(!button("pbMemory")->isHidden(), "memory");
     QTEST(polls(), "polls");
 }
 
 void TestDialogRemoteControl::buttonsSend_data()
 {
     columns<QByteArray, QByteArray, bool>({"state", "commands", "polling"});
-    const auto row = [](const char *button, const char *state, const char *commands, bool polling) {
-        QTest::newRow(button) << QByteArray(state) << QByteArray(commands) << polling;
+    const auto row = [](const char *name, const char *state, const QByteArray &commands, bool polling) {
+        QTest::newRow(name) << QByteArray(state) << commands << polling;
     };
     row("pbTryb0_battery", "#TRYB00", "#MEM-\r\n#MEM?\r\n", true);
     row("pbTryb0_ps", "#TRYB00", "#MEM+\r\n#MEM?\r\n", true);
@@ -195,14 +193,13 @@ void TestDialogRemoteControl::buttonsSend()
     reply(state);
     sent(); // a page asks for what it shows
     if (state == "#TRYB01") {
-        QTest::mouseClick(part<QPushButton>("pbMemory"), Qt::LeftButton);
+        click("pbMemory");
         QCOMPARE(page(), 1);
         reply(state);
         QCOMPARE(sent(), QByteArray("#MEM?\r\n")); // once: it is there already
     }
-    auto *button = part<QPushButton>(QTest::currentDataTag());
-    QVERIFY(button->isVisible());
-    QTest::mouseClick(button, Qt::LeftButton);
+    QVERIFY(button(QTest::currentDataTag())->isVisible());
+    click(QTest::currentDataTag());
     QTEST(sent(), "commands");
     QTEST(polls(), "polling");
 }
@@ -211,99 +208,77 @@ void TestDialogRemoteControl::buttonsSend()
 void TestDialogRemoteControl::choicesSend()
 {
     reply("#TRYB00");
-    auto *combo = part<QComboBox>("cbTryb0_nc");
-    const auto pick = [combo](int key) {
-        combo->showPopup();
-        QTest::keyClick(combo->view(), Qt::Key(key));
-        QTest::keyClick(combo->view(), Qt::Key_Return);
+    const auto pick = [this](int key) {
+        auto *list = combo("cbTryb0_nc");
+        list->showPopup();
+        QTest::keyClick(list->view(), Qt::Key(key));
+        QTest::keyClick(list->view(), Qt::Key_Return);
+        return sent();
     };
-    pick(Qt::Key_Home);
-    QCOMPARE(sent(), QByteArray("#MEM01\r\n#MEM?\r\n"));
+    QCOMPARE(pick(Qt::Key_Home), QByteArray("#MEM01\r\n#MEM?\r\n"));
     QVERIFY(polls());
     for (int time = 0; time < 2; ++time) { // and again once another was chosen
-        pick(Qt::Key_Down);
-        QCOMPARE(sent(), QByteArray("#MEM02\r\n#MEM?\r\n"));
-        pick(Qt::Key_Home);
-        QCOMPARE(sent(), QByteArray("#MEM01\r\n#MEM?\r\n"));
+        QCOMPARE(pick(Qt::Key_Down), QByteArray("#MEM02\r\n#MEM?\r\n"));
+        QCOMPARE(pick(Qt::Key_Home), QByteArray("#MEM01\r\n#MEM?\r\n"));
     }
-    part<QComboBox>("cbTryb1_nr")->setCurrentIndex(4);
-    QMetaObject::invokeMethod(part<QComboBox>("cbTryb1_nr"), "activated", Q_ARG(int, 11));
+    combo("cbTryb1_nr")->setCurrentIndex(4);
+    QMetaObject::invokeMethod(combo("cbTryb1_nr"), "activated", Q_ARG(int, 11));
     QCOMPARE(sent(), QByteArray("#MEM12\r\n#MEM?\r\n"));
     reply("#TRYB02");
-    QCOMPARE(sent(), QByteArray("#NRC?\r\n"));
-    part<QComboBox>("cbTryb2_nr")->setCurrentIndex(11);
-    QCOMPARE(sent(), QByteArray("#NRC12\r\n"));
+    combo("cbTryb2_nr")->setCurrentIndex(11);
+    QCOMPARE(sent(), QByteArray("#NRC?\r\n#NRC12\r\n"));
 }
 
 void TestDialogRemoteControl::numbersAreShownOnTheirPageOnly()
 {
-    const auto *memory = part<QComboBox>("cbTryb1_nr");
-    const auto *cells = part<QComboBox>("cbTryb2_nr");
+    const auto shown
+        = [this] { return combo("cbTryb1_nr")->currentText() + combo("cbTryb2_nr")->currentText(); };
     reply("#TRYB01");
-    QTest::mouseClick(part<QPushButton>("pbMemory"), Qt::LeftButton);
+    click("pbMemory");
     reply("#NRC06");
     reply("#MEM07");
-    QCOMPARE(memory->currentText(), QStringLiteral("Memory 7"));
-    QCOMPARE(cells->currentIndex(), 0);
+    QCOMPARE(shown(), "Memory 7Cells 1"_s);
     reply("#TRYB02");
     reply("#MEM08");
     reply("#NRC16");
-    QCOMPARE(cells->currentText(), QStringLiteral("Cells 16"));
-    QCOMPARE(memory->currentIndex(), 6);
+    QCOMPARE(shown(), "Memory 7Cells 16"_s);
     for (const char *text : {"#NRCxx", "#NRC06", "#NRC99"}) {
         reply(text);
-        QCOMPARE(cells->currentIndex(), text[5] == '6' ? 5 : -1);
+        QCOMPARE(shown(), text[5] == '6' ? "Memory 7Cells 6"_s : "Memory 7"_s);
     }
     QCOMPARE(sent(), QByteArray("#MEM?\r\n#MEM?\r\n#NRC?\r\n")); // nothing for what the device has said
 }
 
-void TestDialogRemoteControl::asksForTheStateAgainAndAgain()
-{
-    open({never, 10, 0});
-    reply("#TRYB01");
-    QByteArray heard;
-    QTRY_VERIFY((heard += line->received()).startsWith("#MEM?\r\n#TRYB?\r\n#TRYB?\r\n"));
-}
-
-void TestDialogRemoteControl::silenceClosesWithText()
+void TestDialogRemoteControl::closesWithText()
 {
     open({10, never, 0});
     QTRY_VERIFY(box());
-    QCOMPARE(box()->text(), QStringLiteral("Time out"));
-    QCOMPARE(box()->windowTitle(), QStringLiteral("Information"));
-    QVERIFY(!dialog->isVisible());
-    QVERIFY(!runs(10)); // there is no second box
-}
-
-void TestDialogRemoteControl::readerThatGoesClosesWithText()
-{
+    QCOMPARE(box()->windowTitle() + ": " + box()->text(), "Information: Time out"_s);
+    QCOMPARE(box()->textFormat(), Qt::PlainText);
+    QVERIFY(!dialog->isVisible() && running().isEmpty()); // there is no second box
+    box()->close();
+    open();
     reply("#TRYB03");
     reader.reset();
-    QTest::mouseClick(part<QPushButton>("pbTryb3_stop"), Qt::LeftButton); // nobody is left to send through
+    click("pbTryb3_stop"); // nobody is left to send through
     QTRY_VERIFY(box());
-    QCOMPARE(
-        box()->text(), QStringLiteral("Port COM7 is no longer listened on: the remote control is closed."));
+    QCOMPARE(box()->text(), "Port COM7 is no longer listened on: the remote control is closed."_s);
     QVERIFY(!dialog->isVisible());
-}
-
-void TestDialogRemoteControl::closedDialogAsksNothing_data()
-{
-    columns<QByteArray>({"slot"});
-    for (const char *slot : {"close", "hide", "reject"})
-        QTest::newRow(slot) << QByteArray(slot);
 }
 
 // It is kept by the test: the question that the click has set going and what the device says late end with
 // it.
 void TestDialogRemoteControl::closedDialogAsksNothing()
 {
-    QFETCH(QByteArray, slot);
-    reply("#TRYB00");
-    QTest::mouseClick(part<QPushButton>("pbTryb0_battery"), Qt::LeftButton);
-    QVERIFY(QMetaObject::invokeMethod(dialog.get(), slot.constData()));
-    QVERIFY(!dialog->isVisible() && !polls());
-    reply("#TRYB01");
-    QCOMPARE(sent(), QByteArray("#MEM-\r\n"));
+    for (const char *slot : {"close", "hide", "reject"}) {
+        open();
+        reply("#TRYB00");
+        click("pbTryb0_battery");
+        QVERIFY(QMetaObject::invokeMethod(dialog.get(), slot));
+        QVERIFY2(!dialog->isVisible() && running().isEmpty(), slot);
+        reply("#TRYB01");
+        QCOMPARE(sent(), QByteArray("#MEM-\r\n"));
+    }
     reader.reset();
     QCoreApplication::processEvents();
     QVERIFY(!box());

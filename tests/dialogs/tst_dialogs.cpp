@@ -1,0 +1,164 @@
+#include "dialogs/about.h"
+#include "dialogs/checkboxcomport.h"
+#include "dialogs/dialogpreferences.h"
+#include "ports/portinfo.h"
+#include "resources/resources.h"
+#include "support/literal.h"
+#include "support/shellrig.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+
+/// The box that says what this is, and the choosing of ports while they come and go.
+class TestDialogs : public QObject, private ShellRig {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { initResources(); }
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
+    void aboutSaysWhatItIs();
+    void preferencesAreStoredOnOk();
+    void portsWithoutComName();
+    void refreshKeepsTicks();
+    void resetAndCancel();
+
+private:
+    /// The rows from top to bottom, '*' where ticked.
+    static QString ticks(const QDialog &dialog)
+    {
+        QStringList rows;
+        const auto boxes = dialog.findChildren<CheckBoxComPort *>();
+        for (const CheckBoxComPort *box : boxes)
+            rows << box->portName() + (box->isChecked() ? "*" : "");
+        rows.sort();
+        return rows.join(' ');
+    }
+    static void tickAll(const QDialog &dialog)
+    {
+        const auto boxes = dialog.findChildren<QCheckBox *>();
+        for (QCheckBox *box : boxes)
+            box->setChecked(true);
+    }
+    static void click(const QDialog &dialog, const char *button)
+    {
+        dialog.findChild<QPushButton *>("preferencesButton"_s + button)->click();
+    }
+};
+
+void TestDialogs::aboutSaysWhatItIs()
+{
+    About about;
+    QCOMPARE(about.windowTitle(), "About"_s);
+    QVERIFY(about.minimumSize() == QSize(300, 300) && about.maximumSize() == QSize(300, 300));
+    about.show();
+    QStringList said;
+    const auto labels = about.findChildren<QLabel *>();
+    for (const QLabel *label : labels) {
+        QVERIFY2(label->size().expandedTo(label->minimumSizeHint()) == label->size(),
+            qPrintable(label->text())); // nothing is cut off
+        said.append(label->pixmap(Qt::ReturnByValue).width() > 150 ? "picture"_s
+                : label->openExternalLinks()                       ? label->text().section('"', 1, 1)
+                                                                   : label->text());
+    }
+    QCOMPARE(said.join(' '),
+        "picture Version V4.60 https://varnel.example.com/ https://shop.varnel.example.com/"_s);
+    about.findChild<QPushButton *>()->click();
+    QVERIFY(!about.isVisible());
+    QCOMPARE(about.exec(1), int(QDialog::Rejected)); // by itself
+}
+
+void TestDialogs::preferencesAreStoredOnOk()
+{
+    plug("COM3"_s);
+    plug("COM10"_s);
+    VarnelSettings().setPorts({"COM3", "COM9"});
+    DialogPreferences dialog(nullptr);
+    QCOMPARE(dialog.windowTitle(), "Varnel - preferences"_s);
+    QVERIFY(dialog.minimumSize() == QSize(425, 345) && dialog.maximumSize() == dialog.minimumSize());
+    VarnelSettings().setPorts({"COM3", "COM7", "COM9"}); // by an answer meanwhile
+    QCOMPARE(ticks(dialog), "COM10 COM3*"_s);
+    tickAll(dialog);
+    dialog.findChild<QComboBox *>("language"_s)->setCurrentText("Polski"_s);
+    QVERIFY(!VarnelSettings().ports().contains("COM10"));
+    click(dialog, "Ok");
+    QCOMPARE(dialog.result(), int(QDialog::Accepted));
+    QCOMPARE(VarnelSettings().ports(), QStringList({"COM10", "COM3", "COM7"})); // the absent is forgotten
+    QVERIFY(VarnelSettings().sendTime());
+    QCOMPARE(VarnelSettings().language(), "pl"_s);
+}
+
+void TestDialogs::portsWithoutComName()
+{
+    const QString none = "No port is present. Plug a device in and press Refresh."_s;
+    const QString folder = "/run/user/7/varnelgraph"_s;
+    QVector<PortInfo> ports;
+    QCOMPARE(DialogPreferences::noPortText(ports, folder), none);
+    for (const char *name : {"ttyS0", "ttyUSB0", "ttyACM0"})
+        ports.append({QLatin1String(name), QString(), "/dev/"_s + name});
+    QCOMPARE(DialogPreferences::noPortText(ports, QString()), none); // where links give no names
+    const auto text = [&folder](const QVector<PortInfo> &present) {
+        return DialogPreferences::noPortText(present, folder).split('\n');
+    };
+    QCOMPARE(text(ports),
+        QStringList({"Serial ports without a COM name: ttyS0, ttyUSB0, ttyACM0", "",
+            "To be listened on a port needs a COM name. Until you log out it has one by:",
+            "mkdir -p /run/user/7/varnelgraph", "ln -s /dev/ttyUSB0 /run/user/7/varnelgraph/COM1", "",
+            "Then press Refresh. docs/ports.md tells how ports get their names for good."}));
+    ports += ports + ports; // six are named at most
+    QVERIFY(text(ports.mid(0, 6)).first().endsWith("ttyACM0"_s));
+    QVERIFY(text(ports).first().endsWith("ttyACM0, ..."_s));
+    QVERIFY(text({ports[0]}).value(4).startsWith("ln -s /dev/ttyS0 "_s));
+    QVERIFY(text({ports[2]}).value(4).startsWith("ln -s /dev/ttyACM0 "_s));
+}
+
+// The Tab key goes from top to bottom, over rows that came later too.
+void TestDialogs::refreshKeepsTicks()
+{
+    plug("COM3"_s);
+    plug("COM4"_s);
+    DialogPreferences dialog(nullptr);
+    tickAll(dialog);
+    plug("COM5"_s);
+    plugged.front()->hangUp();
+    click(dialog, "Refresh");
+    QCOMPARE(ticks(dialog), "COM4* COM5"_s);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    QStringList order;
+    for (int i = 0; i < 8; ++i) {
+        const QWidget *focus = dialog.focusWidget();
+        const auto *port = qobject_cast<const CheckBoxComPort *>(focus);
+        if (const auto *button = qobject_cast<const QAbstractButton *>(focus))
+            order << (port ? port->portName() + ' ' + port->toolTip().left(8) : button->text());
+        QTest::keyClick(&dialog, Qt::Key_Tab);
+    }
+    QCOMPARE(order.mid(0, 4),
+        QStringList({"COM4 /dev/pts", "COM5 /dev/pts", "Set varnel3's time while starting", "OK"}));
+}
+
+void TestDialogs::resetAndCancel()
+{
+    plug("COM3"_s);
+    VarnelSettings().setPorts({"COM3"});
+    VarnelSettings().setSendTime(true);
+    VarnelSettings().setLanguage("de"_s);
+    const auto stored = [] {
+        const VarnelSettings settings;
+        return settings.ports().join(',') + (settings.sendTime() ? " time " : " ") + settings.language();
+    };
+    for (const char *button : {"Cancel", "Ok"}) {
+        DialogPreferences dialog(nullptr);
+        QVERIFY(dialog.findChild<QCheckBox *>("sendTime"_s)->isChecked());
+        click(dialog, "Reset");
+        QCOMPARE(ticks(dialog), "COM3"_s);
+        click(dialog, button);
+        QCOMPARE(stored(), *button == 'C' ? "COM3 time de"_s : " "_s);
+    }
+    QVERIFY(!VarnelSettings().contains("language"_s)); // the system's
+}
+
+QTEST_MAIN(TestDialogs)
+#include "tst_dialogs.moc"
