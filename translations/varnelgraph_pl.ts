@@ -182,7 +182,7 @@ Ri delta</translation>
     </message>
     <message>
         <source>Ri max</source>
-        <translation>Ri maks.</translation>
+        <translation>Ri max</translation>
     </message>
     <message>
         <source>Ri min</source>
@@ -194,11 +194,11 @@ Ri delta</translation>
     </message>
     <message>
         <source>Ah max</source>
-        <translation>Ah maks.</translation>
+        <translation>Ah max</translation>
     </message>
     <message>
         <source>V max</source>
-        <translation>V maks.</translation>
+        <translation>V max</translation>
     </message>
     <message>
         <source>V delta</source>

@@ -3,6 +3,7 @@
 #include "data/timetext.h"
 #include "data/varnel3data.h"
 #include "widgets/displayscale.h"
+#include "widgets/fittedtext.h"
 
 #include <QLabel>
 #include <QLocale>
@@ -12,7 +13,15 @@ namespace {
 constexpr int labelWidths[] = {120, 55, 60, 55, 75, 65};
 constexpr int labelHeight = 28;
 constexpr int letterHeight = 11; // px, as in the style sheet; the widths are made for it
+constexpr int labelMargin = 3; // px, and frame, on either side of a text
 constexpr int barWidth = 470; // px of the labels and what lies between them
+
+/// The program's sheet has the usual size.
+void setLetters(QLabel *label, int height)
+{
+    label->setStyleSheet(
+        height == letterHeight ? QString() : QStringLiteral("font-size: %1px").arg(height));
+}
 
 QLabel *addLabel(QToolBar *bar, const char *name, const QString &toolTip)
 {
@@ -73,10 +82,23 @@ void DataToolBar::fitTo(int width)
     const auto all = labels();
     for (int i = 0; i < all.size(); ++i) {
         all[i]->setFixedSize(qRound(labelWidths[i] * scale), qRound(labelHeight * scale));
-        all[i]->setStyleSheet(scale > 1.0 // else the program's sheet has it
-                ? QStringLiteral("font-size: %1px").arg(int(letterHeight * scale))
-                : QString());
+        setLetters(all[i], int(letterHeight * scale));
     }
+    m_modeLetters = int(letterHeight * scale);
+    fitModeText();
+}
+
+/// What a device does has longer names in some languages.
+void DataToolBar::fitModeText()
+{
+    QFont font = m_modeLabel->font();
+    font.setPixelSize(int(letterHeight * m_scale));
+    const QSize room = m_modeLabel->size() - QSize(labelMargin, 0) * 2;
+    const int letters = fittedFont(font, m_modeLabel->text(), room).pixelSize();
+    if (letters == m_modeLetters)
+        return;
+    m_modeLetters = letters;
+    setLetters(m_modeLabel, letters);
 }
 
 void DataToolBar::showRecord(const Varnel3Data &record)
@@ -86,6 +108,7 @@ void DataToolBar::showRecord(const Varnel3Data &record)
         return;
     }
     m_modeLabel->setText(modeText(record));
+    fitModeText();
     m_voltageLabel->setText(QStringLiteral("%L1 V").arg(record.voltage / 1000.0, 5, 'f', 2));
     m_currentLabel->setText(QStringLiteral("%L1 A").arg(record.current / 1000.0, 5, 'f', 2));
     m_temperatureLabel->setText(temperatureText(record.temperature));

@@ -22,6 +22,7 @@ public:
 
 private:
     QList<QLabel *> labels() const;
+    void fitModeText();
 
     QLabel *m_modeLabel;
     QLabel *m_voltageLabel;
@@ -30,4 +31,5 @@ private:
     QLabel *m_energyLabel;
     QLabel *m_timeLabel;
     double m_scale = 0.0; // of the labels
+    int m_modeLetters = 0; // px, height
 };

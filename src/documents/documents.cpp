@@ -64,7 +64,8 @@ void arrangeRecordings(QFileDialog &dialog)
         return tree->fontMetrics().horizontalAdvance(QLatin1String(text)) + columnMargin;
     };
     header->resizeSection(sizeColumn, widthOf("1,023.99 MiB"));
-    header->resizeSection(RecordingsModel::lengthColumn, widthOf("Length 000"));
+    header->resizeSection(RecordingsModel::lengthColumn,
+        std::max(widthOf("Length 000"), header->sectionSizeHint(RecordingsModel::lengthColumn)));
     // From the font alone: sizes to contents would read every file for its label.
     dialog.resize(widthOf("2026-11-21_06-40-50_COM12_2.acp [Cha 16xLiPo]   1,023.99 MiB  Length 000"
                           "  22 September 2026 01:09:12  Computer Computer"),

@@ -65,10 +65,14 @@ bool fits(const GraphCanvas &c, const GraphScene::Entry &entry, const QRect &row
 void paintHeading(const GraphCanvas &c, const GraphScene &scene, const QRect &first, const QRect &second)
 {
     const int room = qMax(smallestFont, first.height() - textGap);
-    c.painter->setFont(c.fonts.ofSize(qMin(c.fonts.font(8).pixelSize(), room)));
     c.painter->setPen(c.colours.heading());
-    c.painter->drawText(first, nameAlignment, QCoreApplication::translate("MdiGraphChild", "   Cels:"));
-    c.painter->drawText(second, nameAlignment, scene.cellHeading + QLatin1Char(' ') + scene.cellUnit);
+    const auto paint = [&](const QRect &line, const QString &text) {
+        const int pixels = c.fonts.fit(8, text, line.width()).font.pixelSize();
+        c.painter->setFont(c.fonts.ofSize(qMin(pixels, room)));
+        c.painter->drawText(line, nameAlignment, text);
+    };
+    paint(first, QCoreApplication::translate("MdiGraphChild", "   Cels:"));
+    paint(second, scene.cellHeading + QLatin1Char(' ') + scene.cellUnit);
 }
 
 // In a narrow row the number is its own mark, underlined where there is room.
