@@ -142,6 +142,10 @@ Um genauer hinzusehen, halten Sie stattdessen die Ansicht: Taste H.</translation
         <source>Language of the texts: en, pl or de. Numbers follow the system.</source>
         <translation>Sprache der Texte: en, pl oder de. Zahlen richten sich nach dem System.</translation>
     </message>
+    <message>
+        <source>Lines of the drawing: usual, or distinct without their hues.</source>
+        <translation>Linien der Zeichnung: usual (wie üblich) oder distinct (ohne Farben unterscheidbar).</translation>
+    </message>
 </context>
 <context>
     <name>DataDisplay</name>
@@ -333,11 +337,11 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
     </message>
     <message>
         <source>Refresh</source>
-        <translation>Aktualisieren</translation>
+        <translation>Suchen</translation>
     </message>
     <message>
         <source>Reset</source>
-        <translation>Zurücksetzen</translation>
+        <translation>Standard</translation>
     </message>
     <message>
         <source>Varnel - preferences</source>
@@ -349,7 +353,7 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
     </message>
     <message>
         <source>No port is present. Plug a device in and press Refresh.</source>
-        <translation>Kein Port ist da. Schließen Sie ein Gerät an und drücken Sie Aktualisieren.</translation>
+        <translation>Kein Port ist da. Schließen Sie ein Gerät an und drücken Sie Suchen.</translation>
     </message>
     <message>
         <source>Serial ports without a COM name: %1</source>
@@ -361,7 +365,7 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
     </message>
     <message>
         <source>Then press Refresh. docs/ports.md tells how ports get their names for good.</source>
-        <translation>Drücken Sie dann Aktualisieren. Wie Ports auf Dauer zu ihren Namen kommen, steht in docs/ports.md.</translation>
+        <translation>Drücken Sie dann Suchen. Wie Ports auf Dauer zu ihren Namen kommen, steht in docs/ports.md.</translation>
     </message>
     <message>
         <source>Listens on the ticked ports. Ports that are absent now are forgotten.</source>
@@ -369,19 +373,19 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
     </message>
     <message>
         <source>Reset all settings to default:</source>
-        <translation>Alle Einstellungen zurücksetzen:</translation>
+        <translation>Alle Einstellungen auf:</translation>
     </message>
     <message>
         <source>Of the texts. Numbers and dates are written as the system has them.</source>
         <translation>Für die Texte. Zahlen und Daten stehen da, wie das System sie schreibt.</translation>
     </message>
     <message>
-        <source>Language, from the next start on:</source>
-        <translation>Sprache, ab dem nächsten Start:</translation>
-    </message>
-    <message>
         <source>System</source>
         <translation>System</translation>
+    </message>
+    <message>
+        <source>Language (from next start):</source>
+        <translation>Sprache (ab neuem Start):</translation>
     </message>
 </context>
 <context>
@@ -1241,6 +1245,14 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
     <message>
         <source>Main Tool Bar</source>
         <translation>Hauptleiste</translation>
+    </message>
+    <message>
+        <source>Distinct lines</source>
+        <translation>Unterscheidbare Linien</translation>
+    </message>
+    <message>
+        <source>Lines differ in dashes and lightness, not in hue alone; bars carry letters</source>
+        <translation>Linien unterscheiden sich durch Strichelung und Helligkeit, nicht nur durch Farbe; Balken tragen Buchstaben</translation>
     </message>
 </context>
 <context>

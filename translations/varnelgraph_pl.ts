@@ -143,6 +143,10 @@ Aby przyjrzeć się bliżej, zatrzymaj widok: klawisz H.</translation>
         <source>Language of the texts: en, pl or de. Numbers follow the system.</source>
         <translation>Język tekstów: en, pl lub de. Liczby zależą od systemu.</translation>
     </message>
+    <message>
+        <source>Lines of the drawing: usual, or distinct without their hues.</source>
+        <translation>Linie rysunku: usual (zwykłe) lub distinct (rozróżnialne bez barw).</translation>
+    </message>
 </context>
 <context>
     <name>DataDisplay</name>
@@ -346,7 +350,7 @@ Zatrzymać proces urządzenia na %2?</translation>
     </message>
     <message>
         <source>Set varnel3&apos;s time while starting</source>
-        <translation>Ustaw zegar ładowarki Varnel 3 przy starcie</translation>
+        <translation>Ustaw zegar Varnel 3 przy starcie</translation>
     </message>
     <message>
         <source>No port is present. Plug a device in and press Refresh.</source>
@@ -370,19 +374,19 @@ Zatrzymać proces urządzenia na %2?</translation>
     </message>
     <message>
         <source>Reset all settings to default:</source>
-        <translation>Przywróć ustawienia domyślne:</translation>
+        <translation>Ustawienia domyślne:</translation>
     </message>
     <message>
         <source>Of the texts. Numbers and dates are written as the system has them.</source>
         <translation>Dotyczy tekstów. Liczby i daty są zapisywane tak jak w systemie.</translation>
     </message>
     <message>
-        <source>Language, from the next start on:</source>
-        <translation>Język (od następnego uruchomienia):</translation>
+        <source>System</source>
+        <translation>System</translation>
     </message>
     <message>
-        <source>System</source>
-        <translation>Systemowy</translation>
+        <source>Language (from next start):</source>
+        <translation>Język (od nowego startu):</translation>
     </message>
 </context>
 <context>
@@ -1244,6 +1248,14 @@ Zatrzymać proces urządzenia na %2?</translation>
     <message>
         <source>Main Tool Bar</source>
         <translation>Główny pasek narzędzi</translation>
+    </message>
+    <message>
+        <source>Distinct lines</source>
+        <translation>Wyraźne linie</translation>
+    </message>
+    <message>
+        <source>Lines differ in dashes and lightness, not in hue alone; bars carry letters</source>
+        <translation>Linie różnią się kreskowaniem i jasnością, nie tylko barwą; słupki mają litery</translation>
     </message>
 </context>
 <context>

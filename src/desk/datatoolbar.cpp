@@ -19,8 +19,7 @@ constexpr int barWidth = 470; // px of the labels and what lies between them
 /// The program's sheet has the usual size.
 void setLetters(QLabel *label, int height)
 {
-    label->setStyleSheet(
-        height == letterHeight ? QString() : QStringLiteral("font-size: %1px").arg(height));
+    label->setStyleSheet(height == letterHeight ? QString() : QStringLiteral("font-size: %1px").arg(height));
 }
 
 QLabel *addLabel(QToolBar *bar, const char *name, const QString &toolTip)

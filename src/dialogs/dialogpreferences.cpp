@@ -132,7 +132,7 @@ void DialogPreferences::createButtons()
 void DialogPreferences::createLanguageBox()
 {
     const QString tip = tr("Of the texts. Numbers and dates are written as the system has them.");
-    auto *label = new QLabel(tr("Language, from the next start on:"), this);
+    auto *label = new QLabel(tr("Language (from next start):"), this);
     label->setGeometry(20, 312, 251, 20);
     label->setToolTip(tip);
     languageBox = new QComboBox(this);

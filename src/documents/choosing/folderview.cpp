@@ -75,14 +75,16 @@ FolderView::FolderView(QFileDialog *dialog, DataFilesModel *model)
 // From the font alone: sizes to contents would read every file. What the user has made wider stays so.
 void FolderView::fitColumns() const
 {
-    constexpr const char *widest[] = {
-        "2026-11-21_06-40-50_COM12.acp [Cha 16xLiPo]", "1,023.99 MiB", "acp File", "22 Nov 2026 01:09:12 PM"};
+    const QString widest[]
+        = {QStringLiteral("2026-11-21_06-40-50_COM12.acp [Cha 16xLiPo]"), QStringLiteral("1,023.99 MiB"),
+            typeText(QStringLiteral("a.acp"), false), QStringLiteral("22 Nov 2026 01:09:12 PM")};
     constexpr int margin = 30; // of a cell, with the icon of the first
     constexpr int places = 160; // what stands beside the columns
     const auto *tree = static_cast<QTreeView *>(view("treeView"));
     int sum = places;
     for (int column = 0; column < int(std::size(widest)); ++column) {
-        const int needed = tree->fontMetrics().horizontalAdvance(QLatin1String(widest[column])) + margin;
+        const int text = tree->fontMetrics().horizontalAdvance(widest[column]) + margin;
+        const int needed = qMax(text, tree->header()->sectionSizeHint(column));
         tree->header()->resizeSection(column, qMax(needed, tree->header()->sectionSize(column)));
         sum += tree->header()->sectionSize(column);
     }
