@@ -127,6 +127,9 @@ public:
         {ActionId::RemoteControl, QT_TR_NOOP("Remote control..."), "remote.png",
             QT_TR_NOOP("Operate the front panel of the charger."), noKey, Nobody, nullptr, Plain,
             "remoteControlAction"},
+        {ActionId::UserGuide, QT_TR_NOOP("User guide"), nullptr,
+            QT_TR_NOOP("Open the manual in your browser."), QKeySequence::HelpContents, Nobody, nullptr,
+            Plain},
     };
 };
 

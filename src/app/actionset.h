@@ -49,6 +49,7 @@ enum class ActionId {
     ExportCsv,
     SavePicture,
     RemoteControl,
+    UserGuide,
     Count
 };
 

@@ -46,7 +46,7 @@ const QVector<MenuEntry> print
 const QVector<MenuEntry> tools = {ActionId::OpenRecordings, ActionId::ReopenClosed, gap, ActionId::ExportCsv,
     ActionId::SavePicture, gap, ActionId::RemoteControl, ActionId::StopProcess};
 
-const QVector<MenuEntry> help = {ActionId::About};
+const QVector<MenuEntry> help = {ActionId::UserGuide, gap, ActionId::About};
 
 const QVector<MenuEntry> view
     = {ActionId::Data, ActionId::Graph, ActionId::BarGraph, gap, ActionId::Temperature, ActionId::Delta,

@@ -10,6 +10,7 @@ target_sources(varnel_gui PRIVATE
     app/shellplace.cpp app/shellplace.h
     app/stylesheet.cpp app/stylesheet.h
     app/toolscommands.cpp app/toolscommands.h
+    app/userguide.cpp app/userguide.h
     app/translators.cpp app/translators.h
     app/viewswitchboard.cpp app/viewswitchboard.h
 )

@@ -1,6 +1,7 @@
 #include "app/toolscommands.h"
 
 #include "app/actionset.h"
+#include "app/userguide.h"
 #include "documents/documents.h"
 #include "documents/graphexports.h"
 #include "desk/graphwindows.h"
@@ -17,6 +18,7 @@ constexpr int messageTime = 5000; // ms
 ToolsCommands::ToolsCommands(QWidget *shell, const ActionSet *actions, GraphWindows *graphs,
     Documents *documents, FileWriter *writer, WindowFiles *windowFiles)
     : QObject(shell)
+    , m_shell(shell)
     , m_actions(actions)
     , m_graphs(graphs)
     , m_documents(documents)
@@ -28,6 +30,7 @@ ToolsCommands::ToolsCommands(QWidget *shell, const ActionSet *actions, GraphWind
     connect(action[ActionId::ReopenClosed], SIGNAL(triggered()), this, SLOT(reopenClosed()));
     connect(action[ActionId::ExportCsv], SIGNAL(triggered()), this, SLOT(exportCsv()));
     connect(action[ActionId::SavePicture], SIGNAL(triggered()), this, SLOT(savePicture()));
+    connect(action[ActionId::UserGuide], SIGNAL(triggered()), this, SLOT(userGuide()));
     connect(m_exports, SIGNAL(message(QString,int)), this, SIGNAL(message(QString,int)));
     connect(m_graphs, SIGNAL(currentChanged()), this, SLOT(refresh()));
     connect(m_windowFiles, SIGNAL(closedChanged()), this, SLOT(refresh()));
@@ -69,4 +72,9 @@ void ToolsCommands::savePicture()
 {
     if (MdiGraphChild *child = m_graphs->current())
         m_exports->pictureDialog(child);
+}
+
+void ToolsCommands::userGuide()
+{
+    UserGuide::open(m_shell);
 }

@@ -10,7 +10,8 @@ class GraphWindows;
 class QWidget;
 class WindowFiles;
 
-/// Serves commands of the menu of tools: those on recordings, and those that export the current graph.
+/// Serves commands of the menu of tools, those on recordings and those that export the current graph, and
+/// opens the user guide.
 class ToolsCommands : public QObject {
     Q_OBJECT
 
@@ -31,8 +32,10 @@ private slots:
     void reopenClosed();
     void exportCsv();
     void savePicture();
+    void userGuide();
 
 private:
+    QWidget *m_shell;
     const ActionSet *m_actions;
     GraphWindows *m_graphs;
     Documents *m_documents;

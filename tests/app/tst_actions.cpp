@@ -83,7 +83,8 @@ private slots:
             "Reopen closed recording|No window of an unsaved recording has been closed yet.|Ctrl+Shift+T|d",
             "Export as CSV...|Write the records of the current graph as a table for other programs.||i",
             "Save picture...|Write the current graph as its window shows it to a picture file.||i",
-            "Remote control...|No port is listened on: choose one in the preferences.||id"};
+            "Remote control...|No port is listened on: choose one in the preferences.||id",
+            "User guide|Open the manual in your browser.|F1|"};
         QCOMPARE(all, expected);
         QCOMPARE(keysSeen.removeDuplicates(), 0);
     }
@@ -276,7 +277,7 @@ private slots:
                 "&Tools[Open recordings...,Reopen closed recording,|,Export as CSV...,Save picture...,|,"
                 "Remote control...,Stop process,&View switches[DATA,Graph,Bar Graph,|,T,dV,Rw,|,"
                 "B,Avg,S,P%,Vc,|,Hold view,Distinct lines]",
-                "|,&Help[&About]"}));
+                "|,&Help[User guide,|,&About]"}));
         QCOMPARE(textsOf(window->findChild<QToolBar *>("mainToolBar")),
             QString("Open file,Save as,&Cascade,&Tile,|,Recording,Stop process,|,DATA,Graph,Bar Graph,|,"
                     "T,dV,Rw,|,B,Avg,S,P%,"));
