@@ -14,19 +14,6 @@ constexpr int firstCapacities[] = {64, 512, 32768};
 
 } // namespace
 
-PlotSeries &PlotSeries::operator=(PlotSeries &&other) noexcept
-{
-    m_values = std::exchange(other.m_values, nullptr);
-    m_owned = std::move(other.m_owned);
-    m_size = std::exchange(other.m_size, 0);
-    m_capacity = std::exchange(other.m_capacity, 0);
-    m_minimum = other.m_minimum;
-    m_maximum = other.m_maximum;
-    other.restartExtremes();
-    m_blocks = std::exchange(other.m_blocks, {});
-    return *this;
-}
-
 void PlotSeries::fillFront(int end, double value)
 {
     const int filled = std::min(end, m_size);

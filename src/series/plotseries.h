@@ -4,7 +4,6 @@
 
 #include <cstdlib>
 #include <memory>
-#include <utility>
 #include <vector>
 
 /// One plot series: a growing array of values with their running extremes, and those of each
@@ -14,9 +13,9 @@ class PlotSeries {
 public:
     PlotSeries() = default;
     ~PlotSeries() = default;
-    /// Leave a series without points behind.
-    PlotSeries(PlotSeries &&other) noexcept { *this = std::move(other); }
-    PlotSeries &operator=(PlotSeries &&other) noexcept;
+    /// What they leave behind may only be destroyed or assigned to.
+    PlotSeries(PlotSeries &&other) = default;
+    PlotSeries &operator=(PlotSeries &&other) = default;
     PlotSeries(const PlotSeries &) = delete;
     PlotSeries &operator=(const PlotSeries &) = delete;
 

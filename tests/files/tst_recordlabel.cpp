@@ -2,6 +2,7 @@
 #include "files/recordinglength.h"
 #include "files/varelstyleditemdelegate.h"
 #include "support/files.h"
+#include "support/lines.h"
 
 #include <QFileDialog>
 #include <QTemporaryDir>
@@ -9,15 +10,7 @@
 
 #include <sys/stat.h>
 
-namespace {
-
-QByteArray recordLine(const char *head, int time = 123)
-{
-    return head + QByteArray(",") + QByteArray::number(time).rightJustified(5, '0')
-        + ",25200,02000,025,00150,00045" + QByteArray(",0000,0").repeated(16) + '\n';
-}
-
-} // namespace
+using Lines::recordLine;
 
 /// Labels of data files in the open dialog, and what is read for them.
 class TestRecordLabel : public QObject {
@@ -41,13 +34,14 @@ private slots:
             QCOMPARE(labelOf(abp, digit + "\ne\n3\n"), QLatin1String(" [Tandor 3x") + balanced[code]);
         }
         const std::tuple<QString, const char *, QByteArrayList> cases[]
-            = {{acp, " [Cha 6xLiPo]", {recordLine("#06C05_____0"), "#C0606 00123,25200,+2000,025,01234\r\n"}},
-                {acp, " [Dis 12xLiFe]", {"\xef\xbb\xbf" + recordLine("#12D07_____0")}},
-                {acp, " [Bal 3xLTO]", {recordLine("#03B12_____0")}},
-                {acp, " [3xNiCd]", {recordLine("#03F00_____0")}},
+            = {{acp, " [Cha 6xLiPo]",
+                   {recordLine("#06C05_____0", 123), "#C0606 00123,25200,+2000,025,01234\r\n"}},
+                {acp, " [Dis 12xLiFe]", {"\xef\xbb\xbf" + recordLine("#12D07_____0", 123)}},
+                {acp, " [Bal 3xLTO]", {recordLine("#03B12_____0", 123)}},
+                {acp, " [3xNiCd]", {recordLine("#03F00_____0", 123)}},
                 {acp, " [For 10xLiPh]", {"8\r\nform\r\n10\r\n"}}, {acp, " [Dis -5xLiIon]", {"5\nd\n-5"}},
                 {abp, " [Test 12xLiIon]", {"5\nt\n12\n"}}, {abp, " [Fast 0xLiPol]", {"6\nf\nx\n"}},
-                {abp, "", {"5\nt\n", recordLine("#06C05_____0")}},
+                {abp, "", {"5\nt\n", recordLine("#06C05_____0", 123)}},
                 {acp, "",
                     {"", "#06C05\n", "5\nd\n", "5\nt\n3\n", "x\nd\n3\n", QByteArray(100000, '6'),
                         "6\ncharge" + QByteArray(5000, ' ') + "\n3\n"}}}; // beyond what is read
@@ -59,7 +53,7 @@ private slots:
 
     void lengths()
     {
-        const auto record = [](int time) { return recordLine("#06C05_____0", time); };
+        const auto record = [](int time) { return recordLine("#06C05_____0", time) + '\n'; };
         const std::pair<QByteArray, int> cases[]
             = {{record(60) + record(4000), 3940}, {record(60) + record(60), 0},
                 {record(60) + record(61).repeated(200) + record(400000), 399940}, // longer than what is read
@@ -76,7 +70,7 @@ private slots:
     {
         const QString good = path("good.acp");
         const QString bad = path("bad.acp");
-        QVERIFY(writeFile(good, recordLine("#06C05_____0")));
+        QVERIFY(writeFile(good, recordLine("#06C05_____0", 123)));
         QCache<QString, QString> cache(10000); // bytes
         QSet<QString> failures;
         bool fromCache = true;
@@ -100,7 +94,7 @@ private slots:
 
     void delegate()
     {
-        QVERIFY(writeFile(path("one.ACP"), recordLine("#06C05_____0")));
+        QVERIFY(writeFile(path("one.ACP"), recordLine("#06C05_____0", 123)));
         QFileDialog dialog;
         dialog.setOption(QFileDialog::DontUseNativeDialog);
         dialog.setDirectory(folder.path());

@@ -6,6 +6,7 @@
 #include "link/recordinglog.h"
 #include "support/files.h"
 #include "support/limits.h"
+#include "support/lines.h"
 
 #include <QDir>
 #include <QSignalSpy>
@@ -23,17 +24,14 @@ constexpr std::chrono::milliseconds period(20); // not a second, as the program'
 constexpr int longTime = 60000; // ms
 const QString port = QStringLiteral("COM7");
 
-QString chargerLine(int time, char mode = 'C')
+QString chargerLine(int time, const char *mode = "C")
 {
-    return QStringLiteral("#06") + QLatin1Char(mode) + QStringLiteral("05%____0,")
-        + QString::number(time).rightJustified(5, QLatin1Char('0'))
-        + QStringLiteral(",25200,02000,025,01234,00045") + QStringLiteral(",4100,1").repeated(7)
-        + QStringLiteral(",0000,0").repeated(9);
+    return Lines::recordLine(QByteArray("#06") + mode + "05%____0", time, QByteArray(",4100,1").repeated(7));
 }
 
 const QString balancerLine
     = QStringLiteral("#t0306D4000,1,4001,2,4002,3,4003,4") + QStringLiteral(",0000,0").repeated(8);
-const QString plusLine = QStringLiteral("#D0606 00123,25200,-2000,025,01234");
+const QString plusLine = QStringLiteral("#D0606 00123,25200,-2000,251,00150");
 const QString resistances = QStringLiteral("!1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16");
 const QString ownBalancerLine = QStringLiteral("#03B05____B3,%1,16006,00000,000,00000,00000"
                                                ",4000,1,4001,2,4002,3,4003,4")
@@ -79,19 +77,19 @@ private slots:
     {
         // Longer than any device's, so that it is written anew; in a mode that has no letter then.
         const QString endless
-            = chargerLine(1, 'T').replace(QLatin1String(",00001"), QString(4096, ' ').prepend(',') + '1');
+            = chargerLine(1, "T").replace(QLatin1String(",00001"), QString(4096, ' ').prepend(',') + '1');
         const QString broken
             = chargerLine(3).replace('%', '\n'); // what a file can't hold is written anew, too
         const std::pair<QStringList, QStringList> cases[] = {
-            {{chargerLine(0, 'T'), resistances, chargerLine(7)},
-                {chargerLine(0, 'T'), resistances, chargerLine(7)}},
+            {{chargerLine(0, "T"), resistances, chargerLine(7)},
+                {chargerLine(0, "T"), resistances, chargerLine(7)}},
             // What the line alone does not say: the charger's resistance, flags and cells.
-            {{plusLine, chargerLine(5), plusLine}, {plusLine, chargerLine(5), chargerLine(123, 'D')}},
+            {{plusLine, chargerLine(5), plusLine}, {plusLine, chargerLine(5), chargerLine(123, "D")}},
             {{balancerLine, balancerLine, balancerLine}, // get a clock
                 {ownBalancerLine.arg("00000"), ownBalancerLine.arg("00005"), ownBalancerLine.arg("00010")}},
             // Resistances of what can't be read go to no other record.
             {{chargerLine(0), endless, resistances + "\r\n", chargerLine(2), resistances},
-                {chargerLine(0), chargerLine(1, ' '), '~' + resistances, chargerLine(2), resistances}},
+                {chargerLine(0), chargerLine(1, " "), '~' + resistances, chargerLine(2), resistances}},
             {{broken}, {broken}}};
         for (const auto &expected : cases) {
             JournalLines lines;

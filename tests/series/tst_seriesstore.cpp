@@ -2,11 +2,10 @@
 #include "data/voltageslope.h"
 #include "support/columns.h"
 #include "support/limits.h"
+#include "support/records.h"
 #include "support/seed.h"
 
-#include <algorithm>
 #include <cstring>
-#include <limits>
 
 namespace {
 
@@ -21,14 +20,10 @@ bool isWithoutLetter(int device)
 }
 
 /// Makes the records of one recording, whose nature is drawn once for it.
-class Maker {
+class Maker : public RandomRecords {
 public:
-    explicit Maker(unsigned seed)
-        : m_random(seed)
-    {
-    }
+    using RandomRecords::RandomRecords;
 
-    int between(int least, int most) { return std::uniform_int_distribution<int>(least, most)(m_random); }
     bool oneIn(int cases) { return between(1, cases) == 1; }
 
     // The second half of them is 0.
@@ -85,7 +80,6 @@ private:
         record->cellAverage = value();
     }
 
-    std::mt19937 m_random;
     int m_device = between(Varnel3Data::Varnel3, Varnel3Data::NoDevice);
     int m_mode = between(Varnel3Data::Charge, Varnel3Data::Test);
     int m_cells = oneIn(3) ? 0 : between(-1, Varnel3Data::maxCells + 1); // 0: no cell data
@@ -383,34 +377,6 @@ private slots:
         }
     }
 
-    // The same rules, worked out by hand.
-    void pointsByHand()
-    {
-        QVector<int> resistances(16, 100);
-        resistances << 116 << 500 << 216 << 0 << 100;
-        const int temperatures[] = {253, 260, 251, -40};
-        SeriesStore live;
-        for (int i = 0; i < resistances.size(); ++i) {
-            Varnel3Data record = cellRecord(0);
-            record.voltage = 1000 * (i % 2);
-            record.internalResistance = resistances[i];
-            record.temperature = temperatures[qMin(i, 3)];
-            live.append(record);
-        }
-        SeriesStore loaded;
-        loaded.load(savedRecords(live));
-        const auto is = [](const SeriesStore &store, int kind, int from, const QVector<double> &points) {
-            return std::equal(points.begin(), points.end(), store.series(kind).begin() + from);
-        };
-        // sums 1012, 1012-253+260 = 1019, 1019-254+251 = 1016, 1016-254-40 = 722
-        QVERIFY(is(live, SeriesStore::Temperature, 0, {25.3, 25.4, 25.4, 18.0}));
-        // 464-116+216 = 564; folds 216 and 0: 639, 480; folds 216, (216+100)/2 and 100: 576, 590, 543
-        QVERIFY(is(live, SeriesStore::Resistance, 16, {116, 116, 141, 120, 135}));
-        // 2000-500+216 = 1716; 1716-429+158 = 1445; 1445-361+100 = 1184
-        QVERIFY(is(loaded, SeriesStore::Resistance, 16, {500, 500, 429, 361, 296}));
-        QVERIFY(is(live, SeriesStore::Dv, 16, {0, 0, -1000, (-12000.0 + 1000 + 12000) / 12}));
-    }
-
     void isEmptyAgain()
     {
         SeriesStore store;
@@ -423,18 +389,9 @@ private slots:
         QVERIFY(store.isEmpty() && store.loadProgress() == 1.0 && store.revision() != before);
         QVERIFY(!store.newestLacksResistance() && store.knownResistance(0) == 0.0);
         QVERIFY(store.capacity().mode == 'C' && store.capacity().energyAtMark == 0);
-    }
-
-    void movedSeriesIsEmpty()
-    {
-        PlotSeries from;
-        for (int i = 0; i < 2 * PlotSeries::blockSize; ++i)
-            from.append(i);
-        const double *const points = from.begin();
-        PlotSeries to = std::move(from);
-        from.append(-7); // NOLINT(bugprone-use-after-move)
-        QVERIFY(to.begin() == points && to.extremes(0, to.size()).high == 2.0 * PlotSeries::blockSize - 1);
-        QVERIFY(from.size() == 1 && from.minimum() == -7 && from.maximum() == -7);
+        store.append(cellRecord(2));
+        QVERIFY(
+            store.size() == 1 && store.cellSeriesCount() == 2 && store.series(SeriesStore::Time).size() == 1);
     }
 
     // Thirty devices that record for an hour: what is set aside for later must not add up to more than what

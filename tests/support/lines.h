@@ -7,14 +7,18 @@
 /// Lines as devices send them, with their line end, for tests that need a device rather than a dialect.
 namespace Lines {
 
+/// A line of 39 fields without its end: `head` is its first one, `cells` the pairs that are not absent.
+inline QByteArray recordLine(const QByteArray &head, int time, const QByteArray &cells = QByteArray())
+{
+    return head + ',' + QByteArray::number(time).rightJustified(5, '0') + ",25200,02000,251,00150,00045"
+        + cells + QByteArray(",0000,0").repeated(16 - cells.count(',') / 2);
+}
+
 /// A "Varnel 3" that charges six LiPo cells with balancing data; `end` is its end letter.
 inline QByteArray charger(int time, char end = '_')
 {
-    QByteArray line = "#06C05__" + QByteArray(1, end) + "_B1,";
-    line += QByteArray::number(time).rightJustified(5, '0') + ",25200,02000,251,00150,00045";
-    for (int cell = 0; cell < 16; ++cell)
-        line += cell < 6 ? ",4200,3" : ",0000,0";
-    return line + "\r\n";
+    return recordLine("#06C05__" + QByteArray(1, end) + "_B1", time, QByteArray(",4200,3").repeated(6))
+        + "\r\n";
 }
 
 /// The record that is read from charger().

@@ -1,12 +1,29 @@
 #pragma once
 
+#include "protocol/fieldtext.h"
 #include "protocol/lineconversions.h"
+#include "protocol/recordline.h"
 #include "data/recordlist.h"
+
+#include <QByteArray>
 
 #include <algorithm>
 #include <limits>
 #include <random>
 #include <vector>
+
+/// A view on a line as the parsers have it.
+inline FieldText textOf(const QByteArray &line)
+{
+    return {reinterpret_cast<const uchar *>(line.constData()), line.size()};
+}
+
+/// The record's line as files hold it.
+inline QByteArray written(const Varnel3Data &record)
+{
+    char line[maxRecordLineLength];
+    return QByteArray(line, int(writeRecordLine(line, record) - line));
+}
 
 /// All fields of a record as numbers, to be compared at once.
 inline std::vector<double> fieldsOf(const Varnel3Data &record)
