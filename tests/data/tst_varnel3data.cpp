@@ -19,19 +19,6 @@ QString ofCodes(int first, int last, const Function &text)
     return texts.join(QLatin1Char('|'));
 }
 
-// Balancing data of `cells` cells at `balance` per cent, 500 mA.
-Varnel3Data balanced(int time, int cells, int balance)
-{
-    Varnel3Data record;
-    record.flag5 = 'B';
-    record.cellCount = cells;
-    record.ballansingCurrent = 500;
-    record.time = time;
-    for (CellData &cell : record.cells)
-        cell.balance = balance;
-    return record;
-}
-
 } // namespace
 
 /// The record as a value: its defaults, code tables, sums over cells and texts.
@@ -101,7 +88,8 @@ private slots:
         const int cases[][3]
             = {{0, 0, 0}, {-5, 0, 0}, {1, 2, 720000}, {2, 3, 720000 + 1439999}, {99, 5965, INT_MAX}};
         for (const auto &values : cases) {
-            Varnel3Data record = balanced(0, values[0], 0);
+            Varnel3Data record;
+            record.cellCount = values[0];
             for (CellData &cell : record.cells)
                 cell.balanceCharge = 720000;
             record.cells[1].balanceCharge = 1439999; // all but 4 mAh
@@ -166,7 +154,8 @@ private slots:
 
     void oneLineOfInformation()
     {
-        Varnel3Data record = balanced(0, 6, 0);
+        Varnel3Data record;
+        record.cellCount = 6;
         record.mode = Varnel3Data::Charge;
         record.cellType = 5;
         record.voltage = 24216;
@@ -189,7 +178,9 @@ private slots:
     // What it sums otherwise is told by the recordings that it is part of.
     void integratorStaysWithinItsRange()
     {
-        Varnel3Data record = balanced(0, 99, 0);
+        Varnel3Data record;
+        record.flag5 = 'B';
+        record.cellCount = 99;
         record.ballansingCurrent = INT_MAX;
         record.cells[0].balance = INT_MIN;
         record.cells[15].balance = 100;

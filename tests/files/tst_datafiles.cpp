@@ -14,6 +14,7 @@
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTemporaryFile>
+#include <QTextCodec>
 #include <QtTest>
 
 #include <cerrno>
@@ -84,16 +85,6 @@ QByteArrayList linesOf(QIODevice &device, int chunk)
     }
 }
 
-QByteArray utf16(const QString &text, bool little)
-{
-    QByteArray bytes;
-    for (const QChar c : QChar(0xfeff) + text) {
-        bytes += char(little ? c.cell() : c.row());
-        bytes += char(little ? c.row() : c.cell());
-    }
-    return bytes;
-}
-
 RecordList recording(int count)
 {
     return RandomRecords(7).recording(count);
@@ -115,14 +106,10 @@ mode_t modeOf(const QString &name)
     return ::stat(QFile::encodeName(name).constData(), &status) == 0 ? status.st_mode : 0;
 }
 
-// `unreadable`: records that the reader will refuse.
-WriteOutcome save(const QString &name, const RecordList &records, int *unreadable = nullptr)
+WriteOutcome save(const QString &name, const RecordList &records)
 {
     DataFilePieces lines(records);
-    const WriteOutcome outcome = writeWholeFile(name, lines);
-    if (unreadable)
-        *unreadable = lines.unreadable();
-    return outcome;
+    return writeWholeFile(name, lines);
 }
 
 } // namespace
@@ -139,12 +126,14 @@ private slots:
     {
         const QByteArrayList three = {"one", "", "three"};
         const QByteArrayList unended = {"one", "", "three at the end"};
+        const auto wide = [](const char *codec, const char *text) { // with its mark
+            return QTextCodec::codecForName(codec)->fromUnicode(QString::fromUtf8(text));
+        };
         const std::pair<QByteArray, QByteArrayList> cases[]
             = {{"", {}}, {"one\n\nthree\n", three}, {"one\r\n\r\nthree\r\n", three},
                 {"one\r\n\nthree", unended}, {"\xef\xbb\xbfone\n\nthree\n", three}, {"\xef\xbb\xbf", {}},
-                {utf16(QStringLiteral("one\r\n\r\nthree"), true), unended},
-                {utf16(QStringLiteral("one\n\nthree\n"), false), three},
-                {utf16(QStringLiteral("a\u0142\u00e9\n"), true), {QByteArray("a\0\xe9", 3)}},
+                {wide("UTF-16LE", "one\r\n\r\nthree"), unended}, {wide("UTF-16BE", "one\n\nthree\n"), three},
+                {wide("UTF-16LE", "a\u0142\u00e9\n"), {QByteArray("a\0\xe9", 3)}},
                 {QByteArray("a\0b\nc\n", 6), {QByteArray("a\0b", 3), "c"}},
                 {"first\n" + QByteArray(1000, 'x') + "\nlast\n", {"first", "cut", "last"}}};
         for (const auto &expected : cases) {
@@ -225,6 +214,8 @@ private slots:
         const QByteArray resistances = "!10,20,30,40,50,60,70,80,90,100,110,120,130,140,150,160";
         const QByteArray figures = " 3725\t12.3456  -1.5 25.35 -7\n";
         const QString charged = QStringLiteral("%1,03725,12346,01500,254,-0007,00000,0000,0,0000,0 0 0");
+        const QString balanced
+            = QStringLiteral("Tandor #01B07____B%1,00000,03300,00000,000,00000,00000,3300,0,0000,0 0 0");
         const QString record = QString::fromLatin1(recordLine(3600)).section(QLatin1Char(','), 0, 10);
         const std::tuple<QString, QByteArray, QStringList> cases[] = {
             {acp, "1\ncharge\n8\n" + figures, {charged.arg("Varnel 2+ #08C00_____0")}},
@@ -234,12 +225,9 @@ private slots:
             {abp, "7\nt\n2\n3\n3300 0 3310 100\n# note\n33000 0 3310 0\n3301 57 3311 1000\n",
                 {"Tandor #02B07____B3,00000,06610,00000,000,00000,00000,3300,0,3310,: 0 0",
                     "Tandor #02B07____B3,00010,06612,00000,000,00000,00000,3301,5,3311,0 1 0"}},
-            {abp, "7\nt\n1\n1\n3300 0\n",
-                {"Tandor #01B07____B1,00000,03300,00000,000,00000,00000,3300,0,0000,0 0 0"}},
-            {abp, "7\nt\n1\n 2\r\n3300 0\n",
-                {"Tandor #01B07____B2,00000,03300,00000,000,00000,00000,3300,0,0000,0 0 0"}},
-            {abp, "7\nt\n1\n# 1\n3300 0\n",
-                {"Tandor #01B07____B2,00000,03300,00000,000,00000,00000,3300,0,0000,0 0 0"}},
+            {abp, "7\nt\n1\n1\n3300 0\n", {balanced.arg(1)}},
+            {abp, "7\nt\n1\n 2\r\n3300 0\n", {balanced.arg(2)}},
+            {abp, "7\nt\n1\n# 1\n3300 0\n", {balanced.arg(2)}},
             // The time before the first record counts as well; a '!' line of five values is none.
             {acp, recordLine(3600) + '\n' + resistances + "\r\n" + recordLine(7200) + " \n!1,2,3,4,5\n",
                 {"Varnel 3 " + record + " 100 2",
@@ -329,8 +317,7 @@ private slots:
             QFile file(folder.filePath(acp));
             const QByteArray bytes = (recordLine(1) + '\n').repeated(20000);
             QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) > 3000000 && file.flush());
-            const QDateTime yesterday = QDateTime::currentDateTime().addDays(-1);
-            QVERIFY(file.setFileTime(yesterday, QFileDevice::FileModificationTime));
+            QVERIFY(makeOld(file.fileName(), 1));
             QVERIFY(!isJournal || ::flock(file.handle(), LOCK_EX) == 0);
             DataFileLoader loader(file.fileName());
             while (loader.progress() <= 0)
@@ -360,28 +347,17 @@ private slots:
         }
     }
 
-    // Of mode, chemistry and balancing current: how many can't be read back, and the current that comes back.
-    void namedExceptions()
+    void endMarksAndWhatCanNotBeRead()
     {
-        const int cases[][5] = {
-            {4, 5, 250, 1, 0}, {5, 5, 250, 1, 0}, {0, 13, 250, 1, 0}, {0, 5, 300, 0, 0}, {3, 5, 250, 0, 250}};
         QTemporaryDir folder;
         const QString name = pathOf(folder, "a.acp");
-        for (const auto &values : cases) {
-            RecordList records = recording(3);
-            records.last().mode = values[0];
-            records.last().cellType = values[1];
-            records.last().ballansingCurrent = values[2];
-            int unreadable = 0;
-            QVERIFY(save(name, records, &unreadable).written);
-            QCOMPARE(unreadable, values[3]);
-            const RecordList back = loaded(name);
-            QCOMPARE(back.size(), 3 - unreadable);
-            QCOMPARE(back.last().ballansingCurrent, unreadable ? records[1].ballansingCurrent : values[4]);
-            DataFilePieces marked(records, 1);
-            QVERIFY(writeWholeFile(name, marked).written);
-            QVERIFY(loaded(name)[0].flag4 == records[0].flag4 && loaded(name)[1].flag4 == 'E');
-        }
+        RecordList records = recording(3);
+        records.last().mode = Varnel3Data::Test;
+        DataFilePieces lines(records, 1);
+        QVERIFY(writeWholeFile(name, lines).written && lines.unreadable() == 1 && lines.progress() == 1.0);
+        QCOMPARE(contents(name).count('\n'), 3);
+        const RecordList back = loaded(name);
+        QVERIFY(back.size() == 2 && back[0].flag4 == records[0].flag4 && back[1].flag4 == 'E');
     }
 
     // The mode stays, a link too, over a second one to a file that may be there.
@@ -405,40 +381,32 @@ private slots:
     }
 
     // The limit on file sizes stands in for a disk that fills up in the middle.
-    void fullDiskKeepsTheOldFile()
-    {
-        QTemporaryDir folder;
-        const QString name = pathOf(folder, "a.acp");
-        QVERIFY(writeFile(name, "old"));
-        const RecordList records = recording(5000);
-        {
-            const FileSizeLimit limit(500 * 1024);
-            QCOMPARE(save(name, records).reason, qt_error_string(EFBIG)); // not of the write that took a part
-        }
-        QCOMPARE(contents(name), QByteArray("old"));
-        QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"a.acp"});
-    }
-
     void whatCanNotBeSaved()
     {
         QTemporaryDir folder;
+        const QString full = pathOf(folder, "full.acp");
         const QString fifo = pathOf(folder, "fifo"); // which nobody reads: must not wait
         const QString forbidden = pathOf(folder, "forbidden/a.acp");
         QVERIFY(QDir().mkdir(pathOf(folder, "folder")) && QDir().mkdir(pathOf(folder, "forbidden")));
         QVERIFY(setMode(folder.path(), 0755) && setMode(pathOf(folder, "forbidden"), 0555));
-        QCOMPARE(::mkfifo(QFile::encodeName(fifo).constData(), 0666), 0);
+        QVERIFY(writeFile(full, "old") && ::mkfifo(QFile::encodeName(fifo).constData(), 0666) == 0);
         const std::pair<QString, int> cases[]
-            = {{pathOf(folder, "folder"), 0}, {fifo, ENXIO}, {pathOf(folder, "none/b.acp"), ENOENT},
-                {QStringLiteral("/dev/full"), ENOSPC}, {forbidden, EACCES}};
-        for (const auto &expected : cases) {
+            = {{full, EFBIG}, {fifo, ENXIO}, {pathOf(folder, "none/b.acp"), ENOENT},
+                {QStringLiteral("/dev/full"), ENOSPC}, {forbidden, EACCES}, {pathOf(folder, "folder"), 0}};
+        const RecordList records = recording(5000);
+        for (const auto &[name, error] : cases) {
             std::optional<AsNobody> mayNotWriteAll;
-            if (expected.first == forbidden)
+            if (name == forbidden)
                 mayNotWriteAll.emplace();
-            const WriteOutcome outcome = save(expected.first, recording(10));
-            QVERIFY2(!outcome.written && !outcome.reason.isEmpty(), qPrintable(expected.first));
-            QVERIFY2(expected.second == 0 || outcome.reason == qt_error_string(expected.second),
-                qPrintable(outcome.reason));
+            std::optional<FileSizeLimit> limit;
+            if (name == full)
+                limit.emplace(500 * 1024);
+            const WriteOutcome outcome = save(name, records);
+            QVERIFY2(!outcome.written && !outcome.reason.isEmpty(), qPrintable(name));
+            QVERIFY2(error == 0 || outcome.reason == qt_error_string(error), qPrintable(outcome.reason));
         }
+        QCOMPARE(contents(full), QByteArray("old"));
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"full.acp"});
     }
 
     void devicesAreWrittenInPlace()

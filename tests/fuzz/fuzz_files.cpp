@@ -1,8 +1,10 @@
 #include "files/datafilepieces.h"
+#include "files/recordlabel.h"
 #include "fuzzfile.h"
 #include "series/seriesstore.h"
 
 #include <QBuffer>
+#include <QTemporaryDir>
 
 #include <algorithm>
 #include <array>
@@ -71,6 +73,25 @@ QByteArray save(const RecordList &records, int *unreadable = nullptr)
     return buffer.data();
 }
 
+// Of a new file: what is known of it is not read again.
+void checkLabel(const QByteArray &bytes, const QString &name)
+{
+    static const QTemporaryDir folder;
+    QFile file(folder.filePath(name));
+    check(file.open(QIODevice::WriteOnly) && file.write(bytes.left(8192)) >= 0, "a file opens");
+    file.close();
+    QCache<QString, QString> cache(10000); // bytes: room for any path with its label
+    QSet<QString> failures;
+    bool fromCache = true;
+    const QString label = recordLabel(cache, file.fileName(), &fromCache, &failures);
+    check(
+        !fromCache && label.isEmpty() == failures.contains(file.fileName()), "failures are remembered apart");
+    check(
+        label.isEmpty() || (label.startsWith(QLatin1String(" [")) && label.size() < 80), "a label is short");
+    check(recordLabel(cache, file.fileName(), &fromCache, &failures) == label, "the same label again");
+    check(fromCache != label.isEmpty(), "from the cache");
+}
+
 void checkSeries(const SeriesStore &store)
 {
     for (int kind = 0; kind < SeriesStore::kindCount && !store.isEmpty(); ++kind) {
@@ -91,6 +112,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
     const Form form(data[0], data[1]);
     const QByteArray bytes
         = bytesOf(form, QByteArray(reinterpret_cast<const char *>(data + 2), int(size - 2)));
+    checkLabel(bytes, form.name);
     SeriesStore store;
     const bool loaded = load(bytes, form, &store);
     int unreadable = 0;

@@ -2,6 +2,7 @@
 
 #include "files/datafileloader.h"
 
+#include <QDateTime>
 #include <QFile>
 
 /// All that is in the file; "unreadable" where it can't be opened.
@@ -16,6 +17,14 @@ inline bool writeFile(const QString &name, const QByteArray &bytes)
 {
     QFile file(name);
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+/// Makes a file look as if it was last written to so many days ago.
+inline bool makeOld(const QString &name, int days)
+{
+    QFile file(name);
+    const QDateTime then = QDateTime::currentDateTime().addDays(-days);
+    return file.open(QIODevice::ReadWrite) && file.setFileTime(then, QFileDevice::FileModificationTime);
 }
 
 /// The records of a data file; none where it is none.
