@@ -52,20 +52,18 @@ private slots:
             QStringLiteral("None|Varnel 3|Varnel 2+|Varnel 2|Tandor|None|None"));
         QCOMPARE(ofCodes(-1, 6, Varnel3Data::modeName),
             QStringLiteral("|Charge|Discharge|Balancing|Format|Test|None|"));
-        QString ends = QStringLiteral("SME_B");
-        for (QChar &letter : ends) {
+        QString ends;
+        for (const char letter : {'S', 'M', 'E', '_', 'B'}) {
             Varnel3Data record;
-            record.flag3 = letter.toLatin1();
-            letter = QChar('0' + record.processEnd());
+            record.flag3 = letter;
+            const int end = record.processEnd();
+            ends += QString::number(end) + processEndText(end) + processEndTitle(end) + processEndIcon(end)
+                + processEndSound(end) + QLatin1Char('|');
         }
-        QCOMPARE(ends, QStringLiteral("012//")); // '/' is -1
-        const auto told = [](int end) {
-            return processEndText(end) + processEndTitle(end) + processEndIcon(end) + processEndSound(end);
-        };
-        QCOMPARE(ofCodes(-1, 3, told),
-            QStringLiteral("|Error in process !Error:/Icons/error.pngerror"
-                           "|Process aborted by user.Aborted:/Icons/cancel.pngaborted"
-                           "|Process completed.End:/Icons/finish.pngend|"));
+        QCOMPARE(ends + processEndText(3),
+            QStringLiteral("0Error in process !Error:/Icons/error.pngerror"
+                           "|1Process aborted by user.Aborted:/Icons/cancel.pngaborted"
+                           "|2Process completed.End:/Icons/finish.pngend|-1|-1|"));
     }
 
     void timeIsSplit()

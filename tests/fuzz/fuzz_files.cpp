@@ -7,7 +7,6 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
-#include <array>
 
 namespace {
 
@@ -15,21 +14,20 @@ constexpr int longFile = 300 * 1024; // beyond a chunk
 constexpr int shortFile = 48 * 1024; // beyond a block of records
 constexpr int headerLines = 4; // of columns; they come once
 
-/// What the input's first two bytes say of the file that the others are.
 struct Form {
-    Form(unsigned char first, unsigned char second)
-        : name(first % 2 == 0 ? QStringLiteral("x.acp") : QStringLiteral("x.ABP"))
-        , chunk(std::array<int, 4>{LineSource::usualChunk, 64, 401, 4096}[first / 2 % 4])
-        , slice(first / 8 % 2 == 0 ? 2048 : 100)
-        , copies(second < 240 ? 1 : 1 << (second - 240))
-    {
-    }
-
     QString name;
     int chunk; // bytes that are read at once
     int slice; // records that are derived at once
     int copies; // of all behind the header
 };
+
+/// What the input's first two bytes say of the file that the others are.
+Form formOf(unsigned char first, unsigned char second)
+{
+    const int chunks[] = {LineSource::usualChunk, 64, 401, 4096};
+    return {first % 2 == 0 ? QStringLiteral("x.acp") : QStringLiteral("x.ABP"), chunks[first / 2 % 4],
+        first / 8 % 2 == 0 ? 2048 : 100, second < 240 ? 1 : 1 << (second - 240)};
+}
 
 QByteArray bytesOf(const Form &form, const QByteArray &input)
 {
@@ -109,7 +107,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
 {
     if (size < 2)
         return 0;
-    const Form form(data[0], data[1]);
+    const Form form = formOf(data[0], data[1]);
     const QByteArray bytes
         = bytesOf(form, QByteArray(reinterpret_cast<const char *>(data + 2), int(size - 2)));
     checkLabel(bytes, form.name);
@@ -117,7 +115,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
     const bool loaded = load(bytes, form, &store);
     int unreadable = 0;
     const QByteArray saved = save(store.records(), &unreadable);
-    const Form plain(data[0] & 1, 0);
+    const Form plain = formOf(data[0] & 1, 0);
     if (form.chunk != plain.chunk && fits(bytes, form.chunk)) {
         SeriesStore whole;
         check(load(bytes, plain, &whole) == loaded, "pieces make no difference");
@@ -128,7 +126,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
     checkSeries(store);
     if (unreadable == 0) {
         SeriesStore again;
-        check(load(saved, Form(0, 0), &again), "what was saved is read");
+        check(load(saved, formOf(0, 0), &again), "what was saved is read");
         check(save(again.records()) == saved, "save, load, save gives the same bytes");
     }
     for (int i = std::min(40, store.size()); i > 0; --i) // it may go on live

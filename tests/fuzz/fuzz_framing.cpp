@@ -32,22 +32,16 @@ public:
 
     void addRecord(const QByteArray &line, const Varnel3Data &record) override
     {
-        append(m_lines.ofRecord(line, record));
+        m_text += m_lines.ofRecord(line, record) + '\n';
         m_records.append(record);
     }
     void addResistanceLine(const QByteArray &line) override
     {
-        append(m_lines.ofResistances(line));
+        m_text += m_lines.ofResistances(line) + '\n';
         check(m_records.last().parseResistanceLine(QLatin1String(line)), "only '!' lines");
     }
 
 private:
-    void append(const QByteArray &line)
-    {
-        check(!line.contains('\n'), "a line of a journal is one");
-        m_text += line + '\n';
-    }
-
     // A balancer tells no time: that of its records is their place.
     static bool same(const Varnel3Data &found, Varnel3Data record, int place)
     {

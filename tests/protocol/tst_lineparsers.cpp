@@ -9,10 +9,6 @@
 
 namespace {
 
-const char plainFigures[] = "00123,25200,02000,025,01234,00045";
-const char twoLine[] = "#c0605 00123,25200+02000,025,01234";
-const char plusLine[] = "#D0606 00123,25200,-2000,025,01234";
-
 // Of cell i, neither rising nor falling.
 int voltageOf(int i)
 {
@@ -24,7 +20,7 @@ int loadOf(int i)
     return (i * 7 + 5) % 11;
 }
 
-QString chargerLine(const char *head, const char *figures = plainFigures)
+QString chargerLine(const char *head, const char *figures = "00123,25200,02000,025,01234,00045")
 {
     QString line = QLatin1String(head) + QLatin1Char(',') + QLatin1String(figures);
     for (int i = 0; i < Varnel3Data::maxCells; ++i)
@@ -118,9 +114,11 @@ private slots:
                 "Varnel 3 Format 6xLiPo _1SME 0 00:00:01 2 3 4 2147483647 6"},
             {chargerLine("#06F05_1___0", "1,2,3,4,-2000000000,6"),
                 "Varnel 3 Format 6xLiPo _1___ 0 00:00:01 2 3 4 -2147483648 6"},
-            {twoLine, "Varnel 2 Charge 6xLiIo _____ 0 00:02:03 25200 2000 25 1234 0"},
+            {"#c0605 00123,25200+02000,025,01234",
+                "Varnel 2 Charge 6xLiIo _____ 0 00:02:03 25200 2000 25 1234 0"},
             {"#f0612x12345,00001-000029,3,4", "Varnel 2 Discharge 6xLiHV _____ 0 03:25:45 1 2 3 4 0"},
-            {plusLine, "Varnel 2+ Discharge 6xLiPo _____ 0 00:02:03 25200 2000 25 1234 0"},
+            {"#D0606 00123,25200,-2000,025,01234",
+                "Varnel 2+ Discharge 6xLiPo _____ 0 00:02:03 25200 2000 25 1234 0"},
             {"#F0606 00123,2,+20009,025,01", "Varnel 2+ Charge 6xLiPo _____ 0 00:02:03 2 2000 25 1 0"},
             {balancerLine("#t0206D4000"), "Tandor Balancing 2xLiPo ____B 750 00:00:00 12003 0 0 0 0"},
             {balancerLine("#t0008x4000"), "Tandor Balancing 0xLiHV ____B 0 00:00:00 4000 0 0 0 0"},

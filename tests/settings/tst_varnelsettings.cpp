@@ -77,33 +77,28 @@ private slots:
         QVERIFY(!VarnelSettings().contains(QStringLiteral("own/key")) && !VarnelSettings().sendTime());
     }
 
-    void whatCanNotBeWrittenHolds_data()
-    {
-        QTest::addColumn<QString>("inTheWay");
-        QTest::newRow("a folder in its place") << "Maker/VarnelGraph.ini/";
-        QTest::newRow("a file in the folder's place") << "Maker";
-        QTest::newRow("a full disk") << "Maker/";
-    }
-
+    // A folder in its place, a file in the folder's place, and a full disk.
     void whatCanNotBeWrittenHolds()
     {
-        QFETCH(QString, inTheWay);
-        const bool isFile = !inTheWay.endsWith('/');
-        const QString path = profile->filePath(inTheWay);
-        QVERIFY(isFile ? writeFile(path, "") : QDir().mkpath(path));
-        {
-            const auto limit = inTheWay == "Maker/" ? std::make_unique<FileSizeLimit>(0) : nullptr;
-            VarnelSettings().setPorts({"COM5"});
+        for (const QString inTheWay : {"Maker/VarnelGraph.ini/", "Maker", "Maker/"}) {
+            init();
+            const bool isFile = !inTheWay.endsWith('/');
+            const QString path = profile->filePath(inTheWay);
+            QVERIFY(isFile ? writeFile(path, "") : QDir().mkpath(path));
+            {
+                const auto limit = inTheWay == "Maker/" ? std::make_unique<FileSizeLimit>(0) : nullptr;
+                VarnelSettings().setPorts({"COM5"});
+                QVERIFY(SettingsKeeper::waitForWritten(forEver));
+                QVERIFY(SettingsKeeper::instance().unwritable().startsWith(file));
+                QCOMPARE(VarnelSettings().ports(), QStringList({"COM5"}));
+                QCOMPARE(SettingsKeeper::instance().unreadable() == file, inTheWay.endsWith("ini/"));
+            }
+            QVERIFY(isFile ? QFile::remove(path) : QDir().rmdir(path));
+            VarnelSettings().setSendTime(true); // all of it goes there then
             QVERIFY(SettingsKeeper::waitForWritten(forEver));
-            QVERIFY(SettingsKeeper::instance().unwritable().startsWith(file));
-            QCOMPARE(VarnelSettings().ports(), QStringList({"COM5"}));
-            QCOMPARE(SettingsKeeper::instance().unreadable() == file, inTheWay.endsWith("ini/"));
+            QCOMPARE(SettingsKeeper::instance().unwritable(), QString());
+            QCOMPARE(contents(file), QByteArray("[General]\nports=COM5\nsendTime=true\n"));
         }
-        QVERIFY(isFile ? QFile::remove(path) : QDir().rmdir(path));
-        VarnelSettings().setSendTime(true); // all of it goes there then
-        QVERIFY(SettingsKeeper::waitForWritten(forEver));
-        QCOMPARE(SettingsKeeper::instance().unwritable(), QString());
-        QCOMPARE(contents(file), QByteArray("[General]\nports=COM5\nsendTime=true\n"));
     }
 
 private:
