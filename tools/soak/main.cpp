@@ -1,11 +1,16 @@
+#include "settings/varnelsettings.h"
+#include "simulator/rack.h"
 #include "soak/burstload.h"
 #include "soak/deviceside.h"
+#include "soak/program.h"
 #include "soak/rackload.h"
+#include "soak/randomuser.h"
 #include "soak/soakrun.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QLoggingCategory>
+#include <QRandomGenerator>
 
 #include <cstdio>
 
@@ -28,6 +33,10 @@ void addOptions(QCommandLineParser *parser)
         {QStringLiteral("burst"),
             QStringLiteral("Instead: so many lines over one port, as fast as they are taken."),
             QStringLiteral("lines")},
+        {QStringLiteral("user"),
+            QStringLiteral("Instead: somebody who does anything at any moment, so many steps."),
+            QStringLiteral("steps")},
+        {QStringLiteral("seed"), QStringLiteral("Of the choices of this user."), QStringLiteral("number")},
         {QStringLiteral("only-count"), QStringLiteral("No limit but that no line is lost.")},
         {QStringLiteral("show"), QStringLiteral("On the screen.")},
         {QStringLiteral("devices"), QStringLiteral("The process of the devices, their ports in this folder."),
@@ -71,6 +80,34 @@ int putUnderLoad(const QCommandLineParser &parser)
     return SoakRun(plan).run() ? 0 : 1;
 }
 
+/// Of the program all but the last are listened on.
+constexpr const char *userDevices[] = {"COM1:varnel3,cells=6,balance,processes=0,pause=2,noise=0.01",
+    "COM2:varnel2plus,processes=0,pause=2,cut=0.01",
+    "COM3:varnel3,cells=16,balance,duration=500,processes=0,endlines=3,join=0.01", "COM4:tandor,fields=0.01",
+    "COM5:varnel3,start=remote,cells=4,detect=1", "COM6:varnel2,processes=0,duration=300"};
+
+int letAnybodyUse(const QCommandLineParser &parser)
+{
+    bool given = false;
+    quint32 seed = parser.value(QStringLiteral("seed")).toUInt(&given);
+    if (!given)
+        seed = QRandomGenerator::global()->generate();
+    std::printf("seed %u\n", seed);
+    std::fflush(stdout);
+    Program program;
+    sim::RunSettings run;
+    run.folder = program.portFolder();
+    run.speed = 100;
+    run.seed = seed;
+    sim::Rack rack(run);
+    QString error;
+    for (const char *device : userDevices)
+        if (!rack.add(QString::fromLatin1(device), &error))
+            qFatal("%s", qPrintable(error));
+    VarnelSettings().setSendTime(true);
+    return RandomUser(&program, &rack, seed).run(parser.value(QStringLiteral("user")).toInt()) ? 0 : 1;
+}
+
 bool isAsked(int argc, char **argv, const char *option)
 {
     for (int i = 1; i < argc; ++i) {
@@ -98,5 +135,5 @@ int main(int argc, char **argv)
         return start<QCoreApplication>(argc, argv, playDevices);
     if (!isAsked(argc, argv, "--show"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    return start<QApplication>(argc, argv, putUnderLoad);
+    return start<QApplication>(argc, argv, isAsked(argc, argv, "--user") ? letAnybodyUse : putUnderLoad);
 }

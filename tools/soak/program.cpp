@@ -60,6 +60,11 @@ void Program::open(int ports)
     m_window->show();
 }
 
+void Program::close()
+{
+    m_window.reset();
+}
+
 int Program::listened() const
 {
     return m_window->listenedPorts().readers().size();

@@ -22,6 +22,9 @@ public:
     QString portFolder() const { return m_folder.filePath(QStringLiteral("ports")); }
     /// Opens the window, listening on COM1 to COM`ports`.
     void open(int ports);
+    void close();
+    /// Null before it is opened.
+    MainWindow *window() const { return m_window.get(); }
     /// How many ports are listened on.
     int listened() const;
     /// Windows that hold records.
