@@ -60,19 +60,19 @@ private slots:
     }
 
 private:
-    static Varnel3Data record(const char *head, const char *cells)
+    static Varnel3Data record(const QString &figures)
     {
         Varnel3Data record;
-        record.parseLine(head + QString(cells) + QString(",0000,0").repeated(13));
+        record.parseLine(figures + QString(",0000,0").repeated(13));
         return record;
     }
     static Varnel3Data plain()
     {
-        return record("#02C05_____0,00005,08000,01500,250,00012,00045", ",4000,0,4000,0,0000,0");
+        return record("#02C05_____0,00005,08000,01500,250,00012,00045,4000,0,4000,0,0000,0");
     }
     static Varnel3Data balanced()
     {
-        Varnel3Data data = record("#03C05____B2,00006,12345,01500,251,00013,00045", ",4100,1,4120,:,4125,0");
+        Varnel3Data data = record("#03C05____B2,00006,12345,01500,251,00013,00045,4100,1,4120,:,4125,0");
         data.parseResistanceLine("!25,30,0,0,0,0,0,0,0,0,0,0,0,0,0,0");
         return data;
     }

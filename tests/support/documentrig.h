@@ -14,7 +14,6 @@
 /// What a user does to a modal dialog.
 using Answer = std::function<void(QDialog *)>;
 using Answers = QList<Answer>;
-Q_DECLARE_METATYPE(Answers)
 
 /// The program's window, recordings and data files, and a user who answers. Base of a test class.
 class DocumentRig : protected ShellRig {
