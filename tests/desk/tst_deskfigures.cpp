@@ -115,14 +115,10 @@ private slots:
         MdiGraphChild *hidden = window->createMdiChild();
         MdiGraphChild *seen = window->createMdiChild();
         measure(hidden, "50");
-        hidden->addRecord(Lines::record(2));
+        hidden->addRecord(Lines::record(2)); // without any
         measure(seen, "20");
-        for (int i = 0; i < 2; ++i) { // the second time by a record without any
-            settle(*figures());
-            QCOMPARE(value->text().trimmed(), QString("2.0"));
-            seen->addRecord(Lines::record(2));
-        }
-        measure(seen, "20");
+        settle(*figures());
+        QCOMPARE(value->text().trimmed(), QString("2.0"));
         window->findChild<DeskArea *>()->setActiveSubWindow(
             qobject_cast<QMdiSubWindow *>(hidden->parentWidget()));
         settle(*figures());
