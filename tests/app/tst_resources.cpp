@@ -1,15 +1,16 @@
 #include "resources/resources.h"
-
+#include "support/files.h"
 #include "support/pixels.h"
 
-#include <QFile>
 #include <QIcon>
 #include <QPainter>
 #include <QRegularExpression>
 #include <QtTest>
 
+/// What is built into the program: icons and style sheets.
 class TestResources : public QObject {
     Q_OBJECT
+
 private slots:
     void initTestCase() { initResources(); }
 
@@ -17,9 +18,9 @@ private slots:
     void iconsAreLegible()
     {
         for (const char *name : {"open", "save", "saveAll", "preferences", "exit", "tile", "stack", "record",
-                 "clock-icon", "data", "wyk", "wykbar", "stop_sign", "varnel", "error", "cancel", "finish",
-                 "control-left", "control-right", "remote"}) {
-            const QIcon icon(QStringLiteral(":/Icons/%1.png").arg(QLatin1String(name)));
+                 "export", "picture", "clock-icon", "data", "wyk", "wykbar", "stop_sign", "varnel", "error",
+                 "cancel", "finish", "control-left", "control-right", "remote"}) {
+            const QIcon icon(QString(":/Icons/%1.png").arg(name));
             QCOMPARE(icon.availableSizes().value(0), QSize(48, 48));
             for (const int side : {16, 24, 48}) {
                 for (const QColor &ground : {QColor(0xf3, 0xf5, 0xf7), QColor(0x2b, 0x2f, 0x33)}) {
@@ -30,8 +31,7 @@ private slots:
                     int seen = 0;
                     for (int i = 0; i < side * side; ++i)
                         seen += contrast(image.pixel(i % side, i / side), ground) >= 2.5;
-                    QVERIFY2(
-                        seen * 12 >= side * side, qPrintable(QStringLiteral("%1 of %2").arg(seen).arg(name)));
+                    QVERIFY2(seen * 12 >= side * side, name);
                 }
             }
         }
@@ -40,14 +40,11 @@ private slots:
     // The sheet is read as Latin-1 up to the first zero byte, and a picture it names must be there.
     void styleSheetIsWhole()
     {
-        QVERIFY(QFile::exists(QStringLiteral(":/files/nostyle.qss")));
-        QFile file(QStringLiteral(":/files/application.qss"));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray bytes = file.readAll();
+        QVERIFY(QFile::exists(":/files/nostyle.qss"));
+        const QByteArray bytes = contents(":/files/application.qss");
         QVERIFY(std::all_of(bytes.begin(), bytes.end(), [](char c) { return c > 0; }));
         QCOMPARE(bytes.count('{'), bytes.count('}'));
-        auto urls
-            = QRegularExpression(QStringLiteral("url\\(([^)]*)\\)")).globalMatch(QString::fromLatin1(bytes));
+        auto urls = QRegularExpression("url\\(([^)]*)\\)").globalMatch(QString::fromLatin1(bytes));
         QVERIFY(urls.hasNext());
         while (urls.hasNext()) {
             const QString path = urls.next().captured(1);
