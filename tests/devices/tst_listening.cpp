@@ -46,20 +46,16 @@ private slots:
         allHeard.clear();
     }
     void cleanup() { tearDown(); }
-    void nothingChosen();
     void portsAtTheStart();
     void recordsInWindows();
     void pauseAndResume();
     void failingPort();
     void newPort();
     void questionsQueue();
-    void questionsWaitForDialog();
     void busyOnArrival_data();
     void busyOnArrival();
-    void stopGoesToOneDevice_data();
     void stopGoesToOneDevice();
     void clocksAreSetInTurn();
-    void clockOfCurrentDeviceOnly();
 
 private:
     /// Ticks `ports`, and only them, in the preferences.
@@ -107,18 +103,6 @@ private:
     QMap<int, QByteArray> allHeard;
 };
 
-void TestListening::nothingChosen()
-{
-    listen(0);
-    QCOMPARE(bar(), "No port has been selected. | Listening: no port"_s);
-    QVERIFY(!window->listenedPorts().isListening());
-    for (ActionId id : {ActionId::SetTime, ActionId::StopProcess, ActionId::Recording}) {
-        window->statusBar()->clearMessage();
-        trigger(id);
-        QCOMPARE(message(), "No port is listened on: choose one in the preferences."_s);
-    }
-}
-
 // Those that are there at the start are never new.
 void TestListening::portsAtTheStart()
 {
@@ -141,7 +125,15 @@ void TestListening::portsAtTheStart()
     window->stopRecording();
     QCOMPARE(bar(), "Stop listen on port(s). | Listening: no port"_s);
     QVERIFY(!window->listenedPorts().isListening());
-    window->stopRecording();
+    for (ActionId id : {ActionId::SetTime, ActionId::StopProcess, ActionId::Recording}) {
+        window->statusBar()->clearMessage();
+        trigger(id);
+        QCOMPARE(message(), "No port is listened on: choose one in the preferences."_s);
+    }
+    VarnelSettings().setPorts({});
+    window->startRecording();
+    window->stopRecording(); // of nothing
+    QCOMPARE(bar(), "No port has been selected. | Listening: no port"_s);
     const QSignalSpy changes(parts(), SIGNAL(changed()));
     plugged[0]->hangUp(); // and it is new when it comes back
     QTRY_VERIFY(!changes.isEmpty());
@@ -279,52 +271,37 @@ void TestListening::newPort()
     QCOMPARE(bar(), "Start listening on port COM7. | Listening: COM7"_s);
 }
 
+// While the preferences are up, too: who is ticked there is not asked about.
 void TestListening::questionsQueue()
 {
     const auto asked = [](const char *name) {
         return "Do you want to add a port %1 to the preferences ?"_s.arg(QLatin1String(name));
     };
     open({});
-    PtyPair *first = plug("COM7"_s);
-    QTRY_COMPARE(question(), asked("COM7"));
-    plug("COM8"_s);
-    QTRY_COMPARE(listened().size(), 2);
-    QCOMPARE(question(), asked("COM7"));
-    first->hangUp(); // its question goes with it
-    QTRY_COMPARE(question(), asked("COM8"));
-    QTRY_COMPARE(listened(), QStringList("COM8"));
-    for (const char *adapter : {"Adapter 1", "Adapter 2"}) // which is one question
-        parts()->arrive({"COM9"_s, QLatin1String(adapter), QString()});
-    parts()->arrive({"COM10"_s, QString(), QString()});
-    parts()->leave({"COM10"_s, QString(), QString()}); // while it waits
-    answerQuestion(QMessageBox::No);
-    QTRY_COMPARE(question(), asked("Adapter 1"));
-    answerQuestion(QMessageBox::Yes);
-    QVERIFY(!box("portQuestion"));
-    QCOMPARE(VarnelSettings().ports(), QStringList("COM9"));
-}
-
-// The one that is ticked meanwhile is not asked about, the others stay open until they are.
-void TestListening::questionsWaitForDialog()
-{
-    open({});
     whenModal<DialogPreferences>(this, [this](DialogPreferences *dialog) {
-        for (const char *port : {"COM7", "COM8", "COM9"})
+        for (const char *port : {"COM6", "COM7", "COM8"})
             plug(QLatin1String(port));
         QTRY_COMPARE(listened().size(), 3);
         QVERIFY(!box("portQuestion"));
         dialog->findChild<QPushButton *>("preferencesButtonRefresh"_s)->click();
-        tick(dialog, {"COM7"});
+        tick(dialog, {"COM6"});
     });
     trigger(ActionId::Preferences);
-    for (const char *port : {"COM8", "COM9"}) {
-        QTRY_VERIFY(question().contains(QLatin1String(port)));
-        QTRY_COMPARE(QApplication::activeWindow(), box("portQuestion"));
-        QTest::keyClick(box("portQuestion"), Qt::Key_Escape);
-    }
-    QTRY_VERIFY(!box("portQuestion"));
+    QTRY_COMPARE(question(), asked("COM7"));
     QCOMPARE(listened().size(), 3);
-    QCOMPARE(VarnelSettings().ports(), QStringList("COM7"));
+    plugged[1]->hangUp(); // its question goes with it
+    QTRY_COMPARE(question(), asked("COM8"));
+    QTRY_COMPARE(listened(), QStringList({"COM6", "COM8"}));
+    for (const char *adapter : {"Adapter 1", "Adapter 2"}) // which is one question
+        parts()->arrive({"COM9"_s, QLatin1String(adapter), QString()});
+    parts()->arrive({"COM10"_s, QString(), QString()});
+    parts()->leave({"COM10"_s, QString(), QString()}); // while it waits
+    QTRY_COMPARE(QApplication::activeWindow(), box("portQuestion"));
+    QTest::keyClick(box("portQuestion"), Qt::Key_Escape);
+    QTRY_COMPARE(question(), asked("Adapter 1"));
+    answerQuestion(QMessageBox::Yes);
+    QVERIFY(!box("portQuestion"));
+    QCOMPARE(VarnelSettings().ports(), QStringList({"COM6", "COM9"}));
 }
 
 void TestListening::busyOnArrival_data()
@@ -372,61 +349,50 @@ void TestListening::busyOnArrival()
     QCOMPARE(fact(StatusFacts::Failing), QString());
 }
 
-void TestListening::stopGoesToOneDevice_data()
-{
-    // 0: none
-    columns<int, int, QString, int, QString>({"ports", "recorded", "then", "stopped", "told"});
-    const auto stops = [](int com) { return "The device on COM%1 was told to stop its process."_s.arg(com); };
-    QTest::newRow("the only one") << 1 << 0 << "" << 1 << stops(1);
-    QTest::newRow("its recording is over") << 1 << 1 << "resumed" << 1 << stops(1);
-    QTest::newRow("the current of two") << 2 << 2 << "" << 2 << stops(2);
-    const QString choice = "Choose the window of the device whose process is to be stopped."_s;
-    QTest::newRow("no guess between two") << 2 << 0 << "" << 0 << choice;
-    QTest::newRow("another one, meant") << 2 << 2 << "Yes" << 1 << stops(1);
-    QTest::newRow("another one, not meant") << 2 << 2 << "No" << 0 << "";
-    const QString late = "COM1 is no longer listened on: its device was not told to stop."_s;
-    QTest::newRow("another one, gone meanwhile") << 2 << 2 << "gone, Yes" << 0 << late;
-}
-
+// The current one, else the only one; another than that of the current window only when it is meant.
 void TestListening::stopGoesToOneDevice()
 {
-    QFETCH(int, ports);
-    QFETCH(int, recorded);
-    QFETCH(QString, then);
-    QFETCH(int, stopped);
-    listen(ports);
-    if (recorded > 0)
-        record(recorded);
-    if (then == "resumed"_s) {
-        trigger(ActionId::Recording);
-        trigger(ActionId::Recording);
-    } else if (!then.isEmpty()) {
-        plugged[1]->hangUp();
-        QTRY_COMPARE(listened(), QStringList("COM1"));
-    }
-    window->statusBar()->clearMessage();
-    trigger(ActionId::StopProcess);
-    const QPointer<QMessageBox> asked = box("stopQuestion");
-    QCOMPARE(!asked.isNull(), then.endsWith("Yes"_s) || then == "No"_s);
-    if (asked) {
-        trigger(ActionId::StopProcess); // it is asked once
-        QCOMPARE(window->findChildren<QMessageBox *>().size(), 1);
+    const auto told = [this] {
+        window->statusBar()->clearMessage();
+        trigger(ActionId::StopProcess);
+        return message();
+    };
+    const auto stops = [](int com) { return "The device on COM%1 was told to stop its process."_s.arg(com); };
+    for (const char *port : {"COM1", "COM2"})
+        plug(QLatin1String(port));
+    open({"COM1"});
+    QCOMPARE(told(), stops(1));
+    record(1);
+    trigger(ActionId::Recording);
+    trigger(ActionId::Recording);
+    QCOMPARE(told(), stops(1)); // its recording is over
+    choose({"COM1", "COM2"});
+    QCOMPARE(told(), "Choose the window of the device whose process is to be stopped."_s);
+    record(2);
+    QCOMPARE(told(), stops(2));
+    QTRY_COMPARE(heard(2), QByteArray("#STOP\r\n"));
+    plugged[1]->hangUp();
+    QTRY_COMPARE(listened(), QStringList("COM1"));
+    for (const char *way : {"not meant", "meant", "gone meanwhile"}) {
+        QCOMPARE(told() + told(), QString()); // it is asked once
+        QCOMPARE(window->findChildren<QMessageBox *>("stopQuestion"_s).size(), 1);
+        const QPointer<QMessageBox> asked = box("stopQuestion");
         QCOMPARE(asked->text(),
             "The current window was fed by COM2, which is not listened on.\n"
             "Stop the process of the device on COM1?"_s);
         QCOMPARE(asked->textFormat(), Qt::PlainText);
         QVERIFY(asked->button(QMessageBox::No) == asked->defaultButton());
-        QCOMPARE(heard(1), QByteArray());
-        if (then.startsWith("gone"_s)) {
+        if (*way == 'g') {
             plugged[0]->hangUp();
             QTRY_COMPARE(listened(), QStringList());
         }
         window->statusBar()->clearMessage();
-        asked->button(then == "No"_s ? QMessageBox::No : QMessageBox::Yes)->click();
+        asked->button(*way == 'n' ? QMessageBox::No : QMessageBox::Yes)->click();
+        const QString late = "COM1 is no longer listened on: its device was not told to stop."_s;
+        QCOMPARE(message(), *way == 'n' ? QString() : *way == 'm' ? stops(1) : late);
+        QTRY_COMPARE(heard(1).count("#STOP\r\n"), *way == 'n' ? 2 : 3);
+        QTRY_VERIFY(!asked);
     }
-    for (int com = 1; com <= ports; ++com)
-        QTRY_COMPARE(heard(com), QByteArray(com == stopped ? "#STOP\r\n" : ""));
-    QTEST(message(), "told");
 }
 
 // Each device needs its time before it takes the next command, in which the program goes on. COM2 is
@@ -455,16 +421,10 @@ void TestListening::clocksAreSetInTurn()
     const QRegularExpression both("^#TIME![0-9:]{17}\r\n#BIB_!200\r\n$"_s);
     for (int com : {1, 4})
         QVERIFY2(both.match(QString::fromLatin1(heard(com))).hasMatch(), heard(com));
-}
-
-void TestListening::clockOfCurrentDeviceOnly()
-{
-    listen(2);
-    record(2);
-    trigger(ActionId::SetTime);
-    QCOMPARE(message(), "Setting the clock of the device on COM2..."_s);
+    allHeard.clear();
+    trigger(ActionId::SetTime); // of the current device only
     QTRY_VERIFY(!QApplication::overrideCursor());
-    QVERIFY(heard(2).startsWith("#TIME!") && heard(2).endsWith("#BIB_!200\r\n") && heard(1).isEmpty());
+    QVERIFY(heard(1).startsWith("#TIME!") && heard(1).endsWith("#BIB_!200\r\n") && heard(4).isEmpty());
     // By itself once a port and run of the program at the start of a process, once at the end.
     auto *host = window->findChild<DeskReaderHost *>();
     QString claims;

@@ -14,7 +14,6 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-using sim::FrontPanel;
 using sim::LineKind;
 
 namespace {
@@ -80,8 +79,6 @@ private slots:
     void cleanup();
     void linesAreReadAsMeant_data();
     void linesAreReadAsMeant();
-    void panelAnswers_data();
-    void panelAnswers();
     void descriptionsAreChecked();
     void replayAndConsole();
     void endAndSilence();
@@ -195,52 +192,6 @@ void TestSimulator::compare(const sim::Reading &meant, const Varnel3Data &read)
         QCOMPARE(read.cells[i].voltage, meant.cells[size_t(i)].millivolts);
         QCOMPARE(read.cells[i].balance, meant.cells[size_t(i)].level * 10);
     }
-}
-
-void TestSimulator::panelAnswers_data()
-{
-    using State = FrontPanel::State;
-    // commands: one after another
-    columns<int, QByteArray, QByteArray, int>({"before", "commands", "replies", "after"});
-    const auto row
-        = [](const char *name, State before, const char *commands, const char *replies, State after) {
-              QTest::newRow(name) << int(before) << QByteArray(commands) << QByteArray(replies) << int(after);
-          };
-    row("setup", State::Setup, "#TRYB? #MEM? #NRC?", "#TRYB00 #MEM01 #NRC06", State::Setup);
-    row("battery", State::Setup, "#MEM- #TRYB?", "#MEM01 #TRYB01", State::Memory);
-    row("supply", State::Setup, "#MEM+ #MEM?", "#MEM01 #MEM01", State::Memory);
-    row("memory 7", State::Setup, "#MEM07 #MEM? #TRYB?", "#MEM07 #MEM07 #TRYB01", State::Memory);
-    row("memory", State::Memory, "#MEM+ #MEM+ #MEM- #MEM- #MEM- #MEM20 #MEM+ #MEM21 #MEM00 #MEM7",
-        "#MEM02 #MEM03 #MEM02 #MEM01 #MEM01 #MEM20 #MEM20 #MEM20 #MEM20 #MEM20", State::Memory);
-    row("memory elsewhere", State::Cells, "#MEM07 #TRYB?", "#MEM01 #TRYB02", State::Cells);
-    row("cells", State::Cells, "#NRC? #NRC+ #NRC- #NRC12 #NRC17", "#NRC06 #NRC07 #NRC06 #NRC12 #NRC12",
-        State::Cells);
-    row("cells elsewhere", State::Running, "#NRC12 #NRC+", "#NRC06 #NRC06", State::Running);
-    row("start", State::Cells, "#START #TRYB?", "#START #TRYB03", State::Running);
-    row("start elsewhere", State::Memory, "#START #TRYB?", " #TRYB01", State::Memory);
-    row("stop", State::Running, "#STOP #TRYB? #STOP", "#STOP #TRYB04 #STOP", State::Disconnect);
-    row("stop elsewhere", State::Cells, "#STOP", "", State::Cells);
-    row("no command", State::Running, "#TRYB #FOO STOP #STOPX #BIB_!200 #TIME!05:42:13:15:11:26", "     ",
-        State::Running);
-}
-
-void TestSimulator::panelAnswers()
-{
-    QFETCH(int, before);
-    QFETCH(QByteArray, commands);
-    FrontPanel panel;
-    panel.setCells(6);
-    panel.setState(FrontPanel::State(before));
-    QByteArrayList got;
-    const QByteArrayList words = commands.split(' ');
-    for (const QByteArray &command : words) {
-        const QByteArray reply = panel.command(command).reply;
-        QVERIFY(reply.isEmpty() || (reply.endsWith("\r\n") && reply.size() < 12));
-        got << reply.trimmed();
-    }
-    QTEST(got.join(' '), "replies");
-    QTEST(int(panel.state()), "after");
-    QCOMPARE(panel.clock(), commands.contains("#TIME!") ? QByteArray("05:42:13:15:11:26") : QByteArray());
 }
 
 void TestSimulator::descriptionsAreChecked()
