@@ -32,12 +32,9 @@ private slots:
     void init();
     void cleanup();
     void isSetUpForTheCharger();
-    void followsReplies_data();
-    void followsReplies();
-    void buttonsSend_data();
-    void buttonsSend();
+    void followsDeviceAndUser_data();
+    void followsDeviceAndUser();
     void choicesSend();
-    void numbersAreShownOnTheirPageOnly();
     void closesWithText();
     void closedDialogAsksNothing();
 
@@ -138,70 +135,64 @@ void TestDialogRemoteControl::isSetUpForTheCharger()
     QTRY_VERIFY((heard += line->received()).startsWith("#MEM?\r\n#TRYB?\r\n#TRYB?\r\n"));
 }
 
-void TestDialogRemoteControl::followsReplies_data()
+void TestDialogRemoteControl::followsDeviceAndUser_data()
 {
-    // asked: by the dialog thereupon; memory: the button that leads to the memory page is there
-    columns<QByteArrayList, int, QByteArray, bool, bool>({"replies", "shown", "asked", "memory", "polls"});
-    const auto row = [](const char *name, const QByteArrayList &replies, int shown, const char *asked = "",
-                         bool memory = false, bool polls = false) {
-        QTest::newRow(name) << replies << shown << QByteArray(asked) << memory << polls;
-    };
-    row("setup", {"#TRYB00"}, 0);
-    row("memory keeps the page", {"#TRYB00", "#TRYB01"}, 0, "#MEM?\r\n", true, true);
-    row("memory twice", {"#TRYB01", "#TRYB01"}, 3, "#MEM?\r\n#MEM?\r\n", true, true);
-    row("cells", {"#TRYB01", "#TRYB02"}, 2, "#MEM?\r\n#NRC?\r\n");
-    row("process", {"#TRYB00", "#TRYB01", "#TRYB03"}, 3, "#MEM?\r\n", false, true);
-    row("disconnect", {"#TRYB04"}, 4);
-    row("started", {"#TRYB01", "#TRYB00", "#TRYB01", "#START"}, 3, "#MEM?\r\n#MEM?\r\n", false, true);
-    row("stopped, in blanks", {"#TRYB01", "  #STOP "}, 4, "#MEM?\r\n");
-    row("unknown state", {"#TRYB00", "#TRYB05"}, 0);
-    row("longer than a state", {"#TRYB00", "#TRYB022"}, 0);
-    row("unknown reply", {"#TRYB00", "#TRAB02"}, 0);
+    // steps: what the charger says, or a button that is clicked
+    columns<QString, QString>({"steps", "state"});
+    const auto row = [](const char *steps, const char *state) { QTest::newRow(steps) << steps << state; };
+    row("#TRYB00", "page 0");
+    row("#TRYB00,#TRYB01", "page 0, button, polls, #MEM?"); // a memory state keeps the page
+    row("#TRYB01,#TRYB01", "page 3, button, polls, #MEM?, #MEM?");
+    row("#TRYB01,#TRYB02", "page 2, #MEM?, #NRC?");
+    row("#TRYB00,#TRYB01,#TRYB03", "page 3, polls, #MEM?");
+    row("#TRYB04", "page 4");
+    row("#TRYB01,#TRYB00,#TRYB01,#START", "page 3, polls, #MEM?, #MEM?");
+    row("#TRYB01,  #STOP ", "page 4, #MEM?");
+    row("#TRYB00,#TRYB05", "page 0");
+    row("#TRYB00,#TRYB022", "page 0");
+    row("#TRYB00,#TRAB02", "page 0");
+    row("#TRYB00,pbTryb0_battery", "page 0, polls, #MEM-, #MEM?");
+    row("#TRYB00,pbTryb0_ps", "page 0, polls, #MEM+, #MEM?");
+    row("#TRYB01,pbMemory,#TRYB01", "page 1, button, polls, #MEM?, #MEM?"); // there already
+    row("#TRYB01,pbMemory,pbTryb1_mm", "page 1, button, polls, #MEM?, #MEM?, #MEM-");
+    row("#TRYB01,pbMemory,pbTryb1_mp", "page 1, button, polls, #MEM?, #MEM?, #MEM+");
+    row("#TRYB02,pbTryb2_mm", "page 2, #NRC?, #NRC-");
+    row("#TRYB02,pbTryb2_mp", "page 2, #NRC?, #NRC+");
+    row("#TRYB02,pbTryb2_start", "page 2, polls, #NRC?, #START");
+    row("#TRYB03,pbTryb3_stop", "page 3, #STOP");
+    row("#TRYB04,pbTryb4_stop", "page 4, #STOP");
+    // Numbers are shown on their page only; nothing is sent for what the device has said.
+    row("#TRYB01,pbMemory,#NRC06,#MEM07", "page 1, button, polls, Memory 7, #MEM?, #MEM?");
+    row("#TRYB02,#MEM08,#NRC16", "page 2, Cells 16, #NRC?");
+    row("#TRYB02,#NRC06,#NRC99", "page 2, no number, #NRC?");
+    row("#TRYB02,#NRC06,#NRCxx", "page 2, no number, #NRC?");
 }
 
-void TestDialogRemoteControl::followsReplies()
+void TestDialogRemoteControl::followsDeviceAndUser()
 {
-    QFETCH(QByteArrayList, replies);
-    for (const QByteArray &text : replies)
-        reply(text);
-    QTEST(page(), "shown");
-    QTEST(sent(), "asked");
-    QTEST(!button("pbMemory")->isHidden(), "memory");
-    QTEST(polls(), "polls");
-}
-
-void TestDialogRemoteControl::buttonsSend_data()
-{
-    columns<QByteArray, QByteArray, bool>({"state", "commands", "polling"});
-    const auto row = [](const char *name, const char *state, const QByteArray &commands, bool polling) {
-        QTest::newRow(name) << QByteArray(state) << commands << polling;
-    };
-    row("pbTryb0_battery", "#TRYB00", "#MEM-\r\n#MEM?\r\n", true);
-    row("pbTryb0_ps", "#TRYB00", "#MEM+\r\n#MEM?\r\n", true);
-    row("pbTryb1_mm", "#TRYB01", "#MEM-\r\n", true);
-    row("pbTryb1_mp", "#TRYB01", "#MEM+\r\n", true);
-    row("pbTryb2_mm", "#TRYB02", "#NRC-\r\n", false);
-    row("pbTryb2_mp", "#TRYB02", "#NRC+\r\n", false);
-    row("pbTryb2_start", "#TRYB02", "#START\r\n", true);
-    row("pbTryb3_stop", "#TRYB03", "#STOP\r\n", false);
-    row("pbTryb4_stop", "#TRYB04", "#STOP\r\n", false);
-}
-
-void TestDialogRemoteControl::buttonsSend()
-{
-    QFETCH(QByteArray, state);
-    reply(state);
-    sent(); // a page asks for what it shows
-    if (state == "#TRYB01") {
-        click("pbMemory");
-        QCOMPARE(page(), 1);
-        reply(state);
-        QCOMPARE(sent(), QByteArray("#MEM?\r\n")); // once: it is there already
+    QFETCH(QString, steps);
+    const QStringList all = steps.split(',');
+    QByteArray heard;
+    for (const QString &step : all) {
+        if (step.contains('#')) {
+            reply(step.toLatin1());
+        } else {
+            QVERIFY(button(step.toLatin1())->isVisible());
+            click(step.toLatin1());
+        }
+        heard += sent();
     }
-    QVERIFY(button(QTest::currentDataTag())->isVisible());
-    click(QTest::currentDataTag());
-    QTEST(sent(), "commands");
-    QTEST(polls(), "polling");
+    QStringList state("page " + QString::number(page()));
+    if (!button("pbMemory")->isHidden())
+        state.append("button");
+    if (polls())
+        state.append("polls");
+    for (const char *name : {"cbTryb1_nr", "cbTryb2_nr"}) {
+        if (combo(name)->currentIndex() != 0)
+            state.append(combo(name)->currentIndex() < 0 ? "no number"_s : combo(name)->currentText());
+    }
+    state += QString::fromLatin1(heard).split("\r\n"_s, Qt::SkipEmptyParts);
+    QTEST(state.join(", "_s), "state");
 }
 
 // The combo shows the first memory from the start: picking it is still a wish of the user.
@@ -227,26 +218,6 @@ void TestDialogRemoteControl::choicesSend()
     reply("#TRYB02");
     combo("cbTryb2_nr")->setCurrentIndex(11);
     QCOMPARE(sent(), QByteArray("#NRC?\r\n#NRC12\r\n"));
-}
-
-void TestDialogRemoteControl::numbersAreShownOnTheirPageOnly()
-{
-    const auto shown
-        = [this] { return combo("cbTryb1_nr")->currentText() + combo("cbTryb2_nr")->currentText(); };
-    reply("#TRYB01");
-    click("pbMemory");
-    reply("#NRC06");
-    reply("#MEM07");
-    QCOMPARE(shown(), "Memory 7Cells 1"_s);
-    reply("#TRYB02");
-    reply("#MEM08");
-    reply("#NRC16");
-    QCOMPARE(shown(), "Memory 7Cells 16"_s);
-    for (const char *text : {"#NRCxx", "#NRC06", "#NRC99"}) {
-        reply(text);
-        QCOMPARE(shown(), text[5] == '6' ? "Memory 7Cells 6"_s : "Memory 7"_s);
-    }
-    QCOMPARE(sent(), QByteArray("#MEM?\r\n#MEM?\r\n#NRC?\r\n")); // nothing for what the device has said
 }
 
 void TestDialogRemoteControl::closesWithText()

@@ -60,7 +60,6 @@ private slots:
     void repliesDuringAWriteKeepTheirOrder();
     void bytesReadByAWriteAreNoLoss();
     void commandAfterTheHangUp();
-    void surgeryInsideASignal_data();
     void surgeryInsideASignal();
     void failuresAreTold();
 
@@ -280,32 +279,23 @@ void SerialReaderTest::commandAfterTheHangUp()
     QCOMPARE(collector.warnings(), QStringList());
 }
 
-void SerialReaderTest::surgeryInsideASignal_data()
-{
-    columns<bool, bool>({"lives", "listens"});
-    QTest::newRow("stopped") << true << false;
-    QTest::newRow("restarted") << true << true;
-    QTest::newRow("deleted later") << false << false;
-}
-
 // Lines of the same piece that follow belong to nobody.
 void SerialReaderTest::surgeryInsideASignal()
 {
-    QFETCH(bool, lives);
-    QFETCH(bool, listens);
     const QPointer<SerialReader> watched = reader.get();
-    onReply([&] {
-        if (!lives)
-            return reader.release()->deleteLater();
+    onReply([this](const QString &reply) {
         reader->stop();
-        if (listens)
+        if (reply == "#RESTART"_s)
             reader->start();
+        else
+            reader.release()->deleteLater();
     });
-    device->send(charging(5) + "#OK__\r\n" + (lives ? charging(6) : QByteArray()));
-    QTRY_VERIFY(!recordings().isEmpty() && recordings().at(0).last() == "end"_s);
-    QTRY_COMPARE(watched.isNull(), !lives);
-    QCOMPARE(recordings(), QVector<Recording>({{"5", "end"}}));
-    QCOMPARE(watched && watched->isOpen(), listens);
+    device->send(charging(5) + "#RESTART\r\n" + charging(6));
+    QTRY_COMPARE(recordings(), QVector<Recording>({{"5", "end"}}));
+    QTRY_VERIFY(reader->isOpen() && device->waiting() == 0);
+    device->send(charging(7) + "#DELETE\r\n");
+    QTRY_VERIFY(!watched);
+    QCOMPARE(recordings(), QVector<Recording>({{"5", "end"}, {"7", "end"}}));
 }
 
 void SerialReaderTest::failuresAreTold()

@@ -82,7 +82,6 @@ private slots:
     void descriptionsAreChecked();
     void replayAndConsole();
     void endAndSilence();
-    void linesHandedOverAreCounted();
     void programLeavesNothingBehind();
 
 private:
@@ -255,40 +254,6 @@ void TestSimulator::endAndSilence()
         QTRY_VERIFY_WITH_TIMEOUT(said(clock) >= end, 60000);
         QCOMPARE(said(quiet) > before, silence == 20);
     }
-}
-
-void TestSimulator::linesHandedOverAreCounted()
-{
-    QString error;
-    QVERIFY2(rack->openLog(path("log"), &error), qPrintable(error));
-    const sim::SimDevice *unheard = add("COM4:varnel3"_s);
-    sim::SimDevice *device
-        = add("COM3:varnel3,balance,ri=5,start=open,duration=300,cut=0.1,join=0.05,fields=0.1"_s);
-    const Listener listener(path("COM3"));
-    const QSignalSpy ended(device, SIGNAL(processEnded(char)));
-    device->setSpeed(1000);
-    QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 1, 30000);
-    QCOMPARE(device->lost(), 0);
-    const auto count = [device](LineKind kind) { return int(device->handedOver(kind)); };
-    const int sent = count(LineKind::Measurement) + count(LineKind::End);
-    const auto whole = [&listener] {
-        const QByteArrayList lines = listener.lines("#06");
-        return int(std::count_if(lines.begin(), lines.end(), [](const QByteArray &line) {
-            return line.count(',') == 38 && line.count('#') == 1 && line.size() == 158;
-        }));
-    };
-    QTRY_COMPARE(whole(), sent);
-    QVERIFY(count(LineKind::Spoiled) > 40);
-    rack->flushLog();
-    QFile log(path("log"));
-    QVERIFY(log.open(QIODevice::ReadOnly));
-    QCOMPARE(log.readAll().count("\tCOM3\tline\t#06C05"), count(LineKind::Measurement));
-    QTRY_VERIFY(unheard->lost() > 40);
-    QCOMPARE(unheard->handedOver(LineKind::Measurement), 0);
-    const Listener late(path("COM4"));
-    const int now = unheard->process()->reading().seconds;
-    QTRY_VERIFY(!late.lines().isEmpty());
-    QVERIFY(late.lines().first().mid(13, 5).toInt() >= now); // nothing from before
 }
 
 void TestSimulator::programLeavesNothingBehind()
