@@ -32,7 +32,7 @@ RULES = {
     "dialogs": {"settings", "link", "ports", "widgets"},
     "desk": {"data", "settings", "journal", "files/disk", "widgets", "printing", "graph", "displays"},
     "machine": {"settings"},
-    "devices": {"data", "settings", "ports", "link", "dialogs", "desk", "machine"},
+    "devices": {"data", "settings", "ports", "link", "dialogs", "desk", "machine", "widgets"},
     "documents/choosing": {"files", "files/disk"},
     "documents": {"data", "settings", "files", "journal", "series", "widgets", "printing",
                   "graph/scene", "graph/plot", "graph", "desk", "documents/choosing"},

@@ -112,6 +112,9 @@ public:
         {ActionId::DistinctLines, QT_TR_NOOP("Distinct lines"), nullptr,
             QT_TR_NOOP("Lines differ in dashes and lightness, not in hue alone; bars carry letters"), noKey,
             Nobody, nullptr, Checkable},
+        {ActionId::Explain, QT_TR_NOOP("Explanations..."), nullptr,
+            QT_TR_NOOP("Tells what the status bar and the title of the current graph show."), noKey, Window,
+            TO(explain()), Plain, "explainAction"},
         {ActionId::OpenRecordings, QT_TR_NOOP("Open recordings..."), "open.png",
             QT_TR_NOOP("Open what was recorded from the devices, saved or not."), noKey, Nobody, nullptr,
             Plain, "openRecordingsAction"},
@@ -130,6 +133,32 @@ public:
         {ActionId::UserGuide, QT_TR_NOOP("User guide"), nullptr,
             QT_TR_NOOP("Open the manual in your browser."), QKeySequence::HelpContents, Nobody, nullptr,
             Plain},
+    };
+
+    struct ViewKey {
+        ActionId id;
+        int key;
+        const char *tip; ///< for the status bar; null where the tool tip does
+    };
+    inline static const ViewKey viewKeys[] = {
+        {ActionId::Data, Qt::Key_D, QT_TR_NOOP("The large data display")},
+        {ActionId::Graph, Qt::Key_G,
+            QT_TR_NOOP("Voltage comparison: cell voltages of several windows side by side")},
+        {ActionId::BarGraph, Qt::SHIFT | Qt::Key_G, QT_TR_NOOP("Capacity comparison of the recordings")},
+        {ActionId::Temperature, Qt::Key_T, QT_TR_NOOP("Curve of the temperature")},
+        {ActionId::Delta, Qt::Key_V, QT_TR_NOOP("dV, energy or neither on the right axis")},
+        {ActionId::Resistance, Qt::Key_R, QT_TR_NOOP("Curve of the internal resistance")},
+        {ActionId::Balancer, Qt::Key_B,
+            QT_TR_NOOP("Balancer view: the cells instead of the pack; in the data display their statistics")},
+        {ActionId::Average, Qt::Key_A,
+            QT_TR_NOOP("Maximum, average, minimum and spread instead of the cells")},
+        {ActionId::SelectedCells, Qt::Key_S,
+            QT_TR_NOOP("All cells, selected ones emphasised; + only the selected ones; - all but them")},
+        {ActionId::Power, Qt::Key_P, QT_TR_NOOP("Bar display: bars of the cells' deviations")},
+        {ActionId::Energy, Qt::Key_C,
+            QT_TR_NOOP("The figure of each cell: voltage, charge (Ah) or resistance (Ri)")},
+        {ActionId::HoldView, Qt::Key_H, nullptr},
+        {ActionId::DistinctLines, Qt::Key_L, nullptr},
     };
 };
 
@@ -181,10 +210,22 @@ ActionSet::ActionSet(QObject *window, QObject *mdiArea)
         if (row.slot)
             connect(action, signalFor(row), receivers[row.receiver], row.slot);
     }
-    (*this)[ActionId::HoldView]->setShortcut(Qt::Key_H);
-    (*this)[ActionId::DistinctLines]->setShortcut(Qt::Key_L);
+    for (const ActionTable::ViewKey &view : ActionTable::viewKeys) {
+        QAction *const action = (*this)[view.id];
+        action->setShortcut(view.key);
+        action->setStatusTip(view.tip ? ActionTable::tr(view.tip) : action->toolTip());
+    }
+    (*this)[ActionId::Explain]->setShortcut(Qt::SHIFT | Qt::Key_F1);
     (*this)[ActionId::ReopenClosed]->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_T);
     showPaused(QString());
+}
+
+QList<QAction *> ActionSet::viewSwitches() const
+{
+    QList<QAction *> all;
+    for (const ActionTable::ViewKey &view : ActionTable::viewKeys)
+        all.append((*this)[view.id]);
+    return all;
 }
 
 bool ActionSet::isChecked(ActionId id) const

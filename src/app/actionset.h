@@ -44,6 +44,7 @@ enum class ActionId {
     StopProcess,
     HoldView,
     DistinctLines,
+    Explain,
     OpenRecordings,
     ReopenClosed,
     ExportCsv,
@@ -67,6 +68,8 @@ public:
     void setChecked(ActionId id, bool checked) const;
     void setText(ActionId id, const QString &text) const;
     void setEnabled(ActionId id, bool enabled) const;
+    /// The view switches, for windows that take their keys too.
+    QList<QAction *> viewSwitches() const;
     /// Recording looks pressed while it has paused `port`; empty for none.
     void showPaused(const QString &port) const;
     /// Enables the command `id` while `reason` is empty; its tips tell what it does, or why it can't.

@@ -99,6 +99,15 @@ int runProgram(const QStringList &files)
     return leave(code);
 }
 
+/// Letters, lines and pictures have the size that each screen asks for, in its own pixels. Before there is any
+/// graphical application object.
+void followScreens()
+{
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+}
+
 /// The program speaks the user's language from here on, and so does what the command line is answered.
 CommandLine understood(const QStringList &words)
 {
@@ -127,6 +136,7 @@ int main(int argc, char **argv)
         return runBatch(ahead);
     if (!ahead.isBatch())
         protectLog(); // Qt may have something to say at once
+    followScreens();
     auto platform
         = std::make_unique<PlatformChoice>(ahead.isBatch() ? screenlessPlatforms() : screenPlatforms());
     QApplication application(argc, argv);

@@ -9,6 +9,7 @@
 #include "documents/documents.h"
 #include "devices/endnotice.h"
 #include "desk/shownrecord.h"
+#include "app/explanations.h"
 #include "app/filedrops.h"
 #include "documents/filewriter.h"
 #include "documents/graphprinting.h"
@@ -40,6 +41,8 @@
 #include "settings/settingskeys.h"
 #include "settings/varnelsettings.h"
 #include "settings/viewstate.h"
+#include "widgets/mnemonics.h"
+#include "widgets/spoken.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -79,6 +82,7 @@ MainWindow::~MainWindow()
 void MainWindow::createParts()
 {
     state = new ViewState(this);
+    Spoken::install();
     displays = new DisplayWindows(this, state);
     new DialogsOnTop(this);
     mdiArea = new DeskArea(this);
@@ -88,6 +92,7 @@ void MainWindow::createParts()
     dataToolBar = new DataToolBar(this);
     shownRecord = new ShownRecord(dataToolBar, displays, this);
     switches = new ViewSwitchboard(actions, state, displays, shownRecord, this);
+    displays->setKeys(actions->viewSwitches());
     graphs = new GraphWindows(this, mdiArea, state, displays, shownRecord);
     facts = new StatusFacts(statusBar());
     windowFiles = new WindowFiles(this);
@@ -174,6 +179,8 @@ void MainWindow::connectParts()
     connect(readerHost, SIGNAL(lost(QString)), watcher, SLOT(noteLost(QString)));
     connect(watcher, SIGNAL(arrived(PortInfo)), ports, SLOT(arrive(PortInfo)));
     connect(watcher, SIGNAL(removed(PortInfo)), ports, SLOT(leave(PortInfo)));
+    for (QMenu *menu : menuBar()->findChildren<QMenu *>()) // after what fills them
+        new MenuMnemonics(menu);
     connect(new FileDrops(this), SIGNAL(dropped(QStringList)), this, SLOT(openFiles(QStringList)));
 }
 
@@ -259,7 +266,10 @@ void MainWindow::updateMenus()
 
 void MainWindow::updateWindowMenu()
 {
-    backgroundMenu = ShellMenus::fillWindowMenu(windowMenu, *actions);
+    ShellMenus::SubMenus menus
+        = ShellMenus::fillWindowMenu(windowMenu, *actions, mdiArea->currentSubWindow());
+    backgroundMenu = std::move(menus.background);
+    frameMenu = std::move(menus.frame);
 }
 
 void MainWindow::printCapComp()
@@ -489,6 +499,11 @@ void MainWindow::recordingOnStart()
 void MainWindow::toolBarStop()
 {
     commands->stopProcess();
+}
+
+void MainWindow::explain()
+{
+    showExplanations(this, *facts, activeMdiChild());
 }
 
 void MainWindow::onDeviceDiscovered(QSerialPortInfo portInfo)

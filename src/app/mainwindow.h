@@ -121,6 +121,7 @@ private slots:
     void toolBarEnergy(bool checked);
     void recordingOnStart();
     void toolBarStop();
+    void explain();
     void onDeviceDiscovered(QSerialPortInfo portInfo);
     void onDeviceRemoved(QSerialPortInfo portInfo);
     void listenedPortsChanged();
@@ -143,6 +144,7 @@ private:
     QMenu *toolsMenu;
     QMenu *helpMenu;
     std::unique_ptr<QMenu> backgroundMenu; ///< in the window menu, made anew with it
+    std::unique_ptr<QMenu> frameMenu; ///< the same
     QToolBar *mainToolBar;
     DataToolBar *dataToolBar;
     bool started = false; ///< listening has begun

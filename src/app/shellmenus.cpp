@@ -1,7 +1,10 @@
 #include "app/shellmenus.h"
 
+#include "widgets/mnemonics.h"
+
 #include <QCoreApplication>
 #include <QMainWindow>
+#include <QMdiSubWindow>
 #include <QMenu>
 #include <QToolBar>
 #include <QToolButton>
@@ -27,12 +30,35 @@ const QVector<MenuEntry> background = {ActionId::White, ActionId::Black};
 const QVector<MenuEntry> window = {gap, ActionId::Separator, ActionId::Close, ActionId::CloseAll, gap,
     ActionId::Tile, ActionId::Cascade, gap, ActionId::Next, ActionId::Previous, ActionId::Separator};
 
+// Buttons with pictures or single letters, by what they do.
+void speak(const QToolBar *bar, const ActionSet &actions, const MenuEntry &entry)
+{
+    if (entry.kind != MenuEntry::Command)
+        return;
+    if (QWidget *button = bar->widgetForAction(actions[entry.action]))
+        button->setAccessibleName(actions[entry.action]->statusTip());
+}
+
 void addEnergyButton(QToolBar *bar, const ActionSet &actions)
 {
     auto *button = new QToolButton(bar);
     button->setObjectName(QStringLiteral("energyAction"));
     button->setDefaultAction(actions[ActionId::Energy]);
+    button->setAccessibleName(actions[ActionId::Energy]->statusTip());
     bar->addWidget(button);
+}
+
+// What the mouse does to the frame: Restore, Move, Size, Minimize and Maximize of the frame's own menu, whose first
+// five they are.
+void fillFrameMenu(QMenu *menu, const QMdiSubWindow *frame)
+{
+    constexpr int count = 5;
+    menu->setEnabled(frame != nullptr);
+    if (frame == nullptr)
+        return;
+    const QList<QAction *> all = frame->systemMenu()->actions();
+    for (QAction *action : all.mid(0, count))
+        menu->addAction(action);
 }
 
 } // namespace
@@ -44,7 +70,7 @@ const QVector<MenuEntry> print
     = {ActionId::PrintCapacity, ActionId::PrintVoltage, ActionId::PrintBars, ActionId::PrintPlot};
 
 const QVector<MenuEntry> tools = {ActionId::OpenRecordings, ActionId::ReopenClosed, gap, ActionId::ExportCsv,
-    ActionId::SavePicture, gap, ActionId::RemoteControl, ActionId::StopProcess};
+    ActionId::SavePicture, gap, ActionId::RemoteControl, ActionId::StopProcess, ActionId::Explain};
 
 const QVector<MenuEntry> help = {ActionId::UserGuide, gap, ActionId::About};
 
@@ -63,15 +89,19 @@ void fill(QMenu *menu, const QVector<MenuEntry> &entries, const ActionSet &actio
     }
 }
 
-std::unique_ptr<QMenu> fillWindowMenu(QMenu *menu, const ActionSet &actions)
+SubMenus fillWindowMenu(QMenu *menu, const ActionSet &actions, const QMdiSubWindow *current)
 {
     menu->clear();
     menu->addAction(actions[ActionId::Recording]);
     auto colours = std::make_unique<QMenu>(QCoreApplication::translate("MainWindow", "Background color"));
     fill(colours.get(), background, actions);
+    new MenuMnemonics(colours.get());
     menu->addMenu(colours.get());
     fill(menu, window, actions);
-    return colours;
+    auto frame = std::make_unique<QMenu>(QCoreApplication::translate("MainWindow", "Graph window"));
+    fillFrameMenu(frame.get(), current);
+    menu->addMenu(frame.get());
+    return {std::move(colours), std::move(frame)};
 }
 
 QToolBar *createMainToolBar(QMainWindow *mainWindow, const ActionSet &actions)
@@ -85,6 +115,7 @@ QToolBar *createMainToolBar(QMainWindow *mainWindow, const ActionSet &actions)
             addEnergyButton(bar, actions);
         else
             bar->addAction(actions[entry.action]);
+        speak(bar, actions, entry);
     }
     return bar;
 }

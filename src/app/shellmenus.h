@@ -7,6 +7,7 @@
 #include <memory>
 
 class QMainWindow;
+class QMdiSubWindow;
 class QMenu;
 class QToolBar;
 class QWidget;
@@ -40,8 +41,12 @@ extern const QVector<MenuEntry> view; ///< the view switches, which the tool bar
 
 /// Appends `entries` to `menu`.
 void fill(QMenu *menu, const QVector<MenuEntry> &entries, const ActionSet &actions);
-/// Fills `menu` anew. Returns its background sub-menu, which has no parent.
-std::unique_ptr<QMenu> fillWindowMenu(QMenu *menu, const ActionSet &actions);
+/// Sub-menus of the window menu, which have no parent: of the background and of the current graph window's frame.
+struct SubMenus {
+    std::unique_ptr<QMenu> background, frame;
+};
+/// Fills `menu` anew; `current` is the frame of the current graph window or null.
+SubMenus fillWindowMenu(QMenu *menu, const ActionSet &actions, const QMdiSubWindow *current);
 /// The bar of commands and view switches, added to the top of `window`.
 QToolBar *createMainToolBar(QMainWindow *window, const ActionSet &actions);
 /// Gives `second` a line of its own where `window` is too narrow for it beside `first`, and takes it back.

@@ -2,6 +2,7 @@ target_sources(varnel_gui PRIVATE
     app/actionset.cpp app/actionset.h
     app/batch.cpp app/batch.h
     app/commandline.cpp app/commandline.h
+    app/explanations.cpp app/explanations.h
     app/filedrops.cpp app/filedrops.h
     app/mainwindow.cpp app/mainwindow.h
     app/sessionend.cpp app/sessionend.h

@@ -113,6 +113,7 @@ void DataToolBar::showRecord(const Varnel3Data &record)
     m_temperatureLabel->setText(temperatureText(record.temperature));
     m_energyLabel->setText(energyText(record.energy));
     m_timeLabel->setText(clockText(record));
+    speak();
 }
 
 void DataToolBar::clearFigures()
@@ -120,6 +121,15 @@ void DataToolBar::clearFigures()
     const auto all = labels();
     for (QLabel *label : all)
         label->clear();
+    speak();
+}
+
+void DataToolBar::speak() const
+{
+    const auto all = labels();
+    for (QLabel *label : all)
+        label->setAccessibleName(
+            (label->toolTip() + QLatin1Char(' ') + label->text().simplified()).trimmed());
 }
 
 void DataToolBar::setStale(bool stale)

@@ -23,6 +23,7 @@ public:
 private:
     QList<QLabel *> labels() const;
     void fitModeText();
+    void speak() const;
 
     QLabel *m_modeLabel;
     QLabel *m_voltageLabel;

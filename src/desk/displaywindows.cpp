@@ -60,6 +60,14 @@ DisplayWindows::DisplayWindows(QMainWindow *window, ViewState *state)
     connect(m_data, SIGNAL(closed()), this, SIGNAL(dataClosed()));
 }
 
+void DisplayWindows::setKeys(const QList<QAction *> &actions)
+{
+    m_keys = actions;
+    for (QWidget *display :
+        {static_cast<QWidget *>(m_capacity), static_cast<QWidget *>(m_power), static_cast<QWidget *>(m_data)})
+        display->addActions(actions);
+}
+
 // Only the minimised state goes: a maximised display stays so.
 void DisplayWindows::setShown(QWidget *display, bool shown)
 {
@@ -128,6 +136,7 @@ VoltageComparison *DisplayWindows::createVoltage()
     auto *comparison = new VoltageComparison(m_window);
     comparison->setViewState(m_state);
     comparison->setSource(m_source);
+    comparison->addActions(m_keys);
     const QSize size(scaled(firstVoltageSize.width()), scaled(firstVoltageSize.height()));
     WindowPlace::restore(comparison, SettingsKey::voltageGroup, VarnelSettings(), size, firstVoltagePlace);
     return comparison;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
 #include <QPointer>
 
@@ -7,6 +8,7 @@ class CapacityDisplay;
 class DataDisplay;
 class MdiGraphChild;
 class PowerDisplay;
+class QAction;
 class QDateTime;
 class QMainWindow;
 class QWidget;
@@ -27,6 +29,8 @@ public:
     /// What the voltage comparison shows; outlives this.
     void setVoltageSource(VoltageSource *source) { m_source = source; }
 
+    /// Keys of `actions` work in the displays too. They outlive this.
+    void setKeys(const QList<QAction *> &actions);
     void showData(bool shown);
     void showCapacity(bool shown);
     void showPower(bool shown);
@@ -81,6 +85,7 @@ private:
     PowerDisplay *m_power;
     DataDisplay *m_data;
     QPointer<VoltageComparison> m_voltage; ///< made when opened, gone when closed
+    QList<QAction *> m_keys; // not owned, outlive this
     VoltageSource *m_source = nullptr;
     int m_entries = 0; ///< in the capacity comparison
 };

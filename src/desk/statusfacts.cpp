@@ -101,6 +101,26 @@ QString StatusFacts::text(Kind kind) const
     return translated(texts[kind].label).arg(ports(kind).join(QStringLiteral(", ")));
 }
 
+QString StatusFacts::explanation(Kind kind) const
+{
+    QStringList lines = {text(kind), translated(texts[kind].tip)};
+    for (const QString &detail : m_facts[kind]) {
+        if (!detail.isEmpty())
+            lines.append(detail);
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+QStringList StatusFacts::explanations() const
+{
+    QStringList all;
+    for (int kind = 0; kind < KindCount; ++kind) {
+        if (!text(static_cast<Kind>(kind)).isEmpty())
+            all.append(explanation(static_cast<Kind>(kind)));
+    }
+    return all;
+}
+
 bool StatusFacts::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_bar && event->type() == QEvent::Resize)
@@ -127,12 +147,9 @@ void StatusFacts::show(Kind kind, int widest)
 {
     QLabel *label = m_labels[kind];
     const QString whole = text(kind);
-    QStringList tip = {whole, translated(texts[kind].tip)};
-    for (const QString &detail : std::as_const(m_facts[kind])) {
-        if (!detail.isEmpty())
-            tip.append(detail);
-    }
     label->setText(label->fontMetrics().elidedText(whole, Qt::ElideRight, widest));
-    label->setToolTip(plainToolTip(tip.join(QLatin1Char('\n'))));
+    label->setToolTip(plainToolTip(explanation(kind)));
+    label->setAccessibleName(whole);
+    label->setAccessibleDescription(explanation(kind));
     label->setVisible(!whole.isEmpty());
 }

@@ -38,12 +38,15 @@ public:
     QStringList ports(Kind kind) const { return m_facts[kind].keys(); }
     /// What the label of `kind` says in full; empty while it is hidden.
     QString text(Kind kind) const;
+    /// What the bar shows now and what it means, a text for each kind.
+    QStringList explanations() const;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void refresh();
+    QString explanation(Kind kind) const;
     void show(Kind kind, int widest);
 
     QStatusBar *m_bar; // not owned, outlives this

@@ -7,6 +7,7 @@
 #include "link/serialreader.h"
 #include "settings/settingskeys.h"
 #include "settings/varnelsettings.h"
+#include "widgets/sharppixmap.h"
 
 #include <QLabel>
 #include <QMessageBox>
@@ -77,7 +78,7 @@ QMessageBox *EndNotice::createBox() const
     auto *notice = new QMessageBox(m_window);
     notice->setWindowModality(Qt::ApplicationModal); // resets the flags
     notice->setWindowFlags(notice->windowFlags() | Qt::WindowStaysOnTopHint);
-    notice->setIconPixmap(QPixmap(processEndIcon(m_shown.end)));
+    notice->setIconPixmap(sharpPixmap(processEndIcon(m_shown.end)));
     notice->setText(processEndText(m_shown.end));
     notice->setWindowTitle(processEndTitle(m_shown.end));
     notice->setInformativeText(m_shown.facts());

@@ -1,5 +1,7 @@
 #include "dialogs/about.h"
 
+#include "widgets/sharppixmap.h"
+
 #include <QCoreApplication>
 #include <QLabel>
 #include <QPushButton>
@@ -21,6 +23,8 @@ QLabel *linkLabel(const QString &text, const char *site, QWidget *parent)
                        .arg(text.toHtmlEscaped(), name));
     label->setAlignment(Qt::AlignCenter);
     label->setOpenExternalLinks(true);
+    label->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    label->setToolTip(name);
     return label;
 }
 
@@ -32,12 +36,14 @@ About::About(QWidget *parent)
     setWindowTitle(tr("About"));
     setFixedSize(300, 300);
     auto *picture = new QLabel(this);
-    picture->setPixmap(QPixmap(QStringLiteral(":/Icons/v2p.png")));
+    picture->setPixmap(sharpPixmap(QStringLiteral(":/Icons/v2p.png")));
     picture->setAlignment(Qt::AlignCenter);
+    picture->setAccessibleName(tr("Picture of a charger"));
     auto *version = new QLabel(tr("Version ") + QCoreApplication::applicationVersion(), this);
     version->setAlignment(Qt::AlignCenter);
     auto *ok = new QPushButton(tr("OK"), this);
     ok->setDefault(true);
+    ok->setToolTip(tr("Closes this box."));
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(picture, 1);

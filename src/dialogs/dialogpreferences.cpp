@@ -11,6 +11,7 @@
 #include <QFormLayout>
 #include <QHash>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QScrollArea>
 
@@ -28,20 +29,39 @@ struct Button {
     const char *name;
     QRect place;
     const char *slot; ///< null: found by the object's name
+    const char *tip;
 };
 
 #define TO(slot) SLOT(slot) // under its own name the formatter takes it for the end of a row
 
 const Button buttons[] = {
-    {QT_TRANSLATE_NOOP("DialogPreferences", "OK"), "preferencesButtonOk", {20, 250, 120, 23}, TO(accept())},
+    {QT_TRANSLATE_NOOP("DialogPreferences", "OK"), "preferencesButtonOk", {20, 250, 120, 23}, TO(accept()),
+        QT_TRANSLATE_NOOP(
+            "DialogPreferences", "Listens on the ticked ports. Ports that are absent now are forgotten.")},
     {QT_TRANSLATE_NOOP("DialogPreferences", "Cancel"), "preferencesButtonCancel", {150, 250, 120, 23},
-        TO(reject())},
+        TO(reject()), QT_TRANSLATE_NOOP("DialogPreferences", "Changes nothing.")},
     {QT_TRANSLATE_NOOP("DialogPreferences", "Refresh"), "preferencesButtonRefresh", {280, 250, 120, 23},
-        nullptr},
-    {QT_TRANSLATE_NOOP("DialogPreferences", "Reset"), "preferencesButtonReset", {280, 280, 120, 23}, nullptr},
+        nullptr,
+        QT_TRANSLATE_NOOP("DialogPreferences", "Looks for ports that came since the dialog opened.")},
+    {QT_TRANSLATE_NOOP("DialogPreferences", "Reset"), "preferencesButtonReset", {280, 280, 120, 23}, nullptr,
+        QT_TRANSLATE_NOOP("DialogPreferences",
+            "Unticks all ports and the time, and takes the system's language. Nothing is stored before OK.")},
 };
 
 #undef TO
+
+/// The name of a port, which does what its box does.
+class PortLabel : public QLabel {
+protected:
+    void mousePressEvent(QMouseEvent *event) override
+    {
+        auto *box = qobject_cast<QAbstractButton *>(buddy());
+        if (event->button() != Qt::LeftButton || box == nullptr)
+            return QLabel::mousePressEvent(event);
+        box->setFocus(Qt::MouseFocusReason);
+        box->click();
+    }
+};
 
 QHash<QString, QString> portDescriptions(const QVector<PortInfo> &ports)
 {
@@ -69,6 +89,8 @@ DialogPreferences::DialogPreferences(QWidget *parent)
     sendTimeBox = new QCheckBox(tr("Set varnel3's time while starting"), this);
     sendTimeBox->setObjectName(QStringLiteral("sendTime"));
     sendTimeBox->setGeometry(20, 210, 355, 20);
+    sendTimeBox->setToolTip(
+        tr("The device gets the computer's clock with its first process and at the end of one."));
     createButtons();
     createLanguageBox();
     QMetaObject::connectSlotsByName(this);
@@ -119,14 +141,15 @@ void DialogPreferences::createButtons()
         auto *widget = new QPushButton(tr(button.text), this);
         widget->setObjectName(QLatin1String(button.name));
         widget->setGeometry(button.place);
+        widget->setToolTip(tr(button.tip));
         if (button.slot)
             connect(widget, SIGNAL(clicked()), this, button.slot);
     }
     auto *ok = findChild<QPushButton *>(QStringLiteral("preferencesButtonOk"));
     ok->setDefault(true);
-    ok->setToolTip(tr("Listens on the ticked ports. Ports that are absent now are forgotten."));
     auto *label = new QLabel(tr("Reset all settings to default:"), this);
     label->setGeometry(20, 280, 251, 20);
+    label->setBuddy(findChild<QPushButton *>(QStringLiteral("preferencesButtonReset")));
 }
 
 void DialogPreferences::createLanguageBox()
@@ -187,13 +210,15 @@ void DialogPreferences::on_preferencesButtonReset_clicked()
 
 void DialogPreferences::addRow(const QString &portName, const QString &toolTip)
 {
-    auto *label = new QLabel;
+    auto *label = new PortLabel;
     label->setTextFormat(Qt::PlainText);
     label->setText(portName);
     auto *box = new CheckBoxComPort(nullptr, portName);
     label->setBuddy(box);
     label->setToolTip(toolTip);
     box->setToolTip(toolTip);
+    box->setAccessibleName(portName);
+    box->setAccessibleDescription(toolTip);
     rows->addRow(label, box);
     setTabOrder(boxes.isEmpty() ? static_cast<QWidget *>(area) : boxes.last(), box);
     boxes.append(box);
@@ -205,7 +230,8 @@ void DialogPreferences::addNote(const QString &text)
     note->setTextFormat(Qt::PlainText);
     note->setText(text);
     note->setWordWrap(true);
-    note->setTextInteractionFlags(Qt::TextSelectableByMouse); // for the commands in it
+    note->setTextInteractionFlags(
+        Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard); // for the commands in it
     rows->addRow(note);
 }
 

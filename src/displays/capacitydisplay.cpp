@@ -4,6 +4,7 @@
 #include "printing/printstamp.h"
 #include "printing/printrequest.h"
 #include "settings/viewstate.h"
+#include "widgets/plaintooltip.h"
 
 #include <QCloseEvent>
 #include <QHelpEvent>
@@ -46,6 +47,7 @@ QPushButton *CapacityDisplay::createButton(const QString &icon, const QString &t
     // The program's buttons have a padding that would leave nothing for the icon.
     button->setStyleSheet(QStringLiteral("padding: 0px; min-width: 0px; min-height: 0px;"));
     button->setToolTip(toolTip);
+    button->setAccessibleName(toolTip);
     button->setFocusPolicy(Qt::NoFocus);
     connect(button, SIGNAL(clicked()), this, slot);
     return button;
@@ -163,13 +165,28 @@ bool CapacityDisplay::event(QEvent *event)
         return QWidget::event(event);
     const auto *help = static_cast<QHelpEvent *>(event);
     const int index = m_chart.entryAt(help->pos(), size());
-    const CapacityEntry entry = m_chart.entries.value(index);
-    QString text = index < 0 ? QString() : entry.text(); // without one, another's goes
+    QToolTip::showText(help->globalPos(), textOf(index), this); // without one, another's goes
+    return true;
+}
+
+QString CapacityDisplay::textOf(int index) const
+{
+    if (index < 0)
+        return {};
+    const CapacityEntry &entry = m_chart.entries[index];
+    QString text = entry.text();
     if (entry.staleSince.isValid())
         text += QLatin1Char('\n')
             + tr("No line since %1").arg(entry.staleSince.time().toString(QStringLiteral("HH:mm:ss")));
-    QToolTip::showText(help->globalPos(), text, this);
-    return true;
+    return text;
+}
+
+QString CapacityDisplay::spokenText() const
+{
+    QStringList lines = {windowTitle()};
+    for (int i = m_chart.first; i < m_chart.visibleEnd(); ++i)
+        lines.append(QString::number(i + 1) + QStringLiteral(": ") + textOf(i));
+    return lines.join(QLatin1Char('\n'));
 }
 
 void CapacityDisplay::paintEvent(QPaintEvent *)
@@ -213,6 +230,10 @@ void CapacityDisplay::keyPressEvent(QKeyEvent *event)
         showNext();
     else if (event->key() == Qt::Key_Left)
         showPrev();
+    else if (event->key() == Qt::Key_Escape)
+        close();
+    else if (event->key() == Qt::Key_Space) // what the bars tell the mouse
+        QToolTip::showText(mapToGlobal(rect().center()), plainToolTip(spokenText()), this);
     else
         QWidget::keyPressEvent(event);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "displays/capacitychart.h"
+#include "widgets/spoken.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -9,7 +10,7 @@ class QPushButton;
 class ViewState;
 
 /// Compares the capacities of recorded processes as bars, eight at a time; always on top.
-class CapacityDisplay : public QWidget {
+class CapacityDisplay : public QWidget, public Spoken {
     Q_OBJECT
 
 public:
@@ -29,6 +30,7 @@ public:
     void setWindowCount(int count);
 
     QSize sizeHint() const override;
+    QString spokenText() const override; ///< title and the bars in view
 
 public slots:
     void showNext();
@@ -57,6 +59,7 @@ private slots:
 private:
     QPushButton *createButton(const QString &icon, const QString &toolTip, const char *slot);
     void refresh();
+    QString textOf(int index) const;
 
     ViewState *m_viewState = nullptr; // not owned, outlives this
     CapacityChart m_chart;

@@ -9,6 +9,7 @@
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QIcon>
+#include <QKeyEvent>
 
 namespace {
 
@@ -101,6 +102,8 @@ DataDisplay::DataDisplay(QWidget *parent)
     createLayout();
     createWindowNumber();
     setFixedSize(scaledSize(windowSize));
+    m_labels[DataFigures::Voltage]->setToolTip(
+        tr("Voltage of the pack or the mean cell: click, or press Space"));
     connect(m_labels[DataFigures::Voltage], SIGNAL(clicked()), this, SLOT(onClikVoltage()));
     connect(m_gate, SIGNAL(refresh()), this, SLOT(refresh()));
     showFigures();
@@ -155,6 +158,44 @@ void DataDisplay::closeEvent(QCloseEvent *event)
 {
     emit closed();
     QWidget::closeEvent(event);
+}
+
+// Space for a click on the voltage.
+void DataDisplay::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        onClikVoltage();
+    else if (event->key() == Qt::Key_Escape)
+        close();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+QString DataDisplay::spokenText() const
+{
+    QStringList parts = {windowTitle()};
+    if (m_hasRecord && m_windowNumber != -1)
+        parts.append(tr("window %1").arg(m_windowNumber));
+    using Pair = std::pair<DataFigures::Item, DataFigures::Item>;
+    for (const Pair &pair :
+        {Pair(DataFigures::Mode, DataFigures::Cells), Pair(DataFigures::Voltage, DataFigures::VoltageUnit),
+            Pair(DataFigures::Current, DataFigures::CurrentUnit),
+            Pair(DataFigures::Temperature, DataFigures::TemperatureUnit),
+            Pair(DataFigures::Capacity, DataFigures::CapacityUnit),
+            Pair(DataFigures::Slope, DataFigures::SlopeUnit),
+            Pair(DataFigures::Resistance, DataFigures::ResistanceUnit)}) {
+        if (!m_figures.text(pair.first).isEmpty())
+            parts.append(m_figures.text(pair.first).trimmed() + QLatin1Char(' ')
+                + m_figures.text(pair.second).simplified());
+    }
+    parts.append(m_figures.text(DataFigures::Time));
+    for (int i = 0; i < DataFigures::cellSlots; ++i) {
+        if (!m_figures.cellText(i).isEmpty())
+            parts.append(tr("cell %1").arg(i + 1) + QLatin1Char(' ') + m_figures.cellText(i).trimmed());
+    }
+    parts.append(toolTip());
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(", "));
 }
 
 void DataDisplay::refresh()

@@ -2,6 +2,7 @@
 
 #include "data/varnel3data.h"
 #include "displays/datafigures.h"
+#include "widgets/spoken.h"
 
 #include <QDateTime>
 #include <QWidget>
@@ -13,7 +14,7 @@ class ViewState;
 
 /// Small window, always on top, with the newest figures of one device in a size that is read from across the
 /// room, and a table of its cells. Follows the statistics switch and the per-cell quantity of the view state.
-class DataDisplay : public QWidget {
+class DataDisplay : public QWidget, public Spoken {
     Q_OBJECT
 
 public:
@@ -23,6 +24,7 @@ public:
     void setViewState(ViewState *state);
     /// Dims the figures while `since` is valid: no line has come since then.
     void setStaleSince(const QDateTime &since);
+    QString spokenText() const override; ///< title and figures with their units
 
 public slots:
     /// Shows `record` of graph window `nrWin`, -1 for none. `useKeptRi`: the resistance panel
@@ -42,6 +44,7 @@ signals:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private slots:
     void refresh();

@@ -8,6 +8,7 @@
 
 #include <QCloseEvent>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QPainter>
 
 PowerDisplay::PowerDisplay(QWidget *parent)
@@ -18,6 +19,7 @@ PowerDisplay::PowerDisplay(QWidget *parent)
     setWindowTitle(tr("Varnel - bar display"));
     setAutoFillBackground(true);
     setMinimumSize(scaled(470), scaled(280));
+    setFocusPolicy(Qt::StrongFocus);
     m_chart.scale = displayScale();
     connect(m_gate, SIGNAL(refresh()), this, SLOT(refresh()));
     onViewChanged();
@@ -89,6 +91,35 @@ void PowerDisplay::closeEvent(QCloseEvent *event)
 {
     emit closed();
     QWidget::closeEvent(event);
+}
+
+void PowerDisplay::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+QString PowerDisplay::spokenText() const
+{
+    static const char *const units[] = {" mV", " mAh", " %"}; // by quantity
+    const PowerBars &bars = m_chart.bars;
+    QStringList parts = {windowTitle()};
+    if (!bars.hasData())
+        parts.append(tr("NO DATA"));
+    else if (m_windowNumber != -1)
+        parts.append(tr("window %1").arg(m_windowNumber));
+    for (int i = 0; i < bars.count; ++i) {
+        const QString value = bars.known[i]
+            ? QString::number(bars.values[i]) + QLatin1String(units[int(bars.quantity)])
+            : QStringLiteral("-");
+        parts.append(tr("cell %1: %2, balancing %3 %")
+                         .arg(QString::number(i + 1), value, QString::number(bars.levels[i])));
+    }
+    parts.append(toolTip());
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(", "));
 }
 
 void PowerDisplay::refresh()

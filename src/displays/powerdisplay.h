@@ -2,6 +2,7 @@
 
 #include "data/varnel3data.h"
 #include "displays/powerchart.h"
+#include "widgets/spoken.h"
 
 #include <QDateTime>
 #include <QWidget>
@@ -11,7 +12,7 @@ class ViewState;
 
 /// The cells of the newest record as a row of bars. Follows the per-cell quantity and the
 /// background of the view state; always on top.
-class PowerDisplay : public QWidget {
+class PowerDisplay : public QWidget, public Spoken {
     Q_OBJECT
 
 public:
@@ -30,6 +31,7 @@ public:
     void setNoData();
 
     QSize sizeHint() const override;
+    QString spokenText() const override; ///< title and, of each cell, value and balancing level
 
 public slots:
     /// Shows `record` of graph window `nrWin`, -1 for none. `useKeptRi`: resistance bars stay as they are,
@@ -47,6 +49,7 @@ signals:
 protected:
     void paintEvent(QPaintEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private slots:
     void refresh();

@@ -1,5 +1,6 @@
 #include "displays/voltagecomparison.h"
 
+#include "data/figuretext.h"
 #include "displays/chartpaint.h"
 #include "widgets/displayscale.h"
 #include "printing/printstamp.h"
@@ -158,6 +159,7 @@ void VoltageComparison::showChoice()
     const SelectionText &texts = selectionTexts[choice().selection];
     m_selectionButton->setText(QLatin1String(texts.button));
     m_selectionButton->setToolTip(tr(texts.toolTip));
+    m_selectionButton->setAccessibleName(tr(texts.toolTip));
     if (choice().oneCell >= 0)
         m_hint->setText(tr("Cell %1 of every window (arrow keys: another; click or Esc: all cells)")
                             .arg(choice().oneCell + 1));
@@ -218,7 +220,13 @@ void VoltageComparison::keyPressEvent(QKeyEvent *event)
         setOneCell(one ? -1 : qBound(0, choice().lastCell, qMax(0, last)));
         break;
     case Qt::Key_Escape:
-        setOneCell(-1);
+        if (one)
+            setOneCell(-1);
+        else
+            close();
+        break;
+    case Qt::Key_Asterisk:
+        cycleSelection();
         break;
     case Qt::Key_Left:
     case Qt::Key_Right: {
@@ -253,6 +261,24 @@ void VoltageComparison::wheelEvent(QWheelEvent *event)
     m_scrollBar->setValue(
         m_scrollBar->value() - steps * m_scrollBar->singleStep() / QWheelEvent::DefaultDeltasPerStep);
     event->accept();
+}
+
+QString VoltageComparison::spokenText() const
+{
+    QStringList lines = {windowTitle()};
+    const VoltageChart &chart = m_canvas->chart();
+    for (const PackVoltages &pack : chart.packs) {
+        QStringList cells;
+        const QVector<int> shown = chart.shownCells(pack);
+        for (const int cell : shown)
+            cells.append(tr("cell %1: %2 volts")
+                             .arg(QString::number(cell + 1), FigureText::volts(pack.voltages[cell], 0, 3)));
+        if (cells.isEmpty())
+            cells.append(chart.noCellText(pack));
+        lines.append(tr("window %1").arg(pack.windowNumber) + QStringLiteral(", ") + pack.device
+            + QStringLiteral(", ") + cells.join(QStringLiteral(", ")));
+    }
+    return lines.join(QLatin1Char('\n'));
 }
 
 void VoltageComparison::print()

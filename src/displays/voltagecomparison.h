@@ -1,5 +1,7 @@
 #pragma once
 
+#include "widgets/spoken.h"
+
 #include <QWidget>
 
 class QLabel;
@@ -13,9 +15,9 @@ class VoltageSource;
 
 /// The cell voltages of all graph windows side by side at their newest records; always on top, gone
 /// when closed. A click on a bar, or Space, shows that one cell of every window; a click anywhere,
-/// Space or Escape shows all again. A click with the Control key selects the cell in its graph
+/// Space or Escape shows all again; with all shown, Escape closes the window. A click with the Control key selects the cell in its graph
 /// window. What is chosen outlives the window.
-class VoltageComparison : public QWidget {
+class VoltageComparison : public QWidget, public Spoken {
     Q_OBJECT
 
 public:
@@ -27,6 +29,7 @@ public:
     void setSource(VoltageSource *source);
     /// Shows all cells, whatever was chosen before.
     void showAllCells();
+    QString spokenText() const override; ///< title and the cells of each window
 
 public slots:
     /// The voltages have changed; they are asked for when the window next draws.

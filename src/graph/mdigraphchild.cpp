@@ -1,5 +1,6 @@
 #include "graph/mdigraphchild.h"
 
+#include "data/figuretext.h"
 #include "data/voltageslope.h"
 #include "graph/graphhost.h"
 #include "graph/graphinteraction.h"
@@ -129,6 +130,22 @@ bool MdiGraphChild::event(QEvent *event)
     if (event->type() == QEvent::ToolTip && toolTip().isEmpty())
         return true;
     return QWidget::event(event);
+}
+
+QString MdiGraphChild::spokenText() const
+{
+    QStringList parts = {tr("Graph %1").arg(m_windowNumber), sourceName()};
+    if (m_store.isEmpty()) {
+        parts.append(tr("no data"));
+    } else {
+        const Varnel3Data newest = m_store.record(m_store.size() - 1);
+        parts << Varnel3Data::modeName(newest.mode).toLower()
+              << FigureText::cells(newest.cellCount, newest.cellType)
+              << tr("%1 volts").arg(FigureText::volts(newest.voltage, 0, 1));
+    }
+    parts.append(m_note.text(m_store));
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(", "));
 }
 
 void MdiGraphChild::setSilentSince(const QDateTime &since)

@@ -7,6 +7,7 @@
 #include "graph/titletip.h"
 #include "link/recordingwindow.h"
 #include "series/seriesstore.h"
+#include "widgets/spoken.h"
 
 #include <QWidget>
 
@@ -17,7 +18,7 @@ class RefreshGate;
 
 /// The graph window of one recording: owns its records, draws their course, keeps its title in step with what
 /// was saved, and hands each record to the shell while it is the current window.
-class MdiGraphChild : public QWidget, public RecordingWindow {
+class MdiGraphChild : public QWidget, public RecordingWindow, public Spoken {
     Q_OBJECT
 
 public:
@@ -55,6 +56,9 @@ public:
     void setSilentSince(const QDateTime &since);
     /// A line for the tool tip of the title, below how the process has ended.
     void setTitleTip(const QString &text) { m_titleTip.setLine(text); }
+    /// What the title's tool tip says: how the process has ended, and that line.
+    QString titleTip() const { return m_titleTip.text(); }
+    QString spokenText() const override; ///< number, source, process, pack and voltage
     /// What the window shows, at any size. Valid as long as the window.
     GraphRequest request(const QSize &pictureSize) const;
 

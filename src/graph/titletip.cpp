@@ -30,11 +30,15 @@ void TitleTip::setLine(const QString &text)
     show();
 }
 
-void TitleTip::show()
+QString TitleTip::text() const
 {
     QStringList lines = {m_window->toolTip(), m_line};
     lines.removeAll(QString());
-    const QString tip = lines.join(QLatin1Char('\n'));
+    return lines.join(QLatin1Char('\n'));
+}
+
+void TitleTip::show()
+{
     if (auto *frame = qobject_cast<QMdiSubWindow *>(m_window->parentWidget()))
-        frame->setToolTip(plainToolTip(tip));
+        frame->setToolTip(plainToolTip(text()));
 }

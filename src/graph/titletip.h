@@ -16,6 +16,8 @@ public:
     /// A line for the title bar, below how the process has ended.
     void setLine(const QString &text);
 
+    QString text() const;
+
 private:
     void show();
 

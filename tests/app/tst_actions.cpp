@@ -72,13 +72,14 @@ private slots:
             "Voltage comparison|Print voltage comparison.||", "Bar display|Print bar display.||",
             "Active plot|Print active plot.||", "|||", "&About|Show the application's About box||",
             "About &Qt|Show the Qt library's About box||", "Set time|Set time.||i",
-            " DATA |Show/hide display||ic", "Graph|Show/hide graph||ic", "Bar Graph|Show/hide bar graph||ic",
-            " T |Show/hide themparature||cCb", "  dV |Show/hide dV||cCb",
-            " Rw |Show/hide cells internal resistance||cCb", " B |Balancer/Charger plot||cb",
-            " Avg |Cells/MinMax plot||cb", " S |Select cells||cdb", " P% |Show/hide power balancer||cdb",
-            " Vc |Cells energy/voltage/internal cel resistance||cdb", "Stop process|Stop process.||i",
-            "Hold view|Graph windows keep zoom and cursor|H|c",
+            " DATA |Show/hide display|D|ic", "Graph|Show/hide graph|G|ic",
+            "Bar Graph|Show/hide bar graph|Shift+G|ic", " T |Show/hide themparature|T|cCb",
+            "  dV |Show/hide dV|V|cCb", " Rw |Show/hide cells internal resistance|R|cCb",
+            " B |Balancer/Charger plot|B|cb", " Avg |Cells/MinMax plot|A|cb", " S |Select cells|S|cdb",
+            " P% |Show/hide power balancer|P|cdb", " Vc |Cells energy/voltage/internal cel resistance|C|cdb",
+            "Stop process|Stop process.||i", "Hold view|Graph windows keep zoom and cursor|H|c",
             "Distinct lines|Lines differ in dashes and lightness, not in hue alone; bars carry letters|L|c",
+            "Explanations...|Tells what the status bar and the title of the current graph show.|Shift+F1|",
             "Open recordings...|Open what was recorded from the devices, saved or not.||i",
             "Reopen closed recording|No window of an unsaved recording has been closed yet.|Ctrl+Shift+T|d",
             "Export as CSV...|Write the records of the current graph as a table for other programs.||i",
@@ -272,10 +273,10 @@ private slots:
         QCOMPARE(textsOf(window->menuBar()).split("],"),
             QStringList({"&File[Open file,Save as,Preferences,Set time,|,E&xit",
                 "&Window[Recording,Background color[White,Black",
-                "|,Cl&ose,Close &All,|,&Tile,&Cascade,|,Ne&xt,Pre&vious,|",
+                "|,Cl&ose,Close &All,|,&Tile,&Cascade,|,Ne&xt,Pre&vious,|,Graph window[&Restore,&Move,&Size,Mi&nimize,Ma&ximize]",
                 "&Print[Capacity comparison,Voltage comparison,Bar display,Active plot",
                 "&Tools[Open recordings...,Reopen closed recording,|,Export as CSV...,Save picture...,|,"
-                "Remote control...,Stop process,&View switches[DATA,Graph,Bar Graph,|,T,dV,Rw,|,"
+                "Remote control...,Stop process,Explanations...,&View switches[DATA,Graph,Bar Graph,|,T,dV,Rw,|,"
                 "B,Avg,S,P%,Vc,|,Hold view,Distinct lines]",
                 "|,&Help[User guide,|,&About]"}));
         QCOMPARE(textsOf(window->findChild<QToolBar *>("mainToolBar")),

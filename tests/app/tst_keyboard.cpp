@@ -1,0 +1,258 @@
+#include "desk/displaywindows.h"
+#include "dialogs/about.h"
+#include "dialogs/checkboxcomport.h"
+#include "dialogs/dialogpreferences.h"
+#include "dialogs/dialogremotecontrol.h"
+#include "displays/capacitydisplay.h"
+#include "displays/datadisplay.h"
+#include "displays/powerdisplay.h"
+#include "displays/voltagecomparison.h"
+#include "graph/mdigraphchild.h"
+#include "settings/viewstate.h"
+#include "support/columns.h"
+#include "support/lines.h"
+#include "support/settle.h"
+#include "support/shellrig.h"
+#include "widgets/mnemonics.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QComboBox>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QStackedWidget>
+#include <QToolBar>
+
+/// Nothing needs a mouse, and nothing needs to be seen to be known.
+class TestKeyboard : public QObject, private ShellRig {
+    Q_OBJECT
+
+private slots:
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
+
+    void lettersDiffer_data()
+    {
+        columns<QString, QString>({"texts", "given"});
+        const auto row = [](const char *texts, const char *given) {
+            QTest::newRow(texts) << QString::fromUtf8(texts) << QString::fromUtf8(given);
+        };
+        row("Open file,Open more", "&Open file,Open &more");
+        row("Save as,E&xit,Set time", "&Save as,E&xit,Set &time");
+        row("xx,E&xit,Lux", "xx,E&xit,&Lux"); // nothing is left for the first
+        row("Bar, B ,A", "Ba&r, &B ,&A"); // the one gives way that has another letter
+        row(" T , dV , Vc ", " &T , &dV , &Vc ");
+        row("Öffnen,Über,öl", "&Öffnen,&Über,ö&l");
+        row("...,1", "...,&1");
+    }
+
+    void lettersDiffer()
+    {
+        QFETCH(QString, texts);
+        QTEST(withMnemonics(texts.split(QLatin1Char(','))).join(QLatin1Char(',')), "given");
+    }
+
+    /// While a menu is open; afterwards its entries are called as before.
+    void everyEntryHasItsLetter()
+    {
+        window = std::make_unique<MainWindow>();
+        window->createMdiChild();
+        int seen = 0;
+        QVector<QMenu *> menus = window->menuBar()->findChildren<QMenu *>().toVector();
+        for (int i = 0; i < menus.size(); ++i) {
+            QMetaObject::invokeMethod(menus[i], "aboutToShow");
+            QStringList letters;
+            QStringList texts;
+            const auto entries = menus[i]->actions();
+            for (const QAction *entry : entries) {
+                texts.append(entry->text());
+                if (!entry->isSeparator())
+                    letters.append(QKeySequence::mnemonic(entry->text()).toString());
+                if (entry->menu() && !menus.contains(entry->menu()))
+                    menus.append(entry->menu());
+            }
+            QVERIFY2(!letters.contains(QString()) && letters.removeDuplicates() == 0,
+                qPrintable(texts.join(QLatin1Char(','))));
+            seen += letters.size();
+            QMetaObject::invokeMethod(menus[i], "aboutToHide");
+        }
+        QVERIFY(seen > 45);
+        QCOMPARE(window->actionSet()[ActionId::Open]->text(), "Open file");
+    }
+
+    void everyControlIsReachedAndNamed_data()
+    {
+        columns<QString, QString>({"dialog", "order"});
+        const char *const buttons = "OK,Cancel,Refresh,Reset,";
+        QTest::newRow("preferences") << "P"
+                                     << "COM1,COM2,Set varnel3's time while starting,"
+                + QLatin1String(buttons) + "System";
+        QTest::newRow("about") << "A"
+                               << "M,D,OK";
+        QTest::newRow("setup") << "0"
+                               << "Battery,Memory 1,Power suply,Close";
+        QTest::newRow("memory") << "1"
+                                << "Memory before,Memory 1,Next memory,Close";
+        QTest::newRow("cells") << "2"
+                               << "One cell less,Cells 1,One cell more,START,Close";
+        QTest::newRow("process") << "3"
+                                 << "STOP,Close";
+        QTest::newRow("disconnect") << "4"
+                                    << "Bip Off,Close";
+    }
+
+    /// By Tab, in the order in which they are read; each has a name and a tip.
+    void everyControlIsReachedAndNamed()
+    {
+        QFETCH(QString, dialog);
+        plug("COM1");
+        plug("COM2");
+        std::unique_ptr<QDialog> shown;
+        if (dialog == QLatin1String("P"))
+            shown = std::make_unique<DialogPreferences>(nullptr);
+        else if (dialog == QLatin1String("A"))
+            shown = std::make_unique<About>();
+        else
+            shown = std::make_unique<DialogRemoteControl>(
+                nullptr, nullptr, DialogRemoteControl::Times{1000000, 1000000, 1000000});
+        if (auto *pages = shown->findChild<QStackedWidget *>("pages"))
+            pages->setCurrentIndex(dialog.toInt());
+        shown->show();
+        QApplication::setActiveWindow(shown.get());
+        QStringList reached;
+        QSet<QWidget *> seen;
+        for (QWidget *at = shown->focusWidget(); at && !seen.contains(at); at = shown->focusWidget()) {
+            seen.insert(at);
+            const bool isControl = !at->inherits("QAbstractScrollArea");
+            if (isControl && at->inherits("QLabel"))
+                reached.append(static_cast<QLabel *>(at)->text().left(1));
+            else if (isControl)
+                reached.append(nameOf(at));
+            QVERIFY2(!isControl || !at->toolTip().isEmpty(), qPrintable(nameOf(at)));
+            for (int links = 0; links < 2 && shown->focusWidget() == at; ++links)
+                QTest::keyClick(at, Qt::Key_Tab);
+        }
+        QFETCH(QString, order);
+        const int first = std::max(0, reached.indexOf(order.section(QLatin1Char(','), 0, 0)));
+        reached = reached.mid(first) + reached.mid(0, first); // entered at the default button
+        QCOMPARE(reached.join(QLatin1Char(',')), order);
+    }
+
+    void aPortsNameTicksIt()
+    {
+        plug("COM1");
+        DialogPreferences dialog(nullptr);
+        auto *box = dialog.findChild<CheckBoxComPort *>();
+        const auto labels = dialog.findChildren<QLabel *>();
+        const auto name
+            = std::find_if(labels.begin(), labels.end(), [&](auto *l) { return l->buddy() == box; });
+        for (bool ticked : {true, false}) {
+            QTest::mouseClick(*name, Qt::LeftButton);
+            QCOMPARE(box->isChecked(), ticked);
+        }
+    }
+
+    /// Each view switch has a key, in the displays too, and Escape closes each of these.
+    void displaysByKeys()
+    {
+        open({});
+        MdiGraphChild *child = window->createMdiChild();
+        child->addRecord(Lines::record(0));
+        trigger(ActionId::Balancer);
+        const struct {
+            ActionId id;
+            const char *name;
+            int key;
+        } displays[]
+            = {{ActionId::Data, "DataDisplay", Qt::Key_D}, {ActionId::Graph, "VoltageComparison", Qt::Key_G},
+                {ActionId::BarGraph, "CapacityDisplay", 0}, {ActionId::Power, "PowerDisplay", Qt::Key_P}};
+        for (const auto &display : displays) {
+            trigger(display.id);
+            QWidget *shown = nullptr;
+            for (QWidget *widget : QApplication::topLevelWidgets())
+                if (widget->inherits(display.name) && widget->isVisible())
+                    shown = widget;
+            QVERIFY(shown);
+            QApplication::setActiveWindow(shown);
+            QVERIFY(nameOf(shown).startsWith(shown->windowTitle()));
+            const bool was = window->viewState().switches().distinctLines;
+            QTest::keyClick(shown, Qt::Key_L);
+            QCOMPARE(window->viewState().switches().distinctLines, !was);
+            if (display.id == ActionId::Data) {
+                const auto *unit = shown->findChild<QLabel *>("voltageUnit");
+                trigger(ActionId::Balancer);
+                settle(*shown);
+                for (const char *text : {"Vc", "V"}) {
+                    QTest::keyClick(shown, Qt::Key_Space);
+                    QCOMPARE(unit->text(), QLatin1String(text));
+                }
+                trigger(ActionId::Balancer);
+            }
+            QTest::keyClick(shown, Qt::Key_Escape);
+            QTRY_VERIFY(!window->actionSet()[display.id]->isChecked());
+        }
+    }
+
+    void graphFramesByMenu()
+    {
+        open({});
+        window->createMdiChild();
+        QMdiSubWindow *frame = window->findChild<QMdiArea *>()->currentSubWindow();
+        window->updateWindowMenu();
+        const QMenu *menu = window->menuBar()->actions()[1]->menu()->actions().last()->menu();
+        QStringList texts;
+        const auto entries = menu->actions();
+        for (const QAction *entry : entries)
+            texts.append(entry->text());
+        QCOMPARE(texts.join(QLatin1Char(',')), "&Restore,&Move,&Size,Mi&nimize,Ma&ximize");
+        entries[4]->trigger();
+        QVERIFY(frame->isMaximized());
+        entries[0]->trigger();
+        QVERIFY(!frame->isMaximized());
+        const QSize size = frame->size();
+        entries[2]->trigger();
+        QTest::keyClick(frame, Qt::Key_Right);
+        QTest::keyClick(frame, Qt::Key_Return);
+        QVERIFY(frame->width() > size.width());
+    }
+
+    /// What tool tips of status bar and title tell; what a screen reader says of a graph.
+    void toldWithoutMouse()
+    {
+        open({});
+        MdiGraphChild *child = window->createMdiChild();
+        window->renumerateWindows();
+        QCOMPARE(nameOf(child), "Graph 1, no data");
+        Varnel3Data record = Lines::record(0);
+        child->setPortName("COM3");
+        record.voltage = 23400;
+        record.cellCount = 6;
+        record.cellType = 5;
+        record.mode = Varnel3Data::Charge;
+        record.flag3 = 'E';
+        child->addRecord(record);
+        QCOMPARE(nameOf(child), "Graph 1, COM3, charge, 6 x LiPo, 23.4 volts");
+        trigger(ActionId::Explain);
+        const QString text = box("explanations")->text();
+        QVERIFY2(text.startsWith(nameOf(child) + QLatin1Char('\n') + child->toolTip())
+                && !child->toolTip().isEmpty()
+                && text.contains(QLatin1String("The ports are chosen in File > Preferences.")),
+            qPrintable(text));
+        box("explanations")->close();
+        const auto *voltage
+            = window->findChild<QToolBar *>("dataToolBar")->findChild<QLabel *>("voltageLabel");
+        QCOMPARE(nameOf(voltage), "Voltage 23.40 V");
+    }
+
+private:
+    static QString nameOf(const QWidget *widget)
+    {
+        QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(const_cast<QWidget *>(widget));
+        return spoken->text(QAccessible::Name).trimmed();
+    }
+};
+
+QTEST_MAIN(TestKeyboard)
+#include "tst_keyboard.moc"
