@@ -3,10 +3,9 @@
 #include "support/columns.h"
 #include "support/files.h"
 
+#include <QLocalServer>
 #include <QTemporaryDir>
 
-#include <sys/socket.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 /// Which file is played, and whether there is anything to play it on.
@@ -55,26 +54,18 @@ void TestSounds::noServerIsNoNoise()
     QVERIFY(hasSoundOutput());
     qunsetenv("PULSE_SERVER");
     QVERIFY(QDir(runtime.path()).mkdir(QStringLiteral("pulse")));
-    const struct {
-        const char *variable;
-        const char *socket;
-    } places[] = {{"XDG_RUNTIME_DIR", "pulse/native"}, {"PULSE_RUNTIME_PATH", "native"}};
-    for (const auto &place : places) {
-        qputenv(place.variable, QFile::encodeName(runtime.path()));
-        const QByteArray path = QFile::encodeName(runtime.filePath(QLatin1String(place.socket)));
-        sockaddr_un address = {};
-        address.sun_family = AF_UNIX;
-        qstrncpy(address.sun_path, path.constData(), sizeof address.sun_path);
-        const int server = socket(AF_UNIX, SOCK_STREAM, 0);
-        QCOMPARE(bind(server, reinterpret_cast<const sockaddr *>(&address), sizeof address), 0);
+    for (const char *variable : {"XDG_RUNTIME_DIR", "PULSE_RUNTIME_PATH"}) {
+        qputenv(variable, QFile::encodeName(runtime.path()));
         QVERIFY(!hasSoundOutput());
-        QCOMPARE(listen(server, 1), 0);
-        QVERIFY2(hasSoundOutput(), place.variable);
+        const QString socket = runtime.filePath(QLatin1String(*variable == 'X' ? "pulse/native" : "native"));
+        QLocalServer server;
+        QVERIFY(server.listen(runtime.filePath(QStringLiteral("server"))));
+        QCOMPARE(link(QFile::encodeName(server.fullServerName()), QFile::encodeName(socket)), 0);
+        QVERIFY2(hasSoundOutput(), variable);
         QVERIFY(SoundPlayer().hasOutput());
-        close(server);
-        QVERIFY(QFile::exists(QFile::decodeName(path)));
-        QVERIFY(!hasSoundOutput());
-        qunsetenv(place.variable);
+        server.close();
+        QVERIFY(QFile::exists(socket) && !hasSoundOutput());
+        qunsetenv(variable);
     }
 }
 

@@ -1,20 +1,16 @@
 #include "data/varnel3data.h"
-#include "simulator/console.h"
 #include "simulator/linewriter.h"
 #include "simulator/rack.h"
 #include "support/columns.h"
 #include "support/literal.h"
 
 #include <QProcess>
-#include <QSignalSpy>
 #include <QSocketNotifier>
 #include <QTemporaryDir>
 #include <QtTest>
 
 #include <fcntl.h>
 #include <unistd.h>
-
-using sim::LineKind;
 
 namespace {
 
@@ -58,15 +54,6 @@ private:
     QByteArray m_rest;
 };
 
-sim::DeviceSettings settingsOf(const QString &options)
-{
-    QString error;
-    const sim::DeviceSettings settings = sim::DeviceSettings::parse("COM1:" + options, &error);
-    if (!error.isEmpty())
-        qFatal("%s", qPrintable(error));
-    return settings;
-}
-
 } // namespace
 
 /// The simulated devices. What they say they mean equals what the program's parsers read from their lines:
@@ -75,47 +62,17 @@ class TestSimulator : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
     void linesAreReadAsMeant_data();
     void linesAreReadAsMeant();
-    void descriptionsAreChecked();
-    void replayAndConsole();
-    void endAndSilence();
-    void programLeavesNothingBehind();
+    void processesFollowEachOther();
+    void programTakesCommands();
 
 private:
     static void compare(const sim::Reading &meant, const Varnel3Data &read);
-    sim::SimDevice *add(const QString &description);
-    QString path(const char *name) const { return folder->filePath(QLatin1String(name)); }
 
-    std::unique_ptr<QTemporaryDir> folder;
-    std::unique_ptr<sim::Rack> rack;
+    QTemporaryDir folder;
+    const QString third = folder.filePath("COM3"_s);
 };
-
-void TestSimulator::init()
-{
-    folder = std::make_unique<QTemporaryDir>();
-    sim::RunSettings run;
-    run.folder = folder->path();
-    run.speed = 200;
-    rack = std::make_unique<sim::Rack>(run);
-}
-
-void TestSimulator::cleanup()
-{
-    rack.reset();
-    QCOMPARE(QDir(folder->path()).entryList({"COM*"}, QDir::AllEntries | QDir::System), QStringList());
-}
-
-sim::SimDevice *TestSimulator::add(const QString &description)
-{
-    QString error;
-    sim::SimDevice *device = rack->add(description, &error);
-    if (!device)
-        qFatal("%s", qPrintable(error));
-    return device;
-}
 
 void TestSimulator::linesAreReadAsMeant_data()
 {
@@ -136,7 +93,9 @@ void TestSimulator::linesAreReadAsMeant_data()
 void TestSimulator::linesAreReadAsMeant()
 {
     QFETCH(QString, options);
-    const sim::DeviceSettings device = settingsOf(options);
+    QString error;
+    const sim::DeviceSettings device = sim::DeviceSettings::parse("COM1:" + options, &error);
+    QCOMPARE(error, QString());
     sim::Process process(device, 7);
     Varnel3Data read;
     int time = 0, energy = 0;
@@ -168,107 +127,70 @@ void TestSimulator::compare(const sim::Reading &meant, const Varnel3Data &read)
         = {Varnel3Data::Varnel3, Varnel3Data::Varnel2Plus, Varnel3Data::Varnel2, Varnel3Data::Tandor};
     const bool older = meant.model == sim::Model::Varnel2 || meant.model == sim::Model::Varnel2Plus;
     const bool direction = older && meant.task == sim::Task::Format; // what these report formatting as
-    QCOMPARE(read.device, devices[int(meant.model)]);
-    QCOMPARE(read.mode, direction ? int(!meant.charging) : int(meant.task));
-    QCOMPARE(read.cellType, meant.chemistry);
-    QCOMPARE(read.cellCount, meant.cellCount);
-    if (meant.model != sim::Model::Tandor) {
-        QCOMPARE(read.time, meant.seconds);
-        QCOMPARE(read.voltage, meant.millivolts);
-        QCOMPARE(read.current, meant.milliamps);
-        QCOMPARE(read.temperature, meant.tenthDegrees);
-        QCOMPARE(read.energy, meant.coarseEnergy ? meant.milliampHours / 10 * 10 : meant.milliampHours);
-    }
-    if (meant.model == sim::Model::Varnel3) {
-        QCOMPARE(read.internalResistance, meant.milliohms);
-        QCOMPARE(read.flag3, meant.endLetter);
-    }
-    if (older)
-        return;
-    QCOMPARE(read.flag5, meant.cellData ? 'B' : '_');
-    QCOMPARE(read.ballansingCurrent, meant.balancingMilliamps);
-    for (int i = 0; meant.cellData && i < meant.cellCount; ++i) {
-        QCOMPARE(read.cells[i].voltage, meant.cells[size_t(i)].millivolts);
-        QCOMPARE(read.cells[i].balance, meant.cells[size_t(i)].level * 10);
-    }
+    using Figures = QVector<int>;
+    QCOMPARE(Figures({read.device, read.mode, read.cellType, read.cellCount}),
+        Figures({devices[int(meant.model)], direction ? int(!meant.charging) : int(meant.task),
+            meant.chemistry, meant.cellCount}));
+    const int energy = meant.coarseEnergy ? meant.milliampHours / 10 * 10 : meant.milliampHours;
+    if (meant.model != sim::Model::Tandor)
+        QCOMPARE(Figures({read.time, read.voltage, read.current, read.temperature, read.energy}),
+            Figures({meant.seconds, meant.millivolts, meant.milliamps, meant.tenthDegrees, energy}));
+    if (meant.model == sim::Model::Varnel3)
+        QCOMPARE(Figures({read.internalResistance, read.flag3}), Figures({meant.milliohms, meant.endLetter}));
+    if (!older)
+        QCOMPARE(Figures({read.flag5, read.ballansingCurrent}),
+            Figures({meant.cellData ? 'B' : '_', meant.balancingMilliamps}));
+    for (int i = 0; !older && meant.cellData && i < meant.cellCount; ++i)
+        QCOMPARE(Figures({read.cells[i].voltage, read.cells[i].balance}),
+            Figures({meant.cells[size_t(i)].millivolts, meant.cells[size_t(i)].level * 10}));
 }
 
-void TestSimulator::descriptionsAreChecked()
+void TestSimulator::processesFollowEachOther()
 {
-    for (const char *text :
-        {"", "ttyS0:varnel3", "COM3/../x:varnel3", "COM3:varnel4", "COM3:varnel3,cells=17", "COM3:cells=x",
-            "COM3:chemistry=Li", "COM3:balance=300", "COM3:noise=2", "COM3:endless=perhaps",
-            "COM3:tandor,cells=13", "COM3:tandor,chemistry=NiMh", "COM3:varnel2,chemistry=LTO",
-            "COM3:varnel2,mode=test", "COM3:varnel2plus,balance", "COM3:replay=", "COM3:replay=/nowhere/x"}) {
-        QString error;
-        QVERIFY2(!rack->add(QLatin1String(text), &error) && !error.isEmpty(), text);
-    }
-    for (const char *text : {"COM3", "COM4:", "COM5:noise=0.5,balance=off", "COM6:varnel2plus,mode=format"})
-        QVERIFY(add(QLatin1String(text)));
-}
-
-void TestSimulator::replayAndConsole()
-{
-    QFile file(path("lines"));
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("#one\r\n\n!two\n# three") > 0);
-    file.close();
-    add("COM7:start=open,replay="_s + file.fileName());
-    const Listener listener(path("COM7"));
-    sim::Console console(rack.get());
-    const auto answer = [&console](const char *line) { return console.execute(QLatin1String(line)); };
-    QCOMPARE(answer("send COM7 #by hand"), QString());
-    QTRY_COMPARE(listener.lines(""), QByteArrayList({"#by hand", "#one", "!two", "# three"}));
-    for (const char *line :
-        {"unplug COM7", "plug COM7", "fault COM7 cut", "fault all noise=0.1", "end COM7 S", "speed 5", ""})
-        QVERIFY2(answer(line).isEmpty(), line);
-    for (const char *line :
-        {"unplug COM8", "jump COM7", "end COM7 X", "fault COM7 smoke", "speed fast", "status", "help"})
-        QVERIFY2(!answer(line).isEmpty(), line);
-}
-
-// As fast as the speed has it, but for silences that begin a new recording.
-void TestSimulator::endAndSilence()
-{
-    sim::SimDevice *device
-        = add("COM3:varnel3,balance,ri=20,start=open,duration=100,endlines=5,processes=2,pause=5"_s);
-    const QSignalSpy ended(device, SIGNAL(processEnded(char)));
-    const Listener listener(path("COM3"));
-    device->setSpeed(1000);
-    QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 2, 30000);
-    QTRY_COMPARE(listener.lines().size(), 210);
+    sim::RunSettings run;
+    run.folder = folder.path();
+    run.speed = 1000;
+    sim::Rack rack(run);
+    QString error;
+    const sim::SimDevice *device = rack.add(
+        "COM3:varnel3,balance,ri=20,start=open,duration=100,endlines=5,processes=2,pause=5"_s, &error);
+    QVERIFY2(device, qPrintable(error));
+    const Listener listener(third);
+    QTRY_VERIFY_WITH_TIMEOUT(listener.lines().size() == 210 && device->isIdle(), 30000);
     QCOMPARE(listener.lines("!").size(), 10);
     const QByteArrayList lines = listener.lines();
     for (int i = 0; i < 210; ++i)
         QVERIFY2(lines[i][8] == (i % 105 < 100 ? '_' : 'E')
                 && lines[i].mid(13, 5).toInt() == qMin(i % 105 + 1, 100),
             lines[i]);
-    QVERIFY(device->isIdle());
-
-    sim::SimDevice *quiet = add("COM4:varnel3"_s);
-    const sim::SimDevice *clock = add("COM5:varnel3"_s);
-    const auto said
-        = [](const sim::SimDevice *by) { return int(by->handedOver(LineKind::Measurement) + by->lost()); };
-    for (const int silence : {20, 21}) {
-        quiet->silence(silence);
-        const int before = said(quiet), end = said(clock) + 60;
-        QTRY_VERIFY_WITH_TIMEOUT(said(clock) >= end, 60000);
-        QCOMPARE(said(quiet) > before, silence == 20);
-    }
 }
 
-void TestSimulator::programLeavesNothingBehind()
+void TestSimulator::programTakesCommands()
 {
-    QProcess program;
-    program.start(QStringLiteral(VARNELSIM),
-        {"--dir", folder->path(), "--device", "COM3:varnel3", "--device", "COM4:tandor"});
-    QTRY_VERIFY(QFileInfo(path("COM4")).isSymLink());
-    program.write("unplug COM3\nstatus COM4\n");
-    QTRY_VERIFY(!QFileInfo(path("COM3")).isSymLink());
-    QByteArray said;
-    QTRY_VERIFY((said += program.readAllStandardOutput()).contains("COM4 tandor measuring"));
-    program.terminate();
-    QVERIFY(program.waitForFinished(30000));
-    QCOMPARE(program.exitCode(), 0);
+    const QString program = QStringLiteral(VARNELSIM);
+    for (const char *wrong :
+        {"ttyS0", "COM3:varnel4", "COM3:cells=17", "COM3:noise=2", "COM3:replay=/nowhere/x"})
+        QVERIFY2(QProcess::execute(program, {"--dir", folder.path(), "--device", wrong}) > 0, wrong);
+    QFile file(folder.filePath("lines"_s));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("#one\r\n\n!two\n# three") > 0);
+    file.close();
+    QProcess running;
+    running.start(program,
+        {"--dir", folder.path(), "--speed", "50", "--device", "COM3:start=open,replay=" + file.fileName(),
+            "--device", "COM4:varnel3", "--device", "COM5:tandor"});
+    QTRY_VERIFY(QFileInfo(folder.filePath("COM5"_s)).isSymLink());
+    const Listener listener(third);
+    QTRY_COMPARE(listener.lines(""), QByteArrayList({"#one", "!two", "# three"}));
+    running.write("unplug COM4\nstatus COM5\nunplug COM8\njump COM4\nspeed fast\nsend COM3 #by hand\n");
+    QTRY_COMPARE(listener.lines("#by hand").size(), 1);
+    QVERIFY(!QFileInfo(folder.filePath("COM4"_s)).isSymLink());
+    const QByteArray said = running.readAllStandardOutput();
+    for (const char *answer :
+        {"COM5 tandor measuring", "no device at COM8", "'jump' is not", "a speed is a number"})
+        QVERIFY2(said.contains(answer), said);
+    running.terminate();
+    QVERIFY(running.waitForFinished(30000) && running.exitCode() == 0);
+    QVERIFY(!QFileInfo(third).isSymLink()); // nothing is left behind
 }
 
 QTEST_GUILESS_MAIN(TestSimulator)
