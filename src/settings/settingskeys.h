@@ -14,7 +14,8 @@ constexpr QLatin1String key(const char (&text)[size])
 
 constexpr QLatin1String ports = key("ports");
 constexpr QLatin1String sendTime = key("sendTime");
-constexpr QLatin1String language = key("language"); ///< of the texts: "en", "pl", "de"; the system's when absent
+constexpr QLatin1String language
+    = key("language"); ///< of the texts: "en", "pl", "de"; the system's when absent
 constexpr QLatin1String userWave = key("/mp3/user_wave"); ///< by hand only; true when absent
 constexpr QLatin1String keepAwake = key("power/keepAwake"); ///< by hand only; true when absent
 

@@ -6,6 +6,8 @@
 #include <QMetaEnum>
 #include <QWheelEvent>
 
+#include <memory>
+
 namespace {
 
 // A pixel is a second, from 40 on: plots from 40 to 900, the upper one from 22 to 289, the lower one from 304
@@ -30,6 +32,7 @@ public slots:
     void point(int record) { pointed = record; }
 
 private slots:
+    void cleanup() { widget.reset(); }
     void steps_data();
     void steps();
 
@@ -44,7 +47,7 @@ private:
     QString run(const QString &command);
     QString view();
 
-    QWidget *widget = nullptr;
+    std::unique_ptr<QWidget> widget;
     GraphInteraction *interaction = nullptr;
     SeriesStore store;
     ViewState state;
@@ -244,16 +247,15 @@ void TestGraphInteraction::steps()
 {
     QFETCH(QString, records);
     QFETCH(QString, script);
-    QWidget window;
-    window.show();
-    window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-    window.installEventFilter(this);
-    widget = &window;
+    widget = std::make_unique<QWidget>();
+    widget->show();
+    widget->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(widget.get()));
+    widget->installEventFilter(this);
     store = SeriesStore();
     store.load(recordsOf(records));
     state.setSwitches({});
-    interaction = new GraphInteraction(widget, &store, &state);
+    interaction = new GraphInteraction(widget.get(), &store, &state);
     interaction->resize(size, 1.0);
     connect(interaction, SIGNAL(recordPointedAt(int)), this, SLOT(point(int)));
     seen = "all";
