@@ -124,18 +124,15 @@ void MainWindow::createParts()
 
 void MainWindow::createMenus()
 {
-    fileMenu = menuBar()->addMenu(tr("&File"));
-    ShellMenus::fill(fileMenu, ShellMenus::file, *actions);
+    fileMenu = ShellMenus::fill(menuBar()->addMenu(tr("&File")), ShellMenus::file, *actions);
     windowMenu = menuBar()->addMenu(tr("&Window"));
     updateWindowMenu();
     ShellMenus::fill(menuBar()->addMenu(tr("&Print")), ShellMenus::print, *actions);
-    toolsMenu = menuBar()->addMenu(tr("&Tools"));
+    toolsMenu = ShellMenus::fill(menuBar()->addMenu(tr("&Tools")), ShellMenus::tools, *actions);
     toolsMenu->setToolTipsVisible(true);
-    ShellMenus::fill(toolsMenu, ShellMenus::tools, *actions);
     ShellMenus::fill(toolsMenu->addMenu(tr("&View switches")), ShellMenus::view, *actions);
     menuBar()->addSeparator();
-    helpMenu = menuBar()->addMenu(tr("&Help"));
-    ShellMenus::fill(helpMenu, ShellMenus::help, *actions);
+    helpMenu = ShellMenus::fill(menuBar()->addMenu(tr("&Help")), ShellMenus::help, *actions);
 }
 
 void MainWindow::createToolBars()
@@ -167,10 +164,6 @@ void MainWindow::connectParts()
     connect(graphs, SIGNAL(opened()), switches, SLOT(enableViews()));
     connect(switches, SIGNAL(repaintNeeded()), this, SLOT(repaintAllWindows()));
     connect(switches, SIGNAL(switched()), this, SIGNAL(toolBarChanged()));
-    connect(displays, SIGNAL(dataClosed()), switches, SLOT(dataClosed()));
-    connect(displays, SIGNAL(capacityClosed()), switches, SLOT(barGraphClosed()));
-    connect(displays, SIGNAL(voltageClosed()), switches, SLOT(graphClosed()));
-    connect(displays, SIGNAL(powerClosed()), switches, SLOT(powerClosed()));
     connect(ports, SIGNAL(changed()), this, SLOT(listenedPortsChanged()));
     connect(ports, SIGNAL(changed()), remoteControls, SLOT(refresh()));
     // Queued: a new window is current before its reader is attached.
@@ -190,10 +183,7 @@ void MainWindow::readSettings()
     ShellPlace::restore(this, settings);
     displays->readPlaces(settings);
     actions->setChecked(ActionId::DistinctLines, settings.value(SettingsKey::distinctLines, false).toBool());
-    if (settings.value(SettingsKey::blackBackground, true).toBool())
-        setBlackBack();
-    else
-        setWhiteBack();
+    settings.value(SettingsKey::blackBackground, true).toBool() ? setBlackBack() : setWhiteBack();
 }
 
 void MainWindow::writeSettings() const

@@ -79,7 +79,7 @@ const QVector<MenuEntry> view
         ActionId::Resistance, gap, ActionId::Balancer, ActionId::Average, ActionId::SelectedCells,
         ActionId::Power, ActionId::Energy, gap, ActionId::HoldView, ActionId::DistinctLines};
 
-void fill(QMenu *menu, const QVector<MenuEntry> &entries, const ActionSet &actions)
+QMenu *fill(QMenu *menu, const QVector<MenuEntry> &entries, const ActionSet &actions)
 {
     for (const MenuEntry &entry : entries) {
         if (entry.kind == MenuEntry::Gap)
@@ -87,6 +87,7 @@ void fill(QMenu *menu, const QVector<MenuEntry> &entries, const ActionSet &actio
         else
             menu->addAction(actions[entry.action]);
     }
+    return menu;
 }
 
 SubMenus fillWindowMenu(QMenu *menu, const ActionSet &actions, const QMdiSubWindow *current)

@@ -35,6 +35,10 @@ ViewSwitchboard::ViewSwitchboard(
     , m_shownRecord(shownRecord)
 {
     publish();
+    connect(m_displays, SIGNAL(dataClosed()), this, SLOT(dataClosed()));
+    connect(m_displays, SIGNAL(capacityClosed()), this, SLOT(barGraphClosed()));
+    connect(m_displays, SIGNAL(voltageClosed()), this, SLOT(graphClosed()));
+    connect(m_displays, SIGNAL(powerClosed()), this, SLOT(powerClosed()));
     for (ActionId id : {ActionId::HoldView, ActionId::DistinctLines})
         connect(m_actions[id], SIGNAL(toggled(bool)), this, SLOT(publish()));
 }
