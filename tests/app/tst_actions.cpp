@@ -118,6 +118,7 @@ private slots:
         row("Vc", {b, v, v, v}, "  dV * Rw * B * Avg  S  P%  Vc ", "001");
         row("each for itself", {b, s, v, v, d}, "  dV  Rw * B * Avg  + * P%  Ri ", "120");
         row("curves", {Id::Temperature, Id::Resistance}, "  dV * Rw  B  Avg  S - P% - Vc -", "001");
+        row("held", {Id::HoldView}, "  dV * Rw * B  Avg  S - P% - Vc -", "001");
         row("reopened", {b, Id::CloseAll}, "  dV * Rw * B * Avg  S  P%  Vc ", "001");
         row("reopened, average", {a, Id::CloseAll}, "  dV * Rw * B * Avg * S - P%  Vc ", "001");
     }
@@ -140,6 +141,7 @@ private slots:
         const ViewSwitches &on = window->viewState().switches();
         QTEST(
             QString("%1%2%3").arg(int(on.cellsShown)).arg(int(on.cellValue)).arg(int(on.rightAxis)), "modes");
+        QCOMPARE(on.holdView, action(Id::HoldView)->isChecked());
         const QVector<bool> switches{on.temperature, on.delta, on.resistance, on.balancer, on.average};
         for (int i = 0; i < switches.size(); ++i)
             QCOMPARE(switches[i], action(Id(int(Id::Temperature) + i))->isChecked());
@@ -207,17 +209,6 @@ private slots:
         }
         click({Id::Power, Id::Balancer});
         QCOMPARE(shown(), QString());
-    }
-
-    void holdView()
-    {
-        window->show();
-        window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(window.get()));
-        for (const bool held : {true, false}) {
-            QTest::keyClick(window.get(), Qt::Key_H);
-            QCOMPARE(window->viewState().switches().holdView, held);
-        }
     }
 
     void signalsPerSwitch()

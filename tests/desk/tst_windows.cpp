@@ -114,6 +114,10 @@ private slots:
         QCOMPARE(display<PowerDisplay>()->geometry(), QRect(31, 32, 541, 342));
         QCOMPARE(display<VoltageComparison>()->pos(), QPoint(41, 42)); // shown: with a frame
         QCOMPARE(display<VoltageComparison>()->size(), QSize(551, 352));
+        display<VoltageComparison>()->hide(); // as a dialog does
+        window->renumerateWindows(); // makes it anew
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(display<VoltageComparison>()->pos(), QPoint(41, 42));
         window->move(5, 6);
         const QPoint pos = window->pos();
         VarnelSettings().clear();
@@ -225,21 +229,6 @@ private slots:
             WindowPlace::settle(&display, {frame}); // from now on it stands where the user wants it
             QCOMPARE(display.pos(), frame.topLeft());
         }
-    }
-
-    /// Neither a dialog that hides it nor the end of the program makes it forget where it was.
-    void comparisonKeepsItsPlace()
-    {
-        window->createMdiChild();
-        trigger(ActionId::Graph);
-        display<VoltageComparison>()->move(31, 47);
-        display<VoltageComparison>()->hide();
-        window->renumerateWindows(); // makes it anew
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCOMPARE(display<VoltageComparison>()->pos(), QPoint(31, 47));
-        display<VoltageComparison>()->move(52, 63);
-        window->close();
-        QCOMPARE(VarnelSettings().value("voltagecomp/pos").toPoint(), QPoint(52, 63));
     }
 
     void displaysKeepTheirState()

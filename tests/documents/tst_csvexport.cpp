@@ -50,15 +50,6 @@ private slots:
                 "smoothed internal resistance [mOhm]|45|45|45; smoothed voltage slope [mV/min]|0|0|0"));
     }
 
-    void deviceThatTakesNoMore()
-    {
-        SeriesStore store;
-        store.append(plain());
-        QFile full("/dev/full");
-        QVERIFY(full.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
-        QVERIFY(!CsvRows(store).writeAll(full));
-    }
-
 private:
     static Varnel3Data record(const QString &figures)
     {

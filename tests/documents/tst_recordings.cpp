@@ -71,7 +71,8 @@ private slots:
     void dialogListsNewestFirst()
     {
         oldJournal(2, 0);
-        oldJournal(3, 265000);
+        const QString older = oldJournal(3, 1);
+        QVERIFY(writeFile(older, Lines::charger(0) + Lines::charger(7384)) && makeOld(older, 3));
         listen(1);
         send(1, 3);
         const QString newest = journals().constFirst();
@@ -86,7 +87,7 @@ private slots:
             const auto *delegate = static_cast<QStyledItemDelegate *>(tree->itemDelegate());
             const QString text = delegate->displayText(shown(0).data(), QLocale());
             QVERIFY2(text.endsWith("acp [Cha 6xLiPo]"), qPrintable(text));
-            QTRY_COMPARE(shown(0).sibling(0, 2).data().toString(), QString("0:00")); // is read beside
+            QTRY_COMPARE(shown(1).sibling(1, 2).data().toString(), QString("2:03")); // is read beside
             QCOMPARE(tree->model()->headerData(2, Qt::Horizontal).toString(), QString("Length"));
             for (int column = 0; column < 4; ++column)
                 QTRY_VERIFY( // the header follows the contents later
@@ -269,13 +270,11 @@ private slots:
 private:
     static QString oldJournal(int daysAgo, qint64 size)
     {
-        const QDateTime then = QDateTime::currentDateTime().addDays(-daysAgo);
         const JournalFolder folder(JournalFolder::defaultPath());
-        QDir().mkpath(folder.path());
-        QFile file(folder.fileName(then, "COM9", 1));
-        const bool done = file.open(QIODevice::WriteOnly) && file.resize(size)
-            && file.setFileTime(then, QFileDevice::FileModificationTime);
-        return done ? file.fileName() : QString();
+        const QDateTime then = QDateTime::currentDateTime().addDays(-daysAgo);
+        const QString name = folder.fileName(then, "COM9", 1);
+        const bool done = QDir().mkpath(folder.path()) && writeFile(name, "") && QFile::resize(name, size);
+        return done && makeOld(name, daysAgo) ? name : QString();
     }
 };
 

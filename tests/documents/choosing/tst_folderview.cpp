@@ -4,6 +4,7 @@
 
 #include <QCompleter>
 #include <QListView>
+#include <QScreen>
 #include <QTreeView>
 
 #include <atomic>
@@ -168,6 +169,14 @@ private slots:
             const auto names = [&] { return rows({0}); };
             QTRY_COMPARE(
                 rows({0, 1, 2}), QString("sub  Folder run2.acp 1 bytes acp File run3.acp 2 bytes acp File"));
+            QVERIFY(dialog->width() > 780 && dialog->width() <= dialog->screen()->availableSize().width());
+            const auto canEdit = [&](int column) {
+                return tree->model()
+                    ->index(1, column, tree->rootIndex())
+                    .flags()
+                    .testFlag(Qt::ItemIsEditable);
+            };
+            QVERIFY(canEdit(0) && !canEdit(1));
             tree->sortByColumn(1, Qt::DescendingOrder);
             QTRY_COMPARE(names(), QString("run3.acp run2.acp sub"));
             auto *hidden = dialog->findChild<QAction *>("qt_show_hidden_action");
@@ -195,6 +204,9 @@ private slots:
         QVERIFY(QDir().mkpath(path("sub/inner")) && QDir().mkpath(path("well")));
         diskAnswers = ::eventfd(0, 0);
         deadFolder = dead.constData();
+        QSettings toolkits(QSettings::UserScope, "QtProject");
+        const QString bookmark = QUrl::fromLocalFile(path("sub/inner")).toString();
+        toolkits.setValue("FileDialog/shortcuts", QStringList(bookmark));
         inDialog(path("sub"), [&](QFileDialog *dialog) {
             QCOMPARE(dialog->directory().path(), QDir::homePath());
             dialog->setDirectory(path(""));
@@ -212,6 +224,7 @@ private slots:
         });
         ::eventfd_write(diskAnswers, 1);
         QVERIFY(!windowHung);
+        QVERIFY(toolkits.value("FileDialog/shortcuts").toStringList().contains(bookmark)); // for better days
         deadFolder = nullptr;
     }
 
