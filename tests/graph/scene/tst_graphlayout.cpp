@@ -87,11 +87,6 @@ QString labelled(int ticks, int spacing, int last)
     return text(labelledTicks(columns, 47, last));
 }
 
-QString readable(const char *colour, const char *background)
-{
-    return GraphColours::readable(QColor(colour), QColor(background)).name();
-}
-
 } // namespace
 
 class TestGraphLayout : public QObject {
@@ -114,39 +109,29 @@ void TestGraphLayout::areAsExpected_data()
     add(places({1000, 600}),
         "40,22-900,289 40,304-900,571 | 942,22-999,575 942,22-999,289 942,304-999,571 | "
         "571 533 495 457 418 380 342 304");
-    add(places({641, 401}),
-        "40,22-541,189 40,204-541,371 | 583,22-640,376 583,22-640,189 583,204-640,371 | "
-        "371 338 304 271 237 204");
-    add(places({300, 146}), // divisions of 40 px
-        "40,22-200,62 40,77-200,117 | 242,22-299,121 242,22-299,62 242,77-299,117 | 117 97 77");
     add(places({141, 68}), "40,22-41,23 40,38-41,39 | 83,22-140,43 83,22-140,23 83,38-140,39 | 39 38");
     add(places({140, 68}), "no room");
     add(places({141, 67}), "no room");
 
     group = 1; // divisions of the times
-    add(ticks(500, 100), "4 8 3.6");
-    add(ticks(501, 100), "8 8 3.61");
-    add(ticks(449, 100), "4 4 3.09");
-    add(ticks(450, 100), "4 8 3.1");
-    add(ticks(1000, 3), "2 8 286.666667");
-    add(ticks(1000, 8), "7 8 107.5");
-    add(ticks(1000, 1), "0 8 860");
-    add(ticks(1000, 0), "0 8 0");
+    add(ticks(500, 100) + " | " + ticks(501, 100), "4 8 3.6 | 8 8 3.61");
+    add(ticks(449, 100) + " | " + ticks(450, 100), "4 4 3.09 | 4 8 3.1");
+    add(ticks(1000, 3) + " | " + ticks(1000, 8), "2 8 286.666667 | 7 8 107.5");
+    add(ticks(1000, 1) + " | " + ticks(1000, 0), "0 8 860 | 0 8 0");
 
     group = 2; // ends of the maps, of a single moment and a clock that was set back too
     const GraphLayout layout(QSize(1000, 600), 100);
-    add(text(layout.timeMap(10, 20).transform(10), ' ', layout.timeMap(10, 20).transform(20)), "40 900");
-    add(text(layout.timeMap(5, 5).transform(5), ' ', layout.timeMap(5, 5).transform(6)), "40 900");
-    add(text(layout.timeMap(20, 10).transform(20), ' ', layout.timeMap(20, 10).transform(10)), "40 900");
+    for (const Interval &times : {Interval{10, 20}, {5, 5}, {20, 10}}) {
+        const QwtScaleMap map = layout.timeMap(times.low, times.high);
+        add(text(map.transform(times.low), ' ', map.transform(times.length() ? times.high : 6)), "40 900");
+    }
     const QwtScaleMap values = layout.valueMap(PlotArea::Lower, 1, 3);
     add(text(values.transform(1), ' ', values.transform(3)), "571 304");
-    const auto scale
-        = [](QSize size, double wanted) { return text(GraphLayout::fittingScale(size, wanted)); };
-    add(scale({1000, 600}, 1.75), "1.75");
-    add(scale({480, 600}, 2.0), "1.5"); // narrow
-    add(scale({1000, 250}, 2.0), "1.25"); // low
-    add(scale({200, 100}, 2.0), "1");
-    add(scale({1000, 600}, 0.5), "1");
+    const auto scale = [](int width, int height, double wanted) {
+        return text(GraphLayout::fittingScale({width, height}, wanted));
+    };
+    add(scale(1000, 600, 1.75) + ' ' + scale(480, 600, 2.0), "1.75 1.5"); // narrow
+    add(scale(1000, 250, 2.0) + ' ' + scale(200, 100, 2.0) + ' ' + scale(1000, 600, 0.5), "1.25 1 1"); // low
 
     group = 3; // cells: few, many, on into the lower half, close, in two columns
     add(places({1000, 600}, 6),
@@ -168,43 +153,26 @@ void TestGraphLayout::areAsExpected_data()
     add(places({300, 200}, 0),
         "1: 242,22-299,38 242,39-299,55 242,56-299,72 242,56-299,72 242,104-299,171 -1");
 
-    group = 4; // zooms
+    group = 4; // zooms: what mouse and keys hardly reach
     constexpr Interval whole = {0, 1000};
     GraphZoom zoom;
-    add(shown(zoom), "all 0..1 0..1");
     zoom.moveTimes(100, whole);
     zoom.moveValues(0.125, PlotArea::Upper);
+    add(shown(zoom), "all 0..1 0..1");
+    zoom.show({0, 0}, PlotArea::Upper, {0, 0.5}, {5, 5}); // a recording without duration
+    add(shown(zoom), "all 0..1 0..1");
     zoom.zoomTimes(4, 200, whole);
-    add(shown(zoom), "150..400 0..1 0..1");
     zoom.zoomTimes(0.2, 200, whole);
-    add(shown(zoom), "all 0..1 0..1");
-    zoom.zoomTimes(1000, 500, whole);
-    add(shown(zoom), "495..505 0..1 0..1");
-    zoom.setTimes(whole, whole);
-    add(shown(zoom), "all 0..1 0..1");
-    zoom.zoomValues(4, PlotArea::Lower, 0.2, whole);
-    add(shown(zoom), "0..1000 0..1 0.15..0.4");
-    zoom.zoomValues(0.25, PlotArea::Lower, 0.2, whole);
     add(shown(zoom), "all 0..1 0..1");
     zoom.zoomValues(1e6, PlotArea::Upper, 0.5, whole);
     add(shown(zoom), "0..1000 0.4995..0.5005 0..1");
-    zoom.reset();
-    zoom.show({0, 0}, PlotArea::Upper, {0, 0.5}, {5, 5}); // a recording without duration
-    add(shown(zoom), "all 0..1 0..1");
-    zoom.show({200, 600}, PlotArea::Upper, {0.25, 0.75}, whole);
-    add(shown(zoom), "200..600 0.25..0.75 0..1");
-    zoom.moveTimes(100, whole);
-    zoom.moveValues(0.125, PlotArea::Upper);
-    add(shown(zoom), "300..700 0.375..0.875 0..1");
-    zoom.moveTimes(-1000, whole);
-    zoom.moveValues(7, PlotArea::Upper);
-    add(shown(zoom), "0..400 0.5..1 0..1");
     zoom.show({500, 501}, PlotArea::Lower, {0.5, 0.5001}, whole); // too short
-    add(shown(zoom), "495.5..505.5 0.5..1 0.49955..0.50055");
+    add(shown(zoom), "495.5..505.5 0.4995..0.5005 0.49955..0.50055");
     zoom.setTimes({400, 401}, whole);
-    add(shown(zoom), "395.5..405.5 0.5..1 0.49955..0.50055");
+    zoom.moveValues(7, PlotArea::Upper);
+    add(shown(zoom), "395.5..405.5 0.999..1 0.49955..0.50055");
     zoom.show({0, 500}, PlotArea::Lower, {0.5, 0.5}, whole); // nothing
-    add(shown(zoom), "0..500 0.5..1 0..1");
+    add(shown(zoom), "0..500 0.999..1 0..1");
     zoom.show(whole, PlotArea::Upper, {0, 0.5}, whole);
     add(shown(zoom), "0..1000 0..0.5 0..1");
     zoom.show(whole, PlotArea::Upper, {0, 1}, whole);
@@ -213,46 +181,36 @@ void TestGraphLayout::areAsExpected_data()
     group = 5; // ranges
     using namespace ValueRange;
     for (const double unit : {1.0, 1000.0}) {
-        const auto current = [&](double minimum, double maximum, const char *expected) {
-            const Interval range = ofCurrent(minimum * unit, maximum * unit, unit);
-            add(text(Interval{range.low / unit, range.high / unit}), expected);
+        struct Row {
+            double minimum, maximum;
+            const char *expected;
         };
-        current(1.0, 2.0, "1..2.2");
-        current(1.0, 1.25, "1..1.375"); // just wide
-        current(1.0, 1.2, "0.875..1.325");
-        current(0.05, 0.2, "0..0.325");
-        current(0.5, 0.5 + 1.0 / 512, "0.375..0.626953125");
-        current(0.5, 0.5 + 1.0 / 1024, "0..0.551074219"); // constant
-        current(0.25, 0.25, "0..0.275");
-        current(0.1, 0.1, "0..0.225");
-        current(0.0, 0.0, "0..0.125");
-        current(-1.0, 1.0, "-1..1.1");
-        current(-2.0, -1.0, "-2.2..-1");
-        current(-2.0, -2.0, "-2.2..0");
-        current(-2.0, 0.0, "-2.2..0");
+        const Row currents[]
+            = {{1.0, 2.0, "1..2.2"}, {1.0, 1.25, "1..1.375"}, {1.0, 1.2, "0.875..1.325"}, // narrow
+                {0.05, 0.2, "0..0.325"}, {0.5, 0.5 + 1.0 / 512, "0.375..0.626953125"},
+                {0.5, 0.5 + 1.0 / 1024, "0..0.551074219"}, {0.25, 0.25, "0..0.275"}, // constant
+                {0.1, 0.1, "0..0.225"}, {0.0, 0.0, "0..0.125"}, {-1.0, 1.0, "-1..1.1"},
+                {-2.0, -1.0, "-2.2..-1"}, {-2.0, -2.0, "-2.2..0"}, {-2.0, 0.0, "-2.2..0"}};
+        for (const Row &row : currents) {
+            const Interval range = ofCurrent(row.minimum * unit, row.maximum * unit, unit);
+            add(text(Interval{range.low / unit, range.high / unit}), row.expected);
+        }
     }
-    add(text(ofVoltage(46.3, 46.8)), "46.25..46.85");
-    add(text(ofVoltage(66.0, 66.05)), "65.875..66.175");
-    add(text(ofVoltage(7.4, 7.4)), "7.25..7.55");
-    add(text(ofVoltage(0.0, 10.0)), "0..11");
-    add(text(ofVoltage(-1.0, 9.0)), "-2..10");
-    add(text(ofEnergy(0.0, 900.0)), "0..990");
-    add(text(ofEnergy(900.0, 1900.0)), "800..2000"); // a second half
-    add(text(ofEnergy(900.0, 900.0)), "899..911");
-    add(text(ofEnergy(0.0, 0.0)), "0..11");
-    add(text(ofTemperature(23.2, 24.2)), "22..26"); // 21.95, 25.45
-    add(text(ofTemperature(23.0, 47.0)), "23..47");
-    add(text(ofTemperature(23.3, 47.4)), "23..48");
-    add(text(ofTemperature(-8.5, 0.2)), "-9..1");
-    add(text(ofSlope(-1.0, 1.0, 10)), "-2.25..2.25"); // a falling voltage is what counts
-    add(text(ofSlope(-20.0, -5.0, 10)), "-22..-5");
-    add(text(ofResistance(43, 43, {0.95, 0.95})), "41.71..50.31");
-    add(text(ofResistance(5, 5, {0.95, 0.95})), "4.7..6.7");
+    add(text(ofVoltage(46.3, 46.8), ofVoltage(66.0, 66.05), ofVoltage(7.4, 7.4), ofVoltage(0, 10)),
+        "46.25..46.85 65.875..66.175 7.25..7.55 0..11");
+    add(text(ofVoltage(-1, 9)), "-2..10");
+    add(text(ofEnergy(0, 900), ofEnergy(900, 1900), ofEnergy(900, 900), ofEnergy(0, 0)),
+        "0..990 800..2000 899..911 0..11");
+    add(text(ofTemperature(23.2, 24.2), ofTemperature(23, 47), ofTemperature(23.3, 47.4),
+            ofTemperature(-8.5, 0.2)),
+        "22..26 23..47 23..48 -9..1");
+    add(text(ofSlope(-1, 1, 10), ofSlope(-20, -5, 10)),
+        "-2.25..2.25 -22..-5"); // a falling voltage is what counts
+    add(text(ofResistance(43, 43, {0.95, 0.95}), ofResistance(5, 5, {0.95, 0.95})), "41.71..50.31 4.7..6.7");
     add(text(ofResistance(40, 54, {0.95, 0.97})), "37..57");
     add(text(ofResistance(40, 52, {0.15, 0.5})), "35..55"); // its lowest place is taken
     add(text(ofResistance(40, 52, {0.45, 0.85})), "37..57"); // the highest
-    add(text(ofCells(3.5, 4.2, 5)), "3.3..4.35");
-    add(text(ofCells(2.9, 4.4, 5)), "2.9..4.4");
+    add(text(ofCells(3.5, 4.2, 5), ofCells(2.9, 4.4, 5)), "3.3..4.35 2.9..4.4");
     add(text(ofCells(1.0, 1.5, Varnel3Data::noCellType)), "0.95..1.55");
 
     group = 6; // round times
@@ -269,34 +227,25 @@ void TestGraphLayout::areAsExpected_data()
         "345600");
 
     group = 7; // labels that don't touch
-    add(labelled(5, 47, 0), "0 1 2 3 4");
-    add(labelled(9, 46, 0), "0 2 4 6 8");
-    add(labelled(9, 16, 0), "2 5 8"); // every third, the last too
-    add(labelled(5, 11, 0), "4"); // the last alone
-    add(labelled(5, 40, 14), "0 2 4"); // even numbers
-    add(labelled(5, 40, 15), "1 3"); // moved on
-    add(labelled(5, 0, 0), "4");
-    add(labelled(1, 0, 0), "0");
-    add(labelled(0, 0, 0), "");
+    add(labelled(5, 47, 0) + " | " + labelled(9, 46, 0), "0 1 2 3 4 | 0 2 4 6 8");
+    add(labelled(9, 16, 0) + " | " + labelled(5, 11, 0),
+        "2 5 8 | 4"); // every third, the last too; that alone
+    add(labelled(5, 40, 14) + " | " + labelled(5, 40, 15), "0 2 4 | 1 3"); // even numbers, moved on
+    add(labelled(5, 0, 0) + " | " + labelled(1, 0, 0) + " | " + labelled(0, 0, 0), "4 | 0 | ");
 
-    group = 8; // neighbours, of which the first has a contrast of 4.5 to its background, the second not
-    add(readable("#767676", "#ffffff"), "#767676");
-    add(readable("#777777", "#ffffff"), "#727272");
-    add(readable("#ee0000", "#ffffff"), "#ee0000");
-    add(readable("#ef0000", "#ffffff"), "#e50000");
-    add(readable("#008a00", "#ffffff"), "#008a00");
-    add(readable("#008b00", "#ffffff"), "#008100");
-    add(readable("#6161ff", "#ffffff"), "#6161ff");
-    add(readable("#6262ff", "#ffffff"), "#5858ff");
-    add(readable("#757575", "#000000"), "#757575");
-    add(readable("#747474", "#000000"), "#797979");
-    add(readable("#eb0000", "#000000"), "#eb0000");
-    add(readable("#ea0000", "#000000"), "#f40000");
-    add(readable("#0000ff", "#000000"), "#6666ff");
-    add(readable("#00c100", "#3c3c3c"), "#00c100");
-    add(readable("#00c000", "#3c3c3c"), "#00ca00");
-    add(readable("#ffff00", "#dee2e6"), "#666600");
-    add(readable("#777777", "#777777"), "#070707");
+    // neighbours, of which the first has a contrast of 4.5 to its background, the second not
+    const char *const colours[][3] = {{"#767676", "#ffffff", "#767676"}, {"#777777", "#ffffff", "#727272"},
+        {"#ee0000", "#ffffff", "#ee0000"}, {"#ef0000", "#ffffff", "#e50000"},
+        {"#008a00", "#ffffff", "#008a00"}, {"#008b00", "#ffffff", "#008100"},
+        {"#6161ff", "#ffffff", "#6161ff"}, {"#6262ff", "#ffffff", "#5858ff"},
+        {"#757575", "#000000", "#757575"}, {"#747474", "#000000", "#797979"},
+        {"#eb0000", "#000000", "#eb0000"}, {"#ea0000", "#000000", "#f40000"},
+        {"#0000ff", "#000000", "#6666ff"}, {"#00c100", "#3c3c3c", "#00c100"},
+        {"#00c000", "#3c3c3c", "#00ca00"}, {"#ffff00", "#dee2e6", "#666600"},
+        {"#777777", "#777777", "#070707"}};
+    group = 8;
+    for (const auto &[colour, background, text] : colours)
+        add(GraphColours::readable(QColor(colour), QColor(background)).name(), text);
 }
 
 void TestGraphLayout::areAsExpected()
