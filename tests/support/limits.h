@@ -36,7 +36,7 @@ public:
 /// A figure of /proc/self/statm in bytes; 0 where the system does not tell.
 inline qint64 ownBytes(int figure)
 {
-    QFile statm(QStringLiteral("/proc/self/statm"));
+    QFile statm("/proc/self/statm");
     return statm.open(QIODevice::ReadOnly) ? statm.readAll().split(' ').at(figure).toLongLong() * 4096 : 0;
 }
 

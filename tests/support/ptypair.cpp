@@ -10,6 +10,25 @@
 #include <termios.h>
 #include <unistd.h>
 
+namespace {
+
+// All that is there, and what comes within so many ms.
+QByteArray takeFrom(int end, int patience)
+{
+    QByteArray all;
+    char buffer[4096];
+    pollfd ready = {end, POLLIN, 0};
+    while (poll(&ready, 1, patience) > 0) {
+        const auto n = read(end, buffer, sizeof buffer);
+        if (n <= 0)
+            break;
+        all.append(buffer, int(n));
+    }
+    return all;
+}
+
+} // namespace
+
 PtyPair::PtyPair(const QString &folder, const QString &portName)
     : m_portName(portName)
     , m_link(folder + QLatin1Char('/') + portName)
@@ -47,28 +66,12 @@ void PtyPair::send(const QByteArray &bytes)
 
 QByteArray PtyPair::received()
 {
-    QByteArray all;
-    char buffer[4096];
-    for (;;) {
-        const auto n = read(m_master, buffer, sizeof buffer);
-        if (n <= 0)
-            return all;
-        all.append(buffer, int(n));
-    }
+    return takeFrom(m_master, 0);
 }
 
 QByteArray PtyPair::takeUnread()
 {
-    QByteArray all;
-    char buffer[4096];
-    pollfd ready = {m_slave, POLLIN, 0};
-    while (poll(&ready, 1, 100) > 0) {
-        const auto n = read(m_slave, buffer, sizeof buffer);
-        if (n <= 0)
-            break;
-        all.append(buffer, int(n));
-    }
-    return all;
+    return takeFrom(m_slave, 100);
 }
 
 int PtyPair::waiting() const

@@ -143,8 +143,9 @@ y 22 61 100 139 154 193 232 271 : 40 400; pen #00ff00; curve 4 123 436 30 13 1
 pen #ffff00; curve 4 198 436 198 13 1; column 407 65 26| 12,3| 15,8
 pen #00ffff; curve 4 165 436 165 13 1; pen #ff0000; curve 4 233 436 233 13 1
 pen #00ff00; font 10; column 10 65 26|11,52|11,57)");
-    add("20 zoomUpper=300,1140,0,1 size=460,300", "'00:", R"(
-pen #ffffff; font 11; row 293 89 180 271|00:08:00|00:12:00|00:16:00)");
+    add("20 zoomUpper=0,780,0,1 size=440,300", "'00:", R"(
+pen #ffffff; font 11; row 293 20 112 205 297|00:00:00|00:04:00|00:08:00|00:12:00)");
+    add("4 size=240,200", "'00:", "pen #ffffff; font 11; row 193 53 120|00:00:59|00:03:00");
     add("20 zoomLower=300,900,0.5,0.501", "at (10|407),(275|158)", R"(
 pen #00ffff; font 11; column 407 275 158|1,3750|1,3778; pen #ff0000; font 8
 column 10 275 158|26,000|26,004)");
@@ -214,6 +215,10 @@ pen #66aaff; left 53 149 89 13 Cell 9; pen #e991a7; left 153 32 89 13 Cell 10)")
         "pen #505050; box 48 27 98 244 #eb3c3c3c");
     add("3 Avg cursor=2 size=200,120", "pen1|3c3c3c|at [34].*,(42|55) ", R"(
 pen #505050; box 31 27 61 23 #eb3c3c3c; pen #ffffff; font 11; right 36 32 51 13 00:02:00)"); // the time alone
+    add("20 cursor=5 size=301,300", "pen1|3c3c3c", "pen #505050; box 90 27 111 88 #eb3c3c3c"); // just fits
+    add("20 cursor=5 size=290,300", "pen1|3c3c3c", "pen #505050; box 0 27 111 88 #eb3c3c3c"); // nowhere
+    add("3 Avg cursor=0", "20 mV", R"(
+pen #ff8800; font 11; right 53 84 88 13 20 mV; pen #ffffff; font 8; right 442 107 56 17 20 mV)");
     add("20 zoomUpper=300,900,0,1 cursor=4", "3c3c3c", "");
     add("20 zoomUpper=300,900,0,1 cursor=16", "3c3c3c", "");
     add("20 cursor=20", "3c3c3c", "");
