@@ -21,7 +21,7 @@
     </message>
     <message>
         <source>Distributor</source>
-        <translation>Händler</translation>
+        <translation>Vertrieb</translation>
     </message>
 </context>
 <context>
@@ -305,7 +305,7 @@ Ein Fenster öffnet sich, sobald ein Gerät sendet.</translation>
     <message>
         <source>The current window was fed by %1, which is not listened on.
 Stop the process of the device on %2?</source>
-        <translation>Das aktuelle Fenster kam von %1, wo nicht empfangen wird.
+        <translation>Die Daten des aktuellen Fensters kamen von %1; dort wird nicht empfangen.
 Den Vorgang des Geräts an %2 stoppen?</translation>
     </message>
     <message>
@@ -1254,6 +1254,14 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
         <source>Lines differ in dashes and lightness, not in hue alone; bars carry letters</source>
         <translation>Linien unterscheiden sich durch Strichelung und Helligkeit, nicht nur durch Farbe; Balken tragen Buchstaben</translation>
     </message>
+    <message>
+        <source>User guide</source>
+        <translation>Handbuch</translation>
+    </message>
+    <message>
+        <source>Open the manual in your browser.</source>
+        <translation>Das Handbuch im Browser öffnen.</translation>
+    </message>
 </context>
 <context>
     <name>MdiGraphChild</name>
@@ -1546,7 +1554,7 @@ Prüfen Sie, ob der Name stimmt.</translation>
     </message>
     <message>
         <source>Lost: %1</source>
-        <translation>Verloren: %1</translation>
+        <translation>Getrennt: %1</translation>
     </message>
     <message>
         <source>The device or its adapter went away. Listening goes on when it is back.</source>
@@ -1578,7 +1586,7 @@ Prüfen Sie, ob der Name stimmt.</translation>
     </message>
     <message>
         <source>Window closed: %1</source>
-        <translation>Fenster zu: %1</translation>
+        <translation>Fenster geschlossen: %1</translation>
     </message>
     <message>
         <source>The graph window was closed. A window opens again with the next process.</source>
@@ -1661,6 +1669,21 @@ Prüfen Sie, ob der Name stimmt.</translation>
     <message>
         <source>The journal could not keep all of it. Save it before its window closes?</source>
         <translation>Das Journal konnte nicht alles behalten. Speichern, bevor ihr Fenster schließt?</translation>
+    </message>
+</context>
+<context>
+    <name>UserGuide</name>
+    <message>
+        <source>The user guide is not installed.</source>
+        <translation>Das Handbuch ist nicht installiert.</translation>
+    </message>
+    <message>
+        <source>No program opens the user guide. It lies in:</source>
+        <translation>Kein Programm öffnet das Handbuch. Es liegt in:</translation>
+    </message>
+    <message>
+        <source>User guide</source>
+        <translation>Handbuch</translation>
     </message>
 </context>
 <context>

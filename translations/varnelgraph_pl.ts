@@ -1257,6 +1257,14 @@ Zatrzymać proces urządzenia na %2?</translation>
         <source>Lines differ in dashes and lightness, not in hue alone; bars carry letters</source>
         <translation>Linie różnią się kreskowaniem i jasnością, nie tylko barwą; słupki mają litery</translation>
     </message>
+    <message>
+        <source>User guide</source>
+        <translation>Podręcznik</translation>
+    </message>
+    <message>
+        <source>Open the manual in your browser.</source>
+        <translation>Otwiera podręcznik w przeglądarce.</translation>
+    </message>
 </context>
 <context>
     <name>MdiGraphChild</name>
@@ -1549,7 +1557,7 @@ Sprawdź, czy podano właściwą nazwę.</translation>
     </message>
     <message>
         <source>Lost: %1</source>
-        <translation>Utracono: %1</translation>
+        <translation>Odłączono: %1</translation>
     </message>
     <message>
         <source>The device or its adapter went away. Listening goes on when it is back.</source>
@@ -1664,6 +1672,21 @@ Sprawdź, czy podano właściwą nazwę.</translation>
     <message>
         <source>The journal could not keep all of it. Save it before its window closes?</source>
         <translation>Dziennik nie zachował całości. Zapisać przed zamknięciem okna?</translation>
+    </message>
+</context>
+<context>
+    <name>UserGuide</name>
+    <message>
+        <source>The user guide is not installed.</source>
+        <translation>Podręcznik nie jest zainstalowany.</translation>
+    </message>
+    <message>
+        <source>No program opens the user guide. It lies in:</source>
+        <translation>Żaden program nie otwiera podręcznika. Znajduje się w:</translation>
+    </message>
+    <message>
+        <source>User guide</source>
+        <translation>Podręcznik</translation>
     </message>
 </context>
 <context>
