@@ -711,7 +711,7 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
     </message>
     <message>
         <source>Avg</source>
-        <translation>Mittel</translation>
+        <translation>Ø</translation>
     </message>
     <message>
         <source>Min</source>

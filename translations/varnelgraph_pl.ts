@@ -710,7 +710,7 @@ Zatrzymać proces urządzenia na %2?</translation>
     </message>
     <message>
         <source>Max</source>
-        <translation>Maks.</translation>
+        <translation>Max</translation>
     </message>
     <message>
         <source>Avg</source>

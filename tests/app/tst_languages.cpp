@@ -4,9 +4,9 @@
 #include "dialogs/dialogpreferences.h"
 #include "dialogs/dialogremotecontrol.h"
 #include "resources/resources.h"
-#include "settings/language.h"
 #include "support/columns.h"
 #include "support/lines.h"
+#include "support/literal.h"
 #include "support/modaldialog.h"
 #include "support/shellrig.h"
 
@@ -16,103 +16,11 @@
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QMenuBar>
-#include <QProcess>
 #include <QPushButton>
 #include <QStyleOptionButton>
 #include <QStyleOptionComboBox>
 #include <QToolButton>
 #include <QTreeView>
-
-namespace {
-
-/// The room that a widget's style leaves for its text, px.
-int roomFor(const QAbstractButton &button)
-{
-    QStyleOptionButton option;
-    option.initFrom(&button);
-    const bool box = qobject_cast<const QCheckBox *>(&button);
-    return button.style()
-        ->subElementRect(box ? QStyle::SE_CheckBoxContents : QStyle::SE_PushButtonContents, &option, &button)
-        .width();
-}
-
-int roomFor(const QComboBox &box)
-{
-    QStyleOptionComboBox option;
-    option.initFrom(&box);
-    return box.style()
-        ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &box)
-        .width();
-}
-
-/// Takes down what is cut off in the windows that are shown.
-class CutTexts {
-public:
-    void look()
-    {
-        QCoreApplication::processEvents(); // layouts follow later
-        const QWidgetList all = QApplication::allWidgets();
-        for (QWidget *widget : all) {
-            if (!widget->isVisible() || widget->objectName() == QLatin1String("lookInCombo")) // a path
-                continue;
-            if (const auto *label = qobject_cast<QLabel *>(widget))
-                lookAt(*label);
-            else if (auto *button = qobject_cast<QAbstractButton *>(widget))
-                lookAt(*button);
-            else if (const auto *box = qobject_cast<QComboBox *>(widget))
-                for (int i = 0; i < box->count(); ++i)
-                    need(*widget, box->itemText(i), box->fontMetrics().horizontalAdvance(box->itemText(i)),
-                        roomFor(*box));
-            else if (const auto *tree = qobject_cast<QTreeView *>(widget))
-                lookAt(*tree);
-        }
-    }
-    QStringList found;
-
-private:
-    void lookAt(const QLabel &label)
-    {
-        if (label.wordWrap() || label.textFormat() == Qt::RichText || label.text().contains('<')) {
-            const int height = label.hasHeightForWidth() ? label.heightForWidth(label.width())
-                                                         : label.minimumSizeHint().height();
-            need(label, label.text(), height, label.height());
-            return;
-        }
-        need(label, label.text(), label.fontMetrics().size(Qt::TextShowMnemonic, label.text()).width(),
-            label.contentsRect().width());
-    }
-    void lookAt(QAbstractButton &button)
-    {
-        const auto *tool = qobject_cast<QToolButton *>(&button);
-        if (tool)
-            need(button, button.text(), tool->sizeHint().width(), tool->width());
-        else
-            need(button, button.text(),
-                button.fontMetrics().size(Qt::TextShowMnemonic, button.text()).width(), roomFor(button));
-    }
-    void lookAt(const QTreeView &tree)
-    {
-        const QHeaderView &header = *tree.header();
-        for (int i = 0; i < header.count(); ++i) {
-            if (header.isSectionHidden(i))
-                continue;
-            need(tree, tree.model()->headerData(i, Qt::Horizontal).toString(), header.sectionSizeHint(i),
-                header.sectionSize(i));
-            const QModelIndex first = tree.model()->index(0, i, tree.rootIndex());
-            need(tree, first.data().toString(), tree.sizeHintForIndex(first).width(), header.sectionSize(i));
-        }
-    }
-    void need(const QWidget &widget, const QString &text, int needed, int room)
-    {
-        const QString fault
-            = QStringLiteral("%1: \"%2\" needs %3 px of %4")
-                  .arg(widget.objectName(), text, QString::number(needed), QString::number(room));
-        if (!text.isEmpty() && needed > room && !found.contains(fault))
-            found << fault;
-    }
-};
-
-} // namespace
 
 /// The program in each of its languages.
 class TestLanguages : public QObject, private ShellRig {
@@ -124,7 +32,7 @@ private slots:
     void cleanup()
     {
         tearDown();
-        installLanguage(QStringLiteral("en"));
+        installLanguage("en"_s);
     }
     void whoChooses_data();
     void whoChooses();
@@ -132,35 +40,32 @@ private slots:
     void everyTextHasRoom();
 
 private:
-    void showFigures(CutTexts *texts) const;
-    void showDialogs(CutTexts *texts);
+    void showFigures();
+    void showDialogs();
+    void look(); ///< Takes down what is cut off in the windows that are shown.
+    void lookAt(const QLabel &label);
+    void lookAt(QAbstractButton &button);
+    void lookAt(const QComboBox &box);
+    void lookAt(const QTreeView &tree);
+    void need(const QString &text, int needed, int room);
     QStringList mnemonicsThatClash() const;
+
+    QStringList cut;
 };
 
 void TestLanguages::whoChooses_data()
 {
-    columns<QString, QString, QString, QString>({"system", "preference", "words", "said"});
-    const QString english = QStringLiteral("Records what battery");
-    const QString polish = QStringLiteral("Nagrywa to, co");
-    const QString german = QStringLiteral("Zeichnet auf, was");
-    QTest::newRow("system") << "de_AT"
-                            << ""
-                            << "" << german;
-    QTest::newRow("first that is known") << "fr_FR:pl:de"
-                                         << ""
-                                         << "" << polish;
-    QTest::newRow("none that is known") << "fr_FR"
-                                        << ""
-                                        << "" << english;
-    QTest::newRow("preferences") << "de"
-                                 << "pl"
-                                 << "" << polish;
-    QTest::newRow("preference that is not known") << "de"
-                                                  << "xx"
-                                                  << "" << german;
-    QTest::newRow("command line") << "de"
-                                  << "pl"
-                                  << "--language=en" << english;
+    columns<QString, QString, QString, QString>({"system", "preference", "word", "said"});
+    const auto row = [](const char *name, const char *system, const char *preference, const char *word,
+                         const char *said) {
+        QTest::newRow(name) << QString(system) << QString(preference) << QString(word) << QString(said);
+    };
+    row("system", "de_AT", "", "--help", "Zeichnet auf, was");
+    row("first that is known", "fr_FR:pl:de", "", "--help", "Nagrywa to, co");
+    row("none that is known", "fr_FR", "", "--help", "Records what battery");
+    row("preferences", "de", "pl", "--help", "Nagrywa to, co");
+    row("preference that is not known", "de", "xx", "--help", "Zeichnet auf, was");
+    row("command line", "de", "pl", "--language=en", "Records what battery");
 }
 
 /// Of the program itself, which says what it is for in that language.
@@ -168,57 +73,55 @@ void TestLanguages::whoChooses()
 {
     QFETCH(QString, system);
     QFETCH(QString, preference);
-    QFETCH(QString, words);
-    const QString config = fixture->path(QStringLiteral("config"));
-    QSettings settings(config + QStringLiteral("/VarnelGraph/VarnelGraph.ini"), QSettings::IniFormat);
-    settings.setValue(QStringLiteral("language"), preference);
+    QFETCH(QString, word);
+    const QString config = fixture->path("config"_s);
+    QSettings settings(config + "/VarnelGraph/VarnelGraph.ini"_s, QSettings::IniFormat);
+    settings.setValue("language"_s, preference);
     settings.sync();
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("LANGUAGE"), system);
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), config);
+    environment.insert("LANGUAGE"_s, system);
+    environment.insert("LC_ALL"_s, "C.UTF-8"_s);
+    environment.insert("XDG_CONFIG_HOME"_s, config);
     QProcess program;
     program.setProcessEnvironment(environment);
-    program.start(QStringLiteral(VARNELGRAPH_PROGRAM),
-        words.split(QLatin1Char(' '), Qt::SkipEmptyParts) << QStringLiteral("--help"));
+    program.start(QStringLiteral(VARNELGRAPH_PROGRAM), {word, "--help"_s});
     QVERIFY(program.waitForFinished(60000));
-    const QString description
-        = QString::fromUtf8(program.readAllStandardOutput()).section(QLatin1Char('\n'), 1, 1);
-    QTEST(description.section(QLatin1Char(' '), 0, 2), "said");
+    const QString description = QString::fromUtf8(program.readAllStandardOutput()).section('\n', 1, 1);
+    QTEST(description.section(' ', 0, 2), "said");
 }
 
 void TestLanguages::everyTextHasRoom_data()
 {
     columns<QString>({"cancel"});
-    QTest::newRow("en") << QStringLiteral("Cancel");
-    QTest::newRow("pl") << QStringLiteral("Anuluj");
-    QTest::newRow("de") << QStringLiteral("Abbrechen");
+    QTest::newRow("en") << "Cancel"_s;
+    QTest::newRow("pl") << "Anuluj"_s;
+    QTest::newRow("de") << "Abbrechen"_s;
 }
 
-/// Every window and dialog with the widest that it shows.
+/// In every window and dialog, with the widest that it shows.
 void TestLanguages::everyTextHasRoom()
 {
+    cut.clear();
     installLanguage(QLatin1String(QTest::currentDataTag()));
     installStyleSheet(qApp, fixture->path(QString()));
-    CutTexts texts;
-    VarnelSettings().setPorts({plug(QStringLiteral("COM1"))->portName()});
+    VarnelSettings().setPorts({plug("COM1"_s)->portName()});
     window = std::make_unique<MainWindow>();
     window->show();
     QTRY_COMPARE(listened().size(), 1);
     plugged.front()->send(Lines::charger(1));
     QTRY_VERIFY(window->activeMdiChild());
-    for (const ActionId id :
+    for (ActionId id :
         {ActionId::Data, ActionId::Graph, ActionId::BarGraph, ActionId::Balancer, ActionId::Power})
         trigger(id);
-    showFigures(&texts);
-    showDialogs(&texts);
-    QVERIFY2(texts.found.isEmpty(), qPrintable(texts.found.join('\n')));
+    showFigures();
+    showDialogs();
+    QVERIFY2(cut.isEmpty(), qPrintable(cut.join('\n')));
     QCOMPARE(mnemonicsThatClash().join(','), QString());
     QMessageBox box(QMessageBox::Question, QString(), QString(), QMessageBox::Cancel);
-    QTEST(box.button(QMessageBox::Cancel)->text().remove('&'), "cancel");
+    QTEST(box.button(QMessageBox::Cancel)->text().remove('&'), "cancel"); // Qt's own texts
 }
 
-void TestLanguages::showFigures(CutTexts *texts) const
+void TestLanguages::showFigures()
 {
     Varnel3Data record = Lines::record(360000);
     record.cellType = 11; // has the widest name
@@ -226,56 +129,123 @@ void TestLanguages::showFigures(CutTexts *texts) const
     for (int value = 0; value < 3; ++value, trigger(ActionId::Energy)) {
         for (record.mode = Varnel3Data::Charge; record.mode < Varnel3Data::NoMode; ++record.mode) {
             window->updateData(record, 1);
-            texts->look();
+            look();
         }
     }
     trigger(ActionId::Balancer); // off: the display's other view
     window->updateData(record = Lines::record(1), 1);
-    texts->look();
+    look();
 }
 
-void TestLanguages::showDialogs(CutTexts *texts)
+void TestLanguages::showDialogs()
 {
     DialogPreferences preferences(window.get());
     About about(window.get());
     DialogRemoteControl remote(nullptr, window.get(), {1000000, 1000000, 1000000});
-    for (QDialog *dialog : {static_cast<QDialog *>(&preferences), static_cast<QDialog *>(&about),
-             static_cast<QDialog *>(&remote)})
+    for (QDialog *dialog : std::initializer_list<QDialog *>{&preferences, &about, &remote})
         dialog->show();
     for (const char *state : {"#TRYB00", "#TRYB01", "#TRYB02", "#TRYB03", "#TRYB04"}) {
         remote.control_data(QLatin1String(state));
-        texts->look();
+        look();
     }
     for (int end = 0; end < 3; ++end) {
         window->endProcess(end);
-        texts->look();
+        look();
         window->endProcessMessage();
     }
-    for (const ActionId id : {ActionId::Open, ActionId::OpenRecordings, ActionId::SaveAs, ActionId::ExportCsv,
-             ActionId::SavePicture}) {
+    for (ActionId id : {ActionId::Open, ActionId::OpenRecordings, ActionId::SaveAs, ActionId::ExportCsv}) {
         whenModal<QFileDialog>(window.get(), [&](QFileDialog *dialog) {
-            QTRY_VERIFY(
-                dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->placeholderText().isEmpty());
-            texts->look();
+            QTRY_VERIFY(dialog->findChild<QLineEdit *>("fileNameEdit"_s)->placeholderText().isEmpty());
+            look();
             dialog->reject();
         });
         trigger(id);
     }
 }
 
-/// Two entries of one menu under one key.
+void TestLanguages::look()
+{
+    QCoreApplication::processEvents(); // layouts follow later
+    const QWidgetList all = QApplication::allWidgets();
+    for (QWidget *widget : all) {
+        if (!widget->isVisible())
+            continue;
+        if (const auto *label = qobject_cast<QLabel *>(widget))
+            lookAt(*label);
+        else if (auto *button = qobject_cast<QAbstractButton *>(widget))
+            lookAt(*button);
+        else if (const auto *box = qobject_cast<QComboBox *>(widget))
+            lookAt(*box);
+        else if (const auto *tree = qobject_cast<QTreeView *>(widget))
+            lookAt(*tree);
+    }
+}
+
+void TestLanguages::lookAt(const QLabel &label)
+{
+    const QString text = label.text();
+    if (label.wordWrap())
+        need(text, label.heightForWidth(label.width()), label.height());
+    else if (text.contains('<'))
+        need(text, label.sizeHint().width(), label.width());
+    else
+        need(
+            text, label.fontMetrics().size(Qt::TextShowMnemonic, text).width(), label.contentsRect().width());
+}
+
+void TestLanguages::lookAt(QAbstractButton &button)
+{
+    const bool isBox = qobject_cast<QCheckBox *>(&button);
+    if (!isBox && !qobject_cast<QPushButton *>(&button))
+        return need(button.text(), button.sizeHint().width(), button.width());
+    QStyleOptionButton option;
+    option.initFrom(&button);
+    const auto contents = isBox ? QStyle::SE_CheckBoxContents : QStyle::SE_PushButtonContents;
+    need(button.text(), button.fontMetrics().size(Qt::TextShowMnemonic, button.text()).width(),
+        button.style()->subElementRect(contents, &option, &button).width());
+}
+
+void TestLanguages::lookAt(const QComboBox &box)
+{
+    QStyleOptionComboBox option;
+    option.initFrom(&box);
+    const QRect field
+        = box.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &box);
+    for (int i = 0; i < box.count() && box.objectName() != "lookInCombo"_s; ++i) // which has paths
+        need(box.itemText(i), box.fontMetrics().horizontalAdvance(box.itemText(i)), field.width());
+}
+
+void TestLanguages::lookAt(const QTreeView &tree)
+{
+    const QHeaderView &header = *tree.header();
+    for (int i = 0; i < header.count(); ++i) {
+        if (header.isSectionHidden(i))
+            continue;
+        need(tree.model()->headerData(i, Qt::Horizontal).toString(), header.sectionSizeHint(i),
+            header.sectionSize(i));
+        const QModelIndex first = tree.model()->index(0, i, tree.rootIndex());
+        need(first.data().toString(), tree.sizeHintForIndex(first).width(), header.sectionSize(i));
+    }
+}
+
+void TestLanguages::need(const QString &text, int needed, int room)
+{
+    const QString fault = QStringLiteral("\"%1\" needs %2 px of %3").arg(text).arg(needed).arg(room);
+    if (!text.isEmpty() && needed > room && !cut.contains(fault))
+        cut << fault;
+}
+
+/// Second entries of one menu under one key.
 QStringList TestLanguages::mnemonicsThatClash() const
 {
     QStringList clashes;
     QList<QWidget *> menus = {window->menuBar()};
-    const auto all = window->findChildren<QMenu *>();
-    for (QMenu *menu : all)
+    for (QMenu *menu : window->findChildren<QMenu *>())
         if (!qobject_cast<QMdiSubWindow *>(menu->parent())) // the system menus are Qt's
             menus << menu;
     for (const QWidget *menu : qAsConst(menus)) {
         QStringList keys;
-        const auto actions = menu->actions();
-        for (const QAction *action : actions) {
+        for (const QAction *action : menu->actions()) {
             const QString key = QKeySequence::mnemonic(action->text()).toString();
             if (!key.isEmpty() && keys.contains(key))
                 clashes << action->text();

@@ -25,7 +25,7 @@ constexpr int numberAlignment = Qt::AlignRight | Qt::AlignVCenter | Qt::TextDont
 // Cells are numbered; maximum, average, minimum and delta have names.
 bool isNumbered(const GraphScene::Entry &entry)
 {
-    return entry.name.size() <= 2;
+    return !entry.name.isEmpty() && entry.name[0].isDigit();
 }
 
 bool isNarrow(const QRect &row)
