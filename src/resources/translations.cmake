@@ -4,7 +4,8 @@ get_target_property(qmake Qt5::qmake IMPORTED_LOCATION)
 execute_process(COMMAND ${qmake} -query QT_INSTALL_TRANSLATIONS OUTPUT_VARIABLE qt_translations
     OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
 get_filename_component(qt_tools ${qmake} DIRECTORY)
-find_program(LRELEASE NAMES lrelease lrelease-qt5 HINTS ${qt_tools} /usr/lib/qt5/bin REQUIRED)
+find_program(LRELEASE NAMES lrelease lrelease-qt5 HINTS ${VARNEL_HOST_TOOLS} ${qt_tools} /usr/lib/qt5/bin
+    PATH_SUFFIXES bin REQUIRED)
 find_path(QT_TRANSLATIONS qtbase_de.qm NO_CMAKE_FIND_ROOT_PATH REQUIRED
     HINTS ${qt_translations} ${Qt5_DIR}/../../../translations ${Qt5_DIR}/../../../share/qt5/translations
     PATHS /usr/share/qt5/translations)

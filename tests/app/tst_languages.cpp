@@ -240,12 +240,14 @@ QStringList TestLanguages::mnemonicsThatClash() const
 {
     QStringList clashes;
     QList<QWidget *> menus = {window->menuBar()};
-    for (QMenu *menu : window->findChildren<QMenu *>())
+    const auto all = window->findChildren<QMenu *>();
+    for (QMenu *menu : all)
         if (!qobject_cast<QMdiSubWindow *>(menu->parent())) // the system menus are Qt's
             menus << menu;
     for (const QWidget *menu : qAsConst(menus)) {
         QStringList keys;
-        for (const QAction *action : menu->actions()) {
+        const auto actions = menu->actions();
+        for (const QAction *action : actions) {
             const QString key = QKeySequence::mnemonic(action->text()).toString();
             if (!key.isEmpty() && keys.contains(key))
                 clashes << action->text();
