@@ -23,6 +23,14 @@
         <source>Distributor</source>
         <translation>Vertrieb</translation>
     </message>
+    <message>
+        <source>Picture of a charger</source>
+        <translation>Bild eines Ladegeräts</translation>
+    </message>
+    <message>
+        <source>Closes this box.</source>
+        <translation>Schließt dieses Fenster.</translation>
+    </message>
 </context>
 <context>
     <name>ActionSet</name>
@@ -211,6 +219,14 @@ Ri Delta</translation>
         <source>V min</source>
         <translation>V min</translation>
     </message>
+    <message>
+        <source>Voltage of the pack or the mean cell: click, or press Space</source>
+        <translation>Spannung des Akkus oder der mittleren Zelle: Klick oder Leertaste</translation>
+    </message>
+    <message>
+        <source>window %1</source>
+        <translation>Fenster %1</translation>
+    </message>
 </context>
 <context>
     <name>DataFileLoader</name>
@@ -387,6 +403,22 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
         <source>Language (from next start):</source>
         <translation>Sprache (ab neuem Start):</translation>
     </message>
+    <message>
+        <source>Changes nothing.</source>
+        <translation>Ändert nichts.</translation>
+    </message>
+    <message>
+        <source>Looks for ports that came since the dialog opened.</source>
+        <translation>Sucht Ports, die seit dem Öffnen dazugekommen sind.</translation>
+    </message>
+    <message>
+        <source>Unticks all ports and the time, and takes the system&apos;s language. Nothing is stored before OK.</source>
+        <translation>Nimmt alle Häkchen weg und stellt die Sprache des Systems ein. Gespeichert wird erst mit OK.</translation>
+    </message>
+    <message>
+        <source>The device gets the computer&apos;s clock with its first process and at the end of one.</source>
+        <translation>Das Gerät bekommt die Uhrzeit des Rechners mit seinem ersten Vorgang und am Ende eines Vorgangs.</translation>
+    </message>
 </context>
 <context>
     <name>DialogRemoteControl</name>
@@ -478,6 +510,62 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
         <source>Information</source>
         <translation>Hinweis</translation>
     </message>
+    <message>
+        <source>A pack is connected</source>
+        <translation>Ein Akku ist angeschlossen</translation>
+    </message>
+    <message>
+        <source>Takes this memory</source>
+        <translation>Nimmt diesen Speicher</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <translation>Speicher</translation>
+    </message>
+    <message>
+        <source>The charger is a power supply</source>
+        <translation>Das Ladegerät arbeitet als Netzteil</translation>
+    </message>
+    <message>
+        <source>Memory before</source>
+        <translation>Voriger Speicher</translation>
+    </message>
+    <message>
+        <source>Next memory</source>
+        <translation>Nächster Speicher</translation>
+    </message>
+    <message>
+        <source>One cell less</source>
+        <translation>Eine Zelle weniger</translation>
+    </message>
+    <message>
+        <source>Takes this number of cells</source>
+        <translation>Nimmt diese Zellenzahl</translation>
+    </message>
+    <message>
+        <source>Number of cells</source>
+        <translation>Zahl der Zellen</translation>
+    </message>
+    <message>
+        <source>One cell more</source>
+        <translation>Eine Zelle mehr</translation>
+    </message>
+    <message>
+        <source>Starts the process</source>
+        <translation>Startet den Vorgang</translation>
+    </message>
+    <message>
+        <source>Stops the process</source>
+        <translation>Stoppt den Vorgang</translation>
+    </message>
+    <message>
+        <source>Silences the device</source>
+        <translation>Stellt den Ton des Geräts ab</translation>
+    </message>
+    <message>
+        <source>Closes the remote control; the device goes on</source>
+        <translation>Schließt die Fernbedienung; das Gerät arbeitet weiter</translation>
+    </message>
 </context>
 <context>
     <name>Documents</name>
@@ -561,6 +649,17 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
     <message>
         <source>%1 Ah in %2</source>
         <translation>%1 Ah in %2</translation>
+    </message>
+</context>
+<context>
+    <name>Explanations</name>
+    <message>
+        <source>There is no graph window.</source>
+        <translation>Es gibt kein Diagrammfenster.</translation>
+    </message>
+    <message>
+        <source>Explanations</source>
+        <translation>Erklärungen</translation>
     </message>
 </context>
 <context>
@@ -1262,6 +1361,62 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
         <source>Open the manual in your browser.</source>
         <translation>Das Handbuch im Browser öffnen.</translation>
     </message>
+    <message>
+        <source>Explanations...</source>
+        <translation>Erklärungen...</translation>
+    </message>
+    <message>
+        <source>Tells what the status bar and the title of the current graph show.</source>
+        <translation>Erklärt, was Statusleiste und Titel des aktuellen Diagramms zeigen.</translation>
+    </message>
+    <message>
+        <source>The large data display</source>
+        <translation>Große Datenanzeige</translation>
+    </message>
+    <message>
+        <source>Voltage comparison: cell voltages of several windows side by side</source>
+        <translation>Spannungsvergleich: Zellenspannungen mehrerer Fenster nebeneinander</translation>
+    </message>
+    <message>
+        <source>Capacity comparison of the recordings</source>
+        <translation>Kapazitätsvergleich der Aufzeichnungen</translation>
+    </message>
+    <message>
+        <source>Curve of the temperature</source>
+        <translation>Kurve der Temperatur</translation>
+    </message>
+    <message>
+        <source>dV, energy or neither on the right axis</source>
+        <translation>dV, Ladung oder keines davon an der rechten Achse</translation>
+    </message>
+    <message>
+        <source>Curve of the internal resistance</source>
+        <translation>Kurve des Innenwiderstands</translation>
+    </message>
+    <message>
+        <source>Balancer view: the cells instead of the pack; in the data display their statistics</source>
+        <translation>Balancer-Ansicht: die Zellen statt des Akkus; in der Datenanzeige ihre Statistik</translation>
+    </message>
+    <message>
+        <source>Maximum, average, minimum and spread instead of the cells</source>
+        <translation>Maximum, Mittel, Minimum und Differenz statt der Zellen</translation>
+    </message>
+    <message>
+        <source>All cells, selected ones emphasised; + only the selected ones; - all but them</source>
+        <translation>Alle Zellen, gewählte hervorgehoben; + nur die gewählten; - alle anderen</translation>
+    </message>
+    <message>
+        <source>Bar display: bars of the cells&apos; deviations</source>
+        <translation>Balkenanzeige: Abweichungen der Zellen</translation>
+    </message>
+    <message>
+        <source>The figure of each cell: voltage, charge (Ah) or resistance (Ri)</source>
+        <translation>Wert jeder Zelle: Spannung, Ladung (Ah) oder Widerstand (Ri)</translation>
+    </message>
+    <message>
+        <source>Graph window</source>
+        <translation>Diagrammfenster</translation>
+    </message>
 </context>
 <context>
     <name>MdiGraphChild</name>
@@ -1296,6 +1451,18 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
     <message>
         <source>   Cels:</source>
         <translation>   Zellen:</translation>
+    </message>
+    <message>
+        <source>Graph %1</source>
+        <translation>Diagramm %1</translation>
+    </message>
+    <message>
+        <source>no data</source>
+        <translation>keine Daten</translation>
+    </message>
+    <message>
+        <source>%1 volts</source>
+        <translation>%1 Volt</translation>
     </message>
 </context>
 <context>
@@ -1395,6 +1562,14 @@ Der Benutzer „%3“ oder ein Administrator muss das entfernen.</translation>
     <message>
         <source>No line since %1</source>
         <translation>Keine Daten seit %1</translation>
+    </message>
+    <message>
+        <source>window %1</source>
+        <translation>Fenster %1</translation>
+    </message>
+    <message>
+        <source>cell %1: %2, balancing %3 %</source>
+        <translation>Zelle %1: %2, Balancieren %3 %</translation>
     </message>
 </context>
 <context>
@@ -1786,6 +1961,14 @@ Prüfen Sie, ob der Name stimmt.</translation>
     <message>
         <source>Cell %1 of every window (arrow keys: another; click or Esc: all cells)</source>
         <translation>Zelle %1 aus jedem Fenster (Pfeiltasten: andere; Klick oder Esc: alle)</translation>
+    </message>
+    <message>
+        <source>cell %1: %2 volts</source>
+        <translation>Zelle %1: %2 Volt</translation>
+    </message>
+    <message>
+        <source>window %1</source>
+        <translation>Fenster %1</translation>
     </message>
 </context>
 <context>

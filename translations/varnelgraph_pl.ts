@@ -23,6 +23,14 @@
         <source>Distributor</source>
         <translation>Dystrybutor</translation>
     </message>
+    <message>
+        <source>Picture of a charger</source>
+        <translation>Obraz ładowarki</translation>
+    </message>
+    <message>
+        <source>Closes this box.</source>
+        <translation>Zamyka to okno.</translation>
+    </message>
 </context>
 <context>
     <name>ActionSet</name>
@@ -212,6 +220,14 @@ Ri delta</translation>
         <source>V min</source>
         <translation>V min</translation>
     </message>
+    <message>
+        <source>Voltage of the pack or the mean cell: click, or press Space</source>
+        <translation>Napięcie pakietu lub średnie ogniwa: kliknij lub naciśnij spację</translation>
+    </message>
+    <message>
+        <source>window %1</source>
+        <translation>okno %1</translation>
+    </message>
 </context>
 <context>
     <name>DataFileLoader</name>
@@ -388,6 +404,22 @@ Zatrzymać proces urządzenia na %2?</translation>
         <source>Language (from next start):</source>
         <translation>Język (od nowego startu):</translation>
     </message>
+    <message>
+        <source>Changes nothing.</source>
+        <translation>Niczego nie zmienia.</translation>
+    </message>
+    <message>
+        <source>Looks for ports that came since the dialog opened.</source>
+        <translation>Szuka portów, które pojawiły się po otwarciu okna.</translation>
+    </message>
+    <message>
+        <source>Unticks all ports and the time, and takes the system&apos;s language. Nothing is stored before OK.</source>
+        <translation>Odznacza wszystkie porty i zegar, przywraca język systemu. Zapisuje dopiero OK.</translation>
+    </message>
+    <message>
+        <source>The device gets the computer&apos;s clock with its first process and at the end of one.</source>
+        <translation>Urządzenie dostaje czas komputera z pierwszym procesem i na końcu procesu.</translation>
+    </message>
 </context>
 <context>
     <name>DialogRemoteControl</name>
@@ -479,6 +511,62 @@ Zatrzymać proces urządzenia na %2?</translation>
         <source>Information</source>
         <translation>Informacja</translation>
     </message>
+    <message>
+        <source>A pack is connected</source>
+        <translation>Podłączony jest akumulator</translation>
+    </message>
+    <message>
+        <source>Takes this memory</source>
+        <translation>Wybiera tę pamięć</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <translation>Pamięć</translation>
+    </message>
+    <message>
+        <source>The charger is a power supply</source>
+        <translation>Ładowarka pracuje jako zasilacz</translation>
+    </message>
+    <message>
+        <source>Memory before</source>
+        <translation>Poprzednia pamięć</translation>
+    </message>
+    <message>
+        <source>Next memory</source>
+        <translation>Następna pamięć</translation>
+    </message>
+    <message>
+        <source>One cell less</source>
+        <translation>Jedno ogniwo mniej</translation>
+    </message>
+    <message>
+        <source>Takes this number of cells</source>
+        <translation>Wybiera tę liczbę ogniw</translation>
+    </message>
+    <message>
+        <source>Number of cells</source>
+        <translation>Liczba ogniw</translation>
+    </message>
+    <message>
+        <source>One cell more</source>
+        <translation>Jedno ogniwo więcej</translation>
+    </message>
+    <message>
+        <source>Starts the process</source>
+        <translation>Uruchamia proces</translation>
+    </message>
+    <message>
+        <source>Stops the process</source>
+        <translation>Zatrzymuje proces</translation>
+    </message>
+    <message>
+        <source>Silences the device</source>
+        <translation>Wycisza urządzenie</translation>
+    </message>
+    <message>
+        <source>Closes the remote control; the device goes on</source>
+        <translation>Zamyka zdalne sterowanie; urządzenie pracuje dalej</translation>
+    </message>
 </context>
 <context>
     <name>Documents</name>
@@ -564,6 +652,17 @@ Zatrzymać proces urządzenia na %2?</translation>
     <message>
         <source>%1 Ah in %2</source>
         <translation>%1 Ah w %2</translation>
+    </message>
+</context>
+<context>
+    <name>Explanations</name>
+    <message>
+        <source>There is no graph window.</source>
+        <translation>Nie ma okna wykresu.</translation>
+    </message>
+    <message>
+        <source>Explanations</source>
+        <translation>Objaśnienia</translation>
     </message>
 </context>
 <context>
@@ -1265,6 +1364,62 @@ Zatrzymać proces urządzenia na %2?</translation>
         <source>Open the manual in your browser.</source>
         <translation>Otwiera podręcznik w przeglądarce.</translation>
     </message>
+    <message>
+        <source>Explanations...</source>
+        <translation>Objaśnienia...</translation>
+    </message>
+    <message>
+        <source>Tells what the status bar and the title of the current graph show.</source>
+        <translation>Objaśnia pasek stanu i tytuł bieżącego wykresu.</translation>
+    </message>
+    <message>
+        <source>The large data display</source>
+        <translation>Duże wskazania</translation>
+    </message>
+    <message>
+        <source>Voltage comparison: cell voltages of several windows side by side</source>
+        <translation>Porównanie napięć: napięcia ogniw z kilku okien obok siebie</translation>
+    </message>
+    <message>
+        <source>Capacity comparison of the recordings</source>
+        <translation>Porównanie pojemności nagrań</translation>
+    </message>
+    <message>
+        <source>Curve of the temperature</source>
+        <translation>Krzywa temperatury</translation>
+    </message>
+    <message>
+        <source>dV, energy or neither on the right axis</source>
+        <translation>Na prawej osi dV, ładunek lub nic</translation>
+    </message>
+    <message>
+        <source>Curve of the internal resistance</source>
+        <translation>Krzywa rezystancji wewnętrznej</translation>
+    </message>
+    <message>
+        <source>Balancer view: the cells instead of the pack; in the data display their statistics</source>
+        <translation>Widok balansera: ogniwa zamiast pakietu; na wskazaniach ich statystyka</translation>
+    </message>
+    <message>
+        <source>Maximum, average, minimum and spread instead of the cells</source>
+        <translation>Maksimum, średnia, minimum i rozrzut zamiast ogniw</translation>
+    </message>
+    <message>
+        <source>All cells, selected ones emphasised; + only the selected ones; - all but them</source>
+        <translation>Wszystkie ogniwa, wybrane wyróżnione; + tylko wybrane; - wszystkie oprócz nich</translation>
+    </message>
+    <message>
+        <source>Bar display: bars of the cells&apos; deviations</source>
+        <translation>Słupki ogniw: odchylenia ogniw</translation>
+    </message>
+    <message>
+        <source>The figure of each cell: voltage, charge (Ah) or resistance (Ri)</source>
+        <translation>Wartość każdego ogniwa: napięcie, ładunek (Ah) lub rezystancja (Ri)</translation>
+    </message>
+    <message>
+        <source>Graph window</source>
+        <translation>Okno wykresu</translation>
+    </message>
 </context>
 <context>
     <name>MdiGraphChild</name>
@@ -1299,6 +1454,18 @@ Zatrzymać proces urządzenia na %2?</translation>
     <message>
         <source>   Cels:</source>
         <translation>   Ogniwa:</translation>
+    </message>
+    <message>
+        <source>Graph %1</source>
+        <translation>Wykres %1</translation>
+    </message>
+    <message>
+        <source>no data</source>
+        <translation>brak danych</translation>
+    </message>
+    <message>
+        <source>%1 volts</source>
+        <translation>napięcie %1 V</translation>
     </message>
 </context>
 <context>
@@ -1398,6 +1565,14 @@ Musi to usunąć użytkownik „%3” lub administrator.</translation>
     <message>
         <source>No line since %1</source>
         <translation>Brak danych od %1</translation>
+    </message>
+    <message>
+        <source>window %1</source>
+        <translation>okno %1</translation>
+    </message>
+    <message>
+        <source>cell %1: %2, balancing %3 %</source>
+        <translation>ogniwo %1: %2, balansowanie %3 %</translation>
     </message>
 </context>
 <context>
@@ -1789,6 +1964,14 @@ Sprawdź, czy podano właściwą nazwę.</translation>
     <message>
         <source>Cell %1 of every window (arrow keys: another; click or Esc: all cells)</source>
         <translation>Ogniwo %1 każdego okna (strzałki: inne; kliknięcie lub Esc: wszystkie)</translation>
+    </message>
+    <message>
+        <source>cell %1: %2 volts</source>
+        <translation>ogniwo %1: %2 V</translation>
+    </message>
+    <message>
+        <source>window %1</source>
+        <translation>okno %1</translation>
     </message>
 </context>
 <context>
