@@ -311,10 +311,11 @@ private slots:
         const SeriesStore other = filled(5000, "sine");
         CurvePainter curves;
         CurvePainter::Job job = jobFor(store, 0, 5000);
-        const std::function<void()> changes[] = {[] {}, [&] { append(&store, 1, 12000); }, // back in time
-            [&] { job.store = &other; }, [&] { job.valueMap.setScaleInterval(4, 16); },
-            [&] { job.timeMap.setScaleInterval(1000, 4000); }, [&] { job.pen.setWidth(2); },
-            [&] { job.first = 2500; }, [&] { job.area.setRight(200); }, [&] { job.area.setTop(60); }};
+        const std::function<void()> changes[]
+            = {[&] { job.area.setRight(200); }, [&] { append(&store, 1, 12000); }, // back in time
+                [&] { job.store = &other; }, [&] { job.valueMap.setScaleInterval(4, 16); },
+                [&] { job.timeMap.setScaleInterval(1000, 4000); }, [&] { job.pen.setWidth(2); },
+                [&] { job.first = 2500; }, [&] { job.area.setRight(340); }};
         for (const auto &change : changes) {
             change();
             QVERIFY(drawn(&curves, job) == drawnByLines(job));

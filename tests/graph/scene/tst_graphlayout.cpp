@@ -230,6 +230,7 @@ void TestGraphLayout::areAsExpected_data()
     add(labelled(5, 47, 0) + " | " + labelled(9, 46, 0), "0 1 2 3 4 | 0 2 4 6 8");
     add(labelled(9, 16, 0) + " | " + labelled(5, 11, 0),
         "2 5 8 | 4"); // every third, the last too; that alone
+    add(labelled(9, 16, 1), "1 4 7");
     add(labelled(5, 40, 14) + " | " + labelled(5, 40, 15), "0 2 4 | 1 3"); // even numbers, moved on
     add(labelled(5, 0, 0) + " | " + labelled(1, 0, 0) + " | " + labelled(0, 0, 0), "4 | 0 | ");
 

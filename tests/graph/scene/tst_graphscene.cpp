@@ -27,7 +27,7 @@ QStringList described(const GraphScene &scene)
         out << areaOf(curve) << "curve " << curve.series << " from " << curve.first << ' ' << curve.name
             << ": " << curve.range.low << ".." << curve.range.high << " in " << curve.unit << " x"
             << curve.factor << " ." << curve.decimals << ' ' << curve.colour.name() << ' ' << curve.width
-            << '\n';
+            << (curve.style > Qt::SolidLine ? " style " + QString::number(curve.style) : QString()) << '\n';
     for (const GraphScene::Axis &axis : scene.axes)
         out << areaOf(axis) << (axis.side == GraphScene::Side::Left ? "left: " : "right: ") << axis.range.low
             << ".." << axis.range.high << ' ' << axis.unit << " ." << axis.decimals << " of "
@@ -128,6 +128,11 @@ empty: No cell is selected.)");
         R"(U legend Ri:mΩ: 1 3,0 #ff0022, 2 4,0 #00bb00, 3 --,- #0066ff)");
     add("3 B select=2 picked=1 min@1=3000 max@1=4500 v1@2=4900", "left: 3",
         R"(U left: 3..4.9 V .2 of 4 #ffffff)"); // hidden ones
+    add("3 B cells=8 distinct",
+        "Cell [2348]:", R"(U curve 12 from 0 Cell 2: 3.3..4.35 in V x1 .3 #ffb000 1 style 2
+U curve 13 from 0 Cell 3: 3.3..4.35 in V x1 .3 #40a0ff 1 style 3
+U curve 14 from 0 Cell 4: 3.3..4.35 in V x1 .3 #c03090 1 style 4
+U curve 18 from 0 Cell 8: 3.3..4.35 in V x1 .3 #c03090 1)");
     add("3 Avg", "^U|^e", R"(U curve 8 from 0 Max: 3.3..4.35 in V x1 .3 #ff0022 1
 U curve 9 from 0 Avg: 3.3..4.35 in V x1 .3 #00bb00 1
 U curve 7 from 0 Min: 3.3..4.35 in V x1 .3 #0066ff 1
