@@ -1667,6 +1667,13 @@ Prüfen Sie, ob der Name stimmt.</translation>
     </message>
 </context>
 <context>
+    <name>SaveDialog</name>
+    <message>
+        <source>Windows has no files of this name. Choose another one.</source>
+        <translation>Windows kennt keine Dateien dieses Namens. Bitte einen anderen wählen.</translation>
+    </message>
+</context>
+<context>
     <name>SerialReader</name>
     <message>
         <source>It can&apos;t be locked</source>

@@ -1670,6 +1670,13 @@ Sprawdź, czy podano właściwą nazwę.</translation>
     </message>
 </context>
 <context>
+    <name>SaveDialog</name>
+    <message>
+        <source>Windows has no files of this name. Choose another one.</source>
+        <translation>Windows nie zna plików o takiej nazwie. Wybierz inną.</translation>
+    </message>
+</context>
+<context>
     <name>SerialReader</name>
     <message>
         <source>It can&apos;t be locked</source>

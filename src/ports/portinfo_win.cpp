@@ -3,8 +3,10 @@
 #include "ports/portscan.h"
 
 #include <QSerialPortInfo>
-#include <QSettings>
-#include <QStringList>
+
+#include <iterator>
+
+#include <windows.h>
 
 QVector<PortInfo> askForPorts()
 {
@@ -20,14 +22,29 @@ QString portLinkFolder()
     return QString();
 }
 
+// Asked of the system itself: names of drivers hold backslashes, behind which the settings' classes look for
+// folders.
 QByteArray portFingerprint()
 {
-    const QSettings present(
-        QStringLiteral("HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM"), QSettings::NativeFormat);
     QByteArray fingerprint;
-    const QStringList drivers = present.allKeys();
-    for (const QString &driver : drivers)
-        fingerprint += driver.toUtf8() + ' ' + present.value(driver).toString().toUtf8() + '\n';
+    HKEY ports = nullptr;
+    if (::RegOpenKeyExW(HKEY_LOCAL_MACHINE, L"HARDWARE\\DEVICEMAP\\SERIALCOMM", 0, KEY_QUERY_VALUE, &ports)
+        != ERROR_SUCCESS)
+        return fingerprint; // made with the first port
+    for (DWORD index = 0;; ++index) {
+        wchar_t driver[256];
+        wchar_t port[256];
+        DWORD driverLetters = DWORD(std::size(driver));
+        DWORD portBytes = sizeof port;
+        const LSTATUS status = ::RegEnumValueW(ports, index, driver, &driverLetters, nullptr, nullptr,
+            reinterpret_cast<BYTE *>(port), &portBytes);
+        if (status == ERROR_NO_MORE_ITEMS)
+            break;
+        if (status == ERROR_SUCCESS)
+            fingerprint += QString::fromWCharArray(driver, int(driverLetters)).toUtf8() + ' '
+                + QByteArray(reinterpret_cast<const char *>(port), int(portBytes)) + '\n';
+    }
+    ::RegCloseKey(ports);
     return fingerprint;
 }
 

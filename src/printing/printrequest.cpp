@@ -22,8 +22,12 @@ QString suggestedFile(const PrintJob &job)
 {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     const QDir existing(QDir(folder).exists() ? folder : QDir::homePath());
-    return existing.filePath(
-        fileNameOf(job).replace(QLatin1Char('/'), QLatin1Char('-')) + QStringLiteral(".pdf"));
+    QString name = fileNameOf(job);
+    for (QChar &c : name) {
+        if (QStringLiteral("<>:\"/\\|?*").contains(c)) // which no system, or not every one, has in names
+            c = QLatin1Char('-');
+    }
+    return existing.filePath(name + QStringLiteral(".pdf"));
 }
 
 /// In the status bar of the window that `widget` belongs to.

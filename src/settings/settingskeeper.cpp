@@ -10,6 +10,7 @@
 #include <QSettings>
 #include <QSet>
 
+#include <chrono>
 #include <condition_variable>
 #include <filesystem>
 #include <mutex>
@@ -19,6 +20,8 @@
 namespace {
 
 constexpr int lockTime = 5000; // ms, for another program that writes the same file
+constexpr int mostRenames = 20;
+constexpr std::chrono::milliseconds renamePause(25);
 
 using Values = QMap<QString, QVariant>;
 
@@ -74,6 +77,19 @@ bool apply(const Values &values, QSettings *settings)
     return settings->status() != QSettings::AccessError;
 }
 
+// Windows replaces no file that somebody has open, be it the window's thread that reads it or a virus scanner.
+QString replaceFile(const QString &fresh, const QString &target)
+{
+    std::error_code error;
+    for (int attempt = 0; attempt < mostRenames; ++attempt) {
+        std::filesystem::rename(fresh.toStdU16String(), target.toStdU16String(), error);
+        if (!error)
+            return QString();
+        std::this_thread::sleep_for(renamePause);
+    }
+    return QString::fromLocal8Bit(error.message().c_str());
+}
+
 // Makes the new file beside the old one, out of what now stands in that. Written in the old one's place by
 // the settings themselves, everybody who reads one of them would wait for the disk meanwhile.
 QString writeFile(const QString &fileName, const Values &values)
@@ -99,9 +115,7 @@ QString writeFile(const QString &fileName, const Values &values)
         if (!apply(values, &settings))
             return Texts::tr("the disk is full or reports an error");
     }
-    std::error_code error;
-    std::filesystem::rename(fresh.toStdU16String(), target.toStdU16String(), error);
-    return error ? QString::fromLocal8Bit(error.message().c_str()) : QString();
+    return replaceFile(fresh, target);
 }
 
 } // namespace

@@ -2,9 +2,12 @@
 
 #include "documents/choosing/datafilesmodel.h"
 #include "documents/choosing/folderview.h"
+#include "documents/choosing/windowsnames.h"
 
+#include <QDir>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QOperatingSystemVersion>
 #include <QRegularExpression>
 
 namespace {
@@ -12,6 +15,11 @@ namespace {
 QString endingOf(const QString &filter)
 {
     return QLatin1Char('.') + filter.section(QStringLiteral("*."), 1, 1).section(QLatin1Char(')'), 0, 0);
+}
+
+bool isWindows()
+{
+    return QOperatingSystemVersion::currentType() == QOperatingSystemVersion::Windows;
 }
 
 } // namespace
@@ -52,6 +60,11 @@ void SaveDialog::accept()
             QMessageBox::warning(this, windowTitle(), m_reason);
             return;
         }
+    }
+    if (isWindows() && !isNameForWindows(QFileInfo(QDir::fromNativeSeparators(name)).fileName())) {
+        QMessageBox::warning(
+            this, windowTitle(), tr("Windows has no files of this name. Choose another one."));
+        return;
     }
     QFileDialog::accept();
 }

@@ -8,4 +8,5 @@ target_sources(varnel_gui PRIVATE
     documents/choosing/quietfilemodel.cpp documents/choosing/quietfilemodel.h
     documents/choosing/recordingsmodel.cpp documents/choosing/recordingsmodel.h
     documents/choosing/savedialog.cpp documents/choosing/savedialog.h
+    documents/choosing/windowsnames.cpp documents/choosing/windowsnames.h
 )

@@ -1,6 +1,7 @@
 #include "files/disk/lockedfile.h"
 
-#include <QDir>
+#include "files/disk/nativename.h"
+
 #include <QFile>
 
 #include <cerrno>
@@ -8,15 +9,6 @@
 #include <io.h>
 #include <share.h>
 #include <sys/stat.h>
-
-namespace {
-
-std::wstring nativeName(const QString &fileName)
-{
-    return QDir::toNativeSeparators(fileName).toStdWString();
-}
-
-} // namespace
 
 // Opened without sharing writes, which is the lock: others may read, and neither write nor remove.
 CreatedFile createLockedFile(const QString &fileName)

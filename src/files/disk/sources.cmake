@@ -1,6 +1,7 @@
 # How bytes get onto the disk is the system's own; the rest is common.
 if(WIN32)
-    set(disk_system files/disk/filesync_win.cpp files/disk/lockedfile_win.cpp)
+    set(disk_system files/disk/filesync_win.cpp files/disk/lockedfile_win.cpp
+        files/disk/nativename.h files/disk/nativename_win.cpp)
 else()
     set(disk_system files/disk/filesync_unix.cpp files/disk/lockedfile_unix.cpp)
 endif()
