@@ -1670,7 +1670,7 @@ Prüfen Sie, ob der Name stimmt.</translation>
     <name>SaveDialog</name>
     <message>
         <source>Windows has no files of this name. Choose another one.</source>
-        <translation>Windows kennt keine Dateien dieses Namens. Bitte einen anderen wählen.</translation>
+        <translation>Unter diesem Namen gibt es in Windows keine Dateien. Wählen Sie einen anderen.</translation>
     </message>
 </context>
 <context>

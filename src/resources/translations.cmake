@@ -1,5 +1,5 @@
-# The program's texts in its languages, and Qt's own beside them so that standard buttons and dialogs speak the
-# same. Text files both: those of the machine that builds do for any that the program is built for.
+# The program's texts in its languages, and Qt's own beside them so that standard buttons and dialogs speak
+# the same. Those of the machine that builds do for any that the program is built for.
 get_target_property(qmake Qt5::qmake IMPORTED_LOCATION)
 execute_process(COMMAND ${qmake} -query QT_INSTALL_TRANSLATIONS OUTPUT_VARIABLE qt_translations
     OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
