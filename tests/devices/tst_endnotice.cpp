@@ -79,17 +79,14 @@ private:
 
 void TestEndNotice::boxSaysHowItEnded_data()
 {
-    // said: title, text, icon; then what is heard
-    columns<int, bool, bool, QStringList>({"kind", "output", "wanted", "said"});
-    QTest::newRow("error") << 0 << true << false
-                           << QStringList{"Error", "Error in process !", "error", "error.wav"};
-    QTest::newRow("aborted") << 1 << true << false
-                             << QStringList{"Aborted", "Process aborted by user.", "cancel", "aborted.wav"};
-    QTest::newRow("completed") << 2 << true << true
-                               << QStringList{"End", "Process completed.", "finish", "end.wav", "v3_mp3.wav"};
-    QTest::newRow("no sound") << 2 << false << true << QStringList{"End", "Process completed.", "finish"};
-    QTest::newRow("unknown") << 3 << true << false << QStringList{"", "", ""};
-    QTest::newRow("negative") << -1 << true << false << QStringList{"", "", ""};
+    // words: title, text and icon; then what is heard
+    columns<int, bool, bool, QString>({"kind", "output", "wanted", "words"});
+    QTest::newRow("error") << 0 << true << false << "Error|Error in process !|error|error.wav";
+    QTest::newRow("aborted") << 1 << true << false << "Aborted|Process aborted by user.|cancel|aborted.wav";
+    QTest::newRow("completed") << 2 << true << true << "End|Process completed.|finish|end.wav|v3_mp3.wav";
+    QTest::newRow("no sound") << 2 << false << true << "End|Process completed.|finish";
+    QTest::newRow("unknown") << 3 << true << false << "||";
+    QTest::newRow("negative") << -1 << true << false << "||";
 }
 
 void TestEndNotice::boxSaysHowItEnded()
@@ -97,7 +94,8 @@ void TestEndNotice::boxSaysHowItEnded()
     QFETCH(int, kind);
     QFETCH(bool, output);
     QFETCH(bool, wanted);
-    QFETCH(QStringList, said);
+    QFETCH(QString, words);
+    const QStringList said = words.split('|');
     listen(0);
     VarnelSettings().setValue("/mp3/user_wave"_s, wanted);
     player->output = output;

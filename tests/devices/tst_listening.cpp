@@ -6,7 +6,6 @@
 #include "dialogs/checkboxcomport.h"
 #include "dialogs/dialogpreferences.h"
 #include "graph/mdigraphchild.h"
-#include "link/serialreader.h"
 #include "ports/portinfo.h"
 #include "support/columns.h"
 #include "support/lines.h"
@@ -109,8 +108,7 @@ void TestListening::portsAtTheStart()
     for (const char *port : {"COM3", "COM4", "COM5", "USB9"})
         plug(QLatin1String(port));
     open({"COM2", "COM4", "COM5", "COM4", "USB9"});
-    const QString both = "Start listening on port(s): COM4,COM5 | Listening: COM4, COM5"_s;
-    QCOMPARE(bar(), both);
+    QCOMPARE(bar(), "Start listening on port(s): COM4,COM5 | Listening: COM4, COM5"_s);
     QVERIFY(window->listenedPorts().isListening() && window->cursor().shape() != Qt::WaitCursor);
     trigger(ActionId::Recording);
     QCOMPARE(message(), "No graph window is open: there is nothing to pause."_s);
@@ -318,8 +316,8 @@ void TestListening::busyOnArrival()
 {
     const QByteArray then = QTest::currentDataTag();
     open({"COM3"});
-    const PortRetries::Pace usual;
-    QVERIFY(usual.interval == 250 && usual.patience == 3000 && usual.slowInterval == 2000); // ms
+    const PortRetries::Pace usual; // ms
+    QVERIFY(usual.interval == 250 && usual.patience == 3000 && usual.slowInterval == 2000);
     retries()->setPace({20, then == "free after a while" ? 60 : 60000, 40});
     PtyPair *device = plug("COM3"_s);
     QSerialPort other(QFile::symLinkTarget(fixture->portFolder() + "/COM3"));

@@ -5,7 +5,6 @@
 #include "support/columns.h"
 #include "support/fakelink.h"
 #include "support/fakeshell.h"
-#include "support/limits.h"
 #include "support/literal.h"
 #include "support/shellfixture.h"
 
@@ -43,7 +42,6 @@ private slots:
     void announcesEnds();
     void keepsWhatTheClosedWindowMissed();
     void isRecordingWhileTheDeviceIsHeard();
-    void lineThatLacksMemoryIsLeftOut();
     void setsTheClockOncePerPort();
 
 private:
@@ -98,7 +96,6 @@ void LineDispatcherTest::sortsLinesIntoRecordings_data()
     row("time runs backwards", {at(5), at(4), at(5)}, {{"5", "4", "end"}, {"5"}});
     row("time 0 starts one, and ends it", {at(5), at(0), at(1), at(2)},
         {{"5", "end"}, {"0", "end"}, {"1", "2"}});
-    row("time 0 at first", {at(0), at(1)}, {{"0", "1"}});
     row("time 0 without cells ends one only",
         {varnel3Line(5, noCells), varnel3Line(0, noCells), varnel3Line(1, noCells)},
         {{"5", "0", "end"}, {"1"}});
@@ -199,18 +196,6 @@ void LineDispatcherTest::isRecordingWhileTheDeviceIsHeard()
     QCOMPARE(state(), 1);
     dispatcher->reset();
     QCOMPARE(state(), 10);
-}
-
-void LineDispatcherTest::lineThatLacksMemoryIsLeftOut()
-{
-    constexpr int megabyte = 1 << 20;
-    const QByteArray endless = varnel3Line(6).replace("24000", QByteArray(64 * megabyte, '1'));
-    {
-        const WritableMemoryLimit limit(32 * megabyte);
-        tell({varnel3Line(5), endless, varnel3Line(7)});
-    }
-    QCOMPARE(shell->logs, Recordings({{"5", "7"}}));
-    QCOMPARE(shell->calls.value(0), "status 5000 Not enough memory: a line of COM7 is left out."_s);
 }
 
 void LineDispatcherTest::setsTheClockOncePerPort()

@@ -201,9 +201,7 @@ void PortsTest::advises_data()
         QTest::newRow(advice) << obstacle << QString::fromLatin1(advice);
     };
     using O = PortObstacle;
-    const QString who = "minicom"_s;
-    const QString eve = "eve"_s;
-    const QString path = "/var/lock/x"_s;
+    const QString who = "minicom"_s, eve = "eve"_s, lock = "/var/lock/x"_s;
     row({}, "Another program holds the port.");
     row({O::Busy, {}, {}, who, 7, {}, {}, {}}, "Another program holds the port: \"minicom\", process 7.");
     row({O::NoRights, {}, {}, {}, 0, {}, {}, {}}, "You have no right to use the port.");
@@ -212,17 +210,16 @@ void PortsTest::advises_data()
     row({O::OwnPort, {}, {}, {}, 0, {}, {}, {}}, "This program listens on the port already.");
     row({O::OwnPort, {}, {"COM5", "COM6"}, {}, 0, {}, {}, {}},
         "This program listens on the same device already, under another name: COM5, COM6.");
-    row({O::LeftOverLock, {}, {}, {}, 0, eve, path, {}},
-        "A program that has ended has left its lock behind.\n"
-        "The user \"eve\" or an administrator has to remove the file /var/lock/x.");
-    row({O::LeftOverLock, {}, {}, who, 7, eve, path, {}},
-        "A program that has ended has left its lock behind: \"minicom\", process 7.\n"
-        "The user \"eve\" or an administrator has to remove the file /var/lock/x.");
-    row({O::NoLockFolder, {}, {}, {}, 0, {}, path, {}},
+    for (const bool known : {false, true})
+        row({O::LeftOverLock, {}, {}, known ? who : QString(), 7, eve, lock, {}},
+            QByteArray("A program that has ended has left its lock behind")
+                + (known ? ": \"minicom\", process 7.\n" : ".\n")
+                + "The user \"eve\" or an administrator has to remove the file /var/lock/x.");
+    row({O::NoLockFolder, {}, {}, {}, 0, {}, lock, {}},
         "You have no right to make lock files in /var/lock/x.");
     const char *const things[] = {"a pipe", "a socket", "a link", "a folder", "a device"};
     for (int thing = O::Pipe; thing <= O::Device; ++thing)
-        row({O::StrangeLock, {}, {}, {}, 0, eve, path, O::Thing(thing)},
+        row({O::StrangeLock, {}, {}, {}, 0, eve, lock, O::Thing(thing)},
             QByteArray("/var/lock/x should be the port's lock file and is ") + things[thing]
                 + ".\nThe user \"eve\" or an administrator has to remove it.");
 }
