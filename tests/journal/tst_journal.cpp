@@ -150,6 +150,11 @@ private slots:
             QCOMPARE(QFile::exists(name), records >= 2);
             QTRY_VERIFY_WITH_TIMEOUT(!isBeingWritten(name), longTime); // by the thread that closes it
         }
+        std::unique_ptr<RecordingLog> replaced = keeper.create(port);
+        const QString name = keeper.currentFile(port);
+        QVERIFY(QFile::remove(name) && writeFile(name, "precious\n"));
+        replaced.reset();
+        QCOMPARE(contents(name), QByteArray("precious\n")); // not the journal's
     }
 
     // One goes on, one ends meanwhile: its window may be closed, and nothing else holds what waits.
