@@ -26,6 +26,8 @@ class TestVarnel3Data : public QObject {
     Q_OBJECT
 
 private slots:
+    void init() { QLocale::setDefault(QLocale::c()); }
+
     // Name, axis from, axis to, full, empty; mV.
     void chemistries()
     {
@@ -147,7 +149,6 @@ private slots:
         QCOMPARE(all(),
             QStringLiteral(
                 " 24,22|-1,50|--,-|-5,3|-,---|0,045| -0,001|  9,999| 10,00|100,00|100,0|14 x NiMh|--,-"));
-        QLocale::setDefault(QLocale::c());
     }
 
     void oneLineOfInformation()
