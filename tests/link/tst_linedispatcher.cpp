@@ -35,7 +35,14 @@ class LineDispatcherTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
+    void init()
+    {
+        VarnelSettings().clear();
+        dispatcher.reset();
+        shell = std::make_unique<FakeShell>();
+        device = std::make_unique<FakeLink>();
+        dispatcher = std::make_unique<LineDispatcher>(device.get(), shell.get());
+    }
     void sortsLinesIntoRecordings_data();
     void sortsLinesIntoRecordings();
     void announcesEnds_data();
@@ -52,15 +59,6 @@ private:
     std::unique_ptr<FakeLink> device;
     std::unique_ptr<LineDispatcher> dispatcher;
 };
-
-void LineDispatcherTest::init()
-{
-    VarnelSettings().clear();
-    dispatcher.reset();
-    shell = std::make_unique<FakeShell>();
-    device = std::make_unique<FakeLink>();
-    dispatcher = std::make_unique<LineDispatcher>(device.get(), shell.get());
-}
 
 void LineDispatcherTest::tell(const Story &story)
 {

@@ -49,8 +49,20 @@ class SerialReaderTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init()
+    {
+        VarnelSettings().clear();
+        notes.clear();
+        device = std::make_unique<PtyPair>(fixture.portFolder(), port);
+        shell = std::make_unique<FakeShell>();
+        reader = std::make_unique<SerialReader>(nullptr, port, shell.get());
+        QVERIFY(reader->start() && reader->start() && reader->isOpen()); // the second has nothing to do
+    }
+    void cleanup()
+    {
+        reader.reset();
+        device.reset();
+    }
     void startsAfresh();
     void keepsEveryLine();
     void endOfProcess_data();
@@ -77,22 +89,6 @@ private:
     std::unique_ptr<SerialReader> reader;
     QStringList notes;
 };
-
-void SerialReaderTest::init()
-{
-    VarnelSettings().clear();
-    notes.clear();
-    device = std::make_unique<PtyPair>(fixture.portFolder(), port);
-    shell = std::make_unique<FakeShell>();
-    reader = std::make_unique<SerialReader>(nullptr, port, shell.get());
-    QVERIFY(reader->start() && reader->start() && reader->isOpen()); // the second has nothing to do
-}
-
-void SerialReaderTest::cleanup()
-{
-    reader.reset();
-    device.reset();
-}
 
 // Lines wait in the system, and half a line at their end. Of how devices speak, a pseudo-terminal keeps this.
 void SerialReaderTest::startsAfresh()

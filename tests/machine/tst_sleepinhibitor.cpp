@@ -91,7 +91,11 @@ const char loginManager[] = "org.freedesktop.login1";
 class TestSleepInhibitor : public QObject {
     Q_OBJECT
 private slots:
-    void initTestCase();
+    void initTestCase()
+    {
+        if (QStandardPaths::findExecutable("dbus-daemon"_s).isEmpty())
+            QSKIP("no message bus to be had");
+    }
     void keepersAreAskedInTurn();
     void blockLastsWhileAProcessIsRecorded();
     void busThatNeverAnswers();
@@ -100,12 +104,6 @@ private slots:
 private:
     ShellFixture fixture;
 };
-
-void TestSleepInhibitor::initTestCase()
-{
-    if (QStandardPaths::findExecutable("dbus-daemon"_s).isEmpty())
-        QSKIP("no message bus to be had");
-}
 
 // Each as long as none of those before it is there. A file is given back by closing it.
 void TestSleepInhibitor::keepersAreAskedInTurn()

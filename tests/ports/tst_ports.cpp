@@ -28,7 +28,11 @@ class PortsTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
+    void init()
+    {
+        folder = std::make_unique<QTemporaryDir>();
+        qputenv("VARNEL_PORT_DIR", folder->path().toLocal8Bit());
+    }
     void listsLinksToDevicesOnly();
     void watcherTellsComingAndGoing();
     void tellsMissingRights_data();
@@ -55,12 +59,6 @@ private:
 
     std::unique_ptr<QTemporaryDir> folder;
 };
-
-void PortsTest::init()
-{
-    folder = std::make_unique<QTemporaryDir>();
-    qputenv("VARNEL_PORT_DIR", folder->path().toLocal8Bit());
-}
 
 void PortsTest::listsLinksToDevicesOnly()
 {
