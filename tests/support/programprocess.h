@@ -1,10 +1,10 @@
 #pragma once
 
+#include "support/limits.h"
+
 #include <QProcess>
 #include <QTest>
 
-#include <csignal>
-#include <sys/resource.h>
 #include <unistd.h>
 
 /// The program itself, as a process of its own that goes with this. Where it takes settings and ports from,
@@ -58,11 +58,8 @@ protected:
             ::close(ends[0]);
             ::close(ends[1]);
         }
-        if (m_largestFile == 0)
-            return;
-        std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{m_largestFile, m_largestFile};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
+        if (m_largestFile != 0)
+            new FileSizeLimit(m_largestFile); // for good
     }
 
 private:

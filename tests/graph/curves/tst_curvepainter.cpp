@@ -1,7 +1,6 @@
 #include "graph/curves/curvedata.h"
 #include "graph/curves/curveoutline.h"
 #include "graph/curves/curvepainter.h"
-#include "graph/curves/inkcolumns.h"
 #include "graph/curves/timecolumns.h"
 #include "graph/curves/varnelplotcurve.h"
 #include "support/columns.h"
@@ -365,16 +364,6 @@ private slots:
                 QVERIFY(text.contains(QString("-%1 of ").arg(count)));
             }
         }
-    }
-
-    void knowsWhatIsPainted()
-    {
-        InkColumns ink(QRect(10, 20, 5, 6));
-        ink.fill(QRect(11, 21, 2, 3));
-        ink.fill(QRect(12, 25, 1, 9));
-        QVERIFY(ink.covers(QRect(11, 21, 2, 3)) && ink.covers(QRect(5, 0, 2, 2)));
-        QVERIFY(!ink.covers(QRect(11, 21, 3, 3)) && !ink.covers(QRect(11, 21, 1, 4)));
-        QCOMPARE(ink.spans(), (QVector<QRect>{{11, 21, 1, 3}, {12, 21, 1, 3}, {12, 25, 1, 1}}));
     }
 
     /// In any style, but lines inside their rectangle, whatever the painter was clipped to.
