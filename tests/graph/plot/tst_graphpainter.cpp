@@ -107,23 +107,19 @@ column 10 275 236 197 158 177|24,0|25,3|26,7|28,0|°C
 pen #c71585; curve 362 253 400 253 3 1; fill 443 220 8 3 #c71585; pen #e31897; left 453 214 45 13 Ri
 pen #ffffff; right 442 35 56 13 11,59 V; right 442 167 56 13 2,50 A; right 442 197 56 13 25,3 °C
 right 442 227 56 13 40 mΩ; font 10; right 442 65 56 13 19,2 mV/min)");
-    add("20 white number=10 size=300,160 delta=2", ".", R"(
-fill 0 0 300 160 #ffffff; fill 1 138 14 21 #ffff00; pen #000000; font 13; mid 1 138 14 21 10
+    add("20 white number=10 size=300,160 delta=2", "line|curve|^rect|'00:|Charge| at (25[35]|20[67]),[0-6]",
+        R"(
+fill 0 0 300 160 #ffffff; fill 1 138 14 21 #ffff00; pen #000000
 font 11; mid 0 0 300 21 Charge  3xLiPo  11,59 V   2,50 A  25,3 °C  1,900 Ah  00:19:00
 row 153 20 100 180|00:00:00|00:09:30|00:19:00
 pen #5a5a5a; y 135 : 40 200; x 40 80 120 160 200 : 135 138; x 38 202 : 22 69; x 38 202 : 84 131
 pen #d7d7d7 dot; x 40 80 120 160 200 : 22 131; y 22 46 69 84 108 131 : 40 200
 pen #00ff00; curve 40 60 200 31 20 2; pen #ffd700; curve 40 69 200 26 20 2; pen #007af5
-curve 40 88 200 88 20 2
-pen #ff0000; curve 40 116 200 116 20 2; pen #c71585; curve 183 124 200 124 3 2
+curve 40 88 200 88 20 2; pen #ff0000; curve 40 116 200 116 20 2; pen #c71585; curve 183 124 200 124 3 2
 fill 243 27 8 3 #00ff00; fill 243 50 8 3 #ffd700; fill 243 90 8 3 #007af5; fill 243 105 8 3 #ff0000
-fill 243 120 8 3 #c71585; pen #008500; font 10; left 253 22 45 11 Voltage
-column 10 73 50 26|11,35|11,50|11,65
-pen #857000; left 253 45 45 11 Energy; pen #000000; right 242 33 56 11 11,59 V; right 242 56 56 11 1.900 mAh
-font 11; right 253 84 45 13 2,50 A; right 253 99 45 13 25,3 °C; right 253 114 45 13 40 mΩ
-pen #008500; column 10 37|V; pen #857000; column 207 73 50 26 37|    0|1.045|2.090|mAh
-pen #0070e1; column 207 135 112 88 99| 0,00| 1,38| 2,75|A
-pen #eb0000; column 10 135 112 88 99|24,0|26,0|28,0|°C)");
+fill 243 120 8 3 #c71585; pen #008500; font 10; left 253 22 45 11 Voltage; pen #857000
+left 253 45 45 11 Energy; font 11; column 207 50 26 37|1.045|2.090|mAh
+pen #0070e1; column 207 135 112| 0,00| 1,38)");
     add("20 size=200,100", "text|^rect", R"(
 fill 0 0 200 100 #000000; fill 1 78 10 21 #ffff00; pen #000000; font 13; mid 1 78 10 21 3
 pen #ffffff; font 8; mid 0 0 200 21 Charge  11,59 V   2,50 A  25,3 °C  1,900 Ah  00:19:00
