@@ -52,6 +52,8 @@ public:
 protected:
     void setupChildProcess() override
     {
+        for (const int number : {SIGINT, SIGHUP}) // which a test that runs in the background may ignore
+            std::signal(number, SIG_DFL);
         int ends[2] = {-1, -1};
         if (m_logUnread && ::pipe(ends) == 0) {
             ::dup2(ends[1], STDERR_FILENO);
