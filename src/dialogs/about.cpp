@@ -51,6 +51,7 @@ About::About(QWidget *parent)
     layout->addWidget(linkLabel(tr("Distributor"), distributorSite, this));
     layout->addWidget(version);
     layout->addWidget(ok);
+    setFixedSize(size().expandedTo(minimumSizeHint())); // for larger letters
     connect(ok, SIGNAL(clicked()), this, SLOT(close()));
 }
 

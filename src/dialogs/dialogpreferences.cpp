@@ -1,6 +1,7 @@
 #include "dialogs/dialogpreferences.h"
 
 #include "dialogs/checkboxcomport.h"
+#include "widgets/displayscale.h"
 #include "widgets/plaintooltip.h"
 #include "link/serialreader.h"
 #include "ports/portinfo.h"
@@ -93,6 +94,7 @@ DialogPreferences::DialogPreferences(QWidget *parent)
         tr("The device gets the computer's clock with its first process and at the end of one."));
     createButtons();
     createLanguageBox();
+    fitToLetters();
     QMetaObject::connectSlotsByName(this);
 
     on_preferencesButtonRefresh_clicked();
@@ -166,6 +168,27 @@ void DialogPreferences::createLanguageBox()
     for (const Language &language : Language::all())
         languageBox->addItem(language.name, language.code);
     label->setBuddy(languageBox);
+}
+
+// The places are made for usual letters; with larger ones all of it is larger in proportion.
+void DialogPreferences::fitToLetters()
+{
+    constexpr int beside = 28; // px of a control that are not its text's
+    constexpr double line = 22; // px, what is highest in a button
+    if (fontScale() <= 1.0)
+        return;
+    ensurePolished();
+    double scale = std::max(1.0, fontMetrics().height() / line);
+    const auto children = findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
+    for (const QWidget *child : children) {
+        child->ensurePolished();
+        const QString text = child->property("text").toString();
+        const int width = child->width() - (qobject_cast<const QLabel *>(child) ? 0 : beside);
+        scale = std::max(scale, child->fontMetrics().horizontalAdvance(text) / double(width));
+    }
+    setFixedSize(size() * scale);
+    for (QWidget *child : children)
+        child->setGeometry(QRect(child->pos() * scale, child->size() * scale));
 }
 
 void DialogPreferences::accept()

@@ -36,6 +36,7 @@ private:
     void createPortList();
     void createButtons();
     void createLanguageBox();
+    void fitToLetters();
     void addRow(const QString &portName, const QString &toolTip);
     void addNote(const QString &text);
     QStringList checkedPorts() const;

@@ -150,8 +150,8 @@ void CapacityChart::paintLetter(QPainter &painter, char letter, const QRect &bar
     const int height = px(textLine);
     const bool inside = bar.height() >= height + 2;
     QRect box(bar.left(), bar.bottom() + 1 - height, bar.width(), height);
-    if (!inside)
-        box.moveLeft(bar.right() - px(2));
+    if (!inside) // in the gap to the next one
+        box.setRect(bar.right() + 1, box.top(), px(13), height);
     painter.setPen(
         inside ? ChartPaint::textColour(qGray(body.rgb()) < 128) : ChartPaint::textColour(blackGround));
     ChartPaint::drawFitted(painter, box, Qt::AlignCenter, QString(QLatin1Char(letter)), 10, scale, true);
