@@ -4,7 +4,7 @@ target_sources(varnel_gui PRIVATE
     app/commandline.cpp app/commandline.h
     app/explanations.cpp app/explanations.h
     app/filedrops.cpp app/filedrops.h
-    app/mainwindow.cpp app/mainwindow.h
+    app/mainwindow.cpp app/mainwindow.h app/mainwindowslots.cpp
     app/sessionend.cpp app/sessionend.h
     app/settingsnotice.cpp app/settingsnotice.h
     app/shellmenus.cpp app/shellmenus.h
