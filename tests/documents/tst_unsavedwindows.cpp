@@ -51,6 +51,11 @@ private slots:
         QCOMPARE(unanswered, 0);
         const auto records = [this](const char *name) { return loaded(fixture->path(name)).size(); };
         QTEST(QString("%1 %2").arg(records("a.acp")).arg(records("b.acp")), "written");
+        if (closes && !program) { // and each window is asked about
+            send(1, 10);
+            perform(ActionId::Close, {press(QMessageBox::Cancel)});
+            QCOMPARE(unanswered, 0);
+        }
         if (closes)
             return;
         QCOMPARE(window->mdiChildren().size(), program ? 2 : 1); // nothing was done

@@ -184,6 +184,10 @@ private slots:
             QTRY_COMPARE(names(), QString("run3.acp run2.acp .h.acp sub"));
             hidden->trigger();
             QTRY_COMPARE(names(), QString("run3.acp run2.acp sub"));
+            dialog->setDirectory(path("sub"));
+            QTRY_COMPARE(names(), QString("in.acp"));
+            dialog->setDirectory(path(""));
+            QTRY_COMPARE(names(), QString("run3.acp run2.acp sub"));
             edit->setFocus();
             QTest::keyClicks(edit, "sub/I"); // completed from another folder
             QTRY_COMPARE(edit->completer()->currentCompletion(), QString("sub/in.acp"));
