@@ -168,7 +168,8 @@ void MainWindow::connectParts()
     connect(readerHost, SIGNAL(lost(QString)), watcher, SLOT(noteLost(QString)));
     connect(watcher, SIGNAL(arrived(PortInfo)), ports, SLOT(arrive(PortInfo)));
     connect(watcher, SIGNAL(removed(PortInfo)), ports, SLOT(leave(PortInfo)));
-    for (QMenu *menu : menuBar()->findChildren<QMenu *>()) // after what fills them
+    const auto menus = menuBar()->findChildren<QMenu *>();
+    for (QMenu *menu : menus) // after what fills them
         new MenuMnemonics(menu);
     connect(new FileDrops(this), SIGNAL(dropped(QStringList)), this, SLOT(openFiles(QStringList)));
 }

@@ -56,8 +56,8 @@ void fillFrameMenu(QMenu *menu, const QMdiSubWindow *frame)
     menu->setEnabled(frame != nullptr);
     if (frame == nullptr)
         return;
-    const QList<QAction *> all = frame->systemMenu()->actions();
-    for (QAction *action : all.mid(0, count))
+    const QList<QAction *> entries = frame->systemMenu()->actions().mid(0, count);
+    for (QAction *action : entries)
         menu->addAction(action);
 }
 

@@ -171,7 +171,8 @@ private slots:
         for (const auto &display : displays) {
             trigger(display.id);
             QWidget *shown = nullptr;
-            for (QWidget *widget : QApplication::topLevelWidgets())
+            const auto widgets = QApplication::topLevelWidgets();
+            for (QWidget *widget : widgets)
                 if (widget->inherits(display.name) && widget->isVisible())
                     shown = widget;
             QVERIFY(shown);
