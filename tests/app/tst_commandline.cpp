@@ -25,14 +25,15 @@ private slots:
         row("version among files", "a.acp -v", CommandLine::Print, "", 1);
         row("export", "--export-csv out.csv a.acp", CommandLine::ExportCsv, "out.csv", 1);
         row("export to standard output", "--export-csv - a.acp", CommandLine::ExportCsv, "-", 1);
-        row("render", "--render o.png --size 640x480 a.acp", CommandLine::Render, "o.png", 1);
+        row("render", "--render o.png --size 100x32767 a.acp", CommandLine::Render, "o.png", 1);
         row("render what", "--render o.gif a", CommandLine::Refuse, "o.gif", 1);
         row("render nothing", "--render o.png", CommandLine::Refuse, "", 0);
         row("export two", "--export-csv o a b", CommandLine::Refuse, "", 2);
         row("both", "--export-csv o --render p a", CommandLine::Refuse, "", 1);
         row("unknown option", "--colour red", CommandLine::Refuse, "", 0);
         row("unknown view", "--render o.png --view cell a", CommandLine::Refuse, "", 1);
-        for (const char *size : {"640", "640x", "0x0", "-5x400", "640x480x2", "99999x400", "99999999999x1"})
+        for (const char *size :
+            {"640", "640x", "0x0", "-5x400", "640x480x2", "99x400", "400x99", "32768x400", "99999999999x1"})
             row(size, QLatin1String("--render o.png --size ") + size + " a", CommandLine::Refuse, "", 1);
     }
 

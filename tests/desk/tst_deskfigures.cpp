@@ -90,13 +90,16 @@ private slots:
     {
         MdiGraphChild *first = window->createMdiChild();
         MdiGraphChild *second = window->createMdiChild();
-        second->addRecord(Lines::record(5));
+        MdiGraphChild *third = window->createMdiChild();
+        third->addRecord(Lines::record(5));
         trigger(ActionId::Data);
         const auto *number = figures()->findChild<QLabel *>("windowNumberLabel");
-        QTRY_COMPARE(number->text(), QString("2"));
+        QTRY_COMPARE(number->text(), QString("3"));
         first->close();
-        QTRY_COMPARE(number->text(), QString("1"));
+        QTRY_COMPARE(number->text(), QString("2"));
         second->close();
+        QTRY_COMPARE(number->text(), QString("1"));
+        third->close();
         QMetaObject::invokeMethod(window.get(), "toolBarEnergy", Q_ARG(bool, true));
         QTRY_VERIFY(!number->isVisible());
     }
