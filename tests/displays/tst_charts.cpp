@@ -127,24 +127,14 @@ private slots:
             "text '2: Varnel 3 COM2, 14 x NiMh, 1.044 Ah' left 30,303 11 Arial #000000");
     }
 
-    /// 280 pixels: 168 of them between the baseline at 224 and the full scale at 56.
     void capacityScale()
     {
-        const QVector<std::tuple<Ints, Ints, Ints>> rows = {
-            {{1000, 500, 1999, 2000}, {140, 182, 57, 56}, {50, 25, 100, 100}},
-            {{0, 100}, {223, 56}, {0, 100}},
-            {{0, 0}, {223, 223}, {0, 0}},
-            {{-50, -7}, {223, 223}, {0, 0}},
-            {{1, 1}, {56, 56}, {100, 100}},
-            {{2147483647, 1073741824}, {56, 140}, {100, 50}},
-        };
-        for (const auto &[values, tops, percents] : rows) {
-            const CapacityChart chart = capacities(values);
-            for (int i = 0; i < values.size(); ++i) {
-                QCOMPARE(chart.barTop(i, 280), tops[i]);
-                QCOMPARE(qRound(chart.percent(i)), percents[i]);
-            }
-        }
+        SHOWS(capacities({1999, 2000}), smallest,
+            "rect 30,57 38x167 #007f00; text '100%' mid 55,28 11 Arial #000000");
+        SHOWS(capacities({-50, 0}), smallest,
+            "rect 30,223 38x1 #007f00; rect 82,223 38x1 #007f00; text '0%' mid 55,194 11 Arial #000000");
+        SHOWS(capacities({2147483647, 1073741824}), smallest,
+            "rect 30,56 38x168 #007f00; rect 82,140 38x84 #007f00; text '50%' mid 107,111 11 Arial #000000");
         CapacityChart nine = capacities({10, 20, 30, 40, 50, 60, 70, 80, 90});
         nine.first = 1;
         const QMap<int, int> entries{
@@ -204,27 +194,28 @@ private slots:
         chart.bars.known[2] = false;
         chart.bars.levels = {100, 50, 0, 1, 0, 0};
         chart.windowNumber = 7;
+        QString marks;
+        for (const auto &[y, value] : {std::pair(168, -100), {133, -50}, {98, 0}, {63, 50}, {28, 100}})
+            marks += QString("line 30,%1 441,%1 #323232; text '%2' right 27,%1 11 Times #ffffff; ")
+                         .arg(y)
+                         .arg(value);
+        for (const auto &[y, level] : {std::pair(242, 25), {231, 50}, {221, 75}, {210, 100}})
+            marks += QString("line 30,%1 441,%1 #323232; text '%2' right 27,%1 9 Times #ffffff; ")
+                         .arg(y)
+                         .arg(level);
         SHOWS(chart, smallest,
-            "text '[mV]' left 24,10 11 Times #ffffff; text '[%]' right 27,194 11 Times #ffffff; "
-            "line 30,168 441,168 #323232; text '-100' right 27,168 11 Times #ffffff; "
-            "line 30,133 441,133 #323232; text '-50' right 27,133 11 Times #ffffff; "
-            "line 30,98 441,98 #323232; text '0' right 27,98 11 Times #ffffff; "
-            "line 30,63 441,63 #323232; text '50' right 27,63 11 Times #ffffff; "
-            "line 30,28 441,28 #323232; text '100' right 27,28 11 Times #ffffff; "
-            "line 30,242 441,242 #323232; text '25' right 27,242 9 Times #ffffff; "
-            "line 30,231 441,231 #323232; text '50' right 27,231 9 Times #ffffff; "
-            "line 30,221 441,221 #323232; text '75' right 27,221 9 Times #ffffff; "
-            "line 30,210 441,210 #323232; text '100' right 27,210 9 Times #ffffff; "
-            "line 30,98 441,98 #7f7f7f; line 30,252 441,252 #7f7f7f; rect 39,70 52x28 #00ff00; "
-            "rect 39,210 52x42 #00ffff; text '1' mid 65,267 12 Arial #ffffff; "
-            "rect 104,99 52x70 #00ff00; rect 104,167 52x2 #ff0000; rect 104,165 52x1 #000000; "
-            "rect 104,231 52x21 #00ffff; text '2' mid 130,267 12 Arial #ffffff; "
-            "text '-' foot 195,96 16 bold Arial #ffffff; text '3' mid 195,267 12 Arial #ffffff; "
-            "rect 235,28 52x70 #00ff00; rect 235,28 52x2 #ff0000; rect 235,31 52x1 #000000; "
-            "text '4' mid 261,267 12 Arial #ffffff; rect 300,28 52x70 #00ff00; "
-            "text '5' mid 326,267 12 Arial #ffffff; rect 365,99 52x70 #00ff00; "
-            "text '6' mid 391,267 12 Arial #ffffff; rect 0,0 18x18 #ffff00; "
-            "text '7' mid 9,9 12 Arial #000000",
+            marks
+                + "text '[mV]' left 24,10 11 Times #ffffff; text '[%]' right 27,194 11 Times #ffffff; "
+                  "line 30,98 441,98 #7f7f7f; line 30,252 441,252 #7f7f7f; rect 39,70 52x28 #00ff00; "
+                  "rect 39,210 52x42 #00ffff; text '1' mid 65,267 12 Arial #ffffff; "
+                  "rect 104,99 52x70 #00ff00; rect 104,167 52x2 #ff0000; rect 104,165 52x1 #000000; "
+                  "rect 104,231 52x21 #00ffff; text '2' mid 130,267 12 Arial #ffffff; "
+                  "text '-' foot 195,96 16 bold Arial #ffffff; text '3' mid 195,267 12 Arial #ffffff; "
+                  "rect 235,28 52x70 #00ff00; rect 235,28 52x2 #ff0000; rect 235,31 52x1 #000000; "
+                  "text '4' mid 261,267 12 Arial #ffffff; rect 300,28 52x70 #00ff00; "
+                  "text '5' mid 326,267 12 Arial #ffffff; rect 365,99 52x70 #00ff00; "
+                  "text '6' mid 391,267 12 Arial #ffffff; rect 0,0 18x18 #ffff00; "
+                  "text '7' mid 9,9 12 Arial #000000",
             true);
     }
 
@@ -278,53 +269,51 @@ private slots:
         }
     }
 
+    /// The numbers of the cells shown, and what stands there were there none.
     void voltageCells()
     {
-        const PackVoltages pack = packOf(1, {4000, 4000, 4000, 4000}, {1, 3});
-        const QVector<std::tuple<VoltageChart::Selection, int, Ints, const char *>> rows = {
-            {VoltageChart::AllButSelected, -1, {0, 2}, "All cells are hidden."},
-            {VoltageChart::All, -1, {0, 1, 2, 3}, "No cell selected"},
-            {VoltageChart::OnlySelected, -1, {1, 3}, "No cell selected"},
-            {VoltageChart::OnlySelected, 0, {0}, "No cell 1"}, // whatever is selected
-            {VoltageChart::All, 7, {}, "No cell 8"},
-        };
-        for (const auto &[selection, oneCell, cells, elseText] : rows) {
+        const auto shown = [](VoltageChart::Selection selection, int oneCell) {
             VoltageChart chart;
             chart.selection = selection;
             chart.oneCell = oneCell;
-            QCOMPARE(chart.shownCells(pack), cells);
-            QCOMPARE(chart.noCellText(pack), QString(elseText));
-            QCOMPARE(chart.noCellText({}), QString("No cell data"));
-        }
+            const PackVoltages pack = packOf(1, {4000, 4000, 4000, 4000}, {1, 3});
+            QString cells;
+            for (const int cell : chart.shownCells(pack))
+                cells += QString::number(cell + 1);
+            return cells + ' ' + chart.noCellText(pack);
+        };
+        QCOMPARE(shown(VoltageChart::AllButSelected, -1), QString("13 All cells are hidden."));
+        QCOMPARE(shown(VoltageChart::All, -1), QString("1234 No cell selected"));
+        QCOMPARE(shown(VoltageChart::OnlySelected, -1), QString("24 No cell selected"));
+        QCOMPARE(shown(VoltageChart::OnlySelected, 0), QString("1 No cell 1")); // whatever is selected
+        QCOMPARE(shown(VoltageChart::All, 7), QString(" No cell 8"));
+        QCOMPARE(VoltageChart().noCellText({}), QString("No cell data"));
     }
 
     void voltagePicture()
     {
-        VoltageChart chart = voltages({packOf(1, {4000, 4040, 3960}), packOf(2, {4040, 3970}, {1})});
+        VoltageChart chart = voltages({packOf(1, {4000, 4008, 4004}), packOf(2, {4008, 4001}, {1})});
         chart.packs[1].staleSince = QDateTime({2026, 1, 2}, {3, 4, 5});
         SHOWS(chart, usual,
-            "line 52,294 639,294 #3c3c3c; text '3.94' right 46,294 11 Arial #ffffff; "
-            "line 52,252 639,252 #3c3c3c; text '3.96' right 46,252 11 Arial #ffffff; "
-            "line 52,209 639,209 #3c3c3c; text '3.98' right 46,209 11 Arial #ffffff; "
+            "line 52,294 639,294 #3c3c3c; text '3.98' right 46,294 11 Arial #ffffff; "
             "line 52,167 639,167 #3c3c3c; text '4.00' right 46,167 11 Arial #ffffff; "
-            "line 52,124 639,124 #3c3c3c; text '4.02' right 46,124 11 Arial #ffffff; "
-            "line 52,82 639,82 #3c3c3c; text '4.04' right 46,82 11 Arial #ffffff; line 52,39 639,39 #3c3c3c; "
-            "text '4.06' right 46,39 11 Arial #ffffff; text '[V]' right 46,12 11 Arial #ffffff; "
-            "line 52,0 52,360 #7f7f7f; line 52,294 359,294 #7f7f7f; rect 56,3 18x18 #ffff00; "
-            "text '1' mid 65,12 12 Arial #000000; text 'Varnel 3' left 80,12 12 Arial #ffffff; "
-            "rect 145,167 33x127 #4678ff; text '1' mid 161,304 11 Arial #ffffff; rect 189,82 33x212 #e6d200; "
-            "text '2' mid 205,304 11 Arial #ffffff; rect 233,252 33x42 #ff7f00; "
-            "text '3' mid 249,304 11 Arial #ffffff; text 'Max 4.040 V, cell 2' left 56,319 11 Arial #ffffff; "
-            "text 'Min 3.960 V, cell 3' left 56,334 11 Arial #ffffff; "
-            "text 'Spread 0.080 V' left 56,349 11 Arial #ffffff; line 360,0 360,360 #7f7f7f; "
+            "line 52,39 639,39 #3c3c3c; text '4.02' right 46,39 11 Arial #ffffff; "
+            "text '[V]' right 46,12 11 Arial #ffffff; line 52,0 52,360 #7f7f7f; "
+            "line 52,294 359,294 #7f7f7f; rect 56,3 18x18 #ffff00; text '1' mid 65,12 12 Arial #000000; "
+            "text 'Varnel 3' left 80,12 12 Arial #ffffff; rect 145,167 33x127 #ff7f00; "
+            "text '1' mid 161,304 11 Arial #ffffff; rect 189,116 33x178 #e6d200; "
+            "text '2' mid 205,304 11 Arial #ffffff; rect 233,141 33x153 #4678ff; "
+            "text '3' mid 249,304 11 Arial #ffffff; text 'Max 4.008 V, cell 2' left 56,319 11 Arial #ffffff; "
+            "text 'Min 4.000 V, cell 1' left 56,334 11 Arial #ffffff; "
+            "text 'Spread 0.008 V' left 56,349 11 Arial #ffffff; line 360,0 360,360 #7f7f7f; "
             "line 360,294 639,294 #7f7f7f; rect 364,3 18x18 #ffff00; text '2' mid 373,12 12 Arial #000000; "
             "text 'Varnel 3' left 388,12 12 Arial #ffffff; "
-            "text 'No line since 03:04:05' left 364,30 11 Arial #ffffff; rect 461,82 33x212 #e6d200 dim; "
-            "text '1' mid 477,304 11 Arial #ffffff dim; rect 505,230 33x64 #ff7f00 dim; "
-            "rect 505,230 33x64 pen2 #ffffff dim; text '2' mid 521,304 12 bold Arial #ffffff dim; "
-            "text 'Max 4.040 V, cell 1' left 364,319 11 Arial #ffffff dim; "
-            "text 'Min 3.970 V, cell 2' left 364,334 11 Arial #ffffff dim; "
-            "text 'Spread 0.070 V' left 364,349 11 Arial #ffffff dim",
+            "text 'No line since 03:04:05' left 364,30 11 Arial #ffffff; rect 461,116 33x178 #e6d200 dim; "
+            "text '1' mid 477,304 11 Arial #ffffff dim; rect 505,160 33x134 #ff7f00 dim; "
+            "rect 505,160 33x134 pen2 #ffffff dim; text '2' mid 521,304 12 bold Arial #ffffff dim; "
+            "text 'Max 4.008 V, cell 1' left 364,319 11 Arial #ffffff dim; "
+            "text 'Min 4.001 V, cell 2' left 364,334 11 Arial #ffffff dim; "
+            "text 'Spread 0.007 V' left 364,349 11 Arial #ffffff dim",
             true);
     }
 

@@ -104,16 +104,6 @@ private slots:
         QCOMPARE(box->text(), "Can not print to " + QDir::toNativeSeparators(file()));
     }
 
-    void captions()
-    {
-        QCOMPARE(printedName(-1, "Varnel 3", {}), QString("Varnel 3"));
-        QCOMPARE(printedName(0, {}, "a.abp"), QString("0: a.abp"));
-        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-        const QString now = QLocale().toString(QDateTime::currentDateTime(), QLocale::ShortFormat);
-        QVERIFY(printDetails({"a", "b"}) == "a, b, " + now || printDetails({}) != now); // or a minute later
-        QLocale::setDefault(QLocale::c());
-    }
-
 private:
     FakeLink links[2]; // outlive the window
 

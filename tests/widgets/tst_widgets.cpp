@@ -49,23 +49,19 @@ private slots:
             return QFontMetrics(font).size(0, text).boundedTo(box) == QFontMetrics(font).size(0, text);
         };
         for (const bool inPixels : {true, false}) {
-            QFont font("Arial");
-            const auto resize = [&font, inPixels](qreal size) {
+            const auto sized = [inPixels](qreal size) {
+                QFont font("Arial");
                 inPixels ? font.setPixelSize(int(size)) : font.setPointSizeF(size);
+                return font;
             };
-            const auto sizeOf = [inPixels](const QFont &one) {
-                return inPixels ? qreal(one.pixelSize()) : one.pointSizeF();
-            };
-            resize(40);
-            const QFont given = font;
-            const QSize whole = QFontMetrics(font).size(0, text);
-            QCOMPARE(fittedFont(given, text, whole), given);
+            const QSize whole = QFontMetrics(sized(40)).size(0, text);
+            QCOMPARE(fittedFont(sized(40), text, whole), sized(40));
             for (const QSize &less : {whole - QSize(1, 0), whole - QSize(0, 1), whole / 3, QSize(20, 999)}) {
-                QVERIFY(fits(fittedFont(given, text, less), less));
-                resize(sizeOf(fittedFont(given, text, less)) + (inPixels ? 1 : 0.5));
-                QVERIFY(!fits(font, less));
+                const QFont fitted = fittedFont(sized(40), text, less);
+                QVERIFY(fits(fitted, less));
+                QVERIFY(!fits(sized(inPixels ? fitted.pixelSize() + 1 : fitted.pointSizeF() + 0.5), less));
             }
-            QCOMPARE(sizeOf(fittedFont(given, text, {0, 0})), 1.0);
+            QCOMPARE(fittedFont(sized(40), text, {0, 0}), sized(1));
         }
         QLabel label;
         // The second time is unchanged: costs nothing.
