@@ -2,8 +2,8 @@
 
 #include "displays/voltagesource.h"
 #include "data/varnel3data.h"
+#include "protocol/lineconversions.h"
 
-#include <algorithm>
 #include <numeric>
 
 /// A charging LiPo pack with cell data; its statistics are those of `millivolts`.
@@ -18,11 +18,7 @@ inline Varnel3Data samplePack(const QVector<int> &millivolts)
     for (int i = 0; i < millivolts.size(); ++i)
         record.cells[i].voltage = millivolts[i];
     record.voltage = std::accumulate(millivolts.begin(), millivolts.end(), 0);
-    if (millivolts.isEmpty())
-        return record;
-    record.cellAverage = record.voltage / millivolts.size();
-    record.cellMax = *std::max_element(millivolts.begin(), millivolts.end());
-    record.cellMin = *std::min_element(millivolts.begin(), millivolts.end());
+    updateCellStatistics(record);
     return record;
 }
 

@@ -18,23 +18,16 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
-#include <memory>
-
 namespace {
 
 constexpr QSize smallest{470, 280};
-const QDateTime silence({2026, 1, 2}, {3, 4, 5});
 
 class Packs : public VoltageSource {
 public:
     QVector<PackVoltages> list;
     mutable int asked = 0;
 
-    QVector<PackVoltages> packs() const override
-    {
-        ++asked;
-        return list;
-    }
+    QVector<PackVoltages> packs() const override { return ++asked, list; }
     void toggleCell(int windowNumber, int cell) override
     {
         for (PackVoltages &pack : list)
@@ -76,17 +69,41 @@ private slots:
         QLocale::setDefault(QLocale::c());
     }
 
-    void init() { m_state = std::make_unique<ViewState>(); }
+    void init() { m_state.setSwitches({}); }
     void cleanup() { delete m_comparison; }
 
     void windows()
     {
-        const QString grounds = " 470x280 465x364 black white black 0 1";
-        QCOMPARE(toldOf<CapacityDisplay>(), "Varnel - capacity comparison" + grounds);
-        QCOMPARE(toldOf<PowerDisplay>(), "Varnel - bar display" + grounds);
-        const QString voltages = toldOf<VoltageComparison>(); // the sizes are its layout's
-        QVERIFY2(voltages.startsWith("Varnel - voltage comparison 300x"), qPrintable(voltages));
-        QVERIFY2(voltages.endsWith(" black white black 0 1"), qPrintable(voltages));
+        CapacityDisplay capacities;
+        capacities.setViewState(&m_state);
+        PowerDisplay power;
+        power.setViewState(&m_state);
+        VoltageComparison voltages;
+        voltages.setViewState(&m_state);
+        voltages.setAttribute(Qt::WA_DeleteOnClose, false);
+        const QVector<std::tuple<QWidget *, QString, QSize, QSize>> rows{
+            {&capacities, "Varnel - capacity comparison", smallest, {465, 364}},
+            {&power, "Varnel - bar display", smallest, {465, 364}},
+            {&voltages, "Varnel - voltage comparison", {300, 0}, voltages.sizeHint()}};
+        for (const auto &[display, title, least, first] : rows) {
+            QVERIFY(
+                display->windowFlags().testFlag(Qt::WindowStaysOnTopHint) && !display->windowIcon().isNull());
+            QCOMPARE(display->windowTitle(), title);
+            QCOMPARE(display->minimumSize(), least);
+            QCOMPARE(display->sizeHint(), first);
+            display->resize(smallest);
+            display->show();
+            for (const bool black : {true, false, true}) {
+                setView(CellValue::Voltage, black);
+                const QColor ground = black ? Qt::black : Qt::white;
+                QTRY_COMPARE_WITH_TIMEOUT(display->grab().toImage().pixelColor(1, 270), ground, 30000);
+            }
+            QSignalSpy closed(display, SIGNAL(closed()));
+            display->hide(); // which is no closing
+            display->show();
+            display->close();
+            QCOMPARE(closed.count(), 1);
+        }
     }
 
     void capacityPaging()
@@ -143,11 +160,8 @@ private slots:
         for (int left = 8; left > 1; --left)
             display.removeEntry(left - 1);
         QCOMPARE(without(0), QString("|........|"));
-        display.addEntry({1000, 'D', 1});
-        QCOMPARE(columnsOf(display), QString("|D.......|"));
     }
 
-    /// The view goes back to where windows are, and the entries are asked for.
     void opening()
     {
         CapacityDisplay display;
@@ -175,7 +189,7 @@ private slots:
     {
         CapacityDisplay display;
         fill(display, "C");
-        display.addEntry({500, 'D', 2, "2: Varnel 3 COM2", silence});
+        display.addEntry({500, 'D', 2, "2: Varnel 3 COM2", QDateTime({2026, 1, 2}, {3, 4, 5})});
         display.show();
         const auto toolTipAt = [&display](int x) {
             const QPoint point(x, 100);
@@ -193,7 +207,7 @@ private slots:
     {
         PowerDisplay display;
         display.resize(smallest);
-        display.setViewState(m_state.get());
+        display.setViewState(&m_state);
         display.show();
         const auto lack = [&display](const char *expected) {
             settle(display);
@@ -205,12 +219,12 @@ private slots:
         display.updateData(record, 3);
         QCOMPARE(lack("rect 39,63 157x35 #00ff00; text '3' mid 9,9 12 Arial #000000"), QByteArray());
         setView(CellValue::Charge, false);
-        QCOMPARE(lack("rect 39,56 157x112 #00ff00; text '[mAh]' left 24,10 11 Times #000000"), QByteArray());
-        display.setStaleSince(silence);
-        QCOMPARE(lack("rect 39,56 157x112 #00ff00 dim"), QByteArray());
+        QCOMPARE(lack("rect 39,56 157x112 #007f00; text '[mAh]' left 24,10 11 Times #000000"), QByteArray());
+        display.setStaleSince(QDateTime({2026, 1, 2}, {3, 4, 5}));
+        QCOMPARE(lack("rect 39,56 157x112 #007f00 dim"), QByteArray());
         QCOMPARE(display.toolTip(), QString("No line since 03:04:05"));
         display.setStaleSince({});
-        QCOMPARE(lack("rect 39,56 157x112 #00ff00"), QByteArray());
+        QCOMPARE(lack("rect 39,56 157x112 #007f00"), QByteArray());
         QCOMPARE(display.toolTip(), QString());
         display.updateData(record, -1);
         QVERIFY(!lack("rect 0,0 18x18 #ffff00").isEmpty()); // no window, no number
@@ -293,20 +307,15 @@ private slots:
             QCOMPARE(button->toolTip(), hint->text());
             button->click();
         }
-        QCOMPARE(button->text(), QString("S"));
         QCOMPARE(canvas()->minimumHeight(), 190);
         QCOMPARE(hint->font().pixelSize(), 11);
         QCOMPARE(button->pos(), QPoint(3, 3));
-        QCOMPARE(hint->x(), button->geometry().right() + 1 + 6);
-        for (const bool black : {true, false}) {
-            setView(CellValue::Voltage, black);
-            settle(*m_comparison);
-            QCOMPARE(canvas()->chart().blackGround, black);
-            QCOMPARE(hint->palette().color(QPalette::WindowText), QColor(black ? Qt::white : Qt::black));
-        }
+        setView(CellValue::Voltage, false);
+        settle(*m_comparison);
+        QVERIFY(!canvas()->chart().blackGround && canvas()->chart().distinct);
+        QCOMPARE(hint->palette().color(QPalette::WindowText), QColor(Qt::black));
     }
 
-    /// What is looked at stays in view when the groups become narrow and wide again.
     void scrolling()
     {
         compare(sixteens(12), {4000, 360});
@@ -333,10 +342,11 @@ private slots:
         QCOMPARE(afterTurn({0, -120}), 628);
         QCOMPARE(afterTurn({240, 0}), 548);
         VERIFY_PAINTS(*canvas(), "rect 36,3 18x18 #ffff00; text '3' mid 45,12 12 Arial #000000");
+        QCOMPARE(canvas()->grab().toImage().pixelColor(40, 5), QColor(Qt::black)); // but not over the axis
         QCOMPARE(after(Qt::Key_PageUp), 0);
         QCOMPARE(after(Qt::Key_End), bar->maximum());
         QCOMPARE(after(Qt::Key_Home), 0);
-        bar->setValue(canvas()->chart().groupStart(6, 640) - 9);
+        bar->setValue(canvas()->chart().groupStart(6, 640) - 9); // stays in view however wide the groups are
         for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Right, Qt::Key_Escape}) {
             const int value = after(key);
             QCOMPARE(value, canvas()->chart().groupStart(6, 640) - 9);
@@ -349,37 +359,8 @@ private:
         ViewSwitches switches;
         switches.cellValue = cellValue;
         switches.blackBackground = black;
-        m_state->setSwitches(switches);
-    }
-
-    /// What every display has: title, smallest and first size, grounds, and how often it has told that it was
-    /// closed when it is hidden and when it is closed.
-    template <typename Display>
-    QString toldOf()
-    {
-        Display display;
-        display.setAttribute(Qt::WA_DeleteOnClose, false);
-        display.setViewState(m_state.get());
-        display.resize(smallest);
-        display.show();
-        QStringList told{display.windowTitle()};
-        for (const QSize &size : {display.minimumSize(), display.sizeHint()})
-            told << QString("%1x%2").arg(size.width()).arg(size.height());
-        for (const bool black : {true, false, true}) {
-            setView(CellValue::Voltage, black);
-            const auto shows = [&] {
-                return display.grab().toImage().pixelColor(1, 270) == QColor(black ? Qt::black : Qt::white);
-            };
-            told << (QTest::qWaitFor(shows, 30000) ? black ? "black" : "white" : "wrong");
-        }
-        QSignalSpy closed(&display, SIGNAL(closed()));
-        display.hide();
-        told << QString::number(closed.count());
-        display.show();
-        display.close();
-        const bool onTop = display.windowFlags().testFlag(Qt::WindowStaysOnTopHint);
-        return (told << QString::number(closed.count())).join(' ')
-            + (onTop && !display.windowIcon().isNull() ? "" : "!");
+        switches.distinctLines = !black;
+        m_state.setSwitches(switches);
     }
 
     /// Shows the comparison of these windows.
@@ -388,14 +369,14 @@ private:
         m_source = {};
         m_source.list = packs;
         m_comparison = new VoltageComparison;
-        m_comparison->setViewState(m_state.get());
+        m_comparison->setViewState(&m_state);
         m_comparison->setSource(&m_source);
         m_comparison->resize(size);
         m_comparison->show();
     }
     VoltageCanvas *canvas() const { return m_comparison->findChild<VoltageCanvas *>(); }
 
-    std::unique_ptr<ViewState> m_state;
+    ViewState m_state;
     Packs m_source;
     QPointer<VoltageComparison> m_comparison; // which deletes itself when it is closed
 };

@@ -34,7 +34,6 @@ private slots:
         for (const auto orientation : {QPageLayout::Landscape, QPageLayout::Portrait}) {
             for (const QSizeF &picture : {QSizeF(470, 280), QSizeF(300, 900)}) {
                 const auto printer = pdf(file());
-                printer->setPageSize(QPageSize(QPageSize::A4));
                 printer->setPageOrientation(orientation);
                 QTransform transform;
                 const auto paint = [&](QPainter &painter) { transform = painter.combinedTransform(); };
@@ -53,14 +52,14 @@ private slots:
     /// On white paper, as if each line had just come, and with the names of the windows.
     void commands()
     {
-        // The dialog would use it, and paper with it.
         if (!QPrinterInfo::availablePrinterNames().isEmpty())
-            QSKIP("A printer is installed.");
+            QSKIP("A printer is installed, the dialog would use it.");
         open({});
-        print(ActionId::PrintBars, "bar display", "text 'NO DATA' mid 235,140 53 Arial #000000");
-        print(ActionId::PrintVoltage, "voltage comparison", "text 'NO DATA' mid 240,136 53 Arial #000000");
-        QVERIFY(!contents(file()).contains("/Subtype /Image")); // drawn, not as a bitmap
-        QVERIFY(contents(file()).contains("/FontFile"));
+        print(ActionId::PrintBars, "bar display 470x280", "text 'NO DATA' mid 235,140 53 Arial #000000");
+        print(ActionId::PrintVoltage, "voltage comparison 480x280",
+            "text 'NO DATA' mid 240,136 53 Arial #000000");
+        QVERIFY(
+            contents(file()).contains("/FontFile") && !contents(file()).contains("/Subtype /Image")); // drawn
         for (FakeLink &link : links) {
             MdiGraphChild *child = window->createMdiChild();
             child->attachReader(&link);
@@ -72,26 +71,25 @@ private slots:
         const QDateTime now = QDateTime::currentDateTime();
         watch->lookAt(now, 0);
         watch->lookAt(now.addSecs(60), 60000);
-        print(ActionId::PrintBars, "bar display, 2: Varnel 3 COM4",
+        print(ActionId::PrintBars, "bar display 470x280, 2: Varnel 3 COM4",
             "text '[mV]' left 24,10 11 Times #000000; rect 0,0 18x18 #ffff00");
-        print(ActionId::PrintCapacity, "capacity comparison",
+        print(ActionId::PrintCapacity, "capacity comparison 470x310",
             "text '1' foot 49,252 13 bold Arial #000000; rect 30,56 38x168 #007f00; "
             "text '2: Varnel 3 COM4, 6 x LiPo, 0.150 Ah' left 30,303 11 Arial #000000");
         trigger(ActionId::Graph);
         QTest::keyClick(window->findChild<QWidget *>("canvas")->window(), Qt::Key_Space);
-        print(ActionId::PrintVoltage, "voltage comparison, 1: Varnel 3 COM3, 2: Varnel 3 COM4",
+        print(ActionId::PrintVoltage, "voltage comparison 480x280, 1: Varnel 3 COM3, 2: Varnel 3 COM4",
             "text '[V]' right 46,12 11 Arial #000000; text '4.200 V' mid 159,238 19 bold Arial #000000");
         trigger(ActionId::Graph); // nobody sees any more that it is only one cell
-        print(ActionId::PrintVoltage, "voltage comparison, 1: Varnel 3 COM3, 2: Varnel 3 COM4",
+        print(ActionId::PrintVoltage, "voltage comparison 480x280, 1: Varnel 3 COM3, 2: Varnel 3 COM4",
             "text '6' mid 236,216 11 Arial #000000");
-        print(ActionId::PrintPlot, "graph, 2: Varnel 3 COM4");
+        print(ActionId::PrintPlot, "graph 640x400, 2: Varnel 3 COM4");
     }
 
     void failuresAreReported()
     {
         const PrintJob job{"Title", {}, {100, 100}, [](QPainter &) {}};
-        QVERIFY(printPage(job, pdf(file()).get()));
-        QVERIFY(!printPage({"Title", {}, {}, job.paint}, pdf(file()).get()));
+        QVERIFY(printPage(job, pdf(file()).get()) && !printPage({"", {}, {}, job.paint}, pdf(file()).get()));
         QTest::ignoreMessage(QtWarningMsg, "QPainter::begin(): Returned false");
         QVERIFY(!printPage(job, pdf(fixture->path("none/x.pdf")).get()));
         if (!QPrinterInfo::availablePrinterNames().isEmpty())
@@ -119,14 +117,9 @@ private:
 
     static QPrintDialog *openDialog()
     {
-        const auto widgets = QApplication::topLevelWidgets();
-        for (QWidget *widget : widgets)
-            if (auto *dialog = qobject_cast<QPrintDialog *>(widget))
-                return dialog;
-        return nullptr;
+        return qobject_cast<QPrintDialog *>(QApplication::activeModalWidget());
     }
 
-    /// Prints to file() from the dialog that is open, or cancels that.
     void finish(bool accepted) const
     {
         openDialog()->findChild<QLineEdit *>("filename")->setText(file());
@@ -136,7 +129,7 @@ private:
         QVERIFY(!openDialog());
     }
 
-    /// The command prints a page of such a title and details, but for the time, with what is `expected`.
+    /// The command prints a page of such a title, size and details, with what is `expected`.
     void print(ActionId command, const char *title, const char *expected = nullptr)
     {
         for (const bool accepted : {false, true}) {
@@ -144,8 +137,9 @@ private:
             trigger(command);
             QVERIFY(openDialog());
             const PrintJob &job = openDialog()->findChild<PrintRequest *>()->job();
+            const QString size = QString(" %1x%2").arg(job.size.width()).arg(job.size.height());
             QCOMPARE(
-                (job.title + ", " + job.details).section(", ", 0, -2).remove("Varnel - "), QString(title));
+                (job.title + size + ", " + job.details).section(", ", 0, -2), "Varnel - " + QString(title));
             if (expected)
                 VERIFY_PAINTS(job.size.toSize(), job.paint, expected);
             finish(accepted);
