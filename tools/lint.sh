@@ -110,6 +110,7 @@ step width check_width
 step sources check_sources
 step layers python3 tools/check_layers.py
 step words python3 tools/check_words.py
+step translations python3 tools/check_translations.py
 step cppcheck check_cppcheck
 step clang-tidy in_groups tidy
 step clazy in_groups clazy
