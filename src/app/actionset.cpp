@@ -144,7 +144,8 @@ public:
         {ActionId::Data, Qt::Key_D, QT_TR_NOOP("The large data display")},
         {ActionId::Graph, Qt::Key_G,
             QT_TR_NOOP("Voltage comparison: cell voltages of several windows side by side")},
-        {ActionId::BarGraph, Qt::SHIFT | Qt::Key_G, QT_TR_NOOP("Capacity comparison of the recordings")},
+        {ActionId::BarGraph, int(Qt::SHIFT) | int(Qt::Key_G),
+            QT_TR_NOOP("Capacity comparison of the recordings")},
         {ActionId::Temperature, Qt::Key_T, QT_TR_NOOP("Curve of the temperature")},
         {ActionId::Delta, Qt::Key_V, QT_TR_NOOP("dV, energy or neither on the right axis")},
         {ActionId::Resistance, Qt::Key_R, QT_TR_NOOP("Curve of the internal resistance")},
@@ -215,7 +216,7 @@ ActionSet::ActionSet(QObject *window, QObject *mdiArea)
         action->setShortcut(view.key);
         action->setStatusTip(view.tip ? ActionTable::tr(view.tip) : action->toolTip());
     }
-    (*this)[ActionId::Explain]->setShortcut(Qt::SHIFT | Qt::Key_F1);
+    (*this)[ActionId::Explain]->setShortcut(int(Qt::SHIFT) | int(Qt::Key_F1));
     (*this)[ActionId::ReopenClosed]->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_T);
     showPaused(QString());
 }

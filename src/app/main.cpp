@@ -99,8 +99,8 @@ int runProgram(const QStringList &files)
     return leave(code);
 }
 
-/// Letters, lines and pictures have the size that each screen asks for, in its own pixels. Before there is any
-/// graphical application object.
+/// Letters, lines and pictures have the size that each screen asks for, in its own pixels. Before there is
+/// any graphical application object.
 void followScreens()
 {
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);

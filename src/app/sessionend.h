@@ -24,7 +24,8 @@ public:
     };
     SessionEnd(QWidget *shell, const Parts &parts);
 
-    /// Closes the shell, whatever is open above it; returns when it is closed. Harmless when called from within.
+    /// Closes the shell, whatever is open above it; returns when it is closed. Harmless when called from
+    /// within.
     void closeShell();
 
 public slots:

@@ -48,8 +48,8 @@ void addEnergyButton(QToolBar *bar, const ActionSet &actions)
     bar->addWidget(button);
 }
 
-// What the mouse does to the frame: Restore, Move, Size, Minimize and Maximize of the frame's own menu, whose first
-// five they are.
+// What the mouse does to the frame: Restore, Move, Size, Minimize and Maximize of the frame's own menu, whose
+// first five they are.
 void fillFrameMenu(QMenu *menu, const QMdiSubWindow *frame)
 {
     constexpr int count = 5;

@@ -41,7 +41,8 @@ extern const QVector<MenuEntry> view; ///< the view switches, which the tool bar
 
 /// Appends `entries` to `menu`, and returns it.
 QMenu *fill(QMenu *menu, const QVector<MenuEntry> &entries, const ActionSet &actions);
-/// Sub-menus of the window menu, which have no parent: of the background and of the current graph window's frame.
+/// Sub-menus of the window menu, which have no parent: of the background and of the current graph window's
+/// frame.
 struct SubMenus {
     std::unique_ptr<QMenu> background, frame;
 };

@@ -2,8 +2,8 @@
 
 #include <QProxyStyle>
 
-/// Draws the title bars of graph windows, the same on every desktop: those of some are light grey on white while
-/// their window is inactive. Text and ground differ by 4.5:1 at least, active and inactive.
+/// Draws the title bars of graph windows, the same on every desktop: those of some are light grey on white
+/// while their window is inactive. Text and ground differ by 4.5:1 at least, active and inactive.
 class TitleBarStyle : public QProxyStyle {
     Q_OBJECT
 

@@ -13,10 +13,10 @@ class VoltageCanvas;
 class VoltageChart;
 class VoltageSource;
 
-/// The cell voltages of all graph windows side by side at their newest records; always on top, gone
-/// when closed. A click on a bar, or Space, shows that one cell of every window; a click anywhere,
-/// Space or Escape shows all again; with all shown, Escape closes the window. A click with the Control key selects the cell in its graph
-/// window. What is chosen outlives the window.
+/// The cell voltages of all graph windows side by side at their newest records; always on top, gone when
+/// closed. A click on a bar, or Space, shows that one cell of every window; a click anywhere, Space or Escape
+/// shows all again; with all shown, Escape closes the window. A click with the Control key selects the cell
+/// in its graph window. What is chosen outlives the window.
 class VoltageComparison : public QWidget, public Spoken {
     Q_OBJECT
 

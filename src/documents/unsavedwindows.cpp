@@ -112,7 +112,8 @@ void UnsavedWindows::rescue(MdiGraphChild *child, QStringList folders)
     });
 }
 
-// As a journal is called, so that it is found where journals are; the window's own may be there and lack lines.
+// As a journal is called, so that it is found where journals are; the window's own may be there and lack
+// lines.
 QString UnsavedWindows::nameToRescue(const MdiGraphChild *child, const QString &folder)
 {
     const QString base = folder + QLatin1Char('/') + m_windowFiles->nameFor(child);

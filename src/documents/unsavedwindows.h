@@ -32,8 +32,8 @@ public:
 
     /// The session ends: from now on nobody is asked, and nothing closes before releaseAll().
     void holdAll() { m_end = End::Held; }
-    /// Writes the records that no file holds to files beside the journals, or, where that fails, in the user's
-    /// home or the folder for temporary files. Done when nothing is written any more.
+    /// Writes the records that no file holds to files beside the journals, or, where that fails, in the
+    /// user's home or the folder for temporary files. Done when nothing is written any more.
     void rescueAll();
     /// Everything may close, unasked.
     void releaseAll() { m_end = End::Released; }

@@ -27,8 +27,8 @@ public:
     /// Why the port could not be opened, in the user's language, with advice where there is any.
     QString errorText() const;
     bool isOpen() const { return m_port.isOpen(); }
-    /// Handles what waits in the system. Blocks for some milliseconds, at most 200 where a device sends on and
-    /// on.
+    /// Handles what waits in the system. Blocks for some milliseconds, at most 200 where a device sends on
+    /// and on.
     void readRest();
 
     /// Blocks at most 500 ms, and only while the system does not take the bytes. Lines that arrive

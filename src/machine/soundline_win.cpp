@@ -15,8 +15,8 @@
 
 namespace {
 
-// A sick sound system keeps whoever asks it, for its devices as for a sound. That is a thread of its own, which is
-// left to itself should it never come back.
+// A sick sound system keeps whoever asks it, for its devices as for a sound. That is a thread of its own,
+// which is left to itself should it never come back.
 struct Wishes {
     std::mutex mutex;
     std::condition_variable changed;

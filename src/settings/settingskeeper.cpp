@@ -77,7 +77,8 @@ bool apply(const Values &values, QSettings *settings)
     return settings->status() != QSettings::AccessError;
 }
 
-// Windows replaces no file that somebody has open, be it the window's thread that reads it or a virus scanner.
+// Windows replaces no file that somebody has open, be it the window's thread that reads it or a virus
+// scanner.
 QString replaceFile(const QString &fresh, const QString &target)
 {
     std::error_code error;

@@ -7,8 +7,8 @@
 class QAction;
 class QMenu;
 
-/// `texts`, each with an '&' before a letter that no other one has, as far as there are letters: the first of a
-/// word where that is free. Those that have one keep it.
+/// `texts`, each with an '&' before a letter that no other one has, as far as there are letters: the first of
+/// a word where that is free. Those that have one keep it.
 QStringList withMnemonics(const QStringList &texts);
 
 /// Gives the entries of a menu such letters while it is open; they are found in any language, and however the

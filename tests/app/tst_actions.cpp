@@ -261,14 +261,16 @@ private slots:
             }
             return texts.join(',');
         };
+        const QString tools
+            = "&Tools[Open recordings...,Reopen closed recording,|,Export as CSV...,Save picture...,|,"
+              "Remote control...,Stop process,Explanations...,&View switches[DATA,Graph,Bar Graph,|,"
+              "T,dV,Rw,|,B,Avg,S,P%,Vc,|,Hold view,Distinct lines]";
         QCOMPARE(textsOf(window->menuBar()).split("],"),
             QStringList({"&File[Open file,Save as,Preferences,Set time,|,E&xit",
                 "&Window[Recording,Background color[White,Black",
-                "|,Cl&ose,Close &All,|,&Tile,&Cascade,|,Ne&xt,Pre&vious,|,Graph window[&Restore,&Move,&Size,Mi&nimize,Ma&ximize]",
-                "&Print[Capacity comparison,Voltage comparison,Bar display,Active plot",
-                "&Tools[Open recordings...,Reopen closed recording,|,Export as CSV...,Save picture...,|,"
-                "Remote control...,Stop process,Explanations...,&View switches[DATA,Graph,Bar Graph,|,T,dV,Rw,|,"
-                "B,Avg,S,P%,Vc,|,Hold view,Distinct lines]",
+                "|,Cl&ose,Close &All,|,&Tile,&Cascade,|,Ne&xt,Pre&vious,|,"
+                    + QString("Graph window[&Restore,&Move,&Size,Mi&nimize,Ma&ximize]"),
+                "&Print[Capacity comparison,Voltage comparison,Bar display,Active plot", tools,
                 "|,&Help[User guide,|,&About]"}));
         QCOMPARE(textsOf(window->findChild<QToolBar *>("mainToolBar")),
             QString("Open file,Save as,&Cascade,&Tile,|,Recording,Stop process,|,DATA,Graph,Bar Graph,|,"

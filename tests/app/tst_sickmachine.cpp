@@ -102,7 +102,8 @@ private slots:
         QTest::newRow("no journal") << SIGTERM << false;
     }
 
-    // Told to end while lines arrive, the program has asked nothing, and what was sent until then stands in files.
+    // Told to end while lines arrive, the program has asked nothing, and what was sent until then stands in
+    // files.
     void told()
     {
         QFETCH(int, number);

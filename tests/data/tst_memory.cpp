@@ -97,7 +97,8 @@ private slots:
         QVERIFY_EXCEPTION_THROWN(LargeBlock(size_t(4) << 30), std::bad_alloc);
     }
 
-    // What groups (/a/b, that above, and the root) leave of a machine of 1000 bytes, of which 600 are available.
+    // What groups (/a/b, that above, and the root) leave of a machine of 1000 bytes, of which 600 are
+    // available.
     void groupsLeave()
     {
         const std::tuple<QByteArray, QByteArrayList, QByteArray> cases[] = {

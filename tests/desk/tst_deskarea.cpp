@@ -38,7 +38,8 @@ private slots:
         QFETCH(Rects, others);
         QFETCH(QRect, room);
         const QRect own(100, 100, 300, 200);
-        for (const QByteArray state : {"normal", "hidden", "maximised"}) {
+        for (const QByteArray &state :
+            {QByteArray("normal"), QByteArray("hidden"), QByteArray("maximised")}) {
             DeskArea area(nullptr);
             area.resize(1000, 600);
             area.show();

@@ -33,8 +33,8 @@ bool isOnTop(const QWidget *window)
 
 } // namespace
 
-/// The windows on the desk: where they stand and come back, what is shown above them. Every one is built under
-/// a message handler: a connection by name that does not hold is only a warning.
+/// The windows on the desk: where they stand and come back, what is shown above them. Every one is built
+/// under a message handler: a connection by name that does not hold is only a warning.
 class TestWindows : public QObject, private ShellRig {
     Q_OBJECT
 

@@ -20,7 +20,7 @@ private slots:
         tandor.flag2 = '\0';
         tandor.flag4 = char(0xb0);
         store.append(tandor);
-        QVERIFY(rowsOf(store)[2].endsWith(",25,,"));
+        QVERIFY(rowsOf(store).at(2).endsWith(",25,,"));
         for (int i = 3; i < 20; ++i) // then the smoothed curves are more than copies of one point
             store.append(balanced());
         const QList<QByteArray> rows = rowsOf(store);
@@ -41,8 +41,8 @@ private slots:
                 "flag 1|_|_|\"\"\"\"; flag 2|_|_|; flag 3|_|_|_; flag 4|_|_|\u00b0; flag 5|_|B|B; "
                 "cell maximum [mV]||4125|4125; cell minimum [mV]||4100|4100; cell average [mV]||4115|4115; "
                 "cell spread [mV]||25|25; balance maximum [%]||100|100; balanced charge maximum [mAh]||0|0; "
-                "cell 1 voltage [mV]|4000|4100|4100; cell 1 balance [%]||10|10; cell 1 balanced charge [mAh]||"
-                "0.013888888888888888|0.013888888888888888; cell 1 resistance [mOhm]||2.5|2.5; "
+                "cell 1 voltage [mV]|4000|4100|4100; cell 1 balance [%]||10|10; cell 1 balanced charge "
+                "[mAh]||0.013888888888888888|0.013888888888888888; cell 1 resistance [mOhm]||2.5|2.5; "
                 "cell 2 voltage [mV]|4000|4120|4120; cell 2 balance [%]||100|100; cell 2 balanced charge "
                 "[mAh]||0.1388888888888889|0.1388888888888889; cell 2 resistance [mOhm]||3|3; "
                 "cell 3 voltage [mV]||4125|4125; cell 3 balance [%]||0|0; cell 3 balanced charge [mAh]||0|0; "

@@ -267,7 +267,7 @@ private slots:
             return page.lines();
         };
         QVERIFY(drawn().size() > 20);
-        QCOMPARE(drawn().first(), QString("rect 0,0 640x400 #ffffff"));
+        QCOMPARE(drawn().constFirst(), QString("rect 0,0 640x400 #ffffff"));
         delete child;
         QCOMPARE(drawn(), QStringList());
     }

@@ -3,7 +3,8 @@
 #include "support/columns.h"
 #include "support/documentrig.h"
 
-/// What is asked when windows would take records with them, and when none does, with lines arriving meanwhile.
+/// What is asked when windows would take records with them, and when none does, with lines arriving
+/// meanwhile.
 class TestUnsavedWindows : public QObject, private DocumentRig {
     Q_OBJECT
 

@@ -93,7 +93,8 @@ QByteArrayList linesOf(const QByteArray &bytes, int pieceSize)
 
 } // namespace
 
-// The first byte says in what pieces the bytes arrive; they must not matter. Half of the ends are left to time.
+// The first byte says in what pieces the bytes arrive; they must not matter. Half of the ends are left to
+// time.
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
 {
     if (size < 2)

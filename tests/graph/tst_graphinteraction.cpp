@@ -22,9 +22,9 @@ QString percent(const Interval &share)
 
 } // namespace
 
-/// What is seen after each step: the times that are shown (s) with the shares of the values (upper plot, lower
-/// plot, in per cent), or "all"; the record of the cursor line, what is being picked, the picked cells, a
-/// closed hand, the record that the figures are to show from now on; "no" where an event meant nothing.
+/// What is seen after each step: the times that are shown (s) with the shares of the values (upper plot,
+/// lower plot, in per cent), or "all"; the record of the cursor line, what is being picked, the picked cells,
+/// a closed hand, the record that the figures are to show from now on; "no" where an event meant nothing.
 class TestGraphInteraction : public QObject {
     Q_OBJECT
 
@@ -57,9 +57,9 @@ private:
 };
 
 /// Commands, what is seen after the last one of a line; B is a button, N a number:
-///     hover X,Y    press B X,Y    move B X,Y    release B X,Y    click B X,Y    drag B X,Y X,Y    double B X,Y
-///     turn N X,Y   key NAME    leave    hide    resize W,H SCALE   set SWITCH   unset SWITCH
-///     add N        so many records    rewind    one with the time 0    ranged    how many the axes cover
+///   hover X,Y   press B X,Y   move B X,Y   release B X,Y   click B X,Y   drag B X,Y X,Y   double B X,Y
+///   turn N X,Y   key NAME    leave    hide    resize W,H SCALE   set SWITCH   unset SWITCH
+///   add N        so many records    rewind    one with the time 0    ranged    how many the axes cover
 /// "ctrl", "shift", "alt" are held; a wheel that turns "sideways".
 void TestGraphInteraction::steps_data()
 {
@@ -125,7 +125,8 @@ hide; release middle 470,437 = all cursor 43 shows 43)");
     add("dragging, never past the recording", records, R"(
 press right 470,155 = all cursor 43 shows 43
 move right 570,155 = all cursor 43
-release right 470,155; click middle 470,155; press right 470,155 = 215..645 25..75 0..100 cursor 43 hand shows 43
+release right 470,155 = all cursor 43 shows 43
+click middle 470,155; press right 470,155 = 215..645 25..75 0..100 cursor 43 hand shows 43
 move right 556,155 = 172..602 25..75 0..100 cursor 43 hand
 move right 556,208 = 172..602 35..85 0..100 cursor 43 hand
 release right 556,208 = 172..602 35..85 0..100 cursor 43 shows 43
@@ -151,7 +152,8 @@ key Right = all cursor 85 shows 85
 key Escape = all shows 86
 key Right = all cursor 0 shows 0
 key Escape; drag left 124,22 813,289; key Home = all cursor 70
-key Escape; click middle 472,400; click middle 472,100 ctrl; click middle 472,100; leave = 216..646 35..85 32..82 shows 86
+key Escape; click middle 472,400 = 216..646 0..100 0..100
+click middle 472,100 ctrl; click middle 472,100; leave = 216..646 35..85 32..82 shows 86
 key Left = 216..646 35..85 32..82 cursor 64 shows 64
 key Escape; key Right = 216..646 35..85 32..82 cursor 22 shows 22
 key Left = 210..640 35..85 32..82 cursor 21 shows 21

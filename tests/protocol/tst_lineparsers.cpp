@@ -72,7 +72,8 @@ QString figuresOf(const Varnel3Data &record)
             {record.voltage, record.current, record.temperature, record.energy, record.internalResistance});
 }
 
-// %1 of `line` is each of the `codes`, with a blank between: what the record then says, behind a '-' if refused.
+// %1 of `line` is each of the `codes`, with a blank between: what the record then says, behind a '-' if
+// refused.
 QStringList ofCodes(const QString &line, const QString &codes, QString (*said)(const Varnel3Data &))
 {
     QStringList all;

@@ -53,8 +53,8 @@ private slots:
         QCOMPARE(said("[ports]\nsendTime=true\n[journal]\nmaxAgeDays=-7\n"), QStringLiteral(" 0 1 0 "));
     }
 
-    // While the object lives on, so that a crash loses nothing; by a thread that waits for the disk. Who edits
-    // the file meanwhile is heard, and loses nothing.
+    // While the object lives on, so that a crash loses nothing; by a thread that waits for the disk. Who
+    // edits the file meanwhile is heard, and loses nothing.
     void storesAtOnce()
     {
         VarnelSettings settings;

@@ -9,10 +9,10 @@
 
 #include <functional>
 
-/// Records made from a few words. The first one is their number; they are of a pack of three cells that is being
-/// charged, one a minute: the voltage rises by 10 mV each and the charge by 100 mAh, the rest stands still.
-/// FIELD=VALUE changes all of them, FIELD@INDEX=VALUE one, FIELD@FIRST-LAST=VALUE some; "period" are the seconds
-/// since the one before.
+/// Records made from a few words. The first one is their number; they are of a pack of three cells that is
+/// being charged, one a minute: the voltage rises by 10 mV each and the charge by 100 mAh, the rest stands
+/// still. FIELD=VALUE changes all of them, FIELD@INDEX=VALUE one, FIELD@FIRST-LAST=VALUE some; "period" are
+/// the seconds since the one before.
 inline RecordList recordsOf(const QString &words)
 {
     static const QHash<QString, int Varnel3Data::*> fields{{"voltage", &Varnel3Data::voltage},

@@ -11,10 +11,10 @@
 /// A picture that is only taken down, one line an operation, in pixels:
 ///   rect 30,140 38x84 #007f00    line 20,224 450,224 #7f7f7f    curve 40,118 400,43 of 20 pen2 #00ff00
 ///   text '1' mid 49,238 13 bold Arial #ffffff
-/// Before a colour "pen2" tells the width of a frame, or of a stroke that is not one pixel wide, "dash1,2" the
-/// pattern of one that has gaps. A text is there in five ways, "at" the start of its baseline, by where its
-/// "left" end, its "mid" or its "right" end lies at half its height, or its middle at its "foot", so that a
-/// test names the one that its box holds and no font can change. "dim" ends a line that is less than opaque.
+/// Before a colour "pen2" tells the width of a frame, or of a stroke that is not one pixel wide, "dash1,2"
+/// the pattern of one that has gaps. A text is there in five ways, "at" the start of its baseline, by where
+/// its "left" end, its "mid" or its "right" end lies at half its height, or its middle at its "foot", so that
+/// a test names the one that its box holds and no font can change. "dim" ends a line that is less than opaque.
 class PaintLog : public QPaintDevice {
 public:
     explicit PaintLog(const QSize &size = {})
@@ -27,7 +27,7 @@ public:
     QStringList lines() const
     {
         QStringList lines;
-        for (const QStringList &ways : m_engine.operations)
+        for (const QStringList &ways : qAsConst(m_engine.operations))
             lines.append(ways.first());
         return lines;
     }
@@ -37,7 +37,7 @@ public:
     {
         const QStringList wanted = expected.split("; ");
         QStringList painted;
-        for (const QStringList &ways : m_engine.operations)
+        for (const QStringList &ways : qAsConst(m_engine.operations))
             painted += ways;
         QStringList missing;
         std::copy_if(wanted.begin(), wanted.end(), std::back_inserter(missing),
@@ -123,9 +123,10 @@ private:
         QString gaps() const
         {
             QStringList lengths;
+            const QVector<qreal> pattern = painter()->pen().dashPattern();
             if (painter()->pen().style() > Qt::SolidLine)
-                for (const qreal length : painter()->pen().dashPattern())
-                    lengths << QString::number(length);
+                std::transform(pattern.begin(), pattern.end(), std::back_inserter(lengths),
+                    [](qreal length) { return QString::number(length); });
             return lengths.isEmpty() ? QString() : " dash" + lengths.join(',');
         }
         void add(const QStringList &ways, const QColor &colour)

@@ -1,5 +1,5 @@
-// The guide's pictures: the program itself, listening on simulated devices, is led through what the guide tells, and
-// each window is kept as it looks then. ./dev pictures gives it settings and folders of its own.
+// The guide's pictures: the program itself, listening on simulated devices, is led through what the guide
+// tells, and each window is kept as it looks then. ./dev pictures gives it settings and folders of its own.
 #include "app/actionset.h"
 #include "app/mainwindow.h"
 #include "app/stylesheet.h"

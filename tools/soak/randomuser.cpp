@@ -54,7 +54,8 @@ void takeDown(QtMsgType type, const QMessageLogContext &, const QString &text)
         complaints().append(text);
 }
 
-// Runs `work` from the event loop, so that a dialog opened by it holds up nothing, if `object` is still there.
+// Runs `work` from the event loop, so that a dialog opened by it holds up nothing, if `object` is still
+// there.
 template <typename Object, typename Work>
 void later(Object *object, Work work)
 {

@@ -4,8 +4,8 @@
 
 // What a command that opens no window says to whoever has called it.
 
-/// Lets standard output and standard error reach the console that the program was called from, where it has none
-/// of its own and they lead nowhere. To be called before either is used.
+/// Lets standard output and standard error reach the console that the program was called from, where it has
+/// none of its own and they lead nowhere. To be called before either is used.
 void joinConsole();
 
 enum class Channel { Output, Error };

@@ -30,16 +30,16 @@ bool isConsole(std::FILE *stream)
 
 } // namespace
 
-// A program with windows gets no console. What was redirected is there all the same, and stays as it is; tables
-// are the same bytes on every system.
+// A program with windows gets no console. What was redirected is there all the same, and stays as it is;
+// tables are the same bytes on every system.
 void joinConsole()
 {
-    const bool attached = ::AttachConsole(ATTACH_PARENT_PROCESS) != 0;
+    bool attached = ::AttachConsole(ATTACH_PARENT_PROCESS) != 0;
     for (std::FILE *stream : {stdout, stderr}) {
         if (leadsSomewhere(stream))
             _setmode(_fileno(stream), _O_BINARY);
         else if (attached)
-            std::freopen("CONOUT$", "w", stream);
+            attached = std::freopen("CONOUT$", "w", stream) != nullptr;
     }
 }
 

@@ -10,12 +10,12 @@
 /// is none to be had.
 QString ownFolder();
 
-/// What a local server in `folder`, which ownFolder() names, is called for the place `place`, as the system takes
-/// it.
+/// What a local server in `folder`, which ownFolder() names, is called for the place `place`, as the system
+/// takes it.
 QString serverName(const QString &folder, const QString &place);
 
-/// Lets `process` (0: any) raise its windows, which otherwise only the program that the user has just dealt with
-/// may.
+/// Lets `process` (0: any) raise its windows, which otherwise only the program that the user has just dealt
+/// with may.
 void letComeForward(qint64 process);
 
 /// Whether the process at the far end of a connected local socket is this user's.

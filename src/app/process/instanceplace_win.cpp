@@ -16,8 +16,8 @@ QString ownFolder()
     return QDir().mkpath(folder) ? folder : QString();
 }
 
-// Pipes lie in one place for all users of the computer and have no folders: slashes, backslashes and colons are
-// not for their names. The folder, which is the user's own, tells users apart.
+// Pipes lie in one place for all users of the computer and have no folders: slashes, backslashes and colons
+// are not for their names. The folder, which is the user's own, tells users apart.
 QString serverName(const QString &folder, const QString &place)
 {
     const QByteArray user
@@ -53,8 +53,8 @@ PlaceLock::~PlaceLock()
     giveBack();
 }
 
-// What keeps others out is the open file, which the system closes with its process: a file that a dead one has
-// left is taken over, whatever number stands in it. Others may read it.
+// What keeps others out is the open file, which the system closes with its process: a file that a dead one
+// has left is taken over, whatever number stands in it. Others may read it.
 PlaceLock::Outcome PlaceLock::take()
 {
     const std::wstring name = QDir::toNativeSeparators(d->fileName).toStdWString();

@@ -3,7 +3,8 @@
 #include <QDir>
 #include <QFileInfo>
 
-// Without the mark in front a path ends at 260 letters, which the profile of a user with a long name comes near.
+// Without the mark in front a path ends at 260 letters, which the profile of a user with a long name comes
+// near.
 std::wstring nativeName(const QString &fileName)
 {
     const QString path = QDir::toNativeSeparators(QDir::cleanPath(QFileInfo(fileName).absoluteFilePath()));

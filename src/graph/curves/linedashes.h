@@ -6,8 +6,8 @@
 
 class QRect;
 
-/// Where a line is broken: by columns of pixels, so that a line through a hundred samples a column has the same
-/// dashes as one through two. Steep stretches are whole: no peak falls into a gap.
+/// Where a line is broken: by columns of pixels, so that a line through a hundred samples a column has the
+/// same dashes as one through two. Steep stretches are whole: no peak falls into a gap.
 class LineDashes {
 public:
     /// A stroke from `begin` up to `end`, px.

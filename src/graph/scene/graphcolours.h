@@ -2,8 +2,8 @@
 
 #include <QColor>
 
-/// The colours of a graph on one of its two backgrounds: the ones everybody knows, or distinct ones. Those of a
-/// plot differ in their lightness too, so that they are told apart without seeing red or green, and have a
+/// The colours of a graph on one of its two backgrounds: the ones everybody knows, or distinct ones. Those of
+/// a plot differ in their lightness too, so that they are told apart without seeing red or green, and have a
 /// contrast of 3 to 1 to the background.
 class GraphColours {
 public:
@@ -29,7 +29,8 @@ public:
     QColor cellMin() const { return cell(2); }
     QColor cellDelta() const { return cell(3); }
 
-    /// How the `place`th curve of a plot is dashed, four in turn; all lines are solid if they needn't be distinct.
+    /// How the `place`th curve of a plot is dashed, four in turn; all lines are solid if they needn't be
+    /// distinct.
     Qt::PenStyle style(int place) const;
     Qt::PenStyle cellStyle(int index) const;
 

@@ -82,7 +82,8 @@ private:
     GraphPainter m_used;
 };
 
-/// Each stroke, rectangle and text of a graph that matches `part`, as the commands of paintedBy() in any order.
+/// Each stroke, rectangle and text of a graph that matches `part`, as the commands of paintedBy() in any
+/// order.
 void TestGraphPainter::paints_data()
 {
     columns<QString, QString, QString>({"graph", "part", "commands"});
