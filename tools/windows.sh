@@ -17,10 +17,11 @@ find src -name '*.cpp' ! -name '*_unix.cpp' | sort |
 echo "windows: $(find src -name '*.cpp' ! -name '*_unix.cpp' | wc -l) sources, no fault"
 [ -n "${VARNEL_WINDOWS_PREFIX:-}" ] || exit 0
 
+guide=$(command -v pandoc >/dev/null && echo ON || echo OFF)
 host_tools=$(qmake -qt=qt5 -query QT_HOST_BINS 2>/dev/null || echo /usr/lib/qt5/bin)
 cmake --build build/dev --target rendericons &&
     cmake -G Ninja -S . -B build/windows --toolchain packaging/windows/mingw64.cmake \
-        -DCMAKE_BUILD_TYPE=Release -DVARNEL_TESTS=OFF "-DVARNEL_GUIDE=$(command -v pandoc >/dev/null && echo ON || echo OFF)" \
+        -DCMAKE_BUILD_TYPE=Release -DVARNEL_TESTS=OFF "-DVARNEL_GUIDE=$guide" \
         "-DVARNEL_WINDOWS_PREFIX=$VARNEL_WINDOWS_PREFIX" \
         "-DVARNEL_HOST_TOOLS=$PWD/build/dev;$host_tools" &&
     cmake --build build/windows -j "${JOBS:-$(nproc)}" || { echo "windows: FAILED"; exit 1; }

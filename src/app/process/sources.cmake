@@ -1,5 +1,5 @@
-# What becomes of the log and of what is told to a caller, where the one instance has its place, how the program
-# is told to end, and what brings windows to the screen, is the system's own.
+# What becomes of the log and of what is told to a caller, where the one instance has its place, how the
+# program is told to end, and what brings windows to the screen, is the system's own.
 if(WIN32)
     set(process_system app/process/console_win.cpp app/process/instanceplace_win.cpp
         app/process/logoutput_win.cpp app/process/screenplatform_win.cpp app/process/stopsignals_win.cpp)
