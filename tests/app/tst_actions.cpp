@@ -29,6 +29,7 @@ class TestActions : public QObject, private ShellRig {
     Q_OBJECT
 
 private slots:
+    void initTestCase() { QLocale::setDefault(QLocale::c()); } // whatever the machine's is
     void init()
     {
         setUp();

@@ -30,6 +30,7 @@ class TestKeyboard : public QObject, private ShellRig {
     Q_OBJECT
 
 private slots:
+    void initTestCase() { QLocale::setDefault(QLocale::c()); } // whatever the machine's is
     void init() { setUp(); }
     void cleanup() { tearDown(); }
 

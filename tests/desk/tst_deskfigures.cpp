@@ -20,6 +20,7 @@ class TestDeskFigures : public QObject, private ShellRig {
     Q_OBJECT
 
 private slots:
+    void initTestCase() { QLocale::setDefault(QLocale::c()); } // whatever the machine's is
     void init()
     {
         setUp();

@@ -45,7 +45,11 @@ QMessageBox *openBox()
 class TestEndNotice : public QObject, private ShellRig {
     Q_OBJECT
 private slots:
-    void initTestCase() { initResources(); }
+    void initTestCase()
+    {
+        initResources();
+        QLocale::setDefault(QLocale::c()); // whatever the machine's is
+    }
     void init()
     {
         setUp();
