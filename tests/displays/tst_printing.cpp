@@ -1,7 +1,6 @@
 #include "desk/stalewatch.h"
 #include "graph/mdigraphchild.h"
 #include "printing/printrequest.h"
-#include "printing/printstamp.h"
 #include "resources/resources.h"
 #include "support/fakelink.h"
 #include "support/files.h"
