@@ -122,11 +122,11 @@ private slots:
         hidden->addRecord(Lines::record(2)); // without any
         measure(seen, "20");
         settle(*figures());
-        QCOMPARE(value->text().trimmed(), QString("2.0"));
+        QCOMPARE(value->text().trimmed().replace(',', '.'), QString("2.0"));
         window->findChild<DeskArea *>()->setActiveSubWindow(
             qobject_cast<QMdiSubWindow *>(hidden->parentWidget()));
         settle(*figures());
-        QCOMPARE(value->text(), QString("--.-"));
+        QCOMPARE(value->text().replace(',', '.'), QString("--.-"));
     }
 
     void staleFiguresSaySince()

@@ -81,6 +81,7 @@ private slots:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
             environment.remove(name);
+        environment.insert("LC_ALL", "C");
         for (const bool good : {true, false}) {
             QProcess program;
             program.setProcessEnvironment(environment);
