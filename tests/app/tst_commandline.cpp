@@ -18,8 +18,7 @@ private slots:
         row("nothing", "", CommandLine::Run, "", 0);
         row("files", "a.acp b.abp", CommandLine::Run, "", 2);
         row("a file like an option", "-- --render", CommandLine::Run, "", 1);
-        row("words of the toolkit", "-platform offscreen --style=fusion a.acp -reverse", CommandLine::Run, "",
-            1);
+        row("toolkit's words", "-platform offscreen --style=fusion a.acp -reverse", CommandLine::Run, "", 1);
         row("files like words of the toolkit", "-- -style b", CommandLine::Run, "", 2);
         row("help", "--help", CommandLine::Print, "", 0);
         row("version among files", "a.acp -v", CommandLine::Print, "", 1);
@@ -52,12 +51,10 @@ private slots:
 
     void drawingSwitches()
     {
-        const CommandLine line
-            = parseCommandLine({QStringLiteral("varnelgraph"), QStringLiteral("--render=o.svg"),
-                QStringLiteral("--size=400x300"), QStringLiteral("--background=white"),
-                QStringLiteral("--view=average"), QStringLiteral("--right-axis=mah"),
-                QStringLiteral("--hide=temperature"), QStringLiteral("--hide=resistance"),
-                QStringLiteral("--cell-value=resistance"), QStringLiteral("a.acp")});
+        const CommandLine line = parseCommandLine(QString(
+            "varnelgraph --render=o.svg --size=400x300 --background=white --view=average --right-axis=mah "
+            "--hide=temperature --hide=resistance --cell-value=resistance a.acp")
+                                                      .split(' '));
         ViewSwitches expected;
         expected.blackBackground = false;
         expected.balancer = expected.average = true;

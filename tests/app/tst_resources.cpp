@@ -4,7 +4,6 @@
 
 #include <QIcon>
 #include <QPainter>
-#include <QRegularExpression>
 #include <QtTest>
 
 /// What is built into the program: icons and style sheets.

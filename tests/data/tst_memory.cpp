@@ -4,10 +4,7 @@
 
 #include "support/limits.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
+#include <QtTest>
 
 #include <cstdint>
 #include <cstring>

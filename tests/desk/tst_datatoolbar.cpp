@@ -38,10 +38,7 @@ private slots:
             record.energy = row.energy;
             record.setTime(row.time);
             bar.showRecord(record);
-            QString expected = QString::fromUtf8(row.shown);
-            const QByteArray locale = qgetenv("LC_ALL");
-            if (locale.startsWith("de") || locale.startsWith("pl"))
-                expected.replace('.', ',');
+            const QString expected = QString::fromUtf8(row.shown).replace('.', QLocale().decimalPoint());
             QStringList texts;
             for (const char *name :
                 {"modeLabel", "voltageLabel", "currentLabel", "temperatureLabel", "energyLabel", "timeLabel"})

@@ -9,12 +9,10 @@
 #include "support/shellrig.h"
 
 #include <QApplication>
-#include <QFileInfo>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QRegularExpression>
-#include <QTimer>
+#include <QtTest>
 
 namespace {
 

@@ -12,10 +12,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QStackedWidget>
-#include <QTemporaryDir>
-#include <QTimer>
 #include <QtTest>
 
 namespace {

@@ -4,9 +4,7 @@
 #include "displays/voltagechart.h"
 #include "support/paintlog.h"
 
-#include <QLocale>
-#include <QMap>
-#include <QTest>
+#include <QtTest>
 
 namespace {
 

@@ -10,13 +10,11 @@
 
 #include <QHelpEvent>
 #include <QLabel>
-#include <QPointer>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QSignalSpy>
-#include <QTest>
 #include <QToolTip>
 #include <QWheelEvent>
+#include <QtTest>
 
 namespace {
 

@@ -1,7 +1,6 @@
 #include "documents/csvexport.h"
 #include "series/seriesstore.h"
 
-#include <QBuffer>
 #include <QtTest>
 
 /// The table of a recording, column by column.

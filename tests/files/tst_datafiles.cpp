@@ -10,11 +10,6 @@
 #include "support/records.h"
 #include "support/seed.h"
 
-#include <QBuffer>
-#include <QDir>
-#include <QTemporaryDir>
-#include <QTemporaryFile>
-#include <QTextCodec>
 #include <QtTest>
 
 #include <cerrno>

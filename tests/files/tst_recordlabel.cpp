@@ -5,7 +5,6 @@
 #include "support/lines.h"
 
 #include <QFileDialog>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <sys/stat.h>

@@ -8,7 +8,6 @@
 
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QPointer>
 #include <QtTest>
 
 namespace {

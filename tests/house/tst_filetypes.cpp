@@ -1,8 +1,4 @@
-#include <QDir>
-#include <QFile>
-#include <QMimeDatabase>
-#include <QTemporaryDir>
-#include <QTest>
+#include <QtTest>
 
 /// What a file manager makes of the files in packaging/.
 class TestFileTypes : public QObject {
@@ -36,3 +32,5 @@ private slots:
 
 QTEST_GUILESS_MAIN(TestFileTypes)
 #include "tst_filetypes.moc"
+
+#include <QtTest>

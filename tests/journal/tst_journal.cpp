@@ -8,11 +8,6 @@
 #include "support/limits.h"
 #include "support/lines.h"
 
-#include <QDir>
-#include <QSignalSpy>
-#include <QStandardPaths>
-#include <QTemporaryDir>
-#include <QTemporaryFile>
 #include <QtTest>
 
 #include <fcntl.h>

@@ -9,8 +9,6 @@
 #include "support/shellfixture.h"
 #include "support/warningcollector.h"
 
-#include <QAbstractEventDispatcher>
-#include <QSocketNotifier>
 #include <QtTest>
 
 #include <cstdio>

@@ -12,8 +12,6 @@
 #include <QDBusVirtualObject>
 #include <QLocalServer>
 #include <QLocalSocket>
-#include <QProcess>
-#include <QStandardPaths>
 #include <QtTest>
 
 #include <fcntl.h>

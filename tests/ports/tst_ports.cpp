@@ -6,14 +6,10 @@
 #include "support/asnobody.h"
 #include "support/columns.h"
 #include "support/files.h"
-#include "support/holdport.h"
 #include "support/literal.h"
 #include "support/ptypair.h"
 
-#include <QProcess>
 #include <QSerialPort>
-#include <QTemporaryDir>
-#include <QTimer>
 #include <QtTest>
 
 #include <cstdio>
@@ -278,10 +274,14 @@ void PortsTest::readsLocksOfAllMakes()
     QTEST(obstacle.program, "program");
 }
 
+// With --hold this is another process that uses a port, until it is killed.
 int main(int argc, char *argv[])
 {
-    if (argc == 3 && qstrcmp(argv[1], "--hold") == 0)
-        return holdPort(argv[2]);
+    if (argc == 3 && qstrcmp(argv[1], "--hold") == 0) {
+        QSerialPort port(QFile::decodeName(argv[2]));
+        return !(port.open(QIODevice::ReadWrite) && std::puts("held") >= 0 && std::fflush(stdout) == 0
+            && std::getchar() == 0);
+    }
     QCoreApplication app(argc, argv);
     PortsTest test;
     return QTest::qExec(&test, argc, argv);

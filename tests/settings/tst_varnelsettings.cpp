@@ -5,8 +5,6 @@
 #include "support/limits.h"
 #include "support/ptypair.h"
 
-#include <QDir>
-#include <QTemporaryDir>
 #include <QtTest>
 
 static constexpr std::chrono::seconds forEver(60);

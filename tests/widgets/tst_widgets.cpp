@@ -9,9 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QSignalSpy>
-#include <QTest>
-#include <QTimer>
+#include <QtTest>
 
 /// What several windows are made of.
 class TestWidgets : public QObject {

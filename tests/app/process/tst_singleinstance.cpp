@@ -2,12 +2,9 @@
 #include "support/asnobody.h"
 #include "support/columns.h"
 
-#include <QDir>
 #include <QLocalServer>
 #include <QLocalSocket>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QThread>
+#include <QtTest>
 
 #include <sys/inotify.h>
 #include <unistd.h>

@@ -366,37 +366,6 @@ private slots:
         }
     }
 
-    /// In any style, but lines inside their rectangle, whatever the painter was clipped to.
-    void drawsStylesAsQwtDoes()
-    {
-        VarnelPlotCurve curve;
-        QwtPlotCurve plain;
-        QVERIFY(!curve.testPaintAttribute(QwtPlotCurve::ClipPolygons));
-        plain.setPaintAttribute(QwtPlotCurve::ClipPolygons, false);
-        const CurvePainter::Job maps = jobFor(SeriesStore(), 0, 2, 0, 1);
-        const auto drawnBy = [&](QwtPlotCurve *each, bool clips) {
-            return canvas([&](QPainter *painter) {
-                painter->setClipRect(clips ? area : QRect(0, 0, 10, 10));
-                painter->setClipping(clips);
-                each->drawSeries(painter, maps.timeMap, maps.valueMap, area, 0, 1);
-                QCOMPARE(painter->hasClipping(), clips);
-            });
-        };
-        for (int style = QwtPlotCurve::NoCurve; style <= QwtPlotCurve::Dots; ++style) {
-            for (bool fitted : {false, true}) {
-                for (QwtPlotCurve *each : {static_cast<QwtPlotCurve *>(&curve), &plain}) {
-                    each->setPen(Qt::green);
-                    each->setData(new CurveData({{0, 0}, {1, 100}, {2, -100}}));
-                    each->setStyle(QwtPlotCurve::CurveStyle(style));
-                    each->setCurveAttribute(QwtPlotCurve::Fitted, fitted);
-                    QCOMPARE(each->dataRect(), QRectF(0, -100, 2, 200));
-                }
-                QCOMPARE(drawnBy(&curve, false), drawnBy(&plain, style == QwtPlotCurve::Lines));
-                QCOMPARE(drawnBy(&curve, true) != canvas(), style > QwtPlotCurve::NoCurve);
-            }
-        }
-    }
-
 private:
     // Column, first sample and end of each, of an area from 10 to 20, and how many samples lie in it.
     static QString stretches(const QVector<double> &times, bool ascending)
