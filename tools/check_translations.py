@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
 """Each text of the sources is there in each language, whole.
 
-Finds what is unfinished or empty, what the sources say and a language lacks or the other way round, texts that
-nothing can translate, plural forms that are missing, and translations whose place markers (%1, %n, %L1), line
-ends, leading and trailing blanks or mnemonics differ from the text's. Prints each fault and ends with 1 where
-there is one. ./dev translations brings the files up to date. A folder as the only argument is looked at instead
-of translations/.
+Finds what is unfinished or empty, what the sources say and a language lacks or the other way round, texts
+that nothing can translate, plural forms that are missing, and translations whose place markers (%1, %n,
+%L1), line ends, leading and trailing blanks or mnemonics differ from the text's. Prints each fault and ends
+with 1 where there is one. ./dev translations brings the files up to date. A folder as the only argument is
+looked at instead of translations/.
 """
 import re
 import shutil

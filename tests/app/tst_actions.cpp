@@ -11,7 +11,6 @@
 #include "support/shellrig.h"
 
 #include <QLabel>
-#include <QMenu>
 #include <QMenuBar>
 #include <QSignalSpy>
 #include <QToolBar>

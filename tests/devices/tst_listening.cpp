@@ -13,12 +13,10 @@
 #include "support/modaldialog.h"
 #include "support/shellrig.h"
 
-#include <QApplication>
-#include <QFileInfo>
 #include <QLabel>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QSerialPort>
+#include <QtTest>
 
 namespace {
 

@@ -380,7 +380,7 @@ private:
 
     static QString colourOf(const QLabel *label)
     {
-        const QPalette colours = label->palette();
+        const QPalette &colours = label->palette();
         return colours.color(QPalette::WindowText).name() + " on " + colours.color(QPalette::Window).name();
     }
 

@@ -117,7 +117,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
     }
     dispatcher.reset();
     int unended = 0;
-    for (const Recording &recording : shell.windowRecordings()) {
+    const QVector<Recording> recordings = shell.windowRecordings();
+    for (const Recording &recording : recordings) {
         const int end = recording.indexOf(QStringLiteral("end"));
         unended += end < 0;
         check(end < 0 || end == recording.size() - 1, "what has ended does not go on");

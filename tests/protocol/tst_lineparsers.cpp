@@ -77,7 +77,8 @@ QString figuresOf(const Varnel3Data &record)
 QStringList ofCodes(const QString &line, const QString &codes, QString (*said)(const Varnel3Data &))
 {
     QStringList all;
-    for (const QString &code : codes.split(QLatin1Char(' '))) {
+    const QStringList each = codes.split(QLatin1Char(' '));
+    for (const QString &code : each) {
         Varnel3Data record;
         const bool taken = record.parseLine(QString(line).replace(QLatin1String("%1"), code));
         all += (taken ? QString() : QStringLiteral("-")) + said(record);

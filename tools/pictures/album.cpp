@@ -81,7 +81,7 @@ bool Album::toggle(const QString &name, QAction *action, const char *className)
 bool Album::dialog(const QString &name, QAction *action)
 {
     bool kept = false;
-    QTimer::singleShot(0, [&] {
+    QTimer::singleShot(0, action, [&] {
         const auto opened = [] { return QApplication::activeModalWidget() != nullptr; };
         kept = wait("a dialog", opened) && keep(name, QApplication::activeModalWidget());
         if (auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget()))

@@ -131,8 +131,9 @@ private:
             return false;
         QAction *remote = nullptr;
         const auto offered = [&] {
-            const QMenu *ports = action(ActionId::RemoteControl)->menu();
-            for (QAction *port : ports ? ports->actions() : QList<QAction *>())
+            const QMenu *menu = action(ActionId::RemoteControl)->menu();
+            const QList<QAction *> ports = menu ? menu->actions() : QList<QAction *>();
+            for (QAction *port : ports)
                 remote = port->text().contains(QLatin1String("COM4")) ? port : remote;
             return remote != nullptr;
         };

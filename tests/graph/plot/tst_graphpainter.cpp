@@ -23,7 +23,8 @@ QStringList paintedBy(const QString &script, double scale)
     PaintLog log;
     QPainter painter(&log);
     painter.scale(scale, scale);
-    const QStringList commands = script.split(QRegularExpression("\n|; "), Qt::SkipEmptyParts);
+    static const QRegularExpression ends("\n|; ");
+    const QStringList commands = script.split(ends, Qt::SkipEmptyParts);
     for (const QString &command : commands) {
         const QStringList texts = command.split('|');
         const QStringList words = texts[0].split(' ');
