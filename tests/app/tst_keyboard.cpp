@@ -120,7 +120,7 @@ private slots:
             seen.insert(at);
             const bool isControl = !at->inherits("QAbstractScrollArea");
             if (isControl && at->inherits("QLabel"))
-                reached.append(static_cast<QLabel *>(at)->text().left(1));
+                reached.append(static_cast<QLabel *>(at)->text().at(0));
             else if (isControl)
                 reached.append(nameOf(at));
             QVERIFY2(!isControl || !at->toolTip().isEmpty(), qPrintable(nameOf(at)));

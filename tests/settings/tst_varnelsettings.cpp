@@ -74,7 +74,8 @@ private slots:
     // A folder in its place, a file in the folder's place, and a full disk.
     void whatCanNotBeWrittenHolds()
     {
-        for (const QString inTheWay : {"Maker/VarnelGraph.ini/", "Maker", "Maker/"}) {
+        for (const char *const name : {"Maker/VarnelGraph.ini/", "Maker", "Maker/"}) {
+            const QString inTheWay(name);
             init();
             const bool isFile = !inTheWay.endsWith('/');
             const QString path = profile->filePath(inTheWay);
