@@ -8,7 +8,6 @@
 #include "support/literal.h"
 #include "support/shellrig.h"
 
-#include <QApplication>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
