@@ -289,7 +289,7 @@ QString TestGraphInteraction::run(const QString &command)
     held.setFlag(Qt::ShiftModifier, words.contains("shift"));
     held.setFlag(Qt::AltModifier, words.contains("alt"));
     const Qt::MouseButton button = buttons.value(words.value(1));
-    const auto mouse = [&](QPoint at, void (GraphInteraction::*handler)(const QMouseEvent *)) {
+    const auto mouse = [&](QPoint at, auto handler) {
         const QMouseEvent event(QEvent::MouseMove, at, button, button, held);
         (interaction->*handler)(&event);
     };
