@@ -235,7 +235,7 @@ void RandomUser::arrange(QWidget *one)
     if (choice < 3 && (one != window() || below(20) == 0))
         later(one, [](QWidget *closed) { closed->close(); });
     else if (choice < 6)
-        later(one, [state = Qt::WindowState(choice - 3)](QWidget *shown) { shown->setWindowState(state); });
+        later(one, [state = Qt::WindowState(choice % 3)](QWidget *shown) { shown->setWindowState(state); });
     else
         later(one, [place](QWidget *moved) { moved->setGeometry(place); });
 }

@@ -294,7 +294,7 @@ void TestGraphScene::areAsExpected_data()
     const GraphLayout layout(QSize(1000, 600), 100);
     for (const Interval &times : {Interval{10, 20}, {5, 5}, {20, 10}}) {
         const QwtScaleMap map = layout.timeMap(times.low, times.high);
-        add(text(map.transform(times.low), ' ', map.transform(times.length() > 0 ? times.high : 6)),
+        add(text(map.transform(times.low), ' ', map.transform(times.length() != 0 ? times.high : 6)),
             "40 900");
     }
     const QwtScaleMap values = layout.valueMap(PlotArea::Lower, 1, 3);
