@@ -26,8 +26,8 @@ QUIET = '--extra-arg=-Wno-gnu-zero-variadic-macro-arguments'
 # level 1 holds, but for the objects by which benchmarks make themselves known. Sources that moc makes are
 # not ours.
 CLAZY = 'level1,no-old-style-connect,no-connect-by-name'
-# What one source declares may hide another's names, where they are read as one.
-TOGETHER = ['--extra-arg=-Wno-shadow', '--extra-arg=-Wno-unused-function']
+# Where sources are read as one, what one declares may hide another's names. Within a source the build tells.
+SHADOWS = '--extra-arg=-Wno-shadow'
 
 check, folder, jobs = sys.argv[1], os.path.abspath(sys.argv[2]), int(sys.argv[3])
 commands = {entry['file']: entry for entry in json.load(open(folder + '/compile_commands.json'))}
@@ -40,15 +40,13 @@ def mark(source):
 
 def tool(sources, database, path):
     if check == 'tidy':
-        command = ['clang-tidy', '--quiet', '-p', database, HEADERS, QUIET]
+        command = ['clang-tidy', '--quiet', '-p', database, HEADERS, QUIET, SHADOWS]
         if len(sources) > 1:
-            command += TOGETHER + ['--checks=-bugprone-suspicious-include']
+            command += ['--checks=-bugprone-suspicious-include', '--extra-arg=-Wno-unused-function']
     else:
         checks = CLAZY + (',no-non-pod-global-static' if sources[0].startswith('benchmarks/') else '')
         command = ['clazy-standalone', '-p', database, '--only-qt', '--checks=' + checks, HEADERS, QUIET,
-                   r'--ignore-dirs=autogen|\.moc']
-        if len(sources) > 1:
-            command += TOGETHER
+                   SHADOWS, r'--ignore-dirs=autogen|\.moc']
     done = subprocess.run(
         command + [path], stdout=subprocess.PIPE, stderr=subprocess.STDOUT, errors='replace', text=True)
     clean = done.returncode == 0 if check == 'tidy' else not re.search(r'(warning|error):', done.stdout)

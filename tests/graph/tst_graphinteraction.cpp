@@ -12,7 +12,7 @@ namespace {
 
 // A pixel is a second, from 40 on: plots from 40 to 900, the upper one from 22 to 289, the lower one from 304
 // to 571. The legend's rows are 17 px high from 56 on, from 942.
-constexpr char records[] = "87 period=10 cells=6";
+constexpr char usual[] = "87 period=10 cells=6";
 constexpr QSize size(1000, 600);
 
 QString percent(const Interval &share)
@@ -67,7 +67,7 @@ void TestGraphInteraction::steps_data()
     const auto add = [](const char *name, const QString &records, const char *script) {
         QTest::newRow(name) << records << QString(script).trimmed();
     };
-    add("pointing", records, R"(
+    add("pointing", usual, R"(
 hover 40,100 = all cursor 0 shows 0
 hover 44,100 = all cursor 0 shows 0
 hover 46,100 = all cursor 1 shows 1
@@ -79,13 +79,13 @@ hover 470,600 = all cursor 43
 hover 39,100 = all
 hover 470,155; leave = all shows 86
 hide; press left 470,155 = all)");
-    add("with larger letters the pointer means what is drawn under it", records, R"(
+    add("with larger letters the pointer means what is drawn under it", usual, R"(
 resize 1000,600 2; hover 442,200 = all cursor 43 shows 43
 hover 802,200 = all shows 86
 drag left 80,44 440,120 = 0..430 68..100 0..100 cursor 22 shows 22
 turn -20 440,120 = 0..860 68..100 0..100 cursor 43 shows 43
 resize 1000,600 9; hover 702,100 = 0..860 68..100 0..100 shows 86)");
-    add("picking", records, R"(
+    add("picking", usual, R"(
 press left 470,155 = all shows 43
 move left 255,88 = all band 255 88 470 155
 release left 255,88 = 215..430 50..75 0..100 cursor 27 shows 27
@@ -104,7 +104,7 @@ press left 470,155; move left 500,200 = all band 470 155 500 200
 key Escape = all cursor 43
 release left 500,200 = all cursor 46 shows 46
 press left 470,155; resize 1000,600 1; release left 600,200 = all cursor 56 shows 56)");
-    add("wheel", records, R"(
+    add("wheel", usual, R"(
 turn 1 255,155 = 43..731 0..100 0..100 cursor 22 shows 22
 turn 1 255,155 ctrl = 43..731 10..90 0..100 cursor 22 shows 22
 turn -1 255,155 ctrl = 43..731 0..100 0..100 cursor 22 shows 22
@@ -114,7 +114,7 @@ turn -3 255,155 = all cursor 22 shows 22
 turn 100 255,155 = 212.5..222.5 0..100 0..100 cursor 22 shows 22
 turn 0 255,155 = no
 turn 1 10,10 = no)");
-    add("middle button", records, R"(
+    add("middle button", usual, R"(
 click middle 470,437 ctrl = all cursor 43 shows 43
 click middle 470,437 = 215..645 0..100 25..75 cursor 43 shows 43
 click middle 470,437 = 322.5..537.5 0..100 38..63 cursor 43 shows 43
@@ -122,7 +122,7 @@ click middle 470,437 ctrl = 215..645 0..100 25..75 cursor 43 shows 43
 click middle 20,400 = 215..430 0..100 25..75
 click middle 470,295 ctrl; click middle 470,437 ctrl = all cursor 43 shows 43
 hide; release middle 470,437 = all cursor 43 shows 43)");
-    add("dragging, never past the recording", records, R"(
+    add("dragging, never past the recording", usual, R"(
 press right 470,155 = all cursor 43 shows 43
 move right 570,155 = all cursor 43
 release right 470,155 = all cursor 43 shows 43
@@ -133,7 +133,7 @@ release right 556,208 = 172..602 35..85 0..100 cursor 43 shows 43
 drag right 470,155 1270,755 = 0..430 50..100 0..100 cursor 39 shows 39
 drag right 470,155 -1330,-445 = 430..860 0..50 0..100 cursor 22 shows 22
 press right 470,155; leave = 430..860 0..50 0..100 shows 86)");
-    add("legend", records, R"(
+    add("legend", usual, R"(
 click left 970,81 = all shows 86
 set balancer; click left 970,81 = all cell 1 shows 86
 click left 970,132 = all cell 4 shows 86
@@ -144,7 +144,7 @@ click left 942,158 = all shows 86
 turn 1 470,155; click left 970,98 = 86..774 0..100 0..100 cell 2 shows 77
 double left 970,98 = 86..774 0..100 0..100 cell 2
 set average; click left 970,81 = 86..774 0..100 0..100 cell 2 shows 77)");
-    add("moving by keys", records, R"(
+    add("moving by keys", usual, R"(
 key Left = all cursor 86 shows 86
 key Left = all cursor 85 shows 85
 key Left shift = all cursor 84 shows 84
@@ -160,7 +160,7 @@ key Left = 210..640 35..85 32..82 cursor 21 shows 21
 hover 889,100; key Right = 210..640 35..85 32..82 cursor 64 shows 64
 key Right = 220..650 35..85 32..82 cursor 65 shows 65
 key F1 = no)");
-    add("zooming by keys", records, R"(
+    add("zooming by keys", usual, R"(
 key Plus = 86..774 0..100 0..100
 key Equal = 154.8..705.2 0..100 0..100
 key Minus; key Minus = all
@@ -173,7 +173,7 @@ key Plus; key Right ctrl = 154.8..842.8 0..100 10..90
 key Left ctrl = 86..774 0..100 10..90
 key Home = all
 hover 255,100; key Plus = 44..732 0..100 0..100 cursor 22)");
-    add("picking cells by keys", records, R"(
+    add("picking cells by keys", usual, R"(
 key Down ctrl = all
 set balancer; key Up ctrl = all cell 5
 key Down ctrl = all cell 0
@@ -183,11 +183,11 @@ key Up ctrl = all cell 5
 click left 970,115; key Down ctrl = all cell 4
 key Escape = all
 key Down ctrl = all cell 0)");
-    add("records that come end zoom, picking and dragging", records, R"(
+    add("records that come end zoom, picking and dragging", usual, R"(
 turn 3 470,155; press left 470,155; add 1 = all
 release left 800,250 = all cursor 77 shows 77
 turn 3 470,155; press right 470,155; add 1 = all)");
-    add("held view", records, R"(
+    add("held view", usual, R"(
 set holdView; add 1; turn 3 470,155; key Left = 212.3..657.7 0..100 0..100 cursor 43 shows 43
 ranged = 0
 add 9 = 212.3..657.7 0..100 0..100 cursor 43
@@ -217,7 +217,7 @@ hover 899,100 = all cursor 999 shows 999
 key Left shift = all cursor 998 shows 998
 key Right = all cursor 999 shows 999
 key Right = all cursor 999 shows 999)");
-    add("resizing divides the times anew", records, R"(
+    add("resizing divides the times anew", usual, R"(
 drag left 298,50 645,270; resize 451,400 1 = 250..650 7..90 0..100 cursor 50
 resize 449,400 1 = 200..700 7..90 0..100 cursor 50
 resize 449,300 1; resize 449,310 1; resize 449,320 1 = 200..800 7..90 0..100 cursor 50
