@@ -207,8 +207,9 @@ void TestDialogRemoteControl::choicesSend()
     QMetaObject::invokeMethod(combo("cbTryb1_nr"), "activated", Q_ARG(int, 11));
     QCOMPARE(sent(), QByteArray("#MEM12\r\n#MEM?\r\n"));
     reply("#TRYB02");
+    QCOMPARE(sent(), QByteArray("#NRC?\r\n")); // comes from the event loop, in its own time
     combo("cbTryb2_nr")->setCurrentIndex(11);
-    QCOMPARE(sent(), QByteArray("#NRC?\r\n#NRC12\r\n"));
+    QCOMPARE(sent(), QByteArray("#NRC12\r\n"));
 }
 
 void TestDialogRemoteControl::closesWithText()
