@@ -10,6 +10,7 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <cstdlib>
 #include <utility>
 
 namespace {
@@ -31,9 +32,18 @@ void dismissDialogs()
     }
 }
 
+SessionEnd *current = nullptr;
+
+void rescueAtExit()
+{
+    if (current)
+        current->rescueAtOnce();
+}
+
 } // namespace
 
-// The toolkit's own way closes the displays before the shell is asked.
+// The toolkit's own way closes the displays before the shell is asked. Where the screen or the session's manager
+// dies, it calls exit() out of the event loop.
 SessionEnd::SessionEnd(QWidget *shell, const Parts &parts)
     : QObject(shell)
     , m_shell(shell)
@@ -42,11 +52,46 @@ SessionEnd::SessionEnd(QWidget *shell, const Parts &parts)
     QGuiApplication::setFallbackSessionManagementEnabled(false);
     connect(
         qApp, SIGNAL(commitDataRequest(QSessionManager&)), this, SLOT(onCommitData()), Qt::DirectConnection);
+    connect(qApp, SIGNAL(aboutToQuit()), this, SLOT(onAboutToQuit()));
+    qApp->installEventFilter(this);
+    current = this;
+    static const int registered = std::atexit(rescueAtExit);
+    Q_UNUSED(registered)
 }
 
+SessionEnd::~SessionEnd()
+{
+    current = nullptr;
+}
+
+// Another program may yet call the log-out off, and a desktop that saves its session asks the same.
 void SessionEnd::onCommitData()
 {
-    end();
+    if (m_ending)
+        return;
+    m_parts.unsaved->rescueAll();
+    waitForFiles(savingTime);
+}
+
+// The word that the session's manager has at last; the toolkit would close windows in the order of their making.
+bool SessionEnd::eventFilter(QObject *object, QEvent *event)
+{
+    if (object == qApp && event->type() == QEvent::Quit)
+        closeShell();
+    return false;
+}
+
+// On Windows the process ends with what is done here.
+void SessionEnd::onAboutToQuit()
+{
+    if (m_shell->isVisible())
+        closeShell();
+}
+
+void SessionEnd::rescueAtOnce()
+{
+    if (m_shell->isVisible())
+        m_parts.unsaved->rescueAtOnce();
 }
 
 void SessionEnd::end()
@@ -63,10 +108,12 @@ void SessionEnd::closeShell()
     m_parts.unsaved->holdAll();
     dismissDialogs();
     waitForFiles(savingTime);
+    m_parts.writer->cancel();
     m_parts.ports->readRest();
     m_parts.ports->closeAll();
     m_parts.unsaved->rescueAll();
     waitForFiles(rescueTime);
+    m_parts.writer->cancel();
     m_parts.unsaved->releaseAll();
     QCloseEvent event;
     QCoreApplication::sendEvent(m_shell, &event);
@@ -80,5 +127,4 @@ void SessionEnd::waitForFiles(std::chrono::milliseconds time)
     look.start(lookTime);
     while (m_parts.writer->isBusy() && !deadline.hasExpired())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    m_parts.writer->cancel();
 }

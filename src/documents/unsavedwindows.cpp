@@ -5,6 +5,7 @@
 #include "desk/graphwindows.h"
 #include "desk/windowfiles.h"
 #include "files/datafilepieces.h"
+#include "files/wholefile.h"
 #include "journal/journalfolder.h"
 #include "graph/mdigraphchild.h"
 
@@ -90,7 +91,26 @@ void UnsavedWindows::rescueAll()
 {
     const QList<MdiGraphChild *> children = endangered();
     for (MdiGraphChild *child : children)
-        rescue(child, {m_windowFiles->folder().path(), QDir::homePath(), QDir::tempPath()});
+        rescue(child, rescueFolders());
+}
+
+void UnsavedWindows::rescueAtOnce()
+{
+    const QList<MdiGraphChild *> children = endangered();
+    const QStringList folders = rescueFolders();
+    for (MdiGraphChild *child : children) {
+        for (const QString &folder : folders) {
+            QDir().mkpath(folder);
+            DataFilePieces lines(child->store().records(), child->store().markedFrom());
+            if (writeWholeFile(nameToRescue(child, folder), lines).written)
+                break;
+        }
+    }
+}
+
+QStringList UnsavedWindows::rescueFolders() const
+{
+    return {m_windowFiles->folder().path(), QDir::homePath(), QDir::tempPath()};
 }
 
 void UnsavedWindows::rescue(MdiGraphChild *child, QStringList folders)
@@ -113,15 +133,25 @@ void UnsavedWindows::rescue(MdiGraphChild *child, QStringList folders)
 }
 
 // As a journal is called, so that it is found where journals are; the window's own may be there and lack
-// lines.
-QString UnsavedWindows::nameToRescue(const MdiGraphChild *child, const QString &folder)
+// lines. A later rescue of the same window has all that the earlier one had.
+QString UnsavedWindows::nameToRescue(MdiGraphChild *child, const QString &folder)
 {
+    const auto isTaken = [this](const QString &name) {
+        return QFileInfo::exists(name)
+            || std::any_of(m_rescues.cbegin(), m_rescues.cend(),
+                [&name](const Rescue &rescue) { return rescue.fileName == name; });
+    };
+    const auto before = std::find_if(m_rescues.cbegin(), m_rescues.cend(), [&](const Rescue &rescue) {
+        return rescue.child == child && QFileInfo(rescue.fileName).path() == folder;
+    });
+    if (before != m_rescues.cend())
+        return before->fileName;
     const QString base = folder + QLatin1Char('/') + m_windowFiles->nameFor(child);
     const QString ending = QStringLiteral(".acp");
     QString name = base + ending;
-    for (int attempt = 2; m_rescued.contains(name) || QFileInfo::exists(name); ++attempt)
+    for (int attempt = 2; isTaken(name); ++attempt)
         name = base + QLatin1Char('_') + QString::number(attempt) + ending;
-    m_rescued.append(name);
+    m_rescues.append({child, name});
     return name;
 }
 

@@ -35,6 +35,8 @@ public:
     /// Writes the records that no file holds to files beside the journals, or, where that fails, in the
     /// user's home or the folder for temporary files. Done when nothing is written any more.
     void rescueAll();
+    /// The same, and done when this returns; no event is needed and no window changes.
+    void rescueAtOnce();
     /// Everything may close, unasked.
     void releaseAll() { m_end = End::Released; }
 
@@ -52,11 +54,16 @@ private:
         QString fileName; ///< to save as; empty: not to be saved
         int tries = 0;
     };
+    struct Rescue {
+        QPointer<MdiGraphChild> child;
+        QString fileName;
+    };
 
     bool isInDanger(const MdiGraphChild *child) const;
     QList<MdiGraphChild *> endangered() const;
+    QStringList rescueFolders() const;
     void rescue(MdiGraphChild *child, QStringList folders);
-    QString nameToRescue(const MdiGraphChild *child, const QString &folder);
+    QString nameToRescue(MdiGraphChild *child, const QString &folder);
     bool settle(const QList<MdiGraphChild *> &children, QWidget *closing);
     void saveNext();
     void onSaved(bool saved);
@@ -75,5 +82,5 @@ private:
     QVector<QPointer<MdiGraphChild>> m_waiting; ///< to be closed when nothing is written any more
     bool m_shellWaits = false; ///< so is the shell
     End m_end = End::Unsaid; ///< of the session
-    QStringList m_rescued; ///< files that records are rescued into
+    QVector<Rescue> m_rescues;
 };

@@ -103,15 +103,19 @@ private slots:
 
     void sessionEndsWhileAsked_data()
     {
-        columns<bool>({"blocked"}); // there is no folder for recordings
-        QTest::newRow("beside the journals") << false;
-        QTest::newRow("at home") << true;
+        columns<bool, bool>({"blocked", "atOnce"}); // there is no folder for recordings; the screen dies
+        QTest::newRow("beside the journals") << false << false;
+        QTest::newRow("at home") << true << false;
+        QTest::newRow("at once") << false << true;
+        QTest::newRow("at once, at home") << true << true;
     }
 
-    /// Nobody answers any more: both recordings go to files, and the shell closes under its own question.
+    /// Nobody answers any more: both recordings go to files, and the shell closes under its own question. The
+    /// end was asked about before.
     void sessionEndsWhileAsked()
     {
         QFETCH(bool, blocked);
+        QFETCH(bool, atOnce);
         const QString folder = JournalFolder::defaultPath();
         qputenv("HOME", fixture->path("").toLocal8Bit());
         if (blocked)
@@ -119,12 +123,21 @@ private slots:
         VarnelSettings().setValue("journal/enabled", false);
         listen(2);
         send(1, 10);
+        auto *end = window->findChild<SessionEnd *>();
+        QVERIFY(QMetaObject::invokeMethod(end, "onCommitData"));
+        send(11, 2);
         send(1, 5, 1);
-        perform(ActionId::Exit, {[this](QDialog *) { window->findChild<SessionEnd *>()->closeShell(); }});
-        QVERIFY(!window->isVisible());
+        perform(ActionId::Exit, {[=](QDialog *dialog) {
+            if (atOnce)
+                end->rescueAtOnce();
+            else
+                end->closeShell();
+            dialog->reject();
+        }});
+        QCOMPARE(window->isVisible(), atOnce);
         const QStringList files = JournalFolder(blocked ? QDir::homePath() : folder).files();
         QCOMPARE(files.size(), 2);
-        QCOMPARE(loaded(files.filter("COM1").value(0)).size(), 10);
+        QCOMPARE(loaded(files.filter("COM1").value(0)).size(), 12);
         QCOMPARE(loaded(files.filter("COM2").value(0)).size(), 5);
     }
 
