@@ -2,11 +2,13 @@
 
 package_version() { sed -n 's/^project(.* VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt; }
 
-# Lays the tree out as a Debian source package and builds it; the same tree gives the same bytes.
-build_package() {
-    local version folder=build/package tree
+# Lays the tree out as a Debian source package of the last commit's date. What is edited or committed later does not
+# come in.
+lay_out_package() {
+    local version folder=$root/build/package
     version=$(package_version)
     tree=$folder/varnelgraph-$version
+    package=$folder/varnelgraph_${version}_$(dpkg --print-architecture).deb
     rm -rf "$tree"
     mkdir -p "$tree"
     git ls-files -z --cached --others --exclude-standard | xargs -0 cp --parents -t "$tree" --
@@ -20,18 +22,22 @@ varnelgraph ($version) bookworm; urgency=medium
 
  -- $(sed -n 's/^Maintainer: //p' packaging/debian/control)  $(date -R -u -d "@$SOURCE_DATE_EPOCH")
 TEXT
-    say "building the package; the output is in $folder/build.log"
+}
+
+# Builds what has been laid out, from the start; the same tree gives the same bytes.
+build_package() {
+    local log=$root/build/package/build.log
+    say "building the package; the output is in ${log#"$root"/}"
     (
         cd "$tree"
         if use_ccache; then
             export CCACHE_DIR=${CCACHE_DIR:-$(ccache --get-config cache_dir)} PATH=/usr/lib/ccache:$PATH
         fi
         DEB_BUILD_OPTIONS="parallel=$jobs" dpkg-buildpackage -b -us -uc
-    ) >"$folder/build.log" 2>&1 || {
-        tail -n 40 "$folder/build.log" >&2
+    ) >"$log" 2>&1 || {
+        tail -n 40 "$log" >&2
         fail "the package could not be built"
     }
-    package=$root/$folder/varnelgraph_${version}_$(dpkg --print-architecture).deb
     say "$package"
 }
 
@@ -39,11 +45,11 @@ check_texts() {
     say "checking the package"
     lintian --fail-on error,warning --show-overrides "${package%.deb}.changes" ||
         fail "lintian has complaints"
-    appstreamcli validate --no-net packaging/varnelgraph.metainfo.xml || fail "the metadata are not valid"
-    desktop-file-validate packaging/varnelgraph.desktop || fail "the desktop entry is not valid"
-    xmllint --noout packaging/varnelgraph-mime.xml || fail "the file types are not valid"
+    appstreamcli validate --no-net "$tree"/packaging/varnelgraph.metainfo.xml || fail "the metadata are not valid"
+    desktop-file-validate "$tree"/packaging/varnelgraph.desktop || fail "the desktop entry is not valid"
+    xmllint --noout "$tree"/packaging/varnelgraph-mime.xml || fail "the file types are not valid"
     local complaints
-    complaints=$(LC_ALL=C.UTF-8 MANWIDTH=80 man --warnings -Tutf8 -Z -l packaging/varnelgraph.1 \
+    complaints=$(LC_ALL=C.UTF-8 MANWIDTH=80 man --warnings -Tutf8 -Z -l "$tree"/packaging/varnelgraph.1 \
         2>&1 >/dev/null)
     [ -z "$complaints" ] || fail "the manual page: $complaints"
 }
@@ -56,31 +62,31 @@ check_sameness() {
     say "a second build gives the same bytes"
 }
 
-# In a Debian of the smallest size, made for this and removed: does all of it come, work and go?
+# In a Debian of the smallest size, made for this and removed: does all of it come, work and go? Where none can be
+# made, or nothing can be fetched, that is said and is no fault of the package.
 check_bare() {
+    local release sources outcome=0
     [ "$(id -u)" = 0 ] || { say "not tried in a bare system: that needs root"; return 0; }
-    local bare release sources
+    [ "$SECONDS" -le "${BARE_UNTIL:-$SECONDS}" ] || { say "not tried in a bare system: no time is left"; return 0; }
     bare=$(mktemp -d)
+    trap 'rm -rf "$bare"' EXIT
     chmod 755 "$bare"
     release=$(. /etc/os-release && echo "$VERSION_CODENAME")
     sources=$(find /etc/apt -name '*.sources' -o -name sources.list)
+    say "trying the package in a bare system"
     if ! mmdebstrap --variant=apt --skip=cleanup/apt/lists "$release" "$bare/root" $sources \
         >"$bare/log" 2>&1; then
         say "not tried in a bare system: none can be made here ($(tail -n 1 "$bare/log"))"
-        rm -rf "$bare"
         return 0
     fi
     cp "$package" "$bare/root/tmp/varnelgraph.deb"
-    cp "$(find build/dev/tools -name varnelsim -type f)" tools/trypackage.sh "$bare/root/tmp/"
-    say "trying the package in a bare system"
-    local outcome=0
+    cp "$(find build/dev/tools -name varnelsim -type f)" "$tree/tools/trypackage.sh" "$bare/root/tmp/"
     # what is mounted goes with the name space
-    unshare --mount sh -ec '
-        mount -t proc proc "$1/proc"
-        mount -t devpts -o newinstance,ptmxmode=0666 devpts "$1/dev/pts"
-        ln -sf pts/ptmx "$1/dev/ptmx"
-        chroot "$1" sh -e /tmp/trypackage.sh' try "$bare/root" || outcome=1
-    rm -rf "$bare"
+    unshare --mount sh -c '
+        mount -t proc proc "$1/proc" && mount -t devpts -o newinstance,ptmxmode=0666 devpts "$1/dev/pts" &&
+            ln -sf pts/ptmx "$1/dev/ptmx" || exit 77
+        chroot "$1" sh -e /tmp/trypackage.sh' try "$bare/root" || outcome=$?
+    [ $outcome != 77 ] || { say "not tried in a bare system: not all that it needs is to be had here"; return 0; }
     [ $outcome = 0 ] || fail "the package does not do in a bare system"
 }
 

@@ -1,5 +1,5 @@
 # Run as root in a bare system made for it: /tmp/varnelgraph.deb is installed, used and purged; nothing may
-# stay.
+# stay. Ends with 77 where what it needs can't be fetched.
 say() { echo "  $*"; }
 fail() {
     echo "  failed: $*" >&2
@@ -13,7 +13,12 @@ listing() {
     find / -xdev | sort | grep -vE "^($(echo "$*" | tr ' ' '|'))(/|$)"
 }
 logged() { "$@" >>/tmp/apt.log 2>&1 || { cat /tmp/apt.log; fail "$*"; }; }
-install() { logged apt-get -q install -y --no-install-recommends "$@"; }
+fetch="apt-get -q -o Acquire::Retries=3 install -y --no-install-recommends"
+install() {
+    logged $fetch --simulate "$@"
+    $fetch --download-only "$@" >>/tmp/apt.log 2>&1 || { tail -n 3 /tmp/apt.log; exit 77; }
+    logged $fetch "$@"
+}
 purge() { logged dpkg --purge varnelgraph; }
 as_somebody() { su somebody -c "cd; export QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR=/tmp/runtime; $1"; }
 
