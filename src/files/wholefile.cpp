@@ -20,9 +20,12 @@ constexpr int mostLinks = 40; // then it is a circle
 // Unbuffered, so that a full disk answers the write that meets it.
 constexpr QIODevice::OpenMode openMode = QIODevice::WriteOnly | QIODevice::Unbuffered;
 
+// A pipe that /dev/stdout leads to has no name of its own: what is no file is opened by the name given.
 QString finalTarget(const QString &fileName)
 {
     QFileInfo target(fileName);
+    if (target.exists() && !target.isFile())
+        return fileName;
     for (int links = 0; target.isSymLink() && links < mostLinks; ++links)
         target.setFile(target.symLinkTarget());
     return target.filePath();
@@ -78,10 +81,10 @@ WriteOutcome WholeFile::writeAll()
 void WholeFile::open()
 {
     const QFileInfo info(m_target);
-    if (info.isSymLink())
-        return fail(Texts::tr("too many links"));
     if (info.exists() && !info.isFile())
         return openSpecial();
+    if (info.isSymLink())
+        return fail(Texts::tr("too many links"));
     auto replacement = std::make_unique<QSaveFile>(m_target);
     m_replacement = replacement.get();
     m_device = std::move(replacement);

@@ -2,6 +2,7 @@
 #include "app/commandline.h"
 #include "support/columns.h"
 #include "support/files.h"
+#include "support/literal.h"
 #include "support/pixels.h"
 
 #include <QProcess>
@@ -82,11 +83,12 @@ private slots:
         for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
             environment.remove(name);
         environment.insert("LC_ALL", "C");
-        for (const bool good : {true, false}) {
+        for (const QString &output : {"-"_s, "/dev/stdout"_s, QString()}) { // a pipe, by two names
+            const bool good = !output.isEmpty();
             QProcess program;
             program.setProcessEnvironment(environment);
             program.start(VARNELGRAPH_PROGRAM,
-                good ? QStringList{"--export-csv", "-", path("a.acp")} : QStringList{"--foo"});
+                good ? QStringList{"--export-csv", output, path("a.acp")} : QStringList{"--foo"});
             QVERIFY(program.waitForFinished() && program.exitStatus() == QProcess::NormalExit);
             QCOMPARE(program.exitCode(), good ? 0 : 2);
             QCOMPARE(program.readAllStandardOutput().count('\n'), good ? 61 : 0);
