@@ -38,8 +38,8 @@ QByteArray portFingerprint()
         DWORD portBytes = sizeof port;
         const LSTATUS status = ::RegEnumValueW(ports, index, driver, &driverLetters, nullptr, nullptr,
             reinterpret_cast<BYTE *>(port), &portBytes);
-        if (status == ERROR_NO_MORE_ITEMS)
-            break;
+        if (status != ERROR_SUCCESS && status != ERROR_MORE_DATA)
+            break; // none is left, or the key has gone with the last port
         if (status == ERROR_SUCCESS)
             fingerprint += QString::fromWCharArray(driver, int(driverLetters)).toUtf8() + ' '
                 + QByteArray(reinterpret_cast<const char *>(port), int(portBytes)) + '\n';
