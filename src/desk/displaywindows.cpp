@@ -223,7 +223,7 @@ void DisplayWindows::printCapacity()
 void DisplayWindows::printVoltage()
 {
     VoltageComparison *comparison = createVoltage();
-    if (!m_voltage) // nobody sees what was chosen in one that is closed
+    if (!m_state->switches().voltageComparison) // nobody sees what was chosen in one that is closed
         comparison->showAllCells();
     comparison->print();
     comparison->close();
