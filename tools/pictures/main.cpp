@@ -3,6 +3,7 @@
 #include "app/actionset.h"
 #include "app/mainwindow.h"
 #include "app/stylesheet.h"
+#include "app/translators.h"
 #include "graph/mdigraphchild.h"
 #include "pictures/album.h"
 #include "resources/resources.h"
@@ -176,10 +177,12 @@ int main(int argc, char **argv)
     QCoreApplication::setApplicationName(QStringLiteral("VarnelGraph"));
     QCoreApplication::setOrganizationName(QStringLiteral("VarnelGraph"));
     const QApplication application(argc, argv);
-    if (QCoreApplication::arguments().size() != 2) {
-        std::fputs("usage: varnelpictures FOLDER\n", stderr);
+    const QStringList words = QCoreApplication::arguments();
+    if (words.size() < 2) {
+        std::fputs("usage: varnelpictures FOLDER [LANGUAGE]\n", stderr);
         return 2;
     }
+    installLanguage(words.value(2, QStringLiteral("en")));
     initResources();
     installStyleSheet(qApp, QCoreApplication::applicationDirPath());
     sim::RunSettings run;
@@ -192,7 +195,7 @@ int main(int argc, char **argv)
     MainWindow window;
     window.resize(1200, 760);
     window.show();
-    Tour tour(window, rack, QCoreApplication::arguments().at(1));
+    Tour tour(window, rack, words.at(1));
     if (tour.run())
         return 0;
     std::fprintf(stderr, "no picture: %s\n", qPrintable(tour.trouble()));
