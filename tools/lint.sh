@@ -36,11 +36,21 @@ configure_rest() {
         >"$marks/rest.log" 2>&1 || { tail -n 40 "$marks/rest.log" >&2; exit 1; }
 }
 
-# How to compile every source: as the everyday build does, else as the rest.
+# How to compile every source alone: as the everyday build does with the group it is in, else as the rest.
+# Headers that GCC has read before are nothing to other compilers.
 merge_commands() {
     python3 - build/dev/compile_commands.json "$marks/rest/compile_commands.json" <<'TEXT'
-import json, sys
-everyday, rest = (json.load(open(name)) for name in sys.argv[1:])
+import json, re, sys
+
+def alone(entries):
+    for entry in entries:
+        group, command = entry["file"], entry["command"].replace(" -fpch-preprocess", "")
+        command = re.sub(r" -Winvalid-pch -include \S+cmake_pch\.hxx", "", command)
+        sources = re.findall('#include "(.*)"', open(group).read()) if "/Unity/" in group else [group]
+        for source in sources:
+            yield {**entry, "file": source, "command": command.replace(group, source)}
+
+everyday, rest = (list(alone(json.load(open(name)))) for name in sys.argv[1:])
 known = {entry["file"] for entry in everyday}
 json.dump(everyday + [entry for entry in rest if entry["file"] not in known], sys.stdout, indent=0)
 TEXT

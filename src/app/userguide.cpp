@@ -10,11 +10,10 @@
 
 namespace {
 
-// From the program's folder: as installed on Windows, below a prefix, in a folder of its own below that, and
-// in the tree that it was built from.
-const char *const pages[] = {"doc/user-guide.html", "../share/doc/varnelgraph/user-guide.html",
-    "../../share/doc/varnelgraph/user-guide.html", "../share/doc/varnelgraph/user-guide.md",
-    "../../../docs/user-guide.md"};
+// From the program's folder: as installed on Windows, in a folder of its own below a prefix, and in the tree
+// that it was built from.
+const char *const pages[] = {"doc/user-guide.html", "../../share/doc/varnelgraph/user-guide.html",
+    "../../share/doc/varnelgraph/user-guide.md", "../../../docs/user-guide.md"};
 
 } // namespace
 

@@ -36,4 +36,4 @@ add_custom_command(OUTPUT ${sound_files}
     DEPENDS ${PROJECT_SOURCE_DIR}/tools/makesounds.py
     COMMENT "Making sounds" VERBATIM)
 add_custom_target(sounds ALL DEPENDS ${sound_files})
-install(FILES ${sound_files} DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(FILES ${sound_files} DESTINATION ${VARNEL_PROGRAM_DIR})
