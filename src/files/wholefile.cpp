@@ -97,7 +97,7 @@ void WholeFile::openSpecial()
     if (m_allowed == Kind::Regular)
         return fail(Texts::tr("not a regular file"));
     const int descriptor = openSpecialFile(m_target);
-    if (descriptor < 0)
+    if (descriptor == -1)
         return fail(qt_error_string());
     auto special = std::make_unique<QFile>();
     if (!special->open(descriptor, openMode, QFile::AutoCloseHandle))
@@ -121,7 +121,7 @@ void WholeFile::bringToDisk()
     if (!m_device->flush())
         return fail(m_device->errorString());
     const int own = duplicateDescriptor(m_device->handle());
-    if (own < 0)
+    if (own == -1)
         return fail(qt_error_string());
     m_synced = m_syncer.finishNow(own);
 }
@@ -133,7 +133,7 @@ void WholeFile::commit()
     if (!(m_replacement ? m_replacement->commit() : m_device->flush()))
         return fail(m_device->errorString());
     const int folder = m_replacement ? openFolder(QFileInfo(m_target).path()) : -1;
-    if (folder >= 0)
+    if (folder != -1)
         m_syncer.finish(folder); // which holds the new name
     m_outcome = WriteOutcome::success();
 }

@@ -47,7 +47,7 @@ Journal::~Journal()
     do {
         before = m_size;
         drain();
-    } while (m_lost >= 0 && m_size != before);
+    } while (m_lost != -1 && m_size != before);
     close();
 }
 
@@ -81,7 +81,7 @@ void Journal::finish()
 void Journal::discard()
 {
     m_waiting.clear();
-    const bool created = m_descriptor >= 0 && isStillNamed(m_descriptor, m_fileName);
+    const bool created = m_descriptor != -1 && isStillNamed(m_descriptor, m_fileName);
     close();
     if (created)
         QFile::remove(m_fileName);
@@ -98,13 +98,13 @@ bool Journal::create()
             break;
     }
     m_descriptor = created.descriptor;
-    if (m_descriptor < 0) {
+    if (m_descriptor == -1) {
         stall(created.reason);
         return false;
     }
     m_syncer.watch(m_descriptor, m_fileName);
     const int folder = openFolder(m_folder.path());
-    if (folder >= 0)
+    if (folder != -1)
         m_syncer.finish(folder); // the new name, too, without waiting for the disk here
     return true;
 }
@@ -113,10 +113,10 @@ void Journal::drain()
 {
     if (isGone())
         abandonFile();
-    if (m_descriptor < 0 && !create())
+    if (m_descriptor == -1 && !create())
         return;
     m_failure.clear();
-    if (m_lost >= 0 && !restore())
+    if (m_lost != -1 && !restore())
         return;
     if (!m_waiting.isEmpty())
         m_waiting.remove(0, write(m_waiting));
@@ -125,13 +125,13 @@ void Journal::drain()
 
 bool Journal::isGone() const
 {
-    return m_descriptor >= 0 && m_syncer.isGone(m_descriptor);
+    return m_descriptor != -1 && m_syncer.isGone(m_descriptor);
 }
 
 // The first file holds everything; one that was lost before it was complete has nothing that is needed.
 void Journal::abandonFile()
 {
-    if (m_lost < 0) {
+    if (m_lost == -1) {
         m_lost = m_descriptor;
         m_lostSize = m_size;
     } else {
@@ -222,7 +222,7 @@ void Journal::close()
     m_state = State::Closed;
     m_complete &= isAllWritten();
     for (int *descriptor : {&m_descriptor, &m_lost}) {
-        if (*descriptor >= 0)
+        if (*descriptor != -1)
             m_syncer.finish(std::exchange(*descriptor, -1));
     }
     if (wasStalled)

@@ -64,7 +64,7 @@ private:
     void abandonFile();
     bool restore();
     int write(const QByteArray &lines);
-    bool isAllWritten() const { return m_lost < 0 && m_waiting.isEmpty(); }
+    bool isAllWritten() const { return m_lost == -1 && m_waiting.isEmpty(); }
     void takeOutcome();
     void stall(const QString &reason);
     void close();

@@ -10,7 +10,9 @@
 
 #include <QtTest>
 
+#include <atomic>
 #include <fcntl.h>
+#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -262,9 +264,49 @@ private slots:
         syncer.watch(descriptor, file.fileName());
         QVERIFY(QFile::remove(file.fileName()));
         QTRY_VERIFY_WITH_TIMEOUT(syncer.isGone(descriptor), longTime);
-        QVERIFY(syncer.finishNow(descriptor).get());
-        QCOMPARE(::fcntl(descriptor, F_GETFD), -1);
-        QVERIFY(!syncer.finishNow(descriptor).get());
+
+        // However long it is to the next round: at once, what else is to be finished with it, and at the end.
+        QVERIFY(::dup2(descriptor, 901) == 901 && ::dup2(descriptor, 902) == 902);
+        {
+            DiskSyncer slow(std::chrono::hours(1));
+            slow.finish(901);
+            QVERIFY(slow.finishNow(descriptor).get() && ::fcntl(901, F_GETFD) == -1);
+            QVERIFY(!slow.finishNow(descriptor).get());
+            slow.finish(902);
+        }
+        QCOMPARE(::fcntl(902, F_GETFD), -1);
+    }
+
+    // A name is taken from nobody who writes to it, though another program tidies up all the time.
+    void lockedFiles()
+    {
+        QTemporaryDir folder;
+        const QString name = folder.filePath(QStringLiteral("a"));
+        const CreatedFile file = createLockedFile(name);
+        QVERIFY(writeFile(folder.filePath(QStringLiteral("other")), "") && isBeingWritten(name));
+        QVERIFY(QFile::link(QStringLiteral("loop"), folder.filePath(QStringLiteral("loop"))));
+        QString named; // what can't be looked at may still be there
+        for (const char *path : {"a", "other", "none", "a/b", "loop"})
+            named += isStillNamed(file.descriptor, folder.filePath(QLatin1String(path))) ? '1' : '0';
+        QCOMPARE(named, QStringLiteral("10001"));
+        QVERIFY(isStillNamed(-1, name) && !isBeingWritten(name + 'b') && !removeUnlessWritten(name + 'b'));
+        closeFile(file.descriptor);
+        QVERIFY(!isBeingWritten(name) && removeUnlessWritten(name) && !QFile::exists(name));
+        std::atomic<bool> ended = false;
+        std::thread tidying([&] {
+            while (!ended)
+                removeUnlessWritten(name);
+        });
+        bool kept = true;
+        for (int i = 0; i < 3000; ++i) {
+            const CreatedFile created = createLockedFile(name);
+            kept &= created.descriptor == -1 || isStillNamed(created.descriptor, name);
+            QFile::remove(name);
+            closeFile(created.descriptor);
+        }
+        ended = true;
+        tidying.join();
+        QVERIFY(kept);
     }
 
     void largeFolderIsToldOnce()

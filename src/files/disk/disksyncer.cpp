@@ -7,6 +7,7 @@
 #include <condition_variable>
 #include <mutex>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -27,6 +28,7 @@ struct Entry {
 struct DiskSyncer::Work {
     const Entry *find(int descriptor) const;
     Entry &entryFor(int descriptor);
+    Entry &finish(int descriptor);
     void run();
     void syncRound(std::unique_lock<std::mutex> &lock);
     void look(std::unique_lock<std::mutex> &lock, size_t index);
@@ -34,11 +36,9 @@ struct DiskSyncer::Work {
     std::chrono::milliseconds period;
     std::mutex mutex;
     std::condition_variable wake; // of the thread
-    std::condition_variable ended;
     std::vector<Entry> entries;
     bool urgent = false;
     bool stopping = false;
-    bool isEnded = false;
 };
 
 DiskSyncer::DiskSyncer(std::chrono::milliseconds period)
@@ -49,18 +49,22 @@ DiskSyncer::DiskSyncer(std::chrono::milliseconds period)
 
 DiskSyncer::~DiskSyncer()
 {
-    std::unique_lock<std::mutex> lock(m_work->mutex);
-    m_work->stopping = true;
+    {
+        const std::lock_guard<std::mutex> lock(m_work->mutex);
+        m_work->stopping = true;
+    }
     m_work->wake.notify_one();
-    if (m_started)
-        m_work->ended.wait_for(lock, patience, [this] { return m_work->isEnded; });
+    if (m_ended.valid())
+        m_ended.wait_for(patience);
 }
 
 DiskSyncer::Work &DiskSyncer::started()
 {
-    if (!m_started)
-        std::thread([work = m_work] { work->run(); }).detach();
-    m_started = true;
+    if (!m_ended.valid()) {
+        std::packaged_task<void()> task([work = m_work] { work->run(); });
+        m_ended = task.get_future();
+        std::thread(std::move(task)).detach();
+    }
     return *m_work;
 }
 
@@ -89,21 +93,16 @@ void DiskSyncer::finish(int descriptor)
 {
     Work &work = started();
     const std::lock_guard<std::mutex> lock(work.mutex);
-    Entry &entry = work.entryFor(descriptor);
-    entry.dirty = true;
-    entry.finishing = true;
+    work.finish(descriptor);
 }
 
 std::future<bool> DiskSyncer::finishNow(int descriptor)
 {
     Work &work = started();
     const std::lock_guard<std::mutex> lock(work.mutex);
-    Entry &entry = work.entryFor(descriptor);
-    entry.dirty = true;
-    entry.finishing = true;
     work.urgent = true;
     work.wake.notify_one();
-    return entry.finished.get_future();
+    return work.finish(descriptor).finished.get_future();
 }
 
 bool DiskSyncer::isFailing(int descriptor) const
@@ -129,6 +128,13 @@ Entry &DiskSyncer::Work::entryFor(int descriptor)
     return entries.back();
 }
 
+Entry &DiskSyncer::Work::finish(int descriptor)
+{
+    Entry &entry = entryFor(descriptor);
+    entry.dirty = entry.finishing = true;
+    return entry;
+}
+
 void DiskSyncer::Work::run()
 {
     std::unique_lock<std::mutex> lock(mutex);
@@ -138,8 +144,6 @@ void DiskSyncer::Work::run()
         urgent = false;
         syncRound(lock);
     }
-    isEnded = true;
-    ended.notify_one();
 }
 
 void DiskSyncer::Work::look(std::unique_lock<std::mutex> &lock, size_t index)

@@ -41,5 +41,5 @@ private:
     Work &started();
 
     std::shared_ptr<Work> m_work; // with the thread, which may outlive this
-    bool m_started = false; // with the first file
+    std::future<void> m_ended; // of the thread, which begins with the first file
 };

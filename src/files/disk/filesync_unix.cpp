@@ -9,11 +9,8 @@
 
 bool syncToDisk(int descriptor)
 {
-    int result = 0;
-    do {
-        result = ::fsync(descriptor);
-    } while (result != 0 && errno == EINTR);
-    return result == 0 || errno == EINVAL || errno == ENOTSUP || errno == EROFS;
+    return TEMP_FAILURE_RETRY(::fsync(descriptor)) == 0 || errno == EINVAL || errno == ENOTSUP
+        || errno == EROFS;
 }
 
 int openFolder(const QString &folder)
@@ -30,7 +27,7 @@ int openSpecialFile(const QString &fileName)
 {
     const int flags = O_WRONLY | O_TRUNC | O_NOCTTY | O_CLOEXEC | O_NONBLOCK;
     const int descriptor = ::open(QFile::encodeName(fileName).constData(), flags);
-    if (descriptor >= 0)
+    if (descriptor != -1)
         ::fcntl(descriptor, F_SETFL, ::fcntl(descriptor, F_GETFL) & ~O_NONBLOCK);
     return descriptor;
 }

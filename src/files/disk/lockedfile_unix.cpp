@@ -21,13 +21,14 @@ bool lockFails(int descriptor)
     return ::flock(descriptor, LOCK_EX | LOCK_NB) != 0;
 }
 
+// The name may lead to another file by the time that the lock is had: one that is being written.
 template <typename Action>
 bool unlessWritten(const QString &fileName, Action action)
 {
     const int descriptor = openQuietly(fileName);
-    if (descriptor < 0)
+    if (descriptor == -1)
         return false;
-    const bool done = !lockFails(descriptor) && action(fileName);
+    const bool done = !lockFails(descriptor) && isStillNamed(descriptor, fileName) && action(fileName);
     ::close(descriptor);
     return done;
 }
@@ -42,7 +43,7 @@ CreatedFile createLockedFile(const QString &fileName)
     for (int attempt = 0; attempt < 3; ++attempt) {
         const int descriptor
             = ::open(name.constData(), O_RDWR | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, 0666);
-        if (descriptor < 0)
+        if (descriptor == -1)
             return {-1, errno == EEXIST, qt_error_string(errno)};
         ::flock(descriptor, LOCK_EX);
         struct stat status { };
@@ -55,11 +56,7 @@ CreatedFile createLockedFile(const QString &fileName)
 
 int appendBytes(int descriptor, const char *bytes, int length)
 {
-    ssize_t written = 0;
-    do {
-        written = ::write(descriptor, bytes, size_t(length));
-    } while (written < 0 && errno == EINTR);
-    return int(written);
+    return int(TEMP_FAILURE_RETRY(::write(descriptor, bytes, size_t(length))));
 }
 
 bool cutFile(int descriptor, qint64 size)
@@ -69,11 +66,7 @@ bool cutFile(int descriptor, qint64 size)
 
 int readBytes(int descriptor, qint64 offset, char *bytes, int length)
 {
-    ssize_t read = 0;
-    do {
-        read = ::pread(descriptor, bytes, size_t(length), offset);
-    } while (read < 0 && errno == EINTR);
-    return int(read);
+    return int(TEMP_FAILURE_RETRY(::pread(descriptor, bytes, size_t(length), offset)));
 }
 
 // A name that can't be looked at is not known to be gone.
@@ -83,8 +76,6 @@ bool isStillNamed(int descriptor, const QString &fileName)
     struct stat named { };
     if (::fstat(descriptor, &open) != 0)
         return true;
-    if (open.st_nlink == 0)
-        return false;
     if (::stat(QFile::encodeName(fileName).constData(), &named) != 0)
         return errno != ENOENT && errno != ENOTDIR;
     return named.st_dev == open.st_dev && named.st_ino == open.st_ino;
@@ -98,7 +89,7 @@ void closeFile(int descriptor)
 bool isBeingWritten(const QString &fileName)
 {
     const int descriptor = openQuietly(fileName);
-    if (descriptor < 0)
+    if (descriptor == -1)
         return false;
     const bool written = lockFails(descriptor);
     ::close(descriptor);
