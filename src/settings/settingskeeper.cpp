@@ -91,6 +91,14 @@ QString replaceFile(const QString &fresh, const QString &target)
     return QString::fromLocal8Bit(error.message().c_str());
 }
 
+QString reasonOf(QLockFile::LockError error)
+{
+    if (error == QLockFile::LockFailedError)
+        return Texts::tr("another program holds it");
+    return error == QLockFile::PermissionError ? Texts::tr("its folder is protected against writing")
+                                               : Texts::tr("the disk is full or reports an error");
+}
+
 // Makes the new file beside the old one, out of what now stands in that. Written in the old one's place by
 // the settings themselves, everybody who reads one of them would wait for the disk meanwhile.
 QString writeFile(const QString &fileName, const Values &values)
@@ -103,9 +111,7 @@ QString writeFile(const QString &fileName, const Values &values)
         return reason;
     QLockFile lock(fileName + QStringLiteral(".lock")); // the name under which QSettings looks for one
     if (!lock.tryLock(lockTime))
-        return lock.error() == QLockFile::PermissionError
-            ? Texts::tr("its folder is protected against writing")
-            : Texts::tr("another program holds it");
+        return reasonOf(lock.error());
     const QString fresh = target + QStringLiteral(".new");
     QFile::remove(fresh);
     QFile old(target);

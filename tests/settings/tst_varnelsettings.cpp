@@ -1,6 +1,7 @@
 #include "settings/settingskeeper.h"
 #include "settings/varnelsettings.h"
 
+#include "support/asnobody.h"
 #include "support/files.h"
 #include "support/limits.h"
 #include "support/ptypair.h"
@@ -56,9 +57,14 @@ private slots:
     void storesAtOnce()
     {
         VarnelSettings settings;
+        QVERIFY(QDir().mkpath(place) && writeFile(file + ".new", "what a power cut has left"));
         settings.setPorts({"COM5", "COM3"});
         QVERIFY(SettingsKeeper::waitForWritten(forEver));
         QCOMPARE(contents(file), QByteArray("[General]\nports=COM5, COM3\n"));
+        QVERIFY(writeFile(file, "[General]\nports=COM4, COM2\n") && makeOld(file, 1));
+        SettingsKeeper::instance().write(file); // only looks
+        QVERIFY(SettingsKeeper::waitForWritten(forEver));
+        QCOMPARE(VarnelSettings().ports(), QStringList({"COM4", "COM2"}));
         QVERIFY(writeFile(file, "[General]\nports=COM6, COM7\n[own]\nkey=1\n"));
         QCOMPARE(VarnelSettings().ports(), QStringList({"COM6", "COM7"}));
         settings.setSendTime(true);
@@ -67,27 +73,41 @@ private slots:
         QCOMPARE(VarnelSettings().ports(), QStringList({"COM6", "COM7"})); // though it is as it was left
         settings.setPorts({});
         QVERIFY(VarnelSettings().ports().isEmpty() && VarnelSettings().sendTime());
+        settings.setValue(QStringLiteral("/own/key"), 2);
+        QCOMPARE(VarnelSettings().value(QStringLiteral("own/key")), QVariant(2));
         settings.clear();
         QVERIFY(!VarnelSettings().contains(QStringLiteral("own/key")) && !VarnelSettings().sendTime());
     }
 
-    // A folder in its place, a file in the folder's place, and a full disk.
+    // A folder in its place, a file in the folder's place, a full disk, and a folder of another's.
     void whatCanNotBeWrittenHolds()
     {
-        for (const char *const name : {"Maker/VarnelGraph.ini/", "Maker", "Maker/"}) {
-            const QString inTheWay(name);
+        const std::pair<QString, QString> cases[] = {{"Maker/VarnelGraph.ini/", qt_error_string(EISDIR)},
+            {"Maker", "the disk is full or reports an error"},
+            {"Maker/", "the disk is full or reports an error"},
+            {"Maker/", "its folder is protected against writing"}};
+        for (const auto &[inTheWay, reason] : cases) {
             init();
             const bool isFile = !inTheWay.endsWith('/');
             const QString path = profile->filePath(inTheWay);
             QVERIFY(isFile ? writeFile(path, "") : QDir().mkpath(path));
             QSignalSpy troubled(&SettingsKeeper::instance(), SIGNAL(troubled()));
+            const bool isThere = inTheWay.endsWith("ini/");
+            SettingsKeeper::instance().write(file); // which is to change nothing
+            QVERIFY(SettingsKeeper::waitForWritten(forEver));
+            QCOMPARE(troubled.size(), int(isThere));
             {
-                const auto limit = inTheWay == "Maker/" ? std::make_unique<FileSizeLimit>(0) : nullptr;
+                const bool isProtected = reason.contains("protected");
+                QVERIFY(!isProtected || QFile::setPermissions(place, QFile::ReadOwner | QFile::ExeOwner));
+                const auto mayNot = isProtected ? std::make_unique<AsNobody>() : nullptr;
+                const bool isFull = inTheWay == "Maker/" && !isProtected;
+                const auto limit = isFull ? std::make_unique<FileSizeLimit>(0) : nullptr;
                 VarnelSettings().setPorts({"COM5"});
                 QVERIFY(SettingsKeeper::waitForWritten(forEver));
-                QVERIFY(SettingsKeeper::instance().unwritable().startsWith(file) && !troubled.isEmpty());
+                QCOMPARE(SettingsKeeper::instance().unwritable(), file + '\n' + reason);
                 QCOMPARE(VarnelSettings().ports(), QStringList({"COM5"}));
-                QCOMPARE(SettingsKeeper::instance().unreadable() == file, inTheWay.endsWith("ini/"));
+                QVERIFY((SettingsKeeper::instance().unreadable() == file) == isThere);
+                QCOMPARE(troubled.size(), isThere ? 2 : 1);
             }
             QVERIFY(isFile ? QFile::remove(path) : QDir().rmdir(path));
             troubled.clear();

@@ -27,9 +27,8 @@ private:
 class FileSizeLimit : public ProcessLimit<RLIMIT_FSIZE> {
 public:
     explicit FileSizeLimit(rlim_t bytes)
-        : ProcessLimit(bytes)
+        : ProcessLimit((std::signal(SIGXFSZ, SIG_IGN), bytes)) // first: other threads write meanwhile
     {
-        std::signal(SIGXFSZ, SIG_IGN);
     }
 };
 
