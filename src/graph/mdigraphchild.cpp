@@ -317,5 +317,4 @@ void MdiGraphChild::closeEvent(QCloseEvent *event)
         m_reader->detachGraphChild(this);
     m_reader = nullptr;
     disconnect(m_host->updateReceiver());
-    event->accept();
 }

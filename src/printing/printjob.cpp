@@ -21,7 +21,6 @@ QRectF drawCaption(QPainter &painter, const PrintJob &job, const QRectF &page, c
 {
     const QString text = job.details.isEmpty() ? job.title : job.title + QStringLiteral(", ") + job.details;
     painter.setFont(font);
-    painter.setPen(Qt::black);
     QRectF used;
     painter.drawText(page, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, text, &used);
     return page.adjusted(0, used.height() + font.pixelSize(), 0, 0);
@@ -61,9 +60,7 @@ bool printPage(const PrintJob &job, QPrinter *printer)
         return false;
     const QRectF page(QPointF(0, 0), printer->pageLayout().paintRectPixels(printer->resolution()).size());
     const QRectF rest = drawCaption(painter, job, page, captionFont(*printer));
-    painter.save();
     drawPicture(painter, job, rest);
-    painter.restore();
     if (!painter.end() || printer->printerState() == QPrinter::Error)
         return false;
     const bool toFile

@@ -101,10 +101,17 @@ private slots:
         SHOWS(chart, smallest,
             "text '1' foot 49,252 13 bold Arial #000000; rect 30,56 37x167 pen1 #00ff00; "
             "rect 82,222 37x1 pen1 #007f00; rect 134,221 37x2 pen1 #00ff00");
-        chart.distinct = true; // letters in the bars
+        chart = capacities({9000, 8000, 7000, 915, 910});
+        chart.blackGround = false;
+        chart.distinct = true; // letters in the bars, beside low ones
+        chart.entries[1].mode = 'D';
+        chart.entries[2].mode = 'F';
         SHOWS(chart, smallest,
             "rect 30,56 37x167 #009632; rect 30,56 37x167 pen1 #000000; "
-            "text 'C' mid 49,217 13 bold Arial #ffffff");
+            "text 'C' mid 49,217 13 bold Arial #ffffff; rect 82,75 37x148 #6e0000; "
+            "text 'D' mid 101,217 13 bold Arial #ffffff; rect 134,94 37x129 #f5e15a; "
+            "text 'B' mid 153,217 13 bold Arial #000000; text 'C' mid 205,217 13 bold Arial #ffffff; "
+            "text 'C' mid 283,217 13 bold Arial #000000");
         chart = capacities({1, 1, 7});
         chart.first = 2;
         SHOWS(chart, smallest, "text '3' mid 55,43 11 Arial #000000");

@@ -7,9 +7,7 @@
 #include "support/settle.h"
 #include "widgets/displayscale.h"
 
-#include <QApplication>
 #include <QLabel>
-#include <QSignalSpy>
 #include <QTest>
 
 #include <memory>
@@ -238,9 +236,14 @@ private slots:
             figure.setPointSizeF(35 * percent / 100 * fontScale());
         } while (percent > 50 && QFontMetrics(figure).height() >= scaled(54));
         QCOMPARE(percent < 100, qEnvironmentVariableIsSet("FONTCONFIG_FILE"));
+        const QString spoken[] = {"16,80 V, -1,50 A, 23,5 °C, 1,044 Ah, 12 mV/min, 0,037 Ω, 01:02:05",
+            "4,200 V avg, 4,210 V max, 0,020 V delta, 4,190 V min, 30 %, 0,500 Ah max, 01:02:05, cell 1 4,200, "
+            "cell 2 4,190, cell 3 4,210, cell 4 4,200"};
         for (const bool statistics : {false, true, false}) {
             setView(statistics, CellValue::Voltage);
             show(record);
+            QCOMPARE(m_display->spokenText(),
+                "Varnel - Data Display, window 1, Discharge 4 x LiPo, " + spoken[statistics]);
             for (const auto &row : rows) {
                 const QLabel *label = this->label(row.name);
                 QCOMPARE(label->text(), QString(row.shown[statistics]));
@@ -283,10 +286,7 @@ private slots:
 
     void window()
     {
-        QVERIFY(
-            m_display->windowFlags().testFlag(Qt::WindowStaysOnTopHint) && !m_display->windowIcon().isNull());
-        QCOMPARE(m_display->windowTitle(), QString("Varnel - Data Display"));
-        QCOMPARE(m_display->minimumSize(), QSize(scaled(470), scaled(280)));
+        QCOMPARE(m_display->size(), QSize(scaled(470), scaled(280)));
         QCOMPARE(m_display->maximumSize(), m_display->minimumSize());
         QCOMPARE(m_display->palette().color(QPalette::Window), QColor(Qt::black));
         const QLabel *badge = label("windowNumberLabel");
@@ -305,11 +305,6 @@ private slots:
         m_display->setStaleSince({});
         settle(*m_display);
         QCOMPARE(colourOf(label("voltageLabel")) + m_display->toolTip(), QString("#00ff00 on #000000"));
-        QSignalSpy closed(m_display.get(), SIGNAL(closed()));
-        m_display->hide(); // which is no closing
-        m_display->show();
-        m_display->close();
-        QVERIFY(closed.count() == 1 && m_display->isHidden());
     }
 
     void keptResistances()
@@ -356,12 +351,7 @@ private slots:
         record.cells[15].resistance = 1234567.8;
         record.internalResistance = 1234567;
         record.voltageSlope = -2000000000;
-        const QFont usual = QApplication::font();
         for (const CellValue value : {CellValue::Voltage, CellValue::Charge, CellValue::Resistance}) {
-            QFont larger = usual;
-            larger.setPointSizeF(usual.pointSizeF() * (value == CellValue::Resistance ? 1.0 : 1.5));
-            QApplication::setFont(larger);
-            open();
             setView(value != CellValue::Voltage, value);
             show(record, 1234);
             QCOMPARE(label("windowNumberLabel")->text(), QString("1234"));
@@ -372,7 +362,6 @@ private slots:
                 QVERIFY2(fits && m_display->rect().contains(one->geometry()), qPrintable(one->objectName()));
             }
         }
-        QApplication::setFont(usual);
     }
 
 private:

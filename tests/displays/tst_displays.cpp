@@ -1,4 +1,5 @@
 #include "displays/capacitydisplay.h"
+#include "displays/datadisplay.h"
 #include "displays/powerdisplay.h"
 #include "displays/samplepack.h"
 #include "displays/voltagecanvas.h"
@@ -79,10 +80,12 @@ private slots:
         VoltageComparison voltages;
         voltages.setViewState(&m_state);
         voltages.setAttribute(Qt::WA_DeleteOnClose, false);
+        DataDisplay data;
         const QVector<std::tuple<QWidget *, QString, QSize, QSize>> rows{
             {&capacities, "Varnel - capacity comparison", smallest, {465, 364}},
             {&power, "Varnel - bar display", smallest, {465, 364}},
-            {&voltages, "Varnel - voltage comparison", {300, 0}, voltages.sizeHint()}};
+            {&voltages, "Varnel - voltage comparison", {300, 0}, voltages.sizeHint()},
+            {&data, "Varnel - Data Display", smallest, data.sizeHint()}};
         for (const auto &[display, title, least, first] : rows) {
             QVERIFY(
                 display->windowFlags().testFlag(Qt::WindowStaysOnTopHint) && !display->windowIcon().isNull());
@@ -93,7 +96,7 @@ private slots:
             display->show();
             for (const bool black : {true, false, true}) {
                 setView(CellValue::Voltage, black);
-                const QColor ground = black ? Qt::black : Qt::white;
+                const QColor ground = black || display == &data ? Qt::black : Qt::white;
                 QTRY_COMPARE_WITH_TIMEOUT(display->grab().toImage().pixelColor(1, 270), ground, 30000);
             }
             QSignalSpy closed(display, SIGNAL(closed()));
@@ -104,83 +107,48 @@ private slots:
         }
     }
 
-    void capacityPaging()
-    {
-        CapacityDisplay display;
-        fill(display, "DCCCCCCC");
-        auto *previous = display.findChild<QPushButton *>("previous");
-        auto *next = display.findChild<QPushButton *>("next");
-        display.showNext();
-        display.showPrev();
-        QCOMPARE(columnsOf(display), QString("|DCCCCCCC|"));
-        display.addEntry({1000, 'C', 9}); // scrolls into view
-        display.addEntry({1000, 'D', 10});
-        display.showNext();
-        QCOMPARE(columnsOf(display), QString("<CCCCCCCD|"));
-        previous->click();
-        QCOMPARE(columnsOf(display), QString("<CCCCCCCC>"));
-        QTest::keyClick(&display, Qt::Key_Left);
-        QCOMPARE(columnsOf(display), QString("|DCCCCCCC>"));
-        display.showPrev();
-        next->click();
-        QCOMPARE(columnsOf(display), QString("<CCCCCCCC>"));
-        QTest::keyClick(&display, Qt::Key_Right);
-        QCOMPARE(columnsOf(display), QString("<CCCCCCCD|"));
-        display.clear();
-        QCOMPARE(columnsOf(display), QString("|........|"));
-        display.addEntry({1000, 'D', 1});
-        QCOMPARE(columnsOf(display), QString("|D.......|"));
-        display.show();
-        QCOMPARE(previous->geometry(), QRect(7, 120, 15, 40));
-        QCOMPARE(next->geometry(), QRect(447, 120, 15, 40));
-        QCOMPARE(next->iconSize(), QSize(12, 12));
-        QCOMPARE(previous->toolTip() + next->toolTip(), QString("PreviousNext"));
-    }
-
-    void capacityEntries()
-    {
-        CapacityDisplay display;
-        fill(display, "DCCCCCCCD");
-        const auto without = [&display](int k) {
-            display.removeEntry(k);
-            return columnsOf(display);
-        };
-        QCOMPARE(without(-1), QString("<CCCCCCCD|"));
-        QCOMPARE(without(9), QString("<CCCCCCCD|"));
-        QCOMPARE(without(4), QString("|DCCCCCCD|"));
-        display.addEntry({1000, 'C', 10}); // comes into view still
-        QCOMPARE(columnsOf(display), QString("<CCCCCCDC|"));
-        display.showPrev();
-        QCOMPARE(without(0), QString("|CCCCCCDC|")); // of nine, the last out of view: what is seen is full
-        for (const int k : {0, 1, 8, 9}) // counted from 1
-            display.changeEntry({500, 'D', 2}, k);
-        QCOMPARE(columnsOf(display), QString("|DCCCCCDD|"));
-        for (int left = 8; left > 1; --left)
-            display.removeEntry(left - 1);
-        QCOMPARE(without(0), QString("|........|"));
-    }
-
-    void opening()
+    /// What is seen after each step.
+    void capacities()
     {
         CapacityDisplay display;
         QSignalSpy wanted(&display, SIGNAL(entriesWanted()));
         auto *timer = display.findChild<QTimer *>();
-        fill(display, "DDCCCCCCCCCC");
-        display.setWindowCount(2);
-        QCOMPARE(columnsOf(display), QString("<CCCCCCCC|"));
-        QVERIFY(timer->interval() == 1000 && !timer->isActive() && wanted.isEmpty());
-        display.show();
-        QCOMPARE(wanted.count(), 1);
-        QCOMPARE(columnsOf(display), QString("<DCCCCCCC>")); // the second entry is leftmost
+        auto *previous = display.findChild<QPushButton *>("previous");
+        auto *next = display.findChild<QPushButton *>("next");
+        const auto add = [&](const char *kinds) { fill(display, kinds); };
+        const auto remove = [&](int k) { display.removeEntry(k); };
+        const auto change = [&](int k) { display.changeEntry({500, 'D', 2}, k); };
+        const auto key = [&](Qt::Key pressed) { QTest::keyClick(&display, pressed); };
+        const std::pair<std::function<void()>, QString> steps[] = {{[&] { add("DCCCCCCC"); }, "|DCCCCCCC|"},
+            {[&] { display.showNext(); }, "|DCCCCCCC|"},
+            {[&] { display.showPrev(); }, "|DCCCCCCC|"}, // as many as are seen
+            {[&] { add("CD"); }, "<CCCCCCCD|"}, {[&] { display.showNext(); }, "<CCCCCCCD|"},
+            {[&] { previous->click(); }, "<CCCCCCCC>"}, {[&] { key(Qt::Key_Left); }, "|DCCCCCCC>"},
+            {[&] { display.showPrev(); }, "|DCCCCCCC>"}, {[&] { next->click(); }, "<CCCCCCCC>"},
+            {[&] { key(Qt::Key_Right); }, "<CCCCCCCD|"}, {[&] { display.clear(); }, "|........|"},
+            {[&] { add("DCCCCCCCD"); }, "<CCCCCCCD|"}, {[&] { remove(-1); }, "<CCCCCCCD|"},
+            {[&] { remove(9); }, "<CCCCCCCD|"}, {[&] { remove(4); }, "|DCCCCCCD|"},
+            {[&] { add("C"); }, "<CCCCCCDC|"}, {[&] { display.showPrev(); }, "|DCCCCCCD>"},
+            {[&] { remove(0); }, "|CCCCCCDC|"}, // the last was out of view: what is seen is full
+            {[&] { change(0); }, "|CCCCCCDC|"}, {[&] { change(1); }, "|DCCCCCDC|"}, // counted from 1
+            {[&] { change(8); }, "|DCCCCCDD|"}, {[&] { change(9); }, "|DCCCCCDD|"},
+            {[&] { display.clear(); }, "|........|"}, {[&] { add("DDCCCCCCCCCC"); }, "<CCCCCCCC|"},
+            {[&] { display.setWindowCount(2); }, "<CCCCCCCC|"},
+            {[&] { display.show(); }, "<DCCCCCCC>"}, // the second entry is leftmost
+            {[&] { display.setWindowCount(0); }, "<DCCCCCCC>"}, {[&] { display.hide(); }, "<DCCCCCCC>"},
+            {[&] { display.show(); }, "|DDCCCCCC>"}, {[&] { add("D"); }, "<DCCCCCCC>"}}; // its end went back
+        for (const auto &[step, expected] : steps) {
+            step();
+            QCOMPARE(columnsOf(display), expected);
+            QCOMPARE(timer->isActive(), display.isVisible());
+        }
+        QVERIFY(timer->interval() == 1000 && wanted.size() == 2);
         timer->setInterval(1);
-        QTRY_VERIFY_WITH_TIMEOUT(wanted.count() > 2, 30000);
-        display.setWindowCount(0);
-        display.hide();
-        QVERIFY(!timer->isActive());
-        display.show();
-        QCOMPARE(columnsOf(display), QString("|DDCCCCCC>"));
-        display.addEntry({1000, 'D', 13});
-        QCOMPARE(columnsOf(display), QString("<DCCCCCCC>")); // its end went back, too
+        QTRY_VERIFY_WITH_TIMEOUT(wanted.size() > 3, 30000);
+        QCOMPARE(previous->geometry(), QRect(7, 120, 15, 40));
+        QCOMPARE(next->geometry(), QRect(447, 120, 15, 40));
+        QCOMPARE(next->iconSize(), QSize(12, 12));
+        QCOMPARE(previous->toolTip() + next->toolTip(), QString("PreviousNext"));
     }
 
     void toolTips()
@@ -199,6 +167,9 @@ private slots:
         QCOMPARE(toolTipAt(90), QString("2: Varnel 3 COM2, 0.500 Ah\nNo line since 03:04:05"));
         toolTipAt(400);
         QTRY_VERIFY_WITH_TIMEOUT(!QToolTip::isVisible(), 8000); // 0.3 s; by itself in 10
+        QTest::keyClick(&display, Qt::Key_Space);
+        QCOMPARE(QToolTip::text(), display.spokenText());
+        QCOMPARE(display.spokenText(), "Varnel - capacity comparison\n1: 1, 1.000 Ah\n2: " + toolTipAt(90));
     }
 
     void power()
@@ -212,10 +183,14 @@ private slots:
             return paintFault(display, expected);
         };
         QCOMPARE(lack("text 'NO DATA' mid 235,140 53 Arial #ffffff"), QByteArray());
+        QCOMPARE(display.spokenText(), QString("Varnel - bar display, NO DATA"));
         Varnel3Data record = samplePack({4100, 4000});
         record.cells[0].balanceCharge = 80 * 360000;
         display.updateData(record, 3);
         QCOMPARE(lack("rect 39,63 157x35 #00ff00; text '3' mid 9,9 12 Arial #000000"), QByteArray());
+        QCOMPARE(display.spokenText(),
+            QString("Varnel - bar display, window 3, cell 1: 50 mV, balancing 0 %, "
+                    "cell 2: -50 mV, balancing 0 %"));
         setView(CellValue::Charge, false);
         QCOMPARE(lack("rect 39,56 157x112 #007f00; text '[mAh]' left 24,10 11 Times #000000"), QByteArray());
         display.setStaleSince(QDateTime({2026, 1, 2}, {3, 4, 5}));
@@ -269,6 +244,9 @@ private slots:
             QString("Cell 3 of every window (arrow keys: another; click or Esc: all cells)"));
         for (const int right : {3, 3}) // no window has a fifth
             QCOMPARE(after(Qt::Key_Right), right);
+        QCOMPARE(m_comparison->spokenText(),
+            QString("Varnel - voltage comparison\nwindow 1, Varnel 3, No cell 4\n"
+                    "window 5, Varnel 3, cell 4: 4.030 volts"));
         for (const int left : {2, 1, 0, 0})
             QCOMPARE(after(Qt::Key_Left), left);
         QCOMPARE(afterClick(0, 2), -1);
@@ -303,8 +281,12 @@ private slots:
             const int cells = canvas()->chart().shownCells(m_source.list[0]).size();
             QCOMPARE(QString("%1 %2 %3").arg(button->text(), hint->text()).arg(cells), QString(seen));
             QCOMPARE(button->toolTip(), hint->text());
-            button->click();
+            QTest::keyClick(m_comparison, Qt::Key_Asterisk);
         }
+        button->click();
+        QCOMPARE(button->text(), QString("+"));
+        button->click();
+        button->click();
         QCOMPARE(canvas()->minimumHeight(), 190);
         QCOMPARE(hint->font().pixelSize(), 11);
         QCOMPARE(button->pos(), QPoint(3, 3));

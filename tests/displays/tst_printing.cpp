@@ -35,13 +35,22 @@ private slots:
                 const auto printer = pdf(file());
                 printer->setPageOrientation(orientation);
                 QTransform transform;
-                const auto paint = [&](QPainter &painter) { transform = painter.combinedTransform(); };
+                QRectF clip;
+                const auto paint = [&](QPainter &painter) {
+                    transform = painter.combinedTransform();
+                    clip = painter.clipBoundingRect();
+                };
                 QVERIFY(printPage({"Title", "1 Varnel 3", picture, paint}, printer.get()));
+                QVERIFY(contents(file()).contains(QByteArray("\0T\0i\0t\0l\0e", 10)));
+                const QSizeF missing = clip.size() - picture;
+                QVERIFY(qAbs(missing.width()) < 1 && qAbs(missing.height()) < 1);
                 QCOMPARE(transform.m11(), transform.m22()); // proportions
                 const QRectF drawn = transform.mapRect(QRectF(QPointF(0, 0), picture));
                 const QSizeF page = printer->pageLayout().paintRectPixels(printer->resolution()).size();
                 QVERIFY(QRectF(QPointF(0, 0), page).adjusted(-1, 0, 1, 1).contains(drawn));
-                QVERIFY(drawn.top() > 0.01 * page.height()); // under the line
+                const double line
+                    = drawn.top() * 72 / printer->resolution(); // of 9 points, and as much again
+                QVERIFY(line > 18 && line < 21);
                 QVERIFY(drawn.width() > 0.98 * page.width() || drawn.bottom() > 0.98 * page.height());
                 QVERIFY(qAbs(drawn.center().x() - page.width() / 2) < 2);
             }
@@ -87,18 +96,27 @@ private slots:
 
     void failuresAreReported()
     {
-        const PrintJob job{"Title", {}, {100, 100}, [](QPainter &) {}};
+        const PrintJob job{"Title", {}, {100, 100}, [](QPainter &) {}, "a/b:c?"};
         QVERIFY(printPage(job, pdf(file()).get()) && !printPage({"", {}, {}, job.paint}, pdf(file()).get()));
+        QVERIFY(printPage(job, pdf("/dev/null").get())); // what is no file can't be looked at
         QTest::ignoreMessage(QtWarningMsg, "QPainter::begin(): Returned false");
         QVERIFY(!printPage(job, pdf(fixture->path("none/x.pdf")).get()));
         if (!QPrinterInfo::availablePrinterNames().isEmpty())
             QSKIP("A printer is installed.");
         QWidget parent;
         printWithDialog(job, &parent);
+        QCOMPARE(openDialog()->windowTitle(), job.title);
+        QCOMPARE(openDialog()->printer()->pageLayout().orientation(), QPageLayout::Portrait);
+        QVERIFY(openDialog()->printer()->outputFileName().endsWith("/a-b-c-.pdf"));
+        QVERIFY((openDialog()->options()
+                    & (QAbstractPrintDialog::PrintPageRange | QAbstractPrintDialog::PrintCollateCopies))
+            == 0);
         const FileSizeLimit limit(700);
         finish(true);
-        auto *box = parent.findChild<QMessageBox *>();
-        QCOMPARE(box->text(), "Can not print to " + QDir::toNativeSeparators(file()));
+        const auto *box = parent.findChild<QMessageBox *>();
+        QCOMPARE(
+            box->windowTitle() + box->text(), "TitleCan not print to " + QDir::toNativeSeparators(file()));
+        QVERIFY(box->textFormat() == Qt::PlainText && box->testAttribute(Qt::WA_DeleteOnClose));
     }
 
 private:
@@ -121,11 +139,11 @@ private:
 
     void finish(bool accepted) const
     {
-        openDialog()->findChild<QLineEdit *>("filename")->setText(file());
-        QPrintDialog *dialog = openDialog();
+        const QPointer<QPrintDialog> dialog = openDialog();
+        dialog->findChild<QLineEdit *>("filename")->setText(file());
         accepted ? dialog->accept() : dialog->reject();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(!openDialog());
+        QVERIFY(!dialog);
     }
 
     /// The command prints a page of such a title, size and details, with what is `expected`.
@@ -137,6 +155,8 @@ private:
             QVERIFY(openDialog());
             const PrintJob &job = openDialog()->findChild<PrintRequest *>()->job();
             const QString size = QString(" %1x%2").arg(job.size.width()).arg(job.size.height());
+            const bool isWide = openDialog()->printer()->pageLayout().orientation() == QPageLayout::Landscape;
+            QCOMPARE(isWide, job.size.width() > job.size.height());
             QCOMPARE(
                 (job.title + size + ", " + job.details).section(", ", 0, -2), "Varnel - " + QString(title));
             if (expected)

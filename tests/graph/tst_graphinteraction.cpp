@@ -229,20 +229,15 @@ drag left 470,155 570,255; drag right 470,155 570,255; drag middle 470,155 570,2
 key Left = no
 leave = all
 resize 60,40 1; hover 41,23 = all)");
-    add("one record", "1", R"(
-hover 470,155 = all cursor 0 shows 0
+    add("one record", "1 cells=1", R"(
+set balancer; key Down ctrl = all cell 0
+unset balancer; key Escape; hover 470,155 = all cursor 0 shows 0
 turn 3 470,155 = all cursor 0 shows 0
 drag left 470,155 570,255; drag right 470,155 570,255; drag middle 470,155 570,255 = all cursor 0 shows 0
 key Left = all cursor 0 shows 0
 key Plus; key Plus ctrl; key Up; key Right ctrl = all cursor 0
 leave = all shows 0
 resize 60,40 1; hover 41,23 = all)");
-    add("two records", "2 period=10", R"(
-hover 470,155 = all cursor 1 shows 1
-turn 3 470,155 = all cursor 1 shows 1
-drag left 470,155 570,255; drag right 470,155 570,255 = 0..10 27..64 0..100 cursor 1 shows 1
-key Plus; key Plus ctrl; key Up; key Right ctrl = 0..10 33..63 0..100 cursor 1
-leave = 0..10 33..63 0..100 shows 1)");
 }
 
 void TestGraphInteraction::steps()

@@ -129,7 +129,6 @@ private slots:
     void areAsExpected_data();
     void areAsExpected();
     void resistanceKeepsClear();
-    void cellColoursDiffer();
 };
 
 /// What stands in a graph, by its records and what is asked: the lines that match `part`.
@@ -208,6 +207,12 @@ empty: No cell is selected.)");
     add("3 B picked=0 picked=1 picked=2 select=2", "curve 1.|^e", R"(empty: All cells are hidden.)");
     add("20 B quantity=1 balancing=1000 balance2=100", "U legend",
         R"(U legend Charge:Ah: 1 0,000 #ff0022, 2 0,000 #00bb00, 3 0,316 #0066ff)");
+    // Sixteen that are seen on either ground and differ.
+    add("3 B cells=16 white", "U legend",
+        "U legend Voltage:V: 1 3,790 #ff0022, 2 3,800 #00bb00, 3 3,810 #0066ff, 4 3,820 #ff8800, "
+        "5 3,830 #ee00ff, 6 3,840 #00bbaa, 7 3,850 #aaaa00, 8 3,860 #775522, 9 3,870 #66aaff, "
+        "10 3,880 #aa2244, 11 3,890 #116611, 12 3,900 #773388, 13 3,910 #cc99aa, 14 3,920 #225566, "
+        "15 3,930 #2200ff, 16 3,940 #ff11aa");
     add("3 B quantity=2 r0@1=3 r1@1=4", "U legend",
         R"(U legend Ri:mΩ: 1 3,0 #ff0022, 2 4,0 #00bb00, 3 --,- #0066ff)");
     add("3 B select=2 picked=1 min@1=3000 max@1=4500 v1@2=4900", "left: 3",
@@ -310,6 +315,10 @@ void TestGraphScene::areAsExpected_data()
         "1: 942,22-999,38 942,39-999,55 942,56-999,72 942,141-999,157 942,304-999,571 -1");
     add(places({1000, 600}, 16),
         "1: 942,22-999,35 942,36-999,50 942,51-999,64 942,274-999,288 942,304-999,571 -1");
+    add(places({460, 460}, 16), // at its lowest beside the upper plot
+        "1: 402,22-459,32 402,33-459,43 402,44-459,54 402,209-459,219 402,234-459,431 -1");
+    add(places({300, 202}, 8), // and in one column
+        "1: 242,22-299,31 242,32-299,41 242,42-299,49 242,101-299,109 242,112-299,177 -1");
     add(places({460, 300}, 16),
         "1: 402,22-459,31 402,32-459,41 402,42-459,51 402,197-459,206 402,210-459,275 -1");
     add(places({360, 240}, 16),
@@ -426,35 +435,18 @@ void TestGraphScene::areAsExpected()
 /// Whatever the current's line does, that of the resistance lies elsewhere.
 void TestGraphScene::resistanceKeepsClear()
 {
-    struct Course {
-        double minimum, maximum, step, clear;
-    };
-    const Course courses[] = {{43, 43, 1, 0.049}, {0, 0, 1, 0.049}, {40, 60, 20, 0.049}, {22, 24, 1, 0.049},
-        {22, 26, 1, 0.029}}; // of three values the middle one may last, of five each
-    for (const Course &course : courses) {
+    const std::tuple<int, int, int, double> courses[]
+        = {{43, 43, 1, 0.049}, {0, 0, 1, 0.049}, {40, 60, 20, 0.049}, {22, 24, 1, 0.049},
+            {22, 26, 1, 0.029}}; // of three values the middle one may last, of five each
+    for (const auto &[minimum, maximum, step, clear] : courses) {
         for (int pair = 0; pair < 101 * 101; ++pair) {
             const Interval taken = {pair / 101 / 100.0, pair % 101 / 100.0};
-            const Interval range = ValueRange::ofResistance(course.minimum, course.maximum, taken);
-            for (double value = course.minimum; taken.length() >= 0 && value <= course.maximum;
-                 value += course.step) {
+            const Interval range = ValueRange::ofResistance(minimum, maximum, taken);
+            for (int value = minimum; taken.length() >= 0 && value <= maximum; value += step) {
                 const double share = range.shareOf(value);
-                QVERIFY(share > 0.1 && share < 0.9 && qAbs(share - taken.low) > course.clear
-                    && qAbs(share - taken.high) > course.clear);
+                QVERIFY(share > 0.1 && share < 0.9 && qAbs(share - taken.low) > clear
+                    && qAbs(share - taken.high) > clear);
             }
-        }
-    }
-}
-
-void TestGraphScene::cellColoursDiffer()
-{
-    const GraphColours colours(true);
-    for (int i = 0; i < 16; ++i) {
-        const QColor a = colours.cell(i);
-        QCOMPARE(a, GraphColours(false).cell(i));
-        QVERIFY(contrast(a, Qt::black) > 2.2 && contrast(a, Qt::white) > 2.2);
-        for (int j = 0; j < i; ++j) {
-            const QColor b = colours.cell(j);
-            QVERIFY(qAbs(a.red() - b.red()) + qAbs(a.green() - b.green()) + qAbs(a.blue() - b.blue()) > 80);
         }
     }
 }
