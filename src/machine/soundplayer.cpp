@@ -41,8 +41,6 @@ void SoundPlayer::play(const QString &file)
 {
     if (QFile::exists(file))
         m_line.play(file);
-    else
-        m_line.stop();
 }
 
 void SoundPlayer::stop()

@@ -14,7 +14,7 @@ public:
 
     /// Whether the system may have a device to play on now.
     virtual bool hasOutput() const;
-    /// Plays `file` instead of what is playing; a file that is not there is silence.
+    /// Plays `file` instead of what is playing, where there is such a file.
     virtual void play(const QString &file);
     virtual void stop();
 

@@ -15,6 +15,7 @@
 #include <QtTest>
 
 #include <fcntl.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -53,6 +54,8 @@ public:
             words.append(argument.toString());
         calls.append(
             "%1 %2 %3(%4)"_s.arg(message.path(), message.interface(), message.member(), words.join(", "_s)));
+        if (refuses)
+            return bus.send(message.createErrorReply(QDBusError::AccessDenied, "not today"_s));
         if (!message.path().endsWith("login1"_s))
             return bus.send(message.createReply(quint32(101)));
         int ends[2] = {-1, -1};
@@ -72,6 +75,7 @@ public:
 
     QDBusConnection connection{QString()};
     QStringList calls; ///< "path interface method(arguments)"
+    bool refuses = false;
 
 private:
     QProcess m_daemon;
@@ -103,7 +107,7 @@ private:
     ShellFixture fixture;
 };
 
-// Each as long as none of those before it is there. A file is given back by closing it.
+// Each as long as none of those before it is there or willing. A file is given back by closing it.
 void TestSleepInhibitor::keepersAreAskedInTurn()
 {
     const struct {
@@ -124,8 +128,11 @@ void TestSleepInhibitor::keepersAreAskedInTurn()
         there.append(keeper.service);
     for (const auto &keeper : keepers) {
         Bus session(sessionBus, there), system(systemBus, there);
-        const Bus &asked = keeper.service == loginManager ? system : session;
-        QStringList calls("%1 Inhibit(%2)"_s.arg(keeper.object, keeper.arguments));
+        Bus &asked = keeper.service == loginManager ? system : session;
+        const QString call = "%1 Inhibit(%2)"_s.arg(keeper.object, keeper.arguments);
+        QStringList calls(call);
+        const auto openFiles = [] { return QDir("/proc/self/fd"_s).count(); };
+        const uint filesBefore = openFiles();
         {
             SleepBlock block;
             block.acquire("charging"_s);
@@ -133,13 +140,26 @@ void TestSleepInhibitor::keepersAreAskedInTurn()
             QTRY_VERIFY(block.isHeld());
             QVERIFY(asked.calls == calls && !asked.isFileClosed());
         }
-        if (!keeper.release.isEmpty())
+        if (!keeper.release.isEmpty()) {
             calls.append("%1 %2(101)"_s.arg(keeper.object, keeper.release));
+            QCOMPARE(openFiles(), filesBefore);
+        }
         QTRY_COMPARE(asked.calls, calls);
         QTRY_COMPARE(asked.isFileClosed(), keeper.release.isEmpty());
         QCOMPARE(session.calls + system.calls, calls);
+        asked.refuses = true; // the next one is asked
+        SleepBlock next;
+        next.acquire("charging"_s);
+        QTRY_VERIFY(asked.calls.count(call) == 2);
+        QTRY_COMPARE(next.isHeld(), there.size() > 1);
         there.removeFirst();
     }
+    const auto everyHelperIsBuried = [] {
+        SleepBlock().release();
+        siginfo_t ended;
+        return ::waitid(P_ALL, 0, &ended, WEXITED | WNOHANG | WNOWAIT) != 0 && errno == ECHILD;
+    };
+    QTRY_VERIFY(everyHelperIsBuried());
 }
 
 void TestSleepInhibitor::blockLastsWhileAProcessIsRecorded()
