@@ -92,10 +92,8 @@ private slots:
 
     void switching_data()
     {
-        columns<Ids, QString, QString>({"clicks", "texts", "modes"}); // cells shown, cell value, right axis
-        const auto row = [](const char *name, const Ids &clicks, const char *texts, const char *modes) {
-            QTest::newRow(name) << clicks << texts << modes;
-        };
+        const auto row = columns<Ids, QString, QString>(
+            {"clicks", "texts", "modes"}); // cells shown, cell value, right axis
         const Id b = Id::Balancer, d = Id::Delta, v = Id::Energy, s = Id::SelectedCells, a = Id::Average;
         row("start", {}, "  dV * Rw * B  Avg  S - P% - Vc -", "001");
         row("mAh", {d}, " mAh * Rw * B  Avg  S - P% - Vc -", "002");

@@ -83,10 +83,7 @@ private slots:
 
     void everyControlIsReachedAndNamed_data()
     {
-        columns<QString, QString>({"dialog", "order"});
-        const auto row = [](const char *name, const char *dialog, const char *order) {
-            QTest::newRow(name) << QString(dialog) << QString(order);
-        };
+        const auto row = columns<QString, QString>({"dialog", "order"});
         row("preferences", "P", "COM1,COM2,Set varnel3's time while starting,OK,Cancel,Refresh,Reset,System");
         row("about", "A", "M,D,OK");
         row("setup", "0", "Battery,Memory 1,Power suply,Close");

@@ -52,11 +52,7 @@ private:
 
 void TestLanguages::whoChooses_data()
 {
-    columns<QString, QString, QString, QString>({"system", "preference", "word", "said"});
-    const auto row = [](const char *name, const char *system, const char *preference, const char *word,
-                         const char *said) {
-        QTest::newRow(name) << QString(system) << QString(preference) << QString(word) << QString(said);
-    };
+    const auto row = columns<QString, QString, QString, QString>({"system", "preference", "word", "said"});
     row("system", "de_AT", "", "--help", "Zeichnet auf, was");
     row("first that is known", "fr_FR:pl:de", "", "--help", "Nagrywa to, co");
     row("none that is known", "fr_FR", "", "--help", "Records what battery");

@@ -14,10 +14,8 @@ private slots:
 
     void recordsThatNoJournalKeeps_data()
     {
-        columns<QString, bool, QString>({"answers", "closes", "written"}); // records in a.acp and b.acp
-        const auto row = [](const char *name, const char *answers, bool closes, const char *written) {
-            QTest::newRow(name) << answers << closes << written;
-        };
+        const auto row
+            = columns<QString, bool, QString>({"answers", "closes", "written"}); // records in a.acp and b.acp
         row("window saved", "Save a.acp", true, "10 0");
         row("window, no name", "Save -", false, "0 0");
         row("window discarded", "Discard", true, "0 0");

@@ -30,10 +30,7 @@ private slots:
 
 void LineFramerTest::frames_data()
 {
-    columns<QByteArray, QByteArrayList>({"bytes", "lines"});
-    const auto row = [](const char *name, const QByteArray &bytes, const QByteArrayList &lines) {
-        QTest::newRow(name) << bytes << lines;
-    };
+    const auto row = columns<QByteArray, QByteArrayList>({"bytes", "lines"});
     row("empty lines", "#123\n\n\r\n", {"#123", "", ""});
     row("rest of a line heard from its middle", "4,0\r\n#1234\n", {"4,0", "#1234"});
     row("line end first of all", "\n#1234\n", {"", "#1234"});

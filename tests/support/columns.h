@@ -2,10 +2,12 @@
 
 #include <QtTest>
 
-/// The columns of a table of test data, by type and name: columns<int, QString>({"mode", "text"}).
+/// The columns of a table of test data, by type and name, and what adds a row to it:
+/// const auto row = columns<int, QString>({"mode", "text"}); row("charge", 1, "Charge");
 template <typename... Types>
-void columns(const char *const (&names)[sizeof...(Types)])
+auto columns(const char *const (&names)[sizeof...(Types)])
 {
     const char *const *name = names;
     (QTest::addColumn<Types>(*name++), ...);
+    return [](const char *row, const Types &...values) { (QTest::newRow(row) << ... << values); };
 }

@@ -2,14 +2,11 @@
 // folder VARNEL_TEST_SICK say:
 //   hang    while it is there, nothing gets onto the disk: fsync() and fdatasync() do not return
 //   hung    written when that happens; "window" in it when the window's thread waits
-//   clock   seconds by which the computer's clock is off
 
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <dlfcn.h>
 #include <string>
-#include <sys/time.h>
 #include <thread>
 #include <unistd.h>
 
@@ -26,11 +23,6 @@ bool isThere(const char *name)
     return ::access(path(name).c_str(), F_OK) == 0;
 }
 
-void pause()
-{
-    std::this_thread::sleep_for(std::chrono::milliseconds(10));
-}
-
 int waitForDisk()
 {
     if (isThere("hang")) {
@@ -40,19 +32,8 @@ int waitForDisk()
         }
     }
     while (isThere("hang"))
-        pause();
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
     return 0;
-}
-
-long clockOffset()
-{
-    long seconds = 0;
-    if (std::FILE *file = std::fopen(path("clock").c_str(), "r")) {
-        if (std::fscanf(file, "%ld", &seconds) != 1)
-            seconds = 0;
-        std::fclose(file);
-    }
-    return seconds;
 }
 
 } // namespace
@@ -65,12 +46,4 @@ extern "C" int fsync(int)
 extern "C" int fdatasync(int)
 {
     return waitForDisk();
-}
-
-extern "C" int gettimeofday(timeval *time, void *zone) noexcept
-{
-    static const auto real = reinterpret_cast<int (*)(timeval *, void *)>(::dlsym(RTLD_NEXT, "gettimeofday"));
-    const int result = real(time, zone);
-    time->tv_sec += clockOffset();
-    return result;
 }
