@@ -7,14 +7,9 @@ class TestCommandLine : public QObject {
     Q_OBJECT
 
 private slots:
-
     void task_data()
     {
-        columns<QString, int, QString, int>({"words", "task", "output", "files"});
-
-        const auto row = [](const char *name, const QString &words, int task, const char *output, int files) {
-            QTest::newRow(name) << words << task << QString::fromLatin1(output) << files;
-        };
+        const auto row = columns<QString, int, QString, int>({"words", "task", "output", "files"});
         row("nothing", "", CommandLine::Run, "", 0);
         row("files", "a.acp b.abp", CommandLine::Run, "", 2);
         row("a file like an option", "-- --render", CommandLine::Run, "", 1);
@@ -30,6 +25,7 @@ private slots:
         row("export two", "--export-csv o a b", CommandLine::Refuse, "", 2);
         row("both", "--export-csv o --render p a", CommandLine::Refuse, "", 1);
         row("unknown option", "--colour red", CommandLine::Refuse, "", 0);
+        row("unknown language", "--language=xx", CommandLine::Refuse, "", 0);
         row("unknown view", "--render o.png --view cell a", CommandLine::Refuse, "", 1);
         for (const char *size :
             {"640", "640x", "0x0", "-5x400", "640x480x2", "99x400", "400x99", "32768x400", "99999999999x1"})
@@ -49,21 +45,31 @@ private slots:
         QCOMPARE(line.message.isEmpty(), task != CommandLine::Print && task != CommandLine::Refuse);
     }
 
+    /// Background, lines, balancer, average, dV, temperature, resistance; right axis; cell value. The last
+    /// word counts.
     void drawingSwitches()
     {
-        const CommandLine line = parseCommandLine(QString(
-            "varnelgraph --render=o.svg --size=400x300 --background=white --view=average --right-axis=mah "
-            "--hide=temperature --hide=resistance --cell-value=resistance a.acp")
-                                                      .split(' '));
-        ViewSwitches expected;
-        expected.blackBackground = false;
-        expected.balancer = expected.average = true;
-        expected.rightAxis = RightAxis::Energy;
-        expected.temperature = expected.resistance = false;
-        expected.cellValue = CellValue::Resistance;
-        QCOMPARE(int(line.task), int(CommandLine::Render));
-        QVERIFY(line.switches == expected);
-        QCOMPARE(line.size, QSize(400, 300));
+        const std::pair<const char *, const char *> rows[] = {{"", "100011110"},
+            {"--background=white", "000011110"}, {"--background=white --background=black", "100011110"},
+            {"--lines=distinct", "110011110"}, {"--lines=distinct --lines=usual", "100011110"},
+            {"--view=average", "101111110"}, {"--view=average --view=cells", "101011110"},
+            {"--view=average --view=charger", "100011110"}, {"--right-axis=mah", "100011120"},
+            {"--right-axis=none", "100001100"}, {"--right-axis=mah --right-axis=dv", "100011110"},
+            {"--hide=temperature", "100010110"}, {"--hide=temperature --hide=resistance", "100010010"},
+            {"--cell-value=charge", "100011111"}, {"--cell-value=resistance", "100011112"},
+            {"--cell-value=charge --cell-value=voltage", "100011110"}};
+        for (const auto &[words, expected] : rows) {
+            const QString all = QString("varnelgraph --render=o.svg --size=400x300 a.acp %1").arg(words);
+            const CommandLine line = parseCommandLine(all.split(' ', Qt::SkipEmptyParts));
+            const ViewSwitches &on = line.switches;
+            QString drawn;
+            for (const int one : {int(on.blackBackground), int(on.distinctLines), int(on.balancer),
+                     int(on.average), int(on.delta), int(on.temperature), int(on.resistance),
+                     int(on.rightAxis), int(on.cellValue)})
+                drawn += QString::number(one);
+            QCOMPARE(drawn + ' ' + words, QString("%1 %2").arg(expected, words));
+            QCOMPARE(line.size, QSize(400, 300));
+        }
     }
 };
 
