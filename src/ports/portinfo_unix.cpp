@@ -36,7 +36,7 @@ QVector<QByteArray> linkFolders()
 {
     QVector<QByteArray> folders = {deviceFolder};
     const QByteArray chosen = portFolder();
-    if (!chosen.isEmpty() && chosen != folders.first())
+    if (!chosen.isEmpty())
         folders.append(chosen);
     return folders;
 }

@@ -13,11 +13,12 @@
 #include <QtTest>
 
 #include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
 #include <grp.h>
+#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
-Q_DECLARE_METATYPE(PortObstacle)
 
 /// Ports that are links to pseudo-terminals in a folder of their own.
 class PortsTest : public QObject {
@@ -34,8 +35,6 @@ private slots:
     void tellsMissingRights_data();
     void tellsMissingRights();
     void tellsWhoHoldsThePort();
-    void advises_data();
-    void advises();
     void refusesLocksThatAreNoFiles();
     void readsLocksOfAllMakes_data();
     void readsLocksOfAllMakes();
@@ -118,13 +117,14 @@ void PortsTest::watcherTellsComingAndGoing()
 
 void PortsTest::tellsMissingRights_data()
 {
-    // owner: group of the node
-    columns<int, QByteArray, bool, QString>({"mode", "owner", "lacks", "group"});
-    QTest::newRow("for everyone") << 0666 << QByteArray("dialout") << false << QString();
-    QTest::newRow("for the group") << 0660 << QByteArray("dialout") << true << "dialout";
-    QTest::newRow("group may only write") << 0620 << QByteArray("tty") << true << QString();
-    QTest::newRow("the superuser's group") << 0660 << QByteArray("root") << true << QString();
-    QTest::newRow("for nobody") << 0600 << QByteArray("dialout") << true << QString();
+    const auto row
+        = columns<int, QByteArray, QString>({"mode", "owner", "advice"}); // owner: group of the node
+    const QString none = "You have no right to use the port."_s;
+    row("for everyone", 0666, "dialout", "This program listens on the port already."_s); // its line's far end
+    row("for the group", 0660, "dialout", none + " Join the group \"dialout\" and log in again.");
+    row("group may only write", 0620, "tty", none);
+    row("the superuser's group", 0660, "root", none);
+    row("for nobody", 0600, "dialout", none);
 }
 
 void PortsTest::tellsMissingRights()
@@ -140,18 +140,15 @@ void PortsTest::tellsMissingRights()
     const PortInfo port = findPort("COM5"_s);
     QCOMPARE(chown(port.location.toLocal8Bit(), 0, entry->gr_gid), 0);
     QCOMPARE(chmod(port.location.toLocal8Bit(), mode_t(mode)), 0);
-    PortObstacle obstacle;
     {
         const AsNobody powerless;
-        obstacle = obstacleTo(port);
+        QTEST(adviceAgainst(obstacleTo(port)), "advice");
     }
-    QTEST(obstacle.kind == PortObstacle::NoRights, "lacks");
-    QTEST(obstacle.group, "group");
-    QVERIFY(obstacleTo(port).kind != PortObstacle::NoRights);
+    QCOMPARE(obstacleTo(port).kind, PortObstacle::OwnPort);
     QCOMPARE(obstacleTo(findPort("COM55"_s)).kind, PortObstacle::Busy);
 }
 
-// By another user's program, which is killed, and by this one.
+// By another user's program, which is killed, by this one, and by one that makes no locks.
 void PortsTest::tellsWhoHoldsThePort()
 {
     if (geteuid() != 0)
@@ -186,42 +183,19 @@ void PortsTest::tellsWhoHoldsThePort()
     QVERIFY(own.open(QIODevice::ReadWrite));
     QCOMPARE(obstacleTo(port).kind, PortObstacle::OwnPort);
     QCOMPARE(obstacleTo(findPort("COM6"_s)).names, QStringList("COM5"));
-}
-
-void PortsTest::advises_data()
-{
-    columns<PortObstacle, QString>({"obstacle", "advice"});
-    const auto row = [](const PortObstacle &obstacle, const char *advice) {
-        QTest::newRow(advice) << obstacle << QString::fromLatin1(advice);
-    };
-    using O = PortObstacle;
-    const QString who = "minicom"_s, eve = "eve"_s, lock = "/var/lock/x"_s;
-    row({}, "Another program holds the port.");
-    row({O::Busy, {}, {}, who, 7, {}, {}, {}}, "Another program holds the port: \"minicom\", process 7.");
-    row({O::NoRights, {}, {}, {}, 0, {}, {}, {}}, "You have no right to use the port.");
-    row({O::NoRights, "dialout"_s, {}, {}, 0, {}, {}, {}},
-        "You have no right to use the port. Join the group \"dialout\" and log in again.");
-    row({O::OwnPort, {}, {}, {}, 0, {}, {}, {}}, "This program listens on the port already.");
-    row({O::OwnPort, {}, {"COM5", "COM6"}, {}, 0, {}, {}, {}},
-        "This program listens on the same device already, under another name: COM5, COM6.");
-    for (const bool known : {false, true})
-        row({O::LeftOverLock, {}, {}, known ? who : QString(), 7, eve, lock, {}},
-            QByteArray("A program that has ended has left its lock behind")
-                + (known ? ": \"minicom\", process 7.\n" : ".\n")
-                + "The user \"eve\" or an administrator has to remove the file /var/lock/x.");
-    row({O::NoLockFolder, {}, {}, {}, 0, {}, lock, {}},
-        "You have no right to make lock files in /var/lock/x.");
-    const char *const things[] = {"a pipe", "a socket", "a link", "a folder", "a device"};
-    for (int thing = O::Pipe; thing <= O::Device; ++thing)
-        row({O::StrangeLock, {}, {}, {}, 0, eve, lock, O::Thing(thing)},
-            QByteArray("/var/lock/x should be the port's lock file and is ") + things[thing]
-                + ".\nThe user \"eve\" or an administrator has to remove it.");
-}
-
-void PortsTest::advises()
-{
-    QFETCH(PortObstacle, obstacle);
-    QTEST(adviceAgainst(obstacle), "advice");
+    const int line = posix_openpt(O_RDWR | O_NOCTTY);
+    QVERIFY(grantpt(line) == 0 && unlockpt(line) == 0);
+    const PortInfo unlocked{"COM7"_s, QString(), QString::fromLocal8Bit(ptsname(line))};
+    holder.setStandardInputFile(unlocked.location);
+    holder.start("sleep"_s, {"1000"});
+    QVERIFY(holder.waitForStarted(30000));
+    QCOMPARE(adviceAgainst(obstacleTo(unlocked)),
+        "Another program holds the port: \"sleep\", process %1 of the user \"root\"."_s.arg(
+            holder.processId()));
+    holder.kill();
+    QVERIFY(holder.waitForFinished(30000));
+    QCOMPARE(adviceAgainst(obstacleTo(unlocked)), "Another program holds the port."_s);
+    ::close(line);
 }
 
 // Whoever opens the pipe, or the device behind the link, waits or reads for ever.
@@ -232,32 +206,50 @@ void PortsTest::refusesLocksThatAreNoFiles()
     const auto pty = plug("COM5");
     const PortInfo port = findPort("COM5"_s);
     const QByteArray lock = lockOf(port);
-    const auto refused = [&](PortObstacle::Thing thing) {
+    const QString user = QString::fromLocal8Bit(getpwuid(geteuid())->pw_name);
+    const auto refused = [&](const char *thing) {
         const auto obstacle = obstacleToTrying(port);
-        return std::remove(lock) == 0 && obstacle && obstacle->kind == PortObstacle::StrangeLock
-            && obstacle->thing == thing && obstacle->file == QLatin1String(lock) && !obstacle->user.isEmpty();
+        return std::remove(lock) == 0 && obstacle
+            && adviceAgainst(*obstacle)
+            == "%1 should be the port's lock file and is %2.\nThe user \"%3\" or an administrator has to remove it."_s
+                   .arg(QString::fromLatin1(lock), QLatin1String(thing), user);
     };
     std::remove(lock); // of a program that was killed
     QVERIFY(!obstacleToTrying(port));
-    QVERIFY(mkfifo(lock, 0666) == 0 && refused(PortObstacle::Pipe));
-    QVERIFY(symlink("/dev/zero", lock) == 0 && refused(PortObstacle::Link));
-    QVERIFY(mkdir(lock, 0777) == 0 && refused(PortObstacle::Folder));
-    QVERIFY(mknod(lock, S_IFSOCK | 0666, 0) == 0 && refused(PortObstacle::Socket));
+    QVERIFY(mkfifo(lock, 0666) == 0 && refused("a pipe"));
+    QVERIFY(symlink("/dev/zero", lock) == 0 && refused("a link"));
+    QVERIFY(mkdir(lock, 0777) == 0 && refused("a folder"));
+    QVERIFY(mknod(lock, S_IFSOCK | 0666, 0) == 0 && refused("a socket"));
     if (geteuid() == 0)
-        QVERIFY(mknod(lock, S_IFCHR | 0666, dev_t(0x0105)) == 0 && refused(PortObstacle::Device));
+        QVERIFY(mknod(lock, S_IFCHR | 0666, dev_t(0x0105)) == 0 && refused("a device"));
     QVERIFY(writeFile(QFile::decodeName(lock), "1\n") && !obstacleToTrying(port));
     QVERIFY(std::remove(lock) == 0);
 }
 
 void PortsTest::readsLocksOfAllMakes_data()
 {
-    columns<QByteArray, bool, QString>({"lock", "held", "program"});
+    const auto row = columns<QByteArray, QString>({"lock", "advice"});
     const QByteArray parent = QByteArray::number(getppid());
     const QString running = QString::fromLocal8Bit(contents("/proc/%1/comm"_s.arg(getppid())).trimmed());
-    QTest::newRow("a running one") << "      " + parent + " minicom root\n" << true << running;
-    QTest::newRow("one that has ended") << QByteArray(" 999999999\n") << false << QString();
-    QTest::newRow("a number given anew") << parent + "\nvarnelgraph\nbox\n" << false << "varnelgraph";
-    QTest::newRow("empty") << QByteArray() << false << QString();
+    const QString user = QString::fromLocal8Bit(getpwuid(geteuid())->pw_name);
+    const QString held = "Another program holds the port: \"%1\", process %2 of the user \"%3\"."_s.arg(
+        running, QString::fromLatin1(parent), user);
+    const QString left = "A program that has ended has left its lock behind%1.\n"
+                         "The user \"%2\" or an administrator has to remove the file %3."_s;
+    const QString program = ": \"varnelgraph\", process %1"_s.arg(getppid());
+    row("a running one", "      " + parent + " minicom root\n", held);
+    row("one line", parent, held);
+    row("one that has ended", " 999999999\n", left.arg(QString(), user));
+    row("a number given anew", parent + "\n varnelgraph\nbox\n", left.arg(program, user));
+    row("empty", "", left.arg(QString(), user));
+    row("this one", QByteArray::number(getpid()) + '\n', "This program listens on the port already."_s);
+    // Where no program or no folder is known.
+    PortObstacle unknown;
+    unknown.program = running;
+    unknown.process = 7;
+    QCOMPARE(adviceAgainst(unknown), "Another program holds the port: \"%1\", process 7."_s.arg(running));
+    unknown = {PortObstacle::NoLockFolder, {}, {}, {}, 0, {}, "/var/lock"_s, {}};
+    QCOMPARE(adviceAgainst(unknown), "You have no right to make lock files in /var/lock."_s);
 }
 
 void PortsTest::readsLocksOfAllMakes()
@@ -265,13 +257,19 @@ void PortsTest::readsLocksOfAllMakes()
     if (!QFileInfo("/var/lock"_s).isWritable())
         QSKIP("this system keeps its locks elsewhere");
     QFETCH(QByteArray, lock);
+    QFETCH(QString, advice);
     const auto pty = plug("COM5");
     const PortInfo port = findPort("COM5"_s);
+    QCOMPARE(chmod(port.location.toLocal8Bit(), 0666), 0);
     QVERIFY(writeFile(QFile::decodeName(lockOf(port)), lock));
-    const PortObstacle obstacle = obstacleTo(port);
+    const auto openFiles = [] { return QDir("/proc/self/fd"_s).count(); };
+    const uint filesBefore = openFiles();
+    {
+        const AsNobody powerless; // which may not so much as send a signal to another's process
+        QCOMPARE(adviceAgainst(obstacleTo(port)), advice.replace("%3"_s, QString::fromLatin1(lockOf(port))));
+    }
+    QCOMPARE(openFiles(), filesBefore);
     QVERIFY(std::remove(lockOf(port)) == 0);
-    QTEST(obstacle.kind == PortObstacle::Busy, "held");
-    QTEST(obstacle.program, "program");
 }
 
 // With --hold this is another process that uses a port, until it is killed.
