@@ -5,6 +5,7 @@
 #include "support/columns.h"
 #include "support/fakelink.h"
 #include "support/fakeshell.h"
+#include "support/limits.h"
 #include "support/literal.h"
 #include "support/shellfixture.h"
 
@@ -50,6 +51,7 @@ private slots:
     void keepsWhatTheClosedWindowMissed();
     void isRecordingWhileTheDeviceIsHeard();
     void setsTheClockOncePerPort();
+    void lineThatLacksMemoryIsLeftOut();
 
 private:
     void tell(const Story &story);
@@ -79,10 +81,7 @@ void LineDispatcherTest::tell(const Story &story)
 
 void LineDispatcherTest::sortsLinesIntoRecordings_data()
 {
-    columns<Story, Recordings>({"story", "recordings"});
-    const auto row = [](const char *name, const Story &story, const Recordings &recordings) {
-        QTest::newRow(name) << story << recordings;
-    };
+    const auto row = columns<Story, Recordings>({"story", "recordings"});
     const auto at = [](int time) { return varnel3Line(time); };
 
     row("one process", {at(5), at(6), at(6), at(8)}, {{"5", "6", "6", "8"}});
@@ -126,6 +125,9 @@ void LineDispatcherTest::sortsLinesIntoRecordings_data()
         {{"5", "6", "7", "end"}, {"8"}});
     row("an end letter hides a change", {at(5), varnel3Line(4, discharge, 'M'), endShot},
         {{"5", "4", "end"}});
+    row("after the shot nothing is compared",
+        {ending('E'), endShot, varnel3Line(7, discharge), varnel3Line(8, discharge)},
+        {{"6", "end"}, {"7", "8"}});
     row("a late shot ends what began meanwhile", {ending('S'), at(2), at(3), endShot, at(4)},
         {{"6", "2", "end"}, {"3", "end"}, {"4"}});
 }
@@ -142,10 +144,7 @@ void LineDispatcherTest::sortsLinesIntoRecordings()
 
 void LineDispatcherTest::announcesEnds_data()
 {
-    columns<Story, QStringList>({"story", "calls"});
-    const auto row = [](const char *name, const Story &story, const QStringList &calls) {
-        QTest::newRow(name) << story << calls;
-    };
+    const auto row = columns<Story, QStringList>({"story", "calls"});
     const QByteArray line = varnel3Line(5);
     row("none", {line, varnel3Line(6), ending('e', 7)}, {"started"});
     row("completed", {ending('E'), endShot}, {"armed", "announced 6 0", "started", "ended 2"});
@@ -209,6 +208,19 @@ void LineDispatcherTest::setsTheClockOncePerPort()
     QCOMPARE(shell->claimedClocks, QStringList({"COM7 start", "COM7 end"}));
     QCOMPARE(device->commands.size(), 2);
     QVERIFY(device->commands[0].startsWith("#TIME!"_s) && device->commands[1].startsWith("#TIME!"_s));
+}
+
+void LineDispatcherTest::lineThatLacksMemoryIsLeftOut()
+{
+    const Story endless{varnel3Line(6).replace(",6,", ',' + QByteArray(64 << 20, 'x') + ',')};
+    tell({varnel3Line(5)});
+    {
+        const WritableMemoryLimit refused(16 << 20);
+        tell(endless);
+    }
+    tell({varnel3Line(6)});
+    QCOMPARE(shell->logs, Recordings({{"5", "6"}}));
+    QCOMPARE(shell->calls.value(1), "status 5000 Not enough memory: a line of COM7 is left out."_s);
 }
 
 QTEST_GUILESS_MAIN(LineDispatcherTest)

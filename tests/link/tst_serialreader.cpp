@@ -70,6 +70,7 @@ private slots:
     void repliesDuringAWriteKeepTheirOrder();
     void bytesReadByAWriteAreNoLoss();
     void commandAfterTheHangUp();
+    void failuresInARowAreALoss();
     void surgeryInsideASignal();
     void failuresAreTold();
 
@@ -271,6 +272,41 @@ void SerialReaderTest::commandAfterTheHangUp()
     QCOMPARE(shell->logs, recordings());
     QCOMPARE(shell->calls, QStringList({"started", "lost COM7"}));
     QCOMPARE(collector.warnings(), QStringList());
+}
+
+// More than 20 without a byte in between; what was closed before the loss is told is not lost.
+void SerialReaderTest::failuresInARowAreALoss()
+{
+    const auto fail = [this](int times) {
+        for (int i = 0; i < times; ++i)
+            QMetaObject::invokeMethod(
+                reader.get(), "onErrorOccurred", Q_ARG(QSerialPort::SerialPortError, QSerialPort::ReadError));
+    };
+    for (int time = 5; time < 8; ++time) {
+        device->send(charging(time));
+        QTRY_COMPARE(recordings().value(0).value(time - 5), QString::number(time));
+        fail(20);
+        QCoreApplication::processEvents();
+        QVERIFY(reader->isOpen());
+    }
+    for (const bool again : {false, true}) {
+        fail(21);
+        reader->stop();
+        if (again)
+            QVERIFY(reader->start());
+        QCoreApplication::processEvents();
+        QCOMPARE(reader->isOpen(), again);
+        QVERIFY(reader->start());
+    }
+    const QByteArray rest = charging(8).repeated(3);
+    device->send(rest);
+    while (device->waiting() < rest.size()) // no event loop may read it
+        QThread::yieldCurrentThread();
+    reader->readRest();
+    QCOMPARE(recordings(), QVector<Recording>({{"5", "6", "7", "end"}, {"8", "8", "8"}}));
+    fail(21);
+    QTRY_VERIFY(!reader->isOpen());
+    QCOMPARE(shell->calls, QStringList({"started", "started", "lost COM7"}));
 }
 
 // Lines of the same piece that follow belong to nobody.
