@@ -1,14 +1,17 @@
 #include "desk/deskarea.h"
+#include "desk/titlebarstyle.h"
 #include "support/columns.h"
 #include "support/paintlog.h"
+#include "support/pixels.h"
 
 #include <QMdiSubWindow>
 #include <QRegularExpression>
+#include <QStyleOptionTitleBar>
 
 using Rects = QVector<QRect>;
 Q_DECLARE_METATYPE(Rects)
 
-/// The ground on which graph windows stand, and where they are put.
+/// The ground on which graph windows stand, where they are put, and their titles.
 class TestDeskArea : public QObject {
     Q_OBJECT
 
@@ -82,11 +85,18 @@ private slots:
         const auto painted = [&] {
             PaintLog log(area.size());
             area.viewport()->render(&log);
-            static const QRegularExpression place(" at [^;]* #"); // depends on fonts
-            return log.lines().join("; ").replace(place, " #");
+            static const QRegularExpression place(" at \\d+,(\\d+)[^;]* #"); // across depends on words
+            return log.lines().join("; ").replace(place, " \\1 #");
         };
-        const QString hint = "rect 0,0 800x400 %1; text '%4' %2; text '%5' %3; "
-                             "text 'Saved recordings: File > Open file, or drop them here.' %3";
+        QFont heading = area.font(); // half as large again, a third below the top
+        heading.setPointSizeF(heading.pointSizeF() * 1.5);
+        const QFontMetrics large(heading), usual(area.font());
+        const int below = 20 + 360 / 3 + large.height() - 1 + usual.height() + usual.ascent();
+        const QString hint = QString("rect 0,0 800x400 %1; text '%4' %6 %2; text '%5' %7 %3; text 'Saved "
+                                     "recordings: File > Open file, or drop them here.' %8 %3")
+                                 .replace("%6", QString::number(20 + 360 / 3 + large.ascent()))
+                                 .replace("%7", QString::number(below))
+                                 .replace("%8", QString::number(below + usual.lineSpacing()));
         const QString black = hint.arg("#2b2e33", "#d6dae0", "#a8aeb8");
         const QString white = hint.arg("#e4e7eb", "#333840", "#555b66");
         const QString choose = "Choose the ports of your devices: File > Preferences.";
@@ -100,6 +110,36 @@ private slots:
         QCOMPARE(painted(), white.arg("Listening on COM1, COM2", wait));
         area.addSubWindow(new QWidget)->hide();
         QCOMPARE(painted(), QString("rect 0,0 800x400 #e4e7eb")); // nobody needs it any more
+    }
+
+    void titlesAreLegible()
+    {
+        for (const bool active : {true, false}) {
+            const TitleBarStyle style;
+            QStyleOptionTitleBar option;
+            option.rect = QRect(0, 0, 300, 28);
+            option.titleBarFlags = Qt::Window | Qt::WindowTitleHint;
+            option.titleBarState = active ? QStyle::State_Active : QStyle::State_None;
+            option.state = active ? QStyle::State_Active : QStyle::State_None;
+            option.palette.setColor(QPalette::Highlight, QColor(0x30, 0x8c, 0xc6)); // as desktops have it
+            option.palette.setColor(QPalette::Text, Qt::lightGray);
+            QImage ground(option.rect.size(), QImage::Format_RGB32);
+            QPainter painter(&ground);
+            style.drawComplexControl(QStyle::CC_TitleBar, &option, &painter, nullptr);
+            painter.end();
+            option.text = QStringLiteral("COM3");
+            PaintLog log(option.rect.size());
+            QPainter logged(&log);
+            style.drawComplexControl(QStyle::CC_TitleBar, &option, &logged, nullptr);
+            logged.end();
+            const QStringList titles = log.lines().filter(QStringLiteral("'COM3'"));
+            QVERIFY(!titles.isEmpty());
+            const QColor text(
+                titles.last().section(QLatin1Char(' '), -1)); // an active one lies on its shadow
+            for (int y = 4; y < 24; ++y)
+                QVERIFY2(contrast(text, ground.pixelColor(100, y)) >= 4.5,
+                    qPrintable(ground.pixelColor(100, y).name()));
+        }
     }
 };
 

@@ -155,7 +155,12 @@ private slots:
                 QTRY_VERIFY2(last->isVisible(), qPrintable(QString::number(width)));
                 QVERIFY(last->mapTo(window.get(), last->rect().topRight()).x() < width);
                 const double room = qMin(enlarged, width / 470.0);
-                QCOMPARE(last->size(), QSize(qRound(room * 65), qRound(room * 28)));
+                QStringList sizes, expected;
+                for (const QLabel *one : figures)
+                    sizes << QString("%1x%2").arg(one->width()).arg(one->height());
+                for (const int wide : {120, 55, 60, 55, 75, 65})
+                    expected << QString("%1x%2").arg(qRound(room * wide)).arg(qRound(room * 28));
+                QCOMPARE(sizes, expected);
                 QVERIFY(last->fontMetrics().height() >= int(room * 11));
                 for (const QLabel *one : figures) { // in letters of the style sheet
                     const QSize text = one->fontMetrics().size(0, one->text());
@@ -207,6 +212,23 @@ private slots:
         QVERIFY(QFile::remove(own));
         installStyleSheet(qApp, fixture->path(""));
         QVERIFY(qApp->styleSheet().contains("QToolBar"));
+    }
+
+    /// As long as its title can be taken hold of a display stays where it was, else it comes onto the screen
+    /// with all of its frame.
+    void placesAreReachable()
+    {
+        const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+        const QSize size(200, 150);
+        const QPoint lowest = area.bottomRight() - QPoint(119, 39), right(1, 0), down(0, 1);
+        const QPoint whole = area.bottomRight() - QPoint(200 + 8, 150 + 34);
+        const QPair<QPoint, QPoint> rows[] = {{lowest, lowest}, {lowest + right, whole},
+            {lowest + down, whole}, {area.topLeft(), area.topLeft()},
+            {area.topLeft() - right, area.topLeft()}, {area.topLeft() - down, area.topLeft()}};
+        for (const auto &[place, expected] : rows)
+            QCOMPARE(WindowPlace::reachable(place, size), expected);
+        QCOMPARE(WindowPlace::first(lowest, size), whole);
+        QCOMPARE(WindowPlace::first({7, 8}, size), QPoint(7, 8));
     }
 
     /// A display that a small screen moves goes where it covers neither others nor menus; one in its own
