@@ -5,6 +5,7 @@
 #include "devices/portretries.h"
 #include "dialogs/checkboxcomport.h"
 #include "dialogs/dialogpreferences.h"
+#include "dialogs/dialogremotecontrol.h"
 #include "graph/mdigraphchild.h"
 #include "ports/portinfo.h"
 #include "support/columns.h"
@@ -14,6 +15,7 @@
 #include "support/shellrig.h"
 
 #include <QLabel>
+#include <QMenu>
 #include <QPushButton>
 #include <QSerialPort>
 #include <QtTest>
@@ -53,6 +55,7 @@ private slots:
     void busyOnArrival();
     void stopGoesToOneDevice();
     void clocksAreSetInTurn();
+    void remoteControlIsForOneDevice();
 
 private:
     /// Ticks `ports`, and only them, in the preferences.
@@ -432,6 +435,55 @@ void TestListening::clocksAreSetInTurn()
     trigger(ActionId::SetTime);
     window.reset(); // under way
     QVERIFY(!QApplication::overrideCursor());
+}
+
+// Of the current window, else the only one, else the one that is chosen in a menu. There is one dialog for
+// each, which asks anew when it is wanted again.
+void TestListening::remoteControlIsForOneDevice()
+{
+    listen(2);
+    QAction *command = window->actionSet()[ActionId::RemoteControl];
+    const auto offered = [command] {
+        QStringList texts{command->text(), command->toolTip(), command->statusTip()};
+        texts.removeDuplicates();
+        const auto choices = command->menu() ? command->menu()->actions() : QList<QAction *>();
+        for (const QAction *choice : choices)
+            texts << choice->text();
+        return texts.join('|');
+    };
+    const auto dialogs = [this] { return window->findChildren<DialogRemoteControl *>(); };
+    const auto asks = [&](int com, int times) { // that no answer comes is of no interest
+        const auto timers = dialogs().value(0)->findChildren<QTimer *>();
+        for (QTimer *timer : timers)
+            timer->stop();
+        QTRY_COMPARE(heard(com), QByteArray("#TRYB?\r\n").repeated(times));
+        QCOMPARE(dialogs().size(), 1);
+    };
+    const QString tip = "|Operate the front panel of the charger."_s;
+    QCOMPARE(offered(), "Remote control" + tip + "|COM1...|COM2..."); // neither has sent a line yet
+    for (const int com : {1, 2}) {
+        command->menu()->actions()[com - 1]->trigger();
+        asks(com, 1);
+        QVERIFY(dialogs().first()->isVisible() && !dialogs().first()->isModal());
+        dialogs().first()->close();
+        QTRY_VERIFY(dialogs().isEmpty());
+    }
+    record(2);
+    QTRY_COMPARE(offered(), "Remote control" + tip + "|COM1...|COM2 (current window)...");
+    for (const int times : {2, 3}) {
+        command->trigger();
+        asks(2, times);
+    }
+    choose({"COM1"});
+    QCOMPARE(offered(), "Remote control..." + tip);
+    QTRY_VERIFY(QApplication::activeModalWidget());
+    QApplication::activeModalWidget()->close(); // says that the port is no longer listened on
+    QTRY_VERIFY(dialogs().isEmpty());
+    command->trigger();
+    asks(1, 2);
+    choose({});
+    QCOMPARE(offered(), "Remote control...|No port is listened on: choose one in the preferences."_s);
+    QVERIFY(!command->isEnabled());
 }
 
 QTEST_MAIN(TestListening)

@@ -7,7 +7,6 @@
 
 #include <QComboBox>
 #include <QDir>
-#include <QMenu>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTimer>
@@ -21,12 +20,10 @@ private slots:
     void init() { setUp(100); }
     void cleanup() { tearDown(); }
     void remoteControlRunsAProcess();
-    void remoteControlIsForOneDevice();
     void portsComeAndGo();
 
 private:
     QAction *command() const { return window->findChild<QAction *>("remoteControlAction"_s); }
-    QString commandText() const { return command()->text() + " | " + command()->toolTip(); }
     DialogRemoteControl *dialog() const { return window->findChild<DialogRemoteControl *>(); }
     /// The page that the dialog shows, -1 without a dialog.
     int page() const
@@ -57,10 +54,7 @@ private:
 void TestSimulatedDevices::remoteControlRunsAProcess()
 {
     start({"COM1:varnel3,cells=4,balance,start=remote,detect=1"});
-    QVERIFY(!command()->menu() && command()->isEnabled());
-    QCOMPARE(commandText(), "Remote control... | Operate the front panel of the charger."_s);
     command()->trigger();
-    QVERIFY(dialog() && !dialog()->isModal());
     QTRY_COMPARE(page(), 0);
     combo("cbTryb0_nc")->setCurrentIndex(6);
     QTRY_COMPARE(device("COM1")->panel().memory(), 7);
@@ -74,52 +68,7 @@ void TestSimulatedDevices::remoteControlRunsAProcess()
     press("pbTryb3_stop");
     closeBox("Aborted"_s);
     QTRY_COMPARE(page(), 4);
-    command()->trigger(); // the same dialog, which asks anew
-    QCOMPARE(window->findChildren<DialogRemoteControl *>().size(), 1);
-    device("COM1")->unplug();
-    closeBox("Information"_s);
-    QTRY_VERIFY(!dialog());
-    QVERIFY(!command()->isEnabled());
-    QCOMPARE(command()->toolTip(), "No port is listened on: choose one in the preferences."_s);
-    QCOMPARE(command()->statusTip(), command()->toolTip());
-}
-
-void TestSimulatedDevices::remoteControlIsForOneDevice()
-{
-    start({"COM1:varnel3,start=remote", "COM2:varnel3,start=remote"});
-    const auto offered = [this] {
-        QStringList texts(command()->text());
-        const QList<QAction *> choices = command()->menu()->actions();
-        for (const QAction *choice : choices)
-            texts.append(choice->text());
-        return texts;
-    };
-    // Neither has sent a line yet.
-    QVERIFY(command()->isEnabled() && command()->menu());
-    QCOMPARE(offered(), QStringList({"Remote control", "COM1...", "COM2..."}));
-    for (const char *port : {"COM1", "COM2"}) {
-        for (const bool early : {true, false}) {
-            command()->menu()->actions()[port[3] - '1']->trigger();
-            QVERIFY(dialog() && dialog()->isVisible());
-            if (!early) { // else it is closed with its question on the way
-                QTRY_COMPARE(page(), 0);
-                combo("cbTryb0_nc")->setCurrentIndex(6);
-                QTRY_COMPARE(device(port)->panel().memory(), 7);
-            }
-            dialog()->close();
-            QTRY_VERIFY(!dialog());
-        }
-    }
-    device("COM2")->startProcess();
-    QTRY_VERIFY(window->activeMdiChild() && window->activeMdiChild()->isLive());
-    QTRY_COMPARE(offered(), QStringList({"Remote control", "COM1...", "COM2 (current window)..."}));
-    command()->trigger();
-    QTRY_COMPARE(page(), 3);
-    QVERIFY(!window->findChild<QMessageBox *>());
-    trigger(ActionId::StopProcess);
-    QTRY_VERIFY(told.contains("COM2 told #STOP"));
-    QVERIFY(!told.contains("COM1 told #STOP"));
-    closeBox("Aborted"_s);
+    QVERIFY(told.contains("COM1 told #STOP"));
 }
 
 // Nothing that was received is lost, and the other devices go on. Four loose plugs, each going or coming
