@@ -1,4 +1,6 @@
 #include "app/sessionend.h"
+#include "documents/documents.h"
+#include "documents/progressstrip.h"
 #include "displays/capacitydisplay.h"
 #include "displays/datadisplay.h"
 #include "displays/powerdisplay.h"
@@ -76,18 +78,30 @@ private slots:
     {
         const QString good = dataFile("good.acp", 5);
         const QString bad = dataFile("bad.abp", 5); // not a balancer's file
-        QStringList all{bad, good, fixture->path("")};
+        const QString broken = fixture->path("broken.acp");
+        QVERIFY(writeFile(broken, "5\nc\n2\n0 8.4 1.5\n"));
+        QStringList all{bad, good, broken};
         for (int i = 0; i < 11; ++i)
             all << fixture->path(QString("missing%1.acp").arg(i));
         const QString missing = all.last();
-        window->openFiles(all);
+        const QSignalSpy said(window->findChild<Documents *>(), SIGNAL(message(QString,int)));
+        window->openFiles(all + QStringList(dataFile("one.acp", 1)));
         QTRY_VERIFY(box("openFailures"));
+        QCOMPARE(told(said).mid(0, 4) + told(said).mid(14),
+            QStringList({"Format error in bad.abp 2000", "Data loaded from disk. 1000",
+                "Format error in broken.acp 8000", "Can not open file missing0.acp 0",
+                "No data in file. 1000"}));
         const QString text = box("openFailures")->text();
-        QVERIFY2(text.startsWith("13 of 14 files could not be opened:\n\n" + bad + ": "), qPrintable(text));
+        QVERIFY2(text.startsWith("13 of 15 files could not be opened:\n\n" + bad + ": "), qPrintable(text));
         QVERIFY2(text.endsWith("... and 1 more"), qPrintable(text));
         QVERIFY(text.contains(all[12]) && !text.contains(missing) && !text.contains(good));
         QVERIFY(box("openFailures")->detailedText().contains(missing));
-        QCOMPARE(window->mdiChildren().size(), 1);
+        QCOMPARE(window->mdiChildren().size(), 2);
+        delete box("openFailures");
+        window->openFiles(QStringList(all.mid(3)) << bad << good); // a dozen that fail
+        QTRY_VERIFY(box("openFailures"));
+        QVERIFY(!box("openFailures")->text().contains("more"));
+        QVERIFY(box("openFailures")->detailedText().isEmpty());
         delete box("openFailures");
         window->openFiles({missing});
         QTRY_COMPARE(message(), "Can not open file " + missing);
@@ -101,14 +115,15 @@ private slots:
         window->openFiles({older});
         QTRY_COMPARE(window->mdiChildren().size(), 1);
         const QString path = fixture->path("saved.acp");
+        const QSignalSpy said(window->findChild<Documents *>(), SIGNAL(message(QString,int)));
         perform(ActionId::SaveAs, {[&](QDialog *dialog) {
             QCOMPARE(dialog->windowTitle(), QString("Choose file name"));
             const auto *files = qobject_cast<QFileDialog *>(dialog);
             QCOMPARE(files->selectedFiles().value(0), QDir::homePath() + "/older.acp");
             enter(path)(dialog);
         }});
-        QTRY_COMPARE(message(), QString("Data saved on disk."));
-        QTRY_COMPARE(message(), QDir::toNativeSeparators(path) + " written.");
+        QTRY_COMPARE(told(said), QStringList({"Data saved on disk. 1000", "saved.acp written. 5000"}));
+        QCOMPARE(message(), QDir::toNativeSeparators(path) + " written.");
         QCOMPARE(VarnelSettings().value("global/lastDir").toString(), path);
         window->openFiles({path});
         QTRY_COMPARE(window->mdiChildren().size(), 2);
@@ -225,9 +240,13 @@ private slots:
         QVERIFY(QFile::resize(path, 1LL << 36)); // a hole takes no room, and longer to read than anyone waits
         listen(1);
         const auto *progress = window->findChild<QProgressBar *>();
-        QVERIFY(!progress->isVisible());
+        const auto *cancel = window->findChild<QAbstractButton *>("cancelProgress");
+        auto *patience = window->findChild<ProgressStrip *>()->findChild<QTimer *>();
         window->openFiles({path});
-        QTRY_VERIFY(progress->isVisible());
+        QVERIFY(patience->isActive() && patience->isSingleShot() && patience->interval() == 500);
+        QVERIFY(!progress->isVisible() && !cancel->isVisible());
+        patience->start(0);
+        QTRY_VERIFY(progress->isVisible() && progress->x() < cancel->x() && progress->width() == 220);
         QTest::keyClick(window.get(), Qt::Key_Q, Qt::ControlModifier);
         QVERIFY(window->isVisible());
         send(7, 1);
@@ -237,7 +256,7 @@ private slots:
             QTest::keyClick(window.get(), Qt::Key_Escape);
         else
             window->close();
-        QVERIFY(!progress->isVisible());
+        QVERIFY(!progress->isVisible() && !cancel->isVisible() && !patience->isActive());
         if (!window->isVisible())
             return;
         QCOMPARE(message(), QString("Opening was cancelled."));
@@ -284,6 +303,16 @@ private slots:
         QApplication::sendEvent(window.get(), &drop);
         QTRY_COMPARE(window->mdiChildren().size(), 1);
         QCOMPARE(message(), QString("Data loaded from disk.")); // and nothing else was tried
+    }
+
+private:
+    /// What was said without the folder, and for how long.
+    QStringList told(const QSignalSpy &said) const
+    {
+        QStringList texts;
+        for (const QVariantList &one : said)
+            texts << one[0].toString().remove(fixture->path("") + '/') + ' ' + one[1].toString();
+        return texts;
     }
 };
 
