@@ -13,21 +13,12 @@ namespace {
 
 constexpr int longestLine = 4096; // beyond it no device's
 
-bool sameCells(const Varnel3Data &a, const Varnel3Data &b)
+// As far as record lines go, which is all that a graph shows.
+bool sameInRecordLines(const Varnel3Data &a, const Varnel3Data &b)
 {
-    const int read = std::min(a.cellsPresent() + 1, int(Varnel3Data::maxCells)); // as far as lines go
-    return std::equal(a.cells, a.cells + read, b.cells, [](const CellData &one, const CellData &other) {
-        return one.voltage == other.voltage && one.balance == other.balance;
-    });
-}
-
-bool sameMeasurement(const Varnel3Data &a, const Varnel3Data &b)
-{
-    return a.device == b.device && a.mode == b.mode && a.cellType == b.cellType && a.cellCount == b.cellCount
-        && a.flag1 == b.flag1 && a.flag2 == b.flag2 && a.flag3 == b.flag3 && a.flag4 == b.flag4
-        && a.flag5 == b.flag5 && a.ballansingCurrent == b.ballansingCurrent && a.time == b.time
-        && a.voltage == b.voltage && a.current == b.current && a.temperature == b.temperature
-        && a.energy == b.energy && a.internalResistance == b.internalResistance && sameCells(a, b);
+    char lineOfA[maxRecordLineLength];
+    char lineOfB[maxRecordLineLength];
+    return std::equal(lineOfA, writeRecordLine(lineOfA, a), lineOfB, writeRecordLine(lineOfB, b));
 }
 
 // A line that does not depend on those before it says more than the record does: the device, and
@@ -38,7 +29,7 @@ bool standsAlone(const QByteArray &line, const Varnel3Data &record)
         return false;
     Varnel3Data fresh;
     return fresh.parseLine(trimmedLine(QLatin1String(line.constData(), line.size())))
-        && sameMeasurement(fresh, record);
+        && sameInRecordLines(fresh, record);
 }
 
 } // namespace

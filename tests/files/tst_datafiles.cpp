@@ -270,21 +270,6 @@ private slots:
         }
     }
 
-    // A short line becomes a record of twenty times its size, and the system refuses more.
-    void memoryRunsOut()
-    {
-        constexpr qint64 megabyte = 1 << 20;
-        const auto loader
-            = loaderOf(QByteArray("#c0605 00123,25200+02000,025,01234\n").repeated(400000), acp);
-        const qint64 before = residentBytes();
-        const WritableMemoryLimit refused(24 * megabyte);
-        QVERIFY(!loader->readAll());
-        QCOMPARE(loadOutcome(*loader).text, "Not enough memory to open " + acp);
-        QCOMPARE(loader->reason(), QStringLiteral("not enough memory"));
-        QVERIFY(loader->recordCount() == 0 && loader->takeRecords().isEmpty());
-        QVERIFY(residentBytes() - before < 8 * megabyte);
-    }
-
     // A lease on the file makes the system hold up whoever opens it.
     void slowDiskIsNotWaitedFor()
     {

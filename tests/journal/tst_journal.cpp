@@ -102,29 +102,6 @@ private slots:
         }
     }
 
-    // Where the record says anything else than its line.
-    void anyOtherValueIsWritten()
-    {
-        const auto isOwn = [](const auto &alter) {
-            Varnel3Data record;
-            record.parseLine(chargerLine(5));
-            alter(record);
-            const QByteArray said = JournalLines().ofRecord(chargerLine(5).toLatin1(), record);
-            return said == record.toRecordLine().toLatin1() && said != chargerLine(5).toLatin1();
-        };
-        for (int Varnel3Data::*field : {&Varnel3Data::mode, &Varnel3Data::cellType, &Varnel3Data::cellCount,
-                 &Varnel3Data::time, &Varnel3Data::voltage, &Varnel3Data::current, &Varnel3Data::temperature,
-                 &Varnel3Data::energy, &Varnel3Data::internalResistance})
-            QVERIFY(isOwn([field](Varnel3Data &record) { ++(record.*field); }));
-        for (char Varnel3Data::*flag : {&Varnel3Data::flag1, &Varnel3Data::flag2, &Varnel3Data::flag3,
-                 &Varnel3Data::flag4, &Varnel3Data::flag5})
-            QVERIFY(isOwn([flag](Varnel3Data &record) { ++(record.*flag); }));
-        QVERIFY(isOwn([](Varnel3Data &record) { record.ballansingCurrent = 250; }));
-        QVERIFY(isOwn([](Varnel3Data &record) { record.cells[6].voltage = 1; })); // lines say one more
-        QVERIFY(isOwn([](Varnel3Data &record) { record.cells[0].balance = 20; }));
-        QVERIFY(!isOwn([](Varnel3Data &record) { record.cells[7].voltage = 1; }));
-    }
-
     // One after the other, beside those of another program, which tidies up meanwhile.
     void isThereAtOnceWhereWorthIt()
     {

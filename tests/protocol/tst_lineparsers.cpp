@@ -330,35 +330,7 @@ private slots:
         }
     }
 
-    // Every number against Qt's own formatting, which the line is defined by.
-    void numbersAsArg()
-    {
-        QVector<int> values = {0, INT_MAX, INT_MIN, -1, -9999};
-        for (int power = 1; power <= 1000000000 / 10; power *= 10)
-            values << power - 1 << power << power + 1 << 10 - power << -power << 7 * power;
-        for (const int value : qAsConst(values)) {
-            Varnel3Data record;
-            for (int *field :
-                {&record.mode, &record.time, &record.voltage, &record.current, &record.temperature,
-                    &record.energy, &record.internalResistance, &record.ballansingCurrent, &record.cellCount})
-                *field = value;
-            for (CellData &cell : record.cells)
-                cell.voltage = value;
-            const auto filled = [](int number, int width) {
-                return QStringLiteral("%1").arg(number, width, 10, QLatin1Char('0')).toLatin1();
-            };
-            for (const int unit : {1, 10}) {
-                record.flag2 = unit == 10 ? '1' : '0';
-                const QByteArrayList fields = written(record).split(',');
-                QCOMPARE(fields.mid(1, 7),
-                    QByteArrayList({filled(value, 5), filled(value, 5), filled(value, 5), filled(value, 3),
-                        filled(value / unit, 5), filled(value, 5), value < 0 ? "0000" : filled(value, 4)}));
-                QVERIFY(fields.size() == 39 && written(record).size() + 2 <= maxRecordLineLength);
-            }
-        }
-    }
-
-    // The quick way takes what is of the usual widths.
+    // By a line of the form that Qt would give it. The quick way takes what is of the usual widths.
     void randomRecordsComeBack()
     {
         RandomRecords random(randomSeed());
@@ -373,6 +345,18 @@ private slots:
             QVERIFY2(parseFixedLayout(quickBack, textOf(line)) || !usual, line);
             QVERIFY2(fieldsOf(back) == fieldsOf(record), line);
             QVERIFY2(written(back) == line, line);
+            const auto filled = [](int number, int width) { // as Qt does
+                return QStringLiteral("%1").arg(number, width, 10, QLatin1Char('0')).toLatin1();
+            };
+            const QByteArrayList fields = line.split(',');
+            QVERIFY2(fields.mid(1, 6)
+                    == QByteArrayList({filled(record.time, 5), filled(record.voltage, 5),
+                        filled(record.current, 5), filled(record.temperature, 3),
+                        filled(record.flag2 == '1' ? record.energy / 10 : record.energy, 5),
+                        filled(record.internalResistance, 5)}),
+                line);
+            QVERIFY2(record.cellCount < 0 || fields[7] == filled(record.cells[0].voltage, 4), line);
+            QVERIFY2(fields.size() == 39 && line.size() + 2 <= maxRecordLineLength, line);
         }
     }
 };

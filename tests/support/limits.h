@@ -39,28 +39,12 @@ inline qint64 ownBytes(int figure)
     return statm.open(QIODevice::ReadOnly) ? statm.readAll().split(' ').at(figure).toLongLong() * 4096 : 0;
 }
 
-/// Memory that this process holds now.
-inline qint64 residentBytes()
-{
-    return ownBytes(1);
-}
-
 /// The process gets about `bytes` more of address space, and what demandMemory() keeps back of so little.
 class AddressSpaceLimit : public ProcessLimit<RLIMIT_AS> {
 public:
     explicit AddressSpaceLimit(qint64 bytes)
         : ProcessLimit(
             rlim_t(ownBytes(0) + qMin(bytes + (qint64(512) << 20), (bytes * 16 + ownBytes(0)) / 15)))
-    {
-    }
-};
-
-/// The process gets `bytes` more of memory to write to, and learns that
-/// there is no more only when it is refused.
-class WritableMemoryLimit : public ProcessLimit<RLIMIT_DATA> {
-public:
-    explicit WritableMemoryLimit(qint64 bytes)
-        : ProcessLimit(rlim_t(ownBytes(5) + bytes))
     {
     }
 };

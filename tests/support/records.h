@@ -8,6 +8,7 @@
 #include <QByteArray>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <random>
 #include <vector>
@@ -93,6 +94,8 @@ private:
     {
         if (usual)
             return between(0, largest);
+        if (between(0, 3) == 0) // where another digit begins
+            return between(-1, 1) + (between(0, 1) == 1 ? 1 : -1) * int(std::pow(10, between(0, 9)));
         const int bits = between(1, 31);
         constexpr int all = std::numeric_limits<int>::max();
         return between(-(all >> (31 - bits)) - 1, all >> (31 - bits));
