@@ -12,7 +12,7 @@
 
 #include <atomic>
 #include <fcntl.h>
-#include <thread>
+#include <future>
 #include <unistd.h>
 
 namespace {
@@ -270,7 +270,7 @@ private slots:
         closeFile(file.descriptor);
         QVERIFY(!isBeingWritten(name) && removeUnlessWritten(name) && !QFile::exists(name));
         std::atomic<bool> ended = false;
-        std::thread tidying([&] {
+        const auto tidying = std::async(std::launch::async, [&] {
             while (!ended)
                 removeUnlessWritten(name);
         });
@@ -282,7 +282,6 @@ private slots:
             closeFile(created.descriptor);
         }
         ended = true;
-        tidying.join();
         QVERIFY(kept);
     }
 
