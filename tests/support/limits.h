@@ -48,3 +48,13 @@ public:
     {
     }
 };
+
+/// The process gets `bytes` more of memory to write to, and learns that
+/// there is no more only when it is refused.
+class WritableMemoryLimit : public ProcessLimit<RLIMIT_DATA> {
+public:
+    explicit WritableMemoryLimit(qint64 bytes)
+        : ProcessLimit(rlim_t(ownBytes(5) + bytes))
+    {
+    }
+};
