@@ -63,10 +63,9 @@ private:
 /// "ctrl", "shift", "alt" are held; a wheel that turns "sideways".
 void TestGraphInteraction::steps_data()
 {
-    columns<QString, QString>({"records", "script"});
-    const auto add = [](const char *name, const QString &records, const char *script) {
-        QTest::newRow(name) << records << QString(script).trimmed();
-    };
+    const auto row = columns<QString, QString>({"records", "script"});
+    const auto add
+        = [&](auto name, auto records, auto script) { row(name, records, QString(script).trimmed()); };
     add("pointing", usual, R"(
 hover 40,100 = all cursor 0 shows 0
 hover 44,100 = all cursor 0 shows 0

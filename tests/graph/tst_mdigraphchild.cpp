@@ -82,12 +82,17 @@ private slots:
                 {[&] { add("1"); }, "No file name COM7* !"},
                 {[&] { child->markSaved("/data/a%1.acp", 1); }, first}, {[&] { add("1"); }, first + "* !"},
                 {[&] { child->markSaved("/data/b.acp", 1); }, first + "* !"}, // one came while it was written
-                {[&] { child->markSaved("/data/b.acp", 2); }, first}};
+                {[&] { child->markSaved("/data/b.acp", 2); }, first},
+                {[&] { child->load(storeOf("1"), "/data/one.acp"); }, first}, // one record is no data
+                {[&] { child->load(storeOf("30"), "/data/old.acp"); }, "/data/old.acp"},
+                {[&] { child->setPortName("COM8"); }, "/data/old.acp"}}; // it is saved
+        shell->current = true;
         for (const auto &step : steps) {
             step.first();
             QCOMPARE(title(), step.second);
         }
-        QCOMPARE(child->sourceName() + ' ' + child->portName(), "a%1.acp COM7 COM7");
+        QCOMPARE(shell->taken().last(), "show 1740 s, 0 mAh, of 4");
+        QCOMPARE(child->sourceName() + ' ' + child->portName(), "old.acp COM8 COM8");
     }
 
     void tellsEachRecord()
@@ -156,21 +161,6 @@ private slots:
         }
         QCOMPARE(shell->taken(), QStringList({"closing", "Device: Varnel 3 for 3000"}));
         QCOMPARE(link.detached, 2);
-    }
-
-    void loadsAFile()
-    {
-        shell->current = true;
-        child->load(storeOf("1"), "/data/one.acp"); // one record is no data
-        child->setPortName("COM7");
-        QCOMPARE(title(), "No file name COM7*");
-        QCOMPARE(shell->taken(), QStringList());
-        child->load(storeOf("30"), "/data/old.acp");
-        QCOMPARE(shell->taken(), QStringList{"show 1740 s, 0 mAh, of 4"});
-        child->setPortName("COM7");
-        QCOMPARE(title(), "/data/old.acp"); // it is saved
-        QCOMPARE(child->sourceName(), "old.acp COM7");
-        QVERIFY(!child->isLive());
     }
 
     /// By icon and tool tip, of a line and of a file.

@@ -303,13 +303,12 @@ private slots:
 
     void names()
     {
-        const auto nameOf = [](const char *portName, int attempt) {
-            const QDateTime time(QDate(2026, 11, 21), QTime(6, 4, 5));
-            return JournalFolder(QStringLiteral("/j")).fileName(time, QString::fromUtf8(portName), attempt);
-        };
-        QCOMPARE(nameOf("COM3", 1), QStringLiteral("/j/2026-11-21_06-04-05_COM3.acp"));
-        QCOMPARE(nameOf("COM3", 2), QStringLiteral("/j/2026-11-21_06-04-05_COM3_2.acp"));
-        QCOMPARE(nameOf("../C-M 3%1:\u0142", 1), QStringLiteral("/j/2026-11-21_06-04-05____C-M_3_1__.acp"));
+        const JournalFolder folder(QStringLiteral("/j"));
+        const QDateTime time(QDate(2026, 11, 21), QTime(6, 4, 5));
+        QCOMPARE(folder.fileName(time, "COM3", 1), QStringLiteral("/j/2026-11-21_06-04-05_COM3.acp"));
+        QCOMPARE(folder.fileName(time, "COM3", 2), QStringLiteral("/j/2026-11-21_06-04-05_COM3_2.acp"));
+        QCOMPARE(folder.fileName(time, QString::fromUtf8("../C-M 3%1:\u0142"), 1),
+            QStringLiteral("/j/2026-11-21_06-04-05____C-M_3_1__.acp"));
     }
 
     // What is removed from the folder, and what never is.
