@@ -32,12 +32,12 @@ void dismissDialogs()
     }
 }
 
-SessionEnd *current = nullptr;
+SessionEnd *theSessionEnd = nullptr;
 
 void rescueAtExit()
 {
-    if (current)
-        current->rescueAtOnce();
+    if (theSessionEnd)
+        theSessionEnd->rescueAtOnce();
 }
 
 } // namespace
@@ -54,14 +54,14 @@ SessionEnd::SessionEnd(QWidget *shell, const Parts &parts)
         qApp, SIGNAL(commitDataRequest(QSessionManager&)), this, SLOT(onCommitData()), Qt::DirectConnection);
     connect(qApp, SIGNAL(aboutToQuit()), this, SLOT(onAboutToQuit()));
     qApp->installEventFilter(this);
-    current = this;
+    theSessionEnd = this;
     static const int registered = std::atexit(rescueAtExit);
     Q_UNUSED(registered)
 }
 
 SessionEnd::~SessionEnd()
 {
-    current = nullptr;
+    theSessionEnd = nullptr;
 }
 
 // Another program may yet call the log-out off, and a desktop that saves its session asks the same.

@@ -206,12 +206,15 @@ private slots:
     void ownStyleSheet()
     {
         const QString own = fixture->path("application.qss");
+        QApplication::setPalette(QPalette(Qt::black)); // the system's
         QVERIFY(writeFile(own, QByteArray("QLabel { color: red; }\0rest", 27)));
         installStyleSheet(qApp, fixture->path(""));
         QCOMPARE(qApp->styleSheet(), QString("QLabel { color: red; }"));
+        QCOMPARE(QApplication::palette().color(QPalette::Window), QColor(Qt::black));
         QVERIFY(QFile::remove(own));
         installStyleSheet(qApp, fixture->path(""));
         QVERIFY(qApp->styleSheet().contains("QToolBar"));
+        QVERIFY(QApplication::palette().color(QPalette::Base).lightness() > 200);
     }
 
     /// As long as its title can be taken hold of a display stays where it was, else it comes onto the screen
