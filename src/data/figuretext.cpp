@@ -6,6 +6,8 @@
 #include <QLocale>
 #include <QStringList>
 
+#include <cmath>
+
 namespace FigureText {
 
 namespace {
@@ -17,7 +19,8 @@ constexpr int energyWithThreeDecimals = 99999; // mAh, up to this, in a line of 
 
 QString fixed(double value, int width, int decimals)
 {
-    return QStringLiteral("%L1").arg(value, width, 'f', decimals, QLatin1Char(' '));
+    const bool isNothing = std::abs(value) * std::pow(10.0, decimals) < 0.5; // "-0.0" otherwise
+    return QStringLiteral("%L1").arg(isNothing ? 0.0 : value, width, 'f', decimals, QLatin1Char(' '));
 }
 
 QString volts(int millivolts, int width, int decimals)

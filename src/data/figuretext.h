@@ -8,7 +8,8 @@ class Varnel3Data;
 /// locale, which is the system's unless the program was told otherwise.
 namespace FigureText {
 
-/// `value` with `decimals` digits after the point, filled with blanks on the left to `width` characters.
+/// `value` with `decimals` digits after the point, filled with blanks on the left to `width` characters. What
+/// is rounded to nothing has no sign.
 QString fixed(double value, int width, int decimals);
 /// mV as volts.
 QString volts(int millivolts, int width, int decimals);

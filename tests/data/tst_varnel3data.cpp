@@ -162,6 +162,8 @@ private slots:
         record.temperature = 253;
         record.energy = 99999;
         record.setTime(3725);
+        QCOMPARE(FigureText::fixed(-0.04, 0, 1), QString("0.0"));
+        QCOMPARE(FigureText::fixed(-0.06, 5, 1), QString(" -0.1"));
         const auto upTo = [&record](int parts) { return FigureText::information(record, parts); };
         QCOMPARE(ofCodes(0, 6, upTo),
             QStringLiteral("|24.22 V|24.22 V   1.50 A|24.22 V   1.50 A  99.999 Ah"
