@@ -240,6 +240,8 @@ private slots:
         QTest::mouseClick(canvas(), Qt::RightButton);
         QCOMPARE(afterClick(-1, 0), -1);
         QCOMPARE(afterClick(1, 2), 2);
+        QCOMPARE(after(Qt::Key_Space), -1);
+        QCOMPARE(after(Qt::Key_Space), 2);
         QCOMPARE(m_comparison->findChild<QLabel *>("hintLabel")->text(),
             QString("Cell 3 of every window (arrow keys: another; click or Esc: all cells)"));
         for (const int right : {3, 3}) // no window has a fifth

@@ -225,6 +225,8 @@ pen #ffff00; curve 80 278 800 65 20 1; pen #00ffff; curve 80 329 800 329 20 1
 pen #ff0000; curve 80 466 800 466 20 1; pen #c71585; curve 724 507 800 507 3 1)");
     add("20 note=Gone size=300,200", "Gone", R"(
 pen #ffa500; font 9; mid 0 0 300 21 Gone   Charge  3xLiPo  11,59 V   2,50 A  25,3 °C  1,900 Ah  00:19:00)");
+    add("20 note=Gone_since_the_early_morning_of_that_long_day size=200,120", "Gone", R"(
+pen #ffa500; font 8; mid 0 0 200 21 Gone_since_the_early_morning_of_that_long_day   )");
     add("20 energy=100000 temperature=0 current=99999", "Charge", R"(
 pen #ffffff; font 12; mid 0 0 500 21 Charge  3xLiPo  11,59 V  100,00 A  --,- °C  100,00 Ah  00:19:00)");
     add("20 energy=99999 mode=9", "3xLi", R"(
