@@ -32,7 +32,7 @@ GraphInteraction::GraphInteraction(QWidget *widget, const SeriesStore *store, co
 void GraphInteraction::dataArrived()
 {
     if (!m_state->switches().holdView)
-        startAnew();
+        showNewest();
     else if (!zoom().isActive())
         m_heldRecords = 0;
     else if (m_heldRecords == 0)
@@ -46,6 +46,13 @@ int GraphInteraction::rangedRecords() const
 }
 
 void GraphInteraction::startAnew()
+{
+    showNewest();
+    m_marked = -1;
+}
+
+// The second cursor was set on purpose: it is measured from while a recording goes on.
+void GraphInteraction::showNewest()
 {
     m_view.showAll();
     m_heldRecords = 0;
@@ -97,6 +104,10 @@ void GraphInteraction::press(const QMouseEvent *event)
     if (event->button() == Qt::LeftButton) {
         if (pressLegend(position, event->modifiers() & Qt::ControlModifier) || !area)
             return;
+        if (event->modifiers() & Qt::ShiftModifier) {
+            toggleMark(m_cursor);
+            return;
+        }
         m_selecting = true;
         m_area = *area;
         m_selectionStart = position;
@@ -106,6 +117,12 @@ void GraphInteraction::press(const QMouseEvent *event)
         m_dragPoint = position;
         m_widget->setCursor(Qt::ClosedHandCursor);
     }
+}
+
+void GraphInteraction::toggleMark(int record)
+{
+    m_marked = m_marked < 0 ? record : -1;
+    m_widget->update();
 }
 
 bool GraphInteraction::pressLegend(const QPoint &position, bool toggle)
@@ -185,6 +202,8 @@ void GraphInteraction::doubleClick(const QMouseEvent *event)
     const QPoint position = inPicture(event->localPos());
     if (event->button() == Qt::RightButton)
         press(event); // of a drag that follows another one quickly
+    if (event->button() == Qt::LeftButton && event->modifiers() & Qt::ShiftModifier)
+        return press(event); // the second of two that set and take away
     if (event->button() != Qt::LeftButton || pressLegend(position, event->modifiers() & Qt::ControlModifier))
         return;
     m_selecting = false;

@@ -9,8 +9,8 @@ class QWheelEvent;
 class QWidget;
 class ViewState;
 
-/// What mouse and keyboard do to a graph: the cursor that walks along the records, the zoom, the picked
-/// cells. The widget forwards its events and paints what this says.
+/// What mouse and keyboard do to a graph: the cursor that walks along the records and the second one that is
+/// set beside it, the zoom, the picked cells. The widget forwards its events and paints what this says.
 class GraphInteraction : public QObject {
     Q_OBJECT
 
@@ -24,6 +24,8 @@ public:
     int rangedRecords() const;
     /// Record that the cursor line stands at; -1 for none, and while the left button is picking.
     int cursorRecord() const { return m_selecting ? -1 : m_cursor; }
+    /// Record that the second cursor was set at; -1 for none. Records that come in leave it.
+    int markedRecord() const { return m_marked; }
     /// What the left button is picking; empty while it does not.
     QRect rubberBand() const { return m_selecting ? m_rubberBand : QRect(); }
     CellPicker *cells() { return &m_cells; }
@@ -41,7 +43,7 @@ public:
     bool key(const QKeyEvent *event);
     /// A record came in: unless the view is held, as below.
     void dataArrived();
-    /// All of the recording is shown, without a cursor, and nothing is being picked.
+    /// All of the recording is shown, without cursors, and nothing is being picked.
     void startAnew();
 
 signals:
@@ -56,6 +58,8 @@ private:
     void pointAt(const QPoint &position);
     bool pressLegend(const QPoint &position, bool toggle);
     void pointAtNewest();
+    void toggleMark(int record);
+    void showNewest();
     void select(const QPoint &position);
     void endSelection();
     void stepZoom(double factor, const QPoint &position);
@@ -69,6 +73,7 @@ private:
     void zoomByKey(int direction, Qt::KeyboardModifiers modifiers);
     void choosePlot(int direction, Qt::KeyboardModifiers modifiers);
     void pickCell(int direction, Qt::KeyboardModifiers modifiers);
+    void markByKey(int direction, Qt::KeyboardModifiers modifiers);
     void showAll(int direction, Qt::KeyboardModifiers modifiers);
     void giveUp(int direction, Qt::KeyboardModifiers modifiers);
 
@@ -79,6 +84,7 @@ private:
     double m_scale = 1.0; // the widget's pixels to one that the layout counts in
     CellPicker m_cells;
     int m_cursor = -1;
+    int m_marked = -1; // second cursor
     PlotArea m_area = PlotArea::Upper; // where the pointer was last
     bool m_selecting = false;
     QPoint m_selectionStart;

@@ -36,6 +36,7 @@ const GraphInteraction::KeyBinding GraphInteraction::keyBindings[] = {
     {Qt::Key_Minus, Qt::NoModifier, &GraphInteraction::zoomByKey, -1},
     {Qt::Key_PageUp, Qt::NoModifier, &GraphInteraction::choosePlot, 1},
     {Qt::Key_PageDown, Qt::NoModifier, &GraphInteraction::choosePlot, -1},
+    {Qt::Key_Space, Qt::ShiftModifier, &GraphInteraction::markByKey, 0},
     {Qt::Key_Home, Qt::NoModifier, &GraphInteraction::showAll, 0},
     {Qt::Key_Escape, Qt::NoModifier, &GraphInteraction::giveUp, 0},
 };
@@ -103,16 +104,23 @@ void GraphInteraction::pickCell(int direction, Qt::KeyboardModifiers modifiers)
     m_cells.step(direction, modifiers & Qt::ShiftModifier, cellsInLegend());
 }
 
+void GraphInteraction::markByKey(int, Qt::KeyboardModifiers)
+{
+    toggleMark(m_cursor >= 0 ? m_cursor : m_view.lastShown());
+}
+
 void GraphInteraction::showAll(int, Qt::KeyboardModifiers)
 {
     m_view.showAll();
 }
 
-// One thing at a time: what is being picked, the cursor, the picked cells.
+// One thing at a time: what is being picked, the second cursor, the cursor, the picked cells.
 void GraphInteraction::giveUp(int, Qt::KeyboardModifiers)
 {
     if (m_selecting) {
         m_selecting = false;
+    } else if (m_marked >= 0) {
+        m_marked = -1;
     } else if (m_cursor >= 0) {
         m_cursor = -1;
         pointAtNewest();

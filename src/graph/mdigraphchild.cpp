@@ -230,6 +230,7 @@ void MdiGraphChild::paintEvent(QPaintEvent *)
 {
     GraphRequest shown = request(size());
     shown.cursorRecord = m_interaction->cursorRecord();
+    shown.markedRecord = m_interaction->markedRecord();
     shown.rubberBand = m_interaction->rubberBand();
     if (isLive() && shown.switches.holdView)
         shown.note

@@ -23,7 +23,7 @@ QString percent(const Interval &share)
 } // namespace
 
 /// What is seen after each step: the times that are shown (s) with the shares of the values (upper plot,
-/// lower plot, in per cent), or "all"; the record of the cursor line, what is being picked, the picked cells,
+/// lower plot, in per cent), or "all"; the records of the two cursors, what is being picked, the picked cells,
 /// a closed hand, the record that the figures are to show from now on; "no" where an event meant nothing.
 class TestGraphInteraction : public QObject {
     Q_OBJECT
@@ -159,6 +159,19 @@ key Left = 210..640 35..85 32..82 cursor 21 shows 21
 hover 889,100; key Right = 210..640 35..85 32..82 cursor 64 shows 64
 key Right = 220..650 35..85 32..82 cursor 65 shows 65
 key F1 = no)");
+    add("second cursor", usual, R"(
+press left 255,88 shift = all cursor 22 marked 22 shows 22
+move left 470,155; release left 470,155 shift = all cursor 43 marked 22 shows 43
+drag left 470,155 685,222 = 430..645 25..50 0..100 cursor 59 marked 22 shows 59
+key Home; add 1 = all marked 22
+key Left shift = all cursor 87 marked 22 shows 87
+key Escape = all cursor 87
+key Space shift = all cursor 87 marked 87
+double left 470,155 shift = all cursor 44 shows 44
+double left 470,155 shift; click left 470,155 shift = all cursor 44 shows 44
+leave; key Space shift = all marked 87
+click right 470,155 shift; click left 470,295 shift; leave = all marked 87 shows 87
+key Space = no)");
     add("zooming by keys", usual, R"(
 key Plus = 86..774 0..100 0..100
 key Equal = 154.8..705.2 0..100 0..100
@@ -339,6 +352,8 @@ QString TestGraphInteraction::view()
             + percent(zoom.share(PlotArea::Upper)) + percent(zoom.share(PlotArea::Lower));
     if (interaction->cursorRecord() >= 0)
         text += QString(" cursor %1").arg(interaction->cursorRecord());
+    if (interaction->markedRecord() >= 0)
+        text += QString(" marked %1").arg(interaction->markedRecord());
     const QRect band = interaction->rubberBand();
     if (!band.isEmpty())
         text += QString(" band %1 %2 %3 %4")

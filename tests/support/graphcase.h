@@ -113,6 +113,7 @@ private:
             {"ranged", [&] { m_request.rangedRecords = number(0); }},
             {"note", [&] { m_request.note = values[0]; }},
             {"cursor", [&] { m_request.cursorRecord = number(0); }},
+            {"marked", [&] { m_request.markedRecord = number(0); }},
             {"band", [&] { m_request.rubberBand = QRect(number(0), number(1), number(2), number(3)); }},
             {"zoomUpper", [&] { zoom(PlotArea::Upper, values, whole); }},
             {"zoomLower", [&] { zoom(PlotArea::Lower, values, whole); }},

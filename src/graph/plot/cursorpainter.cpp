@@ -10,6 +10,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <optional>
 
 namespace {
 
@@ -90,16 +91,30 @@ void paintValues(const GraphCanvas &c, const QVector<Line> &lines, const Block &
     }
 }
 
-} // namespace
-
-void paintCursor(const GraphCanvas &c, const GraphScene &scene, int record)
+// Its column; nothing where it is not on the picture.
+std::optional<int> paintLine(const GraphCanvas &c, int record, Qt::PenStyle style)
 {
     const int x = pixelOf(c.timeMap, c.request.store->series(SeriesStore::Time)[record]);
     if (x < c.layout.plotLeft() || x > c.layout.plotRight())
-        return;
-    c.painter->setPen(QPen(c.colours.axis(), 1));
+        return std::nullopt;
+    c.painter->setPen(QPen(c.colours.axis(), 1, style));
     for (PlotArea area : {PlotArea::Upper, PlotArea::Lower})
         c.painter->drawLine(x, c.layout.area(area).top(), x, c.layout.area(area).bottom());
+    return x;
+}
+
+} // namespace
+
+void paintMark(const GraphCanvas &c, int record)
+{
+    paintLine(c, record, Qt::DashLine);
+}
+
+void paintCursor(const GraphCanvas &c, const GraphScene &scene, int record)
+{
+    const std::optional<int> x = paintLine(c, record, Qt::SolidLine);
+    if (!x)
+        return;
     // in a small window the cells' values would hide the plots
     const QVector<Line> all = valuesAt(c, scene, record);
     for (int count : {all.size(), all.size() - cellCurves(scene), 1}) {
@@ -107,7 +122,7 @@ void paintCursor(const GraphCanvas &c, const GraphScene &scene, int record)
         const Block block = blockOf(c, lines);
         if (count > 1 && block.size.width() > (c.layout.plotRight() - c.layout.plotLeft()) * mostOfPlot)
             continue;
-        paintValues(c, lines, block, x);
+        paintValues(c, lines, block, *x);
         return;
     }
 }

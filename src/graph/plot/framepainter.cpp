@@ -3,6 +3,7 @@
 #include "data/figuretext.h"
 #include "graph/plot/graphfonts.h"
 #include "graph/plot/graphtools.h"
+#include "graph/scene/cursordifference.h"
 #include "series/seriesstore.h"
 #include "graph/scene/timedivision.h"
 
@@ -108,14 +109,17 @@ void paintBadge(const GraphCanvas &c)
     c.painter->drawText(badge, Qt::AlignCenter, number);
 }
 
-void paintInformation(const GraphCanvas &c)
+void paintInformation(const GraphCanvas &c, const GraphScene &scene)
 {
     const QRect line(0, 0, c.layout.width(), c.layout.plotTop() - 1);
     const QString note = c.request.note.isEmpty() ? QString() : c.request.note + QStringLiteral("   ");
     QString text;
     GraphFonts::Fit fit;
-    for (int parts = informationParts; parts >= 0; --parts) {
-        text = note + FigureText::information(c.request.store->records().last(), parts);
+    const QStringList change = cursorDifference(c.request, scene);
+    for (int parts = change.isEmpty() ? informationParts : change.size(); parts >= 0; --parts) {
+        text = note
+            + (change.isEmpty() ? FigureText::information(c.request.store->records().last(), parts)
+                                : change.mid(0, parts).join(QStringLiteral("   ")));
         fit = c.fonts.fit(9, text, line.width());
         if (fit.width <= line.width())
             break;

@@ -61,7 +61,7 @@ void GraphPainter::paint(QPainter *painter, const GraphRequest &request)
 void GraphPainter::paintPlots(const GraphCanvas &canvas)
 {
     const GraphScene scene = GraphScene::of(canvas.request);
-    paintInformation(canvas);
+    paintInformation(canvas, scene);
     paintTimeAxis(canvas);
     paintGrid(canvas, !scene.cellHeading.isEmpty());
     paintCurves(canvas, scene);
@@ -78,6 +78,8 @@ void GraphPainter::paintPlots(const GraphCanvas &canvas)
 void GraphPainter::paintPointer(const GraphCanvas &canvas, const GraphScene &scene)
 {
     const GraphRequest &request = canvas.request;
+    if (request.markedRecord >= 0 && request.markedRecord < request.store->size())
+        paintMark(canvas, request.markedRecord);
     if (request.cursorRecord >= 0 && request.cursorRecord < request.store->size())
         paintCursor(canvas, scene, request.cursorRecord);
     if (!request.rubberBand.isEmpty())

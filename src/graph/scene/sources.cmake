@@ -1,5 +1,6 @@
 target_sources(varnel_gui PRIVATE
     graph/scene/celllegend.cpp graph/scene/celllegend.h
+    graph/scene/cursordifference.cpp graph/scene/cursordifference.h
     graph/scene/graphcolours.cpp graph/scene/graphcolours.h
     graph/scene/graphlayout.cpp graph/scene/graphlayout.h
     graph/scene/graphrequest.h
