@@ -3,13 +3,16 @@
 #include "files/wholefile.h"
 #include "graph/mdigraphchild.h"
 #include "machinememory.h"
+#include "overlay/overlaypainter.h"
 #include "quietshell.h"
 #include "samplerecording.h"
 
 #include <QFile>
 #include <QImage>
+#include <QPainter>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -20,6 +23,7 @@ namespace {
 
 constexpr int windows = 8;
 constexpr int million = 1000000;
+constexpr int day = 86400; // records
 constexpr std::size_t enoughForMillion = std::size_t(1024) << 20; // bytes
 
 double megabytesHeld()
@@ -98,7 +102,41 @@ void millionRecords(benchmark::State &state)
     state.counters["left"] = megabytesHeld() - before;
 }
 
+// Recordings of a day each, a record a second, over each other: read one after the other as the window has it,
+// and drawn. It is one file, since the system has all of them at hand anyhow.
+void twentyDays(benchmark::State &state)
+{
+    const QTemporaryDir folder;
+    const QString name = folder.filePath(QStringLiteral("day.acp"));
+    {
+        const RecordList records = sampleRecording(day);
+        DataFilePieces lines(records);
+        if (!writeWholeFile(name, lines).written)
+            state.SkipWithError("not saved");
+    }
+    QImage image(1000, 600, QImage::Format_RGB32);
+    takeMemoryFromHost(enoughForMillion);
+    const double before = megabytesHeld();
+    double most = 0.0;
+    for (auto _ : state) {
+        OverlayRequest request;
+        request.size = image.size();
+        for (int i = 0; i < OverlayRequest::mostEntries; ++i) {
+            DataFileLoader loader(name);
+            loader.readAll();
+            SeriesStore store;
+            store.load(loader.takeRecords());
+            request.entries.append({std::make_shared<const OverlayCourse>(store), name, i * 600.0});
+            most = std::max(most, megabytesHeld() - before);
+        }
+        QPainter painter(&image);
+        OverlayPainter().paint(&painter, request);
+    }
+    state.counters["held"] = most;
+}
+
 } // namespace
 
 BENCHMARK(eightWindows)->Name("memory/eight windows")->Iterations(1);
 BENCHMARK(millionRecords)->Name("memory/a million records")->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(twentyDays)->Name("memory/twenty days")->Iterations(1)->Unit(benchmark::kMillisecond);

@@ -70,6 +70,8 @@ ROWS = [
     ("a million records, opened and drawn", lambda t: t["memory/a million records"] / NS_IN_MS, "ms", None),
     ("memory meanwhile", lambda t: t["memory/a million records:held"], "MB", None),
     ("memory when the window has gone", lambda t: t["memory/a million records:left"], "MB", "< 4"),
+    ("an overlay of twenty days, from files", lambda t: t["memory/twenty days"] / NS_IN_MS, "ms", "< 2000"),
+    ("memory meanwhile", lambda t: t["memory/twenty days:held"], "MB", "< 400"),
     ("start until the window is painted", lambda t: t["start"], "ms", "< 300"),
 ]
 
@@ -183,7 +185,8 @@ def measure(folder, pattern):
     """{name: median}, and the steps of the start, empty where that was filtered out"""
     wanted = lambda name: re.search(pattern or "", name)
     table = medians(run(folder, pattern or "-^memory"))
-    for name, repetitions in (("memory/eight windows", 1), ("memory/a million records", 3)):
+    for name, repetitions in (("memory/eight windows", 1), ("memory/a million records", 3),
+                              ("memory/twenty days", 3)):
         if wanted(name):
             table.update(medians(run(folder, f"^{name}", repetitions)))
     if f"read file/house/{LONG}" in table:

@@ -1417,6 +1417,14 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
         <source>Graph window</source>
         <translation>Diagrammfenster</translation>
     </message>
+    <message>
+        <source>Overlay...</source>
+        <translation>Übereinanderlegen...</translation>
+    </message>
+    <message>
+        <source>Lay the curves of recordings over each other.</source>
+        <translation>Die Kurven von Aufzeichnungen übereinanderlegen.</translation>
+    </message>
 </context>
 <context>
     <name>MdiGraphChild</name>
@@ -1463,6 +1471,202 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
     <message>
         <source>%1 volts</source>
         <translation>%1 Volt</translation>
+    </message>
+</context>
+<context>
+    <name>Overlay</name>
+    <message>
+        <source>Pack voltage</source>
+        <translation>Packspannung</translation>
+    </message>
+    <message>
+        <source>V</source>
+        <translation>V</translation>
+    </message>
+    <message>
+        <source>Mean cell</source>
+        <translation>Mittlere Zelle</translation>
+    </message>
+    <message>
+        <source>Highest cell</source>
+        <translation>Höchste Zelle</translation>
+    </message>
+    <message>
+        <source>Lowest cell</source>
+        <translation>Niedrigste Zelle</translation>
+    </message>
+    <message>
+        <source>Spread of the cells</source>
+        <translation>Differenz der Zellen</translation>
+    </message>
+    <message>
+        <source>mV</source>
+        <translation>mV</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>Strom</translation>
+    </message>
+    <message>
+        <source>A</source>
+        <translation>A</translation>
+    </message>
+    <message>
+        <source>Temperature</source>
+        <translation>Temperatur</translation>
+    </message>
+    <message>
+        <source>Resistance</source>
+        <translation>Widerstand</translation>
+    </message>
+    <message>
+        <source>mΩ</source>
+        <translation>mΩ</translation>
+    </message>
+    <message>
+        <source>from %1 to the end</source>
+        <translation>von %1 bis zum Ende</translation>
+    </message>
+    <message>
+        <source>No recording is shown: add files, or take the open graph windows.</source>
+        <translation>Keine Aufzeichnung wird gezeigt: Dateien hinzufügen oder die offenen Diagrammfenster nehmen.</translation>
+    </message>
+    <message>
+        <source>None of these recordings has such values.</source>
+        <translation>Keine dieser Aufzeichnungen hat solche Werte.</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Charge</source>
+        <translation>Ladung</translation>
+    </message>
+    <message>
+        <source> mAh</source>
+        <translation> mAh</translation>
+    </message>
+</context>
+<context>
+    <name>OverlayCommands</name>
+    <message>
+        <source>not enough memory</source>
+        <translation>zu wenig Speicher</translation>
+    </message>
+    <message>
+        <source>no records</source>
+        <translation>keine Messwerte</translation>
+    </message>
+    <message>
+        <source>Overlay</source>
+        <translation>Übereinander</translation>
+    </message>
+    <message>
+        <source>No more than %1 recordings are shown.</source>
+        <translation>Mehr als %1 Aufzeichnungen werden nicht gezeigt.</translation>
+    </message>
+</context>
+<context>
+    <name>OverlayPlot</name>
+    <message>
+        <source>A click picks the recording. Control and drag, or Alt with Left and Right, move its curve.</source>
+        <translation>Ein Klick wählt die Aufzeichnung. Ziehen mit Strg oder Alt mit Links und Rechts verschiebt ihre Kurve.</translation>
+    </message>
+</context>
+<context>
+    <name>OverlayWindow</name>
+    <message>
+        <source>&amp;Line up at the start of current</source>
+        <translation>Am &amp;Beginn des Stroms ausrichten</translation>
+    </message>
+    <message>
+        <source>Varnel - overlay</source>
+        <translation>Varnel - Kurven übereinander</translation>
+    </message>
+    <message>
+        <source> s</source>
+        <translation> s</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>What the recordings are compared by</source>
+        <translation>Worin die Aufzeichnungen verglichen werden</translation>
+    </message>
+    <message>
+        <source>Over</source>
+        <translation>Über</translation>
+    </message>
+    <message>
+        <source>Time since the start, or the charge that has flowed</source>
+        <translation>Die Zeit seit dem Beginn oder die geflossene Ladung</translation>
+    </message>
+    <message>
+        <source>Each recording begins where its current does, not where it was begun</source>
+        <translation>Jede Aufzeichnung beginnt, wo ihr Strom beginnt, nicht wo sie begonnen wurde</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Verschiebung</translation>
+    </message>
+    <message>
+        <source>Moves the recording that is picked in the legend. With the mouse: Control and drag its curve.</source>
+        <translation>Verschiebt die Aufzeichnung, die in der Legende gewählt ist. Mit der Maus: ihre Kurve mit Strg ziehen.</translation>
+    </message>
+    <message>
+        <source>&amp;Value:</source>
+        <translation>&amp;Wert:</translation>
+    </message>
+    <message>
+        <source>&amp;Over:</source>
+        <translation>&amp;Über:</translation>
+    </message>
+    <message>
+        <source>&amp;Shift:</source>
+        <translation>&amp;Verschiebung:</translation>
+    </message>
+    <message>
+        <source>Add &amp;files...</source>
+        <translation>&amp;Dateien hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Reads recordings and lays them over those that are shown</source>
+        <translation>Liest Aufzeichnungen und legt sie über die gezeigten</translation>
+    </message>
+    <message>
+        <source>Open &amp;windows</source>
+        <translation>&amp;Offene Fenster</translation>
+    </message>
+    <message>
+        <source>Shows the open graph windows as they are now</source>
+        <translation>Zeigt die offenen Diagrammfenster, wie sie jetzt sind</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>Takes the picked recording away, or all of them if none is picked. Key: Delete</source>
+        <translation>Nimmt die gewählte Aufzeichnung weg, ohne Wahl alle. Taste: Entf</translation>
+    </message>
+    <message>
+        <source>Save &amp;picture...</source>
+        <translation>B&amp;ild speichern...</translation>
+    </message>
+    <message>
+        <source>Writes what is shown to a picture file</source>
+        <translation>Schreibt das Gezeigte als Bild</translation>
+    </message>
+    <message>
+        <source>Pr&amp;int...</source>
+        <translation>Dr&amp;ucken...</translation>
+    </message>
+    <message>
+        <source>Prints what is shown</source>
+        <translation>Druckt das Gezeigte</translation>
     </message>
 </context>
 <context>

@@ -1420,6 +1420,14 @@ Zatrzymać proces urządzenia na %2?</translation>
         <source>Graph window</source>
         <translation>Okno wykresu</translation>
     </message>
+    <message>
+        <source>Overlay...</source>
+        <translation>Nałóż krzywe...</translation>
+    </message>
+    <message>
+        <source>Lay the curves of recordings over each other.</source>
+        <translation>Nakłada na siebie krzywe nagrań.</translation>
+    </message>
 </context>
 <context>
     <name>MdiGraphChild</name>
@@ -1466,6 +1474,202 @@ Zatrzymać proces urządzenia na %2?</translation>
     <message>
         <source>%1 volts</source>
         <translation>napięcie %1 V</translation>
+    </message>
+</context>
+<context>
+    <name>Overlay</name>
+    <message>
+        <source>Pack voltage</source>
+        <translation>Napięcie pakietu</translation>
+    </message>
+    <message>
+        <source>V</source>
+        <translation>V</translation>
+    </message>
+    <message>
+        <source>Mean cell</source>
+        <translation>Średnie ogniwo</translation>
+    </message>
+    <message>
+        <source>Highest cell</source>
+        <translation>Najwyższe ogniwo</translation>
+    </message>
+    <message>
+        <source>Lowest cell</source>
+        <translation>Najniższe ogniwo</translation>
+    </message>
+    <message>
+        <source>Spread of the cells</source>
+        <translation>Rozrzut ogniw</translation>
+    </message>
+    <message>
+        <source>mV</source>
+        <translation>mV</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>Prąd</translation>
+    </message>
+    <message>
+        <source>A</source>
+        <translation>A</translation>
+    </message>
+    <message>
+        <source>Temperature</source>
+        <translation>Temperatura</translation>
+    </message>
+    <message>
+        <source>Resistance</source>
+        <translation>Rezystancja</translation>
+    </message>
+    <message>
+        <source>mΩ</source>
+        <translation>mΩ</translation>
+    </message>
+    <message>
+        <source>from %1 to the end</source>
+        <translation>od %1 do końca</translation>
+    </message>
+    <message>
+        <source>No recording is shown: add files, or take the open graph windows.</source>
+        <translation>Nie ma nagrań: dodaj pliki albo weź otwarte okna wykresów.</translation>
+    </message>
+    <message>
+        <source>None of these recordings has such values.</source>
+        <translation>Żadne z tych nagrań nie ma takich wartości.</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Czas</translation>
+    </message>
+    <message>
+        <source>Charge</source>
+        <translation>Ładunek</translation>
+    </message>
+    <message>
+        <source> mAh</source>
+        <translation> mAh</translation>
+    </message>
+</context>
+<context>
+    <name>OverlayCommands</name>
+    <message>
+        <source>not enough memory</source>
+        <translation>za mało pamięci</translation>
+    </message>
+    <message>
+        <source>no records</source>
+        <translation>brak pomiarów</translation>
+    </message>
+    <message>
+        <source>Overlay</source>
+        <translation>Nałożone krzywe</translation>
+    </message>
+    <message>
+        <source>No more than %1 recordings are shown.</source>
+        <translation>Pokazuje się najwyżej %1 nagrań.</translation>
+    </message>
+</context>
+<context>
+    <name>OverlayPlot</name>
+    <message>
+        <source>A click picks the recording. Control and drag, or Alt with Left and Right, move its curve.</source>
+        <translation>Kliknięcie wybiera nagranie. Przeciągnięcie z Control albo Alt ze strzałkami w lewo i w prawo przesuwa jego krzywą.</translation>
+    </message>
+</context>
+<context>
+    <name>OverlayWindow</name>
+    <message>
+        <source>&amp;Line up at the start of current</source>
+        <translation>&amp;Wyrównaj do początku prądu</translation>
+    </message>
+    <message>
+        <source>Varnel - overlay</source>
+        <translation>Varnel - nałożone krzywe</translation>
+    </message>
+    <message>
+        <source> s</source>
+        <translation> s</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wartość</translation>
+    </message>
+    <message>
+        <source>What the recordings are compared by</source>
+        <translation>Co się w nagraniach porównuje</translation>
+    </message>
+    <message>
+        <source>Over</source>
+        <translation>Względem</translation>
+    </message>
+    <message>
+        <source>Time since the start, or the charge that has flowed</source>
+        <translation>Czas od początku albo ładunek, który przepłynął</translation>
+    </message>
+    <message>
+        <source>Each recording begins where its current does, not where it was begun</source>
+        <translation>Każde nagranie zaczyna się tam, gdzie jego prąd, a nie tam, gdzie je rozpoczęto</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Przesunięcie</translation>
+    </message>
+    <message>
+        <source>Moves the recording that is picked in the legend. With the mouse: Control and drag its curve.</source>
+        <translation>Przesuwa nagranie wybrane w legendzie. Myszą: przeciągnij jego krzywą z klawiszem Control.</translation>
+    </message>
+    <message>
+        <source>&amp;Value:</source>
+        <translation>W&amp;artość:</translation>
+    </message>
+    <message>
+        <source>&amp;Over:</source>
+        <translation>Wz&amp;ględem:</translation>
+    </message>
+    <message>
+        <source>&amp;Shift:</source>
+        <translation>&amp;Przesunięcie:</translation>
+    </message>
+    <message>
+        <source>Add &amp;files...</source>
+        <translation>&amp;Dodaj pliki...</translation>
+    </message>
+    <message>
+        <source>Reads recordings and lays them over those that are shown</source>
+        <translation>Wczytuje nagrania i nakłada je na pokazane</translation>
+    </message>
+    <message>
+        <source>Open &amp;windows</source>
+        <translation>&amp;Otwarte okna</translation>
+    </message>
+    <message>
+        <source>Shows the open graph windows as they are now</source>
+        <translation>Pokazuje otwarte okna wykresów w ich obecnym stanie</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Usuń</translation>
+    </message>
+    <message>
+        <source>Takes the picked recording away, or all of them if none is picked. Key: Delete</source>
+        <translation>Usuwa wybrane nagranie, a bez wyboru wszystkie. Klawisz: Delete</translation>
+    </message>
+    <message>
+        <source>Save &amp;picture...</source>
+        <translation>Zapisz o&amp;braz...</translation>
+    </message>
+    <message>
+        <source>Writes what is shown to a picture file</source>
+        <translation>Zapisuje to, co widać, do pliku obrazu</translation>
+    </message>
+    <message>
+        <source>Pr&amp;int...</source>
+        <translation>Dru&amp;kuj...</translation>
+    </message>
+    <message>
+        <source>Prints what is shown</source>
+        <translation>Drukuje to, co widać</translation>
     </message>
 </context>
 <context>

@@ -121,6 +121,9 @@ public:
         {ActionId::ReopenClosed, QT_TR_NOOP("Reopen closed recording"), nullptr,
             QT_TR_NOOP("Open again the recording whose window was closed last."), noKey, Nobody, nullptr,
             Plain, "reopenClosedAction"},
+        {ActionId::Overlay, QT_TR_NOOP("Overlay..."), "wyk.png",
+            QT_TR_NOOP("Lay the curves of recordings over each other."), noKey, Nobody, nullptr, Plain,
+            "overlayAction"},
         {ActionId::ExportCsv, QT_TR_NOOP("Export as CSV..."), "export.png",
             QT_TR_NOOP("Write the records of the current graph as a table for other programs."), noKey,
             Nobody, nullptr, Plain, "exportCsvAction"},
@@ -218,6 +221,7 @@ ActionSet::ActionSet(QObject *window, QObject *mdiArea)
     }
     (*this)[ActionId::Explain]->setShortcut(int(Qt::SHIFT) | int(Qt::Key_F1));
     (*this)[ActionId::ReopenClosed]->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_T);
+    (*this)[ActionId::Overlay]->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_L);
     showPaused(QString());
 }
 

@@ -47,6 +47,7 @@ enum class ActionId {
     Explain,
     OpenRecordings,
     ReopenClosed,
+    Overlay,
     ExportCsv,
     SavePicture,
     RemoteControl,

@@ -11,6 +11,7 @@
 #include "desk/shownrecord.h"
 #include "app/filedrops.h"
 #include "documents/filewriter.h"
+#include "documents/graphexports.h"
 #include "desk/graphwindows.h"
 #include "desk/livewindows.h"
 #include "documents/journalnotice.h"
@@ -19,6 +20,7 @@
 #include "documents/progressstrip.h"
 #include "desk/windowfiles.h"
 #include "devices/remotecontrols.h"
+#include "app/overlaycommands.h"
 #include "app/sessionend.h"
 #include "app/shellmenus.h"
 #include "app/shellplace.h"
@@ -107,6 +109,8 @@ void MainWindow::createParts()
     graphs->setCloseGuard(unsaved);
     new SessionEnd(this, {writer, unsaved, ports});
     tools = new ToolsCommands(this, actions, graphs, documents, writer, windowFiles);
+    overlay = new OverlayCommands(this, (*actions)[ActionId::Overlay],
+        {state, graphs, documents, windowFiles, new GraphExports(this, writer, windowFiles)});
     targets = std::make_unique<DeviceTargets>(ports, live.get());
     commands = new DeviceCommands(targets.get(), this);
     sounds = new SoundPlayer(this);
@@ -190,6 +194,7 @@ void MainWindow::writeSettings() const
     settings.setValue(SettingsKey::blackBackground, state->switches().blackBackground);
     settings.setValue(SettingsKey::distinctLines, state->switches().distinctLines);
     displays->writePlaces(&settings);
+    overlay->writePlace(&settings);
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

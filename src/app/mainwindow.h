@@ -23,6 +23,7 @@ class GraphWindows;
 class ListenedPorts;
 class LiveWindows;
 class MdiGraphChild;
+class OverlayCommands;
 class PackSource;
 class PortWatcher;
 class WindowFiles;
@@ -169,6 +170,7 @@ private:
     Documents *documents;
     UnsavedWindows *unsaved;
     ToolsCommands *tools;
+    OverlayCommands *overlay;
     std::unique_ptr<DeviceTargets> targets;
     DeviceCommands *commands;
     SoundPlayer *sounds;

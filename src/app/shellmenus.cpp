@@ -69,7 +69,7 @@ const QVector<MenuEntry> file
 const QVector<MenuEntry> print
     = {ActionId::PrintCapacity, ActionId::PrintVoltage, ActionId::PrintBars, ActionId::PrintPlot};
 
-const QVector<MenuEntry> tools = {ActionId::OpenRecordings, ActionId::ReopenClosed, gap, ActionId::ExportCsv,
+const QVector<MenuEntry> tools = {ActionId::OpenRecordings, ActionId::ReopenClosed, ActionId::Overlay, gap, ActionId::ExportCsv,
     ActionId::SavePicture, gap, ActionId::RemoteControl, ActionId::StopProcess, ActionId::Explain};
 
 const QVector<MenuEntry> help = {ActionId::UserGuide, gap, ActionId::About};

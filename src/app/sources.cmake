@@ -5,6 +5,8 @@ target_sources(varnel_gui PRIVATE
     app/explanations.cpp app/explanations.h
     app/filedrops.cpp app/filedrops.h
     app/mainwindow.cpp app/mainwindow.h app/mainwindowslots.cpp
+    app/overlaycommands.cpp app/overlaycommands.h
+    app/overlaylabel.cpp app/overlaylabel.h
     app/sessionend.cpp app/sessionend.h
     app/settingsnotice.cpp app/settingsnotice.h
     app/shellmenus.cpp app/shellmenus.h

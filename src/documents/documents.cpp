@@ -99,6 +99,22 @@ Documents::Documents(QWidget *shellWindow, ProgressStrip *strip, FileWriter *fil
 
 void Documents::openDialog()
 {
+    const QStringList files = askFiles();
+    if (files.isEmpty())
+        onFinished({}, 0);
+    else
+        open(files);
+}
+
+QStringList Documents::chooseFiles()
+{
+    const QStringList files = askFiles();
+    onFinished({}, 0);
+    return files;
+}
+
+QStringList Documents::askFiles()
+{
     const DialogPlaces places(lastFolder());
     QFileDialog dialog(
         m_shell, tr("Chose varnel data file names"), places.first(), tr("Varnel files (*.acp *.abp)"));
@@ -108,9 +124,10 @@ void Documents::openDialog()
         = new FolderView(&dialog, new DataFilesModel({QStringLiteral(".acp"), QStringLiteral(".abp")}));
     if (places.isSilent())
         view->goTo(lastFolder());
-    const QStringList files = openFrom(dialog);
+    const QStringList files = chooseFrom(dialog);
     if (!files.isEmpty())
         keepLastFolder(files.first());
+    return files;
 }
 
 void Documents::openRecordings()
@@ -152,7 +169,7 @@ void Documents::cancelOpening()
     m_queue->cancel();
 }
 
-QStringList Documents::openFrom(QFileDialog &dialog)
+QStringList Documents::chooseFrom(QFileDialog &dialog)
 {
     m_labels.clear();
     m_displays->hideAll();
@@ -168,11 +185,16 @@ QStringList Documents::openFrom(QFileDialog &dialog)
     const QStringList files = dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
     dialog.setDirectory(
         QDir::homePath()); // where the next one looks first, and this disk may be gone by then
+    return files;
+}
+
+void Documents::openFrom(QFileDialog &dialog)
+{
+    const QStringList files = chooseFrom(dialog);
     if (files.isEmpty())
         onFinished({}, 0);
     else
         open(files);
-    return files;
 }
 
 void Documents::onLoaded(const QString &fileName, SeriesStore *store)

@@ -29,7 +29,9 @@ public:
 
     /// Asks for files and opens them. The displays, always on top, are out of the way meanwhile.
     void openDialog();
-    /// The same among the journals of live recordings, the newest first.
+    /// Asks for files in the same way, for another use.
+    QStringList chooseFiles();
+    /// Opens them among the journals of live recordings, the newest first.
     void openRecordings();
     /// Opens `files` in the background; those that fail are listed when the last one has been read.
     void open(const QStringList &files);
@@ -56,8 +58,10 @@ private slots:
     void nameSaved();
 
 private:
-    /// Opens what is chosen in `dialog` and returns it.
-    QStringList openFrom(QFileDialog &dialog);
+    QStringList askFiles();
+    QStringList chooseFrom(QFileDialog &dialog);
+    /// Opens what is chosen in `dialog`.
+    void openFrom(QFileDialog &dialog);
     void listFailures(const QStringList &failures, int total);
     void finishSave(MdiGraphChild *child, const QString &fileName, const DataFilePieces &lines,
         const WriteOutcome &outcome);

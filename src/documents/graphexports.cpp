@@ -8,6 +8,7 @@
 #include "documents/csvexport.h"
 #include "files/filepieces.h"
 #include "graph/mdigraphchild.h"
+#include "graph/plot/graphpainter.h"
 #include "settings/settingskeys.h"
 #include "settings/varnelsettings.h"
 
@@ -44,7 +45,8 @@ GraphExports::GraphExports(QWidget *shell, FileWriter *writer, WindowFiles *wind
 void GraphExports::csvDialog(MdiGraphChild *child)
 {
     const QPointer<MdiGraphChild> guard(child); // its window may be closed while the dialog is open
-    const QString name = ask(tr("Export as CSV"), {tr("Comma-separated values (*.csv)")}, child);
+    const QString name
+        = ask(tr("Export as CSV"), {tr("Comma-separated values (*.csv)")}, m_windowFiles->nameFor(child));
     if (!name.isEmpty() && guard)
         writeTable(guard, name);
 }
@@ -52,10 +54,22 @@ void GraphExports::csvDialog(MdiGraphChild *child)
 void GraphExports::pictureDialog(MdiGraphChild *child)
 {
     const QPointer<MdiGraphChild> guard(child);
-    const QString name = ask(
-        tr("Save picture"), {tr("Picture (*.png)"), tr("Drawing (*.svg)"), tr("Document (*.pdf)")}, child);
+    const QString name = askPictureName(m_windowFiles->nameFor(child));
     if (!name.isEmpty() && guard)
         writePicture(guard, name);
+}
+
+void GraphExports::pictureDialog(const Picture &picture, const QString &name)
+{
+    const QString fileName = askPictureName(name);
+    if (!fileName.isEmpty())
+        writePicture(picture, fileName);
+}
+
+QString GraphExports::askPictureName(const QString &suggested)
+{
+    return ask(tr("Save picture"), {tr("Picture (*.png)"), tr("Drawing (*.svg)"), tr("Document (*.pdf)")},
+        suggested);
 }
 
 void GraphExports::writeTable(const MdiGraphChild *child, const QString &fileName)
@@ -65,6 +79,13 @@ void GraphExports::writeTable(const MdiGraphChild *child, const QString &fileNam
 
 void GraphExports::writePicture(const MdiGraphChild *child, const QString &fileName)
 {
+    const GraphRequest request = child->request(child->size());
+    writePicture(
+        {request.size, [&request](QPainter *painter) { GraphPainter().paint(painter, request); }}, fileName);
+}
+
+void GraphExports::writePicture(const Picture &picture, const QString &fileName)
+{
     const GraphFormat format = graphFormat(fileName);
     if (format == GraphFormat::Unknown) {
         tellFailure(fileName, tr("The name of a picture ends in .png, .svg or .pdf."));
@@ -73,7 +94,7 @@ void GraphExports::writePicture(const MdiGraphChild *child, const QString &fileN
     // Drawn at once: the window goes on.
     QBuffer drawing;
     drawing.open(QIODevice::WriteOnly);
-    if (!writeGraph(child->request(child->size()), format, &drawing)) {
+    if (!::writePicture(picture, format, &drawing)) {
         tellFailure(fileName, tr("There is no room for it in memory."));
         return;
     }
@@ -83,13 +104,13 @@ void GraphExports::writePicture(const MdiGraphChild *child, const QString &fileN
     }));
 }
 
-QString GraphExports::ask(const QString &title, const QStringList &filters, const MdiGraphChild *child)
+QString GraphExports::ask(const QString &title, const QStringList &filters, const QString &suggested)
 {
     SaveDialog dialog(m_shell, title, filters);
     dialog.refuse({QStringLiteral(".acp"), QStringLiteral(".abp")},
         tr("Names that end in .acp or .abp are for recordings."));
     dialog.setDirectory(startFolder());
-    dialog.suggest(m_windowFiles->nameFor(child));
+    dialog.suggest(suggested);
     if (dialog.exec() != QDialog::Accepted)
         return QString();
     const QString name = dialog.selectedFiles().value(0);

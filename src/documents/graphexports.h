@@ -7,6 +7,7 @@
 class FileWriter;
 class MdiGraphChild;
 class FilePieces;
+struct Picture;
 class QWidget;
 class WindowFiles;
 struct WriteOutcome;
@@ -23,6 +24,8 @@ public:
     void csvDialog(MdiGraphChild *child);
     /// Asks for a name, whose ending says the format, and draws the graph of `child` as its window shows it.
     void pictureDialog(MdiGraphChild *child);
+    /// The same for any picture, `name` being offered.
+    void pictureDialog(const Picture &picture, const QString &name);
     void writeTable(const MdiGraphChild *child, const QString &fileName);
     void writePicture(const MdiGraphChild *child, const QString &fileName);
 
@@ -30,7 +33,9 @@ signals:
     void message(const QString &text, int timeout);
 
 private:
-    QString ask(const QString &title, const QStringList &filters, const MdiGraphChild *child);
+    QString ask(const QString &title, const QStringList &filters, const QString &suggested);
+    QString askPictureName(const QString &suggested);
+    void writePicture(const Picture &picture, const QString &fileName);
     void write(const QString &fileName, std::unique_ptr<FilePieces> pieces);
     void tellOutcome(const QString &fileName, const WriteOutcome &outcome);
     void tellFailure(const QString &fileName, const QString &reason);

@@ -24,46 +24,46 @@ struct Ending {
 
 const Ending endings[] = {{".png", GraphFormat::Png}, {".svg", GraphFormat::Svg}, {".pdf", GraphFormat::Pdf}};
 
-bool paintOn(QPaintDevice *target, const GraphRequest &request, double scale)
+bool paintOn(QPaintDevice *target, const Picture &picture, double scale)
 {
     QPainter painter;
     if (!painter.begin(target))
         return false;
     painter.scale(scale, scale);
-    GraphPainter().paint(&painter, request);
+    picture.paint(&painter);
     return painter.end();
 }
 
-bool writePng(const GraphRequest &request, QIODevice *device)
+bool writePng(const Picture &picture, QIODevice *device)
 {
-    QImage image(request.size, QImage::Format_RGB32);
+    QImage image(picture.size, QImage::Format_RGB32);
     if (image.isNull())
         return false;
     image.setDotsPerMeterX(qRound(pixelsPerInch / 0.0254));
     image.setDotsPerMeterY(image.dotsPerMeterX());
-    return paintOn(&image, request, 1.0) && image.save(device, "PNG");
+    return paintOn(&image, picture, 1.0) && image.save(device, "PNG");
 }
 
-bool writeSvg(const GraphRequest &request, QIODevice *device)
+bool writeSvg(const Picture &picture, QIODevice *device)
 {
     QSvgGenerator generator;
     generator.setOutputDevice(device);
     generator.setResolution(pixelsPerInch);
-    generator.setSize(request.size);
-    generator.setViewBox(QRect(QPoint(), request.size));
+    generator.setSize(picture.size);
+    generator.setViewBox(QRect(QPoint(), picture.size));
     generator.setTitle(QStringLiteral("VarnelGraph"));
-    return paintOn(&generator, request, 1.0);
+    return paintOn(&generator, picture, 1.0);
 }
 
-bool writePdf(const GraphRequest &request, QIODevice *device)
+bool writePdf(const Picture &picture, QIODevice *device)
 {
     QPdfWriter writer(device);
     writer.setResolution(pdfPixelsPerInch);
-    const QSizeF page = QSizeF(request.size) * (pointsPerInch / pixelsPerInch);
+    const QSizeF page = QSizeF(picture.size) * (pointsPerInch / pixelsPerInch);
     writer.setPageSize(QPageSize(page, QPageSize::Point, QString(), QPageSize::ExactMatch));
     writer.setPageMargins(QMarginsF());
     writer.setTitle(QStringLiteral("VarnelGraph"));
-    return paintOn(&writer, request, double(pdfPixelsPerInch) / pixelsPerInch);
+    return paintOn(&writer, picture, double(pdfPixelsPerInch) / pixelsPerInch);
 }
 
 } // namespace
@@ -76,7 +76,7 @@ GraphFormat graphFormat(const QString &fileName)
     return GraphFormat::Unknown;
 }
 
-bool writeGraph(const GraphRequest &request, GraphFormat format, QIODevice *device)
+bool writePicture(const Picture &picture, GraphFormat format, QIODevice *device)
 {
     // Painters do not tell when a device takes no more: draw to memory, then write once.
     QBuffer buffer;
@@ -84,5 +84,12 @@ bool writeGraph(const GraphRequest &request, GraphFormat format, QIODevice *devi
     const auto write = format == GraphFormat::Png ? writePng
         : format == GraphFormat::Svg              ? writeSvg
                                                   : writePdf;
-    return write(request, &buffer) && writeAllBytes(*device, buffer.data().constData(), buffer.size());
+    return write(picture, &buffer) && writeAllBytes(*device, buffer.data().constData(), buffer.size());
+}
+
+bool writeGraph(const GraphRequest &request, GraphFormat format, QIODevice *device)
+{
+    return writePicture(
+        {request.size, [&request](QPainter *painter) { GraphPainter().paint(painter, request); }}, format,
+        device);
 }

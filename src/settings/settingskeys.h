@@ -40,6 +40,7 @@ constexpr QLatin1String dataDisplayPos = key("datadisplay/pos");
 constexpr QLatin1String capacityGroup = key("capacitydisplay");
 constexpr QLatin1String powerGroup = key("powerdisplay");
 constexpr QLatin1String voltageGroup = key("voltagecomp");
+constexpr QLatin1String overlayGroup = key("overlay"); ///< the same names
 constexpr QLatin1String inGroupSize = key("/size");
 constexpr QLatin1String inGroupPos = key("/pos");
 constexpr QLatin1String inGroupMaximized = key("/maximized");

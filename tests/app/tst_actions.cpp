@@ -82,6 +82,7 @@ private slots:
             "Explanations...|Tells what the status bar and the title of the current graph show.|Shift+F1|",
             "Open recordings...|Open what was recorded from the devices, saved or not.||i",
             "Reopen closed recording|No window of an unsaved recording has been closed yet.|Ctrl+Shift+T|d",
+            "Overlay...|Lay the curves of recordings over each other.|Ctrl+Shift+L|i",
             "Export as CSV...|Write the records of the current graph as a table for other programs.||i",
             "Save picture...|Write the current graph as its window shows it to a picture file.||i",
             "Remote control...|No port is listened on: choose one in the preferences.||id",
@@ -261,7 +262,7 @@ private slots:
             return texts.join(',');
         };
         const QString tools
-            = "&Tools[Open recordings...,Reopen closed recording,|,Export as CSV...,Save picture...,|,"
+            = "&Tools[Open recordings...,Reopen closed recording,Overlay...,|,Export as CSV...,Save picture...,|,"
               "Remote control...,Stop process,Explanations...,&View switches[DATA,Graph,Bar Graph,|,"
               "T,dV,Rw,|,B,Avg,S,P%,Vc,|,Hold view,Distinct lines]";
         QCOMPARE(textsOf(window->menuBar()).split("],"),

@@ -8,6 +8,7 @@
 #include "displays/powerdisplay.h"
 #include "displays/voltagecomparison.h"
 #include "graph/mdigraphchild.h"
+#include "overlay/overlaywindow.h"
 #include "settings/viewstate.h"
 #include "support/columns.h"
 #include "support/lines.h"
@@ -91,6 +92,9 @@ private slots:
         row("cells", "2", "One cell less,Cells 1,One cell more,START,Close");
         row("process", "3", "STOP,Close");
         row("disconnect", "4", "Bip Off,Close");
+        row("overlay", "O",
+            "Pack voltage,Time,Line up at the start of current,No recording is shown: add files, or take the open "
+            "graph windows.,Add files...,Open windows");
     }
 
     /// By Tab, in the order in which they are read; each has a name and a tip.
@@ -99,9 +103,12 @@ private slots:
         QFETCH(QString, dialog);
         plug("COM1");
         plug("COM2");
-        std::unique_ptr<QDialog> shown;
+        const ViewState state;
+        std::unique_ptr<QWidget> shown;
         if (dialog == QLatin1String("P"))
             shown = std::make_unique<DialogPreferences>(nullptr);
+        else if (dialog == QLatin1String("O"))
+            shown = std::make_unique<OverlayWindow>(&state);
         else if (dialog == QLatin1String("A"))
             shown = std::make_unique<About>();
         else

@@ -151,6 +151,7 @@ void TestLanguages::showDialogs()
     DialogRemoteControl remote(nullptr, window.get(), {1000000, 1000000, 1000000});
     for (QDialog *dialog : std::initializer_list<QDialog *>{&preferences, &about, &remote})
         dialog->show();
+    trigger(ActionId::Overlay);
     auto *pages = remote.findChild<QStackedWidget *>();
     for (int page = 0; page < pages->count(); ++page) {
         pages->setCurrentIndex(page);

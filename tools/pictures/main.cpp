@@ -2,19 +2,27 @@
 // tells, and each window is kept as it looks then. ./dev pictures gives it settings and folders of its own.
 #include "app/actionset.h"
 #include "app/mainwindow.h"
+#include "app/overlaycommands.h"
 #include "app/stylesheet.h"
 #include "app/translators.h"
 #include "graph/mdigraphchild.h"
+#include "overlay/overlayplot.h"
+#include "overlay/overlaywindow.h"
 #include "pictures/album.h"
 #include "resources/resources.h"
 #include "settings/varnelsettings.h"
+#include "simulator/linewriter.h"
+#include "simulator/process.h"
 #include "simulator/rack.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
+#include <QFile>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cstdio>
@@ -29,6 +37,11 @@ const char *const devices[] = {
     "COM2:varnel2plus,mode=discharge,chemistry=LiIo,cells=3,capacity=2600,current=900",
     "COM3:tandor,chemistry=LiPo,cells=12,capacity=3300",
 };
+const char *const discharges[] = {
+    "COM5:varnel3,mode=discharge,chemistry=LiPo,cells=6,capacity=5000,current=5000,balance",
+    "COM5:varnel3,mode=discharge,chemistry=LiPo,cells=6,capacity=4600,current=5000,balance",
+    "COM5:varnel3,mode=discharge,chemistry=LiPo,cells=6,capacity=3900,current=5000,balance,weak=2",
+};
 const char *const waitingDevice = "COM4:varnel3,cells=6,chemistry=LiPo,start=remote";
 
 /// Leads the program through the guide, page by page.
@@ -41,7 +54,10 @@ public:
     {
     }
 
-    bool run() { return recording() && graphs() && displays() && comparisons() && dialogs() && end(); }
+    bool run()
+    {
+        return recording() && graphs() && displays() && comparisons() && overlay() && dialogs() && end();
+    }
     QString trouble() const { return m_album.trouble(); }
 
 private:
@@ -118,6 +134,39 @@ private:
     {
         return m_album.toggle("capacities", action(ActionId::BarGraph), "CapacityDisplay")
             && m_album.toggle("voltages", action(ActionId::Graph), "VoltageComparison");
+    }
+
+    /// Discharges of one pack, a year apart.
+    bool overlay()
+    {
+        const QTemporaryDir folder;
+        QStringList files;
+        for (const char *discharge : discharges) {
+            files.append(folder.filePath(QStringLiteral("%1.acp").arg(files.size())));
+            if (!write(QLatin1String(discharge), files.last()))
+                return m_album.fail(files.last());
+        }
+        m_window.findChild<OverlayCommands *>()->showFiles(files,
+            {QStringLiteral("Pack 3, 2024-05-03 14:20"), QStringLiteral("Pack 3, 2025-04-27 10:05"),
+                QStringLiteral("Pack 3, 2026-05-09 17:41")});
+        auto *overlay = m_window.findChild<OverlayWindow *>();
+        overlay->findChild<QComboBox *>(QStringLiteral("overlayAxis"))->setCurrentIndex(1);
+        if (!m_album.wait("three curves",
+                [overlay, &files] { return overlay->plot()->shown().entries.size() == files.size(); }))
+            return false;
+        m_album.point(overlay->plot(), 0.35, 0.4);
+        return m_album.window("overlay", "OverlayWindow");
+    }
+    static bool write(const QString &device, const QString &fileName)
+    {
+        QString error;
+        sim::Process process(sim::DeviceSettings::parse(device, &error), 7);
+        QFile file(fileName);
+        if (!error.isEmpty() || !file.open(QIODevice::WriteOnly))
+            return false;
+        while (!process.finished())
+            file.write(sim::measurementLine(process.next()));
+        return true;
     }
 
     bool dialogs()

@@ -19,6 +19,8 @@ QVector<int> lengthsOf(Qt::PenStyle style)
         return {2, 2};
     case Qt::DashDotLine:
         return {8, 2, 2, 2};
+    case Qt::DashDotDotLine:
+        return {8, 2, 2, 2, 2, 2};
     default:
         return {};
     }

@@ -1,0 +1,472 @@
+#include "overlay/courses/courseoutline.h"
+#include "overlay/overlayinteraction.h"
+#include "overlay/overlayplot.h"
+#include "overlay/scene/overlaylayout.h"
+#include "overlay/scene/overlayscene.h"
+#include "settings/viewstate.h"
+#include "support/columns.h"
+#include "support/graphcase.h"
+#include "support/paintlog.h"
+
+#include <QMetaEnum>
+#include <QWheelEvent>
+
+#include <cmath>
+#include <memory>
+
+namespace {
+
+constexpr QSize size(1000, 600); // plot from 56,22 to 719,573; the legend's rows from 730, 32 px high
+
+SeriesStore storeOf(const QString &records)
+{
+    SeriesStore store;
+    store.load(recordsOf(records));
+    return store;
+}
+
+QString joined(const QVector<OverlayScene::Tick> &ticks)
+{
+    QStringList texts;
+    for (const OverlayScene::Tick &tick : ticks)
+        texts.append(QString("%1@%2").arg(tick.text).arg(tick.at));
+    return texts.join(' ');
+}
+
+/// Recordings, apart by '|', and what is asked: "value=N", "charge", "linedUp", "shift=S,S", "picked=N",
+/// "cursor=PLACE", "marked=PLACE", "zoom=FROM,TO,LOW,HIGH", "white", "distinct". They are called A, B, C.
+OverlayRequest requestOf(const QString &words)
+{
+    OverlayRequest request;
+    request.size = size;
+    QStringList recordings = words.split(" | ");
+    for (const QString &recording : qAsConst(recordings))
+        if (!recording.isEmpty() && recording[0].isDigit())
+            request.entries.append({std::make_shared<const OverlayCourse>(storeOf(recording)),
+                QString(QChar('A' + request.entries.size()))});
+    const QStringList asked = recordings.last().split(' ');
+    for (const QString &word : asked) {
+        const QStringList numbers = word.section('=', 1).split(',');
+        const auto number = [&](int i) { return numbers.value(i).toDouble(); };
+        const QHash<QString, std::function<void()>> meanings{
+            {"value", [&] { request.value = OverlayValue(int(number(0))); }},
+            {"charge", [&] { request.axis = OverlayAxis::Charge; }},
+            {"linedUp", [&] { request.linedUp = true; }},
+            {"shift",
+                [&] {
+                    for (int i = 0; i < numbers.size(); ++i)
+                        request.entries[i].shift = number(i);
+                }},
+            {"picked", [&] { request.picked = int(number(0)); }},
+            {"cursor", [&] { request.cursor = number(0); }},
+            {"marked", [&] { request.marked = number(0); }},
+            {"size", [&] { request.size = QSize(int(number(0)), int(number(1))); }},
+            {"scale", [&] { request.scale = number(0); }},
+            {"white", [&] { request.black = false; }},
+            {"distinct", [&] { request.distinct = true; }},
+            {"zoom",
+                [&] {
+                    request.zoom.show({number(0), number(1)}, PlotArea::Upper, {number(2), number(3)},
+                        request.wholePlaces());
+                }},
+        };
+        meanings.value(word.section('=', 0, 0), [] {})();
+    }
+    return request;
+}
+
+} // namespace
+
+class TestOverlay : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { QLocale::setDefault(QLocale::c()); }
+
+    /// Which values there are, as digits; where the current starts; the points next to some places.
+    void courses_data()
+    {
+        columns<QString, QString, QString>({"records", "told", "near"});
+        const auto row = [](const char *records, const char *told, const char *near = "") {
+            QTest::newRow(records) << QString(records) << QString(told) << QString(near);
+        };
+        row("20", "01234567 start 0 time 0..1140 charge 0..1900", "-1:-1 29:0 31:1 1140:19 1141:-1");
+        row("17", "0123456 start 0 time 0..960 charge 0..1600");
+        row("20 mode=1 temperature=0", "012345 start 0 time 0..1140 charge 0..1900");
+        row("20 celldata=0 resistance=0", "056 start 0 time 0..1140 charge 0..1900");
+        row("10 current=0 current@3=100 current@5-9=1001", "0123456 start 5 time 0..540 charge 0..900");
+        row("10 current=-2000 current@0-1=-199", "0123456 start 2 time 0..540 charge 0..900");
+        row("4 current=0", "0123456 start 0 time 0..180 charge 0..300");
+        row("6 period@3=-100", "0123456 start 0 time 0..140 charge 0..500 back",
+            "19:3 21:3 141:-1 79:4 70:1");
+        row("4 period@1-3=0", "0123456 start 0 time 0..0 charge 0..300", "0:0 1:-1");
+        row("5 period@2-3=0", "0123456 start 0 time 0..120 charge 0..400", "80:1 100:4");
+        row("0", "");
+    }
+
+    void courses()
+    {
+        QFETCH(QString, records);
+        const OverlayCourse course(storeOf(records));
+        QString told;
+        for (int value = 0; value < int(OverlayValue::Count); ++value)
+            told += course.has(OverlayValue(value)) ? QString::number(value) : QString();
+        if (course.size() > 0)
+            told += QString(" start %1 time %2..%3 charge %4..%5%6")
+                        .arg(course.currentStart())
+                        .arg(course.reach(OverlayAxis::Time).low)
+                        .arg(course.reach(OverlayAxis::Time).high)
+                        .arg(course.reach(OverlayAxis::Charge).low)
+                        .arg(course.reach(OverlayAxis::Charge).high)
+                        .arg(course.isAscending(OverlayAxis::Time) ? "" : " back");
+        QTEST(told, "told");
+        QFETCH(QString, near);
+        const QStringList places = near.split(' ', Qt::SkipEmptyParts);
+        for (const QString &place : places)
+            QCOMPARE(course.pointAt(OverlayAxis::Time, place.section(':', 0, 0).toDouble()),
+                place.section(':', 1).toInt());
+    }
+
+    void outlineCoversAllSamples_data()
+    {
+        columns<double, double, int, int>({"from", "to", "jump", "most"});
+        QTest::newRow("all") << 0.0 << 20000.0 << 0 << 2500;
+        QTest::newRow("zoomed") << 9000.0 << 9400.0 << 0 << 500;
+        QTest::newRow("beside") << 30000.0 << 40000.0 << 0 << 4;
+        QTest::newRow("set back") << 0.0 << 20000.0 << 500 << 100000;
+        QTest::newRow("set back again and again") << 0.0 << 20000.0 << 1 << 2000;
+    }
+
+    /// On each half column the lowest and the highest, the first and the last of all; few points.
+    void outlineCoversAllSamples()
+    {
+        QFETCH(double, from);
+        QFETCH(double, to);
+        QFETCH(int, jump);
+        const int count = jump == 1 ? 120000 : 20000;
+        RecordList records;
+        for (int i = 0; i < count; ++i) {
+            Varnel3Data record;
+            record.setTime(jump == 1 ? i % 2 * 10000 + i / 20 : jump > 0 && i > 10000 ? i - jump : i);
+            record.voltage = 12000 + i * 7919 % 1000;
+            records.append(record);
+        }
+        SeriesStore store;
+        store.load(std::move(records));
+        const OverlayCourse course(store);
+        constexpr int left = 100;
+        constexpr int right = 399;
+        const CoursePlace place
+            = {(right - left) / (to - from), left - from * (right - left) / (to - from), -50, 900};
+        const QVector<QPointF> outline
+            = courseOutline(course, OverlayAxis::Time, OverlayValue::PackVoltage, place, left, right);
+        const auto inkOf = [&](const auto &points) {
+            QMap<int, Interval> ink;
+            for (const QPointF &point : points) {
+                const int column = int(std::floor(point.x() * 2));
+                if (column < left * 2 || column > right * 2)
+                    continue;
+                if (!ink.contains(column))
+                    ink[column] = {point.y(), point.y()};
+                ink[column].take({point.y(), point.y()});
+            }
+            QStringList lines;
+            for (auto it = ink.cbegin(); it != ink.cend(); ++it)
+                lines.append(
+                    QString("%1 %2 %3").arg(it.key()).arg(it->low, 0, 'f', 1).arg(it->high, 0, 'f', 1));
+            return lines;
+        };
+        QVector<QPointF> all;
+        for (int i = 0; i < count; ++i)
+            all.append({place.x + place.perX * store.series(SeriesStore::Time)[i],
+                place.y + place.perY * double(float(store.series(SeriesStore::Voltage)[i]))});
+        QCOMPARE(inkOf(outline), inkOf(all));
+        QFETCH(int, most);
+        QVERIFY2(outline.size() <= most, QByteArray::number(outline.size()));
+        if (jump == 0 && from == 0)
+            QVERIFY(outline.first().x() == left && outline.last().x() == all.last().x());
+        if (from == 9000) // what leads in and out
+            QVERIFY(outline.first().x() < left && outline.last().x() > right);
+    }
+
+    /// Heading; rows; places; values; why there is no curve.
+    void scenes_data()
+    {
+        columns<QString, QString>({"request", "told"});
+        const auto row = [](const char *request, const char *told) {
+            QTest::newRow(request) << QString(request) << QString::fromUtf8(told);
+        };
+        row("", "Pack voltage; ; ; ; No recording is shown: add files, or take the open graph windows.");
+        row("2 celldata=0 | value=1",
+            "Mean cell; A 00:01:00   100 mAh; ; ; None of these recordings has such values.");
+        row("20 | 11 period=120 current@0-1=0 | linedUp value=5",
+            "Current; A 00:19:00   1900 mAh, B 00:20:00   1000 mAh; 00:00:00@0 00:10:00@600; 0.0@0 0.5@0.5 1.0@1 1.5@1.5 2.0@2 2.5@2.5; ");
+        row("20 | 11 period=120 current@0-1=0 | linedUp cursor=60",
+            "Pack voltage   00:01:00; A 11.410 V   100 mAh, B 11.430 V   300 mAh; 00:00:00@0 00:10:00@600; 11.4@11.4 11.5@11.5 11.6@11.6; ");
+        row("20 | 11 | shift=0,-90 cursor=-60 zoom=-80,-20,0,1",
+            "Pack voltage   -00:01:00; A --.- V, B (-00:01:30) 11.410 V   100 mAh; -00:01:20@-80 -00:01:00@-60 -00:00:40@-40 -00:00:20@-20; 11.4@11.4 11.5@11.5 11.6@11.6; ");
+        row("20 | charge cursor=560 marked=1010 value=4",
+            "Spread of the cells   Δ 450 mAh; A Δ 0 mV   00:04:00; 0 mAh@0 1000 mAh@1000; 0@0 10@0.01 20@0.02 30@0.03; ");
+        row("20 min@15-19=3700 | marked=600 value=4 zoom=0,60,0.4,0.6",
+            "Spread of the cells   from 00:10:00 to the end; A Δ +90 mV   00:09:00   900 mAh; 00:00:00@0 00:00:20@20 00:00:40@40 00:01:00@60; 65@0.065 70@0.07 75@0.075 80@0.08; ");
+        row("20 | marked=1200 cursor=0",
+            "Pack voltage   Δ 00:20:00; A --.- V; 00:00:00@0 00:10:00@600; 11.4@11.4 11.5@11.5 11.6@11.6; ");
+        row("20 | cursor=300 value=7 zoom=0,60,0,0.1",
+            "Resistance   00:05:00; A --.- mΩ; 00:00:00@0 00:00:20@20 00:00:40@40 00:01:00@60; 39.0@39 39.5@39.5 40.0@40; ");
+        row("20 temperature@3=300 | cursor=1000 value=6 marked=0",
+            "Temperature   Δ 00:16:40; A Δ 0.0 °C   1700 mAh; 00:00:00@0 00:10:00@600; 25.0@25 25.5@25.5 26.0@26 26.5@26.5 27.0@27 27.5@27.5 28.0@28; ");
+        row("20 current@0-9=0 | charge linedUp shift=60",
+            "Pack voltage; A 00:19:00   1900 mAh; -1000 mAh@-1000 0 mAh@0; 11.4@11.4 11.5@11.5 11.6@11.6; ");
+    }
+
+    void scenes()
+    {
+        QFETCH(QString, request);
+        const OverlayScene scene = OverlayScene::of(requestOf(request), 3, 6);
+        QStringList rows;
+        for (const OverlayScene::Row &row : scene.rows)
+            rows.append(row.name + ' ' + row.figures);
+        QTEST(QStringList(
+                  {scene.heading, rows.join(", "), joined(scene.places), joined(scene.values), scene.reason})
+                  .join("; "),
+            "told");
+    }
+
+    /// Twenty lines are twenty looks, on either background, distinct or not; the picked one is wide alone.
+    void linesDiffer()
+    {
+        for (const char *asked : {"", "white", "distinct", "distinct white"}) {
+            QString words;
+            for (int i = 0; i < OverlayRequest::mostEntries; ++i)
+                words += "1 | ";
+            const OverlayScene scene = OverlayScene::of(requestOf(words + "picked=3 " + asked), 1, 1);
+            QStringList looks;
+            for (int i = 0; i < scene.lines.size(); ++i) {
+                looks.append(scene.lines[i].colour.name() + QString::number(scene.lines[i].style));
+                QCOMPARE(scene.lines[i].width, i == 3 ? 2 : 1);
+            }
+            QCOMPARE(looks.removeDuplicates(), 0);
+        }
+    }
+
+    void paints_data()
+    {
+        columns<QString, QString>({"request", "painted"});
+        const auto row = [](const char *request, const char *painted) {
+            QTest::newRow(request) << QString(request) << QString::fromUtf8(painted);
+        };
+        row("20 | 11 | picked=1 cursor=570 marked=285",
+            "rect 0,0 1000x600 #000000; line 230,22 230,573 dash1,2 #505050; line 230,575 230,578 #aaaaaa; "
+            "text '00:05:00' mid 230,586 11 Arial #ffffff; text '11.40' right 50,472 11 Arial #ffffff; "
+            "text 'V' right 50,11 11 Arial #ffffff; curve 56,472 719,123 of 20 #ff0022; "
+            "curve 56,472 405,288 of 11 pen2 #00bb00; rect 730,28 24x3 #ff0022; rect 730,54 268x32 #3c3c3c; "
+            "rect 730,60 24x3 #00bb00; line 222,22 222,573 dash4,2 #aaaaaa; line 388,22 388,573 #aaaaaa");
+        row("1 | white", "rect 54,296 4x4 #ff0022; rect 730,28 24x3 #ff0022; line 54,22 54,573 #5a5a5a");
+        row("20 | 20 | size=1280,500 scale=2 distinct picked=0",
+            "curve 112,372 874,118 of 20 #ffb000; curve 112,372 874,118 of 20 pen2 #ffffff");
+        row("20 | 20 | 20 | size=800,80",
+            "rect 560,30 24x3 #ff0022; rect 560,49 24x3 #00bb00; rect 560,68 24x3 #0066ff");
+        row("20 | zoom=300,600,0,0.5 white distinct",
+            "curve -77,224 852,-33 of 8 pen2 #000000; text '00:06:00' mid 189,586 11 Arial #000000");
+    }
+
+    void paints()
+    {
+        QFETCH(QString, request);
+        const OverlayRequest shown = requestOf(request);
+        OverlayPainter overlay;
+        PaintLog first(shown.size);
+        PaintLog last(shown.size);
+        for (PaintLog *log : {&first, &last}) { // once more with what was found
+            QPainter painter(log);
+            overlay.paint(&painter, shown);
+        }
+        QCOMPARE(last.lines(), first.lines());
+        QFETCH(QString, painted);
+        QCOMPARE(last.fault(painted), QByteArray());
+    }
+
+    void steps_data();
+    void steps();
+
+private:
+    void run(const QString &command);
+    QString view() const;
+
+    std::unique_ptr<OverlayPlot> plot;
+    ViewState state;
+};
+
+/// Two recordings of 663 s, so that a pixel is a second, from column 56 on; A is 50 s ahead of B when steps
+/// begin. Commands: hover X,Y   press|release|click B X,Y   drag B X,Y X,Y   double X,Y   turn N X,Y   key NAME
+///   leave   value N   charge   lineUp; "ctrl", "shift", "alt" are held.
+void TestOverlay::steps_data()
+{
+    columns<QString>({"script"});
+    const auto add
+        = [](const char *name, const char *script) { QTest::newRow(name) << QString(script).trimmed(); };
+    add("pointing", R"(
+hover 56,100 = all cursor 0
+hover 156,100 = all cursor 100
+hover 719,573 = all cursor 663
+hover 720,100 = all
+hover 156,574 = all
+hover 156,100; leave = all
+key Left = all cursor 663
+key Left shift = all cursor 653
+key Right = all cursor 654
+key Escape = all
+key Right = all cursor 0)");
+    add("second cursor", R"(
+click left 156,100 shift = all cursor 100 marked 100
+hover 256,100 = all cursor 200 marked 100
+double 256,100 shift = all cursor 200
+key Space shift = all cursor 200 marked 200
+key Escape = all cursor 200
+key Escape; key Space shift = all marked 0
+key Space shift = all
+key Space = no)");
+    add("zoom", R"(
+press left 156,160; move left 356,435 = all band 156 160 201 276
+release left 356,435 = 100..300 25..75 cursor 190
+key Home = all cursor 190
+drag left 156,160 158,435 = all cursor 102
+turn 1 387,100 = 66..597 0..100 cursor 331
+turn 1 387,297 ctrl = 66..597 10..90 cursor 331
+turn -9 387,297; turn -9 387,297 ctrl = all cursor 331
+turn 1 730,100 = no
+click middle 387,297 = 166..497 25..75 cursor 331
+click middle 387,297 ctrl = all cursor 331
+click middle 387,297; drag right 387,297 487,297 = 116..447 25..75 cursor 331
+drag right 387,297 387,407 = 116..447 35..85 cursor 281
+press right 387,297; key Escape; move left 400,300 = 116..447 35..85 cursor 281
+double 387,297 = all cursor 331
+key Plus; key Plus ctrl = 66..597 10..90 cursor 331
+key Right ctrl; key Up = 119..649 18..98 cursor 331
+key Left ctrl; key Down; key Minus; key Minus ctrl; key Home = all cursor 331
+key Plus; hover 719,100; key Right; key Right = 68..598 0..100 cursor 598)");
+    add("picking and moving in time", R"(
+click left 800,60 = all picked B
+click left 800,60 = all
+key Down ctrl = all picked A
+key Up ctrl = all picked B
+key Down ctrl = all picked A
+key Right alt = all picked A shift 1
+key Left alt shift = all picked A shift -9
+key Escape = all shift -9
+key Left alt = all shift -9
+drag left 156,560 206,560 ctrl = all cursor 155 picked B shift -9,51
+drag left 156,40 96,40 ctrl = all cursor -26 picked A shift -74,51
+charge; drag left 156,40 96,40 ctrl = all cursor 4000 picked A shift -74,51
+key Delete; charge = all shift 51
+key Delete = all)");
+    add("what changes the axes", R"(
+drag left 156,160 356,435; value 5 = 100..300 0..100 cursor 190
+charge = all
+drag left 156,160 356,435; lineUp = all
+hover 800,60; key Delete; key Plus = no)");
+}
+
+void TestOverlay::steps()
+{
+    QFETCH(QString, script);
+    plot = std::make_unique<OverlayPlot>(&state);
+    plot->resize(size);
+    plot->show();
+    plot->setEntries(requestOf("664 period=1 | 664 period=1 voltage=9000").entries);
+    const QStringList lines = script.split('\n');
+    for (const QString &line : lines) {
+        const QStringList commands = line.section(" = ", 0, 0).split("; ");
+        for (const QString &command : commands)
+            run(command);
+        QCOMPARE(line.section(" = ", 0, 0) + " = " + view(), line);
+    }
+}
+
+void TestOverlay::run(const QString &command)
+{
+    static const QHash<QString, Qt::MouseButton> buttons{
+        {"left", Qt::LeftButton}, {"middle", Qt::MiddleButton}, {"right", Qt::RightButton}};
+    const QStringList words = command.split(' ');
+    QVector<QPoint> points;
+    for (const QString &word : words)
+        if (word.contains(','))
+            points.append({word.section(',', 0, 0).toInt(), word.section(',', 1).toInt()});
+    Qt::KeyboardModifiers held;
+    held.setFlag(Qt::ControlModifier, words.contains("ctrl"));
+    held.setFlag(Qt::ShiftModifier, words.contains("shift"));
+    held.setFlag(Qt::AltModifier, words.contains("alt"));
+    const auto is = [&](const QStringList &kinds) { return kinds.contains(words[0]); };
+    const auto button = is({"double"}) ? Qt::LeftButton : buttons.value(words.value(1));
+    const auto mouse = [&](QEvent::Type type, const QPoint &at) {
+        QMouseEvent event(type, at, button, type == QEvent::MouseButtonRelease ? Qt::NoButton : button, held);
+        QCoreApplication::sendEvent(plot.get(), &event);
+    };
+    plot->setProperty("meant", true);
+    if (is({"press", "click", "drag"}))
+        mouse(QEvent::MouseButtonPress, points.first());
+    if (is({"double"}))
+        mouse(QEvent::MouseButtonDblClick, points.first());
+    if (is({"hover", "move", "drag"}))
+        mouse(QEvent::MouseMove, points.last());
+    if (is({"release", "click", "drag"}))
+        mouse(QEvent::MouseButtonRelease, points.last());
+    if (is({"turn"})) {
+        QWheelEvent event(points[0], points[0], {}, QPoint(0, 120 * words[1].toInt()), Qt::NoButton, held,
+            Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(plot.get(), &event);
+        plot->setProperty("meant", event.isAccepted());
+    }
+    if (is({"key"})) {
+        const QByteArray name = "Key_" + words[1].toLatin1();
+        QKeyEvent event(QEvent::KeyPress, QMetaEnum::fromType<Qt::Key>().keyToValue(name), held);
+        QCoreApplication::sendEvent(plot.get(), &event);
+        plot->setProperty("meant", event.isAccepted());
+    }
+    if (is({"leave"})) {
+        QEvent event(QEvent::Leave);
+        QCoreApplication::sendEvent(plot.get(), &event);
+    }
+    if (is({"value"}))
+        plot->setValue(OverlayValue(words[1].toInt()));
+    if (is({"charge"}))
+        plot->setAxis(plot->shown().axis == OverlayAxis::Time ? OverlayAxis::Charge : OverlayAxis::Time);
+    if (is({"lineUp"}))
+        plot->setLinedUp(true);
+}
+
+QString TestOverlay::view() const
+{
+    const OverlayRequest &shown = plot->shown();
+    if (!plot->property("meant").toBool())
+        return "no";
+    QString text = "all";
+    const Interval share = shown.zoom.share(PlotArea::Upper);
+    if (shown.zoom.isActive())
+        text = QString("%1..%2 %3..%4")
+                   .arg(qRound(shown.zoom.times().low))
+                   .arg(qRound(shown.zoom.times().high))
+                   .arg(qRound(100 * share.low))
+                   .arg(qRound(100 * share.high));
+    if (shown.cursor)
+        text += QString(" cursor %1").arg(qRound(*shown.cursor));
+    if (shown.marked)
+        text += QString(" marked %1").arg(qRound(*shown.marked));
+    const QRect band = shown.rubberBand;
+    if (!band.isEmpty())
+        text += QString(" band %1 %2 %3 %4")
+                    .arg(band.left())
+                    .arg(band.top())
+                    .arg(band.width())
+                    .arg(band.height());
+    if (shown.picked >= 0)
+        text += " picked " + shown.entries[shown.picked].label;
+    QStringList shifts;
+    for (const OverlayEntry &entry : shown.entries)
+        if (entry.shift != 0)
+            shifts.append(QString::number(entry.shift));
+    return shifts.isEmpty() ? text : text + " shift " + shifts.join(',');
+}
+
+QTEST_MAIN(TestOverlay)
+#include "tst_overlay.moc"

@@ -1,0 +1,109 @@
+#include "app/overlaycommands.h"
+#include "overlay/overlayplot.h"
+#include "overlay/overlaywindow.h"
+#include "support/documentrig.h"
+
+#include <QComboBox>
+#include <QImage>
+#include <QPushButton>
+#include <QSpinBox>
+
+/// The window of overlays, with all that opens it and fills it.
+class TestOverlayWindow : public QObject, private DocumentRig {
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        setUp();
+        open({});
+        commands = window->findChild<OverlayCommands *>();
+    }
+    void cleanup() { tearDown(); }
+
+    void showsOpenWindows()
+    {
+        window->createMdiChild();
+        for (int count : {3, 5}) {
+            MdiGraphChild *child = window->createMdiChild();
+            child->setPortName(QString("COM%1").arg(count));
+            for (int i = 0; i < count; ++i)
+                child->addRecord(Lines::record(i));
+        }
+        window->renumerateWindows();
+        trigger(ActionId::Overlay);
+        QCOMPARE(entries(), "2: COM3 3; 3: COM5 5");
+        window->activeMdiChild()->addRecord(Lines::record(9)); // what is shown stays as it was
+        QCOMPARE(entries(), "2: COM3 3; 3: COM5 5");
+        overlay()->findChild<QPushButton *>("overlayWindows")->click();
+        QCOMPARE(entries(), "2: COM3 3; 3: COM5 6");
+        auto *shift = overlay()->findChild<QSpinBox *>("overlayShift");
+        QVERIFY(!shift->isEnabled());
+        QTest::keyClick(overlay()->plot(), Qt::Key_Down, Qt::ControlModifier);
+        QVERIFY(shift->isEnabled());
+        shift->setValue(30);
+        QTest::keyClick(overlay()->plot(), Qt::Key_Down, Qt::ControlModifier);
+        QCOMPARE(shift->value(), 0);
+        QCOMPARE(overlay()->plot()->shown().entries[0].shift, 30.0);
+        overlay()->findChild<QComboBox *>("overlayAxis")->setCurrentIndex(1);
+        QVERIFY(!shift->isEnabled());
+        overlay()->resize(1111, 666);
+        QTest::keyClick(overlay(), Qt::Key_Escape); // the pick
+        QTest::keyClick(overlay()->plot(), Qt::Key_Escape);
+        QTRY_VERIFY(!overlay());
+        trigger(ActionId::Overlay);
+        QCOMPARE(overlay()->size(), QSize(1111, 666));
+    }
+
+    /// Labels given, from a journal's name, from a file's time; one that is none and one without a record.
+    void showsFiles()
+    {
+        const QString journal = dataFile("2026-05-03_14-20-11_COM7.acp", 4);
+        const QString other = dataFile("other.acp", 61);
+        QFile file(other);
+        QVERIFY(file.open(QIODevice::ReadWrite)
+            && file.setFileTime(QDateTime({2026, 5, 4}, {10, 1, 30}), QFileDevice::FileModificationTime));
+        file.close();
+        const QString none = fixture->path("none.acp");
+        QVERIFY(writeFile(none, "no recording\n"));
+        commands->showFiles({journal, other}, {"Pack 3,\n2026-05-03"});
+        QTRY_COMPARE(entries(), "Pack 3, 2026-05-03 4; other, ~2026-05-04 10:00 61");
+        answer({[&](QDialog *dialog) {
+            auto *chooser = qobject_cast<QFileDialog *>(dialog);
+            enterName(chooser, '"' + journal + "\" \"" + none + '"');
+        }});
+        overlay()->findChild<QPushButton *>("overlayFiles")->click();
+        QTRY_COMPARE(entries(), "Pack 3, 2026-05-03 4; other, ~2026-05-04 10:00 61; Pack 3, 2026-05-03 4");
+        auto *failures = overlay()->findChild<QMessageBox *>("overlayFailures");
+        QVERIFY(failures && failures->text().contains("none.acp: "));
+        failures->close();
+        commands->showFiles(QVector<QString>(25, journal).toList(), {});
+        QTRY_COMPARE(entries().count("COM7"), 20);
+    }
+
+    void savesPicture()
+    {
+        const QString name = fixture->path("over.png");
+        commands->showFiles({dataFile("one.acp", 30)}, {"one"});
+        QTRY_COMPARE(entries(), "one 30");
+        answer({enter(name)});
+        overlay()->findChild<QPushButton *>("overlayPicture")->click();
+        QTRY_VERIFY(QFile::exists(name));
+        QTRY_COMPARE(QImage(name).size(), overlay()->plot()->size());
+    }
+
+private:
+    OverlayWindow *overlay() const { return window->findChild<OverlayWindow *>(); }
+    QString entries() const
+    {
+        QStringList texts;
+        for (const OverlayEntry &entry : overlay()->plot()->shown().entries)
+            texts.append(entry.label + QString(" %1").arg(entry.course->size()));
+        return texts.join("; ");
+    }
+
+    OverlayCommands *commands = nullptr;
+};
+
+QTEST_MAIN(TestOverlayWindow)
+#include "tst_overlaywindow.moc"
