@@ -11,6 +11,7 @@ namespace {
 
 constexpr int markWidth = 9; // px, the stroke in a curve's colour before its name
 constexpr int dashesWidth = 16; // px, the same with room for dashes
+constexpr int dashesRoom = 9; // px that they take of the room between axis and legend
 constexpr int markHeight = 3;
 constexpr int lineHeight = 13;
 constexpr int lowestLine = 10; // lower ones would touch
@@ -121,9 +122,15 @@ void paintCells(const GraphCanvas &c, const GraphScene &scene)
 {
     const CellLegend legend(c.layout, scene.upperLegend.size());
     const int largest = qMin(c.fonts.font(8).pixelSize(), qMax(smallestFont, legend.row(0).height() - 1));
+    const auto rowOf = [&](int i) {
+        const QRect row = legend.row(i);
+        const bool wide
+            = c.request.switches.distinctLines && isNumbered(scene.upperLegend[i]) && !isNarrow(row);
+        return row.adjusted(wide ? -dashesRoom : 0, 0, 0, 0);
+    };
     const auto fontOf = [&](int row) {
         int font = largest;
-        while (font > smallestFont && !fits(c, scene.upperLegend[row], legend.row(row), font))
+        while (font > smallestFont && !fits(c, scene.upperLegend[row], rowOf(row), font))
             --font;
         return font;
     };
@@ -134,7 +141,7 @@ void paintCells(const GraphCanvas &c, const GraphScene &scene)
     }
     for (int i = 0; i < scene.upperLegend.size(); ++i) {
         const int font = isNumbered(scene.upperLegend[i]) ? numbered : fontOf(i);
-        paintRow(c, scene.upperLegend[i], legend.row(i), c.fonts.ofSize(font));
+        paintRow(c, scene.upperLegend[i], rowOf(i), c.fonts.ofSize(font));
     }
     paintHeading(c, scene, legend.heading(0), legend.heading(1));
 }

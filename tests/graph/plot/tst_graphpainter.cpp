@@ -160,6 +160,8 @@ pen #00ffff; left 442 22 58 17    Cels:; left 442 39 58 17 Voltage: V
 fill 443 160 8 3 #00ffff; left 453 154 45 13 Current; fill 443 190 8 3 #ff0000; pen #ff0000
 left 453 184 45 13 Temp.
 font 11 bold; pen #00c500; right 451 73 14 17 2; pen #ffffff; right 442 73 56 17 3,800)");
+    add("3 B distinct picked=1", "'3,79|rect 43(3|4,6)", R"(
+fill 434 63 14 3 #ffffff; fill 433 73 67 17 #3c3c3c; pen #ffffff; font 11; right 442 56 56 17 3,790)");
     add("3 B cells=16 size=360,240", "at (29|30|32|33).*,(32|44|56|69) |rect (29|32).,70 ", R"(
 font 8; pen #ff0022; left 294 47 31 12 1; pen #00bb00; left 294 59 31 13 2; fill 294 70 4 2 #00bb00
 pen #66aaff; left 325 47 35 12 9; pen #d83c63; left 325 59 35 13 10; fill 325 70 9 2 #aa2244
