@@ -64,6 +64,24 @@ int lastNumber(const GraphCanvas &c, const QVector<Tick> &ticks)
     return qRound(ticks.last().time / (ticks[1].time - ticks[0].time));
 }
 
+// Lines of one and a half pixels of a screen would be now one wide and now two.
+QPen ofWholePixels(const GraphCanvas &c, QPen pen)
+{
+    const double ratio = qMax(1.0, c.painter->device()->devicePixelRatioF());
+    pen.setWidthF(std::floor(ratio) / ratio);
+    return pen;
+}
+
+QPen gridPen(const GraphCanvas &c)
+{
+    return ofWholePixels(c, c.tools.gridPens[c.request.switches.blackBackground]);
+}
+
+QPen axisPen(const GraphCanvas &c)
+{
+    return ofWholePixels(c, c.tools.axisPens[c.request.switches.blackBackground]);
+}
+
 void paintPlotGrid(const GraphCanvas &c, PlotArea area)
 {
     const QRect rect = c.layout.area(area);
@@ -84,7 +102,7 @@ void paintPlotGrid(const GraphCanvas &c, PlotArea area)
     tools.timeDivision.setTicks(QwtScaleDiv::MajorTick, times);
     tools.valueDivision.setInterval(rect.bottom(), rect.top());
     tools.valueDivision.setTicks(QwtScaleDiv::MajorTick, heights);
-    tools.grid.setMajorPen(tools.gridPens[c.request.switches.blackBackground]);
+    tools.grid.setMajorPen(gridPen(c));
     tools.grid.setXDiv(tools.timeDivision);
     tools.grid.setYDiv(tools.valueDivision);
     tools.grid.draw(c.painter, c.timeMap, heightMap, QRectF(rect));
@@ -132,7 +150,7 @@ void paintInformation(const GraphCanvas &c, const GraphScene &scene)
 void paintTimeAxis(const GraphCanvas &c)
 {
     const int bottom = c.layout.plotBottom();
-    c.painter->setPen(c.tools.axisPens[c.request.switches.blackBackground]);
+    c.painter->setPen(axisPen(c));
     c.painter->drawLine(c.layout.plotLeft(), bottom, c.layout.plotRight(), bottom);
     c.painter->setFont(c.fonts.font(8));
     const QFontMetrics metrics(c.painter->font());
@@ -157,14 +175,14 @@ void paintGrid(const GraphCanvas &c, bool perCell)
     const QRect lower = c.layout.area(PlotArea::Lower);
     for (PlotArea area : {PlotArea::Upper, PlotArea::Lower}) {
         const QRect rect = c.layout.area(area);
-        c.painter->setPen(c.tools.axisPens[c.request.switches.blackBackground]);
+        c.painter->setPen(axisPen(c));
         c.painter->drawLine(rect.left() - 2, rect.top(), rect.left() - 2, rect.bottom());
         c.painter->drawLine(rect.right() + 2, rect.top(), rect.right() + 2, rect.bottom());
         if (perCell) {
             paintPlotGrid(c, area);
             continue;
         }
-        c.painter->setPen(c.tools.gridPens[c.request.switches.blackBackground]);
+        c.painter->setPen(gridPen(c));
         const QVector<int> heights = c.layout.valueHeights(area);
         for (const int y : heights)
             c.painter->drawLine(rect.left(), y, rect.right(), y);
