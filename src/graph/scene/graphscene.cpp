@@ -252,6 +252,8 @@ void GraphScene::addResistance(const GraphRequest &request)
         course.low, course.high, {beside.shareOf(current.low), beside.shareOf(current.high)});
     curves.append({PlotArea::Lower, SeriesStore::Resistance, SeriesStore::firstResistance(), range,
         colours.resistance(), colours.style(2), colours.curveWidth(), tr("Ri"), tr("m\u03a9"), 1.0, 0});
-    lowerLegend.append({tr("Ri"), FigureText::fixed(values.last(), 0, 0) + tr(" m\u03a9"),
+    const bool known = values.last() > 0.0; // with little current a device measures none
+    lowerLegend.append({tr("Ri"),
+        (known ? FigureText::fixed(values.last(), 0, 0) : FigureText::shortDashes()) + tr(" m\u03a9"),
         colours.resistance(), colours.style(2)});
 }
