@@ -67,6 +67,7 @@ check_sameness() {
 check_bare() {
     local release sources outcome=0
     [ "$(id -u)" = 0 ] || { say "not tried in a bare system: that needs root"; return 0; }
+    unshare --mount true 2>/dev/null || { say "not tried in a bare system: nothing can be mounted here"; return 0; }
     [ "$SECONDS" -le "${BARE_UNTIL:-$SECONDS}" ] || { say "not tried in a bare system: no time is left"; return 0; }
     bare=$(mktemp -d)
     trap 'rm -rf "$bare"' EXIT
