@@ -11,6 +11,7 @@ target_sources(varnel_core PRIVATE
     files/datafilepieces.cpp files/datafilepieces.h
     files/recordinglength.cpp files/recordinglength.h
     files/recordlabel.cpp files/recordlabel.h
+    files/csvrow.h
     files/filepieces.h
     files/wholefile.cpp files/wholefile.h
 )
