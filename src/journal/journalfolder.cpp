@@ -16,17 +16,8 @@
 namespace {
 
 constexpr int largestEmpty = 4096; // bytes; what is larger holds records
-
-// Anything but letters, digits and dashes would be at odds with some file system.
-QString harmless(const QString &portName)
-{
-    QString name = portName;
-    for (QChar &c : name) {
-        if (c.unicode() > 0x7f || (!c.isLetterOrNumber() && c != QLatin1Char('-')))
-            c = QLatin1Char('_');
-    }
-    return name;
-}
+constexpr char stampFormat[] = "yyyy-MM-dd_HH-mm-ss";
+constexpr int stampLength = int(sizeof stampFormat) - 1;
 
 QFileInfoList journals(const QString &path)
 {
@@ -57,7 +48,34 @@ QString JournalFolder::fileName(const QDateTime &time, const QString &portName, 
     const QString stamp = QString::asprintf("%04d-%02d-%02d_%02d-%02d-%02d_", day.year(), day.month(),
         day.day(), clock.hour(), clock.minute(), clock.second());
     const QString number = attempt > 1 ? QLatin1Char('_') + QString::number(attempt) : QString();
-    return m_path + QLatin1Char('/') + stamp + harmless(portName) + number + QStringLiteral(".acp");
+    return m_path + QLatin1Char('/') + stamp + inNames(portName) + number + QStringLiteral(".acp");
+}
+
+QDateTime JournalFolder::startOf(const QString &fileName)
+{
+    const QFileInfo info(fileName);
+    const QString name = info.completeBaseName();
+    if (info.suffix() != QLatin1String("acp") || name.size() <= stampLength
+        || name[stampLength] != QLatin1Char('_'))
+        return QDateTime();
+    return QDateTime::fromString(name.left(stampLength), QLatin1String(stampFormat));
+}
+
+QString JournalFolder::portOf(const QString &fileName)
+{
+    return startOf(fileName).isValid() ? QFileInfo(fileName).completeBaseName().mid(stampLength + 1)
+                                       : QString();
+}
+
+// Anything but letters, digits and dashes would be at odds with some file system.
+QString JournalFolder::inNames(const QString &portName)
+{
+    QString name = portName;
+    for (QChar &c : name) {
+        if (c.unicode() > 0x7f || (!c.isLetterOrNumber() && c != QLatin1Char('-')))
+            c = QLatin1Char('_');
+    }
+    return name;
 }
 
 QStringList JournalFolder::files() const

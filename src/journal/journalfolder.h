@@ -21,6 +21,12 @@ public:
     /// ".../2026-11-21_06-40-50_COM3.acp"; from `attempt` 2 on with the attempt's
     /// number, for names that are taken.
     QString fileName(const QDateTime &time, const QString &portName, int attempt) const;
+    /// When the recording of a journal began, by its name; invalid for other files.
+    static QDateTime startOf(const QString &fileName);
+    /// Its port as its name has it, with the attempt's number where there is one; empty for other files.
+    static QString portOf(const QString &fileName);
+    /// `portName` as the names of journals have it.
+    static QString inNames(const QString &portName);
     /// The journals, newest first, with their folder.
     QStringList files() const;
     /// Bytes that the journals take.

@@ -6,22 +6,29 @@
 #include <QFile>
 #include <QTimer>
 
+#include <utility>
+
 namespace {
 
 /// What a reader holds of the journal of its recording, and lets go at its end.
 class LiveLog : public RecordingLog {
 public:
-    /// `journal` outlives this.
-    explicit LiveLog(Journal &journal)
-        : m_journal(journal)
+    /// `keeper` and `journal` outlive this.
+    LiveLog(JournalKeeper &keeper, Journal &journal, const QString &portName)
+        : m_keeper(keeper)
+        , m_journal(journal)
+        , m_portName(portName)
     {
     }
     ~LiveLog() override
     {
-        if (m_lines.areWorthKeeping())
+        if (m_lines.areWorthKeeping()) {
             m_journal.finish();
-        else
+            emit m_keeper.ended(m_journal.fileName());
+        } else {
             m_journal.discard();
+            emit m_keeper.discarded(m_journal.fileName());
+        }
     }
     LiveLog(const LiveLog &) = delete;
     LiveLog &operator=(const LiveLog &) = delete;
@@ -29,12 +36,17 @@ public:
     void addRecord(const QByteArray &line, const Varnel3Data &record) override
     {
         m_journal.append(m_lines.ofRecord(line, record));
+        if (std::exchange(m_isFirst, false))
+            emit m_keeper.began(m_journal.fileName(), m_portName, record);
     }
     void addResistanceLine(const QByteArray &line) override { m_journal.append(m_lines.ofResistances(line)); }
 
 private:
+    JournalKeeper &m_keeper;
     Journal &m_journal;
+    QString m_portName;
     JournalLines m_lines;
+    bool m_isFirst = true;
 };
 
 } // namespace
@@ -63,7 +75,7 @@ std::unique_ptr<RecordingLog> JournalKeeper::create(const QString &portName)
     Journal &journal = m_journals.emplace_back(m_folder, m_syncer, portName, listener);
     m_files.insert(portName, journal.fileName());
     m_round->start();
-    return std::make_unique<LiveLog>(journal);
+    return std::make_unique<LiveLog>(*this, journal, portName);
 }
 
 bool JournalKeeper::holdsAll(const QString &fileName) const

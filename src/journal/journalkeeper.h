@@ -14,6 +14,7 @@
 
 class QTimer;
 class RecordingLog;
+class Varnel3Data;
 
 /// Keeps a journal of every live recording: makes their files, tidies the folder, tells at once what several
 /// of them have to tell, looks after the files once a second and tries what a full disk has refused, be the
@@ -50,6 +51,12 @@ signals:
     void resumed();
     /// A running recording's `fileName` was removed or replaced; its lines are written anew to `newName`.
     void replaced(const QString &fileName, const QString &newName);
+    /// The first record of a recording of `portName` is in its journal.
+    void began(const QString &fileName, const QString &portName, const Varnel3Data &record);
+    /// No more lines come into a journal that began; it is complete once the disk has taken it.
+    void ended(const QString &fileName);
+    /// The same, and it held too little for a file: there is none any more.
+    void discarded(const QString &fileName);
     /// The journals take more than largeFolder. Said once.
     void folderLarge(const QString &path, qint64 bytes);
 
