@@ -52,6 +52,8 @@ constexpr Number numbers[] = {
     {"capacity", &DeviceSettings::capacity, 50, 500000, "mAh"},
     {"current", &DeviceSettings::current, 10, 99999, "mA; else one capacity an hour"},
     {"weak", &DeviceSettings::weak, 0, maxCells, "number of a weak cell"},
+    {"age", &DeviceSettings::age, 0, 5000, "charges that the pack has been through"},
+    {"failing", &DeviceSettings::failing, 0, maxCells, "number of a cell that ages six times as fast"},
     {"soc", &DeviceSettings::charge, 0, 100, "per cent charged at the start"},
     {"spread", &DeviceSettings::spread, 0, 200, "differences between the cells, tenths of a per cent"},
     {"ambient", &DeviceSettings::ambient, 1, 60, "degrees Celsius"},

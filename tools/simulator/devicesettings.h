@@ -21,6 +21,8 @@ struct DeviceSettings {
     int current = 0; ///< mA; 0: one capacity an hour
     int balance = 0; ///< mA of the balancer: 250, 500, 750, 1000; 0: no cell data in the lines
     int weak = 0; ///< cell 1..16 with less capacity; 0: none
+    int age = 0; ///< charges that the pack has been through
+    int failing = 0; ///< cell 1..16 that ages six times as fast; 0: none
     int charge = -1; ///< per cent held at the start; -1: what suits the task
     int spread = -1; ///< tenths of a per cent from cell to cell; -1: what suits the task
     int ambient = 23; ///< degrees Celsius

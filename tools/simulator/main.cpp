@@ -2,6 +2,7 @@
 #include "simulator/console.h"
 #include "simulator/rack.h"
 #include "simulator/stopsignals.h"
+#include "simulator/year.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -55,6 +56,9 @@ void addOptions(QCommandLineParser *parser)
             QStringLiteral("file")},
         {QStringLiteral("seed"), QStringLiteral("The same number gives the same course."),
             QStringLiteral("number"), QStringLiteral("1")},
+        {QStringLiteral("year"),
+            QStringLiteral("Write a year of six packs that age into this folder, as recordings, and leave."),
+            QStringLiteral("folder")},
         {QStringLiteral("quiet"), QStringLiteral("Do not print what happens.")},
         {QStringLiteral("list"),
             QStringLiteral("Print the options of a device and the ports now in the folder.")},
@@ -116,6 +120,15 @@ int main(int argc, char **argv)
         return fail(QStringLiteral("--speed, --seed or --rate is not understood"));
     if (parser.isSet(QStringLiteral("list"))) {
         list(run.folder);
+        return 0;
+    }
+    if (parser.isSet(QStringLiteral("year"))) {
+        QString error;
+        const int files
+            = sim::writeYear(parser.value(QStringLiteral("year")), run.seed, QDate::currentDate(), &error);
+        if (files < 0)
+            return fail(error);
+        say(QStringLiteral("%1 recordings").arg(files));
         return 0;
     }
     sim::StopSignals signalsHeard;

@@ -13,6 +13,10 @@ constexpr double slowShare = 0.6; // of the resistance that acts only after a wh
 constexpr double slowSeconds = 40;
 constexpr double coolingSeconds = 1500;
 constexpr double heatPerAh = 25; // J/K of a cell of 1 Ah
+constexpr double lossPerCharge = 0.0008; // of the capacity
+constexpr double gainPerCharge = 0.002; // of the resistance
+constexpr double leastCapacity = 0.2; // that age leaves
+constexpr int failingFactor = 6;
 
 /// About normal, mean 0 and deviation 1, the same on every system.
 double bell(QRandomGenerator &random)
@@ -37,6 +41,9 @@ Pack::Pack(const PackPlan &plan, QRandomGenerator &random)
         cell.capacity = nominal * (weak ? 0.7 : 1) * std::max(0.5, 1 + plan.spread * bell(random));
         cell.resistance = chemistry().resistance * 1000 / nominal * (weak ? 2.5 : 1)
             * std::max(0.5, 1 + 0.06 * bell(random));
+        const int charges = plan.age * (i + 1 == plan.failingCell ? failingFactor : 1);
+        cell.capacity *= std::max(leastCapacity, 1 - lossPerCharge * charges);
+        cell.resistance *= 1 + gainPerCharge * charges;
         smallest = std::min(smallest, cell.capacity);
         m_cells.append(cell);
     }

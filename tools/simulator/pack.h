@@ -27,6 +27,8 @@ struct PackPlan {
     double charge = 0.15; ///< share of the capacity held at the start
     double spread = 0.015; ///< of capacity and charge from cell to cell
     int weakCell = 0; ///< 1..cells: 30 % less capacity and 2.5 times the resistance; 0: none
+    int age = 0; ///< charges it has been through: each takes some capacity and adds some resistance
+    int failingCell = 0; ///< 1..cells: ages six times as fast; 0: none
     double ambient = 23; ///< degrees Celsius
 };
 

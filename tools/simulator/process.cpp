@@ -24,6 +24,8 @@ PackPlan packPlan(const DeviceSettings &settings)
     const double usual = settings.task == Task::Balance ? 0.03 : 0.012;
     plan.spread = settings.spread < 0 ? usual : settings.spread / 1000.0;
     plan.weakCell = settings.weak;
+    plan.age = settings.age;
+    plan.failingCell = settings.failing;
     plan.ambient = settings.ambient;
     return plan;
 }
@@ -33,7 +35,7 @@ PackPlan packPlan(const DeviceSettings &settings)
 Process::Process(const DeviceSettings &settings, quint32 seed)
     : m_settings(settings)
     , m_random(seed)
-    , m_noise(seed + 1)
+    , m_noise(seed + 1 + quint32(settings.age))
     , m_pack(packPlan(settings), m_random)
 {
     const QVector<QVector<Step>> plans
