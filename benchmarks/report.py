@@ -66,6 +66,12 @@ ROWS = [
      ratio(f"paint dozens joined/house/{LONG}", f"paint wide/house/{LONG}"), "x", None),
     ("paint: nothing new against anew", ratio(f"paint/again/{LONG}", f"paint/house/{LONG}"), "x", None),
     ("paint: nothing new, x spans alone", ratio(f"paint/again/{LONG}", f"paint/spans/{LONG}"), "x", "< 1.3"),
+    ("logbook of 10000 recordings, opened", lambda t: t["logbook/open:real"] / NS_IN_MS, "ms", "< 300"),
+    ("the same, filtered", lambda t: t["logbook/filter"] / NS_IN_MS, "ms", "< 50"),
+    ("the same, 1000 files of 5000 records read", lambda t: t["logbook/read:real"] / 1e9, "s", "< 20"),
+    ("longest pause meanwhile", lambda t: t["logbook/read:held"], "ms", "< 50"),
+    ("100000 files that are none", lambda t: t["logbook/none:real"] / 1e9, "s", None),
+    ("longest pause meanwhile", lambda t: t["logbook/none:held"], "ms", "< 50"),
     ("eight windows, a record each", lambda t: t["memory/eight windows:held"], "MB", "< 4"),
     ("a million records, opened and drawn", lambda t: t["memory/a million records"] / NS_IN_MS, "ms", None),
     ("memory meanwhile", lambda t: t["memory/a million records:held"], "MB", None),
@@ -184,9 +190,9 @@ def medians(results):
 def measure(folder, pattern):
     """{name: median}, and the steps of the start, empty where that was filtered out"""
     wanted = lambda name: re.search(pattern or "", name)
-    table = medians(run(folder, pattern or "-^memory"))
+    table = medians(run(folder, pattern or "-^(memory|logbook)"))
     for name, repetitions in (("memory/eight windows", 1), ("memory/a million records", 3),
-                              ("memory/twenty days", 3)):
+                              ("memory/twenty days", 3), ("logbook", 1)):
         if wanted(name):
             table.update(medians(run(folder, f"^{name}", repetitions)))
     if f"read file/house/{LONG}" in table:

@@ -22,6 +22,7 @@ RULES = {
     "files": {"data", "protocol", "files/disk"},
     "journal": {"data", "protocol", "files", "files/disk"},
     "series": {"data"},
+    "logbook": {"data", "series", "files", "files/disk", "journal"},
     "widgets": set(),
     "printing": set(),
     "graph/curves": {"series"},

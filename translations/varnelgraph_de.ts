@@ -123,10 +123,6 @@ Um genauer hinzusehen, halten Sie stattdessen die Ansicht: Taste H.</translation
         <translation>unbekanntes Wort </translation>
     </message>
     <message>
-        <source>Either --export-csv or --render.</source>
-        <translation>Entweder --export-csv oder --render.</translation>
-    </message>
-    <message>
         <source>One recording FILE is needed.</source>
         <translation>Eine Aufzeichnung FILE wird gebraucht.</translation>
     </message>
@@ -153,6 +149,18 @@ Um genauer hinzusehen, halten Sie stattdessen die Ansicht: Taste H.</translation
     <message>
         <source>Lines of the drawing: usual, or distinct without their hues.</source>
         <translation>Linien der Zeichnung: usual (wie üblich) oder distinct (ohne Farben unterscheidbar).</translation>
+    </message>
+    <message>
+        <source>Write the logbook to &lt;out&gt; as comma-separated values and leave.</source>
+        <translation>Das Logbuch als kommagetrennte Werte nach &lt;out&gt; schreiben und beenden.</translation>
+    </message>
+    <message>
+        <source>Only one of --export-csv, --logbook-csv and --render.</source>
+        <translation>Nur eines von --export-csv, --logbook-csv und --render.</translation>
+    </message>
+    <message>
+        <source>The logbook needs no recording FILE.</source>
+        <translation>Das Logbuch braucht keine Aufzeichnung FILE.</translation>
     </message>
 </context>
 <context>
@@ -981,6 +989,94 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
     <message>
         <source>No data in file.</source>
         <translation>Die Datei enthält keine Daten.</translation>
+    </message>
+</context>
+<context>
+    <name>Logbook</name>
+    <message>
+        <source>The logbook can&apos;t be written for now: %1</source>
+        <translation>Das Logbuch kann zur Zeit nicht geschrieben werden: %1</translation>
+    </message>
+</context>
+<context>
+    <name>LogbookEditor</name>
+    <message>
+        <source>New pack</source>
+        <translation>Neuer Akku</translation>
+    </message>
+    <message>
+        <source>Change pack</source>
+        <translation>Akku ändern</translation>
+    </message>
+    <message>
+        <source>Rename pack</source>
+        <translation>Akku umbenennen</translation>
+    </message>
+    <message>
+        <source>Remove pack</source>
+        <translation>Akku entfernen</translation>
+    </message>
+    <message>
+        <source>Assign to pack</source>
+        <translation>Akku zuordnen</translation>
+    </message>
+    <message>
+        <source>Merge packs</source>
+        <translation>Akkus zusammenlegen</translation>
+    </message>
+    <message>
+        <source>Take apart</source>
+        <translation>Trennen</translation>
+    </message>
+    <message>
+        <source>Change note</source>
+        <translation>Notiz ändern</translation>
+    </message>
+    <message>
+        <source>Remove from logbook</source>
+        <translation>Aus dem Logbuch entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>LogbookFile</name>
+    <message>
+        <source>The logbook can&apos;t be kept: nothing can be written to %1.</source>
+        <translation>Das Logbuch kann nicht geführt werden: In %1 kann nichts geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>The logbook is shown as it is and can&apos;t be kept: %1 can&apos;t be written.</source>
+        <translation>Das Logbuch wird gezeigt, wie es ist, und kann nicht geführt werden: %1 kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>The logbook can&apos;t be read: %1.</source>
+        <translation>Das Logbuch kann nicht gelesen werden: %1.</translation>
+    </message>
+    <message>
+        <source>The logbook was written by a newer version and is only shown.</source>
+        <translation>Das Logbuch wurde von einer neueren Version geschrieben und wird nur gezeigt.</translation>
+    </message>
+    <message>
+        <source>The logbook can&apos;t be kept: %1</source>
+        <translation>Das Logbuch kann nicht geführt werden: %1</translation>
+    </message>
+    <message>
+        <source>The logbook is damaged: %1</source>
+        <translation>Das Logbuch ist beschädigt: %1</translation>
+    </message>
+    <message>
+        <source>The logbook was damaged and is made anew from the recordings. The damaged file is now %1.</source>
+        <translation>Das Logbuch war beschädigt und wird aus den Aufzeichnungen neu angelegt. Die beschädigte Datei heißt jetzt %1.</translation>
+    </message>
+    <message>
+        <source>The logbook was damaged. Packs, assignments and notes are those of the copy %2; the recordings are read anew. The damaged file is now %1.</source>
+        <translation>Das Logbuch war beschädigt. Akkus, Zuordnungen und Notizen stammen aus der Kopie %2; die Aufzeichnungen werden neu gelesen. Die beschädigte Datei heißt jetzt %1.</translation>
+    </message>
+</context>
+<context>
+    <name>LogbookParts</name>
+    <message>
+        <source>Logbook</source>
+        <translation>Logbuch</translation>
     </message>
 </context>
 <context>

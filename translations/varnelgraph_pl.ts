@@ -124,10 +124,6 @@ Aby przyjrzeć się bliżej, zatrzymaj widok: klawisz H.</translation>
         <translation>nieznane słowo </translation>
     </message>
     <message>
-        <source>Either --export-csv or --render.</source>
-        <translation>Albo --export-csv, albo --render.</translation>
-    </message>
-    <message>
         <source>One recording FILE is needed.</source>
         <translation>Potrzebne jest jedno nagranie FILE.</translation>
     </message>
@@ -154,6 +150,18 @@ Aby przyjrzeć się bliżej, zatrzymaj widok: klawisz H.</translation>
     <message>
         <source>Lines of the drawing: usual, or distinct without their hues.</source>
         <translation>Linie rysunku: usual (zwykłe) lub distinct (rozróżnialne bez barw).</translation>
+    </message>
+    <message>
+        <source>Write the logbook to &lt;out&gt; as comma-separated values and leave.</source>
+        <translation>Zapisz kronikę do &lt;out&gt; jako wartości rozdzielane przecinkami i zakończ.</translation>
+    </message>
+    <message>
+        <source>Only one of --export-csv, --logbook-csv and --render.</source>
+        <translation>Tylko jedno z --export-csv, --logbook-csv i --render.</translation>
+    </message>
+    <message>
+        <source>The logbook needs no recording FILE.</source>
+        <translation>Kronika nie wymaga nagrania FILE.</translation>
     </message>
 </context>
 <context>
@@ -984,6 +992,94 @@ Zatrzymać proces urządzenia na %2?</translation>
     <message>
         <source>No data in file.</source>
         <translation>Plik nie zawiera danych.</translation>
+    </message>
+</context>
+<context>
+    <name>Logbook</name>
+    <message>
+        <source>The logbook can&apos;t be written for now: %1</source>
+        <translation>Kroniki nie można teraz zapisać: %1</translation>
+    </message>
+</context>
+<context>
+    <name>LogbookEditor</name>
+    <message>
+        <source>New pack</source>
+        <translation>Nowy pakiet</translation>
+    </message>
+    <message>
+        <source>Change pack</source>
+        <translation>Zmiana pakietu</translation>
+    </message>
+    <message>
+        <source>Rename pack</source>
+        <translation>Zmiana nazwy pakietu</translation>
+    </message>
+    <message>
+        <source>Remove pack</source>
+        <translation>Usunięcie pakietu</translation>
+    </message>
+    <message>
+        <source>Assign to pack</source>
+        <translation>Przypisanie do pakietu</translation>
+    </message>
+    <message>
+        <source>Merge packs</source>
+        <translation>Połączenie pakietów</translation>
+    </message>
+    <message>
+        <source>Take apart</source>
+        <translation>Rozdzielenie</translation>
+    </message>
+    <message>
+        <source>Change note</source>
+        <translation>Zmiana notatki</translation>
+    </message>
+    <message>
+        <source>Remove from logbook</source>
+        <translation>Usunięcie z kroniki</translation>
+    </message>
+</context>
+<context>
+    <name>LogbookFile</name>
+    <message>
+        <source>The logbook can&apos;t be kept: nothing can be written to %1.</source>
+        <translation>Kroniki nie można prowadzić: w %1 nie można nic zapisać.</translation>
+    </message>
+    <message>
+        <source>The logbook is shown as it is and can&apos;t be kept: %1 can&apos;t be written.</source>
+        <translation>Kronika jest pokazywana, jaka jest, i nie można jej prowadzić: nie można zapisać %1.</translation>
+    </message>
+    <message>
+        <source>The logbook can&apos;t be read: %1.</source>
+        <translation>Kroniki nie można odczytać: %1.</translation>
+    </message>
+    <message>
+        <source>The logbook was written by a newer version and is only shown.</source>
+        <translation>Kronikę zapisała nowsza wersja; jest tylko pokazywana.</translation>
+    </message>
+    <message>
+        <source>The logbook can&apos;t be kept: %1</source>
+        <translation>Kroniki nie można prowadzić: %1</translation>
+    </message>
+    <message>
+        <source>The logbook is damaged: %1</source>
+        <translation>Kronika jest uszkodzona: %1</translation>
+    </message>
+    <message>
+        <source>The logbook was damaged and is made anew from the recordings. The damaged file is now %1.</source>
+        <translation>Kronika była uszkodzona i powstaje na nowo z nagrań. Uszkodzony plik to teraz %1.</translation>
+    </message>
+    <message>
+        <source>The logbook was damaged. Packs, assignments and notes are those of the copy %2; the recordings are read anew. The damaged file is now %1.</source>
+        <translation>Kronika była uszkodzona. Pakiety, przypisania i notatki pochodzą z kopii %2; nagrania są czytane na nowo. Uszkodzony plik to teraz %1.</translation>
+    </message>
+</context>
+<context>
+    <name>LogbookParts</name>
+    <message>
+        <source>Logbook</source>
+        <translation>Kronika</translation>
     </message>
 </context>
 <context>

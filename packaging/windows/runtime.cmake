@@ -3,12 +3,12 @@
 # VARNEL_WINDOWS_DLLS may be changed for a Qt that was built with other libraries; objdump, called by
 # checkdlls.cmake while installing, names what is missing.
 set(VARNEL_WINDOWS_DLLS
-    Qt5Core Qt5Gui Qt5Network Qt5PrintSupport Qt5SerialPort Qt5Svg Qt5Widgets
+    Qt5Core Qt5Gui Qt5Network Qt5PrintSupport Qt5SerialPort Qt5Sql Qt5Svg Qt5Widgets
     libgcc_s_seh-1 libstdc++-6 libwinpthread-1
     CACHE STRING "DLLs of the Windows package, without their ending, but for Qwt's")
 set(VARNEL_WINDOWS_PLUGINS
     platforms/qwindows styles/qwindowsvistastyle imageformats/qsvg imageformats/qico iconengines/qsvgicon
-    printsupport/windowsprintersupport
+    printsupport/windowsprintersupport sqldrivers/qsqlite
     CACHE STRING "Qt plugins of the Windows package, without their ending")
 
 execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=libstdc++-6.dll OUTPUT_VARIABLE compiler_dll

@@ -1,6 +1,7 @@
 #include "app/batch.h"
 
 #include "app/commandline.h"
+#include "app/logbookexport.h"
 #include "app/process/console.h"
 #include "documents/fileconversion.h"
 
@@ -14,8 +15,24 @@ int say(const QString &text, Channel channel, Status status)
     return status;
 }
 
+QString words(const QString &text)
+{
+    return QStringLiteral("varnelgraph: %1\n").arg(text);
+}
+
+QString writeLogbook(const CommandLine &line)
+{
+    QString notice;
+    const QString failure = exportLogbook(line.output, &notice);
+    if (!notice.isEmpty())
+        tellCaller(words(notice), Channel::Error);
+    return failure;
+}
+
 QString convert(const CommandLine &line)
 {
+    if (line.task == CommandLine::LogbookCsv)
+        return writeLogbook(line);
     const QString &input = line.files.first();
     return line.task == CommandLine::Render ? convertToPicture(input, line.output, line.size, line.switches)
                                             : convertToCsv(input, line.output);
@@ -30,6 +47,5 @@ int runBatch(const CommandLine &line)
     if (line.task == CommandLine::Refuse)
         return say(line.message, Channel::Error, Refused);
     const QString failure = convert(line);
-    return failure.isEmpty() ? int(Done)
-                             : say(QStringLiteral("varnelgraph: %1\n").arg(failure), Channel::Error, Failed);
+    return failure.isEmpty() ? int(Done) : say(words(failure), Channel::Error, Failed);
 }

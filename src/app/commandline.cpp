@@ -25,6 +25,7 @@ struct Option {
 constexpr char languageName[] = "language";
 constexpr char exportName[] = "export-csv";
 constexpr char renderName[] = "render";
+constexpr char logbookName[] = "logbook-csv";
 constexpr char sizeName[] = "size";
 
 const Option options[] = {
@@ -33,6 +34,8 @@ const Option options[] = {
     {exportName, "out",
         QT_TRANSLATE_NOOP(
             "CommandLine", "Write the recording FILE to <out> as comma-separated values and leave.")},
+    {logbookName, "out",
+        QT_TRANSLATE_NOOP("CommandLine", "Write the logbook to <out> as comma-separated values and leave.")},
     {renderName, "out",
         QT_TRANSLATE_NOOP("CommandLine", "Draw the recording FILE to <out> (.png, .svg or .pdf) and leave.")},
     {sizeName, "WxH",
@@ -151,20 +154,31 @@ bool isRecording(const QString &fileName)
     return false;
 }
 
-void readBatch(const QCommandLineParser &parser, CommandLine &line)
+/// Words of which each asks for another batch.
+struct BatchWord {
+    const char *option;
+    CommandLine::Task task;
+    int files; ///< that it needs
+};
+
+const BatchWord batchWords[] = {{exportName, CommandLine::ExportCsv, 1}, {renderName, CommandLine::Render, 1},
+    {logbookName, CommandLine::LogbookCsv, 0}};
+
+void readBatch(const QCommandLineParser &parser, const BatchWord &word, CommandLine &line)
 {
-    const bool exports = parser.isSet(name(exportName));
-    if (exports && parser.isSet(name(renderName)))
-        return refuse(line, Texts::tr("Either --export-csv or --render."));
-    if (line.files.size() != 1)
-        return refuse(line, Texts::tr("One recording FILE is needed."));
-    line.task = exports ? CommandLine::ExportCsv : CommandLine::Render;
-    line.output = parser.value(name(exports ? exportName : renderName));
-    const bool same
-        = QFileInfo::exists(line.output) && QFileInfo(line.output) == QFileInfo(line.files.first());
+    if (line.isBatch())
+        return refuse(line, Texts::tr("Only one of --export-csv, --logbook-csv and --render."));
+    if (line.files.size() != word.files)
+        return refuse(line,
+            word.files == 1 ? Texts::tr("One recording FILE is needed.")
+                            : Texts::tr("The logbook needs no recording FILE."));
+    line.task = word.task;
+    line.output = parser.value(name(word.option));
+    const bool same = QFileInfo::exists(line.output) && !line.files.isEmpty()
+        && QFileInfo(line.output) == QFileInfo(line.files.first());
     if (same || isRecording(line.output))
         return refuse(line, Texts::tr("A recording is not written over: ") + line.output);
-    if (!exports && graphFormat(line.output) == GraphFormat::Unknown)
+    if (word.task == CommandLine::Render && graphFormat(line.output) == GraphFormat::Unknown)
         refuse(line, Texts::tr("The drawing's name must end in .png, .svg or .pdf: ") + line.output);
 }
 
@@ -201,9 +215,10 @@ CommandLine parseCommandLine(const QStringList &arguments)
         return line;
     }
     readDrawing(parser, line);
-    if (line.task != CommandLine::Refuse
-        && (parser.isSet(name(exportName)) || parser.isSet(name(renderName))))
-        readBatch(parser, line);
+    for (const BatchWord &word : batchWords) {
+        if (line.task != CommandLine::Refuse && parser.isSet(name(word.option)))
+            readBatch(parser, word, line);
+    }
     return line;
 }
 

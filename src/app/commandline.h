@@ -11,6 +11,7 @@ struct CommandLine {
         Run, ///< show the main window; `files` are opened in it
         ExportCsv, ///< write files[0] to `output` as comma-separated values and leave
         Render, ///< draw files[0] to `output` and leave
+        LogbookCsv, ///< write the logbook to `output` as comma-separated values and leave
         Print, ///< write `message` to standard output and leave: help or version
         Refuse ///< write `message` to standard error and leave: the words are off
     };

@@ -10,6 +10,7 @@
 #include "devices/endnotice.h"
 #include "desk/shownrecord.h"
 #include "app/filedrops.h"
+#include "app/logbookparts.h"
 #include "documents/filewriter.h"
 #include "documents/graphexports.h"
 #include "desk/graphwindows.h"
@@ -108,6 +109,7 @@ void MainWindow::createParts()
     unsaved = new UnsavedWindows(this, graphs, documents, windowFiles, writer);
     graphs->setCloseGuard(unsaved);
     new SessionEnd(this, {writer, unsaved, ports});
+    logbookParts = new LogbookParts(this, windowFiles->keeper(), documents);
     tools = new ToolsCommands(this, actions, graphs, documents, writer, windowFiles);
     overlay = new OverlayCommands(this, (*actions)[ActionId::Overlay],
         {state, graphs, documents, windowFiles, new GraphExports(this, writer, windowFiles)});
@@ -156,7 +158,7 @@ void MainWindow::connectParts()
     connect(graphs, SIGNAL(selectedCellsChanged()), this, SLOT(updateVoltage()));
     connect(documents, SIGNAL(opened()), this, SLOT(renumerateWindows()));
     for (const QObject *teller : std::initializer_list<const QObject *>{
-             graphs, documents, unsaved, tools, commands, readerHost, ports})
+             graphs, documents, unsaved, tools, commands, readerHost, ports, logbookParts})
         connect(teller, SIGNAL(message(QString,int)), this, SLOT(showMessageStatusBar(QString,int)));
     connect(graphs, SIGNAL(currentChanged()), this, SLOT(updateMenus()));
     connect(graphs, SIGNAL(currentChanged()), staleWatch, SLOT(look()));

@@ -22,6 +22,7 @@ class FileWriter;
 class GraphWindows;
 class ListenedPorts;
 class LiveWindows;
+class LogbookParts;
 class MdiGraphChild;
 class OverlayCommands;
 class PackSource;
@@ -169,6 +170,7 @@ private:
     FileWriter *writer;
     Documents *documents;
     UnsavedWindows *unsaved;
+    LogbookParts *logbookParts;
     ToolsCommands *tools;
     OverlayCommands *overlay;
     std::unique_ptr<DeviceTargets> targets;

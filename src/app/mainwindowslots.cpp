@@ -2,6 +2,7 @@
 
 #include "app/actionset.h"
 #include "app/explanations.h"
+#include "app/logbookparts.h"
 #include "app/shellmenus.h"
 #include "app/viewswitchboard.h"
 #include "desk/deskarea.h"
@@ -275,6 +276,7 @@ void MainWindow::recordingOnStart()
     recording(true);
     started = true;
     documents->open(filesAtStart);
+    logbookParts->open();
 }
 
 void MainWindow::toolBarStop()

@@ -4,6 +4,8 @@ target_sources(varnel_gui PRIVATE
     app/commandline.cpp app/commandline.h
     app/explanations.cpp app/explanations.h
     app/filedrops.cpp app/filedrops.h
+    app/logbookexport.cpp app/logbookexport.h
+    app/logbookparts.cpp app/logbookparts.h
     app/mainwindow.cpp app/mainwindow.h app/mainwindowslots.cpp
     app/overlaycommands.cpp app/overlaycommands.h
     app/overlaylabel.cpp app/overlaylabel.h

@@ -203,6 +203,7 @@ void Documents::onLoaded(const QString &fileName, SeriesStore *store)
     child->load(std::move(*store), fileName);
     m_windowFiles->attachFile(child, fileName);
     m_graphs->place(child);
+    emit fileOpened(fileName);
 }
 
 void Documents::onFinished(const QStringList &failures, int total)
@@ -274,6 +275,7 @@ void Documents::finishSave(
         tellFailure(fileName, outcome.reason);
     } else {
         child->markSaved(fileName, lines.recordCount());
+        emit fileSaved(fileName, m_windowFiles->fileOf(child));
         emit message(tr("Data saved on disk."), savedTime);
         m_savedFile = QDir::toNativeSeparators(fileName);
         QTimer::singleShot(savedTime, this, SLOT(nameSaved()));

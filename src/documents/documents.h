@@ -48,6 +48,10 @@ public:
 
 signals:
     void message(const QString &text, int timeout);
+    /// A graph window shows what stands in `fileName`.
+    void fileOpened(const QString &fileName);
+    /// `fileName` was written; the same records stand in `source`, which is empty where no file holds them.
+    void fileSaved(const QString &fileName, const QString &source);
     /// What was to be opened is, or could not be: the windows are to be numbered, before the displays are
     /// shown again.
     void opened();

@@ -36,17 +36,6 @@ QString load(const QString &fileName, SeriesStore &store)
     }
 }
 
-QString write(const QString &output, FilePieces &pieces)
-{
-    if (output != QLatin1String("-")) {
-        const WriteOutcome outcome = writeWholeFile(output, pieces);
-        return outcome.written ? QString() : failure(output, outcome.reason);
-    }
-    QFile out;
-    const bool written = out.open(stdout, QIODevice::WriteOnly) && pieces.writeAll(out) && out.flush();
-    return written ? QString() : failure(output, out.errorString());
-}
-
 } // namespace
 
 QString convertToCsv(const QString &fileName, const QString &output)
@@ -56,7 +45,7 @@ QString convertToCsv(const QString &fileName, const QString &output)
     if (!reason.isEmpty())
         return reason;
     CsvRows rows(store);
-    return write(output, rows);
+    return writeOutput(output, rows);
 }
 
 QString convertToPicture(
@@ -72,5 +61,16 @@ QString convertToPicture(
     request.switches = switches;
     request.windowNumber = 1;
     OnePiece piece([&](QIODevice &device) { return writeGraph(request, graphFormat(output), &device); });
-    return write(output, piece);
+    return writeOutput(output, piece);
+}
+
+QString writeOutput(const QString &output, FilePieces &pieces)
+{
+    if (output != QLatin1String("-")) {
+        const WriteOutcome outcome = writeWholeFile(output, pieces);
+        return outcome.written ? QString() : failure(output, outcome.reason);
+    }
+    QFile out;
+    const bool written = out.open(stdout, QIODevice::WriteOnly) && pieces.writeAll(out) && out.flush();
+    return written ? QString() : failure(output, out.errorString());
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+class FilePieces;
 class QSize;
 class QString;
 struct ViewSwitches;
@@ -12,3 +13,5 @@ QString convertToCsv(const QString &fileName, const QString &output);
 /// The graph, of `size` pixels and as `switches` say, in the format that `output` ends in.
 QString convertToPicture(
     const QString &fileName, const QString &output, const QSize &size, const ViewSwitches &switches);
+/// Writes `pieces` in the same way.
+QString writeOutput(const QString &output, FilePieces &pieces);

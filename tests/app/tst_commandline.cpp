@@ -20,10 +20,14 @@ private slots:
         row("export", "--export-csv out.csv a.acp", CommandLine::ExportCsv, "out.csv", 1);
         row("export to standard output", "--export-csv - a.acp", CommandLine::ExportCsv, "-", 1);
         row("render", "--render o.png --size 100x32767 a.acp", CommandLine::Render, "o.png", 1);
+        row("logbook", "--logbook-csv -", CommandLine::LogbookCsv, "-", 0);
+        row("logbook of a file", "--logbook-csv o a", CommandLine::Refuse, "", 1);
+        row("logbook over a recording", "--logbook-csv o.acp", CommandLine::Refuse, "o.acp", 0);
+        row("logbook and export", "--logbook-csv o --export-csv p a", CommandLine::Refuse, "p", 1);
         row("render what", "--render o.gif a", CommandLine::Refuse, "o.gif", 1);
         row("render nothing", "--render o.png", CommandLine::Refuse, "", 0);
         row("export two", "--export-csv o a b", CommandLine::Refuse, "", 2);
-        row("both", "--export-csv o --render p a", CommandLine::Refuse, "", 1);
+        row("both", "--export-csv o --render p a", CommandLine::Refuse, "o", 1);
         row("unknown option", "--colour red", CommandLine::Refuse, "", 0);
         row("unknown language", "--language=xx", CommandLine::Refuse, "", 0);
         row("unknown view", "--render o.png --view cell a", CommandLine::Refuse, "", 1);

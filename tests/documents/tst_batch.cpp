@@ -6,6 +6,7 @@
 #include "support/pixels.h"
 
 #include <QProcess>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 /// The tasks of the command line, from a data file to what they write.
@@ -75,6 +76,18 @@ private slots:
             QVERIFY(contents(output).startsWith(beginning));
         QVERIFY(output != path("o.csv") || contents(output).count('\n') == 61);
         QVERIFY(!QFile::exists(path("never.csv")) && !QFile::exists(path("b.ACP")));
+    }
+
+    // With what stands in the folder of recordings now.
+    void logbook()
+    {
+        const QString data = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
+        QVERIFY(QDir(data).removeRecursively() && QDir().mkpath(data + "/recordings"));
+        QVERIFY(QFile::copy(path("a.acp"), data + "/recordings/2026-01-02_03-04-05_COM7.acp"));
+        QCOMPARE(run({"--logbook-csv", path("book.csv")}), 0);
+        QVERIFY(contents(path("book.csv")).contains("\n,2026-01-02 03:04:05,0,Varnel 2+,COM7,Charge,LiIo,2,60,295,118,0.9906,8000,8118,250,"));
+        QVERIFY(QFile::exists(data + "/logbook.sqlite"));
+        QCOMPARE(run({"--logbook-csv", "/dev/full"}), 1);
     }
 
     void needsNoDisplay()

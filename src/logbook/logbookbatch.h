@@ -1,0 +1,53 @@
+#pragma once
+
+#include "logbook/logbookrecording.h"
+
+#include <QPair>
+#include <QStringList>
+#include <QVector>
+
+#include <optional>
+
+/// What tells whether a file has changed.
+struct FileStamp {
+    qint64 size = -1; ///< bytes; -1: not read
+    qint64 modified = 0; ///< ms since 1970 in UTC
+
+    bool isKnown() const { return size >= 0; }
+    bool operator==(const FileStamp &other) const { return size == other.size && modified == other.modified; }
+    bool operator!=(const FileStamp &other) const { return !(*this == other); }
+};
+
+/// A row with what its reader wants to know of the file.
+struct LogbookEntry {
+    LogbookRecording recording;
+    FileStamp stamp; ///< of the file as it was read
+    QByteArray beginning; ///< a hash of the file's first bytes; empty while it is not read
+};
+
+/// A change of a logbook, in memory and in its file alike. Rows are known to the file by their files' names,
+/// so that two programs may write the same one.
+struct LogbookBatch {
+    QVector<QPair<QString, QString>> renamed; ///< files of rows and what they are called now; done first
+    QVector<QString> droppedFiles; ///< rows, by their files; dropped next
+    QVector<LogbookPack> packs; ///< added, or changed where there is one with the id
+    QVector<qint64> droppedPacks;
+    QVector<LogbookEntry> assigned; ///< rows whose pack and note change; new ones are added
+    QVector<LogbookEntry>
+        read; ///< rows whose figures and all else change; such as are not there are not added
+    std::optional<QStringList> folders;
+    QVector<qint64> refused; ///< added
+
+    bool isUsers = false; ///< it changes what only the user knows
+};
+
+/// All that the file of a logbook holds, and what is to be said of it.
+struct LogbookContent {
+    QVector<LogbookPack> packs;
+    QVector<LogbookEntry> entries;
+    QStringList folders;
+    QVector<qint64> refused;
+    bool isReadOnly = false;
+    QString trouble; ///< why it can't be kept; empty where it can
+    QString told; ///< what the user is told once: a damaged file was set aside
+};

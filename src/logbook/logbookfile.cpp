@@ -1,0 +1,299 @@
+#include "logbook/logbookfile.h"
+
+#include "logbook/logbookschema.h"
+#include "logbook/logbooktables.h"
+
+#include <QCoreApplication>
+#include <QDebug>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QTemporaryDir>
+#include <QTemporaryFile>
+#include <QUuid>
+#include <QVariant>
+
+#include <filesystem>
+#include <initializer_list>
+#include <system_error>
+
+namespace {
+
+constexpr char fileName[] = "logbook.sqlite";
+constexpr int busyTime = 5000; // ms, for another program that writes
+
+/// Where texts of no object are translated.
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(LogbookFile)
+};
+
+/// What SQLite says of a disk or of another program, not of the file, by the lower byte of its code. Without
+/// a code it has not come to SQLite.
+bool isPassing(const QSqlError &error)
+{
+    if (error.nativeErrorCode().isEmpty())
+        return true;
+    const int code = error.nativeErrorCode().toInt();
+    enum { Perm = 3, Busy = 5, Locked = 6, NoMemory = 7, ReadOnly = 8, Error = 10, Full = 13, CantOpen = 14 };
+    for (const int passing : {Perm, Busy, Locked, NoMemory, ReadOnly, Error, Full, CantOpen}) {
+        if ((code & 0xff) == passing)
+            return true;
+    }
+    return false;
+}
+
+/// The file and what belongs to it while it is open.
+QStringList parts(const QString &path)
+{
+    return {path, path + QStringLiteral("-wal"), path + QStringLiteral("-shm")};
+}
+
+bool run(const QSqlDatabase &database, const char *statement, QSqlError *error)
+{
+    QSqlQuery query(database);
+    const bool good = query.exec(QString::fromLatin1(statement));
+    *error = query.lastError();
+    return good;
+}
+
+bool isWhole(const QSqlDatabase &database, QSqlError *error)
+{
+    QSqlQuery query(database);
+    const bool asked = query.exec(QStringLiteral("PRAGMA quick_check(1)")) && query.next();
+    *error = query.lastError();
+    return asked && query.value(0).toString() == QLatin1String("ok");
+}
+
+} // namespace
+
+LogbookFile::LogbookFile(const QString &folder)
+    : m_folder(folder)
+{
+}
+
+LogbookFile::~LogbookFile()
+{
+    disconnect();
+}
+
+QString LogbookFile::path() const
+{
+    return m_folder + QLatin1Char('/') + QLatin1String(fileName);
+}
+
+QStringList LogbookFile::backups() const
+{
+    QStringList names;
+    const QFileInfoList files = QDir(m_folder).entryInfoList(
+        {QStringLiteral("logbook-[0-9][0-9][0-9][0-9]-[0-9][0-9]-[0-9][0-9].sqlite")}, QDir::Files,
+        QDir::Name | QDir::Reversed);
+    for (const QFileInfo &file : files)
+        names += file.filePath();
+    return names;
+}
+
+LogbookContent LogbookFile::open()
+{
+    LogbookContent content;
+    QDir().mkpath(m_folder);
+    if (canBeWritten())
+        openForWriting(&content);
+    else
+        openForReading(&content);
+    m_isReadOnly = !content.trouble.isEmpty();
+    content.isReadOnly = m_isReadOnly;
+    return content;
+}
+
+void LogbookFile::openForWriting(LogbookContent *content)
+{
+    switch (connectTo(path(), content)) {
+    case Fault::None:
+        break;
+    case Fault::Newer:
+        content->trouble = Texts::tr("The logbook was written by a newer version and is only shown.");
+        break;
+    case Fault::Unavailable:
+        *content = LogbookContent();
+        content->trouble = Texts::tr("The logbook can't be kept: %1").arg(m_reason);
+        break;
+    case Fault::Damaged:
+        restore(content);
+        break;
+    }
+}
+
+void LogbookFile::openForReading(LogbookContent *content)
+{
+    if (!QFileInfo::exists(path())) {
+        content->trouble = Texts::tr("The logbook can't be kept: nothing can be written to %1.")
+                               .arg(QDir::toNativeSeparators(m_folder));
+        return;
+    }
+    const QString name = QDir::toNativeSeparators(path());
+    const bool read
+        = copyAside() && connectTo(m_copy->filePath(QLatin1String(fileName)), content) == Fault::None;
+    content->trouble = read
+        ? Texts::tr("The logbook is shown as it is and can't be kept: %1 can't be written.").arg(name)
+        : Texts::tr("The logbook can't be read: %1.").arg(name);
+}
+
+LogbookFile::Written LogbookFile::write(const LogbookBatch &batch, QString *reason)
+{
+    if (m_isReadOnly || m_connection.isEmpty())
+        return Written::Never;
+    QSqlError error;
+    if (LogbookTables::write(database(), batch, &error))
+        return Written::Yes;
+    *reason = error.text();
+    return isPassing(error) ? Written::NotYet : Written::Never;
+}
+
+// Made beside the others first: what fails half-way leaves them as they were.
+bool LogbookFile::backUp(const QDate &day)
+{
+    if (m_isReadOnly || m_connection.isEmpty())
+        return false;
+    const QString fresh = m_folder + QStringLiteral("/logbook-backup.new");
+    QFile::remove(fresh);
+    QSqlQuery query(database());
+    query.prepare(QStringLiteral("VACUUM INTO ?"));
+    query.addBindValue(fresh);
+    std::error_code error;
+    if (query.exec()) {
+        const QString name = m_folder + QStringLiteral("/logbook-%1.sqlite").arg(day.toString(Qt::ISODate));
+        std::filesystem::rename(fresh.toStdU16String(), name.toStdU16String(), error);
+    } else {
+        qWarning() << "The logbook was not copied:" << query.lastError().text();
+        error = std::make_error_code(std::errc::io_error);
+    }
+    if (error) {
+        QFile::remove(fresh);
+        return false;
+    }
+    const QStringList names = backups();
+    for (int i = backupsKept; i < names.size(); ++i)
+        QFile::remove(names[i]);
+    return true;
+}
+
+// A folder that takes no file takes no log beside the file either. Tried, since rights don't tell all.
+bool LogbookFile::canBeWritten() const
+{
+    QFile file(path());
+    return QTemporaryFile(m_folder + QStringLiteral("/logbook-XXXXXX.new")).open()
+        && (!file.exists() || file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly));
+}
+
+LogbookFile::Fault LogbookFile::connectTo(const QString &path, LogbookContent *content)
+{
+    m_connection = QUuid::createUuid().toString();
+    QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connection);
+    database.setDatabaseName(path);
+    database.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(busyTime));
+    return database.open() ? prepare(database, content) : faultOf(database.lastError());
+}
+
+LogbookFile::Fault LogbookFile::prepare(QSqlDatabase &database, LogbookContent *content)
+{
+    QSqlError error;
+    if (!isWhole(database, &error))
+        return error.isValid() ? faultOf(error) : Fault::Damaged;
+    const bool newer = LogbookSchema::versionOf(database) > LogbookSchema::newest();
+    if (!newer
+        && !(run(database, "PRAGMA journal_mode = WAL", &error)
+            && run(database, "PRAGMA foreign_keys = ON", &error) && LogbookSchema::migrate(database, &error)))
+        return faultOf(error);
+    const bool read = LogbookTables::read(database, content, &error);
+    if (newer)
+        return Fault::Newer;
+    return read ? Fault::None : faultOf(error);
+}
+
+LogbookFile::Fault LogbookFile::faultOf(const QSqlError &error)
+{
+    m_reason = error.text();
+    return isPassing(error) ? Fault::Unavailable : Fault::Damaged;
+}
+
+void LogbookFile::disconnect()
+{
+    if (!m_connection.isEmpty())
+        QSqlDatabase::removeDatabase(m_connection);
+    m_connection.clear();
+}
+
+/// Where SQLite may write what belongs to it.
+bool LogbookFile::copyAside()
+{
+    m_copy = std::make_unique<QTemporaryDir>();
+    const QString copy = m_copy->filePath(QLatin1String(fileName));
+    const bool copied = QFile::copy(path(), copy);
+    QFile::copy(path() + QStringLiteral("-wal"), copy + QStringLiteral("-wal"));
+    for (const QString &part : parts(copy))
+        QFile::setPermissions(part, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+    return copied;
+}
+
+/// Its new name; empty when it could not be given one.
+QString LogbookFile::setAside() const
+{
+    const QString time = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd_HH-mm-ss"));
+    const QString aside = m_folder + QStringLiteral("/damaged-logbook_%1.sqlite").arg(time);
+    const QStringList from = parts(path());
+    const QStringList to = parts(aside);
+    for (int i = 0; i < from.size(); ++i) {
+        if (QFile::exists(from[i]) && !QFile::rename(from[i], to[i]))
+            return QString();
+    }
+    return aside;
+}
+
+/// Puts the newest copy that is whole in the place of the damaged file, or an empty one.
+void LogbookFile::restore(LogbookContent *content)
+{
+    disconnect();
+    const QString aside = QDir::toNativeSeparators(setAside());
+    if (aside.isEmpty()) {
+        *content = LogbookContent();
+        content->trouble = Texts::tr("The logbook is damaged: %1").arg(QDir::toNativeSeparators(path()));
+        return;
+    }
+    const QStringList sources = backups() + QStringList(QString());
+    for (const QString &source : sources) {
+        if (restoreFrom(source, content)) {
+            content->told = source.isEmpty()
+                ? Texts::tr(
+                    "The logbook was damaged and is made anew from the recordings. The damaged file is "
+                    "now %1.")
+                      .arg(aside)
+                : Texts::tr(
+                    "The logbook was damaged. Packs, assignments and notes are those of the copy %2; the "
+                    "recordings are read anew. The damaged file is now %1.")
+                      .arg(aside, QDir::toNativeSeparators(source));
+            return;
+        }
+    }
+    content->trouble = Texts::tr("The logbook can't be kept: %1").arg(m_reason);
+}
+
+/// An empty file where `source` is empty. False, with nothing left of it, where that is no good.
+bool LogbookFile::restoreFrom(const QString &source, LogbookContent *content)
+{
+    *content = LogbookContent();
+    if ((source.isEmpty() || QFile::copy(source, path())) && connectTo(path(), content) == Fault::None)
+        return true;
+    disconnect();
+    const QStringList rest = parts(path());
+    for (const QString &part : rest)
+        QFile::remove(part);
+    return false;
+}
+
+QSqlDatabase LogbookFile::database() const
+{
+    return QSqlDatabase::database(m_connection, false);
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "logbook/logbookbatch.h"
+
+#include <QDate>
+
+#include <memory>
+
+class QSqlDatabase;
+class QSqlError;
+class QTemporaryDir;
+
+/// The file `logbook.sqlite` in a folder, and its dated copies. Waits for the disk: it is made, used and
+/// destroyed in one thread that may. A file that is damaged is set aside under another name and made anew from
+/// the newest copy that is whole; one that can't be written is read from a copy of its own.
+class LogbookFile {
+public:
+    static constexpr int backupsKept = 5;
+
+    explicit LogbookFile(const QString &folder);
+    ~LogbookFile();
+    LogbookFile(const LogbookFile &) = delete;
+    LogbookFile &operator=(const LogbookFile &) = delete;
+
+    /// Opens the file, which is made where there is none, and gives what it holds. To be called once, first.
+    LogbookContent open();
+    enum class Written {
+        Yes,
+        NotYet, ///< the disk is full or does not answer; worth another try
+        Never ///< the file does not take it
+    };
+    /// Writes `batch` as a whole or not at all. `reason`: the system's words where it was not written.
+    Written write(const LogbookBatch &batch, QString *reason);
+    /// Copies all to the backup of `day`, in the place of one that there is, and removes the oldest beyond
+    /// backupsKept. False where that was not possible; the others are then as they were.
+    bool backUp(const QDate &day = QDate::currentDate());
+
+    QString path() const; ///< of the file
+    QStringList backups() const; ///< with their folder, newest first
+
+private:
+    enum class Fault { None, Damaged, Unavailable, Newer };
+
+    bool canBeWritten() const;
+    void openForWriting(LogbookContent *content);
+    void openForReading(LogbookContent *content);
+    Fault connectTo(const QString &path, LogbookContent *content);
+    Fault prepare(QSqlDatabase &database, LogbookContent *content);
+    Fault faultOf(const QSqlError &error);
+    void disconnect();
+    bool copyAside();
+    QString setAside() const;
+    void restore(LogbookContent *content);
+    bool restoreFrom(const QString &source, LogbookContent *content);
+    QSqlDatabase database() const;
+
+    QString m_folder;
+    QString m_connection; // name of the open one; empty without
+    QString m_reason; // of the newest fault
+    std::unique_ptr<QTemporaryDir> m_copy; // where the file itself can't be opened for writing
+    bool m_isReadOnly = false;
+};

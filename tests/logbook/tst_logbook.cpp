@@ -1,0 +1,458 @@
+#include "logbook/logbook.h"
+#include "logbook/logbookcsv.h"
+#include "logbook/logbookeditor.h"
+#include "logbook/logbookfile.h"
+#include "logbook/logbookschema.h"
+#include "support/asnobody.h"
+#include "support/columns.h"
+#include "support/files.h"
+#include "support/limits.h"
+
+#include <QBuffer>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QtTest>
+
+#include <thread>
+
+Q_DECLARE_METATYPE(LogbookFilter)
+
+namespace {
+
+constexpr int longTime = 60000; // ms
+
+LogbookEntry entry(const QString &file, const QString &port = "COM3", int cellType = 5,
+    const QDateTime &start = QDateTime(QDate(2026, 3, 1), QTime(12, 0)))
+{
+    LogbookEntry found;
+    found.recording.file = file;
+    found.recording.port = port;
+    found.recording.start = start;
+    found.recording.figures.records = 9;
+    found.recording.figures.mode = Varnel3Data::Discharge;
+    found.recording.figures.cellType = cellType;
+    found.recording.figures.cells = 6;
+    found.stamp = {1234, 5678};
+    found.beginning = "hash";
+    return found;
+}
+
+LogbookPack namedPack(const QString &name, int capacity = 5000)
+{
+    LogbookPack pack;
+    pack.name = name;
+    pack.cellType = 5;
+    pack.cells = 6;
+    pack.capacity = capacity;
+    pack.note = QStringLiteral("bought in May");
+    return pack;
+}
+
+/// All that a logbook holds, a row or pack a line.
+QStringList dump(const Logbook &logbook)
+{
+    QStringList lines;
+    for (const LogbookPack &pack : logbook.packs())
+        lines += QStringLiteral("pack %1 %2 %3 %4 %5")
+                     .arg(pack.name)
+                     .arg(pack.cellType)
+                     .arg(pack.cells)
+                     .arg(pack.capacity)
+                     .arg(pack.note);
+    for (int i = 0; i < logbook.size(); ++i) {
+        const LogbookEntry &row = logbook.entryAt(i);
+        const LogbookRecording &r = row.recording;
+        lines += QStringList{r.file, r.start.toString(Qt::ISODate), QString::number(r.isStartApproximate),
+            r.port, logbook.packName(r.pack), r.note, QString::number(row.stamp.size),
+            QString::number(row.stamp.modified), QString(row.beginning), QString::number(r.figures.records)}
+                     .join('|');
+    }
+    lines.sort();
+    return lines;
+}
+
+/// A logbook on its file, open.
+struct OpenLogbook {
+    explicit OpenLogbook(const QString &folder)
+        : editor(&logbook)
+    {
+        QSignalSpy opened(&logbook, SIGNAL(opened()));
+        QObject::connect(&logbook, &Logbook::told, [this](const QString &text) { told = text; });
+        logbook.open(folder);
+        opened.wait(longTime);
+        QCoreApplication::processEvents();
+    }
+    Logbook logbook;
+    LogbookEditor editor;
+    QString told;
+};
+
+QString onFile(const QString &folder, const char *question)
+{
+    QString answer;
+    {
+        QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", "test");
+        database.setDatabaseName(folder + "/logbook.sqlite");
+        QSqlQuery query(database.open() ? database : QSqlDatabase());
+        answer = query.exec(question) && query.next() ? query.value(0).toString() : query.lastError().text();
+    }
+    QSqlDatabase::removeDatabase("test");
+    return answer;
+}
+
+} // namespace
+
+/// The logbook in memory and in its file.
+class TestLogbook : public QObject {
+    Q_OBJECT
+
+private slots:
+    void keepsAll()
+    {
+        const QTemporaryDir folder;
+        const QString names[] = {"/a/plain.acp", "/a/it's \"quoted\"; DROP TABLE pack; --.acp",
+            "/a/two\nlines\r.acp", QString::fromUtf8("/a/żółć \xf0\x9f\x94\x8b.acp"), "/a/%1 ?1 :a.acp"};
+        LogbookEntry full = entry(names[0]);
+        LogbookFigures &figures = full.recording.figures;
+        figures.device = Varnel3Data::Tandor;
+        figures.duration = 3601;
+        figures.charge = 4711;
+        figures.energy = 0.1 + 0.2;
+        figures.startVoltage = 25100;
+        figures.endVoltage = 19900;
+        figures.highestTemperature = 412;
+        figures.resistance = 23;
+        figures.cellResistances[15] = 1.7F;
+        figures.spread = 0;
+        figures.lowestCell = 3;
+        figures.end = Varnel3Data::Failed;
+        figures.curve = QByteArray(LogbookFigures::curvePoints, '\0');
+        QStringList before;
+        {
+            OpenLogbook book(folder.path());
+            for (const QString &name : names)
+                book.logbook.take(name == names[0] ? full : entry(name));
+            book.logbook.take(entry("/a/no start.acp", "", 5, QDateTime()));
+            for (const QString &name : names) {
+                const qint64 pack = book.editor.addPack(namedPack(name));
+                book.editor.assign({book.logbook.recordingOf(name)->id}, pack);
+                book.editor.setNote(book.logbook.recordingOf(name)->id, name);
+            }
+            book.logbook.setFolders({"/b'", "/a\n"});
+            book.logbook.addRefused({-1, std::numeric_limits<qint64>::max()});
+            before = dump(book.logbook);
+            QVERIFY(!book.logbook.isReadOnly() && book.logbook.trouble().isEmpty());
+        }
+        const OpenLogbook book(folder.path());
+        QCOMPARE(dump(book.logbook), before);
+        QVERIFY(book.logbook.recordingOf(names[0])->figures == figures);
+        QCOMPARE(book.logbook.folders(), (QStringList{"/b'", "/a\n"}));
+        QCOMPARE(book.logbook.refused(), (QSet<qint64>{-1, std::numeric_limits<qint64>::max()}));
+        QCOMPARE(onFile(folder.path(), "PRAGMA journal_mode"), QString("wal"));
+        QCOMPARE(QDir(folder.path()).entryList({"logbook-*.sqlite"}).size(), 1);
+    }
+
+    // Each change, taken back and done again, in memory and in the file.
+    void undo()
+    {
+        const QTemporaryDir folder;
+        OpenLogbook book(folder.path());
+        Logbook &logbook = book.logbook;
+        LogbookEditor &editor = book.editor;
+        for (const char *name : {"/1.acp", "/2.acp", "/3.acp"})
+            logbook.take(entry(name));
+        const auto id = [&](const char *name) { return logbook.recordingOf(name)->id; };
+        const qint64 a = editor.addPack(namedPack("A"));
+        const qint64 b = editor.addPack(namedPack("B"));
+        editor.assign({id("/1.acp"), id("/2.acp")}, a);
+        editor.assign({id("/3.acp")}, b);
+        editor.setNote(id("/1.acp"), "first");
+        LogbookPack renamed = *logbook.pack(a);
+        renamed.name = "Ä";
+        const std::pair<const char *, std::function<void()>> changes[]
+            = {{"Rename pack", [&] { editor.changePack(renamed); }},
+                {"New pack", [&] { editor.addPack(namedPack("C")); }},
+                {"Assign to pack",
+                    [&] {
+                        editor.assign({id("/1.acp"), id("/3.acp")}, LogbookPack::none);
+                    }},
+                {"Merge packs",
+                    [&] {
+                        editor.mergePacks({a, b}, b);
+                    }},
+                {"Take apart", [&] { editor.takeApart({id("/2.acp")}, "D"); }},
+                {"Change note", [&] { editor.setNote(id("/1.acp"), ""); }},
+                {"Remove pack", [&] { editor.removePack(a); }},
+                {"Remove from logbook", [&] {
+                     editor.removeRecordings({id("/1.acp"), 99, id("/3.acp")});
+                 }}};
+        const auto inFile = [&] {
+            if (!QTest::qWaitFor([&] { return logbook.isWritten(); }, longTime))
+                return QStringList();
+            return dump(OpenLogbook(folder.path()).logbook);
+        };
+        for (const auto &[text, change] : changes) {
+            const QStringList before = dump(logbook);
+            change();
+            const QStringList after = dump(logbook);
+            QVERIFY2(after != before, text);
+            QCOMPARE(editor.undoText(), QString(text));
+            QCOMPARE(inFile(), after);
+            editor.undo();
+            QCOMPARE(dump(logbook), before);
+            QCOMPARE(editor.redoText(), QString(text));
+            QCOMPARE(inFile(), before);
+            editor.redo();
+            QCOMPARE(dump(logbook), after);
+            editor.undo();
+        }
+        // What has moved meanwhile is found again.
+        editor.setNote(id("/2.acp"), "moved");
+        logbook.rename("/2.acp", "/4.acp");
+        editor.undo();
+        QCOMPARE(logbook.recordingOf("/4.acp")->note, QString());
+        QCOMPARE(inFile(), dump(logbook));
+    }
+
+    void filters_data()
+    {
+        columns<LogbookFilter, QString>({"filter", "found"});
+        const auto row
+            = [](const char *name, const char *found, const std::function<void(LogbookFilter &)> &set) {
+                  LogbookFilter filter;
+                  set(filter);
+                  QTest::newRow(name) << filter << QString(found);
+              };
+        row("all, the newest first", "cbad", [](LogbookFilter &) {});
+        row("chemistry", "ca", [](LogbookFilter &f) { f.cellType = 5; });
+        row("process", "", [](LogbookFilter &f) { f.mode = Varnel3Data::Charge; });
+        row("not assigned", "bad", [](LogbookFilter &f) { f.pack = LogbookPack::none; });
+        row("words in any case", "c", [](LogbookFilter &f) { f.text = "  RED com3 "; });
+        row("one word is not there", "", [](LogbookFilter &f) { f.text = "red com4"; });
+        row("a note", "b", [](LogbookFilter &f) { f.text = QString::fromUtf8("WĘŻE"); });
+        row("from", "cb", [](LogbookFilter &f) { f.from = QDate(2026, 2, 1); });
+        row("to, the day included", "ba", [](LogbookFilter &f) { f.to = QDate(2026, 2, 1); });
+    }
+
+    void filters()
+    {
+        Logbook logbook;
+        LogbookEditor editor(&logbook);
+        const auto day = [](int month) { return QDateTime(QDate(2026, month, 1), QTime(23, 59)); };
+        logbook.take(entry("/a", "COM3", 5, day(1)));
+        logbook.take(entry("/b", "COM3", 4, day(2)));
+        logbook.take(entry("/c", "COM3", 5, day(3)));
+        logbook.take(entry("/d", "COM4", 4, QDateTime()));
+        QCOMPARE(logbook.packToOffer(logbook.recordingOf("/a")->id), qint64(LogbookPack::none));
+        const qint64 pack = editor.addPack(namedPack("Red one"));
+        editor.assign({logbook.recordingOf("/c")->id}, pack);
+        editor.setNote(logbook.recordingOf("/b")->id, QString::fromUtf8("Węże"));
+        QFETCH(LogbookFilter, filter);
+        QString found;
+        for (const qint64 id : logbook.recordings(filter))
+            found += logbook.recording(id)->file.mid(1);
+        QTEST(found, "found");
+        // The same port, chemistry and cells offer the pack.
+        QCOMPARE(logbook.packToOffer(logbook.recordingOf("/a")->id), pack);
+        QCOMPARE(logbook.packToOffer(logbook.recordingOf("/b")->id), qint64(LogbookPack::none));
+        QCOMPARE(logbook.packToOffer(logbook.recordingOf("/c")->id), qint64(LogbookPack::none));
+    }
+
+    // From every version that there was, and not from one that there will be.
+    void migrations()
+    {
+        for (int version = 0; version <= LogbookSchema::newest() + 1; ++version) {
+            const QTemporaryDir folder;
+            const bool newer = version > LogbookSchema::newest();
+            {
+                QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", "old");
+                database.setDatabaseName(folder.filePath("logbook.sqlite"));
+                QSqlError error;
+                QVERIFY(database.open()
+                    && LogbookSchema::migrate(database, &error, qMin(version, LogbookSchema::newest())));
+                QSqlQuery query(database);
+                QVERIFY(version == 0 || query.exec("INSERT INTO pack VALUES(7, 'old', 5, 6, 5000, 'note')"));
+                QVERIFY(!newer || query.exec(QString("PRAGMA user_version = %1").arg(version)));
+            }
+            QSqlDatabase::removeDatabase("old");
+            {
+                OpenLogbook book(folder.path());
+                QCOMPARE(book.logbook.packs().size(), version == 0 ? 0 : 1);
+                QCOMPARE(book.logbook.isReadOnly(), newer);
+                QCOMPARE(book.logbook.trouble().contains("newer version"), newer);
+                QCOMPARE(book.editor.addPack(namedPack("new")) == LogbookPack::none, newer);
+            }
+            QCOMPARE(onFile(folder.path(), "PRAGMA user_version").toInt(),
+                newer ? version : LogbookSchema::newest());
+            QCOMPARE(
+                onFile(folder.path(), "SELECT count(*) FROM pack").toInt(), version == 0 || newer ? 1 : 2);
+        }
+    }
+
+    void damaged_data()
+    {
+        columns<QByteArray, bool>({"statement", "backup"});
+        for (const bool backup : {true, false}) {
+            const char *how = backup ? "with a copy" : "without";
+            QTest::addRow("no database, %s", how) << QByteArray() << backup;
+            QTest::addRow("a table is missing, %s", how) << QByteArray("DROP TABLE reading") << backup;
+            QTest::addRow("other tables, %s", how)
+                << QByteArray("ALTER TABLE recording RENAME TO other") << backup;
+        }
+        QTest::addRow("cut off") << QByteArray("cut") << true;
+    }
+
+    void damaged()
+    {
+        QFETCH(QByteArray, statement);
+        QFETCH(bool, backup);
+        const QTemporaryDir folder;
+        const QString file = folder.filePath("logbook.sqlite");
+        {
+            OpenLogbook book(folder.path());
+            book.logbook.take(entry("/1.acp"));
+            book.editor.assign({book.logbook.recordingOf("/1.acp")->id}, book.editor.addPack(namedPack("A")));
+        }
+        if (statement.isEmpty())
+            QVERIFY(writeFile(file, "This is no database, but as long as the beginning of one has to be."));
+        else if (statement == "cut")
+            QVERIFY(QFile::resize(file, QFileInfo(file).size() / 2));
+        else
+            QVERIFY(!onFile(folder.path(), statement).isEmpty() || true);
+        const QByteArray bytes = contents(file);
+        const QStringList backups = QDir(folder.path()).entryList({"logbook-*.sqlite"});
+        QCOMPARE(backups.size(), 1);
+        QVERIFY(backup || QFile::remove(folder.filePath(backups[0])));
+        QVERIFY(writeFile(folder.filePath("logbook-2099-01-01.sqlite"), "damaged, too"));
+        OpenLogbook book(folder.path());
+        QCOMPARE(book.logbook.packs().size(), backup ? 1 : 0);
+        QCOMPARE(book.logbook.size(), backup ? 1 : 0);
+        const QStringList aside = QDir(folder.path()).entryList({"damaged-*.sqlite"});
+        QCOMPARE(aside.size(), 1);
+        QCOMPARE(contents(folder.filePath(aside[0])), bytes);
+        QVERIFY(book.told.contains(aside[0]) && book.told.contains(backups[0]) == backup);
+        QVERIFY(!book.logbook.isReadOnly() && book.editor.addPack(namedPack("B")) != LogbookPack::none);
+    }
+
+    void backups()
+    {
+        const QTemporaryDir folder;
+        LogbookFile file(folder.path());
+        file.open();
+        QString reason;
+        for (int day = 1; day <= 7; ++day) {
+            LogbookBatch batch;
+            batch.packs = {namedPack(QString::number(day))};
+            batch.packs[0].id = day;
+            QCOMPARE(file.write(batch, &reason), LogbookFile::Written::Yes);
+            QVERIFY(file.backUp(QDate(2026, 5, qMax(2, day))));
+        }
+        QStringList names = file.backups();
+        QCOMPARE(names.size(), LogbookFile::backupsKept);
+        QVERIFY(names.first().endsWith("logbook-2026-05-07.sqlite") && names.last().endsWith("-03.sqlite"));
+        const QTemporaryDir other;
+        QVERIFY(QFile::copy(names.last(), other.filePath("logbook.sqlite")));
+        QCOMPARE(LogbookFile(other.path()).open().packs.size(), 3);
+    }
+
+    void readOnly()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath("logbook.sqlite");
+        OpenLogbook writing(folder.path()); // what is not in the file yet is beside it
+        writing.editor.addPack(namedPack("A"));
+        QTRY_VERIFY_WITH_TIMEOUT(writing.logbook.isWritten(), longTime);
+        for (const QString &name : QDir(folder.path()).entryList(QDir::Files))
+            QFile::setPermissions(folder.filePath(name), QFile::Permissions(0x4444));
+        QFile::setPermissions(folder.path(), QFile::Permissions(0x5555));
+        {
+            const AsNobody nobody;
+            OpenLogbook book(folder.path());
+            QCOMPARE(book.logbook.packs().size(), 1);
+            QVERIFY(book.logbook.isReadOnly() && book.logbook.trouble().contains(file));
+            book.logbook.take(entry("/1.acp")); // is shown, though not kept
+            QCOMPARE(book.logbook.size(), 1);
+            QCOMPARE(book.editor.addPack(namedPack("B")), qint64(LogbookPack::none));
+            book.editor.setNote(book.logbook.recordingOf("/1.acp")->id, "note");
+            QVERIFY(!book.editor.canUndo());
+            const OpenLogbook nowhere(folder.filePath("below"));
+            QVERIFY(nowhere.logbook.isReadOnly() && !nowhere.logbook.trouble().isEmpty());
+        }
+        QFile::setPermissions(folder.path(), QFile::Permissions(0x7777));
+    }
+
+    void fullDisk()
+    {
+        const QTemporaryDir folder;
+        {
+            OpenLogbook book(folder.path());
+            {
+                const FileSizeLimit full(1 << 16);
+                for (int i = 0; i < 200; ++i)
+                    book.editor.addPack(namedPack(QString(1000, 'x')));
+                QTRY_VERIFY_WITH_TIMEOUT(!book.logbook.trouble().isEmpty(), longTime);
+                QVERIFY(!book.logbook.isWritten() && !book.logbook.isReadOnly());
+            }
+            book.editor.addPack(namedPack("last"));
+            QTRY_VERIFY_WITH_TIMEOUT(book.logbook.trouble().isEmpty(), longTime);
+            QTRY_VERIFY_WITH_TIMEOUT(book.logbook.isWritten(), longTime);
+        }
+        QCOMPARE(OpenLogbook(folder.path()).logbook.packs().size(), 201);
+    }
+
+    // Both begin with no file at the same time, and give the same recording rows of their own.
+    void twoAtOnce()
+    {
+        const QTemporaryDir folder;
+        std::vector<std::thread> programs;
+        for (const QString &name : {QString("x"), QString("y")})
+            programs.emplace_back([&folder, name] {
+                LogbookFile file(folder.path());
+                file.open();
+                for (int i = 0; i < 30; ++i) {
+                    LogbookBatch batch;
+                    batch.assigned = {entry(i == 0 ? QString("/both") : name + QString::number(i))};
+                    batch.assigned[0].recording.id = Logbook::freshId();
+                    batch.read = batch.assigned;
+                    QString reason;
+                    while (file.write(batch, &reason) == LogbookFile::Written::NotYet) { }
+                }
+            });
+        for (std::thread &program : programs)
+            program.join();
+        const OpenLogbook book(folder.path());
+        QVERIFY(book.told.isEmpty());
+        QCOMPARE(book.logbook.size(), 59);
+        QCOMPARE(book.logbook.recordingOf("/both")->figures.records, 9);
+    }
+
+    void csv()
+    {
+        Logbook logbook;
+        LogbookEditor editor(&logbook);
+        LogbookEntry found = entry("/it's, \"here\"\n.acp");
+        found.recording.figures.energy = 12.5;
+        found.recording.figures.end = Varnel3Data::Aborted;
+        found.recording.figures.cellResistances[0] = 1.3F;
+        logbook.take(found);
+        editor.assign({logbook.recordings()[0]}, editor.addPack(namedPack("Red, one")));
+        LogbookEntry live = entry("/live", "COM4");
+        live.stamp = FileStamp();
+        live.recording.start = QDateTime();
+        logbook.take(live);
+        LogbookCsv rows(logbook, logbook.recordings());
+        QBuffer out;
+        QVERIFY(out.open(QIODevice::WriteOnly) && rows.writeAll(out));
+        const QByteArrayList lines = out.data().split('\n');
+        QCOMPARE(lines[0].count(','), 36);
+        QCOMPARE(lines[1] + '\n' + lines[2],
+            QByteArray(
+                "\"Red, one\",2026-03-01 12:00:00,0,None,COM3,Discharge,LiPo,6,9,0,0,12.5,0,0,,,,,aborted,1.3")
+                + QByteArray(15, ',') + ",,\"/it's, \"\"here\"\"\n.acp\"");
+        QCOMPARE(lines[3], ",,0,None,COM4,Discharge,LiPo,6" + QByteArray(27, ',') + ",,/live");
+    }
+};
+
+QTEST_MAIN(TestLogbook)
+#include "tst_logbook.moc"

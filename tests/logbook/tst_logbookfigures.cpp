@@ -1,0 +1,187 @@
+#include "data/recordlist.h"
+#include "logbook/logbookfigures.h"
+#include "series/seriesstore.h"
+#include "simulator/linewriter.h"
+#include "simulator/process.h"
+#include "support/seed.h"
+
+#include <QtTest>
+
+namespace {
+
+/// One of a charger with two cells; `time` in s, in mV and mA, `end` and `mark` as flags.
+Varnel3Data record(int time, int voltage, int current, char end = '_', char mark = '_')
+{
+    Varnel3Data data;
+    data.device = Varnel3Data::Varnel3;
+    data.mode = Varnel3Data::Discharge;
+    data.cellType = 5;
+    data.cellCount = 2;
+    data.setTime(time);
+    data.voltage = voltage;
+    data.current = current;
+    data.energy = time;
+    data.flag3 = end;
+    data.flag4 = mark;
+    data.flag5 = 'B';
+    data.cells[0].voltage = data.cellMax = voltage / 2 + 15;
+    data.cells[1].voltage = data.cellMin = voltage / 2 - 15;
+    return data;
+}
+
+LogbookFigures figuresOf(const QVector<Varnel3Data> &records)
+{
+    SeriesStore store;
+    RecordList list;
+    for (const Varnel3Data &data : records)
+        list.append(data);
+    store.load(std::move(list));
+    LogbookFigures figures = LogbookFigures::of(store);
+    LogbookReckoning slow(store);
+    while (slow.goOn(3)) { }
+    if (slow.figures() != figures)
+        figures.records = -1;
+    return figures;
+}
+
+} // namespace
+
+/// What a recording comes to.
+class TestLogbookFigures : public QObject {
+    Q_OBJECT
+
+private slots:
+    // By hand: trapezia of 10 W and 24 W over 10 s, 24 W over 10 s, 24 W and 0 W over 20 s.
+    void byHand()
+    {
+        QVector<Varnel3Data> records = {
+            record(5, 10000, 1000), record(15, 12000, 2000), record(25, 12000, 2000), record(45, 11000, 0)};
+        records[1].temperature = 321;
+        records[2].temperature = 300;
+        records[1].internalResistance = 40;
+        records[2].cells[1].resistance = 7.5;
+        records[2].resistanceValid = true;
+        const LogbookFigures figures = figuresOf(records);
+        QCOMPARE(figures.records, 4);
+        QCOMPARE(figures.energy, (170.0 + 240.0 + 240.0) / 3600);
+        QCOMPARE(figures.duration, 40);
+        QCOMPARE(figures.charge, 45);
+        QCOMPARE(figures.startVoltage, 10000);
+        QCOMPARE(figures.endVoltage, 11000);
+        QCOMPARE(figures.highestTemperature, 321);
+        QCOMPARE(figures.resistance, 40);
+        QCOMPARE(figures.cellResistances[1], 7.5F);
+        QVERIFY(figures.hasCellResistances());
+        QCOMPARE(figures.spread, 30);
+        QCOMPARE(figures.lowestCell, 1);
+        QCOMPARE(figures.mode, int(Varnel3Data::Discharge));
+        QCOMPARE(figures.cells, 2);
+        QCOMPARE(figures.end, int(Varnel3Data::NoEnd));
+        // From 10 V to 12 V in a quarter of the time, then level for one, then down to 11 V.
+        QCOMPARE(figures.curve.size(), LogbookFigures::curvePoints);
+        const auto height = [&](double share) { return int(uchar(figures.curve[qRound(share * 63)])); };
+        QCOMPARE(height(0.0), 0);
+        QVERIFY(qAbs(height(0.125) - 128) < 5);
+        QCOMPARE(height(0.3), 255);
+        QVERIFY(qAbs(height(0.75) - 192) < 3);
+        QVERIFY(qAbs(height(1.0) - 128) < 2);
+    }
+
+    // All counts to the mark or letter; six records are needed for a mark.
+    void counted_data()
+    {
+        QTest::addColumn<int>("count");
+        QTest::addColumn<int>("letterAt");
+        QTest::addColumn<char>("letter");
+        QTest::addColumn<int>("markAt");
+        QTest::addColumn<int>("last");
+        QTest::addColumn<int>("end");
+        QTest::newRow("nothing") << 0 << -1 << '_' << -1 << -1 << int(Varnel3Data::NoEnd);
+        QTest::newRow("one") << 1 << -1 << '_' << -1 << 0 << int(Varnel3Data::NoEnd);
+        QTest::newRow("no end") << 8 << -1 << '_' << -1 << 7 << int(Varnel3Data::NoEnd);
+        QTest::newRow("done") << 8 << 4 << 'E' << -1 << 4 << int(Varnel3Data::Completed);
+        QTest::newRow("stopped") << 8 << 7 << 'M' << -1 << 7 << int(Varnel3Data::Aborted);
+        QTest::newRow("marked, then an error") << 8 << 6 << 'S' << 3 << 3 << int(Varnel3Data::Failed);
+        QTest::newRow("too short for a mark") << 5 << -1 << '_' << 2 << 4 << int(Varnel3Data::NoEnd);
+    }
+
+    void counted()
+    {
+        QFETCH(int, count);
+        QFETCH(int, letterAt);
+        QFETCH(char, letter);
+        QFETCH(int, markAt);
+        QFETCH(int, last);
+        QVector<Varnel3Data> records;
+        for (int i = 0; i < count; ++i)
+            records += record(i, 8000 - i, 1000, i == letterAt ? letter : '_', i == markAt ? 'E' : '_');
+        const LogbookFigures figures = figuresOf(records);
+        QCOMPARE(figures.records, count);
+        QTEST(figures.end, "end");
+        QCOMPARE(figures.duration, qMax(0, last));
+        QCOMPARE(figures.endVoltage, last < 0 ? 0 : 8000 - last);
+        QCOMPARE(figures.charge, markAt >= 0 && count >= 6 ? markAt : qMax(0, count - 1)); // as compared
+        QCOMPARE(figures.spread, count > 0 ? 30 : -1);
+        QCOMPARE(figures.curve.isEmpty(), last < 1);
+    }
+
+    // A clock that runs back gives no time, and numbers of any size no overflow.
+    void hostile()
+    {
+        const LogbookFigures back
+            = figuresOf({record(100, 10000, 1000), record(40, 10000, 1000), record(50, 10000, 1000)});
+        QCOMPARE(back.duration, 0);
+        QCOMPARE(back.energy, 100.0 / 3600);
+        constexpr int most = std::numeric_limits<int>::max();
+        Varnel3Data first = record(-most, -most, most);
+        Varnel3Data last = record(most, most, most);
+        last.cellMin = -most;
+        last.cellCount = most;
+        first.internalResistance = most;
+        const LogbookFigures wild = figuresOf({first, last});
+        QCOMPARE(wild.duration, most);
+        QCOMPARE(wild.spread, most);
+        QVERIFY(std::isfinite(wild.energy));
+    }
+
+    // Against what a simulated process has done, second by second, told by its own figures.
+    void simulated()
+    {
+        const unsigned seed = randomSeed();
+        for (const char *description : {"COM1:varnel3,balance,cells=4,capacity=300,failing=3,age=40",
+                 "COM1:varnel3,mode=discharge,balance,cells=6,capacity=300,weak=2",
+                 "COM1:varnel3,mode=discharge,chemistry=Pb,cells=6,capacity=400",
+                 "COM1:varnel2plus,chemistry=NiMh,cells=5,capacity=200"}) {
+            QString error;
+            const sim::DeviceSettings settings
+                = sim::DeviceSettings::parse(QLatin1String(description), &error);
+            QVERIFY2(error.isEmpty(), qPrintable(error));
+            sim::Process process(settings, seed);
+            QVector<Varnel3Data> records;
+            double wattSeconds = 0;
+            sim::Reading reading;
+            while (!process.finished()) {
+                reading = process.next();
+                wattSeconds += reading.millivolts * 1e-3 * reading.milliamps * 1e-3;
+                Varnel3Data data;
+                QVERIFY(data.parseLine(QString::fromLatin1(sim::measurementLine(reading).trimmed())));
+                records += data;
+            }
+            const LogbookFigures figures = figuresOf(records);
+            QCOMPARE(figures.duration, reading.seconds - records.first().time);
+            QCOMPARE(figures.charge, reading.milliampHours);
+            QCOMPARE(figures.endVoltage, reading.millivolts);
+            QVERIFY(qAbs(figures.energy / (wattSeconds / 3600) - 1) < 0.005);
+            if (reading.cellData) {
+                const auto [low, high]
+                    = std::minmax_element(reading.cells.begin(), reading.cells.begin() + reading.cellCount,
+                        [](const auto &a, const auto &b) { return a.millivolts < b.millivolts; });
+                QCOMPARE(figures.spread, high->millivolts - low->millivolts);
+                QCOMPARE(figures.lowestCell, int(low - reading.cells.begin()));
+            }
+        }
+    }
+};
+
+QTEST_MAIN(TestLogbookFigures)
+#include "tst_logbookfigures.moc"

@@ -1,0 +1,199 @@
+#include "journal/journalkeeper.h"
+#include "link/recordinglog.h"
+#include "logbook/logbook.h"
+#include "logbook/logbookeditor.h"
+#include "logbook/logbookreader.h"
+#include "support/files.h"
+#include "support/lines.h"
+
+#include <QtTest>
+
+namespace {
+
+constexpr int longTime = 60000; // ms
+
+QByteArray line(int second, int voltage = 4100)
+{
+    return Lines::recordLine(
+        "#06C05%____0", second, ',' + QByteArray::number(voltage) + QByteArray(",1,4100,1").repeated(3));
+}
+
+/// A recording of `count` records, a second apart, that differs from others by its voltage.
+QByteArray recording(int count, int voltage)
+{
+    QByteArray lines;
+    for (int i = 0; i < count; ++i)
+        lines += line(i, voltage) + '\n';
+    return lines;
+}
+
+/// A logbook in `folder` that reads `folder`/recordings, once at rest.
+struct Reading {
+    explicit Reading(const QString &folder)
+        : editor(&logbook)
+        , reader(&logbook, folder + "/recordings")
+        , changed(&logbook, SIGNAL(recordingsChanged(QVector<qint64>)))
+    {
+        logbook.open(folder);
+        rest();
+    }
+    void rest()
+    {
+        QSignalSpy finished(&reader, SIGNAL(finished()));
+        finished.wait(longTime);
+    }
+    QString files() const
+    {
+        QStringList names;
+        for (int i = 0; i < logbook.size(); ++i) {
+            const LogbookRecording &row = logbook.entryAt(i).recording;
+            names += QFileInfo(row.file).fileName() + (row.isGone ? "-" : row.isLive ? "+" : "");
+        }
+        names.sort();
+        return names.join(' ');
+    }
+    const LogbookRecording *row(const QString &file) const { return logbook.recordingOf(file); }
+
+    Logbook logbook;
+    LogbookEditor editor;
+    LogbookReader reader;
+    QSignalSpy changed;
+};
+
+} // namespace
+
+/// The logbook follows the files.
+class TestLogbookReader : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        folder = std::make_unique<QTemporaryDir>();
+        QVERIFY(QDir(folder->path()).mkdir("recordings"));
+    }
+
+    void folderIsRead()
+    {
+        const QString journal = "2026-03-04_05-06-07_COM9.acp";
+        QVERIFY(write(journal, recording(31, 3900)) && write("b c.acp", recording(61, 4000)));
+        QVERIFY(write("empty.acp", "") && write("broken.acp", "5\nc\n2\n0 8.4 1.5\n") && write("x.txt", "#"));
+        QVERIFY(write("binary.acp", QByteArray(100000, '\0')) && write("old.abp", "nothing"));
+        QVERIFY(QFile::link("/dev/zero", path("zero.acp")) && QDir(path("")).mkdir("folder.acp"));
+        const QDateTime end(QDate(2026, 1, 2), QTime(10, 1));
+        QFile file(path("b c.acp"));
+        QVERIFY(file.open(QFile::ReadWrite) && file.setFileTime(end, QFile::FileModificationTime));
+        file.close();
+        {
+            Reading book(folder->path());
+            QCOMPARE(book.files(), journal + " b c.acp");
+            QCOMPARE(book.row(path(journal))->start, QDateTime(QDate(2026, 3, 4), QTime(5, 6, 7)));
+            QVERIFY(!book.row(path(journal))->isStartApproximate);
+            QCOMPARE(book.row(path(journal))->port, QString("COM9"));
+            QCOMPARE(book.row(path(journal))->figures.duration, 30);
+            QCOMPARE(book.row(path("b c.acp"))->start, end.addSecs(-60));
+            QVERIFY(book.row(path("b c.acp"))->isStartApproximate);
+            book.editor.setNote(book.row(path(journal))->id, "note");
+            QVERIFY(write(journal, recording(41, 3900)));
+            book.reader.look(path(journal));
+            QTRY_COMPARE_WITH_TIMEOUT(book.row(path(journal))->figures.duration, 40, longTime);
+            QCOMPARE(book.row(path(journal))->note, QString("note"));
+        }
+        // Moved, gone, come: what was read is not read again.
+        QVERIFY(QDir(path("")).rename(journal, "renamed.acp") && QFile::remove(path("b c.acp")));
+        Reading book(folder->path());
+        QCOMPARE(book.files(), QString("b c.acp- renamed.acp"));
+        QCOMPARE(book.row(path("renamed.acp"))->note, QString("note"));
+        QCOMPARE(book.row(path("renamed.acp"))->start, QDateTime(QDate(2026, 3, 4), QTime(5, 6, 7)));
+        QCOMPARE(book.row(path("b c.acp"))->figures.records, 61);
+        QVERIFY(write("b c.acp", recording(61, 4000)));
+        book.reader.readAgain();
+        QTRY_COMPARE_WITH_TIMEOUT(book.files(), QString("b c.acp renamed.acp"), longTime);
+    }
+
+    void cancelled()
+    {
+        for (int i = 0; i < 20; ++i)
+            QVERIFY(write(QString("%1.acp").arg(i), recording(50, 3500 + i)));
+        QVERIFY(writeFile(folder->filePath("alone.acp"), recording(5, 3000)));
+        {
+            Logbook logbook;
+            LogbookReader reader(&logbook, path(""));
+            connect(&reader, &LogbookReader::progressed, [&](int done) {
+                if (done == 3)
+                    QTimer::singleShot(0, &reader, SLOT(cancel()));
+            });
+            QSignalSpy finished(&reader, SIGNAL(finished()));
+            logbook.open(folder->path());
+            QVERIFY(finished.wait(longTime));
+            QVERIFY(logbook.size() >= 3 && logbook.size() < 20 && !reader.isReading());
+            const int before = logbook.size();
+            reader.look(folder->filePath("alone.acp")); // one file is read all the same
+            QTRY_COMPARE_WITH_TIMEOUT(logbook.size(), before + 1, longTime);
+        }
+        Reading book(folder->path());
+        QCOMPARE(book.logbook.size(), 21);
+        QCOMPARE(book.reader.filesToDo(), 0);
+    }
+
+    void live()
+    {
+        JournalKeeper keeper(path(""), nullptr, std::chrono::milliseconds(20));
+        Reading book(folder->path());
+        connect(&keeper,
+            SIGNAL(began(QString,QString,Varnel3Data)), &book.reader,
+                SLOT(beginLive(QString,QString,Varnel3Data)));
+        connect(&keeper, SIGNAL(ended(QString)), &book.reader, SLOT(endLive(QString)));
+        connect(&keeper, SIGNAL(discarded(QString)), &book.reader, SLOT(dropLive(QString)));
+        auto first = keeper.create("COM3");
+        auto second = keeper.create("COM4");
+        QCOMPARE(book.logbook.size(), 0);
+        send(*first, 0, 1);
+        send(*second, 0, 1);
+        QCOMPARE(book.logbook.size(), 2);
+        const QString file = keeper.currentFile("COM3");
+        const LogbookRecording *row = book.row(file);
+        QVERIFY(row && row->isLive && row->port == "COM3" && row->figures.mode == Varnel3Data::Charge);
+        send(*first, 1, 9);
+        book.reader.readAgain(); // leaves it to itself
+        book.rest();
+        QVERIFY(book.row(file)->isLive && book.row(file)->figures.records == 1);
+        QTRY_VERIFY_WITH_TIMEOUT(book.logbook.isWritten(), longTime);
+        {
+            const Reading killed(folder->path()); // what another start finds after a kill
+            QVERIFY(killed.row(file) && killed.row(file)->port == "COM3");
+        }
+        second.reset(); // not worth a file
+        QCOMPARE(book.logbook.size(), 1);
+        first.reset();
+        QTRY_VERIFY_WITH_TIMEOUT(!book.row(file)->isLive && book.row(file)->figures.records == 10, longTime);
+        QVERIFY(!book.row(file)->isStartApproximate);
+        // A copy of it, and a file that nobody names.
+        const QString copy = folder->filePath("copy.acp");
+        QVERIFY(QFile::copy(file, copy));
+        book.reader.lookAtCopy(copy, file);
+        QTRY_VERIFY_WITH_TIMEOUT(book.row(copy) && book.row(copy)->figures.records == 10, longTime);
+        QCOMPARE(book.row(copy)->start, book.row(file)->start);
+        QVERIFY(!book.row(copy)->isStartApproximate);
+    }
+
+private:
+    QString path(const QString &name) const
+    {
+        return folder->path() + "/recordings" + (name.isEmpty() ? "" : "/") + name;
+    }
+    bool write(const QString &name, const QByteArray &bytes) const { return writeFile(path(name), bytes); }
+    static void send(RecordingLog &log, int first, int count)
+    {
+        for (int i = first; i < first + count; ++i) {
+            Varnel3Data record;
+            if (record.parseLine(QLatin1String(line(i))))
+                log.addRecord(line(i), record);
+        }
+    }
+
+    std::unique_ptr<QTemporaryDir> folder;
+};
+
+QTEST_MAIN(TestLogbookReader)
+#include "tst_logbookreader.moc"
