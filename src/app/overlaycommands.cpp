@@ -44,7 +44,7 @@ OverlayCommands::OverlayCommands(QWidget *shell, const QAction *action, const Pa
     , m_shell(shell)
     , m_parts(parts)
 {
-    connect(action, SIGNAL(triggered()), this, SLOT(showWindows()));
+    connect(action, SIGNAL(triggered()), this, SLOT(open()));
     connect(m_parts.exports, SIGNAL(message(QString,int)), this, SLOT(onMessage(QString,int)));
 }
 
@@ -52,7 +52,6 @@ void OverlayCommands::show()
 {
     if (!m_window) {
         m_window = new OverlayWindow(m_parts.state, m_shell);
-        m_window->setAttribute(Qt::WA_DeleteOnClose);
         auto *strip = new ProgressStrip(m_window->statusBar());
         m_queue = new FileQueue(strip, m_window);
         connect(m_queue, SIGNAL(loaded(QString,SeriesStore*)), this, SLOT(onLoaded(QString,SeriesStore*)));
@@ -68,6 +67,15 @@ void OverlayCommands::show()
     m_window->show();
     m_window->raise();
     m_window->activateWindow();
+}
+
+// What is shown stays: it may have taken some pains.
+void OverlayCommands::open()
+{
+    if (m_window && m_window->isVisible() && !m_window->plot()->shown().entries.isEmpty())
+        show();
+    else
+        showWindows();
 }
 
 void OverlayCommands::showWindows()
@@ -101,10 +109,7 @@ void OverlayCommands::showFiles(const QStringList &files, const QStringList &lab
 
 void OverlayCommands::addFiles()
 {
-    const QPointer<OverlayWindow> guard(m_window); // it may be closed while the dialog is open
-    const QStringList files = m_parts.documents->chooseFiles();
-    if (!guard)
-        return;
+    const QStringList files = m_parts.documents->chooseFiles(m_window);
     m_entries = m_window->plot()->shown().entries; // some may have been removed or moved
     read(files);
 }
@@ -164,7 +169,7 @@ void OverlayCommands::savePicture()
         = m_window->plot()->picture(plot.size(), m_parts.state->switches().blackBackground);
     m_parts.exports->pictureDialog(
         {plot.size(), [picture](QPainter *painter) { OverlayWindow::paint(painter, picture); }},
-        QStringLiteral("overlay"));
+        QStringLiteral("overlay"), m_window);
 }
 
 void OverlayCommands::onClosed()
@@ -173,6 +178,7 @@ void OverlayCommands::onClosed()
     VarnelSettings settings;
     writePlace(&settings);
     m_entries.clear();
+    m_window->plot()->setEntries({});
 }
 
 void OverlayCommands::writePlace(VarnelSettings *settings) const

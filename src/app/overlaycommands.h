@@ -4,7 +4,6 @@
 
 #include <QHash>
 #include <QObject>
-#include <QPointer>
 #include <QStringList>
 
 class Documents;
@@ -20,7 +19,7 @@ class ViewState;
 class WindowFiles;
 
 /// Lays recordings over each other: the open graph windows, files that are asked for, or those that somebody
-/// else has chosen. Its window is made when it is wanted and gone when it is closed.
+/// else has chosen. Its window is made when it is wanted first, and holds nothing while it is closed.
 class OverlayCommands : public QObject {
     Q_OBJECT
 
@@ -48,6 +47,7 @@ public slots:
     void showFiles(const QStringList &files, const QStringList &labels);
 
 private slots:
+    void open();
     void addFiles();
     void onLoaded(const QString &fileName, SeriesStore *store);
     void onFinished(const QStringList &failures);
@@ -63,7 +63,7 @@ private:
 
     QWidget *m_shell;
     Parts m_parts;
-    QPointer<OverlayWindow> m_window;
+    OverlayWindow *m_window = nullptr; // a child of the shell, which outlives dialogs above it
     FileQueue *m_queue = nullptr; // a child of the window
     QVector<OverlayEntry> m_entries; // that are or will be shown, while files are read
     QHash<QString, QString> m_labels; // of files

@@ -99,25 +99,25 @@ Documents::Documents(QWidget *shellWindow, ProgressStrip *strip, FileWriter *fil
 
 void Documents::openDialog()
 {
-    const QStringList files = askFiles();
+    const QStringList files = askFiles(m_shell);
     if (files.isEmpty())
         onFinished({}, 0);
     else
         open(files);
 }
 
-QStringList Documents::chooseFiles()
+QStringList Documents::chooseFiles(QWidget *window)
 {
-    const QStringList files = askFiles();
+    const QStringList files = askFiles(window);
     onFinished({}, 0);
     return files;
 }
 
-QStringList Documents::askFiles()
+QStringList Documents::askFiles(QWidget *window)
 {
     const DialogPlaces places(lastFolder());
     QFileDialog dialog(
-        m_shell, tr("Chose varnel data file names"), places.first(), tr("Varnel files (*.acp *.abp)"));
+        window, tr("Chose varnel data file names"), places.first(), tr("Varnel files (*.acp *.abp)"));
     dialog.setOption(QFileDialog::DontUseNativeDialog); // a native one would show no labels
     dialog.resize(dialogSize);
     auto *view

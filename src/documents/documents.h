@@ -29,8 +29,8 @@ public:
 
     /// Asks for files and opens them. The displays, always on top, are out of the way meanwhile.
     void openDialog();
-    /// Asks for files in the same way, for another use.
-    QStringList chooseFiles();
+    /// Asks for files in the same way, above `window`, for another use.
+    QStringList chooseFiles(QWidget *window);
     /// Opens them among the journals of live recordings, the newest first.
     void openRecordings();
     /// Opens `files` in the background; those that fail are listed when the last one has been read.
@@ -62,7 +62,7 @@ private slots:
     void nameSaved();
 
 private:
-    QStringList askFiles();
+    QStringList askFiles(QWidget *window);
     QStringList chooseFrom(QFileDialog &dialog);
     /// Opens what is chosen in `dialog`.
     void openFrom(QFileDialog &dialog);

@@ -45,8 +45,8 @@ GraphExports::GraphExports(QWidget *shell, FileWriter *writer, WindowFiles *wind
 void GraphExports::csvDialog(MdiGraphChild *child)
 {
     const QPointer<MdiGraphChild> guard(child); // its window may be closed while the dialog is open
-    const QString name
-        = ask(tr("Export as CSV"), {tr("Comma-separated values (*.csv)")}, m_windowFiles->nameFor(child));
+    const QString name = ask(
+        tr("Export as CSV"), {tr("Comma-separated values (*.csv)")}, m_windowFiles->nameFor(child), m_shell);
     if (!name.isEmpty() && guard)
         writeTable(guard, name);
 }
@@ -54,22 +54,22 @@ void GraphExports::csvDialog(MdiGraphChild *child)
 void GraphExports::pictureDialog(MdiGraphChild *child)
 {
     const QPointer<MdiGraphChild> guard(child);
-    const QString name = askPictureName(m_windowFiles->nameFor(child));
+    const QString name = askPictureName(m_windowFiles->nameFor(child), m_shell);
     if (!name.isEmpty() && guard)
         writePicture(guard, name);
 }
 
-void GraphExports::pictureDialog(const Picture &picture, const QString &name)
+void GraphExports::pictureDialog(const Picture &picture, const QString &name, QWidget *window)
 {
-    const QString fileName = askPictureName(name);
+    const QString fileName = askPictureName(name, window);
     if (!fileName.isEmpty())
         writePicture(picture, fileName);
 }
 
-QString GraphExports::askPictureName(const QString &suggested)
+QString GraphExports::askPictureName(const QString &suggested, QWidget *window)
 {
     return ask(tr("Save picture"), {tr("Picture (*.png)"), tr("Drawing (*.svg)"), tr("Document (*.pdf)")},
-        suggested);
+        suggested, window);
 }
 
 void GraphExports::writeTable(const MdiGraphChild *child, const QString &fileName)
@@ -104,9 +104,10 @@ void GraphExports::writePicture(const Picture &picture, const QString &fileName)
     }));
 }
 
-QString GraphExports::ask(const QString &title, const QStringList &filters, const QString &suggested)
+QString GraphExports::ask(
+    const QString &title, const QStringList &filters, const QString &suggested, QWidget *window)
 {
-    SaveDialog dialog(m_shell, title, filters);
+    SaveDialog dialog(window, title, filters);
     dialog.refuse({QStringLiteral(".acp"), QStringLiteral(".abp")},
         tr("Names that end in .acp or .abp are for recordings."));
     dialog.setDirectory(startFolder());

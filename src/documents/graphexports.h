@@ -24,8 +24,8 @@ public:
     void csvDialog(MdiGraphChild *child);
     /// Asks for a name, whose ending says the format, and draws the graph of `child` as its window shows it.
     void pictureDialog(MdiGraphChild *child);
-    /// The same for any picture, `name` being offered.
-    void pictureDialog(const Picture &picture, const QString &name);
+    /// The same for any picture, `name` being offered, above `window`.
+    void pictureDialog(const Picture &picture, const QString &name, QWidget *window);
     void writeTable(const MdiGraphChild *child, const QString &fileName);
     void writePicture(const MdiGraphChild *child, const QString &fileName);
 
@@ -33,8 +33,8 @@ signals:
     void message(const QString &text, int timeout);
 
 private:
-    QString ask(const QString &title, const QStringList &filters, const QString &suggested);
-    QString askPictureName(const QString &suggested);
+    QString ask(const QString &title, const QStringList &filters, const QString &suggested, QWidget *window);
+    QString askPictureName(const QString &suggested, QWidget *window);
     void writePicture(const Picture &picture, const QString &fileName);
     void write(const QString &fileName, std::unique_ptr<FilePieces> pieces);
     void tellOutcome(const QString &fileName, const WriteOutcome &outcome);

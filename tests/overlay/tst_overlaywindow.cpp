@@ -34,6 +34,7 @@ private slots:
         trigger(ActionId::Overlay);
         QCOMPARE(entries(), "2: COM3 3; 3: COM5 5");
         window->activeMdiChild()->addRecord(Lines::record(9)); // what is shown stays as it was
+        trigger(ActionId::Overlay);
         QCOMPARE(entries(), "2: COM3 3; 3: COM5 5");
         overlay()->findChild<QPushButton *>("overlayWindows")->click();
         QCOMPARE(entries(), "2: COM3 3; 3: COM5 6");
@@ -50,7 +51,9 @@ private slots:
         overlay()->resize(1111, 666);
         QTest::keyClick(overlay(), Qt::Key_Escape); // the pick
         QTest::keyClick(overlay()->plot(), Qt::Key_Escape);
-        QTRY_VERIFY(!overlay());
+        QTRY_VERIFY(!overlay()->isVisible() && overlay()->plot()->shown().entries.isEmpty());
+        window.reset();
+        open({});
         trigger(ActionId::Overlay);
         QCOMPARE(overlay()->size(), QSize(1111, 666));
     }
