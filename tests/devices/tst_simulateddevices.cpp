@@ -23,24 +23,6 @@ private slots:
     void portsComeAndGo();
 
 private:
-    QAction *command() const { return window->findChild<QAction *>("remoteControlAction"_s); }
-    DialogRemoteControl *dialog() const { return window->findChild<DialogRemoteControl *>(); }
-    /// The page that the dialog shows, -1 without a dialog.
-    int page() const
-    {
-        return dialog() ? dialog()->findChild<QStackedWidget *>("pages"_s)->currentIndex() : -1;
-    }
-    QComboBox *combo(const char *name) const { return dialog()->findChild<QComboBox *>(QLatin1String(name)); }
-    void press(const char *button) const
-    {
-        QTest::mouseClick(dialog()->findChild<QPushButton *>(QLatin1String(button)), Qt::LeftButton);
-    }
-    /// Closes the box titled `title` once it is there.
-    void closeBox(const QString &title)
-    {
-        QTRY_VERIFY_WITH_TIMEOUT(modalBox() && modalBox()->windowTitle() == title, 20000);
-        modalBox()->close();
-    }
     int recordsOf(const char *port) const
     {
         int records = 0;
@@ -54,20 +36,23 @@ private:
 void TestSimulatedDevices::remoteControlRunsAProcess()
 {
     start({"COM1:varnel3,cells=4,balance,start=remote,detect=1"});
-    command()->trigger();
-    QTRY_COMPARE(page(), 0);
-    combo("cbTryb0_nc")->setCurrentIndex(6);
+    trigger(ActionId::RemoteControl);
+    auto *dialog = window->findChild<DialogRemoteControl *>();
+    const auto *pages = dialog->findChild<QStackedWidget *>("pages"_s);
+    QTRY_COMPARE(pages->currentIndex(), 0);
+    dialog->findChild<QComboBox *>("cbTryb0_nc"_s)->setCurrentIndex(6);
     QTRY_COMPARE(device("COM1")->panel().memory(), 7);
-    QTRY_COMPARE(page(), 2);
-    QTRY_COMPARE(combo("cbTryb2_nr")->currentIndex(), 3);
-    combo("cbTryb2_nr")->setCurrentIndex(5);
-    press("pbTryb2_start");
-    QTRY_COMPARE(page(), 3);
+    QTRY_COMPARE(pages->currentIndex(), 2);
+    auto *cells = dialog->findChild<QComboBox *>("cbTryb2_nr"_s);
+    QTRY_COMPARE(cells->currentIndex(), 3);
+    cells->setCurrentIndex(5);
+    dialog->findChild<QPushButton *>("pbTryb2_start"_s)->click();
+    QTRY_COMPARE(pages->currentIndex(), 3);
     QTRY_VERIFY(window->activeMdiChild() && window->activeMdiChild()->store().size() > 100);
     QCOMPARE(window->activeMdiChild()->store().records().first().cellCount, 6);
-    press("pbTryb3_stop");
-    closeBox("Aborted"_s);
-    QTRY_COMPARE(page(), 4);
+    dialog->findChild<QPushButton *>("pbTryb3_stop"_s)->click();
+    QTRY_COMPARE(pages->currentIndex(), 4);
+    QTRY_VERIFY(modalBox() && modalBox()->windowTitle() == "Aborted"_s);
     QVERIFY(told.contains("COM1 told #STOP"));
 }
 

@@ -1,6 +1,7 @@
 #include "link/linedispatcher.h"
 
 #include "link/clockcommand.h"
+#include "link/lineframer.h"
 #include "settings/varnelsettings.h"
 #include "support/columns.h"
 #include "support/fakelink.h"
@@ -30,9 +31,20 @@ QByteArray ending(char letter, int time = 6)
     return varnel3Line(time, "#06C05", letter);
 }
 
+QByteArrayList linesOf(LineFramer *framer, const QByteArray &bytes)
+{
+    framer->feed(bytes);
+    QByteArrayList lines;
+    QByteArray line;
+    while (framer->next(&line))
+        lines.append(line);
+    return lines;
+}
+
 } // namespace
 
-class LineDispatcherTest : public QObject {
+/// Bytes of a device to lines, lines to recordings.
+class LinesTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -44,6 +56,10 @@ private slots:
         device = std::make_unique<FakeLink>();
         dispatcher = std::make_unique<LineDispatcher>(device.get(), shell.get());
     }
+    void frames_data();
+    void frames();
+    void takesLinesLaterThanFed();
+    void streamsWithoutLineEndShareTheirRoom();
     void sortsLinesIntoRecordings_data();
     void sortsLinesIntoRecordings();
     void announcesEnds_data();
@@ -62,7 +78,7 @@ private:
     std::unique_ptr<LineDispatcher> dispatcher;
 };
 
-void LineDispatcherTest::tell(const Story &story)
+void LinesTest::tell(const Story &story)
 {
     for (const QByteArray &step : story) {
         bool isSilence = false;
@@ -79,7 +95,7 @@ void LineDispatcherTest::tell(const Story &story)
     QCoreApplication::processEvents();
 }
 
-void LineDispatcherTest::sortsLinesIntoRecordings_data()
+void LinesTest::sortsLinesIntoRecordings_data()
 {
     const auto row = columns<Story, Recordings>({"story", "recordings"});
     const auto at = [](int time) { return varnel3Line(time); };
@@ -132,7 +148,7 @@ void LineDispatcherTest::sortsLinesIntoRecordings_data()
         {{"6", "2", "end"}, {"3", "end"}, {"4"}});
 }
 
-void LineDispatcherTest::sortsLinesIntoRecordings()
+void LinesTest::sortsLinesIntoRecordings()
 {
     QFETCH(Story, story);
     QFETCH(Recordings, recordings);
@@ -142,7 +158,7 @@ void LineDispatcherTest::sortsLinesIntoRecordings()
     QCOMPARE(shell->calls.count("started"), recordings.size());
 }
 
-void LineDispatcherTest::announcesEnds_data()
+void LinesTest::announcesEnds_data()
 {
     const auto row = columns<Story, QStringList>({"story", "calls"});
     const QByteArray line = varnel3Line(5);
@@ -160,7 +176,7 @@ void LineDispatcherTest::announcesEnds_data()
         {"armed", "announced 6 0", "started", "started", "ended 0"});
 }
 
-void LineDispatcherTest::announcesEnds()
+void LinesTest::announcesEnds()
 {
     QFETCH(Story, story);
     tell(story);
@@ -168,7 +184,7 @@ void LineDispatcherTest::announcesEnds()
     QCOMPARE(dispatcher->isNewProcess(), story.contains(endShot));
 }
 
-void LineDispatcherTest::keepsWhatTheClosedWindowMissed()
+void LinesTest::keepsWhatTheClosedWindowMissed()
 {
     tell({varnel3Line(5), shutWindow, resistanceLine(), "!1,2", varnel3Line(6), varnel3Line(7),
         varnel3Line(0), varnel3Line(1), shutWindow, varnel3Line(2)});
@@ -180,7 +196,7 @@ void LineDispatcherTest::keepsWhatTheClosedWindowMissed()
     QCOMPARE(shell->windows[2]->link, device.get());
 }
 
-void LineDispatcherTest::isRecordingWhileTheDeviceIsHeard()
+void LinesTest::isRecordingWhileTheDeviceIsHeard()
 {
     const auto state
         = [this] { return 10 * int(dispatcher->isNewProcess()) + int(dispatcher->isRecording()); };
@@ -195,7 +211,7 @@ void LineDispatcherTest::isRecordingWhileTheDeviceIsHeard()
     QCOMPARE(state(), 10);
 }
 
-void LineDispatcherTest::setsTheClockOncePerPort()
+void LinesTest::setsTheClockOncePerPort()
 {
     QCOMPARE(clockCommand(QDateTime({2026, 11, 15}, {13, 42, 5})), "#TIME!05:42:13:15:11:26\r\n"_s);
     const Story process = {varnel3Line(5), ending('E'), endShot};
@@ -210,7 +226,7 @@ void LineDispatcherTest::setsTheClockOncePerPort()
     QVERIFY(device->commands[0].startsWith("#TIME!"_s) && device->commands[1].startsWith("#TIME!"_s));
 }
 
-void LineDispatcherTest::lineThatLacksMemoryIsLeftOut()
+void LinesTest::lineThatLacksMemoryIsLeftOut()
 {
     const Story endless{varnel3Line(6).replace(",6,", ',' + QByteArray(64 << 20, 'x') + ',')};
     tell({varnel3Line(5)});
@@ -223,5 +239,90 @@ void LineDispatcherTest::lineThatLacksMemoryIsLeftOut()
     QCOMPARE(shell->calls.value(1), "status 5000 Not enough memory: a line of COM7 is left out."_s);
 }
 
-QTEST_GUILESS_MAIN(LineDispatcherTest)
-#include "tst_linedispatcher.moc"
+void LinesTest::frames_data()
+{
+    const auto row = columns<QByteArray, QByteArrayList>({"bytes", "lines"});
+    row("empty lines", "#123\n\n\r\n", {"#123", "", ""});
+    row("rest of a line heard from its middle", "4,0\r\n#1234\n", {"4,0", "#1234"});
+    row("line end first of all", "\n#1234\n", {"", "#1234"});
+    row("what stands before the hash stays", "#0000\nxyz#TEST123456\r\n", {"#0000", "xyz#TEST123456"});
+    row("hash does not end its line", "#1234#56\n78\n", {"#1234#561078"});
+
+    row("line end as second byte", "#\x01\nAB\n", {"#0110AB"});
+    row("line end as first byte", "#\nAB\n\n", {"#10AB", ""});
+    row("line end as third byte", "#AB\nC\n", {"#AB10C"});
+    row("line end as fourth byte", "#ABC\n", {"#ABC"});
+    row("NUL as value", QByteArray("#\0\0\0\0A\n", 7), {"#000000A"});
+    row("values above 127 are negative", "#\xC8\xFB\x80\xC8\n", {"#-56-5-128\xC8"});
+    row("value 31, then printable, then deleted", "#\x1F \x7F\x41\n", {"#31 A"});
+    row("second hash starts the count anew", "#AB#\x05\x43\n\n", {"#AB#05C10"});
+    row("count goes on past the line end", "#AB\n\n\x05\x43\n", {"#AB10", "C"});
+
+    QByteArray others, printable;
+    for (int code = 0; code < 256; ++code) {
+        if (code != '#' && code != '\n')
+            others.append(char(code));
+        if (code >= 0x20 && code != '#' && (code < 0x7F || (code > 0x9F && code != 0xAD)))
+            printable.append(char(code));
+    }
+    row("every other byte", "#123" + others + '\n', {"#123" + printable});
+    row("four kilobytes", '#' + QByteArray(4095, 'x') + '\n', {'#' + QByteArray(4095, 'x')});
+}
+
+// However the bytes arrive.
+void LinesTest::frames()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QByteArrayList, lines);
+    for (int piece : {1, 2, 3, 5, 7, bytes.size()}) {
+        LineFramer framer;
+        QByteArrayList found;
+        for (int at = 0; at < bytes.size(); at += piece)
+            found += linesOf(&framer, bytes.mid(at, piece));
+        QCOMPARE(found, lines);
+    }
+}
+
+// A reader takes bytes in, and stops, while it is handling a line.
+void LinesTest::takesLinesLaterThanFed()
+{
+    LineFramer framer;
+    QByteArray line;
+    framer.feed("#first\n#sec");
+    QVERIFY(framer.next(&line) && line == "#first");
+    QCOMPARE(linesOf(&framer, "ond\n#third\n#4"), QByteArrayList({"#second", "#third"}));
+    QCOMPARE(line, QByteArray("#first"));
+    framer.feed("7\n#8");
+    framer.clear();
+    QVERIFY(!framer.next(&line));
+    QCOMPARE(linesOf(&framer, "\n789\n"), QByteArrayList({"", "789"}));
+}
+
+// Any step over the whole unfinished line for each piece would take minutes.
+void LinesTest::streamsWithoutLineEndShareTheirRoom()
+{
+    const QByteArray piece(64 * 1024, 'x');
+    LineFramer late;
+    QByteArray line;
+    {
+        LineFramer framers[2];
+        for (int size = 0; size < LineFramer::maxHeld; size += piece.size()) {
+            for (LineFramer &framer : framers)
+                QCOMPARE(linesOf(&framer, piece), QByteArrayList());
+        }
+        const QByteArray own(LineFramer::ownRoom, 'y');
+        QCOMPARE(linesOf(&late, own + "more\n"), QByteArrayList({own})); // the third still has its lines
+        QCOMPARE(linesOf(&framers[0], "\n#2345678901\n").constLast(), QByteArray("#2345678901"));
+        framers[1].feed("\n");
+        QVERIFY(framers[1].next(&line));
+        QCOMPARE(line.size(), LineFramer::maxHeld / 2);
+        framers[0].feed(piece);
+        QVERIFY(!framers[0].next(&line));
+    }
+    late.feed(QByteArray(LineFramer::maxHeld + 1, 'z') + '\n'); // all room is free again
+    QVERIFY(late.next(&line));
+    QCOMPARE(line.size(), LineFramer::maxHeld);
+}
+
+QTEST_GUILESS_MAIN(LinesTest)
+#include "tst_lines.moc"
