@@ -272,6 +272,12 @@ private slots:
         QVERIFY(!table || bytes == expected.data());
         const QImage screen = child->grab().toImage().convertToFormat(QImage::Format_RGB32);
         QVERIFY(!written.endsWith(".png") || QImage::fromData(bytes) == screen);
+        static const QRegularExpression frame("(?:viewBox=\"|MediaBox \\[)0 0 (\\d+)[.0-9]* (\\d+)");
+        const auto found = frame.match(QString::fromLatin1(bytes.constData(), bytes.size()));
+        const QSizeF wanted = QSizeF(child->size()) * (written.endsWith(".svg") ? 1 : 0.75); // px, or points
+        if (written.contains(QRegularExpression("svg|PDF")))
+            QVERIFY(qAbs(found.captured(1).toInt() - wanted.width()) < 1
+                && qAbs(found.captured(2).toInt() - wanted.height()) < 1);
     }
 
     void tidiesByAge()
