@@ -89,6 +89,8 @@ private slots:
             QVERIFY2(text.endsWith("acp [Cha 6xLiPo]"), qPrintable(text));
             QTRY_COMPARE(shown(1).sibling(1, 2).data().toString(), QString("2:03")); // is read beside
             QCOMPARE(tree->model()->headerData(2, Qt::Horizontal).toString(), QString("Length"));
+            QCOMPARE(shown(1).sibling(1, 2).data(Qt::TextAlignmentRole).toInt(), 0x82); // right, middle
+            QVERIFY(shown(1).sibling(1, 3).data(Qt::TextAlignmentRole).isNull());
             for (int column = 0; column < 4; ++column)
                 QTRY_VERIFY( // the header follows the contents later
                     tree->columnWidth(column) >= tree->sizeHintForIndex(shown(1).sibling(1, column)).width());

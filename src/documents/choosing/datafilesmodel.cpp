@@ -108,7 +108,7 @@ bool DataFilesModel::canFetchMore(const QModelIndex & /*parent*/) const
 Qt::ItemFlags DataFilesModel::flags(const QModelIndex &index) const
 {
     if (!index.isValid())
-        return QAbstractProxyModel::flags(index);
+        return QAbstractProxyModel::flags(index) & Qt::ItemIsDropEnabled;
     const FolderEntry &entry = m_listing.entries.at(index.row());
     // Views ask this of all rows at once.
     Qt::ItemFlags flags = Qt::ItemNeverHasChildren;

@@ -1,8 +1,14 @@
 #include "documents/choosing/boundedselection.h"
-#include "documents/choosing/folderlisting.h"
+#include "documents/choosing/datafilesmodel.h"
+#include "documents/choosing/windowsnames.h"
+#include "files/varelstyleditemdelegate.h"
 #include "support/documentrig.h"
 
+#include <QAbstractItemModelTester>
+#include <QComboBox>
 #include <QCompleter>
+#include <QFileSystemModel>
+#include <QHeaderView>
 #include <QListView>
 #include <QLocale>
 #include <QScreen>
@@ -146,62 +152,171 @@ private slots:
             QVERIFY2(count < manyFiles / 4, qPrintable(QString::number(count)));
             list->setFocus();
             list->selectAll();
+            auto *selection = list->selectionModel();
             QTRY_COMPARE( // a folder counts once its disk has answered
-                list->selectionModel()->selectedRows().size(), BoundedSelection::most);
+                selection->selectedRows().size(), BoundedSelection::most);
+            using Command = QItemSelectionModel;
+            selection->select(shown->index(7, 0), Command::Deselect | Command::Rows);
+            selection->select({shown->index(600, 0), shown->index(609, 0)}, Command::Select | Command::Rows);
+            QCOMPARE(selection->selectedRows().size(), BoundedSelection::most);
+            QVERIFY(selection->isSelected(shown->index(600, 0)));
+            const auto size = [shown](int row) { return shown->index(row, 1).data().toString(); };
+            for (int row = 1; row <= manyFiles; ++row) // scrolled past
+                size(row);
+            QTRY_VERIFY(!size(manyFiles).isEmpty());
+            QVERIFY(size(manyFiles / 2).isEmpty());
+            QTRY_VERIFY(!size(manyFiles / 2).isEmpty());
         });
         ::close(opened);
     }
 
     void followsItsFolder()
     {
-        QVERIFY(writeFile(path("run2.acp"), "#") && writeFile(path("run3.acp"), "##")
+        QVERIFY(writeFile(path("run2.acp"), "#") && writeFile(path("run3.acp"), Lines::charger(0))
             && writeFile(path("a.txt"), "") && writeFile(path(".h.acp"), "")
             && writeFile(path("sub/in.acp"), ""));
         inDialog(path(""), [&](QFileDialog *dialog) {
             auto *tree = dialog->findChild<QTreeView *>("treeView");
+            const auto *list = dialog->findChild<QListView *>("listView");
             auto *edit = dialog->findChild<QLineEdit *>("fileNameEdit");
-            const auto rows = [tree](const QVector<int> &columns) {
+            auto *model = qobject_cast<DataFilesModel *>(tree->model());
+            const QAbstractItemModelTester tester(model);
+            const auto names = [model] {
                 QStringList all;
-                for (int row = 0; row < tree->model()->rowCount(tree->rootIndex()); ++row)
-                    for (const int column : columns)
-                        all << tree->model()->index(row, column, tree->rootIndex()).data().toString();
+                for (int row = 0; row < model->rowCount(); ++row)
+                    all << model->index(row, 0).data().toString();
                 return all.join(' ');
             };
-            const auto names = [&] { return rows({0}); };
-            QTRY_COMPARE(rows({0, 1, 2}),
-                QString("sub  Folder run2.acp %1 acp File run3.acp %2 acp File")
-                    .arg(QLocale::system().formattedDataSize(1), QLocale::system().formattedDataSize(2)));
-            QVERIFY(dialog->width() > 780 && dialog->width() <= dialog->screen()->availableSize().width());
-            const auto canEdit = [&](int column) {
-                return tree->model()
-                    ->index(1, column, tree->rootIndex())
-                    .flags()
-                    .testFlag(Qt::ItemIsEditable);
+            const auto cells = [model](int row) { // text|name|label|flags|alignment|icon of each column
+                QStringList all;
+                for (int column = 0; column < 4; ++column) {
+                    const QModelIndex cell = model->index(row, column);
+                    QStringList one;
+                    for (const int role : {int(Qt::DisplayRole), int(QFileSystemModel::FileNameRole),
+                             int(VarelStyledItemDelegate::labelRole)})
+                        one << cell.data(role).toString();
+                    one << QString::number(int(cell.flags()), 16)
+                        << cell.data(Qt::TextAlignmentRole).toString()
+                        << (cell.data(Qt::DecorationRole).isNull() ? "" : "icon");
+                    all << one.join('|');
+                }
+                return all.join("; ");
             };
-            QVERIFY(canEdit(0) && !canEdit(1));
-            tree->sortByColumn(1, Qt::DescendingOrder);
-            QTRY_COMPARE(names(), QString("run3.acp run2.acp sub"));
-            auto *hidden = dialog->findChild<QAction *>("qt_show_hidden_action");
-            hidden->trigger();
-            QTRY_COMPARE(names(), QString("run3.acp run2.acp .h.acp sub"));
-            hidden->trigger();
-            QTRY_COMPARE(names(), QString("run3.acp run2.acp sub"));
-            dialog->setDirectory(path("sub"));
-            QTRY_COMPARE(names(), QString("in.acp"));
-            dialog->setDirectory(path(""));
-            QTRY_COMPARE(names(), QString("run3.acp run2.acp sub"));
+            const auto date = [this](const char *name) {
+                return QLocale::system().toString(QFileInfo(path(name)).lastModified(), QLocale::ShortFormat);
+            };
+            QTRY_COMPARE(cells(0),
+                "sub|sub||af||icon; |sub||a5|130|; Folder|sub||a5||; " + date("sub") + "|sub||a5||");
+            QTRY_COMPARE(cells(2),
+                QString("run3.acp|run3.acp| [Cha 6xLiPo]|a7||icon; %1|run3.acp||a5|130|; acp File|run3.acp||"
+                        "a5||; %2|run3.acp||a5||")
+                    .arg(QLocale::system().formattedDataSize(Lines::charger(0).size()), date("run3.acp")));
+            QString cell; // whether there is such a one
+            for (const auto &[row, column] :
+                {std::pair(-1, 0), std::pair(0, -1), std::pair(3, 0), std::pair(0, 4), std::pair(2, 3)})
+                cell += model->index(row, column).isValid() ? '1' : '0';
+            QCOMPARE(cell, QString("00001"));
+            const QModelIndex last = model->index(2, 3);
+            QCOMPARE(model->mapFromSource(model->mapToSource(last)), last);
+            QCOMPARE(last.data(QFileSystemModel::FilePathRole).toString(), path("run3.acp"));
+            QCOMPARE(model->headerData(3, Qt::Horizontal).toString(), QString("Date Modified"));
+            QVERIFY(dialog->width() > 780 && dialog->width() <= dialog->screen()->availableSize().width());
+            QVERIFY(tree->uniformRowHeights() && tree->header()->resizeContentsPrecision() == 0);
+            QVERIFY(list->uniformItemSizes() && list->layoutMode() == QListView::Batched);
+            const int letters = list->fontMetrics().horizontalAdvance("run2.acp [Cha 16xLiPo]");
+            QVERIFY(list->gridSize().width() > letters && list->gridSize().width() < letters + 50);
+
+            // What is typed is selected, if all of it is there; what is not typed is added to what is.
             edit->setFocus();
-            QTest::keyClicks(edit, "sub/I"); // completed from another folder
-            QTRY_COMPARE(edit->completer()->currentCompletion(), QString("sub/in.acp"));
-            edit->setText("\"run2.acp\" \"run3.acp\"");
-            QCOMPARE(dialog->selectedFiles().size(), 2);
-            QVERIFY(writeFile(path("new.ABP"), "###") && QFile::remove(path("run2.acp")));
-            QTRY_COMPARE(names(), QString("new.ABP run3.acp sub"));
-            QCOMPARE(dialog->selectedFiles(), QStringList(path("run3.acp"))); // stays selected
-            QVERIFY(tree->model()->setData(tree->model()->index(1, 0), "first.acp"));
-            QTRY_COMPARE(names(), QString("new.ABP first.acp sub"));
+            const auto selected = [&](const char *text) {
+                edit->setText(text);
+                return list->selectionModel()->selectedRows().size();
+            };
+            QCOMPARE(selected("\"run2.acp\" \"run3.acp\""), 2);
+            QCOMPARE(selected("\"run2.acp\" \"run4.acp\""), 0);
+            QCOMPARE(selected("run3.acp"), 1);
+            tree->setFocus();
+            QCOMPARE(selected("run2.acp") * 10 + selected("run4.acp"), 22);
+            edit->setFocus();
+            QCOMPARE(selected("run2.acp"), 1);
+            tree->sortByColumn(1, Qt::DescendingOrder);
+            auto *hidden = dialog->findChild<QAction *>("qt_show_hidden_action");
+            hidden->trigger(); // while it is listed
+            QTRY_COMPARE(names(), QString("run3.acp run2.acp .h.acp sub"));
+            QCOMPARE(dialog->selectedFiles(), QStringList(path("run2.acp")));
+            tree->sortByColumn(1, Qt::AscendingOrder);
+            QTRY_COMPARE(names(), QString("sub .h.acp run2.acp run3.acp"));
+            hidden->trigger();
+            QTRY_COMPARE(names(), QString("sub run2.acp run3.acp"));
+            QVERIFY(
+                QMetaObject::invokeMethod(dialog, "_q_createDirectory")); // shows it at once, and no other
+            auto *source = static_cast<QFileSystemModel *>(model->sourceModel());
+            QVERIFY(source->mkdir(model->mapToSource({}), ".hidden").isValid());
+            QCOMPARE(names(), QString("sub run2.acp run3.acp New Folder"));
+            model->setEndings({".txt", ".ACP"});
+            QTRY_COMPARE(names(), QString("New Folder sub a.txt run2.acp run3.acp"));
+
+            // From place to place.
+            const auto goTo = [dialog](const QString &place) {
+                QMetaObject::invokeMethod(dialog->findChild<QListView *>("sidebar"), "goToUrl",
+                    Q_ARG(QUrl, place.isEmpty() ? QUrl() : QUrl::fromLocalFile(place)));
+            };
+            goTo(path("sub/in.acp"));
+            QTRY_COMPARE(names(), QString("in.acp"));
+            QVERIFY(edit->placeholderText().isEmpty());
+            QVERIFY(!model->mapFromSource(source->index(path("run2.acp"))).isValid());
+            goTo(QString());
+            QTRY_COMPARE(names(), QString("/"));
+            dialog->setDirectory(path("sub"));
+            QCOMPARE(edit->placeholderText(), QString("The folder is being read..."));
+            QTRY_COMPARE(names(), QString("in.acp"));
+            auto *places = dialog->findChild<QComboBox *>("lookInCombo");
+            places->showPopup();
+            places->hidePopup();
+            QMetaObject::invokeMethod(places, "activated", Q_ARG(int, 1)); // the folder above
+            QTRY_COMPARE(names(), QString("New Folder sub a.txt run2.acp run3.acp"));
+            answer({[this](QDialog *box) {
+                QVERIFY(
+                    qobject_cast<QMessageBox *>(box)->text().startsWith(path("none\nDirectory not found.")));
+                box->accept();
+            }},
+                dialog);
+            goTo(path("none"));
+            QTRY_COMPARE(unanswered, 0);
+            QApplication::setActiveWindow(dialog); // again
+
+            // What was selected and goes is selected no more; names are completed, from another folder too.
+            edit->setFocus();
+            QCOMPARE(selected("\"run2.acp\" \"run3.acp\""), 2);
+            QVERIFY(writeFile(path("new.ACP"), "###") && QFile::remove(path("run2.acp")));
+            QVERIFY(writeFile(path("run3.acp"), Lines::charger(0) + Lines::charger(1)));
+            const QString larger = QLocale::system().formattedDataSize(2 * Lines::charger(0).size());
+            QTRY_COMPARE(names(), QString("New Folder sub a.txt new.ACP run3.acp"));
+            QCOMPARE(dialog->selectedFiles(), QStringList(path("run3.acp")));
+            QTRY_VERIFY(cells(4).contains(larger));
+            QVERIFY(model->setData(model->index(4, 0), "first.acp"));
+            QVERIFY(
+                names() == "New Folder sub a.txt new.ACP first.acp" && cells(4).contains(larger)); // at once
             QVERIFY(QFile::exists(path("first.acp")));
+            for (const auto &[keys, whole] :
+                {std::pair("sub/I", "sub/in.acp"), std::pair("FI", "first.acp")}) {
+                edit->completer()->popup()->hide();
+                edit->clear();
+                QTest::keyClicks(edit, keys);
+                QTRY_COMPARE(edit->completer()->currentCompletion(), QString(whole));
+            }
         });
+    }
+
+    /// That would not come back as files on Windows.
+    void namesForWindows()
+    {
+        for (const char *name : {"2026-11-21_06-40-50_COM3.acp", "com.acp", "COM10.acp", "COM3a.acp", "lpt0",
+                 "Pack 1.5Ah, after 12.06.acp", "\u0142adowarka.acp", ".acp"})
+            QVERIFY2(isNameForWindows(QString::fromUtf8(name)), name);
+        for (const char *name : {"COM3.acp", "com3 .acp", "Aux", "nul.tar.gz", "LPT\u00b2.acp", "CONIN$.acp",
+                 "con.", "Pack 12:30.acp", "a*.acp", "a?.acp", "a\tb.acp", "a|b.acp", "a.acp ", "a.", ""})
+            QVERIFY2(!isNameForWindows(QString::fromUtf8(name)), name);
     }
 
     void diskDoesNotAnswer()
