@@ -134,18 +134,18 @@ int main(int argc, char **argv)
         joinConsole();
     if (ahead.task == CommandLine::Print || ahead.task == CommandLine::Refuse)
         return runBatch(ahead);
-    if (!ahead.isBatch())
-        protectLog(); // Qt may have something to say at once
+    // Qt may have something to say at once. Of a command, standard error is for what goes wrong.
+    if (ahead.isBatch())
+        QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\ndefault.warning=false"));
+    else
+        protectLog();
     followScreens();
     auto platform
         = std::make_unique<PlatformChoice>(ahead.isBatch() ? screenlessPlatforms() : screenPlatforms());
     QApplication application(argc, argv);
     platform.reset();
     const CommandLine line = understood(QCoreApplication::arguments());
-    if (line.isBatch()) {
-        QLoggingCategory::setFilterRules(
-            QStringLiteral("*.debug=false")); // standard error is for what goes wrong
+    if (line.isBatch())
         return runBatch(line);
-    }
     return runProgram(absolute(line.files));
 }

@@ -93,7 +93,7 @@ private slots:
     void needsNoDisplay()
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR"})
             environment.remove(name);
         environment.insert("LC_ALL", "C");
         for (const QString &output : {"-"_s, "/dev/stdout"_s, QString()}) { // a pipe, by two names
@@ -105,7 +105,8 @@ private slots:
             QVERIFY(program.waitForFinished() && program.exitStatus() == QProcess::NormalExit);
             QCOMPARE(program.exitCode(), good ? 0 : 2);
             QCOMPARE(program.readAllStandardOutput().count('\n'), good ? 61 : 0);
-            QCOMPARE(program.readAllStandardError().contains("Usage: varnelgraph"), !good);
+            const QByteArray said = program.readAllStandardError();
+            QVERIFY(good ? said.isEmpty() : said.contains("Usage: varnelgraph"));
         }
     }
 
