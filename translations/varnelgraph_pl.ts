@@ -1925,6 +1925,17 @@ Musi to usunąć użytkownik „%3” lub administrator.</translation>
     </message>
 </context>
 <context>
+    <name>QCommandLineParser</name>
+    <message>
+        <source>Displays help on commandline options.</source>
+        <translation>Wyświetla pomoc dotyczącą opcji wiersza poleceń.</translation>
+    </message>
+    <message>
+        <source>Displays help including Qt specific options.</source>
+        <translation>Wyświetla pomoc wraz z opcjami samego Qt.</translation>
+    </message>
+</context>
+<context>
     <name>QFileDialog</name>
     <message>
         <source>%1
@@ -1933,6 +1944,43 @@ Please verify the correct directory name was given.</source>
         <translation>%1
 Nie znaleziono folderu.
 Sprawdź, czy podano właściwą nazwę.</translation>
+    </message>
+</context>
+<context>
+    <name>QPrintDialog</name>
+    <message>
+        <source>Invalid Pages Definition</source>
+        <translation>Błędny wybór stron</translation>
+    </message>
+</context>
+<context>
+    <name>QPrintPropertiesWidget</name>
+    <message>
+        <source>Advanced</source>
+        <translation>Zaawansowane</translation>
+    </message>
+</context>
+<context>
+    <name>QPrintSettingsOutput</name>
+    <message>
+        <source>Double Sided Printing</source>
+        <translation>Drukowanie dwustronne</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Wyłączone</translation>
+    </message>
+    <message>
+        <source>Long side binding</source>
+        <translation>Po długiej krawędzi</translation>
+    </message>
+    <message>
+        <source>Short side binding</source>
+        <translation>Po krótkiej krawędzi</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <translation>Strony</translation>
     </message>
 </context>
 <context>

@@ -5,6 +5,23 @@
 #include <QCoreApplication>
 #include <QTranslator>
 
+namespace {
+
+// Of the toolkit's own texts those that users meet and that its Polish lacks.
+[[maybe_unused]] constexpr const char *lacking[] = {
+    QT_TRANSLATE_NOOP("QCommandLineParser", "Displays help on commandline options."),
+    QT_TRANSLATE_NOOP("QCommandLineParser", "Displays help including Qt specific options."),
+    QT_TRANSLATE_NOOP("QPrintSettingsOutput", "Double Sided Printing"),
+    QT_TRANSLATE_NOOP("QPrintSettingsOutput", "Off"),
+    QT_TRANSLATE_NOOP("QPrintSettingsOutput", "Long side binding"),
+    QT_TRANSLATE_NOOP("QPrintSettingsOutput", "Short side binding"),
+    QT_TRANSLATE_NOOP("QPrintSettingsOutput", "Pages"),
+    QT_TRANSLATE_NOOP("QPrintPropertiesWidget", "Advanced"),
+    QT_TRANSLATE_NOOP("QPrintDialog", "Invalid Pages Definition"),
+};
+
+} // namespace
+
 void installLanguage(const QString &language)
 {
     initResources();
