@@ -74,6 +74,10 @@ as_somebody "sh /tmp/record.sh"
 lines=$(find "$home/.local" -name '*.acp' -exec cat {} + | wc -l)
 [ "$lines" -ge 20 ] || { cat /tmp/runtime/program.log; fail "$lines lines of a device recorded"; }
 say "$lines lines of a simulated device were recorded"
+as_somebody "varnelgraph --logbook-csv logbook.csv"
+[ "$(wc -l <"$home/logbook.csv")" -ge 2 ] || fail "no recording in the logbook"
+[ -n "$(find "$home/.local" -name logbook.sqlite)" ] || fail "no file of the logbook"
+say "the logbook has them"
 
 purge
 listing >/tmp/after

@@ -8,7 +8,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 headers=$(pkg-config --variable=includedir Qt5Core) # ends in /qt5
 options=(-std=c++17 -fsyntax-only -Wall -Wextra -DUNICODE -D_UNICODE "-DVARNELGRAPH_VERSION=\"0\"" -I src
     -I build/dev/src/varnel_gui_autogen/include -isystem /usr/include/qwt -isystem "$headers")
-for module in Core Gui Widgets Network SerialPort Multimedia PrintSupport Svg Concurrent; do
+for module in Core Gui Widgets Network SerialPort Multimedia PrintSupport Sql Svg Concurrent; do
     options+=(-isystem "$headers/Qt$module")
 done
 find src -name '*.cpp' ! -name '*_unix.cpp' | sort |
