@@ -15,17 +15,15 @@ namespace {
 // Writes the files of a group; `figures` are "limit usage cache", nothing where there is no group.
 bool writeGroup(const QString &folder, const QByteArray &figures, bool first)
 {
-    if (figures.isEmpty())
-        return true;
     const QList<QByteArray> parts = figures.split(' ');
-    const auto write = [&folder](const char *name, const QByteArray &text) {
+    const auto write = [&](const char *name, int part, const QByteArray &before = {}) {
         QFile file(folder + QLatin1Char('/') + QLatin1String(name));
-        return file.open(QIODevice::WriteOnly) && file.write(text) == text.size();
+        return file.open(QIODevice::WriteOnly) && file.write(before + parts[part] + '\n') > 0;
     };
-    return QDir().mkpath(folder) && write(first ? "memory.limit_in_bytes" : "memory.max", parts[0] + '\n')
-        && write(first ? "memory.usage_in_bytes" : "memory.current", parts[1] + '\n')
-        && write("memory.stat",
-            "anon 7\n" + QByteArray(first ? "total_" : "") + "inactive_file " + parts[2] + '\n');
+    return figures.isEmpty()
+        || (QDir().mkpath(folder) && write(first ? "memory.limit_in_bytes" : "memory.max", 0)
+            && write(first ? "memory.usage_in_bytes" : "memory.current", 1)
+            && write("memory.stat", 2, first ? "anon 7\ntotal_inactive_file " : "anon 7\ninactive_file "));
 }
 
 } // namespace
