@@ -302,9 +302,7 @@ void DataDisplay::createWindowNumber()
     m_windowNumberLabel->setObjectName(QStringLiteral("windowNumberLabel"));
     m_windowNumberLabel->setStyleSheet(QStringLiteral("color: black; background: yellow;"));
     m_windowNumberLabel->setAlignment(Qt::AlignCenter);
-    m_windowNumberLabel->move(0, 0);
     m_windowNumberLabel->resize(scaledSize({badgeSize, badgeSize}));
-    m_windowNumberLabel->raise();
 }
 
 QGridLayout *DataDisplay::captionPair(DataFigures::Item upper, DataFigures::Item lower)

@@ -279,7 +279,6 @@ void VoltageChart::paintBars(
             painter.drawRect(bar.adjusted(0, 0, -1, -1));
         }
         const bool emphasised = shown.selected[cell] && selection == All;
-        painter.setPen(ChartPaint::textColour(blackGround));
         if (emphasised) {
             painter.setBrush(Qt::NoBrush);
             painter.setPen(QPen(

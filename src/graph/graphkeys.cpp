@@ -6,6 +6,8 @@
 #include <QKeyEvent>
 #include <QWidget>
 
+#include <cmath>
+
 namespace {
 
 constexpr double keyFactor = 1.25;
@@ -87,7 +89,7 @@ void GraphInteraction::moveValues(int direction, Qt::KeyboardModifiers)
 
 void GraphInteraction::zoomByKey(int direction, Qt::KeyboardModifiers modifiers)
 {
-    const double factor = direction > 0 ? keyFactor : 1 / keyFactor;
+    const double factor = std::pow(keyFactor, direction);
     if (modifiers & Qt::ControlModifier)
         m_view.zoomValues(factor, m_area, m_view.layout().area(m_area).center().y());
     else

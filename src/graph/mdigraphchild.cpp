@@ -268,9 +268,7 @@ void MdiGraphChild::showEvent(QShowEvent *event)
 
 void MdiGraphChild::mousePressEvent(QMouseEvent *event)
 {
-    QWidget::mousePressEvent(event);
     m_interaction->press(event);
-    event->accept();
 }
 
 void MdiGraphChild::mouseMoveEvent(QMouseEvent *event)
@@ -280,9 +278,7 @@ void MdiGraphChild::mouseMoveEvent(QMouseEvent *event)
 
 void MdiGraphChild::mouseReleaseEvent(QMouseEvent *event)
 {
-    QWidget::mouseReleaseEvent(event);
     m_interaction->release(event);
-    event->accept();
 }
 
 void MdiGraphChild::mouseDoubleClickEvent(QMouseEvent *event)

@@ -105,7 +105,7 @@ private slots:
             QSKIP("A printer is installed.");
         QWidget parent;
         printWithDialog(job, &parent);
-        QCOMPARE(openDialog()->windowTitle(), job.title);
+        QCOMPARE(openDialog()->windowTitle() + openDialog()->printer()->docName(), "Title" + job.fileName);
         QCOMPARE(openDialog()->printer()->pageLayout().orientation(), QPageLayout::Portrait);
         QVERIFY(openDialog()->printer()->outputFileName().endsWith("/a-b-c-.pdf"));
         QVERIFY((openDialog()->options()

@@ -54,7 +54,7 @@ private slots:
     {
         const auto record = [](int time) { return recordLine("#06C05_____0", time) + '\n'; };
         const std::pair<QByteArray, int> cases[]
-            = {{record(60) + record(4000), 3940}, {record(60) + record(60), 0},
+            = {{record(60) + record(4000), 3940}, {record(0) + record(0), 0},
                 {record(60) + record(61).repeated(200) + record(400000), 399940}, // longer than what is read
                 {"junk\n" + record(5) + record(9) + "!1,2\n" + record(99).left(30), 4}, // a cut end
                 {record(60) + record(4), -1}, {"6\nc\n3\n0 1 1 1 1\n60 1 1 1 1\n", -1}};

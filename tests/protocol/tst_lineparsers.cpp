@@ -80,6 +80,7 @@ QStringList ofCodes(const QString &line, const QString &codes, QString (*said)(c
     const QStringList each = codes.split(QLatin1Char(' '));
     for (const QString &code : each) {
         Varnel3Data record;
+        record.ballansingCurrent = 7; // of the line before
         const bool taken = record.parseLine(QString(line).replace(QLatin1String("%1"), code));
         all += (taken ? QString() : QStringLiteral("-")) + said(record);
     }
