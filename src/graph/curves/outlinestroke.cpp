@@ -12,11 +12,17 @@ namespace {
 
 constexpr double reach = 2; // px, of a lone point
 
-QPolygonF onWholePixels(QPolygonF points)
+// Of those that fall together one: most of a quiet curve.
+QPolygonF onWholePixels(const QPolygonF &points)
 {
-    for (QPointF &point : points)
-        point = {std::round(point.x()), std::round(point.y())};
-    return points;
+    QPolygonF places;
+    places.reserve(points.size());
+    for (const QPointF &point : points) {
+        const QPointF place(std::round(point.x()), std::round(point.y()));
+        if (places.isEmpty() || places.last() != place)
+            places.append(place);
+    }
+    return places;
 }
 
 } // namespace
