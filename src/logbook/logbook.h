@@ -79,8 +79,8 @@ public:
 
     /// An id that no row and no pack has, here or in another program.
     static qint64 freshId();
-    /// Does all of `batch` here and in the file. Entries of rows that are there are found by their ids or, where
-    /// there is no such id, by their files.
+    /// Does all of `batch` here and in the file. Entries of rows that are there are found by their ids or,
+    /// where there is no such id, by their files.
     void apply(LogbookBatch batch);
 
 signals:

@@ -11,8 +11,8 @@ class QSqlError;
 class QTemporaryDir;
 
 /// The file `logbook.sqlite` in a folder, and its dated copies. Waits for the disk: it is made, used and
-/// destroyed in one thread that may. A file that is damaged is set aside under another name and made anew from
-/// the newest copy that is whole; one that can't be written is read from a copy of its own.
+/// destroyed in one thread that may. A file that is damaged is set aside under another name and made anew
+/// from the newest copy that is whole; one that can't be written is read from a copy of its own.
 class LogbookFile {
 public:
     static constexpr int backupsKept = 5;

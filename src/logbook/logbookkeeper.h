@@ -24,7 +24,8 @@ public:
     };
 
     LogbookKeeper(const QString &folder, const Listener &listener);
-    /// Writes what waits and waits for that, but no longer than `patience`: the thread is then left to itself.
+    /// Writes what waits and waits for that, but no longer than `patience`: the thread is then left to
+    /// itself.
     ~LogbookKeeper();
     LogbookKeeper(const LogbookKeeper &) = delete;
     LogbookKeeper &operator=(const LogbookKeeper &) = delete;

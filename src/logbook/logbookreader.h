@@ -25,8 +25,8 @@ class LogbookReader : public QObject {
     Q_OBJECT
 
 public:
-    /// `logbook` outlives this and is not open yet. `ownFolder`: that of the journals of live recordings, which
-    /// is always read.
+    /// `logbook` outlives this and is not open yet. `ownFolder`: that of the journals of live recordings,
+    /// which is always read.
     LogbookReader(Logbook *logbook, const QString &ownFolder, QObject *parent = nullptr);
     ~LogbookReader() override;
 

@@ -57,7 +57,8 @@ public:
         }
         m_prepared = true;
         for (const QVariant &value : values) // a text that is null would be none to the file
-            m_query.addBindValue(value.type() == QVariant::String ? value.toString() + QLatin1String("") : value);
+            m_query.addBindValue(
+                value.type() == QVariant::String ? value.toString() + QLatin1String("") : value);
         if (!m_query.exec())
             *m_error = m_query.lastError();
     }
@@ -169,7 +170,8 @@ constexpr char entriesText[]
 void writeReadings(const QSqlDatabase &database, const QVector<LogbookEntry> &entries, QSqlError *error)
 {
     Statement put(database,
-        "INSERT OR REPLACE INTO reading SELECT id, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?,"
+        "INSERT OR REPLACE INTO reading"
+        " SELECT id, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?,"
         " ?, ?, ? FROM recording WHERE file = ?",
         error);
     for (const LogbookEntry &entry : entries) {
@@ -241,7 +243,8 @@ void writeAll(const QSqlDatabase &database, const LogbookBatch &batch, QSqlError
 bool LogbookTables::read(const QSqlDatabase &database, LogbookContent *content, QSqlError *error)
 {
     return readRows(database,
-               "SELECT id, substr(name, 1, 1024), chemistry, cells, capacity, substr(note, 1, 65536) FROM pack",
+               "SELECT id, substr(name, 1, 1024), chemistry, cells, capacity, substr(note, 1, 65536)"
+               " FROM pack",
                error, [content](const Columns &columns) { content->packs += packFrom(columns); })
         && readRows(database, entriesText, error,
             [content](const Columns &columns) { content->entries += entryFrom(columns); })

@@ -447,8 +447,8 @@ private slots:
         const QByteArrayList lines = out.data().split('\n');
         QCOMPARE(lines[0].count(','), 36);
         QCOMPARE(lines[1] + '\n' + lines[2],
-            QByteArray(
-                "\"Red, one\",2026-03-01 12:00:00,0,None,COM3,Discharge,LiPo,6,9,0,0,12.5,0,0,,,,,aborted,1.3")
+            QByteArray("\"Red, one\",2026-03-01 12:00:00,0,None,COM3,Discharge,LiPo,6,"
+                       "9,0,0,12.5,0,0,,,,,aborted,1.3")
                 + QByteArray(15, ',') + ",,\"/it's, \"\"here\"\"\n.acp\"");
         QCOMPARE(lines[3], ",,0,None,COM4,Discharge,LiPo,6" + QByteArray(27, ',') + ",,/live");
     }
