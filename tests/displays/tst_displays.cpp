@@ -283,12 +283,8 @@ private slots:
             const int cells = canvas()->chart().shownCells(m_source.list[0]).size();
             QCOMPARE(QString("%1 %2 %3").arg(button->text(), hint->text()).arg(cells), QString(seen));
             QCOMPARE(button->toolTip(), hint->text());
-            QTest::keyClick(m_comparison, Qt::Key_Asterisk);
+            cells == 3 ? QTest::keyClick(m_comparison, Qt::Key_Asterisk) : button->click();
         }
-        button->click();
-        QCOMPARE(button->text(), QString("+"));
-        button->click();
-        button->click();
         QCOMPARE(canvas()->minimumHeight(), 190);
         QCOMPARE(hint->font().pixelSize(), 11);
         QCOMPARE(button->pos(), QPoint(3, 3));

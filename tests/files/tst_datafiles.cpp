@@ -101,10 +101,12 @@ mode_t modeOf(const QString &name)
     return ::stat(QFile::encodeName(name).constData(), &status) == 0 ? status.st_mode : 0;
 }
 
-WriteOutcome save(const QString &name, const RecordList &records)
+WriteOutcome save(
+    const QString &name, const RecordList &records, WholeFile::Kind allowed = WholeFile::Kind::Any)
 {
     DataFilePieces lines(records);
-    return writeWholeFile(name, lines);
+    DiskSyncer syncer;
+    return WholeFile(name, allowed, lines, syncer).writeAll();
 }
 
 } // namespace
@@ -385,10 +387,7 @@ private slots:
         QVERIFY(save(link, recording(10)).written);
         QVERIFY(QFileInfo(link).isSymLink() && S_ISCHR(modeOf(QStringLiteral("/dev/null")))); // no file
 
-        DiskSyncer syncer;
-        const RecordList records = recording(1);
-        DataFilePieces lines(records);
-        const WriteOutcome outcome = WholeFile(link, WholeFile::Kind::Regular, lines, syncer).writeAll();
+        const WriteOutcome outcome = save(link, recording(1), WholeFile::Kind::Regular);
         QVERIFY(!outcome.written && !outcome.cancelled);
         QCOMPARE(outcome.reason, QStringLiteral("not a regular file"));
     }
