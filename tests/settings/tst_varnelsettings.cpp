@@ -57,7 +57,7 @@ private slots:
     void storesAtOnce()
     {
         VarnelSettings settings;
-        QVERIFY(QDir().mkpath(place) && writeFile(file + ".new", "what a power cut has left"));
+        QVERIFY(QDir().mkpath(place) && writeFile(file + ".new", "[a]\nleft=over\n"));
         settings.setPorts({"COM5", "COM3"});
         QVERIFY(SettingsKeeper::waitForWritten(forEver));
         QCOMPARE(contents(file), QByteArray("[General]\nports=COM5, COM3\n"));
