@@ -38,9 +38,12 @@ constexpr View dozensJoined = {SeriesStore::Voltage, 20, 2, 0, 1, 0, 1, 24};
 
 SeriesStore storeOf(int count, int joined = 1)
 {
-    RecordList records = sampleRecording(count, allCells);
-    for (int i = 0; i < count; ++i)
-        records[i].setTime(i % (count / joined));
+    RecordList records;
+    for (int i = 0; i < count; ++i) {
+        Varnel3Data record = sampleRecord(i, allCells);
+        record.setTime(i % (count / joined));
+        records.append(record);
+    }
     SeriesStore store;
     store.load(std::move(records));
     return store;
@@ -126,8 +129,7 @@ void paintSpans(benchmark::State &state)
     for (int curve = 0; curve < whole.curves; ++curve) {
         const auto job = jobFor(store, whole, curve);
         TimeColumns columns;
-        columns.assign(store.series(SeriesStore::Time).begin(), store.size(), true, job.timeMap, area.left(),
-            area.right());
+        columns.assign(store.series(SeriesStore::Time), true, job.timeMap, area.left(), area.right());
         found[size_t(curve)].assign({store.series(job.series), 0, columns, job.valueMap}, area, whole.width);
     }
     QImage image = canvas();

@@ -27,13 +27,13 @@ void BalanceIntegrator::reset(int startTime)
 
 void BalanceIntegrator::goOn(const RecordList &records)
 {
-    reset(records.first().time);
+    reset(records.figure(RecordColumns::Time, 0));
     bool isNewest = true; // of those with balancing data
     int known = 0; // cells
     for (int i = records.size() - 1; i >= 0 && known < Varnel3Data::maxCells; --i) {
-        const Varnel3Data &record = records[i];
-        if (!record.hasBalancingData())
+        if (records.figure(RecordColumns::Flag5, i) != 'B')
             continue;
+        const Varnel3Data record = records[i];
         m_lastTime = isNewest ? record.time : m_lastTime;
         isNewest = false;
         for (; known < record.cellsPresent(); ++known)

@@ -1,79 +1,88 @@
 #include "data/recordlist.h"
 
+#include <type_traits>
 #include <utility>
 
 namespace {
 
-constexpr size_t smallBlocks = 4; // allocated one by one; beyond them it is a long file
-constexpr size_t blocksInLarge = 25; // little less than six large pages
+template <typename Figure>
+void setFigure(Figure *figure, int number)
+{
+    if constexpr (std::is_same_v<Figure, bool>)
+        *figure = number != 0;
+    else
+        *figure = Figure(number);
+}
+
+// From what keeps the columns of a block.
+template <typename Block>
+Varnel3Data recordOf(const Block &block, int index)
+{
+    Varnel3Data record;
+    RecordColumns::eachOwn(
+        [&](int column, auto member) { setFigure(&(record.*member), block.numbers(column)[index]); });
+    Varnel3Data clock;
+    clock.setTime(record.time);
+    record.hour = int(quint32(record.hour) + quint32(clock.hour));
+    record.minute = int(quint32(record.minute) + quint32(clock.minute));
+    record.second = int(quint32(record.second) + quint32(clock.second));
+    for (int cell = 0; cell < block.cells(); ++cell) {
+        RecordColumns::eachOfCell([&](int column, auto member) {
+            const int place = RecordColumns::ofCell(cell, RecordColumns::CellColumn(column));
+            record.cells[cell].*member = block.numbers(place)[index];
+        });
+    }
+    for (int i = 0; i < RecordColumns::fractions && block.hasFractions(); ++i)
+        RecordColumns::fraction(record, i) = block.fraction(i, index);
+    return record;
+}
 
 } // namespace
 
 RecordList &RecordList::operator=(RecordList &&other) noexcept
 {
-    if (this != &other) {
-        clear();
-        swap(other);
-    }
+    RecordList taken(std::move(other));
+    swap(taken);
     return *this;
 }
 
-void *RecordList::slotForNext(Filling filling)
+Varnel3Data RecordList::operator[](int index) const
 {
-    const auto block = size_t(m_size / blockSize);
-    if (block == m_blocks.size()) {
-        if (filling == Slow || block < smallBlocks)
-            addBlock();
-        else
-            addLargeBlock();
+    const int block = index / blockSize;
+    return block < packedBlocks() ? recordOf(packed(block), index % blockSize)
+                                  : recordOf(m_open, index % blockSize);
+}
+
+void RecordList::makeRoom(BlockArena::Growth growth)
+{
+    if (!m_open.isFull())
+        return m_open.makeRoom();
+    if (m_blocks.size() == m_blocks.capacity())
+        m_blocks.reserve(m_blocks.size() + m_blocks.size() / 2 + 1);
+    m_arena.makeRoom(RecordBlock::most(), growth);
+}
+
+void RecordList::append(const Varnel3Data &record, BlockArena::Growth growth)
+{
+    makeRoom(growth);
+    if (m_open.isFull()) {
+        std::size_t bytes = 0;
+        m_blocks.push_back(RecordBlock::pack(m_open, m_arena.next(), &bytes));
+        m_arena.take(bytes);
+        m_open.restart();
     }
-    return m_blocks[block] + m_size % blockSize;
-}
-
-// The room in m_blocks comes first, so that nothing behind it can lose the memory.
-void RecordList::addBlock()
-{
-    m_blocks.reserve(m_blocks.size() + 1);
-    m_small.reserve(m_small.size() + 1);
-    m_small.emplace_back(new char[blockSize * sizeof(Varnel3Data)]);
-    m_blocks.push_back(reinterpret_cast<Varnel3Data *>(m_small.back().get()));
-}
-
-void RecordList::addLargeBlock()
-{
-    m_blocks.reserve(m_blocks.size() + blocksInLarge);
-    m_large.emplace_back(blocksInLarge * blockSize * sizeof(Varnel3Data));
-    auto *const records = static_cast<Varnel3Data *>(m_large.back().data());
-    for (size_t i = 0; i < blocksInLarge; ++i)
-        m_blocks.push_back(records + i * blockSize);
-}
-
-Varnel3Data &RecordList::append(const Varnel3Data &record)
-{
-    Varnel3Data &copy = *new (slotForNext(Slow)) Varnel3Data(record);
-    ++m_size;
-    return copy;
-}
-
-Varnel3Data &RecordList::appendNew()
-{
-    Varnel3Data &record = *new (slotForNext(Fast)) Varnel3Data;
-    ++m_size;
-    return record;
+    m_open.add(record);
 }
 
 void RecordList::clear()
 {
-    m_small.clear();
-    m_large.clear();
-    m_blocks.clear();
-    m_size = 0;
+    RecordList none;
+    swap(none);
 }
 
 void RecordList::swap(RecordList &other) noexcept
 {
+    std::swap(m_arena, other.m_arena);
     m_blocks.swap(other.m_blocks);
-    m_small.swap(other.m_small);
-    m_large.swap(other.m_large);
-    std::swap(m_size, other.m_size);
+    std::swap(m_open, other.m_open);
 }

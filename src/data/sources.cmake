@@ -13,7 +13,14 @@ target_sources(varnel_data PRIVATE
     data/largeblock.h
     data/systemmemory.cpp data/systemmemory.h
     ${data_system}
+    data/blockarena.cpp data/blockarena.h
+    data/narrownumbers.cpp data/narrownumbers.h
+    data/openrecords.cpp data/openrecords.h
+    data/packedcolumn.cpp data/packedcolumn.h
+    data/recordblock.cpp data/recordblock.h
+    data/recordcolumns.h
     data/recordlist.cpp data/recordlist.h
+    data/recordreader.cpp data/recordreader.h
     data/balanceintegrator.cpp data/balanceintegrator.h
     data/figuretext.cpp data/figuretext.h
     data/processend.cpp data/processend.h

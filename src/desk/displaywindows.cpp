@@ -34,7 +34,7 @@ CapacityEntry entryOf(const MdiGraphChild &child)
     CapacityEntry entry{capacity.energyAtMark, capacity.mode, child.windowNumber()};
     if (store.isEmpty())
         return entry;
-    const Varnel3Data &newest = store.records().last();
+    const Varnel3Data newest = store.records().last();
     entry.recorded = printedName(entry.number, Varnel3Data::deviceName(store.device()), child.sourceName())
         + QStringLiteral(", ") + FigureText::cells(newest.cellCount, newest.cellType);
     entry.staleSince = child.silentSince();

@@ -123,6 +123,7 @@ void writeRecord(Row &row, const SeriesStore &store, int index, const Varnel3Dat
 
 CsvRows::CsvRows(const SeriesStore &store)
     : m_store(store)
+    , m_records(store.records())
     , m_count(store.size())
     , m_markedFrom(store.markedFrom())
 {
@@ -145,7 +146,7 @@ void CsvRows::lookForCells()
 {
     const int end = std::min(m_count, m_looked + recordsLookedAt);
     for (; m_looked < end; ++m_looked)
-        m_cells = std::max(m_cells, cellsTold(m_store.records()[m_looked]));
+        m_cells = std::max(m_cells, cellsTold(m_records.at(m_looked)));
 }
 
 bool CsvRows::writeRows(QIODevice &device)
@@ -156,7 +157,7 @@ bool CsvRows::writeRows(QIODevice &device)
         m_next = 0;
     }
     for (; m_next < m_count && row.bytes.size() < pieceSize; ++m_next) {
-        Varnel3Data record = m_store.records()[m_next];
+        Varnel3Data record = m_records.at(m_next);
         if (m_next >= m_markedFrom)
             record.flag4 = EndMark::letter;
         writeRecord(row, m_store, m_next, record, m_cells);

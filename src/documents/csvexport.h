@@ -2,6 +2,8 @@
 
 #include "files/filepieces.h"
 
+#include "data/recordreader.h"
+
 class SeriesStore;
 
 /// A recording as comma-separated values for other programs: one header row with units, then one row a
@@ -24,6 +26,7 @@ private:
     bool writeRows(QIODevice &device);
 
     const SeriesStore &m_store;
+    RecordReader m_records;
     const int m_count;
     const int m_markedFrom; // as it was then
     int m_looked = 0; // records whose cells were counted, so that the header knows the widest

@@ -152,7 +152,14 @@ void DataFileLoader::takeRecordLine(QLatin1String line)
     if (line.front() == QLatin1Char('#') && !isCutShort(line))
         addRecord(trimmedLine(line), timeFromLine);
     else if (line.front() == QLatin1Char('!') && m_lines->hasEnd() && !m_records.isEmpty())
-        m_records.last().parseResistanceLine(line);
+        addResistances(line);
+}
+
+void DataFileLoader::addResistances(QLatin1String line)
+{
+    Varnel3Data newest = m_records.last();
+    newest.parseResistanceLine(line);
+    m_records.replaceLast(newest);
 }
 
 // A last line without its end may be what a power cut has left, and the beginning of a number reads as
@@ -168,7 +175,8 @@ bool DataFileLoader::isCutShort(QLatin1String line) const
     Varnel3Data record;
     const bool endsInNumber = record.parseLine(text)
         && (record.device == Varnel3Data::Varnel2 || record.device == Varnel3Data::Varnel2Plus);
-    return endsInNumber && text.size() < m_lineLength && record.device == m_records.last().device;
+    return endsInNumber && text.size() < m_lineLength
+        && record.device == m_records.figure(RecordColumns::Device, m_records.size() - 1);
 }
 
 void DataFileLoader::takeColumnLine(QLatin1String line)
@@ -202,16 +210,15 @@ void DataFileLoader::addRecord(QLatin1String line, int time)
         demandMemory(0);
         m_nextLook = m_records.size() + recordsBetweenLooks;
     }
-    Varnel3Data &record = m_records.appendNew();
-    if (!record.parseLine(line)) {
-        m_records.removeLast();
+    Varnel3Data record;
+    if (!record.parseLine(line))
         return;
-    }
     m_lineLength = line.size();
     if (time != timeFromLine)
         record.setTime(time);
     m_balance.add(record);
     record.balancedMah = record.maxBalanceChargeMah();
+    m_records.append(record, BlockArena::Fast);
 }
 
 void DataFileLoader::finish(Status status)

@@ -66,6 +66,7 @@ private:
     void takeColumnLine(QLatin1String line);
     bool isCutShort(QLatin1String line) const;
     void addRecord(QLatin1String line, int time);
+    void addResistances(QLatin1String line);
     void finish(Status status);
 
     static constexpr int recordsBetweenLooks

@@ -28,7 +28,7 @@ bool DataFilePieces::writeNext(QIODevice &device)
     char *const begin = m_buffer.get();
     char *out = begin;
     for (; !atEnd() && out - begin <= bufferSize - maxRecordLineLength; ++m_next) {
-        Varnel3Data record = m_records[m_next];
+        Varnel3Data record = m_records.at(m_next);
         if (m_next >= m_markedFrom)
             record.flag4 = 'E';
         m_unreadable += !isRecordLineReadable(record);

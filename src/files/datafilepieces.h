@@ -2,6 +2,8 @@
 
 #include "files/filepieces.h"
 
+#include "data/recordreader.h"
+
 #include <limits>
 #include <memory>
 
@@ -26,7 +28,7 @@ public:
     int unreadable() const { return m_unreadable; }
 
 private:
-    const RecordList &m_records;
+    RecordReader m_records;
     const int m_count;
     const int m_markedFrom;
     int m_next = 0;

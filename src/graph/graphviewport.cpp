@@ -56,10 +56,19 @@ int GraphViewport::recordAtTime(double time) const
 {
     const PlotSeries &times = m_store->series(SeriesStore::Time);
     if (!m_store->isTimeMonotone()) {
-        const auto nearer = [time](double a, double b) { return std::abs(a - time) < std::abs(b - time); };
-        return int(std::min_element(times.begin(), times.end(), nearer) - times.begin());
+        int nearest = 0;
+        double distance = std::abs(times[0] - time);
+        times.eachPiece(0, times.size(), [&](int begin, const double *points, int count) {
+            for (int i = 0; i < count; ++i) {
+                if (std::abs(points[i] - time) < distance) {
+                    distance = std::abs(points[i] - time);
+                    nearest = begin + i;
+                }
+            }
+        });
+        return nearest;
     }
-    const int next = int(std::lower_bound(times.begin(), times.end(), time) - times.begin());
+    const int next = times.firstNot(0, [time](double earlier) { return earlier < time; });
     if (next == times.size() || (next > 0 && time - times[next - 1] < times[next] - time))
         return next - 1;
     return next;

@@ -2,33 +2,25 @@
 
 #include "data/recordlist.h"
 #include "data/systemmemory.h"
+#include "series/extremes.h"
+#include "series/seriesfigures.h"
 
 #include <algorithm>
 
 namespace {
 
+using Columns = RecordColumns;
+
 constexpr int dvWeight = 12; // of the dV average; also the steps of 5 s in a minute
+constexpr int length = RecordList::blockSize;
+constexpr int recordsBetweenLooks = 32768; // of a file, at the memory that is left
 
-// The series that are a record's own figures: calls add(kind, figure of a record).
-template <typename Add>
-void eachBaseFigure(const Add &add)
-{
-    add(SeriesKinds::Time, [](const Varnel3Data &record) { return double(record.time); });
-    add(SeriesKinds::Voltage, [](const Varnel3Data &record) { return record.voltage / 1000.0; });
-    add(SeriesKinds::Current, [](const Varnel3Data &record) { return record.current / 1000.0; });
-    add(SeriesKinds::Energy, [](const Varnel3Data &record) { return double(record.energy); });
-}
+static_assert(length == KeptPoints::length, "points lie in the blocks of their records");
+static_assert(length > SeriesKinds::firstResistance() + 1, "all points before it are in the first block");
 
-// The same of its cells, of which `count` have a series.
-template <typename Add>
-void eachCellFigure(int count, const Add &add)
+bool allHaveCells(const RecordList &records, int block)
 {
-    add(SeriesKinds::CellMin, [](const Varnel3Data &record) { return record.cellMin / 1000.0; });
-    add(SeriesKinds::CellMax, [](const Varnel3Data &record) { return record.cellMax / 1000.0; });
-    add(SeriesKinds::CellAverage, [](const Varnel3Data &record) { return record.cellAverage / 1000.0; });
-    for (int i = 0; i < count; ++i)
-        add(SeriesKinds::Cell1 + i,
-            [i](const Varnel3Data &record) { return record.cells[i].voltage / 1000.0; });
+    return records.packed(block).column(Columns::Flag5).isAll('B');
 }
 
 } // namespace
@@ -38,164 +30,177 @@ void DerivedPoints::begin(const Varnel3Data &record)
     m_device = record.device;
     m_hasCells = record.hasBalancingData();
     m_cellCount = m_hasCells ? record.cellsPresent() : 0;
+    m_temperatureSum = qint64(record.temperature) * 4;
 }
 
-void DerivedPoints::addNewest(const RecordList &records)
+int DerivedPoints::size(int kind) const
 {
-    const int index = records.size() - 1;
-    const Varnel3Data &record = records[index];
-    eachBaseFigure([&](int kind, const auto &figure) { m_series[kind].append(figure(record)); });
-    noteTime(index);
-    addTemperature(record);
-    addLiveResistance(records);
-    addDv(records, index);
-    addCellPoints(record);
+    return kind == Resistance ? m_resistancePoints : kind < kindsInUse() ? m_size : 0;
 }
 
 void DerivedPoints::makeRoom()
 {
-    constexpr int most = 2; // of one series: what a live resistance begins with
-    std::for_each(m_series, m_series + kindsInUse(), [](PlotSeries &series) { series.makeRoom(most); });
+    if (isBlockFull())
+        m_kept.makeRoom(BlockArena::Slow);
 }
 
-// A series grows by half of what it holds.
-qint64 DerivedPoints::nextGrowth() const
+void DerivedPoints::addNewest(const RecordList &records)
 {
-    return qint64(kindsInUse()) * size() / 2 * qint64(sizeof(double));
+    if (isBlockFull())
+        packBlock(records);
+    addLiveResistance(records);
+    addFigures(records, 1);
 }
 
-void DerivedPoints::noteTime(int index)
+int DerivedPoints::loadBlock(const RecordList &records, int most)
 {
-    const PlotSeries &times = m_series[Time];
-    m_timeMonotone = m_timeMonotone && (index == 0 || times[index] >= times[index - 1]);
+    if (m_size % recordsBetweenLooks == 0)
+        demandMemory(0);
+    if (isBlockFull()) {
+        m_kept.makeRoom(BlockArena::Fast);
+        packBlock(records);
+    }
+    const int first = m_size;
+    const int end = qMin((first / length + 1) * length, first + most);
+    for (int i = first; i < end; ++i)
+        addLoadedResistance(records, i);
+    addFigures(records, end - first);
+    return m_size;
 }
 
-void DerivedPoints::addTemperature(const Varnel3Data &record)
+// Those of the next `count` records of a block.
+void DerivedPoints::addFigures(const RecordList &records, int count)
 {
-    PlotSeries &points = m_series[Temperature];
-    m_temperatureSum = points.isEmpty() ? qint64(record.temperature) * 4
-                                        : m_temperatureSum - m_temperatureSum / 4 + record.temperature;
-    points.append(points.isEmpty() ? record.temperature / 10.0 : double(m_temperatureSum / 4) / 10.0);
+    const int block = m_size / length;
+    const int first = m_size % length;
+    int figures[length];
+    const auto take = [&](int column) { records.numbers(column, block).copy(first, count, figures); };
+    KeptPoints::Newest &newest = m_kept.newest();
+
+    take(Columns::Time);
+    int last = m_size > 0 ? records.figure(Columns::Time, m_size - 1) : figures[0];
+    for (int i = 0; i < count; ++i) {
+        m_timeMonotone &= figures[i] >= last;
+        last = figures[i];
+    }
+    take(Columns::Temperature);
+    for (int i = 0; i < count; ++i) {
+        if (m_size + i > 0)
+            m_temperatureSum = m_temperatureSum - m_temperatureSum / 4 + figures[i];
+        newest.temperatures[first + i] = int(m_temperatureSum / 4);
+    }
+    take(Columns::Voltage);
+    qint64 before = m_size > 0 ? records.figure(Columns::Voltage, m_size - 1) : 0;
+    for (int i = 0; i < count; ++i) {
+        if (m_size + i > firstResistance())
+            m_dvSum = m_dvSum - m_dvSum / dvWeight + double((figures[i] - before) * dvWeight);
+        newest.slopes[first + i] = m_size + i > firstResistance() ? m_dvSum / dvWeight : 0.0;
+        before = figures[i];
+    }
+    m_size += count;
+}
+
+// The blocks before it are full, and so is this one: a record comes that lies behind.
+void DerivedPoints::packBlock(const RecordList &records)
+{
+    const int block = m_kept.blocks();
+    const int heard = m_hasCells ? CellPoints::heardAt(records, m_size - 1, m_kept.newest().heardBefore) : 0;
+    packCells(records);
+    m_kept.newest().heardBefore = heard;
+    for (int kind = 0; kind < kindsInUse(); ++kind) {
+        const Interval range = blockExtremes(records, kind, block);
+        if (block == 0)
+            m_wholeBlocks[kind] = range;
+        else
+            m_wholeBlocks[kind].take(range);
+    }
+}
+
+// With the extremes that the columns of the records don't tell.
+void DerivedPoints::packCells(const RecordList &records)
+{
+    Interval ranges[kindCount];
+    int count = 0;
+    const int block = m_kept.blocks();
+    const auto add = [&](int kind) {
+        double points[length];
+        CellPoints::copy(records, kind, block * length, length, m_kept.newest().heardBefore, points);
+        ranges[count++] = extremesOf(points, 0, length);
+    };
+    if (m_hasCells && allHaveCells(records, block)) {
+        add(CellDelta);
+    } else if (m_hasCells) {
+        for (int kind = CellMin; kind < kindsInUse(); ++kind)
+            add(kind);
+    }
+    m_kept.packNewest(ranges, count);
+}
+
+Interval DerivedPoints::blockExtremes(const RecordList &records, int kind, int block) const
+{
+    const SeriesFigure figure = SeriesFigure::of(kind);
+    if (figure.column < 0) {
+        const Interval range = m_kept.extremes(kind, block);
+        return {range.low / figure.unit, range.high / figure.unit};
+    }
+    if (kind == CellDelta || (kind >= CellMin && !allHaveCells(records, block)))
+        return m_kept.cellExtremes(kind, block);
+    const PackedColumn column = records.packed(block).column(figure.column);
+    return {column.low / figure.unit, column.high / figure.unit};
+}
+
+void DerivedPoints::addResistance(qint64 point)
+{
+    m_kept.newest().resistances[m_resistancePoints % length] = int(point);
+    ++m_resistancePoints;
+}
+
+// The points before the first have its value.
+void DerivedPoints::fillFront()
+{
+    int *const points = m_kept.newest().resistances;
+    std::fill_n(points, firstResistance(), points[firstResistance()]);
 }
 
 // The running value starts with the record before its first point.
 void DerivedPoints::seedLiveResistance(const RecordList &records)
 {
-    const int resistance = records[firstResistance() - 1].internalResistance;
+    const int resistance = records.figure(Columns::InternalResistance, firstResistance() - 1);
     m_resistance.seed(qint64(resistance) * 4);
-    m_series[Resistance].restartExtremes();
-    m_series[Resistance].append(resistance);
+    addResistance(resistance);
 }
 
 void DerivedPoints::addLiveResistance(const RecordList &records)
 {
-    PlotSeries &points = m_series[Resistance];
     const int index = records.size() - 1;
     if (m_device != Varnel3Data::Varnel3) {
-        points.append(0.0);
+        addResistance(0);
     } else if (index < firstResistance()) {
-        points.append(0.0);
+        addResistance(0);
         if (index == firstResistance() - 1)
             seedLiveResistance(records);
     } else if (index == firstResistance()) {
-        if (points.size() == index) // the records before came from a file
+        if (m_resistancePoints == index) // the records before came from a file
             seedLiveResistance(records);
-        points.fillFront(firstResistance(), points[firstResistance()]);
+        fillFront();
     } else {
-        points.append(double(m_resistance.addNewest(records)));
+        addResistance(m_resistance.addNewest(records));
     }
-}
-
-void DerivedPoints::addDv(const RecordList &records, int index)
-{
-    if (index <= firstResistance()) {
-        m_series[Dv].append(0.0);
-        return;
-    }
-    const qint64 rise = qint64(records[index].voltage) - records[index - 1].voltage;
-    m_dvSum = m_dvSum - m_dvSum / dvWeight + double(rise * dvWeight);
-    m_series[Dv].append(m_dvSum / dvWeight);
-}
-
-void DerivedPoints::addCellPoints(const Varnel3Data &record)
-{
-    if (!m_hasCells)
-        return;
-    if (!record.hasBalancingData()) { // the cells stand still while nothing is heard of them
-        for (int kind = CellMin; kind < Cell1 + m_cellCount; ++kind)
-            m_series[kind].append(m_series[kind].last());
-        return;
-    }
-    eachCellFigure(m_cellCount, [&](int kind, const auto &figure) { m_series[kind].append(figure(record)); });
-    m_series[CellDelta].append(m_series[CellMax].last() - m_series[CellMin].last());
-}
-
-// One block for all series of a long file; series of a short one take what they need.
-void DerivedPoints::reserve(int records)
-{
-    const int kinds = kindsInUse();
-    const size_t size = size_t(kinds) * size_t(records) * sizeof(double);
-    if (size < 4 * LargeBlock::pageSize) {
-        std::for_each(m_series, m_series + kinds, [records](PlotSeries &series) { series.reserve(records); });
-        return;
-    }
-    demandMemory(qint64(size));
-    m_room = LargeBlock(size);
-    auto *room = static_cast<double *>(m_room.data());
-    for (int kind = 0; kind < kinds; ++kind, room += records)
-        m_series[kind].useRoom(room, records);
-}
-
-int DerivedPoints::loadBlock(const RecordList &records, int most)
-{
-    const int first = size();
-    const int end = qMin((first / PlotSeries::blockSize + 1) * PlotSeries::blockSize, first + most);
-    loadFigures(&records[first], end - first);
-    for (int i = first; i < end; ++i) {
-        noteTime(i);
-        addTemperature(records[i]);
-        addDv(records, i);
-        addLoadedResistance(records, i);
-    }
-    return end;
-}
-
-// The same points as of records one by one, of records that lie side by side.
-void DerivedPoints::loadFigures(const Varnel3Data *records, int count)
-{
-    static_assert(RecordList::blockSize % PlotSeries::blockSize == 0, "records lie side by side");
-    const auto add = [&](int kind, const auto &figure) {
-        m_series[kind].appendRun(count, [&](int i) { return figure(records[i]); });
-    };
-    eachBaseFigure(add);
-    if (!m_hasCells)
-        return;
-    const auto hasCells = [](const Varnel3Data &record) { return record.hasBalancingData(); };
-    if (!std::all_of(records, records + count, hasCells)) {
-        std::for_each(records, records + count, [this](const Varnel3Data &record) { addCellPoints(record); });
-        return;
-    }
-    eachCellFigure(m_cellCount, add);
-    const double *const highest = m_series[CellMax].end() - count;
-    const double *const lowest = m_series[CellMin].end() - count;
-    m_series[CellDelta].appendRun(count, [&](int i) { return highest[i] - lowest[i]; });
 }
 
 void DerivedPoints::addLoadedResistance(const RecordList &records, int index)
 {
-    PlotSeries &points = m_series[Resistance];
     if (index < firstResistance()) {
-        points.append(0.0);
+        addResistance(0);
     } else if (index == firstResistance()) {
-        const int first = records[index].internalResistance;
-        points.restartExtremes();
-        points.append(first);
-        points.fillFront(firstResistance(), first);
+        const int first = records.figure(Columns::InternalResistance, index);
+        addResistance(first);
+        fillFront();
         m_loadedResistanceSum = qint64(first) * 4;
     } else {
         m_loadedResistanceSum = m_loadedResistanceSum - m_loadedResistanceSum / 4
             + ResistanceFold::valueOf(records, index, records.size() - 1);
-        points.append(double(m_loadedResistanceSum / 4));
+        addResistance(m_loadedResistanceSum / 4);
     }
 }
 

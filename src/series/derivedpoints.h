@@ -1,55 +1,57 @@
 #pragma once
 
-#include "data/largeblock.h"
-#include "series/plotseries.h"
+#include "series/keptpoints.h"
 #include "series/resistancefold.h"
-#include "series/serieskinds.h"
 
 class RecordList;
 
-/// The plot series derived from the records of one recording, and the running values they need. A record
-/// costs the same however many there are.
+/// Derives, record after record, what the points of the plot series need besides the figures of their own
+/// record, and the extremes of each block. A record costs the same however many there are.
 class DerivedPoints : public SeriesKinds {
 public:
     /// Starts with the first record, which tells the device and the cells.
     void begin(const Varnel3Data &record);
-    /// Takes the memory that the points of the next record need. Throws std::bad_alloc where there is too
-    /// little, and has added no point.
+    /// Takes the memory that addNewest() needs next. Throws std::bad_alloc where there is too little, and has
+    /// changed nothing.
     void makeRoom();
-    /// Bytes that makeRoom() may take for some time to come.
-    qint64 nextGrowth() const;
-    /// Adds the points of the newest of `records`, the only one that has none yet.
+    /// Adds the newest of `records`, the only one that was not added yet. Room was made.
     void addNewest(const RecordList &records);
-
-    /// Room for the points of so many records of a file. Throws std::bad_alloc
-    /// where there is too little memory.
-    void reserve(int records);
-    /// Adds the points of up to `most` more `records` of a file, of which there are as many, and of no more
-    /// than lie in one block; returns how many records have points now.
+    /// Adds up to `most` more `records` of a file, and no more than lie in one block; returns how many were
+    /// added so far. Throws std::bad_alloc.
     int loadBlock(const RecordList &records, int most);
     /// The records of the file have ended, what comes now is live.
     void goOnLive();
 
-    int size() const { return m_series[Time].size(); }
-    const PlotSeries &series(int kind) const { return m_series[kind]; }
+    int size() const { return m_size; }
+    /// Points of a series: as many as records, none where it is not in use.
+    int size(int kind) const;
     bool hasCells() const { return m_hasCells; }
     int cellCount() const { return m_cellCount; }
     /// No record's time lies before its predecessor's.
     bool isTimeMonotone() const { return m_timeMonotone; }
 
+    const KeptPoints &kept() const { return m_kept; }
+    /// The extremes of a series in a block that gets no more points.
+    Interval blockExtremes(const RecordList &records, int kind, int block) const;
+    /// The extremes of all such blocks together, of which there is one at least.
+    Interval wholeBlocks(int kind) const { return m_wholeBlocks[kind]; }
+
 private:
     int kindsInUse() const { return m_hasCells ? Cell1 + m_cellCount : int(CellMin); }
-    void noteTime(int index);
-    void addTemperature(const Varnel3Data &record);
-    void addDv(const RecordList &records, int index);
+    bool isBlockFull() const { return m_size > 0 && m_size % KeptPoints::length == 0; }
+    void packBlock(const RecordList &records);
+    void packCells(const RecordList &records);
+    void addFigures(const RecordList &records, int count);
+    void addResistance(qint64 point);
+    void fillFront();
     void seedLiveResistance(const RecordList &records);
     void addLiveResistance(const RecordList &records);
     void addLoadedResistance(const RecordList &records, int index);
-    void addCellPoints(const Varnel3Data &record);
-    void loadFigures(const Varnel3Data *records, int count);
 
-    LargeBlock m_room; // of the series of a file, until they outgrow it
-    PlotSeries m_series[kindCount];
+    KeptPoints m_kept;
+    int m_size = 0;
+    int m_resistancePoints = 0; // as many, or one more
+    Interval m_wholeBlocks[kindCount];
     ResistanceFold m_resistance;
     int m_device = Varnel3Data::NoDevice;
     bool m_hasCells = false;

@@ -11,9 +11,9 @@ void EndMark::begin(int device)
 void EndMark::addNewest(const RecordList &records)
 {
     const int newest = records.size() - 1;
-    if (!m_sendsLetter && newest < m_markedFrom && records.size() >= recordsForMark()
-        && records[newest].current != 0 && records[newest - 1].current == 0
-        && records[newest - 2].current != 0) {
+    const auto current = [&records](int index) { return records.figure(RecordColumns::Current, index); };
+    if (!m_sendsLetter && newest < m_markedFrom && records.size() >= recordsForMark() && current(newest) != 0
+        && current(newest - 1) == 0 && current(newest - 2) != 0) {
         m_markedFrom = newest - 1;
         if (m_first < 0)
             m_first = m_markedFrom;
@@ -23,12 +23,12 @@ void EndMark::addNewest(const RecordList &records)
 
 void EndMark::addLoaded(const RecordList &records, int index)
 {
-    if (m_first < 0 && records[index].flag4 != '_')
+    if (m_first < 0 && records.figure(RecordColumns::Flag4, index) != '_')
         m_first = index;
 }
 
 void EndMark::goOn(const RecordList &records)
 {
-    if (!m_sendsLetter && records.last().flag4 == letter)
+    if (!m_sendsLetter && records.figure(RecordColumns::Flag4, records.size() - 1) == letter)
         m_markedFrom = records.size();
 }

@@ -1,106 +1,105 @@
 #include "series/plotseries.h"
 
+#include "series/derivedpoints.h"
 #include "series/extremes.h"
 
 #include <algorithm>
-#include <limits>
-#include <new>
 
-namespace {
-
-// From a few points straight to a block of its own, of which only the pages in use take memory. Growing by
-// halves in between would leave holes as large as the points themselves, with many recordings at once.
-constexpr int firstCapacities[] = {64, 512, 32768};
-
-} // namespace
-
-void PlotSeries::fillFront(int end, double value)
+PlotSeries::PlotSeries(const RecordList &records, const DerivedPoints &points, int kind)
+    : m_records(&records)
+    , m_points(&points)
+    , m_kind(kind)
+    , m_size(points.size(kind))
+    , m_figure(SeriesFigure::of(kind))
 {
-    const int filled = std::min(end, m_size);
-    std::fill_n(m_values, filled, value);
-    for (int block = 0; block * blockSize < filled && block < int(m_blocks.size()); ++block)
-        m_blocks[size_t(block)] = blockAt(block);
 }
 
-Interval PlotSeries::blockAt(int block) const
+NarrowNumbers PlotSeries::figures(int block) const
 {
-    return extremesOf(m_values, block * blockSize, (block + 1) * blockSize);
+    return isKept() ? m_points->kept().figures(m_kind, block) : m_records->numbers(m_figure.column, block);
 }
 
-void PlotSeries::addBlock()
+double PlotSeries::operator[](int index) const
 {
-    m_blocks.push_back(blockAt(int(m_blocks.size())));
+    const int block = index / blockSize;
+    if (m_kind == SeriesKinds::Dv)
+        return m_points->kept().slopes(block)[index % blockSize];
+    if (!isOfCells())
+        return figures(block)[index % blockSize] / m_figure.unit;
+    const int heard = CellPoints::heardAt(*m_records, index, m_points->kept().heardBefore(block));
+    return CellPoints::pointOf(*m_records, m_kind, heard);
 }
 
-// The next `count` points have been written.
-void PlotSeries::takeOver(int count)
+void PlotSeries::copy(int begin, int count, double *points) const
 {
-    for (const int end = m_size + count; m_size < end;) {
-        const int begin = m_size;
-        m_size = std::min(end, (begin / blockSize + 1) * blockSize);
-        const Interval found = extremesOf(m_values, begin, m_size);
-        m_minimum = std::min(m_minimum, found.low);
-        m_maximum = std::max(m_maximum, found.high);
-        if (m_size - begin == blockSize)
-            m_blocks.push_back(found);
-        else if (m_size % blockSize == 0)
-            addBlock();
+    for (const int end = begin + count; begin < end;) {
+        const int some = qMin(end - begin, blockSize - begin % blockSize);
+        copyPiece(begin, some, points);
+        begin += some;
+        points += some;
     }
+}
+
+// Within a block.
+void PlotSeries::copyPiece(int begin, int count, double *points) const
+{
+    const int block = begin / blockSize;
+    if (isOfCells()) {
+        CellPoints::copy(*m_records, m_kind, begin, count, m_points->kept().heardBefore(block), points);
+    } else if (m_kind == SeriesKinds::Dv) {
+        std::copy_n(m_points->kept().slopes(block) + begin % blockSize, count, points);
+    } else {
+        int numbers[blockSize];
+        figures(block).copy(begin % blockSize, count, numbers);
+        for (int i = 0; i < count; ++i)
+            points[i] = numbers[i] / m_figure.unit;
+    }
+}
+
+// By each of a block's records.
+bool PlotSeries::areCellsTold(int block) const
+{
+    const NarrowNumbers flags = m_records->numbers(RecordColumns::Flag5, block);
+    return flags.width == 0 && flags.low == 'B';
+}
+
+Interval PlotSeries::extremesInBlock(int begin, int end) const
+{
+    const int block = begin / blockSize;
+    const int first = begin % blockSize;
+    if (m_kind == SeriesKinds::Dv)
+        return extremesOf(m_points->kept().slopes(block), first, first + end - begin);
+    if (!isOfCells() || (m_kind != SeriesKinds::CellDelta && areCellsTold(block))) {
+        const NarrowNumbers::Range range = figures(block).extremes(first, first + end - begin);
+        return {range.low / m_figure.unit, range.high / m_figure.unit};
+    }
+    double points[blockSize];
+    copyPiece(begin, end - begin, points);
+    return extremesOf(points, 0, end - begin);
 }
 
 Interval PlotSeries::extremes(int begin, int end) const
 {
-    const int firstWhole = (begin + blockSize - 1) / blockSize;
-    const int endWhole = end / blockSize;
-    if (firstWhole >= endWhole)
-        return extremesOf(m_values, begin, end);
-    Interval found = m_blocks[size_t(firstWhole)];
-    for (int block = firstWhole + 1; block < endWhole; ++block)
-        found.take(m_blocks[size_t(block)]);
-    if (begin < firstWhole * blockSize)
-        found.take(extremesOf(m_values, begin, firstWhole * blockSize));
-    if (endWhole * blockSize < end)
-        found.take(extremesOf(m_values, endWhole * blockSize, end));
+    const auto pieceEnd = [end](int from) { return qMin(end, (from / blockSize + 1) * blockSize); };
+    const auto piece = [this](int from, int to) {
+        const int block = from / blockSize;
+        return to - from == blockSize && block < m_points->kept().blocks()
+            ? m_points->blockExtremes(*m_records, m_kind, block)
+            : extremesInBlock(from, to);
+    };
+    Interval found = piece(begin, pieceEnd(begin));
+    for (int from = pieceEnd(begin); from < end; from = pieceEnd(from))
+        found.take(piece(from, pieceEnd(from)));
     return found;
 }
 
-void PlotSeries::restartExtremes()
+Interval PlotSeries::wholeRange() const
 {
-    m_minimum = far;
-    m_maximum = -far;
-}
-
-void PlotSeries::reserve(int points)
-{
-    if (points <= m_capacity)
-        return;
-    // realloc, because it leaves new pages untouched and moves big blocks without copying them
-    auto *const values = static_cast<double *>(std::realloc(m_owned.get(), sizeof(double) * size_t(points)));
-    if (values == nullptr)
-        throw std::bad_alloc();
-    if (!m_owned) // they are in the room that was given
-        std::copy_n(m_values, m_size, values);
-    (void)m_owned.release();
-    m_owned.reset(values);
-    m_values = values;
-    m_capacity = points;
-}
-
-void PlotSeries::useRoom(double *room, int points)
-{
-    m_values = room;
-    m_capacity = points;
-}
-
-void PlotSeries::grow()
-{
-    constexpr int most = std::numeric_limits<int>::max();
-    if (m_capacity == most)
-        throw std::bad_alloc();
-    for (const int capacity : firstCapacities) {
-        if (capacity > m_capacity)
-            return reserve(capacity);
-    }
-    const int half = m_capacity / 2;
-    reserve(m_capacity <= most - half ? m_capacity + half : most);
+    if (isEmpty())
+        return {0.0, 0.0};
+    const int whole = m_points->kept().blocks();
+    Interval found = extremes(whole * blockSize, m_size);
+    if (whole > 0)
+        found.take(m_points->wholeBlocks(m_kind));
+    return found;
 }

@@ -24,10 +24,11 @@ void ResistanceFold::seed(qint64 accumulator)
 
 qint64 ResistanceFold::valueOf(const RecordList &records, int index, int newest)
 {
-    const int own = records[index].internalResistance;
-    if (own != 0 || index >= newest)
-        return own;
-    return (qint64(records[index - 1].internalResistance) + records[index + 1].internalResistance) / 2;
+    const auto own
+        = [&records](int at) { return qint64(records.figure(RecordColumns::InternalResistance, at)); };
+    if (own(index) != 0 || index >= newest)
+        return own(index);
+    return (own(index - 1) + own(index + 1)) / 2;
 }
 
 qint64 ResistanceFold::addNewest(const RecordList &records)

@@ -39,33 +39,33 @@ void SeriesStore::append(const Varnel3Data &record)
     else if (m_isLoaded)
         goOnLive(record);
     makeRoom();
-    m_records.append(record);
-    noteResistances(record);
-    completeNewest();
+    Varnel3Data newest = record;
+    complete(&newest);
+    m_records.append(newest);
+    noteResistances(newest);
     m_points.addNewest(m_records);
     m_end.addNewest(m_records);
-    m_records.last().balancedMah = m_records.last().maxBalanceChargeMah();
     m_revision = nextRevision();
 }
 
-// The system is asked once a block: it takes as long as some hundred records.
+// The system is asked now and then: it takes as long as some hundred records.
 void SeriesStore::makeRoom()
 {
-    constexpr int block = RecordList::blockSize;
-    if (size() > 0 && size() % block == 0)
-        demandLiveMemory(qint64(block) * qint64(sizeof(Varnel3Data)) + m_points.nextGrowth());
-    m_records.makeRoom();
+    constexpr int blocksBetweenLooks = 8;
+    if (size() > 0 && size() % (blocksBetweenLooks * RecordList::blockSize) == 0)
+        demandLiveMemory(qint64(blocksBetweenLooks * RecordBlock::most()));
     m_points.makeRoom();
+    m_records.makeRoom();
 }
 
-void SeriesStore::completeNewest()
+void SeriesStore::complete(Varnel3Data *record)
 {
-    Varnel3Data &newest = m_records.last();
-    m_balance.add(newest);
+    m_balance.add(*record);
     if (m_device == Varnel3Data::Tandor)
-        newest.setTime(m_syntheticTime);
+        record->setTime(m_syntheticTime);
     m_syntheticTime = int(
         qMin<qint64>(qint64(m_syntheticTime) + Varnel3Data::balancerPeriod, std::numeric_limits<int>::max()));
+    record->balancedMah = record->maxBalanceChargeMah();
 }
 
 void SeriesStore::load(RecordList records)
@@ -82,7 +82,6 @@ void SeriesStore::beginLoad(RecordList records)
         return;
     m_isLoaded = true;
     begin(m_records.first());
-    m_points.reserve(size());
 }
 
 // A block of records stays in the processor's nearest memory while each series takes its figures.
@@ -94,7 +93,8 @@ bool SeriesStore::loadSome(int most)
         const int end = m_points.loadBlock(m_records, last - loaded);
         for (; loaded < end; ++loaded) {
             m_end.addLoaded(m_records, loaded);
-            noteResistances(m_records[loaded]);
+            if (m_records.figure(RecordColumns::ResistanceValid, loaded) != 0)
+                noteResistances(m_records[loaded]);
         }
     }
     return last < size();
@@ -120,9 +120,13 @@ void SeriesStore::goOnLive(const Varnel3Data &record)
 
 bool SeriesStore::applyResistanceLine(const QByteArray &line)
 {
-    if (m_records.isEmpty() || !m_records.last().parseResistanceLine(QLatin1String(line)))
+    if (m_records.isEmpty())
         return false;
-    noteResistances(m_records.last());
+    Varnel3Data newest = m_records.last();
+    if (!newest.parseResistanceLine(QLatin1String(line)))
+        return false;
+    m_records.replaceLast(newest);
+    noteResistances(newest);
     m_revision = nextRevision();
     return true;
 }
@@ -143,12 +147,13 @@ SeriesStore::Capacity SeriesStore::capacity() const
     Capacity capacity;
     if (isEmpty())
         return capacity;
-    const int mode = m_records.first().mode;
+    const int mode = m_records.figure(RecordColumns::Mode, 0);
     const bool hasCapacity = mode == Varnel3Data::Charge || mode == Varnel3Data::Discharge;
     capacity.mode = mode == Varnel3Data::Charge ? 'C' : mode == Varnel3Data::Discharge ? 'D' : ' ';
-    capacity.energyNow = m_records.last().energy;
+    capacity.energyNow = m_records.figure(RecordColumns::Energy, size() - 1);
     const bool marked = hasCapacity && size() >= EndMark::recordsForMark() && m_end.first() >= 0;
-    capacity.energyAtMark = marked ? m_records[m_end.first()].energy : capacity.energyNow;
+    capacity.energyAtMark
+        = marked ? m_records.figure(RecordColumns::Energy, m_end.first()) : capacity.energyNow;
     return capacity;
 }
 

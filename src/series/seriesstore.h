@@ -4,6 +4,7 @@
 #include "data/recordlist.h"
 #include "series/derivedpoints.h"
 #include "series/endmark.h"
+#include "series/plotseries.h"
 
 /// The records of one recording and the plot series derived from them, in step: record n is point n of every
 /// series. A live recording grows by append(), a file is taken over whole by load(); the cost of a record
@@ -29,8 +30,9 @@ public:
     int markedFrom() const { return m_end.markedFrom(); }
     /// Device code of the first record.
     int device() const { return m_device; }
-    /// A view on a series, with a point for each record; cell series only where there are such.
-    const PlotSeries &series(int kind) const { return m_points.series(kind); }
+    /// A view on a series, with a point for each record, cell series only where there are such; valid until
+    /// the store is changed or moved.
+    PlotSeries series(int kind) const { return PlotSeries(m_records, m_points, kind); }
     /// The first record carried cell data, so that the statistics of the cells have points.
     bool hasCellSeries() const { return m_points.hasCells(); }
     /// The recording is one of cells: its first record carried cell data, of a cell at least.
@@ -68,7 +70,7 @@ public:
 private:
     void begin(const Varnel3Data &record);
     void makeRoom();
-    void completeNewest();
+    void complete(Varnel3Data *record);
     void goOnLive(const Varnel3Data &record);
     void noteResistances(const Varnel3Data &record);
     int slopeAt(int index) const;

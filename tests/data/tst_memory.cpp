@@ -1,8 +1,11 @@
 #include "data/memorygroups.h"
 #include "data/recordlist.h"
+#include "data/recordreader.h"
 #include "data/systemmemory.h"
 
 #include "support/limits.h"
+#include "support/records.h"
+#include "support/seed.h"
 
 #include <QtTest>
 
@@ -26,50 +29,111 @@ bool writeGroup(const QString &folder, const QByteArray &figures, bool first)
             && write("memory.stat", 2, first ? "anon 7\ntotal_inactive_file " : "anon 7\ninactive_file "));
 }
 
+bool isSame(const Varnel3Data &a, const Varnel3Data &b)
+{
+    const std::vector<double> left = fieldsOf(a);
+    const std::vector<double> right = fieldsOf(b);
+    return std::memcmp(left.data(), right.data(), sizeof(double) * left.size()) == 0;
+}
+
+/// Changes one in `rarely` of the fields, by little or to anything.
+void change(Varnel3Data *record, int cells, int rarely, std::mt19937 *random)
+{
+    const auto isChanged = [&] { return int((*random)() % unsigned(rarely)) == 0; };
+    const auto number = [&](int before) {
+        const auto any = quint32((*random)());
+        return int(any % 8 < 6 ? quint32(before) + any / 8 % 7 - 3 : quint32((*random)()) >> any / 8 % 32);
+    };
+    const auto changeNumber = [&](auto *field) {
+        if (isChanged())
+            *field = std::decay_t<decltype(*field)>(number(*field));
+    };
+    RecordColumns::eachOwn([&](int, auto member) { changeNumber(&(record->*member)); });
+    if (!isChanged())
+        record->setTime(record->time);
+    for (int cell = 0; cell < Varnel3Data::maxCells; ++cell) {
+        if (cell < cells)
+            RecordColumns::eachOfCell(
+                [&](int, auto member) { changeNumber(&(record->cells[cell].*member)); });
+        else
+            record->cells[cell] = CellData();
+    }
+    const double fractions[] = {0.0, -0.0, 3.4, 0.1 + 0.2, -214748364.8, 1e300, number(5) / 10.0, 1.0 / 3};
+    for (int i = 0; i < RecordColumns::fractions; ++i) {
+        if ((*random)() % 64 == 0)
+            RecordColumns::fraction(*record, i) = isChanged() ? fractions[(*random)() % 8] : 0.0;
+    }
+}
+
+bool hasExtremes(const RecordList &list, int column, int begin, int end)
+{
+    int low = std::numeric_limits<int>::max();
+    int high = std::numeric_limits<int>::min();
+    for (int i = begin; i < end; ++i) {
+        low = std::min(low, list.figure(column, i));
+        high = std::max(high, list.figure(column, i));
+    }
+    constexpr int length = RecordList::blockSize;
+    const NarrowNumbers::Range found
+        = list.numbers(column, begin / length).extremes(begin % length, begin % length + end - begin);
+    return found.low == low && found.high == high;
+}
+
 } // namespace
 
-/// Records keep their place and their values while a recording grows, and how much room there is for them.
+/// Records keep their values while a recording grows, and how much room there is for them.
 class TestMemory : public QObject {
     Q_OBJECT
 
 private slots:
-    // By either road past what is allocated one by one, and by the quick one past a large block.
-    void listGrowsInPlace()
+    // Any records, in stretches of one kind, come back as they are, by each way of asking: past small steps
+    // and large ones, with figures that fit no narrow column.
+    void keepsRecords()
     {
-        for (const bool quick : {false, true}) {
+        std::mt19937 random(randomSeed());
+        const auto below = [&random](int most) { return int(random() % unsigned(most)); };
+        for (const BlockArena::Growth growth : {BlockArena::Slow, BlockArena::Fast}) {
+            const int count = (growth == BlockArena::Fast ? 400 : 12) * RecordList::blockSize - below(3);
             RecordList list;
-            std::vector<const Varnel3Data *> places;
-            for (int i = 0; i < (quick ? 60 : 6) * RecordList::blockSize; ++i) {
-                list.makeRoom();
-                Varnel3Data &stored = quick ? list.appendNew() : list.append(Varnel3Data());
-                stored.time = i;
-                places.push_back(&stored);
+            std::vector<Varnel3Data> kept;
+            RecordReader growing(list);
+            int rarely = 1;
+            int cells = 0;
+            for (int i = 0; i < count; ++i) {
+                if (below(200) == 0) {
+                    rarely = 1 << below(16);
+                    cells = below(Varnel3Data::maxCells + 1);
+                }
+                Varnel3Data record = i == 0 ? Varnel3Data() : kept.back();
+                change(&record, cells, rarely, &random);
+                list.append(record, growth);
+                if (below(50) == 0) {
+                    change(&record, cells, 1 + below(20), &random);
+                    list.replaceLast(record);
+                }
+                kept.push_back(record);
+                QVERIFY(list.size() == i + 1 && isSame(list.last(), record)
+                    && (below(9) > 0 || isSame(growing.at(i), record)));
             }
-            QCOMPARE(list.size(), int(places.size()));
-            for (int i = 0; i < list.size(); ++i)
-                QVERIFY(&list[i] == places[size_t(i)] && list[i].time == i);
-            QVERIFY(&list.last() == places.back() && list.append(list.first()).time == 0 && !list.isEmpty());
+            RecordReader reader(list);
+            RecordList moved;
+            for (int i = 0; i < count; ++i)
+                QVERIFY2(isSame(reader.at(i), kept[size_t(i)]), qPrintable(QString::number(i)));
+            moved = std::move(list);
+            QVERIFY(list.isEmpty()); // NOLINT(bugprone-use-after-move): a promise
+            for (int i = 0; i < count; i += 1 + below(5))
+                QVERIFY2(isSame(moved[i], kept[size_t(i)]), qPrintable(QString::number(i)));
+            for (int i = 0; i < 2000; ++i) {
+                const int column = below(RecordColumns::columns);
+                const int begin = below(count);
+                const int end = begin + 1 + below(RecordList::blockSize - begin % RecordList::blockSize);
+                const int last = qMin(end, count);
+                QVERIFY(hasExtremes(moved, column, begin, last));
+            }
+            moved.clear();
+            moved.append(kept[0]);
+            QVERIFY(moved.size() == 1 && isSame(moved.first(), kept[0]));
         }
-    }
-
-    void listTakesBackAndMoves()
-    {
-        RecordList list;
-        for (int i = 0; i < 1025; ++i)
-            list.appendNew().time = i;
-        list.removeLast();
-        list.removeLast();
-        QCOMPARE(list.last().time, 1022);
-        for (int i = 0; i < 3; ++i) { // across a block
-            QCOMPARE(list.appendNew().time, 0); // what was there before must not shine through
-            list.last().time = 2000 + i;
-        }
-        RecordList other(std::move(list));
-        QVERIFY(other.size() == 1026 && other[1024].time == 2001);
-        list = std::move(other);
-        QVERIFY(other.isEmpty() && list.last().time == 2002); // NOLINT(bugprone-use-after-move): a promise
-        list.clear();
-        QVERIFY(list.isEmpty() && list.appendNew().time == 0);
     }
 
     void largeBlocksAreWholePages()

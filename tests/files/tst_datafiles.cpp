@@ -49,7 +49,7 @@ QStringList told(const QByteArray &bytes, const QString &name)
     const RecordList records = loader->takeRecords();
     QStringList lines;
     for (int i = 0; i < records.size(); ++i) {
-        const Varnel3Data &record = records[i];
+        const Varnel3Data record = records[i];
         lines += QStringLiteral("%1 %2 %3 %4")
                      .arg(Varnel3Data::deviceName(record.device),
                          record.toRecordLine().section(QLatin1Char(','), 0, 10))
@@ -351,7 +351,9 @@ private slots:
         QTemporaryDir folder;
         const QString name = pathOf(folder, "a.acp");
         RecordList records = recording(3);
-        records.last().mode = Varnel3Data::Test;
+        Varnel3Data last = records.last();
+        last.mode = Varnel3Data::Test;
+        records.replaceLast(last);
         DataFilePieces lines(records, 1);
         QVERIFY(writeWholeFile(name, lines).written && lines.unreadable() == 1 && lines.progress() == 1.0);
         QCOMPARE(contents(name).count('\n'), 3);

@@ -38,7 +38,9 @@ public:
     void addResistanceLine(const QByteArray &line) override
     {
         m_text += m_lines.ofResistances(line) + '\n';
-        check(m_records.last().parseResistanceLine(QLatin1String(line)), "only '!' lines");
+        Varnel3Data newest = m_records.last();
+        check(newest.parseResistanceLine(QLatin1String(line)), "only '!' lines");
+        m_records.replaceLast(newest);
     }
 
 private:

@@ -23,8 +23,7 @@ QPolygonF curveOutline(const SeriesStore &store, int series, int first, const Qw
     QwtScaleMap fineMap = timeMap;
     fineMap.setPaintInterval(timeMap.p1() * fineness, timeMap.p2() * fineness);
     TimeColumns columns;
-    columns.assign(times.begin(), times.size(), store.isTimeMonotone(), fineMap, area.left() * fineness,
-        area.right() * fineness);
+    columns.assign(times, store.isTimeMonotone(), fineMap, area.left() * fineness, area.right() * fineness);
     QPolygonF outline;
     const auto add = [&](int sample, double value) {
         const QPointF point(timeMap.transform(times[sample]), valueMap.transform(value));

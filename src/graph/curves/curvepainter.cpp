@@ -59,8 +59,8 @@ void CurvePainter::updateColumns(const Job &job)
     if (key == m_columnsKey)
         return;
     m_columnsKey = key;
-    m_columns.assign(job.store->series(SeriesStore::Time).begin(), job.store->size(),
-        job.store->isTimeMonotone(), job.timeMap, job.area.left(), job.area.right());
+    m_columns.assign(job.store->series(SeriesStore::Time), job.store->isTimeMonotone(), job.timeMap,
+        job.area.left(), job.area.right());
 }
 
 // Few samples are drawn as they are. Where times run back all count, since any may be on the area.

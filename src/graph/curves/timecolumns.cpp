@@ -1,6 +1,7 @@
 #include "graph/curves/timecolumns.h"
 
 #include "graph/curves/pixels.h"
+#include "series/plotseries.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -20,55 +21,53 @@ size_t roundedUp(size_t count, size_t most)
 
 } // namespace
 
-void TimeColumns::assign(
-    const double *times, int count, bool ascending, const QwtScaleMap &map, int left, int right)
+void TimeColumns::assign(const PlotSeries &times, bool ascending, const QwtScaleMap &map, int left, int right)
 {
     m_left = left - 1;
     m_right = right + 1;
     m_sampleCount = 0;
     m_stretches.clear();
     if (ascending)
-        assignAscending(times, count, map);
+        assignAscending(times, map);
     else
-        assignAny(times, count, map);
+        assignAny(times, map);
 }
 
-void TimeColumns::assignAscending(const double *times, int count, const QwtScaleMap &map)
+void TimeColumns::assignAscending(const PlotSeries &times, const QwtScaleMap &map)
 {
-    const double *const end = times + count;
-    const auto startOf = [&](const double *from, int column) {
-        return std::partition_point(from, end, [&](double time) { return pixelOf(map, time) < column; });
+    const int end = times.size();
+    const auto startOf = [&](int from, int column) {
+        return times.firstNot(from, [&](double time) { return pixelOf(map, time) < column; });
     };
-    const auto take = [&](int x, const double *from, const double *to) {
-        m_stretches.push_back({x, int(from - times), int(to - times)});
-    };
-    const double *const first = startOf(times, m_left);
-    if (first != times)
-        take(pixelOf(map, first[-1]), first - 1, first);
-    const double *from = first;
+    const int first = startOf(0, m_left);
+    if (first > 0)
+        m_stretches.push_back({pixelOf(map, times[first - 1]), first - 1, first});
+    int from = first;
     while (from != end) {
-        const int x = pixelOf(map, *from);
+        const int x = pixelOf(map, times[from]);
         if (x > m_right)
             break;
-        const double *const next = startOf(from, x + 1);
-        take(x, from, next);
+        const int next = startOf(from, x + 1);
+        m_stretches.push_back({x, from, next});
         from = next;
     }
-    m_sampleCount = int(from - first);
+    m_sampleCount = from - first;
     if (from != end)
-        take(pixelOf(map, *from), from, from + 1);
+        m_stretches.push_back({pixelOf(map, times[from]), from, from + 1});
 }
 
-void TimeColumns::assignAny(const double *times, int count, const QwtScaleMap &map)
+void TimeColumns::assignAny(const PlotSeries &times, const QwtScaleMap &map)
 {
-    for (int i = 0; i < count; ++i) {
-        const int x = pixelOf(map, times[i]);
-        m_sampleCount += sideOf(x) == 0;
-        if (!m_stretches.empty() && m_stretches.back().x == x)
-            m_stretches.back().end = i + 1;
-        else
-            add({x, i, i + 1});
-    }
+    times.eachPiece(0, times.size(), [&](int begin, const double *points, int count) {
+        for (int i = begin; i < begin + count; ++i) {
+            const int x = pixelOf(map, points[i - begin]);
+            m_sampleCount += sideOf(x) == 0;
+            if (!m_stretches.empty() && m_stretches.back().x == x)
+                m_stretches.back().end = i + 1;
+            else
+                add({x, i, i + 1});
+        }
+    });
     thinOut();
 }
 

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+class PlotSeries;
 class QwtScaleMap;
 
 /// Which samples of a time series fall on which pixel column of a plot area: the one partition that all
@@ -15,9 +16,9 @@ public:
         int end; ///< one past the last
     };
 
-    /// Sorts the `count` values at `times` into the columns left-1..right+1, one column beyond each edge so
+    /// Sorts `times` into the columns left-1..right+1, one column beyond each edge so
     /// that lines reach over it. Where they do not ascend throughout, the cost is one look at each of them.
-    void assign(const double *times, int count, bool ascending, const QwtScaleMap &map, int left, int right);
+    void assign(const PlotSeries &times, bool ascending, const QwtScaleMap &map, int left, int right);
 
     /// What a curve passes through on its way, in the order of the samples; in ascending times a column once
     /// at most. Before and after columns of the area stands the neighbour outside. Of a series that jumps
@@ -27,8 +28,8 @@ public:
     int sampleCount() const { return m_sampleCount; }
 
 private:
-    void assignAscending(const double *times, int count, const QwtScaleMap &map);
-    void assignAny(const double *times, int count, const QwtScaleMap &map);
+    void assignAscending(const PlotSeries &times, const QwtScaleMap &map);
+    void assignAny(const PlotSeries &times, const QwtScaleMap &map);
     void add(const Stretch &stretch);
     void thinOut();
     int sideOf(int x) const { return x < m_left ? -1 : x > m_right; }

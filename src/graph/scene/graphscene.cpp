@@ -20,7 +20,7 @@ GraphColours coloursOf(const GraphRequest &request)
     return GraphColours(request.switches.blackBackground, request.switches.distinctLines);
 }
 
-const Varnel3Data &newestOf(const GraphRequest &request)
+Varnel3Data newestOf(const GraphRequest &request)
 {
     return request.store->records().last();
 }
@@ -34,7 +34,8 @@ bool isCellShown(const GraphRequest &request, int cell)
 
 QString cellFigure(const SeriesStore &store, int cell, CellValue value)
 {
-    const CellData &newest = store.records().last().cells[cell];
+    const Varnel3Data record = store.records().last();
+    const CellData &newest = record.cells[cell];
     switch (value) {
     case CellValue::Charge:
         return FigureText::fixed(newest.balanceCharge / Varnel3Data::chargePerMah / milli, 0, 3);
@@ -69,7 +70,8 @@ Interval cellRange(const GraphRequest &request)
     course.take(courseOf(request, SeriesStore::CellMax));
     for (int i = 0; i < request.store->cellSeriesCount(); ++i)
         course.take(courseOf(request, SeriesStore::Cell1 + i));
-    return ValueRange::ofCells(course.low, course.high, request.store->records().first().cellType);
+    return ValueRange::ofCells(
+        course.low, course.high, request.store->records().figure(RecordColumns::CellType, 0));
 }
 
 } // namespace

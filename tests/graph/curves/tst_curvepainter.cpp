@@ -374,7 +374,15 @@ private:
         QwtScaleMap map;
         map.setScaleInterval(0, 100);
         map.setPaintInterval(0, 100);
-        columns.assign(times.data(), times.size(), ascending, map, 10, 20);
+        RecordList records;
+        for (const double time : times) {
+            Varnel3Data record;
+            record.setTime(int(time));
+            records.append(record);
+        }
+        SeriesStore store;
+        store.load(std::move(records));
+        columns.assign(store.series(SeriesStore::Time), ascending, map, 10, 20);
         QString text;
         for (const TimeColumns::Stretch &stretch : columns.stretches())
             text += QString("%1:%2-%3 ").arg(stretch.x).arg(stretch.begin).arg(stretch.end);
