@@ -1,9 +1,11 @@
+#include "documents/csvexport.h"
 #include "files/datafileloader.h"
 #include "files/datafilepieces.h"
 #include "files/disk/filesync.h"
 #include "files/wholefile.h"
 #include "series/seriesstore.h"
 #include "machinememory.h"
+#include "naive/naivecsv.h"
 #include "naive/naiverecordline.h"
 #include "naive/naivestore.h"
 #include "samplerecording.h"
@@ -117,11 +119,51 @@ void saveHouse(benchmark::State &state)
     }
 }
 
+// A recording as it was read, with the charge of its cells.
+const SeriesStore &readRecording()
+{
+    static const SeriesStore store = [] {
+        DataFileLoader loader(sampleFile(sampleCount));
+        loader.readAll();
+        SeriesStore read;
+        read.load(loader.takeRecords());
+        return read;
+    }();
+    return store;
+}
+
+void exportNaive(benchmark::State &state)
+{
+    const QTemporaryDir folder;
+    const SeriesStore &store = readRecording();
+    for (auto _ : state) {
+        QFile file(folder.filePath(QStringLiteral("naive.csv")));
+        if (!file.open(QIODevice::WriteOnly))
+            state.SkipWithError("no file");
+        QTextStream stream(&file);
+        stream.setCodec("UTF-8");
+        naiveCsv(&stream, store);
+    }
+}
+
+void exportHouse(benchmark::State &state)
+{
+    const QTemporaryDir folder;
+    const SeriesStore &store = readRecording();
+    for (auto _ : state) {
+        CsvRows rows(store);
+        if (!writeWholeFile(folder.filePath(QStringLiteral("house.csv")), rows).written)
+            state.SkipWithError("not written");
+    }
+}
+
 } // namespace
 
 BENCHMARK(readNaive)->Name("read file/naive")->Arg(sampleCount)->Iterations(1);
 BENCHMARK(readHouse)->Name("read file/house")->Arg(32768)->Arg(sampleCount);
 BENCHMARK(readOnce)->Name("read file/once")->Arg(32768)->Arg(sampleCount);
+BENCHMARK(exportNaive)->Name("export table/naive")->Iterations(1);
+BENCHMARK(exportHouse)->Name("export table/house");
 BENCHMARK_CAPTURE(saveNaive, plain, false)->Name("save file/naive")->Iterations(1);
 BENCHMARK_CAPTURE(saveNaive, synced, true)->Name("save file/naive synced")->Iterations(1);
 BENCHMARK(saveHouse)->Name("save file/house");

@@ -42,6 +42,7 @@ ROWS = [
     ("save 262144 records, x naive", ratio("save file/naive", "save file/house"), "x", "> 15"),
     ("the same by the clock, synced",
      ratio("save file/naive synced:real", "save file/house:real"), "x", None),
+    ("export 262144 records as CSV, x naive", ratio("export table/naive", "export table/house"), "x", "> 10"),
     ("append to 262144, x naive", ratio(f"append/naive/{LONG}", f"append/house/{LONG}"), "x", None),
     ("append to 262144, beyond the copy",
      lambda t: t[f"append/house/{LONG}"] - t["append/copy"], "ns", "< 1000"),

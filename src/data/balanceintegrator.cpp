@@ -64,8 +64,14 @@ bool BalanceIntegrator::addPlain(Varnel3Data &record, qint64 seconds)
     if (!plain)
         return false;
     const qint64 factor = record.ballansingCurrent * seconds;
+    quint64 all = 0; // bits of the sums
     for (int i = 0; i < cells; ++i) {
-        m_charge[i] = qMin(m_charge[i] + record.cells[i].balance * factor, mostCharge);
+        m_charge[i] += record.cells[i].balance * factor;
+        all |= quint64(m_charge[i]);
+        record.cells[i].balanceCharge = int(m_charge[i]);
+    }
+    for (int i = 0; i < cells && all > INT32_MAX; ++i) {
+        m_charge[i] = qMin(m_charge[i], mostCharge);
         record.cells[i].balanceCharge = saturated(m_charge[i]);
     }
     return true;

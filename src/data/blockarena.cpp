@@ -2,7 +2,7 @@
 
 namespace {
 
-constexpr std::size_t smallSteps = 8; // beyond them it is a long file
+constexpr std::size_t smallSteps = 4; // beyond them it is a long file
 constexpr std::size_t alignment = 16;
 
 } // namespace

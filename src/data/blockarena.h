@@ -19,7 +19,7 @@ public:
     void take(std::size_t bytes);
 
     static constexpr std::size_t smallStep = std::size_t(128) << 10; ///< bytes
-    static constexpr std::size_t largeStep = 6 * LargeBlock::pageSize; ///< bytes
+    static constexpr std::size_t largeStep = 2 * LargeBlock::pageSize; ///< bytes
 
 private:
     std::vector<std::unique_ptr<char[]>> m_small;

@@ -26,16 +26,18 @@ int cellsTold(const Varnel3Data &record)
 // By its bits: -0.0 is one.
 bool hasAnyFraction(const Varnel3Data &record)
 {
-    quint64 any = 0;
-    for (int i = 0; i < RecordColumns::fractions; ++i) {
+    const auto bitsOf = [](const double &fraction) {
         quint64 bits;
-        std::memcpy(&bits, &RecordColumns::fraction(record, i), sizeof bits);
-        any |= bits;
-    }
+        std::memcpy(&bits, &fraction, sizeof bits);
+        return bits;
+    };
+    quint64 any = bitsOf(record.resistanceSum);
+    for (const CellData &cell : record.cells)
+        any |= bitsOf(cell.resistance);
     return any != 0;
 }
 
-int strideFor(int capacity)
+constexpr int strideFor(int capacity)
 {
     return capacity < PackedColumn::length ? capacity : capacity + gap;
 }
@@ -91,31 +93,36 @@ void OpenRecords::makeFractions()
 
 void OpenRecords::add(const Varnel3Data &record)
 {
-    const int index = m_count;
-    int *const first = m_figures.get() + index;
-    const int step = stride();
-    RecordColumns::eachOwn([&](int column, auto member) { first[column * step] = int(record.*member); });
-    Varnel3Data clock;
-    clock.setTime(record.time);
-    first[RecordColumns::Hour * step] = int(quint32(record.hour) - quint32(clock.hour));
-    first[RecordColumns::Minute * step] = int(quint32(record.minute) - quint32(clock.minute));
-    first[RecordColumns::Second * step] = int(quint32(record.second) - quint32(clock.second));
-
     const int cells = cellsTold(record);
     if (cells > m_cells)
         makeCells(cells);
-    int *figure = first + RecordColumns::ownColumns * step;
-    for (int cell = 0; cell < m_cells; ++cell) {
-        RecordColumns::eachOfCell(
-            [&](int column, auto member) { figure[column * step] = record.cells[cell].*member; });
-        figure += RecordColumns::columnsOfCell * step;
-    }
-
+    if (m_capacity == fewRecords)
+        store<strideFor(fewRecords)>(record);
+    else
+        store<strideFor(PackedColumn::length)>(record);
     if (!m_hasFractions && hasAnyFraction(record))
         makeFractions();
     for (int i = 0; i < RecordColumns::fractions && m_hasFractions; ++i)
-        m_fractions[i * m_capacity + index] = RecordColumns::fraction(record, i);
+        m_fractions[i * m_capacity + m_count] = RecordColumns::fraction(record, i);
     ++m_count;
+}
+
+// The distance of its columns is known when it is compiled, which halves the time.
+template <int step>
+void OpenRecords::store(const Varnel3Data &record)
+{
+    int *const own = m_figures.get() + m_count;
+    RecordColumns::eachOwn([&](auto field) { own[field.column * step] = int(record.*field.member); });
+    Varnel3Data clock;
+    clock.setTime(record.time);
+    own[RecordColumns::Hour * step] = int(quint32(record.hour) - quint32(clock.hour));
+    own[RecordColumns::Minute * step] = int(quint32(record.minute) - quint32(clock.minute));
+    own[RecordColumns::Second * step] = int(quint32(record.second) - quint32(clock.second));
+    int *figure = own + RecordColumns::ownColumns * step;
+    for (const CellData *cell = record.cells; cell < record.cells + m_cells; ++cell) {
+        RecordColumns::eachOfCell([&](auto field) { figure[field.column * step] = cell->*field.member; });
+        figure += RecordColumns::columnsOfCell * step;
+    }
 }
 
 void OpenRecords::replaceLast(const Varnel3Data &record)

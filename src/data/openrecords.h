@@ -36,6 +36,8 @@ public:
 private:
     int stride() const;
     int *place(int column) { return m_figures.get() + column * stride(); }
+    template <int step>
+    void store(const Varnel3Data &record);
     void makeCells(int cells);
     void makeFractions();
 

@@ -45,45 +45,52 @@ public:
         return ownColumns + cell * columnsOfCell + column;
     }
 
-    /// Calls visit(column, member) for each of a record's own columns.
+    /// A column and the member of a record or a cell that it keeps, both known when it is compiled.
+    template <int number, auto place>
+    struct Field {
+        static constexpr int column = number;
+        static constexpr auto member = place;
+    };
+
+    /// Calls visit(field) for each of a record's own columns.
     template <typename Visit>
     static void eachOwn(const Visit &visit)
     {
         using Record = Varnel3Data;
-        visit(Time, &Record::time);
-        visit(Voltage, &Record::voltage);
-        visit(Current, &Record::current);
-        visit(Temperature, &Record::temperature);
-        visit(Energy, &Record::energy);
-        visit(InternalResistance, &Record::internalResistance);
-        visit(Flag1, &Record::flag1);
-        visit(Flag2, &Record::flag2);
-        visit(Flag3, &Record::flag3);
-        visit(Flag4, &Record::flag4);
-        visit(Flag5, &Record::flag5);
-        visit(Mode, &Record::mode);
-        visit(CellMin, &Record::cellMin);
-        visit(CellMax, &Record::cellMax);
-        visit(CellAverage, &Record::cellAverage);
-        visit(ResistanceValid, &Record::resistanceValid);
-        visit(BalancedMah, &Record::balancedMah);
-        visit(CellType, &Record::cellType);
-        visit(BallansingCurrent, &Record::ballansingCurrent);
-        visit(Hour, &Record::hour);
-        visit(Minute, &Record::minute);
-        visit(Second, &Record::second);
-        visit(VoltageSlope, &Record::voltageSlope);
-        visit(CellCount, &Record::cellCount);
-        visit(BalanceMax, &Record::balanceMax);
-        visit(Device, &Record::device);
+        visit(Field<Time, &Record::time>());
+        visit(Field<Voltage, &Record::voltage>());
+        visit(Field<Current, &Record::current>());
+        visit(Field<Temperature, &Record::temperature>());
+        visit(Field<Energy, &Record::energy>());
+        visit(Field<InternalResistance, &Record::internalResistance>());
+        visit(Field<Flag1, &Record::flag1>());
+        visit(Field<Flag2, &Record::flag2>());
+        visit(Field<Flag3, &Record::flag3>());
+        visit(Field<Flag4, &Record::flag4>());
+        visit(Field<Flag5, &Record::flag5>());
+        visit(Field<Mode, &Record::mode>());
+        visit(Field<CellMin, &Record::cellMin>());
+        visit(Field<CellMax, &Record::cellMax>());
+        visit(Field<CellAverage, &Record::cellAverage>());
+        visit(Field<ResistanceValid, &Record::resistanceValid>());
+        visit(Field<BalancedMah, &Record::balancedMah>());
+        visit(Field<CellType, &Record::cellType>());
+        visit(Field<BallansingCurrent, &Record::ballansingCurrent>());
+        visit(Field<Hour, &Record::hour>());
+        visit(Field<Minute, &Record::minute>());
+        visit(Field<Second, &Record::second>());
+        visit(Field<VoltageSlope, &Record::voltageSlope>());
+        visit(Field<CellCount, &Record::cellCount>());
+        visit(Field<BalanceMax, &Record::balanceMax>());
+        visit(Field<Device, &Record::device>());
     }
-    /// Calls visit(column, member) for each column of a cell.
+    /// Calls visit(field) for each column of a cell.
     template <typename Visit>
     static void eachOfCell(const Visit &visit)
     {
-        visit(CellVoltage, &CellData::voltage);
-        visit(CellBalance, &CellData::balance);
-        visit(CellCharge, &CellData::balanceCharge);
+        visit(Field<CellVoltage, &CellData::voltage>());
+        visit(Field<CellBalance, &CellData::balance>());
+        visit(Field<CellCharge, &CellData::balanceCharge>());
     }
     /// The fraction `index` of a record, at its place there.
     template <typename Record>

@@ -20,16 +20,16 @@ Varnel3Data recordOf(const Block &block, int index)
 {
     Varnel3Data record;
     RecordColumns::eachOwn(
-        [&](int column, auto member) { setFigure(&(record.*member), block.numbers(column)[index]); });
+        [&](auto field) { setFigure(&(record.*field.member), block.numbers(field.column)[index]); });
     Varnel3Data clock;
     clock.setTime(record.time);
     record.hour = int(quint32(record.hour) + quint32(clock.hour));
     record.minute = int(quint32(record.minute) + quint32(clock.minute));
     record.second = int(quint32(record.second) + quint32(clock.second));
     for (int cell = 0; cell < block.cells(); ++cell) {
-        RecordColumns::eachOfCell([&](int column, auto member) {
-            const int place = RecordColumns::ofCell(cell, RecordColumns::CellColumn(column));
-            record.cells[cell].*member = block.numbers(place)[index];
+        RecordColumns::eachOfCell([&](auto field) {
+            const int place = RecordColumns::ofCell(cell, RecordColumns::CellColumn(field.column));
+            record.cells[cell].*field.member = block.numbers(place)[index];
         });
     }
     for (int i = 0; i < RecordColumns::fractions && block.hasFractions(); ++i)

@@ -69,7 +69,9 @@ void RecordReader::unpack(int number)
     const RecordBlock &block = m_records.packed(number);
     std::fill_n(records, length, m_records[number * length]);
     setEach(block, RecordColumns::Time, [&](int i, int time) { records[i].setTime(time); });
-    RecordColumns::eachOwn([&](int column, auto member) {
+    RecordColumns::eachOwn([&](auto field) {
+        constexpr int column = field.column;
+        constexpr auto member = field.member;
         using Figure = std::decay_t<decltype(records->*member)>;
         if (column == RecordColumns::Hour || column == RecordColumns::Minute
             || column == RecordColumns::Second)
@@ -80,9 +82,9 @@ void RecordReader::unpack(int number)
             setEach(block, column, [&](int i, int figure) { records[i].*member = Figure(figure); });
     });
     for (int cell = 0; cell < block.cells(); ++cell) {
-        RecordColumns::eachOfCell([&](int column, auto member) {
-            setEach(block, RecordColumns::ofCell(cell, RecordColumns::CellColumn(column)),
-                [&](int i, int figure) { records[i].cells[cell].*member = figure; });
+        RecordColumns::eachOfCell([&](auto field) {
+            setEach(block, RecordColumns::ofCell(cell, RecordColumns::CellColumn(field.column)),
+                [&](int i, int figure) { records[i].cells[cell].*field.member = figure; });
         });
     }
     for (int i = 0; i < RecordColumns::fractions && block.hasFractions(); ++i) {

@@ -1,16 +1,111 @@
 #include "documents/csvexport.h"
 
-#include "files/csvrow.h"
 #include "series/seriesstore.h"
 
 #include "data/saturated.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstring>
 #include <initializer_list>
 
 namespace {
 
-using Row = CsvRow;
+constexpr int pieceSize = 1 << 17; // bytes
+constexpr int mostRowSize = 1 << 14; // bytes, far more than any
+constexpr int mostFieldSize = 32; // bytes, of a number
+
+QByteArray quoted(const QByteArray &text)
+{
+    const bool plain = std::none_of(
+        text.begin(), text.end(), [](char c) { return c == ',' || c == '"' || c == '\n' || c == '\r'; });
+    return plain ? text : '"' + QByteArray(text).replace('"', "\"\"") + '"';
+}
+
+/// Rows being written to memory that holds a piece and a row more.
+class Row {
+public:
+    explicit Row(char *out)
+        : m_out(out)
+    {
+    }
+
+    /// `text` needs no quotes.
+    void add(const QByteArray &text)
+    {
+        std::memcpy(m_out, text.constData(), size_t(text.size()));
+        m_out += text.size();
+        *m_out++ = ',';
+    }
+    void add(int value)
+    {
+        m_out = std::to_chars(m_out, m_out + mostFieldSize, value).ptr;
+        *m_out++ = ',';
+    }
+    /// The shortest text that reads back as `value`; nothing for what is no number.
+    void add(double value)
+    {
+        if (std::isfinite(value))
+            m_out = std::to_chars(m_out, m_out + mostFieldSize, value).ptr;
+        *m_out++ = ',';
+    }
+    void addFlag(char flag)
+    {
+        if (flag > ' ' && flag < 0x7f && flag != '"' && flag != ',')
+            *m_out++ = flag;
+        else if (flag != '\0')
+            return add(quoted(QString(QLatin1Char(flag)).toUtf8()));
+        *m_out++ = ',';
+    }
+    void addEmpty() { *m_out++ = ','; }
+    void end() { m_out[-1] = '\n'; }
+    char *out() const { return m_out; }
+
+private:
+    char *m_out;
+};
+
+/// Texts by their codes, each made once.
+template <int codes>
+class Texts {
+public:
+    template <typename Make>
+    explicit Texts(const Make &make)
+    {
+        for (int code = 0; code < codes; ++code)
+            m_texts[code] = quoted(make(code));
+    }
+    /// A code that there is none of has the text of the last.
+    const QByteArray &operator[](int code) const
+    {
+        return m_texts[code >= 0 && code < codes ? code : codes - 1];
+    }
+
+private:
+    QByteArray m_texts[codes];
+};
+
+const QByteArray &deviceText(int device)
+{
+    static const Texts<Varnel3Data::NoDevice + 1> texts(
+        [](int code) { return QByteArray(Varnel3Data::deviceInFiles(code)); });
+    return texts[device];
+}
+
+const QByteArray &modeText(int mode)
+{
+    static const Texts<Varnel3Data::NoMode + 2> texts(
+        [](int code) { return QByteArray(Varnel3Data::modeInFiles(code)); });
+    return texts[mode];
+}
+
+const QByteArray &chemistryText(int cellType)
+{
+    static const Texts<Varnel3Data::noCellType + 1> texts(
+        [](int code) { return Varnel3Data::cellTypeName(code).toUtf8(); });
+    return texts[cellType];
+}
 
 struct Column {
     const char *title;
@@ -18,11 +113,10 @@ struct Column {
 };
 
 const Column recordColumns[] = {
-    {"device", [](Row &row, const Varnel3Data &r) { row.add(Varnel3Data::deviceInFiles(r.device)); }},
+    {"device", [](Row &row, const Varnel3Data &r) { row.add(deviceText(r.device)); }},
     {"time [s]", [](Row &row, const Varnel3Data &r) { row.add(r.time); }},
-    {"mode", [](Row &row, const Varnel3Data &r) { row.add(Varnel3Data::modeInFiles(r.mode)); }},
-    {"chemistry",
-        [](Row &row, const Varnel3Data &r) { row.add(Varnel3Data::cellTypeName(r.cellType).toUtf8()); }},
+    {"mode", [](Row &row, const Varnel3Data &r) { row.add(modeText(r.mode)); }},
+    {"chemistry", [](Row &row, const Varnel3Data &r) { row.add(chemistryText(r.cellType)); }},
     {"cells", [](Row &row, const Varnel3Data &r) { row.add(r.cellCount); }},
     {"voltage [mV]", [](Row &row, const Varnel3Data &r) { row.add(r.voltage); }},
     {"current [mA]", [](Row &row, const Varnel3Data &r) { row.add(r.current); }},
@@ -60,14 +154,13 @@ const SeriesColumn seriesColumns[] = {
     {"smoothed voltage slope [mV/min]", SeriesStore::Dv, true},
 };
 
-constexpr int pieceSize = 1 << 17; // bytes
 constexpr int recordsLookedAt = 1 << 14; // for their cells, in a piece
 
-/// Cells of which the device of `record` tells something.
-int cellsTold(const Varnel3Data &record)
+/// Cells of which a device tells something.
+int cellsTold(int device, int cellCount)
 {
-    const bool tells = record.device == Varnel3Data::Varnel3 || record.device == Varnel3Data::Tandor;
-    return tells ? record.cellsPresent() : 0;
+    const bool tells = device == Varnel3Data::Varnel3 || device == Varnel3Data::Tandor;
+    return tells ? qBound(0, cellCount, Varnel3Data::maxCells) : 0;
 }
 
 void writeHeader(Row &row, int cells)
@@ -103,8 +196,9 @@ void writeRecord(Row &row, const SeriesStore &store, int index, const Varnel3Dat
         column.write(row, record);
     for (const Column &column : cellStatisticColumns)
         record.hasBalancingData() ? column.write(row, record) : row.addEmpty();
+    const int told = cellsTold(record.device, record.cellCount);
     for (int cell = 0; cell < cells; ++cell) {
-        if (cell < cellsTold(record))
+        if (cell < told)
             writeCell(row, record, cell);
         else
             for (int empty = 0; empty < 4; ++empty)
@@ -124,6 +218,7 @@ void writeRecord(Row &row, const SeriesStore &store, int index, const Varnel3Dat
 CsvRows::CsvRows(const SeriesStore &store)
     : m_store(store)
     , m_records(store.records())
+    , m_buffer(new char[pieceSize + mostRowSize])
     , m_count(store.size())
     , m_markedFrom(store.markedFrom())
 {
@@ -145,22 +240,26 @@ double CsvRows::progress() const
 void CsvRows::lookForCells()
 {
     const int end = std::min(m_count, m_looked + recordsLookedAt);
+    const RecordList &records = m_store.records();
     for (; m_looked < end; ++m_looked)
-        m_cells = std::max(m_cells, cellsTold(m_records.at(m_looked)));
+        m_cells = std::max(m_cells,
+            cellsTold(records.figure(RecordColumns::Device, m_looked),
+                records.figure(RecordColumns::CellCount, m_looked)));
 }
 
 bool CsvRows::writeRows(QIODevice &device)
 {
-    Row row;
+    Row row(m_buffer.get());
+    const auto length = [&] { return int(row.out() - m_buffer.get()); };
     if (m_next == notBegun) {
         writeHeader(row, m_cells);
         m_next = 0;
     }
-    for (; m_next < m_count && row.bytes.size() < pieceSize; ++m_next) {
+    for (; m_next < m_count && length() < pieceSize; ++m_next) {
         Varnel3Data record = m_records.at(m_next);
         if (m_next >= m_markedFrom)
             record.flag4 = EndMark::letter;
         writeRecord(row, m_store, m_next, record, m_cells);
     }
-    return writeAllBytes(device, row.bytes.constData(), row.bytes.size());
+    return writeAllBytes(device, m_buffer.get(), length());
 }

@@ -62,8 +62,7 @@ int DerivedPoints::loadBlock(const RecordList &records, int most)
     }
     const int first = m_size;
     const int end = qMin((first / length + 1) * length, first + most);
-    for (int i = first; i < end; ++i)
-        addLoadedResistance(records, i);
+    addLoadedResistances(records, end - first);
     addFigures(records, end - first);
     return m_size;
 }
@@ -188,19 +187,25 @@ void DerivedPoints::addLiveResistance(const RecordList &records)
     }
 }
 
-void DerivedPoints::addLoadedResistance(const RecordList &records, int index)
+// Those of the next `count` records of a block.
+void DerivedPoints::addLoadedResistances(const RecordList &records, int count)
 {
-    if (index < firstResistance()) {
-        addResistance(0);
-    } else if (index == firstResistance()) {
-        const int first = records.figure(Columns::InternalResistance, index);
-        addResistance(first);
-        fillFront();
-        m_loadedResistanceSum = qint64(first) * 4;
-    } else {
-        m_loadedResistanceSum = m_loadedResistanceSum - m_loadedResistanceSum / 4
-            + ResistanceFold::valueOf(records, index, records.size() - 1);
-        addResistance(m_loadedResistanceSum / 4);
+    int values[length];
+    records.numbers(Columns::InternalResistance, m_size / length).copy(m_size % length, count, values);
+    for (int i = 0; i < count; ++i) {
+        const int index = m_size + i;
+        if (index < firstResistance()) {
+            addResistance(0);
+        } else if (index == firstResistance()) {
+            addResistance(values[i]);
+            fillFront();
+            m_loadedResistanceSum = qint64(values[i]) * 4;
+        } else {
+            const qint64 value
+                = values[i] != 0 ? values[i] : ResistanceFold::valueOf(records, index, records.size() - 1);
+            m_loadedResistanceSum = m_loadedResistanceSum - m_loadedResistanceSum / 4 + value;
+            addResistance(m_loadedResistanceSum / 4);
+        }
     }
 }
 

@@ -46,7 +46,7 @@ private:
     void fillFront();
     void seedLiveResistance(const RecordList &records);
     void addLiveResistance(const RecordList &records);
-    void addLoadedResistance(const RecordList &records, int index);
+    void addLoadedResistances(const RecordList &records, int count);
 
     KeptPoints m_kept;
     int m_size = 0;

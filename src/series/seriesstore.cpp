@@ -15,6 +15,14 @@ quint64 nextRevision()
     return ++newest;
 }
 
+// No record in the block of record `index` tells an end or resistances.
+bool isPlain(const RecordList &records, int index)
+{
+    const int block = index / RecordList::blockSize;
+    return block < records.packedBlocks() && records.packed(block).column(RecordColumns::Flag4).isAll('_')
+        && records.packed(block).column(RecordColumns::ResistanceValid).isAll(0);
+}
+
 } // namespace
 
 void SeriesStore::clear()
@@ -91,11 +99,14 @@ bool SeriesStore::loadSome(int most)
     const int last = loaded + qMin(most, size() - loaded);
     while (loaded < last) {
         const int end = m_points.loadBlock(m_records, last - loaded);
-        for (; loaded < end; ++loaded) {
-            m_end.addLoaded(m_records, loaded);
-            if (m_records.figure(RecordColumns::ResistanceValid, loaded) != 0)
-                noteResistances(m_records[loaded]);
+        if (!isPlain(m_records, loaded)) {
+            for (int i = loaded; i < end; ++i) {
+                m_end.addLoaded(m_records, i);
+                if (m_records.figure(RecordColumns::ResistanceValid, i) != 0)
+                    noteResistances(m_records[i]);
+            }
         }
+        loaded = end;
     }
     return last < size();
 }

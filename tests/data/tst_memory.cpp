@@ -48,13 +48,13 @@ void change(Varnel3Data *record, int cells, int rarely, std::mt19937 *random)
         if (isChanged())
             *field = std::decay_t<decltype(*field)>(number(*field));
     };
-    RecordColumns::eachOwn([&](int, auto member) { changeNumber(&(record->*member)); });
+    RecordColumns::eachOwn([&](auto field) { changeNumber(&(record->*field.member)); });
     if (!isChanged())
         record->setTime(record->time);
     for (int cell = 0; cell < Varnel3Data::maxCells; ++cell) {
         if (cell < cells)
             RecordColumns::eachOfCell(
-                [&](int, auto member) { changeNumber(&(record->cells[cell].*member)); });
+                [&](auto field) { changeNumber(&(record->cells[cell].*field.member)); });
         else
             record->cells[cell] = CellData();
     }
