@@ -66,12 +66,12 @@ private:
     char *m_out;
 };
 
-/// Texts by their codes, each made once.
+/// CodeTexts by their codes, each made once.
 template <int codes>
-class Texts {
+class CodeTexts {
 public:
     template <typename Make>
-    explicit Texts(const Make &make)
+    explicit CodeTexts(const Make &make)
     {
         for (int code = 0; code < codes; ++code)
             m_texts[code] = quoted(make(code));
@@ -88,21 +88,21 @@ private:
 
 const QByteArray &deviceText(int device)
 {
-    static const Texts<Varnel3Data::NoDevice + 1> texts(
+    static const CodeTexts<Varnel3Data::NoDevice + 1> texts(
         [](int code) { return QByteArray(Varnel3Data::deviceInFiles(code)); });
     return texts[device];
 }
 
 const QByteArray &modeText(int mode)
 {
-    static const Texts<Varnel3Data::NoMode + 2> texts(
+    static const CodeTexts<Varnel3Data::NoMode + 2> texts(
         [](int code) { return QByteArray(Varnel3Data::modeInFiles(code)); });
     return texts[mode];
 }
 
 const QByteArray &chemistryText(int cellType)
 {
-    static const Texts<Varnel3Data::noCellType + 1> texts(
+    static const CodeTexts<Varnel3Data::noCellType + 1> texts(
         [](int code) { return Varnel3Data::cellTypeName(code).toUtf8(); });
     return texts[cellType];
 }
