@@ -29,30 +29,51 @@ QStringList header(int cells)
                   << "smoothed voltage slope [mV/min]";
 }
 
-QStringList row(const SeriesStore &store, int index, int cells)
+QString row(const SeriesStore &store, int index, int cells)
 {
     const Varnel3Data record = store.records()[index];
-    QStringList fields{QString::number(index + 1),
-        QString::fromLatin1(Varnel3Data::deviceInFiles(record.device)), QString::number(record.time),
-        QString::fromLatin1(Varnel3Data::modeInFiles(record.mode)),
-        Varnel3Data::cellTypeName(record.cellType)};
-    for (const int figure : {record.cellCount, record.voltage, record.current, record.temperature,
-             record.energy, record.internalResistance, record.ballansingCurrent})
-        fields << QString::number(figure);
-    for (const char flag : {record.flag1, record.flag2, record.flag3, record.flag4, record.flag5})
-        fields << QString(QLatin1Char(flag));
-    for (const int figure : {record.cellMax, record.cellMin, record.cellAverage,
-             record.cellMax - record.cellMin, record.balanceMax, record.balancedMah})
-        fields << QString::number(figure);
+    const auto flag = [](char c) { return QString(QLatin1Char(c)); };
+    // clazy:excludeall=qstring-arg (chains of arg() are what is compared with)
+    QString line = QStringLiteral("%1,%2,%3,%4,%5,%6,")
+                       .arg(index + 1)
+                       .arg(QLatin1String(Varnel3Data::deviceInFiles(record.device)))
+                       .arg(record.time)
+                       .arg(QLatin1String(Varnel3Data::modeInFiles(record.mode)))
+                       .arg(Varnel3Data::cellTypeName(record.cellType))
+                       .arg(record.cellCount);
+    line += QStringLiteral("%1,%2,%3,%4,%5,%6,")
+                .arg(record.voltage)
+                .arg(record.current)
+                .arg(record.temperature)
+                .arg(record.energy)
+                .arg(record.internalResistance)
+                .arg(record.ballansingCurrent);
+    line += QStringLiteral("%1,%2,%3,%4,%5,")
+                .arg(flag(record.flag1))
+                .arg(flag(record.flag2))
+                .arg(flag(record.flag3))
+                .arg(flag(record.flag4))
+                .arg(flag(record.flag5));
+    line += QStringLiteral("%1,%2,%3,%4,%5,%6,")
+                .arg(record.cellMax)
+                .arg(record.cellMin)
+                .arg(record.cellAverage)
+                .arg(record.cellMax - record.cellMin)
+                .arg(record.balanceMax)
+                .arg(record.balancedMah);
     for (int cell = 0; cell < cells; ++cell) {
         const CellData &data = record.cells[cell];
-        fields << QString::number(data.voltage) << QString::number(data.balance)
-               << number(data.balanceCharge / double(Varnel3Data::chargePerMah))
-               << (record.resistanceValid ? number(data.resistance) : QString());
+        line += QStringLiteral("%1,%2,%3,%4,")
+                    .arg(data.voltage)
+                    .arg(data.balance)
+                    .arg(number(data.balanceCharge / double(Varnel3Data::chargePerMah)))
+                    .arg(record.resistanceValid ? number(data.resistance) : QString());
     }
-    for (const int kind : {SeriesStore::Temperature, SeriesStore::Resistance, SeriesStore::Dv})
-        fields << number(store.series(kind)[index]);
-    return fields;
+    return line
+        + QStringLiteral("%1,%2,%3")
+              .arg(number(store.series(SeriesStore::Temperature)[index]))
+              .arg(number(store.series(SeriesStore::Resistance)[index]))
+              .arg(number(store.series(SeriesStore::Dv)[index]));
 }
 
 } // namespace
@@ -64,5 +85,5 @@ void naiveCsv(QTextStream *stream, const SeriesStore &store)
         cells = qMax(cells, store.records()[i].cellsPresent());
     *stream << header(cells).join(QLatin1Char(',')) << '\n';
     for (int i = 0; i < store.size(); ++i)
-        *stream << row(store, i, cells).join(QLatin1Char(',')) << '\n';
+        *stream << row(store, i, cells) << '\n';
 }

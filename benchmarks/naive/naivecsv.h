@@ -4,6 +4,6 @@
 
 class SeriesStore;
 
-/// Writes `store` as comma-separated values, a table as the program's, as one would write it first: a row
-/// joined from a list of texts.
+/// Writes `store` as comma-separated values, a table as the program's, as one would write it first, with
+/// chains of arg().
 void naiveCsv(QTextStream *stream, const SeriesStore &store);

@@ -2,6 +2,8 @@
 
 #include "data/varnel3data.h"
 
+static_assert(sizeof(Varnel3Data) == 488, "a field more wants a column here");
+
 /// What a record consists of: the columns in which a recording keeps its whole numbers. Resistances are
 /// fractions and stand apart.
 class RecordColumns {
