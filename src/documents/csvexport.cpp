@@ -1,93 +1,20 @@
 #include "documents/csvexport.h"
 
+#include "files/csvrow.h"
 #include "series/seriesstore.h"
 
 #include "data/saturated.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
-#include <cstdlib>
-#include <cstring>
 #include <initializer_list>
 
 namespace {
 
+using Row = CsvRow;
+
 constexpr int pieceSize = 1 << 17; // bytes
-constexpr int mostRowSize = 1 << 14; // bytes, far more than any
-constexpr int mostFieldSize = 32; // bytes, of a number
 
-QByteArray quoted(const QByteArray &text)
-{
-    const bool plain = std::none_of(
-        text.begin(), text.end(), [](char c) { return c == ',' || c == '"' || c == '\n' || c == '\r'; });
-    return plain ? text : '"' + QByteArray(text).replace('"', "\"\"") + '"';
-}
-
-/// Rows being written to memory that holds a piece and a row more.
-class Row {
-public:
-    explicit Row(char *out)
-        : m_out(out)
-    {
-    }
-
-    /// `text` needs no quotes.
-    void add(const QByteArray &text)
-    {
-        std::memcpy(m_out, text.constData(), size_t(text.size()));
-        m_out += text.size();
-        *m_out++ = ',';
-    }
-    void add(int value)
-    {
-        m_out = std::to_chars(m_out, m_out + mostFieldSize, value).ptr;
-        *m_out++ = ',';
-    }
-    /// The shortest text that reads back as `value`; nothing for what is no number.
-    void add(double value)
-    {
-        if (!addTenths(value) && std::isfinite(value))
-            m_out = std::to_chars(m_out, m_out + mostFieldSize, value).ptr;
-        *m_out++ = ',';
-    }
-    void addFlag(char flag)
-    {
-        if (flag > ' ' && flag < 0x7f && flag != '"' && flag != ',')
-            *m_out++ = flag;
-        else if (flag != '\0')
-            return add(quoted(QString(QLatin1Char(flag)).toUtf8()));
-        *m_out++ = ',';
-    }
-    void addEmpty() { *m_out++ = ','; }
-    void end() { m_out[-1] = '\n'; }
-    char *out() const { return m_out; }
-
-private:
-    // The same text for what is a number of tenths, in a fraction of the time. False for what is none, and
-    // for numbers that are shorter with an exponent.
-    bool addTenths(double value)
-    {
-        constexpr double most = 1e5;
-        if (!(value > -most && value < most) || (value == 0 && std::signbit(value)))
-            return false;
-        const int tenths = int(std::lround(value * 10));
-        if (tenths / 10.0 != value)
-            return false;
-        if (value < 0 && tenths > -10)
-            *m_out++ = '-'; // which a whole part of 0 does not say
-        m_out = std::to_chars(m_out, m_out + mostFieldSize, tenths / 10).ptr;
-        if (tenths % 10 != 0) {
-            *m_out++ = '.';
-            *m_out++ = char('0' + std::abs(tenths % 10));
-        }
-        return true;
-    }
-
-    char *m_out;
-};
-
-/// CodeTexts by their codes, each made once.
+/// Texts by their codes, each made once.
 template <int codes>
 class CodeTexts {
 public:
@@ -95,7 +22,7 @@ public:
     explicit CodeTexts(const Make &make)
     {
         for (int code = 0; code < codes; ++code)
-            m_texts[code] = quoted(make(code));
+            m_texts[code] = CsvRow::quoted(make(code));
     }
     /// A code that there is none of has the text of the last.
     const QByteArray &operator[](int code) const
@@ -134,10 +61,10 @@ struct Column {
 };
 
 const Column recordColumns[] = {
-    {"device", [](Row &row, const Varnel3Data &r) { row.add(deviceText(r.device)); }},
+    {"device", [](Row &row, const Varnel3Data &r) { row.addQuoted(deviceText(r.device)); }},
     {"time [s]", [](Row &row, const Varnel3Data &r) { row.add(r.time); }},
-    {"mode", [](Row &row, const Varnel3Data &r) { row.add(modeText(r.mode)); }},
-    {"chemistry", [](Row &row, const Varnel3Data &r) { row.add(chemistryText(r.cellType)); }},
+    {"mode", [](Row &row, const Varnel3Data &r) { row.addQuoted(modeText(r.mode)); }},
+    {"chemistry", [](Row &row, const Varnel3Data &r) { row.addQuoted(chemistryText(r.cellType)); }},
     {"cells", [](Row &row, const Varnel3Data &r) { row.add(r.cellCount); }},
     {"voltage [mV]", [](Row &row, const Varnel3Data &r) { row.add(r.voltage); }},
     {"current [mA]", [](Row &row, const Varnel3Data &r) { row.add(r.current); }},
@@ -239,7 +166,6 @@ void writeRecord(Row &row, const SeriesStore &store, int index, const Varnel3Dat
 CsvRows::CsvRows(const SeriesStore &store)
     : m_store(store)
     , m_records(store.records())
-    , m_buffer(new char[pieceSize + mostRowSize])
     , m_count(store.size())
     , m_markedFrom(store.markedFrom())
 {
@@ -270,13 +196,12 @@ void CsvRows::lookForCells()
 
 bool CsvRows::writeRows(QIODevice &device)
 {
-    Row row(m_buffer.get());
-    const auto length = [&] { return int(row.out() - m_buffer.get()); };
+    Row row;
     if (m_next == notBegun) {
         writeHeader(row, m_cells);
         m_next = 0;
     }
-    for (; m_next < m_count && length() < pieceSize; ++m_next) {
+    for (; m_next < m_count && row.size() < pieceSize; ++m_next) {
         if (m_next >= m_markedFrom) {
             Varnel3Data record = m_records.at(m_next);
             record.flag4 = EndMark::letter;
@@ -285,5 +210,5 @@ bool CsvRows::writeRows(QIODevice &device)
             writeRecord(row, m_store, m_next, m_records.at(m_next), m_cells);
         }
     }
-    return writeAllBytes(device, m_buffer.get(), length());
+    return writeAllBytes(device, row.data(), row.size());
 }

@@ -4,8 +4,6 @@
 
 #include "data/recordreader.h"
 
-#include <memory>
-
 class SeriesStore;
 
 /// A recording as comma-separated values for other programs: one header row with units, then one row a
@@ -29,7 +27,6 @@ private:
 
     const SeriesStore &m_store;
     RecordReader m_records;
-    std::unique_ptr<char[]> m_buffer; // for a piece
     const int m_count;
     const int m_markedFrom; // as it was then
     int m_looked = 0; // records whose cells were counted, so that the header knows the widest

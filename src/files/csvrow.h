@@ -6,48 +6,92 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
+#include <cstring>
 
 /// One row of comma-separated values being built, with those before it.
 class CsvRow {
 public:
-    void add(const QByteArray &text)
+    /// `text` as it may stand between commas.
+    static QByteArray quoted(const QByteArray &text)
     {
-        separate();
         const bool plain = std::none_of(
             text.begin(), text.end(), [](char c) { return c == ',' || c == '"' || c == '\n' || c == '\r'; });
-        bytes += plain ? text : '"' + QByteArray(text).replace('"', "\"\"") + '"';
+        return plain ? text : '"' + QByteArray(text).replace('"', "\"\"") + '"';
+    }
+
+    void add(const QByteArray &text) { addQuoted(quoted(text)); }
+    /// What quoted() gave.
+    void addQuoted(const QByteArray &text)
+    {
+        char *const out = room(text.size() + 1);
+        std::memcpy(out, text.constData(), size_t(text.size()));
+        endField(out + text.size());
     }
     void add(int value)
     {
-        separate();
-        char digits[16];
-        bytes.append(digits, int(std::to_chars(digits, digits + sizeof digits, value).ptr - digits));
+        char *const out = room(mostNumber);
+        endField(std::to_chars(out, out + mostNumber, value).ptr);
     }
     /// The shortest text that reads back as `value`; nothing for what is no number.
     void add(double value)
     {
-        separate();
-        char digits[32];
-        if (std::isfinite(value))
-            bytes.append(digits, int(std::to_chars(digits, digits + sizeof digits, value).ptr - digits));
+        char *out = room(mostNumber);
+        if (isTenths(value))
+            out = writeTenths(out, int(std::lround(value * 10)));
+        else if (std::isfinite(value))
+            out = std::to_chars(out, out + mostNumber, value).ptr;
+        endField(out);
     }
-    void addFlag(char flag) { add(flag == '\0' ? QByteArray() : QString(QLatin1Char(flag)).toUtf8()); }
-    void addEmpty() { separate(); }
-    void end()
+    void addFlag(char flag)
     {
-        bytes += '\n';
-        m_first = true;
+        if (flag <= ' ' || flag >= 0x7f || flag == '"' || flag == ',')
+            return add(flag == '\0' ? QByteArray() : QString(QLatin1Char(flag)).toUtf8());
+        char *const out = room(2);
+        *out = flag;
+        endField(out + 1);
     }
+    void addEmpty() { endField(room(1)); }
+    void end() { m_bytes.data()[m_size - 1] = '\n'; }
 
-    QByteArray bytes;
+    const char *data() const { return m_bytes.constData(); }
+    int size() const { return m_size; }
 
 private:
-    void separate()
+    static constexpr int mostNumber = 40; // bytes, with its comma
+
+    char *room(int bytes)
     {
-        if (!m_first)
-            bytes += ',';
-        m_first = false;
+        if (m_bytes.size() - m_size < bytes)
+            m_bytes.resize(2 * m_size + bytes + (1 << 12));
+        return m_bytes.data() + m_size;
+    }
+    void endField(char *out)
+    {
+        *out++ = ',';
+        m_size = int(out - m_bytes.constData());
     }
 
-    bool m_first = true;
+    // Most fractions are tenths, which need no search for the shortest text. Larger ones may be shorter with
+    // an exponent.
+    static bool isTenths(double value)
+    {
+        constexpr double most = 1e5;
+        return value > -most && value < most && double(std::lround(value * 10)) / 10.0 == value
+            && !(value == 0 && std::signbit(value));
+    }
+    static char *writeTenths(char *out, int tenths)
+    {
+        if (tenths < 0 && tenths > -10)
+            *out++ = '-'; // which a whole part of 0 does not say
+        out = std::to_chars(out, out + mostNumber, tenths / 10).ptr;
+        if (tenths % 10 != 0) {
+            *out++ = '.';
+            *out++ = char('0' + std::abs(tenths % 10));
+        }
+        return out;
+    }
+
+    QByteArray m_bytes;
+    int m_size = 0; // of m_bytes, in use
 };

@@ -119,7 +119,7 @@ bool LogbookCsv::writeNext(QIODevice &device)
     }
     for (int i = 0; i < rowsAtOnce && m_next < m_rows.size(); ++i, ++m_next)
         writeRow(row, m_rows[m_next].recording, m_rows[m_next].pack, m_rows[m_next].isRead);
-    return writeAllBytes(device, row.bytes.constData(), row.bytes.size());
+    return writeAllBytes(device, row.data(), row.size());
 }
 
 double LogbookCsv::progress() const

@@ -38,8 +38,8 @@ double placeAt(const SeriesStore &store, int last, double share)
     if (!store.isTimeMonotone() || time[0] >= time[last])
         return share * last;
     const double wanted = time[0] + share * (time[last] - time[0]);
-    const double *after = std::upper_bound(time.begin(), time.begin() + last, wanted);
-    const int index = int(after - time.begin()) - 1; // the first is not above `wanted`
+    const int after = time.firstNot(0, [wanted](double earlier) { return earlier <= wanted; });
+    const int index = qMin(after, last) - 1; // the first is not above `wanted`
     const double span = time[index + 1] - time[index];
     return span > 0.0 ? index + qMin(1.0, (wanted - time[index]) / span) : index;
 }
