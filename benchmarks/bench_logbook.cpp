@@ -1,14 +1,20 @@
 #include "files/datafilepieces.h"
 #include "files/wholefile.h"
 #include "logbook/logbook.h"
+#include "logbook/logbookeditor.h"
 #include "logbook/logbookfile.h"
 #include "logbook/logbookreader.h"
+#include "logbook/window/logbookwindow.h"
 #include "samplerecording.h"
+#include "settings/varnelsettings.h"
+#include "settings/viewstate.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
+#include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -92,6 +98,59 @@ void filterRows(benchmark::State &state)
         benchmark::DoNotOptimize(logbook.recordings(filter).size());
 }
 
+/// A logbook of six packs with its window.
+struct FullWindow {
+    FullWindow()
+        : editor(&logbook)
+        , reader(&logbook, QString())
+    {
+        for (int i = 0; i < rows; ++i)
+            logbook.take(sampleEntry(i));
+        const QVector<qint64> ids = logbook.recordings();
+        for (int i = 0; i < packs; ++i) {
+            LogbookPack pack;
+            pack.name = QString::number(i);
+            pack.capacity = 5000;
+            editor.assign(ids.mid(i * rows / packs, rows / packs), editor.addPack(pack));
+        }
+    }
+    void show()
+    {
+        window = std::make_unique<LogbookWindow>(
+            LogbookCommands::Parts{&logbook, &editor, &reader}, &state, QString());
+        window->readState(VarnelSettings());
+        window->show();
+        QCoreApplication::processEvents(); // painted
+    }
+
+    static constexpr int packs = 6;
+    Logbook logbook;
+    LogbookEditor editor;
+    LogbookReader reader;
+    ViewState state;
+    std::unique_ptr<LogbookWindow> window;
+};
+
+void showWindow(benchmark::State &state)
+{
+    FullWindow full;
+    for (auto _ : state)
+        full.show();
+}
+
+void typeFilter(benchmark::State &state)
+{
+    FullWindow full;
+    full.show();
+    auto *text = full.window->findChild<QLineEdit *>(QStringLiteral("filterText"));
+    const QString typed = QStringLiteral("com3 9");
+    int letters = 0;
+    for (auto _ : state) {
+        text->setText(typed.left(letters = letters % typed.size() + 1));
+        QCoreApplication::processEvents();
+    }
+}
+
 void readUntilRest(benchmark::State &state, const QString &folder, int expected)
 {
     for (auto _ : state) {
@@ -148,6 +207,8 @@ void readNone(benchmark::State &state)
 
 // Of the time, what passes for a user: threads work, too. `held` is the longest pause in ms.
 BENCHMARK(openRows)->Name("logbook/open")->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(3);
+BENCHMARK(showWindow)->Name("logbook/window")->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(3);
+BENCHMARK(typeFilter)->Name("logbook/typed")->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(12);
 BENCHMARK(filterRows)->Name("logbook/filter")->Unit(benchmark::kMillisecond);
 BENCHMARK(readFiles)->Name("logbook/read")->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1);
 BENCHMARK(readNone)->Name("logbook/none")->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1);

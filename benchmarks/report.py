@@ -69,6 +69,8 @@ ROWS = [
     ("paint: nothing new, x spans alone", ratio(f"paint/again/{LONG}", f"paint/spans/{LONG}"), "x", "< 1.3"),
     ("logbook of 10000 recordings, opened", lambda t: t["logbook/open:real"] / NS_IN_MS, "ms", "< 300"),
     ("the same, filtered", lambda t: t["logbook/filter"] / NS_IN_MS, "ms", "< 50"),
+    ("the same, its window on the screen", lambda t: t["logbook/window:real"] / NS_IN_MS, "ms", "< 300"),
+    ("a letter typed in its filter", lambda t: t["logbook/typed:real"] / NS_IN_MS, "ms", "< 50"),
     ("the same, 1000 files of 5000 records read", lambda t: t["logbook/read:real"] / 1e9, "s", "< 20"),
     ("longest pause meanwhile", lambda t: t["logbook/read:held"], "ms", "< 50"),
     ("100000 files that are none", lambda t: t["logbook/none:real"] / 1e9, "s", None),

@@ -33,6 +33,8 @@ RULES = {
     "overlay/scene": {"data", "series", "graph/scene", "overlay/courses"},
     "overlay": {"settings", "widgets", "printing", "graph/curves", "graph/scene", "graph/plot",
                 "overlay/courses", "overlay/scene"},
+    "logbook/window": {"data", "settings", "series", "files/disk", "logbook", "widgets", "printing",
+                       "graph/scene"},
     "displays": {"data", "settings", "widgets", "printing"},
     "dialogs": {"settings", "link", "ports", "widgets"},
     "desk": {"data", "settings", "journal", "files/disk", "widgets", "printing", "graph", "displays"},

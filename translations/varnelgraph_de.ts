@@ -77,6 +77,13 @@ Um genauer hinzusehen, halten Sie stattdessen die Ansicht: Taste H.</translation
     </message>
 </context>
 <context>
+    <name>ColumnsMenu</name>
+    <message>
+        <source>Columns</source>
+        <translation>Spalten</translation>
+    </message>
+</context>
+<context>
     <name>CommandLine</name>
     <message>
         <source>Write the recording FILE to &lt;out&gt; as comma-separated values and leave.</source>
@@ -161,6 +168,84 @@ Um genauer hinzusehen, halten Sie stattdessen die Ansicht: Taste H.</translation
     <message>
         <source>The logbook needs no recording FILE.</source>
         <translation>Das Logbuch braucht keine Aufzeichnung FILE.</translation>
+    </message>
+</context>
+<context>
+    <name>CourseCanvas</name>
+    <message>
+        <source>Point at a point: its recording. A click selects it; arrow keys go from point to point.</source>
+        <translation>Zeigen Sie auf einen Punkt: seine Aufzeichnung. Ein Klick wählt sie; die Pfeiltasten gehen von Punkt zu Punkt.</translation>
+    </message>
+    <message>
+        <source>%1: from %2 to %3</source>
+        <extracomment>A line of a chart: its name, its first and its last value.</extracomment>
+        <translation>%1: von %2 bis %3</translation>
+    </message>
+</context>
+<context>
+    <name>CoursePanel</name>
+    <message>
+        <source>Capacity</source>
+        <translation>Kapazität</translation>
+    </message>
+    <message>
+        <source>Energy</source>
+        <translation>Energie</translation>
+    </message>
+    <message>
+        <source>Internal resistance</source>
+        <translation>Innenwiderstand</translation>
+    </message>
+    <message>
+        <source>Spread of the cells</source>
+        <translation>Streuung der Zellen</translation>
+    </message>
+    <message>
+        <source>What the chart shows</source>
+        <translation>Was das Diagramm zeigt</translation>
+    </message>
+    <message>
+        <source>by date</source>
+        <translation>nach Datum</translation>
+    </message>
+    <message>
+        <source>by cycle</source>
+        <translation>nach Zyklus</translation>
+    </message>
+    <message>
+        <source>Against the date, or against the number of the cycle</source>
+        <translation>Über dem Datum oder der Nummer des Zyklus</translation>
+    </message>
+    <message>
+        <source>Assign recordings to a pack to see its course.</source>
+        <translation>Ordnen Sie einem Akku Aufzeichnungen zu, um seinen Verlauf zu sehen.</translation>
+    </message>
+    <message>
+        <source>Not assigned</source>
+        <translation>Nicht zugeordnet</translation>
+    </message>
+    <message>
+        <source>All packs</source>
+        <translation>Alle Akkus</translation>
+    </message>
+    <message>
+        <source>state of health %1 %</source>
+        <translation>Gesundheitszustand %1 %</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n cycle(s)</source>
+        <translation>
+            <numerusform>%n Zyklus</numerusform>
+            <numerusform>%n Zyklen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>cell %1 is weak</source>
+        <translation>Zelle %1 ist schwach</translation>
+    </message>
+    <message>
+        <source>Not from full to empty, or not to the end: it does not tell what the pack holds.</source>
+        <translation>Nicht von voll bis leer oder nicht bis zum Ende: sagt nicht, was der Akku fasst.</translation>
     </message>
 </context>
 <context>
@@ -678,10 +763,104 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
     </message>
 </context>
 <context>
+    <name>FilterLine</name>
+    <message>
+        <source>From</source>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>First day of the recordings</source>
+        <translation>Erster Tag der Aufzeichnungen</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Bis</translation>
+    </message>
+    <message>
+        <source>Last day of the recordings</source>
+        <translation>Letzter Tag der Aufzeichnungen</translation>
+    </message>
+    <message>
+        <source>Filter: words of any column</source>
+        <translation>Filter: Wörter aus allen Spalten</translation>
+    </message>
+    <message>
+        <source>Shows the recordings that have all of these words somewhere. Esc shows all again.</source>
+        <translation>Zeigt die Aufzeichnungen, in denen alle diese Wörter vorkommen. Esc zeigt wieder alle.</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filter</translation>
+    </message>
+    <message>
+        <source>Recordings of cells of this chemistry</source>
+        <translation>Aufzeichnungen von Zellen dieser Chemie</translation>
+    </message>
+    <message>
+        <source>Chemistry</source>
+        <translation>Chemie</translation>
+    </message>
+    <message>
+        <source>Any chemistry</source>
+        <translation>Jede Chemie</translation>
+    </message>
+    <message>
+        <source>Recordings of this process</source>
+        <translation>Aufzeichnungen dieses Vorgangs</translation>
+    </message>
+    <message>
+        <source>Process</source>
+        <translation>Vorgang</translation>
+    </message>
+    <message>
+        <source>Any process</source>
+        <translation>Jeder Vorgang</translation>
+    </message>
+</context>
+<context>
     <name>FolderView</name>
     <message>
         <source>The folder is being read...</source>
         <translation>Der Ordner wird gelesen...</translation>
+    </message>
+</context>
+<context>
+    <name>FoldersDialog</name>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Folders of the logbook</source>
+        <translation>Ordner des Logbuchs</translation>
+    </message>
+    <message>
+        <source>Recordings are read from %1 and from these folders:</source>
+        <translation>Aufzeichnungen werden aus %1 und aus diesen Ordnern gelesen:</translation>
+    </message>
+    <message>
+        <source>Folders whose recordings stand in the logbook; folders in them are not read</source>
+        <translation>Ordner, deren Aufzeichnungen im Logbuch stehen; Ordner darin werden nicht gelesen</translation>
+    </message>
+    <message>
+        <source>Add...</source>
+        <translation>Hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Reads another folder, too.</source>
+        <translation>Liest einen weiteren Ordner.</translation>
+    </message>
+    <message>
+        <source>The folder is read no longer. Its recordings stay in the logbook.</source>
+        <translation>Der Ordner wird nicht mehr gelesen. Seine Aufzeichnungen bleiben im Logbuch.</translation>
+    </message>
+    <message>
+        <source>Reads these folders.</source>
+        <translation>Liest diese Ordner.</translation>
+    </message>
+    <message>
+        <source>Changes nothing.</source>
+        <translation>Ändert nichts.</translation>
     </message>
 </context>
 <context>
@@ -999,6 +1178,405 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
     </message>
 </context>
 <context>
+    <name>LogbookActions</name>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Opens the chosen recordings, each in a graph window.</source>
+        <translation>Öffnet die gewählten Aufzeichnungen, jede in einem Graphfenster.</translation>
+    </message>
+    <message>
+        <source>Overlay</source>
+        <translation>Übereinanderlegen</translation>
+    </message>
+    <message>
+        <source>Shows the curves of the chosen recordings over each other.</source>
+        <translation>Zeigt die Kurven der gewählten Aufzeichnungen übereinander.</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Im Ordner zeigen</translation>
+    </message>
+    <message>
+        <source>Opens the folder that holds the file.</source>
+        <translation>Öffnet den Ordner, in dem die Datei liegt.</translation>
+    </message>
+    <message>
+        <source>Assign to pack...</source>
+        <translation>Akku zuordnen...</translation>
+    </message>
+    <message>
+        <source>Tells of which pack the chosen recordings are.</source>
+        <translation>Sagt, von welchem Akku die gewählten Aufzeichnungen sind.</translation>
+    </message>
+    <message>
+        <source>Assign to offered pack</source>
+        <translation>Angebotenem Akku zuordnen</translation>
+    </message>
+    <message>
+        <source>Takes the pack that was used last at the same port with the same cells.</source>
+        <translation>Nimmt den Akku, der zuletzt am selben Port mit gleichen Zellen war.</translation>
+    </message>
+    <message>
+        <source>Assign to none</source>
+        <translation>Keinem zuordnen</translation>
+    </message>
+    <message>
+        <source>The chosen recordings have no pack then.</source>
+        <translation>Die gewählten Aufzeichnungen haben dann keinen Akku.</translation>
+    </message>
+    <message>
+        <source>Note...</source>
+        <translation>Notiz...</translation>
+    </message>
+    <message>
+        <source>Your own words on the recording</source>
+        <translation>Eigene Worte zur Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>Delete file...</source>
+        <translation>Datei löschen...</translation>
+    </message>
+    <message>
+        <source>Moves the chosen files to the waste bin, after a question.</source>
+        <translation>Verschiebt die gewählten Dateien nach einer Rückfrage in den Papierkorb.</translation>
+    </message>
+    <message>
+        <source>Remove from logbook</source>
+        <translation>Aus dem Logbuch entfernen</translation>
+    </message>
+    <message>
+        <source>Forgets chosen recordings whose files have gone.</source>
+        <translation>Vergisst gewählte Aufzeichnungen, deren Dateien fort sind.</translation>
+    </message>
+    <message>
+        <source>Export as CSV...</source>
+        <translation>Als CSV exportieren...</translation>
+    </message>
+    <message>
+        <source>Writes the rows that are shown as a table for other programs.</source>
+        <translation>Schreibt die gezeigten Zeilen als Tabelle für andere Programme.</translation>
+    </message>
+    <message>
+        <source>Print table...</source>
+        <translation>Tabelle drucken...</translation>
+    </message>
+    <message>
+        <source>Prints the rows and columns that are shown.</source>
+        <translation>Druckt die gezeigten Zeilen und Spalten.</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Closes the window of the logbook.</source>
+        <translation>Schließt das Fenster des Logbuchs.</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Takes back the last change.</source>
+        <translation>Nimmt die letzte Änderung zurück.</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Makes the change again that was taken back.</source>
+        <translation>Macht die zurückgenommene Änderung wieder.</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filter</translation>
+    </message>
+    <message>
+        <source>Takes the keyboard to the filter.</source>
+        <translation>Bringt die Tastatur zum Filter.</translation>
+    </message>
+    <message>
+        <source>Clear filter</source>
+        <translation>Filter leeren</translation>
+    </message>
+    <message>
+        <source>Shows every recording of the pack.</source>
+        <translation>Zeigt alle Aufzeichnungen des Akkus.</translation>
+    </message>
+    <message>
+        <source>Folders...</source>
+        <translation>Ordner...</translation>
+    </message>
+    <message>
+        <source>Chooses folders whose recordings are read, too.</source>
+        <translation>Wählt Ordner, deren Aufzeichnungen auch gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Read again</source>
+        <translation>Neu lesen</translation>
+    </message>
+    <message>
+        <source>Looks for new and changed files in all folders now.</source>
+        <translation>Sucht jetzt in allen Ordnern nach neuen und geänderten Dateien.</translation>
+    </message>
+    <message>
+        <source>New pack...</source>
+        <translation>Neuer Akku...</translation>
+    </message>
+    <message>
+        <source>Adds a pack.</source>
+        <translation>Fügt einen Akku hinzu.</translation>
+    </message>
+    <message>
+        <source>Rename or change pack...</source>
+        <translation>Akku umbenennen oder ändern...</translation>
+    </message>
+    <message>
+        <source>Name, chemistry, cells, nominal capacity and note of the chosen pack</source>
+        <translation>Name, Chemie, Zellen, Nennkapazität und Notiz des gewählten Akkus</translation>
+    </message>
+    <message>
+        <source>Merge packs...</source>
+        <translation>Akkus zusammenlegen...</translation>
+    </message>
+    <message>
+        <source>Makes one of the chosen pack and another one.</source>
+        <translation>Macht aus dem gewählten und einem anderen Akku einen.</translation>
+    </message>
+    <message>
+        <source>Take apart...</source>
+        <translation>Trennen...</translation>
+    </message>
+    <message>
+        <source>Moves the chosen recordings of a pack to a new pack like it.</source>
+        <translation>Verschiebt die gewählten Aufzeichnungen eines Akkus zu einem neuen, gleichen.</translation>
+    </message>
+    <message>
+        <source>Remove pack</source>
+        <translation>Akku entfernen</translation>
+    </message>
+    <message>
+        <source>Removes the chosen pack. Its recordings stay, assigned to none.</source>
+        <translation>Entfernt den gewählten Akku. Seine Aufzeichnungen bleiben, keinem zugeordnet.</translation>
+    </message>
+    <message>
+        <source>Save picture...</source>
+        <translation>Bild speichern...</translation>
+    </message>
+    <message>
+        <source>Writes the chart as the window shows it to a picture file.</source>
+        <translation>Schreibt das Diagramm, wie das Fenster es zeigt, in eine Bilddatei.</translation>
+    </message>
+    <message>
+        <source>Print chart...</source>
+        <translation>Diagramm drucken...</translation>
+    </message>
+    <message>
+        <source>Prints the chart.</source>
+        <translation>Druckt das Diagramm.</translation>
+    </message>
+    <message>
+        <source>Explain row</source>
+        <translation>Zeile erklären</translation>
+    </message>
+    <message>
+        <source>Shows all figures and the curve of the current row. The space bar does so, too.</source>
+        <translation>Zeigt alle Werte und die Kurve der aktuellen Zeile. Die Leertaste auch.</translation>
+    </message>
+    <message>
+        <source>Sort by column</source>
+        <translation>Nach Spalte sortieren</translation>
+    </message>
+    <message>
+        <source>Sorts by the current column, the second time the other way round.</source>
+        <translation>Sortiert nach der aktuellen Spalte, beim zweiten Mal umgekehrt.</translation>
+    </message>
+    <message>
+        <source>Move column left</source>
+        <translation>Spalte nach links</translation>
+    </message>
+    <message>
+        <source>Moves the current column to the left.</source>
+        <translation>Verschiebt die aktuelle Spalte nach links.</translation>
+    </message>
+    <message>
+        <source>Move column right</source>
+        <translation>Spalte nach rechts</translation>
+    </message>
+    <message>
+        <source>Moves the current column to the right.</source>
+        <translation>Verschiebt die aktuelle Spalte nach rechts.</translation>
+    </message>
+    <message>
+        <source>Hide column</source>
+        <translation>Spalte ausblenden</translation>
+    </message>
+    <message>
+        <source>Hides the current column.</source>
+        <translation>Blendet die aktuelle Spalte aus.</translation>
+    </message>
+    <message>
+        <source>Show all columns</source>
+        <translation>Alle Spalten zeigen</translation>
+    </message>
+    <message>
+        <source>Shows the hidden columns again.</source>
+        <translation>Zeigt die ausgeblendeten Spalten wieder.</translation>
+    </message>
+    <message>
+        <source>&amp;Recordings</source>
+        <translation>&amp;Aufzeichnungen</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Packs</source>
+        <translation>A&amp;kkus</translation>
+    </message>
+    <message>
+        <source>&amp;Chart</source>
+        <translation>&amp;Diagramm</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>A&amp;nsicht</translation>
+    </message>
+</context>
+<context>
+    <name>LogbookCommands</name>
+    <message>
+        <source>No recording is chosen.</source>
+        <translation>Keine Aufzeichnung ist gewählt.</translation>
+    </message>
+    <message>
+        <source>The files of the chosen recordings have gone.</source>
+        <translation>Die Dateien der gewählten Aufzeichnungen sind fort.</translation>
+    </message>
+    <message>
+        <source>The logbook can&apos;t be kept: nothing can be changed.</source>
+        <translation>Das Logbuch kann nicht geführt werden: nichts lässt sich ändern.</translation>
+    </message>
+    <message>
+        <source>More than one recording is chosen.</source>
+        <translation>Mehr als eine Aufzeichnung ist gewählt.</translation>
+    </message>
+    <message>
+        <source>The files of the chosen recordings are there.</source>
+        <translation>Die Dateien der gewählten Aufzeichnungen sind da.</translation>
+    </message>
+    <message>
+        <source>Assign to offered pack</source>
+        <translation>Angebotenem Akku zuordnen</translation>
+    </message>
+    <message>
+        <source>Assign to %1</source>
+        <translation>Zu %1 zuordnen</translation>
+    </message>
+    <message>
+        <source>No pack is offered for the chosen recordings.</source>
+        <translation>Für die gewählten Aufzeichnungen wird kein Akku angeboten.</translation>
+    </message>
+    <message>
+        <source>No pack is chosen on the left.</source>
+        <translation>Links ist kein Akku gewählt.</translation>
+    </message>
+    <message>
+        <source>There is no other pack.</source>
+        <translation>Es gibt keinen anderen Akku.</translation>
+    </message>
+    <message>
+        <source>No recording of the pack is chosen.</source>
+        <translation>Keine Aufzeichnung des Akkus ist gewählt.</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Nothing has been changed.</source>
+        <translation>Nichts wurde geändert.</translation>
+    </message>
+    <message>
+        <source>Nothing has been taken back.</source>
+        <translation>Nichts wurde zurückgenommen.</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Im Ordner zeigen</translation>
+    </message>
+    <message>
+        <source>No program shows the folder:</source>
+        <translation>Kein Programm zeigt den Ordner:</translation>
+    </message>
+    <message>
+        <source>Delete file</source>
+        <translation>Datei löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Move %n file(s) to the waste bin? The rows stay in the logbook.</source>
+        <translation>
+            <numerusform>%n Datei in den Papierkorb verschieben? Die Zeile bleibt im Logbuch.</numerusform>
+            <numerusform>%n Dateien in den Papierkorb verschieben? Die Zeilen bleiben im Logbuch.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Move to waste bin</source>
+        <translation>In den Papierkorb</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) could not be moved to the waste bin: being recorded, or there is no bin for the disk.</source>
+        <translation>
+            <numerusform>%n Datei ließ sich nicht in den Papierkorb verschieben: sie wird aufgezeichnet, oder der Datenträger hat keinen.</numerusform>
+            <numerusform>%n Dateien ließen sich nicht in den Papierkorb verschieben: sie werden aufgezeichnet, oder der Datenträger hat keinen.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Assign to pack</source>
+        <translation>Akku zuordnen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Pack of the %n chosen recording(s):</source>
+        <translation>
+            <numerusform>Akku der %n gewählten Aufzeichnung:</numerusform>
+            <numerusform>Akku der %n gewählten Aufzeichnungen:</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>New pack</source>
+        <translation>Neuer Akku</translation>
+    </message>
+    <message>
+        <source>Change pack</source>
+        <translation>Akku ändern</translation>
+    </message>
+    <message>
+        <source>Merge packs</source>
+        <translation>Akkus zusammenlegen</translation>
+    </message>
+    <message>
+        <source>Pack whose recordings become those of %1. It goes then.</source>
+        <translation>Akku, dessen Aufzeichnungen zu %1 kommen. Er verschwindet dann.</translation>
+    </message>
+    <message>
+        <source>%1 (2)</source>
+        <translation>%1 (2)</translation>
+    </message>
+    <message>
+        <source>Take apart</source>
+        <translation>Trennen</translation>
+    </message>
+</context>
+<context>
     <name>LogbookEditor</name>
     <message>
         <source>New pack</source>
@@ -1073,10 +1651,72 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
     </message>
 </context>
 <context>
+    <name>LogbookHost</name>
+    <message>
+        <source>pack course</source>
+        <translation>Akkuverlauf</translation>
+    </message>
+    <message>
+        <source>Folder of recordings</source>
+        <translation>Ordner mit Aufzeichnungen</translation>
+    </message>
+</context>
+<context>
     <name>LogbookParts</name>
     <message>
         <source>Logbook</source>
         <translation>Logbuch</translation>
+    </message>
+</context>
+<context>
+    <name>LogbookStatus</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>%v of %m files</source>
+        <translation>%v von %m Dateien</translation>
+    </message>
+    <message>
+        <source>Files that are read for the logbook</source>
+        <translation>Dateien, die für das Logbuch gelesen werden</translation>
+    </message>
+    <message>
+        <source>Gives up the files that wait. Edit &gt; Read again goes on.</source>
+        <translation>Gibt die wartenden Dateien auf. Bearbeiten &gt; Neu lesen macht weiter.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n recording(s)</source>
+        <translation>
+            <numerusform>%n Aufzeichnung</numerusform>
+            <numerusform>%n Aufzeichnungen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n recording(s)</source>
+        <translation>
+            <numerusform>%1 von %n Aufzeichnung</numerusform>
+            <numerusform>%1 von %n Aufzeichnungen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n chosen</source>
+        <translation>
+            <numerusform>%n gewählt</numerusform>
+            <numerusform>%n gewählt</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>LogbookWindow</name>
+    <message>
+        <source>Varnel - logbook</source>
+        <translation>Varnel - Logbuch</translation>
+    </message>
+    <message>
+        <source>Packs</source>
+        <translation>Akkus</translation>
     </message>
 </context>
 <context>
@@ -1521,6 +2161,14 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
         <source>Lay the curves of recordings over each other.</source>
         <translation>Die Kurven von Aufzeichnungen übereinanderlegen.</translation>
     </message>
+    <message>
+        <source>Logbook</source>
+        <translation>Logbuch</translation>
+    </message>
+    <message>
+        <source>What every pack has been through: its recordings, and how it fares.</source>
+        <translation>Was jeder Akku erlebt hat: seine Aufzeichnungen und wie es ihm geht.</translation>
+    </message>
 </context>
 <context>
     <name>MdiGraphChild</name>
@@ -1567,6 +2215,25 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
     <message>
         <source>%1 volts</source>
         <translation>%1 Volt</translation>
+    </message>
+</context>
+<context>
+    <name>NoteDialog</name>
+    <message>
+        <source>Note</source>
+        <translation>Notiz</translation>
+    </message>
+    <message>
+        <source>Your own words on the chosen recordings; the filter finds them.</source>
+        <translation>Eigene Worte zur Aufzeichnung; der Filter findet sie.</translation>
+    </message>
+    <message>
+        <source>Keeps the note. It can be undone.</source>
+        <translation>Behält die Notiz. Es lässt sich rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>Changes nothing.</source>
+        <translation>Ändert nichts.</translation>
     </message>
 </context>
 <context>
@@ -1763,6 +2430,174 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
     <message>
         <source>Prints what is shown</source>
         <translation>Druckt das Gezeigte</translation>
+    </message>
+</context>
+<context>
+    <name>PackChoice</name>
+    <message>
+        <source>New pack...</source>
+        <translation>Neuer Akku...</translation>
+    </message>
+    <message>
+        <source>Takes the chosen pack. It can be undone.</source>
+        <translation>Nimmt den gewählten Akku. Es lässt sich rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>Changes nothing.</source>
+        <translation>Ändert nichts.</translation>
+    </message>
+</context>
+<context>
+    <name>PackCourse</name>
+    <message>
+        <source>No recording of this pack tells it.</source>
+        <translation>Keine Aufzeichnung dieses Akkus sagt es.</translation>
+    </message>
+    <message>
+        <source>nominal</source>
+        <translation>Nennwert</translation>
+    </message>
+    <message>
+        <source>Assign recordings to packs to see how these fare: choose rows, then Recordings &gt; Assign to pack.</source>
+        <translation>Ordnen Sie Aufzeichnungen Akkus zu, um zu sehen, wie es diesen geht: Zeilen wählen, dann Aufzeichnungen &gt; Akku zuordnen.</translation>
+    </message>
+    <message>
+        <source>worn out below 80 %</source>
+        <translation>verbraucht unter 80 %</translation>
+    </message>
+</context>
+<context>
+    <name>PackDialog</name>
+    <message>
+        <source>Keeps what stands here. It can be undone.</source>
+        <translation>Behält, was hier steht. Es lässt sich rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>Changes nothing.</source>
+        <translation>Ändert nichts.</translation>
+    </message>
+    <message>
+        <source>What the pack is called; write it on the pack, too.</source>
+        <translation>Wie der Akku heißt; schreiben Sie es auch darauf.</translation>
+    </message>
+    <message>
+        <source>Kind of the cells</source>
+        <translation>Art der Zellen</translation>
+    </message>
+    <message>
+        <source>not said</source>
+        <translation>keine Angabe</translation>
+    </message>
+    <message>
+        <source>Number of cells in series</source>
+        <translation>Zahl der Zellen in Reihe</translation>
+    </message>
+    <message>
+        <source>As printed on the pack: the state of health is reckoned from it.</source>
+        <translation>Wie auf dem Akku gedruckt: daraus ergibt sich der Gesundheitszustand.</translation>
+    </message>
+    <message>
+        <source>Your own words: maker, bought when, used for what</source>
+        <translation>Eigene Worte: Hersteller, wann gekauft, wofür</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>Name:</translation>
+    </message>
+    <message>
+        <source>Chemistry:</source>
+        <translation>Chemie:</translation>
+    </message>
+    <message>
+        <source>Cells:</source>
+        <translation>Zellen:</translation>
+    </message>
+    <message>
+        <source>Nominal capacity:</source>
+        <translation>Nennkapazität:</translation>
+    </message>
+    <message>
+        <source>Note:</source>
+        <translation>Notiz:</translation>
+    </message>
+</context>
+<context>
+    <name>PackList</name>
+    <message>
+        <source>%1 mAh nominal</source>
+        <translation>%1 mAh Nennkapazität</translation>
+    </message>
+    <message>
+        <source>Give the nominal capacity to see the state of health.</source>
+        <translation>Geben Sie die Nennkapazität an, um den Gesundheitszustand zu sehen.</translation>
+    </message>
+    <message>
+        <source>All recordings</source>
+        <translation>Alle Aufzeichnungen</translation>
+    </message>
+    <message>
+        <source>Every recording, of whichever pack</source>
+        <translation>Jede Aufzeichnung, von welchem Akku auch immer</translation>
+    </message>
+    <message>
+        <source>Not assigned</source>
+        <translation>Nicht zugeordnet</translation>
+    </message>
+    <message>
+        <source>Recordings without a pack</source>
+        <translation>Aufzeichnungen ohne Akku</translation>
+    </message>
+    <message>
+        <source>Worn out: below 80 % of its nominal capacity.</source>
+        <translation>Verbraucht: unter 80 % der Nennkapazität.</translation>
+    </message>
+    <message>
+        <source>Cell %1 is weak: %2 mV between the highest and the lowest when the pack is empty.</source>
+        <translation>Zelle %1 ist schwach: %2 mV zwischen höchster und niedrigster bei leerem Akku.</translation>
+    </message>
+    <message>
+        <source>worn out</source>
+        <translation>verbraucht</translation>
+    </message>
+    <message>
+        <source>Pack</source>
+        <translation>Akku</translation>
+    </message>
+    <message>
+        <source>Health</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Per year</source>
+        <translation>Pro Jahr</translation>
+    </message>
+    <message>
+        <source>Cycles</source>
+        <translation>Zyklen</translation>
+    </message>
+    <message>
+        <source>Newest</source>
+        <translation>Letzte</translation>
+    </message>
+    <message>
+        <source>Name of the battery pack</source>
+        <translation>Name des Akkus</translation>
+    </message>
+    <message>
+        <source>State of health: what the newest full discharge gave, of the nominal capacity</source>
+        <translation>Gesundheitszustand: was die letzte volle Entladung ergab, von der Nennkapazität</translation>
+    </message>
+    <message>
+        <source>By how much the state of health changes in a year</source>
+        <translation>Um wie viel sich der Gesundheitszustand in einem Jahr ändert</translation>
+    </message>
+    <message>
+        <source>Charges, or discharges where there are more of these</source>
+        <translation>Ladungen, oder Entladungen, wo es davon mehr gibt</translation>
+    </message>
+    <message>
+        <source>Start of the newest recording</source>
+        <translation>Beginn der letzten Aufzeichnung</translation>
     </message>
 </context>
 <context>
@@ -1978,6 +2813,192 @@ Prüfen Sie, ob der Name stimmt.</translation>
     <message>
         <source>Pages</source>
         <translation>Seiten</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingColumns</name>
+    <message>
+        <source>Completed</source>
+        <translation>Beendet</translation>
+    </message>
+    <message>
+        <source>Aborted</source>
+        <translation>Abgebrochen</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Läuft</translation>
+    </message>
+    <message>
+        <source>No end</source>
+        <translation>Ohne Ende</translation>
+    </message>
+    <message>
+        <source>%1 (gone)</source>
+        <translation>%1 (fort)</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Beginn</translation>
+    </message>
+    <message>
+        <source>When the process began; ≈ from the time of the file</source>
+        <translation>Wann der Vorgang begann; ≈ aus der Zeit der Datei</translation>
+    </message>
+    <message>
+        <source>Pack</source>
+        <translation>Akku</translation>
+    </message>
+    <message>
+        <source>The battery pack; grey with ?: the one to be offered</source>
+        <translation>Der Akku; grau mit ?: der angebotene</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>Gerät</translation>
+    </message>
+    <message>
+        <source>The charger that sent the records</source>
+        <translation>Das Ladegerät, das die Datensätze sandte</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>Port</translation>
+    </message>
+    <message>
+        <source>The serial port, from the name of the file</source>
+        <translation>Der serielle Port, aus dem Namen der Datei</translation>
+    </message>
+    <message>
+        <source>Process</source>
+        <translation>Vorgang</translation>
+    </message>
+    <message>
+        <source>Charge, discharge, balancing, format or test</source>
+        <translation>Laden, Entladen, Balancieren, Formieren oder Test</translation>
+    </message>
+    <message>
+        <source>Chemistry</source>
+        <translation>Chemie</translation>
+    </message>
+    <message>
+        <source>Kind of the cells</source>
+        <translation>Art der Zellen</translation>
+    </message>
+    <message>
+        <source>Cells</source>
+        <translation>Zellen</translation>
+    </message>
+    <message>
+        <source>Number of cells in series</source>
+        <translation>Zahl der Zellen in Reihe</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>Hours, minutes and seconds to the end of the process</source>
+        <translation>Stunden, Minuten und Sekunden bis zum Ende des Vorgangs</translation>
+    </message>
+    <message>
+        <source>Charge [mAh]</source>
+        <translation>Ladung [mAh]</translation>
+    </message>
+    <message>
+        <source>What went in or came out, as in the capacity comparison</source>
+        <translation>Was hinein- oder herausging, wie im Kapazitätsvergleich</translation>
+    </message>
+    <message>
+        <source>Energy [Wh]</source>
+        <translation>Energie [Wh]</translation>
+    </message>
+    <message>
+        <source>Voltage times current, over the time</source>
+        <translation>Spannung mal Strom, über die Zeit</translation>
+    </message>
+    <message>
+        <source>Start [V]</source>
+        <translation>Beginn [V]</translation>
+    </message>
+    <message>
+        <source>Voltage of the pack at the start</source>
+        <translation>Spannung des Akkus zu Beginn</translation>
+    </message>
+    <message>
+        <source>End [V]</source>
+        <translation>Ende [V]</translation>
+    </message>
+    <message>
+        <source>Voltage of the pack at the end</source>
+        <translation>Spannung des Akkus am Ende</translation>
+    </message>
+    <message>
+        <source>Max. [°C]</source>
+        <translation>Max. [°C]</translation>
+    </message>
+    <message>
+        <source>Highest temperature</source>
+        <translation>Höchste Temperatur</translation>
+    </message>
+    <message>
+        <source>Resistance [mΩ]</source>
+        <translation>Widerstand [mΩ]</translation>
+    </message>
+    <message>
+        <source>Internal resistance of the pack</source>
+        <translation>Innenwiderstand des Akkus</translation>
+    </message>
+    <message>
+        <source>Cells [mΩ]</source>
+        <translation>Zellen [mΩ]</translation>
+    </message>
+    <message>
+        <source>Internal resistance of each cell, from the first on</source>
+        <translation>Innenwiderstand jeder Zelle, von der ersten an</translation>
+    </message>
+    <message>
+        <source>Spread [mV]</source>
+        <translation>Streuung [mV]</translation>
+    </message>
+    <message>
+        <source>Highest cell less the lowest, at the end</source>
+        <translation>Höchste Zelle weniger niedrigste, am Ende</translation>
+    </message>
+    <message>
+        <source>Ended</source>
+        <translation>Geendet</translation>
+    </message>
+    <message>
+        <source>How the process ended</source>
+        <translation>Wie der Vorgang endete</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Notiz</translation>
+    </message>
+    <message>
+        <source>Your own words</source>
+        <translation>Eigene Worte</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Where the records are kept</source>
+        <translation>Wo die Datensätze liegen</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingView</name>
+    <message>
+        <source>Recordings</source>
+        <translation>Aufzeichnungen</translation>
     </message>
 </context>
 <context>

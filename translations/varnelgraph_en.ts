@@ -12,6 +12,16 @@
     </message>
 </context>
 <context>
+    <name>CoursePanel</name>
+    <message numerus="yes">
+        <source>%n cycle(s)</source>
+        <translation>
+            <numerusform>%n cycle</numerusform>
+            <numerusform>%n cycles</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>Documents</name>
     <message numerus="yes">
         <source>... and %n more</source>
@@ -25,6 +35,54 @@
         <translation>
             <numerusform>%n record of a mode or chemistry that the file format has no sign for can&apos;t be read back from %1.</numerusform>
             <numerusform>%n records of a mode or chemistry that the file format has no sign for can&apos;t be read back from %1.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>LogbookCommands</name>
+    <message numerus="yes">
+        <source>Move %n file(s) to the waste bin? The rows stay in the logbook.</source>
+        <translation>
+            <numerusform>Move %n file to the waste bin? The row stays in the logbook.</numerusform>
+            <numerusform>Move %n files to the waste bin? The rows stay in the logbook.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) could not be moved to the waste bin: being recorded, or there is no bin for the disk.</source>
+        <translation>
+            <numerusform>%n file could not be moved to the waste bin: being recorded, or there is no bin for the disk.</numerusform>
+            <numerusform>%n files could not be moved to the waste bin: being recorded, or there is no bin for the disk.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Pack of the %n chosen recording(s):</source>
+        <translation>
+            <numerusform>Pack of the %n chosen recording:</numerusform>
+            <numerusform>Pack of the %n chosen recordings:</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>LogbookStatus</name>
+    <message numerus="yes">
+        <source>%n recording(s)</source>
+        <translation>
+            <numerusform>%n recording</numerusform>
+            <numerusform>%n recordings</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n recording(s)</source>
+        <translation>
+            <numerusform>%1 of %n recording</numerusform>
+            <numerusform>%1 of %n recordings</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n chosen</source>
+        <translation>
+            <numerusform>%n chosen</numerusform>
+            <numerusform>%n chosen</numerusform>
         </translation>
     </message>
 </context>

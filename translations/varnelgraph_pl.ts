@@ -78,6 +78,13 @@ Aby przyjrzeć się bliżej, zatrzymaj widok: klawisz H.</translation>
     </message>
 </context>
 <context>
+    <name>ColumnsMenu</name>
+    <message>
+        <source>Columns</source>
+        <translation>Kolumny</translation>
+    </message>
+</context>
+<context>
     <name>CommandLine</name>
     <message>
         <source>Write the recording FILE to &lt;out&gt; as comma-separated values and leave.</source>
@@ -162,6 +169,85 @@ Aby przyjrzeć się bliżej, zatrzymaj widok: klawisz H.</translation>
     <message>
         <source>The logbook needs no recording FILE.</source>
         <translation>Kronika nie wymaga nagrania FILE.</translation>
+    </message>
+</context>
+<context>
+    <name>CourseCanvas</name>
+    <message>
+        <source>Point at a point: its recording. A click selects it; arrow keys go from point to point.</source>
+        <translation>Wskaż punkt: jego nagranie. Kliknięcie je zaznacza; strzałki prowadzą od punktu do punktu.</translation>
+    </message>
+    <message>
+        <source>%1: from %2 to %3</source>
+        <extracomment>A line of a chart: its name, its first and its last value.</extracomment>
+        <translation>%1: od %2 do %3</translation>
+    </message>
+</context>
+<context>
+    <name>CoursePanel</name>
+    <message>
+        <source>Capacity</source>
+        <translation>Pojemność</translation>
+    </message>
+    <message>
+        <source>Energy</source>
+        <translation>Energia</translation>
+    </message>
+    <message>
+        <source>Internal resistance</source>
+        <translation>Rezystancja wewnętrzna</translation>
+    </message>
+    <message>
+        <source>Spread of the cells</source>
+        <translation>Rozrzut ogniw</translation>
+    </message>
+    <message>
+        <source>What the chart shows</source>
+        <translation>Co pokazuje wykres</translation>
+    </message>
+    <message>
+        <source>by date</source>
+        <translation>według daty</translation>
+    </message>
+    <message>
+        <source>by cycle</source>
+        <translation>według cyklu</translation>
+    </message>
+    <message>
+        <source>Against the date, or against the number of the cycle</source>
+        <translation>Względem daty albo numeru cyklu</translation>
+    </message>
+    <message>
+        <source>Assign recordings to a pack to see its course.</source>
+        <translation>Przypisz nagrania do pakietu, aby zobaczyć jego przebieg.</translation>
+    </message>
+    <message>
+        <source>Not assigned</source>
+        <translation>Nieprzypisane</translation>
+    </message>
+    <message>
+        <source>All packs</source>
+        <translation>Wszystkie pakiety</translation>
+    </message>
+    <message>
+        <source>state of health %1 %</source>
+        <translation>stan zdrowia %1 %</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n cycle(s)</source>
+        <translation>
+            <numerusform>%n cykl</numerusform>
+            <numerusform>%n cykle</numerusform>
+            <numerusform>%n cykli</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>cell %1 is weak</source>
+        <translation>ogniwo %1 jest słabe</translation>
+    </message>
+    <message>
+        <source>Not from full to empty, or not to the end: it does not tell what the pack holds.</source>
+        <translation>Nie od pełnego do pustego albo nie do końca: nie mówi, ile pakiet mieści.</translation>
     </message>
 </context>
 <context>
@@ -681,10 +767,104 @@ Zatrzymać proces urządzenia na %2?</translation>
     </message>
 </context>
 <context>
+    <name>FilterLine</name>
+    <message>
+        <source>From</source>
+        <translation>Od</translation>
+    </message>
+    <message>
+        <source>First day of the recordings</source>
+        <translation>Pierwszy dzień nagrań</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Do</translation>
+    </message>
+    <message>
+        <source>Last day of the recordings</source>
+        <translation>Ostatni dzień nagrań</translation>
+    </message>
+    <message>
+        <source>Filter: words of any column</source>
+        <translation>Filtr: słowa z dowolnej kolumny</translation>
+    </message>
+    <message>
+        <source>Shows the recordings that have all of these words somewhere. Esc shows all again.</source>
+        <translation>Pokazuje nagrania, które mają gdzieś wszystkie te słowa. Esc pokazuje znów wszystkie.</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filtr</translation>
+    </message>
+    <message>
+        <source>Recordings of cells of this chemistry</source>
+        <translation>Nagrania ogniw tego typu</translation>
+    </message>
+    <message>
+        <source>Chemistry</source>
+        <translation>Typ ogniw</translation>
+    </message>
+    <message>
+        <source>Any chemistry</source>
+        <translation>Każdy typ</translation>
+    </message>
+    <message>
+        <source>Recordings of this process</source>
+        <translation>Nagrania tego procesu</translation>
+    </message>
+    <message>
+        <source>Process</source>
+        <translation>Proces</translation>
+    </message>
+    <message>
+        <source>Any process</source>
+        <translation>Każdy proces</translation>
+    </message>
+</context>
+<context>
     <name>FolderView</name>
     <message>
         <source>The folder is being read...</source>
         <translation>Odczyt folderu...</translation>
+    </message>
+</context>
+<context>
+    <name>FoldersDialog</name>
+    <message>
+        <source>Remove</source>
+        <translation>Usuń</translation>
+    </message>
+    <message>
+        <source>Folders of the logbook</source>
+        <translation>Foldery dziennika</translation>
+    </message>
+    <message>
+        <source>Recordings are read from %1 and from these folders:</source>
+        <translation>Nagrania są czytane z %1 i z tych folderów:</translation>
+    </message>
+    <message>
+        <source>Folders whose recordings stand in the logbook; folders in them are not read</source>
+        <translation>Foldery, których nagrania są w dzienniku; foldery w nich nie są czytane</translation>
+    </message>
+    <message>
+        <source>Add...</source>
+        <translation>Dodaj...</translation>
+    </message>
+    <message>
+        <source>Reads another folder, too.</source>
+        <translation>Czyta także inny folder.</translation>
+    </message>
+    <message>
+        <source>The folder is read no longer. Its recordings stay in the logbook.</source>
+        <translation>Folder nie będzie już czytany. Jego nagrania zostają w dzienniku.</translation>
+    </message>
+    <message>
+        <source>Reads these folders.</source>
+        <translation>Czyta te foldery.</translation>
+    </message>
+    <message>
+        <source>Changes nothing.</source>
+        <translation>Niczego nie zmienia.</translation>
     </message>
 </context>
 <context>
@@ -1002,6 +1182,408 @@ Zatrzymać proces urządzenia na %2?</translation>
     </message>
 </context>
 <context>
+    <name>LogbookActions</name>
+    <message>
+        <source>Open</source>
+        <translation>Otwórz</translation>
+    </message>
+    <message>
+        <source>Opens the chosen recordings, each in a graph window.</source>
+        <translation>Otwiera zaznaczone nagrania, każde w oknie wykresu.</translation>
+    </message>
+    <message>
+        <source>Overlay</source>
+        <translation>Nałóż na siebie</translation>
+    </message>
+    <message>
+        <source>Shows the curves of the chosen recordings over each other.</source>
+        <translation>Pokazuje krzywe zaznaczonych nagrań jedne na drugich.</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Pokaż w folderze</translation>
+    </message>
+    <message>
+        <source>Opens the folder that holds the file.</source>
+        <translation>Otwiera folder, w którym jest plik.</translation>
+    </message>
+    <message>
+        <source>Assign to pack...</source>
+        <translation>Przypisz do pakietu...</translation>
+    </message>
+    <message>
+        <source>Tells of which pack the chosen recordings are.</source>
+        <translation>Mówi, z którego pakietu są zaznaczone nagrania.</translation>
+    </message>
+    <message>
+        <source>Assign to offered pack</source>
+        <translation>Przypisz do proponowanego pakietu</translation>
+    </message>
+    <message>
+        <source>Takes the pack that was used last at the same port with the same cells.</source>
+        <translation>Bierze pakiet, który ostatnio był na tym samym porcie z takimi samymi ogniwami.</translation>
+    </message>
+    <message>
+        <source>Assign to none</source>
+        <translation>Nie przypisuj</translation>
+    </message>
+    <message>
+        <source>The chosen recordings have no pack then.</source>
+        <translation>Zaznaczone nagrania nie mają wtedy pakietu.</translation>
+    </message>
+    <message>
+        <source>Note...</source>
+        <translation>Notatka...</translation>
+    </message>
+    <message>
+        <source>Your own words on the recording</source>
+        <translation>Własne słowa o nagraniu</translation>
+    </message>
+    <message>
+        <source>Delete file...</source>
+        <translation>Usuń plik...</translation>
+    </message>
+    <message>
+        <source>Moves the chosen files to the waste bin, after a question.</source>
+        <translation>Przenosi zaznaczone pliki do kosza, po zapytaniu.</translation>
+    </message>
+    <message>
+        <source>Remove from logbook</source>
+        <translation>Usuń z dziennika</translation>
+    </message>
+    <message>
+        <source>Forgets chosen recordings whose files have gone.</source>
+        <translation>Zapomina zaznaczone nagrania, których plików już nie ma.</translation>
+    </message>
+    <message>
+        <source>Export as CSV...</source>
+        <translation>Eksportuj jako CSV...</translation>
+    </message>
+    <message>
+        <source>Writes the rows that are shown as a table for other programs.</source>
+        <translation>Zapisuje pokazane wiersze jako tabelę dla innych programów.</translation>
+    </message>
+    <message>
+        <source>Print table...</source>
+        <translation>Drukuj tabelę...</translation>
+    </message>
+    <message>
+        <source>Prints the rows and columns that are shown.</source>
+        <translation>Drukuje pokazane wiersze i kolumny.</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Zamknij</translation>
+    </message>
+    <message>
+        <source>Closes the window of the logbook.</source>
+        <translation>Zamyka okno dziennika.</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Cofnij</translation>
+    </message>
+    <message>
+        <source>Takes back the last change.</source>
+        <translation>Cofa ostatnią zmianę.</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Ponów</translation>
+    </message>
+    <message>
+        <source>Makes the change again that was taken back.</source>
+        <translation>Wprowadza znów cofniętą zmianę.</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filtr</translation>
+    </message>
+    <message>
+        <source>Takes the keyboard to the filter.</source>
+        <translation>Przenosi klawiaturę do filtra.</translation>
+    </message>
+    <message>
+        <source>Clear filter</source>
+        <translation>Wyczyść filtr</translation>
+    </message>
+    <message>
+        <source>Shows every recording of the pack.</source>
+        <translation>Pokazuje każde nagranie pakietu.</translation>
+    </message>
+    <message>
+        <source>Folders...</source>
+        <translation>Foldery...</translation>
+    </message>
+    <message>
+        <source>Chooses folders whose recordings are read, too.</source>
+        <translation>Wybiera foldery, których nagrania też są czytane.</translation>
+    </message>
+    <message>
+        <source>Read again</source>
+        <translation>Czytaj ponownie</translation>
+    </message>
+    <message>
+        <source>Looks for new and changed files in all folders now.</source>
+        <translation>Szuka teraz nowych i zmienionych plików we wszystkich folderach.</translation>
+    </message>
+    <message>
+        <source>New pack...</source>
+        <translation>Nowy pakiet...</translation>
+    </message>
+    <message>
+        <source>Adds a pack.</source>
+        <translation>Dodaje pakiet.</translation>
+    </message>
+    <message>
+        <source>Rename or change pack...</source>
+        <translation>Zmień nazwę lub pakiet...</translation>
+    </message>
+    <message>
+        <source>Name, chemistry, cells, nominal capacity and note of the chosen pack</source>
+        <translation>Nazwa, typ ogniw, ich liczba, pojemność znamionowa i notatka wybranego pakietu</translation>
+    </message>
+    <message>
+        <source>Merge packs...</source>
+        <translation>Połącz pakiety...</translation>
+    </message>
+    <message>
+        <source>Makes one of the chosen pack and another one.</source>
+        <translation>Robi jeden z wybranego i innego pakietu.</translation>
+    </message>
+    <message>
+        <source>Take apart...</source>
+        <translation>Rozdziel...</translation>
+    </message>
+    <message>
+        <source>Moves the chosen recordings of a pack to a new pack like it.</source>
+        <translation>Przenosi zaznaczone nagrania pakietu do nowego, takiego samego.</translation>
+    </message>
+    <message>
+        <source>Remove pack</source>
+        <translation>Usuń pakiet</translation>
+    </message>
+    <message>
+        <source>Removes the chosen pack. Its recordings stay, assigned to none.</source>
+        <translation>Usuwa wybrany pakiet. Jego nagrania zostają, nieprzypisane.</translation>
+    </message>
+    <message>
+        <source>Save picture...</source>
+        <translation>Zapisz obraz...</translation>
+    </message>
+    <message>
+        <source>Writes the chart as the window shows it to a picture file.</source>
+        <translation>Zapisuje wykres tak, jak pokazuje go okno, do pliku obrazu.</translation>
+    </message>
+    <message>
+        <source>Print chart...</source>
+        <translation>Drukuj wykres...</translation>
+    </message>
+    <message>
+        <source>Prints the chart.</source>
+        <translation>Drukuje wykres.</translation>
+    </message>
+    <message>
+        <source>Explain row</source>
+        <translation>Objaśnij wiersz</translation>
+    </message>
+    <message>
+        <source>Shows all figures and the curve of the current row. The space bar does so, too.</source>
+        <translation>Pokazuje wszystkie wartości i krzywą bieżącego wiersza. Spacja też.</translation>
+    </message>
+    <message>
+        <source>Sort by column</source>
+        <translation>Sortuj według kolumny</translation>
+    </message>
+    <message>
+        <source>Sorts by the current column, the second time the other way round.</source>
+        <translation>Sortuje według bieżącej kolumny, za drugim razem odwrotnie.</translation>
+    </message>
+    <message>
+        <source>Move column left</source>
+        <translation>Przesuń kolumnę w lewo</translation>
+    </message>
+    <message>
+        <source>Moves the current column to the left.</source>
+        <translation>Przesuwa bieżącą kolumnę w lewo.</translation>
+    </message>
+    <message>
+        <source>Move column right</source>
+        <translation>Przesuń kolumnę w prawo</translation>
+    </message>
+    <message>
+        <source>Moves the current column to the right.</source>
+        <translation>Przesuwa bieżącą kolumnę w prawo.</translation>
+    </message>
+    <message>
+        <source>Hide column</source>
+        <translation>Ukryj kolumnę</translation>
+    </message>
+    <message>
+        <source>Hides the current column.</source>
+        <translation>Ukrywa bieżącą kolumnę.</translation>
+    </message>
+    <message>
+        <source>Show all columns</source>
+        <translation>Pokaż wszystkie kolumny</translation>
+    </message>
+    <message>
+        <source>Shows the hidden columns again.</source>
+        <translation>Pokazuje znów ukryte kolumny.</translation>
+    </message>
+    <message>
+        <source>&amp;Recordings</source>
+        <translation>&amp;Nagrania</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Edycja</translation>
+    </message>
+    <message>
+        <source>&amp;Packs</source>
+        <translation>&amp;Pakiety</translation>
+    </message>
+    <message>
+        <source>&amp;Chart</source>
+        <translation>&amp;Wykres</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>Wi&amp;dok</translation>
+    </message>
+</context>
+<context>
+    <name>LogbookCommands</name>
+    <message>
+        <source>No recording is chosen.</source>
+        <translation>Żadne nagranie nie jest zaznaczone.</translation>
+    </message>
+    <message>
+        <source>The files of the chosen recordings have gone.</source>
+        <translation>Plików zaznaczonych nagrań już nie ma.</translation>
+    </message>
+    <message>
+        <source>The logbook can&apos;t be kept: nothing can be changed.</source>
+        <translation>Dziennika nie można zapisać: niczego nie można zmienić.</translation>
+    </message>
+    <message>
+        <source>More than one recording is chosen.</source>
+        <translation>Zaznaczono więcej niż jedno nagranie.</translation>
+    </message>
+    <message>
+        <source>The files of the chosen recordings are there.</source>
+        <translation>Pliki zaznaczonych nagrań istnieją.</translation>
+    </message>
+    <message>
+        <source>Assign to offered pack</source>
+        <translation>Przypisz do proponowanego pakietu</translation>
+    </message>
+    <message>
+        <source>Assign to %1</source>
+        <translation>Przypisz do %1</translation>
+    </message>
+    <message>
+        <source>No pack is offered for the chosen recordings.</source>
+        <translation>Dla zaznaczonych nagrań nie ma propozycji pakietu.</translation>
+    </message>
+    <message>
+        <source>No pack is chosen on the left.</source>
+        <translation>Po lewej nie wybrano pakietu.</translation>
+    </message>
+    <message>
+        <source>There is no other pack.</source>
+        <translation>Nie ma innego pakietu.</translation>
+    </message>
+    <message>
+        <source>No recording of the pack is chosen.</source>
+        <translation>Nie zaznaczono nagrania pakietu.</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Cofnij</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Ponów</translation>
+    </message>
+    <message>
+        <source>Nothing has been changed.</source>
+        <translation>Niczego nie zmieniono.</translation>
+    </message>
+    <message>
+        <source>Nothing has been taken back.</source>
+        <translation>Niczego nie cofnięto.</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Pokaż w folderze</translation>
+    </message>
+    <message>
+        <source>No program shows the folder:</source>
+        <translation>Żaden program nie pokazuje folderu:</translation>
+    </message>
+    <message>
+        <source>Delete file</source>
+        <translation>Usuń plik</translation>
+    </message>
+    <message numerus="yes">
+        <source>Move %n file(s) to the waste bin? The rows stay in the logbook.</source>
+        <translation>
+            <numerusform>Przenieść %n plik do kosza? Wiersz zostaje w dzienniku.</numerusform>
+            <numerusform>Przenieść %n pliki do kosza? Wiersze zostają w dzienniku.</numerusform>
+            <numerusform>Przenieść %n plików do kosza? Wiersze zostają w dzienniku.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Move to waste bin</source>
+        <translation>Przenieś do kosza</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) could not be moved to the waste bin: being recorded, or there is no bin for the disk.</source>
+        <translation>
+            <numerusform>%n pliku nie można było przenieść do kosza: jest nagrywany albo dysk nie ma kosza.</numerusform>
+            <numerusform>%n plików nie można było przenieść do kosza: są nagrywane albo dysk nie ma kosza.</numerusform>
+            <numerusform>%n plików nie można było przenieść do kosza: są nagrywane albo dysk nie ma kosza.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Assign to pack</source>
+        <translation>Przypisz do pakietu</translation>
+    </message>
+    <message numerus="yes">
+        <source>Pack of the %n chosen recording(s):</source>
+        <translation>
+            <numerusform>Pakiet %n zaznaczonego nagrania:</numerusform>
+            <numerusform>Pakiet %n zaznaczonych nagrań:</numerusform>
+            <numerusform>Pakiet %n zaznaczonych nagrań:</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>New pack</source>
+        <translation>Nowy pakiet</translation>
+    </message>
+    <message>
+        <source>Change pack</source>
+        <translation>Zmiana pakietu</translation>
+    </message>
+    <message>
+        <source>Merge packs</source>
+        <translation>Połącz pakiety</translation>
+    </message>
+    <message>
+        <source>Pack whose recordings become those of %1. It goes then.</source>
+        <translation>Pakiet, którego nagrania przejdą do %1. Potem znika.</translation>
+    </message>
+    <message>
+        <source>%1 (2)</source>
+        <translation>%1 (2)</translation>
+    </message>
+    <message>
+        <source>Take apart</source>
+        <translation>Rozdziel</translation>
+    </message>
+</context>
+<context>
     <name>LogbookEditor</name>
     <message>
         <source>New pack</source>
@@ -1076,10 +1658,75 @@ Zatrzymać proces urządzenia na %2?</translation>
     </message>
 </context>
 <context>
+    <name>LogbookHost</name>
+    <message>
+        <source>pack course</source>
+        <translation>przebieg pakietu</translation>
+    </message>
+    <message>
+        <source>Folder of recordings</source>
+        <translation>Folder nagrań</translation>
+    </message>
+</context>
+<context>
     <name>LogbookParts</name>
     <message>
         <source>Logbook</source>
         <translation>Kronika</translation>
+    </message>
+</context>
+<context>
+    <name>LogbookStatus</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Anuluj</translation>
+    </message>
+    <message>
+        <source>%v of %m files</source>
+        <translation>%v z %m plików</translation>
+    </message>
+    <message>
+        <source>Files that are read for the logbook</source>
+        <translation>Pliki czytane dla dziennika</translation>
+    </message>
+    <message>
+        <source>Gives up the files that wait. Edit &gt; Read again goes on.</source>
+        <translation>Porzuca oczekujące pliki. Edycja &gt; Czytaj ponownie wznawia.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n recording(s)</source>
+        <translation>
+            <numerusform>%n nagranie</numerusform>
+            <numerusform>%n nagrania</numerusform>
+            <numerusform>%n nagrań</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n recording(s)</source>
+        <translation>
+            <numerusform>%1 z %n nagrania</numerusform>
+            <numerusform>%1 z %n nagrań</numerusform>
+            <numerusform>%1 z %n nagrań</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n chosen</source>
+        <translation>
+            <numerusform>%n zaznaczone</numerusform>
+            <numerusform>%n zaznaczone</numerusform>
+            <numerusform>%n zaznaczonych</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>LogbookWindow</name>
+    <message>
+        <source>Varnel - logbook</source>
+        <translation>Varnel - dziennik</translation>
+    </message>
+    <message>
+        <source>Packs</source>
+        <translation>Pakiety</translation>
     </message>
 </context>
 <context>
@@ -1524,6 +2171,14 @@ Zatrzymać proces urządzenia na %2?</translation>
         <source>Lay the curves of recordings over each other.</source>
         <translation>Nakłada na siebie krzywe nagrań.</translation>
     </message>
+    <message>
+        <source>Logbook</source>
+        <translation>Dziennik</translation>
+    </message>
+    <message>
+        <source>What every pack has been through: its recordings, and how it fares.</source>
+        <translation>Co przeszedł każdy pakiet: jego nagrania i jak się ma.</translation>
+    </message>
 </context>
 <context>
     <name>MdiGraphChild</name>
@@ -1570,6 +2225,25 @@ Zatrzymać proces urządzenia na %2?</translation>
     <message>
         <source>%1 volts</source>
         <translation>napięcie %1 V</translation>
+    </message>
+</context>
+<context>
+    <name>NoteDialog</name>
+    <message>
+        <source>Note</source>
+        <translation>Notatka</translation>
+    </message>
+    <message>
+        <source>Your own words on the chosen recordings; the filter finds them.</source>
+        <translation>Własne słowa o nagraniu; filtr je znajduje.</translation>
+    </message>
+    <message>
+        <source>Keeps the note. It can be undone.</source>
+        <translation>Zachowuje notatkę. Można to cofnąć.</translation>
+    </message>
+    <message>
+        <source>Changes nothing.</source>
+        <translation>Niczego nie zmienia.</translation>
     </message>
 </context>
 <context>
@@ -1766,6 +2440,174 @@ Zatrzymać proces urządzenia na %2?</translation>
     <message>
         <source>Prints what is shown</source>
         <translation>Drukuje to, co widać</translation>
+    </message>
+</context>
+<context>
+    <name>PackChoice</name>
+    <message>
+        <source>New pack...</source>
+        <translation>Nowy pakiet...</translation>
+    </message>
+    <message>
+        <source>Takes the chosen pack. It can be undone.</source>
+        <translation>Bierze wybrany pakiet. Można to cofnąć.</translation>
+    </message>
+    <message>
+        <source>Changes nothing.</source>
+        <translation>Niczego nie zmienia.</translation>
+    </message>
+</context>
+<context>
+    <name>PackCourse</name>
+    <message>
+        <source>No recording of this pack tells it.</source>
+        <translation>Żadne nagranie tego pakietu tego nie mówi.</translation>
+    </message>
+    <message>
+        <source>nominal</source>
+        <translation>znamionowa</translation>
+    </message>
+    <message>
+        <source>Assign recordings to packs to see how these fare: choose rows, then Recordings &gt; Assign to pack.</source>
+        <translation>Przypisz nagrania do pakietów, aby zobaczyć, jak się mają: zaznacz wiersze, potem Nagrania &gt; Przypisz do pakietu.</translation>
+    </message>
+    <message>
+        <source>worn out below 80 %</source>
+        <translation>zużyty poniżej 80 %</translation>
+    </message>
+</context>
+<context>
+    <name>PackDialog</name>
+    <message>
+        <source>Keeps what stands here. It can be undone.</source>
+        <translation>Zachowuje to, co tu stoi. Można to cofnąć.</translation>
+    </message>
+    <message>
+        <source>Changes nothing.</source>
+        <translation>Niczego nie zmienia.</translation>
+    </message>
+    <message>
+        <source>What the pack is called; write it on the pack, too.</source>
+        <translation>Jak nazywa się pakiet; napisz to także na nim.</translation>
+    </message>
+    <message>
+        <source>Kind of the cells</source>
+        <translation>Typ ogniw</translation>
+    </message>
+    <message>
+        <source>not said</source>
+        <translation>nie podano</translation>
+    </message>
+    <message>
+        <source>Number of cells in series</source>
+        <translation>Liczba ogniw szeregowo</translation>
+    </message>
+    <message>
+        <source>As printed on the pack: the state of health is reckoned from it.</source>
+        <translation>Jak nadrukowano na pakiecie: z niej liczy się stan zdrowia.</translation>
+    </message>
+    <message>
+        <source>Your own words: maker, bought when, used for what</source>
+        <translation>Własne słowa: producent, kiedy kupiony, do czego</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>Nazwa:</translation>
+    </message>
+    <message>
+        <source>Chemistry:</source>
+        <translation>Typ ogniw:</translation>
+    </message>
+    <message>
+        <source>Cells:</source>
+        <translation>Ogniwa:</translation>
+    </message>
+    <message>
+        <source>Nominal capacity:</source>
+        <translation>Pojemność znamionowa:</translation>
+    </message>
+    <message>
+        <source>Note:</source>
+        <translation>Notatka:</translation>
+    </message>
+</context>
+<context>
+    <name>PackList</name>
+    <message>
+        <source>%1 mAh nominal</source>
+        <translation>%1 mAh znamionowo</translation>
+    </message>
+    <message>
+        <source>Give the nominal capacity to see the state of health.</source>
+        <translation>Podaj pojemność znamionową, aby zobaczyć stan zdrowia.</translation>
+    </message>
+    <message>
+        <source>All recordings</source>
+        <translation>Wszystkie nagrania</translation>
+    </message>
+    <message>
+        <source>Every recording, of whichever pack</source>
+        <translation>Każde nagranie, z dowolnego pakietu</translation>
+    </message>
+    <message>
+        <source>Not assigned</source>
+        <translation>Nieprzypisane</translation>
+    </message>
+    <message>
+        <source>Recordings without a pack</source>
+        <translation>Nagrania bez pakietu</translation>
+    </message>
+    <message>
+        <source>Worn out: below 80 % of its nominal capacity.</source>
+        <translation>Zużyty: poniżej 80 % pojemności znamionowej.</translation>
+    </message>
+    <message>
+        <source>Cell %1 is weak: %2 mV between the highest and the lowest when the pack is empty.</source>
+        <translation>Ogniwo %1 jest słabe: %2 mV między najwyższym a najniższym, gdy pakiet jest pusty.</translation>
+    </message>
+    <message>
+        <source>worn out</source>
+        <translation>zużyty</translation>
+    </message>
+    <message>
+        <source>Pack</source>
+        <translation>Pakiet</translation>
+    </message>
+    <message>
+        <source>Health</source>
+        <translation>Zdrowie</translation>
+    </message>
+    <message>
+        <source>Per year</source>
+        <translation>Na rok</translation>
+    </message>
+    <message>
+        <source>Cycles</source>
+        <translation>Cykle</translation>
+    </message>
+    <message>
+        <source>Newest</source>
+        <translation>Ostatnie</translation>
+    </message>
+    <message>
+        <source>Name of the battery pack</source>
+        <translation>Nazwa pakietu</translation>
+    </message>
+    <message>
+        <source>State of health: what the newest full discharge gave, of the nominal capacity</source>
+        <translation>Stan zdrowia: ile dało ostatnie pełne rozładowanie z pojemności znamionowej</translation>
+    </message>
+    <message>
+        <source>By how much the state of health changes in a year</source>
+        <translation>O ile stan zdrowia zmienia się w ciągu roku</translation>
+    </message>
+    <message>
+        <source>Charges, or discharges where there are more of these</source>
+        <translation>Ładowania, albo rozładowania, jeśli tych jest więcej</translation>
+    </message>
+    <message>
+        <source>Start of the newest recording</source>
+        <translation>Początek ostatniego nagrania</translation>
     </message>
 </context>
 <context>
@@ -1981,6 +2823,192 @@ Sprawdź, czy podano właściwą nazwę.</translation>
     <message>
         <source>Pages</source>
         <translation>Strony</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingColumns</name>
+    <message>
+        <source>Completed</source>
+        <translation>Zakończony</translation>
+    </message>
+    <message>
+        <source>Aborted</source>
+        <translation>Przerwany</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Błąd</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Nagrywa</translation>
+    </message>
+    <message>
+        <source>No end</source>
+        <translation>Bez końca</translation>
+    </message>
+    <message>
+        <source>%1 (gone)</source>
+        <translation>%1 (brak)</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Początek</translation>
+    </message>
+    <message>
+        <source>When the process began; ≈ from the time of the file</source>
+        <translation>Kiedy zaczął się proces; ≈ z czasu pliku</translation>
+    </message>
+    <message>
+        <source>Pack</source>
+        <translation>Pakiet</translation>
+    </message>
+    <message>
+        <source>The battery pack; grey with ?: the one to be offered</source>
+        <translation>Pakiet; szary z ?: proponowany</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>Urządzenie</translation>
+    </message>
+    <message>
+        <source>The charger that sent the records</source>
+        <translation>Ładowarka, która wysłała rekordy</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>Port</translation>
+    </message>
+    <message>
+        <source>The serial port, from the name of the file</source>
+        <translation>Port szeregowy, z nazwy pliku</translation>
+    </message>
+    <message>
+        <source>Process</source>
+        <translation>Proces</translation>
+    </message>
+    <message>
+        <source>Charge, discharge, balancing, format or test</source>
+        <translation>Ładowanie, rozładowanie, balansowanie, formatowanie lub test</translation>
+    </message>
+    <message>
+        <source>Chemistry</source>
+        <translation>Typ ogniw</translation>
+    </message>
+    <message>
+        <source>Kind of the cells</source>
+        <translation>Typ ogniw</translation>
+    </message>
+    <message>
+        <source>Cells</source>
+        <translation>Ogniwa</translation>
+    </message>
+    <message>
+        <source>Number of cells in series</source>
+        <translation>Liczba ogniw szeregowo</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Czas</translation>
+    </message>
+    <message>
+        <source>Hours, minutes and seconds to the end of the process</source>
+        <translation>Godziny, minuty i sekundy do końca procesu</translation>
+    </message>
+    <message>
+        <source>Charge [mAh]</source>
+        <translation>Ładunek [mAh]</translation>
+    </message>
+    <message>
+        <source>What went in or came out, as in the capacity comparison</source>
+        <translation>Ile weszło lub wyszło, jak w porównaniu pojemności</translation>
+    </message>
+    <message>
+        <source>Energy [Wh]</source>
+        <translation>Energia [Wh]</translation>
+    </message>
+    <message>
+        <source>Voltage times current, over the time</source>
+        <translation>Napięcie razy prąd, w czasie</translation>
+    </message>
+    <message>
+        <source>Start [V]</source>
+        <translation>Początek [V]</translation>
+    </message>
+    <message>
+        <source>Voltage of the pack at the start</source>
+        <translation>Napięcie pakietu na początku</translation>
+    </message>
+    <message>
+        <source>End [V]</source>
+        <translation>Koniec [V]</translation>
+    </message>
+    <message>
+        <source>Voltage of the pack at the end</source>
+        <translation>Napięcie pakietu na końcu</translation>
+    </message>
+    <message>
+        <source>Max. [°C]</source>
+        <translation>Maks. [°C]</translation>
+    </message>
+    <message>
+        <source>Highest temperature</source>
+        <translation>Najwyższa temperatura</translation>
+    </message>
+    <message>
+        <source>Resistance [mΩ]</source>
+        <translation>Rezystancja [mΩ]</translation>
+    </message>
+    <message>
+        <source>Internal resistance of the pack</source>
+        <translation>Rezystancja wewnętrzna pakietu</translation>
+    </message>
+    <message>
+        <source>Cells [mΩ]</source>
+        <translation>Ogniwa [mΩ]</translation>
+    </message>
+    <message>
+        <source>Internal resistance of each cell, from the first on</source>
+        <translation>Rezystancja wewnętrzna każdego ogniwa, od pierwszego</translation>
+    </message>
+    <message>
+        <source>Spread [mV]</source>
+        <translation>Rozrzut [mV]</translation>
+    </message>
+    <message>
+        <source>Highest cell less the lowest, at the end</source>
+        <translation>Najwyższe ogniwo minus najniższe, na końcu</translation>
+    </message>
+    <message>
+        <source>Ended</source>
+        <translation>Zakończenie</translation>
+    </message>
+    <message>
+        <source>How the process ended</source>
+        <translation>Jak zakończył się proces</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Notatka</translation>
+    </message>
+    <message>
+        <source>Your own words</source>
+        <translation>Własne słowa</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Plik</translation>
+    </message>
+    <message>
+        <source>Where the records are kept</source>
+        <translation>Gdzie są rekordy</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingView</name>
+    <message>
+        <source>Recordings</source>
+        <translation>Nagrania</translation>
     </message>
 </context>
 <context>

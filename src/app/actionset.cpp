@@ -118,6 +118,9 @@ public:
         {ActionId::OpenRecordings, QT_TR_NOOP("Open recordings..."), "open.png",
             QT_TR_NOOP("Open what was recorded from the devices, saved or not."), noKey, Nobody, nullptr,
             Plain, "openRecordingsAction"},
+        {ActionId::Logbook, QT_TR_NOOP("Logbook"), nullptr,
+            QT_TR_NOOP("What every pack has been through: its recordings, and how it fares."), noKey, Nobody,
+            nullptr, Plain, "logbookAction"},
         {ActionId::ReopenClosed, QT_TR_NOOP("Reopen closed recording"), nullptr,
             QT_TR_NOOP("Open again the recording whose window was closed last."), noKey, Nobody, nullptr,
             Plain, "reopenClosedAction"},
@@ -220,6 +223,7 @@ ActionSet::ActionSet(QObject *window, QObject *mdiArea)
         action->setStatusTip(view.tip ? ActionTable::tr(view.tip) : action->toolTip());
     }
     (*this)[ActionId::Explain]->setShortcut(int(Qt::SHIFT) | int(Qt::Key_F1));
+    (*this)[ActionId::Logbook]->setShortcut(Qt::CTRL | Qt::Key_L);
     (*this)[ActionId::ReopenClosed]->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_T);
     (*this)[ActionId::Overlay]->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_L);
     showPaused(QString());

@@ -46,6 +46,7 @@ enum class ActionId {
     DistinctLines,
     Explain,
     OpenRecordings,
+    Logbook,
     ReopenClosed,
     Overlay,
     ExportCsv,

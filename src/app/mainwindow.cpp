@@ -10,6 +10,7 @@
 #include "devices/endnotice.h"
 #include "desk/shownrecord.h"
 #include "app/filedrops.h"
+#include "app/logbookhost.h"
 #include "app/logbookparts.h"
 #include "documents/filewriter.h"
 #include "documents/graphexports.h"
@@ -110,6 +111,8 @@ void MainWindow::createParts()
     graphs->setCloseGuard(unsaved);
     new SessionEnd(this, {writer, unsaved, ports});
     logbookParts = new LogbookParts(this, windowFiles->keeper(), documents);
+    logbookHost
+        = new LogbookHost({logbookParts, state, writer, windowFiles}, (*actions)[ActionId::Logbook], this);
     tools = new ToolsCommands(this, actions, graphs, documents, writer, windowFiles);
     overlay = new OverlayCommands(this, (*actions)[ActionId::Overlay],
         {state, graphs, documents, windowFiles, new GraphExports(this, writer, windowFiles)});
@@ -156,6 +159,9 @@ void MainWindow::connectParts()
     connect(graphs, SIGNAL(recordShown(Varnel3Data,int,bool)), this, SLOT(showRecord(Varnel3Data,int,bool)));
     connect(graphs, SIGNAL(renumberNeeded()), this, SLOT(renumerateWindows()));
     connect(graphs, SIGNAL(selectedCellsChanged()), this, SLOT(updateVoltage()));
+    connect(logbookHost,
+        SIGNAL(overlayWanted(QStringList,QStringList)), overlay, SLOT(showFiles(QStringList,QStringList)));
+    connect(logbookHost, SIGNAL(openWanted(QStringList)), this, SLOT(comeForward(QStringList)));
     connect(documents, SIGNAL(opened()), this, SLOT(renumerateWindows()));
     for (const QObject *teller : std::initializer_list<const QObject *>{
              graphs, documents, unsaved, tools, commands, readerHost, ports, logbookParts})
@@ -206,6 +212,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
         return;
     }
     ports->readRest();
+    logbookHost->close();
     writeSettings();
     documents->cancelOpening();
     graphs->setEnding();

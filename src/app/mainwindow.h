@@ -22,6 +22,7 @@ class FileWriter;
 class GraphWindows;
 class ListenedPorts;
 class LiveWindows;
+class LogbookHost;
 class LogbookParts;
 class MdiGraphChild;
 class OverlayCommands;
@@ -171,6 +172,7 @@ private:
     Documents *documents;
     UnsavedWindows *unsaved;
     LogbookParts *logbookParts;
+    LogbookHost *logbookHost;
     ToolsCommands *tools;
     OverlayCommands *overlay;
     std::unique_ptr<DeviceTargets> targets;

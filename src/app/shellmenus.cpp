@@ -69,8 +69,9 @@ const QVector<MenuEntry> file
 const QVector<MenuEntry> print
     = {ActionId::PrintCapacity, ActionId::PrintVoltage, ActionId::PrintBars, ActionId::PrintPlot};
 
-const QVector<MenuEntry> tools = {ActionId::OpenRecordings, ActionId::ReopenClosed, ActionId::Overlay, gap, ActionId::ExportCsv,
-    ActionId::SavePicture, gap, ActionId::RemoteControl, ActionId::StopProcess, ActionId::Explain};
+const QVector<MenuEntry> tools = {ActionId::OpenRecordings, ActionId::ReopenClosed, ActionId::Logbook,
+    ActionId::Overlay, gap, ActionId::ExportCsv, ActionId::SavePicture, gap, ActionId::RemoteControl,
+    ActionId::StopProcess, ActionId::Explain};
 
 const QVector<MenuEntry> help = {ActionId::UserGuide, gap, ActionId::About};
 

@@ -5,6 +5,7 @@ target_sources(varnel_gui PRIVATE
     app/explanations.cpp app/explanations.h
     app/filedrops.cpp app/filedrops.h
     app/logbookexport.cpp app/logbookexport.h
+    app/logbookhost.cpp app/logbookhost.h
     app/logbookparts.cpp app/logbookparts.h
     app/mainwindow.cpp app/mainwindow.h app/mainwindowslots.cpp
     app/overlaycommands.cpp app/overlaycommands.h

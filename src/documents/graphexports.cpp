@@ -45,8 +45,7 @@ GraphExports::GraphExports(QWidget *shell, FileWriter *writer, WindowFiles *wind
 void GraphExports::csvDialog(MdiGraphChild *child)
 {
     const QPointer<MdiGraphChild> guard(child); // its window may be closed while the dialog is open
-    const QString name = ask(
-        tr("Export as CSV"), {tr("Comma-separated values (*.csv)")}, m_windowFiles->nameFor(child), m_shell);
+    const QString name = askTableName(m_windowFiles->nameFor(child), m_shell);
     if (!name.isEmpty() && guard)
         writeTable(guard, name);
 }
@@ -64,6 +63,19 @@ void GraphExports::pictureDialog(const Picture &picture, const QString &name, QW
     const QString fileName = askPictureName(name, window);
     if (!fileName.isEmpty())
         writePicture(picture, fileName);
+}
+
+void GraphExports::tableDialog(
+    const std::function<std::unique_ptr<FilePieces>()> &pieces, const QString &name, QWidget *window)
+{
+    const QString fileName = askTableName(name, window);
+    if (!fileName.isEmpty())
+        write(fileName, pieces());
+}
+
+QString GraphExports::askTableName(const QString &suggested, QWidget *window)
+{
+    return ask(tr("Export as CSV"), {tr("Comma-separated values (*.csv)")}, suggested, window);
 }
 
 QString GraphExports::askPictureName(const QString &suggested, QWidget *window)

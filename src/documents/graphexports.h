@@ -2,6 +2,7 @@
 
 #include <QObject>
 
+#include <functional>
 #include <memory>
 
 class FileWriter;
@@ -26,6 +27,9 @@ public:
     void pictureDialog(MdiGraphChild *child);
     /// The same for any picture, `name` being offered, above `window`.
     void pictureDialog(const Picture &picture, const QString &name, QWidget *window);
+    /// Asks for a name, `name` being offered, above `window`, and writes what `pieces` makes as a table.
+    void tableDialog(
+        const std::function<std::unique_ptr<FilePieces>()> &pieces, const QString &name, QWidget *window);
     void writeTable(const MdiGraphChild *child, const QString &fileName);
     void writePicture(const MdiGraphChild *child, const QString &fileName);
 
@@ -35,6 +39,7 @@ signals:
 private:
     QString ask(const QString &title, const QStringList &filters, const QString &suggested, QWidget *window);
     QString askPictureName(const QString &suggested, QWidget *window);
+    QString askTableName(const QString &suggested, QWidget *window);
     void writePicture(const Picture &picture, const QString &fileName);
     void write(const QString &fileName, std::unique_ptr<FilePieces> pieces);
     void tellOutcome(const QString &fileName, const WriteOutcome &outcome);

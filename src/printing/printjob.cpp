@@ -26,13 +26,13 @@ QRectF drawCaption(QPainter &painter, const PrintJob &job, const QRectF &page, c
     return page.adjusted(0, used.height() + font.pixelSize(), 0, 0);
 }
 
-void drawPicture(QPainter &painter, const PrintJob &job, const QRectF &area)
+void drawPicture(QPainter &painter, const PrintJob &job, int page, const QRectF &area)
 {
     const qreal factor = qMin(area.width() / job.size.width(), area.height() / job.size.height());
     painter.translate(area.left() + (area.width() - job.size.width() * factor) / 2, area.top());
     painter.scale(factor, factor);
     painter.setClipRect(QRectF(QPointF(0, 0), job.size));
-    job.paint(painter);
+    job.paintPage ? job.paintPage(painter, page) : job.paint(painter);
 }
 
 /// A full disk tells nobody: only the end of the file shows that all of it was written.
@@ -59,8 +59,14 @@ bool printPage(const PrintJob &job, QPrinter *printer)
     if (!painter.begin(printer))
         return false;
     const QRectF page(QPointF(0, 0), printer->pageLayout().paintRectPixels(printer->resolution()).size());
-    const QRectF rest = drawCaption(painter, job, page, captionFont(*printer));
-    drawPicture(painter, job, rest);
+    for (int i = 0; i < job.pages; ++i) {
+        if (i > 0 && !printer->newPage())
+            return false;
+        const QRectF rest = drawCaption(painter, job, page, captionFont(*printer));
+        painter.save();
+        drawPicture(painter, job, i, rest);
+        painter.restore();
+    }
     if (!painter.end() || printer->printerState() == QPrinter::Error)
         return false;
     const bool toFile

@@ -41,8 +41,18 @@ constexpr QLatin1String capacityGroup = key("capacitydisplay");
 constexpr QLatin1String powerGroup = key("powerdisplay");
 constexpr QLatin1String voltageGroup = key("voltagecomp");
 constexpr QLatin1String overlayGroup = key("overlay"); ///< the same names
+constexpr QLatin1String logbookGroup = key("logbook");
 constexpr QLatin1String inGroupSize = key("/size");
 constexpr QLatin1String inGroupPos = key("/pos");
 constexpr QLatin1String inGroupMaximized = key("/maximized");
+
+// The logbook's window: widths of its parts, the header of its table, and what it shows.
+constexpr QLatin1String logbookSides = key("logbook/sides");
+constexpr QLatin1String logbookRows = key("logbook/rows");
+constexpr QLatin1String logbookColumns = key("logbook/columns");
+constexpr QLatin1String logbookPackColumn = key("logbook/packColumn");
+constexpr QLatin1String logbookPackOrder = key("logbook/packOrder");
+constexpr QLatin1String logbookQuantity = key("logbook/quantity");
+constexpr QLatin1String logbookByDate = key("logbook/byDate");
 
 } // namespace SettingsKey

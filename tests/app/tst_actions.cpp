@@ -81,6 +81,7 @@ private slots:
             "Distinct lines|Lines differ in dashes and lightness, not in hue alone; bars carry letters|L|c",
             "Explanations...|Tells what the status bar and the title of the current graph show.|Shift+F1|",
             "Open recordings...|Open what was recorded from the devices, saved or not.||i",
+            "Logbook|What every pack has been through: its recordings, and how it fares.|Ctrl+L|",
             "Reopen closed recording|No window of an unsaved recording has been closed yet.|Ctrl+Shift+T|d",
             "Overlay...|Lay the curves of recordings over each other.|Ctrl+Shift+L|i",
             "Export as CSV...|Write the records of the current graph as a table for other programs.||i",
@@ -262,7 +263,7 @@ private slots:
             return texts.join(',');
         };
         const QString tools
-            = "&Tools[Open recordings...,Reopen closed recording,Overlay...,|,Export as CSV...,Save picture...,|,"
+            = "&Tools[Open recordings...,Reopen closed recording,Logbook,Overlay...,|,Export as CSV...,Save picture...,|,"
               "Remote control...,Stop process,Explanations...,&View switches[DATA,Graph,Bar Graph,|,"
               "T,dV,Rw,|,B,Avg,S,P%,Vc,|,Hold view,Distinct lines]";
         QCOMPARE(textsOf(window->menuBar()).split("],"),

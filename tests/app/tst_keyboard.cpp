@@ -8,6 +8,10 @@
 #include "displays/powerdisplay.h"
 #include "displays/voltagecomparison.h"
 #include "graph/mdigraphchild.h"
+#include "logbook/logbook.h"
+#include "logbook/logbookeditor.h"
+#include "logbook/logbookreader.h"
+#include "logbook/window/logbookwindow.h"
 #include "overlay/overlaywindow.h"
 #include "settings/viewstate.h"
 #include "support/columns.h"
@@ -60,7 +64,12 @@ private slots:
         window = std::make_unique<MainWindow>();
         window->createMdiChild();
         int seen = 0;
+        trigger(ActionId::Logbook);
         QVector<QMenu *> menus = window->menuBar()->findChildren<QMenu *>().toVector();
+        const auto tops = QApplication::topLevelWidgets();
+        for (const QWidget *top : tops)
+            if (const auto *logbook = qobject_cast<const LogbookWindow *>(top))
+                menus += logbook->menuBar()->findChildren<QMenu *>().toVector();
         for (int i = 0; i < menus.size(); ++i) {
             QMetaObject::invokeMethod(menus[i], "aboutToShow");
             QStringList letters;
@@ -78,7 +87,7 @@ private slots:
             seen += letters.size();
             QMetaObject::invokeMethod(menus[i], "aboutToHide");
         }
-        QVERIFY(seen > 45);
+        QVERIFY(seen > 95);
         QCOMPARE(window->actionSet()[ActionId::Open]->text(), "Open file");
     }
 
@@ -95,6 +104,9 @@ private slots:
         row("overlay", "O",
             "Pack voltage,Time,Line up at the start of current,No recording is shown: add files, or take the open "
             "graph windows.,Add files...,Open windows");
+        row("logbook", "L",
+            "Filter,Any chemistry,Any process,From,To,Capacity,by date,All packs: Capacity\nAssign recordings to packs to see how these fare: choose rows, then "
+            "Recordings > Assign to pack.");
     }
 
     /// By Tab, in the order in which they are read; each has a name and a tip.
@@ -104,11 +116,17 @@ private slots:
         plug("COM1");
         plug("COM2");
         const ViewState state;
+        Logbook logbook;
+        LogbookEditor editor(&logbook);
+        LogbookReader reader(&logbook, fixture->path("recordings"));
         std::unique_ptr<QWidget> shown;
         if (dialog == QLatin1String("P"))
             shown = std::make_unique<DialogPreferences>(nullptr);
         else if (dialog == QLatin1String("O"))
             shown = std::make_unique<OverlayWindow>(&state);
+        else if (dialog == QLatin1String("L"))
+            shown = std::make_unique<LogbookWindow>(
+                LogbookCommands::Parts{&logbook, &editor, &reader}, &state, QString());
         else if (dialog == QLatin1String("A"))
             shown = std::make_unique<About>();
         else

@@ -3,6 +3,11 @@
 #include "dialogs/about.h"
 #include "dialogs/dialogpreferences.h"
 #include "dialogs/dialogremotecontrol.h"
+#include "logbook/logbook.h"
+#include "logbook/window/foldersdialog.h"
+#include "logbook/window/notedialog.h"
+#include "logbook/window/packchoice.h"
+#include "logbook/window/packdialog.h"
 #include "resources/resources.h"
 #include "support/columns.h"
 #include "support/lines.h"
@@ -149,9 +154,15 @@ void TestLanguages::showDialogs()
     DialogPreferences preferences(window.get());
     About about(window.get());
     DialogRemoteControl remote(nullptr, window.get(), {1000000, 1000000, 1000000});
-    for (QDialog *dialog : std::initializer_list<QDialog *>{&preferences, &about, &remote})
+    PackDialog pack(QString(), LogbookPack(), window.get());
+    PackChoice choice(Logbook(), {}, window.get());
+    NoteDialog note(QString(), QString(), window.get());
+    FoldersDialog folders("/own"_s, {}, window.get());
+    for (QDialog *dialog :
+        std::initializer_list<QDialog *>{&preferences, &about, &remote, &pack, &choice, &note, &folders})
         dialog->show();
     trigger(ActionId::Overlay);
+    trigger(ActionId::Logbook);
     auto *pages = remote.findChild<QStackedWidget *>();
     for (int page = 0; page < pages->count(); ++page) {
         pages->setCurrentIndex(page);

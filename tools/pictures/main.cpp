@@ -1,11 +1,16 @@
 // The guide's pictures: the program itself, listening on simulated devices, is led through what the guide
 // tells, and each window is kept as it looks then. ./dev pictures gives it settings and folders of its own.
 #include "app/actionset.h"
+#include "app/logbookparts.h"
 #include "app/mainwindow.h"
 #include "app/overlaycommands.h"
 #include "app/stylesheet.h"
 #include "app/translators.h"
 #include "graph/mdigraphchild.h"
+#include "journal/journalfolder.h"
+#include "logbook/logbook.h"
+#include "logbook/logbookeditor.h"
+#include "logbook/logbookreader.h"
 #include "overlay/overlayplot.h"
 #include "overlay/overlaywindow.h"
 #include "pictures/album.h"
@@ -14,6 +19,7 @@
 #include "simulator/linewriter.h"
 #include "simulator/process.h"
 #include "simulator/rack.h"
+#include "simulator/year.h"
 
 #include <QAction>
 #include <QApplication>
@@ -42,6 +48,16 @@ const char *const discharges[] = {
     "COM5:varnel3,mode=discharge,chemistry=LiPo,cells=6,capacity=4600,current=5000,balance",
     "COM5:varnel3,mode=discharge,chemistry=LiPo,cells=6,capacity=3900,current=5000,balance,weak=2",
 };
+struct Pack {
+    const char *name;
+    const char *port;
+    int cellType;
+    int cells;
+    int capacity; ///< mAh
+};
+constexpr Pack packs[] = {{"Heli 6S A", "COM3", 5, 6, 5000}, {"Heli 6S B", "COM4", 5, 6, 5000},
+    {"Receiver LiFe", "COM3", 7, 4, 3000}, {"Glider 3S", "COM4", 5, 3, 2200},
+    {"Car NiMH", "COM5", 1, 8, 3300}, {"Starter Pb", "COM5", 2, 6, 7000}};
 const char *const waitingDevice = "COM4:varnel3,cells=6,chemistry=LiPo,start=remote";
 
 /// Leads the program through the guide, page by page.
@@ -56,7 +72,8 @@ public:
 
     bool run()
     {
-        return recording() && graphs() && displays() && comparisons() && overlay() && dialogs() && end();
+        return recording() && graphs() && displays() && comparisons() && overlay() && logbook() && dialogs()
+            && end();
     }
     QString trouble() const { return m_album.trouble(); }
 
@@ -167,6 +184,36 @@ private:
         while (!process.finished())
             file.write(sim::measurementLine(process.next()));
         return true;
+    }
+
+    /// A year of six packs, told apart.
+    bool logbook()
+    {
+        QString error;
+        const int files = sim::writeYear(JournalFolder::defaultPath(), 1, QDate::currentDate(), &error);
+        if (files < 0)
+            return m_album.fail(error);
+        const auto *parts = m_window.findChild<LogbookParts *>();
+        parts->reader()->readAgain();
+        if (!m_album.wait("the year's recordings", [=] { return parts->logbook()->size() >= files; }))
+            return false;
+        for (const Pack &known : packs) {
+            LogbookPack pack;
+            pack.name = QLatin1String(known.name);
+            pack.cellType = known.cellType;
+            pack.cells = known.cells;
+            pack.capacity = known.capacity;
+            QVector<qint64> ids = parts->logbook()->recordings();
+            const auto isOther = [&](qint64 id) {
+                const LogbookRecording *recording = parts->logbook()->recording(id);
+                return recording->port != QLatin1String(known.port) || recording->figures.cells != known.cells
+                    || recording->figures.cellType != known.cellType || recording->isLive;
+            };
+            ids.erase(std::remove_if(ids.begin(), ids.end(), isOther), ids.end());
+            parts->editor()->assign(ids, parts->editor()->addPack(pack));
+        }
+        action(ActionId::Logbook)->trigger();
+        return m_album.window("logbook", "LogbookWindow");
     }
 
     bool dialogs()

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "logbook/logbookfilter.h"
+
+#include <QWidget>
+
+class QCheckBox;
+class QComboBox;
+class QDateEdit;
+class QLineEdit;
+
+/// The line above the recordings that says which of them are shown. Answers as one types.
+class FilterLine : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit FilterLine(QWidget *parent = nullptr);
+
+    /// What is asked for; its pack is not looked at.
+    LogbookFilter filter() const;
+    bool isEmpty() const; ///< everything passes
+
+public slots:
+    void clear();
+    void takeKeyboard();
+
+signals:
+    void changed();
+
+private slots:
+    void onChanged();
+
+private:
+    void fillBoxes();
+    QDateEdit *createDate(QCheckBox *box, const QDate &date, const QString &tip);
+
+    QLineEdit *m_text;
+    QComboBox *m_chemistry;
+    QComboBox *m_process;
+    QCheckBox *m_fromBox;
+    QDateEdit *m_from;
+    QCheckBox *m_toBox;
+    QDateEdit *m_to;
+    bool m_isClearing = false;
+};

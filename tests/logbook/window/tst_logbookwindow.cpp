@@ -1,0 +1,330 @@
+#include "logbook/logbookeditor.h"
+#include "logbook/logbookreader.h"
+#include "logbook/window/coursecanvas.h"
+#include "logbook/window/logbookwindow.h"
+#include "logbook/window/packchoice.h"
+#include "logbook/window/packdialog.h"
+#include "logbook/window/recordingcolumns.h"
+#include "logbook/window/recordingview.h"
+#include "logbook/window/tablepages.h"
+#include "resources/resources.h"
+#include "sample.h"
+#include "settings/varnelsettings.h"
+#include "settings/viewstate.h"
+#include "support/columns.h"
+#include "support/modaldialog.h"
+#include "support/paintlog.h"
+#include "support/shellfixture.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTreeView>
+
+using Varnel = Varnel3Data;
+using Columns = RecordingColumns;
+
+/// The logbook's window, as its user goes about it.
+class TestLogbookWindow : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        initResources();
+        QLocale::setDefault(QLocale::c());
+    }
+
+    void init()
+    {
+        fixture = std::make_unique<ShellFixture>();
+        logbook = std::make_unique<Logbook>();
+        editor = std::make_unique<LogbookEditor>(logbook.get());
+        reader = std::make_unique<LogbookReader>(logbook.get(), fixture->path("own"));
+        for (int day = 0; day < 4; ++day)
+            ids.append(add(logbook.get(), sampleRecording(10 * day, Varnel::Discharge, 4800 - 100 * day)));
+    }
+
+    void cleanup()
+    {
+        window.reset();
+        reader.reset();
+        editor.reset();
+        logbook.reset();
+        ids.clear();
+    }
+
+    void figuresOfARow_data()
+    {
+        columns<int, QString>({"column", "text"});
+        const auto row = [](int column, const char *text) {
+            QTest::newRow(qPrintable(Columns::title(column))) << column << QString::fromUtf8(text);
+        };
+        row(Columns::Start, "≈ 01 Jan 2026 12:00");
+        row(Columns::Device, "Varnel 3");
+        row(Columns::Process, "Discharge");
+        row(Columns::Cells, "6");
+        row(Columns::Duration, "01:00:00");
+        row(Columns::Charge, "4800");
+        row(Columns::Energy, "106.56");
+        row(Columns::StartVoltage, "25.00");
+        row(Columns::EndVoltage, "19.80");
+        row(Columns::Temperature, "");
+        row(Columns::Resistance, "20");
+        row(Columns::CellResistances, "1.5  2.5  0.0  0.0  0.0  0.0");
+        row(Columns::Spread, "12");
+        row(Columns::Ended, "Completed");
+        row(Columns::Note, "two lines");
+        row(Columns::File, "2026-0_1.acp (gone)");
+    }
+
+    void figuresOfARow()
+    {
+        LogbookRecording recording = sampleRecording(0, Varnel::Discharge, 4800);
+        recording.isStartApproximate = recording.isGone = true;
+        recording.note = "two\nlines";
+        recording.figures.cellResistances[0] = 1.5;
+        recording.figures.cellResistances[1] = 2.5;
+        QFETCH(int, column);
+        QString text = Columns::text(*logbook, recording, column);
+        if (column == Columns::Start)
+            text.replace(" 1 Jan", " 01 Jan");
+        QTEST(text, "text");
+    }
+
+    /// What is not known comes last, either way; what is chosen stays.
+    void sorting()
+    {
+        LogbookRecording unread;
+        unread.file = "/r/unread.acp";
+        const qint64 last = add(logbook.get(), unread);
+        open();
+        view()->choose(ids[1]);
+        QSignalSpy selected(view(), SIGNAL(selected()));
+        for (const auto order : {Qt::AscendingOrder, Qt::DescendingOrder}) {
+            for (const int column : {Columns::Charge, Columns::Device, Columns::Start}) {
+                view()->QTableView::sortByColumn(column, order);
+                QCOMPARE(window->shownIds().last(), last);
+                QCOMPARE(view()->selectedIds(), QVector<qint64>{ids[1]});
+            }
+            QCOMPARE(window->shownIds().first(), order == Qt::AscendingOrder ? ids[0] : ids[3]);
+        }
+        view()->selectAll();
+        type("discharge");
+        QCOMPARE(view()->selectedIds().size(), 4);
+        type("nothing like that");
+        QCOMPARE(view()->selectedIds().size(), 0);
+        QCOMPARE(window->findChild<QLabel *>("logbookCount")->text(), "0 of 5 recording(s)");
+        QTest::keyClick(window->findChild<QLineEdit *>("filterText"), Qt::Key_Escape);
+        QCOMPARE(window->shownIds().size(), 5);
+        QVERIFY(window->isVisible());
+        window->findChild<QComboBox *>("filterProcess")->setCurrentIndex(1); // charge
+        QCOMPARE(window->shownIds().size(), 0);
+        trigger("Clear filter");
+        QCOMPARE(window->shownIds().size(), 5);
+    }
+
+    /// By dialogs: a new pack, the one that is offered, another name, merged, taken apart; and all back.
+    void packsByDialogs()
+    {
+        open();
+        QVERIFY(!action("Assign to pack...")->isEnabled() && !action("Undo")->isEnabled());
+        view()->choose(ids[0]);
+        whenModal<PackDialog>(window.get(), [](PackDialog *dialog) {
+            QCOMPARE(dialog->pack().cells, 6);
+            QCOMPARE(dialog->pack().cellType, 5);
+            QVERIFY(!dialog->findChild<QPushButton *>()->isEnabled()); // OK
+            dialog->findChild<QLineEdit *>("packName")->setText(" A ");
+            dialog->findChild<QSpinBox *>("packCapacity")->setValue(5000);
+            dialog->accept();
+        });
+        trigger("Assign to pack...");
+        const qint64 a = logbook->recording(ids[0])->pack;
+        QCOMPARE(logbook->pack(a)->name, "A");
+        QCOMPARE(logbook->recording(ids[1])->pack, LogbookPack::none); // nothing assigns itself
+        view()->choose(ids[1]);
+        QCOMPARE(view()->currentIndex().siblingAtColumn(Columns::Pack).data().toString(), "A ?");
+        trigger("Assign to A");
+        QCOMPARE(logbook->recording(ids[1])->pack, a);
+        view()->choose(ids[2]);
+        whenModal<PackChoice>(window.get(), [this](PackChoice *choice) {
+            QVERIFY(choice->chosen() != PackChoice::newPack); // the one that is offered
+            whenModal<PackDialog>(window.get(), [](PackDialog *dialog) {
+                dialog->findChild<QLineEdit *>("packName")->setText("B");
+                dialog->accept();
+            });
+            QTest::keyClick(choice->findChild<QWidget *>("packs"), Qt::Key_End);
+            choice->accept();
+        });
+        trigger("Assign to pack...");
+        const qint64 b = logbook->recording(ids[2])->pack;
+        QCOMPARE(logbook->packName(b), "B");
+        QTRY_COMPARE(packs()->model()->rowCount(), 4);
+        choosePack(2);
+        QCOMPARE(window->shownIds(), (QVector<qint64>{ids[1], ids[0]}));
+        whenModal<PackChoice>(window.get(), [b](PackChoice *choice) {
+            QCOMPARE(choice->chosen(), b);
+            choice->accept();
+        });
+        trigger("Merge packs...");
+        QCOMPARE(logbook->recording(ids[2])->pack, a);
+        QTRY_COMPARE(window->shownIds().size(), 3);
+        view()->choose(ids[0]);
+        whenModal<PackDialog>(window.get(), [](PackDialog *dialog) { dialog->accept(); });
+        trigger("Take apart...");
+        QCOMPARE(logbook->packName(logbook->recording(ids[0])->pack), "A (2)");
+        QCOMPARE(window->shownIds(), QVector<qint64>{ids[0]}); // the new pack is shown
+        while (action("Undo")->isEnabled())
+            action("Undo")->trigger();
+        QCOMPARE(logbook->packs().size(), 0);
+        QTRY_COMPARE(window->shownIds().size(), 4);
+        while (action("Redo")->isEnabled())
+            action("Redo")->trigger();
+        QCOMPARE(logbook->packName(logbook->recording(ids[0])->pack), "A (2)");
+    }
+
+    void files()
+    {
+        LogbookRecording found = sampleRecording(100, Varnel::Charge, 4000);
+        found.file = fixture->path("data/x.acp");
+        QDir().mkpath(fixture->path("data"));
+        QFile file(found.file);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("x") == 1);
+        file.close();
+        const qint64 id = add(logbook.get(), found);
+        logbook->setGone(logbook->recording(ids[0])->file, true);
+        open();
+        QSignalSpy opened(window.get(), SIGNAL(openWanted(QStringList)));
+        QSignalSpy overlaid(window.get(), SIGNAL(overlayWanted(QStringList,QStringList)));
+        view()->choose(ids[0]);
+        QVERIFY(!action("Open")->isEnabled() && action("Remove from logbook")->isEnabled());
+        view()->choose(id);
+        QVERIFY(!action("Remove from logbook")->isEnabled());
+        QTest::keyClick(view(), Qt::Key_Return);
+        QCOMPARE(opened.takeFirst().first().toStringList(), QStringList{found.file});
+        trigger("Overlay");
+        QCOMPARE(overlaid.first().at(0).toStringList(), QStringList{found.file});
+        QVERIFY(overlaid.first().at(1).toStringList().first().startsWith("x, "));
+        for (const auto answer : {QMessageBox::RejectRole, QMessageBox::AcceptRole}) {
+            whenModal<QMessageBox>(window.get(), [&](QMessageBox *box) {
+                QVERIFY(box->informativeText().contains("x.acp"));
+                const auto buttons = box->buttons();
+                for (QAbstractButton *button : buttons)
+                    if (box->buttonRole(button) == answer)
+                        return button->click();
+            });
+            QCOMPARE(QFile::exists(found.file), true);
+            trigger("Delete file...");
+        }
+        QTRY_VERIFY(logbook->recording(id)->isGone); // in the waste bin
+        QVERIFY(!QFile::exists(found.file));
+        QTRY_VERIFY(action("Remove from logbook")->isEnabled());
+        trigger("Remove from logbook");
+        QTRY_COMPARE(window->shownIds().size(), 4);
+        QVERIFY(!logbook->recording(id));
+    }
+
+    /// A click on a point shows its row, whatever is filtered; the keyboard goes along the points.
+    void course()
+    {
+        LogbookPack pack;
+        pack.name = "A";
+        pack.capacity = 5000;
+        editor->assign(ids, editor->addPack(pack));
+        open();
+        choosePack(2);
+        QCOMPARE(window->findChild<QLabel *>("courseHeadline")->text(),
+            "A, 5000 mAh, state of health 90 %, 4 cycle(s)");
+        auto *canvas = window->findChild<CourseCanvas *>();
+        type("nothing like that");
+        const CourseLine &line = canvas->chart().lines[0];
+        const QPointF place = canvas->chart().mapping(canvas->size()).place(line.points[1]);
+        QTest::mouseClick(canvas, Qt::LeftButton, {}, place.toPoint());
+        QCOMPARE(view()->selectedIds(), QVector<qint64>{ids[1]});
+        QCOMPARE(canvas->chart().marked, ids[1]);
+        QTest::keyClick(canvas, Qt::Key_Right);
+        QCOMPARE(view()->selectedIds(), QVector<qint64>{ids[2]});
+        QVERIFY2(
+            canvas->spokenText().contains("Discharge: 4.60 Ah (92 %)"), qPrintable(canvas->spokenText()));
+        window->findChild<QComboBox *>("courseAxis")->setCurrentIndex(1);
+        QCOMPARE(canvas->chart().lines[0].points[3].at, 4.0);
+        window->findChild<QComboBox *>("courseQuantity")->setCurrentIndex(2);
+        QCOMPARE(canvas->chart().lines[0].points[3].value, 50.0);
+    }
+
+    /// Columns, and what the chart shows, are as they were left.
+    void keepsItsLooks()
+    {
+        open();
+        view()->choose(ids[0]);
+        view()->setCurrentIndex(view()->model()->index(0, Columns::Port));
+        trigger("Hide column");
+        view()->setCurrentIndex(view()->model()->index(0, Columns::Charge));
+        for (int i = 0; i < 3; ++i)
+            trigger("Move column left");
+        trigger("Sort by column");
+        window->findChild<QComboBox *>("courseQuantity")->setCurrentIndex(3);
+        VarnelSettings settings;
+        window->writeState(&settings);
+        open();
+        QVERIFY(view()->isColumnHidden(Columns::Port) && !view()->isColumnHidden(Columns::Device));
+        QCOMPARE(view()->horizontalHeader()->visualIndex(Columns::Charge), int(Columns::Charge) - 3);
+        QCOMPARE(window->shownIds().first(), ids[3]); // the least charge
+        QCOMPARE(window->findChild<QComboBox *>("courseQuantity")->currentIndex(), 3);
+        const TablePages pages(*view()->model(), *view()->horizontalHeader());
+        QCOMPARE(pages.count(), 1);
+        PaintLog log(TablePages::size().toSize());
+        QPainter painter(&log);
+        pages.paint(painter, 0);
+        painter.end();
+        const QString painted = log.lines().join('\n');
+        QVERIFY2(painted.contains("'4500'") && !painted.contains("'COM3'"), qPrintable(painted));
+        for (int i = 0; i < Columns::count + 3; ++i)
+            trigger("Hide column"); // one stays
+        QVERIFY(view()->horizontalHeader()->hiddenSectionCount() < Columns::count);
+        trigger("Show all columns");
+        QCOMPARE(view()->horizontalHeader()->hiddenSectionCount(), 0);
+    }
+
+private:
+    void open()
+    {
+        window = std::make_unique<LogbookWindow>(
+            LogbookCommands::Parts{logbook.get(), editor.get(), reader.get()}, &state, fixture->path("own"));
+        window->readState(VarnelSettings());
+        window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+    }
+    RecordingView *view() const { return window->findChild<RecordingView *>(); }
+    QTreeView *packs() const { return window->findChild<QTreeView *>("packs"); }
+    void choosePack(int row) const { packs()->setCurrentIndex(packs()->model()->index(row, 0)); }
+    void type(const QString &text) const { window->findChild<QLineEdit *>("filterText")->setText(text); }
+    QAction *action(const QString &text) const
+    {
+        const auto actions = window->findChildren<QAction *>();
+        const auto found = std::find_if(actions.begin(), actions.end(),
+            [&](const QAction *one) { return one->text() == text || one->text().startsWith(text + ": "); });
+        return found == actions.end() ? nullptr : *found;
+    }
+    void trigger(const QString &text) const
+    {
+        QAction *found = action(text);
+        QVERIFY2(found && found->isEnabled(), qPrintable(text));
+        found->trigger();
+    }
+
+    std::unique_ptr<ShellFixture> fixture;
+    std::unique_ptr<Logbook> logbook;
+    std::unique_ptr<LogbookEditor> editor;
+    std::unique_ptr<LogbookReader> reader;
+    std::unique_ptr<LogbookWindow> window;
+    ViewState state;
+    QVector<qint64> ids; // a discharge every ten days
+};
+
+QTEST_MAIN(TestLogbookWindow)
+#include "tst_logbookwindow.moc"
