@@ -16,6 +16,7 @@
 namespace {
 
 constexpr int allCells = Varnel3Data::maxCells;
+constexpr int huge = 4000000; // records
 const QRect area(0, 0, 1400, 400);
 
 // What is shown of a recording, and how.
@@ -121,6 +122,23 @@ void paintAgain(benchmark::State &state)
     paint(state, whole, false);
 }
 
+// As after each record of a recording whose axes have room for more.
+void paintGrown(benchmark::State &state)
+{
+    SeriesStore store = storeOf(int(state.range(0)));
+    std::vector<CurvePainter::Job> jobs;
+    for (int curve = 0; curve < whole.curves; ++curve)
+        jobs.push_back(jobFor(store, whole, curve));
+    CurvePainter curves;
+    QImage image = canvas();
+    for (auto _ : state) {
+        store.append(sampleRecord(store.size(), allCells));
+        QPainter painter(&image);
+        for (const CurvePainter::Job &job : jobs)
+            curves.draw(&painter, job);
+    }
+}
+
 // The spans alone, found beforehand: the least that painting again can take.
 void paintSpans(benchmark::State &state)
 {
@@ -170,9 +188,13 @@ BENCHMARK_CAPTURE(paintNaive, wideCells, wideCells)
     ->Arg(sampleCount)
     ->Iterations(1);
 BENCHMARK_CAPTURE(paintNaive, zoomed, zoomed)->Name("paint zoomed/naive")->Arg(sampleCount)->Iterations(1);
-BENCHMARK_CAPTURE(paintHouse, whole, whole)->Name("paint/house")->Arg(10000)->Arg(sampleCount);
+BENCHMARK_CAPTURE(paintHouse, whole, whole)->Name("paint/house")->Arg(10000)->Arg(sampleCount)->Arg(huge);
 BENCHMARK_CAPTURE(paintHouse, wide, wide)->Name("paint wide/house")->Arg(10000)->Arg(sampleCount);
-BENCHMARK_CAPTURE(paintHouse, cells, cells)->Name("paint cells/house")->Arg(10000)->Arg(sampleCount);
+BENCHMARK_CAPTURE(paintHouse, cells, cells)
+    ->Name("paint cells/house")
+    ->Arg(10000)
+    ->Arg(sampleCount)
+    ->Arg(huge);
 BENCHMARK_CAPTURE(paintHouse, zoomed, zoomed)->Name("paint zoomed/house")->Arg(10000)->Arg(sampleCount);
 BENCHMARK_CAPTURE(paintHouse, wideCells, wideCells)
     ->Name("paint wide cells/house")
@@ -183,5 +205,6 @@ BENCHMARK_CAPTURE(paintHouse, dozensJoined, dozensJoined)
     ->Name("paint dozens joined/house")
     ->Arg(sampleCount);
 BENCHMARK(paintAgain)->Name("paint/again")->Arg(sampleCount);
+BENCHMARK(paintGrown)->Name("paint/grown")->Arg(sampleCount)->Iterations(100);
 BENCHMARK(paintSpans)->Name("paint/spans")->Arg(sampleCount);
 BENCHMARK(paintWindow)->Name("paint window/house")->Arg(10000)->Arg(sampleCount)->Iterations(100);

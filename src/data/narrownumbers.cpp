@@ -18,18 +18,6 @@ void take(Range *range, int number)
 
 #if defined(__SSE2__)
 
-// What the registers have in `bytes` bytes, taken apart.
-template <typename Number>
-Range spread(__m128i low, __m128i high)
-{
-    constexpr int count = int(sizeof(__m128i) / sizeof(Number));
-    Number lows[count];
-    Number highs[count];
-    _mm_storeu_si128(reinterpret_cast<__m128i *>(lows), low);
-    _mm_storeu_si128(reinterpret_cast<__m128i *>(highs), high);
-    return {*std::min_element(lows, lows + count), *std::max_element(highs, highs + count)};
-}
-
 __m128i load(const void *at)
 {
     return _mm_loadu_si128(static_cast<const __m128i *>(at));
@@ -56,6 +44,22 @@ __m128i higher(__m128i a, __m128i b, quint16)
     return _mm_add_epi16(b, _mm_subs_epu16(a, b));
 }
 
+// What the registers have, each half with the other until a number is left.
+template <typename Number>
+Range folded(__m128i low, __m128i high)
+{
+    const auto fold = [&](__m128i lowHalf, __m128i highHalf) {
+        low = lower(low, lowHalf, Number());
+        high = higher(high, highHalf, Number());
+    };
+    fold(_mm_srli_si128(low, 8), _mm_srli_si128(high, 8));
+    fold(_mm_srli_si128(low, 4), _mm_srli_si128(high, 4));
+    fold(_mm_srli_si128(low, 2), _mm_srli_si128(high, 2));
+    if (sizeof(Number) == 1)
+        fold(_mm_srli_si128(low, 1), _mm_srli_si128(high, 1));
+    return {Number(_mm_cvtsi128_si32(low)), Number(_mm_cvtsi128_si32(high))};
+}
+
 /// The extremes of `count` numbers, above the lowest of their column; at least one register full.
 template <typename Number>
 Range wideExtremes(const char *bytes, int count)
@@ -71,7 +75,7 @@ Range wideExtremes(const char *bytes, int count)
     for (int i = step; i + step <= count; i += step)
         takeAt(i);
     takeAt(count - step); // some of them once more
-    return spread<Number>(low, high);
+    return folded<Number>(low, high);
 }
 
 #endif

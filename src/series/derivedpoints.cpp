@@ -41,7 +41,13 @@ int DerivedPoints::size(int kind) const
 void DerivedPoints::makeRoom()
 {
     if (isBlockFull())
-        m_kept.makeRoom(BlockArena::Slow);
+        makeBlockRoom(BlockArena::Slow);
+}
+
+void DerivedPoints::makeBlockRoom(BlockArena::Growth growth)
+{
+    m_kept.makeRoom(growth);
+    m_pyramid.makeRoom(kindsInUse());
 }
 
 void DerivedPoints::addNewest(const RecordList &records)
@@ -57,7 +63,7 @@ int DerivedPoints::loadBlock(const RecordList &records, int most)
     if (m_size % recordsBetweenLooks == 0)
         demandMemory(0);
     if (isBlockFull()) {
-        m_kept.makeRoom(BlockArena::Fast);
+        makeBlockRoom(BlockArena::Fast);
         packBlock(records);
     }
     const int first = m_size;
@@ -106,13 +112,15 @@ void DerivedPoints::packBlock(const RecordList &records)
     const int heard = m_hasCells ? CellPoints::heardAt(records, m_size - 1, m_kept.newest().heardBefore) : 0;
     packCells(records);
     m_kept.newest().heardBefore = heard;
+    Interval ranges[kindCount];
     for (int kind = 0; kind < kindsInUse(); ++kind) {
-        const Interval range = blockExtremes(records, kind, block);
+        ranges[kind] = blockExtremes(records, kind, block);
         if (block == 0)
-            m_wholeBlocks[kind] = range;
+            m_wholeBlocks[kind] = ranges[kind];
         else
-            m_wholeBlocks[kind].take(range);
+            m_wholeBlocks[kind].take(ranges[kind]);
     }
+    m_pyramid.add(ranges, kindsInUse());
 }
 
 // With the extremes that the columns of the records don't tell.
@@ -126,7 +134,9 @@ void DerivedPoints::packCells(const RecordList &records)
         CellPoints::copy(records, kind, block * length, length, m_kept.newest().heardBefore, points);
         ranges[count++] = extremesOf(points, 0, length);
     };
-    if (m_hasCells && allHaveCells(records, block)) {
+    const bool areTold = allHaveCells(records, block);
+    m_cellsTold = m_cellsTold && areTold;
+    if (m_hasCells && areTold) {
         add(CellDelta);
     } else if (m_hasCells) {
         for (int kind = CellMin; kind < kindsInUse(); ++kind)
@@ -142,10 +152,16 @@ Interval DerivedPoints::blockExtremes(const RecordList &records, int kind, int b
         const Interval range = m_kept.extremes(kind, block);
         return {range.low / figure.unit, range.high / figure.unit};
     }
-    if (kind == CellDelta || (kind >= CellMin && !allHaveCells(records, block)))
+    if (kind == CellDelta || (kind >= CellMin && !m_cellsTold && !allHaveCells(records, block)))
         return m_kept.cellExtremes(kind, block);
     const PackedColumn column = records.packed(block).column(figure.column);
     return {column.low / figure.unit, column.high / figure.unit};
+}
+
+Interval DerivedPoints::blocksExtremes(const RecordList &records, int kind, int begin, int end) const
+{
+    return m_pyramid.extremes(
+        kind, begin, end, [&](int block) { return blockExtremes(records, kind, block); });
 }
 
 void DerivedPoints::addResistance(qint64 point)

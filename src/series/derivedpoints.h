@@ -1,5 +1,6 @@
 #pragma once
 
+#include "series/extremespyramid.h"
 #include "series/keptpoints.h"
 #include "series/resistancefold.h"
 
@@ -31,14 +32,20 @@ public:
     bool isTimeMonotone() const { return m_timeMonotone; }
 
     const KeptPoints &kept() const { return m_kept; }
+    /// By each record of all such blocks.
+    bool areCellsTold() const { return m_cellsTold; }
     /// The extremes of a series in a block that gets no more points.
     Interval blockExtremes(const RecordList &records, int kind, int block) const;
+    /// Those of the blocks `begin`..`end` - 1, of which there is at least one; hardly longer for more of
+    /// them.
+    Interval blocksExtremes(const RecordList &records, int kind, int begin, int end) const;
     /// The extremes of all such blocks together, of which there is one at least.
     Interval wholeBlocks(int kind) const { return m_wholeBlocks[kind]; }
 
 private:
     int kindsInUse() const { return m_hasCells ? Cell1 + m_cellCount : int(CellMin); }
     bool isBlockFull() const { return m_size > 0 && m_size % KeptPoints::length == 0; }
+    void makeBlockRoom(BlockArena::Growth growth);
     void packBlock(const RecordList &records);
     void packCells(const RecordList &records);
     void addFigures(const RecordList &records, int count);
@@ -52,9 +59,11 @@ private:
     int m_size = 0;
     int m_resistancePoints = 0; // as many, or one more
     Interval m_wholeBlocks[kindCount];
+    ExtremesPyramid m_pyramid;
     ResistanceFold m_resistance;
     int m_device = Varnel3Data::NoDevice;
     bool m_hasCells = false;
+    bool m_cellsTold = true;
     int m_cellCount = 0;
     qint64 m_temperatureSum = 0; // four times the running value
     double m_dvSum = 0.0; // twelve times the running value

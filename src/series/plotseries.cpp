@@ -5,6 +5,19 @@
 
 #include <algorithm>
 
+namespace {
+
+void fetchMemory(const void *place)
+{
+#if defined(__GNUC__)
+    __builtin_prefetch(place);
+#else
+    (void)place;
+#endif
+}
+
+} // namespace
+
 PlotSeries::PlotSeries(const RecordList &records, const DerivedPoints &points, int kind)
     : m_records(&records)
     , m_points(&points)
@@ -19,14 +32,49 @@ NarrowNumbers PlotSeries::figures(int block) const
     return isKept() ? m_points->kept().figures(m_kind, block) : m_records->numbers(m_figure.column, block);
 }
 
-double PlotSeries::operator[](int index) const
+PlotSeries::Block PlotSeries::lookAt(int index) const
+{
+    const bool isPlain = m_kind != SeriesKinds::Dv && m_kind != SeriesKinds::CellDelta
+        && (!isOfCells() || areCellsTold(index));
+    return {index, isPlain, m_kind == SeriesKinds::Dv ? NarrowNumbers() : figures(index),
+        index < packedBlocks() ? m_points->blockExtremes(*m_records, m_kind, index) : Interval()};
+}
+
+int PlotSeries::packedBlocks() const
+{
+    return m_points->kept().blocks();
+}
+
+// Of whole blocks.
+Interval PlotSeries::wholeExtremes(int begin, int end) const
+{
+    return m_points->blocksExtremes(*m_records, m_kind, begin, end);
+}
+
+void PlotSeries::fetchPlace(int index) const
 {
     const int block = index / blockSize;
+    if (m_figure.column >= 0 && block < packedBlocks())
+        fetchMemory(m_records->packed(block).placeOf(m_figure.column));
+}
+
+void PlotSeries::fetch(int index) const
+{
+    const int block = index / blockSize;
+    if (m_figure.column < 0 || block >= packedBlocks())
+        return;
+    const NarrowNumbers numbers = m_records->numbers(m_figure.column, block);
+    fetchMemory(numbers.bytes + index % blockSize * numbers.width);
+}
+
+double PlotSeries::operator[](int index) const
+{
+    const Block &block = blockAt(index / blockSize);
+    if (block.isPlain)
+        return block.numbers[index % blockSize] / m_figure.unit;
     if (m_kind == SeriesKinds::Dv)
-        return m_points->kept().slopes(block)[index % blockSize];
-    if (!isOfCells())
-        return figures(block)[index % blockSize] / m_figure.unit;
-    const int heard = CellPoints::heardAt(*m_records, index, m_points->kept().heardBefore(block));
+        return m_points->kept().slopes(block.index)[index % blockSize];
+    const int heard = CellPoints::heardAt(*m_records, index, m_points->kept().heardBefore(block.index));
     return CellPoints::pointOf(*m_records, m_kind, heard);
 }
 
@@ -59,20 +107,22 @@ void PlotSeries::copyPiece(int begin, int count, double *points) const
 // By each of a block's records.
 bool PlotSeries::areCellsTold(int block) const
 {
+    if (m_points->areCellsTold() && block < packedBlocks())
+        return true;
     const NarrowNumbers flags = m_records->numbers(RecordColumns::Flag5, block);
     return flags.width == 0 && flags.low == 'B';
 }
 
 Interval PlotSeries::extremesInBlock(int begin, int end) const
 {
-    const int block = begin / blockSize;
+    const Block &block = blockAt(begin / blockSize);
     const int first = begin % blockSize;
-    if (m_kind == SeriesKinds::Dv)
-        return extremesOf(m_points->kept().slopes(block), first, first + end - begin);
-    if (!isOfCells() || (m_kind != SeriesKinds::CellDelta && areCellsTold(block))) {
-        const NarrowNumbers::Range range = figures(block).extremes(first, first + end - begin);
+    if (block.isPlain) {
+        const NarrowNumbers::Range range = block.numbers.extremes(first, first + end - begin);
         return {range.low / m_figure.unit, range.high / m_figure.unit};
     }
+    if (m_kind == SeriesKinds::Dv)
+        return extremesOf(m_points->kept().slopes(block.index), first, first + end - begin);
     double points[blockSize];
     copyPiece(begin, end - begin, points);
     return extremesOf(points, 0, end - begin);
@@ -80,16 +130,11 @@ Interval PlotSeries::extremesInBlock(int begin, int end) const
 
 Interval PlotSeries::extremes(int begin, int end) const
 {
-    const auto pieceEnd = [end](int from) { return qMin(end, (from / blockSize + 1) * blockSize); };
-    const auto piece = [this](int from, int to) {
-        const int block = from / blockSize;
-        return to - from == blockSize && block < m_points->kept().blocks()
-            ? m_points->blockExtremes(*m_records, m_kind, block)
-            : extremesInBlock(from, to);
-    };
-    Interval found = piece(begin, pieceEnd(begin));
-    for (int from = pieceEnd(begin); from < end; from = pieceEnd(from))
-        found.take(piece(from, pieceEnd(from)));
+    const double point = (*this)[begin];
+    Interval found = {point, point};
+    tellExtremes(
+        begin, end, [&](const Interval &range) { return found.low <= range.low && found.high >= range.high; },
+        [&](const Interval &range) { found.take(range); });
     return found;
 }
 

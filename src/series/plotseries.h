@@ -4,6 +4,8 @@
 #include "series/interval.h"
 #include "series/seriesfigures.h"
 
+#include <limits>
+
 class DerivedPoints;
 
 /// A view on one plot series: a point for each record, made from the record's figures when it is asked for,
@@ -17,6 +19,10 @@ public:
     bool isEmpty() const { return m_size == 0; }
     double operator[](int index) const;
     double last() const { return (*this)[m_size - 1]; }
+    /// Has what tells the place of point `index` fetched from memory, which takes longer than all the rest
+    /// where a recording is long; and, somewhat later, the point. Changes nothing else.
+    void fetchPlace(int index) const;
+    void fetch(int index) const;
     /// Writes the points `begin`..`begin` + `count` - 1, faster than one by one.
     void copy(int begin, int count, double *points) const;
     /// Calls take(begin, points, count) for one piece of begin..end - 1 after the other.
@@ -31,12 +37,17 @@ public:
             begin += count;
         }
     }
-    /// Index of the first point from `from` on that is not isBefore(point), of which all before it are; size()
-    /// without any.
+    /// Index of the first point from `from` on that is not isBefore(point), of which all before it are;
+    /// size() without any. Found soonest if it is one of the next `likely` points, at least one.
     template <typename IsBefore>
-    int firstNot(int from, const IsBefore &isBefore) const
+    int firstNot(int from, const IsBefore &isBefore, int likely = std::numeric_limits<int>::max()) const
     {
-        for (int count = m_size - from; count > 0;) {
+        int count = m_size - from;
+        for (; likely < count && isBefore((*this)[from + likely]); likely += qMin(likely, count - likely)) {
+            from += likely + 1;
+            count -= likely + 1;
+        }
+        for (count = qMin(count, likely); count > 0;) {
             const int half = count / 2;
             const bool goesOn = isBefore((*this)[from + half]);
             from += goesOn ? half + 1 : 0;
@@ -48,14 +59,50 @@ public:
     /// Extremes of all points; 0 without any.
     double minimum() const { return wholeRange().low; }
     double maximum() const { return wholeRange().high; }
-    /// The lowest and the highest of the points `begin`..`end` - 1, of which there is at least one; looks at
-    /// less than two blocks of them and at one pair for each block between.
+    /// The lowest and the highest of the points `begin`..`end` - 1, of which there is at least one.
     Interval extremes(int begin, int end) const;
+    /// Calls take(extremes) of parts of these points until all are told; but not of a part that lies in a
+    /// block whose extremes are isKnown(). Looks at less than two blocks, and hardly longer for more
+    /// between them.
+    template <typename IsKnown, typename Take>
+    void tellExtremes(int begin, int end, const IsKnown &isKnown, const Take &take) const
+    {
+        const int firstWhole = (begin + blockSize - 1) / blockSize;
+        const int endWhole = qMin(end / blockSize, packedBlocks());
+        if (firstWhole < endWhole)
+            take(wholeExtremes(firstWhole, endWhole));
+        for (int from = begin; from < end;) {
+            const int index = from / blockSize;
+            const int to = qMin(end, (index + 1) * blockSize);
+            const bool isTaken = index >= firstWhole && index < endWhole;
+            if (!isTaken && !(index < packedBlocks() && isKnown(blockAt(index).range)))
+                take(extremesInBlock(from, to));
+            from = isTaken ? endWhole * blockSize : to;
+        }
+    }
     static constexpr int blockSize = RecordList::blockSize;
 
 private:
     bool isOfCells() const { return m_kind >= SeriesKinds::CellMin; }
     bool isKept() const { return m_kind == SeriesKinds::Temperature || m_kind == SeriesKinds::Resistance; }
+    /// What a look at a block takes, which the next look mostly takes again.
+    struct Block {
+        int index = -1;
+        bool isPlain = false; ///< each point is a number by the unit
+        NarrowNumbers numbers;
+        Interval range; ///< of a packed one
+    };
+
+    const Block &blockAt(int index) const
+    {
+        Block &block = m_looks[index % looks];
+        if (block.index != index)
+            block = lookAt(index);
+        return block;
+    }
+    Block lookAt(int index) const;
+    int packedBlocks() const;
+    Interval wholeExtremes(int begin, int end) const;
     NarrowNumbers figures(int block) const;
     void copyPiece(int begin, int count, double *points) const;
     bool areCellsTold(int block) const;
@@ -67,4 +114,6 @@ private:
     int m_kind;
     int m_size;
     SeriesFigure m_figure;
+    static constexpr int looks = 4; // neighbouring columns of a picture share their blocks
+    mutable Block m_looks[looks];
 };

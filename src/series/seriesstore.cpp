@@ -33,6 +33,7 @@ void SeriesStore::clear()
 
 void SeriesStore::begin(const Varnel3Data &record)
 {
+    m_appendedTo = nextRevision();
     m_device = record.device;
     m_points.begin(record);
     m_syntheticTime = 0;

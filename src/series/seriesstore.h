@@ -48,6 +48,9 @@ public:
     bool newestLacksResistance() const;
     /// Another one after every record and every load, and never that of another store with records.
     quint64 revision() const { return m_revision; }
+    /// Another one wherever points are no longer what they were; the same while records are only appended,
+    /// once they are more than firstResistance(). Never that of another store with records.
+    quint64 appendedTo() const { return m_appendedTo; }
 
     /// Takes a copy of `record`, completes it and derives its points. Throws std::bad_alloc where there is
     /// too little memory, some time before the rest of the program lacks it, and holds what it held before.
@@ -84,4 +87,5 @@ private:
     int m_syntheticTime = 0; // s
     double m_resistances[Varnel3Data::maxCells] = {}; // mOhm, the last known of each cell
     quint64 m_revision = 0;
+    quint64 m_appendedTo = 0;
 };

@@ -3,6 +3,7 @@ target_sources(varnel_core PRIVATE
     series/derivedpoints.cpp series/derivedpoints.h
     series/endmark.cpp series/endmark.h
     series/extremes.cpp series/extremes.h
+    series/extremespyramid.cpp series/extremespyramid.h
     series/interval.cpp series/interval.h
     series/keptpoints.cpp series/keptpoints.h
     series/plotseries.cpp series/plotseries.h

@@ -36,18 +36,26 @@ CurvePainter::CurvePainter()
 CurvePainter::~CurvePainter() = default;
 CurvePainter &CurvePainter::operator=(CurvePainter &&other) noexcept = default;
 
-bool CurvePainter::Key::operator==(const Key &other) const
+bool CurvePainter::Key::isOf(const Key &other) const
 {
-    return store == other.store && revision == other.revision && first == other.first && width == other.width
-        && area == other.area && std::equal(std::begin(maps), std::end(maps), std::begin(other.maps));
+    return store == other.store && appendedTo == other.appendedTo && first == other.first
+        && width == other.width && area == other.area
+        && std::equal(std::begin(maps), std::end(maps), std::begin(other.maps));
 }
 
 CurvePainter::Key CurvePainter::keyOf(const Job &job)
 {
     const QwtScaleMap &x = job.timeMap;
     const QwtScaleMap &y = job.valueMap;
-    return {job.store, job.store->revision(), job.first, job.pen.width(), job.area,
+    return {job.store, job.store->appendedTo(), job.store->size(), job.first, job.pen.width(), job.area,
         {x.s1(), x.s2(), x.p1(), x.p2(), y.s1(), y.s2(), y.p1(), y.p2()}};
+}
+
+// What was found before still holds, and more has been appended. The first points may change.
+bool CurvePainter::isGrown(const Job &job, const Key &before, const Key &now)
+{
+    return now.isOf(before) && before.size > SeriesStore::firstResistance() + 1 && before.size < now.size
+        && job.store->isTimeMonotone();
 }
 
 void CurvePainter::updateColumns(const Job &job)
@@ -58,9 +66,13 @@ void CurvePainter::updateColumns(const Job &job)
     key.first = key.width = 0;
     if (key == m_columnsKey)
         return;
+    const bool isMore = isGrown(job, m_columnsKey, key);
     m_columnsKey = key;
-    m_columns.assign(job.store->series(SeriesStore::Time), job.store->isTimeMonotone(), job.timeMap,
-        job.area.left(), job.area.right());
+    const PlotSeries &times = job.store->series(SeriesStore::Time);
+    if (isMore)
+        m_columns.extend(times, job.timeMap);
+    else
+        m_columns.assign(times, job.store->isTimeMonotone(), job.timeMap, job.area.left(), job.area.right());
 }
 
 // Few samples are drawn as they are. Where times run back all count, since any may be on the area.
@@ -98,11 +110,14 @@ const CurveSpans &CurvePainter::spansOf(const Job &job)
 {
     Found &found = m_found[job.series];
     const Key key = keyOf(job);
-    if (!(key == found.key)) {
-        found.key = key;
-        found.spans.assign(
-            {job.store->series(job.series), job.first, m_columns, job.valueMap}, job.area, job.pen.width());
-    }
+    if (key == found.key)
+        return found.spans;
+    const CurveSpans::Source source = {job.store->series(job.series), job.first, m_columns, job.valueMap};
+    if (isGrown(job, found.key, key))
+        found.spans.extend(source, job.area);
+    else
+        found.spans.assign(source, job.area, job.pen.width());
+    found.key = key;
     return found.spans;
 }
 

@@ -35,13 +35,15 @@ public:
 private:
     struct Key {
         const SeriesStore *store = nullptr;
-        quint64 revision = 0;
+        quint64 appendedTo = 0;
+        int size = 0; ///< samples
         int first = 0;
         int width = 0;
         QRect area;
         double maps[8] = {};
 
-        bool operator==(const Key &other) const;
+        bool isOf(const Key &other) const; ///< but for samples that one of them lacks
+        bool operator==(const Key &other) const { return isOf(other) && size == other.size; }
     };
     struct Line;
     struct Found {
@@ -50,6 +52,7 @@ private:
     };
 
     static Key keyOf(const Job &job);
+    static bool isGrown(const Job &job, const Key &before, const Key &now);
     void updateColumns(const Job &job);
     bool isSparse(const Job &job) const;
     const CurveSpans &spansOf(const Job &job);

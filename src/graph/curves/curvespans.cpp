@@ -11,24 +11,60 @@
 #include <algorithm>
 #include <cstdlib>
 
+namespace {
+
+constexpr size_t ahead = 6; // columns whose samples are on their way from memory
+
+} // namespace
+
+// What lies between rows that the column holds anyway is not looked at.
 CurveSpans::Column CurveSpans::columnAt(const Source &source, int x, int begin, int end)
 {
-    const Interval extremes = source.values.extremes(begin, end);
-    const int a = pixelOf(source.valueMap, extremes.low);
-    const int b = pixelOf(source.valueMap, extremes.high);
-    return {x, qMin(a, b), qMax(a, b), pixelOf(source.valueMap, source.values[begin]),
-        pixelOf(source.valueMap, source.values[end - 1])};
+    const int first = pixelOf(source.valueMap, source.values[begin]);
+    const int last = pixelOf(source.valueMap, source.values[end - 1]);
+    Column column = {x, qMin(first, last), qMax(first, last), first, last};
+    source.values.tellExtremes(
+        begin, end,
+        [&](const Interval &range) {
+            return column.holds(pixelOf(source.valueMap, range.low))
+                && column.holds(pixelOf(source.valueMap, range.high));
+        },
+        [&](const Interval &range) {
+            for (double value : {range.low, range.high}) {
+                const int row = pixelOf(source.valueMap, value);
+                column.top = qMin(column.top, row);
+                column.bottom = qMax(column.bottom, row);
+            }
+        });
+    return column;
 }
 
 void CurveSpans::assign(const Source &source, const QRect &area, int width)
 {
-    clearVectorState();
     m_width = width;
-    m_spans.clear();
-    m_lines.clear();
-    Column current = {0, 0, 0, 0, 0};
-    bool hasCurrent = false;
-    for (const TimeColumns::Stretch &stretch : source.columns.stretches()) {
+    m_start = Start();
+    extend(source, area);
+}
+
+void CurveSpans::extend(const Source &source, const QRect &area)
+{
+    clearVectorState();
+    m_lines.resize(m_start.lines);
+    m_spans.resize(m_start.spans);
+    if (m_start.spans > 0)
+        m_spans.last() = m_start.lastSpan;
+    Column current = m_start.column;
+    bool hasCurrent = m_start.hasColumn;
+    const std::vector<TimeColumns::Stretch> &stretches = source.columns.stretches();
+    for (size_t i = m_start.stretch; i < stretches.size(); ++i) {
+        if (i + 1 == stretches.size())
+            m_start = {i, hasCurrent, current, m_spans.size(), m_lines.size(),
+                m_spans.isEmpty() ? QRect() : m_spans.last()};
+        const TimeColumns::Stretch &stretch = stretches[i];
+        if (i + 2 * ahead < stretches.size()) {
+            source.values.fetchPlace(stretches[i + 2 * ahead].begin);
+            source.values.fetch(stretches[i + ahead].begin);
+        }
         const int begin = qMax(stretch.begin, source.first);
         if (begin >= stretch.end)
             continue;
@@ -42,8 +78,10 @@ void CurveSpans::assign(const Source &source, const QRect &area, int width)
     }
     if (hasCurrent)
         addSpan(current, area);
-    if (m_spans.size() > area.width() + 1) // a wide one may reach in from beside the area
+    if (m_spans.size() > area.width() + 1) { // a wide one may reach in from beside the area
         removeOverdraw(area);
+        m_start = Start();
+    }
 }
 
 // Where times run back columns come again and again: each pixel is painted once, and most of the wide lines

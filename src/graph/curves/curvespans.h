@@ -23,6 +23,8 @@ public:
 
     /// Finds the spans inside `area` of a curve of `width` pixels, 1 or 2.
     void assign(const Source &source, const QRect &area, int width);
+    /// The same for the same curve after its columns were extended: looks at what is new.
+    void extend(const Source &source, const QRect &area);
     /// Draws in `painter`'s pen, inside its clip.
     void draw(QPainter *painter) const;
     const QVector<QRect> &spans() const { return m_spans; }
@@ -35,12 +37,22 @@ private:
         bool holds(int y) const { return y >= top && y <= bottom; }
     };
 
+    /// What stood before the last column, which may still grow.
+    struct Start {
+        size_t stretch = 0;
+        bool hasColumn = false;
+        Column column = {0, 0, 0, 0, 0}; ///< not among the spans yet
+        int spans = 0, lines = 0;
+        QRect lastSpan;
+    };
+
     static Column columnAt(const Source &source, int x, int begin, int end);
     void join(Column *column, const Column &next);
     void addSpan(const Column &column, const QRect &area);
     void removeOverdraw(const QRect &area);
 
     int m_width = 1;
+    Start m_start;
     QVector<QRect> m_spans;
     QVector<QLine> m_lines;
 };

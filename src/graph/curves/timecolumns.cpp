@@ -33,27 +33,55 @@ void TimeColumns::assign(const PlotSeries &times, bool ascending, const QwtScale
         assignAny(times, map);
 }
 
+namespace {
+
+// The first sample from `from` on that lies in `column` or behind, `likely` one of so many.
+int startOf(int column, int from, int likely, const PlotSeries &times, const QwtScaleMap &map)
+{
+    return times.firstNot(
+        from, [&](double time) { return pixelOf(map, time) < column; }, likely);
+}
+
+} // namespace
+
 void TimeColumns::assignAscending(const PlotSeries &times, const QwtScaleMap &map)
 {
-    const int end = times.size();
-    const auto startOf = [&](int from, int column) {
-        return times.firstNot(from, [&](double time) { return pixelOf(map, time) < column; });
-    };
-    const int first = startOf(0, m_left);
+    const int first = startOf(m_left, 0, qMax(1, times.size()), times, map);
     if (first > 0)
         m_stretches.push_back({pixelOf(map, times[first - 1]), first - 1, first});
-    int from = first;
-    while (from != end) {
+    takeFrom(first, times, map);
+}
+
+// What lies before `from` is taken.
+void TimeColumns::takeFrom(int from, const PlotSeries &times, const QwtScaleMap &map)
+{
+    const int first = from;
+    int likely = 1;
+    while (from != times.size()) {
         const int x = pixelOf(map, times[from]);
         if (x > m_right)
             break;
-        const int next = startOf(from, x + 1);
+        const int next = startOf(x + 1, from, likely, times, map);
         m_stretches.push_back({x, from, next});
+        likely = next - from + 1;
         from = next;
     }
-    m_sampleCount = from - first;
-    if (from != end)
+    m_sampleCount += from - first;
+    if (from != times.size())
         m_stretches.push_back({pixelOf(map, times[from]), from, from + 1});
+}
+
+// Only the last stretch can grow, and before it the neighbour on the left may still move.
+void TimeColumns::extend(const PlotSeries &times, const QwtScaleMap &map)
+{
+    if (m_stretches.size() < 2)
+        return assign(times, true, map, m_left + 1, m_right - 1);
+    const Stretch last = m_stretches.back();
+    if (last.x > m_right)
+        return;
+    m_stretches.pop_back();
+    m_sampleCount -= last.end - last.begin;
+    takeFrom(last.begin, times, map);
 }
 
 void TimeColumns::assignAny(const PlotSeries &times, const QwtScaleMap &map)

@@ -20,6 +20,10 @@ public:
     /// that lines reach over it. Where they do not ascend throughout, the cost is one look at each of them.
     void assign(const PlotSeries &times, bool ascending, const QwtScaleMap &map, int left, int right);
 
+    /// Takes in what has been appended to `times`, which still ascend, since they were last assigned with
+    /// this map; at a cost that depends on that alone.
+    void extend(const PlotSeries &times, const QwtScaleMap &map);
+
     /// What a curve passes through on its way, in the order of the samples; in ascending times a column once
     /// at most. Before and after columns of the area stands the neighbour outside. Of a series that jumps
     /// about more than any device does, several stretches are one, in the column of the first.
@@ -30,6 +34,7 @@ public:
 private:
     void assignAscending(const PlotSeries &times, const QwtScaleMap &map);
     void assignAny(const PlotSeries &times, const QwtScaleMap &map);
+    void takeFrom(int from, const PlotSeries &times, const QwtScaleMap &map);
     void add(const Stretch &stretch);
     void thinOut();
     int sideOf(int x) const { return x < m_left ? -1 : x > m_right; }

@@ -182,6 +182,29 @@ private slots:
         }
     }
 
+    /// What was found before records came is drawn on, and is the same as found anew.
+    void drawsOnAsRecordsCome()
+    {
+        for (const char *name : {"noise", "gaps", "steps", "set back"}) {
+            const Wave &wave = *std::find_if(std::begin(waves), std::end(waves),
+                [&](const Wave &w) { return QLatin1String(name) == w.name; });
+            SeriesStore store;
+            CurvePainter kept[4];
+            for (int i = 0, next = 10; i < 6000; ++i) {
+                append(&store, wave.time(i, 6000), wave.voltage(i, 6000));
+                if (i != next)
+                    continue;
+                next += i % 3 == 0 ? 1 : 97;
+                for (int way = 0; way < 4; ++way) { // with a future, and with neighbours on both sides
+                    const auto job
+                        = jobFor(store, way < 2 ? 0 : 500, way < 2 ? 7000 : 3000, 11.9, 14.5, way % 2 + 1);
+                    CurvePainter anew;
+                    QVERIFY2(drawn(&kept[way], job) == drawn(&anew, job), qPrintable(QString::number(i)));
+                }
+            }
+        }
+    }
+
     /// The pixels of the whole line, but for columns in gaps, in which only what is steep is left: no peak is
     /// lost.
     void dashesTakeColumnsAway()
