@@ -3,6 +3,7 @@
 #include <QFile>
 
 #include <csignal>
+#include <malloc.h>
 #include <sys/resource.h>
 
 /// What this process uses of `Resource`, one of RLIMIT_..., stays within `bytes` while it lives.
@@ -46,6 +47,7 @@ public:
         : ProcessLimit(
             rlim_t(ownBytes(0) + qMin(bytes + (qint64(512) << 20), (bytes * 16 + ownBytes(0)) / 15)))
     {
+        ::mallopt(M_ARENA_MAX, 1); // a new thread would reserve 64 MB of it
     }
 };
 
