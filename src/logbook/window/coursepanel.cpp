@@ -32,7 +32,7 @@ CoursePanel::CoursePanel(const Logbook *logbook, QWidget *parent)
 {
     m_headline->setObjectName(QStringLiteral("courseHeadline"));
     m_headline->setTextFormat(Qt::PlainText);
-    m_headline->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_headline->setWordWrap(true);
     m_quantity->setObjectName(QStringLiteral("courseQuantity"));
     m_quantity->addItems(
         {tr("Capacity"), tr("Energy"), tr("Internal resistance"), tr("Spread of the cells")});

@@ -22,6 +22,7 @@ constexpr double msPerYear = 365.25 * 86400.0 * 1000.0;
 constexpr double fullLithium = 0.7;
 constexpr double fullOther = 0.45; // the range of the others goes up to what only a charge reaches
 constexpr double emptied = 0.55;
+constexpr double leftBehind = 0.62; // a weak cell ends a discharge while the others hold something
 // Where the device does not say that a process was completed.
 constexpr double discharged = 0.35;
 constexpr double chargedLithium = 0.95;
@@ -176,7 +177,7 @@ bool isFull(const LogbookRecording &recording)
     const double start = shareOf(figures, figures.startVoltage);
     const double end = shareOf(figures, figures.endVoltage);
     if (figures.mode == Varnel3Data::Charge)
-        return start <= emptied && (isCompleted || end >= (lithium ? chargedLithium : chargedOther));
+        return start <= leftBehind && (isCompleted || end >= (lithium ? chargedLithium : chargedOther));
     return figures.mode == Varnel3Data::Discharge && start >= (lithium ? fullLithium : fullOther)
         && end <= (isCompleted ? emptied : discharged);
 }

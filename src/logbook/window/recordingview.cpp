@@ -1,5 +1,6 @@
 #include "logbook/window/recordingview.h"
 
+#include "data/varnel3data.h"
 #include "logbook/window/recordingcolumns.h"
 #include "logbook/window/recordingtable.h"
 #include "widgets/displayscale.h"
@@ -55,10 +56,14 @@ RecordingView::RecordingView(RecordingTable *table, QWidget *parent)
 void RecordingView::fitColumns()
 {
     const QFontMetrics letters(font());
+    int mode = 0; // its names are as long as the language has them
+    for (int i = 0; i < Varnel3Data::NoMode; ++i)
+        mode = std::max(mode, letters.horizontalAdvance(Varnel3Data::modeName(i)));
     for (int column = 0; column < RecordingColumns::count; ++column) {
         const int cell = letters.horizontalAdvance(RecordingColumns::sample(column)) + scaled(cellSpace);
         const int title = letters.horizontalAdvance(RecordingColumns::title(column)) + scaled(arrowSpace);
-        setColumnWidth(column, std::max(cell, title));
+        const int name = column == RecordingColumns::Process ? mode + scaled(cellSpace) : 0;
+        setColumnWidth(column, std::max({cell, title, name}));
     }
 }
 

@@ -29,6 +29,8 @@ private slots:
         row("stopped", lipo, Varnel::Discharge, 4150, 3300, Varnel::Aborted, false);
         row("failed", lipo, Varnel::Charge, 3500, 4200, Varnel::Failed, false);
         row("charge from empty", lipo, Varnel::Charge, 3500, 4200, Varnel::Completed, true);
+        row("charge after a weak cell's discharge", lipo, Varnel::Charge, 3700, 4200, Varnel::Completed,
+            true);
         row("charge from half", lipo, Varnel::Charge, 3800, 4200, Varnel::Completed, false);
         row("no letter, to empty", nimh, Varnel::Discharge, 1360, 1000, Varnel::NoEnd, true);
         row("no letter, in part", nimh, Varnel::Discharge, 1360, 1200, Varnel::NoEnd, false);
