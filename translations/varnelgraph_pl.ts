@@ -836,7 +836,7 @@ Zatrzymać proces urządzenia na %2?</translation>
     </message>
     <message>
         <source>Folders of the logbook</source>
-        <translation>Foldery dziennika</translation>
+        <translation>Foldery kroniki</translation>
     </message>
     <message>
         <source>Recordings are read from %1 and from these folders:</source>
@@ -844,7 +844,7 @@ Zatrzymać proces urządzenia na %2?</translation>
     </message>
     <message>
         <source>Folders whose recordings stand in the logbook; folders in them are not read</source>
-        <translation>Foldery, których nagrania są w dzienniku; foldery w nich nie są czytane</translation>
+        <translation>Foldery, których nagrania są w kronice; foldery w nich nie są czytane</translation>
     </message>
     <message>
         <source>Add...</source>
@@ -856,7 +856,7 @@ Zatrzymać proces urządzenia na %2?</translation>
     </message>
     <message>
         <source>The folder is read no longer. Its recordings stay in the logbook.</source>
-        <translation>Folder nie będzie już czytany. Jego nagrania zostają w dzienniku.</translation>
+        <translation>Folder nie będzie już czytany. Jego nagrania zostają w kronice.</translation>
     </message>
     <message>
         <source>Reads these folders.</source>
@@ -1249,7 +1249,7 @@ Zatrzymać proces urządzenia na %2?</translation>
     </message>
     <message>
         <source>Remove from logbook</source>
-        <translation>Usuń z dziennika</translation>
+        <translation>Usuń z kroniki</translation>
     </message>
     <message>
         <source>Forgets chosen recordings whose files have gone.</source>
@@ -1277,7 +1277,7 @@ Zatrzymać proces urządzenia na %2?</translation>
     </message>
     <message>
         <source>Closes the window of the logbook.</source>
-        <translation>Zamyka okno dziennika.</translation>
+        <translation>Zamyka okno kroniki.</translation>
     </message>
     <message>
         <source>Undo</source>
@@ -1464,7 +1464,7 @@ Zatrzymać proces urządzenia na %2?</translation>
     </message>
     <message>
         <source>The logbook can&apos;t be kept: nothing can be changed.</source>
-        <translation>Dziennika nie można zapisać: niczego nie można zmienić.</translation>
+        <translation>Kroniki nie można prowadzić: niczego nie można zmienić.</translation>
     </message>
     <message>
         <source>More than one recording is chosen.</source>
@@ -1529,9 +1529,9 @@ Zatrzymać proces urządzenia na %2?</translation>
     <message numerus="yes">
         <source>Move %n file(s) to the waste bin? The rows stay in the logbook.</source>
         <translation>
-            <numerusform>Przenieść %n plik do kosza? Wiersz zostaje w dzienniku.</numerusform>
-            <numerusform>Przenieść %n pliki do kosza? Wiersze zostają w dzienniku.</numerusform>
-            <numerusform>Przenieść %n plików do kosza? Wiersze zostają w dzienniku.</numerusform>
+            <numerusform>Przenieść %n plik do kosza? Wiersz zostaje w kronice.</numerusform>
+            <numerusform>Przenieść %n pliki do kosza? Wiersze zostają w kronice.</numerusform>
+            <numerusform>Przenieść %n plików do kosza? Wiersze zostają w kronice.</numerusform>
         </translation>
     </message>
     <message>
@@ -1687,7 +1687,7 @@ Zatrzymać proces urządzenia na %2?</translation>
     </message>
     <message>
         <source>Files that are read for the logbook</source>
-        <translation>Pliki czytane dla dziennika</translation>
+        <translation>Pliki czytane dla kroniki</translation>
     </message>
     <message>
         <source>Gives up the files that wait. Edit &gt; Read again goes on.</source>
@@ -1722,7 +1722,7 @@ Zatrzymać proces urządzenia na %2?</translation>
     <name>LogbookWindow</name>
     <message>
         <source>Varnel - logbook</source>
-        <translation>Varnel - dziennik</translation>
+        <translation>Varnel - kronika</translation>
     </message>
     <message>
         <source>Packs</source>
@@ -2173,7 +2173,7 @@ Zatrzymać proces urządzenia na %2?</translation>
     </message>
     <message>
         <source>Logbook</source>
-        <translation>Dziennik</translation>
+        <translation>Kronika</translation>
     </message>
     <message>
         <source>What every pack has been through: its recordings, and how it fares.</source>
