@@ -102,8 +102,8 @@ void millionRecords(benchmark::State &state)
     state.counters["left"] = megabytesHeld() - before;
 }
 
-// Recordings of a day each, a record a second, over each other: read one after the other as the window has it,
-// and drawn. It is one file, since the system has all of them at hand anyhow.
+// Recordings of a day each, a record a second, over each other: read one after the other as the window has
+// it, and drawn. It is one file, since the system has all of them at hand anyhow.
 void twentyDays(benchmark::State &state)
 {
     const QTemporaryDir folder;

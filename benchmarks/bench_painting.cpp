@@ -127,6 +127,7 @@ void paintGrown(benchmark::State &state)
 {
     SeriesStore store = storeOf(int(state.range(0)));
     std::vector<CurvePainter::Job> jobs;
+    jobs.reserve(size_t(whole.curves));
     for (int curve = 0; curve < whole.curves; ++curve)
         jobs.push_back(jobFor(store, whole, curve));
     CurvePainter curves;

@@ -91,12 +91,10 @@ check_format() {
 
 # The formatter leaves comments alone, and knows nothing but C++.
 check_width() {
-    find src tools tests benchmarks \( -name '*.cpp' -o -name '*.h' -o -name '*.py' -o -name '*.sh' \
-        -o -name '*.cmake' -o -name CMakeLists.txt \) -exec awk 'length > 110 {
-            print FILENAME ":" FNR ": " length " columns, 110 is the most"
-            wide = 1
-        }
-        END { exit wide }' {} +
+    local wide
+    wide=$(find src tools tests benchmarks \( -name '*.cpp' -o -name '*.h' -o -name '*.py' -o -name '*.sh' \
+        -o -name '*.cmake' -o -name CMakeLists.txt \) -exec env LC_ALL=C.UTF-8 grep -HnP '^.{111}' {} +)
+    [ -z "$wide" ] || { printf '%s\n' "$wide" "110 columns are the most"; return 1; }
 }
 
 mapfile -t rules < <(find . -name build -prune -o -name .clang-tidy -print | sort)

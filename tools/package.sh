@@ -2,8 +2,8 @@
 
 package_version() { sed -n 's/^project(.* VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt; }
 
-# Lays the tree out as a Debian source package of the last commit's date. What is edited or committed later does not
-# come in.
+# Lays the tree out as a Debian source package of the last commit's date. What is edited or committed later
+# does not come in.
 lay_out_package() {
     local version folder=$root/build/package
     version=$(package_version)
@@ -45,7 +45,8 @@ check_texts() {
     say "checking the package"
     lintian --fail-on error,warning --show-overrides "${package%.deb}.changes" ||
         fail "lintian has complaints"
-    appstreamcli validate --no-net "$tree"/packaging/varnelgraph.metainfo.xml || fail "the metadata are not valid"
+    appstreamcli validate --no-net "$tree"/packaging/varnelgraph.metainfo.xml ||
+        fail "the metadata are not valid"
     desktop-file-validate "$tree"/packaging/varnelgraph.desktop || fail "the desktop entry is not valid"
     xmllint --noout "$tree"/packaging/varnelgraph-mime.xml || fail "the file types are not valid"
     local complaints
@@ -62,13 +63,14 @@ check_sameness() {
     say "a second build gives the same bytes"
 }
 
-# In a Debian of the smallest size, made for this and removed: does all of it come, work and go? Where none can be
-# made, or nothing can be fetched, that is said and is no fault of the package.
+# In a Debian of the smallest size, made for this and removed: does all of it come, work and go? Where none
+# can be made, or nothing can be fetched, that is said and is no fault of the package.
 check_bare() {
     local release sources outcome=0
-    [ "$(id -u)" = 0 ] || { say "not tried in a bare system: that needs root"; return 0; }
-    unshare --mount true 2>/dev/null || { say "not tried in a bare system: nothing can be mounted here"; return 0; }
-    [ "$SECONDS" -le "${BARE_UNTIL:-$SECONDS}" ] || { say "not tried in a bare system: no time is left"; return 0; }
+    local untried="not tried in a bare system:"
+    [ "$(id -u)" = 0 ] || { say "$untried that needs root"; return 0; }
+    unshare --mount true 2>/dev/null || { say "$untried nothing can be mounted here"; return 0; }
+    [ "$SECONDS" -le "${BARE_UNTIL:-$SECONDS}" ] || { say "$untried no time is left"; return 0; }
     bare=$(mktemp -d)
     trap 'rm -rf "$bare"' EXIT
     chmod 755 "$bare"
@@ -77,7 +79,7 @@ check_bare() {
     say "trying the package in a bare system"
     if ! mmdebstrap --variant=apt --skip=cleanup/apt/lists "$release" "$bare/root" $sources \
         >"$bare/log" 2>&1; then
-        say "not tried in a bare system: none can be made here ($(tail -n 1 "$bare/log"))"
+        say "$untried none can be made here ($(tail -n 1 "$bare/log"))"
         return 0
     fi
     cp "$package" "$bare/root/tmp/varnelgraph.deb"
@@ -87,7 +89,7 @@ check_bare() {
         mount -t proc proc "$1/proc" && mount -t devpts -o newinstance,ptmxmode=0666 devpts "$1/dev/pts" &&
             ln -sf pts/ptmx "$1/dev/ptmx" || exit 77
         chroot "$1" sh -e /tmp/trypackage.sh' try "$bare/root" || outcome=$?
-    [ $outcome != 77 ] || { say "not tried in a bare system: not all that it needs is to be had here"; return 0; }
+    [ $outcome != 77 ] || { say "$untried not all that it needs is to be had here"; return 0; }
     [ $outcome = 0 ] || fail "the package does not do in a bare system"
 }
 

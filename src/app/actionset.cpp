@@ -223,9 +223,9 @@ ActionSet::ActionSet(QObject *window, QObject *mdiArea)
         action->setStatusTip(view.tip ? ActionTable::tr(view.tip) : action->toolTip());
     }
     (*this)[ActionId::Explain]->setShortcut(int(Qt::SHIFT) | int(Qt::Key_F1));
-    (*this)[ActionId::Logbook]->setShortcut(Qt::CTRL | Qt::Key_L);
-    (*this)[ActionId::ReopenClosed]->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_T);
-    (*this)[ActionId::Overlay]->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_L);
+    (*this)[ActionId::Logbook]->setShortcut(int(Qt::CTRL) | int(Qt::Key_L));
+    (*this)[ActionId::ReopenClosed]->setShortcut(int(Qt::CTRL) | int(Qt::SHIFT) | int(Qt::Key_T));
+    (*this)[ActionId::Overlay]->setShortcut(int(Qt::CTRL) | int(Qt::SHIFT) | int(Qt::Key_L));
     showPaused(QString());
 }
 

@@ -41,9 +41,9 @@ public:
 public slots:
     /// Shows the open graph windows that have records, as they are now.
     void showWindows();
-    /// Reads `files` and shows them in place of what was shown, each under the label at its place: its pack and
-    /// its date. One that is empty or missing is made from the file. Of more than can be shown the first ones are
-    /// taken.
+    /// Reads `files` and shows them in place of what was shown, each under the label at its place: its pack
+    /// and its date. One that is empty or missing is made from the file. Of more than can be shown the first
+    /// ones are taken.
     void showFiles(const QStringList &files, const QStringList &labels);
 
 private slots:

@@ -42,8 +42,8 @@ void rescueAtExit()
 
 } // namespace
 
-// The toolkit's own way closes the displays before the shell is asked. Where the screen or the session's manager
-// dies, it calls exit() out of the event loop.
+// The toolkit's own way closes the displays before the shell is asked. Where the screen or the session's
+// manager dies, it calls exit() out of the event loop.
 SessionEnd::SessionEnd(QWidget *shell, const Parts &parts)
     : QObject(shell)
     , m_shell(shell)
@@ -73,7 +73,8 @@ void SessionEnd::onCommitData()
     waitForFiles(savingTime);
 }
 
-// The word that the session's manager has at last; the toolkit would close windows in the order of their making.
+// The word that the session's manager has at last; the toolkit would close windows in the order of their
+// making.
 bool SessionEnd::eventFilter(QObject *object, QEvent *event)
 {
     if (object == qApp && event->type() == QEvent::Quit)

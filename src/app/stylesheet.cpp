@@ -37,7 +37,7 @@ void installStyleSheet(QApplication *application, const QString &folder)
     }
     const QByteArray sheet = file.readAll();
     if (sheet == contentsOf(builtIn))
-        application->setPalette(lightPalette());
+        QApplication::setPalette(lightPalette());
     // Up to the first NUL, as Latin-1.
     application->setStyleSheet(QString::fromLatin1(sheet.constData()));
 }

@@ -112,7 +112,10 @@ template <int step>
 void OpenRecords::store(const Varnel3Data &record)
 {
     int *const own = m_figures.get() + m_count;
-    RecordColumns::eachOwn([&](auto field) { own[field.column * step] = int(record.*field.member); });
+    // a letter as it is, signed: so it comes back
+    RecordColumns::eachOwn([&](auto field) {
+        own[field.column * step] = int(record.*field.member); // NOLINT(bugprone-signed-char-misuse)
+    });
     Varnel3Data clock;
     clock.setTime(record.time);
     own[RecordColumns::Hour * step] = int(quint32(record.hour) - quint32(clock.hour));

@@ -24,7 +24,7 @@ bool isTenths(double fraction, int *number)
         return false;
     *number = int(std::lround(scaled));
     const double back = *number / tenths;
-    return std::memcmp(&back, &fraction, sizeof back) == 0;
+    return back == fraction && std::signbit(back) == std::signbit(fraction);
 }
 
 } // namespace

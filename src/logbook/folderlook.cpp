@@ -78,7 +78,7 @@ bool mayBeRecording(const QString &file, QByteArray bytes)
 /// One look at files, which collects what is new.
 class Look {
 public:
-    explicit Look(const FolderQuestion &question)
+    explicit Look(const LookQuestion &question)
         : m_question(question)
         , m_now(QDateTime::currentMSecsSinceEpoch())
     {
@@ -139,7 +139,7 @@ private:
         return QString();
     }
 
-    const FolderQuestion &m_question;
+    const LookQuestion &m_question;
     const qint64 m_now;
     FolderNews m_news;
     QSet<QString> m_taken; // rows whose files were found elsewhere
@@ -154,7 +154,7 @@ qint64 folderTime(const QString &folder)
 }
 
 // The time is taken first: what comes while the names are listed makes it another one.
-FolderNews lookThrough(const FolderQuestion &question)
+FolderNews lookThrough(const LookQuestion &question)
 {
     Look look(question);
     look.news().modified = folderTime(question.folder);
@@ -176,7 +176,7 @@ FolderNews lookThrough(const FolderQuestion &question)
     return look.news();
 }
 
-FolderNews lookAt(const FolderQuestion &question, const QStringList &files)
+FolderNews lookAt(const LookQuestion &question, const QStringList &files)
 {
     Look look(question);
     for (const QString &file : files) {

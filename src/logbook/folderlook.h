@@ -6,7 +6,7 @@
 #include <QSet>
 
 /// What is asked of a folder.
-struct FolderQuestion {
+struct LookQuestion {
     QString folder; ///< '/' between names, none at the end
     bool holdsJournals = false; ///< files in it may be under way, and are then passed over
     QHash<QString, FileStamp> known; ///< of the rows, by file
@@ -40,9 +40,9 @@ struct FolderNews {
 /// When the folder was changed last, ms since 1970; 0 where it is not there.
 qint64 folderTime(const QString &folder);
 /// Looks at the names in a folder, and at the first bytes of the data files that are new or changed.
-FolderNews lookThrough(const FolderQuestion &question);
+FolderNews lookThrough(const LookQuestion &question);
 /// The same for files by their names, wherever they are: those found, gone and back.
-FolderNews lookAt(const FolderQuestion &question, const QStringList &files);
+FolderNews lookAt(const LookQuestion &question, const QStringList &files);
 
 /// Names a file as it is now, by name and stamp, in few bytes.
 qint64 refusalKey(const QString &file, const FileStamp &stamp);

@@ -197,9 +197,9 @@ void LogbookReader::takeTime(const QString &folder, qint64 modified)
         lookThroughFolder(folder);
 }
 
-FolderQuestion LogbookReader::question(const QString &folder) const
+LookQuestion LogbookReader::question(const QString &folder) const
 {
-    FolderQuestion asked;
+    LookQuestion asked;
     asked.folder = folder;
     asked.holdsJournals = folder == m_ownFolder;
     asked.refused = m_logbook->refused();

@@ -14,7 +14,7 @@ class LogbookReckoning;
 class QTimer;
 class SeriesStore;
 struct FolderNews;
-struct FolderQuestion;
+struct LookQuestion;
 struct FoundFile;
 
 /// Brings a logbook up to date with the files: reads the folders once it is open, looks every few seconds
@@ -71,7 +71,7 @@ private:
     struct Current;
 
     QStringList folders() const;
-    FolderQuestion question(const QString &folder) const;
+    LookQuestion question(const QString &folder) const;
     void lookThroughFolder(const QString &folder);
     void takeTime(const QString &folder, qint64 modified);
     void takeNews(const FolderNews &news);

@@ -109,7 +109,7 @@ int OverlayInteraction::entryNear(const QPoint &position) const
         const int point = course.pointAt(m_shown->axis, placeAt(position.x()) - m_shown->offsetOf(entry));
         if (point < 0 || !course.has(m_shown->value))
             continue;
-        const double value = double(course.values(m_shown->value)[std::size_t(point)]);
+        const auto value = double(course.values(m_shown->value)[std::size_t(point)]);
         const double distance = std::abs(heights.transform(value) - position.y());
         if (nearest < 0 || distance < least) {
             nearest = entry;

@@ -10,8 +10,8 @@
 
 class QPainter;
 
-/// Paints overlays, for screen, printer and file alike. Keeps the outlines of curves, so that painting the same
-/// again costs little; keep one painter for each overlay that is shown.
+/// Paints overlays, for screen, printer and file alike. Keeps the outlines of curves, so that painting the
+/// same again costs little; keep one painter for each overlay that is shown.
 class OverlayPainter {
 public:
     /// Paints `request` with its top left corner at the origin. Leaves `painter` as it was.

@@ -117,7 +117,7 @@ bool OverlayPlot::event(QEvent *event)
     if (event->type() != QEvent::ToolTip)
         return QWidget::event(event);
     const auto *help = static_cast<QHelpEvent *>(event);
-    const double scale = double(displayScale());
+    const auto scale = double(displayScale());
     const int entry = OverlayLayout(size() / scale, m_shown.entries.size())
                           .entryAt((QPointF(help->pos()) / scale).toPoint());
     const QString text

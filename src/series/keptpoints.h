@@ -26,8 +26,8 @@ public:
     int blocks() const { return int(m_blocks.size()); }
     /// Takes the memory for the next packNewest(). Throws std::bad_alloc, and has changed nothing.
     void makeRoom(BlockArena::Growth growth);
-    /// What is newest, all of it, becomes a block. `cells` are `count` extremes of it: none, that of CellDelta,
-    /// or those of CellMin and all behind it.
+    /// What is newest, all of it, becomes a block. `cells` are `count` extremes of it: none, that of
+    /// CellDelta, or those of CellMin and all behind it.
     void packNewest(const Interval *cells, int count);
 
     /// Temperature or Resistance. For these three `block` may be that of the newest.

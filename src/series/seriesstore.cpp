@@ -62,7 +62,7 @@ void SeriesStore::makeRoom()
 {
     constexpr int blocksBetweenLooks = 8;
     if (size() > 0 && size() % (blocksBetweenLooks * RecordList::blockSize) == 0)
-        demandLiveMemory(qint64(blocksBetweenLooks * RecordBlock::most()));
+        demandLiveMemory(qint64(blocksBetweenLooks) * qint64(RecordBlock::most()));
     m_points.makeRoom();
     m_records.makeRoom();
 }

@@ -263,8 +263,9 @@ private slots:
             return texts.join(',');
         };
         const QString tools
-            = "&Tools[Open recordings...,Reopen closed recording,Logbook,Overlay...,|,Export as CSV...,Save picture...,|,"
-              "Remote control...,Stop process,Explanations...,&View switches[DATA,Graph,Bar Graph,|,"
+            = "&Tools[Open recordings...,Reopen closed recording,Logbook,Overlay...,|,Export as CSV...,"
+              "Save picture...,|,Remote control...,Stop process,Explanations...,"
+              "&View switches[DATA,Graph,Bar Graph,|,"
               "T,dV,Rw,|,B,Avg,S,P%,Vc,|,Hold view,Distinct lines]";
         QCOMPARE(textsOf(window->menuBar()).split("],"),
             QStringList({"&File[Open file,Save as,Preferences,Set time,|,E&xit",

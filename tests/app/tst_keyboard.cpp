@@ -102,10 +102,12 @@ private slots:
         row("process", "3", "STOP,Close");
         row("disconnect", "4", "Bip Off,Close");
         row("overlay", "O",
-            "Pack voltage,Time,Line up at the start of current,No recording is shown: add files, or take the open "
+            "Pack voltage,Time,Line up at the start of current,No recording is shown: add files, or take "
+            "the open "
             "graph windows.,Add files...,Open windows");
         row("logbook", "L",
-            "Filter,Any chemistry,Any process,From,To,Capacity,by date,All packs: Capacity\nAssign recordings to packs to see how these fare: choose rows, then "
+            "Filter,Any chemistry,Any process,From,To,Capacity,by date,All packs: Capacity\nAssign "
+            "recordings to packs to see how these fare: choose rows, then "
             "Recordings > Assign to pack.");
     }
 

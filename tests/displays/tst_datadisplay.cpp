@@ -237,7 +237,8 @@ private slots:
         } while (percent > 50 && QFontMetrics(figure).height() >= scaled(54));
         QCOMPARE(percent < 100, qEnvironmentVariableIsSet("FONTCONFIG_FILE"));
         const QString spoken[] = {"16,80 V, -1,50 A, 23,5 °C, 1,044 Ah, 12 mV/min, 0,037 Ω, 01:02:05",
-            "4,200 V avg, 4,210 V max, 0,020 V delta, 4,190 V min, 30 %, 0,500 Ah max, 01:02:05, cell 1 4,200, "
+            "4,200 V avg, 4,210 V max, 0,020 V delta, 4,190 V min, 30 %, 0,500 Ah max, 01:02:05, cell 1 "
+            "4,200, "
             "cell 2 4,190, cell 3 4,210, cell 4 4,200"};
         for (const bool statistics : {false, true, false}) {
             setView(statistics, CellValue::Voltage);

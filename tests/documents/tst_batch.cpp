@@ -85,10 +85,9 @@ private slots:
         QVERIFY(QDir(data).removeRecursively() && QDir().mkpath(data + "/recordings"));
         QVERIFY(QFile::copy(path("a.acp"), data + "/recordings/2026-01-02_03-04-05_COM7.acp"));
         QCOMPARE(run({"--logbook-csv", path("book.csv")}), 0);
-        QVERIFY(
-            contents(path("book.csv"))
-                .contains(
-                    "\n,2026-01-02 03:04:05,0,Varnel 2+,COM7,Charge,LiIo,2,60,295,118,0.9906,8000,8118,250,"));
+        QVERIFY(contents(path("book.csv"))
+                    .contains("\n,2026-01-02 03:04:05,0,Varnel "
+                              "2+,COM7,Charge,LiIo,2,60,295,118,0.9906,8000,8118,250,"));
         QVERIFY(QFile::exists(data + "/logbook.sqlite"));
         QCOMPARE(run({"--logbook-csv", "/dev/full"}), 1);
     }

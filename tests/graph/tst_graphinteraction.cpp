@@ -23,8 +23,9 @@ QString percent(const Interval &share)
 } // namespace
 
 /// What is seen after each step: the times that are shown (s) with the shares of the values (upper plot,
-/// lower plot, in per cent), or "all"; the records of the two cursors, what is being picked, the picked cells,
-/// a closed hand, the record that the figures are to show from now on; "no" where an event meant nothing.
+/// lower plot, in per cent), or "all"; the records of the two cursors, what is being picked, the picked
+/// cells, a closed hand, the record that the figures are to show from now on; "no" where an event meant
+/// nothing.
 class TestGraphInteraction : public QObject {
     Q_OBJECT
 

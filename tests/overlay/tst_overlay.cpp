@@ -200,21 +200,28 @@ private slots:
         row("2 celldata=0 | value=1",
             "Mean cell; A 00:01:00   100 mAh; ; ; None of these recordings has such values.");
         row("20 | 11 period=120 current@0-1=0 | linedUp value=5",
-            "Current; A 00:19:00   1900 mAh, B 00:20:00   1000 mAh; 00:00:00@0 00:10:00@600; 0.0@0 0.5@0.5 1.0@1 1.5@1.5 2.0@2 2.5@2.5; ");
+            "Current; A 00:19:00   1900 mAh, B 00:20:00   1000 mAh; 00:00:00@0 00:10:00@600; 0.0@0 0.5@0.5 "
+            "1.0@1 1.5@1.5 2.0@2 2.5@2.5; ");
         row("20 | 11 period=120 current@0-1=0 | linedUp cursor=60",
-            "Pack voltage   00:01:00; A 11.410 V   100 mAh, B 11.430 V   300 mAh; 00:00:00@0 00:10:00@600; 11.4@11.4 11.5@11.5 11.6@11.6; ");
+            "Pack voltage   00:01:00; A 11.410 V   100 mAh, B 11.430 V   300 mAh; 00:00:00@0 00:10:00@600; "
+            "11.4@11.4 11.5@11.5 11.6@11.6; ");
         row("20 | 11 | shift=0,-90 cursor=-60 zoom=-80,-20,0,1",
-            "Pack voltage   -00:01:00; A --.- V, B (-00:01:30) 11.410 V   100 mAh; -00:01:20@-80 -00:01:00@-60 -00:00:40@-40 -00:00:20@-20; 11.4@11.4 11.5@11.5 11.6@11.6; ");
+            "Pack voltage   -00:01:00; A --.- V, B (-00:01:30) 11.410 V   100 mAh; -00:01:20@-80 "
+            "-00:01:00@-60 -00:00:40@-40 -00:00:20@-20; 11.4@11.4 11.5@11.5 11.6@11.6; ");
         row("20 | charge cursor=560 marked=1010 value=4",
-            "Spread of the cells   Δ 450 mAh; A Δ 0 mV   00:04:00; 0 mAh@0 1000 mAh@1000; 0@0 10@0.01 20@0.02 30@0.03; ");
+            "Spread of the cells   Δ 450 mAh; A Δ 0 mV   00:04:00; 0 mAh@0 1000 mAh@1000; 0@0 10@0.01 "
+            "20@0.02 30@0.03; ");
         row("20 min@15-19=3700 | marked=600 value=4 zoom=0,60,0.4,0.6",
-            "Spread of the cells   from 00:10:00 to the end; A Δ +90 mV   00:09:00   900 mAh; 00:00:00@0 00:00:20@20 00:00:40@40 00:01:00@60; 65@0.065 70@0.07 75@0.075 80@0.08; ");
+            "Spread of the cells   from 00:10:00 to the end; A Δ +90 mV   00:09:00   900 mAh; 00:00:00@0 "
+            "00:00:20@20 00:00:40@40 00:01:00@60; 65@0.065 70@0.07 75@0.075 80@0.08; ");
         row("20 | marked=1200 cursor=0",
             "Pack voltage   Δ 00:20:00; A --.- V; 00:00:00@0 00:10:00@600; 11.4@11.4 11.5@11.5 11.6@11.6; ");
         row("20 | cursor=300 value=7 zoom=0,60,0,0.1",
-            "Resistance   00:05:00; A --.- mΩ; 00:00:00@0 00:00:20@20 00:00:40@40 00:01:00@60; 39.0@39 39.5@39.5 40.0@40; ");
+            "Resistance   00:05:00; A --.- mΩ; 00:00:00@0 00:00:20@20 00:00:40@40 00:01:00@60; 39.0@39 "
+            "39.5@39.5 40.0@40; ");
         row("20 temperature@3=300 | cursor=1000 value=6 marked=0",
-            "Temperature   Δ 00:16:40; A Δ 0.0 °C   1700 mAh; 00:00:00@0 00:10:00@600; 25.0@25 25.5@25.5 26.0@26 26.5@26.5 27.0@27 27.5@27.5 28.0@28; ");
+            "Temperature   Δ 00:16:40; A Δ 0.0 °C   1700 mAh; 00:00:00@0 00:10:00@600; 25.0@25 25.5@25.5 "
+            "26.0@26 26.5@26.5 27.0@27 27.5@27.5 28.0@28; ");
         row("20 current@0-9=0 | charge linedUp shift=60",
             "Pack voltage; A 00:19:00   1900 mAh; -1000 mAh@-1000 0 mAh@0; 11.4@11.4 11.5@11.5 11.6@11.6; ");
     }
@@ -298,8 +305,8 @@ private:
 };
 
 /// Two recordings of 663 s, so that a pixel is a second, from column 56 on; A is 50 s ahead of B when steps
-/// begin. Commands: hover X,Y   press|release|click B X,Y   drag B X,Y X,Y   double X,Y   turn N X,Y   key NAME
-///   leave   value N   charge   lineUp; "ctrl", "shift", "alt" are held.
+/// begin. Commands: hover X,Y   press|release|click B X,Y   drag B X,Y X,Y   double X,Y   turn N X,Y   key
+/// NAME   leave   value N   charge   lineUp; "ctrl", "shift", "alt" are held.
 void TestOverlay::steps_data()
 {
     columns<QString>({"script"});

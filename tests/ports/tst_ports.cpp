@@ -211,8 +211,8 @@ void PortsTest::refusesLocksThatAreNoFiles()
         const auto obstacle = obstacleToTrying(port);
         return std::remove(lock) == 0 && obstacle
             && adviceAgainst(*obstacle)
-            == "%1 should be the port's lock file and is %2.\nThe user \"%3\" or an administrator has to remove it."_s
-                   .arg(QString::fromLatin1(lock), QLatin1String(thing), user);
+            == "%1 should be the port's lock file and is %2.\nThe user \"%3\" or an administrator has to "
+               "remove it."_s.arg(QString::fromLatin1(lock), QLatin1String(thing), user);
     };
     std::remove(lock); // of a program that was killed
     QVERIFY(!obstacleToTrying(port));

@@ -112,7 +112,8 @@ const CurveSpans &CurvePainter::spansOf(const Job &job)
     const Key key = keyOf(job);
     if (key == found.key)
         return found.spans;
-    const CurveSpans::Source source = {job.store->series(job.series), job.first, m_columns, job.valueMap};
+    const PlotSeries values = job.store->series(job.series);
+    const CurveSpans::Source source = {values, job.first, m_columns, job.valueMap};
     if (isGrown(job, found.key, key))
         found.spans.extend(source, job.area);
     else

@@ -133,7 +133,7 @@ QMenu *LogbookActions::addMenu(QMenuBar *bar, const QString &title, LogbookComma
 {
     QMenu *menu = bar->addMenu(title);
     menu->setToolTipsVisible(true);
-    for (size_t i = size_t(first); i <= size_t(last); ++i) {
+    for (auto i = size_t(first); i <= size_t(last); ++i) {
         if (actionRows[i].isFirstOfGroup)
             menu->addSeparator();
         menu->addAction(m_actions[i]);

@@ -222,7 +222,8 @@ void LogbookCommands::deleteFiles()
     }
     if (!failed.isEmpty())
         showWarningBox(m_window, "notDeleted", tr("Delete file"),
-            tr("%n file(s) could not be moved to the waste bin: being recorded, or there is no bin for the disk.",
+            tr("%n file(s) could not be moved to the waste bin: being recorded, or there is no bin for the "
+               "disk.",
                 nullptr, failed.size()),
             failed.join(QLatin1Char('\n')));
 }

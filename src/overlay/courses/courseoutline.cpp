@@ -25,7 +25,8 @@ void add(QVector<QPointF> *outline, const QPointF &point)
         outline->append(point);
 }
 
-// The samples begin..end - 1 of one half column; beside the picture only where they enter and leave it counts.
+// The samples begin..end - 1 of one half column; beside the picture only where they enter and leave it
+// counts.
 void addStretch(QVector<QPointF> *outline, const Samples &samples, int begin, int end, bool isInside)
 {
     add(outline, samples.point(begin));

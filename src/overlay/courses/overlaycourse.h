@@ -14,7 +14,8 @@ class OverlayCourse {
 public:
     using Points = std::vector<float>;
 
-    /// Copies what `store` has, which may go afterwards. Throws std::bad_alloc where there is too little memory.
+    /// Copies what `store` has, which may go afterwards. Throws std::bad_alloc where there is too little
+    /// memory.
     explicit OverlayCourse(const SeriesStore &store);
 
     int size() const { return int(along(OverlayAxis::Time).size()); }
@@ -32,8 +33,8 @@ public:
     Interval range(OverlayValue value) const { return m_range[std::size_t(value)]; }
     /// The point next to `place`, the first of several; -1 where the recording does not reach.
     int pointAt(OverlayAxis axis, double place) const;
-    /// The first point with a tenth of the strongest current: where the process begins that the recording is of.
-    /// 0 where none flows.
+    /// The first point with a tenth of the strongest current: where the process begins that the recording is
+    /// of. 0 where none flows.
     int currentStart() const { return m_currentStart; }
 
 private:

@@ -219,11 +219,15 @@ pen #ff8800; font 11; right 53 84 88 13 20 mV; pen #ffffff; font 8; right 442 10
     add("20 marked=5 cursor=2 Rw=1", "line 135|Δ|mAh", R"(
 pen #aaaaaa dash; x 135 : 22 139; x 135 : 154 271; pen #ffffff; font 12
 mid 0 0 500 21 Δ 00:03:00   +300 mAh   Voltage +0,030 V   dV 0,0 mV/min   Current 0,000 A   Temp. 0,0 °C)");
-    add("20 marked=18 size=300,300 energy@19=0", "Δ|mAh", R"(
-pen #ffffff; font 8; mid 0 0 300 21 Δ 00:01:00   -1.800 mAh   Voltage +0,010 V   dV +9,2 mV/min   Current 0,000 A)");
-    add("20 zoomUpper=300,900,0,1 marked=5 cursor=15 note=Gone period@6=-100", "Δ|Gone|mAh", R"(
+    add("20 marked=18 size=300,300 energy@19=0", "Δ|mAh",
+        R"(
+pen #ffffff; font 8; mid 0 0 300 21 Δ 00:01:00   -1.800 mAh   Voltage +0,010 V   dV +9,2 mV/min)"
+        "   Current 0,000 A");
+    add("20 zoomUpper=300,900,0,1 marked=5 cursor=15 note=Gone period@6=-100", "Δ|Gone|mAh",
+        R"(
 pen #ffa500; font 11
-mid 0 0 500 21 Gone   Δ 00:07:20   +1.000 mAh   Voltage +0,100 V   dV 0,0 mV/min   Current 0,000 A   Temp. 0,0 °C)");
+mid 0 0 500 21 Gone   Δ 00:07:20   +1.000 mAh   Voltage +0,100 V   dV 0,0 mV/min)"
+        "   Current 0,000 A   Temp. 0,0 °C");
     add("20 zoomUpper=300,900,0,1 cursor=4", "3c3c3c", "");
     add("20 zoomUpper=300,900,0,1 cursor=16", "3c3c3c", "");
     add("20 cursor=20", "3c3c3c", "");
