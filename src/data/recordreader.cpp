@@ -42,6 +42,7 @@ void setClock(const RecordBlock &block, int column, const Set &set)
 
 RecordReader::RecordReader(const RecordList &records)
     : m_records(records)
+    , m_block(std::make_unique<Varnel3Data[]>(length)) // not while somebody writes, and expects to have it
 {
 }
 
@@ -62,8 +63,6 @@ const Varnel3Data &RecordReader::at(int index)
 // The first of the block tells all that does not change.
 void RecordReader::unpack(int number)
 {
-    if (!m_block)
-        m_block = std::make_unique<Varnel3Data[]>(length);
     m_unpacked = number;
     Varnel3Data *const records = m_block.get();
     const RecordBlock &block = m_records.packed(number);

@@ -10,7 +10,7 @@ class RecordList;
 /// asking the recording for one after the other does. The recording may grow meanwhile.
 class RecordReader {
 public:
-    /// `records` outlives this.
+    /// `records` outlives this. Throws std::bad_alloc where there is too little memory; reading takes none.
     explicit RecordReader(const RecordList &records);
     ~RecordReader();
 
@@ -21,7 +21,7 @@ private:
     void unpack(int block);
 
     const RecordList &m_records;
-    std::unique_ptr<Varnel3Data[]> m_block; // null until one is read
+    std::unique_ptr<Varnel3Data[]> m_block;
     int m_unpacked = -1; // the block that m_block holds
     Varnel3Data m_newest; // of those that are not packed yet
 };

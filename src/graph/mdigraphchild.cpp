@@ -207,7 +207,7 @@ bool MdiGraphChild::keep(const Varnel3Data &record)
 
 void MdiGraphChild::applyResistanceLine(const QByteArray &line)
 {
-    if (!m_store.applyResistanceLine(line))
+    if (m_note.isFull() || !m_store.applyResistanceLine(line)) // the record that it belongs to was not kept
         return;
     showNewest();
     emit updateVoltageSignal();
