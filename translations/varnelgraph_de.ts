@@ -1176,6 +1176,10 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
         <source>The logbook can&apos;t be written for now: %1</source>
         <translation>Das Logbuch kann zur Zeit nicht geschrieben werden: %1</translation>
     </message>
+    <message>
+        <source>The logbook can&apos;t be kept: %1</source>
+        <translation>Das Logbuch kann nicht geführt werden: %1</translation>
+    </message>
 </context>
 <context>
     <name>LogbookActions</name>
@@ -1648,6 +1652,10 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
     <message>
         <source>The logbook was damaged. Packs, assignments and notes are those of the copy %2; the recordings are read anew. The damaged file is now %1.</source>
         <translation>Das Logbuch war beschädigt. Akkus, Zuordnungen und Notizen stammen aus der Kopie %2; die Aufzeichnungen werden neu gelesen. Die beschädigte Datei heißt jetzt %1.</translation>
+    </message>
+    <message>
+        <source>The logbook was missing. Packs, assignments and notes are those of the copy %1; the recordings are read anew.</source>
+        <translation>Das Logbuch fehlte. Akkus, Zuordnungen und Notizen stammen aus der Kopie %1; die Aufzeichnungen werden neu gelesen.</translation>
     </message>
 </context>
 <context>

@@ -1180,6 +1180,10 @@ Zatrzymać proces urządzenia na %2?</translation>
         <source>The logbook can&apos;t be written for now: %1</source>
         <translation>Kroniki nie można teraz zapisać: %1</translation>
     </message>
+    <message>
+        <source>The logbook can&apos;t be kept: %1</source>
+        <translation>Kroniki nie można prowadzić: %1</translation>
+    </message>
 </context>
 <context>
     <name>LogbookActions</name>
@@ -1655,6 +1659,10 @@ Zatrzymać proces urządzenia na %2?</translation>
     <message>
         <source>The logbook was damaged. Packs, assignments and notes are those of the copy %2; the recordings are read anew. The damaged file is now %1.</source>
         <translation>Kronika była uszkodzona. Pakiety, przypisania i notatki pochodzą z kopii %2; nagrania są czytane na nowo. Uszkodzony plik to teraz %1.</translation>
+    </message>
+    <message>
+        <source>The logbook was missing. Packs, assignments and notes are those of the copy %1; the recordings are read anew.</source>
+        <translation>Kroniki nie było. Pakiety, przypisania i notatki pochodzą z kopii %1; nagrania są czytane na nowo.</translation>
     </message>
 </context>
 <context>

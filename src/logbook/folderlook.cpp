@@ -88,7 +88,8 @@ public:
     void take(const QString &file, const QFileInfo &info)
     {
         const FileStamp stamp = stampOf(info);
-        m_news.isUnsettled |= stamp.modified > m_now - settlingTime && !m_question.live.contains(file);
+        m_news.isUnsettled |= stamp.modified > m_now - settlingTime && stamp.modified < m_now + settlingTime
+            && !m_question.live.contains(file); // a time far ahead is that of a wrong clock
         const auto known = m_question.known.constFind(file);
         const bool hasRow = known != m_question.known.constEnd();
         if (hasRow && m_question.gone.contains(file))

@@ -43,6 +43,9 @@ void Logbook::open(const QString &folder)
                 setTrouble(m_isReadOnly,
                     reason.isEmpty() ? QString()
                                      : tr("The logbook can't be written for now: %1").arg(reason));
+            },
+            [this](const QString &reason) {
+                setTrouble(true, tr("The logbook can't be kept: %1").arg(reason));
             }});
 }
 
@@ -148,8 +151,11 @@ void Logbook::take(const LogbookEntry &found)
     apply(batch);
 }
 
+// The file would lose the row at the new name even where there is none to be renamed.
 void Logbook::rename(const QString &file, const QString &newFile)
 {
+    if (file == newFile || !m_byFile.contains(file))
+        return;
     LogbookBatch batch;
     batch.renamed.append({file, newFile});
     apply(batch);

@@ -37,8 +37,18 @@ bool isPassing(const QSqlError &error)
     if (error.nativeErrorCode().isEmpty())
         return true;
     const int code = error.nativeErrorCode().toInt();
-    enum { Perm = 3, Busy = 5, Locked = 6, NoMemory = 7, ReadOnly = 8, Error = 10, Full = 13, CantOpen = 14 };
-    for (const int passing : {Perm, Busy, Locked, NoMemory, ReadOnly, Error, Full, CantOpen}) {
+    enum {
+        Perm = 3,
+        Busy = 5,
+        Locked = 6,
+        NoMemory = 7,
+        ReadOnly = 8,
+        Error = 10,
+        Full = 13,
+        CantOpen = 14,
+        Protocol = 15
+    };
+    for (const int passing : {Perm, Busy, Locked, NoMemory, ReadOnly, Error, Full, CantOpen, Protocol}) {
         if ((code & 0xff) == passing)
             return true;
     }
@@ -108,8 +118,11 @@ LogbookContent LogbookFile::open()
     return content;
 }
 
+// A file that is not there, or empty, beside backups: a restoring was cut short, or somebody has lost it.
 void LogbookFile::openForWriting(LogbookContent *content)
 {
+    if (QFileInfo(path()).size() == 0 && !backups().isEmpty())
+        return restore(content);
     switch (connectTo(path(), content)) {
     case Fault::None:
         break;
@@ -163,8 +176,9 @@ bool LogbookFile::backUp(const QDate &day)
     query.prepare(QStringLiteral("VACUUM INTO ?"));
     query.addBindValue(fresh);
     std::error_code error;
+    QString name;
     if (query.exec()) {
-        const QString name = m_folder + QStringLiteral("/logbook-%1.sqlite").arg(day.toString(Qt::ISODate));
+        name = m_folder + QStringLiteral("/logbook-%1.sqlite").arg(day.toString(Qt::ISODate));
         std::filesystem::rename(fresh.toStdU16String(), name.toStdU16String(), error);
     } else {
         qWarning() << "The logbook was not copied:" << query.lastError().text();
@@ -174,9 +188,10 @@ bool LogbookFile::backUp(const QDate &day)
         QFile::remove(fresh);
         return false;
     }
-    const QStringList names = backups();
-    for (int i = backupsKept; i < names.size(); ++i)
-        QFile::remove(names[i]);
+    QStringList others = backups();
+    others.removeAll(name); // this one stays, whatever the clock says
+    for (int i = backupsKept - 1; i < others.size(); ++i)
+        QFile::remove(others[i]);
     return true;
 }
 
@@ -233,7 +248,8 @@ bool LogbookFile::copyAside()
     const QString copy = m_copy->filePath(QLatin1String(fileName));
     const bool copied = QFile::copy(path(), copy);
     QFile::copy(path() + QStringLiteral("-wal"), copy + QStringLiteral("-wal"));
-    for (const QString &part : parts(copy))
+    const QStringList copies = parts(copy);
+    for (const QString &part : copies)
         QFile::setPermissions(part, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
     return copied;
 }
@@ -256,6 +272,7 @@ QString LogbookFile::setAside() const
 void LogbookFile::restore(LogbookContent *content)
 {
     disconnect();
+    const bool wasThere = QFile::exists(path());
     const QString aside = QDir::toNativeSeparators(setAside());
     if (aside.isEmpty()) {
         *content = LogbookContent();
@@ -264,33 +281,51 @@ void LogbookFile::restore(LogbookContent *content)
     }
     const QStringList sources = backups() + QStringList(QString());
     for (const QString &source : sources) {
-        if (restoreFrom(source, content)) {
-            content->told = source.isEmpty()
-                ? Texts::tr(
-                    "The logbook was damaged and is made anew from the recordings. The damaged file is "
-                    "now %1.")
-                      .arg(aside)
-                : Texts::tr(
-                    "The logbook was damaged. Packs, assignments and notes are those of the copy %2; the "
-                    "recordings are read anew. The damaged file is now %1.")
-                      .arg(aside, QDir::toNativeSeparators(source));
+        const Fault fault = restoreFrom(source, content);
+        if (fault == Fault::Unavailable) // of the disk: the next start tries this copy again
+            break;
+        if (fault == Fault::None) {
+            const QString copy = QDir::toNativeSeparators(source);
+            if (!wasThere)
+                content->told = source.isEmpty()
+                    ? QString()
+                    : Texts::tr("The logbook was missing. Packs, assignments and notes are those of the copy "
+                                "%1; the recordings are read anew.")
+                          .arg(copy);
+            else
+                content->told = source.isEmpty()
+                    ? Texts::tr(
+                        "The logbook was damaged and is made anew from the recordings. The damaged file is "
+                        "now %1.")
+                          .arg(aside)
+                    : Texts::tr(
+                        "The logbook was damaged. Packs, assignments and notes are those of the copy %2; the "
+                        "recordings are read anew. The damaged file is now %1.")
+                          .arg(aside, copy);
             return;
         }
     }
     content->trouble = Texts::tr("The logbook can't be kept: %1").arg(m_reason);
 }
 
-/// An empty file where `source` is empty. False, with nothing left of it, where that is no good.
-bool LogbookFile::restoreFrom(const QString &source, LogbookContent *content)
+/// An empty file where `source` is empty. Nothing is left of it where it has a fault.
+LogbookFile::Fault LogbookFile::restoreFrom(const QString &source, LogbookContent *content)
 {
     *content = LogbookContent();
-    if ((source.isEmpty() || QFile::copy(source, path())) && connectTo(path(), content) == Fault::None)
-        return true;
+    Fault fault = Fault::None;
+    if (!source.isEmpty() && QFileInfo(source).size() == 0)
+        fault = Fault::Damaged;
+    else if (!source.isEmpty() && !QFile::copy(source, path()))
+        fault = Fault::Unavailable;
+    else
+        fault = connectTo(path(), content);
+    if (fault == Fault::None)
+        return fault;
     disconnect();
     const QStringList rest = parts(path());
     for (const QString &part : rest)
         QFile::remove(part);
-    return false;
+    return fault;
 }
 
 QSqlDatabase LogbookFile::database() const

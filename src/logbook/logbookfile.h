@@ -51,7 +51,7 @@ private:
     bool copyAside();
     QString setAside() const;
     void restore(LogbookContent *content);
-    bool restoreFrom(const QString &source, LogbookContent *content);
+    Fault restoreFrom(const QString &source, LogbookContent *content);
     QSqlDatabase database() const;
 
     QString m_folder;

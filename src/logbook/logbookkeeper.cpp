@@ -8,6 +8,7 @@
 #include <condition_variable>
 #include <exception>
 #include <mutex>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -21,6 +22,7 @@ using Clock = std::chrono::steady_clock;
 struct LogbookKeeper::Work {
     void run(const QString &folder);
     void loop(LogbookFile &file);
+    void giveUp(const std::exception &error);
     bool writeAll(LogbookFile &file, std::unique_lock<std::mutex> &lock);
     void tell(const std::function<void()> &news);
 
@@ -45,7 +47,11 @@ LogbookKeeper::LogbookKeeper(const QString &folder, const Listener &listener)
     m_work->listener = listener;
     m_work->receiver = &m_receiver;
     m_work->writing = true;
-    std::thread([work = m_work, folder] { work->run(folder); }).detach();
+    try {
+        std::thread([work = m_work, folder] { work->run(folder); }).detach();
+    } catch (const std::system_error &error) { // no more threads
+        m_work->giveUp(error);
+    }
 }
 
 LogbookKeeper::~LogbookKeeper()
@@ -61,6 +67,8 @@ LogbookKeeper::~LogbookKeeper()
 void LogbookKeeper::write(const LogbookBatch &batch)
 {
     const std::lock_guard<std::mutex> lock(m_work->mutex);
+    if (m_work->ended) // has been told
+        return;
     m_work->waiting.append(batch);
     m_work->isNew = true;
     m_work->changed.notify_all();
@@ -80,12 +88,23 @@ void LogbookKeeper::Work::run(const QString &folder)
         tell([this, content] { listener.opened(content); });
         loop(file);
     } catch (const std::exception &error) { // no memory
-        qWarning() << "The logbook is not kept:" << error.what();
+        giveUp(error);
     }
     const std::lock_guard<std::mutex> lock(mutex);
     writing = false;
     ended = true;
     changed.notify_all();
+}
+
+void LogbookKeeper::Work::giveUp(const std::exception &error)
+{
+    qWarning() << "The logbook is not kept:" << error.what();
+    const QString reason = QString::fromLocal8Bit(error.what());
+    tell([this, reason] { listener.refused(reason); });
+    const std::lock_guard<std::mutex> lock(mutex);
+    waiting.clear();
+    writing = false;
+    ended = true;
 }
 
 void LogbookKeeper::Work::loop(LogbookFile &file)
@@ -128,8 +147,13 @@ bool LogbookKeeper::Work::writeAll(LogbookFile &file, std::unique_lock<std::mute
         if (written == LogbookFile::Written::NotYet)
             break;
         waiting.removeFirst();
-        if (written == LogbookFile::Written::Never && !reason.isEmpty())
+        if (written == LogbookFile::Written::Never && !reason.isEmpty()) {
             qWarning() << "The logbook does not take a change:" << reason;
+            lock.unlock();
+            if (batch.isUsers)
+                tell([this, reason] { listener.refused(reason); });
+            lock.lock();
+        }
         if (batch.isUsers && written == LogbookFile::Written::Yes && !std::exchange(unsaved, true))
             backupDue = Clock::now() + backupDelay;
         reason.clear();

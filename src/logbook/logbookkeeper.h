@@ -21,6 +21,8 @@ public:
     struct Listener {
         std::function<void(const LogbookContent &content)> opened;
         std::function<void(const QString &reason)> stalled; ///< empty when all that waited is written
+        std::function<void(const QString &reason)>
+            refused; ///< of the user's changes one, or all from now on, is not kept
     };
 
     LogbookKeeper(const QString &folder, const Listener &listener);

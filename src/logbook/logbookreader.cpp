@@ -261,8 +261,10 @@ void LogbookReader::takeNews(const FolderNews &news)
         const LogbookEntry *entry = m_logbook->entryOf(file);
         if (!entry || entry->recording.isLive)
             continue;
-        // Of a recording that was killed before its file was worth keeping nothing is left.
-        if (!entry->stamp.isKnown() && entry->recording.note.isEmpty())
+        // Of a recording that was killed before its file was worth keeping nothing is left, but what the user
+        // has said of it.
+        if (!entry->stamp.isKnown() && entry->recording.note.isEmpty()
+            && entry->recording.pack == LogbookPack::none)
             m_logbook->drop(file);
         else
             m_logbook->setGone(file, true);

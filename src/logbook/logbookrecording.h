@@ -8,6 +8,7 @@
 /// A battery pack as its user knows it.
 struct LogbookPack {
     static constexpr qint64 none = 0; ///< the id of no pack
+    static constexpr int longestNote = 65536; ///< letters; what is longer is cut, of a recording's note, too
 
     qint64 id = none;
     QString name; ///< any text; not empty, and no two packs need to differ in it

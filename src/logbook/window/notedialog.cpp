@@ -1,5 +1,6 @@
 #include "logbook/window/notedialog.h"
 
+#include "logbook/logbookrecording.h"
 #include "logbook/window/dialogbuttons.h"
 
 #include <QDialogButtonBox>
@@ -28,5 +29,5 @@ NoteDialog::NoteDialog(const QString &of, const QString &note, QWidget *parent)
 
 QString NoteDialog::note() const
 {
-    return m_note->toPlainText();
+    return m_note->toPlainText().left(LogbookPack::longestNote);
 }

@@ -203,7 +203,8 @@ Health healthOf(const LogbookPack &pack, const Recordings &recordings)
     health.recordings = recordings.size();
     if (recordings.isEmpty())
         return health;
-    health.cycles = cyclesOf(recordings).last();
+    const auto cycles = cyclesOf(recordings);
+    health.cycles = cycles.last();
     health.newest = recordings.last()->start.toMSecsSinceEpoch();
     QVector<CoursePoint> points = fullPoints(recordings, Request());
     if (points.isEmpty() || pack.capacity < 1)

@@ -85,7 +85,7 @@ LogbookPack PackDialog::pack() const
     pack.cellType = m_chemistry->currentData().toInt();
     pack.cells = m_cells->value();
     pack.capacity = m_capacity->value();
-    pack.note = m_note->toPlainText();
+    pack.note = m_note->toPlainText().left(LogbookPack::longestNote);
     return pack;
 }
 

@@ -205,7 +205,7 @@ private slots:
         view()->choose(id);
         QVERIFY(!action("Remove from logbook")->isEnabled());
         QTest::keyClick(view(), Qt::Key_Return);
-        QCOMPARE(opened.takeFirst().first().toStringList(), QStringList{found.file});
+        QCOMPARE(opened.takeFirst().value(0).toStringList(), QStringList{found.file});
         trigger("Overlay");
         QCOMPARE(overlaid.first().at(0).toStringList(), QStringList{found.file});
         QVERIFY(overlaid.first().at(1).toStringList().first().startsWith("x, "));
