@@ -464,8 +464,9 @@ void TestListening::remoteControlIsForOneDevice()
     for (const int com : {1, 2}) {
         command->menu()->actions()[com - 1]->trigger();
         asks(com, 1);
-        QVERIFY(dialogs().first()->isVisible() && !dialogs().first()->isModal());
-        dialogs().first()->close();
+        QDialog *const dialog = dialogs().value(0);
+        QVERIFY(dialog->isVisible() && !dialog->isModal());
+        dialog->close();
         QTRY_VERIFY(dialogs().isEmpty());
     }
     record(2);
