@@ -362,8 +362,9 @@ private slots:
         QVERIFY(QFile::copy(names.last(), other.filePath("logbook.sqlite")));
         QCOMPARE(LogbookFile(other.path()).open().packs.size(), 3);
         QVERIFY(file.backUp(QDate(1970, 1, 1))); // a clock without its battery
-        QVERIFY(file.backups().last().endsWith("1970-01-01.sqlite"));
-        QCOMPARE(file.backups().size(), LogbookFile::backupsKept);
+        names = file.backups();
+        QVERIFY(names.last().endsWith("1970-01-01.sqlite"));
+        QCOMPARE(names.size(), LogbookFile::backupsKept);
     }
 
     void readOnly()
