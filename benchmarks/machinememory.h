@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/largeblock.h"
+#include "data/records/largeblock.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/recordlist.h"
+#include "data/records/recordlist.h"
 
 #include <QByteArray>
 

@@ -9,6 +9,6 @@ tools=$(qmake -qt=qt5 -query QT_HOST_BINS 2>/dev/null || echo /usr/lib/qt5/bin)
 for language in en pl de; do
     plurals=
     [ $language != en ] || plurals=-pluralonly
-    "$tools/lupdate" -silent -no-obsolete -locations none $plurals -extensions cpp,h,ui src \
+    "$tools/lupdate" -silent -no-obsolete -locations none $plurals -extensions cpp,h,ui -I src src \
         -source-language en -target-language $language -ts "$folder/varnelgraph_$language.ts"
 done

@@ -1,5 +1,5 @@
-#include "app/batch.h"
-#include "app/commandline.h"
+#include "app/batch/batch.h"
+#include "app/batch/commandline.h"
 #include "app/process/console.h"
 #include "app/process/logoutput.h"
 #include "app/process/screenplatform.h"

@@ -2,7 +2,7 @@
 
 #include "app/actionset.h"
 #include "app/explanations.h"
-#include "app/logbookparts.h"
+#include "app/tools/logbookparts.h"
 #include "app/shellmenus.h"
 #include "app/viewswitchboard.h"
 #include "desk/deskarea.h"

@@ -2,8 +2,8 @@
 
 #include "files/linesource.h"
 
-#include "data/balanceintegrator.h"
-#include "data/recordlist.h"
+#include "data/records/balanceintegrator.h"
+#include "data/records/recordlist.h"
 
 #include <QCoreApplication>
 #include <QString>

@@ -3,7 +3,7 @@
 #include "files/disk/filesync.h"
 
 #include "protocol/recordline.h"
-#include "data/recordlist.h"
+#include "data/records/recordlist.h"
 
 #include <cstring>
 

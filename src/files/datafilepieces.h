@@ -2,7 +2,7 @@
 
 #include "files/filepieces.h"
 
-#include "data/recordreader.h"
+#include "data/records/recordreader.h"
 
 #include <limits>
 #include <memory>

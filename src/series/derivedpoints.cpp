@@ -1,6 +1,6 @@
 #include "series/derivedpoints.h"
 
-#include "data/recordlist.h"
+#include "data/records/recordlist.h"
 #include "data/systemmemory.h"
 #include "series/extremes.h"
 #include "series/seriesfigures.h"

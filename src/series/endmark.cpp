@@ -1,6 +1,6 @@
 #include "series/endmark.h"
 
-#include "data/recordlist.h"
+#include "data/records/recordlist.h"
 
 void EndMark::begin(int device)
 {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/blockarena.h"
-#include "data/packedcolumn.h"
+#include "data/records/blockarena.h"
+#include "data/records/packedcolumn.h"
 #include "series/interval.h"
 #include "series/serieskinds.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/recordlist.h"
+#include "data/records/recordlist.h"
 #include "series/interval.h"
 #include "series/seriesfigures.h"
 

@@ -1,6 +1,6 @@
 #include "series/resistancefold.h"
 
-#include "data/recordlist.h"
+#include "data/records/recordlist.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "series/seriesfigures.h"
 
-#include "data/recordlist.h"
+#include "data/records/recordlist.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/balanceintegrator.h"
-#include "data/recordlist.h"
+#include "data/records/balanceintegrator.h"
+#include "data/records/recordlist.h"
 #include "series/derivedpoints.h"
 #include "series/endmark.h"
 #include "series/plotseries.h"

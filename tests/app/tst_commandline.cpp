@@ -1,4 +1,4 @@
-#include "app/commandline.h"
+#include "app/batch/commandline.h"
 #include "support/columns.h"
 
 #include <QtTest>

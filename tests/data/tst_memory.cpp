@@ -1,6 +1,6 @@
 #include "data/memorygroups.h"
-#include "data/recordlist.h"
-#include "data/recordreader.h"
+#include "data/records/recordlist.h"
+#include "data/records/recordreader.h"
 #include "data/systemmemory.h"
 
 #include "support/limits.h"

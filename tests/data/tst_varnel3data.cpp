@@ -1,7 +1,7 @@
-#include "data/balanceintegrator.h"
+#include "data/records/balanceintegrator.h"
 #include "data/figuretext.h"
 #include "data/processend.h"
-#include "data/recordlist.h"
+#include "data/records/recordlist.h"
 #include "data/timetext.h"
 
 #include <QLocale>

@@ -1,5 +1,5 @@
-#include "app/batch.h"
-#include "app/commandline.h"
+#include "app/batch/batch.h"
+#include "app/batch/commandline.h"
 #include "support/columns.h"
 #include "support/files.h"
 #include "support/literal.h"

@@ -1,4 +1,4 @@
-#include "data/recordlist.h"
+#include "data/records/recordlist.h"
 #include "logbook/logbookfigures.h"
 #include "series/seriesstore.h"
 #include "simulator/linewriter.h"

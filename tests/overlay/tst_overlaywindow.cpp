@@ -1,4 +1,4 @@
-#include "app/overlaycommands.h"
+#include "app/tools/overlaycommands.h"
 #include "overlay/overlayplot.h"
 #include "overlay/overlaywindow.h"
 #include "support/documentrig.h"

@@ -3,7 +3,7 @@
 #include "protocol/fieldtext.h"
 #include "protocol/lineconversions.h"
 #include "protocol/recordline.h"
-#include "data/recordlist.h"
+#include "data/records/recordlist.h"
 
 #include <QByteArray>
 

@@ -1,9 +1,9 @@
 // The guide's pictures: the program itself, listening on simulated devices, is led through what the guide
 // tells, and each window is kept as it looks then. ./dev pictures gives it settings and folders of its own.
 #include "app/actionset.h"
-#include "app/logbookparts.h"
+#include "app/tools/logbookparts.h"
 #include "app/mainwindow.h"
-#include "app/overlaycommands.h"
+#include "app/tools/overlaycommands.h"
 #include "app/stylesheet.h"
 #include "app/translators.h"
 #include "graph/mdigraphchild.h"

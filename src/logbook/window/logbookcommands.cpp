@@ -6,10 +6,10 @@
 #include "logbook/logbookeditor.h"
 #include "logbook/logbookreader.h"
 #include "logbook/window/logbookactions.h"
-#include "logbook/window/notedialog.h"
-#include "logbook/window/packchoice.h"
-#include "logbook/window/packdialog.h"
-#include "logbook/window/recordingcolumns.h"
+#include "logbook/window/dialogs/notedialog.h"
+#include "logbook/window/dialogs/packchoice.h"
+#include "logbook/window/dialogs/packdialog.h"
+#include "logbook/window/table/recordingcolumns.h"
 #include "widgets/warningbox.h"
 
 #include <QAction>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "logbook/window/packcourse.h"
+#include "logbook/window/course/packcourse.h"
 
 #include <QAbstractTableModel>
 #include <QVector>

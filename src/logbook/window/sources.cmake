@@ -1,23 +1,8 @@
 target_sources(varnel_gui PRIVATE
-    logbook/window/columnsmenu.cpp logbook/window/columnsmenu.h
-    logbook/window/coursecanvas.cpp logbook/window/coursecanvas.h
-    logbook/window/coursechart.cpp logbook/window/coursechart.h
-    logbook/window/coursepanel.cpp logbook/window/coursepanel.h
-    logbook/window/curvepicture.cpp logbook/window/curvepicture.h
-    logbook/window/dialogbuttons.cpp logbook/window/dialogbuttons.h
     logbook/window/filterline.cpp logbook/window/filterline.h
-    logbook/window/foldersdialog.cpp logbook/window/foldersdialog.h
     logbook/window/logbookactions.cpp logbook/window/logbookactions.h
     logbook/window/logbookcommands.cpp logbook/window/logbookcommands.h
     logbook/window/logbookstatus.cpp logbook/window/logbookstatus.h
     logbook/window/logbookwindow.cpp logbook/window/logbookwindow.h
-    logbook/window/notedialog.cpp logbook/window/notedialog.h
-    logbook/window/packchoice.cpp logbook/window/packchoice.h
-    logbook/window/packcourse.cpp logbook/window/packcourse.h
-    logbook/window/packdialog.cpp logbook/window/packdialog.h
     logbook/window/packlist.cpp logbook/window/packlist.h
-    logbook/window/recordingcolumns.cpp logbook/window/recordingcolumns.h
-    logbook/window/recordingtable.cpp logbook/window/recordingtable.h
-    logbook/window/recordingview.cpp logbook/window/recordingview.h
-    logbook/window/tablepages.cpp logbook/window/tablepages.h
 )

@@ -1,4 +1,4 @@
-#include "logbook/window/packcourse.h"
+#include "logbook/window/course/packcourse.h"
 #include "sample.h"
 #include "support/columns.h"
 #include "support/paintlog.h"

@@ -1,0 +1,50 @@
+#include "app/tools/logbookparts.h"
+
+#include "documents/documents.h"
+#include "journal/journalkeeper.h"
+#include "logbook/logbook.h"
+#include "logbook/logbookeditor.h"
+#include "logbook/logbookreader.h"
+#include "widgets/warningbox.h"
+
+#include <QWidget>
+
+namespace {
+
+constexpr int messageTime = 5000; // ms
+
+} // namespace
+
+LogbookParts::LogbookParts(QWidget *shell, const JournalKeeper *keeper, const Documents *documents)
+    : QObject(shell)
+    , m_shell(shell)
+    , m_logbook(new Logbook(this))
+    , m_editor(new LogbookEditor(m_logbook, this))
+    , m_reader(new LogbookReader(m_logbook, keeper->folder().path(), this))
+{
+    connect(keeper,
+        SIGNAL(began(QString,QString,Varnel3Data)), m_reader, SLOT(beginLive(QString,QString,Varnel3Data)));
+    connect(keeper, SIGNAL(ended(QString)), m_reader, SLOT(endLive(QString)));
+    connect(keeper, SIGNAL(discarded(QString)), m_reader, SLOT(dropLive(QString)));
+    connect(keeper, SIGNAL(replaced(QString,QString)), m_reader, SLOT(renameLive(QString,QString)));
+    connect(documents, SIGNAL(fileOpened(QString)), m_reader, SLOT(look(QString)));
+    connect(documents, SIGNAL(fileSaved(QString,QString)), m_reader, SLOT(lookAtCopy(QString,QString)));
+    connect(m_logbook, SIGNAL(troubleChanged()), this, SLOT(tellTrouble()));
+    connect(m_logbook, SIGNAL(told(QString)), this, SLOT(tellDamage(QString)));
+}
+
+void LogbookParts::open()
+{
+    m_logbook->open(Logbook::defaultFolder());
+}
+
+void LogbookParts::tellTrouble()
+{
+    if (!m_logbook->trouble().isEmpty())
+        emit message(m_logbook->trouble(), messageTime);
+}
+
+void LogbookParts::tellDamage(const QString &text)
+{
+    showWarningBox(m_shell, "logbookDamaged", tr("Logbook"), text);
+}

@@ -1,0 +1,230 @@
+#include "logbook/window/table/recordingcolumns.h"
+
+#include "data/figuretext.h"
+#include "data/timetext.h"
+#include "data/varnel3data.h"
+#include "logbook/logbook.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLocale>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+using Columns = RecordingColumns;
+
+constexpr double unknown = std::numeric_limits<double>::quiet_NaN();
+constexpr double thousand = 1000.0;
+
+/// What holds nothing where it is 0.
+double known(double value)
+{
+    return value != 0 ? value : unknown;
+}
+
+// Minutes will do, whatever the locale's short form of a time has.
+QString startText(const LogbookRecording &recording)
+{
+    if (!recording.start.isValid())
+        return QString();
+    QString clock = QLocale().timeFormat(QLocale::ShortFormat);
+    clock.remove(QStringLiteral(":ss"));
+    const QString text = QLocale().toString(recording.start.date(), QLocale::ShortFormat) + QLatin1Char(' ')
+        + QLocale().toString(recording.start.time(), clock);
+    return recording.isStartApproximate ? QStringLiteral("≈ ") + text : text;
+}
+
+QString chemistryText(const LogbookRecording &recording)
+{
+    const int type = recording.figures.cellType;
+    return type == Varnel3Data::noCellType ? QString() : Varnel3Data::cellTypeName(type);
+}
+
+QString endText(const LogbookRecording &recording)
+{
+    switch (recording.figures.end) {
+    case Varnel3Data::Completed:
+        return RecordingColumns::tr("Completed");
+    case Varnel3Data::Aborted:
+        return RecordingColumns::tr("Aborted");
+    case Varnel3Data::Failed:
+        return RecordingColumns::tr("Error");
+    default:
+        return recording.isLive ? RecordingColumns::tr("Recording") : RecordingColumns::tr("No end");
+    }
+}
+
+QString cellResistances(const LogbookRecording &recording)
+{
+    QStringList texts;
+    for (int i = 0; recording.figures.hasCellResistances() && i < recording.figures.cells; ++i)
+        texts.append(FigureText::fixed(double(recording.figures.cellResistances[size_t(i)]), 0, 1));
+    return texts.join(QStringLiteral("  "));
+}
+
+QString fileText(const LogbookRecording &recording)
+{
+    const QString name = QFileInfo(recording.file).fileName();
+    return recording.isGone ? RecordingColumns::tr("%1 (gone)").arg(name) : name;
+}
+
+double startNumber(const LogbookRecording &r)
+{
+    return r.start.isValid() ? double(r.start.toMSecsSinceEpoch()) : unknown;
+}
+
+double firstCellResistance(const LogbookRecording &r)
+{
+    return r.figures.hasCellResistances() ? double(r.figures.cellResistances[0]) : unknown;
+}
+
+struct ColumnRow {
+    const char *title;
+    const char *tip;
+    const char *sample;
+    double (*number)(const LogbookRecording &r); ///< null for a column of texts
+    int decimals; ///< of a number; -1: it has a text of its own
+    QString (*text)(const LogbookRecording &r);
+};
+
+constexpr int ownText = -1;
+
+const ColumnRow columnRows[] = {
+    {QT_TRANSLATE_NOOP("RecordingColumns", "Start"),
+        QT_TRANSLATE_NOOP("RecordingColumns", "When the process began; ≈ from the time of the file"), "",
+        startNumber, ownText, startText},
+    {QT_TRANSLATE_NOOP("RecordingColumns", "Pack"),
+        QT_TRANSLATE_NOOP("RecordingColumns", "The battery pack; grey with ?: the one to be offered"),
+        "Long name of a pack", nullptr, ownText, nullptr},
+    {QT_TRANSLATE_NOOP("RecordingColumns", "Device"),
+        QT_TRANSLATE_NOOP("RecordingColumns", "The charger that sent the records"), "Varnel 2+ ", nullptr,
+        ownText,
+        [](const LogbookRecording &r) {
+            return r.figures.device == Varnel3Data::NoDevice ? QString()
+                                                             : Varnel3Data::deviceName(r.figures.device);
+        }},
+    {QT_TRANSLATE_NOOP("RecordingColumns", "Port"),
+        QT_TRANSLATE_NOOP("RecordingColumns", "The serial port, from the name of the file"), "COM10 ",
+        nullptr, ownText, [](const LogbookRecording &r) { return r.port; }},
+    {QT_TRANSLATE_NOOP("RecordingColumns", "Process"),
+        QT_TRANSLATE_NOOP("RecordingColumns", "Charge, discharge, balancing, format or test"), "Balancing  ",
+        nullptr, ownText,
+        [](const LogbookRecording &r) {
+            return r.figures.mode == Varnel3Data::NoMode ? QString() : Varnel3Data::modeName(r.figures.mode);
+        }},
+    {QT_TRANSLATE_NOOP("RecordingColumns", "Chemistry"),
+        QT_TRANSLATE_NOOP("RecordingColumns", "Kind of the cells"), "LiPo ", nullptr, ownText, chemistryText},
+    {QT_TRANSLATE_NOOP("RecordingColumns", "Cells"),
+        QT_TRANSLATE_NOOP("RecordingColumns", "Number of cells in series"), "16",
+        [](const LogbookRecording &r) { return known(r.figures.cells); }, 0, nullptr},
+    {QT_TRANSLATE_NOOP("RecordingColumns", "Duration"),
+        QT_TRANSLATE_NOOP("RecordingColumns", "Hours, minutes and seconds to the end of the process"),
+        "00:00:00 ",
+        [](const LogbookRecording &r) { return r.figures.records > 0 ? r.figures.duration : unknown; },
+        ownText,
+        [](const LogbookRecording &r) {
+            return r.figures.records > 0 ? elapsedTimeText(r.figures.duration) : QString();
+        }},
+    {QT_TRANSLATE_NOOP("RecordingColumns", "Charge [mAh]"),
+        QT_TRANSLATE_NOOP("RecordingColumns", "What went in or came out, as in the capacity comparison"),
+        "00 000",
+        [](const LogbookRecording &r) { return r.figures.records > 0 ? r.figures.charge : unknown; }, 0,
+        nullptr},
+    {QT_TRANSLATE_NOOP("RecordingColumns", "Energy [Wh]"),
+        QT_TRANSLATE_NOOP("RecordingColumns", "Voltage times current, over the time"), "000.00",
+        [](const LogbookRecording &r) { return known(r.figures.energy); }, 2, nullptr},
+    {QT_TRANSLATE_NOOP("RecordingColumns", "Start [V]"),
+        QT_TRANSLATE_NOOP("RecordingColumns", "Voltage of the pack at the start"), "00.000",
+        [](const LogbookRecording &r) { return known(r.figures.startVoltage / thousand); }, 2, nullptr},
+    {QT_TRANSLATE_NOOP("RecordingColumns", "End [V]"),
+        QT_TRANSLATE_NOOP("RecordingColumns", "Voltage of the pack at the end"), "00.000",
+        [](const LogbookRecording &r) { return known(r.figures.endVoltage / thousand); }, 2, nullptr},
+    {QT_TRANSLATE_NOOP("RecordingColumns", "Max. [°C]"),
+        QT_TRANSLATE_NOOP("RecordingColumns", "Highest temperature"), "000.0",
+        [](const LogbookRecording &r) { return known(r.figures.highestTemperature / 10.0); }, 1, nullptr},
+    {QT_TRANSLATE_NOOP("RecordingColumns", "Resistance [mΩ]"),
+        QT_TRANSLATE_NOOP("RecordingColumns", "Internal resistance of the pack"), "0000",
+        [](const LogbookRecording &r) { return known(r.figures.resistance); }, 0, nullptr},
+    {QT_TRANSLATE_NOOP("RecordingColumns", "Cells [mΩ]"),
+        QT_TRANSLATE_NOOP("RecordingColumns", "Internal resistance of each cell, from the first on"),
+        "0.0  0.0  0.0  0.0", firstCellResistance, ownText, cellResistances},
+    {QT_TRANSLATE_NOOP("RecordingColumns", "Spread [mV]"),
+        QT_TRANSLATE_NOOP("RecordingColumns", "Highest cell less the lowest, at the end"), "0000",
+        [](const LogbookRecording &r) { return r.figures.spread < 0 ? unknown : r.figures.spread; }, 0,
+        nullptr},
+    {QT_TRANSLATE_NOOP("RecordingColumns", "Ended"),
+        QT_TRANSLATE_NOOP("RecordingColumns", "How the process ended"), "Completed ", nullptr, ownText,
+        endText},
+    {QT_TRANSLATE_NOOP("RecordingColumns", "Note"), QT_TRANSLATE_NOOP("RecordingColumns", "Your own words"),
+        "Some words of the user", nullptr, ownText,
+        [](const LogbookRecording &r) { return r.note.simplified(); }},
+    {QT_TRANSLATE_NOOP("RecordingColumns", "File"),
+        QT_TRANSLATE_NOOP("RecordingColumns", "Where the records are kept"), "2026-00-00_00-00-00_COM10.acp ",
+        nullptr, ownText, fileText},
+};
+
+static_assert(sizeof columnRows / sizeof *columnRows == Columns::count, "a row each");
+
+} // namespace
+
+QString RecordingColumns::title(int column)
+{
+    return tr(columnRows[column].title);
+}
+
+QString RecordingColumns::tip(int column)
+{
+    return tr(columnRows[column].tip);
+}
+
+QString RecordingColumns::sample(int column)
+{
+    LogbookRecording longest;
+    longest.start = QDateTime(QDate(2028, 12, 28), QTime(23, 58));
+    longest.isStartApproximate = true;
+    return column == Start ? startText(longest) : QString::fromUtf8(columnRows[column].sample);
+}
+
+bool RecordingColumns::isNumber(int column)
+{
+    return columnRows[column].number != nullptr;
+}
+
+double RecordingColumns::number(const LogbookRecording &recording, int column)
+{
+    return columnRows[column].number ? columnRows[column].number(recording) : unknown;
+}
+
+QString RecordingColumns::text(const Logbook &logbook, const LogbookRecording &recording, int column)
+{
+    if (column == Pack)
+        return logbook.packName(recording.pack);
+    const ColumnRow &row = columnRows[column];
+    if (row.decimals == ownText)
+        return row.text(recording);
+    const double value = row.number(recording);
+    return std::isnan(value) ? QString() : FigureText::fixed(value, 0, row.decimals);
+}
+
+QString RecordingColumns::allText(const Logbook &logbook, const LogbookRecording &recording)
+{
+    QStringList lines;
+    for (int column = 0; column < count; ++column) {
+        const QString value = column == File ? QDir::toNativeSeparators(recording.file)
+                                             : text(logbook, recording, column).trimmed();
+        if (!value.isEmpty())
+            lines.append(title(column) + QStringLiteral(": ") + value);
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+QString RecordingColumns::label(const Logbook &logbook, const LogbookRecording &recording)
+{
+    const QString name = logbook.packName(recording.pack);
+    const QStringList parts
+        = {name.isEmpty() ? QFileInfo(recording.file).completeBaseName() : name, startText(recording)};
+    return parts[1].isEmpty() ? parts[0] : parts.join(QStringLiteral(", "));
+}

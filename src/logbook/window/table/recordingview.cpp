@@ -1,0 +1,218 @@
+#include "logbook/window/table/recordingview.h"
+
+#include "data/varnel3data.h"
+#include "logbook/window/table/recordingcolumns.h"
+#include "logbook/window/table/recordingtable.h"
+#include "widgets/displayscale.h"
+
+#include <QHeaderView>
+#include <QItemSelection>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QToolTip>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int cellSpace = 14; // px beside a text
+constexpr int arrowSpace = 22; // px for the arrow of the sorted column
+constexpr int rowSpace = 6;
+
+} // namespace
+
+RecordingView::RecordingView(RecordingTable *table, QWidget *parent)
+    : QTableView(parent)
+    , m_table(table)
+{
+    setModel(table);
+    setObjectName(QStringLiteral("recordings"));
+    setAccessibleName(tr("Recordings"));
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(NoEditTriggers);
+    setAlternatingRowColors(true);
+    setShowGrid(false);
+    setWordWrap(false);
+    setTabKeyNavigation(false);
+    setCornerButtonEnabled(false);
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    setHorizontalScrollMode(ScrollPerPixel);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + scaled(rowSpace));
+    horizontalHeader()->setSectionsMovable(true);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setContextMenuPolicy(Qt::CustomContextMenu);
+    horizontalHeader()->setSortIndicator(table->sortColumn(), table->sortOrder());
+    fitColumns();
+    connect(table, SIGNAL(modelAboutToBeReset()), this, SLOT(keepSelection()));
+    connect(table, SIGNAL(modelReset()), this, SLOT(restoreSelection()));
+    connect(
+        selectionModel(), SIGNAL(selectionChanged(QItemSelection,QItemSelection)), this, SIGNAL(selected()));
+    connect(horizontalHeader(), SIGNAL(customContextMenuRequested(QPoint)), this, SLOT(onHeaderMenu(QPoint)));
+}
+
+void RecordingView::fitColumns()
+{
+    const QFontMetrics letters(font());
+    int mode = 0; // its names are as long as the language has them
+    for (int i = 0; i < Varnel3Data::NoMode; ++i)
+        mode = std::max(mode, letters.horizontalAdvance(Varnel3Data::modeName(i)));
+    for (int column = 0; column < RecordingColumns::count; ++column) {
+        const int cell = letters.horizontalAdvance(RecordingColumns::sample(column)) + scaled(cellSpace);
+        const int title = letters.horizontalAdvance(RecordingColumns::title(column)) + scaled(arrowSpace);
+        const int name = column == RecordingColumns::Process ? mode + scaled(cellSpace) : 0;
+        setColumnWidth(column, std::max({cell, title, name}));
+    }
+}
+
+void RecordingView::restoreColumns(const QByteArray &state)
+{
+    if (!state.isEmpty())
+        horizontalHeader()->restoreState(state);
+    if (shownColumns() == 0)
+        showAllColumns();
+    setSortingEnabled(true); // sorts as the header says
+}
+
+int RecordingView::shownColumns() const
+{
+    return horizontalHeader()->count() - horizontalHeader()->hiddenSectionCount();
+}
+
+QVector<qint64> RecordingView::selectedIds() const
+{
+    QVector<int> rows;
+    const QItemSelection selection = selectionModel()->selection();
+    for (const QItemSelectionRange &range : selection)
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows.append(row);
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    QVector<qint64> ids;
+    for (const int row : qAsConst(rows))
+        ids.append(m_table->idAt(row));
+    return ids;
+}
+
+qint64 RecordingView::currentId() const
+{
+    return currentIndex().isValid() ? m_table->idAt(currentIndex().row()) : 0;
+}
+
+bool RecordingView::choose(qint64 id)
+{
+    const int row = m_table->rowOf(id);
+    if (row < 0)
+        return false;
+    const int column = std::max(0, currentIndex().column());
+    const QModelIndex index = m_table->index(row, column);
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    scrollTo(index);
+    return true;
+}
+
+void RecordingView::keepSelection()
+{
+    const QVector<qint64> ids = selectedIds();
+    m_selected = QSet<qint64>(ids.begin(), ids.end());
+    m_current = currentId();
+}
+
+// Ranges, not rows: all of ten thousand may be selected.
+void RecordingView::restoreSelection()
+{
+    const QVector<qint64> &ids = m_table->ids();
+    QItemSelection selection;
+    for (int row = 0; !m_selected.isEmpty() && row < ids.size(); ++row) {
+        if (!m_selected.contains(ids[row]))
+            continue;
+        const int first = row;
+        while (row + 1 < ids.size() && m_selected.contains(ids[row + 1]))
+            ++row;
+        selection.select(m_table->index(first, 0), m_table->index(row, RecordingColumns::count - 1));
+    }
+    const int current = m_current != 0 ? m_table->rowOf(m_current) : -1;
+    if (current >= 0)
+        selectionModel()->setCurrentIndex(m_table->index(current, 0), QItemSelectionModel::NoUpdate);
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    if (current >= 0)
+        scrollTo(m_table->index(current, 0));
+    emit selected(); // a reset tells no change
+}
+
+void RecordingView::sortByColumn()
+{
+    const QHeaderView *header = horizontalHeader();
+    const int column = std::max(0, currentIndex().column());
+    const bool again = header->sortIndicatorSection() == column;
+    QTableView::sortByColumn(column,
+        again && header->sortIndicatorOrder() == Qt::AscendingOrder ? Qt::DescendingOrder
+                                                                    : Qt::AscendingOrder);
+}
+
+void RecordingView::moveColumn(int by)
+{
+    QHeaderView *header = horizontalHeader();
+    const int from = header->visualIndex(std::max(0, currentIndex().column()));
+    int to = from + by;
+    while (to >= 0 && to < header->count() && header->isSectionHidden(header->logicalIndex(to)))
+        to += by;
+    if (to >= 0 && to < header->count())
+        header->moveSection(from, to);
+}
+
+void RecordingView::moveLeft()
+{
+    moveColumn(-1);
+}
+
+void RecordingView::moveRight()
+{
+    moveColumn(1);
+}
+
+void RecordingView::hideColumn()
+{
+    setColumnShown(std::max(0, currentIndex().column()), false);
+}
+
+// One stays, or nothing would be left to click.
+void RecordingView::setColumnShown(int column, bool shown)
+{
+    if (shown || shownColumns() > 1)
+        setColumnHidden(column, !shown);
+}
+
+void RecordingView::showAllColumns()
+{
+    for (int column = 0; column < RecordingColumns::count; ++column)
+        showColumn(column);
+}
+
+void RecordingView::explain()
+{
+    const QModelIndex index = currentIndex();
+    if (index.isValid())
+        QToolTip::showText(viewport()->mapToGlobal(visualRect(index).bottomLeft()),
+            index.data(Qt::ToolTipRole).toString(), viewport());
+}
+
+void RecordingView::onHeaderMenu(const QPoint &place)
+{
+    const int column = horizontalHeader()->logicalIndexAt(place);
+    if (column >= 0) {
+        const int row = std::max(0, currentIndex().row());
+        selectionModel()->setCurrentIndex(m_table->index(row, column), QItemSelectionModel::NoUpdate);
+    }
+    emit columnsMenuWanted(horizontalHeader()->mapToGlobal(place));
+}
+
+void RecordingView::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier)
+        explain();
+    else
+        QTableView::keyPressEvent(event);
+}
