@@ -2,8 +2,8 @@
 
 #include "graph/cellpicker.h"
 #include "graph/graphviewport.h"
+#include "widgets/keybinding.h"
 
-class QKeyEvent;
 class QMouseEvent;
 class QWheelEvent;
 class QWidget;
@@ -51,8 +51,7 @@ signals:
     void recordPointedAt(int record);
 
 private:
-    struct KeyBinding;
-    static const KeyBinding keyBindings[];
+    static const KeyBinding<GraphInteraction> keyBindings[];
 
     QPoint inPicture(const QPointF &position) const;
     void pointAt(const QPoint &position);

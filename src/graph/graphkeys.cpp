@@ -3,7 +3,6 @@
 
 #include "series/seriesstore.h"
 
-#include <QKeyEvent>
 #include <QWidget>
 
 #include <cmath>
@@ -16,15 +15,7 @@ constexpr int partsOfPicture = 10; // a key moves a zoomed picture by one of the
 
 } // namespace
 
-struct GraphInteraction::KeyBinding {
-    int key;
-    Qt::KeyboardModifiers
-        modifiers; ///< of Control and Shift; the other one may be held too and is told to `action`
-    void (GraphInteraction::*action)(int direction, Qt::KeyboardModifiers modifiers);
-    int direction;
-};
-
-const GraphInteraction::KeyBinding GraphInteraction::keyBindings[] = {
+const KeyBinding<GraphInteraction> GraphInteraction::keyBindings[] = {
     {Qt::Key_Left, Qt::ControlModifier, &GraphInteraction::movePart, -1},
     {Qt::Key_Right, Qt::ControlModifier, &GraphInteraction::movePart, 1},
     {Qt::Key_Up, Qt::ControlModifier, &GraphInteraction::pickCell, -1},
@@ -47,14 +38,10 @@ bool GraphInteraction::key(const QKeyEvent *event)
 {
     if (m_store->isEmpty())
         return false;
-    for (const KeyBinding &binding : keyBindings) {
-        if (event->key() != binding.key || (event->modifiers() & binding.modifiers) != binding.modifiers)
-            continue;
-        (this->*binding.action)(binding.direction, event->modifiers());
-        m_widget->update();
-        return true;
-    }
-    return false;
+    if (!actOnKey(this, keyBindings, *event))
+        return false;
+    m_widget->update();
+    return true;
 }
 
 int GraphInteraction::centreColumn() const

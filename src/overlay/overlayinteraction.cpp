@@ -3,7 +3,6 @@
 #include "graph/scene/graphlayout.h"
 #include "overlay/scene/overlayrequest.h"
 
-#include <QKeyEvent>
 #include <QWidget>
 
 #include <cmath>
@@ -20,14 +19,7 @@ constexpr PlotArea values = PlotArea::Upper; // whose share of the zoom counts
 
 } // namespace
 
-struct OverlayInteraction::KeyBinding {
-    int key;
-    Qt::KeyboardModifiers modifiers; ///< that must be held; Shift may be held too and is told to `action`
-    void (OverlayInteraction::*action)(int direction, Qt::KeyboardModifiers modifiers);
-    int direction;
-};
-
-const OverlayInteraction::KeyBinding OverlayInteraction::keyBindings[] = {
+const KeyBinding<OverlayInteraction> OverlayInteraction::keyBindings[] = {
     {Qt::Key_Left, Qt::AltModifier, &OverlayInteraction::moveCourse, -1},
     {Qt::Key_Right, Qt::AltModifier, &OverlayInteraction::moveCourse, 1},
     {Qt::Key_Left, Qt::ControlModifier, &OverlayInteraction::movePart, -1},
@@ -260,14 +252,10 @@ bool OverlayInteraction::key(const QKeyEvent *event)
         return false;
     if (event->key() == Qt::Key_Escape)
         return giveUp();
-    for (const KeyBinding &binding : keyBindings) {
-        if (event->key() != binding.key || (event->modifiers() & binding.modifiers) != binding.modifiers)
-            continue;
-        (this->*binding.action)(binding.direction, event->modifiers());
-        m_widget->update();
-        return true;
-    }
-    return false;
+    if (!actOnKey(this, keyBindings, *event))
+        return false;
+    m_widget->update();
+    return true;
 }
 
 // The first step comes in from the end that is left behind.

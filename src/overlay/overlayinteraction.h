@@ -1,10 +1,10 @@
 #pragma once
 
 #include "overlay/scene/overlaylayout.h"
+#include "widgets/keybinding.h"
 
 #include <QObject>
 
-class QKeyEvent;
 class QMouseEvent;
 class QWheelEvent;
 class QWidget;
@@ -35,8 +35,7 @@ signals:
     void pickedChanged();
 
 private:
-    struct KeyBinding;
-    static const KeyBinding keyBindings[];
+    static const KeyBinding<OverlayInteraction> keyBindings[];
     enum class Drag { None, Zoom, View, Course };
 
     OverlayLayout layout() const;
