@@ -124,7 +124,7 @@ private:
     {
         graph("COM1")->parentWidget()->showMaximized();
         setView({});
-        m_album.point(graph("COM1"), 0.4, 0.3);
+        Album::point(graph("COM1"), 0.4, 0.3);
         if (!m_album.keep("graph", &m_window))
             return false;
         setView({ActionId::Balancer});
@@ -171,7 +171,7 @@ private:
         if (!m_album.wait("three curves",
                 [overlay, &files] { return overlay->plot()->shown().entries.size() == files.size(); }))
             return false;
-        m_album.point(overlay->plot(), 0.35, 0.4);
+        Album::point(overlay->plot(), 0.35, 0.4);
         return m_album.window("overlay", "OverlayWindow");
     }
     static bool write(const QString &device, const QString &fileName)
