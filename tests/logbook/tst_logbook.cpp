@@ -3,6 +3,7 @@
 #include "logbook/logbookeditor.h"
 #include "logbook/logbookfile.h"
 #include "logbook/logbookschema.h"
+#include "entries.h"
 #include "support/asnobody.h"
 #include "support/columns.h"
 #include "support/files.h"
@@ -21,33 +22,6 @@ Q_DECLARE_METATYPE(LogbookFilter)
 namespace {
 
 constexpr int longTime = 60000; // ms
-
-LogbookEntry entry(const QString &file, const QString &port = "COM3", int cellType = 5,
-    const QDateTime &start = QDateTime(QDate(2026, 3, 1), QTime(12, 0)))
-{
-    LogbookEntry found;
-    found.recording.file = file;
-    found.recording.port = port;
-    found.recording.start = start;
-    found.recording.figures.records = 9;
-    found.recording.figures.mode = Varnel3Data::Discharge;
-    found.recording.figures.cellType = cellType;
-    found.recording.figures.cells = 6;
-    found.stamp = {1234, 5678};
-    found.beginning = "hash";
-    return found;
-}
-
-LogbookPack namedPack(const QString &name, int capacity = 5000)
-{
-    LogbookPack pack;
-    pack.name = name;
-    pack.cellType = 5;
-    pack.cells = 6;
-    pack.capacity = capacity;
-    pack.note = QStringLiteral("bought in May");
-    return pack;
-}
 
 /// All that a logbook holds, a row or pack a line.
 QStringList dump(const Logbook &logbook)
@@ -80,7 +54,7 @@ struct OpenLogbook {
         QSignalSpy opened(&logbook, SIGNAL(opened()));
         QObject::connect(&logbook, &Logbook::told, &logbook, [this](const QString &text) { told = text; });
         logbook.open(folder);
-        opened.wait(longTime);
+        QVERIFY(opened.wait(longTime));
         QCoreApplication::processEvents();
     }
     Logbook logbook;
@@ -128,11 +102,26 @@ private slots:
         figures.lowestCell = 3;
         figures.end = Varnel3Data::Failed;
         figures.curve = QByteArray(LogbookFigures::curvePoints, '\0');
+        LogbookEntry most = full; // the last that each may be
+        most.recording.file = "/a/most.acp";
+        most.recording.isStartApproximate = true;
+        most.stamp = FileStamp();
+        LogbookFigures &last = most.recording.figures;
+        last.records = last.duration = last.spread = std::numeric_limits<int>::max();
+        last.charge = last.resistance = std::numeric_limits<int>::min();
+        last.device = Varnel3Data::NoDevice;
+        last.mode = Varnel3Data::NoMode;
+        last.cellType = 1000;
+        last.cells = Varnel3Data::maxCells;
+        last.lowestCell = Varnel3Data::maxCells - 1;
+        last.end = Varnel3Data::Completed;
+        last.curve.clear();
         QStringList before;
         {
             OpenLogbook book(folder.path());
             for (const QString &name : names)
                 book.logbook.take(name == names[0] ? full : entry(name));
+            book.logbook.take(most);
             book.logbook.take(entry("/a/no start.acp", "", 5, QDateTime()));
             for (const QString &name : names) {
                 const qint64 pack = book.editor.addPack(namedPack(name));
@@ -147,10 +136,34 @@ private slots:
         const OpenLogbook book(folder.path());
         QCOMPARE(dump(book.logbook), before);
         QVERIFY(book.logbook.recordingOf(names[0])->figures == figures);
+        QVERIFY(book.logbook.recordingOf("/a/most.acp")->figures == last);
         QCOMPARE(book.logbook.folders(), (QStringList{"/b'", "/a\n"}));
         QCOMPARE(book.logbook.refused(), (QSet<qint64>{-1, std::numeric_limits<qint64>::max()}));
         QCOMPARE(onFile(folder.path(), "PRAGMA journal_mode"), QString("wal"));
         QCOMPARE(QDir(folder.path()).entryList({"logbook-*.sqlite"}).size(), 1);
+    }
+
+    // What no program has written reads as not known.
+    void nonsense()
+    {
+        const QTemporaryDir folder;
+        {
+            OpenLogbook book(folder.path());
+            book.logbook.take(entry("/1.acp"));
+            book.editor.addPack(namedPack("A"));
+        }
+        for (const char *statement : {"UPDATE pack SET chemistry = 1001, cells = 17, capacity = -1",
+                 "UPDATE reading SET records = -1, device = 5, mode = -1, chemistry = -1, cells = 17, "
+                 "duration = -1, charge = 3000000000, energy = 9e999, start_voltage = 'x', "
+                 "cell_resistances = 'nan 1e99 2.5 x', spread = -2, lowest_cell = 16, ending = 3, "
+                 "curve = 'short'"})
+            onFile(folder.path(), statement);
+        const OpenLogbook book(folder.path());
+        const LogbookPack pack = book.logbook.packs().value(0);
+        QVERIFY(pack.cellType == Varnel3Data::noCellType && pack.cells == 0 && pack.capacity == 0);
+        LogbookFigures none;
+        none.cellResistances[2] = 2.5F;
+        QVERIFY(book.logbook.recordingOf("/1.acp")->figures == none);
     }
 
     // Each change, taken back and done again, in memory and in the file.
@@ -234,6 +247,15 @@ private slots:
         row("a note", "b", [](LogbookFilter &f) { f.text = QString::fromUtf8("WĘŻE"); });
         row("from", "cb", [](LogbookFilter &f) { f.from = QDate(2026, 2, 1); });
         row("to, the day included", "ba", [](LogbookFilter &f) { f.to = QDate(2026, 2, 1); });
+        row("one day", "b", [](LogbookFilter &f) { f.from = f.to = QDate(2026, 2, 1); });
+        row("no day", "", [](LogbookFilter &f) { f.from = f.to = QDate(2026, 2, 2); });
+        row("a day in words", "b", [](LogbookFilter &f) { f.text = "2026-02-01"; });
+        row("process and device in words", "cbad", [](LogbookFilter &f) { f.text = "none discharge"; });
+        row("chemistry and file in words", "a", [](LogbookFilter &f) { f.text = "lipo /a"; });
+        row("pack and chemistry", "", [](LogbookFilter &f) {
+            f.pack = LogbookPack::none;
+            f.cellType = Varnel3Data::noCellType;
+        });
     }
 
     void filters()
@@ -245,6 +267,7 @@ private slots:
         logbook.take(entry("/b", "COM3", 4, day(2)));
         logbook.take(entry("/c", "COM3", 5, day(3)));
         logbook.take(entry("/d", "COM4", 4, QDateTime()));
+        logbook.setGone("/d", true);
         QCOMPARE(logbook.packToOffer(logbook.recordingOf("/a")->id), qint64(LogbookPack::none));
         const qint64 pack = editor.addPack(namedPack("Red one"));
         editor.assign({logbook.recordingOf("/c")->id}, pack);
@@ -453,8 +476,23 @@ private slots:
         live.stamp = FileStamp();
         live.recording.start = QDateTime();
         logbook.take(live);
+        LogbookEntry full = entry("/full", "", 5, QDateTime(QDate(2026, 2, 28), QTime(1, 2, 3)));
+        full.recording.isStartApproximate = true;
+        LogbookFigures &figures = full.recording.figures;
+        figures.device = Varnel3Data::Tandor;
+        figures.energy = 1.00006;
+        figures.startVoltage = 25100;
+        figures.endVoltage = 19900;
+        figures.highestTemperature = 412;
+        figures.resistance = 23;
+        figures.spread = 0;
+        figures.lowestCell = 3;
+        figures.end = Varnel3Data::Completed;
+        figures.cellResistances[15] = 1.2345F;
+        logbook.take(full);
         LogbookCsv rows(logbook, logbook.recordings());
         QBuffer out;
+        QCOMPARE(rows.progress(), 0.0);
         QVERIFY(out.open(QIODevice::WriteOnly) && rows.writeAll(out));
         const QByteArrayList lines = out.data().split('\n');
         QCOMPARE(lines[0].count(','), 36);
@@ -462,7 +500,13 @@ private slots:
             QByteArray("\"Red, one\",2026-03-01 12:00:00,0,None,COM3,Discharge,LiPo,6,"
                        "9,0,0,12.5,0,0,,,,,aborted,1.3")
                 + QByteArray(15, ',') + ",,\"/it's, \"\"here\"\"\n.acp\"");
-        QCOMPARE(lines[3], ",,0,None,COM4,Discharge,LiPo,6" + QByteArray(27, ',') + ",,/live");
+        QCOMPARE(lines[3],
+            ",2026-02-28 01:02:03,1,Tandor,,Discharge,LiPo,6,9,0,0,1.0001,25100,19900,412,23,0,4,completed"
+                + QByteArray(16, ',') + "1.235,,/full");
+        QCOMPARE(lines[4], ",,0,None,COM4,Discharge,LiPo,6" + QByteArray(27, ',') + ",,/live");
+        QVERIFY(lines[0].startsWith("pack,start,start is approximate,device,") && rows.progress() == 1.0);
+        QVERIFY(lines[0].contains(",end,cell 1 resistance [mOhm],cell 2")
+            && lines[0].endsWith(",cell 16 resistance [mOhm],note,file"));
     }
 };
 

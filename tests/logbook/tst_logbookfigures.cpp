@@ -75,6 +75,8 @@ private slots:
         QCOMPARE(figures.spread, 30);
         QCOMPARE(figures.lowestCell, 1);
         QCOMPARE(figures.mode, int(Varnel3Data::Discharge));
+        QCOMPARE(figures.device, int(Varnel3Data::Varnel3));
+        QCOMPARE(figures.cellType, 5);
         QCOMPARE(figures.cells, 2);
         QCOMPARE(figures.end, int(Varnel3Data::NoEnd));
         // From 10 V to 12 V in a quarter of the time, then level for one, then down to 11 V.
@@ -102,6 +104,7 @@ private slots:
         QTest::newRow("done") << 8 << 4 << 'E' << -1 << 4 << int(Varnel3Data::Completed);
         QTest::newRow("stopped") << 8 << 7 << 'M' << -1 << 7 << int(Varnel3Data::Aborted);
         QTest::newRow("marked, then an error") << 8 << 6 << 'S' << 3 << 3 << int(Varnel3Data::Failed);
+        QTest::newRow("just long enough") << 6 << -1 << '_' << 2 << 2 << int(Varnel3Data::NoEnd);
         QTest::newRow("too short for a mark") << 5 << -1 << '_' << 2 << 4 << int(Varnel3Data::NoEnd);
     }
 
@@ -125,6 +128,27 @@ private slots:
         QCOMPARE(figures.curve.isEmpty(), last < 1);
     }
 
+    // From the eighteenth record on the smoothed one; before, as it was measured.
+    void resistance()
+    {
+        QVector<Varnel3Data> records;
+        for (int i = 0; i < 24; ++i) {
+            records += record(i, 8000, 1000);
+            records.last().internalResistance = i == 20 ? 0 : 40 + i;
+            SeriesStore store;
+            RecordList list;
+            for (const Varnel3Data &data : qAsConst(records))
+                list.append(data);
+            store.load(std::move(list));
+            const int measured = i == 20 ? 19 : i;
+            QCOMPARE(figuresOf(records).resistance,
+                measured < SeriesStore::firstResistance()
+                    ? 40 + measured
+                    : qRound(store.series(SeriesStore::Resistance)[measured]));
+        }
+        QVERIFY(figuresOf(records).resistance != 63);
+    }
+
     // A clock that runs back gives no time, and numbers of any size no overflow.
     void hostile()
     {
@@ -132,6 +156,14 @@ private slots:
             = figuresOf({record(100, 10000, 1000), record(40, 10000, 1000), record(50, 10000, 1000)});
         QCOMPARE(back.duration, 0);
         QCOMPARE(back.energy, 100.0 / 3600);
+        // Then the picture goes by the number of records.
+        const LogbookFigures mixed = figuresOf(
+            {record(100, 8000, 1), record(40, 9000, 1), record(500, 8500, 1), record(600, 8500, 1)});
+        for (const auto &[at, height] :
+            {std::pair(0, 0), std::pair(7, 85), std::pair(21, 255), std::pair(63, 128)})
+            QCOMPARE(int(uchar(mixed.curve[at])), height);
+        const LogbookFigures still = figuresOf({record(7, 8000, 1), record(7, 9000, 1)});
+        QCOMPARE(int(uchar(still.curve[21])), 85);
         constexpr int most = std::numeric_limits<int>::max();
         Varnel3Data first = record(-most, -most, most);
         Varnel3Data last = record(most, most, most);

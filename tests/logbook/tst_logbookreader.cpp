@@ -40,7 +40,7 @@ struct Reading {
     void rest()
     {
         QSignalSpy finished(&reader, SIGNAL(finished()));
-        finished.wait(longTime);
+        QVERIFY(finished.wait(longTime));
     }
     QString files() const
     {

@@ -96,6 +96,7 @@ private slots:
         row("20 celldata=0 resistance=0", "056 start 0 time 0..1140 charge 0..1900");
         row("10 current=0 current@3=100 current@5-9=1001", "0123456 start 5 time 0..540 charge 0..900");
         row("10 current=-2000 current@0-1=-199", "0123456 start 2 time 0..540 charge 0..900");
+        row("10 current=0 current@3-9=900", "0123456 start 3 time 0..540 charge 0..900");
         row("4 current=0", "0123456 start 0 time 0..180 charge 0..300");
         row("6 period@3=-100", "0123456 start 0 time 0..140 charge 0..500 back",
             "19:3 21:3 141:-1 79:4 70:1");
@@ -120,6 +121,7 @@ private slots:
                         .arg(course.reach(OverlayAxis::Charge).high)
                         .arg(course.isAscending(OverlayAxis::Time) ? "" : " back");
         QTEST(told, "told");
+        QCOMPARE(OverlayLayout(size, 1).columns({5, 5}).s2(), 6.0); // of one place
         QFETCH(QString, near);
         const QStringList places = near.split(' ', Qt::SkipEmptyParts);
         for (const QString &place : places)
@@ -222,6 +224,9 @@ private slots:
         row("20 temperature@3=300 | cursor=1000 value=6 marked=0",
             "Temperature   Δ 00:16:40; A Δ 0.0 °C   1700 mAh; 00:00:00@0 00:10:00@600; 25.0@25 25.5@25.5 "
             "26.0@26 26.5@26.5 27.0@27 27.5@27.5 28.0@28; ");
+        row("20 | marked=0 cursor=0",
+            "Pack voltage   Δ 00:00:00; A Δ 0.000 V   0 mAh; 00:00:00@0 00:10:00@600; 11.4@11.4 11.5@11.5 "
+            "11.6@11.6; ");
         row("20 current@0-9=0 | charge linedUp shift=60",
             "Pack voltage; A 00:19:00   1900 mAh; -1000 mAh@-1000 0 mAh@0; 11.4@11.4 11.5@11.5 11.6@11.6; ");
     }
@@ -268,6 +273,7 @@ private slots:
             "text 'V' right 50,11 11 Arial #ffffff; curve 56,472 719,123 of 20 #ff0022; "
             "curve 56,472 405,288 of 11 pen2 #00bb00; rect 730,28 24x3 #ff0022; rect 730,54 268x32 #3c3c3c; "
             "rect 730,60 24x3 #00bb00; line 222,22 222,573 dash4,2 #aaaaaa; line 388,22 388,573 #aaaaaa");
+        row("20 | cursor=1140 marked=0", "line 719,22 719,573 #aaaaaa; line 56,22 56,573 dash4,2 #aaaaaa");
         row("1 | white", "rect 54,296 4x4 #ff0022; rect 730,28 24x3 #ff0022; line 54,22 54,573 #5a5a5a");
         row("20 | 20 | size=1280,500 scale=2 distinct picked=0",
             "curve 112,372 874,118 of 20 #ffb000; curve 112,372 874,118 of 20 pen2 #ffffff");
@@ -346,7 +352,8 @@ click middle 387,297 = 166..497 25..75 cursor 331
 click middle 387,297 ctrl = all cursor 331
 click middle 387,297; drag right 387,297 487,297 = 116..447 25..75 cursor 331
 drag right 387,297 387,407 = 116..447 35..85 cursor 281
-press right 387,297; key Escape; move left 400,300 = 116..447 35..85 cursor 281
+press right 387,297 = 116..447 35..85 cursor 281 held
+key Escape; move left 400,300 = 116..447 35..85 cursor 281
 double 387,297 = all cursor 331
 key Plus; key Plus ctrl = 66..597 10..90 cursor 331
 key Right ctrl; key Up = 119..649 18..98 cursor 331
@@ -355,6 +362,8 @@ key Plus; hover 719,100; key Right; key Right = 68..598 0..100 cursor 598)");
     add("picking and moving in time", R"(
 click left 800,60 = all picked B
 click left 800,60 = all
+click left 800,30 = all picked A
+click left 800,30 = all
 key Down ctrl = all picked A
 key Up ctrl = all picked B
 key Down ctrl = all picked A
@@ -362,7 +371,8 @@ key Right alt = all picked A shift 1
 key Left alt shift = all picked A shift -9
 key Escape = all shift -9
 key Left alt = all shift -9
-drag left 156,560 206,560 ctrl = all cursor 155 picked B shift -9,51
+press left 156,560 ctrl; move left 206,560 ctrl = all picked B shift -9,51 sideways
+release left 206,560 = all cursor 155 picked B shift -9,51
 drag left 156,40 96,40 ctrl = all cursor -26 picked A shift -74,51
 charge; drag left 156,40 96,40 ctrl = all cursor 4000 picked A shift -74,51
 key Delete; charge = all shift 51
@@ -472,7 +482,13 @@ QString TestOverlay::view() const
     for (const OverlayEntry &entry : shown.entries)
         if (entry.shift != 0)
             shifts.append(QString::number(entry.shift));
-    return shifts.isEmpty() ? text : text + " shift " + shifts.join(',');
+    if (!shifts.isEmpty())
+        text += " shift " + shifts.join(',');
+    const Qt::CursorShape pointer = plot->cursor().shape();
+    return text
+        + (pointer == Qt::ClosedHandCursor     ? " held"
+                : pointer == Qt::SizeHorCursor ? " sideways"
+                                               : "");
 }
 
 QTEST_MAIN(TestOverlay)

@@ -1,12 +1,18 @@
 #include "app/tools/overlaycommands.h"
+#include "documents/filequeue.h"
 #include "overlay/overlayplot.h"
 #include "overlay/overlaywindow.h"
 #include "support/documentrig.h"
+#include "support/paintlog.h"
 
 #include <QComboBox>
+#include <QHelpEvent>
 #include <QImage>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QSpinBox>
+#include <QStatusBar>
+#include <QToolTip>
 
 /// The window of overlays, with all that opens it and fills it.
 class TestOverlayWindow : public QObject, private DocumentRig {
@@ -82,6 +88,78 @@ private slots:
         failures->close();
         commands->showFiles(QVector<QString>(25, journal).toList(), {});
         QTRY_COMPARE(entries().count("COM7"), 20);
+    }
+
+    /// What was read by then stays; a window that is closed shows nothing of what was being read.
+    void cancelled()
+    {
+        QStringList files;
+        for (const char *name : {"a.acp", "b.acp", "c.acp"})
+            files += dataFile(name, 5);
+        commands->showFiles(files, {"a", "b", "c"});
+        auto *queue = overlay()->findChild<FileQueue *>();
+        auto *cancel = overlay()->findChild<QAbstractButton *>("cancelProgress");
+        QSignalSpy finished(queue, SIGNAL(finished(QStringList,int)));
+        auto atFirst = connect(queue, &FileQueue::loaded, cancel, &QAbstractButton::click);
+        QTRY_COMPARE(finished.size(), 1);
+        QCOMPARE(entries(), "a 5");
+        QCOMPARE(overlay()->statusBar()->currentMessage(), QString("Opening was cancelled."));
+        disconnect(atFirst);
+        commands->showFiles(files, {"a", "b", "c"});
+        atFirst = connect(queue, &FileQueue::loaded, overlay(), &QWidget::close);
+        QTRY_COMPARE(finished.size(), 2);
+        disconnect(atFirst);
+        QVERIFY(!queue->isBusy() && !overlay()->isVisible() && entries().isEmpty());
+        commands->showFiles({files[1]}, {});
+        QTRY_VERIFY(entries().startsWith("b, ~"));
+    }
+
+    /// Each control does what it says, and none lies over another.
+    void controls()
+    {
+        commands->showFiles({dataFile("a.acp", 5), dataFile("b.acp", 6)}, {"a", "b"});
+        QTRY_COMPARE(entries(), "a 5; b 6");
+        const OverlayRequest &shown = overlay()->plot()->shown();
+        overlay()->findChild<QComboBox *>("overlayValue")->setCurrentIndex(int(OverlayValue::Spread));
+        overlay()->findChild<QAbstractButton *>("overlayLinedUp")->click();
+        QVERIFY(shown.value == OverlayValue::Spread && shown.linedUp && shown.axis == OverlayAxis::Time);
+        const auto all = overlay()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
+        for (const QWidget *one : all)
+            for (const QWidget *other : all)
+                QVERIFY2(one == other || !one->isVisible() || !other->isVisible()
+                        || (!one->geometry().intersects(other->geometry()) && one->width() > 20),
+                    qPrintable(one->objectName() + ' ' + other->objectName()));
+        auto *remove = overlay()->findChild<QPushButton *>("overlayRemove");
+        QTest::keyClick(overlay()->plot(), Qt::Key_Up, Qt::ControlModifier);
+        remove->click();
+        QCOMPARE(entries(), "a 5");
+        remove->click();
+        for (const char *name : {"overlayRemove", "overlayPicture", "overlayPrint"})
+            QVERIFY(entries().isEmpty() && !overlay()->findChild<QPushButton *>(name)->isEnabled());
+    }
+
+    /// The plot's picture and words, and the whole of a name over the legend.
+    void plotItself()
+    {
+        commands->showFiles({dataFile("a.acp", 5), dataFile("b.acp", 6)}, {"a", "b"});
+        QTRY_COMPARE(entries(), "a 5; b 6");
+        OverlayPlot *plot = overlay()->plot();
+        plot->resize(1000, 600);
+        QCOMPARE(plot->spokenText(), "Pack voltage\n1: a, 00:00:04   150 mAh\n2: b, 00:00:05   150 mAh");
+        VERIFY_PAINTS(*plot, "rect 0,0 1000x600 #000000; line 54,22 54,573 #aaaaaa");
+        const auto tip = [&](const QPoint &at) {
+            QHelpEvent event(QEvent::ToolTip, at, plot->mapToGlobal(at));
+            QCoreApplication::sendEvent(plot, &event);
+            return QToolTip::text();
+        };
+        QVERIFY(tip({800, 60}).contains("b") && tip({800, 60}).contains("A click picks"));
+        tip({100, 100});
+        QTRY_VERIFY(!QToolTip::isVisible());
+        QTest::mouseClick(plot, Qt::LeftButton, {}, {200, 200});
+        const OverlayRequest picture = plot->picture({640, 480}, false);
+        QVERIFY(picture.size == QSize(640, 480) && !picture.black && !picture.cursor && plot->shown().cursor);
+        plot->setEntries(QVector<OverlayEntry>(21, picture.entries[0]));
+        QCOMPARE(plot->shown().entries.size(), 20);
     }
 
     void savesPicture()

@@ -2,6 +2,7 @@
 
 #include "data/varnel3data.h"
 #include "logbook/logbook.h"
+#include "logbook/logbookeditor.h"
 
 #include <QDateTime>
 
@@ -36,4 +37,24 @@ inline qint64 add(Logbook *logbook, const LogbookRecording &recording)
 {
     logbook->take({recording, FileStamp{1, 1}, QByteArray("x")});
     return logbook->recordingOf(recording.file)->id;
+}
+
+/// A pack of 6 LiPo cells with full discharges by day and charge, the last of which ends with `spread`.
+inline qint64 addPack(LogbookEditor *editor, Logbook *logbook, const char *name, int capacity,
+    const QVector<std::pair<int, int>> &discharges, int spread = 12)
+{
+    LogbookPack pack;
+    pack.name = QString::fromLatin1(name);
+    pack.cellType = 5;
+    pack.cells = 6;
+    pack.capacity = capacity;
+    pack.note = QStringLiteral("its note");
+    const qint64 id = editor->addPack(pack);
+    for (const auto &[day, charge] : discharges) {
+        LogbookRecording recording = sampleRecording(day, Varnel3Data::Discharge, charge);
+        recording.file = QStringLiteral("/r/%1%2.acp").arg(pack.name).arg(day);
+        recording.figures.spread = day == discharges.last().first ? spread : 12;
+        editor->assign({add(logbook, recording)}, id);
+    }
+    return id;
 }

@@ -1,18 +1,61 @@
+#include "logbook/window/course/coursecanvas.h"
+#include "logbook/window/course/coursepanel.h"
 #include "logbook/window/course/packcourse.h"
 #include "sample.h"
 #include "support/columns.h"
-#include "support/paintlog.h"
 
+#include <QLabel>
 #include <QLocale>
+
+#include <cmath>
 
 using Varnel = Varnel3Data;
 
-/// What recordings tell of their packs, and the chart of it.
+namespace {
+
+/// All that a chart holds, a line each; dates as days since the first of January. '~' marks what is partial.
+QStringList told(const CourseChart &chart)
+{
+    const auto first = double(QDateTime({2026, 1, 1}, {12, 0}).toSecsSinceEpoch());
+    QStringList lines{
+        QString("%1 by %2, %3 %4%5%6")
+            .arg(chart.unit, chart.byDate ? "date" : "cycle")
+            .arg(chart.reference)
+            .arg(chart.referenceName, chart.inPercent ? " %" : "", chart.blackGround ? "" : " white")};
+    for (const CourseLine &line : chart.lines) {
+        QStringList points;
+        for (const CoursePoint &point : line.points)
+            points += QString("%1:%2%3")
+                          .arg(chart.byDate ? std::round((point.at - first) / 86400) : point.at)
+                          .arg(point.value)
+                          .arg(point.partial ? "~" : "");
+        lines += QString("%1 %2 %3 %4 %5")
+                     .arg(line.name, line.colour.name())
+                     .arg(line.marker)
+                     .arg(line.style)
+                     .arg(points.join(' '));
+    }
+    return lines;
+}
+
+} // namespace
+
+/// What recordings tell of their packs.
 class TestPackCourse : public QObject {
     Q_OBJECT
 
 private slots:
     void initTestCase() { QLocale::setDefault(QLocale::c()); }
+    void init()
+    {
+        logbook = std::make_unique<Logbook>();
+        editor = std::make_unique<LogbookEditor>(logbook.get());
+    }
+    void cleanup()
+    {
+        editor.reset();
+        logbook.reset();
+    }
 
     void whatIsFull_data()
     {
@@ -23,19 +66,21 @@ private slots:
               };
         const int lipo = 5;
         const int nimh = 1;
-        row("from full to empty", lipo, Varnel::Discharge, 4150, 3300, Varnel::Completed, true);
-        row("for storage", lipo, Varnel::Discharge, 4150, 3800, Varnel::Completed, false);
-        row("from half", lipo, Varnel::Discharge, 3800, 3300, Varnel::Completed, false);
+        row("from full to empty", lipo, Varnel::Discharge, 3840, 3660, Varnel::Completed, true);
+        row("for storage", lipo, Varnel::Discharge, 4150, 3661, Varnel::Completed, false);
+        row("from half", lipo, Varnel::Discharge, 3839, 3300, Varnel::Completed, false);
         row("stopped", lipo, Varnel::Discharge, 4150, 3300, Varnel::Aborted, false);
         row("failed", lipo, Varnel::Charge, 3500, 4200, Varnel::Failed, false);
-        row("charge from empty", lipo, Varnel::Charge, 3500, 4200, Varnel::Completed, true);
-        row("charge after a weak cell's discharge", lipo, Varnel::Charge, 3700, 4200, Varnel::Completed,
+        row("charge after a weak cell's discharge", lipo, Varnel::Charge, 3744, 4200, Varnel::Completed,
             true);
-        row("charge from half", lipo, Varnel::Charge, 3800, 4200, Varnel::Completed, false);
-        row("no letter, to empty", nimh, Varnel::Discharge, 1360, 1000, Varnel::NoEnd, true);
-        row("no letter, in part", nimh, Varnel::Discharge, 1360, 1200, Varnel::NoEnd, false);
-        row("no letter, charged", nimh, Varnel::Charge, 1110, 1390, Varnel::NoEnd, true);
-        row("no letter, broken off", lipo, Varnel::Charge, 3500, 3900, Varnel::NoEnd, false);
+        row("charge from half", lipo, Varnel::Charge, 3745, 4200, Varnel::Completed, false);
+        row("no letter, to empty", nimh, Varnel::Discharge, 1210, 1130, Varnel::NoEnd, true);
+        row("no letter, in part", nimh, Varnel::Discharge, 1360, 1131, Varnel::NoEnd, false);
+        row("no letter, from half", nimh, Varnel::Discharge, 1209, 1000, Varnel::NoEnd, false);
+        row("no letter, charged", nimh, Varnel::Charge, 1110, 1330, Varnel::NoEnd, true);
+        row("no letter, not charged", nimh, Varnel::Charge, 1110, 1329, Varnel::NoEnd, false);
+        row("no letter, charged LiPo", lipo, Varnel::Charge, 3500, 4140, Varnel::NoEnd, true);
+        row("no letter, broken off", lipo, Varnel::Charge, 3500, 4139, Varnel::NoEnd, false);
         row("balancing", lipo, Varnel::Balancing, 4150, 3300, Varnel::Completed, false);
         row("unknown cells", Varnel::noCellType, Varnel::Discharge, 1, 1, Varnel::Completed, true);
     }
@@ -95,85 +140,159 @@ private slots:
         QVERIFY(!PackCourse::healthOf(pack, {}).percent);
     }
 
-    void ticks_data()
+    /// A change a year takes three discharges over more than two weeks; a weak cell a third of the range.
+    void healthNeeds_data()
     {
-        columns<double, double, int, QString>({"low", "high", "most", "ticks"});
-        QTest::newRow("ones") << 0.5 << 4.2 << 5 << "1 2 3 4";
-        QTest::newRow("fives") << -1.0 << 21.0 << 6 << "0 5 10 15 20";
-        QTest::newRow("tenths") << 4.41 << 4.79 << 2 << "4.6";
-        QTest::newRow("nothing") << 1.0 << 1.0 << 5 << "";
+        columns<QString, int, bool, bool>({"days", "spread", "perYear", "weak"});
+        QTest::newRow("two") << "0 300" << 396 << false << false;
+        QTest::newRow("two weeks") << "0 7 14" << 397 << false << true;
+        QTest::newRow("more") << "0 7 15" << 0 << true << false;
     }
 
-    void ticks()
+    void healthNeeds()
     {
-        QFETCH(double, low);
-        QFETCH(double, high);
-        QFETCH(int, most);
-        QStringList texts;
-        const QVector<double> found = roundTicks({low, high}, most);
-        for (const double tick : found)
-            texts.append(QString::number(tick));
-        QTEST(texts.join(' '), "ticks");
+        QFETCH(QString, days);
+        QFETCH(int, spread);
+        QVector<std::pair<int, int>> discharges;
+        const QStringList all = days.split(' ');
+        for (const QString &day : all)
+            discharges.append({day.toInt(), 4000});
+        const qint64 pack = addPack(editor.get(), logbook.get(), "A", 5000, discharges, spread);
+        LogbookRecording unknown = sampleRecording(500, Varnel::Charge, 1);
+        unknown.start = QDateTime();
+        editor->assign({add(logbook.get(), unknown)}, pack);
+        const auto recordings = PackCourse::of(*logbook, pack);
+        QCOMPARE(recordings, PackCourse::byPack(*logbook).value(pack));
+        const PackCourse::Health health = PackCourse::healthOf(*logbook->pack(pack), recordings);
+        QTEST(bool(health.perYear), "perYear");
+        QTEST(health.hasWeakCell, "weak");
+        QVERIFY(!health.isWornOut()); // at 80 %
+        QCOMPARE(health.spread, spread);
+        QCOMPARE(health.lowestCell, 3);
+        QCOMPARE(health.recordings, all.size());
+        QCOMPARE(
+            health.newest, QDateTime({2026, 1, 1}, {12, 0}).addDays(all.last().toInt()).toMSecsSinceEpoch());
     }
 
-    void dates_data()
+    void charts_data()
     {
-        columns<QString, QString, int, QString>({"from", "to", "most", "ticks"});
-        QTest::newRow("days") << "2026-02-27"
-                              << "2026-03-02" << 5 << "02-27 02-28 03-01 03-02";
-        QTest::newRow("weeks, by Monday") << "2026-03-01"
-                                          << "2026-03-20" << 4 << "03-02 03-09 03-16";
-        QTest::newRow("quarters") << "2025-11-20"
-                                  << "2026-11-20" << 5 << "01-01 04-01 07-01 10-01";
+        columns<int, bool, bool, bool, QString>({"quantity", "byDate", "black", "distinct", "chart"});
+        const auto row
+            = [](const char *name, int quantity, bool byDate, bool black, bool distinct, const char *chart) {
+                  QTest::newRow(name) << quantity << byDate << black << distinct << QString::fromUtf8(chart);
+              };
+        row("capacity", PackCourse::Capacity, true, true, false,
+            "Ah by date, 5 nominal 5.000 Ah %\nCharge #00be3c 2 1 1:5.1\n"
+            "Discharge #ff503c 0 1 0:5 10:4.5 12:2~");
+        row("energy by cycle", PackCourse::Energy, false, true, false,
+            "Wh by cycle, 0 \nCharge #00be3c 2 1 1:113.22\nDischarge #ff503c 0 1 1:111 2:99.9 3:44.4~");
+        row("resistance, distinct", PackCourse::Resistance, true, false, true,
+            "mΩ by date, 0  white\nCharge #000000 2 1 1:21\nDischarge #b07000 0 2 0:20 10:30 12:32");
+        row("spread", PackCourse::Spread, true, true, true,
+            "mV by date, 0 \nDischarge #ffb000 0 2 0:0 10:420 12:12");
     }
 
-    void dates()
+    void charts()
     {
-        QFETCH(QString, from);
-        QFETCH(QString, to);
-        QFETCH(int, most);
-        const auto at = [](const QString &day) {
-            return double(QDate::fromString(day, Qt::ISODate).startOfDay().toSecsSinceEpoch());
+        QFETCH(int, quantity);
+        QFETCH(bool, byDate);
+        QFETCH(bool, black);
+        QFETCH(bool, distinct);
+        const qint64 id = addPack(editor.get(), logbook.get(), "A", 5000, {{0, 5000}, {10, 4500}}, 420);
+        QVector<LogbookRecording> more{sampleRecording(1, Varnel::Charge, 5100, 20000, 25200),
+            sampleRecording(12, Varnel::Discharge, 2000, 25000, 23000),
+            sampleRecording(13, Varnel::Charge, 0), sampleRecording(14, Varnel::Discharge, 7),
+            sampleRecording(15, Varnel::Charge, 7), sampleRecording(16, Varnel::Balancing, 7)};
+        more[0].figures.spread = more[2].figures.spread = -1;
+        more[2].figures.energy = more[2].figures.resistance = 0;
+        more[3].isLive = true;
+        more[4].figures.records = 0;
+        for (const LogbookRecording &recording : qAsConst(more))
+            editor->assign({add(logbook.get(), recording)}, id);
+        PackCourse::Recordings recordings = PackCourse::of(*logbook, id);
+        const_cast<LogbookRecording *>(recordings[0])->figures.spread = 0;
+        const CourseChart chart = PackCourse::chartOf(
+            *logbook->pack(id), recordings, {PackCourse::Quantity(quantity), byDate, black, distinct});
+        QTEST(told(chart).join('\n'), "chart");
+    }
+
+    /// The most worn first; sixteen at most; only what is full counts.
+    void chartOfAll()
+    {
+        addPack(editor.get(), logbook.get(), "A", 5000, {{0, 5000}, {10, 4500}}, 30);
+        addPack(editor.get(), logbook.get(), "B", 4000, {{5, 3000}}, 20);
+        addPack(editor.get(), logbook.get(), "C", 0, {{6, 1000}}, 40);
+        addPack(editor.get(), logbook.get(), "D", 1000, {});
+        const auto chart = [&](PackCourse::Quantity quantity) {
+            return told(PackCourse::chartOfAll(*logbook, {quantity, true, true, false})).join('\n');
         };
-        QStringList texts;
-        const QVector<double> found = dateTicks({at(from), at(to)}, most);
-        for (const double tick : found)
-            texts.append(QDateTime::fromSecsSinceEpoch(qint64(tick)).toString("MM-dd"));
-        QTEST(texts.join(' '), "ticks");
+        QCOMPARE(chart(PackCourse::Capacity),
+            QString("% by date, 80 worn out below 80 %\nB #ff0022 0 1 5:75\nA #00bb00 1 1 0:100 10:90"));
+        QCOMPARE(chart(PackCourse::Energy),
+            QString(
+                "Wh by date, 0 \nC #ff0022 0 1 6:22.2\nB #00bb00 1 1 5:66.6\nA #0a6cff 2 1 0:111 10:99.9"));
+        QCOMPARE(chart(PackCourse::Spread).section('\n', 1),
+            QString("C #ff0022 0 1 6:40\nA #00bb00 1 1 0:12 10:30\nB #0a6cff 2 1 5:20"));
+        for (int i = 0; i < 16; ++i)
+            addPack(
+                editor.get(), logbook.get(), qPrintable(QString("E%1").arg(i)), 1000, {{20 + i, 500 + i}});
+        QCOMPARE(PackCourse::chartOfAll(*logbook, {}).lines.size(), 16);
+        const Logbook none;
+        QCOMPARE(
+            told(PackCourse::chartOfAll(none, {})).join('\n'), QString("% by date, 0 worn out below 80 %"));
     }
 
-    void chart()
+    void panel()
     {
-        CourseChart chart;
-        chart.unit = "Ah";
-        chart.byDate = false;
-        chart.reference = 5;
-        chart.referenceName = "nominal";
-        chart.inPercent = true;
-        chart.lines = {{"Discharge", Qt::red, CourseLine::Square, Qt::SolidLine,
-            {{1, 5, 11, false}, {2, 4.8, 12, false}, {3, 4.5, 13, true}}}};
-        const QSize size(400, 300);
-        const CourseChart::Mapping map = chart.mapping(size);
-        for (int i = 0; i < 3; ++i) {
-            const QPointF place = map.place(chart.lines[0].points[i]);
-            QVERIFY(map.area.contains(place.toPoint()));
-            QCOMPARE(chart.hit(place + QPointF(3, -3), size).point, i);
+        const qint64 a = addPack(editor.get(), logbook.get(), "A", 5000, {{0, 5000}, {10, 4000}}, 420);
+        LogbookPack bare;
+        bare.name = "B";
+        const qint64 b = editor->addPack(bare);
+        LogbookRecording part = sampleRecording(12, Varnel::Discharge, 2000, 25000, 23000);
+        part.file = "/r/part.acp";
+        const qint64 partial = add(logbook.get(), part);
+        editor->assign({partial}, a);
+        CoursePanel panel(logbook.get());
+        QSignalSpy chosen(&panel, SIGNAL(chosen(qint64)));
+        auto *canvas = panel.findChild<CourseCanvas *>();
+        const auto headline = [&](qint64 pack) {
+            panel.setPack(pack);
+            return panel.findChild<QLabel *>("courseHeadline")->text();
+        };
+        QCOMPARE(headline(LogbookFilter::everyPack), QString("All packs"));
+        QCOMPARE(canvas->spokenText(), QString("All packs: Capacity\nA: from 100.00 % to 80.00 %"));
+        QCOMPARE(headline(LogbookPack::none), QString("Not assigned"));
+        QCOMPARE(canvas->spokenText(),
+            QString("Not assigned: Capacity\nAssign recordings to a pack to see its course."));
+        QCOMPARE(headline(b), QString("B, 0 cycle(s)"));
+        QCOMPARE(
+            headline(a), QString("A, 6 x LiPo, 5000 mAh, state of health 80 %, 3 cycle(s), cell 4 is weak"));
+        panel.mark(partial);
+        QVERIFY2(
+            canvas->spokenText().startsWith("A, 6 x LiPo, 5000 mAh, state of health 80 %, 3 cycle(s), cell 4 "
+                                            "is weak: Capacity\nA, "),
+            qPrintable(canvas->spokenText()));
+        QVERIFY2(
+            canvas->spokenText().contains(
+                "\nDischarge: 2.00 Ah (40 %)\nNot from full to empty, or not to the end: it does not tell "
+                "what the pack holds.\nDischarge: from 5.00 Ah to 2.00 Ah"),
+            qPrintable(canvas->spokenText()));
+        panel.choose(1, false);
+        QVERIFY(canvas->spokenText().contains("Discharge: 44.40 Wh\n") && !panel.isByDate());
+        for (const auto &[asked, shown] : {std::pair(-1, 0), std::pair(9, 3)}) {
+            panel.choose(asked, true);
+            QCOMPARE(panel.quantity(), shown);
         }
-        QCOMPARE(chart.hit(QPointF(map.area.topLeft()), size).line, -1);
-        PaintLog log(size);
-        QPainter painter(&log);
-        chart.paint(painter, size);
-        painter.end();
-        const QString painted = log.lines().join('\n');
-        for (const char *text : {"'nominal'", "'Discharge'", "'Ah'", "'100 %'", "'5.0'", "'3'"})
-            QVERIFY2(painted.contains(text), qPrintable(text + ("\n" + painted)));
-        chart.lines.clear();
-        chart.emptyText = "none";
-        PaintLog empty(size);
-        QPainter second(&empty);
-        chart.paint(second, size);
-        QVERIFY(empty.lines().join('\n').contains("'none'"));
+        QVERIFY(panel.isByDate());
+        panel.setGround(false, true);
+        QVERIFY(!panel.chart().blackGround && panel.chart().lines[0].colour == QColor(0xb0, 0x70, 0));
+        emit canvas->chosen(partial);
+        QCOMPARE(chosen.first().at(0).toLongLong(), partial);
     }
+
+private:
+    std::unique_ptr<Logbook> logbook;
+    std::unique_ptr<LogbookEditor> editor;
 };
 
 QTEST_MAIN(TestPackCourse)

@@ -1,0 +1,306 @@
+#include "logbook/window/course/coursecanvas.h"
+#include "support/columns.h"
+#include "support/paintlog.h"
+#include "widgets/displayscale.h"
+
+#include <QDateTime>
+#include <QHelpEvent>
+#include <QLocale>
+#include <QToolTip>
+
+namespace {
+
+/// "AT:VALUE AT:VALUE~", recordings 11 and so on.
+CourseLine lineOf(const QString &name, CourseLine::Marker marker, const QString &points)
+{
+    CourseLine line{name, Qt::red, marker, Qt::SolidLine, {}};
+    const QStringList all = points.split(' ', Qt::SkipEmptyParts);
+    for (const QString &point : all)
+        line.points.append({point.section(':', 0, 0).toDouble(), point.section(':', 1).remove('~').toDouble(),
+            11 + line.points.size(), point.endsWith('~')});
+    return line;
+}
+
+} // namespace
+
+/// The picture of how packs fare, and pointing at it.
+class TestCourseChart : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { QLocale::setDefault(QLocale::c()); }
+
+    void ticks_data()
+    {
+        columns<double, double, int, QString>({"low", "high", "most", "ticks"});
+        QTest::newRow("ones") << 0.5 << 4.2 << 5 << "1 2 3 4";
+        QTest::newRow("fives") << -1.0 << 21.0 << 6 << "0 5 10 15 20";
+        QTest::newRow("tenths") << 4.41 << 4.79 << 2 << "4.6";
+        QTest::newRow("at the ends") << 1.1 << 1.3 << 2 << "1.1 1.2 1.3";
+        QTest::newRow("just enough") << 0.0 << 10.0 << 10 << "0 1 2 3 4 5 6 7 8 9 10";
+        QTest::newRow("twos") << 0.0 << 10.0 << 9 << "0 2 4 6 8 10";
+        QTest::newRow("hundreds") << 0.0 << 160.0 << 2 << "0 100";
+        QTest::newRow("none asked for") << 0.0 << 10.0 << 0 << "0 10";
+        QTest::newRow("nothing") << 1.0 << 1.0 << 5 << "";
+    }
+
+    void ticks()
+    {
+        QFETCH(double, low);
+        QFETCH(double, high);
+        QFETCH(int, most);
+        QStringList texts;
+        const QVector<double> found = roundTicks({low, high}, most);
+        for (const double tick : found)
+            texts.append(QString::number(tick));
+        QTEST(texts.join(' '), "ticks");
+    }
+
+    void dates_data()
+    {
+        columns<QString, QString, int, QString>({"from", "to", "most", "ticks"});
+        const auto row = [](const char *from, const char *to, int most, const char *ticks) {
+            QTest::addRow("%s to %s", from, to) << from << to << most << ticks;
+        };
+        row("2026-02-27", "2026-03-02", 3, "26-02-27 26-02-28 26-03-01 26-03-02");
+        row("2026-02-27", "2026-03-02", 2, "26-02-27 26-03-01");
+        row("2026-03-01", "2026-03-20", 4, "26-03-02 26-03-09 26-03-16"); // Mondays
+        row("2026-03-01", "2026-03-29", 2, "26-03-09 26-03-23");
+        row("2026-01-02", "2026-04-03", 4, "26-02-01 26-03-01 26-04-01");
+        row("2025-12-20", "2026-05-20", 3, "26-01-01 26-03-01 26-05-01");
+        row("2025-11-20", "2026-11-20", 5, "26-01-01 26-04-01 26-07-01 26-10-01");
+        row("2025-11-20", "2026-11-20", 3, "26-01-01 26-07-01");
+        row("2020-06-20", "2023-06-20", 4, "21-01-01 22-01-01 23-01-01");
+        row("2020-06-20", "2026-06-20", 4, "22-01-01 24-01-01 26-01-01");
+        row("2001-06-20", "2017-06-20", 4, "06-01-01 11-01-01 16-01-01");
+        row("2001-06-20", "2031-06-20", 4, "11-01-01 21-01-01 31-01-01");
+        row("2001-06-20", "2231-06-20", 4, "01-01-01 01-01-01");
+        row("2026-03-01", "2026-03-01", 4, "");
+        row("2026-03-01", "2026-03-04", 0, "26-03-02");
+    }
+
+    void dates()
+    {
+        QFETCH(QString, from);
+        QFETCH(QString, to);
+        QFETCH(int, most);
+        const auto at = [](const QString &day) {
+            return double(QDate::fromString(day, Qt::ISODate).startOfDay().toSecsSinceEpoch());
+        };
+        QStringList texts;
+        const QVector<double> found = dateTicks({at(from), at(to)}, most);
+        for (const double tick : found)
+            texts.append(QDateTime::fromSecsSinceEpoch(qint64(tick)).toString("yy-MM-dd"));
+        QTEST(texts.join(' '), "ticks");
+    }
+
+    void mappings_data()
+    {
+        columns<QString, double, bool, bool, double, QString>(
+            {"points", "reference", "inPercent", "byDate", "scale", "mapped"});
+        const auto row = [](const char *points, const char *mapped, double reference = 0,
+                             bool inPercent = false, bool byDate = false, double scale = 1) {
+            QTest::addRow("%s of %g%s", points, reference, byDate ? " by date" : "")
+                << points << reference << inPercent << byDate << scale << mapped;
+        };
+        row("", "54,32 332x246 0..1 0..1");
+        row("3:5", "54,32 332x246 4.855..5.145 2.5..3.5"); // noise stays small
+        row("0:2 1:5", "54,32 332x246 1.76..5.24 -0.5..1.5");
+        row("0:1.9 1:5", "54,32 332x246 0..5.4 -0.5..1.5");
+        row("0:0 1:5", "54,32 332x246 0..5.4 -0.5..1.5", 0);
+        row("0:-1 100:3", "54,32 332x246 -1.32..3.32 -3..103");
+        row("0:0.001", "54,32 332x246 0..0.00162 -0.5..0.5");
+        row("0:4.5 1:4.8", "54,32 332x246 4.425..5.075 -0.5..1.5", 5);
+        row("0:4.5 1:4.8~", "54,32 298x246 4.425..5.075 -0.5..1.5", 5, true);
+        row("0:1 86400:5", "54,32 332x246 0..5.4 -43200..129600", 0, false, true);
+        row("0:1 8640000:5", "108,64 264x192 0..5.4 -259200..8.8992e+06", 0, true, true, 2);
+    }
+
+    void mappings()
+    {
+        QFETCH(QString, points);
+        CourseChart chart;
+        chart.lines = {lineOf("x", {}, points), lineOf("y", {}, "")};
+        QFETCH(double, reference);
+        chart.reference = reference;
+        QFETCH(bool, inPercent);
+        chart.inPercent = inPercent;
+        QFETCH(bool, byDate);
+        chart.byDate = byDate;
+        QFETCH(double, scale);
+        chart.scale = scale;
+        const CourseChart::Mapping map = chart.mapping({400, 300});
+        QTEST(QString("%1,%2 %3x%4 %5..%6 %7..%8")
+                  .arg(map.area.left())
+                  .arg(map.area.top())
+                  .arg(map.area.width())
+                  .arg(map.area.height())
+                  .arg(map.values.low)
+                  .arg(map.values.high)
+                  .arg(map.times.low)
+                  .arg(map.times.high),
+            "mapped");
+        QCOMPARE(chart.isEmpty(), points.isEmpty());
+        QCOMPARE(chart.mapping({10, 10}).area.size(), QSize(1, 1));
+    }
+
+    /// From point to point in time, of whichever line, by keys; what the mouse meets.
+    void canvas()
+    {
+        CourseCanvas canvas;
+        canvas.resize(400, 300);
+        CourseChart chart;
+        chart.byDate = false;
+        chart.lines = {{"One", Qt::red, {}, Qt::SolidLine, {{1, 5, 11, false}, {3, 4, 13, false}}},
+            {"Two", Qt::blue, {}, Qt::SolidLine, {{2, 3, 12, false}}}};
+        canvas.setNamer([](const CourseLine &line, const CoursePoint &point) {
+            return line.name + QString(" %1").arg(point.at);
+        });
+        canvas.setChart(chart);
+        canvas.show();
+        QSignalSpy chosen(&canvas, SIGNAL(chosen(qint64)));
+        const auto press = [&](Qt::Key key) {
+            chosen.clear();
+            QTest::keyClick(&canvas, key);
+            const qint64 found = chosen.isEmpty() ? 0 : chosen.first().at(0).toLongLong();
+            if (found != 0)
+                canvas.mark(found);
+            return found;
+        };
+        const std::pair<Qt::Key, qint64> steps[]
+            = {{Qt::Key_Left, 13}, {Qt::Key_Left, 12}, {Qt::Key_Left, 11}, {Qt::Key_Left, 0},
+                {Qt::Key_Right, 12}, {Qt::Key_Right, 13}, {Qt::Key_Right, 0}, {Qt::Key_Up, 0}};
+        for (const auto &[key, recording] : steps)
+            QCOMPARE(press(key), recording);
+        QTRY_VERIFY(QToolTip::text().contains("One 3"));
+        canvas.setChart(chart); // anew, as after any change
+        QCOMPARE(canvas.chart().marked, qint64(13));
+        canvas.mark(0);
+        QCOMPARE(press(Qt::Key_Right), qint64(11));
+        const QPoint point = canvas.chart().mapping(canvas.size()).place(chart.lines[1].points[0]).toPoint();
+        QTest::mouseClick(&canvas, Qt::RightButton, {}, point);
+        QTest::mouseClick(&canvas, Qt::LeftButton, {}, point + QPoint(20, 0));
+        QCOMPARE(chosen.size(), 1);
+        const auto moved = [&](const QPoint &to) {
+            QMouseEvent event(QEvent::MouseMove, to, canvas.mapToGlobal(to), Qt::NoButton, {}, {});
+            QCoreApplication::sendEvent(&canvas, &event);
+            return canvas.cursor().shape();
+        };
+        QCOMPARE(moved(point), Qt::PointingHandCursor);
+        QTRY_VERIFY(QToolTip::text().contains("Two 2"));
+        QCOMPARE(moved(point + QPoint(20, 0)), Qt::ArrowCursor);
+        QTRY_VERIFY(!QToolTip::isVisible());
+        const auto asked = [&](const QPoint &at) {
+            QHelpEvent event(QEvent::ToolTip, at, canvas.mapToGlobal(at));
+            QCoreApplication::sendEvent(&canvas, &event);
+            return QToolTip::text();
+        };
+        QVERIFY(asked(point).contains("Two 2"));
+        QCOMPARE(asked({0, 0}), canvas.toolTip());
+        QToolTip::hideText();
+    }
+
+    void chart()
+    {
+        CourseChart chart;
+        chart.unit = "Ah";
+        chart.byDate = false;
+        chart.reference = 5;
+        chart.referenceName = "nominal";
+        chart.inPercent = true;
+        chart.lines = {{"Discharge", Qt::red, CourseLine::Square, Qt::SolidLine,
+            {{1, 5, 11, false}, {2, 4.8, 12, false}, {3, 4.5, 13, true}}}};
+        const QSize size(400, 300);
+        const CourseChart::Mapping map = chart.mapping(size);
+        for (int i = 0; i < 3; ++i) {
+            const QPointF place = map.place(chart.lines[0].points[i]);
+            QVERIFY(map.area.contains(place.toPoint()));
+            QCOMPARE(chart.hit(place + QPointF(0, 11.9), size).point, i);
+            QCOMPARE(chart.hit(place + QPointF(0, 12.1), size).point, -1);
+        }
+        QCOMPARE(chart.hit(QPointF(map.area.topLeft()), size).line, -1);
+    }
+
+    void paints_data()
+    {
+        columns<QString, QString>({"chart", "painted"});
+        const auto row = [](const char *chart, const char *painted) {
+            QTest::newRow(chart) << QString(chart) << QString::fromUtf8(painted);
+        };
+        row("percent marked",
+            "rect 0,0 400x300 #000000; line 54,249 351,249 #505050; text '4.5' right 48,249 12 Arial #ffffff; "
+            "line 54,59 351,59 #505050; text '5.1' right 48,59 12 Arial #ffffff; "
+            "text 'Ah' right 48,20 12 Arial #ffffff; line 351,91 354,91 #aaaaaa; "
+            "text '100 %' left 357,91 12 Arial #ffffff; text '102 %' left 357,59 12 Arial #ffffff; "
+            "line 104,32 104,277 #505050; text '1' mid 104,288 12 Arial #ffffff; "
+            "text '3' mid 302,288 12 Arial #ffffff; line 54,91 351,91 dash4,2 #ffa500; "
+            "text 'nominal' right 346,83 12 Arial #ffa500; line 104,91 203,154 pen1.5 #ff0000; "
+            "curve 199,150 199,150 of 5 pen1.5 #ff0000; disc 203,154 16x16 pen2 #ffffff; "
+            "curve 203,118 199,126 of 3 pen1.5 #0000ff; disc 302,59 8x8 #000000; "
+            "curve 104,180 98,186 of 4 pen1.5 #ff0000; curve 56,8 56,8 of 5 pen1.5 #ff0000; "
+            "text 'One' left 70,12 12 Arial #ffffff; text 'Two' left %1,12 12 Arial #ffffff");
+        row("white",
+            "rect 0,0 400x300 #ffffff; line 54,260 385,260 #d7d7d7; text '4.5' right 48,260 12 Arial #000000; "
+            "text '1' mid 109,288 12 Arial #000000; rect 54,32 332x246 pen1 #5a5a5a");
+        row("scale",
+            "text '4.5' right 96,233 24 Arial #ffffff; text 'Ah' right 96,40 24 Arial #ffffff; "
+            "line 328,64 328,255 #505050; line 108,110 371,110 pen2 dash4,2 #ffa500; "
+            "text 'nominal' right 360,95 24 Arial #ffa500; line 152,110 240,159 pen3 #ff0000; "
+            "disc 328,85 16x16 pen3 #ff0000; curve 112,16 112,16 of 5 pen3 #ff0000");
+        row("date", "line 190,32 190,277 #505050; text '5 Jan 1970' mid 190,288 12 Arial #ffffff");
+        row("flat", // all of it
+            "rect 0,0 400x300 #000000; line 54,260 385,260 #505050; text '0.010' right 48,260 12 Arial "
+            "#ffffff; line 54,218 385,218 #505050; text '0.012' right 48,218 12 Arial #ffffff; "
+            "line 54,175 385,175 #505050; text '0.014' right 48,175 12 Arial #ffffff; line 54,133 385,133 "
+            "#505050; text '0.016' right 48,133 12 Arial #ffffff; line 54,90 385,90 #505050; text '0.018' "
+            "right 48,90 12 Arial #ffffff; line 54,48 385,48 #505050; text '0.020' right 48,48 12 Arial "
+            "#ffffff; text 'Ah' right 48,20 12 Arial #ffffff; line 137,32 137,277 #505050; text '1' mid "
+            "137,288 12 Arial #ffffff; line 303,32 303,277 #505050; text '2' mid 303,288 12 Arial #ffffff; "
+            "line 137,260 303,48 pen1.5 #ff0000; curve 133,256 133,256 of 5 pen1.5 #ff0000; curve 299,44 "
+            "299,44 of 5 pen1.5 #ff0000; curve 56,8 56,8 of 5 pen1.5 #ff0000; text 'One' left 70,12 12 Arial "
+            "#ffffff; rect 54,32 332x246 pen1 #aaaaaa");
+        row("empty", "rect 0,0 400x300 #000000; text 'none' mid 220,155 12 Arial #ffffff");
+    }
+
+    void paints()
+    {
+        QFETCH(QString, chart);
+        CourseChart shown;
+        shown.unit = "Ah";
+        shown.byDate = chart.contains("date");
+        shown.lines = {lineOf("One", CourseLine::Square, "1:5 2:4.8 3:4.5~"),
+            lineOf("Two", CourseLine::Triangle, "2:4.9"), lineOf("Three", CourseLine::Disc, "3:5.1~"),
+            lineOf("Four", CourseLine::Diamond, "1:4.7")};
+        shown.lines[1].colour = Qt::blue;
+        shown.lines[1].style = Qt::DashLine;
+        if (chart.contains("percent") || chart.contains("scale")) {
+            shown.reference = 5;
+            shown.referenceName = "nominal";
+        }
+        shown.inPercent = chart.contains("percent");
+        shown.blackGround = !chart.contains("white");
+        shown.scale = chart.contains("scale") ? 2 : 1;
+        shown.marked = chart.contains("marked") ? 12 : 0;
+        if (chart.contains("flat"))
+            shown.lines = {lineOf("One", CourseLine::Square, "1:0.01 2:0.02")};
+        if (chart.contains("date")) {
+            shown.lines = {lineOf("One", CourseLine::Square, "0:0 864000:100")};
+            for (CoursePoint &point : shown.lines[0].points)
+                point.at += double(QDate(1970, 1, 1).startOfDay().toSecsSinceEpoch());
+        }
+        if (chart.contains("empty"))
+            shown.lines.clear();
+        shown.emptyText = "none";
+        const int behind = 54 + QFontMetrics(drawingFont("Arial", 9, 1)).horizontalAdvance("One") + 30;
+        QFETCH(QString, painted);
+        VERIFY_PAINTS(
+            QSize(400, 300),
+            [&](QPainter &p) {
+                shown.paint(p, {400, 300});
+            },
+            painted.arg(behind + 16), chart == "flat" || chart == "empty");
+    }
+};
+
+QTEST_MAIN(TestCourseChart)
+#include "tst_coursechart.moc"

@@ -1,0 +1,470 @@
+#include "logbook/logbookeditor.h"
+#include "logbook/logbookreader.h"
+#include "logbook/window/dialogs/foldersdialog.h"
+#include "logbook/window/dialogs/notedialog.h"
+#include "logbook/window/dialogs/packchoice.h"
+#include "logbook/window/dialogs/packdialog.h"
+#include "logbook/window/filterline.h"
+#include "logbook/window/logbookstatus.h"
+#include "logbook/window/packlist.h"
+#include "logbook/window/table/curvepicture.h"
+#include "logbook/window/table/recordingcolumns.h"
+#include "logbook/window/table/recordingtable.h"
+#include "logbook/window/table/tablepages.h"
+#include "sample.h"
+#include "support/columns.h"
+#include "support/paintlog.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QStandardItemModel>
+#include <QStatusBar>
+
+using Varnel = Varnel3Data;
+using Columns = RecordingColumns;
+
+namespace {
+
+/// Text, alignment, colour and letters of a cell.
+QString looksOf(const QModelIndex &cell)
+{
+    const auto font = cell.data(Qt::FontRole).value<QFont>();
+    const QVariant colour = cell.data(Qt::ForegroundRole);
+    return cell.data().toString() + QString(" %1").arg(cell.data(Qt::TextAlignmentRole).toInt())
+        + (colour.isValid() ? ' ' + colour.value<QColor>().name() : "") + (font.italic() ? " italic" : "")
+        + (font.bold() ? " bold" : "");
+}
+
+QString dayText(int day)
+{
+    return QLocale().toString(QDate(2026, 1, 1).addDays(day), QLocale::ShortFormat);
+}
+
+} // namespace
+
+/// What the logbook's window is made of, each part alone.
+class TestLogbookParts : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        QLocale::setDefault(QLocale::c());
+        logbook = std::make_unique<Logbook>();
+        editor = std::make_unique<LogbookEditor>(logbook.get());
+    }
+    void cleanup()
+    {
+        editor.reset();
+        logbook.reset();
+    }
+
+    void rows()
+    {
+        const qint64 pack = addPack("A", 5000, {});
+        QVector<qint64> ids;
+        for (int day = 0; day < 4; ++day) {
+            LogbookRecording recording = sampleRecording(day, Varnel::Discharge, 4800);
+            recording.isLive = day == 3;
+            ids += add(logbook.get(), recording);
+        }
+        logbook->setGone(logbook->recording(ids[2])->file, true);
+        editor->assign({ids[0], ids[2], ids[3]}, pack);
+        RecordingTable table(logbook.get());
+        table.refresh();
+        QCOMPARE(table.ids(), (QVector<qint64>{ids[3], ids[2], ids[1], ids[0]}));
+        const char *looks[][2]
+            = {{"A 129 bold", "4800 130 bold"}, {"A 129 #5b6773 italic", "4800 130 #5b6773 italic"},
+                {"A ? 129 #5b6773 italic", "4800 130"}, {"A 129", "4800 130"}};
+        for (int row = 0; row < 4; ++row) {
+            QCOMPARE(looksOf(table.index(row, Columns::Pack)), QString(looks[row][0]));
+            QCOMPARE(looksOf(table.index(row, Columns::Charge)), QString(looks[row][1]));
+            QVERIFY(looksOf(table.index(row, Columns::Start)).contains(" 129"));
+        }
+        const QString tip = table.index(3, 0).data(Qt::ToolTipRole).toString();
+        QVERIFY(tip.startsWith("<img src='data:image/png;base64,iVBOR") && tip.endsWith("</p>"));
+        QVERIFY2(tip.contains("12:00<br>Pack: A<br>Device: Varnel 3<br>Port: COM3<br>Process: Discharge<br>"
+                              "Chemistry: LiPo<br>Cells: 6<br>Duration: 01:00:00<br>Charge [mAh]: 4800<br>"),
+            qPrintable(tip));
+        QVERIFY(curveToolTip("x", "<a>").startsWith("<p style='white-space:pre'>&lt;a&gt;</p>"));
+        QVERIFY(!table.data({}).isValid() && !table.index(0, 0).data(Qt::CheckStateRole).isValid());
+        QCOMPARE(table.headerData(Columns::Spread, Qt::Horizontal).toString(), QString("Spread [mV]"));
+        QCOMPARE(table.headerData(Columns::Spread, Qt::Horizontal, Qt::ToolTipRole).toString(),
+            QString("Highest cell less the lowest, at the end"));
+        QVERIFY(!table.headerData(0, Qt::Vertical).isValid());
+        QSignalSpy reset(&table, SIGNAL(modelReset()));
+        QSignalSpy changed(&table, SIGNAL(dataChanged(QModelIndex,QModelIndex)));
+        table.refresh();
+        QCOMPARE(reset.size(), 0);
+        QCOMPARE(changed.first().at(1).toModelIndex(), table.index(3, Columns::count - 1));
+        table.sort(99, Qt::AscendingOrder);
+        QCOMPARE(table.sortColumn(), int(Columns::File));
+        QCOMPARE(reset.size(), 1);
+    }
+
+    /// Texts as a reader sorts them: numbers in them by their value, in whatever case, nothing last.
+    void rowsByText()
+    {
+        for (const char *note : {"pack 10", "", "Pack 9", "b", "A"}) {
+            LogbookRecording recording = sampleRecording(logbook->size(), Varnel::Charge, 100);
+            recording.note = note;
+            add(logbook.get(), recording);
+        }
+        QLocale::setDefault(QLocale("en_US"));
+        RecordingTable table(logbook.get());
+        const auto notes = [&](Qt::SortOrder order) {
+            table.sort(Columns::Note, order);
+            QStringList texts;
+            for (const qint64 id : table.ids())
+                texts += logbook->recording(id)->note;
+            return texts.join(',');
+        };
+        QCOMPARE(notes(Qt::AscendingOrder), QString("A,b,Pack 9,pack 10,"));
+        QCOMPARE(notes(Qt::DescendingOrder), QString("pack 10,Pack 9,b,A,"));
+    }
+
+    void columnsOfUnread()
+    {
+        LogbookRecording unread;
+        unread.file = "/r/x.acp";
+        QString known;
+        for (int column = 0; column < Columns::count; ++column)
+            known += Columns::text(*logbook, unread, column) + '|';
+        QCOMPARE(known, QString("|").repeated(16) + "No end||x.acp|");
+        QCOMPARE(Columns::label(*logbook, unread), QString("x"));
+        unread.isLive = true;
+        QCOMPARE(Columns::text(*logbook, unread, Columns::Ended), QString("Recording"));
+        unread.figures.end = Varnel::Aborted;
+        QCOMPARE(Columns::text(*logbook, unread, Columns::Ended), QString("Aborted"));
+        unread.figures.end = Varnel::Failed;
+        QCOMPARE(Columns::text(*logbook, unread, Columns::Ended), QString("Error"));
+    }
+
+    /// How packs fare; what sorts them; what is not known comes last, either way.
+    void packs()
+    {
+        const qint64 a = addPack("A", 5000, {{0, 5000}, {10, 4500}, {20, 3900}}, 420);
+        addPack("B", 0, {{5, 1000}});
+        addPack("C", 5000, {});
+        addPack("D", 5000, {{1, 3800}, {11, 3900}, {21, 4000}});
+        add(logbook.get(), sampleRecording(9, Varnel::Charge, 77));
+        PackList list(logbook.get());
+        list.refresh();
+        const auto texts = [&](int row, int role = Qt::DisplayRole) {
+            QStringList all;
+            for (int column = 0; column < PackList::columnTotal; ++column)
+                all += list.index(row, column).data(role).toString();
+            return all.join('|');
+        };
+        QCOMPARE(list.rowCount(), 6);
+        QCOMPARE(texts(0), QString("All recordings (8)||||"));
+        QCOMPARE(texts(1), QString("Not assigned (1)||||"));
+        QCOMPARE(texts(2), "A|78 %|-402 %|3|" + dayText(20));
+        QCOMPARE(texts(3), "B|||1|" + dayText(5));
+        QCOMPARE(texts(4), QString("C|||0|"));
+        QCOMPARE(texts(5), "D|80 %|+73 %|3|" + dayText(21));
+        QCOMPARE(texts(2, Qt::AccessibleTextRole), "A|78 %, worn out|-402 %|3|" + dayText(20));
+        QCOMPARE(texts(5, Qt::AccessibleTextRole), texts(5));
+        QCOMPARE(looksOf(list.index(2, PackList::Health)), QString("78 % 130 bold"));
+        QCOMPARE(looksOf(list.index(2, PackList::PerYear)), QString("-402 % 130"));
+        QCOMPARE(looksOf(list.index(5, PackList::Name)), QString("D 129"));
+        QCOMPARE(list.index(2, 0).data(Qt::ToolTipRole).toString(),
+            QString("A\n6 x LiPo\n5000 mAh nominal\nits note\nWorn out: below 80 % of its nominal capacity.\n"
+                    "Cell 4 is weak: 420 mV between the highest and the lowest when the pack is empty."));
+        QCOMPARE(list.index(3, 0).data(Qt::ToolTipRole).toString(),
+            QString("B\n6 x LiPo\nGive the nominal capacity to see the state of health.\nits note"));
+        const auto mark = [&](int row, int column) {
+            const QVariant pixmap = list.index(row, column).data(Qt::DecorationRole);
+            const QImage image = pixmap.value<QPixmap>().toImage();
+            return image.isNull() ? QString()
+                                  : image.pixelColor(image.rect().center()).name()
+                    + QString::number(image.pixelColor(1, image.height() - 2).alpha() > 200);
+        };
+        QCOMPARE(mark(2, PackList::Health) + mark(5, PackList::Health), QString("#c628281#1e8a3c0"));
+        QCOMPARE(mark(3, PackList::Health) + mark(2, PackList::Name), QString());
+        QCOMPARE(list.headerData(PackList::PerYear, Qt::Horizontal).toString(), QString("Per year"));
+        QVERIFY(list.headerData(4, Qt::Horizontal, Qt::ToolTipRole).toString().startsWith("Start of"));
+        for (const QVariant &none : {list.headerData(5, Qt::Horizontal), list.headerData(0, Qt::Vertical),
+                 list.headerData(-1, Qt::Horizontal), list.headerData(0, Qt::Horizontal, Qt::FontRole)})
+            QVERIFY(!none.isValid());
+        const std::pair<PackList::Column, const char *> orders[] = {{PackList::Name, "ABCD DCBA"},
+            {PackList::Health, "ADBC DABC"}, {PackList::PerYear, "ADBC DABC"},
+            {PackList::Cycles, "CBAD ADBC"}, {PackList::Newest, "BADC DABC"}};
+        for (const auto &[column, order] : orders) {
+            QString found;
+            for (const auto way : {Qt::AscendingOrder, Qt::DescendingOrder}) {
+                list.sort(column, way);
+                found += found.isEmpty() ? "" : " ";
+                for (int row = 2; row < 6; ++row)
+                    found += list.index(row, 0).data().toString();
+            }
+            QCOMPARE(found, QString(order));
+        }
+        QCOMPARE(list.packAt(list.rowOf(a)), a);
+        for (const int row : {-1, 6})
+            QCOMPARE(list.packAt(row), qint64(LogbookFilter::everyPack));
+        QCOMPARE(list.rowOf(99), 0);
+        QSignalSpy reset(&list, SIGNAL(modelReset()));
+        QSignalSpy changed(&list, SIGNAL(dataChanged(QModelIndex,QModelIndex)));
+        list.refresh();
+        QCOMPARE(reset.size(), 0);
+        QCOMPARE(changed.first().at(1).toModelIndex(), list.index(5, PackList::Newest));
+    }
+
+    void pages_data()
+    {
+        columns<int, int, int>({"rows", "width", "pages"});
+        QTest::newRow("none") << 0 << 100 << 1;
+        QTest::newRow("one is full") << 42 << 100 << 1;
+        QTest::newRow("one more") << 43 << 100 << 2;
+        QTest::newRow("as wide as it may be") << 43 << 1120 << 2;
+        QTest::newRow("small letters") << 86 << 2240 << 1;
+        QTest::newRow("small letters, one more") << 87 << 2240 << 2;
+    }
+
+    /// The columns as they are shown; on the last page the last row.
+    void pages()
+    {
+        QFETCH(int, rows);
+        QFETCH(int, width);
+        QStandardItemModel model(rows, 3);
+        model.setHorizontalHeaderLabels({"First", "Second", "Third"});
+        for (int row = 0; row < rows; ++row)
+            for (int column = 0; column < 3; ++column) {
+                model.setData(model.index(row, column), QString("%1.%2").arg(row).arg(column));
+                model.setData(model.index(row, column), int(column == 1 ? Qt::AlignRight : Qt::AlignLeft),
+                    Qt::TextAlignmentRole);
+            }
+        QHeaderView header(Qt::Horizontal);
+        header.setModel(&model);
+        header.hideSection(2);
+        header.moveSection(1, 0);
+        header.resizeSection(0, width / 2);
+        header.resizeSection(1, width / 2);
+        const TablePages pages(model, header);
+        QTEST(pages.count(), "pages");
+        if (width < 2000)
+            return;
+        const QString title = "line 0,9 1120,9 #000000; text 'First' left 560,4 5 bold Arial #000000; ";
+        const bool full = rows == 86;
+        VERIFY_PAINTS(
+            TablePages::size().toSize(), [&](QPainter &painter) { pages.paint(painter, pages.count() - 1); },
+            title
+                + (full ? "text 'Second' right 558,4 5 bold Arial #000000; text '0.1' right 558,13 5 Arial "
+                          "#000000; text '0.0' left 560,13 5 Arial #000000; text '85.1' right 558,735 5 Arial "
+                          "#000000"
+                        : "text 'Second' right 558,4 5 bold Arial #000000; text '86.1' right 558,13 5 Arial "
+                          "#000000; text '86.0' left 560,13 5 Arial #000000"),
+            !full);
+    }
+
+    void pictures()
+    {
+        const QSize size(100, 50);
+        QVERIFY(curvePicture("x", size).isNull());
+        const QImage image = curvePicture(QByteArray("\0\0\xff", 3), size);
+        QRect ink;
+        for (int y = 0; y < size.height(); ++y)
+            for (int x = 0; x < size.width(); ++x)
+                if (image.pixel(x, y) != 0xffffffff)
+                    ink |= QRect(x, y, 1, 1);
+        QCOMPARE(ink, QRect(QPoint(3, 3), QPoint(96, 46)));
+        QVERIFY(image.pixelColor(25, 45).blue() > image.pixelColor(25, 45).red() + 50);
+        QCOMPARE(image.pixelColor(25, 40), QColor(Qt::white));
+    }
+
+    void filterLine()
+    {
+        QLocale::setDefault(QLocale("en_US"));
+        FilterLine line;
+        QSignalSpy changed(&line, SIGNAL(changed()));
+        const auto boxes = line.findChildren<QCheckBox *>();
+        const auto dates = line.findChildren<QDateEdit *>();
+        auto *chemistry = line.findChild<QComboBox *>("filterChemistry");
+        auto *process = line.findChild<QComboBox *>("filterProcess");
+        QCOMPARE(chemistry->count(), int(Varnel::noCellType) + 1);
+        QCOMPARE(process->count(), int(Varnel::NoMode) + 1);
+        QCOMPARE(dates[0]->displayFormat(), QString("M/d/yyyy"));
+        const auto told = [&] {
+            const LogbookFilter filter = line.filter();
+            return QString("%1 %2 %3 %4 %5 %6 %7 %8")
+                .arg(filter.text)
+                .arg(filter.cellType)
+                .arg(filter.mode)
+                .arg(filter.from.toString(Qt::ISODate), filter.to.toString(Qt::ISODate))
+                .arg(line.isEmpty())
+                .arg(dates[0]->isEnabled())
+                .arg(dates[1]->isEnabled());
+        };
+        const QString everything = " -1 -1   1 0 0";
+        const std::pair<std::function<void()>, const char *> changes[]
+            = {{[&] { line.findChild<QLineEdit *>("filterText")->setText("a b"); }, "a b -1 -1   0 0 0"},
+                {[&] { chemistry->setCurrentIndex(6); }, " 5 -1   0 0 0"},
+                {[&] { process->setCurrentIndex(2); }, " -1 1   0 0 0"},
+                {[&] {
+                     boxes[0]->setChecked(true);
+                     dates[0]->setDate({2026, 2, 3});
+                 },
+                    " -1 -1 2026-02-03  0 1 0"},
+                {[&] {
+                     boxes[1]->setChecked(true);
+                     dates[1]->setDate({2026, 3, 4});
+                 },
+                    " -1 -1  2026-03-04 0 0 1"}};
+        for (const auto &[change, filter] : changes) {
+            QCOMPARE(told(), everything);
+            changed.clear();
+            change();
+            QVERIFY(!changed.isEmpty());
+            QCOMPARE(told(), QString(filter));
+            changed.clear();
+            line.clear();
+            QCOMPARE(changed.size(), 1);
+        }
+        QCOMPARE(
+            dates[0]->toolTip() + boxes[0]->toolTip(), QString("First day of the recordings").repeated(2));
+        line.show();
+        QVERIFY(QTest::qWaitForWindowActive(&line));
+        auto *text = line.findChild<QLineEdit *>("filterText");
+        text->setText("old");
+        chemistry->setFocus();
+        line.takeKeyboard();
+        QCOMPARE(text->hasFocus() ? text->selectedText() : QString(), QString("old"));
+    }
+
+    void packDialog()
+    {
+        LogbookPack pack;
+        pack.id = 7;
+        pack.name = "A";
+        PackDialog dialog("Title", pack, nullptr);
+        const auto told = [&] {
+            const LogbookPack now = dialog.pack();
+            return QString("%1 %2 %3 %4 %5 %6")
+                .arg(now.id)
+                .arg(now.name)
+                .arg(now.cellType)
+                .arg(now.cells)
+                .arg(now.capacity)
+                .arg(now.note.size());
+        };
+        QCOMPARE(told(), QString("7 A %1 0 0 0").arg(Varnel::noCellType));
+        auto *name = dialog.findChild<QLineEdit *>("packName");
+        auto *chemistry = dialog.findChild<QComboBox *>();
+        QCOMPARE(chemistry->currentText(), QString("not said"));
+        const auto spins = dialog.findChildren<QSpinBox *>();
+        QCOMPARE(spins[0]->text() + spins[1]->text(), QString("not said").repeated(2));
+        name->setText(" B  ");
+        chemistry->setCurrentIndex(0);
+        spins[0]->setValue(17);
+        spins[1]->stepUp();
+        dialog.findChild<QPlainTextEdit *>()->setPlainText(QString(LogbookPack::longestNote + 1, 'x'));
+        QCOMPARE(told(), QString("7 B 0 16 100 65536"));
+        spins[1]->setValue(2000000);
+        QCOMPARE(spins[1]->text(), QString("1000000 mAh"));
+        name->setText(" ");
+        QVERIFY(!dialog.findChild<QPushButton *>()->isEnabled()); // OK
+        name->setText(QString(201, 'y'));
+        QCOMPARE(dialog.pack().name.size(), 200);
+        dialog.showNameOnly("Text");
+        dialog.show();
+        QVERIFY(name->isVisible() && !chemistry->isVisible() && !spins[0]->isVisible());
+        QStringList labels;
+        for (const QLabel *label : dialog.findChildren<QLabel *>())
+            labels += label->isVisible() ? label->text() : QString();
+        labels.removeAll({});
+        QCOMPARE(labels.join(' '), QString("Name: Text"));
+    }
+
+    void smallDialogs()
+    {
+        NoteDialog note("2026-05-03", QString(LogbookPack::longestNote + 1, 'x'), nullptr);
+        QCOMPARE(note.note().size(), LogbookPack::longestNote);
+        QCOMPARE(note.findChild<QLabel *>()->text(), QString("2026-05-03"));
+        FoldersDialog folders("/own", {"/b", "/a"}, nullptr);
+        QVERIFY(folders.findChild<QLabel *>()->text().contains("/own"));
+        for (const char *folder : {"/a", "", "/c"})
+            folders.add(folder);
+        QCOMPARE(folders.folders(), (QStringList{"/b", "/a", "/c"}));
+        const auto buttons = folders.findChildren<QPushButton *>();
+        const auto button = [&](const char *text) {
+            return *std::find_if(
+                buttons.begin(), buttons.end(), [&](const QPushButton *b) { return b->text() == text; });
+        };
+        QVERIFY(!button("Remove")->isEnabled());
+        folders.findChild<QListWidget *>()->setCurrentRow(1);
+        button("Remove")->click();
+        QCOMPARE(folders.folders(), (QStringList{"/b", "/c"}));
+        QSignalSpy wanted(&folders, SIGNAL(folderWanted(QWidget*)));
+        button("Add...")->click();
+        QCOMPARE(wanted.first().at(0).value<QWidget *>(), &folders);
+        const qint64 a = addPack("A", 5000, {});
+        LogbookPack bare;
+        bare.name = "B";
+        const qint64 b = editor->addPack(bare);
+        PackChoice::Question question{"Title", "Text", {a, 99, b}, b, true};
+        const PackChoice choice(*logbook, question, nullptr);
+        QCOMPARE(choice.chosen(), b);
+        auto *list = choice.findChild<QListWidget *>();
+        QStringList texts;
+        for (int i = 0; i < list->count(); ++i)
+            texts += list->item(i)->text();
+        QCOMPARE(texts.join('|'), QString("A, 6 x LiPo, 5000 mAh|B|New pack..."));
+        list->setCurrentRow(2);
+        QCOMPARE(choice.chosen(), qint64(PackChoice::newPack));
+        question.first = 0;
+        QCOMPARE(PackChoice(*logbook, question, nullptr).chosen(), qint64(PackChoice::newPack));
+        question.offersNew = false;
+        QCOMPARE(PackChoice(*logbook, question, nullptr).chosen(), a);
+        question.packs.clear();
+        QCOMPARE(PackChoice(*logbook, question, nullptr).chosen(), qint64(LogbookPack::none));
+    }
+
+    void status()
+    {
+        LogbookReader reader(logbook.get(), "/nowhere");
+        QStatusBar bar;
+        LogbookStatus status(&bar, &reader);
+        auto *progress = bar.findChild<QProgressBar *>();
+        auto *cancel = bar.findChild<QPushButton *>();
+        bar.show();
+        QVERIFY(!progress->isVisible() && !cancel->isVisible());
+        emit reader.progressed(3, 10);
+        QVERIFY(progress->isVisible() && cancel->isVisible());
+        QCOMPARE(progress->text(), QString("3 of 10 files"));
+        QSignalSpy finished(&reader, SIGNAL(finished()));
+        cancel->click();
+        QCOMPARE(finished.size(), 1);
+        QVERIFY(!progress->isVisible() && !cancel->isVisible());
+        const auto told = [&](int shown, int total, int chosen) {
+            status.tell(shown, total, chosen);
+            return bar.findChild<QLabel *>("logbookCount")->text();
+        };
+        QCOMPARE(told(5, 5, 1), QString("5 recording(s)"));
+        QCOMPARE(told(4, 5, 0), QString("4 of 5 recording(s)"));
+        QCOMPARE(told(5, 5, 2), QString("5 recording(s), 2 chosen"));
+    }
+
+private:
+    /// addPack() of the sample.
+    qint64 addPack(
+        const char *name, int capacity, const QVector<std::pair<int, int>> &discharges, int spread = 12)
+    {
+        return ::addPack(editor.get(), logbook.get(), name, capacity, discharges, spread);
+    }
+
+    std::unique_ptr<Logbook> logbook;
+    std::unique_ptr<LogbookEditor> editor;
+};
+
+QTEST_MAIN(TestLogbookParts)
+#include "tst_logbookparts.moc"
