@@ -74,7 +74,7 @@ void openRows(benchmark::State &state)
             batch.assigned.append(sampleEntry(i));
         batch.read = batch.assigned;
         QString reason;
-        file.write(batch, &reason);
+        file.write({batch}, &reason);
     }
     for (auto _ : state) {
         Logbook logbook;

@@ -207,7 +207,7 @@ void MainWindow::writeSettings() const
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
-    if (!unsaved->mayCloseAll()) {
+    if ((!unsaved->isHeld() && !logbookParts->mayClose()) || !unsaved->mayCloseAll()) {
         event->ignore();
         return;
     }

@@ -32,6 +32,7 @@ public:
 
     /// The session ends: from now on nobody is asked, and nothing closes before releaseAll().
     void holdAll() { m_end = End::Held; }
+    bool isHeld() const { return m_end != End::Unsaid; } ///< since holdAll()
     /// Writes the records that no file holds to files beside the journals, or, where that fails, in the
     /// user's home or the folder for temporary files. Done when nothing is written any more.
     void rescueAll();

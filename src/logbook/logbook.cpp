@@ -1,5 +1,6 @@
 #include "logbook/logbook.h"
 
+#include "logbook/logbookdifference.h"
 #include "logbook/logbookkeeper.h"
 
 #include <QCollator>
@@ -44,9 +45,9 @@ void Logbook::open(const QString &folder)
                     reason.isEmpty() ? QString()
                                      : tr("The logbook can't be written for now: %1").arg(reason));
             },
-            [this](const QString &reason) {
-                setTrouble(true, tr("The logbook can't be kept: %1").arg(reason));
-            }});
+            [this](
+                const QString &reason) { setTrouble(true, tr("The logbook can't be kept: %1").arg(reason)); },
+            [this](const LogbookContent &content) { takeChanged(content); }});
 }
 
 QString Logbook::defaultFolder()
@@ -57,6 +58,11 @@ QString Logbook::defaultFolder()
 bool Logbook::isWritten() const
 {
     return !m_keeper || m_keeper->isIdle();
+}
+
+bool Logbook::isUsersWritten() const
+{
+    return !m_keeper || !m_keeper->holdsUsers();
 }
 
 const LogbookRecording *Logbook::recording(qint64 id) const
@@ -152,6 +158,15 @@ void Logbook::take(const LogbookEntry &found)
 }
 
 // The file would lose the row at the new name even where there is none to be renamed.
+void Logbook::takeOther(const LogbookEntry &found)
+{
+    LogbookBatch batch;
+    batch.droppedFiles.append(found.recording.file);
+    batch.assigned.append(found);
+    batch.read.append(found);
+    apply(batch);
+}
+
 void Logbook::rename(const QString &file, const QString &newFile)
 {
     if (file == newFile || !m_byFile.contains(file))
@@ -195,27 +210,32 @@ qint64 Logbook::freshId()
 
 void Logbook::apply(LogbookBatch batch)
 {
+    const auto isOther = [this](const LogbookEntry &entry) { return isOvertaken(entry); };
+    for (QVector<LogbookEntry> *entries : {&batch.assigned, &batch.read})
+        entries->erase(std::remove_if(entries->begin(), entries->end(), isOther), entries->end());
+    const Changes changes = change(&batch);
+    if (m_keeper && !m_isReadOnly)
+        m_keeper->write(batch);
+    tell(batch, changes);
+}
+
+Logbook::Changes Logbook::change(LogbookBatch *batch)
+{
     Changes changes;
-    renameRows(batch, &changes);
-    for (const QString &file : qAsConst(batch.droppedFiles)) {
+    renameRows(*batch, &changes);
+    for (const QString &file : qAsConst(batch->droppedFiles)) {
         const int index = m_byFile.value(file, -1);
         if (index >= 0)
             remove(index, &changes);
     }
-    changePacks(batch, &changes);
-    assignRows(&batch, &changes);
-    readRows(&batch, &changes);
-    if (batch.folders)
-        m_folders = *batch.folders;
-    for (const qint64 key : qAsConst(batch.refused))
+    changePacks(*batch, &changes);
+    assignRows(batch, &changes);
+    readRows(batch, &changes);
+    if (batch->folders)
+        m_folders = *batch->folders;
+    for (const qint64 key : qAsConst(batch->refused))
         m_refused.insert(key);
-    if (m_keeper && !m_isReadOnly)
-        m_keeper->write(batch);
-    tell(changes);
-    if (!batch.packs.isEmpty() || !batch.droppedPacks.isEmpty())
-        emit packsChanged();
-    if (batch.folders)
-        emit foldersChanged();
+    return changes;
 }
 
 // What was found before is brought in once more: some of it may be in the file already.
@@ -245,6 +265,22 @@ void Logbook::takeContent(const LogbookContent &content)
     setTrouble(content.isReadOnly, content.trouble);
     if (!content.told.isEmpty())
         emit told(content.told);
+}
+
+// As if it had been changed here, but for the file.
+void Logbook::takeChanged(const LogbookContent &content)
+{
+    LogbookContent held;
+    held.packs = m_packs;
+    held.entries.reserve(size());
+    for (const Row &row : m_rows)
+        held.entries += row.entry;
+    LogbookBatch batch = logbookDifference(held, content);
+    if (content.folders != m_folders)
+        batch.folders = content.folders;
+    batch.refused = content.refused;
+    const Changes changes = change(&batch);
+    tell(batch, changes);
 }
 
 void Logbook::setTrouble(bool isReadOnly, const QString &trouble)
@@ -329,6 +365,7 @@ void Logbook::assignRows(LogbookBatch *batch, Changes *changes)
 
 void Logbook::readRows(LogbookBatch *batch, Changes *changes)
 {
+    QSet<qint64> told(changes->changed.begin(), changes->changed.end());
     for (LogbookEntry &entry : batch->read) {
         const int index = find(entry.recording);
         if (index < 0)
@@ -342,8 +379,9 @@ void Logbook::readRows(LogbookBatch *batch, Changes *changes)
         row.entry.recording.note = before.note;
         describe(&row);
         entry = row.entry;
-        if (!changes->changed.contains(before.id))
+        if (!told.contains(before.id))
             changes->changed += before.id;
+        told.insert(before.id);
     }
 }
 
@@ -351,6 +389,14 @@ int Logbook::find(const LogbookRecording &recording) const
 {
     const int index = m_byId.value(recording.id, -1);
     return index >= 0 ? index : m_byFile.value(recording.file, -1);
+}
+
+/// It is of a recording that another has taken the file of.
+bool Logbook::isOvertaken(const LogbookEntry &entry) const
+{
+    const LogbookRecording &recording = entry.recording;
+    const LogbookEntry *named = entryOf(recording.file);
+    return recording.id != 0 && !m_byId.contains(recording.id) && named && named->holdsOtherThan(entry);
 }
 
 void Logbook::add(const LogbookEntry &entry)
@@ -397,10 +443,14 @@ void Logbook::sortPacks()
     });
 }
 
-void Logbook::tell(const Changes &changes)
+void Logbook::tell(const LogbookBatch &batch, const Changes &changes)
 {
     if (!changes.removed.isEmpty())
         emit recordingsRemoved(changes.removed);
     if (!changes.changed.isEmpty())
         emit recordingsChanged(changes.changed);
+    if (!batch.packs.isEmpty() || !batch.droppedPacks.isEmpty())
+        emit packsChanged();
+    if (batch.folders)
+        emit foldersChanged();
 }

@@ -39,6 +39,8 @@ public:
     QString trouble() const { return m_trouble; }
     /// All that has changed is written.
     bool isWritten() const;
+    /// All that the user has changed is.
+    bool isUsersWritten() const;
 
     int size() const { return int(m_rows.size()); }
     /// Null for an id that there is not (any more).
@@ -68,6 +70,9 @@ public:
     const LogbookEntry &entryAt(int index) const { return m_rows[size_t(index)].entry; } ///< 0..size() - 1
     /// Adds the row of `found`'s file, or brings it up to date: its id, pack and note stay.
     void take(const LogbookEntry &found);
+    /// The file of a row holds another recording now. The row goes, with its pack and note, and a new one
+    /// comes.
+    void takeOther(const LogbookEntry &found);
     /// The file of a row has another name now; a row that has that name already goes.
     void rename(const QString &file, const QString &newFile);
     void setGone(const QString &file, bool gone);
@@ -80,7 +85,8 @@ public:
     /// An id that no row and no pack has, here or in another program.
     static qint64 freshId();
     /// Does all of `batch` here and in the file. Entries of rows that are there are found by their ids or,
-    /// where there is no such id, by their files.
+    /// where there is no such id, by their files; one with an id is passed over where its file holds another
+    /// recording now.
     void apply(LogbookBatch batch);
 
 signals:
@@ -109,17 +115,20 @@ private:
     };
 
     void takeContent(const LogbookContent &content);
+    void takeChanged(const LogbookContent &content);
+    Changes change(LogbookBatch *batch);
     void setTrouble(bool isReadOnly, const QString &trouble);
     void renameRows(const LogbookBatch &batch, Changes *changes);
     void changePacks(const LogbookBatch &batch, Changes *changes);
     void assignRows(LogbookBatch *batch, Changes *changes);
     void readRows(LogbookBatch *batch, Changes *changes);
     int find(const LogbookRecording &recording) const;
+    bool isOvertaken(const LogbookEntry &entry) const;
     void add(const LogbookEntry &entry);
     void remove(int index, Changes *changes);
     void describe(Row *row) const;
     void sortPacks();
-    void tell(const Changes &changes);
+    void tell(const LogbookBatch &batch, const Changes &changes);
 
     std::unique_ptr<LogbookKeeper> m_keeper;
     std::vector<Row> m_rows;

@@ -20,6 +20,16 @@ struct FileStamp {
 
 /// A row with what its reader wants to know of the file.
 struct LogbookEntry {
+    static constexpr int beginningLength = 4096; ///< bytes, unless the file is shorter
+
+    /// Both are known, and not of the same recording, be it grown. A row of the same file tells nothing of
+    /// that: what was in it may have been overwritten.
+    bool holdsOtherThan(const LogbookEntry &other) const
+    {
+        return stamp.size >= beginningLength && other.stamp.size >= beginningLength && !beginning.isEmpty()
+            && !other.beginning.isEmpty() && beginning != other.beginning;
+    }
+
     LogbookRecording recording;
     FileStamp stamp; ///< of the file as it was read
     QByteArray beginning; ///< a hash of the file's first bytes; empty while it is not read
@@ -32,7 +42,7 @@ struct LogbookBatch {
     QVector<QString> droppedFiles; ///< rows, by their files; dropped next
     QVector<LogbookPack> packs; ///< added, or changed where there is one with the id
     QVector<qint64> droppedPacks;
-    QVector<LogbookEntry> assigned; ///< rows whose pack and note change; new ones are added
+    QVector<LogbookEntry> assigned; ///< rows whose pack and note change, if isUsers; new ones are added
     QVector<LogbookEntry>
         read; ///< rows whose figures and all else change; such as are not there are not added
     std::optional<QStringList> folders;

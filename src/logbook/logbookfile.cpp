@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -16,9 +17,11 @@
 #include <QUuid>
 #include <QVariant>
 
+#include <algorithm>
 #include <filesystem>
 #include <initializer_list>
 #include <system_error>
+#include <utility>
 
 namespace {
 
@@ -30,13 +33,9 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(LogbookFile)
 };
 
-/// What SQLite says of a disk or of another program, not of the file, by the lower byte of its code. Without
-/// a code it has not come to SQLite.
-bool isPassing(const QSqlError &error)
+/// What SQLite says of a disk or of another program, not of the file, by the lower byte of its code.
+bool isPassing(int code)
 {
-    if (error.nativeErrorCode().isEmpty())
-        return true;
-    const int code = error.nativeErrorCode().toInt();
     enum {
         Perm = 3,
         Busy = 5,
@@ -55,6 +54,12 @@ bool isPassing(const QSqlError &error)
     return false;
 }
 
+/// Without a code it has not come to SQLite.
+bool isPassing(const QSqlError &error)
+{
+    return error.nativeErrorCode().isEmpty() || isPassing(error.nativeErrorCode().toInt());
+}
+
 /// The file and what belongs to it while it is open.
 QStringList parts(const QString &path)
 {
@@ -69,12 +74,17 @@ bool run(const QSqlDatabase &database, const char *statement, QSqlError *error)
     return good;
 }
 
-bool isWhole(const QSqlDatabase &database, QSqlError *error)
+/// The code with which a page could not be had, of what a check has found; 0 where it has found another fault.
+int codeIn(const QString &found)
+{
+    static const QRegularExpression code(QStringLiteral("error code[ =]([0-9]{1,9})"));
+    return code.match(found).captured(1).toInt();
+}
+
+int dataVersionOf(const QSqlDatabase &database)
 {
     QSqlQuery query(database);
-    const bool asked = query.exec(QStringLiteral("PRAGMA quick_check(1)")) && query.next();
-    *error = query.lastError();
-    return asked && query.value(0).toString() == QLatin1String("ok");
+    return query.exec(QStringLiteral("PRAGMA data_version")) && query.next() ? query.value(0).toInt() : 0;
 }
 
 } // namespace
@@ -133,6 +143,11 @@ void LogbookFile::openForWriting(LogbookContent *content)
         *content = LogbookContent();
         content->trouble = Texts::tr("The logbook can't be kept: %1").arg(m_reason);
         break;
+    case Fault::Unreadable:
+        *content = LogbookContent();
+        content->trouble = Texts::tr("The logbook can't be read: %1.")
+                               .arg(QDir::toNativeSeparators(path()) + QStringLiteral(", ") + m_reason);
+        break;
     case Fault::Damaged:
         restore(content);
         break;
@@ -154,15 +169,34 @@ void LogbookFile::openForReading(LogbookContent *content)
         : Texts::tr("The logbook can't be read: %1.").arg(name);
 }
 
-LogbookFile::Written LogbookFile::write(const LogbookBatch &batch, QString *reason)
+LogbookFile::Written LogbookFile::write(const QVector<LogbookBatch> &batches, QString *reason)
 {
     if (m_isReadOnly || m_connection.isEmpty())
         return Written::Never;
+    const bool careful = std::any_of(
+        batches.begin(), batches.end(), [](const LogbookBatch &batch) { return batch.isUsers; });
     QSqlError error;
-    if (LogbookTables::write(database(), batch, &error))
+    if (careful != m_isCareful
+        && run(database(), careful ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = NORMAL", &error))
+        m_isCareful = careful;
+    if (LogbookTables::write(database(), batches, &error))
         return Written::Yes;
     *reason = error.text();
     return isPassing(error) ? Written::NotYet : Written::Never;
+}
+
+bool LogbookFile::wasWrittenByOthers()
+{
+    if (m_isReadOnly || m_connection.isEmpty())
+        return false;
+    const int version = dataVersionOf(database());
+    return std::exchange(m_dataVersion, version) != version;
+}
+
+bool LogbookFile::readAgain(LogbookContent *content) const
+{
+    QSqlError error;
+    return LogbookTables::read(database(), content, &error);
 }
 
 // Made beside the others first: what fails half-way leaves them as they were.
@@ -214,18 +248,35 @@ LogbookFile::Fault LogbookFile::connectTo(const QString &path, LogbookContent *c
 
 LogbookFile::Fault LogbookFile::prepare(QSqlDatabase &database, LogbookContent *content)
 {
+    const Fault fault = check(database);
+    if (fault != Fault::None)
+        return fault;
     QSqlError error;
-    if (!isWhole(database, &error))
-        return error.isValid() ? faultOf(error) : Fault::Damaged;
     const bool newer = LogbookSchema::versionOf(database) > LogbookSchema::newest();
     if (!newer
         && !(run(database, "PRAGMA journal_mode = WAL", &error)
             && run(database, "PRAGMA foreign_keys = ON", &error) && LogbookSchema::migrate(database, &error)))
         return faultOf(error);
+    m_isCareful = false;
+    run(database, "PRAGMA synchronous = NORMAL", &error);
+    m_dataVersion = dataVersionOf(database);
     const bool read = LogbookTables::read(database, content, &error);
     if (newer)
         return Fault::Newer;
     return read ? Fault::None : faultOf(error);
+}
+
+// A page that the disk does not give, as from a scratched medium, is no fault of the file.
+LogbookFile::Fault LogbookFile::check(const QSqlDatabase &database)
+{
+    QSqlQuery query(database);
+    if (!query.exec(QStringLiteral("PRAGMA quick_check(1)")) || !query.next())
+        return faultOf(query.lastError());
+    const QString found = query.value(0).toString();
+    if (found == QLatin1String("ok"))
+        return Fault::None;
+    m_reason = found.simplified();
+    return isPassing(codeIn(found)) ? Fault::Unreadable : Fault::Damaged;
 }
 
 LogbookFile::Fault LogbookFile::faultOf(const QSqlError &error)
@@ -282,7 +333,7 @@ void LogbookFile::restore(LogbookContent *content)
     const QStringList sources = backups() + QStringList(QString());
     for (const QString &source : sources) {
         const Fault fault = restoreFrom(source, content);
-        if (fault == Fault::Unavailable) // of the disk: the next start tries this copy again
+        if (fault == Fault::Unavailable || fault == Fault::Unreadable) // the next start tries this copy again
             break;
         if (fault == Fault::None) {
             const QString copy = QDir::toNativeSeparators(source);

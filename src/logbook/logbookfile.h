@@ -29,8 +29,14 @@ public:
         NotYet, ///< the disk is full or does not answer; worth another try
         Never ///< the file does not take it
     };
-    /// Writes `batch` as a whole or not at all. `reason`: the system's words where it was not written.
-    Written write(const LogbookBatch &batch, QString *reason);
+    /// Writes `batches`, in their order, as a whole or not at all. `reason`: the system's words where they
+    /// were not written. What the user has changed is on the disk when this returns; what was only read may be
+    /// lost with the system's power.
+    Written write(const QVector<LogbookBatch> &batches, QString *reason);
+    /// Another program has written since this was asked last, or since open().
+    bool wasWrittenByOthers();
+    /// What the file holds now. False where it can't be read.
+    bool readAgain(LogbookContent *content) const;
     /// Copies all to the backup of `day`, in the place of one that there is, and removes the oldest beyond
     /// backupsKept. False where that was not possible; the others are then as they were.
     bool backUp(const QDate &day = QDate::currentDate());
@@ -39,7 +45,7 @@ public:
     QStringList backups() const; ///< with their folder, newest first
 
 private:
-    enum class Fault { None, Damaged, Unavailable, Newer };
+    enum class Fault { None, Damaged, Unavailable, Unreadable, Newer };
 
     bool canBeWritten() const;
     void openForWriting(LogbookContent *content);
@@ -47,6 +53,7 @@ private:
     Fault connectTo(const QString &path, LogbookContent *content);
     Fault prepare(QSqlDatabase &database, LogbookContent *content);
     Fault faultOf(const QSqlError &error);
+    Fault check(const QSqlDatabase &database);
     void disconnect();
     bool copyAside();
     QString setAside() const;
@@ -59,4 +66,6 @@ private:
     QString m_reason; // of the newest fault
     std::unique_ptr<QTemporaryDir> m_copy; // where the file itself can't be opened for writing
     bool m_isReadOnly = false;
+    bool m_isCareful = false; // each change is waited for until it is on the disk
+    int m_dataVersion = 0; // as SQLite counts what other programs write
 };

@@ -1,10 +1,13 @@
 #include "logbook/logbookkeeper.h"
 
 #include "logbook/logbookfile.h"
+#include "logbook/logbookqueue.h"
 
 #include <QDebug>
 #include <QMetaObject>
 
+#include <algorithm>
+#include <atomic>
 #include <condition_variable>
 #include <exception>
 #include <mutex>
@@ -15,6 +18,9 @@
 namespace {
 
 constexpr std::chrono::seconds retryTime(5);
+constexpr std::chrono::milliseconds lastRetryTime(100); // at the end
+constexpr std::chrono::milliseconds gatheringTime(100); // in which what is read falls together
+constexpr std::chrono::seconds lookTime(1); // between two looks for changes of other programs
 using Clock = std::chrono::steady_clock;
 
 } // namespace
@@ -23,26 +29,45 @@ struct LogbookKeeper::Work {
     void run(const QString &folder);
     void loop(LogbookFile &file);
     void giveUp(const std::exception &error);
-    bool writeAll(LogbookFile &file, std::unique_lock<std::mutex> &lock);
+    Clock::time_point due() const;
+    void waitForWork(std::unique_lock<std::mutex> &lock);
+    void writeAll(LogbookFile &file, std::unique_lock<std::mutex> &lock);
+    int writeLot(LogbookFile &file, const LogbookQueue::Lot &lot, QString *reason);
+    bool writeOne(LogbookFile &file, const LogbookBatch &batch, QString *reason);
+    void tellStalled(const QString &reason, std::unique_lock<std::mutex> &lock);
+    void lookForOthers(LogbookFile &file, std::unique_lock<std::mutex> &lock);
+    void backUp(LogbookFile &file, std::unique_lock<std::mutex> &lock);
     void tell(const std::function<void()> &news);
 
     std::mutex mutex;
     std::condition_variable changed;
     Listener listener; // called in the receiver's thread only
     QObject *receiver = nullptr; // these are guarded by the mutex; null once nobody wants to hear
-    QVector<LogbookBatch> waiting;
+    LogbookQueue queue;
+    quint64 accepted = 0; // batches; changes in the receiver's thread only
+    Clock::time_point readingsDue; // while such wait
     bool writing = false; // the thread is at something
     bool isNew = false; // something has come since the thread looked
     bool ending = false;
+    bool abandoned = false; // nobody waits for the end any more
     bool ended = false;
+    std::atomic<bool> isStale = false; // what others wrote was overtaken by a change of this program
 
     bool stalled = false; // these are the thread's
     bool unsaved = false; // what the user knows is not in a backup
+    Clock::time_point retryDue;
+    Clock::time_point lookDue;
     Clock::time_point backupDue;
 };
 
 LogbookKeeper::LogbookKeeper(const QString &folder, const Listener &listener)
-    : m_work(std::make_shared<Work>())
+    : LogbookKeeper(folder, listener, Patience())
+{
+}
+
+LogbookKeeper::LogbookKeeper(const QString &folder, const Listener &listener, const Patience &patience)
+    : m_patience(patience)
+    , m_work(std::make_shared<Work>())
 {
     m_work->listener = listener;
     m_work->receiver = &m_receiver;
@@ -60,8 +85,14 @@ LogbookKeeper::~LogbookKeeper()
     m_work->receiver = nullptr;
     m_work->ending = true;
     m_work->changed.notify_all();
-    if (!m_work->changed.wait_for(lock, patience, [this] { return m_work->ended; }))
-        qWarning("The logbook's disk does not answer.");
+    const auto hasEnded = [this] { return m_work->ended; };
+    if (m_work->changed.wait_for(lock, m_patience.rest, hasEnded))
+        return;
+    const auto areUsersWritten = [this] { return m_work->ended || !m_work->queue.holdsFirst(); };
+    const bool kept = m_work->changed.wait_for(lock, m_patience.users, areUsersWritten);
+    m_work->abandoned = true;
+    qWarning(
+        kept ? "The logbook's disk does not answer." : "The logbook's disk takes nothing: changes are lost.");
 }
 
 void LogbookKeeper::write(const LogbookBatch &batch)
@@ -69,7 +100,10 @@ void LogbookKeeper::write(const LogbookBatch &batch)
     const std::lock_guard<std::mutex> lock(m_work->mutex);
     if (m_work->ended) // has been told
         return;
-    m_work->waiting.append(batch);
+    if (m_work->queue.isEmpty())
+        m_work->readingsDue = Clock::now() + gatheringTime;
+    m_work->queue.add(batch);
+    ++m_work->accepted;
     m_work->isNew = true;
     m_work->changed.notify_all();
 }
@@ -77,7 +111,13 @@ void LogbookKeeper::write(const LogbookBatch &batch)
 bool LogbookKeeper::isIdle() const
 {
     const std::lock_guard<std::mutex> lock(m_work->mutex);
-    return m_work->waiting.isEmpty() && !m_work->writing;
+    return m_work->queue.isEmpty() && !m_work->writing;
+}
+
+bool LogbookKeeper::holdsUsers() const
+{
+    const std::lock_guard<std::mutex> lock(m_work->mutex);
+    return m_work->queue.holdsFirst();
 }
 
 void LogbookKeeper::Work::run(const QString &folder)
@@ -102,7 +142,7 @@ void LogbookKeeper::Work::giveUp(const std::exception &error)
     const QString reason = QString::fromLocal8Bit(error.what());
     tell([this, reason] { listener.refused(reason); });
     const std::lock_guard<std::mutex> lock(mutex);
-    waiting.clear();
+    queue = LogbookQueue();
     writing = false;
     ended = true;
 }
@@ -113,58 +153,136 @@ void LogbookKeeper::Work::loop(LogbookFile &file)
     for (;;) {
         writing = false;
         changed.notify_all();
-        const auto due = [this] { return ending || (!waiting.isEmpty() && !stalled); };
-        if (stalled)
-            changed.wait_for(lock, retryTime, [this] { return ending || isNew; });
-        else if (unsaved)
-            changed.wait_until(lock, backupDue, due);
-        else
-            changed.wait(lock, due);
+        waitForWork(lock);
         writing = true;
-        isNew = false;
         const bool last = ending;
-        const bool written = writeAll(file, lock);
-        if (unsaved && (last || Clock::now() >= backupDue)) {
-            lock.unlock();
-            unsaved = !file.backUp();
-            backupDue = Clock::now() + backupDelay;
-            lock.lock();
-        }
-        if (last && (waiting.isEmpty() || !written))
+        writeAll(file, lock);
+        if (Clock::now() >= lookDue && !last)
+            lookForOthers(file, lock);
+        if (unsaved && (Clock::now() >= backupDue || (last && !queue.holdsFirst())))
+            backUp(file, lock);
+        if (abandoned || (last && !queue.holdsFirst() && (queue.isEmpty() || stalled)))
             return;
     }
 }
 
-/// The disk is waited for without the mutex. False while something can't be written.
-bool LogbookKeeper::Work::writeAll(LogbookFile &file, std::unique_lock<std::mutex> &lock)
+/// When there is something to do, should nothing come.
+Clock::time_point LogbookKeeper::Work::due() const
+{
+    Clock::time_point due = lookDue;
+    if (unsaved)
+        due = std::min(due, backupDue);
+    if (stalled)
+        return std::min(due, retryDue);
+    return queue.isEmpty() ? due : std::min(due, readingsDue);
+}
+
+// What the user changes is tried at once, even while the disk is full.
+void LogbookKeeper::Work::waitForWork(std::unique_lock<std::mutex> &lock)
+{
+    if (ending && stalled) {
+        changed.wait_for(lock, lastRetryTime);
+        return;
+    }
+    while (!ending && Clock::now() < due() && !(queue.holdsFirst() && (isNew || !stalled))) {
+        isNew = false;
+        changed.wait_until(lock, due(), [this] { return ending || isNew; });
+    }
+    isNew = false;
+}
+
+/// Until nothing waits, or something can't be written. The disk is waited for without the mutex.
+void LogbookKeeper::Work::writeAll(LogbookFile &file, std::unique_lock<std::mutex> &lock)
 {
     QString reason;
-    while (!waiting.isEmpty()) {
-        const LogbookBatch batch = waiting.first();
+    while (reason.isEmpty() && !queue.isEmpty()) {
+        const LogbookQueue::Lot lot = queue.next();
         lock.unlock();
-        const LogbookFile::Written written = file.write(batch, &reason);
+        const int done = writeLot(file, lot, &reason);
         lock.lock();
-        if (written == LogbookFile::Written::NotYet)
-            break;
-        waiting.removeFirst();
-        if (written == LogbookFile::Written::Never && !reason.isEmpty()) {
-            qWarning() << "The logbook does not take a change:" << reason;
-            lock.unlock();
-            if (batch.isUsers)
-                tell([this, reason] { listener.refused(reason); });
-            lock.lock();
-        }
-        if (batch.isUsers && written == LogbookFile::Written::Yes && !std::exchange(unsaved, true))
-            backupDue = Clock::now() + backupDelay;
-        reason.clear();
+        queue.drop(lot, done);
+        changed.notify_all();
     }
-    if (stalled != !reason.isEmpty()) {
-        stalled = !reason.isEmpty();
-        lock.unlock();
-        tell([this, reason] { listener.stalled(reason); });
-        lock.lock();
+    if (!reason.isEmpty())
+        retryDue = Clock::now() + retryTime;
+    tellStalled(reason, lock);
+}
+
+/// How many of the lot's batches are done with; `reason` says why the others are not. One that the file does
+/// not take costs none of the others.
+int LogbookKeeper::Work::writeLot(LogbookFile &file, const LogbookQueue::Lot &lot, QString *reason)
+{
+    const int count = lot.batches.size();
+    const LogbookFile::Written written = file.write(lot.batches, reason);
+    if (written == LogbookFile::Written::NotYet)
+        return 0;
+    int done = written == LogbookFile::Written::Yes ? count : 0;
+    reason->clear();
+    while (done < count && writeOne(file, lot.batches[done], reason))
+        ++done;
+    const bool users = std::any_of(lot.batches.begin(), lot.batches.begin() + done,
+        [](const LogbookBatch &batch) { return batch.isUsers; });
+    if (users && !std::exchange(unsaved, true))
+        backupDue = Clock::now() + backupDelay;
+    return done;
+}
+
+/// False when it has to be tried again.
+bool LogbookKeeper::Work::writeOne(LogbookFile &file, const LogbookBatch &batch, QString *reason)
+{
+    const LogbookFile::Written written = file.write({batch}, reason);
+    if (written == LogbookFile::Written::NotYet)
+        return false;
+    if (written == LogbookFile::Written::Never && !reason->isEmpty()) {
+        qWarning() << "The logbook does not take a change:" << *reason;
+        if (batch.isUsers)
+            tell([this, why = *reason] { listener.refused(why); });
     }
-    return !stalled;
+    reason->clear();
+    return true;
+}
+
+void LogbookKeeper::Work::tellStalled(const QString &reason, std::unique_lock<std::mutex> &lock)
+{
+    const bool before = std::exchange(stalled, !reason.isEmpty());
+    if (stalled == before)
+        return;
+    lock.unlock();
+    tell([this, reason] { listener.stalled(reason); });
+    lock.lock();
+}
+
+// What is read lacks the changes that come meanwhile: they would seem to be taken back.
+void LogbookKeeper::Work::lookForOthers(LogbookFile &file, std::unique_lock<std::mutex> &lock)
+{
+    lookDue = Clock::now() + lookTime;
+    if (!queue.isEmpty())
+        return;
+    const quint64 before = accepted;
+    const bool again = isStale.exchange(false);
+    writing = false; // nothing of this program
+    lock.unlock();
+    LogbookContent content;
+    if (file.wasWrittenByOthers() || again) {
+        if (file.readAgain(&content))
+            tell([this, content, before] {
+                if (accepted == before)
+                    listener.changed(content);
+                else
+                    isStale = true;
+            });
+        else
+            tell([this] { isStale = true; });
+    }
+    lock.lock();
+}
+
+void LogbookKeeper::Work::backUp(LogbookFile &file, std::unique_lock<std::mutex> &lock)
+{
+    lock.unlock();
+    unsaved = !file.backUp();
+    backupDue = Clock::now() + backupDelay;
+    lock.lock();
 }
 
 void LogbookKeeper::Work::tell(const std::function<void()> &news)

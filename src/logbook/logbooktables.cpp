@@ -188,7 +188,8 @@ void writeReadings(const QSqlDatabase &database, const QVector<LogbookEntry> &en
 }
 
 // Another program may have given a row of the same file another id, or removed a pack: the file's name
-// decides, and a pack that is not there is none.
+// decides, and a pack that is not there is none. What was only found takes nothing from a row of which the
+// user has said something meanwhile, here or there.
 void writeUsers(const QSqlDatabase &database, const LogbookBatch &batch, QSqlError *error)
 {
     Statement pack(database,
@@ -205,7 +206,8 @@ void writeUsers(const QSqlDatabase &database, const LogbookBatch &batch, QSqlErr
     for (const LogbookEntry &entry : batch.assigned) {
         const LogbookRecording &r = entry.recording;
         add.run({r.id, r.file});
-        assign.run({r.pack, r.note, r.file});
+        if (batch.isUsers)
+            assign.run({r.pack, r.note, r.file});
     }
     for (const qint64 id : batch.droppedPacks)
         dropPack.run({id});
@@ -254,7 +256,8 @@ bool LogbookTables::read(const QSqlDatabase &database, LogbookContent *content, 
             [content](Columns columns) { content->refused += columns.number(); });
 }
 
-bool LogbookTables::write(const QSqlDatabase &database, const LogbookBatch &batch, QSqlError *error)
+bool LogbookTables::write(
+    const QSqlDatabase &database, const QVector<LogbookBatch> &batches, QSqlError *error)
 {
     *error = QSqlError();
     QSqlQuery transaction(database);
@@ -262,7 +265,10 @@ bool LogbookTables::write(const QSqlDatabase &database, const LogbookBatch &batc
         *error = transaction.lastError();
         return false;
     }
-    writeAll(database, batch, error);
+    for (const LogbookBatch &batch : batches) {
+        if (!error->isValid())
+            writeAll(database, batch, error);
+    }
     if (!error->isValid() && !transaction.exec(QStringLiteral("COMMIT")))
         *error = transaction.lastError();
     if (error->isValid())

@@ -9,10 +9,14 @@
 #include "displays/datadisplay.h"
 #include "displays/powerdisplay.h"
 #include "displays/voltagecomparison.h"
+#include "logbook/logbook.h"
+#include "logbook/logbookeditor.h"
 #include "resources/resources.h"
 #include "settings/viewstate.h"
 #include "support/files.h"
+#include "support/limits.h"
 #include "support/lines.h"
+#include "support/modaldialog.h"
 #include "support/pixels.h"
 #include "support/shellrig.h"
 #include "support/warningcollector.h"
@@ -187,6 +191,29 @@ private slots:
     }
 
     // Told once each, be there ever so many changes.
+    /// What the disk does not take is not lost unasked.
+    void unwrittenLogbook()
+    {
+        open({});
+        auto *logbook = window->findChild<Logbook *>();
+        QTRY_VERIFY(logbook->isOpen() && logbook->isWritten());
+        {
+            const FileSizeLimit full(1);
+            LogbookPack pack;
+            pack.name = "A";
+            window->findChild<LogbookEditor *>()->addPack(pack);
+            QTRY_VERIFY(!logbook->trouble().isEmpty());
+            whenModal<QMessageBox>(window.get(), [logbook](QMessageBox *box) {
+                QCOMPARE(box->objectName(), QString("logbookUnwritten"));
+                QCOMPARE(box->informativeText(), logbook->trouble());
+                box->reject();
+            });
+            QVERIFY(!window->close() && window->isVisible());
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(logbook->isUsersWritten(), 60000);
+        QVERIFY(window->close());
+    }
+
     void settingsThatCanNotBeKept()
     {
         const QString fileName = VarnelSettings().fileName();

@@ -2,6 +2,7 @@
 #include "logbook/logbookcsv.h"
 #include "logbook/logbookeditor.h"
 #include "logbook/logbookfile.h"
+#include "logbook/logbookkeeper.h"
 #include "logbook/logbookschema.h"
 #include "entries.h"
 #include "support/asnobody.h"
@@ -15,7 +16,10 @@
 #include <QSqlQuery>
 #include <QtTest>
 
+#include <cerrno>
+#include <sys/syscall.h>
 #include <thread>
+#include <unistd.h>
 
 Q_DECLARE_METATYPE(LogbookFilter)
 
@@ -75,7 +79,42 @@ QString onFile(const QString &folder, const char *question)
     return answer;
 }
 
+/// Another program at the file, which none can write to meanwhile.
+class OtherWriter {
+public:
+    explicit OtherWriter(const QString &folder)
+        : m_name(QUuid::createUuid().toString())
+    {
+        QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", m_name);
+        database.setDatabaseName(folder + "/logbook.sqlite");
+        m_has = database.open() && QSqlQuery(database).exec("BEGIN IMMEDIATE");
+    }
+    ~OtherWriter()
+    {
+        QSqlQuery(QSqlDatabase::database(m_name)).exec("COMMIT");
+        QSqlDatabase::removeDatabase(m_name);
+    }
+    OtherWriter(const OtherWriter &) = delete;
+    OtherWriter &operator=(const OtherWriter &) = delete;
+    bool has() const { return m_has; }
+
+private:
+    QString m_name;
+    bool m_has = false;
+};
+
+std::atomic<off64_t> scratch = -1; // where no file can be read
+
 } // namespace
+
+// In the place of the system's.
+extern "C" ssize_t pread64(int descriptor, void *bytes, size_t size, off64_t offset)
+{
+    if (offset != scratch)
+        return ::syscall(SYS_pread64, descriptor, bytes, size, offset);
+    errno = EIO;
+    return -1;
+}
 
 /// The logbook in memory and in its file.
 class TestLogbook : public QObject {
@@ -365,6 +404,26 @@ private slots:
         QVERIFY(!book.logbook.isReadOnly() && book.editor.addPack(namedPack("B")) != LogbookPack::none);
     }
 
+    // A medium with a scratch is not a damaged file.
+    void unreadable()
+    {
+        const QTemporaryDir folder;
+        OpenLogbook(folder.path()).editor.addPack(namedPack("A"));
+        const int page
+            = onFile(folder.path(), "SELECT rootpage FROM sqlite_master WHERE name = 'refused'").toInt();
+        QVERIFY(page > 1);
+        scratch = (page - 1) * onFile(folder.path(), "PRAGMA page_size").toLongLong();
+        {
+            OpenLogbook book(folder.path());
+            scratch = -1;
+            QVERIFY2(book.logbook.trouble().startsWith("The logbook can't be read: " + folder.path()),
+                qPrintable(book.logbook.trouble()));
+            QVERIFY(book.logbook.isReadOnly() && book.told.isEmpty());
+        }
+        QCOMPARE(QDir(folder.path()).entryList({"damaged-*"}), QStringList());
+        QCOMPARE(OpenLogbook(folder.path()).logbook.packs().size(), 1);
+    }
+
     void backups()
     {
         const QTemporaryDir folder;
@@ -375,7 +434,7 @@ private slots:
             LogbookBatch batch;
             batch.packs = {namedPack(QString::number(day))};
             batch.packs[0].id = day;
-            QCOMPARE(file.write(batch, &reason), LogbookFile::Written::Yes);
+            QCOMPARE(file.write({batch}, &reason), LogbookFile::Written::Yes);
             QVERIFY(file.backUp(QDate(2026, 5, qMax(2, day))));
         }
         QStringList names = file.backups();
@@ -436,6 +495,94 @@ private slots:
         QCOMPARE(OpenLogbook(folder.path()).logbook.packs().size(), 201);
     }
 
+    // Where writing takes its time, what the user says is not behind what was read, nor lost at the end.
+    void slowDisk()
+    {
+        const QTemporaryDir folder;
+        OpenLogbook book(folder.path());
+        Logbook &logbook = book.logbook;
+        onFile(folder.path(), "CREATE TABLE seen(readings INTEGER)");
+        onFile(folder.path(),
+            "CREATE TRIGGER see AFTER UPDATE OF note ON recording"
+            " BEGIN INSERT INTO seen SELECT count(*) FROM reading; END");
+        {
+            const OtherWriter other(folder.path());
+            QVERIFY(other.has());
+            for (int i = 0; i < 1000; ++i)
+                logbook.take(entry(QString("/%1.acp").arg(i)));
+            book.editor.setNote(logbook.recordingOf("/999.acp")->id, "note");
+            logbook.rename("/998.acp", "/other.acp");
+            logbook.drop("/997.acp");
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(logbook.isWritten(), longTime);
+        QVERIFY(onFile(folder.path(), "SELECT max(readings) FROM seen").toInt() < 1000);
+        QCOMPARE(onFile(folder.path(), "SELECT count(*) FROM seen").toInt(), 1);
+        QCOMPARE(dump(OpenLogbook(folder.path()).logbook), dump(logbook));
+
+        LogbookBatch last;
+        last.packs = {namedPack("last")};
+        last.packs[0].id = 1;
+        last.isUsers = true;
+        auto keeper = std::make_unique<LogbookKeeper>(folder.path(), LogbookKeeper::Listener(),
+            LogbookKeeper::Patience{std::chrono::milliseconds(longTime), std::chrono::milliseconds(0)});
+        QSemaphore held;
+        std::thread slow([&folder, &held] {
+            const OtherWriter other(folder.path());
+            held.release();
+            QTest::qSleep(300); // long enough to be waited for
+        });
+        held.acquire();
+        keeper->write(last);
+        keeper.reset();
+        const QString kept = onFile(folder.path(), "SELECT name FROM pack");
+        slow.join();
+        QCOMPARE(kept, QString("last"));
+    }
+
+    // What one writes, the other shows soon, and keeps what is known only there.
+    void twoShow()
+    {
+        const QTemporaryDir folder;
+        OpenLogbook one(folder.path());
+        OpenLogbook two(folder.path());
+        QSignalSpy removed(&two.logbook, SIGNAL(recordingsRemoved(QVector<qint64>)));
+        for (const char *name : {"/1.acp", "/2.acp", "/3.acp", "/4.acp", "/6.acp"})
+            one.logbook.take(entry(name));
+        const auto idOf = [&one](const char *name) { return one.logbook.recordingOf(name)->id; };
+        const qint64 pack = one.editor.addPack(namedPack("A"));
+        one.editor.assign({idOf("/1.acp"), idOf("/2.acp")}, pack);
+        one.logbook.setFolders({"/a", "/b"});
+        one.logbook.addRefused({7});
+        QTRY_COMPARE_WITH_TIMEOUT(dump(two.logbook), dump(one.logbook), longTime);
+        QTRY_COMPARE_WITH_TIMEOUT(two.logbook.refused(), one.logbook.refused(), longTime);
+        QCOMPARE(two.logbook.folders(), one.logbook.folders());
+        QVERIFY(removed.isEmpty());
+        two.logbook.setGone("/6.acp", true);
+        two.editor.setNote(two.logbook.recordingOf("/1.acp")->id, "of two");
+        QTRY_COMPARE_WITH_TIMEOUT(dump(one.logbook), dump(two.logbook), longTime);
+        // Names that change places, rows that go, a file that holds another recording now.
+        one.logbook.rename("/1.acp", "/5.acp");
+        one.logbook.rename("/2.acp", "/1.acp");
+        one.editor.removeRecordings({idOf("/4.acp")});
+        LogbookEntry grown = entry("/6.acp");
+        grown.recording.figures.records = 10;
+        one.logbook.take(grown);
+        LogbookEntry other = entry("/3.acp");
+        other.stamp.size = LogbookEntry::beginningLength;
+        LogbookEntry before = other;
+        before.beginning = "before";
+        one.logbook.take(before);
+        one.editor.setNote(idOf("/3.acp"), "before");
+        one.logbook.takeOther(other);
+        LogbookPack renamed = *one.logbook.pack(pack);
+        renamed.name = "B";
+        one.editor.changePack(renamed);
+        QTRY_COMPARE_WITH_TIMEOUT(dump(two.logbook), dump(one.logbook), longTime);
+        QVERIFY(two.logbook.recordingOf("/6.acp")->isGone);
+        QCOMPARE(two.logbook.recordingOf("/5.acp")->note, QString("of two"));
+        QCOMPARE(two.logbook.recordingOf("/5.acp")->id, idOf("/5.acp"));
+    }
+
     // Both begin with no file at the same time, and give the same recording rows of their own.
     void twoAtOnce()
     {
@@ -451,7 +598,7 @@ private slots:
                     batch.assigned[0].recording.id = Logbook::freshId();
                     batch.read = batch.assigned;
                     QString reason;
-                    while (file.write(batch, &reason) == LogbookFile::Written::NotYet) { }
+                    while (file.write({batch}, &reason) == LogbookFile::Written::NotYet) { }
                 }
             });
         for (std::thread &program : programs)

@@ -7,6 +7,8 @@
 #include "logbook/logbookreader.h"
 #include "widgets/warningbox.h"
 
+#include <QMessageBox>
+#include <QPushButton>
 #include <QWidget>
 
 namespace {
@@ -36,6 +38,23 @@ LogbookParts::LogbookParts(QWidget *shell, const JournalKeeper *keeper, const Do
 void LogbookParts::open()
 {
     m_logbook->open(Logbook::defaultFolder());
+}
+
+// What merely takes its time is waited for at the end.
+bool LogbookParts::mayClose()
+{
+    if (m_logbook->isUsersWritten() || m_logbook->trouble().isEmpty())
+        return true;
+    QMessageBox box(QMessageBox::Warning, tr("Logbook"),
+        tr("What you have changed in the logbook is lost if the program ends now."), QMessageBox::Cancel,
+        m_shell);
+    box.setObjectName(QStringLiteral("logbookUnwritten"));
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(m_logbook->trouble());
+    const QPushButton *sure = box.addButton(tr("End all the same"), QMessageBox::DestructiveRole);
+    box.setDefaultButton(QMessageBox::Cancel);
+    box.exec();
+    return box.clickedButton() == sure || m_logbook->isUsersWritten();
 }
 
 void LogbookParts::tellTrouble()

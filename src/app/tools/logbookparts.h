@@ -21,6 +21,9 @@ public:
     /// Opens the logbook, and reads what has come since.
     void open();
 
+    /// Whether the program may end now. Asks where what the user has changed can't be written.
+    bool mayClose();
+
     Logbook *logbook() const { return m_logbook; }
     LogbookEditor *editor() const { return m_editor; }
     LogbookReader *reader() const { return m_reader; }
