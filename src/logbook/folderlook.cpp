@@ -16,7 +16,6 @@
 
 namespace {
 
-constexpr int beginningLength = 4096; // bytes
 constexpr qint64 settlingTime = 10000; // ms
 
 FileStamp stampOf(const QFileInfo &info)
@@ -29,8 +28,22 @@ bool readBeginning(const QString &file, QByteArray *bytes)
     QFile device(file);
     if (!device.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return false;
-    *bytes = device.read(beginningLength);
+    *bytes = device.read(LogbookEntry::beginningLength);
     return device.error() == QFileDevice::NoError;
+}
+
+QByteArray hashOf(const QByteArray &bytes)
+{
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
+}
+
+/// A file that begins with `bytes` is not `known`, be that grown.
+bool isOther(const KnownFile &known, const QByteArray &bytes)
+{
+    if (!known.stamp.isKnown() || known.beginning.isEmpty())
+        return false;
+    const qint64 length = qMin<qint64>(known.stamp.size, LogbookEntry::beginningLength);
+    return hashOf(bytes.left(int(length))) != known.beginning;
 }
 
 bool holdsRecord(LineSource *lines, QLatin1String line)
@@ -94,7 +107,7 @@ public:
         const bool hasRow = known != m_question.known.constEnd();
         if (hasRow && m_question.gone.contains(file))
             m_news.back += file;
-        if (hasRow ? *known != stamp : !m_question.refused.contains(refusalKey(file, stamp)))
+        if (hasRow ? known->stamp != stamp : !m_question.refused.contains(refusalKey(file, stamp)))
             takeNew(file, stamp, hasRow);
     }
     void takeGone(const QString &file)
@@ -118,10 +131,10 @@ private:
             m_news.refused += refusalKey(file, stamp);
             return;
         }
-        const QByteArray beginning = QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
+        const QByteArray beginning = hashOf(bytes);
         const QString before = hasRow ? QString() : formerName(beginning, stamp);
         if (before.isEmpty()) {
-            m_news.found.append({file, stamp, beginning});
+            m_news.found.append({file, stamp, beginning, isOther(m_question.known.value(file), bytes)});
         } else {
             m_news.moved.append({before, file});
             m_taken.insert(before);
@@ -133,7 +146,7 @@ private:
     {
         const QStringList rows = m_question.beginnings.values(beginning);
         for (const QString &row : rows) {
-            if (m_question.known.value(row).size == stamp.size && !m_taken.contains(row)
+            if (m_question.known.value(row).stamp.size == stamp.size && !m_taken.contains(row)
                 && !QFileInfo::exists(row))
                 return row;
         }

@@ -5,11 +5,17 @@
 #include <QHash>
 #include <QSet>
 
+/// A row's file as it was read.
+struct KnownFile {
+    FileStamp stamp;
+    QByteArray beginning; ///< as LogbookEntry has it
+};
+
 /// What is asked of a folder.
 struct LookQuestion {
     QString folder; ///< '/' between names, none at the end
     bool holdsJournals = false; ///< files in it may be under way, and are then passed over
-    QHash<QString, FileStamp> known; ///< of the rows, by file
+    QHash<QString, KnownFile> known; ///< of the rows, by file
     QMultiHash<QByteArray, QString> beginnings; ///< files of the rows, by the hash of their first bytes
     QSet<QString> gone; ///< files of rows that were gone
     QSet<QString> live; ///< files of rows that this program records
@@ -21,6 +27,7 @@ struct FoundFile {
     QString file;
     FileStamp stamp;
     QByteArray beginning;
+    bool isOther = false; ///< it does not begin with what was read for the row of this name
 };
 
 /// What a folder answers.

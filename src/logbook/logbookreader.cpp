@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int sliceTime = 15; // ms; the event loop runs between slices
+constexpr int sliceTime = 10; // ms; the event loop runs between slices
 constexpr int waitTime = 20; // ms between two looks at a disk that does not answer
 constexpr int roundTime = 5000; // ms between two looks at the folders
 constexpr int recordsBetweenLooks = 1024; // at the clock
@@ -114,19 +114,37 @@ void LogbookReader::cancel()
     m_isCancelled = true;
     m_waiting.clear();
     m_current.reset();
+    m_next.reset();
     rest();
 }
 
 void LogbookReader::look(const QString &file)
 {
-    lookAtFiles({QFileInfo(file).absoluteFilePath()});
+    look(QStringList{file});
+}
+
+void LogbookReader::look(const QStringList &files)
+{
+    QStringList paths;
+    for (const QString &file : files)
+        paths += QFileInfo(file).absoluteFilePath();
+    lookAtFiles(paths);
 }
 
 void LogbookReader::lookAtCopy(const QString &file, const QString &source)
 {
     const QString path = QFileInfo(file).absoluteFilePath();
-    const LogbookEntry *original = m_logbook->entryOf(QFileInfo(source).absoluteFilePath());
-    if (original && original->recording.file != path) {
+    const QString from = QFileInfo(source).absoluteFilePath();
+    const LogbookEntry *original = m_logbook->entryOf(from);
+    const LogbookEntry *overwritten = m_logbook->entryOf(path);
+    if (overwritten && path == from) { // written anew, perhaps in another form
+        LogbookEntry same = *overwritten;
+        same.beginning.clear();
+        same.stamp = FileStamp();
+        m_logbook->take(same);
+    } else if (overwritten) { // whose recording that was, its beginning tells
+        m_sources.insert(path, from);
+    } else if (original) {
         LogbookEntry copy = *original;
         copy.recording.file = path;
         copy.recording.id = 0;
@@ -206,7 +224,7 @@ LookQuestion LogbookReader::question(const QString &folder) const
     asked.known.reserve(m_logbook->size());
     for (int i = 0; i < m_logbook->size(); ++i) {
         const LogbookEntry &entry = m_logbook->entryAt(i);
-        asked.known.insert(entry.recording.file, entry.stamp);
+        asked.known.insert(entry.recording.file, {entry.stamp, entry.beginning});
         if (!entry.beginning.isEmpty())
             asked.beginnings.insert(entry.beginning, entry.recording.file);
         if (entry.recording.isGone)
@@ -288,7 +306,7 @@ void LogbookReader::takeFound(const QVector<FoundFile> &found)
     }
     std::stable_sort(m_waiting.begin(), m_waiting.end(),
         [](const FoundFile &a, const FoundFile &b) { return a.stamp.modified < b.stamp.modified; });
-    if (m_waiting.isEmpty() && !m_current) {
+    if (m_waiting.isEmpty() && !m_current && !m_next) {
         if (m_looks == 0)
             rest();
         return;
@@ -299,17 +317,24 @@ void LogbookReader::takeFound(const QVector<FoundFile> &found)
 
 void LogbookReader::readOn()
 {
-    if (!m_current && m_waiting.isEmpty()) {
+    if (!m_current && !m_next && m_waiting.isEmpty()) {
         m_slices->stop();
         if (m_looks == 0)
             rest();
         return;
     }
-    if (!m_current)
-        m_current = std::make_unique<Current>(m_waiting.takeLast());
+    takeWaiting();
     if (!workOn())
         takeResult();
     m_slices->setInterval(m_current && m_current->loader.isWaiting() ? waitTime : 0);
+}
+
+void LogbookReader::takeWaiting()
+{
+    if (!m_current)
+        m_current = m_next ? std::move(m_next) : std::make_unique<Current>(m_waiting.takeLast());
+    if (!m_next && !m_waiting.isEmpty())
+        m_next = std::make_unique<Current>(m_waiting.takeLast());
 }
 
 /// True while the file is not ready.
@@ -331,15 +356,26 @@ void LogbookReader::takeResult()
     const std::unique_ptr<Current> read = std::move(m_current);
     const DataFileLoader::Status status = read->loader.status();
     if (read->reckoning && !read->store->isEmpty())
-        m_logbook->take(entryOf(*read));
+        takeRead(*read);
     else if (status != DataFileLoader::Status::NoMemory && status != DataFileLoader::Status::CanNotOpen)
         m_logbook->addRefused({refusalKey(read->found.file, read->found.stamp)});
     ++m_done;
     emit progressed(m_done, m_toDo);
 }
 
+// The same figures are those of the same recording, whatever has written its file anew.
+void LogbookReader::takeRead(const Current &read)
+{
+    const QString source = m_sources.take(read.found.file);
+    const LogbookRecording *before = m_logbook->recordingOf(read.found.file);
+    if (read.found.isOther && before && before->figures != read.reckoning->figures())
+        m_logbook->takeOther(entryOf(read, m_logbook->recordingOf(source)));
+    else
+        m_logbook->take(entryOf(read, before));
+}
+
 // What a journal's name has told stays when the file is given another name.
-LogbookEntry LogbookReader::entryOf(const Current &read) const
+LogbookEntry LogbookReader::entryOf(const Current &read, const LogbookRecording *before) const
 {
     LogbookEntry entry;
     LogbookRecording &recording = entry.recording;
@@ -349,7 +385,6 @@ LogbookEntry LogbookReader::entryOf(const Current &read) const
     recording.figures = read.reckoning->figures();
     recording.start = JournalFolder::startOf(recording.file);
     recording.port = JournalFolder::portOf(recording.file);
-    const LogbookRecording *before = m_logbook->recordingOf(recording.file);
     if (before && !before->port.isEmpty())
         recording.port = before->port;
     if (before && before->start.isValid() && !before->isStartApproximate)

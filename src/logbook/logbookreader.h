@@ -42,7 +42,9 @@ public slots:
     void cancel();
     /// Looks at one file, wherever it is: it was opened, saved, or removed.
     void look(const QString &file);
-    /// The same; what stands in `file` was copied from `source`, and began when that did.
+    void look(const QStringList &files); ///< at many at once, which costs less
+    /// The same; what stands in `file` was copied from `source`, and began when that did. Of the recording
+    /// that was in `file` before, if it is another one, nothing stays.
     void lookAtCopy(const QString &file, const QString &source);
 
     /// A live recording has begun with `record`; `file` is its journal.
@@ -77,9 +79,11 @@ private:
     void takeNews(const FolderNews &news);
     void takeFound(const QVector<FoundFile> &found);
     void lookAtFiles(const QStringList &files);
+    void takeWaiting();
     bool workOn();
     void takeResult();
-    LogbookEntry entryOf(const Current &read) const;
+    void takeRead(const Current &read);
+    LogbookEntry entryOf(const Current &read, const LogbookRecording *before) const;
     void rest();
 
     Logbook *m_logbook;
@@ -88,7 +92,9 @@ private:
     QTimer *m_slices; // child; runs while there are files to read
     QHash<QString, Folder> m_folders;
     QVector<FoundFile> m_waiting; // oldest first
+    QHash<QString, QString> m_sources; // of files that were overwritten and are to be read
     std::unique_ptr<Current> m_current; // the file that is being read
+    std::unique_ptr<Current> m_next; // its disk is asked meanwhile
     bool m_isCancelled = false; // what folders hold is not read for now
     int m_looks = 0; // under way
     int m_done = 0;

@@ -111,6 +111,48 @@ private slots:
         QTRY_COMPARE_WITH_TIMEOUT(book.files(), QString("b c.acp renamed.acp"), longTime);
     }
 
+    // Pack and note are of the recording, not of the name: another one that is saved over it has none.
+    void overwritten()
+    {
+        const QString name = path("a.acp");
+        const QString journal = path("2026-03-04_05-06-07_COM9.acp");
+        QVERIFY(writeFile(name, recording(200, 3900)) && writeFile(journal, recording(200, 4000)));
+        Reading book(folder->path());
+        const auto noted
+            = [&] { return book.row(name)->note == "note" && book.row(name)->pack != LogbookPack::none; };
+        const auto isRead = [&](int records) { return book.row(name)->figures.records == records; };
+        LogbookPack pack;
+        pack.name = "A";
+        book.editor.setNote(book.row(name)->id, "note");
+        book.editor.assign({book.row(name)->id}, book.editor.addPack(pack));
+        // The same one, grown, written in another way, and both by this program.
+        QVERIFY(writeFile(name, recording(210, 3900)));
+        book.reader.look(name);
+        QTRY_VERIFY_WITH_TIMEOUT(isRead(210) && noted(), longTime);
+        QVERIFY(writeFile(name, recording(210, 3900).replace('\n', "\r\n")));
+        const FileStamp before = book.logbook.entryOf(name)->stamp;
+        book.reader.look(name);
+        QTRY_VERIFY_WITH_TIMEOUT(book.logbook.entryOf(name)->stamp != before && noted(), longTime);
+        QVERIFY(writeFile(name, recording(215, 3901)));
+        book.reader.lookAtCopy(name, name);
+        QTRY_VERIFY_WITH_TIMEOUT(isRead(215) && noted(), longTime);
+        // Another one, of which what was taken back and done again for the former says nothing.
+        const qint64 former = book.row(name)->id;
+        QVERIFY(writeFile(name, contents(journal)));
+        book.reader.lookAtCopy(name, journal);
+        QTRY_VERIFY_WITH_TIMEOUT(isRead(200), longTime);
+        const LogbookRecording other = *book.row(name);
+        QVERIFY(other.id != former && other.pack == LogbookPack::none && other.note.isEmpty());
+        QCOMPARE(other.start, QDateTime(QDate(2026, 3, 4), QTime(5, 6, 7)));
+        QCOMPARE(other.port, QString("COM9"));
+        book.editor.undo();
+        book.editor.redo();
+        QCOMPARE(book.row(name)->pack, qint64(LogbookPack::none));
+        QTRY_VERIFY_WITH_TIMEOUT(book.logbook.isWritten(), longTime);
+        const Reading again(folder->path());
+        QVERIFY(again.row(name)->pack == LogbookPack::none && again.row(name)->note.isEmpty());
+    }
+
     void cancelled()
     {
         for (int i = 0; i < 20; ++i)
