@@ -1579,6 +1579,20 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
         <source>Take apart</source>
         <translation>Trennen</translation>
     </message>
+    <message numerus="yes">
+        <source>%n file(s) moved to the waste bin.</source>
+        <translation>
+            <numerusform>%n Datei in den Papierkorb verschoben.</numerusform>
+            <numerusform>%n Dateien in den Papierkorb verschoben.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n file(s) moved to the waste bin</source>
+        <translation>
+            <numerusform>%1 von %n Datei in den Papierkorb verschoben</numerusform>
+            <numerusform>%1 von %n Dateien in den Papierkorb verschoben</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>LogbookEditor</name>
@@ -1674,6 +1688,14 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
     <message>
         <source>Logbook</source>
         <translation>Logbuch</translation>
+    </message>
+    <message>
+        <source>What you have changed in the logbook is lost if the program ends now.</source>
+        <translation>Was Sie im Logbuch geändert haben, geht verloren, wenn das Programm jetzt endet.</translation>
+    </message>
+    <message>
+        <source>End all the same</source>
+        <translation>Trotzdem beenden</translation>
     </message>
 </context>
 <context>

@@ -61,6 +61,20 @@
             <numerusform>Pack of the %n chosen recordings:</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%n file(s) moved to the waste bin.</source>
+        <translation>
+            <numerusform>%n file moved to the waste bin.</numerusform>
+            <numerusform>%n files moved to the waste bin.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n file(s) moved to the waste bin</source>
+        <translation>
+            <numerusform>%1 of %n file moved to the waste bin</numerusform>
+            <numerusform>%1 of %n files moved to the waste bin</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>LogbookStatus</name>

@@ -1586,6 +1586,22 @@ Zatrzymać proces urządzenia na %2?</translation>
         <source>Take apart</source>
         <translation>Rozdziel</translation>
     </message>
+    <message numerus="yes">
+        <source>%n file(s) moved to the waste bin.</source>
+        <translation>
+            <numerusform>Przeniesiono %n plik do kosza.</numerusform>
+            <numerusform>Przeniesiono %n pliki do kosza.</numerusform>
+            <numerusform>Przeniesiono %n plików do kosza.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n file(s) moved to the waste bin</source>
+        <translation>
+            <numerusform>Przeniesiono do kosza: %1 z %n pliku</numerusform>
+            <numerusform>Przeniesiono do kosza: %1 z %n plików</numerusform>
+            <numerusform>Przeniesiono do kosza: %1 z %n plików</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>LogbookEditor</name>
@@ -1681,6 +1697,14 @@ Zatrzymać proces urządzenia na %2?</translation>
     <message>
         <source>Logbook</source>
         <translation>Kronika</translation>
+    </message>
+    <message>
+        <source>What you have changed in the logbook is lost if the program ends now.</source>
+        <translation>To, co zmieniono w kronice, przepadnie, jeśli program teraz się zakończy.</translation>
+    </message>
+    <message>
+        <source>End all the same</source>
+        <translation>Zakończ mimo to</translation>
     </message>
 </context>
 <context>

@@ -15,12 +15,21 @@
 #include <QAction>
 #include <QDesktopServices>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QUrl>
 
 #include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr int binTime = 200; // ms, for which files are moved without a word
+constexpr int messageTime = 5000; // ms
+
+} // namespace
 
 LogbookCommands::LogbookCommands(const Parts &parts, const LogbookActions *actions, QWidget *window)
     : QObject(window)
@@ -28,6 +37,7 @@ LogbookCommands::LogbookCommands(const Parts &parts, const LogbookActions *actio
     , m_actions(actions)
     , m_window(window)
     , m_pack(LogbookFilter::everyPack)
+    , m_jobs(this)
 {
     struct Served {
         LogbookCommand id;
@@ -197,7 +207,18 @@ void LogbookCommands::editNote()
 
 void LogbookCommands::deleteFiles()
 {
-    const QStringList files = presentFiles();
+    QStringList files = presentFiles();
+    const auto isLeaving = [this](const QString &file) { return m_leaving.contains(file); };
+    files.erase(std::remove_if(files.begin(), files.end(), isLeaving), files.end());
+    if (files.isEmpty() || !isDeletionWanted(files))
+        return;
+    for (const QString &file : qAsConst(files))
+        m_leaving.insert(file);
+    moveToBin(files);
+}
+
+bool LogbookCommands::isDeletionWanted(const QStringList &files)
+{
     QMessageBox box(QMessageBox::Question, tr("Delete file"),
         tr("Move %n file(s) to the waste bin? The rows stay in the logbook.", nullptr, files.size()),
         QMessageBox::Cancel, m_window);
@@ -212,20 +233,69 @@ void LogbookCommands::deleteFiles()
     box.setTextFormat(Qt::PlainText);
     const QPushButton *sure = box.addButton(tr("Move to waste bin"), QMessageBox::AcceptRole);
     box.exec();
-    if (box.clickedButton() != sure)
+    return box.clickedButton() == sure;
+}
+
+/// Some at a time, so that one sees how far it is. The disk may be slow, and does not answer at all now and
+/// then.
+void LogbookCommands::moveToBin(const QStringList &files)
+{
+    struct Moved {
+        QStringList done;
+        QStringList failed;
+        QStringList rest;
+    };
+    tellMoved();
+    m_jobs.run(
+        [files] {
+            Moved moved;
+            QElapsedTimer slice;
+            slice.start();
+            for (const QString &file : files) {
+                if (slice.hasExpired(binTime))
+                    moved.rest.append(file);
+                else
+                    (discardUnlessWritten(file) ? moved.done : moved.failed).append(file);
+            }
+            return moved;
+        },
+        [this](const Moved &moved) {
+            if (!moved.rest.isEmpty())
+                moveToBin(moved.rest);
+            takeMoved(moved.done, moved.failed);
+        });
+}
+
+void LogbookCommands::takeMoved(const QStringList &moved, const QStringList &failed)
+{
+    for (const QString &file : moved + failed)
+        m_leaving.remove(file);
+    for (const QString &file : failed)
+        m_failed.append(QDir::toNativeSeparators(file));
+    m_moved += moved.size();
+    m_parts.reader->look(moved + failed);
+    tellMoved();
+    if (!m_leaving.isEmpty())
         return;
-    QStringList failed;
-    for (const QString &file : files) {
-        if (!discardUnlessWritten(file))
-            failed.append(QDir::toNativeSeparators(file));
-        m_parts.reader->look(file);
-    }
-    if (!failed.isEmpty())
+    m_moved = 0;
+    const QStringList unmoved = std::exchange(m_failed, {});
+    if (!unmoved.isEmpty())
         showWarningBox(m_window, "notDeleted", tr("Delete file"),
             tr("%n file(s) could not be moved to the waste bin: being recorded, or there is no bin for the "
                "disk.",
-                nullptr, failed.size()),
-            failed.join(QLatin1Char('\n')));
+                nullptr, unmoved.size()),
+            unmoved.join(QLatin1Char('\n')));
+}
+
+void LogbookCommands::tellMoved()
+{
+    const int total = m_moved + m_failed.size() + m_leaving.size();
+    if (m_leaving.isEmpty())
+        emit message(tr("%n file(s) moved to the waste bin.", nullptr, m_moved), messageTime);
+    else
+        emit message(tr("%1 of %n file(s) moved to the waste bin", nullptr, total)
+                         .arg(FigureText::fixed(m_moved, 0, 0)),
+            0);
 }
 
 void LogbookCommands::removeRows()

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "files/disk/diskjobs.h"
 #include "logbook/logbookrecording.h"
 
 #include <QObject>
+#include <QSet>
 #include <QVector>
 
 class Logbook;
@@ -40,6 +42,8 @@ signals:
     void openWanted(const QStringList &files);
     /// Files are to be shown over each other, each under the label of the same place.
     void overlayWanted(const QStringList &files, const QStringList &labels);
+    /// For the status bar.
+    void message(const QString &text, int timeout);
     /// A pack has come that the user wants to see.
     void packWanted(qint64 pack);
 
@@ -66,10 +70,18 @@ private:
     bool anyGone() const;
     qint64 offeredPack() const;
     LogbookPack packLikeChosen() const;
+    bool isDeletionWanted(const QStringList &files);
+    void moveToBin(const QStringList &files);
+    void takeMoved(const QStringList &moved, const QStringList &failed);
+    void tellMoved();
 
     Parts m_parts;
     const LogbookActions *m_actions;
     QWidget *m_window;
     QVector<qint64> m_recordings;
     qint64 m_pack;
+    QSet<QString> m_leaving; // files on their way to the waste bin
+    QStringList m_failed; // of those that were, none of which waits any more
+    int m_moved = 0;
+    DiskJobs m_jobs; // last: what they deliver meets all of the above
 };

@@ -141,6 +141,7 @@ void LogbookWindow::connectParts()
     connect(m_commands, SIGNAL(openWanted(QStringList)), this, SIGNAL(openWanted(QStringList)));
     connect(m_commands,
         SIGNAL(overlayWanted(QStringList,QStringList)), this, SIGNAL(overlayWanted(QStringList,QStringList)));
+    connect(m_commands, SIGNAL(message(QString,int)), statusBar(), SLOT(showMessage(QString,int)));
     connect(m_commands, SIGNAL(packWanted(qint64)), this, SLOT(choosePack(qint64)));
     for (QWidget *widget :
         {static_cast<QWidget *>(m_view), static_cast<QWidget *>(m_packs), static_cast<QWidget *>(m_course)}) {

@@ -1,3 +1,4 @@
+#include "files/disk/lockedfile.h"
 #include "logbook/logbookeditor.h"
 #include "logbook/logbookreader.h"
 #include "logbook/window/course/coursecanvas.h"
@@ -25,8 +26,24 @@
 #include <QSpinBox>
 #include <QTreeView>
 
+#include <sys/syscall.h>
+#include <unistd.h>
+
 using Varnel = Varnel3Data;
 using Columns = RecordingColumns;
+
+namespace {
+
+bool windowAskedDisk = false; // whether a file is locked
+
+} // namespace
+
+// In the place of the system's.
+extern "C" int flock(int descriptor, int operation)
+{
+    windowAskedDisk |= ::gettid() == ::getpid();
+    return int(::syscall(SYS_flock, descriptor, operation));
+}
 
 /// The logbook's window, as its user goes about it.
 class TestLogbookWindow : public QObject {
@@ -209,23 +226,38 @@ private slots:
         trigger("Overlay");
         QCOMPARE(overlaid.first().at(0).toStringList(), QStringList{found.file});
         QVERIFY(overlaid.first().at(1).toStringList().first().startsWith("x, "));
-        for (const auto answer : {QMessageBox::RejectRole, QMessageBox::AcceptRole}) {
-            whenModal<QMessageBox>(window.get(), [&](QMessageBox *box) {
-                QVERIFY(box->informativeText().contains("x.acp"));
+        const auto answer = [this](const char *name, QMessageBox::ButtonRole role) {
+            whenModal<QMessageBox>(window.get(), [name, role](QMessageBox *box) {
+                QVERIFY(box->informativeText().contains(name));
                 const auto buttons = box->buttons();
                 for (QAbstractButton *button : buttons)
-                    if (box->buttonRole(button) == answer)
+                    if (box->buttonRole(button) == role)
                         return button->click();
             });
-            QCOMPARE(QFile::exists(found.file), true);
             trigger("Delete file...");
-        }
+        };
+        answer("x.acp", QMessageBox::RejectRole);
+        QVERIFY(QFile::exists(found.file));
+        answer("x.acp", QMessageBox::AcceptRole);
         QTRY_VERIFY(logbook->recording(id)->isGone); // in the waste bin
         QVERIFY(!QFile::exists(found.file));
         QTRY_VERIFY(action("Remove from logbook")->isEnabled());
         trigger("Remove from logbook");
         QTRY_COMPARE(window->shownIds().size(), 4);
         QVERIFY(!logbook->recording(id));
+        // One that is being recorded stays, which is told.
+        found.file = fixture->path("data/y.acp");
+        const CreatedFile live = createLockedFile(found.file);
+        const qint64 locked = add(logbook.get(), found);
+        QTRY_COMPARE(window->shownIds().size(), 5);
+        view()->choose(locked);
+        windowAskedDisk = false;
+        answer("y.acp", QMessageBox::AcceptRole);
+        QTRY_VERIFY(window->findChild<QMessageBox *>("notDeleted"));
+        const auto *told = window->findChild<QMessageBox *>("notDeleted");
+        QVERIFY(told->text().startsWith("1 file") && told->detailedText().endsWith("y.acp"));
+        QVERIFY(QFile::exists(found.file) && !windowAskedDisk);
+        closeFile(live.descriptor);
     }
 
     /// A click on a point shows its row, whatever is filtered; the keyboard goes along the points.
