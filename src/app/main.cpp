@@ -24,6 +24,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <optional>
 
 namespace {
 
@@ -90,7 +91,10 @@ int runProgram(const QStringList &files)
     new SettingsNotice(window.get());
     QObject::connect(
         new StopSignals(qApp), SIGNAL(arrived()), window->findChild<SessionEnd *>(), SLOT(end()));
-    window->show();
+    {
+        const auto openGl = ToolkitChoice::noOpenGl();
+        window->show();
+    }
     window->openFiles(files);
     const int code = QApplication::exec();
     window->stopRecording(); // where something else than its closing has ended the program
@@ -140,10 +144,12 @@ int main(int argc, char **argv)
     else
         protectLog();
     followScreens();
-    auto platform
-        = std::make_unique<PlatformChoice>(ahead.isBatch() ? screenlessPlatforms() : screenPlatforms());
-    QApplication application(argc, argv);
-    platform.reset();
+    std::optional<QApplication> application;
+    {
+        const auto platform
+            = ToolkitChoice::platform(ahead.isBatch() ? screenlessPlatforms() : screenPlatforms());
+        application.emplace(argc, argv);
+    }
     const CommandLine line = understood(QCoreApplication::arguments());
     if (line.isBatch())
         return runBatch(line);

@@ -90,22 +90,34 @@ DataDisplay::DataDisplay(QWidget *parent)
     : QWidget(parent, Qt::Window | Qt::WindowStaysOnTopHint)
     , m_gate(new RefreshGate(this))
 {
-    setWindowIcon(QIcon(QStringLiteral(":/Icons/Varnel.ico")));
     setWindowTitle(tr("Varnel - Data Display"));
     setAutoFillBackground(true);
     QPalette black = palette();
     black.setColor(QPalette::Window, Qt::black);
     setPalette(black);
+    setFixedSize(scaledSize(windowSize));
+    connect(m_gate, SIGNAL(refresh()), this, SLOT(refresh()));
+}
+
+// Its 50 labels, each with the letters that fit, are made when it is shown first: a start does without.
+void DataDisplay::setVisible(bool visible)
+{
+    if (visible && !m_windowNumberLabel)
+        build();
+    QWidget::setVisible(visible);
+}
+
+void DataDisplay::build()
+{
+    setWindowIcon(QIcon(QStringLiteral(":/Icons/Varnel.ico")));
     createLabels();
     fitFigures();
     createCellTable();
     createLayout();
     createWindowNumber();
-    setFixedSize(scaledSize(windowSize));
     m_labels[DataFigures::Voltage]->setToolTip(
         tr("Voltage of the pack or the mean cell: click, or press Space"));
     connect(m_labels[DataFigures::Voltage], SIGNAL(clicked()), this, SLOT(onClikVoltage()));
-    connect(m_gate, SIGNAL(refresh()), this, SLOT(refresh()));
     showFigures();
 }
 
@@ -144,7 +156,8 @@ void DataDisplay::updateData(Varnel3Data &record, int nrWin, bool useKeptRi)
 void DataDisplay::onClikVoltage()
 {
     m_figures.setPerCellVoltage(!m_figures.perCellVoltage());
-    showFigures();
+    if (m_windowNumberLabel)
+        showFigures();
 }
 
 void DataDisplay::clear()

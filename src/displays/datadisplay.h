@@ -25,6 +25,7 @@ public:
     /// Dims the figures while `since` is valid: no line has come since then.
     void setStaleSince(const QDateTime &since);
     QString spokenText() const override; ///< title and figures with their units
+    void setVisible(bool visible) override;
 
 public slots:
     /// Shows `record` of graph window `nrWin`, -1 for none. `useKeptRi`: the resistance panel
@@ -51,6 +52,7 @@ private slots:
     void onViewChanged();
 
 private:
+    void build();
     void createLabels();
     void createCellTable();
     void createWindowNumber();

@@ -87,13 +87,13 @@ private slots:
             {&voltages, "Varnel - voltage comparison", {300, 0}, voltages.sizeHint()},
             {&data, "Varnel - Data Display", smallest, data.sizeHint()}};
         for (const auto &[display, title, least, first] : rows) {
-            QVERIFY(
-                display->windowFlags().testFlag(Qt::WindowStaysOnTopHint) && !display->windowIcon().isNull());
+            QVERIFY(display->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
             QCOMPARE(display->windowTitle(), title);
             QCOMPARE(display->minimumSize(), least);
             QCOMPARE(display->sizeHint(), first);
             display->resize(smallest);
             display->show();
+            QVERIFY(!display->windowIcon().isNull());
             for (const bool black : {true, false, true}) {
                 setView(CellValue::Voltage, black);
                 const QColor ground = black || display == &data ? Qt::black : Qt::white;

@@ -9,27 +9,33 @@ QByteArray screenPlatforms();
 /// For a command that draws, but shows nothing: there may be no screen.
 QByteArray screenlessPlatforms();
 
-/// The platform of the application object that is made while this lives, unless the user has chosen one. Goes
-/// before other programs are started: they have their own.
-class PlatformChoice {
+/// What the toolkit reads in an environment variable while this lives, unless the user has written something
+/// there. Goes before other programs are started: they have their own.
+class ToolkitChoice {
 public:
-    /// Empty leaves the choice to the toolkit.
-    explicit PlatformChoice(const QByteArray &platforms)
-        : m_made(!platforms.isEmpty() && qEnvironmentVariableIsEmpty(variable))
+    /// What the application object that is made meanwhile takes. Empty leaves the choice to the toolkit.
+    static ToolkitChoice platform(const QByteArray &platforms) { return {"QT_QPA_PLATFORM", platforms}; }
+    /// The first window that is shown meanwhile loads no OpenGL, nor does any later one. Nothing is drawn by
+    /// it, and loading it takes as long as all the rest of the toolkit, and 14 MB.
+    static ToolkitChoice noOpenGl() { return {"QT_XCB_GL_INTEGRATION", "none"}; }
+
+    ~ToolkitChoice()
     {
         if (m_made)
-            qputenv(variable, platforms);
+            qunsetenv(m_variable);
     }
-    ~PlatformChoice()
-    {
-        if (m_made)
-            qunsetenv(variable);
-    }
-    PlatformChoice(const PlatformChoice &) = delete;
-    PlatformChoice &operator=(const PlatformChoice &) = delete;
+    ToolkitChoice(const ToolkitChoice &) = delete;
+    ToolkitChoice &operator=(const ToolkitChoice &) = delete;
 
 private:
-    static constexpr char variable[] = "QT_QPA_PLATFORM";
+    ToolkitChoice(const char *variable, const QByteArray &value)
+        : m_variable(variable)
+        , m_made(!value.isEmpty() && qEnvironmentVariableIsEmpty(variable))
+    {
+        if (m_made)
+            qputenv(m_variable, value);
+    }
 
+    const char *const m_variable; // a literal
     const bool m_made;
 };
