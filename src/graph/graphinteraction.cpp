@@ -111,7 +111,7 @@ void GraphInteraction::press(const QMouseEvent *event)
         m_selecting = true;
         m_area = *area;
         m_selectionStart = position;
-        m_rubberBand = QRect(position, position - QPoint(1, 1));
+        m_rubberBand = QRect();
     } else if (event->button() == Qt::RightButton && zoom().isActive()) {
         m_dragging = true;
         m_dragPoint = position;

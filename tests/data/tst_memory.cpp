@@ -136,6 +136,31 @@ private slots:
         }
     }
 
+    // Small steps one by one; beyond four of them, where that is wanted, out of large ones.
+    void stepsOfAnArena()
+    {
+        for (const BlockArena::Growth growth : {BlockArena::Slow, BlockArena::Fast}) {
+            BlockArena arena;
+            QString steps;
+            const char *end = nullptr;
+            for (int i = 0; i < 8; ++i) {
+                arena.makeRoom(BlockArena::smallStep, growth);
+                steps += arena.next() == end ? '+' : '|';
+                arena.take(BlockArena::smallStep);
+                end = arena.next();
+            }
+            QCOMPARE(steps, QString(growth == BlockArena::Fast ? "|||||+++" : "||||||||"));
+        }
+        BlockArena arena;
+        arena.makeRoom(100, BlockArena::Slow);
+        const char *const begin = arena.next();
+        for (const auto &[bytes, next] : {std::pair(1, 16), std::pair(16, 32), std::pair(17, 64)}) {
+            arena.take(size_t(bytes));
+            arena.makeRoom(BlockArena::smallStep - size_t(next), BlockArena::Slow); // there is so much
+            QCOMPARE(int(arena.next() - begin), next);
+        }
+    }
+
     void largeBlocksAreWholePages()
     {
         constexpr size_t page = LargeBlock::pageSize;

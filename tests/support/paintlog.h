@@ -10,7 +10,7 @@
 
 /// A picture that is only taken down, one line an operation, in pixels:   rect 30,140 38x84 #007f00    line
 /// 20,224 450,224 #7f7f7f    curve 40,118 400,43 of 20 pen2 #00ff00   text '1' mid 49,238 13 bold Arial
-/// #ffffff   disc 20,30 8x8 #00ff00 Before a colour "pen2" tells the width of a frame, or of a stroke that is not one pixel wide,
+/// #ffffff   disc 20,30 8x8 #00ff00   A curve is there as the "shape" of its box, too. Before a colour "pen2" tells the width of a frame, or of a stroke that is not one pixel wide,
 /// "dash1,2" the pattern of one that has gaps. A text is there in five ways, "at" the start of its baseline,
 /// by where its "left" end, its "mid" or its "right" end lies at half its height, or its middle at its
 /// "foot", so that a test names the one that its box holds and no font can change. "dim" ends a line that is
@@ -74,7 +74,9 @@ private:
         void drawPixmap(const QRectF &, const QPixmap &, const QRectF &) override { add({"pixmap"}, {}); }
         void drawPolygon(const QPointF *p, int n, PolygonDrawMode) override
         {
-            add({"curve " + at(p[0]) + ' ' + at(p[n - 1]) + QString(" of %1").arg(n) + stroke()},
+            const QRectF box = QPolygonF(QVector<QPointF>(p, p + n)).boundingRect();
+            add({"curve " + at(p[0]) + ' ' + at(p[n - 1]) + QString(" of %1").arg(n) + stroke(),
+                    QString("shape %1 %2x%3").arg(at(box.topLeft())).arg(box.width()).arg(box.height())},
                 penColour());
         }
         void drawLines(const QLineF *drawn, int n) override

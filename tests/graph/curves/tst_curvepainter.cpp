@@ -1,6 +1,7 @@
 #include "graph/curves/curvedata.h"
 #include "graph/curves/curveoutline.h"
 #include "graph/curves/curvepainter.h"
+#include "graph/curves/linedashes.h"
 #include "graph/curves/timecolumns.h"
 #include "graph/curves/varnelplotcurve.h"
 #include "support/columns.h"
@@ -135,6 +136,46 @@ QImage drawnByLines(const CurvePainter::Job &job)
     });
 }
 
+/// Takes down what it is asked to draw.
+struct ToldCurve : VarnelPlotCurve {
+    ToldCurve()
+        : VarnelPlotCurve(QStringLiteral("told"))
+    {
+        setSamples(QVector<QPointF>(9));
+    }
+    QString draw(CurveStyle style)
+    {
+        told.clear();
+        drawCurve(nullptr, style, {}, {}, {}, 2, 5);
+        return told;
+    }
+
+private:
+    using Map = QwtScaleMap;
+    void take(const char *what, int from, int to) const
+    {
+        told = QString("%1 %2..%3").arg(what).arg(from).arg(to);
+    }
+    void drawLines(QPainter *, const Map &, const Map &, const QRectF &, int from, int to) const override
+    {
+        take("lines", from, to);
+    }
+    void drawSticks(QPainter *, const Map &, const Map &, const QRectF &, int from, int to) const override
+    {
+        take("sticks", from, to);
+    }
+    void drawSteps(QPainter *, const Map &, const Map &, const QRectF &, int from, int to) const override
+    {
+        take("steps", from, to);
+    }
+    void drawDots(QPainter *, const Map &, const Map &, const QRectF &, int from, int to) const override
+    {
+        take("dots", from, to);
+    }
+
+    mutable QString told;
+};
+
 } // namespace
 
 class TestCurvePainter : public QObject {
@@ -207,6 +248,37 @@ private slots:
 
     /// The pixels of the whole line, but for columns in gaps, in which only what is steep is left: no peak is
     /// lost.
+    void stylesOfACurve()
+    {
+        ToldCurve curve;
+        QCOMPARE(curve.draw(QwtPlotCurve::Lines), QString("lines 2..5"));
+        QCOMPARE(curve.draw(QwtPlotCurve::Sticks), QString("sticks 2..5"));
+        QCOMPARE(curve.draw(QwtPlotCurve::Steps), QString("steps 2..5"));
+        QCOMPARE(curve.draw(QwtPlotCurve::Dots), QString("dots 2..5"));
+        QCOMPARE(curve.draw(QwtPlotCurve::NoCurve), QString());
+        curve.setCurveAttribute(QwtPlotCurve::Fitted);
+        QCOMPARE(curve.draw(QwtPlotCurve::Lines), QString("lines 0..8"));
+    }
+
+    /// A pattern begins at its origin, from wherever one looks at it.
+    void strokesOfDashes()
+    {
+        const auto strokes = [](Qt::PenStyle style, double origin, double unit, double begin, double end) {
+            QStringList texts;
+            const auto all = LineDashes(style, origin, unit).strokes(begin, end);
+            for (const LineDashes::Stroke &stroke : all)
+                texts += QString("%1-%2").arg(stroke.begin).arg(stroke.end);
+            return texts.join(' ');
+        };
+        QCOMPARE(strokes(Qt::SolidLine, 10, 1, 6, 20), QString("6-20"));
+        QCOMPARE(strokes(Qt::DashLine, 10, 1, 6, 20), QString("6-7 10-14 17-20"));
+        QCOMPARE(strokes(Qt::DashLine, 10, 1, 9, 17), QString("10-14"));
+        QCOMPARE(strokes(Qt::DashLine, 10, 1, 28, 32), QString("31-32"));
+        QCOMPARE(strokes(Qt::DotLine, 0, 2, 0, 12), QString("0-4 8-12"));
+        QCOMPARE(strokes(Qt::DashDotLine, 0, 1, 0, 30), QString("0-8 10-12 14-22 24-26 28-30"));
+        QCOMPARE(strokes(Qt::DashDotDotLine, 0, 1, 0, 30), QString("0-8 10-12 14-16 18-26 28-30"));
+    }
+
     void dashesTakeColumnsAway()
     {
         for (const char *wave : {"sine", "noise", "gaps", "set back", "steps"}) {

@@ -119,6 +119,7 @@ fill 243 27 8 3 #00ff00; fill 243 50 8 3 #ffd700; fill 243 90 8 3 #007af5; fill 
 fill 243 120 8 3 #c71585; pen #008500; font 10; left 253 22 45 11 Voltage; pen #857000
 left 253 45 45 11 Energy; font 11; column 207 50 26 37|1.045|2.090|mAh
 pen #0070e1; column 207 135 112| 0,00| 1,38)");
+    add("1 number=9 size=300,160", "^rect 1,", "fill 1 138 10 21 #ffff00");
     add("20 size=200,100", "text|^rect", R"(
 fill 0 0 200 100 #000000; fill 1 78 10 21 #ffff00; pen #000000; font 13; mid 1 78 10 21 3
 pen #ffffff; font 8; mid 0 0 200 21 Charge  11,59 V   2,50 A  25,3 °C  1,900 Ah  00:19:00

@@ -175,7 +175,7 @@ private slots:
         QTRY_VERIFY(QToolTip::text().contains("One 3"));
         canvas.setChart(chart); // anew, as after any change
         QCOMPARE(canvas.chart().marked, qint64(13));
-        canvas.mark(0);
+        canvas.mark(99);
         QCOMPARE(press(Qt::Key_Right), qint64(11));
         const QPoint point = canvas.chart().mapping(canvas.size()).place(chart.lines[1].points[0]).toPoint();
         QTest::mouseClick(&canvas, Qt::RightButton, {}, point);
@@ -237,7 +237,7 @@ private slots:
             "text 'nominal' right 346,83 12 Arial #ffa500; line 104,91 203,154 pen1.5 #ff0000; "
             "curve 199,150 199,150 of 5 pen1.5 #ff0000; disc 203,154 16x16 pen2 #ffffff; "
             "curve 203,118 199,126 of 3 pen1.5 #0000ff; disc 302,59 8x8 #000000; "
-            "curve 104,180 98,186 of 4 pen1.5 #ff0000; curve 56,8 56,8 of 5 pen1.5 #ff0000; "
+            "curve 104,180 98,186 of 4 pen1.5 #ff0000; shape 98,180 10.4x10.4 #ff0000; shape 199,118 8.8x8.8 #0000ff; curve 56,8 56,8 of 5 pen1.5 #ff0000; "
             "text 'One' left 70,12 12 Arial #ffffff; text 'Two' left %1,12 12 Arial #ffffff");
         row("white",
             "rect 0,0 400x300 #ffffff; line 54,260 385,260 #d7d7d7; text '4.5' right 48,260 12 Arial #000000; "

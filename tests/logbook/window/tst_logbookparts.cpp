@@ -13,8 +13,10 @@
 #include "logbook/window/table/tablepages.h"
 #include "sample.h"
 #include "support/columns.h"
+#include "support/layoutfault.h"
 #include "support/paintlog.h"
 
+#include <QBitmap>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
@@ -191,6 +193,11 @@ private slots:
         };
         QCOMPARE(mark(2, PackList::Health) + mark(5, PackList::Health), QString("#c628281#1e8a3c0"));
         QCOMPARE(mark(3, PackList::Health) + mark(2, PackList::Name), QString());
+        for (const int row : {2, 5}) {
+            const auto pixmap = list.index(row, PackList::Health).data(Qt::DecorationRole).value<QPixmap>();
+            QCOMPARE(
+                QRegion(pixmap.createHeuristicMask()).boundingRect(), QRect(0, 0, 12, row == 2 ? 11 : 12));
+        }
         QCOMPARE(list.headerData(PackList::PerYear, Qt::Horizontal).toString(), QString("Per year"));
         QVERIFY(list.headerData(4, Qt::Horizontal, Qt::ToolTipRole).toString().startsWith("Start of"));
         for (const QVariant &none : {list.headerData(5, Qt::Horizontal), list.headerData(0, Qt::Vertical),
@@ -333,6 +340,7 @@ private slots:
         QCOMPARE(
             dates[0]->toolTip() + boxes[0]->toolTip(), QString("First day of the recordings").repeated(2));
         line.show();
+        QCOMPARE(layoutFault(line), QByteArray());
         QVERIFY(QTest::qWaitForWindowActive(&line));
         auto *text = line.findChild<QLineEdit *>("filterText");
         text->setText("old");
@@ -375,6 +383,10 @@ private slots:
         QVERIFY(!dialog.findChild<QPushButton *>()->isEnabled()); // OK
         name->setText(QString(201, 'y'));
         QCOMPARE(dialog.pack().name.size(), 200);
+        dialog.show();
+        QCOMPARE(layoutFault(dialog), QByteArray());
+        QVERIFY(dialog.findChild<QPlainTextEdit *>()->tabChangesFocus());
+        dialog.hide();
         dialog.showNameOnly("Text");
         dialog.show();
         QVERIFY(name->isVisible() && !chemistry->isVisible() && !spins[0]->isVisible());
@@ -401,9 +413,9 @@ private slots:
                 buttons.begin(), buttons.end(), [&](const QPushButton *b) { return b->text() == text; });
         };
         QVERIFY(!button("Remove")->isEnabled());
-        folders.findChild<QListWidget *>()->setCurrentRow(1);
+        folders.findChild<QListWidget *>()->setCurrentRow(0);
         button("Remove")->click();
-        QCOMPARE(folders.folders(), (QStringList{"/b", "/c"}));
+        QCOMPARE(folders.folders(), (QStringList{"/a", "/c"}));
         QSignalSpy wanted(&folders, SIGNAL(folderWanted(QWidget*)));
         button("Add...")->click();
         QCOMPARE(wanted.first().at(0).value<QWidget *>(), &folders);
@@ -412,8 +424,15 @@ private slots:
         bare.name = "B";
         const qint64 b = editor->addPack(bare);
         PackChoice::Question question{"Title", "Text", {a, 99, b}, b, true};
-        const PackChoice choice(*logbook, question, nullptr);
+        PackChoice choice(*logbook, question, nullptr);
         QCOMPARE(choice.chosen(), b);
+        for (QDialog *dialog : std::initializer_list<QDialog *>{&note, &folders, &choice}) {
+            dialog->show();
+            QCOMPARE(layoutFault(*dialog), QByteArray());
+            for (const QLabel *label : dialog->findChildren<QLabel *>())
+                QCOMPARE(label->textFormat(), Qt::PlainText); // of files and packs
+        }
+        QVERIFY(note.findChild<QPlainTextEdit *>()->tabChangesFocus());
         auto *list = choice.findChild<QListWidget *>();
         QStringList texts;
         for (int i = 0; i < list->count(); ++i)

@@ -96,6 +96,10 @@ private slots:
         recording.figures.cellType = chemistry;
         recording.figures.end = ended;
         QTEST(PackCourse::isFull(recording), "full");
+        recording.figures.cells = 1;
+        recording.figures.startVoltage = start;
+        recording.figures.endVoltage = end;
+        QTEST(PackCourse::isFull(recording), "full");
         recording.isLive = true;
         QVERIFY(!PackCourse::isFull(recording));
     }
@@ -164,6 +168,10 @@ private slots:
         const auto recordings = PackCourse::of(*logbook, pack);
         QCOMPARE(recordings, PackCourse::byPack(*logbook).value(pack));
         const PackCourse::Health health = PackCourse::healthOf(*logbook->pack(pack), recordings);
+        LogbookPack tiny;
+        tiny.capacity = 1;
+        QVERIFY(PackCourse::healthOf(tiny, recordings).percent);
+        QCOMPARE(PackCourse::chartOf(tiny, recordings, {}).reference, 0.001);
         QTEST(bool(health.perYear), "perYear");
         QTEST(health.hasWeakCell, "weak");
         QVERIFY(!health.isWornOut()); // at 80 %
