@@ -252,6 +252,20 @@ private slots:
         QVERIFY(onFile(folder.path(), "SELECT max(readings) FROM seen").toInt() < 1000);
         QCOMPARE(onFile(folder.path(), "SELECT count(*) FROM seen").toInt(), 1);
         QCOMPARE(dump(OpenLogbook(folder.path()).logbook), dump(logbook));
+        // What the file refuses costs nothing else.
+        onFile(folder.path(),
+            "CREATE TRIGGER no BEFORE INSERT ON pack WHEN NEW.name = 'bad'"
+            " BEGIN SELECT RAISE(ABORT, 'not that'); END");
+        {
+            const OtherWriter other(folder.path());
+            for (const char *name : {"good", "bad", "better"})
+                book.editor.addPack(namedPack(name));
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(logbook.isWritten(), longTime);
+        QCOMPARE(
+            onFile(folder.path(), "SELECT group_concat(name) FROM (SELECT name FROM pack ORDER BY name)"),
+            QString("better,good"));
+        QTRY_VERIFY_WITH_TIMEOUT(logbook.trouble().contains("not that"), longTime);
 
         LogbookBatch last;
         last.packs = {namedPack("last")};
@@ -268,7 +282,7 @@ private slots:
         held.acquire();
         keeper->write(last);
         keeper.reset();
-        const QString kept = onFile(folder.path(), "SELECT name FROM pack");
+        const QString kept = onFile(folder.path(), "SELECT name FROM pack WHERE id = 1");
         slow.join();
         QCOMPARE(kept, QString("last"));
     }

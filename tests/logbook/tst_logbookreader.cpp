@@ -116,7 +116,7 @@ private slots:
     {
         const QString name = path("a.acp");
         const QString journal = path("2026-03-04_05-06-07_COM9.acp");
-        QVERIFY(writeFile(name, recording(200, 3900)) && writeFile(journal, recording(200, 4000)));
+        QVERIFY(writeFile(name, recording(5, 3900)) && writeFile(journal, recording(200, 4000)));
         Reading book(folder->path());
         const auto noted
             = [&] { return book.row(name)->note == "note" && book.row(name)->pack != LogbookPack::none; };
