@@ -161,6 +161,8 @@ void Logbook::take(const LogbookEntry &found)
 void Logbook::takeOther(const LogbookEntry &found)
 {
     LogbookBatch batch;
+    if (const LogbookRecording *before = recordingOf(found.recording.file))
+        m_overtaken.insert(before->id);
     batch.droppedFiles.append(found.recording.file);
     batch.assigned.append(found);
     batch.read.append(found);
@@ -210,7 +212,8 @@ qint64 Logbook::freshId()
 
 void Logbook::apply(LogbookBatch batch)
 {
-    const auto isOther = [this](const LogbookEntry &entry) { return isOvertaken(entry); };
+    const auto isOther
+        = [this](const LogbookEntry &entry) { return m_overtaken.contains(entry.recording.id); };
     for (QVector<LogbookEntry> *entries : {&batch.assigned, &batch.read})
         entries->erase(std::remove_if(entries->begin(), entries->end(), isOther), entries->end());
     const Changes changes = change(&batch);
@@ -389,14 +392,6 @@ int Logbook::find(const LogbookRecording &recording) const
 {
     const int index = m_byId.value(recording.id, -1);
     return index >= 0 ? index : m_byFile.value(recording.file, -1);
-}
-
-/// It is of a recording that another has taken the file of.
-bool Logbook::isOvertaken(const LogbookEntry &entry) const
-{
-    const LogbookRecording &recording = entry.recording;
-    const LogbookEntry *named = entryOf(recording.file);
-    return recording.id != 0 && !m_byId.contains(recording.id) && named && named->holdsOtherThan(entry);
 }
 
 void Logbook::add(const LogbookEntry &entry)

@@ -85,8 +85,7 @@ public:
     /// An id that no row and no pack has, here or in another program.
     static qint64 freshId();
     /// Does all of `batch` here and in the file. Entries of rows that are there are found by their ids or,
-    /// where there is no such id, by their files; one with an id is passed over where its file holds another
-    /// recording now.
+    /// where there is no such id, by their files, unless another recording has been saved over theirs.
     void apply(LogbookBatch batch);
 
 signals:
@@ -123,7 +122,6 @@ private:
     void assignRows(LogbookBatch *batch, Changes *changes);
     void readRows(LogbookBatch *batch, Changes *changes);
     int find(const LogbookRecording &recording) const;
-    bool isOvertaken(const LogbookEntry &entry) const;
     void add(const LogbookEntry &entry);
     void remove(int index, Changes *changes);
     void describe(Row *row) const;
@@ -134,6 +132,7 @@ private:
     std::vector<Row> m_rows;
     QHash<qint64, int> m_byId; // places in m_rows
     QHash<QString, int> m_byFile;
+    QSet<qint64> m_overtaken; // ids of rows whose files hold other recordings now
     QVector<LogbookPack> m_packs;
     QStringList m_folders;
     QSet<qint64> m_refused;

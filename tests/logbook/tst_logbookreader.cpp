@@ -125,7 +125,7 @@ private slots:
         pack.name = "A";
         book.editor.setNote(book.row(name)->id, "note");
         book.editor.assign({book.row(name)->id}, book.editor.addPack(pack));
-        // The same one, grown, written in another way, and both by this program.
+        // The same one, of a few lines at first, grown, written in another way, and both by this program.
         QVERIFY(writeFile(name, recording(210, 3900)));
         book.reader.look(name);
         QTRY_VERIFY_WITH_TIMEOUT(isRead(210) && noted(), longTime);
