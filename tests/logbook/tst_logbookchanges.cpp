@@ -1,8 +1,49 @@
 #include "entries.h"
 #include "logbook/logbook.h"
+#include "logbook/logbookdifference.h"
 #include "logbook/logbookeditor.h"
+#include "logbook/logbookqueue.h"
+#include "support/columns.h"
 
 #include <QtTest>
+
+#include <functional>
+
+using Change = std::function<void(LogbookContent *)>;
+Q_DECLARE_METATYPE(Change)
+
+namespace {
+
+/// What a batch does: "drop" and "read" of files, "assign" with the row's id, "pack" and its name or id.
+QString told(const LogbookBatch &batch)
+{
+    QStringList parts;
+    for (const auto &names : batch.renamed)
+        parts += "rename " + names.first + names.second;
+    for (const QString &file : batch.droppedFiles)
+        parts += "drop " + file;
+    for (const LogbookPack &pack : batch.packs)
+        parts += "pack " + pack.name;
+    for (const qint64 id : batch.droppedPacks)
+        parts += QString("pack -%1").arg(id);
+    for (const LogbookEntry &entry : batch.assigned)
+        parts += QString("assign %1#%2").arg(entry.recording.file).arg(entry.recording.id);
+    for (const LogbookEntry &entry : batch.read)
+        parts += "read " + entry.recording.file + (entry.recording.isLive ? "+" : "")
+            + (entry.recording.isGone ? "-" : "");
+    return parts.join(", ");
+}
+
+QString told(const LogbookQueue &queue)
+{
+    const LogbookQueue::Lot lot = queue.next();
+    QStringList batches;
+    for (const LogbookBatch &batch : lot.batches)
+        batches += told(batch);
+    return (lot.isFirst ? "first: " : "") + batches.join(" | ");
+}
+
+} // namespace
 
 /// What changes in a logbook, and what is told and offered then.
 class TestLogbookChanges : public QObject {
@@ -108,6 +149,107 @@ private slots:
         QCOMPARE(logbook.packToOffer(99), qint64(LogbookPack::none));
         for (int i = 1; i < 4; ++i) // of one name
             QVERIFY(logbook.packs()[i - 1].id < logbook.packs()[i].id);
+    }
+
+    void differences_data()
+    {
+        const auto row = columns<Change, QString>({"change", "batch"});
+        using Content = LogbookContent *;
+        row(
+            "none", [](Content) {}, "");
+        row(
+            "a note", [](Content c) { c->entries[0].recording.note = "x"; }, "assign /1#11");
+        row(
+            "a pack", [](Content c) { c->entries[1].recording.pack = 7; }, "assign /2#12");
+        row(
+            "figures", [](Content c) { c->entries[0].recording.figures.charge = 5; }, "read /1+");
+        row(
+            "size", [](Content c) { c->entries[1].stamp.size = 7000; }, "read /2-");
+        row(
+            "port", [](Content c) { c->entries[1].recording.port = "x"; }, "read /2-");
+        row(
+            "start", [](Content c) { c->entries[1].recording.isStartApproximate = true; }, "read /2-");
+        row(
+            "moved", [](Content c) { c->entries[1].recording.file = "/9"; },
+            "drop /2, assign /9#12, read /9");
+        row(
+            "exchanged", [](Content c) { c->entries[0].recording.file.swap(c->entries[1].recording.file); },
+            "drop /1, drop /2, assign /2#11, assign /1#12, read /2+, read /1");
+        row(
+            "a row less", [](Content c) { c->entries.removeLast(); }, "drop /2");
+        row(
+            "a row more",
+            [](Content c) {
+                c->entries += entry("/3");
+                c->entries += entry("");
+            },
+            "assign /3#0, read /3");
+        row(
+            "read by another", [](Content c) { c->entries[0].recording.id = 21; }, "");
+        row(
+            "overwritten by another",
+            [](Content c) {
+                c->entries[0].recording.id = 21;
+                c->entries[0].beginning = "other";
+            },
+            "drop /1, assign /1#21, read /1");
+        row(
+            "a pack's note", [](Content c) { c->packs[0].note = "x"; }, "pack A");
+        row(
+            "a pack's cells", [](Content c) { c->packs[0].cells = 1; }, "pack A");
+        row(
+            "packs", [](Content c) { c->packs = {namedPack("B")}; }, "pack B, pack -7");
+    }
+
+    /// What has become of a live row and of one whose file has gone; both stay so.
+    void differences()
+    {
+        LogbookContent held;
+        held.packs = {namedPack("A")};
+        held.packs[0].id = 7;
+        for (const char *name : {"/1", "/2"}) {
+            held.entries += entry(name);
+            held.entries.last().stamp.size = 5000;
+            held.entries.last().recording.id = 10 + held.entries.size();
+        }
+        LogbookContent content = held;
+        held.entries[0].recording.isLive = held.entries[1].recording.isGone = true;
+        QFETCH(Change, change);
+        change(&content);
+        QTEST(told(logbookDifference(held, content)), "batch");
+    }
+
+    /// What the user changes overtakes what was read; rows that move take that along.
+    void queue()
+    {
+        LogbookQueue queue;
+        LogbookBatch reading;
+        reading.read = {entry("/1"), entry("/2"), entry("/3"), entry("/4")};
+        reading.assigned = {entry("/1")};
+        queue.add(reading);
+        QVERIFY(!queue.holdsFirst() && !queue.isEmpty());
+        QCOMPARE(told(queue), QString("assign /1#0, read /1, read /2, read /3, read /4"));
+        LogbookBatch users;
+        users.isUsers = true;
+        users.packs = {namedPack("A")};
+        queue.add(users);
+        LogbookBatch moves;
+        moves.renamed = {{"/1", "/2"}};
+        moves.droppedFiles = QVector<QString>{"/3"};
+        queue.add(moves);
+        QVERIFY(queue.holdsFirst());
+        QCOMPARE(told(queue), QString("first: pack A | rename /1/2, drop /3"));
+        queue.drop(queue.next(), 1);
+        QCOMPARE(told(queue), QString("first: rename /1/2, drop /3"));
+        queue.drop(queue.next(), 1);
+        QCOMPARE(told(queue), QString("assign /2#0, read /2, read /4"));
+        for (int i = 0; i < LogbookQueue::mostReadings; ++i)
+            queue.add(reading);
+        QCOMPARE(queue.next().batches.size(), LogbookQueue::mostReadings);
+        queue.drop(queue.next(), LogbookQueue::mostReadings);
+        QCOMPARE(queue.next().batches.size(), 1);
+        queue.drop(queue.next(), 1);
+        QVERIFY(queue.isEmpty());
     }
 };
 
