@@ -2,6 +2,7 @@
 #include "documents/filequeue.h"
 #include "overlay/overlayplot.h"
 #include "overlay/overlaywindow.h"
+#include "printing/printrequest.h"
 #include "support/documentrig.h"
 #include "support/layoutfault.h"
 #include "support/paintlog.h"
@@ -154,6 +155,13 @@ private slots:
         QTest::mouseClick(plot, Qt::LeftButton, {}, {200, 200});
         const OverlayRequest picture = plot->picture({640, 480}, false);
         QVERIFY(picture.size == QSize(640, 480) && !picture.black && !picture.cursor && plot->shown().cursor);
+        overlay()->findChild<QPushButton *>("overlayPrint")->click();
+        auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        QVERIFY(dialog && dialog->findChild<PrintRequest *>());
+        const PrintJob job = dialog->findChild<PrintRequest *>()->job();
+        QCOMPARE(job.title, QString("Varnel - overlay"));
+        VERIFY_PAINTS(job.size.toSize(), job.paint, "rect 0,0 1000x600 #ffffff");
+        dialog->reject();
         plot->setEntries(QVector<OverlayEntry>(21, picture.entries[0]));
         QCOMPARE(plot->shown().entries.size(), 20);
     }

@@ -10,6 +10,7 @@
 #include "logbook/window/table/recordingcolumns.h"
 #include "logbook/window/table/recordingview.h"
 #include "logbook/window/table/tablepages.h"
+#include "printing/printrequest.h"
 #include "resources/resources.h"
 #include "sample.h"
 #include "settings/varnelsettings.h"
@@ -368,6 +369,34 @@ private slots:
         white.blackBackground = false;
         state.setSwitches(white);
         QVERIFY(!window->findChild<CourseCanvas *>()->chart().blackGround);
+    }
+
+    void prints()
+    {
+        open();
+        type("2026-10");
+        const auto printed = [this](const char *command) {
+            trigger(command);
+            auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+            const PrintJob job = dialog->findChild<PrintRequest *>()->job();
+            dialog->reject();
+            return job;
+        };
+        const PrintJob table = printed("Print table...");
+        QCOMPARE(table.title + ' ' + table.details.section(',', 0, -2), "Varnel - logbook ");
+        QCOMPARE(table.pages, 1);
+        PaintLog log(table.size.toSize());
+        QPainter painter(&log);
+        table.paintPage(painter, 0);
+        painter.end();
+        const QString texts = log.lines().join('\n');
+        QVERIFY2(texts.contains("'4700'") && !texts.contains("'4800'"), qPrintable(texts));
+        const PrintJob chart = printed("Print chart...");
+        QCOMPARE(chart.title, "All packs: Capacity");
+        const QSize size = window->findChild<CourseCanvas *>()->size();
+        QCOMPARE(chart.size.toSize(), size);
+        const QString ground = QString("rect 0,0 %1x%2 #ffffff").arg(size.width()).arg(size.height());
+        VERIFY_PAINTS(size, chart.paint, ground);
     }
 
     void files()
