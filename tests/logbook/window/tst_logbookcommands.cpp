@@ -1,0 +1,223 @@
+#include "logbook/window/course/coursecanvas.h"
+#include "logbook/window/dialogs/notedialog.h"
+#include "logbook/window/dialogs/packchoice.h"
+#include "logbook/window/dialogs/packdialog.h"
+#include "logbook/window/table/columnsmenu.h"
+#include "printing/printrequest.h"
+#include "support/files.h"
+#include "support/layoutfault.h"
+#include "support/modaldialog.h"
+#include "support/paintlog.h"
+#include "windowrig.h"
+
+#include <QDesktopServices>
+#include <QHeaderView>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QMessageBox>
+
+/// Every command of the logbook's window: when it can be given, and what comes of it.
+class TestLogbookCommands : public QObject, private WindowRig {
+    Q_OBJECT
+
+public slots:
+    void takeUrl(const QUrl &url) { shownFolder = url; }
+
+private slots:
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
+
+    /// What can be done with what is chosen; what can't says why.
+    void whatCanBeDone()
+    {
+        static const char *const commands[]
+            = {"Open", "Overlay", "Show in folder", "Delete file...", "Note...", "Assign to pack...",
+                "Assign to none", "Remove from logbook", "New pack...", "Rename or change pack...",
+                "Remove pack", "Merge packs...", "Take apart...", "Assign to offered pack", "Assign to A"};
+        const auto can = [this] {
+            QString letters;
+            for (size_t i = 0; i < std::size(commands); ++i)
+                if (const QAction *found = action(commands[i]); found && found->isEnabled())
+                    letters += char('a' + i);
+            return letters;
+        };
+        const auto why = [this](const char *text) { return action(text)->toolTip(); };
+        logbook->setGone(logbook->recording(ids[0])->file, true);
+        open();
+        QCOMPARE(can(), "i");
+        QCOMPARE(why("Open") + why("Note..."), QString("No recording is chosen.").repeated(2));
+        QCOMPARE(why("Remove pack"), "No pack is chosen on the left.");
+        view()->choose(ids[0]);
+        QCOMPARE(can(), "efghi");
+        QCOMPARE(why("Open"), "The files of the chosen recordings have gone.");
+        QCOMPARE(why("Assign to offered pack"), "No pack is offered for the chosen recordings.");
+        view()->choose(ids[1]);
+        QCOMPARE(can(), "abcdefgi");
+        QCOMPARE(why("Open"), "Opens the chosen recordings, each in a graph window.");
+        QCOMPARE(why("Remove from logbook"), "The files of the chosen recordings are there.");
+        view()->selectAll();
+        QCOMPARE(can(), "abcdfghi");
+        QCOMPARE(why("Note..."), "More than one recording is chosen.");
+        LogbookPack pack;
+        pack.name = "A";
+        editor->assign({ids[0]}, editor->addPack(pack));
+        QTRY_COMPARE(packs()->model()->rowCount(), 3);
+        view()->choose(ids[1]);
+        QCOMPARE(can(), "abcdefgio");
+        view()->selectAll(); // of which one has it
+        QCOMPARE(can(), "abcdfghi");
+        view()->clearSelection();
+        choosePack(2);
+        QCOMPARE(can(), "ijk");
+        QCOMPARE(why("Merge packs..."), "There is no other pack.");
+        QCOMPARE(why("Take apart..."), "No recording of the pack is chosen.");
+        view()->choose(ids[0]);
+        QCOMPARE(can(), "efghijkm");
+        editor->addPack(pack);
+        QCOMPARE(can(), "efghijklm");
+        QCOMPARE(why("Undo"), "Takes back the last change.");
+        QCOMPARE(why("Redo"), "Nothing has been taken back.");
+        QVERIFY(writeFile(fixture->path("taken"), "x"));
+        logbook->open(fixture->path("taken")); // where no folder can be
+        QTRY_VERIFY(window->findChild<QLabel *>("logbookTrouble")->isVisible());
+        QCOMPARE(window->findChild<QLabel *>("logbookTrouble")->text(), logbook->trouble());
+        QTRY_COMPARE(can(), "");
+        QCOMPARE(why("New pack..."), "The logbook can't be kept: nothing can be changed.");
+    }
+
+    /// The commands of rows and packs that no other story uses.
+    void smallCommands()
+    {
+        open();
+        view()->choose(ids[0]);
+        whenModal<NoteDialog>(window.get(), [](NoteDialog *dialog) {
+            QVERIFY(dialog->findChild<QLabel *>()->text().startsWith("2026-0_1, "));
+            dialog->findChild<QWidget *>("note")->setProperty("plainText", "of mine");
+            dialog->accept();
+        });
+        trigger("Note...");
+        QCOMPARE(logbook->recording(ids[0])->note, "of mine");
+        const auto name = [this](const char *text) {
+            whenModal<PackDialog>(window.get(), [text](PackDialog *dialog) {
+                dialog->findChild<QLineEdit *>("packName")->setText(text);
+                dialog->accept();
+            });
+        };
+        name("A");
+        trigger("New pack...");
+        QTRY_COMPARE(packs()->currentIndex().row(), 2); // is shown
+        QCOMPARE(logbook->packs()[0].cellType, 5);
+        const qint64 a = logbook->packs()[0].id;
+        name("B");
+        trigger("Rename or change pack...");
+        QCOMPARE(logbook->packName(a), "B");
+        LogbookPack other = *logbook->pack(a);
+        other.cells = 5;
+        other.name = "A of 5";
+        editor->addPack(other);
+        choosePack(0);
+        view()->choose(ids[3]);
+        whenModal<PackChoice>(window.get(), [](PackChoice *choice) {
+            const auto *list = choice->findChild<QListWidget *>("packs");
+            QCOMPARE(list->item(0)->text() + '|' + list->item(1)->text() + '|' + list->item(2)->text(),
+                "B, 6 x LiPo|A of 5, 5 x LiPo|New pack..."); // what fits comes first
+            choice->reject();
+        });
+        trigger("Assign to pack...");
+        QCOMPARE(logbook->recording(ids[3])->pack, LogbookPack::none);
+        editor->assign({ids[3], ids[2]}, a);
+        QTRY_COMPARE(packs()->model()->rowCount(), 4);
+        view()->choose(ids[3]);
+        trigger("Assign to none");
+        QCOMPARE(logbook->recording(ids[3])->pack, LogbookPack::none);
+        choosePack(3);
+        trigger("Remove pack");
+        QCOMPARE(logbook->recording(ids[2])->pack, LogbookPack::none);
+        QTRY_COMPARE(packs()->currentIndex().row(), 0);
+        QDesktopServices::setUrlHandler("file", this, "takeUrl");
+        view()->choose(ids[1]);
+        trigger("Show in folder");
+        QDesktopServices::unsetUrlHandler("file");
+        QCOMPARE(shownFolder, QUrl("file:///r"));
+        view()->selectAll();
+        whenModal<QMessageBox>(window.get(), [](QMessageBox *box) {
+            QVERIFY(box->text().startsWith("Move 4 file(s)")
+                && box->detailedText().contains("/r/2026-30_1.acp\n"));
+            box->reject();
+        });
+        trigger("Delete file...");
+    }
+
+    /// What has changed while it was closed is shown when it opens again; Escape and menus.
+    void closedAndOpened()
+    {
+        open();
+        QSignalSpy closed(window.get(), SIGNAL(closed()));
+        type("nothing like that");
+        QTest::keyClick(window.get(), Qt::Key_Escape);
+        QCOMPARE(window->shownIds().size(), 4);
+        QTest::keyClick(window.get(), Qt::Key_Escape);
+        QVERIFY(!window->isVisible() && closed.size() == 1);
+        add(logbook.get(), sampleRecording(50, Varnel::Charge, 1));
+        QCOMPARE(window->shownIds().size(), 4);
+        window->show();
+        QCOMPARE(window->shownIds().size(), 5);
+        const std::pair<QWidget *, const char *> menus[] = {{view(), "Open"}, {packs(), "New pack..."},
+            {window->findChild<CourseCanvas *>()->parentWidget(), "Save picture..."},
+            {view()->horizontalHeader(), "Explain row"}};
+        for (const auto &[on, first] : menus) {
+            emit on->customContextMenuRequested({5, 5});
+            auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+            QVERIFY2(menu && menu->actions().constFirst()->text().remove('&') == first, first);
+            menu->close();
+        }
+        auto *columnsMenu = window->findChild<ColumnsMenu *>();
+        view()->setColumnShown(Columns::Port, false);
+        columnsMenu->popup({0, 0});
+        QCOMPARE(columnsMenu->actions()[Columns::Port]->isChecked(), false);
+        QCOMPARE(columnsMenu->actions()[Columns::Pack]->isChecked(), true);
+        columnsMenu->actions()[Columns::Port]->trigger();
+        columnsMenu->close();
+        QVERIFY(!view()->isColumnHidden(Columns::Port));
+        QCOMPARE(layoutFault(*window), QByteArray());
+        ViewSwitches white;
+        white.blackBackground = false;
+        state.setSwitches(white);
+        QVERIFY(!window->findChild<CourseCanvas *>()->chart().blackGround);
+    }
+
+    void prints()
+    {
+        open();
+        type("2026-10");
+        const auto printed = [this](const char *command) {
+            trigger(command);
+            auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+            const PrintJob job = dialog->findChild<PrintRequest *>()->job();
+            dialog->reject();
+            return job;
+        };
+        const PrintJob table = printed("Print table...");
+        QCOMPARE(table.title + ' ' + table.details.section(',', 0, -2), "Varnel - logbook ");
+        QCOMPARE(table.pages, 1);
+        PaintLog log(table.size.toSize());
+        QPainter painter(&log);
+        table.paintPage(painter, 0);
+        painter.end();
+        const QString texts = log.lines().join('\n');
+        QVERIFY2(texts.contains("'4700'") && !texts.contains("'4800'"), qPrintable(texts));
+        const PrintJob chart = printed("Print chart...");
+        QCOMPARE(chart.title, "All packs: Capacity");
+        const QSize size = window->findChild<CourseCanvas *>()->size();
+        QCOMPARE(chart.size.toSize(), size);
+        const QString ground = QString("rect 0,0 %1x%2 #ffffff").arg(size.width()).arg(size.height());
+        VERIFY_PAINTS(size, chart.paint, ground);
+    }
+
+private:
+    QUrl shownFolder;
+};
+
+QTEST_MAIN(TestLogbookCommands)
+#include "tst_logbookcommands.moc"
