@@ -1,11 +1,26 @@
 #include "machine/soundline.h"
 
-#include <QPointer>
+#include <QHash>
 #include <QSound>
+
+namespace {
+
+// Kept for good, one of each file: to let one go whose file ends too soon, the library waits for its rest, and
+// that never comes.
+QSound *soundOf(const QString &file)
+{
+    static auto *const sounds = new QHash<QString, QSound *>;
+    QSound *&sound = (*sounds)[file];
+    if (!sound)
+        sound = new QSound(file);
+    return sound;
+}
+
+} // namespace
 
 class SoundLine::Private {
 public:
-    QPointer<QSound> sound;
+    QSound *sound = nullptr; // that was played last, until it is stopped
 };
 
 SoundLine::SoundLine()
@@ -15,21 +30,20 @@ SoundLine::SoundLine()
 
 SoundLine::~SoundLine()
 {
-    delete d->sound;
+    SoundLine::stop();
 }
 
 // The sound library talks to its server from a thread of its own.
 void SoundLine::play(const QString &file)
 {
     SoundLine::stop();
-    d->sound = new QSound(file);
+    d->sound = soundOf(file);
     d->sound->play();
 }
 
 void SoundLine::stop()
 {
-    if (!d->sound)
-        return;
-    d->sound->stop();
-    delete d->sound;
+    if (d->sound)
+        d->sound->stop();
+    d->sound = nullptr;
 }

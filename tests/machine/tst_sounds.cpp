@@ -3,10 +3,28 @@
 #include "support/files.h"
 
 #include <QLocalServer>
+#include <QSound>
 #include <QTemporaryDir>
 #include <QtTest>
 
 #include <unistd.h>
+
+namespace {
+
+QStringList heard;
+
+} // namespace
+
+// In the library's stead: there need be nothing to hear it with.
+void QSound::play()
+{
+    heard << QStringLiteral("play ") + QFileInfo(fileName()).fileName();
+}
+
+void QSound::stop()
+{
+    heard << QStringLiteral("stop");
+}
 
 /// Which file is played, and whether there is anything to play it on.
 class TestSounds : public QObject {
@@ -30,6 +48,25 @@ private slots:
         }
     }
 
+    // And only what is there, whole or not.
+    void oneSoundAtATime()
+    {
+        const QTemporaryDir sounds;
+        const QString file = sounds.filePath(QStringLiteral("end.wav"));
+        QVERIFY(writeFile(file, QByteArray()));
+        {
+            SoundPlayer player;
+            player.stop();
+            player.play(sounds.filePath(QStringLiteral("none.wav")));
+            QCOMPARE(heard, QStringList());
+            player.play(file);
+            player.stop();
+            player.stop();
+            player.play(file);
+        }
+        QCOMPARE(heard.join(QLatin1Char(' ')), QStringLiteral("play end.wav stop play end.wav stop"));
+    }
+
     // The sound library's own list would be waited for, and complained of where there is none. A server that
     // has ended leaves its socket behind.
     void noServerIsNoNoise()
@@ -39,7 +76,10 @@ private slots:
         const QTemporaryDir runtime;
         for (const char *variable : {"XDG_RUNTIME_DIR", "PULSE_SERVER", "PULSE_RUNTIME_PATH"})
             qunsetenv(variable);
+        const auto openFiles = [] { return QDir(QStringLiteral("/proc/self/fd")).count(); };
+        const uint filesBefore = openFiles();
         QVERIFY(!hasSoundOutput());
+        QCOMPARE(openFiles(), filesBefore);
         qputenv("PULSE_SERVER", "elsewhere");
         QVERIFY(hasSoundOutput());
         qunsetenv("PULSE_SERVER");
