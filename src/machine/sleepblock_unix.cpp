@@ -17,34 +17,30 @@ namespace {
 
 constexpr char helperWord[] = "--keep-awake"; // program and reason follow
 constexpr int helperWords = 4;
+constexpr int noFile = -1; // closing it does nothing
 bool knowsHelper = false;
 
-/// Both ends of a pipe, closed with it.
+/// Both ends of a pipe, closed with it. Without one, where the system has none left, they are noFile.
 class Pipe {
 public:
-    Pipe()
-    {
-        if (::pipe2(m_ends, O_CLOEXEC) != 0)
-            m_ends[0] = m_ends[1] = -1;
-    }
+    Pipe() { [[maybe_unused]] const int failed = ::pipe2(m_ends, O_CLOEXEC); } // which leaves them alone
     ~Pipe()
     {
-        for (const int end : m_ends) {
-            if (end >= 0)
-                ::close(end);
-        }
+        for (const int end : m_ends)
+            ::close(end);
     }
     Pipe(const Pipe &) = delete;
     Pipe &operator=(const Pipe &) = delete;
 
+    bool isOpen() const { return readEnd() != noFile; }
     int readEnd() const { return m_ends[0]; }
     int writeEnd() const { return m_ends[1]; }
     /// The caller closes it.
-    int takeReadEnd() { return std::exchange(m_ends[0], -1); }
-    int takeWriteEnd() { return std::exchange(m_ends[1], -1); }
+    int takeReadEnd() { return std::exchange(m_ends[0], noFile); }
+    int takeWriteEnd() { return std::exchange(m_ends[1], noFile); }
 
 private:
-    int m_ends[2] = {-1, -1};
+    int m_ends[2] = {noFile, noFile};
 };
 
 /// Started processes that have not been seen to end.
@@ -73,9 +69,7 @@ bool startHelper(const QByteArray &reason, int input, int output)
     ::posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
     QByteArray words[] = {QCoreApplication::applicationFilePath().toLocal8Bit(), helperWord,
         QCoreApplication::applicationName().toLocal8Bit(), reason};
-    char *argv[helperWords + 1] = {};
-    for (int i = 0; i < helperWords; ++i)
-        argv[i] = words[i].data();
+    char *argv[] = {words[0].data(), words[1].data(), words[2].data(), words[3].data(), nullptr};
     pid_t pid = 0;
     const bool started = ::posix_spawn(&pid, "/proc/self/exe", &actions, nullptr, argv, environ) == 0;
     ::posix_spawn_file_actions_destroy(&actions);
@@ -96,7 +90,7 @@ public:
     void start(const QString &reason);
     void end();
 
-    int input = -1; // of the helper; -1 when there is none
+    int input = noFile; // of the helper, if there is one
     bool granted = false;
 
 private slots:
@@ -105,8 +99,8 @@ private slots:
 private:
     void stopListening();
 
-    int m_output = -1;
-    QSocketNotifier *m_notifier = nullptr; // child
+    int m_output = noFile;
+    QScopedPointer<QSocketNotifier, QScopedPointerDeleteLater> m_notifier; // it may be the one that calls
 };
 
 void SleepBlock::Private::start(const QString &reason)
@@ -114,13 +108,13 @@ void SleepBlock::Private::start(const QString &reason)
     forgetEnded();
     Pipe toHelper;
     Pipe fromHelper;
-    if (toHelper.writeEnd() < 0 || fromHelper.readEnd() < 0
+    if (!toHelper.isOpen() || !fromHelper.isOpen()
         || !startHelper(reason.toLocal8Bit(), toHelper.readEnd(), fromHelper.writeEnd()))
         return;
     input = toHelper.takeWriteEnd();
     m_output = fromHelper.takeReadEnd();
-    m_notifier = new QSocketNotifier(m_output, QSocketNotifier::Read, this);
-    connect(m_notifier, SIGNAL(activated(int)), this, SLOT(onOutput()));
+    m_notifier.reset(new QSocketNotifier(m_output, QSocketNotifier::Read));
+    connect(m_notifier.data(), SIGNAL(activated(int)), this, SLOT(onOutput()));
 }
 
 // Its input stays open when the helper has gone without a block: another one would fare no better. One that
@@ -140,22 +134,16 @@ void SleepBlock::Private::onOutput()
 
 void SleepBlock::Private::stopListening()
 {
-    if (m_notifier) {
+    if (m_notifier)
         m_notifier->setEnabled(false);
-        m_notifier->deleteLater(); // it may be the one that calls
-    }
-    m_notifier = nullptr;
-    if (m_output >= 0)
-        ::close(m_output);
-    m_output = -1;
+    m_notifier.reset();
+    ::close(std::exchange(m_output, noFile));
 }
 
 void SleepBlock::Private::end()
 {
     stopListening();
-    if (input >= 0)
-        ::close(input);
-    input = -1;
+    ::close(std::exchange(input, noFile));
     granted = false;
     forgetEnded();
 }
@@ -181,7 +169,7 @@ SleepBlock::~SleepBlock() = default;
 
 void SleepBlock::acquire(const QString &reason)
 {
-    if (d->input < 0 && knowsHelper)
+    if (d->input == noFile && knowsHelper)
         d->start(reason);
 }
 

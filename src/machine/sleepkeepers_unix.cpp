@@ -11,6 +11,7 @@
 #include <QVariant>
 
 #include <chrono>
+#include <optional>
 #include <thread>
 #include <unistd.h>
 
@@ -119,28 +120,31 @@ private slots:
     void onAnswered(QDBusPendingCallWatcher *watcher);
 
 private:
+    void ask(const Keeper &keeper);
+
     QString m_reason;
     int m_asked = -1; // index of the keeper that was asked last; -1 none
-    bool m_granted = false;
-    quint32 m_cookie = 0;
+    std::optional<quint32> m_cookie; // to give back
     QDBusUnixFileDescriptor m_file;
 };
 
 // What is granted only after this has gone with its process.
 SleepKeepers::~SleepKeepers()
 {
-    if (m_granted && keepers[m_asked].releaseMethod)
-        call(keepers[m_asked], keepers[m_asked].releaseMethod, {m_cookie}).waitForFinished();
+    if (m_cookie)
+        call(keepers[m_asked], keepers[m_asked].releaseMethod, {*m_cookie}).waitForFinished();
 }
 
 void SleepKeepers::askNext()
 {
-    ++m_asked;
-    while (m_asked < keeperCount && !isReachable(keepers[m_asked]))
-        ++m_asked;
-    if (m_asked >= keeperCount)
-        return;
-    const Keeper &keeper = keepers[m_asked];
+    while (++m_asked < keeperCount) {
+        if (isReachable(keepers[m_asked]))
+            return ask(keepers[m_asked]);
+    }
+}
+
+void SleepKeepers::ask(const Keeper &keeper)
+{
     auto *watcher = new QDBusPendingCallWatcher(
         call(keeper, "Inhibit", keeper.arguments(QCoreApplication::applicationName(), m_reason)), this);
     const char *finished = SIGNAL(finished(QDBusPendingCallWatcher*));
@@ -149,24 +153,23 @@ void SleepKeepers::askNext()
 
 void SleepKeepers::onAnswered(QDBusPendingCallWatcher *watcher)
 {
-    watcher->deleteLater();
     const QDBusMessage answer = watcher->reply();
     if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().isEmpty()) {
         askNext();
         return;
     }
+    const Keeper &keeper = keepers[m_asked];
     const QVariant value = answer.arguments().constFirst();
-    if (keepers[m_asked].releaseMethod)
+    if (keeper.releaseMethod) {
         m_cookie = value.toUInt();
-    else
+        // With the bus its keepers lose the block, but for one that is held by a file: who wants it asks
+        // anew.
+        busOf(keeper).connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+            QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"),
+            QCoreApplication::instance(), SLOT(quit()));
+    } else {
         m_file = value.value<QDBusUnixFileDescriptor>();
-    m_granted = true;
-    // With the bus its keepers lose the block, but for one that is held by a file: who wants it asks anew.
-    if (keepers[m_asked].releaseMethod)
-        busOf(keepers[m_asked])
-            .connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
-                QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"),
-                QCoreApplication::instance(), SLOT(quit()));
+    }
     if (::write(STDOUT_FILENO, "+", 1) != 1)
         QCoreApplication::quit();
 }

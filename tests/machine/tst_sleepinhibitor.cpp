@@ -3,6 +3,8 @@
 #include "machine/sleepblock.h"
 #include "settings/settingskeys.h"
 #include "settings/varnelsettings.h"
+#include "support/files.h"
+#include "support/limits.h"
 #include "support/literal.h"
 #include "support/shellfixture.h"
 
@@ -102,8 +104,11 @@ private slots:
     void blockLastsWhileAProcessIsRecorded();
     void busThatNeverAnswers();
     void busThatDies();
+    void noFileIsLeft();
 
 private:
+    static uint openFiles() { return QDir("/proc/self/fd"_s).count(); }
+
     ShellFixture fixture;
 };
 
@@ -131,7 +136,6 @@ void TestSleepInhibitor::keepersAreAskedInTurn()
         Bus &asked = keeper.service == loginManager ? system : session;
         const QString call = "%1 Inhibit(%2)"_s.arg(keeper.object, keeper.arguments);
         QStringList calls(call);
-        const auto openFiles = [] { return QDir("/proc/self/fd"_s).count(); };
         const uint filesBefore = openFiles();
         {
             SleepBlock block;
@@ -188,16 +192,26 @@ void TestSleepInhibitor::busThatNeverAnswers()
     QLocalServer silent;
     QVERIFY(silent.listen(fixture.path("bus"_s)));
     qputenv(systemBus, "unix:path=" + silent.fullServerName().toLocal8Bit());
-    QLocalSocket *asker = nullptr;
-    {
-        SleepBlock block;
-        block.acquire("charging"_s);
-        QTRY_VERIFY(silent.hasPendingConnections());
-        asker = silent.nextPendingConnection();
-        QTRY_VERIFY(asker->bytesAvailable() > 0);
-        QVERIFY(!block.isHeld());
+    for (const bool killed : {false, true}) {
+        QLocalSocket *asker = nullptr;
+        {
+            SleepBlock block;
+            block.acquire("charging"_s);
+            QTRY_VERIFY(silent.hasPendingConnections());
+            asker = silent.nextPendingConnection();
+            QTRY_VERIFY(asker->bytesAvailable() > 0);
+            QVERIFY(!block.isHeld());
+            const uint filesBefore = openFiles();
+            if (killed) { // another one would fare no better
+                const QByteArray helper = contents("/proc/thread-self/children"_s).simplified();
+                QCOMPARE(::kill(helper.split(' ').last().toInt(), SIGKILL), 0);
+                QTRY_COMPARE(openFiles(), filesBefore - 2); // what it said, and the asker
+                block.acquire("charging"_s);
+                QCOMPARE(openFiles(), filesBefore - 2);
+            }
+        }
+        QTRY_COMPARE_WITH_TIMEOUT(asker->state(), QLocalSocket::UnconnectedState, 30000);
     }
-    QTRY_COMPARE_WITH_TIMEOUT(asker->state(), QLocalSocket::UnconnectedState, 30000);
 }
 
 // The block has gone with it; the login manager on the other bus grants one.
@@ -214,6 +228,25 @@ void TestSleepInhibitor::busThatDies()
     block.acquire("charging"_s);
     QTRY_VERIFY(block.isHeld() && !system.isFileClosed());
     QCOMPARE(system.calls.size(), 1);
+}
+
+// For one pipe to the helper, or for the other.
+void TestSleepInhibitor::noFileIsLeft()
+{
+    const Bus bus(sessionBus, {sessionManager});
+    for (const rlim_t room : {0, 2}) {
+        SleepBlock block;
+        const uint filesBefore = openFiles();
+        const int next = ::dup(STDIN_FILENO);
+        ::close(next);
+        {
+            const ProcessLimit<RLIMIT_NOFILE> limit(rlim_t(next) + room);
+            block.acquire("charging"_s);
+        }
+        QCOMPARE(openFiles(), filesBefore);
+        block.acquire("charging"_s);
+        QTRY_VERIFY(block.isHeld());
+    }
 }
 
 int main(int argc, char **argv)
