@@ -32,7 +32,6 @@ SerialReader::SerialReader(QObject *parent, const QString &portName, ReaderHost 
     , m_tick(new QTimer(this))
     , m_endShots(new QObject(this))
 {
-    m_port.setPortName(portName);
     m_port.setReadBufferSize(readAtOnce);
     connect(m_tick, SIGNAL(timeout()), this, SLOT(timerTickEvent()));
 }
@@ -215,12 +214,10 @@ void SerialReader::closeLostPort()
     m_host->portLost(m_portName); // may schedule this for deletion
 }
 
+// Eight data bits, one stop bit, neither parity nor flow control are what a port is opened with.
 void SerialReader::configurePort()
 {
     m_port.setBaudRate(baudRate);
-    m_port.setParity(QSerialPort::NoParity);
-    m_port.setDataBits(QSerialPort::Data8);
-    m_port.setFlowControl(QSerialPort::NoFlowControl);
     m_port.setDataTerminalReady(true);
     m_port.setRequestToSend(true);
 }
