@@ -1,4 +1,9 @@
+#include "app/tools/logbookhost.h"
 #include "documents/csvexport.h"
+#include "logbook/logbook.h"
+#include "logbook/window/course/coursepanel.h"
+#include "logbook/window/dialogs/foldersdialog.h"
+#include "logbook/window/logbookwindow.h"
 #include "support/columns.h"
 #include "support/documentrig.h"
 
@@ -280,6 +285,67 @@ private slots:
         if (written.contains("svg") || written.contains("PDF"))
             QVERIFY(qAbs(found.captured(1).toInt() - wanted.width()) < 1
                 && qAbs(found.captured(2).toInt() - wanted.height()) < 1);
+    }
+
+    /// By live recordings and by files that are opened and saved; its window comes back as it was left.
+    void logbookIsFed()
+    {
+        listen(1);
+        send(1, 5);
+        trigger(ActionId::Logbook);
+        LogbookWindow *book = window->findChild<LogbookHost *>()->window();
+        const auto *logbook = window->findChild<Logbook *>();
+        const QString journal = journals().value(0);
+        QTRY_VERIFY(logbook->recordingOf(journal) && logbook->recordingOf(journal)->isLive);
+        QCOMPARE(book->size(), QSize(1260, 760));
+        book->showMinimized();
+        window->activateWindow();
+        trigger(ActionId::Logbook);
+        QTRY_VERIFY(!book->isMinimized() && book->isActiveWindow());
+        plugged[0]->hangUp();
+        QTRY_VERIFY(!logbook->recordingOf(journal)->isLive);
+        const QString saved = fixture->path("saved.acp");
+        perform(ActionId::SaveAs, {enter(saved)});
+        QTRY_VERIFY(logbook->recordingOf(saved));
+        QCOMPARE(logbook->recordingOf(saved)->start, logbook->recordingOf(journal)->start);
+        QMetaObject::invokeMethod(book, "openWanted", Q_ARG(QStringList, {dataFile("other.acp", 9)}));
+        QTRY_VERIFY(logbook->recordingOf(fixture->path("other.acp")));
+        QTRY_COMPARE(book->shownIds().size(), 3);
+
+        const QString table = fixture->path("book.csv");
+        answer({enter(table)});
+        QMetaObject::invokeMethod(book, "tableWanted");
+        QTRY_COMPARE(book->statusBar()->currentMessage(), table + " written.");
+        QCOMPARE(contents(table).count('\n'), 4);
+        answer({[&](QDialog *dialog) {
+            QCOMPARE(dialog->parentWidget(), static_cast<QWidget *>(book));
+            QVERIFY(
+                qobject_cast<QFileDialog *>(dialog)->selectedFiles().value(0).endsWith("/pack course.png"));
+            enter(fixture->path("course.png"))(dialog);
+        }});
+        QMetaObject::invokeMethod(book, "pictureWanted");
+        QTRY_COMPARE(QImage(fixture->path("course.png")).size(), book->course().pictureSize());
+        FoldersDialog folders(QString(), {}, nullptr);
+        for (const bool chosen : {false, true}) {
+            answer({chosen ? enter(fixture->path("")) : reject()});
+            QMetaObject::invokeMethod(book, "folderWanted", Q_ARG(QWidget *, &folders));
+            QCOMPARE(folders.folders(), chosen ? QStringList(fixture->path("")) : QStringList());
+        }
+        book->resize(1111, 666);
+        window->close();
+        QVERIFY(!book->isVisible());
+        window.reset();
+        QVERIFY(writeFile(Logbook::defaultFolder() + "/logbook.sqlite", QByteArray(5000, 'x')));
+        open({});
+        QTRY_VERIFY(box("logbookDamaged"));
+        trigger(ActionId::Logbook);
+        QCOMPARE(window->findChild<LogbookHost *>()->window()->size(), QSize(1111, 666));
+        window.reset();
+        const QString data = Logbook::defaultFolder();
+        QVERIFY(QDir(data).removeRecursively() && writeFile(data, "")); // in its way
+        open({});
+        QTRY_VERIFY2(message().startsWith("The logbook can't be kept"), qPrintable(message()));
+        QVERIFY(QFile::remove(data));
     }
 
     void tidiesByAge()
