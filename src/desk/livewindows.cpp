@@ -22,9 +22,13 @@ RecordingWindow *LiveWindows::create()
 {
     MdiGraphChild *child = m_graphs->create();
     m_files->attach(child);
-    const QString journal = m_files->fileOf(child);
-    if (!journal.isEmpty())
-        child->setTitleTip(tr("Journal: %1").arg(QDir::toNativeSeparators(journal)));
+    const auto tell = [this, child] {
+        const QString journal = m_files->fileOf(child);
+        if (!journal.isEmpty())
+            child->setTitleTip(tr("Journal: %1").arg(QDir::toNativeSeparators(journal)));
+    };
+    tell();
+    QObject::connect(m_files, &WindowFiles::renamed, child, tell);
     return child;
 }
 

@@ -112,6 +112,11 @@ void WindowFiles::rename(const QString &fileName, const QString &newName)
         if (name == fileName)
             name = newName;
     }
+    for (QString &name : m_closed) {
+        if (name == fileName)
+            name = newName;
+    }
+    emit renamed();
 }
 
 void WindowFiles::watch(const MdiGraphChild *child, const QString &fileName)

@@ -52,6 +52,8 @@ public:
 signals:
     /// What hasClosed() says may have changed.
     void closedChanged();
+    /// Files that were there have another name.
+    void renamed();
 
 private slots:
     void forget(QObject *child);

@@ -1,5 +1,6 @@
 #include "app/sessionend.h"
 #include "documents/documents.h"
+#include "documents/graphfile.h"
 #include "documents/progressstrip.h"
 #include "displays/capacitydisplay.h"
 #include "displays/datadisplay.h"
@@ -12,6 +13,7 @@
 #include "support/limits.h"
 #include "support/paintlog.h"
 
+#include <QBuffer>
 #include <QMimeData>
 #include <QProgressBar>
 #include <QUrl>
@@ -216,12 +218,14 @@ private slots:
         listen(1);
         send(7, 1);
         const MdiGraphChild *live = window->activeMdiChild();
+        const QSignalSpy said(window->findChild<Documents *>(), SIGNAL(message(QString,int)));
         for (int i = 0; i < 2; ++i) {
             const AddressSpaceLimit limit(qint64(32) << 20); // the records alone need 57
             window->openFiles({large, path});
             plugged[0]->send(Lines::charger(7 + live->store().size()));
             QTRY_VERIFY_WITH_TIMEOUT(box("openFailures"), 60000);
             QCOMPARE(box("openFailures")->text().section("\n\n", 1), large + ": not enough memory");
+            QVERIFY(told(said).contains("Not enough memory to open large.acp 0"));
             delete box("openFailures");
             send(7 + live->store().size(), 1);
         }
@@ -287,6 +291,7 @@ private slots:
         child->markSaved("/some/where/run.acp", child->store().size());
         const QString named = graphPrintJob(child, "run").details;
         QVERIFY2(named.startsWith("1: Varnel 3 run.acp COM3, "), qPrintable(named));
+        QCOMPARE(job.title + ' ' + job.fileName, QString("Varnel - graph run"));
         QCOMPARE(job.size, QSizeF(child->size().expandedTo(QSize(640, 400))));
         const auto drawn = [&job] {
             PaintLog page(job.size.toSize());
@@ -299,6 +304,49 @@ private slots:
         QCOMPARE(drawn().constFirst(), QString("rect 0,0 640x400 #ffffff"));
         delete child;
         QCOMPARE(drawn(), QStringList());
+    }
+
+    /// Each on all of its page, and with a name for those who list documents.
+    void picturesFillTheirPages()
+    {
+        const Picture picture{
+            {96, 192}, [](QPainter *painter) { painter->fillRect(0, 0, 96, 192, Qt::red); }};
+        QBuffer svg, pdf, png;
+        for (const auto &[file, format] :
+            {std::pair(&svg, GraphFormat::Svg), {&pdf, GraphFormat::Pdf}, {&png, GraphFormat::Png}})
+            QVERIFY(file->open(QIODevice::WriteOnly) && writePicture(picture, format, file));
+        QVERIFY(svg.data().contains("<title>VarnelGraph</title>"));
+        QVERIFY(svg.data().contains("width=\"25.4mm\" height=\"50.8mm\""));
+        const QByteArray title = "VarnelGraph";
+        QByteArray wide;
+        for (const char letter : title)
+            wide += QByteArray(1, '\0') + letter;
+        QVERIFY(pdf.data().contains("/Title (\xfe\xff" + wide));
+        const int begin = pdf.data().indexOf("stream\n", pdf.data().indexOf("/Contents")) + 7;
+        const QByteArray drawn
+            = qUncompress(QByteArray("\0\0\x10\0", 4) + pdf.data().mid(begin)); // 72 by 144
+        QVERIFY2(drawn.contains("\n0.060000000 0 0 -0.060000000 0 144 cm\n"), drawn);
+        QVERIFY2(drawn.contains("\n12.5000000 0 0 12.5000000 0 0 cm\n0 0 96 192 re\n"), drawn);
+        const QImage image = QImage::fromData(png.data());
+        QCOMPARE(image.size(), QSize(96, 192));
+        QVERIFY(image.pixelColor(0, 0) == Qt::red && image.pixelColor(95, 191) == Qt::red);
+        QCOMPARE(image.dotsPerMeterY(), 3780);
+    }
+
+    /// Of several things under way at a time, from nothing to a thousand.
+    void progressIsShown()
+    {
+        QStatusBar bar;
+        ProgressStrip strip(&bar);
+        const auto *progress = bar.findChild<QProgressBar *>();
+        strip.begin();
+        strip.setProgress(0.5);
+        strip.begin();
+        QVERIFY(progress->value() == 500 && progress->maximum() == 1000);
+        strip.end();
+        strip.end();
+        strip.begin();
+        QCOMPARE(progress->value(), 0);
     }
 
     void dropped()

@@ -1,4 +1,5 @@
 #include "app/tools/logbookhost.h"
+#include "desk/windowfiles.h"
 #include "documents/csvexport.h"
 #include "logbook/logbook.h"
 #include "logbook/window/course/coursepanel.h"
@@ -8,6 +9,7 @@
 #include "support/documentrig.h"
 
 #include <QBuffer>
+#include <QDesktopServices>
 #include <QHeaderView>
 #include <QStyledItemDelegate>
 #include <QTreeView>
@@ -131,6 +133,35 @@ private slots:
         QVERIFY(box("exportFailed"));
         send(11, 10);
         QCOMPARE(loaded(journal).size(), 20);
+    }
+
+    /// Whoever has the old file keeps it; the recording goes on, its window closed or not.
+    void replacedJournalIsTold()
+    {
+        listen(1);
+        send(1, 5);
+        MdiGraphChild *child = window->activeMdiChild();
+        QString before = journals().value(0);
+        for (const bool closed : {false, true}) {
+            QVERIFY(QFile::rename(before, fixture->path("moved.acp" + before.right(7))));
+            QVERIFY(writeFile(before, "mine"));
+            QTRY_VERIFY(box("journalReplaced"));
+            const QString now = box("journalReplaced")->text().section('\n', -1);
+            QCOMPARE(box("journalReplaced")->text().section('\n', 1, 1), before);
+            QVERIFY(now != before && !box("journalReplaced")->isModal());
+            QTRY_COMPARE(loaded(now).size(), 5);
+            delete box("journalReplaced");
+            before = now;
+            if (closed)
+                break;
+            QCOMPARE(window->filesOfWindows().fileOf(child), now);
+            QCOMPARE(child->parentWidget()->toolTip(), "Journal: " + now);
+            QTRY_VERIFY(window->filesOfWindows().keepsAll(child));
+            closeWindow(child);
+        }
+        trigger(ActionId::ReopenClosed);
+        QTRY_VERIFY(window->activeMdiChild());
+        QCOMPARE(window->filesOfWindows().fileOf(window->activeMdiChild()), before);
     }
 
     void unreadableRecordsStayInTheJournal()
@@ -372,12 +403,19 @@ private slots:
             if (told) {
                 QVERIFY(!box("journalLarge")->isModal());
                 QVERIFY(box("journalLarge")->text().contains(JournalFolder::defaultPath()));
+                QDesktopServices::setUrlHandler("file", this, "takeUrl");
+                box("journalLarge")->buttons().constLast()->click();
+                QDesktopServices::unsetUrlHandler("file");
+                QCOMPARE(opened, QUrl::fromLocalFile(JournalFolder::defaultPath()));
             } else {
                 oldJournal(2, large);
             }
             window.reset();
         }
     }
+
+public slots:
+    void takeUrl(const QUrl &url) { opened = url; }
 
 private:
     static Varnel3Data record(const QString &figures)
@@ -410,6 +448,8 @@ private:
         const bool done = QDir().mkpath(folder.path()) && writeFile(name, "") && QFile::resize(name, size);
         return done && makeOld(name, daysAgo) ? name : QString();
     }
+
+    QUrl opened; // by the desktop, as it was told
 };
 
 QTEST_MAIN(TestRecordings)

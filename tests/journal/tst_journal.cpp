@@ -129,6 +129,8 @@ private slots:
         QVERIFY(QFile::remove(name) && writeFile(name, "precious\n"));
         replaced.reset();
         QCOMPARE(contents(name), QByteArray("precious\n")); // not the journal's
+        QMetaObject::invokeMethod(&keeper, "lookAfterFiles"); // of which there are none any more
+        QVERIFY(!keeper.findChild<QTimer *>()->isActive());
     }
 
     // One goes on, one ends meanwhile: its window may be closed, and nothing else holds what waits.
@@ -177,6 +179,13 @@ private slots:
         JournalKeeper keeper(inTheWay);
         QSignalSpy stalled(&keeper, SIGNAL(stalled(QString)));
         QSignalSpy resumed(&keeper, SIGNAL(resumed()));
+        send(*keeper.create(port), 0, 1); // what waited is not missed in a file that is not kept
+        QVERIFY(stalled.size() == 1 && resumed.size() == 1);
+        const QString lone = keeper.currentFile(port);
+        QVERIFY(QFile::remove(inTheWay) && QDir().mkpath(inTheWay) && writeFile(lone, ""));
+        QVERIFY(keeper.holdsAll(lone) && QDir(inTheWay).removeRecursively() && writeFile(inTheWay, "x"));
+        stalled.clear();
+        resumed.clear();
         for (const int tooMuch : {0, 65}) {
             std::unique_ptr<RecordingLog> log = keeper.create(port);
             send(*log, 0, 2);

@@ -1,6 +1,7 @@
 #include "link/serialreader.h"
 
 #include "link/clockcommand.h"
+#include "link/hangup.h"
 #include "settings/varnelsettings.h"
 #include "support/columns.h"
 #include "support/fakeshell.h"
@@ -133,6 +134,11 @@ void SerialReaderTest::startsAfresh()
     QVERIFY(reader->start());
     device->send(charging(5));
     QTRY_COMPARE(recordings(), QVector<Recording>({{"5"}}));
+    reader->stop();
+    QSerialPort other(findPort(port).location);
+    QVERIFY(other.open(QIODevice::ReadWrite) && !hasHungUp(other));
+    device->hangUp();
+    QVERIFY(hasHungUp(other));
 }
 
 void SerialReaderTest::keepsEveryLine()

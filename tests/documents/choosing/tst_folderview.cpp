@@ -293,6 +293,11 @@ private slots:
             const QString larger = QLocale::system().formattedDataSize(2 * Lines::charger(0).size());
             QTRY_COMPARE(names(), QString("New Folder sub a.txt new.ACP run3.acp"));
             QCOMPARE(dialog->selectedFiles(), QStringList(path("run3.acp")));
+            QStringList held; // below, of what was once asked for
+            const QModelIndex root = source->index(path(""));
+            for (int row = 0; row < source->rowCount(root); ++row)
+                held << source->fileName(source->index(row, 0, root));
+            QVERIFY(held.contains("run3.acp") && held.contains(".hidden") && !held.contains("run2.acp"));
             QTRY_VERIFY(cells(4).contains(larger));
             QVERIFY(model->setData(model->index(4, 0), "first.acp"));
             QVERIFY(
