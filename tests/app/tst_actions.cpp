@@ -1,3 +1,4 @@
+#include "app/userguide.h"
 #include "app/viewswitchboard.h"
 #include "displays/capacitydisplay.h"
 #include "displays/datadisplay.h"
@@ -6,10 +7,12 @@
 #include "graph/mdigraphchild.h"
 #include "settings/viewstate.h"
 #include "support/columns.h"
+#include "support/files.h"
 #include "support/lines.h"
 #include "support/settle.h"
 #include "support/shellrig.h"
 
+#include <QDesktopServices>
 #include <QLabel>
 #include <QMenuBar>
 #include <QSignalSpy>
@@ -280,7 +283,40 @@ private slots:
         QVERIFY(window->findChild<QToolButton *>("energyAction")->defaultAction() == action(Id::Energy));
     }
 
+    /// In the order of how it is installed; what can't be opened is told.
+    void userGuide()
+    {
+        const QString program = fixture->path("a/b/c");
+        QVERIFY(QDir().mkpath(program + "/doc") && QDir().mkpath(fixture->path("a/share/doc/varnelgraph"))
+            && QDir().mkpath(fixture->path("docs")));
+        QCOMPARE(UserGuide::pageFor(program), QString());
+        for (const char *page : {"docs/user-guide.md", "a/share/doc/varnelgraph/user-guide.md",
+                 "a/share/doc/varnelgraph/user-guide.html", "a/b/c/doc/user-guide.html"}) {
+            QVERIFY(writeFile(fixture->path(page), ""));
+            QCOMPARE(UserGuide::pageFor(program), fixture->path(page));
+        }
+        trigger(Id::UserGuide);
+        QCOMPARE(box("noUserGuide")->text(), QString("The user guide is not installed."));
+        delete box("noUserGuide");
+        QDir own(QCoreApplication::applicationDirPath() + "/doc");
+        const QString page = own.filePath("user-guide.html");
+        QVERIFY(own.mkpath(".") && writeFile(page, ""));
+        for (const bool opens : {true, false}) {
+            QDesktopServices::setUrlHandler("file", opens ? this : nullptr, "takeUrl");
+            trigger(Id::UserGuide);
+        }
+        QCOMPARE(opened, QUrl::fromLocalFile(page));
+        QCOMPARE(box("noUserGuide")->text(),
+            "No program opens the user guide. It lies in:\n" + QDir::toNativeSeparators(page));
+        QVERIFY(own.removeRecursively());
+    }
+
+public slots:
+    void takeUrl(const QUrl &url) { opened = url; }
+
 private:
+    QUrl opened; // by the desktop, as it was told
+
     QAction *action(Id id) const { return window->actionSet()[id]; }
     void click(const Ids &ids) const
     {

@@ -49,6 +49,29 @@ private slots:
         QCOMPARE(line.message.isEmpty(), task != CommandLine::Print && task != CommandLine::Refuse);
     }
 
+    /// Behind it stands where help is to be had.
+    void refusals()
+    {
+        const QString recording = "A recording is not written over: ";
+        const std::pair<const char *, QString> rows[]
+            = {{"--colour red", "Unknown option 'colour'."}, {"--language=xx", "--language: unknown word xx"},
+                {"--render o.png --view cell a", "--view: unknown word cell"},
+                {"--render o.png --size 99x400 a", "Not a size between 100x100 and 32767x32767: 99x400"},
+                {"--export-csv o --render p a", "Only one of --export-csv, --logbook-csv and --render."},
+                {"--export-csv o", "One recording FILE is needed."},
+                {"--logbook-csv o a", "The logbook needs no recording FILE."},
+                {"--export-csv o.acp a", recording + "o.acp"}, {"--export-csv o.ABP a", recording + "o.ABP"},
+                {"--render o.gif a", "The drawing's name must end in .png, .svg or .pdf: o.gif"}};
+        for (const auto &[words, message] : rows)
+            QCOMPARE(parseCommandLine(QString("varnelgraph %1").arg(words).split(' ')).message,
+                message + "\nUsage: varnelgraph [options] [FILE...]; see varnelgraph --help.\n");
+        QCoreApplication::setApplicationVersion("V1");
+        QCOMPARE(parseCommandLine({"varnelgraph", "-v"}).message, QString("VarnelGraph V1\n"));
+        const QString help = parseCommandLine({"varnelgraph", "--help-all"}).message;
+        for (const char *said : {"[FILE...]", "--logbook-csv <out>", "Recordings (.acp, .abp) to open."})
+            QVERIFY2(help.contains(said), qPrintable(help));
+    }
+
     /// Background, lines, balancer, average, dV, temperature, resistance; right axis; cell value. The last
     /// word counts.
     void drawingSwitches()

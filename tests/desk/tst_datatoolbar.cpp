@@ -27,6 +27,10 @@ private slots:
             {V::NoMode, 6, 4200, 2000, 251, 150, 3723, "|||||"}, // no process
         };
         DataToolBar bar(nullptr);
+        QVERIFY(!bar.isMovable() && !bar.isFloatable());
+        const auto labels = bar.findChildren<QLabel *>();
+        for (const QLabel *label : labels)
+            QVERIFY(label->frameStyle() == QFrame::Box && label->alignment() == Qt::AlignCenter);
         for (const auto &row : rows) {
             V record;
             record.mode = row.mode;

@@ -45,6 +45,8 @@ private slots:
             return texts.join('|');
         };
         QCOMPARE(shown(), QString("Listening: no port"));
+        QCOMPARE(label(0)->contentsMargins(), QMargins(8, 0, 0, 0));
+        QVERIFY(label(0)->minimumWidth() == 1 && label(0)->textFormat() == Qt::PlainText);
         facts.set(StatusFacts::Lost, "COM2", "since <noon>");
         facts.set(StatusFacts::Lost, "COM1");
         QCOMPARE(shown(), QString("Lost: COM1, COM2|Listening: no port"));
@@ -74,6 +76,7 @@ private slots:
         PackSource source(window->findChild<GraphWindows *>(), window->findChild<StaleWatch *>());
         MdiGraphChild *first = window->createMdiChild();
         window->createMdiChild()->addRecord(Lines::record(5));
+        QCOMPARE(message(), QString("Device: Varnel 3"));
         const auto packs = source.packs();
         QCOMPARE(packs.size(), 2);
         QCOMPARE(packs[0].windowNumber * 10 + packs[1].windowNumber, 12);
@@ -137,6 +140,8 @@ private slots:
         child->addRecord(Lines::record(5));
         trigger(ActionId::BarGraph);
         auto *watch = window->findChild<StaleWatch *>();
+        QVERIFY(watch->findChild<QTimer *>()->isActive());
+        QCOMPARE(watch->findChild<QTimer *>()->interval(), 1000);
         watch->findChild<QTimer *>()->stop(); // which knows the time
         const QDateTime now = QDateTime::currentDateTime();
         const QString since = now.toString("HH:mm:ss");

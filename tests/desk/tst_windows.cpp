@@ -86,6 +86,7 @@ private slots:
         for (const QWidget *one : std::initializer_list<const QWidget *>{display<DataDisplay>(),
                  display<CapacityDisplay>(), display<PowerDisplay>(), display<VoltageComparison>()})
             QVERIFY2(area.contains(one->geometry()), qPrintable(one->windowTitle()));
+        QCOMPARE(display<VoltageComparison>()->size(), QSize(640, 360));
         QVERIFY(window->viewState().switches().blackBackground);
         trigger(ActionId::White);
         QVERIFY(!window->viewState().switches().blackBackground);

@@ -85,6 +85,7 @@ void TestDialogs::aboutSaysWhatItIs()
     }
     QCOMPARE(said.join(' '),
         "picture Version V4.60 https://varnel.example.com/ https://shop.varnel.example.com/"_s);
+    QVERIFY(about.findChild<QPushButton *>()->isDefault());
     about.findChild<QPushButton *>()->click();
     QVERIFY(!about.isVisible());
     QCOMPARE(about.exec(1), int(QDialog::Rejected)); // by itself
@@ -98,6 +99,8 @@ void TestDialogs::preferencesAreStoredOnOk()
     DialogPreferences dialog(nullptr);
     QCOMPARE(dialog.windowTitle(), "Varnel - preferences"_s);
     QVERIFY(dialog.minimumSize() == QSize(425, 345) && dialog.maximumSize() == dialog.minimumSize());
+    QVERIFY(dialog.findChild<QPushButton *>("preferencesButtonOk"_s)->isDefault());
+    QVERIFY(dialog.findChild<QScrollArea *>()->widgetResizable());
     QCOMPARE(placesIn(dialog),
         QStringList({" 20,10 381x191", "Set varnel3's time while starting 20,210 355x20", "OK 20,250 120x23",
             "Cancel 150,250 120x23", "Refresh 280,250 120x23", "Reset 280,280 120x23",

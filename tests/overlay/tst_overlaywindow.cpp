@@ -41,6 +41,7 @@ private slots:
         window->renumerateWindows();
         trigger(ActionId::Overlay);
         QCOMPARE(entries(), "2: COM3 3; 3: COM5 5");
+        QCOMPARE(overlay()->size(), QSize(960, 600));
         window->activeMdiChild()->addRecord(Lines::record(9)); // what is shown stays as it was
         trigger(ActionId::Overlay);
         QCOMPARE(entries(), "2: COM3 3; 3: COM5 5");
@@ -64,6 +65,12 @@ private slots:
         open({});
         trigger(ActionId::Overlay);
         QCOMPARE(overlay()->size(), QSize(1111, 666));
+        QCOMPARE(overlay()->statusBar()->currentMessage(), QString());
+        for (int i = 0; i < 21; ++i)
+            window->createMdiChild()->addRecord(Lines::record(i));
+        trigger(ActionId::Overlay);
+        QCOMPARE(overlay()->plot()->shown().entries.size(), 20);
+        QCOMPARE(overlay()->statusBar()->currentMessage(), QString("No more than 20 recordings are shown."));
     }
 
     /// Labels given, from a journal's name, from a file's time; one that is none and one without a record.
@@ -76,20 +83,23 @@ private slots:
             && file.setFileTime(QDateTime({2026, 5, 4}, {10, 1, 30}), QFileDevice::FileModificationTime));
         file.close();
         const QString none = fixture->path("none.acp");
-        QVERIFY(writeFile(none, "no recording\n"));
+        const QString empty = fixture->path("empty.acp");
+        QVERIFY(writeFile(none, "no recording\n") && writeFile(empty, ""));
         commands->showFiles({journal, other}, {"Pack 3,\n2026-05-03"});
         QTRY_COMPARE(entries(), "Pack 3, 2026-05-03 4; other, ~2026-05-04 10:00 61");
         answer({[&](QDialog *dialog) {
             auto *chooser = qobject_cast<QFileDialog *>(dialog);
-            enterName(chooser, '"' + journal + "\" \"" + none + '"');
+            enterName(chooser, '"' + QStringList({journal, none, empty}).join("\" \"") + '"');
         }});
         overlay()->findChild<QPushButton *>("overlayFiles")->click();
         QTRY_COMPARE(entries(), "Pack 3, 2026-05-03 4; other, ~2026-05-04 10:00 61; Pack 3, 2026-05-03 4");
         auto *failures = overlay()->findChild<QMessageBox *>("overlayFailures");
-        QVERIFY(failures && failures->text().contains("none.acp: "));
-        failures->close();
+        QVERIFY(failures && failures->text().startsWith(none + ": "));
+        QCOMPARE(failures->text().section('\n', 1), empty + ": no records");
+        delete failures;
         commands->showFiles(QVector<QString>(25, journal).toList(), {});
         QTRY_COMPARE(entries().count("COM7"), 20);
+        QVERIFY(!overlay()->findChild<QMessageBox *>("overlayFailures")); // nothing fails any more
     }
 
     /// What was read by then stays; a window that is closed shows nothing of what was being read.
