@@ -93,7 +93,8 @@ Documents::Documents(QWidget *shellWindow, ProgressStrip *strip, FileWriter *fil
     , m_labels(labelBytes)
 {
     connect(m_queue, SIGNAL(message(QString,int)), this, SIGNAL(message(QString,int)));
-    connect(m_queue, SIGNAL(loaded(QString,SeriesStore*)), this, SLOT(onLoaded(QString,SeriesStore*)));
+    connect(m_queue,
+        SIGNAL(loaded(QString,SeriesStore*,FileStamp)), this, SLOT(onLoaded(QString,SeriesStore*,FileStamp)));
     connect(m_queue, SIGNAL(finished(QStringList,int)), this, SLOT(onFinished(QStringList,int)));
 }
 
@@ -197,13 +198,13 @@ void Documents::openFrom(QFileDialog &dialog)
         open(files);
 }
 
-void Documents::onLoaded(const QString &fileName, SeriesStore *store)
+void Documents::onLoaded(const QString &fileName, SeriesStore *store, const FileStamp &stamp)
 {
     auto *child = new MdiGraphChild(m_graphs, m_shell);
     child->load(std::move(*store), fileName);
     m_windowFiles->attachFile(child, fileName);
     m_graphs->place(child);
-    emit fileOpened(fileName);
+    emit fileOpened(fileName, child, stamp);
 }
 
 void Documents::onFinished(const QStringList &failures, int total)

@@ -16,6 +16,7 @@ class DataFilePieces;
 class QWidget;
 class WindowFiles;
 class SeriesStore;
+struct FileStamp;
 struct WriteOutcome;
 
 /// Opens data files in graph windows of their own, and saves graph windows as data files.
@@ -48,8 +49,8 @@ public:
 
 signals:
     void message(const QString &text, int timeout);
-    /// A graph window shows what stands in `fileName`.
-    void fileOpened(const QString &fileName);
+    /// `child` shows what stood in `fileName` when that had `stamp`.
+    void fileOpened(const QString &fileName, MdiGraphChild *child, const FileStamp &stamp);
     /// `fileName` was written; the same records stand in `source`, which is empty where no file holds them.
     void fileSaved(const QString &fileName, const QString &source);
     /// What was to be opened is, or could not be: the windows are to be numbered, before the displays are
@@ -57,7 +58,7 @@ signals:
     void opened();
 
 private slots:
-    void onLoaded(const QString &fileName, SeriesStore *store);
+    void onLoaded(const QString &fileName, SeriesStore *store, const FileStamp &stamp);
     void onFinished(const QStringList &failures, int total);
     void nameSaved();
 

@@ -115,7 +115,7 @@ void FileQueue::takeResult()
     const LoadOutcome outcome = loadOutcome(*loader);
     emit message(outcome.text, outcome.timeout);
     if (store)
-        emit loaded(name, store.get());
+        emit loaded(name, store.get(), loader->stamp());
 }
 
 void FileQueue::finish()

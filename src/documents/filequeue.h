@@ -9,6 +9,7 @@ class DataFileLoader;
 class ProgressStrip;
 class QTimer;
 class SeriesStore;
+struct FileStamp;
 
 /// Reads data files one after the other in slices of the event loop, so that ports are read and windows drawn
 /// meanwhile. Input is held back until all are read, but for cancelling.
@@ -29,8 +30,9 @@ public slots:
     void cancel();
 
 signals:
-    /// A file was read, be it with no record. The receiver may take the records away.
-    void loaded(const QString &fileName, SeriesStore *store);
+    /// A file was read as it stood with `stamp`, be it with no record. The receiver may take the records
+    /// away.
+    void loaded(const QString &fileName, SeriesStore *store, const FileStamp &stamp);
     /// What to tell in the status bar of a file that was read or refused.
     void message(const QString &text, int timeout);
     /// Nothing is left to read. `failures`: a line with name and reason for each that

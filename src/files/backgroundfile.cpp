@@ -37,11 +37,17 @@ struct BackgroundFile::Shared {
     mutable std::condition_variable changed;
     std::atomic<bool> ready = false; // there are chunks, or there will be no more
     std::atomic<qint64> size = 0;
-    QQueue<QByteArray> chunks; // these are guarded by the mutex
+    FileStamp stamp; // these are guarded by the mutex
+    QQueue<QByteArray> chunks;
     QString error;
     bool ended = false;
     bool abandoned = false;
 
+    void setStamp(const FileStamp &opened)
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        stamp = opened;
+    }
     void end(const QString &text)
     {
         const std::lock_guard<std::mutex> lock(mutex);
@@ -87,6 +93,7 @@ void BackgroundFile::run(const std::shared_ptr<Shared> &shared, const QString &f
             return shared->end(file.errorString());
         shared->size = file.size();
         const QDateTime before = file.fileTime(QFileDevice::FileModificationTime);
+        shared->setStamp({shared->size, before.toMSecsSinceEpoch()});
         for (;;) {
             QByteArray chunk(chunkSize, Qt::Uninitialized);
             const qint64 got = file.read(chunk.data(), chunk.size());
@@ -121,6 +128,12 @@ bool BackgroundFile::waitReady(int milliseconds) const
 qint64 BackgroundFile::size() const
 {
     return m_shared->size;
+}
+
+FileStamp BackgroundFile::stamp() const
+{
+    const std::lock_guard<std::mutex> lock(m_shared->mutex);
+    return m_shared->stamp;
 }
 
 qint64 BackgroundFile::readData(char *data, qint64 maxSize)

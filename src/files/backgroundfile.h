@@ -1,5 +1,7 @@
 #pragma once
 
+#include "files/filestamp.h"
+
 #include <QCoreApplication>
 #include <QIODevice>
 #include <QString>
@@ -24,6 +26,7 @@ public:
     bool isSequential() const override { return true; }
     /// Bytes of the file; 0 until it is open.
     qint64 size() const override;
+    FileStamp stamp() const; ///< of the file as it was opened
 
 protected:
     qint64 readData(char *data, qint64 maxSize) override;

@@ -235,6 +235,11 @@ void DataFileLoader::finish(Status status)
     m_records.clear();
 }
 
+FileStamp DataFileLoader::stamp() const
+{
+    return m_file ? m_file->stamp() : FileStamp();
+}
+
 double DataFileLoader::progress() const
 {
     if (m_status != Status::Reading)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/filestamp.h"
 #include "files/linesource.h"
 
 #include "data/records/balanceintegrator.h"
@@ -44,6 +45,8 @@ public:
     Status status() const { return m_status; }
     double progress() const; ///< 0 to 1, by bytes
     QString fileName() const { return m_fileName; }
+    /// Of the file as it was opened; not known of a device.
+    FileStamp stamp() const;
     /// Why the file was not loaded; empty when it was.
     QString reason() const;
     /// Line of the file that was wrong, from 1; 0 when none was.

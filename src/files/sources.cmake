@@ -1,4 +1,5 @@
 target_sources(varnel_core PRIVATE
+    files/filestamp.h
     files/linesource.cpp files/linesource.h
     files/linetrimming.h
     files/filekind.cpp files/filekind.h

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/filestamp.h"
 #include "logbook/logbookrecording.h"
 
 #include <QPair>
@@ -7,16 +8,6 @@
 #include <QVector>
 
 #include <optional>
-
-/// What tells whether a file has changed.
-struct FileStamp {
-    qint64 size = -1; ///< bytes; -1: not read
-    qint64 modified = 0; ///< ms since 1970 in UTC
-
-    bool isKnown() const { return size >= 0; }
-    bool operator==(const FileStamp &other) const { return size == other.size && modified == other.modified; }
-    bool operator!=(const FileStamp &other) const { return !(*this == other); }
-};
 
 /// A row with what its reader wants to know of the file.
 struct LogbookEntry {

@@ -25,39 +25,70 @@ constexpr double longest = 1e9; // s, that a recording's clock is believed
 
 /// A file on its way through loading, drawing out its series, and reckoning.
 struct LogbookReader::Current {
-    explicit Current(const FoundFile &file)
+    Current(const FoundFile &file, const Series &borrowed)
         : found(file)
-        , loader(file.file)
+        , opened(borrowed)
     {
+        if (!opened || !opened())
+            read();
     }
     /// True while there is more.
     bool goOn()
     {
         QElapsedTimer slice;
         slice.start();
-        if (!store) {
-            if (loader.readSome(sliceTime))
+        if (loader && !store) {
+            if (loader->readSome(sliceTime))
                 return true;
-            if (loader.status() != DataFileLoader::Status::Loaded)
+            if (loader->status() != DataFileLoader::Status::Loaded)
                 return false;
             store = std::make_unique<SeriesStore>();
-            store->beginLoad(loader.takeRecords());
+            store->beginLoad(loader->takeRecords());
         }
         while (!slice.hasExpired(sliceTime)) {
-            if (!reckoning && store->loadSome(recordsBetweenLooks))
+            if (!reckoning && store && store->loadSome(recordsBetweenLooks))
                 continue;
             if (!reckoning)
-                reckoning = std::make_unique<LogbookReckoning>(*store);
+                reckoning = std::make_unique<LogbookReckoning>(*series());
             if (!reckoning->goOn(recordsBetweenLooks))
                 return false;
         }
         return true;
     }
+    /// Reads the file where what was opened has gone.
+    void follow()
+    {
+        if (!loader && !opened())
+            read();
+    }
+    void giveUpForMemory()
+    {
+        reckoning.reset();
+        store.reset();
+        status = DataFileLoader::Status::NoMemory;
+    }
+    /// Once it is at its end, as that of the loader.
+    DataFileLoader::Status outcome() const
+    {
+        return loader && status == DataFileLoader::Status::Loaded ? loader->status() : status;
+    }
+    const SeriesStore *series() const { return store ? store.get() : opened(); }
+    bool isWaiting() const { return loader && loader->isWaiting(); }
 
     FoundFile found;
-    DataFileLoader loader;
-    std::unique_ptr<SeriesStore> store;
     std::unique_ptr<LogbookReckoning> reckoning;
+
+private:
+    void read()
+    {
+        reckoning.reset();
+        loader = std::make_unique<DataFileLoader>(found.file);
+    }
+
+    Series opened;
+    std::unique_ptr<DataFileLoader> loader; // null while what was opened is there
+    std::unique_ptr<SeriesStore> store;
+    DataFileLoader::Status status = DataFileLoader::Status::Loaded;
 };
 
 LogbookReader::LogbookReader(Logbook *logbook, const QString &ownFolder, QObject *parent)
@@ -106,13 +137,14 @@ void LogbookReader::readAgain()
             strays += file;
     }
     if (!strays.isEmpty())
-        lookAtFiles(strays);
+        lookAtFiles(strays, Opened());
 }
 
 void LogbookReader::cancel()
 {
     m_isCancelled = true;
     m_waiting.clear();
+    m_opened.clear();
     m_current.reset();
     m_next.reset();
     rest();
@@ -128,7 +160,12 @@ void LogbookReader::look(const QStringList &files)
     QStringList paths;
     for (const QString &file : files)
         paths += QFileInfo(file).absoluteFilePath();
-    lookAtFiles(paths);
+    lookAtFiles(paths, Opened());
+}
+
+void LogbookReader::lookAtOpened(const QString &file, const FileStamp &stamp, const Series &series)
+{
+    lookAtFiles({QFileInfo(file).absoluteFilePath()}, {stamp, series});
 }
 
 void LogbookReader::lookAtCopy(const QString &file, const QString &source)
@@ -257,12 +294,16 @@ void LogbookReader::lookThroughFolder(const QString &folder)
         });
 }
 
-void LogbookReader::lookAtFiles(const QStringList &files)
+void LogbookReader::lookAtFiles(const QStringList &files, const Opened &opened)
 {
     ++m_looks;
     m_jobs.run([asked = question(m_ownFolder), files] { return lookAt(asked, files); },
-        [this](const FolderNews &news) {
+        [this, opened](const FolderNews &news) {
             m_folders[m_ownFolder].isUnsettled |= news.isUnsettled;
+            for (const FoundFile &file : news.found) {
+                if (opened.series && file.stamp == opened.stamp)
+                    m_opened.insert(file.file, opened);
+            }
             takeNews(news);
             takeFound(news.found);
         });
@@ -326,26 +367,32 @@ void LogbookReader::readOn()
     takeWaiting();
     if (!workOn())
         takeResult();
-    m_slices->setInterval(m_current && m_current->loader.isWaiting() ? waitTime : 0);
+    m_slices->setInterval(m_current && m_current->isWaiting() ? waitTime : 0);
 }
 
 void LogbookReader::takeWaiting()
 {
     if (!m_current)
-        m_current = m_next ? std::move(m_next) : std::make_unique<Current>(m_waiting.takeLast());
+        m_current = m_next ? std::move(m_next) : nextWaiting();
     if (!m_next && !m_waiting.isEmpty())
-        m_next = std::make_unique<Current>(m_waiting.takeLast());
+        m_next = nextWaiting();
+}
+
+std::unique_ptr<LogbookReader::Current> LogbookReader::nextWaiting()
+{
+    const FoundFile file = m_waiting.takeLast();
+    const Opened opened = m_opened.take(file.file);
+    return std::make_unique<Current>(file, opened.stamp == file.stamp ? opened.series : Series());
 }
 
 /// True while the file is not ready.
 bool LogbookReader::workOn()
 {
     try {
+        m_current->follow();
         return m_current->goOn();
     } catch (const std::bad_alloc &) {
-        m_current->reckoning.reset();
-        m_current->store.reset();
-        m_current->loader.giveUpForMemory();
+        m_current->giveUpForMemory();
         return false;
     }
 }
@@ -354,8 +401,8 @@ bool LogbookReader::workOn()
 void LogbookReader::takeResult()
 {
     const std::unique_ptr<Current> read = std::move(m_current);
-    const DataFileLoader::Status status = read->loader.status();
-    if (read->reckoning && !read->store->isEmpty())
+    const DataFileLoader::Status status = read->outcome();
+    if (read->reckoning && !read->series()->isEmpty())
         takeRead(*read);
     else if (status != DataFileLoader::Status::NoMemory && status != DataFileLoader::Status::CanNotOpen)
         m_logbook->addRefused({refusalKey(read->found.file, read->found.stamp)});
@@ -390,7 +437,7 @@ LogbookEntry LogbookReader::entryOf(const Current &read, const LogbookRecording 
     if (before && before->start.isValid() && !before->isStartApproximate)
         recording.start = before->start;
     if (!recording.start.isValid()) {
-        const PlotSeries &time = read.store->series(SeriesStore::Time);
+        const PlotSeries &time = read.series()->series(SeriesStore::Time);
         const double seconds = qBound(0.0, time.last() - time[0], longest);
         recording.start = QDateTime::fromMSecsSinceEpoch(entry.stamp.modified - qint64(seconds) * 1000);
         recording.isStartApproximate = true;

@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QObject>
 
+#include <functional>
 #include <memory>
 
 class DataFileLoader;
@@ -34,6 +35,11 @@ public:
     bool isReading() const;
     int filesDone() const { return m_done; } ///< of those found since it was last at rest
     int filesToDo() const { return m_toDo; } ///< the same, done or not
+
+    /// Looks at a file that was opened. `series` gives what stood in it when it had `stamp`, null once that
+    /// has gone or changed: until then the file is not read once more.
+    using Series = std::function<const SeriesStore *()>;
+    void lookAtOpened(const QString &file, const FileStamp &stamp, const Series &series);
 
 public slots:
     /// Looks through all folders now, also after cancel().
@@ -70,6 +76,10 @@ private:
         bool isBusy = false; // a thread is at it
         bool isWanted = false; // once more after that
     };
+    struct Opened {
+        FileStamp stamp;
+        Series series; // empty: of nothing
+    };
     struct Current;
 
     QStringList folders() const;
@@ -78,8 +88,9 @@ private:
     void takeTime(const QString &folder, qint64 modified);
     void takeNews(const FolderNews &news);
     void takeFound(const QVector<FoundFile> &found);
-    void lookAtFiles(const QStringList &files);
+    void lookAtFiles(const QStringList &files, const Opened &opened);
     void takeWaiting();
+    std::unique_ptr<Current> nextWaiting();
     bool workOn();
     void takeResult();
     void takeRead(const Current &read);
@@ -92,6 +103,7 @@ private:
     QTimer *m_slices; // child; runs while there are files to read
     QHash<QString, Folder> m_folders;
     QVector<FoundFile> m_waiting; // oldest first
+    QHash<QString, Opened> m_opened; // of those in m_waiting
     QHash<QString, QString> m_sources; // of files that were overwritten and are to be read
     std::unique_ptr<Current> m_current; // the file that is being read
     std::unique_ptr<Current> m_next; // its disk is asked meanwhile

@@ -9,6 +9,9 @@
 #include "displays/datadisplay.h"
 #include "displays/powerdisplay.h"
 #include "displays/voltagecomparison.h"
+#include "documents/documents.h"
+#include "documents/filequeue.h"
+#include "graph/mdigraphchild.h"
 #include "logbook/logbook.h"
 #include "logbook/logbookeditor.h"
 #include "resources/resources.h"
@@ -192,6 +195,41 @@ private slots:
     }
 
     // Told once each, be there ever so many changes.
+    /// The logbook takes the figures of an opened file from its window while there is one: what stands in the
+    /// file by then, and looks the same, is not read.
+    void openedFileIsReadOnce()
+    {
+        open({});
+        const auto *logbook = window->findChild<Logbook *>();
+        QTRY_VERIFY(logbook->isOpen());
+        auto *documents = window->findChild<Documents *>();
+        const auto lines = [](int last) {
+            return Lines::recordLine("#06C05%____0", 0, ",4100,1,4100,1") + '\n'
+                + Lines::recordLine("#06C05%____0", last, ",4100,1,4100,1") + '\n';
+        };
+        for (const bool closes : {false, true}) {
+            const QString name = fixture->path(closes ? "closed.acp" : "open.acp");
+            QVERIFY(writeFile(name, lines(30)));
+            const auto replace = connect(documents->findChild<FileQueue *>(), &FileQueue::message, [&] {
+                const QDateTime time = QFileInfo(name).lastModified();
+                QVERIFY(writeFile(name, lines(50))); // it has been read
+                QFile file(name);
+                QVERIFY(file.open(QFile::ReadWrite) && file.setFileTime(time, QFile::FileModificationTime));
+            });
+            const auto close = connect(
+                documents, &Documents::fileOpened, [closes](const QString &, const MdiGraphChild *child) {
+                    if (closes)
+                        delete child;
+                });
+            documents->open({name});
+            QTRY_VERIFY_WITH_TIMEOUT(
+                logbook->recordingOf(name) && logbook->recordingOf(name)->figures.records == 2, 60000);
+            disconnect(replace);
+            disconnect(close);
+            QCOMPARE(logbook->recordingOf(name)->figures.duration, closes ? 50 : 30);
+        }
+    }
+
     /// What the disk does not take is not lost unasked.
     void unwrittenLogbook()
     {

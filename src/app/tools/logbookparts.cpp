@@ -1,6 +1,7 @@
 #include "app/tools/logbookparts.h"
 
 #include "documents/documents.h"
+#include "graph/mdigraphchild.h"
 #include "journal/journalkeeper.h"
 #include "logbook/logbook.h"
 #include "logbook/logbookeditor.h"
@@ -8,6 +9,7 @@
 #include "widgets/warningbox.h"
 
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QWidget>
 
@@ -29,7 +31,9 @@ LogbookParts::LogbookParts(QWidget *shell, const JournalKeeper *keeper, const Do
     connect(keeper, SIGNAL(ended(QString)), m_reader, SLOT(endLive(QString)));
     connect(keeper, SIGNAL(discarded(QString)), m_reader, SLOT(dropLive(QString)));
     connect(keeper, SIGNAL(replaced(QString,QString)), m_reader, SLOT(renameLive(QString,QString)));
-    connect(documents, SIGNAL(fileOpened(QString)), m_reader, SLOT(look(QString)));
+    connect(documents,
+        SIGNAL(fileOpened(QString,MdiGraphChild*,FileStamp)), this,
+            SLOT(onOpened(QString,MdiGraphChild*,FileStamp)));
     connect(documents, SIGNAL(fileSaved(QString,QString)), m_reader, SLOT(lookAtCopy(QString,QString)));
     connect(m_logbook, SIGNAL(troubleChanged()), this, SLOT(tellTrouble()));
     connect(m_logbook, SIGNAL(told(QString)), this, SLOT(tellDamage(QString)));
@@ -55,6 +59,16 @@ bool LogbookParts::mayClose()
     box.setDefaultButton(QMessageBox::Cancel);
     box.exec();
     return box.clickedButton() == sure || m_logbook->isUsersWritten();
+}
+
+// The window may be closed before its turn comes, and records may be added to it.
+void LogbookParts::onOpened(const QString &fileName, MdiGraphChild *child, const FileStamp &stamp)
+{
+    const QPointer<MdiGraphChild> window(child);
+    const quint64 revision = child->store().revision();
+    m_reader->lookAtOpened(fileName, stamp, [window, revision] {
+        return window && window->store().revision() == revision ? &window->store() : nullptr;
+    });
 }
 
 void LogbookParts::tellTrouble()

@@ -7,7 +7,9 @@ class JournalKeeper;
 class Logbook;
 class LogbookEditor;
 class LogbookReader;
+class MdiGraphChild;
 class QWidget;
+struct FileStamp;
 
 /// The user's logbook with what reads and what changes it, fed by the journals of live recordings and by the
 /// files that are opened and saved.
@@ -32,6 +34,7 @@ signals:
     void message(const QString &text, int timeout);
 
 private slots:
+    void onOpened(const QString &fileName, MdiGraphChild *child, const FileStamp &stamp);
     void tellTrouble();
     void tellDamage(const QString &text);
 

@@ -54,7 +54,8 @@ void OverlayCommands::show()
         m_window = new OverlayWindow(m_parts.state, m_shell);
         auto *strip = new ProgressStrip(m_window->statusBar());
         m_queue = new FileQueue(strip, m_window);
-        connect(m_queue, SIGNAL(loaded(QString,SeriesStore*)), this, SLOT(onLoaded(QString,SeriesStore*)));
+        connect(m_queue,
+            SIGNAL(loaded(QString,SeriesStore*,FileStamp)), this, SLOT(onLoaded(QString,SeriesStore*)));
         connect(m_queue, SIGNAL(finished(QStringList,int)), this, SLOT(onFinished(QStringList)));
         connect(m_queue, SIGNAL(message(QString,int)), this, SLOT(onMessage(QString,int)));
         connect(m_window, SIGNAL(filesWanted()), this, SLOT(addFiles()));
