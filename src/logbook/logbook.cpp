@@ -157,7 +157,6 @@ void Logbook::take(const LogbookEntry &found)
     apply(batch);
 }
 
-// The file would lose the row at the new name even where there is none to be renamed.
 void Logbook::takeOther(const LogbookEntry &found)
 {
     LogbookBatch batch;
@@ -169,6 +168,7 @@ void Logbook::takeOther(const LogbookEntry &found)
     apply(batch);
 }
 
+// The file would lose the row at the new name even where there is none to be renamed.
 void Logbook::rename(const QString &file, const QString &newFile)
 {
     if (file == newFile || !m_byFile.contains(file))

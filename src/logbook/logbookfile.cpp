@@ -74,7 +74,8 @@ bool run(const QSqlDatabase &database, const char *statement, QSqlError *error)
     return good;
 }
 
-/// The code with which a page could not be had, of what a check has found; 0 where it has found another fault.
+/// The code with which a page could not be had, of what a check has found; 0 where it has found another
+/// fault.
 int codeIn(const QString &found)
 {
     static const QRegularExpression code(QStringLiteral("error code[ =]([0-9]{1,9})"));

@@ -30,8 +30,8 @@ public:
         Never ///< the file does not take it
     };
     /// Writes `batches`, in their order, as a whole or not at all. `reason`: the system's words where they
-    /// were not written. What the user has changed is on the disk when this returns; what was only read may be
-    /// lost with the system's power.
+    /// were not written. What the user has changed is on the disk when this returns; what was only read may
+    /// be lost with the system's power.
     Written write(const QVector<LogbookBatch> &batches, QString *reason);
     /// Another program has written since this was asked last, or since open().
     bool wasWrittenByOthers();

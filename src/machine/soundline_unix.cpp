@@ -5,8 +5,8 @@
 
 namespace {
 
-// Kept for good, one of each file: to let one go whose file ends too soon, the library waits for its rest, and
-// that never comes.
+// Kept for good, one of each file: to let one go whose file ends too soon, the library waits for its rest,
+// and that never comes.
 QSound *soundOf(const QString &file)
 {
     static auto *const sounds = new QHash<QString, QSound *>;

@@ -8,13 +8,19 @@
 
 #include <algorithm>
 
-/// A picture that is only taken down, one line an operation, in pixels:   rect 30,140 38x84 #007f00    line
-/// 20,224 450,224 #7f7f7f    curve 40,118 400,43 of 20 pen2 #00ff00   text '1' mid 49,238 13 bold Arial
-/// #ffffff   disc 20,30 8x8 #00ff00   A curve is there as the "shape" of its box, too. Before a colour "pen2" tells the width of a frame, or of a stroke that is not one pixel wide,
-/// "dash1,2" the pattern of one that has gaps. A text is there in five ways, "at" the start of its baseline,
-/// by where its "left" end, its "mid" or its "right" end lies at half its height, or its middle at its
-/// "foot", so that a test names the one that its box holds and no font can change. "dim" ends a line that is
-/// less than opaque.
+/// A picture that is only taken down, one line an operation, in pixels:
+///
+///     rect 30,140 38x84 #007f00
+///     line 20,224 450,224 #7f7f7f
+///     curve 40,118 400,43 of 20 pen2 #00ff00
+///     text '1' mid 49,238 13 bold Arial #ffffff
+///     disc 20,30 8x8 #00ff00
+///
+/// A curve is there as the "shape" of its box, too. Before a colour "pen2" tells the width of a frame, or of
+/// a stroke that is not one pixel wide, "dash1,2" the pattern of one that has gaps. A text is there in five
+/// ways, "at" the start of its baseline, by where its "left" end, its "mid" or its "right" end lies at half
+/// its height, or its middle at its "foot", so that a test names the one that its box holds and no font can
+/// change. "dim" ends a line that is less than opaque.
 class PaintLog : public QPaintDevice {
 public:
     explicit PaintLog(const QSize &size = {})

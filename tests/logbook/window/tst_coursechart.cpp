@@ -228,7 +228,8 @@ private slots:
             QTest::newRow(chart) << QString(chart) << QString::fromUtf8(painted);
         };
         row("percent marked",
-            "rect 0,0 400x300 #000000; line 54,249 351,249 #505050; text '4.5' right 48,249 12 Arial #ffffff; "
+            "rect 0,0 400x300 #000000; line 54,249 351,249 #505050; "
+            "text '4.5' right 48,249 12 Arial #ffffff; "
             "line 54,59 351,59 #505050; text '5.1' right 48,59 12 Arial #ffffff; "
             "text 'Ah' right 48,20 12 Arial #ffffff; line 351,91 354,91 #aaaaaa; "
             "text '100 %' left 357,91 12 Arial #ffffff; text '102 %' left 357,59 12 Arial #ffffff; "
@@ -237,10 +238,12 @@ private slots:
             "text 'nominal' right 346,83 12 Arial #ffa500; line 104,91 203,154 pen1.5 #ff0000; "
             "curve 199,150 199,150 of 5 pen1.5 #ff0000; disc 203,154 16x16 pen2 #ffffff; "
             "curve 203,118 199,126 of 3 pen1.5 #0000ff; disc 302,59 8x8 #000000; "
-            "curve 104,180 98,186 of 4 pen1.5 #ff0000; shape 98,180 10.4x10.4 #ff0000; shape 199,118 8.8x8.8 #0000ff; curve 56,8 56,8 of 5 pen1.5 #ff0000; "
+            "curve 104,180 98,186 of 4 pen1.5 #ff0000; shape 98,180 10.4x10.4 #ff0000; "
+            "shape 199,118 8.8x8.8 #0000ff; curve 56,8 56,8 of 5 pen1.5 #ff0000; "
             "text 'One' left 70,12 12 Arial #ffffff; text 'Two' left %1,12 12 Arial #ffffff");
         row("white",
-            "rect 0,0 400x300 #ffffff; line 54,260 385,260 #d7d7d7; text '4.5' right 48,260 12 Arial #000000; "
+            "rect 0,0 400x300 #ffffff; line 54,260 385,260 #d7d7d7; "
+            "text '4.5' right 48,260 12 Arial #000000; "
             "text '1' mid 109,288 12 Arial #000000; rect 54,32 332x246 pen1 #5a5a5a");
         row("scale",
             "text '4.5' right 96,233 24 Arial #ffffff; text 'Ah' right 96,40 24 Arial #ffffff; "

@@ -267,8 +267,8 @@ private slots:
             TablePages::size().toSize(), [&](QPainter &painter) { pages.paint(painter, pages.count() - 1); },
             title
                 + (full ? "text 'Second' right 558,4 5 bold Arial #000000; text '0.1' right 558,13 5 Arial "
-                          "#000000; text '0.0' left 560,13 5 Arial #000000; text '85.1' right 558,735 5 Arial "
-                          "#000000"
+                          "#000000; text '0.0' left 560,13 5 Arial #000000; "
+                          "text '85.1' right 558,735 5 Arial #000000"
                         : "text 'Second' right 558,4 5 bold Arial #000000; text '86.1' right 558,13 5 Arial "
                           "#000000; text '86.0' left 560,13 5 Arial #000000"),
             !full);
