@@ -48,6 +48,9 @@ private slots:
                 {"modeLabel", "voltageLabel", "currentLabel", "temperatureLabel", "energyLabel", "timeLabel"})
                 texts << bar.findChild<QLabel *>(name)->text();
             QCOMPARE(texts.join('|'), expected);
+            for (const QLabel *label : labels) // for those who can't see it
+                QCOMPARE(
+                    label->accessibleName(), (label->toolTip() + ' ' + label->text().simplified()).trimmed());
         }
     }
 };

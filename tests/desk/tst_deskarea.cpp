@@ -101,6 +101,17 @@ private slots:
         const QString white = hint.arg("#e4e7eb", "#333840", "#555b66");
         const QString choose = "Choose the ports of your devices: File > Preferences.";
         const QString wait = "A window opens as soon as a device sends.";
+        area.show();
+        area.viewport()->installEventFilter(this);
+        const auto isPainted = [&](const auto &change) { // by itself
+            QCoreApplication::processEvents();
+            paints = 0;
+            change();
+            QTRY_VERIFY(paints > 0);
+        };
+        isPainted([&] { area.tellPorts({"COM7"}); });
+        isPainted([&] { area.setBlack(false); });
+        area.setBlack(true);
         area.tellPorts({});
         QCOMPARE(painted(), black.arg("No port is listened on", choose));
         area.tellPorts({"COM1"});
@@ -108,8 +119,11 @@ private slots:
         area.tellPorts({"COM1", "COM2"});
         area.setBlack(false);
         QCOMPARE(painted(), white.arg("Listening on COM1, COM2", wait));
-        area.addSubWindow(new QWidget)->hide();
+        auto *window = area.addSubWindow(new QWidget);
+        window->hide();
         QCOMPARE(painted(), QString("rect 0,0 800x400 #e4e7eb")); // nobody needs it any more
+        area.dressTitle(window);
+        QVERIFY(qobject_cast<const QProxyStyle *>(window->style()));
     }
 
     void titlesAreLegible()
@@ -141,6 +155,16 @@ private slots:
                     qPrintable(ground.pixelColor(100, y).name()));
         }
     }
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        paints += event->type() == QEvent::Paint;
+        return false;
+    }
+
+private:
+    int paints = 0;
 };
 
 QTEST_MAIN(TestDeskArea)

@@ -5,6 +5,7 @@
 #include "desk/stalewatch.h"
 #include "displays/capacitydisplay.h"
 #include "displays/datadisplay.h"
+#include "displays/powerdisplay.h"
 #include "graph/mdigraphchild.h"
 #include "support/fakelink.h"
 #include "support/lines.h"
@@ -14,6 +15,7 @@
 #include <QDeadlineTimer>
 #include <QLabel>
 #include <QMdiSubWindow>
+#include <QProxyStyle>
 
 /// What the tool bar, the displays and the status bar tell of the graph windows, and of which one.
 class TestDeskFigures : public QObject, private ShellRig {
@@ -77,7 +79,9 @@ private slots:
         MdiGraphChild *first = window->createMdiChild();
         window->createMdiChild()->addRecord(Lines::record(5));
         QCOMPARE(message(), QString("Device: Varnel 3"));
+        first->setPortName("COM7");
         const auto packs = source.packs();
+        QVERIFY(!first->sourceName().isEmpty() && packs[0].source == first->sourceName());
         QCOMPARE(packs.size(), 2);
         QCOMPARE(packs[0].windowNumber * 10 + packs[1].windowNumber, 12);
         QCOMPARE(packs[1].voltages[5], 4200);
@@ -99,6 +103,7 @@ private slots:
         trigger(ActionId::Data);
         const auto *number = figures()->findChild<QLabel *>("windowNumberLabel");
         QTRY_COMPARE(number->text(), QString("3"));
+        QCOMPARE(window->findChild<PowerDisplay *>()->windowNumber(), 3);
         first->close();
         QTRY_COMPARE(number->text(), QString("2"));
         second->close();
@@ -106,6 +111,39 @@ private slots:
         third->close();
         QMetaObject::invokeMethod(window.get(), "toolBarEnergy", Q_ARG(bool, true));
         QTRY_VERIFY(!number->isVisible());
+    }
+
+    /// Above what is open, but for dialogs; dressed, and painted as soon as a switch is thrown.
+    void newWindowComesForward()
+    {
+        QWidget other;
+        other.show();
+        other.activateWindow();
+        QTRY_VERIFY(other.isActiveWindow());
+        MdiGraphChild *child = window->createMdiChild();
+        const auto *frame = qobject_cast<QMdiSubWindow *>(child->parentWidget());
+        QTRY_VERIFY(window->isActiveWindow());
+        QVERIFY(window->findChild<DeskArea *>()->activeSubWindow() == frame && child->isVisible());
+        QVERIFY(qobject_cast<const QProxyStyle *>(frame->style()));
+        QMessageBox question(window.get());
+        question.setModal(true);
+        question.show();
+        other.activateWindow();
+        window->createMdiChild();
+        QCoreApplication::processEvents();
+        QVERIFY(!window->isActiveWindow());
+        question.hide();
+        auto *graphs = window->findChild<GraphWindows *>();
+        auto *ended = new MdiGraphChild(graphs, window.get()); // as a file told
+        ended->setToolTip("Completed");
+        ended->setWindowIcon(QPixmap(16, 16));
+        graphs->place(ended);
+        QCOMPARE(ended->parentWidget()->toolTip(), QString("Completed"));
+        QCOMPARE(ended->parentWidget()->windowIcon().cacheKey(), ended->windowIcon().cacheKey());
+        child->installEventFilter(this);
+        paints = 0;
+        trigger(ActionId::White);
+        QVERIFY(paints > 0);
     }
 
     /// Of a window that comes to the front and whose newest record lacks resistances, nothing is known.
@@ -165,6 +203,7 @@ private slots:
         lookAfter(StaleWatch::patience * 1000);
         QCOMPARE(told(), QString("1111"));
         QCOMPARE(watch->staleSince(child), now);
+        QCOMPARE(PackSource(window->findChild<GraphWindows *>(), watch).packs().at(0).staleSince, now);
         QVERIFY(capacities() != before);
         child->addRecord(Lines::record(6));
         QCOMPARE(told(), QString("0000"));
@@ -175,7 +214,15 @@ private slots:
         QVERIFY(!watch->staleSince(child).isValid());
     }
 
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        paints += event->type() == QEvent::Paint;
+        return false;
+    }
+
 private:
+    int paints = 0;
     FakeLink link;
     DataDisplay *figures() const { return window->findChild<DataDisplay *>(); }
 };

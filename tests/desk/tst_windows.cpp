@@ -90,6 +90,8 @@ private slots:
                  display<CapacityDisplay>(), display<PowerDisplay>(), display<VoltageComparison>()})
             QVERIFY2(area.contains(one->geometry()), qPrintable(one->windowTitle()));
         QCOMPARE(display<VoltageComparison>()->size(), QSize(640, 360));
+        QVERIFY(display<PowerDisplay>()->pos() != display<CapacityDisplay>()->pos()
+            || area.bottom() > 670 + 280); // where there was no room
         QVERIFY(window->viewState().switches().blackBackground);
         trigger(ActionId::White);
         QVERIFY(!window->viewState().switches().blackBackground);
@@ -360,6 +362,32 @@ private slots:
                 QVERIFY(area.contains(frame) && !frame.intersects(menus) && !frame.intersects(other));
             WindowPlace::settle(&display, {frame}); // from now on it stands where the user wants it
             QCOMPARE(display.pos(), frame.topLeft());
+        }
+    }
+
+    /// The nearest place of those that cover least, next to edges of the screen or of what is there.
+    void movedDisplaysTakeTheNearestPlace()
+    {
+        const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+        const int width = area.width(), height = area.height(), low = height - 185; // with a frame of 208x184
+        const QPoint below(250, 9999), beside(9999, 100); // x or y is kept
+        const struct {
+            QPoint saved;
+            QRect taken;
+            QPoint place;
+        } rows[] = {{below, {}, {250, low}}, {beside, {}, {width - 209, 100}},
+            {below, {200, 0, 200, height}, {400, low}}, {below, {300, 0, width, height}, {92, low}},
+            {below, {0, 500, width, height}, {250, 316}}, {beside, {0, 50, width, 150}, {width - 209, 200}},
+            {below, {0, 0, width - 100, height}, {width - 208, low}},
+            {below, {100, 0, width, height}, {0, low}},
+            {below, {0, 0, width, height - 50}, {250, height - 184}},
+            {below, {0, 50, width, height}, {250, 0}}, {below, {0, 0, width, height}, {250, low}}};
+        for (const auto &row : rows) {
+            QWidget display;
+            display.resize(200, 150);
+            WindowPlace::place(&display, area.topLeft() + row.saved, QPoint());
+            WindowPlace::settle(&display, {row.taken.translated(area.topLeft())});
+            QCOMPARE(display.pos(), area.topLeft() + row.place);
         }
     }
 
