@@ -140,7 +140,7 @@ private slots:
         graphs->place(ended);
         QCOMPARE(ended->parentWidget()->toolTip(), QString("Completed"));
         QCOMPARE(ended->parentWidget()->windowIcon().cacheKey(), ended->windowIcon().cacheKey());
-        child->installEventFilter(this);
+        ended->installEventFilter(this);
         paints = 0;
         trigger(ActionId::White);
         QVERIFY(paints > 0);
