@@ -3,6 +3,7 @@
 #include "data/figuretext.h"
 #include "graph/plot/graphfonts.h"
 #include "graph/plot/graphtools.h"
+#include "graph/plot/straightlines.h"
 #include "graph/scene/cursordifference.h"
 #include "series/seriesstore.h"
 #include "graph/scene/timedivision.h"
@@ -82,12 +83,12 @@ QPen axisPen(const GraphCanvas &c)
     return ofWholePixels(c, c.tools.axisPens[c.request.switches.blackBackground]);
 }
 
-void paintPlotGrid(const GraphCanvas &c, PlotArea area)
+void paintPlotGrid(const GraphCanvas &c, PlotArea area, StraightLines *lines)
 {
     const QRect rect = c.layout.area(area);
     QList<double> times;
-    const QVector<Tick> lines = ticks(c);
-    for (const Tick &tick : lines)
+    const QVector<Tick> columns = ticks(c);
+    for (const Tick &tick : columns)
         times.append(tick.time);
     QList<double> heights;
     const QVector<int> rows = c.layout.valueHeights(area);
@@ -105,7 +106,12 @@ void paintPlotGrid(const GraphCanvas &c, PlotArea area)
     tools.grid.setMajorPen(gridPen(c));
     tools.grid.setXDiv(tools.timeDivision);
     tools.grid.setYDiv(tools.valueDivision);
-    tools.grid.draw(c.painter, c.timeMap, heightMap, QRectF(rect));
+    if (!lines->isQuick()) {
+        tools.grid.draw(c.painter, c.timeMap, heightMap, QRectF(rect));
+        return;
+    }
+    QPainter painter(lines);
+    tools.grid.draw(&painter, c.timeMap, heightMap, QRectF(rect));
 }
 
 } // namespace
@@ -173,25 +179,26 @@ void paintTimeAxis(const GraphCanvas &c)
 void paintGrid(const GraphCanvas &c, bool perCell)
 {
     const QRect lower = c.layout.area(PlotArea::Lower);
+    StraightLines lines(c.painter);
     for (PlotArea area : {PlotArea::Upper, PlotArea::Lower}) {
         const QRect rect = c.layout.area(area);
-        c.painter->setPen(axisPen(c));
-        c.painter->drawLine(rect.left() - 2, rect.top(), rect.left() - 2, rect.bottom());
-        c.painter->drawLine(rect.right() + 2, rect.top(), rect.right() + 2, rect.bottom());
+        lines.setPen(axisPen(c));
+        lines.draw({rect.left() - 2, rect.top(), rect.left() - 2, rect.bottom()});
+        lines.draw({rect.right() + 2, rect.top(), rect.right() + 2, rect.bottom()});
         if (perCell) {
-            paintPlotGrid(c, area);
+            paintPlotGrid(c, area, &lines);
             continue;
         }
-        c.painter->setPen(gridPen(c));
+        lines.setPen(gridPen(c));
         const QVector<int> heights = c.layout.valueHeights(area);
         for (const int y : heights)
-            c.painter->drawLine(rect.left(), y, rect.right(), y);
+            lines.draw({rect.left(), y, rect.right(), y});
     }
     if (perCell)
         return;
-    const QVector<Tick> lines = ticks(c);
-    for (const Tick &tick : lines)
-        c.painter->drawLine(tick.x, c.layout.plotTop(), tick.x, lower.bottom());
+    const QVector<Tick> columns = ticks(c);
+    for (const Tick &tick : columns)
+        lines.draw({tick.x, c.layout.plotTop(), tick.x, lower.bottom()});
 }
 
 void paintNoData(

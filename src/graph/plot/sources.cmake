@@ -7,5 +7,6 @@ target_sources(varnel_gui PRIVATE
     graph/plot/graphtools.cpp graph/plot/graphtools.h
     graph/plot/legendpainter.cpp graph/plot/legendpainter.h
     graph/plot/scaledrawtime.cpp graph/plot/scaledrawtime.h
+    graph/plot/straightlines.cpp graph/plot/straightlines.h
     graph/plot/valueaxispainter.cpp graph/plot/valueaxispainter.h
 )

@@ -4,6 +4,7 @@
 #include "support/paintlog.h"
 
 #include <QImage>
+#include <QPicture>
 #include <QtTest>
 
 #include <algorithm>
@@ -288,6 +289,14 @@ void TestGraphPainter::paints()
     QImage image(shown.request().size, QImage::Format_RGB32);
     QPainter painter(&image);
     fresh.paint(&painter, shown.request()); // figures far outside don't stop what makes pixels
+    QPicture taken;
+    QPainter taker(&taken);
+    fresh.paint(&taker, shown.request());
+    taker.end();
+    QImage replayed = image;
+    replayed.fill(Qt::red);
+    QPainter(&replayed).drawPicture(0, 0, taken);
+    QCOMPARE(image, replayed); // what is quick has the pixels of what is not
 }
 
 QTEST_MAIN(TestGraphPainter)
