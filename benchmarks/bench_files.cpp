@@ -4,6 +4,7 @@
 #include "files/disk/filesync.h"
 #include "files/wholefile.h"
 #include "series/seriesstore.h"
+#include "floors.h"
 #include "machinememory.h"
 #include "naive/naivecsv.h"
 #include "naive/naiverecordline.h"
@@ -34,6 +35,12 @@ QString sampleFile(int count)
         writeWholeFile(name, lines);
     }
     return name;
+}
+
+QByteArray contents(const QString &name)
+{
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 void readNaive(benchmark::State &state)
@@ -72,6 +79,15 @@ void readHouse(benchmark::State &state)
     }
 }
 
+// The bytes of the file, in memory.
+void readFloor(benchmark::State &state)
+{
+    const QByteArray bytes = contents(sampleFile(int(state.range(0))));
+    takeMemoryFromHost(enoughToRead);
+    for (auto _ : state)
+        passOver(bytes);
+}
+
 // A file is opened once, not again and again: nothing is found of what another opening left in the
 // processor's caches or among the memory that the process has given back to itself.
 void readOnce(benchmark::State &state)
@@ -105,6 +121,24 @@ void saveNaive(benchmark::State &state, bool synced)
         if (synced && !(file.flush() && syncToDisk(file.handle())))
             state.SkipWithError("not synced");
     }
+}
+
+// Bytes that are ready are written to a file and nothing more.
+void writeFloor(benchmark::State &state, const QByteArray &bytes, bool synced)
+{
+    const QTemporaryDir folder;
+    for (auto _ : state) {
+        QFile file(folder.filePath(QStringLiteral("floor")));
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+            state.SkipWithError("not written");
+        if (synced && !(file.flush() && syncToDisk(file.handle())))
+            state.SkipWithError("not synced");
+    }
+}
+
+void saveFloor(benchmark::State &state, bool synced)
+{
+    writeFloor(state, contents(sampleFile(sampleCount)), synced);
 }
 
 // With all that makes it safe: a temporary file, synced, that replaces the old one.
@@ -157,13 +191,27 @@ void exportHouse(benchmark::State &state)
     }
 }
 
+void exportFloor(benchmark::State &state)
+{
+    const QTemporaryDir folder;
+    CsvRows rows(readRecording());
+    const QString name = folder.filePath(QStringLiteral("house.csv"));
+    if (!writeWholeFile(name, rows).written)
+        state.SkipWithError("not written");
+    writeFloor(state, contents(name), true);
+}
+
 } // namespace
 
 BENCHMARK(readNaive)->Name("read file/naive")->Arg(sampleCount)->Iterations(1);
 BENCHMARK(readHouse)->Name("read file/house")->Arg(32768)->Arg(sampleCount);
+BENCHMARK(readFloor)->Name("read file/floor")->Arg(sampleCount);
 BENCHMARK(readOnce)->Name("read file/once")->Arg(32768)->Arg(sampleCount);
 BENCHMARK(exportNaive)->Name("export table/naive")->Iterations(1);
 BENCHMARK(exportHouse)->Name("export table/house");
+BENCHMARK(exportFloor)->Name("export table/floor");
 BENCHMARK_CAPTURE(saveNaive, plain, false)->Name("save file/naive")->Iterations(1);
 BENCHMARK_CAPTURE(saveNaive, synced, true)->Name("save file/naive synced")->Iterations(1);
 BENCHMARK(saveHouse)->Name("save file/house");
+BENCHMARK_CAPTURE(saveFloor, plain, false)->Name("save file/floor");
+BENCHMARK_CAPTURE(saveFloor, synced, true)->Name("save file/floor synced");

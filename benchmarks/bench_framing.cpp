@@ -1,4 +1,5 @@
 #include "link/lineframer.h"
+#include "floors.h"
 #include "naive/naiveframer.h"
 #include "samplerecording.h"
 
@@ -46,7 +47,15 @@ void framingHouse(benchmark::State &state)
     state.SetBytesProcessed(state.iterations() * bytes.size());
 }
 
+void framingFloor(benchmark::State &state)
+{
+    const QByteArray bytes = stream();
+    for (auto _ : state)
+        passOver(bytes);
+}
+
 } // namespace
 
 BENCHMARK(framingNaive)->Name("framing/naive")->Unit(benchmark::kMillisecond);
 BENCHMARK(framingHouse)->Name("framing/house")->Unit(benchmark::kMillisecond);
+BENCHMARK(framingFloor)->Name("framing/floor")->Unit(benchmark::kMillisecond);

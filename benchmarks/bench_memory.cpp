@@ -13,12 +13,13 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <ctime>
 #include <memory>
 #include <vector>
 
 #include <benchmark/benchmark.h>
 
-// Counters in MB of what the process alone holds; report.py runs these in a process of their own.
+// Counters in MB, of a single record in bytes, of what the process alone holds, and `longest` in ms; report.py runs these in a process of their own.
 namespace {
 
 constexpr int windows = 8;
@@ -68,6 +69,33 @@ void eightWindows(benchmark::State &state)
             open.push_back(liveWindow(&shell));
     }
     state.counters["held"] = megabytesHeld() - before;
+}
+
+double processorMilliseconds()
+{
+    timespec time = {};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return double(time.tv_sec) * 1e3 + double(time.tv_nsec) * 1e-6;
+}
+
+// A recording that grows to a million records, and what one of them takes with all its series.
+void recordsAppended(benchmark::State &state)
+{
+    const auto cells = int(state.range(0));
+    takeMemoryFromHost(enoughForMillion);
+    const double before = megabytesHeld();
+    SeriesStore store;
+    double longest = 0.0;
+    for (auto _ : state) {
+        for (int i = 0; i < million; ++i) {
+            const Varnel3Data record = sampleRecord(i, cells);
+            const double begin = processorMilliseconds();
+            store.append(record);
+            longest = std::max(longest, processorMilliseconds() - begin);
+        }
+    }
+    state.counters["held"] = (megabytesHeld() - before) * 1e6 / million;
+    state.counters["longest"] = longest;
 }
 
 // Opened as from the file dialog, drawn, closed.
@@ -138,5 +166,6 @@ void twentyDays(benchmark::State &state)
 } // namespace
 
 BENCHMARK(eightWindows)->Name("memory/eight windows")->Iterations(1);
+BENCHMARK(recordsAppended)->Name("memory/records")->Arg(16)->Arg(6)->Arg(0)->Iterations(1);
 BENCHMARK(millionRecords)->Name("memory/a million records")->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(twentyDays)->Name("memory/twenty days")->Iterations(1)->Unit(benchmark::kMillisecond);

@@ -1,4 +1,5 @@
 #include "protocol/recordline.h"
+#include "floors.h"
 #include "naive/naiverecordline.h"
 #include "samplerecording.h"
 
@@ -43,6 +44,15 @@ void parseHouse(benchmark::State &state)
     state.SetItemsProcessed(state.iterations() * count);
 }
 
+void parseFloor(benchmark::State &state)
+{
+    const QStringList texts = lines();
+    for (auto _ : state) {
+        for (const QString &text : texts)
+            passOver(text.constData(), std::size_t(text.size()) * sizeof(QChar));
+    }
+}
+
 void formatNaive(benchmark::State &state)
 {
     const RecordList records = sampleRecording(count);
@@ -69,9 +79,22 @@ void formatHouse(benchmark::State &state)
     state.SetItemsProcessed(state.iterations() * count);
 }
 
+// The lines, written beforehand, are copied.
+void formatFloor(benchmark::State &state)
+{
+    const QByteArray written = sampleLines(count);
+    QByteArray copy(written.size(), '\0');
+    for (auto _ : state) {
+        std::memcpy(copy.data(), written.constData(), std::size_t(written.size()));
+        benchmark::ClobberMemory();
+    }
+}
+
 } // namespace
 
 BENCHMARK(parseNaive)->Name("parse line/naive")->Unit(benchmark::kMillisecond);
 BENCHMARK(parseHouse)->Name("parse line/house")->Unit(benchmark::kMillisecond);
+BENCHMARK(parseFloor)->Name("parse line/floor")->Unit(benchmark::kMillisecond);
 BENCHMARK(formatNaive)->Name("format line/naive")->Unit(benchmark::kMillisecond);
 BENCHMARK(formatHouse)->Name("format line/house")->Unit(benchmark::kMillisecond);
+BENCHMARK(formatFloor)->Name("format line/floor")->Unit(benchmark::kMillisecond);

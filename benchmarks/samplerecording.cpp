@@ -26,7 +26,6 @@ Varnel3Data sampleRecord(int index, int cells)
     record.device = Varnel3Data::Varnel3;
     record.mode = Varnel3Data::Charge;
     record.cellType = 5;
-    record.flag5 = 'B';
     record.ballansingCurrent = 500;
     record.cellCount = cells;
     record.setTime(index);
@@ -34,6 +33,11 @@ Varnel3Data sampleRecord(int index, int cells)
     record.temperature = 250 + int(60 * course) + noise(n, 2);
     record.energy = index / 2 % 100000;
     record.internalResistance = index % 97 == 0 ? 0 : 45 + noise(n, 3);
+    if (cells == 0) {
+        record.voltage = 12000 + int(3000 * course) + noise(n, 4);
+        return record;
+    }
+    record.flag5 = 'B';
     for (int i = 0; i < cells; ++i) {
         CellData &cell = record.cells[i];
         cell.voltage = 3300 + int(850 * course) + 3 * i + noise(n, 10 + unsigned(i));
