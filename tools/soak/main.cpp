@@ -33,6 +33,9 @@ void addOptions(QCommandLineParser *parser)
         {QStringLiteral("burst"),
             QStringLiteral("Instead: so many lines over one port, as fast as they are taken."),
             QStringLiteral("lines")},
+        {QStringLiteral("rest"),
+            QStringLiteral("Instead: three devices, so many of their seconds in one; then all minimised."),
+            QStringLiteral("speed")},
         {QStringLiteral("user"),
             QStringLiteral("Instead: somebody who does anything at any moment, so many steps."),
             QStringLiteral("steps")},
@@ -52,7 +55,8 @@ int playDevices(const QCommandLineParser &parser)
     if (lines > 0)
         load = std::make_unique<BurstLoad>(folder, lines);
     else
-        load = std::make_unique<RackLoad>(folder, parser.value(QStringLiteral("ports")).toInt());
+        load = std::make_unique<RackLoad>(folder, parser.value(QStringLiteral("ports")).toInt(),
+            parser.value(QStringLiteral("rest")).toDouble());
     DeviceSide side(load.get());
     return side.begin() ? QCoreApplication::exec() : 1;
 }
@@ -64,12 +68,17 @@ void dropPlatformComplaints(QtMsgType, const QMessageLogContext &, const QString
         std::fprintf(stderr, "%s\n", qPrintable(text));
 }
 
+constexpr int restPorts = 3;
+
 int putUnderLoad(const QCommandLineParser &parser)
 {
     SoakPlan plan;
     plan.minutes = parser.value(QStringLiteral("minutes")).toDouble();
     plan.ports = parser.value(QStringLiteral("ports")).toInt();
     plan.burst = parser.value(QStringLiteral("burst")).toLongLong();
+    plan.restSpeed = parser.value(QStringLiteral("rest")).toDouble();
+    if (plan.restSpeed > 0 && !parser.isSet(QStringLiteral("ports")))
+        plan.ports = restPorts;
     plan.onlyCount = parser.isSet(QStringLiteral("only-count"));
     if (plan.minutes <= 0 || plan.ports < 1) {
         std::fprintf(stderr, "varnelsoak: a number is not understood\n");

@@ -3,6 +3,7 @@
 #include "app/actionset.h"
 #include "devices/listenedports.h"
 #include "app/mainwindow.h"
+#include "app/process/screenplatform.h"
 #include "app/stylesheet.h"
 #include "graph/mdigraphchild.h"
 #include "resources/resources.h"
@@ -12,12 +13,26 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QWindow>
+
+#include <algorithm>
 
 namespace soak {
 
 namespace {
 
 constexpr QSize windowSize(1600, 1000);
+
+QList<QWindow *> windowsSeen()
+{
+    QList<QWindow *> windows;
+    const QWindowList all = QGuiApplication::topLevelWindows();
+    for (QWindow *window : all) {
+        if (window->isVisible())
+            windows.append(window);
+    }
+    return windows;
+}
 
 void useFolder(const char *variable, const QString &folder)
 {
@@ -57,6 +72,7 @@ void Program::open(int ports)
     installStyleSheet(qApp, QCoreApplication::applicationDirPath());
     m_window = std::make_unique<MainWindow>();
     m_window->resize(windowSize);
+    const auto openGl = ToolkitChoice::noOpenGl();
     m_window->show();
 }
 
@@ -79,12 +95,30 @@ int Program::recordings() const
     return count;
 }
 
-void Program::spreadOut()
+void Program::tile()
+{
+    m_window->actionSet()[ActionId::Tile]->trigger();
+}
+
+void Program::openDisplays()
 {
     const ActionSet &actions = m_window->actionSet();
-    for (const ActionId id : {ActionId::Tile, ActionId::Data, ActionId::BarGraph, ActionId::Graph,
-             ActionId::Balancer, ActionId::Power})
+    for (const ActionId id :
+        {ActionId::Data, ActionId::BarGraph, ActionId::Graph, ActionId::Balancer, ActionId::Power})
         actions[id]->trigger();
+}
+
+void Program::minimise()
+{
+    const QList<QWindow *> windows = windowsSeen();
+    for (QWindow *window : windows)
+        window->showMinimized();
+}
+
+bool Program::isMinimised() const
+{
+    const QList<QWindow *> windows = windowsSeen();
+    return std::none_of(windows.begin(), windows.end(), [](auto *window) { return window->isExposed(); });
 }
 
 LineCounts Program::records() const

@@ -29,8 +29,12 @@ public:
     int listened() const;
     /// Windows that hold records.
     int recordings() const;
-    /// Puts the graph windows side by side and opens every display.
-    void spreadOut();
+    /// Puts the graph windows side by side.
+    void tile();
+    void openDisplays(); ///< every one
+    /// Minimises every window, and tells whether that has been done.
+    void minimise();
+    bool isMinimised() const;
 
     /// Records of all graph windows, by the port that they came from.
     LineCounts records() const;

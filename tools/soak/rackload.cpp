@@ -16,11 +16,13 @@ const char *const descriptions[] = {
     "varnel2,cells=3",
 };
 
-sim::RunSettings atLineRate(const QString &folder)
+sim::RunSettings settingsFor(const QString &folder, double speed)
 {
     sim::RunSettings run;
     run.folder = folder;
-    run.lineRate = true;
+    run.lineRate = speed <= 0;
+    if (!run.lineRate)
+        run.speed = speed;
     return run;
 }
 
@@ -28,8 +30,8 @@ constexpr int longSilence = 1000000; // s
 
 } // namespace
 
-RackLoad::RackLoad(const QString &folder, int ports)
-    : m_rack(atLineRate(folder))
+RackLoad::RackLoad(const QString &folder, int ports, double speed)
+    : m_rack(settingsFor(folder, speed))
     , m_ports(ports)
 {
 }

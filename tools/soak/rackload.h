@@ -5,10 +5,11 @@
 
 namespace soak {
 
-/// Devices of all models that never come to an end, each as fast as its line carries.
+/// Devices of all models that never come to an end.
 class RackLoad : public Load {
 public:
-    RackLoad(const QString &folder, int ports);
+    /// `speed`: device seconds in a second; 0 sends as fast as each line carries.
+    RackLoad(const QString &folder, int ports, double speed);
 
     bool begin(QString *error) override;
     void quieten() override;

@@ -60,6 +60,10 @@ bool SoakRun::run()
 {
     if (!open())
         return false;
+    if (m_plan.restSpeed > 0) {
+        const bool rested = rest();
+        return countBothSides() && rested;
+    }
     m_plan.burst > 0 ? burst() : soak();
     bool held = countBothSides();
     if (m_plan.burst > 0)
@@ -90,6 +94,8 @@ bool SoakRun::open()
         QString::number(m_plan.ports)};
     if (m_plan.burst > 0)
         arguments += {QStringLiteral("--burst"), QString::number(m_plan.burst)};
+    if (m_plan.restSpeed > 0)
+        arguments += {QStringLiteral("--rest"), QString::number(m_plan.restSpeed)};
     if (!m_devices.start(arguments)) {
         say("the devices did not start\n");
         return false;
@@ -101,7 +107,9 @@ bool SoakRun::open()
             m_plan.ports);
         return false;
     }
-    m_program.spreadOut();
+    m_program.tile();
+    if (m_plan.restSpeed <= 0)
+        m_program.openDisplays();
     return true;
 }
 
@@ -136,10 +144,58 @@ void SoakRun::burst()
     m_burstRate = double(newest.records - begin.records) / (newest.time - begin.time);
 }
 
+// As a user leaves it for a day: the graphs in sight, every display besides, and all of them minimised.
+bool SoakRun::rest()
+{
+    say("%d ports, %g of their seconds in one, for %g minutes\n\n", m_plan.ports, m_plan.restSpeed,
+        m_plan.minutes);
+    if (!m_plan.onlyCount)
+        pass(warmUp);
+    say("%10s %10s %10s %8s %10s %10s\n", "windows", "seconds", "records", "cpu %", "memory MB", "repaints");
+    const double seconds = m_plan.minutes * 60 / 3;
+    const Reading seen = restFor("graphs", seconds);
+    m_program.openDisplays();
+    restFor("all", seconds);
+    m_program.minimise();
+    const bool minimised = waitFor([this] { return m_program.isMinimised(); }, drainTime);
+    const Reading unseen = restFor("minimised", seconds);
+    say("\n");
+    const double share = seen.processor / seen.time * 100;
+    bool held = verdict("share",
+        QStringLiteral("%1 % of a core with the graphs in sight, limit %2")
+            .arg(share, 0, 'f', 2)
+            .arg(m_plan.restShareLimit),
+        share <= m_plan.restShareLimit);
+    const double memory = double(seen.memory) / megabyte;
+    held &= verdict("memory",
+        QStringLiteral("%1 MB of its own, limit %2").arg(memory, 0, 'f', 1).arg(m_plan.restMemoryLimit),
+        memory <= m_plan.restMemoryLimit);
+    const QString text = minimised ? QStringLiteral("%1 while minimised, wanted none").arg(unseen.repaints)
+                                   : QStringLiteral("the windows were not minimised");
+    return verdict("repaints", text, minimised && unseen.records > 0 && unseen.repaints == 0, false) & held;
+}
+
+// What a span of this many seconds has cost, and the memory at its end. Some records come meanwhile.
+SoakRun::Reading SoakRun::restFor(const char *what, double seconds)
+{
+    constexpr int someRecords = 10;
+    const Reading begin = read();
+    pass(seconds);
+    waitFor([this, &begin] { return m_program.recordCount() >= begin.records + someRecords; }, openTime);
+    Reading end = read();
+    end.time -= begin.time;
+    end.processor -= begin.processor;
+    end.records -= begin.records;
+    end.repaints -= begin.repaints;
+    say("%10s %10.0f %10lld %8.2f %10.1f %10lld\n", what, end.time, static_cast<long long>(end.records),
+        end.processor / end.time * 100, double(end.memory) / megabyte, static_cast<long long>(end.repaints));
+    return end;
+}
+
 SoakRun::Reading SoakRun::read() const
 {
     return {double(m_clock.nsecsElapsed()) * 1e-9, processorSeconds(), m_program.recordCount(), ownMemory(),
-        m_program.dataSize()};
+        m_program.dataSize(), m_repaints.count()};
 }
 
 // What is beyond the data when the devices have just begun is the program itself.

@@ -2,6 +2,7 @@
 
 #include "soak/deviceprocess.h"
 #include "soak/program.h"
+#include "soak/repaints.h"
 #include "soak/responseprobe.h"
 
 #include <QElapsedTimer>
@@ -15,11 +16,14 @@ namespace soak {
 struct SoakPlan {
     double minutes = 10;
     int ports = 32;
+    double restSpeed = 0; ///< instead, few devices, this many of their seconds in one; then all minimised
     qint64 burst = 0; ///< lines sent over one port as fast as they are taken, instead of the minutes
     bool onlyCount = false; ///< nothing but a lost line is a failure
     double answerLimit = 50; ///< ms, 99th percentile
     double memoryLimit = 5; ///< MB beyond the data
     double rateLimit = 20000; ///< lines a second of a burst
+    double restShareLimit = 0.5; ///< per cent of a core, at rest
+    double restMemoryLimit = 40; ///< MB of its own, at rest
 };
 
 /// One run: opens everything, lets time pass, prints a table of what it cost and what held.
@@ -43,6 +47,7 @@ private:
         qint64 records = 0;
         qint64 memory = 0;
         qint64 data = 0;
+        qint64 repaints = 0;
     };
 
     /// Runs the event loop until `done()` or for `seconds`; what done() says then.
@@ -52,6 +57,8 @@ private:
     bool open();
     void soak();
     void burst();
+    bool rest();
+    Reading restFor(const char *what, double seconds);
     bool countBothSides();
     Reading read() const;
     double beyondData(const Reading &reading) const; // MB
@@ -61,6 +68,7 @@ private:
     Program m_program;
     DeviceProcess m_devices;
     std::unique_ptr<ResponseProbe> m_probe;
+    Repaints m_repaints;
     QElapsedTimer m_clock;
     QTimer m_rowTimer;
     Reading m_base; // everything is open, the devices are sending
