@@ -82,6 +82,12 @@ int codeIn(const QString &found)
     return code.match(found).captured(1).toInt();
 }
 
+/// The words of SQLite, without the toolkit's.
+QString reasonOf(const QSqlError &error)
+{
+    return error.databaseText().isEmpty() ? error.text() : error.databaseText();
+}
+
 int dataVersionOf(const QSqlDatabase &database)
 {
     QSqlQuery query(database);
@@ -182,7 +188,7 @@ LogbookFile::Written LogbookFile::write(const QVector<LogbookBatch> &batches, QS
         m_isCareful = careful;
     if (LogbookTables::write(database(), batches, &error))
         return Written::Yes;
-    *reason = error.text();
+    *reason = reasonOf(error);
     return isPassing(error) ? Written::NotYet : Written::Never;
 }
 
@@ -282,7 +288,7 @@ LogbookFile::Fault LogbookFile::check(const QSqlDatabase &database)
 
 LogbookFile::Fault LogbookFile::faultOf(const QSqlError &error)
 {
-    m_reason = error.text();
+    m_reason = reasonOf(error);
     return isPassing(error) ? Fault::Unavailable : Fault::Damaged;
 }
 

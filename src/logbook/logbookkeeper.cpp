@@ -51,10 +51,10 @@ struct LogbookKeeper::Work {
     bool ending = false;
     bool abandoned = false; // nobody waits for the end any more
     bool ended = false;
+    bool stalled = false; // what was tried last could not be written
     std::atomic<bool> isStale = false; // what others wrote was overtaken by a change of this program
 
-    bool stalled = false; // these are the thread's
-    bool unsaved = false; // what the user knows is not in a backup
+    bool unsaved = false; // what the user knows is not in a backup; these are the thread's
     Clock::time_point retryDue;
     Clock::time_point lookDue;
     Clock::time_point backupDue;
@@ -88,8 +88,9 @@ LogbookKeeper::~LogbookKeeper()
     const auto hasEnded = [this] { return m_work->ended; };
     if (m_work->changed.wait_for(lock, m_patience.rest, hasEnded))
         return;
-    const auto areUsersWritten = [this] { return m_work->ended || !m_work->queue.holdsFirst(); };
-    const bool kept = m_work->changed.wait_for(lock, m_patience.users, areUsersWritten);
+    const auto isDecided = [this] { return m_work->ended || m_work->stalled || !m_work->queue.holdsFirst(); };
+    m_work->changed.wait_for(lock, m_patience.users, isDecided);
+    const bool kept = !m_work->queue.holdsFirst();
     m_work->abandoned = true;
     qWarning(
         kept ? "The logbook's disk does not answer." : "The logbook's disk takes nothing: changes are lost.");

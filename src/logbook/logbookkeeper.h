@@ -15,7 +15,7 @@ class LogbookKeeper {
 public:
     /// What the end waits for a disk.
     struct Patience {
-        std::chrono::milliseconds users{10000}; ///< more, while something waits that only the user knows
+        std::chrono::milliseconds users{10000}; ///< more, while a disk is at what only the user knows
         std::chrono::milliseconds rest{3000}; ///< for what can be had again, and for the backup
     };
     /// What the user has changed is copied to a backup so long after it was written, or at the end.

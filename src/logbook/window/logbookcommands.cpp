@@ -1,6 +1,5 @@
 #include "logbook/window/logbookcommands.h"
 
-#include "data/figuretext.h"
 #include "files/disk/lockedfile.h"
 #include "logbook/logbook.h"
 #include "logbook/logbookeditor.h"
@@ -293,9 +292,7 @@ void LogbookCommands::tellMoved()
     if (m_leaving.isEmpty())
         emit message(tr("%n file(s) moved to the waste bin.", nullptr, m_moved), messageTime);
     else
-        emit message(tr("%1 of %n file(s) moved to the waste bin", nullptr, total)
-                         .arg(FigureText::fixed(m_moved, 0, 0)),
-            0);
+        emit message(tr("%1 of %n file(s) moved to the waste bin", nullptr, total).arg(m_moved), 0);
 }
 
 void LogbookCommands::removeRows()
