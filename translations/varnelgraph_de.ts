@@ -244,8 +244,8 @@ Um genauer hinzusehen, halten Sie stattdessen die Ansicht: Taste H.</translation
         <translation>Zelle %1 ist schwach</translation>
     </message>
     <message>
-        <source>Not from full to empty, or not to the end: it does not tell what the pack holds.</source>
-        <translation>Nicht von voll bis leer oder nicht bis zum Ende: sagt nicht, was der Akku fasst.</translation>
+        <source>Not from full to empty, or not to the end: not to be compared with the others.</source>
+        <translation>Nicht von voll bis leer oder nicht bis zum Ende: mit den anderen nicht zu vergleichen.</translation>
     </message>
 </context>
 <context>
@@ -1180,6 +1180,26 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
         <source>The logbook can&apos;t be kept: %1</source>
         <translation>Das Logbuch kann nicht geführt werden: %1</translation>
     </message>
+    <message>
+        <source>Completed</source>
+        <translation>Beendet</translation>
+    </message>
+    <message>
+        <source>Aborted</source>
+        <translation>Abgebrochen</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Läuft</translation>
+    </message>
+    <message>
+        <source>No end</source>
+        <translation>Ohne Ende</translation>
+    </message>
 </context>
 <context>
     <name>LogbookActions</name>
@@ -1218,10 +1238,6 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
     <message>
         <source>Assign to offered pack</source>
         <translation>Angebotenem Akku zuordnen</translation>
-    </message>
-    <message>
-        <source>Takes the pack that was used last at the same port with the same cells.</source>
-        <translation>Nimmt den Akku, der zuletzt am selben Port mit gleichen Zellen war.</translation>
     </message>
     <message>
         <source>Assign to none</source>
@@ -1451,6 +1467,10 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
         <source>&amp;View</source>
         <translation>A&amp;nsicht</translation>
     </message>
+    <message>
+        <source>Takes for each the pack that was used last at the same port with the same cells.</source>
+        <translation>Nimmt für jede den Akku, der zuletzt am selben Port mit gleichen Zellen war.</translation>
+    </message>
 </context>
 <context>
     <name>LogbookCommands</name>
@@ -1591,6 +1611,17 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
         <translation>
             <numerusform>%1 von %n Datei in den Papierkorb verschoben</numerusform>
             <numerusform>%1 von %n Dateien in den Papierkorb verschoben</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Open %n recording(s), each in a window of its own?</source>
+        <translation>
+            <numerusform>%n Aufzeichnung in einem eigenen Fenster öffnen?</numerusform>
+            <numerusform>%n Aufzeichnungen öffnen, jede in einem eigenen Fenster?</numerusform>
         </translation>
     </message>
 </context>
@@ -2495,6 +2526,18 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
         <source>worn out below 80 %</source>
         <translation>verbraucht unter 80 %</translation>
     </message>
+    <message>
+        <source>No recordings yet. They come from your devices, from files that you open, and from the folders of Edit &gt; Folders.</source>
+        <translation>Noch keine Aufzeichnungen. Sie kommen von Ihren Geräten, von Dateien, die Sie öffnen, und aus den Ordnern unter Bearbeiten &gt; Ordner.</translation>
+    </message>
+    <message>
+        <source>Tell the nominal capacity of the packs to see how they fare: choose one, then Packs &gt; Rename or change pack.</source>
+        <translation>Geben Sie die Nennkapazität der Akkus an, um zu sehen, wie es ihnen geht: Akku wählen, dann Akkus &gt; Akku umbenennen oder ändern.</translation>
+    </message>
+    <message>
+        <source>No recording of the packs tells it.</source>
+        <translation>Keine Aufzeichnung der Akkus gibt darüber Auskunft.</translation>
+    </message>
 </context>
 <context>
     <name>PackDialog</name>
@@ -2628,6 +2671,10 @@ Den Vorgang des Geräts an %2 stoppen?</translation>
     <message>
         <source>Start of the newest recording</source>
         <translation>Beginn der letzten Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>weak cell</source>
+        <translation>schwache Zelle</translation>
     </message>
 </context>
 <context>
@@ -2847,26 +2894,6 @@ Prüfen Sie, ob der Name stimmt.</translation>
 </context>
 <context>
     <name>RecordingColumns</name>
-    <message>
-        <source>Completed</source>
-        <translation>Beendet</translation>
-    </message>
-    <message>
-        <source>Aborted</source>
-        <translation>Abgebrochen</translation>
-    </message>
-    <message>
-        <source>Error</source>
-        <translation>Fehler</translation>
-    </message>
-    <message>
-        <source>Recording</source>
-        <translation>Läuft</translation>
-    </message>
-    <message>
-        <source>No end</source>
-        <translation>Ohne Ende</translation>
-    </message>
     <message>
         <source>%1 (gone)</source>
         <translation>%1 (fort)</translation>

@@ -75,6 +75,13 @@
             <numerusform>%1 of %n files moved to the waste bin</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Open %n recording(s), each in a window of its own?</source>
+        <translation>
+            <numerusform>Open %n recording, in a window of its own?</numerusform>
+            <numerusform>Open %n recordings, each in a window of its own?</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>LogbookStatus</name>

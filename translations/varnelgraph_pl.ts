@@ -246,8 +246,8 @@ Aby przyjrzeć się bliżej, zatrzymaj widok: klawisz H.</translation>
         <translation>ogniwo %1 jest słabe</translation>
     </message>
     <message>
-        <source>Not from full to empty, or not to the end: it does not tell what the pack holds.</source>
-        <translation>Nie od pełnego do pustego albo nie do końca: nie mówi, ile pakiet mieści.</translation>
+        <source>Not from full to empty, or not to the end: not to be compared with the others.</source>
+        <translation>Nie od pełnego do pustego albo nie do końca: nie do porównania z innymi.</translation>
     </message>
 </context>
 <context>
@@ -1184,6 +1184,26 @@ Zatrzymać proces urządzenia na %2?</translation>
         <source>The logbook can&apos;t be kept: %1</source>
         <translation>Kroniki nie można prowadzić: %1</translation>
     </message>
+    <message>
+        <source>Completed</source>
+        <translation>Zakończony</translation>
+    </message>
+    <message>
+        <source>Aborted</source>
+        <translation>Przerwany</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Błąd</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Nagrywa</translation>
+    </message>
+    <message>
+        <source>No end</source>
+        <translation>Bez końca</translation>
+    </message>
 </context>
 <context>
     <name>LogbookActions</name>
@@ -1222,10 +1242,6 @@ Zatrzymać proces urządzenia na %2?</translation>
     <message>
         <source>Assign to offered pack</source>
         <translation>Przypisz do proponowanego pakietu</translation>
-    </message>
-    <message>
-        <source>Takes the pack that was used last at the same port with the same cells.</source>
-        <translation>Bierze pakiet, który ostatnio był na tym samym porcie z takimi samymi ogniwami.</translation>
     </message>
     <message>
         <source>Assign to none</source>
@@ -1455,6 +1471,10 @@ Zatrzymać proces urządzenia na %2?</translation>
         <source>&amp;View</source>
         <translation>Wi&amp;dok</translation>
     </message>
+    <message>
+        <source>Takes for each the pack that was used last at the same port with the same cells.</source>
+        <translation>Bierze dla każdego pakiet, który ostatnio był na tym samym porcie z takimi samymi ogniwami.</translation>
+    </message>
 </context>
 <context>
     <name>LogbookCommands</name>
@@ -1600,6 +1620,18 @@ Zatrzymać proces urządzenia na %2?</translation>
             <numerusform>Przeniesiono do kosza: %1 z %n pliku</numerusform>
             <numerusform>Przeniesiono do kosza: %1 z %n plików</numerusform>
             <numerusform>Przeniesiono do kosza: %1 z %n plików</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Otwórz</translation>
+    </message>
+    <message numerus="yes">
+        <source>Open %n recording(s), each in a window of its own?</source>
+        <translation>
+            <numerusform>Otworzyć %n nagranie w osobnym oknie?</numerusform>
+            <numerusform>Otworzyć %n nagrania, każde w osobnym oknie?</numerusform>
+            <numerusform>Otworzyć %n nagrań, każde w osobnym oknie?</numerusform>
         </translation>
     </message>
 </context>
@@ -2507,6 +2539,18 @@ Zatrzymać proces urządzenia na %2?</translation>
         <source>worn out below 80 %</source>
         <translation>zużyty poniżej 80 %</translation>
     </message>
+    <message>
+        <source>No recordings yet. They come from your devices, from files that you open, and from the folders of Edit &gt; Folders.</source>
+        <translation>Jeszcze nie ma nagrań. Przychodzą z urządzeń, z otwieranych plików i z folderów z menu Edycja &gt; Foldery.</translation>
+    </message>
+    <message>
+        <source>Tell the nominal capacity of the packs to see how they fare: choose one, then Packs &gt; Rename or change pack.</source>
+        <translation>Podaj pojemność znamionową pakietów, aby zobaczyć, jak się mają: wybierz pakiet, potem Pakiety &gt; Zmień nazwę lub pakiet.</translation>
+    </message>
+    <message>
+        <source>No recording of the packs tells it.</source>
+        <translation>Żadne nagranie pakietów o tym nie mówi.</translation>
+    </message>
 </context>
 <context>
     <name>PackDialog</name>
@@ -2640,6 +2684,10 @@ Zatrzymać proces urządzenia na %2?</translation>
     <message>
         <source>Start of the newest recording</source>
         <translation>Początek ostatniego nagrania</translation>
+    </message>
+    <message>
+        <source>weak cell</source>
+        <translation>słabe ogniwo</translation>
     </message>
 </context>
 <context>
@@ -2859,26 +2907,6 @@ Sprawdź, czy podano właściwą nazwę.</translation>
 </context>
 <context>
     <name>RecordingColumns</name>
-    <message>
-        <source>Completed</source>
-        <translation>Zakończony</translation>
-    </message>
-    <message>
-        <source>Aborted</source>
-        <translation>Przerwany</translation>
-    </message>
-    <message>
-        <source>Error</source>
-        <translation>Błąd</translation>
-    </message>
-    <message>
-        <source>Recording</source>
-        <translation>Nagrywa</translation>
-    </message>
-    <message>
-        <source>No end</source>
-        <translation>Bez końca</translation>
-    </message>
     <message>
         <source>%1 (gone)</source>
         <translation>%1 (brak)</translation>

@@ -140,6 +140,44 @@ qint64 Logbook::packToOffer(qint64 id) const
     return newest ? newest->entry.recording.pack : LogbookPack::none;
 }
 
+QHash<qint64, qint64> Logbook::packsToOffer(const QVector<qint64> &ids) const
+{
+    using Place = QPair<QString, QPair<int, int>>; // port, chemistry, cells
+    const auto placeOf = [](const LogbookRecording &recording) {
+        return Place(recording.port, {recording.figures.cellType, recording.figures.cells});
+    };
+    QHash<Place, const Row *> newest;
+    for (const Row &row : m_rows) {
+        if (row.entry.recording.pack == LogbookPack::none || row.entry.recording.port.isEmpty())
+            continue;
+        const Row *&known = newest[placeOf(row.entry.recording)];
+        if (!known || row.start > known->start)
+            known = &row;
+    }
+    QHash<qint64, qint64> packs;
+    for (const qint64 id : ids) {
+        const LogbookRecording *asked = recording(id);
+        const Row *row = asked && asked->pack == LogbookPack::none ? newest.value(placeOf(*asked)) : nullptr;
+        if (row)
+            packs.insert(id, row->entry.recording.pack);
+    }
+    return packs;
+}
+
+QString Logbook::endText(const LogbookRecording &recording)
+{
+    switch (recording.figures.end) {
+    case Varnel3Data::Completed:
+        return tr("Completed");
+    case Varnel3Data::Aborted:
+        return tr("Aborted");
+    case Varnel3Data::Failed:
+        return tr("Error");
+    default:
+        return recording.isLive ? tr("Recording") : tr("No end");
+    }
+}
+
 void Logbook::setFolders(const QStringList &folders)
 {
     LogbookBatch batch;
@@ -424,7 +462,9 @@ void Logbook::describe(Row *row) const
     row->start = recording.start.isValid() ? recording.start.toMSecsSinceEpoch() : noStart;
     const QStringList words = {packName(recording.pack), recording.port, recording.note, recording.file,
         recording.start.date().toString(Qt::ISODate), Varnel3Data::deviceName(figures.device),
-        Varnel3Data::modeName(figures.mode), Varnel3Data::cellTypeName(figures.cellType)};
+        Varnel3Data::modeName(figures.mode), endText(recording),
+        QStringLiteral("%1x%2").arg(
+            QString::number(figures.cells), Varnel3Data::cellTypeName(figures.cellType))};
     row->words = words.join(QLatin1Char('\n')).toCaseFolded();
 }
 

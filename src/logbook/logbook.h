@@ -58,6 +58,10 @@ public:
     /// start of the recordings: what is offered for it. LogbookPack::none where there is none, or the row has
     /// a pack.
     qint64 packToOffer(qint64 id) const;
+    /// The same for each of `ids`, by id; those for which there is none are left out.
+    QHash<qint64, qint64> packsToOffer(const QVector<qint64> &ids) const;
+    /// How the process of `recording` ended, for the user.
+    static QString endText(const LogbookRecording &recording);
 
     /// Folders that are read beside the program's own, as the user chose them.
     QStringList folders() const { return m_folders; }

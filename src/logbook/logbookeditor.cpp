@@ -52,6 +52,14 @@ void LogbookEditor::assign(const QVector<qint64> &ids, qint64 pack)
     apply(tr("Assign to pack"), batch);
 }
 
+void LogbookEditor::assignEach(const QHash<qint64, qint64> &packs)
+{
+    LogbookBatch batch;
+    for (auto pack = packs.begin(); pack != packs.end(); ++pack)
+        put({pack.key()}, pack.value(), &batch);
+    apply(tr("Assign to pack"), batch);
+}
+
 void LogbookEditor::mergePacks(const QVector<qint64> &others, qint64 into)
 {
     if (!m_logbook->pack(into))

@@ -23,6 +23,8 @@ public:
     void removePack(qint64 id);
     /// Assigns recordings; LogbookPack::none: to none.
     void assign(const QVector<qint64> &ids, qint64 pack);
+    /// Assigns each recording to the pack that is its value in `packs`, in one step.
+    void assignEach(const QHash<qint64, qint64> &packs);
     /// Assigns the recordings of `others` to `into` and removes `others`.
     void mergePacks(const QVector<qint64> &others, qint64 into);
     /// Moves recordings to a new pack of this name, else like the one that the first of them has, and returns

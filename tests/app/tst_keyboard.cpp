@@ -106,9 +106,9 @@ private slots:
             "the open "
             "graph windows.,Add files...,Open windows");
         row("logbook", "L",
-            "Filter,Any chemistry,Any process,From,To,Capacity,by date,All packs: Capacity\nAssign "
-            "recordings to packs to see how these fare: choose rows, then "
-            "Recordings > Assign to pack.");
+            "Filter,Any chemistry,Any process,From,To,Capacity,by date,All packs: Capacity\nNo "
+            "recordings yet. They come from your devices, from files that you open, and from the folders of "
+            "Edit > Folders.");
     }
 
     /// By Tab, in the order in which they are read; each has a name and a tip.

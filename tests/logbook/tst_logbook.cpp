@@ -175,6 +175,7 @@ private slots:
         row("not assigned", "bad", [](LogbookFilter &f) { f.pack = LogbookPack::none; });
         row("words in any case", "c", [](LogbookFilter &f) { f.text = "  RED com3 "; });
         row("one word is not there", "", [](LogbookFilter &f) { f.text = "red com4"; });
+        row("cells, and how it ended", "cbad", [](LogbookFilter &f) { f.text = "no end 6xli"; });
         row("a note", "b", [](LogbookFilter &f) { f.text = QString::fromUtf8("WĘŻE"); });
         row("from", "cb", [](LogbookFilter &f) { f.from = QDate(2026, 2, 1); });
         row("to, the day included", "ba", [](LogbookFilter &f) { f.to = QDate(2026, 2, 1); });
@@ -213,6 +214,10 @@ private slots:
         QCOMPARE(logbook.packToOffer(logbook.recordingOf("/a")->id), pack);
         QCOMPARE(logbook.packToOffer(logbook.recordingOf("/b")->id), qint64(LogbookPack::none));
         QCOMPARE(logbook.packToOffer(logbook.recordingOf("/c")->id), qint64(LogbookPack::none));
+        const QHash<qint64, qint64> offered = logbook.packsToOffer(logbook.recordings());
+        QCOMPARE(offered, (QHash<qint64, qint64>{{logbook.recordingOf("/a")->id, pack}}));
+        editor.assignEach(offered);
+        QCOMPARE(logbook.recordingOf("/a")->pack, pack);
     }
 
     void csv()

@@ -118,7 +118,7 @@ void OverlayCommands::addFiles()
 void OverlayCommands::read(const QStringList &files)
 {
     const int room = OverlayRequest::mostEntries - m_entries.size();
-    tellIfTooMany(m_entries.size() + files.size());
+    m_wanted = m_entries.size() + files.size();
     m_queue->add(files.mid(0, room));
 }
 
@@ -155,6 +155,7 @@ void OverlayCommands::onFinished(const QStringList &failures)
     if (!m_failures.isEmpty())
         showWarningBox(m_window, "overlayFailures", tr("Overlay"), m_failures.join(QLatin1Char('\n')));
     m_failures.clear();
+    tellIfTooMany(m_wanted); // reading has its own messages
 }
 
 void OverlayCommands::onMessage(const QString &text, int timeout)

@@ -67,5 +67,6 @@ private:
     FileQueue *m_queue = nullptr; // a child of the window
     QVector<OverlayEntry> m_entries; // that are or will be shown, while files are read
     QHash<QString, QString> m_labels; // of files
+    int m_wanted = 0; // recordings, of which some may be too many
     QStringList m_failures; // of files that were read but can't be shown
 };

@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QLocale>
+#include <QStyle>
 
 FilterLine::FilterLine(QWidget *parent)
     : QWidget(parent)
@@ -33,7 +34,7 @@ FilterLine::FilterLine(QWidget *parent)
              static_cast<QWidget *>(m_fromBox), static_cast<QWidget *>(m_from),
              static_cast<QWidget *>(m_toBox), static_cast<QWidget *>(m_to)})
         layout->addWidget(widget);
-    connect(m_text, SIGNAL(textChanged(QString)), this, SLOT(onChanged()));
+    connect(m_text, SIGNAL(textChanged(QString)), this, SLOT(onText()));
     connect(m_chemistry, SIGNAL(currentIndexChanged(int)), this, SLOT(onChanged()));
     connect(m_process, SIGNAL(currentIndexChanged(int)), this, SLOT(onChanged()));
 }
@@ -108,6 +109,14 @@ void FilterLine::takeKeyboard()
 {
     m_text->setFocus(Qt::ShortcutFocusReason);
     m_text->selectAll();
+}
+
+// A style sheet gives what is said in place of a text the colour of the text.
+void FilterLine::onText()
+{
+    m_text->style()->unpolish(m_text);
+    m_text->style()->polish(m_text);
+    onChanged();
 }
 
 void FilterLine::onChanged()

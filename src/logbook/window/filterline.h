@@ -28,6 +28,7 @@ signals:
     void changed();
 
 private slots:
+    void onText();
     void onChanged();
 
 private:

@@ -38,7 +38,7 @@ public:
         {LogbookCommand::Assign, QT_TR_NOOP("Assign to pack..."),
             QT_TR_NOOP("Tells of which pack the chosen recordings are."), ctrl | int(Qt::Key_B), true},
         {LogbookCommand::AssignOffered, QT_TR_NOOP("Assign to offered pack"),
-            QT_TR_NOOP("Takes the pack that was used last at the same port with the same cells."),
+            QT_TR_NOOP("Takes for each the pack that was used last at the same port with the same cells."),
             ctrl | int(Qt::Key_Return)},
         {LogbookCommand::Unassign, QT_TR_NOOP("Assign to none"),
             QT_TR_NOOP("The chosen recordings have no pack then."), ctrl | shift | int(Qt::Key_B)},

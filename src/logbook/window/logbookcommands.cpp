@@ -91,18 +91,15 @@ bool LogbookCommands::anyGone() const
     });
 }
 
-// One for all that are chosen, or none.
-qint64 LogbookCommands::offeredPack() const
+// Of those chosen recordings that have none, each pack once.
+QVector<qint64> LogbookCommands::offeredPacks() const
 {
-    constexpr int most = 100; // each asks all recordings
-    qint64 offered = LogbookPack::none;
-    for (const qint64 id : m_recordings.size() > most ? QVector<qint64>() : m_recordings) {
-        const qint64 pack = m_parts.logbook->packToOffer(id);
-        if (pack == LogbookPack::none || (offered != LogbookPack::none && pack != offered))
-            return LogbookPack::none;
-        offered = pack;
-    }
-    return offered;
+    const QHash<qint64, qint64> offered = m_parts.logbook->packsToOffer(m_recordings);
+    QVector<qint64> packs;
+    for (const qint64 pack : offered)
+        if (!packs.contains(pack))
+            packs.append(pack);
+    return packs;
 }
 
 void LogbookCommands::refresh()
@@ -129,9 +126,10 @@ void LogbookCommands::offerRecordings()
     m_actions->offer(LogbookCommand::Unassign, kept);
     m_actions->offer(LogbookCommand::RemoveRows,
         kept.isEmpty() && !anyGone() ? tr("The files of the chosen recordings are there.") : kept);
-    const QString offered = m_parts.logbook->packName(offeredPack());
+    const QVector<qint64> offered = offeredPacks();
     QAction *action = (*m_actions)[LogbookCommand::AssignOffered];
-    action->setText(offered.isEmpty() ? tr("Assign to offered pack") : tr("Assign to %1").arg(offered));
+    action->setText(offered.size() == 1 ? tr("Assign to %1").arg(m_parts.logbook->packName(offered[0]))
+                                        : tr("Assign to offered pack"));
     m_actions->offer(LogbookCommand::AssignOffered,
         kept.isEmpty() && offered.isEmpty() ? tr("No pack is offered for the chosen recordings.") : kept);
 }
@@ -164,10 +162,20 @@ void LogbookCommands::offerUndo()
     m_actions->offer(LogbookCommand::Redo, editor.canRedo() ? QString() : tr("Nothing has been taken back."));
 }
 
+// All rows are chosen by one key.
+bool LogbookCommands::mayOpen(int count) const
+{
+    constexpr int few = 20;
+    return count <= few
+        || QMessageBox::question(
+               m_window, tr("Open"), tr("Open %n recording(s), each in a window of its own?", nullptr, count))
+        == QMessageBox::Yes;
+}
+
 void LogbookCommands::open()
 {
     const QStringList files = presentFiles();
-    if (!files.isEmpty())
+    if (!files.isEmpty() && mayOpen(files.size()))
         emit openWanted(files);
 }
 
@@ -316,6 +324,17 @@ LogbookPack LogbookCommands::packLikeChosen() const
     return pack;
 }
 
+// Those of its chemistry and cells first.
+QVector<qint64> LogbookCommands::packsLike(const LogbookPack &like, qint64 without) const
+{
+    QVector<qint64> fitting;
+    QVector<qint64> others;
+    for (const LogbookPack &pack : m_parts.logbook->packs())
+        if (pack.id != without)
+            (pack.cellType == like.cellType && pack.cells == like.cells ? fitting : others).append(pack.id);
+    return fitting + others;
+}
+
 void LogbookCommands::assign()
 {
     const QVector<qint64> ids = m_recordings;
@@ -323,13 +342,10 @@ void LogbookCommands::assign()
     PackChoice::Question question;
     question.title = tr("Assign to pack");
     question.text = tr("Pack of the %n chosen recording(s):", nullptr, ids.size());
-    question.first = offeredPack();
+    const QVector<qint64> offered = offeredPacks();
+    question.first = offered.size() == 1 ? offered[0] : qint64(LogbookPack::none);
     question.offersNew = true;
-    QVector<qint64> others;
-    for (const LogbookPack &pack : m_parts.logbook->packs())
-        (pack.cellType == like.cellType && pack.cells == like.cells ? question.packs : others)
-            .append(pack.id);
-    question.packs += others; // those that fit first
+    question.packs = packsLike(like);
     PackChoice choice(*m_parts.logbook, question, m_window);
     if (!question.packs.isEmpty() && choice.exec() != QDialog::Accepted)
         return;
@@ -346,7 +362,7 @@ void LogbookCommands::assign()
 
 void LogbookCommands::assignOffered()
 {
-    m_parts.editor->assign(m_recordings, offeredPack());
+    m_parts.editor->assignEach(m_parts.logbook->packsToOffer(m_recordings));
 }
 
 void LogbookCommands::unassign()
@@ -378,9 +394,8 @@ void LogbookCommands::mergePacks()
     question.title = tr("Merge packs");
     question.text
         = tr("Pack whose recordings become those of %1. It goes then.").arg(m_parts.logbook->packName(into));
-    for (const LogbookPack &pack : m_parts.logbook->packs())
-        if (pack.id != into)
-            question.packs.append(pack.id);
+    if (const LogbookPack *pack = m_parts.logbook->pack(into))
+        question.packs = packsLike(*pack, into);
     PackChoice choice(*m_parts.logbook, question, m_window);
     if (choice.exec() == QDialog::Accepted && choice.chosen() != LogbookPack::none)
         m_parts.editor->mergePacks({choice.chosen()}, into);

@@ -68,7 +68,9 @@ private:
     void offerUndo();
     QStringList presentFiles() const;
     bool anyGone() const;
-    qint64 offeredPack() const;
+    bool mayOpen(int count) const;
+    QVector<qint64> offeredPacks() const;
+    QVector<qint64> packsLike(const LogbookPack &like, qint64 without = LogbookPack::none) const;
     LogbookPack packLikeChosen() const;
     bool isDeletionWanted(const QStringList &files);
     void moveToBin(const QStringList &files);

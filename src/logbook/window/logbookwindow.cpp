@@ -29,6 +29,7 @@
 #include <QMenuBar>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QStyledItemDelegate>
 #include <QTimer>
 #include <QTreeView>
 #include <QVBoxLayout>
@@ -36,10 +37,21 @@
 namespace {
 
 constexpr int gathering = 100; // ms in which changes fall together
-constexpr int packsWidth = 440; // px
+constexpr int packsWidth = 450; // px
 constexpr int tableWidth = 760;
 constexpr int tableHeight = 420;
 constexpr int courseHeight = 260;
+constexpr int packSpace = 4; // px between rows
+
+/// Rows apart enough for their marks.
+class PackRows : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, scaled(packSpace));
+    }
+};
 
 } // namespace
 
@@ -89,6 +101,8 @@ void LogbookWindow::createParts()
     m_packs->header()->setSortIndicator(PackList::Name, Qt::AscendingOrder);
     m_packs->header()->setStretchLastSection(false);
     m_packs->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    m_packs->header()->setSectionResizeMode(PackList::Name, QHeaderView::Stretch);
+    m_packs->setItemDelegate(new PackRows(m_packs));
     m_table = new RecordingTable(m_parts.logbook, this);
     m_view = new RecordingView(m_table, this);
     m_course = new CoursePanel(m_parts.logbook, this);
@@ -133,6 +147,7 @@ void LogbookWindow::connectParts()
     connect(m_later, SIGNAL(timeout()), this, SLOT(refresh()));
     connect(m_state, SIGNAL(changed()), this, SLOT(onGround()));
     connect(m_filter, SIGNAL(changed()), this, SLOT(onFilter()));
+    connect(m_packList, SIGNAL(modelReset()), this, SLOT(spanFixedRows()));
     connect(m_packs->selectionModel(),
         SIGNAL(currentRowChanged(QModelIndex,QModelIndex)), this, SLOT(onPackChosen()));
     connect(m_view, SIGNAL(selected()), this, SLOT(onSelected()));
@@ -223,6 +238,13 @@ void LogbookWindow::refresh()
     onFilter();
 }
 
+// They have a name alone.
+void LogbookWindow::spanFixedRows()
+{
+    for (int row = 0; row < PackList::fixedRows; ++row)
+        m_packs->setFirstColumnSpanned(row, QModelIndex(), true);
+}
+
 void LogbookWindow::onFilter()
 {
     LogbookFilter filter = m_filter->filter();
@@ -279,7 +301,8 @@ void LogbookWindow::printTable()
     const TablePages pages(*m_table, *m_view->horizontalHeader());
     PrintJob job;
     job.title = windowTitle();
-    job.details = printDetails({});
+    const LogbookPack *pack = m_parts.logbook->pack(m_pack);
+    job.details = printDetails(pack ? QStringList(pack->name) : QStringList());
     job.size = TablePages::size();
     job.pages = pages.count();
     job.paintPage = [pages](QPainter &painter, int page) { pages.paint(painter, page); };
@@ -314,6 +337,8 @@ void LogbookWindow::showEvent(QShowEvent *event)
     if (m_isStale)
         refresh();
     QMainWindow::showEvent(event);
+    QHeaderView *header = m_packs->header(); // dressed by now
+    header->setMinimumSectionSize(header->sectionSizeHint(PackList::Name)); // narrower it would stretch to
 }
 
 void LogbookWindow::closeEvent(QCloseEvent *event)

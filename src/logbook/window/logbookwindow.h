@@ -67,6 +67,7 @@ private slots:
     void chooseFolders();
     void showColumnsMenu(const QPoint &place);
     void onMenuWanted(const QPoint &place);
+    void spanFixedRows();
 
 private:
     void createParts();

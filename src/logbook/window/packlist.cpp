@@ -16,13 +16,12 @@
 
 namespace {
 
-constexpr int fixedRows = 2; // all, not assigned
 constexpr QRgb good = 0xFF1E8A3C;
 constexpr QRgb worn = 0xFFC62828;
 constexpr int markSize = 12; // px
 
-/// A disc, or a triangle for a pack that is worn out: they differ in more than colour.
-QPixmap mark(bool isWorn)
+/// A disc, or a triangle for a pack that is worn out or has a weak cell: they differ in more than colour.
+QPixmap mark(bool isBad)
 {
     const int size = scaled(markSize);
     QPixmap pixmap(size, size);
@@ -30,8 +29,8 @@ QPixmap mark(bool isWorn)
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(isWorn ? worn : good));
-    if (isWorn)
+    painter.setBrush(QColor(isBad ? worn : good));
+    if (isBad)
         painter.drawPolygon(
             QPolygonF({QPointF(size / 2.0, 0.5), QPointF(size - 0.5, size - 1.0), QPointF(0.5, size - 1.0)}));
     else
@@ -195,16 +194,18 @@ QVariant PackList::data(const QModelIndex &index, int role) const
     const Row &row = m_rows[index.row()];
     const int column = index.column();
     const bool isWorn = row.health.isWornOut();
+    const bool isBad = isWorn || row.health.hasWeakCell;
     switch (role) {
     case Qt::DisplayRole:
         return textOf(row, column);
     case Qt::AccessibleTextRole:
-        return isWorn && column == Health ? textOf(row, column) + QStringLiteral(", ") + tr("worn out")
-                                          : textOf(row, column);
+        if (column != Health || !isBad)
+            return textOf(row, column);
+        return textOf(row, column) + QStringLiteral(", ") + (isWorn ? tr("worn out") : tr("weak cell"));
     case Qt::TextAlignmentRole:
         return int(Qt::AlignVCenter) | int(column == Name ? Qt::AlignLeft : Qt::AlignRight);
     case Qt::DecorationRole:
-        return column == Health && row.health.percent ? QVariant(mark(isWorn)) : QVariant();
+        return column == Health && (row.health.percent || isBad) ? QVariant(mark(isBad)) : QVariant();
     case Qt::FontRole: {
         QFont font;
         font.setBold(isWorn && column <= Health);

@@ -12,6 +12,7 @@ class PackList : public QAbstractTableModel {
     Q_OBJECT
 
 public:
+    static constexpr int fixedRows = 2; ///< above the packs: all, not assigned
     enum Column { Name, Health, PerYear, Cycles, Newest, columnTotal };
 
     /// `logbook` outlives this.

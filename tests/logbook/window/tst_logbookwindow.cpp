@@ -120,12 +120,16 @@ private slots:
             QCOMPARE(dialog->pack().cellType, 5);
             QVERIFY(!dialog->findChild<QPushButton *>()->isEnabled()); // OK
             dialog->findChild<QLineEdit *>("packName")->setText(" A ");
-            dialog->findChild<QSpinBox *>("packCapacity")->setValue(5000);
+            auto *figure = dialog->findChild<QSpinBox *>("packCapacity")->findChild<QLineEdit *>();
+            QTest::mouseClick(figure, Qt::LeftButton, {}, QPoint(8, figure->height() / 2)); // "not said"
+            QTRY_VERIFY(figure->hasSelectedText());
+            QTest::keyClicks(figure, "5000");
             dialog->accept();
         });
         trigger("Assign to pack...");
         const qint64 a = logbook->recording(ids[0])->pack;
         QCOMPARE(logbook->pack(a)->name, "A");
+        QCOMPARE(logbook->pack(a)->capacity, 5000);
         QCOMPARE(logbook->recording(ids[1])->pack, LogbookPack::none); // nothing assigns itself
         view()->choose(ids[1]);
         QCOMPARE(view()->currentIndex().siblingAtColumn(Columns::Pack).data().toString(), "A ?");
@@ -185,6 +189,8 @@ private slots:
         QVERIFY(!action("Open")->isEnabled() && action("Remove from logbook")->isEnabled());
         view()->choose(id);
         QVERIFY(!action("Remove from logbook")->isEnabled());
+        QTest::keyClick(view(), Qt::Key_Return, Qt::ControlModifier); // no pack is offered
+        QCOMPARE(opened.size(), 0);
         QTest::keyClick(view(), Qt::Key_Return);
         QCOMPARE(opened.takeFirst().value(0).toStringList(), QStringList{found.file});
         trigger("Overlay");
@@ -250,6 +256,12 @@ private slots:
         QCOMPARE(canvas->chart().lines[0].points[3].at, 4.0);
         window->findChild<QComboBox *>("courseQuantity")->setCurrentIndex(2);
         QCOMPARE(canvas->chart().lines[0].points[3].value, 50.0);
+        const qint64 charge = add(logbook.get(), sampleRecording(1, Varnel::Charge, 5000, 20000, 25200));
+        editor->assign({charge}, logbook->recording(ids[0])->pack);
+        QTRY_COMPARE(canvas->chart().lines.size(), 2);
+        view()->choose(charge);
+        QTest::keyClick(canvas, Qt::Key_Right);
+        QCOMPARE(view()->selectedIds(), QVector<qint64>{ids[0]}); // of the same cycle
     }
 
     /// Columns, and what the chart shows, are as they were left.
@@ -279,7 +291,8 @@ private slots:
         pages.paint(painter, 0);
         painter.end();
         const QString painted = log.lines().join('\n');
-        QVERIFY2(painted.contains("'4500'") && !painted.contains("'COM3'"), qPrintable(painted));
+        QVERIFY2(painted.contains("'4500'") && painted.contains("'1 / 1'") && !painted.contains("'COM3'"),
+            qPrintable(painted));
         for (int i = 0; i < Columns::count + 3; ++i)
             trigger("Hide column"); // one stays
         QVERIFY(view()->horizontalHeader()->hiddenSectionCount() < Columns::count);

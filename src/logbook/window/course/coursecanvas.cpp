@@ -11,6 +11,7 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
 
 CourseCanvas::CourseCanvas(QWidget *parent)
     : QWidget(parent)
@@ -122,17 +123,20 @@ CourseChart::Hit CourseCanvas::markedPoint() const
     return {};
 }
 
-// The next one in time, of whichever line: the one that follows the marked point, or the outermost.
+// The next one in time, of whichever line: the one that follows the marked point, or the outermost. Of those
+// of the same time, as both halves of a cycle are, the next line's.
 CourseChart::Hit CourseCanvas::neighbour(int direction) const
 {
     const CourseChart::Hit marked = markedPoint();
     const double infinity = std::numeric_limits<double>::infinity();
-    const double from = marked.line >= 0 ? direction * pointAt(marked).at : -infinity;
+    using Order = std::pair<double, int>;
+    const Order from = marked.line >= 0 ? Order(direction * pointAt(marked).at, direction * marked.line)
+                                        : Order(-infinity, 0);
     CourseChart::Hit best;
-    double nearest = infinity;
+    Order nearest(infinity, 0);
     for (int i = 0; i < m_chart.lines.size(); ++i) {
         for (int k = 0; k < m_chart.lines[i].points.size(); ++k) {
-            const double at = direction * pointAt({i, k}).at;
+            const Order at(direction * pointAt({i, k}).at, direction * i);
             if (at > from && at < nearest) {
                 nearest = at;
                 best = {i, k};

@@ -18,6 +18,7 @@
 namespace {
 
 constexpr double percents = 100.0;
+constexpr QSize printedSize(900, 590); // px; as a page, whatever the window is like
 
 } // namespace
 
@@ -141,7 +142,7 @@ QString CoursePanel::pointText(const CourseLine &line, const CoursePoint &point)
     QStringList lines
         = {RecordingColumns::label(*m_logbook, *recording), line.name + QStringLiteral(": ") + value};
     if (point.partial)
-        lines.append(tr("Not from full to empty, or not to the end: it does not tell what the pack holds."));
+        lines.append(tr("Not from full to empty, or not to the end: not to be compared with the others."));
     return lines.join(QLatin1Char('\n'));
 }
 
@@ -179,10 +180,12 @@ void CoursePanel::onChoice()
 void CoursePanel::print()
 {
     PrintJob job;
+    const LogbookPack *pack = m_logbook->pack(m_pack);
     job.title = title();
+    job.fileName = (pack ? pack->name : m_title) + QStringLiteral(" - ") + m_quantity->currentText();
     job.details = printDetails({});
-    job.size = pictureSize();
+    job.size = printedSize;
     CourseChart chart = chartOn(false); // white paper
-    job.paint = [chart, size = pictureSize()](QPainter &painter) { chart.paint(painter, size); };
+    job.paint = [chart](QPainter &painter) { chart.paint(painter, printedSize); };
     printWithDialog(job, this);
 }

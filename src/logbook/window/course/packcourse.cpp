@@ -115,12 +115,6 @@ bool isOf(const LogbookRecording &recording, int mode)
     return recording.figures.mode == mode && recording.figures.records > 0 && !recording.isLive;
 }
 
-/// What went through in part tells less of capacity and energy, but as much of resistance and spread.
-bool isPartial(const LogbookRecording &recording, Quantity quantity)
-{
-    return quantity <= Energy && !isFull(recording);
-}
-
 QVector<CoursePoint> pointsOf(const Recordings &recordings, int mode, const Request &request)
 {
     const QVector<int> cycles = cyclesOf(recordings);
@@ -130,7 +124,7 @@ QVector<CoursePoint> pointsOf(const Recordings &recordings, int mode, const Requ
         const double value = isOf(recording, mode) ? valueOf(recording, request.quantity) : -1;
         const double at = request.byDate ? double(recording.start.toMSecsSinceEpoch()) / thousand : cycles[i];
         if (value >= 0)
-            points.append({at, value, recording.id, isPartial(recording, request.quantity)});
+            points.append({at, value, recording.id, !isFull(recording)});
     }
     return points;
 }
@@ -142,7 +136,7 @@ void keepFull(QVector<CoursePoint> *points)
         points->end());
 }
 
-/// The full discharges, or charges where there are none of these.
+/// The full discharges, or charges where there are none of these. Of what is no amount any will do then.
 QVector<CoursePoint> fullPoints(const Recordings &recordings, const Request &request)
 {
     for (const int mode : {int(Varnel3Data::Discharge), int(Varnel3Data::Charge)}) {
@@ -151,7 +145,32 @@ QVector<CoursePoint> fullPoints(const Recordings &recordings, const Request &req
         if (!points.isEmpty())
             return points;
     }
-    return {};
+    if (request.quantity <= Energy)
+        return {};
+    const QVector<CoursePoint> discharges = pointsOf(recordings, Varnel3Data::Discharge, request);
+    return discharges.isEmpty() ? pointsOf(recordings, Varnel3Data::Charge, request) : discharges;
+}
+
+/// For a user who sees no course of any pack.
+const char *whatIsMissing(
+    const Logbook &logbook, const QHash<qint64, Recordings> &packs, const Request &request)
+{
+    if (logbook.size() == 0)
+        return QT_TRANSLATE_NOOP("PackCourse",
+            "No recordings yet. They come from your devices, from files that you open, and from the "
+            "folders of Edit > Folders.");
+    if (packs.isEmpty())
+        return QT_TRANSLATE_NOOP("PackCourse",
+            "Assign recordings to packs to see how these fare: choose rows, then "
+            "Recordings > Assign to pack.");
+    const QVector<LogbookPack> &all = logbook.packs();
+    const bool anyNominal
+        = std::any_of(all.begin(), all.end(), [](const LogbookPack &pack) { return pack.capacity > 0; });
+    return request.quantity == Capacity && !anyNominal
+        ? QT_TRANSLATE_NOOP("PackCourse",
+            "Tell the nominal capacity of the packs to see how they fare: choose one, then Packs > Rename or "
+            "change pack.")
+        : QT_TRANSLATE_NOOP("PackCourse", "No recording of the packs tells it.");
 }
 
 CourseChart emptyChart(const Request &request)
@@ -198,7 +217,7 @@ QVector<int> cyclesOf(const Recordings &recordings)
 Health healthOf(const LogbookPack &pack, const Recordings &recordings)
 {
     constexpr int leastPoints = 3;
-    constexpr double leastSpan = msPerYear / 26; // two weeks
+    constexpr double leastSpan = msPerYear / 12; // less would be blown up to nonsense
     Health health;
     health.recordings = recordings.size();
     if (recordings.isEmpty())
@@ -207,18 +226,20 @@ Health healthOf(const LogbookPack &pack, const Recordings &recordings)
     health.cycles = cycles.last();
     health.newest = recordings.last()->start.toMSecsSinceEpoch();
     QVector<CoursePoint> points = fullPoints(recordings, Request());
-    if (points.isEmpty() || pack.capacity < 1)
+    if (points.isEmpty())
+        return health;
+    const auto newest = std::find_if(recordings.begin(), recordings.end(),
+        [&](const LogbookRecording *recording) { return recording->id == points.last().recording; });
+    health.lowestCell = (*newest)->figures.lowestCell;
+    health.spread = (*newest)->figures.spread;
+    health.hasWeakCell = isWeak((*newest)->figures);
+    if (pack.capacity < 1)
         return health;
     for (CoursePoint &point : points) {
         point.at *= thousand;
         point.value *= thousand * hundred / pack.capacity;
     }
     health.percent = points.last().value;
-    const auto newest = std::find_if(recordings.begin(), recordings.end(),
-        [&](const LogbookRecording *recording) { return recording->id == points.last().recording; });
-    health.lowestCell = (*newest)->figures.lowestCell;
-    health.spread = (*newest)->figures.spread;
-    health.hasWeakCell = isWeak((*newest)->figures);
     const Trend trend = trendOf(points);
     if (trend.count >= leastPoints && trend.last - trend.first >= leastSpan)
         health.perYear = trend.slope;
@@ -286,9 +307,8 @@ CourseChart chartOfAll(const Logbook &logbook, const Request &request)
     constexpr int mostLines = 16;
     const GraphColours colours(request.blackGround, request.distinct);
     CourseChart chart = emptyChart(request);
-    chart.emptyText = text(QT_TRANSLATE_NOOP("PackCourse",
-        "Assign recordings to packs to see how these fare: choose rows, then Recordings > Assign to pack."));
     const QHash<qint64, Recordings> packs = byPack(logbook);
+    chart.emptyText = text(whatIsMissing(logbook, packs, request));
     struct Entry {
         double order;
         CourseLine line;

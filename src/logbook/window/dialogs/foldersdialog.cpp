@@ -34,6 +34,8 @@ FoldersDialog::FoldersDialog(const QString &ownFolder, const QStringList &folder
     auto *adding = new QPushButton(tr("Add..."), this);
     adding->setToolTip(tr("Reads another folder, too."));
     m_remove->setToolTip(tr("The folder is read no longer. Its recordings stay in the logbook."));
+    for (QPushButton *button : {adding, m_remove})
+        button->setAutoDefault(false); // Return is OK, after a folder was added, too
     auto *side = new QVBoxLayout;
     side->addWidget(adding);
     side->addWidget(m_remove);

@@ -5,6 +5,7 @@
 
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QEvent>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -57,6 +58,8 @@ PackDialog::PackDialog(const QString &title, const LogbookPack &pack, QWidget *p
     m_note->setTabChangesFocus(true);
     m_note->setFixedHeight(scaled(noteHeight));
 
+    for (QSpinBox *box : {m_cells, m_capacity})
+        box->installEventFilter(this);
     m_form->addRow(tr("Name:"), m_name);
     m_form->addRow(tr("Chemistry:"), m_chemistry);
     m_form->addRow(tr("Cells:"), m_cells);
@@ -87,6 +90,14 @@ LogbookPack PackDialog::pack() const
     pack.capacity = m_capacity->value();
     pack.note = m_note->toPlainText().left(LogbookPack::longestNote);
     return pack;
+}
+
+// A click puts the cursor into "not said", which takes no digit. It comes after the focus.
+bool PackDialog::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::FocusIn)
+        QMetaObject::invokeMethod(watched, "selectAll", Qt::QueuedConnection);
+    return QDialog::eventFilter(watched, event);
 }
 
 void PackDialog::onNameChanged(const QString &name)

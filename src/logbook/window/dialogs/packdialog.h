@@ -22,6 +22,9 @@ public:
     void showNameOnly(const QString &text);
     LogbookPack pack() const; ///< as it was handed in, with what is shown
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private slots:
     void onNameChanged(const QString &name);
 

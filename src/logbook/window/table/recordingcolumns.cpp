@@ -43,20 +43,6 @@ QString chemistryText(const LogbookRecording &recording)
     return type == Varnel3Data::noCellType ? QString() : Varnel3Data::cellTypeName(type);
 }
 
-QString endText(const LogbookRecording &recording)
-{
-    switch (recording.figures.end) {
-    case Varnel3Data::Completed:
-        return RecordingColumns::tr("Completed");
-    case Varnel3Data::Aborted:
-        return RecordingColumns::tr("Aborted");
-    case Varnel3Data::Failed:
-        return RecordingColumns::tr("Error");
-    default:
-        return recording.isLive ? RecordingColumns::tr("Recording") : RecordingColumns::tr("No end");
-    }
-}
-
 QString cellResistances(const LogbookRecording &recording)
 {
     QStringList texts;
@@ -157,7 +143,7 @@ const ColumnRow columnRows[] = {
         nullptr},
     {QT_TRANSLATE_NOOP("RecordingColumns", "Ended"),
         QT_TRANSLATE_NOOP("RecordingColumns", "How the process ended"), "Completed ", nullptr, ownText,
-        endText},
+        Logbook::endText},
     {QT_TRANSLATE_NOOP("RecordingColumns", "Note"), QT_TRANSLATE_NOOP("RecordingColumns", "Your own words"),
         "Some words of the user", nullptr, ownText,
         [](const LogbookRecording &r) { return r.note.simplified(); }},

@@ -137,7 +137,7 @@ void RecordingView::restoreSelection()
     if (current >= 0)
         selectionModel()->setCurrentIndex(m_table->index(current, 0), QItemSelectionModel::NoUpdate);
     selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
-    if (current >= 0)
+    if (m_selected.contains(m_current) && current >= 0)
         scrollTo(m_table->index(current, 0));
     emit selected(); // a reset tells no change
 }
@@ -211,8 +211,11 @@ void RecordingView::onHeaderMenu(const QPoint &place)
 
 void RecordingView::keyPressEvent(QKeyEvent *event)
 {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier)
         explain();
+    else if (isReturn && (event->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier)
+        event->ignore(); // with Control a command's key, which opens nothing while that is off
     else
         QTableView::keyPressEvent(event);
 }

@@ -3,6 +3,7 @@
 #include "widgets/displayscale.h"
 
 #include <QAbstractItemModel>
+#include <QFontMetricsF>
 #include <QHeaderView>
 #include <QPainter>
 
@@ -11,8 +12,9 @@
 namespace {
 
 constexpr QSizeF pageSize(1120, 740);
-constexpr double lineHeight = 17; // where the columns fit as wide as they are on the screen
-constexpr double space = 4;
+constexpr double lineHeight = 17; // where the columns fit
+constexpr double space = 8;
+constexpr int widest = 260; // of a column; longer texts are cut
 constexpr int printedPoints = 8;
 
 } // namespace
@@ -26,7 +28,7 @@ TablePages::TablePages(const QAbstractItemModel &model, const QHeaderView &heade
             continue;
         shown.append(column);
         const int alignment = model.index(0, column).data(Qt::TextAlignmentRole).toInt();
-        m_columns.append({header.sectionSize(column), (alignment & Qt::AlignRight) != 0});
+        m_columns.append({0, (alignment & Qt::AlignRight) != 0});
         m_titles.append(model.headerData(column, Qt::Horizontal).toString());
     }
     for (int row = 0; row < model.rowCount(); ++row) {
@@ -34,6 +36,21 @@ TablePages::TablePages(const QAbstractItemModel &model, const QHeaderView &heade
         for (const int column : qAsConst(shown))
             texts.append(model.index(row, column).data().toString());
         m_rows.append(texts);
+    }
+    fitColumns();
+}
+
+// Narrower than on the screen, where most texts leave much room.
+void TablePages::fitColumns()
+{
+    const QFontMetricsF letters(drawingFont(QStringLiteral("Arial"), printedPoints, 1.0, true));
+    m_width = 0;
+    for (int i = 0; i < m_columns.size(); ++i) {
+        double width = letters.horizontalAdvance(m_titles[i]);
+        for (const QStringList &texts : qAsConst(m_rows))
+            width = std::max(width, letters.horizontalAdvance(texts[i]));
+        m_columns[i].width = std::min(int(width + space) + 1, widest);
+        m_width += m_columns[i].width;
     }
 }
 
@@ -48,42 +65,43 @@ static double factorOf(int width)
     return std::min(1.0, pageSize.width() / std::max(1, width));
 }
 
+// Beside the titles and the number of the page.
+int TablePages::rowsOnPage() const
+{
+    return int(pageSize.height() / (lineHeight * factorOf(m_width))) - 2;
+}
+
 int TablePages::count() const
 {
-    int width = 0;
-    for (const Column &column : m_columns)
-        width += column.width;
-    const int onPage = int(pageSize.height() / (lineHeight * factorOf(width))) - 1;
-    return std::max(1, (m_rows.size() + onPage - 1) / onPage);
+    return std::max(1, (m_rows.size() + rowsOnPage() - 1) / rowsOnPage());
 }
 
 void TablePages::paint(QPainter &painter, int page) const
 {
-    int width = 0;
-    for (const Column &column : m_columns)
-        width += column.width;
-    const double factor = factorOf(width);
-    const double line = lineHeight * factor;
-    const int onPage = int(pageSize.height() / line) - 1;
+    const double factor = factorOf(m_width);
+    const QSizeF paper = pageSize / factor;
+    painter.scale(factor, factor);
     painter.setPen(Qt::black);
-    painter.setFont(drawingFont(QStringLiteral("Arial"), printedPoints, factor, true));
-    paintRow(painter, m_titles, 0, factor);
-    painter.drawLine(QPointF(0, line), QPointF(width * factor, line));
-    painter.setFont(drawingFont(QStringLiteral("Arial"), printedPoints, factor));
-    const int end = std::min(int(m_rows.size()), (page + 1) * onPage);
-    for (int row = page * onPage; row < end; ++row)
-        paintRow(painter, m_rows[row], (row - page * onPage + 1) * line, factor);
+    painter.setFont(drawingFont(QStringLiteral("Arial"), printedPoints, 1.0, true));
+    paintRow(painter, m_titles, 0);
+    painter.drawLine(QPointF(0, lineHeight), QPointF(m_width, lineHeight));
+    painter.setFont(drawingFont(QStringLiteral("Arial"), printedPoints, 1.0));
+    const int first = page * rowsOnPage();
+    const int end = std::min(int(m_rows.size()), first + rowsOnPage());
+    for (int row = first; row < end; ++row)
+        paintRow(painter, m_rows[row], (row - first + 1) * lineHeight);
+    painter.drawText(QRectF(0, paper.height() - lineHeight, paper.width(), lineHeight),
+        int(Qt::AlignRight) | int(Qt::AlignVCenter), QStringLiteral("%1 / %2").arg(page + 1).arg(count()));
 }
 
-void TablePages::paintRow(QPainter &painter, const QStringList &texts, double top, double factor) const
+void TablePages::paintRow(QPainter &painter, const QStringList &texts, double top) const
 {
     double left = 0;
     for (int i = 0; i < m_columns.size(); ++i) {
-        const double width = m_columns[i].width * factor;
-        const QRectF box(left, top, width - space * factor, lineHeight * factor);
+        const QRectF box(left, top, m_columns[i].width - space, lineHeight);
         painter.drawText(box,
             int(m_columns[i].isRight ? Qt::AlignRight : Qt::AlignLeft) | int(Qt::AlignVCenter),
-            painter.fontMetrics().elidedText(texts[i], Qt::ElideRight, int(box.width())));
-        left += width;
+            painter.fontMetrics().elidedText(texts[i], Qt::ElideRight, int(box.width()) + 1));
+        left += m_columns[i].width;
     }
 }

@@ -17,7 +17,7 @@ public:
 
     int count() const; ///< of pages, at least one
     static QSizeF size(); ///< of each, in the units that it is painted in
-    void paint(QPainter &painter, int page) const;
+    void paint(QPainter &painter, int page) const; ///< leaves it scaled
 
 private:
     struct Column {
@@ -25,9 +25,12 @@ private:
         bool isRight = false;
     };
 
-    void paintRow(QPainter &painter, const QStringList &texts, double top, double factor) const;
+    void fitColumns();
+    int rowsOnPage() const;
+    void paintRow(QPainter &painter, const QStringList &texts, double top) const;
 
     QVector<Column> m_columns;
+    int m_width = 0; // of all
     QStringList m_titles;
     QVector<QStringList> m_rows;
 };
