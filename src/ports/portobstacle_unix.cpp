@@ -175,12 +175,12 @@ PortObstacle obstacleByLock(const PortInfo &port)
     const QString path = lockFileOf(port);
     if (path.isEmpty())
         return noLockFolder();
+    // What can't be opened can't be read, either, and is closed without effect.
     const int file = open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     Lock lock;
-    const bool known = file >= 0 && readLock(file, &lock);
+    const bool known = readLock(file, &lock);
     const bool held = !known || isHeld(file, lock);
-    if (file >= 0)
-        close(file);
+    close(file);
     if (!held)
         return leftOver(path, lock);
     if (!known || lock.process == getpid())

@@ -358,7 +358,12 @@ private slots:
         QTRY_COMPARE(QImage(fixture->path("course.png")).size(), book->course().pictureSize());
         FoldersDialog folders(QString(), {}, nullptr);
         for (const bool chosen : {false, true}) {
-            answer({chosen ? enter(fixture->path("")) : reject()});
+            answer({[&](QDialog *dialog) {
+                const auto *asking = qobject_cast<QFileDialog *>(dialog);
+                QVERIFY(asking->testOption(QFileDialog::ShowDirsOnly));
+                QCOMPARE(asking->fileMode(), QFileDialog::Directory);
+                (chosen ? enter(fixture->path("")) : reject())(dialog);
+            }});
             QMetaObject::invokeMethod(book, "folderWanted", Q_ARG(QWidget *, &folders));
             QCOMPARE(folders.folders(), chosen ? QStringList(fixture->path("")) : QStringList());
         }

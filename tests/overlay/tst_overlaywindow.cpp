@@ -80,19 +80,19 @@ private slots:
         const QString other = dataFile("other.acp", 61);
         QFile file(other);
         QVERIFY(file.open(QIODevice::ReadWrite)
-            && file.setFileTime(QDateTime({2026, 5, 4}, {10, 1, 30}), QFileDevice::FileModificationTime));
+            && file.setFileTime(QDateTime({2026, 5, 4}, {10, 0, 59}), QFileDevice::FileModificationTime));
         file.close();
         const QString none = fixture->path("none.acp");
         const QString empty = fixture->path("empty.acp");
         QVERIFY(writeFile(none, "no recording\n") && writeFile(empty, ""));
         commands->showFiles({journal, other}, {"Pack 3,\n2026-05-03"});
-        QTRY_COMPARE(entries(), "Pack 3, 2026-05-03 4; other, ~2026-05-04 10:00 61");
+        QTRY_COMPARE(entries(), "Pack 3, 2026-05-03 4; other, ~2026-05-04 09:59 61");
         answer({[&](QDialog *dialog) {
             auto *chooser = qobject_cast<QFileDialog *>(dialog);
             enterName(chooser, '"' + QStringList({journal, none, empty}).join("\" \"") + '"');
         }});
         overlay()->findChild<QPushButton *>("overlayFiles")->click();
-        QTRY_COMPARE(entries(), "Pack 3, 2026-05-03 4; other, ~2026-05-04 10:00 61; Pack 3, 2026-05-03 4");
+        QTRY_COMPARE(entries(), "Pack 3, 2026-05-03 4; other, ~2026-05-04 09:59 61; Pack 3, 2026-05-03 4");
         auto *failures = overlay()->findChild<QMessageBox *>("overlayFailures");
         QVERIFY(failures && failures->text().startsWith(none + ": "));
         QCOMPARE(failures->text().section('\n', 1), empty + ": no records");
@@ -185,6 +185,17 @@ private slots:
         overlay()->findChild<QPushButton *>("overlayPicture")->click();
         QTRY_VERIFY(QFile::exists(name));
         QTRY_COMPARE(QImage(name).size(), overlay()->plot()->size());
+        const QString endless = dataFile("endless.acp", 100);
+        QVERIFY(QFile::resize(endless, 1LL << 36)); // longer to read than anyone waits
+        commands->showFiles({endless}, {});
+        overlay()->close();
+        QCOMPARE(overlay()->statusBar()->currentMessage(), QString("Opening was cancelled."));
+        trigger(ActionId::Overlay);
+        overlay()->resize(1001, 555);
+        window->close();
+        open({});
+        trigger(ActionId::Overlay);
+        QCOMPARE(overlay()->size(), QSize(1001, 555));
     }
 
 private:
