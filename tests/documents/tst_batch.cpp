@@ -74,6 +74,7 @@ private slots:
         QCOMPARE(run(words), status);
         if (status == 0)
             QVERIFY(contents(output).startsWith(beginning));
+        QVERIFY(!output.endsWith(".svg") || contents(output).contains(">1</text>")); // the window's badge
         QVERIFY(output != path("o.csv") || contents(output).count('\n') == 61);
         QVERIFY(!QFile::exists(path("never.csv")) && !QFile::exists(path("b.ACP")));
     }
@@ -110,6 +111,12 @@ private slots:
             const QByteArray said = program.readAllStandardError();
             QVERIFY(good ? said.isEmpty() : said.contains("Usage: varnelgraph"));
         }
+        QProcess full;
+        full.setProcessEnvironment(environment);
+        full.setStandardOutputFile("/dev/full");
+        full.start(VARNELGRAPH_PROGRAM, {"--export-csv", "-", path("a.acp")});
+        QVERIFY(full.waitForFinished() && full.exitCode() == 1);
+        QCOMPARE(full.readAllStandardError(), QByteArray("varnelgraph: -: No space left on device\n"));
     }
 
 private:

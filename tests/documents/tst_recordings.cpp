@@ -318,6 +318,27 @@ private slots:
                 && qAbs(found.captured(2).toInt() - wanted.height()) < 1);
     }
 
+    /// Neither without a name nor of a window that has gone meanwhile.
+    void nothingIsWritten()
+    {
+        open({});
+        const QString source = dataFile("source.acp", 5);
+        for (const ActionId id : {ActionId::SaveAs, ActionId::ExportCsv, ActionId::SavePicture}) {
+            window->openFiles({source});
+            QTRY_COMPARE(window->mdiChildren().size(), 1);
+            const QString before = message();
+            perform(id, {reject()});
+            QVERIFY(unanswered == 0 && !box("saveFailed") && !box("exportFailed") && message() == before);
+            perform(id, {[&](QDialog *dialog) {
+                closeWindow(window->activeMdiChild());
+                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+                enter(fixture->path("none"))(dialog);
+            }});
+            QVERIFY(unanswered == 0 && window->mdiChildren().isEmpty());
+            QCOMPARE(QDir(fixture->path("")).entryList({"none*"}), QStringList());
+        }
+    }
+
     /// By live recordings and by files that are opened and saved; its window comes back as it was left.
     void logbookIsFed()
     {
