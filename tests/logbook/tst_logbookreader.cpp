@@ -153,6 +153,20 @@ private slots:
         QVERIFY(again.row(name)->pack == LogbookPack::none && again.row(name)->note.isEmpty());
     }
 
+    /// A file that was young when it was looked at is looked at again, though its folder's time stands still.
+    void grows()
+    {
+        QVERIFY(write("a.acp", recording(5, 3900)));
+        QFile file(path("a.acp"));
+        QVERIFY(file.open(QFile::ReadWrite | QFile::Append)
+            && file.setFileTime(QDateTime::currentDateTime().addSecs(9), QFile::FileModificationTime));
+        Reading book(folder->path());
+        QCOMPARE(book.row(path("a.acp"))->figures.records, 5);
+        QVERIFY(file.write(recording(3, 3900)) > 0 && file.flush());
+        QVERIFY(QMetaObject::invokeMethod(&book.reader, "lookAround"));
+        QTRY_COMPARE_WITH_TIMEOUT(book.row(path("a.acp"))->figures.records, 8, longTime);
+    }
+
     void cancelled()
     {
         for (int i = 0; i < 20; ++i)

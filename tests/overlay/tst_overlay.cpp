@@ -224,6 +224,9 @@ private slots:
         row("20 temperature@3=300 | cursor=1000 value=6 marked=0",
             "Temperature   Δ 00:16:40; A Δ 0.0 °C   1700 mAh; 00:00:00@0 00:10:00@600; 25.0@25 25.5@25.5 "
             "26.0@26 26.5@26.5 27.0@27 27.5@27.5 28.0@28; ");
+        row("20 | 0 | 1 | value=5",
+            "Current; A 00:19:00   1900 mAh, B --.-, C 00:00:00   0 mAh; 00:00:00@0 00:10:00@600; "
+            "0.0@0 0.5@0.5 1.0@1 1.5@1.5 2.0@2 2.5@2.5; ");
         row("20 | marked=0 cursor=0",
             "Pack voltage   Δ 00:00:00; A Δ 0.000 V   0 mAh; 00:00:00@0 00:10:00@600; 11.4@11.4 11.5@11.5 "
             "11.6@11.6; ");
@@ -273,6 +276,8 @@ private slots:
             "text 'V' right 50,11 11 Arial #ffffff; curve 56,472 719,123 of 20 #ff0022; "
             "curve 56,472 405,288 of 11 pen2 #00bb00; rect 730,28 24x3 #ff0022; rect 730,54 268x32 #3c3c3c; "
             "rect 730,60 24x3 #00bb00; line 222,22 222,573 dash4,2 #aaaaaa; line 388,22 388,573 #aaaaaa");
+        row("2 celldata=0 | value=1 size=1000,601",
+            "text 'None of these recordings has such values.' mid 388,299 12 Arial #ffffff");
         row("20 | cursor=1140 marked=0", "line 719,22 719,573 #aaaaaa; line 56,22 56,573 dash4,2 #aaaaaa");
         row("1 | white", "rect 54,296 4x4 #ff0022; rect 730,28 24x3 #ff0022; line 54,22 54,573 #5a5a5a");
         row("20 | 20 | size=1280,500 scale=2 distinct picked=0",

@@ -163,8 +163,10 @@ private slots:
         tip({100, 100});
         QTRY_VERIFY(!QToolTip::isVisible());
         QTest::mouseClick(plot, Qt::LeftButton, {}, {200, 200});
+        QTest::keyClick(plot, Qt::Key_Space, Qt::ShiftModifier);
         const OverlayRequest picture = plot->picture({640, 480}, false);
         QVERIFY(picture.size == QSize(640, 480) && !picture.black && !picture.cursor && plot->shown().cursor);
+        QVERIFY(!picture.marked && plot->shown().marked);
         overlay()->findChild<QPushButton *>("overlayPrint")->click();
         auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
         QVERIFY(dialog && dialog->findChild<PrintRequest *>());

@@ -141,7 +141,7 @@ QVector<double> roundDivisions(double low, double high, int most)
     for (double part : {5.0, 2.0, 1.0})
         step = part * ten >= least ? part * ten : step;
     for (double k = std::ceil(low / step); k * step <= high; ++k)
-        places.append(k * step + 0.0); // no "-0"
+        places.append(k * step);
     return places;
 }
 

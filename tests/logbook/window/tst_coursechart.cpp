@@ -296,6 +296,13 @@ private slots:
         shown.emptyText = "none";
         const int behind = 54 + QFontMetrics(drawingFont("Arial", 9, 1)).horizontalAdvance("One") + 30;
         QFETCH(QString, painted);
+        PaintLog log({400, 300});
+        QPainter painter(&log);
+        shown.paint(painter, {400, 300});
+        painter.end();
+        const QStringList lines = log.lines();
+        for (const QString &line : lines) // the legend has room for all
+            QVERIFY2(line.section(' ', 1, 1).section(',', 0, 0).toInt() < 400, qPrintable(line));
         VERIFY_PAINTS(
             QSize(400, 300),
             [&](QPainter &p) {

@@ -8,6 +8,7 @@
 #include "support/layoutfault.h"
 #include "support/modaldialog.h"
 #include "support/paintlog.h"
+#include "widgets/spoken.h"
 #include "windowrig.h"
 
 #include <QDesktopServices>
@@ -152,6 +153,7 @@ private slots:
     /// What has changed while it was closed is shown when it opens again; Escape and menus.
     void closedAndOpened()
     {
+        Spoken::install();
         open();
         QSignalSpy closed(window.get(), SIGNAL(closed()));
         type("nothing like that");
@@ -167,7 +169,10 @@ private slots:
             {window->findChild<CourseCanvas *>()->parentWidget(), "Save picture..."},
             {view()->horizontalHeader(), "Explain row"}};
         for (const auto &[on, first] : menus) {
-            emit on->customContextMenuRequested({5, 5});
+            auto *area = qobject_cast<QAbstractScrollArea *>(on);
+            QWidget *under = area ? area->viewport() : on;
+            QContextMenuEvent asked(QContextMenuEvent::Mouse, {5, 5}, under->mapToGlobal({5, 5}));
+            QCoreApplication::sendEvent(under, &asked);
             auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
             QVERIFY2(menu && menu->actions().constFirst()->text().remove('&') == first, first);
             menu->close();

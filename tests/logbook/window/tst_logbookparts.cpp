@@ -359,6 +359,7 @@ private slots:
                 .arg(now.capacity)
                 .arg(now.note.size());
         };
+        QCOMPARE(dialog.windowTitle(), QString("Title"));
         QCOMPARE(told(), QString("7 A %1 0 0 0").arg(Varnel::noCellType));
         auto *name = dialog.findChild<QLineEdit *>("packName");
         auto *chemistry = dialog.findChild<QComboBox *>();
@@ -420,6 +421,7 @@ private slots:
         PackChoice::Question question{"Title", "Text", {a, 99, b}, b, true};
         PackChoice choice(*logbook, question, nullptr);
         QCOMPARE(choice.chosen(), b);
+        QCOMPARE(choice.windowTitle() + choice.findChild<QLabel *>()->text(), QString("TitleText"));
         for (QDialog *dialog : std::initializer_list<QDialog *>{&note, &folders, &choice}) {
             dialog->show();
             QCOMPARE(layoutFault(*dialog), QByteArray());

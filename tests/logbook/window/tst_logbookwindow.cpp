@@ -14,6 +14,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QSplitter>
 
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -276,9 +277,20 @@ private slots:
             trigger("Move column left");
         trigger("Sort by column");
         window->findChild<QComboBox *>("courseQuantity")->setCurrentIndex(3);
+        const auto splitters = [this] {
+            QByteArrayList states;
+            for (const QSplitter *splitter : window->findChildren<QSplitter *>())
+                states += splitter->saveState();
+            return states;
+        };
+        for (QSplitter *splitter : window->findChildren<QSplitter *>())
+            splitter->setSizes({300, 500});
+        const QByteArrayList sizes = splitters();
         VarnelSettings settings;
         window->writeState(&settings);
         open();
+        QCOMPARE(splitters(), sizes);
+        QVERIFY(!view()->tabKeyNavigation()); // Tab leaves the table
         QVERIFY(view()->horizontalHeader()->sectionsMovable());
         QVERIFY(view()->isColumnHidden(Columns::Port) && !view()->isColumnHidden(Columns::Device));
         QCOMPARE(view()->horizontalHeader()->visualIndex(Columns::Charge), int(Columns::Charge) - 3);
