@@ -13,12 +13,11 @@ LineSource::LineSource(QIODevice &device, int chunk)
 LineSource::Found LineSource::next(QLatin1String *line)
 {
     for (bool refilled = false;;) {
-        char *const begin = m_buffer.data() + m_begin;
-        char *const from = m_buffer.data() + m_scanned;
-        auto *end = static_cast<char *>(
+        const char *const from = m_buffer.constData() + m_scanned;
+        const auto *const end = static_cast<const char *>(
             m_scanned < m_end ? std::memchr(from, '\n', size_t(m_end - m_scanned)) : nullptr);
         if (end) {
-            const int length = int(end - begin);
+            const int length = int(end - m_buffer.constData()) - m_begin;
             m_scanned = m_begin + length + 1;
             if (m_skipping) {
                 m_skipping = false;
