@@ -217,7 +217,6 @@ void DataFileLoader::addRecord(QLatin1String line, int time)
     if (time != timeFromLine)
         record.setTime(time);
     m_balance.add(record);
-    record.balancedMah = record.maxBalanceChargeMah();
     m_records.append(record, BlockArena::Fast);
 }
 

@@ -74,7 +74,6 @@ void SeriesStore::complete(Varnel3Data *record)
         record->setTime(m_syntheticTime);
     m_syntheticTime = int(
         qMin<qint64>(qint64(m_syntheticTime) + Varnel3Data::balancerPeriod, std::numeric_limits<int>::max()));
-    record->balancedMah = record->maxBalanceChargeMah();
 }
 
 void SeriesStore::load(RecordList records)

@@ -17,6 +17,20 @@ qint64 chargeOf(int balance, int balancingCurrent, qint64 seconds)
     return qBound(-mostCharge, load * seconds, mostCharge);
 }
 
+// What devices send: no cell's part can leave its bounds.
+bool isPlain(const Varnel3Data &record, qint64 seconds)
+{
+    constexpr qint64 mostSeconds = 100000;
+    constexpr unsigned mostCurrent = 1000; // mA
+    constexpr unsigned mostBalance = 127; // per cent
+    unsigned balances = 0; // bits of them
+    const int cells = record.cellsPresent();
+    for (int i = 0; i < cells; ++i)
+        balances |= unsigned(record.cells[i].balance);
+    return seconds >= 0 && seconds <= mostSeconds && unsigned(record.ballansingCurrent) <= mostCurrent
+        && balances <= mostBalance;
+}
+
 } // namespace
 
 void BalanceIntegrator::reset(int startTime)
@@ -43,37 +57,35 @@ void BalanceIntegrator::goOn(const RecordList &records)
 
 void BalanceIntegrator::add(Varnel3Data &record)
 {
-    if (!record.hasBalancingData())
-        return;
-    const qint64 seconds = qint64(record.time) - m_lastTime;
-    if (!addPlain(record, seconds))
-        addAny(record, seconds);
-    m_lastTime = record.time;
+    if (record.hasBalancingData()) {
+        const qint64 seconds = qint64(record.time) - m_lastTime;
+        m_lastTime = record.time;
+        if (!isPlain(record, seconds))
+            addAny(record, seconds);
+        else if (addPlain(record, record.ballansingCurrent * seconds))
+            return;
+    }
+    record.balancedMah = record.maxBalanceChargeMah();
 }
 
-// What devices send, where nothing can leave its bounds but the sums: no other check for each cell.
-bool BalanceIntegrator::addPlain(Varnel3Data &record, qint64 seconds)
+// No bounds are checked for each cell but those of what a record shows. True if that did for all.
+bool BalanceIntegrator::addPlain(Varnel3Data &record, qint64 factor)
 {
-    constexpr qint64 mostSeconds = 100000;
-    constexpr unsigned mostCurrent = 1000; // mA
-    constexpr unsigned mostBalance = 100; // per cent
-    bool plain = seconds >= 0 && seconds <= mostSeconds && unsigned(record.ballansingCurrent) <= mostCurrent;
+    quint64 sums = 0; // bits of them
+    int highest = 0;
     const int cells = record.cellsPresent();
-    for (int i = 0; i < cells; ++i)
-        plain &= unsigned(record.cells[i].balance) <= mostBalance;
-    if (!plain)
-        return false;
-    const qint64 factor = record.ballansingCurrent * seconds;
-    quint64 all = 0; // bits of the sums
     for (int i = 0; i < cells; ++i) {
         m_charge[i] += record.cells[i].balance * factor;
-        all |= quint64(m_charge[i]);
-        record.cells[i].balanceCharge = int(m_charge[i]);
+        sums |= quint64(m_charge[i]);
+        const int charge = int(qMin<qint64>(m_charge[i], INT32_MAX));
+        record.cells[i].balanceCharge = charge;
+        highest = qMax(highest, charge);
     }
-    for (int i = 0; i < cells && all > INT32_MAX; ++i) {
-        m_charge[i] = qMin(m_charge[i], mostCharge);
-        record.cells[i].balanceCharge = saturated(m_charge[i]);
+    if (sums > quint64(mostCharge)) {
+        addAny(record, 0);
+        return false;
     }
+    record.balancedMah = highest / Varnel3Data::chargePerMah;
     return true;
 }
 

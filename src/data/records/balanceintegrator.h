@@ -14,13 +14,13 @@ public:
     void goOn(const RecordList &records);
     /// The same sums, but the next record counts from `time` (s) on: a balancer's clock is not its records'.
     void goOnFrom(int time) { m_lastTime = time; }
-    /// Adds the time from the last such record to this one and writes the sums to the record's cells. A
-    /// record without balancing data changes nothing. The record's final time is set
-    /// before.
+    /// Adds the time from the last such record to this one, writes the sums to the record's cells and the
+    /// highest of all its cells to its `balancedMah`. A record without balancing data adds nothing. The
+    /// record's final time is set before.
     void add(Varnel3Data &record);
 
 private:
-    bool addPlain(Varnel3Data &record, qint64 seconds);
+    bool addPlain(Varnel3Data &record, qint64 factor);
     void addAny(Varnel3Data &record, qint64 seconds);
 
     qint64 m_charge[Varnel3Data::maxCells] = {}; // per cent x mA x s
