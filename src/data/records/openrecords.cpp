@@ -32,9 +32,29 @@ bool hasAnyFraction(const Varnel3Data &record)
         return bits;
     };
     quint64 any = bitsOf(record.resistanceSum);
-    for (const CellData &cell : record.cells)
-        any |= bitsOf(cell.resistance);
+    for (int i = 0; i < Varnel3Data::maxCells; i += 2) // two a step, which takes half the time
+        any |= bitsOf(record.cells[i].resistance) | bitsOf(record.cells[i + 1].resistance);
     return any != 0;
+}
+
+struct Clock {
+    int hour;
+    int minute;
+    int second;
+};
+
+// What the clock of `record` is beyond that of its time: nothing, unless somebody has set it otherwise.
+Clock beyondTime(const Varnel3Data &record)
+{
+    const bool isTime = unsigned(record.minute) < 60 && unsigned(record.second) < 60 && record.time >= 0
+        && (qint64(record.hour) * 60 + record.minute) * 60 + record.second == record.time;
+    if (isTime)
+        return {0, 0, 0};
+    Varnel3Data clock;
+    clock.setTime(record.time);
+    return {int(quint32(record.hour) - quint32(clock.hour)),
+        int(quint32(record.minute) - quint32(clock.minute)),
+        int(quint32(record.second) - quint32(clock.second))};
 }
 
 constexpr int strideFor(int capacity)
@@ -116,13 +136,13 @@ void OpenRecords::store(const Varnel3Data &record)
     RecordColumns::eachOwn([&](auto field) {
         own[field.column * step] = int(record.*field.member); // NOLINT(bugprone-signed-char-misuse)
     });
-    Varnel3Data clock;
-    clock.setTime(record.time);
-    own[RecordColumns::Hour * step] = int(quint32(record.hour) - quint32(clock.hour));
-    own[RecordColumns::Minute * step] = int(quint32(record.minute) - quint32(clock.minute));
-    own[RecordColumns::Second * step] = int(quint32(record.second) - quint32(clock.second));
+    const Clock beyond = beyondTime(record);
+    own[RecordColumns::Hour * step] = beyond.hour;
+    own[RecordColumns::Minute * step] = beyond.minute;
+    own[RecordColumns::Second * step] = beyond.second;
     int *figure = own + RecordColumns::ownColumns * step;
-    for (const CellData *cell = record.cells; cell < record.cells + m_cells; ++cell) {
+    const CellData *const end = record.cells + m_cells;
+    for (const CellData *cell = record.cells; cell != end; ++cell) {
         RecordColumns::eachOfCell([&](auto field) { figure[field.column * step] = cell->*field.member; });
         figure += RecordColumns::columnsOfCell * step;
     }

@@ -49,12 +49,15 @@ public:
             high = _mm_max_epi16(high, beyond);
             store(m_beyond + i, beyond);
         }
-        qint16 lows[step];
-        qint16 highs[step];
-        store(lows, low);
-        store(highs, high);
-        m_low = *std::min_element(lows, lows + step);
-        m_high = *std::max_element(highs, highs + step);
+        const auto fold = [&](__m128i lowHalf, __m128i highHalf) {
+            low = _mm_min_epi16(low, lowHalf);
+            high = _mm_max_epi16(high, highHalf);
+        };
+        fold(_mm_srli_si128(low, 8), _mm_srli_si128(high, 8));
+        fold(_mm_srli_si128(low, 4), _mm_srli_si128(high, 4));
+        fold(_mm_srli_si128(low, 2), _mm_srli_si128(high, 2));
+        m_low = qint16(_mm_cvtsi128_si32(low));
+        m_high = qint16(_mm_cvtsi128_si32(high));
     }
 
     /// False where a difference has left two bytes or 32 bits: the numbers then mean nothing.
@@ -64,13 +67,14 @@ public:
     }
     int low() const { return int(quint32(m_first) + quint32(m_low)); }
     int high() const { return int(quint32(m_first) + quint32(m_high)); }
-    void narrowToByte(char *bytes) const
+    void narrow(int width, char *bytes) const
     {
         const __m128i low = _mm_set1_epi16(qint16(m_low));
-        for (int i = 0; i < length; i += 2 * step)
-            store(bytes + i,
-                _mm_packus_epi16(
-                    _mm_sub_epi16(load(m_beyond + i), low), _mm_sub_epi16(load(m_beyond + i + step), low)));
+        const auto above = [&](int i) { return _mm_sub_epi16(load(m_beyond + i), low); };
+        for (int i = 0; i < length && width == 1; i += 2 * step)
+            store(bytes + i, _mm_packus_epi16(above(i), above(i + step)));
+        for (int i = 0; i < length && width == 2; i += step)
+            store(bytes + sizeof(qint16) * size_t(i), above(i));
     }
 
 private:
@@ -119,14 +123,15 @@ PackedColumn rangeOf(const int *figures)
 
 PackedColumn PackedColumn::pack(const int *figures, char *block, quint32 *end)
 {
+    if (std::memcmp(figures, figures + 1, (length - 1) * sizeof(int)) == 0) // most never change
+        return {figures[0], figures[0], *end};
     char *const bytes = block + *end;
 #if defined(__SSE2__)
     if (isNear(figures)) {
         const NearNumbers near(figures);
-        const PackedColumn column = {near.low(), near.high(), *end};
-        if (near.areExact() && column.width() < 2) {
-            if (column.width() == 1)
-                near.narrowToByte(bytes);
+        if (near.areExact()) {
+            const PackedColumn column = {near.low(), near.high(), *end};
+            near.narrow(column.width(), bytes);
             *end += quint32(column.width() * length);
             return column;
         }
@@ -139,7 +144,7 @@ PackedColumn PackedColumn::pack(const int *figures, char *block, quint32 *end)
         narrow<quint8>(figures, column.low, bytes);
     else if (width == 2)
         narrow<quint16>(figures, column.low, bytes);
-    else if (width == 4)
+    else
         narrow<quint32>(figures, column.low, bytes);
     *end += quint32(width * length);
     return column;
