@@ -73,34 +73,31 @@ int DerivedPoints::loadBlock(const RecordList &records, int most)
     return m_size;
 }
 
-// Those of the next `count` records of a block.
+// Those of the next `count` records of a block. Each point waits for the one before it, and so the series
+// wait side by side.
 void DerivedPoints::addFigures(const RecordList &records, int count)
 {
     const int block = m_size / length;
     const int first = m_size % length;
-    int figures[length];
-    const auto take = [&](int column) { records.numbers(column, block).copy(first, count, figures); };
+    int times[length];
+    int temperatures[length];
+    int voltages[length];
+    records.numbers(Columns::Time, block).copy(first, count, times);
+    records.numbers(Columns::Temperature, block).copy(first, count, temperatures);
+    records.numbers(Columns::Voltage, block).copy(first, count, voltages);
+    int lastTime = m_size > 0 ? records.figure(Columns::Time, m_size - 1) : times[0];
+    qint64 lastVoltage = m_size > 0 ? records.figure(Columns::Voltage, m_size - 1) : 0;
     KeptPoints::Newest &newest = m_kept.newest();
-
-    take(Columns::Time);
-    int last = m_size > 0 ? records.figure(Columns::Time, m_size - 1) : figures[0];
     for (int i = 0; i < count; ++i) {
-        m_timeMonotone &= figures[i] >= last;
-        last = figures[i];
-    }
-    take(Columns::Temperature);
-    for (int i = 0; i < count; ++i) {
+        m_timeMonotone &= times[i] >= lastTime;
+        lastTime = times[i];
         if (m_size + i > 0)
-            m_temperatureSum = m_temperatureSum - m_temperatureSum / 4 + figures[i];
+            m_temperatureSum = m_temperatureSum - m_temperatureSum / 4 + temperatures[i];
         newest.temperatures[first + i] = int(m_temperatureSum / 4);
-    }
-    take(Columns::Voltage);
-    qint64 before = m_size > 0 ? records.figure(Columns::Voltage, m_size - 1) : 0;
-    for (int i = 0; i < count; ++i) {
         if (m_size + i > firstResistance())
-            m_dvSum = m_dvSum - m_dvSum / dvWeight + double((figures[i] - before) * dvWeight);
+            m_dvSum = m_dvSum - m_dvSum / dvWeight + double((voltages[i] - lastVoltage) * dvWeight);
         newest.slopes[first + i] = m_size + i > firstResistance() ? m_dvSum / dvWeight : 0.0;
-        before = figures[i];
+        lastVoltage = voltages[i];
     }
     m_size += count;
 }
