@@ -106,59 +106,30 @@ void DerivedPoints::addFigures(const RecordList &records, int count)
 void DerivedPoints::packBlock(const RecordList &records)
 {
     const int block = m_kept.blocks();
-    const int heard = m_hasCells ? CellPoints::heardAt(records, m_size - 1, m_kept.newest().heardBefore) : 0;
-    packCells(records);
-    m_kept.newest().heardBefore = heard;
+    m_kept.packNewest();
+    m_cellsTold = m_cellsTold && allHaveCells(records, block);
+    if (m_hasCells)
+        m_kept.newest().heardBefore = CellPoints::heardAt(records, m_size - 1, m_kept.heardBefore(block));
     Interval ranges[kindCount];
-    for (int kind = 0; kind < kindsInUse(); ++kind) {
-        ranges[kind] = blockExtremes(records, kind, block);
-        if (block == 0)
-            m_wholeBlocks[kind] = ranges[kind];
-        else
-            m_wholeBlocks[kind].take(ranges[kind]);
-    }
+    for (int kind = 0; kind < kindsInUse(); ++kind)
+        ranges[kind] = rangeOf(records, kind, block);
     m_pyramid.add(ranges, kindsInUse());
 }
 
-// With the extremes that the columns of the records don't tell.
-void DerivedPoints::packCells(const RecordList &records)
+// By the packed columns, where they tell it.
+Interval DerivedPoints::rangeOf(const RecordList &records, int kind, int block) const
 {
-    Interval ranges[kindCount];
-    int count = 0;
-    const int block = m_kept.blocks();
-    const auto add = [&](int kind) {
+    if (kind == Dv)
+        return extremesOf(m_kept.slopes(block), 0, length);
+    if (kind == CellDelta || (kind >= CellMin && !allHaveCells(records, block))) {
         double points[length];
-        CellPoints::copy(records, kind, block * length, length, m_kept.newest().heardBefore, points);
-        ranges[count++] = extremesOf(points, 0, length);
-    };
-    const bool areTold = allHaveCells(records, block);
-    m_cellsTold = m_cellsTold && areTold;
-    if (m_hasCells && areTold) {
-        add(CellDelta);
-    } else if (m_hasCells) {
-        for (int kind = CellMin; kind < kindsInUse(); ++kind)
-            add(kind);
+        CellPoints::copy(records, kind, block * length, length, m_kept.heardBefore(block), points);
+        return extremesOf(points, 0, length);
     }
-    m_kept.packNewest(ranges, count);
-}
-
-Interval DerivedPoints::blockExtremes(const RecordList &records, int kind, int block) const
-{
     const SeriesFigure figure = SeriesFigure::of(kind);
-    if (figure.column < 0) {
-        const Interval range = m_kept.extremes(kind, block);
-        return {range.low / figure.unit, range.high / figure.unit};
-    }
-    if (kind == CellDelta || (kind >= CellMin && !m_cellsTold && !allHaveCells(records, block)))
-        return m_kept.cellExtremes(kind, block);
-    const PackedColumn column = records.packed(block).column(figure.column);
+    const PackedColumn column
+        = figure.column < 0 ? m_kept.column(kind, block) : records.packed(block).column(figure.column);
     return {column.low / figure.unit, column.high / figure.unit};
-}
-
-Interval DerivedPoints::blocksExtremes(const RecordList &records, int kind, int begin, int end) const
-{
-    return m_pyramid.extremes(
-        kind, begin, end, [&](int block) { return blockExtremes(records, kind, block); });
 }
 
 void DerivedPoints::addResistance(qint64 point)

@@ -35,19 +35,20 @@ public:
     /// By each record of all such blocks.
     bool areCellsTold() const { return m_cellsTold; }
     /// The extremes of a series in a block that gets no more points.
-    Interval blockExtremes(const RecordList &records, int kind, int block) const;
+    const Interval &blockExtremes(int kind, int block) const { return m_pyramid.ofBlock(kind, block); }
     /// Those of the blocks `begin`..`end` - 1, of which there is at least one; hardly longer for more of
     /// them.
-    Interval blocksExtremes(const RecordList &records, int kind, int begin, int end) const;
-    /// The extremes of all such blocks together, of which there is one at least.
-    Interval wholeBlocks(int kind) const { return m_wholeBlocks[kind]; }
+    Interval blocksExtremes(int kind, int begin, int end) const
+    {
+        return m_pyramid.extremes(kind, begin, end);
+    }
 
 private:
     int kindsInUse() const { return m_hasCells ? Cell1 + m_cellCount : int(CellMin); }
     bool isBlockFull() const { return m_size > 0 && m_size % KeptPoints::length == 0; }
     void makeBlockRoom(BlockArena::Growth growth);
     void packBlock(const RecordList &records);
-    void packCells(const RecordList &records);
+    Interval rangeOf(const RecordList &records, int kind, int block) const;
     void addFigures(const RecordList &records, int count);
     void addResistance(qint64 point);
     void fillFront();
@@ -58,7 +59,6 @@ private:
     KeptPoints m_kept;
     int m_size = 0;
     int m_resistancePoints = 0; // as many, or one more
-    Interval m_wholeBlocks[kindCount];
     ExtremesPyramid m_pyramid;
     ResistanceFold m_resistance;
     int m_device = Varnel3Data::NoDevice;

@@ -1,33 +1,45 @@
 #include "series/extremespyramid.h"
 
-#include <algorithm>
-
 void ExtremesPyramid::makeRoom(int kinds)
 {
-    m_kinds = std::size_t(kinds);
-    m_newest.resize(m_kinds);
-    for (std::vector<Interval> &level : m_levels) {
-        if (level.capacity() - level.size() < m_kinds)
-            level.reserve(level.size() + level.size() / 2 + m_kinds);
+    for (Level &level : m_levels) {
+        if (std::size_t(level.count) == level.pages.size() * pageLength)
+            level.pages.emplace_back(new Interval[std::size_t(kinds) * pageLength]);
+        if (level.count % fan != fan - 1)
+            return; // nothing comes to the levels above
     }
 }
 
 void ExtremesPyramid::add(const Interval *ranges, int kinds)
 {
-    for (int kind = 0; kind < kinds; ++kind) {
-        Interval &newest = m_newest[std::size_t(kind)];
-        newest = m_blocks % fan == 0 ? ranges[kind] : newest;
-        newest.take(ranges[kind]);
+    Level &lowest = m_levels[0];
+    for (int kind = 0; kind < kinds; ++kind)
+        lowest.at(kind, lowest.count) = ranges[kind];
+    ++lowest.count;
+    for (int i = 1; i < levelCount && m_levels[i - 1].count % fan == 0; ++i) {
+        const Level &below = m_levels[i - 1];
+        Level &level = m_levels[i];
+        for (int kind = 0; kind < kinds; ++kind) {
+            Interval &all = level.at(kind, level.count);
+            all = below.at(kind, below.count - 1);
+            for (int entry = below.count - fan; entry < below.count - 1; ++entry)
+                all.take(below.at(kind, entry));
+        }
+        ++level.count;
     }
-    ++m_blocks;
-    int groups = m_blocks;
-    for (std::vector<Interval> &level : m_levels) {
-        if (groups % fan != 0)
-            return;
-        groups /= fan;
-        level.insert(level.end(), m_newest.begin(), m_newest.end());
-        const std::size_t first = level.size() - m_kinds * std::size_t((groups - 1) % fan + 1);
-        for (std::size_t i = first; i < level.size(); ++i) // with those that the next group has so far
-            m_newest[(i - first) % m_kinds].take(level[i]);
+}
+
+Interval ExtremesPyramid::extremes(int kind, int begin, int end) const
+{
+    Interval found = ofBlock(kind, begin);
+    for (const Level *level = m_levels; begin < end; ++level) {
+        const bool isHighest = level == m_levels + levelCount - 1;
+        while (begin < end && (begin % fan != 0 || isHighest))
+            found.take(level->at(kind, begin++));
+        while (begin < end && end % fan != 0)
+            found.take(level->at(kind, --end));
+        begin /= fan;
+        end /= fan;
     }
+    return found;
 }

@@ -1,19 +1,14 @@
 #include "series/keptpoints.h"
 
-#include "series/extremes.h"
-
 #include <algorithm>
 #include <new>
 
-// Its figures and then the extremes of its cells follow it in memory.
+// Its figures follow it in memory.
 struct KeptPoints::Block {
     PackedColumn temperatures;
     PackedColumn resistances;
-    Interval slopeRange;
     double slopes[length] = {};
     int heardBefore = 0;
-    int cellCount = 0;
-    quint32 cells = 0; // their place
 
     const char *start() const { return reinterpret_cast<const char *>(this); }
 };
@@ -22,11 +17,10 @@ void KeptPoints::makeRoom(BlockArena::Growth growth)
 {
     if (m_blocks.size() == m_blocks.capacity())
         m_blocks.reserve(m_blocks.size() + m_blocks.size() / 2 + 1);
-    m_arena.makeRoom(
-        sizeof(Block) + std::size_t(2 * PackedColumn::mostBytes) + kindCount * sizeof(Interval), growth);
+    m_arena.makeRoom(sizeof(Block) + std::size_t(2 * PackedColumn::mostBytes), growth);
 }
 
-void KeptPoints::packNewest(const Interval *cells, int count)
+void KeptPoints::packNewest()
 {
     char *const room = m_arena.next();
     auto *const block = new (room) Block;
@@ -34,20 +28,20 @@ void KeptPoints::packNewest(const Interval *cells, int count)
     block->temperatures = PackedColumn::pack(m_newest.temperatures, room, &end);
     block->resistances = PackedColumn::pack(m_newest.resistances, room, &end);
     std::copy_n(m_newest.slopes, length, block->slopes);
-    block->slopeRange = extremesOf(block->slopes, 0, length);
     block->heardBefore = m_newest.heardBefore;
-    block->cells = end;
-    block->cellCount = count;
-    std::uninitialized_copy_n(cells, count, reinterpret_cast<Interval *>(room + end));
-    m_arena.take(end + std::size_t(count) * sizeof(Interval));
+    m_arena.take(end);
     m_blocks.push_back(block);
+}
+
+const PackedColumn &KeptPoints::column(int kind, int block) const
+{
+    return kind == Temperature ? at(block).temperatures : at(block).resistances;
 }
 
 NarrowNumbers KeptPoints::figures(int kind, int block) const
 {
     if (block < blocks())
-        return (kind == Temperature ? at(block).temperatures : at(block).resistances)
-            .numbers(at(block).start());
+        return column(kind, block).numbers(at(block).start());
     return {
         reinterpret_cast<const char *>(kind == Temperature ? m_newest.temperatures : m_newest.resistances), 0,
         int(sizeof(int))};
@@ -61,18 +55,4 @@ const double *KeptPoints::slopes(int block) const
 int KeptPoints::heardBefore(int block) const
 {
     return block < blocks() ? at(block).heardBefore : m_newest.heardBefore;
-}
-
-Interval KeptPoints::extremes(int kind, int block) const
-{
-    if (kind == Dv)
-        return at(block).slopeRange;
-    const PackedColumn &column = kind == Temperature ? at(block).temperatures : at(block).resistances;
-    return {double(column.low), double(column.high)};
-}
-
-Interval KeptPoints::cellExtremes(int kind, int block) const
-{
-    const auto *const all = reinterpret_cast<const Interval *>(at(block).start() + at(block).cells);
-    return all[at(block).cellCount == 1 ? 0 : kind - CellMin];
 }

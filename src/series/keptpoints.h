@@ -2,13 +2,12 @@
 
 #include "data/records/blockarena.h"
 #include "data/records/packedcolumn.h"
-#include "series/interval.h"
 #include "series/serieskinds.h"
 
 #include <vector>
 
-/// What can't be told of a point from the figures of its own record: the smoothed series, where the cells
-/// were heard of last, and extremes that the records' columns don't tell. In blocks, as the records.
+/// What can't be told of a point from the figures of its own record: the smoothed series, and where the cells
+/// were heard of last. In blocks, as the records.
 class KeptPoints : public SeriesKinds {
 public:
     static constexpr int length = PackedColumn::length;
@@ -26,18 +25,15 @@ public:
     int blocks() const { return int(m_blocks.size()); }
     /// Takes the memory for the next packNewest(). Throws std::bad_alloc, and has changed nothing.
     void makeRoom(BlockArena::Growth growth);
-    /// What is newest, all of it, becomes a block. `cells` are `count` extremes of it: none, that of
-    /// CellDelta, or those of CellMin and all behind it.
-    void packNewest(const Interval *cells, int count);
+    /// What is newest, all of it, becomes a block.
+    void packNewest();
 
     /// Temperature or Resistance. For these three `block` may be that of the newest.
     NarrowNumbers figures(int kind, int block) const;
     const double *slopes(int block) const;
     int heardBefore(int block) const;
-    /// Extremes of a block: Temperature, Resistance (of their figures) or Dv.
-    Interval extremes(int kind, int block) const;
-    /// Those that packNewest() was given.
-    Interval cellExtremes(int kind, int block) const;
+    /// Temperature or Resistance of a block, with its extremes.
+    const PackedColumn &column(int kind, int block) const;
 
 private:
     struct Block;

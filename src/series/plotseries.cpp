@@ -37,7 +37,7 @@ PlotSeries::Block PlotSeries::lookAt(int index) const
     const bool isPlain = m_kind != SeriesKinds::Dv && m_kind != SeriesKinds::CellDelta
         && (!isOfCells() || areCellsTold(index));
     return {index, isPlain, m_kind == SeriesKinds::Dv ? NarrowNumbers() : figures(index),
-        index < packedBlocks() ? m_points->blockExtremes(*m_records, m_kind, index) : Interval()};
+        index < packedBlocks() ? m_points->blockExtremes(m_kind, index) : Interval()};
 }
 
 int PlotSeries::packedBlocks() const
@@ -48,7 +48,7 @@ int PlotSeries::packedBlocks() const
 // Of whole blocks.
 Interval PlotSeries::wholeExtremes(int begin, int end) const
 {
-    return m_points->blocksExtremes(*m_records, m_kind, begin, end);
+    return m_points->blocksExtremes(m_kind, begin, end);
 }
 
 void PlotSeries::fetchPlace(int index) const
@@ -145,6 +145,6 @@ Interval PlotSeries::wholeRange() const
     const int whole = m_points->kept().blocks();
     Interval found = extremes(whole * blockSize, m_size);
     if (whole > 0)
-        found.take(m_points->wholeBlocks(m_kind));
+        found.take(wholeExtremes(0, whole));
     return found;
 }

@@ -8,7 +8,8 @@
 
 /// The records of one recording and the plot series derived from them, in step: record n is point n of every
 /// series. A live recording grows by append(), a file is taken over whole by load(); the cost of a record
-/// does not depend on how many there are.
+/// does not depend on how many there are. A store that was moved from is fit to be destroyed or to take
+/// another one's place, and for nothing else.
 class SeriesStore : public SeriesKinds {
 public:
     /// What the comparison of capacities shows of a recording.
