@@ -19,7 +19,8 @@
 
 #include <benchmark/benchmark.h>
 
-// Counters in MB, of a single record in bytes, of what the process alone holds, and `longest` in ms; report.py runs these in a process of their own.
+// Counters in MB, for a record in bytes, of what the process alone holds; `longest` in ms. report.py runs
+// each in a process of its own.
 namespace {
 
 constexpr int windows = 8;

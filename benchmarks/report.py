@@ -4,8 +4,8 @@ can take, and whether the goals are met.
 
 usage: report.py [--write FILE] FOLDER [FILTER]
 
-FOLDER holds the program varnel_bench; FILTER is a regular expression for names of benchmarks. FILE is Markdown
-with a table between two marks: the column of this machine is filled or made there.
+FOLDER holds the program varnel_bench; FILTER is a regular expression for names of benchmarks. FILE is
+Markdown with a table between two marks: the column of this machine is filled or made there.
 
 All that a row compares runs in one process, three times in turn; the middle of the three rows counts. Times
 are processor time, but for a start, and where a disk or a thread is waited for: the row says so. Memory, the
@@ -182,8 +182,8 @@ def one_start(command, environment):
 
 
 def start_profile(folder):
-    """The steps of a start and [ms] of one: medians of several, in turn with the emptiest window, with settings
-    of their own. {name: ms}"""
+    """{name: ms} of a start, its steps and that of an empty window: medians of several in turn, with settings of
+    their own"""
     runs, empty, bare = [], [], []
     with tempfile.TemporaryDirectory() as home, Screen() as screen:
         folders = ("HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR", "VARNEL_PORT_DIR")
