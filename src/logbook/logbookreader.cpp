@@ -19,6 +19,7 @@ constexpr int sliceTime = 10; // ms; the event loop runs between slices
 constexpr int waitTime = 20; // ms between two looks at a disk that does not answer
 constexpr int roundTime = 5000; // ms between two looks at the folders
 constexpr int recordsBetweenLooks = 1024; // at the clock
+constexpr int filesAhead = 4; // that are opened while one is read
 constexpr double longest = 1e9; // s, that a recording's clock is believed
 
 } // namespace
@@ -146,7 +147,7 @@ void LogbookReader::cancel()
     m_waiting.clear();
     m_opened.clear();
     m_current.reset();
-    m_next.reset();
+    m_next.clear();
     rest();
 }
 
@@ -347,7 +348,7 @@ void LogbookReader::takeFound(const QVector<FoundFile> &found)
     }
     std::stable_sort(m_waiting.begin(), m_waiting.end(),
         [](const FoundFile &a, const FoundFile &b) { return a.stamp.modified < b.stamp.modified; });
-    if (m_waiting.isEmpty() && !m_current && !m_next) {
+    if (m_waiting.isEmpty() && !m_current && m_next.empty()) {
         if (m_looks == 0)
             rest();
         return;
@@ -358,7 +359,7 @@ void LogbookReader::takeFound(const QVector<FoundFile> &found)
 
 void LogbookReader::readOn()
 {
-    if (!m_current && !m_next && m_waiting.isEmpty()) {
+    if (!m_current && m_next.empty() && m_waiting.isEmpty()) {
         m_slices->stop();
         if (m_looks == 0)
             rest();
@@ -372,10 +373,12 @@ void LogbookReader::readOn()
 
 void LogbookReader::takeWaiting()
 {
-    if (!m_current)
-        m_current = m_next ? std::move(m_next) : nextWaiting();
-    if (!m_next && !m_waiting.isEmpty())
-        m_next = nextWaiting();
+    while (!m_waiting.isEmpty() && int(m_next.size()) < filesAhead)
+        m_next.push_back(nextWaiting());
+    if (m_current)
+        return;
+    m_current = std::move(m_next.front());
+    m_next.pop_front();
 }
 
 std::unique_ptr<LogbookReader::Current> LogbookReader::nextWaiting()

@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QObject>
 
+#include <deque>
 #include <functional>
 #include <memory>
 
@@ -106,7 +107,7 @@ private:
     QHash<QString, Opened> m_opened; // of those in m_waiting
     QHash<QString, QString> m_sources; // of files that were overwritten and are to be read
     std::unique_ptr<Current> m_current; // the file that is being read
-    std::unique_ptr<Current> m_next; // its disk is asked meanwhile
+    std::deque<std::unique_ptr<Current>> m_next; // their disks are asked meanwhile
     bool m_isCancelled = false; // what folders hold is not read for now
     int m_looks = 0; // under way
     int m_done = 0;
