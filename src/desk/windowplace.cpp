@@ -127,7 +127,9 @@ void save(const QWidget &display, const QString &group, VarnelSettings *settings
 void restore(QWidget *display, const QString &group, const VarnelSettings &settings, const QSize &size,
     const QPoint &place)
 {
-    display->resize(settings.value(group + SettingsKey::inGroupSize, size).toSize());
+    const QSize room = QGuiApplication::primaryScreen()->availableVirtualSize();
+    const QSize kept = settings.value(group + SettingsKey::inGroupSize, size).toSize();
+    display->resize(kept.boundedTo(room - QSize(scaled(frame.width()), scaled(frame.height()))));
     WindowPlace::place(display, settings.value(group + SettingsKey::inGroupPos), place);
     if (settings.value(group + SettingsKey::inGroupMaximized).toBool())
         display->setWindowState(display->windowState() | Qt::WindowMaximized);

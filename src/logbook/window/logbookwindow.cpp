@@ -37,11 +37,12 @@
 namespace {
 
 constexpr int gathering = 100; // ms in which changes fall together
-constexpr int packsWidth = 450; // px
+constexpr int packsWidth = 440; // px
 constexpr int tableWidth = 760;
 constexpr int tableHeight = 420;
 constexpr int courseHeight = 260;
 constexpr int packSpace = 4; // px between rows
+constexpr int longestName = 260; // px of the column; the tip has all of it
 
 /// Rows apart enough for their marks.
 class PackRows : public QStyledItemDelegate {
@@ -101,7 +102,7 @@ void LogbookWindow::createParts()
     m_packs->header()->setSortIndicator(PackList::Name, Qt::AscendingOrder);
     m_packs->header()->setStretchLastSection(false);
     m_packs->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    m_packs->header()->setSectionResizeMode(PackList::Name, QHeaderView::Stretch);
+    m_packs->header()->setMaximumSectionSize(scaled(longestName));
     m_packs->setItemDelegate(new PackRows(m_packs));
     m_table = new RecordingTable(m_parts.logbook, this);
     m_view = new RecordingView(m_table, this);
@@ -337,8 +338,6 @@ void LogbookWindow::showEvent(QShowEvent *event)
     if (m_isStale)
         refresh();
     QMainWindow::showEvent(event);
-    QHeaderView *header = m_packs->header(); // dressed by now
-    header->setMinimumSectionSize(header->sectionSizeHint(PackList::Name)); // narrower it would stretch to
 }
 
 void LogbookWindow::closeEvent(QCloseEvent *event)

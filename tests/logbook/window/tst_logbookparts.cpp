@@ -85,7 +85,7 @@ private slots:
         table.refresh();
         QCOMPARE(table.ids(), (QVector<qint64>{ids[3], ids[2], ids[1], ids[0]}));
         const char *looks[][2]
-            = {{"A 129 bold", "4800 130 bold"}, {"A 129 #5b6773 italic", "4800 130 #5b6773 italic"},
+            = {{"A 129 bold", " 130 bold"}, {"A 129 #5b6773 italic", "4800 130 #5b6773 italic"},
                 {"A ? 129 #5b6773 italic", "4800 130"}, {"A 129", "4800 130"}};
         for (int row = 0; row < 4; ++row) {
             QCOMPARE(looksOf(table.index(row, Columns::Pack)), QString(looks[row][0]));

@@ -57,6 +57,12 @@ QString fileText(const LogbookRecording &recording)
     return recording.isGone ? RecordingColumns::tr("%1 (gone)").arg(name) : name;
 }
 
+/// Of a live recording the first record alone is known.
+bool isMeasured(const LogbookRecording &recording)
+{
+    return recording.figures.records > 0 && !recording.isLive;
+}
+
 double startNumber(const LogbookRecording &r)
 {
     return r.start.isValid() ? double(r.start.toMSecsSinceEpoch()) : unknown;
@@ -108,16 +114,14 @@ const ColumnRow columnRows[] = {
         [](const LogbookRecording &r) { return known(r.figures.cells); }, 0, nullptr},
     {QT_TRANSLATE_NOOP("RecordingColumns", "Duration"),
         QT_TRANSLATE_NOOP("RecordingColumns", "Hours, minutes and seconds to the end of the process"),
-        "00:00:00 ",
-        [](const LogbookRecording &r) { return r.figures.records > 0 ? r.figures.duration : unknown; },
+        "00:00:00 ", [](const LogbookRecording &r) { return isMeasured(r) ? r.figures.duration : unknown; },
         ownText,
         [](const LogbookRecording &r) {
-            return r.figures.records > 0 ? elapsedTimeText(r.figures.duration) : QString();
+            return isMeasured(r) ? elapsedTimeText(r.figures.duration) : QString();
         }},
     {QT_TRANSLATE_NOOP("RecordingColumns", "Charge [mAh]"),
         QT_TRANSLATE_NOOP("RecordingColumns", "What went in or came out, as in the capacity comparison"),
-        "00 000",
-        [](const LogbookRecording &r) { return r.figures.records > 0 ? r.figures.charge : unknown; }, 0,
+        "00 000", [](const LogbookRecording &r) { return isMeasured(r) ? r.figures.charge : unknown; }, 0,
         nullptr},
     {QT_TRANSLATE_NOOP("RecordingColumns", "Energy [Wh]"),
         QT_TRANSLATE_NOOP("RecordingColumns", "Voltage times current, over the time"), "000.00",
