@@ -28,9 +28,9 @@ constexpr double longest = 1e9; // s, that a recording's clock is believed
 struct LogbookReader::Current {
     Current(const FoundFile &file, const Series &borrowed)
         : found(file)
-        , opened(borrowed)
+        , m_opened(borrowed)
     {
-        if (!opened || !opened())
+        if (!m_opened || !m_opened())
             read();
     }
     /// True while there is more.
@@ -38,16 +38,16 @@ struct LogbookReader::Current {
     {
         QElapsedTimer slice;
         slice.start();
-        if (loader && !store) {
-            if (loader->readSome(sliceTime))
+        if (m_loader && !m_store) {
+            if (m_loader->readSome(sliceTime))
                 return true;
-            if (loader->status() != DataFileLoader::Status::Loaded)
+            if (m_loader->status() != DataFileLoader::Status::Loaded)
                 return false;
-            store = std::make_unique<SeriesStore>();
-            store->beginLoad(loader->takeRecords());
+            m_store = std::make_unique<SeriesStore>();
+            m_store->beginLoad(m_loader->takeRecords());
         }
         while (!slice.hasExpired(sliceTime)) {
-            if (!reckoning && store && store->loadSome(recordsBetweenLooks))
+            if (!reckoning && m_store && m_store->loadSome(recordsBetweenLooks))
                 continue;
             if (!reckoning)
                 reckoning = std::make_unique<LogbookReckoning>(*series());
@@ -59,22 +59,22 @@ struct LogbookReader::Current {
     /// Reads the file where what was opened has gone.
     void follow()
     {
-        if (!loader && !opened())
+        if (!m_loader && !m_opened())
             read();
     }
     void giveUpForMemory()
     {
         reckoning.reset();
-        store.reset();
-        status = DataFileLoader::Status::NoMemory;
+        m_store.reset();
+        m_status = DataFileLoader::Status::NoMemory;
     }
     /// Once it is at its end, as that of the loader.
     DataFileLoader::Status outcome() const
     {
-        return loader && status == DataFileLoader::Status::Loaded ? loader->status() : status;
+        return m_loader && m_status == DataFileLoader::Status::Loaded ? m_loader->status() : m_status;
     }
-    const SeriesStore *series() const { return store ? store.get() : opened(); }
-    bool isWaiting() const { return loader && loader->isWaiting(); }
+    const SeriesStore *series() const { return m_store ? m_store.get() : m_opened(); }
+    bool isWaiting() const { return m_loader && m_loader->isWaiting(); }
 
     FoundFile found;
     std::unique_ptr<LogbookReckoning> reckoning;
@@ -83,13 +83,13 @@ private:
     void read()
     {
         reckoning.reset();
-        loader = std::make_unique<DataFileLoader>(found.file);
+        m_loader = std::make_unique<DataFileLoader>(found.file);
     }
 
-    Series opened;
-    std::unique_ptr<DataFileLoader> loader; // null while what was opened is there
-    std::unique_ptr<SeriesStore> store;
-    DataFileLoader::Status status = DataFileLoader::Status::Loaded;
+    Series m_opened;
+    std::unique_ptr<DataFileLoader> m_loader; // null while what was opened is there
+    std::unique_ptr<SeriesStore> m_store;
+    DataFileLoader::Status m_status = DataFileLoader::Status::Loaded;
 };
 
 LogbookReader::LogbookReader(Logbook *logbook, const QString &ownFolder, QObject *parent)

@@ -275,12 +275,13 @@ void LogbookCommands::moveToBin(const QStringList &files)
 
 void LogbookCommands::takeMoved(const QStringList &moved, const QStringList &failed)
 {
-    for (const QString &file : moved + failed)
+    const QStringList looked = moved + failed;
+    for (const QString &file : looked)
         m_leaving.remove(file);
     for (const QString &file : failed)
         m_failed.append(QDir::toNativeSeparators(file));
     m_moved += moved.size();
-    m_parts.reader->look(moved + failed);
+    m_parts.reader->look(looked);
     tellMoved();
     if (!m_leaving.isEmpty())
         return;
