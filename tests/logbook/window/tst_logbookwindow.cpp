@@ -277,13 +277,15 @@ private slots:
             trigger("Move column left");
         trigger("Sort by column");
         window->findChild<QComboBox *>("courseQuantity")->setCurrentIndex(3);
+        const auto all = window->findChildren<QSplitter *>();
         const auto splitters = [this] {
             QByteArrayList states;
-            for (const QSplitter *splitter : window->findChildren<QSplitter *>())
+            const auto current = window->findChildren<QSplitter *>();
+            for (const QSplitter *splitter : current)
                 states += splitter->saveState();
             return states;
         };
-        for (QSplitter *splitter : window->findChildren<QSplitter *>())
+        for (QSplitter *splitter : all)
             splitter->setSizes({300, 500});
         const QByteArrayList sizes = splitters();
         VarnelSettings settings;
