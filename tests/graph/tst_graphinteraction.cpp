@@ -78,6 +78,7 @@ hover 470,100 = all cursor 43 shows 43
 hover 470,600 = all cursor 43
 hover 39,100 = all
 hover 470,155; leave = all shows 86
+hover 40,100; key Escape = all shows 86
 hide; press left 470,155 = all)");
     add("with larger letters the pointer means what is drawn under it", usual, R"(
 resize 1000,600 2; hover 442,200 = all cursor 43 shows 43
@@ -130,6 +131,7 @@ click middle 470,155; press right 470,155 = 215..645 25..75 0..100 cursor 43 han
 move right 556,155 = 172..602 25..75 0..100 cursor 43 hand
 move right 556,208 = 172..602 35..85 0..100 cursor 43 hand
 release right 556,208 = 172..602 35..85 0..100 cursor 43 shows 43
+move right 640,208 = 172..602 35..85 0..100 cursor 43
 drag right 470,155 1270,755 = 0..430 50..100 0..100 cursor 39 shows 39
 drag right 470,155 -1330,-445 = 430..860 0..50 0..100 cursor 22 shows 22
 press right 470,155; leave = 430..860 0..50 0..100 shows 86)");
@@ -161,6 +163,8 @@ hover 889,100; key Right = 210..640 35..85 32..82 cursor 64 shows 64
 key Right = 220..650 35..85 32..82 cursor 65 shows 65
 key F1 = no)");
     add("second cursor", usual, R"(
+click left 40,88 shift = all cursor 0 marked 0 shows 0
+click left 40,88 shift = all cursor 0 shows 0
 press left 255,88 shift = all cursor 22 marked 22 shows 22
 move left 470,155; release left 470,155 shift = all cursor 43 marked 22 shows 43
 drag left 470,155 685,222 = 430..645 25..50 0..100 cursor 59 marked 22 shows 59

@@ -378,6 +378,7 @@ private slots:
         QVERIFY(!dialog.findChild<QPushButton *>()->isEnabled()); // OK
         name->setText(QString(201, 'y'));
         QCOMPARE(dialog.pack().name.size(), 200);
+        dialog.findChild<QPlainTextEdit *>()->clear(); // so much text takes its time to be shown
         dialog.show();
         QCOMPARE(layoutFault(dialog), QByteArray());
         QVERIFY(dialog.findChild<QPlainTextEdit *>()->tabChangesFocus());
@@ -396,6 +397,7 @@ private slots:
     {
         NoteDialog note("2026-05-03", QString(LogbookPack::longestNote + 1, 'x'), nullptr);
         QCOMPARE(note.note().size(), LogbookPack::longestNote);
+        note.findChild<QPlainTextEdit *>()->clear();
         QCOMPARE(note.findChild<QLabel *>()->text(), QString("2026-05-03"));
         FoldersDialog folders("/own", {"/b", "/a"}, nullptr);
         QVERIFY(folders.findChild<QLabel *>()->text().contains("/own"));
