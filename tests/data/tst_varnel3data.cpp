@@ -186,6 +186,19 @@ private slots:
         record.cells[0].balance = INT_MIN;
         record.cells[15].balance = 100;
         BalanceIntegrator integrator;
+        Varnel3Data plain; // such as a device sends
+        plain.flag5 = 'B';
+        plain.cellCount = 3;
+        plain.ballansingCurrent = 1000;
+        plain.cells[0].balance = plain.cells[2].balance = 100;
+        plain.cells[1].balance = 1;
+        for (int hours = 0; hours <= 100; hours += 25) {
+            plain.time = hours * 1000;
+            integrator.add(plain);
+            QCOMPARE(plain.cells[0].balanceCharge, hours == 0 ? 0 : INT_MAX);
+            QCOMPARE(plain.cells[1].balanceCharge, hours * 1000000);
+            QCOMPARE(plain.cells[2].balanceCharge, hours == 0 ? 0 : INT_MAX);
+        }
         integrator.reset(INT_MIN);
         for (int i = 0; i < 4; ++i) { // back to the exact sum, not stuck
             record.time = i % 2 ? INT_MIN : INT_MAX;

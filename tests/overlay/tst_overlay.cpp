@@ -96,6 +96,7 @@ private slots:
         row("20 celldata=0 resistance=0", "056 start 0 time 0..1140 charge 0..1900");
         row("10 current=0 current@3=100 current@5-9=1001", "0123456 start 5 time 0..540 charge 0..900");
         row("10 current=-2000 current@0-1=-199", "0123456 start 2 time 0..540 charge 0..900");
+        row("10 current=0 current@3=1000 current@5-9=10000", "0123456 start 3 time 0..540 charge 0..900");
         row("10 current=0 current@3-9=900", "0123456 start 3 time 0..540 charge 0..900");
         row("4 current=0", "0123456 start 0 time 0..180 charge 0..300");
         row("6 period@3=-100", "0123456 start 0 time 0..140 charge 0..500 back",
@@ -136,7 +137,7 @@ private slots:
         QTest::newRow("zoomed") << 9000.0 << 9400.0 << 0 << 500;
         QTest::newRow("beside") << 30000.0 << 40000.0 << 0 << 4;
         QTest::newRow("set back") << 0.0 << 20000.0 << 500 << 100000;
-        QTest::newRow("set back again and again") << 0.0 << 20000.0 << 1 << 2000;
+        QTest::newRow("set back again and again") << 0.0 << 15999.0 << 1 << 2000;
     }
 
     /// On each half column the lowest and the highest, the first and the last of all; few points.
