@@ -177,6 +177,7 @@ private slots:
             QVERIFY2(menu && menu->actions().constFirst()->text().remove('&') == first, first);
             menu->close();
         }
+        QCOMPARE(view()->currentIndex().column(), view()->horizontalHeader()->logicalIndexAt(5));
         auto *columnsMenu = window->findChild<ColumnsMenu *>();
         view()->setColumnShown(Columns::Port, false);
         columnsMenu->popup({0, 0});

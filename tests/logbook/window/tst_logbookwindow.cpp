@@ -15,6 +15,7 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QSplitter>
+#include <QToolTip>
 
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -95,6 +96,22 @@ private slots:
             }
             QCOMPARE(window->shownIds().first(), order == Qt::AscendingOrder ? ids[0] : ids[3]);
         }
+        view()->setCurrentIndex(view()->model()->index(2, Columns::Charge));
+        for (const qint64 first : {ids[3], ids[0], ids[3]}) { // the second time the other way round
+            trigger("Sort by column");
+            QCOMPARE(window->shownIds().first(), first);
+        }
+        view()->clearSelection();
+        for (const int row : {0, 1, 3}) // the three least and the most
+            view()->selectionModel()->select(
+                view()->model()->index(row, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        trigger("Sort by column");
+        QCOMPARE(view()->selectedIds(), (QVector<qint64>{ids[0], ids[2], ids[3]}));
+        QCOMPARE(view()->currentIndex().row(), 1);
+        view()->setFocus();
+        QTest::keyClick(view(), Qt::Key_Space);
+        QVERIFY(QToolTip::text().contains("Charge [mAh]: 4700"));
+        QToolTip::hideText();
         view()->selectAll();
         type("discharge");
         QCOMPARE(view()->selectedIds().size(), 4);
@@ -269,12 +286,20 @@ private slots:
     void keepsItsLooks()
     {
         open();
+        const QFontMetrics letters(view()->font());
+        const auto widest = [&](const char *sample, const char *title) {
+            return qMax(letters.horizontalAdvance(sample) + 14, letters.horizontalAdvance(title) + 22);
+        };
+        QCOMPARE(view()->columnWidth(Columns::Port), widest("COM10 ", "Port"));
+        QCOMPARE(view()->columnWidth(Columns::Temperature), widest("000.0", "Max. [°C]"));
+        QCOMPARE(view()->verticalHeader()->defaultSectionSize(), letters.height() + 6);
         view()->choose(ids[0]);
         view()->setCurrentIndex(view()->model()->index(0, Columns::Port));
         trigger("Hide column");
         view()->setCurrentIndex(view()->model()->index(0, Columns::Charge));
-        for (int i = 0; i < 3; ++i)
+        for (int i = 0; i < 4; ++i)
             trigger("Move column left");
+        trigger("Move column right");
         trigger("Sort by column");
         window->findChild<QComboBox *>("courseQuantity")->setCurrentIndex(3);
         const auto all = window->findChildren<QSplitter *>();

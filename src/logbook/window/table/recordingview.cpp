@@ -118,6 +118,7 @@ void RecordingView::keepSelection()
     const QVector<qint64> ids = selectedIds();
     m_selected = QSet<qint64>(ids.begin(), ids.end());
     m_current = currentId();
+    m_currentColumn = std::max(0, currentIndex().column());
 }
 
 // Ranges, not rows: all of ten thousand may be selected.
@@ -134,11 +135,12 @@ void RecordingView::restoreSelection()
         selection.select(m_table->index(first, 0), m_table->index(row, RecordingColumns::count - 1));
     }
     const int current = m_current != 0 ? m_table->rowOf(m_current) : -1;
+    const QModelIndex index = m_table->index(current, m_currentColumn); // a key's command acts on its column
     if (current >= 0)
-        selectionModel()->setCurrentIndex(m_table->index(current, 0), QItemSelectionModel::NoUpdate);
+        selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
     selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
     if (m_selected.contains(m_current) && current >= 0)
-        scrollTo(m_table->index(current, 0));
+        scrollTo(index);
     emit selected(); // a reset tells no change
 }
 

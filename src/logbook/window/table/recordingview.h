@@ -52,4 +52,5 @@ private:
     RecordingTable *m_table;
     QSet<qint64> m_selected; // while the rows are reset
     qint64 m_current = 0; // the same
+    int m_currentColumn = 0; // the same
 };
