@@ -36,12 +36,14 @@ public:
     /// The shortest text that reads back as `value`; nothing for what is no number.
     void add(double value)
     {
-        char *out = room(mostNumber);
-        if (isTenths(value))
-            out = writeTenths(out, int(std::lround(value * 10)));
-        else if (std::isfinite(value))
-            out = std::to_chars(out, out + mostNumber, value).ptr;
-        endField(out);
+        quint64 bits;
+        std::memcpy(&bits, &value, sizeof bits);
+        NumberText &text = m_texts[bits * Q_UINT64_C(0x9e3779b97f4a7c15) >> (64 - textBits)];
+        if (text.bits != bits)
+            text = NumberText(value, bits);
+        char *const out = room(mostNumber);
+        std::memcpy(out, text.letters, sizeof text.letters);
+        endField(out + text.length);
     }
     void addFlag(char flag)
     {
@@ -72,6 +74,28 @@ private:
         m_size = int(out - m_bytes.constData());
     }
 
+    /// A number with its text: most come again soon, as what a cell has balanced while nothing is balanced, and
+    /// the search for the shortest text takes longer than all the rest of a row.
+    struct NumberText {
+        NumberText() = default;
+        NumberText(double value, quint64 bitsOfValue)
+            : bits(bitsOfValue)
+        {
+            char *end = letters;
+            if (isTenths(value))
+                end = writeTenths(letters, int(std::lround(value * 10)));
+            else if (std::isfinite(value))
+                end = std::to_chars(letters, letters + sizeof letters, value).ptr;
+            length = int(end - letters);
+        }
+
+        quint64 bits = 0; ///< of the number, which is 0.0 to begin with
+        int length = 1;
+        char letters[24] = "0"; ///< no number has more
+    };
+
+    static constexpr int textBits = 8;
+
     // Most fractions are tenths, which need no search for the shortest text. Larger ones may be shorter with
     // an exponent.
     static bool isTenths(double value)
@@ -84,7 +108,7 @@ private:
     {
         if (tenths < 0 && tenths > -10)
             *out++ = '-'; // which a whole part of 0 does not say
-        out = std::to_chars(out, out + mostNumber, tenths / 10).ptr;
+        out = std::to_chars(out, out + 16, tenths / 10).ptr;
         if (tenths % 10 != 0) {
             *out++ = '.';
             *out++ = char('0' + std::abs(tenths % 10));
@@ -92,6 +116,7 @@ private:
         return out;
     }
 
+    NumberText m_texts[1 << textBits];
     QByteArray m_bytes;
     int m_size = 0; // of m_bytes, in use
 };
