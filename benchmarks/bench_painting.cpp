@@ -43,7 +43,7 @@ SeriesStore storeOf(int count, int joined = 1)
     for (int i = 0; i < count; ++i) {
         Varnel3Data record = sampleRecord(i, allCells);
         record.setTime(i % (count / joined));
-        records.append(record);
+        records.append(record, BlockArena::Fast); // as a file is read
     }
     SeriesStore store;
     store.load(std::move(records));

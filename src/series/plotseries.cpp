@@ -54,7 +54,10 @@ Interval PlotSeries::wholeExtremes(int begin, int end) const
 void PlotSeries::fetchPlace(int index) const
 {
     const int block = index / blockSize;
-    if (m_figure.column >= 0 && block < packedBlocks())
+    if (block >= packedBlocks())
+        return;
+    fetchMemory(&m_points->blockExtremes(m_kind, block));
+    if (m_figure.column >= 0)
         fetchMemory(m_records->packed(block).placeOf(m_figure.column));
 }
 
