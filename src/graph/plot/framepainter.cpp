@@ -179,7 +179,7 @@ void paintTimeAxis(const GraphCanvas &c)
 void paintGrid(const GraphCanvas &c, bool perCell)
 {
     const QRect lower = c.layout.area(PlotArea::Lower);
-    StraightLines lines(c.painter);
+    StraightLines lines(c.painter, &c.tools.strips);
     for (PlotArea area : {PlotArea::Upper, PlotArea::Lower}) {
         const QRect rect = c.layout.area(area);
         lines.setPen(axisPen(c));

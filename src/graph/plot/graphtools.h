@@ -2,6 +2,7 @@
 
 #include "graph/plot/graphfonts.h"
 #include "graph/plot/scaledrawtime.h"
+#include "graph/plot/straightlines.h"
 
 #include <QPen>
 #include <QVector>
@@ -19,6 +20,7 @@ struct GraphTools {
     QwtScaleDiv timeDivision;
     QwtScaleDiv valueDivision;
     QwtPlotGrid grid;
+    LineStrips strips; ///< of the grid
     QPen axisPens[2]; ///< on white, on black
     QPen gridPens[2]; ///< the same
     QVector<QPen> cellPens; ///< by cell, on either background

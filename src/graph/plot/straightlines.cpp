@@ -42,9 +42,30 @@ private:
     StraightLines *m_lines; // its owner
 };
 
-StraightLines::StraightLines(QPainter *painter)
+const QImage &LineStrips::strip(const QPen &pen, const QSize &size)
+{
+    constexpr int most = 8; // two plots need three; a window that is resized needs others
+    if (pen != m_pen || m_strips.size() >= most)
+        m_strips.clear();
+    m_pen = pen;
+    for (const QImage &strip : qAsConst(m_strips)) {
+        if (strip.size() == size)
+            return strip;
+    }
+    QImage strip(size, QImage::Format_ARGB32_Premultiplied);
+    strip.fill(Qt::transparent);
+    QPainter painter(&strip);
+    painter.setPen(pen);
+    painter.drawLine(0, 0, size.width() - 1, size.height() - 1);
+    painter.end();
+    m_strips.append(strip);
+    return m_strips.constLast();
+}
+
+StraightLines::StraightLines(QPainter *painter, LineStrips *strips)
     : m_painter(painter)
     , m_quick(isOfWholePixels(*painter))
+    , m_strips(strips)
     , m_engine(std::make_unique<Engine>(this))
 {
 }
@@ -55,7 +76,6 @@ void StraightLines::setPen(const QPen &pen)
 {
     m_pen = pen;
     m_painter->setPen(pen);
-    m_row = m_column = QImage();
 }
 
 void StraightLines::draw(const QLine &line)
@@ -65,21 +85,7 @@ void StraightLines::draw(const QLine &line)
     else if (m_pen.style() == Qt::SolidLine)
         m_painter->fillRect(QRect(line.p1(), line.p2()), m_pen.color());
     else
-        m_painter->drawImage(line.p1(), stripFor(line));
-}
-
-const QImage &StraightLines::stripFor(const QLine &line)
-{
-    const QSize size(line.dx() + 1, line.dy() + 1);
-    QImage &strip = line.dy() == 0 ? m_row : m_column;
-    if (strip.size() == size)
-        return strip;
-    strip = QImage(size, QImage::Format_ARGB32_Premultiplied);
-    strip.fill(Qt::transparent);
-    QPainter painter(&strip);
-    painter.setPen(m_pen);
-    painter.drawLine(line.translated(-line.p1()));
-    return strip;
+        m_painter->drawImage(line.p1(), m_strips->strip(m_pen, {line.dx() + 1, line.dy() + 1}));
 }
 
 QPaintEngine *StraightLines::paintEngine() const

@@ -3,18 +3,29 @@
 #include <QImage>
 #include <QPaintDevice>
 #include <QPen>
+#include <QVector>
 
 #include <memory>
 
 class QPainter;
+
+/// Dotted lines of one pen, each length once: rows and columns of pixels, kept from one painting to the next.
+class LineStrips {
+public:
+    const QImage &strip(const QPen &pen, const QSize &size);
+
+private:
+    QPen m_pen;
+    QVector<QImage> m_strips;
+};
 
 /// Lines of one pixel along rows and columns, solid or dotted, pixel by pixel those of a painter. That sets each
 /// dot, and each pixel of a column, by itself; here a dotted line is one picture, painted as often as there are
 /// lines of its length. What is painted onto this device comes out in the same way, if it is such lines.
 class StraightLines : public QPaintDevice {
 public:
-    /// `painter` outlives this.
-    explicit StraightLines(QPainter *painter);
+    /// Both outlive this.
+    StraightLines(QPainter *painter, LineStrips *strips);
     ~StraightLines() override;
 
     /// Of one pixel.
@@ -33,12 +44,9 @@ protected:
 private:
     class Engine;
 
-    const QImage &stripFor(const QLine &line);
-
     QPainter *m_painter;
     QPen m_pen;
     bool m_quick;
-    QImage m_row;
-    QImage m_column;
+    LineStrips *m_strips;
     std::unique_ptr<Engine> m_engine;
 };
