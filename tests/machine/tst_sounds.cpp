@@ -1,3 +1,4 @@
+#include "machine/sleepblock.h"
 #include "machine/soundplayer.h"
 #include "machine/soundserver.h"
 #include "support/files.h"
@@ -26,7 +27,7 @@ void QSound::stop()
     heard << QStringLiteral("stop");
 }
 
-/// Which file is played, and whether there is anything to play it on.
+/// Which file is played, and whether there is anything to play it on; what a program may do to the machine.
 class TestSounds : public QObject {
     Q_OBJECT
 private slots:
@@ -46,6 +47,16 @@ private slots:
             }
             QCOMPARE(found.join(QLatin1Char(' ')), QLatin1String(files));
         }
+    }
+
+    // A program that has not said that it can be one is not started as its own helper.
+    void sleepIsNotBlockedUnasked()
+    {
+        const auto openFiles = [] { return QDir(QStringLiteral("/proc/self/fd")).count(); };
+        const uint filesBefore = openFiles();
+        SleepBlock block;
+        block.acquire(QStringLiteral("charging"));
+        QCOMPARE(openFiles(), filesBefore);
     }
 
     // And only what is there, whole or not.

@@ -166,6 +166,9 @@ private slots:
             QTRY_VERIFY(!size(manyFiles).isEmpty());
             QVERIFY(size(manyFiles / 2).isEmpty());
             QTRY_VERIFY(!size(manyFiles / 2).isEmpty());
+            const auto *files
+                = static_cast<QFileSystemModel *>(qobject_cast<const DataFilesModel *>(shown)->sourceModel());
+            QVERIFY(files->rowCount(files->index(path(""))) < manyFiles); // it gathers nothing by itself
         });
         ::close(opened);
     }
@@ -328,6 +331,7 @@ private slots:
     {
         const QByteArray dead = QFile::encodeName(path("sub"));
         QVERIFY(QDir().mkpath(path("sub/inner")) && QDir().mkpath(path("well")));
+        QVERIFY(writeFile(path("file.acp"), "#"));
         diskAnswers = ::eventfd(0, 0);
         deadFolder = dead.constData();
         QSettings toolkits(QSettings::UserScope, "QtProject");
@@ -342,6 +346,7 @@ private slots:
             QTRY_VERIFY(isEnabled(1));
             QTRY_VERIFY(hungThreads > 1); // the one that asked for the beginning, and for this row
             QVERIFY(!isEnabled(0));
+            QTRY_VERIFY(!list->model()->index(2, 1).data().toString().isEmpty()); // nor does a file wait
             ::eventfd_write(diskAnswers, 1);
             QTRY_VERIFY(isEnabled(0));
             QTRY_COMPARE(dialog->directory().path(), path("sub"));
