@@ -129,7 +129,6 @@ void DialogPreferences::createPortList()
     area = new QScrollArea(this);
     area->setGeometry(20, 10, 381, 191);
     area->setWidgetResizable(true);
-    area->setAlignment(Qt::AlignCenter);
     auto *contents = new QWidget(area);
     rows = new QFormLayout(contents);
     rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);

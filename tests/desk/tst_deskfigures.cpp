@@ -109,6 +109,7 @@ private slots:
         second->close();
         QTRY_COMPARE(number->text(), QString("1"));
         third->close();
+        QCOMPARE(window->activeWindowNumber(), 0);
         QMetaObject::invokeMethod(window.get(), "toolBarEnergy", Q_ARG(bool, true));
         QTRY_VERIFY(!number->isVisible());
     }

@@ -431,6 +431,12 @@ private slots:
             return lastRaised() == &question && isOnTop(&question) && isOnTop(figures) != modal;
         };
         for (const bool modal : {true, false}) {
+            QMessageBox alone(window.get());
+            alone.setModal(modal);
+            alone.show();
+            QCoreApplication::sendPostedEvents();
+            QVERIFY(!isOnTop(&alone));
+            alone.hide();
             QVERIFY(!standsAbove(modal));
             trigger(ActionId::Data);
             figures->activateWindow();

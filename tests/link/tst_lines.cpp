@@ -162,7 +162,7 @@ void LinesTest::announcesEnds_data()
 {
     const auto row = columns<Story, QStringList>({"story", "calls"});
     const QByteArray line = varnel3Line(5);
-    row("none", {line, varnel3Line(6), ending('e', 7)}, {"started"});
+    row("none", {line, "noise", resistanceLine(), "#06C05", varnel3Line(6), ending('e', 7)}, {"started"});
     row("completed", {ending('E'), endShot}, {"armed", "announced 6 0", "started", "ended 2"});
     row("aborted", {ending('M'), endShot}, {"armed", "announced 6 0", "started", "ended 1"});
     row("error", {ending('S'), endShot}, {"armed", "announced 6 0", "started", "ended 0"});
