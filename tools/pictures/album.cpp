@@ -102,9 +102,13 @@ bool Album::box(const QString &name, const QString &objectName)
     return true;
 }
 
-bool Album::window(const QString &name, const char *className)
+bool Album::window(const QString &name, const char *className, const QSize &size)
 {
-    if (!wait(className, [=] { return visible(className) != nullptr; }) || !keep(name, visible(className)))
+    if (!wait(className, [=] { return visible(className) != nullptr; }))
+        return false;
+    if (size.isValid())
+        visible(className)->resize(size);
+    if (!keep(name, visible(className)))
         return false;
     visible(className)->close();
     return true;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDir>
+#include <QSize>
 #include <QString>
 
 #include <functional>
@@ -32,7 +33,7 @@ public:
     /// Waits for the box of this object's name, or for any where it is empty; keeps it and agrees.
     bool box(const QString &name, const QString &objectName);
     /// Waits for a window of this class, keeps it and closes it.
-    bool window(const QString &name, const char *className);
+    bool window(const QString &name, const char *className, const QSize &size = QSize());
 
 private:
     QDir m_folder;

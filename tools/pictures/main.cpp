@@ -172,7 +172,7 @@ private:
                 [overlay, &files] { return overlay->plot()->shown().entries.size() == files.size(); }))
             return false;
         Album::point(overlay->plot(), 0.35, 0.4);
-        return m_album.window("overlay", "OverlayWindow");
+        return m_album.window("overlay", "OverlayWindow", QSize(960, 600));
     }
     static bool write(const QString &device, const QString &fileName)
     {
@@ -213,7 +213,7 @@ private:
             parts->editor()->assign(ids, parts->editor()->addPack(pack));
         }
         action(ActionId::Logbook)->trigger();
-        return m_album.window("logbook", "LogbookWindow");
+        return m_album.window("logbook", "LogbookWindow", QSize(1260, 760));
     }
 
     bool dialogs()

@@ -34,10 +34,14 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <utility>
+
 namespace {
 
 constexpr int gathering = 100; // ms in which changes fall together
 constexpr int packsWidth = 440; // px
+constexpr int leastPacksWidth = 150;
 constexpr int tableWidth = 760;
 constexpr int tableHeight = 420;
 constexpr int courseHeight = 260;
@@ -96,6 +100,7 @@ void LogbookWindow::createParts()
     m_packs->setAccessibleName(tr("Packs"));
     m_packs->setModel(m_packList);
     m_packs->setRootIsDecorated(false);
+    m_packs->setMinimumWidth(scaled(leastPacksWidth));
     m_packs->setUniformRowHeights(true);
     m_packs->setAllColumnsShowFocus(true);
     m_packs->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -196,7 +201,7 @@ QVector<qint64> LogbookWindow::shownIds() const
 
 void LogbookWindow::readState(const VarnelSettings &settings)
 {
-    m_sideBySide->restoreState(settings.value(SettingsKey::logbookSides).toByteArray());
+    m_isFitted = m_sideBySide->restoreState(settings.value(SettingsKey::logbookSides).toByteArray());
     m_oneAboveOther->restoreState(settings.value(SettingsKey::logbookRows).toByteArray());
     m_packs->header()->setSortIndicator(
         settings.value(SettingsKey::logbookPackColumn, PackList::Name).toInt(),
@@ -333,11 +338,26 @@ void LogbookWindow::onMenuWanted(const QPoint &place)
     menu->popup(on->mapToGlobal(place));
 }
 
+// Letters may be larger than what the width was made for.
+void LogbookWindow::fitPacks()
+{
+    const QAbstractItemView *packs = m_packs;
+    int wanted = 2 * m_packs->frameWidth();
+    for (int column = 0; column < PackList::columnTotal; ++column)
+        wanted += std::max(packs->sizeHintForColumn(column), m_packs->header()->sectionSizeHint(column));
+    const QList<int> sizes = m_sideBySide->sizes();
+    const int all = sizes[0] + sizes[1];
+    if (wanted > sizes[0])
+        m_sideBySide->setSizes({std::min(wanted, all / 2), all - std::min(wanted, all / 2)});
+}
+
 void LogbookWindow::showEvent(QShowEvent *event)
 {
     if (m_isStale)
         refresh();
     QMainWindow::showEvent(event);
+    if (!std::exchange(m_isFitted, true))
+        fitPacks();
 }
 
 void LogbookWindow::closeEvent(QCloseEvent *event)

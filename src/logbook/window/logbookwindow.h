@@ -74,6 +74,7 @@ private:
     void arrange();
     void connectParts();
     void connectCommands();
+    void fitPacks();
 
     LogbookCommands::Parts m_parts;
     const ViewState *m_state;
@@ -94,5 +95,6 @@ private:
     QTimer *m_later;
     bool m_isStale = true; ///< the logbook has changed since refresh()
     bool m_isRefreshing = false;
+    bool m_isFitted = false; ///< the parts have their widths, be it the user's
     qint64 m_pack;
 };
