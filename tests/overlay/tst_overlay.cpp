@@ -63,6 +63,11 @@ OverlayRequest requestOf(const QString &words)
             {"size", [&] { request.size = QSize(int(number(0)), int(number(1))); }},
             {"scale", [&] { request.scale = number(0); }},
             {"white", [&] { request.black = false; }},
+            {"band",
+                [&] {
+                    request.rubberBand
+                        = QRect(int(number(0)), int(number(1)), int(number(2)), int(number(3)));
+                }},
             {"distinct", [&] { request.distinct = true; }},
             {"zoom",
                 [&] {
@@ -228,6 +233,9 @@ private slots:
         row("20 | 0 | 1 | value=5",
             "Current; A 00:19:00   1900 mAh, B --.-, C 00:00:00   0 mAh; 00:00:00@0 00:10:00@600; "
             "0.0@0 0.5@0.5 1.0@1 1.5@1.5 2.0@2 2.5@2.5; ");
+        row("11 | 1 | shift=0,1800",
+            "Pack voltage; A 00:10:00   1000 mAh, B (+00:30:00) 00:00:00   0 mAh; 00:00:00@0 00:10:00@600 "
+            "00:20:00@1200 00:30:00@1800; 11.3@11.3 11.4@11.4 11.5@11.5; ");
         row("20 | marked=0 cursor=0",
             "Pack voltage   Δ 00:00:00; A Δ 0.000 V   0 mAh; 00:00:00@0 00:10:00@600; 11.4@11.4 11.5@11.5 "
             "11.6@11.6; ");
@@ -272,6 +280,7 @@ private slots:
             QTest::newRow(request) << QString(request) << QString::fromUtf8(painted);
         };
         row("20 | 11 | picked=1 cursor=570 marked=285",
+            "text 'A' left 758,30 11 Arial #ff0022; "
             "rect 0,0 1000x600 #000000; line 230,22 230,573 dash1,2 #505050; line 230,575 230,578 #aaaaaa; "
             "text '00:05:00' mid 230,586 11 Arial #ffffff; text '11.40' right 50,472 11 Arial #ffffff; "
             "text 'V' right 50,11 11 Arial #ffffff; curve 56,472 719,123 of 20 #ff0022; "
@@ -279,8 +288,11 @@ private slots:
             "rect 730,60 24x3 #00bb00; line 222,22 222,573 dash4,2 #aaaaaa; line 388,22 388,573 #aaaaaa");
         row("2 celldata=0 | value=1 size=1000,601",
             "text 'None of these recordings has such values.' mid 388,299 12 Arial #ffffff");
+        row("20 | band=100,110,50,40",
+            "rect 100,110 49x39 #2800ffff; rect 100,110 49x39 pen1 dash4,2 #00ffff");
         row("20 | cursor=1140 marked=0", "line 719,22 719,573 #aaaaaa; line 56,22 56,573 dash4,2 #aaaaaa");
-        row("1 | white", "rect 54,296 4x4 #ff0022; rect 730,28 24x3 #ff0022; line 54,22 54,573 #5a5a5a");
+        row("1 | white",
+            "text 'Pack voltage' mid 500,11 12 Arial #000000; rect 54,296 4x4 #ff0022; rect 730,28 24x3 #ff0022; line 54,22 54,573 #5a5a5a");
         row("20 | 20 | size=1280,500 scale=2 distinct picked=0",
             "curve 112,372 874,118 of 20 #ffb000; curve 112,372 874,118 of 20 pen2 #ffffff");
         row("20 | 20 | 20 | size=800,80",
@@ -301,6 +313,21 @@ private slots:
             overlay.paint(&painter, shown);
         }
         QCOMPARE(last.lines(), first.lines());
+        OverlayRequest other = shown; // of which nothing that was found holds
+        for (const auto &change : {std::function<void()>([&] { other.value = OverlayValue::MeanCell; }),
+                 std::function<void()>([&] { other.axis = OverlayAxis::Charge; }),
+                 std::function<void()>([&] { other.size.rwidth() += 9; }),
+                 std::function<void()>([&] { std::reverse(other.entries.begin(), other.entries.end()); })}) {
+            change();
+            const auto lines = [&other](OverlayPainter *by) {
+                PaintLog log(other.size);
+                QPainter painter(&log);
+                by->paint(&painter, other);
+                return log.lines();
+            };
+            OverlayPainter anew;
+            QCOMPARE(lines(&overlay), lines(&anew));
+        }
         QFETCH(QString, painted);
         QCOMPARE(last.fault(painted), QByteArray());
     }

@@ -143,7 +143,7 @@ struct ToldCurve : VarnelPlotCurve {
     {
         setSamples(QVector<QPointF>(9));
     }
-    QString draw(CurveStyle style)
+    QString toldOf(CurveStyle style)
     {
         told.clear();
         drawCurve(nullptr, style, {}, {}, {}, 2, 5);
@@ -251,13 +251,13 @@ private slots:
     void stylesOfACurve()
     {
         ToldCurve curve;
-        QCOMPARE(curve.draw(QwtPlotCurve::Lines), QString("lines 2..5"));
-        QCOMPARE(curve.draw(QwtPlotCurve::Sticks), QString("sticks 2..5"));
-        QCOMPARE(curve.draw(QwtPlotCurve::Steps), QString("steps 2..5"));
-        QCOMPARE(curve.draw(QwtPlotCurve::Dots), QString("dots 2..5"));
-        QCOMPARE(curve.draw(QwtPlotCurve::NoCurve), QString());
+        QCOMPARE(curve.toldOf(QwtPlotCurve::Lines), QString("lines 2..5"));
+        QCOMPARE(curve.toldOf(QwtPlotCurve::Sticks), QString("sticks 2..5"));
+        QCOMPARE(curve.toldOf(QwtPlotCurve::Steps), QString("steps 2..5"));
+        QCOMPARE(curve.toldOf(QwtPlotCurve::Dots), QString("dots 2..5"));
+        QCOMPARE(curve.toldOf(QwtPlotCurve::NoCurve), QString());
         curve.setCurveAttribute(QwtPlotCurve::Fitted);
-        QCOMPARE(curve.draw(QwtPlotCurve::Lines), QString("lines 0..8"));
+        QCOMPARE(curve.toldOf(QwtPlotCurve::Lines), QString("lines 0..8"));
     }
 
     /// A pattern begins at its origin, from wherever one looks at it.

@@ -181,9 +181,9 @@ private slots:
         auto *columnsMenu = window->findChild<ColumnsMenu *>();
         view()->setColumnShown(Columns::Port, false);
         columnsMenu->popup({0, 0});
-        QCOMPARE(columnsMenu->actions()[Columns::Port]->isChecked(), false);
-        QCOMPARE(columnsMenu->actions()[Columns::Pack]->isChecked(), true);
-        columnsMenu->actions()[Columns::Port]->trigger();
+        QCOMPARE(columnsMenu->actions().at(Columns::Port)->isChecked(), false);
+        QCOMPARE(columnsMenu->actions().at(Columns::Pack)->isChecked(), true);
+        columnsMenu->actions().at(Columns::Port)->trigger();
         columnsMenu->close();
         QVERIFY(!view()->isColumnHidden(Columns::Port));
         QCOMPARE(layoutFault(*window), QByteArray());

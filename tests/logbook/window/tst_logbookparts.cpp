@@ -387,7 +387,8 @@ private slots:
         dialog.show();
         QVERIFY(name->isVisible() && !chemistry->isVisible() && !spins[0]->isVisible());
         QStringList labels;
-        for (const QLabel *label : dialog.findChildren<QLabel *>())
+        const auto shownLabels = dialog.findChildren<QLabel *>();
+        for (const QLabel *label : shownLabels)
             labels += label->isVisible() ? label->text() : QString();
         labels.removeAll({});
         QCOMPARE(labels.join(' '), QString("Name: Text"));
@@ -427,7 +428,8 @@ private slots:
         for (QDialog *dialog : std::initializer_list<QDialog *>{&note, &folders, &choice}) {
             dialog->show();
             QCOMPARE(layoutFault(*dialog), QByteArray());
-            for (const QLabel *label : dialog->findChildren<QLabel *>())
+            const auto shownLabels = dialog->findChildren<QLabel *>();
+            for (const QLabel *label : shownLabels)
                 QCOMPARE(label->textFormat(), Qt::PlainText); // of files and packs
         }
         QVERIFY(note.findChild<QPlainTextEdit *>()->tabChangesFocus());
