@@ -212,14 +212,16 @@ private slots:
         for (const bool closes : {false, true}) {
             const QString name = fixture->path(closes ? "closed.acp" : "open.acp");
             QVERIFY(writeFile(name, lines(30)));
-            const auto replace = connect(documents->findChild<FileQueue *>(), &FileQueue::message, [&] {
-                const QDateTime time = QFileInfo(name).lastModified();
-                QVERIFY(writeFile(name, lines(50))); // it has been read
-                QFile file(name);
-                QVERIFY(file.open(QFile::ReadWrite) && file.setFileTime(time, QFile::FileModificationTime));
-            });
-            const auto close = connect(
-                documents, &Documents::fileOpened, [closes](const QString &, const MdiGraphChild *child) {
+            const auto replace
+                = connect(documents->findChild<FileQueue *>(), &FileQueue::message, documents, [name, lines] {
+                      const QDateTime time = QFileInfo(name).lastModified();
+                      QVERIFY(writeFile(name, lines(50))); // it has been read
+                      QFile file(name);
+                      QVERIFY(
+                          file.open(QFile::ReadWrite) && file.setFileTime(time, QFile::FileModificationTime));
+                  });
+            const auto close = connect(documents, &Documents::fileOpened, documents,
+                [closes](const QString &, const MdiGraphChild *child) {
                     if (closes)
                         delete child;
                 });

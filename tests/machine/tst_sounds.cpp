@@ -12,19 +12,23 @@
 
 namespace {
 
-QStringList heard;
+QStringList &heard()
+{
+    static QStringList calls;
+    return calls;
+}
 
 } // namespace
 
 // In the library's stead: there need be nothing to hear it with.
 void QSound::play()
 {
-    heard << QStringLiteral("play ") + QFileInfo(fileName()).fileName();
+    heard() << QStringLiteral("play ") + QFileInfo(fileName()).fileName();
 }
 
 void QSound::stop()
 {
-    heard << QStringLiteral("stop");
+    heard() << QStringLiteral("stop");
 }
 
 /// Which file is played, and whether there is anything to play it on; what a program may do to the machine.
@@ -69,13 +73,13 @@ private slots:
             SoundPlayer player;
             player.stop();
             player.play(sounds.filePath(QStringLiteral("none.wav")));
-            QCOMPARE(heard, QStringList());
+            QCOMPARE(heard(), QStringList());
             player.play(file);
             player.stop();
             player.stop();
             player.play(file);
         }
-        QCOMPARE(heard.join(QLatin1Char(' ')), QStringLiteral("play end.wav stop play end.wav stop"));
+        QCOMPARE(heard().join(QLatin1Char(' ')), QStringLiteral("play end.wav stop play end.wav stop"));
     }
 
     // The sound library's own list would be waited for, and complained of where there is none. A server that
@@ -90,7 +94,7 @@ private slots:
         const auto openFiles = [] { return QDir(QStringLiteral("/proc/self/fd")).count(); };
         const uint filesBefore = openFiles();
         QVERIFY(!hasSoundOutput());
-        QCOMPARE(openFiles(), filesBefore);
+        QVERIFY(openFiles() <= filesBefore); // of another test, one may close by now
         qputenv("PULSE_SERVER", "elsewhere");
         QVERIFY(hasSoundOutput());
         qunsetenv("PULSE_SERVER");
