@@ -20,7 +20,19 @@ QStringList &heard()
 
 } // namespace
 
-// In the library's stead: there need be nothing to hear it with.
+// In the library's stead, whose threads would look for a server until the end and after: there need be nothing
+// to hear it with.
+QSound::QSound(const QString &filename, QObject *parent)
+    : QObject(parent)
+{
+    setObjectName(filename);
+}
+
+QString QSound::fileName() const
+{
+    return objectName();
+}
+
 void QSound::play()
 {
     heard() << QStringLiteral("play ") + QFileInfo(fileName()).fileName();
@@ -94,7 +106,7 @@ private slots:
         const auto openFiles = [] { return QDir(QStringLiteral("/proc/self/fd")).count(); };
         const uint filesBefore = openFiles();
         QVERIFY(!hasSoundOutput());
-        QVERIFY(openFiles() <= filesBefore); // of another test, one may close by now
+        QCOMPARE(openFiles(), filesBefore);
         qputenv("PULSE_SERVER", "elsewhere");
         QVERIFY(hasSoundOutput());
         qunsetenv("PULSE_SERVER");
