@@ -74,8 +74,8 @@ private:
         m_size = int(out - m_bytes.constData());
     }
 
-    /// A number with its text: most come again soon, as what a cell has balanced while nothing is balanced, and
-    /// the search for the shortest text takes longer than all the rest of a row.
+    /// A number with its text: most come again soon, as what a cell has balanced while nothing is balanced,
+    /// and the search for the shortest text takes longer than all the rest of a row.
     struct NumberText {
         NumberText() = default;
         NumberText(double value, quint64 bitsOfValue)

@@ -20,8 +20,8 @@ QStringList &heard()
 
 } // namespace
 
-// In the library's stead, whose threads would look for a server until the end and after: there need be nothing
-// to hear it with.
+// In the library's stead, whose threads would look for a server until the end and after: there need be
+// nothing to hear it with.
 QSound::QSound(const QString &filename, QObject *parent)
     : QObject(parent)
 {

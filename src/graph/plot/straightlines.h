@@ -19,9 +19,10 @@ private:
     QVector<QImage> m_strips;
 };
 
-/// Lines of one pixel along rows and columns, solid or dotted, pixel by pixel those of a painter. That sets each
-/// dot, and each pixel of a column, by itself; here a dotted line is one picture, painted as often as there are
-/// lines of its length. What is painted onto this device comes out in the same way, if it is such lines.
+/// Lines of one pixel along rows and columns, solid or dotted, pixel by pixel those of a painter. That sets
+/// each dot, and each pixel of a column, by itself; here a dotted line is one picture, painted as often as
+/// there are lines of its length. What is painted onto this device comes out in the same way, if it is such
+/// lines.
 class StraightLines : public QPaintDevice {
 public:
     /// Both outlive this.

@@ -264,7 +264,8 @@ private slots:
                 TablePages::size().toSize(), [&](QPainter &painter) { pages.paint(painter, 1); },
                 "text 'B' right 217,7 9.47692 bold Arial #000000; "
                 "text 'A' left 224,7 9.47692 bold Arial #000000; "
-                "text '48.1' right 217,22 9.47692 Arial #000000; text '48.0' left 224,22 9.47692 Arial #000000; "
+                "text '48.1' right 217,22 9.47692 Arial #000000; "
+                "text '48.0' left 224,22 9.47692 Arial #000000; "
                 "text '2 / 2' right 1120,733 9.47692 Arial #000000");
     }
 
