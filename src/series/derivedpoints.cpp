@@ -47,7 +47,7 @@ void DerivedPoints::makeRoom()
 void DerivedPoints::makeBlockRoom(BlockArena::Growth growth)
 {
     m_kept.makeRoom(growth);
-    m_pyramid.makeRoom(kindsInUse());
+    m_pyramid.makeRoom(kindsInUse(), growth);
 }
 
 void DerivedPoints::addNewest(const RecordList &records)

@@ -1,13 +1,29 @@
 #include "series/extremespyramid.h"
 
-void ExtremesPyramid::makeRoom(int kinds)
+#include "series/serieskinds.h"
+
+#include <memory>
+
+void ExtremesPyramid::makeRoom(int kinds, BlockArena::Growth growth)
 {
     for (Level &level : m_levels) {
         if (std::size_t(level.count) == level.pages.size() * pageLength)
-            level.pages.emplace_back(new Interval[std::size_t(kinds) * pageLength]);
+            addPage(&level, kinds, growth);
         if (level.count % fan != fan - 1)
             return; // nothing comes to the levels above
     }
+}
+
+void ExtremesPyramid::addPage(Level *level, int kinds, BlockArena::Growth growth)
+{
+    static_assert(
+        SeriesKinds::kindCount * pageLength * sizeof(Interval) <= BlockArena::smallStep, "has room");
+    const std::size_t entries = std::size_t(kinds) * pageLength;
+    m_arena.makeRoom(entries * sizeof(Interval), growth);
+    auto *const page = reinterpret_cast<Interval *>(m_arena.next());
+    level->pages.push_back(page);
+    std::uninitialized_default_construct_n(page, entries);
+    m_arena.take(entries * sizeof(Interval));
 }
 
 void ExtremesPyramid::add(const Interval *ranges, int kinds)

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "data/records/blockarena.h"
 #include "series/interval.h"
 
 #include <cstddef>
-#include <memory>
 #include <vector>
 
 /// The extremes of each block of a recording's series, of every four blocks, of every four of those, and so
@@ -12,7 +12,7 @@
 class ExtremesPyramid {
 public:
     /// Takes the memory for the next add(). Throws std::bad_alloc, and has changed nothing.
-    void makeRoom(int kinds);
+    void makeRoom(int kinds, BlockArena::Growth growth);
     /// Adds a block: the extremes of its `kinds` series, always as many.
     void add(const Interval *ranges, int kinds);
     /// Those of a series in a block that was added.
@@ -27,7 +27,7 @@ private:
 
     /// In each page series after series, so that what a curve asks for lies side by side.
     struct Level {
-        std::vector<std::unique_ptr<Interval[]>> pages;
+        std::vector<Interval *> pages; // in m_arena
         int count = 0; ///< entries of each series
 
         Interval &at(int kind, int entry) const
@@ -37,5 +37,8 @@ private:
         }
     };
 
+    void addPage(Level *level, int kinds, BlockArena::Growth growth);
+
+    BlockArena m_arena;
     Level m_levels[levelCount];
 };
