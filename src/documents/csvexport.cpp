@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <vector>
 
 namespace {
 
@@ -137,7 +138,7 @@ void writeCell(Row &row, const Varnel3Data &record, int cell)
     record.resistanceValid ? row.add(data.resistance) : row.addEmpty();
 }
 
-void writeRecord(Row &row, const SeriesStore &store, int index, const Varnel3Data &record, int cells)
+void writeRecord(Row &row, int index, const Varnel3Data &record, int cells)
 {
     row.add(index + 1);
     for (const Column &column : recordColumns)
@@ -152,14 +153,28 @@ void writeRecord(Row &row, const SeriesStore &store, int index, const Varnel3Dat
             for (int empty = 0; empty < 4; ++empty)
                 row.addEmpty();
     }
-    for (const SeriesColumn &column : seriesColumns) {
-        const PlotSeries &series = store.series(column.kind);
-        const bool meant = index < series.size()
-            && (!column.fromFirstResistance || store.size() > SeriesStore::firstResistance());
-        meant ? row.add(series[index]) : row.addEmpty();
-    }
-    row.end();
 }
+
+/// Views on the series of seriesColumns, made once for many rows.
+struct DerivedColumns {
+    explicit DerivedColumns(const SeriesStore &store)
+        : hasResistance(store.size() > SeriesStore::firstResistance())
+    {
+        for (const SeriesColumn &column : seriesColumns)
+            series.push_back(store.series(column.kind));
+    }
+    void write(Row &row, int index) const
+    {
+        for (std::size_t i = 0; i < series.size(); ++i) {
+            const bool isMeant
+                = index < series[i].size() && (!seriesColumns[i].fromFirstResistance || hasResistance);
+            isMeant ? row.add(series[i][index]) : row.addEmpty();
+        }
+    }
+
+    std::vector<PlotSeries> series;
+    bool hasResistance;
+};
 
 } // namespace
 
@@ -201,14 +216,17 @@ bool CsvRows::writeRows(QIODevice &device)
         writeHeader(row, m_cells);
         m_next = 0;
     }
+    const DerivedColumns derived(m_store);
     for (; m_next < m_count && row.size() < pieceSize; ++m_next) {
         if (m_next >= m_markedFrom) {
             Varnel3Data record = m_records.at(m_next);
             record.flag4 = EndMark::letter;
-            writeRecord(row, m_store, m_next, record, m_cells);
+            writeRecord(row, m_next, record, m_cells);
         } else {
-            writeRecord(row, m_store, m_next, m_records.at(m_next), m_cells);
+            writeRecord(row, m_next, m_records.at(m_next), m_cells);
         }
+        derived.write(row, m_next);
+        row.end();
     }
     return writeAllBytes(device, row.data(), row.size());
 }
