@@ -269,6 +269,9 @@ private slots:
         QWheelEvent wheel({200, 155}, {}, {}, QPoint(0, 120), {}, {}, Qt::NoScrollPhase, false);
         QApplication::sendEvent(graph, &wheel);
         QVERIFY(zoom().isActive() && wheel.isAccepted());
+        add("1"); // all is shown again as a record comes
+        QVERIFY(!zoom().isActive());
+        QApplication::sendEvent(graph, &wheel);
         graph->load(storeOf("3"), "y.acp");
         QVERIFY(!zoom().isActive());
         QSignalSpy changes(graph, SIGNAL(selectedCellsChanged()));
