@@ -357,6 +357,8 @@ private slots:
         DataFilePieces lines(records, 1);
         QVERIFY(writeWholeFile(name, lines).written && lines.unreadable() == 1 && lines.progress() == 1.0);
         QCOMPARE(contents(name).count('\n'), 3);
+        const RecordList one = recording(1);
+        QVERIFY(DataFilePieces(one).progress() == 0.0 && DataFilePieces(RecordList()).progress() == 1.0);
         const RecordList back = loaded(name);
         QVERIFY(back.size() == 2 && back[0].flag4 == records[0].flag4 && back[1].flag4 == 'E');
     }

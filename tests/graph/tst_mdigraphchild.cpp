@@ -79,10 +79,10 @@ private slots:
         const QString first = "/data/a%1.acp COM7"; // it stays
         const std::pair<std::function<void()>, QString> steps[]
             = {{[] {}, "No file name"}, {[&] { child->setPortName("COM7"); }, "No file name COM7*"},
-                {[&] { add("1"); }, "No file name COM7* !"},
-                {[&] { child->markSaved("/data/a%1.acp", 1); }, first}, {[&] { add("1"); }, first + "* !"},
+                {[&] { add("2"); }, "No file name COM7* !"},
+                {[&] { child->markSaved("/data/a%1.acp", 2); }, first}, {[&] { add("1"); }, first + "* !"},
                 {[&] { child->markSaved("/data/b.acp", 1); }, first + "* !"}, // one came while it was written
-                {[&] { child->markSaved("/data/b.acp", 2); }, first},
+                {[&] { child->markSaved("/data/b.acp", 3); }, first},
                 {[&] { child->load(storeOf("1"), "/data/one.acp"); }, first}, // one record is no data
                 {[&] { child->load(storeOf("2"), "/data/old.acp"); }, "/data/old.acp"},
                 {[&] { child->setPortName("COM8"); }, "/data/old.acp"}}; // it is saved
@@ -248,6 +248,12 @@ private slots:
         QCOMPARE(painted("line 470,304").size(), 1);
         QTest::keyClick(graph, Qt::Key_Left);
         QCOMPARE(shown(), "show 420 s, 40 mAh, of 4");
+        for (const auto &[key, isMeant] : {std::pair(Qt::Key_Plus, true), std::pair(Qt::Key_Q, false)}) {
+            QKeyEvent event(QEvent::KeyPress, key, {});
+            QApplication::sendEvent(graph, &event);
+            QCOMPARE(event.isAccepted(), isMeant);
+        }
+        QTest::keyClick(graph, Qt::Key_Home);
         QEvent leave(QEvent::Leave);
         QApplication::sendEvent(graph, &leave);
         QCOMPARE(shown(), "show 860 s, 40 mAh, of 4");

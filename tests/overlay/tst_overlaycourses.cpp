@@ -60,6 +60,7 @@ private slots:
         columns<double, double, int, int>({"from", "to", "jump", "most"});
         QTest::newRow("all") << 0.0 << 20000.0 << 0 << 2500;
         QTest::newRow("zoomed") << 9000.0 << 9400.0 << 0 << 500;
+        QTest::newRow("three a column") << 9000.0 << 10797.0 << 0 << 2600;
         QTest::newRow("beside") << 30000.0 << 40000.0 << 0 << 4;
         QTest::newRow("set back") << 0.0 << 20000.0 << 500 << 100000;
         QTest::newRow("set back again and again") << 0.0 << 15999.0 << 1 << 2000;

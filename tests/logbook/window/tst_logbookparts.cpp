@@ -415,6 +415,9 @@ private slots:
         folders.findChild<QListWidget *>()->setCurrentRow(0);
         button("Remove")->click();
         QCOMPARE(folders.folders(), (QStringList{"/a", "/c"}));
+        for (int left = 2; left > 0; --left)
+            button("Remove")->click();
+        QVERIFY(folders.folders().isEmpty() && !button("Remove")->isEnabled());
         QSignalSpy wanted(&folders, SIGNAL(folderWanted(QWidget*)));
         button("Add...")->click();
         QCOMPARE(wanted.first().at(0).value<QWidget *>(), &folders);
