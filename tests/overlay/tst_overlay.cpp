@@ -182,7 +182,8 @@ private slots:
             "rect 100,110 49x39 #2800ffff; rect 100,110 49x39 pen1 dash4,2 #00ffff");
         row("20 | cursor=1140 marked=0", "line 719,22 719,573 #aaaaaa; line 56,22 56,573 dash4,2 #aaaaaa");
         row("1 | white",
-            "text 'Pack voltage' mid 500,11 12 Arial #000000; rect 54,296 4x4 #ff0022; rect 730,28 24x3 #ff0022; "
+            "text 'Pack voltage' mid 500,11 12 Arial #000000; rect 54,296 4x4 #ff0022; "
+            "rect 730,28 24x3 #ff0022; "
             "line 54,22 54,573 #5a5a5a");
         row("20 | 20 | size=1280,500 scale=2 distinct picked=0",
             "curve 112,372 874,118 of 20 #ffb000; curve 112,372 874,118 of 20 pen2 #ffffff");
