@@ -102,6 +102,7 @@ private slots:
         QTest::newRow("one") << 1 << -1 << '_' << -1 << 0 << int(Varnel3Data::NoEnd);
         QTest::newRow("no end") << 8 << -1 << '_' << -1 << 7 << int(Varnel3Data::NoEnd);
         QTest::newRow("done") << 8 << 4 << 'E' << -1 << 4 << int(Varnel3Data::Completed);
+        QTest::newRow("done at once") << 8 << 0 << 'E' << -1 << 0 << int(Varnel3Data::Completed);
         QTest::newRow("stopped") << 8 << 7 << 'M' << -1 << 7 << int(Varnel3Data::Aborted);
         QTest::newRow("marked, then an error") << 8 << 6 << 'S' << 3 << 3 << int(Varnel3Data::Failed);
         QTest::newRow("just long enough") << 6 << -1 << '_' << 2 << 2 << int(Varnel3Data::NoEnd);
@@ -126,6 +127,7 @@ private slots:
         QCOMPARE(figures.charge, markAt >= 0 && count >= 6 ? markAt : qMax(0, count - 1)); // as compared
         QCOMPARE(figures.spread, count > 0 ? 30 : -1);
         QCOMPARE(figures.curve.isEmpty(), last < 1);
+        QCOMPARE(figures.energy == 0, last < 1);
     }
 
     // From the eighteenth record on the smoothed one; before, as it was measured.

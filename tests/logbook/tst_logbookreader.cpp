@@ -167,6 +167,22 @@ private slots:
         QTRY_COMPARE_WITH_TIMEOUT(book.row(path("a.acp"))->figures.records, 8, longTime);
     }
 
+    /// Of a recording that was killed at once nothing is left but what the user has said of it.
+    void killed()
+    {
+        Reading book(folder->path());
+        for (const char *name : {"a.acp", "b.acp", "c.acp"}) {
+            LogbookEntry begun;
+            begun.recording.file = path(name);
+            book.logbook.take(begun);
+        }
+        book.editor.setNote(book.row(path("b.acp"))->id, "note");
+        book.editor.assign({book.row(path("c.acp"))->id}, book.editor.addPack({}));
+        book.reader.readAgain();
+        book.rest();
+        QCOMPARE(book.files(), QString("b.acp- c.acp-"));
+    }
+
     void cancelled()
     {
         for (int i = 0; i < 20; ++i)

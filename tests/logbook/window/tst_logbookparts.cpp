@@ -107,6 +107,7 @@ private slots:
         QSignalSpy changed(&table, SIGNAL(dataChanged(QModelIndex,QModelIndex)));
         table.refresh();
         QCOMPARE(reset.size(), 0);
+        QCOMPARE(changed.first().at(0).toModelIndex(), table.index(0, 0));
         QCOMPARE(changed.first().at(1).toModelIndex(), table.index(3, Columns::count - 1));
         table.sort(99, Qt::AscendingOrder);
         QCOMPARE(table.sortColumn(), int(Columns::File));
@@ -224,6 +225,7 @@ private slots:
         QSignalSpy changed(&list, SIGNAL(dataChanged(QModelIndex,QModelIndex)));
         list.refresh();
         QCOMPARE(reset.size(), 0);
+        QCOMPARE(changed.first().at(0).toModelIndex(), list.index(0, 0));
         QCOMPARE(changed.first().at(1).toModelIndex(), list.index(5, PackList::Newest));
     }
 
