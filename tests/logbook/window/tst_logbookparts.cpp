@@ -344,6 +344,9 @@ private slots:
         chemistry->setFocus();
         line.takeKeyboard();
         QCOMPARE(text->hasFocus() ? text->selectedText() : QString(), QString("old"));
+        text->deselect();
+        line.takeKeyboard(); // which it has
+        QCOMPARE(text->selectedText(), QString("old"));
     }
 
     void packDialog()
