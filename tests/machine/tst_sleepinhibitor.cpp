@@ -204,7 +204,7 @@ void TestSleepInhibitor::busThatNeverAnswers()
             const uint filesBefore = openFiles();
             if (killed) { // another one would fare no better
                 const QByteArray helper = contents("/proc/thread-self/children"_s).simplified();
-                QCOMPARE(::kill(helper.split(' ').last().toInt(), SIGKILL), 0);
+                QCOMPARE(::kill(helper.split(' ').constLast().toInt(), SIGKILL), 0);
                 QTRY_COMPARE(openFiles(), filesBefore - 2); // what it said, and the asker
                 block.acquire("charging"_s);
                 QCOMPARE(openFiles(), filesBefore - 2);
