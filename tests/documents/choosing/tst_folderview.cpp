@@ -230,7 +230,7 @@ private slots:
             QVERIFY(list->gridSize().width() > letters && list->gridSize().width() < letters + 50);
 
             // What is typed is selected, if all of it is there; what is not typed is added to what is.
-            edit->setFocus();
+            QTRY_VERIFY((edit->setFocus(), edit->hasFocus()));
             const auto selected = [&](const char *text) {
                 edit->setText(text);
                 return list->selectionModel()->selectedRows().size();
@@ -238,9 +238,9 @@ private slots:
             QCOMPARE(selected("\"run2.acp\" \"run3.acp\""), 2);
             QCOMPARE(selected("\"run2.acp\" \"run4.acp\""), 0);
             QCOMPARE(selected("run3.acp"), 1);
-            tree->setFocus();
+            QTRY_VERIFY((tree->setFocus(), tree->hasFocus()));
             QCOMPARE(selected("run2.acp") * 10 + selected("run4.acp"), 22);
-            edit->setFocus();
+            QTRY_VERIFY((edit->setFocus(), edit->hasFocus()));
             QCOMPARE(selected("run2.acp"), 1);
             tree->sortByColumn(1, Qt::DescendingOrder);
             auto *hidden = dialog->findChild<QAction *>("qt_show_hidden_action");
