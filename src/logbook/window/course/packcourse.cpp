@@ -71,17 +71,14 @@ Trend trendOf(const QVector<CoursePoint> &points)
         return trend;
     trend.first = points.first().at;
     trend.last = points.last().at;
-    double x = 0;
-    double y = 0;
-    for (const CoursePoint &point : points) {
+    double x = 0; // the mean
+    for (const CoursePoint &point : points)
         x += (point.at - trend.first) / points.size();
-        y += point.value / points.size();
-    }
     double xy = 0;
     double xx = 0;
     for (const CoursePoint &point : points) {
         const double apart = point.at - trend.first - x;
-        xy += apart * (point.value - y);
+        xy += apart * point.value;
         xx += apart * apart;
     }
     trend.slope = xx > 0 ? xy / xx * msPerYear : 0;
