@@ -36,8 +36,8 @@ def read(text):
 
 
 def write(path, rows, values):
-    """Puts `values`, {row: text}, into this machine's column of the table in the file; other columns stay, and
-    what was not measured now. `rows`: [(row, goal or none)]."""
+    """Puts `values`, {row: text}, into this machine's column of the table in the file; other columns stay,
+    and what was not measured now. `rows`: [(row, goal or none)]."""
     before, rest = path.read_text(encoding="utf-8").split(BEGIN)
     old, after = rest.split(END)
     machines, columns = read(old)

@@ -388,7 +388,7 @@ private slots:
                 QCOMPARE(asking->fileMode(), QFileDialog::Directory);
                 (chosen ? enter(fixture->path("")) : reject())(dialog);
             }});
-            QMetaObject::invokeMethod(book, "folderWanted", Q_ARG(QWidget *, &folders));
+            emit book->folderWanted(&folders);
             QCOMPARE(folders.folders(), chosen ? QStringList(fixture->path("")) : QStringList());
         }
         book->resize(book->width(), 444);
