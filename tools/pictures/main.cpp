@@ -1,6 +1,7 @@
 // The guide's pictures: the program itself, listening on simulated devices, is led through what the guide
 // tells, and each window is kept as it looks then. ./dev pictures gives it settings and folders of its own.
 #include "app/actionset.h"
+#include "app/tools/logbookhost.h"
 #include "app/tools/logbookparts.h"
 #include "app/mainwindow.h"
 #include "app/tools/overlaycommands.h"
@@ -11,6 +12,7 @@
 #include "logbook/logbook.h"
 #include "logbook/logbookeditor.h"
 #include "logbook/logbookreader.h"
+#include "logbook/window/logbookwindow.h"
 #include "overlay/overlayplot.h"
 #include "overlay/overlaywindow.h"
 #include "pictures/album.h"
@@ -28,6 +30,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QSplitter>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -213,7 +216,14 @@ private:
             parts->editor()->assign(ids, parts->editor()->addPack(pack));
         }
         action(ActionId::Logbook)->trigger();
-        return m_album.window("logbook", "LogbookWindow", QSize(1260, 760));
+        LogbookWindow *logbook = m_window.findChild<LogbookHost *>()->window();
+        logbook->resize(1720, 900); // what it has room for on most screens, though not on this one
+        const auto splitters = logbook->findChildren<QSplitter *>();
+        for (QSplitter *splitter : splitters) {
+            if (splitter->orientation() == Qt::Horizontal)
+                splitter->setSizes({600, 1120});
+        }
+        return m_album.window("logbook", "LogbookWindow");
     }
 
     bool dialogs()
