@@ -397,7 +397,7 @@ private slots:
         for (const QLabel *label : shownLabels)
             labels += label->isVisible() ? label->text() : QString();
         labels.removeAll({});
-        QCOMPARE(labels.join(' '), QString("Name: Text"));
+        QCOMPARE(labels.join(' '), QString("&Name: Text"));
     }
 
     void smallDialogs()
@@ -416,15 +416,15 @@ private slots:
             return *std::find_if(
                 buttons.begin(), buttons.end(), [&](const QPushButton *b) { return b->text() == text; });
         };
-        QVERIFY(!button("Remove")->isEnabled());
+        QVERIFY(!button("&Remove")->isEnabled());
         folders.findChild<QListWidget *>()->setCurrentRow(0);
-        button("Remove")->click();
+        button("&Remove")->click();
         QCOMPARE(folders.folders(), (QStringList{"/a", "/c"}));
         for (int left = 2; left > 0; --left)
-            button("Remove")->click();
-        QVERIFY(folders.folders().isEmpty() && !button("Remove")->isEnabled());
+            button("&Remove")->click();
+        QVERIFY(folders.folders().isEmpty() && !button("&Remove")->isEnabled());
         QSignalSpy wanted(&folders, SIGNAL(folderWanted(QWidget*)));
-        button("Add...")->click();
+        button("&Add...")->click();
         QCOMPARE(wanted.first().at(0).value<QWidget *>(), &folders);
         const qint64 a = addPack("A", 5000, {});
         LogbookPack bare;

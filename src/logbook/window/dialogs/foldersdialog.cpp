@@ -2,6 +2,7 @@
 
 #include "logbook/window/dialogs/dialogbuttons.h"
 #include "widgets/displayscale.h"
+#include "widgets/mnemonics.h"
 
 #include <QDialogButtonBox>
 #include <QDir>
@@ -20,7 +21,7 @@ constexpr QSize foldersSize(460, 160); // px
 FoldersDialog::FoldersDialog(const QString &ownFolder, const QStringList &folders, QWidget *parent)
     : QDialog(parent)
     , m_list(new QListWidget(this))
-    , m_remove(new QPushButton(tr("Remove"), this))
+    , m_remove(new QPushButton(this))
 {
     setWindowTitle(tr("Folders of the logbook"));
     auto *label = new QLabel(
@@ -31,7 +32,9 @@ FoldersDialog::FoldersDialog(const QString &ownFolder, const QStringList &folder
     m_list->setAccessibleName(windowTitle());
     m_list->setToolTip(tr("Folders whose recordings stand in the logbook; folders in them are not read"));
     m_list->setMinimumSize(scaled(foldersSize.width()), scaled(foldersSize.height()));
-    auto *adding = new QPushButton(tr("Add..."), this);
+    const QStringList names = withMnemonics({tr("Add..."), tr("Remove")});
+    auto *adding = new QPushButton(names[0], this);
+    m_remove->setText(names[1]);
     adding->setToolTip(tr("Reads another folder, too."));
     m_remove->setToolTip(tr("The folder is read no longer. Its recordings stay in the logbook."));
     for (QPushButton *button : {adding, m_remove})

@@ -2,6 +2,7 @@
 
 #include "logbook/window/dialogs/dialogbuttons.h"
 #include "widgets/displayscale.h"
+#include "widgets/mnemonics.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -60,23 +61,28 @@ PackDialog::PackDialog(const QString &title, const LogbookPack &pack, QWidget *p
 
     for (QSpinBox *box : {m_cells, m_capacity})
         box->installEventFilter(this);
-    m_form->addRow(tr("Name:"), m_name);
-    m_form->addRow(tr("Chemistry:"), m_chemistry);
-    m_form->addRow(tr("Cells:"), m_cells);
-    m_form->addRow(tr("Nominal capacity:"), m_capacity);
-    m_form->addRow(tr("Note:"), m_note);
+    const QStringList labels
+        = withMnemonics({tr("Name:"), tr("Chemistry:"), tr("Cells:"), tr("Nominal capacity:"), tr("Note:")});
+    int row = 0;
+    for (QWidget *field : fields())
+        m_form->addRow(labels[row++], field);
     m_form->addRow(m_buttons);
     connect(m_name, SIGNAL(textChanged(QString)), this, SLOT(onNameChanged(QString)));
     onNameChanged(m_name->text());
     m_name->selectAll();
 }
 
+// From top to bottom.
+std::array<QWidget *, 5> PackDialog::fields() const
+{
+    return {m_name, m_chemistry, m_cells, m_capacity, m_note};
+}
+
 void PackDialog::showNameOnly(const QString &text)
 {
-    for (QWidget *field : {static_cast<QWidget *>(m_chemistry), static_cast<QWidget *>(m_cells),
-             static_cast<QWidget *>(m_capacity), static_cast<QWidget *>(m_note)}) {
-        m_form->labelForField(field)->hide();
-        field->hide();
+    for (QWidget *field : fields()) {
+        m_form->labelForField(field)->setVisible(field == m_name);
+        field->setVisible(field == m_name);
     }
     m_form->insertRow(0, new QLabel(text, this));
 }

@@ -4,6 +4,8 @@
 
 #include <QDialog>
 
+#include <array>
+
 class QComboBox;
 class QDialogButtonBox;
 class QFormLayout;
@@ -29,6 +31,8 @@ private slots:
     void onNameChanged(const QString &name);
 
 private:
+    std::array<QWidget *, 5> fields() const;
+
     LogbookPack m_pack;
     QFormLayout *m_form;
     QLineEdit *m_name;
