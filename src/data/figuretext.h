@@ -11,6 +11,10 @@ namespace FigureText {
 /// `value` with `decimals` digits after the point, filled with blanks on the left to `width` characters. What
 /// is rounded to nothing has no sign.
 QString fixed(double value, int width, int decimals);
+inline QString fixed(double value, int decimals)
+{
+    return fixed(value, 0, decimals);
+}
 /// mV as volts.
 QString volts(int millivolts, int width, int decimals);
 /// mA as amperes.

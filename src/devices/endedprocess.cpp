@@ -22,6 +22,6 @@ QString EndedProcess::facts() const
             QString::number(last.cellCount), Varnel3Data::cellTypeName(last.cellType)));
     if (last.time > 0)
         parts.append(QCoreApplication::translate("EndNotice", "%1 Ah in %2")
-                         .arg(FigureText::fixed(last.energy / milli, 0, 3), clockText(last)));
+                         .arg(FigureText::fixed(last.energy / milli, 3), clockText(last)));
     return parts.join(QStringLiteral(", "));
 }

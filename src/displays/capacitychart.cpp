@@ -40,7 +40,7 @@ const BarColours &coloursOf(char mode)
 QString CapacityEntry::text() const
 {
     const QString name = recorded.isEmpty() ? QString::number(number) : recorded;
-    return name + QStringLiteral(", ") + FigureText::fixed(capacity / 1000.0, 0, 3) + QStringLiteral(" Ah");
+    return name + QStringLiteral(", ") + FigureText::fixed(capacity / 1000.0, 3) + QStringLiteral(" Ah");
 }
 
 int CapacityChart::margin(int height) const
@@ -205,5 +205,5 @@ void CapacityChart::paintBoxes(QPainter &painter, int index, const QRect &bar) c
     painter.setBrush(Qt::yellow);
     painter.drawRect(box.adjusted(0, 0, -1, -1));
     ChartPaint::drawFitted(
-        painter, box, Qt::AlignCenter, FigureText::fixed(percent(index), 0, 0) + QLatin1Char('%'), 8, scale);
+        painter, box, Qt::AlignCenter, FigureText::fixed(percent(index), 0) + QLatin1Char('%'), 8, scale);
 }

@@ -315,7 +315,7 @@ void VoltageChart::paintFigures(
         Texts::tr("Max %1, cell %2").arg(voltsText(highest), QString::number(extremes.highest + 1)),
         Texts::tr("Min %1, cell %2").arg(voltsText(lowest), QString::number(extremes.lowest + 1)),
         Texts::tr("Spread %1")
-            .arg(FigureText::fixed((double(highest) - lowest) / 1000.0, 0, 3) + QStringLiteral(" V")),
+            .arg(FigureText::fixed((double(highest) - lowest) / 1000.0, 3) + QStringLiteral(" V")),
     };
     for (int i = 0; i < figureLines; ++i)
         ChartPaint::drawFitted(painter, line.translated(0, i * px(textLine)),

@@ -44,7 +44,7 @@ QVector<Line> valuesAt(const GraphCanvas &c, const GraphScene &scene, int record
     for (const GraphScene::Curve &curve : scene.curves) {
         const double value = c.request.store->series(curve.series)[record] * curve.factor;
         const QString text
-            = record < curve.first ? FigureText::shortDashes() : FigureText::fixed(value, 0, curve.decimals);
+            = record < curve.first ? FigureText::shortDashes() : FigureText::fixed(value, curve.decimals);
         lines.append({curve.name, text + QLatin1Char(' ') + curve.unit, curve.colour});
     }
     return lines;

@@ -23,7 +23,7 @@ QString signedFigure(double value, int decimals)
 {
     const double places = std::pow(10.0, decimals);
     const double rounded = std::round(value * places) / places + 0.0; // no "-0"
-    return (rounded > 0 ? QStringLiteral("+") : QString()) + FigureText::fixed(rounded, 0, decimals);
+    return (rounded > 0 ? QStringLiteral("+") : QString()) + FigureText::fixed(rounded, decimals);
 }
 
 QStringList cursorDifference(const GraphRequest &request, const GraphScene &scene)

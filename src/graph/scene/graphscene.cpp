@@ -38,14 +38,14 @@ QString cellFigure(const SeriesStore &store, int cell, CellValue value)
     const CellData &newest = record.cells[cell];
     switch (value) {
     case CellValue::Charge:
-        return FigureText::fixed(newest.balanceCharge / Varnel3Data::chargePerMah / milli, 0, 3);
+        return FigureText::fixed(newest.balanceCharge / Varnel3Data::chargePerMah / milli, 3);
     case CellValue::Resistance: // which most lines don't bring
-        return store.knownResistance(cell) > 0 ? FigureText::fixed(store.knownResistance(cell), 0, 1)
+        return store.knownResistance(cell) > 0 ? FigureText::fixed(store.knownResistance(cell), 1)
                                                : FigureText::shortDashes();
     case CellValue::Voltage:
         break;
     }
-    return FigureText::fixed(newest.voltage / milli, 0, 3);
+    return FigureText::fixed(newest.voltage / milli, 3);
 }
 
 // The lowest and the highest value that the axes cover.
@@ -110,8 +110,8 @@ void GraphScene::addVoltage(const GraphRequest &request)
     curves.append({PlotArea::Upper, SeriesStore::Voltage, 0, range, colours.voltage(), colours.style(0),
         colours.curveWidth(), tr("Voltage"), tr("V")});
     axes.append({PlotArea::Upper, Side::Left, range, tr("V"), 2, 5, colours.voltage()});
-    upperLegend.append({tr("Voltage"), FigureText::fixed(values.last(), 0, 2) + tr(" V"), colours.voltage(),
-        colours.style(0)});
+    upperLegend.append(
+        {tr("Voltage"), FigureText::fixed(values.last(), 2) + tr(" V"), colours.voltage(), colours.style(0)});
 }
 
 void GraphScene::addSlope(const GraphRequest &request)
@@ -129,7 +129,7 @@ void GraphScene::addSlope(const GraphRequest &request)
         colours.curveWidth(), tr("dV"), tr("mV/min"), 1.0, 1});
     axes.append({PlotArea::Upper, Side::Right, range, tr("mV/min"), 1, 5, colours.slope()});
     upperLegend.append(
-        {tr("dV"), FigureText::fixed(values.last(), 0, std::abs(values.last()) < 100 ? 1 : 0) + tr(" mV/min"),
+        {tr("dV"), FigureText::fixed(values.last(), std::abs(values.last()) < 100 ? 1 : 0) + tr(" mV/min"),
             colours.slope(), colours.style(1)});
 }
 
@@ -142,8 +142,8 @@ void GraphScene::addEnergy(const GraphRequest &request)
     curves.append({PlotArea::Upper, SeriesStore::Energy, 0, range, colours.slope(), colours.style(1),
         colours.curveWidth(), tr("Energy"), tr("mAh"), 1.0, 0});
     axes.append({PlotArea::Upper, Side::Right, range, tr("mAh"), 0, 5, colours.slope()});
-    upperLegend.append({tr("Energy"), FigureText::fixed(values.last(), 0, 0) + tr(" mAh"), colours.slope(),
-        colours.style(1)});
+    upperLegend.append(
+        {tr("Energy"), FigureText::fixed(values.last(), 0) + tr(" mAh"), colours.slope(), colours.style(1)});
 }
 
 void GraphScene::addCells(const GraphRequest &request)
@@ -205,7 +205,7 @@ void GraphScene::addStatistics(const GraphRequest &request)
             isDelta ? 0 : 3});
         const double newest = store.series(row.series).last();
         upperLegend.append({row.name,
-            isDelta ? FigureText::fixed(newest * milli, 0, 0) + tr(" mV") : FigureText::fixed(newest, 0, 3),
+            isDelta ? FigureText::fixed(newest * milli, 0) + tr(" mV") : FigureText::fixed(newest, 3),
             row.colour, colours.style(row.place)});
     }
     axes.append({PlotArea::Upper, Side::Left, range, tr("V"), 2, 4, colours.text()});
@@ -221,8 +221,8 @@ void GraphScene::addCurrent(const GraphRequest &request)
     curves.append({PlotArea::Lower, SeriesStore::Current, 0, range, colours.current(), colours.style(0),
         colours.curveWidth(), tr("Current"), tr("A")});
     axes.append({PlotArea::Lower, Side::Right, range, tr("A"), 2, 5, colours.current()});
-    lowerLegend.append({tr("Current"), FigureText::fixed(values.last(), 0, 2) + tr(" A"), colours.current(),
-        colours.style(0)});
+    lowerLegend.append(
+        {tr("Current"), FigureText::fixed(values.last(), 2) + tr(" A"), colours.current(), colours.style(0)});
 }
 
 void GraphScene::addTemperature(const GraphRequest &request)
@@ -234,7 +234,7 @@ void GraphScene::addTemperature(const GraphRequest &request)
         colours.style(1), colours.curveWidth(), tr("Temp."), QStringLiteral("°C"), 1.0, 1});
     axes.append({PlotArea::Lower, Side::Left, range, QStringLiteral("°C"), 1, 4, colours.temperature()});
     lowerLegend.append(
-        {tr("Temp."), FigureText::fixed(newestOf(request).temperature / 10.0, 0, 1) + QStringLiteral(" °C"),
+        {tr("Temp."), FigureText::fixed(newestOf(request).temperature / 10.0, 1) + QStringLiteral(" °C"),
             colours.temperature(), colours.style(1)});
 }
 
@@ -255,7 +255,7 @@ void GraphScene::addResistance(const GraphRequest &request)
     curves.append({PlotArea::Lower, SeriesStore::Resistance, SeriesStore::firstResistance(), range,
         colours.resistance(), colours.style(2), colours.curveWidth(), tr("Ri"), tr("m\u03a9"), 1.0, 0});
     const bool known = values.last() > 0.0; // with little current a device measures none
-    lowerLegend.append({tr("Ri"),
-        (known ? FigureText::fixed(values.last(), 0, 0) : FigureText::shortDashes()) + tr(" m\u03a9"),
-        colours.resistance(), colours.style(2)});
+    lowerLegend.append(
+        {tr("Ri"), (known ? FigureText::fixed(values.last(), 0) : FigureText::shortDashes()) + tr(" m\u03a9"),
+            colours.resistance(), colours.style(2)});
 }

@@ -37,7 +37,7 @@ LogbookStatus::LogbookStatus(QStatusBar *bar, LogbookReader *reader)
 
 void LogbookStatus::tell(int shown, int total, int chosen)
 {
-    const auto number = [](int count) { return FigureText::fixed(count, 0, 0); };
+    const auto number = [](int count) { return FigureText::fixed(count, 0); };
     QString text = shown == total ? tr("%n recording(s)", nullptr, total)
                                   : tr("%1 of %n recording(s)", nullptr, total).arg(number(shown));
     if (chosen > 1)

@@ -44,7 +44,7 @@ QString packTip(const LogbookPack &pack)
     if (pack.cells > 0)
         lines.append(FigureText::cells(pack.cells, pack.cellType));
     if (pack.capacity > 0)
-        lines.append(PackList::tr("%1 mAh nominal").arg(FigureText::fixed(pack.capacity, 0, 0)));
+        lines.append(PackList::tr("%1 mAh nominal").arg(FigureText::fixed(pack.capacity, 0)));
     else
         lines.append(PackList::tr("Give the nominal capacity to see the state of health."));
     if (!pack.note.isEmpty())
@@ -159,15 +159,15 @@ QString PackList::textOf(const Row &row, int column) const
     case Name:
         return row.pack > LogbookPack::none
             ? row.name
-            : row.name + QStringLiteral(" (") + FigureText::fixed(health.recordings, 0, 0) + QLatin1Char(')');
+            : row.name + QStringLiteral(" (") + FigureText::fixed(health.recordings, 0) + QLatin1Char(')');
     case Health:
-        return health.percent ? FigureText::fixed(*health.percent, 0, 0) + QStringLiteral(" %") : QString();
+        return health.percent ? FigureText::fixed(*health.percent, 0) + QStringLiteral(" %") : QString();
     case PerYear:
         return health.perYear ? (*health.perYear > 0 ? QStringLiteral("+") : QString())
-                + FigureText::fixed(*health.perYear, 0, 0) + QStringLiteral(" %")
+                + FigureText::fixed(*health.perYear, 0) + QStringLiteral(" %")
                               : QString();
     case Cycles:
-        return row.pack > LogbookPack::none ? FigureText::fixed(health.cycles, 0, 0) : QString();
+        return row.pack > LogbookPack::none ? FigureText::fixed(health.cycles, 0) : QString();
     default:
         return health.newest == 0
             ? QString()
@@ -183,7 +183,7 @@ QString PackList::tipOf(const Row &row) const
     if (row.health.hasWeakCell)
         lines.append(
             tr("Cell %1 is weak: %2 mV between the highest and the lowest when the pack is empty.")
-                .arg(QString::number(row.health.lowestCell + 1), FigureText::fixed(row.health.spread, 0, 0)));
+                .arg(QString::number(row.health.lowestCell + 1), FigureText::fixed(row.health.spread, 0)));
     return lines.join(QLatin1Char('\n'));
 }
 

@@ -69,7 +69,7 @@ QString CourseCanvas::spokenText() const
         if (line.points.isEmpty())
             continue;
         const auto value
-            = [this](double v) { return FigureText::fixed(v, 0, 2) + QLatin1Char(' ') + m_chart.unit; };
+            = [this](double v) { return FigureText::fixed(v, 2) + QLatin1Char(' ') + m_chart.unit; };
         //: A line of a chart: its name, its first and its last value.
         lines.append(tr("%1: from %2 to %3")
                          .arg(line.name, value(line.points.first().value), value(line.points.last().value)));

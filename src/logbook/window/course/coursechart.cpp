@@ -178,7 +178,7 @@ CourseChart::Hit CourseChart::hit(const QPointF &place, const QSize &size) const
 
 QString CourseChart::timeText(double at) const
 {
-    return byDate ? QLocale().toString(dateOf(at), QLocale::ShortFormat) : FigureText::fixed(at, 0, 0);
+    return byDate ? QLocale().toString(dateOf(at), QLocale::ShortFormat) : FigureText::fixed(at, 0);
 }
 
 void CourseChart::paint(QPainter &painter, const QSize &size) const
@@ -221,7 +221,7 @@ void CourseChart::paintValues(QPainter &painter, const Mapping &map) const
         painter.drawLine(area.left(), y, area.right(), y);
         painter.setPen(colours.text());
         painter.drawText(QRect(0, y - px(textHeight) / 2, area.left() - px(6), px(textHeight)),
-            int(Qt::AlignRight) | int(Qt::AlignVCenter), FigureText::fixed(tick, 0, decimals));
+            int(Qt::AlignRight) | int(Qt::AlignVCenter), FigureText::fixed(tick, decimals));
     }
     painter.drawText(QRect(0, area.top() - px(textHeight) - px(4), area.left() - px(6), px(textHeight)),
         int(Qt::AlignRight) | int(Qt::AlignVCenter), unit);
@@ -242,7 +242,7 @@ void CourseChart::paintPercent(QPainter &painter, const Mapping &map) const
         painter.setPen(colours.text());
         painter.drawText(QRect(area.right() + px(6), y - px(textHeight) / 2, px(rightSpace), px(textHeight)),
             int(Qt::AlignLeft) | int(Qt::AlignVCenter),
-            FigureText::fixed(tick, 0, decimals) + QStringLiteral(" %"));
+            FigureText::fixed(tick, decimals) + QStringLiteral(" %"));
     }
 }
 

@@ -114,10 +114,10 @@ QString CoursePanel::headline() const
     if (pack->cells > 0)
         parts.append(FigureText::cells(pack->cells, pack->cellType));
     if (pack->capacity > 0)
-        parts.append(FigureText::fixed(pack->capacity, 0, 0) + QStringLiteral(" mAh"));
+        parts.append(FigureText::fixed(pack->capacity, 0) + QStringLiteral(" mAh"));
     const PackCourse::Health health = PackCourse::healthOf(*pack, PackCourse::of(*m_logbook, m_pack));
     if (health.percent)
-        parts.append(tr("state of health %1 %").arg(FigureText::fixed(*health.percent, 0, 0)));
+        parts.append(tr("state of health %1 %").arg(FigureText::fixed(*health.percent, 0)));
     parts.append(tr("%n cycle(s)", nullptr, health.cycles));
     if (health.hasWeakCell)
         parts.append(tr("cell %1 is weak").arg(health.lowestCell + 1));
@@ -135,9 +135,9 @@ QString CoursePanel::pointText(const CourseLine &line, const CoursePoint &point)
     if (!recording)
         return {};
     const CourseChart &chart = m_canvas->chart();
-    QString value = FigureText::fixed(point.value, 0, 2) + QLatin1Char(' ') + chart.unit;
+    QString value = FigureText::fixed(point.value, 2) + QLatin1Char(' ') + chart.unit;
     if (chart.inPercent)
-        value += QStringLiteral(" (") + FigureText::fixed(point.value * percents / chart.reference, 0, 0)
+        value += QStringLiteral(" (") + FigureText::fixed(point.value * percents / chart.reference, 0)
             + QStringLiteral(" %)");
     QStringList lines
         = {RecordingColumns::label(*m_logbook, *recording), line.name + QStringLiteral(": ") + value};

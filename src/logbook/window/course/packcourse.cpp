@@ -293,7 +293,7 @@ CourseChart chartOf(const LogbookPack &pack, const Recordings &recordings, const
     if (request.quantity == Capacity && pack.capacity > 0) {
         chart.reference = pack.capacity / thousand;
         chart.referenceName = text(QT_TRANSLATE_NOOP("PackCourse", "nominal")) + QLatin1Char(' ')
-            + FigureText::fixed(chart.reference, 0, 3) + QStringLiteral(" Ah");
+            + FigureText::fixed(chart.reference, 3) + QStringLiteral(" Ah");
         chart.inPercent = true;
     }
     return chart;

@@ -20,7 +20,7 @@ QString describe(const LogbookPack &pack)
     if (pack.cells > 0)
         parts.append(FigureText::cells(pack.cells, pack.cellType));
     if (pack.capacity > 0)
-        parts.append(FigureText::fixed(pack.capacity, 0, 0) + QStringLiteral(" mAh"));
+        parts.append(FigureText::fixed(pack.capacity, 0) + QStringLiteral(" mAh"));
     return parts.join(QStringLiteral(", "));
 }
 

@@ -47,7 +47,7 @@ QString cellResistances(const LogbookRecording &recording)
 {
     QStringList texts;
     for (int i = 0; recording.figures.hasCellResistances() && i < recording.figures.cells; ++i)
-        texts.append(FigureText::fixed(double(recording.figures.cellResistances[size_t(i)]), 0, 1));
+        texts.append(FigureText::fixed(double(recording.figures.cellResistances[size_t(i)]), 1));
     return texts.join(QStringLiteral("  "));
 }
 
@@ -196,7 +196,7 @@ QString RecordingColumns::text(const Logbook &logbook, const LogbookRecording &r
     if (row.decimals == ownText)
         return row.text(recording);
     const double value = row.number(recording);
-    return std::isnan(value) ? QString() : FigureText::fixed(value, 0, row.decimals);
+    return std::isnan(value) ? QString() : FigureText::fixed(value, row.decimals);
 }
 
 QString RecordingColumns::allText(const Logbook &logbook, const LogbookRecording &recording)
