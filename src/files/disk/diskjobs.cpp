@@ -29,6 +29,11 @@ void detach(const std::function<void()> &work)
 }
 
 struct Answers {
+    explicit Answers(const QStringList &paths)
+        : missing(paths)
+    {
+    }
+
     std::mutex mutex;
     std::condition_variable changed;
     QStringList missing; // guarded by the mutex
@@ -69,8 +74,7 @@ void DiskJobs::start(const std::function<std::function<void()>()> &work)
 
 QStringList DiskJobs::silent(const QStringList &paths, int milliseconds)
 {
-    const auto answers = std::make_shared<Answers>();
-    answers->missing = paths;
+    const auto answers = std::make_shared<Answers>(paths);
     for (const QString &path : paths) {
         detach([answers, path] {
             QFileInfo(path).isDir();

@@ -26,6 +26,10 @@ struct Entry {
 
 /// What the syncer and its thread share, all of it guarded by the mutex.
 struct DiskSyncer::Work {
+    explicit Work(std::chrono::milliseconds ofRounds)
+        : period(ofRounds)
+    {
+    }
     const Entry *find(int descriptor) const;
     Entry &entryFor(int descriptor);
     Entry &finish(int descriptor);
@@ -33,7 +37,7 @@ struct DiskSyncer::Work {
     void syncRound(std::unique_lock<std::mutex> &lock);
     void look(std::unique_lock<std::mutex> &lock, size_t index);
 
-    std::chrono::milliseconds period;
+    const std::chrono::milliseconds period;
     std::mutex mutex;
     std::condition_variable wake; // of the thread
     std::vector<Entry> entries;
@@ -42,9 +46,8 @@ struct DiskSyncer::Work {
 };
 
 DiskSyncer::DiskSyncer(std::chrono::milliseconds period)
-    : m_work(std::make_shared<Work>())
+    : m_work(std::make_shared<Work>(period))
 {
-    m_work->period = period;
 }
 
 DiskSyncer::~DiskSyncer()

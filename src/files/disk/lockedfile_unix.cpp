@@ -15,7 +15,7 @@ int openQuietly(const QString &fileName)
     return ::open(QFile::encodeName(fileName).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
 }
 
-// Where a file system knows no locks, every file counts as being written.
+// Where a file system knows no locks, every file counts as being written; so does what could not be opened.
 bool lockFails(int descriptor)
 {
     return ::flock(descriptor, LOCK_EX | LOCK_NB) != 0;
@@ -26,8 +26,6 @@ template <typename Action>
 bool unlessWritten(const QString &fileName, Action action)
 {
     const int descriptor = openQuietly(fileName);
-    if (descriptor == -1)
-        return false;
     const bool done = !lockFails(descriptor) && isStillNamed(descriptor, fileName) && action(fileName);
     ::close(descriptor);
     return done;
@@ -36,11 +34,11 @@ bool unlessWritten(const QString &fileName, Action action)
 } // namespace
 
 // Between creation and lock another program may take the empty file for a left-over and remove it; then the
-// name is gone and the file is created anew.
+// name is gone and the file is created anew, as often as somebody does that.
 CreatedFile createLockedFile(const QString &fileName)
 {
     const QByteArray name = QFile::encodeName(fileName);
-    for (int attempt = 0; attempt < 3; ++attempt) {
+    for (;;) {
         const int descriptor
             = ::open(name.constData(), O_RDWR | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, 0666);
         if (descriptor == -1)
@@ -51,7 +49,6 @@ CreatedFile createLockedFile(const QString &fileName)
             return {descriptor, false, QString()};
         ::close(descriptor);
     }
-    return {-1, false, qt_error_string(ENOENT)};
 }
 
 int appendBytes(int descriptor, const char *bytes, int length)
