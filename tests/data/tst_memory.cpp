@@ -136,6 +136,16 @@ private slots:
         }
     }
 
+    // Many recordings are short: only a longer one takes a block.
+    void shortRecordingsAreSmall()
+    {
+        const auto bytes = [] { return ::mallinfo2().uordblks + ::mallinfo2().hblkhd; };
+        RecordList list;
+        const size_t before = bytes();
+        list.append(Varnel3Data());
+        QVERIFY(bytes() - before < 16384);
+    }
+
     // Small steps one by one; beyond four of them, where that is wanted, out of large ones.
     void stepsOfAnArena()
     {

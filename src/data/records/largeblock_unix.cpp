@@ -17,8 +17,7 @@ LargeBlock::LargeBlock(std::size_t size)
     char *const begin = static_cast<char *>(memory);
     const std::size_t before = (pageSize - reinterpret_cast<std::uintptr_t>(memory) % pageSize) % pageSize;
     char *const data = begin + before;
-    if (before > 0)
-        ::munmap(begin, before);
+    ::munmap(begin, before); // of nothing, it does nothing
     ::munmap(data + m_size, pageSize - before);
     m_data = data;
 #ifdef MADV_HUGEPAGE

@@ -12,17 +12,14 @@ constexpr double tenths = 10.0; // a resistance comes as a whole number of them
 quint32 columnCount(int cells, bool hasFractions)
 {
     return quint32(RecordColumns::ofCell(cells, RecordColumns::CellVoltage)
-        + (hasFractions ? RecordColumns::fractions : 0));
+        + RecordColumns::fractions * int(hasFractions));
 }
 
-/// Whether `fraction` is, to the bit, what a whole number of tenths makes; that number.
+/// Whether `fraction` is, to the bit, what a whole number of tenths makes; that number. One that is too large
+/// for that becomes some other, whose tenths differ.
 bool isTenths(double fraction, int *number)
 {
-    constexpr double most = 1e9;
-    const double scaled = fraction * tenths;
-    if (!(scaled > -most && scaled < most))
-        return false;
-    *number = int(std::lround(scaled));
+    *number = int(std::lround(fraction * tenths));
     const double back = *number / tenths;
     return back == fraction && std::signbit(back) == std::signbit(fraction);
 }
