@@ -70,7 +70,7 @@ private:
     void movePart(int direction, Qt::KeyboardModifiers modifiers);
     void moveValues(int direction, Qt::KeyboardModifiers modifiers);
     void zoomByKey(int direction, Qt::KeyboardModifiers modifiers);
-    void choosePlot(int direction, Qt::KeyboardModifiers modifiers);
+    void choosePlot(int area, Qt::KeyboardModifiers modifiers);
     void pickCell(int direction, Qt::KeyboardModifiers modifiers);
     void markByKey(int direction, Qt::KeyboardModifiers modifiers);
     void showAll(int direction, Qt::KeyboardModifiers modifiers);

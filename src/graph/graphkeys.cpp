@@ -27,11 +27,11 @@ const KeyBinding<GraphInteraction> GraphInteraction::keyBindings[] = {
     {Qt::Key_Plus, Qt::NoModifier, &GraphInteraction::zoomByKey, 1},
     {Qt::Key_Equal, Qt::NoModifier, &GraphInteraction::zoomByKey, 1}, // '+' without Shift
     {Qt::Key_Minus, Qt::NoModifier, &GraphInteraction::zoomByKey, -1},
-    {Qt::Key_PageUp, Qt::NoModifier, &GraphInteraction::choosePlot, 1},
-    {Qt::Key_PageDown, Qt::NoModifier, &GraphInteraction::choosePlot, -1},
-    {Qt::Key_Space, Qt::ShiftModifier, &GraphInteraction::markByKey, 0},
-    {Qt::Key_Home, Qt::NoModifier, &GraphInteraction::showAll, 0},
-    {Qt::Key_Escape, Qt::NoModifier, &GraphInteraction::giveUp, 0},
+    {Qt::Key_PageUp, Qt::NoModifier, &GraphInteraction::choosePlot, int(PlotArea::Upper)},
+    {Qt::Key_PageDown, Qt::NoModifier, &GraphInteraction::choosePlot, int(PlotArea::Lower)},
+    {Qt::Key_Space, Qt::ShiftModifier, &GraphInteraction::markByKey},
+    {Qt::Key_Home, Qt::NoModifier, &GraphInteraction::showAll},
+    {Qt::Key_Escape, Qt::NoModifier, &GraphInteraction::giveUp},
 };
 
 bool GraphInteraction::key(const QKeyEvent *event)
@@ -57,7 +57,7 @@ void GraphInteraction::moveCursor(int direction, Qt::KeyboardModifiers modifiers
     if (m_cursor >= 0)
         m_cursor = m_view.recordBeside(m_cursor, direction * step);
     else
-        m_cursor = direction < 0 ? m_view.lastShown() : m_view.firstShown();
+        m_cursor = direction == 1 ? m_view.firstShown() : m_view.lastShown();
     m_view.reveal(m_cursor);
     emit recordPointedAt(m_cursor);
 }
@@ -83,9 +83,9 @@ void GraphInteraction::zoomByKey(int direction, Qt::KeyboardModifiers modifiers)
         m_view.zoomTimes(factor, centreColumn());
 }
 
-void GraphInteraction::choosePlot(int direction, Qt::KeyboardModifiers)
+void GraphInteraction::choosePlot(int area, Qt::KeyboardModifiers)
 {
-    m_area = direction > 0 ? PlotArea::Upper : PlotArea::Lower;
+    m_area = PlotArea(area);
 }
 
 void GraphInteraction::pickCell(int direction, Qt::KeyboardModifiers modifiers)

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 GraphViewport::GraphViewport(const SeriesStore *store)
     : m_store(store)
@@ -57,7 +58,7 @@ int GraphViewport::recordAtTime(double time) const
     const PlotSeries &times = m_store->series(SeriesStore::Time);
     if (!m_store->isTimeMonotone()) {
         int nearest = 0;
-        double distance = std::abs(times[0] - time);
+        double distance = std::numeric_limits<double>::infinity();
         times.eachPiece(0, times.size(), [&](int begin, const double *points, int count) {
             for (int i = 0; i < count; ++i) {
                 if (std::abs(points[i] - time) < distance) {

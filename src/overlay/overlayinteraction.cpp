@@ -129,7 +129,7 @@ void OverlayInteraction::press(const QMouseEvent *event)
     }
     if (event->button() != Qt::LeftButton)
         return;
-    const int entry = layout().entryAt(position);
+    const int entry = layout().entryAt(position).value_or(-1);
     if (m_shown->cursor)
         pressPlot(position, event->modifiers());
     else

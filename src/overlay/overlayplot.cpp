@@ -118,10 +118,10 @@ bool OverlayPlot::event(QEvent *event)
         return QWidget::event(event);
     const auto *help = static_cast<QHelpEvent *>(event);
     const auto scale = double(displayScale());
-    const int entry = OverlayLayout(size() / scale, m_shown.entries.size())
-                          .entryAt((QPointF(help->pos()) / scale).toPoint());
+    const std::optional<int> entry = OverlayLayout(size() / scale, m_shown.entries.size())
+                                         .entryAt((QPointF(help->pos()) / scale).toPoint());
     const QString text
-        = entry < 0 ? QString() : plainToolTip(m_shown.entries[entry].label + QLatin1Char('\n') + toolTip());
+        = entry ? plainToolTip(m_shown.entries[*entry].label + QLatin1Char('\n') + toolTip()) : QString();
     QToolTip::showText(help->globalPos(), text, this); // without one, another's goes
     return true;
 }

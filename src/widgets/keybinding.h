@@ -8,7 +8,7 @@ struct KeyBinding {
     int key;
     Qt::KeyboardModifiers modifiers; ///< that must be held; others may be held too and are told to `action`
     void (Owner::*action)(int direction, Qt::KeyboardModifiers modifiers);
-    int direction;
+    int direction = 0; ///< or what else it is told
 };
 
 /// Does to `owner` what the first of `rows` that `event` fits says; false where it fits none.

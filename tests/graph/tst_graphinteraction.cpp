@@ -180,7 +180,8 @@ key Space = no)");
     add("zooming by keys", usual, R"(
 key Plus = 86..774 0..100 0..100
 key Equal = 154.8..705.2 0..100 0..100
-key Minus; key Minus = all
+key Minus = 86..774 0..100 0..100
+key Minus = all
 key PageDown; key Plus ctrl = 0..860 0..100 10..90
 key Down = 0..860 0..100 2..82
 key Up = 0..860 0..100 10..90
@@ -201,7 +202,7 @@ click left 970,115; key Down ctrl = all cell 4
 key Escape = all
 key Down ctrl = all cell 0)");
     add("records that come end zoom, picking and dragging", usual, R"(
-turn 3 470,155; press left 470,155; add 1 = all
+turn 3 470,155; press left 470,155; move left 600,250; add 1 = all
 release left 800,250 = all cursor 77 shows 77
 turn 3 470,155; press right 470,155; add 1 = all)");
     add("held view", usual, R"(
@@ -218,6 +219,7 @@ rewind; ranged = 0
 unset holdView; ranged = 0
 add 1 = all)");
     add("a clock that was set back", "87 period=10 period@30=-290 cells=6", R"(
+hover 40,100 = all cursor 0 shows 0
 hover 470,100 = all cursor 28 shows 28
 hover 685,100 = all cursor 72 shows 72
 drag left 685,50 900,270; hover 470,100 = 420..560 7..90 0..100 cursor 79 shows 79

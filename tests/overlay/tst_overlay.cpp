@@ -119,7 +119,7 @@ private slots:
         row("20 temperature@3=300 | cursor=1000 value=6 marked=0",
             "Temperature   Δ 00:16:40; A Δ 0.0 °C   1700 mAh; 00:00:00@0 00:10:00@600; 25.0@25 25.5@25.5 "
             "26.0@26 26.5@26.5 27.0@27 27.5@27.5 28.0@28; ");
-        row("20 | 0 | 1 | value=5",
+        row("20 | 0 | 1 | linedUp value=5",
             "Current; A 00:19:00   1900 mAh, B --.-, C 00:00:00   0 mAh; 00:00:00@0 00:10:00@600; "
             "0.0@0 0.5@0.5 1.0@1 1.5@1.5 2.0@2 2.5@2.5; ");
         row("11 | 1 | shift=0,1800",
@@ -128,6 +128,11 @@ private slots:
         row("20 | marked=0 cursor=0",
             "Pack voltage   Δ 00:00:00; A Δ 0.000 V   0 mAh; 00:00:00@0 00:10:00@600; 11.4@11.4 11.5@11.5 "
             "11.6@11.6; ");
+        row("11 start=600 | shift=1 zoom=600,660,0.4034,0.4496",
+            "Pack voltage; A (+00:00:01) 00:10:00   1000 mAh; 00:10:20@620 00:10:40@640 00:11:00@660; "
+            "11.425@11.425 11.430@11.43; ");
+        row("1 energy@0=700 | charge linedUp cursor=0",
+            "Pack voltage   0 mAh; A 11.400 V   00:00:00; ; 11.3@11.3 11.4@11.4 11.5@11.5; ");
         row("20 current@0-9=0 | charge linedUp shift=60",
             "Pack voltage; A 00:19:00   1900 mAh; -1000 mAh@-1000 0 mAh@0; 11.4@11.4 11.5@11.5 11.6@11.6; ");
     }
@@ -144,6 +149,42 @@ private slots:
                   {scene.heading, rows.join(", "), joined(scene.places), joined(scene.values), scene.reason})
                   .join("; "),
             "told");
+    }
+
+    /// Plot, second row and first line; whether there is room for curves.
+    void layouts()
+    {
+        const std::tuple<QSize, int, QString> cases[]
+            = {{{1000, 600}, 2, "56,22 664x552; 730,54 268x32; 0,0 1000x21"},
+                {{500, 600}, 0, "56,22 284x552; 350,54 148x32; 0,0 500x21"},
+                {{178, 50}, 3, "56,22 2x2; 68,31 108x9; 0,0 178x21"},
+                {{177, 50}, 3, "56,22 1x2; 67,31 108x9; 0,0 177x21; small"},
+                {{178, 49}, 3, "56,22 2x1; 68,31 108x9; 0,0 178x21; small"}};
+        for (const auto &[whole, entries, told] : cases) {
+            const OverlayLayout layout(whole, entries);
+            QStringList texts;
+            for (const QRect &rect : {layout.plot(), layout.row(1), layout.firstLine()})
+                texts += QString("%1,%2 %3x%4")
+                             .arg(rect.x())
+                             .arg(rect.y())
+                             .arg(rect.width())
+                             .arg(rect.height());
+            QCOMPARE(texts.join("; ") + (layout.isDrawable() ? "" : "; small"), told);
+            for (int i = 0; i < entries; ++i)
+                QCOMPARE(layout.entryAt(layout.row(i).center()), std::optional(i));
+            QCOMPARE(layout.entryAt(layout.row(entries).topLeft()), std::nullopt);
+        }
+    }
+
+    void roundNumbers()
+    {
+        using Places = QVector<double>;
+        QCOMPARE(roundDivisions(0, 10, 5), Places({0, 2, 4, 6, 8, 10}));
+        QCOMPARE(roundDivisions(-3, 3, 2), Places({0}));
+        QCOMPARE(roundDivisions(1, 2, 1), Places({1, 2}));
+        QCOMPARE(roundDivisions(-7, 24, 3), Places({0, 20}));
+        QCOMPARE(roundDivisions(5, 5, 3) + roundDivisions(0, 0, 3) + roundDivisions(5, 4, 3), Places());
+        QCOMPARE(roundDivisions(0, 1, 0), Places());
     }
 
     /// Twenty lines are twenty looks, on either background, distinct or not; the picked one is wide alone.

@@ -12,7 +12,7 @@
 /// Records made from a few words. The first one is their number; they are of a pack of three cells that is
 /// being charged, one a minute: the voltage rises by 10 mV each and the charge by 100 mAh, the rest stands
 /// still. FIELD=VALUE changes all of them, FIELD@INDEX=VALUE one, FIELD@FIRST-LAST=VALUE some; "period" are
-/// the seconds since the one before.
+/// the seconds since the one before, "start" those of the first.
 inline RecordList recordsOf(const QString &words)
 {
     static const QHash<QString, int Varnel3Data::*> fields{{"voltage", &Varnel3Data::voltage},
@@ -63,6 +63,8 @@ inline RecordList recordsOf(const QString &words)
                 record.flag5 = value ? 'B' : '_';
             else if (field == "period")
                 period = value;
+            else if (field == "start" && i == 0)
+                time = value;
         }
         time += i > 0 ? period : 0;
         record.setTime(time);

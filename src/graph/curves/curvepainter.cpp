@@ -1,6 +1,5 @@
 #include "graph/curves/curvepainter.h"
 
-#include "graph/curves/curvedata.h"
 #include "graph/curves/curveoutline.h"
 #include "graph/curves/linedashes.h"
 #include "graph/curves/pixels.h"
@@ -9,6 +8,7 @@
 #include <QPainter>
 
 #include <qwt_painter.h>
+#include <qwt_series_data.h>
 
 #include <algorithm>
 #include <cmath>
@@ -24,7 +24,7 @@ constexpr int lineCount = 10; // one for each series but the cells, which share 
 struct CurvePainter::Line {
     Line() { curve.setData(samples); }
 
-    CurveData *const samples = new CurveData; // owned by the curve
+    QwtPointSeriesData *const samples = new QwtPointSeriesData; // owned by the curve
     VarnelPlotCurve curve;
 };
 
@@ -38,17 +38,25 @@ CurvePainter &CurvePainter::operator=(CurvePainter &&other) noexcept = default;
 
 bool CurvePainter::Key::isOf(const Key &other) const
 {
-    return store == other.store && appendedTo == other.appendedTo && first == other.first
-        && width == other.width && area == other.area
-        && std::equal(std::begin(maps), std::end(maps), std::begin(other.maps));
+    return store == other.store && appendedTo == other.appendedTo && numbers == other.numbers;
 }
 
-CurvePainter::Key CurvePainter::keyOf(const Job &job)
+// Shared by all curves of the same time map.
+CurvePainter::Key CurvePainter::columnsKey(const Job &job)
+{
+    const QwtScaleMap &x = job.timeMap;
+    return {job.store, job.store->appendedTo(), job.store->size(),
+        {x.s1(), x.s2(), x.p1(), x.p2(), double(job.area.left()), double(job.area.right())}};
+}
+
+CurvePainter::Key CurvePainter::spansKey(const Job &job)
 {
     const QwtScaleMap &x = job.timeMap;
     const QwtScaleMap &y = job.valueMap;
-    return {job.store, job.store->appendedTo(), job.store->size(), job.first, job.pen.width(), job.area,
-        {x.s1(), x.s2(), x.p1(), x.p2(), y.s1(), y.s2(), y.p1(), y.p2()}};
+    const QRectF area = job.area;
+    return {job.store, job.store->appendedTo(), job.store->size(),
+        {x.s1(), x.s2(), x.p1(), x.p2(), y.s1(), y.s2(), y.p1(), y.p2(), area.x(), area.y(), area.width(),
+            area.height(), double(job.first), double(job.pen.width())}};
 }
 
 // What was found before still holds, and more has been appended. The first points may change.
@@ -60,10 +68,7 @@ bool CurvePainter::isGrown(const Job &job, const Key &before, const Key &now)
 
 void CurvePainter::updateColumns(const Job &job)
 {
-    Key key = keyOf(job);
-    std::fill(key.maps + 4, key.maps + 8, 0.0); // shared by all curves of the same time map
-    key.area = QRect(job.area.left(), 0, job.area.width(), 1);
-    key.first = key.width = 0;
+    const Key key = columnsKey(job);
     if (key == m_columnsKey)
         return;
     const bool isMore = isGrown(job, m_columnsKey, key);
@@ -109,7 +114,7 @@ void CurvePainter::draw(QPainter *painter, const Job &job)
 const CurveSpans &CurvePainter::spansOf(const Job &job)
 {
     Found &found = m_found[job.series];
-    const Key key = keyOf(job);
+    const Key key = spansKey(job);
     if (key == found.key)
         return found.spans;
     const PlotSeries values = job.store->series(job.series);

@@ -8,6 +8,7 @@
 
 #include <qwt_scale_map.h>
 
+#include <array>
 #include <memory>
 
 /// Draws curves of a store at a cost that hardly depends on their length: a pixel column with many samples
@@ -37,10 +38,7 @@ private:
         const SeriesStore *store = nullptr;
         quint64 appendedTo = 0;
         int size = 0; ///< samples
-        int first = 0;
-        int width = 0;
-        QRect area;
-        double maps[8] = {};
+        std::array<double, 14> numbers = {}; ///< all else that it is found from
 
         bool isOf(const Key &other) const; ///< but for samples that one of them lacks
         bool operator==(const Key &other) const { return isOf(other) && size == other.size; }
@@ -51,7 +49,8 @@ private:
         CurveSpans spans;
     };
 
-    static Key keyOf(const Job &job);
+    static Key columnsKey(const Job &job);
+    static Key spansKey(const Job &job);
     static bool isGrown(const Job &job, const Key &before, const Key &now);
     void updateColumns(const Job &job);
     bool isSparse(const Job &job) const;

@@ -37,7 +37,12 @@ LineDashes::LineDashes(Qt::PenStyle style, qreal origin, qreal unit)
 
 bool LineDashes::isSteep(qreal width, qreal height) const
 {
-    return height > steepFrom * m_unit && height > width;
+    return isHigh(height) && height > width;
+}
+
+bool LineDashes::isHigh(qreal height) const
+{
+    return height > steepFrom * m_unit;
 }
 
 QVector<LineDashes::Stroke> LineDashes::strokes(qreal begin, qreal end) const
@@ -75,7 +80,7 @@ QVector<QPolygonF> LineDashes::pieces(const QRect &area, const QPolygonF &points
             continue;
         }
         constexpr qreal least = 0.01; // px
-        const bool isUpright = std::abs(step.x()) < least; // in a dash or in a gap
+        const bool isUpright = from.x() == to.x(); // in a dash or in a gap
         const qreal begin = qMax(qMin(from.x(), to.x()), qreal(area.left() - 1));
         const qreal end = qMin(qMax(from.x(), to.x()) + (isUpright ? least : 0), qreal(area.right() + 2));
         const QVector<Stroke> all = strokes(begin, end);
@@ -99,11 +104,11 @@ QRegion LineDashes::inked(const QRect &area, const QVector<QRect> &spans, const 
         const int end = qRound(qBound(qreal(0), right + 1 - area.left(), qreal(columns.size())));
         std::fill(columns.begin() + first, columns.begin() + end, true);
     };
-    const QVector<Stroke> all = strokes(area.left(), area.right() + 1);
+    const QVector<Stroke> all = strokes(area.left(), area.left() + columns.size());
     for (const Stroke &stroke : all)
         ink(stroke.begin, stroke.end - 1);
     for (const QRect &span : spans)
-        if (isSteep(1, span.height()))
+        if (isHigh(span.height()))
             ink(span.left(), span.right());
     for (int i = 1; i < points.size(); ++i) {
         const QPointF step = points[i] - points[i - 1];

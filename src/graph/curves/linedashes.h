@@ -29,6 +29,7 @@ public:
 
 private:
     bool isSteep(qreal width, qreal height) const;
+    bool isHigh(qreal height) const;
 
     QVector<int> m_lengths; // dash and gap in turn, in units; empty for none
     qreal m_origin;

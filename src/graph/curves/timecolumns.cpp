@@ -35,18 +35,16 @@ void TimeColumns::assign(const PlotSeries &times, bool ascending, const QwtScale
 
 namespace {
 
-// The first sample from `from` on that lies in `column` or behind, `likely` one of so many.
-int startOf(int column, int from, int likely, const PlotSeries &times, const QwtScaleMap &map)
+auto isBefore(int column, const QwtScaleMap &map)
 {
-    return times.firstNot(
-        from, [&](double time) { return pixelOf(map, time) < column; }, likely);
+    return [column, &map](double time) { return pixelOf(map, time) < column; };
 }
 
 } // namespace
 
 void TimeColumns::assignAscending(const PlotSeries &times, const QwtScaleMap &map)
 {
-    const int first = startOf(m_left, 0, qMax(1, times.size()), times, map);
+    const int first = times.firstNot(0, isBefore(m_left, map));
     if (first > 0)
         m_stretches.push_back({pixelOf(map, times[first - 1]), first - 1, first});
     takeFrom(first, times, map);
@@ -61,7 +59,7 @@ void TimeColumns::takeFrom(int from, const PlotSeries &times, const QwtScaleMap 
         const int x = pixelOf(map, times[from]);
         if (x > m_right)
             break;
-        const int next = startOf(x + 1, from, likely, times, map);
+        const int next = times.firstNot(from, isBefore(x + 1, map), likely);
         m_stretches.push_back({x, from, next});
         likely = next - from + 1;
         from = next;
@@ -74,7 +72,7 @@ void TimeColumns::takeFrom(int from, const PlotSeries &times, const QwtScaleMap 
 // Only the last stretch can grow, and before it the neighbour on the left may still move.
 void TimeColumns::extend(const PlotSeries &times, const QwtScaleMap &map)
 {
-    if (m_stretches.size() < 2)
+    if (m_sampleCount == 0)
         return assign(times, true, map, m_left + 1, m_right - 1);
     const Stretch last = m_stretches.back();
     if (last.x > m_right)

@@ -46,12 +46,12 @@ QRect OverlayLayout::row(int entry) const
     return {m_size.width() - legendWidth(), top() + entry * height, legendWidth() - 2, height};
 }
 
-int OverlayLayout::entryAt(const QPoint &position) const
+std::optional<int> OverlayLayout::entryAt(const QPoint &position) const
 {
     for (int entry = 0; entry < m_entries; ++entry)
         if (row(entry).contains(position))
             return entry;
-    return -1;
+    return std::nullopt;
 }
 
 QwtScaleMap OverlayLayout::columns(const Interval &places) const

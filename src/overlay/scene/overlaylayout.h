@@ -4,6 +4,8 @@
 
 #include <qwt_scale_map.h>
 
+#include <optional>
+
 struct Interval;
 
 /// Where everything of an overlay lies, in pixels from its top left corner.
@@ -16,8 +18,8 @@ public:
     bool isDrawable() const { return plot().width() > 1 && plot().height() > 1; }
     /// The row of an entry in the legend, right of the plot.
     QRect row(int entry) const;
-    /// Its row holds `position`; -1 for none.
-    int entryAt(const QPoint &position) const;
+    /// Its row holds `position`.
+    std::optional<int> entryAt(const QPoint &position) const;
 
     /// Maps places to columns, and values to heights. An empty range counts as 1.
     QwtScaleMap columns(const Interval &places) const;

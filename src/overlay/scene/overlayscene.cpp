@@ -43,6 +43,7 @@ struct Figures {
         return course().pointAt(request.axis, place - request.offsetOf(entry));
     }
     double at(OverlayAxis axis, int point) const { return double(course().along(axis)[std::size_t(point)]); }
+    /// None where the recording does not reach, at -1.
     bool hasValue(int point) const
     {
         return point >= OverlayCourse::firstPoint(request.value) && course().has(request.value);
@@ -73,21 +74,21 @@ QString Figures::ofAll() const
 QString Figures::atCursor() const
 {
     const int point = pointAt(*request.cursor);
-    if (point < 0 || !hasValue(point))
+    if (!hasValue(point))
         return withUnit(FigureText::shortDashes());
     const OverlayAxis other = request.axis == OverlayAxis::Time ? OverlayAxis::Charge : OverlayAxis::Time;
-    return withUnit(FigureText::fixed(value(point), 0, overlayScale(request.value).decimals))
+    return withUnit(FigureText::fixed(value(point), overlayScale(request.value).decimals))
         + QStringLiteral("   ") + OverlayScene::placeText(other, at(other, point));
 }
 
 // From the earlier to the later one; without a cursor, to the end.
 QString Figures::between() const
 {
-    int from = pointAt(*request.marked);
-    int to = request.cursor ? pointAt(*request.cursor) : last();
-    if (request.cursor && *request.cursor < *request.marked)
-        std::swap(from, to);
-    if (from < 0 || to < 0 || !hasValue(from) || !hasValue(to))
+    const double marked = *request.marked;
+    const double other = request.cursor.value_or(marked);
+    const int from = pointAt(std::min(marked, other));
+    const int to = request.cursor ? pointAt(std::max(marked, other)) : last();
+    if (!hasValue(from) || !hasValue(to))
         return withUnit(FigureText::shortDashes());
     QString text = delta + QLatin1Char(' ')
         + withUnit(signedFigure(value(to) - value(from), overlayScale(request.value).decimals));
@@ -130,11 +131,10 @@ QString reasonOf(const OverlayRequest &request)
 
 } // namespace
 
+// The step of an empty range is no number, and nothing is on it.
 QVector<double> roundDivisions(double low, double high, int most)
 {
     QVector<double> places;
-    if (!(high > low) || most < 1)
-        return places;
     const double least = (high - low) / most;
     const double ten = std::pow(10.0, std::floor(std::log10(least)));
     double step = 10 * ten;
@@ -158,7 +158,7 @@ QString OverlayScene::axisName(OverlayAxis axis)
 QString OverlayScene::placeText(OverlayAxis axis, double place)
 {
     if (axis == OverlayAxis::Charge)
-        return FigureText::fixed(std::round(place) + 0.0, 0, 0) + tr(" mAh");
+        return FigureText::fixed(std::round(place), 0) + tr(" mAh");
     return (place <= -1 ? QStringLiteral("-") : QString()) + elapsedTimeText(std::abs(place));
 }
 
@@ -186,6 +186,6 @@ OverlayScene OverlayScene::of(const OverlayRequest &request, int mostPlaces, int
     const double step = divided.size() > 1 ? divided[1] - divided[0] : 1.0;
     const int decimals = std::max(0, int(std::ceil(-std::log10(step) - 0.01)));
     for (const double value : divided)
-        scene.values.append({value / scale.factor, FigureText::fixed(value, 0, decimals)});
+        scene.values.append({value / scale.factor, FigureText::fixed(value, decimals)});
     return scene;
 }

@@ -1,8 +1,5 @@
-#include "graph/curves/curvedata.h"
 #include "graph/curves/curveoutline.h"
 #include "graph/curves/curvepainter.h"
-#include "graph/curves/linedashes.h"
-#include "graph/curves/timecolumns.h"
 #include "graph/curves/varnelplotcurve.h"
 #include "support/columns.h"
 #include "support/pixels.h"
@@ -114,7 +111,7 @@ QImage drawnByCurve(const CurvePainter::Job &job)
         samples.append({job.store->series(SeriesStore::Time)[i], job.store->series(job.series)[i]});
     VarnelPlotCurve curve;
     curve.setPen(job.pen);
-    curve.setData(new CurveData(samples));
+    curve.setData(new QwtPointSeriesData(samples));
     return canvas(
         [&](QPainter *painter) { curve.drawSeries(painter, job.timeMap, job.valueMap, job.area, 0, -1); });
 }
@@ -246,8 +243,26 @@ private slots:
         }
     }
 
-    /// The pixels of the whole line, but for columns in gaps, in which only what is steep is left: no peak is
-    /// lost.
+    /// The first resistances come to be known later.
+    void redrawsWhatWasNotKnown()
+    {
+        SeriesStore store;
+        CurvePainter kept;
+        for (int i = 0; i < 40; ++i) {
+            Varnel3Data record;
+            record.device = Varnel3Data::Varnel3;
+            record.setTime(i);
+            record.internalResistance = 100 + i;
+            store.append(record);
+            auto job = jobFor(store, 0, 40, 0, 200);
+            job.series = SeriesStore::Resistance;
+            job.area.setWidth(6);
+            job.timeMap.setPaintInterval(area.left(), area.left() + 6);
+            CurvePainter anew;
+            QVERIFY2(drawn(&kept, job) == drawn(&anew, job), qPrintable(QString::number(i)));
+        }
+    }
+
     void stylesOfACurve()
     {
         ToldCurve curve;
@@ -260,25 +275,8 @@ private slots:
         QCOMPARE(curve.toldOf(QwtPlotCurve::Lines), QString("lines 0..8"));
     }
 
-    /// A pattern begins at its origin, from wherever one looks at it.
-    void strokesOfDashes()
-    {
-        const auto strokes = [](Qt::PenStyle style, double origin, double unit, double begin, double end) {
-            QStringList texts;
-            const auto all = LineDashes(style, origin, unit).strokes(begin, end);
-            for (const LineDashes::Stroke &stroke : all)
-                texts += QString("%1-%2").arg(stroke.begin).arg(stroke.end);
-            return texts.join(' ');
-        };
-        QCOMPARE(strokes(Qt::SolidLine, 10, 1, 6, 20), QString("6-20"));
-        QCOMPARE(strokes(Qt::DashLine, 10, 1, 6, 20), QString("6-7 10-14 17-20"));
-        QCOMPARE(strokes(Qt::DashLine, 10, 1, 9, 17), QString("10-14"));
-        QCOMPARE(strokes(Qt::DashLine, 10, 1, 28, 32), QString("31-32"));
-        QCOMPARE(strokes(Qt::DotLine, 0, 2, 0, 12), QString("0-4 8-12"));
-        QCOMPARE(strokes(Qt::DashDotLine, 0, 1, 0, 30), QString("0-8 10-12 14-22 24-26 28-30"));
-        QCOMPARE(strokes(Qt::DashDotDotLine, 0, 1, 0, 30), QString("0-8 10-12 14-16 18-26 28-30"));
-    }
-
+    /// The pixels of the whole line, but for columns in gaps, in which only what is steep is left: no peak is
+    /// lost.
     void dashesTakeColumnsAway()
     {
         for (const char *wave : {"sine", "noise", "gaps", "set back", "steps"}) {
@@ -429,59 +427,6 @@ private slots:
         QImage image = drawn(&curves, jobFor(store, 500, 700, 0, 1));
         QPainter(&image).fillRect(area, Qt::black);
         QCOMPARE(image, canvas());
-    }
-
-    /// Of what lies on either side of the area only the ends count.
-    void sortsTimesIntoColumns()
-    {
-        const QVector<double> times{0, 1, 2, 9, 10, 10.2, 15, 21, 22, 30, 40};
-        const QString middle = "2:2-3 9:3-4 10:4-6 15:6-7 21:7-8 22:8-9 ";
-        QCOMPARE(stretches(times, true), middle + "of 5");
-        QCOMPARE(stretches(times, false), "0:0-1 " + middle + "40:10-11 of 5");
-    }
-
-    /// What jumps about more than any device does is drawn in part: so many lines, or so much ink.
-    void thinsOut()
-    {
-        struct Jumps {
-            double to; // from 10 and back
-            int most;
-        };
-        for (const Jumps &jumps : {Jumps{11, 131072}, {12, 45455}, {90, 40001}}) {
-            for (int count : {jumps.most, jumps.most + 1}) {
-                QVector<double> times;
-                for (int i = 0; i < count; ++i)
-                    times.append(i % 2 == 0 ? 10 : jumps.to);
-                const QString text = stretches(times, false);
-                const int together = count > jumps.most ? 2 : 1;
-                QCOMPARE(text.count(':'), (count + together - 1) / together);
-                QVERIFY(text.startsWith(QString("10:0-%1 ").arg(together)));
-                QVERIFY(text.contains(QString("-%1 of ").arg(count)));
-            }
-        }
-    }
-
-private:
-    // Column, first sample and end of each, of an area from 10 to 20, and how many samples lie in it.
-    static QString stretches(const QVector<double> &times, bool ascending)
-    {
-        TimeColumns columns;
-        QwtScaleMap map;
-        map.setScaleInterval(0, 100);
-        map.setPaintInterval(0, 100);
-        RecordList records;
-        for (const double time : times) {
-            Varnel3Data record;
-            record.setTime(int(time));
-            records.append(record);
-        }
-        SeriesStore store;
-        store.load(std::move(records));
-        columns.assign(store.series(SeriesStore::Time), ascending, map, 10, 20);
-        QString text;
-        for (const TimeColumns::Stretch &stretch : columns.stretches())
-            text += QString("%1:%2-%3 ").arg(stretch.x).arg(stretch.begin).arg(stretch.end);
-        return text + QString("of %1").arg(columns.sampleCount());
     }
 };
 
