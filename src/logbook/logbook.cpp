@@ -4,6 +4,7 @@
 #include "logbook/logbookkeeper.h"
 
 #include <QCollator>
+#include <QLocale>
 #include <QRandomGenerator>
 #include <QStandardPaths>
 
@@ -461,8 +462,9 @@ void Logbook::describe(Row *row) const
     const LogbookFigures &figures = recording.figures;
     row->start = recording.start.isValid() ? recording.start.toMSecsSinceEpoch() : noStart;
     const QStringList words = {packName(recording.pack), recording.port, recording.note, recording.file,
-        recording.start.date().toString(Qt::ISODate), Varnel3Data::deviceName(figures.device),
-        Varnel3Data::modeName(figures.mode), endText(recording),
+        recording.start.date().toString(Qt::ISODate),
+        QLocale().toString(recording.start.date(), QLocale::ShortFormat), // as the table has it
+        Varnel3Data::deviceName(figures.device), Varnel3Data::modeName(figures.mode), endText(recording),
         QStringLiteral("%1x%2").arg(
             QString::number(figures.cells), Varnel3Data::cellTypeName(figures.cellType))};
     row->words = words.join(QLatin1Char('\n')).toCaseFolded();

@@ -182,6 +182,8 @@ private slots:
         row("one day", "b", [](LogbookFilter &f) { f.from = f.to = QDate(2026, 2, 1); });
         row("no day", "", [](LogbookFilter &f) { f.from = f.to = QDate(2026, 2, 2); });
         row("a day in words", "b", [](LogbookFilter &f) { f.text = "2026-02-01"; });
+        row("a day as it is shown", "b",
+            [](LogbookFilter &f) { f.text = QLocale().toString(QDate(2026, 2, 1), QLocale::ShortFormat); });
         row("process and device in words", "cbad", [](LogbookFilter &f) { f.text = "none discharge"; });
         row("chemistry and file in words", "a", [](LogbookFilter &f) { f.text = "lipo /a"; });
         row("pack and chemistry", "", [](LogbookFilter &f) {
