@@ -274,13 +274,15 @@ private slots:
         auto keeper = std::make_unique<LogbookKeeper>(folder.path(), LogbookKeeper::Listener(),
             LogbookKeeper::Patience{std::chrono::milliseconds(longTime), std::chrono::milliseconds(0)});
         QSemaphore held;
-        std::thread slow([&folder, &held] {
+        QSemaphore ending;
+        std::thread slow([&] {
             const OtherWriter other(folder.path());
             held.release();
-            QTest::qSleep(300); // long enough to be waited for
+            ending.acquire();
         });
         held.acquire();
         keeper->write(last);
+        ending.release();
         keeper.reset();
         const QString kept = onFile(folder.path(), "SELECT name FROM pack WHERE id = 1");
         slow.join();
