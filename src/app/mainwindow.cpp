@@ -42,7 +42,6 @@
 #include "settings/varnelsettings.h"
 #include "settings/viewstate.h"
 #include "widgets/mnemonics.h"
-#include "widgets/spoken.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -82,7 +81,6 @@ MainWindow::~MainWindow()
 void MainWindow::createParts()
 {
     state = new ViewState(this);
-    Spoken::install();
     displays = new DisplayWindows(this, state);
     new DialogsOnTop(this);
     mdiArea = new DeskArea(this);

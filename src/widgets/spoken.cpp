@@ -26,7 +26,7 @@ QAccessibleInterface *interfaceOf(const QString &, QObject *object)
 
 } // namespace
 
-void Spoken::install()
+Spoken::Spoken()
 {
     static const bool isInstalled = [] {
         QAccessible::installFactory(interfaceOf);

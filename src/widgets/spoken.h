@@ -7,9 +7,9 @@ class Spoken {
 public:
     /// What the picture shows, in words, most important first.
     virtual QString spokenText() const = 0;
-    /// Once in a program, before a reader may ask.
-    static void install();
 
 protected:
+    /// The first makes all of them known to what a reader asks through.
+    Spoken();
     ~Spoken() = default;
 };

@@ -8,7 +8,6 @@
 #include "support/layoutfault.h"
 #include "support/modaldialog.h"
 #include "support/paintlog.h"
-#include "widgets/spoken.h"
 #include "windowrig.h"
 
 #include <QDesktopServices>
@@ -153,7 +152,6 @@ private slots:
     /// What has changed while it was closed is shown when it opens again; Escape and menus.
     void closedAndOpened()
     {
-        Spoken::install();
         open();
         QSignalSpy closed(window.get(), SIGNAL(closed()));
         type("nothing like that");
