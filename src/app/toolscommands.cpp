@@ -6,14 +6,9 @@
 #include "documents/graphexports.h"
 #include "desk/graphwindows.h"
 #include "desk/windowfiles.h"
+#include "settings/messagetime.h"
 
 #include <QAction>
-
-namespace {
-
-constexpr int messageTime = 5000; // ms
-
-} // namespace
 
 ToolsCommands::ToolsCommands(QWidget *shell, const ActionSet *actions, GraphWindows *graphs,
     Documents *documents, FileWriter *writer, WindowFiles *windowFiles)
@@ -57,7 +52,7 @@ void ToolsCommands::reopenClosed()
 {
     const QString fileName = m_windowFiles->takeClosed();
     if (fileName.isEmpty())
-        emit message(tr("The closed recording is no longer there."), messageTime);
+        emit message(tr("The closed recording is no longer there."), usualMessageTime);
     else
         m_documents->open({fileName});
 }

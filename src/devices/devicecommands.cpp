@@ -3,6 +3,7 @@
 #include "devices/devicetargets.h"
 #include "link/clockcommand.h"
 #include "link/serialreader.h"
+#include "settings/messagetime.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -11,7 +12,6 @@
 namespace {
 
 constexpr int messageTime = 1500; // ms; the next port's comes before
-constexpr int answerTime = 5000; // ms
 constexpr int pauseMs = 500; // what a device needs to set its clock before it takes the next command
 
 } // namespace
@@ -46,7 +46,7 @@ bool DeviceCommands::stopProcess()
     }
     SerialReader *only = m_targets->onlyReader();
     if (!only) {
-        emit message(tr("Choose the window of the device whose process is to be stopped."), answerTime);
+        emit message(tr("Choose the window of the device whose process is to be stopped."), usualMessageTime);
         return false;
     }
     const QString silentPort = m_targets->activePort();
@@ -66,7 +66,7 @@ void DeviceCommands::stop(SerialReader *reader)
 
 void DeviceCommands::tellStopped(const QString &portName)
 {
-    emit message(tr("The device on %1 was told to stop its process.").arg(portName), answerTime);
+    emit message(tr("The device on %1 was told to stop its process.").arg(portName), usualMessageTime);
 }
 
 void DeviceCommands::ask(const QString &portName, const QString &silentPort)
@@ -98,8 +98,8 @@ void DeviceCommands::onAnswered(int answer)
         if (reader->portName() == m_questionPort)
             return stop(reader);
     }
-    emit message(
-        tr("%1 is no longer listened on: its device was not told to stop.").arg(m_questionPort), answerTime);
+    emit message(tr("%1 is no longer listened on: its device was not told to stop.").arg(m_questionPort),
+        usualMessageTime);
 }
 
 void DeviceCommands::setTime()
@@ -121,7 +121,7 @@ bool DeviceCommands::hasPort()
 {
     if (!m_targets->readers().isEmpty())
         return true;
-    emit message(tr("No port is listened on: choose one in the preferences."), answerTime);
+    emit message(tr("No port is listened on: choose one in the preferences."), usualMessageTime);
     return false;
 }
 

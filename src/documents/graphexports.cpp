@@ -4,6 +4,7 @@
 #include "documents/filewriter.h"
 #include "documents/graphfile.h"
 #include "desk/windowfiles.h"
+#include "settings/messagetime.h"
 #include "widgets/warningbox.h"
 #include "documents/csvexport.h"
 #include "files/filepieces.h"
@@ -18,8 +19,6 @@
 #include <QPointer>
 
 namespace {
-
-constexpr int messageTime = 5000; // ms
 
 /// Where the last export went, else where data files were opened or saved last.
 QString startFolder()
@@ -144,9 +143,9 @@ void GraphExports::write(const QString &fileName, std::unique_ptr<FilePieces> pi
 void GraphExports::tellOutcome(const QString &fileName, const WriteOutcome &outcome)
 {
     if (outcome.cancelled)
-        emit message(tr("The export was cancelled."), messageTime);
+        emit message(tr("The export was cancelled."), usualMessageTime);
     else if (outcome.written)
-        emit message(tr("%1 written.").arg(QDir::toNativeSeparators(fileName)), messageTime);
+        emit message(tr("%1 written.").arg(QDir::toNativeSeparators(fileName)), usualMessageTime);
     else
         tellFailure(fileName, outcome.reason);
 }
@@ -154,6 +153,6 @@ void GraphExports::tellOutcome(const QString &fileName, const WriteOutcome &outc
 void GraphExports::tellFailure(const QString &fileName, const QString &reason)
 {
     const QString text = tr("Can not save file %1").arg(QDir::toNativeSeparators(fileName));
-    emit message(text, messageTime);
+    emit message(text, usualMessageTime);
     showWarningBox(m_shell, "exportFailed", tr("Export"), text + QLatin1Char('\n') + reason);
 }

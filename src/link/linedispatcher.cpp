@@ -4,6 +4,7 @@
 #include "link/devicelink.h"
 #include "link/recordinglog.h"
 #include "link/recordingwindow.h"
+#include "settings/messagetime.h"
 #include "settings/varnelsettings.h"
 
 #include <QCoreApplication>
@@ -15,7 +16,6 @@
 namespace {
 
 constexpr int longestPause = 20; // seconds of silence that a recording survives
-constexpr int messageTime = 5000; // ms
 
 } // namespace
 
@@ -88,7 +88,7 @@ bool LineDispatcher::parse(const QByteArray &line)
         m_host->showMessageStatusBar(
             QCoreApplication::translate("LineDispatcher", "Not enough memory: a line of %1 is left out.")
                 .arg(m_link->portName()),
-            messageTime);
+            usualMessageTime);
         return false;
     }
 }

@@ -3,6 +3,7 @@
 #include "link/hangup.h"
 #include "link/readerhost.h"
 #include "ports/portobstacle.h"
+#include "settings/messagetime.h"
 
 #include <QDeadlineTimer>
 #include <QDebug>
@@ -16,7 +17,6 @@ constexpr int settleTime = 2; // ms in which the system hands on what it has rec
 constexpr int longestWrite = 500; // ms
 constexpr int longestRest = 200; // ms
 constexpr int mostFailures = 20; // without a byte in between
-constexpr int messageTime = 5000; // ms
 constexpr qint64 readAtOnce = 160; // bytes, a line with cells: a killed program loses no more than that
 constexpr int mostReads = 64; // before other ports and windows have their turn
 constexpr int shortestRecordLine = 10; // characters; shorter lines are replies to commands
@@ -81,7 +81,7 @@ bool SerialReader::start()
 {
     if (tryStart())
         return true;
-    m_host->showMessageStatusBar(failureText(), messageTime);
+    m_host->showMessageStatusBar(failureText(), usualMessageTime);
     m_host->portFailed(m_portName, errorText());
     return false;
 }

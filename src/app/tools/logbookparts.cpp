@@ -6,18 +6,13 @@
 #include "logbook/logbook.h"
 #include "logbook/logbookeditor.h"
 #include "logbook/logbookreader.h"
+#include "settings/messagetime.h"
 #include "widgets/warningbox.h"
 
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
 #include <QWidget>
-
-namespace {
-
-constexpr int messageTime = 5000; // ms
-
-} // namespace
 
 LogbookParts::LogbookParts(QWidget *shell, const JournalKeeper *keeper, const Documents *documents)
     : QObject(shell)
@@ -74,7 +69,7 @@ void LogbookParts::onOpened(const QString &fileName, MdiGraphChild *child, const
 void LogbookParts::tellTrouble()
 {
     if (!m_logbook->trouble().isEmpty())
-        emit message(m_logbook->trouble(), messageTime);
+        emit message(m_logbook->trouble(), usualMessageTime);
 }
 
 void LogbookParts::tellDamage(const QString &text)
