@@ -63,7 +63,6 @@ MainWindow::MainWindow()
     readSettings();
     switches->disableViews();
     ports->noteStartupPorts();
-    listenedPortsChanged();
     QTimer::singleShot(0, this, SLOT(recordingOnStart()));
     setWindowTitle(tr("Varnel Graph %1").arg(QCoreApplication::applicationVersion()));
 }
@@ -216,12 +215,10 @@ void MainWindow::closeEvent(QCloseEvent *event)
     graphs->setEnding();
     mdiArea->closeAllSubWindows();
     ports->closeAll();
-    event->accept();
 }
 
-void MainWindow::resizeEvent(QResizeEvent *event)
+void MainWindow::resizeEvent(QResizeEvent *)
 {
-    QMainWindow::resizeEvent(event);
     dataToolBar->fitTo(width());
     ShellMenus::fitToolBars(this, mainToolBar, dataToolBar);
 }

@@ -20,6 +20,7 @@
 #include "documents/graphprinting.h"
 #include "graph/mdigraphchild.h"
 #include "ports/portinfo.h"
+#include "settings/messagetime.h"
 #include "settings/varnelsettings.h"
 
 #include <QCoreApplication>
@@ -74,7 +75,7 @@ void MainWindow::printActivePlot()
     if (MdiGraphChild *child = activeMdiChild())
         printGraph(child, windowFiles->nameFor(child), this);
     else
-        showMessageStatusBar(tr("There is no graph window to print."), 5000);
+        showMessageStatusBar(tr("There is no graph window to print."), usualMessageTime);
 }
 
 void MainWindow::startRecording()
@@ -110,14 +111,11 @@ void MainWindow::repaintAllWindows()
 
 void MainWindow::renumerateWindows()
 {
-    const bool graph = actions->isChecked(ActionId::Graph);
-    displays->showVoltage(false);
+    displays->showVoltage(false); // its switch stays
     graphs->renumber();
     if (graphs->isEmpty()) {
         switches->disableViews();
-    } else if (graph) {
-        actions->setChecked(ActionId::Graph, true);
-        switches->publish();
+    } else if (actions->isChecked(ActionId::Graph)) {
         displays->showVoltage(true, DisplayWindows::LeavesKeyboard);
     }
     repaintAllWindows();

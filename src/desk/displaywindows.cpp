@@ -60,11 +60,15 @@ DisplayWindows::DisplayWindows(QMainWindow *window, ViewState *state)
     connect(m_data, SIGNAL(closed()), this, SIGNAL(dataClosed()));
 }
 
+std::array<QWidget *, 3> DisplayWindows::lasting() const
+{
+    return {m_capacity, m_power, m_data};
+}
+
 void DisplayWindows::setKeys(const QList<QAction *> &actions)
 {
     m_keys = actions;
-    for (QWidget *display :
-        {static_cast<QWidget *>(m_capacity), static_cast<QWidget *>(m_power), static_cast<QWidget *>(m_data)})
+    for (QWidget *display : lasting())
         display->addActions(actions);
 }
 
@@ -88,11 +92,12 @@ void DisplayWindows::settle(QWidget *display)
         unmade.reset(createVoltage());
     const QWidget *voltage = m_voltage ? static_cast<QWidget *>(m_voltage.data()) : unmade.get();
     QVector<QRect> taken;
-    for (const QWidget *other : {static_cast<const QWidget *>(m_capacity),
-             static_cast<const QWidget *>(m_power), static_cast<const QWidget *>(m_data), voltage}) {
+    for (const QWidget *other : lasting()) {
         if (other != display)
             taken.append(WindowPlace::frameOf(*other));
     }
+    if (voltage != display)
+        taken.append(WindowPlace::frameOf(*voltage));
     if (m_window->isVisible()) {
         const QRect desk = m_window->centralWidget()->geometry();
         taken.append(QRect(m_window->pos(), m_window->mapToGlobal(desk.topRight())));
@@ -163,11 +168,10 @@ void DisplayWindows::updateComparisons()
 
 void DisplayWindows::hideAll()
 {
-    for (QWidget *display : {static_cast<QWidget *>(m_capacity), static_cast<QWidget *>(m_power),
-             static_cast<QWidget *>(m_data), static_cast<QWidget *>(m_voltage.data())}) {
-        if (display)
-            display->hide();
-    }
+    for (QWidget *display : lasting())
+        display->hide();
+    if (m_voltage)
+        m_voltage->hide();
 }
 
 void DisplayWindows::showAsSwitched()
@@ -198,15 +202,13 @@ void DisplayWindows::setStaleSince(const QDateTime &since)
 
 void DisplayWindows::clearCapacities()
 {
-    m_entries = 0;
     m_capacity->clear();
-    m_capacity->setWindowCount(0);
 }
 
 void DisplayWindows::addCapacity(const MdiGraphChild *child)
 {
     m_capacity->addEntry(entryOf(*child));
-    m_capacity->setWindowCount(++m_entries);
+    m_capacity->setWindowCount(child->windowNumber());
 }
 
 void DisplayWindows::refreshCapacity(const MdiGraphChild *child)
@@ -222,11 +224,10 @@ void DisplayWindows::printCapacity()
 
 void DisplayWindows::printVoltage()
 {
-    VoltageComparison *comparison = createVoltage();
+    const std::unique_ptr<VoltageComparison> comparison(createVoltage());
     if (!m_state->switches().voltageComparison) // nobody sees what was chosen in one that is closed
         comparison->showAllCells();
     comparison->print();
-    comparison->close();
 }
 
 void DisplayWindows::printPower()
@@ -249,9 +250,8 @@ void DisplayWindows::readPlaces(const VarnelSettings &settings)
 
 void DisplayWindows::writePlaces(VarnelSettings *settings)
 {
-    settle(m_data); // the next start takes it for the user's wish
-    settle(m_capacity);
-    settle(m_power);
+    for (QWidget *display : lasting())
+        settle(display); // the next start takes it for the user's wish
     settings->setValue(SettingsKey::dataDisplayPos, m_data->pos());
     WindowPlace::save(*m_capacity, SettingsKey::capacityGroup, settings);
     WindowPlace::save(*m_power, SettingsKey::powerGroup, settings);

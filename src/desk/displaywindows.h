@@ -4,6 +4,8 @@
 #include <QObject>
 #include <QPointer>
 
+#include <array>
+
 class CapacityDisplay;
 class DataDisplay;
 class MdiGraphChild;
@@ -49,7 +51,7 @@ public:
     /// No line has come since then; invalid: the figures are fresh.
     void setStaleSince(const QDateTime &since);
     void clearCapacities();
-    /// The entry of `child`, after those that are there.
+    /// The entry of `child`, the newest window, after those that are there.
     void addCapacity(const MdiGraphChild *child);
     /// The entry of `child`, its number telling which, brought up to date.
     void refreshCapacity(const MdiGraphChild *child);
@@ -75,6 +77,8 @@ private slots:
     void onVoltageClosed();
 
 private:
+    /// Those that are there from the start.
+    std::array<QWidget *, 3> lasting() const;
     void setShown(QWidget *display, bool shown);
     void settle(QWidget *display);
     VoltageComparison *createVoltage();
@@ -87,5 +91,4 @@ private:
     QPointer<VoltageComparison> m_voltage; ///< made when opened, gone when closed
     QList<QAction *> m_keys; // not owned, outlive this
     VoltageSource *m_source = nullptr;
-    int m_entries = 0; ///< in the capacity comparison
 };

@@ -7,6 +7,7 @@
 #include "desk/statusfacts.h"
 #include "link/serialreader.h"
 #include "ports/portinfo.h"
+#include "settings/messagetime.h"
 #include "settings/varnelsettings.h"
 
 #include <QCoreApplication>
@@ -17,7 +18,6 @@
 
 namespace {
 
-constexpr int messageTime = 5000; // ms
 const QLatin1String portPrefix("COM");
 
 QString reasonAgainstPause(bool hasWindow, bool listens)
@@ -45,10 +45,7 @@ ListenedPorts::ListenedPorts(
     connect(m_host, SIGNAL(lost(QString)), this, SLOT(onLost(QString)));
 }
 
-ListenedPorts::~ListenedPorts()
-{
-    closeAll();
-}
+ListenedPorts::~ListenedPorts() = default;
 
 QStringList ListenedPorts::portNames() const
 {
@@ -97,10 +94,10 @@ void ListenedPorts::startRecording()
             opened.append(port);
     }
     if (m_readers.isEmpty()) {
-        emit message(tr("No port has been selected."), messageTime);
+        emit message(tr("No port has been selected."), usualMessageTime);
         m_listening = false;
     } else {
-        emit message(tr("Start listening on port(s): ") + opened.join(QLatin1Char(',')), messageTime);
+        emit message(tr("Start listening on port(s): ") + opened.join(QLatin1Char(',')), usualMessageTime);
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     }
     tellChanged();
@@ -116,7 +113,7 @@ void ListenedPorts::stopRecording()
         return;
     closeAll();
     m_listening = false;
-    emit message(tr("Stop listen on port(s)."), messageTime);
+    emit message(tr("Stop listen on port(s)."), usualMessageTime);
     tellChanged();
 }
 
@@ -133,7 +130,7 @@ void ListenedPorts::pause()
 {
     const DeviceLink *source = m_windows->currentLink();
     if (!source) {
-        emit message(reasonAgainstPause(m_windows->hasCurrent(), !m_readers.isEmpty()), messageTime);
+        emit message(reasonAgainstPause(m_windows->hasCurrent(), !m_readers.isEmpty()), usualMessageTime);
         return;
     }
     m_pendingPort = source->portName();
@@ -165,7 +162,7 @@ void ListenedPorts::synchronise(const QStringList &ports)
         if (wanted.contains(port))
             continue;
         remove(reader, false);
-        emit message(tr("Stop listening on port %1.").arg(port), messageTime);
+        emit message(tr("Stop listening on port %1.").arg(port), usualMessageTime);
     }
     forgetTroubleExcept(wanted);
     if (!wanted.contains(m_pendingPort))
@@ -174,7 +171,7 @@ void ListenedPorts::synchronise(const QStringList &ports)
         if (readerFor(port) || !listenOn(port))
             continue;
         qDebug() << "Włącznie" << port;
-        emit message(tr("Start listening on port %1.").arg(port), messageTime);
+        emit message(tr("Start listening on port %1.").arg(port), usualMessageTime);
     }
     tellChanged();
 }
@@ -201,7 +198,7 @@ void ListenedPorts::leave(const PortInfo &port)
     if (SerialReader *reader = readerFor(port.name)) {
         remove(reader, true);
         m_facts->set(StatusFacts::Lost, port.name);
-        emit message(tr("Stop listening on port %1. Port is removed.").arg(port.name), messageTime);
+        emit message(tr("Stop listening on port %1. Port is removed.").arg(port.name), usualMessageTime);
     }
     m_startupPorts.removeAll(port.name);
     if (m_pendingPort == port.name)
@@ -241,7 +238,7 @@ void ListenedPorts::onRetry(const QString &portName, bool tell)
         return;
     const QString text = m_startupPorts.contains(portName) ? tr("Start listening on port %1.")
                                                            : tr("Start listening on new port %1.");
-    emit message(text.arg(portName), messageTime);
+    emit message(text.arg(portName), usualMessageTime);
     tellChanged();
 }
 
@@ -249,7 +246,7 @@ void ListenedPorts::onLost(const QString &portName)
 {
     if (SerialReader *reader = readerFor(portName))
         remove(reader, true);
-    emit message(tr("Stop listening on port %1. Port is removed.").arg(portName), messageTime);
+    emit message(tr("Stop listening on port %1. Port is removed.").arg(portName), usualMessageTime);
     tellChanged();
 }
 

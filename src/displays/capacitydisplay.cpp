@@ -6,7 +6,6 @@
 #include "settings/viewstate.h"
 #include "widgets/plaintooltip.h"
 
-#include <QCloseEvent>
 #include <QHelpEvent>
 #include <QIcon>
 #include <QPainter>
@@ -218,10 +217,9 @@ void CapacityDisplay::hideEvent(QHideEvent *)
     m_updateTimer.stop();
 }
 
-void CapacityDisplay::closeEvent(QCloseEvent *event)
+void CapacityDisplay::closeEvent(QCloseEvent *)
 {
     emit closed();
-    QWidget::closeEvent(event);
 }
 
 void CapacityDisplay::keyPressEvent(QKeyEvent *event)

@@ -6,7 +6,6 @@
 #include "widgets/refreshgate.h"
 #include "settings/viewstate.h"
 
-#include <QCloseEvent>
 #include <QGridLayout>
 #include <QIcon>
 #include <QKeyEvent>
@@ -167,10 +166,9 @@ void DataDisplay::clear()
     m_gate->request();
 }
 
-void DataDisplay::closeEvent(QCloseEvent *event)
+void DataDisplay::closeEvent(QCloseEvent *)
 {
     emit closed();
-    QWidget::closeEvent(event);
 }
 
 // Space for a click on the voltage.

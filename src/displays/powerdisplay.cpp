@@ -6,7 +6,6 @@
 #include "printing/printrequest.h"
 #include "settings/viewstate.h"
 
-#include <QCloseEvent>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QPainter>
@@ -87,10 +86,9 @@ void PowerDisplay::paintEvent(QPaintEvent *)
     m_chart.paint(painter, size());
 }
 
-void PowerDisplay::closeEvent(QCloseEvent *event)
+void PowerDisplay::closeEvent(QCloseEvent *)
 {
     emit closed();
-    QWidget::closeEvent(event);
 }
 
 void PowerDisplay::keyPressEvent(QKeyEvent *event)

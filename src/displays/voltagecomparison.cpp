@@ -298,8 +298,7 @@ void VoltageComparison::print()
     printWithDialog(job, isVisible() ? this : parentWidget());
 }
 
-void VoltageComparison::closeEvent(QCloseEvent *event)
+void VoltageComparison::closeEvent(QCloseEvent *)
 {
     emit closed();
-    QWidget::closeEvent(event);
 }
