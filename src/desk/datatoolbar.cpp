@@ -13,7 +13,6 @@ namespace {
 constexpr int labelWidths[] = {120, 55, 60, 55, 75, 65};
 constexpr int labelHeight = 28;
 constexpr int letterHeight = 11; // px, as in the style sheet; the widths are made for it
-constexpr int labelMargin = 3; // px, and frame, on either side of a text
 constexpr int barWidth = 470; // px of the labels and what lies between them
 
 /// The program's sheet has the usual size.
@@ -92,8 +91,7 @@ void DataToolBar::fitModeText()
 {
     QFont font = m_modeLabel->font();
     font.setPixelSize(int(letterHeight * m_scale));
-    const QSize room = m_modeLabel->size() - QSize(labelMargin, 0) * 2;
-    const int letters = fittedFont(font, m_modeLabel->text(), room).pixelSize();
+    const int letters = fittedFont(font, m_modeLabel->text(), m_modeLabel->contentsRect().size()).pixelSize();
     if (letters == m_modeLetters)
         return;
     m_modeLetters = letters;

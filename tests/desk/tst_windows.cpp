@@ -28,6 +28,7 @@
 #include <QIcon>
 #include <QLabel>
 #include <QPainter>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QScopeGuard>
 #include <QScreen>
@@ -58,7 +59,10 @@ private slots:
             trigger(ActionId(id));
         QCoreApplication::processEvents();
         DialogPreferences(window.get()).show();
-        About(window.get()).show();
+        bool isSeen = false;
+        whenModal<About>(window.get(), [&isSeen](About *box) { isSeen = box->close(); });
+        trigger(ActionId::About);
+        QVERIFY(isSeen);
         window->close();
         QCOMPARE(collector.warnings(), QStringList());
     }
@@ -68,6 +72,7 @@ private slots:
     {
         const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
         const int lowest = area.bottom() - 280 - 34; // for a frame
+        QVERIFY(window->windowTitle() == "Varnel Graph V4.60" && !window->windowIcon().isNull());
         QCOMPARE(window->size(), QSize(1180, 760).boundedTo(area.size() - QSize(16, 40)));
         QCOMPARE(display<DataDisplay>()->pos(), QPoint(6, 8));
         QCOMPARE(display<CapacityDisplay>()->geometry(), QRect(2, qMin(316, lowest), 470, 280));
@@ -164,7 +169,7 @@ private slots:
                 for (const int wide : {120, 55, 60, 55, 75, 65})
                     expected << QString("%1x%2").arg(qRound(room * wide)).arg(qRound(room * 28));
                 QCOMPARE(sizes, expected);
-                QVERIFY(last->fontMetrics().height() >= int(room * 11));
+                QCOMPARE(last->font().pixelSize(), int(room * 11));
                 for (const QLabel *one : figures) { // in letters of the style sheet
                     const QSize text = one->fontMetrics().size(0, one->text());
                     QCOMPARE(one->contentsRect().size().expandedTo(text), one->contentsRect().size());
@@ -226,24 +231,28 @@ private slots:
     /// What the disk does not take is not lost unasked.
     void unwrittenLogbook()
     {
-        open({});
-        auto *logbook = window->findChild<Logbook *>();
-        QTRY_VERIFY(logbook->isOpen() && logbook->isWritten());
-        {
-            const FileSizeLimit full(1);
-            LogbookPack pack;
-            pack.name = "A";
-            window->findChild<LogbookEditor *>()->addPack(pack);
-            QTRY_VERIFY(!logbook->trouble().isEmpty());
-            whenModal<QMessageBox>(window.get(), [logbook](QMessageBox *box) {
-                QCOMPARE(box->objectName(), QString("logbookUnwritten"));
-                QCOMPARE(box->informativeText(), logbook->trouble());
-                box->reject();
-            });
-            QVERIFY(!window->close() && window->isVisible());
+        for (const bool sure : {false, true}) {
+            open({});
+            auto *logbook = window->findChild<Logbook *>();
+            QTRY_VERIFY(logbook->isOpen() && logbook->isWritten());
+            {
+                const FileSizeLimit full(1);
+                LogbookPack pack;
+                pack.name = sure ? "A" : "B";
+                window->findChild<LogbookEditor *>()->addPack(pack);
+                QTRY_VERIFY(!logbook->trouble().isEmpty());
+                whenModal<QMessageBox>(window.get(), [logbook, sure](QMessageBox *box) {
+                    QCOMPARE(box->objectName(), QString("logbookUnwritten"));
+                    QCOMPARE(box->informativeText(), logbook->trouble());
+                    QVERIFY(box->textFormat() == Qt::PlainText
+                        && box->defaultButton() == box->button(QMessageBox::Cancel));
+                    sure ? box->buttons().constLast()->click() : box->reject();
+                });
+                QCOMPARE(window->close(), sure);
+            }
+            QTRY_VERIFY_WITH_TIMEOUT(logbook->isUsersWritten(), 60000);
+            QVERIFY(window->close());
         }
-        QTRY_VERIFY_WITH_TIMEOUT(logbook->isUsersWritten(), 60000);
-        QVERIFY(window->close());
     }
 
     void settingsThatCanNotBeKept()
