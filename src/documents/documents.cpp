@@ -10,6 +10,7 @@
 #include "desk/windowfiles.h"
 #include "documents/choosing/recordingsmodel.h"
 #include "documents/choosing/savedialog.h"
+#include "settings/messagetime.h"
 #include "widgets/warningbox.h"
 #include "files/datafilepieces.h"
 #include "journal/journalfolder.h"
@@ -28,10 +29,8 @@
 
 namespace {
 
-constexpr int messageTime = 5000; // ms
 constexpr int savedTime = 1000; // ms
 constexpr int labelBytes = 4 << 20; // ten thousand files and more scroll without being read twice
-constexpr QSize dialogSize(780, 480); // room for names, labels and dates
 constexpr int sizeColumn = 1; // of a file dialog's details
 constexpr int dateColumn = 3;
 constexpr int columnMargin = 16; // px, of a text in its column
@@ -69,14 +68,12 @@ void arrangeRecordings(QFileDialog &dialog)
     // From the font alone: sizes to contents would read every file for its label.
     dialog.resize(widthOf("2026-11-21_06-40-50_COM12_2.acp [Cha 16xLiPo]   1,023.99 MiB  Length 000"
                           "  22 September 2026 01:09:12  Computer Computer"),
-        dialogSize.height());
+        dialog.height());
 }
 
 void keepLastFolder(const QString &path)
 {
-    VarnelSettings settings;
-    settings.setValue(SettingsKey::lastDir, path);
-    settings.sync();
+    VarnelSettings().setValue(SettingsKey::lastDir, path);
 }
 
 } // namespace
@@ -102,7 +99,7 @@ void Documents::openDialog()
 {
     const QStringList files = askFiles(m_shell);
     if (files.isEmpty())
-        onFinished({}, 0);
+        onFinished();
     else
         open(files);
 }
@@ -110,7 +107,7 @@ void Documents::openDialog()
 QStringList Documents::chooseFiles(QWidget *window)
 {
     const QStringList files = askFiles(window);
-    onFinished({}, 0);
+    onFinished();
     return files;
 }
 
@@ -119,8 +116,6 @@ QStringList Documents::askFiles(QWidget *window)
     const DialogPlaces places(lastFolder());
     QFileDialog dialog(
         window, tr("Chose varnel data file names"), places.first(), tr("Varnel files (*.acp *.abp)"));
-    dialog.setOption(QFileDialog::DontUseNativeDialog); // a native one would show no labels
-    dialog.resize(dialogSize);
     auto *view
         = new FolderView(&dialog, new DataFilesModel({QStringLiteral(".acp"), QStringLiteral(".abp")}));
     if (places.isSilent())
@@ -138,8 +133,6 @@ void Documents::openRecordings()
     if (!places.isSilent())
         QDir().mkpath(folder); // nothing may have been recorded yet
     QFileDialog dialog(m_shell, tr("Open recordings"), places.first(), tr("Recordings (*.acp)"));
-    dialog.setOption(QFileDialog::DontUseNativeDialog); // only then there are views
-    dialog.resize(dialogSize);
     auto *view = new FolderView(&dialog, new RecordingsModel(&dialog));
     const QByteArray usualHeader = detailsOf(dialog)->header()->saveState();
     const QFileDialog::ViewMode usualMode = dialog.viewMode();
@@ -193,7 +186,7 @@ void Documents::openFrom(QFileDialog &dialog)
 {
     const QStringList files = chooseFrom(dialog);
     if (files.isEmpty())
-        onFinished({}, 0);
+        onFinished();
     else
         open(files);
 }
@@ -271,7 +264,7 @@ void Documents::finishSave(
     MdiGraphChild *child, const QString &fileName, const DataFilePieces &lines, const WriteOutcome &outcome)
 {
     if (outcome.cancelled) {
-        emit message(tr("Saving was cancelled."), messageTime);
+        emit message(tr("Saving was cancelled."), usualMessageTime);
     } else if (!outcome.written) {
         tellFailure(fileName, outcome.reason);
     } else {
@@ -288,7 +281,7 @@ void Documents::finishSave(
 // A second is enough to see that it was saved, not to read where.
 void Documents::nameSaved()
 {
-    emit message(tr("%1 written.").arg(m_savedFile), messageTime);
+    emit message(tr("%1 written.").arg(m_savedFile), usualMessageTime);
 }
 
 void Documents::tellFailure(const QString &fileName, const QString &reason)
@@ -306,7 +299,7 @@ void Documents::tellUnreadable(int count, const MdiGraphChild *child, const QStr
             nullptr, count)
               .arg(QDir::toNativeSeparators(fileName));
     const QString kept = m_windowFiles->fileOf(child);
-    if (!kept.isEmpty() && QFileInfo(kept) != QFileInfo(fileName) && QFileInfo::exists(kept))
+    if (QFileInfo(kept) != QFileInfo(fileName) && QFileInfo::exists(kept))
         text += QLatin1Char('\n') + tr("They are kept in %1.").arg(QDir::toNativeSeparators(kept));
     showWarningBox(m_shell, "unreadableRecords", tr("Save as"), text);
 }

@@ -59,7 +59,7 @@ signals:
 
 private slots:
     void onLoaded(const QString &fileName, SeriesStore *store, const FileStamp &stamp);
-    void onFinished(const QStringList &failures, int total);
+    void onFinished(const QStringList &failures = {}, int total = 0);
     void nameSaved();
 
 private:

@@ -103,6 +103,7 @@ private slots:
                 QTRY_VERIFY( // the header follows the contents later
                     tree->columnWidth(column) >= tree->sizeHintForIndex(shown(1).sibling(1, column)).width());
             QCOMPARE(tree->header()->sortIndicatorOrder(), Qt::DescendingOrder);
+            tree->header()->hideSection(1);
             enter(newest)(dialog);
         };
         perform(ActionId::OpenRecordings, {look});
@@ -116,6 +117,12 @@ private slots:
             dialog->reject();
         };
         perform(ActionId::Open, {lookAgain});
+        QCOMPARE(unanswered, 0);
+        perform(ActionId::OpenRecordings, {[&](QDialog *dialog) { // which it was left with
+            QVERIFY(dialog->findChild<QTreeView *>("treeView")->header()->isSectionHidden(1));
+            QCOMPARE(qobject_cast<QFileDialog *>(dialog)->directory(), folder);
+            dialog->reject();
+        }});
         QCOMPARE(unanswered, 0);
     }
 
@@ -283,11 +290,15 @@ private slots:
         QFETCH(QString, name);
         QFETCH(QString, written);
         QFETCH(QByteArray, beginning);
+        const bool exported = written.isEmpty(); // before, so that it begins there; else beside the data
+        VarnelSettings().setValue(
+            exported ? "export/lastDir" : "global/lastDir", fixture->path(exported ? "" : "last.acp"));
         listen(1);
         send(1, 30);
         MdiGraphChild *child = window->activeMdiChild();
         const auto giveName = [&](QDialog *dialog) {
             const QString suggested = qobject_cast<QFileDialog *>(dialog)->selectedFiles().value(0);
+            QCOMPARE(QFileInfo(suggested).path(), fixture->path(""));
             QVERIFY2(suggested.endsWith(table ? "_COM1.csv" : "_COM1.png"), qPrintable(suggested));
             QMetaObject::invokeMethod(dialog, "changeEnding", Q_ARG(QString, "Drawing (*.svg)"));
             const QString other = qobject_cast<QFileDialog *>(dialog)->selectedFiles().value(0);
@@ -323,6 +334,10 @@ private slots:
     void nothingIsWritten()
     {
         open({});
+        perform(ActionId::OpenRecordings, {[](QDialog *dialog) { // before there is any
+            QCOMPARE(qobject_cast<QFileDialog *>(dialog)->directory().path(), JournalFolder::defaultPath());
+            dialog->reject();
+        }});
         const QString source = dataFile("source.acp", 5);
         for (const ActionId id : {ActionId::SaveAs, ActionId::ExportCsv, ActionId::SavePicture}) {
             window->openFiles({source});

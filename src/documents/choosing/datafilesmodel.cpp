@@ -191,12 +191,7 @@ void DataFilesModel::enterFolder()
     // The root of the drives has no path, or the one that stands for none.
     const QString folder = path == QLatin1String(".") ? QString() : path;
     m_jobs = std::make_unique<DiskJobs>(this); // what is still looked for elsewhere is of no use
-    m_isListing = false;
-    m_isOutdated = false;
-    m_isReadingFiles = false;
-    m_known.clear();
-    m_asked.clear();
-    m_wanted.clear();
+    m_visit = {};
     if (!m_watcher.directories().isEmpty())
         m_watcher.removePaths(m_watcher.directories());
     if (!folder.isEmpty())
@@ -212,10 +207,10 @@ void DataFilesModel::enterFolder()
 
 void DataFilesModel::list()
 {
-    m_isOutdated = m_isListing;
-    if (m_isListing || !m_jobs)
+    m_visit.isOutdated = m_visit.isListing;
+    if (m_visit.isListing || !m_jobs)
         return;
-    m_isListing = true;
+    m_visit.isListing = true;
     if (m_listing.entries.isEmpty())
         emit listed(false);
     m_jobs->run([question = m_question] { return listFolder(question); },
@@ -224,7 +219,7 @@ void DataFilesModel::list()
 
 void DataFilesModel::take(const FolderListing &listing)
 {
-    m_isListing = false;
+    m_visit.isListing = false;
     ++m_generation;
     if (m_listing.entries.isEmpty() && !listing.entries.isEmpty()) {
         beginInsertRows({}, 0, listing.entries.size() - 1);
@@ -235,7 +230,7 @@ void DataFilesModel::take(const FolderListing &listing)
         replace(listing);
     }
     emit listed(true);
-    if (m_isOutdated)
+    if (m_visit.isOutdated)
         list();
 }
 
@@ -258,7 +253,7 @@ void DataFilesModel::show(const FolderListing &listing)
 {
     m_listing = listing;
     m_states.fill(Unknown, listing.entries.size());
-    for (auto known = m_known.constBegin(); known != m_known.constEnd(); ++known)
+    for (auto known = m_visit.known.constBegin(); known != m_visit.known.constEnd(); ++known)
         setState(known.key(), known->details);
 }
 
@@ -317,11 +312,11 @@ QList<QPersistentModelIndex> DataFilesModel::usedIndexes() const
 
 FileDetails DataFilesModel::want(const FolderEntry &entry) const
 {
-    const auto known = m_known.constFind(entry.name);
-    const bool isKnown = known != m_known.constEnd();
-    if ((!isKnown || known->generation != m_generation) && !m_asked.contains(entry.name)) {
-        m_asked.insert(entry.name);
-        m_wanted.append(entry.name);
+    const auto known = m_visit.known.constFind(entry.name);
+    const bool isKnown = known != m_visit.known.constEnd();
+    if ((!isKnown || known->generation != m_generation) && !m_visit.asked.contains(entry.name)) {
+        m_visit.asked.insert(entry.name);
+        m_visit.wanted.append(entry.name);
         if (!m_asking.isActive())
             m_asking.start(0);
     }
@@ -333,21 +328,21 @@ void DataFilesModel::askDetails()
 {
     QStringList names;
     QStringList later;
-    for (const QString &name : qAsConst(m_wanted)) {
+    for (const QString &name : qAsConst(m_visit.wanted)) {
         const int row = m_listing.rows.value(name, -1);
         if (row >= 0 && m_listing.entries.at(row).isFolder)
             ask({name}, false);
-        else if (m_isReadingFiles)
+        else if (m_visit.isReadingFiles)
             later.append(name);
         else
             names.append(name);
     }
-    m_wanted = later;
-    while (names.size() + m_wanted.size() > mostAsked)
-        m_asked.remove((names.isEmpty() ? m_wanted : names).takeFirst());
+    m_visit.wanted = later;
+    while (names.size() + m_visit.wanted.size() > mostAsked)
+        m_visit.asked.remove((names.isEmpty() ? m_visit.wanted : names).takeFirst());
     if (names.isEmpty())
         return;
-    m_isReadingFiles = true;
+    m_visit.isReadingFiles = true;
     ask(names, true);
 }
 
@@ -361,13 +356,13 @@ void DataFilesModel::ask(const QStringList &names, bool areFiles)
     };
     m_jobs->run(read, [this, areFiles, generation = m_generation](const QHash<QString, FileDetails> &found) {
         for (auto one = found.begin(); one != found.end(); ++one) {
-            m_known.insert(one.key(), {one.value(), generation});
+            m_visit.known.insert(one.key(), {one.value(), generation});
             setState(one.key(), one.value());
-            m_asked.remove(one.key());
+            m_visit.asked.remove(one.key());
         }
         if (areFiles)
-            m_isReadingFiles = false;
-        if (!m_wanted.isEmpty())
+            m_visit.isReadingFiles = false;
+        if (!m_visit.wanted.isEmpty())
             m_asking.start(0);
         emit detailed();
     });
@@ -388,8 +383,8 @@ void DataFilesModel::takeSourceRows(const QModelIndex &parent, int first, int la
         m_listing.rows.insert(name, m_listing.entries.size());
         m_listing.entries.append({name, true});
         m_states.append(Unknown);
-        m_known.insert(name, {fileDetails(files()->filePath(index), false), m_generation});
-        setState(name, m_known.value(name).details);
+        m_visit.known.insert(name, {fileDetails(files()->filePath(index), false), m_generation});
+        setState(name, m_visit.known.value(name).details);
         endInsertRows();
     }
 }
@@ -402,6 +397,6 @@ void DataFilesModel::renameEntry(const QString &folder, const QString &before, c
     m_listing.rows.remove(before);
     m_listing.rows.insert(now, row);
     m_listing.entries[row].name = now;
-    m_known.insert(now, m_known.take(before));
+    m_visit.known.insert(now, m_visit.known.take(before));
     emit dataChanged(index(row, 0), index(row, columns - 1));
 }

@@ -77,6 +77,15 @@ private:
         FileDetails details;
         int generation;
     };
+    /// What is known of the folder that is shown, and asked.
+    struct Visit {
+        QHash<QString, Answer> known; // by name
+        QSet<QString> asked; // names, answer pending
+        QStringList wanted; // names, to be asked
+        bool isListing = false;
+        bool isOutdated = false; // it is listed anew once it has been
+        bool isReadingFiles = false;
+    };
 
     QFileSystemModel *files() const;
     QString pathOf(const QModelIndex &index) const;
@@ -92,17 +101,12 @@ private:
 
     FolderQuestion m_question;
     FolderListing m_listing;
-    QHash<QString, Answer> m_known; // by name
-    QByteArray m_states; // of the rows, as in m_known
-    mutable QSet<QString> m_asked; // names, answer pending
-    mutable QStringList m_wanted; // names, to be asked
+    mutable Visit m_visit;
+    QByteArray m_states; // of the rows, as in m_visit.known
     mutable QTimer m_asking; // once the views have said what they want
     std::unique_ptr<DiskJobs> m_jobs; // of this folder
     QFileSystemWatcher m_watcher; // of it alone
     QIcon m_fileIcon;
     QIcon m_folderIcon;
     int m_generation = 0; // of the listing; what was known of an older one may have changed
-    bool m_isListing = false;
-    bool m_isOutdated = false; // it is listed anew once it has been
-    bool m_isReadingFiles = false;
 };

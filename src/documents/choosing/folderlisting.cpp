@@ -10,15 +10,23 @@
 #include <QDirIterator>
 
 #include <algorithm>
+#include <tuple>
 #include <vector>
 
 namespace {
 
 struct SortedEntry {
     FolderEntry entry;
-    QCollatorSortKey name;
-    QCollatorSortKey type;
+    bool isLater; // than any folder
     qint64 number; // what the column holds, if it is one
+    QCollatorSortKey type;
+    QCollatorSortKey name;
+
+    bool operator<(const SortedEntry &other) const
+    {
+        return std::tie(isLater, number, type, name)
+            < std::tie(other.isLater, other.number, other.type, other.name);
+    }
 };
 
 class Sorter {
@@ -34,14 +42,14 @@ public:
     void add(const FolderEntry &entry)
     {
         const bool byType = m_question.column == FolderQuestion::Type;
-        m_entries.push_back({entry, m_collator.sortKey(entry.name),
-            byType ? m_collator.sortKey(typeText(entry.name, entry.isFolder)) : m_noType, number(entry)});
+        m_entries.push_back({entry, isLater(entry), number(entry),
+            byType ? m_collator.sortKey(typeText(entry.name, entry.isFolder)) : m_noType,
+            m_collator.sortKey(entry.name)});
     }
 
     FolderListing take()
     {
-        std::sort(m_entries.begin(), m_entries.end(),
-            [this](const SortedEntry &left, const SortedEntry &right) { return isLess(left, right); });
+        std::sort(m_entries.begin(), m_entries.end());
         if (m_question.descending)
             std::reverse(m_entries.begin(), m_entries.end());
         FolderListing listing;
@@ -66,7 +74,7 @@ private:
         const QString path = pathInFolder(m_question.folder, entry.name);
         switch (m_question.column) {
         case FolderQuestion::Size:
-            return QFileInfo(path).size();
+            return entry.isFolder ? 0 : QFileInfo(path).size();
         case FolderQuestion::Modified:
             return QFileInfo(path).lastModified().toMSecsSinceEpoch();
         case FolderQuestion::Length:
@@ -77,16 +85,11 @@ private:
     }
 
     // As QFileSystemModel has it: folders come first by name and size only.
-    bool isLess(const SortedEntry &left, const SortedEntry &right) const
+    bool isLater(const FolderEntry &entry) const
     {
         const bool foldersFirst
             = m_question.column == FolderQuestion::Name || m_question.column == FolderQuestion::Size;
-        if (foldersFirst && left.entry.isFolder != right.entry.isFolder)
-            return left.entry.isFolder;
-        if (left.number != right.number && !(foldersFirst && left.entry.isFolder))
-            return left.number < right.number;
-        const int type = left.type.compare(right.type);
-        return type == 0 ? left.name < right.name : type < 0;
+        return foldersFirst && !entry.isFolder;
     }
 
     const FolderQuestion &m_question;

@@ -40,6 +40,7 @@ FolderView::FolderView(QFileDialog *dialog, DataFilesModel *model)
     , m_model(model)
     , m_jobs(this)
 {
+    dialog->setOption(QFileDialog::DontUseNativeDialog); // a native one has no views
     auto *tree = static_cast<QTreeView *>(view("treeView"));
     tree->setUniformRowHeights(true);
     tree->header()->setResizeContentsPrecision(0); // looks at the rows in sight only
@@ -80,6 +81,7 @@ void FolderView::fitColumns() const
             typeText(QStringLiteral("a.acp"), false), QStringLiteral("22 Nov 2026 01:09:12 PM")};
     constexpr int margin = 30; // of a cell, with the icon of the first
     constexpr int places = 160; // what stands beside the columns
+    constexpr int height = 480;
     const auto *tree = static_cast<QTreeView *>(view("treeView"));
     int sum = places;
     for (int column = 0; column < int(std::size(widest)); ++column) {
@@ -89,7 +91,7 @@ void FolderView::fitColumns() const
         sum += tree->header()->sectionSize(column);
     }
     const int screen = m_dialog->screen()->availableSize().width();
-    m_dialog->resize(qMax(m_dialog->width(), qMin(sum, screen)), m_dialog->height());
+    m_dialog->resize(qMax(m_dialog->width(), qMin(sum, screen)), height);
 }
 
 // The dialog asks its list for the selection each time, but hears of changes by the first one only.

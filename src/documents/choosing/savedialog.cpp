@@ -28,7 +28,6 @@ SaveDialog::SaveDialog(QWidget *parent, const QString &title, const QStringList 
     : QFileDialog(parent, title)
     , m_ending(endingOf(filters.first()))
 {
-    setOption(DontUseNativeDialog);
     setAcceptMode(AcceptSave);
     setFileMode(AnyFile);
     setNameFilters(filters);
