@@ -4,12 +4,14 @@
 #include "documents/progressstrip.h"
 #include "files/datafileloader.h"
 #include "series/seriesstore.h"
+#include "settings/messagetime.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QTimer>
 
 #include <new>
+#include <utility>
 
 namespace {
 
@@ -50,7 +52,7 @@ void FileQueue::cancel()
     m_loader.reset();
     m_store.reset();
     m_waiting.clear();
-    emit message(tr("Opening was cancelled."), 5000);
+    emit message(tr("Opening was cancelled."), usualMessageTime);
     finish();
 }
 
@@ -122,9 +124,6 @@ void FileQueue::finish()
 {
     m_slices->stop();
     m_strip->end();
-    const QStringList failures = m_failures;
-    const int total = m_total;
-    m_failures.clear();
-    m_total = 0;
-    emit finished(failures, total);
+    const QStringList failures = std::exchange(m_failures, {});
+    emit finished(failures, std::exchange(m_total, 0));
 }

@@ -77,7 +77,6 @@ void FileWriter::tell(const WriteOutcome &outcome)
     const std::unique_ptr<Job> job = std::move(m_jobs.front());
     m_jobs.pop_front();
     m_good &= outcome.written;
-    m_slices->setInterval(0);
     stopWhenIdle();
     job->told(outcome);
     if (m_jobs.empty())

@@ -35,7 +35,7 @@ bool isSameFile(const QString &one, const QString &other)
 {
     const QFileInfo first(one);
     const QFileInfo second(other);
-    return (first.exists() && second.exists() && first == second)
+    return (first.exists() && first == second)
         || first.absoluteFilePath().compare(second.absoluteFilePath(), Qt::CaseInsensitive) == 0;
 }
 

@@ -5,11 +5,12 @@
 #include <QDebug>
 #include <QStringList>
 
+#include <optional>
+
 namespace {
 
 struct Listing {
-    bool valid = false;
-    QByteArray fingerprint;
+    std::optional<QByteArray> fingerprint; // none: the next who asks gets a fresh one
     QVector<PortInfo> ports;
 };
 
@@ -25,16 +26,16 @@ QVector<PortInfo> listPorts()
 {
     Listing &last = lastListing();
     const QByteArray fingerprint = portFingerprint(); // before the list: what comes between is seen next time
-    if (!last.valid || fingerprint != last.fingerprint) {
+    if (last.fingerprint != fingerprint) {
         qDebug() << "Asking the system for its ports";
-        last = {true, fingerprint, askForPorts()};
+        last = {fingerprint, askForPorts()};
     }
     return last.ports;
 }
 
 void forgetListedPorts()
 {
-    lastListing().valid = false;
+    lastListing().fingerprint.reset();
 }
 
 QStringList listPortNames()

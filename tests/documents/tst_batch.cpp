@@ -2,7 +2,6 @@
 #include "app/batch/commandline.h"
 #include "support/columns.h"
 #include "support/files.h"
-#include "support/literal.h"
 #include "support/pixels.h"
 
 #include <QProcess>
@@ -99,15 +98,18 @@ private slots:
         for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR"})
             environment.remove(name);
         environment.insert("LC_ALL", "C");
-        for (const QString &output : {"-"_s, "/dev/stdout"_s, QString()}) { // a pipe, by two names
-            const bool good = !output.isEmpty();
+        environment.insert("XDG_DATA_HOME", path("nothing"));
+        const std::pair<QString, int> tasks[] // lines written; to a pipe, by two names
+            = {{"--export-csv - " + path("a.acp"), 61}, {"--export-csv /dev/stdout " + path("a.acp"), 61},
+                {"--logbook-csv -", 1}, {"--foo", 0}};
+        for (const auto &[words, lines] : tasks) {
+            const bool good = lines > 0;
             QProcess program;
             program.setProcessEnvironment(environment);
-            program.start(VARNELGRAPH_PROGRAM,
-                good ? QStringList{"--export-csv", output, path("a.acp")} : QStringList{"--foo"});
+            program.start(VARNELGRAPH_PROGRAM, words.split(' '));
             QVERIFY(program.waitForFinished() && program.exitStatus() == QProcess::NormalExit);
             QCOMPARE(program.exitCode(), good ? 0 : 2);
-            QCOMPARE(program.readAllStandardOutput().count('\n'), good ? 61 : 0);
+            QCOMPARE(program.readAllStandardOutput().count('\n'), lines);
             const QByteArray said = program.readAllStandardError();
             QVERIFY(good ? said.isEmpty() : said.contains("Usage: varnelgraph"));
         }

@@ -1,4 +1,5 @@
 #include "app/sessionend.h"
+#include "desk/windowfiles.h"
 #include "displays/datadisplay.h"
 #include "support/columns.h"
 #include "support/documentrig.h"
@@ -121,6 +122,10 @@ private slots:
         VarnelSettings().setValue("journal/enabled", false);
         listen(2);
         send(1, 10);
+        const QString own
+            = QDir::homePath() + '/' + window->filesOfWindows().nameFor(window->activeMdiChild());
+        for (const char *taken : {".acp", "_2.acp"})
+            QVERIFY(writeFile(own + taken, ""));
         auto *end = window->findChild<SessionEnd *>();
         QVERIFY(QMetaObject::invokeMethod(end, "onCommitData"));
         send(11, 2);
@@ -134,8 +139,8 @@ private slots:
         }});
         QCOMPARE(window->isVisible(), atOnce);
         const QStringList files = JournalFolder(blocked ? QDir::homePath() : folder).files();
-        QCOMPARE(files.size(), 2);
-        QCOMPARE(loaded(files.filter("COM1").value(0)).size(), 12);
+        QCOMPARE(files.size(), blocked ? 4 : 2);
+        QCOMPARE(loaded(blocked ? own + "_3.acp" : files.filter("COM1").value(0)).size(), 12);
         QCOMPARE(loaded(files.filter("COM2").value(0)).size(), 5);
     }
 

@@ -13,6 +13,8 @@
 
 namespace {
 
+constexpr int numberWidth = 20; // of the process's number in its lock: none is longer
+
 bool isPrivate(const struct stat &status)
 {
     return S_ISDIR(status.st_mode) && status.st_uid == ::geteuid()
@@ -82,9 +84,9 @@ PlaceLock::Outcome PlaceLock::take()
         return taken ? Outcome::Taken : Outcome::Impossible;
     }
     d->descriptor = descriptor;
-    const QByteArray self = QByteArray::number(qint64(::getpid()));
-    if (::ftruncate(descriptor, 0) != 0 || ::write(descriptor, self.constData(), size_t(self.size())) < 0)
-        return Outcome::Held; // only the number of the process will be missing
+    const QByteArray self = QByteArray::number(qint64(::getpid())).rightJustified(numberWidth);
+    [[maybe_unused]] const ssize_t written // without it only the number is missing
+        = ::write(descriptor, self.constData(), size_t(self.size()));
     return Outcome::Held;
 }
 
@@ -97,7 +99,6 @@ void PlaceLock::giveBack()
 
 qint64 PlaceLock::holder() const
 {
-    constexpr qint64 longestNumber = 20;
     QFile file(QFile::decodeName(d->fileName));
-    return file.open(QIODevice::ReadOnly) ? file.read(longestNumber).toLongLong() : 0;
+    return file.open(QIODevice::ReadOnly) ? file.read(numberWidth).trimmed().toLongLong() : 0;
 }

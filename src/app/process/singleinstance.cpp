@@ -123,7 +123,6 @@ bool SingleInstance::handOver(const QStringList &files) const
         return false;
     letComeForward(holder());
     socket.write(callMessage(files));
-    socket.flush();
     return socket.waitForReadyRead(answerTime) && socket.read(1) == QByteArray(1, received);
 }
 
@@ -134,10 +133,11 @@ void SingleInstance::onConnection()
             socket->deleteLater();
             continue;
         }
-        socket->setReadBufferSize(headLength + longestList);
         connect(socket, SIGNAL(readyRead()), this, SLOT(onReadyRead()));
         connect(socket, SIGNAL(disconnected()), socket, SLOT(deleteLater()));
-        QTimer::singleShot(connectionTime, socket, SLOT(deleteLater()));
+        auto *patience = new QTimer(socket);
+        connect(patience, SIGNAL(timeout()), socket, SLOT(deleteLater()));
+        patience->start(connectionTime);
     }
 }
 
@@ -146,15 +146,13 @@ void SingleInstance::onReadyRead()
 {
     auto *socket = qobject_cast<QLocalSocket *>(sender());
     const QByteArray head = socket->peek(headLength);
-    const bool greets = head.startsWith(greeting.left(head.size()));
-    if (greets && head.size() < headLength)
+    if (!head.startsWith(greeting.left(head.size())))
+        return socket->abort();
+    if (head.size() < headLength)
         return; // the rest is still on its way
-    const quint32 length
-        = greets ? qFromBigEndian<quint32>(head.constData() + greeting.size()) : longestList + 1;
-    if (length > longestList) {
-        socket->abort();
-        return;
-    }
+    const auto length = qFromBigEndian<quint32>(head.constData() + greeting.size());
+    if (length > longestList)
+        return socket->abort();
     if (socket->bytesAvailable() < qint64(headLength) + length)
         return;
     socket->skip(headLength);

@@ -9,13 +9,12 @@
 
 namespace {
 
-int wakePipe[2] = {-1, -1};
+int wakePipe[2];
 
 void wake(int)
 {
     const int before = errno;
-    const char byte = 0;
-    [[maybe_unused]] const ssize_t written = ::write(wakePipe[1], &byte, 1); // a full pipe wakes as well
+    [[maybe_unused]] const ssize_t written = ::write(wakePipe[1], "", 1); // a full pipe wakes as well
     errno = before;
 }
 
@@ -42,7 +41,7 @@ StopSignals::StopSignals(QObject *parent)
 
 void StopSignals::onReadable()
 {
-    char byte = 0;
-    if (::read(wakePipe[0], &byte, 1) == 1)
+    char byte;
+    if (::read(wakePipe[0], &byte, sizeof byte) == 1)
         emit arrived();
 }

@@ -126,8 +126,14 @@ private slots:
                              : listener && listener->bytesAvailable() == said.size();
         };
         QTRY_VERIFY(isHeard());
+        const auto *patience = first->findChild<QTimer *>();
+        QCOMPARE(patience ? patience->interval() : -1, names < 0 ? -1 : 10000);
         QCOMPARE(talker.state() == QLocalSocket::ConnectedState, names >= 0);
         QCOMPARE(heard().size(), qMax(0, names));
+        if (names == 0) { // and nothing comes
+            first->findChild<QTimer *>()->start(0);
+            QTRY_COMPARE(talker.state(), QLocalSocket::UnconnectedState);
+        }
     }
 
     void placeIsTheUsersOwn()
