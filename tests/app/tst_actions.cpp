@@ -237,6 +237,9 @@ private slots:
                      Id::Next, Id::Previous, Id::ExportCsv, Id::SavePicture, Id::Data, Id::Average})
                 QCOMPARE(action(id)->isEnabled(), any);
             QCOMPARE(action(Id::Separator)->isVisible(), any);
+            window->updateWindowMenu();
+            const auto entries = window->menuBar()->actions().at(1)->menu()->actions();
+            QCOMPARE(entries.last()->isEnabled(), any); // what can be done to the frame
             QCOMPARE(action(Id::SavePicture)->toolTip() == "There is no graph window.", !any);
         };
         check(false);
@@ -280,7 +283,11 @@ private slots:
         QCOMPARE(textsOf(window->findChild<QToolBar *>("mainToolBar")),
             QString("Open file,Save as,&Cascade,&Tile,|,Recording,Stop process,|,DATA,Graph,Bar Graph,|,"
                     "T,dV,Rw,|,B,Avg,S,P%,"));
-        QVERIFY(window->findChild<QToolButton *>("energyAction")->defaultAction() == action(Id::Energy));
+        const auto *energy = window->findChild<QToolButton *>("energyAction");
+        QVERIFY(energy->defaultAction() == action(Id::Energy));
+        const QWidget *open = window->findChild<QToolBar *>("mainToolBar")->widgetForAction(action(Id::Open));
+        QCOMPARE(open->accessibleName() + energy->accessibleName(),
+            action(Id::Open)->statusTip() + action(Id::Energy)->statusTip());
     }
 
     /// In the order of how it is installed; what can't be opened is told.

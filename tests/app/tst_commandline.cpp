@@ -13,7 +13,7 @@ private slots:
         row("nothing", "", CommandLine::Run, "", 0);
         row("files", "a.acp b.abp", CommandLine::Run, "", 2);
         row("a file like an option", "-- --render", CommandLine::Run, "", 1);
-        row("toolkit's words", "-platform offscreen --style=fusion a.acp -reverse", CommandLine::Run, "", 1);
+        row("toolkit's words", "-name x --style=fusion a.acp -reverse -icon y b", CommandLine::Run, "", 2);
         row("files like words of the toolkit", "-- -style b", CommandLine::Run, "", 2);
         row("help", "--help", CommandLine::Print, "", 0);
         row("version among files", "a.acp -v", CommandLine::Print, "", 1);

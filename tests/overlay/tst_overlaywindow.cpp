@@ -102,6 +102,7 @@ private slots:
         commands->showFiles(QVector<QString>(25, journal).toList(), {});
         QCOMPARE(entries(), ""); // until they are read
         QTRY_COMPARE(entries().count("COM7"), 20);
+        QCOMPARE(overlay()->statusBar()->currentMessage(), QString("No more than 20 recordings are shown."));
         QVERIFY(!overlay()->findChild<QMessageBox *>("overlayFailures")); // nothing fails any more
     }
 

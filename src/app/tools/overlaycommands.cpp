@@ -27,14 +27,14 @@
 
 namespace {
 
-constexpr int noticeTime = 5000; // ms
 constexpr QSize overlaySize(960, 600);
 constexpr QPoint overlayPlace(160, 90);
 constexpr int bytesOfPoint = 40; // of a course
 
+/// Of one with records.
 double durationOf(const SeriesStore &store)
 {
-    return store.isEmpty() ? 0.0 : double(store.record(store.size() - 1).time);
+    return store.record(store.size() - 1).time;
 }
 
 } // namespace
@@ -100,7 +100,6 @@ void OverlayCommands::showWindows()
 void OverlayCommands::showFiles(const QStringList &files, const QStringList &labels)
 {
     m_entries.clear();
-    m_labels.clear();
     for (int i = 0; i < files.size(); ++i)
         m_labels.insert(files[i], labels.value(i));
     show();
@@ -125,7 +124,8 @@ void OverlayCommands::read(const QStringList &files)
 void OverlayCommands::tellIfTooMany(int count)
 {
     if (count > OverlayRequest::mostEntries)
-        onMessage(tr("No more than %1 recordings are shown.").arg(OverlayRequest::mostEntries), 0);
+        m_window->statusBar()->showMessage(
+            tr("No more than %1 recordings are shown.").arg(OverlayRequest::mostEntries));
 }
 
 void OverlayCommands::add(const SeriesStore &store, const QString &label)
@@ -161,7 +161,7 @@ void OverlayCommands::onFinished(const QStringList &failures)
 void OverlayCommands::onMessage(const QString &text, int timeout)
 {
     if (m_window)
-        m_window->statusBar()->showMessage(text, timeout == 0 ? 2 * noticeTime : timeout);
+        m_window->statusBar()->showMessage(text, timeout);
 }
 
 void OverlayCommands::savePicture()
