@@ -3,6 +3,7 @@
 #include "desk/livewindows.h"
 #include "desk/statusfacts.h"
 #include "link/recordinglog.h"
+#include "widgets/warningbox.h"
 
 #include <QMessageBox>
 
@@ -44,13 +45,8 @@ void DeskReaderHost::portFailed(const QString &portName, const QString &text)
 {
     m_facts->set(StatusFacts::Failing, portName, text);
     QPointer<QMessageBox> &box = m_boxes[portName];
-    if (!box) {
-        box = new QMessageBox(QMessageBox::Warning, tr("Error"), text, QMessageBox::Ok, m_mainWindow);
-        box->setObjectName(QStringLiteral("portFailed"));
-        box->setAttribute(Qt::WA_DeleteOnClose);
-        box->setTextFormat(Qt::PlainText);
-        box->setModal(false);
-    }
+    if (!box)
+        box = createNotice(m_mainWindow, "portFailed", QMessageBox::Warning, tr("Error"), text);
     box->setText(text);
     box->show();
 }

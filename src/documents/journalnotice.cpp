@@ -4,6 +4,7 @@
 #include "journal/journalkeeper.h"
 #include "settings/settingskeys.h"
 #include "settings/varnelsettings.h"
+#include "widgets/warningbox.h"
 
 #include <QDesktopServices>
 #include <QDir>
@@ -38,13 +39,13 @@ void JournalNotice::showReplaced(const QString &fileName, const QString &newName
         + QDir::toNativeSeparators(fileName) + QStringLiteral("\n\n")
         + tr("All that was recorded is written again, and recording goes on, in:") + QLatin1Char('\n')
         + QDir::toNativeSeparators(newName);
-    createBox(QMessageBox::Warning, text, QStringLiteral("journalReplaced"))->show();
+    showWarningBox(m_window, "journalReplaced", tr("Recordings"), text);
 }
 
 void JournalNotice::showLarge(const QString &path, qint64 bytes)
 {
     VarnelSettings settings;
-    const qint64 told = settings.value(SettingsKey::journalToldSize, 0).toLongLong();
+    const qint64 told = settings.value(SettingsKey::journalToldSize).toLongLong();
     if (told <= bytes && bytes - told < JournalKeeper::largeFolder)
         return; // told on another day, and left so
     settings.setValue(SettingsKey::journalToldSize, bytes);
@@ -52,20 +53,11 @@ void JournalNotice::showLarge(const QString &path, qint64 bytes)
     const QString text = tr("Your recordings take %1.").arg(QLocale().formattedDataSize(bytes))
         + QLatin1Char('\n')
         + tr("None of them is deleted unless you do it, in %1.").arg(QDir::toNativeSeparators(path));
-    QMessageBox *box = createBox(QMessageBox::Information, text, QStringLiteral("journalLarge"));
+    QMessageBox *box
+        = createNotice(m_window, "journalLarge", QMessageBox::Information, tr("Recordings"), text);
     QPushButton *open = box->addButton(tr("Open folder"), QMessageBox::ActionRole);
     connect(open, SIGNAL(clicked()), this, SLOT(openFolder()));
     box->show();
-}
-
-QMessageBox *JournalNotice::createBox(QMessageBox::Icon icon, const QString &text, const QString &name) const
-{
-    auto *box = new QMessageBox(icon, tr("Recordings"), text, QMessageBox::Ok, m_window);
-    box->setObjectName(name);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setTextFormat(Qt::PlainText);
-    box->setModal(false);
-    return box;
 }
 
 void JournalNotice::openFolder()

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QMessageBox>
 #include <QObject>
 #include <QString>
 
@@ -28,8 +27,6 @@ private slots:
     void openFolder();
 
 private:
-    QMessageBox *createBox(QMessageBox::Icon icon, const QString &text, const QString &name) const;
-
     StatusFacts *m_facts;
     QWidget *m_window;
     QString m_folder;

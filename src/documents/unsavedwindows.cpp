@@ -8,6 +8,7 @@
 #include "files/wholefile.h"
 #include "journal/journalfolder.h"
 #include "graph/mdigraphchild.h"
+#include "settings/messagetime.h"
 
 #include <QDebug>
 #include <QDir>
@@ -19,7 +20,6 @@
 
 namespace {
 
-constexpr int messageTime = 10000; // ms; a file's name takes longer to read than most
 constexpr int mostTries = 3; // to save all of a recording that goes on
 constexpr int leastRecords = 2; // a file of fewer holds no data; a journal of fewer goes with its recording
 
@@ -69,7 +69,7 @@ bool UnsavedWindows::mayClose(MdiGraphChild *child)
     if (reopenable) {
         const QString name = QFileInfo(m_windowFiles->fileOf(child)).fileName();
         emit message(
-            tr("The recording is kept as %1: Tools > Reopen closed recording.").arg(name), messageTime);
+            tr("The recording is kept as %1: Tools > Reopen closed recording.").arg(name), usualMessageTime);
     }
     m_windowFiles->noteClosed(child, reopenable);
     return true;

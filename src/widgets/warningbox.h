@@ -1,8 +1,10 @@
 #pragma once
 
-#include <QString>
+#include <QMessageBox>
 
-class QWidget;
+/// A box with an OK, to be shown, that waits for no one and goes when it is closed.
+QMessageBox *createNotice(QWidget *parent, const char *objectName, QMessageBox::Icon icon,
+    const QString &title, const QString &text);
 
 /// Shows a box that waits for no one; `details` unfold under `text`. `objectName`
 /// tells boxes of different causes apart.

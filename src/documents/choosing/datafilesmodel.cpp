@@ -398,5 +398,5 @@ void DataFilesModel::renameEntry(const QString &folder, const QString &before, c
     m_listing.rows.insert(now, row);
     m_listing.entries[row].name = now;
     m_visit.known.insert(now, m_visit.known.take(before));
-    emit dataChanged(index(row, 0), index(row, columns - 1));
+    emit dataChanged(index(row, FolderQuestion::Name), index(row, FolderQuestion::Type));
 }

@@ -79,6 +79,7 @@ private slots:
         setUp();
         open({});
         QVERIFY(QDir().mkpath(path("sub")));
+        qputenv("HOME", QFile::encodeName(path("")));
     }
     void cleanup() { tearDown(); }
 
@@ -178,7 +179,6 @@ private slots:
         QVERIFY(writeFile(path("run2.acp"), "#") && writeFile(path("run3.acp"), Lines::charger(0))
             && writeFile(path("a.txt"), "") && writeFile(path(".h.acp"), "")
             && writeFile(path("sub/in.acp"), ""));
-        qputenv("HOME", QFile::encodeName(path("")));
         inDialog(path(""), [&](QFileDialog *dialog) {
             auto *tree = dialog->findChild<QTreeView *>("treeView");
             const auto *list = dialog->findChild<QListView *>("listView");
