@@ -97,7 +97,7 @@ void EndNotice::onClosed()
     m_box->deleteLater();
     m_box.clear();
     acknowledge();
-    emit told(m_shown);
+    emit closed();
 }
 
 // A device that waits for a new process is freed from its end-of-process display.

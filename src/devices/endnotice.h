@@ -49,8 +49,8 @@ public slots:
 signals:
     /// `process` has no box: one was open already, or another device's start has closed its own.
     void untold(const EndedProcess &process);
-    /// The user has closed the box about `process`.
-    void told(const EndedProcess &process);
+    /// The user has closed the box, and sees the current window again.
+    void closed();
 
 private slots:
     void startSound();

@@ -12,11 +12,6 @@ namespace {
 
 constexpr StatusFacts::Kind kinds[] = {StatusFacts::Failed, StatusFacts::Aborted, StatusFacts::Completed};
 
-bool isSame(const EndedProcess &one, const EndedProcess &other)
-{
-    return one.portName == other.portName && one.window == other.window;
-}
-
 template <typename Condition>
 bool removeFrom(QVector<EndedProcess> *ends, Condition condition)
 {
@@ -36,7 +31,7 @@ UnseenEnds::UnseenEnds(
 {
     connect(host, SIGNAL(recordingBegins(QString)), this, SLOT(onRecordingBegins(QString)));
     connect(notice, SIGNAL(untold(EndedProcess)), this, SLOT(add(EndedProcess)));
-    connect(notice, SIGNAL(told(EndedProcess)), this, SLOT(remove(EndedProcess)));
+    connect(notice, SIGNAL(closed()), this, SLOT(look()));
 }
 
 // Its window may be current now, yet nobody has looked at it under a box. A device says several times that
@@ -45,17 +40,13 @@ void UnseenEnds::add(const EndedProcess &process)
 {
     if (process.portName.isEmpty() || process.end < 0 || process.end >= int(std::size(kinds)))
         return;
-    removeFrom(&m_ends, [&process](const EndedProcess &one) { return isSame(one, process); });
+    removeFrom(&m_ends, [&process](const EndedProcess &one) {
+        return one.portName == process.portName && one.window == process.window;
+    });
     m_ends.append(process);
     if (process.window) // queued: a widget says so while pointers to it still hold
         connect(process.window, SIGNAL(destroyed()), this, SLOT(look()), Qt::QueuedConnection);
     tell();
-}
-
-void UnseenEnds::remove(const EndedProcess &process)
-{
-    removeFrom(&m_ends, [&process](const EndedProcess &one) { return isSame(one, process); });
-    look();
 }
 
 void UnseenEnds::onRecordingBegins(const QString &portName)

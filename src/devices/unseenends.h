@@ -22,8 +22,6 @@ public:
 
 public slots:
     void add(const EndedProcess &process);
-    /// The user has closed its box, and sees the current window again.
-    void remove(const EndedProcess &process);
     void onRecordingBegins(const QString &portName);
     /// Takes out those whose window is current or gone, for the user has a look.
     void look();
