@@ -102,13 +102,11 @@ void VoltageComparison::setViewState(ViewState *state)
 {
     m_viewState = state;
     connect(state, SIGNAL(changed()), this, SLOT(updateVoltage()));
-    updateVoltage();
 }
 
 void VoltageComparison::setSource(VoltageSource *source)
 {
     m_source = source;
-    updateVoltage();
 }
 
 void VoltageComparison::showAllCells()

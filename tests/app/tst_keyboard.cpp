@@ -169,6 +169,7 @@ private slots:
             QTest::mouseClick(*name, Qt::LeftButton);
             QCOMPARE(box->isChecked(), ticked);
         }
+        QCOMPARE((*name)->toolTip(), box->toolTip());
     }
 
     /// Each view switch has a key, in the displays too, and Escape closes each of these.

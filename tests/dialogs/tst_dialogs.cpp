@@ -21,11 +21,130 @@ private slots:
     void initTestCase() { initResources(); }
     void init() { setUp(); }
     void cleanup() { tearDown(); }
-    void aboutSaysWhatItIs();
-    void preferencesAreStoredOnOk();
-    void portsWithoutComName();
-    void refreshKeepsTicks();
-    void resetAndCancel();
+    void aboutSaysWhatItIs()
+    {
+        About about;
+        QCOMPARE(about.windowTitle(), "About"_s);
+        QVERIFY(about.minimumSize() == QSize(300, 300) && about.maximumSize() == QSize(300, 300));
+        about.show();
+        QStringList said;
+        const auto labels = about.findChildren<QLabel *>();
+        for (const QLabel *label : labels) {
+            QVERIFY2(label->size().expandedTo(label->minimumSizeHint()) == label->size()
+                    && label->alignment() == Qt::AlignCenter,
+                qPrintable(label->text())); // nothing is cut off
+            said.append(label->pixmap(Qt::ReturnByValue).width() > 150 ? "picture"_s
+                    : label->openExternalLinks()                       ? label->text().section('"', 1, 1)
+                                                                       : label->text());
+        }
+        QCOMPARE(said.join(' '),
+            "picture Version V4.60 https://varnel.example.com/ https://shop.varnel.example.com/"_s);
+        QVERIFY(about.findChild<QPushButton *>()->isDefault());
+        about.findChild<QPushButton *>()->click();
+        QVERIFY(!about.isVisible());
+        QCOMPARE(about.exec(1), int(QDialog::Rejected)); // by itself
+    }
+
+    void preferencesAreStoredOnOk()
+    {
+        plug("COM3"_s);
+        plug("COM10"_s);
+        VarnelSettings().setPorts({"COM3", "COM9"});
+        DialogPreferences dialog(nullptr);
+        QCOMPARE(dialog.windowTitle(), "Varnel - preferences"_s);
+        QVERIFY(dialog.minimumSize() == QSize(425, 345) && dialog.maximumSize() == dialog.minimumSize());
+        QVERIFY(dialog.findChild<QPushButton *>("preferencesButtonOk"_s)->isDefault());
+        QVERIFY(dialog.findChild<QScrollArea *>()->widgetResizable());
+        QCOMPARE(placesIn(dialog),
+            QStringList({" 20,10 381x191", "Set varnel3's time while starting 20,210 355x20",
+                "OK 20,250 120x23", "Cancel 150,250 120x23", "Refresh 280,250 120x23", "Reset 280,280 120x23",
+                "Reset all settings to default: 20,280 251x20 Reset",
+                "Language (from next start): 20,312 251x20 ", " 280,310 120x23"}));
+        QFont large = dialog.font();
+        large.setPointSizeF(large.pointSizeF() * 3);
+        const auto back = qScopeGuard([usual = QApplication::font()] { QApplication::setFont(usual); });
+        QApplication::setFont(large);
+        const DialogPreferences larger(nullptr); // in proportion
+        const double scale = larger.width() / 425.0;
+        const QRect reset = larger.findChild<QPushButton *>("preferencesButtonReset"_s)->geometry();
+        QVERIFY(scale > 2.5 && scale < 4 && qAbs(larger.height() - 345 * scale) < 2);
+        QVERIFY((reset.topLeft() - QPoint(280, 280) * scale).manhattanLength() <= 2);
+        QVERIFY((reset.bottomRight() - QPoint(399, 302) * scale).manhattanLength() <= 10);
+        VarnelSettings().setPorts({"COM3", "COM7", "COM9"}); // by an answer meanwhile
+        QCOMPARE(ticks(dialog), "COM10 COM3*"_s);
+        tickAll(dialog);
+        dialog.findChild<QComboBox *>("language"_s)->setCurrentText("Polski"_s);
+        QVERIFY(!VarnelSettings().ports().contains("COM10"));
+        click(dialog, "Ok");
+        QCOMPARE(dialog.result(), int(QDialog::Accepted));
+        QCOMPARE(VarnelSettings().ports(), QStringList({"COM10", "COM3", "COM7"})); // the absent is forgotten
+        QVERIFY(VarnelSettings().sendTime());
+        QCOMPARE(VarnelSettings().language(), "pl"_s);
+    }
+
+    void portsWithoutComName()
+    {
+        const QString none = "No port is present. Plug a device in and press Refresh."_s;
+        const QString folder = "/run/user/7/varnelgraph"_s;
+        QVector<PortInfo> ports;
+        QCOMPARE(DialogPreferences::noPortText(ports, folder), none);
+        for (const char *name : {"ttyS0", "ttyUSB0", "ttyACM0"})
+            ports.append({QLatin1String(name), QString(), "/dev/"_s + name});
+        QCOMPARE(DialogPreferences::noPortText(ports, QString()), none); // where links give no names
+        const auto text = [&folder](const QVector<PortInfo> &present) {
+            return DialogPreferences::noPortText(present, folder).split('\n');
+        };
+        QCOMPARE(text(ports),
+            QStringList({"Serial ports without a COM name: ttyS0, ttyUSB0, ttyACM0", "",
+                "To be listened on a port needs a COM name. Until you log out it has one by:",
+                "mkdir -p /run/user/7/varnelgraph", "ln -s /dev/ttyUSB0 /run/user/7/varnelgraph/COM1", "",
+                "Then press Refresh. docs/ports.md tells how ports get their names for good."}));
+        const DialogPreferences dialog(nullptr); // without any port
+        const auto *note = dialog.findChild<QScrollArea *>()->findChild<QLabel *>();
+        QVERIFY(note->wordWrap() && note->textFormat() == Qt::PlainText && !note->text().isEmpty());
+        QVERIFY(note->textInteractionFlags() & Qt::TextSelectableByMouse);
+        ports += ports + ports; // six are named at most
+        QVERIFY(text(ports.mid(0, 6)).at(0).endsWith("ttyACM0"_s));
+        QVERIFY(text(ports).at(0).endsWith("ttyACM0, ..."_s));
+        QCOMPARE(text({ports[0], ports[2]}).value(4), "ln -s /dev/ttyACM0 /run/user/7/varnelgraph/COM1"_s);
+    }
+
+    void refreshKeepsTicks()
+    {
+        plug("COM3"_s);
+        plug("COM4"_s);
+        DialogPreferences dialog(nullptr);
+        tickAll(dialog);
+        plug("COM5"_s);
+        plugged.front()->hangUp();
+        click(dialog, "Refresh");
+        QCOMPARE(ticks(dialog), "COM4* COM5"_s);
+        const auto boxes = dialog.findChildren<CheckBoxComPort *>();
+        for (const CheckBoxComPort *box : boxes)
+            QVERIFY(box->toolTip().startsWith("/dev/pts"_s) && box->accessibleDescription() == box->toolTip()
+                && box->accessibleName() == box->portName());
+    }
+
+    void resetAndCancel()
+    {
+        plug("COM3"_s);
+        VarnelSettings().setPorts({"COM3"});
+        VarnelSettings().setSendTime(true);
+        VarnelSettings().setLanguage("de"_s);
+        const auto stored = [] {
+            const VarnelSettings settings;
+            return settings.ports().join(',') + (settings.sendTime() ? " time " : " ") + settings.language();
+        };
+        for (const char *button : {"Cancel", "Ok"}) {
+            DialogPreferences dialog(nullptr);
+            QVERIFY(dialog.findChild<QCheckBox *>("sendTime"_s)->isChecked());
+            click(dialog, "Reset");
+            QCOMPARE(ticks(dialog), "COM3"_s);
+            click(dialog, button);
+            QCOMPARE(stored(), *button == 'C' ? "COM3 time de"_s : " "_s);
+        }
+        QVERIFY(!VarnelSettings().contains("language"_s)); // the system's
+    }
 
 private:
     /// The rows from top to bottom, '*' where ticked.
@@ -38,6 +157,7 @@ private:
         rows.sort();
         return rows.join(' ');
     }
+
     /// Text, place, and what the text is about, of all that lies in the dialog itself.
     static QStringList placesIn(const QDialog &dialog)
     {
@@ -66,130 +186,6 @@ private:
         dialog.findChild<QPushButton *>("preferencesButton"_s + button)->click();
     }
 };
-
-void TestDialogs::aboutSaysWhatItIs()
-{
-    About about;
-    QCOMPARE(about.windowTitle(), "About"_s);
-    QVERIFY(about.minimumSize() == QSize(300, 300) && about.maximumSize() == QSize(300, 300));
-    about.show();
-    QStringList said;
-    const auto labels = about.findChildren<QLabel *>();
-    for (const QLabel *label : labels) {
-        QVERIFY2(label->size().expandedTo(label->minimumSizeHint()) == label->size()
-                && label->alignment() == Qt::AlignCenter,
-            qPrintable(label->text())); // nothing is cut off
-        said.append(label->pixmap(Qt::ReturnByValue).width() > 150 ? "picture"_s
-                : label->openExternalLinks()                       ? label->text().section('"', 1, 1)
-                                                                   : label->text());
-    }
-    QCOMPARE(said.join(' '),
-        "picture Version V4.60 https://varnel.example.com/ https://shop.varnel.example.com/"_s);
-    QVERIFY(about.findChild<QPushButton *>()->isDefault());
-    about.findChild<QPushButton *>()->click();
-    QVERIFY(!about.isVisible());
-    QCOMPARE(about.exec(1), int(QDialog::Rejected)); // by itself
-}
-
-void TestDialogs::preferencesAreStoredOnOk()
-{
-    plug("COM3"_s);
-    plug("COM10"_s);
-    VarnelSettings().setPorts({"COM3", "COM9"});
-    DialogPreferences dialog(nullptr);
-    QCOMPARE(dialog.windowTitle(), "Varnel - preferences"_s);
-    QVERIFY(dialog.minimumSize() == QSize(425, 345) && dialog.maximumSize() == dialog.minimumSize());
-    QVERIFY(dialog.findChild<QPushButton *>("preferencesButtonOk"_s)->isDefault());
-    QVERIFY(dialog.findChild<QScrollArea *>()->widgetResizable());
-    QCOMPARE(placesIn(dialog),
-        QStringList({" 20,10 381x191", "Set varnel3's time while starting 20,210 355x20", "OK 20,250 120x23",
-            "Cancel 150,250 120x23", "Refresh 280,250 120x23", "Reset 280,280 120x23",
-            "Reset all settings to default: 20,280 251x20 Reset",
-            "Language (from next start): 20,312 251x20 ", " 280,310 120x23"}));
-    QFont large = dialog.font();
-    large.setPointSizeF(large.pointSizeF() * 3);
-    const auto back = qScopeGuard([usual = QApplication::font()] { QApplication::setFont(usual); });
-    QApplication::setFont(large);
-    const DialogPreferences larger(nullptr); // in proportion
-    const double scale = larger.width() / 425.0;
-    const QRect reset = larger.findChild<QPushButton *>("preferencesButtonReset"_s)->geometry();
-    QVERIFY(scale > 2.5 && scale < 4 && qAbs(larger.height() - 345 * scale) < 2);
-    QVERIFY((reset.topLeft() - QPoint(280, 280) * scale).manhattanLength() <= 2);
-    QVERIFY((reset.bottomRight() - QPoint(399, 302) * scale).manhattanLength() <= 10);
-    VarnelSettings().setPorts({"COM3", "COM7", "COM9"}); // by an answer meanwhile
-    QCOMPARE(ticks(dialog), "COM10 COM3*"_s);
-    tickAll(dialog);
-    dialog.findChild<QComboBox *>("language"_s)->setCurrentText("Polski"_s);
-    QVERIFY(!VarnelSettings().ports().contains("COM10"));
-    click(dialog, "Ok");
-    QCOMPARE(dialog.result(), int(QDialog::Accepted));
-    QCOMPARE(VarnelSettings().ports(), QStringList({"COM10", "COM3", "COM7"})); // the absent is forgotten
-    QVERIFY(VarnelSettings().sendTime());
-    QCOMPARE(VarnelSettings().language(), "pl"_s);
-}
-
-void TestDialogs::portsWithoutComName()
-{
-    const QString none = "No port is present. Plug a device in and press Refresh."_s;
-    const QString folder = "/run/user/7/varnelgraph"_s;
-    QVector<PortInfo> ports;
-    QCOMPARE(DialogPreferences::noPortText(ports, folder), none);
-    for (const char *name : {"ttyS0", "ttyUSB0", "ttyACM0"})
-        ports.append({QLatin1String(name), QString(), "/dev/"_s + name});
-    QCOMPARE(DialogPreferences::noPortText(ports, QString()), none); // where links give no names
-    const auto text = [&folder](const QVector<PortInfo> &present) {
-        return DialogPreferences::noPortText(present, folder).split('\n');
-    };
-    QCOMPARE(text(ports),
-        QStringList({"Serial ports without a COM name: ttyS0, ttyUSB0, ttyACM0", "",
-            "To be listened on a port needs a COM name. Until you log out it has one by:",
-            "mkdir -p /run/user/7/varnelgraph", "ln -s /dev/ttyUSB0 /run/user/7/varnelgraph/COM1", "",
-            "Then press Refresh. docs/ports.md tells how ports get their names for good."}));
-    const DialogPreferences dialog(nullptr); // without any port
-    const auto *note = dialog.findChild<QScrollArea *>()->findChild<QLabel *>();
-    QVERIFY(note->wordWrap() && note->textFormat() == Qt::PlainText && !note->text().isEmpty());
-    QVERIFY(note->textInteractionFlags() & Qt::TextSelectableByMouse);
-    ports += ports + ports; // six are named at most
-    QVERIFY(text(ports.mid(0, 6)).at(0).endsWith("ttyACM0"_s));
-    QVERIFY(text(ports).at(0).endsWith("ttyACM0, ..."_s));
-    QCOMPARE(text({ports[0], ports[2]}).value(4), "ln -s /dev/ttyACM0 /run/user/7/varnelgraph/COM1"_s);
-}
-
-void TestDialogs::refreshKeepsTicks()
-{
-    plug("COM3"_s);
-    plug("COM4"_s);
-    DialogPreferences dialog(nullptr);
-    tickAll(dialog);
-    plug("COM5"_s);
-    plugged.front()->hangUp();
-    click(dialog, "Refresh");
-    QCOMPARE(ticks(dialog), "COM4* COM5"_s);
-    const auto boxes = dialog.findChildren<CheckBoxComPort *>();
-    for (const CheckBoxComPort *box : boxes)
-        QVERIFY(box->toolTip().startsWith("/dev/pts"_s) && box->accessibleDescription() == box->toolTip());
-}
-
-void TestDialogs::resetAndCancel()
-{
-    plug("COM3"_s);
-    VarnelSettings().setPorts({"COM3"});
-    VarnelSettings().setSendTime(true);
-    VarnelSettings().setLanguage("de"_s);
-    const auto stored = [] {
-        const VarnelSettings settings;
-        return settings.ports().join(',') + (settings.sendTime() ? " time " : " ") + settings.language();
-    };
-    for (const char *button : {"Cancel", "Ok"}) {
-        DialogPreferences dialog(nullptr);
-        QVERIFY(dialog.findChild<QCheckBox *>("sendTime"_s)->isChecked());
-        click(dialog, "Reset");
-        QCOMPARE(ticks(dialog), "COM3"_s);
-        click(dialog, button);
-        QCOMPARE(stored(), *button == 'C' ? "COM3 time de"_s : " "_s);
-    }
-    QVERIFY(!VarnelSettings().contains("language"_s)); // the system's
-}
 
 QTEST_MAIN(TestDialogs)
 #include "tst_dialogs.moc"
