@@ -181,7 +181,7 @@ int Journal::write(const QByteArray &lines)
     if (written < 0)
         m_failure = qt_error_string();
     const int bytes = std::max(0, written);
-    const int whole = bytes > 0 ? lines.lastIndexOf('\n', bytes - 1) + 1 : 0;
+    const int whole = lines.lastIndexOf('\n', bytes - 1) + 1;
     const bool cut = bytes > whole && cutFile(m_descriptor, m_size + whole);
     const int taken = cut ? whole : bytes;
     m_size += taken;

@@ -109,7 +109,10 @@ private slots:
         JournalKeeper keeper(folder.filePath(QStringLiteral("new/recordings")));
         JournalKeeper otherProgram(keeper.folder().path());
         const std::unique_ptr<RecordingLog> other = otherProgram.create(port);
+        QString begun;
+        connect(&keeper, &JournalKeeper::began, this, [&begun](const QString &name) { begun += name; });
         for (int records = 0; records < 3; ++records) {
+            begun.clear();
             std::unique_ptr<RecordingLog> log = keeper.create(port);
             const QString name = keeper.currentFile(port);
             QVERIFY(name != otherProgram.currentFile(port));
@@ -117,6 +120,7 @@ private slots:
             QCOMPARE(keeper.folder().files().size(), 2); // empty, and being written
             send(*log, 0, records);
             QCOMPARE(secondsIn(name), records); // with the system before the next event
+            QCOMPARE(begun, records > 0 ? name : QString());
             log->addResistanceLine(resistances.toLatin1());
             QVERIFY(contents(name).endsWith('\n' + resistances.toLatin1() + '\n') || records == 0);
             QVERIFY(isBeingWritten(name) && keeper.holdsAll(name));
@@ -217,8 +221,9 @@ private slots:
                 log->addResistanceLine('!' + QByteArray(4000, '1'));
             log->addResistanceLine('!' + QByteArray(3 << 20, '1')); // more than is copied at once
             const QByteArray all = contents(name);
+            const QString mine = place.filePath(QStringLiteral("mine.acp"));
             if (*harm == 'm')
-                QVERIFY(QFile::rename(name, place.filePath(QStringLiteral("mine.acp"))));
+                QVERIFY(QFile::rename(name, mine));
             else if (*harm == 'f')
                 QVERIFY(QDir().rename(QFileInfo(name).path(), place.filePath(QStringLiteral("old"))));
             else
@@ -230,6 +235,7 @@ private slots:
             QVERIFY2(newName == name || contents(name) == "precious\n", harm);
             QTRY_VERIFY_WITH_TIMEOUT(keeper.holdsAll(newName), longTime);
             QVERIFY(contents(newName) == all);
+            QTRY_VERIFY_WITH_TIMEOUT(!isBeingWritten(mine), longTime); // and is let go
             send(*log, 20, 1);
             log.reset();
             QCOMPARE(secondsIn(newName), 21);
