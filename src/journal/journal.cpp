@@ -2,7 +2,6 @@
 
 #include "files/disk/disksyncer.h"
 #include "files/disk/filesync.h"
-#include "files/disk/lockedfile.h"
 #include "journal/journalfolder.h"
 
 #include <QCoreApplication>
@@ -43,11 +42,11 @@ Journal::~Journal()
 {
     if (isClosed())
         return;
-    qint64 before = 0;
+    qint64 before;
     do {
         before = m_size;
         drain();
-    } while (m_lost != -1 && m_size != before);
+    } while (m_lost != noDescriptor && m_size != before);
     close();
 }
 
@@ -81,7 +80,7 @@ void Journal::finish()
 void Journal::discard()
 {
     m_waiting.clear();
-    const bool created = m_descriptor != -1 && isStillNamed(m_descriptor, m_fileName);
+    const bool created = m_descriptor != noDescriptor && isStillNamed(m_descriptor, m_fileName);
     close();
     if (created)
         QFile::remove(m_fileName);
@@ -98,13 +97,13 @@ bool Journal::create()
             break;
     }
     m_descriptor = created.descriptor;
-    if (m_descriptor == -1) {
+    if (m_descriptor == noDescriptor) {
         stall(created.reason);
         return false;
     }
     m_syncer.watch(m_descriptor, m_fileName);
     const int folder = openFolder(m_folder.path());
-    if (folder != -1)
+    if (folder != noDescriptor)
         m_syncer.finish(folder); // the new name, too, without waiting for the disk here
     return true;
 }
@@ -113,10 +112,10 @@ void Journal::drain()
 {
     if (isGone())
         abandonFile();
-    if (m_descriptor == -1 && !create())
+    if (m_descriptor == noDescriptor && !create())
         return;
     m_failure.clear();
-    if (m_lost != -1 && !restore())
+    if (m_lost != noDescriptor && !restore())
         return;
     if (!m_waiting.isEmpty())
         m_waiting.remove(0, write(m_waiting));
@@ -125,19 +124,19 @@ void Journal::drain()
 
 bool Journal::isGone() const
 {
-    return m_descriptor != -1 && m_syncer.isGone(m_descriptor);
+    return m_descriptor != noDescriptor && m_syncer.isGone(m_descriptor);
 }
 
 // The first file holds everything; one that was lost before it was complete has nothing that is needed.
 void Journal::abandonFile()
 {
-    if (m_lost == -1) {
+    if (m_lost == noDescriptor) {
         m_lost = m_descriptor;
         m_lostSize = m_size;
     } else {
         m_syncer.finish(m_descriptor);
     }
-    m_descriptor = -1;
+    m_descriptor = noDescriptor;
     m_size = 0;
     m_attempt = 1;
     const QString name = m_fileName;
@@ -169,7 +168,7 @@ bool Journal::restore()
     }
     if (m_size < m_lostSize)
         return false;
-    m_syncer.finish(std::exchange(m_lost, -1));
+    m_syncer.finish(std::exchange(m_lost, noDescriptor));
     return true;
 }
 
@@ -178,12 +177,13 @@ bool Journal::restore()
 int Journal::write(const QByteArray &lines)
 {
     const int written = appendBytes(m_descriptor, lines.constData(), lines.size());
-    if (written < 0)
+    if (written < 0) {
         m_failure = qt_error_string();
-    const int bytes = std::max(0, written);
-    const int whole = lines.lastIndexOf('\n', bytes - 1) + 1;
-    const bool cut = bytes > whole && cutFile(m_descriptor, m_size + whole);
-    const int taken = cut ? whole : bytes;
+        return 0;
+    }
+    const int whole = lines.lastIndexOf('\n', written - 1) + 1;
+    const bool cut = written > whole && cutFile(m_descriptor, m_size + whole);
+    const int taken = cut ? whole : written;
     m_size += taken;
     m_syncer.mark(m_descriptor);
     return taken;
@@ -222,8 +222,8 @@ void Journal::close()
     m_state = State::Closed;
     m_complete &= isAllWritten();
     for (int *descriptor : {&m_descriptor, &m_lost}) {
-        if (*descriptor != -1)
-            m_syncer.finish(std::exchange(*descriptor, -1));
+        if (*descriptor != noDescriptor)
+            m_syncer.finish(std::exchange(*descriptor, noDescriptor));
     }
     if (wasStalled)
         m_listener.stalled(*this, QString());

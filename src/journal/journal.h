@@ -1,5 +1,7 @@
 #pragma once
 
+#include "files/disk/lockedfile.h"
+
 #include <QByteArray>
 #include <QDateTime>
 #include <QString>
@@ -64,7 +66,7 @@ private:
     void abandonFile();
     bool restore();
     int write(const QByteArray &lines);
-    bool isAllWritten() const { return m_lost == -1 && m_waiting.isEmpty(); }
+    bool isAllWritten() const { return m_lost == noDescriptor && m_waiting.isEmpty(); }
     void takeOutcome();
     void stall(const QString &reason);
     void close();
@@ -77,9 +79,9 @@ private:
     QString m_fileName;
     State m_state = State::Writing;
     int m_attempt = 1; // at a free name
-    int m_descriptor = -1;
+    int m_descriptor = noDescriptor;
     qint64 m_size = 0; // of the file, whole lines only
-    int m_lost = -1; // the file that has lost its name, until all of it is in the new one
+    int m_lost = noDescriptor; // the file that has lost its name, until all of it is in the new one
     qint64 m_lostSize = 0;
     QString m_failure; // of the last write
     QByteArray m_waiting; // whole lines that the disk has not taken

@@ -5,8 +5,10 @@
 // A file that is locked against removal while a program writes it, as a journal's is. The lock
 // goes with the program, however it ends.
 
+constexpr int noDescriptor = -1; ///< the descriptor of none
+
 struct CreatedFile {
-    int descriptor = -1; ///< for appending; -1 when it could not be created
+    int descriptor = noDescriptor; ///< for appending
     bool exists = false; ///< the name is taken
     QString reason; ///< the system's words when it could not
 };
