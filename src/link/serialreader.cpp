@@ -134,10 +134,7 @@ void SerialReader::sendCommand(const QString &text)
     m_port.write(text.toLatin1());
     m_port.flush();
     const QDeadlineTimer deadline(longestWrite);
-    while (m_port.bytesToWrite() > 0 && !deadline.hasExpired()) {
-        if (!m_port.waitForBytesWritten(int(deadline.remainingTime())))
-            break;
-    }
+    while (m_port.bytesToWrite() > 0 && m_port.waitForBytesWritten(int(deadline.remainingTime()))) { }
     m_port.setReadBufferSize(readAtOnce);
     m_writing = false;
     if (m_port.bytesAvailable() > 0)

@@ -6,6 +6,7 @@
 #include <QSocketNotifier>
 #include <QVector>
 
+#include <algorithm>
 #include <cstring>
 #include <fcntl.h>
 #include <spawn.h>
@@ -52,11 +53,9 @@ QVector<pid_t> &helpers()
 
 void forgetEnded()
 {
+    const auto hasEnded = [](pid_t pid) { return ::waitpid(pid, nullptr, WNOHANG) != 0; };
     QVector<pid_t> &pids = helpers();
-    for (int i = pids.size() - 1; i >= 0; --i) {
-        if (::waitpid(pids[i], nullptr, WNOHANG) != 0)
-            pids.removeAt(i);
-    }
+    pids.erase(std::remove_if(pids.begin(), pids.end(), hasEnded), pids.end());
 }
 
 // The file of the program may have been replaced since it was started; what runs is still to be had there.
@@ -123,7 +122,7 @@ void SleepBlock::Private::onOutput()
 {
     char byte = 0;
     const bool had = granted;
-    granted = ::read(m_output, &byte, 1) == 1;
+    granted = ::read(m_output, &byte, sizeof byte) == 1;
     if (granted)
         return;
     if (had)
