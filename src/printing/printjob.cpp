@@ -23,7 +23,9 @@ QRectF drawCaption(QPainter &painter, const PrintJob &job, const QRectF &page, c
     painter.setFont(font);
     QRectF used;
     painter.drawText(page, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, text, &used);
-    return page.adjusted(0, used.height() + font.pixelSize(), 0, 0);
+    QRectF rest(page);
+    rest.setTop(used.bottom() + font.pixelSize());
+    return rest;
 }
 
 void drawPicture(QPainter &painter, const PrintJob &job, int page, const QRectF &area)
@@ -38,14 +40,10 @@ void drawPicture(QPainter &painter, const PrintJob &job, int page, const QRectF 
 /// A full disk tells nobody: only the end of the file shows that all of it was written.
 bool isCompletePdf(const QString &fileName)
 {
-    constexpr int tail = 64; // bytes
     QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
-    if (file.isSequential()) // a pipe or a device has swallowed it
-        return true;
-    file.seek(qMax(qint64(0), file.size() - tail));
-    return file.read(tail).contains("%%EOF");
+    file.open(QIODevice::ReadOnly);
+    // A pipe or a device has swallowed it.
+    return file.isSequential() || file.readAll().trimmed().endsWith("%%EOF");
 }
 
 } // namespace

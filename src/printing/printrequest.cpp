@@ -1,10 +1,8 @@
 #include "printing/printrequest.h"
 
 #include <QDir>
-#include <QFileDialog>
 #include <QMainWindow>
 #include <QMessageBox>
-#include <QOperatingSystemVersion>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
@@ -40,12 +38,6 @@ void tell(QWidget *widget, const QString &text)
         shell->statusBar()->showMessage(text, time);
 }
 
-/// Windows' own dialog refuses to open where no printer is; the others offer a file themselves.
-bool dialogNeedsPrinter()
-{
-    return QOperatingSystemVersion::currentType() == QOperatingSystemVersion::Windows;
-}
-
 } // namespace
 
 PrintRequest::PrintRequest(const PrintJob &job, QWidget *window)
@@ -62,12 +54,14 @@ PrintRequest::~PrintRequest() = default;
 
 void PrintRequest::open()
 {
-    const bool anyPrinter = !QPrinterInfo::availablePrinterNames().isEmpty();
-    if (!anyPrinter) {
+    QDialog *dialog = nullptr;
+    if (QPrinterInfo::availablePrinterNames().isEmpty()) {
         m_printer->setOutputFormat(QPrinter::PdfFormat);
         m_printer->setOutputFileName(suggestedFile(m_job));
+        dialog = createFileDialog();
+    } else {
+        dialog = createPrintDialog();
     }
-    QDialog *dialog = !anyPrinter && dialogNeedsPrinter() ? createFileDialog() : createPrintDialog();
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setWindowTitle(m_job.title);
     setParent(dialog); // which uses the printer to its end
@@ -81,21 +75,6 @@ QDialog *PrintRequest::createPrintDialog()
     dialog->setOption(QAbstractPrintDialog::PrintCollateCopies, false);
     connect(dialog, SIGNAL(accepted()), this, SLOT(print()));
     return dialog;
-}
-
-QDialog *PrintRequest::createFileDialog()
-{
-    auto *dialog = new QFileDialog(m_window, QString(), m_printer->outputFileName(), QStringLiteral("*.pdf"));
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setDefaultSuffix(QStringLiteral("pdf"));
-    connect(dialog, SIGNAL(fileSelected(QString)), this, SLOT(printToFile(QString)));
-    return dialog;
-}
-
-void PrintRequest::printToFile(const QString &fileName)
-{
-    m_printer->setOutputFileName(fileName);
-    print();
 }
 
 void PrintRequest::print()

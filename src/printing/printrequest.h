@@ -29,10 +29,10 @@ public:
 
 private slots:
     void print();
-    void printToFile(const QString &fileName);
 
 private:
     QDialog *createPrintDialog();
+    /// Where no printer is.
     QDialog *createFileDialog();
 
     PrintJob m_job;

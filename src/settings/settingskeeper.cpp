@@ -27,15 +27,14 @@ using Values = QMap<QString, QVariant>;
 
 /// A file as it was left: what differs from that was changed by somebody else.
 struct Stamp {
-    explicit Stamp(const QString &fileName = QString())
+    explicit Stamp(const QFileInfo &info = QFileInfo())
+        : size(info.size())
+        , changed(info.lastModified())
     {
-        const QFileInfo info(fileName);
-        size = info.size();
-        changed = info.lastModified();
     }
     bool operator==(const Stamp &other) const { return size == other.size && changed == other.changed; }
 
-    qint64 size = 0;
+    qint64 size;
     QDateTime changed;
 };
 
