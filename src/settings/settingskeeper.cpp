@@ -1,5 +1,7 @@
 #include "settings/settingskeeper.h"
 
+#include "settings/replacefile.h"
+
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
@@ -12,16 +14,12 @@
 
 #include <chrono>
 #include <condition_variable>
-#include <filesystem>
 #include <mutex>
-#include <system_error>
 #include <thread>
 
 namespace {
 
 constexpr int lockTime = 5000; // ms, for another program that writes the same file
-constexpr int mostRenames = 20;
-constexpr std::chrono::milliseconds renamePause(25);
 
 using Values = QMap<QString, QVariant>;
 
@@ -74,20 +72,6 @@ bool apply(const Values &values, QSettings *settings)
     }
     settings->sync();
     return settings->status() != QSettings::AccessError;
-}
-
-// Windows replaces no file that somebody has open, be it the window's thread that reads it or a virus
-// scanner.
-QString replaceFile(const QString &fresh, const QString &target)
-{
-    std::error_code error;
-    for (int attempt = 0; attempt < mostRenames; ++attempt) {
-        std::filesystem::rename(fresh.toStdU16String(), target.toStdU16String(), error);
-        if (!error)
-            return QString();
-        std::this_thread::sleep_for(renamePause);
-    }
-    return QString::fromLocal8Bit(error.message().c_str());
 }
 
 QString reasonOf(QLockFile::LockError error)
