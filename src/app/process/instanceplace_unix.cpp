@@ -10,9 +10,11 @@
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
+constexpr int noDescriptor = -1; // closing it does nothing
 constexpr int numberWidth = 20; // of the process's number in its lock: none is longer
 
 bool isPrivate(const struct stat &status)
@@ -57,7 +59,7 @@ bool isOwnPeer(qintptr socketDescriptor)
 class PlaceLock::Private {
 public:
     QByteArray fileName;
-    int descriptor = -1;
+    int descriptor = noDescriptor;
 };
 
 PlaceLock::PlaceLock(const QString &fileName)
@@ -92,9 +94,7 @@ PlaceLock::Outcome PlaceLock::take()
 
 void PlaceLock::giveBack()
 {
-    if (d->descriptor >= 0)
-        ::close(d->descriptor);
-    d->descriptor = -1;
+    ::close(std::exchange(d->descriptor, noDescriptor));
 }
 
 qint64 PlaceLock::holder() const
