@@ -53,6 +53,13 @@ private slots:
                 QVERIFY(line > 18 && line < 21);
                 QVERIFY(drawn.width() > 0.98 * page.width() || drawn.bottom() > 0.98 * page.height());
                 QVERIFY(qAbs(drawn.center().x() - page.width() / 2) < 2);
+                QVector<int> pages;
+                const auto paintPage = [&](QPainter &painter, int number) {
+                    pages << number;
+                    QCOMPARE(painter.combinedTransform(), transform);
+                };
+                QVERIFY(printPage({"Title", "1 Varnel 3", picture, {}, {}, 2, paintPage}, printer.get()));
+                QVERIFY(pages == QVector<int>({0, 1}) && contents(file()).contains("/Count 2"));
             }
         }
     }

@@ -274,7 +274,6 @@ private slots:
     {
         const auto row
             = columns<bool, QString, QString, QByteArray>({"table", "name", "written", "beginning"});
-        row("table", true, "run.csv", "run.csv", "record,");
         row("table, no ending", true, "run", "run.csv", "record,");
         row("table, dot in the name", true, "Pack 1.5Ah", "Pack 1.5Ah.csv", "record,");
         row("png, no ending", false, "run", "run.png", "\x89PNG");

@@ -42,6 +42,7 @@ public:
         end();
         QDBusConnection::disconnectFromBus(connection.name());
     }
+
     void end()
     {
         m_daemon.kill();
@@ -68,6 +69,7 @@ public:
         file.giveFileDescriptor(ends[1]);
         return bus.send(message.createReply(QVariant::fromValue(file)));
     }
+
     /// Nobody has the file that was given any more.
     bool isFileClosed() const
     {
@@ -100,154 +102,149 @@ private slots:
         if (QStandardPaths::findExecutable("dbus-daemon"_s).isEmpty())
             QSKIP("no message bus to be had");
     }
-    void keepersAreAskedInTurn();
-    void blockLastsWhileAProcessIsRecorded();
-    void busThatNeverAnswers();
-    void busThatDies();
-    void noFileIsLeft();
+
+    // Each as long as none of those before it is there or willing. A file is given back by closing it.
+    void keepersAreAskedInTurn()
+    {
+        const struct {
+            QString service, object, arguments, release;
+        } keepers[] = {
+            {sessionManager, "/org/gnome/SessionManager org.gnome.SessionManager",
+                "VarnelGraph, 0, charging, 4", "Uninhibit"},
+            {"org.freedesktop.PowerManagement",
+                "/org/freedesktop/PowerManagement/Inhibit org.freedesktop.PowerManagement.Inhibit",
+                "VarnelGraph, charging", "UnInhibit"},
+            {loginManager, "/org/freedesktop/login1 org.freedesktop.login1.Manager",
+                "sleep:idle, VarnelGraph, charging, block", QString()},
+            {"org.freedesktop.ScreenSaver", "/org/freedesktop/ScreenSaver org.freedesktop.ScreenSaver",
+                "VarnelGraph, charging", "UnInhibit"},
+        };
+        QStringList there;
+        for (const auto &keeper : keepers)
+            there.append(keeper.service);
+        for (const auto &keeper : keepers) {
+            Bus session(sessionBus, there), system(systemBus, there);
+            Bus &asked = keeper.service == loginManager ? system : session;
+            const QString call = "%1 Inhibit(%2)"_s.arg(keeper.object, keeper.arguments);
+            QStringList calls(call);
+            const uint filesBefore = openFiles();
+            {
+                SleepBlock block;
+                block.acquire("charging"_s);
+                block.acquire("charging"_s);
+                QTRY_VERIFY(block.isHeld());
+                QVERIFY(asked.calls == calls && !asked.isFileClosed());
+            }
+            if (!keeper.release.isEmpty()) {
+                calls.append("%1 %2(101)"_s.arg(keeper.object, keeper.release));
+                QCOMPARE(openFiles(), filesBefore);
+            }
+            QTRY_COMPARE(asked.calls, calls);
+            QTRY_COMPARE(asked.isFileClosed(), keeper.release.isEmpty());
+            QCOMPARE(session.calls + system.calls, calls);
+            asked.refuses = true; // the next one is asked
+            SleepBlock next;
+            next.acquire("charging"_s);
+            QTRY_VERIFY(asked.calls.count(call) == 2);
+            QTRY_COMPARE(next.isHeld(), there.size() > 1);
+            there.removeFirst();
+        }
+        const auto everyHelperIsBuried = [] {
+            SleepBlock().release();
+            siginfo_t ended;
+            return ::waitid(P_ALL, 0, &ended, WEXITED | WNOHANG | WNOWAIT) != 0 && errno == ECHILD;
+        };
+        QTRY_VERIFY(everyHelperIsBuried());
+    }
+
+    void blockLastsWhileAProcessIsRecorded()
+    {
+        const Bus bus(sessionBus, {sessionManager});
+        bool recording = true;
+        SleepInhibitor inhibitor([&recording] { return recording; });
+        auto *look = inhibitor.findChild<QTimer *>();
+        QVERIFY(look->isActive() && look->interval() == 5000);
+        look->start(1);
+        QTRY_VERIFY(inhibitor.isHeld());
+        QVERIFY(bus.calls.value(0).contains("A process is being recorded"_s));
+        for (const bool wanted : {false, true}) {
+            VarnelSettings().setValue(SettingsKey::keepAwake, wanted);
+            QTRY_COMPARE(inhibitor.isHeld(), wanted);
+        }
+        recording = false;
+        QTRY_VERIFY(!inhibitor.isHeld());
+    }
+
+    // It takes the connection and says nothing. Who asks it waits, but neither this process nor, for long, the
+    // one that was started to ask.
+    void busThatNeverAnswers()
+    {
+        const Bus nobodyThere(sessionBus, {});
+        QLocalServer silent;
+        QVERIFY(silent.listen(fixture.path("bus"_s)));
+        qputenv(systemBus, "unix:path=" + silent.fullServerName().toLocal8Bit());
+        for (const bool killed : {false, true}) {
+            QLocalSocket *asker = nullptr;
+            {
+                SleepBlock block;
+                block.acquire("charging"_s);
+                QTRY_VERIFY(silent.hasPendingConnections());
+                asker = silent.nextPendingConnection();
+                QTRY_VERIFY(asker->bytesAvailable() > 0);
+                QVERIFY(!block.isHeld());
+                const uint filesBefore = openFiles();
+                if (killed) { // another one would fare no better
+                    const QByteArray helper = contents("/proc/thread-self/children"_s).simplified();
+                    QCOMPARE(::kill(helper.split(' ').constLast().toInt(), SIGKILL), 0);
+                    QTRY_COMPARE(openFiles(), filesBefore - 2); // what it said, and the asker
+                    block.acquire("charging"_s);
+                    QCOMPARE(openFiles(), filesBefore - 2);
+                }
+            }
+            QTRY_COMPARE_WITH_TIMEOUT(asker->state(), QLocalSocket::UnconnectedState, 30000);
+        }
+    }
+
+    // The block has gone with it; the login manager on the other bus grants one.
+    void busThatDies()
+    {
+        Bus desktop(sessionBus, {sessionManager});
+        const Bus system(systemBus, {loginManager});
+        SleepBlock block;
+        block.acquire("charging"_s);
+        QTRY_VERIFY(block.isHeld());
+        QVERIFY(system.calls.isEmpty());
+        desktop.end();
+        QTRY_VERIFY(!block.isHeld());
+        block.acquire("charging"_s);
+        QTRY_VERIFY(block.isHeld() && !system.isFileClosed());
+        QCOMPARE(system.calls.size(), 1);
+    }
+
+    // For one pipe to the helper, or for the other.
+    void noFileIsLeft()
+    {
+        const Bus bus(sessionBus, {sessionManager});
+        for (const rlim_t room : {0, 2}) {
+            SleepBlock block;
+            const uint filesBefore = openFiles();
+            const int next = ::dup(STDIN_FILENO);
+            ::close(next);
+            {
+                const ProcessLimit<RLIMIT_NOFILE> limit(rlim_t(next) + room);
+                block.acquire("charging"_s);
+            }
+            QCOMPARE(openFiles(), filesBefore);
+            block.acquire("charging"_s);
+            QTRY_VERIFY(block.isHeld());
+        }
+    }
 
 private:
     static uint openFiles() { return QDir("/proc/self/fd"_s).count(); }
 
     ShellFixture fixture;
 };
-
-// Each as long as none of those before it is there or willing. A file is given back by closing it.
-void TestSleepInhibitor::keepersAreAskedInTurn()
-{
-    const struct {
-        QString service, object, arguments, release;
-    } keepers[] = {
-        {sessionManager, "/org/gnome/SessionManager org.gnome.SessionManager", "VarnelGraph, 0, charging, 4",
-            "Uninhibit"},
-        {"org.freedesktop.PowerManagement",
-            "/org/freedesktop/PowerManagement/Inhibit org.freedesktop.PowerManagement.Inhibit",
-            "VarnelGraph, charging", "UnInhibit"},
-        {loginManager, "/org/freedesktop/login1 org.freedesktop.login1.Manager",
-            "sleep:idle, VarnelGraph, charging, block", QString()},
-        {"org.freedesktop.ScreenSaver", "/org/freedesktop/ScreenSaver org.freedesktop.ScreenSaver",
-            "VarnelGraph, charging", "UnInhibit"},
-    };
-    QStringList there;
-    for (const auto &keeper : keepers)
-        there.append(keeper.service);
-    for (const auto &keeper : keepers) {
-        Bus session(sessionBus, there), system(systemBus, there);
-        Bus &asked = keeper.service == loginManager ? system : session;
-        const QString call = "%1 Inhibit(%2)"_s.arg(keeper.object, keeper.arguments);
-        QStringList calls(call);
-        const uint filesBefore = openFiles();
-        {
-            SleepBlock block;
-            block.acquire("charging"_s);
-            block.acquire("charging"_s);
-            QTRY_VERIFY(block.isHeld());
-            QVERIFY(asked.calls == calls && !asked.isFileClosed());
-        }
-        if (!keeper.release.isEmpty()) {
-            calls.append("%1 %2(101)"_s.arg(keeper.object, keeper.release));
-            QCOMPARE(openFiles(), filesBefore);
-        }
-        QTRY_COMPARE(asked.calls, calls);
-        QTRY_COMPARE(asked.isFileClosed(), keeper.release.isEmpty());
-        QCOMPARE(session.calls + system.calls, calls);
-        asked.refuses = true; // the next one is asked
-        SleepBlock next;
-        next.acquire("charging"_s);
-        QTRY_VERIFY(asked.calls.count(call) == 2);
-        QTRY_COMPARE(next.isHeld(), there.size() > 1);
-        there.removeFirst();
-    }
-    const auto everyHelperIsBuried = [] {
-        SleepBlock().release();
-        siginfo_t ended;
-        return ::waitid(P_ALL, 0, &ended, WEXITED | WNOHANG | WNOWAIT) != 0 && errno == ECHILD;
-    };
-    QTRY_VERIFY(everyHelperIsBuried());
-}
-
-void TestSleepInhibitor::blockLastsWhileAProcessIsRecorded()
-{
-    const Bus bus(sessionBus, {sessionManager});
-    bool recording = true;
-    SleepInhibitor inhibitor([&recording] { return recording; });
-    auto *look = inhibitor.findChild<QTimer *>();
-    QVERIFY(look->isActive() && look->interval() == 5000);
-    look->start(1);
-    QTRY_VERIFY(inhibitor.isHeld());
-    QVERIFY(bus.calls.value(0).contains("A process is being recorded"_s));
-    for (const bool wanted : {false, true}) {
-        VarnelSettings().setValue(SettingsKey::keepAwake, wanted);
-        QTRY_COMPARE(inhibitor.isHeld(), wanted);
-    }
-    recording = false;
-    QTRY_VERIFY(!inhibitor.isHeld());
-}
-
-// It takes the connection and says nothing. Who asks it waits, but neither this process nor, for long, the
-// one that was started to ask.
-void TestSleepInhibitor::busThatNeverAnswers()
-{
-    const Bus nobodyThere(sessionBus, {});
-    QLocalServer silent;
-    QVERIFY(silent.listen(fixture.path("bus"_s)));
-    qputenv(systemBus, "unix:path=" + silent.fullServerName().toLocal8Bit());
-    for (const bool killed : {false, true}) {
-        QLocalSocket *asker = nullptr;
-        {
-            SleepBlock block;
-            block.acquire("charging"_s);
-            QTRY_VERIFY(silent.hasPendingConnections());
-            asker = silent.nextPendingConnection();
-            QTRY_VERIFY(asker->bytesAvailable() > 0);
-            QVERIFY(!block.isHeld());
-            const uint filesBefore = openFiles();
-            if (killed) { // another one would fare no better
-                const QByteArray helper = contents("/proc/thread-self/children"_s).simplified();
-                QCOMPARE(::kill(helper.split(' ').constLast().toInt(), SIGKILL), 0);
-                QTRY_COMPARE(openFiles(), filesBefore - 2); // what it said, and the asker
-                block.acquire("charging"_s);
-                QCOMPARE(openFiles(), filesBefore - 2);
-            }
-        }
-        QTRY_COMPARE_WITH_TIMEOUT(asker->state(), QLocalSocket::UnconnectedState, 30000);
-    }
-}
-
-// The block has gone with it; the login manager on the other bus grants one.
-void TestSleepInhibitor::busThatDies()
-{
-    Bus desktop(sessionBus, {sessionManager});
-    const Bus system(systemBus, {loginManager});
-    SleepBlock block;
-    block.acquire("charging"_s);
-    QTRY_VERIFY(block.isHeld());
-    QVERIFY(system.calls.isEmpty());
-    desktop.end();
-    QTRY_VERIFY(!block.isHeld());
-    block.acquire("charging"_s);
-    QTRY_VERIFY(block.isHeld() && !system.isFileClosed());
-    QCOMPARE(system.calls.size(), 1);
-}
-
-// For one pipe to the helper, or for the other.
-void TestSleepInhibitor::noFileIsLeft()
-{
-    const Bus bus(sessionBus, {sessionManager});
-    for (const rlim_t room : {0, 2}) {
-        SleepBlock block;
-        const uint filesBefore = openFiles();
-        const int next = ::dup(STDIN_FILENO);
-        ::close(next);
-        {
-            const ProcessLimit<RLIMIT_NOFILE> limit(rlim_t(next) + room);
-            block.acquire("charging"_s);
-        }
-        QCOMPARE(openFiles(), filesBefore);
-        block.acquire("charging"_s);
-        QTRY_VERIFY(block.isHeld());
-    }
-}
 
 int main(int argc, char **argv)
 {

@@ -191,12 +191,6 @@ private slots:
         overlay()->findChild<QPushButton *>("overlayPicture")->click();
         QTRY_VERIFY(QFile::exists(name));
         QTRY_COMPARE(QImage(name).size(), overlay()->plot()->size());
-        const QString endless = dataFile("endless.acp", 100);
-        QVERIFY(QFile::resize(endless, 1LL << 36)); // longer to read than anyone waits
-        commands->showFiles({endless}, {});
-        overlay()->close();
-        QCOMPARE(overlay()->statusBar()->currentMessage(), QString("Opening was cancelled."));
-        trigger(ActionId::Overlay);
         overlay()->resize(overlay()->width(), 444);
         window->close();
         open({});
