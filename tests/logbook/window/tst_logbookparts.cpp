@@ -15,6 +15,7 @@
 #include "support/columns.h"
 #include "support/layoutfault.h"
 #include "support/paintlog.h"
+#include "widgets/displayscale.h"
 
 #include <QBitmap>
 #include <QCheckBox>
@@ -97,7 +98,7 @@ private slots:
         QVERIFY2(tip.contains("12:00<br>Pack: A<br>Device: Varnel 3<br>Port: COM3<br>Process: Discharge<br>"
                               "Chemistry: LiPo<br>Cells: 6<br>Duration: 01:00:00<br>Charge [mAh]: 4800<br>"),
             qPrintable(tip));
-        QVERIFY(curveToolTip("x", "<a>").startsWith("<p style='white-space:pre'>&lt;a&gt;</p>"));
+        QVERIFY(curveToolTip({}, "<a>").startsWith("<p style='white-space:pre'>&lt;a&gt;</p>"));
         QVERIFY(!table.data({}).isValid() && !table.index(0, 0).data(Qt::CheckStateRole).isValid());
         QCOMPARE(table.headerData(Columns::Spread, Qt::Horizontal).toString(), QString("Spread [mV]"));
         QCOMPARE(table.headerData(Columns::Spread, Qt::Horizontal, Qt::ToolTipRole).toString(),
@@ -112,6 +113,13 @@ private slots:
         table.sort(99, Qt::AscendingOrder);
         QCOMPARE(table.sortColumn(), int(Columns::File));
         QCOMPARE(reset.size(), 1);
+        QCOMPARE(table.rowCount(table.index(0, 0)) + table.columnCount(table.index(0, 0)), 0);
+        for (const auto order : {Qt::AscendingOrder, Qt::DescendingOrder}) { // of equal ones the newest first
+            table.sort(Columns::Cells, order);
+            QCOMPARE(table.ids(), (QVector<qint64>{ids[3], ids[2], ids[1], ids[0]}));
+        }
+        table.sort(-1, Qt::AscendingOrder);
+        QCOMPARE(table.ids().first(), ids[0]);
     }
 
     /// Texts as a reader sorts them: numbers in them by their value, in whatever case, nothing last.
@@ -261,6 +269,16 @@ private slots:
         header.moveSection(1, 0);
         const TablePages pages(model, header);
         QTEST(pages.count(), "pages");
+        const QFontMetricsF letters(drawingFont("Arial", 8, 1, true));
+        const auto width = [&](char title) { return int(letters.horizontalAdvance(title) + 8) + 1; };
+        if (rows == 0) // as wide as the titles
+            VERIFY_PAINTS(
+                TablePages::size().toSize(), [&](QPainter &painter) { pages.paint(painter, 0); },
+                QString("text 'B' left 0,9 11 bold Arial #000000; text 'A' left %1,9 11 bold Arial #000000; "
+                        "line 0,17 %2,17 #000000; text '1 / 1' right 1120,732 11 Arial #000000")
+                    .arg(width('B'))
+                    .arg(width('B') + width('A')),
+                true);
         if (rows == 49)
             VERIFY_PAINTS(
                 TablePages::size().toSize(), [&](QPainter &painter) { pages.paint(painter, 1); },
@@ -274,7 +292,7 @@ private slots:
     void pictures()
     {
         const QSize size(100, 50);
-        QVERIFY(curvePicture("x", size).isNull());
+        QVERIFY(curvePicture({}, size).isNull());
         const QImage image = curvePicture(QByteArray("\0\0\xff", 3), size);
         QRect ink;
         for (int y = 0; y < size.height(); ++y)

@@ -17,7 +17,7 @@ constexpr int tallest = 255;
 
 QImage curvePicture(const QByteArray &heights, const QSize &size)
 {
-    if (heights.size() < 2)
+    if (heights.isEmpty())
         return {};
     QImage image(size, QImage::Format_RGB32);
     image.fill(ground);

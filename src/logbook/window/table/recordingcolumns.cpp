@@ -102,8 +102,8 @@ const ColumnRow columnRows[] = {
         QT_TRANSLATE_NOOP("RecordingColumns", "The serial port, from the name of the file"), "COM10 ",
         nullptr, ownText, [](const LogbookRecording &r) { return r.port; }},
     {QT_TRANSLATE_NOOP("RecordingColumns", "Process"),
-        QT_TRANSLATE_NOOP("RecordingColumns", "Charge, discharge, balancing, format or test"), "Balancing  ",
-        nullptr, ownText,
+        QT_TRANSLATE_NOOP("RecordingColumns", "Charge, discharge, balancing, format or test"), "", nullptr,
+        ownText,
         [](const LogbookRecording &r) {
             return r.figures.mode == Varnel3Data::NoMode ? QString() : Varnel3Data::modeName(r.figures.mode);
         }},
@@ -170,12 +170,19 @@ QString RecordingColumns::tip(int column)
     return tr(columnRows[column].tip);
 }
 
-QString RecordingColumns::sample(int column)
+QStringList RecordingColumns::samples(int column)
 {
     LogbookRecording longest;
-    longest.start = QDateTime(QDate(2028, 12, 28), QTime(23, 58));
+    longest.start = QDateTime::fromString(QStringLiteral("2028-12-28T23:58"), Qt::ISODate);
     longest.isStartApproximate = true;
-    return column == Start ? startText(longest) : QString::fromUtf8(columnRows[column].sample);
+    if (column == Start)
+        return {startText(longest)};
+    if (column != Process)
+        return {QString::fromUtf8(columnRows[column].sample)};
+    QStringList names; // as long as the language has them
+    for (int mode = Varnel3Data::Charge; mode < Varnel3Data::NoMode; ++mode)
+        names.append(Varnel3Data::modeName(mode));
+    return names;
 }
 
 bool RecordingColumns::isNumber(int column)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QCoreApplication>
-#include <QString>
+#include <QStringList>
 
 class Logbook;
 struct LogbookRecording;
@@ -36,8 +36,8 @@ public:
 
     static QString title(int column);
     static QString tip(int column);
-    /// A text as wide as most of the column's.
-    static QString sample(int column);
+    /// Texts as wide as most of the column's.
+    static QStringList samples(int column);
     static bool isNumber(int column); ///< sorted by number(), and on the right of its cell
     static QString text(const Logbook &logbook, const LogbookRecording &recording, int column);
     /// In whatever unit the column has; NaN where it is not known.

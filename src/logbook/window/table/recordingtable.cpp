@@ -60,8 +60,7 @@ void RecordingTable::sortIds(QVector<qint64> *ids) const
     keys.reserve(size_t(ids->size()));
     for (const qint64 id : qAsConst(*ids)) {
         const LogbookRecording *recording = m_logbook->recording(id);
-        const double number = byNumber ? RecordingColumns::number(*recording, m_column) : 0;
-        keys.push_back({number,
+        keys.push_back({RecordingColumns::number(*recording, m_column),
             byNumber ? nothing : collator.sortKey(RecordingColumns::text(*m_logbook, *recording, m_column)),
             id});
     }

@@ -1,6 +1,5 @@
 #include "logbook/window/table/recordingview.h"
 
-#include "data/varnel3data.h"
 #include "logbook/window/table/recordingcolumns.h"
 #include "logbook/window/table/recordingtable.h"
 #include "widgets/displayscale.h"
@@ -30,16 +29,13 @@ RecordingView::RecordingView(RecordingTable *table, QWidget *parent)
     setAccessibleName(tr("Recordings"));
     setSelectionBehavior(SelectRows);
     setSelectionMode(ExtendedSelection);
-    setEditTriggers(NoEditTriggers);
     setAlternatingRowColors(true);
     setShowGrid(false);
     setWordWrap(false);
     setTabKeyNavigation(false);
-    setCornerButtonEnabled(false);
     setContextMenuPolicy(Qt::CustomContextMenu);
     setHorizontalScrollMode(ScrollPerPixel);
     verticalHeader()->hide();
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + scaled(rowSpace));
     horizontalHeader()->setSectionsMovable(true);
     horizontalHeader()->setHighlightSections(false);
@@ -56,23 +52,18 @@ RecordingView::RecordingView(RecordingTable *table, QWidget *parent)
 void RecordingView::fitColumns()
 {
     const QFontMetrics letters(font());
-    int mode = 0; // its names are as long as the language has them
-    for (int i = 0; i < Varnel3Data::NoMode; ++i)
-        mode = std::max(mode, letters.horizontalAdvance(Varnel3Data::modeName(i)));
     for (int column = 0; column < RecordingColumns::count; ++column) {
-        const int cell = letters.horizontalAdvance(RecordingColumns::sample(column)) + scaled(cellSpace);
-        const int title = letters.horizontalAdvance(RecordingColumns::title(column)) + scaled(arrowSpace);
-        const int name = column == RecordingColumns::Process ? mode + scaled(cellSpace) : 0;
-        setColumnWidth(column, std::max({cell, title, name}));
+        int width = letters.horizontalAdvance(RecordingColumns::title(column)) + scaled(arrowSpace);
+        const QStringList samples = RecordingColumns::samples(column);
+        for (const QString &text : samples)
+            width = std::max(width, letters.horizontalAdvance(text) + scaled(cellSpace));
+        setColumnWidth(column, width);
     }
 }
 
 void RecordingView::restoreColumns(const QByteArray &state)
 {
-    if (!state.isEmpty())
-        horizontalHeader()->restoreState(state);
-    if (shownColumns() == 0)
-        showAllColumns();
+    horizontalHeader()->restoreState(state);
     setSortingEnabled(true); // sorts as the header says
 }
 
@@ -89,7 +80,6 @@ QVector<qint64> RecordingView::selectedIds() const
         for (int row = range.top(); row <= range.bottom(); ++row)
             rows.append(row);
     std::sort(rows.begin(), rows.end());
-    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
     QVector<qint64> ids;
     for (const int row : qAsConst(rows))
         ids.append(m_table->idAt(row));
@@ -98,7 +88,12 @@ QVector<qint64> RecordingView::selectedIds() const
 
 qint64 RecordingView::currentId() const
 {
-    return currentIndex().isValid() ? m_table->idAt(currentIndex().row()) : 0;
+    return m_table->idAt(currentIndex().row());
+}
+
+int RecordingView::currentColumn() const
+{
+    return std::max(0, currentIndex().column());
 }
 
 bool RecordingView::choose(qint64 id)
@@ -106,8 +101,7 @@ bool RecordingView::choose(qint64 id)
     const int row = m_table->rowOf(id);
     if (row < 0)
         return false;
-    const int column = std::max(0, currentIndex().column());
-    const QModelIndex index = m_table->index(row, column);
+    const QModelIndex index = m_table->index(row, currentColumn());
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     scrollTo(index);
     return true;
@@ -118,7 +112,7 @@ void RecordingView::keepSelection()
     const QVector<qint64> ids = selectedIds();
     m_selected = QSet<qint64>(ids.begin(), ids.end());
     m_current = currentId();
-    m_currentColumn = std::max(0, currentIndex().column());
+    m_currentColumn = currentColumn();
 }
 
 // Ranges, not rows: all of ten thousand may be selected.
@@ -134,7 +128,7 @@ void RecordingView::restoreSelection()
             ++row;
         selection.select(m_table->index(first, 0), m_table->index(row, RecordingColumns::count - 1));
     }
-    const int current = m_current != 0 ? m_table->rowOf(m_current) : -1;
+    const int current = m_table->rowOf(m_current);
     const QModelIndex index = m_table->index(current, m_currentColumn); // a key's command acts on its column
     if (current >= 0)
         selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
@@ -147,7 +141,7 @@ void RecordingView::restoreSelection()
 void RecordingView::sortByColumn()
 {
     const QHeaderView *header = horizontalHeader();
-    const int column = std::max(0, currentIndex().column());
+    const int column = currentColumn();
     const bool again = header->sortIndicatorSection() == column;
     QTableView::sortByColumn(column,
         again && header->sortIndicatorOrder() == Qt::AscendingOrder ? Qt::DescendingOrder
@@ -157,12 +151,11 @@ void RecordingView::sortByColumn()
 void RecordingView::moveColumn(int by)
 {
     QHeaderView *header = horizontalHeader();
-    const int from = header->visualIndex(std::max(0, currentIndex().column()));
+    const int from = header->visualIndex(currentColumn());
     int to = from + by;
-    while (to >= 0 && to < header->count() && header->isSectionHidden(header->logicalIndex(to)))
+    while (header->isSectionHidden(header->logicalIndex(to)))
         to += by;
-    if (to >= 0 && to < header->count())
-        header->moveSection(from, to);
+    header->moveSection(from, to); // not beyond the last one
 }
 
 void RecordingView::moveLeft()
@@ -177,7 +170,7 @@ void RecordingView::moveRight()
 
 void RecordingView::hideColumn()
 {
-    setColumnShown(std::max(0, currentIndex().column()), false);
+    setColumnShown(currentColumn(), false);
 }
 
 // One stays, or nothing would be left to click.
@@ -196,9 +189,8 @@ void RecordingView::showAllColumns()
 void RecordingView::explain()
 {
     const QModelIndex index = currentIndex();
-    if (index.isValid())
-        QToolTip::showText(viewport()->mapToGlobal(visualRect(index).bottomLeft()),
-            index.data(Qt::ToolTipRole).toString(), viewport());
+    QToolTip::showText(viewport()->mapToGlobal(visualRect(index).bottomLeft()),
+        index.data(Qt::ToolTipRole).toString(), viewport());
 }
 
 void RecordingView::onHeaderMenu(const QPoint &place)

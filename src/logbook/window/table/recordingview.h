@@ -48,6 +48,7 @@ private:
     void fitColumns();
     void moveColumn(int by);
     int shownColumns() const;
+    int currentColumn() const; ///< the first one without one
 
     RecordingTable *m_table;
     QSet<qint64> m_selected; // while the rows are reset

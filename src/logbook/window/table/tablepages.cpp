@@ -28,7 +28,7 @@ TablePages::TablePages(const QAbstractItemModel &model, const QHeaderView &heade
             continue;
         shown.append(column);
         const int alignment = model.index(0, column).data(Qt::TextAlignmentRole).toInt();
-        m_columns.append({0, (alignment & Qt::AlignRight) != 0});
+        m_columns.append(Column{(alignment & Qt::AlignRight) != 0});
         m_titles.append(model.headerData(column, Qt::Horizontal).toString());
     }
     for (int row = 0; row < model.rowCount(); ++row) {
@@ -44,7 +44,6 @@ TablePages::TablePages(const QAbstractItemModel &model, const QHeaderView &heade
 void TablePages::fitColumns()
 {
     const QFontMetricsF letters(drawingFont(QStringLiteral("Arial"), printedPoints, 1.0, true));
-    m_width = 0;
     for (int i = 0; i < m_columns.size(); ++i) {
         double width = letters.horizontalAdvance(m_titles[i]);
         for (const QStringList &texts : qAsConst(m_rows))
@@ -62,7 +61,7 @@ QSizeF TablePages::size()
 // Columns that take more than the page's width are all made smaller, and the letters with them.
 static double factorOf(int width)
 {
-    return std::min(1.0, pageSize.width() / std::max(1, width));
+    return std::min(1.0, pageSize.width() / width);
 }
 
 // Beside the titles and the number of the page.

@@ -21,8 +21,8 @@ public:
 
 private:
     struct Column {
-        int width = 0;
         bool isRight = false;
+        int width = 0;
     };
 
     void fitColumns();
