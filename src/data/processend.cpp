@@ -25,13 +25,14 @@ constexpr ProcessEnd processEnds[] = {
         QT_TRANSLATE_NOOP("ProcessEnd", "Aborted"), "aborted"},
     {'E', ":/Icons/finish.png", QT_TRANSLATE_NOOP("ProcessEnd", "Process completed."),
         QT_TRANSLATE_NOOP("ProcessEnd", "End"), "end"},
+    {'_', "", "", "", ""},
 };
 
-constexpr ProcessEnd noEnd = {'_', "", "", "", ""};
+constexpr std::size_t noEnd = std::size(processEnds) - 1; // its row
 
 const ProcessEnd &entry(int end)
 {
-    return end >= 0 && end < int(std::size(processEnds)) ? processEnds[end] : noEnd;
+    return processEnds[std::min(std::size_t(end), noEnd)];
 }
 
 QString translated(const char *text)
@@ -43,9 +44,10 @@ QString translated(const char *text)
 
 int Varnel3Data::processEnd() const
 {
-    const auto *const found = std::find_if(std::begin(processEnds), std::end(processEnds),
-        [this](const ProcessEnd &end) { return end.letter == flag3; });
-    return found == std::end(processEnds) ? int(NoEnd) : int(found - std::begin(processEnds));
+    const auto *const last = processEnds + noEnd;
+    const auto *const found
+        = std::find_if(processEnds, last, [this](const ProcessEnd &end) { return end.letter == flag3; });
+    return found == last ? int(NoEnd) : int(found - processEnds);
 }
 
 QString processEndText(int end)

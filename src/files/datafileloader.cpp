@@ -207,7 +207,7 @@ void DataFileLoader::takeColumnLine(QLatin1String line)
 void DataFileLoader::addRecord(QLatin1String line, int time)
 {
     if (m_records.size() >= m_nextLook) {
-        demandMemory(0);
+        demandMemory();
         m_nextLook = m_records.size() + recordsBetweenLooks;
     }
     Varnel3Data record;

@@ -14,8 +14,7 @@ LineSource::Found LineSource::next(QLatin1String *line)
 {
     for (bool refilled = false;;) {
         const char *const from = m_buffer.constData() + m_scanned;
-        const auto *const end = static_cast<const char *>(
-            m_scanned < m_end ? std::memchr(from, '\n', size_t(m_end - m_scanned)) : nullptr);
+        const auto *const end = static_cast<const char *>(std::memchr(from, '\n', size_t(m_end - m_scanned)));
         if (end) {
             const int length = int(end - m_buffer.constData()) - m_begin;
             m_scanned = m_begin + length + 1;

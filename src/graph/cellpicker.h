@@ -15,7 +15,7 @@ public:
     void setCells(const CellSelection &cells);
     /// A click on the row of `cell`, or on none with -1: picks it alone, or with
     /// `toggle` adds it or takes it away.
-    void click(int cell, bool toggle);
+    void click(int cell, bool toggle = false);
     /// Goes from the cell picked last to the next one of `count` in `direction` (1 or -1) and
     /// picks it alone or, with `add`, too.
     void step(int direction, bool add, int count);

@@ -114,6 +114,6 @@ void GraphInteraction::giveUp(int, Qt::KeyboardModifiers)
         m_cursor = -1;
         pointAtNewest();
     } else {
-        m_cells.click(-1, false);
+        m_cells.click(-1);
     }
 }

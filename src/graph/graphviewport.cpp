@@ -102,11 +102,9 @@ int GraphViewport::lastShown() const
 int GraphViewport::shownNear(int record, int inwards) const
 {
     const PlotSeries &times = m_store->series(SeriesStore::Time);
-    const auto isShown = [&](int index) {
-        return index >= 0 && index < times.size() && times[index] >= m_zoom.times().low
-            && times[index] <= m_zoom.times().high;
-    };
-    return !isShown(record) && isShown(record + inwards) ? record + inwards : record;
+    const int beside = qBound(0, record + inwards, times.size() - 1);
+    const Interval shown = m_zoom.times();
+    return !shown.contains(times[record]) && shown.contains(times[beside]) ? beside : record;
 }
 
 int GraphViewport::columnOf(int record) const

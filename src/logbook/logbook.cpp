@@ -15,6 +15,7 @@
 namespace {
 
 constexpr qint64 noStart = std::numeric_limits<qint64>::min(); // sorts last
+constexpr int nowhere = -1; // of a row
 
 qint64 startOf(const QDate &day)
 {
@@ -68,7 +69,7 @@ bool Logbook::isUsersWritten() const
 
 const LogbookRecording *Logbook::recording(qint64 id) const
 {
-    const int index = m_byId.value(id, -1);
+    const int index = m_byId.value(id, nowhere);
     return index < 0 ? nullptr : &entryAt(index).recording;
 }
 
@@ -80,7 +81,7 @@ const LogbookRecording *Logbook::recordingOf(const QString &file) const
 
 const LogbookEntry *Logbook::entryOf(const QString &file) const
 {
-    const int index = m_byFile.value(file, -1);
+    const int index = m_byFile.value(file, nowhere);
     return index < 0 ? nullptr : &entryAt(index);
 }
 
@@ -219,7 +220,7 @@ void Logbook::rename(const QString &file, const QString &newFile)
 
 void Logbook::setGone(const QString &file, bool gone)
 {
-    const int index = m_byFile.value(file, -1);
+    const int index = m_byFile.value(file, nowhere);
     if (index < 0 || entryAt(index).recording.isGone == gone)
         return;
     m_rows[size_t(index)].entry.recording.isGone = gone;
@@ -266,7 +267,7 @@ Logbook::Changes Logbook::change(LogbookBatch *batch)
     Changes changes;
     renameRows(*batch, &changes);
     for (const QString &file : qAsConst(batch->droppedFiles)) {
-        const int index = m_byFile.value(file, -1);
+        const int index = m_byFile.value(file, nowhere);
         if (index >= 0)
             remove(index, &changes);
     }
@@ -335,7 +336,7 @@ void Logbook::setTrouble(bool isReadOnly, const QString &trouble)
 void Logbook::renameRows(const LogbookBatch &batch, Changes *changes)
 {
     for (const auto &names : batch.renamed) {
-        const int replaced = m_byFile.value(names.second, -1);
+        const int replaced = m_byFile.value(names.second, nowhere);
         if (!m_byFile.contains(names.first) || names.first == names.second)
             continue;
         if (replaced >= 0)
@@ -429,8 +430,8 @@ void Logbook::readRows(LogbookBatch *batch, Changes *changes)
 
 int Logbook::find(const LogbookRecording &recording) const
 {
-    const int index = m_byId.value(recording.id, -1);
-    return index >= 0 ? index : m_byFile.value(recording.file, -1);
+    const int index = m_byId.value(recording.id, nowhere);
+    return index >= 0 ? index : m_byFile.value(recording.file, nowhere);
 }
 
 void Logbook::add(const LogbookEntry &entry)

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -33,8 +34,8 @@ const KeyBinding<OverlayInteraction> OverlayInteraction::keyBindings[] = {
     {Qt::Key_Plus, Qt::NoModifier, &OverlayInteraction::zoomByKey, 1},
     {Qt::Key_Equal, Qt::NoModifier, &OverlayInteraction::zoomByKey, 1}, // '+' without Shift
     {Qt::Key_Minus, Qt::NoModifier, &OverlayInteraction::zoomByKey, -1},
-    {Qt::Key_Space, Qt::ShiftModifier, &OverlayInteraction::toggleMark, 0},
-    {Qt::Key_Home, Qt::NoModifier, &OverlayInteraction::showAll, 0},
+    {Qt::Key_Space, Qt::ShiftModifier, &OverlayInteraction::toggleMark},
+    {Qt::Key_Home, Qt::NoModifier, &OverlayInteraction::showAll},
 };
 
 OverlayInteraction::OverlayInteraction(QWidget *widget, OverlayRequest *shown)
@@ -95,7 +96,7 @@ int OverlayInteraction::entryNear(const QPoint &position) const
 {
     const QwtScaleMap heights = layout().heights(m_shown->shownValues());
     int nearest = -1;
-    double least = 0.0;
+    double least = std::numeric_limits<double>::infinity();
     for (int entry = 0; entry < m_shown->entries.size(); ++entry) {
         const OverlayCourse &course = *m_shown->entries[entry].course;
         const int point = course.pointAt(m_shown->axis, placeAt(position.x()) - m_shown->offsetOf(entry));
@@ -103,7 +104,7 @@ int OverlayInteraction::entryNear(const QPoint &position) const
             continue;
         const auto value = double(course.values(m_shown->value)[std::size_t(point)]);
         const double distance = std::abs(heights.transform(value) - position.y());
-        if (nearest < 0 || distance < least) {
+        if (distance < least) {
             nearest = entry;
             least = distance;
         }
@@ -290,7 +291,7 @@ void OverlayInteraction::moveValues(int direction, Qt::KeyboardModifiers)
 
 void OverlayInteraction::zoomByKey(int direction, Qt::KeyboardModifiers modifiers)
 {
-    const double factor = direction > 0 ? wheelFactor : 1 / wheelFactor;
+    const double factor = std::pow(wheelFactor, direction);
     const QPoint centre = layout().plot().center();
     if (modifiers & Qt::ControlModifier)
         m_shown->zoom.zoomValues(factor, values, shareAt(centre.y()), m_shown->wholePlaces());

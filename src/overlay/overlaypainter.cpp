@@ -133,11 +133,9 @@ const QPolygonF &OverlayPainter::outlineOf(
     const OverlayRequest &request = c.request;
     const auto &course = request.entries[entry].course;
     Found &found = m_found[std::size_t(entry)];
-    if (found.course == course && found.axis == request.axis && found.value == request.value
-        && found.place == place && found.left == area.left() && found.right == area.right())
-        return found.outline;
-    found = {course, request.axis, request.value, place, area.left(), area.right(),
-        courseOutline(*course, request.axis, request.value, place, area.left(), area.right())};
+    const Found::Key key(course, request.axis, request.value, place, area.left(), area.right());
+    if (found.key != key)
+        found = {key, courseOutline(*course, request.axis, request.value, place, area.left(), area.right())};
     return found.outline;
 }
 

@@ -6,6 +6,7 @@
 
 #include <QPolygonF>
 
+#include <tuple>
 #include <vector>
 
 class QPainter;
@@ -20,12 +21,10 @@ public:
 private:
     struct Canvas;
     struct Found {
-        std::shared_ptr<const OverlayCourse> course;
-        OverlayAxis axis = OverlayAxis::Time;
-        OverlayValue value = OverlayValue::PackVoltage;
-        CoursePlace place;
-        int left = 0;
-        int right = 0;
+        /// Of what; where, and between which columns.
+        using Key = std::tuple<std::shared_ptr<const OverlayCourse>, OverlayAxis, OverlayValue, CoursePlace,
+            int, int>;
+        Key key;
         QPolygonF outline;
     };
 

@@ -61,7 +61,7 @@ void DerivedPoints::addNewest(const RecordList &records)
 int DerivedPoints::loadBlock(const RecordList &records, int most)
 {
     if (m_size % recordsBetweenLooks == 0)
-        demandMemory(0);
+        demandMemory();
     if (isBlockFull()) {
         makeBlockRoom(BlockArena::Fast);
         packBlock(records);

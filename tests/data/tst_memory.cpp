@@ -1,4 +1,6 @@
 #include "data/memorygroups.h"
+#include "data/records/openrecords.h"
+#include "data/records/recordblock.h"
 #include "data/records/recordlist.h"
 #include "data/records/recordreader.h"
 #include "data/systemmemory.h"
@@ -134,6 +136,29 @@ private slots:
             moved.append(kept[0]);
             QVERIFY(moved.size() == 1 && isSame(moved.first(), kept[0]));
         }
+    }
+
+    // Of figures that fit no narrow column.
+    void largestBlock()
+    {
+        std::mt19937 random(randomSeed());
+        OpenRecords records;
+        while (!records.isFull()) {
+            Varnel3Data record;
+            RecordColumns::eachOwn([&](auto field) {
+                record.*field.member = std::decay_t<decltype(record.*field.member)>(random());
+            });
+            for (CellData &cell : record.cells)
+                RecordColumns::eachOfCell([&](auto field) { cell.*field.member = int(random()); });
+            for (int i = 0; i < RecordColumns::fractions; ++i)
+                RecordColumns::fraction(record, i) = 1.0 / 3;
+            records.makeRoom();
+            records.add(record);
+        }
+        std::vector<char> room(2 * RecordBlock::most());
+        size_t bytes = 0;
+        RecordBlock::pack(records, room.data(), &bytes);
+        QVERIFY(bytes <= RecordBlock::most() && bytes > RecordBlock::most() * 9 / 10);
     }
 
     // Many recordings are short: only a longer one takes a block.

@@ -163,6 +163,8 @@ hover 889,100; key Right = 210..640 35..85 32..82 cursor 64 shows 64
 key Right = 220..650 35..85 32..82 cursor 65 shows 65
 key F1 = no)");
     add("second cursor", usual, R"(
+hover 40,88; key Space shift = all cursor 0 marked 0
+key Escape = all cursor 0
 click left 40,88 shift = all cursor 0 marked 0 shows 0
 click left 40,88 shift = all cursor 0 shows 0
 press left 255,88 shift = all cursor 22 marked 22 shows 22
@@ -190,7 +192,9 @@ key Minus ctrl = 0..860 0..100 10..90
 key Plus; key Right ctrl = 154.8..842.8 0..100 10..90
 key Left ctrl = 86..774 0..100 10..90
 key Home = all
-hover 255,100; key Plus = 44..732 0..100 0..100 cursor 22)");
+hover 255,100; key Plus = 44..732 0..100 0..100 cursor 22
+key Home; hover 40,100; key Plus = 0..688 0..100 0..100 cursor 0
+key Right = 0..688 0..100 0..100 cursor 1 shows 1)");
     add("picking cells by keys", usual, R"(
 key Down ctrl = all
 set balancer; key Up ctrl = all cell 5

@@ -278,8 +278,10 @@ private slots:
         add("1"); // all is shown again as a record comes
         QVERIFY(!zoom().isActive());
         QApplication::sendEvent(graph, &wheel);
+        QTest::keyClick(graph, Qt::Key_Space, Qt::ShiftModifier);
+        QCOMPARE(painted("dash4,2 #aaaaaa").size(), 2);
         graph->load(storeOf("3"), "y.acp");
-        QVERIFY(!zoom().isActive());
+        QVERIFY(!zoom().isActive() && painted("dash4,2 #aaaaaa").isEmpty());
         QSignalSpy changes(graph, SIGNAL(selectedCellsChanged()));
         graph->setSelectedCells({true});
         graph->setSelectedCells({true});

@@ -30,7 +30,7 @@ std::size_t RecordBlock::most()
 {
     return sizeof(RecordBlock) + columnCount(Varnel3Data::maxCells, true) * sizeof(PackedColumn)
         + std::size_t(RecordColumns::columns) * PackedColumn::mostBytes
-        + std::size_t(RecordColumns::fractions) * PackedColumn::length * sizeof(double) + sizeof(double);
+        + std::size_t(RecordColumns::fractions) * PackedColumn::length * sizeof(double);
 }
 
 const RecordBlock *RecordBlock::pack(const OpenRecords &records, char *room, std::size_t *bytes)

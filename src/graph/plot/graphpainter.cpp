@@ -78,9 +78,9 @@ void GraphPainter::paintPlots(const GraphCanvas &canvas)
 void GraphPainter::paintPointer(const GraphCanvas &canvas, const GraphScene &scene)
 {
     const GraphRequest &request = canvas.request;
-    if (request.markedRecord >= 0 && request.markedRecord < request.store->size())
+    if (request.markedRecord >= 0)
         paintMark(canvas, request.markedRecord);
-    if (request.cursorRecord >= 0 && request.cursorRecord < request.store->size())
+    if (request.cursorRecord >= 0)
         paintCursor(canvas, scene, request.cursorRecord);
     if (!request.rubberBand.isEmpty())
         paintRubberBand(canvas, request.rubberBand);

@@ -80,7 +80,7 @@ void StraightLines::setPen(const QPen &pen)
 
 void StraightLines::draw(const QLine &line)
 {
-    if (!m_quick || line.dx() < 0 || line.dy() < 0)
+    if (!m_quick)
         m_painter->drawLine(line);
     else if (m_pen.style() == Qt::SolidLine)
         m_painter->fillRect(QRect(line.p1(), line.p2()), m_pen.color());

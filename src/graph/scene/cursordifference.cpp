@@ -29,11 +29,10 @@ QString signedFigure(double value, int decimals)
 QStringList cursorDifference(const GraphRequest &request, const GraphScene &scene)
 {
     const SeriesStore &store = *request.store;
-    const int newest = store.size() - 1;
-    if (request.markedRecord < 0 || request.markedRecord > newest)
+    if (request.markedRecord < 0)
         return {};
-    const bool pointed = request.cursorRecord >= 0 && request.cursorRecord <= newest;
-    const auto [from, to] = std::minmax(request.markedRecord, pointed ? request.cursorRecord : newest);
+    const int other = request.cursorRecord >= 0 ? request.cursorRecord : store.size() - 1;
+    const auto [from, to] = std::minmax(request.markedRecord, other);
     const auto change = [&store, from = from, to = to](
                             int kind) { return store.series(kind)[to] - store.series(kind)[from]; };
     const double seconds = change(SeriesStore::Time); // below 0 where a clock was set back

@@ -20,7 +20,7 @@ struct GraphRequest {
     GraphZoom zoom;
     int rangedRecords = 0; ///< records, from the first on, whose values the axes cover; 0 for all
     QString note; ///< shown before the newest values, such as since when no line came
-    int cursorRecord = -1; ///< record that the cursor line stands at; -1 for none
-    int markedRecord = -1; ///< record that the second cursor stands at; -1 for none
+    int cursorRecord = -1; ///< of the store, where the cursor line stands; -1 for none
+    int markedRecord = -1; ///< of the store, where the second cursor stands; -1 for none
     QRect rubberBand; ///< what is being picked, before scaling; empty for nothing
 };

@@ -199,9 +199,12 @@ pen #ffff00; left 148 58 101 13 dV; right 148 58 101 13 0,0 mV/min
 pen #00ffff; left 148 71 101 13 Current; right 148 71 101 13 2,50 A
 pen #ff8585; left 148 84 101 13 Temp.; right 148 84 101 13 25,3 °C
 pen #f283c9; left 148 97 101 13 Ri; right 148 97 101 13 --,- mΩ)");
-    add("20 cursor=19 white", "line 400,(22|154).*5a5a5a|rect 275|,42 |b51379", R"(
+    add("20 cursor=19 marked=0 white", "line 400?,(22|154).*5a5a5a|rect 275|,42 |b51379|Δ|mAh", R"(
+pen #5a5a5a dash; x 40 : 22 139; x 40 : 154 271
 pen #5a5a5a; x 400 : 22 139; x 400 : 154 271; pen #d7d7d7; box 275 27 117 88 #ebdee2e6
-pen #000000; font 11; right 280 32 107 13 00:19:00
+pen #000000; font 11
+mid 0 0 500 21 Δ 00:19:00   +1.900 mAh   Voltage +0,190 V   dV +19,2 mV/min   Current 0,000 A   Temp. 0,0 °C
+right 280 32 107 13 00:19:00
 pen #b51379; left 280 97 107 13 Ri; right 280 97 107 13 40 mΩ)");
     add("3 B cursor=1 cells=16 size=300,200", "rect 14,|at [1-9][0-9]*,(42|55|68) ", R"(
 pen #505050; box 14 27 98 49 #eb3c3c3c; pen #ffffff; font 11; right 19 32 88 13 00:01:00; column 10 42|V
@@ -218,9 +221,9 @@ pen #505050; box 31 27 61 23 #eb3c3c3c; pen #ffffff; font 11; right 36 32 51 13 
     add("20 cursor=5 size=290,300", "pen1|3c3c3c", "pen #505050; box 0 27 111 88 #eb3c3c3c"); // nowhere
     add("3 Avg cursor=0", "20 mV", R"(
 pen #ff8800; font 11; right 53 84 88 13 20 mV; pen #ffffff; font 8; right 442 107 56 17 20 mV)");
-    add("20 marked=5 cursor=2 Rw=1", "line 135|Δ|mAh", R"(
+    add("20 marked=5 cursor=0 Rw=1", "line 135|Δ|mAh", R"(
 pen #aaaaaa dash; x 135 : 22 139; x 135 : 154 271; pen #ffffff; font 12
-mid 0 0 500 21 Δ 00:03:00   +300 mAh   Voltage +0,030 V   dV 0,0 mV/min   Current 0,000 A   Temp. 0,0 °C)");
+mid 0 0 500 21 Δ 00:05:00   +500 mAh   Voltage +0,050 V   dV 0,0 mV/min   Current 0,000 A   Temp. 0,0 °C)");
     add("20 marked=18 size=300,300 energy@19=0", "Δ|mAh",
         R"(
 pen #ffffff; font 8; mid 0 0 300 21 Δ 00:01:00   -1.800 mAh   Voltage +0,010 V   dV +9,2 mV/min)"
@@ -232,7 +235,6 @@ mid 0 0 500 21 Gone   Δ 00:07:20   +1.000 mAh   Voltage +0,100 V   dV 0,0 mV/mi
         "   Current 0,000 A   Temp. 0,0 °C");
     add("20 zoomUpper=300,900,0,1 cursor=4", "3c3c3c", "");
     add("20 zoomUpper=300,900,0,1 cursor=16", "3c3c3c", "");
-    add("20 cursor=20", "3c3c3c", "");
     add("20 band=50,60,100,40", "rect 50,", "pen #00ffff dash; box 50 60 99 39 #2800ffff");
     add("20 size=1000,600 scale=2", "rect [02],|curve|line 80,550|at 5,", R"(
 fill 0 0 1000 600 #000000; fill 1 278 10 21 #ffff00; pen #000000; font 13; mid 1 278 10 21 3
