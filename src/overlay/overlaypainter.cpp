@@ -146,8 +146,7 @@ void OverlayPainter::paintCurves(const Canvas &c)
     const int count = c.request.entries.size();
     m_found.resize(std::size_t(count));
     const QRect plot = c.layout.plot();
-    const QRect area(QPoint(qRound(plot.left() * c.scale), qRound(plot.top() * c.scale)),
-        QPoint(qRound(plot.right() * c.scale), qRound(plot.bottom() * c.scale)));
+    const QRect area(plot.topLeft() * c.scale, plot.bottomRight() * c.scale);
     const double perX = c.scale * c.columns.pDist() / c.columns.sDist();
     const double perY = -c.scale * c.heights.pDist() / c.heights.sDist();
     c.painter->save();

@@ -331,7 +331,9 @@ key Escape; move left 400,300 = 116..447 35..85 cursor 281
 double 387,297 = all cursor 331
 key Plus; key Plus ctrl = 66..597 10..90 cursor 331
 key Right ctrl; key Up = 119..649 18..98 cursor 331
-key Left ctrl; key Down; key Minus; key Minus ctrl; key Home = all cursor 331
+key Left ctrl; key Down = 66..597 10..90 cursor 331
+key Minus ctrl = 66..597 0..100 cursor 331
+key Minus; key Home = all cursor 331
 key Plus; hover 719,100; key Right; key Right = 68..598 0..100 cursor 598)");
     add("picking and moving in time", R"(
 click left 800,60 = all picked B

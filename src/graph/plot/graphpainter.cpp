@@ -21,8 +21,7 @@ QwtScaleMap finer(QwtScaleMap map, double scale)
 
 QRect finer(const QRect &rect, double scale)
 {
-    return {QPoint(qRound(rect.left() * scale), qRound(rect.top() * scale)),
-        QPoint(qRound(rect.right() * scale), qRound(rect.bottom() * scale))};
+    return {rect.topLeft() * scale, rect.bottomRight() * scale};
 }
 
 QPen penOf(const GraphTools &tools, const GraphScene::Curve &curve, bool distinct)

@@ -28,7 +28,7 @@ FilterLine::FilterLine(QWidget *parent)
     m_text->setAccessibleName(tr("Filter"));
     fillBoxes();
     auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setContentsMargins({});
     layout->addWidget(m_text, 1);
     for (QWidget *widget : {static_cast<QWidget *>(m_chemistry), static_cast<QWidget *>(m_process),
              static_cast<QWidget *>(m_fromBox), static_cast<QWidget *>(m_from),

@@ -119,7 +119,7 @@ void LogbookWindow::arrange()
 {
     auto *middle = new QWidget(this);
     auto *column = new QVBoxLayout(middle);
-    column->setContentsMargins(0, 0, 0, 0);
+    column->setContentsMargins({});
     column->addWidget(m_filter);
     column->addWidget(m_view, 1);
     m_oneAboveOther = new QSplitter(Qt::Vertical, this);

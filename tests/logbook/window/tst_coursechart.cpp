@@ -158,6 +158,11 @@ private slots:
         });
         canvas.setChart(chart);
         canvas.show();
+        QCOMPARE(canvas.sizeHint(), QSize(600, 240));
+        QCOMPARE(canvas.minimumSizeHint(), QSize(240, 120));
+        canvas.activateWindow();
+        QTRY_VERIFY(canvas.hasFocus());
+        VERIFY_PAINTS(canvas, "rect 1,1 398x298 pen2 " + canvas.palette().color(QPalette::Highlight).name());
         QSignalSpy chosen(&canvas, SIGNAL(chosen(qint64)));
         const auto press = [&](Qt::Key key) {
             chosen.clear();
@@ -209,16 +214,20 @@ private slots:
         chart.referenceName = "nominal";
         chart.inPercent = true;
         chart.lines = {{"Discharge", Qt::red, CourseLine::Square, Qt::SolidLine,
-            {{1, 5, 11, false}, {2, 4.8, 12, false}, {3, 4.5, 13, true}}}};
+            {{1, 5, 11, false}, {1.05, 5, 12, false}, {3, 4.5, 13, true}}}};
         const QSize size(400, 300);
         const CourseChart::Mapping map = chart.mapping(size);
         for (int i = 0; i < 3; ++i) {
             const QPointF place = map.place(chart.lines[0].points[i]);
             QVERIFY(map.area.contains(place.toPoint()));
+            QCOMPARE(chart.hit(place, size).point, i); // the nearest
             QCOMPARE(chart.hit(place + QPointF(0, 11.9), size).point, i);
             QCOMPARE(chart.hit(place + QPointF(0, 12.1), size).point, -1);
         }
         QCOMPARE(chart.hit(QPointF(map.area.topLeft()), size).line, -1);
+        chart.scale = 2;
+        const QPointF last = chart.mapping(size).place(chart.lines[0].points[2]);
+        QCOMPARE(chart.hit(last + QPointF(0, 23.9), size).point, 2);
     }
 
     void paints_data()
@@ -303,6 +312,7 @@ private slots:
         const QStringList lines = log.lines();
         for (const QString &line : lines) // the legend has room for all
             QVERIFY2(line.section(' ', 1, 1).section(',', 0, 0).toInt() < 400, qPrintable(line));
+        QCOMPARE(lines.filter("1970").size(), chart == "date" ? 1 : 0); // no more than have room
         VERIFY_PAINTS(
             QSize(400, 300),
             [&](QPainter &p) {

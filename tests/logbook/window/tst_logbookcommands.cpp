@@ -181,6 +181,8 @@ private slots:
         columnsMenu->popup({0, 0});
         QCOMPARE(columnsMenu->actions().at(Columns::Port)->isChecked(), false);
         QCOMPARE(columnsMenu->actions().at(Columns::Pack)->isChecked(), true);
+        QVERIFY(columnsMenu->toolTipsVisible());
+        QCOMPARE(columnsMenu->actions().at(Columns::Port)->toolTip(), Columns::tip(Columns::Port));
         columnsMenu->actions().at(Columns::Port)->trigger();
         columnsMenu->close();
         QVERIFY(!view()->isColumnHidden(Columns::Port));

@@ -111,7 +111,7 @@ private slots:
         QCOMPARE(changed.first().at(0).toModelIndex(), table.index(0, 0));
         QCOMPARE(changed.first().at(1).toModelIndex(), table.index(3, Columns::count - 1));
         table.sort(99, Qt::AscendingOrder);
-        QCOMPARE(table.sortColumn(), int(Columns::File));
+        QCOMPARE(table.ids().first(), ids[0]); // by its file
         QCOMPARE(reset.size(), 1);
         QCOMPARE(table.rowCount(table.index(0, 0)) + table.columnCount(table.index(0, 0)), 0);
         for (const auto order : {Qt::AscendingOrder, Qt::DescendingOrder}) { // of equal ones the newest first

@@ -121,6 +121,7 @@ private slots:
             recordings.append(&recording);
         }
         all[10].figures.spread = 420; // the newest full discharge
+        all[10].figures.lowestCell = 0;
         LogbookPack pack;
         pack.capacity = 5000;
         PackCourse::Health health = PackCourse::healthOf(pack, recordings);
@@ -230,7 +231,11 @@ private slots:
         addPack(editor.get(), logbook.get(), "A", 5000, {{0, 5000}, {10, 4500}}, 30);
         addPack(editor.get(), logbook.get(), "B", 4000, {{5, 3000}}, 20);
         addPack(editor.get(), logbook.get(), "C", 0, {{6, 1000}}, 40);
-        addPack(editor.get(), logbook.get(), "D", 1000, {});
+        const qint64 d = addPack(editor.get(), logbook.get(), "D", 1000, {});
+        LogbookRecording part = sampleRecording(7, Varnel::Discharge, 2000, 25000, 23000);
+        part.file = "/r/part.acp";
+        editor->assign(
+            {add(logbook.get(), part)}, d); // of it the resistance and the spread alone tell something
         const auto chart = [&](PackCourse::Quantity quantity) {
             return told(PackCourse::chartOfAll(*logbook, {quantity, true, true, false})).join('\n');
         };
@@ -240,14 +245,30 @@ private slots:
             QString(
                 "Wh by date, 0 \nC #ff0022 0 1 6:22.2\nB #00bb00 1 1 5:66.6\nA #0a6cff 2 1 0:111 10:99.9"));
         QCOMPARE(chart(PackCourse::Spread).section('\n', 1),
-            QString("C #ff0022 0 1 6:40\nA #00bb00 1 1 0:12 10:30\nB #0a6cff 2 1 5:20"));
+            QString("C #ff0022 0 1 6:40\nA #00bb00 1 1 0:12 10:30\nB #0a6cff 2 1 5:20\nD #ff8800 3 1 7:12~"));
         for (int i = 0; i < 16; ++i)
             addPack(
                 editor.get(), logbook.get(), qPrintable(QString("E%1").arg(i)), 1000, {{20 + i, 500 + i}});
         QCOMPARE(PackCourse::chartOfAll(*logbook, {}).lines.size(), 16);
-        const Logbook none;
-        QCOMPARE(
-            told(PackCourse::chartOfAll(none, {})).join('\n'), QString("% by date, 0 worn out below 80 %"));
+        logbook = std::make_unique<Logbook>();
+        editor = std::make_unique<LogbookEditor>(logbook.get());
+        const auto missing = [&](PackCourse::Quantity quantity) {
+            return PackCourse::chartOfAll(*logbook, {quantity, true, true, false})
+                .emptyText.section(' ', 0, 1);
+        };
+        QCOMPARE(chart(PackCourse::Capacity), QString("% by date, 0 worn out below 80 %"));
+        QCOMPARE(missing(PackCourse::Capacity), QString("No recordings"));
+        part.figures.spread = -1;
+        part.pack = LogbookPack::none;
+        const qint64 id = add(logbook.get(), part);
+        QCOMPARE(missing(PackCourse::Capacity), QString("Assign recordings"));
+        LogbookPack pack;
+        editor->assign({id}, editor->addPack(pack));
+        QCOMPARE(missing(PackCourse::Capacity), QString("Tell the"));
+        QCOMPARE(missing(PackCourse::Energy), QString("No recording"));
+        pack.capacity = 1;
+        editor->addPack(pack);
+        QCOMPARE(missing(PackCourse::Capacity), QString("No recording"));
     }
 
     void panel()

@@ -133,7 +133,7 @@ CourseChart::Hit CourseCanvas::neighbour(int direction) const
     const Order from = marked.line >= 0 ? Order(direction * pointAt(marked).at, direction * marked.line)
                                         : Order(-infinity, 0);
     CourseChart::Hit best;
-    Order nearest(infinity, 0);
+    Order nearest(infinity, {});
     for (int i = 0; i < m_chart.lines.size(); ++i) {
         for (int k = 0; k < m_chart.lines[i].points.size(); ++k) {
             const Order at(direction * pointAt({i, k}).at, direction * i);

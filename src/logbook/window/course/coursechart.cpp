@@ -75,7 +75,9 @@ QVector<double> roundTicks(const Interval &range, int most)
     if (!(range.length() > 0))
         return ticks;
     const double step = roundStep(range.length(), most);
-    for (double i = std::ceil(range.low / step - 1e-9); i * step <= range.high + step * 1e-9; ++i)
+    constexpr double little = 1e-9; // by which numbers are off
+    const double last = std::floor(range.high / step + little);
+    for (double i = std::ceil(range.low / step - little); i <= last; ++i)
         ticks.append(i * step);
     return ticks;
 }
@@ -198,14 +200,12 @@ void CourseChart::paint(QPainter &painter, const QSize &size) const
     paintTimes(painter, map);
     if (reference > 0)
         paintReference(painter, map);
-    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(colours.axis());
+    painter.drawRect(map.area);
+    painter.setRenderHint(QPainter::Antialiasing); // of what follows
     for (const CourseLine &line : lines)
         paintLine(painter, line, map);
-    painter.setRenderHint(QPainter::Antialiasing, false);
     paintLegend(painter, map);
-    painter.setPen(colours.axis());
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(map.area);
 }
 
 void CourseChart::paintValues(QPainter &painter, const Mapping &map) const
@@ -319,15 +319,13 @@ void CourseChart::paintLegend(QPainter &painter, const Mapping &map) const
     int wanted = 0;
     for (const CourseLine &line : lines)
         wanted += painter.fontMetrics().horizontalAdvance(line.name) + markerSpace + px(12);
-    const double share = qMin(1.0, double(area.width()) / qMax(1, wanted));
+    const double share = qMin(1.0, double(area.width()) / wanted);
     double left = area.left();
     for (int i = 0; i < count; ++i) {
         const QString &name = lines[i].name;
         const double width = (painter.fontMetrics().horizontalAdvance(name) + markerSpace + px(12)) * share;
         const int middle = px(textHeight) / 2 + px(4);
-        painter.setRenderHint(QPainter::Antialiasing);
         paintMarker(painter, lines[i], CoursePoint(), QPointF(left + px(6), middle));
-        painter.setRenderHint(QPainter::Antialiasing, false);
         painter.setPen(colours.text());
         const int room = qMax(0, int(width) - markerSpace);
         painter.drawText(

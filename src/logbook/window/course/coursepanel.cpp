@@ -55,7 +55,7 @@ CoursePanel::CoursePanel(const Logbook *logbook, QWidget *parent)
     controls->addWidget(m_quantity);
     controls->addWidget(m_axis);
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setContentsMargins({});
     layout->addLayout(controls);
     layout->addWidget(m_canvas, 1);
     connect(m_quantity, SIGNAL(currentIndexChanged(int)), this, SLOT(onChoice()));

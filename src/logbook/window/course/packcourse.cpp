@@ -88,14 +88,15 @@ Trend trendOf(const QVector<CoursePoint> &points)
 /// What `quantity` comes to; less than 0 where it is not known.
 double valueOf(const LogbookRecording &recording, Quantity quantity)
 {
+    const auto known = [](double figure) { return figure > 0 ? figure : -1; };
     const LogbookFigures &figures = recording.figures;
     switch (quantity) {
     case Capacity:
-        return figures.charge > 0 ? figures.charge / thousand : -1;
+        return known(figures.charge / thousand);
     case Energy:
-        return figures.energy > 0 ? figures.energy : -1;
+        return known(figures.energy);
     case Resistance:
-        return figures.resistance > 0 ? figures.resistance : -1;
+        return known(figures.resistance);
     default:
         return figures.spread;
     }

@@ -24,8 +24,6 @@ public:
     const QVector<qint64> &ids() const { return m_ids; } ///< of the rows, from the first on
     qint64 idAt(int row) const { return m_ids.value(row); }
     int rowOf(qint64 id) const { return m_ids.indexOf(id); } ///< -1 where it is not shown
-    int sortColumn() const { return m_column; }
-    Qt::SortOrder sortOrder() const { return m_order; }
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;

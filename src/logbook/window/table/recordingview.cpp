@@ -40,7 +40,6 @@ RecordingView::RecordingView(RecordingTable *table, QWidget *parent)
     horizontalHeader()->setSectionsMovable(true);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setContextMenuPolicy(Qt::CustomContextMenu);
-    horizontalHeader()->setSortIndicator(table->sortColumn(), table->sortOrder());
     fitColumns();
     connect(table, SIGNAL(modelAboutToBeReset()), this, SLOT(keepSelection()));
     connect(table, SIGNAL(modelReset()), this, SLOT(restoreSelection()));
@@ -64,7 +63,7 @@ void RecordingView::fitColumns()
 void RecordingView::restoreColumns(const QByteArray &state)
 {
     horizontalHeader()->restoreState(state);
-    setSortingEnabled(true); // sorts as the header says
+    setSortingEnabled(true); // sorts as the header says: by itself by the first column, downwards
 }
 
 int RecordingView::shownColumns() const
@@ -128,13 +127,12 @@ void RecordingView::restoreSelection()
             ++row;
         selection.select(m_table->index(first, 0), m_table->index(row, RecordingColumns::count - 1));
     }
-    const int current = m_table->rowOf(m_current);
-    const QModelIndex index = m_table->index(current, m_currentColumn); // a key's command acts on its column
-    if (current >= 0)
-        selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+    const QModelIndex current // a key's command acts on its column
+        = m_table->index(m_table->rowOf(m_current), m_currentColumn);
+    selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
     selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
-    if (m_selected.contains(m_current) && current >= 0)
-        scrollTo(index);
+    if (m_selected.contains(m_current))
+        scrollTo(current);
     emit selected(); // a reset tells no change
 }
 
