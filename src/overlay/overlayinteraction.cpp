@@ -69,6 +69,12 @@ double OverlayInteraction::columnOf(double place) const
     return layout().columns(m_shown->shownPlaces()).transform(place);
 }
 
+double OverlayInteraction::perPixel() const
+{
+    const QwtScaleMap columns = layout().columns(m_shown->shownPlaces());
+    return columns.sDist() / columns.pDist();
+}
+
 double OverlayInteraction::shareAt(int y) const
 {
     return layout().heights(m_shown->zoom.share(values)).invTransform(y);
@@ -115,7 +121,6 @@ int OverlayInteraction::entryNear(const QPoint &position) const
 void OverlayInteraction::pick(int entry)
 {
     m_shown->picked = entry;
-    m_widget->update();
     emit pickedChanged();
 }
 
@@ -150,7 +155,7 @@ void OverlayInteraction::pressPlot(const QPoint &position, Qt::KeyboardModifiers
         pick(entry);
         m_drag = Drag::Course;
         m_shiftBefore = m_shown->entries[entry].shift;
-        m_secondsPerPixel = m_shown->shownPlaces().length() / (layout().plot().width() - 1);
+        m_secondsPerPixel = perPixel();
         m_widget->setCursor(Qt::SizeHorCursor);
     }
 }
@@ -231,11 +236,9 @@ bool OverlayInteraction::wheel(const QWheelEvent *event)
 
 void OverlayInteraction::moveView(const QPoint &distance)
 {
-    const QRect plot = layout().plot();
-    OverlayRequest &shown = *m_shown;
-    shown.zoom.moveTimes(
-        -distance.x() * shown.shownPlaces().length() / (plot.width() - 1), shown.wholePlaces());
-    shown.zoom.moveValues(distance.y() * shown.zoom.share(values).length() / (plot.height() - 1), values);
+    const QwtScaleMap heights = layout().heights(m_shown->zoom.share(values));
+    m_shown->zoom.moveTimes(-distance.x() * perPixel(), m_shown->wholePlaces());
+    m_shown->zoom.moveValues(distance.y() * heights.sDist() / heights.pDist(), values);
 }
 
 // To whole seconds, as they are told.
@@ -264,7 +267,7 @@ void OverlayInteraction::moveCursor(int direction, Qt::KeyboardModifiers modifie
 {
     const QRect plot = layout().plot();
     const int step = direction * (modifiers & Qt::ShiftModifier ? fast : 1);
-    const double from = direction < 0 ? plot.right() : plot.left();
+    const double from = direction == 1 ? plot.left() : plot.right();
     const double x = m_shown->cursor ? columnOf(*m_shown->cursor) + step : from;
     const double beyond = x - qBound<double>(plot.left(), x, plot.right());
     moveView(QPoint(int(-beyond), 0)); // as far as there is more
@@ -274,9 +277,8 @@ void OverlayInteraction::moveCursor(int direction, Qt::KeyboardModifiers modifie
 void OverlayInteraction::moveCourse(int direction, Qt::KeyboardModifiers modifiers)
 {
     const int step = direction * (modifiers & Qt::ShiftModifier ? fast : 1);
-    const double perPixel = m_shown->shownPlaces().length() / (layout().plot().width() - 1);
     if (m_shown->picked >= 0)
-        shiftPicked(m_shown->entries[m_shown->picked].shift + step * std::max(1.0, perPixel));
+        shiftPicked(m_shown->entries[m_shown->picked].shift + step * std::max(1.0, perPixel()));
 }
 
 void OverlayInteraction::movePart(int direction, Qt::KeyboardModifiers)
@@ -303,7 +305,7 @@ void OverlayInteraction::zoomByKey(int direction, Qt::KeyboardModifiers modifier
 void OverlayInteraction::pickNext(int direction, Qt::KeyboardModifiers)
 {
     const int count = m_shown->entries.size();
-    const int none = direction > 0 ? -1 : count;
+    const int none = direction == 1 ? -1 : count;
     const int from = m_shown->picked < 0 ? none : m_shown->picked;
     pick((from + direction + count) % count);
 }
@@ -314,7 +316,6 @@ void OverlayInteraction::toggleMark(int, Qt::KeyboardModifiers)
         m_shown->marked.reset();
     else
         m_shown->marked = m_shown->cursor.value_or(m_shown->shownPlaces().low);
-    m_widget->update();
 }
 
 void OverlayInteraction::showAll(int, Qt::KeyboardModifiers)

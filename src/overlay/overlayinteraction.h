@@ -42,6 +42,7 @@ private:
     QPoint inPicture(const QPointF &position) const;
     double placeAt(double x) const;
     double columnOf(double place) const;
+    double perPixel() const; ///< what lies along the axis
     double shareAt(int y) const;
     int entryNear(const QPoint &position) const;
     void pointAt(const QPoint &position);

@@ -85,7 +85,12 @@ private slots:
                 {[&] { child->markSaved("/data/b.acp", 3); }, first},
                 {[&] { child->load(storeOf("1"), "/data/one.acp"); }, first}, // one record is no data
                 {[&] { child->load(storeOf("2"), "/data/old.acp"); }, "/data/old.acp"},
-                {[&] { child->setPortName("COM8"); }, "/data/old.acp"}}; // it is saved
+                {[&] { child->setPortName("COM8"); }, "/data/old.acp"}, // it is saved
+                {[&] {
+                     child->load({}, "");
+                     add("1");
+                 },
+                    "/data/old.acp !"}};
         shell->current = true;
         for (const auto &step : steps) {
             step.first();
@@ -316,6 +321,7 @@ private slots:
         child->setSilentSince(QDateTime());
         QCOMPARE(note(), "");
         QCOMPARE(painted("text 'View held   Charge").size(), 1);
+        QCOMPARE(child->spokenText(), "Graph 4, charge, 3xLiPo, 11.6 volts");
         child->finishRecording();
     }
 

@@ -180,7 +180,7 @@ private slots:
         row("from", "cb", [](LogbookFilter &f) { f.from = QDate(2026, 2, 1); });
         row("to, the day included", "ba", [](LogbookFilter &f) { f.to = QDate(2026, 2, 1); });
         row("one day", "b", [](LogbookFilter &f) { f.from = f.to = QDate(2026, 2, 1); });
-        row("no day", "", [](LogbookFilter &f) { f.from = f.to = QDate(2026, 2, 2); });
+        row("no day", "", [](LogbookFilter &f) { f.to = QDate(2026, 1, 31), f.from = QDate(2026, 1, 2); });
         row("a day in words", "b", [](LogbookFilter &f) { f.text = "2026-02-01"; });
         row("a day as it is shown", "b",
             [](LogbookFilter &f) { f.text = QLocale().toString(QDate(2026, 2, 1), QLocale::ShortFormat); });
@@ -196,7 +196,7 @@ private slots:
     {
         Logbook logbook;
         LogbookEditor editor(&logbook);
-        const auto day = [](int month) { return QDateTime(QDate(2026, month, 1), QTime(23, 59)); };
+        const auto day = [](int month) { return QDateTime(QDate(2026, month, 1), QTime(0, 0)); };
         logbook.take(entry("/a", "COM3", 5, day(1)));
         logbook.take(entry("/b", "COM3", 4, day(2)));
         logbook.take(entry("/c", "COM3", 5, day(3)));

@@ -122,9 +122,9 @@ private slots:
         row("20 | 0 | 1 | linedUp value=5",
             "Current; A 00:19:00   1900 mAh, B --.-, C 00:00:00   0 mAh; 00:00:00@0 00:10:00@600; "
             "0.0@0 0.5@0.5 1.0@1 1.5@1.5 2.0@2 2.5@2.5; ");
-        row("11 | 1 | shift=0,1800",
-            "Pack voltage; A 00:10:00   1000 mAh, B (+00:30:00) 00:00:00   0 mAh; 00:00:00@0 00:10:00@600 "
-            "00:20:00@1200 00:30:00@1800; 11.3@11.3 11.4@11.4 11.5@11.5; ");
+        row("11 | 1 | shift=-1,1800",
+            "Pack voltage; A (-00:00:01) 00:10:00   1000 mAh, B (+00:30:00) 00:00:00   0 mAh; 00:00:00@0 00:15:00@900 "
+            "00:30:00@1800; 11.3@11.3 11.4@11.4 11.5@11.5; ");
         row("20 | marked=0 cursor=0",
             "Pack voltage   Δ 00:00:00; A Δ 0.000 V   0 mAh; 00:00:00@0 00:10:00@600; 11.4@11.4 11.5@11.5 "
             "11.6@11.6; ");
@@ -236,10 +236,10 @@ private slots:
         row("20 | 20 | size=1280,500 scale=2 distinct picked=0",
             "curve 112,372 874,118 of 20 #ffb000; curve 112,372 874,118 of 20 pen2 #ffffff");
         row("20 | 20 | 20 | size=800,80",
-            "text 'A' left 588,32 11 Arial #ff0022; text '00:19:00   1900 mAh' right 798,32 11 Arial #ffffff; "
+            "text 'Pack voltage' mid 400,11 12 Arial #ffffff; text 'A' left 588,32 11 Arial #ff0022; text '00:19:00   1900 mAh' right 798,32 11 Arial #ffffff; "
             "rect 560,30 24x3 #ff0022; rect 560,49 24x3 #00bb00; rect 560,68 24x3 #0066ff");
         row("20 | zoom=300,600,0,0.5 white distinct",
-            "curve -77,224 852,-33 of 8 pen2 #000000; text '00:06:00' mid 189,586 11 Arial #000000");
+            "curve -77,224 852,-33 of 8 pen2 #000000; in 56,22 664x552 #000000; text '00:06:00' mid 189,586 11 Arial #000000");
     }
 
     void paints()
@@ -252,6 +252,7 @@ private slots:
         for (PaintLog *log : {&first, &last}) { // once more with what was found
             QPainter painter(log);
             overlay.paint(&painter, shown);
+            QVERIFY(painter.transform().isIdentity());
         }
         QCOMPARE(last.lines(), first.lines());
         OverlayRequest other = shown; // of which nothing that was found holds
@@ -276,11 +277,20 @@ private slots:
     void steps_data();
     void steps();
 
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        isPainted = isPainted || event->type() == QEvent::UpdateRequest;
+        return false;
+    }
+
 private:
     void run(const QString &command);
-    QString view() const;
+    QString view();
 
     std::unique_ptr<OverlayPlot> plot;
+    bool isPainted = false; // since the step before
+    QString seen; // then
     ViewState state;
 };
 
@@ -324,7 +334,8 @@ turn -9 387,297; turn -9 387,297 ctrl = all cursor 331
 turn 1 730,100 = no
 click middle 387,297 = 166..497 25..75 cursor 331
 click middle 387,297 ctrl = all cursor 331
-click middle 387,297; drag right 387,297 487,297 = 116..447 25..75 cursor 331
+click middle 387,297; press right 387,297; move right 437,297 = 141..472 25..75 held
+move right 487,297; release right 487,297 = 116..447 25..75 cursor 331
 drag right 387,297 387,407 = 116..447 35..85 cursor 281
 press right 387,297 = 116..447 35..85 cursor 281 held
 key Escape; move left 400,300 = 116..447 35..85 cursor 281
@@ -353,6 +364,8 @@ drag left 156,40 96,40 ctrl = all cursor -26 picked A shift -74,51
 charge; drag left 156,40 96,40 ctrl = all cursor 4000 picked A shift -74,51
 key Delete; charge = all shift 51
 key Delete = all)");
+    add("moving from the first record on", R"(
+drag left 56,560 656,560 ctrl = all cursor 1143 picked B shift 600)");
     add("what changes the axes", R"(
 drag left 156,160 356,435; value 5 = 100..300 0..100 cursor 190
 charge = all
@@ -366,7 +379,10 @@ void TestOverlay::steps()
     plot = std::make_unique<OverlayPlot>(&state);
     plot->resize(size);
     plot->show();
+    QVERIFY(QTest::qWaitForWindowExposed(plot.get()));
     plot->setEntries(requestOf("664 period=1 | 664 period=1 voltage=9000").entries);
+    plot->installEventFilter(this);
+    seen = "all";
     const QStringList lines = script.split('\n');
     for (const QString &line : lines) {
         const QStringList commands = line.section(" = ", 0, 0).split("; ");
@@ -428,7 +444,7 @@ void TestOverlay::run(const QString &command)
         plot->setLinedUp(true);
 }
 
-QString TestOverlay::view() const
+QString TestOverlay::view()
 {
     const OverlayRequest &shown = plot->shown();
     if (!plot->property("meant").toBool())
@@ -460,6 +476,9 @@ QString TestOverlay::view() const
             shifts.append(QString::number(entry.shift));
     if (!shifts.isEmpty())
         text += " shift " + shifts.join(',');
+    QCoreApplication::sendPostedEvents();
+    if (text != std::exchange(seen, text) && !std::exchange(isPainted, false))
+        text += ", not painted";
     const Qt::CursorShape pointer = plot->cursor().shape();
     return text
         + (pointer == Qt::ClosedHandCursor     ? " held"

@@ -56,9 +56,11 @@ private slots:
         shift->setValue(30);
         QTest::keyClick(overlay()->plot(), Qt::Key_Down, Qt::ControlModifier);
         QCOMPARE(shift->value(), 0);
-        QCOMPARE(overlay()->plot()->shown().entries[0].shift, 30.0);
+        QTest::keyClick(overlay()->plot(), Qt::Key_Up, Qt::ControlModifier);
+        QCOMPARE(shift->value(), 30);
         overlay()->findChild<QComboBox *>("overlayAxis")->setCurrentIndex(1);
         QVERIFY(!shift->isEnabled());
+        QCOMPARE(overlay()->plot()->shown().entries[0].shift, 30.0);
         overlay()->resize(overlay()->width(), 470);
         QTest::keyClick(overlay(), Qt::Key_Escape); // the pick
         QTest::keyClick(overlay()->plot(), Qt::Key_Escape);

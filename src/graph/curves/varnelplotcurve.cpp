@@ -38,7 +38,6 @@ void VarnelPlotCurve::drawLines(QPainter *painter, const QwtScaleMap &xMap, cons
 {
     const bool hadClipping = painter->hasClipping();
     painter->setClipRect(canvasRect);
-    painter->setClipping(true);
     QwtPlotCurve::drawLines(painter, xMap, yMap, canvasRect, from, to);
     painter->setClipping(hadClipping);
 }

@@ -30,9 +30,9 @@ void add(QVector<QPointF> *outline, const QPointF &point)
 void addStretch(QVector<QPointF> *outline, const Samples &samples, int begin, int end, bool isInside)
 {
     add(outline, samples.point(begin));
-    if (isInside && end - begin > 2) {
+    if (isInside) {
         const auto [low, high] = std::minmax_element(samples.values + begin, samples.values + end);
-        const double x = samples.x(begin + (end - begin) / 2);
+        const double x = samples.x(begin);
         add(outline, {x, samples.yOf(double(*low))});
         add(outline, {x, samples.yOf(double(*high))});
     }

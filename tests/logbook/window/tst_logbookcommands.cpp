@@ -1,4 +1,5 @@
 #include "logbook/window/course/coursecanvas.h"
+#include "logbook/window/dialogs/foldersdialog.h"
 #include "logbook/window/dialogs/notedialog.h"
 #include "logbook/window/dialogs/packchoice.h"
 #include "logbook/window/dialogs/packdialog.h"
@@ -147,6 +148,24 @@ private slots:
             box->reject();
         });
         trigger("Delete file...");
+        whenModal<FoldersDialog>(window.get(), [](FoldersDialog *dialog) {
+            dialog->add("/r");
+            dialog->accept();
+        });
+        trigger("Folders...");
+        QCOMPARE(logbook->folders(), QStringList{"/r"});
+        for (int day = 100; day < 117; ++day)
+            add(logbook.get(), sampleRecording(day, Varnel::Charge, 100));
+        QTRY_COMPARE(window->shownIds().size(), 21);
+        QSignalSpy opened(window.get(), SIGNAL(openWanted(QStringList)));
+        view()->selectAll();
+        whenModal<QMessageBox>(window.get(), [](QMessageBox *box) { box->reject(); });
+        trigger("Open");
+        QCOMPARE(opened.size(), 0);
+        view()->selectionModel()->select(
+            view()->model()->index(0, 0), QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
+        trigger("Open"); // of twenty without a question
+        QCOMPARE(opened.size(), 1);
     }
 
     /// What has changed while it was closed is shown when it opens again; Escape and menus.
@@ -163,16 +182,24 @@ private slots:
         QCOMPARE(window->shownIds().size(), 4);
         window->show();
         QCOMPARE(window->shownIds().size(), 5);
-        const std::pair<QWidget *, const char *> menus[] = {{view(), "Open"}, {packs(), "New pack..."},
-            {window->findChild<CourseCanvas *>()->parentWidget(), "Save picture..."},
-            {view()->horizontalHeader(), "Explain row"}};
-        for (const auto &[on, first] : menus) {
+        const std::pair<QWidget *, const char *> menus[] = {
+            {view(),
+                "Open,Overlay,Show in folder,,Assign to pack...,Assign to offered pack,Assign to none,Note...,,Delete file...,Remove from logbook,,Export as CSV...,Print table...,,Close"},
+            {packs(), "New pack...,Rename or change pack...,Merge packs...,Take apart...,,Remove pack"},
+            {window->findChild<CourseCanvas *>()->parentWidget(), "Save picture...,Print chart..."},
+            {view()->horizontalHeader(),
+                "Explain row,,Sort by column,Move column left,Move column right,Hide column,Show all columns,Columns"}};
+        for (const auto &[on, texts] : menus) {
             auto *area = qobject_cast<QAbstractScrollArea *>(on);
             QWidget *under = area ? area->viewport() : on;
             QContextMenuEvent asked(QContextMenuEvent::Mouse, {5, 5}, under->mapToGlobal({5, 5}));
             QCoreApplication::sendEvent(under, &asked);
             auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-            QVERIFY2(menu && menu->actions().constFirst()->text().remove('&') == first, first);
+            QStringList found;
+            const auto actions = menu->actions();
+            for (const QAction *one : actions)
+                found += one->text().remove('&');
+            QCOMPARE(found.join(','), texts);
             menu->close();
         }
         QCOMPARE(view()->currentIndex().column(), view()->horizontalHeader()->logicalIndexAt(5));

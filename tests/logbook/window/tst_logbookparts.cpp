@@ -21,6 +21,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
+#include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -95,8 +96,11 @@ private slots:
         }
         const QString tip = table.index(3, 0).data(Qt::ToolTipRole).toString();
         QVERIFY(tip.startsWith("<img src='data:image/png;base64,iVBOR") && tip.endsWith("</p>"));
-        QVERIFY2(tip.contains("12:00<br>Pack: A<br>Device: Varnel 3<br>Port: COM3<br>Process: Discharge<br>"
-                              "Chemistry: LiPo<br>Cells: 6<br>Duration: 01:00:00<br>Charge [mAh]: 4800<br>"),
+        QVERIFY2(
+            tip.contains(
+                "12:00<br>Pack: A<br>Device: Varnel 3<br>Port: COM3<br>Process: Discharge<br>"
+                "Chemistry: LiPo<br>Cells: 6<br>Duration: 01:00:00<br>Charge [mAh]: 4800<br>"
+                "Energy [Wh]: 106.56<br>Start [V]: 25.00<br>End [V]: 19.80<br>Resistance [mΩ]: 20<br>Spread"),
             qPrintable(tip));
         QVERIFY(curveToolTip({}, "<a>").startsWith("<p style='white-space:pre'>&lt;a&gt;</p>"));
         QVERIFY(!table.data({}).isValid() && !table.index(0, 0).data(Qt::CheckStateRole).isValid());
@@ -425,7 +429,8 @@ private slots:
         note.findChild<QPlainTextEdit *>()->clear();
         QCOMPARE(note.findChild<QLabel *>()->text(), QString("2026-05-03"));
         FoldersDialog folders("/own", {"/b", "/a"}, nullptr);
-        QVERIFY(folders.findChild<QLabel *>()->text().contains("/own"));
+        const auto *told = folders.findChild<QLabel *>();
+        QVERIFY(told->text().contains("/own") && told->wordWrap());
         for (const char *folder : {"/a", "", "/c"})
             folders.add(folder);
         QCOMPARE(folders.folders(), (QStringList{"/b", "/a", "/c"}));
@@ -458,6 +463,12 @@ private slots:
             const auto shownLabels = dialog->findChildren<QLabel *>();
             for (const QLabel *label : shownLabels)
                 QCOMPARE(label->textFormat(), Qt::PlainText); // of files and packs
+            for (const auto &[button, result] : {std::pair(QDialogButtonBox::Ok, QDialog::Accepted),
+                     std::pair(QDialogButtonBox::Cancel, QDialog::Rejected)}) {
+                dialog->show();
+                dialog->findChild<QDialogButtonBox *>()->button(button)->click();
+                QVERIFY(!dialog->isVisible() && dialog->result() == result);
+            }
         }
         QVERIFY(note.findChild<QPlainTextEdit *>()->tabChangesFocus());
         auto *list = choice.findChild<QListWidget *>();
