@@ -96,7 +96,7 @@ private slots:
             step.first();
             QCOMPARE(title(), step.second);
         }
-        QCOMPARE(shell->taken().last(), "show 60 s, 0 mAh, of 4");
+        QCOMPARE(shell->taken().filter("60 s").last(), "show 60 s, 0 mAh, of 4");
         QCOMPARE(child->sourceName() + ' ' + child->portName(), "old.acp COM8 COM8");
     }
 
@@ -321,7 +321,7 @@ private slots:
         child->setSilentSince(QDateTime());
         QCOMPARE(note(), "");
         QCOMPARE(painted("text 'View held   Charge").size(), 1);
-        QCOMPARE(child->spokenText(), "Graph 4, charge, 3xLiPo, 11.6 volts");
+        QCOMPARE(child->spokenText(), "Graph 4, charge, 3 x LiPo, 11.4 volts");
         child->finishRecording();
     }
 

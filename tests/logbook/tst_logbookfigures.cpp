@@ -164,8 +164,9 @@ private slots:
         for (const auto &[at, height] :
             {std::pair(0, 0), std::pair(7, 85), std::pair(21, 255), std::pair(63, 128)})
             QCOMPARE(int(uchar(mixed.curve[at])), height);
-        const LogbookFigures still = figuresOf({record(7, 8000, 1), record(7, 9000, 1)});
-        QCOMPARE(int(uchar(still.curve[21])), 85);
+        for (const LogbookFigures &still : {figuresOf({record(7, 8000, 1), record(7, 9000, 1)}),
+                 figuresOf({record(7, 8000, 1), record(9, 9000, 1), record(9, 9000, 1)})})
+            QCOMPARE(int(uchar(still.curve[21])), 85);
         constexpr int most = std::numeric_limits<int>::max();
         Varnel3Data first = record(-most, -most, most);
         Varnel3Data last = record(most, most, most);

@@ -46,15 +46,9 @@ struct Clock {
 // What the clock of `record` is beyond that of its time: nothing, unless somebody has set it otherwise.
 Clock beyondTime(const Varnel3Data &record)
 {
-    const bool isTime = unsigned(record.minute) < 60 && unsigned(record.second) < 60 && record.time >= 0
-        && (qint64(record.hour) * 60 + record.minute) * 60 + record.second == record.time;
-    if (isTime)
-        return {0, 0, 0};
-    Varnel3Data clock;
-    clock.setTime(record.time);
-    return {int(quint32(record.hour) - quint32(clock.hour)),
-        int(quint32(record.minute) - quint32(clock.minute)),
-        int(quint32(record.second) - quint32(clock.second))};
+    const auto beyond = [](int told, int own) { return int(quint32(told) - quint32(own)); };
+    return {beyond(record.hour, record.time / 3600), beyond(record.minute, record.time % 3600 / 60),
+        beyond(record.second, record.time % 60)};
 }
 
 constexpr int strideFor(int capacity)

@@ -84,12 +84,6 @@ private:
     qint16 m_beyond[length]; // each figure's
 };
 
-bool isNear(const int *figures)
-{
-    const int rise = int(quint32(figures[length - 1]) - quint32(figures[0]));
-    return rise >= INT16_MIN && rise <= INT16_MAX;
-}
-
 PackedColumn rangeOf(const int *figures)
 {
     __m128i low = load(figures);
@@ -127,14 +121,12 @@ PackedColumn PackedColumn::pack(const int *figures, char *block, quint32 *end)
         return {figures[0], figures[0], *end};
     char *const bytes = block + *end;
 #if defined(__SSE2__)
-    if (isNear(figures)) {
-        const NearNumbers near(figures);
-        if (near.areExact()) {
-            const PackedColumn column = {near.low(), near.high(), *end};
-            near.narrow(column.width(), bytes);
-            *end += quint32(column.width() * length);
-            return column;
-        }
+    const NearNumbers near(figures);
+    if (near.areExact()) {
+        const PackedColumn column = {near.low(), near.high(), *end};
+        near.narrow(column.width(), bytes);
+        *end += quint32(column.width() * length);
+        return column;
     }
 #endif
     PackedColumn column = rangeOf(figures);

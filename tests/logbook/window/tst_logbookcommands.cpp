@@ -148,12 +148,6 @@ private slots:
             box->reject();
         });
         trigger("Delete file...");
-        whenModal<FoldersDialog>(window.get(), [](FoldersDialog *dialog) {
-            dialog->add("/r");
-            dialog->accept();
-        });
-        trigger("Folders...");
-        QCOMPARE(logbook->folders(), QStringList{"/r"});
         for (int day = 100; day < 117; ++day)
             add(logbook.get(), sampleRecording(day, Varnel::Charge, 100));
         QTRY_COMPARE(window->shownIds().size(), 21);
@@ -166,6 +160,12 @@ private slots:
             view()->model()->index(0, 0), QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
         trigger("Open"); // of twenty without a question
         QCOMPARE(opened.size(), 1);
+        whenModal<FoldersDialog>(window.get(), [](FoldersDialog *dialog) {
+            dialog->add("/r");
+            dialog->accept();
+        });
+        trigger("Folders...");
+        QCOMPARE(logbook->folders(), QStringList{"/r"});
     }
 
     /// What has changed while it was closed is shown when it opens again; Escape and menus.
