@@ -39,10 +39,7 @@ private slots:
 
     void lettersDiffer_data()
     {
-        columns<QString, QString>({"texts", "given"});
-        const auto row = [](const char *texts, const char *given) {
-            QTest::newRow(texts) << QString::fromUtf8(texts) << QString::fromUtf8(given);
-        };
+        const auto row = columnsOf<QString, QString>({"texts", "given"});
         row("Open file,Open more", "&Open file,Open &more");
         row("Save as,E&xit,Set time", "&Save as,E&xit,Set &time");
         row("xx,E&xit,Lux", "xx,E&xit,&Lux"); // nothing is left for the first

@@ -64,9 +64,7 @@ private:
 /// "ctrl", "shift", "alt" are held; a wheel that turns "sideways".
 void TestGraphInteraction::steps_data()
 {
-    const auto row = columns<QString, QString>({"records", "script"});
-    const auto add
-        = [&](auto name, auto records, auto script) { row(name, records, QString(script).trimmed()); };
+    const auto add = columns<QString, QString>({"records", "script"});
     add("pointing", usual, R"(
 hover 40,100 = all cursor 0 shows 0
 hover 44,100 = all cursor 0 shows 0
@@ -280,7 +278,7 @@ void TestGraphInteraction::steps()
     connect(interaction, SIGNAL(recordPointedAt(int)), this, SLOT(point(int)));
     seen = "all";
     pointed = -1;
-    const QStringList lines = script.split('\n');
+    const QStringList lines = script.trimmed().split('\n');
     for (const QString &line : lines) {
         const QStringList commands = line.section(" = ", 0, 0).split("; ");
         QString told;

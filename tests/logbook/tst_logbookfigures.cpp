@@ -1,9 +1,6 @@
 #include "data/records/recordlist.h"
 #include "logbook/logbookfigures.h"
 #include "series/seriesstore.h"
-#include "simulator/linewriter.h"
-#include "simulator/process.h"
-#include "support/seed.h"
 
 #include <QtTest>
 
@@ -90,44 +87,32 @@ private slots:
     }
 
     // All counts to the mark or letter; six records are needed for a mark.
-    void counted_data()
-    {
-        QTest::addColumn<int>("count");
-        QTest::addColumn<int>("letterAt");
-        QTest::addColumn<char>("letter");
-        QTest::addColumn<int>("markAt");
-        QTest::addColumn<int>("last");
-        QTest::addColumn<int>("end");
-        QTest::newRow("nothing") << 0 << -1 << '_' << -1 << -1 << int(Varnel3Data::NoEnd);
-        QTest::newRow("one") << 1 << -1 << '_' << -1 << 0 << int(Varnel3Data::NoEnd);
-        QTest::newRow("no end") << 8 << -1 << '_' << -1 << 7 << int(Varnel3Data::NoEnd);
-        QTest::newRow("done") << 8 << 4 << 'E' << -1 << 4 << int(Varnel3Data::Completed);
-        QTest::newRow("done at once") << 8 << 0 << 'E' << -1 << 0 << int(Varnel3Data::Completed);
-        QTest::newRow("stopped") << 8 << 7 << 'M' << -1 << 7 << int(Varnel3Data::Aborted);
-        QTest::newRow("marked, then an error") << 8 << 6 << 'S' << 3 << 3 << int(Varnel3Data::Failed);
-        QTest::newRow("just long enough") << 6 << -1 << '_' << 2 << 2 << int(Varnel3Data::NoEnd);
-        QTest::newRow("too short for a mark") << 5 << -1 << '_' << 2 << 4 << int(Varnel3Data::NoEnd);
-    }
-
     void counted()
     {
-        QFETCH(int, count);
-        QFETCH(int, letterAt);
-        QFETCH(char, letter);
-        QFETCH(int, markAt);
-        QFETCH(int, last);
-        QVector<Varnel3Data> records;
-        for (int i = 0; i < count; ++i)
-            records += record(i, 8000 - i, 1000, i == letterAt ? letter : '_', i == markAt ? 'E' : '_');
-        const LogbookFigures figures = figuresOf(records);
-        QCOMPARE(figures.records, count);
-        QTEST(figures.end, "end");
-        QCOMPARE(figures.duration, qMax(0, last));
-        QCOMPARE(figures.endVoltage, last < 0 ? 0 : 8000 - last);
-        QCOMPARE(figures.charge, markAt >= 0 && count >= 6 ? markAt : qMax(0, count - 1)); // as compared
-        QCOMPARE(figures.spread, count > 0 ? 30 : -1);
-        QCOMPARE(figures.curve.isEmpty(), last < 1);
-        QCOMPARE(figures.energy == 0, last < 1);
+        struct Case {
+            int count, letterAt;
+            char letter;
+            int markAt, last, end;
+        };
+        const Case cases[] = {{0, -1, '_', -1, -1, Varnel3Data::NoEnd},
+            {1, -1, '_', -1, 0, Varnel3Data::NoEnd}, {8, -1, '_', -1, 7, Varnel3Data::NoEnd},
+            {8, 4, 'E', -1, 4, Varnel3Data::Completed}, {8, 0, 'E', -1, 0, Varnel3Data::Completed},
+            {8, 7, 'M', -1, 7, Varnel3Data::Aborted}, {8, 6, 'S', 3, 3, Varnel3Data::Failed},
+            {6, -1, '_', 2, 2, Varnel3Data::NoEnd}, {5, -1, '_', 2, 4, Varnel3Data::NoEnd}};
+        for (const auto &[count, letterAt, letter, markAt, last, end] : cases) {
+            QVector<Varnel3Data> records;
+            for (int i = 0; i < count; ++i)
+                records += record(i, 8000 - i, 1000, i == letterAt ? letter : '_', i == markAt ? 'E' : '_');
+            const LogbookFigures figures = figuresOf(records);
+            QCOMPARE(figures.records, count);
+            QCOMPARE(figures.end, end);
+            QCOMPARE(figures.duration, qMax(0, last));
+            QCOMPARE(figures.endVoltage, last < 0 ? 0 : 8000 - last);
+            QCOMPARE(figures.charge, markAt >= 0 && count >= 6 ? markAt : qMax(0, count - 1)); // as compared
+            QCOMPARE(figures.spread, count > 0 ? 30 : -1);
+            QCOMPARE(figures.curve.isEmpty(), last < 1);
+            QCOMPARE(figures.energy == 0, last < 1);
+        }
     }
 
     // From the eighteenth record on the smoothed one; before, as it was measured.
@@ -177,44 +162,6 @@ private slots:
         QCOMPARE(wild.duration, most);
         QCOMPARE(wild.spread, most);
         QVERIFY(std::isfinite(wild.energy));
-    }
-
-    // Against what a simulated process has done, second by second, told by its own figures.
-    void simulated()
-    {
-        const unsigned seed = randomSeed();
-        for (const char *description : {"COM1:varnel3,balance,cells=4,capacity=300,failing=3,age=40",
-                 "COM1:varnel3,mode=discharge,balance,cells=6,capacity=300,weak=2",
-                 "COM1:varnel3,mode=discharge,chemistry=Pb,cells=6,capacity=400",
-                 "COM1:varnel2plus,chemistry=NiMh,cells=5,capacity=200"}) {
-            QString error;
-            const sim::DeviceSettings settings
-                = sim::DeviceSettings::parse(QLatin1String(description), &error);
-            QVERIFY2(error.isEmpty(), qPrintable(error));
-            sim::Process process(settings, seed);
-            QVector<Varnel3Data> records;
-            double wattSeconds = 0;
-            sim::Reading reading;
-            while (!process.finished()) {
-                reading = process.next();
-                wattSeconds += reading.millivolts * 1e-3 * reading.milliamps * 1e-3;
-                Varnel3Data data;
-                QVERIFY(data.parseLine(QString::fromLatin1(sim::measurementLine(reading).trimmed())));
-                records += data;
-            }
-            const LogbookFigures figures = figuresOf(records);
-            QCOMPARE(figures.duration, reading.seconds - records.first().time);
-            QCOMPARE(figures.charge, reading.milliampHours);
-            QCOMPARE(figures.endVoltage, reading.millivolts);
-            QVERIFY(qAbs(figures.energy / (wattSeconds / 3600) - 1) < 0.005);
-            if (reading.cellData) {
-                const auto [low, high]
-                    = std::minmax_element(reading.cells.begin(), reading.cells.begin() + reading.cellCount,
-                        [](const auto &a, const auto &b) { return a.millivolts < b.millivolts; });
-                QCOMPARE(figures.spread, high->millivolts - low->millivolts);
-                QCOMPARE(figures.lowestCell, int(low - reading.cells.begin()));
-            }
-        }
     }
 };
 

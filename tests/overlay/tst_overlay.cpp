@@ -89,10 +89,7 @@ private slots:
     /// Heading; rows; places; values; why there is no curve.
     void scenes_data()
     {
-        columns<QString, QString>({"request", "told"});
-        const auto row = [](const char *request, const char *told) {
-            QTest::newRow(request) << QString(request) << QString::fromUtf8(told);
-        };
+        const auto row = columnsOf<QString, QString>({"request", "told"});
         row("", "Pack voltage; ; ; ; No recording is shown: add files, or take the open graph windows.");
         row("2 celldata=0 | value=1",
             "Mean cell; A 00:01:00   100 mAh; ; ; None of these recordings has such values.");
@@ -206,10 +203,7 @@ private slots:
 
     void paints_data()
     {
-        columns<QString, QString>({"request", "painted"});
-        const auto row = [](const char *request, const char *painted) {
-            QTest::newRow(request) << QString(request) << QString::fromUtf8(painted);
-        };
+        const auto row = columnsOf<QString, QString>({"request", "painted"});
         row("20 | 11 | picked=1 cursor=570 marked=285",
             "text 'A' left 758,30 11 Arial #ff0022; "
             "rect 0,0 1000x600 #000000; line 230,22 230,573 dash1,2 #505050; line 230,575 230,578 #aaaaaa; "
@@ -299,9 +293,7 @@ private:
 /// NAME   leave   value N   charge   lineUp; "ctrl", "shift", "alt" are held.
 void TestOverlay::steps_data()
 {
-    columns<QString>({"script"});
-    const auto add
-        = [](const char *name, const char *script) { QTest::newRow(name) << QString(script).trimmed(); };
+    const auto add = columns<QString>({"script"});
     add("pointing", R"(
 hover 56,100 = all cursor 0
 hover 156,100 = all cursor 100
@@ -383,7 +375,7 @@ void TestOverlay::steps()
     plot->setEntries(requestOf("664 period=1 | 664 period=1 voltage=9000").entries);
     plot->installEventFilter(this);
     seen = "all";
-    const QStringList lines = script.split('\n');
+    const QStringList lines = script.trimmed().split('\n');
     for (const QString &line : lines) {
         const QStringList commands = line.section(" = ", 0, 0).split("; ");
         for (const QString &command : commands)

@@ -10,60 +10,52 @@ class TestOverlayCourses : public QObject {
 
 private slots:
     /// Which values there are, as digits; where the current starts; the points next to some places.
-    void courses_data()
-    {
-        columns<QString, QString, QString>({"records", "told", "near"});
-        const auto row = [](const char *records, const char *told, const char *near = "") {
-            QTest::newRow(records) << QString(records) << QString(told) << QString(near);
-        };
-        row("20", "01234567 start 0 time 0..1140 charge 0..1900", "-1:-1 29:0 31:1 1140:19 1141:-1");
-        row("17", "0123456 start 0 time 0..960 charge 0..1600");
-        row("20 mode=1 temperature=0", "012345 start 0 time 0..1140 charge 0..1900");
-        row("20 celldata=0 resistance=0", "056 start 0 time 0..1140 charge 0..1900");
-        row("10 current=0 current@3=100 current@5-9=1001", "0123456 start 5 time 0..540 charge 0..900");
-        row("10 current=-2000 current@0-1=-199", "0123456 start 2 time 0..540 charge 0..900");
-        row("10 current=0 current@3=1000 current@5-9=10000", "0123456 start 3 time 0..540 charge 0..900");
-        row("10 current=0 current@3-9=900", "0123456 start 3 time 0..540 charge 0..900");
-        row("4 current=0", "0123456 start 0 time 0..180 charge 0..300");
-        row("6 period@3=-100", "0123456 start 0 time 0..140 charge 0..500 back",
-            "19:3 21:3 141:-1 79:4 70:1");
-        row("4 period@1-3=0", "0123456 start 0 time 0..0 charge 0..300", "0:0 1:-1");
-        row("5 period@2-3=0", "0123456 start 0 time 0..120 charge 0..400", "80:1 100:4");
-        row("0", "");
-    }
-
     void courses()
     {
-        QFETCH(QString, records);
-        const OverlayCourse course(storeOf(records));
-        QString told;
-        for (int value = 0; value < int(OverlayValue::Count); ++value)
-            told += course.has(OverlayValue(value)) ? QString::number(value) : QString();
-        if (course.size() > 0)
-            told += QString(" start %1 time %2..%3 charge %4..%5%6")
-                        .arg(course.currentStart())
-                        .arg(course.reach(OverlayAxis::Time).low)
-                        .arg(course.reach(OverlayAxis::Time).high)
-                        .arg(course.reach(OverlayAxis::Charge).low)
-                        .arg(course.reach(OverlayAxis::Charge).high)
-                        .arg(course.isAscending(OverlayAxis::Time) ? "" : " back");
-        QTEST(told, "told");
-        QFETCH(QString, near);
-        const QStringList places = near.split(' ', Qt::SkipEmptyParts);
-        for (const QString &place : places)
-            QCOMPARE(course.pointAt(OverlayAxis::Time, place.section(':', 0, 0).toDouble()),
-                place.section(':', 1).toInt());
+        const std::tuple<QString, QString, QString> cases[] = {
+            {"20", "01234567 start 0 time 0..1140 charge 0..1900", "-1:-1 29:0 31:1 1140:19 1141:-1"},
+            {"17", "0123456 start 0 time 0..960 charge 0..1600", ""},
+            {"20 mode=1 temperature=0", "012345 start 0 time 0..1140 charge 0..1900", ""},
+            {"20 celldata=0 resistance=0", "056 start 0 time 0..1140 charge 0..1900", ""},
+            {"10 current=0 current@3=100 current@5-9=1001", "0123456 start 5 time 0..540 charge 0..900", ""},
+            {"10 current=-2000 current@0-1=-199", "0123456 start 2 time 0..540 charge 0..900", ""},
+            {"10 current=0 current@3=1000 current@5-9=10000", "0123456 start 3 time 0..540 charge 0..900",
+                ""},
+            {"10 current=0 current@3-9=900", "0123456 start 3 time 0..540 charge 0..900", ""},
+            {"4 current=0", "0123456 start 0 time 0..180 charge 0..300", ""},
+            {"6 period@3=-100", "0123456 start 0 time 0..140 charge 0..500 back",
+                "19:3 21:3 141:-1 79:4 70:1"},
+            {"4 period@1-3=0", "0123456 start 0 time 0..0 charge 0..300", "0:0 1:-1"},
+            {"5 period@2-3=0", "0123456 start 0 time 0..120 charge 0..400", "80:1 100:4"}, {"0", "", ""}};
+        for (const auto &[records, wanted, near] : cases) {
+            const OverlayCourse course(storeOf(records));
+            QString told;
+            for (int value = 0; value < int(OverlayValue::Count); ++value)
+                told += course.has(OverlayValue(value)) ? QString::number(value) : QString();
+            const auto reach = [&](OverlayAxis axis) {
+                return QString("%1..%2").arg(course.reach(axis).low).arg(course.reach(axis).high);
+            };
+            if (course.size() > 0)
+                told += QString(" start %1 time ").arg(course.currentStart()) + reach(OverlayAxis::Time)
+                    + " charge " + reach(OverlayAxis::Charge)
+                    + (course.isAscending(OverlayAxis::Time) ? "" : " back");
+            QCOMPARE(told, wanted);
+            const QStringList places = near.split(' ', Qt::SkipEmptyParts);
+            for (const QString &place : places)
+                QCOMPARE(course.pointAt(OverlayAxis::Time, place.section(':', 0, 0).toDouble()),
+                    place.section(':', 1).toInt());
+        }
     }
 
     void outlineCoversAllSamples_data()
     {
-        columns<double, double, int, int>({"from", "to", "jump", "most"});
-        QTest::newRow("all") << 0.0 << 20000.0 << 0 << 2500;
-        QTest::newRow("zoomed") << 9000.0 << 9400.0 << 0 << 500;
-        QTest::newRow("three a column") << 9000.0 << 10797.0 << 0 << 2600;
-        QTest::newRow("beside") << 30000.0 << 40000.0 << 0 << 4;
-        QTest::newRow("set back") << 0.0 << 20000.0 << 500 << 100000;
-        QTest::newRow("set back again and again") << 0.0 << 15999.0 << 1 << 2000;
+        const auto row = columns<double, double, int, int>({"from", "to", "jump", "most"});
+        row("all", 0, 20000, 0, 2500);
+        row("zoomed", 9000, 9400, 0, 500);
+        row("three a column", 9000, 10797, 0, 2600);
+        row("beside", 30000, 40000, 0, 4);
+        row("set back", 0, 20000, 500, 100000);
+        row("set back again and again", 0, 15999, 1, 2000);
     }
 
     /// On each half column the lowest and the highest, the first and the last of all; few points.

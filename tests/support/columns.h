@@ -11,3 +11,11 @@ auto columns(const char *const (&names)[sizeof...(Types)])
     (QTest::addColumn<Types>(*name++), ...);
     return [](const char *row, const Types &...values) { (QTest::newRow(row) << ... << values); };
 }
+
+/// The same, where the first column names the row, too: row("charge", "Charge").
+template <typename... Types>
+auto columnsOf(const char *const (&names)[sizeof...(Types)])
+{
+    return [row = columns<Types...>(names)](
+               const char *first, const auto &...others) { row(first, first, others...); };
+}

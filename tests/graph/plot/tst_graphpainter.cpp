@@ -88,8 +88,7 @@ private:
 /// order.
 void TestGraphPainter::paints_data()
 {
-    const auto row = columns<QString, QString, QString>({"graph", "part", "commands"});
-    const auto add = [&](auto graph, auto part, auto commands) { row(graph, graph, part, commands); };
+    const auto add = columnsOf<QString, QString, QString>({"graph", "part", "commands"});
     add("20", ".", R"(
 fill 0 0 500 300 #000000; fill 1 278 10 21 #ffff00; pen #000000; font 13; mid 1 278 10 21 3
 pen #ffffff; font 12; mid 0 0 500 21 Charge  3xLiPo  11,59 V   2,50 A  25,3 °C  1,900 Ah  00:19:00

@@ -134,8 +134,7 @@ private slots:
 /// What stands in a graph, by its records and what is asked: the lines that match `part`.
 void TestGraphScene::shows_data()
 {
-    const auto row = columns<QString, QString, QString>({"graph", "part", "lines"});
-    const auto add = [&](auto graph, auto part, auto lines) { row(graph, graph, part, lines); };
+    const auto add = columnsOf<QString, QString, QString>({"graph", "part", "lines"});
     add("20", ".", R"(U curve 1 from 0 Voltage: 11.345..11.645 in V x1 .2 #00ff00 1
 U curve 6 from 0 dV: 0..21.0833 in mV/min x1 .1 #ffff00 1
 L curve 2 from 0 Current: 0..2.75 in A x1 .2 #00ffff 1

@@ -30,118 +30,88 @@ class TestCourseChart : public QObject {
 private slots:
     void initTestCase() { QLocale::setDefault(QLocale::c()); }
 
-    void ticks_data()
-    {
-        columns<double, double, int, QString>({"low", "high", "most", "ticks"});
-        QTest::newRow("ones") << 0.5 << 4.2 << 5 << "1 2 3 4";
-        QTest::newRow("fives") << -1.0 << 21.0 << 6 << "0 5 10 15 20";
-        QTest::newRow("tenths") << 4.41 << 4.79 << 2 << "4.6";
-        QTest::newRow("at the ends") << 1.1 << 1.3 << 2 << "1.1 1.2 1.3";
-        QTest::newRow("just enough") << 0.0 << 10.0 << 10 << "0 1 2 3 4 5 6 7 8 9 10";
-        QTest::newRow("twos") << 0.0 << 10.0 << 9 << "0 2 4 6 8 10";
-        QTest::newRow("hundreds") << 0.0 << 160.0 << 2 << "0 100";
-        QTest::newRow("none asked for") << 0.0 << 10.0 << 0 << "0 10";
-        QTest::newRow("nothing") << 1.0 << 1.0 << 5 << "";
-    }
-
     void ticks()
     {
-        QFETCH(double, low);
-        QFETCH(double, high);
-        QFETCH(int, most);
-        QStringList texts;
-        const QVector<double> found = roundTicks({low, high}, most);
-        for (const double tick : found)
-            texts.append(QString::number(tick));
-        QTEST(texts.join(' '), "ticks");
-    }
-
-    void dates_data()
-    {
-        columns<QString, QString, int, QString>({"from", "to", "most", "ticks"});
-        const auto row = [](const char *from, const char *to, int most, const char *ticks) {
-            QTest::addRow("%s to %s", from, to) << from << to << most << ticks;
-        };
-        row("2026-02-27", "2026-03-02", 3, "26-02-27 26-02-28 26-03-01 26-03-02");
-        row("2026-02-27", "2026-03-02", 2, "26-02-27 26-03-01");
-        row("2026-03-01", "2026-03-20", 4, "26-03-02 26-03-09 26-03-16"); // Mondays
-        row("2026-03-01", "2026-03-29", 2, "26-03-09 26-03-23");
-        row("2026-01-02", "2026-04-03", 4, "26-02-01 26-03-01 26-04-01");
-        row("2025-12-20", "2026-05-20", 3, "26-01-01 26-03-01 26-05-01");
-        row("2025-11-20", "2026-11-20", 5, "26-01-01 26-04-01 26-07-01 26-10-01");
-        row("2025-11-20", "2026-11-20", 3, "26-01-01 26-07-01");
-        row("2020-06-20", "2023-06-20", 4, "21-01-01 22-01-01 23-01-01");
-        row("2020-06-20", "2026-06-20", 4, "22-01-01 24-01-01 26-01-01");
-        row("2001-06-20", "2017-06-20", 4, "06-01-01 11-01-01 16-01-01");
-        row("2001-06-20", "2031-06-20", 4, "11-01-01 21-01-01 31-01-01");
-        row("2001-06-20", "2231-06-20", 4, "01-01-01 01-01-01");
-        row("2026-03-01", "2026-03-01", 4, "");
-        row("2026-03-01", "2026-03-04", 0, "26-03-02");
+        const std::tuple<Interval, int, const char *> cases[]
+            = {{{0.5, 4.2}, 5, "1 2 3 4"}, {{-1, 21}, 6, "0 5 10 15 20"}, {{4.41, 4.79}, 2, "4.6"},
+                {{1.1, 1.3}, 2, "1.1 1.2 1.3"}, {{0, 10}, 10, "0 1 2 3 4 5 6 7 8 9 10"},
+                {{0, 10}, 9, "0 2 4 6 8 10"}, {{0, 160}, 2, "0 100"}, {{0, 10}, 0, "0 10"}, {{1, 1}, 5, ""}};
+        for (const auto &[range, most, ticks] : cases) {
+            QStringList texts;
+            const QVector<double> found = roundTicks(range, most);
+            for (const double tick : found)
+                texts.append(QString::number(tick));
+            QCOMPARE(texts.join(' '), QString(ticks));
+        }
     }
 
     void dates()
     {
-        QFETCH(QString, from);
-        QFETCH(QString, to);
-        QFETCH(int, most);
-        const auto at = [](const QString &day) {
-            return double(QDate::fromString(day, Qt::ISODate).startOfDay().toSecsSinceEpoch());
-        };
-        QStringList texts;
-        const QVector<double> found = dateTicks({at(from), at(to)}, most);
-        for (const double tick : found)
-            texts.append(QDateTime::fromSecsSinceEpoch(qint64(tick)).toString("yy-MM-dd"));
-        QTEST(texts.join(' '), "ticks");
+        const std::tuple<const char *, const char *, int, const char *> cases[]
+            = {{"2026-02-27", "2026-03-02", 3, "26-02-27 26-02-28 26-03-01 26-03-02"},
+                {"2026-02-27", "2026-03-02", 2, "26-02-27 26-03-01"},
+                {"2026-03-01", "2026-03-20", 4, "26-03-02 26-03-09 26-03-16"}, // Mondays
+                {"2026-03-01", "2026-03-29", 2, "26-03-09 26-03-23"},
+                {"2026-01-02", "2026-04-03", 4, "26-02-01 26-03-01 26-04-01"},
+                {"2025-12-20", "2026-05-20", 3, "26-01-01 26-03-01 26-05-01"},
+                {"2025-11-20", "2026-11-20", 5, "26-01-01 26-04-01 26-07-01 26-10-01"},
+                {"2025-11-20", "2026-11-20", 3, "26-01-01 26-07-01"},
+                {"2020-06-20", "2023-06-20", 4, "21-01-01 22-01-01 23-01-01"},
+                {"2020-06-20", "2026-06-20", 4, "22-01-01 24-01-01 26-01-01"},
+                {"2001-06-20", "2017-06-20", 4, "06-01-01 11-01-01 16-01-01"},
+                {"2001-06-20", "2031-06-20", 4, "11-01-01 21-01-01 31-01-01"},
+                {"2001-06-20", "2231-06-20", 4, "01-01-01 01-01-01"}, {"2026-03-01", "2026-03-01", 4, ""},
+                {"2026-03-01", "2026-03-04", 0, "26-03-02"}};
+        for (const auto &[from, to, most, ticks] : cases) {
+            const auto at = [](const QString &day) {
+                return double(QDate::fromString(day, Qt::ISODate).startOfDay().toSecsSinceEpoch());
+            };
+            QStringList texts;
+            const QVector<double> found = dateTicks({at(from), at(to)}, most);
+            for (const double tick : found)
+                texts.append(QDateTime::fromSecsSinceEpoch(qint64(tick)).toString("yy-MM-dd"));
+            QCOMPARE(texts.join(' '), QString(ticks));
+        }
     }
 
-    void mappings_data()
-    {
-        columns<QString, double, bool, bool, double, QString>(
-            {"points", "reference", "inPercent", "byDate", "scale", "mapped"});
-        const auto row = [](const char *points, const char *mapped, double reference = 0,
-                             bool inPercent = false, bool byDate = false, double scale = 1) {
-            QTest::addRow("%s of %g%s", points, reference, byDate ? " by date" : "")
-                << points << reference << inPercent << byDate << scale << mapped;
-        };
-        row("", "54,32 332x246 0..1 0..1");
-        row("3:5", "54,32 332x246 4.855..5.145 2.5..3.5"); // noise stays small
-        row("0:2 1:5", "54,32 332x246 1.76..5.24 -0.5..1.5");
-        row("0:1.9 1:5", "54,32 332x246 0..5.4 -0.5..1.5");
-        row("0:0 1:5", "54,32 332x246 0..5.4 -0.5..1.5", 0);
-        row("0:-1 100:3", "54,32 332x246 -1.32..3.32 -3..103");
-        row("0:0.001", "54,32 332x246 0..0.00162 -0.5..0.5");
-        row("0:4.5 1:4.8", "54,32 332x246 4.425..5.075 -0.5..1.5", 5);
-        row("0:4.5 1:4.8~", "54,32 298x246 4.425..5.075 -0.5..1.5", 5, true);
-        row("0:1 86400:5", "54,32 332x246 0..5.4 -43200..129600", 0, false, true);
-        row("0:1 8640000:5", "108,64 264x192 0..5.4 -259200..8.8992e+06", 0, true, true, 2);
-    }
-
+    /// Points; the area with the ranges of values and times; what the line across stands for.
     void mappings()
     {
-        QFETCH(QString, points);
-        CourseChart chart;
-        chart.lines = {lineOf("x", {}, points), lineOf("y", {}, "")};
-        QFETCH(double, reference);
-        chart.reference = reference;
-        QFETCH(bool, inPercent);
-        chart.inPercent = inPercent;
-        QFETCH(bool, byDate);
-        chart.byDate = byDate;
-        QFETCH(double, scale);
-        chart.scale = scale;
-        const CourseChart::Mapping map = chart.mapping({400, 300});
-        QTEST(QString("%1,%2 %3x%4 %5..%6 %7..%8")
-                  .arg(map.area.left())
-                  .arg(map.area.top())
-                  .arg(map.area.width())
-                  .arg(map.area.height())
-                  .arg(map.values.low)
-                  .arg(map.values.high)
-                  .arg(map.times.low)
-                  .arg(map.times.high),
-            "mapped");
-        QCOMPARE(chart.isEmpty(), points.isEmpty());
-        QCOMPARE(chart.mapping({10, 10}).area.size(), QSize(1, 1));
+        struct Case {
+            const char *points, *mapped;
+            double reference = 0;
+            bool inPercent = false, byDate = false;
+            double scale = 1;
+        };
+        const Case cases[] = {{"", "54,32 332x246 0..1 0..1"},
+            {"3:5", "54,32 332x246 4.855..5.145 2.5..3.5"}, // noise stays small
+            {"0:2 1:5", "54,32 332x246 1.76..5.24 -0.5..1.5"},
+            {"0:1.9 1:5", "54,32 332x246 0..5.4 -0.5..1.5"}, {"0:0 1:5", "54,32 332x246 0..5.4 -0.5..1.5"},
+            {"0:-1 100:3", "54,32 332x246 -1.32..3.32 -3..103"},
+            {"0:0.001", "54,32 332x246 0..0.00162 -0.5..0.5"},
+            {"0:4.5 1:4.8", "54,32 332x246 4.425..5.075 -0.5..1.5", 5},
+            {"0:4.5 1:4.8~", "54,32 298x246 4.425..5.075 -0.5..1.5", 5, true},
+            {"0:1 86400:5", "54,32 332x246 0..5.4 -43200..129600", 0, false, true},
+            {"0:1 8640000:5", "108,64 264x192 0..5.4 -259200..8.8992e+06", 0, true, true, 2}};
+        for (const Case &one : cases) {
+            CourseChart chart;
+            chart.lines = {lineOf("x", {}, one.points), lineOf("y", {}, "")};
+            chart.reference = one.reference;
+            chart.inPercent = one.inPercent;
+            chart.byDate = one.byDate;
+            chart.scale = one.scale;
+            const auto [area, values, times] = chart.mapping({400, 300});
+            QCOMPARE(
+                QString("%1,%2 %3x%4 ").arg(area.left()).arg(area.top()).arg(area.width()).arg(area.height())
+                    + QString("%1..%2 %3..%4")
+                          .arg(values.low)
+                          .arg(values.high)
+                          .arg(times.low)
+                          .arg(times.high),
+                QString(one.mapped));
+            QCOMPARE(chart.isEmpty(), !*one.points);
+            QCOMPARE(chart.mapping({10, 10}).area.size(), QSize(1, 1));
+        }
     }
 
     /// From point to point in time, of whichever line, by keys; what the mouse meets.
@@ -232,10 +202,7 @@ private slots:
 
     void paints_data()
     {
-        columns<QString, QString>({"chart", "painted"});
-        const auto row = [](const char *chart, const char *painted) {
-            QTest::newRow(chart) << QString(chart) << QString::fromUtf8(painted);
-        };
+        const auto row = columnsOf<QString, QString>({"chart", "painted"});
         row("percent marked",
             "rect 0,0 400x300 #000000; line 54,249 351,249 #505050; "
             "text '4.5' right 48,249 12 Arial #ffffff; "

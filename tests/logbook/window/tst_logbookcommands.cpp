@@ -43,7 +43,10 @@ private slots:
                     letters += char('a' + i);
             return letters;
         };
-        const auto why = [this](const char *text) { return action(text)->toolTip(); };
+        const auto why = [this](const char *text) {
+            const QAction *asked = action(text);
+            return asked->statusTip() == asked->toolTip() ? asked->toolTip() : "another";
+        };
         logbook->setGone(logbook->recording(ids[0])->file, true);
         open();
         QCOMPARE(can(), "i");

@@ -147,14 +147,30 @@ private slots:
         QCOMPARE(notes(Qt::DescendingOrder), QString("pack 10,Pack 9,b,A,"));
     }
 
-    void columnsOfUnread()
+    void columnsOfARow()
     {
+        const auto told = [&](const LogbookRecording &recording) {
+            QString texts;
+            for (int column = 0; column < Columns::count; ++column)
+                texts += Columns::text(*logbook, recording, column) + '|';
+            return texts.replace(" 1 Jan", " 01 Jan");
+        };
+        LogbookRecording full = sampleRecording(0, Varnel::Discharge, 4800);
+        full.isStartApproximate = full.isGone = true;
+        full.note = "two\nlines";
+        full.figures.cellResistances[0] = 1.5;
+        full.figures.cellResistances[1] = 2.5;
+        full.figures.records = full.figures.resistance = 1;
+        full.figures.highestTemperature = 415;
+        full.figures.spread = 0;
+        QCOMPARE(told(full),
+            QString(
+                "≈ 01 Jan 2026 12:00||Varnel 3|COM3|Discharge|LiPo|6|01:00:00|4800|106.56|25.00|19.80|41.5|1|"
+                "1.5  2.5  0.0  0.0  0.0  0.0|0|Completed|two lines|2026-0_1.acp (gone)|"));
+        QCOMPARE(Columns::number(full, Columns::CellResistances), 1.5);
         LogbookRecording unread;
         unread.file = "/r/x.acp";
-        QString known;
-        for (int column = 0; column < Columns::count; ++column)
-            known += Columns::text(*logbook, unread, column) + '|';
-        QCOMPARE(known, QString("|").repeated(16) + "No end||x.acp|");
+        QCOMPARE(told(unread), QString("|").repeated(16) + "No end||x.acp|");
         QCOMPARE(Columns::label(*logbook, unread), QString("x"));
         unread.isLive = true;
         QCOMPARE(Columns::text(*logbook, unread, Columns::Ended), QString("Recording"));
@@ -211,7 +227,9 @@ private slots:
             QCOMPARE(
                 QRegion(pixmap.createHeuristicMask()).boundingRect(), QRect(0, 0, 12, row == 2 ? 11 : 12));
         }
-        QCOMPARE(list.headerData(PackList::PerYear, Qt::Horizontal).toString(), QString("Per year"));
+        for (const auto &[section, title] :
+            {std::pair(PackList::Name, "Pack"), std::pair(PackList::PerYear, "Per year")})
+            QCOMPARE(list.headerData(section, Qt::Horizontal).toString(), QString(title));
         QVERIFY(list.headerData(4, Qt::Horizontal, Qt::ToolTipRole).toString().startsWith("Start of"));
         for (const QVariant &none : {list.headerData(5, Qt::Horizontal), list.headerData(0, Qt::Vertical),
                  list.headerData(-1, Qt::Horizontal), list.headerData(0, Qt::Horizontal, Qt::FontRole)})
@@ -362,6 +380,7 @@ private slots:
         QCOMPARE(layoutFault(line), QByteArray());
         QVERIFY(QTest::qWaitForWindowActive(&line));
         auto *text = line.findChild<QLineEdit *>("filterText");
+        QVERIFY(text->isClearButtonEnabled());
         text->setText("old");
         chemistry->setFocus();
         line.takeKeyboard();

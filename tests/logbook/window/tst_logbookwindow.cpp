@@ -3,7 +3,6 @@
 #include "logbook/window/dialogs/packchoice.h"
 #include "logbook/window/dialogs/packdialog.h"
 #include "logbook/window/table/tablepages.h"
-#include "support/columns.h"
 #include "support/modaldialog.h"
 #include "support/paintlog.h"
 #include "windowrig.h"
@@ -40,49 +39,6 @@ class TestLogbookWindow : public QObject, private WindowRig {
 private slots:
     void init() { setUp(); }
     void cleanup() { tearDown(); }
-
-    void figuresOfARow_data()
-    {
-        columns<int, QString>({"column", "text"});
-        const auto row = [](int column, const char *text) {
-            QTest::newRow(qPrintable(Columns::title(column))) << column << QString::fromUtf8(text);
-        };
-        row(Columns::Start, "≈ 01 Jan 2026 12:00");
-        row(Columns::Device, "Varnel 3");
-        row(Columns::Process, "Discharge");
-        row(Columns::Cells, "6");
-        row(Columns::Duration, "01:00:00");
-        row(Columns::Charge, "4800");
-        row(Columns::Energy, "106.56");
-        row(Columns::StartVoltage, "25.00");
-        row(Columns::EndVoltage, "19.80");
-        row(Columns::Temperature, "41.5");
-        row(Columns::Resistance, "1");
-        row(Columns::CellResistances, "1.5  2.5  0.0  0.0  0.0  0.0");
-        row(Columns::Spread, "0");
-        row(Columns::Ended, "Completed");
-        row(Columns::Note, "two lines");
-        row(Columns::File, "2026-0_1.acp (gone)");
-    }
-
-    void figuresOfARow()
-    {
-        LogbookRecording recording = sampleRecording(0, Varnel::Discharge, 4800);
-        recording.isStartApproximate = recording.isGone = true;
-        recording.note = "two\nlines";
-        recording.figures.cellResistances[0] = 1.5;
-        recording.figures.cellResistances[1] = 2.5;
-        recording.figures.records = 1;
-        recording.figures.resistance = 1;
-        recording.figures.highestTemperature = 415;
-        recording.figures.spread = 0;
-        QCOMPARE(Columns::number(recording, Columns::CellResistances), 1.5);
-        QFETCH(int, column);
-        QString text = Columns::text(*logbook, recording, column);
-        if (column == Columns::Start)
-            text.replace(" 1 Jan", " 01 Jan");
-        QTEST(text, "text");
-    }
 
     /// What is not known comes last, either way; what is chosen stays.
     void sorting()
@@ -180,6 +136,8 @@ private slots:
         QCOMPARE(logbook->packName(b), "B");
         QTRY_COMPARE(packs()->model()->rowCount(), 4);
         choosePack(2);
+        for (int row = 0; row < 3; ++row) // those that are no pack have a name alone
+            QCOMPARE(packs()->isFirstColumnSpanned(row, {}), row < 2);
         QCOMPARE(window->shownIds(), (QVector<qint64>{ids[1], ids[0]}));
         whenModal<PackChoice>(window.get(), [b](PackChoice *choice) {
             QVERIFY(choice->chosen() == b && choice->windowTitle() == "Merge packs");
@@ -230,7 +188,7 @@ private slots:
         QVERIFY(overlaid.first().at(1).toStringList().first().startsWith("x, "));
         const auto answer = [this](const char *name, QMessageBox::ButtonRole role) {
             whenModal<QMessageBox>(window.get(), [name, role](QMessageBox *box) {
-                QVERIFY(box->informativeText().contains(name));
+                QVERIFY(box->informativeText().contains(name) && box->textFormat() == Qt::PlainText);
                 const auto buttons = box->buttons();
                 for (QAbstractButton *button : buttons)
                     if (box->buttonRole(button) == role)

@@ -57,51 +57,39 @@ private slots:
         logbook.reset();
     }
 
-    void whatIsFull_data()
-    {
-        columns<int, int, int, int, int, bool>({"chemistry", "mode", "start", "end", "ended", "full"});
-        const auto row
-            = [](const char *name, int chemistry, int mode, int start, int end, int ended, bool full) {
-                  QTest::newRow(name) << chemistry << mode << start << end << ended << full;
-              };
-        const int lipo = 5;
-        const int nimh = 1;
-        row("from full to empty", lipo, Varnel::Discharge, 3840, 3660, Varnel::Completed, true);
-        row("for storage", lipo, Varnel::Discharge, 4150, 3661, Varnel::Completed, false);
-        row("from half", lipo, Varnel::Discharge, 3839, 3300, Varnel::Completed, false);
-        row("stopped", lipo, Varnel::Discharge, 4150, 3300, Varnel::Aborted, false);
-        row("failed", lipo, Varnel::Charge, 3500, 4200, Varnel::Failed, false);
-        row("charge after a weak cell's discharge", lipo, Varnel::Charge, 3744, 4200, Varnel::Completed,
-            true);
-        row("charge from half", lipo, Varnel::Charge, 3745, 4200, Varnel::Completed, false);
-        row("no letter, to empty", nimh, Varnel::Discharge, 1210, 1130, Varnel::NoEnd, true);
-        row("no letter, in part", nimh, Varnel::Discharge, 1360, 1131, Varnel::NoEnd, false);
-        row("no letter, from half", nimh, Varnel::Discharge, 1209, 1000, Varnel::NoEnd, false);
-        row("no letter, charged", nimh, Varnel::Charge, 1110, 1330, Varnel::NoEnd, true);
-        row("no letter, not charged", nimh, Varnel::Charge, 1110, 1329, Varnel::NoEnd, false);
-        row("no letter, charged LiPo", lipo, Varnel::Charge, 3500, 4140, Varnel::NoEnd, true);
-        row("no letter, broken off", lipo, Varnel::Charge, 3500, 4139, Varnel::NoEnd, false);
-        row("balancing", lipo, Varnel::Balancing, 4150, 3300, Varnel::Completed, false);
-        row("unknown cells", Varnel::noCellType, Varnel::Discharge, 1, 1, Varnel::Completed, true);
-    }
-
+    /// Chemistry, what was done, voltages of a cell at the start and at the end, and how it ended.
     void whatIsFull()
     {
-        QFETCH(int, chemistry);
-        QFETCH(int, mode);
-        QFETCH(int, start);
-        QFETCH(int, end);
-        QFETCH(int, ended);
-        LogbookRecording recording = sampleRecording(0, mode, 4000, 6 * start, 6 * end);
-        recording.figures.cellType = chemistry;
-        recording.figures.end = ended;
-        QTEST(PackCourse::isFull(recording), "full");
-        recording.figures.cells = 1;
-        recording.figures.startVoltage = start;
-        recording.figures.endVoltage = end;
-        QTEST(PackCourse::isFull(recording), "full");
-        recording.isLive = true;
-        QVERIFY(!PackCourse::isFull(recording));
+        const int lipo = 5;
+        const int nimh = 1;
+        const std::tuple<const char *, int, int, int, int, int, bool> cases[]
+            = {{"from full to empty", lipo, Varnel::Discharge, 3840, 3660, Varnel::Completed, true},
+                {"for storage", lipo, Varnel::Discharge, 4150, 3661, Varnel::Completed, false},
+                {"from half", lipo, Varnel::Discharge, 3839, 3300, Varnel::Completed, false},
+                {"stopped", lipo, Varnel::Discharge, 4150, 3300, Varnel::Aborted, false},
+                {"failed", lipo, Varnel::Charge, 3500, 4200, Varnel::Failed, false},
+                {"after a weak cell's discharge", lipo, Varnel::Charge, 3744, 4200, Varnel::Completed, true},
+                {"charge from half", lipo, Varnel::Charge, 3745, 4200, Varnel::Completed, false},
+                {"no letter, to empty", nimh, Varnel::Discharge, 1210, 1130, Varnel::NoEnd, true},
+                {"no letter, in part", nimh, Varnel::Discharge, 1360, 1131, Varnel::NoEnd, false},
+                {"no letter, from half", nimh, Varnel::Discharge, 1209, 1000, Varnel::NoEnd, false},
+                {"no letter, charged", nimh, Varnel::Charge, 1110, 1330, Varnel::NoEnd, true},
+                {"no letter, not charged", nimh, Varnel::Charge, 1110, 1329, Varnel::NoEnd, false},
+                {"no letter, charged LiPo", lipo, Varnel::Charge, 3500, 4140, Varnel::NoEnd, true},
+                {"no letter, broken off", lipo, Varnel::Charge, 3500, 4139, Varnel::NoEnd, false},
+                {"balancing", lipo, Varnel::Balancing, 4150, 3300, Varnel::Completed, false},
+                {"unknown cells", Varnel::noCellType, Varnel::Discharge, 1, 1, Varnel::Completed, true}};
+        for (const auto &[name, chemistry, mode, start, end, ended, full] : cases) {
+            for (const int cells : {1, 6}) {
+                LogbookRecording recording = sampleRecording(0, mode, 4000, cells * start, cells * end);
+                recording.figures.cells = cells;
+                recording.figures.cellType = chemistry;
+                recording.figures.end = ended;
+                QVERIFY2(PackCourse::isFull(recording) == full, name);
+                recording.isLive = true;
+                QVERIFY2(!PackCourse::isFull(recording), name);
+            }
+        }
     }
 
     /// Loses 2 % of the nominal capacity a month, by discharges; charges go in a little above.
@@ -148,10 +136,10 @@ private slots:
     /// A change a year takes three discharges over more than a month; a weak cell a third of the range.
     void healthNeeds_data()
     {
-        columns<QString, int, bool, bool>({"days", "spread", "perYear", "weak"});
-        QTest::newRow("two") << "0 300" << 396 << false << false;
-        QTest::newRow("a month") << "0 7 30" << 397 << false << true;
-        QTest::newRow("more") << "0 7 31" << 0 << true << false;
+        const auto row = columns<QString, int, bool, bool>({"days", "spread", "perYear", "weak"});
+        row("two", "0 300", 396, false, false);
+        row("a month", "0 7 30", 397, false, true);
+        row("more", "0 7 31", 0, true, false);
     }
 
     void healthNeeds()
@@ -185,11 +173,8 @@ private slots:
 
     void charts_data()
     {
-        columns<int, bool, bool, bool, QString>({"quantity", "byDate", "black", "distinct", "chart"});
         const auto row
-            = [](const char *name, int quantity, bool byDate, bool black, bool distinct, const char *chart) {
-                  QTest::newRow(name) << quantity << byDate << black << distinct << QString::fromUtf8(chart);
-              };
+            = columns<int, bool, bool, bool, QString>({"quantity", "byDate", "black", "distinct", "chart"});
         row("capacity", PackCourse::Capacity, true, true, false,
             "Ah by date, 5 nominal 5.000 Ah %\nCharge #00be3c 2 1 1:5.1\n"
             "Discharge #ff503c 0 1 0:5 10:4.5 12:2~");
