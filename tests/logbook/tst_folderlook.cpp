@@ -27,76 +27,52 @@ private slots:
 
     void looks_data()
     {
-        const auto row = columns<Change, QString, QString>({"known", "through", "at"});
+        const auto row = columns<QString, QString, Change>({"through", "at", "known"});
         using Question = LookQuestion *;
         const QString all = "found a.acp b.acp, refused 2";
-        row(
-            "nothing", [](Question) {}, all, all);
-        row(
-            "all of it",
-            [this](Question q) {
-                for (const char *name : {"a.acp", "b.acp"})
-                    q->known.insert(path(name), known(name));
-                for (const char *name : {"none.acp", "empty.acp"})
-                    q->refused.insert(refusalKey(path(name), known(name).stamp));
-            },
-            "", "");
-        row(
-            "another size and time",
-            [this](Question q) {
-                q->known.insert(path("a.acp"), {{1, known("a.acp").stamp.modified}, {}});
-                q->known.insert(path("b.acp"), {{known("b.acp").stamp.size, 1}, {}});
-            },
-            all, all);
-        row(
-            "another recording",
+        row("nothing", all, all, [](Question) {});
+        row("all of it", "", "", [this](Question q) {
+            for (const char *name : {"a.acp", "b.acp"})
+                q->known.insert(path(name), known(name));
+            for (const char *name : {"none.acp", "empty.acp"})
+                q->refused.insert(refusalKey(path(name), known(name).stamp));
+        });
+        row("another size and time", all, all, [this](Question q) {
+            q->known.insert(path("a.acp"), {{1, known("a.acp").stamp.modified}, {}});
+            q->known.insert(path("b.acp"), {{known("b.acp").stamp.size, 1}, {}});
+        });
+        row("another recording", "found a.acp! b.acp, refused 2", "found a.acp! b.acp, refused 2",
             [this](Question q) {
                 q->known.insert(path("a.acp"), {{50, 1}, "hash"});
                 q->known.insert(path("b.acp"), {known("a.acp").stamp, known("a.acp").beginning}); // has grown
-            },
-            "found a.acp! b.acp, refused 2", "found a.acp! b.acp, refused 2");
-        row(
-            "rows without files",
-            [this](Question q) {
-                for (const char *name : {"old.acp", "older.acp", "sub/d.acp", "../e.acp"})
-                    q->known.insert(path(name), {{5, 5}, "hash"});
-                q->gone.insert(path("older.acp"));
-            },
-            all + ", gone old.acp", all + ", gone old.acp");
-        row(
-            "is there again",
+            });
+        row("rows without files", all + ", gone old.acp", all + ", gone old.acp", [this](Question q) {
+            for (const char *name : {"old.acp", "older.acp", "sub/d.acp", "../e.acp"})
+                q->known.insert(path(name), {{5, 5}, "hash"});
+            q->gone.insert(path("older.acp"));
+        });
+        row("is there again", "found b.acp, refused 2, back a.acp", "found b.acp, refused 2, back a.acp",
             [this](Question q) {
                 q->known.insert(path("a.acp"), known("a.acp"));
                 q->gone.insert(path("a.acp"));
-            },
-            "found b.acp, refused 2, back a.acp", "found b.acp, refused 2, back a.acp");
-        row(
-            "another name",
-            [this](Question q) {
+            });
+        row("another name", "found b.acp, refused 2, moved old.acp a.acp, gone old.acp x.txt",
+            "found b.acp, refused 2, moved old.acp a.acp, gone old.acp", [this](Question q) {
                 for (const char *name : {"old.acp", "x.txt"})
                     q->beginnings.insert(known("a.acp").beginning, path(name));
                 q->known.insert(path("old.acp"), known("a.acp"));
                 q->known.insert(path("x.txt"), known("a.acp")); // is there
                 q->beginnings.insert(known("b.acp").beginning, path("old.acp")); // of another size
-            },
-            "found b.acp, refused 2, moved old.acp a.acp, gone old.acp x.txt",
-            "found b.acp, refused 2, moved old.acp a.acp, gone old.acp");
-        row(
-            "changed just now",
-            [this](Question q) {
-                QVERIFY(makeNew(path("a.acp")));
-                q->live.insert(path("b.acp"));
-            },
-            all + ", unsettled", all + ", unsettled");
-        row(
-            "live",
-            [this](Question q) {
-                QVERIFY(makeNew(path("a.acp")));
-                q->live.insert(path("a.acp"));
-            },
-            all, all);
-        row(
-            "in a year", [this](Question) { QVERIFY(makeOld(path("a.acp"), -365)); }, all, all);
+            });
+        row("changed just now", all + ", unsettled", all + ", unsettled", [this](Question q) {
+            QVERIFY(makeNew(path("a.acp")));
+            q->live.insert(path("b.acp"));
+        });
+        row("live", all, all, [this](Question q) {
+            QVERIFY(makeNew(path("a.acp")));
+            q->live.insert(path("a.acp"));
+        });
+        row("in a year", all, all, [this](Question) { QVERIFY(makeOld(path("a.acp"), -365)); });
     }
 
     void looks()

@@ -153,52 +153,32 @@ private slots:
 
     void differences_data()
     {
-        const auto row = columns<Change, QString>({"change", "batch"});
+        const auto row = columns<QString, Change>({"batch", "change"});
         using Content = LogbookContent *;
-        row(
-            "none", [](Content) {}, "");
-        row(
-            "a note", [](Content c) { c->entries[0].recording.note = "x"; }, "assign /1#11");
-        row(
-            "a pack", [](Content c) { c->entries[1].recording.pack = 7; }, "assign /2#12");
-        row(
-            "figures", [](Content c) { c->entries[0].recording.figures.charge = 5; }, "read /1+");
-        row(
-            "size", [](Content c) { c->entries[1].stamp.size = 7000; }, "read /2-");
-        row(
-            "port", [](Content c) { c->entries[1].recording.port = "x"; }, "read /2-");
-        row(
-            "start", [](Content c) { c->entries[1].recording.isStartApproximate = true; }, "read /2-");
-        row(
-            "moved", [](Content c) { c->entries[1].recording.file = "/9"; },
-            "drop /2, assign /9#12, read /9");
-        row(
-            "exchanged", [](Content c) { c->entries[0].recording.file.swap(c->entries[1].recording.file); },
-            "drop /1, drop /2, assign /2#11, assign /1#12, read /2+, read /1");
-        row(
-            "a row less", [](Content c) { c->entries.removeLast(); }, "drop /2");
-        row(
-            "a row more",
-            [](Content c) {
-                c->entries += entry("/3");
-                c->entries += entry("");
-            },
-            "assign /3#0, read /3");
-        row(
-            "read by another", [](Content c) { c->entries[0].recording.id = 21; }, "");
-        row(
-            "overwritten by another",
-            [](Content c) {
-                c->entries[0].recording.id = 21;
-                c->entries[0].beginning = "other";
-            },
-            "drop /1, assign /1#21, read /1");
-        row(
-            "a pack's note", [](Content c) { c->packs[0].note = "x"; }, "pack A");
-        row(
-            "a pack's cells", [](Content c) { c->packs[0].cells = 1; }, "pack A");
-        row(
-            "packs", [](Content c) { c->packs = {namedPack("B")}; }, "pack B, pack -7");
+        row("none", "", [](Content) {});
+        row("a note", "assign /1#11", [](Content c) { c->entries[0].recording.note = "x"; });
+        row("a pack", "assign /2#12", [](Content c) { c->entries[1].recording.pack = 7; });
+        row("figures", "read /1+", [](Content c) { c->entries[0].recording.figures.charge = 5; });
+        row("size", "read /2-", [](Content c) { c->entries[1].stamp.size = 7000; });
+        row("port", "read /2-", [](Content c) { c->entries[1].recording.port = "x"; });
+        row("start", "read /2-", [](Content c) { c->entries[1].recording.isStartApproximate = true; });
+        row("moved", "drop /2, assign /9#12, read /9",
+            [](Content c) { c->entries[1].recording.file = "/9"; });
+        row("exchanged", "drop /1, drop /2, assign /2#11, assign /1#12, read /2+, read /1",
+            [](Content c) { c->entries[0].recording.file.swap(c->entries[1].recording.file); });
+        row("a row less", "drop /2", [](Content c) { c->entries.removeLast(); });
+        row("a row more", "assign /3#0, read /3", [](Content c) {
+            c->entries += entry("/3");
+            c->entries += entry("");
+        });
+        row("read by another", "", [](Content c) { c->entries[0].recording.id = 21; });
+        row("overwritten by another", "drop /1, assign /1#21, read /1", [](Content c) {
+            c->entries[0].recording.id = 21;
+            c->entries[0].beginning = "other";
+        });
+        row("a pack's note", "pack A", [](Content c) { c->packs[0].note = "x"; });
+        row("a pack's cells", "pack A", [](Content c) { c->packs[0].cells = 1; });
+        row("packs", "pack B, pack -7", [](Content c) { c->packs = {namedPack("B")}; });
     }
 
     /// What has become of a live row and of one whose file has gone; both stay so.

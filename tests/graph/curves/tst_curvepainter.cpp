@@ -133,46 +133,6 @@ QImage drawnByLines(const CurvePainter::Job &job)
     });
 }
 
-/// Takes down what it is asked to draw.
-struct ToldCurve : VarnelPlotCurve {
-    ToldCurve()
-        : VarnelPlotCurve(QStringLiteral("told"))
-    {
-        setSamples(QVector<QPointF>(9));
-    }
-    QString toldOf(CurveStyle style)
-    {
-        told.clear();
-        drawCurve(nullptr, style, {}, {}, {}, 2, 5);
-        return told;
-    }
-
-private:
-    using Map = QwtScaleMap;
-    void take(const char *what, int from, int to) const
-    {
-        told = QString("%1 %2..%3").arg(what).arg(from).arg(to);
-    }
-    void drawLines(QPainter *, const Map &, const Map &, const QRectF &, int from, int to) const override
-    {
-        take("lines", from, to);
-    }
-    void drawSticks(QPainter *, const Map &, const Map &, const QRectF &, int from, int to) const override
-    {
-        take("sticks", from, to);
-    }
-    void drawSteps(QPainter *, const Map &, const Map &, const QRectF &, int from, int to) const override
-    {
-        take("steps", from, to);
-    }
-    void drawDots(QPainter *, const Map &, const Map &, const QRectF &, int from, int to) const override
-    {
-        take("dots", from, to);
-    }
-
-    mutable QString told;
-};
-
 } // namespace
 
 class TestCurvePainter : public QObject {
@@ -263,16 +223,28 @@ private slots:
         }
     }
 
+    /// Those of Qwt; a fitted curve is drawn from its first sample to its last.
     void stylesOfACurve()
     {
-        ToldCurve curve;
-        QCOMPARE(curve.toldOf(QwtPlotCurve::Lines), QString("lines 2..5"));
-        QCOMPARE(curve.toldOf(QwtPlotCurve::Sticks), QString("sticks 2..5"));
-        QCOMPARE(curve.toldOf(QwtPlotCurve::Steps), QString("steps 2..5"));
-        QCOMPARE(curve.toldOf(QwtPlotCurve::Dots), QString("dots 2..5"));
-        QCOMPARE(curve.toldOf(QwtPlotCurve::NoCurve), QString());
-        curve.setCurveAttribute(QwtPlotCurve::Fitted);
-        QCOMPARE(curve.toldOf(QwtPlotCurve::Lines), QString("lines 0..8"));
+        const SeriesStore store = filled(9, "noise");
+        const auto job = jobFor(store, -1, 9, 7, 17);
+        VarnelPlotCurve own;
+        QwtPlotCurve plain;
+        for (int i = 0; i < 10; ++i) {
+            const auto style = QwtPlotCurve::CurveStyle(i / 2 - 1); // from none on
+            const auto picture = [&](QwtPlotCurve *curve) {
+                curve->setPen(Qt::green);
+                curve->setSamples(QVector<double>{0, 1, 2, 3, 4, 5, 6, 7, 8},
+                    QVector<double>{9, 12, 15, 10, 8, 14, 9, 16, 11});
+                curve->setStyle(style);
+                curve->setCurveAttribute(QwtPlotCurve::Fitted, i % 2 == 1);
+                return canvas([&](QPainter *painter) {
+                    curve->drawSeries(painter, job.timeMap, job.valueMap, area, 2, 5);
+                });
+            };
+            QCOMPARE(picture(&own), picture(&plain));
+            QCOMPARE(picture(&own) == canvas(), style == QwtPlotCurve::NoCurve);
+        }
     }
 
     /// The pixels of the whole line, but for columns in gaps, in which only what is steep is left: no peak is

@@ -126,7 +126,6 @@ private slots:
     void shows_data();
     void shows();
     void distinctLinesAreToldByAll();
-    void areAsExpected_data();
     void areAsExpected();
     void resistanceKeepsClear();
 };
@@ -271,13 +270,9 @@ void TestGraphScene::distinctLinesAreToldByAll()
     }
 }
 
-void TestGraphScene::areAsExpected_data()
+void TestGraphScene::areAsExpected()
 {
-    columns<QString, QString>({"actual", "expected"});
-    int group = 0;
-    const auto add = [&](const QString &actual, const char *expected) {
-        QTest::addRow("%d: %s", group, expected) << actual << QString::fromLatin1(expected);
-    };
+    const auto add = [](const QString &actual, const char *expected) { QCOMPARE(actual, QString(expected)); };
     add(places({1000, 600}),
         "40,22-900,289 40,304-900,571 | 942,22-999,575 942,22-999,289 942,304-999,571 | "
         "571 533 495 457 418 380 342 304");
@@ -285,13 +280,13 @@ void TestGraphScene::areAsExpected_data()
     add(places({140, 68}), "no room");
     add(places({141, 67}), "no room");
 
-    group = 1; // divisions of the times
+    // divisions of the times
     add(ticks(500, 100) + " | " + ticks(501, 100), "4 8 3.6 | 8 8 3.61");
     add(ticks(449, 100) + " | " + ticks(450, 100), "4 4 3.09 | 4 8 3.1");
     add(ticks(1000, 3) + " | " + ticks(1000, 8), "2 8 286.666667 | 7 8 107.5");
     add(ticks(1000, 1) + " | " + ticks(1000, 0), "0 8 860 | 0 8 0");
 
-    group = 2; // ends of the maps, of a single moment and a clock that was set back too
+    // ends of the maps, of a single moment and a clock that was set back too
     const GraphLayout layout(QSize(1000, 600), 100);
     for (const Interval &times : {Interval{10, 20}, {5, 5}, {20, 10}}) {
         const QwtScaleMap map = layout.timeMap(times.low, times.high);
@@ -306,7 +301,7 @@ void TestGraphScene::areAsExpected_data()
     add(scale(1000, 600, 1.75) + ' ' + scale(480, 600, 2.0), "1.75 1.5"); // narrow
     add(scale(1000, 250, 2.0) + ' ' + scale(200, 100, 2.0) + ' ' + scale(1000, 600, 0.5), "1.25 1 1"); // low
 
-    group = 3; // cells: few, many, on into the lower half, close, in two columns
+    // cells: few, many, on into the lower half, close, in two columns
     add(places({1000, 600}, 6),
         "1: 942,22-999,38 942,39-999,55 942,56-999,72 942,141-999,157 942,304-999,571 -1");
     add(places({1000, 600}, 16),
@@ -326,7 +321,7 @@ void TestGraphScene::areAsExpected_data()
     add(places({300, 200}, 0),
         "1: 242,22-299,38 242,39-299,55 242,56-299,72 242,56-299,72 242,104-299,171 -1");
 
-    group = 4; // zooms: what mouse and keys hardly reach
+    // zooms: what mouse and keys hardly reach
     constexpr Interval whole = {0, 1000};
     GraphZoom zoom;
     zoom.moveTimes(100, whole);
@@ -351,7 +346,7 @@ void TestGraphScene::areAsExpected_data()
     zoom.show(whole, PlotArea::Upper, {0, 1}, whole);
     add(shown(zoom), "all 0..1 0..1");
 
-    group = 5; // ranges
+    // ranges
     using namespace ValueRange;
     for (const double unit : {1.0, 1000.0}) {
         struct Row {
@@ -386,7 +381,7 @@ void TestGraphScene::areAsExpected_data()
     add(text(ofCells(3.5, 4.2, 5), ofCells(2.9, 4.4, 5)), "3.3..4.35 2.9..4.4");
     add(text(ofCells(1.0, 1.5, Varnel3Data::noCellType)), "0.95..1.55");
 
-    group = 6; // round times
+    // round times
     add(text(timeDivisions(3.5, 13.5, 8)), "4 6 8 10 12");
     add(text(timeDivisions(60, 120, 4)), "60 75 90 105 120");
     add(text(timeDivisions(-70, 50, 4)), "-60 -30 0 30");
@@ -399,7 +394,7 @@ void TestGraphScene::areAsExpected_data()
         "1 2 5 10 15 20 30 60 120 300 600 900 1200 1800 3600 7200 10800 14400 21600 43200 86400 172800 "
         "345600");
 
-    group = 7; // labels that don't touch
+    // labels that don't touch
     add(labelled(5, 47, 0) + " | " + labelled(9, 46, 0), "0 1 2 3 4 | 0 2 4 6 8");
     add(labelled(9, 16, 0) + " | " + labelled(5, 11, 0),
         "2 5 8 | 4"); // every third, the last too; that alone
@@ -417,15 +412,8 @@ void TestGraphScene::areAsExpected_data()
         {"#0000ff", "#000000", "#6666ff"}, {"#00c100", "#3c3c3c", "#00c100"},
         {"#00c000", "#3c3c3c", "#00ca00"}, {"#ffff00", "#dee2e6", "#666600"},
         {"#777777", "#777777", "#070707"}};
-    group = 8;
     for (const auto &[colour, background, text] : colours)
         add(GraphColours::readable(QColor(colour), QColor(background)).name(), text);
-}
-
-void TestGraphScene::areAsExpected()
-{
-    QFETCH(QString, actual);
-    QTEST(actual, "expected");
 }
 
 /// Whatever the current's line does, that of the resistance lies elsewhere.

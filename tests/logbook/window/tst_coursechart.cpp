@@ -280,12 +280,7 @@ private slots:
         for (const QString &line : lines) // the legend has room for all
             QVERIFY2(line.section(' ', 1, 1).section(',', 0, 0).toInt() < 400, qPrintable(line));
         QCOMPARE(lines.filter("1970").size(), chart == "date" ? 1 : 0); // no more than have room
-        VERIFY_PAINTS(
-            QSize(400, 300),
-            [&](QPainter &p) {
-                shown.paint(p, {400, 300});
-            },
-            painted.arg(behind + 16), chart == "flat" || chart == "empty");
+        QCOMPARE(log.fault(painted.arg(behind + 16), chart == "flat" || chart == "empty"), QByteArray());
     }
 };
 
