@@ -138,7 +138,7 @@ private slots:
         }
     }
 
-    // Clocks beside their time, figures that change each time, and what fits no narrow column but the letters.
+    // Clocks beside their time, figures that change each time, and what fits no narrow column.
     void keepsOddRecords()
     {
         std::mt19937 random(randomSeed());

@@ -120,8 +120,8 @@ private slots:
             "Current; A 00:19:00   1900 mAh, B --.-, C 00:00:00   0 mAh; 00:00:00@0 00:10:00@600; "
             "0.0@0 0.5@0.5 1.0@1 1.5@1.5 2.0@2 2.5@2.5; ");
         row("11 | 1 | shift=-1,1800",
-            "Pack voltage; A (-00:00:01) 00:10:00   1000 mAh, B (+00:30:00) 00:00:00   0 mAh; 00:00:00@0 00:15:00@900 "
-            "00:30:00@1800; 11.3@11.3 11.4@11.4 11.5@11.5; ");
+            "Pack voltage; A (-00:00:01) 00:10:00   1000 mAh, B (+00:30:00) 00:00:00   0 mAh; "
+            "00:00:00@0 00:15:00@900 00:30:00@1800; 11.3@11.3 11.4@11.4 11.5@11.5; ");
         row("20 | marked=0 cursor=0",
             "Pack voltage   Δ 00:00:00; A Δ 0.000 V   0 mAh; 00:00:00@0 00:10:00@600; 11.4@11.4 11.5@11.5 "
             "11.6@11.6; ");
@@ -210,7 +210,8 @@ private slots:
             "text '00:05:00' mid 230,586 11 Arial #ffffff; text '11.40' right 50,472 11 Arial #ffffff; "
             "text 'V' right 50,11 11 Arial #ffffff; curve 56,472 719,123 of 20 #ff0022; "
             "curve 56,472 405,288 of 11 pen2 #00bb00; rect 730,28 24x3 #ff0022; rect 730,54 268x32 #3c3c3c; "
-            "rect 730,60 24x3 #00bb00; text 'B' left 758,62 11 bold Arial #00c500; line 222,22 222,573 dash4,2 #aaaaaa; line 388,22 388,573 #aaaaaa");
+            "rect 730,60 24x3 #00bb00; text 'B' left 758,62 11 bold Arial #00c500; "
+            "line 222,22 222,573 dash4,2 #aaaaaa; line 388,22 388,573 #aaaaaa");
         row("2 celldata=0 | value=1 size=1000,601",
             "text 'None of these recordings has such values.' mid 388,299 12 Arial #ffffff");
         row("20 | band=100,110,50,40",
@@ -230,10 +231,12 @@ private slots:
         row("20 | 20 | size=1280,500 scale=2 distinct picked=0",
             "curve 112,372 874,118 of 20 #ffb000; curve 112,372 874,118 of 20 pen2 #ffffff");
         row("20 | 20 | 20 | size=800,80",
-            "text 'Pack voltage' mid 400,11 12 Arial #ffffff; text 'A' left 588,32 11 Arial #ff0022; text '00:19:00   1900 mAh' right 798,32 11 Arial #ffffff; "
+            "text 'Pack voltage' mid 400,11 12 Arial #ffffff; text 'A' left 588,32 11 Arial #ff0022; "
+            "text '00:19:00   1900 mAh' right 798,32 11 Arial #ffffff; "
             "rect 560,30 24x3 #ff0022; rect 560,49 24x3 #00bb00; rect 560,68 24x3 #0066ff");
         row("20 | zoom=300,600,0,0.5 white distinct",
-            "curve -77,224 852,-33 of 8 pen2 #000000; in 56,22 664x552 #000000; text '00:06:00' mid 189,586 11 Arial #000000");
+            "curve -77,224 852,-33 of 8 pen2 #000000; in 56,22 664x552 #000000; "
+            "text '00:06:00' mid 189,586 11 Arial #000000");
     }
 
     void paints()

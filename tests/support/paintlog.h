@@ -16,11 +16,11 @@
 ///     text '1' mid 49,238 13 bold Arial #ffffff
 ///     disc 20,30 8x8 #00ff00
 ///
-/// A curve is there as the "shape" of its box, too, and by what it is clipped to, "in 56,22 664x552". Before a
-/// colour "pen2" tells the width of a frame, or of a stroke that is not one pixel wide, "dash1,2" the pattern
-/// of one that has gaps. A text is there in five ways, "at" the start of its baseline, by where its "left"
-/// end, its "mid" or its "right" end lies at half its height, or its middle at its "foot", so that a test
-/// names the one that its box holds and no font can change. "dim" ends a line that is less than opaque.
+/// A curve is there as the "shape" of its box, too, and by what it is clipped to, "in 56,22 664x552". Before
+/// a colour "pen2" tells the width of a frame, or of a stroke that is not one pixel wide, "dash1,2" the
+/// pattern of one that has gaps. A text is there in five ways, "at" the start of its baseline, by where its
+/// "left" end, its "mid" or its "right" end lies at half its height, or its middle at its "foot", so that a
+/// test names the one that its box holds and no font can change. "dim" ends a line that is less than opaque.
 class PaintLog : public QPaintDevice {
 public:
     explicit PaintLog(const QSize &size = {})

@@ -187,11 +187,13 @@ private slots:
         QCOMPARE(window->shownIds().size(), 5);
         const std::pair<QWidget *, const char *> menus[] = {
             {view(),
-                "Open,Overlay,Show in folder,,Assign to pack...,Assign to offered pack,Assign to none,Note...,,Delete file...,Remove from logbook,,Export as CSV...,Print table...,,Close"},
+                "Open,Overlay,Show in folder,,Assign to pack...,Assign to offered pack,Assign to none,Note..."
+                ",,Delete file...,Remove from logbook,,Export as CSV...,Print table...,,Close"},
             {packs(), "New pack...,Rename or change pack...,Merge packs...,Take apart...,,Remove pack"},
             {window->findChild<CourseCanvas *>()->parentWidget(), "Save picture...,Print chart..."},
             {view()->horizontalHeader(),
-                "Explain row,,Sort by column,Move column left,Move column right,Hide column,Show all columns,Columns"}};
+                "Explain row,,Sort by column,Move column left,Move column right,Hide column,Show all columns,"
+                "Columns"}};
         for (const auto &[on, texts] : menus) {
             auto *area = qobject_cast<QAbstractScrollArea *>(on);
             QWidget *under = area ? area->viewport() : on;
