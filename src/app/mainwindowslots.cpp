@@ -11,6 +11,7 @@
 #include "desk/shownrecord.h"
 #include "desk/statusfacts.h"
 #include "desk/windowfiles.h"
+#include "desk/windowplace.h"
 #include "devices/devicecommands.h"
 #include "devices/endnotice.h"
 #include "devices/listenedports.h"
@@ -160,10 +161,7 @@ void MainWindow::openFiles(const QStringList &files)
 
 void MainWindow::comeForward(const QStringList &files)
 {
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    show();
-    raise();
-    activateWindow();
+    WindowPlace::bringForward(this);
     openFiles(files);
 }
 

@@ -83,6 +83,14 @@ QPoint reachable(const QPoint &place, const QSize &size)
     return onPrimaryScreen(place, size);
 }
 
+void bringForward(QWidget *window)
+{
+    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+    window->show();
+    window->raise();
+    window->activateWindow();
+}
+
 void place(QWidget *display, const QVariant &saved, const QPoint &place)
 {
     const QPoint wanted = saved.isValid() ? saved.toPoint() : QPoint(scaled(place.x()), scaled(place.y()));

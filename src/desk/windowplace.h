@@ -10,8 +10,11 @@ class QVariant;
 class QWidget;
 class VarnelSettings;
 
-/// Where display windows stand.
+/// Where display windows stand, and how windows come to sight.
 namespace WindowPlace {
+
+/// Shows `window` above others, with the keyboard, be it hidden, covered or minimised. A maximised one stays so.
+void bringForward(QWidget *window);
 
 /// Where a window of `size` pixels stands as long as nothing is saved: at `place`, which is given for 96 dpi
 /// and the usual font size, moved so that the whole window is seen on the primary screen, its title included.

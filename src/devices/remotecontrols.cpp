@@ -1,5 +1,6 @@
 #include "devices/remotecontrols.h"
 
+#include "desk/windowplace.h"
 #include "devices/devicetargets.h"
 #include "dialogs/dialogremotecontrol.h"
 #include "link/serialreader.h"
@@ -76,7 +77,5 @@ void RemoteControls::openFor(SerialReader *reader)
         dialog = new DialogRemoteControl(reader, m_window);
         dialog->setAttribute(Qt::WA_DeleteOnClose);
     }
-    dialog->show();
-    dialog->raise();
-    dialog->activateWindow();
+    WindowPlace::bringForward(dialog);
 }

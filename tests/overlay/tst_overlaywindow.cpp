@@ -45,8 +45,9 @@ private slots:
         const QSize room = overlay()->screen()->availableSize() - QSize(8, 34); // for a frame
         QCOMPARE(overlay()->size(), QSize(960, 600).boundedTo(room).expandedTo(overlay()->minimumSizeHint()));
         window->activeMdiChild()->addRecord(Lines::record(9)); // what is shown stays as it was
+        overlay()->showMinimized();
         trigger(ActionId::Overlay);
-        QCOMPARE(entries(), "2: COM3 3; 3: COM5 5");
+        QVERIFY(entries() == "2: COM3 3; 3: COM5 5" && !overlay()->isMinimized());
         overlay()->findChild<QPushButton *>("overlayWindows")->click();
         QCOMPARE(entries(), "2: COM3 3; 3: COM5 6");
         auto *shift = overlay()->findChild<QSpinBox *>("overlayShift");

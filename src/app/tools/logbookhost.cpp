@@ -60,10 +60,7 @@ void LogbookHost::show()
 {
     if (!m_window)
         create();
-    m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
-    m_window->show();
-    m_window->raise();
-    m_window->activateWindow();
+    WindowPlace::bringForward(m_window.get());
 }
 
 void LogbookHost::close()

@@ -65,9 +65,7 @@ void OverlayCommands::show()
         WindowPlace::restore(m_window, SettingsKey::overlayGroup, VarnelSettings(),
             QSize(scaled(overlaySize.width()), scaled(overlaySize.height())), overlayPlace);
     }
-    m_window->show();
-    m_window->raise();
-    m_window->activateWindow();
+    WindowPlace::bringForward(m_window);
 }
 
 // What is shown stays: it may have taken some pains.
