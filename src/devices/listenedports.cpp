@@ -135,7 +135,7 @@ void ListenedPorts::pause()
     }
     m_pendingPort = source->portName();
     if (SerialReader *reader = readerFor(m_pendingPort))
-        remove(reader, true);
+        remove(reader);
     m_facts->set(StatusFacts::Paused, m_pendingPort);
 }
 
@@ -161,7 +161,7 @@ void ListenedPorts::synchronise(const QStringList &ports)
         const QString port = reader->portName();
         if (wanted.contains(port))
             continue;
-        remove(reader, false);
+        remove(reader);
         emit message(tr("Stop listening on port %1.").arg(port), usualMessageTime);
     }
     forgetTroubleExcept(wanted);
@@ -196,7 +196,7 @@ void ListenedPorts::leave(const PortInfo &port)
     m_questions->withdraw(port.name);
     giveUp(port.name);
     if (SerialReader *reader = readerFor(port.name)) {
-        remove(reader, true);
+        remove(reader);
         m_facts->set(StatusFacts::Lost, port.name);
         emit message(tr("Stop listening on port %1. Port is removed.").arg(port.name), usualMessageTime);
     }
@@ -219,7 +219,7 @@ void ListenedPorts::closeAll()
     for (const QString &port : waiting)
         m_retries->stop(port);
     while (!m_readers.isEmpty())
-        remove(m_readers.first(), false);
+        remove(m_readers.first());
 }
 
 void ListenedPorts::onAnswered(const QString &portName, bool remember)
@@ -245,7 +245,7 @@ void ListenedPorts::onRetry(const QString &portName, bool tell)
 void ListenedPorts::onLost(const QString &portName)
 {
     if (SerialReader *reader = readerFor(portName))
-        remove(reader, true);
+        remove(reader);
     emit message(tr("Stop listening on port %1. Port is removed.").arg(portName), usualMessageTime);
     tellChanged();
 }
@@ -285,16 +285,13 @@ void ListenedPorts::forgetTroubleExcept(const QStringList &wanted)
     }
 }
 
-void ListenedPorts::remove(SerialReader *reader, bool later)
+void ListenedPorts::remove(SerialReader *reader)
 {
     m_readers.removeOne(reader);
     m_retries->stop(reader->portName());
     m_facts->clear(StatusFacts::Unwatched, reader->portName());
     reader->stop();
-    if (later)
-        reader->deleteLater();
-    else
-        delete reader;
+    reader->deleteLater();
 }
 
 void ListenedPorts::tellChanged()

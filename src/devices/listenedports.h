@@ -67,8 +67,8 @@ private:
     /// Creates and opens the reader of `portName`; false when it can't be opened. A failure that is told is
     /// followed by further attempts, until one succeeds or the port goes or is no longer wanted.
     bool listenOn(const QString &portName, Failure failure = Tell);
-    /// Closes the reader's port and takes it out of the list. `later`: the reader may be running.
-    void remove(SerialReader *reader, bool later);
+    /// Closes the port of the reader and takes it out of the list; it goes later, for it may be running.
+    void remove(SerialReader *reader);
     /// No more attempts on `portName`, and no word of its trouble.
     void giveUp(const QString &portName);
     void forgetTroubleExcept(const QStringList &wanted);
