@@ -13,6 +13,7 @@
 #include <atomic>
 #include <fcntl.h>
 #include <future>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 namespace {
@@ -54,12 +55,20 @@ int secondsIn(const QString &fileName)
     return records.size();
 }
 
+std::atomic<bool> diskFails{false};
+
 bool writeOld(const QString &name, const QByteArray &bytes, int daysAgo)
 {
     return writeFile(name, bytes) && makeOld(name, daysAgo);
 }
 
 } // namespace
+
+extern "C" int fsync(int descriptor)
+{
+    errno = EIO;
+    return diskFails ? -1 : int(::syscall(SYS_fsync, descriptor));
+}
 
 /// The journal says what was recorded, and keeps it through crashes and full disks.
 class TestJournal : public QObject {
@@ -171,6 +180,22 @@ private slots:
         QVERIFY(keeper.holdsAll(names[0]) && keeper.holdsAll(names[1]));
         QTRY_VERIFY_WITH_TIMEOUT(!isBeingWritten(names[1]), longTime);
         QVERIFY(isBeingWritten(names[0]));
+    }
+
+    // Though it takes the lines: nobody knows which of them are there once it is well.
+    void failingDiskIsTold()
+    {
+        QTemporaryDir folder;
+        JournalKeeper keeper(folder.path(), nullptr, period);
+        QSignalSpy stalled(&keeper, SIGNAL(stalled(QString)));
+        QSignalSpy resumed(&keeper, SIGNAL(resumed()));
+        const std::unique_ptr<RecordingLog> log = keeper.create(port);
+        diskFails = true;
+        QTRY_VERIFY_WITH_TIMEOUT((send(*log, 0, 1), !stalled.isEmpty()), longTime);
+        QCOMPARE(stalled, QList<QVariantList>({{QStringLiteral("the disk reports an error")}}));
+        diskFails = false;
+        QTRY_COMPARE_WITH_TIMEOUT(resumed.size(), 1, longTime);
+        QVERIFY(!keeper.holdsAll(keeper.currentFile(port)));
     }
 
     // What waits for the folder takes memory, and no more than 64 MB of that.
