@@ -28,7 +28,7 @@ RULES = {
     "printing": set(),
     "graph/curves": {"series"},
     "graph/scene": {"data", "settings", "series"},
-    "graph/plot": {"data", "series", "graph/curves", "graph/scene"},
+    "graph/plot": {"data", "series", "widgets", "graph/curves", "graph/scene"},
     "graph": {"data", "settings", "series", "widgets", "graph/scene", "graph/plot"},
     "overlay/courses": {"series"},
     "overlay/scene": {"data", "series", "graph/scene", "overlay/courses"},

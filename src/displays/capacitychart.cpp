@@ -2,6 +2,7 @@
 
 #include "displays/chartpaint.h"
 #include "data/figuretext.h"
+#include "widgets/straightstrokes.h"
 
 #include <QPainter>
 
@@ -111,7 +112,7 @@ void CapacityChart::paintLines(QPainter &painter, const QSize &size) const
     const int range = size.height() - 2 * space;
     painter.setPen(ChartPaint::grey);
     for (const int y : {size.height() - space, space, space + range / 3, space + 2 * range / 3})
-        painter.drawLine(px(20), y, size.width() - px(20), y);
+        drawStraight(painter, {px(20), y, size.width() - px(20), y});
 }
 
 void CapacityChart::paintEntry(QPainter &painter, int index, const QSize &size) const
@@ -131,7 +132,7 @@ void CapacityChart::paintBar(QPainter &painter, int index, const QRect &bar) con
     if (distinct) {
         painter.setPen(ChartPaint::textColour(blackGround));
         painter.setBrush(colours.distinctBody);
-        painter.drawRect(bar.adjusted(0, 0, -1, -1));
+        drawBox(painter, bar.adjusted(0, 0, -1, -1));
         return paintLetter(painter, colours.letter, bar, colours.distinctBody);
     }
     // A bar that is all outline is seen on white in the body's colour only.
@@ -141,7 +142,7 @@ void CapacityChart::paintBar(QPainter &painter, int index, const QRect &bar) con
     painter.fillRect(bar.left() + bar.width() / 6, bar.top(), bar.width() / 5, bar.height(), outline);
     painter.setPen(outline);
     painter.setBrush(Qt::NoBrush);
-    painter.drawRect(bar.adjusted(0, 0, -1, -1));
+    drawBox(painter, bar.adjusted(0, 0, -1, -1));
 }
 
 // In the foot of the bar, or beside one that is too low for it.
@@ -195,7 +196,7 @@ void CapacityChart::paintBoxes(QPainter &painter, int index, const QRect &bar) c
     QRect box(bar.left() + px(5), bar.top() - px(20), width, height);
     painter.setPen(Qt::black);
     painter.setBrush(QColor(255, 255, 200));
-    painter.drawRect(box.adjusted(0, 0, -1, -1));
+    drawBox(painter, box.adjusted(0, 0, -1, -1));
     ChartPaint::drawFitted(painter, box, Qt::AlignCenter, QString::number(entries[index].number), 8, scale);
 
     if (entries[index].capacity == 0)
@@ -203,7 +204,7 @@ void CapacityChart::paintBoxes(QPainter &painter, int index, const QRect &bar) c
     box.moveTop(qMax(0, box.top() - px(16)));
     painter.setPen(Qt::black);
     painter.setBrush(Qt::yellow);
-    painter.drawRect(box.adjusted(0, 0, -1, -1));
+    drawBox(painter, box.adjusted(0, 0, -1, -1));
     ChartPaint::drawFitted(
         painter, box, Qt::AlignCenter, FigureText::fixed(percent(index), 0) + QLatin1Char('%'), 8, scale);
 }

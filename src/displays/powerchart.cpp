@@ -2,6 +2,7 @@
 
 #include "displays/chartpaint.h"
 #include "widgets/displayscale.h"
+#include "widgets/straightstrokes.h"
 
 #include <QCoreApplication>
 #include <QPainter>
@@ -100,14 +101,14 @@ void PowerChart::paintAxes(QPainter &painter, const QSize &size) const
 
     painter.setPen(ChartPaint::grey);
     for (const int y : {valueY(0, height), qRound(levelBase * height)})
-        painter.drawLine(px(baseLineInset), y, size.width() - px(baseLineInset) + 1, y);
+        drawStraight(painter, {px(baseLineInset), y, size.width() - px(baseLineInset) + 1, y});
 }
 
 void PowerChart::paintMark(QPainter &painter, const QSize &size, int y, int value, int points) const
 {
     const QColor faint = blackGround ? QColor(50, 50, 50) : QColor(220, 220, 220);
     painter.setPen(faint);
-    painter.drawLine(px(baseLineInset), y, size.width() - px(baseLineInset) + 1, y);
+    drawStraight(painter, {px(baseLineInset), y, size.width() - px(baseLineInset) + 1, y});
     painter.setPen(ChartPaint::textColour(blackGround));
     paintScaleText(
         painter, {0, y - px(8), px(axisLabelWidth), px(16)}, Qt::AlignRight, QString::number(value), points);

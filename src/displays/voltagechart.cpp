@@ -2,6 +2,7 @@
 
 #include "displays/chartpaint.h"
 #include "widgets/displayscale.h"
+#include "widgets/straightstrokes.h"
 #include "data/figuretext.h"
 
 #include <QCoreApplication>
@@ -219,7 +220,7 @@ void VoltageChart::paintAxis(QPainter &painter, const VoltageAxis &axis, const Q
     for (const int mark : marks) {
         const int y = axis.y(mark, bottom(size.height()), top());
         painter.setPen(blackGround ? QColor(60, 60, 60) : QColor(215, 215, 215));
-        painter.drawLine(px(axisWidth), y, size.width() - 1, y);
+        drawStraight(painter, {px(axisWidth), y, size.width() - 1, y});
         painter.setPen(ChartPaint::textColour(blackGround));
         ChartPaint::drawFitted(painter, {0, y - px(8), px(axisWidth - 6), px(16)},
             Qt::AlignRight | Qt::AlignVCenter, FigureText::volts(mark, 0, decimals), 8, scale);
@@ -233,8 +234,8 @@ void VoltageChart::paintGroup(
     QPainter &painter, const VoltageAxis &axis, int pack, const Group &group, int height) const
 {
     painter.setPen(ChartPaint::grey);
-    painter.drawLine(group.left, 0, group.left, height);
-    painter.drawLine(group.left, bottom(height), group.left + group.width - 1, bottom(height));
+    drawStraight(painter, {group.left, 0, group.left, height});
+    drawStraight(painter, {group.left, bottom(height), group.left + group.width - 1, bottom(height)});
     paintHeader(painter, packs[pack], group);
     if (packs[pack].staleSince.isValid())
         painter.setOpacity(0.4);
@@ -276,7 +277,7 @@ void VoltageChart::paintBars(
         if (distinct) {
             painter.setPen(ChartPaint::textColour(blackGround));
             painter.setBrush(Qt::NoBrush);
-            painter.drawRect(bar.adjusted(0, 0, -1, -1));
+            drawBox(painter, bar.adjusted(0, 0, -1, -1));
         }
         const bool emphasised = shown.selected[cell] && selection == All;
         if (emphasised) {

@@ -8,5 +8,6 @@ target_sources(varnel_gui PRIVATE
     widgets/refreshgate.cpp widgets/refreshgate.h
     widgets/sharppixmap.h
     widgets/spoken.cpp widgets/spoken.h
+    widgets/straightstrokes.cpp widgets/straightstrokes.h
     widgets/warningbox.cpp widgets/warningbox.h
 )

@@ -1,19 +1,9 @@
 #include "graph/plot/straightlines.h"
 
+#include "widgets/straightstrokes.h"
+
 #include <QPaintEngine>
 #include <QPainter>
-
-namespace {
-
-bool isOfWholePixels(const QPainter &painter)
-{
-    const QTransform &map = painter.deviceTransform();
-    return painter.paintEngine()->type() == QPaintEngine::Raster && map.type() <= QTransform::TxTranslate
-        && QPointF(map.dx(), map.dy()) == QPoint(qRound(map.dx()), qRound(map.dy()))
-        && !painter.testRenderHint(QPainter::Antialiasing);
-}
-
-} // namespace
 
 class StraightLines::Engine : public QPaintEngine {
 public:
