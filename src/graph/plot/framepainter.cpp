@@ -7,6 +7,7 @@
 #include "graph/scene/cursordifference.h"
 #include "series/seriesstore.h"
 #include "graph/scene/timedivision.h"
+#include "widgets/straightstrokes.h"
 
 #include <QCoreApplication>
 #include <QFontMetrics>
@@ -130,7 +131,7 @@ void paintBadge(const GraphCanvas &c)
     c.painter->fillRect(badge, Qt::yellow);
     c.painter->setPen(Qt::black);
     c.painter->setFont(c.fonts.fit(10, number, badge.width()).font);
-    c.painter->drawText(badge, Qt::AlignCenter, number);
+    c.tools.texts.draw(c.painter, badge, Qt::AlignCenter, number);
 }
 
 void paintInformation(const GraphCanvas &c, const GraphScene &scene)
@@ -150,30 +151,30 @@ void paintInformation(const GraphCanvas &c, const GraphScene &scene)
     }
     c.painter->setFont(fit.font);
     c.painter->setPen(note.isEmpty() ? c.colours.text() : c.colours.note());
-    c.painter->drawText(line, Qt::AlignCenter, text);
+    c.tools.texts.draw(c.painter, line, Qt::AlignCenter, text);
 }
 
 void paintTimeAxis(const GraphCanvas &c)
 {
     const int bottom = c.layout.plotBottom();
     c.painter->setPen(axisPen(c));
-    c.painter->drawLine(c.layout.plotLeft(), bottom, c.layout.plotRight(), bottom);
-    c.painter->setFont(c.fonts.font(8));
-    const QFontMetrics metrics(c.painter->font());
+    drawStraight(*c.painter, {c.layout.plotLeft(), bottom, c.layout.plotRight(), bottom});
+    const QFont font = c.fonts.font(8);
+    c.painter->setFont(font);
     const QVector<Tick> all = ticks(c);
     QVector<int> columns;
     QStringList labels;
     int width = 0;
     for (const Tick &tick : all) {
-        c.painter->drawLine(tick.x, bottom, tick.x, bottom + tickLength);
+        drawStraight(*c.painter, {tick.x, bottom, tick.x, bottom + tickLength});
         columns.append(tick.x);
         labels.append(c.tools.timeScale.label(tick.time).text());
-        width = qMax(width, metrics.horizontalAdvance(labels.last()));
+        width = qMax(width, c.fonts.widthIn(font.pixelSize(), labels.last()));
     }
     c.painter->setPen(c.colours.text());
     const QVector<int> labelled = labelledTicks(columns, width + labelGap, lastNumber(c, all));
     for (const int k : labelled)
-        c.painter->drawText(columns[k] - timeLabelLeft, bottom + timeLabelBelow, labels[k]);
+        c.tools.texts.draw(c.painter, QPoint(columns[k] - timeLabelLeft, bottom + timeLabelBelow), labels[k]);
 }
 
 void paintGrid(const GraphCanvas &c, bool perCell)

@@ -41,9 +41,25 @@ int GraphFonts::widthIn(int pixels, const QString &text)
     return *m_widths.insert(key, QFontMetrics(ofSize(pixels)).horizontalAdvance(text));
 }
 
+// Digits are of one width, but for pairs that move together or, in odd fonts, apart.
+int GraphFonts::mostWidthIn(int pixels, QString text)
+{
+    constexpr int share = 16;
+    constexpr int margin = 2; // px
+    for (QChar &letter : text) {
+        if (letter.isDigit())
+            letter = QLatin1Char('0');
+    }
+    const int width = widthIn(pixels, text);
+    return width + width / share + margin;
+}
+
 GraphFonts::Fit GraphFonts::fit(double points, const QString &text, int width)
 {
     int pixels = pixelsOf(points);
+    const int most = mostWidthIn(pixels, text);
+    if (most <= width)
+        return {ofSize(pixels), most};
     while (pixels > smallestFont && widthIn(pixels, text) > width)
         --pixels;
     return {ofSize(pixels), widthIn(pixels, text)};

@@ -10,7 +10,7 @@
 /// so that both are remembered: keep one with each painter.
 class GraphFonts {
 public:
-    /// A font and what a text measures in it, px.
+    /// A font and what a text measures in it at most, px; exactly, where that is more than was asked for.
     struct Fit {
         QFont font;
         int width;
@@ -24,6 +24,8 @@ public:
     QFont ofSize(int pixels);
     /// Width of `text` in it, px.
     int widthIn(int pixels, const QString &text);
+    /// No less than widthIn(). The same for all figures of as many digits, so that little has to be measured.
+    int mostWidthIn(int pixels, QString text);
 
 private:
     QMap<int, QFont> m_fonts; // by size, px

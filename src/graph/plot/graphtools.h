@@ -1,6 +1,7 @@
 #pragma once
 
 #include "graph/plot/graphfonts.h"
+#include "graph/plot/kepttexts.h"
 #include "graph/plot/scaledrawtime.h"
 #include "graph/plot/straightlines.h"
 
@@ -15,6 +16,7 @@ struct GraphTools {
     GraphTools();
 
     GraphFonts fonts;
+    KeptTexts texts;
     ScaleDrawTime timeScale;
     QwtScaleDraw valueScale; ///< of one value axis after the other
     QwtScaleDiv timeDivision;

@@ -3,6 +3,7 @@
 #include "graph/curves/linedashes.h"
 #include "graph/scene/celllegend.h"
 #include "graph/plot/graphfonts.h"
+#include "graph/plot/graphtools.h"
 
 #include <QCoreApplication>
 #include <QPainter>
@@ -59,7 +60,8 @@ bool fits(const GraphCanvas &c, const GraphScene::Entry &entry, const QRect &row
     const int mark = !isNumbered(entry) ? markHeight + textGap : isNarrow(row) ? 0 : markWidthOf(c);
     const int name = isNumbered(entry) && !isNarrow(row) ? numberWidth : c.fonts.widthIn(font, entry.name);
     const int gaps = isNarrow(row) ? 2 : isNumbered(entry) ? 3 : 4;
-    return mark + name + c.fonts.widthIn(font, entry.value) + gaps * textGap <= row.width();
+    const int room = row.width() - mark - name - gaps * textGap;
+    return c.fonts.mostWidthIn(font, entry.value) <= room || c.fonts.widthIn(font, entry.value) <= room;
 }
 
 // After the rows, so that no mark cuts its descenders.
@@ -70,7 +72,7 @@ void paintHeading(const GraphCanvas &c, const GraphScene &scene, const QRect &fi
     const auto paint = [&](const QRect &line, const QString &text) {
         const int pixels = c.fonts.fit(8, text, line.width()).font.pixelSize();
         c.painter->setFont(c.fonts.ofSize(qMin(pixels, room)));
-        c.painter->drawText(line, nameAlignment, text);
+        c.tools.texts.draw(c.painter, line, nameAlignment, text);
     };
     paint(first, QCoreApplication::translate("MdiGraphChild", "   Cels:"));
     paint(second, scene.cellHeading + QLatin1Char(' ') + scene.cellUnit);
@@ -84,13 +86,13 @@ void paintNumber(
     if (!isNarrow(row)) {
         const int mark = markWidthOf(c);
         paintMark(c, QRect(row.left() + 1, row.center().y() - 1, mark - 2, markHeight), entry);
-        c.painter->drawText(
-            QRect(row.left() + mark, row.top(), numberWidth, row.height()), numberAlignment, entry.name);
+        c.tools.texts.draw(c.painter, QRect(row.left() + mark, row.top(), numberWidth, row.height()),
+            numberAlignment, entry.name);
         return;
     }
     if (!fits(c, entry, row, c.painter->font().pixelSize()))
         return; // the place tells which cell it is
-    c.painter->drawText(row, nameAlignment, entry.name);
+    c.tools.texts.draw(c.painter, row, nameAlignment, entry.name);
     if (row.height() >= lineHeight)
         paintMark(c,
             QRect(
@@ -111,11 +113,11 @@ void paintRow(const GraphCanvas &c, const GraphScene::Entry &entry, const QRect 
     } else {
         paintMark(c, QRect(row.left(), row.top() + 1, markHeight, row.height() - 2), entry);
         c.painter->setPen(c.colours.heading());
-        c.painter->drawText(row.adjusted(markHeight + textGap, 0, 0, 0), nameAlignment, entry.name);
+        c.tools.texts.draw(c.painter, row.adjusted(markHeight + textGap, 0, 0, 0), nameAlignment, entry.name);
     }
     c.painter->setPen(c.colours.text());
-    c.painter->drawText(
-        row.adjusted(0, 0, isNarrow(row) ? -textGap - 1 : -textGap, 0), numberAlignment, entry.value);
+    c.tools.texts.draw(c.painter, row.adjusted(0, 0, isNarrow(row) ? -textGap - 1 : -textGap, 0),
+        numberAlignment, entry.value);
 }
 
 void paintCells(const GraphCanvas &c, const GraphScene &scene)
@@ -150,7 +152,7 @@ void paintText(const GraphCanvas &c, const QString &text, const QRect &line, int
 {
     const int pixels = c.fonts.fit(8, text, line.width()).font.pixelSize();
     c.painter->setFont(c.fonts.ofSize(qMin(pixels, qMax(smallestFont, line.height() - 1))));
-    c.painter->drawText(line, alignment, text);
+    c.tools.texts.draw(c.painter, line, alignment, text);
 }
 
 void paintEntries(const GraphCanvas &c, const QVector<GraphScene::Entry> &entries, const QRect &column)

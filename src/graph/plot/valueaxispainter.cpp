@@ -65,7 +65,7 @@ void drawLabel(
     int left = place.left;
     if (side == GraphScene::Side::Left && fit.width > place.width)
         left = place.left + place.width - fit.width; // rather further out than into the plot
-    c.painter->drawText(left, baseline, text);
+    c.tools.texts.draw(c.painter, QPoint(left, baseline), text);
 }
 
 } // namespace

@@ -1,0 +1,69 @@
+#include "graph/plot/kepttexts.h"
+
+#include "widgets/straightstrokes.h"
+
+#include <QPainter>
+#include <QTextLayout>
+
+namespace {
+
+constexpr int mostKept = 250; // figures come and go; then all are laid out anew
+constexpr double endless = 0x1000000; // px
+
+std::shared_ptr<const QTextLayout> layOut(const QPainter &painter, const QString &text)
+{
+    const auto layout = std::make_shared<QTextLayout>(text, painter.font(), painter.device());
+    QTextOption option;
+    option.setFlags(QTextOption::IncludeTrailingSpaces);
+    option.setTextDirection(painter.layoutDirection());
+    layout->setTextOption(option);
+    layout->setCacheEnabled(true);
+    layout->beginLayout();
+    QTextLine line = layout->createLine();
+    line.setLineWidth(endless);
+    line.setPosition({0, 0});
+    layout->endLayout();
+    return layout;
+}
+
+} // namespace
+
+const QTextLayout &KeptTexts::laidOut(const QPainter &painter, const QString &text)
+{
+    const QFont &font = painter.font();
+    const Key key(font.bold() ? -font.pixelSize() : font.pixelSize(), text);
+    const auto known = m_kept.constFind(key);
+    if (known != m_kept.constEnd())
+        return **known;
+    if (m_kept.size() >= mostKept)
+        m_kept.clear();
+    return **m_kept.insert(key, layOut(painter, text));
+}
+
+void KeptTexts::draw(QPainter *painter, const QPoint &start, const QString &text)
+{
+    if (text.isEmpty() || !isOfWholePixels(*painter)) {
+        painter->drawText(start, text);
+        return;
+    }
+    const QTextLine line = laidOut(*painter, text).lineAt(0);
+    line.draw(painter, QPointF(start.x(), start.y() - line.ascent()));
+}
+
+void KeptTexts::draw(QPainter *painter, const QRect &rect, int flags, const QString &text)
+{
+    if (text.isEmpty() || !isOfWholePixels(*painter)) {
+        painter->drawText(rect, flags, text);
+        return;
+    }
+    const QTextLine line = laidOut(*painter, text).lineAt(0);
+    const QSizeF size(line.horizontalAdvance(), line.ascent() + line.descent());
+    const double right = flags & Qt::AlignRight ? 1 : flags & Qt::AlignHCenter ? 0.5 : 0;
+    const double down = flags & Qt::AlignBottom ? 1 : flags & Qt::AlignVCenter ? 0.5 : 0;
+    const QRectF place(rect.x() + (rect.width() - size.width()) * right,
+        rect.y() + (rect.height() - size.height()) * down, size.width(), size.height());
+    if (flags & Qt::TextDontClip || QRectF(rect).contains(place))
+        line.draw(painter, place.topLeft());
+    else
+        painter->drawText(rect, flags, text); // cut off at the edges
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QHash>
+#include <QPair>
+#include <QString>
+
+#include <memory>
+
+class QPainter;
+class QPoint;
+class QRect;
+class QTextLayout;
+
+/// Draws the texts of a graph, pixel by pixel as a painter does. Most of them are drawn again and again, and to find
+/// the letters of a text and their places takes longer than to paint them, so that these are kept.
+class KeptTexts {
+public:
+    /// As QPainter::drawText() does with the painter's font and pen. The font is Arial, sized in pixels.
+    void draw(QPainter *painter, const QPoint &start, const QString &text);
+    void draw(QPainter *painter, const QRect &rect, int flags, const QString &text);
+
+private:
+    using Key = QPair<int, QString>; // the font's size, below 0 for a bold one
+
+    const QTextLayout &laidOut(const QPainter &painter, const QString &text);
+
+    QHash<Key, std::shared_ptr<const QTextLayout>> m_kept;
+};
