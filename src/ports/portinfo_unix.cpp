@@ -70,6 +70,61 @@ bool statDevice(const QByteArray &path, struct stat *node)
     return stat(path.constData(), node) == 0 && S_ISCHR(node->st_mode);
 }
 
+/// What a folder says of ports: names and numbers of its nodes, which tell a device from another that follows
+/// it under the same name, and the paths of those that may be links.
+struct Nodes {
+    QByteArray text;
+    QList<QByteArray> links;
+};
+
+Nodes nodesIn(const QByteArray &folder)
+{
+    Nodes nodes;
+    QList<QByteArray> entries;
+    visitFolder(folder, [&](const dirent &entry) {
+        if (!isPortName(entry.d_name))
+            return;
+        const QByteArray path = folder + '/' + entry.d_name;
+        entries.append(path + ' ' + QByteArray::number(quint64(entry.d_ino)) + '\n');
+        if (isLinkName(entry.d_name))
+            nodes.links.append(path);
+    });
+    std::sort(entries.begin(), entries.end());
+    std::sort(nodes.links.begin(), nodes.links.end());
+    nodes.text = entries.join();
+    return nodes;
+}
+
+/// Whether a folder that was changed at `changed` tells of its next change by another time.
+bool isLongSince(const timespec &changed)
+{
+    constexpr time_t coarsest = 2; // s, of any file system's clock
+    timespec now = {};
+    ::clock_gettime(CLOCK_REALTIME, &now);
+    return now.tv_sec - changed.tv_sec > coarsest;
+}
+
+// It has a hundred nodes and more, is looked at every second and hardly ever changes.
+const Nodes &deviceNodes()
+{
+    struct Seen {
+        Nodes nodes;
+        struct stat folder = {};
+        bool settled = false;
+    };
+    static Seen seen;
+    struct stat now = {};
+    const bool isThere = ::stat(deviceFolder, &now) == 0;
+    const bool same = isThere && seen.settled && now.st_dev == seen.folder.st_dev
+        && now.st_ino == seen.folder.st_ino && now.st_ctim.tv_sec == seen.folder.st_ctim.tv_sec
+        && now.st_ctim.tv_nsec == seen.folder.st_ctim.tv_nsec;
+    if (!same) {
+        const bool settled = isThere && isLongSince(now.st_ctim);
+        seen = {nodesIn(deviceFolder), now, settled}; // what comes between has another time
+    }
+    return seen.nodes;
+}
+
 QString descriptionOf(const QString &location, const QVector<PortInfo> &ports)
 {
     const auto found = std::find_if(
@@ -125,25 +180,24 @@ QString portLinkFolder()
     return QFile::decodeName(portFolder());
 }
 
-// The numbers of the nodes tell a device from another that follows it under the same name.
 QByteArray portFingerprint()
 {
-    QList<QByteArray> entries;
-    const auto folders = linkFolders();
-    for (const QByteArray &folder : folders) {
-        visitFolder(folder, [&](const dirent &entry) {
-            if (!isPortName(entry.d_name))
-                return;
-            QByteArray text = folder + '/' + entry.d_name + ' ' + QByteArray::number(quint64(entry.d_ino));
-            struct stat node;
-            if (isLinkName(entry.d_name) && statDevice(folder + '/' + entry.d_name, &node))
-                text += ' ' + QByteArray::number(quint64(node.st_rdev)) + ' '
-                    + QByteArray::number(quint64(node.st_ino));
-            entries.append(text);
-        });
+    const Nodes &devices = deviceNodes();
+    QByteArray fingerprint = devices.text;
+    QList<QByteArray> links = devices.links;
+    const QByteArray chosen = portFolder();
+    if (!chosen.isEmpty()) {
+        const Nodes nodes = nodesIn(chosen);
+        fingerprint += nodes.text;
+        links += nodes.links;
     }
-    std::sort(entries.begin(), entries.end());
-    return entries.join('\n');
+    for (const QByteArray &link : qAsConst(links)) {
+        struct stat node;
+        if (statDevice(link, &node))
+            fingerprint += link + ' ' + QByteArray::number(quint64(node.st_rdev)) + ' '
+                + QByteArray::number(quint64(node.st_ino)) + '\n';
+    }
+    return fingerprint;
 }
 
 QByteArray portIdentity(const PortInfo &port)
