@@ -88,12 +88,6 @@ QString reasonOf(const QSqlError &error)
     return error.databaseText().isEmpty() ? error.text() : error.databaseText();
 }
 
-int dataVersionOf(const QSqlDatabase &database)
-{
-    QSqlQuery query(database);
-    return query.exec(QStringLiteral("PRAGMA data_version")) && query.next() ? query.value(0).toInt() : 0;
-}
-
 } // namespace
 
 LogbookFile::LogbookFile(const QString &folder)
@@ -196,7 +190,7 @@ bool LogbookFile::wasWrittenByOthers()
 {
     if (m_isReadOnly || m_connection.isEmpty())
         return false;
-    const int version = dataVersionOf(database());
+    const int version = dataVersion();
     return std::exchange(m_dataVersion, version) != version;
 }
 
@@ -266,7 +260,7 @@ LogbookFile::Fault LogbookFile::prepare(QSqlDatabase &database, LogbookContent *
         return faultOf(error);
     m_isCareful = false;
     run(database, "PRAGMA synchronous = NORMAL", &error);
-    m_dataVersion = dataVersionOf(database);
+    m_dataVersion = dataVersion();
     const bool read = LogbookTables::read(database, content, &error);
     if (newer)
         return Fault::Newer;
@@ -294,6 +288,7 @@ LogbookFile::Fault LogbookFile::faultOf(const QSqlError &error)
 
 void LogbookFile::disconnect()
 {
+    m_versionQuery.reset();
     if (!m_connection.isEmpty())
         QSqlDatabase::removeDatabase(m_connection);
     m_connection.clear();
@@ -389,4 +384,20 @@ LogbookFile::Fault LogbookFile::restoreFrom(const QString &source, LogbookConten
 QSqlDatabase LogbookFile::database() const
 {
     return QSqlDatabase::database(m_connection, false);
+}
+
+// Asked every second, so that the question is understood once.
+int LogbookFile::dataVersion()
+{
+    if (!m_versionQuery) {
+        m_versionQuery = std::make_unique<QSqlQuery>(database());
+        m_versionQuery->prepare(QStringLiteral("PRAGMA data_version"));
+    }
+    const bool answered = m_versionQuery->exec() && m_versionQuery->next();
+    const int version = answered ? m_versionQuery->value(0).toInt() : 0;
+    if (answered)
+        m_versionQuery->finish(); // it would hold the file
+    else
+        m_versionQuery.reset();
+    return version;
 }

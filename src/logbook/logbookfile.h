@@ -8,6 +8,7 @@
 
 class QSqlDatabase;
 class QSqlError;
+class QSqlQuery;
 class QTemporaryDir;
 
 /// The file `logbook.sqlite` in a folder, and its dated copies. Waits for the disk: it is made, used and
@@ -60,9 +61,11 @@ private:
     void restore(LogbookContent *content);
     Fault restoreFrom(const QString &source, LogbookContent *content);
     QSqlDatabase database() const;
+    int dataVersion();
 
     QString m_folder;
     QString m_connection; // name of the open one; empty without
+    std::unique_ptr<QSqlQuery> m_versionQuery; // of the open one; null until it is asked first
     QString m_reason; // of the newest fault
     std::unique_ptr<QTemporaryDir> m_copy; // where the file itself can't be opened for writing
     bool m_isReadOnly = false;
