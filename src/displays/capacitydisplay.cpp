@@ -33,7 +33,7 @@ CapacityDisplay::CapacityDisplay(QWidget *parent)
     setFocusPolicy(Qt::StrongFocus);
     m_chart.scale = displayScale();
     m_updateTimer.setInterval(updateInterval);
-    connect(&m_updateTimer, SIGNAL(timeout()), this, SIGNAL(entriesWanted()));
+    connect(&m_updateTimer, SIGNAL(timeout()), this, SLOT(wantEntries()));
     refresh();
     onViewChanged();
 }
@@ -127,6 +127,12 @@ void CapacityDisplay::showPrev()
     refresh();
 }
 
+void CapacityDisplay::wantEntries()
+{
+    if (isVisible() && !isMinimized())
+        emit entriesWanted();
+}
+
 void CapacityDisplay::refresh()
 {
     m_next->setEnabled(m_end < m_chart.entries.size());
@@ -160,6 +166,8 @@ void CapacityDisplay::print()
 
 bool CapacityDisplay::event(QEvent *event)
 {
+    if (event->type() == QEvent::WindowStateChange)
+        wantEntries(); // those of the time in which it was minimised
     if (event->type() != QEvent::ToolTip)
         return QWidget::event(event);
     const auto *help = static_cast<QHelpEvent *>(event);

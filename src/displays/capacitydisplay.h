@@ -54,6 +54,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private slots:
+    void wantEntries();
     void onViewChanged();
 
 private:

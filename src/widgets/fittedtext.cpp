@@ -1,8 +1,32 @@
 #include "widgets/fittedtext.h"
 
+#include <QGuiApplication>
+#include <QHash>
 #include <QLabel>
+#include <QScreen>
 
-QFont fittedFont(QFont font, const QString &text, const QSize &box)
+namespace {
+
+constexpr int mostKept = 250; // figures come and go; then all are measured anew
+
+struct Fit {
+    QFont font;
+    QString text;
+    QSize box;
+    double density; // of the screen, which points depend on
+};
+
+bool operator==(const Fit &a, const Fit &b)
+{
+    return a.text == b.text && a.box == b.box && a.font == b.font && a.density == b.density;
+}
+
+uint qHash(const Fit &fit, uint seed = 0)
+{
+    return qHash(fit.text, seed) ^ qHash(fit.font, seed) ^ uint(fit.box.width() * 31 + fit.box.height());
+}
+
+QFont measuredFont(QFont font, const QString &text, const QSize &box)
 {
     // The one that the font is not sized in is below 0.
     qreal points = font.pointSizeF();
@@ -18,6 +42,22 @@ QFont fittedFont(QFont font, const QString &text, const QSize &box)
         else
             return font;
     }
+}
+
+} // namespace
+
+// Most texts are shown again and again, and measuring one costs more than drawing it.
+QFont fittedFont(const QFont &font, const QString &text, const QSize &box)
+{
+    static QHash<Fit, QFont> kept;
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    const Fit fit = {font, text, box, screen ? screen->logicalDotsPerInchY() : 0.0};
+    const auto known = kept.constFind(fit);
+    if (known != kept.constEnd())
+        return *known;
+    if (kept.size() >= mostKept)
+        kept.clear();
+    return *kept.insert(fit, measuredFont(font, text, box));
 }
 
 void setFittedText(QLabel *label, const QString &text, qreal points, const QSize &box)

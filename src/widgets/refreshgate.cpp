@@ -15,7 +15,7 @@ RefreshGate::RefreshGate(QWidget *display)
 
 void RefreshGate::request()
 {
-    if (m_display->isVisible() && !m_timer.isActive())
+    if (isSeen() && !m_timer.isActive())
         open();
     else
         m_pending = true;
@@ -24,15 +24,21 @@ void RefreshGate::request()
 bool RefreshGate::eventFilter(QObject *watched, QEvent *event)
 {
     // The event comes before the first paint, so that a display never opens with old figures.
-    if (watched == m_display && event->type() == QEvent::Show && m_pending)
+    const bool comes = event->type() == QEvent::Show || event->type() == QEvent::WindowStateChange;
+    if (watched == m_display && comes && m_pending && isSeen())
         open();
     return QObject::eventFilter(watched, event);
 }
 
 void RefreshGate::onInterval()
 {
-    if (m_pending && m_display->isVisible())
+    if (m_pending && isSeen())
         open();
+}
+
+bool RefreshGate::isSeen() const
+{
+    return m_display->isVisible() && !m_display->window()->isMinimized();
 }
 
 void RefreshGate::open()

@@ -7,7 +7,7 @@ class QWidget;
 
 /// Lets a display bring itself up to date at most ten times a second, and only while it is
 /// shown: requests in between fall together into one at the end of the interval, requests of a
-/// hidden display into one when it is shown.
+/// hidden or minimised display into one when it is shown.
 class RefreshGate : public QObject {
     Q_OBJECT
 
@@ -32,6 +32,7 @@ private slots:
     void onInterval();
 
 private:
+    bool isSeen() const;
     void open();
 
     QWidget *m_display; // the parent

@@ -3,12 +3,14 @@
 #include "widgets/inputgate.h"
 #include "widgets/plaintooltip.h"
 #include "widgets/refreshgate.h"
+#include "widgets/straightstrokes.h"
 #include "widgets/warningbox.h"
 
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPainter>
 #include <QtTest>
 
 /// What several windows are made of.
@@ -91,6 +93,37 @@ private slots:
         display.hide();
         QTRY_VERIFY_WITH_TIMEOUT(!timer->isActive(), 30000);
         QVERIFY(gate->isPending() && refreshes.count() == 3);
+        display.showMinimized();
+        QVERIFY(gate->isPending());
+        gate->request();
+        QVERIFY(gate->isPending() && refreshes.count() == 3);
+        display.setWindowState(Qt::WindowNoState);
+        QTRY_VERIFY_WITH_TIMEOUT(!gate->isPending() && refreshes.count() == 4, 30000);
+    }
+
+    /// With their own pixels, where they are quick and where they are not.
+    void straightStrokesAreThePainters()
+    {
+        for (int way = 0; way < 48; ++way) {
+            QImage ours(40, 30, QImage::Format_RGB32);
+            QImage painters = ours;
+            for (QImage *image : {&ours, &painters}) {
+                image->fill(Qt::darkBlue);
+                QPainter painter(image);
+                painter.setPen(QPen(way & 1 ? QColor(9, 200, 30, 99) : QColor(Qt::red), way % 3,
+                    way & 4 ? Qt::DotLine : Qt::SolidLine));
+                painter.setBrush(way & 2 ? QBrush(Qt::yellow) : QBrush());
+                painter.setOpacity(way & 8 ? 0.4 : 1);
+                painter.translate(way & 16 ? 0.5 : 3, 2);
+                painter.scale(1, way & 32 ? 1.5 : 1);
+                for (const QLine &line :
+                    {QLine(-9, 3, 70, 3), {4, 1, 4, 20}, {9, 9, 9, 9}, {20, 5, 12, 5}, {1, 1, 8, 14}})
+                    image == &ours ? drawStraight(painter, line) : painter.drawLine(line);
+                for (const QRect &rect : {QRect(11, 7, 9, 8), {22, 2, 1, 1}, {25, 4, 6, 0}, {30, 9, 60, 60}})
+                    image == &ours ? drawBox(painter, rect) : painter.drawRect(rect);
+            }
+            QVERIFY2(ours == painters, qPrintable(QString::number(way)));
+        }
     }
 
     void inputReachesOneWidget()

@@ -1,4 +1,5 @@
 #include "graph/plot/graphpainter.h"
+#include "graph/plot/kepttexts.h"
 #include "support/columns.h"
 #include "support/graphcase.h"
 #include "support/paintlog.h"
@@ -79,10 +80,49 @@ class TestGraphPainter : public QObject {
 private slots:
     void paints_data();
     void paints();
+    void keptTextsAreThePainters();
 
 private:
     GraphPainter m_used;
 };
+
+/// Letter by letter where the painter has them, laid out just now and before.
+void TestGraphPainter::keptTextsAreThePainters()
+{
+    KeptTexts kept;
+    for (int round = 0; round < 3; ++round) {
+        for (const char *text :
+            {"", " ", "00:11:47", "  0,0", "-12,50 V ", "1", "Charge  3xLiPo", "m\u03a9", "11.111"}) {
+            QImage ours(300, 200, QImage::Format_RGB32);
+            QImage painters = ours;
+            for (QImage *image : {&ours, &painters}) {
+                image->fill(Qt::darkGreen);
+                QPainter painter(image);
+                painter.translate(round == 1 ? 0.25 : 2, 3);
+                for (int way = 0; way < 54; ++way) {
+                    QFont font("Arial");
+                    font.setPixelSize(8 + way % 9);
+                    font.setBold(way % 2 == 1);
+                    painter.setFont(font);
+                    painter.setPen(way % 2 == 1 ? Qt::yellow : Qt::white);
+                    const int across[] = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight};
+                    const int down[] = {Qt::AlignTop, Qt::AlignVCenter, Qt::AlignBottom};
+                    const int flags = across[way % 3] | down[way / 3 % 3] | (way < 27 ? Qt::TextDontClip : 0);
+                    const QPoint place(way % 6 * 49, way / 6 * 22);
+                    const QRect rect(place, QSize(20 + way, 9 + way % 12));
+                    if (image == &ours) {
+                        kept.draw(&painter, rect, flags, text);
+                        kept.draw(&painter, place, text);
+                    } else {
+                        painter.drawText(rect, flags, text);
+                        painter.drawText(place, text);
+                    }
+                }
+            }
+            QVERIFY2(ours == painters, text);
+        }
+    }
+}
 
 /// Each stroke, rectangle and text of a graph that matches `part`, as the commands of paintedBy() in any
 /// order.
