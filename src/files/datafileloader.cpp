@@ -228,7 +228,6 @@ void DataFileLoader::finish(Status status)
         qDebug("Wczytal %d linii z pliku %s", m_recordCount, qUtf8Printable(m_fileName));
         return;
     }
-    m_recordCount = 0;
     if (status == Status::BadHeader || status == Status::BadLine)
         m_errorLine = qMax(1, m_lines->lineNumber());
     m_records.clear();

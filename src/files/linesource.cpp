@@ -65,8 +65,7 @@ void LineSource::giveLine(QLatin1String *line, int length)
 bool LineSource::refill()
 {
     const int kept = m_end - m_begin;
-    if (m_begin > 0)
-        std::memmove(m_buffer.data(), m_buffer.constData() + m_begin, size_t(kept));
+    std::memmove(m_buffer.data(), m_buffer.constData() + m_begin, size_t(kept));
     m_begin = 0;
     m_scanned = m_end = kept;
     const qint64 got = m_device.read(m_buffer.data() + m_end, m_buffer.size() - m_end);

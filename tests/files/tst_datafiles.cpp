@@ -234,6 +234,9 @@ private slots:
                 {"Varnel 3 " + record + " 100 0"}}};
         for (const auto &[name, bytes, expected] : cases)
             QCOMPARE(told(bytes, name), expected);
+        const auto nine = loaderOf("7\nt\n9\n3\n" + QByteArray("3300 0 ").repeated(8) + "3344 50\n", abp);
+        QVERIFY(nine->readAll());
+        QCOMPARE(nine->takeRecords().last().cells[8].voltage, 3344);
     }
 
     // Volts, and what becomes of them in millivolts; '-' is a format error.

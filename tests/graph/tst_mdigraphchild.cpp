@@ -318,10 +318,11 @@ private slots:
         QCOMPARE(painted("View held").size(), 0);
         child->attachReader(&link);
         QCOMPARE(painted("text 'View held   Ended or silent since 09:05:07   ").size(), 1);
+        QCOMPARE(
+            child->spokenText(), "Graph 4, charge, 3 x LiPo, 11.4 volts, Ended or silent since 09:05:07");
         child->setSilentSince(QDateTime());
         QCOMPARE(note(), "");
         QCOMPARE(painted("text 'View held   Charge").size(), 1);
-        QCOMPARE(child->spokenText(), "Graph 4, charge, 3 x LiPo, 11.4 volts");
         child->finishRecording();
     }
 

@@ -22,6 +22,7 @@ private slots:
             {"10 current=0 current@3=1000 current@5-9=10000", "0123456 start 3 time 0..540 charge 0..900",
                 ""},
             {"10 current=0 current@3-9=900", "0123456 start 3 time 0..540 charge 0..900", ""},
+            {"4 temperature=0 temperature@3=300", "0123456 start 0 time 0..180 charge 0..300", ""},
             {"4 current=0", "0123456 start 0 time 0..180 charge 0..300", ""},
             {"6 period@3=-100", "0123456 start 0 time 0..140 charge 0..500 back",
                 "19:3 21:3 141:-1 79:4 70:1"},

@@ -16,7 +16,7 @@ struct ActionRow {
     LogbookCommand id;
     const char *text;
     const char *tip;
-    int key; ///< 0: none
+    int key;
     bool isFirstOfGroup = false;
 };
 
@@ -113,8 +113,7 @@ LogbookActions::LogbookActions(QObject *parent)
 {
     for (const ActionRow &row : actionRows) {
         auto *action = new QAction(ActionTable::tr(row.text), this);
-        if (row.key != 0)
-            action->setShortcut(row.key);
+        action->setShortcut(row.key);
         m_actions[size_t(row.id)] = action;
         offer(row.id, QString());
     }

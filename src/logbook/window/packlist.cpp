@@ -189,7 +189,7 @@ QString PackList::tipOf(const Row &row) const
 
 QVariant PackList::data(const QModelIndex &index, int role) const
 {
-    if (!index.isValid() || index.row() >= m_rows.size())
+    if (!index.isValid())
         return {};
     const Row &row = m_rows[index.row()];
     const int column = index.column();

@@ -74,8 +74,6 @@ void OverlayCourse::findCurrentStart()
 {
     const Interval currents = range(OverlayValue::Current);
     const double strongest = std::max(currents.high, -currents.low);
-    if (strongest <= 0)
-        return;
     const Points &all = values(OverlayValue::Current);
     const auto flows = [=](float current) { return std::abs(current) >= strongest * partOfCurrent; };
     m_currentStart = int(std::find_if(all.begin(), all.end(), flows) - all.begin());

@@ -277,7 +277,7 @@ private slots:
         QFETCH(int, columns);
         QStandardItemModel model(rows, columns + 1);
         for (int column = 0; column <= columns; ++column) {
-            model.setHeaderData(column, Qt::Horizontal, QString(QChar('A' + column)));
+            model.setHeaderData(column, Qt::Horizontal, QString(8, QChar('A' + column)));
             for (int row = 0; row < rows; ++row) {
                 const QString text = row == 0 ? QString(100, 'W') : QString("%1.%2").arg(row).arg(column);
                 model.setData(model.index(row, column), text);
@@ -292,20 +292,22 @@ private slots:
         const TablePages pages(model, header);
         QTEST(pages.count(), "pages");
         const QFontMetricsF letters(drawingFont("Arial", 8, 1, true));
-        const auto width = [&](char title) { return int(letters.horizontalAdvance(title) + 8) + 1; };
+        const auto width
+            = [&](char title) { return int(letters.horizontalAdvance(QString(8, title)) + 8) + 1; };
         if (rows == 0) // as wide as the titles
             VERIFY_PAINTS(
                 TablePages::size().toSize(), [&](QPainter &painter) { pages.paint(painter, 0); },
-                QString("text 'B' left 0,9 11 bold Arial #000000; text 'A' left %1,9 11 bold Arial #000000; "
-                        "line 0,17 %2,17 #000000; text '1 / 1' right 1120,732 11 Arial #000000")
+                QString(
+                    "text 'BBBBBBBB' left 0,9 11 bold Arial #000000; text 'AAAAAAAA' left %1,9 11 bold Arial #000000; "
+                    "line 0,17 %2,17 #000000; text '1 / 1' right 1120,732 11 Arial #000000")
                     .arg(width('B'))
                     .arg(width('B') + width('A')),
                 true);
         if (rows == 49)
             VERIFY_PAINTS(
                 TablePages::size().toSize(), [&](QPainter &painter) { pages.paint(painter, 1); },
-                "text 'B' right 217,7 9.47692 bold Arial #000000; "
-                "text 'A' left 224,7 9.47692 bold Arial #000000; "
+                "text 'BBBBBBBB' right 217,7 9.47692 bold Arial #000000; "
+                "text 'AAAAAAAA' left 224,7 9.47692 bold Arial #000000; "
                 "text '48.1' right 217,22 9.47692 Arial #000000; "
                 "text '48.0' left 224,22 9.47692 Arial #000000; "
                 "text '2 / 2' right 1120,733 9.47692 Arial #000000");

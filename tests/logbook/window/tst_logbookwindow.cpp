@@ -53,6 +53,8 @@ private slots:
             return view()->viewport()->rect().contains(view()->visualRect(view()->currentIndex()).center());
         };
         view()->choose(ids[1]);
+        view()->scrollToBottom();
+        view()->choose(ids[1]);
         QVERIFY(isInSight());
         for (const auto order : {Qt::AscendingOrder, Qt::DescendingOrder}) {
             for (const int column : {Columns::Charge, Columns::Device, Columns::Start}) {
@@ -123,7 +125,9 @@ private slots:
         QCOMPARE(logbook->recording(ids[1])->pack, a);
         view()->choose(ids[2]);
         whenModal<PackChoice>(window.get(), [this](PackChoice *choice) {
-            QVERIFY(choice->chosen() != PackChoice::newPack && choice->windowTitle() == "Assign to pack");
+            QVERIFY(choice->chosen() != PackChoice::newPack);
+            QCOMPARE(choice->windowTitle() + ": " + choice->findChild<QLabel *>()->text(),
+                "Assign to pack: Pack of the 1 chosen recording(s):");
             whenModal<PackDialog>(window.get(), [](PackDialog *dialog) {
                 dialog->findChild<QLineEdit *>("packName")->setText("B");
                 dialog->accept();

@@ -80,7 +80,6 @@ void TablePages::paint(QPainter &painter, int page) const
     const double factor = factorOf(m_width);
     const QSizeF paper = pageSize / factor;
     painter.scale(factor, factor);
-    painter.setPen(Qt::black);
     painter.setFont(drawingFont(QStringLiteral("Arial"), printedPoints, 1.0, true));
     paintRow(painter, m_titles, 0);
     painter.drawLine(QPointF(0, lineHeight), QPointF(m_width, lineHeight));
