@@ -365,11 +365,8 @@ QString TestGraphInteraction::view()
         text += QString(" marked %1").arg(interaction->markedRecord());
     const QRect band = interaction->rubberBand();
     if (!band.isEmpty())
-        text += QString(" band %1 %2 %3 %4")
-                    .arg(band.left())
-                    .arg(band.top())
-                    .arg(band.right())
-                    .arg(band.bottom());
+        QTextStream(&text, QIODevice::Append)
+            << " band " << band.left() << ' ' << band.top() << ' ' << band.right() << ' ' << band.bottom();
     const CellSelection &cells = interaction->cells()->cells();
     for (size_t cell = 0; cell < cells.size(); ++cell)
         text += cells[cell] ? QString(" cell %1").arg(cell) : QString();

@@ -46,6 +46,7 @@ OverlayRequest requestOf(const QString &words)
     for (const QString &word : asked) {
         const QStringList numbers = word.section('=', 1).split(',');
         const auto number = [&](int i) { return numbers.value(i).toDouble(); };
+        const auto whole = [&](int i) { return numbers.value(i).toInt(); };
         const QHash<QString, std::function<void()>> meanings{
             {"value", [&] { request.value = OverlayValue(int(number(0))); }},
             {"charge", [&] { request.axis = OverlayAxis::Charge; }},
@@ -58,14 +59,10 @@ OverlayRequest requestOf(const QString &words)
             {"picked", [&] { request.picked = int(number(0)); }},
             {"cursor", [&] { request.cursor = number(0); }},
             {"marked", [&] { request.marked = number(0); }},
-            {"size", [&] { request.size = QSize(int(number(0)), int(number(1))); }},
+            {"size", [&] { request.size = QSize(whole(0), whole(1)); }},
             {"scale", [&] { request.scale = number(0); }},
             {"white", [&] { request.black = false; }},
-            {"band",
-                [&] {
-                    request.rubberBand
-                        = QRect(int(number(0)), int(number(1)), int(number(2)), int(number(3)));
-                }},
+            {"band", [&] { request.rubberBand = QRect(whole(0), whole(1), whole(2), whole(3)); }},
             {"distinct", [&] { request.distinct = true; }},
             {"zoom",
                 [&] {
@@ -161,11 +158,8 @@ private slots:
             const OverlayLayout layout(whole, entries);
             QStringList texts;
             for (const QRect &rect : {layout.plot(), layout.row(1), layout.firstLine()})
-                texts += QString("%1,%2 %3x%4")
-                             .arg(rect.x())
-                             .arg(rect.y())
-                             .arg(rect.width())
-                             .arg(rect.height());
+                texts += QString("%1,%2 %3x").arg(rect.x()).arg(rect.y()).arg(rect.width())
+                    + QString::number(rect.height());
             QCOMPARE(texts.join("; ") + (layout.isDrawable() ? "" : "; small"), told);
             for (int i = 0; i < entries; ++i)
                 QCOMPARE(layout.entryAt(layout.row(i).center()), std::optional(i));
@@ -447,22 +441,16 @@ QString TestOverlay::view()
     QString text = "all";
     const Interval share = shown.zoom.share(PlotArea::Upper);
     if (shown.zoom.isActive())
-        text = QString("%1..%2 %3..%4")
-                   .arg(qRound(shown.zoom.times().low))
-                   .arg(qRound(shown.zoom.times().high))
-                   .arg(qRound(100 * share.low))
-                   .arg(qRound(100 * share.high));
+        text = QString("%1..%2 ").arg(qRound(shown.zoom.times().low)).arg(qRound(shown.zoom.times().high))
+            + QString("%1..%2").arg(qRound(100 * share.low)).arg(qRound(100 * share.high));
     if (shown.cursor)
         text += QString(" cursor %1").arg(qRound(*shown.cursor));
     if (shown.marked)
         text += QString(" marked %1").arg(qRound(*shown.marked));
     const QRect band = shown.rubberBand;
     if (!band.isEmpty())
-        text += QString(" band %1 %2 %3 %4")
-                    .arg(band.left())
-                    .arg(band.top())
-                    .arg(band.width())
-                    .arg(band.height());
+        QTextStream(&text, QIODevice::Append)
+            << " band " << band.left() << ' ' << band.top() << ' ' << band.width() << ' ' << band.height();
     if (shown.picked >= 0)
         text += " picked " + shown.entries[shown.picked].label;
     QStringList shifts;

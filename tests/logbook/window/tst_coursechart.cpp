@@ -178,13 +178,8 @@ private slots:
     void chart()
     {
         CourseChart chart;
-        chart.unit = "Ah";
         chart.byDate = false;
-        chart.reference = 5;
-        chart.referenceName = "nominal";
-        chart.inPercent = true;
-        chart.lines = {{"Discharge", Qt::red, CourseLine::Square, Qt::SolidLine,
-            {{1, 5, 11, false}, {1.05, 5, 12, false}, {3, 4.5, 13, true}}}};
+        chart.lines = {lineOf("Discharge", CourseLine::Square, "1:5 1.05:5 3:4.5~")};
         const QSize size(400, 300);
         const CourseChart::Mapping map = chart.mapping(size);
         for (int i = 0; i < 3; ++i) {

@@ -342,14 +342,12 @@ private slots:
         QCOMPARE(dates[0]->displayFormat(), QString("M/d/yyyy"));
         const auto told = [&] {
             const LogbookFilter filter = line.filter();
-            return QString("%1 %2 %3 %4 %5 %6 %7 %8")
-                .arg(filter.text)
-                .arg(filter.cellType)
-                .arg(filter.mode)
-                .arg(filter.from.toString(Qt::ISODate), filter.to.toString(Qt::ISODate))
-                .arg(line.isEmpty())
-                .arg(dates[0]->isEnabled())
-                .arg(dates[1]->isEnabled());
+            QString text;
+            QTextStream(&text) << filter.text << ' ' << filter.cellType << ' ' << filter.mode << ' '
+                               << filter.from.toString(Qt::ISODate) << ' ' << filter.to.toString(Qt::ISODate)
+                               << ' ' << line.isEmpty() << ' ' << dates[0]->isEnabled() << ' '
+                               << dates[1]->isEnabled();
+            return text;
         };
         const QString everything = " -1 -1   1 0 0";
         const std::pair<std::function<void()>, const char *> changes[]
@@ -400,13 +398,10 @@ private slots:
         PackDialog dialog("Title", pack, nullptr);
         const auto told = [&] {
             const LogbookPack now = dialog.pack();
-            return QString("%1 %2 %3 %4 %5 %6")
-                .arg(now.id)
-                .arg(now.name)
-                .arg(now.cellType)
-                .arg(now.cells)
-                .arg(now.capacity)
-                .arg(now.note.size());
+            QString text;
+            QTextStream(&text) << now.id << ' ' << now.name << ' ' << now.cellType << ' ' << now.cells << ' '
+                               << now.capacity << ' ' << now.note.size();
+            return text;
         };
         QCOMPARE(dialog.windowTitle(), QString("Title"));
         QCOMPARE(told(), QString("7 A %1 0 0 0").arg(Varnel::noCellType));
