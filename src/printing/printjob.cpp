@@ -33,7 +33,7 @@ void drawPicture(QPainter &painter, const PrintJob &job, int page, const QRectF 
     const qreal factor = qMin(area.width() / job.size.width(), area.height() / job.size.height());
     painter.translate(area.left() + (area.width() - job.size.width() * factor) / 2, area.top());
     painter.scale(factor, factor);
-    painter.setClipRect(QRectF(QPointF(0, 0), job.size));
+    painter.setClipRect(QRectF(QPointF(), job.size));
     job.paintPage ? job.paintPage(painter, page) : job.paint(painter);
 }
 
@@ -56,7 +56,7 @@ bool printPage(const PrintJob &job, QPrinter *printer)
     QPainter painter;
     if (!painter.begin(printer))
         return false;
-    const QRectF page(QPointF(0, 0), printer->pageLayout().paintRectPixels(printer->resolution()).size());
+    const QRectF page(QPointF(), printer->pageLayout().paintRectPixels(printer->resolution()).size());
     for (int i = 0; i < job.pages; ++i) {
         if (i > 0 && !printer->newPage())
             return false;
