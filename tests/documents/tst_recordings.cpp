@@ -128,7 +128,7 @@ private slots:
 
     void runningJournalIsNotOverwritten()
     {
-        listen(1);
+        listen(2);
         send(1, 10);
         const QString journal = journals().constFirst();
         const QString link = fixture->path("link.acp");
@@ -136,6 +136,10 @@ private slots:
         perform(ActionId::SaveAs, {enter(link), press(QMessageBox::Yes)});
         QVERIFY(box("saveFailed"));
         QVERIFY(window->activeMdiChild()->hasUnsavedData());
+        VarnelSettings().setValue("journal/enabled", false);
+        send(1, 5, 1); // which nothing keeps: its window stays
+        perform(ActionId::Close, {press(QMessageBox::Save), enter(link), press(QMessageBox::Yes)});
+        QVERIFY(unanswered == 0 && window->mdiChildren().size() == 2);
         QVERIFY(QFile::rename(link, fixture->path("link.csv")));
         perform(ActionId::ExportCsv, {enter(fixture->path("link.csv")), press(QMessageBox::Yes)});
         QVERIFY(box("exportFailed"));

@@ -74,6 +74,7 @@ class TestFolderView : public QObject, private DocumentRig {
     Q_OBJECT
 
 private slots:
+    void initTestCase() { QLocale::setDefault(QLocale("en_US")); } // which knows numbers
     void init()
     {
         setUp();
@@ -91,8 +92,8 @@ private slots:
             QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush());
             QVERIFY(file.setFileTime(day.addMonths(month).startOfDay(), QFileDevice::FileModificationTime));
         };
-        make("run1.ACP", Lines::charger(0) + Lines::charger(7200), 5);
-        make("run2.ACP", Lines::charger(0) + Lines::charger(1) + Lines::charger(60), 2);
+        make("run2.ACP", Lines::charger(0) + Lines::charger(7200), 5);
+        make("run10.ACP", Lines::charger(0) + Lines::charger(1) + Lines::charger(60), 2);
         make("a.ABP", "#", 3);
         make(".h.acp", "##", 4);
         make("note", "text", 1);
@@ -100,14 +101,14 @@ private slots:
         const QStringList data{".acp", ".abp"};
         using Q = FolderQuestion;
         const QPair<FolderQuestion, const char *> cases[] = {
-            {{path(""), data}, "sub zub a.ABP run1.ACP run2.ACP"},
-            {{path(""), data, false, Q::Name, true}, "run2.ACP run1.ACP a.ABP zub sub"},
+            {{path(""), data}, "sub zub a.ABP run2.ACP run10.ACP"},
+            {{path(""), data, false, Q::Name, true}, "run10.ACP run2.ACP a.ABP zub sub"},
             {{path(""), {".abp"}, true}, ".dir sub zub a.ABP"},
-            {{path(""), {}, true}, ".dir sub zub .h.acp a.ABP note run1.ACP run2.ACP"},
-            {{path(""), {}, false, Q::Size}, "sub zub a.ABP note run1.ACP run2.ACP"},
-            {{path(""), {}, false, Q::Type}, "a.ABP run1.ACP run2.ACP note sub zub"},
-            {{path(""), {}, false, Q::Modified}, "note run2.ACP a.ABP run1.ACP sub zub"},
-            {{path(""), data, false, Q::Length, true}, "run1.ACP run2.ACP zub sub a.ABP"},
+            {{path(""), {}, true}, ".dir sub zub .h.acp a.ABP note run2.ACP run10.ACP"},
+            {{path(""), {}, false, Q::Size}, "sub zub a.ABP note run2.ACP run10.ACP"},
+            {{path(""), {}, false, Q::Type}, "a.ABP run2.ACP run10.ACP note sub zub"},
+            {{path(""), {}, false, Q::Modified}, "note run10.ACP a.ABP run2.ACP sub zub"},
+            {{path(""), data, false, Q::Length, true}, "run2.ACP run10.ACP zub sub a.ABP"},
             {{QString(), {}}, "/"},
         };
         for (const auto &[question, expected] : cases) {
@@ -121,16 +122,16 @@ private slots:
             QCOMPARE(shown.join(' '), QString(expected));
         }
         const FolderListing listing = listFolder(cases[0].first);
-        QCOMPARE(listing.names.join(' '), QString("a.ABP run1.ACP run2.ACP sub zub"));
-        QCOMPARE(listing.longest, QString("run1.ACP"));
+        QCOMPARE(listing.names.join(' '), QString("a.ABP run10.ACP run2.ACP sub zub"));
+        QCOMPARE(listing.longest, QString("run10.ACP"));
         QCOMPARE(
             QStringList({pathInFolder("", "/"), pathInFolder("/", "a"), pathInFolder("/b", "a")}).join(' '),
             QString("/ /a /b/a"));
-        const FileDetails details = fileDetails(path("run1.ACP"), true);
+        const FileDetails details = fileDetails(path("run2.ACP"), true);
         QVERIFY(!details.isFolder && details.isWritable && details.modified.date().month() == 6);
         QCOMPARE(QString("%1 %2 %3").arg(details.size).arg(details.label).arg(details.seconds),
             QString("320  [Cha 6xLiPo] 7200"));
-        QCOMPARE(fileDetails(path("run1.ACP"), false).seconds, -1);
+        QCOMPARE(fileDetails(path("run2.ACP"), false).seconds, -1);
     }
 
     void manyFilesAreNotRead()
