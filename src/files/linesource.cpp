@@ -36,7 +36,7 @@ LineSource::Found LineSource::next(QLatin1String *line)
         if (refilled)
             return Found::Nothing;
         if (m_end - m_begin == m_buffer.size()) {
-            giveLine(line, m_end - m_begin);
+            giveLine(line, m_buffer.size());
             m_begin = m_end;
             m_skipping = m_lineCut = true;
             return Found::Line;
@@ -47,7 +47,7 @@ LineSource::Found LineSource::next(QLatin1String *line)
     }
     if (m_begin == m_end)
         return Found::End;
-    giveLine(line, m_end - m_begin);
+    giveLine(line, m_end); // refill() has moved it to the beginning
     m_begin = m_end;
     return Found::Line;
 }

@@ -206,7 +206,6 @@ void GraphInteraction::doubleClick(const QMouseEvent *event)
         return press(event); // the second of two that set and take away
     if (event->button() != Qt::LeftButton || pressLegend(position, event->modifiers() & Qt::ControlModifier))
         return;
-    m_selecting = false;
     m_view.showAll();
     pointAt(position);
     m_widget->update();

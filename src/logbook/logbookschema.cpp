@@ -31,8 +31,7 @@ bool execute(const QSqlDatabase &database, const QString &statement, QSqlError *
 {
     QSqlQuery query(database);
     const bool good = query.exec(statement);
-    if (!good)
-        *error = query.lastError();
+    *error = query.lastError();
     return good;
 }
 

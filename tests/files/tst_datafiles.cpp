@@ -327,6 +327,7 @@ private slots:
             DataFileLoader loader(file.fileName());
             while (loader.progress() <= 0)
                 QVERIFY(loader.readSome(0));
+            QVERIFY(loader.progress() < 1.0);
             QVERIFY(newSize < 0 || file.resize(newSize));
             QCOMPARE(loader.readAll(), loads);
             QCOMPARE(loader.reason().isEmpty(), loads);

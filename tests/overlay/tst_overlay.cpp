@@ -354,7 +354,8 @@ charge; drag left 156,40 96,40 ctrl = all cursor 4000 picked A shift -74,51
 key Delete; charge = all shift 51
 key Delete = all)");
     add("moving from the first record on", R"(
-drag left 56,560 656,560 ctrl = all cursor 1143 picked B shift 600)");
+drag left 56,560 656,560 ctrl = all cursor 1143 picked B shift 600
+key Right alt = all cursor 1143 picked B shift 602)");
     add("what changes the axes", R"(
 drag left 156,160 356,435; value 5 = 100..300 0..100 cursor 190
 charge = all

@@ -205,6 +205,7 @@ private slots:
             for (const QAction *one : actions)
                 found += one->text().remove('&');
             QCOMPARE(found.join(','), texts);
+            QVERIFY(menu->toolTipsVisible());
             menu->close();
         }
         QCOMPARE(view()->currentIndex().column(), view()->horizontalHeader()->logicalIndexAt(5));

@@ -197,6 +197,7 @@ private slots:
             return all.join('|');
         };
         QCOMPARE(list.rowCount(), 6);
+        QCOMPARE(list.rowCount(list.index(0, 0)) + list.columnCount(list.index(0, 0)), 0);
         QCOMPARE(texts(0), QString("All recordings (8)||||"));
         QCOMPARE(texts(1), QString("Not assigned (1)||||"));
         QCOMPARE(texts(2), "A|78 %|-201 %|3|" + dayText(40));
