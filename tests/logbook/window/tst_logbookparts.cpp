@@ -480,10 +480,10 @@ private slots:
             const auto shownLabels = dialog->findChildren<QLabel *>();
             for (const QLabel *label : shownLabels)
                 QCOMPARE(label->textFormat(), Qt::PlainText); // of files and packs
-            for (const auto &[button, result] : {std::pair(QDialogButtonBox::Ok, QDialog::Accepted),
+            for (const auto &[answer, result] : {std::pair(QDialogButtonBox::Ok, QDialog::Accepted),
                      std::pair(QDialogButtonBox::Cancel, QDialog::Rejected)}) {
                 dialog->show();
-                dialog->findChild<QDialogButtonBox *>()->button(button)->click();
+                dialog->findChild<QDialogButtonBox *>()->button(answer)->click();
                 QVERIFY(!dialog->isVisible() && dialog->result() == result);
             }
         }
