@@ -34,28 +34,24 @@ DeviceCommands::~DeviceCommands()
         QApplication::restoreOverrideCursor();
 }
 
-bool DeviceCommands::stopProcess()
+void DeviceCommands::stopProcess()
 {
     if (!hasPort())
-        return false;
+        return;
     const SerialReader *active = m_targets->activeReader();
     if (m_targets->stopActiveProcess()) {
         if (active)
             tellStopped(active->portName());
-        return true;
+        return;
     }
     SerialReader *only = m_targets->onlyReader();
-    if (!only) {
-        emit message(tr("Choose the window of the device whose process is to be stopped."), usualMessageTime);
-        return false;
-    }
     const QString silentPort = m_targets->activePort();
-    if (!silentPort.isEmpty() && silentPort != only->portName()) {
+    if (!only)
+        emit message(tr("Choose the window of the device whose process is to be stopped."), usualMessageTime);
+    else if (!silentPort.isEmpty() && silentPort != only->portName())
         ask(only->portName(), silentPort);
-        return false;
-    }
-    stop(only);
-    return true;
+    else
+        stop(only);
 }
 
 void DeviceCommands::stop(SerialReader *reader)

@@ -22,8 +22,8 @@ public:
     /// Stops the process of the active window's device; where none is fed, that of the only listened port.
     /// Was the active window fed by another port, the user is asked first, and nothing waits for the answer.
     /// With several ports and no live active window nothing is sent, it would be a guess. Which port was
-    /// reached, or why none, is told. True when the command has been sent.
-    bool stopProcess();
+    /// reached, or why none, is told.
+    void stopProcess();
     /// Sets the clock of the active window's device, or of every listened port, one after the other with
     /// 500 ms between the two commands of each. Returns after the first command; the cursor shows until when
     /// the rest takes. A call meanwhile is ignored; that there is no port is told.
