@@ -4,8 +4,8 @@ class QLine;
 class QPainter;
 class QRect;
 
-/// Strokes of one pixel along rows and columns, pixel by pixel those of the painter, which sets each pixel by itself:
-/// a line across a window takes it longer than to fill a tenth of the window.
+/// Strokes of one pixel along rows and columns, pixel by pixel those of the painter, which sets each pixel by
+/// itself: a line across a window takes it longer than to fill a tenth of the window.
 
 /// Whether `painter` works on pixels that lie where its coordinates say, without smoothing.
 bool isOfWholePixels(const QPainter &painter);

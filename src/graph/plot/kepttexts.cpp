@@ -26,6 +26,15 @@ std::shared_ptr<const QTextLayout> layOut(const QPainter &painter, const QString
     return layout;
 }
 
+// Of the room that a text leaves, what lies before it.
+double shareBefore(int flags, int far, int middle)
+{
+    constexpr double half = 0.5;
+    if (flags & far)
+        return 1;
+    return flags & middle ? half : 0;
+}
+
 } // namespace
 
 const QTextLayout &KeptTexts::laidOut(const QPainter &painter, const QString &text)
@@ -58,8 +67,8 @@ void KeptTexts::draw(QPainter *painter, const QRect &rect, int flags, const QStr
     }
     const QTextLine line = laidOut(*painter, text).lineAt(0);
     const QSizeF size(line.horizontalAdvance(), line.ascent() + line.descent());
-    const double right = flags & Qt::AlignRight ? 1 : flags & Qt::AlignHCenter ? 0.5 : 0;
-    const double down = flags & Qt::AlignBottom ? 1 : flags & Qt::AlignVCenter ? 0.5 : 0;
+    const double right = shareBefore(flags, Qt::AlignRight, Qt::AlignHCenter);
+    const double down = shareBefore(flags, Qt::AlignBottom, Qt::AlignVCenter);
     const QRectF place(rect.x() + (rect.width() - size.width()) * right,
         rect.y() + (rect.height() - size.height()) * down, size.width(), size.height());
     if (flags & Qt::TextDontClip || QRectF(rect).contains(place))
