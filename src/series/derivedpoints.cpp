@@ -107,29 +107,36 @@ void DerivedPoints::packBlock(const RecordList &records)
 {
     const int block = m_kept.blocks();
     m_kept.packNewest();
-    m_cellsTold = m_cellsTold && allHaveCells(records, block);
+    const bool isTold = allHaveCells(records, block);
+    m_cellsTold = m_cellsTold && isTold;
     if (m_hasCells)
         m_kept.newest().heardBefore = CellPoints::heardAt(records, m_size - 1, m_kept.heardBefore(block));
-    Interval ranges[kindCount];
-    for (int kind = 0; kind < kindsInUse(); ++kind)
-        ranges[kind] = rangeOf(records, kind, block);
-    m_pyramid.add(ranges, kindsInUse());
+    for (int begin = block * length; begin < (block + 1) * length; begin += ExtremesPyramid::step) {
+        Interval ranges[kindCount];
+        for (int kind = 0; kind < kindsInUse(); ++kind)
+            ranges[kind] = rangeOf(records, kind, begin, isTold);
+        m_pyramid.add(ranges, kindsInUse());
+    }
 }
 
-// By the packed columns, where they tell it.
-Interval DerivedPoints::rangeOf(const RecordList &records, int kind, int block) const
+// Of the step that begins there; isTold if each record of its block tells cells.
+Interval DerivedPoints::rangeOf(const RecordList &records, int kind, int begin, bool isTold) const
 {
+    constexpr int count = ExtremesPyramid::step;
+    const int block = begin / length;
+    const int first = begin % length;
     if (kind == Dv)
-        return extremesOf(m_kept.slopes(block), 0, length);
-    if (kind == CellDelta || (kind >= CellMin && !allHaveCells(records, block))) {
-        double points[length];
-        CellPoints::copy(records, kind, block * length, length, m_kept.heardBefore(block), points);
-        return extremesOf(points, 0, length);
+        return extremesOf(m_kept.slopes(block), first, first + count);
+    if (kind == CellDelta || (kind >= CellMin && !isTold)) {
+        double points[count];
+        CellPoints::copy(records, kind, begin, count, m_kept.heardBefore(block), points);
+        return extremesOf(points, 0, count);
     }
     const SeriesFigure figure = SeriesFigure::of(kind);
-    const PackedColumn column
-        = figure.column < 0 ? m_kept.column(kind, block) : records.packed(block).column(figure.column);
-    return {column.low / figure.unit, column.high / figure.unit};
+    const NarrowNumbers numbers
+        = figure.column < 0 ? m_kept.figures(kind, block) : records.numbers(figure.column, block);
+    const NarrowNumbers::Range range = numbers.extremes(first, first + count);
+    return {range.low / figure.unit, range.high / figure.unit};
 }
 
 void DerivedPoints::addResistance(qint64 point)

@@ -34,11 +34,10 @@ public:
     const KeptPoints &kept() const { return m_kept; }
     /// By each record of all such blocks.
     bool areCellsTold() const { return m_cellsTold; }
-    /// The extremes of a series in a block that gets no more points.
-    const Interval &blockExtremes(int kind, int block) const { return m_pyramid.ofBlock(kind, block); }
-    /// Those of the blocks `begin`..`end` - 1, of which there is at least one; hardly longer for more of
-    /// them.
-    Interval blocksExtremes(int kind, int begin, int end) const
+    /// The extremes of a series in a step of a block that gets no more points.
+    const Interval &stepExtremes(int kind, int step) const { return m_pyramid.ofStep(kind, step); }
+    /// Those of the steps `begin`..`end` - 1, of which there is at least one; hardly longer for more of them.
+    Interval stepsExtremes(int kind, int begin, int end) const
     {
         return m_pyramid.extremes(kind, begin, end);
     }
@@ -48,7 +47,7 @@ private:
     bool isBlockFull() const { return m_size > 0 && m_size % KeptPoints::length == 0; }
     void makeBlockRoom(BlockArena::Growth growth);
     void packBlock(const RecordList &records);
-    Interval rangeOf(const RecordList &records, int kind, int block) const;
+    Interval rangeOf(const RecordList &records, int kind, int begin, bool isTold) const;
     void addFigures(const RecordList &records, int count);
     void addResistance(qint64 point);
     void fillFront();

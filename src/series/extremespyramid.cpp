@@ -6,11 +6,14 @@
 
 void ExtremesPyramid::makeRoom(int kinds, BlockArena::Growth growth)
 {
+    static_assert(fan % stepsOfBlock == 0 && pageLength % stepsOfBlock == 0, "end with a block");
+    int comes = stepsOfBlock;
     for (Level &level : m_levels) {
         if (std::size_t(level.count) == level.pages.size() * pageLength)
             addPage(&level, kinds, growth);
-        if (level.count % fan != fan - 1)
+        if (level.count % fan + comes < fan)
             return; // nothing comes to the levels above
+        comes = 1;
     }
 }
 
@@ -47,7 +50,7 @@ void ExtremesPyramid::add(const Interval *ranges, int kinds)
 
 Interval ExtremesPyramid::extremes(int kind, int begin, int end) const
 {
-    Interval found = ofBlock(kind, begin);
+    Interval found = ofStep(kind, begin);
     for (const Level *level = m_levels; begin < end; ++level) {
         const bool isHighest = level == m_levels + levelCount - 1;
         while (begin < end && (begin % fan != 0 || isHighest))

@@ -5,24 +5,12 @@
 
 #include <algorithm>
 
-namespace {
-
-void fetchMemory(const void *place)
-{
-#if defined(__GNUC__)
-    __builtin_prefetch(place);
-#else
-    (void)place;
-#endif
-}
-
-} // namespace
-
 PlotSeries::PlotSeries(const RecordList &records, const DerivedPoints &points, int kind)
     : m_records(&records)
     , m_points(&points)
     , m_kind(kind)
     , m_size(points.size(kind))
+    , m_packed(points.kept().blocks() * blockSize)
     , m_figure(SeriesFigure::of(kind))
 {
 }
@@ -36,38 +24,18 @@ PlotSeries::Block PlotSeries::lookAt(int index) const
 {
     const bool isPlain = m_kind != SeriesKinds::Dv && m_kind != SeriesKinds::CellDelta
         && (!isOfCells() || areCellsTold(index));
-    return {index, isPlain, m_kind == SeriesKinds::Dv ? NarrowNumbers() : figures(index),
-        index < packedBlocks() ? m_points->blockExtremes(m_kind, index) : Interval()};
+    return {index, isPlain, m_kind == SeriesKinds::Dv ? NarrowNumbers() : figures(index)};
 }
 
-int PlotSeries::packedBlocks() const
+const Interval &PlotSeries::extremesAround(int index) const
 {
-    return m_points->kept().blocks();
+    return m_points->stepExtremes(m_kind, index / step);
 }
 
-// Of whole blocks.
+// Of whole steps.
 Interval PlotSeries::wholeExtremes(int begin, int end) const
 {
-    return m_points->blocksExtremes(m_kind, begin, end);
-}
-
-void PlotSeries::fetchPlace(int index) const
-{
-    const int block = index / blockSize;
-    if (block >= packedBlocks())
-        return;
-    fetchMemory(&m_points->blockExtremes(m_kind, block));
-    if (m_figure.column >= 0)
-        fetchMemory(m_records->packed(block).placeOf(m_figure.column));
-}
-
-void PlotSeries::fetch(int index) const
-{
-    const int block = index / blockSize;
-    if (m_figure.column < 0 || block >= packedBlocks())
-        return;
-    const NarrowNumbers numbers = m_records->numbers(m_figure.column, block);
-    fetchMemory(numbers.bytes + index % blockSize * numbers.width);
+    return m_points->stepsExtremes(m_kind, begin, end);
 }
 
 double PlotSeries::operator[](int index) const
@@ -110,7 +78,7 @@ void PlotSeries::copyPiece(int begin, int count, double *points) const
 // By each of a block's records.
 bool PlotSeries::areCellsTold(int block) const
 {
-    if (m_points->areCellsTold() && block < packedBlocks())
+    if (m_points->areCellsTold() && block * blockSize < m_packed)
         return true;
     const NarrowNumbers flags = m_records->numbers(RecordColumns::Flag5, block);
     return flags.width == 0 && flags.low == 'B';
@@ -136,7 +104,8 @@ Interval PlotSeries::extremes(int begin, int end) const
     const double point = (*this)[begin];
     Interval found = {point, point};
     tellExtremes(
-        begin, end, [&](const Interval &range) { return found.low <= range.low && found.high >= range.high; },
+        begin, end,
+        [&](const Interval &range) { return found.contains(range.low) && found.contains(range.high); },
         [&](const Interval &range) { found.take(range); });
     return found;
 }
@@ -145,9 +114,8 @@ Interval PlotSeries::wholeRange() const
 {
     if (isEmpty())
         return {0.0, 0.0};
-    const int whole = m_points->kept().blocks();
-    Interval found = extremes(whole * blockSize, m_size);
-    if (whole > 0)
-        found.take(wholeExtremes(0, whole));
+    Interval found = extremes(m_packed, m_size);
+    if (m_packed > 0)
+        found.take(wholeExtremes(0, m_packed / step));
     return found;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/records/recordlist.h"
-#include "series/interval.h"
+#include "series/extremespyramid.h"
 #include "series/seriesfigures.h"
 
 #include <limits>
@@ -19,10 +19,6 @@ public:
     bool isEmpty() const { return m_size == 0; }
     double operator[](int index) const;
     double last() const { return (*this)[m_size - 1]; }
-    /// Has what tells the place of point `index` fetched from memory, which takes longer than all the rest
-    /// where a recording is long; and, somewhat later, the point. Changes nothing else.
-    void fetchPlace(int index) const;
-    void fetch(int index) const;
     /// Writes the points `begin`..`begin` + `count` - 1, faster than one by one.
     void copy(int begin, int count, double *points) const;
     /// Calls take(begin, points, count) for one piece of begin..end - 1 after the other.
@@ -62,27 +58,42 @@ public:
     /// The lowest and the highest of the points `begin`..`end` - 1, of which there is at least one.
     Interval extremes(int begin, int end) const;
     /// Calls take(extremes) of parts of these points until all are told; but not of a part that lies in a
-    /// block whose extremes are isKnown(). Looks at less than two blocks, and hardly longer for more
-    /// between them.
+    /// step whose extremes are isKnown(), be it from what was taken. Looks at less than two steps, and hardly
+    /// longer for more between them.
     template <typename IsKnown, typename Take>
     void tellExtremes(int begin, int end, const IsKnown &isKnown, const Take &take) const
     {
-        const int firstWhole = (begin + blockSize - 1) / blockSize;
-        const int endWhole = qMin(end / blockSize, packedBlocks());
-        if (firstWhole < endWhole)
+        const int firstWhole = (begin + step - 1) / step;
+        const int endWhole = qMin(end, m_packed) / step;
+        const bool hasWhole = firstWhole < endWhole;
+        if (hasWhole)
             take(wholeExtremes(firstWhole, endWhole));
-        for (int from = begin; from < end;) {
-            const int index = from / blockSize;
-            const int to = qMin(end, (index + 1) * blockSize);
-            const bool isTaken = index >= firstWhole && index < endWhole;
-            if (!isTaken && !(index < packedBlocks() && isKnown(blockAt(index).range)))
-                take(extremesInBlock(from, to));
-            from = isTaken ? endWhole * blockSize : to;
-        }
+        const int middle = qMin((begin / step + 1) * step, end);
+        const int headEnd = hasWhole ? firstWhole * step : middle;
+        const int tailBegin = hasWhole ? endWhole * step : middle;
+        const bool isHeadLonger = headEnd - begin >= end - tailBegin; // which often tells the other, too
+        if (isHeadLonger)
+            tellPart(begin, headEnd, isKnown, take);
+        tellPart(tailBegin, end, isKnown, take);
+        if (!isHeadLonger)
+            tellPart(begin, headEnd, isKnown, take);
     }
     static constexpr int blockSize = RecordList::blockSize;
+    static constexpr int step = ExtremesPyramid::step; ///< points whose extremes are kept
 
 private:
+    /// The same of points that lie in one step, or are the newest.
+    template <typename IsKnown, typename Take>
+    void tellPart(int begin, int end, const IsKnown &isKnown, const Take &take) const
+    {
+        constexpr int few = 32; // lie side by side in memory
+        while (begin < end && !(begin < m_packed && isKnown(extremesAround(begin)))) {
+            const int next = blockAt(begin / blockSize).isPlain ? qMin(begin + few, end) : end;
+            take(extremesInBlock(begin, next));
+            begin = next;
+        }
+    }
+
     bool isOfCells() const { return m_kind >= SeriesKinds::CellMin; }
     bool isKept() const { return m_kind == SeriesKinds::Temperature || m_kind == SeriesKinds::Resistance; }
     /// What a look at a block takes, which the next look mostly takes again.
@@ -90,7 +101,6 @@ private:
         int index = -1;
         bool isPlain = false; ///< each point is a number by the unit
         NarrowNumbers numbers;
-        Interval range; ///< of a packed one
     };
 
     const Block &blockAt(int index) const
@@ -101,7 +111,8 @@ private:
         return block;
     }
     Block lookAt(int index) const;
-    int packedBlocks() const;
+    /// Those of all points of a step whose extremes are kept.
+    const Interval &extremesAround(int index) const;
     Interval wholeExtremes(int begin, int end) const;
     NarrowNumbers figures(int block) const;
     void copyPiece(int begin, int count, double *points) const;
@@ -113,6 +124,7 @@ private:
     const DerivedPoints *m_points; // not owned
     int m_kind;
     int m_size;
+    int m_packed; // points that don't change any more, whose extremes are kept by steps
     SeriesFigure m_figure;
     static constexpr int looks = 4; // neighbouring columns of a picture share their blocks
     mutable Block m_looks[looks];

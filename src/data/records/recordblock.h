@@ -21,8 +21,6 @@ public:
         return column < RecordColumns::ofCell(m_cells, RecordColumns::CellVoltage) ? columns()[column]
                                                                                    : PackedColumn();
     }
-    /// Where column() finds a column, for who wants to have it fetched.
-    const void *placeOf(int column) const { return columns() + column; }
     NarrowNumbers numbers(int column) const { return this->column(column).numbers(start()); }
     bool hasFractions() const { return m_hasFractions; }
     /// RecordColumns::fraction() `index` of a record.

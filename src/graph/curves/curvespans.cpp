@@ -10,33 +10,41 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <limits>
 
 namespace {
 
-constexpr size_t ahead = 6; // columns whose samples are on their way from memory
+struct Rows {
+    int top, bottom;
+
+    bool holds(const Rows &other) const { return other.top >= top && other.bottom <= bottom; }
+};
+
+// Values stand higher the more they are, or lower, so that extremes are extremes in rows, too.
+Rows rowsOf(const CurveSpans::Source &source, const Interval &range)
+{
+    const int low = pixelOf(source.valueMap, range.low);
+    const int high = pixelOf(source.valueMap, range.high);
+    return {qMin(low, high), qMax(low, high)};
+}
 
 } // namespace
 
-// What lies between rows that the column holds anyway is not looked at.
+// What lies on rows that the column covers anyway is not looked at.
 CurveSpans::Column CurveSpans::columnAt(const Source &source, int x, int begin, int end)
 {
-    const int first = pixelOf(source.valueMap, source.values[begin]);
-    const int last = pixelOf(source.valueMap, source.values[end - 1]);
-    Column column = {x, qMin(first, last), qMax(first, last), first, last};
+    constexpr double beyond = std::numeric_limits<double>::infinity();
+    Interval found = {beyond, -beyond};
     source.values.tellExtremes(
         begin, end,
         [&](const Interval &range) {
-            return column.holds(pixelOf(source.valueMap, range.low))
-                && column.holds(pixelOf(source.valueMap, range.high));
+            if (found.contains(range.low) && found.contains(range.high))
+                return true;
+            return found.low <= found.high && rowsOf(source, found).holds(rowsOf(source, range));
         },
-        [&](const Interval &range) {
-            for (double value : {range.low, range.high}) {
-                const int row = pixelOf(source.valueMap, value);
-                column.top = qMin(column.top, row);
-                column.bottom = qMax(column.bottom, row);
-            }
-        });
-    return column;
+        [&](const Interval &range) { found.take(range); });
+    const Rows rows = rowsOf(source, found);
+    return {x, rows.top, rows.bottom, begin, end};
 }
 
 void CurveSpans::assign(const Source &source, const QRect &area, int width)
@@ -61,16 +69,12 @@ void CurveSpans::extend(const Source &source, const QRect &area)
             m_start = {i, hasCurrent, current, m_spans.size(), m_lines.size(),
                 m_spans.isEmpty() ? QRect() : m_spans.last()};
         const TimeColumns::Stretch &stretch = stretches[i];
-        if (i + 2 * ahead < stretches.size()) {
-            source.values.fetchPlace(stretches[i + 2 * ahead].begin);
-            source.values.fetch(stretches[i + ahead].begin);
-        }
         const int begin = qMax(stretch.begin, source.first);
         if (begin >= stretch.end)
             continue;
         const Column next = columnAt(source, stretch.x, begin, stretch.end);
         if (hasCurrent) {
-            join(&current, next);
+            join(source, &current, next);
             addSpan(current, area);
         }
         current = next;
@@ -103,30 +107,45 @@ void CurveSpans::removeOverdraw(const QRect &area)
     m_spans = ink.spans();
 }
 
+// Whether the two need nothing between them, wherever in their rows the one ends and the other begins.
+bool CurveSpans::isJoined(const Column &column, const Column &next) const
+{
+    if (next.x != column.x + 1)
+        return false;
+    if (m_width == 1)
+        return next.top >= column.top - 1 && next.bottom <= column.bottom + 1;
+    return (next.top == column.top && next.bottom == column.bottom)
+        || qMax(next.bottom, column.bottom) - qMin(next.top, column.top) <= 1;
+}
+
 // A line of width 1 to the next column stays in its own column until the very last pixel, so that a longer
 // span does for it. One of width 2 keeps to the rows of its ends and the columns of both spans; one that
-// rises by a pixel, to the squares at its ends.
-void CurveSpans::join(Column *column, const Column &next)
+// rises by a pixel, to the squares at its ends. Mostly the rows tell that there is nothing to join; then the
+// samples at the ends, which may be far away in memory, are not looked at.
+void CurveSpans::join(const Source &source, Column *column, const Column &next)
 {
-    const int rise = next.first - column->last;
+    if (isJoined(*column, next))
+        return;
+    const int from = pixelOf(source.valueMap, source.values[column->end - 1]);
+    const int to = pixelOf(source.valueMap, source.values[next.begin]);
     if (next.x != column->x + 1) {
-        m_lines.append(QLine(column->x, column->last, next.x, next.first));
+        m_lines.append(QLine(column->x, from, next.x, to));
     } else if (m_width > 1) {
-        if (std::abs(rise) > 1 && !(column->holds(next.first) && next.holds(column->last)))
-            m_lines.append(QLine(column->x, column->last, next.x, next.first));
-    } else if (rise > 0) {
-        column->bottom = qMax(column->bottom, next.first - 1);
-    } else if (rise < 0) {
-        column->top = qMin(column->top, next.first + 1);
+        if (std::abs(to - from) > 1 && !(column->holds(to) && next.holds(from)))
+            m_lines.append(QLine(column->x, from, next.x, to));
+    } else if (to > from) {
+        column->bottom = qMax(column->bottom, to - 1);
+    } else if (to < from) {
+        column->top = qMin(column->top, to + 1);
     }
 }
 
 void CurveSpans::addSpan(const Column &column, const QRect &area)
 {
-    QRect span(column.x, column.top, 1, column.bottom - column.top + 1);
-    if (m_width > 1) // a pen of width 2 lies above and left of its line
-        span.adjust(-1, -1, 0, 0);
-    span &= area;
+    const int wider = m_width > 1 ? 1 : 0; // a pen of width 2 lies above and left of its line
+    QRect span;
+    span.setCoords(qMax(column.x - wider, area.left()), qMax(column.top - wider, area.top()),
+        qMin(column.x, area.right()), qMin(column.bottom, area.bottom()));
     if (span.isEmpty())
         return;
     if (!m_spans.isEmpty()) { // a level stretch is one rectangle

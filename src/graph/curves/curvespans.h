@@ -31,8 +31,9 @@ public:
     const QVector<QLine> &lines() const { return m_lines; }
 
 private:
+    /// The samples `begin`..`end` - 1 and the rows that they cover, in pixels.
     struct Column {
-        int x, top, bottom, first, last; // pixels; first and last sample
+        int x, top, bottom, begin, end;
 
         bool holds(int y) const { return y >= top && y <= bottom; }
     };
@@ -47,7 +48,8 @@ private:
     };
 
     static Column columnAt(const Source &source, int x, int begin, int end);
-    void join(Column *column, const Column &next);
+    bool isJoined(const Column &column, const Column &next) const;
+    void join(const Source &source, Column *column, const Column &next);
     void addSpan(const Column &column, const QRect &area);
     void removeOverdraw(const QRect &area);
 
