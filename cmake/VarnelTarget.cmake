@@ -59,3 +59,12 @@ function(varnel_group_sources target)
         set_property(SOURCE ${source} PROPERTY UNITY_GROUP ${group}_${part})
     endforeach()
 endfunction()
+
+# Has these headers, as most sources of the target include them, read once. With -fpch-preprocess ccache knows
+# what GCC compiles (./dev tells it the rest).
+function(varnel_read_once target)
+    if(VARNEL_HEADERS)
+        target_precompile_headers(${target} PRIVATE ${ARGN})
+        target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
+    endif()
+endfunction()
