@@ -6,10 +6,14 @@ error     three short low calls, then a pause, again
 v3_mp3    the tune that follows when nobody has come yet; anybody may put a file of his own in its place
 Each of the first three has a variant for Poland and for Germany, of the same shape in another key.
 """
+import cmath
 import math
 import struct
 import sys
 import wave
+from functools import lru_cache
+from itertools import accumulate, repeat
+from operator import mul
 from pathlib import Path
 
 RATE = 44100
@@ -29,21 +33,25 @@ KEYS = {"": 0, "_pl": 2, "_de": -2}
 LOCAL = ("end", "aborted", "error")
 
 
-def note(samples, start, tone, length, voice):
-    first, count = int(start * RATE), int(length * RATE)
+@lru_cache
+def note(tone, length, voice):
+    """The samples; an overtone is a number that turns and shrinks from one to the next."""
+    count = int(length * RATE)
     frequency = 440.0 * 2 ** (tone / 12)
-    for i in range(count):
-        t = i / RATE
-        edge = min(1.0, t / 0.006, (length - t) / 0.02)  # no click where it begins and ends
-        value = sum(loud * math.exp(-t / fade) * math.sin(2 * math.pi * frequency * ratio * t)
-                    for ratio, loud, fade in voice)
-        samples[first + i] += edge * value
+    overtones = []
+    for ratio, loud, fade in voice:
+        turn = cmath.exp((2j * math.pi * frequency * ratio - 1 / fade) / RATE)
+        overtones.append(accumulate(repeat(turn, count - 1), mul, initial=complex(loud)))
+    # no click where it begins and ends
+    edges = (min(1.0, i / RATE / 0.006, (length - i / RATE) / 0.02) for i in range(count))
+    return [edge * sum(parts).imag for edge, parts in zip(edges, zip(*overtones))]
 
 
 def render(voice, notes, key):
     samples = [0.0] * int((max(start + length for start, _, length in notes) + 0.05) * RATE)
     for start, tone, length in notes:
-        note(samples, start, tone + key, length, voice)
+        for i, value in enumerate(note(tone + key, length, voice), int(start * RATE)):
+            samples[i] += value
     scale = PEAK * 32767 / max(map(abs, samples))
     return struct.pack(f"<{len(samples)}h", *(round(s * scale) for s in samples))
 
