@@ -13,7 +13,8 @@ class VarnelSettings;
 /// Where display windows stand, and how windows come to sight.
 namespace WindowPlace {
 
-/// Shows `window` above others, with the keyboard, be it hidden, covered or minimised. A maximised one stays so.
+/// Shows `window` above others, with the keyboard, be it hidden, covered or minimised. A maximised one stays
+/// so.
 void bringForward(QWidget *window);
 
 /// Where a window of `size` pixels stands as long as nothing is saved: at `place`, which is given for 96 dpi

@@ -383,8 +383,8 @@ private slots:
         QVERIFY(!QApplication::overrideCursor());
     }
 
-    // Of the current window, else the only one, else the one that is chosen in a menu. There is one dialog for
-    // each, which asks anew when it is wanted again.
+    // Of the current window, else the only one, else the one that is chosen in a menu. There is one dialog
+    // for each, which asks anew when it is wanted again.
     void remoteControlIsForOneDevice()
     {
         listen(2);

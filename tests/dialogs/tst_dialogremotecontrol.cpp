@@ -166,8 +166,8 @@ private slots:
         QVERIFY(!dialog->isVisible());
     }
 
-    // It is kept by the test: the question that the click has set going and what the device says late end with
-    // it.
+    // It is kept by the test: the question that the click has set going and what the device says late end
+    // with it.
     void closedDialogAsksNothing()
     {
         for (const char *slot : {"close", "hide", "reject"}) {

@@ -175,8 +175,8 @@ private slots:
         QTRY_VERIFY(!inhibitor.isHeld());
     }
 
-    // It takes the connection and says nothing. Who asks it waits, but neither this process nor, for long, the
-    // one that was started to ask.
+    // It takes the connection and says nothing. Who asks it waits, but neither this process nor, for long,
+    // the one that was started to ask.
     void busThatNeverAnswers()
     {
         const Bus nobodyThere(sessionBus, {});
