@@ -152,7 +152,7 @@ private slots:
         QVERIFY(reader->isRecording() && !reader->isNewProcess());
         reader->stop();
         QVERIFY(!reader->isRecording() && reader->isNewProcess() && !seconds->isActive());
-        QCOMPARE(shell->calls, QStringList({"started", "unwatched COM7", "started"}));
+        QTRY_COMPARE(shell->calls, QStringList({"started", "unwatched COM7", "started"}));
     }
 
     void endOfProcess_data()

@@ -177,6 +177,7 @@ private slots:
         const int line = posix_openpt(O_RDWR | O_NOCTTY);
         QVERIFY(grantpt(line) == 0 && unlockpt(line) == 0);
         const PortInfo unlocked{"COM7"_s, QString(), QString::fromLocal8Bit(ptsname(line))};
+        QFile::remove(lockOf(unlocked)); // of a program that was killed while it had another of this number
         holder.setStandardInputFile(unlocked.location);
         holder.start("sleep"_s, {"1000"});
         QVERIFY(holder.waitForStarted(30000));
