@@ -54,7 +54,8 @@ private slots:
         QCOMPARE(dialog.windowTitle(), "Varnel - preferences"_s);
         QVERIFY(dialog.minimumSize() == QSize(425, 345) && dialog.maximumSize() == dialog.minimumSize());
         QVERIFY(dialog.findChild<QPushButton *>("preferencesButtonOk"_s)->isDefault());
-        QVERIFY(dialog.findChild<QScrollArea *>()->widgetResizable());
+        const auto *area = dialog.findChild<QScrollArea *>();
+        QVERIFY(area->widgetResizable() && area->widget());
         QCOMPARE(placesIn(dialog),
             QStringList({" 20,10 381x191", "Set varnel3's time while starting 20,210 355x20",
                 "OK 20,250 120x23", "Cancel 150,250 120x23", "Refresh 280,250 120x23", "Reset 280,280 120x23",

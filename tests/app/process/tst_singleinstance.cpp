@@ -151,6 +151,11 @@ private slots:
             QCOMPARE(socketIn(runtime.path()).isEmpty(), permissions != ownOnly);
             QCOMPARE(socketIn(run).isEmpty(), permissions == ownOnly);
             QVERIFY(permissions == ownOnly || (QFile::permissions(run) & anybody) == ownOnly);
+            another.giveBack();
+            QFile::setPermissions(run, anybody);
+            SingleInstance alone("settings");
+            QCOMPARE(alone.settle({}), Role::First);
+            QVERIFY(socketIn(run).isEmpty()); // others could put theirs into its place
         }
     }
 
