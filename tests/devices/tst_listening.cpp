@@ -116,7 +116,14 @@ private slots:
         plugged[0]->send(Lines::charger(0));
         QTRY_COMPARE(window->mdiChildren().size(), 1);
         QCOMPARE(fact(StatusFacts::Unwatched), QString());
+        plugged[0]->send(Lines::charger(1));
+        QTRY_COMPARE(window->mdiChildren().size(), 2);
+        trigger(ActionId::CloseAll);
+        QTRY_VERIFY(!window->findChild<MdiGraphChild *>());
+        plugged[0]->send(Lines::charger(2));
+        QTRY_COMPARE(fact(StatusFacts::Unwatched), "Window closed: COM1"_s);
         window->stopRecording();
+        QCOMPARE(fact(StatusFacts::Unwatched), QString());
         QVERIFY(!window->listenedPorts().isRecording());
     }
 

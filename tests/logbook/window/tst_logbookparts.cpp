@@ -284,10 +284,9 @@ private slots:
         if (rows == 0) // as wide as the titles
             VERIFY_PAINTS(
                 TablePages::size().toSize(), [&](QPainter &painter) { pages.paint(painter, 0); },
-                QString(
-                    "text 'BBBBBBBB' left 0,9 11 bold Arial #000000; "
-                    "text 'AAAAAAAA' left %1,9 11 bold Arial #000000; "
-                    "line 0,17 %2,17 #000000; text '1 / 1' right 1120,732 11 Arial #000000")
+                QString("text 'BBBBBBBB' left 0,9 11 bold Arial #000000; "
+                        "text 'AAAAAAAA' left %1,9 11 bold Arial #000000; "
+                        "line 0,17 %2,17 #000000; text '1 / 1' right 1120,732 11 Arial #000000")
                     .arg(width('B'))
                     .arg(width('B') + width('A')),
                 true);
