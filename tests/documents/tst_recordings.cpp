@@ -38,8 +38,7 @@ private slots:
         QFETCH(int, ending);
         listen(1);
         send(1, 20);
-        QCOMPARE(journals().size(), 1);
-        const QString journal = journals().constFirst();
+        const QString journal = journals().value(0);
         QCOMPARE(loaded(journal).size(), 20); // while it is being written
         int expected = 20;
         ending < 0 ? plugged[0]->hangUp() : trigger(ActionId(ending));
@@ -489,8 +488,7 @@ private:
     static QString oldJournal(int daysAgo, qint64 size)
     {
         const JournalFolder folder(JournalFolder::defaultPath());
-        const QDateTime then = QDateTime::currentDateTime().addDays(-daysAgo);
-        const QString name = folder.fileName(then, "COM9", 1);
+        const QString name = folder.fileName(QDateTime::currentDateTime().addDays(-daysAgo), "COM9", 1);
         const bool done = QDir().mkpath(folder.path()) && writeFile(name, "") && QFile::resize(name, size);
         return done && makeOld(name, daysAgo) ? name : QString();
     }

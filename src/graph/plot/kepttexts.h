@@ -11,8 +11,8 @@ class QPoint;
 class QRect;
 class QTextLayout;
 
-/// Draws the texts of a graph, pixel by pixel as a painter does. Most are drawn again and again, and to find the
-/// letters of a text and their places takes longer than to paint them, so that these are kept.
+/// Draws the texts of a graph, pixel by pixel as a painter does. Most are drawn again and again, and to find
+/// the letters of a text and their places takes longer than to paint them, so that these are kept.
 class KeptTexts {
 public:
     /// As QPainter::drawText() does with the painter's font and pen. The font is Arial, sized in pixels.
