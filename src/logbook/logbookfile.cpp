@@ -4,6 +4,7 @@
 #include "logbook/logbooktables.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDebug>
 #include <QDir>
 #include <QFile>
@@ -14,6 +15,7 @@
 #include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QTemporaryFile>
+#include <QThread>
 #include <QUuid>
 #include <QVariant>
 
@@ -27,26 +29,29 @@ namespace {
 
 constexpr char fileName[] = "logbook.sqlite";
 constexpr int busyTime = 5000; // ms, for another program that writes
+constexpr unsigned long busyStep = 10; // ms
 
 /// Where texts of no object are translated.
 struct Texts {
     Q_DECLARE_TR_FUNCTIONS(LogbookFile)
 };
 
-/// What SQLite says of a disk or of another program, not of the file, by the lower byte of its code.
+/// The lower byte of SQLite's codes.
+enum Code {
+    Perm = 3,
+    Busy = 5,
+    Locked = 6,
+    NoMemory = 7,
+    ReadOnly = 8,
+    Error = 10,
+    Full = 13,
+    CantOpen = 14,
+    Protocol = 15
+};
+
+/// What SQLite says of a disk or of another program, not of the file.
 bool isPassing(int code)
 {
-    enum {
-        Perm = 3,
-        Busy = 5,
-        Locked = 6,
-        NoMemory = 7,
-        ReadOnly = 8,
-        Error = 10,
-        Full = 13,
-        CantOpen = 14,
-        Protocol = 15
-    };
     for (const int passing : {Perm, Busy, Locked, NoMemory, ReadOnly, Error, Full, CantOpen, Protocol}) {
         if ((code & 0xff) == passing)
             return true;
@@ -58,6 +63,11 @@ bool isPassing(int code)
 bool isPassing(const QSqlError &error)
 {
     return error.nativeErrorCode().isEmpty() || isPassing(error.nativeErrorCode().toInt());
+}
+
+bool isBusy(const QSqlError &error)
+{
+    return (error.nativeErrorCode().toInt() & 0xff) == Busy;
 }
 
 /// The file and what belongs to it while it is open.
@@ -72,6 +82,18 @@ bool run(const QSqlDatabase &database, const char *statement, QSqlError *error)
     const bool good = query.exec(QString::fromLatin1(statement));
     *error = query.lastError();
     return good;
+}
+
+// SQLite has no patience of its own here while another program makes the file.
+bool keepLog(const QSqlDatabase &database, QSqlError *error)
+{
+    const QDeadlineTimer end(busyTime);
+    while (!run(database, "PRAGMA journal_mode = WAL", error)) {
+        if (!isBusy(*error) || end.hasExpired())
+            return false;
+        QThread::msleep(busyStep);
+    }
+    return true;
 }
 
 /// The code with which a page could not be had, of what a check has found; 0 where it has found another
@@ -255,8 +277,8 @@ LogbookFile::Fault LogbookFile::prepare(QSqlDatabase &database, LogbookContent *
     QSqlError error;
     const bool newer = LogbookSchema::versionOf(database) > LogbookSchema::newest();
     if (!newer
-        && !(run(database, "PRAGMA journal_mode = WAL", &error)
-            && run(database, "PRAGMA foreign_keys = ON", &error) && LogbookSchema::migrate(database, &error)))
+        && !(keepLog(database, &error) && run(database, "PRAGMA foreign_keys = ON", &error)
+            && LogbookSchema::migrate(database, &error)))
         return faultOf(error);
     m_isCareful = false;
     run(database, "PRAGMA synchronous = NORMAL", &error);

@@ -9,6 +9,7 @@
 #include "support/limits.h"
 
 #include <cerrno>
+#include <future>
 #include <sys/syscall.h>
 #include <thread>
 #include <unistd.h>
@@ -40,12 +41,14 @@ private:
 };
 
 std::atomic<off64_t> scratch = -1; // where no file can be read
+std::atomic<int> reads = 0;
 
 } // namespace
 
 // In the place of the system's.
 extern "C" ssize_t pread64(int descriptor, void *bytes, size_t size, off64_t offset)
 {
+    ++reads;
     if (offset != scratch)
         return ::syscall(SYS_pread64, descriptor, bytes, size, offset);
     errno = EIO;
@@ -337,9 +340,12 @@ private slots:
     void twoAtOnce()
     {
         const QTemporaryDir folder;
-        std::vector<std::thread> programs;
+        std::optional<OtherWriter> third(folder.path()); // while the file is made
+        QVERIFY(third->has());
+        reads = 0;
+        std::vector<std::future<void>> programs;
         for (const QString &name : {QString("x"), QString("y")})
-            programs.emplace_back([&folder, name] {
+            programs.push_back(std::async(std::launch::async, [&folder, name] {
                 LogbookFile file(folder.path());
                 file.open();
                 for (int i = 0; i < 30; ++i) {
@@ -350,9 +356,10 @@ private slots:
                     QString reason;
                     while (file.write({batch}, &reason) == LogbookFile::Written::NotYet) { }
                 }
-            });
-        for (std::thread &program : programs)
-            program.join();
+            }));
+        QTRY_VERIFY_WITH_TIMEOUT(reads > 40, 30000);
+        third.reset();
+        programs.clear(); // waits
         const OpenLogbook book(folder.path());
         QVERIFY(book.told.isEmpty());
         QCOMPARE(book.logbook.size(), 59);
