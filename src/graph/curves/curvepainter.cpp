@@ -1,5 +1,6 @@
 #include "graph/curves/curvepainter.h"
 
+#include "graph/curves/curvedata.h"
 #include "graph/curves/curveoutline.h"
 #include "graph/curves/linedashes.h"
 #include "graph/curves/pixels.h"
@@ -8,7 +9,6 @@
 #include <QPainter>
 
 #include <qwt_painter.h>
-#include <qwt_series_data.h>
 
 #include <algorithm>
 #include <cmath>
@@ -24,7 +24,7 @@ constexpr int lineCount = 10; // one for each series but the cells, which share 
 struct CurvePainter::Line {
     Line() { curve.setData(samples); }
 
-    QwtPointSeriesData *const samples = new QwtPointSeriesData; // owned by the curve
+    CurveData *const samples = new CurveData; // owned by the curve
     VarnelPlotCurve curve;
 };
 

@@ -1,4 +1,5 @@
 target_sources(varnel_gui PRIVATE
+    graph/curves/curvedata.cpp graph/curves/curvedata.h
     graph/curves/curveoutline.cpp graph/curves/curveoutline.h
     graph/curves/curvepainter.cpp graph/curves/curvepainter.h
     graph/curves/curvespans.cpp graph/curves/curvespans.h

@@ -1,3 +1,4 @@
+#include "graph/curves/curvedata.h"
 #include "graph/curves/curveoutline.h"
 #include "graph/curves/curvepainter.h"
 #include "graph/curves/varnelplotcurve.h"
@@ -111,7 +112,7 @@ QImage drawnByCurve(const CurvePainter::Job &job)
         samples.append({job.store->series(SeriesStore::Time)[i], job.store->series(job.series)[i]});
     VarnelPlotCurve curve;
     curve.setPen(job.pen);
-    curve.setData(new QwtPointSeriesData(samples));
+    curve.setData(new CurveData(samples));
     return canvas(
         [&](QPainter *painter) { curve.drawSeries(painter, job.timeMap, job.valueMap, job.area, 0, -1); });
 }
@@ -221,6 +222,18 @@ private slots:
             CurvePainter anew;
             QVERIFY2(drawn(&kept, job) == drawn(&anew, job), qPrintable(QString::number(i)));
         }
+    }
+
+    /// While a recording runs.
+    void boundsFollowTheSamples()
+    {
+        struct Growing : CurveData {
+            void append(const QPointF &sample) { d_samples.append(sample); }
+        } data;
+        data.append({1, 2});
+        QCOMPARE(data.boundingRect(), QRectF(1, 2, 0, 0));
+        data.append({4, 0});
+        QCOMPARE(data.boundingRect(), QRectF(1, 0, 3, 2));
     }
 
     /// Those of Qwt; a fitted curve is drawn from its first sample to its last.

@@ -1,0 +1,12 @@
+#include "graph/curves/curvedata.h"
+
+CurveData::CurveData(const QVector<QPointF> &samples)
+    : QwtArraySeriesData<QPointF>(samples)
+{
+}
+
+QRectF CurveData::boundingRect() const
+{
+    d_boundingRect = qwtBoundingRect(*this, 0, -1);
+    return d_boundingRect;
+}
