@@ -41,9 +41,9 @@ void drawPicture(QPainter &painter, const PrintJob &job, int page, const QRectF 
 bool isCompletePdf(const QString &fileName)
 {
     QFile file(fileName);
-    file.open(QIODevice::ReadOnly);
     // A pipe or a device has swallowed it.
-    return file.isSequential() || file.readAll().trimmed().endsWith("%%EOF");
+    return file.open(QIODevice::ReadOnly)
+        && (file.isSequential() || file.readAll().trimmed().endsWith("%%EOF"));
 }
 
 } // namespace

@@ -106,6 +106,8 @@ private slots:
         const PrintJob job{"Title", {}, {100, 100}, [](QPainter &) {}, "a/b:c?"};
         QVERIFY(printPage(job, pdf(file()).get()) && !printPage({"", {}, {}, job.paint}, pdf(file()).get()));
         QVERIFY(printPage(job, pdf("/dev/null").get())); // what is no file can't be looked at
+        const PrintJob lost{"", {}, {100, 100}, [this](QPainter &) { QFile::remove(file()); }};
+        QVERIFY(!printPage(lost, pdf(file()).get()));
         QTest::ignoreMessage(QtWarningMsg, "QPainter::begin(): Returned false");
         QVERIFY(!printPage(job, pdf(fixture->path("none/x.pdf")).get()));
         if (!QPrinterInfo::availablePrinterNames().isEmpty())
