@@ -102,6 +102,11 @@ private slots:
         QVERIFY(failures && failures->text().startsWith(none + ": "));
         QCOMPARE(failures->text().section('\n', 1), empty + ": no records");
         delete failures;
+        commands->showFiles({other}, {});
+        QTRY_COMPARE(entries(), "other, ~2026-05-04 09:59 61");
+        answer({enter(journal)});
+        overlay()->findChild<QPushButton *>("overlayFiles")->click();
+        QTRY_VERIFY(entries().contains("COM7")); // what it was called in an overlay before may no longer hold
         commands->showFiles(QVector<QString>(25, journal).toList(), {});
         QCOMPARE(entries(), ""); // until they are read
         QTRY_COMPARE(entries().count("COM7"), 20);

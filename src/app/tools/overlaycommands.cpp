@@ -98,6 +98,7 @@ void OverlayCommands::showWindows()
 void OverlayCommands::showFiles(const QStringList &files, const QStringList &labels)
 {
     m_entries.clear();
+    m_labels.clear();
     for (int i = 0; i < files.size(); ++i)
         m_labels.insert(files[i], labels.value(i));
     show();
