@@ -114,7 +114,8 @@ private slots:
         pack.capacity = 5000;
         PackCourse::Health health = PackCourse::healthOf(pack, recordings);
         QCOMPARE(*health.percent, 90.0);
-        QCOMPARE(qRound(*health.perYear * 100), qRound(-2.0 / 30 * 365.25 * 100));
+        QVERIFY2(qAbs(*health.perYear + 2.0 / 30 * 365.25) < 0.015, // where clocks are put forward, too
+            qPrintable(QString::number(*health.perYear, 'f', 5)));
         QCOMPARE(health.cycles, 8);
         QVERIFY(health.hasWeakCell && !health.isWornOut());
         QCOMPARE(
