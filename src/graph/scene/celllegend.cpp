@@ -1,5 +1,7 @@
 #include "graph/scene/celllegend.h"
 
+#include <cmath>
+
 namespace {
 
 constexpr int headingLines = 2;
@@ -11,6 +13,7 @@ constexpr int belowHeights[] = {90, 66}; // px, three names and values at their 
 constexpr int gap = 3; // px above them
 constexpr int fewCells = 4; // stay in one column
 constexpr int pairWidening = 8; // px that two columns take of the room between axis and legend
+constexpr int halfFigure = 8; // px that the axis' uppermost figure stands above its plot
 constexpr int leftWidth = 31; // px of the left one, with numbers of one digit
 
 } // namespace
@@ -28,10 +31,8 @@ CellLegend::CellLegend(const GraphLayout &layout, int cellCount)
             divide(1);
         }
     }
-    if (m_rowHeight < closestRow && cellCount > fewCells) {
-        m_column.setLeft(m_column.left() - pairWidening);
-        divide(2);
-    }
+    if (m_rowHeight < closestRow && cellCount > fewCells)
+        pair();
 }
 
 // Along the whole height, but for the lower plot's lines at its end.
@@ -41,6 +42,23 @@ void CellLegend::stretchTo(int belowHeight)
     const int height = qMin(belowHeight, m_layout.legend(PlotArea::Lower).height());
     m_below = QRect(m_column.left(), m_column.bottom() + 1 - height, m_column.width(), height);
     m_column.setBottom(m_below.top() - gap);
+}
+
+// They reach to the axis: beside the upper plot, if that will do, they keep clear of the lower one's figures.
+void CellLegend::pair()
+{
+    const QRect below = m_below;
+    const QRect stretched = m_column;
+    m_below = m_layout.legend(PlotArea::Lower);
+    m_column = m_layout.legend(PlotArea::Upper).adjusted(-pairWidening, 0, 0, 0);
+    m_column.setBottom(m_below.top() - halfFigure);
+    divide(2);
+    if (m_rowHeight < closestRow) {
+        m_below = below;
+        m_column = stretched.adjusted(-pairWidening, 0, 0, 0);
+        divide(2);
+    }
+    m_rowHeight = std::floor(m_rowHeight); // one height, by which all numbers are underlined or none
 }
 
 void CellLegend::divide(int columns)

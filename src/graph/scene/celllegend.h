@@ -4,7 +4,8 @@
 
 /// The rows of the cells in the legend: a heading of two lines, then a row a cell. They lie beside the upper
 /// plot. Where that would make them too low to be read they reach down to the lines of the lower plot's
-/// legend, which keep their room, and where that is not enough they stand in two columns.
+/// legend, which keep their room, and where that is not enough they stand in two columns, beside the upper
+/// plot again if they fit there.
 class CellLegend {
 public:
     CellLegend(const GraphLayout &layout, int cellCount);
@@ -21,6 +22,7 @@ public:
 private:
     int rowsPerColumn() const { return (m_cellCount + m_columns - 1) / m_columns; }
     void stretchTo(int belowHeight);
+    void pair();
     void divide(int columns);
 
     GraphLayout m_layout;
