@@ -221,6 +221,7 @@ private slots:
             "line 328,64 328,255 #505050; line 108,110 371,110 pen2 dash4,2 #ffa500; "
             "text 'nominal' right 360,95 24 Arial #ffa500; line 152,110 240,159 pen3 #ff0000; "
             "disc 328,85 16x16 pen3 #ff0000; curve 112,16 112,16 of 5 pen3 #ff0000");
+        row("worn percent", "text 'nominal' left 60,223 12 Arial #ffa500");
         row("date", "line 190,32 190,277 #505050; text '5 Jan 1970' mid 190,288 12 Arial #ffffff");
         row("flat", // all of it
             "rect 0,0 400x300 #000000; line 54,260 385,260 #505050; text '0.010' right 48,260 12 Arial "
@@ -255,6 +256,8 @@ private slots:
         shown.blackGround = !chart.contains("white");
         shown.scale = chart.contains("scale") ? 2 : 1;
         shown.marked = chart.contains("marked") ? 12 : 0;
+        if (chart.contains("worn")) // down to the line across, where its name would stand
+            shown.lines[0] = lineOf("One", CourseLine::Square, "1:8 3:5.1");
         if (chart.contains("flat"))
             shown.lines = {lineOf("One", CourseLine::Square, "1:0.01 2:0.02")};
         if (chart.contains("date")) {

@@ -273,8 +273,24 @@ void CourseChart::paintReference(QPainter &painter, const Mapping &map) const
     const int y = qRound(map.y(reference));
     painter.setPen(QPen(colours.note(), qMax(1, px(1)), Qt::DashLine));
     painter.drawLine(area.left(), y, area.right(), y);
-    const QRect box(area.left() + px(6), y - px(textHeight) - 1, area.width() - px(12), px(textHeight));
-    painter.drawText(box, int(Qt::AlignRight) | int(Qt::AlignBottom), referenceName);
+    const int width = painter.fontMetrics().horizontalAdvance(referenceName);
+    const QSize size(qMin(width, area.width() - px(12)), px(textHeight));
+    const QRect right(QPoint(area.right() - px(6) - size.width() + 1, y - size.height() - 1), size);
+    const QRect left(QPoint(area.left() + px(6), right.top()), size);
+    const bool isLeft = isCovered(right, map) && !isCovered(left, map);
+    painter.drawText(isLeft ? left : right,
+        int(isLeft ? Qt::AlignLeft : Qt::AlignRight) | int(Qt::AlignBottom), referenceName);
+}
+
+// Whether points would be drawn over what is written in `box`.
+bool CourseChart::isCovered(const QRect &box, const Mapping &map) const
+{
+    const double radius = markerRadius * scale;
+    const QRectF around = QRectF(box).adjusted(-radius, -radius, radius, radius);
+    return std::any_of(lines.begin(), lines.end(), [&](const CourseLine &line) {
+        return std::any_of(line.points.begin(), line.points.end(),
+            [&](const CoursePoint &point) { return around.contains(map.place(point)); });
+    });
 }
 
 void CourseChart::paintLine(QPainter &painter, const CourseLine &line, const Mapping &map) const

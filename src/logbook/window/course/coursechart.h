@@ -77,6 +77,7 @@ private:
     void paintPercent(QPainter &painter, const Mapping &map) const;
     void paintTimes(QPainter &painter, const Mapping &map) const;
     void paintReference(QPainter &painter, const Mapping &map) const;
+    bool isCovered(const QRect &box, const Mapping &map) const;
     void paintLine(QPainter &painter, const CourseLine &line, const Mapping &map) const;
     void paintMarker(
         QPainter &painter, const CourseLine &line, const CoursePoint &point, const QPointF &at) const;
