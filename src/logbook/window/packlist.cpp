@@ -161,7 +161,7 @@ QString PackList::textOf(const Row &row, int column) const
             ? row.name
             : row.name + QStringLiteral(" (") + FigureText::fixed(health.recordings, 0) + QLatin1Char(')');
     case Health:
-        return health.percent ? FigureText::fixed(*health.percent, 0) + QStringLiteral(" %") : QString();
+        return health.percent ? PackCourse::percentText(*health.percent) + QStringLiteral(" %") : QString();
     case PerYear:
         return health.perYear ? (*health.perYear > 0 ? QStringLiteral("+") : QString())
                 + FigureText::fixed(*health.perYear, 0) + QStringLiteral(" %")

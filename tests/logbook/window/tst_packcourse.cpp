@@ -280,12 +280,12 @@ private slots:
         QCOMPARE(canvas->spokenText(),
             QString("Not assigned: Capacity\nAssign recordings to a pack to see its course."));
         QCOMPARE(headline(b), QString("B, 0 cycle(s)"));
-        QCOMPARE(
-            headline(a), QString("A, 6 x LiPo, 5000 mAh, state of health 80 %, 3 cycle(s), cell 4 is weak"));
+        QCOMPARE(headline(a),
+            QString("A, 6 x LiPo, 5000 mAh, state of health 80\u00A0%, 3 cycle(s), cell 4 is weak"));
         panel.mark(partial);
-        QVERIFY2(
-            canvas->spokenText().startsWith("A, 6 x LiPo, 5000 mAh, state of health 80 %, 3 cycle(s), cell 4 "
-                                            "is weak: Capacity\nA, "),
+        QVERIFY2(canvas->spokenText().startsWith(
+                     "A, 6 x LiPo, 5000 mAh, state of health 80\u00A0%, 3 cycle(s), cell 4 "
+                     "is weak: Capacity\nA, "),
             qPrintable(canvas->spokenText()));
         QVERIFY2(canvas->spokenText().contains(
                      "\nDischarge: 2.00 Ah (40 %)\nNot from full to empty, or not to the end: not to be "

@@ -117,11 +117,13 @@ QString CoursePanel::headline() const
         parts.append(FigureText::fixed(pack->capacity, 0) + QStringLiteral(" mAh"));
     const PackCourse::Health health = PackCourse::healthOf(*pack, PackCourse::of(*m_logbook, m_pack));
     if (health.percent)
-        parts.append(tr("state of health %1 %").arg(FigureText::fixed(*health.percent, 0)));
+        parts.append(tr("state of health %1 %").arg(PackCourse::percentText(*health.percent)));
     parts.append(tr("%n cycle(s)", nullptr, health.cycles));
     if (health.hasWeakCell)
         parts.append(tr("cell %1 is weak").arg(health.lowestCell + 1));
-    return parts.join(QStringLiteral(", "));
+    // A line does not break before the sign.
+    return parts.join(QStringLiteral(", "))
+        .replace(QStringLiteral(" %"), QChar(QChar::Nbsp) + QLatin1Char('%'));
 }
 
 QString CoursePanel::title() const
@@ -137,7 +139,7 @@ QString CoursePanel::pointText(const CourseLine &line, const CoursePoint &point)
     const CourseChart &chart = m_canvas->chart();
     QString value = FigureText::fixed(point.value, 2) + QLatin1Char(' ') + chart.unit;
     if (chart.inPercent)
-        value += QStringLiteral(" (") + FigureText::fixed(point.value * percents / chart.reference, 0)
+        value += QStringLiteral(" (") + PackCourse::percentText(point.value * percents / chart.reference)
             + QStringLiteral(" %)");
     QStringList lines
         = {RecordingColumns::label(*m_logbook, *recording), line.name + QStringLiteral(": ") + value};

@@ -212,6 +212,12 @@ QVector<int> cyclesOf(const Recordings &recordings)
     return cycles;
 }
 
+QString percentText(double percent)
+{
+    constexpr double little = 1e-6; // by which a quotient is off
+    return FigureText::fixed(std::floor(percent + little), 0);
+}
+
 Health healthOf(const LogbookPack &pack, const Recordings &recordings)
 {
     constexpr int leastPoints = 3;

@@ -21,6 +21,9 @@ enum Quantity { Capacity, Energy, Resistance, Spread, quantityCount };
 
 /// State of health, in per cent, below which a pack counts as worn out.
 constexpr double wornOut = 80.0;
+/// A state of health in whole per cent, never rounded up: a pack below the limit must not read as if it were
+/// on it.
+QString percentText(double percent);
 
 /// Whether `recording` tells what the pack holds: a charge from empty, or a discharge from full to empty.
 /// Judged by the voltages of its first and last record and by how it ended, as far as the device tells.
