@@ -1,6 +1,7 @@
 #include "logbook/window/filterline.h"
 
 #include "data/varnel3data.h"
+#include "widgets/displayscale.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -9,9 +10,18 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QStyle>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int clearSpace = 40; // px beside the filter's words, with the button that clears them
+
+} // namespace
 
 FilterLine::FilterLine(QWidget *parent)
     : QWidget(parent)
+    , m_line(new QHBoxLayout)
+    , m_days(new QHBoxLayout)
     , m_text(new QLineEdit(this))
     , m_chemistry(new QComboBox(this))
     , m_process(new QComboBox(this))
@@ -27,16 +37,39 @@ FilterLine::FilterLine(QWidget *parent)
         tr("Shows the recordings that have all of these words somewhere. Esc shows all again."));
     m_text->setAccessibleName(tr("Filter"));
     fillBoxes();
-    auto *layout = new QHBoxLayout(this);
+    auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
-    layout->addWidget(m_text, 1);
-    for (QWidget *widget : {static_cast<QWidget *>(m_chemistry), static_cast<QWidget *>(m_process),
-             static_cast<QWidget *>(m_fromBox), static_cast<QWidget *>(m_from),
-             static_cast<QWidget *>(m_toBox), static_cast<QWidget *>(m_to)})
-        layout->addWidget(widget);
+    layout->addLayout(m_line);
+    layout->addLayout(m_days);
+    m_days->setAlignment(Qt::AlignRight);
+    m_line->addWidget(m_text, 1);
+    m_line->addWidget(m_chemistry);
+    m_line->addWidget(m_process);
+    placeDays();
     connect(m_text, SIGNAL(textChanged(QString)), this, SLOT(onText()));
     connect(m_chemistry, SIGNAL(currentIndexChanged(int)), this, SLOT(onChanged()));
     connect(m_process, SIGNAL(currentIndexChanged(int)), this, SLOT(onChanged()));
+}
+
+// A widget goes from one layout to the other when it is added there.
+void FilterLine::placeDays()
+{
+    const QWidget *const others[] = {m_chemistry, m_process, m_fromBox, m_from, m_toBox, m_to};
+    int wanted = m_text->fontMetrics().horizontalAdvance(m_text->placeholderText()) + scaled(clearSpace);
+    for (const QWidget *widget : others)
+        wanted += widget->sizeHint().width() + m_line->spacing();
+    QHBoxLayout *line = width() < wanted ? m_days : m_line;
+    if (line->indexOf(m_to) >= 0)
+        return;
+    for (QWidget *widget : {static_cast<QWidget *>(m_fromBox), static_cast<QWidget *>(m_from),
+             static_cast<QWidget *>(m_toBox), static_cast<QWidget *>(m_to)})
+        line->addWidget(widget);
+}
+
+void FilterLine::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    placeDays();
 }
 
 void FilterLine::fillBoxes()

@@ -7,9 +7,11 @@
 class QCheckBox;
 class QComboBox;
 class QDateEdit;
+class QHBoxLayout;
 class QLineEdit;
 
-/// The line above the recordings that says which of them are shown. Answers as one types.
+/// The line above the recordings that says which of them are shown. Answers as one types. Where there is no
+/// room for all of it the days stand in a second line.
 class FilterLine : public QWidget {
     Q_OBJECT
 
@@ -27,14 +29,20 @@ public slots:
 signals:
     void changed();
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private slots:
     void onText();
     void onChanged();
 
 private:
+    void placeDays();
     void fillBoxes();
     QDateEdit *createDate(QCheckBox *box, const QDate &date, const QString &tip);
 
+    QHBoxLayout *m_line;
+    QHBoxLayout *m_days; // the second line, empty while there is room in the first one
     QLineEdit *m_text;
     QComboBox *m_chemistry;
     QComboBox *m_process;

@@ -46,16 +46,32 @@ constexpr int tableWidth = 760;
 constexpr int tableHeight = 420;
 constexpr int courseHeight = 260;
 constexpr int packSpace = 4; // px between rows
-constexpr int longestName = 260; // px of the column; the tip has all of it
+constexpr int leastName = 80; // px of the column that names have at least
 
-/// Rows apart enough for their marks.
+/// Rows apart enough for their marks. A long name is elided, so that the figures stay in sight: its tip has all
+/// of it.
 class PackRows : public QStyledItemDelegate {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    explicit PackRows(QTreeView *view)
+        : QStyledItemDelegate(view)
+        , m_view(view)
+    {
+    }
+
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
-        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, scaled(packSpace));
+        QSize size = QStyledItemDelegate::sizeHint(option, index) + QSize(0, scaled(packSpace));
+        if (index.column() == PackList::Name) {
+            const QHeaderView *header = m_view->header();
+            const int figures = header->length() - header->sectionSize(PackList::Name);
+            const int room = std::max(m_view->viewport()->width() - figures, scaled(leastName));
+            size.setWidth(std::min(size.width(), room));
+        }
+        return size;
     }
+
+private:
+    QTreeView *m_view; // its owner
 };
 
 } // namespace
@@ -107,7 +123,6 @@ void LogbookWindow::createParts()
     m_packs->header()->setSortIndicator(PackList::Name, Qt::AscendingOrder);
     m_packs->header()->setStretchLastSection(false);
     m_packs->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    m_packs->header()->setMaximumSectionSize(scaled(longestName));
     m_packs->setItemDelegate(new PackRows(m_packs));
     m_table = new RecordingTable(m_parts.logbook, this);
     m_view = new RecordingView(m_table, this);
@@ -153,6 +168,7 @@ void LogbookWindow::connectParts()
     connect(m_later, SIGNAL(timeout()), this, SLOT(refresh()));
     connect(m_state, SIGNAL(changed()), this, SLOT(onGround()));
     connect(m_filter, SIGNAL(changed()), this, SLOT(onFilter()));
+    connect(m_filter, SIGNAL(changed()), m_view, SLOT(showStart()));
     connect(m_packList, SIGNAL(modelReset()), this, SLOT(spanFixedRows()));
     connect(m_packs->selectionModel(),
         SIGNAL(currentRowChanged(QModelIndex,QModelIndex)), this, SLOT(onPackChosen()));
@@ -266,6 +282,7 @@ void LogbookWindow::onPackChosen()
     m_pack = m_packList->packAt(m_packs->currentIndex().row());
     m_course->setPack(m_pack);
     onFilter();
+    m_view->showStart();
 }
 
 void LogbookWindow::choosePack(qint64 pack)

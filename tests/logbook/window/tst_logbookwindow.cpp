@@ -8,10 +8,12 @@
 #include "windowrig.h"
 
 #include <QComboBox>
+#include <QDateEdit>
 #include <QHeaderView>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QSplitter>
 #include <QToolTip>
@@ -95,6 +97,15 @@ private slots:
         QCOMPARE(window->shownIds().size(), 0);
         trigger("Clear filter");
         QCOMPARE(window->shownIds().size(), 5);
+        window->resize(300, 500); // as narrow as it goes
+        const auto *words = window->findChild<QLineEdit *>("filterText");
+        QTRY_VERIFY(window->findChild<QDateEdit *>()->y() > words->geometry().bottom());
+        view()->setMaximumHeight(60);
+        QTRY_VERIFY(view()->verticalScrollBar()->maximum() > 0);
+        view()->scrollToBottom();
+        type("LiPo");
+        QCOMPARE(window->shownIds().size(), 4);
+        QCOMPARE(view()->verticalScrollBar()->value(), 0);
     }
 
     /// By dialogs: a new pack, the one that is offered, another name, merged, taken apart; and all back.
@@ -234,7 +245,7 @@ private slots:
         open();
         choosePack(2);
         QCOMPARE(window->findChild<QLabel *>("courseHeadline")->text(),
-            "A, 5000 mAh, state of health 90 %, 4 cycle(s)");
+            "A, 5000 mAh, state of health 90\u00A0%, 4 cycle(s)");
         auto *canvas = window->findChild<CourseCanvas *>();
         type("nothing like that");
         const CourseLine &line = canvas->chart().lines[0];

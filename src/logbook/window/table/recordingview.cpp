@@ -136,6 +136,12 @@ void RecordingView::restoreSelection()
     emit selected(); // a reset tells no change
 }
 
+void RecordingView::showStart()
+{
+    if (!selectionModel()->hasSelection())
+        scrollToTop();
+}
+
 void RecordingView::sortByColumn()
 {
     const QHeaderView *header = horizontalHeader();

@@ -23,6 +23,7 @@ public:
     bool isColumnShown(int column) const { return !isColumnHidden(column); }
 
 public slots:
+    void showStart(); ///< the first rows, unless rows are selected
     void sortByColumn(); ///< the other way round where it is sorted by that already
     void moveLeft();
     void moveRight();
