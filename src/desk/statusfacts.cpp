@@ -65,7 +65,8 @@ StatusFacts::StatusFacts(QStatusBar *bar)
         m_labels[kind]->setTextFormat(Qt::PlainText);
         m_labels[kind]->setObjectName(QStringLiteral("statusFact%1").arg(kind));
         m_labels[kind]->hide();
-        m_labels[kind]->setContentsMargins(labelGap, 0, 0, 0);
+        // The last one stands off the edge of a maximised window, which has no grip there.
+        m_labels[kind]->setContentsMargins(labelGap, 0, kind == Listening ? labelGap : 0, 0);
         m_labels[kind]->setMinimumWidth(1); // long texts must not keep the window wide
         bar->addPermanentWidget(m_labels[kind]);
         m_labels[kind]->hide(); // adding shows it

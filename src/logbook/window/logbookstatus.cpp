@@ -12,6 +12,7 @@
 namespace {
 
 constexpr int progressWidth = 200; // px
+constexpr int edgeGap = 8; // px; a maximised window has no grip at its corner
 
 } // namespace
 
@@ -22,6 +23,7 @@ LogbookStatus::LogbookStatus(QStatusBar *bar, LogbookReader *reader)
     , m_cancel(new QPushButton(tr("Cancel"), bar))
 {
     m_count->setObjectName(QStringLiteral("logbookCount"));
+    m_count->setContentsMargins(0, 0, scaled(edgeGap), 0);
     m_progress->setMaximumWidth(scaled(progressWidth));
     m_progress->setFormat(tr("%v of %m files"));
     m_progress->setToolTip(tr("Files that are read for the logbook"));
