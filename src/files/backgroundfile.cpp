@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr int chunkSize = LineSource::usualChunk - 4096; // beside the beginning of a line
+constexpr int chunkSize = LineSource::usualChunk;
 constexpr int chunksAhead = 4;
 
 // What others write meanwhile gives a mixture of old and new; only a journal grows at its end and nowhere
@@ -36,7 +36,7 @@ struct BackgroundFile::Shared {
     mutable std::mutex mutex;
     mutable std::condition_variable changed;
     std::atomic<bool> ready = false; // there are chunks, or there will be no more
-    std::atomic<qint64> size = 0;
+    std::atomic<qint64> size{};
     FileStamp stamp; // these are guarded by the mutex
     QQueue<QByteArray> chunks;
     QString error;
@@ -116,12 +116,10 @@ bool BackgroundFile::isReady() const
     return m_taken < m_chunk.size() || m_shared->ready;
 }
 
-bool BackgroundFile::waitReady(int milliseconds) const
+void BackgroundFile::waitReady(int milliseconds) const
 {
-    if (isReady())
-        return true;
     std::unique_lock<std::mutex> lock(m_shared->mutex);
-    return m_shared->changed.wait_for(
+    m_shared->changed.wait_for(
         lock, std::chrono::milliseconds(milliseconds), [this] { return m_shared->ready.load(); });
 }
 

@@ -22,7 +22,7 @@ public:
     /// The next read() does not wait: bytes, the end or an error are there.
     bool isReady() const;
     /// Waits for that for up to `milliseconds`.
-    bool waitReady(int milliseconds) const;
+    void waitReady(int milliseconds) const;
     bool isSequential() const override { return true; }
     /// Bytes of the file; 0 until it is open.
     qint64 size() const override;

@@ -14,9 +14,9 @@ char balanceCharacter(int balance)
 
 } // namespace
 
-int BalancerColumns::timeStep() const
+int BalancerColumns::time() const
 {
-    return Varnel3Data::balancerPeriod;
+    return saturated(qint64(Varnel3Data::balancerPeriod) * (dataLines() - 1));
 }
 
 ColumnConverter::Outcome BalancerColumns::takeFourthLine(QLatin1String line)

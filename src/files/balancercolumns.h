@@ -11,7 +11,7 @@ public:
     {
     }
 
-    int timeStep() const override;
+    int time() const override;
 
 protected:
     Outcome takeFourthLine(QLatin1String line) override;

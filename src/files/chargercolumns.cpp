@@ -6,18 +6,16 @@
 
 namespace {
 
-struct Column {
-    double scale; // to the device's unit; 0 for whole numbers, which are taken as they are
-    int width;
-};
-constexpr Column columns[] = {{0, 5}, {1000, 5}, {1000, 5}, {10, 3}, {0, 5}};
+// To the device's unit; 0 for whole numbers, which are taken as they are.
+constexpr double scales[] = {0, 1000, 1000, 10, 0};
+constexpr int width = 5; // of the time in the line; other fields may have it
 
 // Whatever the locale; a '+' may stand in front.
 bool toDouble(const FieldText &field, double *value)
 {
     const char *begin = reinterpret_cast<const char *>(field.data);
     const char *const end = begin + field.size;
-    if (field.size > 1 && *begin == '+' && begin[1] != '-')
+    if (field.at(0) == '+' && field.at(1) != '-')
         ++begin;
     const std::from_chars_result result = std::from_chars(begin, end, *value);
     return result.ec == std::errc() && result.ptr == end && std::isfinite(*value);
@@ -27,7 +25,7 @@ bool toDouble(const FieldText &field, double *value)
 
 bool ChargerColumns::takeField(int index, const Field &field)
 {
-    const double scale = columns[index].scale;
+    const double scale = scales[index];
     if (scale == 0)
         return field.toInt(&m_values[index]);
     double value = 0;
@@ -44,7 +42,7 @@ char *ChargerColumns::writeLine(char *out) const
     for (int i = 0; i < fieldCount; ++i) {
         if (i > 0)
             *out++ = ',';
-        out = writeZeroFilled(out, m_values[i], columns[i].width);
+        out = writeZeroFilled(out, m_values[i], width);
     }
     return out;
 }

@@ -15,10 +15,9 @@ public:
     /// Takes the next line of the file. On Outcome::Record, recordLine() is what it became.
     Outcome convert(QLatin1String line);
     QLatin1String recordLine() const { return QLatin1String(m_line, m_length); }
-    /// Data lines so far, the newest included.
-    int dataLines() const { return m_dataLines; }
-    /// The lines hold no time; records are this many seconds apart, or 0 where they do.
-    virtual int timeStep() const { return 0; }
+    /// Of the newest record (s) where no line holds one.
+    static constexpr int timeFromLine = -1;
+    virtual int time() const { return timeFromLine; }
 
 protected:
     using Field = FieldText;
@@ -37,6 +36,8 @@ protected:
     /// Writes the record line of the fields taken, at most maxRecordLineLength bytes, and returns its end.
     virtual char *writeLine(char *out) const = 0;
 
+    /// Data lines so far, the newest included.
+    int dataLines() const { return m_dataLines; }
     const ColumnHeader &header() const { return m_header; }
     /// '#', mode letter, cell count and cell type, as both kinds of line begin.
     char *writeHead(char *out) const;

@@ -6,7 +6,6 @@
 #include "files/filekind.h"
 #include "files/linetrimming.h"
 
-#include "data/saturated.h"
 #include "data/systemmemory.h"
 
 #include <QDebug>
@@ -17,9 +16,6 @@
 namespace {
 
 constexpr int shortWait = 2; // ms for the disk, which mostly suffices
-constexpr int linesBetweenLooks = 256; // at the clock
-constexpr int shortestRecordLine = 10;
-constexpr int timeFromLine = -1;
 
 } // namespace
 
@@ -54,9 +50,10 @@ bool DataFileLoader::readSome(int maxMilliseconds)
     if (isWaiting())
         m_file->waitReady(shortWait);
     readWithin([&] {
-        for (int lines = 1; m_status == Status::Reading && !isWaiting(); ++lines) {
-            const bool slow = step() == LineSource::Found::Nothing;
-            if ((slow || lines % linesBetweenLooks == 0) && timer.hasExpired(maxMilliseconds))
+        while (m_status == Status::Reading && !isWaiting()) {
+            const qint64 before = m_lines->bytesRead();
+            step();
+            if (m_lines->bytesRead() != before && timer.hasExpired(maxMilliseconds))
                 break;
         }
     });
@@ -87,11 +84,10 @@ void DataFileLoader::readWithin(const Read &read)
     }
 }
 
-LineSource::Found DataFileLoader::step()
+void DataFileLoader::step()
 {
     QLatin1String line;
-    const LineSource::Found found = m_lines->next(&line);
-    switch (found) {
+    switch (m_lines->next(&line)) {
     case LineSource::Found::Line:
         takeLine(line);
         break;
@@ -105,7 +101,6 @@ LineSource::Found DataFileLoader::step()
         finish(Status::CanNotOpen);
         break;
     }
-    return found;
 }
 
 // An empty file is what saving a recording without records leaves: no data, and no error.
@@ -147,10 +142,10 @@ void DataFileLoader::chooseDialect(QLatin1String firstLine)
 
 void DataFileLoader::takeRecordLine(QLatin1String line)
 {
-    if (line.size() < shortestRecordLine || m_lines->wasCut())
+    if (line.isEmpty() || m_lines->wasCut())
         return;
     if (line.front() == QLatin1Char('#') && !isCutShort(line))
-        addRecord(trimmedLine(line), timeFromLine);
+        addRecord(trimmedLine(line), ColumnConverter::timeFromLine);
     else if (line.front() == QLatin1Char('!') && m_lines->hasEnd() && !m_records.isEmpty())
         addResistances(line);
 }
@@ -188,12 +183,9 @@ void DataFileLoader::takeColumnLine(QLatin1String line)
     switch (m_columns->convert(line)) {
     case ColumnConverter::Outcome::NoRecord:
         break;
-    case ColumnConverter::Outcome::Record: {
-        const int step = m_columns->timeStep();
-        addRecord(m_columns->recordLine(),
-            step > 0 ? saturated(qint64(step) * (m_columns->dataLines() - 1)) : timeFromLine);
+    case ColumnConverter::Outcome::Record:
+        addRecord(m_columns->recordLine(), m_columns->time());
         break;
-    }
     case ColumnConverter::Outcome::BadHeader:
         finish(Status::BadHeader);
         break;
@@ -214,7 +206,7 @@ void DataFileLoader::addRecord(QLatin1String line, int time)
     if (!record.parseLine(line))
         return;
     m_lineLength = line.size();
-    if (time != timeFromLine)
+    if (time != ColumnConverter::timeFromLine)
         record.setTime(time);
     m_balance.add(record);
     m_records.append(record, BlockArena::Fast);

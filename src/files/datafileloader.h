@@ -59,7 +59,7 @@ public:
 
 private:
     void start(int chunk);
-    LineSource::Found step();
+    void step();
     template <typename Read>
     void readWithin(const Read &read);
     void takeEnd();

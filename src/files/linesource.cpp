@@ -54,10 +54,9 @@ LineSource::Found LineSource::next(QLatin1String *line)
 
 void LineSource::giveLine(QLatin1String *line, int length)
 {
-    const char *const begin = m_buffer.constData() + m_begin;
-    if (length > 0 && begin[length - 1] == '\r')
-        --length;
-    *line = QLatin1String(begin, length);
+    *line = QLatin1String(m_buffer.constData() + m_begin, length);
+    if (line->endsWith(QLatin1Char('\r')))
+        line->chop(1);
     m_lineCut = m_lineEnded = false;
     ++m_lineNumber;
 }

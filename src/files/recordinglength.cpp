@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int pieceLength = 4096;
@@ -35,10 +37,7 @@ int recordingLength(const QString &path)
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return unknown;
     const int begin = timeIn(file.read(pieceLength), true);
-    if (file.size() > pieceLength)
-        file.seek(file.size() - pieceLength);
-    else
-        file.seek(0);
+    file.seek(std::max<qint64>(0, file.size() - pieceLength));
     const int end = timeIn(file.read(pieceLength), false);
     return begin < 0 || end < begin ? unknown : end - begin;
 }

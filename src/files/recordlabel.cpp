@@ -96,7 +96,7 @@ QString readLabel(const QString &path)
     QByteArray head = file.read(headLength);
     QBuffer buffer(&head);
     buffer.open(QIODevice::ReadOnly);
-    LineSource lines(buffer, headLength + 1);
+    LineSource lines(buffer, headLength);
     QLatin1String first;
     LineSource::Found found = lines.next(&first);
     if (found == LineSource::Found::Nothing)

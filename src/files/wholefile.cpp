@@ -66,7 +66,7 @@ bool WholeFile::writeSome(int maxMilliseconds)
 bool WholeFile::isWaiting() const
 {
     return !m_outcome && m_synced.valid()
-        && m_synced.wait_for(std::chrono::seconds(0)) != std::future_status::ready;
+        && m_synced.wait_for(std::chrono::seconds::zero()) != std::future_status::ready;
 }
 
 WriteOutcome WholeFile::writeAll()
@@ -100,8 +100,7 @@ void WholeFile::openSpecial()
     if (descriptor == -1)
         return fail(qt_error_string());
     auto special = std::make_unique<QFile>();
-    if (!special->open(descriptor, openMode, QFile::AutoCloseHandle))
-        fail(special->errorString());
+    special->open(descriptor, openMode, QFile::AutoCloseHandle); // which can't fail
     m_device = std::move(special);
 }
 
@@ -118,8 +117,6 @@ void WholeFile::writePieces(int maxMilliseconds)
 // The helper thread gets a descriptor of its own: it may be waiting for the disk when this is given up.
 void WholeFile::bringToDisk()
 {
-    if (!m_device->flush())
-        return fail(m_device->errorString());
     const int own = duplicateDescriptor(m_device->handle());
     if (own == -1)
         return fail(qt_error_string());
@@ -130,7 +127,7 @@ void WholeFile::commit()
 {
     if (!m_synced.get())
         return fail(Texts::tr("The disk did not take all of it."));
-    if (!(m_replacement ? m_replacement->commit() : m_device->flush()))
+    if (m_replacement && !m_replacement->commit())
         return fail(m_device->errorString());
     const int folder = m_replacement ? openFolder(QFileInfo(m_target).path()) : -1;
     if (folder != -1)

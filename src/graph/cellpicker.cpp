@@ -29,7 +29,7 @@ void CellPicker::step(int direction, bool add, int count)
 {
     if (count < 1)
         return;
-    const int from = m_last < 0 && direction < 0 ? count : m_last;
+    const int from = m_last == none && direction == -1 ? count : m_last;
     m_last = (from + direction + count) % count;
     CellSelection cells = {};
     if (add)

@@ -24,6 +24,8 @@ signals:
     void changed();
 
 private:
+    static constexpr int none = -1;
+
     CellSelection m_cells = {};
-    int m_last = -1; // picked last
+    int m_last = none; // picked last
 };

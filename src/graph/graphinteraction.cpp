@@ -48,7 +48,7 @@ int GraphInteraction::rangedRecords() const
 void GraphInteraction::startAnew()
 {
     showNewest();
-    m_marked = -1;
+    m_marked = none;
 }
 
 // The second cursor was set on purpose: it is measured from while a recording goes on.
@@ -57,7 +57,7 @@ void GraphInteraction::showNewest()
     m_view.showAll();
     m_heldRecords = 0;
     m_selecting = false;
-    m_cursor = -1;
+    m_cursor = none;
     endDrag();
 }
 
@@ -85,7 +85,7 @@ void GraphInteraction::pointAt(const QPoint &position)
         return;
     m_area = m_view.areaAt(position).value_or(m_area);
     const int record = m_view.recordAt(position.x());
-    const int cursor = position.x() <= m_view.layout().plotRight() ? record : -1;
+    const int cursor = position.x() <= m_view.layout().plotRight() ? record : none;
     if (cursor != m_cursor) {
         m_cursor = cursor;
         m_widget->update();
@@ -121,7 +121,7 @@ void GraphInteraction::press(const QMouseEvent *event)
 
 void GraphInteraction::toggleMark(int record)
 {
-    m_marked = m_marked < 0 ? record : -1;
+    m_marked = m_marked < 0 ? record : none;
     m_widget->update();
 }
 
@@ -213,7 +213,7 @@ void GraphInteraction::doubleClick(const QMouseEvent *event)
 
 void GraphInteraction::leave()
 {
-    m_cursor = -1;
+    m_cursor = none;
     m_widget->unsetCursor();
     m_widget->update();
     pointAtNewest();

@@ -51,6 +51,7 @@ signals:
     void recordPointedAt(int record);
 
 private:
+    static constexpr int none = GraphViewport::none;
     static const KeyBinding<GraphInteraction> keyBindings[];
 
     QPoint inPicture(const QPointF &position) const;
@@ -82,8 +83,8 @@ private:
     GraphViewport m_view;
     double m_scale = 1.0; // the widget's pixels to one that the layout counts in
     CellPicker m_cells;
-    int m_cursor = -1;
-    int m_marked = -1; // second cursor
+    int m_cursor = none;
+    int m_marked = none; // second cursor
     PlotArea m_area = PlotArea::Upper; // where the pointer was last
     bool m_selecting = false;
     QPoint m_selectionStart;

@@ -109,9 +109,9 @@ void GraphInteraction::giveUp(int, Qt::KeyboardModifiers)
     if (m_selecting) {
         m_selecting = false;
     } else if (m_marked >= 0) {
-        m_marked = -1;
+        m_marked = none;
     } else if (m_cursor >= 0) {
-        m_cursor = -1;
+        m_cursor = none;
         pointAtNewest();
     } else {
         m_cells.click(-1);

@@ -49,7 +49,7 @@ int GraphViewport::recordAt(int x) const
     const int count = m_store->size();
     const GraphLayout geometry = layout();
     if (count == 0 || x < geometry.plotLeft() || !geometry.isDrawable())
-        return -1;
+        return none;
     return recordAtTime(timeMap().invTransform(std::min(x, geometry.plotRight())));
 }
 
@@ -69,8 +69,8 @@ int GraphViewport::recordAtTime(double time) const
         });
         return nearest;
     }
-    const int next = times.firstNot(0, [time](double earlier) { return earlier < time; });
-    if (next == times.size() || (next > 0 && time - times[next - 1] < times[next] - time))
+    const int next = times.firstNot(1, [time](double earlier) { return earlier < time; });
+    if (next == times.size() || time - times[next - 1] < times[next] - time)
         return next - 1;
     return next;
 }
@@ -78,7 +78,7 @@ int GraphViewport::recordAtTime(double time) const
 int GraphViewport::recordBeside(int record, int columns) const
 {
     const int direction = columns > 0 ? 1 : -1;
-    const int last = columns > 0 ? m_store->size() - 1 : 0;
+    const int last = direction == 1 ? m_store->size() - 1 : 0;
     const int start = columnOf(record);
     const auto missing = [&](int index) { return std::abs(columns) - std::abs(columnOf(index) - start); };
     int beside = record;
@@ -161,8 +161,5 @@ void GraphViewport::reveal(int record)
         return;
     const double time = m_store->series(SeriesStore::Time)[record];
     const Interval shown = m_zoom.times();
-    if (time < shown.low)
-        m_zoom.moveTimes(time - shown.low, wholeTimes());
-    else if (time > shown.high)
-        m_zoom.moveTimes(time - shown.high, wholeTimes());
+    m_zoom.moveTimes(std::min(0.0, time - shown.low) + std::max(0.0, time - shown.high), wholeTimes());
 }

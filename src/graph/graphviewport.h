@@ -9,6 +9,8 @@ class SeriesStore;
 /// The window through which a recording is seen: its size in pixels, the zoom, and what lies under a pixel.
 class GraphViewport {
 public:
+    static constexpr int none = -1; ///< no record
+
     /// `store` outlives this.
     explicit GraphViewport(const SeriesStore *store);
 
@@ -18,7 +20,7 @@ public:
     void resize(const QSize &size);
 
     /// The record whose time is next to that of pixel column `x`, or of the last one right of the plots; the
-    /// first of several, as where a clock was set back. -1 left of the plots and without records.
+    /// first of several, as where a clock was set back. `none` left of the plots and without records.
     int recordAt(int x) const;
     /// The record that lies about so many pixel columns beside `record`, on the way along the records: at
     /// least the next one, at most the last one. `columns` is not 0.

@@ -254,15 +254,13 @@ GraphRequest MdiGraphChild::request(const QSize &pictureSize) const
     return picture;
 }
 
-void MdiGraphChild::resizeEvent(QResizeEvent *event)
+void MdiGraphChild::resizeEvent(QResizeEvent *)
 {
-    QWidget::resizeEvent(event);
     m_interaction->resize(size(), m_scale);
 }
 
-void MdiGraphChild::showEvent(QShowEvent *event)
+void MdiGraphChild::showEvent(QShowEvent *)
 {
-    QWidget::showEvent(event);
     update(); // records came in while it was out of sight
 }
 
@@ -297,9 +295,8 @@ void MdiGraphChild::keyPressEvent(QKeyEvent *event)
         QWidget::keyPressEvent(event);
 }
 
-void MdiGraphChild::leaveEvent(QEvent *event)
+void MdiGraphChild::leaveEvent(QEvent *)
 {
-    QWidget::leaveEvent(event);
     m_interaction->leave();
 }
 

@@ -174,6 +174,9 @@ private slots:
         RecordBlock::pack(records, room.data(), &bytes);
         QCOMPARE(
             bytes, RecordBlock::most() - size_t(letters * (PackedColumn::mostBytes - PackedColumn::length)));
+        records.restart();
+        records.add(Varnel3Data());
+        QVERIFY(records.count() == 1 && records.cells() == 0 && !records.hasFractions());
     }
 
     // Many recordings are short: only a longer one takes a block.

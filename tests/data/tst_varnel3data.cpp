@@ -200,12 +200,15 @@ private slots:
             QCOMPARE(plain.cells[2].balanceCharge, hours == 0 ? 0 : INT_MAX);
         }
         integrator.reset(INT_MIN);
-        for (int i = 0; i < 4; ++i) { // back to the exact sum, not stuck
+        for (int i = 0; i < 5; ++i) { // back to the exact sum, not stuck
             record.time = i % 2 ? INT_MIN : INT_MAX;
             integrator.add(record);
             QCOMPARE(record.cells[0].balanceCharge, i % 2 ? 0 : INT_MIN);
             QCOMPARE(record.cells[15].balanceCharge, i % 2 ? 0 : INT_MAX);
         }
+        plain.time = INT_MAX;
+        integrator.add(plain);
+        QVERIFY(plain.cells[0].balanceCharge == INT_MIN && plain.cells[2].balanceCharge == 0);
     }
 };
 

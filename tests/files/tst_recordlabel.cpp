@@ -43,7 +43,8 @@ private slots:
                 {abp, "", {"5\nt\n", recordLine("#06C05_____0", 123)}},
                 {acp, "",
                     {"", "#06C05\n", "5\nd\n", "5\nt\n3\n", "x\nd\n3\n", QByteArray(100000, '6'),
-                        "6\ncharge" + QByteArray(5000, ' ') + "\n3\n"}}}; // beyond what is read
+                        "6\ncharge" + QByteArray(4087, ' ') + "\n3\n"}}, // beyond what is read
+                {acp, " [Cha 3xLiPol]", {"6\ncharge" + QByteArray(4086, ' ') + "\n35\n"}}};
         for (const auto &[name, label, files] : cases) {
             for (const QByteArray &bytes : files)
                 QCOMPARE(labelOf(name, bytes), QLatin1String(label));
@@ -54,9 +55,9 @@ private slots:
     {
         const auto record = [](int time) { return recordLine("#06C05_____0", time) + '\n'; };
         const std::pair<QByteArray, int> cases[]
-            = {{record(60) + record(4000), 3940}, {record(0) + record(0), 0},
+            = {{record(60) + record(4000), 3940}, {record(0), 0}, {record(0) + record(1), 1},
                 {record(60) + record(61).repeated(200) + record(400000), 399940}, // longer than what is read
-                {"junk\n" + record(5) + record(9) + "!1,2\n" + record(99).left(30), 4}, // a cut end
+                {"\njunk\n" + record(5) + record(9) + "!1,2\n" + record(99).left(30), 4}, // a cut end
                 {record(60) + record(4), -1}, {"6\nc\n3\n0 1 1 1 1\n60 1 1 1 1\n", -1}};
         for (const auto &file : cases) {
             QVERIFY(writeFile(path("x.acp"), file.first));

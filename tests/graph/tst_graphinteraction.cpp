@@ -17,7 +17,7 @@ constexpr QSize size(1000, 600);
 
 QString percent(const Interval &share)
 {
-    return QString(" %1..%2").arg(qRound(100 * share.low)).arg(qRound(100 * share.high));
+    return QString(" %1..%2").arg(100 * share.low, 0, 'g', 3).arg(100 * share.high, 0, 'g', 3);
 }
 
 } // namespace
@@ -81,27 +81,29 @@ hide; press left 470,155 = all)");
     add("with larger letters the pointer means what is drawn under it", usual, R"(
 resize 1000,600 2; hover 442,200 = all cursor 43 shows 43
 hover 802,200 = all shows 86
-drag left 80,44 440,120 = 0..430 68..100 0..100 cursor 22 shows 22
-turn -20 440,120 = 0..860 68..100 0..100 cursor 43 shows 43
-resize 1000,600 9; hover 702,100 = 0..860 68..100 0..100 shows 86)");
+drag left 80,44 440,120 = 0..430 67.5..100 0..100 cursor 22 shows 22
+turn -20 440,120 = 0..860 67.5..100 0..100 cursor 43 shows 43
+resize 1000,600 9; hover 702,100 = 0..860 67.5..100 0..100 shows 86)");
     add("picking", usual, R"(
 press left 470,155 = all shows 43
 move left 255,88 = all band 255 88 470 155
-release left 255,88 = 215..430 50..75 0..100 cursor 27 shows 27
-press left 470,500; move left 990,20 = 215..430 50..75 0..100 band 470 304 900 500
-release left 990,20 = 322.5..430 50..75 27..100 shows 43
+release left 255,88 = 215..430 50.2..75.3 0..100 cursor 27 shows 27
+press left 470,500; move left 990,20 = 215..430 50.2..75.3 0..100 band 470 304 900 500
+release left 990,20 = 322.5..430 50.2..75.3 26.6..100 shows 43
 double left 470,437 = all cursor 43 shows 43
 drag left 100,330 100,330 = all cursor 6 shows 6
 drag left 100,330 300,333 = all cursor 26 shows 26
 drag left 100,330 103,530 = all cursor 6 shows 6
-drag left 100,330 104,334 = 57..67 0..100 89..90 cursor 6 shows 6
-double right 470,437 = 57..67 0..100 89..90 cursor 6 hand shows 6
+drag left 100,330 104,334 = 57..67 0..100 88.8..90.3 cursor 6 shows 6
+double right 470,437 = 57..67 0..100 88.8..90.3 cursor 6 hand shows 6
 release right 470,437; double left 470,437 = all cursor 43 shows 43
 drag left 20,100 400,200 = all cursor 36 shows 36
 drag left 470,295 600,400 = all cursor 56 shows 56
 press left 470,155; move left 500,200 = all band 470 155 500 200
 key Escape = all cursor 43
 release left 500,200 = all cursor 46 shows 46
+press left 470,155 = all shows 43
+release left 470,155 = all cursor 43 shows 43
 press left 470,155; resize 1000,600 1; release left 600,200 = all cursor 56 shows 56)");
     add("wheel", usual, R"(
 turn 1 255,155 = 43..731 0..100 0..100 cursor 22 shows 22
@@ -115,18 +117,19 @@ turn 0 255,155 = no
 turn 1 10,10 = no)");
     add("middle button", usual, R"(
 click middle 470,437 ctrl = all cursor 43 shows 43
-click middle 470,437 = 215..645 0..100 25..75 cursor 43 shows 43
-click middle 470,437 = 322.5..537.5 0..100 38..63 cursor 43 shows 43
-click middle 470,437 ctrl = 215..645 0..100 25..75 cursor 43 shows 43
-click middle 20,400 = 215..430 0..100 25..75
+click middle 470,437 = 215..645 0..100 25.1..75.1 cursor 43 shows 43
+double left 470,437 = all cursor 43 shows 43
+click middle 470,437; click middle 470,437 = 322.5..537.5 0..100 37.6..62.6 cursor 43 shows 43
+click middle 470,437 ctrl = 215..645 0..100 25.1..75.1 cursor 43 shows 43
+click middle 20,400 = 215..430 0..100 25.1..75.1
 click middle 470,295 ctrl; click middle 470,437 ctrl = all cursor 43 shows 43
 hide; release middle 470,437 = all cursor 43 shows 43)");
     add("dragging, never past the recording", usual, R"(
 press right 470,155 = all cursor 43 shows 43
 move right 570,155 = all cursor 43
 release right 470,155 = all cursor 43 shows 43
-click middle 470,155; press right 470,155 = 215..645 25..75 0..100 cursor 43 hand shows 43
-move right 556,155 = 172..602 25..75 0..100 cursor 43 hand
+click middle 470,155; press right 470,155 = 215..645 25.1..75.1 0..100 cursor 43 hand shows 43
+move right 556,155 = 172..602 25.1..75.1 0..100 cursor 43 hand
 move right 556,208 = 172..602 35..85 0..100 cursor 43 hand
 release right 556,208 = 172..602 35..85 0..100 cursor 43 shows 43
 move right 640,208 = 172..602 35..85 0..100 cursor 43
@@ -153,12 +156,12 @@ key Escape = all shows 86
 key Right = all cursor 0 shows 0
 key Escape; drag left 124,22 813,289; key Home = all cursor 70
 key Escape; click middle 472,400 = 216..646 0..100 32..82 cursor 43 shows 43
-click middle 472,100 ctrl; click middle 472,100; leave = 216..646 35..85 32..82 shows 86
-key Left = 216..646 35..85 32..82 cursor 64 shows 64
-key Escape; key Right = 216..646 35..85 32..82 cursor 22 shows 22
-key Left = 210..640 35..85 32..82 cursor 21 shows 21
-hover 889,100; key Right = 210..640 35..85 32..82 cursor 64 shows 64
-key Right = 220..650 35..85 32..82 cursor 65 shows 65
+click middle 472,100 ctrl; click middle 472,100; leave = 216..646 35.4..85.4 32..82 shows 86
+key Left = 216..646 35.4..85.4 32..82 cursor 64 shows 64
+key Escape; key Right = 216..646 35.4..85.4 32..82 cursor 22 shows 22
+key Left = 210..640 35.4..85.4 32..82 cursor 21 shows 21
+hover 889,100; key Right = 210..640 35.4..85.4 32..82 cursor 64 shows 64
+key Right = 220..650 35.4..85.4 32..82 cursor 65 shows 65
 key F1 = no)");
     add("second cursor", usual, R"(
 hover 40,88; key Space shift = all cursor 0 marked 0
@@ -167,7 +170,7 @@ click left 40,88 shift = all cursor 0 marked 0 shows 0
 click left 40,88 shift = all cursor 0 shows 0
 press left 255,88 shift = all cursor 22 marked 22 shows 22
 move left 470,155; release left 470,155 shift = all cursor 43 marked 22 shows 43
-drag left 470,155 685,222 = 430..645 25..50 0..100 cursor 59 marked 22 shows 59
+drag left 470,155 685,222 = 430..645 25.1..50.2 0..100 cursor 59 marked 22 shows 59
 key Home; add 1 = all marked 22
 key Left shift = all cursor 87 marked 22 shows 87
 key Escape = all cursor 87
@@ -183,7 +186,7 @@ key Equal = 154.8..705.2 0..100 0..100
 key Minus = 86..774 0..100 0..100
 key Minus = all
 key PageDown; key Plus ctrl = 0..860 0..100 10..90
-key Down = 0..860 0..100 2..82
+key Down = 0..860 0..100 2.25..82.2
 key Up = 0..860 0..100 10..90
 key PageUp; key Plus ctrl = 0..860 10..90 10..90
 key Minus ctrl = 0..860 0..100 10..90
@@ -224,8 +227,8 @@ add 1 = all)");
 hover 40,100 = all cursor 0 shows 0
 hover 470,100 = all cursor 28 shows 28
 hover 685,100 = all cursor 72 shows 72
-drag left 685,50 900,270; hover 470,100 = 420..560 7..90 0..100 cursor 79 shows 79
-key Left = 420..560 7..90 0..100 cursor 78 shows 78
+drag left 685,50 900,270; hover 470,100 = 420..560 7.12..89.5 0..100 cursor 79 shows 79
+key Left = 420..560 7.12..89.5 0..100 cursor 78 shows 78
 double left 470,100; key Right = all cursor 29 shows 29
 key Right = all cursor 30 shows 30
 key Right = all cursor 31 shows 31
@@ -236,13 +239,13 @@ key Right shift = all cursor 128 shows 128
 key Left = all cursor 127 shows 127
 hover 899,100 = all cursor 999 shows 999
 key Left shift = all cursor 998 shows 998
-key Right = all cursor 999 shows 999
-key Right = all cursor 999 shows 999)");
+key Right; key Right = all cursor 999 shows 999
+hover 45,100; key Left shift; key Left = all cursor 0 shows 0)");
     add("resizing divides the times anew", usual, R"(
-drag left 298,50 645,270; resize 451,400 1 = 250..650 7..90 0..100 cursor 50
-resize 449,400 1 = 200..700 7..90 0..100 cursor 50
-resize 449,300 1; resize 449,310 1; resize 449,320 1 = 200..800 7..90 0..100 cursor 50
-key Home; resize 1000,600 1; drag left 50,50 895,270; resize 451,400 1 = 0..860 7..90 0..100 cursor 85)");
+drag left 298,50 645,270; resize 451,400 1 = 250..650 7.12..89.5 0..100 cursor 50
+resize 449,400 1 = 200..700 7.12..89.5 0..100 cursor 50
+resize 449,300 1; resize 449,310 1; resize 449,320 1 = 200..800 7.12..89.5 0..100 cursor 50
+key Home; resize 1000,600 1; drag left 50,50 895,270; resize 451,400 1 = 0..860 7.12..89.5 0..100 cursor 85)");
     add("no record", "0", R"(
 hover 470,155 = all
 turn 3 470,155 = no

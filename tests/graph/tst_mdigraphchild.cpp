@@ -96,7 +96,7 @@ private slots:
             step.first();
             QCOMPARE(title(), step.second);
         }
-        QCOMPARE(shell->taken().filter("60 s").last(), "show 60 s, 0 mAh, of 4");
+        QCOMPARE(shell->taken().filter("show 60 s, 0 mAh, of 4").size(), 2);
         QCOMPARE(child->sourceName() + ' ' + child->portName(), "old.acp COM8 COM8");
     }
 
@@ -126,17 +126,22 @@ private slots:
     /// All that the flag takes, and each thing missing once.
     void flagsLostResistance()
     {
-        shell->current = true;
-        RecordList records = recordsOf("9 r0=3 r0@1=0 r0@3=0 r0@5=0 r0@7=0 celldata@7=0");
-        QString flags;
-        for (int i = 0; i < records.size(); ++i) {
-            ViewSwitches switches;
-            switches.cellValue = i == 5 ? CellValue::Charge : CellValue::Resistance;
-            shell->state->setSwitches(switches);
-            child->addRecord(records[i]);
-            flags += shell->taken().filter("show")[0].endsWith("kept Ri") ? '1' : '0';
+        for (const auto &[words, expected] :
+            {std::pair("9 r0=3 r0@1=0 r0@3=0 r0@5=0 r0@7=0 celldata@7=0", "000100000"),
+                std::pair("3 r0=3 r0@2=0", "001")}) {
+            init();
+            shell->current = true;
+            const RecordList records = recordsOf(words);
+            QString flags;
+            for (int i = 0; i < records.size(); ++i) {
+                ViewSwitches switches;
+                switches.cellValue = i == 5 ? CellValue::Charge : CellValue::Resistance;
+                shell->state->setSwitches(switches);
+                child->addRecord(records[i]);
+                flags += shell->taken().filter("show")[0].endsWith("kept Ri") ? '1' : '0';
+            }
+            QCOMPARE(flags, expected);
         }
-        QCOMPARE(flags, "000100000");
     }
 
     void liveWhileAReaderFeeds()
@@ -240,7 +245,7 @@ private slots:
         graph->resize(1000, 600);
         graph->show();
         graph->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(graph));
+        QVERIFY(QTest::qWaitForWindowActive(graph) && graph->hasFocus());
         graph->load(storeOf("87 period=10 charge1@86=14400000"), "x.acp"); // a pixel is a second, from 40 on
         shell->current = true;
         const auto zoom = [&] { return graph->request(graph->size()).zoom; };
@@ -279,7 +284,7 @@ private slots:
         QVERIFY(!zoom().isActive());
         QWheelEvent wheel({200, 155}, {}, {}, QPoint(0, 120), {}, {}, Qt::NoScrollPhase, false);
         QApplication::sendEvent(graph, &wheel);
-        QVERIFY(zoom().isActive() && wheel.isAccepted());
+        QCOMPARE(QString("%1 %2").arg(zoom().times().low, 0, 'f', 1).arg(wheel.isAccepted()), "97.9 1");
         add("1"); // all is shown again as a record comes
         QVERIFY(!zoom().isActive());
         QApplication::sendEvent(graph, &wheel);

@@ -80,7 +80,7 @@ void OpenRecords::makeRoom()
         new int[size_t(figures + RecordColumns::fractions * capacity * figuresOfFraction)]);
     auto *const fractions = reinterpret_cast<double *>(larger.get() + figures);
     const int used = RecordColumns::ofCell(m_cells, RecordColumns::CellVoltage);
-    for (int column = 0; column < used && m_count > 0; ++column)
+    for (int column = 0; column < used; ++column)
         std::copy_n(this->figures(column), m_count, larger.get() + column * strideFor(capacity));
     for (int i = 0; i < RecordColumns::fractions && m_hasFractions; ++i)
         std::copy_n(this->fractions(i), m_count, fractions + i * capacity);
