@@ -98,7 +98,7 @@ void OverlayPlot::setShift(double seconds)
 
 QString OverlayPlot::spokenText() const
 {
-    const OverlayScene scene = OverlayScene::of(m_shown, 1, 1);
+    const OverlayScene scene = OverlayScene::of(m_shown);
     QStringList lines{scene.reason.isEmpty() ? scene.heading : scene.reason};
     for (int i = 0; i < scene.rows.size(); ++i)
         lines.append(QStringLiteral("%1: ").arg(i + 1) + scene.rows[i].name + QStringLiteral(", ")

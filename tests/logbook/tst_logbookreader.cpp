@@ -155,18 +155,20 @@ private slots:
         QVERIFY(again.row(name)->pack == LogbookPack::none && again.row(name)->note.isEmpty());
     }
 
-    /// A file that was young when it was looked at is looked at again, though its folder's time stands still.
+    /// A file is found by its folder's time; one that was young then is looked at again, though that stands still.
     void grows()
     {
-        QVERIFY(write("a.acp", recording(5, 3900)));
-        QFile file(path("a.acp"));
+        QVERIFY(write("a.acp", recording(5, 3900)) && makeOld(path("a.acp"), 1));
+        Reading book(folder->path());
+        QVERIFY(write("b.acp", recording(5, 3901)));
+        QFile file(path("b.acp"));
         QVERIFY(file.open(QFile::ReadWrite | QFile::Append)
             && file.setFileTime(QDateTime::currentDateTime().addSecs(9), QFile::FileModificationTime));
-        Reading book(folder->path());
-        QCOMPARE(book.row(path("a.acp"))->figures.records, 5);
-        QVERIFY(file.write(recording(3, 3900)) > 0 && file.flush());
         QVERIFY(QMetaObject::invokeMethod(&book.reader, "lookAround"));
-        QTRY_COMPARE_WITH_TIMEOUT(book.row(path("a.acp"))->figures.records, 8, longTime);
+        QTRY_COMPARE_WITH_TIMEOUT(book.files(), QString("a.acp b.acp"), longTime);
+        QVERIFY(file.write(recording(3, 3901)) > 0 && file.flush());
+        QVERIFY(QMetaObject::invokeMethod(&book.reader, "lookAround"));
+        QTRY_COMPARE_WITH_TIMEOUT(book.row(path("b.acp"))->figures.records, 8, longTime);
     }
 
     /// Of a recording that was killed at once nothing is left but what the user has said of it.
@@ -249,6 +251,9 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(book.row(copy) && book.row(copy)->figures.records == 10, longTime);
         QCOMPARE(book.row(copy)->start, book.row(file)->start);
         QVERIFY(!book.row(copy)->isStartApproximate);
+        book.reader.beginLive(path("live.acp"), "COM5", {});
+        book.reader.lookAtCopy(copy + 2, path("live.acp"));
+        QVERIFY(book.row(copy + 2) && !book.row(copy + 2)->isLive);
     }
 
 private:

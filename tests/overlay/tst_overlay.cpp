@@ -185,7 +185,7 @@ private slots:
             QString words;
             for (int i = 0; i < OverlayRequest::mostEntries; ++i)
                 words += "1 | ";
-            const OverlayScene scene = OverlayScene::of(requestOf(words + "picked=3 " + asked), 1, 1);
+            const OverlayScene scene = OverlayScene::of(requestOf(words + "picked=3 " + asked));
             QStringList looks;
             for (int i = 0; i < scene.lines.size(); ++i) {
                 looks.append(scene.lines[i].colour.name() + QString::number(scene.lines[i].style));
@@ -228,6 +228,7 @@ private slots:
             "text 'Pack voltage' mid 400,11 12 Arial #ffffff; text 'A' left 588,32 11 Arial #ff0022; "
             "text '00:19:00   1900 mAh' right 798,32 11 Arial #ffffff; "
             "rect 560,30 24x3 #ff0022; rect 560,49 24x3 #00bb00; rect 560,68 24x3 #0066ff");
+        row("20 | 20 | 20 | size=800,88", "text '00:19:00   1900 mAh' right 798,39 11 Arial #ffffff");
         row("20 | zoom=300,600,0,0.5 white distinct",
             "curve -77,224 852,-33 of 8 pen2 #000000; in 56,22 664x552 #000000; "
             "text '00:06:00' mid 189,586 11 Arial #000000");
@@ -329,7 +330,7 @@ drag right 387,297 387,407 = 116..447 35..85 cursor 281
 press right 387,297 = 116..447 35..85 cursor 281 held
 key Escape; move left 400,300 = 116..447 35..85 cursor 281
 double 387,297 = all cursor 331
-key Plus; key Plus ctrl = 66..597 10..90 cursor 331
+key Equal; key Plus ctrl = 66..597 10..90 cursor 331
 key Right ctrl; key Up = 119..649 18..98 cursor 331
 key Left ctrl; key Down = 66..597 10..90 cursor 331
 key Minus ctrl = 66..597 0..100 cursor 331
@@ -443,7 +444,7 @@ QString TestOverlay::view()
     const Interval share = shown.zoom.share(PlotArea::Upper);
     if (shown.zoom.isActive())
         text = QString("%1..%2 ").arg(qRound(shown.zoom.times().low)).arg(qRound(shown.zoom.times().high))
-            + QString("%1..%2").arg(qRound(100 * share.low)).arg(qRound(100 * share.high));
+            + QString("%1..%2").arg(100 * share.low, 0, 'g', 3).arg(100 * share.high, 0, 'g', 3);
     if (shown.cursor)
         text += QString(" cursor %1").arg(qRound(*shown.cursor));
     if (shown.marked)

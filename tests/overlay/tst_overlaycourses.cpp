@@ -83,19 +83,20 @@ private slots:
         const QVector<QPointF> outline
             = courseOutline(course, OverlayAxis::Time, OverlayValue::PackVoltage, place, left, right);
         const auto inkOf = [&](const auto &points) {
-            QMap<int, Interval> ink;
+            QMap<int, QVector<double>> ink;
             for (const QPointF &point : points) {
                 const int column = int(std::floor(point.x() * 2));
                 if (column < left * 2 || column > right * 2)
                     continue;
-                if (!ink.contains(column))
-                    ink[column] = {point.y(), point.y()};
-                ink[column].take({point.y(), point.y()});
+                ink[column].append(point.y());
             }
             QStringList lines;
-            for (auto it = ink.cbegin(); it != ink.cend(); ++it)
-                lines.append(
-                    QString("%1 %2 %3").arg(it.key()).arg(it->low, 0, 'f', 1).arg(it->high, 0, 'f', 1));
+            for (auto it = ink.cbegin(); it != ink.cend(); ++it) {
+                const auto [low, high] = std::minmax_element(it->begin(), it->end());
+                lines.append(QString("%1 %2 %3").arg(it.key()).arg(*low, 0, 'f', 1).arg(*high, 0, 'f', 1));
+                if (jump == 0) // each is gone through once
+                    lines += QString("%1 %2").arg(it->first(), 0, 'f', 1).arg(it->last(), 0, 'f', 1);
+            }
             return lines;
         };
         QVector<QPointF> all;

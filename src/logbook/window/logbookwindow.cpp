@@ -368,19 +368,17 @@ void LogbookWindow::fitPacks()
         m_sideBySide->setSizes({std::min(wanted, all / 2), all - std::min(wanted, all / 2)});
 }
 
-void LogbookWindow::showEvent(QShowEvent *event)
+void LogbookWindow::showEvent(QShowEvent *)
 {
     if (m_isStale)
         refresh();
-    QMainWindow::showEvent(event);
     if (!std::exchange(m_isFitted, true))
         fitPacks();
 }
 
-void LogbookWindow::closeEvent(QCloseEvent *event)
+void LogbookWindow::closeEvent(QCloseEvent *)
 {
     emit closed();
-    QMainWindow::closeEvent(event);
 }
 
 void LogbookWindow::keyPressEvent(QKeyEvent *event)

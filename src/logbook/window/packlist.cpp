@@ -30,11 +30,12 @@ QPixmap mark(bool isBad)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(isBad ? worn : good));
+    const QRectF inside = QRectF(pixmap.rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     if (isBad)
         painter.drawPolygon(
-            QPolygonF({QPointF(size / 2.0, 0.5), QPointF(size - 0.5, size - 1.0), QPointF(0.5, size - 1.0)}));
+            QPolygonF({{inside.center().x(), inside.top()}, inside.bottomRight(), inside.bottomLeft()}));
     else
-        painter.drawEllipse(QRectF(0.5, 0.5, size - 1.0, size - 1.0));
+        painter.drawEllipse(inside);
     return pixmap;
 }
 

@@ -36,7 +36,7 @@ public:
     QVector<Tick> values;
 
     /// With at most so many divisions of the axes.
-    static OverlayScene of(const OverlayRequest &request, int mostPlaces, int mostValues);
+    static OverlayScene of(const OverlayRequest &request, int mostPlaces = 1, int mostValues = 1);
     static QString valueName(OverlayValue value);
     /// Of the axis itself.
     static QString axisName(OverlayAxis axis);

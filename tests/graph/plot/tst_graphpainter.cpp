@@ -329,7 +329,7 @@ void TestGraphPainter::paints()
     QCOMPARE(painted(&m_used), lines); // what one painting left in pens, scales and grid shows in no other
     QImage image(shown.request().size, QImage::Format_RGB32);
     QPainter painter(&image);
-    fresh.paint(&painter, shown.request()); // figures far outside don't stop what makes pixels
+    m_used.paint(&painter, shown.request()); // figures far outside don't stop what makes pixels
     QPicture taken;
     QPainter taker(&taken);
     fresh.paint(&taker, shown.request());

@@ -411,7 +411,7 @@ void TestGraphScene::areAsExpected()
         {"#eb0000", "#000000", "#eb0000"}, {"#ea0000", "#000000", "#f40000"},
         {"#0000ff", "#000000", "#6666ff"}, {"#00c100", "#3c3c3c", "#00c100"},
         {"#00c000", "#3c3c3c", "#00ca00"}, {"#ffff00", "#dee2e6", "#666600"},
-        {"#777777", "#777777", "#070707"}};
+        {"#777777", "#777777", "#070707"}, {"#fcfcfc", "#757575", "#ffffff"}};
     for (const auto &[colour, background, text] : colours)
         add(GraphColours::readable(QColor(colour), QColor(background)).name(), text);
 }

@@ -7,7 +7,6 @@
 #include "logbook/window/table/recordingtable.h"
 #include "logbook/window/table/tablepages.h"
 #include "sample.h"
-#include "support/columns.h"
 #include "support/paintlog.h"
 #include "widgets/displayscale.h"
 
@@ -171,7 +170,7 @@ private slots:
     {
         const qint64 a = addPack("A", 5000, {{0, 5000}, {20, 4500}, {40, 3940}}, 420);
         addPack("B", 0, {{5, 1000}});
-        addPack("C", 5000, {});
+        addPack("C", 1, {});
         addPack("D", 5000, {{1, 3800}, {21, 3900}, {41, 4000}});
         add(logbook.get(), sampleRecording(9, Varnel::Charge, 77));
         PackList list(logbook.get());
@@ -200,6 +199,7 @@ private slots:
                     "Cell 4 is weak: 420 mV between the highest and the lowest when the pack is empty."));
         QCOMPARE(list.index(3, 0).data(Qt::ToolTipRole).toString(),
             QString("B\n6 x LiPo\nGive the nominal capacity to see the state of health.\nits note"));
+        QVERIFY(list.index(4, 0).data(Qt::ToolTipRole).toString().contains("1 mAh nominal"));
         const auto mark = [&](int row, int column) {
             const QVariant pixmap = list.index(row, column).data(Qt::DecorationRole);
             const QImage image = pixmap.value<QPixmap>().toImage();
@@ -211,8 +211,7 @@ private slots:
         QCOMPARE(mark(3, PackList::Health) + mark(2, PackList::Name), QString());
         for (const int row : {2, 5}) {
             const auto pixmap = list.index(row, PackList::Health).data(Qt::DecorationRole).value<QPixmap>();
-            QCOMPARE(
-                QRegion(pixmap.createHeuristicMask()).boundingRect(), QRect(0, 0, 12, row == 2 ? 11 : 12));
+            QCOMPARE(QRegion(pixmap.createHeuristicMask()).boundingRect(), QRect(0, 0, 12, 12));
         }
         for (const auto &[section, title] :
             {std::pair(PackList::Name, "Pack"), std::pair(PackList::PerYear, "Per year")})
@@ -246,58 +245,13 @@ private slots:
         QCOMPARE(changed.first().at(1).toModelIndex(), list.index(5, PackList::Newest));
     }
 
-    void pages_data()
-    {
-        columns<int, int, int>({"rows", "columns", "pages"});
-        QTest::newRow("none") << 0 << 2 << 1;
-        QTest::newRow("one is full") << 41 << 2 << 1;
-        QTest::newRow("one more") << 42 << 2 << 2;
-        QTest::newRow("as wide as it may be") << 42 << 4 << 2;
-        QTest::newRow("small letters") << 48 << 5 << 1;
-        QTest::newRow("small letters, one more") << 49 << 5 << 2;
-    }
-
     /// The columns in their order, as wide as their texts up to a limit; on the last page the last row.
     void pages()
     {
-        QFETCH(int, rows);
-        QFETCH(int, columns);
-        QStandardItemModel model(rows, columns + 1);
-        for (int column = 0; column <= columns; ++column) {
-            model.setHeaderData(column, Qt::Horizontal, QString(8, QChar('A' + column)));
-            for (int row = 0; row < rows; ++row) {
-                const QString text = row == 0 ? QString(100, 'W') : QString("%1.%2").arg(row).arg(column);
-                model.setData(model.index(row, column), text);
-                model.setData(model.index(row, column), int(column == 1 ? Qt::AlignRight : Qt::AlignLeft),
-                    Qt::TextAlignmentRole);
-            }
-        }
-        QHeaderView header(Qt::Horizontal);
-        header.setModel(&model);
-        header.hideSection(2);
-        header.moveSection(1, 0);
-        const TablePages pages(model, header);
-        QTEST(pages.count(), "pages");
-        const QFontMetricsF letters(drawingFont("Arial", 8, 1, true));
-        const auto width
-            = [&](char title) { return int(letters.horizontalAdvance(QString(8, title)) + 8) + 1; };
-        if (rows == 0) // as wide as the titles
-            VERIFY_PAINTS(
-                TablePages::size().toSize(), [&](QPainter &painter) { pages.paint(painter, 0); },
-                QString("text 'BBBBBBBB' left 0,9 11 bold Arial #000000; "
-                        "text 'AAAAAAAA' left %1,9 11 bold Arial #000000; "
-                        "line 0,17 %2,17 #000000; text '1 / 1' right 1120,732 11 Arial #000000")
-                    .arg(width('B'))
-                    .arg(width('B') + width('A')),
-                true);
-        if (rows == 49)
-            VERIFY_PAINTS(
-                TablePages::size().toSize(), [&](QPainter &painter) { pages.paint(painter, 1); },
-                "text 'BBBBBBBB' right 217,7 9.47692 bold Arial #000000; "
-                "text 'AAAAAAAA' left 224,7 9.47692 bold Arial #000000; "
-                "text '48.1' right 217,22 9.47692 Arial #000000; "
-                "text '48.0' left 224,22 9.47692 Arial #000000; "
-                "text '2 / 2' right 1120,733 9.47692 Arial #000000");
+        // none, full, one more, as wide as it may be, small letters, one more
+        for (const auto &[rows, columns, count] : {std::tuple(0, 2, 1), std::tuple(41, 2, 1),
+                 std::tuple(42, 2, 2), std::tuple(42, 4, 2), std::tuple(48, 5, 1), std::tuple(49, 5, 2)})
+            paintPages(rows, columns, count);
     }
 
     void pictures()
@@ -341,6 +295,46 @@ private slots:
     }
 
 private:
+    static void paintPages(int rows, int columns, int count)
+    {
+        QStandardItemModel model(rows, columns + 1);
+        for (int column = 0; column <= columns; ++column) {
+            model.setHeaderData(column, Qt::Horizontal, QString(8, QChar('A' + column)));
+            for (int row = 0; row < rows; ++row) {
+                const QString text = row == 0 ? QString(100, 'W') : QString("%1.%2").arg(row).arg(column);
+                model.setData(model.index(row, column), text);
+                model.setData(model.index(row, column), int(column == 1 ? Qt::AlignRight : Qt::AlignLeft),
+                    Qt::TextAlignmentRole);
+            }
+        }
+        QHeaderView header(Qt::Horizontal);
+        header.setModel(&model);
+        header.hideSection(2);
+        header.moveSection(1, 0);
+        const TablePages pages(model, header);
+        QCOMPARE(pages.count(), count);
+        const QFontMetricsF letters(drawingFont("Arial", 8, 1, true));
+        const auto width
+            = [&](char title) { return int(letters.horizontalAdvance(QString(8, title)) + 8) + 1; };
+        if (rows == 0) // as wide as the titles
+            VERIFY_PAINTS(
+                TablePages::size().toSize(), [&](QPainter &painter) { pages.paint(painter, 0); },
+                QString("text 'BBBBBBBB' left 0,9 11 bold Arial #000000; "
+                        "text 'AAAAAAAA' left %1,9 11 bold Arial #000000; "
+                        "line 0,17 %2,17 #000000; text '1 / 1' right 1120,732 11 Arial #000000")
+                    .arg(width('B'))
+                    .arg(width('B') + width('A')),
+                true);
+        if (rows == 49)
+            VERIFY_PAINTS(
+                TablePages::size().toSize(), [&](QPainter &painter) { pages.paint(painter, 1); },
+                "text 'BBBBBBBB' right 217,7 9.47692 bold Arial #000000; "
+                "text 'AAAAAAAA' left 224,7 9.47692 bold Arial #000000; "
+                "text '48.1' right 217,22 9.47692 Arial #000000; "
+                "text '48.0' left 224,22 9.47692 Arial #000000; "
+                "text '2 / 2' right 1120,733 9.47692 Arial #000000");
+    }
+
     /// addPack() of the sample.
     qint64 addPack(
         const char *name, int capacity, const QVector<std::pair<int, int>> &discharges, int spread = 12)

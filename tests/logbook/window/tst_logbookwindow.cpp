@@ -154,6 +154,9 @@ private slots:
         for (int row = 0; row < 3; ++row) // those that are no pack have a name alone
             QCOMPARE(packs()->isFirstColumnSpanned(row, {}), row < 2);
         QCOMPARE(window->shownIds(), (QVector<qint64>{ids[1], ids[0]}));
+        whenModal<PackChoice>(window.get(), [](PackChoice *choice) { choice->reject(); });
+        trigger("Merge packs...");
+        QCOMPARE(logbook->recording(ids[2])->pack, b);
         whenModal<PackChoice>(window.get(), [b](PackChoice *choice) {
             QVERIFY(choice->chosen() == b && choice->windowTitle() == "Merge packs");
             choice->accept();
@@ -293,6 +296,8 @@ private slots:
             trigger("Sort by column");
         window->findChild<QComboBox *>("courseQuantity")->setCurrentIndex(3);
         const auto all = window->findChildren<QSplitter *>();
+        window->resize(1300, 900);
+        QTRY_COMPARE(all[1]->sizes().last(), 260);
         const auto splitters = [this] {
             QByteArrayList states;
             const auto current = window->findChildren<QSplitter *>();
@@ -308,11 +313,17 @@ private slots:
         open();
         QCOMPARE(splitters(), sizes);
         QVERIFY(view()->horizontalHeader()->sectionsMovable());
-        const QHash<const char *, QVariant> looks{{"tabKeyNavigation", false}, {"wordWrap", false},
-            {"showGrid", false}, {"alternatingRowColors", true},
-            {"horizontalScrollMode", QAbstractItemView::ScrollPerPixel}};
-        for (auto look = looks.begin(); look != looks.end(); ++look)
-            QVERIFY2(view()->property(look.key()) == *look, look.key());
+        const std::tuple<QObject *, const char *, QVariant> looks[] = {{view(), "tabKeyNavigation", false},
+            {view(), "wordWrap", false}, {view(), "showGrid", false}, {view(), "alternatingRowColors", true},
+            {view(), "horizontalScrollMode", QAbstractItemView::ScrollPerPixel},
+            {packs(), "rootIsDecorated", false}, {packs(), "uniformRowHeights", true},
+            {packs(), "allColumnsShowFocus", true}, {packs(), "minimumWidth", 150},
+            {packs()->header(), "stretchLastSection", false}, {packs()->header(), "maximumSectionSize", 260},
+            {packs()->parent(), "childrenCollapsible", false},
+            {window->findChild<QLabel *>("logbookTrouble"), "wordWrap", true},
+            {window->findChild<QLineEdit *>("filterText"), "clearButtonEnabled", true}};
+        for (const auto &[of, look, value] : looks)
+            QVERIFY2(of->property(look) == value, look);
         QVERIFY(view()->isColumnHidden(Columns::Port) && !view()->isColumnHidden(Columns::Device));
         QCOMPARE(view()->horizontalHeader()->visualIndex(Columns::Charge), int(Columns::Charge) - 5);
         QCOMPARE(window->shownIds().first(), ids[0]); // the most charge
