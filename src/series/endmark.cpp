@@ -15,15 +15,20 @@ void EndMark::addNewest(const RecordList &records)
     if (!m_sendsLetter && newest < m_markedFrom && records.size() >= recordsForMark() && current(newest) != 0
         && current(newest - 1) == 0 && current(newest - 2) != 0) {
         m_markedFrom = newest - 1;
-        if (m_first < 0)
-            m_first = m_markedFrom;
+        note(m_markedFrom);
     }
     addLoaded(records, newest);
 }
 
 void EndMark::addLoaded(const RecordList &records, int index)
 {
-    if (m_first < 0 && records.figure(RecordColumns::Flag4, index) != '_')
+    if (records.figure(RecordColumns::Flag4, index) != '_')
+        note(index);
+}
+
+void EndMark::note(int index)
+{
+    if (m_first < 0)
         m_first = index;
 }
 

@@ -28,6 +28,8 @@ public:
     int markedFrom() const { return m_markedFrom; }
 
 private:
+    void note(int index);
+
     bool m_sendsLetter = true;
     int m_markedFrom = std::numeric_limits<int>::max();
     int m_first = -1;

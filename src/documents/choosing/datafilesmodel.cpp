@@ -69,8 +69,8 @@ QModelIndex DataFilesModel::mapFromSource(const QModelIndex &index) const
 {
     if (!index.isValid() || files()->filePath(index.parent()) != m_question.folder)
         return {};
-    const auto row = m_listing.rows.constFind(index.data(QFileSystemModel::FileNameRole).toString());
-    return row == m_listing.rows.constEnd() ? QModelIndex() : this->index(*row, index.column());
+    return this->index(
+        m_listing.rowOf(index.data(QFileSystemModel::FileNameRole).toString()), index.column());
 }
 
 QModelIndex DataFilesModel::index(int row, int column, const QModelIndex &parent) const
@@ -243,7 +243,7 @@ void DataFilesModel::replace(const FolderListing &listing)
     show(listing);
     QModelIndexList now;
     for (const QModelIndex &index : old)
-        now.append(this->index(listing.rows.value(before.entries.at(index.row()).name, -1), index.column()));
+        now.append(this->index(listing.rowOf(before.entries.at(index.row()).name), index.column()));
     changePersistentIndexList(old, now);
     emit layoutChanged();
     discard(&before);
@@ -259,9 +259,9 @@ void DataFilesModel::show(const FolderListing &listing)
 
 void DataFilesModel::setState(const QString &name, const FileDetails &details)
 {
-    const auto row = m_listing.rows.constFind(name);
-    if (row != m_listing.rows.constEnd())
-        m_states[*row] = details.isWritable ? Writable : Known;
+    const int row = m_listing.rowOf(name);
+    if (row >= 0)
+        m_states[row] = details.isWritable ? Writable : Known;
 }
 
 // To free many names takes time.
@@ -329,7 +329,7 @@ void DataFilesModel::askDetails()
     QStringList names;
     QStringList later;
     for (const QString &name : qAsConst(m_visit.wanted)) {
-        const int row = m_listing.rows.value(name, -1);
+        const int row = m_listing.rowOf(name);
         if (row >= 0 && m_listing.entries.at(row).isFolder)
             ask({name}, false);
         else if (m_visit.isReadingFiles)
@@ -391,8 +391,8 @@ void DataFilesModel::takeSourceRows(const QModelIndex &parent, int first, int la
 
 void DataFilesModel::renameEntry(const QString &folder, const QString &before, const QString &now)
 {
-    const int row = folder == m_question.folder ? m_listing.rows.value(before, -1) : -1;
-    if (row < 0)
+    const int row = m_listing.rowOf(before);
+    if (row < 0 || folder != m_question.folder)
         return;
     m_listing.rows.remove(before);
     m_listing.rows.insert(now, row);

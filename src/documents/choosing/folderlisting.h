@@ -25,6 +25,8 @@ struct FolderQuestion {
 struct FolderListing {
     QVector<FolderEntry> entries; ///< sorted
     QHash<QString, int> rows; ///< of their names
+    /// -1: there is no such name.
+    int rowOf(const QString &name) const { return rows.value(name, -1); }
     QStringList names; ///< sorted by their characters alone
     QString longest; ///< of the names
 };

@@ -134,7 +134,7 @@ void FolderView::selectTyped(const QString &text)
     QItemSelection selection;
     bool isWhole = true;
     for (const QString &name : names) {
-        const int row = m_model->listing().rows.value(name, -1);
+        const int row = m_model->listing().rowOf(name);
         if (row >= 0)
             selection.select(m_model->index(row, 0), m_model->index(row, 0));
         else if (!name.trimmed().isEmpty())
