@@ -173,8 +173,7 @@ QStringList Documents::chooseFrom(QFileDialog &dialog)
     for (QAbstractItemView *view :
         {static_cast<QAbstractItemView *>(dialog.findChild<QListView *>("listView")),
             static_cast<QAbstractItemView *>(dialog.findChild<QTreeView *>("treeView"))}) {
-        if (view)
-            view->setItemDelegate(delegate);
+        view->setItemDelegate(delegate);
     }
     const QStringList files = dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
     dialog.setDirectory(

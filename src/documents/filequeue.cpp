@@ -7,7 +7,7 @@
 #include "settings/messagetime.h"
 
 #include <QDir>
-#include <QElapsedTimer>
+#include <QDeadlineTimer>
 #include <QTimer>
 
 #include <new>
@@ -97,10 +97,9 @@ bool FileQueue::readSome()
 /// True while the file is not ready.
 bool FileQueue::deriveSome()
 {
-    QElapsedTimer slice;
-    slice.start();
+    const QDeadlineTimer slice(sliceTime);
     bool more = true;
-    while (more && !slice.hasExpired(sliceTime))
+    while (more && !slice.hasExpired())
         more = m_store->loadSome(recordsBetweenLooks);
     m_strip->setProgress(readingPart + m_store->loadProgress() * (1.0 - readingPart));
     return more;

@@ -152,19 +152,17 @@ bool Journal::restore()
     for (int left = mostPieces; left > 0 && m_size < m_lostSize; --left) {
         const int wanted = int(std::min<qint64>(piece.size(), m_lostSize - m_size));
         const int read = readBytes(m_lost, m_size, piece.data(), wanted);
-        if (read <= 0) {
-            m_complete = false; // the disk does not give back what it took
-            m_lostSize = m_size;
-            break;
-        }
-        const int whole = piece.lastIndexOf('\n', read - 1) + 1;
+        const int whole = read > 0 ? piece.lastIndexOf('\n', read - 1) + 1 : 0;
         if (whole == 0 && read == piece.size()) {
             piece.resize(2 * piece.size()); // a line must come as a whole
             continue;
         }
-        const int length = whole > 0 ? whole : read;
-        if (write(QByteArray::fromRawData(piece.constData(), length)) < length)
+        if (whole == 0) {
+            m_complete = false; // the disk does not give back what it took
+            m_lostSize = m_size;
+        } else if (write(QByteArray::fromRawData(piece.constData(), whole)) < whole) {
             return false;
+        }
     }
     if (m_size < m_lostSize)
         return false;

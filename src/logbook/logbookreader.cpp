@@ -6,7 +6,7 @@
 #include "logbook/logbook.h"
 #include "series/seriesstore.h"
 
-#include <QElapsedTimer>
+#include <QDeadlineTimer>
 #include <QFileInfo>
 #include <QTimer>
 
@@ -36,8 +36,7 @@ struct LogbookReader::Current {
     /// True while there is more.
     bool goOn()
     {
-        QElapsedTimer slice;
-        slice.start();
+        const QDeadlineTimer slice(sliceTime);
         if (m_loader && !m_store) {
             if (m_loader->readSome(sliceTime))
                 return true;
@@ -46,7 +45,7 @@ struct LogbookReader::Current {
             m_store = std::make_unique<SeriesStore>();
             m_store->beginLoad(m_loader->takeRecords());
         }
-        while (!slice.hasExpired(sliceTime)) {
+        while (!slice.hasExpired()) {
             if (!reckoning && m_store && m_store->loadSome(recordsBetweenLooks))
                 continue;
             if (!reckoning)

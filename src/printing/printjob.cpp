@@ -65,9 +65,9 @@ bool printPage(const PrintJob &job, QPrinter *printer)
         drawPicture(painter, job, i, rest);
         painter.restore();
     }
-    if (!painter.end() || printer->printerState() == QPrinter::Error)
-        return false;
+    painter.end();
     const bool toFile
         = printer->outputFormat() == QPrinter::PdfFormat && !printer->outputFileName().isEmpty();
-    return !toFile || isCompletePdf(printer->outputFileName());
+    return printer->printerState() != QPrinter::Error
+        && (!toFile || isCompletePdf(printer->outputFileName()));
 }

@@ -54,14 +54,12 @@ PrintRequest::~PrintRequest() = default;
 
 void PrintRequest::open()
 {
-    QDialog *dialog = nullptr;
-    if (QPrinterInfo::availablePrinterNames().isEmpty()) {
+    const bool toFile = QPrinterInfo::availablePrinterNames().isEmpty();
+    if (toFile) {
         m_printer->setOutputFormat(QPrinter::PdfFormat);
         m_printer->setOutputFileName(suggestedFile(m_job));
-        dialog = createFileDialog();
-    } else {
-        dialog = createPrintDialog();
     }
+    QDialog *dialog = toFile ? createFileDialog() : createPrintDialog();
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setWindowTitle(m_job.title);
     setParent(dialog); // which uses the printer to its end

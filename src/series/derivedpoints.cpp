@@ -85,8 +85,9 @@ void DerivedPoints::addFigures(const RecordList &records, int count)
     records.numbers(Columns::Time, block).copy(first, count, times);
     records.numbers(Columns::Temperature, block).copy(first, count, temperatures);
     records.numbers(Columns::Voltage, block).copy(first, count, voltages);
-    int lastTime = m_size > 0 ? records.figure(Columns::Time, m_size - 1) : times[0];
-    qint64 lastVoltage = m_size > 0 ? records.figure(Columns::Voltage, m_size - 1) : 0;
+    const int before = std::max(0, m_size - 1);
+    int lastTime = records.figure(Columns::Time, before);
+    qint64 lastVoltage = records.figure(Columns::Voltage, before);
     KeptPoints::Newest &newest = m_kept.newest();
     for (int i = 0; i < count; ++i) {
         m_timeMonotone &= times[i] >= lastTime;

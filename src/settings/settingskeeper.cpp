@@ -12,6 +12,7 @@
 #include <QSettings>
 #include <QSet>
 
+#include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
@@ -62,6 +63,17 @@ QString obstacle(const QString &fileName)
     return file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly) ? QString() : file.errorString();
 }
 
+// A disk that fills up meanwhile takes the beginning, and the settings call that written.
+bool isWhole(const QSettings &settings)
+{
+    QFile file(settings.fileName());
+    file.open(QIODevice::ReadOnly);
+    const QList<QByteArray> lines = file.readAll().split('\n');
+    const auto keys = std::count_if(
+        lines.begin(), lines.end(), [](const QByteArray &line) { return line.contains('='); });
+    return lines.constLast().isEmpty() && keys == settings.allKeys().size();
+}
+
 bool apply(const Values &values, QSettings *settings)
 {
     for (auto value = values.begin(); value != values.end(); ++value) {
@@ -71,7 +83,7 @@ bool apply(const Values &values, QSettings *settings)
             settings->remove(value.key());
     }
     settings->sync();
-    return settings->status() != QSettings::AccessError;
+    return settings->status() != QSettings::AccessError && isWhole(*settings);
 }
 
 QString reasonOf(QLockFile::LockError error)

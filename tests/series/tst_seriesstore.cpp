@@ -55,6 +55,7 @@ private:
     {
         return m_isHostile && oneIn(3) ? between(lowest, highest) : oneIn(5) ? 0 : between(-300, 30000);
     }
+    int cellValue() { return m_isHostile ? value() : m_leastOfCells + value(); }
     // Those included that make the folds hard: zeros, constants, steps.
     int resistance()
     {
@@ -68,18 +69,19 @@ private:
         record->cellCount = oneIn(50) ? between(lowest, highest) : m_cells;
         record->ballansingCurrent = 250 * between(0, 4);
         for (CellData &cell : record->cells) {
-            cell.voltage = value();
+            cell.voltage = cellValue();
             cell.balance = 10 * between(0, 10);
         }
-        record->cellMin = value();
-        record->cellMax = value();
-        record->cellAverage = value();
+        record->cellMin = cellValue();
+        record->cellMax = cellValue();
+        record->cellAverage = cellValue();
     }
 
     int m_device = between(Varnel3Data::Varnel3, Varnel3Data::NoDevice);
     int m_mode = between(Varnel3Data::Charge, Varnel3Data::Test);
     int m_cells = oneIn(3) ? 0 : between(-1, Varnel3Data::maxCells + 1); // 0: no cell data
     int m_silentCells = perMille(500); // records that have none though the others do
+    int m_leastOfCells = oneIn(2) ? 1000 : 0; // mV, so that one that is silent is seen
     int m_setBacks = perMille(50); // records at which the clock is set back
     int m_marks = perMille(100); // records with an end letter
     int m_resistanceKind = between(0, 5);
@@ -382,6 +384,7 @@ private:
         if (most < 1000)
             compare(live, literal, &maker);
         SeriesStore loaded;
+        loaded.append(cellRecord(6)); // is forgotten
         loadInPieces(&loaded, savedRecords(live), &maker);
         QVERIFY(loaded.revision() != live.revision());
         LiteralSeries literalLoaded;

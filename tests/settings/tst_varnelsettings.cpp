@@ -82,11 +82,12 @@ private slots:
     // A folder in its place, a file in the folder's place, a full disk, and a folder of another's.
     void whatCanNotBeWrittenHolds()
     {
-        const std::pair<QString, QString> cases[] = {{"Maker/VarnelGraph.ini/", qt_error_string(EISDIR)},
-            {"Maker", "the disk is full or reports an error"},
-            {"Maker/", "the disk is full or reports an error"},
-            {"Maker/", "its folder is protected against writing"}};
-        for (const auto &[inTheWay, reason] : cases) {
+        const QStringList ports{"COM5" + QString(999, '5')};
+        const QString full = "the disk is full or reports an error";
+        const std::tuple<QString, int, QString> cases[] = {
+            {"Maker/VarnelGraph.ini/", -1, qt_error_string(EISDIR)}, {"Maker", -1, full}, {"Maker/", 0, full},
+            {"Maker/", 900, full}, {"Maker/", -1, "its folder is protected against writing"}};
+        for (const auto &[inTheWay, room, reason] : cases) { // as much as fits on the disk
             init();
             const bool isFile = !inTheWay.endsWith('/');
             const QString path = profile->filePath(inTheWay);
@@ -100,21 +101,20 @@ private slots:
                 const bool isProtected = reason.contains("protected");
                 QVERIFY(!isProtected || QFile::setPermissions(place, QFile::ReadOwner | QFile::ExeOwner));
                 const auto mayNot = isProtected ? std::make_unique<AsNobody>() : nullptr;
-                const bool isFull = inTheWay == "Maker/" && !isProtected;
-                const auto limit = isFull ? std::make_unique<FileSizeLimit>(0) : nullptr;
-                VarnelSettings().setPorts({"COM5"});
+                const auto limit = room >= 0 ? std::make_unique<FileSizeLimit>(room) : nullptr;
+                VarnelSettings().setPorts(ports);
                 QVERIFY(SettingsKeeper::waitForWritten(forEver));
                 QCOMPARE(SettingsKeeper::instance().unwritable(), file + '\n' + reason);
-                QCOMPARE(VarnelSettings().ports(), QStringList({"COM5"}));
+                QCOMPARE(VarnelSettings().ports(), ports);
                 QVERIFY((SettingsKeeper::instance().unreadable() == file) == isThere);
                 QCOMPARE(troubled.size(), isThere ? 2 : 1);
             }
-            QVERIFY(isFile ? QFile::remove(path) : QDir().rmdir(path));
+            QVERIFY(isFile ? QFile::remove(path) : QDir(path).removeRecursively());
             troubled.clear();
             VarnelSettings().setSendTime(true); // all of it goes there then
             QVERIFY(SettingsKeeper::waitForWritten(forEver));
             QVERIFY(SettingsKeeper::instance().unwritable().isEmpty() && troubled.size() == 1);
-            QVERIFY(contents(file) == "[General]\nports=COM5\nsendTime=true\n");
+            QVERIFY(contents(file) == "[General]\nports=" + ports.first().toLatin1() + "\nsendTime=true\n");
         }
     }
 

@@ -3,7 +3,7 @@
 #include "app/process/instanceplace.h"
 
 #include <QCryptographicHash>
-#include <QElapsedTimer>
+#include <QDeadlineTimer>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QSysInfo>
@@ -83,15 +83,14 @@ void SingleInstance::giveBack()
 
 SingleInstance::Role SingleInstance::settle(const QStringList &files)
 {
-    QElapsedTimer timer;
-    timer.start();
+    const QDeadlineTimer deadline(settleTime);
     do {
         if (claim())
             return Role::First;
         if (handOver(files))
             return Role::HandedOver;
         QThread::msleep(retryTime); // the first one may just be starting, or leaving
-    } while (timer.elapsed() < settleTime);
+    } while (!deadline.hasExpired());
     return Role::Unanswered;
 }
 

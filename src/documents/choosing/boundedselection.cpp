@@ -39,5 +39,5 @@ int BoundedSelection::room(SelectionFlags command) const
     const QItemSelection &now = selection();
     for (const QItemSelectionRange &range : now)
         left -= range.height();
-    return std::max(left, 0);
+    return left;
 }

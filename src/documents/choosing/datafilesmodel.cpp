@@ -67,7 +67,7 @@ QModelIndex DataFilesModel::mapToSource(const QModelIndex &index) const
 
 QModelIndex DataFilesModel::mapFromSource(const QModelIndex &index) const
 {
-    if (!index.isValid() || files()->filePath(index.parent()) != m_question.folder)
+    if (files()->filePath(index.parent()) != m_question.folder)
         return {};
     return this->index(
         m_listing.rowOf(index.data(QFileSystemModel::FileNameRole).toString()), index.column());
@@ -75,9 +75,7 @@ QModelIndex DataFilesModel::mapFromSource(const QModelIndex &index) const
 
 QModelIndex DataFilesModel::index(int row, int column, const QModelIndex &parent) const
 {
-    const bool exists
-        = !parent.isValid() && row >= 0 && row < m_listing.entries.size() && column >= 0 && column < columns;
-    return exists ? createIndex(row, column) : QModelIndex();
+    return hasIndex(row, column, parent) ? createIndex(row, column) : QModelIndex();
 }
 
 QModelIndex DataFilesModel::parent(const QModelIndex & /*index*/) const
@@ -90,9 +88,9 @@ int DataFilesModel::rowCount(const QModelIndex &parent) const
     return parent.isValid() ? 0 : m_listing.entries.size();
 }
 
-int DataFilesModel::columnCount(const QModelIndex &parent) const
+int DataFilesModel::columnCount(const QModelIndex & /*parent*/) const
 {
-    return parent.isValid() ? 0 : columns;
+    return columns;
 }
 
 bool DataFilesModel::hasChildren(const QModelIndex &parent) const
@@ -383,7 +381,7 @@ void DataFilesModel::takeSourceRows(const QModelIndex &parent, int first, int la
         m_listing.rows.insert(name, m_listing.entries.size());
         m_listing.entries.append({name, true});
         m_states.append(Unknown);
-        m_visit.known.insert(name, {fileDetails(files()->filePath(index), false), m_generation});
+        m_visit.known.insert(name, {fileDetails(files()->filePath(index), wantsLength()), m_generation});
         setState(name, m_visit.known.value(name).details);
         endInsertRows();
     }

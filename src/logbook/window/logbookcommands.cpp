@@ -14,7 +14,7 @@
 #include <QAction>
 #include <QDesktopServices>
 #include <QDir>
-#include <QElapsedTimer>
+#include <QDeadlineTimer>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
@@ -256,10 +256,9 @@ void LogbookCommands::moveToBin(const QStringList &files)
     m_jobs.run(
         [files] {
             Moved moved;
-            QElapsedTimer slice;
-            slice.start();
+            const QDeadlineTimer slice(binTime);
             for (const QString &file : files) {
-                if (slice.hasExpired(binTime))
+                if (slice.hasExpired())
                     moved.rest.append(file);
                 else
                     (discardUnlessWritten(file) ? moved.done : moved.failed).append(file);
