@@ -22,6 +22,14 @@ constexpr int recordsBetweenLooks = 1024; // at the clock
 constexpr int filesAhead = 4; // that are opened while one is read
 constexpr double longest = 1e9; // s, that a recording's clock is believed
 
+// The lines of a Tandor are kept as those of a Varnel 3: only who has heard them knows.
+LogbookFigures asHeard(LogbookFigures figures, const LogbookRecording *before)
+{
+    if (before && before->figures.device == Varnel3Data::Tandor && figures.device == Varnel3Data::Varnel3)
+        figures.device = Varnel3Data::Tandor;
+    return figures;
+}
+
 } // namespace
 
 /// A file on its way through loading, drawing out its series, and reckoning.
@@ -417,7 +425,7 @@ void LogbookReader::takeRead(const Current &read)
 {
     const QString source = m_sources.take(read.found.file);
     const LogbookRecording *before = m_logbook->recordingOf(read.found.file);
-    if (read.found.isOther && before && before->figures != read.reckoning->figures())
+    if (read.found.isOther && before && before->figures != asHeard(read.reckoning->figures(), before))
         m_logbook->takeOther(entryOf(read, m_logbook->recordingOf(source)));
     else
         m_logbook->take(entryOf(read, before));
@@ -431,7 +439,7 @@ LogbookEntry LogbookReader::entryOf(const Current &read, const LogbookRecording 
     entry.stamp = read.found.stamp;
     entry.beginning = read.found.beginning;
     recording.file = read.found.file;
-    recording.figures = read.reckoning->figures();
+    recording.figures = asHeard(read.reckoning->figures(), before);
     recording.start = JournalFolder::startOf(recording.file);
     recording.port = JournalFolder::portOf(recording.file);
     if (before && !before->port.isEmpty())

@@ -244,6 +244,7 @@ private slots:
         first.reset();
         QTRY_VERIFY_WITH_TIMEOUT(!book.row(file)->isLive && book.row(file)->figures.records == 10, longTime);
         QVERIFY(!book.row(file)->isStartApproximate);
+        QCOMPARE(book.row(file)->figures.device, int(Varnel3Data::Tandor));
         // A copy of it, and a file that nobody names.
         const QString copy = folder->filePath("copy.acp");
         QVERIFY(QFile::copy(file, copy));
@@ -266,8 +267,10 @@ private:
     {
         for (int i = first; i < first + count; ++i) {
             Varnel3Data record;
-            if (record.parseLine(QLatin1String(line(i))))
-                log.addRecord(line(i), record);
+            if (!record.parseLine(QLatin1String(line(i))))
+                continue;
+            record.device = Varnel3Data::Tandor; // of which the line tells nothing
+            log.addRecord(line(i), record);
         }
     }
 
