@@ -276,15 +276,17 @@ private slots:
     void keepsItsLooks()
     {
         open();
-        const QFontMetrics letters(view()->font());
-        const auto widest = [&](const char *sample, const char *title) {
+        const auto widest = [&](const char *sample, const char *title, bool isBold = true) {
+            QFont font = view()->font();
+            font.setBold(isBold); // as rows are that are being recorded
+            const QFontMetrics letters(font);
             return qMax(letters.horizontalAdvance(sample) + 14, letters.horizontalAdvance(title) + 22);
         };
         QCOMPARE(view()->columnWidth(Columns::Port), widest("COM10 ", "Port"));
-        QCOMPARE(view()->columnWidth(Columns::Temperature), widest("000.0", "Max. [°C]"));
+        QCOMPARE(view()->columnWidth(Columns::Temperature), widest("000.0", "Max. [°C]", false));
         QCOMPARE(view()->columnWidth(Columns::Process), widest("Discharge", "Process"));
         QCOMPARE(view()->columnWidth(Columns::Start), widest("≈ 28 Dec 2028 23:58", "Start"));
-        QCOMPARE(view()->verticalHeader()->defaultSectionSize(), letters.height() + 6);
+        QCOMPARE(view()->verticalHeader()->defaultSectionSize(), view()->fontMetrics().height() + 6);
         view()->choose(ids[0]);
         view()->setCurrentIndex(view()->model()->index(0, Columns::Port));
         trigger("Hide column");

@@ -50,8 +50,11 @@ RecordingView::RecordingView(RecordingTable *table, QWidget *parent)
 
 void RecordingView::fitColumns()
 {
-    const QFontMetrics letters(font());
+    QFont bold = font(); // of rows that are being recorded
+    bold.setBold(true);
     for (int column = 0; column < RecordingColumns::count; ++column) {
+        const bool isFigure = RecordingColumns::isNumber(column) && column != RecordingColumns::Start;
+        const QFontMetrics letters(isFigure ? font() : bold);
         int width = letters.horizontalAdvance(RecordingColumns::title(column)) + scaled(arrowSpace);
         const QStringList samples = RecordingColumns::samples(column);
         for (const QString &text : samples)
