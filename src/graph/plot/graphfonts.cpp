@@ -6,7 +6,6 @@ namespace {
 
 constexpr double pixelsPerPoint = 96.0 / 72.0;
 constexpr int smallestFont = 8; // px
-constexpr int mostWidths = 250; // figures come and go; then all are measured anew
 
 int pixelsOf(double points)
 {
@@ -33,12 +32,9 @@ QFont GraphFonts::font(double points)
 int GraphFonts::widthIn(int pixels, const QString &text)
 {
     const QPair<int, QString> key(pixels, text);
-    const auto known = m_widths.constFind(key);
-    if (known != m_widths.constEnd())
-        return *known;
-    if (m_widths.size() >= mostWidths)
-        m_widths.clear();
-    return *m_widths.insert(key, QFontMetrics(ofSize(pixels)).horizontalAdvance(text));
+    if (!m_widths.contains(key))
+        m_widths.insert(key, new int(QFontMetrics(ofSize(pixels)).horizontalAdvance(text)));
+    return *m_widths.object(key);
 }
 
 // Digits are of one width, but for pairs that move together or, in odd fonts, apart.

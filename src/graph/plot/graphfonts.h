@@ -1,7 +1,7 @@
 #pragma once
 
+#include <QCache>
 #include <QFont>
-#include <QHash>
 #include <QMap>
 #include <QPair>
 #include <QString>
@@ -29,5 +29,5 @@ public:
 
 private:
     QMap<int, QFont> m_fonts; // by size, px
-    QHash<QPair<int, QString>, int> m_widths;
+    QCache<QPair<int, QString>, int> m_widths{250};
 };

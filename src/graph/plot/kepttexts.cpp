@@ -5,14 +5,15 @@
 #include <QPainter>
 #include <QTextLayout>
 
+#include <memory>
+
 namespace {
 
-constexpr int mostKept = 250; // figures come and go; then all are laid out anew
 constexpr double endless = 0x1000000; // px
 
-std::shared_ptr<const QTextLayout> layOut(const QPainter &painter, const QString &text)
+std::unique_ptr<QTextLayout> layOut(const QPainter &painter, const QString &text)
 {
-    const auto layout = std::make_shared<QTextLayout>(text, painter.font(), painter.device());
+    auto layout = std::make_unique<QTextLayout>(text, painter.font(), painter.device());
     QTextOption option;
     option.setFlags(QTextOption::IncludeTrailingSpaces);
     option.setTextDirection(painter.layoutDirection());
@@ -37,16 +38,17 @@ double shareBefore(int flags, int far, int middle)
 
 } // namespace
 
+KeptTexts::KeptTexts() = default;
+
+KeptTexts::~KeptTexts() = default;
+
 const QTextLayout &KeptTexts::laidOut(const QPainter &painter, const QString &text)
 {
     const QFont &font = painter.font();
     const Key key(font.bold() ? -font.pixelSize() : font.pixelSize(), text);
-    const auto known = m_kept.constFind(key);
-    if (known != m_kept.constEnd())
-        return **known;
-    if (m_kept.size() >= mostKept)
-        m_kept.clear();
-    return **m_kept.insert(key, layOut(painter, text));
+    if (!m_kept.contains(key))
+        m_kept.insert(key, layOut(painter, text).release());
+    return *m_kept.object(key);
 }
 
 void KeptTexts::draw(QPainter *painter, const QPoint &start, const QString &text)

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <QHash>
+#include <QCache>
 #include <QPair>
 #include <QString>
-
-#include <memory>
 
 class QPainter;
 class QPoint;
@@ -15,6 +13,11 @@ class QTextLayout;
 /// the letters of a text and their places takes longer than to paint them, so that these are kept.
 class KeptTexts {
 public:
+    KeptTexts();
+    ~KeptTexts();
+    KeptTexts(const KeptTexts &) = delete;
+    KeptTexts &operator=(const KeptTexts &) = delete;
+
     /// As QPainter::drawText() does with the painter's font and pen. The font is Arial, sized in pixels.
     void draw(QPainter *painter, const QPoint &start, const QString &text);
     void draw(QPainter *painter, const QRect &rect, int flags, const QString &text);
@@ -24,5 +27,5 @@ private:
 
     const QTextLayout &laidOut(const QPainter &painter, const QString &text);
 
-    QHash<Key, std::shared_ptr<const QTextLayout>> m_kept;
+    QCache<Key, QTextLayout> m_kept{250};
 };

@@ -34,22 +34,20 @@ private:
 
 const QImage &LineStrips::strip(const QPen &pen, const QSize &size)
 {
-    constexpr int most = 8; // two plots need three; a window that is resized needs others
-    if (pen != m_pen || m_strips.size() >= most)
+    const QPair<int, int> key(size.width(), size.height());
+    if (pen != m_pen)
         m_strips.clear();
     m_pen = pen;
-    for (const QImage &strip : qAsConst(m_strips)) {
-        if (strip.size() == size)
-            return strip;
-    }
+    if (const QImage *known = m_strips.object(key))
+        return *known;
     QImage strip(size, QImage::Format_ARGB32_Premultiplied);
     strip.fill(Qt::transparent);
     QPainter painter(&strip);
     painter.setPen(pen);
     painter.drawLine(0, 0, size.width() - 1, size.height() - 1);
     painter.end();
-    m_strips.append(strip);
-    return m_strips.constLast();
+    m_strips.insert(key, new QImage(strip));
+    return *m_strips.object(key);
 }
 
 StraightLines::StraightLines(QPainter *painter, LineStrips *strips)

@@ -1,9 +1,10 @@
 #pragma once
 
+#include <QCache>
 #include <QImage>
+#include <QPair>
 #include <QPaintDevice>
 #include <QPen>
-#include <QVector>
 
 #include <memory>
 
@@ -16,7 +17,7 @@ public:
 
 private:
     QPen m_pen;
-    QVector<QImage> m_strips;
+    QCache<QPair<int, int>, QImage> m_strips{8}; // by size; two plots need three
 };
 
 /// Lines of one pixel along rows and columns, solid or dotted, pixel by pixel those of a painter. That sets
