@@ -203,12 +203,12 @@ left 453 184 45 13 Temp.
 font 11 bold; pen #00c500; right 451 73 14 17 2; pen #ffffff; right 442 73 56 17 3,800)");
     add("3 B distinct picked=1", "'3,79|rect 43(3|4,6)", R"(
 fill 434 63 14 3 #ffffff; fill 433 73 67 17 #3c3c3c; pen #ffffff; font 11; right 442 56 56 17 3,790)");
-    add("3 B cells=16 size=360,240", "at (29|30|32|33).*,(32|44|56|69) |rect (29|32).,70 ", R"(
-font 8; pen #ff0022; left 294 47 31 12 1; pen #00bb00; left 294 59 31 13 2; fill 294 70 4 2 #00bb00
-pen #66aaff; left 325 47 35 12 9; pen #d83c63; left 325 59 35 13 10; fill 325 70 9 2 #aa2244
-pen #ffffff; right 294 47 28 12 3,790; right 294 59 28 13 3,800; right 325 47 32 12 3,870
-right 325 59 32 13 3,880
-pen #00ffff; font 10; left 294 22 66 12    Cels:; left 294 34 66 13 Voltage: V)");
+    add("3 B cells=16 size=360,240", "at (29|30|32|33).*,(29|30|39|40|50|59) |rect (29|32).,(50|59) ", R"(
+font 8; pen #ff0022; left 294 42 31 9 1; pen #00bb00; left 294 51 31 9 2
+pen #66aaff; left 325 42 35 9 9; pen #d83c63; left 325 51 35 9 10
+pen #ffffff; right 294 42 28 9 3,790; right 294 51 28 9 3,800; right 325 42 32 9 3,870
+right 325 51 32 9 3,880
+pen #00ffff; left 294 22 66 10    Cels:; left 294 32 66 10 Voltage: V)");
     add("3 B cells=16 size=460,300", "at 4.*#ff0022|(3,790|Cels).* at 4", R"(
 font 9; pen #ff0022; right 411 42 14 10 1; pen #ffffff; right 402 42 56 10 3,790
 font 8; pen #00ffff; left 402 22 58 10    Cels:)");
