@@ -17,6 +17,7 @@
 #include <QPushButton>
 #include <QStandardItemModel>
 #include <QStatusBar>
+#include <QtTest>
 
 using Varnel = Varnel3Data;
 using Columns = RecordingColumns;
