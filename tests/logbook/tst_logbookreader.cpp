@@ -32,7 +32,6 @@ struct Reading {
     explicit Reading(const QString &folder)
         : editor(&logbook)
         , reader(&logbook, folder + "/recordings")
-        , changed(&logbook, SIGNAL(recordingsChanged(QVector<qint64>)))
     {
         logbook.open(folder);
         rest();
@@ -57,7 +56,6 @@ struct Reading {
     Logbook logbook;
     LogbookEditor editor;
     LogbookReader reader;
-    QSignalSpy changed;
 };
 
 } // namespace
