@@ -318,7 +318,7 @@ private slots:
             {view(), "horizontalScrollMode", QAbstractItemView::ScrollPerPixel},
             {packs(), "rootIsDecorated", false}, {packs(), "uniformRowHeights", true},
             {packs(), "allColumnsShowFocus", true}, {packs(), "minimumWidth", 150},
-            {packs()->header(), "stretchLastSection", false}, {packs()->header(), "maximumSectionSize", 260},
+            {packs()->header(), "stretchLastSection", false},
             {packs()->parent(), "childrenCollapsible", false},
             {window->findChild<QLabel *>("logbookTrouble"), "wordWrap", true},
             {window->findChild<QLineEdit *>("filterText"), "clearButtonEnabled", true}};
