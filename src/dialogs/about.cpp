@@ -42,7 +42,6 @@ About::About(QWidget *parent)
     auto *version = new QLabel(tr("Version ") + QCoreApplication::applicationVersion(), this);
     version->setAlignment(Qt::AlignCenter);
     auto *ok = new QPushButton(tr("OK"), this);
-    ok->setDefault(true);
     ok->setToolTip(tr("Closes this box."));
 
     auto *layout = new QVBoxLayout(this);

@@ -171,9 +171,8 @@ void DialogRemoteControl::setMemoryState(bool on)
 
 void DialogRemoteControl::timerEventOut()
 {
-    timeOutTimer->stop();
     tell(tr("Time out"));
-    close();
+    close(); // which ends the timers
 }
 
 void DialogRemoteControl::timerEventMem()

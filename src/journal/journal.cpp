@@ -86,7 +86,7 @@ void Journal::discard()
         QFile::remove(m_fileName);
 }
 
-bool Journal::create()
+void Journal::create()
 {
     QDir().mkpath(m_folder.path());
     CreatedFile created;
@@ -99,20 +99,21 @@ bool Journal::create()
     m_descriptor = created.descriptor;
     if (m_descriptor == noDescriptor) {
         stall(created.reason);
-        return false;
+        return;
     }
     m_syncer.watch(m_descriptor, m_fileName);
     const int folder = openFolder(m_folder.path());
     if (folder != noDescriptor)
         m_syncer.finish(folder); // the new name, too, without waiting for the disk here
-    return true;
 }
 
 void Journal::drain()
 {
     if (isGone())
         abandonFile();
-    if (m_descriptor == noDescriptor && !create())
+    if (m_descriptor == noDescriptor)
+        create();
+    if (m_descriptor == noDescriptor)
         return;
     m_failure.clear();
     if (m_lost != noDescriptor && !restore())

@@ -60,7 +60,7 @@ private:
         Closed
     };
 
-    bool create();
+    void create();
     void drain();
     bool isGone() const;
     void abandonFile();

@@ -11,7 +11,6 @@
 #include <QBuffer>
 #include <QDesktopServices>
 #include <QHeaderView>
-#include <QScreen>
 #include <QStyledItemDelegate>
 #include <QTreeView>
 
@@ -367,8 +366,6 @@ private slots:
         const auto *logbook = window->findChild<Logbook *>();
         const QString journal = journals().value(0);
         QTRY_VERIFY(logbook->recordingOf(journal) && logbook->recordingOf(journal)->isLive);
-        const QSize room = book->screen()->availableSize() - QSize(8, 34); // for a frame
-        QCOMPARE(book->size(), QSize(1260, 760).boundedTo(room).expandedTo(book->minimumSizeHint()));
         QVERIFY(book->isVisible());
         book->showMinimized();
         window->activateWindow();
@@ -410,7 +407,7 @@ private slots:
         }
         book->resize(book->width(), 444);
         window->close();
-        QVERIFY(!book->isVisible());
+        QVERIFY(!book->isVisible() && VarnelSettings().contains("logbook/byDate"));
         window.reset();
         QVERIFY(writeFile(Logbook::defaultFolder() + "/logbook.sqlite", QByteArray(5000, 'x')));
         open({});

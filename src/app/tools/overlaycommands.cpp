@@ -179,7 +179,7 @@ void OverlayCommands::onClosed()
     VarnelSettings settings;
     writePlace(&settings);
     m_entries.clear();
-    m_window->plot()->setEntries({});
+    m_window->plot()->setEntries(m_entries);
 }
 
 void OverlayCommands::writePlace(VarnelSettings *settings) const
