@@ -66,7 +66,6 @@ private slots:
         QTest::newRow("completed") << 2 << true << true << "End|Process completed.|finish|end.wav|v3_mp3.wav";
         QTest::newRow("no sound") << 2 << false << true << "End|Process completed.|finish";
         QTest::newRow("unknown") << 3 << true << false << "||";
-        QTest::newRow("negative") << -1 << true << false << "||";
     }
 
     void boxSaysHowItEnded()

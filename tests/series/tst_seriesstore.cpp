@@ -368,9 +368,6 @@ private slots:
         QVERIFY(store.isEmpty() && store.loadProgress() == 1.0 && store.revision() != before);
         QVERIFY(!store.newestLacksResistance() && store.knownResistance(0) == 0.0);
         QVERIFY(store.capacity().mode == 'C' && store.capacity().energyAtMark == 0);
-        store.append(cellRecord(2));
-        QVERIFY(
-            store.size() == 1 && store.cellSeriesCount() == 2 && store.series(SeriesStore::Time).size() == 1);
     }
 
 private:
