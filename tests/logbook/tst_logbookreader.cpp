@@ -153,7 +153,8 @@ private slots:
         QVERIFY(again.row(name)->pack == LogbookPack::none && again.row(name)->note.isEmpty());
     }
 
-    /// A file is found by its folder's time; one that was young then is looked at again, though that stands still.
+    /// A file is found by its folder's time; one that was young then is looked at again, though that stands
+    /// still.
     void grows()
     {
         QVERIFY(write("a.acp", recording(5, 3900)) && makeOld(path("a.acp"), 1));

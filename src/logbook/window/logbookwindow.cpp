@@ -48,8 +48,8 @@ constexpr int courseHeight = 260;
 constexpr int packSpace = 4; // px between rows
 constexpr int leastName = 80; // px of the column that names have at least
 
-/// Rows apart enough for their marks. A long name is elided, so that the figures stay in sight: its tip has all
-/// of it.
+/// Rows apart enough for their marks. A long name is elided, so that the figures stay in sight: its tip has
+/// all of it.
 class PackRows : public QStyledItemDelegate {
 public:
     explicit PackRows(QTreeView *view)
