@@ -100,7 +100,11 @@ private slots:
             for (int column = 0; column < 4; ++column)
                 QTRY_VERIFY( // the header follows the contents later
                     tree->columnWidth(column) >= tree->sizeHintForIndex(shown(1).sibling(1, column)).width());
-            QCOMPARE(tree->header()->sortIndicatorOrder(), Qt::DescendingOrder);
+            const QHeaderView *header = tree->header();
+            QVERIFY(
+                header->sortIndicatorOrder() == Qt::DescendingOrder && header->sortIndicatorSection() == 0);
+            QVERIFY(header->sectionResizeMode(0) == QHeaderView::Stretch && !header->stretchLastSection());
+            QCOMPARE(header->sectionResizeMode(3), QHeaderView::ResizeToContents);
             tree->header()->hideSection(1);
             enter(newest)(dialog);
         };

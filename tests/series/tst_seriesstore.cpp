@@ -356,6 +356,13 @@ private slots:
         }
     }
 
+    void intervalsZoomAboutTheirEnds() // where the centre lies beside them
+    {
+        const Interval interval{2.0, 4.0};
+        QCOMPARE(interval.zoomed(2.0, 9.0, 0.1, {0.0, 10.0}).low, 3.0);
+        QCOMPARE(interval.zoomed(2.0, 0.0, 0.1, {0.0, 10.0}).high, 3.0);
+    }
+
     void isEmptyAgain()
     {
         SeriesStore store;
