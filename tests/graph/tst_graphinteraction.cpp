@@ -245,7 +245,7 @@ hover 45,100; key Left shift; key Left = all cursor 0 shows 0)");
 drag left 298,50 645,270; resize 451,400 1 = 250..650 7.12..89.5 0..100 cursor 50
 resize 449,400 1 = 200..700 7.12..89.5 0..100 cursor 50
 resize 449,300 1; resize 449,310 1; resize 449,320 1 = 200..800 7.12..89.5 0..100 cursor 50
-key Home; resize 1000,600 1; drag left 50,50 895,270
+key Home; resize 1000,600 1; drag left 50,50 895,270 = 10..855 7.12..89.5 0..100 cursor 85 shows 85
 resize 451,400 1 = 0..860 7.12..89.5 0..100 cursor 85)");
     add("no record", "0", R"(
 hover 470,155 = all
