@@ -189,9 +189,9 @@ key PageDown; key Plus ctrl = 0..860 0..100 10..90
 key Down = 0..860 0..100 2.25..82.2
 key Up = 0..860 0..100 10..90
 key PageUp; key Plus ctrl = 0..860 10..90 10..90
-key Minus ctrl = 0..860 0..100 10..90
-key Plus; key Right ctrl = 154.8..842.8 0..100 10..90
-key Left ctrl = 86..774 0..100 10..90
+key Plus; key Right ctrl = 154.8..842.8 10..90 10..90
+key Left ctrl = 86..774 10..90 10..90
+key Minus ctrl = 86..774 0..100 10..90
 key Home = all
 hover 255,100; key Plus = 44..732 0..100 0..100 cursor 22
 key Home; hover 40,100; key Plus = 0..688 0..100 0..100 cursor 0
@@ -233,6 +233,8 @@ double left 470,100; key Right = all cursor 29 shows 29
 key Right = all cursor 30 shows 30
 key Right = all cursor 31 shows 31
 key Left; key Left = all cursor 29 shows 29)");
+    add("of records of one time the first", "88 period=10 period@50=0",
+        "hover 530,100 = all cursor 49 shows 49");
     add("many records to a pixel, and few", "1000 period=1 period@900-999=86", R"(
 hover 42,100; hover 41,100; key Right = all cursor 17 shows 17
 key Right shift = all cursor 128 shows 128

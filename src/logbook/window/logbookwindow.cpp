@@ -364,8 +364,9 @@ void LogbookWindow::fitPacks()
         wanted += std::max(packs->sizeHintForColumn(column), m_packs->header()->sectionSizeHint(column));
     const QList<int> sizes = m_sideBySide->sizes();
     const int all = sizes[0] + sizes[1];
+    const int width = std::min(wanted, all / 2);
     if (wanted > sizes[0])
-        m_sideBySide->setSizes({std::min(wanted, all / 2), all - std::min(wanted, all / 2)});
+        m_sideBySide->setSizes({width, all - width});
 }
 
 void LogbookWindow::showEvent(QShowEvent *)
