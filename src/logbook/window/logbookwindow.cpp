@@ -136,7 +136,7 @@ void LogbookWindow::arrange()
     auto *column = new QVBoxLayout(middle);
     column->setContentsMargins({});
     column->addWidget(m_filter);
-    column->addWidget(m_view, 1);
+    column->addWidget(m_view);
     m_oneAboveOther = new QSplitter(Qt::Vertical, this);
     m_oneAboveOther->addWidget(middle);
     m_oneAboveOther->addWidget(m_course);

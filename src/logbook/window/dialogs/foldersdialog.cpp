@@ -44,11 +44,11 @@ FoldersDialog::FoldersDialog(const QString &ownFolder, const QStringList &folder
     side->addWidget(m_remove);
     side->addStretch();
     auto *middle = new QHBoxLayout;
-    middle->addWidget(m_list, 1);
+    middle->addWidget(m_list);
     middle->addLayout(side);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(label);
-    layout->addLayout(middle, 1);
+    layout->addLayout(middle);
     layout->addWidget(createDialogButtons(this, tr("Reads these folders."), tr("Changes nothing.")));
     connect(adding, SIGNAL(clicked()), this, SLOT(onAdd()));
     connect(m_remove, SIGNAL(clicked()), this, SLOT(onRemove()));

@@ -21,7 +21,7 @@ NoteDialog::NoteDialog(const QString &of, const QString &note, QWidget *parent)
     m_note->setTabChangesFocus(true);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(label);
-    layout->addWidget(m_note, 1);
+    layout->addWidget(m_note);
     layout->addWidget(
         createDialogButtons(this, tr("Keeps the note. It can be undone."), tr("Changes nothing.")));
     m_note->setFocus();

@@ -48,7 +48,7 @@ PackChoice::PackChoice(const Logbook &logbook, const Question &question, QWidget
         m_list->setCurrentRow(0);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(label);
-    layout->addWidget(m_list, 1);
+    layout->addWidget(m_list);
     layout->addWidget(
         createDialogButtons(this, tr("Takes the chosen pack. It can be undone."), tr("Changes nothing.")));
     connect(m_list, SIGNAL(itemActivated(QListWidgetItem*)), this, SLOT(accept()));
