@@ -204,7 +204,22 @@ private slots:
             QVERIFY(logbook.size() >= 3 && logbook.size() < 20 && !reader.isReading());
             const int before = logbook.size();
             reader.look(folder->filePath("alone.acp")); // one file is read all the same
-            QTRY_COMPARE_WITH_TIMEOUT(logbook.size(), before + 1, longTime);
+            QTRY_VERIFY_WITH_TIMEOUT(!reader.isReading(), longTime);
+            QCOMPARE(logbook.size(), before + 1);
+            // What was begun does not go on with the next.
+            const QString longFile = folder->filePath("long.acp");
+            QVERIFY(writeFile(longFile, recording(50, 3100).repeated(2000)));
+            const QFileInfo info(longFile);
+            reader.lookAtOpened(longFile, {info.size(), info.lastModified().toMSecsSinceEpoch()},
+                [&]() -> const SeriesStore * {
+                    QMetaObject::invokeMethod(&reader, "cancel", Qt::QueuedConnection);
+                    return nullptr;
+                });
+            QTRY_VERIFY_WITH_TIMEOUT(!reader.isReading(), longTime);
+            QVERIFY(writeFile(folder->filePath("alone.acp"), recording(6, 3000)));
+            reader.look(folder->filePath("alone.acp"));
+            QTRY_VERIFY_WITH_TIMEOUT(!reader.isReading(), longTime);
+            QCOMPARE(logbook.size(), before + 1);
         }
         Reading book(folder->path());
         QCOMPARE(book.logbook.size(), 21);
