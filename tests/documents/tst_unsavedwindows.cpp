@@ -98,6 +98,9 @@ private slots:
         closeWindow(window->activeMdiChild());
         QVERIFY(window->mdiChildren().isEmpty());
         QCOMPARE(loaded(journals().value(0)).size(), 2);
+        plugged[0]->send(Lines::charger(3)); // no window is needed, nor time to read it
+        QVERIFY(window->close());
+        QCOMPARE(loaded(journals().value(0)).size(), 3);
     }
 
     void sessionEndsWhileAsked_data()
