@@ -105,7 +105,10 @@ private slots:
         trigger(ActionId::White);
         QVERIFY(!window->viewState().switches().blackBackground);
         trigger(ActionId::CloseAll);
-        QTRY_COMPARE(display<DeskArea>()->grab().toImage().pixelColor(5, 5), QColor(0xe4, 0xe7, 0xeb));
+        const auto corner = [this] { return display<DeskArea>()->grab().toImage().pixelColor(5, 5); };
+        QTRY_COMPARE(corner(), QColor(0xe4, 0xe7, 0xeb));
+        trigger(ActionId::Black);
+        QCOMPARE(corner(), QColor(0x2b, 0x2e, 0x33));
     }
 
     /// Each value under its own key, read and written.
