@@ -199,8 +199,10 @@ private slots:
                     QTimer::singleShot(0, &reader, SLOT(cancel()));
             });
             QSignalSpy finished(&reader, SIGNAL(finished()));
+            QSignalSpy progress(&reader, SIGNAL(progressed(int,int)));
             logbook.open(folder->path());
             QVERIFY(finished.wait(longTime));
+            QCOMPARE(progress.constFirst(), (QVariantList{0, 20}));
             QVERIFY(logbook.size() >= 3 && logbook.size() < 20 && !reader.isReading());
             const int before = logbook.size();
             reader.look(folder->filePath("alone.acp")); // one file is read all the same

@@ -225,6 +225,7 @@ U left: 3.3..4.35 V .2 of 4 #ffffff
 U right: 0..32.5 mV .0 of 4 #ff8800
 U legend Voltage:V: Max 3,810 #ff0022, Avg 3,800 #00bb00, Min 3,790 #0066ff, Delta 20 mV #ff8800
 empty: )");
+    add("3 Avg max@1=3990", "U right", "U right: 20..220 mV .0 of 4 #ff8800");
     add("3 Avg white", "Max:|left: 3", R"(U curve 8 from 0 Max: 3.3..4.35 in V x1 .3 #ff0022 2
 U left: 3.3..4.35 V .2 of 4 #000000)");
     add("3 Avg celldata=0", "^U|^e", R"(U legend : 

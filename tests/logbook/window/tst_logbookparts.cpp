@@ -112,17 +112,22 @@ private slots:
         QCOMPARE(table.ids().first(), ids[0]);
     }
 
-    /// Texts as a reader sorts them: numbers in them by their value, in whatever case, nothing last.
+    /// Texts as a reader sorts them: numbers in them by their value, in whatever case, nothing last, as with
+    /// figures.
     void rowsByText()
     {
         for (const char *note : {"pack 10", "", "Pack 9", "b", "A"}) {
             LogbookRecording recording = sampleRecording(logbook->size(), Varnel::Charge, 100);
             recording.note = note;
+            recording.isLive = !*note;
             add(logbook.get(), recording);
         }
         QLocale::setDefault(QLocale("en_US"));
         RecordingTable table(logbook.get());
         const auto notes = [&](Qt::SortOrder order) {
+            table.sort(Columns::Charge, order);
+            if (!logbook->recording(table.ids().constLast())->isLive)
+                return QString("what is not known is not last");
             table.sort(Columns::Note, order);
             QStringList texts;
             for (const qint64 id : table.ids())

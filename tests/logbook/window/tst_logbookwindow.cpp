@@ -320,7 +320,8 @@ private slots:
             {view()->verticalHeader(), "visible", false},
             {view(), "selectionBehavior", QAbstractItemView::SelectRows}, {packs(), "rootIsDecorated", false},
             {packs(), "uniformRowHeights", true}, {packs(), "allColumnsShowFocus", true},
-            {packs(), "minimumWidth", 150}, {packs()->header(), "stretchLastSection", false},
+            {packs(), "minimumWidth", 150}, {packs(), "sortingEnabled", true},
+            {packs()->header(), "stretchLastSection", false},
             {packs()->parent(), "childrenCollapsible", false},
             {window->findChild<QLabel *>("logbookTrouble"), "wordWrap", true},
             {window->findChild<QLineEdit *>("filterText"), "clearButtonEnabled", true}};
