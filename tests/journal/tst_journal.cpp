@@ -318,6 +318,7 @@ private slots:
         const QString name = folder.filePath(QStringLiteral("a"));
         const CreatedFile file = createLockedFile(name);
         QVERIFY(writeFile(folder.filePath(QStringLiteral("other")), "") && isBeingWritten(name));
+        QCOMPARE(QFile::permissions(name), QFile::permissions(folder.filePath("other")));
         QVERIFY(QFile::link(QStringLiteral("loop"), folder.filePath(QStringLiteral("loop"))));
         QString named; // what can't be looked at may still be there
         for (const char *path : {"a", "other", "none", "a/b", "loop"})

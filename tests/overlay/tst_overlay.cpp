@@ -229,6 +229,7 @@ private slots:
             "text '00:19:00   1900 mAh' right 798,32 11 Arial #ffffff; "
             "rect 560,30 24x3 #ff0022; rect 560,49 24x3 #00bb00; rect 560,68 24x3 #0066ff");
         row("20 | 20 | 20 | size=800,88", "text '00:19:00   1900 mAh' right 798,39 11 Arial #ffffff");
+        row("1 | 1 | distinct", "rect 730,28 24x3 #ffffff; rect 737,60 4x3 #ffb000; rect 751,60 3x3 #ffb000");
         row("20 | zoom=300,600,0,0.5 white distinct",
             "curve -77,224 852,-33 of 8 pen2 #000000; in 56,22 664x552 #000000; "
             "text '00:06:00' mid 189,586 11 Arial #000000");

@@ -175,6 +175,7 @@ private slots:
         PackChoice choice(logbook, question, nullptr);
         QCOMPARE(choice.chosen(), b);
         QCOMPARE(choice.windowTitle() + choice.findChild<QLabel *>()->text(), QString("TitleText"));
+        QVERIFY(choice.findChild<QLabel *>()->wordWrap());
         for (QDialog *dialog : std::initializer_list<QDialog *>{&note, &folders, &choice}) {
             dialog->show();
             QCOMPARE(layoutFault(*dialog), QByteArray());
