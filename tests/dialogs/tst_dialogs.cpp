@@ -61,16 +61,18 @@ private slots:
                 "OK 20,250 120x23", "Cancel 150,250 120x23", "Refresh 280,250 120x23", "Reset 280,280 120x23",
                 "Reset all settings to default: 20,280 251x20 Reset",
                 "Language (from next start): 20,312 251x20 ", " 280,310 120x23"}));
-        QFont large = dialog.font();
-        large.setPointSizeF(large.pointSizeF() * 3);
         const auto back = qScopeGuard([usual = QApplication::font()] { QApplication::setFont(usual); });
-        QApplication::setFont(large);
-        const DialogPreferences larger(nullptr); // in proportion
-        const double scale = larger.width() / 425.0;
-        const QRect reset = larger.findChild<QPushButton *>("preferencesButtonReset"_s)->geometry();
-        QVERIFY(scale > 2.5 && scale < 4 && qAbs(larger.height() - 345 * scale) < 2);
-        QVERIFY((reset.topLeft() - QPoint(280, 280) * scale).manhattanLength() <= 2);
-        QVERIFY((reset.bottomRight() - QPoint(399, 302) * scale).manhattanLength() <= 10);
+        for (const double factor : {1.2, 3.0}) {
+            QFont large = dialog.font();
+            large.setPointSizeF(large.pointSizeF() * factor);
+            QApplication::setFont(large);
+            const DialogPreferences larger(nullptr); // in proportion
+            const double scale = larger.width() / 425.0;
+            const QRect reset = larger.findChild<QPushButton *>("preferencesButtonReset"_s)->geometry();
+            QVERIFY(scale > factor * 0.8 && scale < factor * 1.4 && qAbs(larger.height() - 345 * scale) < 2);
+            QVERIFY((reset.topLeft() - QPoint(280, 280) * scale).manhattanLength() <= 2);
+            QVERIFY((reset.bottomRight() - QPoint(399, 302) * scale).manhattanLength() <= 10);
+        }
         VarnelSettings().setPorts({"COM3", "COM7", "COM9"}); // by an answer meanwhile
         QCOMPARE(ticks(dialog), "COM10 COM3*"_s);
         tickAll(dialog);

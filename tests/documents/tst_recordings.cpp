@@ -78,7 +78,7 @@ private slots:
     {
         oldJournal(2, 0);
         const QString older = oldJournal(3, 1);
-        QVERIFY(writeFile(older, Lines::charger(0) + Lines::charger(7384)) && makeOld(older, 3));
+        QVERIFY(writeFile(older, Lines::charger(0) + Lines::charger(7200)) && makeOld(older, 3));
         listen(1);
         send(1, 3);
         const QString newest = journals().constFirst();
@@ -93,7 +93,7 @@ private slots:
             const auto *delegate = static_cast<QStyledItemDelegate *>(tree->itemDelegate());
             const QString text = delegate->displayText(shown(0).data(), QLocale());
             QVERIFY2(text.endsWith("acp [Cha 6xLiPo]"), qPrintable(text));
-            QTRY_COMPARE(shown(1).sibling(1, 2).data().toString(), QString("2:03")); // is read beside
+            QTRY_COMPARE(shown(1).sibling(1, 2).data().toString(), QString("2:00")); // is read beside
             QCOMPARE(tree->model()->headerData(2, Qt::Horizontal).toString(), QString("Length"));
             QCOMPARE(shown(1).sibling(1, 2).data(Qt::TextAlignmentRole).toInt(), 0x82); // right, middle
             QVERIFY(shown(1).sibling(1, 3).data(Qt::TextAlignmentRole).isNull());
