@@ -178,6 +178,7 @@ private slots:
         QVERIFY(choice.findChild<QLabel *>()->wordWrap());
         for (QDialog *dialog : std::initializer_list<QDialog *>{&note, &folders, &choice}) {
             dialog->show();
+            QVERIFY(!dialog->windowTitle().isEmpty());
             QCOMPARE(layoutFault(*dialog), QByteArray());
             const auto shownLabels = dialog->findChildren<QLabel *>();
             for (const QLabel *label : shownLabels)
