@@ -21,7 +21,7 @@ public:
     bool hasOutput() const override { return output; }
     void play(const QString &file) override
     {
-        played.append(QFileInfo(file).fileName());
+        played.append((playing ? "over another: " : "") + QFileInfo(file).fileName());
         playing = true;
     }
 
@@ -104,6 +104,7 @@ private slots:
         QTRY_VERIFY(!box);
         notice->playUserSound();
         notice->show(Varnel3Data::Aborted);
+        player->playing = true;
         notice->dismiss();
         QCoreApplication::processEvents();
         QVERIFY(!openBox() && !player->playing && !second->isActive());

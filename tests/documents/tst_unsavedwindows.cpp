@@ -130,14 +130,19 @@ private slots:
         for (const char *taken : {".acp", "_2.acp"})
             QVERIFY(writeFile(own + taken, ""));
         auto *end = window->findChild<SessionEnd *>();
+        QVERIFY(!QGuiApplication::isFallbackSessionManagementEnabled()); // which closes all unasked
         QVERIFY(QMetaObject::invokeMethod(end, "onCommitData"));
         send(11, 2);
         send(1, 5, 1);
         perform(ActionId::Exit, {[=](QDialog *dialog) {
+            QMessageBox stubborn(QMessageBox::NoIcon, "", "", QMessageBox::Yes | QMessageBox::YesToAll);
+            stubborn.setModal(true);
+            stubborn.show();
             if (atOnce)
                 end->rescueAtOnce();
             else
                 end->closeShell();
+            QCOMPARE(stubborn.isVisible(), atOnce);
             dialog->reject();
         }});
         QCOMPARE(window->isVisible(), atOnce);
