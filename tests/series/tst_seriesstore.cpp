@@ -59,8 +59,8 @@ private:
     // Those included that make the folds hard: zeros, constants, steps.
     int resistance()
     {
-        const int kinds[] = {value(), oneIn(3) ? 0 : between(20, 30), 47, m_count % 200 < 100 ? 10 : 9000, 0,
-            between(-400, 400)};
+        const int kinds[] = {value(), oneIn(3) ? 0 : between(20, 30), m_count < 140 ? 47 : 9000,
+            m_count % 200 < 100 ? 10 : 9000, 0, between(-400, 400)};
         return kinds[m_resistanceKind];
     }
     void giveCells(Varnel3Data *record)
