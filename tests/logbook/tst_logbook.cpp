@@ -157,6 +157,11 @@ private slots:
             logbook.rename("/2.acp", "/4.acp");
         editor.undo();
         QCOMPARE(logbook.recordingOf("/4.acp")->note, QString());
+        LogbookBatch gone; // with one that was put into the pack meanwhile
+        gone.droppedPacks = {b};
+        gone.isUsers = true;
+        logbook.apply(gone);
+        QCOMPARE(logbook.recordingOf("/3.acp")->pack, qint64(LogbookPack::none));
         QCOMPARE(inFile(), dump(logbook));
     }
 
