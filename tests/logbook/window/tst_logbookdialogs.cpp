@@ -183,6 +183,9 @@ private slots:
             const auto shownLabels = dialog->findChildren<QLabel *>();
             for (const QLabel *label : shownLabels)
                 QCOMPARE(label->textFormat(), Qt::PlainText); // of files and packs
+            const auto lists = dialog->findChildren<QListWidget *>();
+            for (const QListWidget *list : lists) // some rows are in sight
+                QVERIFY(list->minimumHeight() >= 5 * list->fontMetrics().height());
             for (const auto &[answer, result] : {std::pair(QDialogButtonBox::Ok, QDialog::Accepted),
                      std::pair(QDialogButtonBox::Cancel, QDialog::Rejected)}) {
                 dialog->show();
