@@ -91,8 +91,7 @@ private slots:
             QTRY_COMPARE(tree->model()->rowCount(tree->rootIndex()), 2); // the empty one was tidied away
             QTRY_COMPARE(shown(0).data().toString(), QFileInfo(newest).fileName()); // the model sorts later
             const auto *delegate = static_cast<QStyledItemDelegate *>(tree->itemDelegate());
-            const QString text = delegate->displayText(shown(0).data(), QLocale());
-            QVERIFY2(text.endsWith("acp [Cha 6xLiPo]"), qPrintable(text));
+            QVERIFY(delegate->displayText(shown(0).data(), QLocale()).endsWith("acp [Cha 6xLiPo]"));
             QTRY_COMPARE(shown(1).sibling(1, 2).data().toString(), QString("2:00")); // is read beside
             QCOMPARE(tree->model()->headerData(2, Qt::Horizontal).toString(), QString("Length"));
             QCOMPARE(shown(1).sibling(1, 2).data(Qt::TextAlignmentRole).toInt(), 0x82); // right, middle
