@@ -191,8 +191,8 @@ private:
     void open(const DialogRemoteControl::Times &times = {never, never, 0})
     {
         dialog = std::make_unique<DialogRemoteControl>(reader.get(), nullptr, times);
-        QCOMPARE(sent(), QByteArray("#TRYB?\r\n"));
         dialog->show();
+        QCOMPARE(sent(), QByteArray("#TRYB?\r\n"));
     }
 
     int page() const { return dialog->findChild<QStackedWidget *>()->currentIndex(); }

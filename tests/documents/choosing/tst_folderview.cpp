@@ -190,6 +190,7 @@ private slots:
             && writeFile(path("a.txt"), "") && writeFile(path(".h.acp"), "")
             && writeFile(path("sub/run2.acp"), ""));
         inDialog(path(""), [&](QFileDialog *dialog) {
+            dialog->setViewMode(QFileDialog::Detail); // the other view is of the dialog before
             auto *tree = dialog->findChild<QTreeView *>("treeView");
             const auto *list = dialog->findChild<QListView *>("listView");
             auto *edit = dialog->findChild<QLineEdit *>("fileNameEdit");
