@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 namespace {
 
 struct CellTypeEntry {
@@ -73,7 +75,7 @@ QString Varnel3Data::modeName(int mode)
 
 const char *Varnel3Data::deviceInFiles(int device)
 {
-    return deviceNames[device >= 0 && device < NoDevice ? device : int(NoDevice)];
+    return deviceNames[std::min(unsigned(device), unsigned(NoDevice))];
 }
 
 const char *Varnel3Data::modeInFiles(int mode)

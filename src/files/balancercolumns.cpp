@@ -21,12 +21,13 @@ int BalancerColumns::time() const
 
 ColumnConverter::Outcome BalancerColumns::takeFourthLine(QLatin1String line)
 {
-    int state = 0;
-    if (!Field{reinterpret_cast<const uchar *>(line.data()), line.size()}.toInt(&state))
+    const std::optional<int> state
+        = Field{reinterpret_cast<const uchar *>(line.data()), line.size()}.number();
+    if (!state)
         return Outcome::Record;
     if (state < 1 || state > 3)
         return Outcome::BadLine;
-    m_state = char('A' + state);
+    m_state = char('A' + *state);
     return Outcome::NoRecord;
 }
 

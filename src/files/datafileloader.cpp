@@ -25,23 +25,17 @@ DataFileLoader::DataFileLoader(const QString &fileName)
     auto file = std::make_unique<BackgroundFile>(fileName);
     m_file = file.get();
     m_device = std::move(file);
-    start(LineSource::usualChunk);
+    m_lines = std::make_unique<LineSource>(*m_device, LineSource::usualChunk);
 }
 
 DataFileLoader::DataFileLoader(std::unique_ptr<QIODevice> device, const QString &fileName, int chunk)
     : m_fileName(fileName)
     , m_device(std::move(device))
+    , m_lines(std::make_unique<LineSource>(*m_device, chunk))
 {
-    start(chunk);
 }
 
 DataFileLoader::~DataFileLoader() = default;
-
-void DataFileLoader::start(int chunk)
-{
-    m_lines = std::make_unique<LineSource>(*m_device, chunk);
-    m_balance.reset(0);
-}
 
 bool DataFileLoader::readSome(int maxMilliseconds)
 {
@@ -198,10 +192,6 @@ void DataFileLoader::takeColumnLine(QLatin1String line)
 // The time is final before the charge is summed.
 void DataFileLoader::addRecord(QLatin1String line, int time)
 {
-    if (m_records.size() >= m_nextLook) {
-        demandMemory();
-        m_nextLook = m_records.size() + recordsBetweenLooks;
-    }
     Varnel3Data record;
     if (!record.parseLine(line))
         return;
@@ -210,6 +200,8 @@ void DataFileLoader::addRecord(QLatin1String line, int time)
         record.setTime(time);
     m_balance.add(record);
     m_records.append(record, BlockArena::Fast);
+    if (m_records.size() % recordsBetweenLooks == 0)
+        demandMemory();
 }
 
 void DataFileLoader::finish(Status status)

@@ -58,7 +58,6 @@ public:
     RecordList takeRecords();
 
 private:
-    void start(int chunk);
     void step();
     template <typename Read>
     void readWithin(const Read &read);
@@ -87,6 +86,5 @@ private:
     int m_lineLength = 0; // of the newest record
     RecordList m_records;
     int m_recordCount = 0; // once all are read
-    int m_nextLook = recordsBetweenLooks; // at the memory that is left, with this many records
     BalanceIntegrator m_balance;
 };

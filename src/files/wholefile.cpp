@@ -97,7 +97,7 @@ void WholeFile::openSpecial()
     if (m_allowed == Kind::Regular)
         return fail(Texts::tr("not a regular file"));
     const int descriptor = openSpecialFile(m_target);
-    if (descriptor == -1)
+    if (descriptor == noDescriptor)
         return fail(qt_error_string());
     auto special = std::make_unique<QFile>();
     special->open(descriptor, openMode, QFile::AutoCloseHandle); // which can't fail
@@ -118,7 +118,7 @@ void WholeFile::writePieces(int maxMilliseconds)
 void WholeFile::bringToDisk()
 {
     const int own = duplicateDescriptor(m_device->handle());
-    if (own == -1)
+    if (own == noDescriptor)
         return fail(qt_error_string());
     m_synced = m_syncer.finishNow(own);
 }
@@ -129,8 +129,8 @@ void WholeFile::commit()
         return fail(Texts::tr("The disk did not take all of it."));
     if (m_replacement && !m_replacement->commit())
         return fail(m_device->errorString());
-    const int folder = m_replacement ? openFolder(QFileInfo(m_target).path()) : -1;
-    if (folder != -1)
+    const int folder = m_replacement ? openFolder(QFileInfo(m_target).path()) : noDescriptor;
+    if (folder != noDescriptor)
         m_syncer.finish(folder); // which holds the new name
     m_outcome = WriteOutcome::success();
 }

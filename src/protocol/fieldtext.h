@@ -2,6 +2,9 @@
 
 #include <QtGlobal>
 
+#include <limits>
+#include <optional>
+
 /// A piece of a device line, in Latin-1. Points into the line and owns nothing.
 struct FieldText {
     const uchar *data = nullptr;
@@ -10,13 +13,15 @@ struct FieldText {
     /// The character at `index`, NUL beyond the end.
     uchar at(int index) const { return index < size ? data[index] : uchar(0); }
     /// At most `length` characters from `start` on, fewer where the text ends.
-    FieldText mid(int start, int length) const
+    FieldText mid(int start, int length = std::numeric_limits<int>::max()) const
     {
         const int from = qMin(start, size);
         return {data + from, qMin(length, size - from)};
     }
     /// Converts the whole text as QString::toInt does. `value` keeps what it holds when that fails.
     bool toInt(int *value) const;
+    /// The same; nothing when that fails.
+    std::optional<int> number() const;
 };
 
 /// QString::toInt itself, for whatever is not plainly a short row of digits: blanks around, signs, overflow.
@@ -36,4 +41,10 @@ inline bool FieldText::toInt(int *value) const
     }
     *value = int(sum);
     return true;
+}
+
+inline std::optional<int> FieldText::number() const
+{
+    int value = 0;
+    return toInt(&value) ? std::optional<int>(value) : std::nullopt;
 }

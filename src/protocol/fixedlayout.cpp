@@ -11,8 +11,7 @@
 namespace {
 
 constexpr int timeStart = 13;
-constexpr int leastTimeDigits = 5; // more from the second day on
-constexpr int mostTimeDigits = 9; // never more than 32 bits hold
+constexpr int mostFurtherDigits = 4; // of a time from the second day on; never more than 32 bits hold
 constexpr int restStart = 14; // the last four digits of a time of five, and what lies behind it
 constexpr int cellsStart = 46; // the comma before the first cell
 constexpr int cellLength = 7; // ",dddd,b"
@@ -48,11 +47,7 @@ bool isBetween(const uchar *at, const char (&least)[size], const char (&most)[si
 // Of a long time some lie between head and rest.
 bool areDigits(const uchar *begin, const uchar *end)
 {
-    for (; begin < end; ++begin) {
-        if (*begin < '0' || *begin > '9')
-            return false;
-    }
-    return true;
+    return std::all_of(begin, end, [](uchar c) { return c >= '0' && c <= '9'; });
 }
 
 // Numbers of so many digits, which were looked at before.
@@ -78,10 +73,10 @@ int fiveDigits(const uchar *at)
     return (at[0] - '0') * 10000 + fourDigits(at + 1);
 }
 
-int timeOf(const uchar *at, int digits)
+int timeOf(const uchar *at, int furtherDigits)
 {
     int sum = 0;
-    for (; digits > leastTimeDigits; --digits)
+    for (; furtherDigits > 0; --furtherDigits)
         sum = sum * 10 + *at++ - '0';
     return sum * 100000 + fiveDigits(at);
 }
@@ -101,11 +96,11 @@ void readCells(Varnel3Data &record, const uchar *at)
 bool parseFixedLayout(Varnel3Data &record, const FieldText &line)
 {
     static const char modes[] = "CDBFT";
-    const int timeDigits = line.size - lineLength + leastTimeDigits;
-    if (timeDigits < leastTimeDigits || timeDigits > mostTimeDigits)
+    const int furtherDigits = line.size - lineLength;
+    if (furtherDigits < 0 || furtherDigits > mostFurtherDigits)
         return false;
     const uchar *const head = line.data;
-    const uchar *const at = head + timeDigits - leastTimeDigits; // of what lies behind the time
+    const uchar *const at = head + furtherDigits; // of what lies behind the time
     if (!isBetween(head, leastHead, mostHead) || !isBetween(at + restStart, leastRest, mostRest)
         || !areDigits(head + sizeof leastHead - 1, at + restStart))
         return false;
@@ -123,7 +118,7 @@ bool parseFixedLayout(Varnel3Data &record, const FieldText &line)
     record.flag4 = char(head[9]);
     record.flag5 = char(head[10]);
     record.ballansingCurrent = (head[11] - '0') * balancingCurrentStep;
-    record.setTime(timeOf(head + timeStart, timeDigits));
+    record.setTime(timeOf(head + timeStart, furtherDigits));
     record.voltage = fiveDigits(at + 19);
     record.current = fiveDigits(at + 25);
     record.temperature = threeDigits(at + 31);

@@ -23,5 +23,5 @@ void updateCellStatistics(Varnel3Data &record)
     record.cellMax = highest;
     record.cellMin = lowest;
     record.balanceMax = balance;
-    record.cellAverage = record.cellCount < 1 ? first.voltage : int(sum / record.cellCount);
+    record.cellAverage = int(sum / qMax(1, record.cellCount));
 }

@@ -66,18 +66,15 @@ bool parseResistances(Varnel3Data &record, const FieldText &line)
 {
     if (line.at(0) != '!')
         return false;
-    int end = line.size;
-    while (QChar(line.data[end - 1]).isSpace()) // '!' is none
-        --end;
-    const LineFields fields(line.mid(1, end - 1));
+    const LineFields fields(line.mid(1));
     if (fields.count() != resistanceFields)
         return false;
     record.resistanceSum = 0.0;
     for (int i = 0; i < resistanceFields; ++i) {
-        int value = 0;
-        if (!fields[i].toInt(&value))
+        const std::optional<int> value = fields[i].number();
+        if (!value)
             continue;
-        record.cells[i].resistance = value / resistanceUnit;
+        record.cells[i].resistance = *value / resistanceUnit;
         record.resistanceSum += record.cells[i].resistance;
     }
     record.resistanceValid = true;

@@ -12,18 +12,24 @@ namespace {
 
 constexpr char modeLetters[] = "CDBF"; // a test has none
 constexpr int lettersCount = 4;
-constexpr int lastCurrentDigit = 4;
+constexpr unsigned lastCurrentDigit = 4;
+
+struct DigitPair {
+    char tens;
+    char ones;
+};
 
 struct DigitPairs {
-    char text[200];
+    DigitPair of[100];
 };
 
 constexpr DigitPairs makeDigitPairs()
 {
     DigitPairs pairs{};
-    for (size_t i = 0; i < 100; ++i) {
-        pairs.text[2 * i] = char('0' + i / 10);
-        pairs.text[2 * i + 1] = char('0' + i % 10);
+    int number = 0;
+    for (DigitPair &pair : pairs.of) {
+        pair = {char('0' + number / 10), char('0' + number % 10)};
+        ++number;
     }
     return pairs;
 }
@@ -32,7 +38,7 @@ constexpr DigitPairs digitPairs = makeDigitPairs();
 
 void putPair(char *out, unsigned value)
 {
-    std::memcpy(out, digitPairs.text + size_t(value) * 2, 2);
+    std::memcpy(out, digitPairs.of + value, sizeof(DigitPair));
 }
 
 char *put4(char *out, int value)
@@ -54,8 +60,8 @@ char *put5(char *out, int value)
 
 char currentDigit(int current)
 {
-    const int steps = current / balancingCurrentStep;
-    const bool exact = current % balancingCurrentStep == 0 && steps > 0 && steps <= lastCurrentDigit;
+    const auto steps = unsigned(current / balancingCurrentStep);
+    const bool exact = current % balancingCurrentStep == 0 && steps <= lastCurrentDigit;
     return exact ? char('0' + steps) : '0';
 }
 
@@ -115,15 +121,16 @@ char *writeZeroFilled(char *out, int value, int width)
     char digits[16];
     char *const end = digits + sizeof digits;
     char *begin = end;
-    unsigned rest = value < 0 ? 0u - unsigned(value) : unsigned(value);
+    auto rest = unsigned(value);
+    if (value < 0) {
+        *out++ = '-';
+        --width;
+        rest = 0 - rest;
+    }
     do {
         *--begin = char('0' + rest % 10);
         rest /= 10;
     } while (rest != 0);
-    if (value < 0) {
-        *out++ = '-';
-        --width;
-    }
     for (int fill = width - int(end - begin); fill > 0; --fill)
         *out++ = '0';
     return std::copy(begin, end, out);
@@ -133,8 +140,7 @@ char *writeRecordLine(char *out, const Varnel3Data &record)
 {
     out = writeFigures(writeHead(out, record), record);
     // Inclusive, as the parser reads it.
-    const int written
-        = qBound(0, record.cellCount, Varnel3Data::maxCells - 1) + (record.cellCount >= 0 ? 1 : 0);
+    const int written = record.cellCount < 0 ? 0 : std::min(record.cellCount, Varnel3Data::maxCells - 1) + 1;
     for (int i = 0; i < written; ++i) {
         *out++ = ',';
         out = put4(out, record.cells[i].voltage);

@@ -40,14 +40,16 @@ int currentOfLetter(unsigned letter)
 
 bool parseHead(Varnel3Data &record, const FieldText &head)
 {
-    int code = 0;
-    if (!head.mid(2, 2).toInt(&record.cellCount) || !head.mid(4, 2).toInt(&code))
+    if (!head.mid(2, 2).toInt(&record.cellCount))
         return false;
-    record.cellType = cellTypeOfCode(code);
+    const std::optional<int> code = head.mid(4, 2).number();
+    if (!code)
+        return false;
+    record.cellType = cellTypeOfCode(*code);
     if (record.cellType == Varnel3Data::noCellType)
         return false;
     record.ballansingCurrent = currentOfLetter(head.at(6));
-    return head.mid(7, 4).toInt(&record.cells[0].voltage);
+    return head.mid(7).toInt(&record.cells[0].voltage);
 }
 
 } // namespace

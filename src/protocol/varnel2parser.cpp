@@ -31,15 +31,15 @@ bool parseHead(Varnel3Data &record, const FieldText &head, uchar sign)
     record.mode = modeOfLetter(head.at(1), sign == '+');
     if (record.mode == Varnel3Data::NoMode || !head.mid(2, 2).toInt(&record.cellCount))
         return false;
-    int code = 0;
-    if (!head.mid(4, 2).toInt(&code))
+    const std::optional<int> code = head.mid(4, 2).number();
+    if (!code)
         return false;
-    const bool known = code >= 1 && code <= lastCellTypeCode;
-    record.cellType = known ? code - 1 : Varnel3Data::noCellType;
-    int seconds = 0;
-    if (!known || !head.mid(7, 5).toInt(&seconds))
+    const bool known = *code >= 1 && *code <= lastCellTypeCode;
+    record.cellType = known ? *code - 1 : Varnel3Data::noCellType;
+    const std::optional<int> seconds = head.mid(7).number();
+    if (!known || !seconds)
         return false;
-    record.setTime(seconds);
+    record.setTime(*seconds);
     return true;
 }
 

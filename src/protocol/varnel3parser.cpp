@@ -3,27 +3,28 @@
 #include "protocol/lineconversions.h"
 #include "data/saturated.h"
 
-#include <cstring>
+#include <algorithm>
+#include <string_view>
 
 namespace {
 
 constexpr int headLength = 12;
 constexpr int firstCellField = 7;
 
-int modeOfLetter(unsigned letter)
+int modeOfLetter(uchar letter)
 {
-    static const char letters[] = "CDBFT";
-    const char *found = letter != 0 ? std::strchr(letters, int(letter)) : nullptr;
-    return found ? int(found - letters) : Varnel3Data::NoMode;
+    constexpr std::string_view letters = "CDBFT"; // by Varnel3Data::Mode
+    static_assert(letters.size() == Varnel3Data::NoMode, "what is behind the last is none");
+    return int(std::find(letters.begin(), letters.end(), char(letter)) - letters.begin());
 }
 
 bool parseCellType(Varnel3Data &record, const FieldText &code)
 {
-    int type = 0;
-    if (!code.toInt(&type))
+    const std::optional<int> type = code.number();
+    if (!type)
         return false;
-    const bool known = type >= 0 && type < Varnel3Data::noCellType;
-    record.cellType = known ? type : Varnel3Data::noCellType;
+    const bool known = *type >= 0 && *type < Varnel3Data::noCellType;
+    record.cellType = known ? *type : Varnel3Data::noCellType;
     return known;
 }
 
@@ -40,24 +41,26 @@ bool parseHead(Varnel3Data &record, const FieldText &head)
     record.flag4 = char(head.at(9));
     record.flag5 = char(head.at(10));
     record.ballansingCurrent = 0;
-    int steps = 0;
-    if (!head.mid(11, 1).toInt(&steps))
+    const std::optional<int> steps = head.mid(11).number();
+    if (!steps)
         return false;
-    record.ballansingCurrent = steps * balancingCurrentStep;
+    record.ballansingCurrent = *steps * balancingCurrentStep;
     return true;
 }
 
 bool parseFigures(Varnel3Data &record, const LineFields &fields)
 {
-    int seconds = 0;
-    if (!fields[1].toInt(&seconds))
+    const std::optional<int> seconds = fields[1].number();
+    if (!seconds)
         return false;
-    record.setTime(seconds);
-    int energy = 0;
+    record.setTime(*seconds);
     if (!fields[2].toInt(&record.voltage) || !fields[3].toInt(&record.current)
-        || !fields[4].toInt(&record.temperature) || !fields[5].toInt(&energy))
+        || !fields[4].toInt(&record.temperature))
         return false;
-    record.energy = record.flag2 == '1' ? saturated(qint64(energy) * 10) : energy;
+    const std::optional<int> energy = fields[5].number();
+    if (!energy)
+        return false;
+    record.energy = record.flag2 == '1' ? saturated(qint64(*energy) * 10) : *energy;
     return fields[6].toInt(&record.internalResistance);
 }
 

@@ -92,8 +92,7 @@ void DerivedPoints::addFigures(const RecordList &records, int count)
     for (int i = 0; i < count; ++i) {
         m_timeMonotone &= times[i] >= lastTime;
         lastTime = times[i];
-        if (m_size + i > 0)
-            m_temperatureSum = m_temperatureSum - m_temperatureSum / 4 + temperatures[i];
+        m_temperatureSum = m_temperatureSum - m_temperatureSum / 4 + temperatures[i]; // the first stays
         newest.temperatures[first + i] = int(m_temperatureSum / 4);
         if (m_size + i > firstResistance())
             m_dvSum = m_dvSum - m_dvSum / dvWeight + double((voltages[i] - lastVoltage) * dvWeight);

@@ -196,7 +196,16 @@ private slots:
             bytes, RecordBlock::most() - size_t(letters * (PackedColumn::mostBytes - PackedColumn::length)));
         records.restart();
         records.add(Varnel3Data());
-        QVERIFY(records.count() == 1 && records.cells() == 0 && !records.hasFractions());
+        QVERIFY(records.numbers(RecordColumns::ownColumns).width == 0 && !records.hasFractions());
+        Varnel3Data same; // what never changes takes nothing, nor do tenths that don't
+        same.resistanceSum = 3.4;
+        records.replaceLast(same);
+        while (!records.isFull())
+            records.add(same);
+        RecordBlock::pack(records, room.data(), &bytes);
+        QCOMPARE(bytes,
+            sizeof(RecordBlock)
+                + size_t(RecordColumns::ownColumns + RecordColumns::fractions) * sizeof(PackedColumn));
     }
 
     // Many recordings are short: only a longer one takes a block.

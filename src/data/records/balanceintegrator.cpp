@@ -17,18 +17,12 @@ qint64 chargeOf(int balance, int balancingCurrent, qint64 seconds)
     return qBound(-mostCharge, load * seconds, mostCharge);
 }
 
-// What devices send: no cell's part can leave its bounds.
+// What devices send: no cell's part can leave its bounds, whatever its balance.
 bool isPlain(const Varnel3Data &record, qint64 seconds)
 {
-    constexpr qint64 mostSeconds = 100000;
+    constexpr quint64 mostSeconds = 100000;
     constexpr unsigned mostCurrent = 1000; // mA
-    constexpr unsigned mostBalance = 127; // per cent
-    unsigned balances = 0; // bits of them
-    const int cells = record.cellsPresent();
-    for (int i = 0; i < cells; ++i)
-        balances |= unsigned(record.cells[i].balance);
-    return seconds >= 0 && seconds <= mostSeconds && unsigned(record.ballansingCurrent) <= mostCurrent
-        && balances <= mostBalance;
+    return quint64(seconds) <= mostSeconds && unsigned(record.ballansingCurrent) <= mostCurrent;
 }
 
 } // namespace

@@ -22,6 +22,7 @@ void narrow(const int *figures, int low, char *bytes)
 #if defined(__SSE2__)
 
 constexpr int step = 8; // numbers of two bytes at once
+constexpr int wideStep = 4; // of four
 
 __m128i load(const void *at)
 {
@@ -44,7 +45,7 @@ public:
         __m128i high = low;
         for (int i = 0; i < length; i += step) {
             const __m128i beyond = _mm_packs_epi32( // stops at what two bytes hold
-                _mm_sub_epi32(load(figures + i), first), _mm_sub_epi32(load(figures + i + step / 2), first));
+                _mm_sub_epi32(load(figures + i), first), _mm_sub_epi32(load(figures + i + wideStep), first));
             low = _mm_min_epi16(low, beyond);
             high = _mm_max_epi16(high, beyond);
             store(m_beyond + i, beyond);
@@ -91,16 +92,16 @@ PackedColumn rangeOf(const int *figures)
     const auto chosen = [](__m128i mask, __m128i a, __m128i b) {
         return _mm_or_si128(_mm_and_si128(mask, a), _mm_andnot_si128(mask, b));
     };
-    for (int i = step / 2; i < length; i += step / 2) {
+    for (int i = wideStep; i < length; i += wideStep) {
         const __m128i next = load(figures + i);
         low = chosen(_mm_cmplt_epi32(next, low), next, low);
         high = chosen(_mm_cmpgt_epi32(next, high), next, high);
     }
-    int lows[step / 2];
-    int highs[step / 2];
+    int lows[wideStep];
+    int highs[wideStep];
     store(lows, low);
     store(highs, high);
-    return {*std::min_element(lows, lows + step / 2), *std::max_element(highs, highs + step / 2)};
+    return {*std::min_element(lows, lows + wideStep), *std::max_element(highs, highs + wideStep)};
 }
 
 #else

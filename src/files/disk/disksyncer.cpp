@@ -127,8 +127,9 @@ Entry &DiskSyncer::Work::entryFor(int descriptor)
 {
     if (const Entry *known = find(descriptor))
         return entries[size_t(known - entries.data())];
-    entries.push_back({descriptor, false, false, false, QString(), false, {}});
-    return entries.back();
+    Entry &added = entries.emplace_back(); // all of it false
+    added.descriptor = descriptor;
+    return added;
 }
 
 Entry &DiskSyncer::Work::finish(int descriptor)
@@ -142,9 +143,8 @@ void DiskSyncer::Work::run()
 {
     std::unique_lock<std::mutex> lock(mutex);
     for (bool last = false; !last;) {
-        wake.wait_for(lock, period, [this] { return stopping || urgent; });
+        wake.wait_for(lock, period, [this] { return std::exchange(urgent, false) || stopping; });
         last = stopping; // else what is marked during a round would be left by the last one
-        urgent = false;
         syncRound(lock);
     }
 }
@@ -169,8 +169,7 @@ void DiskSyncer::Work::syncRound(std::unique_lock<std::mutex> &lock)
         const int descriptor = entries[i].descriptor;
         look(lock, i);
         const bool finishing = entries[i].finishing;
-        if (entries[i].dirty) {
-            entries[i].dirty = false;
+        if (std::exchange(entries[i].dirty, false)) {
             lock.unlock();
             const bool synced = syncToDisk(descriptor);
             lock.lock();

@@ -3,14 +3,18 @@
 #include <QFile>
 #include <QString>
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <iterator>
 #include <unistd.h>
 
 bool syncToDisk(int descriptor)
 {
-    return TEMP_FAILURE_RETRY(::fsync(descriptor)) == 0 || errno == EINVAL || errno == ENOTSUP
-        || errno == EROFS;
+    constexpr int nothingToWaitFor[] = {EINVAL, ENOTSUP, EROFS};
+    return TEMP_FAILURE_RETRY(::fsync(descriptor)) == 0
+        || std::find(std::begin(nothingToWaitFor), std::end(nothingToWaitFor), errno)
+        != std::end(nothingToWaitFor);
 }
 
 int openFolder(const QString &folder)
@@ -27,7 +31,7 @@ int openSpecialFile(const QString &fileName)
 {
     const int flags = O_WRONLY | O_TRUNC | O_NOCTTY | O_CLOEXEC | O_NONBLOCK;
     const int descriptor = ::open(QFile::encodeName(fileName).constData(), flags);
-    if (descriptor != -1)
+    if (descriptor != noDescriptor)
         ::fcntl(descriptor, F_SETFL, ::fcntl(descriptor, F_GETFL) & ~O_NONBLOCK);
     return descriptor;
 }

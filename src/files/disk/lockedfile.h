@@ -1,11 +1,11 @@
 #pragma once
 
+#include "files/disk/filesync.h"
+
 #include <QString>
 
 // A file that is locked against removal while a program writes it, as a journal's is. The lock
 // goes with the program, however it ends.
-
-constexpr int noDescriptor = -1; ///< the descriptor of none
 
 struct CreatedFile {
     int descriptor = noDescriptor; ///< for appending

@@ -41,11 +41,10 @@ CreatedFile createLockedFile(const QString &fileName)
     for (;;) {
         const int descriptor
             = ::open(name.constData(), O_RDWR | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, 0666);
-        if (descriptor == -1)
-            return {-1, errno == EEXIST, qt_error_string(errno)};
+        if (descriptor == noDescriptor)
+            return {noDescriptor, errno == EEXIST, qt_error_string(errno)};
         ::flock(descriptor, LOCK_EX);
-        struct stat status { };
-        if (::fstat(descriptor, &status) == 0 && status.st_nlink > 0)
+        if (isStillNamed(descriptor, fileName))
             return {descriptor, false, QString()};
         ::close(descriptor);
     }
@@ -86,7 +85,7 @@ void closeFile(int descriptor)
 bool isBeingWritten(const QString &fileName)
 {
     const int descriptor = openQuietly(fileName);
-    if (descriptor == -1)
+    if (descriptor == noDescriptor)
         return false;
     const bool written = lockFails(descriptor);
     ::close(descriptor);
