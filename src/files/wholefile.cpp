@@ -71,9 +71,11 @@ bool WholeFile::isWaiting() const
 
 WriteOutcome WholeFile::writeAll()
 {
-    while (writeSome(std::numeric_limits<int>::max())) {
+    while (!m_outcome) {
         if (m_synced.valid())
-            m_synced.wait();
+            commit(); // waits
+        else
+            writeSome(std::numeric_limits<int>::max());
     }
     return outcome();
 }

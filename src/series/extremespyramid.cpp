@@ -19,8 +19,7 @@ void ExtremesPyramid::makeRoom(int kinds, BlockArena::Growth growth)
 
 void ExtremesPyramid::addPage(Level *level, int kinds, BlockArena::Growth growth)
 {
-    static_assert(
-        SeriesKinds::kindCount * pageLength * sizeof(Interval) <= BlockArena::smallStep, "has room");
+    static_assert(SeriesKinds::kindCount * pageLength * sizeof(Interval) <= BlockArena::smallStep);
     const std::size_t entries = std::size_t(kinds) * pageLength;
     m_arena.makeRoom(entries * sizeof(Interval), growth);
     auto *const page = reinterpret_cast<Interval *>(m_arena.next());

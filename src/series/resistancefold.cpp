@@ -58,12 +58,10 @@ qint64 ResistanceFold::foldRun(const RecordList &records, qint64 accumulator, in
 // Only the shortest run that will do is walked again and again for its steps, however many records there are.
 void ResistanceFold::startSteps(const RecordList &records, int newest)
 {
-    int end = first() + warmUp;
+    const int end = first() + warmUp;
     buildSteps(records, end);
-    while (!m_hasSteps && end < newest) // never seen; the run is then made longer
-        buildSteps(records, ++end);
-    for (; m_hasSteps && end < newest; ++end)
-        extendSteps(valueOf(records, end, newest));
+    for (int i = end; m_hasSteps && i < newest; ++i)
+        extendSteps(valueOf(records, i, newest));
 }
 
 void ResistanceFold::buildSteps(const RecordList &records, int end)

@@ -119,7 +119,7 @@ PackedColumn rangeOf(const int *figures)
 PackedColumn PackedColumn::pack(const int *figures, char *block, quint32 *end)
 {
     if (std::memcmp(figures, figures + 1, (length - 1) * sizeof(int)) == 0) // most never change
-        return {figures[0], figures[0], *end};
+        return {*figures, *figures, *end};
     char *const bytes = block + *end;
 #if defined(__SSE2__)
     const NearNumbers near(figures);
