@@ -55,10 +55,8 @@ PrintRequest::~PrintRequest() = default;
 void PrintRequest::open()
 {
     const bool toFile = QPrinterInfo::availablePrinterNames().isEmpty();
-    if (toFile) {
-        m_printer->setOutputFormat(QPrinter::PdfFormat);
-        m_printer->setOutputFileName(suggestedFile(m_job));
-    }
+    if (toFile)
+        m_printer->setOutputFileName(suggestedFile(m_job)); // and with that as PDF
     QDialog *dialog = toFile ? createFileDialog() : createPrintDialog();
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setWindowTitle(m_job.title);

@@ -5,8 +5,7 @@
 
 QString printedName(int number, const QString &device, const QString &source)
 {
-    const QString name = (device + QLatin1Char(' ') + source).trimmed();
-    return number == -1 ? name : QString::number(number) + QStringLiteral(": ") + name;
+    return QStringLiteral("%1: ").arg(number) + (device + QLatin1Char(' ') + source).trimmed();
 }
 
 QString printDetails(const QStringList &windows)

@@ -24,7 +24,7 @@ qreal densityScale()
 
 qreal points(const QFont &font)
 {
-    return font.pointSizeF() > 0 ? font.pointSizeF() : QFontInfo(font).pointSizeF();
+    return font.pixelSize() == -1 ? font.pointSizeF() : QFontInfo(font).pointSizeF();
 }
 
 } // namespace

@@ -21,9 +21,10 @@ bool operator==(const Fit &a, const Fit &b)
     return a.text == b.text && a.box == b.box && a.font == b.font && a.density == b.density;
 }
 
-uint qHash(const Fit &fit, uint seed = 0)
+uint qHash(const Fit &fit, uint seed)
 {
-    return qHash(fit.text, seed) ^ qHash(fit.font, seed) ^ uint(fit.box.width() * 31 + fit.box.height());
+    return qHash(fit.text, seed) ^ qHash(fit.font, seed)
+        ^ qHash(qMakePair(fit.box.width(), fit.box.height()), seed);
 }
 
 QFont measuredFont(QFont font, const QString &text, const QSize &box)

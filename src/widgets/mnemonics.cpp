@@ -14,7 +14,6 @@ class Letters {
 public:
     explicit Letters(const QStringList &texts)
         : m_texts(texts)
-        , m_places(texts.size(), -1)
     {
         for (const QString &text : texts)
             m_candidates.append(candidates(text));
@@ -25,7 +24,8 @@ public:
         }
     }
 
-    int place(int text) const { return m_places[text]; }
+    /// By numbers of texts; one that has no letter is not there.
+    const QHash<int, int> &places() const { return m_places; }
 
 private:
     // Beginnings of words first; letters that stand there already are nobody else's.
@@ -63,8 +63,8 @@ private:
             if (m_asked.contains(letter))
                 continue;
             m_asked.append(letter);
-            const int owner = m_owners.value(letter, -1);
-            if (owner >= 0 && !findFree(owner) && !find(owner))
+            const int owner = m_owners.value(letter);
+            if (m_owners.contains(letter) && !findFree(owner) && !find(owner))
                 continue;
             m_owners[letter] = text;
             m_places[text] = place;
@@ -75,7 +75,7 @@ private:
 
     const QStringList &m_texts;
     QVector<QVector<int>> m_candidates;
-    QVector<int> m_places;
+    QHash<int, int> m_places;
     QHash<QChar, int> m_owners;
     QVector<QChar> m_asked;
 };
@@ -85,11 +85,10 @@ private:
 QStringList withMnemonics(const QStringList &texts)
 {
     const Letters letters(texts);
+    const QHash<int, int> &places = letters.places();
     QStringList given = texts;
-    for (int i = 0; i < given.size(); ++i) {
-        if (letters.place(i) >= 0)
-            given[i].insert(letters.place(i), QLatin1Char('&'));
-    }
+    for (auto place = places.begin(); place != places.end(); ++place)
+        given[place.key()].insert(place.value(), QLatin1Char('&'));
     return given;
 }
 

@@ -25,7 +25,7 @@ bool RefreshGate::eventFilter(QObject *watched, QEvent *event)
 {
     // The event comes before the first paint, so that a display never opens with old figures.
     const bool comes = event->type() == QEvent::Show || event->type() == QEvent::WindowStateChange;
-    if (watched == m_display && comes && m_pending && isSeen())
+    if (comes && m_pending && isSeen())
         open();
     return QObject::eventFilter(watched, event);
 }

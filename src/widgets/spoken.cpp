@@ -28,9 +28,5 @@ QAccessibleInterface *interfaceOf(const QString &, QObject *object)
 
 Spoken::Spoken()
 {
-    static const bool isInstalled = [] {
-        QAccessible::installFactory(interfaceOf);
-        return true;
-    }();
-    Q_UNUSED(isInstalled)
+    QAccessible::installFactory(interfaceOf); // which is there once, however often it is told
 }

@@ -23,8 +23,10 @@
 /// test names the one that its box holds and no font can change. "dim" ends a line that is less than opaque.
 class PaintLog : public QPaintDevice {
 public:
-    explicit PaintLog(const QSize &size = {})
+    /// As if painted by an engine of that `type`.
+    explicit PaintLog(const QSize &size = {}, QPaintEngine::Type type = QPaintEngine::User)
         : m_size(size)
+        , m_engine(type)
     {
     }
 
@@ -65,8 +67,9 @@ protected:
 
 private:
     struct Engine : QPaintEngine {
-        Engine()
+        explicit Engine(Type type)
             : QPaintEngine(AllFeatures)
+            , pretended(type)
         {
         }
 
@@ -75,7 +78,7 @@ private:
         using QPaintEngine::drawRects;
         bool begin(QPaintDevice *) override { return true; }
         bool end() override { return true; }
-        Type type() const override { return User; }
+        Type type() const override { return pretended; }
         void updateState(const QPaintEngineState &) override { }
         void drawPixmap(const QRectF &, const QPixmap &, const QRectF &) override { add({"pixmap"}, {}); }
         void drawPolygon(const QPointF *p, int n, PolygonDrawMode) override
@@ -154,6 +157,7 @@ private:
                 way += ' ' + colour.name(format) + (painter()->opacity() < 0.9 ? " dim" : "");
         }
 
+        Type pretended;
         QVector<QStringList> operations;
     };
 

@@ -5,12 +5,15 @@
 #include "widgets/refreshgate.h"
 #include "widgets/straightstrokes.h"
 #include "widgets/warningbox.h"
+#include "support/paintlog.h"
+#include "support/warningcollector.h"
 
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QtTest>
 
 /// What several windows are made of.
@@ -43,6 +46,7 @@ private slots:
 
     void fittedFonts()
     {
+        const WarningCollector collector;
         const QString text = "1234567.8";
         const auto fits = [&text](const QFont &font, const QSize &box) {
             return QFontMetrics(font).size(0, text).boundedTo(box) == QFontMetrics(font).size(0, text);
@@ -61,7 +65,10 @@ private slots:
                 QVERIFY(!fits(sized(inPixels ? fitted.pixelSize() + 1 : fitted.pointSizeF() + 0.5), less));
             }
             QCOMPARE(fittedFont(sized(40), text, {0, 0}), sized(1));
+            QVERIFY(
+                fittedFont(sized(40), text, {9, 9}).isCopyOf(fittedFont(sized(40), text, {9, 9}))); // known
         }
+        QCOMPARE(collector.warnings(), QStringList());
         QLabel label;
         for (const auto &[shown, points, then] : {std::tuple("1", 20, 20), {"1", 10, 20}, {"2", 10, 10}}) {
             setFittedText(&label, shown, points, {999, 999}); // unchanged it costs nothing
@@ -86,6 +93,8 @@ private slots:
         timer->start(1000000); // until the test lets it end
         gate->request();
         gate->request();
+        display.repaint();
+        QVERIFY(gate->isPending());
         timer->start(0);
         QTRY_VERIFY_WITH_TIMEOUT(refreshes.count() == 2 && !timer->isActive(), 30000);
         gate->request();
@@ -124,6 +133,20 @@ private slots:
             }
             QVERIFY2(ours == painters, qPrintable(QString::number(way)));
         }
+        PaintLog log({40, 30}, QPaintEngine::Raster);
+        QPainter painter(&log);
+        painter.translate(3, 2);
+        painter.setPen(Qt::red);
+        for (const QLine &line : {QLine(1, 2, 1, 9), {4, 4, 9, 4}, {5, 5, 5, 5}})
+            drawStraight(painter, line);
+        drawBox(painter, {2, 3, 4, 5});
+        painter.setBrush(Qt::yellow);
+        drawBox(painter, {2, 3, 4, 5});
+        QVERIFY(
+            log.lines().size() == 3 + 4 + 5 && log.lines().filter(QRegularExpression("line|pen")).isEmpty());
+        painter.setRenderHint(QPainter::Antialiasing);
+        drawStraight(painter, {4, 4, 9, 4});
+        QCOMPARE(log.lines().last(), QString("line 7,6 12,6 #ff0000"));
     }
 
     void inputReachesOneWidget()
