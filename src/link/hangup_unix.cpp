@@ -6,6 +6,7 @@
 
 bool hasHungUp(const QSerialPort &port)
 {
-    pollfd line = {port.handle(), POLLIN, 0};
-    return poll(&line, 1, 0) > 0 && (line.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
+    pollfd line = {};
+    line.fd = port.handle();
+    return poll(&line, 1, 0) > 0; // asked for nothing, it tells of what is wrong
 }

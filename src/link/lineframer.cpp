@@ -14,8 +14,11 @@ using ByteTable = std::array<bool, 256>;
 ByteTable makeTextBytes()
 {
     ByteTable table;
-    for (int code = 0; code < int(table.size()); ++code)
-        table[size_t(code)] = QChar(ushort(code)).isPrint() && code != '#';
+    ushort code = 0;
+    for (bool &isTaken : table) {
+        isTaken = QChar(code).isPrint() && code != '#';
+        ++code;
+    }
     return table;
 }
 
@@ -32,7 +35,7 @@ bool isText(char byte)
 
 void LineFramer::feed(const QByteArray &bytes)
 {
-    if (m_inputPos < m_input.size()) {
+    if (m_inputPos != m_input.size()) {
         m_input.append(bytes);
         return;
     }

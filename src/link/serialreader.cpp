@@ -20,7 +20,6 @@ constexpr int mostFailures = 20; // without a byte in between
 constexpr qint64 readAtOnce = 160; // bytes, a line with cells: a killed program loses no more than that
 constexpr int mostReads = 64; // before other ports and windows have their turn
 constexpr int shortestRecordLine = 10; // characters; shorter lines are replies to commands
-const char *const portError = SIGNAL(errorOccurred(QSerialPort::SerialPortError));
 
 } // namespace
 
@@ -116,7 +115,7 @@ void SerialReader::closePort()
     m_framer.clear();
     if (!m_port.isOpen())
         return;
-    disconnectPort();
+    m_port.disconnect(this);
     if (!m_lost) {
         m_port.setDataTerminalReady(false);
         m_port.setRequestToSend(false);
@@ -134,11 +133,10 @@ void SerialReader::sendCommand(const QString &text)
     m_port.write(text.toLatin1());
     m_port.flush();
     const QDeadlineTimer deadline(longestWrite);
-    while (m_port.bytesToWrite() > 0 && m_port.waitForBytesWritten(int(deadline.remainingTime()))) { }
+    while (m_port.bytesToWrite() != 0 && m_port.waitForBytesWritten(int(deadline.remainingTime()))) { }
     m_port.setReadBufferSize(readAtOnce);
     m_writing = false;
-    if (m_port.bytesAvailable() > 0)
-        QMetaObject::invokeMethod(this, "onReadyRead", Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, "onReadyRead", Qt::QueuedConnection); // of what has come meanwhile
 }
 
 void SerialReader::detachGraphChild(RecordingWindow *)
@@ -160,14 +158,14 @@ void SerialReader::onReadyRead()
         m_framer.feed(bytes);
         while (m_framer.next(&m_line)) // a stop from inside clears the framer
             handleLine(m_line);
-    } while (m_port.bytesAvailable() > 0 || (++reads < mostReads && readMore()));
+    } while (!m_port.atEnd() || (++reads < mostReads && readMore()));
     m_handling = false;
 }
 
 // What waits in the system. An answer of "nothing" comes as an error, too, and is none.
 bool SerialReader::readMore()
 {
-    return m_port.isOpen() && !m_lost && m_port.waitForReadyRead(0);
+    return m_port.isOpen() && m_port.waitForReadyRead(0);
 }
 
 void SerialReader::readRest()
@@ -175,8 +173,7 @@ void SerialReader::readRest()
     const QDeadlineTimer deadline(longestRest);
     do
         onReadyRead();
-    while (m_port.isOpen() && !m_lost && !m_handling && !deadline.hasExpired()
-        && m_port.waitForReadyRead(settleTime));
+    while (m_port.isOpen() && !m_handling && !deadline.hasExpired() && m_port.waitForReadyRead(settleTime));
 }
 
 void SerialReader::endProcesTimer()
@@ -234,13 +231,8 @@ void SerialReader::discardInput()
 void SerialReader::connectPort()
 {
     connect(&m_port, SIGNAL(readyRead()), this, SLOT(onReadyRead()));
-    connect(&m_port, portError, this, SLOT(onErrorOccurred(QSerialPort::SerialPortError)));
-}
-
-void SerialReader::disconnectPort()
-{
-    disconnect(&m_port, SIGNAL(readyRead()), this, SLOT(onReadyRead()));
-    disconnect(&m_port, portError, this, SLOT(onErrorOccurred(QSerialPort::SerialPortError)));
+    const char *const failed = SIGNAL(errorOccurred(QSerialPort::SerialPortError));
+    connect(&m_port, failed, this, SLOT(onErrorOccurred(QSerialPort::SerialPortError)));
 }
 
 void SerialReader::handleLine(const QByteArray &line)

@@ -67,7 +67,6 @@ private:
     void discardInput();
     void closePort();
     void connectPort();
-    void disconnectPort();
     bool readMore();
     void handleLine(const QByteArray &line);
     void armEndShot();
