@@ -4,6 +4,8 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
+#include <QMap>
 #include <QSerialPortInfo>
 #include <QStandardPaths>
 
@@ -80,56 +82,43 @@ struct Nodes {
 Nodes nodesIn(const QByteArray &folder)
 {
     Nodes nodes;
-    QList<QByteArray> entries;
     visitFolder(folder, [&](const dirent &entry) {
         if (!isPortName(entry.d_name))
             return;
         const QByteArray path = folder + '/' + entry.d_name;
-        entries.append(path + ' ' + QByteArray::number(quint64(entry.d_ino)) + '\n');
+        nodes.text += path + ' ' + QByteArray::number(quint64(entry.d_ino)) + '\n';
         if (isLinkName(entry.d_name))
             nodes.links.append(path);
     });
-    std::sort(entries.begin(), entries.end());
-    std::sort(nodes.links.begin(), nodes.links.end());
-    nodes.text = entries.join();
     return nodes;
 }
 
-/// Whether a folder that was changed at `changed` tells of its next change by another time.
-bool isLongSince(const timespec &changed)
+/// When `folder` was changed last; empty where it is none, and where its next change may bear the same time.
+QByteArray changeOf(const QByteArray &folder)
 {
     constexpr time_t coarsest = 2; // s, of any file system's clock
+    struct stat node = {};
     timespec now = {};
     ::clock_gettime(CLOCK_REALTIME, &now);
-    return now.tv_sec - changed.tv_sec > coarsest;
+    if (::stat(folder.constData(), &node) != 0 || now.tv_sec - node.st_ctim.tv_sec <= coarsest)
+        return QByteArray();
+    return QByteArray::number(qint64(node.st_ctim.tv_sec)) + '.'
+        + QByteArray::number(qint64(node.st_ctim.tv_nsec));
 }
 
-// It has a hundred nodes and more, is looked at every second and hardly ever changes.
-const Nodes &deviceNodes()
+// The device folder has a hundred nodes and more, is looked at every second and hardly ever changes.
+Nodes knownNodesIn(const QByteArray &folder)
 {
     struct Seen {
+        QByteArray change;
         Nodes nodes;
-        struct stat folder = {};
-        bool settled = false;
     };
-    static Seen seen;
-    struct stat now = {};
-    const bool isThere = ::stat(deviceFolder, &now) == 0;
-    const bool same = isThere && seen.settled && now.st_dev == seen.folder.st_dev
-        && now.st_ino == seen.folder.st_ino && now.st_ctim.tv_sec == seen.folder.st_ctim.tv_sec
-        && now.st_ctim.tv_nsec == seen.folder.st_ctim.tv_nsec;
-    if (!same) {
-        const bool settled = isThere && isLongSince(now.st_ctim);
-        seen = {nodesIn(deviceFolder), now, settled}; // what comes between has another time
-    }
+    static QHash<QByteArray, Seen> folders;
+    Seen &seen = folders[folder];
+    const QByteArray change = changeOf(folder);
+    if (change.isEmpty() || change != seen.change)
+        seen = {change, nodesIn(folder)}; // what comes between has another time
     return seen.nodes;
-}
-
-QString descriptionOf(const QString &location, const QVector<PortInfo> &ports)
-{
-    const auto found = std::find_if(
-        ports.begin(), ports.end(), [&location](const PortInfo &port) { return port.location == location; });
-    return found == ports.end() ? QString() : found->description;
 }
 
 QVector<PortInfo> systemPorts()
@@ -141,22 +130,25 @@ QVector<PortInfo> systemPorts()
     return ports;
 }
 
-QVector<PortInfo> linkedPorts(const QVector<PortInfo> &systemPorts)
+/// By their names; of two that bear one the first folder's.
+QMap<QString, PortInfo> linkedPorts(const QVector<PortInfo> &systemPorts)
 {
-    QVector<PortInfo> ports;
+    QHash<QString, QString> descriptions;
+    for (const PortInfo &port : systemPorts)
+        descriptions.insert(port.location, port.description);
+    QMap<QString, PortInfo> ports;
     const auto folders = linkFolders();
     for (const QByteArray &folder : folders) {
         visitFolder(folder, [&](const dirent &entry) {
             const QByteArray path = folder + '/' + entry.d_name;
+            const QString name = QFile::decodeName(entry.d_name);
             struct stat node;
-            if (!isLinkName(entry.d_name) || !statDevice(path, &node))
+            if (!isLinkName(entry.d_name) || ports.contains(name) || !statDevice(path, &node))
                 return;
             const QString location = QFileInfo(QFile::decodeName(path)).canonicalFilePath();
-            ports.append({QFile::decodeName(entry.d_name), descriptionOf(location, systemPorts), location});
+            ports.insert(name, {name, descriptions.value(location), location});
         });
     }
-    std::stable_sort(
-        ports.begin(), ports.end(), [](const PortInfo &a, const PortInfo &b) { return a.name < b.name; });
     return ports;
 }
 
@@ -164,15 +156,11 @@ QVector<PortInfo> linkedPorts(const QVector<PortInfo> &systemPorts)
 
 QVector<PortInfo> askForPorts()
 {
-    QVector<PortInfo> ports = systemPorts();
-    const QVector<PortInfo> linked = linkedPorts(ports);
-    for (const PortInfo &port : linked) {
-        const bool known = std::any_of(
-            ports.begin(), ports.end(), [&port](const PortInfo &other) { return other.name == port.name; });
-        if (!known)
-            ports.append(port);
-    }
-    return ports;
+    const QVector<PortInfo> ports = systemPorts();
+    QMap<QString, PortInfo> linked = linkedPorts(ports);
+    for (const PortInfo &port : ports)
+        linked.remove(port.name);
+    return ports + linked.values().toVector();
 }
 
 QString portLinkFolder()
@@ -182,12 +170,11 @@ QString portLinkFolder()
 
 QByteArray portFingerprint()
 {
-    const Nodes &devices = deviceNodes();
-    QByteArray fingerprint = devices.text;
-    QList<QByteArray> links = devices.links;
-    const QByteArray chosen = portFolder();
-    if (!chosen.isEmpty()) {
-        const Nodes nodes = nodesIn(chosen);
+    QByteArray fingerprint;
+    QList<QByteArray> links;
+    const auto folders = linkFolders();
+    for (const QByteArray &folder : folders) {
+        const Nodes nodes = knownNodesIn(folder);
         fingerprint += nodes.text;
         links += nodes.links;
     }

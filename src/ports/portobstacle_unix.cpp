@@ -71,12 +71,11 @@ bool readLock(int file, Lock *lock)
     struct stat node;
     if (fstat(file, &node) != 0 || !S_ISREG(node.st_mode))
         return false;
-    QByteArray text(mostLockBytes, '\0');
-    text.truncate(int(std::max<ssize_t>(read(file, text.data(), size_t(text.size())), 0)));
-    const QList<QByteArray> lines = text.split('\n');
+    QFile text;
+    text.open(file, QIODevice::ReadOnly); // and leaves it open
+    const QList<QByteArray> lines = text.read(mostLockBytes).split('\n');
     lock->process = lines.first().trimmed().split(' ').first().toLongLong();
-    if (lines.size() > 1)
-        lock->program = QFile::decodeName(lines.at(1)).simplified();
+    lock->program = QFile::decodeName(lines.value(1)).simplified();
     lock->owner = userName(node.st_uid);
     return true;
 }
@@ -148,14 +147,13 @@ bool hasOpen(const QString &process, const QString &location)
         [&](const QString &file) { return QFile::symLinkTarget(folder.filePath(file)) == location; });
 }
 
-// Programs of other users show what they have open to the superuser only.
+// This one does not. Programs of other users show what they have open to the superuser only.
 PortObstacle busyWithWhoHasOpen(const QString &location)
 {
     const QStringList processes = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs);
     for (const QString &process : processes) {
-        const qint64 number = process.toLongLong();
-        if (number > 0 && number != getpid() && hasOpen(process, location))
-            return busyWith(number);
+        if (hasOpen(process, location))
+            return busyWith(process.toLongLong());
     }
     return {};
 }

@@ -37,6 +37,7 @@ private slots:
         const QByteArray before = portFingerprint();
         QVERIFY(writeFile(path("notes"), "x"));
         QCOMPARE(portFingerprint(), before); // of ports only: the system is asked when it changes
+        QVERIFY(writeFile(path("ttyS9"), "x") && portFingerprint() != before);
         std::vector<std::unique_ptr<PtyPair>> plugged;
         for (const char *name : {"COM5", "COM3", "COM-tower \u0142", "com4", "ttyUSB0"})
             plugged.push_back(plug(name));
@@ -226,13 +227,16 @@ private slots:
         const QByteArray parent = QByteArray::number(getppid());
         const QString running = QString::fromLocal8Bit(contents("/proc/%1/comm"_s.arg(getppid())).trimmed());
         const QString user = QString::fromLocal8Bit(getpwuid(geteuid())->pw_name);
-        const QString held = "Another program holds the port: \"%1\", process %2 of the user \"%3\"."_s.arg(
-            running, QString::fromLatin1(parent), user);
+        const auto held = [](const QString &process) {
+            return "Another program holds the port: \"%1\", process %2 of the user \"%3\"."_s.arg(
+                QString::fromLocal8Bit(contents("/proc/%1/comm"_s.arg(process)).trimmed()), process,
+                QFileInfo("/proc/"_s + process).owner());
+        };
         const QString left = "A program that has ended has left its lock behind%1.\n"
                              "The user \"%2\" or an administrator has to remove the file %3."_s;
         const QString program = ": \"varnelgraph\", process %1"_s.arg(getppid());
-        row("a running one", "      " + parent + " minicom root\n", held);
-        row("one line", parent, held);
+        row("a running one", "      " + parent + " minicom root\n", held(QString::number(getppid())));
+        row("one line, of the first of all", "1", held("1"_s));
         row("one that has ended", " 999999999\n", left.arg(QString(), user));
         row("a number given anew", parent + "\n varnelgraph\nbox\n", left.arg(program, user));
         row("two lines", parent + "\nvarnelgraph", left.arg(program, user));
