@@ -4,11 +4,10 @@
 
 #include <QCoreApplication>
 #include <QSocketNotifier>
-#include <QVector>
 
-#include <algorithm>
 #include <cstring>
 #include <fcntl.h>
+#include <list>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -45,17 +44,15 @@ private:
 };
 
 /// Started processes that have not been seen to end.
-QVector<pid_t> &helpers()
+std::list<pid_t> &helpers()
 {
-    static QVector<pid_t> pids;
+    static std::list<pid_t> pids;
     return pids;
 }
 
 void forgetEnded()
 {
-    const auto hasEnded = [](pid_t pid) { return ::waitpid(pid, nullptr, WNOHANG) != 0; };
-    QVector<pid_t> &pids = helpers();
-    pids.erase(std::remove_if(pids.begin(), pids.end(), hasEnded), pids.end());
+    helpers().remove_if([](pid_t pid) { return ::waitpid(pid, nullptr, WNOHANG) != 0; });
 }
 
 // The file of the program may have been replaced since it was started; what runs is still to be had there.
@@ -73,7 +70,7 @@ bool startHelper(const QByteArray &reason, int input, int output)
     const bool started = ::posix_spawn(&pid, "/proc/self/exe", &actions, nullptr, argv, environ) == 0;
     ::posix_spawn_file_actions_destroy(&actions);
     if (started)
-        helpers().append(pid);
+        helpers().push_back(pid);
     return started;
 }
 

@@ -7,10 +7,11 @@
 #include <QDBusPendingReply>
 #include <QDBusUnixFileDescriptor>
 #include <QFile>
-#include <QTimer>
 #include <QVariant>
 
 #include <chrono>
+#include <cstdio>
+#include <iterator>
 #include <optional>
 #include <thread>
 #include <unistd.h>
@@ -56,7 +57,6 @@ const Keeper keepers[] = {
     {false, "org.freedesktop.ScreenSaver", "/org/freedesktop/ScreenSaver", "org.freedesktop.ScreenSaver",
         "UnInhibit", programAndReason},
 };
-constexpr int keeperCount = int(sizeof keepers / sizeof *keepers);
 
 constexpr std::chrono::seconds farewell(2); // for giving the block back when a bus does not answer
 
@@ -137,7 +137,7 @@ SleepKeepers::~SleepKeepers()
 
 void SleepKeepers::askNext()
 {
-    while (++m_asked < keeperCount) {
+    while (++m_asked < int(std::size(keepers))) {
         if (isReachable(keepers[m_asked]))
             return ask(keepers[m_asked]);
     }
@@ -170,8 +170,8 @@ void SleepKeepers::onAnswered(QDBusPendingCallWatcher *watcher)
     } else {
         m_file = value.value<QDBusUnixFileDescriptor>();
     }
-    if (::write(STDOUT_FILENO, "+", 1) != 1)
-        QCoreApplication::quit();
+    std::putchar('+'); // whoever reads it no more has closed standard input, too
+    std::fflush(stdout);
 }
 
 int keepAwake(int argc, char **argv)
@@ -181,7 +181,7 @@ int keepAwake(int argc, char **argv)
     QCoreApplication::setApplicationName(words.at(words.size() - 2));
     std::thread(leaveWithStandardInput).detach();
     SleepKeepers sleepKeepers(words.last());
-    QTimer::singleShot(0, &sleepKeepers, SLOT(askNext()));
+    QMetaObject::invokeMethod(&sleepKeepers, "askNext", Qt::QueuedConnection);
     return QCoreApplication::exec();
 }
 
