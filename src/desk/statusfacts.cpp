@@ -83,8 +83,8 @@ void StatusFacts::set(Kind kind, const QString &port, const QString &detail)
 
 void StatusFacts::clear(Kind kind, const QString &port)
 {
-    if (m_facts[kind].remove(port) > 0)
-        refresh();
+    m_facts[kind].remove(port);
+    refresh();
 }
 
 void StatusFacts::replace(Kind kind, const QMap<QString, QString> &facts)
@@ -124,7 +124,7 @@ QStringList StatusFacts::explanations() const
 
 bool StatusFacts::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_bar && event->type() == QEvent::Resize)
+    if (event->type() == QEvent::Resize)
         refresh();
     return QObject::eventFilter(watched, event);
 }

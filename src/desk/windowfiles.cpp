@@ -30,7 +30,6 @@ DiskSyncer &WindowFiles::syncer() const
 
 std::unique_ptr<RecordingLog> WindowFiles::begin(const QString &portName)
 {
-    m_begun.clear();
     m_begunName = folder().fileName(QDateTime::currentDateTime(), portName, 1);
     if (!VarnelSettings().journalEnabled())
         return nullptr;

@@ -29,10 +29,10 @@ std::unique_ptr<RecordingLog> DeskReaderHost::createLog(const QString &portName)
 
 bool DeskReaderHost::claimClock(const QString &portName, ClockMoment moment)
 {
-    QMap<QString, bool> &sent = moment == ProcessStart ? m_startTimeSent : m_endTimeSent;
+    QSet<QString> &sent = moment == ProcessStart ? m_startTimeSent : m_endTimeSent;
     if (sent.contains(portName))
         return false;
-    sent.insert(portName, true);
+    sent.insert(portName);
     return true;
 }
 

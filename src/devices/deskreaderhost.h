@@ -6,6 +6,7 @@
 #include <QMap>
 #include <QObject>
 #include <QPointer>
+#include <QSet>
 
 class LiveWindows;
 class QMessageBox;
@@ -51,6 +52,6 @@ private:
     StatusFacts *m_facts;
     QMap<QString, QPointer<QMessageBox>> m_boxes; // one a failing port
     QMap<QString, EndedProcess> m_ends; // the newest of each port
-    QMap<QString, bool> m_startTimeSent; // by port; never cleared
-    QMap<QString, bool> m_endTimeSent;
+    QSet<QString> m_startTimeSent; // ports; never cleared
+    QSet<QString> m_endTimeSent;
 };

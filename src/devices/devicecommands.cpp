@@ -86,7 +86,6 @@ void DeviceCommands::ask(const QString &portName, const QString &silentPort)
 // The port may have gone and come back since.
 void DeviceCommands::onAnswered(int answer)
 {
-    m_question.clear();
     if (answer != QMessageBox::Yes)
         return;
     const QVector<SerialReader *> readers = m_targets->readers();

@@ -72,7 +72,6 @@ SerialReader *ListenedPorts::readerFor(const QString &portName) const
 
 void ListenedPorts::noteStartupPorts()
 {
-    m_startupPorts.clear();
     const QStringList names = listPortNames();
     for (const QString &name : names) {
         if (name.startsWith(portPrefix))
@@ -288,7 +287,6 @@ void ListenedPorts::forgetTroubleExcept(const QStringList &wanted)
 void ListenedPorts::remove(SerialReader *reader)
 {
     m_readers.removeOne(reader);
-    m_retries->stop(reader->portName());
     m_facts->clear(StatusFacts::Unwatched, reader->portName());
     reader->stop();
     reader->deleteLater();

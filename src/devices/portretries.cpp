@@ -26,8 +26,8 @@ void PortRetries::wait(const QString &portName)
 
 void PortRetries::stop(const QString &portName)
 {
-    if (m_waiting.remove(portName) > 0)
-        schedule();
+    m_waiting.remove(portName);
+    schedule();
 }
 
 void PortRetries::onTimer()

@@ -18,7 +18,6 @@ QLabel *linkLabel(const QString &text, const char *site, QWidget *parent)
 {
     const QString name = QString::fromLatin1(site);
     auto *label = new QLabel(parent);
-    label->setTextFormat(Qt::RichText);
     label->setText(QStringLiteral("%1<br/><a href=\"https://%2/\" style=\"color:#1b5fa8\">%2</a>")
                        .arg(text.toHtmlEscaped(), name));
     label->setAlignment(Qt::AlignCenter);

@@ -123,8 +123,6 @@ void DialogRemoteControl::poll()
 
 void DialogRemoteControl::control_data(const QString &line)
 {
-    if (!reader)
-        return;
     const QString reply = line.trimmed();
     if (reply.startsWith(QLatin1String("#TRYB"))) {
         timeOutTimer->stop();

@@ -75,6 +75,7 @@ private slots:
         }
         VarnelSettings().setPorts({});
         window->startRecording();
+        QVERIFY(!window->listenedPorts().isListening());
         window->stopRecording(); // of nothing
         QCOMPARE(bar(), "No port has been selected. | Listening: no port"_s);
         const QSignalSpy changes(parts(), SIGNAL(changed()));
@@ -180,6 +181,8 @@ private slots:
         choose({"COM3", "COM4"}); // which tries again, and has nothing new to say
         QCOMPARE(window->findChildren<QMessageBox *>("portFailed"_s).size(), 1);
         QVERIFY(window->activeMdiChild()->isLive());
+        window->findChild<DeskReaderHost *>()->portFailed("COM3"_s, "why"_s);
+        QCOMPARE(failure->text(), "why"_s);
         other.close();
         QTRY_COMPARE(bar(), "Start listening on port COM3. | Listening: COM3, COM4"_s); // it is no new one
         QTRY_VERIFY(!box("portFailed"));

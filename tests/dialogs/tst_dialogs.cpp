@@ -33,13 +33,15 @@ private slots:
             QVERIFY2(label->size().expandedTo(label->minimumSizeHint()) == label->size()
                     && label->alignment() == Qt::AlignCenter,
                 qPrintable(label->text())); // nothing is cut off
+            const bool isLink = label->openExternalLinks()
+                && label->textInteractionFlags().testFlag(Qt::LinksAccessibleByKeyboard);
             said.append(label->pixmap(Qt::ReturnByValue).width() > 150 ? "picture"_s
-                    : label->openExternalLinks()                       ? label->text().section('"', 1, 1)
-                                                                       : label->text());
+                    : isLink ? label->text().section('"', 1, 1) + label->toolTip()
+                             : label->text());
         }
         QCOMPARE(said.join(' '),
-            "picture Version V4.60 https://varnel.example.com/ https://shop.varnel.example.com/"_s);
-        QVERIFY(about.findChild<QPushButton *>()->isDefault());
+            "picture Version V4.60 https://varnel.example.com/varnel.example.com "
+            "https://shop.varnel.example.com/shop.varnel.example.com"_s);
         about.findChild<QPushButton *>()->click();
         QVERIFY(!about.isVisible());
         QCOMPARE(about.exec(1), int(QDialog::Rejected)); // by itself
@@ -60,9 +62,9 @@ private slots:
             QStringList({" 20,10 381x191", "Set varnel3's time while starting 20,210 355x20",
                 "OK 20,250 120x23", "Cancel 150,250 120x23", "Refresh 280,250 120x23", "Reset 280,280 120x23",
                 "Reset all settings to default: 20,280 251x20 Reset",
-                "Language (from next start): 20,312 251x20 ", " 280,310 120x23"}));
+                "Language (from next start): 20,312 251x20 ", "System 280,310 120x23"}));
         const auto back = qScopeGuard([usual = QApplication::font()] { QApplication::setFont(usual); });
-        for (const double factor : {1.2, 3.0}) {
+        for (const double factor : {1.3, 3.0}) {
             QFont large = dialog.font();
             large.setPointSizeF(large.pointSizeF() * factor);
             QApplication::setFont(large);
@@ -141,6 +143,7 @@ private slots:
         for (const char *button : {"Cancel", "Ok"}) {
             DialogPreferences dialog(nullptr);
             QVERIFY(dialog.findChild<QCheckBox *>("sendTime"_s)->isChecked());
+            QCOMPARE(dialog.findChild<QComboBox *>("language"_s)->currentData().toString(), "de"_s);
             click(dialog, "Reset");
             QCOMPARE(ticks(dialog), "COM3"_s);
             click(dialog, button);
@@ -168,7 +171,8 @@ private:
         const auto parts = dialog.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
         for (const QWidget *part : parts) {
             const QRect at = part->geometry();
-            places << "%1 %2,%3 %4x%5"_s.arg(part->property("text").toString())
+            places << "%1 %2,%3 %4x%5"_s
+                          .arg(part->property("text").toString() + part->property("currentText").toString())
                           .arg(at.x())
                           .arg(at.y())
                           .arg(at.width())
