@@ -27,16 +27,16 @@ FileDrops::FileDrops(QWidget *window)
     window->installEventFilter(this);
 }
 
-bool FileDrops::eventFilter(QObject *watched, QEvent *event)
+bool FileDrops::eventFilter(QObject *, QEvent *event)
 {
-    if (event->type() != QEvent::DragEnter && event->type() != QEvent::Drop)
-        return QObject::eventFilter(watched, event);
-    auto *drop = static_cast<QDropEvent *>(event); // a QDragEnterEvent is one too
-    const QStringList files = filesOf(drop->mimeData());
-    if (files.isEmpty())
-        return true;
-    drop->acceptProposedAction();
-    if (event->type() == QEvent::Drop)
-        emit dropped(files);
-    return true;
+    const bool drops = event->type() == QEvent::Drop;
+    if (drops || event->type() == QEvent::DragEnter) {
+        auto *drop = static_cast<QDropEvent *>(event); // a QDragEnterEvent is one too
+        const QStringList files = filesOf(drop->mimeData());
+        if (!files.isEmpty())
+            drop->acceptProposedAction();
+        if (!files.isEmpty() && drops)
+            emit dropped(files);
+    }
+    return false; // the window itself does nothing with them
 }

@@ -11,7 +11,6 @@
 #include "machine/sleepblock.h"
 #include "app/stylesheet.h"
 #include "app/translators.h"
-#include "resources/resources.h"
 #include "settings/language.h"
 #include "settings/settingskeeper.h"
 #include "settings/varnelsettings.h"
@@ -81,7 +80,6 @@ int runProgram(const QStringList &files)
     case SingleInstance::Role::Unanswered:
         return tellUnanswered(instance.holder());
     }
-    initResources();
     installStyleSheet(qApp, QCoreApplication::applicationDirPath());
     QObject::connect(qApp, SIGNAL(lastWindowClosed()), &instance, SLOT(retire()));
     QObject::connect(qApp, SIGNAL(lastWindowClosed()), qApp, SLOT(quit()));

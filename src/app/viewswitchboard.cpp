@@ -34,7 +34,6 @@ ViewSwitchboard::ViewSwitchboard(
     , m_displays(displays)
     , m_shownRecord(shownRecord)
 {
-    publish();
     connect(m_displays, SIGNAL(dataClosed()), this, SLOT(dataClosed()));
     connect(m_displays, SIGNAL(capacityClosed()), this, SLOT(barGraphClosed()));
     connect(m_displays, SIGNAL(voltageClosed()), this, SLOT(graphClosed()));

@@ -138,9 +138,9 @@ void writeCell(Row &row, const Varnel3Data &record, int cell)
     record.resistanceValid ? row.add(data.resistance) : row.addEmpty();
 }
 
-void writeRecord(Row &row, int index, const Varnel3Data &record, int cells)
+void writeRecord(Row &row, int number, const Varnel3Data &record, int cells)
 {
-    row.add(index + 1);
+    row.add(number);
     for (const Column &column : recordColumns)
         column.write(row, record);
     for (const Column &column : cellStatisticColumns)
@@ -196,7 +196,7 @@ bool CsvRows::writeNext(QIODevice &device)
 
 double CsvRows::progress() const
 {
-    return m_count > 0 ? double(qMax(0, m_next)) / m_count : 0.0;
+    return double(m_rows) / (m_count + 1);
 }
 
 void CsvRows::lookForCells()
@@ -212,20 +212,21 @@ void CsvRows::lookForCells()
 bool CsvRows::writeRows(QIODevice &device)
 {
     Row row;
-    if (m_next == notBegun) {
+    if (m_rows == 0) {
         writeHeader(row, m_cells);
-        m_next = 0;
+        ++m_rows;
     }
     const DerivedColumns derived(m_store);
-    for (; m_next < m_count && row.size() < pieceSize; ++m_next) {
-        if (m_next >= m_markedFrom) {
-            Varnel3Data record = m_records.at(m_next);
+    for (; !atEnd() && row.size() < pieceSize; ++m_rows) {
+        const int index = m_rows - 1;
+        if (index >= m_markedFrom) {
+            Varnel3Data record = m_records.at(index);
             record.flag4 = EndMark::letter;
-            writeRecord(row, m_next, record, m_cells);
+            writeRecord(row, m_rows, record, m_cells);
         } else {
-            writeRecord(row, m_next, m_records.at(m_next), m_cells);
+            writeRecord(row, m_rows, m_records.at(index), m_cells);
         }
-        derived.write(row, m_next);
+        derived.write(row, index);
         row.end();
     }
     return writeAllBytes(device, row.data(), row.size());

@@ -16,12 +16,10 @@ public:
     explicit CsvRows(const SeriesStore &store);
 
     bool writeNext(QIODevice &device) override;
-    bool atEnd() const override { return m_next == m_count; }
+    bool atEnd() const override { return m_rows > m_count; }
     double progress() const override;
 
 private:
-    static constexpr int notBegun = -1;
-
     void lookForCells();
     bool writeRows(QIODevice &device);
 
@@ -31,5 +29,5 @@ private:
     const int m_markedFrom; // as it was then
     int m_looked = 0; // records whose cells were counted, so that the header knows the widest
     int m_cells = 0; // of the widest record
-    int m_next = notBegun; // record to be written
+    int m_rows = 0; // written, that of the titles among them
 };

@@ -46,7 +46,7 @@ void JournalNotice::showLarge(const QString &path, qint64 bytes)
 {
     VarnelSettings settings;
     const qint64 told = settings.value(SettingsKey::journalToldSize).toLongLong();
-    if (told > 0 && told <= bytes && bytes - told < JournalKeeper::largeFolder)
+    if (told <= bytes && told > bytes - JournalKeeper::largeFolder)
         return; // told on another day, and left so
     settings.setValue(SettingsKey::journalToldSize, bytes);
     m_folder = path;

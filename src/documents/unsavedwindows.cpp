@@ -209,7 +209,6 @@ void UnsavedWindows::onSaved(bool saved)
 {
     if (!saved) {
         m_saves.clear();
-        m_closing.clear();
         return;
     }
     Pending &one = m_saves.first();
@@ -224,7 +223,6 @@ void UnsavedWindows::closeSettled()
     m_settled = true;
     if (m_closing)
         m_closing->close();
-    m_closing.clear();
     m_settled = false;
 }
 

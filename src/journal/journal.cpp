@@ -24,6 +24,12 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(Journal)
 };
 
+/// How many of the first `count` bytes, of none where it is negative, are whole lines.
+int wholeLines(const char *bytes, int count)
+{
+    return QByteArray::fromRawData(bytes, std::max(0, count)).lastIndexOf('\n') + 1;
+}
+
 } // namespace
 
 Journal::Journal(
@@ -90,8 +96,8 @@ void Journal::create()
 {
     QDir().mkpath(m_folder.path());
     CreatedFile created;
-    for (; m_attempt <= mostAttempts; ++m_attempt) {
-        m_fileName = m_folder.fileName(m_started, m_portName, m_attempt);
+    for (int attempt = 1; attempt <= mostAttempts; ++attempt) {
+        m_fileName = m_folder.fileName(m_started, m_portName, attempt);
         created = createLockedFile(m_fileName);
         if (!created.exists)
             break;
@@ -139,7 +145,6 @@ void Journal::abandonFile()
     }
     m_descriptor = noDescriptor;
     m_size = 0;
-    m_attempt = 1;
     const QString name = m_fileName;
     create();
     m_listener.replaced(name, m_fileName);
@@ -153,7 +158,7 @@ bool Journal::restore()
     for (int left = mostPieces; left > 0 && m_size < m_lostSize; --left) {
         const int wanted = int(std::min<qint64>(piece.size(), m_lostSize - m_size));
         const int read = readBytes(m_lost, m_size, piece.data(), wanted);
-        const int whole = read > 0 ? piece.lastIndexOf('\n', read - 1) + 1 : 0;
+        const int whole = wholeLines(piece.constData(), read);
         if (whole == 0 && read == piece.size()) {
             piece.resize(2 * piece.size()); // a line must come as a whole
             continue;
@@ -180,7 +185,7 @@ int Journal::write(const QByteArray &lines)
         m_failure = qt_error_string();
         return 0;
     }
-    const int whole = lines.lastIndexOf('\n', written - 1) + 1;
+    const int whole = wholeLines(lines.constData(), written);
     const bool cut = written > whole && cutFile(m_descriptor, m_size + whole);
     const int taken = cut ? whole : written;
     m_size += taken;

@@ -78,7 +78,6 @@ private:
     QDateTime m_started;
     QString m_fileName;
     State m_state = State::Writing;
-    int m_attempt = 1; // at a free name
     int m_descriptor = noDescriptor;
     qint64 m_size = 0; // of the file, whole lines only
     int m_lost = noDescriptor; // the file that has lost its name, until all of it is in the new one

@@ -55,8 +55,7 @@ QDateTime JournalFolder::startOf(const QString &fileName)
 {
     const QFileInfo info(fileName);
     const QString name = info.completeBaseName();
-    if (info.suffix() != QLatin1String("acp") || name.size() <= stampLength
-        || name[stampLength] != QLatin1Char('_'))
+    if (info.suffix() != QLatin1String("acp") || name.mid(stampLength, 1) != QLatin1String("_"))
         return QDateTime();
     return QDateTime::fromString(name.left(stampLength), QLatin1String(stampFormat));
 }
@@ -130,7 +129,7 @@ bool JournalFolder::isWorthKeeping(const QString &fileName)
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || file.size() > largestEmpty)
         return true;
-    LineSource lines(file, largestEmpty + 1);
+    LineSource lines(file, largestEmpty);
     QLatin1String line;
     for (int records = 0;;) {
         const LineSource::Found found = lines.next(&line);

@@ -8,6 +8,16 @@
 
 #include <algorithm>
 
+namespace {
+
+void storeAtOnce(VarnelSettings *settings, const QString &key, const QVariant &value)
+{
+    settings->setValue(key, value);
+    settings->sync();
+}
+
+} // namespace
+
 VarnelSettings::VarnelSettings(QObject *parent)
     : QSettings(QSettings::IniFormat, QSettings::UserScope, QCoreApplication::organizationName(),
         QCoreApplication::applicationName(), parent)
@@ -56,8 +66,7 @@ QStringList VarnelSettings::ports() const
 
 void VarnelSettings::setPorts(const QStringList &ports)
 {
-    setValue(SettingsKey::ports, ports);
-    sync();
+    storeAtOnce(this, SettingsKey::ports, ports);
 }
 
 bool VarnelSettings::sendTime() const
@@ -67,8 +76,7 @@ bool VarnelSettings::sendTime() const
 
 void VarnelSettings::setSendTime(bool on)
 {
-    setValue(SettingsKey::sendTime, on);
-    sync();
+    storeAtOnce(this, SettingsKey::sendTime, on);
 }
 
 QString VarnelSettings::language() const
@@ -78,8 +86,7 @@ QString VarnelSettings::language() const
 
 void VarnelSettings::setLanguage(const QString &code)
 {
-    setValue(SettingsKey::language, code.isEmpty() ? QVariant() : QVariant(code));
-    sync();
+    storeAtOnce(this, SettingsKey::language, code.isEmpty() ? QVariant() : QVariant(code));
 }
 
 bool VarnelSettings::journalEnabled() const

@@ -150,31 +150,27 @@ private slots:
             QCOMPARE(switches[i], action(Id(int(Id::Temperature) + i))->isChecked());
     }
 
-    void shownAgain_data()
-    {
-        columns<Ids, Ids>({"before", "after"});
-        const Id b = Id::Balancer, v = Id::Energy;
-        QTest::newRow("B") << Ids{b, v, v, b} << Ids{b};
-        QTest::newRow("Avg") << Ids{b, v, v, b} << Ids{Id::Average};
-        QTest::newRow("Vc") << Ids{b, v} << Ids{v};
-    }
-
     /// The newest record goes to the data display again, which from then on knows its resistances.
     void shownAgain()
     {
-        QFETCH(Ids, before);
-        QFETCH(Ids, after);
-        MdiGraphChild *child = window->createMdiChild();
-        click(Ids{Id::Data} + before);
-        for (int time = 0; time < 3; ++time)
-            child->addRecord(Lines::record(time));
-        child->applyResistanceLine("!20" + QByteArray(",20").repeated(15));
-        click(after);
-        child->addRecord(Lines::record(3));
-        const auto *display = window->findChild<DataDisplay *>();
-        settle(*display);
-        QCOMPARE(
-            display->findChild<QLabel *>("cellValue1")->text().trimmed().replace(',', '.'), QString("2.0"));
+        const Id b = Id::Balancer, v = Id::Energy;
+        const std::pair<Ids, Id> cases[]
+            = {{{b, v, v, b}, b}, {{b, v, v, b}, Id::Average}, {{b, v}, v}}; // before, and again
+        for (const auto &[before, again] : cases) {
+            cleanup();
+            init();
+            MdiGraphChild *child = window->createMdiChild();
+            click(Ids{Id::Data} + before);
+            for (int time = 0; time < 3; ++time)
+                child->addRecord(Lines::record(time));
+            child->applyResistanceLine("!20" + QByteArray(",20").repeated(15));
+            click({again});
+            child->addRecord(Lines::record(3));
+            const auto *display = window->findChild<DataDisplay *>();
+            settle(*display);
+            const QString shown = display->findChild<QLabel *>("cellValue1")->text();
+            QCOMPARE(shown.trimmed().replace(',', '.'), QString("2.0"));
+        }
     }
 
     /// Each as its switch says, its own close button included; the bar display goes with the balancer view.
@@ -256,6 +252,7 @@ private slots:
     /// The buttons of a tool bar take no focus, so that the menus hold what they do.
     void menus()
     {
+        QVERIFY(!action(Id::Next)->associatedWidgets().isEmpty()); // its key is heard at once
         window->createMdiChild();
         window->updateWindowMenu(); // as often as it is shown
         const std::function<QString(const QWidget *)> textsOf = [&](const QWidget *widget) {
@@ -280,6 +277,8 @@ private slots:
                     + QString("Graph window[&Restore,&Move,&Size,Mi&nimize,Ma&ximize]"),
                 "&Print[Capacity comparison,Voltage comparison,Bar display,Active plot", tools,
                 "|,&Help[User guide,|,&About]"}));
+        QVERIFY(window->menuBar()->actions().at(3)->menu()->toolTipsVisible());
+        QCOMPARE(action(Id::OpenRecordings)->toolTip(), action(Id::OpenRecordings)->statusTip());
         QCOMPARE(textsOf(window->findChild<QToolBar *>("mainToolBar")),
             QString("Open file,Save as,&Cascade,&Tile,|,Recording,Stop process,|,DATA,Graph,Bar Graph,|,"
                     "T,dV,Rw,|,B,Avg,S,P%,"));

@@ -14,7 +14,7 @@ private slots:
         row("files", "a.acp b.abp", CommandLine::Run, "", 2);
         row("a file like an option", "-- --render", CommandLine::Run, "", 1);
         row("toolkit's words", "-name x --style=fusion a.acp -reverse -icon y b", CommandLine::Run, "", 2);
-        row("files like words of the toolkit", "-- -style b", CommandLine::Run, "", 2);
+        row("files like words of the toolkit", "style -- -style b", CommandLine::Run, "", 3);
         row("help", "--help", CommandLine::Print, "", 0);
         row("version among files", "a.acp -v", CommandLine::Print, "", 1);
         row("export", "--export-csv out.csv a.acp", CommandLine::ExportCsv, "out.csv", 1);

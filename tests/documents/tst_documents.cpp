@@ -7,7 +7,7 @@
 #include "displays/powerdisplay.h"
 #include "displays/voltagecomparison.h"
 #include "documents/graphprinting.h"
-#include "printing/printjob.h"
+#include "printing/printrequest.h"
 #include "support/columns.h"
 #include "support/documentrig.h"
 #include "support/limits.h"
@@ -297,8 +297,10 @@ private slots:
         if (!window->isVisible())
             return;
         QCOMPARE(message(), QString("Opening was cancelled."));
+        const QSignalSpy opened(window->findChild<Documents *>(), SIGNAL(opened()));
         window->openFiles({dataFile("next.acp", 3)});
-        QTRY_COMPARE(window->mdiChildren().size(), 2);
+        QTRY_COMPARE(opened.size(), 1);
+        QVERIFY(window->mdiChildren().size() == 2 && !patience->isActive());
         QCOMPARE(window->activeMdiChild()->store().size(), 3);
     }
 
@@ -308,6 +310,18 @@ private slots:
         MdiGraphChild *child = window->createMdiChild();
         for (int i = 0; i < 30; ++i)
             child->addRecord(Lines::record(i));
+        QStringList asked;
+        for (const ActionId id :
+            {ActionId::PrintCapacity, ActionId::PrintVoltage, ActionId::PrintBars, ActionId::PrintPlot}) {
+            trigger(id);
+            auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+            QVERIFY(dialog);
+            asked << dialog->findChild<PrintRequest *>()->job().title;
+            dialog->reject();
+        }
+        QCOMPARE(asked,
+            QStringList({"Varnel - capacity comparison", "Varnel - voltage comparison",
+                "Varnel - bar display", "Varnel - graph"}));
         const PrintJob job = graphPrintJob(child, "run");
         QVERIFY2(job.details.startsWith("1: Varnel 3, "), qPrintable(job.details));
         child->setPortName("COM3");
@@ -353,19 +367,22 @@ private slots:
         const QImage image = QImage::fromData(png.data());
         QCOMPARE(image.size(), QSize(96, 192));
         QVERIFY(image.pixelColor(0, 0) == Qt::red && image.pixelColor(95, 191) == Qt::red);
-        QCOMPARE(image.dotsPerMeterY(), 3780);
+        QCOMPARE(QPoint(image.dotsPerMeterX(), image.dotsPerMeterY()), QPoint(3780, 3780));
     }
 
     void dropped()
     {
         const QString path = dataFile("one.acp", 3);
-        QMimeData data;
-        data.setUrls({QUrl("https://host.example/two.acp"), QUrl::fromLocalFile(path)});
-        QDragEnterEvent enter(QPoint(50, 200), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(window.get(), &enter);
-        QVERIFY(enter.isAccepted());
-        QDropEvent drop(QPointF(50, 200), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(window.get(), &drop);
+        QVERIFY(window->acceptDrops());
+        for (const bool any : {false, true}) {
+            QMimeData data;
+            data.setUrls({QUrl("https://host.example/two.acp"), any ? QUrl::fromLocalFile(path) : QUrl()});
+            QDragEnterEvent enter(QPoint(50, 200), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(window.get(), &enter);
+            QDropEvent drop(QPointF(50, 200), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(window.get(), &drop);
+            QVERIFY(enter.isAccepted() == any && drop.isAccepted() == any);
+        }
         QTRY_COMPARE(window->mdiChildren().size(), 1);
         QCOMPARE(message(), QString("Data loaded from disk.")); // and nothing else was tried
     }

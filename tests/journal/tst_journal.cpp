@@ -79,8 +79,11 @@ private slots:
     void lines()
     {
         // Longer than any device's, so that it is written anew; in a mode that has no letter then.
+        const QString usual = chargerLine(1, "T");
         const QString endless
-            = chargerLine(1, "T").replace(QLatin1String(",00001"), QString(4096, ' ').prepend(',') + '1');
+            = QString(usual).replace(",00001", ',' + QString(4101 - usual.size(), ' ') + '1');
+        const QString longest = QString(endless).remove(20, 1);
+        QCOMPARE(longest.size(), 4096);
         const QString broken
             = chargerLine(3).replace('%', '\n'); // what a file can't hold is written anew, too
         const std::pair<QStringList, QStringList> cases[] = {
@@ -93,7 +96,7 @@ private slots:
             // Resistances of what can't be read go to no other record.
             {{chargerLine(0), endless, resistances + "\r\n", chargerLine(2), resistances},
                 {chargerLine(0), chargerLine(1, " "), '~' + resistances, chargerLine(2), resistances}},
-            {{broken}, {broken}}};
+            {{broken}, {broken}}, {{longest}, {longest}}};
         for (const auto &expected : cases) {
             JournalLines lines;
             Varnel3Data record;
@@ -228,7 +231,8 @@ private slots:
     {
         const auto openFiles
             = [] { return QDir("/proc/self/fd").entryList(QDir::AllEntries | QDir::System).size(); };
-        for (const char *harm : {"removed", "replaced", "moved", "cut", "folder moved"}) {
+        for (const char *harm :
+            {"removed", "replaced", "moved", "cut", "cut behind a line", "folder moved"}) {
             QTemporaryDir place;
             const int openBefore = openFiles();
             auto keeper = std::make_unique<JournalKeeper>(
@@ -250,14 +254,16 @@ private slots:
             else
                 QVERIFY(
                     QFile::remove(name) && (harm != QByteArray("replaced") || writeFile(name, "precious\n")));
-            if (*harm == 'c') { // within a line
+            if (*harm == 'c') {
                 all.truncate(all.indexOf('\n', 9999) + 1);
-                QVERIFY(QFile::resize(mine, all.size() + 100));
+                QVERIFY(QFile::resize(mine, all.size() + (harm == QByteArray("cut") ? 100 : 0)));
             }
             const bool full = harm == QByteArray("removed"); // for so many, and what comes later has room
             if (full) {
                 const FileSizeLimit limit(40000);
                 QTRY_VERIFY_WITH_TIMEOUT(!replaced.isEmpty(), longTime);
+                QVERIFY(QMetaObject::invokeMethod(keeper.get(), "lookAfterFiles"));
+                QVERIFY(!keeper->holdsAll(keeper->currentFile(port)));
                 send(*log, 20, 1);
                 QVERIFY(QMetaObject::invokeMethod(keeper.get(), "lookAfterFiles"));
                 all += chargerLine(20).toLatin1() + '\n';

@@ -127,9 +127,11 @@ private slots:
         QCOMPARE(overlay()->statusBar()->currentMessage(), QString("Opening was cancelled."));
         disconnect(atFirst);
         commands->showFiles(files, {"a", "b", "c"});
-        atFirst = connect(queue, &FileQueue::loaded, overlay(), &QWidget::close);
+        atFirst = connect(queue, &FileQueue::loaded, overlay(), [&] {
+            disconnect(atFirst);
+            overlay()->close();
+        });
         QTRY_COMPARE(finished.size(), 2);
-        disconnect(atFirst);
         QVERIFY(!queue->isBusy() && !overlay()->isVisible() && entries().isEmpty());
         commands->showFiles({files[1]}, {});
         QTRY_VERIFY(entries().startsWith("b, ~"));

@@ -61,7 +61,9 @@ private slots:
         settings.setPorts({"COM5", "COM3"});
         QVERIFY(SettingsKeeper::waitForWritten(forEver));
         QCOMPARE(contents(file), QByteArray("[General]\nports=COM5, COM3\n"));
+        QCOMPARE(settings.ports(), QStringList({"COM5", "COM3"})); // though it has not read it again
         QVERIFY(writeFile(file, "[General]\nports=COM4, COM2\n") && makeOld(file, 1));
+        QCOMPARE(VarnelSettings().ports(), QStringList({"COM4", "COM2"}));
         SettingsKeeper::instance().write(file); // only looks
         QVERIFY(SettingsKeeper::waitForWritten(forEver));
         QCOMPARE(VarnelSettings().ports(), QStringList({"COM4", "COM2"}));

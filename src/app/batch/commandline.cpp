@@ -98,11 +98,9 @@ void refuseWord(CommandLine &line, const char *option, const QString &word)
 bool readSize(const QString &text, QSize *size)
 {
     const QStringList sides = text.split(QLatin1Char('x'));
-    bool widthFits = false;
-    bool heightFits = false;
-    *size = QSize(sides.value(0).toInt(&widthFits), sides.value(1).toInt(&heightFits));
+    *size = QSize(sides.value(0).toInt(), sides.value(1).toInt()); // 0 is too small, too
     const auto fits = [](int side) { return side >= smallestSide && side <= largestSide; };
-    return sides.size() == 2 && widthFits && heightFits && fits(size->width()) && fits(size->height());
+    return sides.size() == 2 && fits(size->width()) && fits(size->height());
 }
 
 QString name(const char *option)

@@ -78,9 +78,7 @@ PlaceLock::Outcome PlaceLock::take()
 {
     constexpr int flags = O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW;
     const int descriptor = ::open(d->fileName.constData(), flags, S_IRUSR | S_IWUSR);
-    if (descriptor < 0)
-        return Outcome::Impossible;
-    if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
+    if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) { // nor is one locked that could not be opened
         const bool taken = errno == EWOULDBLOCK;
         ::close(descriptor);
         return taken ? Outcome::Taken : Outcome::Impossible;

@@ -380,9 +380,9 @@ void DataFilesModel::takeSourceRows(const QModelIndex &parent, int first, int la
         beginInsertRows({}, m_listing.entries.size(), m_listing.entries.size());
         m_listing.rows.insert(name, m_listing.entries.size());
         m_listing.entries.append({name, true});
-        m_states.append(Unknown);
-        m_visit.known.insert(name, {fileDetails(files()->filePath(index), wantsLength()), m_generation});
-        setState(name, m_visit.known.value(name).details);
+        const FileDetails details = fileDetails(files()->filePath(index), wantsLength());
+        m_states.append(details.isWritable ? Writable : Known);
+        m_visit.known.insert(name, {details, m_generation});
         endInsertRows();
     }
 }

@@ -136,7 +136,7 @@ void FolderView::selectTyped(const QString &text)
     for (const QString &name : names) {
         const int row = m_model->listing().rowOf(name);
         if (row >= 0)
-            selection.select(m_model->index(row, 0), m_model->index(row, 0));
+            selection.append(QItemSelectionRange(m_model->index(row, 0)));
         else if (!name.trimmed().isEmpty())
             isWhole = false;
     }
@@ -165,7 +165,7 @@ void FolderView::onListed(bool complete)
     m_dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))
         ->setPlaceholderText(complete ? QString() : tr("The folder is being read..."));
     m_completer->refresh();
-    if (complete && m_model->rowCount() > 0)
+    if (complete && m_model->hasChildren())
         fitList(static_cast<QListView *>(view("listView")));
 }
 

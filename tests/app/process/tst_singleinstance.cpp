@@ -119,6 +119,9 @@ private slots:
         QLocalSocket talker;
         talker.connectToServer(socketIn(folder.path()));
         talker.write(said);
+        bool answered = false; // by the time that whoever opens the files hears of them
+        connect(first.get(), &SingleInstance::called, &talker,
+            [&] { answered = talker.waitForReadyRead(10000); });
         const auto isHeard = [&] {
             const auto *listener = first->findChild<QLocalSocket *>();
             return names < 0 ? talker.state() == QLocalSocket::UnconnectedState
@@ -130,6 +133,7 @@ private slots:
         QCOMPARE(patience ? patience->interval() : -1, names < 0 ? -1 : 10000);
         QCOMPARE(talker.state() == QLocalSocket::ConnectedState, names >= 0);
         QCOMPARE(heard().size(), qMax(0, names));
+        QCOMPARE(answered, names > 0);
         if (names == 0) { // and nothing comes
             first->findChild<QTimer *>()->start(0);
             QTRY_COMPARE(talker.state(), QLocalSocket::UnconnectedState);
