@@ -106,7 +106,7 @@ private slots:
         QTRY_VERIFY(entries().contains("COM7")); // what it was called in an overlay before may no longer hold
         commands->showFiles(QVector<QString>(25, journal).toList(), {});
         QCOMPARE(entries(), ""); // until they are read
-        QTRY_COMPARE(entries().count("COM7"), 20);
+        QTRY_COMPARE(entries().count("COM7, 2026-05-03 14:20 4"), 20);
         QCOMPARE(overlay()->statusBar()->currentMessage(), QString("No more than 20 recordings are shown."));
         QVERIFY(!overlay()->findChild<QMessageBox *>("overlayFailures")); // nothing fails any more
     }

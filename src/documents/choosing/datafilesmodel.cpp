@@ -267,11 +267,7 @@ void DataFilesModel::discard(FolderListing *listing)
 {
     const auto old = std::make_shared<FolderListing>();
     std::swap(*old, *listing);
-    const auto clear = [old] {
-        *old = {};
-        return 0;
-    };
-    m_jobs->run(clear, [](int) {});
+    m_jobs->run([old] { return *old = {}; }, [](const FolderListing &) {});
 }
 
 // The source still holds what it was once asked for; its own slot takes a list of what there is. Of what was
