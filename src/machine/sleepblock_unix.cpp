@@ -66,7 +66,7 @@ bool startHelper(const QByteArray &reason, int input, int output)
     QByteArray words[] = {QCoreApplication::applicationFilePath().toLocal8Bit(), helperWord,
         QCoreApplication::applicationName().toLocal8Bit(), reason};
     char *argv[] = {words[0].data(), words[1].data(), words[2].data(), words[3].data(), nullptr};
-    pid_t pid = 0;
+    pid_t pid;
     const bool started = ::posix_spawn(&pid, "/proc/self/exe", &actions, nullptr, argv, environ) == 0;
     ::posix_spawn_file_actions_destroy(&actions);
     if (started)
@@ -117,7 +117,7 @@ void SleepBlock::Private::start(const QString &reason)
 // had the block has lost its bus, and the next acquire() looks for another.
 void SleepBlock::Private::onOutput()
 {
-    char byte = 0;
+    char byte;
     const bool had = granted;
     granted = ::read(m_output, &byte, sizeof byte) == 1;
     if (granted)

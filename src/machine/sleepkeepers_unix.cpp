@@ -93,8 +93,8 @@ QDBusPendingCall call(const Keeper &keeper, const char *method, const QVariantLi
 // never answers holds up everything here but this.
 void leaveWithStandardInput()
 {
-    char byte = 0;
-    while (::read(STDIN_FILENO, &byte, 1) > 0) { }
+    char byte;
+    while (::read(STDIN_FILENO, &byte, sizeof byte) > 0) { }
     QMetaObject::invokeMethod(QCoreApplication::instance(), "quit", Qt::QueuedConnection);
     std::this_thread::sleep_for(farewell);
     ::_exit(0);

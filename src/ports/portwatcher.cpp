@@ -29,19 +29,18 @@ void PortWatcher::noteLost(const QString &name)
     if (port == m_known.end())
         return;
     port->identity = lostIdentity;
-    m_changed = true;
+    m_fingerprint.reset();
     m_timer->start(); // time for the system to take the port away
 }
 
 void PortWatcher::look()
 {
     const QByteArray fingerprint = portFingerprint();
-    if (fingerprint == m_fingerprint && !m_changed)
+    if (fingerprint == m_fingerprint)
         return;
-    if (m_changed)
+    if (!m_fingerprint)
         forgetListedPorts();
     m_fingerprint = fingerprint;
-    m_changed = false;
     QStringList order;
     const KnownPorts before = m_known;
     const KnownPorts now = m_known = presentPorts(&order); // copies: who is told may call noteLost()

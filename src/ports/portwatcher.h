@@ -6,6 +6,8 @@
 #include <QHash>
 #include <QObject>
 
+#include <optional>
+
 class QTimer;
 
 /// Tells which ports come and go, within two periods. Looks once in each at a fingerprint that costs next to
@@ -43,7 +45,6 @@ private:
     static KnownPorts presentPorts(QStringList *order);
 
     QTimer *m_timer; // child
-    QByteArray m_fingerprint; // when the ports were listed last
-    bool m_changed = false; // list them whatever the fingerprint says
+    std::optional<QByteArray> m_fingerprint; // when the ports were listed last; none: to be listed anew
     KnownPorts m_known;
 };
