@@ -2,32 +2,50 @@
 #include "graph/mdigraphchild.h"
 #include "resources/resources.h"
 #include "support/literal.h"
-#include "support/simrig.h"
+#include "simulator/rack.h"
+#include "support/shellrig.h"
 #include "support/warningcollector.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QDir>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QStackedWidget>
 #include <QTimer>
 
 /// Simulated devices under the whole program, a hundred times as fast: its remote control of them, and what
 /// becomes of their recordings when they break off.
-class TestSimulatedDevices : public QObject, private SimRig {
+class TestSimulatedDevices : public QObject, private ShellRig {
     Q_OBJECT
 private slots:
     void initTestCase() { initResources(); }
-    void init() { setUp(100); }
-    void cleanup() { tearDown(); }
+    void init()
+    {
+        setUp();
+        sim::RunSettings run;
+        run.folder = fixture->portFolder();
+        run.speed = 100;
+        rack = std::make_unique<sim::Rack>(run);
+    }
+    void cleanup()
+    {
+        window->close();
+        window.reset();
+        rack.reset();
+        tearDown();
+    }
+
     void remoteControlRunsAProcess()
     {
+        const QSignalSpy told(rack.get(), &sim::Rack::happened);
         start({"COM1:varnel3,cells=4,balance,start=remote,detect=1"});
         trigger(ActionId::RemoteControl);
         auto *dialog = window->findChild<DialogRemoteControl *>();
         const auto *pages = dialog->findChild<QStackedWidget *>("pages"_s);
         QTRY_COMPARE(pages->currentIndex(), 0);
         dialog->findChild<QComboBox *>("cbTryb0_nc"_s)->setCurrentIndex(6);
-        QTRY_COMPARE(device("COM1")->panel().memory(), 7);
+        QTRY_COMPARE(rack->device("COM1"_s)->panel().memory(), 7);
         QTRY_COMPARE(pages->currentIndex(), 2);
         auto *cells = dialog->findChild<QComboBox *>("cbTryb2_nr"_s);
         QTRY_COMPARE(cells->currentIndex(), 3);
@@ -38,8 +56,9 @@ private slots:
         QCOMPARE(window->activeMdiChild()->store().records().first().cellCount, 6);
         dialog->findChild<QPushButton *>("pbTryb3_stop"_s)->click();
         QTRY_COMPARE(pages->currentIndex(), 4);
-        QTRY_VERIFY(modalBox() && modalBox()->windowTitle() == "Aborted"_s);
-        QVERIFY(told.contains("COM1 told #STOP"));
+        const auto *box = QApplication::activeModalWidget();
+        QTRY_VERIFY((box = QApplication::activeModalWidget()) && box->windowTitle() == "Aborted"_s);
+        QVERIFY(told.contains(QVariantList({"COM1 told #STOP"})));
     }
 
     // Nothing that was received is lost, and the other devices go on. Four loose plugs, each going or coming
@@ -88,6 +107,18 @@ private slots:
     }
 
 private:
+    /// Plugs the devices in and listens on all of them.
+    void start(const QStringList &descriptions)
+    {
+        QStringList ports;
+        QString error;
+        for (const QString &description : descriptions) {
+            QVERIFY2(rack->add(description, &error), qPrintable(error));
+            ports.append(description.section(':', 0, 0));
+        }
+        open(ports);
+        QTRY_COMPARE(listened().size(), ports.size());
+    }
     int recordsOf(const char *port) const
     {
         int records = 0;
@@ -96,6 +127,8 @@ private:
             records += child->portName() == QLatin1String(port) ? child->store().size() : 0;
         return records;
     }
+
+    std::unique_ptr<sim::Rack> rack;
 };
 
 QTEST_MAIN(TestSimulatedDevices)
