@@ -176,19 +176,15 @@ private slots:
         MdiGraphChild *child = window->createMdiChild();
         child->addRecord(Lines::record(0));
         trigger(ActionId::Balancer);
-        const struct {
-            ActionId id;
-            const char *name;
-            int key;
-        } displays[]
-            = {{ActionId::Data, "DataDisplay", Qt::Key_D}, {ActionId::Graph, "VoltageComparison", Qt::Key_G},
-                {ActionId::BarGraph, "CapacityDisplay", 0}, {ActionId::Power, "PowerDisplay", Qt::Key_P}};
-        for (const auto &display : displays) {
-            trigger(display.id);
+        const std::pair<ActionId, const char *> displays[]
+            = {{ActionId::Data, "DataDisplay"}, {ActionId::Graph, "VoltageComparison"},
+                {ActionId::BarGraph, "CapacityDisplay"}, {ActionId::Power, "PowerDisplay"}};
+        for (const auto &[id, name] : displays) {
+            trigger(id);
             QWidget *shown = nullptr;
             const auto widgets = QApplication::topLevelWidgets();
             for (QWidget *widget : widgets)
-                if (widget->inherits(display.name) && widget->isVisible())
+                if (widget->inherits(name) && widget->isVisible())
                     shown = widget;
             QVERIFY(shown);
             QApplication::setActiveWindow(shown);
@@ -196,7 +192,7 @@ private slots:
             const bool was = window->viewState().switches().distinctLines;
             QTest::keyClick(shown, Qt::Key_L);
             QCOMPARE(window->viewState().switches().distinctLines, !was);
-            if (display.id == ActionId::Data) {
+            if (id == ActionId::Data) {
                 const auto *unit = shown->findChild<QLabel *>("voltageUnit");
                 trigger(ActionId::Balancer);
                 settle(*shown);
@@ -207,7 +203,7 @@ private slots:
                 trigger(ActionId::Balancer);
             }
             QTest::keyClick(shown, Qt::Key_Escape);
-            QTRY_VERIFY(!window->actionSet()[display.id]->isChecked());
+            QTRY_VERIFY(!window->actionSet()[id]->isChecked());
         }
     }
 

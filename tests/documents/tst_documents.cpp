@@ -310,18 +310,14 @@ private slots:
         MdiGraphChild *child = window->createMdiChild();
         for (int i = 0; i < 30; ++i)
             child->addRecord(Lines::record(i));
-        QStringList asked;
-        for (const ActionId id :
-            {ActionId::PrintCapacity, ActionId::PrintVoltage, ActionId::PrintBars, ActionId::PrintPlot}) {
+        for (const auto &[id, what] : {std::pair(ActionId::PrintCapacity, "capacity comparison"),
+                 {ActionId::PrintVoltage, "voltage comparison"}, {ActionId::PrintBars, "bar display"},
+                 {ActionId::PrintPlot, "graph"}}) {
             trigger(id);
             auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-            QVERIFY(dialog);
-            asked << dialog->findChild<PrintRequest *>()->job().title;
+            QVERIFY(dialog && dialog->findChild<PrintRequest *>()->job().title.endsWith(what));
             dialog->reject();
         }
-        QCOMPARE(asked,
-            QStringList({"Varnel - capacity comparison", "Varnel - voltage comparison",
-                "Varnel - bar display", "Varnel - graph"}));
         const PrintJob job = graphPrintJob(child, "run");
         QVERIFY2(job.details.startsWith("1: Varnel 3, "), qPrintable(job.details));
         child->setPortName("COM3");

@@ -399,7 +399,8 @@ private slots:
             send(1, 2);
             QTRY_COMPARE(box("journalLarge") != nullptr, told);
             if (told) {
-                QVERIFY(box("journalLarge")->text().contains(JournalFolder::defaultPath()));
+                QVERIFY(box("journalLarge")->isVisible()
+                    && box("journalLarge")->text().contains(JournalFolder::defaultPath()));
                 QDesktopServices::setUrlHandler("file", this, "takeUrl");
                 box("journalLarge")->buttons().constLast()->click();
                 QDesktopServices::unsetUrlHandler("file");

@@ -281,9 +281,8 @@ void DataFilesModel::forgetRemoved(const FolderListing &now)
         if (!m_listing.rows.contains(name) || now.rows.contains(name))
             there.append(name);
     }
-    if (there.size() < files()->rowCount(root))
-        QMetaObject::invokeMethod(files(), "_q_directoryChanged", Qt::DirectConnection,
-            Q_ARG(QString, m_question.folder), Q_ARG(QStringList, there));
+    QMetaObject::invokeMethod(files(), "_q_directoryChanged", Qt::DirectConnection,
+        Q_ARG(QString, m_question.folder), Q_ARG(QStringList, there));
     const QList<QPersistentModelIndex> used = usedIndexes();
     for (const QPersistentModelIndex &index : used) {
         if (!index.isValid() || now.rows.contains(m_listing.entries.at(index.row()).name))

@@ -327,7 +327,8 @@ private slots:
             QVERIFY(model->setData(model->index(4, 0), "first.acp"));
             QVERIFY(
                 names() == "New Folder sub a.txt new.ACP first.acp" && cells(4).contains(larger)); // at once
-            QVERIFY(QFile::exists(path("first.acp")));
+            QVERIFY(QFile::exists(path("first.acp")) && model->setData(model->index(0, 0), "Old Folder"));
+            QCOMPARE(names(), QString("Old Folder sub a.txt new.ACP first.acp"));
             for (const auto &[keys, whole] :
                 {std::pair("sub/R", "sub/run2.acp"), {"FI", "first.acp"}, {"~/FI", "~/first.acp"}}) {
                 edit->completer()->popup()->hide();
