@@ -182,8 +182,8 @@ FolderNews lookThrough(const LookQuestion &question)
         look.take(file, names.fileInfo());
     }
     for (auto row = question.known.begin(); row != question.known.end(); ++row) {
-        if (row.key().startsWith(question.folder + QLatin1Char('/'))
-            && row.key().indexOf(QLatin1Char('/'), question.folder.size() + 1) < 0
+        if (row.key().startsWith(question.folder)
+            && row.key().lastIndexOf(QLatin1Char('/')) == question.folder.size()
             && !there.contains(row.key()))
             look.takeGone(row.key());
     }

@@ -33,9 +33,9 @@ public:
         : m_held(held.entries)
         , m_batch(batch)
     {
-        for (int i = 0; i < m_held.size(); ++i) {
-            m_byId.insert(m_held[i].recording.id, i);
-            m_byFile.insert(m_held[i].recording.file, i);
+        for (const LogbookEntry &row : m_held) {
+            m_byId.insert(row.recording.id, &row);
+            m_byFile.insert(row.recording.file, &row);
         }
         for (const LogbookEntry &entry : content.entries)
             m_ids.insert(entry.recording.id);
@@ -74,19 +74,17 @@ private:
     /// The row of the same recording; null without one.
     const LogbookEntry *formerOf(const LogbookEntry &entry) const
     {
-        const int same = m_byId.value(entry.recording.id, -1);
-        if (same >= 0)
-            return &m_held[same];
-        const int named = m_byFile.value(entry.recording.file, -1);
-        const bool isOther
-            = named < 0 || m_ids.contains(m_held[named].recording.id) || m_held[named].holdsOtherThan(entry);
-        return isOther ? nullptr : &m_held[named];
+        if (const LogbookEntry *same = m_byId.value(entry.recording.id))
+            return same;
+        const LogbookEntry *named = m_byFile.value(entry.recording.file);
+        return named && !m_ids.contains(named->recording.id) && !named->holdsOtherThan(entry) ? named
+                                                                                              : nullptr;
     }
 
     const QVector<LogbookEntry> &m_held;
     LogbookBatch *m_batch;
-    QHash<qint64, int> m_byId; // places in m_held
-    QHash<QString, int> m_byFile;
+    QHash<qint64, const LogbookEntry *> m_byId; // of m_held
+    QHash<QString, const LogbookEntry *> m_byFile;
     QSet<qint64> m_ids; // of the content
     QSet<qint64> m_kept; // of the rows that stay
 };

@@ -132,7 +132,6 @@ void LogbookKeeper::Work::run(const QString &folder)
         giveUp(error);
     }
     const std::lock_guard<std::mutex> lock(mutex);
-    writing = false;
     ended = true;
     changed.notify_all();
 }
@@ -234,7 +233,7 @@ bool LogbookKeeper::Work::writeOne(LogbookFile &file, const LogbookBatch &batch,
     const LogbookFile::Written written = file.write({batch}, reason);
     if (written == LogbookFile::Written::NotYet)
         return false;
-    if (written == LogbookFile::Written::Never && !reason->isEmpty()) {
+    if (written == LogbookFile::Written::Never) {
         qWarning() << "The logbook does not take a change:" << *reason;
         if (batch.isUsers)
             tell([this, why = *reason] { listener.refused(why); });

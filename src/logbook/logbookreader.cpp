@@ -184,7 +184,6 @@ void LogbookReader::lookAtCopy(const QString &file, const QString &source)
     const LogbookEntry *overwritten = m_logbook->entryOf(path);
     if (overwritten && path == from) { // written anew, perhaps in another form
         LogbookEntry same = *overwritten;
-        same.beginning.clear();
         same.stamp = FileStamp();
         m_logbook->take(same);
     } else if (overwritten) { // whose recording that was, its beginning tells
@@ -242,7 +241,7 @@ void LogbookReader::lookAround()
         const Folder state = m_folders.value(folder);
         if (state.isBusy)
             continue;
-        if (state.isUnsettled || state.modified < 0) {
+        if (state.isUnsettled) {
             lookThroughFolder(folder);
             continue;
         }
@@ -346,12 +345,13 @@ void LogbookReader::takeFound(const QVector<FoundFile> &found)
     for (int i = 0; i < m_waiting.size(); ++i)
         places.insert(m_waiting[i].file, i);
     for (const FoundFile &file : found) {
-        const int place = places.value(file.file, -1);
-        if (place >= 0)
-            m_waiting[place] = file;
-        else
-            m_waiting.append(file);
-        m_toDo += place < 0;
+        const auto place = places.constFind(file.file);
+        if (place != places.constEnd()) {
+            m_waiting[*place] = file;
+            continue;
+        }
+        m_waiting.append(file);
+        ++m_toDo;
     }
     std::stable_sort(m_waiting.begin(), m_waiting.end(),
         [](const FoundFile &a, const FoundFile &b) { return a.stamp.modified < b.stamp.modified; });

@@ -66,9 +66,8 @@ void FilterLine::placeDays()
         line->addWidget(widget);
 }
 
-void FilterLine::resizeEvent(QResizeEvent *event)
+void FilterLine::resizeEvent(QResizeEvent *)
 {
-    QWidget::resizeEvent(event);
     placeDays();
 }
 

@@ -62,7 +62,6 @@ LogbookCommands::LogbookCommands(const Parts &parts, const LogbookActions *actio
     connect((*m_actions)[LogbookCommand::Redo], SIGNAL(triggered()), m_parts.editor, SLOT(redo()));
     connect(m_parts.editor, SIGNAL(changed()), this, SLOT(refresh()));
     connect(m_parts.logbook, SIGNAL(troubleChanged()), this, SLOT(refresh()));
-    refresh();
 }
 
 void LogbookCommands::choose(const QVector<qint64> &recordings, qint64 pack)

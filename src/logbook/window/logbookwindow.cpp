@@ -120,7 +120,6 @@ void LogbookWindow::createParts()
     m_packs->setUniformRowHeights(true);
     m_packs->setAllColumnsShowFocus(true);
     m_packs->setContextMenuPolicy(Qt::CustomContextMenu);
-    m_packs->header()->setSortIndicator(PackList::Name, Qt::AscendingOrder);
     m_packs->header()->setStretchLastSection(false);
     m_packs->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     m_packs->setItemDelegate(new PackRows(m_packs));

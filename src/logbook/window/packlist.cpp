@@ -65,9 +65,9 @@ QVector<PackList::Row> PackList::wanted() const
 {
     LogbookFilter notAssigned;
     notAssigned.pack = LogbookPack::none;
-    Row all{LogbookFilter::everyPack, tr("All recordings"), tr("Every recording, of whichever pack"), {}, 0};
+    Row all{LogbookFilter::everyPack, tr("All recordings"), tr("Every recording, of whichever pack"), {}};
     all.health.recordings = m_logbook->size();
-    Row none{LogbookPack::none, tr("Not assigned"), tr("Recordings without a pack"), {}, 1};
+    Row none{LogbookPack::none, tr("Not assigned"), tr("Recordings without a pack"), {}};
     none.health.recordings = m_logbook->recordings(notAssigned).size();
     QVector<Row> rows = {all, none};
     const QHash<qint64, PackCourse::Recordings> recordings = PackCourse::byPack(*m_logbook);
@@ -133,7 +133,7 @@ void PackList::sort(int column, Qt::SortOrder order)
 
 qint64 PackList::packAt(int row) const
 {
-    return row >= 0 && row < m_rows.size() ? m_rows[row].pack : LogbookFilter::everyPack;
+    return m_rows.value(row).pack;
 }
 
 int PackList::rowOf(qint64 pack) const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "logbook/logbookfilter.h"
 #include "logbook/window/course/packcourse.h"
 
 #include <QAbstractTableModel>
@@ -32,7 +33,7 @@ public:
 
 private:
     struct Row {
-        qint64 pack = 0;
+        qint64 pack = LogbookFilter::everyPack;
         QString name;
         QString tip;
         PackCourse::Health health;

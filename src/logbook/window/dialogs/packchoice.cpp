@@ -34,7 +34,6 @@ PackChoice::PackChoice(const Logbook &logbook, const Question &question, QWidget
     auto *label = new QLabel(question.text, this);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
-    label->setBuddy(m_list);
     m_list->setObjectName(QStringLiteral("packs"));
     m_list->setAccessibleName(question.text);
     m_list->setToolTip(question.text);
@@ -43,8 +42,8 @@ PackChoice::PackChoice(const Logbook &logbook, const Question &question, QWidget
         if (const LogbookPack *pack = logbook.pack(id))
             add(describe(*pack), id, id == question.first);
     if (question.offersNew)
-        add(tr("New pack..."), newPack, m_list->currentRow() < 0);
-    if (m_list->currentRow() < 0)
+        add(tr("New pack..."), newPack, !m_list->currentItem());
+    if (!m_list->currentItem())
         m_list->setCurrentRow(0);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(label);

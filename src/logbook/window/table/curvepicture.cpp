@@ -44,7 +44,6 @@ QString curveToolTip(const QByteArray &heights, const QString &text)
         return QStringLiteral("<p style='white-space:pre'>") + lines + QStringLiteral("</p>");
     QByteArray bytes;
     QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, "PNG");
     return QStringLiteral("<img src='data:image/png;base64,") + QString::fromLatin1(bytes.toBase64())
         + QStringLiteral("'><p style='white-space:pre'>") + lines + QStringLiteral("</p>");

@@ -78,82 +78,75 @@ struct ColumnRow {
     const char *tip;
     const char *sample;
     double (*number)(const LogbookRecording &r); ///< null for a column of texts
-    int decimals; ///< of a number; -1: it has a text of its own
-    QString (*text)(const LogbookRecording &r);
+    QString (*text)(const LogbookRecording &r); ///< null: that of the number
+    int decimals = 0;
 };
-
-constexpr int ownText = -1;
 
 const ColumnRow columnRows[] = {
     {QT_TRANSLATE_NOOP("RecordingColumns", "Start"),
         QT_TRANSLATE_NOOP("RecordingColumns", "When the process began; ≈ from the time of the file"), "",
-        startNumber, ownText, startText},
+        startNumber, startText},
     {QT_TRANSLATE_NOOP("RecordingColumns", "Pack"),
         QT_TRANSLATE_NOOP("RecordingColumns", "The battery pack; grey with ?: the one to be offered"),
-        "Long name of a pack", nullptr, ownText, nullptr},
+        "Long name of a pack", nullptr, nullptr},
     {QT_TRANSLATE_NOOP("RecordingColumns", "Device"),
         QT_TRANSLATE_NOOP("RecordingColumns", "The charger that sent the records"), "Varnel 2+ ", nullptr,
-        ownText,
         [](const LogbookRecording &r) {
             return r.figures.device == Varnel3Data::NoDevice ? QString()
                                                              : Varnel3Data::deviceName(r.figures.device);
         }},
     {QT_TRANSLATE_NOOP("RecordingColumns", "Port"),
         QT_TRANSLATE_NOOP("RecordingColumns", "The serial port, from the name of the file"), "COM10 ",
-        nullptr, ownText, [](const LogbookRecording &r) { return r.port; }},
+        nullptr, [](const LogbookRecording &r) { return r.port; }},
     {QT_TRANSLATE_NOOP("RecordingColumns", "Process"),
         QT_TRANSLATE_NOOP("RecordingColumns", "Charge, discharge, balancing, format or test"), "", nullptr,
-        ownText,
         [](const LogbookRecording &r) {
             return r.figures.mode == Varnel3Data::NoMode ? QString() : Varnel3Data::modeName(r.figures.mode);
         }},
     {QT_TRANSLATE_NOOP("RecordingColumns", "Chemistry"),
-        QT_TRANSLATE_NOOP("RecordingColumns", "Kind of the cells"), "LiPo ", nullptr, ownText, chemistryText},
+        QT_TRANSLATE_NOOP("RecordingColumns", "Kind of the cells"), "LiPo ", nullptr, chemistryText},
     {QT_TRANSLATE_NOOP("RecordingColumns", "Cells"),
         QT_TRANSLATE_NOOP("RecordingColumns", "Number of cells in series"), "16",
-        [](const LogbookRecording &r) { return known(r.figures.cells); }, 0, nullptr},
+        [](const LogbookRecording &r) { return known(r.figures.cells); }, nullptr},
     {QT_TRANSLATE_NOOP("RecordingColumns", "Duration"),
         QT_TRANSLATE_NOOP("RecordingColumns", "Hours, minutes and seconds to the end of the process"),
         "00:00:00 ", [](const LogbookRecording &r) { return isMeasured(r) ? r.figures.duration : unknown; },
-        ownText,
         [](const LogbookRecording &r) {
             return isMeasured(r) ? elapsedTimeText(r.figures.duration) : QString();
         }},
     {QT_TRANSLATE_NOOP("RecordingColumns", "Charge [mAh]"),
         QT_TRANSLATE_NOOP("RecordingColumns", "What went in or came out, as in the capacity comparison"),
-        "00 000", [](const LogbookRecording &r) { return isMeasured(r) ? r.figures.charge : unknown; }, 0,
+        "00 000", [](const LogbookRecording &r) { return isMeasured(r) ? r.figures.charge : unknown; },
         nullptr},
     {QT_TRANSLATE_NOOP("RecordingColumns", "Energy [Wh]"),
         QT_TRANSLATE_NOOP("RecordingColumns", "Voltage times current, over the time"), "000.00",
-        [](const LogbookRecording &r) { return known(r.figures.energy); }, 2, nullptr},
+        [](const LogbookRecording &r) { return known(r.figures.energy); }, nullptr, 2},
     {QT_TRANSLATE_NOOP("RecordingColumns", "Start [V]"),
         QT_TRANSLATE_NOOP("RecordingColumns", "Voltage of the pack at the start"), "00.000",
-        [](const LogbookRecording &r) { return known(r.figures.startVoltage / thousand); }, 2, nullptr},
+        [](const LogbookRecording &r) { return known(r.figures.startVoltage / thousand); }, nullptr, 2},
     {QT_TRANSLATE_NOOP("RecordingColumns", "End [V]"),
         QT_TRANSLATE_NOOP("RecordingColumns", "Voltage of the pack at the end"), "00.000",
-        [](const LogbookRecording &r) { return known(r.figures.endVoltage / thousand); }, 2, nullptr},
+        [](const LogbookRecording &r) { return known(r.figures.endVoltage / thousand); }, nullptr, 2},
     {QT_TRANSLATE_NOOP("RecordingColumns", "Max. [°C]"),
         QT_TRANSLATE_NOOP("RecordingColumns", "Highest temperature"), "000.0",
-        [](const LogbookRecording &r) { return known(r.figures.highestTemperature / 10.0); }, 1, nullptr},
+        [](const LogbookRecording &r) { return known(r.figures.highestTemperature / 10.0); }, nullptr, 1},
     {QT_TRANSLATE_NOOP("RecordingColumns", "Resistance [mΩ]"),
         QT_TRANSLATE_NOOP("RecordingColumns", "Internal resistance of the pack"), "0000",
-        [](const LogbookRecording &r) { return known(r.figures.resistance); }, 0, nullptr},
+        [](const LogbookRecording &r) { return known(r.figures.resistance); }, nullptr},
     {QT_TRANSLATE_NOOP("RecordingColumns", "Cells [mΩ]"),
         QT_TRANSLATE_NOOP("RecordingColumns", "Internal resistance of each cell, from the first on"),
-        "0.0  0.0  0.0  0.0", firstCellResistance, ownText, cellResistances},
+        "0.0  0.0  0.0  0.0", firstCellResistance, cellResistances},
     {QT_TRANSLATE_NOOP("RecordingColumns", "Spread [mV]"),
         QT_TRANSLATE_NOOP("RecordingColumns", "Highest cell less the lowest, at the end"), "0000",
-        [](const LogbookRecording &r) { return r.figures.spread < 0 ? unknown : r.figures.spread; }, 0,
-        nullptr},
+        [](const LogbookRecording &r) { return r.figures.spread < 0 ? unknown : r.figures.spread; }, nullptr},
     {QT_TRANSLATE_NOOP("RecordingColumns", "Ended"),
-        QT_TRANSLATE_NOOP("RecordingColumns", "How the process ended"), "Completed ", nullptr, ownText,
+        QT_TRANSLATE_NOOP("RecordingColumns", "How the process ended"), "Completed ", nullptr,
         Logbook::endText},
     {QT_TRANSLATE_NOOP("RecordingColumns", "Note"), QT_TRANSLATE_NOOP("RecordingColumns", "Your own words"),
-        "Some words of the user", nullptr, ownText,
-        [](const LogbookRecording &r) { return r.note.simplified(); }},
+        "Some words of the user", nullptr, [](const LogbookRecording &r) { return r.note.simplified(); }},
     {QT_TRANSLATE_NOOP("RecordingColumns", "File"),
         QT_TRANSLATE_NOOP("RecordingColumns", "Where the records are kept"), "2026-00-00_00-00-00_COM10.acp ",
-        nullptr, ownText, fileText},
+        nullptr, fileText},
 };
 
 static_assert(sizeof columnRows / sizeof *columnRows == Columns::count, "a row each");
@@ -200,7 +193,7 @@ QString RecordingColumns::text(const Logbook &logbook, const LogbookRecording &r
     if (column == Pack)
         return logbook.packName(recording.pack);
     const ColumnRow &row = columnRows[column];
-    if (row.decimals == ownText)
+    if (row.text)
         return row.text(recording);
     const double value = row.number(recording);
     return std::isnan(value) ? QString() : FigureText::fixed(value, row.decimals);

@@ -28,7 +28,6 @@ RecordingView::RecordingView(RecordingTable *table, QWidget *parent)
     setObjectName(QStringLiteral("recordings"));
     setAccessibleName(tr("Recordings"));
     setSelectionBehavior(SelectRows);
-    setSelectionMode(ExtendedSelection);
     setAlternatingRowColors(true);
     setShowGrid(false);
     setWordWrap(false);
