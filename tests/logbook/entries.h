@@ -21,11 +21,5 @@ inline LogbookEntry entry(const QString &file, const QString &port = QStringLite
 
 inline LogbookPack namedPack(const QString &name, int capacity = 5000)
 {
-    LogbookPack pack;
-    pack.name = name;
-    pack.cellType = 5;
-    pack.cells = 6;
-    pack.capacity = capacity;
-    pack.note = QStringLiteral("bought in May");
-    return pack;
+    return {LogbookPack::none, name, 5, 6, capacity, QStringLiteral("bought in May")};
 }

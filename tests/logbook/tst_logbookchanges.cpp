@@ -128,8 +128,9 @@ private slots:
         Logbook logbook;
         LogbookEditor editor(&logbook);
         qint64 packs[4];
-        const auto take = [&](const char *file, int day, int pack, const char *port = "COM3", int cells = 6) {
-            LogbookEntry found = entry(file, port, 5, QDateTime(QDate(2026, 3, day), QTime(12, 0)));
+        const auto take = [&](const char *file, int day, int pack, const char *port = "COM3", int cells = 6,
+                              int cellType = 5) {
+            LogbookEntry found = entry(file, port, cellType, QDateTime(QDate(2026, 3, day), QTime(12, 0)));
             found.recording.figures.cells = cells;
             logbook.take(found);
             if (pack >= 0)
@@ -144,9 +145,15 @@ private slots:
         take("/4", 4, 3, "COM4");
         take("/5", 5, 3, "COM3", 5);
         take("/6", 6, 3, "", 6);
-        QCOMPARE(logbook.packToOffer(take("/7", 7, -1)), packs[1]);
-        QCOMPARE(logbook.packToOffer(take("/8", 7, -1, "")), qint64(LogbookPack::none));
-        QCOMPARE(logbook.packToOffer(99), qint64(LogbookPack::none));
+        const qint64 asked = take("/7", 7, -1);
+        for (const qint64 none : {take("/8", 7, -1, ""), take("/9", 7, -1, "COM3", 6, 4), qint64(99),
+                 logbook.recordingOf("/1")->id})
+            QCOMPARE(logbook.packToOffer(none), qint64(LogbookPack::none));
+        QCOMPARE(logbook.packToOffer(asked), packs[1]);
+        const QHash<qint64, qint64> offered = logbook.packsToOffer(logbook.recordings());
+        QCOMPARE(offered, (QHash<qint64, qint64>{{asked, packs[1]}}));
+        editor.assignEach(offered);
+        QCOMPARE(logbook.recording(asked)->pack, packs[1]);
         for (int i = 1; i < 4; ++i) // of one name
             QVERIFY(logbook.packs()[i - 1].id < logbook.packs()[i].id);
     }

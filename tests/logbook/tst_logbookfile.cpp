@@ -24,7 +24,7 @@ public:
     {
         QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", m_name);
         database.setDatabaseName(folder + "/logbook.sqlite");
-        m_has = database.open() && QSqlQuery(database).exec("BEGIN IMMEDIATE");
+        QVERIFY(database.open() && QSqlQuery(database).exec("BEGIN IMMEDIATE"));
     }
     ~OtherWriter()
     {
@@ -33,11 +33,9 @@ public:
     }
     OtherWriter(const OtherWriter &) = delete;
     OtherWriter &operator=(const OtherWriter &) = delete;
-    bool has() const { return m_has; }
 
 private:
     QString m_name;
-    bool m_has = false;
 };
 
 std::atomic<off64_t> scratch = -1; // where no file can be read
@@ -77,6 +75,8 @@ private slots:
                 QVERIFY(!newer || query.exec(QString("PRAGMA user_version = %1").arg(version)));
             }
             QSqlDatabase::removeDatabase("old");
+            QSqlError closed;
+            QVERIFY(!LogbookSchema::migrate(QSqlDatabase(), &closed) && closed.isValid());
             {
                 OpenLogbook book(folder.path());
                 QCOMPARE(book.logbook.packs().size(), version == 0 ? 0 : 1);
@@ -166,6 +166,9 @@ private slots:
         const QTemporaryDir folder;
         LogbookFile file(folder.path());
         file.open();
+        QVERIFY(!file.wasWrittenByOthers());
+        onFile(folder.path(), "INSERT INTO folder VALUES('/b')");
+        QVERIFY(file.wasWrittenByOthers() && !file.wasWrittenByOthers());
         QString reason;
         for (int day = 1; day <= 7; ++day) {
             LogbookBatch batch;
@@ -217,6 +220,12 @@ private slots:
     {
         const QTemporaryDir folder;
         {
+            const FileSizeLimit full(100);
+            const OpenLogbook book(folder.path());
+            QCOMPARE(book.logbook.trouble(), QString("The logbook can't be kept: disk I/O error"));
+            QVERIFY(book.logbook.isReadOnly() && book.told.isEmpty());
+        }
+        {
             OpenLogbook book(folder.path());
             {
                 const FileSizeLimit full(1 << 16);
@@ -244,9 +253,11 @@ private slots:
             " BEGIN INSERT INTO seen SELECT count(*) FROM reading; END");
         {
             const OtherWriter other(folder.path());
-            QVERIFY(other.has());
             for (int i = 0; i < 1000; ++i)
                 logbook.take(entry(QString("/%1.acp").arg(i)));
+            QVERIFY(logbook.isUsersWritten());
+            logbook.setFolders({"/b"});
+            QVERIFY(!logbook.isUsersWritten());
             book.editor.setNote(logbook.recordingOf("/999.acp")->id, "note");
             logbook.rename("/998.acp", "/other.acp");
             logbook.drop("/997.acp");
@@ -343,7 +354,6 @@ private slots:
     {
         const QTemporaryDir folder;
         std::optional<OtherWriter> third(folder.path()); // while the file is made
-        QVERIFY(third->has());
         reads = 0;
         std::vector<std::future<void>> programs;
         for (const QString &name : {QString("x"), QString("y")})

@@ -1,8 +1,10 @@
+#include "data/records/recordlist.h"
 #include "journal/journalkeeper.h"
 #include "link/recordinglog.h"
 #include "logbook/logbook.h"
 #include "logbook/logbookeditor.h"
 #include "logbook/logbookreader.h"
+#include "series/seriesstore.h"
 #include "support/files.h"
 #include "support/lines.h"
 
@@ -85,6 +87,7 @@ private slots:
         {
             Reading book(folder->path());
             QCOMPARE(book.files(), journal + " b c.acp");
+            QCOMPARE(book.logbook.refused().size(), 5); // empty, broken, binary, zero and old
             QCOMPARE(book.row(path(journal))->start, QDateTime(QDate(2026, 3, 4), QTime(5, 6, 7)));
             QVERIFY(!book.row(path(journal))->isStartApproximate);
             QCOMPARE(book.row(path(journal))->port, QString("COM9"));
@@ -121,10 +124,8 @@ private slots:
         const auto noted
             = [&] { return book.row(name)->note == "note" && book.row(name)->pack != LogbookPack::none; };
         const auto isRead = [&](int records) { return book.row(name)->figures.records == records; };
-        LogbookPack pack;
-        pack.name = "A";
         book.editor.setNote(book.row(name)->id, "note");
-        book.editor.assign({book.row(name)->id}, book.editor.addPack(pack));
+        book.editor.assign({book.row(name)->id}, book.editor.addPack({0, "A", 5, 6, 0, ""}));
         // The same one, of a few lines at first, grown, written in another way, and both by this program.
         QVERIFY(writeFile(name, recording(210, 3900)));
         book.reader.look(name);
@@ -208,6 +209,7 @@ private slots:
             reader.look(folder->filePath("alone.acp")); // one file is read all the same
             QTRY_VERIFY_WITH_TIMEOUT(!reader.isReading(), longTime);
             QCOMPARE(logbook.size(), before + 1);
+            QCOMPARE(finished.size(), 2);
             // What was begun does not go on with the next.
             const QString longFile = folder->filePath("long.acp");
             QVERIFY(writeFile(longFile, recording(50, 3100).repeated(2000)));
@@ -225,18 +227,36 @@ private slots:
         }
         Reading book(folder->path());
         QCOMPARE(book.logbook.size(), 21);
-        QCOMPARE(book.reader.filesToDo(), 0);
+        QVERIFY(book.reader.filesToDo() == 0 && book.reader.filesDone() == 0);
+    }
+
+    /// What was opened is not read once more, unless the file has changed since.
+    void opened()
+    {
+        Reading book(folder->path());
+        RecordList records;
+        for (int i = 0; i < 7; ++i)
+            records.append(Varnel3Data());
+        SeriesStore store;
+        store.load(std::move(records));
+        for (const bool isSame : {true, false}) {
+            const QString file = folder->filePath(isSame ? "same.acp" : "other.acp");
+            QVERIFY(writeFile(file, recording(5, 3900 + isSame)));
+            const QFileInfo info(file);
+            book.reader.lookAtOpened(file, {info.size() + !isSame, info.lastModified().toMSecsSinceEpoch()},
+                [&store] { return &store; });
+            QTRY_VERIFY_WITH_TIMEOUT(book.row(file), longTime);
+            QCOMPARE(book.row(file)->figures.records, isSame ? 7 : 5);
+        }
     }
 
     void live()
     {
         JournalKeeper keeper(path(""), nullptr, std::chrono::milliseconds(20));
         Reading book(folder->path());
-        connect(&keeper,
-            SIGNAL(began(QString,QString,Varnel3Data)), &book.reader,
-                SLOT(beginLive(QString,QString,Varnel3Data)));
-        connect(&keeper, SIGNAL(ended(QString)), &book.reader, SLOT(endLive(QString)));
-        connect(&keeper, SIGNAL(discarded(QString)), &book.reader, SLOT(dropLive(QString)));
+        connect(&keeper, &JournalKeeper::began, &book.reader, &LogbookReader::beginLive);
+        connect(&keeper, &JournalKeeper::ended, &book.reader, &LogbookReader::endLive);
+        connect(&keeper, &JournalKeeper::discarded, &book.reader, &LogbookReader::dropLive);
         auto first = keeper.create("COM3");
         auto second = keeper.create("COM4");
         QCOMPARE(book.logbook.size(), 0);
@@ -259,6 +279,7 @@ private slots:
         QCOMPARE(book.logbook.size(), 1);
         first.reset();
         QTRY_VERIFY_WITH_TIMEOUT(!book.row(file)->isLive && book.row(file)->figures.records == 10, longTime);
+        book.reader.endLive(path("of nobody.acp"));
         QVERIFY(!book.row(file)->isStartApproximate);
         QCOMPARE(book.row(file)->figures.device, int(Varnel3Data::Tandor));
         // A copy of it, and a file that nobody names.

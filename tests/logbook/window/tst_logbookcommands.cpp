@@ -63,8 +63,7 @@ private slots:
         view()->selectAll();
         QCOMPARE(can(), "abcdfghi");
         QCOMPARE(why("Note..."), "More than one recording is chosen.");
-        LogbookPack pack;
-        pack.name = "A";
+        const LogbookPack pack{0, "A", 5, 6, 5000, ""};
         editor->assign({ids[0]}, editor->addPack(pack));
         QTRY_COMPARE(packs()->model()->rowCount(), 3);
         view()->choose(ids[1]);
@@ -144,13 +143,7 @@ private slots:
         trigger("Show in folder");
         QDesktopServices::unsetUrlHandler("file");
         QCOMPARE(shownFolder, QUrl("file:///r"));
-        view()->selectAll();
-        whenModal<QMessageBox>(window.get(), [](QMessageBox *box) {
-            QVERIFY(box->text().startsWith("Move 4 file(s)")
-                && box->detailedText().contains("/r/2026-30_1.acp\n"));
-            box->reject();
-        });
-        trigger("Delete file...");
+        QVERIFY(!window->findChild<QMessageBox *>("noFolder"));
         for (int day = 100; day < 117; ++day)
             add(logbook.get(), sampleRecording(day, Varnel::Charge, 100));
         QTRY_COMPARE(window->shownIds().size(), 21);
@@ -212,6 +205,7 @@ private slots:
         auto *columnsMenu = window->findChild<ColumnsMenu *>();
         view()->setColumnShown(Columns::Port, false);
         columnsMenu->popup({0, 0});
+        QCOMPARE(columnsMenu->actions().size(), int(Columns::count));
         QCOMPARE(columnsMenu->actions().at(Columns::Port)->isChecked(), false);
         QCOMPARE(columnsMenu->actions().at(Columns::Pack)->isChecked(), true);
         QVERIFY(columnsMenu->toolTipsVisible());

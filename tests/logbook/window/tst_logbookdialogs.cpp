@@ -81,6 +81,9 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(&line));
         auto *text = line.findChild<QLineEdit *>("filterText");
         QVERIFY(text->isClearButtonEnabled());
+        QCOMPARE(text->placeholderText(), QString("Filter: words of any column"));
+        QCOMPARE(text->accessibleName() + chemistry->accessibleName() + process->accessibleName(),
+            QString("FilterChemistryProcess"));
         text->setText("old");
         chemistry->setFocus();
         line.takeKeyboard();
@@ -92,20 +95,20 @@ private slots:
 
     void packDialog()
     {
-        LogbookPack pack;
-        pack.id = 7;
-        pack.name = "A";
-        PackDialog dialog("Title", pack, nullptr);
-        const auto told = [&] {
-            const LogbookPack now = dialog.pack();
+        const LogbookPack pack{7, "A", Varnel::noCellType, 0, 0, ""};
+        const auto told = [](const PackDialog &of) {
+            const LogbookPack now = of.pack();
             QString text;
             QTextStream(&text) << now.id << ' ' << now.name << ' ' << now.cellType << ' ' << now.cells << ' '
                                << now.capacity << ' ' << now.note.size();
             return text;
         };
+        QCOMPARE(told(PackDialog("Full", {8, "B", 5, 6, 5000, "note"}, nullptr)), QString("8 B 5 6 5000 4"));
+        PackDialog dialog("Title", pack, nullptr);
         QCOMPARE(dialog.windowTitle(), QString("Title"));
-        QCOMPARE(told(), QString("7 A %1 0 0 0").arg(Varnel::noCellType));
+        QCOMPARE(told(dialog), QString("7 A %1 0 0 0").arg(Varnel::noCellType));
         auto *name = dialog.findChild<QLineEdit *>("packName");
+        QCOMPARE(name->selectedText(), QString("A"));
         auto *chemistry = dialog.findChild<QComboBox *>();
         QCOMPARE(chemistry->currentText(), QString("not said"));
         const auto spins = dialog.findChildren<QSpinBox *>();
@@ -115,7 +118,7 @@ private slots:
         spins[0]->setValue(17);
         spins[1]->stepUp();
         dialog.findChild<QPlainTextEdit *>()->setPlainText(QString(LogbookPack::longestNote + 1, 'x'));
-        QCOMPARE(told(), QString("7 B 0 16 100 65536"));
+        QCOMPARE(told(dialog), QString("7 B 0 16 100 65536"));
         spins[1]->setValue(2000000);
         QCOMPARE(spins[1]->text(), QString("1000000 mAh"));
         name->setText(" ");
@@ -125,6 +128,7 @@ private slots:
         dialog.findChild<QPlainTextEdit *>()->clear(); // so much text takes its time to be shown
         dialog.show();
         QCOMPARE(layoutFault(dialog), QByteArray());
+        QCOMPARE(dialog.findChild<QPlainTextEdit *>()->height(), 70);
         QVERIFY(dialog.findChild<QPlainTextEdit *>()->tabChangesFocus());
         dialog.hide();
         dialog.showNameOnly("Text");
@@ -168,10 +172,9 @@ private slots:
         Logbook logbook;
         LogbookEditor editor(&logbook);
         const qint64 a = addPack(&editor, &logbook, "A", 5000, {});
-        LogbookPack bare;
-        bare.name = "B";
-        const qint64 b = editor.addPack(bare);
-        PackChoice::Question question{"Title", "Text", {a, 99, b}, b, true};
+        const qint64 b = editor.addPack({0, "B", Varnel::noCellType, 0, 0, ""});
+        const qint64 c = editor.addPack({0, "C", 5, 1, 1, ""});
+        PackChoice::Question question{"Title", "Text", {a, 99, b, c}, b, true};
         PackChoice choice(logbook, question, nullptr);
         QCOMPARE(choice.chosen(), b);
         QCOMPARE(choice.windowTitle() + choice.findChild<QLabel *>()->text(), QString("TitleText"));
@@ -186,6 +189,9 @@ private slots:
             const auto lists = dialog->findChildren<QListWidget *>();
             for (const QListWidget *list : lists) // some rows are in sight
                 QVERIFY(list->minimumHeight() >= 5 * list->fontMetrics().height());
+            const auto controls = dialog->findChildren<QWidget *>();
+            for (const QWidget *control : controls)
+                QVERIFY(control->focusPolicy() == Qt::NoFocus || !control->toolTip().isEmpty());
             for (const auto &[answer, result] : {std::pair(QDialogButtonBox::Ok, QDialog::Accepted),
                      std::pair(QDialogButtonBox::Cancel, QDialog::Rejected)}) {
                 dialog->show();
@@ -198,9 +204,11 @@ private slots:
         QStringList texts;
         for (int i = 0; i < list->count(); ++i)
             texts += list->item(i)->text();
-        QCOMPARE(texts.join('|'), QString("A, 6 x LiPo, 5000 mAh|B|New pack..."));
-        list->setCurrentRow(2);
+        QCOMPARE(texts.join('|'), QString("A, 6 x LiPo, 5000 mAh|B|C, 1 x LiPo, 1 mAh|New pack..."));
+        list->setCurrentRow(3);
         QCOMPARE(choice.chosen(), qint64(PackChoice::newPack));
+        question.first = a;
+        QCOMPARE(PackChoice(logbook, question, nullptr).chosen(), a);
         question.first = 0;
         QCOMPARE(PackChoice(logbook, question, nullptr).chosen(), qint64(PackChoice::newPack));
         question.offersNew = false;

@@ -260,9 +260,7 @@ private slots:
     void panel()
     {
         const qint64 a = addPack(editor.get(), logbook.get(), "A", 5000, {{0, 5000}, {10, 4000}}, 420);
-        LogbookPack bare;
-        bare.name = "B";
-        const qint64 b = editor->addPack(bare);
+        const qint64 b = editor->addPack({0, "B", Varnel::noCellType, 0, 0, ""});
         LogbookRecording part = sampleRecording(12, Varnel::Discharge, 2000, 25000, 23000);
         part.file = "/r/part.acp";
         const qint64 partial = add(logbook.get(), part);

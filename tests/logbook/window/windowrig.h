@@ -46,6 +46,7 @@ protected:
         window = std::make_unique<LogbookWindow>(
             LogbookCommands::Parts{logbook.get(), editor.get(), reader.get()}, &state, fixture->path("own"));
         window->readState(VarnelSettings());
+        window->resize(1300, 900);
         window->show();
         QVERIFY(QTest::qWaitForWindowExposed(window.get()));
     }
