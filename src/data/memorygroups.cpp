@@ -3,6 +3,8 @@
 #include <QFile>
 #include <QList>
 
+#include <optional>
+
 namespace {
 
 // What a version of the control groups calls things.
@@ -21,12 +23,12 @@ QByteArray contents(const QString &fileName)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// -1 where there is none, or no number: "max".
-qint64 figure(const QString &fileName)
+// Nothing where there is none, or no number: "max".
+std::optional<qint64> figure(const QString &fileName)
 {
     bool ok = false;
     const qint64 value = contents(fileName).trimmed().toLongLong(&ok);
-    return ok ? value : -1;
+    return ok ? std::optional<qint64>(value) : std::nullopt;
 }
 
 qint64 cached(const QString &folder, const GroupFiles &files)
@@ -41,12 +43,12 @@ qint64 cached(const QString &folder, const GroupFiles &files)
 
 void take(qint64 *total, qint64 *available, const QString &folder, const GroupFiles &files)
 {
-    const qint64 limit = figure(folder + QLatin1String(files.limit));
-    const qint64 usage = figure(folder + QLatin1String(files.usage));
-    if (limit < 0 || usage < 0 || limit >= *total)
+    const std::optional<qint64> limit = figure(folder + QLatin1String(files.limit));
+    const std::optional<qint64> usage = figure(folder + QLatin1String(files.usage));
+    if (!limit || !usage || *limit >= *total)
         return;
-    *total = limit;
-    *available = qMin(*available, limit - usage + cached(folder, files));
+    *total = *limit;
+    *available = qMin(*available, *limit - *usage + cached(folder, files));
 }
 
 } // namespace

@@ -11,7 +11,7 @@ constexpr qint64 mostKeptLive = qint64(64) << 20;
 void demand(qint64 bytes, qint64 most)
 {
     const SystemMemory memory = systemMemory();
-    if (memory.total > 0 && memory.available - bytes < qMin(memory.total / partKept, most))
+    if (memory.available - bytes < qMin(memory.total / partKept, most))
         throw std::bad_alloc();
 }
 

@@ -2,10 +2,14 @@
 
 #include <QtGlobal>
 
-/// What the system can give this program.
+#include <limits>
+
+/// What the system can give this program, in bytes: without end where the system does not tell.
 struct SystemMemory {
-    qint64 total = 0; ///< bytes; 0 where the system does not tell
-    qint64 available = 0; ///< bytes, without other programs being put out to disk
+    static constexpr qint64 endless = std::numeric_limits<qint64>::max();
+
+    qint64 total = endless;
+    qint64 available = endless; ///< without other programs being put out to disk
 };
 
 /// As it is now, within the address space and the control groups that this process may use. Takes some ten

@@ -17,11 +17,12 @@ QByteArray contents(const char *name)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// The figure behind `name`, in bytes; -1 without one. "MemTotal:        8123456 kB"
+// The figure behind `name`, in bytes. "MemTotal:        8123456 kB"
 qint64 figure(const QByteArray &text, const char *name)
 {
     const char *const found = std::strstr(text.constData(), name);
-    return found != nullptr ? std::strtoll(found + std::strlen(name), nullptr, 10) * 1024 : -1;
+    return found != nullptr ? std::strtoll(found + std::strlen(name), nullptr, 10) * 1024
+                            : SystemMemory::endless;
 }
 
 // Of this process; 0 where the system does not tell.
@@ -36,8 +37,6 @@ SystemMemory systemMemory()
 {
     const QByteArray text = contents("/proc/meminfo");
     SystemMemory memory = {figure(text, "MemTotal:"), figure(text, "MemAvailable:")};
-    if (memory.total <= 0 || memory.available < 0)
-        return {};
     const QByteArray groups = contents("/proc/self/cgroup");
     narrowToGroups(&memory.total, &memory.available, groups, QStringLiteral("/sys/fs/cgroup"));
     rlimit limit{};

@@ -2,8 +2,6 @@
 
 #include "data/saturated.h"
 
-#include <algorithm>
-
 namespace {
 
 constexpr int secondsPerHour = 3600;
@@ -28,9 +26,10 @@ int Varnel3Data::maxBalanceChargeMah() const
 {
     if (cellCount < 1)
         return 0;
-    const auto byCharge
-        = [](const CellData &a, const CellData &b) { return a.balanceCharge < b.balanceCharge; };
-    return std::max_element(cells, cells + cellsPresent(), byCharge)->balanceCharge / chargePerMah;
+    int highest = cells[0].balanceCharge;
+    for (int i = 1; i < cellsPresent(); ++i)
+        highest = qMax(highest, cells[i].balanceCharge);
+    return highest / chargePerMah;
 }
 
 int Varnel3Data::totalBalanceCharge() const

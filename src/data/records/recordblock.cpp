@@ -58,7 +58,8 @@ PackedColumn RecordBlock::packFraction(int index, const double *fractions, quint
         if (isTenths(fractions[i], numbers + i))
             continue;
         m_whole |= 1U << unsigned(index);
-        const PackedColumn column = {0, 0, *end};
+        PackedColumn column;
+        column.place = *end;
         std::memcpy(reinterpret_cast<char *>(this) + *end, fractions, size);
         *end += quint32(size);
         return column;
