@@ -84,7 +84,7 @@ private slots:
     {
         SeriesStore store;
         QCOMPARE(rowsOf(store).size(), 2); // the titles alone
-        store.append(plain());
+        store.append(record("#02C05_____0,00005,08000,01500,250,00012,00045,4000,0,4000,0,0000,0"));
         store.append(balanced()); // of more cells: the widest record decides
         Varnel3Data tandor = balanced();
         tandor.device = Varnel3Data::Tandor;
@@ -186,10 +186,6 @@ private:
         record.parseLine(figures + QString(",0000,0").repeated(13));
         return record;
     }
-    static Varnel3Data plain()
-    {
-        return record("#02C05_____0,00005,08000,01500,250,00012,00045,4000,0,4000,0,0000,0");
-    }
     static Varnel3Data balanced()
     {
         Varnel3Data data = record("#03C05____B2,00006,12345,01500,251,00013,00045,4100,1,4120,:,4125,0");
@@ -201,8 +197,7 @@ private:
         QBuffer buffer;
         buffer.open(QIODevice::WriteOnly);
         CsvRows rows(store);
-        const bool begins = rows.progress() == 0.0;
-        const bool good = begins && rows.writeAll(buffer) && rows.progress() == 1.0;
+        const bool good = rows.progress() == 0.0 && rows.writeAll(buffer) && rows.progress() == 1.0;
         return good ? buffer.data().split('\n') : QList<QByteArray>();
     }
 

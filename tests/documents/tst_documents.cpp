@@ -7,6 +7,7 @@
 #include "displays/powerdisplay.h"
 #include "displays/voltagecomparison.h"
 #include "documents/graphprinting.h"
+#include "documents/unsavedwindows.h"
 #include "printing/printrequest.h"
 #include "support/columns.h"
 #include "support/documentrig.h"
@@ -203,12 +204,13 @@ private slots:
         QTRY_COMPARE(window->mdiChildren().size(), 1);
         const QString path = fixture->path(fails ? "none/saved.acp" : "saved.acp");
         perform(ActionId::SaveAs, {enter(path)});
+        const QSignalSpy said(window->findChild<UnsavedWindows *>(), SIGNAL(message(QString,int)));
         closeWindow(window->mdiChildren().first()); // neither does a graph window
         QCOMPARE(window->mdiChildren().size(), 1);
         if (course == "session ends")
             window->findChild<SessionEnd *>()->closeShell();
         else
-            QVERIFY(!window->close());
+            QVERIFY(!window->close() && told(said).constLast().endsWith("Cancel gives the file up. 0"));
         if (givenUp)
             QTest::keyClick(window.get(), Qt::Key_Escape);
         if (fails)

@@ -266,6 +266,8 @@ private slots:
             QTRY_COMPARE(names(), QString("run3.acp run2.acp .h.acp sub"));
             QCOMPARE(list->selectionModel()->selectedIndexes().size(), 2);
             QCOMPARE(dialog->selectedFiles(), QStringList(path("run2.acp")));
+            tree->sortByColumn(2, Qt::AscendingOrder);
+            QTRY_COMPARE(names(), QString(".h.acp run2.acp run3.acp sub"));
             tree->sortByColumn(1, Qt::AscendingOrder);
             QTRY_COMPARE(names(), QString("sub .h.acp run2.acp run3.acp"));
             QCOMPARE(tree->indexBelow(model->index(2, 0)).row(), 3); // the view has heard of it
@@ -329,8 +331,8 @@ private slots:
                 names() == "New Folder sub a.txt new.ACP first.acp" && cells(4).contains(larger)); // at once
             QVERIFY(QFile::exists(path("first.acp")) && model->setData(model->index(0, 0), "Old Folder"));
             QCOMPARE(names(), QString("Old Folder sub a.txt new.ACP first.acp"));
-            for (const auto &[keys, whole] :
-                {std::pair("sub/R", "sub/run2.acp"), {"FI", "first.acp"}, {"~/FI", "~/first.acp"}}) {
+            for (const auto &[keys, whole] : {std::pair("FI", "first.acp"), {"sub/R", "sub/run2.acp"},
+                     {"FI", "first.acp"}, {"~/FI", "~/first.acp"}}) {
                 edit->completer()->popup()->hide();
                 edit->clear();
                 QTest::keyClicks(edit, keys);
