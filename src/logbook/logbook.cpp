@@ -302,7 +302,6 @@ void Logbook::takeContent(const LogbookContent &content)
     for (const Row &row : before)
         take(row.entry);
     emit opened();
-    emit packsChanged();
     if (!content.folders.isEmpty())
         emit foldersChanged();
     setTrouble(content.isReadOnly, content.trouble);

@@ -41,7 +41,10 @@ struct Reading {
     void rest()
     {
         QSignalSpy finished(&reader, SIGNAL(finished()));
+        QSignalSpy progressed(&reader, SIGNAL(progressed(int,int)));
         QVERIFY(finished.wait(longTime));
+        for (const QVariantList &step : qAsConst(progressed))
+            progress += step[0].toString() + '/' + step[1].toString() + ' ';
     }
     QString files() const
     {
@@ -58,6 +61,7 @@ struct Reading {
     Logbook logbook;
     LogbookEditor editor;
     LogbookReader reader;
+    QString progress; // "DONE/TODO "
 };
 
 } // namespace
@@ -81,12 +85,12 @@ private slots:
         QVERIFY(write("binary.acp", QByteArray(100000, '\0')) && write("old.abp", "nothing"));
         QVERIFY(QFile::link("/dev/zero", path("zero.acp")) && QDir(path("")).mkdir("folder.acp"));
         const QDateTime end(QDate(2026, 1, 2), QTime(10, 1));
-        QFile file(path("b c.acp"));
-        QVERIFY(file.open(QFile::ReadWrite) && file.setFileTime(end, QFile::FileModificationTime));
-        file.close();
+        QVERIFY(setTime("b c.acp", end));
         {
             Reading book(folder->path());
             QCOMPARE(book.files(), journal + " b c.acp");
+            QCOMPARE(book.progress, QString("0/3 1/3 2/3 3/3 0/0 "));
+            QCOMPARE(book.reader.findChild<QTimer *>()->interval(), 5000);
             QCOMPARE(book.logbook.refused().size(), 5); // empty, broken, binary, zero and old
             QCOMPARE(book.row(path(journal))->start, QDateTime(QDate(2026, 3, 4), QTime(5, 6, 7)));
             QVERIFY(!book.row(path(journal))->isStartApproximate);
@@ -99,17 +103,17 @@ private slots:
             book.reader.look(path(journal));
             QTRY_COMPARE_WITH_TIMEOUT(book.row(path(journal))->figures.duration, 40, longTime);
             QCOMPARE(book.row(path(journal))->note, QString("note"));
+            QCOMPARE(book.row(path(journal))->figures.device, int(Varnel3Data::Varnel3));
         }
         // Moved, gone, come: what was read is not read again.
         QVERIFY(QDir(path("")).rename(journal, "renamed.acp") && QFile::remove(path("b c.acp")));
         Reading book(folder->path());
+        QCOMPARE(book.progress, QString("0/0 "));
         QCOMPARE(book.files(), QString("b c.acp- renamed.acp"));
         QCOMPARE(book.row(path("renamed.acp"))->note, QString("note"));
         QCOMPARE(book.row(path("renamed.acp"))->start, QDateTime(QDate(2026, 3, 4), QTime(5, 6, 7)));
         QCOMPARE(book.row(path("b c.acp"))->figures.records, 61);
-        QVERIFY(write("b c.acp", recording(61, 4000)) && file.open(QFile::ReadWrite));
-        QVERIFY(file.setFileTime(end, QFile::FileModificationTime)); // as it was
-        file.close();
+        QVERIFY(write("b c.acp", recording(61, 4000)) && setTime("b c.acp", end)); // as it was
         book.reader.readAgain();
         QTRY_COMPARE_WITH_TIMEOUT(book.files(), QString("b c.acp renamed.acp"), longTime);
     }
@@ -161,14 +165,16 @@ private slots:
         QVERIFY(write("a.acp", recording(5, 3900)) && makeOld(path("a.acp"), 1));
         Reading book(folder->path());
         QVERIFY(write("b.acp", recording(5, 3901)));
-        QFile file(path("b.acp"));
-        QVERIFY(file.open(QFile::ReadWrite | QFile::Append)
-            && file.setFileTime(QDateTime::currentDateTime().addSecs(9), QFile::FileModificationTime));
+        QVERIFY(setTime("b.acp", QDateTime::currentDateTime().addSecs(9)));
         QVERIFY(QMetaObject::invokeMethod(&book.reader, "lookAround"));
         QTRY_COMPARE_WITH_TIMEOUT(book.files(), QString("a.acp b.acp"), longTime);
-        QVERIFY(file.write(recording(3, 3901)) > 0 && file.flush());
+        QVERIFY(write("b.acp", recording(8, 3901)));
         QVERIFY(QMetaObject::invokeMethod(&book.reader, "lookAround"));
         QTRY_COMPARE_WITH_TIMEOUT(book.row(path("b.acp"))->figures.records, 8, longTime);
+        const QString more = folder->filePath("more");
+        QVERIFY(QDir().mkdir(more) && writeFile(more + "/c.acp", recording(5, 3902)));
+        book.logbook.setFolders({more, more});
+        QTRY_COMPARE_WITH_TIMEOUT(book.files(), QString("a.acp b.acp c.acp"), longTime);
     }
 
     /// Of a recording that was killed at once nothing is left but what the user has said of it.
@@ -225,8 +231,10 @@ private slots:
             QTRY_VERIFY_WITH_TIMEOUT(!reader.isReading(), longTime);
             QCOMPARE(logbook.size(), before + 1);
         }
+        QVERIFY(QFile::remove(folder->filePath("alone.acp")));
         Reading book(folder->path());
         QCOMPARE(book.logbook.size(), 21);
+        QTRY_VERIFY_WITH_TIMEOUT(book.row(folder->filePath("alone.acp"))->isGone, longTime);
         QVERIFY(book.reader.filesToDo() == 0 && book.reader.filesDone() == 0);
     }
 
@@ -239,14 +247,17 @@ private slots:
             records.append(Varnel3Data());
         SeriesStore store;
         store.load(std::move(records));
-        for (const bool isSame : {true, false}) {
-            const QString file = folder->filePath(isSame ? "same.acp" : "other.acp");
-            QVERIFY(writeFile(file, recording(5, 3900 + isSame)));
+        for (const auto &[grown, asked, count] :
+            {std::tuple(0, 99, 7), std::tuple(1, 99, 5), std::tuple(0, 1, 5)}) {
+            const QString file = folder->filePath(QString("%1 %2.acp").arg(grown).arg(asked));
+            QVERIFY(writeFile(file, recording(5, 3900 + grown + asked)));
             const QFileInfo info(file);
-            book.reader.lookAtOpened(file, {info.size() + !isSame, info.lastModified().toMSecsSinceEpoch()},
-                [&store] { return &store; });
+            book.reader.lookAtOpened(file, {info.size() + grown, info.lastModified().toMSecsSinceEpoch()},
+                [&store, left = asked]() mutable {
+                    return left-- > 0 ? &store : nullptr;
+                }); // closed meanwhile
             QTRY_VERIFY_WITH_TIMEOUT(book.row(file), longTime);
-            QCOMPARE(book.row(file)->figures.records, isSame ? 7 : 5);
+            QCOMPARE(book.row(file)->figures.records, count);
         }
     }
 
@@ -283,12 +294,15 @@ private slots:
         QVERIFY(!book.row(file)->isStartApproximate);
         QCOMPARE(book.row(file)->figures.device, int(Varnel3Data::Tandor));
         // A copy of it, and a file that nobody names.
+        book.editor.setNote(book.row(file)->id, "note");
+        book.editor.assign({book.row(file)->id}, book.editor.addPack({0, "A", 5, 6, 0, ""}));
         const QString copy = folder->filePath("copy.acp");
         QVERIFY(QFile::copy(file, copy));
         book.reader.lookAtCopy(copy, file);
         QTRY_VERIFY_WITH_TIMEOUT(book.row(copy) && book.row(copy)->figures.records == 10, longTime);
         QCOMPARE(book.row(copy)->start, book.row(file)->start);
-        QVERIFY(!book.row(copy)->isStartApproximate);
+        QVERIFY(!book.row(copy)->isStartApproximate && book.row(copy)->note.isEmpty());
+        QCOMPARE(book.row(copy)->pack, qint64(LogbookPack::none));
         book.reader.beginLive(path("live.acp"), "COM5", {});
         book.reader.lookAtCopy(copy + 2, path("live.acp"));
         QVERIFY(book.row(copy + 2) && !book.row(copy + 2)->isLive);
@@ -300,6 +314,11 @@ private:
         return folder->path() + "/recordings" + (name.isEmpty() ? "" : "/") + name;
     }
     bool write(const QString &name, const QByteArray &bytes) const { return writeFile(path(name), bytes); }
+    bool setTime(const QString &name, const QDateTime &time) const
+    {
+        QFile file(path(name));
+        return file.open(QFile::ReadWrite) && file.setFileTime(time, QFile::FileModificationTime);
+    }
     static void send(RecordingLog &log, int first, int count)
     {
         for (int i = first; i < first + count; ++i) {
