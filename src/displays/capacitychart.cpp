@@ -13,7 +13,6 @@ namespace {
 constexpr int leftEdge = 30;
 constexpr int sideSpace = 59; // left and right of the bars together
 constexpr int textLine = 15; // of the list on a page
-constexpr double dim = 0.4; // opacity
 
 struct BarColours {
     char mode;
@@ -21,11 +20,13 @@ struct BarColours {
     QColor body;
     QColor distinctBody;
     char letter;
+    bool dark; ///< the distinct body
 };
 
 constexpr BarColours barColours[] = {
-    {'C', {0, 255, 0}, {0, 127, 0}, {0, 150, 50}, 'C'}, {'D', {255, 0, 0}, {127, 0, 0}, {110, 0, 0}, 'D'},
-    {'\0', {255, 255, 0}, {127, 127, 0}, {245, 225, 90}, 'B'}, // every other process
+    {'C', {0, 255, 0}, {0, 127, 0}, {0, 150, 50}, 'C', true},
+    {'D', {255, 0, 0}, {127, 0, 0}, {110, 0, 0}, 'D', true},
+    {'\0', {255, 255, 0}, {127, 127, 0}, {245, 225, 90}, 'B', false}, // every other process
 };
 
 const BarColours &coloursOf(char mode)
@@ -53,8 +54,7 @@ int CapacityChart::largest() const
 {
     const auto smaller
         = [](const CapacityEntry &a, const CapacityEntry &b) { return a.capacity < b.capacity; };
-    const auto it = std::max_element(entries.begin(), entries.end(), smaller);
-    return it == entries.end() ? 0 : it->capacity;
+    return std::max_element(entries.begin(), entries.end(), smaller)->capacity;
 }
 
 double CapacityChart::percent(int index) const
@@ -119,7 +119,7 @@ void CapacityChart::paintEntry(QPainter &painter, int index, const QSize &size) 
 {
     const QRect bar = barRect(index, size);
     if (entries[index].staleSince.isValid())
-        painter.setOpacity(dim);
+        painter.setOpacity(ChartPaint::staleOpacity);
     paintBar(painter, index, bar);
     paintBoxes(painter, index, bar);
     paintFigures(painter, index, bar, margin(size.height()));
@@ -133,7 +133,7 @@ void CapacityChart::paintBar(QPainter &painter, int index, const QRect &bar) con
         painter.setPen(ChartPaint::textColour(blackGround));
         painter.setBrush(colours.distinctBody);
         drawBox(painter, bar.adjusted(0, 0, -1, -1));
-        return paintLetter(painter, colours.letter, bar, colours.distinctBody);
+        return paintLetter(painter, colours.letter, bar, colours.dark);
     }
     // A bar that is all outline is seen on white in the body's colour only.
     const bool flat = bar.height() <= 2 && !blackGround;
@@ -146,15 +146,14 @@ void CapacityChart::paintBar(QPainter &painter, int index, const QRect &bar) con
 }
 
 // In the foot of the bar, or beside one that is too low for it.
-void CapacityChart::paintLetter(QPainter &painter, char letter, const QRect &bar, const QColor &body) const
+void CapacityChart::paintLetter(QPainter &painter, char letter, const QRect &bar, bool onDark) const
 {
     const int height = px(textLine);
     const bool inside = bar.height() >= height + 2;
     QRect box(bar.left(), bar.bottom() + 1 - height, bar.width(), height);
     if (!inside) // in the gap to the next one
         box.setRect(bar.right() + 1, box.top(), px(13), height);
-    painter.setPen(
-        inside ? ChartPaint::textColour(qGray(body.rgb()) < 128) : ChartPaint::textColour(blackGround));
+    painter.setPen(ChartPaint::textColour(inside ? onDark : blackGround));
     ChartPaint::drawFitted(painter, box, Qt::AlignCenter, QString(QLatin1Char(letter)), 10, scale, true);
 }
 

@@ -54,11 +54,11 @@ public:
 
 private:
     int px(int pixels) const { return qRound(pixels * scale); }
-    int largest() const;
+    int largest() const; // of one entry at least
     void paintLines(QPainter &painter, const QSize &size) const;
     void paintEntry(QPainter &painter, int index, const QSize &size) const;
     void paintBar(QPainter &painter, int index, const QRect &bar) const;
-    void paintLetter(QPainter &painter, char letter, const QRect &bar, const QColor &body) const;
+    void paintLetter(QPainter &painter, char letter, const QRect &bar, bool onDark) const;
     void paintBoxes(QPainter &painter, int index, const QRect &bar) const;
     void paintFigures(QPainter &painter, int index, const QRect &bar, int space) const;
 };

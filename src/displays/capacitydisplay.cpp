@@ -34,7 +34,6 @@ CapacityDisplay::CapacityDisplay(QWidget *parent)
     m_chart.scale = displayScale();
     m_updateTimer.setInterval(updateInterval);
     connect(&m_updateTimer, SIGNAL(timeout()), this, SLOT(wantEntries()));
-    refresh();
     onViewChanged();
 }
 

@@ -10,6 +10,7 @@ class QRect;
 namespace ChartPaint {
 
 constexpr QColor grey{127, 127, 127};
+constexpr double staleOpacity = 0.4;
 
 /// White on the black ground, black on white paper.
 QColor textColour(bool blackGround);

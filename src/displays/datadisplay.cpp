@@ -68,7 +68,6 @@ void setColour(QLabel *label, const QColor &colour)
     if (label->palette().color(QPalette::WindowText) == colour)
         return;
     QPalette palette = label->palette();
-    palette.setColor(QPalette::Window, Qt::black);
     palette.setColor(QPalette::WindowText, colour);
     label->setPalette(palette);
 }
@@ -235,8 +234,7 @@ void DataDisplay::showFigures()
     for (const LabelSpec &spec : labelSpecs) {
         QLabel *label = m_labels[spec.item];
         setColour(label, shade(m_figures.colour(spec.item)));
-        const int points = spec.points * m_fontScale / 100; // whole ones
-        setFittedText(label, m_figures.text(spec.item), points * fontScale(), scaledSize(spec.box));
+        setFittedText(label, m_figures.text(spec.item), pointsOf(spec.points), scaledSize(spec.box));
     }
     for (int i = 0; i < DataFigures::cellSlots; ++i) {
         setColour(m_cellValues[i], shade(m_figures.cellColour()));
@@ -270,6 +268,11 @@ void DataDisplay::createLabels()
     }
 }
 
+double DataDisplay::pointsOf(int points) const
+{
+    return points * m_fontScale / 100 * fontScale(); // of whole ones
+}
+
 void DataDisplay::fitFigures()
 {
     constexpr int smallest = 50; // per cent
@@ -277,8 +280,7 @@ void DataDisplay::fitFigures()
     const int roomy = scaled(54);
     QFont font(QStringLiteral("Arial"));
     for (m_fontScale = 100; m_fontScale > smallest; m_fontScale -= step) {
-        const int points = figurePoints * m_fontScale / 100;
-        font.setPointSizeF(points * fontScale());
+        font.setPointSizeF(pointsOf(figurePoints));
         if (QFontMetrics(font).size(Qt::TextSingleLine, QStringLiteral("0,000")).height() < roomy)
             break;
     }
@@ -336,7 +338,6 @@ void DataDisplay::createLayout()
     slopes->addWidget(m_labels[DataFigures::ResistanceUnit], 1, 1);
 
     auto *main = new QGridLayout;
-    main->setSpacing(0);
     main->addWidget(m_labels[DataFigures::Cells], 0, 0, 1, 2);
     main->addWidget(m_labels[DataFigures::Mode], 0, 2, 1, 2);
     main->addWidget(m_labels[DataFigures::Voltage], 1, 0);

@@ -57,6 +57,7 @@ private:
     void createCellTable();
     void createWindowNumber();
     void createLayout();
+    double pointsOf(int points) const;
     void fitFigures();
     void showFigures();
     void showWindowNumber();

@@ -69,7 +69,7 @@ void PowerChart::paint(QPainter &painter, const QSize &size) const
         return;
     }
     if (stale)
-        painter.setOpacity(0.4);
+        painter.setOpacity(ChartPaint::staleOpacity);
     paintAxes(painter, size);
     for (int i = 0; i < bars.count; ++i)
         paintCell(painter, i, size);
@@ -83,7 +83,6 @@ void PowerChart::paintAxes(QPainter &painter, const QSize &size) const
     const int height = size.height();
     const int unitHeight = px(16);
     const int levelTop = qRound((levelBase - levelHeight) * height);
-    painter.setPen(ChartPaint::textColour(blackGround));
     paintScaleText(painter, {px(24), qRound(scaleTop * height) - px(10) - unitHeight, px(60), unitHeight},
         Qt::AlignLeft, QLatin1String(units[int(bars.quantity)]), 8);
     paintScaleText(painter, {0, levelTop - px(8) - unitHeight, px(axisLabelWidth), unitHeight},

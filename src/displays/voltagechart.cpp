@@ -9,6 +9,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <limits>
 #include <numeric>
 
 namespace {
@@ -25,8 +26,7 @@ constexpr double barShare = 0.75; // of the pitch
 constexpr int packsPerRow = 3; // on a page, at most
 
 struct Extremes {
-    int highest = -1; // cell indexes
-    int lowest = -1;
+    int highest, lowest; // cell indexes
 };
 
 Extremes extremesOf(const PackVoltages &pack, const QVector<int> &cells)
@@ -142,18 +142,16 @@ VoltageAxis VoltageChart::axis() const
 {
     if (m_isRow)
         return m_pageAxis;
-    int lowest = 0;
-    int highest = 0;
-    bool any = false;
+    int lowest = std::numeric_limits<int>::max();
+    int highest = std::numeric_limits<int>::min();
     for (const PackVoltages &pack : packs) {
-        const Extremes extremes = extremesOf(pack, shownCells(pack));
-        if (extremes.highest < 0)
-            continue;
-        lowest = any ? qMin(lowest, pack.voltages[extremes.lowest]) : pack.voltages[extremes.lowest];
-        highest = any ? qMax(highest, pack.voltages[extremes.highest]) : pack.voltages[extremes.highest];
-        any = true;
+        const QVector<int> cells = shownCells(pack);
+        for (const int cell : cells) {
+            lowest = qMin(lowest, pack.voltages[cell]);
+            highest = qMax(highest, pack.voltages[cell]);
+        }
     }
-    return any ? VoltageAxis::around(lowest, highest) : VoltageAxis();
+    return lowest <= highest ? VoltageAxis::around(lowest, highest) : VoltageAxis();
 }
 
 QRect VoltageChart::barIn(
@@ -184,7 +182,7 @@ VoltageChart::CellRef VoltageChart::cellAt(const QPoint &point, const QSize &siz
         const QVector<int> cells = shownCells(packs[pack]);
         for (const int cell : cells) {
             const QRect bar = barRect(pack, cell, size, scroll);
-            const int slack = qMax(1, bar.width() / 4); // the gap belongs to its bars
+            const int slack = bar.width() / 4; // the gap belongs to its bars
             if (point.x() >= bar.left() - slack && point.x() <= bar.right() + slack)
                 return {pack, cell};
         }
@@ -238,7 +236,7 @@ void VoltageChart::paintGroup(
     drawStraight(painter, {group.left, bottom(height), group.left + group.width - 1, bottom(height)});
     paintHeader(painter, packs[pack], group);
     if (packs[pack].staleSince.isValid())
-        painter.setOpacity(0.4);
+        painter.setOpacity(ChartPaint::staleOpacity);
     paintBars(painter, axis, pack, group, height);
     paintFigures(painter, packs[pack], group, height);
     painter.setOpacity(1.0);
@@ -276,12 +274,10 @@ void VoltageChart::paintBars(
         painter.fillRect(bar, colour);
         if (distinct) {
             painter.setPen(ChartPaint::textColour(blackGround));
-            painter.setBrush(Qt::NoBrush);
             drawBox(painter, bar.adjusted(0, 0, -1, -1));
         }
         const bool emphasised = shown.selected[cell] && selection == All;
         if (emphasised) {
-            painter.setBrush(Qt::NoBrush);
             painter.setPen(QPen(
                 ChartPaint::textColour(blackGround), px(2), Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
             painter.drawRect(bar);

@@ -210,12 +210,12 @@ int VoltageComparison::cellsAtMost() const
 void VoltageComparison::keyPressEvent(QKeyEvent *event)
 {
     const bool one = choice().oneCell >= 0;
-    const int last = cellsAtMost() - 1;
+    const int last = qMax(0, cellsAtMost() - 1);
     switch (event->key()) {
     case Qt::Key_Space:
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        setOneCell(one ? -1 : qBound(0, choice().lastCell, qMax(0, last)));
+        setOneCell(one ? -1 : qBound(0, choice().lastCell, last));
         break;
     case Qt::Key_Escape:
         if (one)
@@ -230,7 +230,7 @@ void VoltageComparison::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Right: {
         const int direction = event->key() == Qt::Key_Left ? -1 : 1;
         if (one)
-            setOneCell(qBound(0, choice().oneCell + direction, qMax(0, last)));
+            setOneCell(qBound(0, choice().oneCell + direction, last));
         else
             m_scrollBar->setValue(m_scrollBar->value() + direction * m_scrollBar->singleStep());
         break;

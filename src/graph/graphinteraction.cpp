@@ -109,7 +109,6 @@ void GraphInteraction::press(const QMouseEvent *event)
             return;
         }
         m_selecting = true;
-        m_area = *area;
         m_selectionStart = position;
         m_rubberBand = QRect();
     } else if (event->button() == Qt::RightButton && zoom().isActive()) {

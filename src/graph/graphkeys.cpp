@@ -55,7 +55,7 @@ void GraphInteraction::moveCursor(int direction, Qt::KeyboardModifiers modifiers
 {
     const int step = modifiers & Qt::ShiftModifier ? fastCursor : 1;
     if (m_cursor >= 0)
-        m_cursor = m_view.recordBeside(m_cursor, direction * step);
+        m_cursor = m_view.recordBeside(m_cursor, direction, step);
     else
         m_cursor = direction == 1 ? m_view.firstShown() : m_view.lastShown();
     m_view.reveal(m_cursor);

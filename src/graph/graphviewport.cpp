@@ -57,13 +57,13 @@ int GraphViewport::recordAtTime(double time) const
 {
     const PlotSeries &times = m_store->series(SeriesStore::Time);
     if (!m_store->isTimeMonotone()) {
-        int nearest = 0;
+        int nearest = none;
         double distance = std::numeric_limits<double>::infinity();
         times.eachPiece(0, times.size(), [&](int begin, const double *points, int count) {
-            for (int i = 0; i < count; ++i) {
-                if (std::abs(points[i] - time) < distance) {
-                    distance = std::abs(points[i] - time);
-                    nearest = begin + i;
+            for (const double *point = points; point != points + count; ++point) {
+                if (std::abs(*point - time) < distance) {
+                    distance = std::abs(*point - time);
+                    nearest = begin + int(point - points);
                 }
             }
         });
@@ -75,12 +75,11 @@ int GraphViewport::recordAtTime(double time) const
     return next;
 }
 
-int GraphViewport::recordBeside(int record, int columns) const
+int GraphViewport::recordBeside(int record, int direction, int columns) const
 {
-    const int direction = columns > 0 ? 1 : -1;
     const int last = direction == 1 ? m_store->size() - 1 : 0;
     const int start = columnOf(record);
-    const auto missing = [&](int index) { return std::abs(columns) - std::abs(columnOf(index) - start); };
+    const auto missing = [&](int index) { return columns - std::abs(columnOf(index) - start); };
     int beside = record;
     while (beside != last && missing(beside) > 0)
         beside += direction;

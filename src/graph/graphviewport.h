@@ -22,9 +22,9 @@ public:
     /// The record whose time is next to that of pixel column `x`, or of the last one right of the plots; the
     /// first of several, as where a clock was set back. `none` left of the plots and without records.
     int recordAt(int x) const;
-    /// The record that lies about so many pixel columns beside `record`, on the way along the records: at
-    /// least the next one, at most the last one. `columns` is not 0.
-    int recordBeside(int record, int columns) const;
+    /// The record that lies about so many pixel columns beside `record`, on the way along the records in
+    /// `direction`, 1 or -1: at least the next one, at most the last one. `columns` is more than 0.
+    int recordBeside(int record, int direction, int columns) const;
     /// The record at the left end of what is shown, or at its right end.
     int firstShown() const;
     int lastShown() const;

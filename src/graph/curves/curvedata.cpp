@@ -7,6 +7,6 @@ CurveData::CurveData(const QVector<QPointF> &samples)
 
 QRectF CurveData::boundingRect() const
 {
-    d_boundingRect = qwtBoundingRect(*this, 0, -1);
+    d_boundingRect = qwtBoundingRect(*this);
     return d_boundingRect;
 }

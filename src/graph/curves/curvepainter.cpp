@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -59,22 +60,20 @@ CurvePainter::Key CurvePainter::spansKey(const Job &job)
             area.height(), double(job.first), double(job.pen.width())}};
 }
 
-// What was found before still holds, and more has been appended. The first points may change.
+// What was found of other samples still holds, so that more have been appended. The first points may change.
 bool CurvePainter::isGrown(const Job &job, const Key &before, const Key &now)
 {
-    return now.isOf(before) && before.size > SeriesStore::firstResistance() + 1 && before.size < now.size
+    return now.isOf(before) && before.size > SeriesStore::firstResistance() + 1
         && job.store->isTimeMonotone();
 }
 
 void CurvePainter::updateColumns(const Job &job)
 {
-    const Key key = columnsKey(job);
-    if (key == m_columnsKey)
+    const Key before = std::exchange(m_columnsKey, columnsKey(job));
+    if (m_columnsKey == before)
         return;
-    const bool isMore = isGrown(job, m_columnsKey, key);
-    m_columnsKey = key;
     const PlotSeries &times = job.store->series(SeriesStore::Time);
-    if (isMore)
+    if (isGrown(job, before, m_columnsKey))
         m_columns.extend(times, job.timeMap);
     else
         m_columns.assign(times, job.store->isTimeMonotone(), job.timeMap, job.area.left(), job.area.right());
@@ -103,7 +102,7 @@ void CurvePainter::draw(QPainter *painter, const Job &job)
     } else if (isSparse(job)) {
         drawLines(painter, job);
     } else if (QwtPainter::roundingAlignment(painter)) {
-        drawSpans(painter, job);
+        spansOf(job).draw(painter);
     } else {
         QwtPainter::drawPolyline(
             painter, curveOutline(*job.store, job.series, job.first, job.timeMap, job.valueMap, job.area));
@@ -114,22 +113,16 @@ void CurvePainter::draw(QPainter *painter, const Job &job)
 const CurveSpans &CurvePainter::spansOf(const Job &job)
 {
     Found &found = m_found[job.series];
-    const Key key = spansKey(job);
-    if (key == found.key)
+    const Key before = std::exchange(found.key, spansKey(job));
+    if (found.key == before)
         return found.spans;
     const PlotSeries values = job.store->series(job.series);
     const CurveSpans::Source source = {values, job.first, m_columns, job.valueMap};
-    if (isGrown(job, found.key, key))
+    if (isGrown(job, before, found.key))
         found.spans.extend(source, job.area);
     else
         found.spans.assign(source, job.area, job.pen.width());
-    found.key = key;
     return found.spans;
-}
-
-void CurvePainter::drawSpans(QPainter *painter, const Job &job)
-{
-    spansOf(job).draw(painter);
 }
 
 // The same pixels as without dashes, but for those in gaps; on finer devices, lines in pieces.

@@ -55,7 +55,6 @@ private:
     void updateColumns(const Job &job);
     bool isSparse(const Job &job) const;
     const CurveSpans &spansOf(const Job &job);
-    void drawSpans(QPainter *painter, const Job &job);
     void drawLines(QPainter *painter, const Job &job);
     void drawDashes(QPainter *painter, const Job &job);
     QVector<QPointF> samplesOf(const Job &job) const;

@@ -59,7 +59,7 @@ void CurveSpans::extend(const Source &source, const QRect &area)
     clearVectorState();
     m_lines.resize(m_start.lines);
     m_spans.resize(m_start.spans);
-    if (m_start.spans > 0)
+    if (!m_spans.isEmpty())
         m_spans.last() = m_start.lastSpan;
     Column current = m_start.column;
     bool hasCurrent = m_start.hasColumn;
@@ -82,10 +82,8 @@ void CurveSpans::extend(const Source &source, const QRect &area)
     }
     if (hasCurrent)
         addSpan(current, area);
-    if (m_spans.size() > area.width() + 1) { // a wide one may reach in from beside the area
-        removeOverdraw(area);
-        m_start = Start();
-    }
+    if (m_spans.size() > area.width() + 1) // a wide one may reach in from beside the area
+        removeOverdraw(area); // of times that run back, to which nothing is added
 }
 
 // Where times run back columns come again and again: each pixel is painted once, and most of the wide lines
@@ -133,9 +131,8 @@ void CurveSpans::join(const Source &source, Column *column, const Column &next)
     } else if (m_width > 1) {
         if (std::abs(to - from) > 1 && !(column->holds(to) && next.holds(from)))
             m_lines.append(QLine(column->x, from, next.x, to));
-    } else if (to > from) {
+    } else {
         column->bottom = qMax(column->bottom, to - 1);
-    } else if (to < from) {
         column->top = qMin(column->top, to + 1);
     }
 }
@@ -162,9 +159,7 @@ void CurveSpans::addSpan(const Column &column, const QRect &area)
 void CurveSpans::draw(QPainter *painter) const
 {
     painter->drawLines(m_lines);
-    painter->save();
     painter->setBrush(painter->pen().color());
     painter->setPen(Qt::NoPen);
     painter->drawRects(m_spans);
-    painter->restore();
 }

@@ -25,7 +25,7 @@ public:
     void assign(const Source &source, const QRect &area, int width);
     /// The same for the same curve after its columns were extended: looks at what is new.
     void extend(const Source &source, const QRect &area);
-    /// Draws in `painter`'s pen, inside its clip.
+    /// Draws in `painter`'s pen, inside its clip, and leaves it another pen and brush.
     void draw(QPainter *painter) const;
     const QVector<QRect> &spans() const { return m_spans; }
     const QVector<QLine> &lines() const { return m_lines; }

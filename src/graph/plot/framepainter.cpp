@@ -100,9 +100,7 @@ void paintPlotGrid(const GraphCanvas &c, PlotArea area, StraightLines *lines)
     heightMap.setPaintInterval(rect.bottom(), rect.top());
 
     GraphTools &tools = c.tools;
-    tools.timeDivision.setInterval(c.timeMap.s1(), c.timeMap.s2());
     tools.timeDivision.setTicks(QwtScaleDiv::MajorTick, times);
-    tools.valueDivision.setInterval(rect.bottom(), rect.top());
     tools.valueDivision.setTicks(QwtScaleDiv::MajorTick, heights);
     tools.grid.setMajorPen(gridPen(c));
     tools.grid.setXDiv(tools.timeDivision);

@@ -8,9 +8,11 @@ namespace {
 QwtScaleMap shownTimes(const GraphRequest &request, const GraphLayout &layout)
 {
     const PlotSeries &times = request.store->series(SeriesStore::Time);
+    if (times.isEmpty())
+        return {};
     if (request.zoom.isActive())
         return layout.timeMap(request.zoom.times().low, request.zoom.times().high);
-    return times.isEmpty() ? layout.timeMap(0, 1) : layout.timeMap(times[0], times.last());
+    return layout.timeMap(times[0], times.last());
 }
 
 } // namespace

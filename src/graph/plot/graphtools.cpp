@@ -4,14 +4,13 @@
 #include "graph/scene/graphcolours.h"
 
 GraphTools::GraphTools()
-    : timeDivision(0, 0)
-    , valueDivision(0, 0)
 {
     constexpr int emphasis = 2; // px
     for (bool black : {false, true}) {
         const GraphColours colours(black);
-        axisPens[black] = QPen(colours.axis(), 1);
-        gridPens[black] = QPen(colours.grid(), 1, Qt::DotLine);
+        axisPens[black] = colours.axis();
+        gridPens[black] = colours.grid();
+        gridPens[black].setStyle(Qt::DotLine);
     }
     valueScale.setAlignment(QwtScaleDraw::LeftScale);
     for (int cell = 0; cell < Varnel3Data::maxCells; ++cell) {

@@ -53,7 +53,7 @@ const QTextLayout &KeptTexts::laidOut(const QPainter &painter, const QString &te
 
 void KeptTexts::draw(QPainter *painter, const QPoint &start, const QString &text)
 {
-    if (text.isEmpty() || !isOfWholePixels(*painter)) {
+    if (!isOfWholePixels(*painter)) {
         painter->drawText(start, text);
         return;
     }
@@ -63,7 +63,7 @@ void KeptTexts::draw(QPainter *painter, const QPoint &start, const QString &text
 
 void KeptTexts::draw(QPainter *painter, const QRect &rect, int flags, const QString &text)
 {
-    if (text.isEmpty() || !isOfWholePixels(*painter)) {
+    if (!isOfWholePixels(*painter)) {
         painter->drawText(rect, flags, text);
         return;
     }

@@ -78,7 +78,7 @@ void paintHeading(const GraphCanvas &c, const GraphScene &scene, const QRect &fi
     paint(second, scene.cellHeading + QLatin1Char(' ') + scene.cellUnit);
 }
 
-// In a narrow row the number is its own mark, underlined where there is room.
+// In a narrow row the number is its own mark.
 void paintNumber(
     const GraphCanvas &c, const GraphScene::Entry &entry, const QRect &row, const QColor &background)
 {
@@ -90,14 +90,8 @@ void paintNumber(
             numberAlignment, entry.name);
         return;
     }
-    if (!fits(c, entry, row, c.painter->font().pixelSize()))
-        return; // the place tells which cell it is
-    c.tools.texts.draw(c.painter, row, nameAlignment, entry.name);
-    if (row.height() >= lineHeight)
-        paintMark(c,
-            QRect(
-                row.left(), row.bottom() - 1, c.fonts.widthIn(c.painter->font().pixelSize(), entry.name), 2),
-            entry);
+    if (fits(c, entry, row, c.painter->font().pixelSize())) // else the place tells which cell it is
+        c.tools.texts.draw(c.painter, row, nameAlignment, entry.name);
 }
 
 void paintRow(const GraphCanvas &c, const GraphScene::Entry &entry, const QRect &row, QFont font)

@@ -5,6 +5,8 @@
 #include <QPaintEngine>
 #include <QPainter>
 
+#include <utility>
+
 class StraightLines::Engine : public QPaintEngine {
 public:
     explicit Engine(StraightLines *lines)
@@ -35,19 +37,17 @@ private:
 const QImage &LineStrips::strip(const QPen &pen, const QSize &size)
 {
     const QPair<int, int> key(size.width(), size.height());
-    if (pen != m_pen)
+    if (pen != std::exchange(m_pen, pen))
         m_strips.clear();
-    m_pen = pen;
     if (const QImage *known = m_strips.object(key))
         return *known;
-    QImage strip(size, QImage::Format_ARGB32_Premultiplied);
-    strip.fill(Qt::transparent);
-    QPainter painter(&strip);
+    auto *const strip = new QImage(size, QImage::Format_ARGB32_Premultiplied);
+    m_strips.insert(key, strip);
+    strip->fill(Qt::transparent);
+    QPainter painter(strip);
     painter.setPen(pen);
     painter.drawLine(0, 0, size.width() - 1, size.height() - 1);
-    painter.end();
-    m_strips.insert(key, new QImage(strip));
-    return *m_strips.object(key);
+    return *strip;
 }
 
 StraightLines::StraightLines(QPainter *painter, LineStrips *strips)

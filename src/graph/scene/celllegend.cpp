@@ -48,17 +48,18 @@ void CellLegend::stretchTo(int belowHeight)
 void CellLegend::pair()
 {
     const QRect below = m_below;
-    const QRect stretched = m_column;
+    const int stretched = m_column.bottom();
     m_below = m_layout.legend(PlotArea::Lower);
-    m_column = m_layout.legend(PlotArea::Upper).adjusted(-pairWidening, 0, 0, 0);
+    m_column = m_layout.legend(PlotArea::Upper);
+    m_column.setLeft(m_column.left() - pairWidening);
     m_column.setBottom(m_below.top() - halfFigure);
     divide(2);
     if (m_rowHeight < closestRow) {
         m_below = below;
-        m_column = stretched.adjusted(-pairWidening, 0, 0, 0);
+        m_column.setBottom(stretched);
         divide(2);
     }
-    m_rowHeight = std::floor(m_rowHeight); // one height, by which all numbers are underlined or none
+    m_rowHeight = std::floor(m_rowHeight); // of low rows all are of one height
 }
 
 void CellLegend::divide(int columns)

@@ -120,8 +120,8 @@ QColor GraphColours::readable(const QColor &colour, const QColor &background)
     constexpr qreal step = 0.02;
     const bool lighter = luminance(background) < 0.18;
     QColor text = colour;
-    for (qreal lightness = colour.lightnessF();
-         contrast(text, background) < least && lightness > 0 && lightness < 1;) {
+    qreal lightness = colour.lightnessF();
+    while (contrast(text, background) < least) { // which white or black have at the latest
         lightness = qBound(qreal(0), lightness + (lighter ? step : -step), qreal(1));
         text = QColor::fromHslF(colour.hslHueF(), colour.hslSaturationF(), lightness);
     }

@@ -21,8 +21,6 @@ bool covers(const Interval &interval, const Interval &whole)
 
 Interval GraphZoom::share(PlotArea area) const
 {
-    if (!m_active)
-        return all;
     return area == PlotArea::Upper ? m_upper : m_lower;
 }
 
@@ -31,11 +29,9 @@ bool GraphZoom::begin(const Interval &whole)
 {
     if (whole.length() <= 0)
         return false;
-    if (!m_active) {
-        reset();
-        m_active = true;
+    if (!m_active)
         m_times = whole;
-    }
+    m_active = true;
     return true;
 }
 

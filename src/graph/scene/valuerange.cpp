@@ -93,7 +93,7 @@ Interval ValueRange::ofTemperature(double minimum, double maximum)
     constexpr double least = 3.5;
     const double missing = std::max(0.0, (least - (maximum - minimum)) / 2);
     const double low = std::ceil(minimum - missing);
-    return {minimum < low ? std::floor(minimum) : low, std::ceil(maximum + missing)};
+    return {std::min(low, std::floor(minimum)), std::ceil(maximum + missing)};
 }
 
 Interval ValueRange::ofResistance(double minimum, double maximum, const Interval &taken)
