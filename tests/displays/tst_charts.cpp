@@ -90,9 +90,10 @@ private slots:
     {
         CapacityChart chart = capacities({0, 0, 0, 0, 0, 0, 0, 7});
         SHOWS(chart, QSize(1900, 280), "rect 1689,56 172x168 #007f00; rect 30,223 172x1 #007f00");
-        chart = capacities({7});
-        SHOWS(chart, QSize(470, 210), "rect 35,22 39x13 #ffffc8"); // no room for the capacity
-        SHOWS(chart, QSize(470, 100), "rect 35,0 39x13 #ffff00; rect 35,10 39x13 #ffffc8");
+        chart = capacities({1});
+        SHOWS(chart, QSize(470, 215), "text '0.001 Ah' mid 49,208 11 Arial #ffffff");
+        SHOWS(chart, QSize(470, 100),
+            "rect 35,0 39x13 #ffff00; rect 35,10 39x13 #ffffc8; text '100%' mid 55,7 11 Arial #000000");
         chart.scale = 1.5;
         SHOWS(chart, larger, "rect 45,84 57x252 #007f00; rect 53,54 59x20 pen1 #000000");
         // On white, outlines of one or two pixels are as dark as bars.
@@ -209,12 +210,12 @@ private slots:
             "rect 39,210 52x42 #0096c8");
         chart.stale = true;
         chart.distinct = true;
-        chart.windowNumber = 8;
-        SHOWS(chart, smallest, "rect 39,70 52x28 #007f00 dim; rect 0,0 18x18 #ffff00");
+        chart.windowNumber = 8888;
+        SHOWS(chart, smallest, "rect 39,70 52x28 #007f00 dim; rect 0,0 33x18 #ffff00");
         chart.stale = chart.distinct = false;
         chart.scale = 1.5;
         SHOWS(chart, larger,
-            "rect 59,105 78x42 #00ff00; line 45,378 661,378 #7f7f7f; rect 0,0 27x27 #ffff00; "
+            "rect 59,105 78x42 #00ff00; line 45,378 661,378 #7f7f7f; rect 0,0 49x27 #ffff00; "
             "rect 352,42 78x3 #ff0000");
         chart = bars(Ints(16, 1155), 1155);
         chart.bars.lower = 0;
@@ -290,8 +291,8 @@ private slots:
         chart.oneCell = 2;
         SHOWS(chart, usual, "text 'No cell 3' mid 493,167 15 Arial #000000");
         chart.oneCell = 0;
-        chart.selection = VoltageChart::OnlySelected;
-        SHOWS(chart, usual, "text '4.040 V' mid 493,326 19 bold Arial #000000"); // whatever is selected
+        chart.selection = VoltageChart::OnlySelected; // whatever is selected
+        SHOWS(chart, usual, "text '4.040 V' mid 493,326 19 bold Arial #000000; rect 476,103 33x191 #4678ff");
         chart.oneCell = -1;
         SHOWS(chart, usual,
             "text 'No cell selected' mid 199,167 15 Arial #000000; rect 476,167 33x127 #4678ff; "
@@ -301,9 +302,10 @@ private slots:
         SHOWS(chart, usual,
             "text 'All cells are hidden.' mid 199,167 15 Arial #ffffff; "
             "text 'No cell data' mid 493,167 15 Arial #ffffff");
-        chart = voltages({packOf(3, {1200, 4180, 1300, 4100})});
+        chart = voltages({packOf(3, {0, 4180, 1300, 4100})});
         SHOWS(chart, usual,
-            "text '5.0' right 46,39 11 Arial #ffffff; text '0.0' right 46,294 11 Arial #ffffff");
+            "text '5.0' right 46,39 11 Arial #ffffff; text '0.0' right 46,294 11 Arial #ffffff; "
+            "rect 263,294 33x1 #ff7f00");
         chart.packs[0].device = QString("Varnel 3 of no end, ").repeated(4);
         chart.scale = 1.5;
         SHOWS(chart, usual, "rect 84,5 27x27 #ffff00; text '[V]' right 69,18 16 Arial #ffffff");
@@ -315,13 +317,12 @@ private slots:
     {
         VoltageChart chart = voltages({packOf(1, {4000}), packOf(2, {4000}), packOf(3, {4000})});
         QCOMPARE(chart.pageSize(), QSize(480, 280));
-        chart.packs.append(packOf(4, {4100})); // rows of at most three, on one axis
-        QCOMPARE(chart.pageSize(), QSize(480, 560));
+        chart.packs += packOf(4, {4100}); // rows of at most three, on one axis
+        chart.packs += chart.packs.mid(0, 3);
         VERIFY_PAINTS(
             chart.pageSize(), [&](QPainter &painter) { chart.paintPage(painter); },
-            "rect 56,3 18x18 #ffff00; rect 270,3 18x18 #ffff00; "
-            "rect 56,283 18x18 #ffff00; rect 270,283 18x18 #ffff00; "
-            "text '4.12' right 46,39 11 Arial #ffffff; text '4.12' right 46,319 11 Arial #ffffff");
+            "rect 56,3 18x18 #ffff00; rect 198,3 18x18 #ffff00; rect 56,283 18x18 #ffff00; "
+            "text '4.12' right 46,39 11 Arial #ffffff; text '4.12' right 46,599 11 Arial #ffffff");
         QCOMPARE(voltages(sixteens(7)).pageSize(), QSize(844, 840));
     }
 
@@ -329,6 +330,7 @@ private slots:
     {
         QCOMPARE(VoltageChart().firstSeen(640, 0), -1);
         QCOMPARE(VoltageChart().contentWidth(640), 640);
+        SHOWS(VoltageChart(), usual, "text 'NO DATA' mid 320,180 53 Arial #ffffff");
         const VoltageChart chart = voltages(sixteens(12));
         QCOMPARE(chart.groupsWidth(20), 1);
         QCOMPARE(chart.contentWidth(4000), 4000);

@@ -104,7 +104,7 @@ key Escape = all cursor 43
 release left 500,200 = all cursor 46 shows 46
 press left 470,155 = all shows 43
 release left 470,155 = all cursor 43 shows 43
-press left 470,155; resize 1000,600 1; release left 600,200 = all cursor 56 shows 56)");
+press left 470,155; move left 560,200; resize 1000,600 1; release left 600,200 = all cursor 56 shows 56)");
     add("wheel", usual, R"(
 turn 1 255,155 = 43..731 0..100 0..100 cursor 22 shows 22
 turn 1 255,155 ctrl = 43..731 10..90 0..100 cursor 22 shows 22
@@ -146,7 +146,11 @@ click left 941,100 = all cell 0 shows 86
 click left 942,158 = all shows 86
 turn 1 470,155; click left 970,98 = 86..774 0..100 0..100 cell 2 shows 77
 double left 970,98 = 86..774 0..100 0..100 cell 2
-set average; click left 970,81 = 86..774 0..100 0..100 cell 2 shows 77)");
+double left 470,155 = all cursor 43 cell 2 shows 43
+set average; click left 970,81 = all cell 2 shows 86)");
+    add("legend of two columns", "2 cells=15", R"(
+set balancer; resize 360,240 1; click left 300,46 = all cell 0 shows 1
+click left 326,112 = all shows 1)");
     add("moving by keys", usual, R"(
 key Left = all cursor 86 shows 86
 key Left = all cursor 85 shows 85
@@ -195,7 +199,8 @@ key Minus ctrl = 86..774 0..100 10..90
 key Home = all
 hover 255,100; key Plus = 44..732 0..100 0..100 cursor 22
 key Home; hover 40,100; key Plus = 0..688 0..100 0..100 cursor 0
-key Right = 0..688 0..100 0..100 cursor 1 shows 1)");
+key Right = 0..688 0..100 0..100 cursor 1 shows 1
+hover 40,400; key Plus ctrl = 0..688 0..100 10..90 cursor 0)");
     add("picking cells by keys", usual, R"(
 key Down ctrl = all
 set balancer; key Up ctrl = all cell 5

@@ -1,8 +1,10 @@
+#include "data/voltageslope.h"
 #include "graph/graphhost.h"
 #include "graph/mdigraphchild.h"
 #include "settings/viewstate.h"
 #include "support/fakelink.h"
 #include "support/graphcase.h"
+#include "support/limits.h"
 #include "support/paintlog.h"
 #include "widgets/refreshgate.h"
 
@@ -24,6 +26,7 @@ public:
     {
         asked << QString("show %1 s, %2 mAh, of %3").arg(record.time).arg(record.balancedMah).arg(number)
                 + (keptRi ? ", kept Ri" : "");
+        slope = record.voltageSlope;
     }
     void showMessageStatusBar(const QString &text, int ms) override
     {
@@ -44,6 +47,7 @@ public:
     bool mayCloseAny = true;
     QStringList asked;
     int paints = 0;
+    int slope = 0; // of the record that was shown last
 
 public slots:
     void updateCapacity(int now, char mode, int atMark, int number)
@@ -85,19 +89,20 @@ private slots:
                 {[&] { child->markSaved("/data/b.acp", 3); }, first},
                 {[&] { child->load(storeOf("1"), "/data/one.acp"); }, first}, // one record is no data
                 {[&] { child->load(storeOf("2"), "/data/old.acp"); }, "/data/old.acp"},
-                {[&] { child->setPortName("COM8"); }, "/data/old.acp"}, // it is saved
                 {[&] {
                      child->load({}, "");
                      add("1");
                  },
-                    "/data/old.acp !"}};
+                    "/data/old.acp !"},
+                {[&] { child->load(storeOf("2"), "/data/new.acp"); }, "/data/new.acp"},
+                {[&] { child->setPortName("COM8"); }, "/data/new.acp"}}; // it is saved
         shell->current = true;
         for (const auto &step : steps) {
             step.first();
             QCOMPARE(title(), step.second);
         }
-        QCOMPARE(shell->taken().filter("show 60 s, 0 mAh, of 4").size(), 2);
-        QCOMPARE(child->sourceName() + ' ' + child->portName(), "old.acp COM8 COM8");
+        QCOMPARE(shell->taken().filter("show 60 s, 0 mAh, of 4").size(), 3);
+        QCOMPARE(child->sourceName() + ' ' + child->portName(), "new.acp COM8 COM8");
     }
 
     void tellsEachRecord()
@@ -285,10 +290,11 @@ private slots:
         QWheelEvent wheel({200, 155}, {}, {}, QPoint(0, 120), {}, {}, Qt::NoScrollPhase, false);
         QApplication::sendEvent(graph, &wheel);
         QCOMPARE(QString("%1 %2").arg(zoom().times().low, 0, 'f', 1).arg(wheel.isAccepted()), "97.9 1");
-        add("1"); // all is shown again as a record comes
+        add("1 start=900"); // all is shown again as a record comes
         QVERIFY(!zoom().isActive());
         QApplication::sendEvent(graph, &wheel);
         QTest::keyClick(graph, Qt::Key_Space, Qt::ShiftModifier);
+        QVERIFY(zoom().isActive() && painted("text '4'").size() == 1);
         QCOMPARE(painted("dash4,2 #aaaaaa").size(), 2);
         graph->load(storeOf("3"), "y.acp");
         QVERIFY(!zoom().isActive() && painted("dash4,2 #aaaaaa").isEmpty());
@@ -331,6 +337,28 @@ private slots:
         child->finishRecording();
     }
 
+    /// Where memory ends the curves do, for good; the figures go on.
+    void memoryEnds()
+    {
+#ifdef __SANITIZE_ADDRESS__
+        QSKIP("a sanitizer's allocator has addresses in store");
+#endif
+        constexpr int full = 8 * RecordList::blockSize;
+        child->load(storeOf(QByteArray::number(full)), "x.acp");
+        shell->current = true;
+        QTest::ignoreMessage(QtWarningMsg, "window 4: no memory for another record");
+        {
+            const AddressSpaceLimit limit(0);
+            add("1");
+        }
+        add("1");
+        child->applyResistanceLine("!34" + QByteArray(",10").repeated(15));
+        const QString shown = "show 0 s, 0 mAh, of 4";
+        QCOMPARE(shell->taken(), QStringList({shown, shown}));
+        QVERIFY(shell->slope == noVoltageSlope && child->store().size() == full);
+        QVERIFY(child->request({}).note.startsWith("Out of memory since "));
+    }
+
 private:
     void add(const char *words) const
     {
@@ -339,7 +367,10 @@ private:
             child->addRecord(records[i]);
     }
     // Title, and a '!' where records are unsaved.
-    QString title() const { return child->windowTitle() + (child->hasUnsavedData() ? " !" : ""); }
+    QString title() const
+    {
+        return child->windowTitle() + (child->hasUnsavedData() ? " !" : "");
+    }
     QStringList painted(const char *part) const
     {
         PaintLog log(child->size());

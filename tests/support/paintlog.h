@@ -20,7 +20,7 @@
 /// a colour "pen2" tells the width of a frame, or of a stroke that is not one pixel wide, "dash1,2" the
 /// pattern of one that has gaps. A text is there in five ways, "at" the start of its baseline, by where its
 /// "left" end, its "mid" or its "right" end lies at half its height, or its middle at its "foot", so that a
-/// test names the one that its box holds and no font can change. "dim" ends a line that is less than opaque.
+/// test names the one that its box holds and no font can change. "dim" ends a line of an opacity of 0.4.
 class PaintLog : public QPaintDevice {
 public:
     /// As if painted by an engine of that `type`.
@@ -154,7 +154,7 @@ private:
             const auto format = colour.alpha() < 255 ? QColor::HexArgb : QColor::HexRgb;
             operations.append(ways);
             for (QString &way : operations.last())
-                way += ' ' + colour.name(format) + (painter()->opacity() < 0.9 ? " dim" : "");
+                way += ' ' + colour.name(format) + (painter()->opacity() == 0.4 ? " dim" : "");
         }
 
         Type pretended;

@@ -65,6 +65,7 @@ void append(SeriesStore *store, int seconds, int millivolts)
     record.device = Varnel3Data::Varnel3;
     record.setTime(seconds);
     record.voltage = millivolts;
+    record.internalResistance = 100 + seconds;
     store->append(record);
 }
 
@@ -181,22 +182,26 @@ private slots:
         }
     }
 
-    /// What was found before records came is drawn on, and is the same as found anew.
+    /// What was found before records came is drawn on, and is the same as found anew; but for the first
+    /// resistances, which come to be known later.
     void drawsOnAsRecordsCome()
     {
         for (const char *name : {"noise", "gaps", "steps", "set back"}) {
             const Wave &wave = *std::find_if(std::begin(waves), std::end(waves),
                 [&](const Wave &w) { return QLatin1String(name) == w.name; });
             SeriesStore store;
-            CurvePainter kept[4];
+            CurvePainter kept[5];
             for (int i = 0, next = 10; i < 6000; ++i) {
                 append(&store, wave.time(i, 6000), wave.voltage(i, 6000));
                 if (i != next)
                     continue;
-                next += i % 3 == 0 ? 1 : 97;
-                for (int way = 0; way < 4; ++way) { // with a future, and with neighbours on both sides
-                    const auto job
-                        = jobFor(store, way < 2 ? 0 : 500, way < 2 ? 7000 : 3000, 11.9, 14.5, way % 2 + 1);
+                next += i < 40 || i % 3 == 0 ? 1 : 97;
+                for (int way = 0; way < 5; ++way) { // with a future, and with neighbours on both sides
+                    auto job = way < 4
+                        ? jobFor(store, way < 2 ? 0 : 500, way < 2 ? 7000 : 3000, 11.9, 14.5, way % 2 + 1)
+                        : jobFor(store, 0, 40 * area.width() / 6.0, 0, 200);
+                    job.series = way < 4 ? SeriesStore::Voltage : SeriesStore::Resistance;
+                    job.area.setWidth(way < 4 ? area.width() : 6);
                     CurvePainter anew;
                     QVERIFY2(drawn(&kept[way], job) == drawn(&anew, job), qPrintable(QString::number(i)));
                 }
@@ -204,35 +209,15 @@ private slots:
         }
     }
 
-    /// The first resistances come to be known later.
-    void redrawsWhatWasNotKnown()
-    {
-        SeriesStore store;
-        CurvePainter kept;
-        for (int i = 0; i < 40; ++i) {
-            Varnel3Data record;
-            record.device = Varnel3Data::Varnel3;
-            record.setTime(i);
-            record.internalResistance = 100 + i;
-            store.append(record);
-            auto job = jobFor(store, 0, 40, 0, 200);
-            job.series = SeriesStore::Resistance;
-            job.area.setWidth(6);
-            job.timeMap.setPaintInterval(area.left(), area.left() + 6);
-            CurvePainter anew;
-            QVERIFY2(drawn(&kept, job) == drawn(&anew, job), qPrintable(QString::number(i)));
-        }
-    }
-
     /// While a recording runs.
     void boundsFollowTheSamples()
     {
         struct Growing : CurveData {
-            void append(const QPointF &sample) { d_samples.append(sample); }
+            using CurveData::d_samples;
         } data;
-        data.append({1, 2});
+        data.d_samples = {{1, 2}};
         QCOMPARE(data.boundingRect(), QRectF(1, 2, 0, 0));
-        data.append({4, 0});
+        data.d_samples.append({4, 0});
         QCOMPARE(data.boundingRect(), QRectF(1, 0, 3, 2));
     }
 
@@ -286,35 +271,32 @@ private slots:
             }
             QVERIFY2(gaps > 80 || wave == QLatin1String("noise"), wave);
         }
-        const SeriesStore store
-            = filled(30, "flat"); // on finer devices, in pieces: nothing is joined over a gap
-        CurvePainter curves;
-        CurvePainter::Job job = jobFor(store, 0, 29);
-        job.pen.setStyle(Qt::DashDotLine);
-        job.dashUnit = 2;
-        const QImage image = drawn(&curves, job, 4);
-        QString line;
-        for (int x = 0; x < 28; ++x)
-            line += image.pixelColor((area.left() + x) * 4 + 2, (area.top() + 79) * 4 + 2) == Qt::green ? '#'
-                                                                                                        : '.';
-        QCOMPARE(line, "################....####....");
+        for (int count : {30, 20000}) { // on finer devices, in pieces: nothing is joined over a gap
+            const SeriesStore store = filled(count, "flat");
+            CurvePainter curves;
+            CurvePainter::Job job = jobFor(store, 0, count - 1);
+            job.pen.setStyle(Qt::DashDotLine);
+            job.dashUnit = 2;
+            const QImage image = drawn(&curves, job, 4);
+            const QRect pixels(area.left() * 4 + 2, (area.top() + 79) * 4 + 2, 1, 1);
+            QString line;
+            for (int x = 0; x < 28; ++x)
+                line += countOf(image, pixels.translated(4 * x, 0), Qt::green) > 0 ? '#' : '.';
+            QCOMPARE(line, "################....####....");
+        }
     }
 
     void drawsFromAnySampleOn()
     {
-        for (int count : {20, 2000}) {
-            const SeriesStore store = filled(count, "noise");
-            CurvePainter curves;
-            CurvePainter::Job job = jobFor(store, 0, count);
-            job.first = count / 2 + 1;
-            const QImage image = drawn(&curves, job);
-            QVERIFY(image == (count < 100 ? drawnByCurve(job) : drawnByLines(job)));
-            QCOMPARE(image.copy(0, 0, 185, 200), canvas().copy(0, 0, 185, 200));
-            job.first = count - 1; // a point that no line leads to
-            QVERIFY(drawn(&curves, job) != canvas());
-            job.first = count; // none yet
-            QCOMPARE(drawn(&curves, job), canvas());
-        }
+        const SeriesStore store = filled(20, "noise");
+        CurvePainter curves;
+        CurvePainter::Job job = jobFor(store, 0, 20);
+        job.first = 11;
+        QCOMPARE(drawn(&curves, job), drawnByCurve(job));
+        job.first = 19; // a point that no line leads to
+        QVERIFY(drawn(&curves, job) != canvas());
+        job.first = 20; // none yet
+        QCOMPARE(drawn(&curves, job), canvas());
     }
 
     /// Each value has a whole point, at the edges too, and nothing else is drawn.
@@ -345,29 +327,17 @@ private slots:
         QVERIFY(draws(40, {22}, 63));
     }
 
-    void finerDevicesGetFinerLines()
-    {
-        const SeriesStore store = filled(20000, "sine");
-        const CurvePainter::Job job = jobFor(store, 0, 20000);
-        CurvePainter curves;
-        const auto outlined = [&](QPainter *painter) {
-            painter->setPen(job.pen);
-            painter->setClipRect(area);
-            QwtPainter::drawPolyline(
-                painter, curveOutline(store, job.series, 0, job.timeMap, job.valueMap, area));
-        };
-        QCOMPARE(drawn(&curves, job, 4), canvas(outlined, 4));
-    }
-
-    /// Of a half pixel's samples the first, the lowest and the highest in their middle, and the last.
+    /// Of a half pixel's samples the first, the lowest and the highest in their middle, and the last: what
+    /// finer devices draw.
     void outlineKeepsExtremes()
     {
         SeriesStore store;
         const int volts[] = {12, 9, 15, 13};
         for (int i = 0; i < 4 * 601; ++i)
             append(&store, i, volts[i % 4] * 1000);
-        const auto job = jobFor(store, 1.5, 1.5 + 600 * 4); // four of them on each half pixel
+        auto job = jobFor(store, 1.5, 1.5 + 600 * 4); // four of them on each half pixel
         for (int first : {0, 1202}) {
+            job.first = first;
             QPolygonF expected;
             const auto add = [&](int time, int value) {
                 expected.append({job.timeMap.transform(time), job.valueMap.transform(value)});
@@ -379,6 +349,13 @@ private slots:
                 add(i - i % 4 + 3, 13);
             }
             QCOMPARE(curveOutline(store, job.series, first, job.timeMap, job.valueMap, job.area), expected);
+            const auto paint = [&](QPainter *painter) {
+                painter->setPen(job.pen);
+                painter->setClipRect(area);
+                QwtPainter::drawPolyline(painter, expected);
+            };
+            CurvePainter curves;
+            QCOMPARE(drawn(&curves, job, 4), canvas(paint, 4));
         }
     }
 
@@ -392,26 +369,11 @@ private slots:
             = {[&] { job.area.setRight(200); }, [&] { append(&store, 1, 12000); }, // back in time
                 [&] { job.store = &other; }, [&] { job.valueMap.setScaleInterval(4, 16); },
                 [&] { job.timeMap.setScaleInterval(1000, 4000); }, [&] { job.pen.setWidth(2); },
-                [&] { job.first = 2500; }, [&] { job.area.setRight(340); }};
+                [&] { job.first = 2509; }, [&] { job.area.setRight(340); }};
         for (const auto &change : changes) {
             change();
             QVERIFY(drawn(&curves, job) == drawnByLines(job));
         }
-    }
-
-    void backwardTimesStayInside()
-    {
-        SeriesStore store;
-        std::mt19937 random(3);
-        std::uniform_int_distribution<int> anyTime(-2000000000, 2000000000);
-        for (int i = 0; i < 50000; ++i) {
-            const int time = i == 0 ? 500 : i == 49999 ? 700 : anyTime(random);
-            append(&store, time, time);
-        }
-        CurvePainter curves;
-        QImage image = drawn(&curves, jobFor(store, 500, 700, 0, 1));
-        QPainter(&image).fillRect(area, Qt::black);
-        QCOMPARE(image, canvas());
     }
 };
 

@@ -19,7 +19,8 @@ QString legend(const QVector<GraphScene::Entry> &entries)
     QStringList texts;
     for (const GraphScene::Entry &entry : entries)
         texts.append(entry.name + QLatin1Char(' ') + entry.value + QLatin1Char(' ') + entry.colour.name()
-            + (entry.marked ? " marked" : ""));
+            + (entry.marked ? " marked" : "")
+            + (entry.style > Qt::SolidLine ? " style " + QString::number(entry.style) : QString()));
     return texts.join(QStringLiteral(", "));
 }
 
@@ -100,7 +101,9 @@ QString places(const QSize &size, int cells)
             return text("gap or overlap at ", cell);
     }
     return text(legend.columns(), ": ", legend.heading(0), legend.heading(1), legend.row(0),
-        legend.row(cells - 1), legend.below(), legend.cellAt(legend.heading(1).bottomLeft()));
+        legend.row(cells - 1), legend.below(),
+        qMax(legend.cellAt(legend.heading(1).bottomLeft()),
+            legend.cellAt(legend.row(cells - 1).bottomLeft() + QPoint(0, 1))));
 }
 
 QString shown(const GraphZoom &zoom)
@@ -127,7 +130,6 @@ private slots:
     void shows();
     void distinctLinesAreToldByAll();
     void areAsExpected();
-    void resistanceKeepsClear();
 };
 
 /// What stands in a graph, by its records and what is asked: the lines that match `part`.
@@ -161,9 +163,8 @@ L right: 0..2.75 A .2 of 5 #00ffff
 U legend : Voltage 11,59 V #00ff00
 L legend: Current 2,50 A #00ffff
 empty: )");
-    add("20 ranged=10", "U left", R"(U left: 11.295..11.595 V .2 of 5 #00ff00)");
-    add("20 ranged=20", "U left", R"(U left: 11.345..11.645 V .2 of 5 #00ff00)");
-    add("17", "dV|Ri", R"(U legend : Voltage 11,56 V #00ff00, dV --,- mV/min #ffff00)");
+    add("20 ranged=1", "U left", R"(U left: 11.25..11.55 V .2 of 5 #00ff00)");
+    add("17 distinct", "dV|Ri", R"(U legend : Voltage 11,56 V #00ff00, dV --,- mV/min #c06000 style 2)");
     add("18", "dV|Ri", R"(U curve 6 from 0 dV: 0..1.25 in mV/min x1 .1 #ffff00 1
 L curve 5 from 17 Ri: 38.8..46.8 in mΩ x1 .0 #c71585 1
 U legend : Voltage 11,57 V #00ff00, dV 0,0 mV/min #ffff00
@@ -178,6 +179,8 @@ L legend: Current 2,50 A #00ffff, Temp. 25,3 °C #ff0000, Ri 40 mΩ #c71585)");
     add("20 mode@0-18=1", "L legend",
         R"(L legend: Current 2,50 A #00ffff, Temp. 25,3 °C #ff0000, Ri 40 mΩ #c71585)");
     add("20 resistance=0", "Ri", "");
+    add("40 resistance@20-39=0", "L legend",
+        R"(L legend: Current 2,50 A #00ffff, Temp. 25,3 °C #ff0000, Ri --,- mΩ #c71585)");
     add("20 resistance@0-17=0", "Ri", R"(L curve 5 from 17 Ri: -4.92857..27.9286 in mΩ x1 .0 #c71585 1
 L legend: Current 2,50 A #00ffff, Temp. 25,3 °C #ff0000, Ri 23 mΩ #c71585)");
     add("20 temperature@19=0", "Temp|C ", ""); // a sensor that was lost
@@ -197,7 +200,7 @@ empty: )");
     add("3 B picked=1 select=2", "curve 1.|^e", R"(U curve 11 from 0 Cell 1: 3.3..4.35 in V x1 .3 #ff0022 1
 U curve 13 from 0 Cell 3: 3.3..4.35 in V x1 .3 #0066ff 1
 empty: )");
-    add("3 B select=1", "curve 1.|left: 3|^e", R"(U left: 3.3..4.35 V .2 of 4 #ffffff
+    add("3 B select=1 type@1=77", "curve 1.|left: 3|^e", R"(U left: 3.3..4.35 V .2 of 4 #ffffff
 empty: No cell is selected.)");
     add("3 B picked=0 picked=1 picked=2 select=2", "curve 1.|^e", R"(empty: All cells are hidden.)");
     add("20 B quantity=1 balancing=1000 balance2=100", "U legend",
@@ -208,8 +211,8 @@ empty: No cell is selected.)");
         "5 3,830 #ee00ff, 6 3,840 #00bbaa, 7 3,850 #aaaa00, 8 3,860 #775522, 9 3,870 #66aaff, "
         "10 3,880 #aa2244, 11 3,890 #116611, 12 3,900 #773388, 13 3,910 #cc99aa, 14 3,920 #225566, "
         "15 3,930 #2200ff, 16 3,940 #ff11aa");
-    add("3 B quantity=2 r0@1=3 r1@1=4", "U legend",
-        R"(U legend Ri:mΩ: 1 3,0 #ff0022, 2 4,0 #00bb00, 3 --,- #0066ff)");
+    add("3 B quantity=2 r0@1=3 r1@1=1", "U legend",
+        R"(U legend Ri:mΩ: 1 3,0 #ff0022, 2 1,0 #00bb00, 3 --,- #0066ff)");
     add("3 B select=2 picked=1 min@1=3000 max@1=4500 v1@2=4900", "left: 3",
         R"(U left: 3..4.9 V .2 of 4 #ffffff)"); // hidden ones
     add("3 B cells=8 distinct",
@@ -225,7 +228,8 @@ U left: 3.3..4.35 V .2 of 4 #ffffff
 U right: 0..32.5 mV .0 of 4 #ff8800
 U legend Voltage:V: Max 3,810 #ff0022, Avg 3,800 #00bb00, Min 3,790 #0066ff, Delta 20 mV #ff8800
 empty: )");
-    add("3 Avg max@1=3990", "U right", "U right: 20..220 mV .0 of 4 #ff8800");
+    add("3 Avg max@1=4600", "U (right|left)", R"(U left: 3.3..4.6 V .2 of 4 #ffffff
+U right: 20..891 mV .0 of 4 #ff8800)");
     add("3 Avg white", "Max:|left: 3", R"(U curve 8 from 0 Max: 3.3..4.35 in V x1 .3 #ff0022 2
 U left: 3.3..4.35 V .2 of 4 #000000)");
     add("3 Avg celldata=0", "^U|^e", R"(U legend : 
@@ -250,13 +254,12 @@ void TestGraphScene::distinctLinesAreToldByAll()
             const GraphCase shown(QLatin1String(view) + QLatin1String(ground));
             const QColor background = shown.request().switches.blackBackground ? Qt::black : Qt::white;
             const GraphScene scene = GraphScene::of(shown.request());
-            QCOMPARE(scene.curves.size(), scene.upperLegend.size() + scene.lowerLegend.size());
+            const auto entries = scene.upperLegend + scene.lowerLegend;
+            QCOMPARE(scene.curves.size(), entries.size());
             for (int i = 0; i < scene.curves.size(); ++i) {
                 const GraphScene::Curve &a = scene.curves[i];
                 QVERIFY(contrast(a.colour, background) >= 3);
-                const auto &entries = a.area == PlotArea::Upper ? scene.upperLegend : scene.lowerLegend;
-                const GraphScene::Entry &entry
-                    = entries[a.area == PlotArea::Upper ? i : i - scene.upperLegend.size()];
+                const GraphScene::Entry &entry = entries[i];
                 QVERIFY(entry.colour == a.colour && entry.style == a.style && a.name.endsWith(entry.name));
                 for (int j = 0; j < i; ++j) {
                     const GraphScene::Curve &b = scene.curves[j];
@@ -313,8 +316,8 @@ void TestGraphScene::areAsExpected()
         "1: 242,22-299,31 242,32-299,41 242,42-299,49 242,101-299,109 242,112-299,177 -1");
     add(places({460, 300}, 16),
         "1: 402,22-459,31 402,32-459,41 402,42-459,51 402,197-459,206 402,210-459,275 -1");
-    add(places({360, 240}, 16),
-        "2: 294,22-359,31 294,32-359,41 294,42-324,50 325,105-359,113 302,124-359,211 -1");
+    add(places({360, 236}, 16),
+        "2: 294,22-359,31 294,32-359,41 294,42-324,50 325,105-359,113 302,122-359,207 -1");
     add(places({300, 200}, 4),
         "1: 242,22-299,32 242,33-299,43 242,44-299,54 242,78-299,88 242,104-299,171 -1");
     add(places({300, 120}, 4), "1: 242,22-299,31 242,32-299,41 242,42-299,47 242,60-299,65 242,68-299,95 -1");
@@ -333,8 +336,8 @@ void TestGraphScene::areAsExpected()
     zoom.zoomTimes(4, 200, whole);
     zoom.zoomTimes(0.2, 200, whole);
     add(shown(zoom), "all 0..1 0..1");
-    zoom.zoomValues(1e6, PlotArea::Upper, 0.5, whole);
-    add(shown(zoom), "0..1000 0.4995..0.5005 0..1");
+    zoom.zoomValues(1e6, PlotArea::Upper, 0.5, {0, 1});
+    add(shown(zoom), "0..1 0.4995..0.5005 0..1");
     zoom.show({500, 501}, PlotArea::Lower, {0.5, 0.5001}, whole); // too short
     add(shown(zoom), "495.5..505.5 0.4995..0.5005 0.49955..0.50055");
     zoom.setTimes({400, 401}, whole);
@@ -354,12 +357,12 @@ void TestGraphScene::areAsExpected()
             double minimum, maximum;
             const char *expected;
         };
-        const Row currents[]
-            = {{1.0, 2.0, "1..2.2"}, {1.0, 1.25, "1..1.375"}, {1.0, 1.2, "0.875..1.325"}, // narrow
-                {0.05, 0.2, "0..0.325"}, {0.5, 0.5 + 1.0 / 512, "0.375..0.626953125"},
-                {0.5, 0.5 + 1.0 / 1024, "0..0.551074219"}, {0.25, 0.25, "0..0.275"}, // constant
-                {0.1, 0.1, "0..0.225"}, {0.0, 0.0, "0..0.125"}, {-1.0, 1.0, "-1..1.1"},
-                {-2.0, -1.0, "-2.2..-1"}, {-2.0, -2.0, "-2.2..0"}, {-2.0, 0.0, "-2.2..0"}};
+        const Row currents[] = {{1.0, 2.0, "1..2.2"}, {1.0, 1.25, "1..1.375"},
+            {1.0, 1.2, "0.875..1.325"}, // narrow
+            {0.05, 0.2, "0..0.325"}, {0.5, 0.5 + 1.0 / 512, "0.375..0.626953125"},
+            {0.5, 0.5 + 1.0 / 1024, "0..0.551074219"}, {0.25, 0.25, "0..0.275"}, // constant
+            {0.1, 0.1, "0..0.225"}, {0.0, 0.0, "0..0.125"}, {-1.0, 1.0, "-1..1.1"}, {-2.0, -1.0, "-2.2..-1"},
+            {-0.2, -0.05, "-0.325..0"}, {-2.0, -2.0, "-2.2..0"}, {-2.0, 0.0, "-2.2..0"}};
         for (const Row &row : currents) {
             const Interval range = ofCurrent(row.minimum * unit, row.maximum * unit, unit);
             add(text(Interval{range.low / unit, range.high / unit}), row.expected);
@@ -376,9 +379,13 @@ void TestGraphScene::areAsExpected()
     add(text(ofSlope(-1, 1, 10), ofSlope(-20, -5, 10)),
         "-2.25..2.25 -22..-5"); // a falling voltage is what counts
     add(text(ofResistance(43, 43, {0.95, 0.95}), ofResistance(5, 5, {0.95, 0.95})), "41.71..50.31 4.7..6.7");
-    add(text(ofResistance(40, 54, {0.95, 0.97})), "37..57");
+    add(text(ofResistance(40, 54, {0.95, 0.97}), ofResistance(40, 45, {0.43, 0.43})),
+        "37..57 38.9285714..46.0714286");
     add(text(ofResistance(40, 52, {0.15, 0.5})), "35..55"); // its lowest place is taken
     add(text(ofResistance(40, 52, {0.45, 0.85})), "37..57"); // the highest
+    add(text(ofResistance(40, 52, {0.15, 0.25}), ofResistance(40, 52, {0.75, 0.85}), // two
+            ofResistance(40, 52, {0.22, 0.5}), ofResistance(22, 26, {0.12, 0.52})), // none; all, more or less
+        "31.6..55.6 36.4..60.4 37.4285714..54.5714286 19.2..27.2");
     add(text(ofCells(3.5, 4.2, 5), ofCells(2.9, 4.4, 5)), "3.3..4.35 2.9..4.4");
     add(text(ofCells(1.0, 1.5, Varnel3Data::noCellType)), "0.95..1.55");
 
@@ -415,25 +422,6 @@ void TestGraphScene::areAsExpected()
         {"#777777", "#777777", "#070707"}, {"#fcfcfc", "#757575", "#ffffff"}};
     for (const auto &[colour, background, text] : colours)
         add(GraphColours::readable(QColor(colour), QColor(background)).name(), text);
-}
-
-/// Whatever the current's line does, that of the resistance lies elsewhere.
-void TestGraphScene::resistanceKeepsClear()
-{
-    const std::tuple<int, int, int, double> courses[]
-        = {{43, 43, 1, 0.049}, {0, 0, 1, 0.049}, {40, 60, 20, 0.049}, {22, 24, 1, 0.049},
-            {22, 26, 1, 0.029}}; // of three values the middle one may last, of five each
-    for (const auto &[minimum, maximum, step, clear] : courses) {
-        for (int pair = 0; pair < 101 * 101; ++pair) {
-            const Interval taken = {pair / 101 / 100.0, pair % 101 / 100.0};
-            const Interval range = ValueRange::ofResistance(minimum, maximum, taken);
-            for (int value = minimum; taken.length() >= 0 && value <= maximum; value += step) {
-                const double share = range.shareOf(value);
-                QVERIFY(share > 0.1 && share < 0.9 && qAbs(share - taken.low) > clear
-                    && qAbs(share - taken.high) > clear);
-            }
-        }
-    }
 }
 
 QTEST_APPLESS_MAIN(TestGraphScene)
