@@ -70,7 +70,6 @@ DeskArea::DeskArea(QWidget *parent)
     , m_titleStyle(new TitleBarStyle)
 {
     m_titleStyle->setParent(this);
-    setBlack(true);
     // The first window to open and the last to close change what the background shows.
     connect(this, SIGNAL(subWindowActivated(QMdiSubWindow*)), viewport(), SLOT(update()));
 }

@@ -135,10 +135,8 @@ void EndNotice::dismiss()
 {
     const QString starter = m_starts.isEmpty() ? QString() : m_starts.dequeue();
     const bool wasOpen = isOpen();
-    if (m_box) {
+    if (m_box)
         m_box->disconnect(this);
-        m_box->reject();
-    }
     delete m_box;
     m_userSoundTimer->stop();
     stopSound();

@@ -32,7 +32,7 @@ QStringList PortQuestions::ports() const
     return names;
 }
 
-// Queued: the dialog that has ended is still on its way out.
+// Of a question that has been answered or withdrawn, too. Queued: the dialog is still on its way out.
 bool PortQuestions::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::WindowUnblocked)
@@ -53,7 +53,6 @@ void PortQuestions::withdraw(const QString &portName)
             m_box.clear();
         }
     }
-    showNext();
 }
 
 void PortQuestions::onFinished(int result)
@@ -64,7 +63,6 @@ void PortQuestions::onFinished(int result)
     m_box.clear();
     const Question question = m_waiting.dequeue();
     emit answered(question.portName, result == QMessageBox::Yes);
-    showNext();
 }
 
 void PortQuestions::showNext()

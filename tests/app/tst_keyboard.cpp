@@ -43,6 +43,8 @@ private slots:
         row("Open file,Open more", "&Open file,Open &more");
         row("Save as,E&xit,Set time", "&Save as,E&xit,Set &time");
         row("xx,E&xit,Lux", "xx,E&xit,&Lux"); // nothing is left for the first
+        row("a,a", "&a,a");
+        row("cd,ab,ac,b", "c&d,&ab,a&c,&b"); // one gives way to the next, and that to the third
         row("Bar, B ,A", "Ba&r, &B ,&A"); // the one gives way that has another letter
         row(" T , dV , Vc ", " &T , &dV , &Vc ");
         row("Öffnen,Über,öl", "&Öffnen,&Über,ö&l");

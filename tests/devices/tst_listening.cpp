@@ -249,7 +249,9 @@ private slots:
         for (const char *adapter : {"Adapter 1", "Adapter 2"}) // which is one question
             parts()->arrive({"COM9"_s, QLatin1String(adapter), QString()});
         parts()->arrive({"COM10"_s, QString(), QString()});
+        const auto *eighth = box("portQuestion");
         parts()->leave({"COM10"_s, QString(), QString()}); // while it waits
+        QVERIFY(eighth->isVisible());
         QTRY_COMPARE(QApplication::activeWindow(), box("portQuestion"));
         QTest::keyClick(box("portQuestion"), Qt::Key_Escape);
         QTRY_COMPARE(question(), asked("Adapter 1"));
@@ -294,6 +296,7 @@ private slots:
                 QTRY_COMPARE(fact(StatusFacts::Failing), "Can't open: COM3"_s);
             QCOMPARE(box("portFailed") != nullptr, then == "free after a while");
             QCOMPARE(listened(), QStringList());
+            QCOMPARE(retries()->findChild<QTimer *>()->interval(), then == "free after a while" ? 40 : 20);
             other.close();
             QTRY_COMPARE(bar(), "Start listening on new port COM3. | Listening: COM3"_s);
             QTRY_VERIFY(!box("portFailed"));

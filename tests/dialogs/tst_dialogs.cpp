@@ -8,6 +8,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFormLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QScopeGuard>
@@ -125,9 +126,18 @@ private slots:
         click(dialog, "Refresh");
         QCOMPARE(ticks(dialog), "COM4* COM5"_s);
         const auto boxes = dialog.findChildren<CheckBoxComPort *>();
-        for (const CheckBoxComPort *box : boxes)
+        const QWidget *next = dialog.findChild<QScrollArea *>();
+        while (!qobject_cast<const QAbstractButton *>(next))
+            next = next->nextInFocusChain();
+        QCOMPARE(next, boxes.first());
+        for (CheckBoxComPort *box : boxes) {
+            const auto *label
+                = qobject_cast<const QLabel *>(dialog.findChild<QFormLayout *>()->labelForField(box));
             QVERIFY(box->toolTip().startsWith("/dev/pts"_s) && box->accessibleDescription() == box->toolTip()
                 && box->accessibleName() == box->portName());
+            QVERIFY(label->text() == box->portName() && label->textFormat() == Qt::PlainText
+                && label->toolTip() == box->toolTip());
+        }
     }
 
     void resetAndCancel()
