@@ -268,7 +268,7 @@ private slots:
                 });
                 QCOMPARE(window->close(), sure);
             }
-            QTRY_VERIFY_WITH_TIMEOUT(logbook->isUsersWritten(), 60000);
+            QTRY_VERIFY_WITH_TIMEOUT(logbook->isUsersWritten() && logbook->trouble().isEmpty(), 60000);
             pack.name += 'C';
             editor->addPack(pack); // what merely takes its time is waited for
             QVERIFY(window->close());
