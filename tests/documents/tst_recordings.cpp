@@ -104,6 +104,7 @@ private slots:
             QVERIFY(header->sectionResizeMode(0) == QHeaderView::Stretch && !header->stretchLastSection());
             QCOMPARE(header->sectionResizeMode(3), QHeaderView::ResizeToContents);
             tree->header()->hideSection(1);
+            qobject_cast<QFileDialog *>(dialog)->setViewMode(QFileDialog::List);
             enter(newest)(dialog);
         };
         perform(ActionId::OpenRecordings, {look});
@@ -113,6 +114,7 @@ private slots:
             const auto *header = dialog->findChild<QTreeView *>("treeView")->header();
             QCOMPARE(header->sortIndicatorOrder(), Qt::AscendingOrder);
             QCOMPARE(header->hiddenSectionCount(), 0);
+            QCOMPARE(qobject_cast<QFileDialog *>(dialog)->viewMode(), QFileDialog::Detail);
             QVERIFY(qobject_cast<QFileDialog *>(dialog)->directory() != folder);
             dialog->reject();
         };
