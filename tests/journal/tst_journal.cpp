@@ -146,7 +146,8 @@ private slots:
         replaced.reset();
         QCOMPARE(contents(name), QByteArray("precious\n")); // not the journal's
         QMetaObject::invokeMethod(&keeper, "lookAfterFiles"); // of which there are none any more
-        QVERIFY(!keeper.findChild<QTimer *>()->isActive());
+        const auto *round = keeper.findChild<QTimer *>();
+        QVERIFY(!round->isActive() && round->interval() == 1000);
     }
 
     // One goes on, one ends meanwhile: its window may be closed, and nothing else holds what waits.
