@@ -97,11 +97,11 @@ void OverlayInteraction::pointAt(const QPoint &position)
     m_widget->update();
 }
 
-// The curve that is next to `position` where it stands; -1 where there is none.
-int OverlayInteraction::entryNear(const QPoint &position) const
+// The curve that is next to `position` where it stands, if there is any.
+std::optional<int> OverlayInteraction::entryNear(const QPoint &position) const
 {
     const QwtScaleMap heights = layout().heights(m_shown->shownValues());
-    int nearest = -1;
+    std::optional<int> nearest;
     double least = std::numeric_limits<double>::infinity();
     for (int entry = 0; entry < m_shown->entries.size(); ++entry) {
         const OverlayCourse &course = *m_shown->entries[entry].course;
@@ -149,12 +149,12 @@ void OverlayInteraction::pressPlot(const QPoint &position, Qt::KeyboardModifiers
     } else if (!(modifiers & Qt::ControlModifier)) {
         m_drag = Drag::Zoom;
     } else if (m_shown->axis == OverlayAxis::Time) {
-        const int entry = entryNear(position);
-        if (entry < 0)
+        const std::optional<int> entry = entryNear(position);
+        if (!entry)
             return;
-        pick(entry);
+        pick(*entry);
         m_drag = Drag::Course;
-        m_shiftBefore = m_shown->entries[entry].shift;
+        m_shiftBefore = m_shown->entries[*entry].shift;
         m_secondsPerPixel = perPixel();
         m_widget->setCursor(Qt::SizeHorCursor);
     }
@@ -271,7 +271,7 @@ void OverlayInteraction::moveCursor(int direction, Qt::KeyboardModifiers modifie
     const double x = m_shown->cursor ? columnOf(*m_shown->cursor) + step : from;
     const double beyond = x - qBound<double>(plot.left(), x, plot.right());
     moveView(QPoint(int(-beyond), 0)); // as far as there is more
-    m_shown->cursor = placeAt(x - beyond);
+    m_shown->cursor = placeAt(x);
 }
 
 void OverlayInteraction::moveCourse(int direction, Qt::KeyboardModifiers modifiers)

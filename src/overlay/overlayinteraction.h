@@ -44,7 +44,7 @@ private:
     double columnOf(double place) const;
     double perPixel() const; ///< what lies along the axis
     double shareAt(int y) const;
-    int entryNear(const QPoint &position) const;
+    std::optional<int> entryNear(const QPoint &position) const;
     void pointAt(const QPoint &position);
     void pick(int entry);
     void pressPlot(const QPoint &position, Qt::KeyboardModifiers modifiers);

@@ -210,7 +210,9 @@ void OverlayPainter::paintPointer(const Canvas &c)
 {
     const QRect plot = c.layout.plot();
     const auto paintLine = [&](const std::optional<double> &place, Qt::PenStyle style) {
-        const int x = place ? pixelOf(c.columns, *place) : -1;
+        if (!place)
+            return;
+        const int x = pixelOf(c.columns, *place);
         c.painter->setPen(QPen(c.colours.axis(), 1, style));
         if (x >= plot.left() && x <= plot.right())
             c.painter->drawLine(x, plot.top(), x, plot.bottom());

@@ -13,7 +13,7 @@ private slots:
     void courses()
     {
         const std::tuple<QString, QString, QString> cases[] = {
-            {"20", "01234567 start 0 time 0..1140 charge 0..1900", "-1:-1 29:0 31:1 1140:19 1141:-1"},
+            {"20", "01234567 start 0 time 0..1140 charge 0..1900", "-1:-1 29:0 31:1 89:1 1140:19 1141:-1"},
             {"17", "0123456 start 0 time 0..960 charge 0..1600", ""},
             {"20 mode=1 temperature=0", "012345 start 0 time 0..1140 charge 0..1900", ""},
             {"20 celldata=0 resistance=0", "056 start 0 time 0..1140 charge 0..1900", ""},
@@ -29,6 +29,11 @@ private slots:
             {"4 period@1-3=0", "0123456 start 0 time 0..0 charge 0..300", "0:0 1:-1"},
             {"5 period@2-3=0", "0123456 start 0 time 0..120 charge 0..400", "80:1 100:4"}, {"0", "", ""}};
         for (const auto &[records, wanted, near] : cases) {
+            SeriesStore heard; // line by line
+            const RecordList lines = recordsOf(records);
+            for (int i = 0; i < lines.size(); ++i)
+                heard.append(lines[i]);
+            QCOMPARE(OverlayCourse(heard).has(OverlayValue::Resistance), wanted.contains("7 "));
             const OverlayCourse course(storeOf(records));
             QString told;
             for (int value = 0; value < int(OverlayValue::Count); ++value)
@@ -56,7 +61,7 @@ private slots:
         row("three a column", 9000, 10797, 0, 2600);
         row("beside", 30000, 40000, 0, 4);
         row("set back", 0, 20000, 500, 100000);
-        row("set back again and again", 0, 15999, 1, 2000);
+        row("set back again and again", 1000, 15000, 1, 2000);
     }
 
     /// On each half column the lowest and the highest, the first and the last of all; few points.
@@ -70,6 +75,8 @@ private slots:
         for (int i = 0; i < count; ++i) {
             Varnel3Data record;
             record.setTime(jump == 1 ? i % 2 * 10000 + i / 20 : jump > 0 && i > 10000 ? i - jump : i);
+            if (count > 20000 && i == 0)
+                record.setTime(8000); // alone on its column
             record.voltage = 12000 + i * 7919 % 1000;
             records.append(record);
         }
@@ -108,8 +115,12 @@ private slots:
         QVERIFY2(outline.size() <= most, QByteArray::number(outline.size()));
         if (jump == 0 && from == 0)
             QVERIFY(outline.first().x() == left && outline.last().x() == all.last().x());
-        if (from == 9000) // what leads in and out
-            QVERIFY(outline.first().x() < left && outline.last().x() > right);
+        const Interval reach{outline.first().x(), outline.last().x()};
+        QVERIFY(jump != 1 || (reach.low == left && reach.high == right + 0.5));
+        const Interval whole{left - 1, right + 1}; // beyond, what leads in and out, and no more
+        if (from == 9000)
+            QVERIFY(reach.low < whole.low && reach.low >= whole.low - place.perX && reach.high >= whole.high
+                && reach.high < whole.high + place.perX);
     }
 
 private:

@@ -51,14 +51,16 @@ private slots:
         QVERIFY(!shift->isEnabled());
         QTest::keyClick(overlay()->plot(), Qt::Key_Down, Qt::ControlModifier);
         QVERIFY(shift->isEnabled());
-        shift->setValue(30);
+        QTest::keyClick(overlay()->plot(), Qt::Key_Right, Qt::AltModifier);
+        QCOMPARE(shift->value(), 1);
+        shift->setValue(-1000000);
         QTest::keyClick(overlay()->plot(), Qt::Key_Down, Qt::ControlModifier);
         QCOMPARE(shift->value(), 0);
         QTest::keyClick(overlay()->plot(), Qt::Key_Up, Qt::ControlModifier);
-        QCOMPARE(shift->value(), 30);
+        QCOMPARE(shift->text(), QString("-999999 s"));
         overlay()->findChild<QComboBox *>("overlayAxis")->setCurrentIndex(1);
         QVERIFY(!shift->isEnabled());
-        QCOMPARE(overlay()->plot()->shown().entries[0].shift, 30.0);
+        QCOMPARE(overlay()->plot()->shown().entries[0].shift, -999999.0);
         overlay()->resize(overlay()->width(), 470);
         QTest::keyClick(overlay(), Qt::Key_Escape); // the pick
         QTest::keyClick(overlay()->plot(), Qt::Key_Escape);
@@ -162,6 +164,7 @@ private slots:
         commands->showFiles({dataFile("a.acp", 5), dataFile("b.acp", 6)}, {"a", "b"});
         QTRY_COMPARE(entries(), "a 5; b 6");
         OverlayPlot *plot = overlay()->plot();
+        QVERIFY(plot->sizeHint() == QSize(900, 480) && plot->minimumSize() == QSize(320, 200));
         plot->resize(1000, 600);
         QCOMPARE(plot->spokenText(), "Pack voltage\n1: a, 00:00:04   150 mAh\n2: b, 00:00:05   150 mAh");
         VERIFY_PAINTS(*plot, "rect 0,0 1000x600 #000000; line 54,22 54,573 #aaaaaa");

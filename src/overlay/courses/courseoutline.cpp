@@ -25,17 +25,14 @@ void add(QVector<QPointF> *outline, const QPointF &point)
         outline->append(point);
 }
 
-// The samples begin..end - 1 of one half column; beside the picture only where they enter and leave it
-// counts.
-void addStretch(QVector<QPointF> *outline, const Samples &samples, int begin, int end, bool isInside)
+// The samples begin..end - 1 of one half column, or on one side of the picture.
+void addStretch(QVector<QPointF> *outline, const Samples &samples, int begin, int end)
 {
+    const auto [low, high] = std::minmax_element(samples.values + begin, samples.values + end);
+    const double x = samples.x(begin);
     add(outline, samples.point(begin));
-    if (isInside) {
-        const auto [low, high] = std::minmax_element(samples.values + begin, samples.values + end);
-        const double x = samples.x(begin);
-        add(outline, {x, samples.yOf(double(*low))});
-        add(outline, {x, samples.yOf(double(*high))});
-    }
+    add(outline, {x, samples.yOf(double(*low))});
+    add(outline, {x, samples.yOf(double(*high))});
     add(outline, samples.point(end - 1));
 }
 
@@ -87,8 +84,7 @@ QVector<QPointF> courseOutline(const OverlayCourse &course, OverlayAxis axis, Ov
         const double column = columnAt(begin);
         while (next < count && columnAt(next) == column)
             ++next;
-        const double x = samples.x(begin);
-        addStretch(&outline, samples, begin, next, x > lowest && x < highest);
+        addStretch(&outline, samples, begin, next);
         if (outline.size() > mostPoints)
             return inkOf(samples, OverlayCourse::firstPoint(value), course.size(), left, right);
     }

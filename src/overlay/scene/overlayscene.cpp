@@ -4,6 +4,7 @@
 #include "data/timetext.h"
 #include "graph/scene/cursordifference.h"
 #include "graph/scene/graphcolours.h"
+#include "graph/scene/rounddivision.h"
 #include "graph/scene/timedivision.h"
 
 #include <algorithm>
@@ -131,20 +132,6 @@ QString reasonOf(const OverlayRequest &request)
 
 } // namespace
 
-// The step of an empty range is no number, and nothing is on it.
-QVector<double> roundDivisions(double low, double high, int most)
-{
-    QVector<double> places;
-    const double least = (high - low) / most;
-    const double ten = std::pow(10.0, std::floor(std::log10(least)));
-    double step = 10 * ten;
-    for (double part : {5.0, 2.0, 1.0})
-        step = part * ten >= least ? part * ten : step;
-    for (double k = std::ceil(low / step); k * step <= high; ++k)
-        places.append(k * step);
-    return places;
-}
-
 QString OverlayScene::valueName(OverlayValue value)
 {
     return tr(overlayScale(value).name);
@@ -176,16 +163,13 @@ OverlayScene OverlayScene::of(const OverlayRequest &request, int mostPlaces, int
     const OverlayScale &scale = overlayScale(request.value);
     scene.unit = tr(scale.unit);
     const Interval places = request.shownPlaces();
-    const auto placed = request.axis == OverlayAxis::Time
-        ? timeDivisions(places.low, places.high, mostPlaces)
-        : roundDivisions(places.low, places.high, mostPlaces);
+    const auto placed = request.axis == OverlayAxis::Time ? timeDivisions(places.low, places.high, mostPlaces)
+                                                          : RoundDivision(places, mostPlaces).places;
     for (const double place : placed)
         scene.places.append({place, placeText(request.axis, place)});
     const Interval values = request.shownValues();
-    const auto divided = roundDivisions(values.low * scale.factor, values.high * scale.factor, mostValues);
-    const double step = divided.size() > 1 ? divided[1] - divided[0] : 1.0;
-    const int decimals = std::max(0, int(std::ceil(-std::log10(step) - 0.01)));
-    for (const double value : divided)
-        scene.values.append({value / scale.factor, FigureText::fixed(value, decimals)});
+    const RoundDivision divided({values.low * scale.factor, values.high * scale.factor}, mostValues);
+    for (const double value : divided.places)
+        scene.values.append({value / scale.factor, divided.text(value)});
     return scene;
 }

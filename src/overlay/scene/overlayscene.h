@@ -43,6 +43,3 @@ public:
     /// Such as "00:45:00" and "1,250 mAh".
     static QString placeText(OverlayAxis axis, double place);
 };
-
-/// Round numbers that divide `low`..`high` into at most `most` + 1 pieces. None for an empty range.
-QVector<double> roundDivisions(double low, double high, int most);

@@ -54,14 +54,14 @@ const CoursePoint &CourseCanvas::pointAt(CourseChart::Hit hit) const
 
 QString CourseCanvas::textOf(CourseChart::Hit hit) const
 {
-    return hit.line < 0 || !m_namer ? QString() : m_namer(m_chart.lines[hit.line], pointAt(hit));
+    return hit.isNone() || !m_namer ? QString() : m_namer(m_chart.lines[hit.line], pointAt(hit));
 }
 
 QString CourseCanvas::spokenText() const
 {
     QStringList lines = {m_title};
     const CourseChart::Hit marked = markedPoint();
-    if (marked.line >= 0)
+    if (!marked.isNone())
         lines.append(textOf(marked));
     if (m_chart.isEmpty())
         lines.append(m_chart.emptyText);
@@ -100,8 +100,8 @@ void CourseCanvas::paintEvent(QPaintEvent *)
 void CourseCanvas::mouseMoveEvent(QMouseEvent *event)
 {
     const CourseChart::Hit hit = m_chart.hit(event->pos(), size());
-    setCursor(hit.line < 0 ? Qt::ArrowCursor : Qt::PointingHandCursor);
-    if (hit.line >= 0)
+    setCursor(hit.isNone() ? Qt::ArrowCursor : Qt::PointingHandCursor);
+    if (!hit.isNone())
         QToolTip::showText(event->globalPos(), plainToolTip(textOf(hit)), this);
     else
         QToolTip::hideText();
@@ -110,7 +110,7 @@ void CourseCanvas::mouseMoveEvent(QMouseEvent *event)
 void CourseCanvas::mousePressEvent(QMouseEvent *event)
 {
     const CourseChart::Hit hit = m_chart.hit(event->pos(), size());
-    if (event->button() == Qt::LeftButton && hit.line >= 0)
+    if (event->button() == Qt::LeftButton && !hit.isNone())
         emit chosen(pointAt(hit).recording);
 }
 
@@ -130,8 +130,8 @@ CourseChart::Hit CourseCanvas::neighbour(int direction) const
     const CourseChart::Hit marked = markedPoint();
     const double infinity = std::numeric_limits<double>::infinity();
     using Order = std::pair<double, int>;
-    const Order from = marked.line >= 0 ? Order(direction * pointAt(marked).at, direction * marked.line)
-                                        : Order(-infinity, 0);
+    const Order from = !marked.isNone() ? Order(direction * pointAt(marked).at, direction * marked.line)
+                                        : Order(-infinity, {});
     CourseChart::Hit best;
     Order nearest(infinity, {});
     for (int i = 0; i < m_chart.lines.size(); ++i) {
@@ -151,7 +151,7 @@ void CourseCanvas::keyPressEvent(QKeyEvent *event)
     if (event->key() != Qt::Key_Left && event->key() != Qt::Key_Right)
         return QWidget::keyPressEvent(event);
     const CourseChart::Hit hit = neighbour(event->key() == Qt::Key_Right ? 1 : -1);
-    if (hit.line < 0)
+    if (hit.isNone())
         return;
     emit chosen(pointAt(hit).recording);
     const QPointF place = m_chart.mapping(size()).place(pointAt(hit));

@@ -2,6 +2,7 @@
 
 #include "data/figuretext.h"
 #include "graph/scene/graphcolours.h"
+#include "graph/scene/rounddivision.h"
 #include "widgets/displayscale.h"
 #include "widgets/fittedtext.h"
 
@@ -51,36 +52,7 @@ QPolygonF polygonOf(CourseLine::Marker marker, const QPointF &at, double radius)
     }
 }
 
-/// Smallest of 1, 2, 5, 10, 20 ... times a power of ten that divides `length` into `most` pieces or fewer.
-double roundStep(double length, int most)
-{
-    const double least = length / qMax(1, most);
-    const double power = std::pow(10.0, std::floor(std::log10(least)));
-    for (const double factor : {1.0, 2.0, 5.0})
-        if (factor * power >= least)
-            return factor * power;
-    return 10.0 * power;
-}
-
-int decimalsOf(double step)
-{
-    return qBound(0, int(std::ceil(-std::log10(step) - 1e-9)), 3);
-}
-
 } // namespace
-
-QVector<double> roundTicks(const Interval &range, int most)
-{
-    QVector<double> ticks;
-    if (!(range.length() > 0))
-        return ticks;
-    const double step = roundStep(range.length(), most);
-    constexpr double little = 1e-9; // by which numbers are off
-    const double last = std::floor(range.high / step + little);
-    for (double i = std::ceil(range.low / step - little); i <= last; ++i)
-        ticks.append(i * step);
-    return ticks;
-}
 
 QVector<double> dateTicks(const Interval &range, int most)
 {
@@ -93,13 +65,12 @@ QVector<double> dateTicks(const Interval &range, int most)
     QVector<double> ticks;
     if (!(range.length() > 0))
         return ticks;
-    const Step *step = std::begin(steps);
-    while (step + 1 < std::end(steps)
-        && range.length() / day / (step->days + step->months * 30.0) > qMax(1, most))
-        ++step;
+    const Step *step = std::find_if(std::begin(steps), std::end(steps) - 1, [&](const Step &one) {
+        return range.length() / day / (one.days + one.months * 30.0) <= qMax(1, most);
+    });
     QDate date = dateOf(range.low);
     if (step->months > 0)
-        date = QDate(date.year(), 1, 1).addMonths((date.month() - 1) / step->months * step->months);
+        date = QDate(date.year(), 1, 1);
     else if (step->days >= 7)
         date = date.addDays(1 - date.dayOfWeek());
     for (; date.isValid() && startOf(date) <= range.high;
@@ -118,7 +89,7 @@ bool CourseChart::isEmpty() const
 // With some air, and from zero where that leaves the course large enough to be seen.
 Interval CourseChart::valueRange() const
 {
-    const double air = reference > 0 ? 0.15 : 0.08; // more for what is written on the line across
+    const double air = hasReference() ? 0.15 : 0.08; // more for what is written on the line across
     constexpr double narrowest = 0.05; // of the largest value: noise stays small
     constexpr double fromZero = 0.4;
     Interval range{std::numeric_limits<double>::max(), std::numeric_limits<double>::lowest()};
@@ -127,7 +98,7 @@ Interval CourseChart::valueRange() const
             range.take({point.value, point.value});
     if (range.low > range.high)
         return {0.0, 1.0};
-    if (reference > 0)
+    if (hasReference())
         range.take({reference, reference});
     const double least = qMax(narrowest * std::abs(range.high), 1e-3);
     if (range.length() < least)
@@ -153,7 +124,7 @@ Interval CourseChart::timeRange() const
 CourseChart::Mapping CourseChart::mapping(const QSize &size) const
 {
     const int left = px(leftSpace);
-    const int right = px(inPercent && reference > 0 ? rightSpace : noAxisSpace);
+    const int right = px(inPercent ? rightSpace : noAxisSpace);
     const int top = px(2 * textHeight);
     const int bottom = px(textHeight + 6);
     const QRect area(left, top, qMax(1, size.width() - left - right), qMax(1, size.height() - top - bottom));
@@ -195,10 +166,10 @@ void CourseChart::paint(QPainter &painter, const QSize &size) const
         return;
     }
     paintValues(painter, map);
-    if (inPercent && reference > 0)
+    if (inPercent)
         paintPercent(painter, map);
     paintTimes(painter, map);
-    if (reference > 0)
+    if (hasReference())
         paintReference(painter, map);
     painter.setPen(colours.axis());
     painter.drawRect(map.area);
@@ -213,15 +184,14 @@ void CourseChart::paintValues(QPainter &painter, const Mapping &map) const
     const QRect &area = map.area;
     const GraphColours colours(blackGround);
     const Interval &range = map.values;
-    const QVector<double> ticks = roundTicks(range, area.height() / px(tickPixels));
-    const int decimals = ticks.size() > 1 ? decimalsOf(ticks[1] - ticks[0]) : 2;
-    for (const double tick : ticks) {
+    const RoundDivision ticks(range, area.height() / px(tickPixels));
+    for (const double tick : ticks.places) {
         const int y = qRound(map.y(tick));
         painter.setPen(colours.grid());
         painter.drawLine(area.left(), y, area.right(), y);
         painter.setPen(colours.text());
         painter.drawText(QRect(0, y - px(textHeight) / 2, area.left() - px(6), px(textHeight)),
-            int(Qt::AlignRight) | int(Qt::AlignVCenter), FigureText::fixed(tick, decimals));
+            int(Qt::AlignRight) | int(Qt::AlignVCenter), ticks.text(tick));
     }
     painter.drawText(QRect(0, area.top() - px(textHeight) - px(4), area.left() - px(6), px(textHeight)),
         int(Qt::AlignRight) | int(Qt::AlignVCenter), unit);
@@ -233,16 +203,14 @@ void CourseChart::paintPercent(QPainter &painter, const Mapping &map) const
     const GraphColours colours(blackGround);
     const Interval &range = map.values;
     const Interval percent{range.low * allPercent / reference, range.high * allPercent / reference};
-    const QVector<double> ticks = roundTicks(percent, area.height() / px(tickPixels));
-    const int decimals = ticks.size() > 1 ? decimalsOf(ticks[1] - ticks[0]) : 1;
-    for (const double tick : ticks) {
+    const RoundDivision ticks(percent, area.height() / px(tickPixels));
+    for (const double tick : ticks.places) {
         const int y = qRound(map.y(tick * reference / allPercent));
         painter.setPen(colours.axis());
         painter.drawLine(area.right(), y, area.right() + px(3), y);
         painter.setPen(colours.text());
         painter.drawText(QRect(area.right() + px(6), y - px(textHeight) / 2, px(rightSpace), px(textHeight)),
-            int(Qt::AlignLeft) | int(Qt::AlignVCenter),
-            FigureText::fixed(tick, decimals) + QStringLiteral(" %"));
+            int(Qt::AlignLeft) | int(Qt::AlignVCenter), ticks.text(tick) + QStringLiteral(" %"));
     }
 }
 
@@ -253,8 +221,8 @@ void CourseChart::paintTimes(QPainter &painter, const Mapping &map) const
     const Interval &range = map.times;
     const int width = painter.fontMetrics().horizontalAdvance(timeText(range.high)) + px(14);
     const int most = qMax(1, area.width() / width);
-    QVector<double> ticks = byDate ? dateTicks(range, most) : roundTicks(range, most);
-    for (const double tick : qAsConst(ticks)) {
+    const QVector<double> ticks = byDate ? dateTicks(range, most) : RoundDivision(range, most).places;
+    for (const double tick : ticks) {
         if (!byDate && tick != std::floor(tick))
             continue;
         const int x = qRound(map.x(tick));

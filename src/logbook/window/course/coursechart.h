@@ -37,6 +37,8 @@ public:
     struct Hit {
         int line = -1;
         int point = -1;
+
+        bool isNone() const { return line < 0; }
     };
 
     QVector<CourseLine> lines;
@@ -44,7 +46,7 @@ public:
     bool byDate = true;
     double reference = 0; ///< a line across, such as the nominal capacity; 0 for none
     QString referenceName;
-    bool inPercent = false; ///< an axis on the right has `reference` as 100 %
+    bool inPercent = false; ///< an axis on the right has `reference`, of which there is one then, as 100 %
     QString emptyText; ///< what stands there while there is no point
     qint64 marked = 0; ///< recording with a ring round it
     bool blackGround = true;
@@ -70,6 +72,7 @@ public:
     void paint(QPainter &painter, const QSize &size) const;
 
 private:
+    bool hasReference() const { return reference > 0; }
     int px(double pixels) const { return qRound(pixels * scale); }
     Interval valueRange() const;
     Interval timeRange() const;
@@ -85,7 +88,6 @@ private:
     QString timeText(double at) const;
 };
 
-/// Round numbers that divide `from`..`to` into `most` pieces or fewer.
-QVector<double> roundTicks(const Interval &range, int most);
-/// Starts of days, weeks, months, quarters or years (s since 1970, local time) that do, with the same step.
+/// Starts of days, weeks, months, quarters or years (s since 1970, local time) that divide it into `most`
+/// pieces or fewer.
 QVector<double> dateTicks(const Interval &range, int most);

@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <optional>
 
 namespace PackCourse {
 
@@ -16,7 +18,7 @@ namespace {
 
 constexpr double hundred = 100.0;
 constexpr double thousand = 1000.0;
-constexpr double msPerYear = 365.25 * 86400.0 * 1000.0;
+constexpr double year = 365.25 * 86400.0; // s
 
 // Shares of a cell's range from empty to full. A discharge begins under load, a charge with its current.
 constexpr double fullLithium = 0.7;
@@ -55,51 +57,29 @@ bool isWeak(const LogbookFigures &figures)
     return range > 0 && figures.lowestCell >= 0 && figures.spread > share * range;
 }
 
-struct Trend {
-    int count = 0;
-    double first = 0;
-    double last = 0;
-    double slope = 0; ///< per year
-};
-
-/// A straight line through `points`, of which `at` is in ms.
-Trend trendOf(const QVector<CoursePoint> &points)
+/// Of a straight line through `points`, which are of more than one time.
+double slopeOf(const QVector<CoursePoint> &points)
 {
-    Trend trend;
-    trend.count = points.size();
-    if (points.isEmpty())
-        return trend;
-    trend.first = points.first().at;
-    trend.last = points.last().at;
     double x = 0; // the mean
     for (const CoursePoint &point : points)
-        x += (point.at - trend.first) / points.size();
+        x += point.at / points.size();
     double xy = 0;
     double xx = 0;
     for (const CoursePoint &point : points) {
-        const double apart = point.at - trend.first - x;
+        const double apart = point.at - x;
         xy += apart * point.value;
         xx += apart * apart;
     }
-    trend.slope = xx > 0 ? xy / xx * msPerYear : 0;
-    return trend;
+    return xy / xx;
 }
 
-/// What `quantity` comes to; less than 0 where it is not known.
-double valueOf(const LogbookRecording &recording, Quantity quantity)
+/// What `quantity` comes to, where it is known.
+std::optional<double> valueOf(const LogbookFigures &figures, Quantity quantity)
 {
-    const auto known = [](double figure) { return figure > 0 ? figure : -1; };
-    const LogbookFigures &figures = recording.figures;
-    switch (quantity) {
-    case Capacity:
-        return known(figures.charge / thousand);
-    case Energy:
-        return known(figures.energy);
-    case Resistance:
-        return known(figures.resistance);
-    default:
-        return figures.spread;
-    }
+    const double values[quantityCount]
+        = {figures.charge / thousand, figures.energy, figures.resistance, double(figures.spread)};
+    const double value = values[quantity];
+    return value > 0 || (quantity == Spread && value >= 0) ? std::optional(value) : std::nullopt;
 }
 
 QString unitOf(Quantity quantity)
@@ -119,10 +99,10 @@ QVector<CoursePoint> pointsOf(const Recordings &recordings, int mode, const Requ
     QVector<CoursePoint> points;
     for (int i = 0; i < recordings.size(); ++i) {
         const LogbookRecording &recording = *recordings[i];
-        const double value = isOf(recording, mode) ? valueOf(recording, request.quantity) : -1;
+        const std::optional<double> value = valueOf(recording.figures, request.quantity);
         const double at = request.byDate ? double(recording.start.toMSecsSinceEpoch()) / thousand : cycles[i];
-        if (value >= 0)
-            points.append({at, value, recording.id, !isFull(recording)});
+        if (value && isOf(recording, mode))
+            points.append({at, *value, recording.id, !isFull(recording)});
     }
     return points;
 }
@@ -221,7 +201,7 @@ QString percentText(double percent)
 Health healthOf(const LogbookPack &pack, const Recordings &recordings)
 {
     constexpr int leastPoints = 3;
-    constexpr double leastSpan = msPerYear / 12; // less would be blown up to nonsense
+    constexpr double leastSpan = 1.0 / 12; // of a year; less would be blown up to nonsense
     Health health;
     health.recordings = recordings.size();
     if (recordings.isEmpty())
@@ -240,13 +220,12 @@ Health healthOf(const LogbookPack &pack, const Recordings &recordings)
     if (pack.capacity < 1)
         return health;
     for (CoursePoint &point : points) {
-        point.at *= thousand;
+        point.at /= year;
         point.value *= thousand * hundred / pack.capacity;
     }
     health.percent = points.last().value;
-    const Trend trend = trendOf(points);
-    if (trend.count >= leastPoints && trend.last - trend.first >= leastSpan)
-        health.perYear = trend.slope;
+    if (points.size() >= leastPoints && points.last().at - points.first().at >= leastSpan)
+        health.perYear = slopeOf(points);
     return health;
 }
 
@@ -313,11 +292,7 @@ CourseChart chartOfAll(const Logbook &logbook, const Request &request)
     CourseChart chart = emptyChart(request);
     const QHash<qint64, Recordings> packs = byPack(logbook);
     chart.emptyText = text(whatIsMissing(logbook, packs, request));
-    struct Entry {
-        double order;
-        CourseLine line;
-    };
-    QVector<Entry> entries;
+    std::multimap<double, CourseLine> worstFirst;
     for (const LogbookPack &pack : logbook.packs()) {
         CourseLine line;
         line.name = pack.name;
@@ -328,12 +303,12 @@ CourseChart chartOfAll(const Logbook &logbook, const Request &request)
         for (CoursePoint &point : line.points)
             point.value *= isShare ? thousand * hundred / pack.capacity : 1.0;
         const double last = line.points.last().value;
-        entries.append({request.quantity <= Energy ? last : -last, line});
+        worstFirst.emplace(request.quantity <= Energy ? last : -last, line);
     }
-    std::stable_sort(
-        entries.begin(), entries.end(), [](const Entry &a, const Entry &b) { return a.order < b.order; });
-    for (int i = 0; i < std::min(mostLines, int(entries.size())); ++i) {
-        CourseLine &line = entries[i].line;
+    for (auto &[order, line] : worstFirst) {
+        const int i = chart.lines.size();
+        if (i == mostLines)
+            break;
         line.colour = colours.readable(colours.cell(i));
         line.style = colours.style(i);
         line.marker = CourseLine::Marker(i % CourseLine::markerCount);
