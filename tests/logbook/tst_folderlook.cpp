@@ -1,3 +1,4 @@
+#include "files/disk/lockedfile.h"
 #include "logbook/folderlook.h"
 #include "support/columns.h"
 #include "support/files.h"
@@ -19,7 +20,7 @@ private slots:
         folder = std::make_unique<QTemporaryDir>();
         QVERIFY(QDir(folder->path()).mkdir("sub"));
         const std::pair<const char *, QByteArray> files[]
-            = {{"a.acp", records(3)}, {"b.acp", records(4)}, {"none.acp", "no recording\n"},
+            = {{"a.acp", records(3)}, {"b.acp", records(4)}, {"none.acp", "# no recording\n"},
                 {"empty.acp", ""}, {"x.txt", records(3)}, {"sub/c.acp", records(3)}};
         for (const auto &[name, bytes] : files)
             QVERIFY(writeFile(path(name), bytes) && makeOld(path(name), 10));
@@ -73,6 +74,14 @@ private slots:
             QVERIFY(writeFile(path("none.acp"), "5\nc\n2\n") && makeOld(path("none.acp"), 10));
             QVERIFY(writeFile(path("empty.acp"), "5\nc\n") && makeOld(path("empty.acp"), 10));
         });
+        for (const bool isLive : {false, true})
+            row(isLive ? "being recorded" : "being written", all + (isLive ? "" : " unsettled"),
+                [this, isLive](Question q) {
+                    held = createLockedFile(path("new.acp"));
+                    QVERIFY(makeOld(path("new.acp"), 10));
+                    if (isLive)
+                        q->live.insert(path("new.acp"));
+                });
         row("live", all, [this](Question q) {
             QVERIFY(makeNew(path("a.acp")));
             q->live.insert(path("a.acp"));
@@ -97,6 +106,8 @@ private slots:
             {"a.acp", "b.acp", "empty.acp", "none.acp", "old.acp", "older.acp", "new.acp"})
             files += path(name);
         QTEST(told(lookAt(question, files)), "news");
+        if (held.descriptor >= 0)
+            closeFile(std::exchange(held, {}).descriptor);
     }
 
 private:
@@ -147,6 +158,7 @@ private:
     }
 
     std::unique_ptr<QTemporaryDir> folder;
+    CreatedFile held; // being written
 };
 
 QTEST_GUILESS_MAIN(TestFolderLook)

@@ -178,6 +178,7 @@ private slots:
         QCOMPARE(window->shownIds().size(), 4);
         window->show();
         QCOMPARE(window->shownIds().size(), 5);
+        QCOMPARE(action("Note...")->shortcut(), QKeySequence("F2"));
         const std::pair<QWidget *, const char *> menus[] = {
             {view(),
                 "Open,Overlay,Show in folder,,Assign to pack...,Assign to offered pack,Assign to none,Note..."

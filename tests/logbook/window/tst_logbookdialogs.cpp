@@ -40,6 +40,7 @@ private slots:
         QCOMPARE(chemistry->count(), int(Varnel::noCellType) + 1);
         QCOMPARE(process->count(), int(Varnel::NoMode) + 1);
         QCOMPARE(dates[0]->displayFormat(), QString("M/d/yyyy"));
+        QCOMPARE(dates[0]->date(), dates[1]->date().addYears(-1));
         const auto told = [&] {
             const LogbookFilter filter = line.filter();
             QString text;
