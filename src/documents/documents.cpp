@@ -31,7 +31,8 @@ namespace {
 
 constexpr int savedTime = 1000; // ms
 constexpr int labelBytes = 4 << 20; // ten thousand files and more scroll without being read twice
-constexpr int dateColumn = 3; // of a file dialog's details
+constexpr int sizeColumn = 1; // of a file dialog's details
+constexpr int dateColumn = 3;
 constexpr int columnMargin = 16; // px, of a text in its column
 constexpr int failuresShown = 12; // the rest are under the box's details
 
@@ -61,6 +62,7 @@ void arrangeRecordings(QFileDialog &dialog)
     const auto widthOf = [tree](const char *text) {
         return tree->fontMetrics().horizontalAdvance(QLatin1String(text)) + columnMargin;
     };
+    header->resizeSection(sizeColumn, widthOf("1,023.99 MiB"));
     header->resizeSection(RecordingsModel::lengthColumn,
         std::max(widthOf("Length 000"), header->sectionSizeHint(RecordingsModel::lengthColumn)));
     // From the font alone: sizes to contents would read every file for its label.

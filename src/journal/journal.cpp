@@ -24,10 +24,13 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(Journal)
 };
 
-/// How many of the first `count` bytes, of none where it is negative, are whole lines.
+/// How many of the first `count` bytes, of none where it is negative, are whole lines. Needs no memory, as no
+/// line must.
 int wholeLines(const char *bytes, int count)
 {
-    return QByteArray::fromRawData(bytes, std::max(0, count)).lastIndexOf('\n') + 1;
+    while (count > 0 && bytes[count - 1] != '\n')
+        --count;
+    return std::max(0, count);
 }
 
 } // namespace

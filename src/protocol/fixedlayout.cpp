@@ -44,10 +44,10 @@ bool isBetween(const uchar *at, const char (&least)[size], const char (&most)[si
     return outside == 0;
 }
 
-// Of a long time some lie between head and rest.
+// Of a long time some lie between head and rest; those of a short one overlap, so that `end` may lie before.
 bool areDigits(const uchar *begin, const uchar *end)
 {
-    return std::all_of(begin, end, [](uchar c) { return c >= '0' && c <= '9'; });
+    return std::all_of(begin, std::max(begin, end), [](uchar c) { return c >= '0' && c <= '9'; });
 }
 
 // Numbers of so many digits, which were looked at before.
