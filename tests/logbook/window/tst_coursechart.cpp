@@ -204,12 +204,8 @@ private slots:
     {
         const auto row = columnsOf<QString, QString>({"chart", "painted"});
         row("percent marked",
-            "rect 0,0 400x300 #000000; line 54,249 351,249 #505050; "
-            "text '4.5' right 48,249 12 Arial #ffffff; "
-            "line 54,59 351,59 #505050; text '5.1' right 48,59 12 Arial #ffffff; "
-            "text 'Ah' right 48,20 12 Arial #ffffff; line 351,91 354,91 #aaaaaa; "
+            "line 54,249 351,249 #505050; line 351,91 354,91 #aaaaaa; "
             "text '100 %' left 357,91 12 Arial #ffffff; text '102 %' left 357,59 12 Arial #ffffff; "
-            "line 104,32 104,277 #505050; text '1' mid 104,288 12 Arial #ffffff; "
             "text '3' mid 302,288 12 Arial #ffffff; line 54,91 351,91 dash4,2 #ffa500; "
             "text 'nominal' right 346,83 12 Arial #ffa500; line 104,91 203,154 pen1.5 #ff0000; "
             "curve 199,150 199,150 of 5 pen1.5 #ff0000; disc 203,154 16x16 pen2 #ffffff; "
