@@ -15,7 +15,6 @@
 #include <QDesktopServices>
 #include <QLabel>
 #include <QMenuBar>
-#include <QSignalSpy>
 #include <QToolBar>
 #include <QToolButton>
 

@@ -11,9 +11,6 @@
 #include "support/seed.h"
 #include "support/shellfixture.h"
 
-#include <QFileInfo>
-#include <QRandomGenerator>
-
 #include <array>
 
 namespace {

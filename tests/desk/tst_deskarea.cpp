@@ -5,7 +5,6 @@
 #include "support/pixels.h"
 
 #include <QMdiSubWindow>
-#include <QRegularExpression>
 #include <QStyleOptionTitleBar>
 
 using Rects = QVector<QRect>;

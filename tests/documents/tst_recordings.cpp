@@ -193,45 +193,41 @@ private slots:
         QCOMPARE(loaded(saved).size() * 10 + loaded(journal).size(), 56);
     }
 
-    void saveIsPresetByTheRecording_data()
-    {
-        columns<bool>({"journal"});
-        QTest::newRow("as its journal") << true;
-        QTest::newRow("as its journal would be") << false;
-    }
-
     void saveIsPresetByTheRecording()
     {
-        QFETCH(bool, journal);
-        VarnelSettings().setValue("journal/enabled", journal);
-        VarnelSettings().setValue("global/lastDir", fixture->path("last.acp"));
-        listen(1);
-        send(1, 5);
-        const QString saved = fixture->path("run.acp");
-        QVERIFY(writeFile(saved, "old") && QDir(fixture->path("")).mkdir("folder"));
-        const auto look = [&](QDialog *dialog) {
-            const auto *files = qobject_cast<QFileDialog *>(dialog);
-            const QFileInfo preset(files->selectedFiles().value(0));
-            QCOMPARE(preset.dir(), QFileInfo(saved).dir());
-            QVERIFY(preset.fileName().startsWith("20") && preset.fileName().endsWith("_COM1.acp"));
-            QVERIFY(!journal || preset.fileName() == QFileInfo(journals().value(0)).fileName());
-            for (const char *name : {"run.ABP", "\"run.abp\""}) {
-                answer({[](QDialog *warning) {
-                    QVERIFY(qobject_cast<QMessageBox *>(warning)->text().contains(".abp"));
-                    warning->accept();
-                }});
-                enter(name)(dialog);
-                QVERIFY(unanswered == 0 && dialog->isVisible());
-            }
-            enter("folder")(dialog);
-            QCOMPARE(files->directory().dirName(), QString("folder"));
-            QVERIFY(dialog->isVisible());
-            answer({press(QMessageBox::Yes)}); // to replace it
-            enter(fixture->path("run"))(dialog);
-        };
-        perform(ActionId::SaveAs, {look});
-        QCOMPARE(unanswered, 0);
-        QTRY_COMPARE(loaded(saved).size(), 5);
+        for (const bool journal : {true, false}) {
+            cleanup();
+            init();
+            VarnelSettings().setValue("journal/enabled", journal);
+            VarnelSettings().setValue("global/lastDir", fixture->path("last.acp"));
+            listen(1);
+            send(1, 5);
+            const QString saved = fixture->path("run.acp");
+            QVERIFY(writeFile(saved, "old") && QDir(fixture->path("")).mkdir("folder"));
+            const auto look = [&](QDialog *dialog) {
+                const auto *files = qobject_cast<QFileDialog *>(dialog);
+                const QFileInfo preset(files->selectedFiles().value(0));
+                QCOMPARE(preset.dir(), QFileInfo(saved).dir());
+                QVERIFY(preset.fileName().startsWith("20") && preset.fileName().endsWith("_COM1.acp"));
+                QVERIFY(!journal || preset.fileName() == QFileInfo(journals().value(0)).fileName());
+                for (const char *name : {"run.ABP", "\"run.abp\""}) {
+                    answer({[](QDialog *warning) {
+                        QVERIFY(qobject_cast<QMessageBox *>(warning)->text().contains(".abp"));
+                        warning->accept();
+                    }});
+                    enter(name)(dialog);
+                    QVERIFY(unanswered == 0 && dialog->isVisible());
+                }
+                enter("folder")(dialog);
+                QCOMPARE(files->directory().dirName(), QString("folder"));
+                QVERIFY(dialog->isVisible());
+                answer({press(QMessageBox::Yes)}); // to replace it
+                enter(fixture->path("run"))(dialog);
+            };
+            perform(ActionId::SaveAs, {look});
+            QCOMPARE(unanswered, 0);
+            QTRY_COMPARE(loaded(saved).size(), 5);
+        }
     }
 
     void exports_data()

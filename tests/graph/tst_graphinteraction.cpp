@@ -3,7 +3,6 @@
 #include "support/columns.h"
 #include "support/graphcase.h"
 
-#include <QMetaEnum>
 #include <QWheelEvent>
 
 #include <memory>

@@ -4,7 +4,6 @@
 #include "support/columns.h"
 #include "support/warningcollector.h"
 
-#include <QBuffer>
 #include <QtTest>
 
 Q_DECLARE_METATYPE(LogbookFilter)

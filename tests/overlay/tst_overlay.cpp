@@ -7,7 +7,6 @@
 #include "support/graphcase.h"
 #include "support/paintlog.h"
 
-#include <QMetaEnum>
 #include <QWheelEvent>
 
 #include <memory>

@@ -13,7 +13,6 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPainter>
-#include <QRegularExpression>
 #include <QtTest>
 
 /// What several windows are made of.

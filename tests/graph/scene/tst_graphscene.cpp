@@ -10,8 +10,6 @@
 #include "support/pixels.h"
 #include "support/vision.h"
 
-#include <QTextStream>
-
 namespace {
 
 QString legend(const QVector<GraphScene::Entry> &entries)

@@ -4,9 +4,7 @@
 #include "support/paintlog.h"
 #include "widgets/displayscale.h"
 
-#include <QDateTime>
 #include <QHelpEvent>
-#include <QLocale>
 #include <QToolTip>
 
 namespace {

@@ -5,7 +5,6 @@
 #include "support/columns.h"
 
 #include <QLabel>
-#include <QLocale>
 
 #include <cmath>
 
