@@ -61,7 +61,7 @@ struct Reading {
     Logbook logbook;
     LogbookEditor editor;
     LogbookReader reader;
-    QString progress; // "DONE/TODO "
+    QString progress; // "DONE/ALL "
 };
 
 } // namespace
