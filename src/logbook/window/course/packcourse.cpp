@@ -77,7 +77,7 @@ double slopeOf(const QVector<CoursePoint> &points)
 std::optional<double> valueOf(const LogbookFigures &figures, Quantity quantity)
 {
     const double values[quantityCount]
-        = {figures.charge / thousand, figures.energy, figures.resistance, double(figures.spread)};
+        = {figures.charge / thousand, figures.energy, double(figures.resistance), double(figures.spread)};
     const double value = values[quantity];
     return value > 0 || (quantity == Spread && value >= 0) ? std::optional(value) : std::nullopt;
 }
