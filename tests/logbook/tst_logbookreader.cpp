@@ -253,9 +253,7 @@ private slots:
             QVERIFY(writeFile(file, recording(5, 3900 + grown + asked)));
             const QFileInfo info(file);
             book.reader.lookAtOpened(file, {info.size() + grown, info.lastModified().toMSecsSinceEpoch()},
-                [&store, left = asked]() mutable {
-                    return left-- > 0 ? &store : nullptr;
-                }); // closed meanwhile
+                [&store, left = asked]() mutable { return left-- > 0 ? &store : nullptr; });
             QTRY_VERIFY_WITH_TIMEOUT(book.row(file), longTime);
             QCOMPARE(book.row(file)->figures.records, count);
         }
