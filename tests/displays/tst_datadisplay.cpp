@@ -136,6 +136,7 @@ private slots:
         setView(false, CellValue::Voltage);
         settle(*m_display);
         QCOMPARE(shown(), QString("4,000Vc"));
+        QCOMPARE(afterClick(Qt::LeftButton), QString(" 4,00V"));
     }
 
     void statistics()

@@ -290,6 +290,12 @@ private slots:
         QWheelEvent wheel({200, 155}, {}, {}, QPoint(0, 120), {}, {}, Qt::NoScrollPhase, false);
         QApplication::sendEvent(graph, &wheel);
         QCOMPARE(QString("%1 %2").arg(zoom().times().low, 0, 'f', 1).arg(wheel.isAccepted()), "97.9 1");
+        ViewSwitches held;
+        held.holdView = true;
+        shell->state->setSwitches(held);
+        add("1 start=870");
+        QCOMPARE(graph->request({}).rangedRecords, 87);
+        shell->state->setSwitches({});
         add("1 start=900"); // all is shown again as a record comes
         QVERIFY(!zoom().isActive());
         QApplication::sendEvent(graph, &wheel);

@@ -174,17 +174,12 @@ L legend: Current 2,50 A #00ffff, Temp. 25,3 °C #ff0000, Ri 40 mΩ #c71585)");
     add("19 voltage=12000 voltage@18=11900", "U legend",
         R"(U legend : Voltage 11,90 V #00ff00, dV -100 mV/min #ffff00)");
     add("20 mode@19=1", "Ri", ""); // ended in a discharge
-    add("20 mode@0-18=1", "L legend",
-        R"(L legend: Current 2,50 A #00ffff, Temp. 25,3 °C #ff0000, Ri 40 mΩ #c71585)");
     add("20 resistance=0", "Ri", "");
     add("40 resistance@20-39=0", "L legend",
         R"(L legend: Current 2,50 A #00ffff, Temp. 25,3 °C #ff0000, Ri --,- mΩ #c71585)");
     add("20 resistance@0-17=0", "Ri", R"(L curve 5 from 17 Ri: -4.92857..27.9286 in mΩ x1 .0 #c71585 1
 L legend: Current 2,50 A #00ffff, Temp. 25,3 °C #ff0000, Ri 23 mΩ #c71585)");
     add("20 temperature@19=0", "Temp|C ", ""); // a sensor that was lost
-    add("20 temperature@0-18=0", "Temp|C ", R"(L curve 4 from 0 Temp.: 0..7 in °C x1 .1 #ff0000 1
-L left: 0..7 °C .1 of 4 #ff0000
-L legend: Current 2,50 A #00ffff, Temp. 25,3 °C #ff0000, Ri 40 mΩ #c71585)");
     add("3 B picked=1", "^U|^e", R"(U curve 12 from 0 Cell 2: 3.3..4.35 in V x1 .3 #00bb00 2
 U curve 11 from 0 Cell 1: 3.3..4.35 in V x1 .3 #ff0022 1
 U curve 13 from 0 Cell 3: 3.3..4.35 in V x1 .3 #0066ff 1
