@@ -75,8 +75,6 @@ private slots:
             line.clear();
             QCOMPARE(changed.size(), 1);
         }
-        QCOMPARE(
-            dates[0]->toolTip() + boxes[0]->toolTip(), QString("First day of the recordings").repeated(2));
         line.show();
         QCOMPARE(layoutFault(line), QByteArray());
         QVERIFY(QTest::qWaitForWindowActive(&line));
