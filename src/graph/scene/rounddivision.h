@@ -7,8 +7,8 @@
 
 /// Round numbers on an axis, 1, 2, 5, 10, 20 ... times a power of ten apart.
 struct RoundDivision {
-    double
-        step; ///< the smallest that divides the range into so many pieces or fewer; of an empty one no number
+    /// The smallest that divides the range into so many pieces or fewer; of an empty one 0.
+    double step;
     QVector<double> places; ///< none in an empty range
 
     /// `most` pieces; fewer than one count as one.
