@@ -375,6 +375,19 @@ private slots:
             QVERIFY(drawn(&curves, job) == drawnByLines(job));
         }
     }
+
+    void backwardTimesStayInside()
+    {
+        SeriesStore store;
+        std::mt19937 random(3);
+        std::uniform_int_distribution<int> anyTime(-2000000000, 2000000000);
+        for (int i = 0; i < 50000; ++i)
+            append(&store, i == 0 ? 500 : i == 49999 ? 700 : anyTime(random), 12000);
+        CurvePainter curves;
+        QImage image = drawn(&curves, jobFor(store, 500, 700, 0, 17));
+        QPainter(&image).fillRect(area, Qt::black);
+        QCOMPARE(image, canvas());
+    }
 };
 
 QTEST_MAIN(TestCurvePainter)
