@@ -156,11 +156,13 @@ QMap<QString, PortInfo> linkedPorts(const QVector<PortInfo> &systemPorts)
 
 QVector<PortInfo> askForPorts()
 {
-    const QVector<PortInfo> ports = systemPorts();
+    QVector<PortInfo> ports = systemPorts();
     QMap<QString, PortInfo> linked = linkedPorts(ports);
-    for (const PortInfo &port : ports)
+    for (const PortInfo &port : qAsConst(ports))
         linked.remove(port.name);
-    return ports + linked.values().toVector();
+    for (const PortInfo &port : qAsConst(linked))
+        ports.append(port);
+    return ports;
 }
 
 QString portLinkFolder()

@@ -197,8 +197,9 @@ private slots:
         const QList<MdiGraphChild *> children = window->mdiChildren();
         children[0]->parentWidget()->close();
         QTRY_COMPARE(unseen(), "Error: COM2 hh:mm"_s);
+        QWidget *second = children[1]->parentWidget();
         QVERIFY(QMetaObject::invokeMethod(
-            window.get(), "setActiveSubWindow", Q_ARG(QWidget *, children[1]->parentWidget())));
+            window.get(), "setActiveSubWindow", QGenericArgument("QWidget*", &second)));
         QCOMPARE(unseen(), QString());
         // One without a window is named until the next process of its port.
         children[2]->parentWidget()->close();

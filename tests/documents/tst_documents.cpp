@@ -17,6 +17,7 @@
 #include <QtTest>
 
 #include <cerrno>
+#include <string_view>
 
 /// Opening and saving data files with the program's own window and dialogs.
 class TestDocuments : public QObject, private DocumentRig {
@@ -187,7 +188,7 @@ private slots:
 
     void closingWaitsForTheSave()
     {
-        for (const QByteArray course : {"written", "given up", "failed", "session ends"}) {
+        for (const std::string_view course : {"written", "given up", "failed", "session ends"}) {
             cleanup();
             init();
             const bool fails = course == "failed";
@@ -256,7 +257,7 @@ private slots:
     /// given up.
     void interrupted()
     {
-        for (const QByteArray by : {"cancel", "escape", "close the program"}) {
+        for (const std::string_view by : {"cancel", "escape", "close the program"}) {
             cleanup();
             init();
             const QString path = dataFile("endless.acp", 100);

@@ -341,7 +341,7 @@ private slots:
         sendRest(); // just before the loss
         fail(1);
         QTRY_VERIFY(!reader->isOpen());
-        QCOMPARE(recordings().last(), Recording({"8", "8", "8", "8", "8", "8", "end"}));
+        QCOMPARE(recordings().constLast(), Recording({"8", "8", "8", "8", "8", "8", "end"}));
         QCOMPARE(shell->calls, QStringList({"started", "started", "lost COM7"}));
     }
 

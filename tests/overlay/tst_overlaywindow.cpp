@@ -129,8 +129,8 @@ private slots:
         QCOMPARE(overlay()->statusBar()->currentMessage(), QString("Opening was cancelled."));
         disconnect(atFirst);
         commands->showFiles(files, {"a", "b", "c"});
-        atFirst = connect(queue, &FileQueue::loaded, overlay(), [&] {
-            disconnect(atFirst);
+        atFirst = connect(queue, &FileQueue::loaded, overlay(), [this, once = &atFirst] {
+            disconnect(*once);
             overlay()->close();
         });
         QTRY_COMPARE(finished.size(), 2);

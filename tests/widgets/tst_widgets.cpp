@@ -145,7 +145,7 @@ private slots:
             log.lines().size() == 3 + 4 + 5 && log.lines().filter(QRegularExpression("line|pen")).isEmpty());
         painter.setRenderHint(QPainter::Antialiasing);
         drawStraight(painter, {4, 4, 9, 4});
-        QCOMPARE(log.lines().last(), QString("line 7,6 12,6 #ff0000"));
+        QCOMPARE(log.lines().constLast(), QString("line 7,6 12,6 #ff0000"));
     }
 
     void inputReachesOneWidget()

@@ -121,7 +121,7 @@ private slots:
         talker.write(said);
         bool answered = false; // by the time that whoever opens the files hears of them
         connect(first.get(), &SingleInstance::called, &talker,
-            [&] { answered = talker.waitForReadyRead(10000); });
+            [socket = &talker, seen = &answered] { *seen = socket->waitForReadyRead(10000); });
         const auto isHeard = [&] {
             const auto *listener = first->findChild<QLocalSocket *>();
             return names < 0 ? talker.state() == QLocalSocket::UnconnectedState

@@ -133,8 +133,8 @@ void TestGraphPainter::strokesOnAScreen()
     image.setDevicePixelRatio(1.5);
     QPainter painter(&image);
     m_used.paint(&painter, GraphCase("20 distinct").request());
-    QCOMPARE(countOf(image, QRect(0, 75, 750, 1), "#aaaaaa"), 2);
-    QCOMPARE(countOf(image, QRect(60, 349, 150, 1), "#ff5050"), 87);
+    QCOMPARE(countOf(image, QRect(0, 75, 750, 1), QColor(170, 170, 170)), 2);
+    QCOMPARE(countOf(image, QRect(60, 349, 150, 1), QColor(255, 80, 80)), 87);
 }
 
 /// Each stroke, rectangle and text of a graph that matches `part`, as the commands of paintedBy() in any
