@@ -25,7 +25,6 @@
 
 namespace {
 
-constexpr int binTime = 200; // ms, for which files are moved without a word
 constexpr int messageTime = 5000; // ms
 
 } // namespace
@@ -253,15 +252,14 @@ void LogbookCommands::moveToBin(const QStringList &files)
     };
     tellMoved();
     m_jobs.run(
-        [files] {
+        [files, time = m_parts.binTime] {
             Moved moved;
-            const QDeadlineTimer slice(binTime);
-            for (const QString &file : files) {
-                if (slice.hasExpired())
-                    moved.rest.append(file);
-                else
-                    (discardUnlessWritten(file) ? moved.done : moved.failed).append(file);
-            }
+            const QDeadlineTimer slice(time);
+            int looked = 0;
+            do
+                (discardUnlessWritten(files[looked]) ? moved.done : moved.failed).append(files[looked]);
+            while (++looked < files.size() && !slice.hasExpired());
+            moved.rest = files.mid(looked);
             return moved;
         },
         [this](const Moved &moved) {

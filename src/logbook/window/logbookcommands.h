@@ -23,6 +23,7 @@ public:
         Logbook *logbook;
         LogbookEditor *editor;
         LogbookReader *reader;
+        int binTime = 200; ///< ms, for which files are moved to the waste bin without a word; one at least is
     };
 
     /// `window` is the parent of dialogs. All outlive this.

@@ -41,10 +41,11 @@ protected:
         logbook.reset();
         ids.clear();
     }
-    void open()
+    void open(int binTime = LogbookCommands::Parts().binTime)
     {
         window = std::make_unique<LogbookWindow>(
-            LogbookCommands::Parts{logbook.get(), editor.get(), reader.get()}, &state, fixture->path("own"));
+            LogbookCommands::Parts{logbook.get(), editor.get(), reader.get(), binTime}, &state,
+            fixture->path("own"));
         window->readState(VarnelSettings());
         window->resize(1300, 900);
         window->show();
