@@ -139,11 +139,13 @@ private slots:
 
     void nobodyReadsTheLog()
     {
-        ProgramProcess program;
-        program.leaveLogUnread();
-        program.start(VARNELGRAPH_PROGRAM, QStringList());
-        record(program, &devices[0], fewLines);
-        QCOMPARE(program.state(), QProcess::Running);
+        for (const auto log : {ProgramProcess::Log::ReaderGone, ProgramProcess::Log::Full}) {
+            ProgramProcess program;
+            program.setLog(log);
+            program.start(VARNELGRAPH_PROGRAM, QStringList());
+            record(program, &devices[0], fewLines);
+            QCOMPARE(program.state(), QProcess::Running);
+        }
     }
 
     // Nothing that the program waits for is the window's, and the place is free before the disk is well.

@@ -5,6 +5,7 @@
 #include <QProcess>
 #include <QTest>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 /// The program itself, as a process of its own that goes with this. Where it takes settings and ports from,
@@ -34,8 +35,9 @@ public:
     /// No file of its grows beyond `bytes`, as on a full disk; 0 is no limit.
     void limitFiles(int bytes) { m_largestFile = rlim_t(bytes); }
 
-    /// Its standard error is a pipe whose reader has gone.
-    void leaveLogUnread() { m_logUnread = true; }
+    enum class Log { Read, ReaderGone, Full };
+    /// What becomes of its standard error, a pipe: its reader has gone, or takes nothing from it.
+    void setLog(Log log) { m_log = log; }
     /// Starts it; true once it has opened `ports` ports, from which it may still throw away what waits there.
     bool listens(int ports)
     {
@@ -55,10 +57,14 @@ protected:
         for (const int number : {SIGINT, SIGHUP}) // which a test that runs in the background may ignore
             std::signal(number, SIG_DFL);
         int ends[2] = {-1, -1};
-        if (m_logUnread && ::pipe(ends) == 0) {
+        if (m_log != Log::Read && ::pipe(ends) == 0) {
+            ::fcntl(ends[1], F_SETFL, O_NONBLOCK);
+            while (m_log == Log::Full && ::write(ends[1], "\n", 1) > 0) { }
+            ::fcntl(ends[1], F_SETFL, 0);
             ::dup2(ends[1], STDERR_FILENO);
-            ::close(ends[0]);
             ::close(ends[1]);
+            if (m_log == Log::ReaderGone)
+                ::close(ends[0]);
         }
         if (m_largestFile != 0)
             new FileSizeLimit(m_largestFile); // for good
@@ -66,5 +72,5 @@ protected:
 
 private:
     rlim_t m_largestFile = 0;
-    bool m_logUnread = false;
+    Log m_log = Log::Read;
 };

@@ -122,7 +122,8 @@ bool SingleInstance::handOver(const QStringList &files) const
         return false;
     letComeForward(holder());
     socket.write(callMessage(files));
-    return socket.waitForReadyRead(answerTime) && socket.read(1) == QByteArray(1, received);
+    socket.waitForReadyRead(answerTime);
+    return socket.read(1) == QByteArray(1, received);
 }
 
 void SingleInstance::onConnection()
