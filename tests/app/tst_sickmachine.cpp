@@ -140,12 +140,31 @@ private slots:
     void nobodyReadsTheLog()
     {
         for (const auto log : {ProgramProcess::Log::ReaderGone, ProgramProcess::Log::Full}) {
+            init();
             ProgramProcess program;
             program.setLog(log);
             program.start(VARNELGRAPH_PROGRAM, QStringList());
             record(program, &devices[0], fewLines);
             QCOMPARE(program.state(), QProcess::Running);
         }
+    }
+
+    // Each start names its file as its folder does.
+    void laterStartHandsOverItsFile()
+    {
+        ProgramProcess first;
+        QProcess second;
+        QByteArray said;
+        for (QProcess *program : {static_cast<QProcess *>(&first), &second}) {
+            const QString name = program == &first ? "one.acp" : "two.acp";
+            QVERIFY(writeFile(fixture.path(name), Lines::charger(1)));
+            program->setWorkingDirectory(fixture.path({}));
+            program->start(VARNELGRAPH_PROGRAM, {name});
+            QTRY_VERIFY_WITH_TIMEOUT(
+                (said += first.readAll()).contains(fixture.path(name).toLocal8Bit()), longestWait);
+        }
+        QTRY_COMPARE_WITH_TIMEOUT(second.state(), QProcess::NotRunning, longestWait);
+        QCOMPARE(second.exitCode(), 0);
     }
 
     // Nothing that the program waits for is the window's, and the place is free before the disk is well.
