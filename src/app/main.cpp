@@ -81,7 +81,6 @@ int runProgram(const QStringList &files)
         return tellUnanswered(instance.holder());
     }
     installStyleSheet(qApp, QCoreApplication::applicationDirPath());
-    QObject::connect(qApp, SIGNAL(lastWindowClosed()), &instance, SLOT(retire()));
     QObject::connect(qApp, SIGNAL(lastWindowClosed()), qApp, SLOT(quit()));
     QObject::connect(qApp, SIGNAL(aboutToQuit()), &instance, SLOT(retire()));
     auto window = std::make_unique<MainWindow>();
