@@ -9,6 +9,7 @@
 #include <QFile>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -28,9 +29,8 @@ struct Texts {
 /// line must.
 int wholeLines(const char *bytes, int count)
 {
-    while (count > 0 && bytes[count - 1] != '\n')
-        --count;
-    return std::max(0, count);
+    const auto start = std::make_reverse_iterator(bytes);
+    return int(start - std::find(std::make_reverse_iterator(bytes + std::max(0, count)), start, '\n'));
 }
 
 } // namespace
@@ -124,7 +124,6 @@ void Journal::drain()
         create();
     if (m_descriptor == noDescriptor)
         return;
-    m_failure.clear();
     if (m_lost != noDescriptor && !restore())
         return;
     if (!m_waiting.isEmpty())
@@ -184,13 +183,13 @@ bool Journal::restore()
 int Journal::write(const QByteArray &lines)
 {
     const int written = appendBytes(m_descriptor, lines.constData(), lines.size());
-    if (written < 0) {
-        m_failure = qt_error_string();
+    if (written < lines.size())
+        m_failure = written < 0 ? qt_error_string() : Texts::tr("the disk is full");
+    if (written < 0)
         return 0;
-    }
     const int whole = wholeLines(lines.constData(), written);
-    const bool cut = written > whole && cutFile(m_descriptor, m_size + whole);
-    const int taken = cut ? whole : written;
+    const bool ends = written == whole || cutFile(m_descriptor, m_size + whole);
+    const int taken = ends ? whole : written;
     m_size += taken;
     m_syncer.mark(m_descriptor);
     return taken;
@@ -200,7 +199,7 @@ int Journal::write(const QByteArray &lines)
 void Journal::takeOutcome()
 {
     if (!m_waiting.isEmpty()) {
-        stall(m_failure.isEmpty() ? Texts::tr("the disk is full") : m_failure);
+        stall(m_failure);
         return;
     }
     const bool failing = m_syncer.isFailing(m_descriptor);

@@ -82,7 +82,7 @@ private:
     qint64 m_size = 0; // of the file, whole lines only
     int m_lost = noDescriptor; // the file that has lost its name, until all of it is in the new one
     qint64 m_lostSize = 0;
-    QString m_failure; // of the last write
+    QString m_failure; // of the last write that did not take all
     QByteArray m_waiting; // whole lines that the disk has not taken
     bool m_complete = true;
 };

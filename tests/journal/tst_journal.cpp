@@ -374,6 +374,9 @@ private slots:
         QCOMPARE(folder.fileName(time, "COM3", 2), QStringLiteral("/j/2026-11-21_06-04-05_COM3_2.acp"));
         QCOMPARE(folder.fileName(time, QString::fromUtf8("../C-M 3%1:\u0142"), 1),
             QStringLiteral("/j/2026-11-21_06-04-05____C-M_3_1__.acp"));
+        QCOMPARE(JournalFolder::startOf("/k/2026-11-21_06-04-05_COM3_2.acp"), time);
+        for (const char *other : {"2026-11-21_06-04-05_COM3.abp", "2026-11-21_06-04-05-COM3.acp"})
+            QVERIFY2(!JournalFolder::startOf(other).isValid(), other);
     }
 
     // What is removed from the folder, and what never is.
