@@ -26,17 +26,15 @@ Q_DECLARE_METATYPE(Ids)
 
 /// What each action says and where it stands; which view switch enables, unchecks and renames which, and what
 /// is shown and sent again.
-class TestActions : public QObject, private ShellRig {
+class TestActions : public ShellRig {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QLocale::setDefault(QLocale::c()); } // whatever the machine's is
-    void init()
+    void init() override
     {
-        setUp();
+        ShellRig::init();
         window = std::make_unique<MainWindow>();
     }
-    void cleanup() { tearDown(); }
 
     /// Text|tip|keys|flags, with one graph window; icon, checkable, Checked, disabled, bold.
     void actions()
@@ -54,8 +52,7 @@ private slots:
                 set += on ? QString(letter) : QString();
             const QString tip = a->isCheckable() ? a->toolTip() : a->statusTip();
             all << a->text() + '|' + tip + '|' + a->shortcut().toString() + '|' + set;
-            const auto keys = a->shortcuts();
-            for (const QKeySequence &key : keys)
+            for (const QKeySequence &key : constant(a->shortcuts()))
                 keysSeen << key.toString();
         }
         const auto keysOf
@@ -165,7 +162,7 @@ private slots:
             child->applyResistanceLine("!20" + QByteArray(",20").repeated(15));
             click({again});
             child->addRecord(Lines::record(3));
-            const auto *display = window->findChild<DataDisplay *>();
+            const auto *display = part<DataDisplay>();
             settle(*display);
             const QString shown = display->findChild<QLabel *>("cellValue1")->text();
             QCOMPARE(shown.trimmed().replace(',', '.'), QString("2.0"));
@@ -179,9 +176,8 @@ private slots:
         trigger(Id::Balancer);
         const auto displays = [this] {
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-            return QVector<QWidget *>{window->findChild<DataDisplay *>(),
-                window->findChild<VoltageComparison *>(), window->findChild<CapacityDisplay *>(),
-                window->findChild<PowerDisplay *>()};
+            return QVector<QWidget *>{part<DataDisplay>(), part<VoltageComparison>(), part<CapacityDisplay>(),
+                part<PowerDisplay>()};
         };
         const auto shown = [&] {
             const ViewSwitches &on = window->viewState().switches();
@@ -216,7 +212,7 @@ private slots:
         trigger(Id::Balancer);
         for (int id = int(Id::Data); id <= int(Id::Energy); ++id) {
             const QSignalSpy changes(window.get(), SIGNAL(toolBarChanged()));
-            const QSignalSpy repaints(window->findChild<ViewSwitchboard *>(), SIGNAL(repaintNeeded()));
+            const QSignalSpy repaints(part<ViewSwitchboard>(), SIGNAL(repaintNeeded()));
             trigger(Id(id));
             QCOMPARE(changes.count(), id == int(Id::Average) ? 2 : 1); // which goes with the balancer view
             QCOMPARE(repaints.count(), id == int(Id::Power) || id == int(Id::Energy) ? 0 : 1);
@@ -256,8 +252,7 @@ private slots:
         window->updateWindowMenu(); // as often as it is shown
         const std::function<QString(const QWidget *)> textsOf = [&](const QWidget *widget) {
             QStringList texts;
-            const auto actions = widget->actions();
-            for (const QAction *entry : actions) {
+            for (const QAction *entry : constant(widget->actions())) {
                 texts << (entry->isSeparator() ? "|" : entry->text().trimmed());
                 if (entry->menu())
                     texts.last() += '[' + textsOf(entry->menu()) + ']';

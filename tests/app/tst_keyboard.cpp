@@ -29,14 +29,10 @@
 #include <QToolBar>
 
 /// Nothing needs a mouse, and nothing needs to be seen to be known.
-class TestKeyboard : public QObject, private ShellRig {
+class TestKeyboard : public ShellRig {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QLocale::setDefault(QLocale::c()); } // whatever the machine's is
-    void init() { setUp(); }
-    void cleanup() { tearDown(); }
-
     void lettersDiffer_data()
     {
         const auto row = columnsOf<QString, QString>({"texts", "given"});
@@ -65,16 +61,14 @@ private slots:
         int seen = 0;
         trigger(ActionId::Logbook);
         QVector<QMenu *> menus = window->menuBar()->findChildren<QMenu *>().toVector();
-        const auto tops = QApplication::topLevelWidgets();
-        for (const QWidget *top : tops)
+        for (const QWidget *top : constant(QApplication::topLevelWidgets()))
             if (const auto *logbook = qobject_cast<const LogbookWindow *>(top))
                 menus += logbook->menuBar()->findChildren<QMenu *>().toVector();
         for (int i = 0; i < menus.size(); ++i) {
             QMetaObject::invokeMethod(menus[i], "aboutToShow");
             QStringList letters;
             QStringList texts;
-            const auto entries = menus[i]->actions();
-            for (const QAction *entry : entries) {
+            for (const QAction *entry : constant(menus[i]->actions())) {
                 texts.append(entry->text());
                 if (!entry->isSeparator())
                     letters.append(QKeySequence::mnemonic(entry->text()).toString());
@@ -184,8 +178,7 @@ private slots:
         for (const auto &[id, name] : displays) {
             trigger(id);
             QWidget *shown = nullptr;
-            const auto widgets = QApplication::topLevelWidgets();
-            for (QWidget *widget : widgets)
+            for (QWidget *widget : constant(QApplication::topLevelWidgets()))
                 if (widget->inherits(name) && widget->isVisible())
                     shown = widget;
             QVERIFY(shown);
@@ -213,7 +206,7 @@ private slots:
     {
         open({});
         window->createMdiChild();
-        QMdiSubWindow *frame = window->findChild<QMdiArea *>()->currentSubWindow();
+        QMdiSubWindow *frame = part<QMdiArea>()->currentSubWindow();
         window->updateWindowMenu();
         const QMenu *menu = window->menuBar()->actions()[1]->menu()->actions().last()->menu();
         const auto entries = menu->actions(); // restore, move, size, minimise, maximise

@@ -8,7 +8,6 @@
 #include "logbook/window/dialogs/notedialog.h"
 #include "logbook/window/dialogs/packchoice.h"
 #include "logbook/window/dialogs/packdialog.h"
-#include "resources/resources.h"
 #include "support/columns.h"
 #include "support/lines.h"
 #include "support/literal.h"
@@ -27,15 +26,13 @@
 #include <QTreeView>
 
 /// The program in each of its languages.
-class TestLanguages : public QObject, private ShellRig {
+class TestLanguages : public ShellRig {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { initResources(); }
-    void init() { setUp(); }
-    void cleanup()
+    void cleanup() override
     {
-        tearDown();
+        ShellRig::cleanup();
         installLanguage("en"_s);
     }
 
@@ -109,8 +106,7 @@ private slots:
             cut = cut.filter(QRegularExpression("^((?!\\(\\*\\.).)*$"_s));
         QVERIFY2(cut.isEmpty(), qPrintable(cut.join('\n')));
         QStringList keys;
-        const auto menus = window->menuBar()->actions();
-        for (const QAction *menu : menus)
+        for (const QAction *menu : constant(window->menuBar()->actions()))
             keys << QKeySequence::mnemonic(menu->text()).toString();
         QCOMPARE(keys.removeDuplicates(), 0);
         QMessageBox box(QMessageBox::Question, QString(), QString(), QMessageBox::Cancel);
@@ -173,8 +169,7 @@ private:
     void look()
     {
         QCoreApplication::processEvents(); // layouts follow later
-        const QWidgetList all = QApplication::allWidgets();
-        for (QWidget *widget : all) {
+        for (QWidget *widget : constant(QApplication::allWidgets())) {
             if (!widget->isVisible())
                 continue;
             if (const auto *label = qobject_cast<QLabel *>(widget))

@@ -6,6 +6,7 @@
 #include "displays/capacitydisplay.h"
 #include "displays/datadisplay.h"
 #include "displays/powerdisplay.h"
+#include "displays/voltagecomparison.h"
 #include "graph/mdigraphchild.h"
 #include "support/fakelink.h"
 #include "support/lines.h"
@@ -16,19 +17,29 @@
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QProxyStyle>
+#include <QWindow>
 
-/// What the tool bar, the displays and the status bar tell of the graph windows, and of which one.
-class TestDeskFigures : public QObject, private ShellRig {
+namespace {
+
+/// For the window manager.
+bool isOnTop(const QWidget *window)
+{
+    return window->windowHandle() && window->windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint);
+}
+
+} // namespace
+
+/// What the tool bar, the displays and the status bar tell of the graph windows, and of which one; what stands
+/// above the displays, which stand above all else.
+class TestDeskFigures : public ShellRig {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QLocale::setDefault(QLocale::c()); } // whatever the machine's is
-    void init()
+    void init() override
     {
-        setUp();
+        ShellRig::init();
         open({});
     }
-    void cleanup() { tearDown(); }
 
     /// Two thirds of the bar at most, each fact the same share where not all of them fit; tips have it all.
     void factsFitTheStatusBar()
@@ -75,7 +86,7 @@ private slots:
 
     void packsOfAllWindows()
     {
-        PackSource source(window->findChild<GraphWindows *>(), window->findChild<StaleWatch *>());
+        PackSource source(part<GraphWindows>(), part<StaleWatch>());
         MdiGraphChild *first = window->createMdiChild();
         window->createMdiChild()->addRecord(Lines::record(5));
         QCOMPARE(message(), QString("Device: Varnel 3"));
@@ -103,7 +114,7 @@ private slots:
         trigger(ActionId::Data);
         const auto *number = figures()->findChild<QLabel *>("windowNumberLabel");
         QTRY_COMPARE(number->text(), QString("3"));
-        QCOMPARE(window->findChild<PowerDisplay *>()->windowNumber(), 3);
+        QCOMPARE(part<PowerDisplay>()->windowNumber(), 3);
         first->close();
         QTRY_COMPARE(number->text(), QString("2"));
         second->close();
@@ -124,7 +135,7 @@ private slots:
         MdiGraphChild *child = window->createMdiChild();
         const auto *frame = qobject_cast<QMdiSubWindow *>(child->parentWidget());
         QTRY_VERIFY(window->isActiveWindow());
-        QVERIFY(window->findChild<DeskArea *>()->activeSubWindow() == frame && child->isVisible());
+        QVERIFY(part<DeskArea>()->activeSubWindow() == frame && child->isVisible());
         QVERIFY(qobject_cast<const QProxyStyle *>(frame->style()));
         QMessageBox question(window.get());
         question.setModal(true);
@@ -134,7 +145,7 @@ private slots:
         QCoreApplication::processEvents();
         QVERIFY(!window->isActiveWindow());
         question.hide();
-        auto *graphs = window->findChild<GraphWindows *>();
+        auto *graphs = part<GraphWindows>();
         auto *ended = new MdiGraphChild(graphs, window.get()); // as a file told
         ended->setToolTip("Completed");
         ended->setWindowIcon(QPixmap(16, 16));
@@ -165,8 +176,7 @@ private slots:
         measure(seen, "20");
         settle(*figures());
         QCOMPARE(value->text().trimmed().replace(',', '.'), QString("2.0"));
-        window->findChild<DeskArea *>()->setActiveSubWindow(
-            qobject_cast<QMdiSubWindow *>(hidden->parentWidget()));
+        part<DeskArea>()->setActiveSubWindow(qobject_cast<QMdiSubWindow *>(hidden->parentWidget()));
         settle(*figures());
         QCOMPARE(value->text().replace(',', '.'), QString("--.-"));
     }
@@ -178,7 +188,7 @@ private slots:
         child->attachReader(&link);
         child->addRecord(Lines::record(5));
         trigger(ActionId::BarGraph);
-        auto *watch = window->findChild<StaleWatch *>();
+        auto *watch = part<StaleWatch>();
         QVERIFY(watch->findChild<QTimer *>()->isActive());
         QCOMPARE(watch->findChild<QTimer *>()->interval(), 1000);
         watch->findChild<QTimer *>()->stop(); // which knows the time
@@ -193,9 +203,9 @@ private slots:
                 .arg(figures()->toolTip().contains(since))
                 .arg(child->request({400, 300}).note.contains(since))
                 .arg(fact(StatusFacts::Silent).startsWith("No data: "))
-                .arg(!window->findChild<DataToolBar *>()->findChild<QLabel *>()->isEnabled());
+                .arg(!part<DataToolBar>()->findChild<QLabel *>()->isEnabled());
         };
-        const auto capacities = [this] { return window->findChild<CapacityDisplay *>()->grab().toImage(); };
+        const auto capacities = [this] { return part<CapacityDisplay>()->grab().toImage(); };
         watch->lookAt(now, begin);
         lookAfter(StaleWatch::patience * 1000 - 1);
         QCOMPARE(told(), QString("0000"));
@@ -204,7 +214,7 @@ private slots:
         lookAfter(StaleWatch::patience * 1000);
         QCOMPARE(told(), QString("1111"));
         QCOMPARE(watch->staleSince(child), now);
-        QCOMPARE(PackSource(window->findChild<GraphWindows *>(), watch).packs().at(0).staleSince, now);
+        QCOMPARE(PackSource(part<GraphWindows>(), watch).packs().at(0).staleSince, now);
         QVERIFY(capacities() != before);
         child->addRecord(Lines::record(6));
         QCOMPARE(told(), QString("0000"));
@@ -215,17 +225,83 @@ private slots:
         QVERIFY(!watch->staleSince(child).isValid());
     }
 
+    /// Whatever opens, modal or not, comes up last and stays on top while a display is in sight; without one
+    /// it is left as it is.
+    void questionsStandAboveDisplays()
+    {
+        window->createMdiChild();
+        auto *figures = part<DataDisplay>();
+        const auto standsAbove = [&](bool modal) {
+            QMessageBox question(window.get());
+            question.setModal(modal);
+            question.move(figures->pos());
+            question.show();
+            return lastRaised() == &question && isOnTop(&question) && isOnTop(figures) != modal;
+        };
+        for (const bool modal : {true, false}) {
+            QMessageBox alone(window.get());
+            alone.setModal(modal);
+            alone.show();
+            QCoreApplication::sendPostedEvents();
+            QVERIFY(!isOnTop(&alone));
+            alone.hide();
+            QVERIFY(!standsAbove(modal));
+            trigger(ActionId::Data);
+            figures->activateWindow();
+            QVERIFY(standsAbove(modal));
+            QCoreApplication::sendPostedEvents();
+            QVERIFY(isOnTop(figures)); // again
+            trigger(ActionId::Data);
+        }
+    }
+
+    /// A recording that starts makes the voltage comparison anew: below what is open, the keyboard left where
+    /// it is.
+    void displaysComeUpBelowQuestions()
+    {
+        window->createMdiChild();
+        trigger(ActionId::Graph);
+        part<VoltageComparison>()->hide(); // as for the open dialog
+        QMessageBox question(window.get());
+        QMessageBox notice(window.get());
+        question.move(part<VoltageComparison>()->pos());
+        question.open();
+        notice.setModal(false);
+        notice.show();
+        window->createMdiChild();
+        QCOMPARE(lastRaised(), static_cast<QWidget *>(&question)); // the one that takes input
+        QVERIFY(isOnTop(&question));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        const auto *comparison = part<VoltageComparison>();
+        QVERIFY(!isOnTop(comparison) && comparison->testAttribute(Qt::WA_ShowWithoutActivating));
+    }
+
 protected:
-    bool eventFilter(QObject *, QEvent *event) override
+    /// Counts paintings, and hears which window comes up above all others.
+    bool eventFilter(QObject *watched, QEvent *event) override
     {
         paints += event->type() == QEvent::Paint;
+        auto *widget = qobject_cast<QWidget *>(watched);
+        const bool comesUp = event->type() == QEvent::Show || event->type() == QEvent::ZOrderChange;
+        if (comesUp && widget && widget->isWindow() && isOnTop(widget))
+            last = widget;
         return false;
     }
 
 private:
+    /// By what has been asked for and is not done yet.
+    QWidget *lastRaised()
+    {
+        last = nullptr;
+        qApp->installEventFilter(this);
+        QCoreApplication::sendPostedEvents();
+        qApp->removeEventFilter(this);
+        return last;
+    }
     int paints = 0;
+    QWidget *last = nullptr;
     FakeLink link;
-    DataDisplay *figures() const { return window->findChild<DataDisplay *>(); }
+    DataDisplay *figures() const { return part<DataDisplay>(); }
 };
 
 QTEST_MAIN(TestDeskFigures)

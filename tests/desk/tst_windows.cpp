@@ -17,7 +17,6 @@
 #include "logbook/logbookeditor.h"
 #include "logbook/window/logbookwindow.h"
 #include "overlay/overlaywindow.h"
-#include "resources/resources.h"
 #include "settings/viewstate.h"
 #include "support/files.h"
 #include "support/limits.h"
@@ -39,18 +38,16 @@
 
 /// The windows on the desk: where they stand and come back. Every one is built
 /// under a message handler: a connection by name that does not hold is only a warning.
-class TestWindows : public QObject, private ShellRig {
+class TestWindows : public ShellRig {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { initResources(); }
-    void init()
+    void init() override
     {
-        setUp();
+        ShellRig::init();
         if (QByteArray(QTest::currentTestFunction()) != "settingsThatCanNotBeKept")
             open({});
     }
-    void cleanup() { tearDown(); }
 
     void noWarnings()
     {
@@ -83,29 +80,29 @@ private slots:
         };
         QVERIFY(window->windowTitle() == "Varnel Graph V4.60" && !window->windowIcon().isNull());
         QCOMPARE(window->size(), QSize(1180, 760).boundedTo(area.size() - QSize(16, 40)));
-        QCOMPARE(display<DataDisplay>()->pos(), QPoint(6, 8));
-        QVERIFY(stands(display<CapacityDisplay>(), {2, 316, 470, 280}));
-        QVERIFY(stands(display<PowerDisplay>(), {2, 670, 470, 280}));
+        QCOMPARE(part<DataDisplay>()->pos(), QPoint(6, 8));
+        QVERIFY(stands(part<CapacityDisplay>(), {2, 316, 470, 280}));
+        QVERIFY(stands(part<PowerDisplay>(), {2, 670, 470, 280}));
         trigger(ActionId::Logbook);
-        QVERIFY(stands(window->findChild<LogbookHost *>()->window(), {60, 40, 1260, 760}));
+        QVERIFY(stands(part<LogbookHost>()->window(), {60, 40, 1260, 760}));
         trigger(ActionId::Overlay);
-        QVERIFY(stands(display<OverlayWindow>(), {160, 90, 960, 600}));
+        QVERIFY(stands(part<OverlayWindow>(), {160, 90, 960, 600}));
         window->createMdiChild();
         for (const ActionId id : {ActionId::Graph, ActionId::BarGraph, ActionId::Balancer, ActionId::Power})
             trigger(id);
-        for (const QWidget *one : std::initializer_list<const QWidget *>{display<DataDisplay>(),
-                 display<CapacityDisplay>(), display<PowerDisplay>(), display<VoltageComparison>()})
+        for (const QWidget *one : std::initializer_list<const QWidget *>{part<DataDisplay>(),
+                 part<CapacityDisplay>(), part<PowerDisplay>(), part<VoltageComparison>()})
             QVERIFY2(area.contains(one->geometry()), qPrintable(one->windowTitle()));
-        const auto *voltages = display<VoltageComparison>();
+        const auto *voltages = part<VoltageComparison>();
         QVERIFY(voltages->size() == QSize(640, 360)
             && (area.width() < 1600 || voltages->pos() == QPoint(490, 316)));
-        QVERIFY(display<PowerDisplay>()->pos() != display<CapacityDisplay>()->pos()
+        QVERIFY(part<PowerDisplay>()->pos() != part<CapacityDisplay>()->pos()
             || area.bottom() > 670 + 280); // where there was no room
         QVERIFY(window->viewState().switches().blackBackground);
         trigger(ActionId::White);
         QVERIFY(!window->viewState().switches().blackBackground);
         trigger(ActionId::CloseAll);
-        const auto corner = [this] { return display<DeskArea>()->grab().toImage().pixelColor(5, 5); };
+        const auto corner = [this] { return part<DeskArea>()->grab().toImage().pixelColor(5, 5); };
         QTRY_COMPARE(corner(), QColor(0xe4, 0xe7, 0xeb));
         trigger(ActionId::Black);
         QCOMPARE(corner(), QColor(0x2b, 0x2e, 0x33));
@@ -132,18 +129,18 @@ private slots:
         QCOMPARE(window->size(), QSize(902, 604));
         QVERIFY(!window->viewState().switches().blackBackground);
         QVERIFY(!window->findChild<QToolBar *>("mainToolBar")->isVisible());
-        QVERIFY(display<DataToolBar>()->isVisible());
+        QVERIFY(part<DataToolBar>()->isVisible());
         window->createMdiChild();
         trigger(ActionId::Graph);
-        QCOMPARE(display<DataDisplay>()->pos(), QPoint(11, 12));
-        QCOMPARE(display<CapacityDisplay>()->geometry(), QRect(21, 22, 531, 332));
-        QCOMPARE(display<PowerDisplay>()->geometry(), QRect(31, 32, 541, 342));
-        QCOMPARE(display<VoltageComparison>()->pos(), QPoint(41, 42)); // shown: with a frame
-        QCOMPARE(display<VoltageComparison>()->size(), QSize(551, 352));
-        display<VoltageComparison>()->hide(); // as a dialog does
+        QCOMPARE(part<DataDisplay>()->pos(), QPoint(11, 12));
+        QCOMPARE(part<CapacityDisplay>()->geometry(), QRect(21, 22, 531, 332));
+        QCOMPARE(part<PowerDisplay>()->geometry(), QRect(31, 32, 541, 342));
+        QCOMPARE(part<VoltageComparison>()->pos(), QPoint(41, 42)); // shown: with a frame
+        QCOMPARE(part<VoltageComparison>()->size(), QSize(551, 352));
+        part<VoltageComparison>()->hide(); // as a dialog does
         window->renumerateWindows(); // makes it anew
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCOMPARE(display<VoltageComparison>()->pos(), QPoint(41, 42));
+        QCOMPARE(part<VoltageComparison>()->pos(), QPoint(41, 42));
         window->move(5, 6);
         const QPoint pos = window->pos();
         VarnelSettings().clear();
@@ -171,7 +168,7 @@ private slots:
             QApplication::setFont(font);
             installStyleSheet(qApp, fixture->path(""));
             open({});
-            auto *bar = display<DataToolBar>();
+            auto *bar = part<DataToolBar>();
             bar->showRecord(record);
             const auto figures = bar->findChildren<QLabel *>();
             const auto *commands = window->findChild<QToolBar *>("mainToolBar");
@@ -213,9 +210,9 @@ private slots:
     void openedFileIsReadOnce()
     {
         open({});
-        const auto *logbook = window->findChild<Logbook *>();
+        const auto *logbook = part<Logbook>();
         QTRY_VERIFY(logbook->isOpen());
-        auto *documents = window->findChild<Documents *>();
+        auto *documents = part<Documents>();
         const auto lines = [](int last) {
             return Lines::recordLine("#06C05%____0", 0, ",4100,1,4100,1") + '\n'
                 + Lines::recordLine("#06C05%____0", last, ",4100,1,4100,1") + '\n';
@@ -250,9 +247,9 @@ private slots:
     {
         for (const bool sure : {false, true}) {
             open({});
-            auto *logbook = window->findChild<Logbook *>();
+            auto *logbook = part<Logbook>();
             QTRY_VERIFY(logbook->isOpen() && logbook->isWritten());
-            auto *editor = window->findChild<LogbookEditor *>();
+            auto *editor = part<LogbookEditor>();
             LogbookPack pack;
             pack.name = sure ? "A" : "B";
             {
@@ -287,8 +284,7 @@ private slots:
             auto *notice = new SettingsNotice(window.get());
             QTRY_COMPARE(boxes().size(), isFolder ? 2 : 1);
             QVERIFY(box("settingsUnreadable") && isFolder == (box("settingsUnwritable") != nullptr));
-            const auto all = boxes();
-            for (QMessageBox *one : all) {
+            for (QMessageBox *one : constant(boxes())) {
                 QVERIFY(one->text().contains('\n' + fileName));
                 one->close();
             }
@@ -389,7 +385,7 @@ private slots:
     {
         window->createMdiChild();
         trigger(ActionId::BarGraph);
-        auto *capacities = display<CapacityDisplay>();
+        auto *capacities = part<CapacityDisplay>();
         const QRect usual(capacities->pos(), capacities->size());
         for (const Qt::WindowState state : {Qt::WindowMaximized, Qt::WindowMinimized}) {
             capacities->setWindowState(state);
@@ -404,18 +400,11 @@ private slots:
         for (int run = 0; run < 2; ++run) {
             window->close();
             open({});
-            QVERIFY(display<CapacityDisplay>()->isMaximized() && !display<CapacityDisplay>()->isVisible());
-            QCOMPARE(display<CapacityDisplay>()->normalGeometry(), usual);
+            QVERIFY(part<CapacityDisplay>()->isMaximized() && !part<CapacityDisplay>()->isVisible());
+            QCOMPARE(part<CapacityDisplay>()->normalGeometry(), usual);
             window->createMdiChild();
             trigger(ActionId::BarGraph);
         }
-    }
-
-private:
-    template <typename Display>
-    Display *display() const
-    {
-        return window->findChild<Display *>();
     }
 };
 

@@ -2,7 +2,6 @@
 
 #include "graph/mdigraphchild.h"
 #include "machine/soundplayer.h"
-#include "resources/resources.h"
 #include "support/columns.h"
 #include "support/lines.h"
 #include "support/literal.h"
@@ -38,22 +37,15 @@ QMessageBox *openBox()
 } // namespace
 
 /// The box that tells the end of a process, above the program's window; what it sounds like is noted.
-class TestEndNotice : public QObject, private ShellRig {
+class TestEndNotice : public ShellRig {
     Q_OBJECT
 private slots:
-    void initTestCase()
+    void init() override
     {
-        initResources();
-        QLocale::setDefault(QLocale::c()); // whatever the machine's is
-    }
-
-    void init()
-    {
-        setUp();
+        ShellRig::init();
         player = std::make_unique<NotingPlayer>();
     }
 
-    void cleanup() { tearDown(); }
     void boxSaysHowItEnded_data()
     {
         // words: title, text and icon; then what is heard

@@ -25,8 +25,7 @@ namespace {
 // These ports and no other, and OK.
 void tick(DialogPreferences *dialog, const QStringList &ports)
 {
-    const auto boxes = dialog->findChildren<CheckBoxComPort *>();
-    for (CheckBoxComPort *box : boxes)
+    for (CheckBoxComPort *box : constant(dialog->findChildren<CheckBoxComPort *>()))
         box->setChecked(ports.contains(box->portName()));
     dialog->accept();
 }
@@ -35,17 +34,15 @@ void tick(DialogPreferences *dialog, const QStringList &ports)
 
 /// The program's window listening on real pseudo-terminals: ports that work, fail, go, return and arrive, and
 /// what the user has their devices told.
-class TestListening : public QObject, private ShellRig {
+class TestListening : public ShellRig {
     Q_OBJECT
 
 private slots:
-    void init()
+    void init() override
     {
-        setUp();
+        ShellRig::init();
         allHeard.clear();
     }
-
-    void cleanup() { tearDown(); }
 
     // Those that are there at the start are never new.
     void portsAtTheStart()
@@ -109,7 +106,7 @@ private slots:
         QTRY_COMPARE(timeShown(), "00:00:03"_s);
         // The recording goes on without its window; the next one has its own again.
         trigger(ActionId::CloseAll);
-        QTRY_VERIFY(!window->findChild<MdiGraphChild *>());
+        QTRY_VERIFY(!part<MdiGraphChild>());
         QTRY_COMPARE(timeShown(), QString());
         plugged[0]->send(Lines::charger(4));
         QTRY_COMPARE(fact(StatusFacts::Unwatched), "Window closed: COM1"_s);
@@ -120,7 +117,7 @@ private slots:
         plugged[0]->send(Lines::charger(1));
         QTRY_COMPARE(window->mdiChildren().size(), 2);
         trigger(ActionId::CloseAll);
-        QTRY_VERIFY(!window->findChild<MdiGraphChild *>());
+        QTRY_VERIFY(!part<MdiGraphChild>());
         plugged[0]->send(Lines::charger(2));
         QTRY_COMPARE(fact(StatusFacts::Unwatched), "Window closed: COM1"_s);
         window->stopRecording();
@@ -181,7 +178,7 @@ private slots:
         choose({"COM3", "COM4"}); // which tries again, and has nothing new to say
         QCOMPARE(window->findChildren<QMessageBox *>("portFailed"_s).size(), 1);
         QVERIFY(window->activeMdiChild()->isLive());
-        window->findChild<DeskReaderHost *>()->portFailed("COM3"_s, "why"_s);
+        part<DeskReaderHost>()->portFailed("COM3"_s, "why"_s);
         QCOMPARE(failure->text(), "why"_s);
         other.close();
         QTRY_COMPARE(bar(), "Start listening on port COM3. | Listening: COM3, COM4"_s); // it is no new one
@@ -362,7 +359,7 @@ private slots:
         QVERIFY(QApplication::overrideCursor());
         trigger(ActionId::SetTime); // ignored while one is under way
         QCOMPARE(message(), "Setting the clock of the device on COM1..."_s);
-        auto *pause = window->findChild<DeviceCommands *>()->findChild<QTimer *>();
+        auto *pause = part<DeviceCommands>()->findChild<QTimer *>();
         QVERIFY(pause->isActive() && pause->isSingleShot() && pause->timerType() == Qt::PreciseTimer);
         QCOMPARE(pause->interval(), 500);
         plugged[2]->hangUp();
@@ -384,7 +381,7 @@ private slots:
         QTRY_VERIFY(!QApplication::overrideCursor());
         QVERIFY(heard(1).startsWith("#TIME!") && heard(1).endsWith("#BIB_!200\r\n") && heard(4).isEmpty());
         // By itself once a port and run of the program at the start of a process, once at the end.
-        auto *host = window->findChild<DeskReaderHost *>();
+        auto *host = part<DeskReaderHost>();
         QString claims;
         for (const char *port : {"COM1", "COM2", "COM1"}) {
             for (auto moment : {ReaderHost::ProcessStart, ReaderHost::ProcessEnd, ReaderHost::ProcessStart})
@@ -412,8 +409,7 @@ private slots:
         };
         const auto dialogs = [this] { return window->findChildren<DialogRemoteControl *>(); };
         const auto asks = [&](int com, int times) { // that no answer comes is of no interest
-            const auto timers = dialogs().value(0)->findChildren<QTimer *>();
-            for (QTimer *timer : timers)
+            for (QTimer *timer : constant(dialogs().value(0)->findChildren<QTimer *>()))
                 timer->stop();
             QTRY_COMPARE(heard(com), QByteArray("#TRYB?\r\n").repeated(times));
             QCOMPARE(dialogs().size(), 1);
@@ -466,8 +462,8 @@ private:
 
     /// With the message beside it.
     QString bar() const { return message() + " | " + facts(); }
-    ListenedPorts *parts() const { return window->findChild<ListenedPorts *>(); }
-    PortRetries *retries() const { return window->findChild<PortRetries *>(); }
+    ListenedPorts *parts() const { return part<ListenedPorts>(); }
+    PortRetries *retries() const { return part<PortRetries>(); }
     QString question() const { return box("portQuestion") ? box("portQuestion")->text() : QString(); }
     /// Answers the question whether to remember a port, and waits for its end.
     void answerQuestion(QMessageBox::StandardButton button)
@@ -478,10 +474,7 @@ private:
         open->button(button)->click();
         QTRY_VERIFY(!open);
     }
-    QString timeShown() const
-    {
-        return window->findChild<DataToolBar *>()->findChild<QLabel *>("timeLabel"_s)->text();
-    }
+    QString timeShown() const { return part<DataToolBar>()->findChild<QLabel *>("timeLabel"_s)->text(); }
 
     /// The process of the device on "COM1" or so is recorded in the current window.
     void record(int com)

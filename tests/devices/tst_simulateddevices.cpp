@@ -1,5 +1,4 @@
 #include "graph/mdigraphchild.h"
-#include "resources/resources.h"
 #include "simulator/rack.h"
 #include "support/literal.h"
 #include "support/shellrig.h"
@@ -10,13 +9,9 @@
 
 /// Simulated devices under the whole program, a hundred times as fast, and what becomes of their recordings
 /// when they break off.
-class TestSimulatedDevices : public QObject, private ShellRig {
+class TestSimulatedDevices : public ShellRig {
     Q_OBJECT
 private slots:
-    void initTestCase() { initResources(); }
-    void init() { setUp(); }
-    void cleanup() { tearDown(); }
-
     // Nothing that was received is lost, and the other devices go on. Four loose plugs, each going or coming
     // twice a second, 16 times in all or for VARNEL_SECONDS.
     void portsComeAndGo()
@@ -58,12 +53,11 @@ private slots:
             QVERIFY2(one->plug(&error), qPrintable(error));
         QTRY_COMPARE_WITH_TIMEOUT(listened().size(), 4, 20000);
         allGoOn();
-        const auto children = window->mdiChildren();
-        for (const MdiGraphChild *child : children) {
+        for (const MdiGraphChild *child : constant(window->mdiChildren())) {
             for (int i = 1; i < child->store().size(); ++i)
                 QCOMPARE(child->store().records()[i].time, child->store().records()[i - 1].time + 1);
         }
-        QVERIFY(fact(StatusFacts::Lost).isEmpty() && !window->findChild<QMessageBox *>());
+        QVERIFY(fact(StatusFacts::Lost).isEmpty() && !part<QMessageBox>());
         QCOMPARE(collector.warnings(), QStringList());
         QTRY_VERIFY(
             QDir(files.path()).count() <= filesBefore); // journals are closed once they are on the disk
@@ -73,8 +67,7 @@ private:
     int recordsOf(const char *port) const
     {
         int records = 0;
-        const auto children = window->mdiChildren();
-        for (const MdiGraphChild *child : children)
+        for (const MdiGraphChild *child : constant(window->mdiChildren()))
             records += child->portName() == QLatin1String(port) ? child->store().size() : 0;
         return records;
     }

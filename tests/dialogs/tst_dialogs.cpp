@@ -2,7 +2,6 @@
 #include "dialogs/checkboxcomport.h"
 #include "dialogs/dialogpreferences.h"
 #include "ports/portinfo.h"
-#include "resources/resources.h"
 #include "support/literal.h"
 #include "support/shellrig.h"
 
@@ -15,13 +14,10 @@
 #include <QScrollArea>
 
 /// The box that says what this is, and the choosing of ports while they come and go.
-class TestDialogs : public QObject, private ShellRig {
+class TestDialogs : public ShellRig {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { initResources(); }
-    void init() { setUp(); }
-    void cleanup() { tearDown(); }
     void aboutSaysWhatItIs()
     {
         About about;
@@ -29,8 +25,7 @@ private slots:
         QVERIFY(about.minimumSize() == QSize(300, 300) && about.maximumSize() == QSize(300, 300));
         about.show();
         QStringList said;
-        const auto labels = about.findChildren<QLabel *>();
-        for (const QLabel *label : labels) {
+        for (const QLabel *label : constant(about.findChildren<QLabel *>())) {
             QVERIFY2(label->size().expandedTo(label->minimumSizeHint()) == label->size()
                     && label->alignment() == Qt::AlignCenter,
                 qPrintable(label->text())); // nothing is cut off
@@ -167,8 +162,7 @@ private:
     static QString ticks(const QDialog &dialog)
     {
         QStringList rows;
-        const auto boxes = dialog.findChildren<CheckBoxComPort *>();
-        for (const CheckBoxComPort *box : boxes)
+        for (const CheckBoxComPort *box : constant(dialog.findChildren<CheckBoxComPort *>()))
             rows << box->portName() + (box->isChecked() ? "*" : "");
         rows.sort();
         return rows.join(' ');
@@ -194,8 +188,7 @@ private:
     }
     static void tickAll(const QDialog &dialog)
     {
-        const auto boxes = dialog.findChildren<QCheckBox *>();
-        for (QCheckBox *box : boxes)
+        for (QCheckBox *box : constant(dialog.findChildren<QCheckBox *>()))
             box->setChecked(true);
     }
     static void click(const QDialog &dialog, const char *button)

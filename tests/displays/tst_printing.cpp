@@ -1,7 +1,6 @@
 #include "desk/stalewatch.h"
 #include "graph/mdigraphchild.h"
 #include "printing/printrequest.h"
-#include "resources/resources.h"
 #include "support/fakelink.h"
 #include "support/files.h"
 #include "support/limits.h"
@@ -16,18 +15,10 @@
 #include <QPrinterInfo>
 
 /// From a picture to a PDF page, the dialog in between, and the commands that open it.
-class TestPrinting : public QObject, private ShellRig {
+class TestPrinting : public ShellRig {
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        initResources();
-        QLocale::setDefault(QLocale::c());
-    }
-    void init() { setUp(); }
-    void cleanup() { tearDown(); }
-
     void pictureFillsThePage()
     {
         for (const auto orientation : {QPageLayout::Landscape, QPageLayout::Portrait}) {
@@ -82,7 +73,7 @@ private slots:
             for (int time = 0; time < 3; ++time)
                 child->addRecord(Lines::record(time));
         }
-        auto *watch = window->findChild<StaleWatch *>();
+        auto *watch = part<StaleWatch>();
         const QDateTime now = QDateTime::currentDateTime();
         watch->lookAt(now, 0);
         watch->lookAt(now.addSecs(60), 60000);

@@ -20,16 +20,15 @@
 #include <string_view>
 
 /// Opening and saving data files with the program's own window and dialogs.
-class TestDocuments : public QObject, private DocumentRig {
+class TestDocuments : public DocumentRig {
     Q_OBJECT
 
 private slots:
-    void init()
+    void init() override
     {
-        setUp();
+        ShellRig::init();
         open({});
     }
-    void cleanup() { tearDown(); }
 
     /// The displays, always on top, are out of the dialog's way, and come back as they were switched.
     void opensByDialogAndByAnotherStart()
@@ -41,9 +40,8 @@ private slots:
         const auto seen = [this] {
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             QString all;
-            for (const QWidget *one : std::initializer_list<const QWidget *>{
-                     window->findChild<DataDisplay *>(), window->findChild<CapacityDisplay *>(),
-                     window->findChild<PowerDisplay *>(), window->findChild<VoltageComparison *>()})
+            for (const QWidget *one : std::initializer_list<const QWidget *>{part<DataDisplay>(),
+                     part<CapacityDisplay>(), part<PowerDisplay>(), part<VoltageComparison>()})
                 all += one->isVisible() ? '1' : '0';
             return all;
         };
@@ -65,7 +63,7 @@ private slots:
         QCOMPARE(window->activeWindowNumber(), 3);
         QCOMPARE(window->activeMdiChild()->store().size(), 20);
         QVERIFY(!window->activeMdiChild()->isLive() && !window->activeMdiChild()->hasUnsavedData());
-        window->findChild<DataDisplay *>()->showMinimized(); // and stays so
+        part<DataDisplay>()->showMinimized(); // and stays so
         window->hide();
         window->comeForward({files.last()});
         QTRY_VERIFY(window->isVisible() && window->isActiveWindow());
@@ -73,7 +71,7 @@ private slots:
         window->comeForward({});
         QVERIFY(!window->isMinimized());
         QTRY_COMPARE(window->mdiChildren().size(), 4);
-        QVERIFY(window->findChild<DataDisplay *>()->isMinimized());
+        QVERIFY(part<DataDisplay>()->isMinimized());
 
         window = std::make_unique<MainWindow>();
         window->openFiles(files); // before it listens
@@ -90,7 +88,7 @@ private slots:
         for (int i = 0; i < 11; ++i)
             all << fixture->path(QString("missing%1.acp").arg(i));
         const QString missing = all.last();
-        const QSignalSpy said(window->findChild<Documents *>(), SIGNAL(message(QString,int)));
+        const QSignalSpy said(part<Documents>(), SIGNAL(message(QString,int)));
         window->openFiles(all + QStringList(dataFile("one.acp", 1)));
         QTRY_VERIFY(box("openFailures"));
         QCOMPARE(told(said).mid(0, 4) + told(said).mid(14),
@@ -125,7 +123,7 @@ private slots:
         window->openFiles({older});
         QTRY_COMPARE(window->mdiChildren().size(), 1);
         const QString path = fixture->path("saved.acp");
-        const QSignalSpy said(window->findChild<Documents *>(), SIGNAL(message(QString,int)));
+        const QSignalSpy said(part<Documents>(), SIGNAL(message(QString,int)));
         perform(ActionId::SaveAs, {[&](QDialog *dialog) {
             QCOMPARE(dialog->windowTitle(), QString("Choose file name"));
             const auto *files = qobject_cast<QFileDialog *>(dialog);
@@ -147,7 +145,7 @@ private slots:
         for (int i = 0; i < 100; ++i)
             child->addRecord(Lines::record(i));
         const QString title = child->windowTitle();
-        const QSignalSpy said(window->findChild<Documents *>(), SIGNAL(message(QString,int)));
+        const QSignalSpy said(part<Documents>(), SIGNAL(message(QString,int)));
         const FileSizeLimit limit(8000);
         for (const bool linked : {true, false}) { // to what may stall; there to be overwritten
             const QString path = fixture->path(linked ? "link.acp" : "full.acp");
@@ -169,7 +167,7 @@ private slots:
     void cancelledSaveLeavesNothing()
     {
         QVector<int> parts; // that the bar tells
-        connect(window->findChild<QProgressBar *>(), &QProgressBar::valueChanged, window.get(),
+        connect(part<QProgressBar>(), &QProgressBar::valueChanged, window.get(),
             [&parts](int part) { parts << part; });
         window->openFiles({dataFile("long.acp", 100000)});
         QTRY_COMPARE(window->mdiChildren().size(), 1);
@@ -178,7 +176,7 @@ private slots:
         QVERIFY(QDir(fixture->path("")).mkdir("target"));
         const QString old = dataFile("target/old.acp", 3);
         perform(ActionId::SaveAs, {enter(old), press(QMessageBox::Yes)});
-        while (window->findChild<QProgressBar *>()->value() == 0) // of many slices the first
+        while (part<QProgressBar>()->value() == 0) // of many slices the first
             QCoreApplication::processEvents();
         QTest::keyClick(window.get(), Qt::Key_Escape);
         QCOMPARE(message(), QString("Saving was cancelled."));
@@ -197,11 +195,11 @@ private slots:
             QTRY_COMPARE(window->mdiChildren().size(), 1);
             const QString path = fixture->path(fails ? "none/saved.acp" : "saved.acp");
             perform(ActionId::SaveAs, {enter(path)});
-            const QSignalSpy said(window->findChild<UnsavedWindows *>(), SIGNAL(message(QString,int)));
+            const QSignalSpy said(part<UnsavedWindows>(), SIGNAL(message(QString,int)));
             closeWindow(window->mdiChildren().first()); // neither does a graph window
             QCOMPARE(window->mdiChildren().size(), 1);
             if (course == "session ends")
-                window->findChild<SessionEnd *>()->closeShell();
+                part<SessionEnd>()->closeShell();
             else
                 QVERIFY(!window->close() && told(said).constLast().endsWith("Cancel gives the file up. 0"));
             if (givenUp)
@@ -237,7 +235,7 @@ private slots:
         listen(1);
         send(7, 1);
         const MdiGraphChild *live = window->activeMdiChild();
-        const QSignalSpy said(window->findChild<Documents *>(), SIGNAL(message(QString,int)));
+        const QSignalSpy said(part<Documents>(), SIGNAL(message(QString,int)));
         for (int i = 0; i < 2; ++i) {
             const AddressSpaceLimit limit(qint64(32) << 20); // the records alone need 57
             window->openFiles({large, path});
@@ -248,7 +246,7 @@ private slots:
             delete box("openFailures");
             send(7 + live->store().size(), 1);
         }
-        QVERIFY(live->isLive() && !window->findChild<QProgressBar *>()->isVisible());
+        QVERIFY(live->isLive() && !part<QProgressBar>()->isVisible());
         QCOMPARE(live->store().size(), 5);
         QCOMPARE(window->mdiChildren().size(), 3);
     }
@@ -263,9 +261,9 @@ private slots:
             const QString path = dataFile("endless.acp", 100);
             QVERIFY(QFile::resize(path, 1LL << 36)); // a hole: longer to read than anyone waits
             listen(1);
-            const auto *progress = window->findChild<QProgressBar *>();
+            const auto *progress = part<QProgressBar>();
             const auto *cancel = window->findChild<QAbstractButton *>("cancelProgress");
-            auto *strip = window->findChild<ProgressStrip *>();
+            auto *strip = part<ProgressStrip>();
             auto *patience = strip->findChild<QTimer *>();
             window->openFiles({path});
             QVERIFY(patience->isActive() && patience->isSingleShot() && patience->interval() == 500);
@@ -288,7 +286,7 @@ private slots:
             if (!window->isVisible())
                 continue;
             QCOMPARE(message(), QString("Opening was cancelled."));
-            const QSignalSpy opened(window->findChild<Documents *>(), SIGNAL(opened()));
+            const QSignalSpy opened(part<Documents>(), SIGNAL(opened()));
             window->openFiles({dataFile("next.acp", 3)});
             QTRY_COMPARE(opened.size(), 1);
             QVERIFY(window->mdiChildren().size() == 2 && !patience->isActive());

@@ -14,13 +14,10 @@
 #include <QTreeView>
 
 /// What becomes of a live recording on disk: its journal, its files, what the menu of tools makes of it.
-class TestRecordings : public QObject, private DocumentRig {
+class TestRecordings : public DocumentRig {
     Q_OBJECT
 
 private slots:
-    void init() { setUp(); }
-    void cleanup() { tearDown(); }
-
     void journalSurvives_data()
     {
         columns<int>({"ending"});
@@ -312,8 +309,8 @@ private slots:
         listen(1);
         send(1, 5);
         trigger(ActionId::Logbook);
-        LogbookWindow *book = window->findChild<LogbookHost *>()->window();
-        const auto *logbook = window->findChild<Logbook *>();
+        LogbookWindow *book = part<LogbookHost>()->window();
+        const auto *logbook = part<Logbook>();
         const QString journal = journals().value(0);
         QTRY_VERIFY(logbook->recordingOf(journal) && logbook->recordingOf(journal)->isLive);
         QVERIFY(book->isVisible());
@@ -364,7 +361,7 @@ private slots:
         open({});
         QTRY_VERIFY(box("logbookDamaged"));
         trigger(ActionId::Logbook);
-        book = window->findChild<LogbookHost *>()->window();
+        book = part<LogbookHost>()->window();
         QVERIFY(book->height() == 444 && book->findChild<QComboBox *>("courseAxis")->currentIndex() == 1);
         window.reset();
         const QString data = Logbook::defaultFolder();

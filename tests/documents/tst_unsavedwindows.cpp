@@ -8,13 +8,11 @@
 
 /// What is asked when windows would take records with them, and when none does, with lines arriving
 /// meanwhile.
-class TestUnsavedWindows : public QObject, private DocumentRig {
+class TestUnsavedWindows : public DocumentRig {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { qApp->installEventFilter(this); }
-    void init() { setUp(); }
-    void cleanup() { tearDown(); }
+    void initTestCase() override { qApp->installEventFilter(this); }
 
     void recordsThatNoJournalKeeps_data()
     {
@@ -45,8 +43,7 @@ private slots:
             send(1, 5, 1);
         QVERIFY(journals().isEmpty());
         Answers given;
-        const QStringList words = answers.split(' ');
-        for (const QString &word : words)
+        for (const QString &word : constant(answers.split(' ')))
             given << answerOf(word);
         trigger(ActionId::Data);
         perform(program ? ActionId::Exit : ActionId::Close, given);
@@ -63,7 +60,7 @@ private slots:
             return;
         QCOMPARE(window->mdiChildren().size(), program ? 2 : 1); // nothing was done
         QVERIFY(window->mdiChildren().first()->hasUnsavedData());
-        QVERIFY(window->findChild<DataDisplay *>()->isVisible());
+        QVERIFY(part<DataDisplay>()->isVisible());
         send(21, 5);
     }
 
@@ -133,7 +130,7 @@ private slots:
         const int number = atOnce ? 2 : 3; // of the first name that is free
         QVERIFY(writeFile(own + ".acp", "") && (atOnce || writeFile(own + "_2.acp", "")));
         const QString rescued = own + QString("_%1.acp").arg(number);
-        auto *end = window->findChild<SessionEnd *>();
+        auto *end = part<SessionEnd>();
         QVERIFY(!QGuiApplication::isFallbackSessionManagementEnabled()); // which closes all unasked
         QVERIFY(QMetaObject::invokeMethod(end, "onCommitData"));
         QCOMPARE(loaded(blocked ? rescued : journals().value(0)).size(), 10);

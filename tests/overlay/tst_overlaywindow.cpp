@@ -17,17 +17,16 @@
 #include <QToolTip>
 
 /// The window of overlays, with all that opens it and fills it.
-class TestOverlayWindow : public QObject, private DocumentRig {
+class TestOverlayWindow : public DocumentRig {
     Q_OBJECT
 
 private slots:
-    void init()
+    void init() override
     {
-        setUp();
+        ShellRig::init();
         open({});
-        commands = window->findChild<OverlayCommands *>();
+        commands = part<OverlayCommands>();
     }
-    void cleanup() { tearDown(); }
 
     void showsOpenWindows()
     {
@@ -209,7 +208,7 @@ private slots:
     }
 
 private:
-    OverlayWindow *overlay() const { return window->findChild<OverlayWindow *>(); }
+    OverlayWindow *overlay() const { return part<OverlayWindow>(); }
     QString entries() const
     {
         QStringList texts;

@@ -16,7 +16,7 @@ using Answer = std::function<void(QDialog *)>;
 using Answers = QList<Answer>;
 
 /// The program's window, recordings and data files, and a user who answers. Base of a test class.
-class DocumentRig : protected ShellRig {
+class DocumentRig : public ShellRig {
 protected:
     /// Gives `answers` to the modal dialogs that open from now on, one each; `unanswered` counts those left.
     void answer(const Answers &answers, const QPointer<QDialog> &answered = {})

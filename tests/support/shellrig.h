@@ -5,6 +5,7 @@
 #include "app/mainwindow.h"
 #include "desk/statusfacts.h"
 #include "ports/portwatcher.h"
+#include "resources/resources.h"
 #include "settings/varnelsettings.h"
 #include "support/ptypair.h"
 #include "support/shellfixture.h"
@@ -18,18 +19,33 @@
 #include <memory>
 #include <vector>
 
+/// For a loop over what a function returns, which would copy a container that is not constant.
+template <typename Container>
+const Container constant(Container container)
+{
+    return container;
+}
+
 /// The program's window with settings and ports of its own, the test at the far
-/// ends of its lines. Base of a test class.
-class ShellRig {
-protected:
-    void setUp() { fixture = std::make_unique<ShellFixture>(); }
-    void tearDown()
+/// ends of its lines. Base of a test class; figures are written as in C, whatever the machine's locale is.
+class ShellRig : public QObject {
+    Q_OBJECT
+
+protected slots:
+    virtual void initTestCase()
+    {
+        initResources();
+        QLocale::setDefault(QLocale::c());
+    }
+    virtual void init() { fixture = std::make_unique<ShellFixture>(); }
+    virtual void cleanup()
     {
         window.reset();
         plugged.clear();
         fixture.reset();
     }
 
+protected:
     PtyPair *plug(const QString &port)
     {
         plugged.push_back(std::make_unique<PtyPair>(fixture->portFolder(), port));
@@ -41,7 +57,7 @@ protected:
         VarnelSettings().setPorts(ports);
         window = std::make_unique<MainWindow>();
         window->show();
-        window->findChild<PortWatcher *>()->findChild<QTimer *>()->setInterval(50);
+        part<PortWatcher>()->findChild<QTimer *>()->setInterval(50);
         QTRY_VERIFY(message() != QLatin1String("Ready") && !message().endsWith(QLatin1String("...")));
     }
 
@@ -55,6 +71,12 @@ protected:
         QCOMPARE(listened(), ports);
     }
 
+    /// The one of its kind in the window.
+    template <typename Part>
+    Part *part() const
+    {
+        return window->findChild<Part *>();
+    }
     void trigger(ActionId id) const { window->actionSet()[id]->trigger(); }
     QString message() const { return window->statusBar()->currentMessage(); }
     QString fact(StatusFacts::Kind kind) const { return window->statusFacts().text(kind); }

@@ -71,21 +71,21 @@ extern "C" DIR *opendir(const char *path)
 }
 
 /// The open dialog of the program, and what its folder may be.
-class TestFolderView : public QObject, private DocumentRig {
+class TestFolderView : public DocumentRig {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QLocale::setDefault(QLocale("en_US")); } // which knows numbers
-    void init()
+    void initTestCase() override { QLocale::setDefault(QLocale("en_US")); } // which knows numbers
+    void init() override
     {
-        setUp();
+        ShellRig::init();
         open({});
         QVERIFY(QDir().mkpath(path("sub")));
         qputenv("HOME", QFile::encodeName(path("")));
     }
-    void cleanup()
+    void cleanup() override
     {
-        tearDown();
+        ShellRig::cleanup();
         threadsBefore = threadsBefore > 0 ? threadsBefore : threads(); // of the first, which opens no dialog
         QTRY_VERIFY(threads() <= threadsBefore); // none is left behind
     }
