@@ -127,11 +127,9 @@ void fitToolBars(QMainWindow *mainWindow, QToolBar *first, QToolBar *second)
     const bool sideBySide
         = !first->isHidden() && mainWindow->toolBarArea(first) == mainWindow->toolBarArea(second);
     const int width = (sideBySide ? first->sizeHint().width() : 0) + second->sizeHint().width();
-    const bool broken = mainWindow->toolBarBreak(second);
-    if (mainWindow->width() < width && !broken)
-        mainWindow->insertToolBarBreak(second);
-    else if (mainWindow->width() >= width && broken)
-        mainWindow->removeToolBarBreak(second);
+    const bool fits = mainWindow->width() >= width;
+    if (fits == mainWindow->toolBarBreak(second))
+        fits ? mainWindow->removeToolBarBreak(second) : mainWindow->insertToolBarBreak(second);
 }
 
 } // namespace ShellMenus

@@ -171,7 +171,7 @@ private slots:
             auto *bar = part<DataToolBar>();
             bar->showRecord(record);
             const auto figures = bar->findChildren<QLabel *>();
-            const auto *commands = window->findChild<QToolBar *>("mainToolBar");
+            auto *commands = window->findChild<QToolBar *>("mainToolBar");
             for (const int width : {800, 1400, 1180, 1024, 640}) {
                 window->resize(width, 600);
                 const QLabel *last = figures.last();
@@ -192,6 +192,9 @@ private slots:
                 const int sideBySide = commands->sizeHint().width() + bar->sizeHint().width();
                 QCOMPARE(window->toolBarBreak(bar), width < sideBySide);
             }
+            commands->hide();
+            window->resize(660, 600); // there is room for the figures alone
+            QTRY_VERIFY(!window->toolBarBreak(bar));
         }
     }
 

@@ -123,7 +123,7 @@ bool SingleInstance::handOver(const QStringList &files) const
     letComeForward(holder());
     socket.write(callMessage(files));
     socket.waitForReadyRead(answerTime);
-    return socket.read(1) == QByteArray(1, received);
+    return socket.readAll() == QByteArray(1, received);
 }
 
 void SingleInstance::onConnection()

@@ -70,6 +70,7 @@ private slots:
     {
         QCOMPARE(SingleInstance("settings of a demonstration").settle({}), Role::First); // is left alone
         QCOMPARE(first->holder(), QCoreApplication::applicationPid());
+        QVERIFY(!(QFile::permissions(socketIn(folder.path())) & (anybody & ~ownOnly)));
         QCOMPARE(SingleInstance("settings that nobody has").holder(), qint64(0));
         for (const QStringList &some : {files, QStringList()}) {
             called->clear();
