@@ -89,6 +89,7 @@ private slots:
             player.play(file);
             player.stop();
             player.stop();
+            QCOMPARE(heard().size(), 2); // before the next is heard
             player.play(file);
         }
         QCOMPARE(heard().join(QLatin1Char(' ')), QStringLiteral("play end.wav stop play end.wav stop"));
