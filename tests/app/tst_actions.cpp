@@ -12,6 +12,7 @@
 #include "support/settle.h"
 #include "support/shellrig.h"
 
+#include <QAccessible>
 #include <QDesktopServices>
 #include <QLabel>
 #include <QMenuBar>
@@ -169,7 +170,8 @@ private slots:
         }
     }
 
-    /// Each as its switch says, its own close button included; the bar display goes with the balancer view.
+    /// Each as its switch says; the bar display goes with the balancer view. Each hears the keys of the
+    /// switches, closes itself by Escape, and says its name to those who can't see it.
     void displaysFollowTheirSwitches()
     {
         window->createMdiChild();
@@ -198,7 +200,15 @@ private slots:
                 trigger(ids[i]);
                 QCOMPARE(shown(), expected);
             }
-            displays().at(i)->close();
+            QWidget *display = displays().at(i);
+            QApplication::setActiveWindow(display);
+            for (const bool distinct : {true, false}) {
+                QTest::keyClick(display, Qt::Key_L);
+                QCOMPARE(window->viewState().switches().distinctLines, distinct);
+            }
+            QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(display);
+            QVERIFY(spoken->text(QAccessible::Name).startsWith(display->windowTitle()));
+            QTest::keyClick(display, Qt::Key_Escape);
             QCOMPARE(shown(), QString());
             QVERIFY(!action(ids[i])->isChecked());
         }

@@ -1,12 +1,7 @@
-#include "desk/displaywindows.h"
 #include "dialogs/about.h"
 #include "dialogs/checkboxcomport.h"
 #include "dialogs/dialogpreferences.h"
 #include "dialogs/dialogremotecontrol.h"
-#include "displays/capacitydisplay.h"
-#include "displays/datadisplay.h"
-#include "displays/powerdisplay.h"
-#include "displays/voltagecomparison.h"
 #include "graph/mdigraphchild.h"
 #include "logbook/logbook.h"
 #include "logbook/logbookeditor.h"
@@ -16,7 +11,6 @@
 #include "settings/viewstate.h"
 #include "support/columns.h"
 #include "support/lines.h"
-#include "support/settle.h"
 #include "support/shellrig.h"
 #include "widgets/mnemonics.h"
 
@@ -33,24 +27,18 @@ class TestKeyboard : public ShellRig {
     Q_OBJECT
 
 private slots:
-    void lettersDiffer_data()
-    {
-        const auto row = columnsOf<QString, QString>({"texts", "given"});
-        row("Open file,Open more", "&Open file,Open &more");
-        row("Save as,E&xit,Set time", "&Save as,E&xit,Set &time");
-        row("xx,E&xit,Lux", "xx,E&xit,&Lux"); // nothing is left for the first
-        row("a,a", "&a,a");
-        row("cd,ab,ac,b", "c&d,&ab,a&c,&b"); // one gives way to the next, and that to the third
-        row("Bar, B ,A", "Ba&r, &B ,&A"); // the one gives way that has another letter
-        row(" T , dV , Vc ", " &T , &dV , &Vc ");
-        row("Öffnen,Über,öl", "&Öffnen,&Über,ö&l");
-        row("...,1", "...,&1");
-    }
-
     void lettersDiffer()
     {
-        QFETCH(QString, texts);
-        QTEST(withMnemonics(texts.split(QLatin1Char(','))).join(QLatin1Char(',')), "given");
+        const std::pair<QString, QString> rows[] = {{"Open file,Open more", "&Open file,Open &more"},
+            {"Save as,E&xit,Set time", "&Save as,E&xit,Set &time"},
+            {"xx,E&xit,Lux", "xx,E&xit,&Lux"}, // nothing is left for the first
+            {"a,a", "&a,a"},
+            {"cd,ab,ac,b", "c&d,&ab,a&c,&b"}, // one gives way to the next, and that to the third
+            {"Bar, B ,A", "Ba&r, &B ,&A"}, // the one gives way that has another letter
+            {" T , dV , Vc ", " &T , &dV , &Vc "}, {"Öffnen,Über,öl", "&Öffnen,&Über,ö&l"},
+            {"...,1", "...,&1"}};
+        for (const auto &[texts, given] : rows)
+            QCOMPARE(withMnemonics(texts.split(QLatin1Char(','))).join(QLatin1Char(',')), given);
     }
 
     /// While a menu is open; afterwards its entries are called as before.
@@ -163,43 +151,6 @@ private slots:
             QCOMPARE(box->isChecked(), ticked);
         }
         QCOMPARE((*name)->toolTip(), box->toolTip());
-    }
-
-    /// Each view switch has a key, in the displays too, and Escape closes each of these.
-    void displaysByKeys()
-    {
-        open({});
-        MdiGraphChild *child = window->createMdiChild();
-        child->addRecord(Lines::record(0));
-        trigger(ActionId::Balancer);
-        const std::pair<ActionId, const char *> displays[]
-            = {{ActionId::Data, "DataDisplay"}, {ActionId::Graph, "VoltageComparison"},
-                {ActionId::BarGraph, "CapacityDisplay"}, {ActionId::Power, "PowerDisplay"}};
-        for (const auto &[id, name] : displays) {
-            trigger(id);
-            QWidget *shown = nullptr;
-            for (QWidget *widget : constant(QApplication::topLevelWidgets()))
-                if (widget->inherits(name) && widget->isVisible())
-                    shown = widget;
-            QVERIFY(shown);
-            QApplication::setActiveWindow(shown);
-            QVERIFY(nameOf(shown).startsWith(shown->windowTitle()));
-            const bool was = window->viewState().switches().distinctLines;
-            QTest::keyClick(shown, Qt::Key_L);
-            QCOMPARE(window->viewState().switches().distinctLines, !was);
-            if (id == ActionId::Data) {
-                const auto *unit = shown->findChild<QLabel *>("voltageUnit");
-                trigger(ActionId::Balancer);
-                settle(*shown);
-                for (const char *text : {"Vc", "V"}) {
-                    QTest::keyClick(shown, Qt::Key_Space);
-                    QCOMPARE(unit->text(), QLatin1String(text));
-                }
-                trigger(ActionId::Balancer);
-            }
-            QTest::keyClick(shown, Qt::Key_Escape);
-            QTRY_VERIFY(!window->actionSet()[id]->isChecked());
-        }
     }
 
     void graphFramesByMenu()

@@ -1,61 +1,44 @@
 #include "desk/deskarea.h"
 #include "desk/titlebarstyle.h"
-#include "support/columns.h"
 #include "support/paintlog.h"
 #include "support/pixels.h"
 
 #include <QMdiSubWindow>
 #include <QStyleOptionTitleBar>
 
-using Rects = QVector<QRect>;
-Q_DECLARE_METATYPE(Rects)
-
 /// The ground on which graph windows stand, where they are put, and their titles.
 class TestDeskArea : public QObject {
     Q_OBJECT
 
 private slots:
-    void windowsTakeFreeRoom_data()
-    {
-        columns<Rects, QRect>({"others", "room"});
-        const QRect own(100, 100, 300, 200); // what the new one would take by itself
-        QTest::newRow("alone") << Rects{} << own;
-        QTest::newRow("nothing covered") << Rects{{500, 0, 300, 600}} << own;
-        QTest::newRow("beside") << Rects{{0, 0, 500, 600}} << QRect(500, 0, 500, 600);
-        QTest::newRow("before") << Rects{{350, 0, 650, 600}} << QRect(0, 0, 350, 600);
-        QTest::newRow("below") << Rects{{0, 0, 1000, 300}} << QRect(0, 300, 1000, 300);
-        QTest::newRow("above") << Rects{{0, 250, 1000, 350}} << QRect(0, 0, 1000, 250);
-        QTest::newRow("between") << Rects{{0, 0, 1000, 150}, {0, 450, 1000, 150}} << QRect(0, 150, 1000, 300);
-        QTest::newRow("just wide enough") << Rects{{0, 0, 700, 600}} << QRect(700, 0, 300, 600);
-        QTest::newRow("too narrow") << Rects{{0, 0, 701, 600}} << own;
-        QTest::newRow("just high enough") << Rects{{0, 0, 1000, 420}} << QRect(0, 420, 1000, 180);
-        QTest::newRow("too low") << Rects{{0, 0, 1000, 421}} << own;
-        QTest::newRow("the largest") << Rects{{500, 200, 500, 400}, {0, 0, 500, 350}}
-                                     << QRect(0, 350, 500, 250);
-        QTest::newRow("beside two") << Rects{{0, 300, 600, 300}, {0, 0, 500, 290}} << QRect(600, 0, 400, 600);
-    }
-
     void windowsTakeFreeRoom()
     {
-        QFETCH(Rects, others);
-        QFETCH(QRect, room);
-        const QRect own(100, 100, 300, 200);
-        for (const QByteArray &state :
-            {QByteArray("normal"), QByteArray("hidden"), QByteArray("maximised")}) {
-            DeskArea area(nullptr);
-            area.resize(1000, 600);
-            area.show();
-            for (const QRect &rect : qAsConst(others)) {
-                QMdiSubWindow *one = area.addSubWindow(new QWidget);
-                one->setGeometry(rect);
-                one->setVisible(state != "hidden");
-                if (state == "maximised")
-                    one->showMaximized();
+        const QRect own(100, 100, 300, 200); // what the new one would take by itself
+        const std::pair<QVector<QRect>, QRect> rows[] = {{{}, own}, {{{500, 0, 300, 600}}, own}, // uncovered
+            {{{0, 0, 500, 600}}, {500, 0, 500, 600}}, {{{350, 0, 650, 600}}, {0, 0, 350, 600}},
+            {{{0, 0, 1000, 300}}, {0, 300, 1000, 300}}, {{{0, 250, 1000, 350}}, {0, 0, 1000, 250}},
+            {{{0, 0, 1000, 150}, {0, 450, 1000, 150}}, {0, 150, 1000, 300}},
+            {{{0, 0, 700, 600}}, {700, 0, 300, 600}}, {{{0, 0, 701, 600}}, own}, // just wide enough, or not
+            {{{0, 0, 1000, 420}}, {0, 420, 1000, 180}}, {{{0, 0, 1000, 421}}, own}, // or high enough
+            {{{500, 200, 500, 400}, {0, 0, 500, 350}}, {0, 350, 500, 250}}, // the largest
+            {{{0, 300, 600, 300}, {0, 0, 500, 290}}, {600, 0, 400, 600}}};
+        for (const auto &[others, room] : rows) {
+            for (const char *state : {"normal", "hidden", "maximised"}) {
+                DeskArea area(nullptr);
+                area.resize(1000, 600);
+                area.show();
+                for (const QRect &rect : others) {
+                    QMdiSubWindow *one = area.addSubWindow(new QWidget);
+                    one->setGeometry(rect);
+                    one->setVisible(*state != 'h');
+                    if (*state == 'm')
+                        one->showMaximized();
+                }
+                QMdiSubWindow *fresh = area.addSubWindow(new QWidget);
+                fresh->setGeometry(own);
+                area.takeFreeRoom(fresh);
+                QCOMPARE(fresh->geometry(), *state == 'n' ? room : own);
             }
-            QMdiSubWindow *fresh = area.addSubWindow(new QWidget);
-            fresh->setGeometry(own);
-            area.takeFreeRoom(fresh);
-            QCOMPARE(fresh->geometry(), state == "normal" ? room : own);
         }
     }
 

@@ -250,21 +250,6 @@ private slots:
         QCOMPARE(shell->windows[2]->link, device.get());
     }
 
-    void isRecordingWhileTheDeviceIsHeard()
-    {
-        const auto state
-            = [this] { return 10 * int(dispatcher->isNewProcess()) + int(dispatcher->isRecording()); };
-        QCOMPARE(state(), 10);
-        tell({varnel3Line(5), "20"});
-        QCOMPARE(state(), 1);
-        tell({"1"});
-        QCOMPARE(state(), 0);
-        tell({varnel3Line(27)});
-        QCOMPARE(state(), 1);
-        dispatcher->reset();
-        QCOMPARE(state(), 10);
-    }
-
     void setsTheClockOncePerPort()
     {
         QCOMPARE(clockCommand(QDateTime({2026, 11, 15}, {13, 42, 5})), "#TIME!05:42:13:15:11:26\r\n"_s);

@@ -18,8 +18,7 @@ public:
         if (m_user == 0 && (seteuid(m_user) != 0 || setegid(m_group) != 0))
             qFatal("the superuser can't take its rights back");
     }
-    AsNobody(const AsNobody &) = delete;
-    AsNobody &operator=(const AsNobody &) = delete;
+    Q_DISABLE_COPY(AsNobody)
 
 private:
     static constexpr uid_t nobody = 65534;

@@ -17,8 +17,7 @@ public:
         ::setrlimit(Resource, &small);
     }
     ~ProcessLimit() { ::setrlimit(Resource, &m_before); }
-    ProcessLimit(const ProcessLimit &) = delete;
-    ProcessLimit &operator=(const ProcessLimit &) = delete;
+    Q_DISABLE_COPY(ProcessLimit)
 
 private:
     rlimit m_before{};

@@ -12,8 +12,7 @@ public:
     /// Links the device end as `folder`/`portName`.
     PtyPair(const QString &folder, const QString &portName);
     ~PtyPair();
-    PtyPair(const PtyPair &) = delete;
-    PtyPair &operator=(const PtyPair &) = delete;
+    Q_DISABLE_COPY(PtyPair)
 
     QString portName() const { return m_portName; }
     /// Sends `bytes` to the program; waits while the line is full.

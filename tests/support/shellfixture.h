@@ -25,8 +25,7 @@ public:
     }
 
     ~ShellFixture() { SettingsKeeper::waitForWritten(std::chrono::seconds(60)); }
-    ShellFixture(const ShellFixture &) = delete;
-    ShellFixture &operator=(const ShellFixture &) = delete;
+    Q_DISABLE_COPY(ShellFixture)
 
     /// Where ports are linked.
     QString portFolder() const { return folder.filePath(QStringLiteral("ports")); }

@@ -32,12 +32,12 @@ class ShellRig : public QObject {
     Q_OBJECT
 
 protected slots:
-    virtual void initTestCase()
+    virtual void initTestCase() { initResources(); }
+    virtual void init()
     {
-        initResources();
         QLocale::setDefault(QLocale::c());
+        fixture = std::make_unique<ShellFixture>();
     }
-    virtual void init() { fixture = std::make_unique<ShellFixture>(); }
     virtual void cleanup()
     {
         window.reset();

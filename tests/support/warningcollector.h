@@ -11,8 +11,7 @@ public:
         previous = qInstallMessageHandler(collect);
     }
     ~WarningCollector() { qInstallMessageHandler(previous); }
-    WarningCollector(const WarningCollector &) = delete;
-    WarningCollector &operator=(const WarningCollector &) = delete;
+    Q_DISABLE_COPY(WarningCollector)
 
     QStringList warnings() const { return collected(); }
 

@@ -75,10 +75,10 @@ class TestFolderView : public DocumentRig {
     Q_OBJECT
 
 private slots:
-    void initTestCase() override { QLocale::setDefault(QLocale("en_US")); } // which knows numbers
     void init() override
     {
         ShellRig::init();
+        QLocale::setDefault(QLocale("en_US")); // which knows numbers
         open({});
         QVERIFY(QDir().mkpath(path("sub")));
         qputenv("HOME", QFile::encodeName(path("")));
