@@ -1,12 +1,12 @@
 #include "desk/datatoolbar.h"
 
+#include "data/figuretext.h"
 #include "data/timetext.h"
 #include "data/varnel3data.h"
 #include "widgets/displayscale.h"
 #include "widgets/fittedtext.h"
 
 #include <QLabel>
-#include <QLocale>
 
 namespace {
 
@@ -50,7 +50,7 @@ QString temperatureText(int temperature)
 {
     const QChar degree(0x00B0);
     if (temperature == 0) // no sensor is fitted
-        return QStringLiteral("--%1- %2C").arg(QLocale::system().decimalPoint()).arg(degree);
+        return FigureText::shortDashes() + QLatin1Char(' ') + degree + QLatin1Char('C');
     return QStringLiteral("%L1 %2C").arg(temperature / 10.0, 4, 'f', 1).arg(degree);
 }
 
