@@ -168,7 +168,7 @@ private slots:
     {
         QVector<int> parts; // that the bar tells
         connect(part<QProgressBar>(), &QProgressBar::valueChanged, window.get(),
-            [&parts](int part) { parts << part; });
+            [seen = &parts](int value) { *seen << value; });
         window->openFiles({dataFile("long.acp", 100000)});
         QTRY_COMPARE(window->mdiChildren().size(), 1);
         QVERIFY(std::is_sorted(parts.begin(), parts.end()) && parts.first() == 0 && parts.last() == 1000);
