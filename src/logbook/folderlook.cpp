@@ -83,9 +83,9 @@ bool mayBeRecording(const QString &file, QByteArray bytes)
     case FileKind::ChargerColumns:
         return holdsHeader(&lines, line, ColumnHeader::charger);
     case FileKind::BalancerColumns:
-        return holdsHeader(&lines, line, ColumnHeader::balancer);
+        break;
     }
-    return false;
+    return holdsHeader(&lines, line, ColumnHeader::balancer);
 }
 
 /// One look at files, which collects what is new.
@@ -101,7 +101,7 @@ public:
     void take(const QString &file, const QFileInfo &info)
     {
         const FileStamp stamp = stampOf(info);
-        m_news.isUnsettled |= stamp.modified > m_now - settlingTime && stamp.modified < m_now + settlingTime
+        m_news.isUnsettled |= qAbs(stamp.modified - m_now) < settlingTime
             && !m_question.live.contains(file); // a time far ahead is that of a wrong clock
         const auto known = m_question.known.constFind(file);
         const bool hasRow = known != m_question.known.constEnd();

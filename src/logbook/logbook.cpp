@@ -302,8 +302,6 @@ void Logbook::takeContent(const LogbookContent &content)
     for (const Row &row : before)
         take(row.entry);
     emit opened();
-    if (!content.folders.isEmpty())
-        emit foldersChanged();
     setTrouble(content.isReadOnly, content.trouble);
     if (!content.told.isEmpty())
         emit told(content.told);
@@ -336,8 +334,6 @@ void Logbook::renameRows(const LogbookBatch &batch, Changes *changes)
 {
     for (const auto &names : batch.renamed) {
         const int replaced = m_byFile.value(names.second, nowhere);
-        if (!m_byFile.contains(names.first) || names.first == names.second)
-            continue;
         if (replaced >= 0)
             remove(replaced, changes);
         const int index = m_byFile.take(names.first);
@@ -476,7 +472,7 @@ void Logbook::sortPacks()
     order.setNumericMode(true);
     std::sort(m_packs.begin(), m_packs.end(), [&order](const LogbookPack &a, const LogbookPack &b) {
         const int difference = order.compare(a.name, b.name);
-        return difference != 0 ? difference < 0 : a.id < b.id;
+        return difference < 0 || (difference == 0 && a.id < b.id);
     });
 }
 

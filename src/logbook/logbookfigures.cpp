@@ -51,10 +51,11 @@ QByteArray curveOf(const SeriesStore &store, int last)
         return QByteArray();
     const PlotSeries &voltage = store.series(SeriesStore::Voltage);
     std::array<double, size_t(points)> values = {};
-    for (int i = 0; i < points; ++i) {
-        const double place = placeAt(store, last, double(i) / (points - 1));
+    int i = 0;
+    for (double &value : values) {
+        const double place = placeAt(store, last, double(i++) / (points - 1));
         const int index = qMin(int(place), last - 1);
-        values[size_t(i)] = voltage[index] + (voltage[index + 1] - voltage[index]) * (place - index);
+        value = voltage[index] + (voltage[index + 1] - voltage[index]) * (place - index);
     }
     const auto [low, high] = std::minmax_element(values.begin(), values.end());
     const double scale = *high > *low ? tallest / (*high - *low) : 0.0;
@@ -113,9 +114,10 @@ bool LogbookReckoning::goOn(int most)
     const int end = m_next + qMin(most, m_store.size() - m_next);
     for (; m_next < end; ++m_next)
         addRecord(m_next);
-    if (m_next == m_store.size() && !m_isFinished)
-        finish();
-    return m_next < m_store.size();
+    if (m_next < m_store.size())
+        return true;
+    finish();
+    return false;
 }
 
 // What ends the process is looked for in all records, what comes of it up to its end.
@@ -140,7 +142,6 @@ void LogbookReckoning::addRecord(int index)
 
 void LogbookReckoning::finish()
 {
-    m_isFinished = true;
     m_figures.records = m_store.size();
     if (m_store.isEmpty())
         return;

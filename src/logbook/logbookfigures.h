@@ -64,5 +64,4 @@ private:
     int m_next = 0;
     int m_last = -1; // the record that ends the process, once known
     int m_measured = -1; // the newest record up to it with a resistance
-    bool m_isFinished = false;
 };

@@ -28,7 +28,7 @@
 namespace {
 
 constexpr char fileName[] = "logbook.sqlite";
-constexpr int busyTime = 5000; // ms, for another program that writes
+constexpr int busyTime = 5000; // ms, for another program that writes; the driver's own patience
 constexpr unsigned long busyStep = 10; // ms
 
 /// Where texts of no object are translated.
@@ -194,14 +194,12 @@ void LogbookFile::openForReading(LogbookContent *content)
 
 LogbookFile::Written LogbookFile::write(const QVector<LogbookBatch> &batches, QString *reason)
 {
-    if (m_isReadOnly || m_connection.isEmpty())
+    if (m_isReadOnly)
         return Written::Never;
     const bool careful = std::any_of(
         batches.begin(), batches.end(), [](const LogbookBatch &batch) { return batch.isUsers; });
     QSqlError error;
-    if (careful != m_isCareful
-        && run(database(), careful ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = NORMAL", &error))
-        m_isCareful = careful;
+    run(database(), careful ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = NORMAL", &error);
     if (LogbookTables::write(database(), batches, &error))
         return Written::Yes;
     *reason = reasonOf(error);
@@ -210,7 +208,7 @@ LogbookFile::Written LogbookFile::write(const QVector<LogbookBatch> &batches, QS
 
 bool LogbookFile::wasWrittenByOthers()
 {
-    if (m_isReadOnly || m_connection.isEmpty())
+    if (m_isReadOnly)
         return false;
     const int version = dataVersion();
     return std::exchange(m_dataVersion, version) != version;
@@ -225,8 +223,6 @@ bool LogbookFile::readAgain(LogbookContent *content) const
 // Made beside the others first: what fails half-way leaves them as they were.
 bool LogbookFile::backUp(const QDate &day)
 {
-    if (m_isReadOnly || m_connection.isEmpty())
-        return false;
     const QString fresh = m_folder + QStringLiteral("/logbook-backup.new");
     QFile::remove(fresh);
     QSqlQuery query(database());
@@ -265,7 +261,6 @@ LogbookFile::Fault LogbookFile::connectTo(const QString &path, LogbookContent *c
     m_connection = QUuid::createUuid().toString();
     QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connection);
     database.setDatabaseName(path);
-    database.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(busyTime));
     return database.open() ? prepare(database, content) : faultOf(database.lastError());
 }
 
@@ -280,8 +275,6 @@ LogbookFile::Fault LogbookFile::prepare(QSqlDatabase &database, LogbookContent *
         && !(keepLog(database, &error) && run(database, "PRAGMA foreign_keys = ON", &error)
             && LogbookSchema::migrate(database, &error)))
         return faultOf(error);
-    m_isCareful = false;
-    run(database, "PRAGMA synchronous = NORMAL", &error);
     m_dataVersion = dataVersion();
     const bool read = LogbookTables::read(database, content, &error);
     if (newer)
@@ -311,9 +304,7 @@ LogbookFile::Fault LogbookFile::faultOf(const QSqlError &error)
 void LogbookFile::disconnect()
 {
     m_versionQuery.reset();
-    if (!m_connection.isEmpty())
-        QSqlDatabase::removeDatabase(m_connection);
-    m_connection.clear();
+    QSqlDatabase::removeDatabase(m_connection);
 }
 
 /// Where SQLite may write what belongs to it.
@@ -417,9 +408,6 @@ int LogbookFile::dataVersion()
     }
     const bool answered = m_versionQuery->exec() && m_versionQuery->next();
     const int version = answered ? m_versionQuery->value(0).toInt() : 0;
-    if (answered)
-        m_versionQuery->finish(); // it would hold the file
-    else
-        m_versionQuery.reset();
+    m_versionQuery->finish(); // it would hold the file
     return version;
 }

@@ -69,6 +69,5 @@ private:
     QString m_reason; // of the newest fault
     std::unique_ptr<QTemporaryDir> m_copy; // where the file itself can't be opened for writing
     bool m_isReadOnly = false;
-    bool m_isCareful = false; // each change is waited for until it is on the disk
     int m_dataVersion = 0; // as SQLite counts what other programs write
 };

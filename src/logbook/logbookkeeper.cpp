@@ -17,11 +17,26 @@
 
 namespace {
 
-constexpr std::chrono::seconds retryTime(5);
 constexpr std::chrono::milliseconds lastRetryTime(100); // at the end
 constexpr std::chrono::milliseconds gatheringTime(100); // in which what is read falls together
-constexpr std::chrono::seconds lookTime(1); // between two looks for changes of other programs
+constexpr std::chrono::seconds lookTime(1); // between two looks for changes of other programs, and two tries
 using Clock = std::chrono::steady_clock;
+
+/// Lets a mutex go while it lives: what is done meanwhile waits for the disk, or takes the mutex itself.
+class Unlocked {
+public:
+    explicit Unlocked(std::unique_lock<std::mutex> &lock)
+        : m_lock(lock)
+    {
+        m_lock.unlock();
+    }
+    ~Unlocked() { m_lock.lock(); }
+    Unlocked(const Unlocked &) = delete;
+    Unlocked &operator=(const Unlocked &) = delete;
+
+private:
+    std::unique_lock<std::mutex> &m_lock;
+};
 
 } // namespace
 
@@ -46,7 +61,6 @@ struct LogbookKeeper::Work {
     LogbookQueue queue;
     quint64 accepted = 0; // batches; changes in the receiver's thread only
     Clock::time_point readingsDue; // while such wait
-    bool writing = false; // the thread is at something
     bool isNew = false; // something has come since the thread looked
     bool ending = false;
     bool abandoned = false; // nobody waits for the end any more
@@ -55,7 +69,6 @@ struct LogbookKeeper::Work {
     std::atomic<bool> isStale = false; // what others wrote was overtaken by a change of this program
 
     bool unsaved = false; // what the user knows is not in a backup; these are the thread's
-    Clock::time_point retryDue;
     Clock::time_point lookDue;
     Clock::time_point backupDue;
 };
@@ -71,7 +84,6 @@ LogbookKeeper::LogbookKeeper(const QString &folder, const Listener &listener, co
 {
     m_work->listener = listener;
     m_work->receiver = &m_receiver;
-    m_work->writing = true;
     try {
         std::thread([work = m_work, folder] { work->run(folder); }).detach();
     } catch (const std::system_error &error) { // no more threads
@@ -88,7 +100,7 @@ LogbookKeeper::~LogbookKeeper()
     const auto hasEnded = [this] { return m_work->ended; };
     if (m_work->changed.wait_for(lock, m_patience.rest, hasEnded))
         return;
-    const auto isDecided = [this] { return m_work->ended || m_work->stalled || !m_work->queue.holdsFirst(); };
+    const auto isDecided = [this] { return m_work->stalled || !m_work->queue.holdsFirst(); };
     m_work->changed.wait_for(lock, m_patience.users, isDecided);
     const bool kept = !m_work->queue.holdsFirst();
     m_work->abandoned = true;
@@ -112,7 +124,7 @@ void LogbookKeeper::write(const LogbookBatch &batch)
 bool LogbookKeeper::isIdle() const
 {
     const std::lock_guard<std::mutex> lock(m_work->mutex);
-    return m_work->queue.isEmpty() && !m_work->writing;
+    return m_work->queue.isEmpty();
 }
 
 bool LogbookKeeper::holdsUsers() const
@@ -143,7 +155,6 @@ void LogbookKeeper::Work::giveUp(const std::exception &error)
     tell([this, reason] { listener.refused(reason); });
     const std::lock_guard<std::mutex> lock(mutex);
     queue = LogbookQueue();
-    writing = false;
     ended = true;
 }
 
@@ -151,10 +162,8 @@ void LogbookKeeper::Work::loop(LogbookFile &file)
 {
     std::unique_lock<std::mutex> lock(mutex);
     for (;;) {
-        writing = false;
         changed.notify_all();
         waitForWork(lock);
-        writing = true;
         const bool last = ending;
         writeAll(file, lock);
         if (Clock::now() >= lookDue && !last)
@@ -172,9 +181,7 @@ Clock::time_point LogbookKeeper::Work::due() const
     Clock::time_point due = lookDue;
     if (unsaved)
         due = std::min(due, backupDue);
-    if (stalled)
-        return std::min(due, retryDue);
-    return queue.isEmpty() ? due : std::min(due, readingsDue);
+    return queue.isEmpty() || stalled ? due : std::min(due, readingsDue);
 }
 
 // What the user changes is tried at once, even while the disk is full.
@@ -184,7 +191,7 @@ void LogbookKeeper::Work::waitForWork(std::unique_lock<std::mutex> &lock)
         changed.wait_for(lock, lastRetryTime);
         return;
     }
-    while (!ending && Clock::now() < due() && !(queue.holdsFirst() && (isNew || !stalled))) {
+    while (!ending && Clock::now() < due() && !(isNew && queue.holdsFirst())) {
         isNew = false;
         changed.wait_until(lock, due(), [this] { return ending || isNew; });
     }
@@ -197,14 +204,14 @@ void LogbookKeeper::Work::writeAll(LogbookFile &file, std::unique_lock<std::mute
     QString reason;
     while (reason.isEmpty() && !queue.isEmpty()) {
         const LogbookQueue::Lot lot = queue.next();
-        lock.unlock();
-        const int done = writeLot(file, lot, &reason);
-        lock.lock();
+        int done = 0;
+        {
+            const Unlocked meanwhile(lock);
+            done = writeLot(file, lot, &reason);
+        }
         queue.drop(lot, done);
         changed.notify_all();
     }
-    if (!reason.isEmpty())
-        retryDue = Clock::now() + retryTime;
     tellStalled(reason, lock);
 }
 
@@ -247,9 +254,8 @@ void LogbookKeeper::Work::tellStalled(const QString &reason, std::unique_lock<st
     const bool before = std::exchange(stalled, !reason.isEmpty());
     if (stalled == before)
         return;
-    lock.unlock();
+    const Unlocked meanwhile(lock);
     tell([this, reason] { listener.stalled(reason); });
-    lock.lock();
 }
 
 // What is read lacks the changes that come meanwhile: they would seem to be taken back.
@@ -260,8 +266,7 @@ void LogbookKeeper::Work::lookForOthers(LogbookFile &file, std::unique_lock<std:
         return;
     const quint64 before = accepted;
     const bool again = isStale.exchange(false);
-    writing = false; // nothing of this program
-    lock.unlock();
+    const Unlocked meanwhile(lock);
     LogbookContent content;
     if (file.wasWrittenByOthers() || again) {
         if (file.readAgain(&content))
@@ -274,15 +279,13 @@ void LogbookKeeper::Work::lookForOthers(LogbookFile &file, std::unique_lock<std:
         else
             tell([this] { isStale = true; });
     }
-    lock.lock();
 }
 
 void LogbookKeeper::Work::backUp(LogbookFile &file, std::unique_lock<std::mutex> &lock)
 {
-    lock.unlock();
+    const Unlocked meanwhile(lock);
     unsaved = !file.backUp();
     backupDue = Clock::now() + backupDelay;
-    lock.lock();
 }
 
 void LogbookKeeper::Work::tell(const std::function<void()> &news)

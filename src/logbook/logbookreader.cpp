@@ -39,7 +39,7 @@ struct LogbookReader::Current {
         , m_opened(borrowed)
     {
         if (!m_opened || !m_opened())
-            read();
+            m_loader = std::make_unique<DataFileLoader>(found.file);
     }
     /// True while there is more.
     bool goOn()
@@ -67,18 +67,12 @@ struct LogbookReader::Current {
     void follow()
     {
         if (!m_loader && !m_opened())
-            read();
+            *this = Current(found, Series());
     }
-    void giveUpForMemory()
-    {
-        reckoning.reset();
-        m_store.reset();
-        m_status = DataFileLoader::Status::NoMemory;
-    }
-    /// Once it is at its end, as that of the loader.
+    /// Once it is at its end.
     DataFileLoader::Status outcome() const
     {
-        return m_loader && m_status == DataFileLoader::Status::Loaded ? m_loader->status() : m_status;
+        return m_loader ? m_loader->status() : DataFileLoader::Status::Loaded;
     }
     const SeriesStore *series() const { return m_store ? m_store.get() : m_opened(); }
     bool isWaiting() const { return m_loader && m_loader->isWaiting(); }
@@ -87,16 +81,9 @@ struct LogbookReader::Current {
     std::unique_ptr<LogbookReckoning> reckoning;
 
 private:
-    void read()
-    {
-        reckoning.reset();
-        m_loader = std::make_unique<DataFileLoader>(found.file);
-    }
-
     Series m_opened;
     std::unique_ptr<DataFileLoader> m_loader; // null while what was opened is there
     std::unique_ptr<SeriesStore> m_store;
-    DataFileLoader::Status m_status = DataFileLoader::Status::Loaded;
 };
 
 LogbookReader::LogbookReader(Logbook *logbook, const QString &ownFolder, QObject *parent)
@@ -360,7 +347,7 @@ void LogbookReader::takeFound(const QVector<FoundFile> &found)
             rest();
         return;
     }
-    m_slices->start(0);
+    m_slices->start();
     emit progressed(m_done, m_toDo);
 }
 
@@ -395,14 +382,14 @@ std::unique_ptr<LogbookReader::Current> LogbookReader::nextWaiting()
     return std::make_unique<Current>(file, opened.stamp == file.stamp ? opened.series : Series());
 }
 
-/// True while the file is not ready.
+/// True while the file is not ready. Drops one that memory does not suffice for.
 bool LogbookReader::workOn()
 {
     try {
         m_current->follow();
         return m_current->goOn();
     } catch (const std::bad_alloc &) {
-        m_current->giveUpForMemory();
+        m_current.reset();
         return false;
     }
 }
@@ -411,8 +398,8 @@ bool LogbookReader::workOn()
 void LogbookReader::takeResult()
 {
     const std::unique_ptr<Current> read = std::move(m_current);
-    const DataFileLoader::Status status = read->outcome();
-    if (read->reckoning && !read->series()->isEmpty())
+    const DataFileLoader::Status status = read ? read->outcome() : DataFileLoader::Status::NoMemory;
+    if (status == DataFileLoader::Status::Loaded && !read->series()->isEmpty())
         takeRead(*read);
     else if (status != DataFileLoader::Status::NoMemory && status != DataFileLoader::Status::CanNotOpen)
         m_logbook->addRefused({refusalKey(read->found.file, read->found.stamp)});

@@ -5,6 +5,7 @@
 #include <QSqlQuery>
 #include <QVariant>
 
+#include <algorithm>
 #include <cmath>
 #include <initializer_list>
 #include <limits>
@@ -29,6 +30,8 @@ public:
         const qint64 value = next().toLongLong(&good);
         return good && value >= least && value <= most ? int(value) : otherwise;
     }
+    /// 0 for what is no number of things.
+    int count(int most = std::numeric_limits<int>::max()) { return number(0, most, 0); }
     int anyNumber() { return number(std::numeric_limits<int>::min(), std::numeric_limits<int>::max(), 0); }
     QString text() { return next().toString(); }
     QByteArray bytes() { return next().toByteArray(); }
@@ -38,7 +41,7 @@ private:
     int m_column = 0;
 };
 
-/// One statement for many rows; what went wrong first stays.
+/// One statement for many rows. What went wrong first stays, and nothing is done from then on.
 class Statement {
 public:
     Statement(const QSqlDatabase &database, const char *text, QSqlError *error)
@@ -89,8 +92,8 @@ LogbookPack packFrom(Columns columns)
     pack.id = columns.number();
     pack.name = columns.text();
     pack.cellType = columns.number(0, mostCode, Varnel3Data::noCellType);
-    pack.cells = columns.number(0, Varnel3Data::maxCells, 0);
-    pack.capacity = columns.number(0, std::numeric_limits<int>::max(), 0);
+    pack.cells = columns.count(Varnel3Data::maxCells);
+    pack.capacity = columns.count();
     pack.note = columns.text();
     return pack;
 }
@@ -99,28 +102,28 @@ QString textOf(const std::array<float, Varnel3Data::maxCells> &resistances)
 {
     QStringList numbers;
     for (const float resistance : resistances)
-        numbers += QString::number(double(resistance), 'g', 9);
+        numbers += QString::number(double(resistance), 'g', std::numeric_limits<float>::max_digits10);
     return numbers.join(QLatin1Char(' '));
 }
 
 void readResistances(const QString &text, std::array<float, Varnel3Data::maxCells> *resistances)
 {
-    const QVector<QStringRef> numbers = text.splitRef(QLatin1Char(' '));
-    for (int i = 0; i < numbers.size() && i < Varnel3Data::maxCells; ++i) {
-        const float value = numbers[i].toFloat();
-        (*resistances)[size_t(i)] = std::isfinite(value) ? value : 0.0F;
-    }
+    const QVector<QStringRef> numbers = text.splitRef(QLatin1Char(' ')).mid(0, Varnel3Data::maxCells);
+    std::transform(numbers.begin(), numbers.end(), resistances->begin(), [](const QStringRef &number) {
+        const float value = number.toFloat();
+        return std::isfinite(value) ? value : 0.0F;
+    });
 }
 
 LogbookFigures figuresFrom(Columns *columns)
 {
     LogbookFigures figures;
-    figures.records = columns->number(0, std::numeric_limits<int>::max(), 0);
+    figures.records = columns->count();
     figures.device = columns->number(0, Varnel3Data::NoDevice, Varnel3Data::NoDevice);
     figures.mode = columns->number(0, Varnel3Data::NoMode, Varnel3Data::NoMode);
     figures.cellType = columns->number(0, mostCode, Varnel3Data::noCellType);
-    figures.cells = columns->number(0, Varnel3Data::maxCells, 0);
-    figures.duration = columns->number(0, std::numeric_limits<int>::max(), 0);
+    figures.cells = columns->count(Varnel3Data::maxCells);
+    figures.duration = columns->count();
     figures.charge = columns->anyNumber();
     figures.energy = columns->next().toDouble();
     if (!std::isfinite(figures.energy))
@@ -260,18 +263,11 @@ bool LogbookTables::write(
     const QSqlDatabase &database, const QVector<LogbookBatch> &batches, QSqlError *error)
 {
     *error = QSqlError();
-    QSqlQuery transaction(database);
-    if (!transaction.exec(QStringLiteral("BEGIN IMMEDIATE"))) {
-        *error = transaction.lastError();
-        return false;
-    }
-    for (const LogbookBatch &batch : batches) {
-        if (!error->isValid())
-            writeAll(database, batch, error);
-    }
-    if (!error->isValid() && !transaction.exec(QStringLiteral("COMMIT")))
-        *error = transaction.lastError();
+    Statement(database, "BEGIN IMMEDIATE", error).run({});
+    for (const LogbookBatch &batch : batches)
+        writeAll(database, batch, error);
+    Statement(database, "COMMIT", error).run({});
     if (error->isValid())
-        transaction.exec(QStringLiteral("ROLLBACK"));
+        QSqlQuery(database).exec(QStringLiteral("ROLLBACK"));
     return !error->isValid();
 }

@@ -15,12 +15,8 @@ inline QStringList dump(const Logbook &logbook)
 {
     QStringList lines;
     for (const LogbookPack &pack : logbook.packs())
-        lines += QStringLiteral("pack %1 %2 %3 %4 %5")
-                     .arg(pack.name)
-                     .arg(pack.cellType)
-                     .arg(pack.cells)
-                     .arg(pack.capacity)
-                     .arg(pack.note);
+        lines += QStringLiteral("pack %1 %2 %3 ").arg(pack.cellType).arg(pack.cells).arg(pack.capacity)
+            + pack.name + '|' + pack.note;
     for (int i = 0; i < logbook.size(); ++i) {
         const LogbookEntry &row = logbook.entryAt(i);
         const LogbookRecording &r = row.recording;
@@ -41,6 +37,7 @@ struct OpenLogbook {
         QSignalSpy opened(&logbook, SIGNAL(opened()));
         QObject::connect(&logbook, &Logbook::told, &logbook, [this](const QString &text) { told = text; });
         logbook.open(folder);
+        QVERIFY(logbook.isReadOnly()); // until it is known what there is
         QVERIFY(opened.wait(longTime));
         QCoreApplication::processEvents();
     }

@@ -31,6 +31,7 @@ private slots:
         const auto row = columns<QString, Change>({"news", "known"});
         using Question = LookQuestion *;
         const QString all = "? ? a.acp b.acp";
+        const QDateTime soon = QDateTime::currentDateTime().addSecs(9); // is new for as long as can be
         row("nothing", all, [](Question) {});
         row("all of it", "", [this](Question q) {
             for (const char *name : {"a.acp", "b.acp"})
@@ -65,8 +66,8 @@ private slots:
             }
             q->beginnings.insert(known("b.acp").beginning, path("old.acp")); // of another size
         });
-        row("changed just now", all + " unsettled", [this](Question q) {
-            QVERIFY(makeNew(path("a.acp")));
+        row("changed just now", all + " unsettled", [this, soon](Question q) {
+            QVERIFY(setTime(path("a.acp"), soon));
             q->live.insert(path("b.acp"));
         });
         const QString older = "? a.acp b.acp none.acp";
@@ -82,8 +83,8 @@ private slots:
                     if (isLive)
                         q->live.insert(path("new.acp"));
                 });
-        row("live", all, [this](Question q) {
-            QVERIFY(makeNew(path("a.acp")));
+        row("live", all, [this, soon](Question q) {
+            QVERIFY(setTime(path("a.acp"), soon));
             q->live.insert(path("a.acp"));
         });
         row("in a year", all, [this](Question) { QVERIFY(makeOld(path("a.acp"), -365)); });
@@ -118,13 +119,6 @@ private:
         for (int i = 0; i < count; ++i)
             lines += Lines::charger(i);
         return lines;
-    }
-    /// For as long as can be.
-    static bool makeNew(const QString &name)
-    {
-        QFile file(name);
-        const QDateTime soon = QDateTime::currentDateTime().addSecs(9);
-        return file.open(QIODevice::ReadWrite) && file.setFileTime(soon, QFileDevice::FileModificationTime);
     }
     /// As a look finds it.
     KnownFile known(const char *name) const

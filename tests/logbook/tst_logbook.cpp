@@ -41,6 +41,9 @@ private slots:
         constexpr int top = std::numeric_limits<int>::max();
         most.recording.figures = {top, Varnel3Data::NoDevice, Varnel3Data::NoMode, 1000, 16, top, -top - 1,
             0.1 + 0.2, 1, 2, 3, -top - 1, {}, top, 15, Varnel3Data::Failed, {}};
+        LogbookEntry least = full;
+        least.recording.file = "/a/least.acp";
+        least.recording.figures = {0, 0, 0, 0, 0, 0, 0, 0.0, 0, 0, 0, 0, {}, 0, 0, Varnel3Data::NoEnd, {}};
         QStringList before;
         const WarningCollector collector;
         {
@@ -48,6 +51,8 @@ private slots:
             for (const QString &name : names)
                 book.logbook.take(name == names[0] ? full : entry(name));
             book.logbook.take(most);
+            book.logbook.take(least);
+            book.editor.addPack({0, "least", 0, 1, 1, ""});
             for (const QString &name : names) {
                 const qint64 pack = book.editor.addPack(namedPack(name));
                 book.editor.assign({book.logbook.recordingOf(name)->id}, pack);
@@ -61,8 +66,8 @@ private slots:
         QCOMPARE(collector.warnings(), QStringList());
         const OpenLogbook book(folder.path());
         QCOMPARE(dump(book.logbook), before);
-        QVERIFY(book.logbook.recordingOf(names[0])->figures == full.recording.figures);
-        QVERIFY(book.logbook.recordingOf("/a/most.acp")->figures == most.recording.figures);
+        for (const LogbookEntry &kept : {full, most, least})
+            QVERIFY(book.logbook.recordingOf(kept.recording.file)->figures == kept.recording.figures);
         QCOMPARE(book.logbook.folders(), (QStringList{"/b'", "/a\n"}));
         QCOMPARE(book.logbook.refused(), (QSet<qint64>{-1, std::numeric_limits<qint64>::max()}));
         QCOMPARE(onFile(folder.path(), "PRAGMA journal_mode"), QString("wal"));
@@ -78,13 +83,15 @@ private slots:
             book.logbook.take(entry("/1.acp"));
             book.editor.addPack(namedPack("A"));
         }
-        for (const char *statement : {"UPDATE pack SET chemistry = 1001, cells = 17, capacity = -1",
+        for (const char *statement : {"INSERT INTO recording(id, file, note) VALUES(1, '', '')",
+                 "UPDATE pack SET chemistry = 1001, cells = 17, capacity = -1",
                  "UPDATE reading SET records = -1, device = 5, mode = -1, chemistry = -1, cells = 17, "
                  "duration = -1, charge = 3000000000, energy = 9e999, start_voltage = 'x', "
                  "cell_resistances = 'nan 1e99 2.5 x', spread = -2, lowest_cell = 16, ending = 3, "
                  "curve = 'short'"})
             onFile(folder.path(), statement);
         const OpenLogbook book(folder.path());
+        QCOMPARE(book.logbook.size(), 1);
         const LogbookPack pack = book.logbook.packs().value(0);
         QVERIFY(pack.cellType == Varnel3Data::noCellType && pack.cells == 0 && pack.capacity == 0);
         LogbookFigures none;
@@ -109,23 +116,17 @@ private slots:
         editor.setNote(id("/1.acp"), "first");
         LogbookPack renamed = *logbook.pack(a);
         renamed.name = "Ä";
+        const QVector<qint64> some = {id("/1.acp"), 99, id("/3.acp")};
+        const QVector<qint64> both = {a, b};
         const std::pair<const char *, std::function<void()>> changes[]
             = {{"Rename pack", [&] { editor.changePack(renamed); }},
                 {"New pack", [&] { editor.addPack(namedPack("C")); }},
-                {"Assign to pack",
-                    [&] {
-                        editor.assign({id("/1.acp"), id("/3.acp")}, LogbookPack::none);
-                    }},
-                {"Merge packs",
-                    [&] {
-                        editor.mergePacks({a, b}, b);
-                    }},
+                {"Assign to pack", [&] { editor.assign(some, LogbookPack::none); }},
+                {"Merge packs", [&] { editor.mergePacks(both, b); }},
                 {"Take apart", [&] { editor.takeApart({id("/2.acp")}, "D"); }},
                 {"Change note", [&] { editor.setNote(id("/1.acp"), ""); }},
                 {"Remove pack", [&] { editor.removePack(a); }},
-                {"Remove from logbook", [&] {
-                     editor.removeRecordings({id("/1.acp"), 99, id("/3.acp")});
-                 }}};
+                {"Remove from logbook", [&] { editor.removeRecordings(some); }}};
         const auto inFile = [&] {
             if (!QTest::qWaitFor([&] { return logbook.isWritten(); }, longTime))
                 return QStringList();
@@ -147,6 +148,7 @@ private slots:
             editor.undo();
         }
         QVERIFY(QDir(folder.path()).entryList({"logbook-*.sqlite"}).isEmpty()); // after a minute
+        QCOMPARE(editor.undoText(), QString("Change note"));
         // What has moved meanwhile is found again.
         editor.setNote(id("/2.acp"), "moved");
         for (int looks = 0; looks < 2; ++looks) // at the folder, each of which finds it
@@ -157,6 +159,7 @@ private slots:
         gone.droppedPacks = {b};
         gone.isUsers = true;
         logbook.apply(gone);
+        editor.assign({id("/3.acp")}, b);
         QCOMPARE(logbook.recordingOf("/3.acp")->pack, qint64(LogbookPack::none));
         QCOMPARE(inFile(), dump(logbook));
     }
@@ -198,12 +201,17 @@ private slots:
         Logbook logbook;
         LogbookEditor editor(&logbook);
         const auto day = [](int month) { return QDateTime(QDate(2026, month, 1), QTime(0, 0)); };
-        logbook.take(entry("/a", "COM3", 5, day(1)));
+        logbook.take(entry("/x", "COM3", 5, day(1)));
+        logbook.rename("/x", "/a");
         logbook.take(entry("/b", "COM3", 4, day(2)));
         logbook.take(entry("/c", "COM3", 5, day(3)));
         logbook.take(entry("/d", "COM4", 4, QDateTime()));
         logbook.setGone("/d", true);
-        editor.assign({logbook.recordingOf("/c")->id}, editor.addPack(namedPack("Red one")));
+        LogbookPack pack = namedPack("Blue one");
+        pack.id = editor.addPack(pack);
+        editor.assign({logbook.recordingOf("/c")->id}, pack.id);
+        pack.name = "Red one";
+        editor.changePack(pack);
         editor.setNote(logbook.recordingOf("/b")->id, QString::fromUtf8("Węże"));
         QFETCH(LogbookFilter, filter);
         QString found;
@@ -219,7 +227,7 @@ private slots:
         LogbookEditor editor(&logbook);
         LogbookEntry found = entry("/it's, \"here\"\n.acp");
         found.recording.figures.energy = 12.5;
-        found.recording.figures.end = Varnel3Data::Aborted;
+        found.recording.figures.end = Varnel3Data::Failed;
         found.recording.figures.cellResistances[0] = 1.3F;
         logbook.take(found);
         editor.assign({logbook.recordings().value(0)}, editor.addPack(namedPack("Red, one")));
@@ -241,7 +249,7 @@ private slots:
         QCOMPARE(lines[0].count(','), 36);
         QCOMPARE(lines[1] + '\n' + lines[2],
             QByteArray("\"Red, one\",2026-03-01 12:00:00,0,None,COM3,Discharge,LiPo,6,"
-                       "9,0,0,12.5,0,0,,,,,aborted,1.3")
+                       "9,0,0,12.5,0,0,,,,,failed,1.3")
                 + QByteArray(15, ',') + ",,\"/it's, \"\"here\"\"\n.acp\"");
         QCOMPARE(lines[3],
             ",2026-02-28 01:02:03,1,Tandor,,Discharge,LiPo,6,9,3601,4711,1.0001,25100,19900,412,23,0,4,"

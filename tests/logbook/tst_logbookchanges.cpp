@@ -72,6 +72,8 @@ private slots:
         connect(&logbook, &Logbook::packsChanged, [&] { told += "packs"; });
         connect(&logbook, &Logbook::foldersChanged, [&] { told += "folders"; });
         const auto since = [&] { return QStringList(std::exchange(told, {})).join(' '); };
+        editor.undo(); // nothing
+        editor.redo();
         for (const char *name : {"/1", "/2", "/3"})
             logbook.take(entry(name));
         QCOMPARE(since(), QString("/1 /2 /3"));
@@ -146,14 +148,15 @@ private slots:
         take("/5", 5, 3, "COM3", 5);
         take("/6", 6, 3, "", 6);
         const qint64 asked = take("/7", 7, -1);
-        for (const qint64 none : {take("/8", 7, -1, ""), take("/9", 7, -1, "COM3", 6, 4), qint64(99),
+        const qint64 other = take("/8", 8, -1);
+        for (const qint64 none : {take("/9", 7, -1, ""), take("/10", 7, -1, "COM3", 6, 4), qint64(99),
                  logbook.recordingOf("/1")->id})
             QCOMPARE(logbook.packToOffer(none), qint64(LogbookPack::none));
         QCOMPARE(logbook.packToOffer(asked), packs[1]);
         const QHash<qint64, qint64> offered = logbook.packsToOffer(logbook.recordings());
-        QCOMPARE(offered, (QHash<qint64, qint64>{{asked, packs[1]}}));
+        QCOMPARE(offered, (QHash<qint64, qint64>{{asked, packs[1]}, {other, packs[1]}}));
         editor.assignEach(offered);
-        QCOMPARE(logbook.recording(asked)->pack, packs[1]);
+        QVERIFY(logbook.recording(asked)->pack == packs[1] && logbook.recording(other)->pack == packs[1]);
         for (int i = 1; i < 4; ++i) // of one name
             QVERIFY(logbook.packs()[i - 1].id < logbook.packs()[i].id);
     }

@@ -53,16 +53,18 @@ private slots:
     {
         QVector<Varnel3Data> records = {
             record(5, 10000, 1000), record(15, 12000, 2000), record(25, 12000, 2000), record(45, 11000, 0)};
-        records[1].temperature = 321;
-        records[2].temperature = 300;
-        records[1].internalResistance = 40;
+        for (int i = 0; i < 4; ++i)
+            records[i].temperature = 330 - 10 * i;
+        records[1].internalResistance = 1;
+        records[2].cells[0].resistance = 6.5;
         records[2].cells[1].resistance = 7.5;
         records[2].resistanceValid = true;
         const LogbookFigures figures = figuresOf(records);
         QCOMPARE(figures.energy, (170.0 + 240.0 + 240.0) / 3600);
         const LogbookFigures expected = {4, Varnel3Data::Varnel3, Varnel3Data::Discharge, 5, 2, 40, 45,
-            figures.energy, 10000, 11000, 321, 40, {0.0F, 7.5F}, 30, 1, Varnel3Data::NoEnd, figures.curve};
+            figures.energy, 10000, 11000, 330, 1, {6.5F, 7.5F}, 30, 1, Varnel3Data::NoEnd, figures.curve};
         QVERIFY(figures == expected && figures.hasCellResistances());
+        QCOMPARE(LogbookFigures::ofFirst(records[0]).endVoltage, 10000);
         // From 10 V to 12 V in a quarter of the time, then level for one, then down to 11 V.
         QCOMPARE(figures.curve.size(), LogbookFigures::curvePoints);
         const auto height = [&](double share) { return int(uchar(figures.curve[qRound(share * 63)])); };
@@ -130,7 +132,7 @@ private slots:
             {std::pair(0, 0), std::pair(7, 85), std::pair(21, 255), std::pair(63, 128)})
             QCOMPARE(int(uchar(mixed.curve[at])), height);
         for (const LogbookFigures &still : {figuresOf({record(7, 8000, 1), record(7, 9000, 1)}),
-                 figuresOf({record(7, 8000, 1), record(9, 9000, 1), record(9, 9000, 1)})})
+                 figuresOf({record(7, 8000, 1), record(8, 9000, 1), record(8, 9000, 1)})})
             QCOMPARE(int(uchar(still.curve[21])), 85);
         constexpr int most = std::numeric_limits<int>::max();
         Varnel3Data first = record(-most, -most, most);

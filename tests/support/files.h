@@ -19,12 +19,17 @@ inline bool writeFile(const QString &name, const QByteArray &bytes)
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 
-/// Makes a file look as if it was last written to so many days ago.
-inline bool makeOld(const QString &name, int days)
+/// Makes a file look as if it was last written to at `time`.
+inline bool setTime(const QString &name, const QDateTime &time)
 {
     QFile file(name);
-    const QDateTime then = QDateTime::currentDateTime().addDays(-days);
-    return file.open(QIODevice::ReadWrite) && file.setFileTime(then, QFileDevice::FileModificationTime);
+    return file.open(QIODevice::ReadWrite) && file.setFileTime(time, QFileDevice::FileModificationTime);
+}
+
+/// The same, so many days ago.
+inline bool makeOld(const QString &name, int days)
+{
+    return setTime(name, QDateTime::currentDateTime().addDays(-days));
 }
 
 /// The records of a data file; none where it is none.
