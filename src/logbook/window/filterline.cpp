@@ -12,6 +12,8 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace {
 
 constexpr int clearSpace = 40; // px beside the filter's words, with the button that clears them
@@ -42,7 +44,7 @@ FilterLine::FilterLine(QWidget *parent)
     layout->addLayout(m_line);
     layout->addLayout(m_days);
     m_days->setAlignment(Qt::AlignRight);
-    m_line->addWidget(m_text, 1);
+    m_line->addWidget(m_text); // takes what the others leave
     m_line->addWidget(m_chemistry);
     m_line->addWidget(m_process);
     placeDays();
@@ -59,7 +61,7 @@ void FilterLine::placeDays()
     for (const QWidget *widget : others)
         wanted += widget->sizeHint().width() + m_line->spacing();
     QHBoxLayout *line = width() < wanted ? m_days : m_line;
-    if (line->indexOf(m_to) >= 0)
+    if (std::exchange(m_place, line) == line)
         return;
     for (QWidget *widget : {static_cast<QWidget *>(m_fromBox), static_cast<QWidget *>(m_from),
              static_cast<QWidget *>(m_toBox), static_cast<QWidget *>(m_to)})

@@ -43,6 +43,7 @@ private:
 
     QHBoxLayout *m_line;
     QHBoxLayout *m_days; // the second line, empty while there is room in the first one
+    QHBoxLayout *m_place = nullptr; // of the days: one of the two
     QLineEdit *m_text;
     QComboBox *m_chemistry;
     QComboBox *m_process;

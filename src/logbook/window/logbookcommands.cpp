@@ -253,13 +253,12 @@ void LogbookCommands::moveToBin(const QStringList &files)
     tellMoved();
     m_jobs.run(
         [files, time = m_parts.binTime] {
-            Moved moved;
+            Moved moved{{}, {}, files};
             const QDeadlineTimer slice(time);
-            int looked = 0;
-            do
-                (discardUnlessWritten(files[looked]) ? moved.done : moved.failed).append(files[looked]);
-            while (++looked < files.size() && !slice.hasExpired());
-            moved.rest = files.mid(looked);
+            do {
+                const QString file = moved.rest.takeFirst();
+                (discardUnlessWritten(file) ? moved.done : moved.failed).append(file);
+            } while (!moved.rest.isEmpty() && !slice.hasExpired());
             return moved;
         },
         [this](const Moved &moved) {

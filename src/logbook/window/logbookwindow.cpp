@@ -42,8 +42,6 @@ namespace {
 constexpr int gathering = 100; // ms in which changes fall together
 constexpr int packsWidth = 440; // px
 constexpr int leastPacksWidth = 150;
-constexpr int tableWidth = 760;
-constexpr int tableHeight = 420;
 constexpr int courseHeight = 260;
 constexpr int packSpace = 4; // px between rows
 constexpr int leastName = 80; // px of the column that names have at least
@@ -119,7 +117,6 @@ void LogbookWindow::createParts()
     m_packs->setMinimumWidth(scaled(leastPacksWidth));
     m_packs->setUniformRowHeights(true);
     m_packs->setAllColumnsShowFocus(true);
-    m_packs->setContextMenuPolicy(Qt::CustomContextMenu);
     m_packs->header()->setStretchLastSection(false);
     m_packs->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     m_packs->setItemDelegate(new PackRows(m_packs));
@@ -140,12 +137,12 @@ void LogbookWindow::arrange()
     m_oneAboveOther->addWidget(middle);
     m_oneAboveOther->addWidget(m_course);
     m_oneAboveOther->setStretchFactor(0, 1);
-    m_oneAboveOther->setSizes({scaled(tableHeight), scaled(courseHeight)});
+    m_oneAboveOther->setSizes({scaled(courseHeight), scaled(courseHeight)}); // the upper one takes the rest
     m_sideBySide = new QSplitter(this);
     m_sideBySide->addWidget(m_packs);
     m_sideBySide->addWidget(m_oneAboveOther);
     m_sideBySide->setStretchFactor(1, 1);
-    m_sideBySide->setSizes({scaled(packsWidth), scaled(tableWidth)});
+    m_sideBySide->setSizes({scaled(packsWidth), scaled(packsWidth)}); // the right one does
     for (QSplitter *splitter : {m_sideBySide, m_oneAboveOther})
         splitter->setChildrenCollapsible(false);
     auto *content = new QWidget(this);
@@ -241,19 +238,17 @@ void LogbookWindow::writeState(VarnelSettings *settings) const
 // While files are read a change comes with each.
 void LogbookWindow::changeLater()
 {
-    m_isStale = true;
     if (isVisible() && !m_later->isActive())
         m_later->start();
 }
 
 void LogbookWindow::refresh()
 {
-    m_isStale = false;
     m_isRefreshing = true;
     m_packList->refresh();
     if (m_pack != LogbookPack::none && !m_parts.logbook->pack(m_pack))
         m_pack = LogbookFilter::everyPack;
-    m_packs->setCurrentIndex(m_packList->index(m_packList->rowOf(m_pack), 0));
+    m_packs->setCurrentIndex(m_packList->index(m_packList->rowOf(m_pack), PackList::Name));
     m_isRefreshing = false;
     m_course->setPack(m_pack);
     onFilter();
@@ -294,7 +289,7 @@ void LogbookWindow::onSelected()
 {
     const QVector<qint64> chosen = m_view->selectedIds();
     m_commands->choose(chosen, m_pack);
-    m_course->mark(chosen.size() == 1 ? chosen.first() : 0);
+    m_course->mark(chosen.size() == 1 ? chosen.first() : qint64());
     m_status->tell(m_table->rowCount(), m_parts.logbook->size(), chosen.size());
 }
 
@@ -370,8 +365,7 @@ void LogbookWindow::fitPacks()
 
 void LogbookWindow::showEvent(QShowEvent *)
 {
-    if (m_isStale)
-        refresh();
+    refresh();
     if (!std::exchange(m_isFitted, true))
         fitPacks();
 }

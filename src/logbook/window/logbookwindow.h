@@ -93,7 +93,6 @@ private:
     QSplitter *m_sideBySide = nullptr;
     QSplitter *m_oneAboveOther = nullptr;
     QTimer *m_later;
-    bool m_isStale = true; ///< the logbook has changed since refresh()
     bool m_isRefreshing = false;
     bool m_isFitted = false; ///< the parts have their widths, be it the user's
     qint64 m_pack;

@@ -1,4 +1,3 @@
-#include "logbook/logbookeditor.h"
 #include "logbook/logbookreader.h"
 #include "logbook/window/logbookstatus.h"
 #include "logbook/window/packlist.h"
@@ -7,6 +6,7 @@
 #include "logbook/window/table/recordingtable.h"
 #include "logbook/window/table/tablepages.h"
 #include "sample.h"
+#include "support/layoutfault.h"
 #include "support/paintlog.h"
 #include "widgets/displayscale.h"
 
@@ -19,7 +19,6 @@
 #include <QStatusBar>
 #include <QtTest>
 
-using Varnel = Varnel3Data;
 using Columns = RecordingColumns;
 
 namespace {
@@ -42,21 +41,11 @@ QString dayText(int day)
 } // namespace
 
 /// What the logbook's window is made of, each part alone.
-class TestLogbookParts : public QObject {
+class TestLogbookParts : public QObject, private BookRig {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        QLocale::setDefault(QLocale::c());
-        logbook = std::make_unique<Logbook>();
-        editor = std::make_unique<LogbookEditor>(logbook.get());
-    }
-    void cleanup()
-    {
-        editor.reset();
-        logbook.reset();
-    }
+    void init() { renew(); }
 
     void rows()
     {
@@ -65,7 +54,7 @@ private slots:
         for (int day = 0; day < 4; ++day) {
             LogbookRecording recording = sampleRecording(day, Varnel::Discharge, 4800);
             recording.isLive = day == 3;
-            ids += add(logbook.get(), recording);
+            ids += add(recording);
         }
         logbook->setGone(logbook->recording(ids[2])->file, true);
         editor->assign({ids[0], ids[2], ids[3]}, pack);
@@ -117,7 +106,7 @@ private slots:
             LogbookRecording recording = sampleRecording(logbook->size(), Varnel::Charge, 100);
             recording.note = note;
             recording.isLive = !*note;
-            add(logbook.get(), recording);
+            add(recording);
         }
         QLocale::setDefault(QLocale("en_US"));
         RecordingTable table(logbook.get());
@@ -172,10 +161,10 @@ private slots:
     void packs()
     {
         const qint64 a = addPack("A", 5000, {{0, 5000}, {20, 4500}, {40, 3940}}, 420);
-        addPack("B", 0, {{5, 1000}});
-        editor->addPack({0, "C", 5, 1, 1, ""});
+        addPack("B", 0, {{5, 1000}}, 420);
+        editor->addPack({0, "C", 5, 0, 1, ""});
         addPack("D", 5000, {{1, 3800}, {21, 3900}, {41, 4000}});
-        add(logbook.get(), sampleRecording(9, Varnel::Charge, 77));
+        add(sampleRecording(9, Varnel::Charge, 77));
         PackList list(logbook.get());
         list.refresh();
         const auto texts = [&](int row, int role = Qt::DisplayRole) {
@@ -201,8 +190,9 @@ private slots:
             QString("A\n6 x LiPo\n5000 mAh nominal\nits note\nWorn out: below 80 % of its nominal capacity.\n"
                     "Cell 4 is weak: 420 mV between the highest and the lowest when the pack is empty."));
         QCOMPARE(list.index(3, 0).data(Qt::ToolTipRole).toString(),
-            QString("B\n6 x LiPo\nGive the nominal capacity to see the state of health.\nits note"));
-        QCOMPARE(list.index(4, 0).data(Qt::ToolTipRole).toString(), QString("C\n1 x LiPo\n1 mAh nominal"));
+            QString("B\n6 x LiPo\nGive the nominal capacity to see the state of health.\nits note\n"
+                    "Cell 4 is weak: 420 mV between the highest and the lowest when the pack is empty."));
+        QCOMPARE(list.index(4, 0).data(Qt::ToolTipRole).toString(), QString("C\n1 mAh nominal"));
         const auto mark = [&](int row, int column) {
             const QVariant pixmap = list.index(row, column).data(Qt::DecorationRole);
             const QImage image = pixmap.value<QPixmap>().toImage();
@@ -212,7 +202,8 @@ private slots:
                     + QString::number(image.pixelColor(5, image.height() - 1).value() > 99); // no edge
         };
         QCOMPARE(mark(2, PackList::Health) + mark(5, PackList::Health), QString("#c6282811#1e8a3c01"));
-        QCOMPARE(mark(3, PackList::Health) + mark(2, PackList::Name), QString());
+        QCOMPARE(mark(3, PackList::Health) + mark(4, PackList::Health) + mark(2, PackList::Name),
+            QString("#c6282811"));
         for (const int row : {2, 5}) {
             const auto pixmap = list.index(row, PackList::Health).data(Qt::DecorationRole).value<QPixmap>();
             QCOMPARE(QRegion(pixmap.createHeuristicMask()).boundingRect(), QRect(0, 0, 12, 12));
@@ -243,7 +234,9 @@ private slots:
         QCOMPARE(list.rowOf(99), 0);
         QSignalSpy reset(&list, SIGNAL(modelReset()));
         QSignalSpy changed(&list, SIGNAL(dataChanged(QModelIndex,QModelIndex)));
+        add(sampleRecording(10, Varnel::Charge, 77));
         list.refresh();
+        QCOMPARE(texts(0), QString("All recordings (9)||||"));
         QCOMPARE(reset.size(), 0);
         QCOMPARE(changed.first().at(0).toModelIndex(), list.index(0, 0));
         QCOMPARE(changed.first().at(1).toModelIndex(), list.index(5, PackList::Newest));
@@ -287,6 +280,10 @@ private slots:
         emit reader.progressed(3, 10);
         QVERIFY(progress->isVisible() && cancel->isVisible());
         QCOMPARE(progress->text(), QString("3 of 10 files"));
+        QCOMPARE(layoutFault(bar), QByteArray());
+        QVERIFY(progress->maximumWidth() == 200 && !progress->toolTip().isEmpty()
+            && !cancel->toolTip().isEmpty());
+        QCOMPARE(bar.findChild<QLabel *>()->contentsMargins(), QMargins(0, 0, 8, 0));
         QSignalSpy finished(&reader, SIGNAL(finished()));
         cancel->click();
         QCOMPARE(finished.size(), 1);
@@ -340,16 +337,6 @@ private:
                 "text '48.0' left 224,22 9.47692 Arial #000000; "
                 "text '2 / 2' right 1120,733 9.47692 Arial #000000");
     }
-
-    /// addPack() of the sample.
-    qint64 addPack(
-        const char *name, int capacity, const QVector<std::pair<int, int>> &discharges, int spread = 12)
-    {
-        return ::addPack(editor.get(), logbook.get(), name, capacity, discharges, spread);
-    }
-
-    std::unique_ptr<Logbook> logbook;
-    std::unique_ptr<LogbookEditor> editor;
 };
 
 QTEST_MAIN(TestLogbookParts)

@@ -1,7 +1,9 @@
 #pragma once
 
-#include "logbook/logbookeditor.h"
 #include "logbook/logbookreader.h"
+#include "logbook/window/course/coursecanvas.h"
+#include "logbook/window/dialogs/packchoice.h"
+#include "logbook/window/dialogs/packdialog.h"
 #include "logbook/window/logbookwindow.h"
 #include "logbook/window/table/recordingcolumns.h"
 #include "logbook/window/table/recordingview.h"
@@ -9,49 +11,46 @@
 #include "sample.h"
 #include "settings/varnelsettings.h"
 #include "settings/viewstate.h"
+#include "support/files.h"
+#include "support/modaldialog.h"
 #include "support/shellfixture.h"
 
 #include <QAction>
-#include <QLineEdit>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMessageBox>
 #include <QTreeView>
 #include <QtTest>
 
-using Varnel = Varnel3Data;
 using Columns = RecordingColumns;
 
 /// The logbook's window on a logbook of four discharges. Base of a test class.
-class WindowRig {
+class WindowRig : protected BookRig {
 protected:
     void setUp()
     {
         initResources();
-        QLocale::setDefault(QLocale::c());
-        fixture = std::make_unique<ShellFixture>();
-        logbook = std::make_unique<Logbook>();
-        editor = std::make_unique<LogbookEditor>(logbook.get());
-        reader = std::make_unique<LogbookReader>(logbook.get(), fixture->path("own"));
-        for (int day = 0; day < 4; ++day)
-            ids.append(add(logbook.get(), sampleRecording(10 * day, Varnel::Discharge, 4800 - 100 * day)));
-    }
-    void tearDown()
-    {
         window.reset();
         reader.reset();
-        editor.reset();
-        logbook.reset();
         ids.clear();
+        fixture = std::make_unique<ShellFixture>();
+        renew();
+        reader = std::make_unique<LogbookReader>(logbook.get(), fixture->path("own"));
+        for (int day = 0; day < 4; ++day)
+            ids.append(add(sampleRecording(10 * day, Varnel::Discharge, 4800 - 100 * day)));
     }
-    void open(int binTime = LogbookCommands::Parts().binTime)
+    void open(int binTime = LogbookCommands::Parts().binTime, int width = 1300)
     {
         window = std::make_unique<LogbookWindow>(
             LogbookCommands::Parts{logbook.get(), editor.get(), reader.get(), binTime}, &state,
             fixture->path("own"));
         window->readState(VarnelSettings());
-        window->resize(1300, 900);
+        window->resize(width, 900);
         window->show();
         QVERIFY(QTest::qWaitForWindowExposed(window.get()));
     }
     RecordingView *view() const { return window->findChild<RecordingView *>(); }
+    QTimer *later() const { return window->findChild<QTimer *>({}, Qt::FindDirectChildrenOnly); }
     QTreeView *packs() const { return window->findChild<QTreeView *>("packs"); }
     void choosePack(int row) const { packs()->setCurrentIndex(packs()->model()->index(row, 0)); }
     void type(const QString &text) const { window->findChild<QLineEdit *>("filterText")->setText(text); }
@@ -71,8 +70,6 @@ protected:
     }
 
     std::unique_ptr<ShellFixture> fixture;
-    std::unique_ptr<Logbook> logbook;
-    std::unique_ptr<LogbookEditor> editor;
     std::unique_ptr<LogbookReader> reader;
     std::unique_ptr<LogbookWindow> window;
     ViewState state;
