@@ -71,7 +71,8 @@ void OverlayPlot::setValue(OverlayValue value)
     m_shown.value = value;
     m_shown.zoom.reset(); // of another value's axis the same share means nothing
     if (before.isActive())
-        m_shown.zoom.show(before.times(), PlotArea::Upper, {0.0, 1.0}, m_shown.wholePlaces());
+        m_shown.zoom.show(
+            before.times(), PlotArea::Upper, m_shown.zoom.share(PlotArea::Upper), m_shown.wholePlaces());
     update();
 }
 

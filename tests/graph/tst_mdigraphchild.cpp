@@ -57,13 +57,6 @@ public slots:
     void updateVoltage() { asked << "voltage"; }
 };
 
-SeriesStore storeOf(const char *words)
-{
-    SeriesStore store;
-    store.load(recordsOf(words));
-    return store;
-}
-
 } // namespace
 
 class TestMdiGraphChild : public QObject {

@@ -15,13 +15,6 @@ namespace {
 
 constexpr QSize size(1000, 600); // plot from 56,22 to 719,573; the legend's rows from 730, 32 px high
 
-SeriesStore storeOf(const QString &records)
-{
-    SeriesStore store;
-    store.load(recordsOf(records));
-    return store;
-}
-
 QString joined(const QVector<OverlayScene::Tick> &ticks)
 {
     QStringList texts;
@@ -31,7 +24,8 @@ QString joined(const QVector<OverlayScene::Tick> &ticks)
 }
 
 /// Recordings, apart by '|', and what is asked: "value=N", "charge", "linedUp", "shift=S,S", "picked=N",
-/// "cursor=PLACE", "marked=PLACE", "zoom=FROM,TO,LOW,HIGH", "white", "distinct". They are called A, B, C.
+/// "cursor=PLACE", "marked=PLACE", "zoom=FROM,TO,LOW,HIGH", "white", "distinct". They are called A, B, C,
+/// the first "called=NAME" instead.
 OverlayRequest requestOf(const QString &words)
 {
     OverlayRequest request;
@@ -63,6 +57,7 @@ OverlayRequest requestOf(const QString &words)
             {"white", [&] { request.black = false; }},
             {"band", [&] { request.rubberBand = QRect(whole(0), whole(1), whole(2), whole(3)); }},
             {"distinct", [&] { request.distinct = true; }},
+            {"called", [&] { request.entries[0].label = word.section('=', 1); }},
             {"zoom",
                 [&] {
                     request.zoom.show({number(0), number(1)}, PlotArea::Upper, {number(2), number(3)},
@@ -214,15 +209,18 @@ private slots:
             "rect 54,56 4x4 #ff0022; rect 730,28 24x3 #ff0022; text 'A' left 758,30 11 Arial #eb001f; "
             "text '00:00:00   0 mAh' right 998,46 11 Arial #000000");
         row("20 | 20 | size=1280,500 scale=2 distinct picked=0",
-            "curve 112,372 874,118 of 20 #ffb000; curve 112,372 874,118 of 20 pen2 #ffffff");
-        row("20 | 20 | 20 | size=800,80",
-            "text 'Pack voltage' mid 400,11 12 Arial #ffffff; text 'A' left 588,32 11 Arial #ff0022; "
-            "text '00:19:00   1900 mAh' right 798,32 11 Arial #ffffff; "
+            "curve 112,372 874,118 of 20 #ffb000; in 112,44 763x403 #ffb000; "
+            "curve 112,372 874,118 of 20 pen2 #ffffff");
+        row("20 | 20 | 20 | size=800,80 called=A_pack_with_a_name_that_is_longer_than_its_row",
+            "text 'Pack voltage' mid 400,11 12 Arial #ffffff; text 'A_pack_…its_row' left 588,32 11 Arial "
+            "#ff0022; text '00:19:00   1900 mAh' right 798,32 11 Arial #ffffff; "
             "rect 560,30 24x3 #ff0022; rect 560,49 24x3 #00bb00; rect 560,68 24x3 #0066ff");
         row("20 | 0 | 20 | linedUp size=800,88",
             "text '00:19:00   1900 mAh' right 798,39 11 Arial #ffffff; text '11.5' right 50,41 11 Arial "
             "#ffffff");
-        row("1 | 1 | distinct", "rect 730,28 24x3 #ffffff; rect 737,60 4x3 #ffb000; rect 751,60 3x3 #ffb000");
+        row("20 | 20 | distinct",
+            "in 56,22 664x552 #ffb000; rect 730,28 24x3 #ffffff; rect 737,60 4x3 #ffb000; rect 751,60 3x3 "
+            "#ffb000");
         row("2 energy@1=10000000 | charge size=629,600", "text '4000000 mAh' mid 206,586 11 Arial #ffffff");
         row("20 | zoom=300,600,0,0.5 white distinct",
             "curve -77,224 852,-33 of 8 pen2 #000000; in 56,22 664x552 #000000; "
@@ -259,6 +257,23 @@ private slots:
         }
         QFETCH(QString, painted);
         QCOMPARE(last.fault(painted, request.startsWith("1 | white")), QByteArray()); // there all of it
+    }
+
+    /// With larger letters the pointer means what is drawn under it.
+    void pointsAtWhatIsDrawn()
+    {
+        QWidget widget;
+        widget.resize(2 * size);
+        OverlayRequest request = requestOf("664 period=1 | 664 period=1 | scale=2");
+        OverlayInteraction interaction(&widget, &request);
+        const auto press = [&](const QPoint &at) {
+            const QMouseEvent event(QEvent::MouseButtonPress, at, Qt::LeftButton, Qt::LeftButton, {});
+            interaction.press(&event);
+        };
+        press({312, 200});
+        QCOMPARE(request.cursor, std::optional(100.0));
+        press({1600, 120});
+        QCOMPARE(request.picked, 1);
     }
 
     void steps_data();
@@ -359,7 +374,8 @@ drag left 56,560 656,560 ctrl = all cursor 1143 picked B shift 600
 key Right alt = all cursor 1143 picked B shift 602
 leave; key Escape; click left 656,560 ctrl = all cursor 1145 picked B shift 602)");
     add("what changes the axes", R"(
-drag left 156,160 356,435; value 5 = 100..300 0..100 cursor 190
+drag left 156,160 356,435 = 100..300 25..75 cursor 190
+value 5 = 100..300 0..100 cursor 190
 charge = all
 click left 156,160 shift; press left 156,160; move left 356,435; lineUp = all
 hover 800,60; key Delete; key Plus = no)");
@@ -368,7 +384,11 @@ hover 800,60; key Delete; key Plus = no)");
 void TestOverlay::steps()
 {
     QFETCH(QString, script);
+    ViewSwitches white;
+    white.blackBackground = false;
+    state.setSwitches(white);
     plot = std::make_unique<OverlayPlot>(&state);
+    QVERIFY(!plot->shown().black);
     plot->resize(size);
     plot->show();
     QVERIFY(QTest::qWaitForWindowExposed(plot.get()));

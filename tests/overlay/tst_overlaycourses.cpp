@@ -122,14 +122,6 @@ private slots:
             QVERIFY(reach.low < whole.low && reach.low >= whole.low - place.perX && reach.high >= whole.high
                 && reach.high < whole.high + place.perX);
     }
-
-private:
-    static SeriesStore storeOf(const QString &records)
-    {
-        SeriesStore store;
-        store.load(recordsOf(records));
-        return store;
-    }
 };
 
 QTEST_GUILESS_MAIN(TestOverlayCourses)

@@ -73,6 +73,14 @@ inline RecordList recordsOf(const QString &words)
     return records;
 }
 
+/// A store of a file's recordsOf() these words.
+inline SeriesStore storeOf(const QString &words)
+{
+    SeriesStore store;
+    store.load(recordsOf(words));
+    return store;
+}
+
 /// A graph of recordsOf() these words, some of which stand for what is asked; without them it is the default
 /// on 500x300 pixels.
 class GraphCase {

@@ -13,9 +13,9 @@ constexpr int length = PackedColumn::length;
 template <typename Number>
 void narrow(const int *figures, int low, char *bytes)
 {
-    Number numbers[length] = {};
-    for (int i = 0; i < length; ++i)
-        numbers[i] = Number(quint32(figures[i]) - quint32(low));
+    Number numbers[length];
+    std::transform(figures, figures + length, numbers,
+        [low](int figure) { return Number(quint32(figure) - quint32(low)); });
     std::memcpy(bytes, numbers, sizeof numbers);
 }
 

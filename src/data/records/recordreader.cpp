@@ -9,7 +9,7 @@ namespace {
 
 constexpr int length = RecordList::blockSize;
 
-/// Calls set(record, figure) for each record of a column, unless all figures are the same.
+/// Calls set(record, figure) for each record of a column but the first, unless all figures are the same.
 template <typename Set>
 void setEach(const RecordBlock &block, int column, const Set &set)
 {
@@ -18,11 +18,11 @@ void setEach(const RecordBlock &block, int column, const Set &set)
         return;
     int figures[length];
     numbers.copy(0, length, figures);
-    for (int i = 0; i < length; ++i)
+    for (int i = 1; i < length; ++i)
         set(i, figures[i]);
 }
 
-/// Calls set(record, clock of its time, figure) for a part of the clock that tells something else than the
+/// Calls set(record, clock of its time, figure), but for the first record, for a part of the clock that tells something else than the
 /// time, which none does.
 template <typename Set>
 void setClock(const RecordBlock &block, int column, const Set &set)
@@ -31,7 +31,7 @@ void setClock(const RecordBlock &block, int column, const Set &set)
         return;
     const NarrowNumbers beyond = block.numbers(column);
     const NarrowNumbers times = block.numbers(RecordColumns::Time);
-    for (int i = 0; i < length; ++i) {
+    for (int i = 1; i < length; ++i) {
         Varnel3Data clock;
         clock.setTime(times[i]);
         set(i, clock, beyond[i]);
@@ -60,7 +60,7 @@ const Varnel3Data &RecordReader::at(int index)
     return m_block[size_t(index % length)];
 }
 
-// The first of the block tells all that does not change.
+// The first of the block is what all are made of: it tells what does not change.
 void RecordReader::unpack(int number)
 {
     m_unpacked = number;
@@ -87,7 +87,7 @@ void RecordReader::unpack(int number)
         });
     }
     for (int i = 0; i < RecordColumns::fractions && block.hasFractions(); ++i) {
-        for (int record = 0; record < length; ++record)
+        for (int record = 1; record < length; ++record)
             RecordColumns::fraction(records[record], i) = block.fraction(i, record);
     }
 }

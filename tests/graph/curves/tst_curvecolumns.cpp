@@ -37,14 +37,9 @@ QString told(const TimeColumns &columns)
 QString stretches(const QVector<double> &times, bool ascending)
 {
     TimeColumns columns;
-    RecordList records;
-    for (const double time : times) {
-        Varnel3Data record;
-        record.setTime(int(time));
-        records.append(record);
-    }
     SeriesStore store;
-    store.load(std::move(records));
+    for (const double time : times)
+        append(&store, int(time), 12);
     columns.assign(store.series(SeriesStore::Time), ascending, pixelMap(), 10, 20);
     return told(columns);
 }

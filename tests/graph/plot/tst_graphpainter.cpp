@@ -235,6 +235,11 @@ font 11; left 447 90 53 17 Min; left 442 22 58 17    Cels:; left 442 39 58 17 Vo
 pen #ff8800; column 407 143 104 65 26 45|   0|  11|  22|  33|mV
 pen #ffffff; right 442 90 56 17 3,790; font 10; right 442 56 56 17 3,810; right 442 73 56 17 3,800
 font 8; right 442 107 56 17 20 mV)");
+    add("3 Avg distinct", "rect 44\\d,\\d* 3.*(ff[bf]|40a)", R"(
+fill 442 57 3 4 #ffffff; fill 442 64 3 4 #ffffff; fill 442 71 3 1 #ffffff; fill 442 74 3 15 #ffb000
+fill 442 91 3 2 #40a0ff; fill 442 95 3 2 #40a0ff; fill 442 99 3 2 #40a0ff; fill 442 103 3 2 #40a0ff)");
+    add("20 size=1000,600 scale=2 zoomUpper=300,1100,0,1", "curve.*#00ff00", R"(
+pen #00ff00; curve 26 204 836 87 16 1)");
     add("0", ".", R"(
 fill 0 0 500 300 #000000; fill 1 278 10 21 #ffff00; pen #000000; font 13; mid 1 278 10 21 3
 pen #bfbfbf; font 53; mid 0 0 500 300 NO DATA)");
