@@ -210,7 +210,7 @@ private slots:
             "text '00:00:00   0 mAh' right 998,46 11 Arial #000000");
         row("20 | 20 | size=1280,500 scale=2 distinct picked=0",
             "curve 112,372 874,118 of 20 #ffb000; in 112,44 763x403 #ffb000; "
-            "curve 112,372 874,118 of 20 pen2 #ffffff");
+            "curve 112,372 874,118 of 20 pen2 #ffffff; rect 896,56 24x3 #ffffff");
         row("20 | 20 | 20 | size=800,80 called=A_pack_with_a_name_that_is_longer_than_its_row",
             "text 'Pack voltage' mid 400,11 12 Arial #ffffff; text 'A_pack_…its_row' left 588,32 11 Arial "
             "#ff0022; text '00:19:00   1900 mAh' right 798,32 11 Arial #ffffff; "
@@ -221,7 +221,9 @@ private slots:
         row("20 | 20 | distinct",
             "in 56,22 664x552 #ffb000; rect 730,28 24x3 #ffffff; rect 737,60 4x3 #ffb000; rect 751,60 3x3 "
             "#ffb000");
-        row("2 energy@1=10000000 | charge size=629,600", "text '4000000 mAh' mid 206,586 11 Arial #ffffff");
+        row("2 energy@1=10000000 | charge size=629,600",
+            "text '4000000 mAh' mid 206,586 11 Arial #ffffff; "
+            "no text '2000000 mAh' mid 131,586 11 Arial #ffffff");
         row("20 | zoom=300,600,0,0.5 white distinct",
             "curve -77,224 852,-33 of 8 pen2 #000000; in 56,22 664x552 #000000; "
             "text '00:06:00' mid 189,586 11 Arial #000000");
@@ -298,7 +300,7 @@ private:
 
 /// Two recordings of 663 s, so that a pixel is a second, from column 56 on; A is 50 s ahead of B when steps
 /// begin. Commands: hover X,Y   press|release|click B X,Y   drag B X,Y X,Y   double X,Y   turn N X,Y   key
-/// NAME   leave   value N   charge   lineUp; "ctrl", "shift", "alt" are held.
+/// NAME   leave   value N   charge   lineUp   by SHIFT; "ctrl", "shift", "alt" are held.
 void TestOverlay::steps_data()
 {
     const auto add = columns<QString>({"script"});
@@ -361,6 +363,8 @@ key Up ctrl = all picked B
 key Down ctrl = all picked A
 key Right alt = all picked A shift 1
 key Left alt shift = all picked A shift -9
+by 4 = all picked A shift 4
+by -9 = all picked A shift -9
 key Escape = all shift -9
 key Left alt = all shift -9
 press left 156,560 ctrl; move left 206,560 ctrl = all picked B shift -9,51 sideways
@@ -452,6 +456,8 @@ void TestOverlay::run(const QString &command)
         plot->setValue(OverlayValue(words[1].toInt()));
     if (is({"charge"}))
         plot->setAxis(plot->shown().axis == OverlayAxis::Time ? OverlayAxis::Charge : OverlayAxis::Time);
+    if (is({"by"}))
+        plot->setShift(words[1].toDouble());
     if (is({"lineUp"}))
         plot->setLinedUp(true);
 }

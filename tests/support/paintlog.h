@@ -39,8 +39,8 @@ public:
             lines.append(ways.first());
         return lines;
     }
-    /// Empty when each of `expected`, which are parted by "; ", was painted, and, where these are `all`,
-    /// nothing else.
+    /// Empty when each of `expected`, which are parted by "; ", was painted, but for those with "no " before
+    /// them, and, where these are `all`, nothing else.
     QByteArray fault(const QString &expected, bool all = false) const
     {
         const QStringList wanted = expected.split("; ");
@@ -48,8 +48,10 @@ public:
         for (const QStringList &ways : qAsConst(m_engine.operations))
             painted += ways;
         QStringList missing;
-        std::copy_if(wanted.begin(), wanted.end(), std::back_inserter(missing),
-            [&](const QString &line) { return !painted.contains(line); });
+        std::copy_if(wanted.begin(), wanted.end(), std::back_inserter(missing), [&](const QString &line) {
+            const bool isUnwanted = line.startsWith("no ");
+            return painted.contains(line.mid(isUnwanted ? 3 : 0)) == isUnwanted;
+        });
         if (missing.isEmpty() && (!all || m_engine.operations.size() == wanted.size()))
             return {};
         return (missing + QStringList("is missing, painted was:") + painted).join('\n').toUtf8();
