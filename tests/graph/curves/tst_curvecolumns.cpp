@@ -78,17 +78,13 @@ private slots:
     /// What jumps about more than any device does is drawn in part: so many lines, or so much ink.
     void thinsOut()
     {
-        struct Jumps {
-            double to; // from 10 and back
-            int most;
-        };
-        for (const Jumps &jumps : {Jumps{11, 131072}, {12, 45455}, {90, 40001}}) {
-            for (int count : {jumps.most, jumps.most + 1}) {
+        for (const auto &[to, most] : {std::pair(11, 131072), {12, 45455}, {90, 40001}}) { // from 10 and back
+            for (int count : {most, most + 1}) {
                 QVector<double> times;
                 for (int i = 0; i < count; ++i)
-                    times.append(i % 2 == 0 ? 10 : jumps.to);
+                    times.append(i % 2 == 0 ? 10 : to);
                 const QString text = stretches(times, false);
-                const int together = count > jumps.most ? 2 : 1;
+                const int together = count > most ? 2 : 1;
                 QCOMPARE(text.count(':'), (count + together - 1) / together);
                 QVERIFY(text.startsWith(QString("10:0-%1 ").arg(together)));
                 QVERIFY(text.contains(QString("-%1 of ").arg(count)));

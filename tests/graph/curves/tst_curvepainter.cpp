@@ -152,29 +152,24 @@ private slots:
     void paintsAsLines()
     {
         QFETCH(QString, wave);
-        struct Part {
-            int count;
-            double from, to; // of the whole
-        };
-        const Part parts[]
+        const std::tuple<int, double, double> parts[] // samples; what of the whole is shown
             = {{2, 0, 1}, {2, 0.45, 1.45}, {17, 0, 1}, {17, 0.45, 1.45}, {300, 0, 1}, {300, 2, 3},
                 {602, 0, 1}, {603, 0, 1}, {20000, 0.3, 0.6}, {20000, 0.9, 1.1}, {100000, 0.41, 0.43}};
-        for (const Part &part : parts) {
-            const bool few = part.count <= 2 * area.width();
-            if (wave == "returns" ? part.count != 300
-                                  : few && (wave == "joined" || wave.startsWith("set back")))
+        for (const auto &[count, from, to] : parts) {
+            const bool few = count <= 2 * area.width();
+            if (wave == "returns" ? count != 300 : few && (wave == "joined" || wave.startsWith("set back")))
                 continue; // nothing at the start, or nothing but one moment
-            const SeriesStore store = filled(part.count, wave);
-            const double end = few ? store.series(SeriesStore::Time).maximum() : part.count;
+            const SeriesStore store = filled(count, wave);
+            const double end = few ? store.series(SeriesStore::Time).maximum() : count;
             CurvePainter curves;
             for (double low : {8.0, 11.9}) { // all of the curve, and cut at the area's edge
                 for (int width : {1, 2}) {
-                    const auto job = jobFor(store, end * part.from, end * part.to, low, 14.5, width);
+                    const auto job = jobFor(store, end * from, end * to, low, 14.5, width);
                     if (few && low == 8.0)
                         continue; // there Qt cuts a stroke that it draws from outside the picture by a pixel
                     const QImage image = drawn(&curves, job);
-                    QVERIFY2(image == (few ? drawnByCurve(job) : drawnByLines(job)),
-                        QByteArray::number(part.count));
+                    QVERIFY2(
+                        image == (few ? drawnByCurve(job) : drawnByLines(job)), QByteArray::number(count));
                     QVERIFY(few || low > 8.0 || image != canvas());
                     QCOMPARE(drawn(&curves, job), image); // once more from what was found
                 }

@@ -346,19 +346,15 @@ void TestGraphScene::areAsExpected()
     // ranges
     using namespace ValueRange;
     for (const double unit : {1.0, 1000.0}) {
-        struct Row {
-            double minimum, maximum;
-            const char *expected;
-        };
-        const Row currents[] = {{1.0, 2.0, "1..2.2"}, {1.0, 1.25, "1..1.375"},
-            {1.0, 1.2, "0.875..1.325"}, // narrow
+        const std::tuple<double, double, const char *> currents[] = {{1.0, 2.0, "1..2.2"},
+            {1.0, 1.25, "1..1.375"}, {1.0, 1.2, "0.875..1.325"}, // narrow
             {0.05, 0.2, "0..0.325"}, {0.5, 0.5 + 1.0 / 512, "0.375..0.626953125"},
             {0.5, 0.5 + 1.0 / 1024, "0..0.551074219"}, {0.25, 0.25, "0..0.275"}, // constant
             {0.1, 0.1, "0..0.225"}, {0.0, 0.0, "0..0.125"}, {-1.0, 1.0, "-1..1.1"}, {-2.0, -1.0, "-2.2..-1"},
             {-0.2, -0.05, "-0.325..0"}, {-2.0, -2.0, "-2.2..0"}, {-2.0, 0.0, "-2.2..0"}};
-        for (const Row &row : currents) {
-            const Interval range = ofCurrent(row.minimum * unit, row.maximum * unit, unit);
-            add(text(Interval{range.low / unit, range.high / unit}), row.expected);
+        for (const auto &[minimum, maximum, expected] : currents) {
+            const Interval range = ofCurrent(minimum * unit, maximum * unit, unit);
+            add(text(Interval{range.low / unit, range.high / unit}), expected);
         }
     }
     add(text(ofVoltage(46.3, 46.8), ofVoltage(66.0, 66.05), ofVoltage(7.4, 7.4), ofVoltage(0, 10)),
