@@ -89,7 +89,11 @@ private slots:
             const auto *delegate = static_cast<QStyledItemDelegate *>(tree->itemDelegate());
             QVERIFY(delegate->displayText(shown(0).data(), QLocale()).endsWith("acp [Cha 6xLiPo]"));
             QTRY_COMPARE(shown(1).sibling(1, 2).data().toString(), QString("2:00")); // is read beside
-            QCOMPARE(tree->model()->headerData(2, Qt::Horizontal).toString(), QString("Length"));
+            QStringList headings;
+            for (int column = 0; column < 4; ++column)
+                headings << tree->model()->headerData(column, Qt::Horizontal).toString();
+            QCOMPARE(headings.join(' '), QString("Name Size Length Date Modified"));
+            QVERIFY(tree->model()->headerData(2, Qt::Horizontal, Qt::ToolTipRole).isNull());
             QCOMPARE(shown(1).sibling(1, 2).data(Qt::TextAlignmentRole).toInt(), 0x82); // right, middle
             QVERIFY(shown(1).sibling(1, 3).data(Qt::TextAlignmentRole).isNull());
             for (int column = 0; column < 4; ++column)

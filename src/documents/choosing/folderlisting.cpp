@@ -158,7 +158,7 @@ FileDetails fileDetails(const QString &path, bool withLength)
     details.isWritable = info.permission(QFile::WriteUser);
     details.size = info.size();
     details.modified = info.lastModified();
-    if (!details.isFolder && FileKind::isDataFile(path)) {
+    if (FileKind::isDataFile(path)) {
         QCache<QString, QString> cache;
         details.label = recordLabel(cache, path);
         if (withLength)

@@ -165,7 +165,7 @@ void FolderView::onListed(bool complete)
     m_dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))
         ->setPlaceholderText(complete ? QString() : tr("The folder is being read..."));
     m_completer->refresh();
-    if (complete && m_model->hasChildren())
+    if (m_model->hasChildren())
         fitList(static_cast<QListView *>(view("listView")));
 }
 

@@ -237,7 +237,13 @@ private slots:
             QCOMPARE(model->headerData(3, Qt::Horizontal).toString(), QString("Date Modified"));
             QVERIFY(dialog->width() > 780 && dialog->width() <= dialog->screen()->availableSize().width());
             QVERIFY(tree->uniformRowHeights() && tree->header()->resizeContentsPrecision() == 0);
-            QVERIFY(list->uniformItemSizes() && list->layoutMode() == QListView::Batched);
+            const auto *completions = static_cast<QListView *>(edit->completer()->popup());
+            for (const QListView *one : {list, completions})
+                QVERIFY(one->uniformItemSizes() && one->layoutMode() == QListView::Batched);
+            Qt::ItemFlags kept; // of a folder, whenever it is listed anew
+            connect(model, &QAbstractItemModel::layoutChanged, this, [model, flags = &kept] {
+                *flags = model->flags(model->index(model->listing().rowOf("sub"), 0));
+            });
             const int letters = list->fontMetrics().horizontalAdvance("run2.acp [Cha 16xLiPo]");
             QVERIFY(list->gridSize().width() > letters && list->gridSize().width() < letters + 50);
 
@@ -261,6 +267,7 @@ private slots:
             auto *hidden = dialog->findChild<QAction *>("qt_show_hidden_action");
             hidden->trigger(); // while it is listed
             QTRY_COMPARE(names(), QString("run3.acp run2.acp .h.acp sub"));
+            QVERIFY(kept & Qt::ItemIsDropEnabled); // what is known of it stays
             QCOMPARE(list->selectionModel()->selectedIndexes().size(), 2);
             QCOMPARE(dialog->selectedFiles(), QStringList(path("run2.acp")));
             tree->sortByColumn(2, Qt::AscendingOrder);
@@ -283,8 +290,13 @@ private slots:
                 QMetaObject::invokeMethod(dialog->findChild<QListView *>("sidebar"), "goToUrl",
                     Q_ARG(QUrl, place.isEmpty() ? QUrl() : QUrl::fromLocalFile(place)));
             };
+            goTo(path("New Folder"));
+            QTRY_COMPARE(names(), QString());
+            QVERIFY(!model->hasChildren());
+            const QSignalSpy inserted(model, SIGNAL(rowsInserted(QModelIndex,int,int)));
             goTo(path("sub/run2.acp"));
             QTRY_COMPARE(names(), QString("run2.acp"));
+            QCOMPARE(inserted.size(), 1);
             QVERIFY(edit->placeholderText().isEmpty());
             QVERIFY(!model->mapFromSource(source->index(path("run2.acp"))).isValid());
             goTo(QString());
