@@ -295,7 +295,7 @@ void LogbookReader::lookAtFiles(const QStringList &files, const Opened &opened)
         [this, opened](const FolderNews &news) {
             m_folders[m_ownFolder].isUnsettled |= news.isUnsettled;
             for (const FoundFile &file : news.found) {
-                if (opened.series && file.stamp == opened.stamp)
+                if (opened.series)
                     m_opened.insert(file.file, opened);
             }
             takeNews(news);

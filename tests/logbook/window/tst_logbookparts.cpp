@@ -71,9 +71,8 @@ private slots:
         }
         const QString tip = table.index(3, 0).data(Qt::ToolTipRole).toString();
         QVERIFY(tip.startsWith("<img src='data:image/png;base64,iVBOR") && tip.endsWith("</p>"));
-        QVERIFY2(tip.contains("12:00<br>Pack: A<br>Device: Varnel 3<br>Port: COM3<br>Process: Discharge<br>")
-                && tip.contains("<br>End [V]: 19.80<br>Resistance [mΩ]: 20<br>Spread"), // no temperature
-            qPrintable(tip));
+        QVERIFY(tip.contains("12:00<br>Pack: A<br>Device: Varnel 3<br>Port: COM3<br>Process: Discharge<br>")
+            && tip.contains("<br>End [V]: 19.80<br>Resistance [mΩ]: 20<br>Spread")); // no temperature
         QVERIFY(curveToolTip({}, "<a>").startsWith("<p style='white-space:pre'>&lt;a&gt;</p>"));
         QVERIFY(!table.data({}).isValid() && !table.index(0, 0).data(Qt::CheckStateRole).isValid());
         QCOMPARE(table.headerData(Columns::Spread, Qt::Horizontal).toString(), QString("Spread [mV]"));
