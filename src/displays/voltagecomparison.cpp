@@ -289,10 +289,11 @@ void VoltageComparison::print()
         windows.append(printedName(pack.windowNumber, pack.device, pack.source));
     job.details = printDetails(windows);
     job.size = m_canvas->chart().pageSize();
-    job.paint = [chart = m_canvas->chart()](QPainter &painter) mutable {
-        chart.blackGround = false;
-        chart.paintPage(painter);
-    };
+    VoltageChart chart = m_canvas->chart();
+    chart.blackGround = false;
+    for (PackVoltages &pack : chart.packs)
+        pack.staleSince = QDateTime();
+    job.paint = [chart](QPainter &painter) { chart.paintPage(painter); };
     printWithDialog(job, isVisible() ? this : parentWidget());
 }
 

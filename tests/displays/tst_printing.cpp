@@ -76,7 +76,7 @@ private slots:
         auto *watch = part<StaleWatch>();
         const QDateTime now = QDateTime::currentDateTime();
         watch->lookAt(now, 0);
-        watch->lookAt(now.addSecs(60), 60000);
+        watch->lookAt(now.addSecs(60), std::numeric_limits<qint64>::max());
         print(ActionId::PrintBars, "bar display 470x280, 2: Varnel 3 COM4",
             "text '[mV]' left 24,10 11 Times #000000; rect 0,0 18x18 #ffff00");
         print(ActionId::PrintCapacity, "capacity comparison 470x310",
