@@ -4,7 +4,6 @@
 #include "ports/portscan.h"
 #include "ports/portwatcher.h"
 #include "support/asnobody.h"
-#include "support/columns.h"
 #include "support/files.h"
 #include "support/literal.h"
 #include "support/ptypair.h"
@@ -104,39 +103,31 @@ private slots:
         QTRY_COMPARE(told, QStringList({now, "+COM7", now, "+COM8"}));
     }
 
-    void tellsMissingRights_data()
-    {
-        const auto row
-            = columns<int, QByteArray, QString>({"mode", "owner", "advice"}); // owner: group of the node
-        const QString none = "You have no right to use the port."_s;
-        row("for everyone", 0666, "dialout",
-            "This program listens on the port already."_s); // its line's far end
-        row("for the group", 0660, "dialout", none + " Join the group \"dialout\" and log in again.");
-        row("group may only write", 0620, "tty", none);
-        row("the superuser's group", 0660, "root", none);
-        row("for nobody", 0600, "dialout", none);
-    }
-
     void tellsMissingRights()
     {
         if (geteuid() != 0)
             QSKIP("only the superuser can give a node away and be another user for a while");
-        QFETCH(int, mode);
-        QFETCH(QByteArray, owner);
-        const struct group *entry = getgrnam(owner);
-        if (!entry)
-            QSKIP("this system has no such group");
-        const auto pty = plug("COM5");
-        const PortInfo port = findPort("COM5"_s);
-        QCOMPARE(chown(port.location.toLocal8Bit(), 0, entry->gr_gid), 0);
-        QCOMPARE(chmod(port.location.toLocal8Bit(), mode_t(mode)), 0);
-        {
-            const AsNobody powerless;
-            QTEST(adviceAgainst(obstacleTo(port)), "advice");
-            for (const char *noPort : {"/nowhere", "/etc/shadow"})
-                QVERIFY(obstacleTo({"COM5"_s, {}, QLatin1String(noPort)}).kind != PortObstacle::NoRights);
+        const QString none = "You have no right to use the port."_s;
+        const std::tuple<mode_t, const char *, QString> rows[] = {// rights and group of the node
+            {0666, "dialout", "This program listens on the port already."_s}, // its line's far end
+            {0660, "dialout", none + " Join the group \"dialout\" and log in again."}, {0620, "tty", none},
+            {0660, "root", none}, {0600, "dialout", none}};
+        for (const auto &[mode, owner, advice] : rows) {
+            const struct group *entry = getgrnam(owner);
+            if (!entry)
+                QSKIP("this system has no such group");
+            const auto pty = plug("COM5");
+            const PortInfo port = findPort("COM5"_s);
+            QCOMPARE(chown(port.location.toLocal8Bit(), 0, entry->gr_gid), 0);
+            QCOMPARE(chmod(port.location.toLocal8Bit(), mode), 0);
+            {
+                const AsNobody powerless;
+                QCOMPARE(adviceAgainst(obstacleTo(port)), advice);
+                for (const char *noPort : {"/nowhere", "/etc/shadow"})
+                    QVERIFY(obstacleTo({"COM5"_s, {}, QLatin1String(noPort)}).kind != PortObstacle::NoRights);
+            }
+            QCOMPARE(obstacleTo(port).kind, PortObstacle::OwnPort);
         }
-        QCOMPARE(obstacleTo(port).kind, PortObstacle::OwnPort);
         QCOMPARE(obstacleTo(findPort("COM55"_s)).kind, PortObstacle::Busy);
     }
 
@@ -221,9 +212,10 @@ private slots:
         QVERIFY(std::remove(lock) == 0);
     }
 
-    void readsLocksOfAllMakes_data()
+    void readsLocksOfAllMakes()
     {
-        const auto row = columns<QByteArray, QString>({"lock", "advice"});
+        if (!QFileInfo("/var/lock"_s).isWritable())
+            QSKIP("this system keeps its locks elsewhere");
         const QByteArray parent = QByteArray::number(getppid());
         const QString running = QString::fromLocal8Bit(contents("/proc/%1/comm"_s.arg(getppid())).trimmed());
         const QString user = QString::fromLocal8Bit(getpwuid(geteuid())->pw_name);
@@ -235,13 +227,28 @@ private slots:
         const QString left = "A program that has ended has left its lock behind%1.\n"
                              "The user \"%2\" or an administrator has to remove the file %3."_s;
         const QString program = ": \"varnelgraph\", process %1"_s.arg(getppid());
-        row("a running one", "      " + parent + " minicom root\n", held(QString::number(getppid())));
-        row("one line, of the first of all", "1", held("1"_s));
-        row("one that has ended", " 999999999\n", left.arg(QString(), user));
-        row("a number given anew", parent + "\n varnelgraph\nbox\n", left.arg(program, user));
-        row("two lines", parent + "\nvarnelgraph", left.arg(program, user));
-        row("empty", "", left.arg(QString(), user));
-        row("this one", QByteArray::number(getpid()) + '\n', "This program listens on the port already."_s);
+        const std::pair<QByteArray, QString> rows[]
+            = {{"      " + parent + " minicom root\n", held(QString::number(getppid()))},
+                {"1", held("1"_s)}, // one line, of the first of all
+                {" 999999999\n", left.arg(QString(), user)},
+                {parent + "\n varnelgraph\nbox\n", left.arg(program, user)}, // a number given anew
+                {parent + "\nvarnelgraph", left.arg(program, user)}, {"", left.arg(QString(), user)},
+                {QByteArray::number(getpid()) + '\n', "This program listens on the port already."_s}};
+        for (const auto &[lock, advice] : rows) {
+            const auto pty = plug("COM5");
+            const PortInfo port = findPort("COM5"_s);
+            QCOMPARE(chmod(port.location.toLocal8Bit(), 0666), 0);
+            QVERIFY(writeFile(QFile::decodeName(lockOf(port)), lock));
+            const auto openFiles = [] { return QDir("/proc/self/fd"_s).count(); };
+            const uint filesBefore = openFiles();
+            {
+                const AsNobody powerless; // which may not so much as send a signal to another's process
+                const QString place = QString::fromLatin1(lockOf(port));
+                QCOMPARE(adviceAgainst(obstacleTo(port)), QString(advice).replace("%3"_s, place));
+            }
+            QCOMPARE(openFiles(), filesBefore);
+            QVERIFY(std::remove(lockOf(port)) == 0);
+        }
         // Where no program or no folder is known.
         PortObstacle unknown;
         unknown.program = running;
@@ -249,27 +256,6 @@ private slots:
         QCOMPARE(adviceAgainst(unknown), "Another program holds the port: \"%1\", process 7."_s.arg(running));
         unknown = {PortObstacle::NoLockFolder, {}, {}, {}, 0, {}, "/var/lock"_s, {}};
         QCOMPARE(adviceAgainst(unknown), "You have no right to make lock files in /var/lock."_s);
-    }
-
-    void readsLocksOfAllMakes()
-    {
-        if (!QFileInfo("/var/lock"_s).isWritable())
-            QSKIP("this system keeps its locks elsewhere");
-        QFETCH(QByteArray, lock);
-        QFETCH(QString, advice);
-        const auto pty = plug("COM5");
-        const PortInfo port = findPort("COM5"_s);
-        QCOMPARE(chmod(port.location.toLocal8Bit(), 0666), 0);
-        QVERIFY(writeFile(QFile::decodeName(lockOf(port)), lock));
-        const auto openFiles = [] { return QDir("/proc/self/fd"_s).count(); };
-        const uint filesBefore = openFiles();
-        {
-            const AsNobody powerless; // which may not so much as send a signal to another's process
-            QCOMPARE(
-                adviceAgainst(obstacleTo(port)), advice.replace("%3"_s, QString::fromLatin1(lockOf(port))));
-        }
-        QCOMPARE(openFiles(), filesBefore);
-        QVERIFY(std::remove(lockOf(port)) == 0);
     }
 
 private:
