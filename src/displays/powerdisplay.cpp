@@ -56,8 +56,6 @@ void PowerDisplay::updateData(Varnel3Data &record, int nrWin, bool useKeptRi)
     const bool sameDevice = nrWin == m_windowNumber && m_record.hasCellData();
     if (useKeptRi && resistances && sameDevice && record.hasCellData())
         return;
-    if (nrWin != m_windowNumber)
-        m_sourceName.clear();
     m_windowNumber = nrWin;
     m_record = record;
     m_gate->request();

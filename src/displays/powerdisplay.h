@@ -24,8 +24,7 @@ public:
     void setStaleSince(const QDateTime &since);
     /// Number of the graph window whose bars are shown, -1 for none.
     int windowNumber() const { return m_windowNumber; }
-    /// File or port that the shown window's records come from, for the printed page;
-    /// another window's record clears it.
+    /// File or port that the shown window's records come from, for the printed page.
     void setSourceName(const QString &name) { m_sourceName = name; }
     /// Shows that there is nothing to show.
     void setNoData();

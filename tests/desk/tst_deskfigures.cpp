@@ -233,7 +233,8 @@ private slots:
         MdiGraphChild *child = window->createMdiChild();
         child->attachReader(&link);
         child->addRecord(Lines::record(5));
-        trigger(ActionId::BarGraph);
+        for (const ActionId id : {ActionId::BarGraph, ActionId::Balancer, ActionId::Power})
+            trigger(id);
         auto *watch = part<StaleWatch>();
         QVERIFY(watch->findChild<QTimer *>()->isActive());
         QCOMPARE(watch->findChild<QTimer *>()->interval(), 1000);
@@ -243,10 +244,12 @@ private slots:
         const qint64 begin = QDeadlineTimer::current().deadline();
         // The clock is set back meanwhile.
         const auto lookAfter = [&](int ms) { watch->lookAt(now.addSecs(-3600), begin + ms); };
-        const auto told = [&] { // by figures, graph, status bar and, being dim, tool bar
+        const auto told = [&] { // by figures, bars, graph, status bar and, being dim, tool bar
             settle(*figures());
-            return QString("%1%2%3%4")
+            settle(*part<PowerDisplay>());
+            return QString("%1%2%3%4%5")
                 .arg(figures()->toolTip().contains(since))
+                .arg(part<PowerDisplay>()->toolTip().contains(since))
                 .arg(child->request({400, 300}).note.contains(since))
                 .arg(fact(StatusFacts::Silent).startsWith("No data: "))
                 .arg(!part<DataToolBar>()->findChild<QLabel *>()->isEnabled());
@@ -254,16 +257,16 @@ private slots:
         const auto capacities = [this] { return part<CapacityDisplay>()->grab().toImage(); };
         watch->lookAt(now, begin);
         lookAfter(StaleWatch::patience * 1000 - 1);
-        QCOMPARE(told(), QString("0000"));
+        QCOMPARE(told(), QString("00000"));
         QVERIFY(!watch->staleSince(child).isValid());
         const QImage before = capacities();
         lookAfter(StaleWatch::patience * 1000);
-        QCOMPARE(told(), QString("1111"));
+        QCOMPARE(told(), QString("11111"));
         QCOMPARE(watch->staleSince(child), now);
         QCOMPARE(PackSource(part<GraphWindows>(), watch).packs().at(0).staleSince, now);
         QVERIFY(capacities() != before);
         child->addRecord(Lines::record(6));
-        QCOMPARE(told(), QString("0000"));
+        QCOMPARE(told(), QString("00000"));
 
         lookAfter(0);
         child->finishRecording(); // nothing is waited for any more
