@@ -208,6 +208,29 @@ private slots:
                 + size_t(RecordColumns::ownColumns + RecordColumns::fractions) * sizeof(PackedColumn));
     }
 
+    // Figures of each width, their bytes and nothing beside them.
+    void packsColumns()
+    {
+        for (const auto &[span, width] : {std::pair(0, 0), {255, 1}, {256, 2}, {60000, 2}, {65536, 4}}) {
+            std::vector<int> figures(PackedColumn::length + 4, INT_MAX); // with what is another's
+            for (int i = 0; i < PackedColumn::length; ++i)
+                figures[size_t(i)] = i % 3 == 2 ? span - 7 : -7;
+            std::vector<char> room(PackedColumn::mostBytes + 32, 'x');
+            quint32 end = 1;
+            const PackedColumn column = PackedColumn::pack(figures.data(), room.data(), &end);
+            QVERIFY(column.low == -7 && column.high == span - 7);
+            QCOMPARE(int(end), 1 + width * PackedColumn::length);
+            QCOMPARE(int(std::count(room.begin() + end, room.end(), 'x')), int(room.size() - end));
+            for (int i = 0; i < PackedColumn::length; ++i)
+                QCOMPARE(column.numbers(room.data())[i], figures[size_t(i)]);
+        }
+        Varnel3Data last; // the only one of its fractions
+        last.cells[Varnel3Data::maxCells - 1].resistance = 3.4;
+        RecordList list;
+        list.append(last);
+        QVERIFY(isSame(list[0], last));
+    }
+
     // Many recordings are short: only a longer one takes a block.
     void shortRecordingsAreSmall()
     {

@@ -10,6 +10,7 @@
 #include <QComboBox>
 #include <QHelpEvent>
 #include <QImage>
+#include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSpinBox>
@@ -148,6 +149,9 @@ private slots:
         overlay()->findChild<QAbstractButton *>("overlayLinedUp")->click();
         QVERIFY(shown.value == OverlayValue::Spread && shown.linedUp && shown.axis == OverlayAxis::Time);
         QCOMPARE(layoutFault(*overlay()), QByteArray());
+        const auto labels = overlay()->findChildren<QLabel *>();
+        const auto leads = [](const QLabel *label) { return label->buddy() != nullptr; };
+        QCOMPARE(int(std::count_if(labels.begin(), labels.end(), leads)), 3);
         auto *remove = overlay()->findChild<QPushButton *>("overlayRemove");
         QTest::keyClick(overlay()->plot(), Qt::Key_Up, Qt::ControlModifier);
         remove->click();
