@@ -280,8 +280,7 @@ void TestGraphInteraction::steps()
     widget->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(widget.get()));
     widget->installEventFilter(this);
-    store = SeriesStore();
-    store.load(recordsOf(records));
+    store = storeOf(records);
     state.setSwitches({});
     interaction = new GraphInteraction(widget.get(), &store, &state);
     interaction->resize(size, 1.0);
