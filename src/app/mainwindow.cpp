@@ -188,7 +188,7 @@ void MainWindow::readSettings()
     const VarnelSettings settings;
     ShellPlace::restore(this, settings);
     displays->readPlaces(settings);
-    actions->setChecked(ActionId::DistinctLines, settings.value(SettingsKey::distinctLines, false).toBool());
+    actions->setChecked(ActionId::DistinctLines, settings.value(SettingsKey::distinctLines).toBool());
     settings.value(SettingsKey::blackBackground, true).toBool() ? setBlackBack() : setWhiteBack();
 }
 

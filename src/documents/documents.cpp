@@ -56,7 +56,6 @@ void arrangeRecordings(QFileDialog &dialog)
     QTreeView *const tree = detailsOf(dialog);
     QHeaderView *const header = tree->header();
     tree->sortByColumn(0, Qt::DescendingOrder); // the names begin with date and time
-    header->setStretchLastSection(false);
     header->setSectionResizeMode(0, QHeaderView::Stretch);
     header->setSectionResizeMode(dateColumn, QHeaderView::ResizeToContents);
     const auto widthOf = [tree](const char *text) {

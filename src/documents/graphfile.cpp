@@ -15,7 +15,6 @@ namespace {
 
 constexpr int pixelsPerInch = 96; // of a picture
 constexpr double pointsPerInch = 72.0;
-constexpr int pdfPixelsPerInch = 1200; // fine enough for any printer
 
 struct Ending {
     const char *text;
@@ -58,12 +57,11 @@ bool writeSvg(const Picture &picture, QIODevice *device)
 bool writePdf(const Picture &picture, QIODevice *device)
 {
     QPdfWriter writer(device);
-    writer.setResolution(pdfPixelsPerInch);
     const QSizeF page = QSizeF(picture.size) * (pointsPerInch / pixelsPerInch);
     writer.setPageSize(QPageSize(page, QPageSize::Point, QString(), QPageSize::ExactMatch));
     writer.setPageMargins(QMarginsF());
     writer.setTitle(QStringLiteral("VarnelGraph"));
-    return paintOn(&writer, picture, double(pdfPixelsPerInch) / pixelsPerInch);
+    return paintOn(&writer, picture, double(writer.resolution()) / pixelsPerInch);
 }
 
 } // namespace

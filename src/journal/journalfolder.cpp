@@ -71,7 +71,7 @@ QString JournalFolder::inNames(const QString &portName)
 {
     QString name = portName;
     for (QChar &c : name) {
-        if (c.unicode() > 0x7f || (!c.isLetterOrNumber() && c != QLatin1Char('-')))
+        if (c > QLatin1Char('z') || (!c.isLetterOrNumber() && c != QLatin1Char('-')))
             c = QLatin1Char('_');
     }
     return name;

@@ -372,8 +372,8 @@ private slots:
         const QDateTime time(QDate(2026, 11, 21), QTime(6, 4, 5));
         QCOMPARE(folder.fileName(time, "COM3", 1), QStringLiteral("/j/2026-11-21_06-04-05_COM3.acp"));
         QCOMPARE(folder.fileName(time, "COM3", 2), QStringLiteral("/j/2026-11-21_06-04-05_COM3_2.acp"));
-        QCOMPARE(folder.fileName(time, QString::fromUtf8("../C-M 3%1:\u0142"), 1),
-            QStringLiteral("/j/2026-11-21_06-04-05____C-M_3_1__.acp"));
+        QCOMPARE(folder.fileName(time, QString::fromUtf8("../C-z 3%1:\u0142"), 1),
+            QStringLiteral("/j/2026-11-21_06-04-05____C-z_3_1__.acp"));
         QCOMPARE(JournalFolder::startOf("/k/2026-11-21_06-04-05_COM3_2.acp"), time);
         for (const char *other : {"2026-11-21_06-04-05_COM3.abp", "2026-11-21_06-04-05-COM3.acp"})
             QVERIFY2(!JournalFolder::startOf(other).isValid(), other);
