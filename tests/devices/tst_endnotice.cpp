@@ -1,8 +1,8 @@
 #include "devices/endnotice.h"
 
+#include "devices/unseenends.h"
 #include "graph/mdigraphchild.h"
 #include "machine/soundplayer.h"
-#include "support/columns.h"
 #include "support/lines.h"
 #include "support/literal.h"
 #include "support/shellrig.h"
@@ -46,60 +46,54 @@ private slots:
         player = std::make_unique<NotingPlayer>();
     }
 
-    void boxSaysHowItEnded_data()
-    {
-        // words: title, text and icon; then what is heard
-        columns<int, bool, bool, QString>({"kind", "output", "wanted", "words"});
-        QTest::newRow("error") << 0 << true << false << "Error|Error in process !|error|error.wav";
-        QTest::newRow("aborted") << 1 << true << false
-                                 << "Aborted|Process aborted by user.|cancel|aborted.wav";
-        QTest::newRow("completed") << 2 << true << true << "End|Process completed.|finish|end.wav|v3_mp3.wav";
-        QTest::newRow("no sound") << 2 << false << true << "End|Process completed.|finish";
-        QTest::newRow("unknown") << 3 << true << false << "||";
-    }
-
     void boxSaysHowItEnded()
     {
-        QFETCH(int, kind);
-        QFETCH(bool, output);
-        QFETCH(bool, wanted);
-        QFETCH(QString, words);
-        const QStringList said = words.split('|');
-        listen(0);
-        if (!wanted) // it is usual
-            VarnelSettings().setValue("/mp3/user_wave"_s, wanted);
-        player->output = output;
-        player->playing = true; // of an earlier box
-        notice->show(kind);
-        notice->show(Varnel3Data::Aborted); // one at a time
-        const QPointer<QMessageBox> box = openBox();
-        QVERIFY(box && notice->isOpen());
-        QCOMPARE(QStringList({box->windowTitle(), box->text()}), said.mid(0, 2));
-        QCOMPARE(box->iconPixmap().toImage(), QPixmap(":/Icons/%1.png"_s.arg(said[2])).toImage());
-        QVERIFY(box->windowFlags() & Qt::WindowStaysOnTopHint);
-        QCOMPARE(box->windowModality(), Qt::ApplicationModal);
-        QCOMPARE(box->standardButtons(), QMessageBox::Close);
-        QVERIFY(player->played.isEmpty()); // the box never waits for it
-        QCoreApplication::processEvents();
-        QCOMPARE(player->played, said.mid(3, 1));
-        auto *second = notice->findChild<QTimer *>();
-        QCOMPARE(second->isActive(), said.size() > 4);
-        QVERIFY(second->isSingleShot() && second->interval() == 3500);
-        if (second->isActive()) {
-            second->start(1);
-            QTRY_COMPARE(player->played, said.mid(3));
-            second->start();
+        // whether sounds are heard and the user's is wanted; title, text and icon, and what is heard
+        const std::tuple<int, bool, bool, QString> rows[]
+            = {{0, true, false, "Error|Error in process !|error|error.wav"},
+                {1, true, false, "Aborted|Process aborted by user.|cancel|aborted.wav"},
+                {2, true, true, "End|Process completed.|finish|end.wav|v3_mp3.wav"},
+                {2, false, true, "End|Process completed.|finish"}, {3, true, false, "||"}};
+        for (const auto &[kind, output, wanted, words] : rows) {
+            init();
+            const QStringList said = words.split('|');
+            listen(0);
+            if (!wanted) // it is usual
+                VarnelSettings().setValue("/mp3/user_wave"_s, wanted);
+            player->output = output;
+            player->playing = true; // of an earlier box
+            notice->show(kind);
+            notice->show(Varnel3Data::Aborted); // one at a time
+            const QPointer<QMessageBox> box = openBox();
+            QVERIFY(box && notice->isOpen());
+            QCOMPARE(QStringList({box->windowTitle(), box->text()}), said.mid(0, 2));
+            QCOMPARE(box->iconPixmap().toImage(), QPixmap(":/Icons/%1.png"_s.arg(said[2])).toImage());
+            QVERIFY(box->windowFlags() & Qt::WindowStaysOnTopHint);
+            QCOMPARE(box->windowModality(), Qt::ApplicationModal);
+            QCOMPARE(box->standardButtons(), QMessageBox::Close);
+            QVERIFY(player->played.isEmpty()); // the box never waits for it
+            QCoreApplication::processEvents();
+            QCOMPARE(player->played, said.mid(3, 1));
+            auto *second = notice->findChild<QTimer *>();
+            QCOMPARE(second->isActive(), said.size() > 4);
+            QVERIFY(second->isSingleShot() && second->interval() == 3500);
+            if (second->isActive()) {
+                second->start(1);
+                QTRY_COMPARE(player->played, said.mid(3));
+                second->start();
+            }
+            closeBox();
+            QVERIFY(!openBox() && !notice->isOpen() && !player->playing && !second->isActive());
+            QTRY_VERIFY(!box);
+            notice->playUserSound();
+            notice->show(Varnel3Data::Aborted);
+            player->playing = true;
+            notice->dismiss();
+            QCoreApplication::processEvents();
+            QVERIFY(!openBox() && !player->playing && !second->isActive());
+            QCOMPARE(player->played, said.mid(3));
+            cleanup();
         }
-        closeBox();
-        QVERIFY(!openBox() && !notice->isOpen() && !player->playing && !second->isActive());
-        QTRY_VERIFY(!box);
-        notice->playUserSound();
-        notice->show(Varnel3Data::Aborted);
-        player->playing = true;
-        notice->dismiss();
-        QCoreApplication::processEvents();
-        QVERIFY(!openBox() && !player->playing && !second->isActive());
-        QCOMPARE(player->played, said.mid(3));
     }
 
     // The only one, by the user who closes the box; neither by itself nor in its next process.
@@ -157,6 +151,16 @@ private slots:
         process.last.cellType = 1;
         process.last.setTime(0);
         QCOMPARE(process.facts(), "COM2, 1 x NiMh"_s);
+        listen(0);
+        process.at = QDateTime({2026, 1, 2}, {3, 4, 5});
+        for (const char *port : {"COM1", "COM2", "COM2", ""}) { // none of which has a window
+            for (const int end : {int(Varnel3Data::Completed), -1, 3}) {
+                process.portName = QLatin1String(port);
+                process.end = end;
+                part<UnseenEnds>()->add(process);
+            }
+        }
+        QCOMPARE(fact(StatusFacts::Completed), "Completed: COM1 03:04, COM2 03:04"_s);
     }
 
     // The box is about the first; the second ends under it; the third begins and takes it away.

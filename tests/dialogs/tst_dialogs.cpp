@@ -31,12 +31,12 @@ private slots:
                 qPrintable(label->text())); // nothing is cut off
             const bool isLink = label->openExternalLinks()
                 && label->textInteractionFlags().testFlag(Qt::LinksAccessibleByKeyboard);
-            said.append(label->pixmap(Qt::ReturnByValue).width() > 150 ? "picture"_s
+            said.append(label->pixmap(Qt::ReturnByValue).width() > 150 ? label->accessibleName()
                     : isLink ? label->text().section('"', 1, 1) + label->toolTip()
                              : label->text());
         }
         QCOMPARE(said.join(' '),
-            "picture Version V4.60 https://varnel.example.com/varnel.example.com "
+            "Picture of a charger Version V4.60 https://varnel.example.com/varnel.example.com "
             "https://shop.varnel.example.com/shop.varnel.example.com"_s);
         about.findChild<QPushButton *>()->click();
         QVERIFY(!about.isVisible());
