@@ -258,7 +258,6 @@ void VoltageComparison::wheelEvent(QWheelEvent *event)
     const int steps = turn.y() != 0 ? turn.y() : turn.x();
     m_scrollBar->setValue(
         m_scrollBar->value() - steps * m_scrollBar->singleStep() / QWheelEvent::DefaultDeltasPerStep);
-    event->accept();
 }
 
 QString VoltageComparison::spokenText() const

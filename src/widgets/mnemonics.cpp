@@ -102,7 +102,6 @@ MenuMnemonics::MenuMnemonics(QMenu *menu)
 
 void MenuMnemonics::give()
 {
-    takeBack();
     QStringList texts;
     QList<QAction *> named;
     const QList<QAction *> actions = m_menu->actions();
