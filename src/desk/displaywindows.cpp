@@ -233,10 +233,12 @@ void DisplayWindows::printVoltage()
 void DisplayWindows::printPower()
 {
     const QVector<PackVoltages> packs = m_source ? m_source->packs() : QVector<PackVoltages>();
+    QString source; // of a window that is still there
     for (const PackVoltages &pack : packs) {
         if (pack.windowNumber == m_power->windowNumber())
-            m_power->setSourceName(pack.source);
+            source = pack.source;
     }
+    m_power->setSourceName(source);
     m_power->print();
 }
 

@@ -408,6 +408,9 @@ int LogbookFile::dataVersion()
     }
     const bool answered = m_versionQuery->exec() && m_versionQuery->next();
     const int version = answered ? m_versionQuery->value(0).toInt() : 0;
-    m_versionQuery->finish(); // it would hold the file
+    if (answered)
+        m_versionQuery->finish(); // it would hold the file
+    else
+        m_versionQuery.reset(); // to be understood anew
     return version;
 }

@@ -5,6 +5,7 @@
 
 #include <QMdiSubWindow>
 #include <QStyleOptionTitleBar>
+#include <QtTest>
 
 /// The ground on which graph windows stand, where they are put, and their titles.
 class TestDeskArea : public QObject {

@@ -22,8 +22,8 @@ void setEach(const RecordBlock &block, int column, const Set &set)
         set(i, figures[i]);
 }
 
-/// Calls set(record, clock of its time, figure), but for the first record, for a part of the clock that tells something else than the
-/// time, which none does.
+/// Calls set(record, clock of its time, figure) for a part of the clock that tells something else than the
+/// time, which none does; not for the first record.
 template <typename Set>
 void setClock(const RecordBlock &block, int column, const Set &set)
 {

@@ -12,6 +12,7 @@
 #include <QListView>
 #include <QLocale>
 #include <QScreen>
+#include <QSignalSpy>
 #include <QToolTip>
 #include <QTreeView>
 
