@@ -1,5 +1,4 @@
 #include "dialogs/about.h"
-#include "dialogs/checkboxcomport.h"
 #include "dialogs/dialogpreferences.h"
 #include "dialogs/dialogremotecontrol.h"
 #include "graph/mdigraphchild.h"
@@ -136,21 +135,6 @@ private slots:
         const int first = std::max(0, reached.indexOf(order.section(QLatin1Char(','), 0, 0)));
         reached = reached.mid(first) + reached.mid(0, first); // entered at the default button
         QCOMPARE(reached.join(QLatin1Char(',')), order);
-    }
-
-    void aPortsNameTicksIt()
-    {
-        plug("COM1");
-        DialogPreferences dialog(nullptr);
-        auto *box = dialog.findChild<CheckBoxComPort *>();
-        const auto labels = dialog.findChildren<QLabel *>();
-        const auto name
-            = std::find_if(labels.begin(), labels.end(), [&](auto *l) { return l->buddy() == box; });
-        for (bool ticked : {true, false}) {
-            QTest::mouseClick(*name, Qt::LeftButton);
-            QCOMPARE(box->isChecked(), ticked);
-        }
-        QCOMPARE((*name)->toolTip(), box->toolTip());
     }
 
     void graphFramesByMenu()

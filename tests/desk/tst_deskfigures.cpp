@@ -158,7 +158,7 @@ private slots:
         MdiGraphChild *third = window->createMdiChild();
         third->addRecord(Lines::record(5));
         trigger(ActionId::Data);
-        const auto *number = figures()->findChild<QLabel *>("windowNumberLabel");
+        const auto *number = part<DataDisplay>()->findChild<QLabel *>("windowNumberLabel");
         QTRY_COMPARE(number->text(), QString("3"));
         QCOMPARE(part<PowerDisplay>()->windowNumber(), 3);
         first->close();
@@ -209,7 +209,7 @@ private slots:
     {
         for (const ActionId id : {ActionId::Data, ActionId::Balancer, ActionId::Energy, ActionId::Energy})
             trigger(id);
-        const auto *value = figures()->findChild<QLabel *>("cellValue1");
+        const auto *value = part<DataDisplay>()->findChild<QLabel *>("cellValue1");
         const auto measure = [](MdiGraphChild *child, const QByteArray &tenths) {
             for (int i = 0; i < 2; ++i)
                 child->addRecord(Lines::record(i));
@@ -220,10 +220,10 @@ private slots:
         measure(hidden, "50");
         hidden->addRecord(Lines::record(2)); // without any
         measure(seen, "20");
-        settle(*figures());
+        settle(*part<DataDisplay>());
         QCOMPARE(value->text().trimmed().replace(',', '.'), QString("2.0"));
         part<DeskArea>()->setActiveSubWindow(qobject_cast<QMdiSubWindow *>(hidden->parentWidget()));
-        settle(*figures());
+        settle(*part<DataDisplay>());
         QCOMPARE(value->text().replace(',', '.'), QString("--.-"));
     }
 
@@ -245,10 +245,10 @@ private slots:
         // The clock is set back meanwhile.
         const auto lookAfter = [&](int ms) { watch->lookAt(now.addSecs(-3600), begin + ms); };
         const auto told = [&] { // by figures, bars, graph, status bar and, being dim, tool bar
-            settle(*figures());
+            settle(*part<DataDisplay>());
             settle(*part<PowerDisplay>());
             return QString("%1%2%3%4%5")
-                .arg(figures()->toolTip().contains(since))
+                .arg(part<DataDisplay>()->toolTip().contains(since))
                 .arg(part<PowerDisplay>()->toolTip().contains(since))
                 .arg(child->request({400, 300}).note.contains(since))
                 .arg(fact(StatusFacts::Silent).startsWith("No data: "))
@@ -350,7 +350,6 @@ private:
     int paints = 0;
     QWidget *last = nullptr;
     FakeLink link;
-    DataDisplay *figures() const { return part<DataDisplay>(); }
 };
 
 QTEST_MAIN(TestDeskFigures)

@@ -68,8 +68,7 @@ private slots:
     void followsDeviceAndUser_data()
     {
         // steps: what the charger says, or a button that is clicked
-        columns<QString, QString>({"steps", "state"});
-        const auto row = [](const char *steps, const char *state) { QTest::newRow(steps) << steps << state; };
+        const auto row = columnsOf<QString, QString>({"steps", "state"});
         row("#TRYB00,#TRYB01", "page 0, button, polls, #MEM?"); // a memory state keeps the page
         row("#TRYB01,#TRYB01", "page 3, button, polls, #MEM?, #MEM?");
         row("#TRYB01,#TRYB02", "page 2, #MEM?, #NRC?");

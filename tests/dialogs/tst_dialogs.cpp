@@ -126,13 +126,14 @@ private slots:
             next = next->nextInFocusChain();
         QCOMPARE(next, boxes.first());
         for (CheckBoxComPort *box : boxes) {
-            const auto *label
-                = qobject_cast<const QLabel *>(dialog.findChild<QFormLayout *>()->labelForField(box));
+            auto *label = qobject_cast<QLabel *>(dialog.findChild<QFormLayout *>()->labelForField(box));
             QVERIFY(box->toolTip().startsWith("/dev/pts"_s) && box->accessibleDescription() == box->toolTip()
                 && box->accessibleName() == box->portName());
             QVERIFY(label->text() == box->portName() && label->textFormat() == Qt::PlainText
                 && label->toolTip() == box->toolTip());
+            QTest::mouseClick(label, Qt::LeftButton);
         }
+        QCOMPARE(ticks(dialog), "COM4 COM5*"_s);
     }
 
     void resetAndCancel()
