@@ -29,8 +29,8 @@ bool isOnTop(const QWidget *window)
 
 } // namespace
 
-/// What the tool bar, the displays and the status bar tell of the graph windows, and of which one; what stands
-/// above the displays, which stand above all else.
+/// What the tool bar, the displays and the status bar tell of the graph windows, and of which one; what
+/// stands above the displays, which stand above all else.
 class TestDeskFigures : public ShellRig {
     Q_OBJECT
 
