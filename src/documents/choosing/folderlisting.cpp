@@ -154,7 +154,6 @@ FileDetails fileDetails(const QString &path, bool withLength)
 {
     const QFileInfo info(path);
     FileDetails details;
-    details.isFolder = info.isDir();
     details.isWritable = info.permission(QFile::WriteUser);
     details.size = info.size();
     details.modified = info.lastModified();

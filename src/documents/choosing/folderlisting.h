@@ -42,7 +42,6 @@ QString typeText(const QString &name, bool isFolder);
 
 /// What the system knows of a file, and what it holds.
 struct FileDetails {
-    bool isFolder = false;
     bool isWritable = false;
     qint64 size = 0; ///< bytes
     QDateTime modified;

@@ -135,7 +135,7 @@ private slots:
             QStringList({pathInFolder("", "/"), pathInFolder("/", "a"), pathInFolder("/b", "a")}).join(' '),
             QString("/ /a /b/a"));
         const FileDetails details = fileDetails(path("run2.ACP"), true);
-        QVERIFY(!details.isFolder && details.isWritable && details.modified.date().month() == 6);
+        QVERIFY(details.isWritable && details.modified.date().month() == 6);
         QCOMPARE(QString("%1 %2 %3").arg(details.size).arg(details.label).arg(details.seconds),
             QString("320  [Cha 6xLiPo] 7200"));
         QCOMPARE(fileDetails(path("run2.ACP"), false).seconds, -1);
