@@ -114,11 +114,11 @@ private slots:
         window->resize(902, 604);
         window->findChild<QToolBar *>("mainToolBar")->hide();
         window->close();
-        const QVector<QPair<QString, QVariant>> kept
-            = {{"mainwindow/black", false}, {"datadisplay/pos", QPoint(11, 12)},
-                {"capacitydisplay/pos", QPoint(21, 22)}, {"capacitydisplay/size", QSize(531, 332)},
-                {"powerdisplay/pos", QPoint(31, 32)}, {"powerdisplay/size", QSize(541, 342)},
-                {"voltagecomp/pos", QPoint(41, 42)}, {"voltagecomp/size", QSize(551, 352)}};
+        const QVector<QPair<QString, QVariant>> kept = {{"mainwindow/black", false},
+            {"mainwindow/distinctLines", "true"}, {"datadisplay/pos", QPoint(11, 12)},
+            {"capacitydisplay/pos", QPoint(21, 22)}, {"capacitydisplay/size", QSize(531, 332)},
+            {"powerdisplay/pos", QPoint(31, 32)}, {"powerdisplay/size", QSize(541, 342)},
+            {"voltagecomp/pos", QPoint(41, 42)}, {"voltagecomp/size", QSize(551, 352)}};
         const auto file = [] {
             SettingsKeeper::waitForWritten(std::chrono::seconds(60));
             return std::make_unique<QSettings>(VarnelSettings().fileName(), QSettings::IniFormat);
@@ -127,7 +127,8 @@ private slots:
             file()->setValue(one.first, one.second);
         open({});
         QCOMPARE(window->size(), QSize(902, 604));
-        QVERIFY(!window->viewState().switches().blackBackground);
+        const ViewSwitches &switches = window->viewState().switches();
+        QVERIFY(!switches.blackBackground && switches.distinctLines);
         QVERIFY(!window->findChild<QToolBar *>("mainToolBar")->isVisible());
         QVERIFY(part<DataToolBar>()->isVisible());
         window->createMdiChild();

@@ -40,6 +40,7 @@ private slots:
         }
         window->renumerateWindows();
         trigger(ActionId::Overlay);
+        QCOMPARE(overlay()->focusWidget(), overlay()->plot());
         QCOMPARE(entries(), "2: COM3 3; 3: COM5 5");
         window->activeMdiChild()->addRecord(Lines::record(9)); // what is shown stays as it was
         overlay()->showMinimized();

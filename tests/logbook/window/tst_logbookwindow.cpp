@@ -341,6 +341,10 @@ private slots:
         splitter(0)->setSizes({150, 900});
         editor->addPack(pack);
         QTRY_COMPARE(packs()->header()->sectionSize(0), 80);
+        const QByteArray narrow = states();
+        window->hide();
+        window->show();
+        QCOMPARE(states(), narrow); // as the user left it
         QVERIFY(view()->isColumnHidden(Columns::Port) && !view()->isColumnHidden(Columns::Device));
         QCOMPARE(view()->horizontalHeader()->visualIndex(Columns::Charge), int(Columns::Charge) - 5);
         QCOMPARE(window->shownIds().first(), ids[0]); // the most charge
