@@ -261,6 +261,7 @@ private slots:
             const QString suggested = qobject_cast<QFileDialog *>(dialog)->selectedFiles().value(0);
             QCOMPARE(QFileInfo(suggested).path(), fixture->path(""));
             QVERIFY2(suggested.endsWith(table ? "_COM1.csv" : "_COM1.png"), qPrintable(suggested));
+            QCOMPARE(qobject_cast<QFileDialog *>(dialog)->nameFilters().size(), table ? 1 : 3);
             QMetaObject::invokeMethod(dialog, "changeEnding", Q_ARG(QString, "Drawing (*.svg)"));
             const QString other = qobject_cast<QFileDialog *>(dialog)->selectedFiles().value(0);
             QCOMPARE(other, suggested.chopped(4) + ".svg");
