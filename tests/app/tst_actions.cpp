@@ -207,7 +207,8 @@ private slots:
                 QCOMPARE(window->viewState().switches().distinctLines, distinct);
             }
             QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(display);
-            QVERIFY(spoken->text(QAccessible::Name).startsWith(display->windowTitle()));
+            QVERIFY(spoken->text(QAccessible::Name).startsWith(display->windowTitle())
+                && spoken->text(QAccessible::Value).isEmpty());
             QTest::keyClick(display, Qt::Key_Escape);
             QCOMPARE(shown(), QString());
             QVERIFY(!action(ids[i])->isChecked());

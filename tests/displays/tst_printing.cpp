@@ -113,6 +113,7 @@ private slots:
         const FileSizeLimit limit(700);
         finish(true);
         const auto *box = parent.findChild<QMessageBox *>();
+        QVERIFY(box && box->isVisible());
         QCOMPARE(
             box->windowTitle() + box->text(), "TitleCan not print to " + QDir::toNativeSeparators(file()));
         QVERIFY(box->textFormat() == Qt::PlainText && box->testAttribute(Qt::WA_DeleteOnClose));
