@@ -262,7 +262,9 @@ private:
     QString path(const char *name) const { return folder->filePath(QLatin1String(name)); }
     std::unique_ptr<PtyPair> plug(const char *port) const
     {
-        return std::make_unique<PtyPair>(folder->path(), QString::fromUtf8(port));
+        auto pair = std::make_unique<PtyPair>(folder->path(), QString::fromUtf8(port));
+        QFile::remove(lockOf(findPort(pair->portName()))); // left by who was killed with one of this number
+        return pair;
     }
     static QString locationOf(const char *port) { return findPort(QLatin1String(port)).location; }
     /// Of the port's lock, where this system keeps it.
